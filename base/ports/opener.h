@@ -1,0 +1,17 @@
+// Port: opens a web address, a file or a folder with the program that the system keeps for it.
+#pragma once
+
+#include <QString>
+
+namespace vaktor {
+
+class Ouvreur {
+ public:
+  virtual ~Ouvreur() = default;
+  /// The address is passed on as it stands. The result is of no interest: what the system shows is all there is.
+  virtual void OuvreAdresse(const QString& adresse) = 0;
+  /// A folder in the stored form of a path.
+  virtual void OuvreDossier(const QString& chemin) = 0;
+};
+
+}  // namespace vaktor

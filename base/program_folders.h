@@ -1,0 +1,14 @@
+// Where the program lies and where it writes. Both without a separator at the end.
+#pragma once
+
+#include <QString>
+
+namespace vaktor {
+
+struct DossiersProgramme {
+  QString Executables;  ///< the program, the companions and "snd"
+  QString Donnees;  ///< everything written: "Temp", "Temp/FTP", "intrus". The same folder where it is writable, else
+                    ///< the user's data folder
+};
+
+}  // namespace vaktor

@@ -1,0 +1,53 @@
+// The frame surface: Picture1 of FormMonitor as the rules see it. One picture that everybody shares, and a short list
+// of outlines over it. Nothing is ever drawn into the picture, so nothing is ever copied to be drawn on.
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <QSize>
+#include <array>
+#include <functional>
+
+namespace vaktor {
+
+/// An outline as Rectangle draws it: from (gauche, haut) up to but without (droite, bas), edges in any order.
+struct Contour {
+  qint32 Gauche = 0, Haut = 0, Droite = 0, Bas = 0;
+};
+
+/// Owner: the surveillance engine. User-interface thread.
+class SurfaceImage {
+ public:
+  /// Size before the first frame: the design size of the picture box, in pixels.
+  static constexpr int kLargeurInitiale = 287;
+  static constexpr int kHauteurInitiale = 241;
+  /// Outlines kept at the most; a drag between two frames may ask for more, the oldest go.
+  static constexpr int kContoursMax = 64;
+
+  /// Puts a new picture on the surface and drops all outlines. A picture of another size changes the surface's size
+  /// first and calls the handler of SurTaille. A null image is ignored: the earlier frame goes on.
+  void Pose(const QImage& image);
+  /// Takes the picture away (camera stopped). The size stays.
+  void Retire();
+  /// Draws an outline over the picture until the next Pose.
+  void Dessine(const Contour& contour);
+
+  const QImage& Image() const { return Image_; }  ///< null while no frame is there
+  QSize Taille() const { return Taille_; }        ///< scale width and height, in pixels
+  int NombreContours() const { return Nombre_; }
+  const Contour& ContourNumero(int i) const { return Contours_.at(static_cast<std::size_t>(i)); }
+
+  /// Called after the size changed, before the picture is shown; after any change of picture or outlines.
+  void SurTaille(std::function<void()> fonction) { SurTaille_ = std::move(fonction); }
+  void SurChangement(std::function<void()> fonction) { SurChangement_ = std::move(fonction); }
+
+ private:
+  QImage Image_;
+  QSize Taille_{kLargeurInitiale, kHauteurInitiale};
+  std::array<Contour, kContoursMax> Contours_{};
+  int Nombre_ = 0;
+  std::function<void()> SurTaille_;
+  std::function<void()> SurChangement_;
+};
+
+}  // namespace vaktor

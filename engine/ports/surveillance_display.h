@@ -1,0 +1,60 @@
+// What the engine shows, as states with their numbers. The forms find the words, colours and pictures.
+#pragma once
+
+#include <QRect>
+#include <QtGlobal>
+
+namespace vaktor {
+
+/// What the status line of the alarm, LblDebugAlarm, tells.
+enum class LibelleAlarme {
+  kIntrusion,  ///< "Intrusion", pure red
+  kActive,     ///< Texte(170), dark grey
+  kInactive    ///< Texte(169), dark grey
+};
+
+/// The three bitmaps of a lamp.
+enum class Lampe {
+  kRouge,         ///< "LEDRED": off
+  kRougeAllumee,  ///< "LEDREDON": countdown, connecting
+  kVerte          ///< "LEDVERT": armed, live
+};
+
+/// Implemented by the main window. User-interface thread; calls come from inside ticks and handlers and must not block,
+/// but for the two announcements, which are message boxes.
+class AffichageSurveillance {
+ public:
+  virtual ~AffichageSurveillance() = default;
+
+  // The analysis, once a frame.
+  virtual void MontreLibelleAlarme(LibelleAlarme libelle) = 0;
+  virtual void GriseLibelleAlarme() = 0;                   ///< dark grey, caption left alone (countdown running)
+  virtual void MontreCompteARebours(qint32 secondes) = 0;  ///< "Départ dans N sec"
+  virtual void MontreCompteurs(qint32 millisecondes, qint32 points) = 0;  ///< LabelTemoin(0) and (1)
+  virtual void MontreBarre(qint32 valeur) = 0;  ///< ProgressBar1, already cut to its maximum of 900
+
+  // The small view Picture2.
+  virtual void RafraichitVue() = 0;                  ///< back to black, or to what VuePixel holds
+  virtual void MontreVuePixel() = 0;                 ///< VuePixel has new blocks: show them
+  virtual void MontreZoom(const QRect& source) = 0;  ///< stretch this part of the surface over the whole view;
+                                                     ///< width and height may be zero or negative
+
+  // The enlarged view WebcamPecran and the monitor.
+  virtual void CopiePleinEcran() = 0;  ///< take the surface's picture and outlines as they stand, shown or not
+  virtual void RafraichitPleinEcran() = 0;
+  virtual void MontreMoniteur() = 0;               ///< make FormMonitor visible
+  virtual void MontreSignalPerdu(bool perdu) = 0;  ///< told at each tick; over the picture, never in it
+
+  // Camera, alarm, gauge.
+  virtual void ActiveBouton(qint32 index, bool actif) = 0;   ///< enabled state of Bouton(1) and Bouton(2)
+  virtual void MontreLampeAlarme(Lampe lampe) = 0;           ///< ImageLedAlarme
+  virtual void MontreLampeSurveillance(Lampe lampe) = 0;     ///< ImageLedSurveill
+  virtual void MontreSurveillanceInactive() = 0;             ///< LblDebugftp: Texte(34)
+  virtual void EcritRetard(qint32 secondes) = 0;             ///< Text1; its change handler runs if the text changes
+  virtual void DessineJauge(qint32 valeur, bool haute) = 0;  ///< PictSeuil: bar to `valeur` as passed (it may lie
+                                                             ///< outside 0 to 7000000), light red when `haute`
+  virtual void AnnonceCameraIntrouvable() = 0;  ///< message box, Messages(16), title Messages(4); returns on OK
+  virtual void AnnonceCameraInactive() = 0;     ///< message box, Messages(8), title Messages(4); returns on OK
+};
+
+}  // namespace vaktor

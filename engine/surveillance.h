@@ -1,0 +1,89 @@
+// The surveillance engine as the rest of the program sees it: one object that owns every rule and state of detection.
+#pragma once
+
+#include <QImage>
+#include <memory>
+
+#include "engine/detection_state.h"
+#include "engine/frame_surface.h"
+#include "engine/ports/alarm_actions.h"
+#include "engine/ports/capture_driver.h"
+#include "engine/ports/clock.h"
+#include "engine/ports/event_pump.h"
+#include "engine/ports/interface_sounds.h"
+#include "engine/ports/surveillance_display.h"
+#include "engine/ports/timers.h"
+#include "settings/parameters.h"
+#include "settings/saving.h"
+
+namespace vaktor {
+
+class ReglesSurveillance;
+
+/// Everything that the engine is given. All references outlive the engine.
+struct PortsSurveillance {
+  Parametres& Reglages;
+  SauvegardeParametres& Sauvegarde;
+  PiloteCapture& Pilote;
+  FabriqueMinuteries& Minuteries;
+  Horloge& Temps;
+  PompeEvenements& Pompe;
+  SonsInterface& Sons;
+  ActionsAlarme& Actions;
+  LiaisonLive& Live;
+  AffichageSurveillance& Affichage;
+};
+
+/// Owner: app/. User-interface thread.
+class Surveillance {
+ public:
+  explicit Surveillance(const PortsSurveillance& ports);
+  ~Surveillance();
+  Surveillance(const Surveillance&) = delete;
+  Surveillance& operator=(const Surveillance&) = delete;
+
+  // What forms and rooms above read.
+  const EtatDetection& Detection() const;
+  const EtatCamera& Camera() const;
+  const EtatAlarme& Alarme() const;
+  SurfaceImage& Surface();
+  const SurfaceImage& Surface() const;
+  bool CompteAReboursEnCours() const;  ///< Timer3 is enabled
+  const QImage& VuePixel() const;      ///< the small view in pixel mode, 127 by 109 pixels, RGB32
+
+  // The switches of the main window.
+  void BasculeCamera();
+  void BasculeAlarme();
+  void MontreDialogueFormat();  ///< BoutonGris(4)
+  void MontreDialogueSource();  ///< BoutonGris(5)
+
+  // The gauge. `x` is the mouse position in the gauge's scale, 0 to 7000000 over its width; it may lie outside.
+  void SourisJauge(double x, bool boutonGaucheSeul);  ///< press, move and release alike
+  void DoubleClicJauge();
+  void DessineSeuil(qint32 valeur);
+
+  // The zone: mouse on Picture1, in pixels of the frame, left button only.
+  void SourisZoneAppuyee(double x, double y);
+  void SourisZoneDeplacee(double x, double y);
+  void SourisZoneRelachee(double x, double y);
+
+  // The rest of the window.
+  void ChoisitModeZoom(bool zoom);                  ///< MnuZoomView, MnuPixelView
+  void CacheMoniteur();                             ///< the user closed FormMonitor
+  QString ChangeTexteRetard(const QString& texte);  ///< change event of Text1: gives the cleaned text, sets Retard and
+                                                    ///< CompteARebours, saves
+  void LitArguments(const QString& ligneCommande);  ///< "/alarm" and "/surve", substring without regard to case;
+                                                    ///< starts the one-shot timer if either is there
+  void RelanceDemarrageAuto();  ///< the FTP companion's "*OKO*": starts that timer again if either was given
+  void SuspendTic();            ///< Timer1 off, while the window is redrawn
+  void ReprendTic();            ///< Timer1 on, whether or not the camera runs: its tick does nothing then
+
+  // End of the program, in the order that the shutdown asks for.
+  void DeconnectePilote();  ///< if the camera runs: the driver is let go; CameraActive stays as it is
+  void Arrete();            ///< AlarmeArmee false, Timer1 and Timer2 off
+
+ private:
+  std::unique_ptr<ReglesSurveillance> Regles_;
+};
+
+}  // namespace vaktor

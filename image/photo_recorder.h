@@ -1,0 +1,51 @@
+// The photo recorder: one alarm frame becomes up to two JPEG files.
+#pragma once
+
+#include <QString>
+#include <functional>
+
+#include "base/program_folders.h"
+#include "engine/frame_surface.h"
+#include "engine/ports/clock.h"
+#include "image/jpeg_writer.h"
+#include "settings/parameters.h"
+#include "settings/ports/files.h"
+
+namespace vaktor {
+
+struct PortsPhotos {
+  const Parametres& Reglages;
+  const DossiersProgramme& Dossiers;
+  const SurfaceImage& Surface;
+  const Horloge& Temps;
+  EcrivainJpeg& Ecrivain;
+  const Fichiers& Disque;
+  std::function<bool()> LiveActif;  ///< read from its owner at each call
+};
+
+/// Owner: app/. User-interface thread.
+class EnregistreurPhotos {
+ public:
+  explicit EnregistreurPhotos(const PortsPhotos& ports);
+
+  /// DateJour takes today's date, once, at the load of Form1; nothing updates it afterwards.
+  void FixeDateJour();
+  const QString& DateJour() const { return DateJour_; }
+  qint32 CompteurPhotos() const { return CompteurPhotos_; }
+
+  /// One photo of the current frame: the user's copy, the copy for the companions, or both. Throws what the writer
+  /// throws; the number used stays used.
+  void EnregistrePhoto();
+
+  /// True when the free-space warning is due: fewer than 500,000,000 bytes are free. False with no folder chosen. A
+  /// query that fails keeps the result of the one before (0 bytes at the start).
+  bool VerifieEspaceDisque();
+
+ private:
+  PortsPhotos Ports_;
+  QString DateJour_;
+  qint32 CompteurPhotos_ = 0;
+  qint64 OctetsLibres_ = 0;
+};
+
+}  // namespace vaktor

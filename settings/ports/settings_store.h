@@ -1,0 +1,21 @@
+// Port: the one persistent store of text values, addressed by section and key. The application is always "VAKTOR".
+#pragma once
+
+#include <QString>
+
+namespace vaktor {
+
+/// User-interface thread. Real implementation in platform/, recording fake in tests/fakes/.
+class MagasinReglages {
+ public:
+  virtual ~MagasinReglages() = default;
+  /// The stored text, or `defaut` when the key is missing; a missing key is not created.
+  virtual QString LitReglage(const QString& section, const QString& cle, const QString& defaut) const = 0;
+  /// Sets one value. It reaches the other processes with the next Vide() at the latest.
+  virtual void EcritReglage(const QString& section, const QString& cle, const QString& valeur) = 0;
+  /// Puts everything written so far on disk, whole and at once: after it returns other processes see it, and a crash
+  /// at any moment leaves the whole old or the whole new table. Throws Echec when that is not possible.
+  virtual void Vide() = 0;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,15 @@
+// How the rest of the program asks for a save, without knowing the store.
+#pragma once
+
+namespace vaktor {
+
+/// The save of all parameters in one go. User-interface thread. May be called again from inside itself.
+class SauvegardeParametres {
+ public:
+  virtual ~SauvegardeParametres() = default;
+  /// Writes the whole table, tells the companions, clears ParametresModifies. Returns when other processes see the
+  /// new values. Throws Echec when the store cannot be written.
+  virtual void SauveParametres() = 0;
+};
+
+}  // namespace vaktor
