@@ -1,0 +1,29 @@
+// One format of a camera: how the pixels come, how many, how often.
+#pragma once
+
+#include <QList>
+#include <QString>
+
+namespace vaktor {
+
+struct FormatCamera {
+  QString Codage;      ///< V4L2 four-character code as text: "MJPG", "YUYV", "NV12", "H264"; empty: unknown
+  int Largeur = 0;     ///< pixels
+  int Hauteur = 0;     ///< pixels
+  int CadenceNum = 0;  ///< frames per second = CadenceNum / CadenceDen; 0: the device does not tell
+  int CadenceDen = 1;
+
+  double ImagesParSeconde() const { return CadenceDen > 0 ? static_cast<double>(CadenceNum) / CadenceDen : 0.0; }
+  bool operator==(const FormatCamera&) const = default;
+};
+
+/// The sample table of the detection holds 333,334 samples, one for nine pixels, both zone edges included. A frame of
+/// more samples than that would stop the detection: such formats are never a device's first choice.
+bool FormatTropGrand(const FormatCamera& format);
+
+/// The format that a device gets before the user has picked one: 640x480 at 25 frames a second or more where it is
+/// offered, else the common size nearest to it that reaches 25, else the fastest of those that are not too large.
+/// Nothing fits: the first of the list; an empty list: an empty format (whatever the device gives).
+FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats);
+
+}  // namespace vaktor

@@ -1,0 +1,16 @@
+// The capture driver's own dialogs: format and source. Modal; in the language that is handed in (0 French, 1 English).
+#pragma once
+
+#include <QtGlobal>
+
+class QWidget;
+
+namespace vaktor {
+
+class CommandesPilote;
+class MemoireCapture;
+
+void MontreDialogueFormatCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire);
+void MontreDialogueSourceCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire);
+
+}  // namespace vaktor
