@@ -1,0 +1,54 @@
+#include "platform/base/program_folders.h"
+
+#include <unistd.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+namespace vaktor {
+namespace {
+
+QString DossierXdg(QStandardPaths::StandardLocation lieu) {
+  // The generic folders, because the others add the name of the running executable, and the companions share these.
+  return QStandardPaths::writableLocation(lieu) + QStringLiteral("/vaktor");
+}
+
+QString SansSeparateurFinal(const QString& chemin) { return QDir(chemin).absolutePath(); }
+
+/// Asks the system rather than looking at the mode: a read-only file system counts too.
+bool PeutEcrire(const QString& dossier) { return ::access(QFile::encodeName(dossier).constData(), W_OK | X_OK) == 0; }
+
+}  // namespace
+
+DossiersProgramme ChoisitDossiers(const QString& dossierExecutable, const QString& dossierPrive) {
+  DossiersProgramme dossiers{SansSeparateurFinal(dossierExecutable), {}};
+  if (!dossierPrive.isEmpty()) {
+    dossiers.Donnees = SansSeparateurFinal(dossierPrive);
+  } else if (PeutEcrire(dossiers.Executables)) {
+    dossiers.Donnees = dossiers.Executables;
+  } else {
+    dossiers.Donnees = DossierXdg(QStandardPaths::GenericDataLocation);
+  }
+  return dossiers;
+}
+
+DossiersProgramme TrouveDossiers(const QString& dossierPrive) {
+  return ChoisitDossiers(QCoreApplication::applicationDirPath(), dossierPrive);
+}
+
+QString TrouveDossierReglages(const QString& dossierPrive) {
+  if (!dossierPrive.isEmpty()) return SansSeparateurFinal(dossierPrive);
+  return DossierXdg(QStandardPaths::GenericConfigLocation);
+}
+
+QString PrepareDossiers(const DossiersProgramme& dossiers) {
+  const QString temp = dossiers.Donnees + QStringLiteral("/Temp");
+  for (const QString& dossier : {dossiers.Donnees, temp, temp + QStringLiteral("/FTP")}) {
+    if (!QDir().mkpath(dossier)) return dossier;  // true for a folder that is there already
+  }
+  return {};
+}
+
+}  // namespace vaktor

@@ -1,0 +1,26 @@
+// Finds and prepares the folders of the program.
+#pragma once
+
+#include "base/program_folders.h"
+
+namespace vaktor {
+
+/// Executables: the folder of the running executable. Donnees: `dossierPrive` if one is given (made absolute; the
+/// start argument "/dossier:" names it), else the executable's folder where this user can write there, else "vaktor"
+/// in the user's data folder of the XDG rules (XDG_DATA_HOME, by default ~/.local/share). Makes nothing.
+/// Needs a QCoreApplication.
+DossiersProgramme TrouveDossiers(const QString& dossierPrive = QString());
+
+/// The same choice for a given folder of the executable.
+DossiersProgramme ChoisitDossiers(const QString& dossierExecutable, const QString& dossierPrive);
+
+/// The folder for files of settings, without a separator at its end: `dossierPrive` if one is given, else "vaktor" in
+/// the user's configuration folder of the XDG rules (XDG_CONFIG_HOME, by default ~/.config). Makes nothing.
+QString TrouveDossierReglages(const QString& dossierPrive = QString());
+
+/// Makes `Donnees`, "Temp" and "Temp/FTP" below it where they are missing, so that the first photo and the first live
+/// image find their place. The empty text when all are there, else the folder that could not be made.
+/// ("intrus", the default photo folder, is made by the load of the settings, and only when it is needed.)
+QString PrepareDossiers(const DossiersProgramme& dossiers);
+
+}  // namespace vaktor

@@ -1,0 +1,84 @@
+#include "platform/base/system_files.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <cerrno>
+
+namespace vaktor {
+namespace {
+
+QByteArray NomSysteme(const QString& chemin) { return QFile::encodeName(CheminNatif(chemin)); }
+
+/// Writes all of it: one call may take only a part (a disk that runs full, a signal), the next then tells why.
+int EcritTout(int descripteur, QByteArrayView contenu) {
+  while (!contenu.isEmpty()) {
+    const ssize_t pris = ::write(descripteur, contenu.data(), static_cast<std::size_t>(contenu.size()));
+    if (pris < 0 && errno == EINTR) continue;
+    if (pris < 0) return errno;
+    if (pris == 0) return EIO;  // must not happen for a file; asking again could go on for ever
+    contenu = contenu.sliced(pris);
+  }
+  return 0;
+}
+
+bool PrecedeSansCasse(const QString& a, const QString& b) {
+  const int ordre = QString::compare(a, b, Qt::CaseInsensitive);
+  return ordre != 0 ? ordre < 0 : a < b;
+}
+
+}  // namespace
+
+QString CheminNatif(const QString& chemin) {
+  QString natif = chemin;
+  return natif.replace(u'\\', u'/');
+}
+
+bool FichiersSysteme::Existe(const QString& chemin) const {
+  return !chemin.isEmpty() && QFileInfo::exists(CheminNatif(chemin));
+}
+
+bool FichiersSysteme::CreeDossier(const QString& chemin) { return ::mkdir(NomSysteme(chemin).constData(), 0777) == 0; }
+
+std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const {
+  struct statvfs systeme {};
+  int resultat = 0;
+  do {
+    resultat = ::statvfs(NomSysteme(chemin).constData(), &systeme);
+  } while (resultat != 0 && errno == EINTR);
+  if (resultat != 0) return std::nullopt;
+  return static_cast<qint64>(systeme.f_bavail) * static_cast<qint64>(systeme.f_frsize);
+}
+
+QStringList FichiersSysteme::ListeFichiers(const QString& dossier, const QString& motif) const {
+  if (dossier.isEmpty()) return {};  // QDir would take the working folder
+  QStringList noms = QDir(CheminNatif(dossier)).entryList({motif}, QDir::Files, QDir::NoSort);
+  std::sort(noms.begin(), noms.end(), PrecedeSansCasse);
+  return noms;
+}
+
+bool FichiersSysteme::Supprime(const QString& chemin) {
+  // Only "there is no such file" is as good as a removal; any other refusal leaves something there.
+  return ::unlink(NomSysteme(chemin).constData()) == 0 || errno == ENOENT || errno == ENOTDIR;
+}
+
+int FichiersSysteme::EcritFichier(const QString& chemin, QByteArrayView contenu) {
+  const QByteArray nom = NomSysteme(chemin);
+  int descripteur = -1;
+  do {
+    descripteur = ::open(nom.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  } while (descripteur < 0 && errno == EINTR);
+  if (descripteur < 0) return errno;
+  int erreur = EcritTout(descripteur, contenu);
+  // A network file system may tell of a full disk only here. The descriptor is gone even when this fails.
+  if (::close(descripteur) != 0 && erreur == 0 && errno != EINTR) erreur = errno;
+  return erreur;
+}
+
+}  // namespace vaktor
