@@ -1,0 +1,89 @@
+// Files in memory, for tests of rules: folders that exist, contents, what was asked, and failures on demand.
+#pragma once
+
+#include <QDir>
+#include <QHash>
+#include <QMap>
+#include <QSet>
+#include <cerrno>
+
+#include "settings/ports/files.h"
+
+namespace vaktor {
+
+/// Like the real port it takes "\" and "/" for the same separator when it looks something up. What was asked is kept
+/// as it was passed, so that tests see the form of the path.
+class FauxFichiers : public Fichiers {
+ public:
+  // What the world looks like.
+  std::optional<qint64> OctetsLibres = 1'000'000'000;  ///< nothing: the query fails
+  int ErreurEcriture = 0;                              ///< errno that each write gives
+  qsizetype PlaceAvantErreur = 0;                      ///< bytes that are written before ErreurEcriture
+  bool RefuseSuppression = false;
+  bool RefuseCreation = false;
+
+  // What was asked, in order, paths as passed.
+  QStringList Ecrits;
+  QStringList Supprimes;
+  QStringList DossiersDemandes;
+  mutable QStringList EspacesDemandes;
+
+  void AjouteDossier(const QString& chemin) { Dossiers_.insert(Cle(chemin)); }
+  void RetireDossier(const QString& chemin) { Dossiers_.remove(Cle(chemin)); }
+  void AjouteFichier(const QString& chemin, const QByteArray& contenu = {}) { Contenus_.insert(Cle(chemin), contenu); }
+  QByteArray Contenu(const QString& chemin) const { return Contenus_.value(Cle(chemin)); }
+  qsizetype NombreFichiers() const { return Contenus_.size(); }
+
+  bool Existe(const QString& chemin) const override {
+    return Dossiers_.contains(Cle(chemin)) || Contenus_.contains(Cle(chemin));
+  }
+  bool CreeDossier(const QString& chemin) override {
+    DossiersDemandes += chemin;
+    if (RefuseCreation || Existe(chemin) || !Dossiers_.contains(Parent(Cle(chemin)))) return false;
+    AjouteDossier(chemin);
+    return true;
+  }
+  std::optional<qint64> EspaceLibre(const QString& chemin) const override {
+    EspacesDemandes += chemin;
+    return OctetsLibres;
+  }
+  QStringList ListeFichiers(const QString& dossier, const QString& motif) const override {
+    QStringList noms;
+    for (auto it = Contenus_.cbegin(); it != Contenus_.cend(); ++it) {
+      const QString nom = it.key().section(u'/', -1);
+      if (Parent(it.key()) == Cle(dossier) && QDir::match(motif, nom)) noms += nom;
+    }
+    noms.sort(Qt::CaseInsensitive);
+    return noms;
+  }
+  bool Supprime(const QString& chemin) override {
+    Supprimes += chemin;
+    if (RefuseSuppression) return !Existe(chemin);
+    Contenus_.remove(Cle(chemin));
+    return !Existe(chemin);
+  }
+  int EcritFichier(const QString& chemin, QByteArrayView contenu) override {
+    Ecrits += chemin;
+    if (!Dossiers_.contains(Parent(Cle(chemin)))) return ENOENT;
+    if (Dossiers_.contains(Cle(chemin))) return EISDIR;
+    if (ErreurEcriture != 0) contenu = contenu.first(qMin(PlaceAvantErreur, contenu.size()));
+    Contenus_.insert(Cle(chemin), contenu.toByteArray());
+    return ErreurEcriture;
+  }
+
+ private:
+  static QString Cle(const QString& chemin) {
+    QString cle = chemin;
+    cle.replace(u'\\', u'/');
+    return cle.size() > 1 && cle.endsWith(u'/') ? cle.chopped(1) : cle;
+  }
+  static QString Parent(const QString& cle) {
+    const qsizetype coupe = cle.lastIndexOf(u'/');
+    return coupe > 0 ? cle.first(coupe) : QStringLiteral("/");
+  }
+
+  QSet<QString> Dossiers_{QStringLiteral("/")};
+  QMap<QString, QByteArray> Contenus_;
+};
+
+}  // namespace vaktor
