@@ -1,0 +1,35 @@
+// The words that the main program and its companions exchange, as data. Both sides read this one file, so that a word
+// and its code cannot drift apart. docs/companions.md tells the same to writers of companions in other languages.
+#pragma once
+
+#include <QLatin1String>
+#include <QString>
+#include <array>
+#include <optional>
+
+namespace vaktor {
+
+/// The three companions, in the order in which everything that concerns all three is done.
+enum class Compagnon { kFtp, kMail, kSon };
+inline constexpr std::array<Compagnon, 3> kCompagnons = {Compagnon::kFtp, Compagnon::kMail, Compagnon::kSon};
+
+/// What belongs to one companion: the name of its executable and its section of the settings store.
+struct IdentiteCompagnon {
+  QLatin1String Programme;
+  QLatin1String Section;
+};
+IdentiteCompagnon DonneIdentite(Compagnon compagnon);
+
+/// Key of the store, in each companion's section: the decimal handle of the inbox that it talks to.
+inline constexpr QLatin1String kCleHwndvk("HWNDVK");
+/// First word of a companion, followed directly by the decimal handle that is to receive its commands.
+inline constexpr QLatin1String kMotHwnd("HWND:");
+inline constexpr qsizetype kLongueurMot = 5;  ///< characters that count in every word, downwards and upwards
+
+/// Key code of a command word for a companion; nothing for a word that this companion does not know. The word must be
+/// equal to the last character. The same code means different things to different companions.
+std::optional<qint32> DonneCodeTouche(Compagnon compagnon, const QString& mot);
+/// The way back, for the companion's side: the command word of a key code, or the empty text.
+QString DonneMotCommande(Compagnon compagnon, qint32 code);
+
+}  // namespace vaktor

@@ -1,0 +1,84 @@
+#include "companions/form_winsock.h"
+
+#include "base/numbers.h"
+#include "companions/status_words.h"
+
+namespace vaktor {
+
+namespace {
+
+/// "HWND:" is the one word with something behind it. True when `texte` was one.
+bool LitPoignee(const QString& texte, qint32& poignee) {
+  if (texte.left(kLongueurMot) != kMotHwnd) return false;
+  poignee = TexteEnEntier(texte.mid(kLongueurMot));
+  return true;
+}
+
+}  // namespace
+
+FormWinsock::FormWinsock(const PortsWinsock& ports)
+    : Ports_(ports),
+      TimerFTPreconnect_(ports.Minuteries.CreeMinuterie(QStringLiteral("TimerFTPreconnect"), kDelaiReconnexion,
+                                                        [this] { TicReconnexion(); })) {
+  OuvreBoite(Compagnon::kFtp, &FormWinsock::ChangeTxtCmdFTP);
+  OuvreBoite(Compagnon::kMail, &FormWinsock::ChangeTxtCmdMail);
+  OuvreBoite(Compagnon::kSon, &FormWinsock::ChangeTxtCmdSound);
+  // The companions are launched next and read the handles at once: they have to be on disk by then.
+  Ports_.Magasin.Vide();
+}
+
+FormWinsock::~FormWinsock() {
+  for (const qint32 poignee : Poignees_) Ports_.Canal.FermeBoite(poignee);
+}
+
+void FormWinsock::OuvreBoite(Compagnon compagnon, void (FormWinsock::*recu)(const QString&)) {
+  const qint32 poignee = Ports_.Canal.OuvreBoite([this, recu](const QString& texte) { (this->*recu)(texte); });
+  Poignees_.at(static_cast<std::size_t>(compagnon)) = poignee;
+  Ports_.Magasin.EcritReglage(DonneIdentite(compagnon).Section, kCleHwndvk, QString::number(poignee));
+}
+
+void FormWinsock::ChangeTxtCmdMail(const QString& texte) { LitPoignee(texte, Ports_.Etat.HandleMail); }
+
+void FormWinsock::ChangeTxtCmdSound(const QString& texte) { LitPoignee(texte, Ports_.Etat.HandleSon); }
+
+void FormWinsock::ChangeTxtCmdFTP(const QString& texte) {
+  if (LitPoignee(texte, Ports_.Etat.HandleFTP)) return;
+  const LigneMot* ligne = TrouveLigneMot(texte.left(kLongueurMot));
+  if (ligne == nullptr || (ligne->SurveillanceSeule && !Ports_.Etat.SurveillanceEnCours)) return;
+  if (ligne->Statut != 0) Ports_.Liaison.MontreStatut(ligne->Statut);
+  if (ligne->Litteral != nullptr) Ports_.Liaison.MontreStatutLitteral(QString::fromUtf16(ligne->Litteral));
+  if (ligne->Led) Ports_.Affichage.MontreLampeSurveillance(*ligne->Led);
+  for (const ChampLiaison champ : ligne->Rouges) Ports_.Liaison.RougitChamp(champ);
+  AgitSelon(ligne->Suite);
+}
+
+void FormWinsock::AgitSelon(SuiteMot suite) {
+  switch (suite) {
+    case SuiteMot::kRien:
+      break;
+    case SuiteMot::kPret:
+      Ports_.Etat.FtpModulePret = true;
+      // Also when that timer has fired before: the switches then toggle once more. The link behaves so.
+      Ports_.RelanceDemarrageAuto();
+      break;
+    case SuiteMot::kReconnexion:
+      TimerFTPreconnect_->Active();
+      break;
+    case SuiteMot::kLive:
+      Ports_.Etat.LiveActif = true;
+      break;
+    case SuiteMot::kFin:
+      // The companion counts as disconnected from here on: no command goes out, and the camera stays as it is.
+      Ports_.Liaison.MontrePageFtp();
+      Ports_.Etat.LiveActif = false;
+      Ports_.Etat.SurveillanceEnCours = false;
+      break;
+  }
+}
+
+void FormWinsock::TicReconnexion() {
+  if (Ports_.Etat.SurveillanceEnCours) Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
+  TimerFTPreconnect_->Desactive();
+}
+
+}  // namespace vaktor

@@ -1,0 +1,21 @@
+// What the main program knows of its companions. One owner (app/ makes one); the rules of this room write it, others
+// read it.
+#pragma once
+
+#include <QtGlobal>
+
+namespace vaktor {
+
+struct EtatLiaison {
+  bool SurveillanceEnCours = false;  ///< the user's live-cam switch
+  bool LiveActif = false;            ///< the companion has reported a connection: frames may flow. Never true while
+                                     ///< SurveillanceEnCours is false
+  bool FtpModulePret = false;        ///< set by "*OKO*", read by nobody; kept because the word says so
+
+  // Handles of the command windows, 0 until the companion has answered; nothing clears one, a new one replaces it.
+  qint32 HandleFTP = 0;
+  qint32 HandleMail = 0;
+  qint32 HandleSon = 0;
+};
+
+}  // namespace vaktor

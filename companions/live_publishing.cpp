@@ -1,0 +1,113 @@
+#include "companions/live_publishing.h"
+
+#include "companions/live_stamp.h"
+
+namespace vaktor {
+
+namespace {
+
+// Numbers of the status texts.
+constexpr int kTexteInactive = 34;
+constexpr int kTexteCreation = 42;
+constexpr int kTextePasConnecte = 67;
+constexpr int kTexteConnexion = 69;
+
+constexpr qsizetype kLongueurHeure = 8;
+
+}  // namespace
+
+void PublicationLive::OublieLive() {
+  Ports_.Etat.SurveillanceEnCours = false;
+  Ports_.Etat.LiveActif = false;
+}
+
+void PublicationLive::CoupeLive() { Ports_.Etat.LiveActif = false; }
+
+void PublicationLive::BasculeLive() {
+  if (!Ports_.Camera.CameraActive()) {
+    Ports_.Affichage.ActiveBouton(1, false);  // the start of the camera enables it again
+    Ports_.Camera.BasculeCamera();
+    Ports_.Pompe.PompeMessages();
+  }
+  if (!Ports_.Camera.CameraActive()) {
+    OublieLive();
+    Ports_.Affichage.AnnonceCameraInactive();
+    return;
+  }
+  if (Ports_.Etat.SurveillanceEnCours)
+    EteintLive();
+  else
+    AllumeLive();
+}
+
+void PublicationLive::EteintLive() {
+  OublieLive();
+  Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
+  // The live switch takes the alarm with it; the camera goes on, and so does a countdown that runs.
+  Ports_.Camera.DesarmeAlarme();
+  Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
+  Ports_.Affichage.EcritRetard(Ports_.Reglages.Retard);
+  Ports_.Pompe.PompeMessages();
+  Ports_.Liaison.MontreStatut(kTexteInactive);
+  Ports_.Commandes.EnvoiFTP(QStringLiteral("Decon"));
+}
+
+void PublicationLive::AllumeLive() {
+  Ports_.Etat.SurveillanceEnCours = true;
+  if (ParametresManquent()) {
+    if (Ports_.Liaison.DemandeParametresSite()) Ports_.Liaison.MontrePageFtp();
+    OublieLive();
+    return;
+  }
+  Ports_.Affichage.MontreLampeSurveillance(Lampe::kRougeAllumee);
+  Ports_.Liaison.MontreStatut(kTexteConnexion);
+  Ports_.Commandes.EnvoiFTP(QStringLiteral("Conne"));
+}
+
+bool PublicationLive::ParametresManquent() const {
+  const ChampsSite champs = Ports_.LitChamps();
+  // It is the user name, and not the web address, that is compared with "http://": a web field left at its start value
+  // passes. Kept on purpose, settings that worked with it must go on working.
+  return champs.TxtPass.isEmpty() || champs.TxtUserName == QLatin1String("http://") || champs.TxtHtml.isEmpty() ||
+         champs.TxtFtp == QLatin1String("ftp.") || champs.TxtFtp.isEmpty();
+}
+
+QString PublicationLive::FormateTimbre(QString heure) {
+  const qsizetype deuxPoints = heure.indexOf(QLatin1Char(':'));
+  if (deuxPoints == 0 || deuxPoints == 1) heure.prepend(QLatin1Char('0'));
+  // A 12-hour format is cut like any other: what stands in the first eight characters is the stamp.
+  heure = heure.left(kLongueurHeure);
+  return heure.left(2) + QLatin1Char('h') + heure.mid(3, 2) + QLatin1Char('m') + heure.right(2);
+}
+
+void PublicationLive::PublieLive() {
+  QImage tampon = Ports_.Camera.ImageSurface();  // PictureTampon; shared until the stamp goes on
+  const QString heure = FormateTimbre(Ports_.Temps.DonneHeureTexte());
+  PoseTimbre(tampon, Ports_.Timbre.DessineTimbre(heure));
+  Ports_.Ecrivain.EnregistreJPEG(tampon, Ports_.Dossiers.Donnees + QStringLiteral("/Temp/Live.jpg"),
+                                 Ports_.Reglages.QualiteJpeg);
+  // No flow control: LiveActif stays, and the next frame comes when the interval has passed, taken or not.
+  if (Ports_.Etat.LiveActif) Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
+}
+
+void PublicationLive::CreationPageLive() {
+  if (Ports_.Reglages.ParametresModifies) Ports_.Sauvegarde.SauveParametres();
+  Ports_.Pompe.PompeMessages();
+  if (!Ports_.Camera.CameraActive()) {
+    Ports_.Affichage.AnnonceCameraInactive();
+    return;
+  }
+  if (!Ports_.Etat.LiveActif) {
+    Ports_.Liaison.MontreStatut(kTextePasConnecte);
+    return;
+  }
+  Ports_.Etat.LiveActif = false;  // stops the frames; the companion's "UplOK" or "ConOK" lets them flow again
+  Ports_.Liaison.MontreStatut(kTexteCreation);
+  Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));
+}
+
+void PublicationLive::TestPageLive() {
+  Ports_.Navigateur.OuvreAdresse(Ports_.Reglages.AdresseHtml + QStringLiteral("live.html"));
+}
+
+}  // namespace vaktor

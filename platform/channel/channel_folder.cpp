@@ -1,0 +1,62 @@
+#include "platform/channel/channel_folder.h"
+
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <cerrno>
+
+#include "base/failure.h"
+#include "platform/channel/socket_address.h"
+
+namespace vaktor {
+
+QString DossierCanal::DonneCheminUsuel() {
+  const QString base = qEnvironmentVariable("XDG_RUNTIME_DIR");
+  if (!base.isEmpty()) return base + QStringLiteral("/vaktor");
+  // The number of the user keeps two users apart; that the folder is really ours is tested below.
+  return QStringLiteral("/tmp/vaktor-%1").arg(::getuid());
+}
+
+DossierCanal::DossierCanal(const QString& chemin) : Chemin_(chemin) {
+  const QByteArray nom = QFile::encodeName(chemin);
+  ::mkdir(nom.constData(), 0700);  // fails when it is there, which is as good
+  struct stat etat {};
+  // lstat: a link that somebody planted in a shared folder is not followed.
+  const bool sain = ::lstat(nom.constData(), &etat) == 0 && S_ISDIR(etat.st_mode) && etat.st_uid == ::getuid() &&
+                    (etat.st_mode & 077) == 0;
+  if (!sain)
+    throw Echec(kFichierIntrouvable,
+                QStringLiteral("The folder %1 cannot be made or is not for this user alone.").arg(chemin));
+}
+
+QByteArray DossierCanal::DonneAdresse(qint32 poignee) const {
+  return QFile::encodeName(Chemin_ + QLatin1Char('/') + QString::number(poignee));
+}
+
+bool DossierCanal::Repond(qint32 poignee) const {
+  if (poignee <= 0) return false;
+  const std::optional<sockaddr_un> adresse = FormeAdresse(DonneAdresse(poignee));
+  if (!adresse) return false;
+  const int sonde = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+  if (sonde < 0) return false;
+  // Connecting a datagram socket only looks the address up: nobody is disturbed.
+  const bool present = ConnecteSocket(sonde, *adresse) == 0 || errno == EAGAIN;
+  ::close(sonde);
+  return present;
+}
+
+void DossierCanal::BalaiePerimees() const {
+  const QStringList noms = QDir(Chemin_).entryList(QDir::System | QDir::NoDotAndDotDot);
+  for (const QString& nom : noms) {
+    bool nombre = false;
+    const qint32 poignee = nom.toInt(&nombre);
+    if (nombre && poignee > 0 && QString::number(poignee) == nom && !Repond(poignee))
+      ::unlink(DonneAdresse(poignee).constData());
+  }
+}
+
+}  // namespace vaktor

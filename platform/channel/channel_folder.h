@@ -1,0 +1,35 @@
+// Where the sockets of the channel lie, and how a handle becomes an address.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <optional>
+
+namespace vaktor {
+
+/// Longest message, in bytes; a longer one is dropped whole by the receiver.
+inline constexpr int kMessageMax = 512;
+
+/// A folder that holds one datagram socket a handle, named by the handle in decimal. Only the user can enter it.
+class DossierCanal {
+ public:
+  /// "$XDG_RUNTIME_DIR/vaktor", or "/tmp/vaktor-<user number>" where that variable is missing.
+  static QString DonneCheminUsuel();
+
+  /// Makes the folder with mode 0700 if it is not there. Throws Echec when it cannot be made, is not a folder, belongs
+  /// to another user or can be entered by others.
+  explicit DossierCanal(const QString& chemin = DonneCheminUsuel());
+
+  const QString& Chemin() const { return Chemin_; }
+  QByteArray DonneAdresse(qint32 poignee) const;  ///< full path of the socket
+
+  /// True when a process holds this handle now. Sends nothing.
+  bool Repond(qint32 poignee) const;
+  /// Removes the sockets that no process holds any more: leftovers of a crash.
+  void BalaiePerimees() const;
+
+ private:
+  QString Chemin_;
+};
+
+}  // namespace vaktor
