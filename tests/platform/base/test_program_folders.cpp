@@ -1,0 +1,77 @@
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/base/program_folders.h"
+#include "support/small_disk.h"
+
+namespace vaktor {
+namespace {
+
+class ProgramFolders : public testing::Test {
+ protected:
+  void SetUp() override {
+    AncienData = qgetenv("XDG_DATA_HOME");
+    AncienConfig = qgetenv("XDG_CONFIG_HOME");
+    qputenv("XDG_DATA_HOME", QFile::encodeName(Dossier.path() + QStringLiteral("/data")));
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(Dossier.path() + QStringLiteral("/config")));
+  }
+  void TearDown() override {
+    qputenv("XDG_DATA_HOME", AncienData);
+    qputenv("XDG_CONFIG_HOME", AncienConfig);
+  }
+  QTemporaryDir Dossier;
+  QByteArray AncienData, AncienConfig;
+};
+
+TEST_F(ProgramFolders, AFolderThatMayBeWrittenHoldsEverything) {
+  const DossiersProgramme dossiers = ChoisitDossiers(Dossier.path() + u'/', QString());
+  EXPECT_EQ(dossiers.Executables, Dossier.path());
+  EXPECT_EQ(dossiers.Donnees, Dossier.path());
+}
+
+TEST_F(ProgramFolders, AReadOnlyInstallationWritesToTheUsersDataFolder) {
+  PetitDisque petit(65'536);
+  if (!petit.EstMonte() || !petit.RendLectureSeule()) GTEST_SKIP() << petit.Raison();
+  const DossiersProgramme dossiers = ChoisitDossiers(petit.Chemin(), QString());
+  EXPECT_EQ(dossiers.Executables, petit.Chemin());
+  EXPECT_EQ(dossiers.Donnees, Dossier.path() + QStringLiteral("/data/vaktor"));
+}
+
+TEST_F(ProgramFolders, APrivateFolderGoesBeforeBoth) {
+  const DossiersProgramme dossiers = ChoisitDossiers(Dossier.path(), QStringLiteral("/srv/essai/"));
+  EXPECT_EQ(dossiers.Executables, Dossier.path());
+  EXPECT_EQ(dossiers.Donnees, QStringLiteral("/srv/essai"));
+  EXPECT_EQ(ChoisitDossiers(Dossier.path(), QStringLiteral("essai")).Donnees, QDir::currentPath() + "/essai");
+}
+
+TEST_F(ProgramFolders, TheExecutablesFolderIsThatOfTheRunningProgram) {
+  EXPECT_EQ(TrouveDossiers().Executables, QCoreApplication::applicationDirPath());
+  EXPECT_EQ(TrouveDossiers(QStringLiteral("/srv/essai")).Donnees, QStringLiteral("/srv/essai"));
+}
+
+TEST_F(ProgramFolders, SettingsLieInTheUsersConfigurationOrThePrivateFolder) {
+  EXPECT_EQ(TrouveDossierReglages(), Dossier.path() + QStringLiteral("/config/vaktor"));
+  EXPECT_EQ(TrouveDossierReglages(QStringLiteral("/srv/essai")), QStringLiteral("/srv/essai"));
+}
+
+TEST_F(ProgramFolders, TheFoldersForFilesInPassingAreMadeOnceAndKept) {
+  const DossiersProgramme dossiers{Dossier.path(), Dossier.path() + QStringLiteral("/neuf/vaktor")};
+  EXPECT_EQ(PrepareDossiers(dossiers), QString());
+  EXPECT_TRUE(QDir(dossiers.Donnees + QStringLiteral("/Temp/FTP")).exists());
+  EXPECT_FALSE(QDir(dossiers.Donnees + QStringLiteral("/intrus")).exists());
+  EXPECT_EQ(PrepareDossiers(dossiers), QString());
+}
+
+TEST_F(ProgramFolders, TheFolderThatCannotBeMadeIsNamed) {
+  const DossiersProgramme dossiers{Dossier.path(), Dossier.path()};
+  QFile obstacle(Dossier.path() + QStringLiteral("/Temp"));
+  ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+  EXPECT_EQ(PrepareDossiers(dossiers), Dossier.path() + QStringLiteral("/Temp"));
+}
+
+}  // namespace
+}  // namespace vaktor

@@ -1,0 +1,142 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <cerrno>
+
+#include "platform/base/system_files.h"
+#include "support/small_disk.h"
+
+namespace vaktor {
+namespace {
+
+constexpr int kMega = 1024 * 1024;
+
+class SystemFiles : public testing::Test {
+ protected:
+  QString Chemin(const QString& suite) const { return Dossier.path() + suite; }
+  void Pose(const QString& suite, const QByteArray& contenu = "x") const {
+    ASSERT_EQ(FichiersSysteme().EcritFichier(Chemin(suite), contenu), 0);
+  }
+  static QByteArray Lit(const QString& chemin) {
+    QFile fichier(chemin);
+    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray("unreadable");
+  }
+
+  QTemporaryDir Dossier;
+  FichiersSysteme Disque;
+};
+
+TEST_F(SystemFiles, BothSeparatorsOfAStoredPathAreTheSystems) {
+  EXPECT_EQ(CheminNatif(QStringLiteral("/a\\b/c\\d.jpg")), QStringLiteral("/a/b/c/d.jpg"));
+  ASSERT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("\\intrus"))));
+  ASSERT_EQ(Disque.EcritFichier(Chemin(QStringLiteral("\\intrus/a  b.jpg")), "photo"), 0);
+  EXPECT_EQ(Lit(Chemin(QStringLiteral("/intrus/a  b.jpg"))), "photo");
+  EXPECT_TRUE(Disque.Existe(Chemin(QStringLiteral("/intrus\\a  b.jpg"))));
+  EXPECT_EQ(Disque.ListeFichiers(Chemin(QStringLiteral("\\intrus")), QStringLiteral("*.jpg*")),
+            QStringList{QStringLiteral("a  b.jpg")});
+  EXPECT_TRUE(Disque.EspaceLibre(Chemin(QStringLiteral("\\"))).has_value());
+  EXPECT_TRUE(Disque.Supprime(Chemin(QStringLiteral("\\intrus\\a  b.jpg"))));
+  EXPECT_FALSE(QFile::exists(Chemin(QStringLiteral("/intrus/a  b.jpg"))));
+}
+
+TEST_F(SystemFiles, NamesBeyondAsciiReachTheSystem) {
+  const QString nom = QString::fromUtf8("/Entrée d'été.jpg");
+  ASSERT_EQ(Disque.EcritFichier(Chemin(nom), "x"), 0);
+  EXPECT_EQ(QDir(Dossier.path()).entryList(QDir::Files), QStringList{nom.mid(1)});
+}
+
+TEST_F(SystemFiles, FilesAndFoldersExistAndTheEmptyNameDoesNot) {
+  Pose(QStringLiteral("/a"));
+  EXPECT_TRUE(Disque.Existe(Chemin(QStringLiteral("/a"))));
+  EXPECT_TRUE(Disque.Existe(Dossier.path()));
+  EXPECT_FALSE(Disque.Existe(Chemin(QStringLiteral("/b"))));
+  EXPECT_FALSE(Disque.Existe(QString()));
+}
+
+TEST_F(SystemFiles, OneFolderIsMadeAtATimeAndOnlyOnce) {
+  EXPECT_FALSE(Disque.CreeDossier(Chemin(QStringLiteral("/x/y"))));
+  EXPECT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/x"))));
+  EXPECT_FALSE(Disque.CreeDossier(Chemin(QStringLiteral("/x"))));
+  EXPECT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/x/y"))));
+  EXPECT_TRUE(QDir(Chemin(QStringLiteral("/x/y"))).exists());
+}
+
+TEST_F(SystemFiles, TheListIsSortedByNameWithoutRegardToCase) {
+  for (const char* nom : {"/b.jpg", "/C.JPG", "/a.jpg.bak", "/a.JPG", "/notes.txt", "/.cache.jpg", "/A.jpg"}) {
+    Pose(QString::fromUtf8(nom));
+  }
+  ASSERT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/dossier.jpg"))));
+  const QStringList attendu{QStringLiteral("A.jpg"), QStringLiteral("a.JPG"), QStringLiteral("a.jpg.bak"),
+                            QStringLiteral("b.jpg"), QStringLiteral("C.JPG")};
+  QStringList liste = Disque.ListeFichiers(Dossier.path(), QStringLiteral("*.jpg*"));
+  EXPECT_EQ(liste.mid(2), attendu.mid(2));
+  EXPECT_EQ(QStringList(liste.mid(0, 2)).join(u',').toLower(), QStringLiteral("a.jpg,a.jpg"));
+}
+
+TEST_F(SystemFiles, TheListOfAFolderThatIsGoneOrEmptyIsEmpty) {
+  EXPECT_TRUE(Disque.ListeFichiers(Dossier.path(), QStringLiteral("*")).isEmpty());
+  EXPECT_TRUE(Disque.ListeFichiers(Chemin(QStringLiteral("/gone")), QStringLiteral("*")).isEmpty());
+  EXPECT_TRUE(Disque.ListeFichiers(QString(), QStringLiteral("*")).isEmpty()) << "not the working folder";
+}
+
+TEST_F(SystemFiles, RemovalIsTrueWhenTheFileIsThereNoMore) {
+  Pose(QStringLiteral("/a"));
+  EXPECT_TRUE(Disque.Supprime(Chemin(QStringLiteral("/a"))));
+  EXPECT_TRUE(Disque.Supprime(Chemin(QStringLiteral("/a")))) << "gone already";
+  EXPECT_FALSE(Disque.Supprime(Dossier.path())) << "a folder is no file";
+  EXPECT_TRUE(QDir(Dossier.path()).exists());
+}
+
+TEST_F(SystemFiles, AWriteReplacesTheWholeFile) {
+  const QString chemin = Chemin(QStringLiteral("/a"));
+  EXPECT_EQ(Disque.EcritFichier(chemin, QByteArray(100'000, 'l')), 0);
+  EXPECT_EQ(Disque.EcritFichier(chemin, "court"), 0);
+  EXPECT_EQ(Lit(chemin), "court");
+  EXPECT_EQ(Disque.EcritFichier(chemin, QByteArrayView()), 0);
+  EXPECT_EQ(Lit(chemin), "");
+}
+
+TEST_F(SystemFiles, AMissingFolderIsTold) {
+  EXPECT_EQ(Disque.EcritFichier(Chemin(QStringLiteral("/gone/a")), "x"), ENOENT);
+  Pose(QStringLiteral("/fichier"));
+  EXPECT_EQ(Disque.EcritFichier(Chemin(QStringLiteral("/fichier/a")), "x"), ENOTDIR);
+}
+
+TEST_F(SystemFiles, AFolderInTheFilesPlaceIsTold) { EXPECT_EQ(Disque.EcritFichier(Dossier.path(), "x"), EISDIR); }
+
+TEST_F(SystemFiles, AFullDiskIsToldAndThePartlyWrittenFileStays) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString gros = petit.Chemin() + QStringLiteral("/gros");
+  EXPECT_EQ(Disque.EcritFichier(gros, QByteArray(kMega + 1, 'g')), ENOSPC);
+  EXPECT_EQ(QFileInfo(gros).size(), kMega) << "a write that was cut short is gone on with, until the system says why";
+  EXPECT_EQ(Disque.EcritFichier(petit.Chemin() + QStringLiteral("/a"), "x"), ENOSPC);
+  EXPECT_TRUE(Disque.Supprime(gros));
+  EXPECT_EQ(Disque.EcritFichier(petit.Chemin() + QStringLiteral("/a"), "x"), 0) << "room again";
+}
+
+TEST_F(SystemFiles, AReadOnlyDiskRefuses) {
+  PetitDisque petit(kMega);
+  if (!petit.EstMonte() || !petit.RendLectureSeule()) GTEST_SKIP() << petit.Raison();
+  EXPECT_EQ(Disque.EcritFichier(petit.Chemin() + QStringLiteral("/a"), "x"), EROFS);
+  EXPECT_FALSE(Disque.CreeDossier(petit.Chemin() + QStringLiteral("/d")));
+}
+
+TEST_F(SystemFiles, FreeSpaceIsThatOfTheDiskThatHoldsTheFolder) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  EXPECT_EQ(Disque.EspaceLibre(petit.Chemin()), kMega);
+  ASSERT_EQ(Disque.EcritFichier(petit.Chemin() + QStringLiteral("/a"), QByteArray(kMega / 4, 'a')), 0);
+  EXPECT_EQ(Disque.EspaceLibre(petit.Chemin() + QStringLiteral("\\")), kMega - kMega / 4);
+}
+
+TEST_F(SystemFiles, FreeSpaceOfAFolderThatIsGoneCannotBeTold) {
+  EXPECT_FALSE(Disque.EspaceLibre(Chemin(QStringLiteral("/gone"))).has_value());
+  EXPECT_FALSE(Disque.EspaceLibre(QString()).has_value());
+}
+
+}  // namespace
+}  // namespace vaktor
