@@ -12,7 +12,8 @@ enum NumeroEchec : qint32 {
   kDepassement = 6,         ///< 32-bit arithmetic overflowed
   kIndiceHorsPlage = 9,     ///< an index lies outside its table or list
   kTypeIncompatible = 13,   ///< a text is no number
-  kFichierIntrouvable = 53  ///< a file, folder or program is not there
+  kFichierIntrouvable = 53,  ///< a file, folder or program is not there
+  kAccesFichier = 75         ///< a file or folder is there but cannot be read or written
 };
 
 /// Thrown by rules. The surveillance tick swallows it; elsewhere the guard of the event loop shows the description.

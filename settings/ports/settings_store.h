@@ -16,6 +16,8 @@ class MagasinReglages {
   /// Puts everything written so far on disk, whole and at once: after it returns other processes see it, and a crash
   /// at any moment leaves the whole old or the whole new table. Throws Echec when that is not possible.
   virtual void Vide() = 0;
+  /// Where the values lie, for a message to a person who has to repair one: a path, or empty.
+  virtual QString Emplacement() const { return {}; }
 };
 
 }  // namespace vaktor

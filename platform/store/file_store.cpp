@@ -1,0 +1,102 @@
+#include "platform/store/file_store.h"
+
+#include <QCoreApplication>
+#include <QEvent>
+#include <QFile>
+#include <QFileInfo>
+
+#include "base/failure.h"
+#include "platform/store/private_file.h"
+#include "settings/settings_text.h"
+
+namespace vaktor {
+namespace {
+
+bool LitFormat(QIODevice& source, QSettings::SettingsMap& valeurs) {
+  const TexteReglages lu = LitTexteReglages(source.readAll());
+  for (auto it = lu.Valeurs.begin(); it != lu.Valeurs.end(); ++it) valeurs.insert(it.key(), it.value());
+  return true;  // false would make QSettings forget the good lines
+}
+
+QByteArray TexteDe(const QSettings::SettingsMap& valeurs) {
+  ValeursReglages textes;
+  for (auto it = valeurs.begin(); it != valeurs.end(); ++it) textes.insert(it.key(), it.value().toString());
+  return EcritTexteReglages(textes);
+}
+
+bool EcritFormat(QIODevice& cible, const QSettings::SettingsMap& valeurs) {
+  const QByteArray octets = TexteDe(valeurs);
+  return cible.write(octets) == octets.size();
+}
+
+// The format is ours and not Qt's own INI reader, which splits a value at commas, makes objects out of what stands
+// behind a "@" in a damaged file, and gives up a section named "general".
+QSettings::Format FormatReglages() {
+  static const QSettings::Format kFormat =
+      QSettings::registerFormat(QStringLiteral("vaktor"), LitFormat, EcritFormat, Qt::CaseSensitive);
+  return kFormat;
+}
+
+QString Chemin(const QString& section, const QString& cle) { return section + u'/' + cle; }
+
+}  // namespace
+
+MagasinFichier::MagasinFichier(const QString& fichier) : Fichier_(fichier) { OuvreMagasin(); }
+
+MagasinFichier::~MagasinFichier() {
+  if (!Magasin_) return;
+  const MasquePrive masque;
+  Magasin_.reset();
+}
+
+void MagasinFichier::OuvreMagasin() {
+  RendPrive(Fichier_);
+  LitFichierEntier(Fichier_);  // QSettings takes a file that it cannot read for an empty one and would overwrite it
+  const MasquePrive masque;
+  Magasin_ = std::make_unique<QSettings>(Fichier_, FormatReglages());
+}
+
+QString MagasinFichier::LitReglage(const QString& section, const QString& cle, const QString& defaut) const {
+  const QString chemin = Chemin(section, cle);
+  if (const auto attente = Attente_.find(chemin); attente != Attente_.end()) return *attente;
+  return Magasin_->value(chemin, defaut).toString();
+}
+
+void MagasinFichier::EcritReglage(const QString& section, const QString& cle, const QString& valeur) {
+  Attente_.insert(Chemin(section, cle), valeur);
+}
+
+void MagasinFichier::Relit() { OuvreMagasin(); }
+
+void MagasinFichier::GardeFichierAbime() {
+  if (CopieFaite_) return;
+  CopieFaite_ = true;
+  if (LitTexteReglages(LitFichierEntier(Fichier_)).LignesIllisibles == 0) return;
+  const QString copie = Fichier_ + QStringLiteral(".damaged");
+  QFile::remove(copie);
+  QFile::copy(Fichier_, copie);
+}
+
+void MagasinFichier::Vide() {
+  PrepareDossierPrive(QFileInfo(Fichier_).absolutePath());
+  RendPrive(Fichier_);
+  const MasquePrive masque;
+  GardeFichierAbime();
+  if (Magasin_->status() != QSettings::NoError) Magasin_ = std::make_unique<QSettings>(Fichier_, FormatReglages());
+  const qint64 avant = DateFichier(Fichier_);
+  for (auto it = Attente_.begin(); it != Attente_.end(); ++it) Magasin_->setValue(it.key(), it.value());
+  Magasin_->sync();  // one write for all of them
+  // The timer event that setValue posted would write a second time, later and outside of the mask.
+  QCoreApplication::removePostedEvents(Magasin_.get(), QEvent::UpdateRequest);
+  if (Magasin_->status() != QSettings::NoError) {
+    qsizetype taille = 0;
+    for (auto it = Attente_.begin(); it != Attente_.end(); ++it) taille += it.key().size() + it.value().size();
+    const QString raison = RaisonRefus(Fichier_, taille + QFileInfo(Fichier_).size());
+    throw Echec(kAccesFichier, raison.isEmpty() ? Fichier_ : Fichier_ + QStringLiteral(": ") + raison);
+  }
+  Attente_.clear();
+  AvanceDate(Fichier_, avant);
+  EcritDossierSurDisque(Fichier_);
+}
+
+}  // namespace vaktor

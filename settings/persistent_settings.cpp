@@ -1,0 +1,124 @@
+#include "settings/persistent_settings.h"
+
+#include <QLatin1StringView>
+#include <utility>
+
+#include "base/failure.h"
+#include "base/numbers.h"
+#include "settings/settings_failures.h"
+
+namespace vaktor {
+
+using C = ControleParametre;
+
+ReglagesPersistants::ReglagesPersistants(LiensReglages liens) : Liens_(std::move(liens)) {}
+
+void ReglagesPersistants::ChargeParametres() {
+  AffichageParametres* affichage = nullptr;
+  for (const LigneReglage& ligne : TableReglages().first(kNombreReglages)) {
+    // The main form comes into being here and not earlier: its load step publishes the inboxes and needs the language.
+    if (ligne.RangChargement == kRangSeuilAuto) affichage = &Liens_.PremierControle();
+    LitLigne(ligne, affichage);
+    if (ligne.RangChargement == kRangRepertoirePhoto) RepareRepertoirePhoto(ligne);
+    if (ligne.RangChargement == kRangFichierSon) RepareSonAbsent();
+  }
+  MontreFinChargement(*affichage);
+}
+
+void ReglagesPersistants::LitLigne(const LigneReglage& ligne, AffichageParametres* affichage) {
+  const QString texte = Liens_.Magasin.LitReglage(QLatin1StringView(ligne.Section), QLatin1StringView(ligne.Cle),
+                                                  DefautReglage(ligne, Liens_.DossierProgramme));
+  try {
+    LitValeur(ligne, texte, Liens_.Valeurs);
+  } catch (const Echec& echec) {
+    throw Echec(echec.Numero(),
+                DitReglageImpossible(LangueDuMagasin(), NomReglage(ligne), texte, Liens_.Magasin.Emplacement()));
+  }
+  if (ligne.Controle) affichage->MontreParametre(*ligne.Controle);
+}
+
+// The user's folder is replaced in the store and not kept for later, also when it only vanished for a while (a drive
+// that is not plugged in): photos of an alarm must have a place, and the user must see which.
+void ReglagesPersistants::RepareRepertoirePhoto(const LigneReglage& ligne) {
+  QString& repertoire = Liens_.Valeurs.RepertoirePhoto;
+  if (Liens_.Disque.Existe(repertoire)) return;
+  const QString dossier = DefautReglage(ligne, Liens_.DossierProgramme);
+  if (!Liens_.Disque.Existe(dossier) && !Liens_.Disque.CreeDossier(dossier)) {
+    throw Echec(kFichierIntrouvable,
+                DitDossierPhotoImpossible(Liens_.Valeurs.LangueCourante, NomReglage(ligne), repertoire, dossier));
+  }
+  repertoire = dossier;
+  Liens_.Magasin.EcritReglage(QLatin1StringView(ligne.Section), QLatin1StringView(ligne.Cle), repertoire);
+  VideMagasin();
+}
+
+void ReglagesPersistants::RepareSonAbsent() {
+  constexpr qint32 kSonDuFichier = 3;
+  Parametres& valeurs = Liens_.Valeurs;
+  if (valeurs.FichierSon.isEmpty() && valeurs.IndexSon == kSonDuFichier) valeurs.IndexSon = 0;
+}
+
+void ReglagesPersistants::MontreFinChargement(AffichageParametres& affichage) {
+  affichage.MontreParametre(C::TxtHtml);
+  affichage.MontreParametre(C::TxtFtp);
+  affichage.MontreParametre(C::TxtUserName);
+  affichage.MontreParametre(C::TxtFTPracine);
+  MontreIntervalle(affichage);
+  affichage.MontreParametre(C::TxtPass);
+  affichage.MontreParametre(C::TextNbrPhotoFTP);
+  affichage.MontreParametre(C::TxtFTPracine);  // a second time, as it always was
+  affichage.AmorceCompteARebours(Liens_.Valeurs.Retard);
+  affichage.MontreParametre(C::Text1);
+  affichage.MontreParametre(C::CombQualit);
+  DeduitQualiteJpeg(Liens_.Valeurs);
+}
+
+// TxtRefresh is empty at every start, so filling it is a change, and each change of it saves: this is what puts the
+// whole table into a store that was empty. A display whose field does not save by itself must not take that away.
+void ReglagesPersistants::MontreIntervalle(AffichageParametres& affichage) {
+  const bool change = !Liens_.Valeurs.IntervalleFtp.isEmpty();
+  const qint64 avant = Sauvegardes_;
+  affichage.MontreParametre(C::TxtRefresh);
+  if (change && Sauvegardes_ == avant) SauveParametres();
+}
+
+void ReglagesPersistants::SauveParametres() {
+  ++Sauvegardes_;
+  const QSize taille = Liens_.TailleImage();
+  for (const LigneReglage* ligne : OrdreSauvegarde()) {
+    QString texte = TexteValeur(*ligne, Liens_.Valeurs);
+    if (ligne->Forme == FormeStockee::Mesure) {
+      const bool largeur = QLatin1StringView(ligne->Cle) == QLatin1StringView("width");
+      texte = QString::number(largeur ? taille.width() : taille.height());
+    }
+    Liens_.Magasin.EcritReglage(QLatin1StringView(ligne->Section), QLatin1StringView(ligne->Cle), texte);
+  }
+  VideMagasin();
+  // After the last write: a companion reads the store as soon as it is told.
+  const QString mot = QStringLiteral("Optio");
+  Liens_.Modules.EnvoiFTP(mot);
+  Liens_.Modules.EnvoiMail(mot);
+  Liens_.Modules.EnvoiSon(mot);
+  Liens_.Valeurs.ParametresModifies = false;
+}
+
+void ReglagesPersistants::VideMagasin() {
+  try {
+    Liens_.Magasin.Vide();
+  } catch (const Echec& echec) {
+    throw Echec(echec.Numero(), DitSauvegardeImpossible(Liens_.Valeurs.LangueCourante, echec.Description()));
+  }
+}
+
+// From the store, not from Parametres: the very first value may be the damaged one, before the language is loaded.
+qint32 ReglagesPersistants::LangueDuMagasin() const {
+  constexpr qint32 kIllisible = -1;
+  try {
+    return TexteEnEntier(
+        Liens_.Magasin.LitReglage(QStringLiteral("general"), QStringLiteral("langue"), QStringLiteral("0")));
+  } catch (const Echec&) {
+    return kIllisible;
+  }
+}
+
+}  // namespace vaktor

@@ -1,0 +1,60 @@
+// Load and save of all parameters in one go, driven by the settings table.
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <functional>
+
+#include "settings/parameters.h"
+#include "settings/ports/files.h"
+#include "settings/ports/module_commands.h"
+#include "settings/ports/settings_display.h"
+#include "settings/ports/settings_store.h"
+#include "settings/saving.h"
+#include "settings/settings_table.h"
+
+namespace vaktor {
+
+/// What the parameters work with. All of it outlives the object that is made with it.
+struct LiensReglages {
+  Parametres& Valeurs;
+  MagasinReglages& Magasin;
+  Fichiers& Disque;
+  CommandesModules& Modules;
+  QString DossierProgramme;  ///< where the program writes, without separator at its end
+  /// Called once by the load, after `langue` and before `seuilauto`: makes the main form, whose load step runs in
+  /// there, and hands out its controls, which live until the load ends.
+  std::function<AffichageParametres&()> PremierControle;
+  std::function<QSize()> TailleImage;  ///< size of the frame surface, pixels; for the FTP companion
+};
+
+/// Owner: app/, one for the whole run. User-interface thread.
+class ReglagesPersistants : public SauvegardeParametres {
+ public:
+  explicit ReglagesPersistants(LiensReglages liens);
+
+  /// Once, at start-up. Reads the whole store into Parametres and the controls; a missing key gives its default. Its
+  /// tail saves, which is what fills an empty store. A photo folder that is not there is replaced in the store at once.
+  /// Throws Echec, which ends the start-up, for a value that cannot be used, a photo folder that cannot be made and a
+  /// store that cannot be written; the description is one message for the user.
+  void ChargeParametres();
+
+  /// Writes all 35 keys, whatever the store holds, then "Optio" to the FTP, the mail and the sound companion, then
+  /// clears ParametresModifies. May be called from inside ChargeParametres. Throws Echec when the store cannot be
+  /// written; nothing is sent then and ParametresModifies stays.
+  void SauveParametres() override;
+
+ private:
+  void LitLigne(const LigneReglage& ligne, AffichageParametres* affichage);
+  void RepareRepertoirePhoto(const LigneReglage& ligne);
+  void RepareSonAbsent();
+  void MontreFinChargement(AffichageParametres& affichage);
+  void MontreIntervalle(AffichageParametres& affichage);
+  void VideMagasin();
+  qint32 LangueDuMagasin() const;
+
+  LiensReglages Liens_;
+  qint64 Sauvegardes_ = 0;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,19 @@
+// What a person is told when a parameter cannot be used or the store not be written, in both languages.
+#pragma once
+
+#include <QString>
+
+namespace vaktor {
+
+// `langue`: 0 French, 1 English, any other value: both, French first.
+
+/// A stored value that is not possible; names key ("section/key"), value (shortened) and where it lies.
+QString DitReglageImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& emplacement);
+
+/// The photo folder that is neither there nor can be made; `valeur` is the folder that was stored.
+QString DitDossierPhotoImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& dossier);
+
+/// The store could not be written; `raison` is what the system says.
+QString DitSauvegardeImpossible(qint32 langue, const QString& raison);
+
+}  // namespace vaktor

@@ -1,0 +1,37 @@
+// A settings store in memory that keeps a journal, for tests of rules.
+#pragma once
+
+#include <QMap>
+#include <QStringList>
+
+#include "base/failure.h"
+#include "settings/ports/settings_store.h"
+
+namespace vaktor {
+
+/// What was written is readable at once, as in the real store; `Disque` is what other processes see.
+class FauxMagasin : public MagasinReglages {
+ public:
+  QMap<QString, QString> Valeurs;  ///< by "section/key"
+  QMap<QString, QString> Disque;   ///< Valeurs at the last Vide() that worked
+  mutable QStringList Lus;         ///< "section/key" of each read, in order
+  QStringList Ecrits;              ///< "section/key" of each write, in order; "*" for each Vide()
+  bool RefuseEcriture = false;     ///< Vide() throws Echec(kAccesFichier, "disk full")
+
+  QString LitReglage(const QString& section, const QString& cle, const QString& defaut) const override {
+    Lus += section + u'/' + cle;
+    return Valeurs.value(section + u'/' + cle, defaut);
+  }
+  void EcritReglage(const QString& section, const QString& cle, const QString& valeur) override {
+    Ecrits += section + u'/' + cle;
+    Valeurs.insert(section + u'/' + cle, valeur);
+  }
+  void Vide() override {
+    Ecrits += QStringLiteral("*");
+    if (RefuseEcriture) throw Echec(kAccesFichier, QStringLiteral("disk full"));
+    Disque = Valeurs;
+  }
+  QString Emplacement() const override { return QStringLiteral("/home/u/settings.ini"); }
+};
+
+}  // namespace vaktor
