@@ -8,10 +8,10 @@ namespace vaktor {
 
 /// Numbers of the failures that rules raise. They are part of messages and tests, so they never change.
 enum NumeroEchec : qint32 {
-  kAppelIncorrect = 5,      ///< an operation could not be carried out (JPEG writer)
-  kDepassement = 6,         ///< 32-bit arithmetic overflowed
-  kIndiceHorsPlage = 9,     ///< an index lies outside its table or list
-  kTypeIncompatible = 13,   ///< a text is no number
+  kAppelIncorrect = 5,       ///< an operation could not be carried out (JPEG writer)
+  kDepassement = 6,          ///< 32-bit arithmetic overflowed
+  kIndiceHorsPlage = 9,      ///< an index lies outside its table or list
+  kTypeIncompatible = 13,    ///< a text is no number
   kFichierIntrouvable = 53,  ///< a file, folder or program is not there
   kAccesFichier = 75         ///< a file or folder is there but cannot be read or written
 };
