@@ -6,33 +6,11 @@
 
 #include "engine/detection_state.h"
 #include "engine/frame_surface.h"
-#include "engine/ports/alarm_actions.h"
-#include "engine/ports/capture_driver.h"
-#include "engine/ports/clock.h"
-#include "engine/ports/event_pump.h"
-#include "engine/ports/interface_sounds.h"
-#include "engine/ports/surveillance_display.h"
-#include "engine/ports/timers.h"
-#include "settings/parameters.h"
-#include "settings/saving.h"
+#include "engine/surveillance_ports.h"
 
 namespace vaktor {
 
 class ReglesSurveillance;
-
-/// Everything that the engine is given. All references outlive the engine.
-struct PortsSurveillance {
-  Parametres& Reglages;
-  SauvegardeParametres& Sauvegarde;
-  PiloteCapture& Pilote;
-  FabriqueMinuteries& Minuteries;
-  Horloge& Temps;
-  PompeEvenements& Pompe;
-  SonsInterface& Sons;
-  ActionsAlarme& Actions;
-  LiaisonLive& Live;
-  AffichageSurveillance& Affichage;
-};
 
 /// Owner: app/. User-interface thread.
 class Surveillance {
@@ -54,6 +32,8 @@ class Surveillance {
   // The switches of the main window.
   void BasculeCamera();
   void BasculeAlarme();
+  void DesarmeAlarme();         ///< the live page is switched off: AlarmeArmee false, lamp "LEDRED", Text1 shows
+                                ///< Retard; a running countdown goes on
   void MontreDialogueFormat();  ///< BoutonGris(4)
   void MontreDialogueSource();  ///< BoutonGris(5)
 

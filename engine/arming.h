@@ -1,0 +1,42 @@
+// The alarm between the detection and what it does: off, counting down, armed. Once armed it stays armed.
+#pragma once
+
+#include "engine/camera_control.h"
+#include "engine/surveillance_ports.h"
+#include "engine/surveillance_state.h"
+
+namespace vaktor {
+
+class ArmementAlarme {
+ public:
+  ArmementAlarme(const PortsSurveillance& ports, EtatSurveillance& etat, MinuteriesSurveillance& minuteries,
+                 CommandeCamera& camera);
+
+  /// One click: starts the camera if it is off, then cancels a running countdown, or disarms, or starts to count.
+  void BasculeAlarme();
+  /// AlarmeArmee false, lamp off, Text1 shows Retard. Timer3 is not touched: a running countdown still arms.
+  void DesarmeAlarme();
+  /// The tick of Timer3, once a second.
+  void CompteUneSeconde();
+  /// The change event of Text1: gives the text with its digits only, "0" when there are none. Sets Retard and
+  /// CompteARebours (a running countdown starts again from there) and saves. A number too long for 32 bits gives the
+  /// greatest one.
+  QString ChangeTexteRetard(const QString& texte);
+
+  /// The start arguments "/alarm" and "/surve", anywhere in the line, in any case of letters.
+  void LitArguments(const QString& ligneCommande);
+  /// Starts the one-shot timer again if one of them was given. What the first shot switched on is switched off then.
+  void RelanceDemarrageAuto();
+  /// The tick of TimerAutoStar.
+  void DemarreAuto();
+
+ private:
+  const PortsSurveillance& Ports_;
+  EtatSurveillance& Etat_;
+  MinuteriesSurveillance& Minuteries_;
+  CommandeCamera& Camera_;
+  bool AutoAlarme_ = false;
+  bool AutoSurve_ = false;
+};
+
+}  // namespace vaktor

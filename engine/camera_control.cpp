@@ -1,0 +1,94 @@
+#include "engine/camera_control.h"
+
+#include "engine/detection_zone.h"
+
+namespace vaktor {
+namespace {
+
+constexpr qint32 kSurvolCamera = 17;       // the identifier of the button for the hover sound
+constexpr qint32 kAttenteSeuilMs = 2000;   // the tolerance stays still that long after a start
+constexpr qint32 kBoutonAlarme = 1;        // Bouton(1)
+constexpr qint32 kBoutonSurveillance = 2;  // Bouton(2)
+
+}  // namespace
+
+CommandeCamera::CommandeCamera(const PortsSurveillance& ports, EtatSurveillance& etat,
+                               MinuteriesSurveillance& minuteries, JaugeSensibilite& jauge)
+    : Ports_(ports), Etat_(etat), Minuteries_(minuteries), Jauge_(jauge) {}
+
+void CommandeCamera::BasculeCamera() {
+  Ports_.Sons.SurvolSon(kSurvolCamera);
+  if (Etat_.Camera.MoniteurCache) {
+    // The first click after the monitor was closed only shows it again.
+    Ports_.Affichage.MontreMoniteur();
+    Etat_.Camera.MoniteurCache = false;
+    return;
+  }
+  Ports_.Affichage.MontreMoniteur();
+  if (Etat_.Camera.CameraActive) {
+    Arrete();
+  } else if (!Demarre()) {
+    return;
+  }
+  // At a start no frame has come yet: the zone takes the size of the run before, and the first frame of another size
+  // moves it.
+  RemetZoneCamera(Etat_);
+}
+
+bool CommandeCamera::Demarre() {
+  if (!Ports_.Pilote.Connecte()) {
+    Ports_.Affichage.AnnonceCameraIntrouvable();
+    return false;
+  }
+  Ports_.Pompe.PompeMessages();
+  if (Ports_.Reglages.SeuilAuto) Ports_.Reglages.SeuilDetection = kSeuilDetectionMax;
+  Jauge_.DessineSeuil(Ports_.Reglages.SeuilDetection);
+  Etat_.Detection.PasSeuil = JaugeSensibilite::kPasGrossier;
+  Etat_.Camera.CameraActive = true;
+  Minuteries_.Timer2->ChangeIntervalle(kAttenteSeuilMs);
+  Minuteries_.Timer1->Active();
+  Minuteries_.Timer2->Active();
+  Ports_.Affichage.ActiveBouton(kBoutonAlarme, true);
+  Ports_.Affichage.ActiveBouton(kBoutonSurveillance, true);
+  return true;
+}
+
+void CommandeCamera::Arrete() {
+  Etat_.Camera.CameraActive = false;
+  Minuteries_.Timer1->Desactive();
+  Minuteries_.Timer2->Desactive();
+  Minuteries_.Timer3->Desactive();
+  Minuteries_.TimerSeuil->Desactive();
+  Ports_.Pilote.Deconnecte();
+  Etat_.Surface.Retire();
+  Ports_.Affichage.MontreSignalPerdu(false);  // no tick comes any more to take the notice away
+  Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
+  Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
+  Ports_.Live.OublieLive();
+  EteintAlarme();
+}
+
+void CommandeCamera::EteintAlarme() {
+  Etat_.Alarme.AlarmeArmee = false;
+  Ports_.Affichage.MontreSurveillanceInactive();
+  Ports_.Affichage.MontreLibelleAlarme(LibelleAlarme::kInactive);
+  Minuteries_.Timer3->Desactive();
+  Ports_.Affichage.EcritRetard(Ports_.Reglages.Retard);
+  Etat_.Alarme.CompteARebours = Ports_.Reglages.Retard;
+}
+
+void CommandeCamera::MontreDialogueFormat() {
+  if (!Etat_.Camera.CameraActive) return Ports_.Affichage.AnnonceCameraInactive();
+  Ports_.Pilote.MontreDialogueFormat();
+}
+
+void CommandeCamera::MontreDialogueSource() {
+  if (!Etat_.Camera.CameraActive) return Ports_.Affichage.AnnonceCameraInactive();
+  Ports_.Pilote.MontreDialogueSource();
+}
+
+void CommandeCamera::DeconnectePilote() {
+  if (Etat_.Camera.CameraActive) Ports_.Pilote.Deconnecte();
+}
+
+}  // namespace vaktor

@@ -1,0 +1,36 @@
+// The switch of the camera: opens and closes the driver and brings everything that hangs on it up and down.
+#pragma once
+
+#include "engine/sensitivity_gauge.h"
+#include "engine/surveillance_ports.h"
+#include "engine/surveillance_state.h"
+
+namespace vaktor {
+
+class CommandeCamera {
+ public:
+  CommandeCamera(const PortsSurveillance& ports, EtatSurveillance& etat, MinuteriesSurveillance& minuteries,
+                 JaugeSensibilite& jauge);
+
+  /// The only writer of CameraActive. When the user has closed the monitor the call only brings it back. A camera that
+  /// does not connect is told in a message box and leaves everything as it was. The start lets events in once, with
+  /// the driver connected and CameraActive still false: a click that comes in there goes through a start of its own.
+  void BasculeCamera();
+  /// The driver's dialogs; with the camera off a message box instead.
+  void MontreDialogueFormat();
+  void MontreDialogueSource();
+  /// End of the program: lets the driver go and changes nothing else.
+  void DeconnectePilote();
+
+ private:
+  bool Demarre();
+  void Arrete();
+  void EteintAlarme();
+
+  const PortsSurveillance& Ports_;
+  EtatSurveillance& Etat_;
+  MinuteriesSurveillance& Minuteries_;
+  JaugeSensibilite& Jauge_;
+};
+
+}  // namespace vaktor

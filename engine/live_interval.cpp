@@ -1,0 +1,21 @@
+#include "engine/live_interval.h"
+
+#include <cmath>
+
+#include "base/failure.h"
+
+namespace vaktor {
+
+float IntervalleLive::LitSecondes(const QString& texte) {
+  if (texte != Texte_) {
+    Texte_ = texte;
+    QString nombre = texte.trimmed();
+    nombre.replace(u',', u'.');
+    Secondes_ = nombre.toFloat(&Lisible_);
+    Lisible_ = Lisible_ && std::isfinite(Secondes_);
+  }
+  if (!Lisible_) throw Echec(kTypeIncompatible, QStringLiteral("Type mismatch"));
+  return Secondes_;
+}
+
+}  // namespace vaktor

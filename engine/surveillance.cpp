@@ -1,0 +1,111 @@
+#include "engine/surveillance.h"
+
+#include "engine/arming.h"
+#include "engine/camera_control.h"
+#include "engine/detection_zone.h"
+#include "engine/motion_analysis.h"
+#include "engine/sensitivity_gauge.h"
+#include "engine/surveillance_state.h"
+#include "engine/surveillance_tick.h"
+
+namespace vaktor {
+namespace {
+
+constexpr qint32 kTicMs = 30;
+constexpr qint32 kPremierSeuilMs = 2000;
+constexpr qint32 kSeuilSuivantMs = 15000;
+constexpr qint32 kSeuilMs = 1;
+constexpr qint32 kSecondeMs = 1000;
+
+}  // namespace
+
+/// All rules of the engine, wired. The timers come first: the rules hold references to them.
+class ReglesSurveillance {
+ public:
+  explicit ReglesSurveillance(const PortsSurveillance& ports)
+      : Ports(ports),
+        Minuteries(CreeMinuteries()),
+        Analyse(Ports, Etat, *Minuteries.Timer3),
+        Tic(Ports, Etat, Analyse),
+        Jauge(Ports, Etat, *Minuteries.TimerSeuil),
+        Camera(Ports, Etat, Minuteries, Jauge),
+        Alarme(Ports, Etat, Minuteries, Camera),
+        Souris(Etat) {
+    Etat.Alarme.CompteARebours = Ports.Reglages.Retard;
+    Minuteries.Timer1->Active();  // ticks come from the start of the program on and do nothing without a camera
+  }
+
+  const PortsSurveillance Ports;
+  EtatSurveillance Etat;
+  MinuteriesSurveillance Minuteries;
+  AnalyseurMouvement Analyse;
+  TicSurveillance Tic;
+  JaugeSensibilite Jauge;
+  CommandeCamera Camera;
+  ArmementAlarme Alarme;
+  SourisZone Souris;
+
+ private:
+  MinuteriesSurveillance CreeMinuteries() {
+    FabriqueMinuteries& fabrique = Ports.Minuteries;
+    MinuteriesSurveillance m;
+    m.Timer1 = fabrique.CreeMinuterie(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });
+    m.Timer2 = fabrique.CreeMinuterie(QStringLiteral("Timer2"), kPremierSeuilMs, [this] { LanceSeuil(); });
+    m.TimerSeuil = fabrique.CreeMinuterie(QStringLiteral("TimerSeuil"), kSeuilMs, [this] { Jauge.AjusteSeuil(); });
+    m.Timer3 = fabrique.CreeMinuterie(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
+    m.TimerAutoStar =
+        fabrique.CreeMinuterie(QStringLiteral("TimerAutoStar"), kSecondeMs, [this] { Alarme.DemarreAuto(); });
+    return m;
+  }
+
+  /// The tick of Timer2: the warm-up is over. It goes on every 15 s to no further effect, since TimerSeuil, once
+  /// enabled, stays so until the camera stops.
+  void LanceSeuil() {
+    Minuteries.Timer2->ChangeIntervalle(kSeuilSuivantMs);
+    Minuteries.TimerSeuil->Active();
+  }
+};
+
+Surveillance::Surveillance(const PortsSurveillance& ports) : Regles_(std::make_unique<ReglesSurveillance>(ports)) {}
+Surveillance::~Surveillance() = default;
+
+const EtatDetection& Surveillance::Detection() const { return Regles_->Etat.Detection; }
+const EtatCamera& Surveillance::Camera() const { return Regles_->Etat.Camera; }
+const EtatAlarme& Surveillance::Alarme() const { return Regles_->Etat.Alarme; }
+SurfaceImage& Surveillance::Surface() { return Regles_->Etat.Surface; }
+const SurfaceImage& Surveillance::Surface() const { return Regles_->Etat.Surface; }
+bool Surveillance::CompteAReboursEnCours() const { return Regles_->Minuteries.Timer3->EstActive(); }
+const QImage& Surveillance::VuePixel() const { return Regles_->Analyse.Vue().Image(); }
+
+void Surveillance::BasculeCamera() { Regles_->Camera.BasculeCamera(); }
+void Surveillance::BasculeAlarme() { Regles_->Alarme.BasculeAlarme(); }
+void Surveillance::DesarmeAlarme() { Regles_->Alarme.DesarmeAlarme(); }
+void Surveillance::MontreDialogueFormat() { Regles_->Camera.MontreDialogueFormat(); }
+void Surveillance::MontreDialogueSource() { Regles_->Camera.MontreDialogueSource(); }
+
+void Surveillance::SourisJauge(double x, bool boutonGaucheSeul) { Regles_->Jauge.SuitSouris(x, boutonGaucheSeul); }
+void Surveillance::DoubleClicJauge() { Regles_->Jauge.DoubleClic(); }
+void Surveillance::DessineSeuil(qint32 valeur) { Regles_->Jauge.DessineSeuil(valeur); }
+
+void Surveillance::SourisZoneAppuyee(double x, double y) { Regles_->Souris.Appuie(x, y); }
+void Surveillance::SourisZoneDeplacee(double x, double y) { Regles_->Souris.Deplace(x, y); }
+void Surveillance::SourisZoneRelachee(double x, double y) { Regles_->Souris.Relache(x, y); }
+
+// Neither choice clears the small view; the next frame does.
+void Surveillance::ChoisitModeZoom(bool zoom) { Regles_->Etat.Detection.ModeZoom = zoom; }
+void Surveillance::CacheMoniteur() { Regles_->Etat.Camera.MoniteurCache = true; }
+QString Surveillance::ChangeTexteRetard(const QString& texte) { return Regles_->Alarme.ChangeTexteRetard(texte); }
+void Surveillance::LitArguments(const QString& ligneCommande) { Regles_->Alarme.LitArguments(ligneCommande); }
+void Surveillance::RelanceDemarrageAuto() { Regles_->Alarme.RelanceDemarrageAuto(); }
+void Surveillance::SuspendTic() { Regles_->Minuteries.Timer1->Desactive(); }
+void Surveillance::ReprendTic() { Regles_->Minuteries.Timer1->Active(); }
+
+void Surveillance::DeconnectePilote() { Regles_->Camera.DeconnectePilote(); }
+
+void Surveillance::Arrete() {
+  Regles_->Etat.Alarme.AlarmeArmee = false;
+  Regles_->Minuteries.Timer1->Desactive();
+  Regles_->Minuteries.Timer2->Desactive();
+}
+
+}  // namespace vaktor

@@ -1,0 +1,30 @@
+// Everything that the engine is given from outside, in one bundle.
+#pragma once
+
+#include "engine/ports/alarm_actions.h"
+#include "engine/ports/capture_driver.h"
+#include "engine/ports/clock.h"
+#include "engine/ports/event_pump.h"
+#include "engine/ports/interface_sounds.h"
+#include "engine/ports/surveillance_display.h"
+#include "engine/ports/timers.h"
+#include "settings/parameters.h"
+#include "settings/saving.h"
+
+namespace vaktor {
+
+/// All references outlive the engine.
+struct PortsSurveillance {
+  Parametres& Reglages;
+  SauvegardeParametres& Sauvegarde;
+  PiloteCapture& Pilote;
+  FabriqueMinuteries& Minuteries;
+  Horloge& Temps;
+  PompeEvenements& Pompe;
+  SonsInterface& Sons;
+  ActionsAlarme& Actions;
+  LiaisonLive& Live;
+  AffichageSurveillance& Affichage;
+};
+
+}  // namespace vaktor

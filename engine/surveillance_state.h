@@ -1,0 +1,28 @@
+// The engine's own state and timers, shared by its rules. Each field has one writer or a few that its comment names.
+#pragma once
+
+#include <memory>
+
+#include "engine/detection_state.h"
+#include "engine/frame_surface.h"
+#include "engine/ports/timers.h"
+
+namespace vaktor {
+
+struct EtatSurveillance {
+  EtatDetection Detection;
+  EtatCamera Camera;
+  EtatAlarme Alarme;
+  SurfaceImage Surface;
+};
+
+/// The timers of the main form. The start intervals stand where they are made.
+struct MinuteriesSurveillance {
+  std::unique_ptr<Minuterie> Timer1;         ///< the tick of surveillance
+  std::unique_ptr<Minuterie> Timer2;         ///< starts TimerSeuil two seconds after the camera
+  std::unique_ptr<Minuterie> TimerSeuil;     ///< automatic tolerance
+  std::unique_ptr<Minuterie> Timer3;         ///< enabled means: the countdown runs
+  std::unique_ptr<Minuterie> TimerAutoStar;  ///< one shot for the start arguments
+};
+
+}  // namespace vaktor

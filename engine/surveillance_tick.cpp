@@ -1,0 +1,58 @@
+#include "engine/surveillance_tick.h"
+
+#include <exception>
+
+#include "base/numbers.h"
+#include "engine/detection_zone.h"
+
+namespace vaktor {
+
+TicSurveillance::TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse)
+    : Ports_(ports), Etat_(etat), Analyse_(analyse) {}
+
+void TicSurveillance::TraiteTic() {
+  if (!Etat_.Camera.CameraActive) return;
+  // The surface still holds the frame of the last tick with what was drawn over it: the enlarged view runs one tick
+  // behind and shows the outlines.
+  Ports_.Affichage.CopiePleinEcran();
+  try {
+    TraiteImage();
+  } catch (const std::exception&) {
+    // Detection does not stop because a photo could not be written. What shows is that the labels stand still.
+  }
+}
+
+void TicSurveillance::TraiteImage() {
+  PoseImage();
+  Analyse_.AnalyseMouvement();
+  MontreZoom();
+  Ports_.Affichage.RafraichitPleinEcran();
+  ReposeBoite();
+}
+
+void TicSurveillance::PoseImage() {
+  // A failed grab is not looked at: the earlier frame goes on, and its outlines are wiped all the same.
+  Ports_.Pilote.SaisitImage();
+  Ports_.Affichage.MontreSignalPerdu(Ports_.Pilote.SignalPerdu());
+  const QSize avant = Etat_.Surface.Taille();
+  Etat_.Surface.Pose(Ports_.Pilote.CopieImage());
+  if (Etat_.Surface.Taille() != avant) SuitTailleSurface(Etat_);
+}
+
+void TicSurveillance::MontreZoom() {
+  const EtatDetection& detection = Etat_.Detection;
+  const BoiteMouvement& boite = detection.Mouv;
+  // 0 is taken for "nothing found": motion that touches only column 0 or row 0 gives no zoom.
+  if (!detection.ModeZoom || boite.MaxX == 0 || boite.MaxY == 0 || detection.NbrPoints <= kSeuilZoom) return;
+  // One pixel less on each side. A thin box gives a width or height of zero or less; it is passed on as it is.
+  const qint32 largeur = SoustraitVerifie(SoustraitVerifie(boite.MaxX, boite.MinX), 2);
+  const qint32 hauteur = SoustraitVerifie(SoustraitVerifie(boite.MaxY, boite.MinY), 2);
+  Ports_.Affichage.MontreZoom(QRect(AjouteVerifie(boite.MinX, 1), AjouteVerifie(boite.MinY, 1), largeur, hauteur));
+}
+
+void TicSurveillance::ReposeBoite() {
+  const QSize taille = Etat_.Surface.Taille();
+  Etat_.Detection.Mouv = {.MinX = taille.width(), .MaxX = 0, .MinY = taille.height(), .MaxY = 0};
+}
+
+}  // namespace vaktor

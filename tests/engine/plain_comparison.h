@@ -1,0 +1,48 @@
+// The comparison written the obvious way, as the judge of the fast one.
+#pragma once
+
+#include <vector>
+
+#include "engine/frame_comparison.h"
+
+namespace vaktor::faux {
+
+/// Sample by sample over 64-bit numbers, with a table of its own shape: a plain vector, first rank given.
+inline ResultatComparaison CompareNaivement(const TrameBrute& trame, const ZoneDetection& zone, qint32 tolerance,
+                                            std::vector<qint32>& table, qint32 premierRang) {
+  ResultatComparaison resultat;
+  std::size_t rang = static_cast<std::size_t>(premierRang);
+  for (qint64 y = zone.Haut; y <= zone.Bas; y += 3) {
+    for (qint64 x = zone.Gauche; x <= zone.Droite; x += 3) {
+      if (rang >= table.size()) {
+        resultat.TablePleine = true;
+        return resultat;
+      }
+      qint64 couleur = -1;
+      if (x >= 0 && x < trame.Largeur && y >= 0 && y < trame.Hauteur) {
+        const uchar* pixel = trame.Bits + y * trame.OctetsParLigne + 4 * x;
+        couleur = pixel[0] * 65536 + pixel[1] * 256 + pixel[2];
+      }
+      const qint64 ancienne = table[rang];
+      const bool inchange = couleur <= ancienne + tolerance && couleur >= ancienne - tolerance;
+      if (!inchange) {
+        BoiteMouvement& boite = resultat.Boite;
+        if (resultat.NbrPoints++ == 0) {
+          boite = {.MinX = static_cast<qint32>(x),
+                   .MaxX = static_cast<qint32>(x),
+                   .MinY = static_cast<qint32>(y),
+                   .MaxY = static_cast<qint32>(y)};
+        }
+        if (x < boite.MinX) boite.MinX = static_cast<qint32>(x);
+        if (x > boite.MaxX) boite.MaxX = static_cast<qint32>(x);
+        if (y < boite.MinY) boite.MinY = static_cast<qint32>(y);
+        if (y > boite.MaxY) boite.MaxY = static_cast<qint32>(y);
+      }
+      table[rang++] = static_cast<qint32>(couleur);
+      ++resultat.Echantillons;
+    }
+  }
+  return resultat;
+}
+
+}  // namespace vaktor::faux

@@ -1,0 +1,210 @@
+// The switch of the camera: start, stop, failure, the monitor that was closed, the dialogs, the end of the program.
+#include "engine/engine_fixture.h"
+
+namespace vaktor {
+namespace {
+
+using Camera = BancEssai;
+
+TEST_F(Camera, StartsInOrder) {
+  Journal.Ecoute();
+  Engin.BasculeCamera();
+  EXPECT_EQ(Journal.Lignes(),
+            (QStringList{QStringLiteral("SurvolSon 17"), QStringLiteral("MontreMoniteur"), QStringLiteral("Connecte"),
+                         QStringLiteral("PompeMessages"), QStringLiteral("DessineJaugeHaute 7000000"),
+                         QStringLiteral("ActiveBouton 1"), QStringLiteral("ActiveBouton 2")}));
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+  EXPECT_TRUE(Active("Timer1"));
+  EXPECT_TRUE(Active("Timer2"));
+  EXPECT_FALSE(Active("TimerSeuil"));
+  EXPECT_FALSE(Active("Timer3"));
+  EXPECT_EQ(Detection().PasSeuil, 10000);
+}
+
+TEST_F(Camera, AutomaticToleranceStartsAtTheTop) {
+  Reglages.SeuilDetection = 1234;
+  Engin.BasculeCamera();
+  EXPECT_EQ(Reglages.SeuilDetection, 7000000);
+}
+
+TEST_F(Camera, ManualToleranceIsKeptAndStillDrawn) {
+  Reglages.SeuilAuto = false;
+  Reglages.SeuilDetection = 1234;
+  Reglages.ParametresModifies = false;
+  Engin.BasculeCamera();
+  EXPECT_EQ(Reglages.SeuilDetection, 1234);
+  EXPECT_EQ(Affichage.Jauge, 1234);
+  EXPECT_TRUE(Reglages.ParametresModifies);
+}
+
+TEST_F(Camera, ManualToleranceOfAFirstRunIsLiftedToOne) {
+  Reglages.SeuilAuto = false;
+  Engin.BasculeCamera();
+  EXPECT_EQ(Reglages.SeuilDetection, 1);
+  EXPECT_EQ(Affichage.Jauge, 0);  // drawn as passed
+}
+
+TEST_F(Camera, StartSetsTheZoneToTheSizeOfTheSurfaceAsItStands) {
+  Image(Unie(0, 640, 480));
+  Engin.BasculeCamera();
+  AttendZone(Zone(), 1, 1, SurfaceImage::kLargeurInitiale, SurfaceImage::kHauteurInitiale);
+}
+
+TEST_F(Camera, FirstFrameOfAnotherSizeMovesAllEdgesButTheTop) {
+  Engin.BasculeCamera();
+  Trame(Unie(0, 640, 480));
+  AttendZone(Zone(), 0, 1, 640, 480);
+}
+
+TEST_F(Camera, FailedStartTellsAndChangesNothing) {
+  Pilote.Presente = false;
+  Engin.SuspendTic();
+  Engin.BasculeCamera();
+  EXPECT_EQ(Affichage.CamerasIntrouvables, 1);
+  EXPECT_FALSE(Engin.Camera().CameraActive);
+  EXPECT_FALSE(Active("Timer1"));  // not touched
+  EXPECT_FALSE(Active("Timer2"));
+  EXPECT_EQ(Pompe.Appels, 0);
+  EXPECT_EQ(Affichage.JaugesDessinees, 0);
+  AttendZone(Zone(), 0, 0, 0, 0);
+  EXPECT_TRUE(Affichage.MoniteurVisible);  // shown before the attempt
+  Pilote.Presente = true;
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, FirstClickAfterTheMonitorWasClosedOnlyShowsIt) {
+  Engin.CacheMoniteur();
+  Journal.Ecoute();
+  Engin.BasculeCamera();
+  EXPECT_EQ(Journal.Lignes(), (QStringList{QStringLiteral("SurvolSon 17"), QStringLiteral("MontreMoniteur")}));
+  EXPECT_FALSE(Engin.Camera().MoniteurCache);
+  EXPECT_FALSE(Engin.Camera().CameraActive);
+  AttendZone(Zone(), 0, 0, 0, 0);
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, MonitorClosedWhileTheCameraRunsLeavesItRunning) {
+  Engin.BasculeCamera();
+  Engin.CacheMoniteur();
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+  Engin.BasculeCamera();
+  EXPECT_FALSE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, SecondClickDeliveredInThePumpGoesThroughASecondStart) {
+  bool actifDansLaPompe = true;
+  Pompe.EnAttente = [&] {
+    actifDansLaPompe = Engin.Camera().CameraActive;
+    Engin.BasculeCamera();
+  };
+  Engin.BasculeCamera();
+  EXPECT_FALSE(actifDansLaPompe);
+  EXPECT_EQ(Pompe.Appels, 2);
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+  EXPECT_TRUE(Pilote.EstConnecte());
+}
+
+TEST_F(Camera, StopsInOrder) {
+  DemarreSurNoir();
+  Affichage.TexteRetard = QStringLiteral("10");
+  Journal.Ecoute();
+  Engin.BasculeCamera();
+  EXPECT_EQ(Journal.Lignes(),
+            (QStringList{QStringLiteral("SurvolSon 17"), QStringLiteral("MontreMoniteur"), QStringLiteral("Deconnecte"),
+                         QStringLiteral("MontreSignalPerdu 0"), QStringLiteral("MontreLampeSurveillance 0"),
+                         QStringLiteral("MontreLampeAlarme 0"), QStringLiteral("OublieLive"),
+                         QStringLiteral("MontreSurveillanceInactive"), QStringLiteral("MontreLibelleAlarme 2"),
+                         QStringLiteral("EcritRetard 10")}));
+  for (const char* nom : {"Timer1", "Timer2", "Timer3", "TimerSeuil"}) EXPECT_FALSE(Active(nom)) << nom;
+}
+
+TEST_F(Camera, StopEmptiesTheSurfaceAndKeepsItsSize) {
+  DemarreSurNoir();
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Engin.Surface().Image().isNull());
+  EXPECT_EQ(Engin.Surface().NombreContours(), 0);
+  EXPECT_EQ(Engin.Surface().Taille(), QSize(kLargeur, kHauteur));
+  AttendZone(Zone(), 1, 1, kLargeur, kHauteur);
+}
+
+TEST_F(Camera, StopTakesTheLostSignalAway) {
+  DemarreSurNoir();
+  Pilote.Perdu = true;
+  Tic();
+  EXPECT_TRUE(Affichage.SignalPerdu);
+  Engin.BasculeCamera();
+  EXPECT_FALSE(Affichage.SignalPerdu);
+}
+
+TEST_F(Camera, StopEndsTheCountdown) {
+  DemarreSurNoir();
+  Engin.BasculeAlarme();
+  Temps.Avance(3000);
+  EXPECT_EQ(Engin.Alarme().CompteARebours, 7);
+  Engin.BasculeCamera();
+  EXPECT_FALSE(Engin.CompteAReboursEnCours());
+  EXPECT_EQ(Engin.Alarme().CompteARebours, 10);
+  EXPECT_EQ(Affichage.LampeAlarme, Lampe::kRouge);
+}
+
+TEST_F(Camera, StopDisarms) {
+  ArmeSurNoir();
+  Live.Actif = true;
+  Engin.BasculeCamera();
+  EXPECT_FALSE(Engin.Alarme().AlarmeArmee);
+  EXPECT_FALSE(Live.Actif);
+  EXPECT_EQ(Affichage.LampeAlarme, Lampe::kRouge);
+}
+
+TEST_F(Camera, RestartSetsTheWarmUpBackToTwoSeconds) {
+  Engin.BasculeCamera();
+  Temps.Avance(2000);
+  EXPECT_TRUE(Active("TimerSeuil"));
+  EXPECT_EQ(Temps.Trouve(QStringLiteral("Timer2"))->Intervalle(), 15000);
+  Engin.BasculeCamera();
+  Engin.BasculeCamera();
+  EXPECT_EQ(Temps.Trouve(QStringLiteral("Timer2"))->Intervalle(), 2000);
+  Temps.Avance(1999);
+  EXPECT_FALSE(Active("TimerSeuil"));
+  Temps.Avance(1);
+  EXPECT_TRUE(Active("TimerSeuil"));
+}
+
+TEST_F(Camera, DialogsNeedARunningCamera) {
+  Journal.Ecoute();
+  Engin.MontreDialogueFormat();
+  Engin.MontreDialogueSource();
+  EXPECT_EQ(Affichage.CamerasInactives, 2);
+  EXPECT_EQ(Journal.Rang(QStringLiteral("DialogueFormat")), -1);
+  Engin.BasculeCamera();
+  Engin.MontreDialogueFormat();
+  Engin.MontreDialogueSource();
+  EXPECT_EQ(Affichage.CamerasInactives, 2);
+  EXPECT_LT(Journal.Rang(QStringLiteral("DialogueFormat")), Journal.Rang(QStringLiteral("DialogueSource")));
+  EXPECT_GE(Journal.Rang(QStringLiteral("DialogueFormat")), 0);
+}
+
+TEST_F(Camera, EndOfTheProgramLetsTheDriverGoOnlyWhenItRuns) {
+  Journal.Ecoute();
+  Engin.DeconnectePilote();
+  EXPECT_TRUE(Journal.Lignes().isEmpty());
+  Engin.BasculeCamera();
+  Engin.DeconnectePilote();
+  EXPECT_FALSE(Pilote.EstConnecte());
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, EndOfTheProgramStopsTheTimersOfTheTick) {
+  ArmeSurNoir();
+  Engin.Arrete();
+  EXPECT_FALSE(Engin.Alarme().AlarmeArmee);
+  EXPECT_FALSE(Active("Timer1"));
+  EXPECT_FALSE(Active("Timer2"));
+  EXPECT_TRUE(Active("TimerSeuil"));  // it dies with its form
+}
+
+}  // namespace
+}  // namespace vaktor

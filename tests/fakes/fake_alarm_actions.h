@@ -1,0 +1,62 @@
+// The alarm's actions and the live page, counted instead of done.
+#pragma once
+
+#include "base/failure.h"
+#include "engine/ports/alarm_actions.h"
+#include "fakes/journal.h"
+
+namespace vaktor::faux {
+
+class ActionsFausses : public ActionsAlarme {
+ public:
+  explicit ActionsFausses(Journal& journal) : Journal_(journal) {}
+
+  void EnregistrePhoto() override {
+    Journal_.Note([] { return QStringLiteral("EnregistrePhoto"); });
+    ++Photos;
+    if (PhotoEchoue) throw Echec(kAppelIncorrect, QStringLiteral("the photo cannot be written"));
+  }
+  void EnvoiMail(const QString& mot) override {
+    Journal_.Note([&] { return QStringLiteral("EnvoiMail ") + mot; });
+    ++Mails;
+  }
+  void EnvoiSon(const QString& mot) override {
+    Journal_.Note([&] { return QStringLiteral("EnvoiSon ") + mot; });
+    ++Sons;
+  }
+
+  bool PhotoEchoue = false;
+  qint32 Photos = 0, Mails = 0, Sons = 0;
+
+ private:
+  Journal& Journal_;
+};
+
+class LiaisonLiveFausse : public LiaisonLive {
+ public:
+  explicit LiaisonLiveFausse(Journal& journal) : Journal_(journal) {}
+
+  bool LiveActif() const override { return Actif; }
+  void OublieLive() override {
+    Journal_.Note([] { return QStringLiteral("OublieLive"); });
+    Actif = false;
+  }
+  void PublieLive() override {
+    Journal_.Note([] { return QStringLiteral("PublieLive"); });
+    ++Publications;
+    if (PublicationEchoue) throw Echec(kAppelIncorrect, QStringLiteral("the live image cannot be written"));
+  }
+  void BasculeLive() override {
+    Journal_.Note([] { return QStringLiteral("BasculeLive"); });
+    ++Bascules;
+  }
+
+  bool Actif = false;
+  bool PublicationEchoue = false;
+  qint32 Publications = 0, Bascules = 0;
+
+ private:
+  Journal& Journal_;
+};
+
+}  // namespace vaktor::faux

@@ -1,0 +1,59 @@
+// A camera whose pictures the test paints.
+#pragma once
+
+#include <functional>
+
+#include "engine/ports/capture_driver.h"
+#include "fakes/journal.h"
+
+namespace vaktor::faux {
+
+class PiloteFaux : public PiloteCapture {
+ public:
+  explicit PiloteFaux(Journal& journal) : Journal_(journal) {}
+
+  bool Connecte() override {
+    Journal_.Note([] { return QStringLiteral("Connecte"); });
+    if (Connecte_) Deconnecte();
+    Connecte_ = Presente;
+    return Connecte_;
+  }
+  void Deconnecte() override {
+    Journal_.Note([] { return QStringLiteral("Deconnecte"); });
+    Connecte_ = false;
+  }
+  bool SaisitImage() override {
+    Journal_.Note([] { return QStringLiteral("SaisitImage"); });
+    ++Saisies;
+    if (Muette) return false;
+    Saisie_ = Suivante ? Suivante() : Image;
+    return true;
+  }
+  QImage CopieImage() const override {
+    Journal_.Note([] { return QStringLiteral("CopieImage"); });
+    return Saisie_;
+  }
+  bool SignalPerdu() const override { return Perdu; }
+  void MontreDialogueFormat() override {
+    Journal_.Note([] { return QStringLiteral("DialogueFormat"); });
+  }
+  void MontreDialogueSource() override {
+    Journal_.Note([] { return QStringLiteral("DialogueSource"); });
+  }
+
+  bool EstConnecte() const { return Connecte_; }
+
+  bool Presente = true;              ///< Connecte succeeds
+  bool Muette = false;               ///< SaisitImage finds no newer frame
+  bool Perdu = false;                ///< SignalPerdu
+  QImage Image;                      ///< the frame that the next grab takes
+  std::function<QImage()> Suivante;  ///< if set, asked for a frame at each grab instead
+  qint32 Saisies = 0;
+
+ private:
+  Journal& Journal_;
+  QImage Saisie_;
+  bool Connecte_ = false;
+};
+
+}  // namespace vaktor::faux

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "fakes/journal.h"
+#include "settings/parameters.h"
+#include "settings/saving.h"
+
+namespace vaktor::faux {
+
+/// Counts the saves and clears ParametresModifies as a save does.
+class SauvegardeFausse : public SauvegardeParametres {
+ public:
+  SauvegardeFausse(Journal& journal, Parametres& reglages) : Journal_(journal), Reglages_(reglages) {}
+
+  void SauveParametres() override {
+    Journal_.Note([] { return QStringLiteral("SauveParametres"); });
+    ModifiesALaSauvegarde = Reglages_.ParametresModifies;
+    Reglages_.ParametresModifies = false;
+    ++Sauvegardes;
+  }
+
+  qint32 Sauvegardes = 0;
+  bool ModifiesALaSauvegarde = false;  ///< ParametresModifies as the last save found it
+
+ private:
+  Journal& Journal_;
+  Parametres& Reglages_;
+};
+
+}  // namespace vaktor::faux
