@@ -44,15 +44,24 @@ class PetitDisque {
   }
 
   bool EntreDansUnEspacePropre() {
-    const uid_t utilisateur = ::getuid();
+    const QByteArray utilisateur = QByteArray::number(::getuid());
+    const QByteArray groupe = QByteArray::number(::getgid());
     if (::unshare(CLONE_NEWNS) != 0) {
+      // Not root: root of a namespace of users that knows nobody else.
       if (!Retient(::unshare(CLONE_NEWUSER | CLONE_NEWNS) == 0, "unshare")) return false;
-      QFile table(QStringLiteral("/proc/self/uid_map"));
-      const QByteArray ligne = "0 " + QByteArray::number(utilisateur) + " 1";
-      if (!Retient(table.open(QIODevice::WriteOnly) && table.write(ligne) == ligne.size(), "uid_map")) return false;
+      if (!Retient(Ecrit("setgroups", "deny") && Ecrit("uid_map", "0 " + utilisateur + " 1") &&
+                       Ecrit("gid_map", "0 " + groupe + " 1"),
+                   "id maps")) {
+        return false;
+      }
     }
     // Without this the mount would show up outside.
     return Retient(::mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0, "private mounts");
+  }
+
+  static bool Ecrit(const char* table, const QByteArray& ligne) {
+    QFile fichier(QStringLiteral("/proc/self/") + QString::fromLatin1(table));
+    return fichier.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && fichier.write(ligne) == ligne.size();
   }
 
   QTemporaryDir Dossier_;
