@@ -1,0 +1,174 @@
+// Everything around the companions' rules, recorded in one journal, so that orders across ports can be told.
+#pragma once
+
+#include <QStringList>
+#include <map>
+#include <memory>
+
+#include "base/ports/opener.h"
+#include "companions/form_winsock.h"
+#include "companions/live_publishing.h"
+#include "companions/module_lifecycle.h"
+#include "companions/module_send_messages.h"
+
+namespace vaktor::essai {
+
+/// Timers advanced by hand, in whole milliseconds.
+class FabriqueMain : public FabriqueMinuteries {
+ public:
+  struct Etat {
+    QString Nom;
+    qint32 Intervalle = 0;
+    qint32 Reste = 0;
+    bool Active = false;
+    std::function<void()> Tic;
+  };
+  class Une : public Minuterie {
+   public:
+    explicit Une(std::shared_ptr<Etat> etat) : E_(std::move(etat)) {}
+    ~Une() override { E_->Active = false; }
+    void ChangeIntervalle(qint32 ms) override { E_->Intervalle = E_->Reste = ms; }
+    qint32 Intervalle() const override { return E_->Intervalle; }
+    void Active() override {
+      if (E_->Active) return;
+      E_->Active = true;
+      E_->Reste = E_->Intervalle;
+    }
+    void Desactive() override { E_->Active = false; }
+    bool EstActive() const override { return E_->Active; }
+
+   private:
+    std::shared_ptr<Etat> E_;
+  };
+  std::unique_ptr<Minuterie> CreeMinuterie(const QString& nom, qint32 ms, std::function<void()> tic) override {
+    Etats.push_back(std::make_shared<Etat>(Etat{nom, ms, ms, false, std::move(tic)}));
+    return std::make_unique<Une>(Etats.back());
+  }
+  void Avance(qint32 ms) {
+    for (; ms > 0; --ms)
+      for (const auto& etat : Etats)
+        if (etat->Active && --etat->Reste == 0) {
+          etat->Reste = etat->Intervalle;
+          etat->Tic();
+        }
+  }
+  std::vector<std::shared_ptr<Etat>> Etats;
+};
+
+class CanalFaux : public CanalMessages {
+ public:
+  explicit CanalFaux(QStringList& journal) : J_(journal) {}
+  qint32 OuvreBoite(std::function<void(const QString&)> recu) override {
+    const qint32 poignee = Prochaine++;
+    Boites[poignee] = std::move(recu);
+    J_ << QStringLiteral("ouvre %1").arg(poignee);
+    return poignee;
+  }
+  void FermeBoite(qint32 poignee) override { Boites.erase(poignee); }
+  void PosteTouche(qint32 poignee, qint32 code) noexcept override {
+    J_ << QStringLiteral("poste %1 %2").arg(poignee).arg(code);
+  }
+  std::map<qint32, std::function<void(const QString&)>> Boites;
+  qint32 Prochaine = 1001;
+
+ private:
+  QStringList& J_;
+};
+
+class MagasinFaux : public MagasinReglages {
+ public:
+  explicit MagasinFaux(QStringList& journal) : J_(journal) {}
+  QString LitReglage(const QString&, const QString&, const QString& defaut) const override { return defaut; }
+  void EcritReglage(const QString& section, const QString& cle, const QString& valeur) override {
+    J_ << QStringLiteral("ecrit %1/%2=%3").arg(section, cle, valeur);
+  }
+  void Vide() override { J_ << QStringLiteral("vide"); }
+
+ private:
+  QStringList& J_;
+};
+
+class CommandesFaux : public CommandesModules {
+ public:
+  explicit CommandesFaux(QStringList& journal) : J_(journal) {}
+  void EnvoiFTP(const QString& mot) override { J_ << QStringLiteral("FTP ") + mot; }
+  void EnvoiMail(const QString& mot) override { J_ << QStringLiteral("MAIL ") + mot; }
+  void EnvoiSon(const QString& mot) override { J_ << QStringLiteral("SON ") + mot; }
+
+ private:
+  QStringList& J_;
+};
+
+/// Both displays of the main window; what the companions' rules never call is left without record.
+class FenetreFausse : public AffichageSurveillance, public AffichageLiaison {
+ public:
+  explicit FenetreFausse(QStringList& journal) : J_(journal) {}
+  static QString Nomme(Lampe lampe) {
+    if (lampe == Lampe::kRouge) return QStringLiteral("LEDRED");
+    return lampe == Lampe::kVerte ? QStringLiteral("LEDVERT") : QStringLiteral("LEDREDON");
+  }
+  void MontreLibelleAlarme(LibelleAlarme) override { J_ << QStringLiteral("libelle"); }
+  void GriseLibelleAlarme() override {}
+  void MontreCompteARebours(qint32) override {}
+  void MontreCompteurs(qint32, qint32) override {}
+  void MontreBarre(qint32) override {}
+  void RafraichitVue() override {}
+  void MontreVuePixel() override {}
+  void MontreZoom(const QRect&) override {}
+  void CopiePleinEcran() override {}
+  void RafraichitPleinEcran() override {}
+  void MontreMoniteur() override {}
+  void MontreSignalPerdu(bool) override {}
+  void ActiveBouton(qint32 index, bool actif) override {
+    J_ << QStringLiteral("Bouton(%1) %2").arg(index).arg(actif ? 1 : 0);
+  }
+  void MontreLampeAlarme(Lampe lampe) override { J_ << QStringLiteral("alarme ") + Nomme(lampe); }
+  void MontreLampeSurveillance(Lampe lampe) override { J_ << QStringLiteral("live ") + Nomme(lampe); }
+  void MontreSurveillanceInactive() override {}
+  void EcritRetard(qint32 secondes) override { J_ << QStringLiteral("Text1 %1").arg(secondes); }
+  void DessineJauge(qint32, bool) override {}
+  void AnnonceCameraIntrouvable() override {}
+  void AnnonceCameraInactive() override { J_ << QStringLiteral("boite 8"); }
+
+  void MontreStatut(int numero) override { J_ << QStringLiteral("statut %1").arg(numero); }
+  void MontreStatutLitteral(const QString& texte) override { J_ << QStringLiteral("statut ") + texte; }
+  void RougitChamp(ChampLiaison champ) override {
+    static const QStringList noms = {QStringLiteral("TxtFtp"), QStringLiteral("TxtFTPracine"),
+                                     QStringLiteral("TxtUserName"), QStringLiteral("TxtPass")};
+    J_ << QStringLiteral("rouge ") + noms.at(static_cast<int>(champ));
+  }
+  void MontrePageFtp() override { J_ << QStringLiteral("page 2"); }
+  bool DemandeParametresSite() override {
+    J_ << QStringLiteral("boite 9");
+    return ReponseOk;
+  }
+  bool ReponseOk = true;
+
+ private:
+  QStringList& J_;
+};
+
+/// Process table and programs on disk, as lists.
+class ProcessusFaux : public Processus {
+ public:
+  explicit ProcessusFaux(QStringList& journal) : J_(journal) {}
+  QList<ProcessusVu> PrendInstantane() const override { return Table; }
+  bool TermineProcessus(const ProcessusVu& vu) override {
+    J_ << QStringLiteral("termine %1").arg(vu.Pid);
+    if (Immortels.contains(vu.Pid)) return false;
+    Table.removeIf([&vu](const ProcessusVu& autre) { return autre.Pid == vu.Pid; });
+    return true;
+  }
+  bool LanceProgramme(const QString& chemin) override {
+    J_ << QStringLiteral("lance ") + chemin;
+    return !Absents.contains(chemin);
+  }
+  QList<ProcessusVu> Table;
+  QList<qint32> Immortels;
+  QStringList Absents;
+
+ private:
+  QStringList& J_;
+};
+
+}  // namespace vaktor::essai

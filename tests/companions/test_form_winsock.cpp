@@ -1,0 +1,187 @@
+// What each upward word does, row by row, and what it leaves alone.
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "companions/companion_fakes.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Winsock : testing::Test {
+  QStringList Journal;
+  CanalFaux Canal{Journal};
+  MagasinFaux Magasin{Journal};
+  FabriqueMain Minuteries;
+  CommandesFaux Commandes{Journal};
+  FenetreFausse Fenetre{Journal};
+  EtatLiaison Etat;
+  std::unique_ptr<FormWinsock> Form = std::make_unique<FormWinsock>(PortsWinsock{
+      Canal, Magasin, Minuteries, Commandes, Fenetre, Fenetre, Etat, [this] { Journal << QStringLiteral("relance"); }});
+
+  /// What a text in the FTP inbox leads to, with the switch on or off.
+  QString Recoit(const QString& texte, bool surveillance = true) {
+    Journal.clear();
+    Etat.SurveillanceEnCours = surveillance;
+    Etat.LiveActif = false;
+    Canal.Boites.at(1001)(texte);
+    return Journal.join(u'|');
+  }
+  FabriqueMain::Etat& Minuterie() { return *Minuteries.Etats.at(0); }
+};
+
+TEST_F(Winsock, PublishesTheThreeHandlesOnDiskBeforeAnythingElse) {
+  EXPECT_EQ(Journal.join(u'|'),
+            "ouvre 1001|ecrit FTP/HWNDVK=1001|ouvre 1002|ecrit MAIL/HWNDVK=1002|ouvre 1003|ecrit SON/HWNDVK=1003|vide");
+}
+
+TEST_F(Winsock, ClosesItsInboxesAtItsEnd) {
+  EXPECT_EQ(Canal.Boites.size(), 3U);
+  Form.reset();
+  EXPECT_TRUE(Canal.Boites.empty());
+}
+
+TEST_F(Winsock, EachInboxTakesTheHandleOfItsCompanion) {
+  Canal.Boites.at(1001)("HWND:70001");
+  Canal.Boites.at(1002)("HWND:70002");
+  Canal.Boites.at(1003)("HWND:70003");
+  EXPECT_EQ(Etat.HandleFTP, 70001);
+  EXPECT_EQ(Etat.HandleMail, 70002);
+  EXPECT_EQ(Etat.HandleSon, 70003);
+}
+
+TEST_F(Winsock, ALaterRegistrationReplacesTheHandle) {
+  Canal.Boites.at(1002)("HWND:5");
+  Canal.Boites.at(1002)("HWND:6");
+  EXPECT_EQ(Etat.HandleMail, 6);
+}
+
+TEST_F(Winsock, AHandleThatIsNoNumberFailsAndChangesNothing) {
+  Canal.Boites.at(1001)("HWND:5");
+  for (const char* texte : {"HWND:", "HWND:abc", "HWND:99999999999"})
+    EXPECT_THROW(Canal.Boites.at(1001)(texte), Echec) << texte;
+  EXPECT_EQ(Etat.HandleFTP, 5);
+}
+
+TEST_F(Winsock, MailAndSoundKnowNoOtherWord) {
+  Journal.clear();
+  Etat.SurveillanceEnCours = true;
+  for (const qint32 boite : {1002, 1003})
+    for (const char* mot : {"ErrCo", "ConOK", "*OKO*", "Netdc", "Hello", ""}) Canal.Boites.at(boite)(mot);
+  EXPECT_TRUE(Journal.isEmpty());
+  EXPECT_TRUE(Etat.SurveillanceEnCours);
+  EXPECT_FALSE(Etat.LiveActif);
+  EXPECT_FALSE(Etat.FtpModulePret);
+}
+
+TEST_F(Winsock, WordsThatOnlyShow) {
+  for (const bool surveillance : {true, false}) {
+    EXPECT_EQ(Recoit("Conne", surveillance), "statut 69");
+    EXPECT_EQ(Recoit("Decon", surveillance), "statut 34");
+    EXPECT_EQ(Recoit("Uploa", surveillance), "statut 70");
+    EXPECT_EQ(Recoit("SerTR", surveillance), QString::fromUtf8("statut Serveur trouvé"));
+    EXPECT_EQ(Recoit("Paswo", surveillance), "statut Identification");
+    EXPECT_EQ(Etat.SurveillanceEnCours, surveillance);
+    EXPECT_FALSE(Etat.LiveActif);
+  }
+}
+
+TEST_F(Winsock, GuardedWordsNeedTheSwitch) {
+  EXPECT_EQ(Recoit("Surve"), "statut 33|live LEDVERT");
+  EXPECT_FALSE(Etat.LiveActif);
+  EXPECT_EQ(Recoit("UplOK"), "statut 37|live LEDVERT");
+  EXPECT_TRUE(Etat.LiveActif);
+  EXPECT_EQ(Recoit("ConOK"), "statut 36|live LEDVERT");
+  EXPECT_TRUE(Etat.LiveActif);
+}
+
+TEST_F(Winsock, GuardedWordsWithTheSwitchOffChangeNothingAtAll) {
+  for (const char* mot : {"Surve", "UplOK", "ConOK"}) {
+    EXPECT_EQ(Recoit(mot, false), "") << mot;
+    EXPECT_FALSE(Etat.LiveActif) << mot;
+  }
+}
+
+TEST_F(Winsock, ErrorWordsMarkTheirFieldsAndEndTheLink) {
+  const QList<QPair<QString, QString>> attendus = {
+      {"SerER", "statut 71|live LEDRED|rouge TxtFtp|page 2"},
+      {"RepER", "statut 72|live LEDRED|rouge TxtFTPracine|page 2"},
+      {"LogEr", "statut 38|live LEDRED|rouge TxtUserName|rouge TxtPass|page 2"},
+      {"ErrCo", "statut 39|live LEDRED|page 2"},
+      {"Upnot", "statut 40|page 2"},  // the lamp stays as it is
+  };
+  for (const auto& [mot, attendu] : attendus) {
+    Etat.LiveActif = true;
+    EXPECT_EQ(Recoit(mot), attendu);
+    EXPECT_FALSE(Etat.SurveillanceEnCours) << mot.toStdString();
+    EXPECT_FALSE(Etat.LiveActif) << mot.toStdString();
+  }
+}
+
+TEST_F(Winsock, AnErrorWordEndsALinkThatWasLive) {
+  Etat.SurveillanceEnCours = true;
+  Etat.LiveActif = true;
+  Form->ChangeTxtCmdFTP("ErrCo");
+  EXPECT_FALSE(Etat.SurveillanceEnCours);
+  EXPECT_FALSE(Etat.LiveActif);
+}
+
+TEST_F(Winsock, ReadyWithoutStartArgumentsOnlySetsItsFlag) {
+  EXPECT_FALSE(Etat.FtpModulePret);
+  EXPECT_EQ(Recoit("*OKO*"), "relance");  // whether an argument was given is the engine's to know
+  EXPECT_TRUE(Etat.FtpModulePret);
+}
+
+TEST_F(Winsock, ReadyAgainStartsTheArgumentsAgain) {
+  Recoit("*OKO*");
+  EXPECT_EQ(Recoit("*OKO*"), "relance");
+}
+
+TEST_F(Winsock, OnlyFiveCharactersCount) {
+  EXPECT_EQ(Recoit("UplOK 1234"), "statut 37|live LEDVERT");
+  EXPECT_EQ(Recoit("Connexion"), "statut 69");
+}
+
+TEST_F(Winsock, UnknownShortAndEmptyTextsAreDropped) {
+  for (const char* texte : {"", "Conn", "conne", "Hello", " Conne", "\x01\x02\x03\x04\x05", "HWND"})
+    EXPECT_EQ(Recoit(texte), "") << texte;
+}
+
+TEST_F(Winsock, NoConnectionIsTriedAgainOnceAfterAMinute) {
+  Etat.LiveActif = true;
+  Etat.SurveillanceEnCours = true;
+  Journal.clear();
+  Form->ChangeTxtCmdFTP("Netdc");
+  EXPECT_EQ(Journal.join(u'|'), "statut 174");
+  EXPECT_TRUE(Etat.SurveillanceEnCours);
+  EXPECT_TRUE(Etat.LiveActif);
+  EXPECT_EQ(Minuterie().Nom, "TimerFTPreconnect");
+  Journal.clear();
+  Minuteries.Avance(59999);
+  EXPECT_TRUE(Journal.isEmpty());
+  Minuteries.Avance(1);
+  EXPECT_EQ(Journal.join(u'|'), "FTP Surve");
+  EXPECT_FALSE(Minuterie().Active);
+  Minuteries.Avance(120000);
+  EXPECT_EQ(Journal.size(), 1);
+}
+
+TEST_F(Winsock, NoRetryWhenTheSwitchHasGoneOffMeanwhile) {
+  Recoit("Netdc");
+  Etat.SurveillanceEnCours = false;
+  Journal.clear();
+  Minuteries.Avance(60000);
+  EXPECT_TRUE(Journal.isEmpty());
+  EXPECT_FALSE(Minuterie().Active);
+}
+
+TEST_F(Winsock, ASecondReportDoesNotPutTheRetryOff) {
+  Recoit("Netdc");
+  Minuteries.Avance(30000);
+  Recoit("Netdc");
+  Journal.clear();
+  Minuteries.Avance(30000);
+  EXPECT_EQ(Journal.join(u'|'), "FTP Surve");
+}
+
+}  // namespace
+}  // namespace vaktor::essai
