@@ -22,6 +22,9 @@ IdentiteCompagnon DonneIdentite(Compagnon compagnon);
 
 /// Key of the store, in each companion's section: the decimal handle of the inbox that it talks to.
 inline constexpr QLatin1String kCleHwndvk("HWNDVK");
+/// Environment variable of a companion: the private folder of the main program that started it, where there is one. The
+/// store, the photos and everything else that is written then lie below it.
+inline constexpr QLatin1String kVariableDossier("VAKTOR_DOSSIER");
 /// First word of a companion, followed directly by the decimal handle that is to receive its commands.
 inline constexpr QLatin1String kMotHwnd("HWND:");
 inline constexpr qsizetype kLongueurMot = 5;  ///< characters that count in every word, downwards and upwards

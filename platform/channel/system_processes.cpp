@@ -13,6 +13,8 @@
 #include <QProcessEnvironment>
 #include <optional>
 
+#include "companions/contract/command_words.h"
+
 namespace vaktor {
 
 namespace {
@@ -33,6 +35,17 @@ std::optional<ProcessusVu> LitProcessus(qint32 pid) {
   if (executable.isEmpty()) return std::nullopt;
   vu.Nom = QFileInfo(executable).fileName();
   return vu;
+}
+
+/// The private folder that a process was started with; empty for none.
+QString LitDossierPrive(qint32 pid) {
+  QFile milieu(kProc + QString::number(pid) + QStringLiteral("/environ"));
+  if (!milieu.open(QIODevice::ReadOnly)) return {};
+  const QByteArray debut = QByteArray(kVariableDossier.data(), kVariableDossier.size()) + '=';
+  const QList<QByteArray> variables = milieu.readAll().split('\0');
+  for (const QByteArray& variable : variables)
+    if (variable.startsWith(debut)) return QFile::decodeName(variable.mid(debut.size()));
+  return {};
 }
 
 class Descripteur {
@@ -57,6 +70,9 @@ class Descripteur {
 
 }  // namespace
 
+ProcessusSysteme::ProcessusSysteme(const QString& dossierPrive)
+    : DossierPrive_(dossierPrive.isEmpty() ? QString() : QDir(dossierPrive).absolutePath()) {}
+
 QList<ProcessusVu> ProcessusSysteme::PrendInstantane() const {
   QList<ProcessusVu> table;
   const QStringList noms = QDir(kProc).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
@@ -64,7 +80,10 @@ QList<ProcessusVu> ProcessusSysteme::PrendInstantane() const {
     bool nombre = false;
     const qint32 pid = nom.toInt(&nombre);
     if (!nombre || pid == ::getpid()) continue;
-    if (const std::optional<ProcessusVu> vu = LitProcessus(pid)) table.append(*vu);
+    const std::optional<ProcessusVu> vu = LitProcessus(pid);
+    if (!vu) continue;
+    const QString dossier = LitDossierPrive(pid);
+    if (dossier.isEmpty() || dossier == DossierPrive_) table.append(*vu);
   }
   return table;
 }
@@ -92,8 +111,10 @@ bool ProcessusSysteme::LanceProgramme(const QString& chemin) {
   programme.setStandardInputFile(QProcess::nullDevice());
   programme.setWorkingDirectory(fichier.absolutePath());
   QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
-  for (auto variable = Variables_.cbegin(); variable != Variables_.cend(); ++variable)
-    milieu.insert(variable.key(), variable.value());
+  if (DossierPrive_.isEmpty())
+    milieu.remove(kVariableDossier);  // one that this program inherited is not its own
+  else
+    milieu.insert(kVariableDossier, DossierPrive_);
   programme.setProcessEnvironment(milieu);
   return programme.startDetached();
 }

@@ -2,7 +2,6 @@
 // which another process has taken over in the meantime is never hit.
 #pragma once
 
-#include <QHash>
 #include <QString>
 
 #include "companions/ports/processes.h"
@@ -15,15 +14,17 @@ class ProcessusSysteme : public Processus {
   static constexpr int kDelaiPoli = 300;   ///< milliseconds that a process has to follow the polite request
   static constexpr int kDelaiForce = 200;  ///< milliseconds that the system has to take a killed process away
 
-  /// `variables` are set in the environment of every program that is started, beside what this one has.
-  explicit ProcessusSysteme(const QHash<QString, QString>& variables = {}) : Variables_(variables) {}
+  /// `dossierPrive` is the private folder of this run, empty where there is none. It is handed to every program that is
+  /// started, in the variable kVariableDossier; and the process table leaves out what belongs to a run with another
+  /// private folder, so that a demonstration or a test beside a watch that runs does not end its companions.
+  explicit ProcessusSysteme(const QString& dossierPrive = QString());
 
   QList<ProcessusVu> PrendInstantane() const override;
   bool TermineProcessus(const ProcessusVu& vu) override;
   bool LanceProgramme(const QString& chemin) override;
 
  private:
-  QHash<QString, QString> Variables_;
+  QString DossierPrive_;
 };
 
 }  // namespace vaktor

@@ -1,0 +1,200 @@
+// Real processes: found, ended politely and by force, started.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "companions/contract/command_words.h"
+#include "platform/channel/system_processes.h"
+#include "support/event_wait.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Systeme : testing::Test {
+  QTemporaryDir Temporaire;
+  ProcessusSysteme Processus;
+  // Names that no other program of this machine has.
+  const QString Nom = QStringLiteral("vkt%1").arg(::getpid());
+
+  QString CopieProgramme(const QString& source, const QString& nom) const {
+    const QString cible = Temporaire.filePath(nom);
+    QFile::copy(source, cible);
+    return cible;
+  }
+  QString EcritScript(const QString& nom, const QByteArray& corps) const {
+    QFile script(Temporaire.filePath(nom));
+    if (!script.open(QIODevice::WriteOnly)) return {};
+    script.write("#!/bin/bash\n" + corps);
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return script.fileName();
+  }
+  static std::optional<ProcessusVu> Trouve(const ProcessusSysteme& processus, qint64 pid) {
+    for (const ProcessusVu& vu : processus.PrendInstantane())
+      if (vu.Pid == pid) return vu;
+    return std::nullopt;
+  }
+  std::optional<ProcessusVu> Trouve(qint64 pid) const { return Trouve(Processus, pid); }
+};
+
+TEST_F(Systeme, TheTableNamesProgramsAndScripts) {
+  QProcess programme;
+  programme.start(CopieProgramme("/bin/sleep", Nom + "sleep"), {"1000"});
+  QProcess script;
+  script.start(EcritScript(Nom + "sh", "echo pret; read ligne\n"), {});
+  ASSERT_TRUE(programme.waitForStarted() && script.waitForReadyRead());
+  const auto vu = Trouve(programme.processId());
+  ASSERT_TRUE(vu);
+  EXPECT_EQ(vu->Nom, Nom + "sleep");
+  const auto vuScript = Trouve(script.processId());
+  ASSERT_TRUE(vuScript);
+  EXPECT_EQ(vuScript->Nom, "bash");
+  EXPECT_EQ(vuScript->NomAppele, Nom + "sh");
+  programme.kill();
+  script.kill();
+  programme.waitForFinished();
+  script.waitForFinished();
+}
+
+TEST_F(Systeme, TheTableLeavesOutTheProgramItself) { EXPECT_FALSE(Trouve(::getpid())); }
+
+TEST_F(Systeme, TheTableLeavesOutTheDead) {
+  const pid_t enfant = ::fork();
+  ASSERT_GE(enfant, 0);
+  if (enfant == 0) ::_exit(0);
+  siginfo_t fin{};
+  ASSERT_EQ(::waitid(P_PID, static_cast<id_t>(enfant), &fin, WEXITED | WNOWAIT), 0);
+  EXPECT_FALSE(Trouve(enfant));
+  ::waitpid(enfant, nullptr, 0);
+}
+
+TEST_F(Systeme, TheTableLeavesOutOtherUsers) {
+  if (::getuid() != 0) GTEST_SKIP() << "only root can start a process of somebody else";
+  int tube[2];
+  ASSERT_EQ(::pipe(tube), 0);
+  const pid_t etranger = ::fork();
+  ASSERT_GE(etranger, 0);
+  if (etranger == 0) {
+    if (::setuid(65534) != 0) ::_exit(2);
+    if (::write(tube[1], "x", 1) != 1) ::_exit(2);
+    ::pause();
+    ::_exit(0);
+  }
+  char pret = 0;
+  ASSERT_EQ(::read(tube[0], &pret, 1), 1);
+  EXPECT_FALSE(Trouve(etranger));
+  ::kill(etranger, SIGKILL);
+  ::waitpid(etranger, nullptr, 0);
+  ::close(tube[0]);
+  ::close(tube[1]);
+}
+
+TEST_F(Systeme, APoliteRequestIsEnoughForMost) {
+  QProcess programme;
+  programme.start(EcritScript(Nom, "trap 'exit 7' TERM; echo pret; while :; do sleep 0.01; done\n"), {});
+  ASSERT_TRUE(programme.waitForReadyRead());
+  EXPECT_TRUE(Processus.TermineProcessus(*Trouve(programme.processId())));
+  ASSERT_TRUE(programme.waitForFinished());
+  EXPECT_EQ(programme.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(programme.exitCode(), 7) << "it could tidy up";
+}
+
+TEST_F(Systeme, OneThatIgnoresTheRequestIsEndedByForce) {
+  QProcess programme;
+  programme.start(EcritScript(Nom, "trap '' TERM; echo pret; while :; do sleep 0.01; done\n"), {});
+  ASSERT_TRUE(programme.waitForReadyRead());
+  EXPECT_TRUE(Processus.TermineProcessus(*Trouve(programme.processId())));
+  ASSERT_TRUE(programme.waitForFinished());
+  EXPECT_EQ(programme.exitStatus(), QProcess::CrashExit);
+}
+
+TEST_F(Systeme, AStoppedProcessIsEndedToo) {
+  QProcess programme;
+  programme.start(CopieProgramme("/bin/sleep", Nom + "sleep"), {"1000"});
+  ASSERT_TRUE(programme.waitForStarted());
+  const auto vu = Trouve(programme.processId());
+  ASSERT_TRUE(vu);
+  ASSERT_EQ(::kill(static_cast<pid_t>(programme.processId()), SIGSTOP), 0);
+  EXPECT_TRUE(Processus.TermineProcessus(*vu));
+  EXPECT_TRUE(programme.waitForFinished());
+}
+
+TEST_F(Systeme, ANumberThatAnotherProgramHasNowIsLeftAlone) {
+  QProcess programme;
+  programme.start(CopieProgramme("/bin/sleep", Nom + "sleep"), {"1000"});
+  ASSERT_TRUE(programme.waitForStarted());
+  const ProcessusVu ancien{static_cast<qint32>(programme.processId()), "VAKTORftp", "VAKTORftp"};
+  EXPECT_FALSE(Processus.TermineProcessus(ancien));
+  EXPECT_TRUE(Trouve(programme.processId()));
+  programme.kill();
+  programme.waitForFinished();
+  EXPECT_FALSE(Processus.TermineProcessus(ancien)) << "a number that nobody has";
+}
+
+TEST_F(Systeme, ItNeverEndsItself) {
+  EXPECT_FALSE(Processus.TermineProcessus({::getpid(), "x", "x"}));
+  EXPECT_FALSE(Processus.TermineProcessus({0, "", ""}));
+  EXPECT_FALSE(Processus.TermineProcessus({-1, "", ""}));
+}
+
+TEST_F(Systeme, AMissingOrUselessProgramIsNotStarted) {
+  EXPECT_FALSE(Processus.LanceProgramme(Temporaire.filePath("absent")));
+  EXPECT_FALSE(Processus.LanceProgramme(Temporaire.path()));
+  QFile texte(Temporaire.filePath("texte"));
+  ASSERT_TRUE(texte.open(QIODevice::WriteOnly));
+  EXPECT_FALSE(Processus.LanceProgramme(texte.fileName()));
+}
+
+TEST_F(Systeme, AFileThatTheSystemCannotRunIsNotStarted) {
+  QFile faux(Temporaire.filePath("faux"));
+  ASSERT_TRUE(faux.open(QIODevice::WriteOnly));
+  faux.write(
+      "\x7f"
+      "ELFxx");
+  faux.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  faux.close();
+  EXPECT_FALSE(Processus.LanceProgramme(faux.fileName()));
+}
+
+TEST_F(Systeme, AProgramIsStartedWithoutArgumentsAndToldItsPrivateFolder) {
+  const QString dossier = Temporaire.filePath("prive");
+  ProcessusSysteme prive(dossier);
+  const QString trace = Temporaire.filePath("trace");
+  const QString script =
+      EcritScript(Nom, "echo \"$#|$VAKTOR_DOSSIER|$(pwd)\" > " + QFile::encodeName(trace) + ".x; mv " +
+                           QFile::encodeName(trace) + ".x " + QFile::encodeName(trace) + "\n");
+  ASSERT_TRUE(prive.LanceProgramme(script));
+  ASSERT_TRUE(AttendQue([&trace] { return QFile::exists(trace); }));
+  QFile lu(trace);
+  ASSERT_TRUE(lu.open(QIODevice::ReadOnly));
+  EXPECT_EQ(lu.readAll().trimmed(), QFile::encodeName("0|" + dossier + "|" + Temporaire.path()));
+}
+
+TEST_F(Systeme, RunsWithPrivateFoldersDoNotSeeEachOther) {
+  const ProcessusSysteme a(Temporaire.filePath("a"));
+  const ProcessusSysteme b(Temporaire.filePath("b"));
+  QProcess programme;
+  QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
+  milieu.insert(kVariableDossier, Temporaire.filePath("a"));
+  programme.setProcessEnvironment(milieu);
+  programme.start("/bin/sleep", {"1000"});
+  ASSERT_TRUE(programme.waitForStarted());
+  EXPECT_TRUE(Trouve(a, programme.processId()));
+  EXPECT_FALSE(Trouve(b, programme.processId()));
+  EXPECT_FALSE(Trouve(programme.processId()));
+  programme.kill();
+  programme.waitForFinished();
+  programme.setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+  programme.start("/bin/sleep", {"1000"});
+  ASSERT_TRUE(programme.waitForStarted());
+  EXPECT_TRUE(Trouve(b, programme.processId())) << "a stray without a folder of its own is everybody's";
+  programme.kill();
+  programme.waitForFinished();
+}
+
+}  // namespace
+}  // namespace vaktor::essai
