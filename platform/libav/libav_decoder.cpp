@@ -1,0 +1,218 @@
+#include "platform/libav/libav_decoder.h"
+
+#include <gst/video/gstvideodecoder.h>
+
+#include <optional>
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+}
+
+#include "platform/libav/libav_formats.h"
+
+namespace vaktor {
+namespace {
+
+// Pictures come out at most this many packets late; what is older was never shown and will not be.
+constexpr guint32 kRetardMaximal = 32;
+
+struct DecodeurLibav {
+  GstVideoDecoder Base;
+  AVCodecContext* Contexte;
+  AVPacket* Paquet;
+  AVFrame* Trame;
+  GstVideoCodecState* Entree;
+};
+
+struct ClasseDecodeurLibav {
+  GstVideoDecoderClass Base;
+};
+
+GstVideoDecoderClass* ClasseMere = nullptr;
+
+DecodeurLibav* Soi(GstVideoDecoder* decodeur) { return reinterpret_cast<DecodeurLibav*>(decodeur); }
+
+void Libere(DecodeurLibav* soi) {
+  avcodec_free_context(&soi->Contexte);
+  av_packet_free(&soi->Paquet);
+  av_frame_free(&soi->Trame);
+  if (soi->Entree != nullptr) gst_video_codec_state_unref(soi->Entree);
+  soi->Entree = nullptr;
+}
+
+gboolean Arrete(GstVideoDecoder* decodeur) {
+  Libere(Soi(decodeur));
+  return TRUE;
+}
+
+// The parameter sets that a container keeps apart from the pictures.
+bool CopieEntete(AVCodecContext* contexte, const GstCaps* caps) {
+  const GValue* valeur = gst_structure_get_value(gst_caps_get_structure(caps, 0), "codec_data");
+  GstBuffer* entete = valeur == nullptr ? nullptr : gst_value_get_buffer(valeur);
+  if (entete == nullptr) return true;
+  const gsize taille = gst_buffer_get_size(entete);
+  contexte->extradata = static_cast<uint8_t*>(av_mallocz(taille + AV_INPUT_BUFFER_PADDING_SIZE));
+  if (contexte->extradata == nullptr) return false;
+  contexte->extradata_size = static_cast<int>(gst_buffer_extract(entete, 0, contexte->extradata, taille));
+  return true;
+}
+
+// One thread: more would each keep frames of their own, and detection needs one frame after the other anyway.
+gboolean FixeFormat(GstVideoDecoder* decodeur, GstVideoCodecState* etat) {
+  DecodeurLibav* soi = Soi(decodeur);
+  Libere(soi);
+  const AVCodec* codec = avcodec_find_decoder(CodecDesCaps(etat->caps));
+  if (codec == nullptr) return FALSE;
+  soi->Contexte = avcodec_alloc_context3(codec);
+  soi->Paquet = av_packet_alloc();
+  soi->Trame = av_frame_alloc();
+  if (soi->Contexte == nullptr || soi->Paquet == nullptr || soi->Trame == nullptr) return FALSE;
+  soi->Contexte->thread_count = 1;
+  soi->Contexte->width = GST_VIDEO_INFO_WIDTH(&etat->info);
+  soi->Contexte->height = GST_VIDEO_INFO_HEIGHT(&etat->info);
+  if (!CopieEntete(soi->Contexte, etat->caps) || avcodec_open2(soi->Contexte, codec, nullptr) < 0) return FALSE;
+  soi->Entree = gst_video_codec_state_ref(etat);
+  return TRUE;
+}
+
+// The format behind the decoder is told anew only when the pictures really change.
+bool AnnonceSortie(DecodeurLibav* soi) {
+  const std::optional<GstVideoFormat> format = FormatGStreamer(soi->Trame->format);
+  if (!format) return false;
+  GstVideoCodecState* avant = gst_video_decoder_get_output_state(&soi->Base);
+  const bool meme = avant != nullptr && GST_VIDEO_INFO_FORMAT(&avant->info) == *format &&
+                    GST_VIDEO_INFO_WIDTH(&avant->info) == soi->Trame->width &&
+                    GST_VIDEO_INFO_HEIGHT(&avant->info) == soi->Trame->height;
+  if (avant != nullptr) gst_video_codec_state_unref(avant);
+  if (meme) return true;
+  GstVideoCodecState* sortie = gst_video_decoder_set_output_state(
+      &soi->Base, *format, static_cast<guint>(soi->Trame->width), static_cast<guint>(soi->Trame->height), soi->Entree);
+  AnnonceCouleurs(*soi->Trame, sortie->info.colorimetry);
+  gst_video_codec_state_unref(sortie);
+  return true;
+}
+
+// A packet can hold a picture that is never shown; its entry would wait for ever.
+void OublieVieilles(GstVideoDecoder* decodeur, guint32 numero) {
+  GList* attente = gst_video_decoder_get_frames(decodeur);
+  for (GList* element = attente; element != nullptr; element = element->next) {
+    auto* image = static_cast<GstVideoCodecFrame*>(element->data);
+    if (numero - image->system_frame_number > kRetardMaximal && image->system_frame_number < numero) {
+      gst_video_decoder_release_frame(decodeur, gst_video_codec_frame_ref(image));
+    }
+  }
+  g_list_free_full(attente,
+                   [](gpointer image) { gst_video_codec_frame_unref(static_cast<GstVideoCodecFrame*>(image)); });
+}
+
+GstFlowReturn Livre(DecodeurLibav* soi) {
+  const auto numero = static_cast<guint32>(soi->Trame->pts);
+  GstVideoCodecFrame* image = gst_video_decoder_get_frame(&soi->Base, static_cast<int>(numero));
+  if (image == nullptr) return GST_FLOW_OK;
+  if (AnnonceSortie(soi)) image->output_buffer = TamponDeTrame(*soi->Trame);
+  if (image->output_buffer == nullptr) return gst_video_decoder_drop_frame(&soi->Base, image);
+  const GstFlowReturn suite = gst_video_decoder_finish_frame(&soi->Base, image);
+  OublieVieilles(&soi->Base, numero);
+  return suite;
+}
+
+GstFlowReturn LivreTout(DecodeurLibav* soi) {
+  GstFlowReturn suite = GST_FLOW_OK;
+  while (suite == GST_FLOW_OK && avcodec_receive_frame(soi->Contexte, soi->Trame) == 0) {
+    suite = Livre(soi);
+    av_frame_unref(soi->Trame);
+  }
+  return suite;
+}
+
+// The decoder wants the bytes behind a packet to be zero and readable, so they are copied into its own memory; a frame
+// is a few kilobytes here.
+bool RemplitPaquet(AVPacket* paquet, const GstVideoCodecFrame* image) {
+  av_packet_unref(paquet);
+  const gsize taille = gst_buffer_get_size(image->input_buffer);
+  if (taille > G_MAXINT / 2 || av_new_packet(paquet, static_cast<int>(taille)) < 0) return false;
+  gst_buffer_extract(image->input_buffer, 0, paquet->data, taille);
+  // The number instead of a time: it finds the entry of this picture again, however the order changes.
+  paquet->pts = image->system_frame_number;
+  if (GST_VIDEO_CODEC_FRAME_IS_SYNC_POINT(image)) paquet->flags |= AV_PKT_FLAG_KEY;
+  return true;
+}
+
+GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
+  DecodeurLibav* soi = Soi(decodeur);
+  if (soi->Contexte == nullptr || !RemplitPaquet(soi->Paquet, image)) {
+    return gst_video_decoder_drop_frame(decodeur, image);
+  }
+  int reponse = avcodec_send_packet(soi->Contexte, soi->Paquet);
+  GstFlowReturn suite = GST_FLOW_OK;
+  if (reponse == AVERROR(EAGAIN)) {
+    suite = LivreTout(soi);
+    reponse = avcodec_send_packet(soi->Contexte, soi->Paquet);
+  }
+  // A damaged packet gives no picture; the next good one goes on.
+  if (reponse < 0) return gst_video_decoder_drop_frame(decodeur, image);
+  gst_video_codec_frame_unref(image);
+  return suite == GST_FLOW_OK ? LivreTout(soi) : suite;
+}
+
+gboolean Vide(GstVideoDecoder* decodeur) {
+  if (Soi(decodeur)->Contexte != nullptr) avcodec_flush_buffers(Soi(decodeur)->Contexte);
+  return TRUE;
+}
+
+// What the decoder still holds back to put pictures into their order.
+GstFlowReturn Acheve(GstVideoDecoder* decodeur) {
+  DecodeurLibav* soi = Soi(decodeur);
+  if (soi->Contexte == nullptr) return GST_FLOW_OK;
+  avcodec_send_packet(soi->Contexte, nullptr);
+  const GstFlowReturn suite = LivreTout(soi);
+  avcodec_flush_buffers(soi->Contexte);
+  return suite;
+}
+
+void Finalise(GObject* objet) {
+  Libere(reinterpret_cast<DecodeurLibav*>(objet));
+  G_OBJECT_CLASS(ClasseMere)->finalize(objet);
+}
+
+GstPadTemplate* ModelePad(const char* nom, GstPadDirection sens, const char* description) {
+  GstCaps* caps = gst_caps_from_string(description);
+  GstPadTemplate* modele = gst_pad_template_new(nom, sens, GST_PAD_ALWAYS, caps);
+  gst_caps_unref(caps);
+  return modele;
+}
+
+void InitialiseClasse(gpointer classe, gpointer) {
+  ClasseMere = static_cast<GstVideoDecoderClass*>(g_type_class_peek_parent(classe));
+  auto* decodeur = static_cast<GstVideoDecoderClass*>(classe);
+  decodeur->set_format = FixeFormat;
+  decodeur->handle_frame = Decode;
+  decodeur->flush = Vide;
+  decodeur->drain = Acheve;
+  decodeur->finish = Acheve;
+  decodeur->stop = Arrete;
+  G_OBJECT_CLASS(classe)->finalize = Finalise;
+  GstElementClass* element = GST_ELEMENT_CLASS(classe);
+  gst_element_class_add_pad_template(element, ModelePad("sink", GST_PAD_SINK, kCapsEncodes));
+  gst_element_class_add_pad_template(element, ModelePad("src", GST_PAD_SRC, kCapsDecodes));
+  gst_element_class_set_static_metadata(element, "Vaktor's video decoder", "Codec/Decoder/Video",
+                                        "libavcodec without libavformat and libavfilter", "Vaktor");
+}
+
+void Initialise(GTypeInstance* instance, gpointer) {
+  auto* decodeur = reinterpret_cast<GstVideoDecoder*>(instance);
+  gst_video_decoder_set_packetized(decodeur, TRUE);
+  gst_video_decoder_set_needs_format(decodeur, TRUE);
+  gst_video_decoder_set_use_default_pad_acceptcaps(decodeur, TRUE);
+}
+
+}  // namespace
+
+bool EnregistreDecodeurLibav() {
+  static const GType type =
+      g_type_register_static_simple(GST_TYPE_VIDEO_DECODER, "VaktorDecodeurLibav", sizeof(ClasseDecodeurLibav),
+                                    InitialiseClasse, sizeof(DecodeurLibav), Initialise, GTypeFlags(0));
+  return gst_element_register(nullptr, "vaktorlibav", GST_RANK_PRIMARY + 64, type) != FALSE;
+}
+
+}  // namespace vaktor
