@@ -1,0 +1,28 @@
+// The dialogs' way to the devices, so that they can be tried without any.
+#pragma once
+
+#include "platform/capture/v4l2_device.h"
+
+namespace vaktor {
+
+class AccesPeripheriques {
+ public:
+  virtual ~AccesPeripheriques() = default;
+  virtual QList<PeripheriqueVideo> Peripheriques() const = 0;
+  virtual QList<FormatCamera> Formats(const QString& noeud) const = 0;
+  virtual QList<ReglageCamera> Reglages(const QString& noeud) const = 0;
+  virtual bool Regle(const QString& noeud, quint32 numero, qint32 valeur) = 0;
+};
+
+/// The devices of this machine (v4l2_device.h).
+class AccesV4L2 final : public AccesPeripheriques {
+ public:
+  QList<PeripheriqueVideo> Peripheriques() const override { return ListePeripheriques(); }
+  QList<FormatCamera> Formats(const QString& noeud) const override { return ListeFormats(noeud); }
+  QList<ReglageCamera> Reglages(const QString& noeud) const override { return ListeReglages(noeud); }
+  bool Regle(const QString& noeud, quint32 numero, qint32 valeur) override {
+    return AppliqueReglage(noeud, numero, valeur);
+  }
+};
+
+}  // namespace vaktor

@@ -1,0 +1,61 @@
+// The dialog that picks where the pictures come from and sets the camera's own controls.
+#pragma once
+
+#include <QDialog>
+
+class QLineEdit;
+class QListWidget;
+class QPushButton;
+class QScrollArea;
+class QVBoxLayout;
+
+namespace vaktor {
+
+class AccesPeripheriques;
+class BandeauMessage;
+class CommandesPilote;
+class MemoireCapture;
+class PanneauReglages;
+
+/// Lives as long as it is shown; the references outlive it.
+class DialogueSource : public QDialog {
+  Q_OBJECT
+
+ public:
+  DialogueSource(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+                 AccesPeripheriques& acces);
+
+ private:
+  void ConstruitSource(QVBoxLayout& colonne);
+  void ConstruitAdresse(QVBoxLayout& colonne);
+  void ConstruitReglages(QVBoxLayout& colonne);
+  void ConstruitPied(QVBoxLayout& colonne);
+  QPushButton* FaitBouton(int texte, const char* nom);
+  void RemplitSources();
+  void AjouteSource(const QString& nom, const QString& texte, const QString& source, bool enService);
+  void MontreReglages();
+  QString TexteSansReglages() const;
+  void SuitChoix();
+  void Parcourt();
+  /// What was typed as the driver wants it: whole paths, a device by its stable name.
+  QString CompleteSaisie(const QString& saisie) const;
+  /// What the user picked; empty, with a message shown, where nothing can be done with it.
+  QString SourceChoisie();
+  void Utilise();
+  void RemetDefauts();
+
+  const qint32 Langue_;
+  CommandesPilote& Pilote_;
+  MemoireCapture& Memoire_;
+  AccesPeripheriques& Acces_;
+  QListWidget* Sources_ = nullptr;
+  QLineEdit* Adresse_ = nullptr;
+  QPushButton* Parcourir_ = nullptr;
+  QPushButton* Utiliser_ = nullptr;
+  QPushButton* Defauts_ = nullptr;
+  QScrollArea* Cadre_ = nullptr;
+  PanneauReglages* Panneau_ = nullptr;  ///< owned by Cadre_; null where the source has no controls
+  BandeauMessage* Etat_ = nullptr;
+};
+
+}  // namespace vaktor
