@@ -50,10 +50,10 @@ std::vector<Echantillon> Tire(const Pipeline& pipeline) {
 }
 
 // A ball that jumps about: every picture differs from the one before.
-std::vector<Echantillon> Encode(const std::string& encodeur, int images = 20, int largeur = 322, int hauteur = 242) {
+std::vector<Echantillon> Encode(const std::string& encodeur, int images = 20) {
   return Tire(Monte("videotestsrc pattern=ball num-buffers=" + std::to_string(images) +
-                    " ! video/x-raw,format=I420,framerate=25/1,width=" + std::to_string(largeur) +
-                    ",height=" + std::to_string(hauteur) + " ! " + encodeur + " ! appsink name=puits sync=false"));
+                    " ! video/x-raw,format=I420,framerate=25/1,width=322,height=242 ! " + encodeur +
+                    " ! appsink name=puits sync=false"));
 }
 
 QByteArray Empreinte(GstSample* echantillon) {
@@ -120,11 +120,11 @@ INSTANTIATE_TEST_SUITE_P(
     Formats, FormatsDuDecodeur,
     testing::Values(Flux{"MsMpeg4", "avenc_msmpeg4", "avdec_msmpeg4"},
                     Flux{"Mpeg4WithReordering", "avenc_mpeg4 max-bframes=2", "avdec_mpeg4"},
-                    Flux{"Mpeg2", "avenc_mpeg2video ! mpegvideoparse", "avdec_mpeg2video"},
+                    Flux{"MsMpeg4SecondVersion", "avenc_msmpeg4v2", "avdec_msmpeg4v2"},
                     Flux{"H264", "openh264enc ! h264parse ! video/x-h264,stream-format=avc,alignment=au", "avdec_h264"},
                     Flux{"H264ByteStream",
                          "openh264enc ! h264parse ! video/x-h264,stream-format=byte-stream,alignment=au", "avdec_h264"},
-                    Flux{"Vp8", "vp8enc deadline=1", "vp8dec"}),
+                    Flux{"Vp8", "vp8enc deadline=1", "vp8dec"}, Flux{"Vp9", "vp9enc deadline=1", "vp9dec"}),
     [](const testing::TestParamInfo<Flux>& cas) { return std::string(cas.param.Nom); });
 
 TEST_F(DecodeurLibavTest, IsTakenBeforeAnyOtherDecoder) {
