@@ -1,0 +1,16 @@
+// Which decoders a stream may use, and which of its parts are wanted at all.
+#pragma once
+
+#include <gst/gst.h>
+
+namespace vaktor {
+
+/// Tells a decodebin: pictures only (no sound, no text); JPEG stays as it is; software decoders only, each with a
+/// single thread of its own, since what hardware decodes lies in memory from which a frame costs more to fetch.
+void ChoisitDecodeurs(GstElement* decodebin);
+
+bool EstVideo(const GstCaps* caps);  ///< raw video or JPEG
+/// Answer to rtspsrc's "select-stream".
+gboolean EstFluxVideo(GstElement* source, guint numero, const GstCaps* caps, gpointer rien);
+
+}  // namespace vaktor

@@ -1,0 +1,49 @@
+// The end of a pipeline: takes what comes out, turns it into a picture and lays it in the box.
+#pragma once
+
+#include <gst/app/gstappsink.h>
+#include <gst/video/video.h>
+
+#include <optional>
+
+#include "platform/capture/frame_pool.h"
+#include "platform/capture/gst_objects.h"
+#include "platform/capture/jpeg_decoder.h"
+#include "platform/capture/newest_frame.h"
+
+namespace vaktor {
+
+/// Makes the sink; its frames come on the pipeline's own thread. Must outlive the pipeline that it is put into.
+class ReceptionImages {
+ public:
+  struct Options {
+    bool ALHeure = false;     ///< frames wait for their time stamp (files), else they come as they are there
+    bool Intervalle = false;  ///< frames without a time stamp are spaced, 25 a second
+    QString Codage;           ///< what the format is told as; empty: what arrives here
+  };
+
+  ReceptionImages(BoiteImages& boite, Options options);
+
+  /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h and JPEG.
+  GstElement* FabriquePuits();
+
+ private:
+  GstFlowReturn Recoit(GstAppSink* puits);
+  void Traite(GstSample* echantillon);
+  void TraiteJpeg(GstBuffer* tampon);
+  void TraiteBrut(GstBuffer* tampon);
+  void LitCaps(GstCaps* caps);
+  void Espace(const GstBuffer* tampon);
+  void Livre(const QImage& image);
+
+  BoiteImages& Boite_;
+  const Options Options_;
+  ReserveImages Reserve_;
+  DecodeurJpeg Jpeg_;
+  PtrGst<GstCaps> Caps_;
+  std::optional<GstVideoInfo> Brut_;
+  FormatCamera Format_;
+  BoiteImages::Horloge::time_point Derniere_{};
+};
+
+}  // namespace vaktor

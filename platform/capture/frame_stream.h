@@ -1,0 +1,24 @@
+// A stream of frames from one opening of a source. Not a camera's whole life: that is the session's, which makes a
+// fresh stream whenever the former one ended.
+#pragma once
+
+#include <chrono>
+#include <stop_token>
+
+namespace vaktor {
+
+class FluxImages {
+ public:
+  enum class Etat { kCoule, kFini, kErreur };
+
+  virtual ~FluxImages() = default;
+  /// Begins; frames then arrive in the box that the stream was made for. False: nothing is open.
+  virtual bool Ouvre() = 0;
+  /// Waits for something to happen, at most `delai`, and comes back at once when a stop is asked for. kFini: the end
+  /// of what can be played. kErreur: broken.
+  virtual Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) = 0;
+  /// Ends and releases everything. No frame arrives afterwards. May block as long as the system makes it.
+  virtual void Ferme() = 0;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,61 @@
+// The capture driver of this system: Linux devices, network cameras and video files through GStreamer, and the built-in
+// test picture.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "engine/ports/capture_driver.h"
+#include "platform/capture/capture_session.h"
+#include "platform/capture/driver_commands.h"
+
+namespace vaktor {
+
+class MemoireCapture;
+
+class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
+ public:
+  /// `ou`: the source named at the start (source_spec.h); empty: the remembered one, else the first capture driver.
+  /// `memoire` must outlive the driver. `langue`: the language of the dialogs when they are opened. `parent`: their
+  /// window, may be null.
+  PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<qint32()> langue, QWidget* parent);
+  ~PiloteGStreamer() override;
+
+  bool Connecte() override;
+  void Deconnecte() override;
+  bool SaisitImage() override;
+  QImage CopieImage() const override;
+  bool SignalPerdu() const override;
+  void MontreDialogueFormat() override;
+  void MontreDialogueSource() override;
+
+  GenreSource Genre() const override;
+  QString DescriptionSource() const override;
+  QString NoeudPeripherique() const override;
+  QString NomStable() const override;
+  FormatCamera FormatCourant() const override;
+  bool AppliqueFormat(const FormatCamera& format) override;
+  bool ChangeSource(const QString& source) override;
+
+ private:
+  bool Ouvre(SessionCapture::Demande demande);
+  void LaissePartir();
+  bool AttendLesPartants(std::chrono::milliseconds limite);
+  SourceCapture SourceVoulue() const;
+  SessionCapture::Demande DemandeDe(const SourceCapture& source) const;
+
+  QString Ou_;
+  MemoireCapture& Memoire_;
+  std::function<qint32()> Langue_;
+  QPointer<QWidget> Parent_;
+  SourceCapture Source_;
+  std::shared_ptr<SessionCapture> Session_;
+  std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet
+  QImage Image_;
+  quint64 Numero_ = 0;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,216 @@
+#include "platform/capture/gst_stream.h"
+
+#include "platform/capture/camera_caps.h"
+#include "platform/capture/decoder_choice.h"
+#include "platform/capture/gst_start.h"
+#include "platform/capture/pixel_conversion.h"
+
+namespace vaktor {
+namespace {
+
+constexpr guint kDelaiHttp = 10;     // s without a byte
+constexpr guint kLatenceRtsp = 100;  // ms to put packets back into order; frames are shown as they come
+
+ReceptionImages::Options OptionsDe(const DemandeFlux& demande) {
+  ReceptionImages::Options options;
+  // A file plays at its own rate. So does a film that a web server sends; the pictures of a web camera carry no time
+  // and come as they are sent.
+  options.ALHeure =
+      demande.Source.Genre == GenreSource::kFichier || demande.Source.Lieu.startsWith(QLatin1String("http"));
+  options.Intervalle = demande.Source.Genre == GenreSource::kFichier;
+  if (demande.Source.Genre == GenreSource::kPeripherique) options.Codage = demande.Format.Codage;
+  return options;
+}
+
+void FixeTexte(GstElement* element, const char* propriete, const QString& valeur) {
+  if (!valeur.isEmpty()) g_object_set(element, propriete, valeur.toUtf8().constData(), nullptr);
+}
+
+// The end of a wait for messages when a stop is asked for.
+void ReveilleBus(GstBus* bus) {
+  gst_bus_post(bus, gst_message_new_application(nullptr, gst_structure_new_empty("arret")));
+}
+
+bool EstDirect(const GstCaps* caps) {
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  if (gst_structure_has_name(structure, "image/jpeg")) return true;
+  const char* format = gst_structure_get_string(structure, "format");
+  return format != nullptr && FormatConvertible(gst_video_format_from_string(format));
+}
+
+}  // namespace
+
+FluxGStreamer::FluxGStreamer(BoiteImages& boite, const DemandeFlux& demande)
+    : Demande_(demande), Reception_(boite, OptionsDe(demande)) {}
+
+FluxGStreamer::~FluxGStreamer() { FluxGStreamer::Ferme(); }
+
+bool FluxGStreamer::Ouvre() {
+  if (!PrepareGStreamer()) return false;
+  Pipeline_.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
+  Bus_.reset(gst_element_get_bus(Pipeline_.get()));
+  Puits_ = Reception_.FabriquePuits();
+  if (Puits_ != nullptr) gst_bin_add(GST_BIN(Pipeline_.get()), Puits_);
+  if (Puits_ != nullptr && MonteSource() && Lance()) return true;
+  Ferme();
+  return false;
+}
+
+bool FluxGStreamer::MonteSource() {
+  switch (Demande_.Source.Genre) {
+    case GenreSource::kPeripherique:
+      return MontePeripherique();
+    case GenreSource::kReseau:
+      return MonteReseau();
+    case GenreSource::kFichier:
+      return MonteFichier();
+    case GenreSource::kTest:
+      break;
+  }
+  return false;
+}
+
+GstElement* FluxGStreamer::Ajoute(const char* fabrique) {
+  GstElement* element = gst_element_factory_make(fabrique, nullptr);
+  if (element == nullptr) return nullptr;
+  gst_bin_add(GST_BIN(Pipeline_.get()), element);
+  return element;
+}
+
+GstElement* FluxGStreamer::AjouteDecodage() {
+  GstElement* decodage = Ajoute("decodebin");
+  if (decodage == nullptr) return nullptr;
+  ChoisitDecodeurs(decodage);
+  g_signal_connect(decodage, "pad-added", G_CALLBACK(RelieDecode), this);
+  return decodage;
+}
+
+// Straight from the driver's buffers to the conversion when the device gives what is converted here: no thread and no
+// queue between them.
+bool FluxGStreamer::MontePeripherique() {
+  const PtrGst<GstCaps> caps = CapsDuFormat(Demande_.Format);
+  GstElement* source = Ajoute("v4l2src");
+  if (source == nullptr || !caps) return false;
+  FixeTexte(source, "device", Demande_.Noeud);
+  const bool direct = gst_caps_is_any(caps.get()) || EstDirect(caps.get());
+  GstElement* suite = direct ? Puits_ : AjouteDecodage();
+  return suite != nullptr && gst_element_link_filtered(source, suite, caps.get()) != FALSE;
+}
+
+bool FluxGStreamer::MonteFichier() {
+  GstElement* source = Ajoute("filesrc");
+  GstElement* decodage = AjouteDecodage();
+  if (source == nullptr || decodage == nullptr) return false;
+  FixeTexte(source, "location", Demande_.Source.Lieu);
+  return gst_element_link(source, decodage) != FALSE;
+}
+
+bool FluxGStreamer::MonteReseau() {
+  if (Demande_.Source.Lieu.startsWith(QLatin1String("rtsp"))) return MonteRtsp();
+  GstElement* source = Ajoute("souphttpsrc");
+  GstElement* decodage = AjouteDecodage();
+  if (source == nullptr || decodage == nullptr) return false;
+  FixeTexte(source, "location", Demande_.Source.Lieu);
+  FixeTexte(source, "user-id", Demande_.Source.Utilisateur);
+  FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
+  g_object_set(source, "timeout", kDelaiHttp, "retries", 0, nullptr);
+  return gst_element_link(source, decodage) != FALSE;
+}
+
+bool FluxGStreamer::MonteRtsp() {
+  GstElement* source = Ajoute("rtspsrc");
+  GstElement* decodage = AjouteDecodage();
+  if (source == nullptr || decodage == nullptr) return false;
+  FixeTexte(source, "location", Demande_.Source.Lieu);
+  FixeTexte(source, "user-id", Demande_.Source.Utilisateur);
+  FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
+  gst_util_set_object_arg(G_OBJECT(source), "protocols", Demande_.Udp ? "udp-mcast+udp" : "tcp");
+  g_object_set(source, "latency", kLatenceRtsp, nullptr);
+  g_signal_connect(source, "select-stream", G_CALLBACK(EstFluxVideo), nullptr);
+  g_signal_connect(source, "pad-added", G_CALLBACK(RelieRtp), decodage);
+  return true;
+}
+
+void FluxGStreamer::RelieRtp(GstElement*, GstPad* sortie, GstElement* decodage) {
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(decodage, "sink"));
+  if (!gst_pad_is_linked(entree.get())) gst_pad_link(sortie, entree.get());
+}
+
+void FluxGStreamer::RelieDecode(GstElement*, GstPad* sortie, FluxGStreamer* moi) { moi->Relie(sortie); }
+
+void FluxGStreamer::Relie(GstPad* sortie) {
+  const PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
+  if (!caps || !EstVideo(caps.get()) || Relie_.exchange(true)) return;
+  GstElement* entreeElement = Puits_;
+  if (!EstDirect(caps.get())) {
+    GstElement* conversion = Ajoute("videoconvert");
+    if (conversion == nullptr) return;
+    g_object_set(conversion, "n-threads", 1U, nullptr);
+    gst_element_link(conversion, Puits_);
+    gst_element_sync_state_with_parent(conversion);
+    entreeElement = conversion;
+  }
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(entreeElement, "sink"));
+  gst_pad_link(sortie, entree.get());
+}
+
+// A file waits for its first frame before it plays: the loop is a segment, and that has to be asked for before.
+bool FluxGStreamer::Lance() {
+  const bool fichier = Demande_.Source.Genre == GenreSource::kFichier;
+  return gst_element_set_state(Pipeline_.get(), fichier ? GST_STATE_PAUSED : GST_STATE_PLAYING) !=
+         GST_STATE_CHANGE_FAILURE;
+}
+
+FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) {
+  const std::stop_callback reveil(arret, [this] { ReveilleBus(Bus_.get()); });
+  if (arret.stop_requested()) return Etat::kCoule;
+  constexpr auto kTypes = static_cast<GstMessageType>(GST_MESSAGE_ERROR | GST_MESSAGE_EOS | GST_MESSAGE_SEGMENT_DONE |
+                                                      GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_APPLICATION);
+  const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
+  const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(Bus_.get(), limite, kTypes));
+  return message ? TraiteMessage(message.get()) : Etat::kCoule;
+}
+
+FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message) {
+  switch (GST_MESSAGE_TYPE(message)) {
+    case GST_MESSAGE_ERROR:
+      return Etat::kErreur;
+    case GST_MESSAGE_EOS:
+      return Etat::kFini;
+    case GST_MESSAGE_SEGMENT_DONE:
+      return ReprendLaBoucle();
+    case GST_MESSAGE_ASYNC_DONE:
+      CommenceLaBoucle();
+      return Etat::kCoule;
+    default:
+      return Etat::kCoule;
+  }
+}
+
+// Playing a segment of the whole file ends without an end of stream: the next turn is a seek that flushes nothing, the
+// decoder and the clock run on, and no frame comes late. A file that cannot be sought in plays to its end, once.
+void FluxGStreamer::CommenceLaBoucle() {
+  if (Demande_.Source.Genre != GenreSource::kFichier || EnBoucle_) return;
+  EnBoucle_ = true;
+  gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME,
+                   static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_SEGMENT), GST_SEEK_TYPE_SET, 0,
+                   GST_SEEK_TYPE_NONE, -1);
+  gst_element_set_state(Pipeline_.get(), GST_STATE_PLAYING);
+}
+
+FluxImages::Etat FluxGStreamer::ReprendLaBoucle() {
+  const bool repris = gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME, GST_SEEK_FLAG_SEGMENT, GST_SEEK_TYPE_SET,
+                                       0, GST_SEEK_TYPE_NONE, -1) != FALSE;
+  return repris ? Etat::kCoule : Etat::kFini;
+}
+
+void FluxGStreamer::Ferme() {
+  if (!Pipeline_) return;
+  gst_element_set_state(Pipeline_.get(), GST_STATE_NULL);
+  gst_bus_set_flushing(Bus_.get(), TRUE);
+  Bus_.reset();
+  Pipeline_.reset();
+  Puits_ = nullptr;
+}
+
+}  // namespace vaktor

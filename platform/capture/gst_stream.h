@@ -1,0 +1,55 @@
+// A stream through GStreamer: a device, a network camera or a video file.
+#pragma once
+
+#include <atomic>
+
+#include "platform/capture/frame_intake.h"
+#include "platform/capture/frame_stream.h"
+#include "platform/capture/source_spec.h"
+
+namespace vaktor {
+
+struct DemandeFlux {
+  SourceCapture Source;
+  QString Noeud;        ///< kPeripherique: the node
+  FormatCamera Format;  ///< kPeripherique: what to ask it for; empty: whatever it stands at
+  bool Udp = false;     ///< rtsp: data by UDP instead of within the connection
+};
+
+/// Made, opened, watched and closed by one thread; GStreamer's own threads bring the frames.
+class FluxGStreamer : public FluxImages {
+ public:
+  FluxGStreamer(BoiteImages& boite, const DemandeFlux& demande);
+  ~FluxGStreamer() override;
+
+  bool Ouvre() override;
+  Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override;
+  void Ferme() override;
+
+ private:
+  bool MontePeripherique();
+  bool MonteReseau();
+  bool MonteRtsp();
+  bool MonteFichier();
+  bool MonteSource();
+  GstElement* Ajoute(const char* fabrique);
+  GstElement* AjouteDecodage();
+  bool Lance();
+  Etat TraiteMessage(GstMessage* message);
+  void CommenceLaBoucle();
+  Etat ReprendLaBoucle();
+
+  static void RelieRtp(GstElement* source, GstPad* sortie, GstElement* decodage);
+  static void RelieDecode(GstElement* decodage, GstPad* sortie, FluxGStreamer* moi);
+  void Relie(GstPad* sortie);
+
+  const DemandeFlux Demande_;
+  ReceptionImages Reception_;
+  PtrGst<GstElement> Pipeline_;
+  PtrGst<GstBus> Bus_;
+  GstElement* Puits_ = nullptr;  // the pipeline's
+  std::atomic<bool> Relie_ = false;
+  bool EnBoucle_ = false;
+};
+
+}  // namespace vaktor
