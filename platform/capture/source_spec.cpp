@@ -1,9 +1,10 @@
 #include "platform/capture/source_spec.h"
 
 #include <QFileInfo>
-#include <QRegularExpression>
 #include <QUrl>
 #include <array>
+
+#include "platform/capture/address_mask.h"
 
 namespace vaktor {
 namespace {
@@ -27,13 +28,6 @@ Decoupe CoupeAdresse(const QString& adresse) {
   return {adresse.left(debut), suite.left(arobase), suite.mid(arobase + 1)};
 }
 
-QString CacheRequete(QString reste) {
-  static const QRegularExpression secret(
-      QStringLiteral("([?&;][^=&;]*(?:pass|pwd|token|secret|auth|key)[^=&;]*=)[^&;#]*"),
-      QRegularExpression::CaseInsensitiveOption);
-  return reste.replace(secret, QStringLiteral("\\1***"));
-}
-
 SourceCapture SourceReseau(const QString& texte) {
   const Decoupe decoupe = CoupeAdresse(texte);
   const qsizetype deuxPoints = decoupe.Acces.indexOf(QLatin1Char(':'));
@@ -43,7 +37,7 @@ SourceCapture SourceReseau(const QString& texte) {
   source.Lieu = decoupe.Schema.toLower() + decoupe.Reste;
   source.Utilisateur = QUrl::fromPercentEncoding(utilisateur.toUtf8());
   if (deuxPoints >= 0) source.MotDePasse = QUrl::fromPercentEncoding(decoupe.Acces.mid(deuxPoints + 1).toUtf8());
-  source.Description = AdresseSansSecrets(texte);
+  source.Description = MasqueAdresse(texte);
   return source;
 }
 
@@ -62,13 +56,6 @@ bool RessembleAUnNomStable(const QString& texte) {
 }
 
 }  // namespace
-
-QString AdresseSansSecrets(const QString& adresse) {
-  const Decoupe decoupe = CoupeAdresse(adresse);
-  const QString utilisateur = decoupe.Acces.section(QLatin1Char(':'), 0, 0);
-  return decoupe.Schema + (utilisateur.isEmpty() ? QString() : utilisateur + QLatin1Char('@')) +
-         CacheRequete(decoupe.Reste);
-}
 
 SourceCapture ComprendSource(const QString& texte) {
   if (EstReseau(texte)) return SourceReseau(texte);

@@ -22,7 +22,4 @@ struct SourceCapture {
 /// the stable name of a device; anything else is taken for a file. Schemes in any letter case.
 SourceCapture ComprendSource(const QString& texte);
 
-/// An address as it may be shown: no password before the host, "***" for the values of query fields that carry one.
-QString AdresseSansSecrets(const QString& adresse);
-
 }  // namespace vaktor
