@@ -1,0 +1,141 @@
+// SauveParametres: the whole table in its order, then the companions, then the flag.
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "settings/settings_bench_of_fakes.h"
+
+namespace vaktor {
+namespace {
+
+TEST(SauveParametres, WritesAll35KeysInTheirOrderAndToTheDiskOnce) {
+  BancReglages banc;
+  banc.Reglages.SauveParametres();
+  const QStringList attendus = {"general/retard",   "general/langue",     "general/seuilauto",
+                                "general/seuil",    "general/skin",       "PHOTO/nombrephoto",
+                                "PHOTO/repertoire", "PHOTO/actif",        "SON/index",
+                                "SON/actif",        "SON/Repertoire",     "MAIL/actif",
+                                "MAIL/destination", "MAIL/sujet",         "MAIL/corp",
+                                "MAIL/nombrephoto", "MAIL/nombremail",    "MAIL/smtpserveur",
+                                "MAIL/smtpfrom",    "MAIL/smtpport",      "MAIL/smtpuser",
+                                "MAIL/smtpactif",   "MAIL/smtpneedlogin", "FTP/html",
+                                "FTP/ftp",          "FTP/user",           "FTP/racine",
+                                "FTP/refresh",      "FTP/qualitephoto",   "FTP/couleur",
+                                "FTP/width",        "FTP/height",         "FTP/rapportnombrephoto",
+                                "FTP/pass",         "MAIL/pass",          "*"};
+  EXPECT_EQ(banc.Magasin.Ecrits, attendus);
+}
+
+TEST(SauveParametres, TellsTheThreeCompanionsAfterTheLastWrite) {
+  BancReglages banc;
+  banc.Valeurs.SmtpPass = QStringLiteral("abc");
+  banc.Modules.AuPremierEnvoi = [&] {
+    EXPECT_EQ(banc.Magasin.Disque.size(), kNombreCles);
+    EXPECT_EQ(banc.Magasin.Disque.value("MAIL/pass"), QStringLiteral("098100102"));
+  };
+  banc.Reglages.SauveParametres();
+  EXPECT_EQ(banc.Modules.Envois, QStringList({"FTP:Optio", "MAIL:Optio", "SON:Optio"}));
+}
+
+TEST(SauveParametres, TellsThemOnceForEachSave) {
+  BancReglages banc;
+  for (int frappe = 0; frappe < 4; ++frappe) banc.Reglages.SauveParametres();
+  EXPECT_EQ(banc.Modules.Envois.count(QStringLiteral("FTP:Optio")), 4);
+}
+
+TEST(SauveParametres, DoesNotCompareWithWhatIsStored) {
+  BancReglages banc;
+  banc.Reglages.SauveParametres();
+  const qsizetype avant = banc.Magasin.Ecrits.size();
+  banc.Reglages.SauveParametres();
+  EXPECT_EQ(banc.Magasin.Ecrits.size(), 2 * avant);
+}
+
+TEST(SauveParametres, ClearsTheFlagLast) {
+  BancReglages banc;
+  banc.Valeurs.ParametresModifies = true;
+  banc.Modules.AuPremierEnvoi = [&] { EXPECT_TRUE(banc.Valeurs.ParametresModifies); };
+  banc.Reglages.SauveParametres();
+  EXPECT_FALSE(banc.Valeurs.ParametresModifies);
+}
+
+TEST(SauveParametres, ThatFailsTellsTheUserAndNobodyElse) {
+  BancReglages banc;
+  banc.Magasin.RefuseEcriture = true;
+  banc.Valeurs.ParametresModifies = true;
+  banc.Valeurs.LangueCourante = 1;
+  try {
+    banc.Reglages.SauveParametres();
+    FAIL();
+  } catch (const Echec& echec) {
+    EXPECT_EQ(echec.Numero(), kAccesFichier);
+    EXPECT_EQ(echec.Description(), QStringLiteral("The settings could not be saved (disk full)."));
+  }
+  EXPECT_TRUE(banc.Modules.Envois.isEmpty());
+  EXPECT_TRUE(banc.Valeurs.ParametresModifies);
+}
+
+TEST(SauveParametres, WritesTheSizeOfThePictureAsItIsNow) {
+  BancReglages banc;
+  banc.Taille = {1280, 720};
+  banc.Reglages.SauveParametres();
+  EXPECT_EQ(banc.Magasin.Disque.value("FTP/width"), QStringLiteral("1280"));
+  EXPECT_EQ(banc.Magasin.Disque.value("FTP/height"), QStringLiteral("720"));
+}
+
+TEST(SauveParametres, NeverStoresAPasswordAsItWasTyped) {
+  BancReglages banc;
+  banc.Valeurs.SmtpPass = banc.Valeurs.MotDePasseFtp = QStringLiteral("secret");
+  banc.Reglages.SauveParametres();
+  for (const QString& valeur : banc.Magasin.Disque) EXPECT_FALSE(valeur.contains(QStringLiteral("secret")));
+}
+
+TEST(SauveParametres, BringsEveryValueBackThroughALoad) {
+  BancReglages banc;
+  banc.Disque.AjouteDossier(QStringLiteral("/photos"));
+  Parametres& v = banc.Valeurs;
+  v = {.Retard = 33,
+       .LangueCourante = 1,
+       .SeuilAuto = false,
+       .SeuilDetection = 4711,
+       .IndexSkin = 2,
+       .NombrePhotoMax = 12,
+       .RepertoirePhoto = "/photos",
+       .PhotoActif = true,
+       .IndexSon = 3,
+       .SonActif = false,
+       .FichierSon = "/s/a.wav",
+       .MailActif = true,
+       .MailDestination = "a@example.org",
+       .MailSujet = QString::fromUtf8("é; [x]=1"),
+       .MailCorps = "a\r\nb",
+       .MailNombrePhoto = "3",
+       .MailNombreMail = "2",
+       .SmtpServeur = "s",
+       .SmtpFrom = "f",
+       .SmtpPort = "587",
+       .SmtpUser = "u",
+       .SmtpActif = false,
+       .SmtpNeedLogin = false,
+       .SmtpPass = "p1",
+       .AdresseHtml = "h/",
+       .AdresseFtp = "ftp",
+       .UtilisateurFtp = "uf",
+       .RepertoireFtp = "/r",
+       .IntervalleFtp = "0,5",
+       .IndexQualite = 3,
+       .IndexCouleurPage = 6,
+       .NbrPhotosPage = 9,
+       .MotDePasseFtp = "p2"};
+  banc.Reglages.SauveParametres();
+  const QMap<QString, QString> sauve = banc.Magasin.Disque;
+  v = Parametres{};
+  banc.Reglages.ChargeParametres();
+  EXPECT_EQ(banc.Magasin.Disque, sauve);
+  EXPECT_EQ(v.MailCorps, QStringLiteral("a\r\nb"));
+  EXPECT_EQ(v.MotDePasseFtp, QStringLiteral("p2"));
+  EXPECT_EQ(v.SmtpPass, QStringLiteral("p1"));
+  EXPECT_FALSE(v.SmtpNeedLogin);
+}
+
+}  // namespace
+}  // namespace vaktor

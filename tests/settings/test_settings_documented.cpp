@@ -1,0 +1,78 @@
+// docs/settings.md is written for people; this holds its rows against the table.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QStringList>
+
+#include "settings/settings_table.h"
+
+namespace vaktor {
+namespace {
+
+QString NomForme(FormeStockee forme) {
+  switch (forme) {
+    case FormeStockee::Entier:
+      return QStringLiteral("integer");
+    case FormeStockee::Texte:
+      return QStringLiteral("text");
+    case FormeStockee::Drapeau:
+      return QStringLiteral("flag");
+    case FormeStockee::Booleen:
+      return QStringLiteral("boolean");
+    case FormeStockee::Brouille:
+      return QStringLiteral("scrambled");
+    case FormeStockee::Mesure:
+      return QStringLiteral("number");
+  }
+  return {};
+}
+
+QString Defaut(const LigneReglage& ligne) {
+  if (ligne.Forme == FormeStockee::Mesure) return QStringLiteral("written by the program");
+  if (ligne.SousDossier) return QStringLiteral("program folder + `") + QString::fromLatin1(ligne.Defaut) + u'`';
+  const QString defaut = QString::fromLatin1(ligne.Defaut);
+  return defaut.isEmpty() ? QStringLiteral("empty") : u'`' + defaut + u'`';
+}
+
+// Rows of the form "| `section` | `key` | form | default | range | meaning |", cells trimmed.
+QList<QStringList> LitPage() {
+  QFile page(QStringLiteral(PAGE_DES_REGLAGES));
+  EXPECT_TRUE(page.open(QIODevice::ReadOnly));
+  QList<QStringList> lignes;
+  for (const QString& ligne : QString::fromUtf8(page.readAll()).split(u'\n')) {
+    QStringList cellules = ligne.split(u'|');
+    if (cellules.size() != 8 || !cellules[1].contains(u'`')) continue;
+    for (QString& cellule : cellules) cellule = cellule.trimmed();
+    lignes.append(cellules.mid(1, 6));
+  }
+  return lignes;
+}
+
+TEST(PageDesReglages, ListsEveryRowOfTheTableInSaveOrderWithItsFormAndDefault) {
+  const QList<QStringList> lignes = LitPage();
+  ASSERT_EQ(lignes.size(), kNombreCles);
+  for (int i = 0; i < kNombreCles; ++i) {
+    const LigneReglage& ligne = *OrdreSauvegarde()[static_cast<std::size_t>(i)];
+    const QStringList& ecrite = lignes[i];
+    EXPECT_EQ(ecrite[0] + u'/' + ecrite[1],
+              NomReglage(ligne).replace(u'/', QStringLiteral("`/`")).prepend(u'`') + u'`');
+    EXPECT_EQ(ecrite[2], NomForme(ligne.Forme)) << ecrite[1].toStdString();
+    EXPECT_EQ(ecrite[3], Defaut(ligne)) << ecrite[1].toStdString();
+    EXPECT_FALSE(ecrite[4].isEmpty());
+    EXPECT_GT(ecrite[5].size(), 10) << ecrite[1].toStdString();
+  }
+}
+
+TEST(PageDesReglages, GivesTheRangeOfEachRowThatIsRefusedOutsideIt) {
+  for (const QStringList& ecrite : LitPage()) {
+    if (ecrite[1] == QStringLiteral("`skin`")) {
+      EXPECT_EQ(ecrite[4], QStringLiteral("0 to 2"));
+    }
+    if (ecrite[1] == QStringLiteral("`qualitephoto`")) {
+      EXPECT_EQ(ecrite[4], QStringLiteral("0 to 3"));
+    }
+  }
+}
+
+}  // namespace
+}  // namespace vaktor
