@@ -1,0 +1,90 @@
+#include "image/forms/form_monitor.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kHauteurBarre = 2;  // it covers the last two rows of the picture
+
+// Two rows leave no room for a styled frame: the bar is all there is.
+class BarrePoints : public QProgressBar {
+ public:
+  explicit BarrePoints(QWidget* parent) : QProgressBar(parent) {
+    setRange(0, kBarreMax);
+    setValue(0);
+    setTextVisible(false);
+  }
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter peintre(this);
+    peintre.fillRect(rect(), QColor(224, 224, 224));
+    peintre.fillRect(QRectF(0, 0, double(width()) * value() / maximum(), height()), QColor(0, 0, 160));
+  }
+};
+
+}  // namespace
+
+FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat)
+    : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      Moteur_(moteur),
+      Etat_(etat),
+      Picture1_(new VueCadre(moteur.Surface(), this)),
+      ProgressBar1_(new BarrePoints(this)) {
+  setObjectName(QStringLiteral("FormMonitor"));
+  Picture1_->setObjectName(QStringLiteral("Picture1"));
+  ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));
+  CreeMenu();
+  connect(Picture1_, &VueCadre::GaucheAppuye, this, [this](QPointF p) { Moteur_.SourisZoneAppuyee(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::GaucheDeplace, this, [this](QPointF p) { Moteur_.SourisZoneDeplacee(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::GaucheRelache, this, [this](QPointF p) { Moteur_.SourisZoneRelachee(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::DroitAppuye, this, &FormMonitor::OuvreMenu);
+  AjusteFenetre();
+  Moteur_.Surface().SurChangement([this] { SuitSurface(); });
+}
+
+FormMonitor::~FormMonitor() { Moteur_.Surface().SurChangement({}); }
+
+void FormMonitor::CreeMenu() {
+  MnuScreen_ = new QMenu(QStringLiteral("Screen"), this);
+  MnuScreen_->setObjectName(QStringLiteral("MnuScreen"));
+  MnuFullScreen_ = MnuScreen_->addAction(QStringLiteral("Full screen"));
+  MnuFullScreen_->setObjectName(QStringLiteral("MnuFullScreen"));
+  connect(MnuFullScreen_, &QAction::triggered, this, &FormMonitor::PleinEcranChoisi);
+}
+
+void FormMonitor::OuvreMenu(const QPointF& position) {
+  // The caption is written at each opening: that is when it takes the language of the moment.
+  MnuFullScreen_->setText(LibellePleinEcran_);
+  MnuScreen_->popup(Picture1_->mapToGlobal(position.toPoint()));
+}
+
+void FormMonitor::MontreBarre(qint32 valeur) { ProgressBar1_->setValue(valeur); }
+
+void FormMonitor::SuitSurface() {
+  if (Picture1_->size() != Moteur_.Surface().Taille()) AjusteFenetre();
+  Picture1_->update();
+}
+
+void FormMonitor::AjusteFenetre() {
+  const QSize taille = Moteur_.Surface().Taille();
+  Picture1_->setGeometry(QRect(QPoint(0, 0), taille));
+  ProgressBar1_->setGeometry(0, taille.height() - kHauteurBarre, taille.width(), kHauteurBarre);
+  setFixedSize(taille);
+}
+
+void FormMonitor::closeEvent(QCloseEvent* evenement) {
+  if (Etat_.EnFermeture) {
+    evenement->accept();
+    return;
+  }
+  // Detection goes on behind a hidden monitor; the camera button brings it back.
+  evenement->ignore();
+  hide();
+  Moteur_.CacheMoniteur();
+}
+
+}  // namespace vaktor

@@ -1,0 +1,50 @@
+// FormMonitor: the small window that shows the frame at its own size and takes the zone from the mouse.
+#pragma once
+
+#include <QMenu>
+#include <QProgressBar>
+#include <QWidget>
+
+#include "base/application_state.h"
+#include "engine/surveillance.h"
+#include "image/forms/frame_view.h"
+
+namespace vaktor {
+
+/// Owner: app/; made hidden at the start and alive for the whole run. Its controls: Picture1, ProgressBar1, the pop-up
+/// menu MnuScreen with MnuFullScreen. Their words are written by the text loader. User-interface thread.
+class FormMonitor : public QWidget {
+  Q_OBJECT
+
+ public:
+  /// Takes the surface's handler of changes for itself.
+  FormMonitor(Surveillance& moteur, const EtatApplication& etat);
+  ~FormMonitor() override;
+
+  void MontreBarre(qint32 valeur);
+  /// The notice over the picture while the camera gives no new frames; empty for none.
+  void MontreAvis(const QString& avis) { Picture1_->MontreAvis(avis); }
+  void ChangeLibellePleinEcran(const QString& libelle) { LibellePleinEcran_ = libelle; }
+
+ Q_SIGNALS:
+  void PleinEcranChoisi();  ///< MnuFullScreen
+
+ protected:
+  void closeEvent(QCloseEvent* evenement) override;
+
+ private:
+  void CreeMenu();
+  void OuvreMenu(const QPointF& position);
+  void SuitSurface();
+  void AjusteFenetre();
+
+  Surveillance& Moteur_;
+  const EtatApplication& Etat_;
+  VueCadre* Picture1_;
+  QProgressBar* ProgressBar1_;
+  QMenu* MnuScreen_ = nullptr;
+  QAction* MnuFullScreen_ = nullptr;
+  QString LibellePleinEcran_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,54 @@
+#include "image/forms/frame_view.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include "image/forms/surface_painter.h"
+
+namespace vaktor {
+
+VueCadre::VueCadre(const SurfaceImage& surface, QWidget* parent) : QWidget(parent), Surface_(surface) {
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void VueCadre::MontreAvis(const QString& avis) {
+  // Told at each tick: only a change costs a repaint.
+  if (avis == Avis_) return;
+  Avis_ = avis;
+  update();
+}
+
+void VueCadre::paintEvent(QPaintEvent*) {
+  QPainter peintre(this);
+  PeintSurface(peintre, Surface_);
+  PeintAvis(peintre);
+}
+
+void VueCadre::PeintAvis(QPainter& peintre) const {
+  if (Avis_.isEmpty()) return;
+  QFont police = font();
+  police.setPixelSize(qBound(11, width() / 16, 40));
+  police.setBold(true);
+  peintre.setFont(police);
+  const QRect mots = peintre.fontMetrics().boundingRect(Avis_).adjusted(-12, -6, 12, 6);
+  const QRect plaque(rect().center() - QPoint(mots.width() / 2, mots.height() / 2), mots.size());
+  peintre.fillRect(plaque, QColor(0, 0, 0, 170));
+  peintre.setPen(Qt::white);
+  peintre.drawText(plaque, Qt::AlignCenter, Avis_);
+}
+
+void VueCadre::mousePressEvent(QMouseEvent* evenement) {
+  if (evenement->button() == Qt::LeftButton) Q_EMIT GaucheAppuye(evenement->position());
+  if (evenement->button() == Qt::RightButton) Q_EMIT DroitAppuye(evenement->position());
+}
+
+void VueCadre::mouseMoveEvent(QMouseEvent* evenement) {
+  // The left button alone: a drag with a second button held draws nothing.
+  if (evenement->buttons() == Qt::LeftButton) Q_EMIT GaucheDeplace(evenement->position());
+}
+
+void VueCadre::mouseReleaseEvent(QMouseEvent* evenement) {
+  if (evenement->button() == Qt::LeftButton) Q_EMIT GaucheRelache(evenement->position());
+}
+
+}  // namespace vaktor

@@ -1,0 +1,42 @@
+// Picture1: the frame at its own size. It keeps no frame of its own, it paints the surface.
+#pragma once
+
+#include <QWidget>
+
+#include "engine/frame_surface.h"
+
+namespace vaktor {
+
+/// One pixel of the frame is one pixel of the widget, so mouse positions are pixels of the frame; a screen of high
+/// density shows each as a block. User-interface thread.
+class VueCadre : public QWidget {
+  Q_OBJECT
+
+ public:
+  VueCadre(const SurfaceImage& surface, QWidget* parent);
+
+  /// Words painted over the picture, never into it; the empty text takes them away.
+  void MontreAvis(const QString& avis);
+  const QString& Avis() const { return Avis_; }
+
+ Q_SIGNALS:
+  // Left button only. Positions may lie outside the picture while the button is held.
+  void GaucheAppuye(const QPointF& position);
+  void GaucheDeplace(const QPointF& position);
+  void GaucheRelache(const QPointF& position);
+  void DroitAppuye(const QPointF& position);
+
+ protected:
+  void paintEvent(QPaintEvent* evenement) override;
+  void mousePressEvent(QMouseEvent* evenement) override;
+  void mouseMoveEvent(QMouseEvent* evenement) override;
+  void mouseReleaseEvent(QMouseEvent* evenement) override;
+
+ private:
+  void PeintAvis(QPainter& peintre) const;
+
+  const SurfaceImage& Surface_;
+  QString Avis_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,38 @@
+// Paints a frame with its outlines. The three views of a frame (monitor, enlarged view, small view) share it, so that
+// an outline looks the same in all of them.
+#pragma once
+
+#include <QColor>
+#include <QImage>
+#include <QPainter>
+#include <QRect>
+#include <QRectF>
+#include <vector>
+
+#include "engine/frame_surface.h"
+
+namespace vaktor {
+
+inline constexpr QRgb kCouleurContour = qRgb(192, 192, 255);  ///< light blue, foreground colour of the surface
+
+/// A frame with its outlines as they stood at one moment. The picture is shared, not copied.
+struct CopieSurface {
+  QImage Image;
+  QSize Taille;
+  std::vector<Contour> Contours;
+
+  /// Takes over what the surface shows now.
+  void Prend(const SurfaceImage& surface);
+};
+
+/// Paints the picture (black where there is none) and the outlines in pixels of the frame, from (0, 0) on, through
+/// whatever transformation `peintre` carries.
+void PeintSurface(QPainter& peintre, const CopieSurface& copie);
+void PeintSurface(QPainter& peintre, const SurfaceImage& surface);
+
+/// Stretches a part of the frame with its outlines over `cible`. A negative width takes the part that ends with the
+/// column `source.x()` and mirrors it; a negative height likewise. What lies outside the frame comes out black. A width
+/// or height of zero paints nothing.
+void EtireSurface(QPainter& peintre, const QRectF& cible, const SurfaceImage& surface, const QRect& source);
+
+}  // namespace vaktor

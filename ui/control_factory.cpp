@@ -1,0 +1,75 @@
+#include "ui/control_factory.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+
+namespace vaktor {
+
+namespace {
+
+constexpr QSize kTailleCase{17, 17};
+
+QFont DonnePolice(int pixels) {
+  QFont police(QStringLiteral("Arial"));
+  police.setPixelSize(pixels);
+  return police;
+}
+
+}  // namespace
+
+QString NomIndexe(const char* nom, int index) {
+  return QStringLiteral("%1(%2)").arg(QLatin1String(nom)).arg(index);
+}
+
+void CaseACocher::mouseReleaseEvent(QMouseEvent* evenement) {
+  QCheckBox::mouseReleaseEvent(evenement);
+  Q_EMIT Relachee();
+}
+
+void CaseACocher::keyReleaseEvent(QKeyEvent* evenement) {
+  const bool avant = isChecked();
+  QCheckBox::keyReleaseEvent(evenement);
+  if (isChecked() != avant) Q_EMIT Relachee();
+}
+
+QLabel* CreeEtiquette(QWidget* parent, const QString& nom, const QRect& place, int police, QRgb couleur) {
+  auto* etiquette = new QLabel(parent);
+  etiquette->setObjectName(nom);
+  etiquette->setGeometry(place);
+  etiquette->setFont(DonnePolice(police));
+  etiquette->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  etiquette->setTextFormat(Qt::PlainText);
+  ColoreEtiquette(*etiquette, couleur);
+  return etiquette;
+}
+
+QLineEdit* CreeChamp(QWidget* parent, const QString& nom, const QRect& place) {
+  auto* champ = new QLineEdit(parent);
+  champ->setObjectName(nom);
+  champ->setGeometry(place);
+  champ->setFont(DonnePolice(kPolicePetite));
+  return champ;
+}
+
+QComboBox* CreeListe(QWidget* parent, const QString& nom, const QRect& place) {
+  auto* liste = new QComboBox(parent);
+  liste->setObjectName(nom);
+  liste->setGeometry(place);
+  liste->setFont(DonnePolice(kPolicePetite));
+  return liste;
+}
+
+CaseACocher* CreeCase(QWidget* parent, const QString& nom, const QPoint& place) {
+  auto* boite = new CaseACocher(parent);
+  boite->setObjectName(nom);
+  boite->setGeometry(QRect(place, kTailleCase));
+  return boite;
+}
+
+void ColoreEtiquette(QLabel& etiquette, QRgb couleur) {
+  QPalette palette = etiquette.palette();
+  palette.setColor(QPalette::WindowText, QColor::fromRgb(couleur));
+  etiquette.setPalette(palette);
+}
+
+}  // namespace vaktor

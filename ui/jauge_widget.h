@@ -1,0 +1,41 @@
+// JaugeWidget: the sensitivity gauge PictSeuil, a thin bar with a marker.
+#pragma once
+
+#include <QWidget>
+
+namespace vaktor {
+
+/// Its scale runs from 0 to 7000000 over its width, so that a position is directly a tolerance.
+class JaugeWidget : public QWidget {
+  Q_OBJECT
+
+ public:
+  JaugeWidget(QWidget* parent, const QString& nom, const QRect& place);
+
+  /// Bar from 0 to `valeur` with a black marker at its end; light red when `haute`, else light green. The value may lie
+  /// outside the scale: the widget's edge cuts bar and marker.
+  void Dessine(qint32 valeur, bool haute);
+  qint32 Valeur() const { return Valeur_; }
+  bool Haute() const { return Haute_; }
+
+ Q_SIGNALS:
+  /// Press, move and release alike: the position in the gauge's scale, outside 0 to 7000000 when the mouse is.
+  void Souris(double x, bool boutonGaucheSeul);
+  void DoubleClic();
+
+ protected:
+  void paintEvent(QPaintEvent* evenement) override;
+  void mousePressEvent(QMouseEvent* evenement) override;
+  void mouseMoveEvent(QMouseEvent* evenement) override;
+  void mouseReleaseEvent(QMouseEvent* evenement) override;
+  void mouseDoubleClickEvent(QMouseEvent* evenement) override;
+
+ private:
+  double EnEchelle(const QPointF& position) const;
+
+  qint32 Valeur_ = 0;
+  bool Haute_ = false;
+  bool Dessinee_ = false;  // nothing but the background before the first Dessine
+};
+
+}  // namespace vaktor

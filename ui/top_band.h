@@ -1,0 +1,26 @@
+// The permanent band above the pages: status lines, lamps, gauge and the main buttons.
+#pragma once
+
+#include <QLabel>
+#include <array>
+
+#include "ui/bouton_image.h"
+#include "ui/jauge_widget.h"
+#include "ui/lampe_widget.h"
+
+namespace vaktor {
+
+/// Its controls stand on the window itself; this struct only makes and names them. Owner: Form1.
+struct BandeauHaut {
+  static constexpr int kNombreBoutons = 7;
+  explicit BandeauHaut(QWidget* fenetre);
+
+  std::array<BoutonImage*, kNombreBoutons> Bouton{};
+  QLabel* LblDebugAlarm;
+  QLabel* LblDebugftp;
+  LampeWidget* ImageLedAlarme;
+  LampeWidget* ImageLedSurveill;
+  JaugeWidget* PictSeuil;
+};
+
+}  // namespace vaktor
