@@ -17,9 +17,7 @@ QFont DonnePolice(int pixels) {
 
 }  // namespace
 
-QString NomIndexe(const char* nom, int index) {
-  return QStringLiteral("%1(%2)").arg(QLatin1String(nom)).arg(index);
-}
+QString NomIndexe(const char* nom, int index) { return QStringLiteral("%1(%2)").arg(QLatin1String(nom)).arg(index); }
 
 void CaseACocher::mouseReleaseEvent(QMouseEvent* evenement) {
   QCheckBox::mouseReleaseEvent(evenement);
@@ -67,6 +65,8 @@ CaseACocher* CreeCase(QWidget* parent, const QString& nom, const QPoint& place) 
 }
 
 void ColoreEtiquette(QLabel& etiquette, QRgb couleur) {
+  // Asked for at each frame: an unchanged colour must cost nothing.
+  if (etiquette.palette().color(QPalette::WindowText) == QColor::fromRgb(couleur)) return;
   QPalette palette = etiquette.palette();
   palette.setColor(QPalette::WindowText, QColor::fromRgb(couleur));
   etiquette.setPalette(palette);

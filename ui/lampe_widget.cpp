@@ -8,18 +8,24 @@ namespace {
 
 QString NomLampe(Lampe lampe) {
   switch (lampe) {
-    case Lampe::kRougeAllumee: return QStringLiteral("LEDREDON");
-    case Lampe::kVerte: return QStringLiteral("LEDVERT");
-    case Lampe::kRouge: break;
+    case Lampe::kRougeAllumee:
+      return QStringLiteral("LEDREDON");
+    case Lampe::kVerte:
+      return QStringLiteral("LEDVERT");
+    case Lampe::kRouge:
+      break;
   }
   return QStringLiteral("LEDRED");
 }
 
 QColor CouleurLampe(Lampe lampe) {
   switch (lampe) {
-    case Lampe::kRougeAllumee: return {255, 60, 40};
-    case Lampe::kVerte: return {40, 220, 60};
-    case Lampe::kRouge: break;
+    case Lampe::kRougeAllumee:
+      return {255, 60, 40};
+    case Lampe::kVerte:
+      return {40, 220, 60};
+    case Lampe::kRouge:
+      break;
   }
   return {120, 20, 20};
 }

@@ -14,6 +14,7 @@ VueReduite::VueReduite(QWidget* parent, const QString& nom, const QRect& place) 
 }
 
 void VueReduite::Noircit() {
+  if (Pixels_ == nullptr && Zoom_.isNull()) return;
   Pixels_ = nullptr;
   Zoom_ = QImage();
   update();

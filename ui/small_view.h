@@ -31,7 +31,7 @@ class VueReduite : public QWidget {
   void mousePressEvent(QMouseEvent* evenement) override;
 
  private:
-  QImage Zoom_;                    // null: no zoom picture
+  QImage Zoom_;                     // null: no zoom picture
   const QImage* Pixels_ = nullptr;  // null: not in pixel view
 };
 

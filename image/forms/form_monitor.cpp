@@ -62,6 +62,11 @@ void FormMonitor::OuvreMenu(const QPointF& position) {
   MnuScreen_->popup(Picture1_->mapToGlobal(position.toPoint()));
 }
 
+void FormMonitor::EcritAides(const QString& image, const QString& barre) {
+  Picture1_->setToolTip(image);
+  ProgressBar1_->setToolTip(barre);
+}
+
 void FormMonitor::MontreBarre(qint32 valeur) { ProgressBar1_->setValue(valeur); }
 
 void FormMonitor::SuitSurface() {

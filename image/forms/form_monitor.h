@@ -24,6 +24,7 @@ class FormMonitor : public QWidget {
   void MontreBarre(qint32 valeur);
   /// The notice over the picture while the camera gives no new frames; empty for none.
   void MontreAvis(const QString& avis) { Picture1_->MontreAvis(avis); }
+  void EcritAides(const QString& image, const QString& barre);
   void ChangeLibellePleinEcran(const QString& libelle) { LibellePleinEcran_ = libelle; }
 
  Q_SIGNALS:

@@ -41,7 +41,7 @@ class VueAgrandie {
   void Rafraichit();
   void Montre();
   void Cache();
-  void Decharge();                                  ///< end of the program: nothing loads it again
+  void Decharge();                                      ///< end of the program: nothing loads it again
   WebcamPecran* Forme() const { return Forme_.get(); }  ///< null while it is not loaded
 
  private:

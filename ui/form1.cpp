@@ -1,0 +1,190 @@
+#include "ui/form1.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kPremierOnglet = 3;  // Bouton(3) and up change the page
+
+// Controls that never show: they hold pictures for the faces and for the live image. A name, a size.
+struct ControleCache {
+  const char* Nom;
+  int Nombre;  // 0: no array
+  QSize Taille;
+};
+constexpr std::array kControlesCaches = {ControleCache{"PictBlue", 3, {72, 16}}, ControleCache{"PictGrey", 3, {72, 16}},
+                                         ControleCache{"PictureTampon", 0, {185, 105}},
+                                         ControleCache{"PictHeure", 0, {70, 20}}};
+
+void CreeControleCache(QWidget* fenetre, const QString& nom, const QSize& taille) {
+  auto* controle = new QWidget(fenetre);
+  controle->setObjectName(nom);
+  controle->setGeometry(QRect(QPoint(0, Form1::kTaille.height()), taille));
+  controle->hide();
+}
+
+}  // namespace
+
+Form1::Form1(ServicesForm1 services)
+    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
+      Services_(std::move(services)),
+      Bandeau_(std::make_unique<BandeauHaut>(this)),
+      PictPage0_(new PageMail(this)),
+      PictPage1_(new PageMoniteur(this)),
+      PictPage2_(new PageFtp(this)),
+      PictPage3_(new PageOptions(this)) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QStringLiteral("Vaktor"));
+  setFixedSize(kTaille);
+  CreeControlesCaches();
+  BrancheBoutons();
+  BrancheJauge();
+  BrancheMoniteur();
+  BrancheOptions();
+  AmenePage(1);
+}
+
+void Form1::CreeControlesCaches() {
+  for (const ControleCache& c : kControlesCaches) {
+    if (c.Nombre == 0) CreeControleCache(this, QLatin1String(c.Nom), c.Taille);
+    for (int i = 0; i < c.Nombre; ++i) CreeControleCache(this, NomIndexe(c.Nom, i), c.Taille);
+  }
+  CheckPEcran_ = new QCheckBox(this);
+  CheckPEcran_->setObjectName(QStringLiteral("CheckPEcran"));
+  CheckPEcran_->setGeometry(8, 304, 97, 17);
+  CheckPEcran_->hide();
+  connect(CheckPEcran_, &QCheckBox::toggled, this, [this](bool coche) { Services_.MontrePleinEcran(coche); });
+}
+
+void Form1::BrancheBoutons() {
+  for (int i = 0; i < BandeauHaut::kNombreBoutons; ++i) {
+    connect(Bandeau_->Bouton.at(static_cast<std::size_t>(i)), &QAbstractButton::clicked, this,
+            [this, i] { BasculeBouton(i); });
+  }
+  connect(PictPage3_->BoutonGris4, &QAbstractButton::clicked, this,
+          [this] { Services_.Moteur.MontreDialogueFormat(); });
+  connect(PictPage3_->BoutonGris5, &QAbstractButton::clicked, this,
+          [this] { Services_.Moteur.MontreDialogueSource(); });
+}
+
+void Form1::BasculeBouton(int index) {
+  // A change of page saves what the page before has left unsaved; the three switches do not.
+  if (index >= kPremierOnglet && Services_.Reglages.ParametresModifies) Services_.Sauvegarde.SauveParametres();
+  switch (index) {
+    case 0:
+      Services_.Moteur.BasculeCamera();
+      break;
+    case 1:
+      Services_.Moteur.BasculeAlarme();
+      break;
+    case 2:
+      Services_.Live.BasculeLive();
+      break;
+    case 3:
+      AmenePage(1);
+      break;
+    case 4:
+      AmenePage(3);
+      break;
+    case 5:
+      AmenePage(0);
+      break;
+    case 6:
+      AmenePage(2);
+      break;
+    default:
+      break;
+  }
+}
+
+void Form1::AmenePage(int index) {
+  const std::array<PageVaktor*, 4> pages = {PictPage0_, PictPage1_, PictPage2_, PictPage3_};
+  pages.at(static_cast<std::size_t>(index))->raise();
+}
+
+void Form1::BrancheJauge() {
+  connect(Bandeau_->PictSeuil, &JaugeWidget::Souris, this,
+          [this](double x, bool gaucheSeul) { Services_.Moteur.SourisJauge(x, gaucheSeul); });
+  connect(Bandeau_->PictSeuil, &JaugeWidget::DoubleClic, this, [this] { Services_.Moteur.DoubleClicJauge(); });
+}
+
+void Form1::BrancheMoniteur() {
+  connect(PictPage1_->CheckPPhot, &CaseACocher::Relachee, this, &Form1::RelacheCheckPPhot);
+  connect(PictPage1_->CheckMail, &CaseACocher::Relachee, this,
+          [this] { ChangeDrapeau(&Parametres::MailActif, *PictPage1_->CheckMail); });
+  connect(PictPage1_->CheckSon, &CaseACocher::Relachee, this,
+          [this] { ChangeDrapeau(&Parametres::SonActif, *PictPage1_->CheckSon); });
+  connect(PictPage1_->Text1, &QLineEdit::textChanged, this, &Form1::SuitText1);
+  connect(PictPage1_, &PageMoniteur::ModeChoisi, this, &Form1::ChoisitMode);
+}
+
+void Form1::BrancheOptions() {
+  // No event watches this box: the engine reads the parameter when it needs it, and a later save writes it.
+  connect(PictPage3_->ChkSeuilAuto, &QCheckBox::toggled, this,
+          [this](bool coche) { Services_.Reglages.SeuilAuto = coche; });
+  for (int langue = 0; langue < 2; ++langue) {
+    connect(PictPage3_->Image4.at(static_cast<std::size_t>(langue)), &QAbstractButton::clicked, this,
+            [this, langue] { ChoisitLangue(langue); });
+  }
+}
+
+void Form1::ChangeDrapeau(bool Parametres::*drapeau, const CaseACocher& boite) {
+  Services_.Reglages.*drapeau = boite.isChecked();
+  Services_.Reglages.ParametresModifies = true;
+  Services_.Sauvegarde.SauveParametres();
+}
+
+void Form1::RelacheCheckPPhot() {
+  const bool coche = PictPage1_->CheckPPhot->isChecked();
+  Services_.Reglages.PhotoActif = coche;
+  // Only a warning: the box stays ticked whatever the disk holds.
+  if (coche && Services_.VerifieEspaceDisque()) {
+    Services_.Boites.MontreMessage(Services_.Textes.Messages(3), Services_.Textes.Messages(4), BoutonsBoite::kOk);
+  }
+  ChangeDrapeau(&Parametres::PhotoActif, *PictPage1_->CheckPPhot);
+}
+
+void Form1::SuitText1(const QString& texte) {
+  const QString propre = Services_.Moteur.ChangeTexteRetard(texte);
+  QLineEdit* champ = PictPage1_->Text1;
+  if (propre == champ->text()) return;
+  // Writing the cleaned text is a change like any other: the handler runs once more and finds nothing to clean. The
+  // cursor stays behind the same digits.
+  const auto apres = texte.size() - champ->cursorPosition();
+  champ->setText(propre);
+  champ->setCursorPosition(static_cast<int>(qMax<qsizetype>(0, propre.size() - apres)));
+}
+
+void Form1::ChoisitMode(bool zoom) {
+  Services_.Moteur.ChoisitModeZoom(zoom);
+  PictPage1_->CocheMode(zoom);
+}
+
+void Form1::ChoisitLangue(int langue) {
+  Services_.Reglages.LangueCourante = langue;
+  Services_.ChargeTextes();
+}
+
+void Form1::RemplitControles() {
+  const Parametres& reglages = Services_.Reglages;
+  PictPage0_->Remplit(reglages);
+  PictPage1_->Remplit(reglages);
+  PictPage2_->Remplit(reglages);
+  PictPage3_->Remplit(reglages);
+}
+
+void Form1::paintEvent(QPaintEvent*) {
+  QPainter peintre(this);
+  peintre.fillRect(rect(), QColor(204, 212, 222));
+}
+
+void Form1::closeEvent(QCloseEvent* evenement) {
+  Services_.FermeApplication();
+  evenement->accept();
+}
+
+}  // namespace vaktor

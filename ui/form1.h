@@ -1,0 +1,82 @@
+// Form1: the main window. A top band and four pages; its slots read a control, call a rule and show the result.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "base/ports/message_boxes.h"
+#include "engine/surveillance.h"
+#include "settings/parameters.h"
+#include "settings/saving.h"
+#include "ui/page_ftp.h"
+#include "ui/page_mail.h"
+#include "ui/page_monitor.h"
+#include "ui/page_options.h"
+#include "ui/texts/text_tables.h"
+#include "ui/top_band.h"
+
+namespace vaktor {
+
+/// What the window calls. All references outlive it.
+struct ServicesForm1 {
+  Parametres& Reglages;
+  SauvegardeParametres& Sauvegarde;
+  const TablesTextes& Textes;
+  Surveillance& Moteur;
+  LiaisonLive& Live;
+  BoitesMessage& Boites;
+  std::function<bool()> VerifieEspaceDisque;   ///< the free-space warning is due
+  std::function<void()> ChargeTextes;          ///< after a change of language
+  std::function<void(bool)> MontrePleinEcran;  ///< CheckPEcran: shows or hides the enlarged view
+  std::function<void()> FermeApplication;      ///< close request: carries out the whole shutdown
+};
+
+/// Owner: app/. User-interface thread.
+class Form1 : public QWidget {
+  Q_OBJECT
+
+ public:
+  static constexpr QSize kTaille{398, 243};
+
+  explicit Form1(ServicesForm1 services);
+
+  /// Shows all parameters, without a handler of a field running.
+  void RemplitControles();
+  /// Brings PictPage(index) to the front.
+  void AmenePage(int index);
+
+  BandeauHaut& Bandeau() { return *Bandeau_; }
+  PageMail& Mail() { return *PictPage0_; }
+  PageMoniteur& Moniteur() { return *PictPage1_; }
+  PageFtp& Ftp() { return *PictPage2_; }
+  PageOptions& Options() { return *PictPage3_; }
+  QCheckBox& CheckPEcran() { return *CheckPEcran_; }
+
+ protected:
+  void closeEvent(QCloseEvent* evenement) override;
+  void paintEvent(QPaintEvent* evenement) override;
+
+ private:
+  void CreeControlesCaches();
+  void BrancheBoutons();
+  void BrancheJauge();
+  void BrancheMoniteur();
+  void BrancheOptions();
+  void BasculeBouton(int index);
+  void ChangeDrapeau(bool Parametres::*drapeau, const CaseACocher& boite);
+  void RelacheCheckPPhot();
+  void SuitText1(const QString& texte);
+  void ChoisitMode(bool zoom);
+  void ChoisitLangue(int langue);
+
+  ServicesForm1 Services_;
+  std::unique_ptr<BandeauHaut> Bandeau_;
+  PageMail* PictPage0_;
+  PageMoniteur* PictPage1_;
+  PageFtp* PictPage2_;
+  PageOptions* PictPage3_;
+  QCheckBox* CheckPEcran_ = nullptr;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,31 @@
+#include "ui/own_words.h"
+
+namespace vaktor {
+
+namespace {
+QString Choisit(qint32 langue, const char* francais, const char* anglais) {
+  return QString::fromUtf8(langue == 1 ? anglais : francais);
+}
+}  // namespace
+
+QString MotSignalPerdu(qint32 langue) { return Choisit(langue, "Signal perdu", "Signal lost"); }
+
+QString AideBarre(qint32 langue) {
+  return Choisit(langue, "Représentation graphique du nombre de pixels en mouvement",
+                 "Graphical representation of moving pixels");
+}
+
+QString MessageEchecInattendu(qint32 langue, const QString& description) {
+  return Choisit(langue, "Une opération a échoué : %1\nVaktor continue.", "An operation failed: %1\nVaktor goes on.")
+      .arg(description);
+}
+
+QString MessageDemarrageImpossible(qint32 langue, const QString& description) {
+  return Choisit(langue, "Vaktor ne peut pas démarrer : %1", "Vaktor cannot start: %1").arg(description);
+}
+
+QString MessageDossierImpossible(qint32 langue, const QString& dossier) {
+  return Choisit(langue, "le dossier « %1 » ne peut pas être créé.", "the folder \"%1\" cannot be made.").arg(dossier);
+}
+
+}  // namespace vaktor

@@ -1,0 +1,19 @@
+// Words that the numbered tables do not hold, because they speak of things that only this system knows: a camera that
+// vanished, a failure that nobody expected. By language: 1 English, any other number French.
+#pragma once
+
+#include <QString>
+
+namespace vaktor {
+
+QString MotSignalPerdu(qint32 langue);
+/// Tooltip of ProgressBar1.
+QString AideBarre(qint32 langue);
+/// The message of the guard at the event loop: what failed, and that the program goes on.
+QString MessageEchecInattendu(qint32 langue, const QString& description);
+/// The message of a start that failed.
+QString MessageDemarrageImpossible(qint32 langue, const QString& description);
+/// Said when a folder that the program writes to cannot be made.
+QString MessageDossierImpossible(qint32 langue, const QString& dossier);
+
+}  // namespace vaktor

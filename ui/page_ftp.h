@@ -1,0 +1,40 @@
+// PictPage(2), the live page: where the picture is published and how.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include "settings/parameters.h"
+#include "ui/bouton_image.h"
+#include "ui/page.h"
+
+namespace vaktor {
+
+class PageFtp : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  static constexpr int kNombreQualites = 4;
+  static constexpr int kNombreCouleurs = 7;
+
+  explicit PageFtp(QWidget* fenetre);
+  void Remplit(const Parametres& reglages);
+
+  QLineEdit* TxtFtp;
+  QLineEdit* TxtHtml;
+  QLineEdit* TxtFTPracine;
+  QLineEdit* TxtUserName;
+  QLineEdit* TxtPass;
+  QComboBox* CombQualit;   ///< kNombreQualites items, worded by the text loader
+  QComboBox* CombCouleur;  ///< kNombreCouleurs items, worded and selected by the text loader
+  QLineEdit* TxtRefresh;
+  QLineEdit* TextNbrPhotoFTP;
+  BoutonImage* BoutonGris2;  ///< BoutonGris(2), create and send the page
+  BoutonImage* BoutonGris3;  ///< BoutonGris(3), open the page
+
+ private:
+  void CreeChampsServeur();
+  void CreeListes();
+};
+
+}  // namespace vaktor

@@ -1,0 +1,33 @@
+#include "ui/page_mail.h"
+
+#include "ui/control_factory.h"
+
+namespace vaktor {
+
+PageMail::PageMail(QWidget* fenetre) : PageVaktor(fenetre, 0) {
+  TxtNbrPhoto = CreeChamp(this, QStringLiteral("TxtNbrPhoto"), {8, 8, 30, 19});
+  CreeEtiquette(this, QStringLiteral("LabelVague"), {45, 8, 260, 17}, kPoliceMoyenne);
+  TextNbrMail = CreeChamp(this, QStringLiteral("TextNbrMail"), {8, 24, 30, 19});
+  CreeEtiquette(this, QStringLiteral("LabelNbrMail"), {45, 25, 260, 17}, kPoliceMoyenne);
+  TextEMail = CreeChamp(this, QStringLiteral("TextEMail"), {8, 54, 129, 19});
+  CreeEtiquette(this, QStringLiteral("LabelMaildest"), {144, 54, 170, 17}, kPoliceMoyenne);
+  TextSujet = CreeChamp(this, QStringLiteral("TextSujet"), {8, 72, 129, 17});
+  CreeEtiquette(this, QStringLiteral("LabelMailSujet"), {144, 72, 170, 17}, kPoliceMoyenne);
+  CreeEtiquette(this, QStringLiteral("LabelMailTexte"), {8, 94, 82, 16}, kPoliceMoyenne);
+  TextTexte = new QPlainTextEdit(this);
+  TextTexte->setObjectName(QStringLiteral("TextTexte"));
+  TextTexte->setGeometry(8, 112, 249, 40);
+  TextTexte->setFont(TextSujet->font());
+  TextTexte->setTabChangesFocus(true);
+  BoutonGris8 = new BoutonImage(this, NomIndexe("BoutonGris", 8), {320, 8}, FamilleBouton::kGrise);
+}
+
+void PageMail::Remplit(const Parametres& reglages) {
+  TxtNbrPhoto->setText(reglages.MailNombrePhoto);
+  TextNbrMail->setText(reglages.MailNombreMail);
+  TextEMail->setText(reglages.MailDestination);
+  TextSujet->setText(reglages.MailSujet);
+  TextTexte->setPlainText(reglages.MailCorps);
+}
+
+}  // namespace vaktor

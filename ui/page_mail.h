@@ -1,0 +1,28 @@
+// PictPage(0), the mail page: words and counts of the alarm mails.
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "settings/parameters.h"
+#include "ui/bouton_image.h"
+#include "ui/page.h"
+
+namespace vaktor {
+
+class PageMail : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  explicit PageMail(QWidget* fenetre);
+  void Remplit(const Parametres& reglages);
+
+  QLineEdit* TxtNbrPhoto;
+  QLineEdit* TextNbrMail;
+  QLineEdit* TextEMail;
+  QLineEdit* TextSujet;
+  QPlainTextEdit* TextTexte;
+  BoutonImage* BoutonGris8;  ///< BoutonGris(8), SMTP settings
+};
+
+}  // namespace vaktor

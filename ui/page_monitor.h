@@ -1,0 +1,53 @@
+// PictPage(1), the surveillance page: the small view, the switches of the alarm, its delay, the counters.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+
+#include "settings/parameters.h"
+#include "ui/bouton_image.h"
+#include "ui/control_factory.h"
+#include "ui/page.h"
+#include "ui/small_view.h"
+
+namespace vaktor {
+
+class PageMoniteur : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  explicit PageMoniteur(QWidget* fenetre);
+
+  /// Fills the controls without running their handlers: what is shown is what the store holds.
+  void Remplit(const Parametres& reglages);
+  void MontreCompteurs(qint32 millisecondes, qint32 points);
+  void ChangeTitreMenu(const QString& titre) { TitreMenu_ = titre; }
+  /// Ticks one of the two entries of the display menu and unticks the other.
+  void CocheMode(bool zoom);
+
+  VueReduite* Picture2;
+  CaseACocher* CheckPPhot;
+  CaseACocher* CheckSon;
+  CaseACocher* CheckMail;
+  QLineEdit* Text1;
+  BoutonImage* BoutonGris0;  ///< BoutonGris(0)
+  BoutonImage* BoutonGris1;  ///< BoutonGris(1)
+
+ Q_SIGNALS:
+  void ModeChoisi(bool zoom);
+
+ private:
+  void CreeEtiquettes();
+  void CreeMenu();
+  void OuvreMenu(const QPoint& position);
+
+  QLabel* LabelTemoin0_;
+  QLabel* LabelTemoin1_;
+  QMenu* MnuDisplay_ = nullptr;
+  QAction* MnuPixelView_ = nullptr;
+  QAction* MnuZoomView_ = nullptr;
+  QString TitreMenu_;
+};
+
+}  // namespace vaktor

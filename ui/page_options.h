@@ -1,0 +1,29 @@
+// PictPage(3), the options page: camera dialogs, sounds, help, language, skin, automatic tolerance.
+#pragma once
+
+#include <QComboBox>
+#include <array>
+
+#include "settings/parameters.h"
+#include "ui/bouton_image.h"
+#include "ui/control_factory.h"
+#include "ui/flag_button.h"
+#include "ui/page.h"
+
+namespace vaktor {
+
+class PageOptions : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  explicit PageOptions(QWidget* fenetre);
+  void Remplit(const Parametres& reglages);
+
+  BoutonImage* BoutonGris4;                ///< BoutonGris(4), video format
+  BoutonImage* BoutonGris5;                ///< BoutonGris(5), video source
+  std::array<DrapeauLangue*, 2> Image4{};  ///< by language number
+  QComboBox* CombSkin;
+  CaseACocher* ChkSeuilAuto;
+};
+
+}  // namespace vaktor

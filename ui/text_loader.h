@@ -1,0 +1,40 @@
+// Puts the words of the current language into the forms.
+#pragma once
+
+#include <functional>
+
+#include "image/forms/form_monitor.h"
+#include "settings/parameters.h"
+#include "ui/form1.h"
+#include "ui/texts/text_tables.h"
+
+namespace vaktor {
+
+/// Owner: app/. User-interface thread.
+class ChargeurTextes {
+ public:
+  /// `chargeBoutons` prints the captions on the button faces; it is the last step.
+  ChargeurTextes(const Parametres& reglages, TablesTextes& textes, Form1& fenetre, FormMonitor& moniteur,
+                 std::function<void()> chargeBoutons);
+
+  /// Fills the tables for LangueCourante and writes them into the forms. The two status lines read inactive
+  /// afterwards, whatever is going on, until the next event writes them.
+  void ChargeTextes();
+
+ private:
+  void EcritAides();
+  void EcritTextes();
+  void EcritListes();
+  void EcritEtats();
+
+  const Parametres& Reglages_;
+  TablesTextes& Textes_;
+  Form1& Fenetre_;
+  FormMonitor& Moniteur_;
+  std::function<void()> ChargeBoutons_;
+};
+
+/// The captions of the plain buttons, until their faces are printed: LibelleBouton(0..6) and LibelleBoutonGris(0..8).
+void EcritLibellesBoutons(Form1& fenetre, const TablesTextes& textes);
+
+}  // namespace vaktor
