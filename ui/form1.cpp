@@ -169,14 +169,6 @@ void Form1::ChoisitLangue(int langue) {
   Services_.ChargeTextes();
 }
 
-void Form1::RemplitControles() {
-  const Parametres& reglages = Services_.Reglages;
-  PictPage0_->Remplit(reglages);
-  PictPage1_->Remplit(reglages);
-  PictPage2_->Remplit(reglages);
-  PictPage3_->Remplit(reglages);
-}
-
 void Form1::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
   peintre.fillRect(rect(), QColor(204, 212, 222));

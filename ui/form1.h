@@ -41,8 +41,6 @@ class Form1 : public QWidget {
 
   explicit Form1(ServicesForm1 services);
 
-  /// Shows all parameters, without a handler of a field running.
-  void RemplitControles();
   /// Brings PictPage(index) to the front.
   void AmenePage(int index);
 

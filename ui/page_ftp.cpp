@@ -37,15 +37,4 @@ void PageFtp::CreeListes() {
   CreeEtiquette(this, QStringLiteral("LblCouleurPage"), {93, 119, 220, 17}, kPoliceMoyenne);
 }
 
-void PageFtp::Remplit(const Parametres& reglages) {
-  TxtFtp->setText(reglages.AdresseFtp);
-  TxtHtml->setText(reglages.AdresseHtml);
-  TxtFTPracine->setText(reglages.RepertoireFtp);
-  TxtUserName->setText(reglages.UtilisateurFtp);
-  TxtPass->setText(reglages.MotDePasseFtp);
-  TxtRefresh->setText(reglages.IntervalleFtp);
-  TextNbrPhotoFTP->setText(QString::number(reglages.NbrPhotosPage));
-  CombQualit->setCurrentIndex(reglages.IndexQualite);
-}
-
 }  // namespace vaktor

@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <QLineEdit>
 
-#include "settings/parameters.h"
 #include "ui/bouton_image.h"
 #include "ui/page.h"
 
@@ -18,7 +17,6 @@ class PageFtp : public PageVaktor {
   static constexpr int kNombreCouleurs = 7;
 
   explicit PageFtp(QWidget* fenetre);
-  void Remplit(const Parametres& reglages);
 
   QLineEdit* TxtFtp;
   QLineEdit* TxtHtml;

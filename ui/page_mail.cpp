@@ -22,12 +22,4 @@ PageMail::PageMail(QWidget* fenetre) : PageVaktor(fenetre, 0) {
   BoutonGris8 = new BoutonImage(this, NomIndexe("BoutonGris", 8), {320, 8}, FamilleBouton::kGrise);
 }
 
-void PageMail::Remplit(const Parametres& reglages) {
-  TxtNbrPhoto->setText(reglages.MailNombrePhoto);
-  TextNbrMail->setText(reglages.MailNombreMail);
-  TextEMail->setText(reglages.MailDestination);
-  TextSujet->setText(reglages.MailSujet);
-  TextTexte->setPlainText(reglages.MailCorps);
-}
-
 }  // namespace vaktor

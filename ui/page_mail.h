@@ -4,7 +4,6 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
-#include "settings/parameters.h"
 #include "ui/bouton_image.h"
 #include "ui/page.h"
 
@@ -15,7 +14,6 @@ class PageMail : public PageVaktor {
 
  public:
   explicit PageMail(QWidget* fenetre);
-  void Remplit(const Parametres& reglages);
 
   QLineEdit* TxtNbrPhoto;
   QLineEdit* TextNbrMail;

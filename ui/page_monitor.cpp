@@ -1,7 +1,5 @@
 #include "ui/page_monitor.h"
 
-#include <QSignalBlocker>
-
 namespace vaktor {
 
 PageMoniteur::PageMoniteur(QWidget* fenetre) : PageVaktor(fenetre, 1) {
@@ -51,14 +49,6 @@ void PageMoniteur::CocheMode(bool zoom) {
 void PageMoniteur::OuvreMenu(const QPoint& position) {
   MnuDisplay_->setTitle(TitreMenu_);
   MnuDisplay_->popup(Picture2->mapToGlobal(position));
-}
-
-void PageMoniteur::Remplit(const Parametres& reglages) {
-  CheckPPhot->setChecked(reglages.PhotoActif);
-  CheckSon->setChecked(reglages.SonActif);
-  CheckMail->setChecked(reglages.MailActif);
-  const QSignalBlocker silence(Text1);
-  Text1->setText(QString::number(reglages.Retard));
 }
 
 void PageMoniteur::MontreCompteurs(qint32 millisecondes, qint32 points) {

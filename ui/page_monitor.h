@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QMenu>
 
-#include "settings/parameters.h"
 #include "ui/bouton_image.h"
 #include "ui/control_factory.h"
 #include "ui/page.h"
@@ -19,8 +18,6 @@ class PageMoniteur : public PageVaktor {
  public:
   explicit PageMoniteur(QWidget* fenetre);
 
-  /// Fills the controls without running their handlers: what is shown is what the store holds.
-  void Remplit(const Parametres& reglages);
   void MontreCompteurs(qint32 millisecondes, qint32 points);
   void ChangeTitreMenu(const QString& titre) { TitreMenu_ = titre; }
   /// Ticks one of the two entries of the display menu and unticks the other.

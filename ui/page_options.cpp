@@ -1,7 +1,5 @@
 #include "ui/page_options.h"
 
-#include <QSignalBlocker>
-
 namespace vaktor {
 
 PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
@@ -18,13 +16,6 @@ PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   CombSkin->setAccessibleName(QStringLiteral("Skins"));
   ChkSeuilAuto = CreeCase(this, QStringLiteral("ChkSeuilAuto"), {8, 144});
   CreeEtiquette(this, QStringLiteral("LblSeuilAuto"), {26, 144, 170, 17}, kPoliceMoyenne);
-}
-
-void PageOptions::Remplit(const Parametres& reglages) {
-  const QSignalBlocker silenceListe(CombSkin);
-  CombSkin->setCurrentIndex(reglages.IndexSkin);
-  const QSignalBlocker silenceCase(ChkSeuilAuto);
-  ChkSeuilAuto->setChecked(reglages.SeuilAuto);
 }
 
 }  // namespace vaktor

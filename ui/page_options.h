@@ -4,7 +4,6 @@
 #include <QComboBox>
 #include <array>
 
-#include "settings/parameters.h"
 #include "ui/bouton_image.h"
 #include "ui/control_factory.h"
 #include "ui/flag_button.h"
@@ -17,7 +16,6 @@ class PageOptions : public PageVaktor {
 
  public:
   explicit PageOptions(QWidget* fenetre);
-  void Remplit(const Parametres& reglages);
 
   BoutonImage* BoutonGris4;                ///< BoutonGris(4), video format
   BoutonImage* BoutonGris5;                ///< BoutonGris(5), video source

@@ -3,6 +3,8 @@
 #include <QCloseEvent>
 #include <QPainter>
 
+#include "base/failure.h"
+
 namespace vaktor {
 
 namespace {
@@ -28,10 +30,13 @@ class BarrePoints : public QProgressBar {
 
 }  // namespace
 
-FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat)
+FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Parametres& reglages,
+                         SauvegardeParametres& sauvegarde)
     : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       Moteur_(moteur),
       Etat_(etat),
+      Reglages_(reglages),
+      Sauvegarde_(sauvegarde),
       Picture1_(new VueCadre(moteur.Surface(), this)),
       ProgressBar1_(new BarrePoints(this)) {
   setObjectName(QStringLiteral("FormMonitor"));
@@ -43,10 +48,14 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat)
   connect(Picture1_, &VueCadre::GaucheRelache, this, [this](QPointF p) { Moteur_.SourisZoneRelachee(p.x(), p.y()); });
   connect(Picture1_, &VueCadre::DroitAppuye, this, &FormMonitor::OuvreMenu);
   AjusteFenetre();
-  Moteur_.Surface().SurChangement([this] { SuitSurface(); });
+  Moteur_.Surface().SurTaille([this] { SuitTaille(); });
+  Moteur_.Surface().SurChangement([this] { Picture1_->update(); });
 }
 
-FormMonitor::~FormMonitor() { Moteur_.Surface().SurChangement({}); }
+FormMonitor::~FormMonitor() {
+  Moteur_.Surface().SurTaille({});
+  Moteur_.Surface().SurChangement({});
+}
 
 void FormMonitor::CreeMenu() {
   MnuScreen_ = new QMenu(QStringLiteral("Screen"), this);
@@ -69,9 +78,16 @@ void FormMonitor::EcritAides(const QString& image, const QString& barre) {
 
 void FormMonitor::MontreBarre(qint32 valeur) { ProgressBar1_->setValue(valeur); }
 
-void FormMonitor::SuitSurface() {
-  if (Picture1_->size() != Moteur_.Surface().Taille()) AjusteFenetre();
-  Picture1_->update();
+void FormMonitor::SuitTaille() {
+  AjusteFenetre();
+  update();
+  Reglages_.ParametresModifies = true;
+  try {
+    Sauvegarde_.SauveParametres();
+  } catch (const Echec&) {
+    // This runs while a frame is being put on the surface: a store that cannot be written must not cost the frame.
+    // ParametresModifies is still set, so the next save tells the user.
+  }
 }
 
 void FormMonitor::AjusteFenetre() {

@@ -8,6 +8,8 @@
 #include "base/application_state.h"
 #include "engine/surveillance.h"
 #include "image/forms/frame_view.h"
+#include "settings/parameters.h"
+#include "settings/saving.h"
 
 namespace vaktor {
 
@@ -17,8 +19,10 @@ class FormMonitor : public QWidget {
   Q_OBJECT
 
  public:
-  /// Takes the surface's handler of changes for itself.
-  FormMonitor(Surveillance& moteur, const EtatApplication& etat);
+  /// Takes the surface's two handlers for itself. The store holds the picture's size for the FTP companion, so a new
+  /// size is saved at once.
+  FormMonitor(Surveillance& moteur, const EtatApplication& etat, Parametres& reglages,
+              SauvegardeParametres& sauvegarde);
   ~FormMonitor() override;
 
   void MontreBarre(qint32 valeur);
@@ -36,11 +40,13 @@ class FormMonitor : public QWidget {
  private:
   void CreeMenu();
   void OuvreMenu(const QPointF& position);
-  void SuitSurface();
+  void SuitTaille();
   void AjusteFenetre();
 
   Surveillance& Moteur_;
   const EtatApplication& Etat_;
+  Parametres& Reglages_;
+  SauvegardeParametres& Sauvegarde_;
   VueCadre* Picture1_;
   QProgressBar* ProgressBar1_;
   QMenu* MnuScreen_ = nullptr;

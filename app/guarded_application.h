@@ -1,0 +1,26 @@
+// The application object with the one guard at the event loop.
+#pragma once
+
+#include <QApplication>
+#include <functional>
+
+namespace vaktor {
+
+/// A failure that no handler of a form takes care of ends here: it is told, and the program goes on. While one is being
+/// told, further ones only go to the error output, so that a timer that fails at each tick cannot pile up boxes.
+class ApplicationGardee : public QApplication {
+ public:
+  ApplicationGardee(int& argc, char** argv);
+
+  /// Tells the user; gets the description of the failure. User-interface thread.
+  void SurEchec(std::function<void(const QString&)> fonction) { SurEchec_ = std::move(fonction); }
+  bool notify(QObject* recepteur, QEvent* evenement) override;
+
+ private:
+  void Signale(const QString& description);
+
+  std::function<void(const QString&)> SurEchec_;
+  bool Annonce_ = false;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,74 @@
+#include "app/launch.h"
+
+#include <QGuiApplication>
+#include <QStyleFactory>
+#include <cstdio>
+
+#include "app/application.h"
+#include "app/guarded_application.h"
+#include "app/termination_signals.h"
+#include "base/failure.h"
+
+namespace vaktor {
+
+namespace {
+
+constexpr const char* kVersion = VAKTOR_VERSION;
+
+// The windows are painted by the processor; the driver for OpenGL would only cost memory.
+void PrepareEnvironnement() {
+  if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
+  QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
+}
+
+// All places are fixed in pixels and fields are black on white: the desktop's own style and dark palettes do not fit.
+void PrepareApparence() {
+  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+  QPalette palette(QColor(226, 228, 232));
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Qt::black);
+  QApplication::setPalette(palette);
+  QApplication::setQuitOnLastWindowClosed(false);
+}
+
+ArgumentsDepart LitArguments(int argc, char** argv) {
+  QStringList arguments;
+  for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
+  return LitArgumentsDepart(arguments);
+}
+
+int Execute(ApplicationGardee& application, const ArgumentsDepart& arguments) {
+  Vaktor vaktor(arguments);
+  application.SurEchec([&vaktor](const QString& description) { vaktor.AnnonceEchec(description); });
+  const SignauxFin signaux([&vaktor] { vaktor.Ferme(); });
+  try {
+    vaktor.Demarre();
+  } catch (const std::exception& erreur) {
+    const auto* echec = dynamic_cast<const Echec*>(&erreur);
+    vaktor.AnnonceDemarrageImpossible(echec != nullptr ? echec->Description() : QString::fromLocal8Bit(erreur.what()));
+    return 1;
+  }
+  return vaktor.EnFermeture() ? 0 : QApplication::exec();
+}
+
+}  // namespace
+
+int LanceVaktor(int argc, char** argv) {
+  const ArgumentsDepart arguments = LitArguments(argc, argv);
+  if (arguments.Aide || arguments.Version) {
+    // Answered without a screen.
+    std::fputs(arguments.Aide
+                   ? qUtf8Printable(TexteAide())
+                   : (QStringLiteral("Vaktor ") + QLatin1String(kVersion) + QLatin1Char('\n')).toUtf8().constData(),
+               stdout);
+    return 0;
+  }
+  PrepareEnvironnement();
+  QCoreApplication::setApplicationName(QStringLiteral("Vaktor"));
+  QCoreApplication::setApplicationVersion(QLatin1String(kVersion));
+  ApplicationGardee application(argc, argv);
+  PrepareApparence();
+  return Execute(application, arguments);
+}
+
+}  // namespace vaktor

@@ -1,0 +1,9 @@
+// From main to the event loop and back.
+#pragma once
+
+namespace vaktor {
+
+/// The exit status of the process: 0, 1 when the program could not start.
+int LanceVaktor(int argc, char** argv);
+
+}  // namespace vaktor

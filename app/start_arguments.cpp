@@ -1,0 +1,44 @@
+#include "app/start_arguments.h"
+
+namespace vaktor {
+
+namespace {
+
+bool Prend(const QString& argument, QLatin1StringView nom, QString& valeur) {
+  if (!argument.startsWith(nom, Qt::CaseInsensitive)) return false;
+  valeur = argument.mid(nom.size());
+  return true;
+}
+
+}  // namespace
+
+ArgumentsDepart LitArgumentsDepart(const QStringList& arguments) {
+  ArgumentsDepart resultat;
+  QStringList reste;
+  for (const QString& argument : arguments) {
+    if (Prend(argument, QLatin1StringView("/camera:"), resultat.Camera)) continue;
+    if (Prend(argument, QLatin1StringView("/dossier:"), resultat.Dossier)) continue;
+    if (argument == QLatin1StringView("--help") || argument == QLatin1StringView("-h")) resultat.Aide = true;
+    if (argument == QLatin1StringView("--version")) resultat.Version = true;
+    reste.append(argument);
+  }
+  resultat.LigneCommande = reste.join(QLatin1Char(' '));
+  return resultat;
+}
+
+QString TexteAide() {
+  return QStringLiteral(
+      "Vaktor: a movement detector for one camera.\n"
+      "\n"
+      "  Vaktor [ARGUMENTS]\n"
+      "\n"
+      "  /camera:WHERE   the camera for this run: a device (/dev/video2), an address (rtsp:// or http://), a video\n"
+      "                  file, or \"test\" for a built-in picture\n"
+      "  /alarm          starts the camera and arms the alarm by itself\n"
+      "  /surve          starts the live publishing by itself\n"
+      "  /dossier:PATH   keeps settings, photos and everything else that is written below PATH\n"
+      "  --help          this text\n"
+      "  --version       the version\n");
+}
+
+}  // namespace vaktor

@@ -1,0 +1,25 @@
+// The start arguments.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace vaktor {
+
+struct ArgumentsDepart {
+  QString Camera;         ///< WHERE of "/camera:WHERE"; empty: none named
+  QString Dossier;        ///< PATH of "/dossier:PATH"; empty: none named
+  QString LigneCommande;  ///< all the rest as one text, in which "/alarm" and "/surve" are looked for
+  bool Aide = false;      ///< "--help"
+  bool Version = false;   ///< "--version"
+};
+
+/// `arguments` without the program's own name: a program folder that happens to be called "alarm" arms nothing. Names
+/// of arguments without regard to case. "/camera:" and "/dossier:" take the whole rest of their argument, blanks
+/// included, and their text is not looked through for other arguments; of several the last counts.
+ArgumentsDepart LitArgumentsDepart(const QStringList& arguments);
+
+/// What "--help" prints.
+QString TexteAide();
+
+}  // namespace vaktor
