@@ -2,7 +2,6 @@
 #pragma once
 
 #include "engine/ports/alarm_actions.h"
-#include "engine/ports/capture_driver.h"
 #include "engine/ports/interface_sounds.h"
 #include "settings/ports/module_commands.h"
 
@@ -27,17 +26,6 @@ class CommandesSansModules : public CommandesModules {
   void EnvoiFTP(const QString&) override {}
   void EnvoiMail(const QString&) override {}
   void EnvoiSon(const QString&) override {}
-};
-
-class PiloteAbsent : public PiloteCapture {
- public:
-  bool Connecte() override { return false; }
-  void Deconnecte() override {}
-  bool SaisitImage() override { return false; }
-  QImage CopieImage() const override { return {}; }
-  bool SignalPerdu() const override { return false; }
-  void MontreDialogueFormat() override {}
-  void MontreDialogueSource() override {}
 };
 
 }  // namespace vaktor
