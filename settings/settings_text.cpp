@@ -2,6 +2,7 @@
 
 #include <QStringConverter>
 #include <QStringView>
+#include <algorithm>
 #include <optional>
 
 #include "settings/ansi_code_page.h"
@@ -82,13 +83,25 @@ QString LitValeurEcrite(QStringView texte) {
   return valeur;
 }
 
+// A section or a key that can be written again as it was read. Ours always can; a name of others that could not is
+// treated as damage, or it would turn into something else with the next save.
+bool EstNom(QStringView nom) {
+  if (nom.isEmpty()) return false;
+  return std::ranges::all_of(nom, [](QChar c) {
+    static constexpr QStringView kInterdits = u"/[]\uFEFF";
+    const char16_t u = c.unicode();
+    const bool controle = u < 0x20 || (u >= 0x7F && u < 0xA0);
+    return !controle && !kInterdits.contains(c);
+  });
+}
+
 // The name between the brackets; empty for a line that is no section.
 QString LitSection(QStringView ligne) {
   if (!ligne.endsWith(u']')) return {};
   const QStringView nom = Elague(ligne.mid(1, ligne.size() - 2));
   const QStringView nu = nom.startsWith(u'%') ? nom.mid(1) : nom;
   if (nu.compare(u"general", Qt::CaseInsensitive) == 0) return QStringLiteral("general");
-  return nom.toString();
+  return EstNom(nom) ? nom.toString() : QString();
 }
 
 void LitLigne(QStringView ligne, QString& section, TexteReglages& lu) {
@@ -99,12 +112,12 @@ void LitLigne(QStringView ligne, QString& section, TexteReglages& lu) {
     return;
   }
   const qsizetype egal = ligne.indexOf(u'=');
-  const QString cle = Elague(ligne.left(egal)).toString();
-  if (egal <= 0 || section.isEmpty()) {
+  const QStringView cle = egal < 0 ? QStringView() : Elague(ligne.left(egal));
+  if (!EstNom(cle) || section.isEmpty()) {
     ++lu.LignesIllisibles;
     return;
   }
-  lu.Valeurs.insert(section + u'/' + cle, LitValeurEcrite(Elague(ligne.mid(egal + 1))));
+  lu.Valeurs.insert(section + u'/' + cle.toString(), LitValeurEcrite(Elague(ligne.mid(egal + 1))));
 }
 
 bool DoitEchapper(QStringView texte, qsizetype i) {
@@ -164,8 +177,7 @@ QByteArray EcritTexteReglages(const ValeursReglages& valeurs) {
   QString texte;
   QString sectionOuverte;
   for (auto it = valeurs.begin(); it != valeurs.end(); ++it) {
-    // At the last "/": a section may hold one, a key of ours never does.
-    const qsizetype barre = it.key().lastIndexOf(u'/');
+    const qsizetype barre = it.key().indexOf(u'/');
     const QString section = it.key().left(barre);
     if (section != sectionOuverte) {
       if (!texte.isEmpty()) texte += u'\n';

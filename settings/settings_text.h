@@ -9,8 +9,9 @@
 // Read: [general] in any case and with or without "%"; values without quotes, blanks around them dropped; a backslash
 // that starts no escape stands for itself; a quote that is never closed ends with its line; commas and semicolons in a
 // value are nothing special; lines starting with ";" or "#" are comments; the last of several equal keys holds; bytes
-// that are no UTF-8 are read as Windows-1252. A line that makes no sense is counted and skipped, and so are the values
-// behind a section line that makes none: nobody knows whose they are.
+// that are no UTF-8 are read as Windows-1252. A name holds no "/", no bracket and no control character. A line that
+// makes no sense is counted and skipped, and so are the values behind a section line that makes none: nobody knows
+// whose they are.
 #pragma once
 
 #include <QByteArray>

@@ -81,7 +81,11 @@ void MagasinFichier::Vide() {
   PrepareDossierPrive(QFileInfo(Fichier_).absolutePath());
   RendPrive(Fichier_);
   const MasquePrive masque;
+  const VerrouDossier verrou(QFileInfo(Fichier_).absolutePath());
   GardeFichierAbime();
+  // QSettings makes a lock file of its own. One that a killed process left empty would stop each save for 30 seconds,
+  // since nobody can tell whose it was; while the folder is ours it belongs to nobody.
+  if (verrou.Tenu()) QFile::remove(Fichier_ + QStringLiteral(".lock"));
   if (Magasin_->status() != QSettings::NoError) Magasin_ = std::make_unique<QSettings>(Fichier_, FormatReglages());
   const qint64 avant = DateFichier(Fichier_);
   for (auto it = Attente_.begin(); it != Attente_.end(); ++it) Magasin_->setValue(it.key(), it.value());

@@ -1,12 +1,14 @@
 #include "platform/store/private_file.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -18,6 +20,8 @@ namespace vaktor {
 namespace {
 
 constexpr mode_t kModePrive = 0600;
+constexpr int kEssaisVerrou = 300;  // of 10 ms: 3 s, a save takes a hundredth of it
+constexpr unsigned long kPauseVerrou = 10;
 constexpr qint64 kNanosParSeconde = 1'000'000'000;
 constexpr qint64 kNanosParMilli = 1'000'000;
 
@@ -41,6 +45,22 @@ int EcritZeros(int descripteur, qsizetype taille) {
 
 MasquePrive::MasquePrive() : Ancien_(::umask(0077)) {}
 MasquePrive::~MasquePrive() { ::umask(static_cast<mode_t>(Ancien_)); }
+
+VerrouDossier::VerrouDossier(const QString& dossier)
+    : Descripteur_(::open(QFile::encodeName(dossier).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  if (Descripteur_ < 0) return;
+  for (int essai = 0; essai < kEssaisVerrou; ++essai) {
+    Tenu_ = ::flock(Descripteur_, LOCK_EX | LOCK_NB) == 0;
+    if (Tenu_ || errno != EWOULDBLOCK) return;
+    QThread::msleep(kPauseVerrou);
+  }
+  ::close(Descripteur_);
+  throw Echec(kAccesFichier, dossier + QStringLiteral(": ") + TexteErreur(EWOULDBLOCK));
+}
+
+VerrouDossier::~VerrouDossier() {
+  if (Descripteur_ >= 0) ::close(Descripteur_);
+}
 
 void PrepareDossierPrive(const QString& dossier) {
   const MasquePrive masque;

@@ -20,6 +20,23 @@ class MasquePrive {
   quint32 Ancien_;
 };
 
+/// The right of one process at a time to write into a folder; the kernel takes it back from a process that dies.
+class VerrouDossier {
+ public:
+  /// Waits a few seconds at most. Throws Echec(kAccesFichier) when another process does not let go.
+  explicit VerrouDossier(const QString& dossier);
+  ~VerrouDossier();
+  VerrouDossier(const VerrouDossier&) = delete;
+  VerrouDossier& operator=(const VerrouDossier&) = delete;
+
+  /// False where there is no folder yet or its file system has no such locks.
+  bool Tenu() const { return Tenu_; }
+
+ private:
+  int Descripteur_;
+  bool Tenu_ = false;
+};
+
 /// Makes a folder (and its parents) that its owner alone can enter. A folder that is there stays as it is.
 void PrepareDossierPrive(const QString& dossier);
 

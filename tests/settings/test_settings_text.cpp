@@ -92,8 +92,14 @@ TEST(TexteReglages, GiveValuesBehindADamagedSectionLineToNobody) {
 }
 
 TEST(TexteReglages, KeepWhatTheyDoNotKnow) {
-  const ValeursReglages valeurs = {{"a/b/c", "1"}, {"My section/My key", "2"}, {"%x/%y", "3"}};
+  const ValeursReglages valeurs = {{"My section/My key", "2"}, {"%x/%y", "3"}, {"a/b", "1"}, {"a b/c", "4"}};
   EXPECT_EQ(LitTexteReglages(EcritTexteReglages(valeurs)).Valeurs, valeurs);
+}
+
+TEST(TexteReglages, CountNamesThatCouldNotBeWrittenAgain) {
+  const TexteReglages lu = LitTexteReglages("[a/b]\nc=1\n[d]\ne/f=1\n[g=2\n[h]\ni[=1\n\xEF\xBB\xBFj=1\nk=1\n[]\nl=1\n");
+  EXPECT_EQ(lu.Valeurs, ValeursReglages({{"h/j", "1"}, {"h/k", "1"}}));
+  EXPECT_EQ(lu.LignesIllisibles, 7);
 }
 
 TEST(TexteReglages, StandHalfAMegabyteInOneValue) {

@@ -1,6 +1,8 @@
 // The settings file: values, mode, one write for each save, and what disks and people do to it.
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -256,6 +258,17 @@ TEST_F(MagasinSurDisque, TellsWhyItCannotSaveAndSavesLaterWhatWasSet) {
   ASSERT_TRUE(QDir().rename(ecarte, QFileInfo(Fichier_).absolutePath()));
   magasin.Vide();
   EXPECT_EQ(LitTexteReglages(Contenu()).Valeurs.value("FTP/user"), "new");
+}
+
+TEST_F(MagasinSurDisque, TellsOfAnotherProcessThatNeverLetsGo) {
+  Pose("");
+  const int dossier = ::open(QFile::encodeName(QFileInfo(Fichier_).absolutePath()).constData(), O_RDONLY | O_DIRECTORY);
+  ASSERT_EQ(::flock(dossier, LOCK_EX), 0);
+  MagasinFichier magasin(Fichier_);
+  EXPECT_THROW(EcritGeneration(magasin, 1), Echec);
+  ::close(dossier);
+  EcritGeneration(magasin, 1);
+  EXPECT_EQ(LitGeneration(MagasinFichier(Fichier_)), 1);
 }
 
 TEST_F(MagasinSurDisque, NamesItsPlaceForMessages) { EXPECT_EQ(MagasinFichier(Fichier_).Emplacement(), Fichier_); }

@@ -87,6 +87,18 @@ TEST(MagasinPartage, KeepsAValueUnseenThatWasSetAndNotSaved) {
   EXPECT_EQ(MagasinFichier(fichier).LitReglage("FTP", "user", "MISSING"), "typed");
 }
 
+TEST(MagasinPartage, IsNotHeldUpByTheLockFileOfAKilledProcess) {
+  // Empty: killed between making it and writing its name into it. Nobody can tell whose it is, and QSettings alone
+  // would wait for half a minute, longer than any process of these tests may take.
+  const QTemporaryDir dossier;
+  const QString fichier = dossier.filePath("settings.ini");
+  QFile verrou(fichier + ".lock");
+  ASSERT_TRUE(verrou.open(QIODevice::WriteOnly));
+  verrou.close();
+  EXPECT_EQ(Joue(fichier, {"save", "x"}), "saved");
+  EXPECT_FALSE(verrou.exists());
+}
+
 TEST(MagasinRefuse, TellsOfAFolderThatMayNotBeWritten) {
   const QTemporaryDir dossier;
   const QString fichier = dossier.filePath("settings.ini");
