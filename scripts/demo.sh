@@ -110,6 +110,6 @@ demontre() {
 }
 
 ecrit_reglages() {
-  printf '[%%General]\nretard=3\n\n[PHOTO]\nactif=1\n' > "$1/VAKTOR.ini"
-  chmod 600 "$1/VAKTOR.ini"
+  printf '[%%general]\nretard=3\n\n[PHOTO]\nactif=1\n' > "$1/vaktor.ini"
+  chmod 600 "$1/vaktor.ini"
 }
