@@ -27,7 +27,7 @@ ouvre_ecran() {
   local tuyau numero
   tuyau=$dossier/ecran
   mkfifo "$tuyau" || return 1
-  Xvfb -displayfd 7 -screen 0 1280x1024x24 -nolisten tcp 7> "$tuyau" 2> "$dossier/Xvfb.log" &
+  Xvfb -displayfd 7 -screen 0 1280x1400x24 -nolisten tcp 7> "$tuyau" 2> "$dossier/Xvfb.log" &
   pid_ecran=$!
   read -r -t 20 numero < "$tuyau" || return 1
   rm -f "$tuyau"
