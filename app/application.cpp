@@ -10,12 +10,12 @@
 #include "platform/base/program_folders.h"
 #include "platform/capture/capture_memory.h"
 #include "ui/own_words.h"
+#include "ui/window_placement.h"
 
 namespace vaktor {
 
 namespace {
 constexpr qint32 kAucunSurvol = 5555;
-constexpr int kEcartFenetres = 12;  // pixels between the main window and the monitor
 }  // namespace
 
 Vaktor::Vaktor(ArgumentsDepart arguments)
@@ -43,7 +43,9 @@ void Vaktor::Demarre() {
   Pompe_.PompeMessages();
   ChargeurTextes_->ChargeTextes();
   Pompe_.PompeMessages();
-  if (!Etat_.EnFermeture) MontreFenetres();
+  if (Etat_.EnFermeture) return;
+  MontreFenetres();
+  Demarree_ = true;
 }
 
 // The language of a message that has to be shown before the settings are loaded. A number that makes no sense is told
@@ -94,18 +96,28 @@ void Vaktor::CreeForm1() {
 void Vaktor::MontreFenetres() {
   const QRect ecran = Form1_->screen()->availableGeometry();
   Form1_->move(ecran.center() - QPoint(Form1_->width() / 2, Form1_->height() / 2));
-  // The monitor opens beside the main window, not over it.
-  FormMonitor_->move(Form1_->geometry().bottomLeft() + QPoint(0, 3 * kEcartFenetres));
   Form1_->show();
+  PlaceMoniteur();
+  QObject::connect(FormMonitor_.get(), &FormMonitor::TailleChangee, Form1_.get(), [this] { PlaceMoniteur(); });
+}
+
+// The monitor opens beside the main window, not over it, and stays clear of it when the frame gets another size, until
+// the user has moved it.
+void Vaktor::PlaceMoniteur() {
+  if (PlaceMoniteur_ && FormMonitor_->pos() != *PlaceMoniteur_) return;
+  const QRect ecran = Form1_->screen()->availableGeometry();
+  PlaceMoniteur_ = PlaceFenetre(ecran, Form1_->frameGeometry(), FormMonitor_->frameGeometry().size());
+  FormMonitor_->move(*PlaceMoniteur_);
 }
 
 void Vaktor::Ferme() {
-  if (Form1_) {
+  if (Demarree_) {
     Form1_->close();
-  } else {
-    Etat_.EnFermeture = true;
-    QCoreApplication::quit();
+    return;
   }
+  // Half-way up, the parameters are only partly those of the store: nothing may be saved.
+  Etat_.EnFermeture = true;
+  QCoreApplication::exit();
 }
 
 // The close request of the main form. One pass: nothing is asked, nothing refuses, nothing is waited for.
@@ -126,7 +138,8 @@ void Vaktor::FermeApplication() {
   PleinEcran_.Decharge();
   FormMonitor_->close();
   Pompe_.PompeMessages();
-  QCoreApplication::quit();
+  // Not quit(), which does nothing while a message box runs the only event loop.
+  QCoreApplication::exit();
 }
 
 void Vaktor::SauveAvantFin() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "app/alarm_actions.h"
 #include "app/do_nothing.h"
@@ -38,7 +39,8 @@ class Vaktor {
 
   /// The start-up sequence, to the main window on the screen. Throws Echec when the program cannot start.
   void Demarre();
-  /// Ends the program as the closing of the main window does; before the end of the start-up sequence, right after it.
+  /// Ends the program as the closing of the main window does. Before the end of the start-up sequence: ends what can be
+  /// ended, and the program goes no further.
   void Ferme();
   bool EnFermeture() const { return Etat_.EnFermeture; }
 
@@ -52,6 +54,7 @@ class Vaktor {
   void CreeMoteur();
   void CreeForm1();
   void MontreFenetres();
+  void PlaceMoniteur();
   void FermeApplication();
   void SauveAvantFin();
   void DechargeFormes();
@@ -91,7 +94,9 @@ class Vaktor {
   std::unique_ptr<FormMonitor> FormMonitor_;
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;
-  bool Fermee_ = false;
+  std::optional<QPoint> PlaceMoniteur_;  // where the program put the monitor last
+  bool Demarree_ = false;                // the start-up sequence is through
+  bool Fermee_ = false;                  // the shutdown has begun
 };
 
 }  // namespace vaktor

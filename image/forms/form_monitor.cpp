@@ -81,6 +81,7 @@ void FormMonitor::MontreBarre(qint32 valeur) { ProgressBar1_->setValue(valeur); 
 void FormMonitor::SuitTaille() {
   AjusteFenetre();
   update();
+  Q_EMIT TailleChangee();
   Reglages_.ParametresModifies = true;
   try {
     Sauvegarde_.SauveParametres();

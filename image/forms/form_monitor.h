@@ -32,6 +32,7 @@ class FormMonitor : public QWidget {
   void ChangeLibellePleinEcran(const QString& libelle) { LibellePleinEcran_ = libelle; }
 
  Q_SIGNALS:
+  void TailleChangee();     ///< the window has fitted itself to a new frame size
   void PleinEcranChoisi();  ///< MnuFullScreen
 
  protected:

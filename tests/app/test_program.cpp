@@ -1,0 +1,105 @@
+// The real executable, from the command line to its end.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QThread>
+#include <csignal>
+
+namespace vaktor {
+namespace {
+
+class Programme : public testing::Test {
+ protected:
+  Programme() {
+    QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
+    environnement.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    Processus.setProcessEnvironment(environnement);
+    Processus.setProcessChannelMode(QProcess::MergedChannels);
+  }
+  ~Programme() override {
+    if (Processus.state() == QProcess::NotRunning) return;
+    Processus.kill();
+    Processus.waitForFinished();
+  }
+  void Lance(QStringList arguments) {
+    arguments.append(QStringLiteral("/dossier:") + Dossier.path());
+    Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), arguments);
+    ASSERT_TRUE(Processus.waitForStarted());
+  }
+  // Waits for something that the program does, far longer than it ever takes.
+  template <typename Condition>
+  bool Attend(Condition condition) {
+    QElapsedTimer temps;
+    temps.start();
+    while (!condition()) {
+      if (temps.elapsed() > 30000 || Processus.waitForFinished(20)) return condition();
+    }
+    return true;
+  }
+  QString Reglage(const QString& cle) const {
+    QFile fichier(Dossier.filePath(QStringLiteral("vaktor.ini")));
+    if (!fichier.open(QIODevice::ReadOnly)) return {};
+    const QStringList lignes = QString::fromUtf8(fichier.readAll()).split(QLatin1Char('\n'));
+    for (const QString& ligne : lignes) {
+      if (ligne.startsWith(cle + QLatin1Char('='))) return ligne.mid(cle.size() + 1).remove(QLatin1Char('"'));
+    }
+    return {};
+  }
+
+  QTemporaryDir Dossier;
+  QProcess Processus;
+};
+
+TEST_F(Programme, ComesUpWritesOnlyBelowItsFolderAndEndsOnTerm) {
+  Lance({QStringLiteral("/camera:test"), QStringLiteral("/alarm")});
+  // The size of the test picture reaches the store with the first frame: the whole road to the monitor works.
+  ASSERT_TRUE(Attend([this] { return Reglage(QStringLiteral("width")) == QStringLiteral("640"); }))
+      << Processus.readAll().toStdString();
+  EXPECT_TRUE(QDir(Dossier.path()).exists(QStringLiteral("Temp/FTP")));
+  EXPECT_TRUE(QDir(Dossier.path()).exists(QStringLiteral("intrus")));
+  EXPECT_EQ(Processus.state(), QProcess::Running);
+  Processus.terminate();
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Processus.exitCode(), 0);
+  // Started and not yet saved when it ended: the gauge of the start is, by the shutdown.
+  EXPECT_EQ(Reglage(QStringLiteral("seuil")).isEmpty(), false);
+}
+
+TEST_F(Programme, HelpAndVersionNeedNoScreen) {
+  for (const char* argument : {"--help", "--version"}) {
+    QProcessEnvironment sans = QProcessEnvironment::systemEnvironment();
+    sans.remove(QStringLiteral("DISPLAY"));
+    sans.remove(QStringLiteral("QT_QPA_PLATFORM"));
+    Processus.setProcessEnvironment(sans);
+    Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), {QLatin1String(argument)});
+    ASSERT_TRUE(Processus.waitForFinished(30000));
+    EXPECT_EQ(Processus.exitCode(), 0);
+    EXPECT_TRUE(Processus.readAll().contains("Vaktor"));
+  }
+}
+
+TEST_F(Programme, StartThatFailsIsToldAndHasAStatus) {
+  QFile fichier(Dossier.filePath(QStringLiteral("vaktor.ini")));
+  ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+  fichier.write("[%general]\nskin=\"7\"\n");
+  fichier.close();
+  Lance({});
+  QByteArray dit;
+  // The box waits for somebody to read it; here a signal stands for the answer.
+  ASSERT_TRUE(Attend([&] {
+    dit += Processus.readAll();
+    return dit.contains("Vaktor ne peut pas");
+  })) << dit.toStdString();
+  Processus.terminate();
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Processus.exitCode(), 1);
+}
+
+}  // namespace
+}  // namespace vaktor

@@ -1,0 +1,44 @@
+#include <gtest/gtest.h>
+
+#include "app/start_arguments.h"
+
+namespace vaktor {
+namespace {
+
+TEST(StartArguments, CameraIsTakenOutOfTheTextThatIsLookedThrough) {
+  const ArgumentsDepart lus = LitArgumentsDepart({QStringLiteral("/camera:/dev/alarm/surve"), QStringLiteral("/x")});
+  EXPECT_EQ(lus.Camera, QStringLiteral("/dev/alarm/surve"));
+  EXPECT_EQ(lus.LigneCommande, QStringLiteral("/x"));
+}
+
+TEST(StartArguments, QuotedValuesKeepTheirBlanks) {
+  const ArgumentsDepart lus = LitArgumentsDepart(
+      {QStringLiteral("/CAMERA:my film /alarm.avi"), QStringLiteral("/Dossier:some where"), QStringLiteral("/SURVE")});
+  EXPECT_EQ(lus.Camera, QStringLiteral("my film /alarm.avi"));
+  EXPECT_EQ(lus.Dossier, QStringLiteral("some where"));
+  EXPECT_EQ(lus.LigneCommande, QStringLiteral("/SURVE"));
+}
+
+TEST(StartArguments, OrderIsFreeAndTheRestStaysOneText) {
+  const ArgumentsDepart lus =
+      LitArgumentsDepart({QStringLiteral("/surve"), QStringLiteral("/camera:test"), QStringLiteral("/alarm")});
+  EXPECT_EQ(lus.LigneCommande, QStringLiteral("/surve /alarm"));
+  EXPECT_FALSE(lus.Aide);
+  EXPECT_FALSE(lus.Version);
+}
+
+TEST(StartArguments, HelpAndVersionAreAskedForByName) {
+  EXPECT_TRUE(LitArgumentsDepart({QStringLiteral("--help")}).Aide);
+  EXPECT_TRUE(LitArgumentsDepart({QStringLiteral("--version")}).Version);
+  EXPECT_TRUE(TexteAide().contains(QStringLiteral("/camera:WHERE")));
+}
+
+TEST(StartArguments, NothingGivenIsNothingNamed) {
+  const ArgumentsDepart lus = LitArgumentsDepart({});
+  EXPECT_TRUE(lus.Camera.isEmpty());
+  EXPECT_TRUE(lus.Dossier.isEmpty());
+  EXPECT_TRUE(lus.LigneCommande.isEmpty());
+}
+
+}  // namespace
+}  // namespace vaktor

@@ -1,0 +1,24 @@
+// Message boxes that answer by themselves and keep what they were asked.
+#pragma once
+
+#include <QStringList>
+
+#include "base/ports/message_boxes.h"
+
+namespace vaktor::faux {
+
+class BoitesFausses : public BoitesMessage {
+ public:
+  ReponseBoite MontreMessage(const QString& texte, const QString& titre, BoutonsBoite boutons) override {
+    Textes.append(texte);
+    Titres.append(titre);
+    Boutons = boutons;
+    return Reponse;
+  }
+
+  QStringList Textes, Titres;
+  BoutonsBoite Boutons = BoutonsBoite::kOk;
+  ReponseBoite Reponse = ReponseBoite::kOk;
+};
+
+}  // namespace vaktor::faux

@@ -1,0 +1,210 @@
+// FormMonitor: the zone under the mouse, the fit of the window, closing and coming back.
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "fakes/surveillance_bench.h"
+#include "image/forms/form_monitor.h"
+
+namespace vaktor {
+namespace {
+
+QImage Unie(int largeur, int hauteur, QRgb couleur = qRgb(10, 20, 30)) {
+  QImage image(largeur, hauteur, QImage::Format_RGB32);
+  image.fill(couleur);
+  return image;
+}
+
+class Moniteur : public testing::Test {
+ protected:
+  Moniteur() {
+    Picture1 = Forme.findChild<VueCadre*>(QStringLiteral("Picture1"));
+    Barre = Forme.findChild<QProgressBar*>(QStringLiteral("ProgressBar1"));
+    Menu = Forme.findChild<QMenu*>(QStringLiteral("MnuScreen"));
+    Forme.show();
+  }
+
+  void Pose(const QImage& image) {
+    Banc.Pilote.Image = image;
+    if (!Banc.Engin.Camera().CameraActive) Banc.Engin.BasculeCamera();
+    Banc.Temps.Declenche(QStringLiteral("Timer1"));
+  }
+  void Glisse(QPoint depart, QPoint arrivee) {
+    QTest::mousePress(Picture1, Qt::LeftButton, {}, depart);
+    QTest::mouseMove(Picture1, arrivee);
+    QTest::mouseRelease(Picture1, Qt::LeftButton, {}, arrivee);
+  }
+  void AttendZone(qint32 gauche, qint32 haut, qint32 droite, qint32 bas) {
+    const ZoneDetection& zone = Banc.Engin.Detection().Zone;
+    EXPECT_EQ(zone.Gauche, gauche);
+    EXPECT_EQ(zone.Haut, haut);
+    EXPECT_EQ(zone.Droite, droite);
+    EXPECT_EQ(zone.Bas, bas);
+  }
+
+  faux::BancSurveillance Banc;
+  EtatApplication Etat;
+  FormMonitor Forme{Banc.Engin, Etat, Banc.Reglages, Banc.Sauvegarde};
+  VueCadre* Picture1;
+  QProgressBar* Barre;
+  QMenu* Menu;
+};
+
+TEST_F(Moniteur, StartsAtItsDesignSizeWithTheBarOverTheLastRows) {
+  EXPECT_EQ(Forme.objectName(), QStringLiteral("FormMonitor"));
+  EXPECT_EQ(Picture1->geometry(), QRect(0, 0, 287, 241));
+  EXPECT_EQ(Forme.size(), QSize(287, 241));
+  EXPECT_EQ(Barre->y(), 239);
+  EXPECT_EQ(Barre->width(), 287);
+  EXPECT_EQ(Barre->maximum(), 900);
+}
+
+TEST_F(Moniteur, DragFromAnyCornerGivesASortedZone) {
+  Pose(Unie(200, 150));
+  Glisse({100, 50}, {20, 10});
+  AttendZone(20, 10, 100, 50);
+}
+
+TEST_F(Moniteur, UnfinishedDragIsTheZoneOfTheMoment) {
+  Pose(Unie(200, 150));
+  QTest::mousePress(Picture1, Qt::LeftButton, {}, QPoint(100, 50));
+  AttendZone(100, 50, 100, 50);
+  QTest::mouseMove(Picture1, QPoint(20, 10));
+  AttendZone(100, 50, 20, 10);
+}
+
+TEST_F(Moniteur, MoveOfTheDragIsDrawnAtOnceAndWipedByTheNextFrame) {
+  Pose(Unie(200, 150));
+  QTest::mousePress(Picture1, Qt::LeftButton, {}, QPoint(20, 10));
+  QTest::mouseMove(Picture1, QPoint(100, 50));
+  EXPECT_EQ(Picture1->grab().toImage().pixel(60, 10), qRgb(192, 192, 255));
+  QTest::mouseRelease(Picture1, Qt::LeftButton, {}, QPoint(120, 90));
+  Pose(Unie(200, 150));
+  EXPECT_EQ(Picture1->grab().toImage().pixel(99, 30), qRgb(10, 20, 30)) << "the outline of the drag has gone";
+  EXPECT_EQ(Picture1->grab().toImage().pixel(119, 30), qRgb(192, 192, 255)) << "the zone is drawn on each frame";
+  EXPECT_EQ(Banc.Engin.Surface().Image().pixel(119, 30), qRgb(10, 20, 30)) << "and never into the picture";
+}
+
+TEST_F(Moniteur, SimpleClickResetsTheZoneToTheWholePictureFromZero) {
+  Pose(Unie(200, 150));
+  Glisse({100, 50}, {20, 10});
+  Glisse({70, 40}, {70, 40});
+  AttendZone(0, 0, 200, 150);
+}
+
+TEST_F(Moniteur, DragThatEndsWhereXEqualsYResetsTheZoneToo) {
+  Pose(Unie(200, 150));
+  Glisse({30, 40}, {60, 60});
+  AttendZone(0, 0, 200, 150);
+}
+
+TEST_F(Moniteur, DragMayLeaveThePicture) {
+  Pose(Unie(200, 150));
+  Glisse({100, 50}, {250, -10});
+  AttendZone(100, -10, 250, 50);
+}
+
+TEST_F(Moniteur, RightButtonOpensTheMenuAndLeavesTheZone) {
+  Pose(Unie(200, 150));
+  Glisse({100, 50}, {20, 10});
+  Forme.ChangeLibellePleinEcran(QStringLiteral("Plein écran"));
+  QTest::mousePress(Picture1, Qt::RightButton, {}, QPoint(40, 30));
+  EXPECT_TRUE(Menu->isVisible());
+  EXPECT_EQ(Menu->pos(), Picture1->mapToGlobal(QPoint(40, 30)));
+  EXPECT_EQ(Menu->actions().first()->text(), QStringLiteral("Plein écran"));
+  Menu->close();
+  QTest::mouseRelease(Picture1, Qt::RightButton, {}, QPoint(40, 30));
+  AttendZone(20, 10, 100, 50);
+}
+
+TEST_F(Moniteur, OtherButtonsDrawNothing) {
+  Pose(Unie(200, 150));
+  Glisse({100, 50}, {20, 10});
+  QTest::mousePress(Picture1, Qt::MiddleButton, {}, QPoint(5, 6));
+  QTest::mouseRelease(Picture1, Qt::MiddleButton, {}, QPoint(50, 60));
+  AttendZone(20, 10, 100, 50);
+}
+
+TEST_F(Moniteur, NewFrameSizeFitsTheWindowAndSaves) {
+  Pose(Unie(320, 240));
+  EXPECT_EQ(Picture1->size(), QSize(320, 240));
+  EXPECT_EQ(Forme.size(), QSize(320, 240));
+  EXPECT_EQ(Forme.minimumSize(), Forme.maximumSize()) << "no resize handle";
+  EXPECT_EQ(Barre->geometry(), QRect(0, 238, 320, 2));
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 1);
+  EXPECT_TRUE(Banc.Sauvegarde.ModifiesALaSauvegarde);
+  Pose(Unie(320, 240));
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 1) << "the same size again is no change";
+}
+
+TEST_F(Moniteur, NewFrameSizeResetsTheZoneButKeepsItsTop) {
+  Pose(Unie(200, 150));
+  Glisse({50, 30}, {120, 90});
+  Pose(Unie(320, 240));
+  AttendZone(0, 30, 320, 240);
+}
+
+TEST_F(Moniteur, StoreThatCannotBeWrittenCostsNeitherFrameNorZone) {
+  struct Panne : SauvegardeParametres {
+    void SauveParametres() override { throw Echec(kAppelIncorrect, QStringLiteral("disk full")); }
+  } panne;
+  FormMonitor forme(Banc.Engin, Etat, Banc.Reglages, panne);
+  Pose(Unie(320, 240, qRgb(1, 2, 3)));
+  AttendZone(0, 1, 320, 240);
+  EXPECT_EQ(forme.size(), QSize(320, 240));
+  EXPECT_TRUE(Banc.Reglages.ParametresModifies) << "the next save tells";
+}
+
+TEST_F(Moniteur, TinyAndOddFramesFit) {
+  Pose(Unie(1, 1));
+  EXPECT_EQ(Picture1->size(), QSize(1, 1));
+  Pose(Unie(333, 77));
+  EXPECT_EQ(Picture1->size(), QSize(333, 77));
+  EXPECT_EQ(Picture1->grab().toImage().pixel(332, 40), qRgb(192, 192, 255)) << "right edge of the zone";
+}
+
+TEST_F(Moniteur, CloseRequestHidesAndIsNoted) {
+  EXPECT_FALSE(Forme.close());
+  EXPECT_FALSE(Forme.isVisible());
+  EXPECT_TRUE(Banc.Engin.Camera().MoniteurCache);
+}
+
+TEST_F(Moniteur, CloseRequestAtTheEndOfTheProgramGoesThrough) {
+  Etat.EnFermeture = true;
+  EXPECT_TRUE(Forme.close());
+  EXPECT_FALSE(Banc.Engin.Camera().MoniteurCache);
+}
+
+TEST_F(Moniteur, StoppedCameraLeavesABlackPictureOfTheLastSize) {
+  Pose(Unie(200, 150));
+  Banc.Engin.BasculeCamera();
+  EXPECT_EQ(Picture1->size(), QSize(200, 150));
+  EXPECT_EQ(Picture1->grab().toImage().pixel(100, 75), qRgb(0, 0, 0));
+}
+
+TEST_F(Moniteur, NoticeIsPaintedOverThePictureNotIntoIt) {
+  Pose(Unie(200, 150));
+  const QImage avant = Picture1->grab().toImage();
+  Forme.MontreAvis(QStringLiteral("Signal perdu"));
+  EXPECT_NE(Picture1->grab().toImage(), avant);
+  EXPECT_EQ(Banc.Engin.Surface().Image(), Unie(200, 150));
+  Forme.MontreAvis(QString());
+  EXPECT_EQ(Picture1->grab().toImage(), avant);
+}
+
+TEST_F(Moniteur, OutlineWithoutWidthOrHeightShowsNothingAndEdgesMayStandInAnyOrder) {
+  Pose(Unie(200, 150));
+  Banc.Engin.Surface().Pose(Unie(200, 150));
+  Banc.Engin.Surface().Dessine({50, 60, 50, 90});
+  EXPECT_EQ(Picture1->grab().toImage().pixel(50, 70), qRgb(10, 20, 30));
+  Banc.Engin.Surface().Dessine({90, 80, 30, 20});
+  const QImage peinte = Picture1->grab().toImage();
+  EXPECT_EQ(peinte.pixel(30, 50), qRgb(192, 192, 255));
+  EXPECT_EQ(peinte.pixel(89, 50), qRgb(192, 192, 255)) << "the right edge is excluded";
+  EXPECT_EQ(peinte.pixel(90, 50), qRgb(10, 20, 30));
+  EXPECT_EQ(peinte.pixel(60, 79), qRgb(192, 192, 255));
+  EXPECT_EQ(peinte.pixel(60, 50), qRgb(10, 20, 30)) << "the inside is left alone";
+}
+
+}  // namespace
+}  // namespace vaktor

@@ -1,0 +1,79 @@
+// The real main window, monitor and enlarged view on a real engine, in virtual time and with fakes for the rest.
+#pragma once
+
+#include <QImage>
+#include <QTest>
+
+#include "base/application_state.h"
+#include "engine/surveillance.h"
+#include "fakes/fake_alarm_actions.h"
+#include "fakes/fake_capture_driver.h"
+#include "fakes/fake_event_pump.h"
+#include "fakes/fake_interface_sounds.h"
+#include "fakes/fake_message_boxes.h"
+#include "fakes/fake_saving.h"
+#include "fakes/journal.h"
+#include "fakes/virtual_clock.h"
+#include "fakes/virtual_timers.h"
+#include "image/forms/form_monitor.h"
+#include "image/forms/webcam_pecran.h"
+#include "ui/form1.h"
+#include "ui/parameter_view.h"
+#include "ui/surveillance_view.h"
+#include "ui/text_loader.h"
+
+namespace vaktor::faux {
+
+struct BancFenetre {
+  explicit BancFenetre(qint32 langue = 1) {
+    Reglages.LangueCourante = langue;
+    Vue.Relie({Engin, Reglages, Fenetre, Moniteur, PleinEcran});
+    PleinEcran.SurFermeture([this] { Fenetre.CheckPEcran().setChecked(false); });
+    QObject::connect(&Moniteur, &FormMonitor::PleinEcranChoisi, &Fenetre, [this] { PleinEcran.Montre(); });
+    Chargeur.ChargeTextes();
+    Pilote.Image = ImageUnie(64, 48, qRgb(10, 20, 30));
+    Fenetre.show();
+  }
+  BancFenetre(const BancFenetre&) = delete;
+  BancFenetre& operator=(const BancFenetre&) = delete;
+
+  static QImage ImageUnie(int largeur, int hauteur, QRgb couleur) {
+    QImage image(largeur, hauteur, QImage::Format_RGB32);
+    image.fill(couleur);
+    return image;
+  }
+  template <typename T = QWidget>
+  T* Trouve(const char* nom) {
+    return Fenetre.findChild<T*>(QLatin1String(nom));
+  }
+  void Clique(const char* nom) { QTest::mouseClick(Trouve(nom), Qt::LeftButton); }
+  /// One tick of the surveillance.
+  void Tic() { Temps.Declenche(QStringLiteral("Timer1")); }
+
+  faux::Journal Journal;
+  Parametres Reglages;
+  EtatApplication Etat;
+  TablesTextes Textes;
+  HorlogeVirtuelle Horloge;
+  TempsVirtuel Temps{Horloge};
+  SauvegardeFausse Sauvegarde{Journal, Reglages};
+  PiloteFaux Pilote{Journal};
+  PompeFausse Pompe{Journal};
+  SonsFaux Sons{Journal};
+  ActionsFausses Actions{Journal};
+  LiaisonLiveFausse Live{Journal};
+  BoitesFausses Boites;
+  bool EspaceCourt = false;
+  qint32 Fermetures = 0;
+  VueSurveillance Vue{Textes, Boites};
+  Surveillance Engin{PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Vue}};
+  VueAgrandie PleinEcran;
+  Form1 Fenetre{ServicesForm1{Reglages, Sauvegarde, Textes, Engin, Live, Boites, [this] { return EspaceCourt; },
+                              [this] { Chargeur.ChargeTextes(); },
+                              [this](bool montre) { montre ? PleinEcran.Montre() : PleinEcran.Cache(); },
+                              [this] { ++Fermetures; }}};
+  FormMonitor Moniteur{Engin, Etat, Reglages, Sauvegarde};
+  ChargeurTextes Chargeur{Reglages, Textes, Fenetre, Moniteur, [this] { EcritLibellesBoutons(Fenetre, Textes); }};
+};
+
+}  // namespace vaktor::faux

@@ -1,0 +1,13 @@
+// Where the monitor opens, so that it covers as little of the main window as the screen allows.
+#pragma once
+
+#include <QRect>
+
+namespace vaktor {
+
+/// Top left corner for a window of `taille` (frame included) on `ecran`, beside `fenetre`: to the right, to the left,
+/// below, above, else the corner of the screen where it covers least of it. A window larger than the screen begins at
+/// the screen's corner.
+QPoint PlaceFenetre(const QRect& ecran, const QRect& fenetre, const QSize& taille);
+
+}  // namespace vaktor
