@@ -6,22 +6,16 @@
 namespace vaktor {
 namespace {
 
-struct Choix {
-  QMessageBox::StandardButtons Boutons;
-  QMessageBox::StandardButton ParDefaut;
-  QMessageBox::StandardButton Echappement;
-};
-
-Choix ChoixDe(BoutonsBoite boutons) {
+QMessageBox::StandardButtons BoutonsDe(BoutonsBoite boutons) {
   switch (boutons) {
     case BoutonsBoite::kOkAnnuler:
-      return {QMessageBox::Ok | QMessageBox::Cancel, QMessageBox::Ok, QMessageBox::Cancel};
+      return QMessageBox::Ok | QMessageBox::Cancel;
     case BoutonsBoite::kOuiNon:
-      return {QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes, QMessageBox::No};
+      return QMessageBox::Yes | QMessageBox::No;
     case BoutonsBoite::kOk:
       break;
   }
-  return {QMessageBox::Ok, QMessageBox::Ok, QMessageBox::Ok};
+  return QMessageBox::Ok;
 }
 
 ReponseBoite ReponseDe(int bouton) {
@@ -40,12 +34,10 @@ ReponseBoite ReponseDe(int bouton) {
 }  // namespace
 
 ReponseBoite BoitesMessageQt::MontreMessage(const QString& texte, const QString& titre, BoutonsBoite boutons) {
-  const Choix choix = ChoixDe(boutons);
-  QMessageBox boite(QMessageBox::Information, titre, texte, choix.Boutons, QApplication::activeWindow());
+  QMessageBox boite(QMessageBox::Information, titre, texte, BoutonsDe(boutons), QApplication::activeWindow());
   boite.setObjectName(QStringLiteral("BoiteMessage"));
   boite.setTextFormat(Qt::PlainText);  // "<500 Mo" and file names are no markup
-  boite.setDefaultButton(choix.ParDefaut);
-  boite.setEscapeButton(choix.Echappement);
+  // The default button and the one for Escape are those that Qt finds by itself: the first, and the one that refuses.
   return ReponseDe(boite.exec());
 }
 
