@@ -3,21 +3,11 @@
 #include "base/failure.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_jpeg_writer.h"
+#include "fakes/virtual_clock.h"
 #include "image/photo_recorder.h"
 
 namespace vaktor {
 namespace {
-
-class HorlogeReglee : public Horloge {
- public:
-  QDate Date{2026, 11, 15};
-  QTime Heure{14, 5, 9};
-
-  qint32 CompteTics() const override { return 0; }
-  QDate DonneDate() const override { return Date; }
-  QTime DonneHeure() const override { return Heure; }
-  QString DonneHeureTexte() const override { return {}; }
-};
 
 class PhotoRecorder : public testing::Test {
  protected:
@@ -26,6 +16,8 @@ class PhotoRecorder : public testing::Test {
     Reglages.PhotoActif = true;
     Reglages.QualiteJpeg = 20;
     Surface.Pose(Photo(Qt::red));
+    Temps.Date = QDate(2026, 11, 15);
+    Temps.Debut = QTime(14, 5, 9);
     Recorder.FixeDateJour();
   }
 
@@ -44,7 +36,7 @@ class PhotoRecorder : public testing::Test {
   Parametres Reglages;
   DossiersProgramme Dossiers{QStringLiteral("/opt/vaktor"), QStringLiteral("/home/anna/donnees")};
   SurfaceImage Surface;
-  HorlogeReglee Temps;
+  faux::HorlogeVirtuelle Temps;
   FauxEcrivainJpeg Ecrivain;
   FauxFichiers Disque;
   bool Live = false;
@@ -57,10 +49,10 @@ TEST_F(PhotoRecorder, TheThirdPhotoHasItsName) {
 }
 
 TEST_F(PhotoRecorder, TheTimeIsATwentyFourHourClockOfTwoDigitsEach) {
-  Temps.Heure = QTime(0, 0, 7);
+  Temps.Debut = QTime(0, 0, 7);
   Enregistre(1);
   EXPECT_TRUE(DernierFichier().contains(QStringLiteral("  00-00-07 "))) << qPrintable(DernierFichier());
-  Temps.Heure = QTime(23, 59, 59);
+  Temps.Debut = QTime(23, 59, 59);
   Enregistre(1);
   EXPECT_TRUE(DernierFichier().contains(QStringLiteral("  23-59-59 "))) << qPrintable(DernierFichier());
 }
@@ -204,10 +196,10 @@ TEST_F(PhotoRecorder, WithBothOffTheCounterAdvancesAllTheSame) {
 }
 
 TEST_F(PhotoRecorder, PastMidnightTheDateStaysAndTheTimeGoesOn) {
-  Temps.Heure = QTime(23, 59, 0);
+  Temps.Debut = QTime(23, 59, 0);
   Recorder.FixeDateJour();
-  Temps.Date = QDate(2026, 11, 16);
-  Temps.Heure = QTime(0, 1, 0);
+  Temps.Millisecondes = 2 * 60 * 1000;
+  ASSERT_EQ(Temps.DonneDate(), QDate(2026, 11, 16));
   Enregistre(1);
   EXPECT_EQ(DernierFichier(), QStringLiteral("/home/anna/photos/2026-11-15  00-01-00 Photo 00001.jpg"));
   EXPECT_EQ(Recorder.DateJour(), QStringLiteral("2026-11-15"));
