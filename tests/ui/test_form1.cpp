@@ -167,6 +167,8 @@ struct CasCase {
   bool Parametres::*Drapeau;
 };
 
+void PrintTo(const CasCase& cas, std::ostream* flux) { *flux << cas.Controle; }
+
 class Cases : public testing::TestWithParam<CasCase> {};
 
 TEST_P(Cases, FlagFollowsTheMouseReleaseAndIsSaved) {

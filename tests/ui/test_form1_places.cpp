@@ -97,6 +97,9 @@ constexpr Place kPlaces[] = {
     {"BoutonGris(3)", "PictPage(2)", 320, 32, 72, 16},
 };
 
+// The name of the test case in lists; without it the bytes of the row would stand there.
+void PrintTo(const Place& place, std::ostream* flux) { *flux << place.Nom; }
+
 class Places : public testing::TestWithParam<Place> {};
 
 TEST_P(Places, ControlStandsAtItsPixels) {
