@@ -13,34 +13,37 @@ enum ChoixDecodeur { kEssaie = 0, kMontre = 1, kPasse = 2 };
 
 bool Commence(const char* nom, const char* debut) { return std::strncmp(nom, debut, std::strlen(debut)) == 0; }
 
-const char* NomFabrique(GstElement* element) {
-  GstElementFactory* fabrique = gst_element_get_factory(element);
-  return fabrique == nullptr ? "" : GST_OBJECT_NAME(fabrique);
+// JPEG that comes straight out of a file or a connection has no borders between its pictures yet: the search for the
+// type names the kind of its frame header, the parser says that it is done, and neither stands in a demuxer's caps.
+bool EstFluxSansBornes(const GstStructure* structure) {
+  return gst_structure_has_field(structure, "sof-marker") && !gst_structure_has_field(structure, "parsed");
 }
 
-// JPEG that comes straight out of a file or a connection has no borders between its pictures yet.
-bool EstFluxSansBornes(GstPad* sortie) {
-  const PtrGst<GstElement> element(gst_pad_get_parent_element(sortie));
-  return element && std::strcmp(NomFabrique(element.get()), "typefind") == 0;
-}
-
-gboolean Continue(GstElement*, GstPad* sortie, GstCaps* caps, gpointer) {
+gboolean Continue(GstElement*, GstPad*, GstCaps* caps, gpointer) {
   if (gst_caps_is_empty(caps) || gst_caps_is_any(caps)) return TRUE;
-  const char* nom = gst_structure_get_name(gst_caps_get_structure(caps, 0));
-  if (std::strcmp(nom, "image/jpeg") == 0) return EstFluxSansBornes(sortie) ? TRUE : FALSE;
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  const char* nom = gst_structure_get_name(structure);
+  if (std::strcmp(nom, "image/jpeg") == 0) return EstFluxSansBornes(structure) ? TRUE : FALSE;
   for (const char* inutile : {"audio/", "text/", "subpicture/", "subtitle/", "closedcaption/"}) {
     if (Commence(nom, inutile)) return FALSE;
   }
   return TRUE;
 }
 
-int Choisit(GstElement*, GstPad*, GstCaps*, GstElementFactory* fabrique, gpointer) {
+int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gpointer) {
+  // VP9 hides frames within frames, which our own element does not take apart.
+  if (gst_structure_has_name(gst_caps_get_structure(caps, 0), "video/x-vp9") &&
+      std::strcmp(GST_OBJECT_NAME(fabrique), "vaktorlibav") == 0)
+    return kPasse;
   const char* classe = gst_element_factory_get_metadata(fabrique, GST_ELEMENT_METADATA_KLASS);
   return classe != nullptr && std::strstr(classe, "Hardware") != nullptr ? kPasse : kEssaie;
 }
 
-// libav decoders would take a thread for each core, and a set of frames for each thread.
-void LimiteDecodeur(GstBin*, GstElement* element, gpointer) {
+// libav decoders would take a thread for each core, and a set of frames for each thread. The demultiplexer of web
+// cameras never tells that there is one stream and no more; whatever follows would wait for that until its queues are
+// full.
+void RegleElement(GstBin*, GstElement* element, gpointer) {
+  if (EstDeFabrique(element, "multipartdemux")) g_object_set(element, "single-stream", TRUE, nullptr);
   for (const char* propriete : {"max-threads", "threads", "n-threads"}) {
     const GParamSpec* sorte = g_object_class_find_property(G_OBJECT_GET_CLASS(element), propriete);
     if (sorte == nullptr || (sorte->flags & G_PARAM_WRITABLE) == 0) continue;
@@ -53,7 +56,12 @@ void LimiteDecodeur(GstBin*, GstElement* element, gpointer) {
 void ChoisitDecodeurs(GstElement* decodebin) {
   g_signal_connect(decodebin, "autoplug-continue", G_CALLBACK(Continue), nullptr);
   g_signal_connect(decodebin, "autoplug-select", G_CALLBACK(Choisit), nullptr);
-  g_signal_connect(decodebin, "element-added", G_CALLBACK(LimiteDecodeur), nullptr);
+  g_signal_connect(decodebin, "element-added", G_CALLBACK(RegleElement), nullptr);
+}
+
+bool EstDeFabrique(GstElement* element, const char* nom) {
+  GstElementFactory* fabrique = gst_element_get_factory(element);
+  return fabrique != nullptr && std::strcmp(GST_OBJECT_NAME(fabrique), nom) == 0;
 }
 
 bool EstVideo(const GstCaps* caps) {

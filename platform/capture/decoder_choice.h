@@ -9,6 +9,7 @@ namespace vaktor {
 /// single thread of its own, since what hardware decodes lies in memory from which a frame costs more to fetch.
 void ChoisitDecodeurs(GstElement* decodebin);
 
+bool EstDeFabrique(GstElement* element, const char* nom);
 bool EstVideo(const GstCaps* caps);  ///< raw video or JPEG
 /// Answer to rtspsrc's "select-stream".
 gboolean EstFluxVideo(GstElement* source, guint numero, const GstCaps* caps, gpointer rien);

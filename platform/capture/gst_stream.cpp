@@ -1,5 +1,7 @@
 #include "platform/capture/gst_stream.h"
 
+#include <QUrl>
+
 #include "platform/capture/camera_caps.h"
 #include "platform/capture/decoder_choice.h"
 #include "platform/capture/gst_start.h"
@@ -31,6 +33,7 @@ void ReveilleBus(GstBus* bus) {
   gst_bus_post(bus, gst_message_new_application(nullptr, gst_structure_new_empty("arret")));
 }
 
+// Whether what these caps tell can go straight into the sink.
 bool EstDirect(const GstCaps* caps) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   if (gst_structure_has_name(structure, "image/jpeg")) return true;
@@ -47,6 +50,9 @@ FluxGStreamer::~FluxGStreamer() { FluxGStreamer::Ferme(); }
 
 bool FluxGStreamer::Ouvre() {
   if (!PrepareGStreamer()) return false;
+  Relie_ = false;
+  Bouclable_ = false;
+  EnBoucle_ = false;
   Pipeline_.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
   Bus_.reset(gst_element_get_bus(Pipeline_.get()));
   Puits_ = Reception_.FabriquePuits();
@@ -82,6 +88,7 @@ GstElement* FluxGStreamer::AjouteDecodage() {
   if (decodage == nullptr) return nullptr;
   ChoisitDecodeurs(decodage);
   g_signal_connect(decodage, "pad-added", G_CALLBACK(RelieDecode), this);
+  g_signal_connect(decodage, "element-added", G_CALLBACK(RemarqueDemultiplexeur), this);
   return decodage;
 }
 
@@ -106,6 +113,9 @@ bool FluxGStreamer::MonteFichier() {
 }
 
 bool FluxGStreamer::MonteReseau() {
+  // What is no address would only make the network elements complain on the console.
+  const QUrl adresse(Demande_.Source.Lieu);
+  if (!adresse.isValid() || adresse.host().isEmpty()) return false;
   if (Demande_.Source.Lieu.startsWith(QLatin1String("rtsp"))) return MonteRtsp();
   GstElement* source = Ajoute("souphttpsrc");
   GstElement* decodage = AjouteDecodage();
@@ -136,10 +146,19 @@ void FluxGStreamer::RelieRtp(GstElement*, GstPad* sortie, GstElement* decodage) 
   if (!gst_pad_is_linked(entree.get())) gst_pad_link(sortie, entree.get());
 }
 
+void FluxGStreamer::RemarqueDemultiplexeur(GstBin*, GstElement* element, FluxGStreamer* moi) {
+  // Those that play segments well. Others refuse them, lose the time, or never tell the end of one.
+  for (const char* connu : {"avidemux", "qtdemux", "matroskademux"}) {
+    if (EstDeFabrique(element, connu)) moi->Bouclable_ = true;
+  }
+}
+
 void FluxGStreamer::RelieDecode(GstElement*, GstPad* sortie, FluxGStreamer* moi) { moi->Relie(sortie); }
 
 void FluxGStreamer::Relie(GstPad* sortie) {
-  const PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
+  PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
+  // A decoder may be shown before it knows its format: then a conversion stands by, and does nothing if not needed.
+  if (!caps) caps.reset(gst_pad_query_caps(sortie, nullptr));
   if (!caps || !EstVideo(caps.get()) || Relie_.exchange(true)) return;
   GstElement* entreeElement = Puits_;
   if (!EstDirect(caps.get())) {
@@ -162,12 +181,13 @@ bool FluxGStreamer::Lance() {
 }
 
 FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) {
-  const std::stop_callback reveil(arret, [this] { ReveilleBus(Bus_.get()); });
+  const PtrGst<GstBus> bus(GST_BUS(gst_object_ref(Bus_.get())));
+  const std::stop_callback reveil(arret, [&bus] { ReveilleBus(bus.get()); });
   if (arret.stop_requested()) return Etat::kCoule;
   constexpr auto kTypes = static_cast<GstMessageType>(GST_MESSAGE_ERROR | GST_MESSAGE_EOS | GST_MESSAGE_SEGMENT_DONE |
                                                       GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_APPLICATION);
   const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
-  const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(Bus_.get(), limite, kTypes));
+  const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(bus.get(), limite, kTypes));
   return message ? TraiteMessage(message.get()) : Etat::kCoule;
 }
 
@@ -180,22 +200,29 @@ FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message) {
     case GST_MESSAGE_SEGMENT_DONE:
       return ReprendLaBoucle();
     case GST_MESSAGE_ASYNC_DONE:
-      CommenceLaBoucle();
-      return Etat::kCoule;
+      return CommenceLaBoucle();
     default:
       return Etat::kCoule;
   }
 }
 
 // Playing a segment of the whole file ends without an end of stream: the next turn is a seek that flushes nothing, the
-// decoder and the clock run on, and no frame comes late. A file that cannot be sought in plays to its end, once.
-void FluxGStreamer::CommenceLaBoucle() {
-  if (Demande_.Source.Genre != GenreSource::kFichier || EnBoucle_) return;
+// decoder and the clock run on, and no frame comes late. Where that is not possible the file plays to its end, and the
+// session opens it anew.
+FluxImages::Etat FluxGStreamer::CommenceLaBoucle() {
+  if (Demande_.Source.Genre != GenreSource::kFichier || EnBoucle_) return Etat::kCoule;
   EnBoucle_ = true;
-  gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME,
-                   static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_SEGMENT), GST_SEEK_TYPE_SET, 0,
-                   GST_SEEK_TYPE_NONE, -1);
+  if (Bouclable_ && !SansBoucle_ &&
+      !gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME,
+                        static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_SEGMENT), GST_SEEK_TYPE_SET, 0,
+                        GST_SEEK_TYPE_NONE, -1)) {
+    // A refused seek may leave a pipeline that nothing flows through any more.
+    Ferme();
+    SansBoucle_ = true;
+    return Ouvre() ? Etat::kCoule : Etat::kErreur;
+  }
   gst_element_set_state(Pipeline_.get(), GST_STATE_PLAYING);
+  return Etat::kCoule;
 }
 
 FluxImages::Etat FluxGStreamer::ReprendLaBoucle() {

@@ -36,10 +36,11 @@ class FluxGStreamer : public FluxImages {
   GstElement* AjouteDecodage();
   bool Lance();
   Etat TraiteMessage(GstMessage* message);
-  void CommenceLaBoucle();
+  Etat CommenceLaBoucle();
   Etat ReprendLaBoucle();
 
   static void RelieRtp(GstElement* source, GstPad* sortie, GstElement* decodage);
+  static void RemarqueDemultiplexeur(GstBin* decodage, GstElement* element, FluxGStreamer* moi);
   static void RelieDecode(GstElement* decodage, GstPad* sortie, FluxGStreamer* moi);
   void Relie(GstPad* sortie);
 
@@ -49,7 +50,9 @@ class FluxGStreamer : public FluxImages {
   PtrGst<GstBus> Bus_;
   GstElement* Puits_ = nullptr;  // the pipeline's
   std::atomic<bool> Relie_ = false;
+  std::atomic<bool> Bouclable_ = false;
   bool EnBoucle_ = false;
+  bool SansBoucle_ = false;
 };
 
 }  // namespace vaktor

@@ -1,0 +1,156 @@
+#include "support/capture_clips.h"
+#include "support/driver_fixture.h"
+
+namespace vaktor {
+namespace {
+
+using PiloteFichier = PiloteSurSource;
+
+const QString kPetit = QStringLiteral("width=160,height=120,framerate=25/1");
+const QString kMjpegAvi = QStringLiteral("jpegenc ! avimux");
+
+TEST_F(PiloteFichier, PlaysInALoopAtItsOwnRateAndWithoutNewBuffers) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), kPetit, 25, kMjpegAvi));
+  ASSERT_TRUE(Connecte(Fichier("a.avi")));
+  EXPECT_EQ(Pilote_->Genre(), GenreSource::kFichier);
+  const Recolte recolte = Recueille(3500);
+  // Three turns and a half. No more frames than the rate gives, and none missing where the film begins anew.
+  EXPECT_LE(recolte.Images, 25 * 3.5 + 5);
+  EXPECT_GE(recolte.Images, 25 * 3);
+  EXPECT_LE(recolte.Memoires.size(), 5U);
+  EXPECT_EQ(Pilote_->FormatCourant().Largeur, 160);
+  EXPECT_DOUBLE_EQ(Pilote_->FormatCourant().ImagesParSeconde(), 25.0);
+}
+
+TEST_F(PiloteFichier, LoopsOverFormatsThatKnowNoSegments) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.flv"), kPetit, 20, QStringLiteral("avenc_flv ! flvmux")) ||
+              FabriqueFilm(Fichier("a.flv"), kPetit, 20, QStringLiteral("theoraenc ! oggmux")));
+  ASSERT_TRUE(Connecte(Fichier("a.flv")));
+  EXPECT_GE(Recueille(3000).Images, 40);
+  EXPECT_FALSE(Pilote_->SignalPerdu());
+}
+
+// No time stamps, no borders: 25 a second.
+TEST_F(PiloteFichier, PlaysBareJpegPicturesOneAfterTheOther) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.mjpeg"), kPetit, 60, QStringLiteral("jpegenc")));
+  ASSERT_TRUE(Connecte(Fichier("a.mjpeg")));
+  const Recolte recolte = Recueille(2000);
+  EXPECT_GE(recolte.Images, 30);
+  EXPECT_LE(recolte.Images, 60);
+}
+
+TEST_F(PiloteFichier, GivesThePicturesThatAreInTheFile) {
+  ASSERT_TRUE(JoueJusquAuBout(
+      QStringLiteral(
+          "videotestsrc num-buffers=10 pattern=red ! video/x-raw,format=I420,%1 ! avimux ! filesink location=%2")
+          .arg(kPetit, Fichier("rouge.avi"))));
+  ASSERT_TRUE(Connecte(Fichier("rouge.avi")));
+  ASSERT_TRUE(Pilote_->SaisitImage());
+  const QImage image = Pilote_->CopieImage();
+  EXPECT_EQ(image.format(), QImage::Format_RGB32);
+  const QColor couleur = image.pixelColor(80, 60);
+  EXPECT_GT(couleur.red(), 245);
+  EXPECT_LT(couleur.green() + couleur.blue(), 20);
+}
+
+TEST_F(PiloteFichier, ShowsOddSizesAndASinglePixel) {
+  for (const char* taille : {"width=161,height=119", "width=1,height=1", "width=3,height=2"}) {
+    const QString caps = QStringLiteral("format=I420,framerate=25/1,") + QLatin1String(taille);
+    ASSERT_TRUE(FabriqueFilm(Fichier("t.mkv"), caps, 20, QStringLiteral("matroskamux"))) << taille;
+    ASSERT_TRUE(Connecte(Fichier("t.mkv"))) << taille;
+    ASSERT_TRUE(Pilote_->SaisitImage()) << taille;
+    const QImage image = Pilote_->CopieImage();
+    EXPECT_EQ(QStringLiteral("width=%1,height=%2").arg(image.width()).arg(image.height()), QLatin1String(taille));
+  }
+}
+
+TEST_F(PiloteFichier, FollowsAChangeOfSizeInMidStream) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("p.mjpeg"), kPetit, 25, QStringLiteral("jpegenc")));
+  ASSERT_TRUE(FabriqueFilm(Fichier("g.mjpeg"), QStringLiteral("width=201,height=99,framerate=25/1"), 25,
+                           QStringLiteral("jpegenc")));
+  ASSERT_TRUE(Ecrit(Fichier("pg.mjpeg"), Lit(Fichier("p.mjpeg")) + Lit(Fichier("g.mjpeg"))));
+  ASSERT_TRUE(Connecte(Fichier("pg.mjpeg")));
+  const Recolte recolte = Recueille(2600);
+  EXPECT_EQ(recolte.Tailles, (std::set<std::pair<int, int>>{{160, 120}, {201, 99}}));
+}
+
+TEST_F(PiloteFichier, RefusesWhatIsNoFilm) {
+  QByteArray fouillis(50'000, '\0');
+  for (qsizetype i = 0; i < fouillis.size(); ++i) fouillis[i] = static_cast<char>((i * i * 31 + i) >> 3);
+  ASSERT_TRUE(Ecrit(Fichier("fouillis.avi"), fouillis));
+  ASSERT_TRUE(Ecrit(Fichier("vide.avi"), {}));
+  ASSERT_TRUE(Ecrit(Fichier("texte.txt"), "This is a text and no film.\n"));
+  for (const char* nom : {"fouillis.avi", "vide.avi", "texte.txt", "absent.avi"}) {
+    EXPECT_FALSE(Connecte(Fichier(nom))) << nom;
+    EXPECT_FALSE(Pilote_->SaisitImage()) << nom;
+    EXPECT_FALSE(Pilote_->SignalPerdu()) << nom;
+  }
+}
+
+TEST_F(PiloteFichier, PlaysWhatIsLeftOfATruncatedFilm) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), kPetit, 75, kMjpegAvi));
+  const QByteArray entier = Lit(Fichier("a.avi"));
+  ASSERT_TRUE(Ecrit(Fichier("coupe.avi"), entier.left(entier.size() / 2)));
+  ASSERT_TRUE(Connecte(Fichier("coupe.avi")));
+  EXPECT_GE(Recueille(4000).Images, 30);
+}
+
+TEST_F(PiloteFichier, DropsTheDamagedPicturesOfAFilmAndGoesOn) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), kPetit, 50, kMjpegAvi));
+  QByteArray abime = Lit(Fichier("a.avi"));
+  for (qsizetype i = abime.size() / 3; i < abime.size() / 3 + 600; ++i) abime[i] = static_cast<char>(i * 7);
+  ASSERT_TRUE(Ecrit(Fichier("b.avi"), abime));
+  ASSERT_TRUE(Connecte(Fichier("b.avi")));
+  const Recolte recolte = Recueille(3000);
+  EXPECT_GE(recolte.Images, 40);
+  EXPECT_EQ(recolte.Tailles.size(), 1U);
+}
+
+TEST_F(PiloteFichier, ClosesEverythingEachTime) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), kPetit, 25, kMjpegAvi));
+  ASSERT_TRUE(Connecte(Fichier("a.avi")));
+  Pilote_->Deconnecte();
+  EXPECT_FALSE(Pilote_->SaisitImage());
+  EXPECT_FALSE(Pilote_->SignalPerdu());
+  const int descripteurs = Compte("/proc/self/fd");
+  const int fils = Compte("/proc/self/task");
+  for (int i = 0; i < 20; ++i) {
+    ASSERT_TRUE(Pilote_->Connecte());
+    ASSERT_TRUE(Pilote_->SaisitImage());
+    Pilote_->Deconnecte();
+  }
+  EXPECT_LE(Compte("/proc/self/fd"), descripteurs);
+  EXPECT_LE(Compte("/proc/self/task"), fils + 1);  // GLib's pool may keep one for a while
+}
+
+TEST_F(PiloteFichier, KeepsTheOldSourceWhenTheNewOneFails) {
+  ASSERT_TRUE(Connecte(QStringLiteral("test")));
+  EXPECT_FALSE(Pilote_->ChangeSource(Fichier("absent.avi")));
+  EXPECT_EQ(Pilote_->Genre(), GenreSource::kTest);
+  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_FALSE(Pilote_->AppliqueFormat({}));
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), kPetit, 25, kMjpegAvi));
+  EXPECT_TRUE(Pilote_->ChangeSource(Fichier("a.avi")));
+  EXPECT_EQ(Pilote_->DescriptionSource(), Fichier("a.avi"));
+  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_EQ(Pilote_->CopieImage().width(), 160);
+}
+
+TEST_F(PiloteFichier, OpensTheRememberedSourceWhenNoneIsNamed) {
+  Memoire_.RetientSource(QStringLiteral("test"));
+  ASSERT_TRUE(Connecte({}));
+  EXPECT_EQ(Pilote_->Genre(), GenreSource::kTest);
+  EXPECT_EQ(Pilote_->FormatCourant().Largeur, 640);
+}
+
+TEST_F(PiloteFichier, GivesTheTestPictureAtThirtyFramesASecond) {
+  ASSERT_TRUE(Connecte(QStringLiteral("test")));
+  EXPECT_TRUE(Pilote_->CopieImage().isNull());
+  const Recolte recolte = Recueille(2000);
+  EXPECT_GE(recolte.Images, 50);
+  EXPECT_LE(recolte.Images, 65);
+  EXPECT_LE(recolte.Memoires.size(), 5U);
+}
+
+}  // namespace
+}  // namespace vaktor
