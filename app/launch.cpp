@@ -1,5 +1,7 @@
 #include "app/launch.h"
 
+#include <malloc.h>
+
 #include <QGuiApplication>
 #include <QStyleFactory>
 #include <cstdio>
@@ -18,6 +20,11 @@ constexpr const char* kVersion = VAKTOR_VERSION;
 // The windows are painted by the processor; the driver for OpenGL would only cost memory.
 void PrepareEnvironnement() {
   if (!qEnvironmentVariableIsSet("QT_XCB_GL_INTEGRATION")) qputenv("QT_XCB_GL_INTEGRATION", "none");
+  // The camera's threads allocate little and seldom at the same time: one heap does, and each further one would keep
+  // memory of its own. Frames and decoders' pictures go back to the system when they are freed.
+  mallopt(M_ARENA_MAX, 1);
+  mallopt(M_MMAP_THRESHOLD, 128 * 1024);
+  mallopt(M_TRIM_THRESHOLD, 128 * 1024);
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 

@@ -4,11 +4,8 @@
 
 #include <optional>
 
-extern "C" {
-#include <libavcodec/avcodec.h>
-}
-
 #include "platform/libav/libav_formats.h"
+#include "platform/libav/libav_library.h"
 
 namespace vaktor {
 namespace {
@@ -33,11 +30,12 @@ GstVideoDecoderClass* ClasseMere = nullptr;
 DecodeurLibav* Soi(GstVideoDecoder* decodeur) { return reinterpret_cast<DecodeurLibav*>(decodeur); }
 
 void Libere(DecodeurLibav* soi) {
-  avcodec_free_context(&soi->Contexte);
-  av_packet_free(&soi->Paquet);
-  av_frame_free(&soi->Trame);
   if (soi->Entree != nullptr) gst_video_codec_state_unref(soi->Entree);
   soi->Entree = nullptr;
+  if (soi->Paquet == nullptr && soi->Contexte == nullptr && soi->Trame == nullptr) return;
+  Libav()->avcodec_free_context(&soi->Contexte);
+  Libav()->av_packet_free(&soi->Paquet);
+  Libav()->av_frame_free(&soi->Trame);
 }
 
 gboolean Arrete(GstVideoDecoder* decodeur) {
@@ -51,7 +49,7 @@ bool CopieEntete(AVCodecContext* contexte, const GstCaps* caps) {
   GstBuffer* entete = valeur == nullptr ? nullptr : gst_value_get_buffer(valeur);
   if (entete == nullptr) return true;
   const gsize taille = gst_buffer_get_size(entete);
-  contexte->extradata = static_cast<uint8_t*>(av_mallocz(taille + AV_INPUT_BUFFER_PADDING_SIZE));
+  contexte->extradata = static_cast<uint8_t*>(Libav()->av_mallocz(taille + AV_INPUT_BUFFER_PADDING_SIZE));
   if (contexte->extradata == nullptr) return false;
   contexte->extradata_size = static_cast<int>(gst_buffer_extract(entete, 0, contexte->extradata, taille));
   return true;
@@ -61,16 +59,18 @@ bool CopieEntete(AVCodecContext* contexte, const GstCaps* caps) {
 gboolean FixeFormat(GstVideoDecoder* decodeur, GstVideoCodecState* etat) {
   DecodeurLibav* soi = Soi(decodeur);
   Libere(soi);
-  const AVCodec* codec = avcodec_find_decoder(CodecDesCaps(etat->caps));
+  if (Libav() == nullptr) return FALSE;
+  const AVCodec* codec = Libav()->avcodec_find_decoder(CodecDesCaps(etat->caps));
   if (codec == nullptr) return FALSE;
-  soi->Contexte = avcodec_alloc_context3(codec);
-  soi->Paquet = av_packet_alloc();
-  soi->Trame = av_frame_alloc();
+  soi->Contexte = Libav()->avcodec_alloc_context3(codec);
+  soi->Paquet = Libav()->av_packet_alloc();
+  soi->Trame = Libav()->av_frame_alloc();
   if (soi->Contexte == nullptr || soi->Paquet == nullptr || soi->Trame == nullptr) return FALSE;
   soi->Contexte->thread_count = 1;
   soi->Contexte->width = GST_VIDEO_INFO_WIDTH(&etat->info);
   soi->Contexte->height = GST_VIDEO_INFO_HEIGHT(&etat->info);
-  if (!CopieEntete(soi->Contexte, etat->caps) || avcodec_open2(soi->Contexte, codec, nullptr) < 0) return FALSE;
+  if (!CopieEntete(soi->Contexte, etat->caps) || Libav()->avcodec_open2(soi->Contexte, codec, nullptr) < 0)
+    return FALSE;
   soi->Entree = gst_video_codec_state_ref(etat);
   return TRUE;
 }
@@ -118,9 +118,9 @@ GstFlowReturn Livre(DecodeurLibav* soi) {
 
 GstFlowReturn LivreTout(DecodeurLibav* soi) {
   GstFlowReturn suite = GST_FLOW_OK;
-  while (suite == GST_FLOW_OK && avcodec_receive_frame(soi->Contexte, soi->Trame) == 0) {
+  while (suite == GST_FLOW_OK && Libav()->avcodec_receive_frame(soi->Contexte, soi->Trame) == 0) {
     suite = Livre(soi);
-    av_frame_unref(soi->Trame);
+    Libav()->av_frame_unref(soi->Trame);
   }
   return suite;
 }
@@ -128,9 +128,9 @@ GstFlowReturn LivreTout(DecodeurLibav* soi) {
 // The decoder wants the bytes behind a packet to be zero and readable, so they are copied into its own memory; a frame
 // is a few kilobytes here.
 bool RemplitPaquet(AVPacket* paquet, const GstVideoCodecFrame* image) {
-  av_packet_unref(paquet);
+  Libav()->av_packet_unref(paquet);
   const gsize taille = gst_buffer_get_size(image->input_buffer);
-  if (taille > G_MAXINT / 2 || av_new_packet(paquet, static_cast<int>(taille)) < 0) return false;
+  if (taille > G_MAXINT / 2 || Libav()->av_new_packet(paquet, static_cast<int>(taille)) < 0) return false;
   gst_buffer_extract(image->input_buffer, 0, paquet->data, taille);
   // The number instead of a time: it finds the entry of this picture again, however the order changes.
   paquet->pts = image->system_frame_number;
@@ -143,11 +143,11 @@ GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
   if (soi->Contexte == nullptr || !RemplitPaquet(soi->Paquet, image)) {
     return gst_video_decoder_drop_frame(decodeur, image);
   }
-  int reponse = avcodec_send_packet(soi->Contexte, soi->Paquet);
+  int reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
   GstFlowReturn suite = GST_FLOW_OK;
   if (reponse == AVERROR(EAGAIN)) {
     suite = LivreTout(soi);
-    reponse = avcodec_send_packet(soi->Contexte, soi->Paquet);
+    reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
   }
   // A damaged packet gives no picture; the next good one goes on.
   if (reponse < 0) return gst_video_decoder_drop_frame(decodeur, image);
@@ -156,7 +156,7 @@ GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
 }
 
 gboolean Vide(GstVideoDecoder* decodeur) {
-  if (Soi(decodeur)->Contexte != nullptr) avcodec_flush_buffers(Soi(decodeur)->Contexte);
+  if (Soi(decodeur)->Contexte != nullptr) Libav()->avcodec_flush_buffers(Soi(decodeur)->Contexte);
   return TRUE;
 }
 
@@ -164,9 +164,9 @@ gboolean Vide(GstVideoDecoder* decodeur) {
 GstFlowReturn Acheve(GstVideoDecoder* decodeur) {
   DecodeurLibav* soi = Soi(decodeur);
   if (soi->Contexte == nullptr) return GST_FLOW_OK;
-  avcodec_send_packet(soi->Contexte, nullptr);
+  Libav()->avcodec_send_packet(soi->Contexte, nullptr);
   const GstFlowReturn suite = LivreTout(soi);
-  avcodec_flush_buffers(soi->Contexte);
+  Libav()->avcodec_flush_buffers(soi->Contexte);
   return suite;
 }
 

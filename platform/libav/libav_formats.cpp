@@ -1,7 +1,7 @@
 #include "platform/libav/libav_formats.h"
 
 #include <array>
-#include <cstring>
+#include "platform/libav/libav_library.h"
 
 namespace vaktor {
 
@@ -43,12 +43,12 @@ constexpr std::array kCodecs = {
 };
 
 GstMemory* MemoireDePlan(const AVFrame& trame, const uint8_t* donnees, gsize taille) {
-  AVFrame* garde = av_frame_clone(&trame);
+  AVFrame* garde = Libav()->av_frame_clone(&trame);
   if (garde == nullptr) return nullptr;
   return gst_memory_new_wrapped(GST_MEMORY_FLAG_READONLY, const_cast<uint8_t*>(donnees), taille, 0, taille, garde,
                                 [](gpointer image) {
                                   auto* trameGardee = static_cast<AVFrame*>(image);
-                                  av_frame_free(&trameGardee);
+                                  Libav()->av_frame_free(&trameGardee);
                                 });
 }
 
