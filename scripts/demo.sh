@@ -68,7 +68,8 @@ demontre() {
   trap 'termine_demo; exit 130' INT TERM HUP
   trap termine_demo EXIT
 
-  # A fresh user's settings, but for two: photos are on, and the alarm waits 3 seconds instead of 10.
+  # A fresh user's settings, but for two: photos are on, and the alarm waits 15 seconds, so that the tolerance has found
+  # its place first; else the first photos would show nothing but noise.
   ecrit_reglages "$dossier"
   ouvre_ecran || echoue "the virtual screen could not be started; see $dossier/Xvfb.log"
   echo "Starting Vaktor on the virtual screen $DISPLAY, armed, for $secondes s. Ctrl-C ends it sooner."
@@ -110,6 +111,6 @@ demontre() {
 }
 
 ecrit_reglages() {
-  printf '[%%general]\nretard=3\n\n[PHOTO]\nactif=1\n' > "$1/vaktor.ini"
+  printf '[%%general]\nretard=15\n\n[PHOTO]\nactif=1\n' > "$1/vaktor.ini"
   chmod 600 "$1/vaktor.ini"
 }
