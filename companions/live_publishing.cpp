@@ -45,8 +45,6 @@ void PublicationLive::EteintLive() {
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
   // The live switch takes the alarm with it; the camera goes on, and so does a countdown that runs.
   Ports_.Camera.DesarmeAlarme();
-  Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
-  Ports_.Affichage.EcritRetard(Ports_.Reglages.Retard);
   Ports_.Pompe.PompeMessages();
   Ports_.Liaison.MontreStatut(kTexteInactive);
   Ports_.Commandes.EnvoiFTP(QStringLiteral("Decon"));

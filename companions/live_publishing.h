@@ -35,7 +35,7 @@ struct PortsLive {
   const Horloge& Temps;
   PompeEvenements& Pompe;
   CommandesModules& Commandes;
-  AffichageSurveillance& Affichage;  ///< lamps, Text1, Bouton(1), the message about the camera
+  AffichageSurveillance& Affichage;  ///< ImageLedSurveill, Bouton(1), the message about the camera
   AffichageLiaison& Liaison;
   Ouvreur& Navigateur;
   EtatLiaison& Etat;

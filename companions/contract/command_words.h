@@ -22,6 +22,8 @@ IdentiteCompagnon DonneIdentite(Compagnon compagnon);
 
 /// Key of the store, in each companion's section: the decimal handle of the inbox that it talks to.
 inline constexpr QLatin1String kCleHwndvk("HWNDVK");
+/// Name of the settings file in the folder of settings; main program and companions open the same one.
+inline constexpr QLatin1String kFichierReglages("vaktor.ini");
 /// Environment variable of a companion: the private folder of the main program that started it, where there is one. The
 /// store, the photos and everything else that is written then lie below it.
 inline constexpr QLatin1String kVariableDossier("VAKTOR_DOSSIER");

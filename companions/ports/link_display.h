@@ -1,5 +1,5 @@
-// What the link to the companions shows on the main window, as states. The forms find the words and colours. The lamps,
-// Text1 and the message about the camera are shown through the engine's AffichageSurveillance, which has them already.
+// What the link to the companions shows on the main window, as states. The forms find the words and colours. The lamps
+// and the message about the camera are shown through the engine's AffichageSurveillance, which has them already.
 #pragma once
 
 #include <QString>

@@ -13,7 +13,8 @@ class CameraPourLive {
   virtual ~CameraPourLive() = default;
   virtual bool CameraActive() const = 0;
   virtual void BasculeCamera() = 0;
-  virtual void DesarmeAlarme() = 0;         ///< AlarmeArmee := false and nothing else; a countdown goes on
+  /// AlarmeArmee false, ImageLedAlarme "LEDRED", Text1 shows Retard; a countdown goes on.
+  virtual void DesarmeAlarme() = 0;
   virtual QImage ImageSurface() const = 0;  ///< picture of the frame surface, null while there is none
 };
 

@@ -10,50 +10,9 @@
 #include "companions/live_publishing.h"
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
+#include "fakes/virtual_timers.h"
 
 namespace vaktor::essai {
-
-/// Timers advanced by hand, in whole milliseconds.
-class FabriqueMain : public FabriqueMinuteries {
- public:
-  struct Etat {
-    QString Nom;
-    qint32 Intervalle = 0;
-    qint32 Reste = 0;
-    bool Active = false;
-    std::function<void()> Tic;
-  };
-  class Une : public Minuterie {
-   public:
-    explicit Une(std::shared_ptr<Etat> etat) : E_(std::move(etat)) {}
-    ~Une() override { E_->Active = false; }
-    void ChangeIntervalle(qint32 ms) override { E_->Intervalle = E_->Reste = ms; }
-    qint32 Intervalle() const override { return E_->Intervalle; }
-    void Active() override {
-      if (E_->Active) return;
-      E_->Active = true;
-      E_->Reste = E_->Intervalle;
-    }
-    void Desactive() override { E_->Active = false; }
-    bool EstActive() const override { return E_->Active; }
-
-   private:
-    std::shared_ptr<Etat> E_;
-  };
-  std::unique_ptr<Minuterie> CreeMinuterie(const QString& nom, qint32 ms, std::function<void()> tic) override {
-    Etats.push_back(std::make_shared<Etat>(Etat{nom, ms, ms, false, std::move(tic)}));
-    return std::make_unique<Une>(Etats.back());
-  }
-  void Avance(qint32 ms) {
-    for (; ms > 0; --ms)
-      for (const auto& etat : Etats)
-        if (etat->Active && --etat->Reste == 0) {
-          etat->Reste = etat->Intervalle;
-          etat->Tic();
-        }
-  }
-  std::vector<std::shared_ptr<Etat>> Etats;
-};
 
 class CanalFaux : public CanalMessages {
  public:

@@ -81,11 +81,9 @@ TEST_F(Live, TurningOnConnects) {
 
 TEST_F(Live, TurningOffDisarmsTheAlarmToo_AndLeavesTheCamera) {
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
-  Reglages.Retard = 25;
   bool pendant = true;
   PendantPompe = [&] { pendant = Etat.SurveillanceEnCours || Etat.LiveActif; };
-  EXPECT_EQ(Fait(&PublicationLive::BasculeLive),
-            "live LEDRED|desarme|alarme LEDRED|Text1 25|pompe|statut 34|FTP Decon");
+  EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "live LEDRED|desarme|pompe|statut 34|FTP Decon");
   EXPECT_FALSE(Etat.SurveillanceEnCours);
   EXPECT_FALSE(Etat.LiveActif);
   EXPECT_FALSE(pendant) << "handlers that run in the pump find the switch off already";

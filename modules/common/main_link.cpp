@@ -1,0 +1,47 @@
+#include "modules/common/main_link.h"
+
+namespace vaktor {
+
+LienPrincipal::LienPrincipal(const PortsLien& ports)
+    : Ports_(ports),
+      Emetteur_(ports.Dossier),
+      Fenetre_(ports.Dossier, [this](const QByteArray& message) { RecoitMessage(message); }),
+      TimerVerification_(
+          ports.Minuteries.CreeMinuterie(QStringLiteral("TimerVerification"), kVerification, [this] { Verifie(); })) {}
+
+void LienPrincipal::Demarre() {
+  TimerVerification_->Active();
+  Enregistre();
+}
+
+void LienPrincipal::Dis(const QString& texte) { Emetteur_.Poste(PoigneePrincipale_, texte.toUtf8()); }
+
+void LienPrincipal::RecoitMessage(const QByteArray& message) {
+  bool nombre = false;
+  const qint32 code = message.toInt(&nombre);
+  const QString mot = nombre ? DonneMotCommande(Ports_.Qui, code) : QString();
+  if (!mot.isEmpty()) Ports_.SurCommande(mot);
+}
+
+bool LienPrincipal::Enregistre() {
+  const qint32 poignee = Ports_.LitHwndvk();
+  if (poignee == PoigneePrincipale_ || !Ports_.Dossier.Repond(poignee)) return false;
+  PoigneePrincipale_ = poignee;
+  Dis(kMotHwnd + QString::number(Fenetre_.Poignee()));
+  Ports_.SurEnregistrement();
+  return true;
+}
+
+void LienPrincipal::Verifie() {
+  // The store first: a second main program may have published its handle while the first one still answers.
+  if (Enregistre() || Ports_.Dossier.Repond(PoigneePrincipale_)) {
+    Absence_ = 0;
+    return;
+  }
+  Absence_ += kVerification;
+  if (Absence_ < kAbandon) return;
+  TimerVerification_->Desactive();
+  Ports_.SurPerte();
+}
+
+}  // namespace vaktor

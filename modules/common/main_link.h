@@ -1,0 +1,60 @@
+// A companion's side of the channel: it registers with the main program, hears commands and says words.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <memory>
+
+#include "companions/contract/command_words.h"
+#include "engine/ports/timers.h"
+#include "platform/channel/channel_folder.h"
+#include "platform/channel/local_inbox.h"
+#include "platform/channel/local_sender.h"
+
+namespace vaktor {
+
+struct PortsLien {
+  Compagnon Qui;
+  DossierCanal Dossier;
+  FabriqueMinuteries& Minuteries;
+  std::function<qint32()> LitHwndvk;                    ///< the inbox's handle as the store has it now, 0 for none
+  std::function<void(const QString& mot)> SurCommande;  ///< a command word of this companion, "Optio" and "Quit*" too
+  std::function<void()> SurEnregistrement;              ///< after each "HWND:" that was sent: the first, and again when
+                                                        ///< the main program has come back
+  std::function<void()> SurPerte;                       ///< the main program is gone for good; once
+};
+
+/// Thread of its event loop. Watches the handle in the store, and registers again when another main program has
+/// published its own.
+class LienPrincipal {
+ public:
+  static constexpr qint32 kVerification = 2000;  ///< milliseconds between two looks
+  static constexpr qint32 kAbandon = 30000;  ///< milliseconds without a main program after which it is gone for good
+
+  /// Opens the command window. Throws Echec when the channel cannot be had.
+  explicit LienPrincipal(const PortsLien& ports);
+
+  /// Registers at once if a main program answers, and starts to watch.
+  void Demarre();
+  /// One word of five characters, or a word and more behind it. In order, none lost while the main program lives: the
+  /// channel keeps what the inbox has not taken yet, so that a word never overwrites the one before. Before the first
+  /// registration, and when nobody answers, it is dropped.
+  void Dis(const QString& texte);
+
+  bool EstEnregistre() const { return PoigneePrincipale_ != 0; }
+  qint32 Poignee() const { return Fenetre_.Poignee(); }  ///< of the command window
+
+ private:
+  void RecoitMessage(const QByteArray& message);
+  void Verifie();
+  bool Enregistre();
+
+  PortsLien Ports_;
+  EmetteurLocal Emetteur_;
+  BoiteLocale Fenetre_;
+  std::unique_ptr<Minuterie> TimerVerification_;
+  qint32 PoigneePrincipale_ = 0;  // the inbox that we are registered with
+  qint32 Absence_ = 0;            // milliseconds
+};
+
+}  // namespace vaktor

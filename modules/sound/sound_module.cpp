@@ -1,0 +1,83 @@
+#include "modules/sound/sound_module.h"
+
+#include <QFileInfo>
+
+#include "platform/base/system_files.h"
+
+namespace vaktor {
+
+namespace {
+constexpr qint32 kIndexFichier = 3;
+}
+
+ModuleSon::ModuleSon(const ContexteModule& contexte, std::unique_ptr<JoueurSon> joueur)
+    : Contexte_(contexte),
+      Joueur_(std::move(joueur)),
+      TimerRepos_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRepos"), kRepos,
+                                                    [this] { TimerRepos_->Desactive(); })),
+      TimerDuree_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerDuree"), kDureeMax, [this] {
+        TimerDuree_->Desactive();
+        Joueur_->Arrete();
+      })) {}
+
+void ModuleSon::PrendReglages(const ReglagesModule& reglages) {
+  IndexSon_ = reglages.Valeurs.IndexSon;
+  FichierSon_ = reglages.Valeurs.FichierSon;
+  TimerRepos_->Desactive();  // what the user has just changed may be the cure
+}
+
+QString ModuleSon::DonneFichier() const {
+  if (IndexSon_ == kIndexFichier) return CheminNatif(FichierSon_);
+  const qint32 numero = IndexSon_ < 0 || IndexSon_ > kIndexFichier ? 0 : IndexSon_;
+  return Contexte_.Dossiers.CheminSons() + QStringLiteral("/%1.wav").arg(numero);
+}
+
+void ModuleSon::ExecuteCommande(const QString& mot) {
+  if (mot != QLatin1String("Intru") || Joueur_->EnCours() || TimerRepos_->EstActive()) return;
+  EnJeu_ = DonneFichier();
+  if (!QFileInfo(EnJeu_).isFile()) {
+    TermineSon(FinSon::kFichierMauvais, QString());
+    return;
+  }
+  TimerDuree_->Active();
+  Joueur_->Joue(EnJeu_, [this](FinSon fin, const QString& mots) { TermineSon(fin, mots); });
+}
+
+void ModuleSon::TermineSon(FinSon fin, const QString& mots) {
+  TimerDuree_->Desactive();
+  if (fin == FinSon::kJoue) {
+    DernierAvis_ = {};
+    Contexte_.Etat.Efface();
+    return;
+  }
+  TimerRepos_->Active();
+  Signale(fin, mots);
+}
+
+void ModuleSon::Signale(FinSon fin, const QString& mots) {
+  AvisEchec avis;
+  avis.MotsServeur = mots;
+  if (fin == FinSon::kFichierMauvais) {
+    avis.Sujet = QStringLiteral("sound-file ") + EnJeu_;
+    avis.Francais =
+        QString::fromUtf8("Le son de l'alarme ne peut pas être lu : %1. Choisissez-en un autre.").arg(EnJeu_);
+    avis.English = QStringLiteral("The alarm sound cannot be played: %1. Please choose another one.").arg(EnJeu_);
+  } else {
+    avis.Sujet = QStringLiteral("sound-device");
+    avis.Francais = QString::fromUtf8(
+        "Le son de l'alarme ne peut pas être entendu : aucun appareil audio ne répond. Vérifiez vos haut-parleurs.");
+    avis.English =
+        QStringLiteral("The alarm sound cannot be heard: no audio device answers. Please check your loudspeakers.");
+  }
+  if (avis == DernierAvis_) return;
+  DernierAvis_ = avis;
+  Contexte_.Journal.Note(avis.English + QLatin1Char(' ') + mots);
+  Contexte_.Etat.Signale(avis);
+}
+
+void ModuleSon::Termine() {
+  Joueur_->Arrete();
+  Contexte_.Quitte();
+}
+
+}  // namespace vaktor

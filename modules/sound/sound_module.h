@@ -1,0 +1,40 @@
+// The sound companion's rules: which file, one at a time, and what is told when it cannot be heard.
+#pragma once
+
+#include <memory>
+
+#include "modules/common/module_program.h"
+#include "modules/sound/sound_player.h"
+
+namespace vaktor {
+
+/// "Intru" comes with every frame of an intrusion, thirty times a second: while a sound plays it is ignored, so that
+/// the sound is heard to its end and then again as long as the intrusion lasts.
+class ModuleSon : public Module {
+ public:
+  static constexpr qint32 kRepos = 5000;       ///< milliseconds without a new try after one that failed
+  static constexpr qint32 kDureeMax = 600000;  ///< a sound that lasts longer is cut: a device that hangs must not
+                                               ///< silence the alarm for good
+
+  ModuleSon(const ContexteModule& contexte, std::unique_ptr<JoueurSon> joueur);
+
+  void PrendReglages(const ReglagesModule& reglages) override;
+  void ExecuteCommande(const QString& mot) override;
+  void Termine() override;
+
+ private:
+  QString DonneFichier() const;
+  void TermineSon(FinSon fin, const QString& mots);
+  void Signale(FinSon fin, const QString& mots);
+
+  ContexteModule Contexte_;
+  std::unique_ptr<JoueurSon> Joueur_;
+  qint32 IndexSon_ = 0;
+  QString FichierSon_;
+  QString EnJeu_;
+  AvisEchec DernierAvis_;  // told, and not told again until a sound was heard
+  std::unique_ptr<Minuterie> TimerRepos_;
+  std::unique_ptr<Minuterie> TimerDuree_;
+};
+
+}  // namespace vaktor

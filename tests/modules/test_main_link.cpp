@@ -1,0 +1,131 @@
+// A companion's side of the channel against real sockets, with the watch in virtual time.
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+#include "fakes/virtual_timers.h"
+#include "modules/common/main_link.h"
+#include "support/event_wait.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Lien : testing::Test {
+  QTemporaryDir Temporaire;
+  DossierCanal Dossier{Temporaire.filePath("vaktor")};
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Temps{Horloge};
+  QStringList Recus;  // by the main program
+  qint32 Hwndvk = 0;
+  QStringList Mots;
+  int Enregistrements = 0;
+  int Pertes = 0;
+  std::unique_ptr<BoiteLocale> Principal = OuvrePrincipal();
+  LienPrincipal Lien_{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; },
+                                [this](const QString& mot) { Mots << mot; }, [this] { ++Enregistrements; },
+                                [this] { ++Pertes; }}};
+  EmetteurLocal Emetteur{Dossier};
+
+  std::unique_ptr<BoiteLocale> OuvrePrincipal() {
+    auto boite = std::make_unique<BoiteLocale>(Dossier, [this](const QByteArray& m) { Recus << QString::fromUtf8(m); });
+    Hwndvk = boite->Poignee();
+    return boite;
+  }
+  QString Inscription() const { return "HWND:" + QString::number(Lien_.Poignee()); }
+};
+
+TEST_F(Lien, RegistersAtItsStart) {
+  Lien_.Demarre();
+  EXPECT_TRUE(Lien_.EstEnregistre());
+  EXPECT_EQ(Enregistrements, 1);
+  ASSERT_TRUE(AttendQue([this] { return !Recus.isEmpty(); }));
+  EXPECT_EQ(Recus, QStringList(Inscription()));
+}
+
+TEST_F(Lien, RegistersOnceWithTheSameMainProgram) {
+  Lien_.Demarre();
+  Temps.Avance(100000);
+  EXPECT_EQ(Enregistrements, 1);
+  EXPECT_EQ(Pertes, 0);
+}
+
+TEST_F(Lien, CodesBecomeTheWordsOfThisCompanion) {
+  Lien_.Demarre();
+  for (const char* code : {"65", "66", "67"}) Emetteur.Poste(Lien_.Poignee(), code);
+  ASSERT_TRUE(AttendQue([this] { return Mots.size() == 3; }));
+  EXPECT_EQ(Mots, QStringList({"Optio", "Intru", "Quit*"}));
+}
+
+TEST_F(Lien, WhatIsNoCodeOfThisCompanionIsIgnored) {
+  Lien_.Demarre();
+  for (const char* faux : {"", "68", "70", "-1", "Quit*", "66x", "99999999999999999999"})
+    Emetteur.Poste(Lien_.Poignee(), faux);
+  Emetteur.Poste(Lien_.Poignee(), "66");
+  ASSERT_TRUE(AttendQue([this] { return !Mots.isEmpty(); }));
+  EXPECT_EQ(Mots, QStringList("Intru"));
+}
+
+TEST_F(Lien, WordsGoUpInOrderAndNoneIsLost) {
+  Lien_.Demarre();
+  QStringList attendus(Inscription());
+  for (int i = 0; i < 100; ++i) {
+    attendus << QStringLiteral("Uploa %1").arg(i);
+    Lien_.Dis(attendus.last());
+  }
+  ASSERT_TRUE(AttendQue([&] { return Recus.size() == attendus.size(); }));
+  EXPECT_EQ(Recus, attendus);
+}
+
+TEST_F(Lien, RegistersAgainWhenTheMainProgramComesBack) {
+  Lien_.Demarre();
+  Principal.reset();
+  Temps.Avance(20000);
+  Recus.clear();
+  Principal = OuvrePrincipal();
+  Temps.Avance(LienPrincipal::kVerification);
+  EXPECT_EQ(Enregistrements, 2);
+  ASSERT_TRUE(AttendQue([this] { return !Recus.isEmpty(); }));
+  EXPECT_EQ(Recus, QStringList(Inscription()));
+  Temps.Avance(100000);
+  EXPECT_EQ(Pertes, 0) << "the time without a main program starts anew";
+}
+
+TEST_F(Lien, GoesOverToAMainProgramThatHasPublishedLater) {
+  Lien_.Demarre();
+  const auto ancien = std::move(Principal);
+  Principal = OuvrePrincipal();
+  Temps.Avance(LienPrincipal::kVerification);
+  EXPECT_EQ(Enregistrements, 2);
+}
+
+TEST_F(Lien, AStaleHandleInTheStoreIsNotTaken) {
+  Principal.reset();
+  Lien_.Demarre();
+  EXPECT_FALSE(Lien_.EstEnregistre());
+  Lien_.Dis("Conne");
+  Principal = OuvrePrincipal();
+  Temps.Avance(LienPrincipal::kVerification);
+  EXPECT_EQ(Enregistrements, 1);
+}
+
+TEST_F(Lien, GivesUpOnceWhenTheMainProgramIsGoneForGood) {
+  Lien_.Demarre();
+  Principal.reset();
+  Temps.Avance(LienPrincipal::kAbandon - 1);
+  EXPECT_EQ(Pertes, 0);
+  Temps.Avance(1);
+  EXPECT_EQ(Pertes, 1);
+  Temps.Avance(1000000);
+  EXPECT_EQ(Pertes, 1);
+}
+
+TEST_F(Lien, GivesUpWhenThereNeverWasOne) {
+  Principal.reset();
+  Hwndvk = 0;
+  Lien_.Demarre();
+  Temps.Avance(LienPrincipal::kAbandon);
+  EXPECT_EQ(Pertes, 1);
+}
+
+}  // namespace
+}  // namespace vaktor::essai

@@ -1,0 +1,176 @@
+// Whole companion programs against the real main-program side of the channel: the sound companion, and the example that
+// the manual gives to writers of companions.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "companions/companion_fakes.h"
+#include "platform/channel/local_channel.h"
+#include "platform/store/file_store.h"
+#include "support/event_wait.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Programmes : testing::Test {
+  QTemporaryDir Temporaire;
+  DossierCanal Dossier{(QDir(Temporaire.path()).mkdir("run"), Temporaire.filePath("run/vaktor"))};
+  CanalLocal Canal{Dossier};
+  MagasinFichier Magasin{Temporaire.filePath("vaktor.ini")};
+  QStringList Journal;
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Minuteries{Horloge};
+  EtatLiaison Etat;
+  ModuleSendMessages Envois{Canal, Etat};
+  FenetreFausse Fenetre{Journal};
+  std::unique_ptr<FormWinsock> Form = OuvreForm();
+  QProcess Programme;
+
+  std::unique_ptr<FormWinsock> OuvreForm() {
+    return std::make_unique<FormWinsock>(
+        PortsWinsock{Canal, Magasin, Minuteries, Envois, Fenetre, Fenetre, Etat, [] {}});
+  }
+  void Lance(const QString& programme, const QStringList& arguments = {}) {
+    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
+    milieu.insert("XDG_RUNTIME_DIR", Temporaire.filePath("run"));
+    milieu.insert(kVariableDossier, Temporaire.path());
+    Programme.setProcessEnvironment(milieu);
+    Programme.setProcessChannelMode(QProcess::MergedChannels);
+    Programme.start(programme, arguments);
+    ASSERT_TRUE(Programme.waitForStarted());
+  }
+  bool AttendInscription() {
+    return AttendQue([this] { return Etat.HandleSon != 0; });
+  }
+  bool AttendFin() {
+    return AttendQue([this] { return Programme.state() == QProcess::NotRunning; });
+  }
+  void TearDown() override {
+    Programme.kill();
+    Programme.waitForFinished();
+  }
+  QString LitJournal() const {
+    QFile fichier(Temporaire.filePath("etat/VAKTORsound.log"));
+    return fichier.open(QIODevice::ReadOnly) ? QString::fromUtf8(fichier.readAll()) : QString();
+  }
+};
+
+TEST_F(Programmes, TheSoundCompanionRegistersAndEndsWhenItIsTold) {
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendInscription());
+  EXPECT_TRUE(Dossier.Repond(Etat.HandleSon));
+  Envois.EnvoiSon("Quit*");
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Programme.exitCode(), 0);
+  EXPECT_FALSE(Dossier.Repond(Etat.HandleSon)) << "it takes its box with it";
+}
+
+TEST_F(Programmes, TheSoundCompanionReadsTheStoreAgainWhenItIsTold) {
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendInscription());
+  Magasin.EcritReglage("SON", "index", "3");
+  Magasin.EcritReglage("SON", "Repertoire", "/pas/la/mon son.wav");
+  Magasin.Vide();
+  Envois.EnvoiSon("Optio");
+  for (int i = 0; i < 50; ++i) Envois.EnvoiSon("Intru");
+  Envois.EnvoiSon("Quit*");
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(LitJournal().count("/pas/la/mon son.wav"), 1) << "told once";
+}
+
+TEST_F(Programmes, TheSoundCompanionRegistersAgainWhenTheMainProgramComesBack) {
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendInscription());
+  Form.reset();
+  Etat = {};
+  Form = OuvreForm();
+  EXPECT_TRUE(AttendInscription());
+}
+
+TEST_F(Programmes, TheSoundCompanionEndsTidilyOnASignal) {
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendInscription());
+  Programme.terminate();
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Programme.exitCode(), 0);
+  EXPECT_TRUE(LitJournal().contains("signal"));
+}
+
+TEST_F(Programmes, ItTellsItsVersionAndItsUse) {
+  Lance(VAKTOR_SOUND, {"--version"});
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(Programme.readAll(), "VAKTORsound " VAKTOR_VERSION "\n");
+  EXPECT_EQ(Programme.exitCode(), 0);
+  Lance(VAKTOR_SOUND, {"--help"});
+  ASSERT_TRUE(AttendFin());
+  const QString aide = QString::fromUtf8(Programme.readAll());
+  EXPECT_TRUE(aide.contains("Joue le son") && aide.contains("Plays the alarm sound"));
+  EXPECT_EQ(Programme.exitCode(), 0);
+  Lance(VAKTOR_SOUND, {"--quoi"});
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(Programme.exitCode(), 2);
+}
+
+TEST_F(Programmes, WithoutAChannelItSaysSoAndEnds) {
+  ASSERT_EQ(::chmod(QFile::encodeName(Dossier.Chemin()).constData(), 0755), 0);
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(Programme.exitCode(), 1);
+  EXPECT_TRUE(QString::fromUtf8(Programme.readAll()).contains("run/vaktor"));
+}
+
+/// The program between the marks of the first Python block of the manual.
+QString LitExemple() {
+  QFile manuel(VAKTOR_COMPANIONS_MD);
+  if (!manuel.open(QIODevice::ReadOnly)) return {};
+  return QString::fromUtf8(manuel.readAll()).section("```python\n", 1, 1).section("```", 0, 0);
+}
+
+struct Exemple : Programmes {
+  void SetUp() override {
+    Magasin.EcritReglage("general", "langue", "1");
+    Magasin.EcritReglage("SON", "index", "2");
+    Magasin.Vide();
+    QFile script(Temporaire.filePath("VAKTORsound"));
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    script.write(LitExemple().toUtf8());
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    script.close();
+    Lance(script.fileName());
+    ASSERT_TRUE(AttendInscription()) << Programme.readAll().toStdString();
+  }
+};
+
+TEST_F(Exemple, ItIsShort) {
+  EXPECT_GT(LitExemple().count('\n'), 20);
+  EXPECT_LT(LitExemple().count('\n'), 45);
+}
+
+TEST_F(Exemple, ItDoesWhatTheManualSays) {
+  Envois.EnvoiSon("Intru");
+  Magasin.EcritReglage("SON", "index", "1");
+  Magasin.Vide();
+  Envois.EnvoiSon("Optio");
+  Envois.EnvoiSon("Intru");
+  Envois.EnvoiSon("Quit*");
+  ASSERT_TRUE(AttendFin());
+  const QString dit = QString::fromUtf8(Programme.readAll());
+  EXPECT_TRUE(dit == "intrusion, sound 2\nintrusion, sound 1\n" || dit == "intrusion, sound 1\nintrusion, sound 1\n")
+      << dit.toStdString();  // the first intrusion may be read after the save
+  EXPECT_EQ(Programme.exitCode(), 0);
+}
+
+TEST_F(Exemple, ItEndsWhenTheMainProgramIsGone) {
+  Form.reset();
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(Programme.exitCode(), 0);
+}
+
+}  // namespace
+}  // namespace vaktor::essai
