@@ -81,6 +81,9 @@ void DialogueFormat::ConstruitChoix(QVBoxLayout& colonne) {
   Tailles_->setAlternatingRowColors(true);
   Remarque_->setWordWrap(true);
   Remarque_->setStyleSheet(QStringLiteral("color:#9a4a00;font-weight:bold;"));
+  // Its room is kept, so that the list does not shrink under the pointer when a large size is picked.
+  Remarque_->setMinimumHeight(4 * Remarque_->fontMetrics().lineSpacing());
+  Remarque_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
 
   auto* grille = new QFormLayout;
   grille->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);

@@ -1,0 +1,30 @@
+// What the tests inside the virtual machine share: waiting for things that happen in their own time.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QString>
+#include <QThread>
+#include <functional>
+
+namespace vaktor {
+
+/// Asks until it is so or the time is over. The limits are wide: the machine may be emulated in software, ten times
+/// slower than a real one. What is asked for must come, when is not judged.
+inline bool Attend(const std::function<bool()>& question, int secondes = 60) {
+  QElapsedTimer depuis;
+  depuis.start();
+  while (!question()) {
+    if (depuis.elapsed() > qint64{secondes} * 1000) return false;
+    QThread::msleep(20);
+  }
+  return true;
+}
+
+/// A word to the emulated USB camera: move still stall go unplug plug.
+inline bool Ordonne(const char* mot) {
+  QFile tube(QStringLiteral("/run/usb-webcam"));
+  return tube.open(QIODevice::WriteOnly) && tube.write(QByteArray(mot) + '\n') > 0;
+}
+
+}  // namespace vaktor
