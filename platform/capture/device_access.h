@@ -14,6 +14,15 @@ class AccesPeripheriques {
   virtual bool Regle(const QString& noeud, quint32 numero, qint32 valeur) = 0;
 };
 
+/// A source as people know it: a device by its card's name and node, others as they describe themselves.
+inline QString NomPourGens(const AccesPeripheriques& acces, const QString& noeud, const QString& description) {
+  if (noeud.isEmpty()) return description;
+  const QList<PeripheriqueVideo> peripheriques = acces.Peripheriques();
+  for (const PeripheriqueVideo& p : peripheriques)
+    if (p.Noeud == noeud) return QStringLiteral("%1 (%2)").arg(p.Nom, p.Noeud);
+  return description;
+}
+
 /// The devices of this machine (v4l2_device.h).
 class AccesV4L2 final : public AccesPeripheriques {
  public:

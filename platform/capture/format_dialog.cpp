@@ -46,7 +46,7 @@ QString Explication(const CommandesPilote& pilote, qint32 langue) {
 
 DialogueFormat::DialogueFormat(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
                                const AccesPeripheriques& acces)
-    : QDialog(parent), Langue_(langue), Pilote_(pilote), Memoire_(memoire) {
+    : QDialog(parent), Langue_(langue), Pilote_(pilote), Memoire_(memoire), Acces_(acces) {
   setObjectName(QStringLiteral("DialogueFormat"));
   setWindowTitle(TexteDe(TexteDialogue::kTitreFormat, langue));
   setAccessibleName(windowTitle());
@@ -148,7 +148,8 @@ void DialogueFormat::ConstruitBoutons(QVBoxLayout& colonne, bool avecChoix) {
 
 void DialogueFormat::MontreFormatCourant() {
   const QString texte = TexteDe(TexteDialogue::kFormatCourant, Langue_)
-                            .arg(Pilote_.DescriptionSource(), TexteFormat(Pilote_.FormatCourant(), Langue_));
+                            .arg(NomPourGens(Acces_, Pilote_.NoeudPeripherique(), Pilote_.DescriptionSource()),
+                                 TexteFormat(Pilote_.FormatCourant(), Langue_));
   Courant_->setText(texte);
   Courant_->setAccessibleName(texte);
 }

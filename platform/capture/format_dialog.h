@@ -44,6 +44,7 @@ class DialogueFormat : public QDialog {
   const qint32 Langue_;
   CommandesPilote& Pilote_;
   MemoireCapture& Memoire_;
+  const AccesPeripheriques& Acces_;
   QList<FormatCamera> Formats_;
   std::optional<FormatCamera> EnService_;  ///< the entry of Formats_ that is at work; empty: none of them
   QLabel* Courant_ = nullptr;

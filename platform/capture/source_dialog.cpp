@@ -285,9 +285,9 @@ void DialogueSource::Utilise() {
   if (retenu && EstLieu(source)) Adresse_->setText(MasqueAdresse(source));
   RemplitSources();
   MontreReglages();
+  const QString venue = NomPourGens(Acces_, Pilote_.NoeudPeripherique(), MasqueAdresse(Pilote_.DescriptionSource()));
   if (retenu)
-    Etat_->MontreReussite(
-        TexteDe(TexteDialogue::kSourceChangee, Langue_).arg(MasqueAdresse(Pilote_.DescriptionSource())));
+    Etat_->MontreReussite(TexteDe(TexteDialogue::kSourceChangee, Langue_).arg(venue));
   else
     Etat_->MontreErreur(TexteDe(TexteDialogue::kNonRetenu, Langue_));
 }

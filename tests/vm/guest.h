@@ -27,4 +27,16 @@ inline bool Ordonne(const char* mot) {
   return tube.open(QIODevice::WriteOnly) && tube.write(QByteArray(mot) + '\n') > 0;
 }
 
+/// Whole frames that the emulated camera has given since it was started; below 0: it does not say.
+inline int ImagesDonnees() {
+  const auto reponses = [] {
+    QFile journal(QStringLiteral("/run/usb-webcam.log"));
+    return journal.open(QIODevice::ReadOnly) ? journal.readAll() : QByteArray();
+  };
+  const qsizetype avant = reponses().count("given");
+  if (!Ordonne("count") || !Attend([&] { return reponses().count("given") > avant; })) return -1;
+  const QByteArray toutes = reponses();
+  return toutes.mid(toutes.lastIndexOf("given") + 6).split('\n').first().toInt();
+}
+
 }  // namespace vaktor

@@ -61,6 +61,12 @@ TEST_F(FormatTest, ListsWhatTheDeviceOffersAndStandsOnTheFormatAtWork) {
   EXPECT_TRUE(Controle<QLabel>("LblFormatCourant")->text().contains(QString::fromUtf8("640 × 480, 30 frames/s, MJPG")));
 }
 
+TEST_F(FormatTest, NamesTheCameraAsPeopleKnowIt) {
+  Acces_.Peripheriques_ = {{"/dev/video0", "Integrated Camera", "stable"}};
+  Ouvre();
+  EXPECT_TRUE(Controle<QLabel>("LblFormatCourant")->text().startsWith("Integrated Camera (/dev/video0)"));
+}
+
 TEST_F(FormatTest, TheNegotiatedRateMayDifferALittle) {
   Pilote_.Format_ = {"MJPG", 640, 480, 15001, 1000};
   Ouvre();

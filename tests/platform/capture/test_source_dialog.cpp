@@ -27,7 +27,7 @@ TEST_F(SourceTest, AnotherDeviceIsOpenedByItsStableNameAndRemembered) {
   Clique("BtnUtiliser");
   EXPECT_EQ(Pilote_.Sources_, QStringList{"stable-b"});
   EXPECT_EQ(Memoire_.Source(), "stable-b");
-  EXPECT_EQ(Etat(), "The picture now comes from: /dev/video2");
+  EXPECT_EQ(Etat(), "The picture now comes from: Camera B (/dev/video2)");
   EXPECT_TRUE(Lignes().at(1).endsWith("at work"));
   EXPECT_FALSE(Lignes().at(0).endsWith("at work"));
 }
