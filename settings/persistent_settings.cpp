@@ -14,18 +14,21 @@ using C = ControleParametre;
 ReglagesPersistants::ReglagesPersistants(LiensReglages liens) : Liens_(std::move(liens)) {}
 
 void ReglagesPersistants::ChargeParametres() {
-  AffichageParametres* affichage = nullptr;
-  for (const LigneReglage& ligne : TableReglages().first(kNombreReglages)) {
-    // The main form comes into being here and not earlier: its load step publishes the inboxes and needs the language.
-    if (ligne.RangChargement == kRangSeuilAuto) affichage = &Liens_.PremierControle();
-    LitLigne(ligne, affichage);
+  constexpr std::size_t kSansForme = kRangSeuilAuto - 1;
+  const std::span<const LigneReglage> lignes = TableReglages().first(kNombreReglages);
+  for (const LigneReglage& ligne : lignes.first(kSansForme)) LitLigne(ligne);
+  // The main form comes into being here and not earlier: its load step publishes the inboxes and needs the language.
+  AffichageParametres& affichage = Liens_.PremierControle();
+  for (const LigneReglage& ligne : lignes.subspan(kSansForme)) {
+    LitLigne(ligne);
+    if (ligne.Controle) affichage.MontreParametre(*ligne.Controle);
     if (ligne.RangChargement == kRangRepertoirePhoto) RepareRepertoirePhoto(ligne);
     if (ligne.RangChargement == kRangFichierSon) RepareSonAbsent();
   }
-  MontreFinChargement(*affichage);
+  MontreFinChargement(affichage);
 }
 
-void ReglagesPersistants::LitLigne(const LigneReglage& ligne, AffichageParametres* affichage) {
+void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
   const QString texte = Liens_.Magasin.LitReglage(QLatin1StringView(ligne.Section), QLatin1StringView(ligne.Cle),
                                                   DefautReglage(ligne, Liens_.DossierProgramme));
   try {
@@ -34,7 +37,6 @@ void ReglagesPersistants::LitLigne(const LigneReglage& ligne, AffichageParametre
     throw Echec(echec.Numero(),
                 DitReglageImpossible(LangueDuMagasin(), NomReglage(ligne), texte, Liens_.Magasin.Emplacement()));
   }
-  if (ligne.Controle) affichage->MontreParametre(*ligne.Controle);
 }
 
 // The user's folder is replaced in the store and not kept for later, also when it only vanished for a while (a drive

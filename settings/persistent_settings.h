@@ -45,7 +45,7 @@ class ReglagesPersistants : public SauvegardeParametres {
   void SauveParametres() override;
 
  private:
-  void LitLigne(const LigneReglage& ligne, AffichageParametres* affichage);
+  void LitLigne(const LigneReglage& ligne);
   void RepareRepertoirePhoto(const LigneReglage& ligne);
   void RepareSonAbsent();
   void MontreFinChargement(AffichageParametres& affichage);
