@@ -15,6 +15,7 @@ void VueMouvement::Efface() {
 }
 
 void VueMouvement::MarquePoint(const TrameBrute& trame, qint32 x, qint32 y) {
+  if (x > 2 * kLargeur || y > 2 * kHauteur) return;  // most of a large picture
   // The side is 1.5 and becomes 2; an odd coordinate lands on the even neighbour of its half, so blocks of odd columns
   // stand unevenly and may cover each other.
   const qint32 cote = ArrondiPair(kPasEchantillon / 2.0);

@@ -56,10 +56,13 @@ class BancEssai : public testing::Test, public faux::BancSurveillance {
   /// Camera, countdown, armed.
   void ArmeSurNoir() {
     DemarreSurNoir();
+    Arme();
+    Trame(Unie(0));
+  }
+  void Arme() {
     Engin.BasculeAlarme();
     for (int i = 0; i < 60 && !Engin.Alarme().AlarmeArmee; ++i) Temps.Avance(1000);
     ASSERT_TRUE(Engin.Alarme().AlarmeArmee);
-    Trame(Unie(0));
   }
 
   const EtatDetection& Detection() const { return Engin.Detection(); }

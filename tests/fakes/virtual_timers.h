@@ -23,7 +23,7 @@ class TempsVirtuel : public FabriqueMinuteries {
 
   /// Lets so much time pass and calls every tick that falls due.
   void Avance(qint64 millisecondes);
-  /// Calls one timer's tick now, as if it had fallen due; nothing when it is disabled or unknown.
+  /// Calls one timer's tick now, besides those that fall due; nothing when it is disabled or unknown.
   void Declenche(const QString& nom);
   /// The timer of that name, null when none is alive.
   MinuterieVirtuelle* Trouve(const QString& nom) const;
@@ -67,6 +67,9 @@ class MinuterieVirtuelle : public Minuterie {
   friend class TempsVirtuel;
   void Sonne() {
     Echeance_ += Intervalle_;
+    AppelleTic();
+  }
+  void AppelleTic() {
     ++NombreTics_;
     Tic_();
   }
@@ -120,7 +123,7 @@ inline MinuterieVirtuelle* TempsVirtuel::Trouve(const QString& nom) const {
 
 inline void TempsVirtuel::Declenche(const QString& nom) {
   MinuterieVirtuelle* minuterie = Trouve(nom);
-  if (minuterie != nullptr && minuterie->EstActive()) minuterie->Sonne();
+  if (minuterie != nullptr && minuterie->EstActive()) minuterie->AppelleTic();
 }
 
 }  // namespace vaktor::faux

@@ -1,0 +1,163 @@
+// The tolerance: by hand on the gauge, or finding its place just above the noise.
+#include <limits>
+
+#include "engine/engine_fixture.h"
+
+namespace vaktor {
+namespace {
+
+using Jauge = BancEssai;
+
+TEST_F(Jauge, ValueIsHeldBetweenOneAndSevenMillionAndDrawnAsPassed) {
+  for (const auto& [valeur, seuil] : {std::pair{0, 1}, {-5, 1}, {1, 1}, {7000000, 7000000}, {7000001, 7000000}}) {
+    Engin.DessineSeuil(valeur);
+    EXPECT_EQ(Reglages.SeuilDetection, seuil);
+    EXPECT_EQ(Affichage.Jauge, valeur);
+  }
+}
+
+TEST_F(Jauge, TurnsRedAtSixMillion) {
+  Engin.DessineSeuil(5999999);
+  EXPECT_FALSE(Affichage.JaugeHaute);
+  Engin.DessineSeuil(6000000);
+  EXPECT_TRUE(Affichage.JaugeHaute);
+  Engin.DessineSeuil(9000000);
+  EXPECT_TRUE(Affichage.JaugeHaute);
+  Engin.DessineSeuil(-1);
+  EXPECT_FALSE(Affichage.JaugeHaute);
+}
+
+TEST_F(Jauge, MarksTheParametersAsModified) {
+  Engin.DessineSeuil(5);
+  EXPECT_TRUE(Reglages.ParametresModifies);
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+}
+
+TEST_F(Jauge, LeftButtonAloneMovesItAndHalvesGoToTheEvenNumber) {
+  Engin.SourisJauge(1000.5, true);
+  EXPECT_EQ(Reglages.SeuilDetection, 1000);
+  Engin.SourisJauge(1001.5, true);
+  EXPECT_EQ(Reglages.SeuilDetection, 1002);
+  Engin.SourisJauge(5000, false);
+  EXPECT_EQ(Reglages.SeuilDetection, 1002);
+  Engin.SourisJauge(-300.0, true);
+  EXPECT_EQ(Reglages.SeuilDetection, 1);
+  Engin.SourisJauge(8e6, true);
+  EXPECT_EQ(Reglages.SeuilDetection, 7000000);
+}
+
+TEST_F(Jauge, FallsInCoarseStepsWhileNothingChangesAndStaysAtOne) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2000 + 1);
+  EXPECT_EQ(Reglages.SeuilDetection, 6990000);
+  Temps.Avance(699);
+  EXPECT_EQ(Reglages.SeuilDetection, 1);  // 0 is lifted to 1
+  Temps.Avance(5000);
+  EXPECT_EQ(Reglages.SeuilDetection, 1);
+  EXPECT_EQ(Detection().PasSeuil, 10000);
+  EXPECT_EQ(Affichage.Jauge, 1);
+}
+
+TEST_F(Jauge, FirstChangeEndsTheCoarseSearchForGood) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2010);
+  ASSERT_EQ(Reglages.SeuilDetection, 6900000);
+  Engin.SuspendTic();
+  Image(Unie(qRgb(0, 0, 255)));
+  Engin.ReprendTic();
+  Temps.Avance(30);  // 30 more steps down, the last of them after the frame with the change
+  const qint32 seuil = Reglages.SeuilDetection;
+  EXPECT_EQ(Detection().NbrPoints, 400);
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil + 1000);
+  EXPECT_EQ(Detection().PasSeuil, 1000);
+  Tic();  // still again
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil);  // down by the fine step now
+  EXPECT_EQ(Detection().PasSeuil, 1000);
+}
+
+TEST_F(Jauge, SettlesJustAboveTheNoise) {
+  // Two pictures in turn, whose difference is 300000.
+  bool pair = false;
+  Pilote.Suivante = [&] {
+    pair = !pair;
+    return Unie(pair ? qRgb(0xe0, 0x93, 4) : 0);
+  };
+  Engin.BasculeCamera();
+  Temps.Avance(60000);
+  EXPECT_NEAR(Reglages.SeuilDetection, 0x0493e0, 62 * 1000);  // 31 steps to a frame
+  EXPECT_EQ(Detection().PasSeuil, 1000);
+}
+
+TEST_F(Jauge, DoesNothingByItselfWhenTheBoxIsNotTicked) {
+  DemarreSurNoir();
+  Temps.Avance(5000);
+  EXPECT_TRUE(Active("TimerSeuil"));
+  EXPECT_EQ(Reglages.SeuilDetection, 1000);
+}
+
+TEST_F(Jauge, TickingTheBoxTakesEffectOnTheNextTickWithoutAJump) {
+  DemarreSurNoir();
+  Reglages.SeuilDetection = 500000;
+  Temps.Avance(5000);
+  Reglages.SeuilAuto = true;
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, 490000);
+}
+
+TEST_F(Jauge, DragIsOverriddenFromWhereItLeft) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2100);
+  Engin.SourisJauge(3000000, true);
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, 2990000);
+}
+
+TEST_F(Jauge, DoubleClickStartsTheCoarseSearchAgain) {
+  DemarreSurNoir();
+  Reglages.SeuilAuto = true;
+  Reglages.SeuilDetection = 500000;
+  Trame(AvecPoints(5));
+  Engin.DoubleClicJauge();
+  EXPECT_EQ(Reglages.SeuilDetection, 500000);  // nothing by itself
+  EXPECT_TRUE(Active("TimerSeuil"));
+  Temps.Avance(1);
+  EXPECT_EQ(Detection().PasSeuil, 1000);
+  EXPECT_EQ(Reglages.SeuilDetection, 501000);
+  Trame(AvecPoints(5));
+  Engin.DoubleClicJauge();
+  EXPECT_EQ(Detection().PasSeuil, 10000);
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, 491000);
+}
+
+TEST_F(Jauge, DoubleClickWithTheCameraOffRunsOnTheLastCount) {
+  Reglages.SeuilDetection = 50000;
+  Engin.DoubleClicJauge();  // the camera has never run: the count is 0
+  Temps.Avance(1000);
+  EXPECT_EQ(Reglages.SeuilDetection, 1);
+  DemarreSurNoir();
+  Trame(AvecPoints(5));
+  Engin.BasculeCamera();
+  EXPECT_FALSE(Active("TimerSeuil"));
+  Reglages.SeuilAuto = true;
+  Reglages.SeuilDetection = 6995500;
+  Engin.DoubleClicJauge();
+  Temps.Avance(1000);
+  EXPECT_EQ(Reglages.SeuilDetection, 7000000);
+}
+
+TEST_F(Jauge, GoesOnWhileArmed) {
+  ArmeSurNoir();
+  Reglages.SeuilAuto = true;
+  Reglages.SeuilDetection = 500000;
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, 490000);
+}
+
+}  // namespace
+}  // namespace vaktor

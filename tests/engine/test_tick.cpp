@@ -1,0 +1,241 @@
+// The heartbeat: order of its steps, the enlarged view one tick behind, the zoom, what a failure leaves behind.
+#include "engine/engine_fixture.h"
+
+namespace vaktor {
+namespace {
+
+using Tick = BancEssai;
+
+TEST_F(Tick, RunsFromTheStartAndDoesNothingWithoutACamera) {
+  Journal.Ecoute();
+  EXPECT_TRUE(Active("Timer1"));
+  Temps.Avance(300);
+  EXPECT_EQ(Temps.Trouve(QStringLiteral("Timer1"))->NombreTics(), 10);
+  EXPECT_TRUE(Journal.Lignes().isEmpty());
+  EXPECT_EQ(Pilote.Saisies, 0);
+}
+
+TEST_F(Tick, DoesItsStepsInOrder) {
+  DemarreSurNoir();
+  Trame(AvecPoints(45));
+  Image(Unie(0));
+  Journal.Ecoute();
+  Tic();
+  EXPECT_EQ(Journal.Lignes(), (QStringList{QStringLiteral("CopiePleinEcran"), QStringLiteral("SaisitImage"),
+                                           QStringLiteral("MontreSignalPerdu 0"), QStringLiteral("CopieImage"),
+                                           QStringLiteral("MontreLibelleAlarme 0"), QStringLiteral("RafraichitVue"),
+                                           QStringLiteral("MontreCompteurs 45"), QStringLiteral("MontreBarre 45"),
+                                           QStringLiteral("MontreZoom"), QStringLiteral("RafraichitPleinEcran")}));
+}
+
+TEST_F(Tick, EnlargedViewRunsOneTickBehindAndShowsTheOutlines) {
+  DemarreSurNoir();
+  Trame(AvecPoints(20));
+  QRgb vu = 0;
+  int contours = 0;
+  Affichage.PendantCopie = [&] {
+    vu = Engin.Surface().Image().pixel(0, 0);
+    contours = Engin.Surface().NombreContours();
+  };
+  Trame(Unie(qRgb(9, 9, 9)));
+  EXPECT_EQ(vu, qRgb(0, 0, 255));
+  EXPECT_EQ(contours, 2);
+}
+
+TEST_F(Tick, TakesAFrameEachThirtyMilliseconds) {
+  DemarreSurNoir();
+  const qint32 avant = Pilote.Saisies;
+  Temps.Avance(3000);
+  EXPECT_EQ(Pilote.Saisies, avant + 100);
+}
+
+TEST_F(Tick, FailedGrabLetsTheEarlierFrameGoOn) {
+  DemarreSurNoir();
+  Trame(AvecPoints(20));
+  Pilote.Muette = true;
+  Image(Unie(qRgb(1, 2, 3)));
+  Tic();
+  EXPECT_EQ(Engin.Surface().Image().pixel(0, 0), qRgb(0, 0, 255));
+  EXPECT_EQ(Detection().NbrPoints, 0);
+  EXPECT_EQ(Engin.Surface().NombreContours(), 1);  // the box of the frame before is gone
+}
+
+TEST_F(Tick, TellsALostSignalEachTime) {
+  DemarreSurNoir();
+  EXPECT_FALSE(Affichage.SignalPerdu);
+  Pilote.Perdu = true;
+  Tic();
+  EXPECT_TRUE(Affichage.SignalPerdu);
+  Pilote.Perdu = false;
+  Tic();
+  EXPECT_FALSE(Affichage.SignalPerdu);
+}
+
+TEST_F(Tick, LostSignalRaisesNoAlarm) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  Pilote.Muette = Pilote.Perdu = true;
+  Temps.Avance(60000);
+  EXPECT_EQ(Actions.Photos, 0);
+}
+
+TEST_F(Tick, ZoomComesFromFiveChangedSamples) {
+  DemarreSurNoir();
+  QImage image = Unie(0);
+  for (int i = 1; i <= 4; ++i) image.setPixel(3 * i, 3 * i, qRgb(0, 0, 255));
+  Trame(image);
+  EXPECT_EQ(Detection().NbrPoints, 4);
+  EXPECT_EQ(Affichage.Zooms, 0);
+  Trame(Unie(0));
+  image.setPixel(15, 18, qRgb(0, 0, 255));
+  Trame(image);
+  EXPECT_EQ(Detection().NbrPoints, 5);
+  EXPECT_EQ(Affichage.Zooms, 1);
+  EXPECT_EQ(Affichage.ZoomVisible, QRect(4, 4, 10, 13));  // (3, 3) to (15, 18) less its border
+}
+
+TEST_F(Tick, ThinMotionGivesAZoomOfNoOrNegativeSize) {
+  DemarreSurNoir();
+  QImage image = Unie(0);
+  for (int i = 0; i < 6; ++i) image.setPixel(9, 3 * i, qRgb(0, 0, 255));  // one column
+  Trame(image);
+  ASSERT_TRUE(Affichage.ZoomVisible.has_value());
+  EXPECT_EQ(Affichage.ZoomVisible->width(), -2);
+  EXPECT_EQ(Affichage.ZoomVisible->height(), 13);
+  EXPECT_EQ(Affichage.ZoomVisible->topLeft(), QPoint(10, 1));
+}
+
+TEST_F(Tick, MotionInTheFirstColumnOrRowAloneGivesNoZoom) {
+  DemarreSurNoir();
+  QImage colonne = Unie(0);
+  for (int i = 0; i < 20; ++i) colonne.setPixel(0, 3 * i, qRgb(0, 0, 255));
+  Trame(colonne);
+  EXPECT_EQ(Detection().NbrPoints, 20);
+  Trame(Unie(0));
+  Trame(AvecPoints(20));  // the first row
+  EXPECT_EQ(Detection().NbrPoints, 20);
+  EXPECT_EQ(Affichage.Zooms, 0);
+}
+
+TEST_F(Tick, NoZoomInPixelMode) {
+  DemarreSurNoir();
+  Engin.ChoisitModeZoom(false);
+  Trame(AvecPoints(100));
+  EXPECT_EQ(Affichage.Zooms, 0);
+}
+
+TEST_F(Tick, FirstAnalysisOfTheProcessStartsFromABoxAtZero) {
+  Reglages.SeuilAuto = false;
+  Reglages.SeuilDetection = 1000;
+  QImage image = Unie(0);
+  // The new size of the surface makes the zone (0, 1) to (60, 60).
+  for (int i = 0; i < 6; ++i) image.setPixel(30 + 3 * i, i < 3 ? 28 : 40, qRgb(0, 0, 255));
+  Image(image);
+  Engin.BasculeCamera();
+  Tic();
+  ASSERT_EQ(Detection().NbrPoints, 6);
+  EXPECT_EQ(Affichage.ZoomVisible, QRect(1, 1, 45 - 2, 40 - 2));  // left and top edges stay 0
+  Trame(Unie(0));
+  EXPECT_EQ(Affichage.ZoomVisible, QRect(31, 29, 15 - 2, 12 - 2));
+}
+
+TEST_F(Tick, BoxIsTurnedInsideOutAfterEachCompleteTick) {
+  DemarreSurNoir();
+  Trame(AvecPoints(100));
+  const BoiteMouvement& boite = Detection().Mouv;
+  EXPECT_EQ(boite.MinX, kLargeur);
+  EXPECT_EQ(boite.MaxX, 0);
+  EXPECT_EQ(boite.MinY, kHauteur);
+  EXPECT_EQ(boite.MaxY, 0);
+}
+
+TEST_F(Tick, FailureKeepsTheBoxAndTheNextFrameGrowsFromIt) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  Actions.PhotoEchoue = true;
+  Journal.Ecoute();
+  Trame(AvecPoints(40));  // rows 0 and 3, columns 0 to 57
+  EXPECT_EQ(Journal.Rang(QStringLiteral("MontreZoom")), -1);
+  EXPECT_EQ(Journal.Rang(QStringLiteral("RafraichitPleinEcran")), -1);
+  EXPECT_EQ(Detection().Mouv.MaxY, 3);
+  Actions.PhotoEchoue = false;
+  QImage image = AvecPoints(40);
+  for (int i = 3; i < 9; ++i) image.setPixel(3 * i, 30, qRgb(0, 0, 255));
+  Trame(image);
+  EXPECT_EQ(Detection().NbrPoints, 6);
+  EXPECT_EQ(Affichage.ZoomVisible, QRect(1, 1, 57 - 2, 30 - 2));
+}
+
+TEST_F(Tick, FailureOfTheEnlargedViewIsNotSwallowed) {
+  DemarreSurNoir();
+  Affichage.PendantCopie = [] { throw Echec(kAppelIncorrect, QStringLiteral("no view")); };
+  const qint32 saisies = Pilote.Saisies;
+  EXPECT_THROW(Tic(), Echec);
+  EXPECT_EQ(Pilote.Saisies, saisies);
+}
+
+TEST_F(Tick, AnyOtherFailureIsSwallowedAndTheNextTickRuns) {
+  DemarreSurNoir();
+  int appels = 0;
+  Pilote.Suivante = [&]() -> QImage {
+    if (++appels == 1) throw std::runtime_error("driver");
+    return AvecPoints(20);
+  };
+  EXPECT_NO_THROW(Tic());
+  EXPECT_NO_THROW(Tic());
+  EXPECT_EQ(Detection().NbrPoints, 20);
+}
+
+TEST_F(Tick, PictureOfAnotherSizeMovesTheZoneButItsTop) {
+  DemarreSurNoir();
+  PoseZone(10, 12, 30, 40);
+  Trame(Unie(0, 90, 80));
+  AttendZone(Zone(), 0, 12, 90, 80);
+  EXPECT_EQ(Engin.Surface().Taille(), QSize(90, 80));
+  PoseZone(10, 12, 30, 40);
+  Trame(Unie(0, 90, 80));  // same size: the zone stays
+  AttendZone(Zone(), 10, 12, 30, 40);
+}
+
+TEST_F(Tick, PicturesOfOnePixelAndOddWidthsGoThrough) {
+  DemarreSurNoir();
+  for (const QSize taille : {QSize(1, 1), QSize(2, 1), QSize(1, 7), QSize(13, 11), QSize(641, 3)}) {
+    Trame(Unie(0, taille.width(), taille.height()));
+    PoseZoneEntiere();
+    Trame(Unie(0, taille.width(), taille.height()));
+    Trame(Unie(0, taille.width(), taille.height()));
+    Trame(Unie(qRgb(0, 0, 255), taille.width(), taille.height()));
+    EXPECT_EQ(Detection().NbrPoints, ((taille.width() + 2) / 3) * ((taille.height() + 2) / 3));
+  }
+}
+
+TEST_F(Tick, SuspendedTickComesBackWithoutACameraToo) {
+  DemarreSurNoir();
+  Engin.SuspendTic();
+  const qint32 saisies = Pilote.Saisies;
+  Temps.Avance(300);
+  EXPECT_EQ(Pilote.Saisies, saisies);
+  Engin.ReprendTic();
+  Temps.Avance(300);
+  EXPECT_EQ(Pilote.Saisies, saisies + 10);
+  Engin.BasculeCamera();
+  Engin.ReprendTic();
+  EXPECT_TRUE(Active("Timer1"));
+  Temps.Avance(300);
+  EXPECT_EQ(Pilote.Saisies, saisies + 10);
+}
+
+TEST_F(Tick, ToleranceStaysStillForTwoSeconds) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2000);
+  EXPECT_EQ(Reglages.SeuilDetection, 7000000);
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, 6990000);
+  EXPECT_EQ(Temps.Trouve(QStringLiteral("Timer2"))->Intervalle(), 15000);
+  Temps.Avance(15000);
+  EXPECT_EQ(Temps.Trouve(QStringLiteral("Timer2"))->NombreTics(), 2);
+}
+
+}  // namespace
+}  // namespace vaktor

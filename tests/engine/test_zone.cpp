@@ -1,0 +1,271 @@
+// The zone drawn with the mouse, the small view's two modes, the surface with its outlines.
+#include "engine/engine_fixture.h"
+#include "engine/pixel_view.h"
+
+namespace vaktor {
+namespace {
+
+class Souris : public BancEssai {
+ protected:
+  void SetUp() override { DemarreSurNoir(); }
+  void Tire(double x0, double y0, double x1, double y1) {
+    Engin.SourisZoneAppuyee(x0, y0);
+    Engin.SourisZoneDeplacee(x1, y1);
+    Engin.SourisZoneRelachee(x1, y1);
+  }
+};
+
+TEST(ZoneAtTheStart, IsAllZero) {
+  faux::BancSurveillance banc;
+  AttendZone(banc.Engin.Detection().Zone, 0, 0, 0, 0);
+  EXPECT_TRUE(banc.Engin.Detection().ModeZoom);
+}
+
+TEST_F(Souris, ClickWithoutAMoveGivesTheWholePictureFromItsCorner) {
+  Tire(12, 34, 12, 40);
+  AttendZone(Zone(), 0, 0, 60, 60);
+  Engin.SourisZoneAppuyee(20, 20);
+  Engin.SourisZoneRelachee(20, 20);
+  AttendZone(Zone(), 0, 0, 60, 60);
+}
+
+TEST_F(Souris, RectangleMayBeDrawnFromAnyCorner) {
+  Tire(100, 50, 20, 10);
+  AttendZone(Zone(), 20, 10, 100, 50);
+  Tire(20, 50, 100, 10);
+  AttendZone(Zone(), 20, 10, 100, 50);
+  Tire(20, 10, 100, 50);
+  AttendZone(Zone(), 20, 10, 100, 50);
+}
+
+TEST_F(Souris, DragThatEndsWhereXEqualsYGivesTheWholePicture) {
+  Tire(30, 40, 60, 60);
+  AttendZone(Zone(), 0, 0, 60, 60);
+  Tire(30, 40, 61, 60);
+  AttendZone(Zone(), 30, 40, 61, 60);
+}
+
+TEST_F(Souris, NoHeightIsARowNoWidthIsTheWholePicture) {
+  Tire(5, 20, 50, 20);
+  AttendZone(Zone(), 5, 20, 50, 20);
+  Tire(5, 20, 5, 50);
+  AttendZone(Zone(), 0, 0, 60, 60);
+}
+
+TEST_F(Souris, EndsOnTheDiagonalBeforeTheSwap) {
+  Tire(30, 30, 10, 10);  // the end point decides, not the corners in their order
+  AttendZone(Zone(), 0, 0, 60, 60);
+  Tire(10, 10, 30, 20);
+  AttendZone(Zone(), 10, 10, 30, 20);
+}
+
+TEST_F(Souris, HalvesGoToTheEvenNumber) {
+  Tire(10.5, 11.5, 20.5, 30.5);
+  AttendZone(Zone(), 10, 12, 20, 30);
+}
+
+TEST_F(Souris, PointsOutsideThePictureAreKept) {
+  Tire(-15, -7, 900, 700);
+  AttendZone(Zone(), -15, -7, 900, 700);
+}
+
+TEST_F(Souris, HalfDrawnZoneStandsAsItIsAndIsOutlinedAtOnce) {
+  const int avant = Engin.Surface().NombreContours();
+  Engin.SourisZoneAppuyee(40, 40);
+  EXPECT_EQ(Engin.Surface().NombreContours(), avant);
+  AttendZone(Zone(), 40, 40, 40, 40);
+  Engin.SourisZoneDeplacee(20, 10);
+  AttendZone(Zone(), 40, 40, 20, 10);
+  ASSERT_EQ(Engin.Surface().NombreContours(), avant + 1);
+  const Contour& contour = Engin.Surface().ContourNumero(avant);
+  EXPECT_EQ(contour.Gauche, 40);
+  EXPECT_EQ(contour.Droite, 20);
+  EXPECT_EQ(contour.Haut, 40);
+  EXPECT_EQ(contour.Bas, 10);
+  Engin.SourisZoneRelachee(20, 10);
+  EXPECT_EQ(Engin.Surface().NombreContours(), avant + 1);
+}
+
+TEST_F(Souris, ZoneDrawnWithTheCameraOffIsOverwrittenAtTheNextStart) {
+  Engin.BasculeCamera();
+  Tire(10, 11, 30, 20);
+  AttendZone(Zone(), 10, 11, 30, 20);
+  Engin.BasculeCamera();
+  AttendZone(Zone(), 1, 1, 60, 60);
+}
+
+TEST_F(Souris, OutlinesAreNeverInThePicture) {
+  Tire(10, 11, 30, 20);
+  Trame(AvecPoints(100));
+  EXPECT_EQ(Engin.Surface().Image(), AvecPoints(100));
+}
+
+class Vue : public BancEssai {
+ protected:
+  void SetUp() override { DemarreSurNoir(); }
+  QRgb Point(int x, int y) const { return Engin.VuePixel().pixel(x, y); }
+};
+
+TEST_F(Vue, IsBlackAndOfTheViewsSize) {
+  EXPECT_EQ(Engin.VuePixel().size(), QSize(127, 109));
+  EXPECT_EQ(Engin.VuePixel().format(), QImage::Format_RGB32);
+  EXPECT_EQ(Point(0, 0), qRgb(0, 0, 0));
+}
+
+TEST_F(Vue, ZoomModeWipesTheViewOnFramesBelowTheActionLevelOnly) {
+  Arme();
+  Trame(AvecPoints(31));
+  EXPECT_TRUE(Affichage.ZoomVisible.has_value());
+  const qint32 effacees = Affichage.VuesEffacees;
+  QImage image = AvecPoints(31);
+  for (int i = 0; i < 40; ++i) image.setPixel(3 * (i % 20), 30 + 3 * (i / 20), qRgb(0, 0, 255));
+  Trame(image);
+  EXPECT_EQ(Affichage.VuesEffacees, effacees);
+  Trame(image);
+  EXPECT_EQ(Affichage.VuesEffacees, effacees + 1);
+  EXPECT_FALSE(Affichage.ZoomVisible.has_value());
+}
+
+TEST_F(Vue, ZoomOfAnUnarmedFrameIsWipedBeforeTheNewOne) {
+  Journal.Ecoute();
+  Trame(AvecPoints(100));
+  EXPECT_LT(Journal.Rang(QStringLiteral("RafraichitVue")), Journal.Rang(QStringLiteral("MontreZoom")));
+}
+
+TEST_F(Vue, PixelModeShowsBlocksOfTheLivePictureOnBlack) {
+  Engin.ChoisitModeZoom(false);
+  Reglages.SeuilDetection = 1000;
+  QImage image = Unie(qRgb(10, 20, 0));
+  for (int y = 9; y < 12; ++y) {
+    for (int x = 6; x < 9; ++x) image.setPixel(x, y, qRgb(x, y, 200));
+  }
+  Trame(Unie(qRgb(10, 20, 0)));
+  Trame(Unie(qRgb(10, 20, 0)));
+  Trame(image);
+  ASSERT_EQ(Detection().NbrPoints, 1);
+  EXPECT_EQ(Affichage.VuesPixel, 2);
+  // The sample (6, 9): 9 / 2 is 4.5 and goes to 4.
+  EXPECT_EQ(Point(3, 4), qRgb(6, 9, 200));
+  EXPECT_EQ(Point(4, 4), qRgb(7, 9, 200));
+  EXPECT_EQ(Point(3, 5), qRgb(6, 10, 200));
+  EXPECT_EQ(Point(4, 5), qRgb(7, 10, 200));
+  EXPECT_EQ(Point(5, 4), qRgb(0, 0, 0));
+  EXPECT_EQ(Point(2, 4), qRgb(0, 0, 0));
+  const qint32 effacees = Affichage.VuesEffacees;
+  Trame(image);  // nothing moves: black again
+  EXPECT_EQ(Affichage.VuesEffacees, effacees + 1);
+  EXPECT_EQ(Point(3, 4), qRgb(0, 0, 0));
+}
+
+TEST_F(Vue, PixelModeWipesAtTheStartOnlyWhateverTheLevel) {
+  Engin.ChoisitModeZoom(false);
+  Journal.Ecoute();
+  Trame(AvecPoints(100));
+  EXPECT_EQ(Journal.Lignes().count(QStringLiteral("RafraichitVue")), 1);
+  EXPECT_LT(Journal.Rang(QStringLiteral("RafraichitVue")), Journal.Rang(QStringLiteral("MontreVuePixel")));
+}
+
+TEST_F(Vue, NeitherChoiceClearsTheView) {
+  const qint32 effacees = Affichage.VuesEffacees;
+  Engin.ChoisitModeZoom(false);
+  Engin.ChoisitModeZoom(true);
+  EXPECT_EQ(Affichage.VuesEffacees, effacees);
+  EXPECT_TRUE(Detection().ModeZoom);
+}
+
+TEST_F(Vue, ZoomModeTakesTheBlocksOfPixelModeAway) {
+  Engin.ChoisitModeZoom(false);
+  Trame(Unie(qRgb(0, 0, 255)));
+  EXPECT_EQ(Point(0, 0), qRgb(0, 0, 255));
+  Engin.ChoisitModeZoom(true);
+  Trame(Unie(qRgb(0, 0, 255)));
+  EXPECT_EQ(Point(0, 0), qRgb(0, 0, 0));
+}
+
+TEST_F(Vue, BothModesCountTheSame) {
+  Trame(AvecPoints(77));
+  EXPECT_EQ(Detection().NbrPoints, 77);
+  Trame(Unie(0));
+  Engin.ChoisitModeZoom(false);
+  Trame(AvecPoints(77));
+  EXPECT_EQ(Detection().NbrPoints, 77);
+}
+
+TEST_F(Vue, FramesLargerThanTwiceTheViewFallOutsideIt) {
+  Engin.ChoisitModeZoom(false);
+  Trame(Unie(0, 400, 300));
+  PoseZone(-6, -6, 405, 305);
+  Trame(Unie(0, 400, 300));
+  Trame(Unie(qRgb(0, 0, 255), 400, 300));
+  EXPECT_EQ(Point(126, 108), qRgb(0, 0, 255));
+  EXPECT_EQ(Engin.VuePixel().size(), QSize(127, 109));
+}
+
+TEST(VuePixels, HalvesOfOddCoordinatesGoToTheEvenNumber) {
+  const QImage image = [] {
+    QImage rouge(20, 20, QImage::Format_RGB32);
+    rouge.fill(qRgb(255, 0, 0));
+    return rouge;
+  }();
+  const TrameBrute trame{image.constBits(), image.bytesPerLine(), 20, 20};
+  for (const auto& [x, attendu] : {std::pair{1, 0}, {3, 2}, {5, 2}, {7, 4}, {4, 2}, {0, 0}}) {
+    VueMouvement vue;
+    vue.MarquePoint(trame, x, 0);
+    int gauche = 0;
+    while (vue.Image().pixel(gauche, 0) == qRgb(0, 0, 0)) ++gauche;
+    EXPECT_EQ(gauche, attendu) << x;
+    EXPECT_EQ(vue.Image().pixel(gauche + 1, 1), qRgb(255, 0, 0));
+    EXPECT_EQ(vue.Image().pixel(gauche + 2, 0), qRgb(0, 0, 0));
+  }
+}
+
+TEST(VuePixels, BlockAtThePicturesEdgeTakesWhatIsThere) {
+  QImage image(4, 4, QImage::Format_RGB32);
+  image.fill(qRgb(255, 0, 0));
+  const TrameBrute trame{image.constBits(), image.bytesPerLine(), 4, 4};
+  VueMouvement vue;
+  vue.MarquePoint(trame, 3, 3);  // one pixel of four
+  EXPECT_EQ(vue.Image().pixel(2, 2), qRgb(255, 0, 0));
+  EXPECT_EQ(vue.Image().pixel(3, 2), qRgb(0, 0, 0));
+  EXPECT_EQ(vue.Image().pixel(2, 3), qRgb(0, 0, 0));
+  vue.MarquePoint(trame, -9, 40);
+  vue.MarquePoint(trame, -1, 0);  // its right half is the picture's first column
+  EXPECT_EQ(vue.Image().pixel(1, 0), qRgb(255, 0, 0));
+}
+
+TEST(Surface, DropsOutlinesWithANewPictureAndFollowsItsSize) {
+  SurfaceImage surface;
+  int tailles = 0;
+  int changements = 0;
+  surface.SurTaille([&] { ++tailles; });
+  surface.SurChangement([&] { ++changements; });
+  EXPECT_EQ(surface.Taille(), QSize(287, 241));
+  QImage image(8, 9, QImage::Format_RGB32);
+  image.fill(Qt::red);
+  surface.Dessine({1, 2, 3, 4});
+  surface.Pose(image);
+  EXPECT_EQ(surface.NombreContours(), 0);
+  EXPECT_EQ(surface.Taille(), QSize(8, 9));
+  EXPECT_EQ(surface.Image().constBits(), image.constBits());  // shared, not copied
+  surface.Pose(image);
+  EXPECT_EQ(tailles, 1);
+  EXPECT_EQ(changements, 3);
+  surface.Dessine({});
+  surface.Pose(QImage());  // the earlier frame goes on
+  EXPECT_EQ(surface.NombreContours(), 1);
+  surface.Retire();
+  EXPECT_TRUE(surface.Image().isNull());
+  EXPECT_EQ(surface.Taille(), QSize(8, 9));
+  EXPECT_EQ(tailles, 1);
+}
+
+TEST(Surface, OldestOutlinesGoWhenADragAsksForMore) {
+  SurfaceImage surface;
+  for (int i = 0; i <= SurfaceImage::kContoursMax; ++i) surface.Dessine({i, 0, 0, 0});
+  EXPECT_EQ(surface.NombreContours(), SurfaceImage::kContoursMax);
+  EXPECT_EQ(surface.ContourNumero(0).Gauche, 1);
+  EXPECT_EQ(surface.ContourNumero(SurfaceImage::kContoursMax - 1).Gauche, SurfaceImage::kContoursMax);
+}
+
+}  // namespace
+}  // namespace vaktor
