@@ -10,10 +10,10 @@
 #include <QDir>
 #include <QTemporaryDir>
 #include <algorithm>
-#include <ctime>
 #include <memory>
 #include <vector>
 
+#include "bench/timing.h"
 #include "image/photo_recorder.h"
 #include "platform/base/system_clock.h"
 #include "platform/base/system_files.h"
@@ -25,18 +25,6 @@ namespace {
 constexpr int kQualite = 50;
 /// Photos between two cleanings of the folder; a cleaning is not timed.
 constexpr int kPhotosParLot = 200;
-
-double Microsecondes() {
-  timespec temps{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &temps);
-  return static_cast<double>(temps.tv_sec) * 1e6 + static_cast<double>(temps.tv_nsec) * 1e-3;
-}
-
-double Mediane(std::vector<double> valeurs) {
-  const auto milieu = valeurs.begin() + static_cast<std::ptrdiff_t>(valeurs.size() / 2);
-  std::nth_element(valeurs.begin(), milieu, valeurs.end());
-  return *milieu;
-}
 
 /// A room of soft light with some edges; `bruit` is the amplitude of the sensor's noise.
 QImage Piece(int largeur, int hauteur, int bruit) {
@@ -162,5 +150,3 @@ BENCHMARK(MesurePhoto)
 
 }  // namespace
 }  // namespace vaktor
-
-BENCHMARK_MAIN();

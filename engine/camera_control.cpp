@@ -71,7 +71,7 @@ void CommandeCamera::Arrete() {
 void CommandeCamera::EteintAlarme() {
   Etat_.Alarme.AlarmeArmee = false;
   Ports_.Affichage.MontreSurveillanceInactive();
-  Ports_.Affichage.MontreLibelleAlarme(LibelleAlarme::kInactive);
+  Ports_.Affichage.NommeAlarmeInactive();  // a red "Intrusion" leaves its red behind until the next frame
   Minuteries_.Timer3->Desactive();
   Ports_.Affichage.EcritRetard(Ports_.Reglages.Retard);
   Etat_.Alarme.CompteARebours = Ports_.Reglages.Retard;

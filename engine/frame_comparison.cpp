@@ -103,6 +103,25 @@ ResultatComparaison DonneResultat(const DecoupeBalayage& decoupe, const CumulBan
   return resultat;
 }
 
+PartageLigne CalculePartage(const BandeEchantillons& bande, qint32 voies) {
+  PartageLigne partage{};
+  // A whole block reads two pixels past its last sample, which the row may not have.
+  partage.Pleins = std::min(bande.Dedans / voies, bande.PixelsLisibles / (voies * kPasEchantillon));
+  partage.FinDedans = bande.Dedans - voies * partage.Pleins;
+  partage.FinActifs = partage.FinDedans > 0 ? std::min(voies, partage.FinDedans + bande.Apres) : 0;
+  partage.ResteDehors = bande.Apres - (partage.FinActifs - partage.FinDedans);
+  return partage;
+}
+
+void AjouteVoies(CumulBande& cumul, qint64 compares, std::span<const qint32> inchanges, std::span<const qint32> minima,
+                 std::span<const qint32> maxima) {
+  for (std::size_t voie = 0; voie < inchanges.size(); ++voie) {
+    compares += inchanges[voie];
+    if (maxima[voie] >= 0) cumul.CompteColonnes(minima[voie], maxima[voie]);
+  }
+  cumul.Changes += static_cast<qint32>(compares);
+}
+
 bool ConnaitJeu(JeuInstructions jeu) {
   switch (jeu) {
 #if defined(__x86_64__)

@@ -98,27 +98,9 @@ VAKTOR_AVX2_DEDANS void CompareFin(Etat& etat, const uchar* pixel, qint32* entre
   etat.BlocPartiel(_mm256_or_si256(couleurs, dehors), entree, colonne, actifs);
 }
 
-/// How the samples of one row fall into blocks; the same for all rows of a band.
-struct Partage {
-  qint32 Pleins;       // whole blocks inside the picture
-  qint32 FinDedans;    // samples of the last block that are inside
-  qint32 FinActifs;    // samples of the last block at all
-  qint32 ResteDehors;  // samples right of the picture that the last block did not take
-};
-
-Partage PartageLigne(const BandeEchantillons& bande) {
-  Partage partage{};
-  // A whole block reads two pixels past its last sample, which the row may not have.
-  partage.Pleins = std::min(bande.Dedans / kVoies, bande.PixelsLisibles / kPixelsBloc);
-  partage.FinDedans = bande.Dedans - kVoies * partage.Pleins;
-  partage.FinActifs = partage.FinDedans > 0 ? std::min(kVoies, partage.FinDedans + bande.Apres) : 0;
-  partage.ResteDehors = bande.Apres - (partage.FinActifs - partage.FinDedans);
-  return partage;
-}
-
 /// One row. Gives the number of blocks, for the count. The row that comes next is fetched while this one is compared:
 /// a frame fresh from the camera is in no cache, and the processor does not foresee the two rows that are left out.
-VAKTOR_AVX2_DEDANS qint32 CompareLigne(Etat& etat, const BandeEchantillons& bande, const Partage& partage,
+VAKTOR_AVX2_DEDANS qint32 CompareLigne(Etat& etat, const BandeEchantillons& bande, const PartageLigne& partage,
                                        const uchar* pixel, qsizetype avance, qint32* entree) {
   const __m256i huit = _mm256_set1_epi32(kVoies);
   qint32 blocs = CompareDehors(etat, entree, 0, bande.Avant);
@@ -148,12 +130,7 @@ VAKTOR_AVX2 void RendCumul(const Etat& etat, qint64 blocs, CumulBande& cumul) {
   Range(inchanges.data(), etat.Inchanges);
   Range(minima.data(), etat.Min);
   Range(maxima.data(), etat.Max);
-  qint64 changes = blocs * kVoies;
-  for (std::size_t voie = 0; voie < kVoies; ++voie) {
-    changes += inchanges.at(voie);
-    if (maxima.at(voie) >= 0) cumul.CompteColonnes(minima.at(voie), maxima.at(voie));
-  }
-  cumul.Changes += static_cast<qint32>(changes);
+  AjouteVoies(cumul, blocs * kVoies, inchanges, minima, maxima);
 }
 
 }  // namespace
@@ -163,7 +140,7 @@ VAKTOR_AVX2 void CompareBandeAvx2(const BandeEchantillons& bande, qint32 toleran
   constexpr qint32 kEcartMax = 0x1000000;
   Etat etat{_mm256_set1_epi32(std::clamp(tolerance, -1, kEcartMax) + 1), _mm256_setzero_si256(), Etat::Uns(),
             Etat::Uns()};
-  const Partage partage = PartageLigne(bande);
+  const PartageLigne partage = CalculePartage(bande, kVoies);
   const qint32 colonnes = bande.Avant + bande.Dedans + bande.Apres;
   qint64 blocs = 0;
   for (qint32 ligne = 0; ligne < bande.Lignes; ++ligne) {

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstring>
 #include <limits>
+#include <span>
 
 #include "engine/frame_comparison.h"
 
@@ -91,6 +92,20 @@ ResultatComparaison CompareEtMarque(const TrameBrute& trame, const ZoneDetection
   }
   return DonneResultat(decoupe, cumul, zone);
 }
+
+/// How the samples of one row fall into blocks of `voies` samples; the same for all rows of a band.
+struct PartageLigne {
+  qint32 Pleins;       ///< whole blocks inside the picture
+  qint32 FinDedans;    ///< samples of the last block that are inside
+  qint32 FinActifs;    ///< samples of the last block at all: those right of the picture fill its lanes
+  qint32 ResteDehors;  ///< samples right of the picture that the last block did not take
+};
+PartageLigne CalculePartage(const BandeEchantillons& bande, qint32 voies);
+
+/// What a vector loop has at its end, lane by lane: minus the number of unchanged samples, and the least and greatest
+/// column of changed ones (all ones where there was none).
+void AjouteVoies(CumulBande& cumul, qint64 compares, std::span<const qint32> inchanges, std::span<const qint32> minima,
+                 std::span<const qint32> maxima);
 
 #if defined(__x86_64__)
 /// The same bands with vectors. Call only on a processor that knows the instructions.

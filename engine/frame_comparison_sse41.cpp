@@ -82,25 +82,8 @@ VAKTOR_SSE41_DEDANS void CompareFin(Etat& etat, const uchar* pixel, qint32* entr
   etat.BlocPartiel(Charge(couleurs.data()), entree, colonne, actifs);
 }
 
-struct Partage {
-  qint32 Pleins;       // whole blocks inside the picture
-  qint32 FinDedans;    // samples of the last block that are inside
-  qint32 FinActifs;    // samples of the last block at all
-  qint32 ResteDehors;  // samples right of the picture that the last block did not take
-};
-
-Partage PartageLigne(const BandeEchantillons& bande) {
-  Partage partage{};
-  // A whole block reads two pixels past its last sample, which the row may not have.
-  partage.Pleins = std::min(bande.Dedans / kVoies, bande.PixelsLisibles / kPixelsBloc);
-  partage.FinDedans = bande.Dedans - kVoies * partage.Pleins;
-  partage.FinActifs = partage.FinDedans > 0 ? std::min(kVoies, partage.FinDedans + bande.Apres) : 0;
-  partage.ResteDehors = bande.Apres - (partage.FinActifs - partage.FinDedans);
-  return partage;
-}
-
 /// One row, with the next one fetched meanwhile. Gives the number of blocks, for the count.
-VAKTOR_SSE41_DEDANS qint32 CompareLigne(Etat& etat, const BandeEchantillons& bande, const Partage& partage,
+VAKTOR_SSE41_DEDANS qint32 CompareLigne(Etat& etat, const BandeEchantillons& bande, const PartageLigne& partage,
                                         const uchar* pixel, qsizetype avance, qint32* entree) {
   const __m128i quatre = _mm_set1_epi32(kVoies);
   qint32 blocs = CompareDehors(etat, entree, 0, bande.Avant);
@@ -128,12 +111,7 @@ VAKTOR_SSE41 void RendCumul(const Etat& etat, qint64 blocs, CumulBande& cumul) {
   Range(inchanges.data(), etat.Inchanges);
   Range(minima.data(), etat.Min);
   Range(maxima.data(), etat.Max);
-  qint64 changes = blocs * kVoies;
-  for (std::size_t voie = 0; voie < kVoies; ++voie) {
-    changes += inchanges.at(voie);
-    if (maxima.at(voie) >= 0) cumul.CompteColonnes(minima.at(voie), maxima.at(voie));
-  }
-  cumul.Changes += static_cast<qint32>(changes);
+  AjouteVoies(cumul, blocs * kVoies, inchanges, minima, maxima);
 }
 
 }  // namespace
@@ -141,7 +119,7 @@ VAKTOR_SSE41 void RendCumul(const Etat& etat, qint64 blocs, CumulBande& cumul) {
 VAKTOR_SSE41 void CompareBandeSse41(const BandeEchantillons& bande, qint32 tolerance, CumulBande& cumul) {
   constexpr qint32 kEcartMax = 0x1000000;  // no two colours lie further apart
   Etat etat{_mm_set1_epi32(std::clamp(tolerance, -1, kEcartMax) + 1), _mm_setzero_si128(), Etat::Uns(), Etat::Uns()};
-  const Partage partage = PartageLigne(bande);
+  const PartageLigne partage = CalculePartage(bande, kVoies);
   const qint32 colonnes = bande.Avant + bande.Dedans + bande.Apres;
   qint64 blocs = 0;
   for (qint32 ligne = 0; ligne < bande.Lignes; ++ligne) {

@@ -26,6 +26,8 @@ void VueSurveillance::MontreLibelleAlarme(LibelleAlarme libelle) {
   GriseLibelleAlarme();
 }
 
+void VueSurveillance::NommeAlarmeInactive() { Bandeau().LblDebugAlarm->setText(Textes_.Texte(169)); }
+
 void VueSurveillance::GriseLibelleAlarme() { ColoreEtiquette(*Bandeau().LblDebugAlarm, kGrisTexte); }
 
 void VueSurveillance::MontreCompteARebours(qint32 secondes) {

@@ -28,6 +28,7 @@ class VueSurveillance : public AffichageSurveillance {
   void Relie(const Formes& formes) { Formes_ = std::make_unique<Formes>(formes); }
 
   void MontreLibelleAlarme(LibelleAlarme libelle) override;
+  void NommeAlarmeInactive() override;
   void GriseLibelleAlarme() override;
   void MontreCompteARebours(qint32 secondes) override;
   void MontreCompteurs(qint32 millisecondes, qint32 points) override;

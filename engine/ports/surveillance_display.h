@@ -28,6 +28,7 @@ class AffichageSurveillance {
 
   // The analysis, once a frame.
   virtual void MontreLibelleAlarme(LibelleAlarme libelle) = 0;
+  virtual void NommeAlarmeInactive() = 0;                  ///< Texte(169), colour left alone (camera stopped)
   virtual void GriseLibelleAlarme() = 0;                   ///< dark grey, caption left alone (countdown running)
   virtual void MontreCompteARebours(qint32 secondes) = 0;  ///< "Départ dans N sec"
   virtual void MontreCompteurs(qint32 millisecondes, qint32 points) = 0;  ///< LabelTemoin(0) and (1)

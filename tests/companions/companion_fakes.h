@@ -67,6 +67,7 @@ class FenetreFausse : public AffichageSurveillance, public AffichageLiaison {
     return lampe == Lampe::kVerte ? QStringLiteral("LEDVERT") : QStringLiteral("LEDREDON");
   }
   void MontreLibelleAlarme(LibelleAlarme) override { J_ << QStringLiteral("libelle"); }
+  void NommeAlarmeInactive() override {}
   void GriseLibelleAlarme() override {}
   void MontreCompteARebours(qint32) override {}
   void MontreCompteurs(qint32, qint32) override {}

@@ -139,6 +139,15 @@ TEST_F(Camera, StopTakesTheLostSignalAway) {
   EXPECT_FALSE(Affichage.SignalPerdu);
 }
 
+TEST_F(Camera, StopNamesTheAlarmInactiveInTheColourThatStands) {
+  DemarreSurNoir();
+  Trame(AvecPoints(100));
+  EXPECT_TRUE(Affichage.Rouge);
+  Engin.BasculeCamera();
+  EXPECT_EQ(Affichage.Libelle, LibelleAlarme::kInactive);
+  EXPECT_TRUE(Affichage.Rouge);
+}
+
 TEST_F(Camera, StopEndsTheCountdown) {
   DemarreSurNoir();
   Engin.BasculeAlarme();

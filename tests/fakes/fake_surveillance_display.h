@@ -20,6 +20,11 @@ class AffichageFaux : public AffichageSurveillance {
     CompteMontre.reset();
     Rouge = libelle == LibelleAlarme::kIntrusion;
   }
+  void NommeAlarmeInactive() override {
+    Note("NommeAlarmeInactive");
+    Libelle = LibelleAlarme::kInactive;
+    CompteMontre.reset();
+  }
   void GriseLibelleAlarme() override {
     Note("GriseLibelleAlarme");
     Rouge = false;

@@ -1,0 +1,20 @@
+#include "bench/comparison_plugin.h"
+
+#include "engine/frame_comparison.h"
+
+void vaktor_compare(const uint8_t* bgrx, ptrdiff_t stride, int width, int height, int32_t* previous, int32_t tolerance,
+                    VaktorComparison* out) {
+  using namespace vaktor;
+  static const JeuInstructions jeu = ChoisitJeu();
+  const ZoneDetection zone{.Gauche = 0, .Droite = width - 1, .Haut = 0, .Bas = height - 1};
+  const TableEchantillons table{previous, ((width + 2) / 3) * ((height + 2) / 3)};
+  const ResultatComparaison vu = CompareTrame(jeu, {bgrx, stride, width, height}, zone, tolerance, table, 0);
+  out->count = vu.NbrPoints;
+  out->x0 = out->y0 = out->x1 = out->y1 = -1;
+  if (vu.NbrPoints > 0) {
+    out->x0 = vu.Boite.MinX;
+    out->y0 = vu.Boite.MinY;
+    out->x1 = vu.Boite.MaxX;
+    out->y1 = vu.Boite.MaxY;
+  }
+}

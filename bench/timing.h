@@ -1,0 +1,23 @@
+// CPU time of the thread, so that what else the machine does is left out, and the median, so that its jolts are.
+#pragma once
+
+#include <algorithm>
+#include <ctime>
+#include <vector>
+
+namespace vaktor {
+
+inline double Microsecondes() {
+  timespec temps{};
+  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &temps);
+  return static_cast<double>(temps.tv_sec) * 1e6 + static_cast<double>(temps.tv_nsec) * 1e-3;
+}
+
+/// Of a list that is not empty.
+inline double Mediane(std::vector<double> valeurs) {
+  const auto milieu = valeurs.begin() + static_cast<std::ptrdiff_t>(valeurs.size() / 2);
+  std::nth_element(valeurs.begin(), milieu, valeurs.end());
+  return *milieu;
+}
+
+}  // namespace vaktor
