@@ -12,10 +12,11 @@ namespace {
 
 constexpr std::size_t kPage = 4096;
 constexpr std::size_t kAnneauMin = std::size_t{256} << 20U;
+constexpr std::size_t kAnneauMax = std::size_t{1024} << 20U;
 
 std::size_t TailleAnneau() {
   const long cache = sysconf(_SC_LEVEL3_CACHE_SIZE);
-  return std::max(kAnneauMin, 4 * static_cast<std::size_t>(std::max(cache, 0L)));
+  return std::clamp(2 * static_cast<std::size_t>(std::max(cache, 0L)), kAnneauMin, kAnneauMax);
 }
 
 quint32 Hasard(quint64& etat) {

@@ -116,7 +116,7 @@ TEST_F(Camera, StopsInOrder) {
             (QStringList{QStringLiteral("SurvolSon 17"), QStringLiteral("MontreMoniteur"), QStringLiteral("Deconnecte"),
                          QStringLiteral("MontreSignalPerdu 0"), QStringLiteral("MontreLampeSurveillance 0"),
                          QStringLiteral("MontreLampeAlarme 0"), QStringLiteral("OublieLive"),
-                         QStringLiteral("MontreSurveillanceInactive"), QStringLiteral("MontreLibelleAlarme 2"),
+                         QStringLiteral("MontreSurveillanceInactive"), QStringLiteral("NommeAlarmeInactive"),
                          QStringLiteral("EcritRetard 10")}));
   for (const char* nom : {"Timer1", "Timer2", "Timer3", "TimerSeuil"}) EXPECT_FALSE(Active(nom)) << nom;
 }
