@@ -84,6 +84,7 @@ class SansFenetre : public AffichageSurveillance {
  public:
   explicit SansFenetre(Mesures& mesures) : Mesures_(mesures) {}
   void MontreLibelleAlarme(LibelleAlarme) override {}
+  void NommeAlarmeInactive() override {}
   void GriseLibelleAlarme() override {}
   void MontreCompteARebours(qint32) override {}
   void MontreCompteurs(qint32, qint32) override { ++Mesures_.Analyses; }
