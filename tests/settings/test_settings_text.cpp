@@ -103,7 +103,7 @@ TEST(TexteReglages, CountNamesThatCouldNotBeWrittenAgain) {
 }
 
 TEST(TexteReglages, StandHalfAMegabyteInOneValue) {
-  const ValeursReglages valeurs = {{"MAIL/corp", QString(512 * 1024, u'\x01')}, {"MAIL/sujet", "s"}};
+  const ValeursReglages valeurs = {{"MAIL/corp", QString(qsizetype{512} * 1024, u'\x01')}, {"MAIL/sujet", "s"}};
   EXPECT_EQ(LitTexteReglages(EcritTexteReglages(valeurs)).Valeurs, valeurs);
 }
 

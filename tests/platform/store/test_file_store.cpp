@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include <QCoreApplication>
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -160,17 +161,19 @@ TEST_F(MagasinSurDisque, LeavesNothingBesideTheFile) {
             QStringList{"settings.ini"});
 }
 
-TEST_F(MagasinSurDisque, StampsEachSaveWithALaterMillisecond) {
-  // Readers know a new file by size and time only, and both may well be the same for two quick saves.
+TEST_F(MagasinSurDisque, StampsASaveWithALaterMillisecondThanTheOneBefore) {
+  // Readers know a new file by size and time only, and a file system gives two quick saves the same time. A time that
+  // lies ahead stands for the clock that has not moved on.
   MagasinFichier magasin(Fichier_);
-  qint64 avant = 0;
-  for (int i = 0; i < 50; ++i) {
-    magasin.EcritReglage("FTP", "user", QString::number(i % 10));
-    magasin.Vide();
-    const qint64 date = QFileInfo(Fichier_).lastModified().toMSecsSinceEpoch();
-    EXPECT_GT(date, avant);
-    avant = date;
+  EcritGeneration(magasin, 1);
+  const QDateTime avant = QDateTime::fromMSecsSinceEpoch(QDateTime::currentMSecsSinceEpoch() + 3'600'000);
+  {
+    QFile fichier(Fichier_);
+    ASSERT_TRUE(fichier.open(QIODevice::ReadWrite));
+    ASSERT_TRUE(fichier.setFileTime(avant, QFileDevice::FileModificationTime));
   }
+  EcritGeneration(magasin, 1);
+  EXPECT_EQ(QFileInfo(Fichier_).lastModified(), avant.addMSecs(1));
 }
 
 TEST_F(MagasinSurDisque, KeepsKeysOfOthersAndChangesOfOthers) {
@@ -217,14 +220,14 @@ TEST_F(MagasinSurDisque, MakesNoCopyOfAFileThatIsWhole) {
 }
 
 TEST_F(MagasinSurDisque, StandsHalfAMegabyteInOneValueAndAMissingSection) {
-  Pose("[MAIL]\ncorp=\"" + QByteArray(512 * 1024, 'z') + "\"\nsujet=\"s\"\n");
+  Pose("[MAIL]\ncorp=\"" + QByteArray(qsizetype{512} * 1024, 'z') + "\"\nsujet=\"s\"\n");
   MagasinFichier magasin(Fichier_);
-  EXPECT_EQ(magasin.LitReglage("MAIL", "corp", "").size(), 512 * 1024);
+  EXPECT_EQ(magasin.LitReglage("MAIL", "corp", "").size(), qsizetype{512} * 1024);
   EXPECT_EQ(magasin.LitReglage("MAIL", "sujet", ""), "s");
   EXPECT_EQ(magasin.LitReglage("FTP", "refresh", "10"), "10");
   magasin.EcritReglage("FTP", "refresh", "5");
   magasin.Vide();
-  EXPECT_EQ(MagasinFichier(Fichier_).LitReglage("MAIL", "corp", "").size(), 512 * 1024);
+  EXPECT_EQ(MagasinFichier(Fichier_).LitReglage("MAIL", "corp", "").size(), qsizetype{512} * 1024);
 }
 
 TEST_F(MagasinSurDisque, RefusesAFileThatCannotBeReadInsteadOfOverwritingIt) {
