@@ -34,13 +34,6 @@ class PiloteReelTest : public testing::Test {
       return vues >= nombre;
     });
   }
-  static int Prend(PiloteGStreamer& pilote, int secondes) {
-    QElapsedTimer depuis;
-    depuis.start();
-    int images = 0;
-    while (depuis.elapsed() < qint64{secondes} * 1000) images += pilote.SaisitImage() ? 1 : 0;
-    return images;
-  }
   static void Note(const char* quoi, double valeur) { std::printf("measured: %s %.1f\n", quoi, valeur); }
   static qsizetype Descripteurs() {
     return QDir(QStringLiteral("/proc/self/fd"))
