@@ -250,7 +250,7 @@ QString DialogueSource::CompleteSaisie(const QString& saisie) const {
 
 QString DialogueSource::SourceChoisie() {
   const QListWidgetItem* element = Sources_->currentItem();
-  const QString source = element == nullptr ? QString() : element->data(Qt::UserRole).toString();
+  QString source = element == nullptr ? QString() : element->data(Qt::UserRole).toString();
   if (source != kSaisie) return source;
   const QString saisie = Adresse_->text().trimmed();
   if (saisie.isEmpty()) {
