@@ -1,0 +1,36 @@
+// One mail as text on the wire: header fields, a text part and JPEG attachments.
+// Sources: RFC 5322 (message), RFC 2045/2046 (MIME, multipart/mixed), RFC 2047 (encoded words), RFC 2183 and RFC 2231
+// (attachment names).
+#pragma once
+
+#include <QByteArray>
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+namespace vaktor {
+
+struct PieceJointe {
+  QString Nom;         ///< file name as the reader sees it
+  QByteArray Contenu;  ///< the whole file
+};
+
+struct Courriel {
+  QString Expediteur;              ///< one address
+  QStringList Destinataires;       ///< one address or more
+  QString Sujet;
+  QString Corps;                   ///< lines end in CR LF, LF or CR: all become CR LF
+  QDateTime Date;
+  QString Identifiant;             ///< left part of the Message-ID; unique, letters and digits
+  QList<PieceJointe> Pieces;
+};
+
+/// The addresses of a field as the user typed it: "," and ";" part them; blanks go. CR, LF, NUL and "<>" cannot stand in
+/// an address: what holds one is left out, so no address can add a header or a command.
+QStringList SepareAdresses(const QString& champ);
+
+/// The message with CR LF line ends, lines of at most 998 bytes, ready for SMTP DATA (dots not doubled: libcurl does).
+/// Text in UTF-8, base64. CR and LF inside subject or names become blanks.
+QByteArray ComposeMessage(const Courriel& courriel);
+
+}  // namespace vaktor
