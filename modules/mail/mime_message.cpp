@@ -69,15 +69,14 @@ QByteArray CodeNom(const QString& nom) {
 
 QByteArray CodeDate(const QDateTime& date) {
   // The names of days and months are English whatever the session speaks.
-  return QLocale::c().toString(date, QStringLiteral("ddd, dd MMM yyyy HH:mm:ss ")).toLatin1() +
-         [&] {
-           const int decalage = date.offsetFromUtc() / 60;
-           return QStringLiteral("%1%2%3")
-               .arg(decalage < 0 ? u'-' : u'+')
-               .arg(qAbs(decalage) / 60, 2, 10, QLatin1Char('0'))
-               .arg(qAbs(decalage) % 60, 2, 10, QLatin1Char('0'))
-               .toLatin1();
-         }();
+  return QLocale::c().toString(date, QStringLiteral("ddd, dd MMM yyyy HH:mm:ss ")).toLatin1() + [&] {
+    const int decalage = date.offsetFromUtc() / 60;
+    return QStringLiteral("%1%2%3")
+        .arg(decalage < 0 ? u'-' : u'+')
+        .arg(qAbs(decalage) / 60, 2, 10, QLatin1Char('0'))
+        .arg(qAbs(decalage) % 60, 2, 10, QLatin1Char('0'))
+        .toLatin1();
+  }();
 }
 
 QByteArray NormaliseLignes(const QString& texte) {
@@ -101,7 +100,8 @@ QStringList SepareAdresses(const QString& champ) {
   for (const QString& morceau : avecVirgules.split(u',', Qt::SkipEmptyParts)) {
     const QString adresse = morceau.trimmed();
     bool permise = !adresse.isEmpty() && adresse.size() <= 320;
-    for (const QChar c : adresse) permise = permise && c.unicode() > 0x20 && c != u'<' && c != u'>' && c.unicode() != 0x7f;
+    for (const QChar c : adresse)
+      permise = permise && c.unicode() > 0x20 && c != u'<' && c != u'>' && c.unicode() != 0x7f;
     if (permise) adresses.append(adresse);
   }
   return adresses;

@@ -1,10 +1,10 @@
 // The outbox: every mail lies on disk, whole, before the first attempt to send it, and leaves the disk only when a
 // server has taken it or it is given up. It survives a kill and a power cut.
 //
-// One file a mail in a folder of mode 0700: NAME.mail holds a line of JSON (when made, attempts so far, when next, from,
-// to) and then the message. Files are written under another name, flushed to disk and renamed, so that a half-written
-// one is never sent. A mail that is under way is renamed to NAME.sent the moment the server has taken it, before it is
-// removed: a kill between the two sends nothing twice.
+// One file a mail in a folder of mode 0700: NAME.mail holds a line of JSON (when made, attempts so far, when next,
+// from, to) and then the message. Files are written under another name, flushed to disk and renamed, so that a
+// half-written one is never sent. A mail that is under way is renamed to NAME.sent the moment the server has taken it,
+// before it is removed: a kill between the two sends nothing twice.
 #pragma once
 
 #include <QByteArray>
@@ -16,12 +16,12 @@
 namespace vaktor {
 
 struct CourrielEnAttente {
-  QString Nom;              ///< name of the file without its ending; sorts by the time it was made
+  QString Nom;  ///< name of the file without its ending; sorts by the time it was made
   QString Expediteur;
   QStringList Destinataires;
-  qint64 FaitA = 0;         ///< milliseconds since 1970, UTC
-  int Essais = 0;           ///< attempts so far
-  qint64 ProchainEssai = 0; ///< milliseconds since 1970; not before
+  qint64 FaitA = 0;          ///< milliseconds since 1970, UTC
+  int Essais = 0;            ///< attempts so far
+  qint64 ProchainEssai = 0;  ///< milliseconds since 1970; not before
 };
 
 class BoiteEnvoi {

@@ -22,9 +22,9 @@ struct Envoi {
   qsizetype Position = 0;
   const std::atomic_bool& Arret;
   const SuiviEnvoi& Suivi;
-  QByteArray DerniereReponse;  // the last reply line of the server
-  QByteArray DernierRefus;     // the last one of 400 and above
-  QByteArray DerniereCommande; // the verb only: what came behind it may be a password
+  QByteArray DerniereReponse;   // the last reply line of the server
+  QByteArray DernierRefus;      // the last one of 400 and above
+  QByteArray DerniereCommande;  // the verb only: what came behind it may be a password
 };
 
 size_t LitMorceau(char* tampon, size_t taille, size_t nombre, void* donnee) {
@@ -194,7 +194,8 @@ ResultatEnvoi EnvoieParSendmail(const ReglagesEnvoi& r, const QString& expediteu
 ResultatEnvoi EnvoieCourriel(const ReglagesEnvoi& reglages, const QString& expediteur, const QStringList& destinataires,
                              const QByteArray& message, const std::atomic_bool& arret, const SuiviEnvoi& suivi) {
   Envoi envoi{message, 0, arret, suivi, {}, {}, {}};
-  const bool incomplet = destinataires.isEmpty() || (reglages.ParSmtp && (reglages.Serveur.isEmpty() || expediteur.isEmpty()));
+  const bool incomplet =
+      destinataires.isEmpty() || (reglages.ParSmtp && (reglages.Serveur.isEmpty() || expediteur.isEmpty()));
   if (incomplet) {
     ResultatEnvoi r;
     r.Cause = CauseEchec::kIncomplet;

@@ -11,9 +11,9 @@
 namespace vaktor {
 
 struct ReglagesEnvoi {
-  bool ParSmtp = true;       ///< false: the system's own mail program (sendmail interface)
+  bool ParSmtp = true;  ///< false: the system's own mail program (sendmail interface)
   QString Serveur;
-  quint16 Port = 25;         ///< 465: TLS from the first byte; else STARTTLS when the server offers it
+  quint16 Port = 25;  ///< 465: TLS from the first byte; else STARTTLS when the server offers it
   bool AvecConnexion = false;
   QString Utilisateur;
   QString MotDePasse;        ///< in clear; goes to the server and nowhere else
@@ -24,27 +24,27 @@ struct ReglagesEnvoi {
 /// Why a mail was not taken, in the order in which a sending goes. Each has its advice in failure_advice.h.
 enum class CauseEchec {
   kAucune,
-  kIncomplet,          ///< no server, no sender or no destination
-  kServeurIntrouvable, ///< the name is unknown
-  kPasDeConnexion,     ///< nobody answers on that port, or the network is down
-  kCertificat,         ///< the server's certificate is not to be trusted
-  kTls,                ///< TLS could not be made
-  kConnexionRefusee,   ///< user name or password refused
+  kIncomplet,           ///< no server, no sender or no destination
+  kServeurIntrouvable,  ///< the name is unknown
+  kPasDeConnexion,      ///< nobody answers on that port, or the network is down
+  kCertificat,          ///< the server's certificate is not to be trusted
+  kTls,                 ///< TLS could not be made
+  kConnexionRefusee,    ///< user name or password refused
   kExpediteurRefuse,
   kDestinataireRefuse,
-  kMessageRefuse,      ///< too large, taken for spam, quota
-  kDelai,              ///< the server stopped answering
-  kCoupure,            ///< the connection broke
-  kProgrammeAbsent,    ///< no sendmail interface on this system
-  kInterrompu          ///< our own end
+  kMessageRefuse,    ///< too large, taken for spam, quota
+  kDelai,            ///< the server stopped answering
+  kCoupure,          ///< the connection broke
+  kProgrammeAbsent,  ///< no sendmail interface on this system
+  kInterrompu        ///< our own end
 };
 
 struct ResultatEnvoi {
   bool Accepte = false;
-  bool Definitif = false;    ///< refused for good (5xx about this mail): trying again makes no sense
+  bool Definitif = false;  ///< refused for good (5xx about this mail): trying again makes no sense
   CauseEchec Cause = CauseEchec::kAucune;
-  int Code = 0;              ///< SMTP reply code, 0 when there was none
-  QString MotsServeur;       ///< the server's last words, one line, at most 300 characters
+  int Code = 0;         ///< SMTP reply code, 0 when there was none
+  QString MotsServeur;  ///< the server's last words, one line, at most 300 characters
 };
 
 /// A step as it happens: "connect", "tls", "login", "send". For the rehearsal; may be empty.
