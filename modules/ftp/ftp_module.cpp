@@ -1,16 +1,207 @@
+// The link: commands, connecting, losing and finding again. What is uploaded is in ftp_uploads.cpp.
 #include "modules/ftp/ftp_module.h"
+
+#include <algorithm>
+
+#include "modules/ftp/server_address.h"
 
 namespace vaktor {
 
-void ModuleFtp::PrendReglages(const ReglagesModule& /*reglages*/) {}
+namespace {
 
-void ModuleFtp::Enregistre() { Contexte_.Dis(QStringLiteral("*OKO*")); }
-
-void ModuleFtp::ExecuteCommande(const QString& mot) {
-  // Not connecting yet is a failure that the user must see, and not a switch that stays on in vain.
-  Contexte_.Dis(mot == QLatin1String("Decon") ? QStringLiteral("Decon") : QStringLiteral("ErrCo"));
+bool AUnControle(const QString& texte) {
+  return std::any_of(texte.begin(), texte.end(), [](QChar signe) { return signe.category() == QChar::Other_Control; });
 }
 
-void ModuleFtp::Termine() { Contexte_.Quitte(); }
+qint32 LitTaille(const QString& texte, qint32 defaut) {
+  const qint32 taille = texte.toInt();
+  return taille > 0 ? taille : defaut;
+}
+
+/// A page of some tens of thousands of photos would never load.
+qint32 BornePhotos(qint32 nombre) { return std::clamp(nombre, 0, static_cast<qint32>(PhotosPubliees::kMax)); }
+
+}  // namespace
+
+ModuleFtp::ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp> ouvrier)
+    : Contexte_(contexte),
+      Ouvrier_(std::move(ouvrier)),
+      File_(contexte.Dossiers.CheminTempFtp()),
+      Publiees_(contexte.Dossiers.Etat + QStringLiteral("/VAKTORftp-photos.json")) {
+  const auto cree = [this](const char* nom, qint32 duree, std::function<void()> tic) {
+    return Contexte_.Minuteries.CreeMinuterie(QString::fromLatin1(nom), duree, std::move(tic));
+  };
+  TimerReprise_ = cree("TimerReprise", kReprises.front(), [this] { LanceConnexion(); });
+  TimerSigne_ = cree("TimerSigne", kSigne, [this] {
+    if (Lien_ == Lien::kConnecte && Tache_ == Tache::kAucune) Execute(Tache::kSigne);
+  });
+  TimerPhotos_ = cree("TimerPhotos", kRegard, [this] { RegardePhotos(); });
+  TimerPausePhotos_ = cree("TimerPausePhotos", kPausePhotos, [this] {
+    TimerPausePhotos_->Desactive();
+    Avance();
+  });
+  TimerPage_ = cree("TimerPage", kRythmePage, [this] {
+    TimerPage_->Desactive();
+    Avance();
+  });
+  TimerCalme_ = cree("TimerCalme", kCalme, [this] {
+    TimerCalme_->Desactive();
+    Contexte_.Dis(QStringLiteral("Surve"));
+  });
+  TimerPhotos_->Active();
+}
+
+void ModuleFtp::PrendReglages(const ReglagesModule& reglages) {
+  const Parametres& valeurs = reglages.Valeurs;
+  const AdresseServeur adresse = LitAdresseServeur(valeurs.AdresseFtp);
+  Voulu_ = {adresse.Hote, adresse.Port, valeurs.UtilisateurFtp, valeurs.MotDePasseFtp, valeurs.RepertoireFtp};
+  // Line breaks and the like would become commands to the server.
+  Incomplet_ = adresse.Hote.isEmpty() || !adresse.Valable || Voulu_.Utilisateur.isEmpty() ||
+               Voulu_.MotDePasse.isEmpty() || AUnControle(Voulu_.Utilisateur) || AUnControle(Voulu_.MotDePasse) ||
+               AUnControle(Voulu_.Dossier);
+  Page_.Langue = valeurs.LangueCourante;
+  Page_.Couleur = valeurs.IndexCouleurPage;
+  Page_.Intervalle = LitIntervalle(valeurs.IntervalleFtp);
+  Page_.Largeur = LitTaille(reglages.Largeur, ContenuPage().Largeur);
+  Page_.Hauteur = LitTaille(reglages.Hauteur, ContenuPage().Hauteur);
+  PhotosPage_ = BornePhotos(valeurs.NbrPhotosPage);
+}
+
+void ModuleFtp::Enregistre() {
+  if (Lien_ != Lien::kArrete) Arrete(QString());
+  MotArret_.clear();
+  Contexte_.Dis(QStringLiteral("*OKO*"));
+}
+
+void ModuleFtp::ExecuteCommande(const QString& mot) {
+  if (mot == QLatin1String("Conne")) Connecte();
+  if (mot == QLatin1String("Decon")) Arrete(mot);
+  if (mot == QLatin1String("Surve")) DemandeLive();
+  if (mot == QLatin1String("UploM")) DemandePage();
+}
+
+void ModuleFtp::Connecte() {
+  // Also while connected: the switch may have gone off without a word to us, when the camera stopped.
+  Arrete(QString());
+  if (Incomplet_) {
+    Signale(CreeAvisIncomplet(), false);
+    Arrete(QStringLiteral("Upnot"));
+    return;
+  }
+  Acces_ = Voulu_;
+  Etabli_ = DejaPublie_ = false;
+  Essai_ = 0;
+  Refus_ = Coupures_ = 0;
+  LanceConnexion();
+}
+
+void ModuleFtp::DemandeLive() {
+  // A main program that sends images to a companion that knows of no connection has lost the one before us.
+  if (Lien_ == Lien::kArrete && MotArret_.isEmpty())
+    Connecte();
+  else if (Lien_ != Lien::kConnecte)
+    DisEtat();
+  if (Lien_ == Lien::kArrete) return;
+  LiveDemande_ = true;
+  Avance();
+}
+
+void ModuleFtp::DemandePage() {
+  if (Lien_ != Lien::kConnecte) DisEtat();
+  if (Lien_ == Lien::kArrete) return;
+  PageDemandee_ = true;
+  if (Acces_.Dossier != Voulu_.Dossier && !Incomplet_) {
+    // The user has just saved another folder and asks for a page in it. When it is not there that is a mistake of now,
+    // and nothing to wait for.
+    Acces_.Dossier = Voulu_.Dossier;
+    Etabli_ = false;
+  }
+  Avance();
+}
+
+void ModuleFtp::DisEtat() {
+  if (Lien_ == Lien::kConnexion) Contexte_.Dis(QStringLiteral("Conne"));
+  if (Lien_ == Lien::kPerdu) Contexte_.Dis(QStringLiteral("Netdc"));
+  if (Lien_ == Lien::kArrete) Contexte_.Dis(MotArret_.isEmpty() ? QStringLiteral("Decon") : MotArret_);
+}
+
+void ModuleFtp::LanceConnexion() {
+  TimerReprise_->Desactive();
+  Lien_ = Lien::kConnexion;
+  Contexte_.Dis(QStringLiteral("Conne"));
+  Execute(Tache::kConnexion);
+}
+
+void ModuleFtp::FinitConnexion(const ResultatFtp& resultat) {
+  if (resultat.Issue != IssueFtp::kReussi) {
+    Echoue(resultat);
+    return;
+  }
+  Lien_ = Lien::kConnecte;
+  Etabli_ = true;
+  Contexte_.Journal.Note(QStringLiteral("connected to ") + Acces_.Hote);
+  Publiees_.ChoisitSite(Acces_.Hote + QLatin1Char('/') + Acces_.Utilisateur + QLatin1Char('/') + Acces_.Dossier);
+  Contexte_.Dis(QStringLiteral("ConOK"));
+  Reussit(false);
+  TimerSigne_->Active();
+  RegardePhotos();
+}
+
+void ModuleFtp::Echoue(const ResultatFtp& resultat) {
+  const bool refuse = resultat.Issue == IssueFtp::kAccesRefuse || resultat.Issue == IssueFtp::kDossierAbsent;
+  const bool patience = resultat.Issue == IssueFtp::kSansReseau || (Etabli_ && (!refuse || ++Refus_ < kRefusMax));
+  // A connection that stands but never carries a file will not do so tomorrow: the user has to know.
+  const bool sterile = Lien_ == Lien::kConnecte && !DejaPublie_ && ++Coupures_ >= kCoupuresMax;
+  Signale(CreeAvis(resultat, Acces_), false);
+  if (patience && !sterile)
+    Perd(resultat);
+  else
+    Arrete(DonneMotEchec(resultat.Issue));
+}
+
+void ModuleFtp::Perd(const ResultatFtp& resultat) {
+  Lien_ = Lien::kPerdu;
+  TimerSigne_->Desactive();
+  TimerCalme_->Desactive();
+  TimerReprise_->ChangeIntervalle(kReprises.at(std::min(Essai_, kReprises.size() - 1)));
+  ++Essai_;
+  TimerReprise_->Active();
+  Contexte_.Journal.Note(QStringLiteral("connection lost: ") + resultat.Mots);
+  Contexte_.Dis(QStringLiteral("Netdc"));
+}
+
+void ModuleFtp::Arrete(const QString& mot) {
+  Ouvrier_->Coupe();
+  Tache_ = Tache::kAucune;
+  Lien_ = Lien::kArrete;
+  MotArret_ = mot;
+  LiveDemande_ = PageDemandee_ = false;
+  for (Minuterie* minuterie : {TimerReprise_.get(), TimerSigne_.get(), TimerCalme_.get(), TimerPausePhotos_.get()})
+    minuterie->Desactive();
+  if (mot.isEmpty()) return;
+  Contexte_.Journal.Note(QStringLiteral("stopped: ") + mot);
+  Contexte_.Dis(mot);
+}
+
+void ModuleFtp::Termine() {
+  Ouvrier_->Coupe();
+  Ouvrier_.reset();
+  Contexte_.Quitte();
+}
+
+void ModuleFtp::Signale(const AvisEchec& avis, bool desPhotos) {
+  AvisPhotos_ = desPhotos;
+  Contexte_.Journal.Note(avis.English + QLatin1Char(' ') + avis.MotsServeur);
+  Contexte_.Etat.Signale(avis);
+}
+
+void ModuleFtp::Reussit(bool desPhotos) {
+  // An image that goes through does not mean that the photos do.
+  if (AvisPhotos_ && !desPhotos) return;
+  AvisPhotos_ = false;
+  Contexte_.Etat.Efface();
+}
+
+QDateTime ModuleFtp::Maintenant() const { return {Contexte_.Temps.DonneDate(), Contexte_.Temps.DonneHeure()}; }
 
 }  // namespace vaktor

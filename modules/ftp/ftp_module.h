@@ -1,22 +1,112 @@
-// The FTP companion's rules. So far it comes and goes; connecting and publishing follow.
+// The FTP companion's rules: when to connect, what goes first, what is said to the main program.
 #pragma once
 
+#include <array>
+#include <memory>
+
 #include "modules/common/module_program.h"
+#include "modules/ftp/ftp_notices.h"
+#include "modules/ftp/ftp_worker.h"
+#include "modules/ftp/live_page.h"
+#include "modules/ftp/photo_queue.h"
+#include "modules/ftp/published_photos.h"
 
 namespace vaktor {
 
+/// One job at a time goes to the worker. Of the live images only the newest counts: "Surve" leaves a mark, and the file
+/// is read when its turn comes. Live images and photos take turns, so that neither starves the other.
+///
+/// A connection that was there once is taken up again by itself, however long that takes; the main program is told
+/// "Netdc", which leaves the user's switch on. A connection that never stood fails in its own word, which turns it off.
 class ModuleFtp : public Module {
  public:
-  explicit ModuleFtp(const ContexteModule& contexte) : Contexte_(contexte) {}
+  /// Milliseconds before the next attempt; the last one repeats.
+  static constexpr std::array<qint32, 6> kReprises = {2000, 5000, 10000, 20000, 40000, 60000};
+  static constexpr int kRefusMax = 5;  ///< refusals of a login that worked before: our own dead connection often counts
+                                       ///< against us for a while
+  static constexpr int kCoupuresMax = 3;         ///< connections lost before anything at all was uploaded
+  static constexpr qint32 kSigne = 60000;        ///< milliseconds between two signs of life
+  static constexpr qint32 kRegard = 2000;        ///< between two looks for photos
+  static constexpr qint32 kPausePhotos = 60000;  ///< without photos after one that was refused
+  static constexpr qint32 kRythmePage = 10000;   ///< between two pages that were renewed by themselves
+  static constexpr qint32 kCalme = 1500;         ///< after an upload, until "monitoring active" is shown again
+
+  ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp> ouvrier);
 
   void PrendReglages(const ReglagesModule& reglages) override;
-  /// "*OKO*": once for each main program, behind "HWND:".
+  /// "*OKO*". The switch of a main program that has just come is off: a connection for an earlier one ends.
   void Enregistre() override;
   void ExecuteCommande(const QString& mot) override;
   void Termine() override;
 
  private:
+  enum class Lien { kArrete, kConnexion, kConnecte, kPerdu };
+  enum class Tache { kAucune, kConnexion, kLive, kPageDemandee, kPageSeule, kPhoto, kSigne };
+
+  // Commands.
+  void Connecte();
+  void DemandeLive();
+  void DemandePage();
+  /// "connecting", "no connection" or the word that ended it: what is true while nothing can be uploaded.
+  void DisEtat();
+
+  // The link.
+  void LanceConnexion();
+  void FinitConnexion(const ResultatFtp& resultat);
+  void Echoue(const ResultatFtp& resultat);
+  void Perd(const ResultatFtp& resultat);
+  void Arrete(const QString& mot);
+
+  // Uploads.
+  void Avance();
+  Tache ChoisitTache() const;
+  void Execute(Tache tache);
+  TravailFtp CreeTravail(Tache tache) const;
+  void Finit(Tache tache, const ResultatFtp& resultat);
+  void FinitLive(const ResultatFtp& resultat);
+  void FinitPage(bool demandee, const ResultatFtp& resultat);
+  void FinitPhoto(const ResultatFtp& resultat);
+  /// The answer to a live image or a page that the server would not take.
+  void RefuseEnvoi(const ResultatFtp& resultat);
+  void RegardePhotos();
+  ContenuPage CreeContenu() const;
+
+  void Signale(const AvisEchec& avis, bool desPhotos);
+  void Reussit(bool desPhotos);
+  QDateTime Maintenant() const;
+
   ContexteModule Contexte_;
+  std::unique_ptr<OuvrierFtp> Ouvrier_;
+  FilePhotos File_;
+  PhotosPubliees Publiees_;
+  ContenuPage Page_;  // without its photos
+  qint32 PhotosPage_ = 0;
+  AccesFtp Voulu_;  // as the store has it now
+  bool Incomplet_ = true;
+  AccesFtp Acces_;  // as it was at "Conne"
+
+  Lien Lien_ = Lien::kArrete;
+  Tache Tache_ = Tache::kAucune;
+  QString MotArret_;         // why the link is down; empty before the first "Conne"
+  bool Etabli_ = false;      // stood once since "Conne"
+  bool DejaPublie_ = false;  // and something was uploaded
+  size_t Essai_ = 0;
+  int Refus_ = 0;
+  int Coupures_ = 0;
+
+  bool LiveDemande_ = false;
+  bool PageDemandee_ = false;
+  bool PagePerimee_ = false;
+  bool TourPhoto_ = false;
+  QStringList Attente_;      // photos, oldest first
+  bool AvisPhotos_ = false;  // what was told last is about photos
+
+  std::unique_ptr<Minuterie> TimerReprise_;
+  std::unique_ptr<Minuterie> TimerSigne_;
+  std::unique_ptr<Minuterie> TimerPhotos_;
+  std::unique_ptr<Minuterie> TimerPausePhotos_;
+  std::unique_ptr<Minuterie> TimerPage_;
+  std::unique_ptr<Minuterie> TimerCalme_;
 };
 
 }  // namespace vaktor

@@ -1,0 +1,283 @@
+#include "modules/ftp/ftp_client.h"
+
+#include <curl/curl.h>
+#include <netdb.h>
+
+#include <QFile>
+#include <QThread>
+#include <QUrl>
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+
+#include "modules/ftp/ftp_dialogue.h"
+#include "modules/ftp/jpeg_check.h"
+#include "modules/ftp/server_address.h"
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kEssaisLecture = 5;
+constexpr unsigned long kPauseLecture = 20;  // milliseconds
+constexpr int kServiceFerme = 421;           // RFC 959: the server closes the connection
+constexpr int kPasDeDonnees = 425;           // no data connection
+constexpr long kGarde = 86400;               // seconds for which an idle connection is taken again
+
+struct Liste {
+  curl_slist* Tete = nullptr;
+  explicit Liste(const QStringList& lignes) {
+    for (const QString& ligne : lignes) Tete = curl_slist_append(Tete, ligne.toUtf8().constData());
+  }
+  ~Liste() { curl_slist_free_all(Tete); }
+  Liste(const Liste&) = delete;
+  Liste& operator=(const Liste&) = delete;
+};
+
+size_t Jette(char* /*octets*/, size_t taille, size_t nombre, void* /*donnee*/) { return taille * nombre; }
+
+/// Reads the file once it is a whole picture. The main program takes a few milliseconds to rewrite it.
+QByteArray LitImageEntiere(const QString& chemin) {
+  for (int essai = 0; essai < kEssaisLecture; ++essai) {
+    if (essai > 0) QThread::msleep(kPauseLecture);
+    QFile fichier(chemin);
+    if (!fichier.open(QIODevice::ReadOnly)) continue;
+    QByteArray octets = fichier.readAll();
+    if (EstJpegEntier(octets)) return octets;
+  }
+  return {};
+}
+
+int ChercheNom(const QString& hote) {
+  addrinfo* adresses = nullptr;
+  addrinfo voulu{};
+  voulu.ai_socktype = SOCK_STREAM;
+  const int code = ::getaddrinfo(QUrl::toAce(hote).constData(), nullptr, &voulu, &adresses);
+  if (code == 0) ::freeaddrinfo(adresses);
+  return code;
+}
+
+bool EstSansRoute(long numero) { return numero == ENETUNREACH || numero == EHOSTUNREACH || numero == ENETDOWN; }
+
+}  // namespace
+
+/// What the library's call-backs need, for one run.
+struct ClientFtp::Conversation {
+  DialogueFtp Dialogue;
+  const QByteArray* Contenu;
+  const std::function<bool()>& Arret;
+  qsizetype Position = 0;
+  std::array<char, CURL_ERROR_SIZE> Erreur{};
+
+  static size_t Donne(char* tampon, size_t taille, size_t nombre, void* donnee) {
+    auto* c = static_cast<Conversation*>(donnee);
+    const qsizetype n = std::min(static_cast<qsizetype>(taille * nombre), c->Contenu->size() - c->Position);
+    std::memcpy(tampon, c->Contenu->constData() + c->Position, static_cast<size_t>(n));
+    c->Position += n;
+    return static_cast<size_t>(n);
+  }
+  static int Avance(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
+    const auto* c = static_cast<Conversation*>(donnee);
+    return c->Arret && c->Arret() ? 1 : 0;
+  }
+  static int Ecoute(CURL* /*poignee*/, curl_infotype genre, char* texte, size_t taille, void* donnee) {
+    auto* c = static_cast<Conversation*>(donnee);
+    const QByteArray bloc(texte, static_cast<qsizetype>(taille));
+    if (genre == CURLINFO_HEADER_IN) c->Dialogue.NoteReponse(bloc);
+    if (genre == CURLINFO_HEADER_OUT) c->Dialogue.NoteCommande(bloc);
+    return 0;
+  }
+};
+
+QByteArray CreeUrlFtp(const AccesFtp& acces, const QString& nom) {
+  QString chemin = acces.Dossier.trimmed();
+  chemin.replace(QLatin1Char('\\'), QLatin1Char('/'));
+  const bool racine = chemin.startsWith(QLatin1Char('/'));
+  QByteArray encode = racine ? "%2F" : "";
+  for (const QString& partie : chemin.split(QLatin1Char('/'), Qt::SkipEmptyParts))
+    encode += QUrl::toPercentEncoding(partie) + '/';
+  QByteArray hote = acces.Hote.toUtf8();
+  if (hote.contains(':')) hote = '[' + hote.replace("%", "%25") + ']';
+  return "ftp://" + hote + ':' + QByteArray::number(acces.Port) + '/' + encode + QUrl::toPercentEncoding(nom);
+}
+
+ClientFtp::ClientFtp(OptionsClient options) : Options_(std::move(options)) {
+  curl_global_init(CURL_GLOBAL_DEFAULT);
+  if (!Options_.Cherche) Options_.Cherche = ChercheNom;
+}
+
+ClientFtp::~ClientFtp() { Ferme(); }
+
+void ClientFtp::Ferme() {
+  if (Poignee_ != nullptr) curl_easy_cleanup(Poignee_);
+  Poignee_ = nullptr;
+}
+
+ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape,
+                               std::function<bool()> arret) {
+  Arret_ = std::move(arret);
+  if (travail.Acces.Hote != Acces_.Hote || travail.Acces.Port != Acces_.Port) RenommeParDessus_ = true;
+  Acces_ = travail.Acces;
+  switch (travail.Genre) {
+    case GenreTravail::kConnexion:
+      return Connecte(travail, etape);
+    case GenreTravail::kFichier: {
+      const QByteArray image = LitImageEntiere(travail.Source);
+      if (image.isEmpty()) return {IssueFtp::kSourceIncomplete, travail.Source};
+      return Publie(travail, image);
+    }
+    case GenreTravail::kPage:
+      return Publie(travail, travail.Contenu);
+    case GenreTravail::kSigne:
+      break;
+  }
+  return Parle(travail, nullptr, {QStringLiteral("NOOP")}, {});
+}
+
+ResultatFtp ClientFtp::Connecte(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape) {
+  if (!EstSansRecherche(travail.Acces.Hote)) {
+    // Asked before the library asks: it gives the same answer for a name that is wrong and for a network that is down.
+    const ResultatFtp nom = JugeNom(travail.Acces.Hote);
+    if (nom.Issue != IssueFtp::kReussi) return nom;
+  }
+  ConnexionNeuve_ = true;
+  return Parle(travail, nullptr, {}, etape);
+}
+
+ResultatFtp ClientFtp::Publie(const TravailFtp& travail, const QByteArray& contenu) {
+  TravailFtp provisoire = travail;
+  provisoire.Nom = kNomProvisoire;
+  if (!RenommeParDessus_) {
+    const ResultatFtp envoi = Parle(provisoire, &contenu, {}, {});
+    return envoi.Issue == IssueFtp::kReussi ? Renomme(travail) : envoi;
+  }
+  const ResultatFtp envoi = Parle(
+      provisoire, &contenu, {QStringLiteral("RNFR ") + kNomProvisoire, QStringLiteral("RNTO ") + travail.Nom}, {});
+  if (envoi.Issue != IssueFtp::kRefus || !QuoteRefusee_) return envoi;
+  const ResultatFtp secours = Renomme(travail);
+  if (secours.Issue == IssueFtp::kReussi) RenommeParDessus_ = false;
+  return secours;
+}
+
+ResultatFtp ClientFtp::Renomme(const TravailFtp& travail) {
+  // The star: a file that is not there cannot be deleted, and need not be.
+  return Parle(travail, nullptr,
+               {QStringLiteral("*DELE ") + travail.Nom, QStringLiteral("RNFR ") + kNomProvisoire,
+                QStringLiteral("RNTO ") + travail.Nom},
+               {});
+}
+
+void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, const QByteArray* contenu) {
+  if (Poignee_ == nullptr) Poignee_ = curl_easy_init();
+  CURL* p = Poignee_;
+  curl_easy_reset(p);  // the options go, the connection stays
+  const auto texte = [p](CURLoption option, const QString& valeur) {
+    curl_easy_setopt(p, option, valeur.toUtf8().constData());
+  };
+  curl_easy_setopt(p, CURLOPT_URL, CreeUrlFtp(travail.Acces, contenu == nullptr ? QString() : travail.Nom).constData());
+  curl_easy_setopt(p, CURLOPT_PROTOCOLS_STR, "ftp");
+  texte(CURLOPT_USERNAME, travail.Acces.Utilisateur);
+  texte(CURLOPT_PASSWORD, travail.Acces.MotDePasse);
+  curl_easy_setopt(p, CURLOPT_PROXY, "");
+  curl_easy_setopt(p, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(p, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
+  if (!Options_.FichierAutorites.isEmpty())
+    curl_easy_setopt(p, CURLOPT_CAINFO, QFile::encodeName(Options_.FichierAutorites).constData());
+  curl_easy_setopt(p, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_SINGLECWD));
+  curl_easy_setopt(p, CURLOPT_CONNECTTIMEOUT, static_cast<long>(Options_.DelaiConnexion));
+  curl_easy_setopt(p, CURLOPT_FTP_RESPONSE_TIMEOUT, static_cast<long>(Options_.DelaiReponse));
+  curl_easy_setopt(p, CURLOPT_LOW_SPEED_LIMIT, 1L);
+  curl_easy_setopt(p, CURLOPT_LOW_SPEED_TIME, static_cast<long>(Options_.DelaiSilence));
+  curl_easy_setopt(p, CURLOPT_MAXCONNECTS, 1L);
+  curl_easy_setopt(p, CURLOPT_MAXAGE_CONN, kGarde);
+  curl_easy_setopt(p, CURLOPT_TCP_KEEPALIVE, 1L);
+  curl_easy_setopt(p, CURLOPT_FRESH_CONNECT, ConnexionNeuve_ ? 1L : 0L);
+  curl_easy_setopt(p, CURLOPT_ERRORBUFFER, conversation.Erreur.data());
+  curl_easy_setopt(p, CURLOPT_WRITEFUNCTION, Jette);
+  curl_easy_setopt(p, CURLOPT_HEADERFUNCTION, Jette);
+  curl_easy_setopt(p, CURLOPT_VERBOSE, 1L);
+  curl_easy_setopt(p, CURLOPT_DEBUGFUNCTION, Conversation::Ecoute);
+  curl_easy_setopt(p, CURLOPT_DEBUGDATA, &conversation);
+  curl_easy_setopt(p, CURLOPT_NOPROGRESS, 0L);
+  curl_easy_setopt(p, CURLOPT_XFERINFOFUNCTION, Conversation::Avance);
+  curl_easy_setopt(p, CURLOPT_XFERINFODATA, &conversation);
+  if (contenu == nullptr) {
+    curl_easy_setopt(p, CURLOPT_NOBODY, 1L);
+    return;
+  }
+  curl_easy_setopt(p, CURLOPT_UPLOAD, 1L);
+  curl_easy_setopt(p, CURLOPT_READFUNCTION, Conversation::Donne);
+  curl_easy_setopt(p, CURLOPT_READDATA, &conversation);
+  curl_easy_setopt(p, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(contenu->size()));
+}
+
+ResultatFtp ClientFtp::Parle(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
+                             const OuvrierFtp::SurEtape& etape) {
+  Conversation conversation{DialogueFtp(etape), contenu, Arret_};
+  Regle(travail, conversation, contenu);
+  const Liste suite(commandes);
+  curl_easy_setopt(Poignee_, CURLOPT_POSTQUOTE, suite.Tete);
+  const CURLcode code = curl_easy_perform(Poignee_);
+  ConnexionNeuve_ = false;
+  QuoteRefusee_ = code == CURLE_QUOTE_ERROR;
+  const ResultatFtp resultat = Juge(code, travail, conversation);
+  // The handle must not point to what ends here: closing the connection talks too.
+  curl_easy_reset(Poignee_);
+  curl_easy_setopt(Poignee_, CURLOPT_NOSIGNAL, 1L);
+  return resultat;
+}
+
+ResultatFtp ClientFtp::JugeNom(const QString& hote) const {
+  const int code = Options_.Cherche(hote);
+  if (code == 0) return {};
+  // EAI_AGAIN: nobody could be asked. Everything else is an answer: there is no such name.
+  const bool sansReseau = code == EAI_AGAIN || code == EAI_SYSTEM;
+  return {sansReseau ? IssueFtp::kSansReseau : IssueFtp::kServeurInconnu, QString::fromUtf8(::gai_strerror(code))};
+}
+
+ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversation& conversation) const {
+  if (code == CURLE_OK) return {};
+  const DialogueFtp& dialogue = conversation.Dialogue;
+  ResultatFtp resultat{IssueFtp::kPasDeConnexion, QString::fromUtf8(dialogue.Refus())};
+  if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(conversation.Erreur.data());
+  if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(curl_easy_strerror(static_cast<CURLcode>(code)));
+  const int refus = dialogue.CodeRefus();
+  if (refus == kServiceFerme || refus == kPasDeDonnees) return resultat;
+  long numero = 0;
+  switch (code) {
+    case CURLE_LOGIN_DENIED:
+      resultat.Issue = IssueFtp::kAccesRefuse;
+      break;
+    case CURLE_REMOTE_ACCESS_DENIED:
+      resultat.Issue = IssueFtp::kDossierAbsent;
+      break;
+    case CURLE_UPLOAD_FAILED:
+    case CURLE_QUOTE_ERROR:
+    case CURLE_REMOTE_DISK_FULL:
+    case CURLE_PARTIAL_FILE:
+    case CURLE_FTP_COULDNT_SET_TYPE:
+      if (refus != 0) resultat.Issue = IssueFtp::kRefus;
+      break;
+    case CURLE_COULDNT_RESOLVE_HOST:
+      if (!EstSansRecherche(travail.Acces.Hote)) {
+        resultat.Issue = JugeNom(travail.Acces.Hote).Issue;
+        if (resultat.Issue == IssueFtp::kReussi) resultat.Issue = IssueFtp::kSansReseau;  // it is back this very moment
+      } else {
+        resultat.Issue = IssueFtp::kServeurInconnu;
+      }
+      break;
+    case CURLE_URL_MALFORMAT:
+      resultat.Issue = IssueFtp::kServeurInconnu;
+      break;
+    case CURLE_COULDNT_CONNECT:
+      curl_easy_getinfo(Poignee_, CURLINFO_OS_ERRNO, &numero);
+      if (EstSansRoute(numero) && !EstSansRecherche(travail.Acces.Hote)) resultat.Issue = IssueFtp::kSansReseau;
+      break;
+    default:
+      break;
+  }
+  return resultat;
+}
+
+}  // namespace vaktor

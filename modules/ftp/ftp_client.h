@@ -1,0 +1,69 @@
+// The conversation with the FTP server. Blocks: lives on a thread of its own.
+// Sources: RFC 959 (FTP), RFC 2428 (EPSV), RFC 4217 (TLS for FTP), RFC 3986 (URL).
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+#include "modules/ftp/ftp_worker.h"
+
+namespace vaktor {
+
+/// What tests change.
+struct OptionsClient {
+  int DelaiConnexion = 20;   ///< seconds until a connection stands
+  int DelaiReponse = 20;     ///< seconds until the server answers a command
+  int DelaiSilence = 30;     ///< seconds of a transfer without a byte
+  QString FichierAutorites;  ///< PEM file of trusted authorities; empty: those of the system
+  /// Looks up a host name: 0 or one of getaddrinfo()'s codes. Empty: asks the system.
+  std::function<int(const QString& hote)> Cherche;
+};
+
+/// One control connection, kept between jobs and opened again where it is gone. Explicit TLS when the server offers it;
+/// a certificate that cannot be trusted is a failure, not a reason to go on without. Passive mode.
+///
+/// A file is sent under kNomProvisoire and renamed: a visitor of the site gets the old picture or the new one, never
+/// half of one. Some servers do not rename over a file that exists; there the old one is deleted first.
+class ClientFtp {
+ public:
+  static constexpr QLatin1String kNomProvisoire{"vaktor.part"};
+
+  explicit ClientFtp(OptionsClient options);
+  ~ClientFtp();
+  ClientFtp(const ClientFtp&) = delete;
+  ClientFtp& operator=(const ClientFtp&) = delete;
+
+  /// `arret` is asked from inside, at least once a second; once true the job ends with kPasDeConnexion.
+  ResultatFtp Execute(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape, std::function<bool()> arret);
+  /// Says good-bye to the server, if there is a connection.
+  void Ferme();
+
+ private:
+  struct Conversation;
+
+  ResultatFtp Connecte(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape);
+  ResultatFtp Publie(const TravailFtp& travail, const QByteArray& contenu);
+  ResultatFtp Renomme(const TravailFtp& travail);
+  /// One run of the library. `commandes` are sent behind the transfer, or alone when there is no `contenu`.
+  ResultatFtp Parle(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
+                    const OuvrierFtp::SurEtape& etape);
+  void Regle(const TravailFtp& travail, Conversation& conversation, const QByteArray* contenu);
+  ResultatFtp Juge(int code, const TravailFtp& travail, const Conversation& conversation) const;
+  /// For a host that the library could not find: whether it is the name or the network.
+  ResultatFtp JugeNom(const QString& hote) const;
+
+  OptionsClient Options_;
+  void* Poignee_ = nullptr;  // the library's handle, with its connection
+  std::function<bool()> Arret_;
+  AccesFtp Acces_;                // of the last job
+  bool RenommeParDessus_ = true;  // as far as we know; learnt for each server
+  bool QuoteRefusee_ = false;     // the last run failed on a command behind the transfer
+  bool ConnexionNeuve_ = false;   // the next run must not take the old connection
+};
+
+/// "ftp://host:port/folder/name" with everything encoded; `nom` may be empty, for the folder itself.
+QByteArray CreeUrlFtp(const AccesFtp& acces, const QString& nom);
+
+}  // namespace vaktor

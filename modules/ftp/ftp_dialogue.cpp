@@ -1,0 +1,41 @@
+#include "modules/ftp/ftp_dialogue.h"
+
+#include <QList>
+#include <algorithm>
+#include <array>
+
+namespace vaktor {
+
+namespace {
+
+constexpr qsizetype kMotsMax = 300;
+constexpr int kPremierRefus = 400;
+constexpr int kPret = 220;
+constexpr std::array<const char*, 7> kFacultatifs = {"AUTH", "PBSZ", "PROT", "EPSV", "SYST", "FEAT", "DELE"};
+
+}  // namespace
+
+void DialogueFtp::NoteCommande(const QByteArray& ligne) {
+  const qsizetype fin = std::min(ligne.indexOf(' '), ligne.indexOf('\r'));
+  Verbe_ = ligne.left(fin < 0 ? 4 : fin).trimmed().toUpper();
+  if (Verbe_ == "USER" && Etape_) Etape_(EtapeFtp::kIdentification);
+}
+
+void DialogueFtp::NoteReponse(const QByteArray& lignes) {
+  for (const QByteArray& ligne : lignes.split('\n')) NoteLigne(ligne.trimmed().left(kMotsMax));
+}
+
+void DialogueFtp::NoteLigne(const QByteArray& ligne) {
+  bool nombre = false;
+  const int code = ligne.left(3).toInt(&nombre);
+  if (!nombre || ligne.size() < 3) return;
+  if (code == kPret && !Salue_) {
+    Salue_ = true;
+    if (Etape_) Etape_(EtapeFtp::kServeurTrouve);
+  }
+  const bool facultatif =
+      std::any_of(kFacultatifs.begin(), kFacultatifs.end(), [this](const char* verbe) { return Verbe_ == verbe; });
+  if (code >= kPremierRefus && !facultatif) Refus_ = ligne;
+}
+
+}  // namespace vaktor

@@ -1,0 +1,20 @@
+// What the user is told of a failure, and the word for the main program.
+#pragma once
+
+#include "modules/common/failure_notice.h"
+#include "modules/ftp/ftp_worker.h"
+
+namespace vaktor {
+
+/// The word of the channel for a connection that could not be made.
+QString DonneMotEchec(IssueFtp issue);
+/// In both languages, with what to do.
+AvisEchec CreeAvis(const ResultatFtp& resultat, const AccesFtp& acces);
+/// Server, user or password is missing.
+AvisEchec CreeAvisIncomplet();
+/// The server does not take the photos; they wait.
+AvisEchec CreeAvisPhotos(const ResultatFtp& resultat);
+/// Photos that waited were deleted, because too many did.
+AvisEchec CreeAvisPlace();
+
+}  // namespace vaktor

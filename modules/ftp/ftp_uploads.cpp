@@ -1,0 +1,171 @@
+// What goes to the server, in which order, and what is said about it.
+#include "modules/ftp/ftp_module.h"
+
+namespace vaktor {
+
+void ModuleFtp::Avance() {
+  if (Lien_ != Lien::kConnecte || Tache_ != Tache::kAucune) return;
+  const Tache tache = ChoisitTache();
+  if (tache != Tache::kAucune) Execute(tache);
+}
+
+ModuleFtp::Tache ModuleFtp::ChoisitTache() const {
+  const bool photo = !Attente_.isEmpty() && !TimerPausePhotos_->EstActive();
+  if (PageDemandee_) return Tache::kPageDemandee;
+  if (LiveDemande_ && !(photo && TourPhoto_)) return Tache::kLive;
+  if (photo) return Tache::kPhoto;
+  if (PagePerimee_ && Publiees_.APage() && !TimerPage_->EstActive()) return Tache::kPageSeule;
+  return Tache::kAucune;
+}
+
+void ModuleFtp::Execute(Tache tache) {
+  Tache_ = tache;
+  TimerCalme_->Desactive();
+  if (tache == Tache::kLive) LiveDemande_ = false;  // one that comes from now on is a newer one
+  if (tache == Tache::kPageDemandee || tache == Tache::kPageSeule) PagePerimee_ = false;
+  if (tache == Tache::kLive || tache == Tache::kPageDemandee) Contexte_.Dis(QStringLiteral("Uploa"));
+  TourPhoto_ = tache == Tache::kLive;
+  const auto etape = [this](EtapeFtp quelle) {
+    Contexte_.Dis(quelle == EtapeFtp::kServeurTrouve ? QStringLiteral("SerTR") : QStringLiteral("Paswo"));
+  };
+  Ouvrier_->Lance(CreeTravail(tache), tache == Tache::kConnexion ? OuvrierFtp::SurEtape(etape) : OuvrierFtp::SurEtape(),
+                  [this, tache](const ResultatFtp& resultat) {
+                    Tache_ = Tache::kAucune;
+                    Finit(tache, resultat);
+                    Avance();
+                  });
+}
+
+TravailFtp ModuleFtp::CreeTravail(Tache tache) const {
+  TravailFtp travail;
+  travail.Acces = Acces_;
+  switch (tache) {
+    case Tache::kConnexion:
+      travail.Genre = GenreTravail::kConnexion;
+      break;
+    case Tache::kLive:
+      travail.Genre = GenreTravail::kFichier;
+      travail.Source = Contexte_.Dossiers.CheminTemp() + QStringLiteral("/Live.jpg");
+      travail.Nom = kNomLive;
+      break;
+    case Tache::kPhoto:
+      travail.Genre = GenreTravail::kFichier;
+      travail.Source = File_.Chemin(Attente_.first());
+      travail.Nom = Attente_.first();
+      break;
+    case Tache::kPageDemandee:
+    case Tache::kPageSeule:
+      travail.Genre = GenreTravail::kPage;
+      travail.Contenu = CreePageLive(CreeContenu());
+      travail.Nom = kNomPage;
+      break;
+    case Tache::kSigne:
+    case Tache::kAucune:
+      travail.Genre = GenreTravail::kSigne;
+      break;
+  }
+  return travail;
+}
+
+ContenuPage ModuleFtp::CreeContenu() const {
+  ContenuPage contenu = Page_;
+  contenu.Photos = Publiees_.Liste().mid(0, PhotosPage_);
+  return contenu;
+}
+
+void ModuleFtp::Finit(Tache tache, const ResultatFtp& resultat) {
+  if (tache == Tache::kConnexion) {
+    FinitConnexion(resultat);
+    return;
+  }
+  if (resultat.Issue == IssueFtp::kReussi) Essai_ = 0;
+  if (resultat.Issue == IssueFtp::kReussi && tache != Tache::kSigne) {
+    DejaPublie_ = true;
+    Refus_ = 0;
+  }
+  const bool lienSain = resultat.Issue == IssueFtp::kReussi || resultat.Issue == IssueFtp::kRefus ||
+                        resultat.Issue == IssueFtp::kSourceIncomplete;
+  if (!lienSain) {
+    // Wanted still, and asked for again by nobody.
+    if (tache == Tache::kLive) LiveDemande_ = true;
+    if (tache == Tache::kPageSeule) PagePerimee_ = true;
+    Echoue(resultat);
+    return;
+  }
+  if (tache == Tache::kLive) FinitLive(resultat);
+  if (tache == Tache::kPageDemandee) FinitPage(true, resultat);
+  if (tache == Tache::kPageSeule) FinitPage(false, resultat);
+  if (tache == Tache::kPhoto) FinitPhoto(resultat);
+}
+
+void ModuleFtp::FinitLive(const ResultatFtp& resultat) {
+  if (resultat.Issue == IssueFtp::kRefus) {
+    RefuseEnvoi(resultat);
+  } else if (resultat.Issue == IssueFtp::kSourceIncomplete) {
+    // Caught in the middle of being rewritten, five times: the next one will do.
+    Contexte_.Dis(QStringLiteral("ConOK"));
+  } else {
+    Reussit(false);
+    Contexte_.Dis(QStringLiteral("UplOK"));
+    TimerCalme_->Active();
+  }
+}
+
+void ModuleFtp::FinitPage(bool demandee, const ResultatFtp& resultat) {
+  TimerPage_->Active();
+  if (demandee) PageDemandee_ = false;
+  if (resultat.Issue != IssueFtp::kReussi) {
+    if (demandee)
+      RefuseEnvoi(resultat);
+    else
+      PagePerimee_ = true;
+    return;
+  }
+  Publiees_.NotePage();
+  Reussit(false);
+  if (!demandee) return;
+  Contexte_.Dis(QStringLiteral("UplOK"));
+  TimerCalme_->Active();
+}
+
+void ModuleFtp::RefuseEnvoi(const ResultatFtp& resultat) {
+  Signale(CreeAvis(resultat, Acces_), false);
+  // A server that took images and takes none now is full for a while: we are still connected, and go on trying. One
+  // that never took any has to be put right by the user.
+  if (DejaPublie_)
+    Contexte_.Dis(QStringLiteral("ConOK"));
+  else
+    Arrete(QStringLiteral("ErrCo"));
+}
+
+void ModuleFtp::FinitPhoto(const ResultatFtp& resultat) {
+  if (resultat.Issue == IssueFtp::kRefus) {
+    Signale(CreeAvisPhotos(resultat), true);
+    TimerPausePhotos_->Active();
+    return;
+  }
+  const QString nom = Attente_.takeFirst();
+  if (resultat.Issue == IssueFtp::kSourceIncomplete) {
+    if (!File_.EstAbandonne(nom, Maintenant())) return;  // still being written; the next look finds it again
+    Contexte_.Journal.Note(QStringLiteral("no picture, deleted: ") + nom);
+    File_.Retire(nom);
+    return;
+  }
+  Publiees_.Ajoute({nom, File_.DonnePrise(nom)});
+  File_.Retire(nom);
+  PagePerimee_ = true;
+  Reussit(true);
+}
+
+void ModuleFtp::RegardePhotos() {
+  const qsizetype retires = File_.Elague();
+  if (retires > 0) {
+    Contexte_.Journal.Note(QStringLiteral("deleted to make room, photos: %1").arg(retires));
+    Signale(CreeAvisPlace(), true);
+  }
+  // Not under a photo that is on its way: it is the first of the list.
+  if (Tache_ != Tache::kPhoto) Attente_ = File_.Liste();
+  Avance();
+}
+
+}  // namespace vaktor

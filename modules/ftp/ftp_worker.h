@@ -1,0 +1,68 @@
+// Port: the conversation with the FTP server, as the rules of the companion see it. One job at a time, never blocking.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <functional>
+
+namespace vaktor {
+
+/// Where to. Frozen at "Conne": what the user is typing must not send a running connection elsewhere.
+struct AccesFtp {
+  QString Hote;
+  quint16 Port = 21;
+  QString Utilisateur;
+  QString MotDePasse;  ///< in clear; goes to the server and nowhere else
+  QString Dossier;     ///< as the user wrote it; with "/" in front from the server's root, else from the login folder
+  bool operator==(const AccesFtp&) const = default;
+};
+
+/// How a job ended.
+enum class IssueFtp {
+  kReussi,
+  kSansReseau,       ///< no network at the moment: no name can be looked up, or no way leads there
+  kServeurInconnu,   ///< there is no server of that name
+  kAccesRefuse,      ///< user name or password refused
+  kDossierAbsent,    ///< the folder on the server does not exist
+  kPasDeConnexion,   ///< nobody answers, no trust in the certificate, the connection broke or fell silent
+  kRefus,            ///< the server is there and will not take this file: quota, rights
+  kSourceIncomplete  ///< the local file is missing or no whole JPEG at the moment; nothing was sent
+};
+
+struct ResultatFtp {
+  IssueFtp Issue = IssueFtp::kReussi;
+  QString Mots;  ///< the server's last words of refusal, or the library's; one line
+};
+
+/// A step of a connection as it is reached, in this order.
+enum class EtapeFtp { kServeurTrouve, kIdentification };
+
+enum class GenreTravail {
+  kConnexion,  ///< a new connection, up to the folder
+  kFichier,    ///< a file of this machine, JPEG, under its final name in one step
+  kPage,       ///< Contenu, likewise
+  kSigne       ///< a sign of life, so that an idle connection stays and a dead one is noticed
+};
+
+struct TravailFtp {
+  GenreTravail Genre = GenreTravail::kSigne;
+  AccesFtp Acces;
+  QString Source;      ///< native path, for kFichier
+  QByteArray Contenu;  ///< for kPage
+  QString Nom;         ///< name on the server, no "/" and no control character in it
+};
+
+class OuvrierFtp {
+ public:
+  using SurEtape = std::function<void(EtapeFtp)>;
+  using SurFin = std::function<void(const ResultatFtp&)>;
+
+  virtual ~OuvrierFtp() = default;
+  /// Starts a job; not while one runs. `etape` (connections only) and then `fin`, once, come from the event loop.
+  virtual void Lance(const TravailFtp& travail, SurEtape etape, SurFin fin) = 0;
+  /// The running job, if any, is given up and says nothing more; the connection is closed. The next job may be started
+  /// at once: it waits for the end of this one.
+  virtual void Coupe() = 0;
+};
+
+}  // namespace vaktor

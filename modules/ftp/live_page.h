@@ -1,0 +1,30 @@
+// The page "live.html": valid HTML 5, nothing from anywhere but the folder that it lies in.
+#pragma once
+
+#include <QByteArray>
+#include <QList>
+
+#include "modules/ftp/published_photos.h"
+
+namespace vaktor {
+
+inline constexpr QLatin1String kNomPage("live.html");
+inline constexpr QLatin1String kNomLive("live.jpg");
+
+struct ContenuPage {
+  qint32 Langue = 0;          ///< 0 French, 1 English, any other: French
+  qint32 Couleur = 3;         ///< 0 red, 1 green, 2 blue, 3 gray, 4 brown, 5 yellow, 6 white; any other: gray
+  qint32 Intervalle = 10000;  ///< milliseconds between two live images
+  qint32 Largeur = 640;       ///< of the picture, pixels; so that the page does not jump while it loads
+  qint32 Hauteur = 480;
+  QList<PhotoPubliee> Photos;  ///< in the order in which they are shown
+};
+
+/// UTF-8. With a script the live image is replaced once the next one has loaded whole; without one the page loads
+/// itself again.
+QByteArray CreePageLive(const ContenuPage& contenu);
+
+/// "10", "0,5" or "0.5" seconds to milliseconds, 500 at least and an hour at most; what is no number counts as 10 s.
+qint32 LitIntervalle(const QString& secondes);
+
+}  // namespace vaktor

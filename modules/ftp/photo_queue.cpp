@@ -1,0 +1,55 @@
+#include "modules/ftp/photo_queue.h"
+
+#include <QDir>
+#include <algorithm>
+
+namespace vaktor {
+
+namespace {
+
+constexpr qint64 kAbandon = 60;  // seconds
+
+bool EstNomPropre(const QString& nom) {
+  return std::none_of(nom.begin(), nom.end(),
+                      [](QChar signe) { return signe.unicode() < 0x20 || signe == QChar(0x7F); });
+}
+
+QFileInfoList ListeFichiers(const QString& dossier) {
+  // By time and then by name: photos of one second keep their order.
+  QFileInfoList photos = QDir(dossier).entryInfoList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+  photos.removeIf([](const QFileInfo& photo) { return !EstNomPropre(photo.fileName()) || photo.isSymLink(); });
+  std::stable_sort(photos.begin(), photos.end(),
+                   [](const QFileInfo& a, const QFileInfo& b) { return a.lastModified() < b.lastModified(); });
+  return photos;
+}
+
+}  // namespace
+
+QStringList FilePhotos::Liste() const {
+  QStringList noms;
+  for (const QFileInfo& photo : ListeFichiers(Dossier_)) noms.append(photo.fileName());
+  return noms;
+}
+
+qsizetype FilePhotos::Elague() const {
+  const QFileInfoList photos = ListeFichiers(Dossier_);
+  qint64 octets = 0;
+  for (const QFileInfo& photo : photos) octets += photo.size();
+  qsizetype retires = 0;
+  while (retires < photos.size() && (octets > Bornes_.Octets || photos.size() - retires > Bornes_.Nombre)) {
+    octets -= photos[retires].size();
+    QFile::remove(photos[retires].filePath());
+    ++retires;
+  }
+  return retires;
+}
+
+QDateTime FilePhotos::DonnePrise(const QString& nom) const { return QFileInfo(Chemin(nom)).lastModified(); }
+
+bool FilePhotos::EstAbandonne(const QString& nom, const QDateTime& maintenant) const {
+  return DonnePrise(nom).secsTo(maintenant) > kAbandon;
+}
+
+void FilePhotos::Retire(const QString& nom) const { QFile::remove(Chemin(nom)); }
+
+}  // namespace vaktor

@@ -1,0 +1,40 @@
+// The alarm photos that wait in "Temp/FTP" to be published.
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+namespace vaktor {
+
+/// A folder of this machine. The main program puts photos in, nobody else takes them out. Holds nothing but the bounds:
+/// the folder itself is the memory, and survives everything that it has to survive.
+class FilePhotos {
+ public:
+  struct Bornes {
+    qint64 Octets = 200LL * 1000 * 1000;
+    qsizetype Nombre = 5000;
+  };
+
+  explicit FilePhotos(QString dossier) : Dossier_(std::move(dossier)) {}
+  FilePhotos(QString dossier, Bornes bornes) : Dossier_(std::move(dossier)), Bornes_(bornes) {}
+
+  /// Names of the photos that wait, oldest first. Files of other kinds, and names that a server could take for a
+  /// command (line breaks, control characters), are left alone.
+  QStringList Liste() const;
+  /// Deletes the oldest until both bounds hold; the number deleted.
+  qsizetype Elague() const;
+  QString Chemin(const QString& nom) const { return Dossier_ + QLatin1Char('/') + nom; }
+  /// When the photo was taken: the file's own time, since the name carries the date of the program's start.
+  QDateTime DonnePrise(const QString& nom) const;
+  /// True when the file has not changed for a minute: what is no picture by then will never be one.
+  bool EstAbandonne(const QString& nom, const QDateTime& maintenant) const;
+  /// Published, or never to be.
+  void Retire(const QString& nom) const;
+
+ private:
+  QString Dossier_;
+  Bornes Bornes_;
+};
+
+}  // namespace vaktor

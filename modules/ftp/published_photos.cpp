@@ -1,0 +1,63 @@
+#include "modules/ftp/published_photos.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+
+namespace vaktor {
+
+PhotosPubliees::PhotosPubliees(QString fichier) : Fichier_(std::move(fichier)) { Lit(); }
+
+void PhotosPubliees::ChoisitSite(const QString& site) {
+  if (site == Site_) return;
+  Site_ = site;
+  Photos_.clear();
+  Page_ = false;
+  Ecrit();
+}
+
+void PhotosPubliees::Ajoute(const PhotoPubliee& photo) {
+  Photos_.removeIf([&](const PhotoPubliee& connue) { return connue.Nom == photo.Nom; });
+  Photos_.prepend(photo);
+  if (Photos_.size() > kMax) Photos_.resize(kMax);
+  Ecrit();
+}
+
+void PhotosPubliees::NotePage() {
+  if (Page_) return;
+  Page_ = true;
+  Ecrit();
+}
+
+void PhotosPubliees::Lit() {
+  QFile fichier(Fichier_);
+  if (!fichier.open(QIODevice::ReadOnly)) return;
+  const QJsonObject objet = QJsonDocument::fromJson(fichier.readAll()).object();
+  Site_ = objet[QLatin1String("site")].toString();
+  Page_ = objet[QLatin1String("page")].toBool();
+  const QJsonArray photos = objet[QLatin1String("photos")].toArray();
+  for (const auto& valeur : photos) {
+    const QJsonObject photo = valeur.toObject();
+    const PhotoPubliee lue{photo[QLatin1String("name")].toString(),
+                           QDateTime::fromString(photo[QLatin1String("taken")].toString(), Qt::ISODate)};
+    if (!lue.Nom.isEmpty() && lue.Prise.isValid() && Photos_.size() < kMax) Photos_.append(lue);
+  }
+}
+
+void PhotosPubliees::Ecrit() const {
+  QJsonArray photos;
+  for (const PhotoPubliee& photo : Photos_)
+    photos.append(
+        QJsonObject{{QStringLiteral("name"), photo.Nom}, {QStringLiteral("taken"), photo.Prise.toString(Qt::ISODate)}});
+  const QJsonObject objet{
+      {QStringLiteral("site"), Site_}, {QStringLiteral("page"), Page_}, {QStringLiteral("photos"), photos}};
+  QSaveFile fichier(Fichier_);
+  if (!fichier.open(QIODevice::WriteOnly)) return;
+  fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+  fichier.write(QJsonDocument(objet).toJson(QJsonDocument::Compact));
+  fichier.commit();
+}
+
+}  // namespace vaktor

@@ -1,0 +1,44 @@
+// Which photos the page shows: the companion's own memory, kept between two runs.
+#pragma once
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+namespace vaktor {
+
+struct PhotoPubliee {
+  QString Nom;      ///< on the server
+  QDateTime Prise;  ///< local time
+  bool operator==(const PhotoPubliee&) const = default;
+};
+
+/// A small JSON file, mode 0600, replaced whole. A file that is missing or damaged is an empty memory; one that cannot
+/// be written costs the memory of the next run and nothing else.
+class PhotosPubliees {
+ public:
+  static constexpr qsizetype kMax = 1000;  ///< remembered at most; the page shows the newest of them
+
+  explicit PhotosPubliees(QString fichier);
+
+  /// `site` names server and folder. Another one than before empties the memory: the photos are not there.
+  void ChoisitSite(const QString& site);
+  /// The newest comes first. A name that is known already moves to the front.
+  void Ajoute(const PhotoPubliee& photo);
+  /// The page has been made for this site; from then on it is renewed by itself.
+  void NotePage();
+
+  const QList<PhotoPubliee>& Liste() const { return Photos_; }
+  bool APage() const { return Page_; }
+
+ private:
+  void Lit();
+  void Ecrit() const;
+
+  QString Fichier_;
+  QString Site_;
+  QList<PhotoPubliee> Photos_;
+  bool Page_ = false;
+};
+
+}  // namespace vaktor
