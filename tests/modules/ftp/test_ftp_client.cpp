@@ -1,0 +1,307 @@
+// The conversation with real servers on loopback: each way to fail, and that no visitor gets half a picture.
+#include <gtest/gtest.h>
+#include <netdb.h>
+
+#include <QTcpServer>
+#include <QThread>
+#include <atomic>
+#include <thread>
+
+#include "modules/ftp/ftp_client.h"
+#include "modules/ftp/ftp_test_server.h"
+#include "modules/ftp/jpeg_check.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Client : testing::Test {
+  ServeurEssai Serveur;
+  QTemporaryDir Ici;
+  OptionsClient Options{
+      .DelaiConnexion = 10, .DelaiReponse = 2, .DelaiSilence = 2, .FichierAutorites = {}, .Cherche = {}};
+  std::unique_ptr<ClientFtp> Ftp;
+  AccesFtp Acces{"127.0.0.1", 0, "anna", "sesame", "/"};
+  QStringList Etapes;
+
+  void SetUp() override {
+    Serveur.Demarre();
+    Acces.Port = Serveur.Port();
+    Ftp = std::make_unique<ClientFtp>(Options);
+  }
+  ResultatFtp Fait(TravailFtp travail) {
+    travail.Acces = Acces;
+    return Ftp->Execute(
+        travail, [this](EtapeFtp etape) { Etapes << (etape == EtapeFtp::kServeurTrouve ? "SerTR" : "Paswo"); },
+        [] { return false; });
+  }
+  ResultatFtp Connecte() {
+    Etapes.clear();
+    return Fait({.Genre = GenreTravail::kConnexion, .Acces = {}, .Source = {}, .Contenu = {}, .Nom = {}});
+  }
+  ResultatFtp Page(const QByteArray& contenu, const QString& nom = "live.html") {
+    return Fait({.Genre = GenreTravail::kPage, .Acces = {}, .Source = {}, .Contenu = contenu, .Nom = nom});
+  }
+  ResultatFtp Image(const QByteArray& octets) {
+    EcritOctets(Ici.filePath("Live.jpg"), octets);
+    return Fait({.Genre = GenreTravail::kFichier,
+                 .Acces = {},
+                 .Source = Ici.filePath("Live.jpg"),
+                 .Contenu = {},
+                 .Nom = "live.jpg"});
+  }
+  ResultatFtp Signe() { return Fait({}); }
+};
+
+TEST_F(Client, ConnectsInItsSteps) {
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  EXPECT_EQ(Etapes, QStringList({"SerTR", "Paswo"}));
+}
+
+TEST_F(Client, ConnectsByName) {
+  Acces.Hote = "localhost";
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi);
+}
+
+TEST_F(Client, ARefusedLoginIsToldWithTheServersWords) {
+  Acces.MotDePasse = "faux";
+  const ResultatFtp resultat = Connecte();
+  EXPECT_EQ(resultat.Issue, IssueFtp::kAccesRefuse);
+  EXPECT_TRUE(resultat.Mots.startsWith("530 ")) << resultat.Mots.toStdString();
+  EXPECT_EQ(Etapes, QStringList({"SerTR", "Paswo"}));
+}
+
+TEST_F(Client, AMissingFolderIsTold) {
+  Acces.Dossier = "/pas/la";
+  const ResultatFtp resultat = Connecte();
+  EXPECT_EQ(resultat.Issue, IssueFtp::kDossierAbsent);
+  EXPECT_TRUE(resultat.Mots.startsWith("550 ")) << resultat.Mots.toStdString();
+}
+
+TEST_F(Client, AnUnknownNameAndNoNetworkAreTwoThings) {
+  Acces.Hote = "ftp.exemple.invalid";
+  for (const auto& [code, issue] :
+       {std::pair(EAI_NONAME, IssueFtp::kServeurInconnu), std::pair(EAI_FAIL, IssueFtp::kServeurInconnu),
+        std::pair(EAI_AGAIN, IssueFtp::kSansReseau)}) {
+    Options.Cherche = [code = code](const QString&) { return code; };
+    Ftp = std::make_unique<ClientFtp>(Options);
+    EXPECT_EQ(Connecte().Issue, issue);
+    EXPECT_TRUE(Etapes.isEmpty());
+  }
+}
+
+TEST_F(Client, LoopbackNeedsNoLookUp) {
+  Options.Cherche = [](const QString&) { return EAI_AGAIN; };
+  Ftp = std::make_unique<ClientFtp>(Options);
+  for (const char* hote : {"127.0.0.1", "localhost", "LOCALHOST"}) {
+    Acces.Hote = hote;
+    EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi) << hote;
+  }
+}
+
+TEST_F(Client, APortWhereNobodyAnswersIsAFailedConnection) {
+  Serveur.Arrete();
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_TRUE(Etapes.isEmpty());
+}
+
+TEST_F(Client, AServerThatIsNoFtpServerIsAFailedConnection) {
+  QTcpServer muet;  // takes the connection and never says a word
+  ASSERT_TRUE(muet.listen(QHostAddress::LocalHost));
+  Acces.Port = muet.serverPort();
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_TRUE(Etapes.isEmpty());
+}
+
+TEST_F(Client, AServerWithTooManyGuestsIsAFailedConnectionAndNoRefusedLogin) {
+  Serveur.Dit("busy");
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
+}
+
+TEST_F(Client, PublishesUnderTheFinalNameAndLeavesNothingElse) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  const QByteArray image = CreeJpeg(1);
+  ASSERT_EQ(Image(image).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), image);
+  EXPECT_EQ(Serveur.Noms(), QStringList("live.jpg"));
+  ASSERT_EQ(Image(CreeJpeg(2)).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(2)) << "over the old one";
+}
+
+TEST_F(Client, NamesAreSentAsTheyAre) {
+  const QString nom = QString::fromUtf8("2026-11-15  14-05-09 Photo 00001 %41#?é&.jpg");
+  ASSERT_EQ(Page("x", nom).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(Serveur.Noms(), QStringList(nom));
+}
+
+TEST_F(Client, FoldersAbsoluteRelativeAndWithBackslashes) {
+  QDir(Serveur.Dossier()).mkpath("www/ma camera");
+  for (const char* dossier : {"/www/ma camera", "www/ma camera/", "\\www\\ma camera\\"}) {
+    Acces.Dossier = dossier;
+    ASSERT_EQ(Page(dossier).Issue, IssueFtp::kReussi) << dossier;
+    EXPECT_EQ(LitOctets(Serveur.Chemin("www/ma camera/live.html")), dossier);
+  }
+  Acces.Dossier = "";
+  ASSERT_EQ(Page("ici").Issue, IssueFtp::kReussi);
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.html")), "ici");
+}
+
+TEST_F(Client, AServerThatDoesNotRenameOverAFileIsLearnt) {
+  Serveur.Dit("norename");
+  for (int i = 1; i <= 3; ++i) {
+    ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi) << i;
+    EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(i));
+  }
+  EXPECT_EQ(Serveur.Noms(), QStringList("live.jpg"));
+}
+
+TEST_F(Client, AFullServerRefusesWithItsWordsAndKeepsTheOldPicture) {
+  ASSERT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kReussi);
+  Serveur.Dit("full");
+  const ResultatFtp resultat = Image(CreeJpeg(2));
+  EXPECT_EQ(resultat.Issue, IssueFtp::kRefus);
+  EXPECT_TRUE(resultat.Mots.startsWith("552 Quota exceeded")) << resultat.Mots.toStdString();
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1));
+  Serveur.Dit("normal");
+  EXPECT_EQ(Image(CreeJpeg(3)).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
+}
+
+TEST_F(Client, AFolderThatMayNotBeWrittenRefuses) {
+  Serveur.Dit("nowrite");
+  EXPECT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kRefus);
+  EXPECT_TRUE(Serveur.Noms().isEmpty());
+}
+
+TEST_F(Client, AConnectionCutInMidTransferKeepsTheOldPicture) {
+  ASSERT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kReussi);
+  Serveur.Dit("cut 5000");
+  EXPECT_EQ(Image(CreeJpeg(2, 1500)).Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1));
+  EXPECT_EQ(Image(CreeJpeg(3)).Issue, IssueFtp::kReussi) << "the next one makes its own connection";
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
+  EXPECT_EQ(Serveur.Noms(), QStringList("live.jpg")) << "what the cut left behind was used up";
+}
+
+TEST_F(Client, ATransferThatFallsSilentIsGivenUp) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  Serveur.Dit("silent");
+  EXPECT_EQ(Image(CreeJpeg(2, 2500)).Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_FALSE(QFile::exists(Serveur.Chemin("live.jpg")));
+}
+
+TEST_F(Client, ASilentTransferCanBeStoppedAtOnce) {
+  Options.DelaiSilence = Options.DelaiReponse = 600;
+  Ftp = std::make_unique<ClientFtp>(Options);
+  Serveur.Dit("silent");
+  EcritOctets(Ici.filePath("Live.jpg"), CreeJpeg(2, 2500));
+  std::atomic_int demandes = 0;
+  const ResultatFtp resultat = Ftp->Execute({.Genre = GenreTravail::kFichier,
+                                             .Acces = Acces,
+                                             .Source = Ici.filePath("Live.jpg"),
+                                             .Contenu = {},
+                                             .Nom = "live.jpg"},
+                                            {}, [&] { return ++demandes > 20; });
+  EXPECT_EQ(resultat.Issue, IssueFtp::kPasDeConnexion);
+}
+
+TEST_F(Client, TheConnectionIsKeptAndASignOfLifeTellsWhenItIsGone) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  Etapes.clear();
+  EXPECT_EQ(Signe().Issue, IssueFtp::kReussi);
+  EXPECT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kReussi);
+  Serveur.Dit("login");
+  EXPECT_EQ(Image(CreeJpeg(2)).Issue, IssueFtp::kReussi) << "no second login";
+  Serveur.Arrete();
+  EXPECT_EQ(Signe().Issue, IssueFtp::kPasDeConnexion);
+  Serveur.Demarre();
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  EXPECT_EQ(Image(CreeJpeg(3)).Issue, IssueFtp::kReussi);
+}
+
+TEST_F(Client, APictureThatIsNotWholeIsNotSent) {
+  const QByteArray image = CreeJpeg(1);
+  for (const QByteArray& octets : {QByteArray(), image.left(image.size() / 2), image.left(image.size() - 1)}) {
+    EXPECT_EQ(Image(octets).Issue, IssueFtp::kSourceIncomplete);
+    EXPECT_TRUE(Serveur.Noms().isEmpty());
+  }
+  Fait({.Genre = GenreTravail::kFichier, .Acces = {}, .Source = "/pas/la.jpg", .Contenu = {}, .Nom = "live.jpg"});
+  EXPECT_TRUE(Serveur.Noms().isEmpty());
+}
+
+TEST_F(Client, NoVisitorEverLoadsHalfAPicture) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  const QList<QByteArray> images = {CreeJpeg(1, 700), CreeJpeg(2, 600), CreeJpeg(3, 650)};
+  ASSERT_EQ(Image(images[0]).Issue, IssueFtp::kReussi);
+  std::atomic_bool fini = false;
+  std::atomic_int lus = 0, mauvais = 0, changements = 0;
+  std::thread visiteur([&] {
+    QByteArray avant;
+    while (!fini) {
+      const QByteArray vue = LitOctets(Serveur.Chemin("live.jpg"));
+      ++lus;
+      QThread::usleep(200);
+      if (!images.contains(vue)) ++mauvais;
+      if (vue != avant) ++changements;
+      avant = vue;
+    }
+  });
+  // The main program, rewriting the image without a lock while it is read.
+  std::atomic_bool ecrit = true;
+  std::thread principal([&] {
+    for (int i = 0; ecrit; ++i) {
+      EcritOctets(Ici.filePath("Live.jpg"), images[i % 3]);
+      QThread::msleep(7);
+    }
+  });
+  int reussis = 0;
+  for (int i = 0; i < 40; ++i)
+    reussis += Fait({.Genre = GenreTravail::kFichier,
+                     .Acces = {},
+                     .Source = Ici.filePath("Live.jpg"),
+                     .Contenu = {},
+                     .Nom = "live.jpg"})
+                   .Issue == IssueFtp::kReussi;
+  ecrit = false;
+  principal.join();
+  fini = true;
+  visiteur.join();
+  EXPECT_EQ(mauvais, 0);
+  EXPECT_GT(reussis, 20);
+  EXPECT_GT(changements, 3) << "the test has to see the picture change";
+  std::printf("uploads %d, reads %d, halves %d, changes seen %d\n", reussis, lus.load(), mauvais.load(),
+              changements.load());
+}
+
+struct ClientTls : Client {
+  void SetUp() override {
+    Serveur.PrepareTls();
+    Acces.Hote = "localhost";
+    Options.FichierAutorites = Serveur.Autorite();
+    Client::SetUp();
+  }
+};
+
+TEST_F(ClientTls, TakesTlsWhenItIsOffered) {
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  EXPECT_EQ(Etapes, QStringList({"SerTR", "Paswo"}));
+  for (int i = 1; i <= 3; ++i) ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
+}
+
+TEST_F(ClientTls, DoesNotLogInWhereTheCertificateIsNotTrusted) {
+  Options.FichierAutorites.clear();
+  Ftp = std::make_unique<ClientFtp>(Options);
+  const ResultatFtp resultat = Connecte();
+  EXPECT_EQ(resultat.Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_TRUE(resultat.Mots.contains("certificate")) << resultat.Mots.toStdString();
+  EXPECT_EQ(Etapes, QStringList("SerTR")) << "the password has not gone out";
+}
+
+TEST_F(ClientTls, DoesNotLogInWhereTheCertificateIsAnothers) {
+  Acces.Hote = "127.0.0.1";
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_EQ(Etapes, QStringList("SerTR"));
+}
+
+}  // namespace
+}  // namespace vaktor::essai
