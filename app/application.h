@@ -1,92 +1,109 @@
-// The program: owns every object, ties ports to their real implementations, brings everything up and down.
+// The program: owns every object of the rooms, ties them together, brings everything up and down.
 #pragma once
 
 #include <memory>
 #include <optional>
 
 #include "app/alarm_actions.h"
-#include "app/do_nothing.h"
-#include "app/start_arguments.h"
+#include "app/live_ports.h"
+#include "app/ports/start_steps.h"
+#include "app/raised_rights.h"
+#include "app/start_sequence.h"
+#include "app/system_ports.h"
 #include "base/application_state.h"
+#include "companions/form_winsock.h"
+#include "companions/live_publishing.h"
+#include "companions/live_stamp.h"
+#include "companions/module_lifecycle.h"
+#include "companions/module_send_messages.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/webcam_pecran.h"
-#include "image/jpeg_writer.h"
 #include "image/photo_recorder.h"
-#include "platform/base/event_pump.h"
-#include "platform/base/qt_timers.h"
-#include "platform/base/system_clock.h"
-#include "platform/base/system_files.h"
-#include "platform/image/turbo_jpeg_encoder.h"
-#include "platform/store/file_store.h"
-#include "platform/widgets/qt_message_boxes.h"
 #include "settings/persistent_settings.h"
 #include "ui/form1.h"
+#include "ui/form_splash.h"
+#include "ui/link_view.h"
 #include "ui/parameter_view.h"
 #include "ui/surveillance_view.h"
 #include "ui/text_loader.h"
 
 namespace vaktor {
 
-class MemoireCapture;
-
 /// One object for the whole run, after the application object. User-interface thread.
-class Vaktor {
+class Vaktor : private EtapesDepart {
  public:
-  explicit Vaktor(ArgumentsDepart arguments);
-  ~Vaktor();
+  /// `ligneCommande`: the start arguments as one text, in which "/alarm" and "/surve" are looked for.
+  Vaktor(const PortsSysteme& systeme, QString ligneCommande);
+  ~Vaktor() override;
   Vaktor(const Vaktor&) = delete;
   Vaktor& operator=(const Vaktor&) = delete;
 
-  /// The start-up sequence, to the main window on the screen. Throws Echec when the program cannot start.
-  void Demarre();
-  /// Ends the program as the closing of the main window does. Before the end of the start-up sequence: ends what can be
-  /// ended, and the program goes no further.
+  /// The start-up sequence, to the splash on the screen. Throws Echec when the program cannot start.
+  void Demarre(const QString& version);
+  /// Ends the program as the closing of the main window does. Before the settings are loaded: ends what can be ended,
+  /// and the program goes no further.
   void Ferme();
-  bool EnFermeture() const { return Etat_.EnFermeture; }
+  /// The program ends, or has only prepared its restart: nothing is to run any more.
+  bool EstFinie() const;
 
-  /// Tells a failure in the user's language: one that the guard of the event loop met, one that ends the start.
+  /// Tells a failure in the user's language: one that the guard of the event loop met, one that ends the start. The
+  /// latter then asks those companions to leave that have come up already.
   void AnnonceEchec(const QString& description);
   void AnnonceDemarrageImpossible(const QString& description);
 
  private:
-  void LitLangue();
+  // The steps of the start (application_start.cpp).
+  void ChargeParametres() override;
+  void ChargeTextes() override;
+  void LanceModules() override;
+  void ChargeFormMonitor() override;
+  void MontreForm1() override;
+
   AffichageParametres& ChargeForm1();
+  void CreeReglages();
+  void CreeLive();
   void CreeMoteur();
   void CreeForm1();
-  void MontreFenetres();
+  void CreeFormWinsock();
+  ChampsSite LitChampsSite() const;
+  FormMonitor& Moniteur();
   void PlaceMoniteur();
+
+  // The end (application_end.cpp).
+  void DemandeFermeture();
   void FermeApplication();
+  void PrevientCompagnons();
   void SauveAvantFin();
   void DechargeFormes();
 
-  const ArgumentsDepart Arguments_;
-  const DossiersProgramme Dossiers_;
+  const PortsSysteme Systeme_;
+  const QString LigneCommande_;
   Parametres Reglages_;
   EtatApplication Etat_;
+  EtatLiaison Liaison_;
   TablesTextes Textes_;
 
-  // The system behind the ports.
-  HorlogeSysteme Temps_;
-  FichiersSysteme Disque_;
-  PompeEvenementsQt Pompe_;
-  FabriqueMinuteriesQt Minuteries_;
-  BoitesMessageQt Boites_;
-  EncodeurTurboJpeg Encodeur_;
-  EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
-
-  // Rooms that do not stand yet.
-  SonsMuets Sons_;
-  LiaisonLiveAbsente Live_;
-  CommandesSansModules Modules_;
-
-  std::unique_ptr<MagasinFichier> Magasin_;
-  std::unique_ptr<ReglagesPersistants> Sauvegarde_;
-  std::unique_ptr<MemoireCapture> Memoire_;
+  FrmSplash Splash_;
+  std::unique_ptr<RelanceDroits> Droits_;
+  std::unique_ptr<MagasinReglages> Magasin_;
+  std::unique_ptr<CanalMessages> Canal_;
   std::unique_ptr<PiloteCapture> Pilote_;
-  ActionsAlarmeReelles Actions_{Modules_};
-  VueSurveillance Vue_{Textes_, Boites_};
+  std::unique_ptr<SequenceDepart> Depart_;
+
+  // The rules, those that others are given first.
+  std::unique_ptr<ModuleSendMessages> Modules_;
+  std::unique_ptr<ReglagesPersistants> Sauvegarde_;
+  std::unique_ptr<ActionsAlarmeReelles> Actions_;
+  VueSurveillance Vue_;
+  VueLiaison VueLiaison_;
+  CameraDuMoteur Camera_;
+  EcrivainDuLive EcrivainLive_;
+  DessinTimbre Timbre_;
+  std::unique_ptr<PublicationLive> Live_;
   std::unique_ptr<Surveillance> Moteur_;
   std::unique_ptr<EnregistreurPhotos> Photos_;
+  ModulesCompagnons Compagnons_;
+  std::unique_ptr<FormWinsock> FormWinsock_;
 
   // Forms, in the order in which they are made; they go in the opposite one, before the engine.
   VueAgrandie PleinEcran_;
@@ -95,7 +112,7 @@ class Vaktor {
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;
   std::optional<QPoint> PlaceMoniteur_;  // where the program put the monitor last
-  bool Demarree_ = false;                // the start-up sequence is through
+  bool Chargee_ = false;                 // the parameters are those of the store, all of them
   bool Fermee_ = false;                  // the shutdown has begun
 };
 

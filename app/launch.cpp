@@ -8,6 +8,7 @@
 
 #include "app/application.h"
 #include "app/guarded_application.h"
+#include "app/real_system.h"
 #include "app/termination_signals.h"
 #include "base/failure.h"
 
@@ -45,17 +46,18 @@ ArgumentsDepart LitArguments(int argc, char** argv) {
 }
 
 int Execute(ApplicationGardee& application, const ArgumentsDepart& arguments) {
-  Vaktor vaktor(arguments);
+  SystemeReel systeme(arguments);
+  Vaktor vaktor(systeme.Ports(), arguments.LigneCommande);
   application.SurEchec([&vaktor](const QString& description) { vaktor.AnnonceEchec(description); });
   const SignauxFin signaux([&vaktor] { vaktor.Ferme(); });
   try {
-    vaktor.Demarre();
+    vaktor.Demarre(QLatin1String(kVersion));
   } catch (const std::exception& erreur) {
     const auto* echec = dynamic_cast<const Echec*>(&erreur);
     vaktor.AnnonceDemarrageImpossible(echec != nullptr ? echec->Description() : QString::fromLocal8Bit(erreur.what()));
     return 1;
   }
-  return vaktor.EnFermeture() ? 0 : QApplication::exec();
+  return vaktor.EstFinie() ? 0 : QApplication::exec();
 }
 
 }  // namespace

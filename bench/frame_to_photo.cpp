@@ -80,6 +80,14 @@ class ActionsChronometrees : public ActionsAlarme {
   EnregistreurPhotos* Photos_ = nullptr;
 };
 
+class SansLive : public LiaisonLive {
+ public:
+  bool LiveActif() const override { return false; }
+  void OublieLive() override {}
+  void PublieLive() override {}
+  void BasculeLive() override {}
+};
+
 class SansFenetre : public AffichageSurveillance {
  public:
   explicit SansFenetre(Mesures& mesures) : Mesures_(mesures) {}
@@ -152,7 +160,7 @@ int Mesure(const QString& camera, const QString& dossier, size_t photos) {
   EncodeurTurboJpeg encodeur;
   EcrivainJpegFichier ecrivain(encodeur, disque);
   SonsMuets sons;
-  LiaisonLiveAbsente live;
+  SansLive live;
   SansSauvegarde sauvegarde;
   ActionsChronometrees actions(mesures);
   SansFenetre affichage(mesures);

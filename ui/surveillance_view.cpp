@@ -38,7 +38,7 @@ void VueSurveillance::MontreCompteurs(qint32 millisecondes, qint32 points) {
   Page().MontreCompteurs(millisecondes, points);
 }
 
-void VueSurveillance::MontreBarre(qint32 valeur) { Formes_->Moniteur.MontreBarre(valeur); }
+void VueSurveillance::MontreBarre(qint32 valeur) { Formes_->Moniteur().MontreBarre(valeur); }
 
 void VueSurveillance::RafraichitVue() {
   if (Formes_->Moteur.Detection().ModeZoom) {
@@ -58,10 +58,10 @@ void VueSurveillance::CopiePleinEcran() { Formes_->PleinEcran.Copie(Formes_->Mot
 
 void VueSurveillance::RafraichitPleinEcran() { Formes_->PleinEcran.Rafraichit(); }
 
-void VueSurveillance::MontreMoniteur() { Formes_->Moniteur.show(); }
+void VueSurveillance::MontreMoniteur() { Formes_->Moniteur().show(); }
 
 void VueSurveillance::MontreSignalPerdu(bool perdu) {
-  Formes_->Moniteur.MontreAvis(perdu ? MotSignalPerdu(Formes_->Reglages.LangueCourante) : QString());
+  Formes_->Moniteur().MontreAvis(perdu ? MotSignalPerdu(Formes_->Reglages.LangueCourante) : QString());
 }
 
 void VueSurveillance::ActiveBouton(qint32 index, bool actif) {

@@ -1,6 +1,9 @@
 // What the engine shows, put into the controls of the forms, with the words of the current language.
 #pragma once
 
+#include <functional>
+#include <memory>
+
 #include "base/ports/message_boxes.h"
 #include "engine/ports/surveillance_display.h"
 #include "engine/surveillance.h"
@@ -20,7 +23,7 @@ class VueSurveillance : public AffichageSurveillance {
     const Surveillance& Moteur;
     const Parametres& Reglages;
     Form1& Fenetre;
-    FormMonitor& Moniteur;
+    std::function<FormMonitor&()> Moniteur;  ///< made at its first use, which may come before its turn in the start
     VueAgrandie& PleinEcran;
   };
 

@@ -82,8 +82,7 @@ QList<ProcessusVu> ProcessusSysteme::PrendInstantane() const {
     if (!nombre || pid == ::getpid()) continue;
     const std::optional<ProcessusVu> vu = LitProcessus(pid);
     if (!vu) continue;
-    const QString dossier = LitDossierPrive(pid);
-    if (dossier.isEmpty() || dossier == DossierPrive_) table.append(*vu);
+    if (LitDossierPrive(pid) == DossierPrive_) table.append(*vu);
   }
   return table;
 }

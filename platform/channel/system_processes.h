@@ -15,8 +15,9 @@ class ProcessusSysteme : public Processus {
   static constexpr int kDelaiForce = 200;  ///< milliseconds that the system has to take a killed process away
 
   /// `dossierPrive` is the private folder of this run, empty where there is none. It is handed to every program that is
-  /// started, in the variable kVariableDossier; and the process table leaves out what belongs to a run with another
-  /// private folder, so that a demonstration or a test beside a watch that runs does not end its companions.
+  /// started, in the variable kVariableDossier; and the process table holds only what was started with the same one
+  /// (with none, where this run has none), so that a demonstration or a test beside a watch that runs does not end its
+  /// companions.
   explicit ProcessusSysteme(const QString& dossierPrive = QString());
 
   QList<ProcessusVu> PrendInstantane() const override;

@@ -27,7 +27,7 @@ namespace vaktor::faux {
 struct BancFenetre {
   explicit BancFenetre(qint32 langue = 1) {
     Reglages.LangueCourante = langue;
-    Vue.Relie({Engin, Reglages, Fenetre, Moniteur, PleinEcran});
+    Vue.Relie({Engin, Reglages, Fenetre, [this]() -> FormMonitor& { return Moniteur; }, PleinEcran});
     PleinEcran.SurFermeture([this] { Fenetre.CheckPEcran().setChecked(false); });
     QObject::connect(&Moniteur, &FormMonitor::PleinEcranChoisi, &Fenetre, [this] { PleinEcran.Montre(); });
     Chargeur.ChargeTextes();

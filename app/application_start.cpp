@@ -1,0 +1,95 @@
+// The steps of the start-up sequence. Their order stands in start_sequence.cpp.
+#include <QScreen>
+
+#include "app/application.h"
+#include "base/failure.h"
+#include "ui/own_words.h"
+#include "ui/window_placement.h"
+
+namespace vaktor {
+
+namespace {
+constexpr qint32 kAucunSurvol = 5555;
+constexpr int kPagePrincipale = 1;
+}  // namespace
+
+void Vaktor::Demarre(const QString& version) {
+  Magasin_ = Systeme_.OuvreMagasin();
+  if (Systeme_.Registre != nullptr) {
+    Droits_ = std::make_unique<RelanceDroits>(
+        PortsRelance{*Systeme_.Registre, Systeme_.Boites, Systeme_.Programmes, Systeme_.Dossiers.Executables});
+  }
+  Depart_ = std::make_unique<SequenceDepart>(
+      PortsDepart{Splash_, *Magasin_, Reglages_, Droits_.get(), Systeme_.Pompe, Systeme_.Minuteries, *this, Etat_});
+  Depart_->Charge(version);
+}
+
+void Vaktor::ChargeParametres() {
+  const QString manquant = Systeme_.PrepareDossiers();
+  if (!manquant.isEmpty()) {
+    throw Echec(kFichierIntrouvable, MessageDossierImpossible(Reglages_.LangueCourante, manquant));
+  }
+  Canal_ = Systeme_.OuvreCanal();
+  Pilote_ = Systeme_.CreePilote([this] { return Reglages_.LangueCourante; });
+  CreeReglages();
+  Sauvegarde_->ChargeParametres();
+  Chargee_ = true;
+}
+
+// The load step of the main form. It runs inside the load of the settings: the delay and the language are known, the
+// rest still has its start values. The window and its timers are made first, as parts of the form.
+AffichageParametres& Vaktor::ChargeForm1() {
+  CreeLive();
+  CreeMoteur();
+  CreeForm1();
+  Systeme_.Sons.SurvolSon(kAucunSurvol);
+  CreeFormWinsock();
+  Systeme_.Pompe.PompeMessages();
+  Reglages_.SmtpPort = QStringLiteral("25");
+  Moteur_->ChoisitModeZoom(true);
+  Form1_->Moniteur().CocheMode(true);
+  Form1_->AmenePage(kPagePrincipale);
+  Photos_->FixeDateJour();
+  Moteur_->LitArguments(LigneCommande_);
+  return *VueParametres_;
+}
+
+void Vaktor::ChargeTextes() {
+  // The words go into the monitor too: this is its first use.
+  ChargeurTextes_ = std::make_unique<ChargeurTextes>(Reglages_, Textes_, *Form1_, Moniteur(),
+                                                     [this] { EcritLibellesBoutons(*Form1_, Textes_); });
+  ChargeurTextes_->ChargeTextes();
+}
+
+void Vaktor::LanceModules() { Compagnons_.LanceModules(); }
+
+void Vaktor::ChargeFormMonitor() { Moniteur(); }
+
+FormMonitor& Vaktor::Moniteur() {
+  if (!FormMonitor_) {
+    FormMonitor_ = std::make_unique<FormMonitor>(*Moteur_, Etat_, Reglages_, *Sauvegarde_);
+    QObject::connect(FormMonitor_.get(), &FormMonitor::PleinEcranChoisi, Form1_.get(),
+                     [this] { PleinEcran_.Montre(); });
+    QObject::connect(FormMonitor_.get(), &FormMonitor::TailleChangee, Form1_.get(), [this] { PlaceMoniteur(); });
+  }
+  return *FormMonitor_;
+}
+
+void Vaktor::MontreForm1() {
+  const QRect ecran = Form1_->screen()->availableGeometry();
+  Form1_->move(ecran.center() - QPoint(Form1_->width() / 2, Form1_->height() / 2));
+  Form1_->show();
+  PlaceMoniteur();
+}
+
+// The monitor opens beside the main window, not over it, and stays clear of it when the frame gets another size, until
+// the user has moved it.
+void Vaktor::PlaceMoniteur() {
+  FormMonitor& moniteur = Moniteur();
+  if (PlaceMoniteur_ && moniteur.pos() != *PlaceMoniteur_) return;
+  const QRect ecran = Form1_->screen()->availableGeometry();
+  PlaceMoniteur_ = PlaceFenetre(ecran, Form1_->frameGeometry(), moniteur.frameGeometry().size());
+  moniteur.move(*PlaceMoniteur_);
+}
+
+}  // namespace vaktor

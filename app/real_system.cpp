@@ -1,0 +1,41 @@
+#include "app/real_system.h"
+
+#include "app/camera.h"
+#include "companions/contract/command_words.h"
+#include "platform/base/program_folders.h"
+#include "platform/capture/capture_memory.h"
+#include "platform/channel/local_channel.h"
+#include "platform/store/file_store.h"
+
+namespace vaktor {
+
+SystemeReel::SystemeReel(const ArgumentsDepart& arguments) : Arguments_(arguments), Programmes_(arguments.Dossier) {}
+
+SystemeReel::~SystemeReel() = default;
+
+PortsSysteme SystemeReel::Ports() {
+  const DossiersProgramme dossiers = TrouveDossiers(Arguments_.Dossier);
+  const QString reglages = TrouveDossierReglages(Arguments_.Dossier);
+  return {.Dossiers = dossiers,
+          .PrepareDossiers = [dossiers] { return PrepareDossiers(dossiers); },
+          .OuvreMagasin =
+              [reglages] { return std::make_unique<MagasinFichier>(reglages + QLatin1Char('/') + kFichierReglages); },
+          .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
+          .CreePilote =
+              [this, reglages](std::function<qint32()> langue) {
+                Memoire_ = std::make_unique<MemoireCapture>(reglages + QStringLiteral("/capture.ini"));
+                return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
+              },
+          .Temps = Temps_,
+          .Disque = Disque_,
+          .Pompe = Pompe_,
+          .Minuteries = Minuteries_,
+          .Boites = Boites_,
+          .Ecrivain = Ecrivain_,
+          .Sons = Sons_,
+          .Programmes = Programmes_,
+          .Navigateur = Navigateur_,
+          .Registre = nullptr};  // no compatibility flags here: the restart with raised rights falls away
+}
+
+}  // namespace vaktor

@@ -1,0 +1,47 @@
+// The real system behind the ports, one object for the whole run.
+#pragma once
+
+#include <memory>
+
+#include "app/do_nothing.h"
+#include "app/start_arguments.h"
+#include "app/system_ports.h"
+#include "platform/base/event_pump.h"
+#include "platform/base/qt_timers.h"
+#include "platform/base/system_clock.h"
+#include "platform/base/system_files.h"
+#include "platform/channel/system_processes.h"
+#include "platform/image/turbo_jpeg_encoder.h"
+#include "platform/widgets/desktop_opener.h"
+#include "platform/widgets/qt_message_boxes.h"
+
+namespace vaktor {
+
+class MemoireCapture;
+
+/// Made after the application object; nothing in the making can fail. User-interface thread.
+class SystemeReel {
+ public:
+  explicit SystemeReel(const ArgumentsDepart& arguments);
+  ~SystemeReel();
+  SystemeReel(const SystemeReel&) = delete;
+  SystemeReel& operator=(const SystemeReel&) = delete;
+
+  PortsSysteme Ports();
+
+ private:
+  const ArgumentsDepart Arguments_;
+  HorlogeSysteme Temps_;
+  FichiersSysteme Disque_;
+  PompeEvenementsQt Pompe_;
+  FabriqueMinuteriesQt Minuteries_;
+  BoitesMessageQt Boites_;
+  EncodeurTurboJpeg Encodeur_;
+  EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
+  OuvreurBureau Navigateur_;
+  SonsMuets Sons_;  // the sounds' room does not stand yet
+  ProcessusSysteme Programmes_;
+  std::unique_ptr<MemoireCapture> Memoire_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,45 @@
+// The system that the program runs on, as ports. launch.cpp hands in the real one, tests hand in fakes.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "app/ports/system_registry.h"
+#include "base/ports/message_boxes.h"
+#include "base/ports/opener.h"
+#include "base/program_folders.h"
+#include "companions/ports/message_channel.h"
+#include "companions/ports/processes.h"
+#include "engine/ports/capture_driver.h"
+#include "engine/ports/clock.h"
+#include "engine/ports/event_pump.h"
+#include "engine/ports/interface_sounds.h"
+#include "engine/ports/timers.h"
+#include "image/jpeg_writer.h"
+#include "settings/ports/files.h"
+#include "settings/ports/settings_store.h"
+
+namespace vaktor {
+
+/// All references outlive the program. What can fail is opened by the program itself, when it is its turn: the
+/// functions throw Echec.
+struct PortsSysteme {
+  DossiersProgramme Dossiers;
+  std::function<QString()> PrepareDossiers;  ///< makes the folders; the one that could not be made, or the empty text
+  std::function<std::unique_ptr<MagasinReglages>()> OuvreMagasin;
+  std::function<std::unique_ptr<CanalMessages>()> OuvreCanal;
+  /// `langue` gives the language of the driver's dialogs at any moment.
+  std::function<std::unique_ptr<PiloteCapture>(std::function<qint32()> langue)> CreePilote;
+  Horloge& Temps;
+  Fichiers& Disque;
+  PompeEvenements& Pompe;
+  FabriqueMinuteries& Minuteries;
+  BoitesMessage& Boites;
+  EcrivainJpeg& Ecrivain;
+  SonsInterface& Sons;
+  Processus& Programmes;
+  Ouvreur& Navigateur;
+  RegistreSysteme* Registre = nullptr;  ///< only where the system keeps compatibility flags in one
+};
+
+}  // namespace vaktor
