@@ -35,7 +35,7 @@ ModuleFtp::ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp>
   TimerSigne_ = cree("TimerSigne", kSigne, [this] {
     if (Lien_ == Lien::kConnecte && Tache_ == Tache::kAucune) Execute(Tache::kSigne);
   });
-  TimerPhotos_ = cree("TimerPhotos", kRegard, [this] { RegardePhotos(); });
+  TimerPhotos_ = cree("TimerPhotos", kRegardLent, [this] { RegardePhotos(); });
   TimerPausePhotos_ = cree("TimerPausePhotos", kPausePhotos, [this] {
     TimerPausePhotos_->Desactive();
     Avance();
@@ -144,6 +144,7 @@ void ModuleFtp::FinitConnexion(const ResultatFtp& resultat) {
   Contexte_.Dis(QStringLiteral("ConOK"));
   Reussit(false);
   TimerSigne_->Active();
+  TimerPhotos_->ChangeIntervalle(kRegard);
   RegardePhotos();
 }
 
@@ -163,6 +164,7 @@ void ModuleFtp::Perd(const ResultatFtp& resultat) {
   Lien_ = Lien::kPerdu;
   TimerSigne_->Desactive();
   TimerCalme_->Desactive();
+  TimerPhotos_->ChangeIntervalle(kRegardLent);
   TimerReprise_->ChangeIntervalle(kReprises.at(std::min(Essai_, kReprises.size() - 1)));
   ++Essai_;
   TimerReprise_->Active();
@@ -178,6 +180,7 @@ void ModuleFtp::Arrete(const QString& mot) {
   LiveDemande_ = PageDemandee_ = false;
   for (Minuterie* minuterie : {TimerReprise_.get(), TimerSigne_.get(), TimerCalme_.get(), TimerPausePhotos_.get()})
     minuterie->Desactive();
+  TimerPhotos_->ChangeIntervalle(kRegardLent);
   if (mot.isEmpty()) return;
   Contexte_.Journal.Note(QStringLiteral("stopped: ") + mot);
   Contexte_.Dis(mot);

@@ -27,6 +27,7 @@ class ModuleFtp : public Module {
   static constexpr int kCoupuresMax = 3;         ///< connections lost before anything at all was uploaded
   static constexpr qint32 kSigne = 60000;        ///< milliseconds between two signs of life
   static constexpr qint32 kRegard = 2000;        ///< between two looks for photos
+  static constexpr qint32 kRegardLent = 30000;   ///< while not connected, for the bound on what waits
   static constexpr qint32 kPausePhotos = 60000;  ///< without photos after one that was refused
   static constexpr qint32 kRythmePage = 10000;   ///< between two pages that were renewed by themselves
   static constexpr qint32 kCalme = 1500;         ///< after an upload, until "monitoring active" is shown again

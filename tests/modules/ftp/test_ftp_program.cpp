@@ -1,0 +1,235 @@
+// The whole companion against the real main-program side of the channel and a real server: what the window shows.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "companions/companion_fakes.h"
+#include "modules/ftp/ftp_test_server.h"
+#include "platform/channel/local_channel.h"
+#include "platform/store/file_store.h"
+#include "settings/password_scrambling.h"
+#include "support/event_wait.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Programme : testing::Test {
+  QTemporaryDir Temporaire;
+  DossierCanal Dossier{(QDir(Temporaire.path()).mkdir("run"), Temporaire.filePath("run/vaktor"))};
+  CanalLocal Canal{Dossier};
+  MagasinFichier Magasin{Temporaire.filePath("vaktor.ini")};
+  QStringList Journal;
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Minuteries{Horloge};
+  EtatLiaison Etat;
+  ModuleSendMessages Envois{Canal, Etat};
+  FenetreFausse Fenetre{Journal};
+  std::unique_ptr<FormWinsock> Form = OuvreForm();
+  QProcess Processus;
+  ServeurEssai Serveur;
+
+  std::unique_ptr<FormWinsock> OuvreForm() {
+    return std::make_unique<FormWinsock>(
+        PortsWinsock{Canal, Magasin, Minuteries, Envois, Fenetre, Fenetre, Etat, [] {}});
+  }
+  void SetUp() override {
+    Serveur.Demarre();
+    QDir(Temporaire.path()).mkpath("Temp/FTP");
+    Regle("ftp", QStringLiteral("ftp://127.0.0.1:%1/").arg(Serveur.Port()));
+    Regle("user", "anna");
+    Regle("pass", CryptePass("sesame"));
+    Regle("racine", "/");
+    Magasin.EcritReglage("general", "langue", "1");
+    Magasin.Vide();
+    Lance();
+    ASSERT_TRUE(AttendQue([this] { return Etat.FtpModulePret; })) << Processus.readAll().toStdString();
+    EXPECT_NE(Etat.HandleFTP, 0);
+    Etat.SurveillanceEnCours = true;
+  }
+  void Lance(const QStringList& arguments = {}) {
+    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
+    milieu.insert("XDG_RUNTIME_DIR", Temporaire.filePath("run"));
+    milieu.insert(kVariableDossier, Temporaire.path());
+    milieu.insert("SSL_CERT_FILE", Serveur.Autorite());
+    Processus.setProcessEnvironment(milieu);
+    Processus.setProcessChannelMode(QProcess::MergedChannels);
+    Processus.start(VAKTOR_FTP, arguments);
+    ASSERT_TRUE(Processus.waitForStarted());
+  }
+  void TearDown() override {
+    Processus.kill();
+    Processus.waitForFinished();
+    // Whatever happened, the password is in none of its files.
+    const QDir etat(Temporaire.filePath("etat"));
+    for (const QString& nom : etat.entryList(QDir::Files))
+      EXPECT_FALSE(LitOctets(etat.filePath(nom)).contains("sesame")) << nom.toStdString();
+  }
+  void Regle(const QString& cle, const QString& valeur) { Magasin.EcritReglage("FTP", cle, valeur); }
+  void Sauve() {
+    Magasin.Vide();
+    Envois.EnvoiFTP("Optio");
+  }
+  bool Montre(const QString& quoi) {
+    return AttendQue([&] { return Journal.contains(quoi); });
+  }
+  /// The next status text of that number, and all that came before it is forgotten.
+  testing::AssertionResult AttendStatut(int numero) {
+    const QString voulu = QStringLiteral("statut %1").arg(numero);
+    if (!Montre(voulu)) return testing::AssertionFailure() << "not " << numero << " but: " << Vus().toStdString();
+    Journal = Journal.mid(Journal.indexOf(voulu) + 1);
+    return testing::AssertionSuccess();
+  }
+  QString Vus() const { return Journal.join(" | "); }
+  void PoseLive(int graine) { EcritOctets(Temporaire.filePath("Temp/Live.jpg"), CreeJpeg(graine)); }
+  QString EtatEcrit() { return QString::fromUtf8(LitOctets(Temporaire.filePath("etat/VAKTORftp.json"))); }
+  void ConnecteEtPublie() {
+    PoseLive(1);
+    Envois.EnvoiFTP("Conne");
+    ASSERT_TRUE(AttendStatut(36));
+    Envois.EnvoiFTP("Surve");
+    ASSERT_TRUE(AttendStatut(37));
+    ASSERT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1));
+  }
+};
+
+TEST_F(Programme, FromTheSwitchToTheMonitoringThatRuns) {
+  PoseLive(1);
+  Envois.EnvoiFTP("Conne");
+  ASSERT_TRUE(AttendQue([this] { return Etat.LiveActif; }));
+  EXPECT_EQ(Vus(),
+            QString::fromUtf8("statut 69 | statut Serveur trouvé | statut Identification | statut 36 | live LEDVERT"));
+  Journal.clear();
+  Envois.EnvoiFTP("Surve");
+  ASSERT_TRUE(Montre("statut 33"));
+  EXPECT_EQ(Vus(), "statut 70 | statut 37 | live LEDVERT | statut 33 | live LEDVERT");
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1));
+  EXPECT_TRUE(EtatEcrit().contains("\"ok\""));
+  Envois.EnvoiFTP("Decon");
+  EXPECT_TRUE(AttendStatut(34));
+}
+
+TEST_F(Programme, EachMistakeOfTheUserIsShownAndTurnsTheSwitchOff) {
+  const auto essaie = [this](const QString& cle, const QString& valeur, int statut, const QString& rouge) {
+    const QString avant = Magasin.LitReglage("FTP", cle, QString());
+    Regle(cle, valeur);
+    Sauve();
+    Etat.SurveillanceEnCours = true;
+    Journal.clear();
+    Envois.EnvoiFTP("Conne");
+    EXPECT_TRUE(AttendStatut(statut));
+    EXPECT_TRUE(Montre("page 2")) << Vus().toStdString();
+    EXPECT_TRUE(rouge.isEmpty() || Journal.contains(rouge)) << Vus().toStdString();
+    EXPECT_FALSE(Etat.SurveillanceEnCours);
+    Regle(cle, avant);
+    Sauve();
+  };
+  essaie("pass", CryptePass("faux"), 38, "rouge TxtPass");
+  EXPECT_TRUE(EtatEcrit().contains("530")) << EtatEcrit().toStdString();
+  essaie("racine", "/pas/la", 72, "rouge TxtFTPracine");
+  EXPECT_TRUE(EtatEcrit().contains("550"));
+  essaie("user", "", 40, "");
+  essaie("ftp", "ftp.", 40, "");
+  essaie("ftp", "127.0.0.1:1", 39, "");
+  Etat.SurveillanceEnCours = true;
+  ConnecteEtPublie();
+  EXPECT_TRUE(EtatEcrit().contains("\"ok\"")) << "put right, and the file says so";
+}
+
+TEST_F(Programme, AServerThatIsRestartedIsFoundAgain) {
+  ConnecteEtPublie();
+  Serveur.Arrete();
+  PoseLive(2);
+  Envois.EnvoiFTP("Surve");
+  ASSERT_TRUE(AttendStatut(174));
+  EXPECT_TRUE(Etat.SurveillanceEnCours && Etat.LiveActif) << "the user's switch stays on";
+  EXPECT_TRUE(EtatEcrit().contains("ftp-connection"));
+  Serveur.Demarre();
+  ASSERT_TRUE(AttendStatut(69));
+  ASSERT_TRUE(AttendStatut(36));
+  ASSERT_TRUE(AttendStatut(37)) << "the image that was lost comes without being asked for again";
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(2));
+}
+
+TEST_F(Programme, AConnectionCutInMidTransferIsTakenUpAgain) {
+  ConnecteEtPublie();
+  Serveur.Dit("cut 3000");
+  PoseLive(3);
+  Envois.EnvoiFTP("Surve");
+  ASSERT_TRUE(AttendStatut(174));
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1)) << "visitors still have the old one";
+  ASSERT_TRUE(AttendStatut(36));
+  ASSERT_TRUE(AttendStatut(37));
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
+}
+
+TEST_F(Programme, AFullServerIsToldAndRecoveredFrom) {
+  ConnecteEtPublie();
+  Serveur.Dit("full");
+  Envois.EnvoiFTP("Surve");
+  ASSERT_TRUE(AttendStatut(36)) << "connected, which is true, and no upload done";
+  ASSERT_TRUE(AttendQue([this] { return EtatEcrit().contains("552 Quota exceeded, *** or not."); }));
+  Serveur.Dit("normal");
+  PoseLive(4);
+  Envois.EnvoiFTP("Surve");
+  ASSERT_TRUE(AttendStatut(37));
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(4));
+  EXPECT_TRUE(EtatEcrit().contains("\"ok\""));
+}
+
+TEST_F(Programme, PhotosAreOnThePageAndGoneFromHere) {
+  const QString ici = Temporaire.filePath("Temp/FTP");
+  ConnecteEtPublie();
+  EcritOctets(ici + "/2026-11-15  14-05-09 Photo 00001.jpg", CreeJpeg(5));
+  EcritOctets(ici + "/moitie.jpg", CreeJpeg(6).left(500));
+  ASSERT_TRUE(AttendQue([&] { return QDir(ici).entryList(QDir::Files) == QStringList("moitie.jpg"); }));
+  Envois.EnvoiFTP("UploM");
+  ASSERT_TRUE(AttendStatut(37));
+  EXPECT_EQ(LitOctets(Serveur.Chemin("2026-11-15  14-05-09 Photo 00001.jpg")), CreeJpeg(5));
+  EXPECT_TRUE(LitOctets(Serveur.Chemin("live.html")).contains("2026-11-15%20%2014-05-09%20Photo%2000001.jpg"));
+  EXPECT_FALSE(QFile::exists(Serveur.Chemin("moitie.jpg")));
+  EcritOctets(ici + "/moitie.jpg", CreeJpeg(6));
+  ASSERT_TRUE(AttendQue([&] { return LitOctets(Serveur.Chemin("live.html")).contains("moitie.jpg"); }))
+      << "the page follows by itself";
+}
+
+TEST_F(Programme, QuitEndsItEvenInTheMiddleOfATransfer) {
+  ConnecteEtPublie();
+  Serveur.Dit("silent");
+  EcritOctets(Temporaire.filePath("Temp/Live.jpg"), CreeJpeg(7, 2500));
+  Envois.EnvoiFTP("Surve");
+  ASSERT_TRUE(AttendStatut(70));
+  Envois.EnvoiFTP("Quit*");
+  ASSERT_TRUE(AttendQue([this] { return Processus.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Processus.exitCode(), 0);
+}
+
+TEST_F(Programme, AMainProgramThatComesBackFindsItReadyAndNotConnected) {
+  ConnecteEtPublie();
+  Form.reset();
+  Etat = {};
+  Journal.clear();
+  Form = OuvreForm();
+  ASSERT_TRUE(AttendQue([this] { return Etat.FtpModulePret; }));
+  EXPECT_EQ(Vus(), "");
+  Etat.SurveillanceEnCours = true;
+  ConnecteEtPublie();
+}
+
+TEST_F(Programme, ItTellsItsVersion) {
+  Processus.kill();
+  Processus.waitForFinished();
+  Processus.readAll();
+  Lance({"--version"});
+  ASSERT_TRUE(Processus.waitForFinished());
+  EXPECT_EQ(Processus.readAll(), "VAKTORftp " VAKTOR_VERSION "\n");
+  Lance({"--help"});
+  ASSERT_TRUE(Processus.waitForFinished());
+  const QString aide = QString::fromUtf8(Processus.readAll());
+  EXPECT_TRUE(aide.contains("Publie la") && aide.contains("Publishes the camera"));
+}
+
+}  // namespace
+}  // namespace vaktor::essai
