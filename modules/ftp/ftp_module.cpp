@@ -153,14 +153,19 @@ void ModuleFtp::Echoue(const ResultatFtp& resultat) {
   const bool patience = resultat.Issue == IssueFtp::kSansReseau || (Etabli_ && (!refuse || ++Refus_ < kRefusMax));
   // A connection that stands but never carries a file will not do so tomorrow: the user has to know.
   const bool sterile = Lien_ == Lien::kConnecte && !DejaPublie_ && ++Coupures_ >= kCoupuresMax;
-  Signale(CreeAvis(resultat, Acces_), false);
-  if (patience && !sterile)
-    Perd(resultat);
-  else
+  AvisEchec avis = CreeAvis(resultat, Acces_);
+  if (!patience || sterile) {
+    Signale(avis, false);
     Arrete(DonneMotEchec(resultat.Issue));
+    return;
+  }
+  // An outage has many faces, one after the other; it is one failure all the same, told once.
+  avis.Sujet = QStringLiteral("ftp-lost");
+  Signale(avis, false);
+  Perd();
 }
 
-void ModuleFtp::Perd(const ResultatFtp& resultat) {
+void ModuleFtp::Perd() {
   Lien_ = Lien::kPerdu;
   TimerSigne_->Desactive();
   TimerCalme_->Desactive();
@@ -168,7 +173,6 @@ void ModuleFtp::Perd(const ResultatFtp& resultat) {
   TimerReprise_->ChangeIntervalle(kReprises.at(std::min(Essai_, kReprises.size() - 1)));
   ++Essai_;
   TimerReprise_->Active();
-  Contexte_.Journal.Note(QStringLiteral("connection lost: ") + resultat.Mots);
   Contexte_.Dis(QStringLiteral("Netdc"));
 }
 

@@ -55,7 +55,7 @@ class ModuleFtp : public Module {
   void LanceConnexion();
   void FinitConnexion(const ResultatFtp& resultat);
   void Echoue(const ResultatFtp& resultat);
-  void Perd(const ResultatFtp& resultat);
+  void Perd();
   void Arrete(const QString& mot);
 
   // Uploads.

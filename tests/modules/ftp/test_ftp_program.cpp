@@ -144,7 +144,7 @@ TEST_F(Programme, AServerThatIsRestartedIsFoundAgain) {
   Envois.EnvoiFTP("Surve");
   ASSERT_TRUE(AttendStatut(174));
   EXPECT_TRUE(Etat.SurveillanceEnCours && Etat.LiveActif) << "the user's switch stays on";
-  EXPECT_TRUE(EtatEcrit().contains("ftp-connection"));
+  EXPECT_TRUE(EtatEcrit().contains("ftp-lost"));
   Serveur.Demarre();
   ASSERT_TRUE(AttendStatut(69));
   ASSERT_TRUE(AttendStatut(36));

@@ -1,0 +1,146 @@
+#!/usr/bin/python3
+"""Opens live.html in headless Chromium from a local web server, as a visitor would, and looks at it.
+
+look_at_page.py FOLDER SCREENSHOTS
+
+FOLDER holds live.html, a blue live.jpg, a red next.jpg and the photos. In light and in dark, on a phone and on a desk:
+nothing is wider than the screen, the colours follow the scheme, the photos stand in a grid and are not all loaded at
+once, and the live picture turns from blue to red without ever being away. Nothing is asked of any other server.
+"""
+import functools
+import http.server
+import json
+import os
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import time
+
+PATIENCE = 60
+folder, shots = sys.argv[1], sys.argv[2]
+asked = []
+
+
+class Handler(http.server.SimpleHTTPRequestHandler):
+    def log_message(self, *_):
+        asked.append(self.path)
+
+
+class Browser:
+    def __init__(self, profile):
+        to_browser, from_us = os.pipe()
+        from_browser, to_us = os.pipe()
+
+        def prepare():
+            # The browser reads its commands on 3 and answers on 4.
+            os.dup2(to_browser, 103), os.dup2(to_us, 104)
+            os.dup2(103, 3), os.dup2(104, 4)
+
+        self.process = subprocess.Popen(
+            ["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage", "--no-first-run",
+             "--user-data-dir=" + profile, "--remote-debugging-pipe"],
+            preexec_fn=prepare, close_fds=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        os.close(to_browser), os.close(to_us)
+        self.out, self.inp, self.number = os.fdopen(from_us, "wb", 0), os.fdopen(from_browser, "rb"), 0
+        target = self.say("Target.createTarget", url="about:blank")["targetId"]
+        self.session = self.say("Target.attachToTarget", targetId=target, flatten=True)["sessionId"]
+
+    def say(self, method, **params):
+        self.number += 1
+        message = {"id": self.number, "method": method, "params": params}
+        if hasattr(self, "session"):
+            message["sessionId"] = self.session
+        self.out.write(json.dumps(message).encode() + b"\0")
+        while True:
+            answer = b""
+            while not answer.endswith(b"\0"):
+                byte = self.inp.read(1)
+                assert byte, "the browser has ended"
+                answer += byte
+            answer = json.loads(answer[:-1])
+            if answer.get("id") == self.number:
+                assert "error" not in answer, answer
+                return answer["result"]
+
+    def js(self, expression):
+        result = self.say("Runtime.evaluate", expression=expression, returnByValue=True)
+        assert "exceptionDetails" not in result, result
+        return result["result"].get("value")
+
+    def wait(self, expression):
+        end = time.monotonic() + PATIENCE
+        while not self.js(expression):
+            assert time.monotonic() < end, expression
+            time.sleep(0.05)
+
+    def shoot(self, name):
+        import base64
+        data = self.say("Page.captureScreenshot", format="png")["data"]
+        with open(os.path.join(shots, name), "wb") as file:
+            file.write(base64.b64decode(data))
+
+
+COLOUR = """(function () {
+  var c = document.createElement("canvas"), i = document.getElementById("live");
+  if (!i.complete || !i.naturalWidth) { return ""; }
+  c.width = c.height = 1;
+  c.getContext("2d").drawImage(i, 0, 0, 1, 1);
+  var d = c.getContext("2d").getImageData(0, 0, 1, 1).data;
+  return d[2] > 200 && d[0] < 60 ? "blue" : d[0] > 200 && d[2] < 60 ? "red" : "other";
+}())"""
+WATCH = """window.gaps = 0; window.frames_ = 0; (function look() {
+  var i = document.getElementById("live");
+  if (!i || !i.complete || !i.naturalWidth) { window.gaps += 1; }
+  window.frames_ += 1; requestAnimationFrame(look);
+}())"""
+
+
+def look(browser, address, name, scheme, width, height, phone):
+    shutil.copy(os.path.join(folder, "first.jpg"), os.path.join(folder, "live.jpg"))
+    browser.say("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=1, mobile=phone)
+    browser.say("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": scheme}])
+    asked.clear()
+    browser.say("Page.navigate", url=address)
+    browser.wait("document.readyState === 'complete' && location.pathname === '/live.html'")
+    browser.wait(COLOUR + " === 'blue'")
+    browser.js(WATCH)
+    photos = browser.js("document.querySelectorAll('#photos img').length")
+    loaded = sum("Photo" in path for path in asked)
+    assert photos == 60 and 0 < loaded, (photos, loaded)
+    # Of the first look only: later ones find the photos in the cache and ask whether they are still good.
+    assert name != "phone-light" or loaded < photos, "all photos at once on a phone"
+    assert browser.js("document.documentElement.scrollWidth <= innerWidth"), "wider than the screen"
+    columns = browser.js("getComputedStyle(document.querySelector('#photos ul')).gridTemplateColumns.split(' ').length")
+    assert 2 <= columns <= 3 if phone else columns > 3, columns
+    light = browser.js("getComputedStyle(document.body).backgroundColor.match(/\\d+/g).reduce((a, b) => a + +b, 0)")
+    assert (light > 500) == (scheme == "light"), (scheme, light)
+    browser.shoot(name + "-before.png")
+    os.replace(os.path.join(folder, "next.jpg"), os.path.join(folder, "live.jpg"))
+    shutil.copy(os.path.join(folder, "live.jpg"), os.path.join(folder, "next.jpg"))
+    browser.wait(COLOUR + " === 'red'")
+    browser.shoot(name + "-after.png")
+    gaps, frames = browser.js("window.gaps"), browser.js("window.frames_")
+    assert gaps == 0, gaps
+    assert all(path.split("?")[0] in ("/live.html", "/live.jpg", "/favicon.ico") or "Photo" in path for path in asked)
+    print(f"{name}: {columns} columns, {loaded} of {photos} photos loaded at first, {frames} frames, none without picture")
+
+
+def main():
+    server = http.server.ThreadingHTTPServer(("127.0.0.1", 0), functools.partial(Handler, directory=folder))
+    threading.Thread(target=server.serve_forever, daemon=True).start()
+    address = f"http://127.0.0.1:{server.server_port}/live.html"
+    with tempfile.TemporaryDirectory(ignore_cleanup_errors=True) as profile:
+        browser = Browser(profile)
+        try:
+            browser.say("Page.enable")
+            for scheme in ("light", "dark"):
+                look(browser, address, "phone-" + scheme, scheme, 390, 844, True)
+                look(browser, address, "desk-" + scheme, scheme, 1280, 900, False)
+        finally:
+            browser.process.kill()
+            browser.process.wait()
+
+
+main()
