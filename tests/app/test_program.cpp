@@ -17,6 +17,8 @@ class Programme : public testing::Test {
   Programme() {
     QProcessEnvironment environnement = QProcessEnvironment::systemEnvironment();
     environnement.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+    // A channel of its own, in a folder that goes with the test.
+    environnement.insert(QStringLiteral("XDG_RUNTIME_DIR"), Dossier.path());
     Processus.setProcessEnvironment(environnement);
     Processus.setProcessChannelMode(QProcess::MergedChannels);
   }

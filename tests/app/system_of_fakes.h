@@ -1,0 +1,248 @@
+// The whole system behind the program as fakes that write every call into one journal, in the order in which it came.
+#pragma once
+
+#include <QMap>
+#include <map>
+
+#include "app/application.h"
+#include "base/failure.h"
+#include "fakes/fake_capture_driver.h"
+#include "fakes/fake_event_pump.h"
+#include "fakes/fake_interface_sounds.h"
+#include "fakes/journal.h"
+#include "fakes/virtual_timers.h"
+
+namespace vaktor::essai {
+
+using faux::Journal;
+
+class MagasinNote : public MagasinReglages {
+ public:
+  MagasinNote(Journal& journal, QMap<QString, QString>& valeurs) : J_(journal), Valeurs_(valeurs) {}
+  QString LitReglage(const QString& section, const QString& cle, const QString& defaut) const override {
+    J_.Note([&] { return QStringLiteral("store: read %1/%2").arg(section, cle); });
+    return Valeurs_.value(section + u'/' + cle, defaut);
+  }
+  void EcritReglage(const QString& section, const QString& cle, const QString& valeur) override {
+    J_.Note([&] { return QStringLiteral("store: write %1/%2").arg(section, cle); });
+    Valeurs_.insert(section + u'/' + cle, valeur);
+  }
+  void Vide() override {
+    J_.Note([] { return QStringLiteral("store: flush"); });
+  }
+
+ private:
+  Journal& J_;
+  QMap<QString, QString>& Valeurs_;
+};
+
+class CanalNote : public CanalMessages {
+ public:
+  CanalNote(Journal& journal, std::map<qint32, std::function<void(const QString&)>>& boites)
+      : J_(journal), Boites_(boites) {}
+  qint32 OuvreBoite(std::function<void(const QString&)> recu) override {
+    const qint32 poignee = 1001 + static_cast<qint32>(Boites_.size());
+    Boites_[poignee] = std::move(recu);
+    J_.Note([poignee] { return QStringLiteral("channel: open %1").arg(poignee); });
+    return poignee;
+  }
+  void FermeBoite(qint32 poignee) override {
+    Boites_.erase(poignee);
+    J_.Note([poignee] { return QStringLiteral("channel: close %1").arg(poignee); });
+  }
+  void PosteTouche(qint32 poignee, qint32 code) noexcept override {
+    J_.Note([=] { return QStringLiteral("channel: post %1 to %2").arg(code).arg(poignee); });
+  }
+
+ private:
+  Journal& J_;
+  std::map<qint32, std::function<void(const QString&)>>& Boites_;
+};
+
+class ProcessusNote : public Processus {
+ public:
+  explicit ProcessusNote(Journal& journal) : J_(journal) {}
+  QList<ProcessusVu> PrendInstantane() const override {
+    J_.Note([] { return QStringLiteral("processes: list"); });
+    return Table;
+  }
+  bool TermineProcessus(const ProcessusVu& vu) override {
+    J_.Note([&vu] { return QStringLiteral("processes: end ") + vu.Nom; });
+    Table.removeIf([&vu](const ProcessusVu& autre) { return autre.Pid == vu.Pid; });
+    return true;
+  }
+  bool LanceProgramme(const QString& chemin) override {
+    J_.Note([&chemin] { return QStringLiteral("processes: start ") + chemin; });
+    if (PendantLancement) PendantLancement();
+    return !Absents.contains(chemin);
+  }
+  QList<ProcessusVu> Table;
+  QStringList Absents;
+  std::function<void()> PendantLancement;
+
+ private:
+  Journal& J_;
+};
+
+class BoitesNotees : public BoitesMessage {
+ public:
+  explicit BoitesNotees(Journal& journal) : J_(journal) {}
+  ReponseBoite MontreMessage(const QString& texte, const QString& titre, BoutonsBoite) override {
+    J_.Note([&] { return QStringLiteral("box: ") + titre; });
+    Textes.append(texte);
+    return ReponseBoite::kOk;
+  }
+  QStringList Textes;
+
+ private:
+  Journal& J_;
+};
+
+class DisqueNote : public Fichiers {
+ public:
+  explicit DisqueNote(Journal& journal) : J_(journal) {}
+  bool Existe(const QString& chemin) const override {
+    J_.Note([&] { return QStringLiteral("files: exists ") + chemin; });
+    return Existants.contains(chemin);
+  }
+  bool CreeDossier(const QString& chemin) override {
+    J_.Note([&] { return QStringLiteral("files: make ") + chemin; });
+    Existants.append(chemin);
+    return true;
+  }
+  std::optional<qint64> EspaceLibre(const QString&) const override { return std::nullopt; }
+  QStringList ListeFichiers(const QString&, const QString&) const override { return {}; }
+  bool Supprime(const QString&) override { return false; }
+  int EcritFichier(const QString&, QByteArrayView) override { return 0; }
+  QStringList Existants;
+
+ private:
+  Journal& J_;
+};
+
+class EcrivainNote : public EcrivainJpeg {
+ public:
+  explicit EcrivainNote(Journal& journal) : J_(journal) {}
+  void EnregistreJPEG(const QImage&, const QString& fichier, quint8) override {
+    J_.Note([&] { return QStringLiteral("jpeg: ") + fichier; });
+  }
+
+ private:
+  Journal& J_;
+};
+
+class OuvreurMuet : public Ouvreur {
+ public:
+  void OuvreAdresse(const QString&) override {}
+  void OuvreDossier(const QString&) override {}
+};
+
+class HorlogeNotee : public faux::HorlogeVirtuelle {
+ public:
+  explicit HorlogeNotee(Journal& journal) : J_(journal) {}
+  QDate DonneDate() const override {
+    J_.Note([] { return QStringLiteral("clock: date"); });
+    return HorlogeVirtuelle::DonneDate();
+  }
+
+ private:
+  Journal& J_;
+};
+
+class MinuterieNotee : public Minuterie {
+ public:
+  MinuterieNotee(Journal& journal, QString nom, std::unique_ptr<Minuterie> vraie)
+      : J_(journal), Nom_(std::move(nom)), Vraie_(std::move(vraie)) {}
+  void ChangeIntervalle(qint32 millisecondes) override {
+    Dit(QStringLiteral("interval %1").arg(millisecondes));
+    Vraie_->ChangeIntervalle(millisecondes);
+  }
+  qint32 Intervalle() const override { return Vraie_->Intervalle(); }
+  void Active() override {
+    Dit(QStringLiteral("on"));
+    Vraie_->Active();
+  }
+  void Desactive() override {
+    Dit(QStringLiteral("off"));
+    Vraie_->Desactive();
+  }
+  bool EstActive() const override { return Vraie_->EstActive(); }
+
+ private:
+  void Dit(const QString& quoi) {
+    J_.Note([&] { return QStringLiteral("timer %1: %2").arg(Nom_, quoi); });
+  }
+  Journal& J_;
+  QString Nom_;
+  std::unique_ptr<Minuterie> Vraie_;
+};
+
+class MinuteriesNotees : public FabriqueMinuteries {
+ public:
+  MinuteriesNotees(Journal& journal, faux::TempsVirtuel& temps) : J_(journal), Temps_(temps) {}
+  std::unique_ptr<Minuterie> CreeMinuterie(const QString& nom, qint32 millisecondes,
+                                           std::function<void()> tic) override {
+    J_.Note([&] { return QStringLiteral("timer %1: made").arg(nom); });
+    return std::make_unique<MinuterieNotee>(J_, nom, Temps_.CreeMinuterie(nom, millisecondes, std::move(tic)));
+  }
+
+ private:
+  Journal& J_;
+  faux::TempsVirtuel& Temps_;
+};
+
+/// The program over it. Nothing is started before Demarre.
+struct SystemeFaux {
+  SystemeFaux() {
+    Notes.Ecoute();
+    Pilote->Image = QImage(287, 241, QImage::Format_RGB32);
+    Pilote->Image.fill(Qt::black);
+  }
+  PortsSysteme Ports() {
+    return {.Dossiers = {.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")},
+            .PrepareDossiers =
+                [this] {
+                  Notes.Note([] { return QStringLiteral("folders: prepare"); });
+                  return QString();
+                },
+            .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs); },
+            .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites); },
+            .CreePilote = [this](const std::function<qint32()>&) { return std::move(Pilote); },
+            .Temps = Horloge,
+            .Disque = Disque,
+            .Pompe = Pompe,
+            .Minuteries = Minuteries,
+            .Boites = Messages,
+            .Ecrivain = Ecrivain,
+            .Sons = Sons,
+            .Programmes = Programmes,
+            .Navigateur = Navigateur};
+  }
+  /// A companion writes a word into its inbox.
+  void Recoit(qint32 poignee, const QString& texte) {
+    const auto recu = Boites.at(poignee);
+    recu(texte);
+  }
+  QStringList DepuisVide() {
+    const QStringList lignes = Notes.Lignes();
+    Notes.Vide();
+    return lignes;
+  }
+
+  Journal Notes;
+  QMap<QString, QString> Valeurs;
+  std::map<qint32, std::function<void(const QString&)>> Boites;
+  HorlogeNotee Horloge{Notes};
+  faux::TempsVirtuel Temps{Horloge};
+  MinuteriesNotees Minuteries{Notes, Temps};
+  faux::PompeFausse Pompe{Notes};
+  faux::SonsFaux Sons{Notes};
+  DisqueNote Disque{Notes};
+  BoitesNotees Messages{Notes};
+  EcrivainNote Ecrivain{Notes};
+  ProcessusNote Programmes{Notes};
+  OuvreurMuet Navigateur;
+  std::unique_ptr<faux::PiloteFaux> Pilote = std::make_unique<faux::PiloteFaux>(Notes);
+};
+
+}  // namespace vaktor::essai

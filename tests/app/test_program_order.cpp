@@ -1,0 +1,174 @@
+// The order of the start and of the stop: every call of every port, held against a list, line by line. A call that is
+// missing, extra or elsewhere turns a test red. The lists stand beside this file.
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QRegularExpression>
+#include <QTest>
+
+#include "app/system_of_fakes.h"
+
+namespace vaktor::essai {
+namespace {
+
+QStringList LitListe(const char* nom) {
+  QFile fichier(QStringLiteral(VAKTOR_TEST_FOLDER "/") + QLatin1String(nom));
+  EXPECT_TRUE(fichier.open(QIODevice::ReadOnly)) << nom;
+  QStringList lignes;
+  for (const QByteArray& ligne : fichier.readAll().split('\n')) {
+    if (!ligne.isEmpty() && !ligne.startsWith('#')) lignes.append(QString::fromUtf8(ligne));
+  }
+  return lignes;
+}
+
+class Ordre : public testing::Test {
+ protected:
+  void Demarre(const QString& arguments = {}) {
+    Programme = std::make_unique<Vaktor>(Systeme.Ports(), arguments);
+    Programme->Demarre(QStringLiteral("1.4.9"));
+  }
+  void CompareListe(const char* nom) {
+    const QStringList vus = Systeme.DepuisVide();
+    const QStringList voulus = LitListe(nom);
+    for (qsizetype i = 0; i < qMax(vus.size(), voulus.size()); ++i) {
+      ASSERT_EQ(vus.value(i).toStdString(), voulus.value(i).toStdString())
+          << nom << ", call " << i + 1 << "; all of them:\n"
+          << vus.join(u'\n').toStdString();
+    }
+  }
+  static QWidget* Fenetre(const char* nom) {
+    for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+      if (fenetre->objectName() == QLatin1String(nom)) return fenetre;
+    }
+    return nullptr;
+  }
+  static bool Visible(const char* nom) { return Fenetre(nom) != nullptr && Fenetre(nom)->isVisible(); }
+
+  SystemeFaux Systeme;
+  std::unique_ptr<Vaktor> Programme;
+};
+
+TEST_F(Ordre, OfAFirstStartIsTheList) {
+  Demarre(QStringLiteral("/ALARM"));
+  CompareListe("start_order.txt");
+  EXPECT_TRUE(Visible("frmSplash"));
+  EXPECT_FALSE(Visible("Form1"));
+  EXPECT_FALSE(Visible("FormMonitor"));
+  EXPECT_NE(Fenetre("FormMonitor"), nullptr);
+}
+
+TEST_F(Ordre, OfTheStopWithTheCameraOffAndNothingToSaveTouchesNeitherCameraNorStore) {
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  Systeme.Notes.Vide();
+  Programme->Ferme();
+  const QStringList vus = Systeme.DepuisVide();
+  EXPECT_FALSE(vus.contains(QStringLiteral("Deconnecte")));
+  EXPECT_TRUE(vus.filter(QStringLiteral("store:")).isEmpty()) << vus.join(u'\n').toStdString();
+  EXPECT_EQ(vus.filter(QStringLiteral("channel: post")).size(), 3);  // handle 0: they go nowhere, and are sent
+}
+
+TEST_F(Ordre, OnlyTheMainWindowStartsTheStop) {
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  Fenetre("FormMonitor")->show();
+  Systeme.Notes.Vide();
+  Fenetre("FormMonitor")->close();
+  Fenetre("frmSplash")->close();
+  EXPECT_FALSE(Programme->EstFinie());
+  EXPECT_TRUE(Systeme.DepuisVide().isEmpty());
+  Fenetre("Form1")->close();
+  EXPECT_TRUE(Programme->EstFinie());
+  EXPECT_TRUE(Systeme.Boites.empty()) << "a late word of a companion must find no inbox";
+}
+
+TEST_F(Ordre, TheHandlesAreOnDiskBeforeTheFirstCompanionExists) {
+  QStringList alors;
+  Systeme.Programmes.PendantLancement = [&] {
+    if (alors.isEmpty()) alors = Systeme.Notes.Lignes();
+  };
+  Demarre();
+  for (const char* section : {"FTP", "MAIL", "SON"}) {
+    const auto ecrit = alors.indexOf(QStringLiteral("store: write %1/HWNDVK").arg(QLatin1String(section)));
+    EXPECT_GE(ecrit, 0) << section;
+    EXPECT_GT(alors.indexOf(QStringLiteral("store: flush"), ecrit), ecrit);
+  }
+}
+
+TEST_F(Ordre, AMissingCompanionEndsTheStartWithOneMessageInTheUsersLanguage) {
+  Systeme.Valeurs.insert(QStringLiteral("general/langue"), QStringLiteral("1"));
+  Systeme.Programmes.Absents = {QStringLiteral("/opt/v/VAKTORmail")};
+  Programme = std::make_unique<Vaktor>(Systeme.Ports(), QString());
+  QString dit;
+  try {
+    Programme->Demarre(QStringLiteral("1.4.9"));
+  } catch (const Echec& echec) {
+    dit = echec.Description();
+  }
+  EXPECT_TRUE(dit.contains(QStringLiteral("VAKTORmail"))) << dit.toStdString();
+  EXPECT_TRUE(dit.contains(QStringLiteral("missing"))) << dit.toStdString();
+  EXPECT_FALSE(Systeme.Notes.Lignes().contains(QStringLiteral("processes: start /opt/v/VAKTORsound")));
+  // The one that came up while the message stood is asked to leave.
+  Systeme.Recoit(1001, QStringLiteral("HWND:71"));
+  Programme->AnnonceDemarrageImpossible(dit);
+  EXPECT_EQ(Systeme.Messages.Textes.size(), 1);
+  EXPECT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("channel: post 68 to 71")));
+}
+
+TEST_F(Ordre, ClosingBehindTheSplashStopsTheSequenceAndIsAWholeStop) {
+  // In the pump after the companions were launched: the fourth step is not reached.
+  Systeme.Programmes.PendantLancement = [this] { Systeme.Pompe.EnAttente = [this] { Programme->Ferme(); }; };
+  Demarre();
+  EXPECT_TRUE(Programme->EstFinie());
+  EXPECT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("timer Timer1: off")));
+  EXPECT_FALSE(Visible("frmSplash"));
+  EXPECT_FALSE(Visible("Form1"));
+}
+
+TEST_F(Ordre, ClosingBeforeTheSettingsAreLoadedLoadsAndLaunchesNothing) {
+  Systeme.Pompe.EnAttente = [this] { Programme->Ferme(); };
+  Demarre();
+  EXPECT_TRUE(Programme->EstFinie());
+  EXPECT_TRUE(Systeme.Notes.Lignes().filter(QStringLiteral("processes:")).isEmpty());
+  EXPECT_TRUE(Systeme.Notes.Lignes().filter(QStringLiteral("store: write")).isEmpty());
+}
+
+TEST_F(Ordre, AWordThatComesDuringTheLaunchReachesTheWindow) {
+  Systeme.Programmes.PendantLancement = [this] {
+    Systeme.Pompe.EnAttente = [this] { Systeme.Recoit(1001, QStringLiteral("Conne")); };
+  };
+  Demarre();
+  EXPECT_EQ(Fenetre("Form1")->findChild<QLabel*>(QStringLiteral("LblDebugftp"))->text(),
+            QStringLiteral("En cour de connection"));
+}
+
+TEST_F(Ordre, StartArgumentsCarryOutLiveFirstThenAlarm) {
+  Demarre(QStringLiteral("x/ALARM/Surve"));
+  Systeme.Notes.Vide();
+  Systeme.Temps.Avance(1000);
+  const QStringList vus = Systeme.DepuisVide();
+  // The live switch finds no parameters and asks; the alarm then counts down. The camera was started by the first.
+  const auto demande = vus.indexOf(QRegularExpression(QStringLiteral("^box: .*")));
+  EXPECT_GE(demande, 0) << vus.join(u'\n').toStdString();
+  EXPECT_GT(vus.indexOf(QStringLiteral("timer Timer3: on")), demande);
+  EXPECT_EQ(vus.last(), QStringLiteral("timer TimerAutoStar: off"));
+}
+
+TEST_F(Ordre, OfTheStopWithTheCameraOnAndSomethingToSaveIsTheList) {
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  Systeme.Recoit(1001, QStringLiteral("HWND:71"));
+  Systeme.Recoit(1002, QStringLiteral("HWND:72"));
+  Systeme.Recoit(1003, QStringLiteral("HWND:73"));
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("Bouton(0)")), Qt::LeftButton);
+  Systeme.Temps.Avance(30);  // the start of the camera has moved the gauge: there is something to save
+  Systeme.Notes.Vide();
+  Programme->Ferme();
+  CompareListe("stop_order.txt");
+  EXPECT_TRUE(Programme->EstFinie());
+  EXPECT_FALSE(Visible("Form1"));
+  EXPECT_FALSE(Visible("FormMonitor"));
+}
+
+}  // namespace
+}  // namespace vaktor::essai

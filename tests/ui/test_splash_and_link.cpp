@@ -1,0 +1,81 @@
+// The splash, and what the link to the companions shows on the main window.
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "ui/form_splash.h"
+#include "ui/link_view.h"
+#include "window_bench.h"
+
+namespace vaktor {
+namespace {
+
+TEST(Splash, ShowsItsWordsOverItsPictureWhiteOnGrey) {
+  FrmSplash splash;
+  EXPECT_FALSE(splash.isVisible());
+  splash.MontreVersion(QStringLiteral("Version 1.4.9"));
+  splash.MontreTitre(QStringLiteral("Vaktor"));
+  splash.MontreProgres(QStringLiteral("Ready..."));
+  const auto texte = [&](const char* nom) { return splash.findChild<QLabel*>(QLatin1String(nom))->text(); };
+  EXPECT_EQ(texte("lblVersion"), QStringLiteral("Version 1.4.9"));
+  EXPECT_EQ(texte("lblProductName(0)"), QStringLiteral("Vaktor"));
+  EXPECT_EQ(texte("lblProductName(1)"), QStringLiteral("Vaktor"));
+  EXPECT_EQ(texte("LabelLoading"), QStringLiteral("Ready..."));
+  const QImage vu = splash.grab().toImage();
+  EXPECT_EQ(vu.pixelColor(395, 24), QColor(QImage(QStringLiteral(":/splash/1x.png")).pixel(395, 24)));
+  bool blanc = false;
+  for (int x = 20; x < 200; ++x) blanc = blanc || vu.pixelColor(x, 105) == QColor(Qt::white);
+  EXPECT_TRUE(blanc) << "the white title must lie on its shadow";
+}
+
+TEST(Splash, AClickAnywhereCountsAlsoOnALabelAndItCannotBeClosed) {
+  FrmSplash splash;
+  int clics = 0;
+  splash.SurClic([&] { ++clics; });
+  splash.Montre();
+  QTest::mouseClick(&splash, Qt::LeftButton, {}, {300, 100});
+  QTest::mouseClick(&splash, Qt::LeftButton, {}, splash.findChild<QLabel*>(QStringLiteral("lblVersion"))->pos());
+  EXPECT_EQ(clics, 2);
+  splash.close();
+  EXPECT_TRUE(splash.isVisible());
+  splash.Decharge();
+  splash.Montre();
+  EXPECT_FALSE(splash.isVisible());
+}
+
+TEST(LinkView, StatusRedFieldsAndPageReachTheWindow) {
+  faux::BancFenetre banc;
+  VueLiaison vue(banc.Textes, banc.Boites);
+  vue.Relie(banc.Fenetre);
+  vue.MontreStatut(36);
+  EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("FTP connected"));
+  vue.MontreStatutLitteral(QStringLiteral("Identification"));
+  EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("Identification"));
+  const std::pair<ChampLiaison, const char*> champs[] = {{ChampLiaison::kTxtFtp, "TxtFtp"},
+                                                         {ChampLiaison::kTxtFTPracine, "TxtFTPracine"},
+                                                         {ChampLiaison::kTxtUserName, "TxtUserName"},
+                                                         {ChampLiaison::kTxtPass, "TxtPass"}};
+  for (const auto& [champ, nom] : champs) {
+    EXPECT_NE(banc.Trouve<QLineEdit>(nom)->palette().color(QPalette::Text), QColor(255, 0, 0));
+    vue.RougitChamp(champ);
+    EXPECT_EQ(banc.Trouve<QLineEdit>(nom)->palette().color(QPalette::Text), QColor(255, 0, 0)) << nom;
+  }
+  vue.MontrePageFtp();
+  const QWidget* page = banc.Trouve("PictPage(2)");
+  const QWidget* dessus = banc.Fenetre.childAt(page->geometry().bottomLeft() + QPoint(2, -2));
+  EXPECT_TRUE(dessus == page || page->isAncestorOf(dessus));
+}
+
+TEST(LinkView, TheQuestionHasItsWordsAndItsTwoAnswers) {
+  faux::BancFenetre banc;
+  VueLiaison vue(banc.Textes, banc.Boites);
+  EXPECT_TRUE(vue.DemandeParametresSite());
+  banc.Boites.Reponse = ReponseBoite::kAnnuler;
+  EXPECT_FALSE(vue.DemandeParametresSite());
+  EXPECT_EQ(banc.Boites.Boutons, BoutonsBoite::kOkAnnuler);
+  EXPECT_EQ(banc.Boites.Textes.last(), banc.Textes.Messages(9));
+  EXPECT_EQ(banc.Boites.Titres.last(), banc.Textes.Messages(2));
+}
+
+}  // namespace
+}  // namespace vaktor
