@@ -114,13 +114,6 @@ TEST_F(ProgrammeEntier, StraysOfAnEarlierRunAreEndedAlsoThoseThatDoNotListen) {
   ExigeFin();
 }
 
-TEST_F(ProgrammeEntier, TermBehindTheSplashIsAWholeStop) {
-  Lance();
-  ASSERT_TRUE(Attend([this] { return UnDeChaque() && Enregistres(); }));
-  Processus.terminate();  // the splash stands for two seconds; whichever of the two is there, the end is the same
-  ExigeFin();
-}
-
 TEST_F(ProgrammeEntier, AMissingCompanionIsToldOnceAndTheStartHasAStatus) {
   // The executable alone, in a folder of its own.
   const QString seul = Dossier.filePath(QStringLiteral("Vaktor"));
