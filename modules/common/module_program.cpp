@@ -48,6 +48,7 @@ std::optional<int> TraiteArguments(int argc, char** argv, const DescriptionModul
       QTextStream(stdout) << description.Francais << '\n'
                           << description.English << "\n\n"
                           << programme << " [--help | --version]\n\n"
+                          << description.Options
                           << QString::fromUtf8("Vaktor lance ce programme lui-même ; il n'a pas d'autre argument.\n")
                           << "Vaktor starts this program by itself; it takes no other argument.\n";
       return 0;

@@ -47,6 +47,7 @@ struct DescriptionModule {
   QString Version;
   QString Francais;  ///< one line for "--help": what the companion does
   QString English;
+  QString Options = {};  ///< further lines for "--help": arguments that the companion's main() has taken out itself
 };
 
 /// main() of a companion: "--help" and "--version", folders, log, store, link, signals, event loop. Gives the exit

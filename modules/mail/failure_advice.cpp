@@ -1,5 +1,6 @@
 #include "failure_advice.h"
 
+#include <algorithm>
 #include <array>
 
 namespace vaktor {
@@ -11,83 +12,141 @@ struct Paire {
 };
 struct Ligne {
   CauseEchec Cause;
+  const char* Sujet;
   Paire Francais, Anglais;
 };
 
 // %1 the server, %2 the port.
-constexpr std::array<Ligne, 14> kLignes = {{
-    {CauseEchec::kAucune, {"Le mail a été accepté.", ""}, {"The mail was accepted.", ""}},
+constexpr std::array<Ligne, 21> kLignes = {{
+    {CauseEchec::kAucune, "mail-ok", {"Le mail a été accepté.", ""}, {"The mail was accepted.", ""}},
     {CauseEchec::kIncomplet,
+     "mail-incomplete",
      {"Il manque le serveur, l'expéditeur ou le destinataire.",
       "Complétez l'adresse SMTP et votre adresse eMail dans « Avancé », et l'adresse de destination sur la page "
       "eMail."},
      {"The server, the sender or the destination is missing.",
       "Fill in the SMTP address and your eMail address under \"More\", and the destination on the eMail page."}},
+    {CauseEchec::kConnexionIncomplete,
+     "mail-login-missing",
+     {"Il manque le nom d'utilisateur ou le mot de passe pour le serveur %1.",
+      "Indiquez-les dans « Avancé », ou décochez la case du mot de passe si votre serveur n'en demande pas."},
+     {"The user name or the password for the server %1 is missing.",
+      "Enter them under \"More\", or untick the box of the password if your server needs none."}},
+    {CauseEchec::kPortMauvais,
+     "mail-port",
+     {"Le port du serveur SMTP n'est pas un nombre entre 1 et 65535.", "Indiquez 587, 465 ou 25 dans « Avancé »."},
+     {"The port of the SMTP server is no number from 1 to 65535.", "Enter 587, 465 or 25 under \"More\"."}},
     {CauseEchec::kServeurIntrouvable,
+     "mail-server",
      {"Le serveur %1 est introuvable.",
       "Vérifiez le nom du serveur SMTP, et que l'ordinateur est connecté à Internet."},
      {"The server %1 cannot be found.",
       "Check the name of the SMTP server, and that the computer is on the Internet."}},
     {CauseEchec::kPasDeConnexion,
+     "mail-connection",
      {"Le serveur %1 ne répond pas sur le port %2.",
       "Essayez le port 587 ou 465 ; beaucoup de fournisseurs bloquent le port 25."},
      {"The server %1 does not answer on port %2.", "Try port 587 or 465; many providers block port 25."}},
     {CauseEchec::kCertificat,
+     "mail-certificate",
      {"Le certificat du serveur %1 n'est pas valable.",
       "Vérifiez que le nom du serveur est exactement celui que donne votre fournisseur, et la date de l'ordinateur."},
      {"The certificate of the server %1 cannot be trusted.",
       "Check that the server's name is exactly the one your provider gives, and the date of this computer."}},
     {CauseEchec::kTls,
+     "mail-tls",
      {"La connexion chiffrée avec %1 n'a pas pu être établie.", "Essayez le port 587, ou 465 pour TLS dès le début."},
      {"The encrypted connection with %1 could not be made.", "Try port 587, or 465 for TLS from the start."}},
+    {CauseEchec::kServeurRefuse,
+     "mail-refused",
+     {"Le serveur %1 ne prend pas de mails en ce moment.",
+      "Rien à faire : le mail est gardé et sera envoyé de nouveau. Si cela dure, lisez la réponse du serveur."},
+     {"The server %1 takes no mail at the moment.",
+      "Nothing to do: the mail is kept and will be sent again. If it lasts, read the server's answer."}},
+    {CauseEchec::kConnexionDemandee,
+     "mail-login-needed",
+     {"Le serveur %1 ne prend pas de mails sans identification.",
+      "Dans « Avancé », cochez la case du mot de passe et indiquez votre nom d'utilisateur et votre mot de passe."},
+     {"The server %1 takes no mail without a login.",
+      "Under \"More\", tick the box of the password and enter your user name and your password."}},
     {CauseEchec::kConnexionRefusee,
+     "mail-login",
      {"Le serveur %1 a refusé le nom d'utilisateur ou le mot de passe.",
       "Vérifiez les deux. Certains fournisseurs demandent un mot de passe d'application, différent de celui du site."},
      {"The server %1 refused the user name or the password.",
       "Check both. Some providers want an app password, other than that of their site."}},
     {CauseEchec::kExpediteurRefuse,
+     "mail-sender",
      {"Le serveur %1 refuse votre adresse d'expéditeur.",
       "Mettez l'adresse eMail du compte lui-même, et cochez le mot de passe si votre serveur le demande."},
      {"The server %1 refuses your sender address.",
       "Use the eMail address of the account itself, and tick the password if your server needs one."}},
     {CauseEchec::kDestinataireRefuse,
+     "mail-destination",
      {"Le serveur %1 refuse l'adresse de destination.",
       "Vérifiez l'adresse de destination, et cochez le mot de passe si votre serveur le demande."},
      {"The server %1 refuses the destination address.",
       "Check the destination address, and tick the password if your server needs one."}},
     {CauseEchec::kMessageRefuse,
+     "mail-message",
      {"Le serveur %1 a refusé le message.", "Diminuez le nombre de photos par mail, puis lisez la réponse du serveur."},
      {"The server %1 refused the message.", "Send fewer pictures on each mail, then read the server's answer."}},
     {CauseEchec::kDelai,
+     "mail-silence",
      {"Le serveur %1 a cessé de répondre.", "Rien à faire : le mail est gardé et sera envoyé de nouveau."},
      {"The server %1 stopped answering.", "Nothing to do: the mail is kept and will be sent again."}},
     {CauseEchec::kCoupure,
+     "mail-cut",
      {"La connexion avec %1 a été coupée.", "Rien à faire : le mail est gardé et sera envoyé de nouveau."},
      {"The connection with %1 broke.", "Nothing to do: the mail is kept and will be sent again."}},
     {CauseEchec::kProgrammeAbsent,
+     "mail-program",
      {"Cet ordinateur n'a pas de logiciel d'envoi de mails.",
       "Décochez « Utiliser le logiciel de messagerie » dans « Avancé » et indiquez votre serveur SMTP."},
      {"This computer has no program that sends mail.",
       "Untick \"Use my eMail software\" under \"More\" and enter your SMTP server."}},
+    {CauseEchec::kProgrammeEchoue,
+     "mail-program-failed",
+     {"Le logiciel de messagerie de cet ordinateur n'a pas pris le mail.",
+      "Vérifiez sa configuration, ou décochez « Utiliser le logiciel de messagerie » dans « Avancé » et indiquez votre "
+      "serveur SMTP."},
+     {"The mail program of this computer did not take the mail.",
+      "Check its configuration, or untick \"Use my eMail software\" under \"More\" and enter your SMTP server."}},
+    {CauseEchec::kFichier,
+     "mail-file",
+     {"Un mail en attente ne peut pas être lu sur le disque.", "Vérifiez le disque."},
+     {"A waiting mail cannot be read from the disk.", "Check the disk."}},
+    {CauseEchec::kAbandonne,
+     "mail-given-up",
+     {"Un mail a attendu trop longtemps et n'a pas été envoyé.", "Vérifiez vos paramètres SMTP dans « Avancé »."},
+     {"A mail has waited too long and was not sent.", "Check your SMTP parameters under \"More\"."}},
     {CauseEchec::kInterrompu,
+     "mail-interrupted",
      {"L'envoi a été interrompu.", "Rien à faire : le mail est gardé et sera envoyé au prochain démarrage."},
      {"The sending was interrupted.", "Nothing to do: the mail is kept and will be sent at the next start."}},
 }};
 
+QString Remplit(const Paire& paire, const ReglagesEnvoi& reglages) {
+  QString texte = QString::fromUtf8(paire.Constat) + u' ' + QString::fromUtf8(paire.Remede);
+  texte.replace(QStringLiteral("%2"), QString::number(reglages.Port));
+  return texte.replace(QStringLiteral("%1"), reglages.Serveur).trimmed();
+}
+
 }  // namespace
 
-Conseil DonneConseil(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages, qint32 langue) {
-  for (const Ligne& ligne : kLignes) {
-    if (ligne.Cause != resultat.Cause) continue;
-    const Paire& paire = langue == 1 ? ligne.Anglais : ligne.Francais;
-    const auto remplit = [&](const char* texte) {
-      QString t = QString::fromUtf8(texte);
-      t.replace(QStringLiteral("%1"), reglages.Serveur);
-      return t.replace(QStringLiteral("%2"), QString::number(reglages.Port));
-    };
-    return {remplit(paire.Constat), remplit(paire.Remede)};
-  }
-  return {};
+AvisEchec ComposeAvis(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
+  const auto ligne =
+      std::find_if(kLignes.begin(), kLignes.end(), [&](const Ligne& l) { return l.Cause == resultat.Cause; });
+  if (ligne == kLignes.end()) return {};
+  return {QLatin1String(ligne->Sujet), resultat.MotsServeur, Remplit(ligne->Francais, reglages),
+          Remplit(ligne->Anglais, reglages)};
+}
+
+AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots) {
+  return {QStringLiteral("mail-disk"), mots,
+          QString::fromUtf8("Le mail de l'alarme ne peut pas être gardé sur le disque (%1). Faites de la place.")
+              .arg(dossier),
+          QStringLiteral("The mail of the alarm cannot be kept on the disk (%1). Please make room.").arg(dossier)};
 }
 
 }  // namespace vaktor

@@ -1,18 +1,17 @@
-// What a failed mail means, in one sentence, and what to do about it, in the user's language.
+// What a failed mail means, in one sentence, and what to do about it, in both languages.
 #pragma once
 
 #include <QString>
 
-#include "smtp_sender.h"
+#include "modules/common/failure_notice.h"
+#include "modules/mail/smtp_sender.h"
 
 namespace vaktor {
 
-struct Conseil {
-  QString Constat;  ///< what happened
-  QString Remede;   ///< what to change
-};
-
-/// `langue` 1 English, anything else French. Never holds the password.
-Conseil DonneConseil(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages, qint32 langue);
+/// For the status file and the notification. The subject is the name of the cause ("mail-login"). Holds neither user
+/// name nor password, except where the server quotes them: the status file hides the password there.
+AvisEchec ComposeAvis(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages);
+/// The outbox cannot be written; `mots` are those of the system.
+AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots);
 
 }  // namespace vaktor

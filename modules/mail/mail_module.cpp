@@ -1,12 +1,164 @@
 #include "modules/mail/mail_module.h"
 
+#include <QDateTime>
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "modules/mail/failure_advice.h"
+
 namespace vaktor {
+namespace {
 
-// The sending itself is joined in a later change; until then an intrusion is only noted.
-void ModuleMail::PrendReglages(const ReglagesModule&) {}
+constexpr qint64 kMemeInstantMs = 1000;  // a photo is written a moment before its intrusion is reported
 
-void ModuleMail::ExecuteCommande(const QString& mot) { Contexte_.Journal.Note(QStringLiteral("not sent yet: ") + mot); }
+}  // namespace
 
-void ModuleMail::Termine() { Contexte_.Quitte(); }
+ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
+    : Contexte_(contexte),
+      Ports_(ports),
+      Boite_(ports.DossierBoite),
+      TimerRecolte_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRecolte"), kRecolte, [this] { Recolte(); })),
+      TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPause,
+                                                    [this] { TimerPause_->Desactive(); })),
+      TimerFin_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerFin"), kFinMax, [this] { Contexte_.Quitte(); })),
+      Poste_(ports.OuvrePoste([this](const RapportEnvoi& rapport) { PrendRapport(rapport); })) {}
+
+void ModuleMail::PrendReglages(const ReglagesModule& reglages) {
+  const ReglagesCourriel nouveaux = TraduitReglages(reglages.Valeurs, Contexte_.Dossiers, Ports_.Autorites);
+  if (SansAdresse_ && !(nouveaux == Reglages_)) {
+    SansAdresse_ = false;
+    TimerPause_->Desactive();
+  }
+  Reglages_ = nouveaux;
+  for (const QString& secret : DonneSecrets(Reglages_.Envoi)) {
+    Contexte_.Journal.CacheSecret(secret);
+    Contexte_.Etat.CacheSecret(secret);
+  }
+  Poste_->ChangeReglages(Reglages_.Envoi);
+}
+
+void ModuleMail::ExecuteCommande(const QString& mot) {
+  if (mot != QLatin1String("Intru")) return;
+  DerniereIntrusion_ = Ports_.Maintenant();
+  if (ResteDeLaSerie_ > 0 || TimerPause_->EstActive()) return;
+  CommenceSerie();
+}
+
+void ModuleMail::CommenceSerie() {
+  if (Reglages_.NombreMail < 1) return;
+  const bool expediteur = !Reglages_.Envoi.ParSmtp || !Reglages_.Adresses.Expediteur.isEmpty();
+  if (Reglages_.Adresses.Destinataires.isEmpty() || !expediteur) {
+    SansAdresse_ = true;
+    TimerPause_->Active();
+    Signale({.Cause = CauseEchec::kIncomplet});
+    return;
+  }
+  // What is above the cap would only wait in the outbox for the next hour.
+  ResteDeLaSerie_ = std::min(Reglages_.NombreMail, PlafondHoraire::kCourrielsParHeure);
+  CommenceCourriel();
+}
+
+void ModuleMail::CommenceCourriel() {
+  // The newest report: the second mail of a row shows what went on after the first.
+  Intrusion_ = DerniereIntrusion_;
+  EnCours_ = {};
+  EnCours_.Nom =
+      QStringLiteral("%1-%2-%3")
+          .arg(QDateTime::fromMSecsSinceEpoch(Intrusion_, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz")),
+               Ports_.Marque)
+          .arg(++Fait_);
+  EnCours_.Expediteur = Reglages_.Adresses.Expediteur;
+  EnCours_.Destinataires = Reglages_.Adresses.Destinataires;
+  EnCours_.FaitA = Intrusion_;
+  Recoltes_ = 0;
+  const ChoixPhotos choix = Choisit();
+  Photos_ = choix.Photos;
+  if (EcritBrouillon(choix)) {
+    Contexte_.Journal.Note(QStringLiteral("mail %1 made").arg(EnCours_.Nom));
+    TimerRecolte_->Active();
+  } else {
+    ResteDeLaSerie_ = 0;
+    TimerPause_->Active();
+  }
+}
+
+ChoixPhotos ModuleMail::Choisit() const {
+  const bool pleine = Boite_.DonneOctets() > BoiteEnvoi::kOctetsMax;
+  return pleine ? ChoixPhotos()
+                : PrendPhotos(Reglages_.DossierPhotos, Intrusion_, Reglages_.NombrePhoto, kOctetsPhotosMax);
+}
+
+bool ModuleMail::EcritBrouillon(const ChoixPhotos& choix) {
+  Courriel courriel{.Expediteur = EnCours_.Expediteur,
+                    .Destinataires = EnCours_.Destinataires,
+                    .Sujet = Reglages_.Sujet,
+                    .Corps = Reglages_.Corps,
+                    .Date = QDateTime::fromMSecsSinceEpoch(Intrusion_),
+                    .Identifiant = EnCours_.Nom,
+                    .Pieces = choix.Pieces};
+  int erreur = Boite_.PoseBrouillon(EnCours_, ComposeMessage(courriel));
+  if (erreur != 0 && !courriel.Pieces.isEmpty()) {
+    // A disk that has no room for photos may have some for the words: an alarm without a picture is still an alarm.
+    courriel.Pieces.clear();
+    SignaleDisque(erreur);
+    erreur = Boite_.PoseBrouillon(EnCours_, ComposeMessage(courriel));
+  }
+  if (erreur != 0) SignaleDisque(erreur);
+  return erreur == 0;
+}
+
+void ModuleMail::Recolte() {
+  const ChoixPhotos choix = Choisit();
+  if (choix.Photos != Photos_) EcritBrouillon(choix);
+  Photos_ = choix.Photos;
+  const bool comble = Photos_.size() >= Reglages_.NombrePhoto &&
+                      std::all_of(Photos_.begin(), Photos_.end(),
+                                  [this](const PhotoConnue& p) { return p.Instant > Intrusion_ - kMemeInstantMs; });
+  if (comble || ++Recoltes_ >= kRecoltes) AcheveCourriel();
+}
+
+void ModuleMail::AcheveCourriel() {
+  TimerRecolte_->Desactive();
+  if (!Boite_.Publie(EnCours_.Nom)) SignaleDisque(errno);
+  Poste_->Reveille();
+  if (--ResteDeLaSerie_ > 0)
+    CommenceCourriel();
+  else
+    TimerPause_->Active();
+}
+
+void ModuleMail::PrendRapport(const RapportEnvoi& rapport) {
+  const ResultatEnvoi& r = rapport.Resultat;
+  const QString suite = r.Accepte     ? QStringLiteral("accepted")
+                        : r.Definitif ? QStringLiteral("given up")
+                                      : QStringLiteral("again in %1 s").arg(rapport.ProchainEssaiDans / 1000);
+  Contexte_.Journal.Note(QStringLiteral("mail %1: %2 %3").arg(rapport.Nom, suite, r.MotsServeur));
+  if (r.Accepte && r.MotsServeur.isEmpty())
+    Contexte_.Etat.Efface();
+  else
+    Signale(r);
+}
+
+void ModuleMail::Signale(const ResultatEnvoi& resultat) {
+  ResultatEnvoi r = resultat;
+  if (r.Accepte) r.Cause = CauseEchec::kDestinataireRefuse;  // one of several
+  Contexte_.Etat.Signale(ComposeAvis(r, Reglages_.Envoi));
+}
+
+void ModuleMail::SignaleDisque(int erreur) {
+  const QString mots = QString::fromLocal8Bit(std::strerror(erreur));
+  Contexte_.Journal.Note(QStringLiteral("the outbox cannot be written: ") + mots);
+  Contexte_.Etat.Signale(ComposeAvisDisque(Ports_.DossierBoite, mots));
+}
+
+void ModuleMail::Termine() {
+  TimerRecolte_->Desactive();
+  if (ResteDeLaSerie_ > 0) Boite_.Publie(EnCours_.Nom);
+  ResteDeLaSerie_ = 0;
+  TimerPause_->Active();  // no further mail
+  TimerFin_->Active();
+  Poste_->Arrete([this] { Contexte_.Quitte(); });
+}
 
 }  // namespace vaktor

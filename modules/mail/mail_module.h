@@ -1,20 +1,69 @@
-// The mail companion: hears the alarm, makes the mails, hands them to the outbox.
+// The mail companion's rules: when a mail is made, with which photos, and what the user is told.
 #pragma once
 
+#include <QElapsedTimer>
+
 #include "modules/common/module_program.h"
+#include "modules/mail/mail_maker.h"
+#include "modules/mail/outbox.h"
+#include "modules/mail/photo_source.h"
+#include "modules/mail/sending_thread.h"
 
 namespace vaktor {
 
+struct PortsMail {
+  QString DossierBoite;
+  QString Marque;                      ///< of this process, part of each mail's name
+  QString Autorites;                   ///< see ReglagesEnvoi::FichierAutorites
+  std::function<qint64()> Maintenant;  ///< milliseconds since 1970
+  std::function<std::unique_ptr<Poste>(const Facteur::Rapporteur& surRapport)> OuvrePoste;
+};
+
+/// "Intru" comes with every frame of an intrusion, thirty times a second. The first one starts a row of `nombremail`
+/// mails, one after the other; then there is none for five minutes, whatever is reported.
+///
+/// A mail is on disk from the moment of its "Intru". For up to a second it then gathers the photos that come, since an
+/// intrusion begins with a single one; only then may it leave.
 class ModuleMail : public Module {
  public:
-  explicit ModuleMail(const ContexteModule& contexte) : Contexte_(contexte) {}
+  static constexpr qint32 kRecolte = 200;  ///< milliseconds between two looks for more photos
+  static constexpr int kRecoltes = 5;      ///< looks, at the most
+  static constexpr qint32 kPause = 5 * 60 * 1000;
+  static constexpr qint32 kFinMax = 15'000;  ///< milliseconds that a mail under way is given at our end
+
+  ModuleMail(const ContexteModule& contexte, const PortsMail& ports);
 
   void PrendReglages(const ReglagesModule& reglages) override;
   void ExecuteCommande(const QString& mot) override;
   void Termine() override;
 
  private:
+  void CommenceSerie();
+  void CommenceCourriel();
+  void Recolte();
+  void AcheveCourriel();
+  bool EcritBrouillon(const ChoixPhotos& choix);
+  ChoixPhotos Choisit() const;
+  void PrendRapport(const RapportEnvoi& rapport);
+  void Signale(const ResultatEnvoi& resultat);
+  void SignaleDisque(int erreur);
+
   ContexteModule Contexte_;
+  PortsMail Ports_;
+  BoiteEnvoi Boite_;
+  ReglagesCourriel Reglages_;
+  int ResteDeLaSerie_ = 0;  // mails of this row that are still to be made, with the one in the making
+  int Fait_ = 0;            // mails made since the start, for their names
+  qint64 DerniereIntrusion_ = 0;
+  CourrielEnAttente EnCours_;  // the mail in the making
+  qint64 Intrusion_ = 0;       // that it tells of
+  QList<PhotoConnue> Photos_;  // in it
+  int Recoltes_ = 0;
+  bool SansAdresse_ = false;  // the row could not be made; the next settings may help
+  std::unique_ptr<Minuterie> TimerRecolte_;
+  std::unique_ptr<Minuterie> TimerPause_;
+  std::unique_ptr<Minuterie> TimerFin_;
+  std::unique_ptr<Poste> Poste_;  // last: its reports come to a whole module
 };
 
 }  // namespace vaktor

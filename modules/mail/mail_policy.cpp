@@ -1,35 +1,38 @@
-#include "mail_policy.h"
+#include "modules/mail/mail_policy.h"
 
 #include <algorithm>
 
 namespace vaktor {
 
-bool CadenceCourriels::Accepte(qint64 maintenant, int nombreMail, bool precedentRegle) {
-  if (nombreMail < 1 || maintenant < FinPause_) return false;
-  if (FaitsDansLaSerie_ > 0 && maintenant - DebutSerie_ >= kPauseMs) FaitsDansLaSerie_ = 0;
-  if (FaitsDansLaSerie_ > 0 && !precedentRegle) return false;
-  if (FaitsDansLaSerie_ == 0) DebutSerie_ = maintenant;
-  ++FaitsDansLaSerie_;
-  if (FaitsDansLaSerie_ >= nombreMail) {
-    FaitsDansLaSerie_ = 0;
-    FinPause_ = maintenant + kPauseMs;
-  }
-  return true;
-}
-
-qint64 PlafondHoraire::Attente(qint64 maintenant) const {
-  if (Envois_.size() < kCourrielsParHeure) return 0;
-  return std::max<qint64>(0, Envois_.first() + kHeureMs - maintenant);
+qint64 PlafondHoraire::Attente(qint64 maintenant) {
+  Envois_.removeIf([maintenant](qint64 t) { return t > maintenant || maintenant - t >= kHeureMs; });
+  return Envois_.size() < ParHeure_ ? 0 : Envois_.first() + kHeureMs - maintenant;
 }
 
 void PlafondHoraire::Note(qint64 maintenant) {
-  if (Envois_.size() >= kCourrielsParHeure) Envois_.removeFirst();
+  if (!Envois_.isEmpty() && Envois_.size() >= ParHeure_) Envois_.removeFirst();
   Envois_.append(maintenant);
 }
 
-QList<PhotoConnue> ChoisitPhotos(QList<PhotoConnue> photos, qint64 intrusion, int nombre, qint64 octetsMax,
-                                 qint64 fenetreMs) {
-  photos.removeIf([&](const PhotoConnue& p) { return qAbs(p.Instant - intrusion) > fenetreMs; });
+QByteArray PlafondHoraire::Texte() const {
+  QByteArray texte;
+  for (const qint64 t : Envois_) texte += QByteArray::number(t) + '\n';
+  return texte;
+}
+
+void PlafondHoraire::Relit(const QByteArray& texte) {
+  Envois_.clear();
+  for (const QByteArray& ligne : texte.split('\n')) {
+    bool nombre = false;
+    const qint64 t = ligne.toLongLong(&nombre);
+    if (nombre) Envois_.append(t);
+  }
+  std::sort(Envois_.begin(), Envois_.end());
+  while (Envois_.size() > ParHeure_) Envois_.removeFirst();
+}
+
+QList<PhotoConnue> ClassePhotos(QList<PhotoConnue> photos, qint64 intrusion) {
+  photos.removeIf([&](const PhotoConnue& p) { return qAbs(p.Instant - intrusion) > kFenetrePhotosMs; });
   std::sort(photos.begin(), photos.end(), [&](const PhotoConnue& a, const PhotoConnue& b) {
     const qint64 ecartA = qAbs(a.Instant - intrusion);
     const qint64 ecartB = qAbs(b.Instant - intrusion);
@@ -37,15 +40,14 @@ QList<PhotoConnue> ChoisitPhotos(QList<PhotoConnue> photos, qint64 intrusion, in
     if (a.Instant != b.Instant) return a.Instant > b.Instant;
     return a.Chemin > b.Chemin;
   });
-  QList<PhotoConnue> choix;
-  qint64 octets = 0;
-  for (const PhotoConnue& p : photos) {
-    if (choix.size() >= nombre) break;
-    if (octets + p.Octets > octetsMax) continue;
-    octets += p.Octets;
-    choix.append(p);
-  }
-  return choix;
+  return photos;
+}
+
+bool LitNombre(const QString& texte, int& nombre) {
+  bool bon = false;
+  const int lu = texte.trimmed().toInt(&bon);
+  if (bon) nombre = lu;
+  return bon;
 }
 
 }  // namespace vaktor

@@ -1,12 +1,88 @@
 // VAKTORmail: sends the mails of the alarm.
+#include <QCoreApplication>
+#include <QDateTime>
+#include <QFile>
+#include <QRandomGenerator>
+#include <QTextStream>
+#include <algorithm>
+#include <cstring>
+#include <vector>
+
 #include "modules/common/module_program.h"
 #include "modules/mail/mail_module.h"
+#include "modules/mail/rehearsal.h"
+
+namespace vaktor {
+namespace {
+
+constexpr qint64 kDemandeMax = 1024 * 1024;
+
+/// The arguments that are this companion's own, taken out of argv; the others are for ExecuteModule.
+struct Arguments {
+  std::vector<char*> Autres;
+  QString Autorites;
+  bool Repetition = false;
+};
+
+Arguments TrieArguments(int argc, char** argv) {
+  Arguments arguments;
+  for (int i = 0; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--ca-file") == 0 && i + 1 < argc)
+      arguments.Autorites = QString::fromLocal8Bit(argv[++i]);
+    else if (std::strcmp(argv[i], "--try") == 0)
+      arguments.Repetition = true;
+    else
+      arguments.Autres.push_back(argv[i]);
+  }
+  return arguments;
+}
+
+DescriptionModule DonneDescription() {
+  return {Compagnon::kMail, QStringLiteral(VAKTOR_VERSION),
+          QString::fromUtf8("Envoie les mails de l'alarme de Vaktor."),
+          QStringLiteral("Sends the mails of the alarm of Vaktor."),
+          QString::fromUtf8(
+              "VAKTORmail --try\n"
+              "  Lit un objet JSON avec les paramètres sur l'entrée standard, envoie un mail et montre chaque étape.\n"
+              "  Reads a JSON object with the settings from standard input, sends one mail and shows each step.\n"
+              "    {\"destination\":\"\", \"sujet\":\"\", \"corp\":\"\", \"smtpserveur\":\"\", \"smtpport\":587,\n"
+              "     \"smtpfrom\":\"\", \"smtpuser\":\"\", \"pass\":\"\", \"smtpneedlogin\":true, \"langue\":0}\n"
+              "--ca-file FILE\n"
+              "  Autorités de certification en plus de celles du système (PEM).\n"
+              "  Certificate authorities beside those of the system (PEM).\n\n")};
+}
+
+int Repete(const QString& autorites, int argc, char** argv) {
+  const QCoreApplication application(argc, argv);
+  QFile entree;
+  if (!entree.open(stdin, QIODevice::ReadOnly)) return static_cast<int>(FinRepetition::kDemandeIllisible);
+  QTextStream sortie(stdout);
+  return static_cast<int>(
+      RepeteEnvoi(entree.read(kDemandeMax), autorites, [&](const QString& ligne) { sortie << ligne << Qt::endl; }));
+}
+
+std::unique_ptr<Module> CreeModule(const ContexteModule& contexte, const QString& autorites) {
+  PortsMail ports;
+  ports.DossierBoite = contexte.Dossiers.Etat + QStringLiteral("/courrier");
+  ports.Marque = QString::number(QRandomGenerator::system()->generate64(), 36);
+  ports.Autorites = autorites;
+  ports.Maintenant = [] { return QDateTime::currentMSecsSinceEpoch(); };
+  ports.OuvrePoste = [fil = ReglagesFil{.Dossier = ports.DossierBoite, .Marque = ports.Marque}](
+                         const Facteur::Rapporteur& surRapport) -> std::unique_ptr<Poste> {
+    return std::make_unique<FilEnvoi>(fil, surRapport);
+  };
+  return std::make_unique<ModuleMail>(contexte, ports);
+}
+
+}  // namespace
+}  // namespace vaktor
 
 int main(int argc, char** argv) {
   using namespace vaktor;
-  const DescriptionModule description{Compagnon::kMail, QStringLiteral(VAKTOR_VERSION),
-                                      QString::fromUtf8("Envoie les mails de l'alarme de Vaktor."),
-                                      QStringLiteral("Sends the mails of the alarm of Vaktor.")};
-  return ExecuteModule(argc, argv, description,
-                       [](const ContexteModule& contexte) { return std::make_unique<ModuleMail>(contexte); });
+  Arguments arguments = TrieArguments(argc, argv);
+  auto nombre = static_cast<int>(arguments.Autres.size());
+  arguments.Autres.push_back(nullptr);
+  if (arguments.Repetition && nombre == 1) return Repete(arguments.Autorites, nombre, arguments.Autres.data());
+  return ExecuteModule(nombre, arguments.Autres.data(), DonneDescription(),
+                       [&](const ContexteModule& contexte) { return CreeModule(contexte, arguments.Autorites); });
 }

@@ -16,17 +16,18 @@ struct PieceJointe {
 };
 
 struct Courriel {
-  QString Expediteur;         ///< one address
+  QString Expediteur;         ///< one address; empty: no such field
   QStringList Destinataires;  ///< one address or more
   QString Sujet;
   QString Corps;  ///< lines end in CR LF, LF or CR: all become CR LF
   QDateTime Date;
-  QString Identifiant;  ///< left part of the Message-ID; unique, letters and digits
+  QString Identifiant;  ///< left part of the Message-ID; unique; letters, digits and "-", at most 60
   QList<PieceJointe> Pieces;
 };
 
-/// The addresses of a field as the user typed it: "," and ";" part them; blanks go. CR, LF, NUL and "<>" cannot stand
-/// in an address: what holds one is left out, so no address can add a header or a command.
+/// The addresses of a field as the user typed it: "," and ";" part them, blanks around them go, of "Name <address>" the
+/// address counts. What holds a blank, a control character (CR and LF among them) or "<>" is no address and is left
+/// out, so that no address can add a header or a command.
 QStringList SepareAdresses(const QString& champ);
 
 /// The message with CR LF line ends, lines of at most 998 bytes, ready for SMTP DATA (dots not doubled: libcurl does).

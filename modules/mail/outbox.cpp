@@ -1,26 +1,31 @@
-#include "outbox.h"
+#include "modules/mail/outbox.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <algorithm>
 #include <array>
+
+#include "modules/mail/durable_file.h"
+#include "platform/store/private_file.h"
 
 namespace vaktor {
 namespace {
 
-constexpr const char* kFinCourriel = ".mail";
-constexpr const char* kFinEnvoye = ".sent";
-constexpr const char* kFinMauvais = ".bad";
+constexpr const char* kBrouillon = ".draft";
+constexpr const char* kCourriel = ".mail";
+constexpr const char* kEssais = ".try";
+constexpr const char* kEnvoye = ".sent";
+constexpr const char* kRefuse = ".refused";
+constexpr const char* kMauvais = ".bad";
+constexpr const char* kPartiel = ".part";
 constexpr qint64 kTeteMax = 64 * 1024;
 
 QByteArray ComposeTete(const CourrielEnAttente& c) {
   const QJsonObject tete{{QStringLiteral("made"), c.FaitA},
-                         {QStringLiteral("attempts"), c.Essais},
-                         {QStringLiteral("next"), c.ProchainEssai},
                          {QStringLiteral("from"), c.Expediteur},
                          {QStringLiteral("to"), QJsonArray::fromStringList(c.Destinataires)}};
   return QJsonDocument(tete).toJson(QJsonDocument::Compact) + '\n';
@@ -31,99 +36,122 @@ bool LitTete(const QByteArray& ligne, CourrielEnAttente& c) {
   if (!document.isObject()) return false;
   const QJsonObject tete = document.object();
   c.FaitA = tete.value(QStringLiteral("made")).toInteger(-1);
-  c.Essais = tete.value(QStringLiteral("attempts")).toInt(-1);
-  c.ProchainEssai = tete.value(QStringLiteral("next")).toInteger(0);
   c.Expediteur = tete.value(QStringLiteral("from")).toString();
   for (const QJsonValue& v : tete.value(QStringLiteral("to")).toArray()) c.Destinataires.append(v.toString());
-  return c.FaitA >= 0 && c.Essais >= 0 && !c.Destinataires.isEmpty();
+  return c.FaitA >= 0 && !c.Destinataires.isEmpty();
+}
+
+QStringList ListeNoms(const QString& dossier, const char* fin) {
+  QStringList noms = QDir(dossier).entryList({u'*' + QLatin1String(fin)}, QDir::Files, QDir::Name);
+  for (QString& nom : noms) nom.chop(static_cast<qsizetype>(qstrlen(fin)));
+  return noms;
 }
 
 }  // namespace
 
 BoiteEnvoi::BoiteEnvoi(const QString& dossier) : Dossier_(dossier) {
-  QDir().mkpath(dossier);
+  PrepareDossierPrive(dossier);
   QFile::setPermissions(dossier, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
-  QDir d(dossier);
-  // What is not a whole mail is the rest of a kill: ".sent" was taken by a server, the others were never complete.
-  for (const QString& nom : d.entryList(QDir::Files)) {
-    if (!nom.endsWith(QLatin1String(kFinCourriel)) && !nom.endsWith(QLatin1String(kFinMauvais))) d.remove(nom);
-  }
+}
+
+void BoiteEnvoi::Recupere(const QString& saufMarque) {
+  const auto orphelins = [&](const char* fin) {
+    QStringList noms = ListeNoms(Dossier_, fin);
+    if (!saufMarque.isEmpty()) noms.removeIf([&](const QString& nom) { return nom.contains(saufMarque); });
+    return noms;
+  };
+  for (const QString& nom : orphelins(kBrouillon)) Publie(nom);
+  for (const char* fin : {kEnvoye, kPartiel})
+    for (const QString& nom : orphelins(fin)) QFile::remove(Chemin(nom, fin));
+  for (const QString& nom : orphelins(kEssais))
+    if (!QFile::exists(Chemin(nom, kCourriel))) QFile::remove(Chemin(nom, kEssais));
 }
 
 QString BoiteEnvoi::Chemin(const QString& nom, const char* fin) const {
   return Dossier_ + u'/' + nom + QLatin1String(fin);
 }
 
-bool BoiteEnvoi::EcritFichier(const CourrielEnAttente& courriel, const QByteArray& message) {
-  // QSaveFile writes beside the file, flushes to disk and renames: whole old or whole new, nothing between.
-  QSaveFile fichier(Chemin(courriel.Nom, kFinCourriel));
-  if (!fichier.open(QIODevice::WriteOnly)) return false;
-  fichier.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner);
-  fichier.write(ComposeTete(courriel));
-  fichier.write(message);
-  return fichier.commit();
+int BoiteEnvoi::PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message) {
+  return EcritDurable(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel), message});
 }
 
-bool BoiteEnvoi::Depose(const CourrielEnAttente& courriel, const QByteArray& message) {
-  return EcritFichier(courriel, message);
-}
+bool BoiteEnvoi::Publie(const QString& nom) { return RenommeDurable(Chemin(nom, kBrouillon), Chemin(nom, kCourriel)); }
 
 QList<CourrielEnAttente> BoiteEnvoi::Liste() {
   QList<CourrielEnAttente> liste;
-  QDir d(Dossier_);
-  for (const QString& fichier : d.entryList({QStringLiteral("*.mail")}, QDir::Files, QDir::Name)) {
+  for (const QString& nom : ListeNoms(Dossier_, kCourriel)) {
     CourrielEnAttente c;
-    c.Nom = fichier.chopped(5);
-    QFile f(d.filePath(fichier));
-    if (f.open(QIODevice::ReadOnly) && LitTete(f.readLine(kTeteMax), c)) {
-      liste.append(c);
-    } else {
-      QFile::remove(Chemin(c.Nom, kFinMauvais));
-      QFile::rename(Chemin(c.Nom, kFinCourriel), Chemin(c.Nom, kFinMauvais));
+    c.Nom = nom;
+    QFile f(Chemin(nom, kCourriel));
+    if (!f.open(QIODevice::ReadOnly)) continue;  // it may be readable next time
+    if (!LitTete(f.readLine(kTeteMax), c)) {
+      RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kMauvais));
+      continue;
     }
+    LitEssais(c);
+    liste.append(c);
   }
   return liste;
 }
 
+void BoiteEnvoi::LitEssais(CourrielEnAttente& courriel) const {
+  // No or a damaged note: the mail is only tried sooner.
+  QFile f(Chemin(courriel.Nom, kEssais));
+  if (!f.open(QIODevice::ReadOnly)) return;
+  const QJsonObject note = QJsonDocument::fromJson(f.read(kTeteMax)).object();
+  courriel.Essais = note.value(QStringLiteral("attempts")).toInt(0);
+  courriel.ProchainEssai = note.value(QStringLiteral("next")).toInteger(0);
+}
+
 QByteArray BoiteEnvoi::LitMessage(const QString& nom) const {
-  QFile f(Chemin(nom, kFinCourriel));
+  QFile f(Chemin(nom, kCourriel));
   if (!f.open(QIODevice::ReadOnly)) return {};
   f.readLine(kTeteMax);
   return f.readAll();
 }
 
+qint64 BoiteEnvoi::DonneOctets() const {
+  qint64 octets = 0;
+  for (const QFileInfo& f : QDir(Dossier_).entryInfoList(QDir::Files)) octets += f.size();
+  return octets;
+}
+
 void BoiteEnvoi::Acheve(const QString& nom) {
   // The rename is what counts: from here on a restart finds nothing to send.
-  QFile::rename(Chemin(nom, kFinCourriel), Chemin(nom, kFinEnvoye));
-  QFile::remove(Chemin(nom, kFinEnvoye));
+  RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kEnvoye));
+  QFile::remove(Chemin(nom, kEnvoye));
+  QFile::remove(Chemin(nom, kEssais));
 }
 
-void BoiteEnvoi::Reporte(const QString& nom, qint64 maintenant) {
-  CourrielEnAttente c;
-  c.Nom = nom;
-  QFile f(Chemin(nom, kFinCourriel));
-  if (!f.open(QIODevice::ReadOnly) || !LitTete(f.readLine(kTeteMax), c)) return;
-  const QByteArray message = f.readAll();
-  f.close();
-  ++c.Essais;
-  c.ProchainEssai = maintenant + AttenteApresEssai(c.Essais);
-  EcritFichier(c, message);  // a full disk leaves the old file: the mail stays and is only tried sooner
+void BoiteEnvoi::Reporte(const CourrielEnAttente& courriel, qint64 maintenant) {
+  const int essais = courriel.Essais + 1;
+  const QJsonObject note{{QStringLiteral("attempts"), essais},
+                         {QStringLiteral("next"), maintenant + AttenteApresEssai(essais)}};
+  EcritDurable(Chemin(courriel.Nom, kEssais), {QJsonDocument(note).toJson(QJsonDocument::Compact)});
 }
 
-void BoiteEnvoi::Abandonne(const QString& nom) { QFile::remove(Chemin(nom, kFinCourriel)); }
+void BoiteEnvoi::MetDeCote(const QString& nom) {
+  RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kRefuse));
+  QFile::remove(Chemin(nom, kEssais));
+}
+
+void BoiteEnvoi::RemetTout() {
+  for (const QString& nom : ListeNoms(Dossier_, kRefuse)) RenommeDurable(Chemin(nom, kRefuse), Chemin(nom, kCourriel));
+  for (const QString& nom : ListeNoms(Dossier_, kEssais)) QFile::remove(Chemin(nom, kEssais));
+}
 
 QStringList BoiteEnvoi::Elague(qint64 maintenant) {
   QStringList abandonnes;
-  QList<CourrielEnAttente> liste = Liste();
-  qint64 octets = 0;
-  for (const CourrielEnAttente& c : liste) octets += QFile(Chemin(c.Nom, kFinCourriel)).size();
+  for (const char* fin : {kRefuse, kMauvais})
+    for (const QFileInfo& f : QDir(Dossier_).entryInfoList({u'*' + QLatin1String(fin)}, QDir::Files))
+      if (maintenant - f.lastModified().toMSecsSinceEpoch() > kAgeMaxMs) QFile::remove(f.filePath());
+  const QList<CourrielEnAttente> liste = Liste();
   qsizetype reste = liste.size();
   for (const CourrielEnAttente& c : liste) {
-    const bool tropVieux = maintenant - c.FaitA > kAgeMaxMs;
-    if (!tropVieux && reste <= kCourrielsMax && octets <= kOctetsMax) break;
-    octets -= QFile(Chemin(c.Nom, kFinCourriel)).size();
+    if (maintenant - c.FaitA <= kAgeMaxMs && reste <= kCourrielsMax) continue;
     --reste;
-    Abandonne(c.Nom);
+    QFile::remove(Chemin(c.Nom, kCourriel));
+    QFile::remove(Chemin(c.Nom, kEssais));
     abandonnes.append(c.Nom);
   }
   return abandonnes;

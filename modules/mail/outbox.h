@@ -1,14 +1,18 @@
 // The outbox: every mail lies on disk, whole, before the first attempt to send it, and leaves the disk only when a
 // server has taken it or it is given up. It survives a kill and a power cut.
 //
-// One file a mail in a folder of mode 0700: NAME.mail holds a line of JSON (when made, attempts so far, when next,
-// from, to) and then the message. Files are written under another name, flushed to disk and renamed, so that a
-// half-written one is never sent. A mail that is under way is renamed to NAME.sent the moment the server has taken it,
-// before it is removed: a kill between the two sends nothing twice.
+// A folder of mode 0700. One mail has one name and one file, whose ending tells where the mail stands:
+//   NAME.draft    made, still gathering photos; after a kill it is sent as it is
+//   NAME.mail     to be sent. First line JSON (made, from, to), then the message. Never changed.
+//   NAME.try      beside it, after attempts that failed for this mail alone: how many, and when next
+//   NAME.sent     a server has taken it; about to be removed
+//   NAME.refused  a server has refused it for good; put back when the user changes the settings
+//   NAME.bad      damaged, kept for a person to look at
+// Each step from one to the next is one rename, flushed to the disk. A mail is sent twice only when the machine stops
+// between the server's "250" and the rename to ".sent"; both copies then carry the same Message-ID.
 #pragma once
 
 #include <QByteArray>
-#include <QDateTime>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -20,40 +24,52 @@ struct CourrielEnAttente {
   QString Expediteur;
   QStringList Destinataires;
   qint64 FaitA = 0;          ///< milliseconds since 1970, UTC
-  int Essais = 0;            ///< attempts so far
+  int Essais = 0;            ///< failed attempts of this mail alone
   qint64 ProchainEssai = 0;  ///< milliseconds since 1970; not before
 };
 
+/// Holds nothing but the folder's name: each thread may have its own.
 class BoiteEnvoi {
  public:
-  /// Bounds: older mails are given up first.
-  static constexpr int kCourrielsMax = 200;
-  static constexpr qint64 kOctetsMax = 256LL * 1024 * 1024;
+  static constexpr int kCourrielsMax = 2000;
+  static constexpr qint64 kOctetsMax = 1024LL * 1024 * 1024;  ///< beyond it new mails are made without photos
   static constexpr qint64 kAgeMaxMs = 7LL * 24 * 3600 * 1000;
 
-  /// The folder is made when it is not there. Leftovers of a kill are cleared: half-written ones go, sent ones go.
+  /// The folder is made when it is not there.
   explicit BoiteEnvoi(const QString& dossier);
 
-  /// Puts a mail into the box and on disk. False when it cannot be written (disk full): the caller tells the user.
-  bool Depose(const CourrielEnAttente& courriel, const QByteArray& message);
-  /// All mails, oldest first. Damaged files are set aside as NAME.bad, never sent and never fatal.
+  /// After the start, by the one program that sends: drafts become mails, and what a kill left half-written or already
+  /// sent goes.
+  /// Names that hold `saufMarque` belong to the living and stay as they are.
+  void Recupere(const QString& saufMarque = {});
+  /// Puts a mail on disk as a draft, in the place of an earlier draft of that name. Gives the system's error number,
+  /// 0 when it is there.
+  int PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message);
+  /// From now on the draft may be sent.
+  bool Publie(const QString& nom);
+
+  /// All mails to be sent, oldest first. What is damaged becomes NAME.bad, never sent and never fatal.
   QList<CourrielEnAttente> Liste();
   QByteArray LitMessage(const QString& nom) const;
+  qint64 DonneOctets() const;  ///< all files together
+
   /// The server has it: it leaves the box for good.
   void Acheve(const QString& nom);
-  /// One more failed attempt; when next is told by the schedule below.
-  void Reporte(const QString& nom, qint64 maintenant);
-  /// Given up, for good (refused by the server for ever, too old, box full).
-  void Abandonne(const QString& nom);
-  /// Gives up what is too old or too much; the names given up.
+  /// A failed attempt that says something about this mail alone; when next is told by the schedule below.
+  void Reporte(const CourrielEnAttente& courriel, qint64 maintenant);
+  /// The server has refused it for good.
+  void MetDeCote(const QString& nom);
+  /// The settings were changed: everything may be tried at once, what was refused too.
+  void RemetTout();
+  /// Gives up what is too old or too much, the oldest first; the names given up.
   QStringList Elague(qint64 maintenant);
 
-  /// Waiting time after the n-th failed attempt: 10 s, 30 s, 1, 2, 5, 10, 15 min, then every 30 min.
+  /// Milliseconds after the n-th failed attempt: 10, 30 s, 1, 2, 5, 10, 15 min, then every 30 min.
   static qint64 AttenteApresEssai(int essais);
 
  private:
   QString Chemin(const QString& nom, const char* fin) const;
-  bool EcritFichier(const CourrielEnAttente& courriel, const QByteArray& message);
+  void LitEssais(CourrielEnAttente& courriel) const;
 
   QString Dossier_;
 };

@@ -1,80 +1,81 @@
-#include "smtp_sender.h"
+#include "modules/mail/smtp_sender.h"
 
 #include <curl/curl.h>
 
-#include <QFileInfo>
-#include <QProcess>
+#include <QElapsedTimer>
 #include <QUrl>
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <memory>
+
+#include "modules/mail/sendmail_sender.h"
+#include "modules/mail/smtp_dialogue.h"
 
 namespace vaktor {
 namespace {
 
-constexpr long kDelaiConnexion = 20;
-constexpr long kDelaiSilence = 60;
-constexpr long kDelaiTotal = 600;
-constexpr qsizetype kMotsMax = 300;
+constexpr qint64 kGraceMs = 10'000;
 
+/// One conversation, as the callbacks of libcurl see it.
 struct Envoi {
+  Envoi(const QByteArray& message, const DelaisEnvoi& delais, const RappelsEnvoi& rappels)
+      : Message(message), Delais(delais), Rappels(rappels), Dialogue(rappels) {
+    DepuisActivite.start();
+    DepuisFin.start();
+  }
+  bool DonneesParties() const { return Dialogue.EnDonnees() && Position == Message.size(); }
+  bool TropLong() const { return DepuisActivite.hasExpired(DonneesParties() ? Delais.FinDonnees : Delais.Reponse); }
+
   const QByteArray& Message;
+  const DelaisEnvoi& Delais;
+  const RappelsEnvoi& Rappels;
+  DialogueSmtp Dialogue;
   qsizetype Position = 0;
-  const std::atomic_bool& Arret;
-  const SuiviEnvoi& Suivi;
-  QByteArray DerniereReponse;   // the last reply line of the server
-  QByteArray DernierRefus;      // the last one of 400 and above
-  QByteArray DerniereCommande;  // the verb only: what came behind it may be a password
+  QElapsedTimer DepuisActivite;  // since the server last did anything
+  QElapsedTimer DepuisFin;       // since we were asked to end
+  curl_off_t Envoyes = 0;
+  bool Arrete = false;
+  bool DelaiDepasse = false;
+  std::array<char, CURL_ERROR_SIZE> Erreur = {};
 };
 
 size_t LitMorceau(char* tampon, size_t taille, size_t nombre, void* donnee) {
   auto* e = static_cast<Envoi*>(donnee);
-  const qsizetype place = static_cast<qsizetype>(taille * nombre);
-  const qsizetype n = std::min(place, e->Message.size() - e->Position);
+  const qsizetype n = std::min(static_cast<qsizetype>(taille * nombre), e->Message.size() - e->Position);
   std::memcpy(tampon, e->Message.constData() + e->Position, static_cast<size_t>(n));
   e->Position += n;
   return static_cast<size_t>(n);
 }
 
-int VerifieArret(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
-  return static_cast<Envoi*>(donnee)->Arret.load() ? 1 : 0;
+// libcurl asks about once a second, whatever it waits for. Its own limits on silence would be the same at all stages.
+int Surveille(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t envoyes) {
+  auto* e = static_cast<Envoi*>(donnee);
+  if (envoyes != e->Envoyes) e->DepuisActivite.restart();
+  e->Envoyes = envoyes;
+  const bool fin = e->Rappels.Arret && e->Rappels.Arret();
+  if (!fin) e->DepuisFin.restart();
+  // A mail whose data the server has is worth a few seconds: to leave now would be to send it twice.
+  e->Arrete = fin && (!e->DonneesParties() || e->DepuisFin.hasExpired(kGraceMs));
+  e->DelaiDepasse = e->TropLong();
+  return e->Arrete || e->DelaiDepasse ? 1 : 0;
 }
 
-void NoteReponse(Envoi& e, QByteArray ligne) {
-  ligne = ligne.trimmed().left(kMotsMax);
-  if (ligne.size() < 3) return;
-  bool chiffres = false;
-  const int code = ligne.left(3).toInt(&chiffres);
-  if (!chiffres) return;
-  e.DerniereReponse = ligne;
-  if (code >= 400) e.DernierRefus = ligne;
-  if (e.Suivi) e.Suivi(QString::fromLatin1(e.DerniereCommande), QString::fromUtf8(ligne));
-}
-
-// Only the server's lines and the verb of ours are kept: the rest of our lines holds user name and password.
 int EcouteDialogue(CURL*, curl_infotype genre, char* texte, size_t taille, void* donnee) {
   auto* e = static_cast<Envoi*>(donnee);
   const QByteArray bloc(texte, static_cast<qsizetype>(taille));
-  if (genre == CURLINFO_HEADER_IN) {
-    for (const QByteArray& ligne : bloc.split('\n')) NoteReponse(*e, ligne);
-  } else if (genre == CURLINFO_HEADER_OUT) {
-    const QByteArray verbe = bloc.left(8).split(' ').first().trimmed().toUpper();
-    static constexpr const char* kVerbes[] = {"EHLO", "HELO", "STARTTLS", "AUTH", "MAIL", "RCPT", "DATA", "QUIT"};
-    const bool connu = std::any_of(std::begin(kVerbes), std::end(kVerbes), [&](const char* v) { return verbe == v; });
-    e->DerniereCommande = connu ? verbe : e->DerniereCommande;
-  }
+  if (genre == CURLINFO_HEADER_OUT) e->Dialogue.NoteCommande(bloc);
+  if (genre != CURLINFO_HEADER_IN) return 0;
+  e->DepuisActivite.restart();
+  for (const QByteArray& ligne : bloc.split('\n')) e->Dialogue.NoteLigne(ligne);
   return 0;
 }
 
-CauseEchec CauseSelonCommande(const QByteArray& commande) {
-  if (commande == "AUTH") return CauseEchec::kConnexionRefusee;
-  if (commande == "MAIL") return CauseEchec::kExpediteurRefuse;
-  if (commande == "RCPT") return CauseEchec::kDestinataireRefuse;
-  if (commande == "STARTTLS") return CauseEchec::kTls;
-  return CauseEchec::kMessageRefuse;
-}
-
 CauseEchec CauseSelonCurl(CURLcode code, const Envoi& e) {
+  if (e.Arrete) return CauseEchec::kInterrompu;
+  const bool muet = !e.Dialogue.AParle();
+  if (e.DelaiDepasse || code == CURLE_OPERATION_TIMEDOUT)
+    return muet ? CauseEchec::kPasDeConnexion : CauseEchec::kDelai;
   switch (code) {
     case CURLE_COULDNT_RESOLVE_HOST:
     case CURLE_COULDNT_RESOLVE_PROXY:
@@ -89,120 +90,103 @@ CauseEchec CauseSelonCurl(CURLcode code, const Envoi& e) {
     case CURLE_USE_SSL_FAILED:
     case CURLE_SSL_CIPHER:
       return CauseEchec::kTls;
-    case CURLE_LOGIN_DENIED:
-      return CauseEchec::kConnexionRefusee;
-    case CURLE_OPERATION_TIMEDOUT:
-      return CauseEchec::kDelai;
-    case CURLE_ABORTED_BY_CALLBACK:
-      return CauseEchec::kInterrompu;
     default:
-      return e.DernierRefus.isEmpty() ? CauseEchec::kCoupure : CauseSelonCommande(e.DerniereCommande);
+      break;
   }
+  if (e.Dialogue.ARefuse()) return e.Dialogue.CauseRefus();
+  return code == CURLE_LOGIN_DENIED ? CauseEchec::kConnexionRefusee : CauseEchec::kCoupure;
 }
 
 ResultatEnvoi ComposeResultat(CURLcode code, const Envoi& e) {
   ResultatEnvoi r;
-  // The server has the mail when it has answered 250 to the end of the data; a connection that breaks on our QUIT
-  // behind that is no failure, and must not send the mail a second time.
-  r.Accepte = code == CURLE_OK ||
-              (e.Position == e.Message.size() && e.DerniereReponse.startsWith("250") && e.DerniereCommande == "QUIT");
-  const QByteArray mots = !r.Accepte && !e.DernierRefus.isEmpty() ? e.DernierRefus : e.DerniereReponse;
-  r.MotsServeur = QString::fromUtf8(mots);
-  r.Code = mots.left(3).toInt();
+  // A connection that breaks behind the server's 250 is no failure, and must not send the mail a second time.
+  r.Accepte = code == CURLE_OK || e.Dialogue.EstAccepte();
+  r.Code = e.Dialogue.CodeRefus();
+  r.MotsServeur = ResumeMots(e.Dialogue.MotsRefus());
   if (r.Accepte) return r;
   r.Cause = CauseSelonCurl(code, e);
   // 5xx about this very mail is for good. A refused login is not: the user corrects the password and it goes out.
   r.Definitif = r.Code >= 500 && (r.Cause == CauseEchec::kExpediteurRefuse ||
                                   r.Cause == CauseEchec::kDestinataireRefuse || r.Cause == CauseEchec::kMessageRefuse);
-  if (r.MotsServeur.isEmpty()) r.MotsServeur = QString::fromUtf8(curl_easy_strerror(code));
+  if (!e.Dialogue.ARefuse())
+    r.MotsServeur = ResumeMots(e.Erreur.front() != '\0' ? e.Erreur.data() : curl_easy_strerror(code));
   return r;
 }
 
-ResultatEnvoi EnvoieParSmtp(const ReglagesEnvoi& r, const QString& expediteur, const QStringList& destinataires,
-                            Envoi& envoi) {
-  const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), &curl_easy_cleanup);
-  curl_slist* adresses = nullptr;
-  for (const QString& a : destinataires) adresses = curl_slist_append(adresses, ('<' + a.toUtf8() + '>').constData());
-  const std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> garde(adresses, &curl_slist_free_all);
+/// What libcurl has to be told about the way to the server. False for a server that is no name.
+bool RegleServeur(CURL* c, const ReglagesEnvoi& r) {
   QUrl url;
-  url.setScheme(r.Port == 465 ? QStringLiteral("smtps") : QStringLiteral("smtp"));
-  url.setHost(r.Serveur);
+  url.setScheme(r.TlsDesLeDebut ? QStringLiteral("smtps") : QStringLiteral("smtp"));
+  url.setHost(r.Serveur.trimmed());
   url.setPort(r.Port);
-  CURL* c = curl.get();
+  if (!url.isValid() || url.host().isEmpty()) return false;
   curl_easy_setopt(c, CURLOPT_URL, url.toEncoded().constData());
   curl_easy_setopt(c, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
   curl_easy_setopt(c, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
   curl_easy_setopt(c, CURLOPT_SSL_VERIFYPEER, 1L);
   curl_easy_setopt(c, CURLOPT_SSL_VERIFYHOST, 2L);
-  const QByteArray autorites = r.FichierAutorites.toLocal8Bit();
-  if (!autorites.isEmpty()) curl_easy_setopt(c, CURLOPT_CAINFO, autorites.constData());
-  curl_easy_setopt(c, CURLOPT_MAIL_FROM, ('<' + expediteur.toUtf8() + '>').constData());
-  curl_easy_setopt(c, CURLOPT_MAIL_RCPT, adresses);
+  if (!r.FichierAutorites.isEmpty()) curl_easy_setopt(c, CURLOPT_CAINFO, r.FichierAutorites.toLocal8Bit().constData());
   if (r.AvecConnexion) {
     curl_easy_setopt(c, CURLOPT_USERNAME, r.Utilisateur.toUtf8().constData());
     curl_easy_setopt(c, CURLOPT_PASSWORD, r.MotDePasse.toUtf8().constData());
   }
+  curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(r.Delais.Connexion));
+  curl_easy_setopt(c, CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(r.Delais.FinDonnees / 1000 + 1));
+  curl_easy_setopt(c, CURLOPT_NOSIGNAL, 1L);
+  curl_easy_setopt(c, CURLOPT_QUICK_EXIT, 1L);  // a name server that hangs must not hold up our end
+  return true;
+}
+
+void RegleRappels(CURL* c, Envoi& envoi) {
   curl_easy_setopt(c, CURLOPT_READFUNCTION, &LitMorceau);
   curl_easy_setopt(c, CURLOPT_READDATA, &envoi);
   curl_easy_setopt(c, CURLOPT_UPLOAD, 1L);
-  curl_easy_setopt(c, CURLOPT_VERBOSE, 1L);  // gives the server's words to the listener below, prints nothing
+  // Tells the size in the command MAIL, so that a server can refuse a mail that is too large before it travels.
+  curl_easy_setopt(c, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(envoi.Message.size()));
+  curl_easy_setopt(c, CURLOPT_VERBOSE, 1L);  // gives the server's words to the listener, prints nothing
   curl_easy_setopt(c, CURLOPT_DEBUGFUNCTION, &EcouteDialogue);
   curl_easy_setopt(c, CURLOPT_DEBUGDATA, &envoi);
   curl_easy_setopt(c, CURLOPT_NOPROGRESS, 0L);
-  curl_easy_setopt(c, CURLOPT_XFERINFOFUNCTION, &VerifieArret);
+  curl_easy_setopt(c, CURLOPT_XFERINFOFUNCTION, &Surveille);
   curl_easy_setopt(c, CURLOPT_XFERINFODATA, &envoi);
-  curl_easy_setopt(c, CURLOPT_NOSIGNAL, 1L);
-  curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT, kDelaiConnexion);
-  curl_easy_setopt(c, CURLOPT_LOW_SPEED_LIMIT, 1L);
-  curl_easy_setopt(c, CURLOPT_LOW_SPEED_TIME, kDelaiSilence);
-  curl_easy_setopt(c, CURLOPT_SERVER_RESPONSE_TIMEOUT, kDelaiSilence);
-  curl_easy_setopt(c, CURLOPT_TIMEOUT, kDelaiTotal);
+  curl_easy_setopt(c, CURLOPT_ERRORBUFFER, envoi.Erreur.data());
+}
+
+ResultatEnvoi EnvoieParSmtp(const ReglagesEnvoi& r, const Enveloppe& enveloppe, Envoi& envoi) {
+  static const CURLcode kPret = curl_global_init(CURL_GLOBAL_DEFAULT);
+  const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), &curl_easy_cleanup);
+  curl_slist* adresses = nullptr;
+  for (const QString& a : enveloppe.Destinataires)
+    adresses = curl_slist_append(adresses, ('<' + a.toUtf8() + '>').constData());
+  const std::unique_ptr<curl_slist, decltype(&curl_slist_free_all)> garde(adresses, &curl_slist_free_all);
+  CURL* c = curl.get();
+  if (kPret != CURLE_OK || c == nullptr) return {.Cause = CauseEchec::kCoupure};
+  if (!RegleServeur(c, r)) return {.Cause = CauseEchec::kServeurIntrouvable};
+  curl_easy_setopt(c, CURLOPT_MAIL_FROM, ('<' + enveloppe.Expediteur.toUtf8() + '>').constData());
+  curl_easy_setopt(c, CURLOPT_MAIL_RCPT, adresses);
+  curl_easy_setopt(c, CURLOPT_MAIL_RCPT_ALLLOWFAILS, 1L);
+  RegleRappels(c, envoi);
   return ComposeResultat(curl_easy_perform(c), envoi);
 }
 
-ResultatEnvoi EnvoieParSendmail(const ReglagesEnvoi& r, const QString& expediteur, const QStringList& destinataires,
-                                const Envoi& envoi) {
-  ResultatEnvoi resultat;
-  if (!QFileInfo(r.Sendmail).isExecutable()) {
-    resultat.Cause = CauseEchec::kProgrammeAbsent;
-    return resultat;
-  }
-  QStringList arguments{QStringLiteral("-i")};
-  if (!expediteur.isEmpty()) arguments << QStringLiteral("-f") << expediteur;
-  arguments << QStringLiteral("--") << destinataires;  // behind "--" no address is taken for an option
-  QProcess programme;
-  programme.setProcessChannelMode(QProcess::MergedChannels);
-  programme.start(r.Sendmail, arguments);
-  // The local program wants the line ends of this system.
-  QByteArray message = envoi.Message;
-  message.replace("\r\n", "\n");
-  programme.write(message);
-  programme.closeWriteChannel();
-  for (int t = 0; t < kDelaiSilence * 5 && !programme.waitForFinished(200); ++t) {
-    if (programme.error() == QProcess::FailedToStart || envoi.Arret.load()) break;
-  }
-  const bool fini = programme.state() == QProcess::NotRunning && programme.error() == QProcess::UnknownError;
-  resultat.Accepte = fini && programme.exitStatus() == QProcess::NormalExit && programme.exitCode() == 0;
-  resultat.MotsServeur = QString::fromUtf8(programme.readAll()).simplified().left(kMotsMax);
-  if (!resultat.Accepte) resultat.Cause = fini ? CauseEchec::kMessageRefuse : CauseEchec::kDelai;
-  if (!fini) programme.kill();
-  return resultat;
+CauseEchec CherchePremierManque(const ReglagesEnvoi& r, const Enveloppe& enveloppe) {
+  if (enveloppe.Destinataires.isEmpty()) return CauseEchec::kIncomplet;
+  if (!r.ParSmtp) return r.Sendmail.isEmpty() ? CauseEchec::kProgrammeAbsent : CauseEchec::kAucune;
+  if (r.Serveur.trimmed().isEmpty() || enveloppe.Expediteur.isEmpty()) return CauseEchec::kIncomplet;
+  if (r.Port == 0) return CauseEchec::kPortMauvais;
+  if (r.AvecConnexion && (r.Utilisateur.isEmpty() || r.MotDePasse.isEmpty())) return CauseEchec::kConnexionIncomplete;
+  return CauseEchec::kAucune;
 }
 
 }  // namespace
 
-ResultatEnvoi EnvoieCourriel(const ReglagesEnvoi& reglages, const QString& expediteur, const QStringList& destinataires,
-                             const QByteArray& message, const std::atomic_bool& arret, const SuiviEnvoi& suivi) {
-  Envoi envoi{message, 0, arret, suivi, {}, {}, {}};
-  const bool incomplet =
-      destinataires.isEmpty() || (reglages.ParSmtp && (reglages.Serveur.isEmpty() || expediteur.isEmpty()));
-  if (incomplet) {
-    ResultatEnvoi r;
-    r.Cause = CauseEchec::kIncomplet;
-    return r;
-  }
-  return reglages.ParSmtp ? EnvoieParSmtp(reglages, expediteur, destinataires, envoi)
-                          : EnvoieParSendmail(reglages, expediteur, destinataires, envoi);
+ResultatEnvoi EnvoieCourriel(const ReglagesEnvoi& reglages, const Enveloppe& enveloppe, const QByteArray& message,
+                             const RappelsEnvoi& rappels) {
+  const CauseEchec manque = CherchePremierManque(reglages, enveloppe);
+  if (manque != CauseEchec::kAucune) return {.Cause = manque};
+  if (!reglages.ParSmtp) return EnvoieParSendmail(reglages, enveloppe, message, rappels);
+  Envoi envoi(message, reglages.Delais, rappels);
+  return EnvoieParSmtp(reglages, enveloppe, envoi);
 }
 
 }  // namespace vaktor

@@ -1,0 +1,50 @@
+#include "modules/mail/mail_maker.h"
+
+#include "modules/mail/mail_policy.h"
+#include "platform/base/system_files.h"
+
+namespace vaktor {
+namespace {
+
+constexpr int kPortTls = 465;
+constexpr int kPortMax = 65535;
+
+quint16 LitPort(const QString& texte) {
+  int port = 0;
+  return LitNombre(texte, port) && port > 0 && port <= kPortMax ? static_cast<quint16>(port) : quint16{0};
+}
+
+}  // namespace
+
+ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule& dossiers, const QString& autorites) {
+  ReglagesCourriel r;
+  r.Envoi.ParSmtp = valeurs.SmtpActif;
+  r.Envoi.Serveur = valeurs.SmtpServeur.trimmed();
+  r.Envoi.Port = LitPort(valeurs.SmtpPort);
+  r.Envoi.TlsDesLeDebut = r.Envoi.Port == kPortTls;
+  r.Envoi.AvecConnexion = valeurs.SmtpNeedLogin;
+  r.Envoi.Utilisateur = valeurs.SmtpUser;
+  r.Envoi.MotDePasse = valeurs.SmtpPass;
+  r.Envoi.FichierAutorites = autorites;
+  if (!valeurs.SmtpActif) r.Envoi.Sendmail = TrouveSendmail();
+  const QStringList expediteurs = SepareAdresses(valeurs.SmtpFrom);
+  if (!expediteurs.isEmpty()) r.Adresses.Expediteur = expediteurs.first();
+  r.Adresses.Destinataires = SepareAdresses(valeurs.MailDestination);
+  r.Sujet = valeurs.MailSujet;
+  r.Corps = valeurs.MailCorps;
+  LitNombre(valeurs.MailNombrePhoto, r.NombrePhoto);
+  LitNombre(valeurs.MailNombreMail, r.NombreMail);
+  r.DossierPhotos = valeurs.PhotoActif ? CheminNatif(valeurs.RepertoirePhoto) : dossiers.CheminTempFtp();
+  return r;
+}
+
+QStringList DonneSecrets(const ReglagesEnvoi& r) {
+  // Servers like to quote what they were sent, and they are sent it in these forms (RFC 4616, AUTH LOGIN).
+  const QByteArray pass = r.MotDePasse.toUtf8();
+  const QByteArray user = r.Utilisateur.toUtf8();
+  if (pass.isEmpty()) return {};
+  const QByteArray plain = QByteArray(1, '\0') + user + QByteArray(1, '\0') + pass;
+  return {r.MotDePasse, QString::fromLatin1(pass.toBase64()), QString::fromLatin1(plain.toBase64())};
+}
+
+}  // namespace vaktor

@@ -1,0 +1,34 @@
+// From the user's settings to a mail.
+#pragma once
+
+#include "modules/common/module_folders.h"
+#include "modules/mail/mime_message.h"
+#include "modules/mail/smtp_sender.h"
+#include "settings/parameters.h"
+
+namespace vaktor {
+
+/// The settings as the mail companion uses them.
+struct ReglagesCourriel {
+  ReglagesEnvoi Envoi;
+  Enveloppe Adresses;
+  QString Sujet;
+  QString Corps;
+  int NombrePhoto = 10;
+  int NombreMail = 1;
+  QString DossierPhotos;  ///< native path: the photo folder, or the live copies when photos are off
+  bool operator==(const ReglagesCourriel&) const = default;
+};
+
+/// `autorites` see ReglagesEnvoi::FichierAutorites. A count that is no number is the one of a first run; a port that is
+/// none is 0.
+ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule& dossiers, const QString& autorites);
+
+/// The password in the forms in which it travels: none of them belongs into a log or a status file.
+QStringList DonneSecrets(const ReglagesEnvoi& reglages);
+
+/// Of a whole mail: base64 makes a third more of the photos.
+constexpr qint64 kOctetsCourrielMax = 15LL * 1024 * 1024;
+constexpr qint64 kOctetsPhotosMax = kOctetsCourrielMax / 4 * 3 - 512 * 1024;
+
+}  // namespace vaktor

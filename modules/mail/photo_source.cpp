@@ -1,0 +1,42 @@
+#include "modules/mail/photo_source.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+namespace vaktor {
+
+QList<PhotoConnue> ListePhotos(const QString& dossier) {
+  QList<PhotoConnue> photos;
+  QDirIterator fichiers(dossier, {QStringLiteral("*.jpg")}, QDir::Files);
+  while (fichiers.hasNext()) {
+    fichiers.next();
+    const QFileInfo info = fichiers.fileInfo();
+    photos.append({info.filePath(), info.lastModified().toMSecsSinceEpoch(), info.size()});
+  }
+  return photos;
+}
+
+bool EstJpegEntier(const QByteArray& octets) { return octets.startsWith("\xff\xd8") && octets.endsWith("\xff\xd9"); }
+
+ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax) {
+  ChoixPhotos choix;
+  if (nombre <= 0) return choix;
+  qint64 reste = octetsMax;
+  for (const PhotoConnue& photo : ClassePhotos(ListePhotos(dossier), intrusion)) {
+    if (choix.Photos.size() >= nombre) break;
+    if (photo.Octets > reste) continue;
+    QFile fichier(photo.Chemin);
+    if (!fichier.open(QIODevice::ReadOnly)) continue;
+    const QByteArray contenu = fichier.read(reste + 1);  // it may have grown since it was listed
+    if (contenu.size() > reste || !EstJpegEntier(contenu)) continue;
+    reste -= contenu.size();
+    choix.Photos.append(photo);
+    choix.Pieces.append({QFileInfo(photo.Chemin).fileName(), contenu});
+  }
+  return choix;
+}
+
+}  // namespace vaktor

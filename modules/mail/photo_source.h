@@ -1,0 +1,25 @@
+// The photos on disk, as the mail takes them.
+#pragma once
+
+#include "modules/mail/mail_policy.h"
+#include "modules/mail/mime_message.h"
+
+namespace vaktor {
+
+/// All photos of the folder ("*.jpg", any case), native path. Empty for a folder that cannot be read.
+QList<PhotoConnue> ListePhotos(const QString& dossier);
+
+struct ChoixPhotos {
+  QList<PhotoConnue> Photos;
+  QList<PieceJointe> Pieces;
+};
+
+/// Reads the photos nearest the intrusion, `nombre` and `octetsMax` bytes at the most. A photo that is still being
+/// written (it does not end in JPEG's end marker), or that is gone meanwhile, is passed over for the next one; so is
+/// one that is too large for what is left of the bytes.
+ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax);
+
+/// A whole JPEG file: from the start marker FF D8 to the end marker FF D9 (ITU-T T.81, B.1.1.3).
+bool EstJpegEntier(const QByteArray& octets);
+
+}  // namespace vaktor

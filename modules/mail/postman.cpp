@@ -1,0 +1,94 @@
+#include "modules/mail/postman.h"
+
+#include <algorithm>
+
+namespace vaktor {
+namespace {
+
+bool ConcerneLeCourriel(CauseEchec cause) {
+  return cause == CauseEchec::kExpediteurRefuse || cause == CauseEchec::kDestinataireRefuse ||
+         cause == CauseEchec::kMessageRefuse || cause == CauseEchec::kFichier;
+}
+
+// A wait that is longer than any of ours was noted before the clock was set back.
+qint64 AttenteSaine(qint64 attente) {
+  static const qint64 kMax = BoiteEnvoi::AttenteApresEssai(1000);
+  return attente <= 0 || attente > kMax ? 0 : attente;
+}
+
+}  // namespace
+
+Facteur::Facteur(BoiteEnvoi boite, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
+                 Rapporteur rapporte)
+    : Boite_(std::move(boite)),
+      Plafond_(plafond),
+      Maintenant_(std::move(maintenant)),
+      Envoie_(std::move(envoie)),
+      Rapporte_(std::move(rapporte)) {}
+
+void Facteur::Recommence() {
+  EchecsDeSuite_ = 0;
+  PasAvant_ = 0;
+  Reportes_.clear();
+  Boite_.RemetTout();
+}
+
+qint64 Facteur::AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant) const {
+  return AttenteSaine(std::max(courriel.ProchainEssai, Reportes_.value(courriel.Nom, 0)) - maintenant);
+}
+
+qint64 Facteur::Tour() {
+  const qint64 maintenant = Maintenant_();
+  const qint64 pourTous = std::max(AttenteSaine(PasAvant_ - maintenant), Plafond_.Attente(maintenant));
+  if (pourTous > 0) return pourTous;
+  for (const QString& nom : Boite_.Elague(maintenant))
+    Rapporte_({nom, {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
+  qint64 attente = kRienAFaire;
+  for (const CourrielEnAttente& courriel : Boite_.Liste()) {
+    if (Partis_.contains(courriel.Nom)) continue;
+    const qint64 avant = AttenteDuCourriel(courriel, maintenant);
+    if (avant == 0) return Essaie(courriel);
+    attente = std::min(attente, avant);
+  }
+  return attente;
+}
+
+void Facteur::NoteAccepte(const QString& nom) {
+  if (Partis_.contains(nom)) return;
+  Boite_.Acheve(nom);
+  Partis_.insert(nom);
+  Plafond_.Note(Maintenant_());
+}
+
+qint64 Facteur::Essaie(const CourrielEnAttente& courriel) {
+  const QByteArray message = Boite_.LitMessage(courriel.Nom);
+  if (message.isEmpty()) return TraiteEchec(courriel, {.Cause = CauseEchec::kFichier});
+  const ResultatEnvoi resultat = Envoie_(courriel, message, [&] { NoteAccepte(courriel.Nom); });
+  if (resultat.Cause == CauseEchec::kInterrompu) return kRienAFaire;
+  if (!resultat.Accepte) return TraiteEchec(courriel, resultat);
+  NoteAccepte(courriel.Nom);
+  EchecsDeSuite_ = 0;
+  PasAvant_ = 0;
+  Rapporte_({courriel.Nom, resultat, 0});
+  return 0;
+}
+
+qint64 Facteur::TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat) {
+  const qint64 maintenant = Maintenant_();
+  const bool duCourriel = ConcerneLeCourriel(resultat.Cause);
+  qint64 attente = 0;
+  if (duCourriel && resultat.Definitif) {
+    Boite_.MetDeCote(courriel.Nom);
+  } else if (duCourriel) {
+    attente = BoiteEnvoi::AttenteApresEssai(courriel.Essais + 1);
+    Boite_.Reporte(courriel, maintenant);
+    Reportes_.insert(courriel.Nom, maintenant + attente);
+  } else {
+    attente = BoiteEnvoi::AttenteApresEssai(++EchecsDeSuite_);
+    PasAvant_ = maintenant + attente;
+  }
+  Rapporte_({courriel.Nom, resultat, attente});
+  return duCourriel ? 0 : attente;  // the next mail may have better luck, unless the way itself is closed
+}
+
+}  // namespace vaktor

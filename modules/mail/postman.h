@@ -1,0 +1,59 @@
+// The postman: which mail of the outbox is tried when, and what follows from each answer. Rules only: what sends, and
+// the time, are handed in; runs on the sending thread.
+#pragma once
+
+#include <QHash>
+#include <QSet>
+#include <functional>
+
+#include "modules/mail/mail_policy.h"
+#include "modules/mail/outbox.h"
+#include "modules/mail/smtp_sender.h"
+
+namespace vaktor {
+
+/// What became of one mail.
+struct RapportEnvoi {
+  QString Nom;
+  ResultatEnvoi Resultat;
+  qint64 ProchainEssaiDans = 0;  ///< milliseconds; of a mail that stays in the box
+};
+
+class Facteur {
+ public:
+  /// Hands the mail over, and calls `surAccepte` the very moment that the server has it.
+  using Envoyeur = std::function<ResultatEnvoi(const CourrielEnAttente& courriel, const QByteArray& message,
+                                               const std::function<void()>& surAccepte)>;
+  using Rapporteur = std::function<void(const RapportEnvoi& rapport)>;
+
+  static constexpr qint64 kRienAFaire = 60LL * 1000;  ///< milliseconds until the next look at an empty box
+
+  /// `maintenant` gives milliseconds since 1970.
+  Facteur(BoiteEnvoi boite, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
+          Rapporteur rapporte);
+
+  /// Tries at most one mail: the oldest that is due. Gives the milliseconds until the next round is worth while, 0 for
+  /// at once. A failure that says nothing about the mail itself (no network, login refused) holds up all mails, each
+  /// time for longer; one about the mail alone holds up that mail and lets the others pass.
+  qint64 Tour();
+  /// The settings were changed: all mails are due at once.
+  void Recommence();
+
+ private:
+  qint64 Essaie(const CourrielEnAttente& courriel);
+  qint64 TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat);
+  void NoteAccepte(const QString& nom);
+  qint64 AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant) const;
+
+  BoiteEnvoi Boite_;
+  PlafondHoraire& Plafond_;
+  std::function<qint64()> Maintenant_;
+  Envoyeur Envoie_;
+  Rapporteur Rapporte_;
+  int EchecsDeSuite_ = 0;            // of the way to the server
+  qint64 PasAvant_ = 0;              // no mail at all before
+  QHash<QString, qint64> Reportes_;  // the next attempt of a mail, also where the disk could not take the note
+  QSet<QString> Partis_;             // accepted: never again, even if the disk kept the file
+};
+
+}  // namespace vaktor

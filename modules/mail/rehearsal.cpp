@@ -1,0 +1,75 @@
+#include "modules/mail/rehearsal.h"
+
+#include <QDateTime>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QRandomGenerator>
+
+#include "modules/common/bounded_log.h"
+#include "modules/mail/failure_advice.h"
+#include "modules/mail/mail_maker.h"
+
+namespace vaktor {
+namespace {
+
+Parametres LitDemande(const QJsonObject& demande) {
+  Parametres p;
+  const auto texte = [&](const char* cle, QString& valeur) {
+    const QJsonValue v = demande.value(QLatin1String(cle));
+    if (!v.isUndefined()) valeur = v.toVariant().toString();
+  };
+  const auto drapeau = [&](const char* cle, bool& valeur) {
+    valeur = demande.value(QLatin1String(cle)).toBool(valeur);
+  };
+  texte("destination", p.MailDestination);
+  texte("sujet", p.MailSujet);
+  texte("corp", p.MailCorps);
+  texte("smtpserveur", p.SmtpServeur);
+  texte("smtpfrom", p.SmtpFrom);
+  texte("smtpport", p.SmtpPort);
+  texte("smtpuser", p.SmtpUser);
+  texte("pass", p.SmtpPass);
+  drapeau("smtpactif", p.SmtpActif);
+  drapeau("smtpneedlogin", p.SmtpNeedLogin);
+  p.LangueCourante = demande.value(QStringLiteral("langue")).toInt(0);
+  return p;
+}
+
+QByteArray ComposeEssai(const ReglagesCourriel& r) {
+  const QString marque = QString::number(QRandomGenerator::system()->generate64(), 36);
+  return ComposeMessage({.Expediteur = r.Adresses.Expediteur,
+                         .Destinataires = r.Adresses.Destinataires,
+                         .Sujet = r.Sujet,
+                         .Corps = r.Corps,
+                         .Date = QDateTime::currentDateTime(),
+                         .Identifiant = QStringLiteral("try-") + marque,
+                         .Pieces = {}});
+}
+
+}  // namespace
+
+FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites,
+                          const std::function<void(const QString&)>& ecrit) {
+  const QJsonDocument document = QJsonDocument::fromJson(demande);
+  if (!document.isObject()) {
+    ecrit(QStringLiteral("JSON ?"));
+    return FinRepetition::kDemandeIllisible;
+  }
+  const Parametres valeurs = LitDemande(document.object());
+  const ReglagesCourriel reglages = TraduitReglages(valeurs, {}, autorites);
+  const QStringList secrets = DonneSecrets(reglages.Envoi);
+  const auto dis = [&](const QString& ligne) { ecrit(NettoieLigne(ligne, secrets)); };
+  if (reglages.Envoi.ParSmtp)
+    dis(QStringLiteral("%1:%2").arg(reglages.Envoi.Serveur, QString::number(reglages.Envoi.Port)));
+  RappelsEnvoi rappels;
+  rappels.Suivi = [&](const QString& commande, const QString& reponse) {
+    dis(commande.isEmpty() ? reponse : commande + QStringLiteral(": ") + reponse);
+  };
+  const ResultatEnvoi resultat = EnvoieCourriel(reglages.Envoi, reglages.Adresses, ComposeEssai(reglages), rappels);
+  const AvisEchec avis = ComposeAvis(resultat, reglages.Envoi);
+  if (!resultat.Accepte && !resultat.MotsServeur.isEmpty()) dis(resultat.MotsServeur);
+  dis(valeurs.LangueCourante == 1 ? avis.English : avis.Francais);
+  return resultat.Accepte ? FinRepetition::kAccepte : FinRepetition::kRefuse;
+}
+
+}  // namespace vaktor

@@ -1,0 +1,148 @@
+#include "modules/mail/sending_thread.h"
+
+#include <QDateTime>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QMutex>
+#include <QWaitCondition>
+#include <atomic>
+#include <optional>
+
+#include "base/failure.h"
+#include "modules/mail/durable_file.h"
+#include "platform/store/private_file.h"
+
+namespace vaktor {
+namespace {
+
+constexpr unsigned long kAttenteFinMs = 2000;
+constexpr qint64 kTexteCadenceMax = 64 * 1024;
+
+qint64 DonneMaintenant() { return QDateTime::currentMSecsSinceEpoch(); }
+
+}  // namespace
+
+/// What both threads touch. The sending thread keeps it alive, also past a companion that could not wait for it.
+struct FilEnvoi::Partage {
+  ReglagesFil Fil;
+  std::function<void(const RapportEnvoi&)> Rapporte;  // hands over to the event loop
+
+  QMutex Verrou;
+  QWaitCondition Reveil;
+  ReglagesEnvoi Reglages;
+  bool ReglagesRecus = false;
+  bool Change = false;    // settings that differ: all mails are due
+  bool Reveille = false;  // something happened since the last look
+  std::atomic_bool Arret = false;
+
+  void Execute();
+  void Attends(qint64 millisecondes);
+  std::unique_ptr<VerrouDossier> PrendVerrou();
+  ResultatEnvoi Envoie(const CourrielEnAttente& courriel, const QByteArray& message,
+                       const std::function<void()>& surAccepte);
+  QString CheminCadence() const { return Fil.Dossier + QStringLiteral("/cadence"); }
+};
+
+void FilEnvoi::Partage::Attends(qint64 millisecondes) {
+  QMutexLocker verrou(&Verrou);
+  if (!Reveille && !Arret) Reveil.wait(&Verrou, static_cast<unsigned long>(millisecondes));
+  Reveille = false;
+}
+
+std::unique_ptr<VerrouDossier> FilEnvoi::Partage::PrendVerrou() {
+  while (!Arret) {
+    try {
+      return std::make_unique<VerrouDossier>(Fil.Dossier);
+    } catch (const Echec&) {
+      Attends(1000);  // another companion still sends
+    }
+  }
+  return nullptr;
+}
+
+ResultatEnvoi FilEnvoi::Partage::Envoie(const CourrielEnAttente& courriel, const QByteArray& message,
+                                        const std::function<void()>& surAccepte) {
+  ReglagesEnvoi reglages;
+  {
+    const QMutexLocker verrou(&Verrou);
+    reglages = Reglages;
+  }
+  return EnvoieCourriel(reglages, {courriel.Expediteur, courriel.Destinataires}, message,
+                        {[this] { return Arret.load(); }, surAccepte, {}});
+}
+
+void FilEnvoi::Partage::Execute() {
+  const std::unique_ptr<VerrouDossier> verrou = PrendVerrou();
+  if (!verrou) return;
+  BoiteEnvoi boite(Fil.Dossier);
+  boite.Recupere(Fil.Marque);
+  PlafondHoraire plafond(Fil.CourrielsParHeure);
+  QFile cadence(CheminCadence());
+  if (cadence.open(QIODevice::ReadOnly)) plafond.Relit(cadence.read(kTexteCadenceMax));
+  const auto envoie = [this](const CourrielEnAttente& courriel, const QByteArray& message,
+                             const std::function<void()>& surAccepte) { return Envoie(courriel, message, surAccepte); };
+  Facteur facteur(boite, plafond, &DonneMaintenant, envoie, [&](const RapportEnvoi& rapport) {
+    if (rapport.Resultat.Accepte) EcritDurable(CheminCadence(), {plafond.Texte()});
+    Rapporte(rapport);
+  });
+  while (!Arret) {
+    bool pret = false;
+    {
+      const QMutexLocker garde(&Verrou);
+      if (std::exchange(Change, false)) facteur.Recommence();
+      pret = ReglagesRecus;
+    }
+    const qint64 attente = pret ? facteur.Tour() : Facteur::kRienAFaire;
+    if (attente > 0) Attends(attente);
+  }
+}
+
+FilEnvoi::FilEnvoi(const ReglagesFil& reglages, Facteur::Rapporteur surRapport)
+    : Partage_(std::make_shared<Partage>()), Fil_(nullptr) {
+  Partage_->Fil = reglages;
+  Partage_->Rapporte = [contexte = &Contexte_, partage = Partage_.get(), surRapport](const RapportEnvoi& rapport) {
+    // Under the lock: whoever ends the companion takes it before the context goes.
+    const QMutexLocker verrou(&partage->Verrou);
+    if (partage->Arret) return;
+    QMetaObject::invokeMethod(
+        contexte, [surRapport, rapport] { surRapport(rapport); }, Qt::QueuedConnection);
+  };
+  Fil_ = QThread::create([partage = Partage_] { partage->Execute(); });
+  Fil_->start();
+}
+
+FilEnvoi::~FilEnvoi() {
+  Arrete({});
+  // A thread that a name server holds up is left behind: the process is about to end, and the outbox stands on disk.
+  if (Fil_->wait(kAttenteFinMs)) delete Fil_;
+}
+
+void FilEnvoi::ChangeReglages(const ReglagesEnvoi& reglages) {
+  const QMutexLocker verrou(&Partage_->Verrou);
+  Partage_->Change = Partage_->Change || (Partage_->ReglagesRecus && !(Partage_->Reglages == reglages));
+  Partage_->Reglages = reglages;
+  Partage_->ReglagesRecus = true;
+  Partage_->Reveille = true;
+  Partage_->Reveil.wakeAll();
+}
+
+void FilEnvoi::Reveille() {
+  const QMutexLocker verrou(&Partage_->Verrou);
+  Partage_->Reveille = true;
+  Partage_->Reveil.wakeAll();
+}
+
+void FilEnvoi::Arrete(std::function<void()> fini) {
+  {
+    const QMutexLocker verrou(&Partage_->Verrou);
+    Partage_->Arret = true;
+    Partage_->Reveil.wakeAll();
+  }
+  if (!fini) return;
+  if (Fil_->isFinished())
+    QMetaObject::invokeMethod(&Contexte_, fini, Qt::QueuedConnection);
+  else
+    QObject::connect(Fil_, &QThread::finished, &Contexte_, fini);
+}
+
+}  // namespace vaktor

@@ -1,0 +1,120 @@
+#!/usr/bin/python3
+"""A real SMTP server on loopback for the tests of the mail companion.
+
+mail_server.py FOLDER [--tls CERT KEY] [--starttls CERT KEY] [--login USER PASS] [--mode MODE]
+
+Prints the port that the system gave it on its first line. Each mail that it takes becomes a file in FOLDER:
+NUMBER.eml, and NUMBER.json with sender and destinations. Ends when its standard input is closed.
+
+Modes: ok; rcpt450-N and data451-N (refuses N times, then takes); mail550, rcpt550, data554; hang-data (never answers
+the end of the data); cut-data (drops the connection in the midst of the data); drop-after (takes the mail, answers 250,
+drops the connection).
+"""
+import argparse
+import asyncio
+import json
+import os
+import ssl
+import sys
+
+from aiosmtpd.smtp import SMTP, AuthResult, LoginPassword
+
+
+def options():
+    parser = argparse.ArgumentParser()
+    parser.add_argument("folder")
+    parser.add_argument("--tls", nargs=2)
+    parser.add_argument("--starttls", nargs=2)
+    parser.add_argument("--login", nargs=2)
+    parser.add_argument("--mode", default="ok")
+    parser.add_argument("--port", type=int, default=0)
+    return parser.parse_args()
+
+
+class Handler:
+    def __init__(self, args):
+        self.args = args
+        self.left = int(args.mode.rsplit("-", 1)[1]) if args.mode[-1].isdigit() and "-" in args.mode else 0
+        self.number = len([n for n in os.listdir(args.folder) if n.endswith(".eml")])
+
+    def refuses(self, mode):
+        if not self.args.mode.startswith(mode + "-") or self.left == 0:
+            return False
+        self.left -= 1
+        return True
+
+    async def handle_MAIL(self, server, session, envelope, address, mail_options):
+        if self.args.mode == "mail550":
+            return "550 5.7.1 sender not welcome"
+        envelope.mail_from = address
+        envelope.mail_options.extend(mail_options)
+        return "250 OK"
+
+    async def handle_RCPT(self, server, session, envelope, address, rcpt_options):
+        if self.args.mode == "rcpt550" or address.startswith("nobody@"):
+            return "550 5.1.1 no such user here"
+        if self.refuses("rcpt450"):
+            return "450 4.2.0 greylisted, come back"
+        envelope.rcpt_tos.append(address)
+        return "250 OK"
+
+    async def handle_DATA(self, server, session, envelope):
+        if self.args.mode == "hang-data":
+            await asyncio.sleep(3600)
+        if self.args.mode == "data554":
+            return "554 5.6.0 message looks like spam"
+        if self.refuses("data451"):
+            return "451 4.3.0 try again later"
+        self.number += 1
+        base = os.path.join(self.args.folder, "%05d" % self.number)
+        with open(base + ".part", "wb") as f:
+            f.write(envelope.original_content)
+        with open(base + ".json", "w") as f:
+            json.dump({"from": envelope.mail_from, "to": envelope.rcpt_tos,
+                       "tls": server.transport.get_extra_info("ssl_object") is not None,
+                       "user": (session.auth_data or b"").decode()}, f)
+        os.rename(base + ".part", base + ".eml")
+        if self.args.mode == "drop-after":
+            asyncio.get_running_loop().call_later(0.05, server.transport.abort)
+        return "250 2.0.0 taken"
+
+
+class CuttingSMTP(SMTP):
+    """Drops the connection when the first bytes of the data have come."""
+    async def smtp_DATA(self, arg):
+        await self.push("354 go on")
+        await self._reader.read(10)
+        self.transport.abort()
+
+
+def context(pair):
+    made = ssl.SSLContext(ssl.PROTOCOL_TLS_SERVER)
+    made.load_cert_chain(*pair)
+    return made
+
+
+async def main():
+    args = options()
+    handler = Handler(args)
+
+    def authenticate(server, session, envelope, mechanism, data):
+        good = isinstance(data, LoginPassword) and [data.login.decode(), data.password.decode()] == args.login
+        # An unkind server: it quotes the password that it refuses.
+        message = None if good else "535 5.7.8 wrong, %s" % data.password.decode()
+        return AuthResult(success=good, handled=False, message=message, auth_data=data.login if good else None)
+
+    def make():
+        kind = CuttingSMTP if args.mode == "cut-data" else SMTP
+        return kind(handler, hostname="test.server", enable_SMTPUTF8=True,
+                    tls_context=context(args.starttls) if args.starttls else None,
+                    authenticator=authenticate if args.login else None, auth_required=bool(args.login),
+                    auth_require_tls=False, timeout=3600)
+
+    loop = asyncio.get_running_loop()
+    server = await loop.create_server(make, "127.0.0.1", args.port, ssl=context(args.tls) if args.tls else None)
+    print(server.sockets[0].getsockname()[1], flush=True)
+    await loop.run_in_executor(None, sys.stdin.read)
+    os._exit(0)
+
+
+asyncio.run(main())

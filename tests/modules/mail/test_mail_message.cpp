@@ -1,0 +1,184 @@
+// The mail as text, read back by another mail library; the photos it takes; the addresses it lets pass.
+#include <QCryptographicHash>
+#include <QDateTime>
+#include <QTimeZone>
+
+#include "modules/mail/mail_bench.h"
+#include "modules/mail/mail_maker.h"
+#include "modules/mail/photo_source.h"
+
+namespace vaktor::essai {
+namespace {
+
+Courriel Modele() {
+  return {.Expediteur = "cam@exemple.fr",
+          .Destinataires = {"anna@exemple.fr", "bob@exemple.fr"},
+          .Sujet = "Intrusion",
+          .Corps = "Bonjour",
+          .Date = QDateTime(QDate(2026, 11, 15), QTime(14, 5, 9), QTimeZone(3600)),
+          .Identifiant = "20261115-abc-1",
+          .Pieces = {}};
+}
+
+TEST(Message, AnotherLibraryReadsItAsItWasMeant) {
+  Courriel c = Modele();
+  c.Sujet = QString::fromUtf8("Intrusion détectée à l'entrée 🎥 — très longue ligne pour plusieurs mots codés, n° 12");
+  c.Corps = QString::fromUtf8("Première ligne\nœuvre €\r\n.\r\n--_vaktor_\rfin");
+  c.Pieces = {{"2026-11-15  14-05-09 Photo 00003.jpg", "\xff\xd8 un \xff\xd9"},
+              {QString::fromUtf8("été \"x\\y\".jpg"), QByteArray(100000, '\0')}};
+  const QByteArray message = ComposeMessage(c);
+  const QJsonObject lu = LitCourriel(message);
+  EXPECT_EQ(lu["subject"].toString(), c.Sujet);
+  EXPECT_EQ(lu["body"].toString(), QString::fromUtf8("Première ligne\nœuvre €\n.\n--_vaktor_\nfin"));
+  EXPECT_EQ(lu["from"].toString(), "cam@exemple.fr");
+  EXPECT_EQ(lu["to"].toString(), "anna@exemple.fr, bob@exemple.fr");
+  EXPECT_EQ(lu["date"].toString(), "2026-11-15T14:05:09+01:00");
+  EXPECT_EQ(lu["id"].toString(), "<20261115-abc-1@exemple.fr>");
+  EXPECT_TRUE(lu["defects"].toArray().isEmpty());
+  EXPECT_EQ(lu["names"].toArray().at(0).toString(), c.Pieces.at(0).Nom) << "the two blanks are part of the name";
+  EXPECT_EQ(lu["types"].toArray(), QJsonArray({"image/jpeg", "image/jpeg"}));
+  for (int i = 0; i < 2; ++i)
+    EXPECT_EQ(lu["sums"].toArray().at(i).toString().toLatin1(),
+              QCryptographicHash::hash(c.Pieces.at(i).Contenu, QCryptographicHash::Sha256).toHex());
+  EXPECT_LE(lu["longest"].toInt(), 200);
+  EXPECT_EQ(lu["bare"].toInt(), 0) << "every line ends in CR LF";
+}
+
+TEST(Message, LinesWithEncodedWordsAreShort) {
+  Courriel c = Modele();
+  c.Sujet = QString(300, QChar(0xe9));
+  for (const QByteArray& ligne : ComposeMessage(c).split('\n')) {
+    if (ligne.contains("=?")) {
+      EXPECT_LE(ligne.trimmed().size(), 76) << ligne.toStdString();
+    }
+  }
+  EXPECT_EQ(LitCourriel(ComposeMessage(c))["subject"].toString(), c.Sujet);
+}
+
+TEST(Message, SubjectsThatLookLikeCodeStayThemselves) {
+  for (const char* sujet : {"", "=?UTF-8?B?YWJj?=", "a: b", "  deux  blancs"}) {
+    Courriel c = Modele();
+    c.Sujet = QString::fromUtf8(sujet);
+    EXPECT_EQ(LitCourriel(ComposeMessage(c))["subject"].toString().trimmed(), c.Sujet.trimmed()) << sujet;
+  }
+}
+
+TEST(Message, LineBreaksAddNoHeader) {
+  const QJsonArray attendus = LitCourriel(ComposeMessage(Modele()))["headers"].toArray();
+  for (const char* fin : {"\r\n", "\n", "\r", "\r\n ", "\xe2\x80\xa8", "\v", "\f", "\xc2\x85"}) {
+    const QString mal = QString::fromUtf8(fin) + "Bcc: evil@exemple.fr" + QString::fromUtf8(fin) + "X: y";
+    Courriel c = Modele();
+    c.Sujet += mal;
+    c.Corps += mal;
+    c.Expediteur += mal;
+    c.Destinataires.first() += mal;
+    c.Pieces = {{"a.jpg" + mal, "x"}};
+    const QByteArray message = ComposeMessage(c);
+    EXPECT_EQ(LitCourriel(message)["headers"].toArray(), attendus) << fin;
+    EXPECT_FALSE(message.contains("\nBcc:") || message.contains("\rBcc:"));
+  }
+}
+
+TEST(Addresses, AreTakenApartAndWhatIsNoneIsLeftOut) {
+  EXPECT_EQ(SepareAdresses(" a@b.fr; c@d.fr ,, a@b.fr\r\n"), QStringList({"a@b.fr", "c@d.fr"}));
+  EXPECT_EQ(SepareAdresses("Anna M. <anna@b.fr>"), QStringList({"anna@b.fr"}));
+  for (const char* mal : {"a@b\r\nBcc: c@d", "a@b>\r\nRCPT TO:<c@d", "a@b\nc", "a b@c", "x <a@b> SIZE=1", "<a@b\r\n>x",
+                          "a\tb@c", "|cmd", "/etc/passwd", "-oQ/tmp", ":include:x", "<>", ""}) {
+    EXPECT_TRUE(SepareAdresses(QString::fromUtf8(mal)).isEmpty()) << mal;
+  }
+  EXPECT_TRUE(SepareAdresses(QString("a@b") + QChar(0)).isEmpty());
+}
+
+struct Photos : testing::Test {
+  QTemporaryDir Dossier;
+  const qint64 Intrusion = QDateTime::currentMSecsSinceEpoch() - 60'000;
+
+  void Pose(const QString& nom, qint64 ecart, const QByteArray& octets = "\xff\xd8 image \xff\xd9") const {
+    QFile f(Dossier.filePath(nom));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(octets);
+    f.flush();
+    f.setFileTime(QDateTime::fromMSecsSinceEpoch(Intrusion + ecart), QFileDevice::FileModificationTime);
+  }
+  QString Prend(int nombre, qint64 octets = kOctetsPhotosMax) const {
+    QStringList noms;
+    for (const PieceJointe& p : PrendPhotos(Dossier.path(), Intrusion, nombre, octets).Pieces) noms << p.Nom;
+    return noms.join(u'|');
+  }
+};
+
+TEST_F(Photos, TheNearestComeFirstAndNoMoreThanWanted) {
+  Pose("a.jpg", -4000);
+  Pose("b.JPG", 1000);
+  Pose("c.jpg", -2000);
+  Pose("d.jpg", 30);
+  Pose("e.png", 0);
+  EXPECT_EQ(Prend(10), "d.jpg|b.JPG|c.jpg|a.jpg");
+  EXPECT_EQ(Prend(2), "d.jpg|b.JPG");
+  EXPECT_EQ(Prend(0), "");
+  EXPECT_EQ(Prend(-1), "");
+}
+
+TEST_F(Photos, OfTwoAsNearTheLaterComesFirst) {
+  Pose("a.jpg", -500);
+  Pose("b.jpg", 500);
+  EXPECT_EQ(Prend(2), "b.jpg|a.jpg");
+}
+
+TEST_F(Photos, OneThatIsStillBeingWrittenIsNotAttached) {
+  Pose("entier.jpg", 2000);
+  Pose("debut.jpg", 0, "\xff\xd8 image");
+  Pose("vide.jpg", 0, "");
+  Pose("texte.jpg", 0, "non");
+  EXPECT_EQ(Prend(2), "entier.jpg") << "the next one takes its place";
+}
+
+TEST_F(Photos, TheSizeIsBounded) {
+  const QByteArray gros = "\xff\xd8" + QByteArray(1000, 'x') + "\xff\xd9";
+  Pose("a.jpg", 0, gros);
+  Pose("b.jpg", 100, gros);
+  Pose("c.jpg", 200);
+  EXPECT_EQ(Prend(9, 1100), "a.jpg|c.jpg");
+}
+
+TEST_F(Photos, AFullMailKeepsItsBound) {
+  Courriel c = Modele();
+  c.Pieces = {{"a.jpg", QByteArray(static_cast<int>(kOctetsPhotosMax), 'x')}};
+  EXPECT_LT(ComposeMessage(c).size(), kOctetsCourrielMax);
+}
+
+TEST_F(Photos, AnotherEventsPhotosAreLeftOut) {
+  Pose("vieux.jpg", -kFenetrePhotosMs - 1);
+  Pose("limite.jpg", -kFenetrePhotosMs);
+  EXPECT_EQ(Prend(9), "limite.jpg");
+}
+
+TEST_F(Photos, AFolderThatIsNotThereGivesNone) {
+  EXPECT_TRUE(PrendPhotos("/pas/la", Intrusion, 5, 1000).Pieces.isEmpty());
+}
+
+TEST(Settings, AreTakenAsStored) {
+  Parametres p;
+  p.SmtpPort = " 465 ";
+  p.MailNombrePhoto = "3";
+  p.MailNombreMail = "x";
+  p.RepertoirePhoto = "/home/anna\\intrus";
+  DossiersModule dossiers;
+  dossiers.Programme.Donnees = "/data";
+  ReglagesCourriel r = TraduitReglages(p, dossiers, {});
+  EXPECT_EQ(r.Envoi.Port, 465);
+  EXPECT_TRUE(r.Envoi.TlsDesLeDebut);
+  EXPECT_EQ(r.NombrePhoto, 3);
+  EXPECT_EQ(r.NombreMail, 1) << "no number: as at a first run";
+  EXPECT_EQ(r.DossierPhotos, "/data/Temp/FTP") << "photos are off: the live copies";
+  p.PhotoActif = true;
+  for (const char* port : {"", "abc", "0", "-1", "65536", "25x", "99999999999"}) {
+    p.SmtpPort = QString::fromUtf8(port);
+    r = TraduitReglages(p, dossiers, {});
+    EXPECT_EQ(r.Envoi.Port, 0) << port;
+  }
+  EXPECT_EQ(r.DossierPhotos, "/home/anna/intrus");
+}
+
+}  // namespace
+}  // namespace vaktor::essai

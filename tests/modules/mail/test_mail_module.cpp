@@ -1,0 +1,231 @@
+// The companion's rules in virtual time: rows, pauses, photos that come, what the user is told.
+#include <QDateTime>
+
+#include "fakes/virtual_timers.h"
+#include "modules/mail/mail_bench.h"
+#include "modules/mail/mail_module.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct PosteFaux : Poste {
+  explicit PosteFaux(QStringList& faits) : Faits(faits) {}
+  void ChangeReglages(const ReglagesEnvoi& reglages) override { Reglages = reglages; }
+  void Reveille() override { Faits << QStringLiteral("reveille"); }
+  void Arrete(std::function<void()> fini) override { Fini = std::move(fini); }
+  QStringList& Faits;
+  ReglagesEnvoi Reglages;
+  std::function<void()> Fini;
+};
+
+struct Mail : testing::Test {
+  QTemporaryDir Temporaire;
+  QString Photos = Temporaire.filePath("photos");
+  qint64 Debut = QDateTime::currentMSecsSinceEpoch() - 3'600'000;
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Temps{Horloge};
+  DossiersModule Dossiers;
+  JournalBorne Journal{Temporaire.path(), QStringLiteral("mail"), Horloge};
+  QStringList Avis;
+  EtatModule Etat{Temporaire.path(), QStringLiteral("mail"), Horloge,
+                  [this](const QString&, const QString& texte) { Avis << texte; }};
+  QStringList Faits;
+  PosteFaux* Envoi = nullptr;
+  Facteur::Rapporteur Rapporte;
+  ReglagesModule Reglages;
+  BoiteEnvoi Boite{Temporaire.filePath("courrier")};
+  std::unique_ptr<ModuleMail> Module;
+
+  Mail() {
+    QDir().mkpath(Photos);
+    Dossiers.Programme.Donnees = Temporaire.path();
+    QDir().mkpath(Dossiers.CheminTempFtp());
+    Parametres& p = Reglages.Valeurs;
+    p.MailDestination = "anna@exemple.fr";
+    p.SmtpFrom = "cam@exemple.fr";
+    p.SmtpServeur = "smtp.exemple.fr";
+    p.SmtpUser = "anna";
+    p.SmtpPass = "s3cret&mot";
+    p.PhotoActif = true;
+    p.RepertoirePhoto = Temporaire.path() + "\\photos";
+    PortsMail ports;
+    ports.DossierBoite = Temporaire.filePath("courrier");
+    ports.Marque = "essai";
+    ports.Maintenant = [this] { return Debut + Horloge.Millisecondes; };
+    ports.OuvrePoste = [this](const Facteur::Rapporteur& rapporte) {
+      Rapporte = rapporte;
+      auto poste = std::make_unique<PosteFaux>(Faits);
+      Envoi = poste.get();
+      return poste;
+    };
+    Module = std::make_unique<ModuleMail>(ContexteModule{Dossiers, Journal, Etat, Temps, Horloge, [](const QString&) {},
+                                                         [this] { Faits << QStringLiteral("quitte"); }},
+                                          ports);
+    Module->PrendReglages(Reglages);
+  }
+  void Intrusion(qint64 duree = 0) {
+    for (qint64 t = 0; t <= duree; t += 30) {
+      Module->ExecuteCommande("Intru");
+      if (duree > 0) Temps.Avance(30);
+    }
+  }
+  void Photo(const QString& nom, const QString& dossier = {}) const {
+    QFile f((dossier.isEmpty() ? Photos : dossier) + '/' + nom);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("\xff\xd8" + nom.toUtf8() + "\xff\xd9");
+    f.flush();
+    f.setFileTime(QDateTime::fromMSecsSinceEpoch(Debut + Horloge.Millisecondes), QFileDevice::FileModificationTime);
+  }
+  qsizetype Nombre() { return Boite.Liste().size(); }
+  QJsonObject Lit(qsizetype i) { return LitCourriel(Boite.LitMessage(Boite.Liste().value(i).Nom)); }
+  QStringList Fichiers() const { return QDir(Temporaire.filePath("courrier")).entryList(QDir::Files, QDir::Name); }
+};
+
+TEST_F(Mail, IsOnDiskBeforeTheCommandIsDone) {
+  Intrusion();
+  ASSERT_EQ(Fichiers().size(), 1);
+  EXPECT_TRUE(Fichiers().first().endsWith(".draft"));
+  EXPECT_TRUE(Faits.isEmpty());
+  Temps.Avance(1000);
+  EXPECT_EQ(Nombre(), 1);
+  EXPECT_EQ(Faits.join(u'|'), "reveille");
+}
+
+TEST_F(Mail, OneThenNoneForFiveMinutesHoweverManyAreReported) {
+  Intrusion(10'000);
+  EXPECT_EQ(Nombre(), 1);
+  Temps.Avance(ModuleMail::kPause - 10'000);
+  Intrusion(1'000);
+  EXPECT_EQ(Nombre(), 1);
+  Temps.Avance(2'000);
+  Intrusion(2'000);
+  EXPECT_EQ(Nombre(), 2);
+}
+
+TEST_F(Mail, SoManyInARowThenNoneForFiveMinutes) {
+  Reglages.Valeurs.MailNombreMail = "3";
+  Module->PrendReglages(Reglages);
+  Intrusion();
+  Temps.Avance(60'000);
+  EXPECT_EQ(Nombre(), 3) << "one report is enough for the row";
+  Intrusion(60'000);
+  EXPECT_EQ(Nombre(), 3);
+  Temps.Avance(ModuleMail::kPause);
+  Intrusion(60'000);
+  EXPECT_EQ(Nombre(), 6);
+}
+
+TEST_F(Mail, NoneAreWanted) {
+  Reglages.Valeurs.MailNombreMail = "0";
+  Module->PrendReglages(Reglages);
+  Intrusion(3'000);
+  EXPECT_TRUE(Fichiers().isEmpty());
+}
+
+TEST_F(Mail, GathersThePhotosThatCome) {
+  Photo("1.jpg");
+  Intrusion();
+  Temps.Avance(150);
+  Photo("2.jpg");
+  Temps.Avance(300);
+  Photo("3.jpg");
+  Temps.Avance(2'000);
+  Photo("4.jpg");
+  EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray({"1.jpg", "2.jpg", "3.jpg"}));
+}
+
+TEST_F(Mail, LeavesAsSoonAsItHasAllItsPhotos) {
+  Reglages.Valeurs.MailNombrePhoto = "2";
+  Module->PrendReglages(Reglages);
+  Photo("1.jpg");
+  Photo("2.jpg");
+  Intrusion();
+  Temps.Avance(ModuleMail::kRecolte);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Mail, TakesTheLiveCopiesWhenPhotosAreOff) {
+  Reglages.Valeurs.PhotoActif = false;
+  Module->PrendReglages(Reglages);
+  Photo("1.jpg");
+  Photo("direct.jpg", Dossiers.CheminTempFtp());
+  Intrusion();
+  Temps.Avance(2'000);
+  EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray{"direct.jpg"});
+}
+
+TEST_F(Mail, SubjectAndBodyAreThoseOfTheStore) {
+  Reglages.Valeurs.MailSujet = QString::fromUtf8("Alerte été\r\nBcc: evil@exemple.fr");
+  Reglages.Valeurs.MailCorps = QString::fromUtf8("Ça bouge\r\nici");
+  Module->PrendReglages(Reglages);
+  Intrusion();
+  Temps.Avance(2'000);
+  EXPECT_EQ(Lit(0)["subject"].toString(), QString::fromUtf8("Alerte été  Bcc: evil@exemple.fr"));
+  EXPECT_EQ(Lit(0)["body"].toString(), QString::fromUtf8("Ça bouge\nici"));
+  EXPECT_FALSE(Lit(0)["headers"].toArray().contains("Bcc"));
+}
+
+TEST_F(Mail, WithoutADestinationTheUserIsToldOnceAndTheNextSettingsAreTried) {
+  Reglages.Valeurs.MailDestination = "anna@exemple.fr\r\nRCPT TO:<evil@exemple.fr>";
+  Module->PrendReglages(Reglages);
+  Intrusion(10'000);
+  EXPECT_TRUE(Fichiers().isEmpty());
+  ASSERT_EQ(Avis.size(), 1);
+  EXPECT_TRUE(Avis.first().contains("destinataire"));
+  Reglages.Valeurs.MailDestination = "anna@exemple.fr";
+  Module->PrendReglages(Reglages);
+  Intrusion(2'000);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Mail, AFailureIsToldInTheServersWordsWithoutThePassword) {
+  const QByteArray plain("\0anna\0s3cret&mot", 16);
+  Rapporte({"x",
+            {.Cause = CauseEchec::kConnexionRefusee,
+             .Code = 535,
+             .MotsServeur = "535 no: s3cret&mot " + QString::fromLatin1(plain.toBase64())},
+            10'000});
+  const QByteArray etat = LitFichier(Etat.Chemin());
+  const QByteArray journal = LitFichier(Journal.Chemin());
+  EXPECT_TRUE(etat.contains("\"mail-login\"") && etat.contains("535 no:"));
+  EXPECT_TRUE(etat.contains("Vérifiez") && etat.contains("Check both"));
+  ASSERT_EQ(Avis.size(), 1);
+  for (const QByteArray& texte : {etat, journal, Avis.first().toUtf8()}) {
+    EXPECT_FALSE(texte.contains("s3cret"));
+    EXPECT_FALSE(texte.contains(plain.toBase64()));
+  }
+  Rapporte({"x", {.Accepte = true}, 0});
+  EXPECT_TRUE(LitFichier(Etat.Chemin()).contains("\"ok\""));
+}
+
+TEST_F(Mail, AnOutboxThatCannotBeWrittenIsToldAndTheCompanionGoesOn) {
+  const QString dossier = Temporaire.filePath("courrier");
+  QDir(dossier).removeRecursively();
+  ASSERT_TRUE(EcritFichierEssai(dossier, "no folder"));
+  Intrusion(10'000);
+  ASSERT_EQ(Avis.size(), 1);
+  EXPECT_TRUE(Avis.first().contains("courrier"));
+  QFile::remove(dossier);
+  QDir().mkpath(dossier);
+  Temps.Avance(ModuleMail::kPause);
+  Intrusion(2'000);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Mail, TheEndKeepsTheMailInTheMakingAndWaitsForTheOneUnderWay) {
+  Intrusion();
+  Module->Termine();
+  EXPECT_EQ(Nombre(), 1);
+  EXPECT_TRUE(Faits.isEmpty());
+  Envoi->Fini();
+  EXPECT_EQ(Faits.join(u'|'), "quitte");
+}
+
+TEST_F(Mail, TheEndDoesNotWaitForEver) {
+  Module->Termine();
+  Temps.Avance(ModuleMail::kFinMax);
+  EXPECT_EQ(Faits.value(0), "quitte");
+}
+
+}  // namespace
+}  // namespace vaktor::essai

@@ -1,0 +1,256 @@
+// The outbox on disk and the postman, in virtual time: a day without a server, refusals, caps, damaged files.
+#include <sys/stat.h>
+
+#include <cerrno>
+
+#include "modules/mail/mail_bench.h"
+#include "modules/mail/postman.h"
+#include "support/small_disk.h"
+
+namespace vaktor::essai {
+namespace {
+
+constexpr qint64 kMinute = 60'000;
+constexpr qint64 kHeure = 60 * kMinute;
+
+CourrielEnAttente Nomme(const QString& nom, qint64 faitA) {
+  CourrielEnAttente c;
+  c.Nom = nom;
+  c.Expediteur = "cam@exemple.fr";
+  c.Destinataires = QStringList{"anna@exemple.fr"};
+  c.FaitA = faitA;
+  return c;
+}
+
+struct Boite : testing::Test {
+  QTemporaryDir Temporaire;
+  QString Dossier = Temporaire.filePath("courrier");
+  BoiteEnvoi B{Dossier};
+  qint64 Maintenant = 1'700'000'000'000;
+
+  void Depose(const QString& nom, const QByteArray& message = "message") {
+    ASSERT_EQ(B.PoseBrouillon(Nomme(nom, Maintenant), message), 0);
+    ASSERT_TRUE(B.Publie(nom));
+  }
+  QString Fichiers() const { return QDir(Dossier).entryList(QDir::Files, QDir::Name).join(u'|'); }
+  QString Noms() {
+    QStringList noms;
+    for (const CourrielEnAttente& c : B.Liste()) noms << c.Nom;
+    return noms.join(u'|');
+  }
+};
+
+TEST_F(Boite, KeepsWhatItWasGiven) {
+  Depose("b", "corps\r\nde b");
+  Depose("a");
+  EXPECT_EQ(Noms(), "a|b");
+  const CourrielEnAttente c = B.Liste().at(1);
+  EXPECT_EQ(c.Expediteur, "cam@exemple.fr");
+  EXPECT_EQ(c.Destinataires, QStringList{"anna@exemple.fr"});
+  EXPECT_EQ(c.FaitA, Maintenant);
+  EXPECT_EQ(B.LitMessage("b"), "corps\r\nde b");
+}
+
+TEST_F(Boite, BelongsToItsOwnerAlone) {
+  Depose("a");
+  EXPECT_EQ(QFile::permissions(Dossier) & 0x77, 0);
+  EXPECT_EQ(QFile::permissions(Dossier + "/a.mail") & 0x77, 0);
+}
+
+TEST_F(Boite, ADraftIsNotSentBeforeItIsDoneButAfterAKillItIs) {
+  ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "un"), 0);
+  EXPECT_EQ(Noms(), "");
+  B.Recupere();
+  EXPECT_EQ(Noms(), "a");
+}
+
+TEST_F(Boite, TheDraftsOfTheLivingAreLeftAlone) {
+  ASSERT_EQ(B.PoseBrouillon(Nomme("1-moi-1", Maintenant), "un"), 0);
+  B.Recupere("moi");
+  EXPECT_EQ(Fichiers(), "1-moi-1.draft");
+}
+
+TEST_F(Boite, LeftoversOfAKillGo) {
+  Depose("a");
+  for (const char* nom : {"b.sent", "c.mail.part", "d.try", "e.draft.part"})
+    ASSERT_TRUE(EcritFichierEssai(Dossier + '/' + nom, "x"));
+  B.Recupere();
+  EXPECT_EQ(Fichiers(), "a.mail");
+}
+
+TEST_F(Boite, DamagedFilesAreSetAside) {
+  for (const char* nom : {"a.mail", "b.mail", "c.mail"})
+    ASSERT_TRUE(EcritFichierEssai(Dossier + '/' + nom, "{\"to\":3}\n"));
+  ASSERT_TRUE(EcritFichierEssai(Dossier + "/d.mail", QByteArray(200'000, '\xff')));
+  Depose("e");
+  EXPECT_EQ(Noms(), "e");
+  EXPECT_EQ(Fichiers(), "a.bad|b.bad|c.bad|d.bad|e.mail");
+}
+
+TEST_F(Boite, AFullDiskIsToldAndNothingHalfWrittenStays) {
+  const PetitDisque disque(64 * 1024);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  BoiteEnvoi pleine(disque.Chemin() + "/courrier");
+  EXPECT_EQ(pleine.PoseBrouillon(Nomme("gros", Maintenant), QByteArray(300'000, 'x')), ENOSPC);
+  EXPECT_TRUE(QDir(disque.Chemin() + "/courrier").isEmpty());
+  EXPECT_EQ(pleine.PoseBrouillon(Nomme("petit", Maintenant), "x"), 0) << "and a small one still fits";
+}
+
+TEST_F(Boite, OldAndTooManyAreGivenUp) {
+  Depose("a");
+  Maintenant += BoiteEnvoi::kAgeMaxMs + 1;
+  Depose("b");
+  EXPECT_EQ(B.Elague(Maintenant).join(u'|'), "a");
+  EXPECT_EQ(Noms(), "b");
+}
+
+/// A postman with a server that is played by hand.
+struct Poste : Boite {
+  PlafondHoraire Plafond;
+  QStringList Recus;
+  QStringList Rapports;
+  int Tentatives = 0;
+  std::function<ResultatEnvoi(const QString&)> Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
+  std::unique_ptr<Facteur> F = Ouvre();
+
+  std::unique_ptr<Facteur> Ouvre() {
+    return std::make_unique<Facteur>(
+        B, Plafond, [this] { return Maintenant; },
+        [this](const CourrielEnAttente& c, const QByteArray&, const std::function<void()>& surAccepte) {
+          ++Tentatives;
+          const ResultatEnvoi r = Serveur(c.Nom);
+          if (r.Accepte) {
+            Recus << c.Nom;
+            surAccepte();
+          }
+          return r;
+        },
+        [this](const RapportEnvoi& r) {
+          Rapports << r.Nom + (r.Resultat.Accepte ? " ok" : r.Resultat.Definitif ? " non" : " plus tard");
+        });
+  }
+  /// Lets the postman work for so long.
+  void Travaille(qint64 duree) {
+    const qint64 fin = Maintenant + duree;
+    while (Maintenant < fin) Maintenant += std::clamp<qint64>(F->Tour(), 1, fin - Maintenant);
+  }
+};
+
+TEST_F(Poste, SendsTheOldestFirstAndEachOnce) {
+  Depose("b");
+  Depose("a");
+  Travaille(kMinute);
+  EXPECT_EQ(Recus.join(u'|'), "a|b");
+  EXPECT_EQ(Fichiers(), "");
+}
+
+TEST_F(Poste, ADayWithoutAServerLosesNothingAndSendsNothingTwice) {
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kPasDeConnexion}; };
+  for (int i = 0; i < 24 * 4; ++i) {
+    Depose(QStringLiteral("%1").arg(i, 4, 10, QChar('0')));
+    Travaille(15 * kMinute);
+  }
+  EXPECT_TRUE(Recus.isEmpty());
+  EXPECT_LT(Tentatives, 60) << "about every half hour, whatever waits";
+  EXPECT_GT(Tentatives, 45);
+  Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
+  Travaille(30 * kMinute);
+  EXPECT_EQ(Recus.size(), PlafondHoraire::kCourrielsParHeure) << "the cap holds for what has waited as well";
+  Travaille(2 * kHeure);
+  EXPECT_EQ(Recus.size(), 96);
+  EXPECT_EQ(QSet<QString>(Recus.begin(), Recus.end()).size(), 96);
+  EXPECT_TRUE(std::is_sorted(Recus.begin(), Recus.end()));
+}
+
+TEST_F(Poste, RetriesBackOff) {
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kDelai}; };
+  Depose("a");
+  QList<qint64> attentes;
+  for (int i = 0; i < 10; ++i) {
+    const qint64 attente = F->Tour();
+    attentes << attente / 1000;
+    Maintenant += attente;
+  }
+  EXPECT_EQ(attentes, QList<qint64>({10, 30, 60, 120, 300, 600, 900, 1800, 1800, 1800}));
+}
+
+TEST_F(Poste, AMailThatIsPutOffLetsTheOthersPass) {
+  Serveur = [](const QString& nom) {
+    return nom == "a" ? ResultatEnvoi{.Cause = CauseEchec::kDestinataireRefuse, .Code = 450}
+                      : ResultatEnvoi{.Accepte = true};
+  };
+  Depose("a");
+  Depose("b");
+  Travaille(1000);
+  EXPECT_EQ(Rapports.join(u'|'), "a plus tard|b ok");
+  F = Ouvre();
+  Travaille(8000);
+  EXPECT_EQ(Tentatives, 2) << "the wait outlasts a restart";
+  Travaille(2000);
+  EXPECT_EQ(Tentatives, 3);
+}
+
+TEST_F(Poste, ARefusalForGoodWaitsForOtherSettings) {
+  ResultatEnvoi reponse{.Definitif = true, .Cause = CauseEchec::kDestinataireRefuse, .Code = 550};
+  Serveur = [&](const QString&) { return reponse; };
+  Depose("a");
+  Travaille(24 * kHeure);
+  EXPECT_EQ(Rapports.join(u'|'), "a non");
+  EXPECT_EQ(Fichiers(), "a.refused");
+  reponse = {.Accepte = true};
+  F->Recommence();
+  Travaille(1000);
+  EXPECT_EQ(Recus.join(u'|'), "a");
+}
+
+TEST_F(Poste, OtherSettingsMakeAllDueAtOnce) {
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kConnexionRefusee, .Code = 535}; };
+  Depose("a");
+  Travaille(kHeure);
+  const int avant = Tentatives;
+  F->Recommence();
+  F->Tour();
+  EXPECT_EQ(Tentatives, avant + 1);
+}
+
+TEST_F(Poste, AClockThatIsSetBackHoldsUpNothingForLong) {
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kDelai}; };
+  Depose("a");
+  F->Tour();
+  Maintenant -= 24 * kHeure;
+  Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
+  F->Tour();
+  EXPECT_EQ(Recus.join(u'|'), "a");
+}
+
+TEST_F(Poste, AnAcceptedMailNeverGoesAgainEvenIfTheDiskKeepsIt) {
+  Depose("a");
+  F->Tour();
+  Depose("a");  // as if the rename had failed
+  Travaille(kHeure);
+  EXPECT_EQ(Recus.join(u'|'), "a");
+}
+
+TEST_F(Poste, OurOwnEndIsNoFailure) {
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kInterrompu}; };
+  Depose("a");
+  F->Tour();
+  EXPECT_TRUE(Rapports.isEmpty());
+  EXPECT_EQ(Fichiers(), "a.mail");
+}
+
+TEST(Cap, SoManyInAnHourAndOverARestart) {
+  PlafondHoraire p(3);
+  for (const qint64 t : {0, 10, 20}) {
+    EXPECT_EQ(p.Attente(t), 0);
+    p.Note(t);
+  }
+  PlafondHoraire relu(3);
+  relu.Relit(p.Texte() + "bruit\n\xff\n");
+  EXPECT_EQ(relu.Attente(30), PlafondHoraire::kHeureMs - 30);
+  EXPECT_EQ(relu.Attente(PlafondHoraire::kHeureMs), 0);
+  EXPECT_EQ(p.Attente(-1), 0) << "the clock was set back";
+}
+
+}  // namespace
+}  // namespace vaktor::essai

@@ -1,0 +1,268 @@
+// The whole companion as a program, with the main program's side of the channel and a real server on loopback.
+#include <sys/stat.h>
+
+#include <QElapsedTimer>
+#include <QRandomGenerator>
+#include <QTcpServer>
+#include <QThread>
+
+#include "companions/companion_fakes.h"
+#include "modules/mail/mail_bench.h"
+#include "modules/mail/mime_message.h"
+#include "modules/mail/outbox.h"
+#include "platform/channel/local_channel.h"
+#include "platform/store/file_store.h"
+#include "settings/password_scrambling.h"
+#include "support/event_wait.h"
+
+namespace vaktor::essai {
+namespace {
+
+constexpr const char* kPass = "s3cret&mot";
+
+struct ProgrammeMail : testing::Test {
+  QTemporaryDir Temporaire;
+  DossierCanal Dossier{(QDir(Temporaire.path()).mkdir("run"), Temporaire.filePath("run/vaktor"))};
+  CanalLocal Canal{Dossier};
+  MagasinFichier Magasin{Temporaire.filePath("vaktor.ini")};
+  QStringList Journal;
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Minuteries{Horloge};
+  EtatLiaison Etat;
+  ModuleSendMessages Envois{Canal, Etat};
+  FenetreFausse Fenetre{Journal};
+  FormWinsock Form{PortsWinsock{Canal, Magasin, Minuteries, Envois, Fenetre, Fenetre, Etat, [] {}}};
+  ServeurMail Serveur;
+  QProcess Programme;
+  QStringList Arguments;
+
+  void Regle(const QString& cle, const QString& valeur, const QString& section = "MAIL") {
+    Magasin.EcritReglage(section, cle, valeur);
+  }
+  void SetUp() override {
+    ASSERT_TRUE(Serveur.Demarre());
+    QDir(Temporaire.path()).mkdir("photos");
+    Regle("destination", "anna@exemple.fr");
+    Regle("sujet", QString::fromUtf8("Intrusion détectée"));
+    Regle("corp", QString::fromUtf8("Là\nmaintenant"));
+    Regle("smtpserveur", "127.0.0.1");
+    Regle("smtpfrom", "cam@exemple.fr");
+    Regle("smtpport", QString::number(Serveur.Port()));
+    Regle("smtpuser", "anna");
+    Regle("pass", CryptePass(kPass));
+    Regle("smtpactif", "True");
+    Regle("smtpneedlogin", "False");
+    Regle("repertoire", Temporaire.filePath("photos"), "PHOTO");
+    Regle("actif", "1", "PHOTO");
+    Magasin.Vide();
+  }
+  void TearDown() override {
+    Programme.kill();
+    Programme.waitForFinished();
+  }
+  void Lance() {
+    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
+    milieu.insert("XDG_RUNTIME_DIR", Temporaire.filePath("run"));
+    milieu.insert("PATH", "/pas/la");  // no notification of a test on the desktop of who runs it
+    milieu.insert(kVariableDossier, Temporaire.path());
+    Programme.setProcessEnvironment(milieu);
+    Programme.setProcessChannelMode(QProcess::MergedChannels);
+    Etat.HandleMail = 0;
+    Programme.start(VAKTOR_MAIL, Arguments);
+    ASSERT_TRUE(Programme.waitForStarted());
+    ASSERT_TRUE(AttendQue([this] { return Etat.HandleMail != 0; })) << Programme.readAll().toStdString();
+  }
+  void Tue() {
+    Programme.kill();
+    Programme.waitForFinished();
+  }
+  void Photo(const QString& nom) const {
+    ASSERT_TRUE(EcritFichierEssai(Temporaire.filePath("photos/" + nom), "\xff\xd8 image \xff\xd9"));
+  }
+  QString Courrier() const { return Temporaire.filePath("etat/courrier"); }
+  QStringList EnAttente() const {
+    return QDir(Courrier()).entryList({"*.mail", "*.draft", "*.refused"}, QDir::Files, QDir::Name);
+  }
+  QByteArray LitEtat(const QString& nom) const { return LitFichier(Temporaire.filePath("etat/" + nom)); }
+};
+
+TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
+  Lance();
+  Photo("2026-11-15  14-05-09 Photo 00003.jpg");
+  for (int i = 0; i < 50; ++i) Envois.EnvoiMail("Intru");
+  ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
+  const QJsonObject lu = LitCourriel(Serveur.Message());
+  EXPECT_EQ(lu["subject"].toString(), QString::fromUtf8("Intrusion détectée"));
+  EXPECT_EQ(lu["body"].toString(), QString::fromUtf8("Là\nmaintenant"));
+  EXPECT_EQ(lu["names"].toArray(), QJsonArray{"2026-11-15  14-05-09 Photo 00003.jpg"});
+  EXPECT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("\"ok\""); }));
+  EXPECT_TRUE(EnAttente().isEmpty());
+  Envois.EnvoiMail("Quit*");
+  ASSERT_TRUE(AttendQue([this] { return Programme.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(Programme.exitCode(), 0);
+  EXPECT_EQ(Serveur.NombreRecus(), 1) << "fifty reports, one mail";
+}
+
+TEST_F(ProgrammeMail, ASignalEndsItTidily) {
+  Lance();
+  Programme.terminate();
+  ASSERT_TRUE(AttendQue([this] { return Programme.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Programme.exitCode(), 0);
+}
+
+TEST_F(ProgrammeMail, AServerThatHangsHoldsUpNeitherCommandsNorTheEnd) {
+  QTcpServer muet;
+  ASSERT_TRUE(muet.listen(QHostAddress::LocalHost));
+  Regle("smtpport", QString::number(muet.serverPort()));
+  Magasin.Vide();
+  Lance();
+  Envois.EnvoiMail("Intru");
+  ASSERT_TRUE(AttendQue([&] { return muet.hasPendingConnections(); }));
+  Envois.EnvoiMail("Optio");
+  Envois.EnvoiMail("Quit*");
+  ASSERT_TRUE(AttendQue([this] { return Programme.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(Programme.exitCode(), 0);
+  EXPECT_EQ(EnAttente().size(), 1) << "the mail stays for the next start";
+}
+
+TEST_F(ProgrammeMail, AMailOutlivesItsServerAndTheNextSettingsSendIt) {
+  Serveur.Arrete();
+  Lance();
+  Envois.EnvoiMail("Intru");
+  ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("mail-connection"); }));
+  Tue();
+  ASSERT_EQ(EnAttente().size(), 1);
+  ASSERT_TRUE(Serveur.Demarre());
+  Lance();
+  ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
+}
+
+TEST_F(ProgrammeMail, APasswordIsNowhereOnDiskOrInTheProcessList) {
+  Serveur.Arrete();
+  ASSERT_TRUE(Serveur.Demarre({"--login", "anna", "autre"}));
+  Regle("smtpneedlogin", "True");
+  Magasin.Vide();
+  Lance();
+  Envois.EnvoiMail("Intru");
+  ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("535"); }));
+  const QByteArray tout = LitEtat("VAKTORmail.json") + LitEtat("VAKTORmail.log") +
+                          LitFichier(Courrier() + '/' + EnAttente().value(0)) +
+                          LitFichier(QStringLiteral("/proc/%1/cmdline").arg(Programme.processId())) +
+                          LitFichier(QStringLiteral("/proc/%1/environ").arg(Programme.processId()));
+  EXPECT_TRUE(tout.contains("VAKTORmail"));
+  EXPECT_FALSE(tout.contains(kPass));
+  EXPECT_FALSE(tout.contains(QByteArray(kPass).toBase64()));
+}
+
+TEST_F(ProgrammeMail, ABadPortIsToldAndItsCorrectionSendsTheMail) {
+  Regle("smtpport", "abc");
+  Magasin.Vide();
+  Lance();
+  Envois.EnvoiMail("Intru");
+  ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("mail-port"); }));
+  Regle("smtpport", QString::number(Serveur.Port()));
+  Magasin.Vide();
+  Envois.EnvoiMail("Optio");
+  EXPECT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
+}
+
+TEST_F(ProgrammeMail, TheRehearsalTellsEachStepAndSavesNothing) {
+  const auto repete = [&](const QByteArray& demande) {
+    Programme.setProcessChannelMode(QProcess::MergedChannels);
+    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
+    milieu.insert(kVariableDossier, Temporaire.filePath("ailleurs"));
+    Programme.setProcessEnvironment(milieu);
+    Programme.start(VAKTOR_MAIL, {"--try"});
+    Programme.write(demande);
+    Programme.closeWriteChannel();
+    Programme.waitForFinished();
+    return QString::fromUtf8(Programme.readAll());
+  };
+  const QByteArray port = QByteArray::number(Serveur.Port());
+  const QByteArray debut =
+      R"({"destination":"anna@exemple.fr","smtpserveur":"127.0.0.1","smtpfrom":"a@b.fr","smtpport":)";
+  const QString bon = repete(debut + port + R"(,"smtpneedlogin":false,"langue":1})");
+  EXPECT_EQ(Programme.exitCode(), 0) << bon.toStdString();
+  EXPECT_TRUE(bon.contains("MAIL: 250") && bon.contains("DATA: 250 2.0.0 taken")) << bon.toStdString();
+  EXPECT_TRUE(bon.endsWith("The mail was accepted.\n"));
+  EXPECT_EQ(Serveur.NombreRecus(), 1);
+  Serveur.Arrete();
+  ASSERT_TRUE(Serveur.Demarre({"--login", "anna", "autre"}));
+  const QString refuse = repete(debut + port + R"(,"smtpuser":"anna","pass":"s3cret&mot"})");
+  EXPECT_EQ(Programme.exitCode(), 1);
+  EXPECT_TRUE(refuse.contains("535")) << refuse.toStdString();
+  EXPECT_TRUE(refuse.trimmed().split('\n').last().contains(QString::fromUtf8("Vérifiez")));
+  EXPECT_FALSE(refuse.contains(kPass));
+  repete("non");
+  EXPECT_EQ(Programme.exitCode(), 2);
+  EXPECT_FALSE(QFile::exists(Temporaire.filePath("ailleurs")));
+}
+
+/// Kills the sending companion again and again while it empties a full outbox into a real server.
+TEST_F(ProgrammeMail, KilledAtAnyMomentItLosesNoMail) {
+  constexpr int kCourriels = 60;
+  constexpr int kMortsMax = 200;
+  BoiteEnvoi boite(Courrier());
+  for (int i = 0; i < kCourriels; ++i) {
+    CourrielEnAttente c;
+    c.Nom = QStringLiteral("%1").arg(i, 3, 10, QChar('0'));
+    c.Expediteur = "cam@exemple.fr";
+    c.Destinataires = QStringList{"anna@exemple.fr"};
+    c.FaitA = QDateTime::currentMSecsSinceEpoch();
+    const QByteArray message = ComposeMessage({.Expediteur = c.Expediteur,
+                                               .Destinataires = c.Destinataires,
+                                               .Sujet = c.Nom,
+                                               .Corps = "x",
+                                               .Date = QDateTime::currentDateTime(),
+                                               .Identifiant = c.Nom,
+                                               .Pieces = {{"a.jpg", QByteArray(100'000, 'x')}}});
+    ASSERT_EQ(boite.PoseBrouillon(c, message), 0);
+    ASSERT_TRUE(boite.Publie(c.Nom));
+  }
+  int morts = 0;
+  for (; morts < kMortsMax && !EnAttente().isEmpty(); ++morts) {
+    Lance();
+    QThread::msleep(QRandomGenerator::global()->bounded(1U, 40U));
+    Tue();
+  }
+  if (!EnAttente().isEmpty()) Lance();
+  ASSERT_TRUE(AttendQue([this] { return EnAttente().isEmpty(); }));
+  QMap<QString, int> recus;
+  for (qsizetype i = 0; i < Serveur.NombreRecus(); ++i)
+    ++recus[QString::fromLatin1(Serveur.Message(i)).section("Subject: ", 1).section('\r', 0, 0)];
+  int doubles = 0;
+  for (const int nombre : recus) doubles += nombre - 1;
+  RecordProperty("kills", morts);
+  RecordProperty("twice", doubles);
+  std::cout << kCourriels << " mails, " << morts << " kills, " << doubles << " received twice\n";
+  EXPECT_EQ(recus.size(), kCourriels) << "none is lost";
+  // A kill between the server's answer and the rename sends that one mail again: no sender can close that window.
+  EXPECT_LE(doubles, morts);
+}
+
+/// Kills the companion while it makes the mails of a row.
+TEST_F(ProgrammeMail, KilledWhileItMakesThemEachMailMadeIsSent) {
+  Regle("nombremail", "1");
+  Magasin.Vide();
+  constexpr int kMorts = 25;
+  Serveur.Arrete();
+  QSet<QString> faits;
+  for (int i = 0; i < kMorts; ++i) {
+    Lance();
+    Photo(QStringLiteral("%1.jpg").arg(i));
+    Envois.EnvoiMail("Intru");
+    QThread::msleep(QRandomGenerator::global()->bounded(1U, 300U));
+    Tue();
+    for (const QString& nom : EnAttente()) faits << nom.section('.', 0, 0);
+  }
+  ASSERT_TRUE(Serveur.Demarre());
+  Lance();
+  ASSERT_TRUE(AttendQue([this] { return EnAttente().isEmpty(); }));
+  std::cout << kMorts << " kills, " << faits.size() << " mails on disk, " << Serveur.NombreRecus() << " received\n";
+  EXPECT_EQ(Serveur.NombreRecus(), faits.size());
+  EXPECT_GT(faits.size(), 0);
+}
+
+}  // namespace
+}  // namespace vaktor::essai
