@@ -13,7 +13,7 @@ print(json.dumps({
     "subject": mail["Subject"], "from": mail["From"], "to": mail["To"], "id": mail["Message-ID"],
     "date": mail["Date"].datetime.isoformat() if mail["Date"] else "",
     "headers": mail.keys(), "defects": [str(d) for d in mail.defects],
-    "body": body.get_content().rstrip("\n") if body else None,
+    "body": body.get_content().replace("\r\n", "\n").rstrip("\n") if body else None,
     "names": [part.get_filename() for part in mail.iter_attachments()],
     "types": [part.get_content_type() for part in mail.iter_attachments()],
     "sums": [hashlib.sha256(part.get_content()).hexdigest() for part in mail.iter_attachments()],
