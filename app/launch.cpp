@@ -11,6 +11,7 @@
 #include "app/real_system.h"
 #include "app/termination_signals.h"
 #include "base/failure.h"
+#include "ui/art_images.h"
 
 namespace vaktor {
 
@@ -37,6 +38,7 @@ void PrepareApparence() {
   palette.setColor(QPalette::Text, Qt::black);
   QApplication::setPalette(palette);
   QApplication::setQuitOnLastWindowClosed(false);
+  QApplication::setWindowIcon(ChargeIcone());
 }
 
 ArgumentsDepart LitArguments(int argc, char** argv) {

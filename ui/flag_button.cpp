@@ -1,55 +1,46 @@
 #include "ui/flag_button.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 
+#include "ui/art_images.h"
 #include "ui/control_factory.h"
 
 namespace vaktor {
 
 namespace {
-
-void PeintFrance(QPainter& peintre, const QRectF& r) {
-  const double tiers = r.width() / 3;
-  peintre.fillRect(QRectF(r.left(), r.top(), tiers, r.height()), QColor(0, 50, 150));
-  peintre.fillRect(QRectF(r.left() + tiers, r.top(), tiers, r.height()), Qt::white);
-  peintre.fillRect(QRectF(r.left() + 2 * tiers, r.top(), tiers, r.height()), QColor(220, 30, 50));
-}
-
-void PeintRoyaumeUni(QPainter& peintre, const QRectF& r) {
-  peintre.fillRect(r, QColor(0, 40, 120));
-  peintre.setPen(QPen(Qt::white, 2.5));
-  peintre.drawLine(r.topLeft(), r.bottomRight());
-  peintre.drawLine(r.bottomLeft(), r.topRight());
-  peintre.setPen(Qt::NoPen);
-  const QPointF c = r.center();
-  peintre.fillRect(QRectF(r.left(), c.y() - 2.5, r.width(), 5), Qt::white);
-  peintre.fillRect(QRectF(c.x() - 2.5, r.top(), 5, r.height()), Qt::white);
-  peintre.fillRect(QRectF(r.left(), c.y() - 1.5, r.width(), 3), QColor(200, 20, 40));
-  peintre.fillRect(QRectF(c.x() - 1.5, r.top(), 3, r.height()), QColor(200, 20, 40));
-}
-
+constexpr QSize kTaille{17, 13};
 }  // namespace
 
-DrapeauLangue::DrapeauLangue(QWidget* parent, int langue, QPoint place) : QAbstractButton(parent), Langue_(langue) {
+DrapeauLangue::DrapeauLangue(QWidget* parent, int langue, QPoint place)
+    : QAbstractButton(parent),
+      // The finer bitmap on every screen: it is small, and painting brings it to the screen's density.
+      Drapeau_(ChargeArtOuUni(langue == 0 ? QStringLiteral("flag_fr") : QStringLiteral("flag_en"), 2, kTaille,
+                              Qt::lightGray)) {
   setObjectName(NomIndexe("Image4", langue));
-  setGeometry(QRect(place, QSize(17, 13)));
+  setGeometry(QRect(place, kTaille));
   // Each names its own language in that language: whoever looks for it may not read the other.
-  setAccessibleName(langue == 0 ? QStringLiteral("Français") : QStringLiteral("English"));
+  setAccessibleName(langue == 0 ? QStringLiteral("Fran\u00e7ais") : QStringLiteral("English"));
+}
+
+void DrapeauLangue::Encadre(bool encadre) {
+  if (encadre == Encadre_) return;
+  Encadre_ = encadre;
+  update();
+}
+
+void DrapeauLangue::keyPressEvent(QKeyEvent* evenement) {
+  const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
+  if (entree && !evenement->isAutoRepeat()) click();
+  if (!entree) QAbstractButton::keyPressEvent(evenement);
 }
 
 void DrapeauLangue::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
-  peintre.setRenderHint(QPainter::Antialiasing);
-  peintre.setClipRect(rect());
-  const QRectF drapeau = QRectF(rect()).adjusted(1, 1, -1, -1);
-  if (Langue_ == 0) {
-    PeintFrance(peintre, drapeau);
-  } else {
-    PeintRoyaumeUni(peintre, drapeau);
-  }
-  peintre.setRenderHint(QPainter::Antialiasing, false);
-  peintre.setPen(QColor(64, 64, 64));
-  peintre.setBrush(Qt::NoBrush);
+  peintre.setRenderHint(QPainter::SmoothPixmapTransform);
+  peintre.drawImage(QRectF(rect()), Drapeau_);
+  if (!Encadre_ && !hasFocus()) return;
+  peintre.setPen(QPen(QColor(64, 64, 64), 1, hasFocus() ? Qt::DotLine : Qt::SolidLine));
   peintre.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QImage>
 
 namespace vaktor {
 
@@ -10,13 +11,18 @@ class DrapeauLangue : public QAbstractButton {
 
  public:
   DrapeauLangue(QWidget* parent, int langue, QPoint place);
+  /// The flag under the pointer has no frame, all others have one.
+  void Encadre(bool encadre);
+  bool Encadre() const { return Encadre_; }
   QSize sizeHint() const override { return {17, 13}; }
 
  protected:
+  void keyPressEvent(QKeyEvent* evenement) override;
   void paintEvent(QPaintEvent* evenement) override;
 
  private:
-  int Langue_;
+  QImage Drapeau_;
+  bool Encadre_ = true;
 };
 
 }  // namespace vaktor

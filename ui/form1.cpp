@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QPainter>
+#include <QWindow>
 
 namespace vaktor {
 
@@ -104,6 +105,7 @@ void Form1::BasculeBouton(int index) {
 void Form1::AmenePage(int index) {
   const std::array<PageVaktor*, 4> pages = {PictPage0_, PictPage1_, PictPage2_, PictPage3_};
   pages.at(static_cast<std::size_t>(index))->raise();
+  PageDevant_ = index;
 }
 
 void Form1::BrancheJauge() {
@@ -169,9 +171,55 @@ void Form1::ChoisitLangue(int langue) {
   Services_.ChargeTextes();
 }
 
+void Form1::Habille(const ServicesHabillage& services) {
+  Face_ = std::make_unique<Habillage>(*this, services);
+  connect(PictPage3_->CombSkin, &QComboBox::currentIndexChanged, this, [this] { Face_->ChoisitSkin(); });
+  // The system moves the window with the mouse from here on, under X11 and under Wayland.
+  connect(&Face_->Souris(), &SourisFenetre::DeplacementDemande, this, [this] {
+    if (windowHandle() != nullptr) windowHandle()->startSystemMove();
+  });
+}
+
+void Form1::MontreFond(const QImage& fond, int echelle) {
+  Fond_ = fond;
+  Fond_.setDevicePixelRatio(echelle);
+  update();
+}
+
 void Form1::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
-  peintre.fillRect(rect(), QColor(204, 212, 222));
+  peintre.setRenderHint(QPainter::SmoothPixmapTransform);
+  peintre.drawImage(QPointF(0, 0), Fond_);
+}
+
+bool Form1::event(QEvent* evenement) {
+  const bool traite = QWidget::event(evenement);
+  const bool autreEcran = evenement->type() == QEvent::Show || evenement->type() == QEvent::ScreenChangeInternal;
+  if (autreEcran && Face_) Face_->SuitDensite();
+  return traite;
+}
+
+// Pages lie on each other and none is hidden: Tab must not wander into those that another one covers.
+bool Form1::PrendFocus(const QWidget& controle) const {
+  if (!(controle.focusPolicy() & Qt::TabFocus) || !controle.isEnabled() || !controle.isVisible()) return false;
+  if (controle.focusProxy() != nullptr || controle.window() != this) return false;
+  const std::array<const QWidget*, 4> pages = {PictPage0_, PictPage1_, PictPage2_, PictPage3_};
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    if (pages[i]->isAncestorOf(&controle)) return static_cast<int>(i) == PageDevant_;
+  }
+  return true;
+}
+
+bool Form1::focusNextPrevChild(bool suivant) {
+  QWidget* depart = focusWidget() != nullptr ? focusWidget() : this;
+  QWidget* controle = depart;
+  do {
+    controle = suivant ? controle->nextInFocusChain() : controle->previousInFocusChain();
+    if (!PrendFocus(*controle)) continue;
+    controle->setFocus(suivant ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+  } while (controle != depart);
+  return false;
 }
 
 void Form1::closeEvent(QCloseEvent* evenement) {

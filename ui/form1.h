@@ -13,6 +13,7 @@
 #include "ui/page_mail.h"
 #include "ui/page_monitor.h"
 #include "ui/page_options.h"
+#include "ui/skin.h"
 #include "ui/texts/text_tables.h"
 #include "ui/top_band.h"
 
@@ -41,6 +42,14 @@ class Form1 : public QWidget {
 
   explicit Form1(ServicesForm1 services);
 
+  /// Gives the window its look. Once, after it is made and before its texts are loaded.
+  void Habille(const ServicesHabillage& services);
+  /// Null before Habille.
+  Habillage* Face() { return Face_.get(); }
+  /// Shows this background, drawn at `echelle` pixels a point.
+  void MontreFond(const QImage& fond, int echelle);
+  const QImage& Fond() const { return Fond_; }
+
   /// Brings PictPage(index) to the front.
   void AmenePage(int index);
 
@@ -53,9 +62,12 @@ class Form1 : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
+  bool event(QEvent* evenement) override;
+  bool focusNextPrevChild(bool suivant) override;
   void paintEvent(QPaintEvent* evenement) override;
 
  private:
+  bool PrendFocus(const QWidget& controle) const;
   void CreeControlesCaches();
   void BrancheBoutons();
   void BrancheJauge();
@@ -75,6 +87,9 @@ class Form1 : public QWidget {
   PageFtp* PictPage2_;
   PageOptions* PictPage3_;
   QCheckBox* CheckPEcran_ = nullptr;
+  int PageDevant_ = 1;
+  QImage Fond_;
+  std::unique_ptr<Habillage> Face_;
 };
 
 }  // namespace vaktor

@@ -2,6 +2,8 @@
 
 #include <QPainter>
 
+#include "ui/art_images.h"
+
 namespace vaktor {
 
 namespace {
@@ -18,16 +20,9 @@ QString NomLampe(Lampe lampe) {
   return QStringLiteral("LEDRED");
 }
 
-QColor CouleurLampe(Lampe lampe) {
-  switch (lampe) {
-    case Lampe::kRougeAllumee:
-      return {255, 60, 40};
-    case Lampe::kVerte:
-      return {40, 220, 60};
-    case Lampe::kRouge:
-      break;
-  }
-  return {120, 20, 20};
+// The picture of 13 x 12 points, stretched into the lamp's place; the finer bitmap serves every screen.
+QImage ChargeLampe(Lampe lampe) {
+  return ChargeArtOuUni(NomLampe(lampe), 2, QSize(13, 12), lampe == Lampe::kVerte ? Qt::green : Qt::red);
 }
 
 }  // namespace
@@ -36,20 +31,21 @@ LampeWidget::LampeWidget(QWidget* parent, const QString& nom, QPoint place) : QW
   setObjectName(nom);
   setGeometry(QRect(place, QSize(8, 8)));
   setAccessibleDescription(NomLampe(Lampe_));
+  Image_ = ChargeLampe(Lampe_);
 }
 
 void LampeWidget::Montre(Lampe lampe) {
+  if (lampe == Lampe_) return;
   Lampe_ = lampe;
+  Image_ = ChargeLampe(lampe);
   setAccessibleDescription(NomLampe(lampe));
   update();
 }
 
 void LampeWidget::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
-  peintre.setRenderHint(QPainter::Antialiasing);
-  peintre.setPen(QPen(QColor(40, 40, 40), 0.8));
-  peintre.setBrush(CouleurLampe(Lampe_));
-  peintre.drawEllipse(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5));
+  peintre.setRenderHint(QPainter::SmoothPixmapTransform);
+  peintre.drawImage(QRectF(rect()), Image_);
 }
 
 }  // namespace vaktor

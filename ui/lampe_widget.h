@@ -1,6 +1,7 @@
 // LampeWidget: one of the two lamps of the top band, 8 x 8 pixels.
 #pragma once
 
+#include <QImage>
 #include <QWidget>
 
 #include "engine/ports/surveillance_display.h"
@@ -21,6 +22,7 @@ class LampeWidget : public QWidget {
 
  private:
   Lampe Lampe_ = Lampe::kRouge;
+  QImage Image_;
 };
 
 }  // namespace vaktor

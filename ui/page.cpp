@@ -11,11 +11,17 @@ PageVaktor::PageVaktor(QWidget* fenetre, int index) : QWidget(fenetre) {
   setGeometry(kPlace);
 }
 
+void PageVaktor::MontreFond(const QImage& fond, int echelle) {
+  Fond_ = fond;
+  Fond_.setDevicePixelRatio(echelle);
+  update();
+}
+
 void PageVaktor::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
-  peintre.fillRect(rect(), QColor(245, 245, 245));
-  // The tone that a white pane takes over the plain background: both dark and white captions can be read on it.
-  peintre.fillRect(rect().adjusted(1, 1, -1, -1), QColor(172, 184, 200));
+  peintre.setRenderHint(QPainter::SmoothPixmapTransform);
+  if (Fond_.isNull()) peintre.fillRect(rect(), QColor(245, 245, 245));
+  peintre.drawImage(QPointF(0, 0), Fond_);
 }
 
 }  // namespace vaktor

@@ -8,7 +8,15 @@ void VueParametres::MontreParametre(ControleParametre controle) {
   MontreMail(controle);
   MontreFtp(controle);
   if (controle == ControleParametre::ChkSeuilAuto) Fenetre_.Options().ChkSeuilAuto->setChecked(Reglages_.SeuilAuto);
-  if (controle == ControleParametre::CombSkin) Fenetre_.Options().CombSkin->setCurrentIndex(Reglages_.IndexSkin);
+  if (controle == ControleParametre::CombSkin) MontreSkin();
+}
+
+void VueParametres::MontreSkin() {
+  QComboBox& liste = *Fenetre_.Options().CombSkin;
+  const bool change = liste.currentIndex() != Reglages_.IndexSkin;
+  liste.setCurrentIndex(Reglages_.IndexSkin);
+  // A list that already stands there tells no change, but a load always draws the pages anew.
+  if (!change && Fenetre_.Face() != nullptr) Fenetre_.Face()->ChoisitSkin();
 }
 
 void VueParametres::MontreMoniteur(ControleParametre controle) {

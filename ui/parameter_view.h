@@ -17,6 +17,7 @@ class VueParametres : public AffichageParametres {
   void AmorceCompteARebours(qint32) override {}
 
  private:
+  void MontreSkin();
   void MontreMoniteur(ControleParametre controle);
   void MontreMail(ControleParametre controle);
   void MontreFtp(ControleParametre controle);

@@ -136,6 +136,7 @@ void EcritLibellesBoutons(Form1& fenetre, const TablesTextes& textes) {
       bouton->ChangeLibelle(textes.LibelleBoutonGris(i));
     }
   }
+  if (fenetre.Face() != nullptr) fenetre.Face()->ChargeBoutons();
 }
 
 }  // namespace vaktor

@@ -34,7 +34,8 @@ class ChargeurTextes {
   std::function<void()> ChargeBoutons_;
 };
 
-/// The captions of the plain buttons, until their faces are printed: LibelleBouton(0..6) and LibelleBoutonGris(0..8).
+/// Names the buttons by their captions, LibelleBouton(0..6) and LibelleBoutonGris(0..8), for those who hear the window,
+/// then prints the faces.
 void EcritLibellesBoutons(Form1& fenetre, const TablesTextes& textes);
 
 }  // namespace vaktor

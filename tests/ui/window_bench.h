@@ -30,6 +30,7 @@ struct BancFenetre {
     Vue.Relie({Engin, Reglages, Fenetre, [this]() -> FormMonitor& { return Moniteur; }, PleinEcran});
     PleinEcran.SurFermeture([this] { Fenetre.CheckPEcran().setChecked(false); });
     QObject::connect(&Moniteur, &FormMonitor::PleinEcranChoisi, &Fenetre, [this] { PleinEcran.Montre(); });
+    Fenetre.Habille({Textes, Engin, Pompe, Sons});
     Chargeur.ChargeTextes();
     Pilote.Image = ImageUnie(64, 48, qRgb(10, 20, 30));
     Fenetre.show();

@@ -1,0 +1,91 @@
+#include "ui/skin.h"
+
+#include "ui/art_images.h"
+#include "ui/form1.h"
+#include "ui/page_blend.h"
+
+namespace vaktor {
+
+namespace {
+
+const QColor kFondUni(204, 212, 222);
+const QColor kPageUnie(245, 245, 245);
+
+}  // namespace
+
+Habillage::Habillage(Form1& fenetre, const ServicesHabillage& services)
+    : Fenetre_(fenetre),
+      Services_(services),
+      PictPage_{&fenetre.Mail(), &fenetre.Moniteur(), &fenetre.Ftp(), &fenetre.Options()},
+      Densite_(fenetre.devicePixelRatioF()),
+      Souris_(fenetre, services.Sons) {
+  RelieBoutons();
+  ChargeFonds();
+  DessinePages();
+}
+
+Habillage::~Habillage() {
+  // A window that is taken down still tells its buttons that the pointer left them.
+  for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->Delie();
+}
+
+void Habillage::RelieBoutons() {
+  const LiensBouton liens{Faces_, Services_.Sons, [this](qint32 id) { Souris_.Passe(id); },
+                          [this] { return Services_.Moteur.Camera().CameraActive; }};
+  for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->Relie(liens);
+}
+
+// Bitmaps of the pages and of the skin that shows, for the density of the screen.
+void Habillage::ChargeFonds() {
+  const int echelle = EchelleArt(Densite_);
+  for (std::size_t i = 0; i < FondsPages_.size(); ++i) {
+    FondsPages_[i] = ChargeArtOuUni(QStringLiteral("PictPage%1").arg(i), echelle, PageVaktor::kPlace.size(), kPageUnie);
+  }
+  Fond_ = ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), echelle, Form1::kTaille, kFondUni);
+}
+
+void Habillage::ChoisitSkin() {
+  const int index = Fenetre_.Options().CombSkin->currentIndex();
+  if (index >= 0 && index < kNombreSkins) {
+    Skin_ = index;
+    Fond_ = ChargeArtOuUni(QStringLiteral("SKIN%1").arg(index), EchelleArt(Densite_), Form1::kTaille, kFondUni);
+  }
+  DessinePages();
+  PictPage_[3]->repaint();
+}
+
+void Habillage::DessinePages() {
+  Services_.Moteur.SuspendTic();  // no tick falls into the redraw
+  for (std::size_t i = 0; i < PictPage_.size(); ++i) PictPage_[i]->MontreFond(FondsPages_[i], EchelleArt(Densite_));
+  PictPage_[1]->move(PageVaktor::kPlace.topLeft());
+  for (const std::size_t i : {std::size_t{0}, std::size_t{2}, std::size_t{3}}) PictPage_[i]->move(PictPage_[1]->pos());
+  for (PageVaktor* page : PictPage_) page->resize(PageVaktor::kPlace.size());
+  Fenetre_.setFixedSize(Form1::kTaille);
+  Services_.Pompe.PompeMessages();
+  Services_.Moteur.ReprendTic();
+  FonduPages();
+}
+
+void Habillage::FonduPages() {
+  const int echelle = EchelleArt(Densite_);
+  Fenetre_.MontreFond(Fond_, echelle);
+  const QRect place(PictPage_[0]->pos(), PictPage_[0]->size());
+  for (std::size_t i = 0; i < PictPage_.size(); ++i) {
+    PictPage_[i]->MontreFond(MelangePage(FondsPages_[i], Fond_, place, echelle), echelle);
+  }
+}
+
+void Habillage::ChargeBoutons() {
+  Faces_.ChargeBoutons(Services_.Textes, Densite_);
+  for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->MontreRepos();
+}
+
+void Habillage::SuitDensite() {
+  if (Fenetre_.devicePixelRatioF() == Densite_) return;
+  Densite_ = Fenetre_.devicePixelRatioF();
+  ChargeFonds();
+  FonduPages();
+  ChargeBoutons();
+}
+
+}  // namespace vaktor

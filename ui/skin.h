@@ -1,0 +1,68 @@
+// The look of the main window: skin, frosted pages, button faces, and what the mouse makes of them.
+#pragma once
+
+#include <QImage>
+#include <array>
+
+#include "engine/ports/event_pump.h"
+#include "engine/ports/interface_sounds.h"
+#include "engine/surveillance.h"
+#include "ui/button_faces.h"
+#include "ui/hover.h"
+#include "ui/page.h"
+
+namespace vaktor {
+
+class Form1;
+
+/// What the look needs of others. All references outlive the window.
+struct ServicesHabillage {
+  const TablesTextes& Textes;
+  Surveillance& Moteur;
+  PompeEvenements& Pompe;
+  SonsInterface& Sons;
+};
+
+/// Owner: Form1. User-interface thread.
+class Habillage {
+ public:
+  static constexpr int kNombreSkins = 3;
+
+  /// Ties buttons and mouse, and draws the pages over the plain background.
+  Habillage(Form1& fenetre, const ServicesHabillage& services);
+
+  ~Habillage();
+  Habillage(const Habillage&) = delete;
+  Habillage& operator=(const Habillage&) = delete;
+
+  /// A click on CombSkin, by the user or by code: shows the skin that the list stands on. Any index without a skin
+  /// keeps the picture; the pages are blended again all the same.
+  void ChoisitSkin();
+  /// Puts the pages in their places and blends them anew, always from their clean bitmaps. The tick is off meanwhile.
+  void DessinePages();
+  /// Prints the button faces in the current language; every button shows its face at rest afterwards, Bouton(0) that of
+  /// the camera at rest even while it runs, until the next move over it.
+  void ChargeBoutons();
+  /// The window may have come to a screen of another density: draws everything for it if so.
+  void SuitDensite();
+
+  const FacesBoutons& Faces() const { return Faces_; }
+  SourisFenetre& Souris() { return Souris_; }
+
+ private:
+  void ChargeFonds();
+  void FonduPages();
+  void RelieBoutons();
+
+  Form1& Fenetre_;
+  ServicesHabillage Services_;
+  std::array<PageVaktor*, 4> PictPage_;
+  std::array<QImage, 4> FondsPages_;  // the clean bitmaps
+  QImage Fond_;                       // the window's background
+  int Skin_ = -1;                     // the skin that shows; -1: the plain background
+  double Densite_ = 1;
+  FacesBoutons Faces_;
+  SourisFenetre Souris_;
+};
+
+}  // namespace vaktor
