@@ -138,7 +138,7 @@ ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurE
 ResultatFtp ClientFtp::Connecte(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape) {
   if (!EstSansRecherche(travail.Acces.Hote)) {
     // Asked before the library asks: it gives the same answer for a name that is wrong and for a network that is down.
-    const ResultatFtp nom = JugeNom(travail.Acces.Hote);
+    ResultatFtp nom = JugeNom(travail.Acces.Hote);
     if (nom.Issue != IssueFtp::kReussi) return nom;
   }
   ConnexionNeuve_ = true;
@@ -149,13 +149,13 @@ ResultatFtp ClientFtp::Publie(const TravailFtp& travail, const QByteArray& conte
   TravailFtp provisoire = travail;
   provisoire.Nom = kNomProvisoire;
   if (!RenommeParDessus_) {
-    const ResultatFtp envoi = Parle(provisoire, &contenu, {}, {});
+    ResultatFtp envoi = Parle(provisoire, &contenu, {}, {});
     return envoi.Issue == IssueFtp::kReussi ? Renomme(travail) : envoi;
   }
-  const ResultatFtp envoi = Parle(
-      provisoire, &contenu, {QStringLiteral("RNFR ") + kNomProvisoire, QStringLiteral("RNTO ") + travail.Nom}, {});
+  ResultatFtp envoi = Parle(provisoire, &contenu,
+                            {QStringLiteral("RNFR ") + kNomProvisoire, QStringLiteral("RNTO ") + travail.Nom}, {});
   if (envoi.Issue != IssueFtp::kRefus || !QuoteRefusee_) return envoi;
-  const ResultatFtp secours = Renomme(travail);
+  ResultatFtp secours = Renomme(travail);
   if (secours.Issue == IssueFtp::kReussi) RenommeParDessus_ = false;
   return secours;
 }
@@ -221,7 +221,7 @@ ResultatFtp ClientFtp::Parle(const TravailFtp& travail, const QByteArray* conten
   const CURLcode code = curl_easy_perform(Poignee_);
   ConnexionNeuve_ = false;
   QuoteRefusee_ = code == CURLE_QUOTE_ERROR;
-  const ResultatFtp resultat = Juge(code, travail, conversation);
+  ResultatFtp resultat = Juge(code, travail, conversation);
   // The handle must not point to what ends here: closing the connection talks too.
   curl_easy_reset(Poignee_);
   curl_easy_setopt(Poignee_, CURLOPT_NOSIGNAL, 1L);
