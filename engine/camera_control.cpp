@@ -1,5 +1,7 @@
 #include "engine/camera_control.h"
 
+#include <QScopedValueRollback>
+
 #include "engine/detection_zone.h"
 
 namespace vaktor {
@@ -77,14 +79,16 @@ void CommandeCamera::EteintAlarme() {
   Etat_.Alarme.CompteARebours = Ports_.Reglages.Retard;
 }
 
-void CommandeCamera::MontreDialogueFormat() {
-  if (!Etat_.Camera.CameraActive) return Ports_.Affichage.AnnonceCameraInactive();
-  Ports_.Pilote.MontreDialogueFormat();
-}
+void CommandeCamera::MontreDialogueFormat() { OuvreDialogue(&PiloteCapture::MontreDialogueFormat); }
 
-void CommandeCamera::MontreDialogueSource() {
+void CommandeCamera::MontreDialogueSource() { OuvreDialogue(&PiloteCapture::MontreDialogueSource); }
+
+// A dialog of the driver runs an event loop of its own, in which timers would go on: frames would be taken from a
+// camera that is just being set up, and its changes of light and size would raise the alarm.
+void CommandeCamera::OuvreDialogue(void (PiloteCapture::*dialogue)()) {
   if (!Etat_.Camera.CameraActive) return Ports_.Affichage.AnnonceCameraInactive();
-  Ports_.Pilote.MontreDialogueSource();
+  const QScopedValueRollback<bool> ouvert(Etat_.Camera.DialogueOuvert, true);
+  (Ports_.Pilote.*dialogue)();
 }
 
 void CommandeCamera::DeconnectePilote() {

@@ -16,7 +16,8 @@ class CommandeCamera {
   /// does not connect is told in a message box and leaves everything as it was. The start lets events in once, with
   /// the driver connected and CameraActive still false: a click that comes in there goes through a start of its own.
   void BasculeCamera();
-  /// The driver's dialogs; with the camera off a message box instead.
+  /// The driver's dialogs; with the camera off a message box instead. While one is open detection and countdown stand
+  /// still.
   void MontreDialogueFormat();
   void MontreDialogueSource();
   /// End of the program: lets the driver go and changes nothing else.
@@ -25,6 +26,7 @@ class CommandeCamera {
  private:
   bool Demarre();
   void Arrete();
+  void OuvreDialogue(void (PiloteCapture::*dialogue)());
   void EteintAlarme();
 
   const PortsSurveillance& Ports_;

@@ -35,8 +35,9 @@ struct EtatDetection {
 };
 
 struct EtatCamera {
-  bool CameraActive = false;   ///< the driver is connected; written by BasculeCamera alone
-  bool MoniteurCache = false;  ///< the user closed FormMonitor, which only hid it
+  bool CameraActive = false;    ///< the driver is connected; written by BasculeCamera alone
+  bool MoniteurCache = false;   ///< the user closed FormMonitor, which only hid it
+  bool DialogueOuvert = false;  ///< one of the driver's dialogs is open: no timer of the engine ticks
 };
 
 struct EtatAlarme {

@@ -1,5 +1,8 @@
 #include "engine/surveillance.h"
 
+#include <functional>
+#include <utility>
+
 #include "engine/arming.h"
 #include "engine/camera_control.h"
 #include "engine/detection_zone.h"
@@ -49,12 +52,17 @@ class ReglesSurveillance {
   MinuteriesSurveillance CreeMinuteries() {
     FabriqueMinuteries& fabrique = Ports.Minuteries;
     MinuteriesSurveillance m;
-    m.Timer1 = fabrique.CreeMinuterie(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });
-    m.Timer2 = fabrique.CreeMinuterie(QStringLiteral("Timer2"), kPremierSeuilMs, [this] { LanceSeuil(); });
-    m.TimerSeuil = fabrique.CreeMinuterie(QStringLiteral("TimerSeuil"), kSeuilMs, [this] { Jauge.AjusteSeuil(); });
-    m.Timer3 = fabrique.CreeMinuterie(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
-    m.TimerAutoStar =
-        fabrique.CreeMinuterie(QStringLiteral("TimerAutoStar"), kSecondeMs, [this] { Alarme.DemarreAuto(); });
+    const auto cree = [&](const QString& nom, qint32 millisecondes, std::function<void()> tic) {
+      // Dropped, not stopped: the state of a timer means something, Timer3's for one is the countdown.
+      return fabrique.CreeMinuterie(nom, millisecondes, [this, tic = std::move(tic)] {
+        if (!Etat.Camera.DialogueOuvert) tic();
+      });
+    };
+    m.Timer1 = cree(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });
+    m.Timer2 = cree(QStringLiteral("Timer2"), kPremierSeuilMs, [this] { LanceSeuil(); });
+    m.TimerSeuil = cree(QStringLiteral("TimerSeuil"), kSeuilMs, [this] { Jauge.AjusteSeuil(); });
+    m.Timer3 = cree(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
+    m.TimerAutoStar = cree(QStringLiteral("TimerAutoStar"), kSecondeMs, [this] { Alarme.DemarreAuto(); });
     return m;
   }
 

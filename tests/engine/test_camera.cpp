@@ -196,6 +196,37 @@ TEST_F(Camera, DialogsNeedARunningCamera) {
   EXPECT_GE(Journal.Rang(QStringLiteral("DialogueFormat")), 0);
 }
 
+TEST_F(Camera, NoTimerTicksWhileADialogOfTheDriverIsOpen) {
+  DemarreSurNoir();
+  Reglages.SeuilAuto = true;
+  Engin.BasculeAlarme();
+  Temps.Avance(3000);
+  const qint32 seuil = Reglages.SeuilDetection;
+  Pilote.PendantDialogue = [&] {
+    const qint32 saisies = Pilote.Saisies;
+    Temps.Avance(60'000);
+    EXPECT_EQ(Pilote.Saisies, saisies);
+    EXPECT_EQ(Reglages.SeuilDetection, seuil);
+    EXPECT_EQ(Engin.Alarme().CompteARebours, 7);
+    EXPECT_TRUE(Engin.CompteAReboursEnCours());
+  };
+  Engin.MontreDialogueFormat();
+  Engin.MontreDialogueSource();
+  const qint32 saisies = Pilote.Saisies;
+  Temps.Avance(3000);  // closed: everything goes on from where it stood
+  EXPECT_EQ(Pilote.Saisies, saisies + 100);
+  EXPECT_EQ(Engin.Alarme().CompteARebours, 4);
+}
+
+TEST_F(Camera, DialogThatFailsLetsTheTicksGoOn) {
+  DemarreSurNoir();
+  Pilote.PendantDialogue = [] { throw Echec(kAppelIncorrect, QStringLiteral("no dialog")); };
+  EXPECT_THROW(Engin.MontreDialogueFormat(), Echec);
+  const qint32 saisies = Pilote.Saisies;
+  Temps.Avance(300);
+  EXPECT_EQ(Pilote.Saisies, saisies + 10);
+}
+
 TEST_F(Camera, EndOfTheProgramLetsTheDriverGoOnlyWhenItRuns) {
   Journal.Ecoute();
   Engin.DeconnectePilote();

@@ -36,18 +36,21 @@ class PiloteFaux : public PiloteCapture {
   bool SignalPerdu() const override { return Perdu; }
   void MontreDialogueFormat() override {
     Journal_.Note([] { return QStringLiteral("DialogueFormat"); });
+    if (PendantDialogue) PendantDialogue();
   }
   void MontreDialogueSource() override {
     Journal_.Note([] { return QStringLiteral("DialogueSource"); });
+    if (PendantDialogue) PendantDialogue();
   }
 
   bool EstConnecte() const { return Connecte_; }
 
-  bool Presente = true;              ///< Connecte succeeds
-  bool Muette = false;               ///< SaisitImage finds no newer frame
-  bool Perdu = false;                ///< SignalPerdu
-  QImage Image;                      ///< the frame that the next grab takes
-  std::function<QImage()> Suivante;  ///< if set, asked for a frame at each grab instead
+  bool Presente = true;                   ///< Connecte succeeds
+  bool Muette = false;                    ///< SaisitImage finds no newer frame
+  bool Perdu = false;                     ///< SignalPerdu
+  QImage Image;                           ///< the frame that the next grab takes
+  std::function<QImage()> Suivante;       ///< if set, asked for a frame at each grab instead
+  std::function<void()> PendantDialogue;  ///< runs while one of the dialogs is open
   qint32 Saisies = 0;
 
  private:
