@@ -53,7 +53,9 @@ std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const 
     resultat = ::statvfs(NomSysteme(chemin).constData(), &systeme);
   } while (resultat != 0 && errno == EINTR);
   if (resultat != 0) return std::nullopt;
-  return static_cast<qint64>(systeme.f_bavail) * static_cast<qint64>(systeme.f_frsize);
+  // All that is free, with what the file system keeps back for the administrator (f_bavail would leave that out): the
+  // warning that asks for it has always counted so.
+  return static_cast<qint64>(systeme.f_bfree) * static_cast<qint64>(systeme.f_frsize);
 }
 
 QStringList FichiersSysteme::ListeFichiers(const QString& dossier, const QString& motif) const {

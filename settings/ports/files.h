@@ -16,7 +16,8 @@ class Fichiers {
   virtual bool Existe(const QString& chemin) const = 0;
   /// Makes one folder; its parent must exist. False when it could not be made or was there already.
   virtual bool CreeDossier(const QString& chemin) = 0;
-  /// Free bytes for this user on the file system that holds `chemin`; nothing when that cannot be told.
+  /// Free bytes in all on the file system that holds `chemin`, also those that this user may not fill; nothing when
+  /// that cannot be told.
   virtual std::optional<qint64> EspaceLibre(const QString& chemin) const = 0;
   /// Names (without folder) of the files of a folder that match a pattern such as "*.jpg*", sorted by name.
   virtual QStringList ListeFichiers(const QString& dossier, const QString& motif) const = 0;
