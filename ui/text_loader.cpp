@@ -108,6 +108,7 @@ void ChargeurTextes::EcritTextes() {
     }
   }
   Fenetre_.CheckPEcran().setText(Textes_.Texte(17));
+  Fenetre_.Ftp().TxtFTPracine->setToolTip(Textes_.Texte(230));  // the one field of its page without a row in Aide
   Fenetre_.Moniteur().ChangeTitreMenu(Textes_.Texte(194));
   Moniteur_.ChangeLibellePleinEcran(Textes_.Texte(194));
 }
