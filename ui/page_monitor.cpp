@@ -23,7 +23,8 @@ void PageMoniteur::CreeEtiquettes() {
   CreeEtiquette(this, QStringLiteral("Label5"), {96, 138, 25, 17})->setText(QStringLiteral("Sec."));
   LabelTemoin0_ = CreeEtiquette(this, NomIndexe("LabelTemoin", 0), {328, 120, 63, 15});
   LabelTemoin1_ = CreeEtiquette(this, NomIndexe("LabelTemoin", 1), {264, 120, 63, 15});
-  MontreCompteurs(0, 0);
+  Compteurs_ = new TravailVisible(this, [this] { EcritCompteurs(); });
+  EcritCompteurs();
 }
 
 void PageMoniteur::CreeMenu() {
@@ -52,8 +53,14 @@ void PageMoniteur::OuvreMenu(const QPoint& position) {
 }
 
 void PageMoniteur::MontreCompteurs(qint32 millisecondes, qint32 points) {
-  LabelTemoin0_->setText(QStringLiteral("%1 ms ").arg(millisecondes));
-  LabelTemoin1_->setText(QStringLiteral("%1 Pts ").arg(points));
+  Millisecondes_ = millisecondes;
+  Points_ = points;
+  Compteurs_->Demande();
+}
+
+void PageMoniteur::EcritCompteurs() {
+  LabelTemoin0_->setText(QStringLiteral("%1 ms ").arg(Millisecondes_));
+  LabelTemoin1_->setText(QStringLiteral("%1 Pts ").arg(Points_));
 }
 
 }  // namespace vaktor

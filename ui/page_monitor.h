@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenu>
 
+#include "image/forms/visible_work.h"
 #include "ui/bouton_image.h"
 #include "ui/control_factory.h"
 #include "ui/page.h"
@@ -37,10 +38,14 @@ class PageMoniteur : public PageVaktor {
  private:
   void CreeEtiquettes();
   void CreeMenu();
+  void EcritCompteurs();
   void OuvreMenu(const QPoint& position);
 
   QLabel* LabelTemoin0_;
   QLabel* LabelTemoin1_;
+  TravailVisible* Compteurs_;
+  qint32 Millisecondes_ = 0;
+  qint32 Points_ = 0;
   QMenu* MnuDisplay_ = nullptr;
   QAction* MnuPixelView_ = nullptr;
   QAction* MnuZoomView_ = nullptr;

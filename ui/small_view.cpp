@@ -3,8 +3,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "image/forms/surface_painter.h"
-
 namespace vaktor {
 
 VueReduite::VueReduite(QWidget* parent, const QString& nom, const QRect& place) : QWidget(parent) {
@@ -14,39 +12,35 @@ VueReduite::VueReduite(QWidget* parent, const QString& nom, const QRect& place) 
 }
 
 void VueReduite::Noircit() {
-  if (Pixels_ == nullptr && Zoom_.isNull()) return;
+  if (Pixels_ == nullptr && !Zoome()) return;
   Pixels_ = nullptr;
-  Zoom_ = QImage();
+  Zoom_ = {};
   update();
 }
 
 void VueReduite::MontreImage(const QImage& image) {
   Pixels_ = &image;
-  Zoom_ = QImage();
+  Zoom_ = {};
   update();
 }
 
 void VueReduite::MontreZoom(const SurfaceImage& surface, const QRect& source) {
   if (source.width() == 0 || source.height() == 0) return;
-  const double densite = devicePixelRatioF();
-  QImage zoom((QSizeF(size()) * densite).toSize(), QImage::Format_RGB32);
-  zoom.setDevicePixelRatio(densite);
-  zoom.fill(Qt::black);
-  QPainter peintre(&zoom);
-  EtireSurface(peintre, QRectF(rect()), surface, source);
-  peintre.end();
   Pixels_ = nullptr;
-  Zoom_ = zoom;
+  Zoom_.Prend(surface);
+  Source_ = source;
   update();
 }
 
 void VueReduite::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
-  if (Pixels_ == nullptr && Zoom_.isNull()) {
+  if (Pixels_ != nullptr) {
+    peintre.drawImage(QPointF(0, 0), *Pixels_);
+  } else if (Zoome()) {
+    EtireSurface(peintre, QRectF(rect()), Zoom_, Source_);
+  } else {
     peintre.fillRect(rect(), Qt::black);
-    return;
   }
-  peintre.drawImage(QPointF(0, 0), Pixels_ != nullptr ? *Pixels_ : Zoom_);
 }
 
 void VueReduite::mousePressEvent(QMouseEvent* evenement) {

@@ -4,7 +4,7 @@
 #include <QImage>
 #include <QWidget>
 
-#include "engine/frame_surface.h"
+#include "image/forms/surface_painter.h"
 
 namespace vaktor {
 
@@ -19,8 +19,9 @@ class VueReduite : public QWidget {
   /// Shows the engine's own picture of the pixel view. It is painted where it lies, so it outlives this view or the
   /// next call.
   void MontreImage(const QImage& image);
-  /// Stretches a part of the surface, outlines included, over the whole view, at once: no frame is held for it. A zero
-  /// width or height draws nothing and leaves what was there.
+  /// Stretches a part of the surface as it is now, outlines included, over the whole view. It is stretched when it is
+  /// painted: a view that nobody can see costs nothing. The frame is held until the next call of any of the three. A
+  /// zero width or height draws nothing and leaves what was there.
   void MontreZoom(const SurfaceImage& surface, const QRect& source);
 
  Q_SIGNALS:
@@ -31,7 +32,10 @@ class VueReduite : public QWidget {
   void mousePressEvent(QMouseEvent* evenement) override;
 
  private:
-  QImage Zoom_;                     // null: no zoom picture
+  bool Zoome() const { return Zoom_.Taille.isValid(); }
+
+  CopieSurface Zoom_;               // no picture: no zoom
+  QRect Source_;                    // the part of it that is shown
   const QImage* Pixels_ = nullptr;  // null: not in pixel view
 };
 

@@ -38,7 +38,9 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
       Reglages_(reglages),
       Sauvegarde_(sauvegarde),
       Picture1_(new VueCadre(moteur.Surface(), this)),
-      ProgressBar1_(new BarrePoints(this)) {
+      ProgressBar1_(new BarrePoints(this)),
+      Rafraichissement_(new TravailVisible(this, [this] { Picture1_->update(); })),
+      Barre_(new TravailVisible(this, [this] { ProgressBar1_->setValue(Points_); })) {
   setObjectName(QStringLiteral("FormMonitor"));
   Picture1_->setObjectName(QStringLiteral("Picture1"));
   ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));
@@ -49,7 +51,7 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
   connect(Picture1_, &VueCadre::DroitAppuye, this, &FormMonitor::OuvreMenu);
   AjusteFenetre();
   Moteur_.Surface().SurTaille([this] { SuitTaille(); });
-  Moteur_.Surface().SurChangement([this] { Picture1_->update(); });
+  Moteur_.Surface().SurChangement([this] { Rafraichissement_->Demande(); });
 }
 
 FormMonitor::~FormMonitor() {
@@ -76,7 +78,10 @@ void FormMonitor::EcritAides(const QString& image, const QString& barre) {
   ProgressBar1_->setToolTip(barre);
 }
 
-void FormMonitor::MontreBarre(qint32 valeur) { ProgressBar1_->setValue(valeur); }
+void FormMonitor::MontreBarre(qint32 valeur) {
+  Points_ = valeur;
+  Barre_->Demande();
+}
 
 void FormMonitor::SuitTaille() {
   AjusteFenetre();

@@ -8,6 +8,7 @@
 #include "base/application_state.h"
 #include "engine/surveillance.h"
 #include "image/forms/frame_view.h"
+#include "image/forms/visible_work.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
 
@@ -50,6 +51,9 @@ class FormMonitor : public QWidget {
   SauvegardeParametres& Sauvegarde_;
   VueCadre* Picture1_;
   QProgressBar* ProgressBar1_;
+  TravailVisible* Rafraichissement_;  // of the picture
+  TravailVisible* Barre_;
+  qint32 Points_ = 0;
   QMenu* MnuScreen_ = nullptr;
   QAction* MnuFullScreen_ = nullptr;
   QString LibellePleinEcran_;

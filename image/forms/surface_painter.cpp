@@ -57,7 +57,7 @@ void PeintSurface(QPainter& peintre, const SurfaceImage& surface) {
   for (int i = 0; i < surface.NombreContours(); ++i) PeintContour(peintre, surface.ContourNumero(i));
 }
 
-void EtireSurface(QPainter& peintre, const QRectF& cible, const SurfaceImage& surface, const QRect& source) {
+void EtireSurface(QPainter& peintre, const QRectF& cible, const CopieSurface& surface, const QRect& source) {
   if (source.width() == 0 || source.height() == 0) return;
   const AxeEtire x = CalculeAxe(source.x(), source.width(), cible.width());
   const AxeEtire y = CalculeAxe(source.y(), source.height(), cible.height());

@@ -33,6 +33,6 @@ void PeintSurface(QPainter& peintre, const SurfaceImage& surface);
 /// Stretches a part of the frame with its outlines over `cible`. A negative width takes the part that ends with the
 /// column `source.x()` and mirrors it; a negative height likewise. What lies outside the frame comes out black. A width
 /// or height of zero paints nothing.
-void EtireSurface(QPainter& peintre, const QRectF& cible, const SurfaceImage& surface, const QRect& source);
+void EtireSurface(QPainter& peintre, const QRectF& cible, const CopieSurface& surface, const QRect& source);
 
 }  // namespace vaktor

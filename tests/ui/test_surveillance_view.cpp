@@ -35,9 +35,20 @@ TEST(SurveillanceView, MotionShowsIntrusionInPureRedAndStillnessTheStateInGrey) 
 
 TEST(SurveillanceView, CountersShowTimeAndPointsWithTheirTrailingBlank) {
   BancFenetre banc;
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&banc.Fenetre));
   banc.Vue.MontreCompteurs(31, 207);
   EXPECT_EQ(banc.Trouve<QLabel>("LabelTemoin(0)")->text(), QStringLiteral("31 ms "));
   EXPECT_EQ(banc.Trouve<QLabel>("LabelTemoin(1)")->text(), QStringLiteral("207 Pts "));
+}
+
+TEST(SurveillanceView, CountersAreWrittenWhenTheWindowComesOntoTheScreen) {
+  BancFenetre banc;
+  banc.Vue.MontreCompteurs(31, 207);
+  EXPECT_EQ(banc.Trouve<QLabel>("LabelTemoin(0)")->text(), QStringLiteral("0 ms ")) << "nobody sees it yet";
+  banc.Vue.MontreCompteurs(32, 208);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&banc.Fenetre));
+  EXPECT_EQ(banc.Trouve<QLabel>("LabelTemoin(0)")->text(), QStringLiteral("32 ms "));
+  EXPECT_EQ(banc.Trouve<QLabel>("LabelTemoin(1)")->text(), QStringLiteral("208 Pts "));
 }
 
 TEST(SurveillanceView, CountersStartAtZero) {

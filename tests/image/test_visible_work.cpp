@@ -1,0 +1,56 @@
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QWindow>
+
+#include "image/forms/visible_work.h"
+
+namespace vaktor {
+namespace {
+
+struct Banc {
+  QWidget Fenetre;
+  int Faits = 0;
+  TravailVisible Travail{&Fenetre, [this] { ++Faits; }};
+};
+
+TEST(VisibleWork, IsDoneAtOnceWhereThereIsNoWindowYet) {
+  Banc banc;
+  banc.Travail.Demande();
+  EXPECT_EQ(banc.Faits, 1);
+}
+
+TEST(VisibleWork, IsDoneAtOnceInAWindowOnTheScreen) {
+  Banc banc;
+  banc.Fenetre.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&banc.Fenetre));
+  banc.Travail.Demande();
+  banc.Travail.Demande();
+  EXPECT_EQ(banc.Faits, 2);
+}
+
+TEST(VisibleWork, WaitsForAWindowThatIsOnNoScreenAndIsDoneOnce) {
+  Banc banc;
+  banc.Fenetre.show();
+  ASSERT_FALSE(banc.Fenetre.windowHandle()->isExposed()) << "no event has come yet";
+  banc.Travail.Demande();
+  banc.Travail.Demande();
+  EXPECT_EQ(banc.Faits, 0);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&banc.Fenetre));
+  EXPECT_EQ(banc.Faits, 1);
+  banc.Fenetre.windowHandle()->requestUpdate();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(banc.Faits, 1) << "it waits no more";
+}
+
+TEST(VisibleWork, IsDoneAtOnceInAHiddenWindow) {
+  Banc banc;
+  banc.Fenetre.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&banc.Fenetre));
+  banc.Fenetre.hide();
+  banc.Travail.Demande();
+  EXPECT_EQ(banc.Faits, 1);
+}
+
+}  // namespace
+}  // namespace vaktor
