@@ -70,6 +70,27 @@ bool EstVideo(const GstCaps* caps) {
   return gst_structure_has_name(structure, "video/x-raw") || gst_structure_has_name(structure, "image/jpeg");
 }
 
+bool EstFilm(const GstCaps* caps) {
+  return !gst_caps_is_empty(caps) && !gst_caps_is_any(caps) &&
+         Commence(gst_structure_get_name(gst_caps_get_structure(caps, 0)), "video/");
+}
+
+// MPEG-4 part 2 proper is left to its parser: in AVI it is known to pack two pictures into one piece.
+bool EstDecodableDirect(const GstCaps* caps) {
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  int version = 0;
+  if (gst_structure_has_name(structure, "video/x-msmpeg")) return true;
+  if (gst_structure_has_name(structure, "video/x-divx"))
+    return gst_structure_get_int(structure, "divxversion", &version) && version == 3;
+  if (!gst_structure_has_name(structure, "video/x-h264")) return gst_structure_has_name(structure, "video/x-vp8");
+  if (g_strcmp0(gst_structure_get_string(structure, "stream-format"), "avc") != 0) return false;
+  const char* profil = gst_structure_get_string(structure, "profile");
+  for (const char* connu : {"constrained-baseline", "baseline", "main", "high"}) {
+    if (g_strcmp0(profil, connu) == 0) return true;
+  }
+  return false;
+}
+
 gboolean EstFluxVideo(GstElement*, guint, const GstCaps* caps, gpointer) {
   const char* media = gst_structure_get_string(gst_caps_get_structure(caps, 0), "media");
   return media != nullptr && std::strcmp(media, "video") == 0 ? TRUE : FALSE;

@@ -11,6 +11,10 @@ void ChoisitDecodeurs(GstElement* decodebin);
 
 bool EstDeFabrique(GstElement* element, const char* nom);
 bool EstVideo(const GstCaps* caps);  ///< raw video or JPEG
+bool EstFilm(const GstCaps* caps);   ///< pictures of any coding
+/// Whether our own decoder takes what a demultiplexer gives under these caps as it is: each buffer a whole picture, and
+/// pictures of 8 bits with halved chroma.
+bool EstDecodableDirect(const GstCaps* caps);
 /// Answer to rtspsrc's "select-stream".
 gboolean EstFluxVideo(GstElement* source, guint numero, const GstCaps* caps, gpointer rien);
 

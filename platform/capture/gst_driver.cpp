@@ -9,7 +9,8 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr milliseconds kAttenteImage{100};
+// A camera of ten frames a second must not be missed by a hair, again and again: each miss is an analysis for nothing.
+constexpr milliseconds kAttenteImage{110};
 constexpr milliseconds kLimiteConnexion{5000};
 constexpr milliseconds kLimiteArret{300};      // of what the window may feel
 constexpr milliseconds kLimitePartants{2000};  // before a device that may still be held is opened again

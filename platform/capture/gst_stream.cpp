@@ -4,6 +4,7 @@
 
 #include "platform/capture/camera_caps.h"
 #include "platform/capture/decoder_choice.h"
+#include "platform/capture/film_kind.h"
 #include "platform/capture/gst_start.h"
 #include "platform/capture/pixel_conversion.h"
 
@@ -106,10 +107,46 @@ bool FluxGStreamer::MontePeripherique() {
 
 bool FluxGStreamer::MonteFichier() {
   GstElement* source = Ajoute("filesrc");
-  GstElement* decodage = AjouteDecodage();
-  if (source == nullptr || decodage == nullptr) return false;
+  if (source == nullptr) return false;
   FixeTexte(source, "location", Demande_.Source.Lieu);
-  return gst_element_link(source, decodage) != FALSE;
+  const char* demultiplexeur = DemultiplexeurDuFilm(Demande_.Source.Lieu);
+  if (demultiplexeur != nullptr && MonteFilm(source, demultiplexeur)) return true;
+  GstElement* decodage = AjouteDecodage();
+  return decodage != nullptr && gst_element_link(source, decodage) != FALSE;
+}
+
+// The demultiplexer's own thread decodes and converts: no queue, and nobody to be woken in between.
+bool FluxGStreamer::MonteFilm(GstElement* source, const char* demultiplexeur) {
+  GstElement* element = Ajoute(demultiplexeur);
+  if (element == nullptr) return false;
+  Bouclable_ = true;
+  g_signal_connect(element, "pad-added", G_CALLBACK(RelieFilm), this);
+  return gst_element_link(source, element) != FALSE;
+}
+
+void FluxGStreamer::RelieFilm(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
+  const PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
+  if (!caps || moi->Relie_) return;
+  if (EstVideo(caps.get())) {
+    moi->Relie(sortie);
+    return;
+  }
+  if (!EstFilm(caps.get())) return;
+  GstElement* suite = moi->AjouteSuiteDuFilm(caps.get());
+  if (suite == nullptr) return;
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(suite, "sink"));
+  gst_element_sync_state_with_parent(suite);
+  gst_pad_link(sortie, entree.get());
+}
+
+// Our own decoder straight away where it needs no parser before it and gives nothing that has to be converted first;
+// else whatever is found.
+GstElement* FluxGStreamer::AjouteSuiteDuFilm(const GstCaps* caps) {
+  if (!EstDecodableDirect(caps)) return AjouteDecodage();
+  GstElement* decodeur = Ajoute("vaktorlibav");
+  if (decodeur == nullptr || !gst_element_link(decodeur, Puits_)) return nullptr;
+  Relie_ = true;
+  return decodeur;
 }
 
 bool FluxGStreamer::MonteReseau() {

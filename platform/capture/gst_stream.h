@@ -31,9 +31,11 @@ class FluxGStreamer : public FluxImages {
   bool MonteReseau();
   bool MonteRtsp();
   bool MonteFichier();
+  bool MonteFilm(GstElement* source, const char* demultiplexeur);
   bool MonteSource();
   GstElement* Ajoute(const char* fabrique);
   GstElement* AjouteDecodage();
+  GstElement* AjouteSuiteDuFilm(const GstCaps* caps);
   bool Lance();
   Etat TraiteMessage(GstMessage* message);
   Etat CommenceLaBoucle();
@@ -43,6 +45,7 @@ class FluxGStreamer : public FluxImages {
   static void RemarqueDemultiplexeur(GstBin* decodage, GstElement* element, FluxGStreamer* moi);
   static void RelieDecode(GstElement* decodage, GstPad* sortie, FluxGStreamer* moi);
   void Relie(GstPad* sortie);
+  static void RelieFilm(GstElement* demultiplexeur, GstPad* sortie, FluxGStreamer* moi);
 
   const DemandeFlux Demande_;
   ReceptionImages Reception_;

@@ -39,6 +39,20 @@ TEST_F(PiloteFichier, PlaysBareJpegPicturesOneAfterTheOther) {
   EXPECT_LE(recolte.Images, 60);
 }
 
+// Those that are decoded without a parser, and those in the same containers that need one or another decoder.
+TEST_F(PiloteFichier, LoopsOverTheUsualCodingsInTheUsualContainers) {
+  for (const char* suite :
+       {"avenc_msmpeg4 ! avimux", "openh264enc ! h264parse ! mp4mux", "vp8enc deadline=1 ! webmmux",
+        "openh264enc ! h264parse ! matroskamux", "avenc_mpeg4 ! avimux", "theoraenc ! matroskamux"}) {
+    ASSERT_TRUE(FabriqueFilm(Fichier("c.film"), QStringLiteral("format=I420,") + kPetit, 20, QLatin1String(suite)))
+        << suite;
+    ASSERT_TRUE(Connecte(Fichier("c.film"))) << suite;
+    const Recolte recolte = Recueille(1700);
+    EXPECT_GE(recolte.Images, 30) << suite;
+    EXPECT_LE(recolte.Images, 25 * 1.7 + 5) << suite << ": at its own rate";
+  }
+}
+
 TEST_F(PiloteFichier, GivesThePicturesThatAreInTheFile) {
   ASSERT_TRUE(JoueJusquAuBout(
       QStringLiteral(
