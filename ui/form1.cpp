@@ -37,7 +37,13 @@ Form1::Form1(ServicesForm1 services)
       PictPage0_(new PageMail(this)),
       PictPage1_(new PageMoniteur(this)),
       PictPage2_(new PageFtp(this)),
-      PictPage3_(new PageOptions(this)) {
+      PictPage3_(new PageOptions(this)),
+      ChampsMail_(DonnePortsChamps(), *PictPage0_),
+      ChampsFtp_(DonnePortsChamps(), *PictPage2_),
+      ChampsMoniteur_(
+          DonnePortsChamps(),
+          {Services_.Moteur, Services_.VerifieEspaceDisque, Services_.MontreFrmSmtp, [this] { AmenePage(0); }},
+          *PictPage1_, ChampsMail_) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Vaktor"));
   setFixedSize(kTaille);
@@ -47,6 +53,10 @@ Form1::Form1(ServicesForm1 services)
   BrancheMoniteur();
   BrancheOptions();
   AmenePage(1);
+}
+
+PortsChamps Form1::DonnePortsChamps() const {
+  return {Services_.Reglages, Services_.Sauvegarde, Services_.Textes, Services_.Boites};
 }
 
 void Form1::CreeControlesCaches() {
@@ -114,15 +124,7 @@ void Form1::BrancheJauge() {
   connect(Bandeau_->PictSeuil, &JaugeWidget::DoubleClic, this, [this] { Services_.Moteur.DoubleClicJauge(); });
 }
 
-void Form1::BrancheMoniteur() {
-  connect(PictPage1_->CheckPPhot, &CaseACocher::Relachee, this, &Form1::RelacheCheckPPhot);
-  connect(PictPage1_->CheckMail, &CaseACocher::Relachee, this,
-          [this] { ChangeDrapeau(&Parametres::MailActif, *PictPage1_->CheckMail); });
-  connect(PictPage1_->CheckSon, &CaseACocher::Relachee, this,
-          [this] { ChangeDrapeau(&Parametres::SonActif, *PictPage1_->CheckSon); });
-  connect(PictPage1_->Text1, &QLineEdit::textChanged, this, &Form1::SuitText1);
-  connect(PictPage1_, &PageMoniteur::ModeChoisi, this, &Form1::ChoisitMode);
-}
+void Form1::BrancheMoniteur() { connect(PictPage1_, &PageMoniteur::ModeChoisi, this, &Form1::ChoisitMode); }
 
 void Form1::BrancheOptions() {
   // No event watches this box: the engine reads the parameter when it needs it, and a later save writes it.
@@ -132,33 +134,6 @@ void Form1::BrancheOptions() {
     connect(PictPage3_->Image4.at(static_cast<std::size_t>(langue)), &QAbstractButton::clicked, this,
             [this, langue] { ChoisitLangue(langue); });
   }
-}
-
-void Form1::ChangeDrapeau(bool Parametres::*drapeau, const CaseACocher& boite) {
-  Services_.Reglages.*drapeau = boite.isChecked();
-  Services_.Reglages.ParametresModifies = true;
-  Services_.Sauvegarde.SauveParametres();
-}
-
-void Form1::RelacheCheckPPhot() {
-  const bool coche = PictPage1_->CheckPPhot->isChecked();
-  Services_.Reglages.PhotoActif = coche;
-  // Only a warning: the box stays ticked whatever the disk holds.
-  if (coche && Services_.VerifieEspaceDisque()) {
-    Services_.Boites.MontreMessage(Services_.Textes.Messages(3), Services_.Textes.Messages(4), BoutonsBoite::kOk);
-  }
-  ChangeDrapeau(&Parametres::PhotoActif, *PictPage1_->CheckPPhot);
-}
-
-void Form1::SuitText1(const QString& texte) {
-  const QString propre = Services_.Moteur.ChangeTexteRetard(texte);
-  QLineEdit* champ = PictPage1_->Text1;
-  if (propre == champ->text()) return;
-  // Writing the cleaned text is a change like any other: the handler runs once more and finds nothing to clean. The
-  // cursor stays behind the same digits.
-  const auto apres = texte.size() - champ->cursorPosition();
-  champ->setText(propre);
-  champ->setCursorPosition(static_cast<int>(qMax<qsizetype>(0, propre.size() - apres)));
 }
 
 void Form1::ChoisitMode(bool zoom) {

@@ -9,6 +9,8 @@
 #include "engine/surveillance.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
+#include "ui/field_ftp.h"
+#include "ui/field_monitor.h"
 #include "ui/page_ftp.h"
 #include "ui/page_mail.h"
 #include "ui/page_monitor.h"
@@ -31,6 +33,7 @@ struct ServicesForm1 {
   std::function<void()> ChargeTextes;          ///< after a change of language
   std::function<void(bool)> MontrePleinEcran;  ///< CheckPEcran: shows or hides the enlarged view
   std::function<void()> FermeApplication;      ///< close request: carries out the whole shutdown
+  std::function<void()> MontreFrmSmtp = {};    ///< opens the SMTP settings; empty while they have no form
 };
 
 /// Owner: app/. User-interface thread.
@@ -68,15 +71,13 @@ class Form1 : public QWidget {
 
  private:
   bool PrendFocus(const QWidget& controle) const;
+  PortsChamps DonnePortsChamps() const;
   void CreeControlesCaches();
   void BrancheBoutons();
   void BrancheJauge();
   void BrancheMoniteur();
   void BrancheOptions();
   void BasculeBouton(int index);
-  void ChangeDrapeau(bool Parametres::*drapeau, const CaseACocher& boite);
-  void RelacheCheckPPhot();
-  void SuitText1(const QString& texte);
   void ChoisitMode(bool zoom);
   void ChoisitLangue(int langue);
 
@@ -86,6 +87,9 @@ class Form1 : public QWidget {
   PageMoniteur* PictPage1_;
   PageFtp* PictPage2_;
   PageOptions* PictPage3_;
+  ChampsMail ChampsMail_;
+  ChampsFtp ChampsFtp_;
+  ChampsMoniteur ChampsMoniteur_;
   QCheckBox* CheckPEcran_ = nullptr;
   int PageDevant_ = 1;
   QImage Fond_;

@@ -1,0 +1,43 @@
+// What a text typed into a field becomes. Pure functions, apart from the forms: any text reduces to a usable one.
+#pragma once
+
+#include <QString>
+
+#include "settings/parameters.h"
+
+namespace vaktor {
+
+/// Decimal digits (0 to 9) stay, everything else goes, digits of other scripts too.
+QString GardeChiffres(const QString& texte);
+
+/// Digits whose value does not fit 32 bits give the largest 32-bit number; others stay as they are, leading zeros
+/// included.
+QString BorneChiffres(const QString& chiffres);
+
+/// Digits only and within 32 bits; `defaut` when none is left; "1" when the value is below `minimum` (0 or 1).
+QString NettoieNombre(const QString& texte, const QString& defaut, qint32 minimum);
+
+/// TxtRefresh, seconds with a decimal comma: digits and "," stay. An empty text gives "5", a value of zero "0,5". The
+/// result can always be read as a number greater than 0: of several commas the first one counts, commas alone count as
+/// zero, a number above 32 bits becomes the largest 32-bit one.
+QString NettoieIntervalle(const QString& texte);
+
+/// TxtFtp: "\" becomes "/", and the text ends before the first "/": a folder typed after the host falls away.
+QString NettoieServeur(QString texte);
+
+/// TxtHtml when it is left: "/" is appended where the last character is none, then each "\" becomes "/".
+QString TermineAdresse(QString adresse);
+
+/// TextEMail: no blanks of any kind.
+QString RetireBlancs(const QString& texte);
+
+/// A field of one line takes what stands before the first line break of a pasted text.
+QString GardePremiereLigne(const QString& texte);
+
+/// The word for CombCouleur's entry 0 to 6; for another index `mot`, the word until now.
+QString DonneMotCouleur(qint32 index, const QString& mot);
+
+/// Mails are to go out by SMTP and the server, the port or the sender is missing.
+bool SmtpIncomplet(const Parametres& reglages);
+
+}  // namespace vaktor

@@ -1,0 +1,38 @@
+// What the fields of all pages have in common: how a cleaned text is written back, the red of an error mark, and the
+// events that a field tells.
+#pragma once
+
+#include <QLineEdit>
+#include <QObject>
+
+namespace vaktor {
+
+/// Writes a text if it differs; the cursor stays behind the same characters, counted from the end. Writing is a change
+/// like any other: the change handler runs again.
+void EcritChamp(QLineEdit& champ, const QString& texte);
+
+/// Text colour: red where the user is to look, black otherwise.
+void RougitChamp(QLineEdit& champ, bool rouge);
+bool EstRouge(const QLineEdit& champ);
+
+/// Takes texts of any length, and shows `conception` until the settings are read.
+void PrepareChamp(QLineEdit& champ, const QString& conception);
+
+/// Tells what happens to one field. Owned by the field.
+class EvenementsChamp : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit EvenementsChamp(QWidget* champ);
+  bool eventFilter(QObject* objet, QEvent* evenement) override;
+
+ Q_SIGNALS:
+  /// The focus goes to another control. Going to another window or opening a menu is no leaving.
+  void Quitte();
+  /// A left click, when the button is released over the field.
+  void Clique();
+  /// A key goes down in the field, before it does anything. Tab leaves the field and is none.
+  void Touche();
+};
+
+}  // namespace vaktor
