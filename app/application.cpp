@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "ui/own_words.h"
+#include "ui/page_actions.h"
 
 namespace vaktor {
 
@@ -12,6 +13,7 @@ Vaktor::Vaktor(const PortsSysteme& systeme, QString ligneCommande)
       Vue_(Textes_, Systeme_.Boites),
       VueLiaison_(Textes_, Systeme_.Boites),
       EcrivainLive_(Systeme_.Ecrivain),
+      Liens_(Reglages_, Systeme_.Sons, Systeme_.Navigateur, Systeme_.Site),
       Compagnons_(Systeme_.Programmes, Systeme_.Dossiers, Reglages_) {}
 
 Vaktor::~Vaktor() { DechargeFormes(); }
@@ -61,6 +63,22 @@ void Vaktor::CreeForm1() {
   Vue_.Relie({*Moteur_, Reglages_, *Form1_, [this]() -> FormMonitor& { return Moniteur(); }, PleinEcran_});
   VueLiaison_.Relie(*Form1_);
   VueParametres_ = std::make_unique<VueParametres>(Reglages_, *Form1_);
+  BrancheActions();
+}
+
+void Vaktor::BrancheActions() {
+  ActionsBoutonsGris actions;
+  actions[1] = [this] { Liens_.OuvreMiseAJour(); };
+  actions[2] = [this] { Live_->CreationPageLive(); };
+  actions[3] = [this] { Live_->TestPageLive(); };
+  actions[6] = [this] { MontreFormSound(); };
+  actions[7] = [this] { Liens_.OuvreNotice(); };
+  BrancheBoutonsGris(*Form1_, actions);
+}
+
+void Vaktor::MontreFormSound() {
+  if (!FormSound_ && Systeme_.CreeFormSound) FormSound_ = Systeme_.CreeFormSound(Reglages_, *Sauvegarde_);
+  if (FormSound_) FormSound_->Montre();
 }
 
 // From here on the three inboxes stand in the store, and companions can be launched.

@@ -21,8 +21,10 @@
 #include "image/photo_recorder.h"
 #include "settings/persistent_settings.h"
 #include "ui/form1.h"
+#include "ui/form_sound.h"
 #include "ui/form_splash.h"
 #include "ui/link_view.h"
+#include "ui/links.h"
 #include "ui/parameter_view.h"
 #include "ui/surveillance_view.h"
 #include "ui/text_loader.h"
@@ -64,6 +66,8 @@ class Vaktor : private EtapesDepart {
   void CreeLive();
   void CreeMoteur();
   void CreeForm1();
+  void BrancheActions();
+  void MontreFormSound();
   void CreeFormWinsock();
   ChampsSite LitChampsSite() const;
   FormMonitor& Moniteur();
@@ -102,6 +106,7 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<PublicationLive> Live_;
   std::unique_ptr<Surveillance> Moteur_;
   std::unique_ptr<EnregistreurPhotos> Photos_;
+  LiensEnLigne Liens_;
   ModulesCompagnons Compagnons_;
   std::unique_ptr<FormWinsock> FormWinsock_;
 
@@ -109,6 +114,7 @@ class Vaktor : private EtapesDepart {
   VueAgrandie PleinEcran_;
   std::unique_ptr<Form1> Form1_;
   std::unique_ptr<FormMonitor> FormMonitor_;
+  std::unique_ptr<FormSound> FormSound_;  // from its first opening on
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;
   std::optional<QPoint> PlaceMoniteur_;  // where the program put the monitor last

@@ -46,6 +46,7 @@ void Vaktor::FermeApplication() {
   FormWinsock_.reset();  // a late word of a companion finds nobody any more
   Splash_.Decharge();
   if (FormMonitor_) FormMonitor_->close();
+  if (FormSound_) FormSound_->close();
   Systeme_.Pompe.PompeMessages();
   Form1_->hide();
 }
@@ -75,6 +76,7 @@ void Vaktor::DechargeFormes() {
   ChargeurTextes_.reset();
   VueParametres_.reset();
   FormWinsock_.reset();
+  FormSound_.reset();
   FormMonitor_.reset();
   Form1_.reset();
 }

@@ -1,4 +1,4 @@
-// Stand-in for a room that is not built yet. It does nothing at all and goes when its room comes.
+// Sounds that nobody hears, for programs that only measure.
 #pragma once
 
 #include "engine/ports/interface_sounds.h"

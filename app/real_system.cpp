@@ -9,15 +9,18 @@
 
 namespace vaktor {
 
-SystemeReel::SystemeReel(const ArgumentsDepart& arguments) : Arguments_(arguments), Programmes_(arguments.Dossier) {}
+SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
+    : Arguments_(arguments),
+      Dossiers_(TrouveDossiers(arguments.Dossier)),
+      Sons_(Dossiers_, Disque_, LecteurSon_),
+      Programmes_(arguments.Dossier) {}
 
 SystemeReel::~SystemeReel() = default;
 
 PortsSysteme SystemeReel::Ports() {
-  const DossiersProgramme dossiers = TrouveDossiers(Arguments_.Dossier);
   const QString reglages = TrouveDossierReglages(Arguments_.Dossier);
-  return {.Dossiers = dossiers,
-          .PrepareDossiers = [dossiers] { return PrepareDossiers(dossiers); },
+  return {.Dossiers = Dossiers_,
+          .PrepareDossiers = [this] { return PrepareDossiers(Dossiers_); },
           .OuvreMagasin =
               [reglages] { return std::make_unique<MagasinFichier>(reglages + QLatin1Char('/') + kFichierReglages); },
           .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
@@ -35,6 +38,12 @@ PortsSysteme SystemeReel::Ports() {
           .Sons = Sons_,
           .Programmes = Programmes_,
           .Navigateur = Navigateur_,
+          .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
+                   QStringLiteral(VAKTOR_VERSION)},
+          .CreeFormSound =
+              [this](Parametres& reglages, SauvegardeParametres& sauvegarde) {
+                return std::make_unique<FormSound>(ChoixSon(reglages, sauvegarde, Sons_, ChoixFichier_));
+              },
           .Registre = nullptr};  // no compatibility flags here: the restart with raised rights falls away
 }
 

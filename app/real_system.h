@@ -3,7 +3,6 @@
 
 #include <memory>
 
-#include "app/do_nothing.h"
 #include "app/start_arguments.h"
 #include "app/system_ports.h"
 #include "platform/base/event_pump.h"
@@ -12,8 +11,11 @@
 #include "platform/base/system_files.h"
 #include "platform/channel/system_processes.h"
 #include "platform/image/turbo_jpeg_encoder.h"
+#include "platform/sound/wave_player.h"
 #include "platform/widgets/desktop_opener.h"
+#include "platform/widgets/qt_file_dialog.h"
 #include "platform/widgets/qt_message_boxes.h"
+#include "ui/sounds.h"
 
 namespace vaktor {
 
@@ -31,6 +33,7 @@ class SystemeReel {
 
  private:
   const ArgumentsDepart Arguments_;
+  const DossiersProgramme Dossiers_;
   HorlogeSysteme Temps_;
   FichiersSysteme Disque_;
   PompeEvenementsQt Pompe_;
@@ -39,7 +42,9 @@ class SystemeReel {
   EncodeurTurboJpeg Encodeur_;
   EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
   OuvreurBureau Navigateur_;
-  SonsMuets Sons_;  // the sounds' room does not stand yet
+  DialogueFichierQt ChoixFichier_;
+  LecteurGStreamer LecteurSon_;
+  Sons Sons_;
   ProcessusSysteme Programmes_;
   std::unique_ptr<MemoireCapture> Memoire_;
 };

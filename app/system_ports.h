@@ -18,6 +18,8 @@
 #include "image/jpeg_writer.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
+#include "ui/form_sound.h"
+#include "ui/links.h"
 
 namespace vaktor {
 
@@ -39,6 +41,9 @@ struct PortsSysteme {
   SonsInterface& Sons;
   Processus& Programmes;
   Ouvreur& Navigateur;
+  SitePages Site = {};
+  /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
+  std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};
   RegistreSysteme* Registre = nullptr;  ///< only where the system keeps compatibility flags in one
 };
 

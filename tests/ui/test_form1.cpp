@@ -173,6 +173,7 @@ class Cases : public testing::TestWithParam<CasCase> {};
 
 TEST_P(Cases, FlagFollowsTheMouseReleaseAndIsSaved) {
   BancFenetre banc;
+  banc.RemplitMail();
   auto* boite = banc.Trouve<QCheckBox>(GetParam().Controle);
   boite->setChecked(false);
   banc.Reglages.*GetParam().Drapeau = false;
@@ -190,6 +191,7 @@ TEST_P(Cases, FlagFollowsTheMouseReleaseAndIsSaved) {
 
 TEST_P(Cases, SpaceKeyKeepsBoxAndFlagTogether) {
   BancFenetre banc;
+  banc.RemplitMail();
   auto* boite = banc.Trouve<QCheckBox>(GetParam().Controle);
   boite->setChecked(false);
   QTest::keyClick(boite, Qt::Key_Space);

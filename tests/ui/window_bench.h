@@ -48,6 +48,13 @@ struct BancFenetre {
     return Fenetre.findChild<T*>(QLatin1String(nom));
   }
   void Clique(const char* nom) { QTest::mouseClick(Trouve(nom), Qt::LeftButton); }
+  /// Everything that CheckMail asks for before it switches mails on.
+  void RemplitMail() {
+    Reglages.SmtpServeur = QStringLiteral("smtp.example.org");
+    Reglages.SmtpFrom = QStringLiteral("vaktor@example.org");
+    Trouve<QLineEdit>("TextEMail")->setText(QStringLiteral("me@example.org"));
+    Reglages.ParametresModifies = false;
+  }
   /// One tick of the surveillance.
   void Tic() { Temps.Declenche(QStringLiteral("Timer1")); }
 
@@ -66,13 +73,14 @@ struct BancFenetre {
   BoitesFausses Boites;
   bool EspaceCourt = false;
   qint32 Fermetures = 0;
+  qint32 OuverturesSmtp = 0;
   VueSurveillance Vue{Textes, Boites};
   Surveillance Engin{PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Vue}};
   VueAgrandie PleinEcran;
   Form1 Fenetre{ServicesForm1{Reglages, Sauvegarde, Textes, Engin, Live, Boites, [this] { return EspaceCourt; },
                               [this] { Chargeur.ChargeTextes(); },
                               [this](bool montre) { montre ? PleinEcran.Montre() : PleinEcran.Cache(); },
-                              [this] { ++Fermetures; }}};
+                              [this] { ++Fermetures; }, [this] { ++OuverturesSmtp; }}};
   FormMonitor Moniteur{Engin, Etat, Reglages, Sauvegarde};
   ChargeurTextes Chargeur{Reglages, Textes, Fenetre, Moniteur, [this] { EcritLibellesBoutons(Fenetre, Textes); }};
 };

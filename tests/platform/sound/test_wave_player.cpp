@@ -1,0 +1,74 @@
+// The player against GStreamer, with files in place of a sound device.
+#include <gtest/gtest.h>
+
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QThread>
+
+#include "platform/sound/wave_player.h"
+
+namespace vaktor {
+namespace {
+
+// Waits for the player's thread, far longer than it ever takes.
+template <typename Condition>
+bool Attend(Condition condition) {
+  const QDeadlineTimer limite(20000);
+  while (!condition() && !limite.hasExpired()) QThread::msleep(10);
+  return condition();
+}
+
+QString Son(int n) { return QStringLiteral(VAKTOR_SOUNDS "\\%1.wav").arg(n); }
+
+TEST(WavePlayer, SoundsOfTheProgramReachTheOutput) {
+  const QTemporaryDir dossier;
+  const QString sortie = dossier.filePath(QStringLiteral("out.raw"));
+  const qint64 octets = QFileInfo(QStringLiteral(VAKTOR_SOUNDS "/4.wav")).size() - 44;
+  LecteurGStreamer lecteur(QStringLiteral("filesink location=") + sortie);
+  lecteur.Joue(Son(4));
+  EXPECT_TRUE(Attend([&] { return QFileInfo(sortie).size() >= octets; }));
+}
+
+TEST(WavePlayer, NewSoundCutsTheOneThatPlays) {
+  const QTemporaryDir dossier;
+  const QString sortie = dossier.filePath(QStringLiteral("out.raw"));
+  // In real time, so that the long sound is still at work when the short one comes.
+  LecteurGStreamer lecteur(QStringLiteral("filesink sync=true location=") + sortie);
+  const qint64 court = QFileInfo(QStringLiteral(VAKTOR_SOUNDS "/4.wav")).size() - 44;
+  lecteur.Joue(Son(0));
+  ASSERT_TRUE(Attend([&] { return QFileInfo::exists(sortie); }));
+  lecteur.Joue(Son(4));
+  // The file is begun anew by each sound: it ends with the length of the short one.
+  EXPECT_TRUE(Attend([&] { return QFileInfo(sortie).size() == court; }));
+}
+
+TEST(WavePlayer, FileThatIsNoSoundIsSilentAndTheNextOnePlays) {
+  const QTemporaryDir dossier;
+  const QString sortie = dossier.filePath(QStringLiteral("out.raw"));
+  const QString mauvais = dossier.filePath(QStringLiteral("bad.wav"));
+  QFile fichier(mauvais);
+  ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+  fichier.write("no sound at all");
+  fichier.close();
+  LecteurGStreamer lecteur(QStringLiteral("filesink location=") + sortie);
+  lecteur.Joue(mauvais);
+  lecteur.Joue(dossier.filePath(QStringLiteral("missing.wav")));
+  lecteur.Joue(Son(4));
+  EXPECT_TRUE(Attend([&] { return QFileInfo(sortie).size() > 0; }));
+}
+
+TEST(WavePlayer, NoDeviceIsSilentAndEndsAtOnce) {
+  // The element refuses as a missing device does.
+  LecteurGStreamer lecteur(QStringLiteral("filesink location=/no/such/folder/out"));
+  for (int i = 0; i < 1000; ++i) lecteur.Joue(Son(4));
+}
+
+TEST(WavePlayer, OutputThatIsNotInstalledIsSilent) {
+  LecteurGStreamer lecteur(QStringLiteral("nosuchelement"));
+  lecteur.Joue(Son(4));
+}
+
+}  // namespace
+}  // namespace vaktor
