@@ -41,8 +41,8 @@ PortsSysteme SystemeReel::Ports() {
           .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                    QStringLiteral(VAKTOR_VERSION)},
           .CreeFormSound =
-              [this](Parametres& reglages, SauvegardeParametres& sauvegarde) {
-                return std::make_unique<FormSound>(ChoixSon(reglages, sauvegarde, Sons_, ChoixFichier_));
+              [this](Parametres& valeurs, SauvegardeParametres& sauvegarde) {
+                return std::make_unique<FormSound>(ChoixSon(valeurs, sauvegarde, Sons_, ChoixFichier_));
               },
           .Registre = nullptr};  // no compatibility flags here: the restart with raised rights falls away
 }
