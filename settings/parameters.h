@@ -53,8 +53,8 @@ struct Parametres {
   QString MotDePasseFtp;                         ///< in clear in memory, scrambled in the store; never in a log
 
   // Derived or of the running program only, never stored.
-  quint8 QualiteJpeg = 0;  ///< JPEG quality of live images; follows IndexQualite through DeduitQualiteJpeg
-  QString CouleurPage;     ///< English word of the page's colour, as last picked in CombCouleur; read by nobody
+  quint8 QualiteJpeg = 0;    ///< JPEG quality of live images; follows IndexQualite through DeduitQualiteJpeg
+  QString CouleurPage = {};  ///< English word of the page's colour, as last picked in CombCouleur; read by nobody
   bool ParametresModifies = false;  ///< something differs from the store; cleared by SauveParametres only
 };
 
