@@ -5,6 +5,9 @@
 
 #include "ui/control_factory.h"
 
+// A library's resources are not there by themselves; the call has to stand outside every namespace.
+static void ChargeImageSon() { Q_INIT_RESOURCE(sound_art); }
+
 namespace vaktor {
 
 namespace {
@@ -57,6 +60,7 @@ FormSound::FormSound(const ChoixSon& choix)
       CmdChoixSonRep_(new QPushButton(QStringLiteral("..."), this)),
       ImagePlaySon_(new ImageCliquable(this, QStringLiteral("ImagePlaySon"), {204, 24})),
       LabelPlaySon_(CreeEtiquette(this, QStringLiteral("LabelPlaySon"), {190, 62, 60, 17}, kPoliceMoyenne)) {
+  ChargeImageSon();
   setObjectName(QStringLiteral("FormSound"));
   setFixedSize(kTailleForme);
   setMouseTracking(true);

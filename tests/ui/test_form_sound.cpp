@@ -135,6 +135,16 @@ TEST_F(FormeSon, DeletedFileIsSilentAndStaysChosen) {
   EXPECT_EQ(Reglages.FichierSon, QStringLiteral("/home/u/gone.wav"));
 }
 
+TEST_F(FormeSon, PictureIsDrawn) {
+  Ouvre();
+  const QImage image = Trouve<ImageCliquable>("ImagePlaySon")->grab().toImage();
+  QSet<QRgb> couleurs;
+  for (int y = 4; y < 30; ++y) {
+    for (int x = 4; x < 30; ++x) couleurs.insert(image.pixel(x, y));
+  }
+  EXPECT_GT(couleurs.size(), 3);
+}
+
 TEST_F(FormeSon, ClosingSavesWhatIsUnsaved) {
   Ouvre();
   Reglages.ParametresModifies = true;
