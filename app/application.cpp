@@ -58,7 +58,6 @@ void Vaktor::CreeForm1() {
       Reglages_, *Sauvegarde_, Textes_, *Moteur_, *Live_, Systeme_.Boites,
       [this] { return Photos_->VerifieEspaceDisque(); }, [this] { ChargeurTextes_->ChargeTextes(); },
       [this](bool montre) { montre ? PleinEcran_.Montre() : PleinEcran_.Cache(); }, [this] { DemandeFermeture(); }});
-  Form1_->Habille({Textes_, *Moteur_, Systeme_.Pompe, Systeme_.Sons});
   PleinEcran_.SurFermeture([this] { Form1_->CheckPEcran().setChecked(false); });
   Vue_.Relie({*Moteur_, Reglages_, *Form1_, [this]() -> FormMonitor& { return Moniteur(); }, PleinEcran_});
   VueLiaison_.Relie(*Form1_);

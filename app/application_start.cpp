@@ -50,6 +50,7 @@ AffichageParametres& Vaktor::ChargeForm1() {
   Form1_->Moniteur().CocheMode(true);
   Form1_->AmenePage(kPagePrincipale);
   Photos_->FixeDateJour();
+  Form1_->Habille({Textes_, *Moteur_, Systeme_.Pompe, Systeme_.Sons});  // draws the pages
   Moteur_->LitArguments(LigneCommande_);
   return *VueParametres_;
 }
