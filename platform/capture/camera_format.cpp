@@ -66,9 +66,9 @@ const QList<TailleCourante>& TaillesCourantes() {
 
 bool FormatTropGrand(const FormatCamera& format) {
   if (format.Largeur <= 0 || format.Hauteur <= 0) return false;
-  // The whole zone runs from 1 to the size itself, both included.
-  const qint64 colonnes = (format.Largeur - 1) / kPas + 1;
-  const qint64 lignes = (format.Hauteur - 1) / kPas + 1;
+  // The largest zone, that of a simple click, runs from 0 to the size itself, both included.
+  const qint64 colonnes = format.Largeur / kPas + 1;
+  const qint64 lignes = format.Hauteur / kPas + 1;
   return colonnes * lignes > kEchantillonsMax;
 }
 
