@@ -1,0 +1,108 @@
+// The analysis at its ends: the sample table used up, the numbers and the millisecond counter past their last value.
+#include "engine/engine_fixture.h"
+
+namespace vaktor {
+namespace {
+
+using AnalyseAuxLimites = BancEssai;
+
+TEST_F(AnalyseAuxLimites, TableTakesExactlyItsLastSample) {
+  DemarreSurNoir();
+  const qint32 compteurs = Affichage.NombreCompteurs;
+  PoseZone(0, 0, 3 * (166667 - 1), 3);  // two rows of 166,667 samples: 333,334
+  Tic();
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 1);
+}
+
+TEST_F(AnalyseAuxLimites, OneSampleTooManyEndsDetectionForGood) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  const qint32 compteurs = Affichage.NombreCompteurs;
+  Trame(AvecPoints(20));
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 1);
+  Trame(Unie(0));
+  PoseZone(0, 0, 0, 3 * 333334);  // one column of 333,335 samples
+  Trame(Unie(qRgb(0, 0, 255)));
+  EXPECT_EQ(Detection().NbrPoints, 20);  // counted up to the failure
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 2);
+  PoseZoneEntiere();
+  for (int i = 0; i < 5; ++i) {
+    Trame(i % 2 == 0 ? AvecPoints(400) : Unie(0));
+    EXPECT_EQ(Detection().NbrPoints, 0);
+    EXPECT_EQ(Engin.Surface().NombreContours(), 0);
+  }
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 2);
+  EXPECT_EQ(Actions.Photos, 0);
+  Engin.BasculeCamera();  // a restart does not help
+  Engin.BasculeCamera();
+  Tic();
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 2);
+}
+
+TEST_F(AnalyseAuxLimites, ZoneWithoutSamplesComesThroughEvenThen) {
+  DemarreSurNoir();
+  PoseZone(0, 0, 0, 3 * 333334);
+  Tic();
+  const qint32 compteurs = Affichage.NombreCompteurs;
+  PoseZone(40, 0, 39, 50);  // no first sample that could fail, so the index goes back
+  Tic();
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 1);
+  PoseZoneEntiere();
+  Trame(Unie(0));
+  Trame(AvecPoints(15));
+  EXPECT_EQ(Affichage.Points, 15);
+}
+
+TEST_F(AnalyseAuxLimites, ZoneAtTheEndOfTheNumbersOverflows) {
+  DemarreSurNoir();
+  const qint32 compteurs = Affichage.NombreCompteurs;
+  PoseZone(2147483645, 0, 2147483647, 0);  // one sample, then the loop counts past the end
+  Tic();
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs);
+  PoseZone(0, 2147483645, 0, 2147483647);
+  Tic();
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs);
+  PoseZone(0, 2147483640, 0, 2147483644);  // the last row is 2147483643: 2147483646 still fits
+  Tic();
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 1);
+}
+
+TEST_F(AnalyseAuxLimites, CounterPastItsEndStopsTheLabelsThenTheDetection) {
+  Reglages.SonActif = true;
+  ArmeSurNoir();
+  PoseZone(0, 0, 59, 3 * 4999);  // 20 columns, 5,000 rows: 100,000 samples, the most of them outside
+  Horloge.Millisecondes = 0x7fffffff;
+  Trame(Unie(0));
+  Trame(Unie(0));
+  const qint32 compteurs = Affichage.NombreCompteurs;
+  Actions.Sons = 0;
+  Horloge.Millisecondes += 1;  // the counter is -2147483648 now
+  Trame(AvecPoints(400));
+  EXPECT_EQ(Actions.Sons, 1);  // the actions are done already
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs);
+  EXPECT_EQ(Affichage.Libelle, LibelleAlarme::kIntrusion);
+  Trame(AvecPoints(400));  // compared with the next entries of the table, which are zero
+  EXPECT_EQ(Actions.Sons, 2);
+  EXPECT_GT(Detection().NbrPoints, 0);
+  Trame(AvecPoints(400));
+  EXPECT_EQ(Actions.Sons, 3);
+  Trame(AvecPoints(400));  // 300,000 entries are used: the table ends in this scan
+  EXPECT_EQ(Actions.Sons, 3);
+  Trame(AvecPoints(400));
+  EXPECT_EQ(Detection().NbrPoints, 0);
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs);
+}
+
+TEST_F(AnalyseAuxLimites, CounterPastItsEndFailsAtTheLiveTimingOnceAPageWasPublished) {
+  Horloge.Millisecondes = 20000;
+  DemarreSurNoir();
+  Live.Actif = true;
+  Tic();
+  ASSERT_EQ(Live.Publications, 1);
+  Horloge.Millisecondes = qint64{0x7fffffff} + 2;
+  Trame(AvecPoints(100));
+  EXPECT_EQ(Detection().NbrPoints, 0);  // before the scan
+}
+
+}  // namespace
+}  // namespace vaktor
