@@ -9,16 +9,16 @@ once, and the live picture turns from blue to red without ever being away. Nothi
 """
 import functools
 import http.server
-import json
 import os
+import pathlib
 import shutil
-import subprocess
 import sys
 import tempfile
 import threading
-import time
 
-PATIENCE = 60
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[2] / "support"))
+from browser import Browser  # noqa: E402
+
 folder, shots = sys.argv[1], sys.argv[2]
 asked = []
 
@@ -26,60 +26,6 @@ asked = []
 class Handler(http.server.SimpleHTTPRequestHandler):
     def log_message(self, *_):
         asked.append(self.path)
-
-
-class Browser:
-    def __init__(self, profile):
-        to_browser, from_us = os.pipe()
-        from_browser, to_us = os.pipe()
-
-        def prepare():
-            # The browser reads its commands on 3 and answers on 4.
-            os.dup2(to_browser, 103), os.dup2(to_us, 104)
-            os.dup2(103, 3), os.dup2(104, 4)
-
-        self.process = subprocess.Popen(
-            ["chromium", "--headless", "--no-sandbox", "--disable-gpu", "--disable-dev-shm-usage", "--no-first-run",
-             "--user-data-dir=" + profile, "--remote-debugging-pipe"],
-            preexec_fn=prepare, close_fds=False, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        os.close(to_browser), os.close(to_us)
-        self.out, self.inp, self.number = os.fdopen(from_us, "wb", 0), os.fdopen(from_browser, "rb"), 0
-        target = self.say("Target.createTarget", url="about:blank")["targetId"]
-        self.session = self.say("Target.attachToTarget", targetId=target, flatten=True)["sessionId"]
-
-    def say(self, method, **params):
-        self.number += 1
-        message = {"id": self.number, "method": method, "params": params}
-        if hasattr(self, "session"):
-            message["sessionId"] = self.session
-        self.out.write(json.dumps(message).encode() + b"\0")
-        while True:
-            answer = b""
-            while not answer.endswith(b"\0"):
-                byte = self.inp.read(1)
-                assert byte, "the browser has ended"
-                answer += byte
-            answer = json.loads(answer[:-1])
-            if answer.get("id") == self.number:
-                assert "error" not in answer, answer
-                return answer["result"]
-
-    def js(self, expression):
-        result = self.say("Runtime.evaluate", expression=expression, returnByValue=True)
-        assert "exceptionDetails" not in result, result
-        return result["result"].get("value")
-
-    def wait(self, expression):
-        end = time.monotonic() + PATIENCE
-        while not self.js(expression):
-            assert time.monotonic() < end, expression
-            time.sleep(0.05)
-
-    def shoot(self, name):
-        import base64
-        data = self.say("Page.captureScreenshot", format="png")["data"]
-        with open(os.path.join(shots, name), "wb") as file:
-            file.write(base64.b64decode(data))
 
 
 COLOUR = """(function () {
@@ -99,8 +45,7 @@ WATCH = """window.gaps = 0; window.frames_ = 0; (function look() {
 
 def look(browser, address, name, scheme, width, height, phone):
     shutil.copy(os.path.join(folder, "first.jpg"), os.path.join(folder, "live.jpg"))
-    browser.say("Emulation.setDeviceMetricsOverride", width=width, height=height, deviceScaleFactor=1, mobile=phone)
-    browser.say("Emulation.setEmulatedMedia", features=[{"name": "prefers-color-scheme", "value": scheme}])
+    browser.look_from(width, height, phone, scheme)
     asked.clear()
     browser.say("Page.navigate", url=address)
     browser.wait("document.readyState === 'complete' && location.pathname === '/live.html'")
@@ -116,11 +61,11 @@ def look(browser, address, name, scheme, width, height, phone):
     assert 2 <= columns <= 3 if phone else columns > 3, columns
     light = browser.js("getComputedStyle(document.body).backgroundColor.match(/\\d+/g).reduce((a, b) => a + +b, 0)")
     assert (light > 500) == (scheme == "light"), (scheme, light)
-    browser.shoot(name + "-before.png")
+    browser.shoot(os.path.join(shots, name + "-before.png"))
     os.replace(os.path.join(folder, "next.jpg"), os.path.join(folder, "live.jpg"))
     shutil.copy(os.path.join(folder, "live.jpg"), os.path.join(folder, "next.jpg"))
     browser.wait(COLOUR + " === 'red'")
-    browser.shoot(name + "-after.png")
+    browser.shoot(os.path.join(shots, name + "-after.png"))
     gaps, frames = browser.js("window.gaps"), browser.js("window.frames_")
     assert gaps == 0, gaps
     assert all(path.split("?")[0] in ("/live.html", "/live.jpg", "/favicon.ico") or "Photo" in path for path in asked)
@@ -139,8 +84,7 @@ def main():
                 look(browser, address, "phone-" + scheme, scheme, 390, 844, True)
                 look(browser, address, "desk-" + scheme, scheme, 1280, 900, False)
         finally:
-            browser.process.kill()
-            browser.process.wait()
+            browser.end()
 
 
 main()
