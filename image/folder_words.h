@@ -1,0 +1,15 @@
+// What a person is told of a folder that cannot be used. By language: 1 English, any other number French.
+#pragma once
+
+#include <QString>
+
+#include "image/ports/folder_tree.h"
+
+namespace vaktor {
+
+/// One sentence with the folder's name; empty for kBon.
+QString DitEtatDossier(qint32 langue, EtatDossier etat, const QString& dossier);
+/// The same, and which folder the photos stay in.
+QString DitDossierRefuse(qint32 langue, EtatDossier etat, const QString& dossier, const QString& garde);
+
+}  // namespace vaktor

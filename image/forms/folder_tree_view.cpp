@@ -1,0 +1,156 @@
+#include "image/forms/folder_tree_view.h"
+
+#include <QHeaderView>
+#include <QStyle>
+#include <algorithm>
+
+namespace vaktor {
+namespace {
+
+constexpr int kRoleChemin = Qt::UserRole;
+
+QString CheminDe(const QTreeWidgetItem* ligne) { return ligne->data(0, kRoleChemin).toString(); }
+
+QString JointChemin(const QString& dossier, const QString& nom) {
+  return dossier.endsWith(u'/') ? dossier + nom : dossier + u'/' + nom;
+}
+
+/// The names of the folders on the way down from `racine` to `chemin`.
+QStringList DonneEtapes(const QString& racine, const QString& chemin) {
+  return chemin.mid(racine.size()).split(u'/', Qt::SkipEmptyParts);
+}
+
+bool PrecedeParNom(const QString& a, const QString& b) {
+  const int ordre = QString::localeAwareCompare(a.toLower(), b.toLower());
+  return ordre != 0 ? ordre < 0 : a < b;
+}
+
+bool EstSurLeChemin(const QTreeWidgetItem* ligne, const QTreeWidgetItem* courant) {
+  while (courant != nullptr && courant != ligne) courant = courant->parent();
+  return courant != nullptr;
+}
+
+}  // namespace
+
+VueDossiers::VueDossiers(ArbreDossiers& arbre, QWidget* parent) : QTreeWidget(parent), Arbre_(arbre) {
+  setColumnCount(1);
+  header()->hide();
+  setUniformRowHeights(true);
+  // A name that is wider than the view is reached by scrolling, and not cut.
+  header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  header()->setStretchLastSection(false);
+  connect(this, &QTreeWidget::itemExpanded, this, &VueDossiers::LitEnfants);
+  connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* courant) {
+    if (courant != nullptr) Q_EMIT DossierChange(CheminDe(courant));
+  });
+}
+
+QString VueDossiers::Chemin() const { return currentItem() == nullptr ? QString() : CheminDe(currentItem()); }
+
+// The way down is put in by name: where the user's folder lies is known without asking a disk.
+void VueDossiers::MontreChemin(const QString& racine, const QString& chemin) {
+  const QSignalBlocker silence(this);
+  if (topLevelItemCount() == 0 || CheminDe(topLevelItem(0)) != racine) {
+    clear();
+    addTopLevelItem(CreeLigne(racine, racine));
+  }
+  QTreeWidgetItem* ligne = topLevelItem(0);
+  QList<QTreeWidgetItem*> ouverts{ligne};
+  for (const QString& nom : DonneEtapes(racine, chemin)) ouverts += ligne = AssureEnfant(ligne, nom);
+  for (QTreeWidgetItem* ouvert : ouverts) {
+    ouvert->setExpanded(true);
+    LitEnfants(ouvert);
+  }
+  setCurrentItem(ligne);
+  scrollToItem(ligne);
+}
+
+QTreeWidgetItem* VueDossiers::CreeLigne(const QString& nom, const QString& chemin) const {
+  auto* ligne = new QTreeWidgetItem({nom});
+  ligne->setData(0, kRoleChemin, chemin);
+  ligne->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
+  // Whether there is anything in it is not looked up before somebody wants to see it.
+  ligne->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
+  return ligne;
+}
+
+QTreeWidgetItem* VueDossiers::AssureEnfant(QTreeWidgetItem* dossier, const QString& nom) const {
+  int place = 0;
+  while (place < dossier->childCount() && PrecedeParNom(dossier->child(place)->text(0), nom)) ++place;
+  QTreeWidgetItem* ici = dossier->child(place);
+  if (ici != nullptr && ici->text(0) == nom) return ici;
+  dossier->insertChild(place, CreeLigne(nom, JointChemin(CheminDe(dossier), nom)));
+  return dossier->child(place);
+}
+
+void VueDossiers::LitEnfants(QTreeWidgetItem* dossier) {
+  const QString chemin = CheminDe(dossier);
+  if (EnLecture_.contains(chemin)) return;
+  EnLecture_.insert(chemin);
+  Arbre_.LitDossiers(chemin, this, [this, chemin](const QStringList& noms, bool complet) {
+    if (complet) EnLecture_.remove(chemin);
+    RecoitEnfants(chemin, noms, complet);
+  });
+}
+
+void VueDossiers::RecoitEnfants(const QString& chemin, QStringList noms, bool complet) {
+  // Meanwhile the tree may stand on another place.
+  QTreeWidgetItem* dossier = TrouveDossier(chemin);
+  if (dossier == nullptr) return;
+  const QSignalBlocker silence(this);
+  std::sort(noms.begin(), noms.end(), PrecedeParNom);
+  if (complet) RetireAbsents(dossier, noms);
+  AjouteNouveaux(dossier, noms);
+  if (complet) dossier->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
+}
+
+QTreeWidgetItem* VueDossiers::TrouveDossier(const QString& chemin) const {
+  QTreeWidgetItem* ligne = topLevelItem(0);
+  if (ligne == nullptr || !chemin.startsWith(CheminDe(ligne))) return nullptr;
+  for (const QString& nom : DonneEtapes(CheminDe(ligne), chemin)) {
+    QTreeWidgetItem* suivant = nullptr;
+    for (int i = 0; i < ligne->childCount() && suivant == nullptr; ++i) {
+      if (ligne->child(i)->text(0) == nom) suivant = ligne->child(i);
+    }
+    if (suivant == nullptr) return nullptr;
+    ligne = suivant;
+  }
+  return ligne;
+}
+
+// The chosen folder and what leads to it stay, listed or not: it may be a hidden one that was just made, and one that
+// has gone is told about when it is accepted.
+void VueDossiers::RetireAbsents(QTreeWidgetItem* dossier, const QStringList& noms) {
+  for (int i = dossier->childCount() - 1; i >= 0; --i) {
+    QTreeWidgetItem* enfant = dossier->child(i);
+    const bool present = std::binary_search(noms.begin(), noms.end(), enfant->text(0), PrecedeParNom);
+    if (!present && !EstSurLeChemin(enfant, currentItem())) delete dossier->takeChild(i);
+  }
+}
+
+// In runs between the lines that are there already: one by one, a folder of many thousands would take seconds.
+void VueDossiers::AjouteNouveaux(QTreeWidgetItem* dossier, const QStringList& noms) {
+  int place = 0;
+  QList<QTreeWidgetItem*> suite;
+  const auto pose = [&] {
+    dossier->insertChildren(place, suite);
+    place += static_cast<int>(suite.size());
+    suite.clear();
+  };
+  for (const QString& nom : noms) {
+    while (place < dossier->childCount() && PrecedeParNom(dossier->child(place)->text(0), nom)) {
+      pose();
+      ++place;
+    }
+    const QTreeWidgetItem* ici = dossier->child(place);
+    if (ici != nullptr && ici->text(0) == nom) {
+      pose();
+      ++place;
+    } else {
+      suite += CreeLigne(nom, JointChemin(CheminDe(dossier), nom));
+    }
+  }
+  pose();
+}
+
+}  // namespace vaktor

@@ -1,0 +1,41 @@
+// Dir1: the folders below one place, as a tree that is read only where it is opened.
+#pragma once
+
+#include <QSet>
+#include <QTreeWidget>
+
+#include "image/ports/folder_tree.h"
+
+namespace vaktor {
+
+/// The current line is the chosen folder. Nothing is read before a folder is opened, and then in the background: a
+/// folder whose disk does not answer stays closed and holds up nothing. User-interface thread.
+class VueDossiers : public QTreeWidget {
+  Q_OBJECT
+
+ public:
+  VueDossiers(ArbreDossiers& arbre, QWidget* parent);
+
+  /// Shows the tree of `racine` opened down to `chemin`, which is `racine` itself or lies below it, and reads those
+  /// folders again. Emits nothing.
+  void MontreChemin(const QString& racine, const QString& chemin);
+  /// The chosen folder; empty before the first MontreChemin.
+  QString Chemin() const;
+
+ Q_SIGNALS:
+  void DossierChange(const QString& chemin);  ///< the user chose another folder
+
+ private:
+  void LitEnfants(QTreeWidgetItem* dossier);
+  void RecoitEnfants(const QString& chemin, QStringList noms, bool complet);
+  QTreeWidgetItem* TrouveDossier(const QString& chemin) const;
+  QTreeWidgetItem* CreeLigne(const QString& nom, const QString& chemin) const;
+  QTreeWidgetItem* AssureEnfant(QTreeWidgetItem* dossier, const QString& nom) const;
+  void RetireAbsents(QTreeWidgetItem* dossier, const QStringList& noms);
+  void AjouteNouveaux(QTreeWidgetItem* dossier, const QStringList& noms);
+
+  ArbreDossiers& Arbre_;
+  QSet<QString> EnLecture_;  // folders that are being read
+};
+
+}  // namespace vaktor

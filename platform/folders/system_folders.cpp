@@ -1,0 +1,87 @@
+#include "platform/folders/system_folders.h"
+
+#include <QDir>
+#include <QFile>
+#include <QPointer>
+#include <mutex>
+
+#include "platform/base/system_files.h"
+#include "platform/folders/folder_access.h"
+#include "platform/folders/mounted_volumes.h"
+
+namespace vaktor {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kDelaiRegard = 700ms;
+constexpr auto kDelaiEcriture = 2500ms;
+
+QByteArray LitTableMontages() {
+  QFile table(QStringLiteral("/proc/self/mountinfo"));
+  return table.open(QIODevice::ReadOnly) ? table.readAll() : QByteArray();
+}
+
+}  // namespace
+
+// Carries results from the threads to the event loop of the one that made it, as long as that one is there.
+struct ArbreDossiersSysteme::Relais {
+  std::mutex Verrou;
+  std::unique_ptr<QObject> Recepteur = std::make_unique<QObject>();
+
+  void Poste(std::function<void()> suite) {
+    const std::lock_guard garde(Verrou);
+    if (Recepteur) QMetaObject::invokeMethod(Recepteur.get(), std::move(suite), Qt::QueuedConnection);
+  }
+};
+
+ArbreDossiersSysteme::ArbreDossiersSysteme() : Relais_(std::make_shared<Relais>()) {}
+
+ArbreDossiersSysteme::~ArbreDossiersSysteme() {
+  const std::lock_guard garde(Relais_->Verrou);
+  Relais_->Recepteur.reset();
+}
+
+// The names of the places stay French, as the form is.
+QList<LieuDisque> ArbreDossiersSysteme::ListeLieux() const {
+  QList<LieuDisque> lieux{{QStringLiteral("Dossier personnel"), QDir::homePath()}};
+  for (const LieuDisque& volume :
+       ListeVolumes(LitTableMontages(), [](const QString& p) { return DonneEtiquette(p); })) {
+    if (volume.Chemin != lieux.first().Chemin) lieux += volume;
+  }
+  const LieuDisque racine{QStringLiteral("Racine"), QStringLiteral("/")};
+  if (lieux.first().Chemin != racine.Chemin) lieux += racine;
+  return lieux;
+}
+
+QString ArbreDossiersSysteme::DonneChemin(const QString& stocke) const {
+  if (stocke.isEmpty()) return {};
+  return QDir::cleanPath(QDir::current().absoluteFilePath(CheminNatif(stocke)));
+}
+
+EtatDossier ArbreDossiersSysteme::RegardeDossier(const QString& chemin) const {
+  const QByteArray nom = QFile::encodeName(chemin);
+  return Travaux_.Attend<EtatDossier>([nom] { return RegardeUnDossier(nom); }, kDelaiRegard)
+      .value_or(EtatDossier::kSansReponse);
+}
+
+EtatDossier ArbreDossiersSysteme::EssaieEcriture(const QString& chemin) const {
+  const QByteArray nom = QFile::encodeName(chemin);
+  return Travaux_.Attend<EtatDossier>([nom] { return EssaieUneEcriture(nom); }, kDelaiEcriture)
+      .value_or(EtatDossier::kSansReponse);
+}
+
+void ArbreDossiersSysteme::LitDossiers(const QString& chemin, const QObject* pour, RecoitDossiers recoit) {
+  const QByteArray nom = QFile::encodeName(chemin);
+  const QPointer<const QObject> temoin(pour);
+  const auto rendu = std::make_shared<RecoitDossiers>(std::move(recoit));
+  Travaux_.Lance([nom, temoin, rendu, relais = Relais_] {
+    LitUnDossier(nom, [&](const QStringList& noms, bool complet) {
+      relais->Poste([temoin, rendu, noms, complet] {
+        if (temoin) (*rendu)(noms, complet);
+      });
+    });
+  });
+}
+
+}  // namespace vaktor

@@ -1,0 +1,33 @@
+// The folders of the real machine.
+#pragma once
+
+#include <QObject>
+#include <memory>
+
+#include "image/ports/folder_tree.h"
+#include "platform/folders/bounded_work.h"
+
+namespace vaktor {
+
+/// User-interface thread, with a QCoreApplication. What may block is done on other threads, which leave this object
+/// alone once it has gone.
+class ArbreDossiersSysteme : public ArbreDossiers {
+ public:
+  ArbreDossiersSysteme();
+  ~ArbreDossiersSysteme() override;
+  ArbreDossiersSysteme(const ArbreDossiersSysteme&) = delete;
+  ArbreDossiersSysteme& operator=(const ArbreDossiersSysteme&) = delete;
+
+  QList<LieuDisque> ListeLieux() const override;
+  QString DonneChemin(const QString& stocke) const override;
+  EtatDossier RegardeDossier(const QString& chemin) const override;
+  EtatDossier EssaieEcriture(const QString& chemin) const override;
+  void LitDossiers(const QString& chemin, const QObject* pour, RecoitDossiers recoit) override;
+
+ private:
+  struct Relais;
+  std::shared_ptr<Relais> Relais_;
+  mutable TravauxBornes Travaux_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,50 @@
+// The rules of the folder chooser over fakes.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "fakes/fake_event_pump.h"
+#include "fakes/fake_files.h"
+#include "fakes/fake_folder_tree.h"
+#include "fakes/fake_message_boxes.h"
+#include "fakes/fake_saving.h"
+#include "image/folder_choice.h"
+
+namespace vaktor::faux {
+
+class BancDossier : public testing::Test {
+ protected:
+  BancDossier() {
+    Journal_.Ecoute();
+    Textes.Remplit(0);
+    for (const char* dossier : {"/", "/home", "/home/u", "/home/u/Photos", "/home/u/v", "/home/u/v/intrus", "/media",
+                                "/media/u", "/media/u/USB", "/media/u/USB/Nuits"}) {
+      Arbre.Ajoute(QLatin1String(dossier));
+      Disque.AjouteDossier(QLatin1String(dossier));
+    }
+    Reglages.RepertoirePhoto = QStringLiteral("/home/u/Photos");
+  }
+  void ParleAnglais() {
+    Reglages.LangueCourante = 1;
+    Textes.Remplit(1);
+  }
+  void Retire(const QString& dossier) {
+    Arbre.Regards.remove(dossier);
+    Disque.RetireDossier(dossier);
+  }
+
+  Journal Journal_;
+  Parametres Reglages;
+  SauvegardeFausse Sauvegarde{Journal_, Reglages};
+  DossiersProgramme Dossiers{QStringLiteral("/opt/v"), QStringLiteral("/home/u/v")};
+  FauxFichiers Disque;
+  ArbreFaux Arbre;
+  PompeFausse Pompe{Journal_};
+  BoitesFausses Boites;
+  TablesTextes Textes;
+  ChoixDossier Choix{
+      {Reglages, Sauvegarde, Dossiers, Disque, Arbre, Pompe, Boites, Textes,
+       [this](const QString& dossier) { Journal_.Note([&] { return QStringLiteral("gallery ") + dossier; }); }}};
+};
+
+}  // namespace vaktor::faux
