@@ -1,12 +1,10 @@
 #include "image/folder_choice.h"
 
 #include "image/folder_words.h"
+#include "image/free_space.h"
 
 namespace vaktor {
 namespace {
-
-/// The warning comes below this; a decimal count, not 500 times 1,048,576.
-constexpr qint64 kOctetsAvertissement = 500'000'000;
 
 bool Contient(const QString& dossier, const QString& chemin) {
   if (chemin == dossier || dossier == u'/') return true;

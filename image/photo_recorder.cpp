@@ -1,14 +1,13 @@
 #include "image/photo_recorder.h"
 
 #include "base/numbers.h"
+#include "image/free_space.h"
 
 namespace vaktor {
 namespace {
 
 /// Quality of the user's copies. No setting changes it.
 constexpr quint8 kQualitePhoto = 50;
-/// The free-space warning comes below this; a decimal count, not 500 times 1,048,576.
-constexpr qint64 kOctetsAvertissement = 500'000'000;
 
 /// As many digits as the limit has at this moment; a number with more is written in full.
 QString NumeroPhoto(qint32 compteur, qint32 limite) {

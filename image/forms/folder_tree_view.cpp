@@ -3,6 +3,7 @@
 #include <QHeaderView>
 #include <QStyle>
 #include <algorithm>
+#include <vector>
 
 namespace vaktor {
 namespace {
@@ -20,11 +21,6 @@ QStringList DonneEtapes(const QString& racine, const QString& chemin) {
   return chemin.mid(racine.size()).split(u'/', Qt::SkipEmptyParts);
 }
 
-bool PrecedeParNom(const QString& a, const QString& b) {
-  const int ordre = QString::localeAwareCompare(a.toLower(), b.toLower());
-  return ordre != 0 ? ordre < 0 : a < b;
-}
-
 bool EstSurLeChemin(const QTreeWidgetItem* ligne, const QTreeWidgetItem* courant) {
   while (courant != nullptr && courant != ligne) courant = courant->parent();
   return courant != nullptr;
@@ -32,7 +28,9 @@ bool EstSurLeChemin(const QTreeWidgetItem* ligne, const QTreeWidgetItem* courant
 
 }  // namespace
 
-VueDossiers::VueDossiers(ArbreDossiers& arbre, QWidget* parent) : QTreeWidget(parent), Arbre_(arbre) {
+VueDossiers::VueDossiers(ArbreDossiers& arbre, QWidget* parent)
+    : QTreeWidget(parent), Arbre_(arbre), Icone_(style()->standardIcon(QStyle::SP_DirIcon)) {
+  Ordre_.setNumericMode(true);
   setColumnCount(1);
   header()->hide();
   setUniformRowHeights(true);
@@ -47,6 +45,11 @@ VueDossiers::VueDossiers(ArbreDossiers& arbre, QWidget* parent) : QTreeWidget(pa
 
 QString VueDossiers::Chemin() const { return currentItem() == nullptr ? QString() : CheminDe(currentItem()); }
 
+void VueDossiers::resizeEvent(QResizeEvent* evenement) {
+  QTreeWidget::resizeEvent(evenement);
+  header()->setMinimumSectionSize(viewport()->width());  // the line of the chosen folder fills the view
+}
+
 // The way down is put in by name: where the user's folder lies is known without asking a disk.
 void VueDossiers::MontreChemin(const QString& racine, const QString& chemin) {
   const QSignalBlocker silence(this);
@@ -57,18 +60,17 @@ void VueDossiers::MontreChemin(const QString& racine, const QString& chemin) {
   QTreeWidgetItem* ligne = topLevelItem(0);
   QList<QTreeWidgetItem*> ouverts{ligne};
   for (const QString& nom : DonneEtapes(racine, chemin)) ouverts += ligne = AssureEnfant(ligne, nom);
-  for (QTreeWidgetItem* ouvert : ouverts) {
-    ouvert->setExpanded(true);
-    LitEnfants(ouvert);
-  }
+  for (QTreeWidgetItem* ouvert : ouverts) ouvert->setExpanded(true);
   setCurrentItem(ligne);
   scrollToItem(ligne);
+  // Behind setCurrentItem: what leads to the chosen folder is not taken away for being unlisted.
+  for (QTreeWidgetItem* ouvert : ouverts) LitEnfants(ouvert);
 }
 
 QTreeWidgetItem* VueDossiers::CreeLigne(const QString& nom, const QString& chemin) const {
   auto* ligne = new QTreeWidgetItem({nom});
   ligne->setData(0, kRoleChemin, chemin);
-  ligne->setIcon(0, style()->standardIcon(QStyle::SP_DirIcon));
+  ligne->setIcon(0, Icone_);
   // Whether there is anything in it is not looked up before somebody wants to see it.
   ligne->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
   return ligne;
@@ -81,6 +83,25 @@ QTreeWidgetItem* VueDossiers::AssureEnfant(QTreeWidgetItem* dossier, const QStri
   if (ici != nullptr && ici->text(0) == nom) return ici;
   dossier->insertChild(place, CreeLigne(nom, JointChemin(CheminDe(dossier), nom)));
   return dossier->child(place);
+}
+
+// Case is folded here: a collator in the plain locale "C" does not do it.
+bool VueDossiers::PrecedeParNom(const QString& a, const QString& b) const {
+  const int ordre = Ordre_.compare(a.toCaseFolded(), b.toCaseFolded());
+  return ordre != 0 ? ordre < 0 : a < b;
+}
+
+// By keys made once a name: comparing the names themselves takes seconds for a folder of many thousands.
+void VueDossiers::TrieParNom(QStringList& noms) const {
+  std::vector<std::pair<QCollatorSortKey, QString>> cles;
+  cles.reserve(static_cast<std::size_t>(noms.size()));
+  for (const QString& nom : noms) cles.emplace_back(Ordre_.sortKey(nom.toCaseFolded()), nom);
+  std::sort(cles.begin(), cles.end(), [](const auto& a, const auto& b) {
+    const int ordre = a.first.compare(b.first);
+    return ordre != 0 ? ordre < 0 : a.second < b.second;
+  });
+  noms.clear();
+  for (const auto& cle : cles) noms += cle.second;
 }
 
 void VueDossiers::LitEnfants(QTreeWidgetItem* dossier) {
@@ -98,7 +119,7 @@ void VueDossiers::RecoitEnfants(const QString& chemin, QStringList noms, bool co
   QTreeWidgetItem* dossier = TrouveDossier(chemin);
   if (dossier == nullptr) return;
   const QSignalBlocker silence(this);
-  std::sort(noms.begin(), noms.end(), PrecedeParNom);
+  TrieParNom(noms);
   if (complet) RetireAbsents(dossier, noms);
   AjouteNouveaux(dossier, noms);
   if (complet) dossier->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
@@ -121,10 +142,10 @@ QTreeWidgetItem* VueDossiers::TrouveDossier(const QString& chemin) const {
 // The chosen folder and what leads to it stay, listed or not: it may be a hidden one that was just made, and one that
 // has gone is told about when it is accepted.
 void VueDossiers::RetireAbsents(QTreeWidgetItem* dossier, const QStringList& noms) {
+  const QSet<QString> presents(noms.begin(), noms.end());
   for (int i = dossier->childCount() - 1; i >= 0; --i) {
     QTreeWidgetItem* enfant = dossier->child(i);
-    const bool present = std::binary_search(noms.begin(), noms.end(), enfant->text(0), PrecedeParNom);
-    if (!present && !EstSurLeChemin(enfant, currentItem())) delete dossier->takeChild(i);
+    if (!presents.contains(enfant->text(0)) && !EstSurLeChemin(enfant, currentItem())) delete dossier->takeChild(i);
   }
 }
 

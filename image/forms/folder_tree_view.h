@@ -1,6 +1,8 @@
 // Dir1: the folders below one place, as a tree that is read only where it is opened.
 #pragma once
 
+#include <QCollator>
+#include <QIcon>
 #include <QSet>
 #include <QTreeWidget>
 
@@ -25,16 +27,23 @@ class VueDossiers : public QTreeWidget {
  Q_SIGNALS:
   void DossierChange(const QString& chemin);  ///< the user chose another folder
 
+ protected:
+  void resizeEvent(QResizeEvent* evenement) override;
+
  private:
   void LitEnfants(QTreeWidgetItem* dossier);
   void RecoitEnfants(const QString& chemin, QStringList noms, bool complet);
   QTreeWidgetItem* TrouveDossier(const QString& chemin) const;
   QTreeWidgetItem* CreeLigne(const QString& nom, const QString& chemin) const;
   QTreeWidgetItem* AssureEnfant(QTreeWidgetItem* dossier, const QString& nom) const;
+  bool PrecedeParNom(const QString& a, const QString& b) const;
+  void TrieParNom(QStringList& noms) const;
   void RetireAbsents(QTreeWidgetItem* dossier, const QStringList& noms);
   void AjouteNouveaux(QTreeWidgetItem* dossier, const QStringList& noms);
 
   ArbreDossiers& Arbre_;
+  const QIcon Icone_;  // made once: a style takes milliseconds to find it
+  QCollator Ordre_;
   QSet<QString> EnLecture_;  // folders that are being read
 };
 

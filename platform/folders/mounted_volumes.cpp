@@ -24,7 +24,8 @@ QByteArray Decode(const QByteArray& champ) {
   QByteArray texte;
   for (qsizetype i = 0; i < champ.size(); ++i) {
     bool octal = false;
-    const uint code = champ.at(i) == '\\' ? champ.mid(i + 1, 3).toUInt(&octal, 8) : 0;
+    const bool echappe = champ.at(i) == '\\' && i + 3 < champ.size();
+    const uint code = echappe ? champ.mid(i + 1, 3).toUInt(&octal, 8) : 0;
     texte += octal ? static_cast<char>(code) : champ.at(i);
     if (octal) i += 3;
   }

@@ -1,0 +1,187 @@
+// What the system says of real folders: there, allowed, full, read-only, dead.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <future>
+
+#include "platform/base/system_files.h"
+#include "platform/folders/folder_access.h"
+#include "platform/folders/system_folders.h"
+#include "support/dead_disk.h"
+#include "support/event_wait.h"
+#include "support/small_disk.h"
+
+namespace vaktor {
+namespace {
+
+constexpr int kMega = 1024 * 1024;
+
+class AccesDossiers : public testing::Test {
+ protected:
+  QString Chemin(const char* suite = "") const { return Dossier.path() + QString::fromUtf8(suite); }
+  void Cree(const char* suite) const { ASSERT_TRUE(QDir().mkpath(Chemin(suite))); }
+  static QStringList Restes(const QString& dossier) {
+    return QDir(dossier).entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
+  }
+  /// All lists that come for a folder, the last one complete.
+  QList<QStringList> Lit(const QString& chemin) {
+    QList<QStringList> listes;
+    bool fini = false;
+    Arbre.LitDossiers(chemin, &Temoin, [&](QStringList noms, bool complet) {
+      noms.sort();
+      listes += noms;
+      fini = complet;
+    });
+    EXPECT_TRUE(listes.isEmpty()) << "from the event loop, never at once";
+    EXPECT_TRUE(essai::AttendQue([&] { return fini; }));
+    return listes;
+  }
+
+  QTemporaryDir Dossier;
+  ArbreDossiersSysteme Arbre;
+  QObject Temoin;
+};
+
+TEST_F(AccesDossiers, FolderIsThereOrNot) {
+  EXPECT_EQ(Arbre.RegardeDossier(Chemin()), EtatDossier::kBon);
+  EXPECT_EQ(Arbre.RegardeDossier(Chemin("/gone")), EtatDossier::kAbsent);
+  ASSERT_EQ(FichiersSysteme().EcritFichier(Chemin("/fichier"), "x"), 0);
+  EXPECT_EQ(Arbre.RegardeDossier(Chemin("/fichier")), EtatDossier::kAbsent);
+  EXPECT_EQ(Arbre.EssaieEcriture(Chemin("/fichier")), EtatDossier::kAbsent);
+  EXPECT_EQ(Arbre.EssaieEcriture(Chemin("/gone")), EtatDossier::kAbsent);
+}
+
+TEST_F(AccesDossiers, TrialLeavesNothingBehind) {
+  EXPECT_EQ(Arbre.EssaieEcriture(Chemin()), EtatDossier::kBon);
+  EXPECT_TRUE(Restes(Chemin()).isEmpty());
+}
+
+TEST_F(AccesDossiers, FileSystemWithoutNamelessFilesIsTriedWithAName) {
+  // /proc refuses nameless files, and then named ones.
+  EXPECT_EQ(Arbre.EssaieEcriture(QStringLiteral("/proc")), EtatDossier::kAbsent);
+}
+
+TEST_F(AccesDossiers, ForbiddenFolderIsToldFromAnAbsentOne) {
+  Cree("/ferme");
+  // Permissions hold for others only: the administrator steps down for the moment of the question.
+  const QByteArray nom = QFile::encodeName(Chemin("/ferme"));
+  ASSERT_EQ(::chmod(QFile::encodeName(Chemin()).constData(), 0755), 0);
+  ASSERT_EQ(::chmod(nom.constData(), 0555), 0);
+  const bool administrateur = ::geteuid() == 0;
+  ASSERT_TRUE(!administrateur || ::seteuid(65534) == 0);
+  const EtatDossier etat = EssaieUneEcriture(nom);
+  ASSERT_TRUE(!administrateur || ::seteuid(0) == 0);
+  EXPECT_EQ(etat, EtatDossier::kInterdit);
+}
+
+TEST_F(AccesDossiers, FullDiskIsToldAndRoomAgainIsToo) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  EXPECT_EQ(EssaieUneEcriture(QFile::encodeName(petit.Chemin())), EtatDossier::kBon);
+  const QString gros = petit.Chemin() + QStringLiteral("/gros");
+  // Room is left for something, but not for a photo.
+  ASSERT_EQ(FichiersSysteme().EcritFichier(gros, QByteArray(kMega - 16 * 1024, 'g')), 0);
+  EXPECT_EQ(EssaieUneEcriture(QFile::encodeName(petit.Chemin())), EtatDossier::kPlein);
+  EXPECT_EQ(Restes(petit.Chemin()), QStringList{QStringLiteral("gros")});
+  ASSERT_TRUE(FichiersSysteme().Supprime(gros));
+  EXPECT_EQ(EssaieUneEcriture(QFile::encodeName(petit.Chemin())), EtatDossier::kBon);
+}
+
+TEST_F(AccesDossiers, ReadOnlyDiskIsTold) {
+  PetitDisque petit(kMega);
+  if (!petit.EstMonte() || !petit.RendLectureSeule()) GTEST_SKIP() << petit.Raison();
+  EXPECT_EQ(EssaieUneEcriture(QFile::encodeName(petit.Chemin())), EtatDossier::kLectureSeule);
+  EXPECT_EQ(RegardeUnDossier(QFile::encodeName(petit.Chemin())), EtatDossier::kBon);
+}
+
+TEST_F(AccesDossiers, OnlyFoldersThatCanBeStoredAreListed) {
+  for (const char* nom : {"/b", "/a", "/.cache", "/a\\b", "/Été"}) Cree(nom);
+  const QByteArray illisible = QFile::encodeName(Chemin()) + "/\xff";
+  ASSERT_EQ(::mkdir(illisible.constData(), 0755), 0);
+  ASSERT_EQ(FichiersSysteme().EcritFichier(Chemin("/photo.jpg"), "x"), 0);
+  EXPECT_EQ(Lit(Chemin()),
+            QList<QStringList>{QStringList({QStringLiteral("a"), QStringLiteral("b"), QString::fromUtf8("Été")})});
+  EXPECT_EQ(Lit(Chemin("/gone")), QList<QStringList>{QStringList()});
+  EXPECT_EQ(::rmdir(illisible.constData()), 0);
+}
+
+TEST_F(AccesDossiers, LinksToFoldersComeAfterTheFolders) {
+  Cree("/vrai");
+  ASSERT_TRUE(QFile::link(Chemin("/vrai"), Chemin("/lien")));
+  ASSERT_TRUE(QFile::link(Chemin(), Chemin("/boucle")));
+  ASSERT_TRUE(QFile::link(Chemin("/gone"), Chemin("/mort")));
+  EXPECT_EQ(Lit(Chemin()),
+            (QList<QStringList>{{QStringLiteral("vrai")},
+                                {QStringLiteral("boucle"), QStringLiteral("lien"), QStringLiteral("vrai")}}));
+}
+
+TEST_F(AccesDossiers, ListForAFormThatHasGoneIsDropped) {
+  auto temoin = std::make_unique<QObject>();
+  bool venu = false;
+  Arbre.LitDossiers(Chemin(), temoin.get(), [&](const QStringList&, bool) { venu = true; });
+  temoin.reset();
+  Lit(Chemin());
+  EXPECT_FALSE(venu);
+}
+
+TEST_F(AccesDossiers, StoredPathBecomesNativeAndTidy) {
+  EXPECT_EQ(Arbre.DonneChemin(QStringLiteral("/a/v\\intrus")), QStringLiteral("/a/v/intrus"));
+  EXPECT_EQ(Arbre.DonneChemin(QStringLiteral("/a\\../b/")), QStringLiteral("/b"));
+  EXPECT_EQ(Arbre.DonneChemin(QStringLiteral("/\\x")), QStringLiteral("/x"));
+  EXPECT_EQ(Arbre.DonneChemin(QStringLiteral("photos")), QDir::currentPath() + QStringLiteral("/photos"));
+  EXPECT_TRUE(Arbre.DonneChemin(QString()).isEmpty());
+}
+
+TEST_F(AccesDossiers, PlacesBeginWithHomeAndEndWithTheRoot) {
+  const QList<LieuDisque> lieux = Arbre.ListeLieux();
+  ASSERT_GE(lieux.size(), 2);
+  EXPECT_EQ(lieux.first().Chemin, QDir::homePath());
+  EXPECT_EQ(lieux.last(), (LieuDisque{QStringLiteral("Racine"), QStringLiteral("/")}));
+}
+
+TEST_F(AccesDossiers, DiskThatNeverAnswersHoldsUpNobody) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString mort = petit.Chemin() + QStringLiteral("/mort");
+  ASSERT_TRUE(QDir().mkdir(mort));
+  DisqueMort disque(mort);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  EXPECT_EQ(Arbre.RegardeDossier(mort + QStringLiteral("/photos")), EtatDossier::kSansReponse);
+  EXPECT_EQ(Arbre.EssaieEcriture(mort + QStringLiteral("/photos")), EtatDossier::kSansReponse);
+  bool venu = false;
+  Arbre.LitDossiers(mort, &Temoin, [&](const QStringList&, bool) { venu = true; });
+  // The folder beside it is read meanwhile, and a link into the dead disk does not keep its neighbours back.
+  ASSERT_TRUE(QDir().mkdir(petit.Chemin() + QStringLiteral("/vif")));
+  ASSERT_TRUE(QFile::link(mort + QStringLiteral("/photos"), petit.Chemin() + QStringLiteral("/lien")));
+  QStringList vus;
+  Arbre.LitDossiers(petit.Chemin(), &Temoin, [&](const QStringList& noms, bool) { vus = noms; });
+  EXPECT_TRUE(essai::AttendQue([&] { return !vus.isEmpty(); }));
+  EXPECT_TRUE(vus.contains(QStringLiteral("vif")));
+  EXPECT_FALSE(venu);
+  disque.Reveille();
+  EXPECT_TRUE(essai::AttendQue([&] { return venu; })) << "those who waited come back with the disk";
+}
+
+TEST(TravauxBornesTest, NoMoreThanSoManyWaitAtATime) {
+  TravauxBornes travaux;
+  std::promise<void> fin;
+  const std::shared_future<void> attend(fin.get_future());
+  std::atomic<int> finis = 0;
+  for (int i = 0; i < TravauxBornes::kAuPlus; ++i) {
+    EXPECT_TRUE(travaux.Lance([attend, &finis] {
+      attend.wait();
+      ++finis;
+    }));
+  }
+  EXPECT_FALSE(travaux.Lance([] {}));
+  EXPECT_FALSE(travaux.Attend<int>([] { return 1; }, std::chrono::milliseconds(1)));
+  fin.set_value();
+  EXPECT_TRUE(essai::AttendQue([&] { return travaux.Attend<int>([] { return 1; }, std::chrono::seconds(20)) == 1; }));
+  EXPECT_TRUE(essai::AttendQue([&] { return finis == TravauxBornes::kAuPlus; }));
+}
+
+}  // namespace
+}  // namespace vaktor
