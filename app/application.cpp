@@ -67,6 +67,7 @@ void Vaktor::CreeForm1() {
 
 void Vaktor::BrancheActions() {
   ActionsBoutonsGris actions;
+  actions[0] = [this] { Galerie().OuvreGalerie(); };
   actions[1] = [this] { Liens_.OuvreMiseAJour(); };
   actions[2] = [this] { Live_->CreationPageLive(); };
   actions[3] = [this] { Live_->TestPageLive(); };

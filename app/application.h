@@ -17,6 +17,7 @@
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
 #include "image/forms/form_monitor.h"
+#include "image/forms/form_visu_photo.h"
 #include "image/forms/webcam_pecran.h"
 #include "image/photo_recorder.h"
 #include "settings/persistent_settings.h"
@@ -72,6 +73,7 @@ class Vaktor : private EtapesDepart {
   ChampsSite LitChampsSite() const;
   FormMonitor& Moniteur();
   void PlaceMoniteur();
+  FormVisuPhoto& Galerie();
 
   // The end (application_end.cpp).
   void DemandeFermeture();
@@ -106,6 +108,7 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<PublicationLive> Live_;
   std::unique_ptr<Surveillance> Moteur_;
   std::unique_ptr<EnregistreurPhotos> Photos_;
+  std::unique_ptr<GaleriePhotos> Galerie_;
   LiensEnLigne Liens_;
   ModulesCompagnons Compagnons_;
   std::unique_ptr<FormWinsock> FormWinsock_;
@@ -114,6 +117,7 @@ class Vaktor : private EtapesDepart {
   VueAgrandie PleinEcran_;
   std::unique_ptr<Form1> Form1_;
   std::unique_ptr<FormMonitor> FormMonitor_;
+  std::unique_ptr<FormVisuPhoto> FormVisuPhoto_;
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;

@@ -41,8 +41,11 @@ void Vaktor::FermeApplication() {
   Systeme_.Pompe.PompeMessages();
   SauveAvantFin();
   Systeme_.Pompe.PompeMessages();
-  // In this order, each as far as it is there. The monitor only closes: what still runs in a pump may touch it.
+  // In this order, each as far as it is there. Gallery and monitor only close: what still runs in a pump may touch
+  // them.
   PleinEcran_.Decharge();
+  // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
+  if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) FormVisuPhoto_->close();
   FormWinsock_.reset();  // a late word of a companion finds nobody any more
   Splash_.Decharge();
   if (FormMonitor_) FormMonitor_->close();
@@ -77,6 +80,7 @@ void Vaktor::DechargeFormes() {
   VueParametres_.reset();
   FormWinsock_.reset();
   FormSound_.reset();
+  FormVisuPhoto_.reset();
   FormMonitor_.reset();
   Form1_.reset();
 }

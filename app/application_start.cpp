@@ -56,9 +56,10 @@ AffichageParametres& Vaktor::ChargeForm1() {
 }
 
 void Vaktor::ChargeTextes() {
-  // The words go into the monitor too: this is its first use.
+  // The words go into the monitor and the gallery too: this is their first use.
   ChargeurTextes_ = std::make_unique<ChargeurTextes>(Reglages_, Textes_, *Form1_, Moniteur(),
                                                      [this] { EcritLibellesBoutons(*Form1_, Textes_); });
+  ChargeurTextes_->RelieGalerie(Galerie());
   ChargeurTextes_->ChargeTextes();
 }
 
@@ -74,6 +75,16 @@ FormMonitor& Vaktor::Moniteur() {
     QObject::connect(FormMonitor_.get(), &FormMonitor::TailleChangee, Form1_.get(), [this] { PlaceMoniteur(); });
   }
   return *FormMonitor_;
+}
+
+FormVisuPhoto& Vaktor::Galerie() {
+  if (!FormVisuPhoto_) {
+    Galerie_ = std::make_unique<GaleriePhotos>(PortsGalerie{Reglages_, Systeme_.Dossiers, Etat_, *Sauvegarde_, Textes_,
+                                                            Systeme_.Disque, Systeme_.Lecteur, Systeme_.Boites,
+                                                            Systeme_.Pompe, Systeme_.Navigateur});
+    FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_, Systeme_.Dossiers);
+  }
+  return *FormVisuPhoto_;
 }
 
 void Vaktor::MontreForm1() {

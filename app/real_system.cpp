@@ -35,6 +35,7 @@ PortsSysteme SystemeReel::Ports() {
           .Minuteries = Minuteries_,
           .Boites = Boites_,
           .Ecrivain = Ecrivain_,
+          .Lecteur = Lecteur_,
           .Sons = Sons_,
           .Programmes = Programmes_,
           .Navigateur = Navigateur_,

@@ -10,6 +10,7 @@
 #include "platform/base/system_clock.h"
 #include "platform/base/system_files.h"
 #include "platform/channel/system_processes.h"
+#include "platform/image/jpeg_photo_reader.h"
 #include "platform/image/turbo_jpeg_encoder.h"
 #include "platform/sound/wave_player.h"
 #include "platform/widgets/desktop_opener.h"
@@ -41,6 +42,7 @@ class SystemeReel {
   BoitesMessageQt Boites_;
   EncodeurTurboJpeg Encodeur_;
   EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
+  LecteurPhotosFichier Lecteur_;
   OuvreurBureau Navigateur_;
   DialogueFichierQt ChoixFichier_;
   LecteurGStreamer LecteurSon_;

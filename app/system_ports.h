@@ -16,6 +16,7 @@
 #include "engine/ports/interface_sounds.h"
 #include "engine/ports/timers.h"
 #include "image/jpeg_writer.h"
+#include "image/ports/photo_reader.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
 #include "ui/form_sound.h"
@@ -38,6 +39,7 @@ struct PortsSysteme {
   FabriqueMinuteries& Minuteries;
   BoitesMessage& Boites;
   EcrivainJpeg& Ecrivain;
+  const LecteurPhotos& Lecteur;
   SonsInterface& Sons;
   Processus& Programmes;
   Ouvreur& Navigateur;

@@ -49,4 +49,20 @@ qint32 ChiffresEnEntierBorne(const QString& chiffres) {
   return static_cast<qint32>(valeur);
 }
 
+QString GardeChiffres(const QString& texte) {
+  QString chiffres = texte;
+  return chiffres.removeIf([](QChar c) { return c < u'0' || c > u'9'; });
+}
+
+QString BorneChiffres(const QString& chiffres) {
+  constexpr qint32 kPlusGrand = std::numeric_limits<qint32>::max();
+  return ChiffresEnEntierBorne(chiffres) == kPlusGrand ? QString::number(kPlusGrand) : chiffres;
+}
+
+QString NettoieNombre(const QString& texte, const QString& defaut, qint32 minimum) {
+  const QString chiffres = BorneChiffres(GardeChiffres(texte));
+  if (chiffres.isEmpty()) return defaut;
+  return ChiffresEnEntierBorne(chiffres) < minimum ? QStringLiteral("1") : chiffres;
+}
+
 }  // namespace vaktor

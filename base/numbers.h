@@ -24,4 +24,15 @@ qint32 TexteEnEntier(const QString& texte);
 /// 0 for the empty text. For fields that have already dropped everything but digits.
 qint32 ChiffresEnEntierBorne(const QString& chiffres);
 
+/// Decimal digits (0 to 9) stay, everything else goes, digits of other scripts too.
+QString GardeChiffres(const QString& texte);
+
+/// Digits whose value does not fit 32 bits give the largest 32-bit number; others stay as they are, leading zeros
+/// included.
+QString BorneChiffres(const QString& chiffres);
+
+/// What a text typed into a number field becomes: digits only and within 32 bits; `defaut` when none is left; "1" when
+/// the value is below `minimum` (0 or 1).
+QString NettoieNombre(const QString& texte, const QString& defaut, qint32 minimum);
+
 }  // namespace vaktor

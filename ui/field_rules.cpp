@@ -35,19 +35,6 @@ float LitValeur(QString texte) { return texte.replace(u',', u'.').toFloat(); }
 
 }  // namespace
 
-QString GardeChiffres(const QString& texte) { return Filtre(texte, EstChiffre); }
-
-QString BorneChiffres(const QString& chiffres) {
-  const QString borne = QString::number(kPlusGrand);
-  return ChiffresEnEntierBorne(chiffres) == kPlusGrand ? borne : chiffres;
-}
-
-QString NettoieNombre(const QString& texte, const QString& defaut, qint32 minimum) {
-  const QString chiffres = BorneChiffres(GardeChiffres(texte));
-  if (chiffres.isEmpty()) return defaut;
-  return ChiffresEnEntierBorne(chiffres) < minimum ? QStringLiteral("1") : chiffres;
-}
-
 QString NettoieIntervalle(const QString& texte) {
   QString reste = GardeUneVirgule(Filtre(texte, [](QChar c) { return EstChiffre(c) || c == u','; }));
   if (reste.isEmpty()) return QStringLiteral("5");

@@ -3,19 +3,10 @@
 
 #include <QString>
 
+#include "base/numbers.h"
 #include "settings/parameters.h"
 
 namespace vaktor {
-
-/// Decimal digits (0 to 9) stay, everything else goes, digits of other scripts too.
-QString GardeChiffres(const QString& texte);
-
-/// Digits whose value does not fit 32 bits give the largest 32-bit number; others stay as they are, leading zeros
-/// included.
-QString BorneChiffres(const QString& chiffres);
-
-/// Digits only and within 32 bits; `defaut` when none is left; "1" when the value is below `minimum` (0 or 1).
-QString NettoieNombre(const QString& texte, const QString& defaut, qint32 minimum);
 
 /// TxtRefresh, seconds with a decimal comma: digits and "," stay. An empty text gives "5", a value of zero "0,5". The
 /// result can always be read as a number greater than 0: of several commas the first one counts, commas alone count as

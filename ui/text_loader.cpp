@@ -82,6 +82,7 @@ void ChargeurTextes::ChargeTextes() {
   EcritAides();
   EcritTextes();
   EcritListes();
+  if (Galerie_ != nullptr) Galerie_->ChargeMots();
   Moniteur_.setWindowTitle(Textes_.Texte(17));
   EcritEtats();
   ChargeBoutons_();

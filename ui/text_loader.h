@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "image/forms/form_monitor.h"
+#include "image/forms/form_visu_photo.h"
 #include "settings/parameters.h"
 #include "ui/form1.h"
 #include "ui/texts/text_tables.h"
@@ -16,6 +17,9 @@ class ChargeurTextes {
   /// `chargeBoutons` prints the captions on the button faces; it is the last step.
   ChargeurTextes(const Parametres& reglages, TablesTextes& textes, Form1& fenetre, FormMonitor& moniteur,
                  std::function<void()> chargeBoutons);
+
+  /// From here on the words go into the gallery too.
+  void RelieGalerie(FormVisuPhoto& galerie) { Galerie_ = &galerie; }
 
   /// Fills the tables for LangueCourante and writes them into the forms. The two status lines read inactive
   /// afterwards, whatever is going on, until the next event writes them.
@@ -31,6 +35,7 @@ class ChargeurTextes {
   TablesTextes& Textes_;
   Form1& Fenetre_;
   FormMonitor& Moniteur_;
+  FormVisuPhoto* Galerie_ = nullptr;
   std::function<void()> ChargeBoutons_;
 };
 

@@ -9,6 +9,7 @@
 #include "fakes/fake_capture_driver.h"
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_interface_sounds.h"
+#include "fakes/fake_photo_reader.h"
 #include "fakes/journal.h"
 #include "fakes/virtual_timers.h"
 
@@ -214,6 +215,7 @@ struct SystemeFaux {
             .Minuteries = Minuteries,
             .Boites = Messages,
             .Ecrivain = Ecrivain,
+            .Lecteur = Lecteur,
             .Sons = Sons,
             .Programmes = Programmes,
             .Navigateur = Navigateur};
@@ -240,6 +242,7 @@ struct SystemeFaux {
   DisqueNote Disque{Notes};
   BoitesNotees Messages{Notes};
   EcrivainNote Ecrivain{Notes};
+  faux::LecteurPhotosFaux Lecteur;
   ProcessusNote Programmes{Notes};
   OuvreurMuet Navigateur;
   std::unique_ptr<faux::PiloteFaux> Pilote = std::make_unique<faux::PiloteFaux>(Notes);

@@ -1,0 +1,74 @@
+// FormVisuPhoto: the window of the photo gallery.
+#pragma once
+
+#include <QMenu>
+#include <QPixmap>
+#include <functional>
+#include <memory>
+
+#include "base/program_folders.h"
+#include "image/forms/form_progression.h"
+#include "image/forms/gallery_panel.h"
+#include "image/forms/photo_place.h"
+#include "image/photo_gallery.h"
+
+namespace vaktor {
+
+/// Owner: app/; made at its first use, which is the first load of the texts, and alive for the whole run: closing saves
+/// and hides. Controls: PictureAfff with those of PanneauGalerie, PictureVisu, the pop-up menu Mnu_file with
+/// Mnu_Supprim, and three that never show, File1, PictureFond and PictureAffTampon. User-interface thread.
+class FormVisuPhoto : public QWidget, private AffichageGalerie {
+  Q_OBJECT
+
+ public:
+  /// Its load step runs here: the limit is shown, the window is to open maximised.
+  FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, const TablesTextes& textes,
+                const DossiersProgramme& dossiers);
+
+  void OuvreGalerie() { Regles_.OuvreGalerie(); }  ///< throws Echec
+  /// The folder chooser has another folder: the list takes it, the first photo is shown. Throws Echec.
+  void RepointeSur(const QString& dossier) { Regles_.RepointeSur(dossier); }
+  /// What Command7 opens.
+  void SurChoixRepertoire(std::function<void()> choisit) { ChoisitRepertoire_ = std::move(choisit); }
+  void ChargeMots();
+
+ protected:
+  void closeEvent(QCloseEvent* evenement) override;
+  void resizeEvent(QResizeEvent* evenement) override;
+  void paintEvent(QPaintEvent* evenement) override;
+
+ private:
+  void MontreListe(const QStringList& entrees, int index) override;
+  void MontreIndex(int index) override;
+  void MontrePhoto(const QImage& photo) override;
+  void MontreAvis(const QString& avis) override;
+  void MontreTitre(const QString& titre) override;
+  void AjusteAutourPhoto() override;
+  void MontreFenetre() override;
+  void OuvreProgression(int dernier) override;
+  void AvanceProgression(int pas) override;
+  void FermeProgression() override;
+
+  void CreeControlesCaches(const DossiersProgramme& dossiers);
+  void CreeMenu();
+  void BranchePanneau();
+  void BrancheListe();
+  void OuvreMenu(const QPoint& position);
+  void Dispose();
+  void PlaceLaPhoto();
+  void EtireFond();
+
+  GaleriePhotos& Regles_;
+  const Parametres& Reglages_;
+  const TablesTextes& Textes_;
+  std::function<void()> ChoisitRepertoire_;
+  PlacePhoto* PictureVisu_;
+  PanneauGalerie* PictureAfff_;
+  QMenu* Mnu_file_ = nullptr;
+  QAction* Mnu_Supprim_ = nullptr;
+  QPixmap Fond_;        // as much of the stretched background as shows
+  QSize TailleFondue_;  // the outer size that Fond_ was made for
+  std::unique_ptr<FrmProgression> Progression_;
+};
+
+}  // namespace vaktor

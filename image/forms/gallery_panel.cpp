@@ -1,0 +1,115 @@
+#include "image/forms/gallery_panel.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+#include <limits>
+
+#include "image/gallery_layout.h"
+#include "image/gallery_words.h"
+
+// A library's resources are not there by themselves; the call has to stand outside every namespace.
+static void PrepareArtGalerie() { Q_INIT_RESOURCE(gallery_art); }
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kHautListe = 106;
+constexpr int kPolice = 12;  // pixels, so that the captions fit whatever density the screen claims
+
+}  // namespace
+
+QImage ChargeArtGalerie(const QString& nom, double densite) {
+  PrepareArtGalerie();
+  const int echelle = densite > 1 ? 2 : 1;
+  QImage image(QStringLiteral(":/gallery/%1x/%2.png").arg(echelle).arg(nom));
+  image.setDevicePixelRatio(echelle);
+  return image;
+}
+
+PanneauGalerie::PanneauGalerie(QWidget* parent)
+    : QWidget(parent),
+      LblPhotoDisc(new QLabel(this)),
+      TxtNbrPhotDisk(new QLineEdit(QStringLiteral("1000"), this)),
+      CmdOpenRepPhot(CreeBouton("CmdOpenRepPhot", {8, 38, 110, 28})),
+      Command7(CreeBouton("Command7", {123, 38, 110, 28})),
+      CmdRefresh(CreeBouton("CmdRefresh", {8, 70, 110, 28})),
+      CmdClearRepPhot(CreeBouton("CmdClearRepPhot", {123, 70, 110, 28})),
+      FilePhotoVisu(new ListePhotos(this)) {
+  setObjectName(QStringLiteral("PictureAfff"));
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  QFont police(QStringLiteral("Arial"));
+  police.setPixelSize(kPolice);
+  setFont(police);
+  LblPhotoDisc->setObjectName(QStringLiteral("LblPhotoDisc"));
+  LblPhotoDisc->setGeometry(10, 11, 136, 20);
+  LblPhotoDisc->setTextFormat(Qt::PlainText);
+  LblPhotoDisc->setCursor(Qt::SizeAllCursor);
+  LblPhotoDisc->installEventFilter(this);
+  QPalette encre = LblPhotoDisc->palette();
+  encre.setColor(QPalette::WindowText, QColor(0x40, 0x40, 0x40));
+  LblPhotoDisc->setPalette(encre);
+  TxtNbrPhotDisk->setObjectName(QStringLiteral("TxtNbrPhotDisk"));
+  TxtNbrPhotDisk->setGeometry(148, 9, 85, 24);
+  TxtNbrPhotDisk->setMaxLength(std::numeric_limits<int>::max());
+  FilePhotoVisu->setObjectName(QStringLiteral("FilePhotoVisu"));
+  FilePhotoVisu->setGeometry(8, kHautListe, kLargeurPanneau - 16, 100);
+  OrdonneClavier();
+}
+
+QPushButton* PanneauGalerie::CreeBouton(const char* nom, const QRect& place) {
+  auto* bouton = new QPushButton(this);
+  bouton->setObjectName(QLatin1String(nom));
+  bouton->setGeometry(place);
+  return bouton;
+}
+
+void PanneauGalerie::OrdonneClavier() {
+  setTabOrder(FilePhotoVisu, TxtNbrPhotDisk);
+  setTabOrder(TxtNbrPhotDisk, CmdOpenRepPhot);
+  setTabOrder(CmdOpenRepPhot, Command7);
+  setTabOrder(Command7, CmdRefresh);
+  setTabOrder(CmdRefresh, CmdClearRepPhot);
+}
+
+void PanneauGalerie::ChargeMots(const TablesTextes& textes, qint32 langue) {
+  LblPhotoDisc->setText(textes.Texte(10));
+  TxtNbrPhotDisk->setAccessibleName(textes.Texte(10));
+  CmdOpenRepPhot->setText(textes.Texte(99));
+  Command7->setText(textes.Texte(100));
+  CmdRefresh->setText(textes.Texte(101));
+  CmdClearRepPhot->setText(textes.Texte(102));
+  Command7->setToolTip(textes.Aide(13));
+  TxtNbrPhotDisk->setToolTip(textes.Aide(14));
+  FilePhotoVisu->setAccessibleName(MotListePhotos(langue));
+}
+
+void PanneauGalerie::EcritLimite(const QString& limite) {
+  const QString ancienne = TxtNbrPhotDisk->text();
+  if (ancienne == limite) return;
+  const qsizetype apres = ancienne.size() - TxtNbrPhotDisk->cursorPosition();
+  TxtNbrPhotDisk->setText(limite);
+  TxtNbrPhotDisk->setCursorPosition(static_cast<int>(qMax<qsizetype>(0, limite.size() - apres)));
+}
+
+bool PanneauGalerie::eventFilter(QObject* objet, QEvent* evenement) {
+  if (objet == LblPhotoDisc && evenement->type() == QEvent::MouseButtonPress &&
+      static_cast<QMouseEvent*>(evenement)->button() == Qt::LeftButton) {
+    Q_EMIT DeplacementDemande();
+    return true;
+  }
+  return QWidget::eventFilter(objet, evenement);
+}
+
+void PanneauGalerie::paintEvent(QPaintEvent*) {
+  if (Fond_.isNull() || Densite_ != devicePixelRatioF()) {
+    Densite_ = devicePixelRatioF();
+    Fond_ = ChargeArtGalerie(QStringLiteral("PictureAffTampon"), Densite_);
+  }
+  QPainter peintre(this);
+  peintre.setRenderHint(QPainter::SmoothPixmapTransform);
+  peintre.fillRect(rect(), QColor(208, 213, 217));
+  for (const int haut : BandesPanneau(height())) peintre.drawImage(QPointF(0, haut), Fond_);
+}
+
+}  // namespace vaktor

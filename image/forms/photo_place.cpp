@@ -1,0 +1,51 @@
+#include "image/forms/photo_place.h"
+
+#include <QPainter>
+
+namespace vaktor {
+
+namespace {
+constexpr QSize kTailleAvis{360, 140};
+constexpr int kMargeAvis = 12;
+}  // namespace
+
+PlacePhoto::PlacePhoto(QWidget* parent) : QWidget(parent) { resize(0, 0); }
+
+void PlacePhoto::MontrePhoto(const QImage& photo) {
+  Photo_ = photo;
+  Avis_.clear();
+  setAccessibleDescription({});
+  if (!photo.isNull()) PrendTaille(photo.size());
+  update();
+}
+
+void PlacePhoto::MontreAvis(const QString& avis) {
+  Photo_ = {};
+  Avis_ = avis;
+  setAccessibleDescription(avis);
+  PrendTaille(kTailleAvis);
+  update();
+}
+
+void PlacePhoto::PrendTaille(const QSize& taille) {
+  if (taille == size()) return;
+  resize(taille);
+  Q_EMIT TailleChangee();
+}
+
+void PlacePhoto::paintEvent(QPaintEvent*) {
+  QPainter peintre(this);
+  if (!Photo_.isNull()) {
+    peintre.drawImage(0, 0, Photo_);
+    return;
+  }
+  if (Avis_.isEmpty()) return;
+  peintre.fillRect(rect(), QColor(28, 32, 40));
+  peintre.setPen(QColor(120, 128, 142));
+  peintre.drawRect(rect().adjusted(0, 0, -1, -1));
+  peintre.setPen(QColor(224, 228, 234));
+  const QRect texte = rect().adjusted(kMargeAvis, kMargeAvis, -kMargeAvis, -kMargeAvis);
+  peintre.drawText(texte, Qt::AlignCenter | Qt::TextWordWrap | Qt::TextWrapAnywhere, Avis_);
+}
+
+}  // namespace vaktor

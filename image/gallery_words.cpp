@@ -1,0 +1,69 @@
+#include "image/gallery_words.h"
+
+namespace vaktor {
+namespace {
+
+constexpr qsizetype kNomsDits = 10;
+
+QString Choisit(qint32 langue, const char* francais, const char* anglais) {
+  return QString::fromUtf8(langue == 1 ? anglais : francais);
+}
+
+QString DitRaison(qint32 langue, EtatPhoto etat) {
+  switch (etat) {
+    case EtatPhoto::kAbsente:
+      return Choisit(langue, "le fichier n'est plus là ou ne peut pas être lu",
+                     "the file is not there any more or cannot be read");
+    case EtatPhoto::kVide:
+      return Choisit(langue, "le fichier est vide", "the file is empty");
+    case EtatPhoto::kTropGrande:
+      return Choisit(langue, "elle est trop grande", "it is too large");
+    case EtatPhoto::kIllisible:
+    case EtatPhoto::kLue:
+      break;
+  }
+  return Choisit(langue, "le fichier est endommagé", "the file is damaged");
+}
+
+}  // namespace
+
+QString AvisPhoto(qint32 langue, EtatPhoto etat, const QString& nom) {
+  if (etat == EtatPhoto::kLue) return {};
+  // In one call: a name may itself hold "%2".
+  return Choisit(langue, "Cette photo ne peut pas être affichée :\n%2.\n%1", "This picture cannot be shown:\n%2.\n%1")
+      .arg(nom, DitRaison(langue, etat));
+}
+
+QString AvisAucunePhoto(qint32 langue) {
+  return Choisit(langue, "Aucune photo dans ce répertoire.", "No picture in this folder.");
+}
+
+QString DitPhotoImpossible(qint32 langue, EtatPhoto etat, const QString& nom) {
+  return Choisit(langue, "la photo « %1 » ne peut pas être affichée, %2.", "the picture \"%1\" cannot be shown, %2.")
+      .arg(nom, DitRaison(langue, etat));
+}
+
+QString DitRepertoireAbsent(qint32 langue, const QString& dossier) {
+  return Choisit(langue, "le répertoire des photos « %1 » n'existe pas.",
+                 "the folder of the pictures \"%1\" does not exist.")
+      .arg(dossier);
+}
+
+QString DitPhotosRestees(qint32 langue, const QStringList& noms) {
+  QString message =
+      noms.size() == 1
+          ? Choisit(langue, "Cette photo n'a pas pu être supprimée :", "This picture could not be erased:")
+          : Choisit(langue, "Ces photos n'ont pas pu être supprimées :", "These pictures could not be erased:");
+  for (const QString& nom : noms.first(qMin(noms.size(), kNomsDits))) message += QStringLiteral("\r\n\"%1\"").arg(nom);
+  if (noms.size() > kNomsDits) {
+    message += QStringLiteral("\r\n") +
+               Choisit(langue, "et %1 autre(s).", "and %1 more.").arg(QString::number(noms.size() - kNomsDits));
+  }
+  return message;
+}
+
+QString MotListePhotos(qint32 langue) { return Choisit(langue, "Liste des photos", "List of pictures"); }
+
+QString MotEffacement(qint32 langue) { return Choisit(langue, "Suppression des photos", "Erasing pictures"); }
+
+}  // namespace vaktor

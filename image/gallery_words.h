@@ -1,0 +1,25 @@
+// Words of the gallery that the numbered tables do not hold: what stands in the place of a picture that cannot be
+// shown, and what is said of photos that resist. By language: 1 English, any other number French.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+#include "image/ports/photo_reader.h"
+
+namespace vaktor {
+
+/// Stands in the place of the picture. Empty for kLue.
+QString AvisPhoto(qint32 langue, EtatPhoto etat, const QString& nom);
+/// Stands there while the folder has no photo and none was shown yet.
+QString AvisAucunePhoto(qint32 langue);
+/// One sentence for a message.
+QString DitPhotoImpossible(qint32 langue, EtatPhoto etat, const QString& nom);
+QString DitRepertoireAbsent(qint32 langue, const QString& dossier);
+/// Names the photos that could not be deleted, the first ten of them, and counts the rest.
+QString DitPhotosRestees(qint32 langue, const QStringList& noms);
+/// The list and the progress window, for those who hear the window.
+QString MotListePhotos(qint32 langue);
+QString MotEffacement(qint32 langue);
+
+}  // namespace vaktor

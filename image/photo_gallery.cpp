@@ -1,0 +1,177 @@
+#include "image/photo_gallery.h"
+
+#include "base/failure.h"
+#include "base/numbers.h"
+#include "image/gallery_words.h"
+
+namespace vaktor {
+namespace {
+
+// Also matches names with more behind ".jpg": a photo renamed to "x.jpg.old" or half fetched stays in sight.
+QString Motif() { return QStringLiteral("*.jpg*"); }
+
+}  // namespace
+
+GaleriePhotos::GaleriePhotos(const PortsGalerie& ports) : Ports_(ports) {}
+
+void GaleriePhotos::OuvreGalerie() {
+  try {
+    OuvreUneFois();
+    return;
+  } catch (const Echec&) {
+    // In memory only: the user's folder is lost for good no sooner than with the next save.
+    Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.Donnees + QStringLiteral("\\intrus");
+  }
+  try {
+    OuvreUneFois();
+  } catch (const Echec&) {
+    // Told by the guard of the event loop. The window comes up all the same: another folder is chosen there.
+    AfficheNombrePhotos();
+    Affichage_->MontreFenetre();
+    throw;
+  }
+}
+
+void GaleriePhotos::OuvreUneFois() {
+  FixeChemin(Ports_.Reglages.RepertoirePhoto);  // reads the list, also where the folder is the one of before
+  if (!Entrees_.isEmpty()) {
+    ChargeEntree(0);
+    // List and picture agree, without a click: a photo further down may have been selected when the window was hidden.
+    Index_ = 0;
+    Affichage_->MontreIndex(Index_);
+  }
+  Affichage_->AjusteAutourPhoto();
+  Affichage_->MontreFenetre();
+  AfficheNombrePhotos();
+}
+
+void GaleriePhotos::FixeChemin(const QString& dossier) {
+  if (!Ports_.Disque.Existe(dossier)) {
+    throw Echec(kFichierIntrouvable, DitRepertoireAbsent(Ports_.Reglages.LangueCourante, dossier));
+  }
+  const bool autre = dossier != Chemin_;
+  Chemin_ = dossier;
+  if (autre) Index_ = -1;
+  LitListe();
+  // An empty folder leaves the picture of the one before in its place.
+  if (!autre || Entrees_.isEmpty()) return;
+  Index_ = 0;
+  Affichage_->MontreIndex(Index_);
+  Clique();
+}
+
+void GaleriePhotos::RepointeSur(const QString& dossier) {
+  FixeChemin(dossier);
+  if (!Entrees_.isEmpty()) ChargeEntree(0);
+  AfficheNombrePhotos();
+}
+
+void GaleriePhotos::Rafraichit() {
+  LitListe();
+  AfficheNombrePhotos();
+}
+
+// A selected photo stays selected while it is there, wherever it stands now.
+void GaleriePhotos::LitListe() {
+  const QString choisie = Entrees_.value(Index_);
+  Entrees_ = Ports_.Disque.ListeFichiers(Chemin_, Motif());
+  Index_ = choisie.isEmpty() ? -1 : static_cast<int>(Entrees_.indexOf(choisie));
+  Affichage_->MontreListe(Entrees_, Index_);
+  DitListeVide();
+}
+
+// Only where no picture is: one that was shown stays on display though its file, or the whole folder, is gone.
+void GaleriePhotos::DitListeVide() {
+  if (Place_ == Place::kVide && Entrees_.isEmpty()) {
+    Place_ = Place::kAucunePhoto;
+    Affichage_->MontreAvis(AvisAucunePhoto(Ports_.Reglages.LangueCourante));
+  } else if (Place_ == Place::kAucunePhoto && !Entrees_.isEmpty()) {
+    Place_ = Place::kVide;
+    Affichage_->MontrePhoto({});
+  }
+}
+
+void GaleriePhotos::RedisAvis() {
+  const qint32 langue = Ports_.Reglages.LangueCourante;
+  if (Place_ == Place::kAucunePhoto) Affichage_->MontreAvis(AvisAucunePhoto(langue));
+  if (Place_ == Place::kAvis) Affichage_->MontreAvis(AvisPhoto(langue, EtatAvis_, NomAvis_));
+}
+
+void GaleriePhotos::OuvreRepertoire() const { Ports_.Bureau.OuvreDossier(Ports_.Reglages.RepertoirePhoto + u'\\'); }
+
+void GaleriePhotos::AfficheNombrePhotos() {
+  // "Intrusions : " is the same word in both languages.
+  Affichage_->MontreTitre(QStringLiteral("Intrusions : ") + QString::number(Entrees_.size()) +
+                          Ports_.Textes.Texte(103));
+}
+
+void GaleriePhotos::Clique() {
+  if (Index_ >= 0) MontreEntree();
+}
+
+bool GaleriePhotos::AppuieBoutonDroit() {
+  if (Index_ < 0) return false;
+  MontreEntree();
+  return true;
+}
+
+void GaleriePhotos::GlisseGauche() {
+  // The variable starts at 0 and only a drag writes it: the first drag of a run that begins on the first entry shows
+  // nothing before it reaches another one, and a click in between is not remembered.
+  if (Index_ < 0 || Index_ == DernierIndexAffiche_) return;
+  MontreEntree();
+  DernierIndexAffiche_ = Index_;
+}
+
+// A photo that cannot be shown is no failure of the gallery: its name stays listed, and its place says what is wrong.
+void GaleriePhotos::MontreEntree() {
+  const QString entree = Entrees_.value(Index_);
+  DitPhoto(LitEntree(entree), entree);
+  AfficheNombrePhotos();
+}
+
+void GaleriePhotos::ChargeEntree(int index) {
+  const QString entree = Entrees_.value(index);
+  const PhotoLue lue = LitEntree(entree);
+  DitPhoto(lue, entree);
+  if (lue.Etat == EtatPhoto::kLue) return;
+  throw Echec(kFichierIntrouvable, DitPhotoImpossible(Ports_.Reglages.LangueCourante, lue.Etat, entree));
+}
+
+PhotoLue GaleriePhotos::LitEntree(const QString& entree) const {
+  const QString chemin = CheminDe(Ports_.Reglages.RepertoirePhoto, entree);
+  return chemin.isEmpty() ? PhotoLue{.Etat = EtatPhoto::kAbsente} : Ports_.Lecteur.LitPhoto(chemin);
+}
+
+void GaleriePhotos::DitPhoto(const PhotoLue& lue, const QString& entree) {
+  if (lue.Etat == EtatPhoto::kLue) {
+    Place_ = Place::kPhoto;
+    Affichage_->MontrePhoto(lue.Image);
+    return;
+  }
+  Place_ = Place::kAvis;
+  EtatAvis_ = lue.Etat;
+  NomAvis_ = entree;
+  Affichage_->MontreAvis(AvisPhoto(Ports_.Reglages.LangueCourante, EtatAvis_, NomAvis_));
+}
+
+// Empty for a name with "\" in it, which a file can have here: in a stored path it would part folders, and another file
+// would be read, or deleted, in its place.
+QString GaleriePhotos::CheminDe(const QString& dossier, const QString& entree) {
+  return entree.contains(u'\\') ? QString() : dossier + u'\\' + entree;
+}
+
+QString GaleriePhotos::ChangeLimite(const QString& texte) {
+  const QString limite = NettoieNombre(texte, QStringLiteral("0"), 0);
+  Ports_.Reglages.NombrePhotoMax = ChiffresEnEntierBorne(limite);
+  Ports_.Reglages.ParametresModifies = true;
+  return limite;
+}
+
+bool GaleriePhotos::DemandeFermeture() {
+  Ports_.Reglages.ParametresModifies = true;
+  Ports_.Sauvegarde.SauveParametres();
+  return Ports_.Etat.EnFermeture;
+}
+
+}  // namespace vaktor

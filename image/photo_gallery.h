@@ -1,0 +1,109 @@
+// The photo gallery: one folder of photos, its list, the photo that is shown, deletion, the limit on the number.
+#pragma once
+
+#include <QStringList>
+#include <functional>
+
+#include "base/application_state.h"
+#include "base/ports/message_boxes.h"
+#include "base/ports/opener.h"
+#include "base/program_folders.h"
+#include "engine/ports/event_pump.h"
+#include "image/ports/gallery_display.h"
+#include "image/ports/photo_reader.h"
+#include "settings/parameters.h"
+#include "settings/ports/files.h"
+#include "settings/saving.h"
+#include "ui/texts/text_tables.h"
+
+namespace vaktor {
+
+/// All references outlive the gallery.
+struct PortsGalerie {
+  Parametres& Reglages;
+  const DossiersProgramme& Dossiers;
+  const EtatApplication& Etat;
+  SauvegardeParametres& Sauvegarde;
+  const TablesTextes& Textes;
+  Fichiers& Disque;
+  const LecteurPhotos& Lecteur;
+  BoitesMessage& Boites;
+  PompeEvenements& Pompe;
+  Ouvreur& Bureau;
+};
+
+/// The rules behind FormVisuPhoto. Entries are file names without folder, sorted by name; the list is not watched.
+/// Photos are read and deleted at RepertoirePhoto, "\", entry, whatever folder the list was read from. Owner: app/.
+/// User-interface thread; while a deletion lets events run, every call finds a whole list, and a second deletion does
+/// nothing.
+class GaleriePhotos {
+ public:
+  explicit GaleriePhotos(const PortsGalerie& ports);
+
+  /// Once, before any other call; the display outlives the last call.
+  void Relie(AffichageGalerie& affichage) { Affichage_ = &affichage; }
+
+  /// Opens the gallery on RepertoirePhoto. A folder that is gone or a first photo that cannot be shown makes it the
+  /// folder "\intrus" of the program, in memory, without a word. Throws Echec when that one fails too; the window is
+  /// up even then.
+  void OuvreGalerie();
+  /// The list takes another folder and is read anew; the first entry of another folder counts as clicked. Throws Echec
+  /// when the folder is not there.
+  void FixeChemin(const QString& dossier);
+  /// FixeChemin, then loads the first entry and counts. Throws Echec when either cannot be had.
+  void RepointeSur(const QString& dossier);
+  void Rafraichit();             ///< CmdRefresh
+  void OuvreRepertoire() const;  ///< CmdOpenRepPhot: the folder in the file manager
+  /// Caption: "Intrusions : ", the number of entries, " Photo(s)" or " Picture(s)".
+  void AfficheNombrePhotos();
+  /// Says in the language of the moment what stands in the place of a picture.
+  void RedisAvis();
+
+  // The events of FilePhotoVisu. An index of -1 means that no entry is selected.
+  void ChoisitIndex(int index) { Index_ = index; }  ///< the user selects; shows nothing yet
+  void Clique();                                    ///< also the arrow keys
+  bool AppuieBoutonDroit();                         ///< true: Mnu_file is to be opened
+  void GlisseGauche();                              ///< mouse moved with the left button held
+
+  // Deletion (photo_deletion.cpp). Each asks first; photos that stay are named in one message.
+  void SupprimePhoto();
+  void SupprimeTout();
+
+  /// TxtNbrPhotDisk has this text now: gives the one that it is to have, and NombrePhotoMax its value.
+  QString ChangeLimite(const QString& texte);
+  /// The window is asked to close: saves, always. True when it may, false when it is only to be hidden. Throws Echec.
+  bool DemandeFermeture();
+
+  const QStringList& Entrees() const { return Entrees_; }
+  int Index() const { return Index_; }
+  int DernierIndexAffiche() const { return DernierIndexAffiche_; }
+
+ private:
+  enum class Place { kVide, kPhoto, kAvis, kAucunePhoto };
+
+  void OuvreUneFois();
+  void LitListe();
+  void MontreEntree();
+  PhotoLue LitEntree(const QString& entree) const;
+  void ChargeEntree(int index);
+  void DitPhoto(const PhotoLue& lue, const QString& entree);
+  void DitListeVide();
+  static QString CheminDe(const QString& dossier, const QString& entree);
+  void Efface(const QString& dossier, const QString& entree);
+  void EffaceUne(const QString& entree);
+  void EffaceToutes(const QStringList& voulues);
+  void AnnonceRestees(const QStringList& voulues);
+
+  PortsGalerie Ports_;
+  AffichageGalerie* Affichage_ = nullptr;
+  QString Chemin_;
+  QStringList Entrees_;
+  int Index_ = -1;
+  int DernierIndexAffiche_ = 0;
+  Place Place_ = Place::kVide;
+  EtatPhoto EtatAvis_ = EtatPhoto::kLue;
+  QString NomAvis_;
+  bool EnEffacement_ = false;
+};
+
+}  // namespace vaktor

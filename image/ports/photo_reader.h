@@ -1,0 +1,34 @@
+// Port: reads one photo of the photo folder for the gallery.
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+namespace vaktor {
+
+/// How the reading of a photo went. Only kLue comes with a picture.
+enum class EtatPhoto {
+  kLue,
+  kAbsente,    ///< the file is not there (any more) or may not be read
+  kVide,       ///< a file of no bytes
+  kIllisible,  ///< not a JPEG picture, or damaged beyond showing
+  kTropGrande  ///< more pixels than kPixelsPhotoMax: nothing was decoded
+};
+
+/// 128 MB of memory: more than any camera gives, and little enough for the machine.
+inline constexpr qint64 kPixelsPhotoMax = 32'000'000;
+
+struct PhotoLue {
+  EtatPhoto Etat = EtatPhoto::kIllisible;
+  QImage Image = {};
+};
+
+class LecteurPhotos {
+ public:
+  virtual ~LecteurPhotos() = default;
+  /// The picture in its own size. Never throws; memory stays bounded whatever the file says of itself. A file that ends
+  /// early gives the part that is there.
+  virtual PhotoLue LitPhoto(const QString& chemin) const = 0;
+};
+
+}  // namespace vaktor
