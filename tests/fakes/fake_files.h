@@ -21,6 +21,7 @@ class FauxFichiers : public Fichiers {
   qsizetype PlaceAvantErreur = 0;                      ///< bytes that are written before ErreurEcriture
   bool RefuseSuppression = false;
   bool RefuseCreation = false;
+  QSet<QString> Tenaces;  ///< names of files that no removal removes
 
   // What was asked, in order, paths as passed.
   QStringList Ecrits;
@@ -58,7 +59,7 @@ class FauxFichiers : public Fichiers {
   }
   bool Supprime(const QString& chemin) override {
     Supprimes += chemin;
-    if (RefuseSuppression) return !Existe(chemin);
+    if (RefuseSuppression || Tenaces.contains(Cle(chemin).section(u'/', -1))) return !Existe(chemin);
     Contenus_.remove(Cle(chemin));
     return !Existe(chemin);
   }
