@@ -9,7 +9,7 @@
 
 namespace vaktor {
 
-inline constexpr qint64 kSourceMax = 64 * 1024;
+inline constexpr qint64 kSourceMax = 64LL * 1024;
 inline constexpr int kSourcesMax = 2000;
 inline constexpr int kEntreesMax = 20'000;
 

@@ -11,7 +11,7 @@
 
 namespace vaktor {
 
-inline constexpr qint64 kListeProfilsMax = 256 * 1024;
+inline constexpr qint64 kListeProfilsMax = 256LL * 1024;
 inline constexpr qsizetype kProfilsMax = 32;
 inline constexpr qsizetype kComptesVusMax = 10'000;
 

@@ -10,6 +10,7 @@
 #include <cstring>
 
 #include "platform/accounts/account_home.h"
+#include "platform/accounts/evolution_accounts.h"
 #include "platform/accounts/thunderbird_accounts.h"
 
 namespace vaktor::essai {
@@ -150,7 +151,8 @@ TEST_F(Abime, AFolderOfTooManySources) {
         "[Mail Account]\nIdentityUid=0\n[Mail Identity]\nAddress=a@b.org\n[Mail Submission]\n"
         "TransportUid=0\n[Mail Transport]\n[Authentication]\nHost=smtp.b.org\nPort=587\nUser=moi\n");
   EXPECT_EQ(Montre(), kUnCompte);
-  for (int i = 1; i < kSourcesMax + 100; ++i) Ecrit(dossier + QString::number(i) + ".source", "[Data Source]\nEnabled=true\n");
+  for (int i = 1; i < kSourcesMax + 100; ++i)
+    Ecrit(dossier + QString::number(i) + ".source", "[Data Source]\nEnabled=true\n");
   EXPECT_LE(Montre().size(), 1);
 }
 
