@@ -136,11 +136,13 @@ class AnalyseurPrefs {
     for (;;) {
       const qsizetype debut = Place_;
       AvanceJusqua([guillemet](char c) { return c == guillemet || ArreteTexte(c); });
-      if (texte.size() + Place_ - debut > longueurMax) return {};
-      texte += Octets_.sliced(debut, Place_ - debut);
+      if (Place_ - debut > longueurMax) return {};
+      // Piece by piece: what an escape has given is UTF-8 already, whatever the bytes around it are.
+      texte += RendUtf8(Octets_.sliced(debut, Place_ - debut));
+      if (texte.size() > longueurMax) return {};
       if (Courant() == guillemet) {
         ++Place_;
-        return RendUtf8(texte);
+        return texte;
       }
       if (Courant() != '\\' || !LitEchappement(texte)) return {};
     }

@@ -113,6 +113,8 @@ TEST(Preferences, TheLastOfOneNameHolds) {
 TEST(Preferences, BytesThatAreNotUtf8AreLatin1) {
   EXPECT_THAT(Lit("user_pref(\"a\", \"\xe9t\xe9\");user_pref(\"b\", \"\xc3\xa9\");"),
               ElementsAre("a=\"\u00e9t\u00e9\"", "b=\"\u00e9\""));
+  EXPECT_THAT(Lit("user_pref(\"a\", \"\xe9\\u65E5\");"), ElementsAre("a=\"\u00e9\u65e5\""))
+      << "and escapes beside them";
 }
 
 TEST(Preferences, ByteOrderMarks) {
@@ -146,6 +148,8 @@ TEST(Preferences, LimitsOfLengthAndNumber) {
   EXPECT_EQ(LitPrefs(ligne(kNomPrefMax, kTextePrefMax), "").Valeurs.size(), 1);
   EXPECT_EQ(LitPrefs(ligne(kNomPrefMax + 1, 1), "").Valeurs.size(), 0);
   EXPECT_EQ(LitPrefs(ligne(1, kTextePrefMax + 1), "").Valeurs.size(), 0);
+  EXPECT_EQ(LitPrefs("user_pref(\"" + QByteArray(kNomPrefMax, '\xe9') + "\", 1);", "").Valeurs.size(), 0)
+      << "counted as UTF-8";
   EXPECT_THAT(Lit(ligne(1, kTextePrefMax + 1) + "user_pref(\"b\", 1);"), ElementsAre("b=1"));
 
   QByteArray foule;
