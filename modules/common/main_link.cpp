@@ -28,8 +28,15 @@ bool LienPrincipal::Enregistre() {
   if (poignee == PoigneePrincipale_ || !Ports_.Dossier.Repond(poignee)) return false;
   PoigneePrincipale_ = poignee;
   Dis(kMotHwnd + QString::number(Fenetre_.Poignee()));
-  Ports_.SurEnregistrement();
+  Ports_.SurEnregistrement(EstTot(poignee));
   return true;
+}
+
+bool LienPrincipal::EstTot(qint32 poignee) const {
+  const std::optional<qint64> ouverture = Ports_.Dossier.DonneOuverture(poignee);
+  // A clock that was set back in between tells nothing: late is what does no harm.
+  const qint64 age = ouverture ? Ports_.Maintenant() - *ouverture : -1;
+  return age >= 0 && age < kDebut;
 }
 
 void LienPrincipal::Verifie() {

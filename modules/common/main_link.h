@@ -1,6 +1,7 @@
 // A companion's side of the channel: it registers with the main program, hears commands and says words.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -19,9 +20,10 @@ struct PortsLien {
   FabriqueMinuteries& Minuteries;
   std::function<qint32()> LitHwndvk;                    ///< the inbox's handle as the store has it now, 0 for none
   std::function<void(const QString& mot)> SurCommande;  ///< a command word of this companion, "Optio" and "Quit*" too
-  std::function<void()> SurEnregistrement;              ///< after each "HWND:" that was sent: the first, and again when
-                                                        ///< the main program has come back
+  std::function<void(bool tot)> SurEnregistrement;      ///< after each "HWND:" that was sent: the first, and again when
+                                                        ///< the main program has come back. `tot`: see kDebut
   std::function<void()> SurPerte;                       ///< the main program is gone for good; once
+  std::function<qint64()> Maintenant = &QDateTime::currentMSecsSinceEpoch;
 };
 
 /// Thread of its event loop. Watches the handle in the store, and registers again when another main program has
@@ -29,6 +31,9 @@ struct PortsLien {
 class LienPrincipal {
  public:
   static constexpr qint32 kVerification = 2000;  ///< milliseconds between two looks
+  /// Milliseconds from the opening of the inbox within which a registration is early: the main program has not carried
+  /// out its start arguments yet. It does so a second after it has opened the inbox, at the soonest.
+  static constexpr qint32 kDebut = 800;
   static constexpr qint32 kAbandon = 30000;  ///< milliseconds without a main program after which it is gone for good
 
   /// Opens the command window. Throws Echec when the channel cannot be had.
@@ -48,6 +53,7 @@ class LienPrincipal {
   void RecoitMessage(const QByteArray& message);
   void Verifie();
   bool Enregistre();
+  bool EstTot(qint32 poignee) const;
 
   PortsLien Ports_;
   EmetteurLocal Emetteur_;

@@ -74,9 +74,10 @@ class Execution {
   int Execute(Compagnon qui, const std::function<std::unique_ptr<Module>(const ContexteModule&)>& cree) {
     LienPrincipal lien(PortsLien{qui, DossierCanal(), Minuteries_, [this] { return LitPoignee(); },
                                  [this](const QString& mot) { Commande(mot); },
-                                 [this] {
-                                   Journal_.Note(QStringLiteral("registered"));
-                                   Module_->Enregistre();
+                                 [this](bool tot) {
+                                   Journal_.Note(tot ? QStringLiteral("registered")
+                                                     : QStringLiteral("registered late"));
+                                   Module_->Enregistre(tot);
                                  },
                                  [this] { Termine(QStringLiteral("main program gone")); }});
     Module_ = cree(ContexteModule{Dossiers_, Journal_, Etat_, Minuteries_, Temps_,

@@ -67,10 +67,12 @@ void ModuleFtp::PrendReglages(const ReglagesModule& reglages) {
   PhotosPage_ = BornePhotos(valeurs.NbrPhotosPage);
 }
 
-void ModuleFtp::Enregistre() {
+void ModuleFtp::Enregistre(bool tot) {
   if (Lien_ != Lien::kArrete) Arrete(QString());
   MotArret_.clear();
-  Contexte_.Dis(QStringLiteral("*OKO*"));
+  const QStringList mots =
+      tot ? QStringList{QStringLiteral("*OKO*")} : QStringList{QStringLiteral("Netdc"), QStringLiteral("Decon")};
+  for (const QString& mot : mots) Contexte_.Dis(mot);
 }
 
 void ModuleFtp::ExecuteCommande(const QString& mot) {

@@ -35,8 +35,11 @@ class ModuleFtp : public Module {
   ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp> ouvrier);
 
   void PrendReglages(const ReglagesModule& reglages) override;
-  /// "*OKO*". The switch of a main program that has just come is off: a connection for an earlier one ends.
-  void Enregistre() override;
+  /// "*OKO*", early; the main program would take a late one for a second set of start arguments, and switch off what
+  /// the first has switched on. Late, the first "Conne" may have gone to nobody: "Netdc" has the main program ask again
+  /// a minute later if its switch is on, and "Decon" shows what is true meanwhile.
+  /// A connection for an earlier main program ends.
+  void Enregistre(bool tot) override;
   void ExecuteCommande(const QString& mot) override;
   void Termine() override;
 

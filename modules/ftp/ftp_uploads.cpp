@@ -13,8 +13,9 @@ ModuleFtp::Tache ModuleFtp::ChoisitTache() const {
   const bool photo = !Attente_.isEmpty() && !TimerPausePhotos_->EstActive();
   if (PageDemandee_) return Tache::kPageDemandee;
   if (LiveDemande_ && !(photo && TourPhoto_)) return Tache::kLive;
-  if (photo) return Tache::kPhoto;
+  // Before the next photo: an alarm brings thirty a second, and behind all of them the page would come too late.
   if (PagePerimee_ && Publiees_.APage() && !TimerPage_->EstActive()) return Tache::kPageSeule;
+  if (photo) return Tache::kPhoto;
   return Tache::kAucune;
 }
 

@@ -49,6 +49,13 @@ bool DossierCanal::Repond(qint32 poignee) const {
   return present;
 }
 
+std::optional<qint64> DossierCanal::DonneOuverture(qint32 poignee) const {
+  struct stat etat {};
+  // Nothing writes to the file of a socket, so its time stays that of the bind.
+  if (::lstat(DonneAdresse(poignee).constData(), &etat) != 0) return std::nullopt;
+  return qint64{etat.st_mtim.tv_sec} * 1000 + etat.st_mtim.tv_nsec / 1'000'000;
+}
+
 void DossierCanal::BalaiePerimees() const {
   const QStringList noms = QDir(Chemin_).entryList(QDir::System | QDir::NoDotAndDotDot);
   for (const QString& nom : noms) {

@@ -19,11 +19,13 @@ struct Lien : testing::Test {
   qint32 Hwndvk = 0;
   QStringList Mots;
   int Enregistrements = 0;
+  bool Tot = false;
   int Pertes = 0;
   std::unique_ptr<BoiteLocale> Principal = OuvrePrincipal();
-  LienPrincipal Lien_{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; },
-                                [this](const QString& mot) { Mots << mot; }, [this] { ++Enregistrements; },
-                                [this] { ++Pertes; }}};
+  qint64 Maintenant = Dossier.DonneOuverture(Hwndvk).value_or(0);
+  LienPrincipal Lien_{PortsLien{
+      Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; }, [this](const QString& mot) { Mots << mot; },
+      [this](bool tot) { ++Enregistrements, Tot = tot; }, [this] { ++Pertes; }, [this] { return Maintenant; }}};
   EmetteurLocal Emetteur{Dossier};
 
   std::unique_ptr<BoiteLocale> OuvrePrincipal() {
@@ -40,6 +42,28 @@ TEST_F(Lien, RegistersAtItsStart) {
   EXPECT_EQ(Enregistrements, 1);
   ASSERT_TRUE(AttendQue([this] { return !Recus.isEmpty(); }));
   EXPECT_EQ(Recus, QStringList(Inscription()));
+}
+
+TEST_F(Lien, ARegistrationIsEarlyUntilTheStartArgumentsAreDue) {
+  Maintenant += LienPrincipal::kDebut - 1;
+  Lien_.Demarre();
+  EXPECT_TRUE(Tot);
+  static_assert(LienPrincipal::kDebut < 1000, "the main program waits that long before it carries them out");
+}
+
+TEST_F(Lien, ALaterOneIsLate) {
+  Maintenant += LienPrincipal::kDebut;
+  Tot = true;
+  Lien_.Demarre();
+  EXPECT_EQ(Enregistrements, 1);
+  EXPECT_FALSE(Tot);
+}
+
+TEST_F(Lien, AClockThatWasSetBackCountsAsLate) {
+  Maintenant -= 5;
+  Tot = true;
+  Lien_.Demarre();
+  EXPECT_FALSE(Tot);
 }
 
 TEST_F(Lien, RegistersOnceWithTheSameMainProgram) {

@@ -107,13 +107,23 @@ struct Ftp : testing::Test {
 };
 
 TEST_F(Ftp, SaysThatItIsReadyOnceForEachMainProgram) {
-  Module->Enregistre();
+  Module->Enregistre(true);
   EXPECT_EQ(Dits(), "*OKO*");
+}
+
+// The main program would take "*OKO*" for a second set of its start arguments.
+TEST_F(Ftp, LateItDoesNotTakeBackWhatTheStartArgumentsHaveSwitchedOn) {
+  Module->Enregistre(false);
+  EXPECT_EQ(Dits(), "Netdc Decon");
+  EXPECT_FALSE(Ouvrier->EnCours()) << "nobody has asked for a connection yet";
+  // What the main program sends after "Netdc" when its switch is on.
+  EXPECT_EQ(Dit("Surve"), "Conne");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK Uploa");
 }
 
 TEST_F(Ftp, AMainProgramThatHasJustComeHasItsSwitchOff) {
   Publie();
-  Module->Enregistre();
+  Module->Enregistre(true);
   EXPECT_EQ(Dits(), "*OKO*") << "no word about the old connection";
   EXPECT_EQ(Avance(600000), "");
   EXPECT_FALSE(Ouvrier->EnCours());
@@ -434,6 +444,19 @@ TEST_F(Ftp, ThePageIsNotMadeForEachPhotoOfAnAlarm) {
   }
   EXPECT_GE(pages, 4);
   EXPECT_LE(pages, 7);
+}
+
+TEST_F(Ftp, ThePageDoesNotWaitUntilAllPhotosOfAnAlarmAreThere) {
+  Connecte();
+  Dit("UploM");
+  Finit(IssueFtp::kReussi);
+  for (int i = 0; i < 10; ++i) PosePhoto(QStringLiteral("%1.jpg").arg(i));
+  Temps.Avance(ModuleFtp::kRythmePage);
+  Finit(IssueFtp::kReussi);
+  ASSERT_TRUE(EnPage()) << "nine photos still wait";
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("0.jpg"));
+  Finit(IssueFtp::kReussi);
+  EXPECT_TRUE(Ouvrier->EnCours() && !EnPage()) << "and now the next";
 }
 
 TEST_F(Ftp, ThePageShowsAsManyPhotosAsTheUserWants) {

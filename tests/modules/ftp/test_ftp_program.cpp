@@ -1,6 +1,9 @@
 // The whole companion against the real main-program side of the channel and a real server: what the window shows.
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <QDir>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -44,7 +47,7 @@ struct Programme : testing::Test {
     Magasin.EcritReglage("general", "langue", "1");
     Magasin.Vide();
     Lance();
-    ASSERT_TRUE(AttendQue([this] { return Etat.FtpModulePret; })) << Processus.readAll().toStdString();
+    ASSERT_TRUE(AttendEnregistre()) << Processus.readAll().toStdString();
     EXPECT_NE(Etat.HandleFTP, 0);
     Etat.SurveillanceEnCours = true;
   }
@@ -57,6 +60,12 @@ struct Programme : testing::Test {
     Processus.setProcessChannelMode(QProcess::MergedChannels);
     Processus.start(VAKTOR_FTP, arguments);
     ASSERT_TRUE(Processus.waitForStarted());
+  }
+  /// Registered: early, with "*OKO*", or on a busy machine late, with other words.
+  bool AttendEnregistre() {
+    const bool fait = AttendQue([this] { return Etat.FtpModulePret || Journal.contains("statut 34"); });
+    Journal.clear();
+    return fait;
   }
   void TearDown() override {
     Processus.kill();
@@ -212,10 +221,30 @@ TEST_F(Programme, AMainProgramThatComesBackFindsItReadyAndNotConnected) {
   Etat = {};
   Journal.clear();
   Form = OuvreForm();
-  ASSERT_TRUE(AttendQue([this] { return Etat.FtpModulePret; }));
-  EXPECT_EQ(Vus(), "");
+  ASSERT_TRUE(AttendEnregistre());
+  EXPECT_FALSE(Etat.LiveActif);
   Etat.SurveillanceEnCours = true;
   ConnecteEtPublie();
+}
+
+// The start argument /surve, on a machine so slow that the companion comes after it was carried out.
+TEST_F(Programme, OneThatComesLateIsAskedAgainAMinuteLater) {
+  Processus.kill();
+  Processus.waitForFinished();
+  PoseLive(1);
+  const timespec hier[2] = {{1, 0}, {1, 0}};
+  const QByteArray boite = Dossier.DonneAdresse(Magasin.LitReglage("FTP", kCleHwndvk, "0").toInt());
+  ASSERT_EQ(::utimensat(AT_FDCWD, boite.constData(), hier, 0), 0);
+  Etat = {};
+  Etat.SurveillanceEnCours = true;
+  Lance();
+  ASSERT_TRUE(AttendStatut(174));
+  ASSERT_TRUE(AttendStatut(34));
+  EXPECT_FALSE(Etat.FtpModulePret) << "\"*OKO*\" would switch the live page off again";
+  Minuteries.Avance(FormWinsock::kDelaiReconnexion);
+  ASSERT_TRUE(AttendStatut(36));
+  EXPECT_TRUE(Etat.LiveActif);
+  ASSERT_TRUE(AttendStatut(37));
 }
 
 TEST_F(Programme, ItTellsItsVersion) {
