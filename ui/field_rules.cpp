@@ -57,17 +57,6 @@ QString TermineAdresse(QString adresse) {
   return adresse.replace(u'\\', u'/');
 }
 
-QString RetireBlancs(const QString& texte) {
-  return Filtre(texte, [](QChar c) { return !c.isSpace(); });
-}
-
-QString GardePremiereLigne(const QString& texte) {
-  const auto saut = std::find_if(texte.cbegin(), texte.cend(), [](QChar c) {
-    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
-  });
-  return texte.left(saut - texte.cbegin());
-}
-
 QString DonneMotCouleur(qint32 index, const QString& mot) {
   // "brawn" is the word that pages made so far carry; it stays.
   static constexpr std::array<const char*, 7> kMots = {"red", "green", "blue", "gray", "brawn", "yellow", "white"};

@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "base/numbers.h"
+#include "base/texts.h"
 #include "settings/parameters.h"
 
 namespace vaktor {
@@ -18,12 +19,6 @@ QString NettoieServeur(QString texte);
 
 /// TxtHtml when it is left: "/" is appended where the last character is none, then each "\" becomes "/".
 QString TermineAdresse(QString adresse);
-
-/// TextEMail: no blanks of any kind.
-QString RetireBlancs(const QString& texte);
-
-/// A field of one line takes what stands before the first line break of a pasted text.
-QString GardePremiereLigne(const QString& texte);
 
 /// The word for CombCouleur's entry 0 to 6; for another index `mot`, the word until now.
 QString DonneMotCouleur(qint32 index, const QString& mot);

@@ -1,0 +1,18 @@
+#include "base/texts.h"
+
+#include <algorithm>
+
+namespace vaktor {
+
+QString RetireBlancs(QString texte) {
+  return texte.removeIf([](QChar c) { return c.isSpace(); });
+}
+
+QString GardePremiereLigne(const QString& texte) {
+  const auto saut = std::find_if(texte.cbegin(), texte.cend(), [](QChar c) {
+    return c == u'\n' || c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator;
+  });
+  return texte.left(saut - texte.cbegin());
+}
+
+}  // namespace vaktor
