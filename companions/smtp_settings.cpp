@@ -1,0 +1,43 @@
+#include "companions/smtp_settings.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+
+#include "companions/smtp_words.h"
+
+namespace vaktor {
+
+ChampsSmtp DonneChampsSmtp(const Parametres& reglages) {
+  return {.Serveur = reglages.SmtpActif, .Connexion = reglages.SmtpActif && reglages.SmtpNeedLogin};
+}
+
+QString CorrigePortSmtp(const QString& texte) {
+  const bool chiffres = std::all_of(texte.cbegin(), texte.cend(), [](QChar c) { return c >= u'0' && c <= u'9'; });
+  return chiffres ? texte : QStringLiteral("25");
+}
+
+bool ManqueServeur(const TextesSmtp& textes) {
+  return textes.Serveur == QStringLiteral("smtp.") || textes.Serveur.isEmpty() || textes.Expediteur.isEmpty();
+}
+
+bool ManqueConnexion(const TextesSmtp& textes) { return textes.Utilisateur.isEmpty() || textes.MotDePasse.isEmpty(); }
+
+QByteArray ComposeDemandeEssai(const Parametres& reglages, const QString& destination) {
+  const QJsonObject demande{
+      {QStringLiteral("destination"), destination},
+      {QStringLiteral("sujet"), SujetEssai(reglages.LangueCourante, reglages.MailSujet)},
+      {QStringLiteral("corp"), CorpsEssai(reglages.LangueCourante, reglages.MailCorps)},
+      {QStringLiteral("smtpserveur"), reglages.SmtpServeur},
+      {QStringLiteral("smtpfrom"), reglages.SmtpFrom},
+      {QStringLiteral("smtpport"), reglages.SmtpPort},
+      {QStringLiteral("smtpuser"), reglages.SmtpUser},
+      {QStringLiteral("pass"), reglages.SmtpPass},
+      {QStringLiteral("smtpactif"), reglages.SmtpActif},
+      {QStringLiteral("smtpneedlogin"), reglages.SmtpNeedLogin},
+      {QStringLiteral("langue"), reglages.LangueCourante},
+  };
+  return QJsonDocument(demande).toJson(QJsonDocument::Compact);
+}
+
+}  // namespace vaktor
