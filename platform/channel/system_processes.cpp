@@ -10,7 +10,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <QProcessEnvironment>
 #include <optional>
 
 #include "companions/contract/command_words.h"
@@ -70,6 +69,15 @@ class Descripteur {
 
 }  // namespace
 
+QProcessEnvironment DonneMilieuCompagnon(const QString& dossierPrive) {
+  QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
+  if (dossierPrive.isEmpty())
+    milieu.remove(kVariableDossier);  // one that this program inherited is not its own
+  else
+    milieu.insert(kVariableDossier, QDir(dossierPrive).absolutePath());
+  return milieu;
+}
+
 ProcessusSysteme::ProcessusSysteme(const QString& dossierPrive)
     : DossierPrive_(dossierPrive.isEmpty() ? QString() : QDir(dossierPrive).absolutePath()) {}
 
@@ -109,12 +117,7 @@ bool ProcessusSysteme::LanceProgramme(const QString& chemin) {
   // Started on its own, not as a child: nothing waits for it, and its end leaves no trace in the table.
   programme.setStandardInputFile(QProcess::nullDevice());
   programme.setWorkingDirectory(fichier.absolutePath());
-  QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
-  if (DossierPrive_.isEmpty())
-    milieu.remove(kVariableDossier);  // one that this program inherited is not its own
-  else
-    milieu.insert(kVariableDossier, DossierPrive_);
-  programme.setProcessEnvironment(milieu);
+  programme.setProcessEnvironment(DonneMilieuCompagnon(DossierPrive_));
   return programme.startDetached();
 }
 

@@ -2,11 +2,16 @@
 // which another process has taken over in the meantime is never hit.
 #pragma once
 
+#include <QProcessEnvironment>
 #include <QString>
 
 #include "companions/ports/processes.h"
 
 namespace vaktor {
+
+/// What a companion finds in its environment: that of this program, and in kVariableDossier the private folder, or no
+/// such variable where there is none.
+QProcessEnvironment DonneMilieuCompagnon(const QString& dossierPrive);
 
 /// User-interface thread.
 class ProcessusSysteme : public Processus {
