@@ -1,0 +1,218 @@
+#include "companions/forms/frm_smtp.h"
+
+#include <QCloseEvent>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+#include "base/texts.h"
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kLargeur = 430;
+constexpr int kMarge = 12;
+constexpr int kEcart = 10;
+constexpr int kPolice = 12;  // pixels, as in all windows of the program
+constexpr int kDemandeAdresse = 189;
+
+}  // namespace
+
+FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this) {
+  setObjectName(QStringLiteral("FrmSmtp"));
+  setWindowTitle(QStringLiteral("SMTP"));
+  QFont police(QStringLiteral("Arial"));
+  police.setPixelSize(kPolice);
+  setFont(police);
+  Panneau_ =
+      new PanneauEssai(this, Ports_.Essai, [this] { return ComposeDemandeEssai(Ports_.Reglages, DonneDestination()); });
+  auto* trait = new QFrame(this);
+  trait->setFrameShape(QFrame::HLine);
+  trait->setFrameShadow(QFrame::Sunken);
+  auto* colonne = new QVBoxLayout(this);
+  colonne->setContentsMargins(kMarge, kMarge, kMarge, kMarge);
+  colonne->setSpacing(kEcart);
+  colonne->addLayout(Controles_.DonneGrille());
+  colonne->addWidget(trait);
+  colonne->addWidget(Panneau_);
+  colonne->setSizeConstraint(QLayout::SetFixedSize);
+  Panneau_->setFixedWidth(kLargeur - 2 * kMarge);
+  BrancheControles();
+}
+
+void FrmSmtp::BrancheControles() {
+  const ControlesSmtp& c = Controles_;
+  connect(c.ChkMailWinsock, &QCheckBox::toggled, this, [this](bool coche) {
+    Ports_.Reglages.SmtpActif = !coche;  // the box means the opposite of the setting
+    ActiveChampsSmtp();
+  });
+  connect(c.CheckNeedLoginSMTP, &QCheckBox::toggled, this, [this](bool coche) {
+    Ports_.Reglages.SmtpNeedLogin = coche;
+    ActiveChampsSmtp();
+  });
+  BrancheTexte(c.TxtSMTP, &Parametres::SmtpServeur);
+  BrancheTexte(c.TxtFrom, &Parametres::SmtpFrom);
+  BrancheTexte(c.TxtSMTPuser, &Parametres::SmtpUser);
+  BrancheTexte(c.TxtSMTPpass, &Parametres::SmtpPass);
+  connect(c.TextPort, &QLineEdit::textChanged, this, &FrmSmtp::SuitPort);
+  connect(c.CmbComptes, &QComboBox::activated, this, &FrmSmtp::ChoisitCompte);
+}
+
+// The setting has no blanks, while the field keeps those that were typed.
+void FrmSmtp::BrancheTexte(QLineEdit* champ, QString Parametres::*variable) {
+  connect(champ, &QLineEdit::textChanged, this, [this, champ, variable](const QString& texte) {
+    const QString ligne = GardePremiereLigne(texte);
+    Ports_.Reglages.*variable = RetireBlancs(ligne);
+    if (ligne != texte) champ->setText(ligne);
+  });
+}
+
+void FrmSmtp::SuitPort(const QString& texte) {
+  const QString port = CorrigePortSmtp(texte);
+  if (port != texte) Controles_.TextPort->setText(port);
+  Ports_.Reglages.SmtpPort = RetireBlancs(port);
+}
+
+void FrmSmtp::Charge() {
+  AfficheCompteSmtp();
+  ModuleRegistreCompteMail registre({Ports_.Registre, Ports_.Pompe, Ports_.Reglages, Ports_.Comptes});
+  registre.LitComptesMail([this](const QString& adresse) { Controles_.CmbComptes->addItem(adresse); });
+  Controles_.CmbComptes->setCurrentIndex(-1);
+  if (Ports_.Reglages.SmtpServeur.isEmpty() || Ports_.Reglages.SmtpFrom.isEmpty())
+    ChoisitCompte(Ports_.Comptes.IndexCompteDefaut);  // with no account found, an empty slot
+  Ports_.Pompe.PompeMessages();
+}
+
+void FrmSmtp::ChoisitCompte(qint32 index) {
+  ReprendCompte(Ports_.Comptes, index, Ports_.Reglages);
+  AfficheCompteSmtp();
+}
+
+void FrmSmtp::AfficheCompteSmtp() {
+  // Copies: each assignment below runs the handler of its control, which writes into the settings.
+  const Parametres valeurs = Ports_.Reglages;
+  Controles_.ChkMailWinsock->setChecked(!valeurs.SmtpActif);
+  Controles_.CheckNeedLoginSMTP->setChecked(valeurs.SmtpNeedLogin);
+  ActiveChampsSmtp();
+  Controles_.TxtFrom->setText(valeurs.SmtpFrom);
+  Controles_.TxtSMTP->setText(valeurs.SmtpServeur);
+  Controles_.TxtSMTPuser->setText(valeurs.SmtpUser);
+  Controles_.TxtSMTPpass->setText(valeurs.SmtpPass);
+  Controles_.TextPort->setText(valeurs.SmtpPort);
+}
+
+void FrmSmtp::ActiveChampsSmtp() {
+  const ChampsSmtp champs = DonneChampsSmtp(Ports_.Reglages);
+  Controles_.CmbComptes->setEnabled(champs.Serveur);
+  Controles_.CheckNeedLoginSMTP->setEnabled(champs.Serveur);
+  for (QLineEdit* champ : {Controles_.TxtFrom, Controles_.TxtSMTP, Controles_.TextPort})
+    ActiveChamp(*champ, champs.Serveur);
+  for (QLineEdit* champ : {Controles_.TxtSMTPuser, Controles_.TxtSMTPpass}) ActiveChamp(*champ, champs.Connexion);
+}
+
+void FrmSmtp::Montre() {
+  show();
+  raise();
+  activateWindow();
+}
+
+TextesSmtp FrmSmtp::LitTextes() const {
+  return {Controles_.TxtSMTP->text(), Controles_.TxtFrom->text(), Controles_.TxtSMTPuser->text(),
+          Controles_.TxtSMTPpass->text()};
+}
+
+// The field of the main window may show its prompt, which is no address.
+QString FrmSmtp::DonneDestination() const {
+  const QString& destination = Ports_.Reglages.MailDestination;
+  return destination == Ports_.Textes.Texte(kDemandeAdresse) ? QString() : destination;
+}
+
+void FrmSmtp::keyPressEvent(QKeyEvent* evenement) {
+  if (evenement->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  QWidget::keyPressEvent(evenement);
+}
+
+void FrmSmtp::closeEvent(QCloseEvent* evenement) {
+  // Until everything is saved: a save that fails leaves the form open, so that the user can try again.
+  evenement->ignore();
+  if (!PeutFermer()) return;
+  if (!isVisible()) return;  // the program ended while a question stood, and has unloaded the form
+  Panneau_->Arrete();
+  Ports_.Sauvegarde.SauveParametres();
+  evenement->accept();
+  Q_EMIT Dechargee();
+}
+
+void FrmSmtp::Decharge() {
+  Panneau_->Arrete();
+  hide();
+  Ports_.Sauvegarde.SauveParametres();
+}
+
+bool FrmSmtp::PeutFermer() {
+  if (!Ports_.Reglages.SmtpActif || Ports_.Etat.EnFermeture) return true;
+  return AccepteSansServeur() && AccepteSansConnexion();
+}
+
+bool FrmSmtp::AccepteSansServeur() {
+  if (!ManqueServeur(LitTextes())) return true;
+  const ReponseBoite reponse =
+      Ports_.Boites.MontreMessage(Ports_.Textes.Messages(24), Ports_.Textes.Messages(4), BoutonsBoite::kOuiNon);
+  if (reponse != ReponseBoite::kOui) return false;
+  Ports_.Reglages.SmtpActif = false;
+  Ports_.Reglages.SmtpNeedLogin = false;
+  ActiveChampsSmtp();
+  return true;
+}
+
+// Asked also after the question above was answered, which then has switched the login off.
+bool FrmSmtp::AccepteSansConnexion() {
+  if (!Ports_.Reglages.SmtpNeedLogin || !ManqueConnexion(LitTextes())) return true;
+  const ReponseBoite reponse =
+      Ports_.Boites.MontreMessage(Ports_.Textes.Messages(25), Ports_.Textes.Messages(4), BoutonsBoite::kOuiNon);
+  if (reponse != ReponseBoite::kNon) return false;
+  Ports_.Reglages.SmtpNeedLogin = false;
+  ActiveChampsSmtp();
+  return true;
+}
+
+void FrmSmtp::EcritMots() {
+  const TablesTextes& t = Ports_.Textes;
+  const ControlesSmtp& c = Controles_;
+  c.ChkMailWinsock->setToolTip(t.Aide(149));
+  for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPadresse), static_cast<QWidget*>(c.TxtSMTP)})
+    controle->setToolTip(t.Aide(150));
+  for (QWidget* controle : {static_cast<QWidget*>(c.LblFrom), static_cast<QWidget*>(c.TxtFrom)})
+    controle->setToolTip(t.Aide(151));
+  for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPport), static_cast<QWidget*>(c.TextPort)})
+    controle->setToolTip(t.Aide(229));
+  c.TxtSMTPuser->setToolTip(t.Texte(153));  // these two have no row among the tool tips
+  c.TxtSMTPpass->setToolTip(t.Texte(154));
+  struct Ligne {
+    int Numero;
+    QLabel* Etiquette;
+    QWidget* Voisin;  // named like its label, for those who hear the form
+  };
+  const Ligne lignes[] = {{149, c.LblMailWinsock, c.ChkMailWinsock},
+                          {150, c.LblSMTPadresse, c.TxtSMTP},
+                          {151, c.LblFrom, c.TxtFrom},
+                          {153, c.LblSMTPuser, c.TxtSMTPuser},
+                          {154, c.LblSMTPass, c.TxtSMTPpass},
+                          {209, c.LblNeedLoginSMTP, c.CheckNeedLoginSMTP},
+                          {229, c.LblSMTPport, c.TextPort}};
+  for (const Ligne& ligne : lignes) {
+    ligne.Etiquette->setText(t.Texte(ligne.Numero));
+    ligne.Voisin->setAccessibleName(t.Texte(ligne.Numero));
+  }
+  // The shown text is no selection: picking any entry is a choice.
+  c.CmbComptes->setPlaceholderText(t.Texte(210));
+  c.CmbComptes->setCurrentIndex(-1);
+  c.CmbComptes->setAccessibleName(t.Texte(210));
+  Panneau_->EcritMots(Ports_.Reglages.LangueCourante, DonneDestination());
+}
+
+}  // namespace vaktor

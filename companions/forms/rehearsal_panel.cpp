@@ -1,0 +1,128 @@
+#include "companions/forms/rehearsal_panel.h"
+
+#include <QGridLayout>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kEspace = 6;
+constexpr int kHauteurEtapes = 108;
+constexpr int kLignesPhrase = 3;
+constexpr QRgb kNeutre = qRgb(0x40, 0x40, 0x40);
+constexpr QRgb kVert = qRgb(0x00, 0x66, 0x22);
+constexpr QRgb kRouge = qRgb(0xb0, 0x10, 0x10);
+
+void Colore(QLabel& etiquette, QRgb couleur) {
+  QPalette palette = etiquette.palette();
+  palette.setColor(QPalette::WindowText, QColor::fromRgb(couleur));
+  etiquette.setPalette(palette);
+}
+
+void RetireDerniereLigne(QPlainTextEdit& liste) {
+  QTextCursor curseur(liste.document()->lastBlock());
+  curseur.select(QTextCursor::BlockUnderCursor);
+  curseur.removeSelectedText();
+}
+
+}  // namespace
+
+PanneauEssai::PanneauEssai(QWidget* parent, EssaiCourriel& essai, std::function<QByteArray()> demande)
+    : QWidget(parent),
+      Essai_(essai),
+      Demande_(std::move(demande)),
+      CmdEssai_(new QPushButton(this)),
+      LblEssai_(new QLabel(this)),
+      TxtEssai_(new QPlainTextEdit(this)) {
+  CmdEssai_->setObjectName(QStringLiteral("CmdEssai"));
+  LblEssai_->setObjectName(QStringLiteral("LblEssai"));
+  TxtEssai_->setObjectName(QStringLiteral("TxtEssai"));
+  // What a server says is text, never markup.
+  LblEssai_->setTextFormat(Qt::PlainText);
+  LblEssai_->setWordWrap(true);
+  LblEssai_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  LblEssai_->setMinimumHeight(kLignesPhrase * LblEssai_->fontMetrics().lineSpacing());  // nothing jumps when it fills
+  TxtEssai_->setReadOnly(true);
+  TxtEssai_->setTabChangesFocus(true);
+  TxtEssai_->setMaximumBlockCount(kEtapesMax);
+  TxtEssai_->setFixedHeight(kHauteurEtapes);
+  // The keyboard can walk and copy the lines.
+  TxtEssai_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  auto* grille = new QGridLayout(this);
+  grille->setContentsMargins(0, 0, 0, 0);
+  grille->setHorizontalSpacing(2 * kEspace);
+  grille->setVerticalSpacing(kEspace);
+  grille->addWidget(CmdEssai_, 0, 0, Qt::AlignVCenter);
+  grille->addWidget(LblEssai_, 0, 1);
+  grille->addWidget(TxtEssai_, 1, 0, 1, 2);
+  grille->setColumnStretch(1, 1);
+  connect(CmdEssai_, &QAbstractButton::clicked, this, &PanneauEssai::Bascule);
+}
+
+PanneauEssai::~PanneauEssai() { Arrete(); }
+
+void PanneauEssai::EcritMots(qint32 langue, const QString& destination) {
+  Langue_ = langue;
+  Mots_ = DonneMotsEssai(langue);
+  TxtEssai_->setPlaceholderText(InviteEssai(langue, destination));
+  TxtEssai_->setAccessibleName(Mots_.Etapes);
+  CmdEssai_->setToolTip(Mots_.Aide);
+  if (EnCours_) LblEssai_->setText(Mots_.EnCours);
+  RafraichitBouton();
+}
+
+void PanneauEssai::RafraichitBouton() { CmdEssai_->setText(EnCours_ ? Mots_.Annuler : Mots_.Essayer); }
+
+void PanneauEssai::Bascule() {
+  if (!EnCours_) {
+    Lance();
+    return;
+  }
+  Arrete();
+  MontreFin(Mots_.Annule, false);
+}
+
+void PanneauEssai::Lance() {
+  EnCours_ = true;
+  Derniere_.clear();
+  TxtEssai_->clear();
+  Colore(*LblEssai_, kNeutre);
+  LblEssai_->setText(Mots_.EnCours);
+  RafraichitBouton();
+  Essai_.Lance(Demande_(),
+               {[this](const QString& ligne) { AjouteEtape(ligne); }, [this](FinEssai fin) { Acheve(fin); }});
+}
+
+void PanneauEssai::Arrete() {
+  if (!EnCours_) return;
+  EnCours_ = false;
+  Essai_.Annule();
+  RafraichitBouton();
+}
+
+void PanneauEssai::AjouteEtape(const QString& ligne) {
+  Derniere_ = ligne.left(kLigneMax);
+  TxtEssai_->appendPlainText(NommeEtape(Langue_, Derniere_));
+}
+
+void PanneauEssai::Acheve(FinEssai fin) {
+  EnCours_ = false;
+  RafraichitBouton();
+  const bool phrase = (fin == FinEssai::kAccepte || fin == FinEssai::kRefuse) && !Derniere_.isEmpty();
+  if (!phrase) {
+    MontreFin(fin == FinEssai::kSansFin ? Mots_.SansFin : Mots_.Impossible, false);
+    return;
+  }
+  RetireDerniereLigne(*TxtEssai_);  // it moves into the sentence
+  MontreFin(Derniere_, fin == FinEssai::kAccepte);
+}
+
+void PanneauEssai::MontreFin(const QString& phrase, bool reussi) {
+  Colore(*LblEssai_, reussi ? kVert : kRouge);
+  LblEssai_->setText(phrase);
+}
+
+}  // namespace vaktor

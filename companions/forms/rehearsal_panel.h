@@ -1,0 +1,50 @@
+// The rehearsal in the form of the mail settings: a button, the steps as they happen, and in one sentence how it ended.
+#pragma once
+
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <functional>
+
+#include "companions/ports/rehearsal.h"
+#include "companions/smtp_words.h"
+
+namespace vaktor {
+
+/// Owner: FrmSmtp. User-interface thread; never waits.
+class PanneauEssai : public QWidget {
+  Q_OBJECT
+
+ public:
+  static constexpr int kEtapesMax = 200;        ///< lines of the list; the oldest go
+  static constexpr qsizetype kLigneMax = 1000;  ///< characters of a line
+
+  /// `demande` gives the request at the moment of the click.
+  PanneauEssai(QWidget* parent, EssaiCourriel& essai, std::function<QByteArray()> demande);
+  ~PanneauEssai() override;
+
+  void EcritMots(qint32 langue, const QString& destination);
+  /// Ends a running rehearsal without a word.
+  void Arrete();
+  bool EnCours() const { return EnCours_; }
+
+ private:
+  void Bascule();
+  void Lance();
+  void AjouteEtape(const QString& ligne);
+  void Acheve(FinEssai fin);
+  void MontreFin(const QString& phrase, bool reussi);
+  void RafraichitBouton();
+
+  EssaiCourriel& Essai_;
+  std::function<QByteArray()> Demande_;
+  qint32 Langue_ = 0;
+  MotsEssai Mots_;
+  bool EnCours_ = false;
+  QString Derniere_;  // the newest line as it came: at the end it is the verdict
+  QPushButton* CmdEssai_;
+  QLabel* LblEssai_;
+  QPlainTextEdit* TxtEssai_;
+};
+
+}  // namespace vaktor

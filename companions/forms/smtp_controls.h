@@ -1,0 +1,39 @@
+// The controls of FrmSmtp and their places. No rules.
+#pragma once
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace vaktor {
+
+/// Made in the order in which the Tab key walks them. Owner of all controls: the form.
+struct ControlesSmtp {
+  explicit ControlesSmtp(QWidget* forme);
+
+  /// The fields and boxes in their rows, top to bottom.
+  QGridLayout* DonneGrille() const;
+
+  QCheckBox* ChkMailWinsock;
+  QLabel* LblMailWinsock;
+  QComboBox* CmbComptes;
+  QLabel* LblFrom;
+  QLineEdit* TxtFrom;
+  QLabel* LblSMTPadresse;
+  QLineEdit* TxtSMTP;
+  QLabel* LblSMTPport;
+  QLineEdit* TextPort;
+  QCheckBox* CheckNeedLoginSMTP;
+  QLabel* LblNeedLoginSMTP;
+  QLabel* LblSMTPuser;
+  QLineEdit* TxtSMTPuser;
+  QLabel* LblSMTPass;
+  QLineEdit* TxtSMTPpass;
+};
+
+/// Enabled and white, or disabled and grey.
+void ActiveChamp(QLineEdit& champ, bool actif);
+
+}  // namespace vaktor

@@ -1,0 +1,273 @@
+// The form of the mail settings: what it shows, reads and changes.
+#include <QAbstractItemView>
+
+#include "base/failure.h"
+#include "companions/smtp_bench.h"
+
+namespace vaktor::essai {
+namespace {
+
+using FormeSmtp = BancSmtp;
+const QColor kBlanc(0xff, 0xff, 0xff);
+const QColor kGris(0xe0, 0xe0, 0xe0);
+
+TEST_F(FormeSmtp, ShowsTheSettings) {
+  Ouvre();
+  EXPECT_EQ(Forme->windowTitle(), "SMTP");
+  EXPECT_FALSE(Coche("ChkMailWinsock")) << "the box means the opposite of the setting";
+  EXPECT_TRUE(Coche("CheckNeedLoginSMTP"));
+  EXPECT_EQ(Lit("TxtSMTP"), "smtp.b.org");
+  EXPECT_EQ(Lit("TxtFrom"), "me@b.org");
+  EXPECT_EQ(Lit("TextPort"), "587");
+  EXPECT_EQ(Lit("TxtSMTPuser"), "anna");
+  EXPECT_EQ(Lit("TxtSMTPpass"), "s3cret");
+  EXPECT_EQ(Trouve<QLineEdit>("TxtSMTPpass")->displayText(), "******");
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+}
+
+TEST_F(FormeSmtp, WordsOfBothLanguages) {
+  struct Mot {
+    const char* Etiquette;
+    const char* Francais;
+    const char* Anglais;
+  };
+  const Mot mots[] = {
+      {"LblMailWinsock", "Utiliser le logiciel de messagerie de mon ordinateur", "Use my eMail software (Outlook...)"},
+      {"LblSMTPadresse", "Adresse SMTP", "SMTP address"},
+      {"LblFrom", "Adresse eMail", "eMail address"},
+      {"LblSMTPport", "Port SMTP", "SMTP port"},
+      {"LblNeedLoginSMTP", "Mon serveur SMTP nécessite un mot de passe", "My SMTP server need a password"},
+      {"LblSMTPuser", "Nom d'utilisateur", "User name"},
+      {"LblSMTPass", "Mot de passe", "Password"}};
+  for (const qint32 langue : {0, 1}) {
+    Reglages.LangueCourante = langue;
+    Ouvre();
+    for (const Mot& mot : mots)
+      EXPECT_EQ(Trouve<QLabel>(mot.Etiquette)->text(), QString::fromUtf8(langue == 1 ? mot.Anglais : mot.Francais));
+    EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->placeholderText(),
+              QString::fromUtf8(langue == 1 ? "Choose a mailbox." : "Choisissez un compte Email."));
+    EXPECT_EQ(Trouve<QPushButton>("CmdEssai")->text(), QString::fromUtf8(langue == 1 ? "Try" : "Essayer"));
+  }
+}
+
+TEST_F(FormeSmtp, ToolTipsOfBothLanguages) {
+  for (const qint32 langue : {0, 1}) {
+    Reglages.LangueCourante = langue;
+    Ouvre();
+    const struct {
+      const char* Controle;
+      QString Aide;
+    } lignes[] = {
+        {"ChkMailWinsock", Textes.Aide(149)}, {"LblSMTPadresse", Textes.Aide(150)}, {"TxtSMTP", Textes.Aide(150)},
+        {"LblFrom", Textes.Aide(151)},        {"TxtFrom", Textes.Aide(151)},        {"LblSMTPport", Textes.Aide(229)},
+        {"TextPort", Textes.Aide(229)},       {"TxtSMTPuser", Textes.Texte(153)},   {"TxtSMTPpass", Textes.Texte(154)}};
+    for (const auto& ligne : lignes) {
+      EXPECT_FALSE(ligne.Aide.isEmpty());
+      EXPECT_EQ(Trouve(ligne.Controle)->toolTip(), ligne.Aide) << ligne.Controle;
+    }
+  }
+}
+
+TEST_F(FormeSmtp, EnabledStatesAndColours) {
+  Ouvre();
+  const auto attend = [this](bool serveur, bool connexion, const char* quand) {
+    for (const char* nom : {"CmbComptes", "CheckNeedLoginSMTP", "TxtFrom", "TxtSMTP", "TextPort"})
+      EXPECT_EQ(Trouve(nom)->isEnabled(), serveur) << nom << quand;
+    for (const char* nom : {"TxtFrom", "TxtSMTP", "TextPort"})
+      EXPECT_EQ(Fond(nom), serveur ? kBlanc : kGris) << nom << quand;
+    for (const char* nom : {"TxtSMTPuser", "TxtSMTPpass"}) {
+      EXPECT_EQ(Trouve(nom)->isEnabled(), connexion) << nom << quand;
+      EXPECT_EQ(Fond(nom), connexion ? kBlanc : kGris) << nom << quand;
+      const QImage image = Trouve(nom)->grab().toImage();
+      EXPECT_EQ(image.pixelColor(image.width() - 8, image.height() / 2), connexion ? kBlanc : kGris) << nom << quand;
+    }
+  };
+  attend(true, true, " at first");
+  Clique("CheckNeedLoginSMTP");
+  EXPECT_FALSE(Reglages.SmtpNeedLogin);
+  attend(true, false, " without login");
+  Clique("ChkMailWinsock");
+  EXPECT_FALSE(Reglages.SmtpActif);
+  attend(false, false, " with the mail software");
+  Clique("ChkMailWinsock");
+  EXPECT_TRUE(Reglages.SmtpActif);
+  attend(true, false, " back again");
+}
+
+TEST_F(FormeSmtp, BoxesWorkWithTheKeyboard) {
+  Ouvre();
+  Trouve("ChkMailWinsock")->setFocus();
+  QTest::keyClick(Trouve("ChkMailWinsock"), Qt::Key_Space);
+  EXPECT_FALSE(Reglages.SmtpActif);
+}
+
+TEST_F(FormeSmtp, TheTabKeyWalksEverythingTopToBottom) {
+  Ouvre();
+  Trouve("ChkMailWinsock")->setFocus();
+  QStringList chemin;
+  for (int i = 0; i < 10; ++i) {
+    chemin.append(QApplication::focusWidget()->objectName());
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  }
+  EXPECT_EQ(chemin, (QStringList{"ChkMailWinsock", "CmbComptes", "TxtFrom", "TxtSMTP", "TextPort", "CheckNeedLoginSMTP",
+                                 "TxtSMTPuser", "TxtSMTPpass", "CmdEssai", "TxtEssai"}));
+  EXPECT_EQ(QApplication::focusWidget()->objectName(), "ChkMailWinsock");
+}
+
+TEST_F(FormeSmtp, SettingsLoseTheBlanksThatTheFieldsKeep) {
+  Ouvre();
+  Tape("TxtSMTP", " smtp. c .org ");
+  Tape("TxtFrom", "a @ c.org");
+  Tape("TxtSMTPuser", " a n ");
+  Tape("TxtSMTPpass", "p w ");
+  EXPECT_EQ(Reglages.SmtpServeur, "smtp.c.org");
+  EXPECT_EQ(Lit("TxtSMTP"), " smtp. c .org ");
+  EXPECT_EQ(Reglages.SmtpFrom, "a@c.org");
+  EXPECT_EQ(Lit("TxtFrom"), "a @ c.org");
+  EXPECT_EQ(Reglages.SmtpUser, "an");
+  EXPECT_EQ(Lit("TxtSMTPuser"), " a n ");
+  EXPECT_EQ(Reglages.SmtpPass, "pw");
+  EXPECT_EQ(Lit("TxtSMTPpass"), "p w ");
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0) << "only the closing saves";
+}
+
+TEST_F(FormeSmtp, APastedTextEndsAtItsFirstLine) {
+  Ouvre();
+  Trouve<QLineEdit>("TxtSMTP")->setText("smtp.c.org\r\nmore");
+  EXPECT_EQ(Lit("TxtSMTP"), "smtp.c.org");
+  EXPECT_EQ(Reglages.SmtpServeur, "smtp.c.org");
+}
+
+TEST_F(FormeSmtp, PortWithALetterBecomes25AndDigitsStay) {
+  Ouvre();
+  Tape("TextPort", "2a5");  // at the "a" the field becomes 25, behind which the 5 is typed
+  EXPECT_EQ(Lit("TextPort"), "255");
+  Trouve<QLineEdit>("TextPort")->setText("2a5");
+  EXPECT_EQ(Lit("TextPort"), "25");
+  EXPECT_EQ(Reglages.SmtpPort, "25");
+  Tape("TextPort", "587");
+  EXPECT_EQ(Lit("TextPort"), "587");
+  EXPECT_EQ(Reglages.SmtpPort, "587");
+  Tape("TextPort", "");
+  EXPECT_EQ(Lit("TextPort"), "");
+  EXPECT_EQ(Reglages.SmtpPort, "");
+}
+
+TEST_F(FormeSmtp, ADamagedStoredPortBecomes25OnOpening) {
+  Reglages.SmtpPort = "x";
+  Ouvre();
+  EXPECT_EQ(Lit("TextPort"), "25");
+  EXPECT_EQ(Reglages.SmtpPort, "25");
+}
+
+TEST_F(FormeSmtp, PickingAnAccountCopiesItAndLeavesThePassword) {
+  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org", {}, 25);
+  Tree.AjouteCompte("2", "smtp2.org", "a2@b.org", "bob", 465);
+  Ouvre();
+  auto* liste = Trouve<QComboBox>("CmbComptes");
+  EXPECT_EQ(liste->currentIndex(), -1) << "nothing is picked yet";
+  EXPECT_EQ(Lit("TxtSMTP"), "smtp.b.org") << "settings that are there stay";
+  liste->setFocus();
+  QTest::keyClick(liste, Qt::Key_Down);
+  EXPECT_EQ(liste->currentText(), "a1@b.org");
+  EXPECT_EQ(Lit("TxtSMTP"), "smtp1.org");
+  EXPECT_EQ(Lit("TxtSMTPuser"), "");
+  EXPECT_FALSE(Coche("CheckNeedLoginSMTP"));
+  EXPECT_FALSE(Trouve("TxtSMTPuser")->isEnabled());
+  QTest::keyClick(liste, Qt::Key_Down);
+  EXPECT_EQ(Reglages.SmtpServeur, "smtp2.org");
+  EXPECT_EQ(Reglages.SmtpFrom, "a2@b.org");
+  EXPECT_EQ(Reglages.SmtpPort, "465");
+  EXPECT_EQ(Reglages.SmtpUser, "bob");
+  EXPECT_TRUE(Coche("CheckNeedLoginSMTP"));
+  EXPECT_EQ(Lit("TextPort"), "465");
+  EXPECT_EQ(Lit("TxtFrom"), "a2@b.org");
+  EXPECT_EQ(Reglages.SmtpPass, "s3cret");
+  EXPECT_EQ(Lit("TxtSMTPpass"), "s3cret");
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+}
+
+TEST_F(FormeSmtp, ThePickedEntryCanBePickedAgain) {
+  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
+  Ouvre();
+  auto* liste = Trouve<QComboBox>("CmbComptes");
+  QTest::keyClick(liste, Qt::Key_Down);
+  Tape("TxtSMTP", "typo");
+  liste->setFocus();
+  liste->showPopup();
+  QTest::keyClick(liste->view(), Qt::Key_Return);
+  EXPECT_EQ(Lit("TxtSMTP"), "smtp1.org");
+}
+
+TEST_F(FormeSmtp, EmptySettingsFillThemselvesFromTheDefaultAccount) {
+  Reglages.SmtpServeur.clear();
+  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
+  Tree.AjouteCompte("2", "smtp2.org", "a2@b.org", "bob", 465);
+  Tree.NommeDefaut("2");
+  Ouvre();
+  EXPECT_EQ(Lit("TxtSMTP"), "smtp2.org");
+  EXPECT_EQ(Lit("TxtFrom"), "a2@b.org");
+  EXPECT_EQ(Lit("TextPort"), "465");
+  EXPECT_EQ(Lit("TxtSMTPuser"), "bob");
+  EXPECT_EQ(Reglages.SmtpPass, "s3cret");
+  EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->currentIndex(), -1);
+}
+
+TEST_F(FormeSmtp, AMissingSenderAloneFillsAllToo) {
+  Reglages.SmtpFrom.clear();
+  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
+  Ouvre();
+  EXPECT_EQ(Reglages.SmtpServeur, "smtp1.org");
+}
+
+TEST_F(FormeSmtp, AnUnusableAccountBeforeTheDefaultOneMakesItAnEmptySlot) {
+  Reglages.SmtpServeur.clear();
+  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
+  Tree.AjouteCompte("2", "", "a2@b.org");
+  Tree.AjouteCompte("3", "smtp3.org", "a3@b.org");
+  Tree.NommeDefaut("3");
+  Ouvre();
+  EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->count(), 2);
+  EXPECT_EQ(Reglages.SmtpServeur, "");
+  EXPECT_EQ(Reglages.SmtpPort, "");
+}
+
+TEST_F(FormeSmtp, WithoutAnyAccountEmptySettingsLoseThePortAndTheLogin) {
+  Reglages.SmtpServeur.clear();
+  Reglages.SmtpPort = "25";
+  Ouvre();
+  EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->count(), 0);
+  EXPECT_EQ(Reglages.SmtpPort, "");
+  EXPECT_EQ(Lit("TextPort"), "");
+  EXPECT_FALSE(Reglages.SmtpNeedLogin);
+  EXPECT_FALSE(Coche("CheckNeedLoginSMTP"));
+  EXPECT_EQ(Lit("TxtFrom"), "") << "the sender that was there goes too";
+}
+
+TEST_F(FormeSmtp, TwelveAccountsGiveElevenEntriesAndTheyNeverGrow) {
+  for (int i = 1; i <= 12; ++i)
+    Tree.AjouteCompte(QString::number(i), QStringLiteral("s%1").arg(i), QStringLiteral("a%1").arg(i));
+  Ouvre();
+  EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->count(), 11);
+  Ouvre();
+  EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->count(), 11);
+}
+
+TEST_F(FormeSmtp, PendingEventsRunForEachKeyAndOnceMoreAtTheEnd) {
+  Tree.AjouteCompte("1", "s", "a");
+  Tree.AjouteCompte("2", "s", "b");
+  Ouvre();
+  EXPECT_EQ(Pompe.Appels, 3);
+}
+
+TEST_F(FormeSmtp, TooManyAccountsOrAHighPortEndTheOpening) {
+  Tree.AjouteCompte("1", "s", "high@b.org", {}, 40000);
+  EXPECT_THROW(Ouvre(), Echec);
+  Tree.Efface();
+  for (int i = 0; i < 22; ++i) Tree.AjouteCompte(QString::number(i), "s", "a");
+  EXPECT_THROW(Ouvre(), Echec);
+  EXPECT_EQ(Reglages.SmtpServeur, "smtp.b.org");
+}
+
+}  // namespace
+}  // namespace vaktor::essai

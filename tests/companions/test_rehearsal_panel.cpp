@@ -1,0 +1,129 @@
+// The rehearsal in the form of the mail settings.
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include "companions/smtp_bench.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct EssaiDansLaForme : BancSmtp {
+  QString Phrase() { return Trouve<QLabel>("LblEssai")->text(); }
+  QString Bouton() { return Trouve<QPushButton>("CmdEssai")->text(); }
+  QStringList Etapes() { return Trouve<QPlainTextEdit>("TxtEssai")->toPlainText().split(u'\n', Qt::SkipEmptyParts); }
+  QJsonObject Demande() const { return QJsonDocument::fromJson(Essai.Demande).object(); }
+};
+
+TEST_F(EssaiDansLaForme, SendsWhatStandsInTheFieldsAndSavesNothing) {
+  Ouvre();
+  Tape("TxtSMTP", "smtp.typed.org");
+  Tape("TxtSMTPpass", "typed");
+  Tape("TextPort", "465");
+  Clique("CmdEssai");
+  EXPECT_EQ(Essai.Lances, 1);
+  const QJsonObject d = Demande();
+  EXPECT_EQ(d["destination"], "you@c.org");
+  EXPECT_EQ(d["smtpserveur"], "smtp.typed.org");
+  EXPECT_EQ(d["smtpfrom"], "me@b.org");
+  EXPECT_EQ(d["smtpport"], "465");
+  EXPECT_EQ(d["smtpuser"], "anna");
+  EXPECT_EQ(d["pass"], "typed");
+  EXPECT_EQ(d["smtpactif"], true);
+  EXPECT_EQ(d["smtpneedlogin"], true);
+  EXPECT_EQ(d["langue"], 1);
+  EXPECT_EQ(d["sujet"], "[Test] Intrusion");
+  EXPECT_TRUE(d["corp"].toString().startsWith("This is a test of Vaktor, not an alarm.\n"));
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+  EXPECT_FALSE(Reglages.ParametresModifies);
+}
+
+TEST_F(EssaiDansLaForme, ThePromptOfTheMainWindowIsNoDestination) {
+  Textes.Remplit(1);
+  Reglages.MailDestination = Textes.Texte(189);
+  Ouvre();
+  EXPECT_TRUE(Trouve<QPlainTextEdit>("TxtEssai")->placeholderText().contains("First enter"));
+  Clique("CmdEssai");
+  EXPECT_EQ(Demande()["destination"], "");
+}
+
+TEST_F(EssaiDansLaForme, StepsComeAsTheyHappenAndTheLastLineIsTheSentence) {
+  Ouvre();
+  EXPECT_EQ(Bouton(), "Try");
+  Trouve("CmdEssai")->setFocus();
+  QTest::keyClick(Trouve("CmdEssai"), Qt::Key_Space);
+  EXPECT_EQ(Bouton(), "Cancel");
+  Essai.Dit("220 ready");
+  EXPECT_EQ(Etapes(), QStringList{"220 ready"});
+  Essai.Dit("AUTH: 535 5.7.8 <b>no</b>");
+  EXPECT_EQ(Etapes().last(), "Login - AUTH: 535 5.7.8 <b>no</b>") << "the server's own words, as text";
+  Essai.Dit("Check the password.");
+  Essai.Finit(FinEssai::kRefuse);
+  EXPECT_EQ(Etapes().size(), 2);
+  EXPECT_EQ(Phrase(), "Check the password.");
+  EXPECT_EQ(Bouton(), "Try");
+  Clique("CmdEssai");
+  EXPECT_TRUE(Etapes().isEmpty()) << "a new one begins on a clean list";
+  Essai.Dit("The mail was accepted.");
+  Essai.Finit(FinEssai::kAccepte);
+  EXPECT_EQ(Phrase(), "The mail was accepted.");
+}
+
+TEST_F(EssaiDansLaForme, ACompanionThatIsMissingOrSaysNothingIsTold) {
+  Reglages.LangueCourante = 0;
+  Ouvre();
+  Clique("CmdEssai");
+  Essai.Finit(FinEssai::kImpossible);
+  EXPECT_TRUE(Phrase().contains("VAKTORmail")) << Phrase().toStdString();
+  Clique("CmdEssai");
+  Essai.Dit("220 a");
+  Essai.Finit(FinEssai::kSansFin);
+  EXPECT_EQ(Phrase(), DonneMotsEssai(0).SansFin);
+  EXPECT_EQ(Etapes(), QStringList{"220 a"}) << "what was reached stays to be read";
+  Clique("CmdEssai");
+  Essai.Finit(FinEssai::kRefuse);
+  EXPECT_EQ(Phrase(), DonneMotsEssai(0).Impossible);
+}
+
+TEST_F(EssaiDansLaForme, TheSameButtonCancels) {
+  Ouvre();
+  Clique("CmdEssai");
+  Essai.Dit("220 a");
+  Clique("CmdEssai");
+  EXPECT_EQ(Essai.Annules, 1);
+  EXPECT_EQ(Essai.Lances, 1);
+  EXPECT_EQ(Phrase(), "The trial was cancelled.");
+  EXPECT_EQ(Bouton(), "Try");
+}
+
+TEST_F(EssaiDansLaForme, ClosingTheFormCancelsButAQuestionDoesNot) {
+  Ouvre();
+  Clique("CmdEssai");
+  Tape("TxtSMTP", "");
+  Boites.Reponse = ReponseBoite::kNon;
+  EXPECT_FALSE(Ferme());
+  EXPECT_EQ(Essai.Annules, 0);
+  Tape("TxtSMTP", "s");
+  EXPECT_TRUE(Ferme());
+  EXPECT_EQ(Essai.Annules, 1);
+}
+
+TEST_F(EssaiDansLaForme, TheListIsBounded) {
+  Ouvre();
+  Clique("CmdEssai");
+  for (int i = 0; i < PanneauEssai::kEtapesMax + 50; ++i) Essai.Dit(QString(5000, u'x'));
+  EXPECT_LE(Etapes().size(), PanneauEssai::kEtapesMax);
+  EXPECT_EQ(Etapes().last().size(), PanneauEssai::kLigneMax);
+}
+
+TEST_F(EssaiDansLaForme, AChangeOfLanguageReachesItWhileItRuns) {
+  Ouvre();
+  Clique("CmdEssai");
+  Reglages.LangueCourante = 0;
+  Textes.Remplit(0);
+  Forme->EcritMots();
+  EXPECT_EQ(Bouton(), "Annuler");
+  EXPECT_EQ(Phrase(), QString::fromUtf8("Essai en cours…"));
+}
+
+}  // namespace
+}  // namespace vaktor::essai
