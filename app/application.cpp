@@ -54,10 +54,11 @@ void Vaktor::CreeMoteur() {
 }
 
 void Vaktor::CreeForm1() {
-  Form1_ = std::make_unique<Form1>(ServicesForm1{
-      Reglages_, *Sauvegarde_, Textes_, *Moteur_, *Live_, Systeme_.Boites,
-      [this] { return Photos_->VerifieEspaceDisque(); }, [this] { ChargeurTextes_->ChargeTextes(); },
-      [this](bool montre) { montre ? PleinEcran_.Montre() : PleinEcran_.Cache(); }, [this] { DemandeFermeture(); }});
+  Form1_ = std::make_unique<Form1>(
+      ServicesForm1{Reglages_, *Sauvegarde_, Textes_, *Moteur_, *Live_, Systeme_.Boites,
+                    [this] { return Photos_->VerifieEspaceDisque(); }, [this] { ChargeurTextes_->ChargeTextes(); },
+                    [this](bool montre) { montre ? PleinEcran_.Montre() : PleinEcran_.Cache(); },
+                    [this] { DemandeFermeture(); }, [this] { MontreFrmSmtp(); }});
   PleinEcran_.SurFermeture([this] { Form1_->CheckPEcran().setChecked(false); });
   Vue_.Relie({*Moteur_, Reglages_, *Form1_, [this]() -> FormMonitor& { return Moniteur(); }, PleinEcran_});
   VueLiaison_.Relie(*Form1_);
@@ -73,6 +74,10 @@ void Vaktor::BrancheActions() {
   actions[3] = [this] { Live_->TestPageLive(); };
   actions[6] = [this] { MontreFormSound(); };
   actions[7] = [this] { Liens_.OuvreNotice(); };
+  actions[8] = [this] {
+    MontreFrmSmtp();
+    ChargeurTextes_->ChargeTextes();
+  };
   BrancheBoutonsGris(*Form1_, actions);
 }
 

@@ -12,8 +12,10 @@
 #include "app/system_ports.h"
 #include "base/application_state.h"
 #include "companions/form_winsock.h"
+#include "companions/forms/frm_smtp.h"
 #include "companions/live_publishing.h"
 #include "companions/live_stamp.h"
+#include "companions/mail_accounts.h"
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
 #include "image/forms/form_monitor.h"
@@ -69,6 +71,7 @@ class Vaktor : private EtapesDepart {
   void CreeForm1();
   void BrancheActions();
   void MontreFormSound();
+  void MontreFrmSmtp();
   void CreeFormWinsock();
   ChampsSite LitChampsSite() const;
   FormMonitor& Moniteur();
@@ -80,6 +83,8 @@ class Vaktor : private EtapesDepart {
   void FermeApplication();
   void PrevientCompagnons();
   void SauveAvantFin();
+  void EssaieJusquauBout(const std::function<void()>& pas);
+  void DechargeFrmSmtp();
   void DechargeFormes();
 
   const PortsSysteme Systeme_;
@@ -118,6 +123,8 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<Form1> Form1_;
   std::unique_ptr<FormMonitor> FormMonitor_;
   std::unique_ptr<FormVisuPhoto> FormVisuPhoto_;
+  ComptesMail Comptes_;                   // as last read; FrmSmtp shows them
+  std::unique_ptr<FrmSmtp> FrmSmtp_;      // from its opening to its close
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;

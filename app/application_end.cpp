@@ -43,6 +43,7 @@ void Vaktor::FermeApplication() {
   Systeme_.Pompe.PompeMessages();
   // In this order, each as far as it is there. Gallery and monitor only close: what still runs in a pump may touch
   // them.
+  DechargeFrmSmtp();
   PleinEcran_.Decharge();
   // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
   if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) FormVisuPhoto_->close();
@@ -64,9 +65,12 @@ void Vaktor::PrevientCompagnons() {
 }
 
 void Vaktor::SauveAvantFin() {
-  if (!Reglages_.ParametresModifies) return;
+  if (Reglages_.ParametresModifies) EssaieJusquauBout([this] { Sauvegarde_->SauveParametres(); });
+}
+
+void Vaktor::EssaieJusquauBout(const std::function<void()>& pas) {
   try {
-    Sauvegarde_->SauveParametres();
+    pas();
   } catch (const Echec& echec) {
     // The end must not stop half-way, and the user must know what was lost.
     std::fprintf(stderr, "Vaktor: %s\n", qUtf8Printable(echec.Description()));
@@ -76,6 +80,7 @@ void Vaktor::SauveAvantFin() {
 
 void Vaktor::DechargeFormes() {
   PleinEcran_.Decharge();
+  FrmSmtp_.reset();
   ChargeurTextes_.reset();
   VueParametres_.reset();
   FormWinsock_.reset();

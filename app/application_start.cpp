@@ -57,8 +57,10 @@ AffichageParametres& Vaktor::ChargeForm1() {
 
 void Vaktor::ChargeTextes() {
   // The words go into the monitor and the gallery too: this is their first use.
-  ChargeurTextes_ = std::make_unique<ChargeurTextes>(Reglages_, Textes_, *Form1_, Moniteur(),
-                                                     [this] { EcritLibellesBoutons(*Form1_, Textes_); });
+  ChargeurTextes_ = std::make_unique<ChargeurTextes>(Reglages_, Textes_, *Form1_, Moniteur(), [this] {
+    if (FrmSmtp_) FrmSmtp_->EcritMots();
+    EcritLibellesBoutons(*Form1_, Textes_);
+  });
   ChargeurTextes_->RelieGalerie(Galerie());
   ChargeurTextes_->ChargeTextes();
 }

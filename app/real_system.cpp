@@ -13,7 +13,8 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
     : Arguments_(arguments),
       Dossiers_(TrouveDossiers(arguments.Dossier)),
       Sons_(Dossiers_, Disque_, LecteurSon_),
-      Programmes_(arguments.Dossier) {}
+      Programmes_(arguments.Dossier),
+      Essai_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier) {}
 
 SystemeReel::~SystemeReel() = default;
 
@@ -39,6 +40,8 @@ PortsSysteme SystemeReel::Ports() {
           .Sons = Sons_,
           .Programmes = Programmes_,
           .Navigateur = Navigateur_,
+          .Comptes = Comptes_,
+          .Essai = Essai_,
           .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                    QStringLiteral(VAKTOR_VERSION)},
           .CreeFormSound =

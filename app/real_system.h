@@ -3,12 +3,14 @@
 
 #include <memory>
 
+#include "app/do_nothing.h"
 #include "app/start_arguments.h"
 #include "app/system_ports.h"
 #include "platform/base/event_pump.h"
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
 #include "platform/base/system_files.h"
+#include "platform/channel/mail_rehearsal.h"
 #include "platform/channel/system_processes.h"
 #include "platform/image/jpeg_photo_reader.h"
 #include "platform/image/turbo_jpeg_encoder.h"
@@ -48,6 +50,8 @@ class SystemeReel {
   LecteurGStreamer LecteurSon_;
   Sons Sons_;
   ProcessusSysteme Programmes_;
+  SansComptes Comptes_;
+  EssaiParCompagnon Essai_;
   std::unique_ptr<MemoireCapture> Memoire_;
 };
 

@@ -8,8 +8,10 @@
 #include "base/ports/message_boxes.h"
 #include "base/ports/opener.h"
 #include "base/program_folders.h"
+#include "companions/ports/mail_registry.h"
 #include "companions/ports/message_channel.h"
 #include "companions/ports/processes.h"
+#include "companions/ports/rehearsal.h"
 #include "engine/ports/capture_driver.h"
 #include "engine/ports/clock.h"
 #include "engine/ports/event_pump.h"
@@ -43,6 +45,8 @@ struct PortsSysteme {
   SonsInterface& Sons;
   Processus& Programmes;
   Ouvreur& Navigateur;
+  RegistreComptes& Comptes;  ///< the mail accounts of this machine
+  EssaiCourriel& Essai;
   SitePages Site = {};
   /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};

@@ -10,6 +10,8 @@
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_photo_reader.h"
+#include "fakes/fake_mail_registry.h"
+#include "fakes/fake_rehearsal.h"
 #include "fakes/journal.h"
 #include "fakes/virtual_timers.h"
 
@@ -218,7 +220,9 @@ struct SystemeFaux {
             .Lecteur = Lecteur,
             .Sons = Sons,
             .Programmes = Programmes,
-            .Navigateur = Navigateur};
+            .Navigateur = Navigateur,
+            .Comptes = Comptes,
+            .Essai = Essai};
   }
   /// A companion writes a word into its inbox.
   void Recoit(qint32 poignee, const QString& texte) {
@@ -245,6 +249,8 @@ struct SystemeFaux {
   faux::LecteurPhotosFaux Lecteur;
   ProcessusNote Programmes{Notes};
   OuvreurMuet Navigateur;
+  faux::RegistreFaux Comptes;
+  faux::EssaiFaux Essai;
   std::unique_ptr<faux::PiloteFaux> Pilote = std::make_unique<faux::PiloteFaux>(Notes);
 };
 
