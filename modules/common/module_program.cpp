@@ -49,8 +49,8 @@ std::optional<int> TraiteArguments(int argc, char** argv, const DescriptionModul
                           << description.English << "\n\n"
                           << programme << " [--help | --version]\n\n"
                           << description.Options
-                          << QString::fromUtf8("Vaktor lance ce programme lui-même ; il n'a pas d'autre argument.\n")
-                          << "Vaktor starts this program by itself; it takes no other argument.\n";
+                          << QString::fromUtf8("Vaktor lance ce programme lui-même, sans argument.\n")
+                          << "Vaktor starts this program by itself, without arguments.\n";
       return 0;
     }
     QTextStream(stderr) << programme << ": " << argument << " ? (--help)\n";

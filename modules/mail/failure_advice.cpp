@@ -126,20 +126,57 @@ constexpr std::array<Ligne, 21> kLignes = {{
      {"The sending was interrupted.", "Nothing to do: the mail is kept and will be sent at the next start."}},
 }};
 
+// Where a mail of the alarm would be kept and sent again, or have photos.
+constexpr std::array<Ligne, 5> kLignesEssai = {{
+    {CauseEchec::kServeurRefuse,
+     "mail-refused",
+     {"Le serveur %1 ne prend pas de mails en ce moment.", "Lisez sa réponse et essayez plus tard."},
+     {"The server %1 takes no mail at the moment.", "Read its answer and try again later."}},
+    {CauseEchec::kMessageRefuse,
+     "mail-message",
+     {"Le serveur %1 a refusé le message.", "Lisez sa réponse, puis changez le sujet ou le texte du mail."},
+     {"The server %1 refused the message.", "Read its answer, then change the subject or the text of the mail."}},
+    {CauseEchec::kDelai,
+     "mail-silence",
+     {"Le serveur %1 a cessé de répondre.", "Essayez encore ; si cela dure, essayez le port 587, ou 465."},
+     {"The server %1 stopped answering.", "Try again; if it lasts, try port 587, or 465."}},
+    {CauseEchec::kCoupure,
+     "mail-cut",
+     {"La connexion avec %1 a été coupée.", "Essayez encore ; si cela dure, essayez le port 587, ou 465."},
+     {"The connection with %1 broke.", "Try again; if it lasts, try port 587, or 465."}},
+    {CauseEchec::kInterrompu,
+     "mail-interrupted",
+     {"L'essai a été interrompu.", "Essayez encore."},
+     {"The trial was interrupted.", "Try again."}},
+}};
+
 QString Remplit(const Paire& paire, const ReglagesEnvoi& reglages) {
   QString texte = QString::fromUtf8(paire.Constat) + u' ' + QString::fromUtf8(paire.Remede);
   texte.replace(QStringLiteral("%2"), QString::number(reglages.Port));
   return texte.replace(QStringLiteral("%1"), reglages.Serveur).trimmed();
 }
 
+template <typename Table>
+const Ligne* TrouveLigne(const Table& lignes, CauseEchec cause) {
+  const auto ligne = std::find_if(lignes.begin(), lignes.end(), [cause](const Ligne& l) { return l.Cause == cause; });
+  return ligne == lignes.end() ? nullptr : &*ligne;
+}
+
+AvisEchec Compose(const Ligne* ligne, const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
+  if (ligne == nullptr) return {};
+  return {QLatin1String(ligne->Sujet), resultat.MotsServeur, Remplit(ligne->Francais, reglages),
+          Remplit(ligne->Anglais, reglages)};
+}
+
 }  // namespace
 
 AvisEchec ComposeAvis(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
-  const auto ligne =
-      std::find_if(kLignes.begin(), kLignes.end(), [&](const Ligne& l) { return l.Cause == resultat.Cause; });
-  if (ligne == kLignes.end()) return {};
-  return {QLatin1String(ligne->Sujet), resultat.MotsServeur, Remplit(ligne->Francais, reglages),
-          Remplit(ligne->Anglais, reglages)};
+  return Compose(TrouveLigne(kLignes, resultat.Cause), resultat, reglages);
+}
+
+AvisEchec ComposeAvisEssai(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
+  const Ligne* ligne = TrouveLigne(kLignesEssai, resultat.Cause);
+  return Compose(ligne != nullptr ? ligne : TrouveLigne(kLignes, resultat.Cause), resultat, reglages);
 }
 
 AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots) {

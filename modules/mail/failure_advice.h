@@ -11,6 +11,8 @@ namespace vaktor {
 /// For the status file and the notification. The subject is the name of the cause ("mail-login"). Holds neither user
 /// name nor password, except where the server quotes them: the status file hides the password there.
 AvisEchec ComposeAvis(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages);
+/// The same for a rehearsal: nothing of it is kept or sent again, and it has no photos.
+AvisEchec ComposeAvisEssai(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages);
 /// The outbox cannot be written; `mots` are those of the system.
 AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots);
 

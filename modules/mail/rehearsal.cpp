@@ -12,6 +12,9 @@
 namespace vaktor {
 namespace {
 
+// A person waits in front of the screen: less patience than the outbox has.
+constexpr DelaisEnvoi kDelaisEssai{.Connexion = 15'000, .Reponse = 20'000, .FinDonnees = 40'000};
+
 Parametres LitDemande(const QJsonObject& demande) {
   Parametres p;
   const auto texte = [&](const char* cle, QString& valeur) {
@@ -56,9 +59,14 @@ FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites,
     return FinRepetition::kDemandeIllisible;
   }
   const Parametres valeurs = LitDemande(document.object());
-  const ReglagesCourriel reglages = TraduitReglages(valeurs, {}, autorites);
+  ReglagesCourriel reglages = TraduitReglages(valeurs, {}, autorites);
+  reglages.Envoi.Delais = kDelaisEssai;
   const QStringList secrets = DonneSecrets(reglages.Envoi);
-  const auto dis = [&](const QString& ligne) { ecrit(NettoieLigne(ligne, secrets)); };
+  QString derniere;
+  const auto dis = [&](const QString& ligne) {
+    derniere = ligne;
+    ecrit(NettoieLigne(ligne, secrets));
+  };
   if (reglages.Envoi.ParSmtp)
     dis(QStringLiteral("%1:%2").arg(reglages.Envoi.Serveur, QString::number(reglages.Envoi.Port)));
   RappelsEnvoi rappels;
@@ -66,8 +74,10 @@ FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites,
     dis(commande.isEmpty() ? reponse : commande + QStringLiteral(": ") + reponse);
   };
   const ResultatEnvoi resultat = EnvoieCourriel(reglages.Envoi, reglages.Adresses, ComposeEssai(reglages), rappels);
-  const AvisEchec avis = ComposeAvis(resultat, reglages.Envoi);
-  if (!resultat.Accepte && !resultat.MotsServeur.isEmpty()) dis(resultat.MotsServeur);
+  const AvisEchec avis = ComposeAvisEssai(resultat, reglages.Envoi);
+  // What a server said has been told as the step that it answered; what the system said has not.
+  if (!resultat.Accepte && !resultat.MotsServeur.isEmpty() && !derniere.endsWith(resultat.MotsServeur))
+    dis(resultat.MotsServeur);
   dis(valeurs.LangueCourante == 1 ? avis.English : avis.Francais);
   return resultat.Accepte ? FinRepetition::kAccepte : FinRepetition::kRefuse;
 }

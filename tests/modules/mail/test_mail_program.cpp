@@ -191,7 +191,7 @@ TEST_F(ProgrammeMail, TheRehearsalTellsEachStepAndSavesNothing) {
   ASSERT_TRUE(Serveur.Demarre({"--login", "anna", "autre"}));
   const QString refuse = repete(debut + port + R"(,"smtpuser":"anna","pass":"s3cret&mot"})");
   EXPECT_EQ(Programme.exitCode(), 1);
-  EXPECT_TRUE(refuse.contains("535")) << refuse.toStdString();
+  EXPECT_EQ(refuse.count("535"), 1) << "told once, as the step:\n" << refuse.toStdString();
   EXPECT_TRUE(refuse.trimmed().split('\n').last().contains(QString::fromUtf8("Vérifiez")));
   EXPECT_FALSE(refuse.contains(kPass));
   repete("non");

@@ -313,5 +313,19 @@ TEST(Advice, EachCauseHasOneInBothLanguages) {
   }
 }
 
+TEST(Advice, OfARehearsalPromisesNothingThatIsKept) {
+  ReglagesEnvoi reglages;
+  reglages.Serveur = "smtp.exemple.fr";
+  for (int i = 0; i < static_cast<int>(CauseEchec::kFichier); ++i) {
+    const AvisEchec avis = ComposeAvisEssai({.Cause = static_cast<CauseEchec>(i), .MotsServeur = "dit"}, reglages);
+    EXPECT_GT(avis.Francais.size(), 20) << i;
+    EXPECT_GT(avis.English.size(), 20) << i;
+    for (const char* mot : {"kept", "again.", "pictures"}) EXPECT_FALSE(avis.English.contains(mot)) << i;
+    for (const char* mot : {"gardé", "de nouveau", "photos"})
+      EXPECT_FALSE(avis.Francais.contains(QString::fromUtf8(mot))) << i;
+    EXPECT_EQ(avis.Sujet, ComposeAvis({.Cause = static_cast<CauseEchec>(i)}, reglages).Sujet);
+  }
+}
+
 }  // namespace
 }  // namespace vaktor::essai
