@@ -23,7 +23,7 @@ struct MotsEssai {
   QString Impossible;  ///< the mail companion could not be started, or broke off
 };
 MotsEssai DonneMotsEssai(qint32 langue);
-/// What stands in the empty list of the steps; `destination` may be empty.
+/// What stands beside the button before it is pressed; `destination` may be empty.
 QString InviteEssai(qint32 langue, const QString& destination);
 /// Subject and first line of the mail: who gets it must not take it for an alarm.
 QString SujetEssai(qint32 langue, const QString& sujet);

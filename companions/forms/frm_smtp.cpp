@@ -25,6 +25,7 @@ FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this) {
   QFont police(QStringLiteral("Arial"));
   police.setPixelSize(kPolice);
   setFont(police);
+  Controles_.TxtSMTPpass->setFont(police);  // a style sheet keeps it from taking the one of the form
   Panneau_ =
       new PanneauEssai(this, Ports_.Essai, [this] { return ComposeDemandeEssai(Ports_.Reglages, DonneDestination()); });
   auto* trait = new QFrame(this);

@@ -10,8 +10,8 @@ namespace vaktor {
 namespace {
 
 constexpr int kEspace = 6;
-constexpr int kHauteurEtapes = 108;
-constexpr int kLignesPhrase = 3;
+constexpr int kHauteurEtapes = 122;
+constexpr int kLignesPhrase = 4;
 constexpr QRgb kNeutre = qRgb(0x40, 0x40, 0x40);
 constexpr QRgb kVert = qRgb(0x00, 0x66, 0x22);
 constexpr QRgb kRouge = qRgb(0xb0, 0x10, 0x10);
@@ -67,10 +67,14 @@ PanneauEssai::~PanneauEssai() { Arrete(); }
 void PanneauEssai::EcritMots(qint32 langue, const QString& destination) {
   Langue_ = langue;
   Mots_ = DonneMotsEssai(langue);
-  TxtEssai_->setPlaceholderText(InviteEssai(langue, destination));
   TxtEssai_->setAccessibleName(Mots_.Etapes);
   CmdEssai_->setToolTip(Mots_.Aide);
-  if (EnCours_) LblEssai_->setText(Mots_.EnCours);
+  if (EnCours_) {
+    LblEssai_->setText(Mots_.EnCours);
+  } else {
+    Colore(*LblEssai_, kNeutre);
+    LblEssai_->setText(InviteEssai(langue, destination));
+  }
   RafraichitBouton();
 }
 

@@ -41,7 +41,7 @@ TEST_F(EssaiDansLaForme, ThePromptOfTheMainWindowIsNoDestination) {
   Textes.Remplit(1);
   Reglages.MailDestination = Textes.Texte(189);
   Ouvre();
-  EXPECT_TRUE(Trouve<QPlainTextEdit>("TxtEssai")->placeholderText().contains("First enter"));
+  EXPECT_TRUE(Phrase().contains("First enter"));
   Clique("CmdEssai");
   EXPECT_EQ(Demande()["destination"], "");
 }
