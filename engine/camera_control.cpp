@@ -19,6 +19,7 @@ CommandeCamera::CommandeCamera(const PortsSurveillance& ports, EtatSurveillance&
     : Ports_(ports), Etat_(etat), Minuteries_(minuteries), Jauge_(jauge) {}
 
 void CommandeCamera::BasculeCamera() {
+  if (Etat_.Camera.ConnexionEnCours) return;  // it is being switched already
   Ports_.Sons.SurvolSon(kSurvolCamera);
   if (Etat_.Camera.MoniteurCache) {
     // The first click after the monitor was closed only shows it again.
@@ -38,10 +39,7 @@ void CommandeCamera::BasculeCamera() {
 }
 
 bool CommandeCamera::Demarre() {
-  if (!Ports_.Pilote.Connecte()) {
-    Ports_.Affichage.AnnonceCameraIntrouvable();
-    return false;
-  }
+  if (!ConnectePilote()) return false;
   Ports_.Pompe.PompeMessages();
   if (Ports_.Reglages.SeuilAuto) Ports_.Reglages.SeuilDetection = kSeuilDetectionMax;
   Jauge_.DessineSeuil(Ports_.Reglages.SeuilDetection);
@@ -53,6 +51,19 @@ bool CommandeCamera::Demarre() {
   Ports_.Affichage.ActiveBouton(kBoutonAlarme, true);
   Ports_.Affichage.ActiveBouton(kBoutonSurveillance, true);
   return true;
+}
+
+// The driver lets the window live while it waits for a camera: the program may be closed in the middle, and then there
+// is nobody left to be told of a camera that was not found.
+bool CommandeCamera::ConnectePilote() {
+  Abandonnee_ = false;
+  bool connecte = false;
+  {
+    const QScopedValueRollback<bool> enCours(Etat_.Camera.ConnexionEnCours, true);
+    connecte = Ports_.Pilote.Connecte();
+  }
+  if (!connecte && !Abandonnee_) Ports_.Affichage.AnnonceCameraIntrouvable();
+  return connecte && !Abandonnee_;
 }
 
 void CommandeCamera::Arrete() {
@@ -92,7 +103,8 @@ void CommandeCamera::OuvreDialogue(void (PiloteCapture::*dialogue)()) {
 }
 
 void CommandeCamera::DeconnectePilote() {
-  if (Etat_.Camera.CameraActive) Ports_.Pilote.Deconnecte();
+  Abandonnee_ = Etat_.Camera.ConnexionEnCours;
+  if (Etat_.Camera.CameraActive || Abandonnee_) Ports_.Pilote.Deconnecte();
 }
 
 }  // namespace vaktor

@@ -15,16 +15,19 @@ class CommandeCamera {
   /// The only writer of CameraActive. When the user has closed the monitor the call only brings it back. A camera that
   /// does not connect is told in a message box and leaves everything as it was. The start lets events in once, with
   /// the driver connected and CameraActive still false: a click that comes in there goes through a start of its own.
+  /// While the driver is being connected no timer of the engine ticks, and a call that comes in does nothing.
   void BasculeCamera();
   /// The driver's dialogs; with the camera off a message box instead. While one is open detection and countdown stand
   /// still.
   void MontreDialogueFormat();
   void MontreDialogueSource();
-  /// End of the program: lets the driver go and changes nothing else.
+  /// End of the program: lets the driver go and changes nothing else. In the middle of a connection it ends that one,
+  /// and the start with it, without a message.
   void DeconnectePilote();
 
  private:
   bool Demarre();
+  bool ConnectePilote();
   void Arrete();
   void OuvreDialogue(void (PiloteCapture::*dialogue)());
   void EteintAlarme();
@@ -33,6 +36,7 @@ class CommandeCamera {
   EtatSurveillance& Etat_;
   MinuteriesSurveillance& Minuteries_;
   JaugeSensibilite& Jauge_;
+  bool Abandonnee_ = false;  // the program was closed while the driver was being connected
 };
 
 }  // namespace vaktor

@@ -35,9 +35,10 @@ struct EtatDetection {
 };
 
 struct EtatCamera {
-  bool CameraActive = false;    ///< the driver is connected; written by BasculeCamera alone
-  bool MoniteurCache = false;   ///< the user closed FormMonitor, which only hid it
-  bool DialogueOuvert = false;  ///< one of the driver's dialogs is open: no timer of the engine ticks
+  bool CameraActive = false;      ///< the driver is connected; written by BasculeCamera alone
+  bool MoniteurCache = false;     ///< the user closed FormMonitor, which only hid it
+  bool DialogueOuvert = false;    ///< one of the driver's dialogs is open: no timer of the engine ticks
+  bool ConnexionEnCours = false;  ///< the driver is being connected: no timer ticks, and the switch does nothing
 };
 
 struct EtatAlarme {

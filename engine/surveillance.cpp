@@ -55,7 +55,7 @@ class ReglesSurveillance {
     const auto cree = [&](const QString& nom, qint32 millisecondes, std::function<void()> tic) {
       // Dropped, not stopped: the state of a timer means something, Timer3's for one is the countdown.
       return fabrique.CreeMinuterie(nom, millisecondes, [this, tic = std::move(tic)] {
-        if (!Etat.Camera.DialogueOuvert) tic();
+        if (!Etat.Camera.DialogueOuvert && !Etat.Camera.ConnexionEnCours) tic();
       });
     };
     m.Timer1 = cree(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });

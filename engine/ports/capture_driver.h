@@ -6,13 +6,16 @@
 namespace vaktor {
 
 /// User-interface thread. The driver may use threads of its own below; every call here returns within a fraction of a
-/// second but Connecte (a few seconds at most) and the two dialogs (modal: no tick comes while one is open).
+/// second but Connecte (a few seconds at most) and the two dialogs (modal: no tick comes while one is open). These
+/// three let events run, so that no window stands still.
 class PiloteCapture {
  public:
   virtual ~PiloteCapture() = default;
 
   /// Opens the first capture driver, or the one named at the start, and waits for its first frame. False when there is
-  /// no camera, or it is busy, refused or silent; nothing stays open then. A driver that is open is closed first.
+  /// no camera, or it is busy, refused or silent; nothing stays open then. A driver that is open is closed first. Mouse
+  /// and keys wait until it has answered; everything else goes on. Deconnecte may be called from there: it ends the
+  /// wait, and the answer is false.
   virtual bool Connecte() = 0;
 
   /// Closes the driver. The result is of no interest to anyone; a closed driver stays closed.

@@ -175,10 +175,14 @@ bool SessionCapture::AttendPremiereImage(milliseconds limite) {
   const auto fin = Horloge::now() + limite;
   while (Horloge::now() < fin) {
     if (Boite_.Attend(0, kRegard).Numero > 0) return true;
-    const std::lock_guard verrou(Verrou_);
-    if (Finie_) return false;
+    if (EstFinie()) return false;
   }
   return false;
+}
+
+bool SessionCapture::EstFinie() const {
+  const std::lock_guard verrou(Verrou_);
+  return Finie_;
 }
 
 bool SessionCapture::Arrete(milliseconds limite) {

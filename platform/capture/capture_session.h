@@ -44,6 +44,9 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
 
   /// True as soon as a frame is there; false when the source cannot be opened or gives none in this time.
   bool AttendPremiereImage(std::chrono::milliseconds limite);
+  /// The same for who cannot stand and wait: whether a frame has come, and whether there is any use in waiting.
+  bool DonneDesImages() const { return Boite_.Numero() > 0; }
+  bool EstFinie() const;
   /// Asks for the end and waits for it. False: it still hangs; call again to wait longer.
   bool Arrete(std::chrono::milliseconds limite);
 

@@ -2,6 +2,7 @@
 
 #include "platform/capture/capture_memory.h"
 #include "platform/capture/driver_dialogs.h"
+#include "platform/capture/live_wait.h"
 #include "platform/capture/v4l2_device.h"
 
 namespace vaktor {
@@ -50,21 +51,29 @@ SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) 
   return demande;
 }
 
+// The window lives while it waits, so that anything may happen in between, a closing of the program for one: what is
+// true is looked at afterwards, and an opening that somebody has overtaken touches nothing more.
 bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande) {
   LaissePartir();
-  AttendLesPartants(kLimitePartants);
+  const quint64 tour = ++Tour_;
+  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, kLimitePartants);
+  if (tour != Tour_) return false;
   Source_ = demande.Source;
   Numero_ = 0;
   const bool persiste = demande.Persiste;
-  Session_ = SessionCapture::Lance(std::move(demande));
-  if (Session_->AttendPremiereImage(kLimiteConnexion)) return true;
+  const std::shared_ptr<SessionCapture> session = SessionCapture::Lance(std::move(demande));
+  Session_ = session;
+  AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); }, kLimiteConnexion);
+  if (tour != Tour_) return false;
+  if (session->DonneDesImages()) return true;
   if (persiste) return false;
   LaissePartir();
-  AttendLesPartants(kLimitePartants);
+  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, kLimitePartants);
   return false;
 }
 
 void PiloteGStreamer::Deconnecte() {
+  ++Tour_;
   LaissePartir();
   AttendLesPartants(kLimiteArret);
 }
@@ -84,6 +93,8 @@ bool PiloteGStreamer::AttendLesPartants(milliseconds limite) {
   });
   return Partants_.empty();
 }
+
+bool PiloteGStreamer::SontPartis() { return AttendLesPartants(milliseconds(0)); }
 
 bool PiloteGStreamer::SaisitImage() {
   if (!Session_) return false;
@@ -119,32 +130,43 @@ QString PiloteGStreamer::NomStable() const {
 
 FormatCamera PiloteGStreamer::FormatCourant() const { return Session_ ? Session_->Boite().Format() : FormatCamera(); }
 
+// What is at work now, so that it can be had back.
+SessionCapture::Demande PiloteGStreamer::DemandeCourante() const {
+  SessionCapture::Demande demande = DemandeDe(Source_);
+  demande.Format = FormatCourant();
+  if (!NomStable().isEmpty()) demande.Source.Lieu = NomStable();
+  return demande;
+}
+
 bool PiloteGStreamer::AppliqueFormat(const FormatCamera& format) {
   if (!Session_ || Genre() != GenreSource::kPeripherique) return false;
-  SessionCapture::Demande ancienne = DemandeDe(Source_);
-  ancienne.Format = FormatCourant();
-  if (!NomStable().isEmpty()) ancienne.Source.Lieu = NomStable();
+  SessionCapture::Demande ancienne = DemandeCourante();
   SessionCapture::Demande nouvelle = ancienne;
   nouvelle.Format = format;
   nouvelle.FormatImpose = true;
-  ancienne.Persiste = true;
+  const quint64 tour = Tour_;
   if (Ouvre(std::move(nouvelle))) return true;
-  Ouvre(std::move(ancienne));
+  Reprend(std::move(ancienne), tour);
   return false;
 }
 
 bool PiloteGStreamer::ChangeSource(const QString& source) {
   const bool ouvert = Session_ != nullptr;
-  SessionCapture::Demande ancienne = DemandeDe(Source_);
-  ancienne.Format = FormatCourant();
-  if (!NomStable().isEmpty()) ancienne.Source.Lieu = NomStable();
+  SessionCapture::Demande ancienne = DemandeCourante();
+  const quint64 tour = Tour_;
   if (Ouvre(DemandeDe(ComprendSource(source)))) {
     Ou_ = source;
     return true;
   }
-  ancienne.Persiste = true;
-  if (ouvert) Ouvre(std::move(ancienne));
+  if (ouvert) Reprend(std::move(ancienne), tour);
   return false;
+}
+
+// One opening has been tried since `tour`. More than that, and the camera was let go meanwhile: it stays closed.
+void PiloteGStreamer::Reprend(SessionCapture::Demande ancienne, quint64 tour) {
+  if (Tour_ != tour + 1) return;
+  ancienne.Persiste = true;
+  Ouvre(std::move(ancienne));
 }
 
 }  // namespace vaktor

@@ -44,8 +44,11 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   bool Ouvre(SessionCapture::Demande demande);
   void LaissePartir();
   bool AttendLesPartants(std::chrono::milliseconds limite);
+  bool SontPartis();
   SourceCapture SourceVoulue() const;
   SessionCapture::Demande DemandeDe(const SourceCapture& source) const;
+  SessionCapture::Demande DemandeCourante() const;
+  void Reprend(SessionCapture::Demande ancienne, quint64 tour);
 
   QString Ou_;
   MemoireCapture& Memoire_;
@@ -56,6 +59,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet
   QImage Image_;
   quint64 Numero_ = 0;
+  quint64 Tour_ = 0;  // changes with each opening and closing: an opening that waits sees that it is no longer wanted
 };
 
 }  // namespace vaktor

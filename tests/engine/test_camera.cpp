@@ -227,6 +227,53 @@ TEST_F(Camera, DialogThatFailsLetsTheTicksGoOn) {
   EXPECT_EQ(Pilote.Saisies, saisies + 10);
 }
 
+// The driver lets events run while it waits for a camera that says nothing.
+TEST_F(Camera, NoTimerTicksWhileTheDriverIsBeingConnected) {
+  Engin.LitArguments(QStringLiteral("/alarm"));
+  Pilote.PendantConnexion = [&] {
+    Pilote.PendantConnexion = nullptr;
+    Temps.Avance(60'000);
+    EXPECT_EQ(Pilote.Saisies, 0);
+    EXPECT_FALSE(Engin.CompteAReboursEnCours()) << "the start argument waits its turn";
+  };
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+  Temps.Avance(1000);
+  EXPECT_GT(Pilote.Saisies, 0);
+  EXPECT_TRUE(Engin.CompteAReboursEnCours());
+}
+
+TEST_F(Camera, SwitchDoesNothingWhileTheDriverIsBeingConnected) {
+  Journal.Ecoute();
+  Pilote.PendantConnexion = [&] {
+    Engin.BasculeCamera();
+    Engin.BasculeAlarme();
+    EXPECT_FALSE(Engin.Camera().CameraActive);
+    EXPECT_FALSE(Engin.CompteAReboursEnCours());
+  };
+  Engin.BasculeCamera();
+  EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Connecte")), 1);
+  EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Deconnecte")), 0);
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+// Closed in the middle of the wait: nobody is left to be told that no camera was found, and nothing starts.
+TEST_F(Camera, EndOfTheProgramWhileTheDriverIsBeingConnectedEndsTheStart) {
+  for (const bool presente : {true, false}) {
+    Pilote.Presente = presente;
+    Pilote.PendantConnexion = [&] {
+      Engin.DeconnectePilote();
+      Engin.Arrete();
+    };
+    Engin.BasculeCamera();
+    EXPECT_FALSE(Pilote.EstConnecte());
+    EXPECT_FALSE(Engin.Camera().CameraActive);
+    EXPECT_FALSE(Active("Timer1"));
+    EXPECT_FALSE(Active("Timer2"));
+    EXPECT_EQ(Affichage.CamerasIntrouvables, 0);
+  }
+}
+
 TEST_F(Camera, EndOfTheProgramLetsTheDriverGoOnlyWhenItRuns) {
   Journal.Ecoute();
   Engin.DeconnectePilote();

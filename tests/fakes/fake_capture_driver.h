@@ -16,6 +16,7 @@ class PiloteFaux : public PiloteCapture {
     Journal_.Note([] { return QStringLiteral("Connecte"); });
     if (Connecte_) Deconnecte();
     Connecte_ = Presente;
+    if (PendantConnexion) PendantConnexion();
     return Connecte_;
   }
   void Deconnecte() override {
@@ -45,12 +46,13 @@ class PiloteFaux : public PiloteCapture {
 
   bool EstConnecte() const { return Connecte_; }
 
-  bool Presente = true;                   ///< Connecte succeeds
-  bool Muette = false;                    ///< SaisitImage finds no newer frame
-  bool Perdu = false;                     ///< SignalPerdu
-  QImage Image;                           ///< the frame that the next grab takes
-  std::function<QImage()> Suivante;       ///< if set, asked for a frame at each grab instead
-  std::function<void()> PendantDialogue;  ///< runs while one of the dialogs is open
+  bool Presente = true;                    ///< Connecte succeeds
+  bool Muette = false;                     ///< SaisitImage finds no newer frame
+  bool Perdu = false;                      ///< SignalPerdu
+  QImage Image;                            ///< the frame that the next grab takes
+  std::function<QImage()> Suivante;        ///< if set, asked for a frame at each grab instead
+  std::function<void()> PendantDialogue;   ///< runs while one of the dialogs is open
+  std::function<void()> PendantConnexion;  ///< runs while Connecte waits for a first frame
   qint32 Saisies = 0;
 
  private:
