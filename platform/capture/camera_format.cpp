@@ -1,6 +1,7 @@
 // Choice of a device's first format.
 #include "platform/capture/camera_format.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -52,6 +53,17 @@ bool EstPlusRapide(const FormatCamera& a, const FormatCamera& b) {
   return EstPlusProche(a, b);
 }
 
+qint64 Surface(const FormatCamera& f) { return qint64{f.Largeur} * f.Hauteur; }
+
+/// The same where every format is too large: the least of them, in a coding that somebody understands.
+bool EstMoinsGrand(const FormatCamera& a, const FormatCamera& b) {
+  const bool connuA = CoutCodage(a.Codage) < 4;
+  const bool connuB = CoutCodage(b.Codage) < 4;
+  if (connuA != connuB) return connuA;
+  if (Surface(a) != Surface(b)) return Surface(a) < Surface(b);
+  return EstPlusProche(a, b);
+}
+
 }  // namespace
 
 const QList<TailleCourante>& TaillesCourantes() {
@@ -72,6 +84,10 @@ bool FormatTropGrand(const FormatCamera& format) {
   return colonnes * lignes > kEchantillonsMax;
 }
 
+bool SontTousTropGrands(const QList<FormatCamera>& formats) {
+  return !formats.isEmpty() && std::all_of(formats.cbegin(), formats.cend(), FormatTropGrand);
+}
+
 FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats) {
   const FormatCamera* proche = nullptr;
   const FormatCamera* rapide = nullptr;
@@ -86,7 +102,7 @@ FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats) {
   }
   if (proche != nullptr) return *proche;
   if (rapide != nullptr) return *rapide;
-  return formats.isEmpty() ? FormatCamera() : formats.first();
+  return formats.isEmpty() ? FormatCamera() : *std::min_element(formats.cbegin(), formats.cend(), EstMoinsGrand);
 }
 
 }  // namespace vaktor

@@ -27,12 +27,15 @@ const QList<TailleCourante>& TaillesCourantes();
 /// The sample table of the detection holds 333,334 samples, one for nine pixels, both zone edges included. A frame of
 /// more samples than that would stop the detection: such formats are never a device's first choice.
 bool FormatTropGrand(const FormatCamera& format);
+/// Whether a device offers nothing else. False for an empty list.
+bool SontTousTropGrands(const QList<FormatCamera>& formats);
 
 /// The format that a device gets before the user has picked one: 640x480 at 25 frames a second or more where it is
 /// offered, else the common size nearest to it that reaches 25, else the fastest of those that are not too large. At
 /// equal size the coding that costs least to turn into a picture, then the rate nearest to 30. Codings that are not
 /// known count only where the device offers nothing else.
-/// Nothing fits: the first of the list; an empty list: an empty format (whatever the device gives).
+/// All are too large: the smallest, which the dialogs tell of; an empty list: an empty format (whatever the device
+/// gives).
 FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats);
 
 }  // namespace vaktor

@@ -29,6 +29,10 @@ constexpr std::array<Paire, static_cast<size_t>(TexteDialogue::kNombre)> kTextes
      "reprendrait qu'au prochain lancement du programme. Choisissez une taille plus petite.",
      "This picture is too large for the detection: it would stop at the first frame, without a message, and would not "
      "work again until the program is started anew. Please choose a smaller size."},
+    {"Toutes les tailles que cette caméra propose sont trop grandes pour la détection, même la plus petite : aucun "
+     "mouvement ne sera détecté. Utilisez une autre caméra.",
+     "All sizes that this camera offers are too large for the detection, even the smallest: no motion will be detected. "
+     "Please use another camera."},
     {"Une caméra réseau décide elle-même du format de son image (en ce moment : %1). Il se règle dans les pages de la "
      "caméra, avec un navigateur. Ici, rien n'est à choisir.",
      "A network camera decides by itself on the format of its picture (now: %1). It is set in the camera's own pages, "
@@ -66,6 +70,8 @@ constexpr std::array<Paire, static_cast<size_t>(TexteDialogue::kNombre)> kTextes
     {"&Utiliser cette source", "&Use this source"},
     {"&Actualiser", "&Refresh"},
     {"L'image vient maintenant de : %1", "The picture now comes from: %1"},
+    {"L'image vient maintenant de : %1. Mais elle est trop grande (%2) : aucun mouvement ne sera détecté.",
+     "The picture now comes from: %1. But it is too large (%2): no motion will be detected."},
     {"%1 : aucune image n'est venue. L'ancienne source continue.", "%1: no picture came. The earlier source goes on."},
     {"Écrivez d'abord une adresse ou le chemin d'un fichier.", "Please enter an address or the path of a file first."},
     {"Le mot de passe n'est pas affiché : pour changer l'adresse, écrivez-la en entier, mot de passe compris.",

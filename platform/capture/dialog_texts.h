@@ -18,9 +18,10 @@ enum class TexteDialogue {
   kTropGrand,     ///< mark in the list
   kConseille,     ///< mark in the list
   kRemarqueTropGrand,
-  kFormatReseau,   ///< %1: size
-  kFormatFichier,  ///< %1: size
-  kFormatTest,     ///< %1: size
+  kRemarqueToutTropGrand,  ///< no size of the camera fits
+  kFormatReseau,           ///< %1: size
+  kFormatFichier,          ///< %1: size
+  kFormatTest,             ///< %1: size
   kTailleInconnue,
   kAucunFormat,
   kApplique,
@@ -45,8 +46,9 @@ enum class TexteDialogue {
   kTousFichiers,
   kUtilise,
   kActualise,
-  kSourceChangee,  ///< %1: source
-  kSourceRefusee,  ///< %1: source
+  kSourceChangee,     ///< %1: source
+  kSourceTropGrande,  ///< %1: source, %2: size
+  kSourceRefusee,     ///< %1: source
   kAdresseVide,
   kMotDePasseMasque,
   kGroupeReglages,

@@ -196,7 +196,9 @@ void DialogueFormat::RemplitCadences() {
 void DialogueFormat::MontreRemarque() {
   const std::optional<FormatCamera> choisi = FormatChoisi();
   const bool trop = choisi && FormatTropGrand(*choisi);
-  Remarque_->setText(trop ? TexteDe(TexteDialogue::kRemarqueTropGrand, Langue_) : QString());
+  const auto remarque = SontTousTropGrands(Formats_) ? TexteDialogue::kRemarqueToutTropGrand  // there is no better one
+                                                     : TexteDialogue::kRemarqueTropGrand;
+  Remarque_->setText(trop ? TexteDe(remarque, Langue_) : QString());
   Remarque_->setAccessibleName(Remarque_->text());
 }
 

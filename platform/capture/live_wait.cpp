@@ -40,8 +40,12 @@ bool EstDerriereUnMessage(const QObject& cible) {
 // letting them in would let a second click into the middle of what the first one began.
 class RetenueGestes : public QObject {
  public:
-  RetenueGestes() { qApp->installEventFilter(this); }
+  RetenueGestes() {
+    qApp->installEventFilter(this);
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+  }
   ~RetenueGestes() override {
+    QGuiApplication::restoreOverrideCursor();
     qApp->removeEventFilter(this);
     for (Geste& geste : Gestes_) Rend(std::move(geste));
   }

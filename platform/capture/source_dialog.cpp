@@ -286,10 +286,13 @@ void DialogueSource::Utilise() {
   RemplitSources();
   MontreReglages();
   const QString venue = NomPourGens(Acces_, Pilote_.NoeudPeripherique(), MasqueAdresse(Pilote_.DescriptionSource()));
-  if (retenu)
-    Etat_->MontreReussite(TexteDe(TexteDialogue::kSourceChangee, Langue_).arg(venue));
-  else
+  const FormatCamera format = Pilote_.FormatCourant();
+  if (!retenu)
     Etat_->MontreErreur(TexteDe(TexteDialogue::kNonRetenu, Langue_));
+  else if (FormatTropGrand(format))
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kSourceTropGrande, Langue_).arg(venue, TexteTaille(format)));
+  else
+    Etat_->MontreReussite(TexteDe(TexteDialogue::kSourceChangee, Langue_).arg(venue));
 }
 
 void DialogueSource::RemetDefauts() {

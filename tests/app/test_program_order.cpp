@@ -154,6 +154,27 @@ TEST_F(Ordre, StartArgumentsCarryOutLiveFirstThenAlarm) {
   EXPECT_EQ(vus.last(), QStringLiteral("timer TimerAutoStar: off"));
 }
 
+// The driver lets the window live while it waits for a camera that says nothing, and the window is closed.
+TEST_F(Ordre, ClosingWhileTheCameraIsBeingConnectedIsAWholeStopWithoutAMessage) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  pilote.Presente = false;
+  pilote.PendantConnexion = [this] {
+    Systeme.Notes.Vide();
+    Fenetre("Form1")->close();
+    EXPECT_TRUE(Programme->EstFinie());
+  };
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("Bouton(0)")), Qt::LeftButton);
+  const QStringList vus = Systeme.DepuisVide();
+  EXPECT_EQ(vus.indexOf(QStringLiteral("Deconnecte")), 0) << vus.join(u'\n').toStdString();
+  EXPECT_TRUE(vus.contains(QStringLiteral("timer Timer1: off")));
+  EXPECT_FALSE(vus.contains(QStringLiteral("timer Timer1: on")));
+  EXPECT_TRUE(vus.filter(QStringLiteral("box:")).isEmpty());
+  EXPECT_FALSE(Visible("Form1"));
+  EXPECT_FALSE(Visible("FormMonitor"));
+}
+
 TEST_F(Ordre, OfTheStopWithTheCameraOnAndSomethingToSaveIsTheList) {
   Demarre();
   Systeme.Temps.Avance(2000);

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <QTimer>
+
 #include "platform/capture/v4l2_device.h"
 #include "vm/guest_driver.h"
 
@@ -185,10 +187,27 @@ TEST_F(UsbPilote, AStalledCameraIsNoticedByTheAgeOfItsFrameAndComesBack) {
 TEST_F(UsbPilote, ASilentCameraIsNotConnectedAndNothingStaysOpen) {
   ASSERT_TRUE(Ordonne("stall"));
   const auto pilote = Pilote();
+  int tics = 0;
+  QTimer tic;
+  QObject::connect(&tic, &QTimer::timeout, &tic, [&tics] { ++tics; });
+  tic.start(100);
   EXPECT_FALSE(pilote->Connecte());
+  EXPECT_GT(tics, 5) << "the program lives while it waits";
   ASSERT_TRUE(Ordonne("go"));
   const auto autre = Pilote();
   EXPECT_TRUE(Connecte(*autre));
+}
+
+TEST_F(UsbPilote, WithoutPermissionThereIsNoConnectionAndWithItThereIs) {
+  const auto premier = Pilote();
+  const auto nomme = Pilote(QStringLiteral("/dev/video0"));
+  ASSERT_EQ(::seteuid(65534), 0);
+  const bool connecte = premier->Connecte();
+  const bool nommeConnecte = nomme->Connecte();
+  ASSERT_EQ(::seteuid(0), 0);
+  EXPECT_FALSE(connecte);
+  EXPECT_FALSE(nommeConnecte);
+  EXPECT_TRUE(Connecte(*nomme));
 }
 
 TEST_F(UsbPilote, WithoutACameraThereIsNoConnection) {

@@ -74,9 +74,18 @@ TEST(PremierFormat, UnknownCodingsOnlyWhereThereIsNothingElse) {
   EXPECT_EQ(ChoisitPremierFormat({F("YUYV", 3840, 2160, 30), F("BA81", 640, 480, 30)}), F("BA81", 640, 480, 30));
 }
 
-TEST(PremierFormat, NothingFitsTheFirstNothingThereNothing) {
-  EXPECT_EQ(ChoisitPremierFormat({F("MJPG", 3840, 2160, 30), F("MJPG", 2592, 1944, 30)}), F("MJPG", 3840, 2160, 30));
+TEST(PremierFormat, WhereAllAreTooLargeTheSmallestIsTakenThatSomebodyUnderstands) {
+  const QList<FormatCamera> grands = {F("MJPG", 3840, 2160, 30), F("MJPG", 2592, 1944, 15), F("MJPG", 2592, 1944, 30),
+                                      F("BA81", 2048, 1536, 30)};
+  EXPECT_EQ(ChoisitPremierFormat(grands), F("MJPG", 2592, 1944, 30));
+  EXPECT_EQ(ChoisitPremierFormat(grands.mid(3)), F("BA81", 2048, 1536, 30));
   EXPECT_EQ(ChoisitPremierFormat({}), FormatCamera());
+}
+
+TEST(SontTousTropGrands, OneThatFitsIsEnough) {
+  EXPECT_TRUE(SontTousTropGrands({F("MJPG", 3840, 2160, 30), F("MJPG", 2592, 1944, 30)}));
+  EXPECT_FALSE(SontTousTropGrands({F("MJPG", 3840, 2160, 30), F("MJPG", 640, 480, 30)}));
+  EXPECT_FALSE(SontTousTropGrands({})) << "a device that tells nothing is told of in its own words";
 }
 
 }  // namespace

@@ -1,113 +1,8 @@
-// Network cameras on the loopback, good and bad ones.
-#include <QTcpServer>
-#include <QTcpSocket>
-#include <QThread>
-#include <QTimer>
-#include <atomic>
-
-#include "support/capture_clips.h"
-#include "support/driver_fixture.h"
+// Network cameras, good and bad ones.
+#include "support/network_camera.h"
 
 namespace vaktor {
 namespace {
-
-// What the camera does with whoever connects. It may change at any time.
-enum class Humeur { kFilme, kCale, kMuet, kFouillis, kPasTrouve };
-
-// A web camera on a thread of its own: multipart JPEG, ten pictures a second.
-class CameraReseau {
- public:
-  explicit CameraReseau(const QByteArray& jpeg) : Jpeg_(jpeg) {
-    Fil_.start();
-    Objet_.moveToThread(&Fil_);
-    QMetaObject::invokeMethod(
-        &Objet_, [this] { Ouvre(); }, Qt::BlockingQueuedConnection);
-  }
-  ~CameraReseau() {
-    QMetaObject::invokeMethod(
-        &Objet_, [this] { delete Serveur_; }, Qt::BlockingQueuedConnection);
-    Fil_.quit();
-    Fil_.wait();
-  }
-  CameraReseau(const CameraReseau&) = delete;
-  CameraReseau& operator=(const CameraReseau&) = delete;
-
-  quint16 Port() const { return Port_; }
-  int Demandes() const { return Demandes_; }
-  bool VuAutorisation() const { return Autorisation_; }
-  std::atomic<Humeur> Etat = Humeur::kFilme;
-
- private:
-  void Ouvre() {
-    Serveur_ = new QTcpServer;
-    Serveur_->listen(QHostAddress::LocalHost);
-    Port_ = Serveur_->serverPort();
-    QObject::connect(Serveur_, &QTcpServer::newConnection, &Objet_, [this] { Accueille(); });
-  }
-  void Accueille() {
-    QTcpSocket* client = Serveur_->nextPendingConnection();
-    QObject::connect(client, &QTcpSocket::disconnected, client, &QObject::deleteLater);
-    QObject::connect(client, &QTcpSocket::readyRead, client, [this, client] { Repond(client); });
-  }
-  void Repond(QTcpSocket* client) {
-    const QByteArray demande = client->readAll();
-    ++Demandes_;
-    if (demande.contains("Authorization: Basic")) Autorisation_ = true;
-    if (Etat == Humeur::kMuet) return;
-    if (Etat == Humeur::kFouillis) {
-      client->write("HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n\r\nno picture here, only words\n");
-      client->disconnectFromHost();
-      return;
-    }
-    if (Etat == Humeur::kPasTrouve) {
-      client->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
-      return;
-    }
-    if (demande.contains("/ferme") && !demande.contains("Authorization")) {
-      client->write("HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"c\"\r\nContent-Length: 0\r\n\r\n");
-      return;
-    }
-    client->write("HTTP/1.1 200 OK\r\nContent-Type: multipart/x-mixed-replace; boundary=image\r\n\r\n");
-    auto* cadence = new QTimer(client);
-    QObject::connect(cadence, &QTimer::timeout, client, [this, client] {
-      if (Etat != Humeur::kFilme) return;
-      client->write("--image\r\nContent-Type: image/jpeg\r\nContent-Length: " + QByteArray::number(Jpeg_.size()) +
-                    "\r\n\r\n" + Jpeg_ + "\r\n");
-    });
-    cadence->start(100);
-  }
-
-  const QByteArray Jpeg_;
-  QThread Fil_;
-  QObject Objet_;
-  QTcpServer* Serveur_ = nullptr;
-  std::atomic<quint16> Port_ = 0;
-  std::atomic<int> Demandes_ = 0;
-  std::atomic<bool> Autorisation_ = false;
-};
-
-class PiloteReseau : public PiloteSurSource {
- protected:
-  void SetUp() override {
-    ASSERT_TRUE(FabriqueFilm(Fichier("une.jpg"), QStringLiteral("width=160,height=120,framerate=10/1"), 1,
-                             QStringLiteral("jpegenc")));
-    Camera_ = std::make_unique<CameraReseau>(Lit(Fichier("une.jpg")));
-  }
-  QString Adresse(const char* schema, const char* chemin = "/video") const {
-    return QLatin1String(schema) + QStringLiteral("127.0.0.1:") + QString::number(Camera_->Port()) +
-           QLatin1String(chemin);
-  }
-  // How long the window is held by the call; true when it said no.
-  bool EstRefusee(const QString& ou, qint64 limite) {
-    QElapsedTimer depuis;
-    depuis.start();
-    const bool connecte = Connecte(ou);
-    EXPECT_LT(depuis.elapsed(), limite) << qUtf8Printable(ou);
-    return !connecte;
-  }
-
-  std::unique_ptr<CameraReseau> Camera_;
-};
 
 TEST_F(PiloteReseau, ShowsAWebCamera) {
   ASSERT_TRUE(Connecte(Adresse("http://")));
@@ -167,6 +62,29 @@ TEST_F(PiloteReseau, SaysNoToACameraThatAcceptsAndSaysNothing) {
   depuis.start();
   while (Compte("/proc/self/fd") > descripteursAvant + 4 && depuis.elapsed() < 3000) QThread::msleep(20);
   EXPECT_LE(Compte("/proc/self/fd"), descripteursAvant + 4);
+}
+
+// Pictures that are none, in the middle of a good stream: they are dropped, and that is a lost signal like any other.
+TEST_F(PiloteReseau, ComesBackAfterPicturesThatAreNone) {
+  ASSERT_TRUE(Connecte(Adresse("http://")));
+  ASSERT_TRUE(Pilote_->SaisitImage());
+  Camera_->Etat = Humeur::kImagesFausses;
+  EXPECT_TRUE(AttendSignalPerdu(true, 8000));
+  EXPECT_EQ(Pilote_->CopieImage().size(), QSize(160, 120)) << "the last good frame stays";
+  Camera_->Etat = Humeur::kFilme;
+  EXPECT_TRUE(AttendSignalPerdu(false, 15'000));
+}
+
+TEST_F(PiloteReseau, SaysNoToACameraWhosePicturesAreNone) {
+  Camera_->Etat = Humeur::kImagesFausses;
+  EXPECT_TRUE(EstRefusee(Adresse("http://"), 9000));
+}
+
+TEST_F(PiloteReseau, FollowsACameraThatChangesItsSizeInMidStream) {
+  Camera_ =
+      std::make_unique<CameraReseau>(QList<QByteArray>{Jpeg(160, 120), Jpeg(161, 33), Jpeg(1, 1), Jpeg(640, 480)});
+  ASSERT_TRUE(Connecte(Adresse("http://")));
+  EXPECT_EQ(Recueille(2500).Tailles, (std::set<std::pair<int, int>>{{1, 1}, {160, 120}, {161, 33}, {640, 480}}));
 }
 
 }  // namespace

@@ -84,6 +84,16 @@ TEST_F(FormatTest, SaysInPlainWordsWhichSizesWouldStopTheDetection) {
   EXPECT_EQ(Controle<QLabel>("LblRemarque")->text(), "");
 }
 
+TEST_F(FormatTest, SaysThatNoSizeOfTheCameraFits) {
+  Acces_.Formats_["/dev/video0"] = {{"MJPG", 3840, 2160, 30, 1}, {"MJPG", 2592, 1944, 30, 1}};
+  Pilote_.Format_ = {"MJPG", 2592, 1944, 30, 1};
+  Ouvre();
+  EXPECT_EQ(Controle<QListWidget>("ListeTailles")->currentRow(), 1);
+  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains("All sizes that this camera offers are too large"));
+  Ouvre(0);
+  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains(QString::fromUtf8("aucun mouvement ne sera détecté")));
+}
+
 TEST_F(FormatTest, MarksTheSizeThatADeviceGetsFirst) {
   Ouvre();
   EXPECT_FALSE(Tailles().join("").contains("recommended"));  // it is a YUYV one

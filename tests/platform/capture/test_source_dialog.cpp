@@ -32,6 +32,23 @@ TEST_F(SourceTest, AnotherDeviceIsOpenedByItsStableNameAndRemembered) {
   EXPECT_FALSE(Lignes().at(0).endsWith("at work"));
 }
 
+TEST_F(SourceTest, ASourceTooLargeForTheDetectionIsToldAtOnce) {
+  for (const qint32 langue : {0, 1}) {
+    Pilote_.Format_ = {"MJPG", 640, 480, 30, 1};
+    Pilote_.ApresSource_ = [this](const QString&) {
+      Pilote_.Noeud_ = "/dev/video2";
+      Pilote_.Format_ = {"MJPG", 3840, 2160, 30, 1};
+    };
+    Ouvre(langue);
+    CliqueSource(1);
+    Clique("BtnUtiliser");
+    EXPECT_TRUE(Etat().contains("Camera B (/dev/video2)")) << Etat().toStdString();
+    EXPECT_TRUE(Etat().contains(QString::fromUtf8("3840 × 2160"))) << Etat().toStdString();
+    EXPECT_TRUE(Etat().contains(langue == 0 ? QString::fromUtf8("aucun mouvement") : QString("no motion")));
+    EXPECT_EQ(Memoire_.Source(), "stable-b") << "it is the user's choice all the same";
+  }
+}
+
 TEST_F(SourceTest, ARefusedDeviceIsToldByItsNameAndTheOldOneGoesOn) {
   Memoire_.RetientSource("stable-a");
   Pilote_.Accepte_ = false;

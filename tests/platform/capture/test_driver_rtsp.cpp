@@ -1,0 +1,42 @@
+// RTSP cameras: within the connection, beside it, and behind a password.
+#include "support/driver_fixture.h"
+#include "support/rtsp_camera.h"
+
+namespace vaktor {
+namespace {
+
+class PiloteRtsp : public PiloteSurSource {
+ protected:
+  QString Adresse(const CameraRtsp& camera, const char* acces = "") const {
+    return QStringLiteral("rtsp://") + QLatin1String(acces) + QStringLiteral("127.0.0.1:%1/c").arg(camera.Port());
+  }
+};
+
+TEST_F(PiloteRtsp, ShowsACameraWithinItsConnectionAndAsksForNoSound) {
+  const CameraRtsp camera({});
+  ASSERT_TRUE(Connecte(Adresse(camera)));
+  const Recolte recolte = Recueille(2000);
+  EXPECT_GE(recolte.Images, 10);
+  EXPECT_EQ(recolte.Tailles, (std::set<std::pair<int, int>>{{160, 120}}));
+  EXPECT_FALSE(camera.ParUdp());
+  EXPECT_FALSE(camera.SonDemande());
+}
+
+TEST_F(PiloteRtsp, ShowsACameraThatSendsBesideTheConnectionOnly) {
+  const CameraRtsp camera({.SeulementUdp = true});
+  ASSERT_TRUE(Connecte(Adresse(camera)));
+  EXPECT_GE(Recueille(2000).Images, 10);
+  EXPECT_TRUE(camera.ParUdp());
+}
+
+TEST_F(PiloteRtsp, GivesThePasswordToTheCameraAndShowsItNowhere) {
+  const CameraRtsp camera({.Fermee = true});
+  EXPECT_FALSE(Connecte(Adresse(camera)));
+  ASSERT_TRUE(Connecte(Adresse(camera, "jean:tresSecret@")));
+  EXPECT_TRUE(camera.VuAutorisation());
+  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_FALSE(Pilote_->DescriptionSource().contains(QStringLiteral("tresSecret")));
+}
+
+}  // namespace
+}  // namespace vaktor
