@@ -31,7 +31,8 @@ constexpr std::array<Paire, static_cast<size_t>(TexteDialogue::kNombre)> kTextes
      "work again until the program is started anew. Please choose a smaller size."},
     {"Toutes les tailles que cette caméra propose sont trop grandes pour la détection, même la plus petite : aucun "
      "mouvement ne sera détecté. Utilisez une autre caméra.",
-     "All sizes that this camera offers are too large for the detection, even the smallest: no motion will be detected. "
+     "All sizes that this camera offers are too large for the detection, even the smallest: no motion will be "
+     "detected. "
      "Please use another camera."},
     {"Une caméra réseau décide elle-même du format de son image (en ce moment : %1). Il se règle dans les pages de la "
      "caméra, avec un navigateur. Ici, rien n'est à choisir.",
