@@ -36,7 +36,7 @@ bool PiloteGStreamer::Connecte() {
 SourceCapture PiloteGStreamer::SourceVoulue() const {
   if (!Ou_.isEmpty()) return ComprendSource(Ou_);
   const QString retenue = Memoire_.Source();
-  const SourceCapture source = ComprendSource(retenue);
+  SourceCapture source = ComprendSource(retenue);  // given away below
   if (source.Genre == GenreSource::kPeripherique && !RetrouvePeripherique(source.Lieu)) return ComprendSource({});
   return source;
 }
