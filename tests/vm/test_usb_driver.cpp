@@ -200,7 +200,8 @@ TEST_F(UsbPilote, ASilentCameraIsNotConnectedAndNothingStaysOpen) {
 
 TEST_F(UsbPilote, WithoutPermissionThereIsNoConnectionAndWithItThereIs) {
   const auto premier = Pilote();
-  const auto nomme = Pilote(QStringLiteral("/dev/video0"));
+  // By its node, which may have another number since it was plugged in again.
+  const auto nomme = Pilote(ListePeripheriques().first().Noeud);
   ASSERT_EQ(::seteuid(65534), 0);
   const bool connecte = premier->Connecte();
   const bool nommeConnecte = nomme->Connecte();
