@@ -6,6 +6,7 @@
 #include "app/do_nothing.h"
 #include "app/start_arguments.h"
 #include "app/system_ports.h"
+#include "platform/accounts/account_registry.h"
 #include "platform/base/event_pump.h"
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
@@ -50,7 +51,7 @@ class SystemeReel {
   LecteurGStreamer LecteurSon_;
   Sons Sons_;
   ProcessusSysteme Programmes_;
-  SansComptes Comptes_;
+  RegistreComptesFichiers Comptes_{TrouveLieuxComptes()};
   EssaiParCompagnon Essai_;
   std::unique_ptr<MemoireCapture> Memoire_;
 };
