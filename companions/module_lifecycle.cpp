@@ -1,6 +1,7 @@
 #include "companions/module_lifecycle.h"
 
 #include "base/failure.h"
+#include "base/language.h"
 #include "companions/contract/command_words.h"
 
 namespace vaktor {
@@ -10,11 +11,10 @@ namespace {
 constexpr int kErrantsMax = 64;  // a process that will not die must not hold the start up for ever
 
 QString DecritAbsence(const QString& programme, qint32 langue) {
-  if (langue == 0)
-    return QStringLiteral(
-               "Le programme %1 est introuvable ou ne peut pas \u00eatre lanc\u00e9. R\u00e9installez Vaktor.")
-        .arg(programme);
-  return QStringLiteral("The program %1 is missing or cannot be started. Please install Vaktor again.").arg(programme);
+  return ChoisitLangue(langue,
+                       QStringLiteral("Le programme %1 est introuvable ou ne peut pas être lancé. Réinstallez Vaktor."),
+                       QStringLiteral("The program %1 is missing or cannot be started. Please install Vaktor again."))
+      .arg(programme);
 }
 
 }  // namespace

@@ -114,12 +114,12 @@ void ReglagesPersistants::VideMagasin() {
 
 // From the store, not from Parametres: the very first value may be the damaged one, before the language is loaded.
 qint32 ReglagesPersistants::LangueDuMagasin() const {
-  constexpr qint32 kIllisible = -1;
+  constexpr qint32 kFrancais = 0;  // as for every language that is not known
   try {
     return TexteEnEntier(
         Liens_.Magasin.LitReglage(QStringLiteral("general"), QStringLiteral("langue"), QStringLiteral("0")));
   } catch (const Echec&) {
-    return kIllisible;
+    return kFrancais;
   }
 }
 

@@ -1,5 +1,7 @@
 #include "settings/settings_failures.h"
 
+#include "base/language.h"
+
 namespace vaktor {
 namespace {
 
@@ -13,12 +15,6 @@ QString RaccourcitValeur(const QString& valeur) {
   }
   if (valeur.size() > kTailleMontree) montre += QStringLiteral("...");
   return montre;
-}
-
-QString ChoisitLangue(qint32 langue, const QString& francais, const QString& anglais) {
-  if (langue == 0) return francais;
-  if (langue == 1) return anglais;
-  return francais + QStringLiteral("\n") + anglais;
 }
 
 }  // namespace

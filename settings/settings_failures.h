@@ -5,7 +5,7 @@
 
 namespace vaktor {
 
-// `langue`: 0 French, 1 English, any other value: both, French first.
+// By language, as base/language.h tells.
 
 /// A stored value that is not possible; names key ("section/key"), value (shortened) and where it lies.
 QString DitReglageImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& emplacement);

@@ -22,9 +22,11 @@ ChampsMoniteur::ChampsMoniteur(const PortsChamps& ports, PortsChampsMoniteur mon
   connect(Page_.CheckSon, &CaseACocher::Relachee, this, &ChampsMoniteur::RelacheCheckSon);
 }
 
-// The engine takes the value, also into a countdown that runs, and saves.
+// Cleaned before anything else, so that a save that fails leaves no letters behind. The engine then takes the value,
+// also into a countdown that runs, and saves.
 void ChampsMoniteur::SuitText1() {
-  EcritChamp(*Page_.Text1, BorneChiffres(Moniteur_.Moteur.ChangeTexteRetard(Page_.Text1->text())));
+  EcritChamp(*Page_.Text1, NettoieNombre(Page_.Text1->text(), QStringLiteral("0"), 0));
+  Moniteur_.Moteur.ChangeTexteRetard(Page_.Text1->text());
 }
 
 void ChampsMoniteur::RelacheCheckMail() {

@@ -1,10 +1,12 @@
 #include "ui/own_words.h"
 
+#include "base/language.h"
+
 namespace vaktor {
 
 namespace {
 QString Choisit(qint32 langue, const char* francais, const char* anglais) {
-  return QString::fromUtf8(langue == 1 ? anglais : francais);
+  return ChoisitLangue(langue, QString::fromUtf8(francais), QString::fromUtf8(anglais));
 }
 }  // namespace
 

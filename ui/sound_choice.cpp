@@ -1,29 +1,31 @@
 #include "ui/sound_choice.h"
 
+#include "base/language.h"
+
 namespace vaktor {
 
 namespace {
 
-QString DonneMontre(const MotsFormSound& mots, qint32 indexSon, bool anglais) {
+QString DonneMontre(const MotsFormSound& mots, qint32 indexSon, qint32 langue) {
   if (indexSon >= 0 && indexSon < static_cast<qint32>(mots.Entrees.size())) {
     return mots.Entrees.at(static_cast<std::size_t>(indexSon));
   }
-  return anglais ? QStringLiteral("Sound Choice") : QStringLiteral("Choix du son");
+  return ChoisitLangue(langue, QStringLiteral("Choix du son"), QStringLiteral("Sound Choice"));
 }
 
 }  // namespace
 
 MotsFormSound DonneMotsFormSound(qint32 langue, qint32 indexSon) {
-  const bool anglais = langue == 1;
   MotsFormSound mots;
-  mots.Titre = anglais ? QStringLiteral("Alarm sound") : QStringLiteral("Son de l'alarme");
-  mots.Selection = anglais ? QStringLiteral("Select a sound") : QStringLiteral("Sélectionnez un son");
-  mots.Ecoute = anglais ? QStringLiteral("Listen") : QStringLiteral("Ecoute");
-  mots.Parcourir = anglais ? QStringLiteral("Choose a sound file") : QStringLiteral("Choisir un fichier son");
-  const QString son = anglais ? QStringLiteral("Sound %1") : QStringLiteral("Son %1");
+  mots.Titre = ChoisitLangue(langue, QStringLiteral("Son de l'alarme"), QStringLiteral("Alarm sound"));
+  mots.Selection = ChoisitLangue(langue, QStringLiteral("Sélectionnez un son"), QStringLiteral("Select a sound"));
+  mots.Ecoute = ChoisitLangue(langue, QStringLiteral("Ecoute"), QStringLiteral("Listen"));
+  mots.Parcourir =
+      ChoisitLangue(langue, QStringLiteral("Choisir un fichier son"), QStringLiteral("Choose a sound file"));
+  const QString son = ChoisitLangue(langue, QStringLiteral("Son %1"), QStringLiteral("Sound %1"));
   for (int i = 0; i < ChoixSon::kSonDuFichier; ++i) mots.Entrees.at(static_cast<std::size_t>(i)) = son.arg(i + 1);
-  mots.Entrees.back() = anglais ? QStringLiteral("Sound file") : QStringLiteral("Fichier son");
-  mots.Montre = DonneMontre(mots, indexSon, anglais);
+  mots.Entrees.back() = ChoisitLangue(langue, QStringLiteral("Fichier son"), QStringLiteral("Sound file"));
+  mots.Montre = DonneMontre(mots, indexSon, langue);
   return mots;
 }
 

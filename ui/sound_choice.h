@@ -11,7 +11,7 @@
 
 namespace vaktor {
 
-/// All words of FormSound, by language: 1 English, any other number French.
+/// All words of FormSound, by language, as base/language.h tells.
 struct MotsFormSound {
   QString Titre;
   QString Selection;               ///< LabelSelectSon

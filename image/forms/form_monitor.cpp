@@ -96,6 +96,11 @@ void FormMonitor::SuitTaille() {
   }
 }
 
+// The outer size of the window is to be the picture and 450 by 100 twips more, which is 30 pixels in height and 6 2/3
+// in width at 15 twips a pixel: a title bar of 24 and a frame of 3 pixels on each side. So that surplus is nothing but
+// the frame of its time, and the inside of the window is the picture, to the pixel. Here the window manager adds a
+// frame of its own size around the inside that is asked for; adding the numbers would leave a grey strip below and
+// beside the picture. The bar that covers the last two rows shows that none is meant.
 void FormMonitor::AjusteFenetre() {
   const QSize taille = Moteur_.Surface().Taille();
   Picture1_->setGeometry(QRect(QPoint(0, 0), taille));

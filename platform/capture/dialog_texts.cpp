@@ -6,6 +6,8 @@
 #include <QLocale>
 #include <array>
 
+#include "base/language.h"
+
 namespace vaktor {
 namespace {
 
@@ -171,7 +173,7 @@ constexpr std::array<Choix, 14> kChoix = {{{"Disabled", "Désactivé"},
                                            {"Negative", "Négatif"}}};
 
 QString Prend(const Paire& paire, qint32 langue) {
-  return QString::fromUtf8(langue == 0 ? paire.Francais : paire.Anglais);
+  return ChoisitLangue(langue, QString::fromUtf8(paire.Francais), QString::fromUtf8(paire.Anglais));
 }
 
 }  // namespace
@@ -184,12 +186,12 @@ QString TexteTaille(const FormatCamera& format) {
 
 QString TexteCadence(const FormatCamera& format, qint32 langue) {
   if (format.CadenceNum <= 0) return TexteDe(TexteDialogue::kCadenceLibre, langue);
-  QLocale pays(langue == 0 ? QLocale::French : QLocale::English);
+  QLocale pays(ChoisitLangue(langue, QStringLiteral("fr"), QStringLiteral("en")));
   pays.setNumberOptions(QLocale::OmitGroupSeparator);
   QString nombre = pays.toString(format.ImagesParSeconde(), 'f', 2);
   while (nombre.endsWith(QLatin1Char('0'))) nombre.chop(1);
   if (!nombre.back().isDigit()) nombre.chop(1);
-  return nombre + QString::fromUtf8(langue == 0 ? " images/s" : " frames/s");
+  return nombre + ChoisitLangue(langue, QStringLiteral(" images/s"), QStringLiteral(" frames/s"));
 }
 
 QString TexteCodage(const QString& codage, qint32 langue) {

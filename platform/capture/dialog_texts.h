@@ -67,7 +67,7 @@ enum class TexteDialogue {
   kNombre  ///< how many there are
 };
 
-/// `langue`: 0 French, any other English.
+/// By language, as base/language.h tells.
 QString TexteDe(TexteDialogue texte, qint32 langue);
 
 /// "640 x 480" with the proper sign.

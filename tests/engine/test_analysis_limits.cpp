@@ -53,6 +53,26 @@ TEST_F(AnalyseAuxLimites, ZoneWithoutSamplesComesThroughEvenThen) {
   EXPECT_EQ(Affichage.Points, 15);
 }
 
+TEST_F(AnalyseAuxLimites, BoxGrownBeforeTheTableEndedStaysUntilATickIsComplete) {
+  DemarreSurNoir();
+  PoseZone(3, 6, 3, 6 + 3 * 333334);  // one column of 333,335 samples, the first 18 on the picture
+  Trame(Unie(qRgb(0, 0, 255)));
+  const BoiteMouvement& boite = Detection().Mouv;
+  const auto attend = [&](qint32 minX, qint32 maxX, qint32 minY, qint32 maxY) {
+    EXPECT_EQ(boite.MinX, minX);
+    EXPECT_EQ(boite.MaxX, maxX);
+    EXPECT_EQ(boite.MinY, minY);
+    EXPECT_EQ(boite.MaxY, maxY);
+  };
+  EXPECT_EQ(Detection().NbrPoints, 18);
+  attend(3, 3, 6, 57);
+  for (int i = 0; i < 3; ++i) Trame(Unie(0));  // fail at their first sample
+  attend(3, 3, 6, 57);
+  PoseZone(40, 0, 39, 50);  // no sample, so nothing fails: the end of this tick turns the box inside out
+  Tic();
+  attend(kLargeur, 0, kHauteur, 0);
+}
+
 TEST_F(AnalyseAuxLimites, ZoneAtTheEndOfTheNumbersOverflows) {
   DemarreSurNoir();
   const qint32 compteurs = Affichage.NombreCompteurs;

@@ -1,6 +1,8 @@
 // The alarm's actions and the live page, counted instead of done.
 #pragma once
 
+#include <functional>
+
 #include "base/failure.h"
 #include "engine/ports/alarm_actions.h"
 #include "fakes/journal.h"
@@ -14,6 +16,7 @@ class ActionsFausses : public ActionsAlarme {
   void EnregistrePhoto() override {
     Journal_.Note([] { return QStringLiteral("EnregistrePhoto"); });
     ++Photos;
+    if (PendantPhoto) PendantPhoto();
     if (PhotoEchoue) throw Echec(kAppelIncorrect, QStringLiteral("the photo cannot be written"));
   }
   void EnvoiMail(const QString& mot) override {
@@ -25,6 +28,7 @@ class ActionsFausses : public ActionsAlarme {
     ++Sons;
   }
 
+  std::function<void()> PendantPhoto;  ///< takes a photo, or fails, in the recorder's place
   bool PhotoEchoue = false;
   qint32 Photos = 0, Mails = 0, Sons = 0;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/failure.h"
 #include "fakes/journal.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
@@ -14,11 +15,13 @@ class SauvegardeFausse : public SauvegardeParametres {
   void SauveParametres() override {
     Journal_.Note([] { return QStringLiteral("SauveParametres"); });
     ModifiesALaSauvegarde = Reglages_.ParametresModifies;
+    if (Echoue) throw Echec(kAccesFichier, QStringLiteral("disk full"));
     Reglages_.ParametresModifies = false;
     ++Sauvegardes;
   }
 
-  qint32 Sauvegardes = 0;
+  bool Echoue = false;
+  qint32 Sauvegardes = 0;              ///< those that succeeded
   bool ModifiesALaSauvegarde = false;  ///< ParametresModifies as the last save found it
 
  private:

@@ -82,6 +82,14 @@ TEST_F(Champs, Text1TooLongShowsTheLargestNumber) {
   EXPECT_EQ(Banc.Reglages.Retard, 2147483647);
 }
 
+TEST_F(Champs, Text1IsCleanEvenWhenTheSaveFails) {
+  Banc.Sauvegarde.Echoue = true;
+  EXPECT_THROW(Champ("Text1")->setText(QStringLiteral("1a2")), Echec);
+  EXPECT_EQ(Champ("Text1")->text(), QStringLiteral("12"));
+  EXPECT_EQ(Banc.Reglages.Retard, 12);
+  EXPECT_TRUE(Banc.Reglages.ParametresModifies) << "the next save takes it";
+}
+
 TEST_F(Champs, IntervalCorrectsItselfAndSavesAtEachKey) {
   Tape("TxtRefresh", QStringLiteral("0"));
   EXPECT_EQ(Champ("TxtRefresh")->text(), QStringLiteral("0,5"));

@@ -17,10 +17,10 @@ TEST(TexteDialogue, EveryTextIsThereInBothLanguagesWithTheSamePlaces) {
   }
 }
 
-TEST(TexteDialogue, AnyOtherLanguageIsEnglish) {
+TEST(TexteDialogue, AnyOtherLanguageIsFrench) {
   EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, 0), "Annuler");
   EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, 1), "Cancel");
-  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, 7), "Cancel");
+  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, 7), "Annuler");
 }
 
 TEST(TexteCadence, NumbersByTheLanguage) {
