@@ -20,6 +20,7 @@
 #include "companions/module_send_messages.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/form_visu_photo.h"
+#include "image/forms/repertoire.h"
 #include "image/forms/webcam_pecran.h"
 #include "image/photo_recorder.h"
 #include "settings/persistent_settings.h"
@@ -77,6 +78,7 @@ class Vaktor : private EtapesDepart {
   FormMonitor& Moniteur();
   void PlaceMoniteur();
   FormVisuPhoto& Galerie();
+  void CreeRepertoire(FormVisuPhoto& galerie);
 
   // The end (application_end.cpp).
   void DemandeFermeture();
@@ -125,6 +127,8 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<FormVisuPhoto> FormVisuPhoto_;
   ComptesMail Comptes_;                   // as last read; FrmSmtp shows them
   std::unique_ptr<FrmSmtp> FrmSmtp_;      // from its opening to its close
+  std::unique_ptr<ChoixDossier> ChoixDossier_;
+  std::unique_ptr<VueRepertoire> Repertoire_;
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;

@@ -45,6 +45,7 @@ void Vaktor::FermeApplication() {
   // them.
   DechargeFrmSmtp();
   PleinEcran_.Decharge();
+  if (Repertoire_) Repertoire_->Decharge();
   // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
   if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) FormVisuPhoto_->close();
   FormWinsock_.reset();  // a late word of a companion finds nobody any more
@@ -85,6 +86,7 @@ void Vaktor::DechargeFormes() {
   VueParametres_.reset();
   FormWinsock_.reset();
   FormSound_.reset();
+  Repertoire_.reset();
   FormVisuPhoto_.reset();
   FormMonitor_.reset();
   Form1_.reset();

@@ -85,8 +85,18 @@ FormVisuPhoto& Vaktor::Galerie() {
                                                             Systeme_.Disque, Systeme_.Lecteur, Systeme_.Boites,
                                                             Systeme_.Pompe, Systeme_.Navigateur});
     FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_, Systeme_.Dossiers);
+    CreeRepertoire(*FormVisuPhoto_);
   }
   return *FormVisuPhoto_;
+}
+
+// The folder chooser is reached from the gallery and in no other way.
+void Vaktor::CreeRepertoire(FormVisuPhoto& galerie) {
+  ChoixDossier_ = std::make_unique<ChoixDossier>(PortsChoixDossier{
+      Reglages_, *Sauvegarde_, Systeme_.Dossiers, Systeme_.Disque, Systeme_.Arbre, Systeme_.Pompe, Systeme_.Boites,
+      Textes_, [&galerie](const QString& dossier) { galerie.RepointeSur(dossier); }});
+  Repertoire_ = std::make_unique<VueRepertoire>(*ChoixDossier_, Systeme_.Arbre);
+  galerie.SurChoixRepertoire([this] { Repertoire_->Montre(); });
 }
 
 void Vaktor::MontreForm1() {

@@ -37,6 +37,7 @@ PortsSysteme SystemeReel::Ports() {
           .Boites = Boites_,
           .Ecrivain = Ecrivain_,
           .Lecteur = Lecteur_,
+          .Arbre = Arbre_,
           .Sons = Sons_,
           .Programmes = Programmes_,
           .Navigateur = Navigateur_,

@@ -13,6 +13,7 @@
 #include "platform/base/system_files.h"
 #include "platform/channel/mail_rehearsal.h"
 #include "platform/channel/system_processes.h"
+#include "platform/folders/system_folders.h"
 #include "platform/image/jpeg_photo_reader.h"
 #include "platform/image/turbo_jpeg_encoder.h"
 #include "platform/sound/wave_player.h"
@@ -46,6 +47,7 @@ class SystemeReel {
   EncodeurTurboJpeg Encodeur_;
   EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
   LecteurPhotosFichier Lecteur_;
+  ArbreDossiersSysteme Arbre_;
   OuvreurBureau Navigateur_;
   DialogueFichierQt ChoixFichier_;
   LecteurGStreamer LecteurSon_;

@@ -18,6 +18,7 @@
 #include "engine/ports/interface_sounds.h"
 #include "engine/ports/timers.h"
 #include "image/jpeg_writer.h"
+#include "image/ports/folder_tree.h"
 #include "image/ports/photo_reader.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
@@ -42,6 +43,7 @@ struct PortsSysteme {
   BoitesMessage& Boites;
   EcrivainJpeg& Ecrivain;
   const LecteurPhotos& Lecteur;
+  ArbreDossiers& Arbre;
   SonsInterface& Sons;
   Processus& Programmes;
   Ouvreur& Navigateur;

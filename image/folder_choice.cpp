@@ -113,7 +113,6 @@ bool ChoixDossier::Valide() {
   }
   reglages.RepertoirePhoto = Chemin_;
   if (reglages.ParametresModifies) Ports_.Sauvegarde.SauveParametres();
-  Ports_.RepointeGalerie(reglages.RepertoirePhoto);
   return true;
 }
 

@@ -46,9 +46,11 @@ class ChoixDossier {
   void ChangeDossier(const QString& chemin);
   /// Command2: makes the folder `nom` in Chemin and stands on it. Silent when that fails.
   void CreeDossier(const QString& nom);
-  /// Command1: Chemin becomes RepertoirePhoto. True when the form is to be unloaded; false after a message, with
-  /// everything as it was. Throws what the save or the gallery throws.
+  /// Command1, first half: Chemin becomes RepertoirePhoto. False after a message, with everything as it was. Throws
+  /// what the save throws.
   bool Valide();
+  /// Command1, second half, after which the form is unloaded: the gallery follows. Throws what the gallery throws.
+  void RepointeGalerie() const { Ports_.RepointeGalerie(Ports_.Reglages.RepertoirePhoto); }
 
   QList<LieuDisque> ListeLieux() const { return Ports_.Arbre.ListeLieux(); }
   const QString& Lecteur() const { return Lecteur_; }  ///< path of the place that Drive1 shows

@@ -1,12 +1,14 @@
 #include "image/gallery_words.h"
 
+#include "base/language.h"
+
 namespace vaktor {
 namespace {
 
 constexpr qsizetype kNomsDits = 10;
 
 QString Choisit(qint32 langue, const char* francais, const char* anglais) {
-  return QString::fromUtf8(langue == 1 ? anglais : francais);
+  return ChoisitLangue(langue, QString::fromUtf8(francais), QString::fromUtf8(anglais));
 }
 
 QString DitRaison(qint32 langue, EtatPhoto etat) {

@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QStyle>
 
 namespace vaktor {
@@ -92,7 +93,12 @@ void Repertoire::BrancheControles() {
   connect(Command1_, &QAbstractButton::clicked, this, [this] {
     // A message of the rules lets events run, the end of the program among them.
     const QPointer<Repertoire> encore(this);
-    if (Choix_.Valide() && encore) close();
+    if (!Choix_.Valide()) return;
+    // The choice is made: the form goes also when the gallery then meets a first photo that it cannot show.
+    const auto ferme = qScopeGuard([&] {
+      if (encore) close();
+    });
+    Choix_.RepointeGalerie();
   });
 }
 

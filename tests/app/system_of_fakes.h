@@ -8,6 +8,7 @@
 #include "base/failure.h"
 #include "fakes/fake_capture_driver.h"
 #include "fakes/fake_event_pump.h"
+#include "fakes/fake_folder_tree.h"
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_mail_registry.h"
@@ -218,6 +219,7 @@ struct SystemeFaux {
             .Boites = Messages,
             .Ecrivain = Ecrivain,
             .Lecteur = Lecteur,
+            .Arbre = Arbre,
             .Sons = Sons,
             .Programmes = Programmes,
             .Navigateur = Navigateur,
@@ -247,6 +249,7 @@ struct SystemeFaux {
   BoitesNotees Messages{Notes};
   EcrivainNote Ecrivain{Notes};
   faux::LecteurPhotosFaux Lecteur;
+  faux::ArbreFaux Arbre;
   ProcessusNote Programmes{Notes};
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;

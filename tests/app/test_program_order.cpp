@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
+#include <QTreeWidget>
 
 #include "app/system_of_fakes.h"
 
@@ -173,6 +174,40 @@ TEST_F(Ordre, ClosingWhileTheCameraIsBeingConnectedIsAWholeStopWithoutAMessage) 
   EXPECT_TRUE(vus.filter(QStringLiteral("box:")).isEmpty());
   EXPECT_FALSE(Visible("Form1"));
   EXPECT_FALSE(Visible("FormMonitor"));
+}
+
+TEST_F(Ordre, FolderChooserIsReachedFromTheGalleryAndGoesWithTheProgram) {
+  for (const char* dossier : {"/home", "/home/u", "/home/u/v", "/home/u/v/intrus", "/home/u/photos"}) {
+    Systeme.Arbre.Ajoute(QLatin1String(dossier));
+    Systeme.Disque.Existants.append(QLatin1String(dossier));
+  }
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  const auto clique = [](const char* fenetre, const char* controle) {
+    auto* cible = Fenetre(fenetre)->findChild<QWidget*>(QLatin1String(controle));
+    ASSERT_NE(cible, nullptr) << controle;
+    QTest::mouseClick(cible, Qt::LeftButton);
+  };
+  clique("Form1", "BoutonGris(0)");
+  EXPECT_EQ(Fenetre("Repertoire"), nullptr) << "loaded by nothing but Command7";
+  clique("FormVisuPhoto", "Command7");
+  ASSERT_TRUE(Visible("Repertoire"));
+  auto* arbre = Fenetre("Repertoire")->findChild<QTreeWidget*>(QStringLiteral("Dir1"));
+  arbre->setCurrentItem(arbre->topLevelItem(0)->child(0));
+  Systeme.Notes.Vide();
+  clique("Repertoire", "Command1");
+  const QStringList vus = Systeme.DepuisVide();
+  EXPECT_GT(vus.indexOf(QStringLiteral("files: exists /home/u/photos")), vus.indexOf(QStringLiteral("store: flush")))
+      << "saved, then the gallery:\n"
+      << vus.join(u'\n').toStdString();
+  EXPECT_EQ(Systeme.Valeurs.value(QStringLiteral("PHOTO/repertoire")), QStringLiteral("/home/u/photos"));
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(Fenetre("Repertoire"), nullptr) << "unloaded, not hidden";
+  clique("FormVisuPhoto", "Command7");
+  ASSERT_TRUE(Visible("Repertoire"));
+  Programme->Ferme();
+  EXPECT_FALSE(Visible("Repertoire"));
+  EXPECT_FALSE(Visible("FormVisuPhoto"));
 }
 
 TEST_F(Ordre, OfTheStopWithTheCameraOnAndSomethingToSaveIsTheList) {

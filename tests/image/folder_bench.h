@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "base/failure.h"
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_folder_tree.h"
@@ -42,9 +43,12 @@ class BancDossier : public testing::Test {
   PompeFausse Pompe{Journal_};
   BoitesFausses Boites;
   TablesTextes Textes;
+  bool GalerieEchoue = false;
   ChoixDossier Choix{
-      {Reglages, Sauvegarde, Dossiers, Disque, Arbre, Pompe, Boites, Textes,
-       [this](const QString& dossier) { Journal_.Note([&] { return QStringLiteral("gallery ") + dossier; }); }}};
+      {Reglages, Sauvegarde, Dossiers, Disque, Arbre, Pompe, Boites, Textes, [this](const QString& dossier) {
+         Journal_.Note([&] { return QStringLiteral("gallery ") + dossier; });
+         if (GalerieEchoue) throw Echec(kFichierIntrouvable, QStringLiteral("first photo damaged"));
+       }}};
 };
 
 }  // namespace vaktor::faux

@@ -9,7 +9,15 @@ namespace {
 const QString kAncien = QStringLiteral("/home/u/Photos");
 const QString kUsb = QStringLiteral("/media/u/USB");
 
-class Dossier : public faux::BancDossier {};
+class Dossier : public faux::BancDossier {
+ protected:
+  /// Both halves of Command1.
+  bool Accepte() {
+    if (!Choix.Valide()) return false;
+    Choix.RepointeGalerie();
+    return true;
+  }
+};
 
 TEST_F(Dossier, LoadStandsOnThePhotoFolderSeenFromTheDeepestPlace) {
   Choix.Charge();
@@ -184,7 +192,7 @@ TEST_F(Dossier, AcceptanceTakesTheFolderSavesThenShowsItInTheGallery) {
   Choix.Charge();
   Choix.ChangeLecteur(kUsb);
   Journal_.Vide();
-  EXPECT_TRUE(Choix.Valide());
+  EXPECT_TRUE(Accepte());
   EXPECT_EQ(Reglages.RepertoirePhoto, kUsb);
   EXPECT_EQ(Journal_.Lignes(),
             (QStringList{QStringLiteral("SauveParametres"), QStringLiteral("gallery /media/u/USB")}));
@@ -194,21 +202,21 @@ TEST_F(Dossier, AcceptanceTakesTheFolderSavesThenShowsItInTheGallery) {
 TEST_F(Dossier, AcceptanceWithoutBrowsingSavesNothingAndRefreshesTheGallery) {
   Choix.Charge();
   Journal_.Vide();
-  EXPECT_TRUE(Choix.Valide());
+  EXPECT_TRUE(Accepte());
   EXPECT_EQ(Journal_.Lignes(), QStringList{QStringLiteral("gallery /home/u/Photos")});
 }
 
 TEST_F(Dossier, AcceptanceSavesWhateverHadMarkedTheParameters) {
   Choix.Charge();
   Reglages.ParametresModifies = true;
-  EXPECT_TRUE(Choix.Valide());
+  EXPECT_TRUE(Accepte());
   EXPECT_EQ(Sauvegarde.Sauvegardes, 1);
 }
 
 TEST_F(Dossier, FallbackBecomesLastingOnlyWithASave) {
   Retire(kAncien);
   Choix.Charge();
-  EXPECT_TRUE(Choix.Valide());
+  EXPECT_TRUE(Accepte());
   EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
   EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/home/u/v/intrus"));
 }
@@ -221,7 +229,7 @@ TEST_P(Refus, NewFolderThatTakesNoPhotoIsToldAndNothingIsLost) {
   Choix.ChangeLecteur(kUsb);
   Arbre.Ecritures[kUsb] = GetParam();
   Journal_.Vide();
-  EXPECT_FALSE(Choix.Valide()) << "the form stays, for another choice";
+  EXPECT_FALSE(Accepte()) << "the form stays, for another choice";
   ASSERT_EQ(Boites.Textes.size(), 1);
   EXPECT_TRUE(Boites.Textes.first().contains(kUsb)) << Boites.Textes.first().toStdString();
   EXPECT_TRUE(Boites.Textes.first().contains(QStringLiteral("still \"/home/u/Photos\"")));
@@ -235,7 +243,7 @@ TEST_P(Refus, FolderAlreadyInUseIsToldAndAcceptedAllTheSame) {
   Choix.Charge();
   Arbre.Ecritures[kAncien] = GetParam();
   Journal_.Vide();
-  EXPECT_TRUE(Choix.Valide());
+  EXPECT_TRUE(Accepte());
   EXPECT_EQ(Boites.Textes.size(), 1);
   EXPECT_EQ(Journal_.Lignes(), QStringList{QStringLiteral("gallery /home/u/Photos")});
 }

@@ -190,6 +190,16 @@ TEST_F(FormeRepertoire, RefusedFolderKeepsTheFormOpen) {
   EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/home/u/Photos"));
 }
 
+TEST_F(FormeRepertoire, FormGoesAlsoWhenTheGalleryCannotShowItsFirstPhoto) {
+  Ouvre();
+  CliqueLigne(Racine()->child(1));
+  GalerieEchoue = true;
+  // Not through the event loop, where a test has no guard.
+  EXPECT_THROW(Trouve<QPushButton>("Command1")->click(), Echec);
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/home/u/v"));
+  EXPECT_EQ(Vue.Forme(), nullptr);
+}
+
 TEST_F(FormeRepertoire, EndOfTheProgramDuringThePumpOfTheCreationIsSurvived) {
   Ouvre();
   Pompe.EnAttente = [this] { Vue.Decharge(); };
