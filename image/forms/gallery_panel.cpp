@@ -15,7 +15,8 @@ namespace vaktor {
 namespace {
 
 constexpr int kHautListe = 106;
-constexpr int kPolice = 12;  // pixels, so that the captions fit whatever density the screen claims
+constexpr int kPolice = 12;       // pixels, so that the captions fit whatever density the screen claims
+constexpr int kPoliceListe = 11;  // a photo's name and the scroll bar find room beside each other
 
 }  // namespace
 
@@ -52,6 +53,8 @@ PanneauGalerie::PanneauGalerie(QWidget* parent)
   TxtNbrPhotDisk->setObjectName(QStringLiteral("TxtNbrPhotDisk"));
   TxtNbrPhotDisk->setGeometry(148, 9, 85, 24);
   TxtNbrPhotDisk->setMaxLength(std::numeric_limits<int>::max());
+  police.setPixelSize(kPoliceListe);
+  FilePhotoVisu->setFont(police);
   FilePhotoVisu->setObjectName(QStringLiteral("FilePhotoVisu"));
   FilePhotoVisu->setGeometry(8, kHautListe, kLargeurPanneau - 16, 100);
   OrdonneClavier();

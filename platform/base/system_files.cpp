@@ -5,11 +5,11 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <algorithm>
 #include <cerrno>
+
+#include "platform/base/folder_listing.h"
 
 namespace vaktor {
 namespace {
@@ -26,11 +26,6 @@ int EcritTout(int descripteur, QByteArrayView contenu) {
     contenu = contenu.sliced(pris);
   }
   return 0;
-}
-
-bool PrecedeSansCasse(const QString& a, const QString& b) {
-  const int ordre = QString::compare(a, b, Qt::CaseInsensitive);
-  return ordre != 0 ? ordre < 0 : a < b;
 }
 
 }  // namespace
@@ -59,10 +54,7 @@ std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const 
 }
 
 QStringList FichiersSysteme::ListeFichiers(const QString& dossier, const QString& motif) const {
-  if (dossier.isEmpty()) return {};  // QDir would take the working folder
-  QStringList noms = QDir(CheminNatif(dossier)).entryList({motif}, QDir::Files, QDir::NoSort);
-  std::sort(noms.begin(), noms.end(), PrecedeSansCasse);
-  return noms;
+  return ListeDossier(NomSysteme(dossier), motif);
 }
 
 bool FichiersSysteme::Supprime(const QString& chemin) {
