@@ -41,11 +41,24 @@ QLabel* CreeEtiquette(QWidget* parent, const QString& nom, const QRect& place, i
   return etiquette;
 }
 
+QLabel* CreeEtiquetteDeChamp(QWidget* parent, const QString& nom, const QRect& place) {
+  QLabel* etiquette = CreeEtiquette(parent, nom, place, kPoliceMoyenne);
+  etiquette->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  return etiquette;
+}
+
 QLineEdit* CreeChamp(QWidget* parent, const QString& nom, const QRect& place) {
   auto* champ = new QLineEdit(parent);
   champ->setObjectName(nom);
   champ->setGeometry(place);
   champ->setFont(DonnePolice(kPolicePetite));
+  return champ;
+}
+
+QLineEdit* CreeChampSecret(QWidget* parent, const QString& nom, const QRect& place) {
+  QLineEdit* champ = CreeChamp(parent, nom, place);
+  champ->setEchoMode(QLineEdit::Password);
+  champ->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // styles have signs of their own otherwise
   return champ;
 }
 

@@ -40,7 +40,12 @@ class CaseACocher : public QCheckBox {
 
 QLabel* CreeEtiquette(QWidget* parent, const QString& nom, const QRect& place, int police = kPolicePetite,
                       QRgb couleur = kGrisTexte);
+/// The caption beside a field or a box: of middle size, and on one line with what stands in the field when both are as
+/// high.
+QLabel* CreeEtiquetteDeChamp(QWidget* parent, const QString& nom, const QRect& place);
 QLineEdit* CreeChamp(QWidget* parent, const QString& nom, const QRect& place);
+/// A field for a password: each character shows as "*".
+QLineEdit* CreeChampSecret(QWidget* parent, const QString& nom, const QRect& place);
 QComboBox* CreeListe(QWidget* parent, const QString& nom, const QRect& place);
 CaseACocher* CreeCase(QWidget* parent, const QString& nom, const QPoint& place);
 

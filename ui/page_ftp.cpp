@@ -17,15 +17,15 @@ PageFtp::PageFtp(QWidget* fenetre) : PageVaktor(fenetre, 2) {
 
 void PageFtp::CreeChampsServeur() {
   const auto ligne = [this](const char* champ, const char* etiquette, int haut) {
-    CreeEtiquette(this, QLatin1String(etiquette), {174, haut, 140, 17}, kPoliceMoyenne);
+    CreeEtiquetteDeChamp(this, QLatin1String(etiquette), {174, haut, 140, 19});
     return CreeChamp(this, QLatin1String(champ), {8, haut, 161, 19});
   };
   TxtFtp = ligne("TxtFtp", "Lblftp", 6);
   TxtHtml = ligne("TxtHtml", "LblHTML", 23);
   TxtFTPracine = ligne("TxtFTPracine", "LblRepRaciine", 40);
   TxtUserName = ligne("TxtUserName", "LblUserName", 57);
-  TxtPass = ligne("TxtPass", "LblPass", 74);
-  TxtPass->setEchoMode(QLineEdit::Password);
+  CreeEtiquetteDeChamp(this, QStringLiteral("LblPass"), {174, 74, 140, 19});
+  TxtPass = CreeChampSecret(this, QStringLiteral("TxtPass"), {8, 74, 161, 19});
 }
 
 void PageFtp::CreeListes() {

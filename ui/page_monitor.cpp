@@ -16,9 +16,9 @@ PageMoniteur::PageMoniteur(QWidget* fenetre) : PageVaktor(fenetre, 1) {
 
 void PageMoniteur::CreeEtiquettes() {
   CreeEtiquette(this, QStringLiteral("Label4"), {8, 9, 105, 17}, kPoliceMoyenne, kBlancTexte);
-  CreeEtiquette(this, QStringLiteral("LabelCheckPhot"), {78, 28, 100, 17}, kPoliceMoyenne);
-  CreeEtiquette(this, QStringLiteral("LabelCheckSon"), {78, 56, 100, 17}, kPoliceMoyenne);
-  CreeEtiquette(this, QStringLiteral("LabelCheckMail"), {78, 84, 100, 17}, kPoliceMoyenne);
+  CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckPhot"), {78, 28, 100, 17});
+  CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckSon"), {78, 56, 100, 17});
+  CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckMail"), {78, 84, 100, 17});
   CreeEtiquette(this, QStringLiteral("LabelRetard"), {8, 117, 32, 14}, kPolicePetite, kBlancTexte);
   CreeEtiquette(this, QStringLiteral("Label5"), {96, 138, 25, 17})->setText(QStringLiteral("Sec."));
   LabelTemoin0_ = CreeEtiquette(this, NomIndexe("LabelTemoin", 0), {328, 120, 63, 15});

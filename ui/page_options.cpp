@@ -15,7 +15,7 @@ PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   CombSkin->setCurrentIndex(-1);
   CombSkin->setAccessibleName(QStringLiteral("Skins"));
   ChkSeuilAuto = CreeCase(this, QStringLiteral("ChkSeuilAuto"), {8, 144});
-  CreeEtiquette(this, QStringLiteral("LblSeuilAuto"), {26, 144, 170, 17}, kPoliceMoyenne);
+  CreeEtiquetteDeChamp(this, QStringLiteral("LblSeuilAuto"), {26, 144, 138, 17});
 }
 
 }  // namespace vaktor

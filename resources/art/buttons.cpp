@@ -14,7 +14,8 @@ constexpr int kHauteur = 16;
 enum class Face { kRepos, kSurvol, kEnfoncee };
 
 void DessineFace(QPainter& p, Face face, const QColor& ton) {
-  p.fillRect(QRectF(0, 0, kLargeur, kHauteur), ton.darker(150));
+  // The corners outside the rounded rim: between the light skins and the dark one, so that they stand out on none.
+  p.fillRect(QRectF(0, 0, kLargeur, kHauteur), ton.darker(128));
   const QRectF corps(0.5, 0.5, kLargeur - 1, kHauteur - 1);
   QLinearGradient g(0, 1, 0, kHauteur - 1);
   switch (face) {
@@ -37,11 +38,11 @@ void DessineFace(QPainter& p, Face face, const QColor& ton) {
   }
   p.setPen(Qt::NoPen);
   p.setBrush(g);
-  p.drawRoundedRect(corps.adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+  p.drawRoundedRect(corps.adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
   p.setBrush(Qt::NoBrush);
   if (face == Face::kSurvol) {
     p.setPen(QPen(QColor(255, 250, 232, 235), 1));
-    p.drawRoundedRect(corps.adjusted(1, 1, -1, -1), 2.6, 2.6);
+    p.drawRoundedRect(corps.adjusted(1, 1, -1, -1), 1.7, 1.7);
   } else if (face == Face::kRepos) {
     p.setPen(QPen(QColor(255, 255, 255, 130), 1));
     p.drawLine(QPointF(3.5, 1.5), QPointF(kLargeur - 3.5, 1.5));
@@ -50,7 +51,7 @@ void DessineFace(QPainter& p, Face face, const QColor& ton) {
     p.drawLine(QPointF(3, 1.5), QPointF(kLargeur - 3, 1.5));
   }
   p.setPen(QPen(ton.darker(185), 1));
-  p.drawRoundedRect(corps, 3.4, 3.4);
+  p.drawRoundedRect(corps, 2.4, 2.4);
 }
 
 void Livre(const QString& dossier, const QString& nom, Face face, const QColor& moyenne) {

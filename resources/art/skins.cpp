@@ -141,6 +141,21 @@ QImage DessineVagues(int echelle) {
       1.6, 6);
 }
 
+// Light lies on the board where captions are written over it through the pages, and what the window never shows below
+// and right of it stays in the dark: so the captions can be read, and the board as a whole is as dark as it is to be.
+void EclaireBois(QPainter& p) {
+  p.fillRect(QRectF(0, 243, 406, 35), QColor(10, 8, 5, 215));
+  p.fillRect(QRectF(398, 80, 8, 163), QColor(10, 8, 5, 215));
+  p.fillRect(QRectF(0, 0, 406, 79), QColor(16, 12, 7, 60));
+  p.fillRect(QRectF(0, 80, 398, 163), QColor(255, 226, 176, 40));
+  QRadialGradient ombre(QPointF(362, 150), 86);
+  ombre.setColorAt(0, QColor(20, 14, 8, 170));
+  ombre.setColorAt(0.35, QColor(20, 14, 8, 135));
+  ombre.setColorAt(0.8, QColor(20, 14, 8, 18));
+  ombre.setColorAt(1, QColor(20, 14, 8, 0));
+  p.fillRect(QRectF(270, 80, 128, 163), ombre);
+}
+
 // Dark wood: years in rings that run through the board.
 QImage DessineBois(int echelle) {
   const Teintes t{QColor(96, 84, 65), QColor(64, 55, 41),         QColor(192, 180, 152),
@@ -163,8 +178,9 @@ QImage DessineBois(int echelle) {
           p.setPen(QPen(c, 0.8 + 2.2 * Grain(static_cast<quint32>(i), 4, 5)));
           p.drawPath(veine);
         }
+        EclaireBois(p);
       },
-      4.0, 18);
+      3.0, 18);
 }
 
 }  // namespace

@@ -60,6 +60,14 @@ TEST_F(Champs, DesignTextsStandBeforeTheSettingsAreReadAndMarkNothing) {
   EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0);
 }
 
+TEST_F(Champs, PasswordShowsAsAsterisksAlsoInRed) {
+  Tape("TxtPass", QStringLiteral("secret"));
+  EXPECT_EQ(Champ("TxtPass")->displayText(), QStringLiteral("******"));
+  RougitChamp(*Champ("TxtPass"), true);
+  EXPECT_EQ(Champ("TxtPass")->displayText(), QStringLiteral("******"));
+  EXPECT_TRUE(EstRouge(*Champ("TxtPass")));
+}
+
 TEST_F(Champs, CountsKeepTheirLimits) {
   Tape("TxtNbrPhoto", QStringLiteral("0"));
   EXPECT_EQ(Champ("TxtNbrPhoto")->text(), QStringLiteral("0"));
