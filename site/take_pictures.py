@@ -18,7 +18,7 @@ LANGUAGES = {"fr": 0, "en": 1}
 ADDRESS = {"fr": "marie@example.org", "en": "mary@example.org"}
 # Centres of controls of the main window, in its own pixels.
 TABS = {"monitor": (44, 74), "options": (116, 74), "email": (188, 74), "ftp": (260, 74)}
-BUTTONS = {"pictures": (216, 149)}
+BUTTONS = {"pictures": (216, 149), "more": (356, 96)}
 
 
 def run(*command):
@@ -104,7 +104,19 @@ def at_work(program, language, wanted):
         wanted("alarm") and take(vaktor.window("^Vaktor$"), "alarm-%s.webp" % language)
 
 
-SCENES = [pages, at_work]
+def mail_settings(program, language, wanted):
+    name = "smtp-%s.webp" % language
+    if not wanted(name):
+        return
+    with Program(program, language, []) as vaktor:
+        time.sleep(6)  # the splash has the same title
+        main = vaktor.window("^Vaktor$")
+        vaktor.click(main, TABS["email"])
+        vaktor.click(main, BUTTONS["more"])
+        take(vaktor.window("^SMTP$"), name)
+
+
+SCENES = [pages, at_work, mail_settings]
 
 
 def main():
