@@ -174,6 +174,11 @@ surveille() {
       cat "$dossier/vaktor.log"
       return $code
     fi
+    if [ -z "$prolonge" ] && grep -qs 'registered late' "$dossier/etat/VAKTORftp.log"; then
+      # Its connection is then asked for a second time, a minute after the start.
+      prolonge=oui fin=$((fin + 60))
+      echo "The machine is so busy that the FTP companion came late: the web site comes a minute later; 60 s more."
+    fi
     signale_photos
     signale_serveurs
     joue_scene
@@ -188,7 +193,7 @@ demontre() {
   shift 3
   dossier=$(mktemp -d "${TMPDIR:-/tmp}/vaktor-demo.XXXXXX") || echoue "no temporary folder"
   premiere= premier_fichier= photo_ecran= scene_agrandie= derniere_seconde= en_ligne= publiee=
-  lignes_lues=0 demande_a=999999
+  lignes_lues=0 demande_a=999999 prolonge=
   declare -gA vues=()
   trap 'termine_demo; exit 130' INT TERM HUP
   trap termine_demo EXIT
