@@ -9,8 +9,8 @@
 #include "app/application.h"
 #include "app/guarded_application.h"
 #include "app/real_system.h"
-#include "app/termination_signals.h"
 #include "base/failure.h"
+#include "platform/base/end_signals.h"
 #include "ui/art_images.h"
 
 namespace vaktor {

@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "base/failure.h"
-#include "modules/common/end_signals.h"
 #include "modules/common/main_link.h"
+#include "platform/base/end_signals.h"
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
 #include "platform/store/file_store.h"

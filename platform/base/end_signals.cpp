@@ -1,9 +1,8 @@
-#include "app/termination_signals.h"
+#include "platform/base/end_signals.h"
 
 #include <fcntl.h>
 #include <unistd.h>
 
-#include <QSocketNotifier>
 #include <array>
 #include <atomic>
 #include <csignal>
@@ -43,14 +42,15 @@ SignauxFin::SignauxFin(std::function<void()> fonction) : Fonction_(std::move(fon
   if (pipe2(tuyau.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
   Lecture_ = tuyau[0];
   Ecriture().store(tuyau[1]);
-  Veille_ = new QSocketNotifier(Lecture_, QSocketNotifier::Read, this);
-  connect(Veille_, &QSocketNotifier::activated, this, &SignauxFin::Recoit);
+  Veille_ = std::make_unique<QSocketNotifier>(Lecture_, QSocketNotifier::Read);
+  QObject::connect(Veille_.get(), &QSocketNotifier::activated, [this] { Recoit(); });
   PoseTraitement(NoteSignal, static_cast<int>(SA_RESTART | SA_RESETHAND));
 }
 
 SignauxFin::~SignauxFin() {
   if (Lecture_ < 0) return;
   PoseTraitement(SIG_DFL, 0);
+  Veille_.reset();
   close(Ecriture().exchange(-1));
   close(Lecture_);
 }
