@@ -3,55 +3,20 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 
-#include "companions/companion_fakes.h"
-#include "platform/channel/local_channel.h"
-#include "platform/store/file_store.h"
-#include "support/event_wait.h"
+#include "support/companion_program.h"
 
 namespace vaktor::essai {
 namespace {
 
-struct Programmes : testing::Test {
-  QTemporaryDir Temporaire;
-  DossierCanal Dossier{(QDir(Temporaire.path()).mkdir("run"), Temporaire.filePath("run/vaktor"))};
-  CanalLocal Canal{Dossier};
-  MagasinFichier Magasin{Temporaire.filePath("vaktor.ini")};
-  QStringList Journal;
-  faux::HorlogeVirtuelle Horloge;
-  faux::TempsVirtuel Minuteries{Horloge};
-  EtatLiaison Etat;
-  ModuleSendMessages Envois{Canal, Etat};
-  FenetreFausse Fenetre{Journal};
-  std::unique_ptr<FormWinsock> Form = OuvreForm();
-  QProcess Programme;
-
-  std::unique_ptr<FormWinsock> OuvreForm() {
-    return std::make_unique<FormWinsock>(
-        PortsWinsock{Canal, Magasin, Minuteries, Envois, Fenetre, Fenetre, Etat, [] {}});
-  }
+struct Programmes : ProgrammeCompagnon {
   void Lance(const QString& programme, const QStringList& arguments = {}) {
-    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
-    milieu.insert("XDG_RUNTIME_DIR", Temporaire.filePath("run"));
-    milieu.insert(kVariableDossier, Temporaire.path());
-    Programme.setProcessEnvironment(milieu);
-    Programme.setProcessChannelMode(QProcess::MergedChannels);
-    Programme.start(programme, arguments);
-    ASSERT_TRUE(Programme.waitForStarted());
+    PrepareMilieu();
+    Demarre(programme, arguments);
   }
   bool AttendInscription() {
     return AttendQue([this] { return Etat.HandleSon != 0; });
-  }
-  bool AttendFin() {
-    return AttendQue([this] { return Programme.state() == QProcess::NotRunning; });
-  }
-  void TearDown() override {
-    Programme.kill();
-    Programme.waitForFinished();
   }
   QString LitJournal() const {
     QFile fichier(Temporaire.filePath("etat/VAKTORsound.log"));

@@ -5,38 +5,17 @@
 #include <sys/stat.h>
 
 #include <QDir>
-#include <QProcess>
-#include <QTemporaryDir>
 
-#include "companions/companion_fakes.h"
 #include "modules/ftp/ftp_test_server.h"
-#include "platform/channel/local_channel.h"
-#include "platform/store/file_store.h"
 #include "settings/password_scrambling.h"
-#include "support/event_wait.h"
+#include "support/companion_program.h"
 
 namespace vaktor::essai {
 namespace {
 
-struct Programme : testing::Test {
-  QTemporaryDir Temporaire;
-  DossierCanal Dossier{(QDir(Temporaire.path()).mkdir("run"), Temporaire.filePath("run/vaktor"))};
-  CanalLocal Canal{Dossier};
-  MagasinFichier Magasin{Temporaire.filePath("vaktor.ini")};
-  QStringList Journal;
-  faux::HorlogeVirtuelle Horloge;
-  faux::TempsVirtuel Minuteries{Horloge};
-  EtatLiaison Etat;
-  ModuleSendMessages Envois{Canal, Etat};
-  FenetreFausse Fenetre{Journal};
-  std::unique_ptr<FormWinsock> Form = OuvreForm();
-  QProcess Processus;
+struct ProgrammeFtp : ProgrammeCompagnon {
   ServeurEssai Serveur;
 
-  std::unique_ptr<FormWinsock> OuvreForm() {
-    return std::make_unique<FormWinsock>(
-        PortsWinsock{Canal, Magasin, Minuteries, Envois, Fenetre, Fenetre, Etat, [] {}});
-  }
   void SetUp() override {
     Serveur.Demarre();
     QDir(Temporaire.path()).mkpath("Temp/FTP");
@@ -47,19 +26,13 @@ struct Programme : testing::Test {
     Magasin.EcritReglage("general", "langue", "1");
     Magasin.Vide();
     Lance();
-    ASSERT_TRUE(AttendEnregistre()) << Processus.readAll().toStdString();
+    ASSERT_TRUE(AttendEnregistre()) << Programme.readAll().toStdString();
     EXPECT_NE(Etat.HandleFTP, 0);
     Etat.SurveillanceEnCours = true;
   }
   void Lance(const QStringList& arguments = {}) {
-    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
-    milieu.insert("XDG_RUNTIME_DIR", Temporaire.filePath("run"));
-    milieu.insert(kVariableDossier, Temporaire.path());
-    milieu.insert("SSL_CERT_FILE", Serveur.Autorite());
-    Processus.setProcessEnvironment(milieu);
-    Processus.setProcessChannelMode(QProcess::MergedChannels);
-    Processus.start(VAKTOR_FTP, arguments);
-    ASSERT_TRUE(Processus.waitForStarted());
+    PrepareMilieu({{"SSL_CERT_FILE", Serveur.Autorite()}});
+    Demarre(VAKTOR_FTP, arguments);
   }
   /// Registered: early, with "*OKO*", or on a busy machine late, with other words.
   bool AttendEnregistre() {
@@ -68,8 +41,7 @@ struct Programme : testing::Test {
     return fait;
   }
   void TearDown() override {
-    Processus.kill();
-    Processus.waitForFinished();
+    Tue();
     // Whatever happened, the password is in none of its files.
     const QDir etat(Temporaire.filePath("etat"));
     for (const QString& nom : etat.entryList(QDir::Files))
@@ -103,7 +75,7 @@ struct Programme : testing::Test {
   }
 };
 
-TEST_F(Programme, FromTheSwitchToTheMonitoringThatRuns) {
+TEST_F(ProgrammeFtp, FromTheSwitchToTheMonitoringThatRuns) {
   PoseLive(1);
   Envois.EnvoiFTP("Conne");
   ASSERT_TRUE(AttendQue([this] { return Etat.LiveActif; }));
@@ -119,7 +91,7 @@ TEST_F(Programme, FromTheSwitchToTheMonitoringThatRuns) {
   EXPECT_TRUE(AttendStatut(34));
 }
 
-TEST_F(Programme, EachMistakeOfTheUserIsShownAndTurnsTheSwitchOff) {
+TEST_F(ProgrammeFtp, EachMistakeOfTheUserIsShownAndTurnsTheSwitchOff) {
   const auto essaie = [this](const QString& cle, const QString& valeur, int statut, const QString& rouge) {
     const QString avant = Magasin.LitReglage("FTP", cle, QString());
     Regle(cle, valeur);
@@ -146,7 +118,7 @@ TEST_F(Programme, EachMistakeOfTheUserIsShownAndTurnsTheSwitchOff) {
   EXPECT_TRUE(EtatEcrit().contains("\"ok\"")) << "put right, and the file says so";
 }
 
-TEST_F(Programme, AServerThatIsRestartedIsFoundAgain) {
+TEST_F(ProgrammeFtp, AServerThatIsRestartedIsFoundAgain) {
   ConnecteEtPublie();
   Serveur.Arrete();
   PoseLive(2);
@@ -161,7 +133,7 @@ TEST_F(Programme, AServerThatIsRestartedIsFoundAgain) {
   EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(2));
 }
 
-TEST_F(Programme, AConnectionCutInMidTransferIsTakenUpAgain) {
+TEST_F(ProgrammeFtp, AConnectionCutInMidTransferIsTakenUpAgain) {
   ConnecteEtPublie();
   Serveur.Dit("cut 3000");
   PoseLive(3);
@@ -173,7 +145,7 @@ TEST_F(Programme, AConnectionCutInMidTransferIsTakenUpAgain) {
   EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
 }
 
-TEST_F(Programme, AFullServerIsToldAndRecoveredFrom) {
+TEST_F(ProgrammeFtp, AFullServerIsToldAndRecoveredFrom) {
   ConnecteEtPublie();
   Serveur.Dit("full");
   Envois.EnvoiFTP("Surve");
@@ -187,7 +159,7 @@ TEST_F(Programme, AFullServerIsToldAndRecoveredFrom) {
   EXPECT_TRUE(EtatEcrit().contains("\"ok\""));
 }
 
-TEST_F(Programme, PhotosAreOnThePageAndGoneFromHere) {
+TEST_F(ProgrammeFtp, PhotosAreOnThePageAndGoneFromHere) {
   const QString ici = Temporaire.filePath("Temp/FTP");
   ConnecteEtPublie();
   EcritOctets(ici + "/2026-11-15  14-05-09 Photo 00001.jpg", CreeJpeg(5));
@@ -203,19 +175,19 @@ TEST_F(Programme, PhotosAreOnThePageAndGoneFromHere) {
       << "the page follows by itself";
 }
 
-TEST_F(Programme, QuitEndsItEvenInTheMiddleOfATransfer) {
+TEST_F(ProgrammeFtp, QuitEndsItEvenInTheMiddleOfATransfer) {
   ConnecteEtPublie();
   Serveur.Dit("silent");
   EcritOctets(Temporaire.filePath("Temp/Live.jpg"), CreeJpeg(7, 2500));
   Envois.EnvoiFTP("Surve");
   ASSERT_TRUE(AttendStatut(70));
   Envois.EnvoiFTP("Quit*");
-  ASSERT_TRUE(AttendQue([this] { return Processus.state() == QProcess::NotRunning; }));
-  EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
-  EXPECT_EQ(Processus.exitCode(), 0);
+  ASSERT_TRUE(AttendFin());
+  EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Programme.exitCode(), 0);
 }
 
-TEST_F(Programme, AMainProgramThatComesBackFindsItReadyAndNotConnected) {
+TEST_F(ProgrammeFtp, AMainProgramThatComesBackFindsItReadyAndNotConnected) {
   ConnecteEtPublie();
   Form.reset();
   Etat = {};
@@ -228,9 +200,8 @@ TEST_F(Programme, AMainProgramThatComesBackFindsItReadyAndNotConnected) {
 }
 
 // The start argument /surve, on a machine so slow that the companion comes after it was carried out.
-TEST_F(Programme, OneThatComesLateIsAskedAgainAMinuteLater) {
-  Processus.kill();
-  Processus.waitForFinished();
+TEST_F(ProgrammeFtp, OneThatComesLateIsAskedAgainAMinuteLater) {
+  Tue();
   PoseLive(1);
   const timespec hier[2] = {{1, 0}, {1, 0}};
   const QByteArray boite = Dossier.DonneAdresse(Magasin.LitReglage("FTP", kCleHwndvk, "0").toInt());
@@ -247,16 +218,15 @@ TEST_F(Programme, OneThatComesLateIsAskedAgainAMinuteLater) {
   ASSERT_TRUE(AttendStatut(37));
 }
 
-TEST_F(Programme, ItTellsItsVersion) {
-  Processus.kill();
-  Processus.waitForFinished();
-  Processus.readAll();
+TEST_F(ProgrammeFtp, ItTellsItsVersion) {
+  Tue();
+  Programme.readAll();
   Lance({"--version"});
-  ASSERT_TRUE(Processus.waitForFinished());
-  EXPECT_EQ(Processus.readAll(), "VAKTORftp " VAKTOR_VERSION "\n");
+  ASSERT_TRUE(Programme.waitForFinished());
+  EXPECT_EQ(Programme.readAll(), "VAKTORftp " VAKTOR_VERSION "\n");
   Lance({"--help"});
-  ASSERT_TRUE(Processus.waitForFinished());
-  const QString aide = QString::fromUtf8(Processus.readAll());
+  ASSERT_TRUE(Programme.waitForFinished());
+  const QString aide = QString::fromUtf8(Programme.readAll());
   EXPECT_TRUE(aide.contains("Publie la") && aide.contains("Publishes the camera"));
 }
 

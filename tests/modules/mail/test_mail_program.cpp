@@ -6,34 +6,19 @@
 #include <QTcpServer>
 #include <QThread>
 
-#include "companions/companion_fakes.h"
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mime_message.h"
 #include "modules/mail/outbox.h"
-#include "platform/channel/local_channel.h"
-#include "platform/store/file_store.h"
 #include "settings/password_scrambling.h"
-#include "support/event_wait.h"
+#include "support/companion_program.h"
 
 namespace vaktor::essai {
 namespace {
 
 constexpr const char* kPass = "s3cret&mot";
 
-struct ProgrammeMail : testing::Test {
-  QTemporaryDir Temporaire;
-  DossierCanal Dossier{(QDir(Temporaire.path()).mkdir("run"), Temporaire.filePath("run/vaktor"))};
-  CanalLocal Canal{Dossier};
-  MagasinFichier Magasin{Temporaire.filePath("vaktor.ini")};
-  QStringList Journal;
-  faux::HorlogeVirtuelle Horloge;
-  faux::TempsVirtuel Minuteries{Horloge};
-  EtatLiaison Etat;
-  ModuleSendMessages Envois{Canal, Etat};
-  FenetreFausse Fenetre{Journal};
-  FormWinsock Form{PortsWinsock{Canal, Magasin, Minuteries, Envois, Fenetre, Fenetre, Etat, [] {}}};
+struct ProgrammeMail : ProgrammeCompagnon {
   ServeurMail Serveur;
-  QProcess Programme;
   QStringList Arguments;
 
   void Regle(const QString& cle, const QString& valeur, const QString& section = "MAIL") {
@@ -56,25 +41,11 @@ struct ProgrammeMail : testing::Test {
     Regle("actif", "1", "PHOTO");
     Magasin.Vide();
   }
-  void TearDown() override {
-    Programme.kill();
-    Programme.waitForFinished();
-  }
   void Lance() {
-    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
-    milieu.insert("XDG_RUNTIME_DIR", Temporaire.filePath("run"));
-    milieu.insert("PATH", "/pas/la");  // no notification of a test on the desktop of who runs it
-    milieu.insert(kVariableDossier, Temporaire.path());
-    Programme.setProcessEnvironment(milieu);
-    Programme.setProcessChannelMode(QProcess::MergedChannels);
+    PrepareMilieu({{"PATH", "/pas/la"}});  // no notification of a test on the desktop of who runs it
     Etat.HandleMail = 0;
-    Programme.start(VAKTOR_MAIL, Arguments);
-    ASSERT_TRUE(Programme.waitForStarted());
+    Demarre(VAKTOR_MAIL, Arguments);
     ASSERT_TRUE(AttendQue([this] { return Etat.HandleMail != 0; })) << Programme.readAll().toStdString();
-  }
-  void Tue() {
-    Programme.kill();
-    Programme.waitForFinished();
   }
   void Photo(const QString& nom) const {
     ASSERT_TRUE(EcritFichierEssai(Temporaire.filePath("photos/" + nom), "\xff\xd8 image \xff\xd9"));
@@ -98,7 +69,7 @@ TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
   EXPECT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("\"ok\""); }));
   EXPECT_TRUE(EnAttente().isEmpty());
   Envois.EnvoiMail("Quit*");
-  ASSERT_TRUE(AttendQue([this] { return Programme.state() == QProcess::NotRunning; }));
+  ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitCode(), 0);
   EXPECT_EQ(Serveur.NombreRecus(), 1) << "fifty reports, one mail";
 }
@@ -106,7 +77,7 @@ TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
 TEST_F(ProgrammeMail, ASignalEndsItTidily) {
   Lance();
   Programme.terminate();
-  ASSERT_TRUE(AttendQue([this] { return Programme.state() == QProcess::NotRunning; }));
+  ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(Programme.exitCode(), 0);
 }
@@ -121,7 +92,7 @@ TEST_F(ProgrammeMail, AServerThatHangsHoldsUpNeitherCommandsNorTheEnd) {
   ASSERT_TRUE(AttendQue([&] { return muet.hasPendingConnections(); }));
   Envois.EnvoiMail("Optio");
   Envois.EnvoiMail("Quit*");
-  ASSERT_TRUE(AttendQue([this] { return Programme.state() == QProcess::NotRunning; }));
+  ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitCode(), 0);
   EXPECT_EQ(EnAttente().size(), 1) << "the mail stays for the next start";
 }
@@ -169,10 +140,7 @@ TEST_F(ProgrammeMail, ABadPortIsToldAndItsCorrectionSendsTheMail) {
 
 TEST_F(ProgrammeMail, TheRehearsalTellsEachStepAndSavesNothing) {
   const auto repete = [&](const QByteArray& demande) {
-    Programme.setProcessChannelMode(QProcess::MergedChannels);
-    QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
-    milieu.insert(kVariableDossier, Temporaire.filePath("ailleurs"));
-    Programme.setProcessEnvironment(milieu);
+    PrepareMilieu({{kVariableDossier, Temporaire.filePath("ailleurs")}});
     Programme.start(VAKTOR_MAIL, {"--try"});
     Programme.write(demande);
     Programme.closeWriteChannel();
