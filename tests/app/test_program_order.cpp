@@ -69,6 +69,28 @@ TEST_F(Ordre, OfTheStopWithTheCameraOffAndNothingToSaveTouchesNeitherCameraNorSt
   EXPECT_EQ(vus.filter(QStringLiteral("channel: post")).size(), 3);  // handle 0: they go nowhere, and are sent
 }
 
+TEST_F(Ordre, TheGalleryIsMadeWithTheTextsAndOpensByItsButton) {
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  ASSERT_NE(Fenetre("FormVisuPhoto"), nullptr);
+  EXPECT_FALSE(Visible("FormVisuPhoto"));
+  EXPECT_EQ(Fenetre("FormVisuPhoto")->windowTitle(), QStringLiteral("Intrusions : 0 Photo(s)"));
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("BoutonGris(0)")), Qt::LeftButton);
+  EXPECT_TRUE(Visible("FormVisuPhoto"));
+}
+
+TEST_F(Ordre, AGalleryOnTheScreenIsClosedByTheStopAndSavesBeforeTheInboxesClose) {
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("BoutonGris(0)")), Qt::LeftButton);
+  Systeme.Notes.Vide();
+  Programme->Ferme();
+  const QStringList vus = Systeme.DepuisVide();
+  EXPECT_EQ(vus.filter(QStringLiteral("store: flush")).size(), 1);
+  EXPECT_LT(vus.indexOf(QStringLiteral("store: flush")), vus.indexOf(QStringLiteral("channel: close 1001")));
+  EXPECT_FALSE(Visible("FormVisuPhoto"));
+}
+
 TEST_F(Ordre, OnlyTheMainWindowStartsTheStop) {
   Demarre();
   Systeme.Temps.Avance(2000);
