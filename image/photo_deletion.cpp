@@ -55,6 +55,7 @@ void GaleriePhotos::EffaceToutes(const QStringList& voulues) {
     Efface(dossier, voulues.at(i));
     Affichage_->AvanceProgression(i);
     if ((i + 1) % kPhotosEntrePompes == 0) Ports_.Pompe.PompeMessages();
+    if (Ports_.Etat.EnFermeture) break;  // the end waits for nothing; the rest stays
   }
   LitListe();
   AfficheNombrePhotos();
@@ -71,6 +72,7 @@ void GaleriePhotos::Efface(const QString& dossier, const QString& entree) {
 
 // What the new list still shows was not deleted, whatever the file system said of it.
 void GaleriePhotos::AnnonceRestees(const QStringList& voulues) {
+  if (Ports_.Etat.EnFermeture) return;
   const QSet<QString> listees(Entrees_.cbegin(), Entrees_.cend());
   QStringList restees;
   for (const QString& entree : voulues) {

@@ -272,6 +272,16 @@ TEST_F(Regles, EventsRunBetweenTheHundredsOfALongDeletion) {
   EXPECT_EQ(Pompe.Appels, 1 + 1 + 2);
 }
 
+TEST_F(Regles, EndOfTheProgramEndsALongDeletionWithoutAMessage) {
+  AjoutePhotos(Noms(250));
+  Galerie.OuvreGalerie();
+  Pompe.EnAttente = [this] { Pompe.EnAttente = [this] { Etat.EnFermeture = true; }; };
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Disque.Supprimes.size(), 100);
+  EXPECT_EQ(Vue.Liste.size(), 150);
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the question, and nothing else";
+}
+
 TEST_F(Regles, PhotoThatCannotBeDeletedIsNamedInOneMessageAndTheListIsTrue) {
   AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg"), QStringLiteral("c.jpg")});
   Disque.Tenaces = {QStringLiteral("b.jpg")};
