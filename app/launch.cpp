@@ -47,6 +47,14 @@ ArgumentsDepart LitArguments(int argc, char** argv) {
   return LitArgumentsDepart(arguments);
 }
 
+// Those that the toolkit takes for itself are gone from the list by then.
+void DitArgumentsInconnus() {
+  for (const QString& inconnu : TrouveInconnus(QCoreApplication::arguments().mid(1))) {
+    std::fprintf(stderr, "Vaktor: the argument \"%s\" is not known and does nothing; --help lists those there are\n",
+                 qUtf8Printable(inconnu));
+  }
+}
+
 int Execute(ApplicationGardee& application, const ArgumentsDepart& arguments) {
   SystemeReel systeme(arguments);
   Vaktor vaktor(systeme.Ports(), arguments.LigneCommande);
@@ -79,6 +87,7 @@ int LanceVaktor(int argc, char** argv) {
   QCoreApplication::setApplicationVersion(QLatin1String(kVersion));
   ApplicationGardee application(argc, argv);
   PrepareApparence();
+  DitArgumentsInconnus();
   return Execute(application, arguments);
 }
 

@@ -26,6 +26,19 @@ ArgumentsDepart LitArgumentsDepart(const QStringList& arguments) {
   return resultat;
 }
 
+QStringList TrouveInconnus(const QStringList& arguments) {
+  QStringList inconnus;
+  for (const QString& argument : arguments) {
+    // The switches count anywhere in the text, so an argument that holds one is known.
+    const auto tient = [&](QLatin1StringView nom) { return argument.contains(nom, Qt::CaseInsensitive); };
+    const ArgumentsDepart lus = LitArgumentsDepart({argument});
+    const bool connu = lus.LigneCommande.isEmpty() || lus.Aide || lus.Version || tient(QLatin1StringView("/alarm")) ||
+                       tient(QLatin1StringView("/surve"));
+    if (!connu) inconnus.append(argument);
+  }
+  return inconnus;
+}
+
 QString TexteAide() {
   return QStringLiteral(
       "Vaktor: a movement detector for one camera.\n"
@@ -37,7 +50,7 @@ QString TexteAide() {
       "  /alarm          starts the camera and arms the alarm by itself\n"
       "  /surve          starts the live publishing by itself\n"
       "  /dossier:PATH   keeps settings, photos and everything else that is written below PATH\n"
-      "  --help          this text\n"
+      "  --help, -h      this text\n"
       "  --version       the version\n");
 }
 

@@ -19,6 +19,10 @@ struct ArgumentsDepart {
 /// included, and their text is not looked through for other arguments; of several the last counts.
 ArgumentsDepart LitArgumentsDepart(const QStringList& arguments);
 
+/// Those of `arguments` in which nothing is recognised. They are told and passed over: a detector that is started by a
+/// machine must come up, whatever else stands in its command line.
+QStringList TrouveInconnus(const QStringList& arguments);
+
 /// What "--help" prints.
 QString TexteAide();
 

@@ -85,6 +85,18 @@ TEST_F(Programme, HelpAndVersionNeedNoScreen) {
   }
 }
 
+TEST_F(Programme, UnknownArgumentIsToldAndTheProgramComesUp) {
+  Lance({QStringLiteral("/camera:test"), QStringLiteral("--hlep"), QStringLiteral("-platform"),
+         QStringLiteral("offscreen"), QStringLiteral("/alarm")});
+  ASSERT_TRUE(Attend([this] { return Reglage(QStringLiteral("width")) == QStringLiteral("640"); }));
+  const QByteArray dit = Processus.readAll();
+  EXPECT_TRUE(dit.contains("\"--hlep\"")) << dit.toStdString();
+  EXPECT_FALSE(dit.contains("platform")) << "the toolkit's own: " << dit.toStdString();
+  Processus.terminate();
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  EXPECT_EQ(Processus.exitCode(), 0);
+}
+
 TEST_F(Programme, StartThatFailsIsToldAndHasAStatus) {
   QFile fichier(Dossier.filePath(QStringLiteral("vaktor.ini")));
   ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));

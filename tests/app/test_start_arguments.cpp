@@ -33,6 +33,14 @@ TEST(StartArguments, HelpAndVersionAreAskedForByName) {
   EXPECT_TRUE(TexteAide().contains(QStringLiteral("/camera:WHERE")));
 }
 
+TEST(StartArguments, ArgumentsThatMeanNothingAreFound) {
+  EXPECT_EQ(TrouveInconnus({QStringLiteral("/camera:"), QStringLiteral("/dossier:x"), QStringLiteral("x/ALARM/Surve"),
+                            QStringLiteral("--hlep"), QStringLiteral("-h"), QStringLiteral("/kamera:test"),
+                            QStringLiteral("--version")}),
+            (QStringList{QStringLiteral("--hlep"), QStringLiteral("/kamera:test")}));
+  EXPECT_TRUE(TrouveInconnus({}).isEmpty());
+}
+
 TEST(StartArguments, NothingGivenIsNothingNamed) {
   const ArgumentsDepart lus = LitArgumentsDepart({});
   EXPECT_TRUE(lus.Camera.isEmpty());
