@@ -119,10 +119,13 @@ void VueDossiers::RecoitEnfants(const QString& chemin, QStringList noms, bool co
   QTreeWidgetItem* dossier = TrouveDossier(chemin);
   if (dossier == nullptr) return;
   const QSignalBlocker silence(this);
+  const bool enVue = currentItem() != nullptr && viewport()->rect().intersects(visualItemRect(currentItem()));
   TrieParNom(noms);
   if (complet) RetireAbsents(dossier, noms);
   AjouteNouveaux(dossier, noms);
   if (complet) dossier->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
+  // The lines that came must not push the chosen folder out of sight; where the user has scrolled away, nothing moves.
+  if (enVue) scrollToItem(currentItem());
 }
 
 QTreeWidgetItem* VueDossiers::TrouveDossier(const QString& chemin) const {

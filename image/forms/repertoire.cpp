@@ -1,5 +1,6 @@
 #include "image/forms/repertoire.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -137,6 +138,9 @@ void VueRepertoire::Montre() {
   if (Dechargee_) return;
   if (!Forme_) {
     Forme_.reset(new Repertoire(Choix_, Arbre_));
+    // Over the middle of the window that it was called from, also where no window manager places it.
+    const QWidget* appelante = QApplication::activeWindow();
+    if (appelante != nullptr) Forme_->move(appelante->frameGeometry().center() - Forme_->rect().center());
     QObject::connect(Forme_.get(), &Repertoire::Ferme, Forme_.get(), [this] { Oublie(); });
     Choix_.SurChangement([this] { Forme_->SuitChoix(); });
   }

@@ -244,6 +244,15 @@ TEST_F(FormeRepertoire, FoldersThatComeLateJoinInOrderAndKeepTheChosenOne) {
   EXPECT_FALSE(Reglages.ParametresModifies);
 }
 
+TEST_F(FormeRepertoire, ChosenFolderStaysInSightWhileItsNeighboursCome) {
+  Arbre.Retient = true;
+  for (int i = 0; i < 100; ++i) Arbre.SousDossiers[QStringLiteral("/home/u")] += QStringLiteral("a%1").arg(i);
+  Ouvre();
+  Arbre.Livre();
+  ASSERT_EQ(Racine()->childCount(), 102);
+  EXPECT_TRUE(Dir1()->viewport()->rect().contains(Dir1()->visualItemRect(Dir1()->currentItem()).center()));
+}
+
 TEST_F(FormeRepertoire, FolderThatIsBeingReadIsNotReadTwice) {
   Arbre.Retient = true;
   Ouvre();
