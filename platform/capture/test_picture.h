@@ -14,9 +14,9 @@ class ImageTest {
   static constexpr int kHauteur = 480;
   static constexpr int kCadence = 30;  ///< frames a second
   /// Nothing but noise before this frame: time for the automatic tolerance to come down from the top and settle.
-  static constexpr quint64 kPremierPassage = 18 * kCadence;
-  static constexpr quint64 kDureePassage = 6 * kCadence;
-  static constexpr quint64 kEntrePassages = 20 * kCadence;  ///< from the beginning of one to that of the next
+  static constexpr quint64 kPremierPassage = quint64{18} * kCadence;
+  static constexpr quint64 kDureePassage = quint64{6} * kCadence;
+  static constexpr quint64 kEntrePassages = quint64{20} * kCadence;  ///< from the beginning of one to that of the next
   /// Noise on each channel goes from minus this to plus this.
   static constexpr int kBruit = 2;
 
