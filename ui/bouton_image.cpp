@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 
 namespace vaktor {
 
@@ -28,6 +29,23 @@ BoutonImage::BoutonImage(QWidget* parent, const QString& nom, QPoint place, Fami
   setGeometry(QRect(place, kTaille));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
+}
+
+void BoutonImage::Engage(bool engage) {
+  // The caption of the camera's button says what a click will do: "on" beside it would say the contrary.
+  if (Famille_ != FamilleBouton::kBleue || Index_ == 0) return;
+  const QScopedValueRollback<bool> annonce(Annonce_, true);
+  setCheckable(true);
+  setChecked(engage);
+}
+
+// A screen reader does not click what can be checked, it toggles it: that is to be a click like any other, and the mark
+// stays what the rules make it. Later, so that the reader is not kept waiting by what the click does.
+void BoutonImage::checkStateSet() {
+  if (Annonce_) return;
+  Engage(!isChecked());
+  QMetaObject::invokeMethod(
+      this, [this] { click(); }, Qt::QueuedConnection);
 }
 
 void BoutonImage::ChangeLibelle(const QString& libelle) {

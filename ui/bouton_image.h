@@ -34,6 +34,8 @@ class BoutonImage : public QAbstractButton {
   BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille);
   /// The caption for those who hear the window; the faces carry it for those who see it.
   void ChangeLibelle(const QString& libelle);
+  /// What the button stands for is on: heard, never seen. Only blue buttons have it; a click does not change it.
+  void Engage(bool engage);
   /// Before that the button is blank and silent.
   void Relie(const LiensBouton& liens);
   /// Blank and silent again: before the faces go.
@@ -48,6 +50,8 @@ class BoutonImage : public QAbstractButton {
   void focusInEvent(QFocusEvent* evenement) override;
   void keyPressEvent(QKeyEvent* evenement) override;
   void leaveEvent(QEvent* evenement) override;
+  void checkStateSet() override;
+  void nextCheckState() override {}  // the rules behind the click decide what is on
   void mouseMoveEvent(QMouseEvent* evenement) override;
   void mousePressEvent(QMouseEvent* evenement) override;
   void mouseReleaseEvent(QMouseEvent* evenement) override;
@@ -65,6 +69,7 @@ class BoutonImage : public QAbstractButton {
   std::unique_ptr<LiensBouton> Liens_;
   QImage Face_;
   bool Retient_ = false;      // the pointer has left the button but not yet its margin
+  bool Annonce_ = false;      // Engage is at work
   bool FocusMontre_ = false;  // the focus came by other means than the mouse
 };
 

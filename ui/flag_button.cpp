@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 
 #include "ui/art_images.h"
 #include "ui/control_factory.h"
@@ -19,6 +20,7 @@ DrapeauLangue::DrapeauLangue(QWidget* parent, int langue, QPoint place)
                               Qt::lightGray)) {
   setObjectName(NomIndexe("Image4", langue));
   setGeometry(QRect(place, kTaille));
+  setCheckable(true);
   // Each names its own language in that language: whoever looks for it may not read the other.
   setAccessibleName(langue == 0 ? QStringLiteral("Fran\u00e7ais") : QStringLiteral("English"));
 }
@@ -27,6 +29,19 @@ void DrapeauLangue::Encadre(bool encadre) {
   if (encadre == Encadre_) return;
   Encadre_ = encadre;
   update();
+}
+
+void DrapeauLangue::Engage(bool engage) {
+  const QScopedValueRollback<bool> annonce(Annonce_, true);
+  setChecked(engage);
+}
+
+// A screen reader toggles what can be checked: a click like any other, as with the buttons.
+void DrapeauLangue::checkStateSet() {
+  if (Annonce_) return;
+  Engage(!isChecked());
+  QMetaObject::invokeMethod(
+      this, [this] { click(); }, Qt::QueuedConnection);
 }
 
 void DrapeauLangue::keyPressEvent(QKeyEvent* evenement) {

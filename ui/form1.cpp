@@ -2,6 +2,7 @@
 
 #include <QCloseEvent>
 #include <QPainter>
+#include <QTimer>
 #include <QWindow>
 
 namespace vaktor {
@@ -116,6 +117,7 @@ void Form1::AmenePage(int index) {
   const std::array<PageVaktor*, 4> pages = {PictPage0_, PictPage1_, PictPage2_, PictPage3_};
   pages.at(static_cast<std::size_t>(index))->raise();
   PageDevant_ = index;
+  if (Face_) Face_->AnnonceEtats();
 }
 
 void Form1::BrancheJauge() {
@@ -148,7 +150,17 @@ void Form1::ChoisitLangue(int langue) {
 
 void Form1::Habille(const ServicesHabillage& services) {
   Face_ = std::make_unique<Habillage>(*this, services);
-  connect(PictPage3_->CombSkin, &QComboBox::currentIndexChanged, this, [this] { Face_->ChoisitSkin(); });
+  // A choice counts when the program sets it and when the user makes it, also of the skin that shows already. One of
+  // the user's that changes something is told twice, and drawn once.
+  const auto change = std::make_shared<bool>(false);
+  connect(PictPage3_->CombSkin, &QComboBox::currentIndexChanged, this, [this, change] {
+    Face_->ChoisitSkin();
+    *change = true;
+    QTimer::singleShot(0, this, [change] { *change = false; });
+  });
+  connect(PictPage3_->CombSkin, &QComboBox::activated, this, [this, change] {
+    if (!*change) Face_->ChoisitSkin();
+  });
   // The system moves the window with the mouse from here on, under X11 and under Wayland.
   connect(&Face_->Souris(), &SourisFenetre::DeplacementDemande, this, [this] {
     if (windowHandle() != nullptr) windowHandle()->startSystemMove();

@@ -55,6 +55,7 @@ class Form1 : public QWidget {
 
   /// Brings PictPage(index) to the front.
   void AmenePage(int index);
+  int PageDevant() const { return PageDevant_; }
 
   BandeauHaut& Bandeau() { return *Bandeau_; }
   PageMail& Mail() { return *PictPage0_; }

@@ -19,7 +19,11 @@ void PageMoniteur::CreeEtiquettes() {
   CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckPhot"), {78, 28, 100, 17});
   CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckSon"), {78, 56, 100, 17});
   CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckMail"), {78, 84, 100, 17});
-  CreeEtiquette(this, QStringLiteral("LabelRetard"), {8, 117, 32, 14}, kPolicePetite, kBlancTexte);
+  QLabel* retard = CreeEtiquette(this, QStringLiteral("LabelRetard"), {8, 117, 32, 14}, kPolicePetite, kBlancTexte);
+  // The French word is a pixel wider than its place: closer letters keep its last one whole.
+  QFont police = retard->font();
+  police.setLetterSpacing(QFont::PercentageSpacing, 96);
+  retard->setFont(police);
   CreeEtiquette(this, QStringLiteral("Label5"), {96, 138, 25, 17})->setText(QStringLiteral("Sec."));
   LabelTemoin0_ = CreeEtiquette(this, NomIndexe("LabelTemoin", 0), {328, 120, 63, 15});
   LabelTemoin1_ = CreeEtiquette(this, NomIndexe("LabelTemoin", 1), {264, 120, 63, 15});

@@ -10,6 +10,7 @@ namespace {
 
 const QColor kFondUni(204, 212, 222);
 const QColor kPageUnie(245, 245, 245);
+constexpr int kLibelleCameraMarche = 7;  // of Bouton(0) while the camera runs
 
 }  // namespace
 
@@ -78,6 +79,19 @@ void Habillage::FonduPages() {
 void Habillage::ChargeBoutons() {
   Faces_.ChargeBoutons(Services_.Textes, Densite_);
   for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->MontreRepos();
+  AnnonceEtats();
+}
+
+void Habillage::AnnonceEtats() {
+  BandeauHaut& bandeau = Fenetre_.Bandeau();
+  const bool camera = Services_.Moteur.Camera().CameraActive;
+  bandeau.Bouton[0]->setAccessibleName(Services_.Textes.LibelleBouton(camera ? kLibelleCameraMarche : 0));
+  bandeau.Bouton[1]->Engage(bandeau.ImageLedAlarme->Etat() != Lampe::kRouge);
+  bandeau.Bouton[2]->Engage(bandeau.ImageLedSurveill->Etat() != Lampe::kRouge);
+  static constexpr std::array kPageDeOnglet = {1, 3, 0, 2};
+  for (std::size_t i = 0; i < kPageDeOnglet.size(); ++i) {
+    bandeau.Bouton.at(i + 3)->Engage(Fenetre_.PageDevant() == kPageDeOnglet.at(i));
+  }
 }
 
 void Habillage::SuitDensite() {

@@ -43,6 +43,9 @@ class Habillage {
   /// Prints the button faces in the current language; every button shows its face at rest afterwards, Bouton(0) that of
   /// the camera at rest even while it runs, until the next move over it.
   void ChargeBoutons();
+  /// Tells those who hear the window what the buttons stand for: the camera's by the caption of its click, the alarm
+  /// and the live page by their lamps, the tabs by the page in front. After each change of one of these.
+  void AnnonceEtats();
   /// The window may have come to a screen of another density: draws everything for it if so.
   void SuitDensite();
 

@@ -66,11 +66,23 @@ void VueSurveillance::MontreSignalPerdu(bool perdu) {
 
 void VueSurveillance::ActiveBouton(qint32 index, bool actif) {
   Bandeau().Bouton.at(static_cast<std::size_t>(index))->setEnabled(actif);
+  AnnonceEtats();
 }
 
-void VueSurveillance::MontreLampeAlarme(Lampe lampe) { Bandeau().ImageLedAlarme->Montre(lampe); }
+// The camera starts and stops with calls of these three, so the state of every switch is told here.
+void VueSurveillance::AnnonceEtats() {
+  if (Formes_->Fenetre.Face() != nullptr) Formes_->Fenetre.Face()->AnnonceEtats();
+}
 
-void VueSurveillance::MontreLampeSurveillance(Lampe lampe) { Bandeau().ImageLedSurveill->Montre(lampe); }
+void VueSurveillance::MontreLampeAlarme(Lampe lampe) {
+  Bandeau().ImageLedAlarme->Montre(lampe);
+  AnnonceEtats();
+}
+
+void VueSurveillance::MontreLampeSurveillance(Lampe lampe) {
+  Bandeau().ImageLedSurveill->Montre(lampe);
+  AnnonceEtats();
+}
 
 void VueSurveillance::MontreSurveillanceInactive() { Bandeau().LblDebugftp->setText(Textes_.Texte(34)); }
 

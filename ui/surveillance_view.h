@@ -53,6 +53,7 @@ class VueSurveillance : public AffichageSurveillance {
   void AnnonceCameraInactive() override;
 
  private:
+  void AnnonceEtats();
   BandeauHaut& Bandeau() { return Formes_->Fenetre.Bandeau(); }
   PageMoniteur& Page() { return Formes_->Fenetre.Moniteur(); }
 

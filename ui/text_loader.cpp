@@ -108,6 +108,10 @@ void ChargeurTextes::EcritTextes() {
       controle->setAccessibleName(Textes_.Texte(ligne.Numero));
     }
   }
+  // Heard, not seen: which language it is now.
+  for (int langue = 0; langue < 2; ++langue) {
+    Fenetre_.Options().Image4.at(static_cast<std::size_t>(langue))->Engage(langue == Reglages_.LangueCourante);
+  }
   Fenetre_.CheckPEcran().setText(Textes_.Texte(17));
   Fenetre_.Ftp().TxtFTPracine->setToolTip(Textes_.Texte(230));  // the one field of its page without a row in Aide
   Fenetre_.Moniteur().ChangeTitreMenu(Textes_.Texte(194));

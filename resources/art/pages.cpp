@@ -1,5 +1,6 @@
 // The near-white bitmaps of the four pages, each with the faint sign of what it is about. The window's background is
 // blended into them, so what is drawn here shows at half its strength. White captions stand on dark bars drawn here.
+#include <QLinearGradient>
 #include <QPainterPath>
 
 #include "canvas.h"
@@ -10,12 +11,19 @@ namespace {
 
 constexpr QColor kTrait(226, 229, 234);
 constexpr QColor kVoile(238, 240, 243);
-constexpr QColor kBarre(86, 98, 126);
+constexpr QColor kBarre(20, 25, 40);
 constexpr QColor kIcone(104, 116, 146);
 
+// Dark behind the words, then fading away.
 void DessineBarre(QPainter& p, const QRectF& r) {
+  QLinearGradient g(r.topLeft(), r.topRight());
+  QColor fin = kBarre;
+  fin.setAlpha(0);
+  g.setColorAt(0, kBarre);
+  g.setColorAt(0.5, kBarre);
+  g.setColorAt(1, fin);
   p.setPen(Qt::NoPen);
-  p.setBrush(kBarre);
+  p.setBrush(g);
   p.drawRoundedRect(r, 3, 3);
 }
 
@@ -113,7 +121,7 @@ void DessineCarte(QPainter& p, const QRectF& r) {
 }
 
 void DessineOeil(QPainter& p) {
-  DessineBarre(p, QRectF(4, 7, 112, 18));      // behind Label4
+  DessineBarre(p, QRectF(4, 7, 112, 18.5));    // behind Label4
   DessineBarre(p, QRectF(4, 115.5, 112, 16));  // behind LabelRetard
   const QPointF c(190, 112);
   QPainterPath paupieres(QPointF(c.x() - 62, c.y()));
@@ -127,7 +135,7 @@ void DessineOeil(QPainter& p) {
   p.setBrush(kTrait);
   p.drawEllipse(c, 9, 9);
   // Between each box and its caption; the clock beside the seconds.
-  DessineAppareil(p, QPointF(51, 36));
+  DessineAppareil(p, QPointF(51, 37));
   DessineSonnerie(p, QPointF(51, 64));
   DessineLettre(p, QPointF(51, 92));
   DessineMontre(p, QPointF(34, 145));
@@ -177,7 +185,7 @@ void DessineEnveloppe(QPainter& p) {
 }
 
 void DessineGlobe(QPainter& p) {
-  const QPointF c(345, 104);
+  const QPointF c(345, 91);
   p.setPen(QPen(kTrait, 3));
   p.setBrush(kVoile);
   p.drawEllipse(c, 52, 52);

@@ -144,13 +144,13 @@ QImage DessineVagues(int echelle) {
 // Light lies on the board where captions are written over it through the pages, and what the window never shows below
 // and right of it stays in the dark: so the captions can be read, and the board as a whole is as dark as it is to be.
 void EclaireBois(QPainter& p) {
-  p.fillRect(QRectF(0, 243, 406, 35), QColor(10, 8, 5, 215));
-  p.fillRect(QRectF(398, 80, 8, 163), QColor(10, 8, 5, 215));
-  p.fillRect(QRectF(0, 0, 406, 79), QColor(16, 12, 7, 60));
-  p.fillRect(QRectF(0, 80, 398, 163), QColor(255, 226, 176, 40));
-  QRadialGradient ombre(QPointF(362, 150), 86);
-  ombre.setColorAt(0, QColor(20, 14, 8, 170));
-  ombre.setColorAt(0.35, QColor(20, 14, 8, 135));
+  p.fillRect(QRectF(0, 243, 406, 35), QColor(10, 8, 5, 250));
+  p.fillRect(QRectF(398, 80, 8, 163), QColor(10, 8, 5, 250));
+  p.fillRect(QRectF(0, 0, 406, 79), QColor(16, 12, 7, 150));
+  p.fillRect(QRectF(0, 80, 398, 163), QColor(255, 232, 190, 66));
+  QRadialGradient ombre(QPointF(364, 146), 74);
+  ombre.setColorAt(0, QColor(20, 14, 8, 120));
+  ombre.setColorAt(0.35, QColor(20, 14, 8, 95));
   ombre.setColorAt(0.8, QColor(20, 14, 8, 18));
   ombre.setColorAt(1, QColor(20, 14, 8, 0));
   p.fillRect(QRectF(270, 80, 128, 163), ombre);
@@ -158,7 +158,7 @@ void EclaireBois(QPainter& p) {
 
 // Dark wood: years in rings that run through the board.
 QImage DessineBois(int echelle) {
-  const Teintes t{QColor(96, 84, 65), QColor(64, 55, 41),         QColor(192, 180, 152),
+  const Teintes t{QColor(96, 84, 65), QColor(93, 81, 62),         QColor(206, 195, 168),
                   QColor(38, 31, 21), QColor(150, 134, 104, 120), QColor(30, 24, 15, 150)};
   return DessineSkin(
       406, 278, echelle, t, 13,

@@ -321,6 +321,14 @@ TEST_F(Champs, AnyTextCanBePastedIntoEveryField) {
       EXPECT_FALSE(champ->text().contains(u'\n')) << champ->objectName().toStdString();
     }
   }
+  auto* corps = Banc.Trouve<QPlainTextEdit>("TextTexte");
+  for (const QString& texte : textes) {
+    corps->setFocus();
+    corps->selectAll();
+    QGuiApplication::clipboard()->setText(texte);
+    QTest::keyClick(corps, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Banc.Reglages.MailCorps.isEmpty(), false);
+  }
   EXPECT_EQ(Champ("Text1")->text(), QStringLiteral("0")) << "the last paste has no digit";
   Champ("TxtUserName")->setText(textes[0]);
   EXPECT_EQ(Banc.Reglages.UtilisateurFtp.size(), 100000) << "no field has a length limit";

@@ -1,6 +1,7 @@
 // Skins, frosted pages, button faces, and what the mouse does on the window.
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QSignalSpy>
 #include <cmath>
 
@@ -74,6 +75,29 @@ TEST(Skins, IndexWithoutASkinKeepsThePictureAndDrawsThePagesAgain) {
   const auto pompes = banc.Pompe.Appels;
   banc.Fenetre.Options().CombSkin->setCurrentIndex(-1);
   EXPECT_EQ(banc.Fenetre.Fond(), avant);
+  EXPECT_EQ(banc.Pompe.Appels, pompes + 1);
+}
+
+TEST(Skins, ChoosingTheSkinThatShowsDrawsThePagesAgain) {
+  BancFenetre banc;
+  QComboBox* liste = banc.Fenetre.Options().CombSkin;
+  banc.Fenetre.AmenePage(3);
+  liste->setCurrentIndex(1);
+  QCoreApplication::processEvents();
+  const auto pompes = banc.Pompe.Appels;
+  liste->showPopup();
+  QTest::keyClick(liste->view(), Qt::Key_Return);
+  EXPECT_EQ(banc.Pompe.Appels, pompes + 1);
+}
+
+TEST(Skins, AnotherSkinChosenByTheUserIsDrawnOnce) {
+  BancFenetre banc;
+  QComboBox* liste = banc.Fenetre.Options().CombSkin;
+  liste->setCurrentIndex(1);
+  QCoreApplication::processEvents();
+  const auto pompes = banc.Pompe.Appels;
+  QTest::keyClick(liste, Qt::Key_Down);
+  EXPECT_EQ(liste->currentIndex(), 2);
   EXPECT_EQ(banc.Pompe.Appels, pompes + 1);
 }
 
@@ -199,6 +223,17 @@ TEST(BoutonImage, RightAndLowerEdgeAreOnePixelFurtherOut) {
     Bouge(bouton, dehors);
     EXPECT_EQ(bouton->Face(), face.FaceRepos) << dehors.x() << "," << dehors.y();
   }
+}
+
+TEST(BoutonImage, PressOnTheMarginBelongsToTheControlThatLiesThere) {
+  BancFenetre banc;
+  auto* moniteur = banc.Trouve<BoutonImage>("Bouton(3)");
+  auto* options = banc.Trouve<BoutonImage>("Bouton(4)");
+  Bouge(moniteur, {71, 5});
+  QTest::mouseClick(options, Qt::LeftButton, {},
+                    QPoint(0, 5));  // the pixel that the monitor's button still counts as its own
+  EXPECT_EQ(banc.Fenetre.PageDevant(), 3);
+  EXPECT_EQ(options->Face(), Faces(banc).FacesBouton(4).FaceEnfoncee);
 }
 
 TEST(BoutonImage, GreyButtonHasNoPressedLook) {
