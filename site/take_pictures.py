@@ -104,19 +104,36 @@ def at_work(program, language, wanted):
         wanted("alarm") and take(vaktor.window("^Vaktor$"), "alarm-%s.webp" % language)
 
 
+def gallery(program, language, wanted):
+    if not wanted("gallery"):
+        return
+    with Program(program, language, ["/alarm"]) as vaktor:
+        main = vaktor.window("^Vaktor$")
+        vaktor.wait_for_photo()
+        time.sleep(4)
+        main = vaktor.window("^Vaktor$")
+        vaktor.click(main, (340, 19))  # disarms: the list stays as it is
+        vaktor.click(main, BUTTONS["pictures"])
+        window = vaktor.window("^Intrusions")
+        run("xdotool", "windowsize", "--sync", window, 900 * SCALE, 560 * SCALE)
+        run("xdotool", "windowmove", "--sync", window, 0, 0)
+        run("xdotool", "mousemove", "--window", window, 100 * SCALE, 300 * SCALE, "click", 1)
+        time.sleep(1)
+        take(window, "gallery-%s.webp" % language)
+
+
 def mail_settings(program, language, wanted):
-    name = "smtp-%s.webp" % language
-    if not wanted(name):
+    if not wanted("smtp"):
         return
     with Program(program, language, []) as vaktor:
         time.sleep(6)  # the splash has the same title
         main = vaktor.window("^Vaktor$")
         vaktor.click(main, TABS["email"])
         vaktor.click(main, BUTTONS["more"])
-        take(vaktor.window("^SMTP$"), name)
+        take(vaktor.window("^SMTP$"), "smtp-%s.webp" % language)
 
 
-SCENES = [pages, at_work, mail_settings]
+SCENES = [pages, at_work, gallery, mail_settings]
 
 
 def main():
