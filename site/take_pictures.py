@@ -36,7 +36,7 @@ class Program:
         store.write_text(
             '[%%general]\nlangue="%d"\nretard="15"\n\n[PHOTO]\nactif="1"\n\n[MAIL]\ndestination="%s"\n'
             'smtpserveur="smtp.example.org"\nsmtpfrom="%s"\nsmtpuser="%s"\nsmtpport="587"\n\n'
-            '[FTP]\nftp="ftp.example.org"\nuser="vaktor"\nhtml="http://www.example.org/camera/live.html"\n'
+            '[FTP]\nftp="ftp.example.org"\nuser="vaktor"\nhtml="http://www.example.org/camera/"\n'
             'racine="/camera"\n' % (LANGUAGES[language], ADDRESS[language], ADDRESS[language], ADDRESS[language]))
         store.chmod(0o600)
         environment = dict(os.environ, QT_SCALE_FACTOR=str(SCALE), HOME=str(folder / "home"),
