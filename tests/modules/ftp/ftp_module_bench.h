@@ -1,0 +1,110 @@
+// The bench of the FTP companion's rules: virtual time, and a worker that is played by hand.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "fakes/virtual_timers.h"
+#include "modules/ftp/ftp_module.h"
+
+namespace vaktor::essai {
+
+struct OuvrierFaux : OuvrierFtp {
+  void Lance(const TravailFtp& travail, SurEtape etape, SurFin fin) override {
+    EXPECT_EQ(Fin, nullptr) << "one job at a time";
+    Travail = travail;
+    Etape = std::move(etape);
+    Fin = std::move(fin);
+  }
+  void Coupe() override {
+    ++Coupes;
+    Fin = nullptr;
+  }
+  bool EnCours() const { return Fin != nullptr; }
+  TravailFtp Travail;
+  SurEtape Etape;
+  SurFin Fin;
+  int Coupes = 0;
+};
+
+struct Ftp : testing::Test {
+  QTemporaryDir Temporaire;
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Temps{Horloge};
+  DossiersModule Dossiers;
+  JournalBorne Journal{Temporaire.path(), QStringLiteral("ftp"), Horloge};
+  QStringList Avis;
+  EtatModule Etat{Temporaire.path(), QStringLiteral("ftp"), Horloge,
+                  [this](const QString&, const QString& texte) { Avis << texte; }};
+  QStringList Mots;
+  OuvrierFaux* Ouvrier = nullptr;
+  std::unique_ptr<ModuleFtp> Module;
+  ReglagesModule Reglages;
+
+  Ftp() {
+    Dossiers.Etat = Dossiers.Programme.Donnees = Temporaire.path();
+    QDir(Temporaire.path()).mkpath("Temp/FTP");
+    Horloge.Date = QDate::currentDate();  // the files' own times are the system's
+    Horloge.Debut = QTime::currentTime();
+    Etat.ChangeLangue(1);
+    Reglages.Valeurs.AdresseFtp = "ftp.exemple.fr:2121";
+    Reglages.Valeurs.UtilisateurFtp = "anna";
+    Reglages.Valeurs.MotDePasseFtp = "sesame";
+    CreeModule();
+  }
+  void CreeModule() {
+    auto ouvrier = std::make_unique<OuvrierFaux>();
+    Ouvrier = ouvrier.get();
+    Module = std::make_unique<ModuleFtp>(
+        ContexteModule{Dossiers, Journal, Etat, Temps, Horloge, [this](const QString& mot) { Mots << mot; },
+                       [this] { Mots << QStringLiteral("quitte"); }},
+        std::move(ouvrier));
+    Module->PrendReglages(Reglages);
+  }
+  /// The words said since the last look.
+  QString Dits() { return std::exchange(Mots, {}).join(u' '); }
+  QString Dit(const QString& commande) {
+    Mots.clear();
+    Module->ExecuteCommande(commande);
+    return Dits();
+  }
+  QString Finit(IssueFtp issue, const QString& mots = {}) {
+    EXPECT_TRUE(Ouvrier->EnCours());
+    Mots.clear();
+    std::exchange(Ouvrier->Fin, nullptr)({issue, mots});
+    return Dits();
+  }
+  QString Avance(qint64 millisecondes) {
+    Mots.clear();
+    Temps.Avance(millisecondes);
+    return Dits();
+  }
+  void Connecte() {
+    Dit("Conne");
+    ASSERT_EQ(Finit(IssueFtp::kReussi), "ConOK");
+  }
+  /// Connected, and one image has gone through.
+  void Publie() {
+    Connecte();
+    Dit("Surve");
+    ASSERT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+  }
+  void PosePhoto(const QString& nom, int age = 0) {
+    QFile photo(Temporaire.filePath("Temp/FTP/" + nom));
+    ASSERT_TRUE(photo.open(QIODevice::ReadWrite));
+    photo.write("x");
+    photo.flush();
+    photo.setFileTime(QDateTime::currentDateTime().addSecs(-age), QFileDevice::FileModificationTime);
+  }
+  QStringList PhotosLocales() const { return QDir(Temporaire.filePath("Temp/FTP")).entryList(QDir::Files); }
+  bool EnPage() const { return Ouvrier->EnCours() && Ouvrier->Travail.Nom == kNomPage; }
+  QString EtatEcrit() const {
+    QFile fichier(Temporaire.filePath("ftp.json"));
+    return fichier.open(QIODevice::ReadOnly) ? QString::fromUtf8(fichier.readAll()) : QString();
+  }
+};
+
+}  // namespace vaktor::essai

@@ -1,0 +1,218 @@
+// What the FTP companion uploads, in which turn: live image, page and photos.
+#include "modules/ftp/ftp_module_bench.h"
+
+namespace vaktor::essai {
+namespace {
+
+TEST_F(Ftp, UploadsTheLiveImageAndSaysHowItWent) {
+  Connecte();
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+  EXPECT_EQ(Ouvrier->Travail.Source, Temporaire.filePath("Temp/Live.jpg"));
+  EXPECT_EQ(Ouvrier->Travail.Nom, "live.jpg");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+  EXPECT_EQ(Avance(ModuleFtp::kCalme), "Surve") << "at rest the window says that monitoring is active";
+  EXPECT_EQ(Avance(30000), "") << "once";
+}
+
+TEST_F(Ftp, OfManyImagesOnlyTheNewestCounts) {
+  Connecte();
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+  for (int i = 0; i < 1000; ++i) EXPECT_EQ(Dit("Surve"), "");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK Uploa");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+  EXPECT_FALSE(Ouvrier->EnCours());
+}
+
+TEST_F(Ftp, AnImageThatIsBeingRewrittenIsLeftToTheNext) {
+  Connecte();
+  Dit("Surve");
+  EXPECT_EQ(Finit(IssueFtp::kSourceIncomplete), "ConOK");
+  EXPECT_TRUE(Avis.isEmpty());
+}
+
+TEST_F(Ftp, AServerThatNeverTookAnImageIsAFailure) {
+  Connecte();
+  Dit("Surve");
+  EXPECT_EQ(Finit(IssueFtp::kRefus, "550 No."), "ErrCo");
+  EXPECT_EQ(Avis.size(), 1);
+}
+
+TEST_F(Ftp, AServerThatIsFullForAWhileKeepsTheConnection) {
+  Publie();
+  for (int i = 0; i < 100; ++i) {
+    Dit("Surve");
+    EXPECT_EQ(Finit(IssueFtp::kRefus, "552 Full."), "ConOK") << "still connected, which is true";
+  }
+  ASSERT_EQ(Avis.size(), 1);
+  EXPECT_TRUE(Avis.first().endsWith("552 Full."));
+  Dit("Surve");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+  EXPECT_TRUE(EtatEcrit().contains("\"ok\""));
+}
+
+TEST_F(Ftp, ThePageGoesIntoTheFolderThatHasJustBeenSaved) {
+  Publie();
+  Reglages.Valeurs.RepertoireFtp = "/neuf";
+  Module->PrendReglages(Reglages);
+  EXPECT_EQ(Dit("UploM"), "Uploa");
+  EXPECT_EQ(Ouvrier->Travail.Acces.Dossier, "/neuf");
+  EXPECT_EQ(Ouvrier->Travail.Nom, "live.html");
+  EXPECT_EQ(Finit(IssueFtp::kDossierAbsent, "550"), "RepER");
+}
+
+TEST_F(Ftp, ThePageIsMadeAndAnswered) {
+  Connecte();
+  EXPECT_EQ(Dit("UploM"), "Uploa");
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.startsWith("<!DOCTYPE html>"));
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+}
+
+TEST_F(Ftp, APageLostWithTheConnectionIsMadeWhenItIsBack) {
+  Publie();
+  Dit("UploM");
+  EXPECT_EQ(Finit(IssueFtp::kPasDeConnexion), "Netdc");
+  Temps.Avance(2000);
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK Uploa");
+  EXPECT_TRUE(EnPage());
+}
+
+TEST_F(Ftp, PhotosArePublishedOldestFirstAndThenRemoved) {
+  PosePhoto("b.jpg", 20);
+  PosePhoto("a.jpg", 10);
+  PosePhoto("notes.txt");
+  Connecte();
+  ASSERT_TRUE(Ouvrier->EnCours());
+  EXPECT_EQ(Ouvrier->Travail.Nom, "b.jpg");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "") << "photos say nothing: the window shows the live image";
+  EXPECT_EQ(PhotosLocales(), QStringList({"a.jpg", "notes.txt"}));
+  EXPECT_EQ(Ouvrier->Travail.Nom, "a.jpg");
+  Finit(IssueFtp::kReussi);
+  EXPECT_EQ(PhotosLocales(), QStringList("notes.txt"));
+}
+
+TEST_F(Ftp, PhotosAndLiveImagesTakeTurns) {
+  for (int i = 0; i < 4; ++i) PosePhoto(QStringLiteral("%1.jpg").arg(i), 10 - i);
+  Connecte();
+  QStringList ordre;
+  for (int i = 0; i < 8; ++i) {
+    Dit("Surve");
+    ordre << Ouvrier->Travail.Nom;
+    Finit(IssueFtp::kReussi);
+  }
+  EXPECT_EQ(ordre.join(u' '), "0.jpg live.jpg 1.jpg live.jpg 2.jpg live.jpg 3.jpg live.jpg");
+}
+
+TEST_F(Ftp, PhotosThatAreRefusedWaitAndTheLiveImageGoesOn) {
+  Publie();
+  PosePhoto("a.jpg");
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kRefus, "552 Full.");
+  EXPECT_EQ(PhotosLocales(), QStringList("a.jpg"));
+  EXPECT_FALSE(Ouvrier->EnCours());
+  Dit("Surve");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+  EXPECT_TRUE(EtatEcrit().contains("552 Full.")) << "an image that goes through does not mean that photos do";
+  Temps.Avance(ModuleFtp::kPausePhotos);
+  if (Ouvrier->Travail.Genre == GenreTravail::kSigne) Finit(IssueFtp::kReussi);
+  ASSERT_TRUE(Ouvrier->EnCours());
+  EXPECT_EQ(Ouvrier->Travail.Nom, "a.jpg");
+  Finit(IssueFtp::kReussi);
+  EXPECT_TRUE(PhotosLocales().isEmpty());
+  EXPECT_TRUE(EtatEcrit().contains("\"ok\""));
+}
+
+TEST_F(Ftp, APhotoStillBeingWrittenWaitsAndOneThatNeverWillBeIsGivenUp) {
+  PosePhoto("a.jpg");
+  Connecte();
+  Finit(IssueFtp::kSourceIncomplete);
+  EXPECT_EQ(PhotosLocales(), QStringList("a.jpg"));
+  PosePhoto("a.jpg", 100000);
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kSourceIncomplete);
+  EXPECT_TRUE(PhotosLocales().isEmpty());
+}
+
+TEST_F(Ftp, ThePageFollowsThePhotosOnceTheUserHasAskedForOne) {
+  Publie();
+  PosePhoto("a.jpg");
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kReussi);
+  EXPECT_FALSE(Ouvrier->EnCours()) << "no page was ever asked for";
+  Dit("UploM");
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("a.jpg"));
+  Finit(IssueFtp::kReussi);
+  Temps.Avance(ModuleFtp::kRythmePage);
+  PosePhoto("b.jpg");
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kReussi);
+  ASSERT_TRUE(EnPage());
+  const QByteArray page = Ouvrier->Travail.Contenu;
+  EXPECT_LT(page.indexOf("b.jpg"), page.indexOf("a.jpg")) << "the newest first";
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "") << "nobody asked, nobody is told";
+}
+
+TEST_F(Ftp, ThePageIsNotMadeForEachPhotoOfAnAlarm) {
+  Connecte();
+  Dit("UploM");
+  Finit(IssueFtp::kReussi);
+  int pages = 0;
+  for (int i = 0; i < 60; ++i) {  // a photo a second for a minute
+    PosePhoto(QStringLiteral("%1.jpg").arg(i));
+    Temps.Avance(1000);
+    while (Ouvrier->EnCours()) {
+      pages += EnPage() ? 1 : 0;
+      Finit(IssueFtp::kReussi);
+    }
+  }
+  EXPECT_GE(pages, 4);
+  EXPECT_LE(pages, 7);
+}
+
+TEST_F(Ftp, ThePageDoesNotWaitUntilAllPhotosOfAnAlarmAreThere) {
+  Connecte();
+  Dit("UploM");
+  Finit(IssueFtp::kReussi);
+  for (int i = 0; i < 10; ++i) PosePhoto(QStringLiteral("%1.jpg").arg(i));
+  Temps.Avance(ModuleFtp::kRythmePage);
+  Finit(IssueFtp::kReussi);
+  ASSERT_TRUE(EnPage()) << "nine photos still wait";
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("0.jpg"));
+  Finit(IssueFtp::kReussi);
+  EXPECT_TRUE(Ouvrier->EnCours() && !EnPage()) << "and now the next";
+}
+
+TEST_F(Ftp, ThePageShowsAsManyPhotosAsTheUserWants) {
+  Reglages.Valeurs.NbrPhotosPage = 3;
+  Module->PrendReglages(Reglages);
+  for (int i = 0; i < 10; ++i) PosePhoto(QStringLiteral("p%1.jpg").arg(i), 60 - i);
+  Connecte();
+  for (int i = 0; i < 10; ++i) Finit(IssueFtp::kReussi);
+  Dit("UploM");
+  EXPECT_EQ(Ouvrier->Travail.Contenu.count("<li>"), 3);
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("p9.jpg"));
+}
+
+TEST_F(Ftp, WhatIsOnThePageIsRememberedOverARestartButNotForAnotherServer) {
+  PosePhoto("a.jpg");
+  Connecte();
+  Finit(IssueFtp::kReussi);
+  CreeModule();
+  Connecte();
+  Dit("UploM");
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("a.jpg"));
+  Reglages.Valeurs.AdresseFtp = "ailleurs.exemple.fr";
+  Module->PrendReglages(Reglages);
+  Connecte();
+  Dit("UploM");
+  EXPECT_FALSE(Ouvrier->Travail.Contenu.contains("a.jpg"));
+}
+
+TEST_F(Ftp, NothingIsUploadedWhileTheSwitchIsOff) {
+  PosePhoto("a.jpg");
+  EXPECT_EQ(Avance(600000), "");
+  EXPECT_FALSE(Ouvrier->EnCours());
+  EXPECT_EQ(PhotosLocales(), QStringList("a.jpg"));
+}
+
+}  // namespace
+}  // namespace vaktor::essai
