@@ -92,8 +92,7 @@ demande_page() {
 # The enlarged view, over the whole screen: in the menu under the right mouse button of the monitor. It stays to the end.
 montre_agrandie() {
   clique Monitor 300 200 3 || return 1
-  xdotool mousemove_relative 20 12 sleep 0.1 click 1 sleep 1.5
-  photographie_ecran enlarged
+  xdotool mousemove_relative 20 12 sleep 0.1 click 1
 }
 
 # The page as a visitor sees it.
@@ -120,6 +119,10 @@ signale_photos() {
       premiere=$(depuis "$debut_demo")
       premier_fichier=$photo
       photo_ecran=$((SECONDS + 1))
+    fi
+    # Photos after a pause: somebody is in the picture again. The enlarged view is worth looking at then.
+    if [ -n "$agrandie" ] && [ $((SECONDS - derniere_seconde)) -ge 4 ]; then
+      agrandie= photo_agrandie=$((SECONDS + 1))
     fi
     # Some thirty a second: the first of each second is enough to read.
     [ "$derniere_seconde" != "$SECONDS" ] || continue
@@ -158,7 +161,10 @@ joue_scene() {
     scene_agrandie=$((SECONDS + 5))
   elif [ -n "$scene_agrandie" ] && [ $SECONDS -ge "$scene_agrandie" ]; then
     scene_agrandie=
-    montre_agrandie
+    montre_agrandie && agrandie=oui
+  elif [ -n "$photo_agrandie" ] && [ $SECONDS -ge "$photo_agrandie" ]; then
+    photo_agrandie=
+    photographie_ecran enlarged
   fi
 }
 
@@ -193,7 +199,7 @@ demontre() {
   shift 3
   dossier=$(mktemp -d "${TMPDIR:-/tmp}/vaktor-demo.XXXXXX") || echoue "no temporary folder"
   premiere= premier_fichier= photo_ecran= scene_agrandie= derniere_seconde= en_ligne= publiee=
-  lignes_lues=0 demande_a=999999 prolonge=
+  lignes_lues=0 demande_a=999999 prolonge= agrandie= photo_agrandie=
   declare -gA vues=()
   trap 'termine_demo; exit 130' INT TERM HUP
   trap termine_demo EXIT
@@ -210,6 +216,7 @@ demontre() {
   code=$?
 
   [ -e "$dossier/windows.png" ] || [ -z "${pid_programme:-}" ] || photographie_ecran windows
+  [ -z "$agrandie$photo_agrandie" ] || [ -z "${pid_programme:-}" ] || photographie_ecran enlarged
   local page
   page=$(decrit_page)
   termine_demo

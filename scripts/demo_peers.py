@@ -11,7 +11,9 @@ import asyncio
 import email
 import email.policy
 import functools
+import glob
 import http.server
+import json
 import logging
 import os
 import re
@@ -136,6 +138,15 @@ def first_after(events, movement, kind, test=lambda when, text: True):
     return next((f"{when - movement:.2f} s" for when in found), "not in this time")
 
 
+def tell_failures(folder):
+    """What the companions had to complain of at the end: a machine without loudspeakers, say."""
+    for path in sorted(glob.glob(os.path.join(folder, "etat", "VAKTOR*.json"))):
+        with open(path, encoding="utf-8") as file:
+            status = json.load(file)
+        if status.get("state") == "failure":
+            print(f"{status['program']}: {status['en']}")
+
+
 def report(folder, movement):
     events = list(read_events(folder))
     mails = [text for _, kind, text in events if kind == "mail"]
@@ -144,6 +155,7 @@ def report(folder, movement):
     for number, text in enumerate(mails, 1):
         print(f"  {number:03}.eml  {text}")
     print(f"Web site: {count['live']} live images, {count['published']} photos, the page {count['page']} times")
+    tell_failures(folder)
     if movement is None:
         return
     print("From the movement (the file of the first photo) to")
