@@ -47,7 +47,9 @@ ouvre_ecran() {
   local tuyau numero
   tuyau=$dossier/ecran
   mkfifo "$tuyau" || return 1
-  Xvfb -displayfd 7 -screen 0 1280x1400x24 -nolisten tcp 7> "$tuyau" 2> "$dossier/Xvfb.log" &
+  # In a session of its own: Ctrl-C reaches all of this one, and a screen that goes first takes the program with it before
+  # that has told its companions.
+  setsid Xvfb -displayfd 7 -screen 0 1280x1400x24 -nolisten tcp 7> "$tuyau" 2> "$dossier/Xvfb.log" &
   pid_ecran=$!
   read -r -t 20 numero < "$tuyau" || return 1
   rm -f "$tuyau"
