@@ -137,6 +137,13 @@ void FrmSmtp::keyPressEvent(QKeyEvent* evenement) {
   QWidget::keyPressEvent(evenement);
 }
 
+// The destination is typed in the main window, also while this one is open.
+void FrmSmtp::changeEvent(QEvent* evenement) {
+  QWidget::changeEvent(evenement);
+  if (evenement->type() == QEvent::ActivationChange && isActiveWindow())
+    Panneau_->MontreDestination(DonneDestination());
+}
+
 void FrmSmtp::closeEvent(QCloseEvent* evenement) {
   // Until everything is saved: a save that fails leaves the form open, so that the user can try again.
   evenement->ignore();

@@ -52,6 +52,7 @@ class FrmSmtp : public QWidget {
  protected:
   void closeEvent(QCloseEvent* evenement) override;
   void keyPressEvent(QKeyEvent* evenement) override;
+  void changeEvent(QEvent* evenement) override;
 
  private:
   void AfficheCompteSmtp();

@@ -69,13 +69,16 @@ void PanneauEssai::EcritMots(qint32 langue, const QString& destination) {
   Mots_ = DonneMotsEssai(langue);
   TxtEssai_->setAccessibleName(Mots_.Etapes);
   CmdEssai_->setToolTip(Mots_.Aide);
-  if (EnCours_) {
-    LblEssai_->setText(Mots_.EnCours);
-  } else {
-    Colore(*LblEssai_, kNeutre);
-    LblEssai_->setText(InviteEssai(langue, destination));
-  }
+  FinMontree_ = false;  // its sentence is in the language that was
+  if (EnCours_) LblEssai_->setText(Mots_.EnCours);
+  MontreDestination(destination);
   RafraichitBouton();
+}
+
+void PanneauEssai::MontreDestination(const QString& destination) {
+  if (EnCours_ || FinMontree_) return;
+  Colore(*LblEssai_, kNeutre);
+  LblEssai_->setText(InviteEssai(Langue_, destination));
 }
 
 void PanneauEssai::RafraichitBouton() { CmdEssai_->setText(EnCours_ ? Mots_.Annuler : Mots_.Essayer); }
@@ -125,6 +128,7 @@ void PanneauEssai::Acheve(FinEssai fin) {
 }
 
 void PanneauEssai::MontreFin(const QString& phrase, bool reussi) {
+  FinMontree_ = true;
   Colore(*LblEssai_, reussi ? kVert : kRouge);
   LblEssai_->setText(phrase);
 }

@@ -24,6 +24,8 @@ class PanneauEssai : public QWidget {
   ~PanneauEssai() override;
 
   void EcritMots(qint32 langue, const QString& destination);
+  /// Where the next mail will go; may be empty. A rehearsal that runs, and how the last one ended, stay shown.
+  void MontreDestination(const QString& destination);
   /// Ends a running rehearsal without a word.
   void Arrete();
   bool EnCours() const { return EnCours_; }
@@ -41,6 +43,7 @@ class PanneauEssai : public QWidget {
   qint32 Langue_ = 0;
   MotsEssai Mots_;
   bool EnCours_ = false;
+  bool FinMontree_ = false;
   QString Derniere_;  // the newest line as it came: at the end it is the verdict
   QPushButton* CmdEssai_;
   QLabel* LblEssai_;

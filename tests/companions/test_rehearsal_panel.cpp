@@ -11,6 +11,7 @@ struct EssaiDansLaForme : BancSmtp {
   QString Phrase() { return Trouve<QLabel>("LblEssai")->text(); }
   QString Bouton() { return Trouve<QPushButton>("CmdEssai")->text(); }
   QStringList Etapes() { return Trouve<QPlainTextEdit>("TxtEssai")->toPlainText().split(u'\n', Qt::SkipEmptyParts); }
+  MotsEssai Mots() const { return DonneMotsEssai(Reglages.LangueCourante); }
   QJsonObject Demande() const { return QJsonDocument::fromJson(Essai.Demande).object(); }
 };
 
@@ -44,6 +45,30 @@ TEST_F(EssaiDansLaForme, ThePromptOfTheMainWindowIsNoDestination) {
   EXPECT_TRUE(Phrase().contains("First enter"));
   Clique("CmdEssai");
   EXPECT_EQ(Demande()["destination"], "");
+}
+
+TEST_F(EssaiDansLaForme, ADestinationTypedMeanwhileIsShownWhenTheUserComesBack) {
+  Reglages.MailDestination.clear();
+  Ouvre();
+  EXPECT_TRUE(Phrase().contains("First enter"));
+  QWidget principale;
+  const auto vaEtRevient = [&](const QString& destination) {
+    principale.show();
+    principale.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&principale));
+    Reglages.MailDestination = destination;
+    Forme->Montre();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(Forme.get()));
+  };
+  vaEtRevient("new@c.org");
+  EXPECT_EQ(Phrase(), "One mail will be sent to new@c.org. Nothing is saved.");
+  Clique("CmdEssai");
+  vaEtRevient("other@c.org");
+  EXPECT_EQ(Phrase(), Mots().EnCours);
+  Essai.Dit("Check the password.");
+  Essai.Finit(FinEssai::kRefuse);
+  vaEtRevient("third@c.org");
+  EXPECT_EQ(Phrase(), "Check the password.") << "how it ended stays to be read";
 }
 
 TEST_F(EssaiDansLaForme, StepsComeAsTheyHappenAndTheLastLineIsTheSentence) {
