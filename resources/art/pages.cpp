@@ -14,13 +14,14 @@ constexpr QColor kVoile(238, 240, 243);
 constexpr QColor kBarre(20, 25, 40);
 constexpr QColor kIcone(104, 116, 146);
 
-// Dark behind the words, then fading away.
+// Dark behind the words, then fading away: no wider than that takes, or the ground of a page as bright as the others
+// would have to be pure white.
 void DessineBarre(QPainter& p, const QRectF& r) {
   QLinearGradient g(r.topLeft(), r.topRight());
   QColor fin = kBarre;
   fin.setAlpha(0);
   g.setColorAt(0, kBarre);
-  g.setColorAt(0.5, kBarre);
+  g.setColorAt(0.62, kBarre);
   g.setColorAt(1, fin);
   p.setPen(Qt::NoPen);
   p.setBrush(g);
@@ -121,8 +122,8 @@ void DessineCarte(QPainter& p, const QRectF& r) {
 }
 
 void DessineOeil(QPainter& p) {
-  DessineBarre(p, QRectF(4, 7, 112, 18.5));    // behind Label4
-  DessineBarre(p, QRectF(4, 115.5, 112, 16));  // behind LabelRetard
+  DessineBarre(p, QRectF(4, 7, 80, 18.5));    // behind Label4
+  DessineBarre(p, QRectF(4, 115.5, 80, 16));  // behind LabelRetard
   const QPointF c(190, 112);
   QPainterPath paupieres(QPointF(c.x() - 62, c.y()));
   paupieres.quadTo(c.x(), c.y() - 62, c.x() + 62, c.y());
@@ -206,9 +207,7 @@ void Livre(const QString& dossier, int index, int l, int h, void (*dessin)(QPain
       p.fillRect(QRectF(0, 0, l, h), QColor(251, 251, 252));
       dessin(p);
     });
-    // The dark bars of the surveillance page cost it two levels; its ground is as white as that of the others.
-    const int moyenne = index == 1 ? 243 : 245;
-    AjusteMoyenne(image, QColor(moyenne, moyenne, moyenne));
+    AjusteMoyenne(image, QColor(245, 245, 245));
     Enregistre(image, dossier + QStringLiteral("/%1x").arg(echelle), QStringLiteral("PictPage%1").arg(index));
   }
 }

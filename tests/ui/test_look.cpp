@@ -134,9 +134,9 @@ TEST(Art, SizesAndMeanColours) {
                        {"SKIN2", {406, 278}, 90, 80, 63, 1},        {"PictBlue0", {72, 16}, 163, 163, 204, 1},
                        {"PictBlue1", {72, 16}, 161, 161, 202, 1},   {"PictBlue2", {72, 16}, 188, 188, 235, 1},
                        {"PictGrey0", {72, 16}, 212, 212, 212, 1},   {"PictGrey1", {72, 16}, 210, 210, 210, 1},
-                       {"PictGrey2", {72, 16}, 204, 204, 204, 1},   {"PictPage0", {408, 164}, 245, 245, 245, 3},
-                       {"PictPage1", {410, 175}, 245, 245, 245, 3}, {"PictPage2", {408, 164}, 245, 245, 245, 3},
-                       {"PictPage3", {416, 200}, 245, 245, 245, 3}};
+                       {"PictGrey2", {72, 16}, 204, 204, 204, 1},   {"PictPage0", {408, 164}, 245, 245, 245, 1},
+                       {"PictPage1", {410, 175}, 245, 245, 245, 1}, {"PictPage2", {408, 164}, 245, 245, 245, 1},
+                       {"PictPage3", {416, 200}, 245, 245, 245, 1}};
   for (const Art& art : table) {
     for (const int echelle : {1, 2}) {
       const QImage image = ChargeArt(QLatin1String(art.Nom), echelle);
