@@ -30,7 +30,6 @@ QImage ChargeLampe(Lampe lampe) {
 LampeWidget::LampeWidget(QWidget* parent, const QString& nom, QPoint place) : QWidget(parent) {
   setObjectName(nom);
   setGeometry(QRect(place, QSize(8, 8)));
-  setAccessibleDescription(NomLampe(Lampe_));
   Image_ = ChargeLampe(Lampe_);
 }
 
@@ -38,8 +37,25 @@ void LampeWidget::Montre(Lampe lampe) {
   if (lampe == Lampe_) return;
   Lampe_ = lampe;
   Image_ = ChargeLampe(lampe);
-  setAccessibleDescription(NomLampe(lampe));
+  DitEtat();
   update();
+}
+
+void LampeWidget::ChangeMots(const MotsLampe& mots) {
+  Mots_ = mots;
+  setAccessibleName(mots.Nom);
+  DitEtat();
+}
+
+void LampeWidget::DitEtat() {
+  switch (Lampe_) {
+    case Lampe::kRouge:
+      return setAccessibleDescription(Mots_.Eteinte);
+    case Lampe::kRougeAllumee:
+      return setAccessibleDescription(Mots_.EnAttente);
+    case Lampe::kVerte:
+      return setAccessibleDescription(Mots_.Active);
+  }
 }
 
 void LampeWidget::paintEvent(QPaintEvent*) {

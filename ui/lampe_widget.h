@@ -8,19 +8,31 @@
 
 namespace vaktor {
 
+/// What a lamp is called and what its light means, for those who hear the window.
+struct MotsLampe {
+  QString Nom;
+  QString Eteinte;
+  QString EnAttente;
+  QString Active;
+};
+
 class LampeWidget : public QWidget {
   Q_OBJECT
 
  public:
   LampeWidget(QWidget* parent, const QString& nom, QPoint place);
-  /// accessibleDescription carries the name of the lamp's picture: "LEDRED", "LEDREDON", "LEDVERT".
   void Montre(Lampe lampe);
+  /// The light is a colour and nothing else: accessibleName and accessibleDescription say it in words.
+  void ChangeMots(const MotsLampe& mots);
   Lampe Etat() const { return Lampe_; }
 
  protected:
   void paintEvent(QPaintEvent* evenement) override;
 
  private:
+  void DitEtat();
+
+  MotsLampe Mots_;
   Lampe Lampe_ = Lampe::kRouge;
   QImage Image_;
 };

@@ -12,6 +12,16 @@ QString Choisit(qint32 langue, const char* francais, const char* anglais) {
 
 QString MotSignalPerdu(qint32 langue) { return Choisit(langue, "Signal perdu", "Signal lost"); }
 
+MotsLampe MotsLampeAlarme(qint32 langue) {
+  return {Choisit(langue, "Témoin de l'alarme", "Alarm lamp"), Choisit(langue, "Éteint", "Off"),
+          Choisit(langue, "Compte à rebours", "Counting down"), Choisit(langue, "Alarme active", "Alarm active")};
+}
+
+MotsLampe MotsLampeSurveillance(qint32 langue) {
+  return {Choisit(langue, "Témoin de la surveillance", "Live cam lamp"), Choisit(langue, "Éteint", "Off"),
+          Choisit(langue, "Connexion", "Connecting"), Choisit(langue, "Surveillance active", "Live cam active")};
+}
+
 QString AideBarre(qint32 langue) {
   return Choisit(langue, "Représentation graphique du nombre de pixels en mouvement",
                  "Graphical representation of moving pixels");

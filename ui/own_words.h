@@ -4,9 +4,14 @@
 
 #include <QString>
 
+#include "ui/lampe_widget.h"
+
 namespace vaktor {
 
 QString MotSignalPerdu(qint32 langue);
+/// The lamps of the top band, for those who hear the window.
+MotsLampe MotsLampeAlarme(qint32 langue);
+MotsLampe MotsLampeSurveillance(qint32 langue);
 /// Tooltip of ProgressBar1.
 QString AideBarre(qint32 langue);
 /// The message of the guard at the event loop: what failed, and that the program goes on.

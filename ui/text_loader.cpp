@@ -108,6 +108,8 @@ void ChargeurTextes::EcritTextes() {
       controle->setAccessibleName(Textes_.Texte(ligne.Numero));
     }
   }
+  Fenetre_.Bandeau().ImageLedAlarme->ChangeMots(MotsLampeAlarme(Reglages_.LangueCourante));
+  Fenetre_.Bandeau().ImageLedSurveill->ChangeMots(MotsLampeSurveillance(Reglages_.LangueCourante));
   // Heard, not seen: which language it is now.
   for (int langue = 0; langue < 2; ++langue) {
     Fenetre_.Options().Image4.at(static_cast<std::size_t>(langue))->Engage(langue == Reglages_.LangueCourante);

@@ -71,6 +71,25 @@ TEST_F(Entendu, AlarmIsCheckedWhileItsLampIsLit) {
   EXPECT_FALSE(Coche("Bouton(1)")) << "the camera's stop disarms";
 }
 
+TEST_F(Entendu, LampsSayInWordsWhatTheirColourShows) {
+  const auto dit = [this](const char* nom) { return Lit(nom)->text(QAccessible::Description); };
+  EXPECT_EQ(Nom("ImageLedAlarme"), QStringLiteral("Alarm lamp"));
+  EXPECT_EQ(Nom("ImageLedSurveill"), QStringLiteral("Live cam lamp"));
+  EXPECT_EQ(dit("ImageLedAlarme"), QStringLiteral("Off"));
+  Banc.Vue.MontreLampeAlarme(Lampe::kRougeAllumee);
+  EXPECT_EQ(dit("ImageLedAlarme"), QStringLiteral("Counting down"));
+  Banc.Vue.MontreLampeAlarme(Lampe::kVerte);
+  Banc.Vue.MontreLampeSurveillance(Lampe::kRougeAllumee);
+  EXPECT_EQ(dit("ImageLedAlarme"), QStringLiteral("Alarm active"));
+  EXPECT_EQ(dit("ImageLedSurveill"), QStringLiteral("Connecting"));
+  Banc.Clique("Image4(0)");
+  EXPECT_EQ(Nom("ImageLedSurveill"), QString::fromUtf8("Témoin de la surveillance"));
+  EXPECT_EQ(dit("ImageLedAlarme"), QStringLiteral("Alarme active")) << "a lit lamp changes its language too";
+  EXPECT_EQ(dit("ImageLedSurveill"), QStringLiteral("Connexion"));
+  Banc.Vue.MontreLampeAlarme(Lampe::kRouge);
+  EXPECT_EQ(dit("ImageLedAlarme"), QString::fromUtf8("Éteint"));
+}
+
 TEST_F(Entendu, LiveIsCheckedWhileItsLampIsLit) {
   EXPECT_FALSE(Coche("Bouton(2)"));
   Banc.Vue.MontreLampeSurveillance(Lampe::kRougeAllumee);

@@ -57,14 +57,15 @@ TEST(SurveillanceView, CountersStartAtZero) {
   EXPECT_EQ(banc.Trouve<QLabel>("LabelTemoin(1)")->text(), QStringLiteral("0 Pts "));
 }
 
-TEST(SurveillanceView, LampsNameTheirPicture) {
+TEST(SurveillanceView, LampsFollowTheEngine) {
   BancFenetre banc;
-  const QWidget* lampe = banc.Trouve("ImageLedSurveill");
-  EXPECT_EQ(lampe->accessibleDescription(), QStringLiteral("LEDRED"));
+  const LampeWidget& lampe = *banc.Fenetre.Bandeau().ImageLedSurveill;
+  EXPECT_EQ(lampe.Etat(), Lampe::kRouge);
   banc.Vue.MontreLampeSurveillance(Lampe::kVerte);
-  EXPECT_EQ(lampe->accessibleDescription(), QStringLiteral("LEDVERT"));
+  EXPECT_EQ(lampe.Etat(), Lampe::kVerte);
   banc.Vue.MontreLampeSurveillance(Lampe::kRougeAllumee);
-  EXPECT_EQ(lampe->accessibleDescription(), QStringLiteral("LEDREDON"));
+  EXPECT_EQ(lampe.Etat(), Lampe::kRougeAllumee);
+  EXPECT_EQ(banc.Fenetre.Bandeau().ImageLedAlarme->Etat(), Lampe::kRouge) << "the other one stays";
 }
 
 TEST(SurveillanceView, StopOfTheCameraTellsBothStatusLines) {
