@@ -70,10 +70,17 @@ QComboBox* CreeListe(QWidget* parent, const QString& nom, const QRect& place) {
   return liste;
 }
 
+void HabilleCase(QCheckBox& boite) {
+  QFont police(QStringLiteral("MS Sans Serif"));
+  police.setPixelSize(kPoliceGrande);
+  boite.setFont(police);
+}
+
 CaseACocher* CreeCase(QWidget* parent, const QString& nom, const QPoint& place) {
   auto* boite = new CaseACocher(parent);
   boite->setObjectName(nom);
   boite->setGeometry(QRect(place, kTailleCase));
+  HabilleCase(*boite);
   return boite;
 }
 

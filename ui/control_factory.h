@@ -47,6 +47,8 @@ QLineEdit* CreeChamp(QWidget* parent, const QString& nom, const QRect& place);
 /// A field for a password: each character shows as "*".
 QLineEdit* CreeChampSecret(QWidget* parent, const QString& nom, const QRect& place);
 QComboBox* CreeListe(QWidget* parent, const QString& nom, const QRect& place);
+/// The font of all check boxes, "MS Sans Serif" of 9.75 points; the system puts its nearest one in its place.
+void HabilleCase(QCheckBox& boite);
 CaseACocher* CreeCase(QWidget* parent, const QString& nom, const QPoint& place);
 
 /// Changes the colour of a label's text.

@@ -68,6 +68,7 @@ void Form1::CreeControlesCaches() {
   CheckPEcran_ = new QCheckBox(this);
   CheckPEcran_->setObjectName(QStringLiteral("CheckPEcran"));
   CheckPEcran_->setGeometry(8, 304, 97, 17);
+  HabilleCase(*CheckPEcran_);
   CheckPEcran_->hide();
   connect(CheckPEcran_, &QCheckBox::toggled, this, [this](bool coche) { Services_.MontrePleinEcran(coche); });
 }

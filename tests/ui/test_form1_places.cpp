@@ -171,6 +171,21 @@ TEST(Form1, LabelsAreDarkGreyButForTheTwoWhiteHeadings) {
   }
 }
 
+// Points at 96 dots an inch, in pixels: 8.25, 9 and 9.75 are 11, 12 and 13.
+TEST(Form1, FontsHaveTheirSizes) {
+  faux::BancFenetre banc;
+  for (const QLabel* etiquette : banc.Fenetre.findChildren<QLabel*>()) {
+    EXPECT_GE(etiquette->font().pixelSize(), 11) << etiquette->objectName().toStdString();
+    EXPECT_LE(etiquette->font().pixelSize(), 13) << etiquette->objectName().toStdString();
+  }
+  const auto boites = banc.Fenetre.findChildren<QCheckBox*>();
+  EXPECT_EQ(boites.size(), 5);
+  for (const QCheckBox* boite : boites) {
+    EXPECT_EQ(boite->font().family(), QStringLiteral("MS Sans Serif")) << boite->objectName().toStdString();
+    EXPECT_EQ(boite->font().pixelSize(), 13) << boite->objectName().toStdString();
+  }
+}
+
 TEST(Form1, PasswordIsNotShown) {
   faux::BancFenetre banc;
   EXPECT_EQ(banc.Trouve<QLineEdit>("TxtPass")->echoMode(), QLineEdit::Password);
