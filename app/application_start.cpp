@@ -14,6 +14,7 @@ constexpr int kPagePrincipale = 1;
 }  // namespace
 
 void Vaktor::Demarre(const QString& version) {
+  if (Systeme_.SuitLangue) Systeme_.SuitLangue([this] { return Reglages_.LangueCourante; });
   Magasin_ = Systeme_.OuvreMagasin();
   if (Systeme_.Registre != nullptr) {
     Droits_ = std::make_unique<RelanceDroits>(

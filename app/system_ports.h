@@ -52,6 +52,8 @@ struct PortsSysteme {
   SitePages Site = {};
   /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};
+  /// Takes what gives the language of the buttons of the boxes at any moment; empty where they have none.
+  std::function<void(std::function<qint32()> langue)> SuitLangue = {};
   RegistreSysteme* Registre = nullptr;  ///< only where the system keeps compatibility flags in one
 };
 

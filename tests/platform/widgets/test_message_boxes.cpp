@@ -16,14 +16,16 @@ class MessageBoxes : public testing::Test {
  protected:
   /// Shows a box and works on it once it is up.
   static ReponseBoite Montre(BoutonsBoite boutons, const std::function<void(QMessageBox*)>& travail,
-                             const QString& texte = QStringLiteral("Espace disque < 500 Mo. ")) {
+                             const QString& texte = QStringLiteral("Espace disque < 500 Mo. "), qint32 langue = 0) {
     bool vue = false;
     QTimer::singleShot(0, qApp, [&] {
       auto* boite = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       vue = boite != nullptr && boite->objectName() == QStringLiteral("BoiteMessage");
       if (vue) travail(boite);
     });
-    const ReponseBoite reponse = BoitesMessageQt().MontreMessage(texte, QStringLiteral("Attention"), boutons);
+    BoitesMessageQt boites;
+    boites.SuitLangue([langue] { return langue; });
+    const ReponseBoite reponse = boites.MontreMessage(texte, QStringLiteral("Attention"), boutons);
     EXPECT_TRUE(vue);
     return reponse;
   }
@@ -44,6 +46,22 @@ TEST_F(MessageBoxes, ShowsTheWordsAsTheyStandWithTheInformationIcon) {
     EXPECT_EQ(boite->buttons().size(), 1);
     boite->close();
   });
+}
+
+TEST_F(MessageBoxes, ButtonsSpeakTheLanguageOfTheProgram) {
+  const auto mot = [](QMessageBox::StandardButton bouton, const QString& attendu) {
+    return [=](QMessageBox* boite) {
+      EXPECT_EQ(boite->button(bouton)->text().remove(u'&'), attendu);
+      boite->close();
+    };
+  };
+  const QString texte = QStringLiteral("?");
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::Yes, QStringLiteral("Oui")), texte, 0);
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::No, QStringLiteral("Non")), texte, 0);
+  Montre(BoutonsBoite::kOkAnnuler, mot(QMessageBox::Cancel, QStringLiteral("Annuler")), texte, 0);
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::Yes, QStringLiteral("Yes")), texte, 1);
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::No, QStringLiteral("No")), texte, 1);
+  Montre(BoutonsBoite::kOkAnnuler, mot(QMessageBox::Cancel, QStringLiteral("Cancel")), texte, 1);
 }
 
 TEST_F(MessageBoxes, AnswersWithTheButtonPressed) {
