@@ -46,8 +46,8 @@ QString DitPhotoImpossible(qint32 langue, EtatPhoto etat, const QString& nom) {
 }
 
 QString DitRepertoireAbsent(qint32 langue, const QString& dossier) {
-  return Choisit(langue, "le répertoire des photos « %1 » n'existe pas.",
-                 "the folder of the pictures \"%1\" does not exist.")
+  return Choisit(langue, "le répertoire des photos « %1 » n'existe pas ou ne peut pas être lu.",
+                 "the folder of the pictures \"%1\" does not exist or cannot be read.")
       .arg(dossier);
 }
 

@@ -46,7 +46,8 @@ void GaleriePhotos::OuvreUneFois() {
 }
 
 void GaleriePhotos::FixeChemin(const QString& dossier) {
-  if (!Ports_.Disque.Existe(dossier)) {
+  // A folder that may not be read is as good as gone: taken for an empty one, it would hide the user's photos.
+  if (!Ports_.Disque.PeutLister(dossier)) {
     throw Echec(kFichierIntrouvable, DitRepertoireAbsent(Ports_.Reglages.LangueCourante, dossier));
   }
   const bool autre = dossier != Chemin_;

@@ -43,12 +43,12 @@ class GaleriePhotos {
   /// Once, before any other call; the display outlives the last call.
   void Relie(AffichageGalerie& affichage) { Affichage_ = &affichage; }
 
-  /// Opens the gallery on RepertoirePhoto. A folder that is gone or a first photo that cannot be shown makes it the
-  /// folder "\intrus" of the program, in memory, without a word. Throws Echec when that one fails too; the window is
-  /// up even then.
+  /// Opens the gallery on RepertoirePhoto. A folder that is gone or may not be read, or a first photo that cannot be
+  /// shown makes it the folder "\intrus" of the program, in memory, without a word. Throws Echec when that one fails
+  /// too; the window is up even then.
   void OuvreGalerie();
   /// The list takes another folder and is read anew; the first entry of another folder counts as clicked. Throws Echec
-  /// when the folder is not there.
+  /// when the folder is not there or may not be read.
   void FixeChemin(const QString& dossier);
   /// FixeChemin, then loads the first entry and counts. Throws Echec when either cannot be had.
   void RepointeSur(const QString& dossier);

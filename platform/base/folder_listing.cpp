@@ -85,6 +85,10 @@ Noms LitNoms(DIR& dossier, const std::vector<std::string>& morceaux) {
 
 }  // namespace
 
+bool PeutListerDossier(const QByteArray& dossier) {
+  return std::unique_ptr<DIR, FermeDossier>(::opendir(dossier.constData())) != nullptr;
+}
+
 QStringList ListeDossier(const QByteArray& dossier, const QString& motif) {
   const std::unique_ptr<DIR, FermeDossier> lu(::opendir(dossier.constData()));
   if (!lu) return {};

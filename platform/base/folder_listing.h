@@ -12,4 +12,7 @@ namespace vaktor {
 /// when the folder cannot be read.
 QStringList ListeDossier(const QByteArray& dossier, const QString& motif);
 
+/// True when the names of the folder can be read.
+bool PeutListerDossier(const QByteArray& dossier);
+
 }  // namespace vaktor

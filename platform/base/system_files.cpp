@@ -39,6 +39,8 @@ bool FichiersSysteme::Existe(const QString& chemin) const {
   return !chemin.isEmpty() && QFileInfo::exists(CheminNatif(chemin));
 }
 
+bool FichiersSysteme::PeutLister(const QString& dossier) const { return PeutListerDossier(NomSysteme(dossier)); }
+
 bool FichiersSysteme::CreeDossier(const QString& chemin) { return ::mkdir(NomSysteme(chemin).constData(), 0777) == 0; }
 
 std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const {

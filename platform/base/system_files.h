@@ -12,6 +12,7 @@ QString CheminNatif(const QString& chemin);
 class FichiersSysteme : public Fichiers {
  public:
   bool Existe(const QString& chemin) const override;
+  bool PeutLister(const QString& dossier) const override;
   bool CreeDossier(const QString& chemin) override;
   /// `chemin` itself must exist. The share that the system keeps back for root does not count as free.
   std::optional<qint64> EspaceLibre(const QString& chemin) const override;

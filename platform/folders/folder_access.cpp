@@ -66,7 +66,10 @@ bool MeneADossier(int dossier, const char* nom) {
 EtatDossier RegardeUnDossier(const QByteArray& chemin) {
   struct stat etat {};
   if (::stat(chemin.constData(), &etat) != 0) return EtatDeErreur(errno);
-  return S_ISDIR(etat.st_mode) ? EtatDossier::kBon : EtatDossier::kAbsent;
+  if (!S_ISDIR(etat.st_mode)) return EtatDossier::kAbsent;
+  // A folder that may not be read looks like an empty one, in the tree and in the gallery.
+  return ::faccessat(AT_FDCWD, chemin.constData(), R_OK | X_OK, AT_EACCESS) == 0 ? EtatDossier::kBon
+                                                                                 : EtatDeErreur(errno);
 }
 
 EtatDossier EssaieUneEcriture(const QByteArray& chemin) {

@@ -10,8 +10,8 @@
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_folder_tree.h"
 #include "fakes/fake_interface_sounds.h"
-#include "fakes/fake_photo_reader.h"
 #include "fakes/fake_mail_registry.h"
+#include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
 #include "fakes/journal.h"
 #include "fakes/virtual_timers.h"
@@ -109,6 +109,7 @@ class DisqueNote : public Fichiers {
     J_.Note([&] { return QStringLiteral("files: exists ") + chemin; });
     return Existants.contains(chemin);
   }
+  bool PeutLister(const QString& dossier) const override { return Existants.contains(dossier); }
   bool CreeDossier(const QString& chemin) override {
     J_.Note([&] { return QStringLiteral("files: make ") + chemin; });
     Existants.append(chemin);

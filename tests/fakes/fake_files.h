@@ -21,7 +21,8 @@ class FauxFichiers : public Fichiers {
   qsizetype PlaceAvantErreur = 0;                      ///< bytes that are written before ErreurEcriture
   bool RefuseSuppression = false;
   bool RefuseCreation = false;
-  QSet<QString> Tenaces;  ///< names of files that no removal removes
+  QSet<QString> Illisibles;  ///< folders that are there and cannot be read, as "/a/b"
+  QSet<QString> Tenaces;     ///< names of files that no removal removes
 
   // What was asked, in order, paths as passed.
   QStringList Ecrits;
@@ -37,6 +38,9 @@ class FauxFichiers : public Fichiers {
 
   bool Existe(const QString& chemin) const override {
     return Dossiers_.contains(Cle(chemin)) || Contenus_.contains(Cle(chemin));
+  }
+  bool PeutLister(const QString& dossier) const override {
+    return Dossiers_.contains(Cle(dossier)) && !Illisibles.contains(Cle(dossier));
   }
   bool CreeDossier(const QString& chemin) override {
     DossiersDemandes += chemin;

@@ -108,6 +108,16 @@ TEST_F(Regles, FolderThatIsGoneFallsBackToTheProgramsInMemoryAndWithoutAWord) {
   EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
 }
 
+TEST_F(Regles, FolderThatMayNotBeReadCountsAsGoneAndNotAsEmpty) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  AjoutePhotos({QStringLiteral("z.jpg")}, QStringLiteral("/d/intrus"));
+  Disque.Illisibles += QStringLiteral("/p");
+  EXPECT_THROW(Galerie.RepointeSur(QStringLiteral("/p")), Echec);
+  Galerie.OuvreGalerie();
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/d\\intrus"));
+  EXPECT_EQ(Vue.Liste, QStringList{QStringLiteral("z.jpg")});
+}
+
 // At the opening a first photo that cannot be shown counts like a folder that is gone; in the list it does not.
 TEST_F(Regles, FirstPhotoThatCannotBeShownFallsBackToo) {
   AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});

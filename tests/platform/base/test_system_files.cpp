@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -81,6 +82,23 @@ TEST_F(SystemFiles, TheListOfAFolderThatIsGoneOrEmptyIsEmpty) {
   EXPECT_TRUE(Disque.ListeFichiers(Dossier.path(), QStringLiteral("*")).isEmpty());
   EXPECT_TRUE(Disque.ListeFichiers(Chemin(QStringLiteral("/gone")), QStringLiteral("*")).isEmpty());
   EXPECT_TRUE(Disque.ListeFichiers(QString(), QStringLiteral("*")).isEmpty()) << "not the working folder";
+}
+
+TEST_F(SystemFiles, OnlyAFolderThatMayBeReadCanBeListed) {
+  Pose(QStringLiteral("/a"));
+  ASSERT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/ferme"))));
+  EXPECT_TRUE(Disque.PeutLister(Chemin(QStringLiteral("\\ferme"))));
+  EXPECT_FALSE(Disque.PeutLister(Chemin(QStringLiteral("/a")))) << "a file";
+  EXPECT_FALSE(Disque.PeutLister(Chemin(QStringLiteral("/gone"))));
+  EXPECT_FALSE(Disque.PeutLister(QString())) << "not the working folder";
+  // Permissions hold for others only: the administrator steps down for the moment of the question.
+  ASSERT_EQ(::chmod(QFile::encodeName(Dossier.path()).constData(), 0755), 0);
+  ASSERT_EQ(::chmod(QFile::encodeName(Chemin(QStringLiteral("/ferme"))).constData(), 0333), 0);
+  const bool administrateur = ::geteuid() == 0;
+  ASSERT_TRUE(!administrateur || ::seteuid(65534) == 0);
+  const bool lisible = Disque.PeutLister(Chemin(QStringLiteral("/ferme")));
+  ASSERT_TRUE(!administrateur || ::seteuid(0) == 0);
+  EXPECT_FALSE(lisible);
 }
 
 TEST_F(SystemFiles, RemovalIsTrueWhenTheFileIsThereNoMore) {

@@ -77,6 +77,18 @@ TEST_F(AccesDossiers, ForbiddenFolderIsToldFromAnAbsentOne) {
   EXPECT_EQ(etat, EtatDossier::kInterdit);
 }
 
+TEST_F(AccesDossiers, FolderThatMayNotBeReadIsForbiddenAndNotEmpty) {
+  Cree("/ferme");
+  const QByteArray nom = QFile::encodeName(Chemin("/ferme"));
+  ASSERT_EQ(::chmod(QFile::encodeName(Chemin()).constData(), 0755), 0);
+  ASSERT_EQ(::chmod(nom.constData(), 0711), 0);
+  const bool administrateur = ::geteuid() == 0;
+  ASSERT_TRUE(!administrateur || ::seteuid(65534) == 0);
+  const EtatDossier etat = RegardeUnDossier(nom);
+  ASSERT_TRUE(!administrateur || ::seteuid(0) == 0);
+  EXPECT_EQ(etat, administrateur ? EtatDossier::kInterdit : EtatDossier::kBon) << "the owner may read it";
+}
+
 TEST_F(AccesDossiers, FullDiskIsToldAndRoomAgainIsToo) {
   const PetitDisque petit(kMega);
   if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
