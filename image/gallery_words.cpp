@@ -36,6 +36,11 @@ QString AvisPhoto(qint32 langue, EtatPhoto etat, const QString& nom) {
       .arg(nom, DitRaison(langue, etat));
 }
 
+QString AvisPhotoCoupee(qint32 langue) {
+  return Choisit(langue, "Photo endommagée : le fichier s'arrête avant la fin.",
+                 "Damaged picture: the file ends too early.");
+}
+
 QString AvisAucunePhoto(qint32 langue) {
   return Choisit(langue, "Aucune photo dans ce répertoire.", "No picture in this folder.");
 }

@@ -95,6 +95,7 @@ void GaleriePhotos::DitListeVide() {
 void GaleriePhotos::RedisAvis() {
   const qint32 langue = Ports_.Reglages.LangueCourante;
   if (Place_ == Place::kAucunePhoto) Affichage_->MontreAvis(AvisAucunePhoto(langue));
+  if (Place_ == Place::kPhotoCoupee) Affichage_->MontreMention(AvisPhotoCoupee(langue));
   if (Place_ == Place::kAvis) Affichage_->MontreAvis(AvisPhoto(langue, EtatAvis_, NomAvis_));
 }
 
@@ -146,8 +147,9 @@ PhotoLue GaleriePhotos::LitEntree(const QString& entree) const {
 
 void GaleriePhotos::DitPhoto(const PhotoLue& lue, const QString& entree) {
   if (lue.Etat == EtatPhoto::kLue) {
-    Place_ = Place::kPhoto;
+    Place_ = lue.Coupee ? Place::kPhotoCoupee : Place::kPhoto;
     Affichage_->MontrePhoto(lue.Image);
+    if (lue.Coupee) Affichage_->MontreMention(AvisPhotoCoupee(Ports_.Reglages.LangueCourante));
     return;
   }
   Place_ = Place::kAvis;

@@ -79,7 +79,7 @@ class GaleriePhotos {
   int DernierIndexAffiche() const { return DernierIndexAffiche_; }
 
  private:
-  enum class Place { kVide, kPhoto, kAvis, kAucunePhoto };
+  enum class Place { kVide, kPhoto, kPhotoCoupee, kAvis, kAucunePhoto };
 
   void OuvreUneFois();
   void LitListe();

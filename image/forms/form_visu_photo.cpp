@@ -110,6 +110,7 @@ void FormVisuPhoto::MontreListe(const QStringList& entrees, int index) {
 
 void FormVisuPhoto::MontreIndex(int index) { PictureAfff_->FilePhotoVisu->MontreIndex(index); }
 void FormVisuPhoto::MontrePhoto(const QImage& photo) { PictureVisu_->MontrePhoto(photo); }
+void FormVisuPhoto::MontreMention(const QString& mention) { PictureVisu_->MontreMention(mention); }
 void FormVisuPhoto::MontreAvis(const QString& avis) { PictureVisu_->MontreAvis(avis); }
 void FormVisuPhoto::MontreTitre(const QString& titre) { setWindowTitle(titre); }
 

@@ -41,6 +41,7 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
   void MontreListe(const QStringList& entrees, int index) override;
   void MontreIndex(int index) override;
   void MontrePhoto(const QImage& photo) override;
+  void MontreMention(const QString& mention) override;
   void MontreAvis(const QString& avis) override;
   void MontreTitre(const QString& titre) override;
   void AjusteAutourPhoto() override;

@@ -12,9 +12,11 @@ class PlacePhoto : public QWidget {
 
  public:
   explicit PlacePhoto(QWidget* parent);
-  void MontrePhoto(const QImage& photo);  ///< a null picture empties the place, which keeps its size
+  void MontrePhoto(const QImage& photo);       ///< a null picture empties the place, which keeps its size
+  void MontreMention(const QString& mention);  ///< words on the lower edge of the picture, until the next one
   void MontreAvis(const QString& avis);
   const QImage& Photo() const { return Photo_; }
+  const QString& Mention() const { return Mention_; }
   const QString& Avis() const { return Avis_; }
 
  Q_SIGNALS:
@@ -24,9 +26,11 @@ class PlacePhoto : public QWidget {
   void paintEvent(QPaintEvent* evenement) override;
 
  private:
+  void DessineMention(QPainter& peintre) const;
   void PrendTaille(const QSize& taille);
 
   QImage Photo_;
+  QString Mention_;
   QString Avis_;
 };
 

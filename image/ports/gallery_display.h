@@ -16,6 +16,8 @@ class AffichageGalerie {
   virtual void MontreIndex(int index) = 0;
   /// PictureVisu takes the picture in its own size; a null picture empties it.
   virtual void MontrePhoto(const QImage& photo) = 0;
+  /// Words along the lower edge of the picture that is shown, until another takes its place; empty for none.
+  virtual void MontreMention(const QString& mention) = 0;
   /// Words in the place of the picture, which goes.
   virtual void MontreAvis(const QString& avis) = 0;
   virtual void MontreTitre(const QString& titre) = 0;

@@ -21,13 +21,14 @@ inline constexpr qint64 kPixelsPhotoMax = 32'000'000;
 struct PhotoLue {
   EtatPhoto Etat = EtatPhoto::kIllisible;
   QImage Image = {};
+  bool Coupee = false;  ///< kLue: the file ends early, and the lower part of the picture is missing
 };
 
 class LecteurPhotos {
  public:
   virtual ~LecteurPhotos() = default;
   /// The picture in its own size. Never throws; memory stays bounded whatever the file says of itself. A file that ends
-  /// early gives the part that is there.
+  /// early gives the part that is there, and says so.
   virtual PhotoLue LitPhoto(const QString& chemin) const = 0;
 };
 

@@ -11,6 +11,27 @@ namespace {
 // From the header alone, before any memory is taken.
 bool TropGrande(const QSize& taille) { return qint64{taille.width()} * taille.height() > kPixelsPhotoMax; }
 
+constexpr qint64 kOctetsSuivis = 64LL * 1024 * 1024;
+
+/// Where the first scan begins: behind the segments of the header, whose thumbnail may be a whole picture with an end
+/// of its own (ITU-T T.81, B.1.1.4).
+qsizetype PasseEntete(const QByteArray& octets) {
+  const auto octet = [&](qsizetype i) { return static_cast<quint8>(octets.at(i)); };
+  qsizetype place = 2;
+  while (place + 4 <= octets.size() && octet(place) == 0xff && octet(place + 1) != 0xda) {
+    place += octet(place + 1) == 0xff ? 1 : 2 + (octet(place + 2) << 8 | octet(place + 3));
+  }
+  return place;
+}
+
+/// The decoder fills up a file that ends early and does not tell. A whole one has the end marker FF D9, which the bytes
+/// of a scan cannot hold (T.81, B.1.1.5). What lies behind the marker is no concern of ours.
+bool EstCoupee(QFile& fichier) {
+  if (fichier.size() > kOctetsSuivis || !fichier.seek(0)) return false;
+  const QByteArray octets = fichier.readAll();
+  return octets.indexOf(QByteArrayLiteral("\xff\xd9"), PasseEntete(octets)) < 0;
+}
+
 }  // namespace
 
 PhotoLue LecteurPhotosFichier::LitPhoto(const QString& chemin) const {
@@ -25,7 +46,7 @@ PhotoLue LecteurPhotosFichier::LitPhoto(const QString& chemin) const {
   if (image.isNull()) return {.Etat = EtatPhoto::kIllisible};
   // A picture that claims dots an inch or a pixel ratio is shown pixel for pixel like any other.
   image.setDevicePixelRatio(1);
-  return {.Etat = EtatPhoto::kLue, .Image = std::move(image)};
+  return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Coupee = EstCoupee(fichier)};
 }
 
 }  // namespace vaktor

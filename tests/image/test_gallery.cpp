@@ -17,9 +17,11 @@ class AffichageNote : public AffichageGalerie {
   void MontreIndex(int index) override { Index = index; }
   void MontrePhoto(const QImage& photo) override {
     Photo = photo;
+    Mention.clear();
     Avis.clear();
     Appels += photo.isNull() ? QStringLiteral("vide") : QStringLiteral("photo");
   }
+  void MontreMention(const QString& mention) override { Mention = mention; }
   void MontreAvis(const QString& avis) override {
     Photo = {};
     Avis = avis;
@@ -37,7 +39,7 @@ class AffichageNote : public AffichageGalerie {
   QStringList Liste, Appels;
   int Index = -1;
   QImage Photo;
-  QString Avis, Titre;
+  QString Avis, Mention, Titre;
 };
 
 class Regles : public testing::Test, protected faux::BancGalerie {
@@ -192,6 +194,21 @@ TEST_F(Regles, EveryReasonIsSaidInBothLanguages) {
     }
   }
   EXPECT_EQ(dits.size(), 8);
+}
+
+TEST_F(Regles, PhotoWhoseFileEndsEarlyIsShownAndSaidToBeDamaged) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Lecteur.Coupees += QStringLiteral("/p\\a.jpg");
+  Galerie.OuvreGalerie();
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/p")) << "what is there can be shown";
+  EXPECT_FALSE(Vue.Photo.isNull());
+  EXPECT_TRUE(Vue.Mention.startsWith(QStringLiteral("Damaged"))) << Vue.Mention.toStdString();
+  Reglages.LangueCourante = 0;
+  Galerie.RedisAvis();
+  EXPECT_TRUE(Vue.Mention.contains(QStringLiteral("endommagée"))) << Vue.Mention.toStdString();
+  Choisit(1);
+  Galerie.RedisAvis();
+  EXPECT_EQ(Vue.Mention, QString());
 }
 
 TEST_F(Regles, NoDoesNothingAtAll) {

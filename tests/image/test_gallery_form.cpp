@@ -316,6 +316,22 @@ TEST_F(Galerie, DamagedPhotoIsSaidInItsPlaceAndStaysListed) {
   EXPECT_EQ(Photo->grab().toImage().pixel(5, 5), qRgb(200, 60, 20));
 }
 
+TEST_F(Galerie, PhotoWhoseFileEndsEarlyBearsTheWordsOnItsFoot) {
+  Lecteur.Tailles[QStringLiteral("/p\\b.jpg")] = QSize(400, 300);
+  Lecteur.Coupees += QStringLiteral("/p\\b.jpg");
+  Ouvre();
+  Clique(1);
+  EXPECT_TRUE(Photo->Mention().contains(QStringLiteral("too early"))) << Photo->Mention().toStdString();
+  EXPECT_EQ(Photo->accessibleDescription(), Photo->Mention());
+  const QImage vue = Photo->grab().toImage();
+  EXPECT_EQ(vue.size(), QSize(400, 300)) << "the place keeps the picture's own size";
+  EXPECT_EQ(vue.pixel(5, 5), qRgb(200, 60, 20));
+  EXPECT_NE(vue.pixel(5, 295), qRgb(200, 60, 20));
+  Touche(Qt::Key_Down);
+  EXPECT_EQ(Photo->Mention(), QString());
+  EXPECT_EQ(Photo->accessibleDescription(), QString());
+}
+
 TEST_F(Galerie, CloseRequestSavesAndHides) {
   Ouvre();
   EXPECT_FALSE(Forme.close());

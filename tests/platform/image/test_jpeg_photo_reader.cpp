@@ -47,6 +47,7 @@ class Photos : public testing::Test {
 TEST_F(Photos, WholeOneComesInItsOwnSize) {
   const PhotoLue lue = Lit(Jpeg(320, 240));
   EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
+  EXPECT_FALSE(lue.Coupee);
   EXPECT_EQ(lue.Image.size(), QSize(320, 240));
   EXPECT_NEAR(qRed(lue.Image.pixel(100, 100)), 200, 4);
 }
@@ -63,7 +64,20 @@ TEST_F(Photos, OneThatEndsEarlyGivesWhatIsThere) {
   const QByteArray entiere = Jpeg(640, 480);
   const PhotoLue lue = Lit(entiere.left(entiere.size() / 2));
   EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
+  EXPECT_TRUE(lue.Coupee);
   EXPECT_NEAR(qRed(lue.Image.pixel(10, 10)), 200, 4);
+}
+
+TEST_F(Photos, EndOfAThumbnailIsNotTheEndOfThePicture) {
+  const QByteArray vignette = Jpeg(16, 16);
+  const auto taille = static_cast<int>(vignette.size()) + 2;
+  QByteArray segment("\xff\xe1", 2);
+  segment += static_cast<char>(taille >> 8);
+  segment += static_cast<char>(taille);
+  const QByteArray photo = Jpeg(640, 480).insert(2, segment + vignette);
+  EXPECT_FALSE(Lit(photo).Coupee);
+  EXPECT_FALSE(Lit(photo + "what a telephone writes behind it").Coupee);
+  EXPECT_TRUE(Lit(photo.chopped(2)).Coupee) << "the end marker alone is missing";
 }
 
 TEST_F(Photos, HugeOneIsRefusedByItsHeader) {
