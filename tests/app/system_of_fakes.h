@@ -109,7 +109,10 @@ class DisqueNote : public Fichiers {
     J_.Note([&] { return QStringLiteral("files: exists ") + chemin; });
     return Existants.contains(chemin);
   }
-  bool PeutLister(const QString& dossier) const override { return Existants.contains(dossier); }
+  bool PeutLister(const QString& dossier) const override {
+    J_.Note([&] { return QStringLiteral("files: may list ") + dossier; });
+    return Existants.contains(dossier);
+  }
   bool CreeDossier(const QString& chemin) override {
     J_.Note([&] { return QStringLiteral("files: make ") + chemin; });
     Existants.append(chemin);
