@@ -73,6 +73,22 @@ TEST(FieldRules, BlanksAndFurtherLinesGo) {
   EXPECT_EQ(GardePremiereLigne(QStringLiteral("one")), QStringLiteral("one"));
 }
 
+TEST(FieldRules, ServerPortAndSenderAreEachAskedForAndOnlyWithSmtp) {
+  Parametres complet;
+  complet.SmtpActif = true;
+  complet.SmtpServeur = QStringLiteral("smtp.example.org");
+  complet.SmtpPort = QStringLiteral("25");
+  complet.SmtpFrom = QStringLiteral("vaktor@example.org");
+  EXPECT_FALSE(SmtpIncomplet(complet));
+  for (QString Parametres::*const partie : {&Parametres::SmtpServeur, &Parametres::SmtpPort, &Parametres::SmtpFrom}) {
+    Parametres reglages = complet;
+    (reglages.*partie).clear();
+    EXPECT_TRUE(SmtpIncomplet(reglages));
+    reglages.SmtpActif = false;
+    EXPECT_FALSE(SmtpIncomplet(reglages));
+  }
+}
+
 TEST(FieldRules, ColourWordsWithTheirOldSpelling) {
   const char* mots[] = {"red", "green", "blue", "gray", "brawn", "yellow", "white"};
   for (int i = 0; i < 7; ++i) EXPECT_EQ(DonneMotCouleur(i, QString()), QLatin1String(mots[i]));

@@ -266,6 +266,24 @@ TEST_F(Champs, KeyTakesThePromptAwayAndIsTyped) {
   EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
 }
 
+TEST_F(Champs, AddressOfThreeCharactersIsLongEnough) {
+  Banc.RemplitMail();
+  Champ("TextEMail")->setText(QStringLiteral("a@b"));
+  Banc.Clique("CheckMail");
+  EXPECT_TRUE(Banc.Boites.Textes.isEmpty());
+  EXPECT_TRUE(Banc.Reglages.MailActif);
+}
+
+TEST_F(Champs, PhotosOnThePageAreAtLeastOne) {
+  for (const char* texte : {"0", "abc", "000"}) {
+    Champ("TextNbrPhotoFTP")->setText(QLatin1String(texte));
+    EXPECT_EQ(Champ("TextNbrPhotoFTP")->text(), QStringLiteral("1")) << texte;
+    EXPECT_EQ(Banc.Reglages.NbrPhotosPage, 1) << texte;
+  }
+  Vide("TextNbrPhotoFTP");
+  EXPECT_EQ(Champ("TextNbrPhotoFTP")->text(), QStringLiteral("1"));
+}
+
 TEST_F(Champs, CheckMailCancelledOnlyUnticks) {
   Banc.RemplitMail();
   Champ("TextEMail")->clear();

@@ -55,6 +55,11 @@ TEST(MelangePage, EveryPixelIsTheFormulaInsideAFrameOfOnePoint) {
   }
 }
 
+TEST(MelangePage, BackgroundThatIsMissingLeavesThePlainPage) {
+  const QImage page = ChargeArt(QStringLiteral("PictPage1"), 1);
+  EXPECT_EQ(MelangePage(page, QImage(), PageVaktor::kPlace, 1), page.copy(QRect({0, 0}, PageVaktor::kPlace.size())));
+}
+
 TEST(Skins, ThreeChangesInARowBlendFromTheCleanPage) {
   BancFenetre banc;
   for (const int skin : {2, 0, 1}) banc.Fenetre.Options().CombSkin->setCurrentIndex(skin);
