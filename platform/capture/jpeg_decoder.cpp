@@ -19,6 +19,12 @@ DecodeurJpeg::~DecodeurJpeg() {
 }
 
 QSize DecodeurJpeg::Taille(std::span<const quint8> jpeg) {
+  const QSize taille = LitEntete(jpeg);
+  if (taille.isEmpty()) Renouvelle();
+  return taille;
+}
+
+QSize DecodeurJpeg::LitEntete(std::span<const quint8> jpeg) {
   int largeur = 0;
   int hauteur = 0;
   int sousEchantillon = 0;
@@ -29,6 +35,13 @@ QSize DecodeurJpeg::Taille(std::span<const quint8> jpeg) {
     return {};
   if (largeur <= 0 || hauteur <= 0 || qint64{largeur} * hauteur > kPixelsMaximum) return {};
   return {largeur, hauteur};
+}
+
+// A frame that ends between its tables leaves TurboJPEG in the middle of its work: it would then refuse every frame
+// that follows.
+void DecodeurJpeg::Renouvelle() {
+  if (Turbo_ != nullptr) tjDestroy(Turbo_);
+  Turbo_ = tjInitDecompress();
 }
 
 // Some webcams leave filling bytes before a marker in every frame. A frame that is damaged does it too, but not all the

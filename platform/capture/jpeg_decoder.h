@@ -23,6 +23,8 @@ class DecodeurJpeg {
   bool Decode(std::span<const quint8> jpeg, QImage& image);
 
  private:
+  QSize LitEntete(std::span<const quint8> jpeg);
+  void Renouvelle();
   bool EstHabitude();
 
   void* Turbo_;

@@ -197,6 +197,21 @@ TEST(DecodeurJpeg, DropsWhatIsDamaged) {
   EXPECT_TRUE(decodeur.Decode(Octets(jpeg), image));
 }
 
+// TurboJPEG would fail for good after a frame that ends between its tables.
+TEST(DecodeurJpeg, SeesTheWholeFrameAfterOneThatWasCutAnywhere) {
+  DecodeurJpeg decodeur;
+  const QByteArray jpeg = FabriqueJpeg(64, 48);
+  QImage image(64, 48, QImage::Format_RGB32);
+  for (qsizetype reste = 0; reste < jpeg.size() - 2; reste += 13) {
+    const QByteArray coupe = jpeg.left(reste);
+    if (!decodeur.Taille(Octets(coupe)).isEmpty()) {
+      EXPECT_FALSE(decodeur.Decode(Octets(coupe), image)) << reste;
+    }
+    ASSERT_EQ(decodeur.Taille(Octets(jpeg)), QSize(64, 48)) << "after one cut at " << reste;
+    ASSERT_TRUE(decodeur.Decode(Octets(jpeg), image)) << "after one cut at " << reste;
+  }
+}
+
 // Filling bytes before the end marker: a habit of some webcams, so that dropping all their frames would blind them.
 TEST(DecodeurJpeg, GetsUsedToFillingBytesThatComeInEveryFrame) {
   DecodeurJpeg decodeur;
