@@ -125,8 +125,8 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<Form1> Form1_;
   std::unique_ptr<FormMonitor> FormMonitor_;
   std::unique_ptr<FormVisuPhoto> FormVisuPhoto_;
-  ComptesMail Comptes_;                   // as last read; FrmSmtp shows them
-  std::unique_ptr<FrmSmtp> FrmSmtp_;      // from its opening to its close
+  ComptesMail Comptes_;               // as last read; FrmSmtp shows them
+  std::unique_ptr<FrmSmtp> FrmSmtp_;  // from its opening to its close
   std::unique_ptr<ChoixDossier> ChoixDossier_;
   std::unique_ptr<VueRepertoire> Repertoire_;
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on

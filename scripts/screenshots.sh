@@ -21,7 +21,7 @@ photographie() {
   chmod 600 "$dossier/vaktor.ini"
   QT_SCALE_FACTOR=$echelle "$programme" /camera:test "/dossier:$dossier" > "$dossier/log" 2>&1 &
   pid=$!
-  fenetre=$(attend_fenetre "$(calcule "398 * $echelle")") || { cat "$dossier/log"; kill "$pid"; return 1; }
+  fenetre=$(attend_fenetre "$(calcule "398 * $echelle + 0.5")") || { cat "$dossier/log"; kill "$pid"; return 1; }
   xdotool windowmove "$fenetre" 0 0
   sleep 1
   clique() {
