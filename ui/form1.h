@@ -33,7 +33,7 @@ struct ServicesForm1 {
   std::function<void()> ChargeTextes;          ///< after a change of language
   std::function<void(bool)> MontrePleinEcran;  ///< CheckPEcran: shows or hides the enlarged view
   std::function<void()> FermeApplication;      ///< close request: carries out the whole shutdown
-  std::function<void()> MontreFrmSmtp = {};    ///< opens the SMTP settings; empty while they have no form
+  std::function<void()> MontreFrmSmtp = {};    ///< opens the SMTP settings; empty: nothing opens
 };
 
 /// Owner: app/. User-interface thread.
