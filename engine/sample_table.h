@@ -2,7 +2,10 @@
 // a new start compares with the last samples of the run before.
 #pragma once
 
-#include <vector>
+#include <cstddef>
+#include <cstdlib>
+#include <memory>
+#include <new>
 
 #include "engine/frame_comparison.h"
 
@@ -19,9 +22,11 @@ class ImagePrecedente {
   static constexpr qint32 kIndexMax = 1'000'000;
   static constexpr qint32 kRangs = (kIndexMax - 1) / kPasEchantillon + 1;  // 333,334
 
-  ImagePrecedente() : Couleurs_(kRangs + TableEchantillons::kMarge, 0) {}
+  ImagePrecedente() {
+    if (!Couleurs_) throw std::bad_alloc();
+  }
 
-  TableEchantillons Table() { return {Couleurs_.data(), kRangs}; }
+  TableEchantillons Table() { return {Couleurs_.get(), kRangs}; }
   qint32 IndexImage() const { return IndexImage_; }
   /// The rank of the next sample; kRangs once the index stands past the end.
   qint32 Rang() const { return (IndexImage_ - 1) / kPasEchantillon; }
@@ -29,7 +34,16 @@ class ImagePrecedente {
   void Recommence() { IndexImage_ = 1; }
 
  private:
-  std::vector<qint32> Couleurs_;
+  struct Rendeur {
+    void operator()(qint32* entrees) const { std::free(entrees); }
+  };
+  // Zeroes of the system's own: what no sample is ever written to never takes memory. A picture of 640x480 reaches a
+  // tenth of the table.
+  static qint32* Prend() {
+    return static_cast<qint32*>(std::calloc(std::size_t{kRangs} + TableEchantillons::kMarge, sizeof(qint32)));
+  }
+
+  std::unique_ptr<qint32[], Rendeur> Couleurs_{Prend()};
   qint32 IndexImage_ = 1;
 };
 
