@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "platform/base/system_files.h"
+#include "platform/sound/sound_output.h"
 
 namespace vaktor {
 
@@ -23,7 +24,8 @@ constexpr auto kMessages = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MES
 /// The thread. It plays the newest sound asked for; one that was asked for and not yet begun is forgotten.
 class LecteurGStreamer::Fil {
  public:
-  explicit Fil(QByteArray sortie) : Sortie_(std::move(sortie)), Thread_([this] { Tourne(); }) {}
+  Fil(QByteArray sortie, std::function<bool()> present)
+      : Sortie_(std::move(sortie)), Present_(std::move(present)), Thread_([this] { Tourne(); }) {}
   ~Fil() {
     {
       const std::lock_guard verrou(Verrou_);
@@ -46,7 +48,7 @@ class LecteurGStreamer::Fil {
  private:
   void Tourne() {
     while (const std::optional<QByteArray> fichier = Attend()) {
-      if (std::chrono::steady_clock::now() >= Reprise_) Joue(*fichier);
+      if (std::chrono::steady_clock::now() >= Reprise_ && Present_()) Joue(*fichier);
     }
   }
 
@@ -111,6 +113,7 @@ class LecteurGStreamer::Fil {
   }
 
   const QByteArray Sortie_;
+  const std::function<bool()> Present_;
   std::mutex Verrou_;  // Demande_ and Fini_
   std::condition_variable Reveil_;
   std::optional<QByteArray> Demande_;
@@ -119,12 +122,16 @@ class LecteurGStreamer::Fil {
   std::thread Thread_;  // last: it uses all of the above
 };
 
-LecteurGStreamer::LecteurGStreamer(const QString& sortie) : Sortie_(sortie) {}
+LecteurGStreamer::LecteurGStreamer()
+    : LecteurGStreamer(QStringLiteral("autoaudiosink"), [] { return PeutSortirSon(TrouveLieuxSon()); }) {}
+
+LecteurGStreamer::LecteurGStreamer(const QString& sortie, std::function<bool()> present)
+    : Sortie_(sortie), Present_(std::move(present)) {}
 
 LecteurGStreamer::~LecteurGStreamer() = default;
 
 void LecteurGStreamer::Joue(const QString& chemin) {
-  if (!Fil_) Fil_ = std::make_unique<Fil>(Sortie_.toUtf8());
+  if (!Fil_) Fil_ = std::make_unique<Fil>(Sortie_.toUtf8(), Present_);
   Fil_->Demande(QFile::encodeName(CheminNatif(chemin)));
 }
 

@@ -1,6 +1,7 @@
 // Plays the sounds of the interface through GStreamer, on a thread of its own.
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "ui/ports/sound_player.h"
@@ -11,8 +12,13 @@ namespace vaktor {
 /// on the player's thread, and after a refusal the device is left alone for half a minute.
 class LecteurGStreamer : public LecteurSon {
  public:
-  /// `sortie`: the GStreamer element that takes the sound, with its properties.
-  explicit LecteurGStreamer(const QString& sortie = QStringLiteral("autoaudiosink"));
+  /// Plays through whatever the machine has. Where it has nothing, nothing of GStreamer is touched at all: to find that
+  /// out, GStreamer would load the libraries of every sound system there is.
+  LecteurGStreamer();
+  /// `sortie`: the GStreamer element that takes the sound, with its properties. `present`: asked before each sound, on
+  /// the player's thread, whether there is any use in trying.
+  explicit LecteurGStreamer(
+      const QString& sortie, std::function<bool()> present = [] { return true; });
   ~LecteurGStreamer() override;
   LecteurGStreamer(const LecteurGStreamer&) = delete;
   LecteurGStreamer& operator=(const LecteurGStreamer&) = delete;
@@ -22,6 +28,7 @@ class LecteurGStreamer : public LecteurSon {
  private:
   class Fil;
   const QString Sortie_;
+  const std::function<bool()> Present_;
   std::unique_ptr<Fil> Fil_;  // from the first sound on
 };
 

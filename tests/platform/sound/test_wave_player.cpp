@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <QThread>
+#include <atomic>
 
 #include "platform/sound/wave_player.h"
 
@@ -63,6 +64,21 @@ TEST(WavePlayer, NoDeviceIsSilentAndEndsAtOnce) {
   // The element refuses as a missing device does.
   LecteurGStreamer lecteur(QStringLiteral("filesink location=/no/such/folder/out"));
   for (int i = 0; i < 1000; ++i) lecteur.Joue(Son(4));
+}
+
+TEST(WavePlayer, MachineThatCanPlayNothingIsAskedBeforeEachSound) {
+  const QTemporaryDir dossier;
+  const QString sortie = dossier.filePath(QStringLiteral("out.raw"));
+  std::atomic<int> questions = 0;
+  // A device that is plugged in before the third sound.
+  LecteurGStreamer lecteur(QStringLiteral("filesink location=") + sortie, [&questions] { return ++questions >= 3; });
+  for (int i = 1; i <= 2; ++i) {
+    lecteur.Joue(Son(4));
+    ASSERT_TRUE(Attend([&] { return questions == i; }));
+  }
+  EXPECT_FALSE(QFileInfo::exists(sortie));
+  lecteur.Joue(Son(4));
+  EXPECT_TRUE(Attend([&] { return QFileInfo(sortie).size() > 0; }));
 }
 
 TEST(WavePlayer, OutputThatIsNotInstalledIsSilent) {
