@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <functional>
 
 namespace vaktor {
 
@@ -14,15 +15,18 @@ class PageVaktor : public QWidget {
   static constexpr QRect kPlace{0, 80, 398, 163};
   PageVaktor(QWidget* fenetre, int index);  ///< objectName "PictPage(index)"
 
-  /// Shows this bitmap, drawn at `echelle` pixels a point, from the page's top left corner on.
-  void MontreFond(const QImage& fond, int echelle);
-  const QImage& Fond() const { return Fond_; }
+  /// Shows the bitmap that `dessine` gives, drawn at `echelle` pixels a point, from the page's top left corner on. It
+  /// is asked for when the page is painted first: the pages behind are drawn when they come to the front, if ever.
+  void MontreFond(std::function<QImage()> dessine, int echelle);
+  const QImage& Fond() const;
 
  protected:
   void paintEvent(QPaintEvent* evenement) override;
 
  private:
-  QImage Fond_;
+  mutable std::function<QImage()> Dessine_;  // until it has been asked
+  mutable QImage Fond_;
+  int Echelle_ = 1;
 };
 
 }  // namespace vaktor

@@ -21,7 +21,7 @@ Habillage::Habillage(Form1& fenetre, const ServicesHabillage& services)
       Densite_(fenetre.devicePixelRatioF()),
       Souris_(fenetre, services.Sons) {
   RelieBoutons();
-  ChargeFonds();
+  ChargeSkin();
   DessinePages();
 }
 
@@ -36,20 +36,21 @@ void Habillage::RelieBoutons() {
   for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->Relie(liens);
 }
 
-// Bitmaps of the pages and of the skin that shows, for the density of the screen.
-void Habillage::ChargeFonds() {
-  const int echelle = EchelleArt(Densite_);
-  for (std::size_t i = 0; i < FondsPages_.size(); ++i) {
-    FondsPages_[i] = ChargeArtOuUni(QStringLiteral("PictPage%1").arg(i), echelle, PageVaktor::kPlace.size(), kPageUnie);
-  }
-  Fond_ = ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), echelle, Form1::kTaille, kFondUni);
+void Habillage::ChargeSkin() {
+  Fond_ = ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), EchelleArt(Densite_), Form1::kTaille, kFondUni);
+}
+
+// The clean bitmap, read anew for each blend: a skin is chosen so seldom that it would only lie about in between.
+QImage Habillage::ChargePage(std::size_t i) const {
+  return ChargeArtOuUni(QStringLiteral("PictPage%1").arg(i), EchelleArt(Densite_), PageVaktor::kPlace.size(),
+                        kPageUnie);
 }
 
 void Habillage::ChoisitSkin() {
   const int index = Fenetre_.Options().CombSkin->currentIndex();
   if (index >= 0 && index < kNombreSkins) {
     Skin_ = index;
-    Fond_ = ChargeArtOuUni(QStringLiteral("SKIN%1").arg(index), EchelleArt(Densite_), Form1::kTaille, kFondUni);
+    ChargeSkin();
   }
   DessinePages();
   PictPage_[3]->repaint();
@@ -57,7 +58,9 @@ void Habillage::ChoisitSkin() {
 
 void Habillage::DessinePages() {
   Services_.Moteur.SuspendTic();  // no tick falls into the redraw
-  for (std::size_t i = 0; i < PictPage_.size(); ++i) PictPage_[i]->MontreFond(FondsPages_[i], EchelleArt(Densite_));
+  for (std::size_t i = 0; i < PictPage_.size(); ++i) {
+    PictPage_[i]->MontreFond([this, i] { return ChargePage(i); }, EchelleArt(Densite_));
+  }
   PictPage_[1]->move(PageVaktor::kPlace.topLeft());
   for (const std::size_t i : {std::size_t{0}, std::size_t{2}, std::size_t{3}}) PictPage_[i]->move(PictPage_[1]->pos());
   for (PageVaktor* page : PictPage_) page->resize(PageVaktor::kPlace.size());
@@ -72,7 +75,7 @@ void Habillage::FonduPages() {
   Fenetre_.MontreFond(Fond_, echelle);
   const QRect place(PictPage_[0]->pos(), PictPage_[0]->size());
   for (std::size_t i = 0; i < PictPage_.size(); ++i) {
-    PictPage_[i]->MontreFond(MelangePage(FondsPages_[i], Fond_, place, echelle), echelle);
+    PictPage_[i]->MontreFond([=, this] { return MelangePage(ChargePage(i), Fond_, place, echelle); }, echelle);
   }
 }
 
@@ -97,7 +100,7 @@ void Habillage::AnnonceEtats() {
 void Habillage::SuitDensite() {
   if (Fenetre_.devicePixelRatioF() == Densite_) return;
   Densite_ = Fenetre_.devicePixelRatioF();
-  ChargeFonds();
+  ChargeSkin();
   FonduPages();
   ChargeBoutons();
 }

@@ -53,16 +53,16 @@ class Habillage {
   SourisFenetre& Souris() { return Souris_; }
 
  private:
-  void ChargeFonds();
+  void ChargeSkin();
+  QImage ChargePage(std::size_t i) const;
   void FonduPages();
   void RelieBoutons();
 
   Form1& Fenetre_;
   ServicesHabillage Services_;
   std::array<PageVaktor*, 4> PictPage_;
-  std::array<QImage, 4> FondsPages_;  // the clean bitmaps
-  QImage Fond_;                       // the window's background
-  int Skin_ = -1;                     // the skin that shows; -1: the plain background
+  QImage Fond_;    // the window's background
+  int Skin_ = -1;  // the skin that shows; -1: the plain background
   double Densite_ = 1;
   FacesBoutons Faces_;
   SourisFenetre Souris_;

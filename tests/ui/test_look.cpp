@@ -73,6 +73,30 @@ TEST(Skins, ThreeChangesInARowBlendFromTheCleanPage) {
   }
 }
 
+TEST(Skins, PageBehindIsDrawnWhenItComesToTheFront) {
+  QWidget fenetre;
+  fenetre.resize(400, 300);
+  PageVaktor derriere(&fenetre, 0);
+  PageVaktor devant(&fenetre, 1);
+  int dessins[] = {0, 0};
+  const auto dessine = [&dessins](int i) {
+    return [&dessins, i] {
+      ++dessins[i];
+      QImage image(PageVaktor::kPlace.size(), QImage::Format_RGB32);
+      image.fill(i == 0 ? Qt::red : Qt::blue);
+      return image;
+    };
+  };
+  derriere.MontreFond(dessine(0), 1);
+  devant.MontreFond(dessine(1), 1);
+  EXPECT_EQ(fenetre.grab().toImage().pixelColor(200, 150), QColor(Qt::blue));
+  EXPECT_EQ(dessins[0], 0);
+  derriere.raise();
+  for (int i = 0; i < 3; ++i) EXPECT_EQ(fenetre.grab().toImage().pixelColor(200, 150), QColor(Qt::red));
+  EXPECT_EQ(dessins[0], 1);
+  EXPECT_EQ(dessins[1], 1);
+}
+
 TEST(Skins, IndexWithoutASkinKeepsThePictureAndDrawsThePagesAgain) {
   BancFenetre banc;
   banc.Fenetre.Options().CombSkin->setCurrentIndex(2);
