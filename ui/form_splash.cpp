@@ -76,6 +76,17 @@ void FrmSplash::mouseReleaseEvent(QMouseEvent* evenement) {
   if (rect().contains(evenement->position().toPoint()) && SurClic_) SurClic_();
 }
 
+// The form stays for the whole run, but the screen's copy of it can go. Later, because it may be inside its own click.
+void FrmSplash::hideEvent(QHideEvent* evenement) {
+  QWidget::hideEvent(evenement);
+  QMetaObject::invokeMethod(
+      this,
+      [this] {
+        if (!isVisible()) destroy();
+      },
+      Qt::QueuedConnection);
+}
+
 void FrmSplash::closeEvent(QCloseEvent* evenement) { evenement->ignore(); }
 
 }  // namespace vaktor

@@ -31,6 +31,7 @@ class FrmSplash : public QWidget, public EcranDepart {
  protected:
   void paintEvent(QPaintEvent* evenement) override;
   void mouseReleaseEvent(QMouseEvent* evenement) override;
+  void hideEvent(QHideEvent* evenement) override;
   void closeEvent(QCloseEvent* evenement) override;
 
  private:

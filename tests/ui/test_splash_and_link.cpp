@@ -43,6 +43,30 @@ TEST(Splash, AClickAnywhereCountsAlsoOnALabelAndItCannotBeClosed) {
   EXPECT_FALSE(splash.isVisible());
 }
 
+TEST(Splash, HiddenItLeavesTheScreenWithItsMemoryAndComesBackWhole) {
+  FrmSplash splash;
+  splash.SurClic([&] { splash.Cache(); });
+  splash.Montre();
+  const QImage avant = splash.grab().toImage();
+  QTest::mouseClick(&splash, Qt::LeftButton, {}, {300, 100});
+  EXPECT_FALSE(splash.isVisible());
+  QCoreApplication::processEvents();
+  EXPECT_EQ(splash.windowHandle(), nullptr);
+  splash.Montre();
+  EXPECT_TRUE(splash.isVisible());
+  EXPECT_EQ(splash.grab().toImage(), avant);
+}
+
+TEST(Splash, ShownAgainBeforeTheScreenForgotItItStays) {
+  FrmSplash splash;
+  splash.Montre();
+  splash.Cache();
+  splash.Montre();
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(splash.isVisible());
+  EXPECT_NE(splash.windowHandle(), nullptr);
+}
+
 TEST(LinkView, StatusRedFieldsAndPageReachTheWindow) {
   faux::BancFenetre banc;
   VueLiaison vue(banc.Textes, banc.Boites);
