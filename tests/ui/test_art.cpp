@@ -36,6 +36,19 @@ QImage Fichier(const char* nom, int echelle) {
   return QImage(QStringLiteral(":/art/%1x/%2.png").arg(echelle).arg(QLatin1String(nom)));
 }
 
+TEST(Icon, HasAllItsSizesAndIsMadeSmallerButNotLarger) {
+  const QIcon icone = ChargeIcone();
+  const QList<QSize> tailles = icone.availableSizes();
+  ASSERT_EQ(tailles.size(), 7);
+  for (const QSize& taille : tailles) {
+    const QImage fichier(QStringLiteral(":/icon/vaktor_%1.png").arg(taille.width()));
+    ASSERT_EQ(fichier.size(), taille);
+    EXPECT_EQ(icone.pixmap(taille).toImage(), QPixmap::fromImage(fichier).toImage());
+  }
+  EXPECT_EQ(icone.pixmap(20).size(), QSize(20, 20));
+  EXPECT_EQ(icone.pixmap(512).size(), QSize(256, 256));
+}
+
 TEST(Art, TwoSkinsAndTheFacesAreOfEightBitsWithTheirColours) {
   const std::pair<const char*, int> table[] = {{"SKIN0", 114},     {"SKIN1", 125},     {"PictBlue0", 256},
                                                {"PictBlue1", 256}, {"PictBlue2", 256}, {"PictGrey0", 256},
