@@ -9,8 +9,10 @@
 
 namespace vaktor {
 
-/// Asks until it is so or the time is over. The limits are wide: the machine may be emulated in software, ten times
-/// slower than a real one. What is asked for must come, when is not judged.
+/// What one second means in here: "real time", or how long one instruction of the processor takes (camera_vm).
+inline QString HorlogeDeLaMachine() { return qEnvironmentVariable("CAMERA_VM_CLOCK", QStringLiteral("not told")); }
+
+/// Asks until it is so or the time is over. The limits are wide: what is asked for must come, when is not judged.
 inline bool Attend(const std::function<bool()>& question, int secondes = 60) {
   QElapsedTimer depuis;
   depuis.start();

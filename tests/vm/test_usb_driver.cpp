@@ -7,23 +7,10 @@
 #include <QTimer>
 
 #include "platform/capture/v4l2_device.h"
-#include "vm/guest_driver.h"
+#include "vm/usb_fixture.h"
 
 namespace vaktor {
 namespace {
-
-const FormatCamera kYuyv = {QStringLiteral("YUYV"), 640, 480, 30, 1};
-const FormatCamera kMjpg = {QStringLiteral("MJPG"), 640, 480, 30, 1};
-
-class UsbPilote : public PiloteReelTest {
- protected:
-  void TearDown() override {
-    Ordonne("go");
-    Ordonne("still");
-    Ordonne("plug");
-    EXPECT_TRUE(Attend([] { return ListePeripheriques().size() == 1; }));
-  }
-};
 
 TEST_F(UsbPilote, TakesTheUsualFormatFirst) {
   const auto pilote = Pilote();
@@ -51,50 +38,6 @@ TEST_F(UsbPilote, BothCodingsShowTheSamePicture) {
   for (const QPoint& ici : {QPoint(60, 240), QPoint(600, 40), QPoint(600, 440)})
     EXPECT_NEAR(qGray(images[0].pixel(ici)), qGray(images[1].pixel(ici)), 16) << ici.x() << ',' << ici.y();
   EXPECT_GT(qGray(images[0].pixel(60, 240)), qGray(images[0].pixel(600, 240)) + 50);
-}
-
-struct Compte {
-  int Donnees = 0;  ///< whole frames that the camera gave
-  int Prises = 0;   ///< frames that the program took
-};
-
-Compte CompteImages(PiloteGStreamer& pilote, const FormatCamera& format, int secondes) {
-  Compte compte;
-  const int avant = ImagesDonnees();
-  QElapsedTimer depuis;
-  depuis.start();
-  while (depuis.elapsed() < qint64{secondes} * 1000) compte.Prises += pilote.SaisitImage() ? 1 : 0;
-  compte.Donnees = ImagesDonnees() - avant;
-  std::printf("measured: %s %dx%d at %d: given %.1f, taken %.1f frames a second\n", qPrintable(format.Codage),
-              format.Largeur, format.Hauteur, format.CadenceNum, compte.Donnees / static_cast<double>(secondes),
-              compte.Prises / static_cast<double>(secondes));
-  return compte;
-}
-
-TEST_F(UsbPilote, TakesEveryFrameThatASlowCameraGives) {
-  const auto pilote = Pilote();
-  ASSERT_TRUE(Connecte(*pilote));
-  for (const char* codage : {"YUYV", "MJPG"}) {
-    const FormatCamera lent = {QString::fromLatin1(codage), 320, 240, 5, 1};
-    ASSERT_TRUE(pilote->AppliqueFormat(lent));
-    ASSERT_TRUE(AttendImages(*pilote, 5));
-    const Compte compte = CompteImages(*pilote, lent, 6);
-    EXPECT_GT(compte.Donnees, 0);
-    EXPECT_NEAR(compte.Prises, compte.Donnees, 3) << "but for some at the two ends";
-  }
-}
-
-TEST_F(UsbPilote, RunsAtThirtyFramesASecond) {
-  // How many come is written down, not judged: an emulated processor is too slow for the camera's own side.
-  const auto pilote = Pilote();
-  ASSERT_TRUE(Connecte(*pilote));
-  for (const FormatCamera& format : {kYuyv, kMjpg}) {
-    ASSERT_TRUE(pilote->AppliqueFormat(format));
-    ASSERT_TRUE(AttendImages(*pilote, 10));
-    EXPECT_EQ(pilote->FormatCourant(), format);
-    EXPECT_GT(CompteImages(*pilote, format, 10).Prises, 0);
-    EXPECT_FALSE(pilote->SignalPerdu());
-  }
 }
 
 TEST_F(UsbPilote, MovementIsSeenAndStillnessIsStill) {
