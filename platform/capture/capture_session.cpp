@@ -144,17 +144,16 @@ bool SessionCapture::TrouvePeripherique(DemandeFlux& demande) {
   const QString connu = NomStable();
   const QString cherche = connu.isEmpty() ? demande.Source.Lieu : connu;
   std::optional<PeripheriqueVideo> trouve;
-  if (cherche.isEmpty()) {
-    const QList<PeripheriqueVideo> liste = ListePeripheriques();
+  if (!cherche.isEmpty()) trouve = Acces_.Retrouve(cherche);
+  if (!trouve && connu.isEmpty() && (cherche.isEmpty() || Demande_.OuLePremier)) {
+    const QList<PeripheriqueVideo> liste = Acces_.Peripheriques();
     if (!liste.isEmpty()) trouve = liste.first();
-  } else {
-    trouve = RetrouvePeripherique(cherche);
   }
   if (!trouve && connu.isEmpty() && QFileInfo::exists(cherche)) {
     // A node by its path, or by a link that the user made to it.
     const QString noeud = QFileInfo(cherche).canonicalFilePath();
     trouve = PeripheriqueVideo{noeud, {}, {}};
-    for (const PeripheriqueVideo& candidat : ListePeripheriques()) {
+    for (const PeripheriqueVideo& candidat : Acces_.Peripheriques()) {
       if (candidat.Noeud == noeud) trouve = candidat;
     }
   }

@@ -12,6 +12,7 @@
 #include <stop_token>
 #include <thread>
 
+#include "platform/capture/device_access.h"
 #include "platform/capture/frame_stream.h"
 #include "platform/capture/gst_stream.h"
 #include "platform/capture/newest_frame.h"
@@ -27,6 +28,8 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
 
   struct Demande {
     SourceCapture Source;
+    /// kPeripherique: the first capture driver where this one is not plugged in.
+    bool OuLePremier = false;
     /// kPeripherique: the format to open it with. Where the device refuses it, others follow unless it is imposed.
     FormatCamera Format;
     bool FormatImpose = false;
@@ -76,6 +79,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   std::thread Fil_;
 
   // The session's thread only.
+  AccesV4L2 Acces_;  // a camera that hangs must not keep another one from being found
   std::unique_ptr<FluxImages> Flux_;
   DemandeFlux Retenue_;
   Horloge::time_point DernierEssai_{};

@@ -91,6 +91,7 @@ constexpr std::array<Paire, static_cast<size_t>(TexteDialogue::kNombre)> kTextes
     {"L'image d'essai n'a pas de réglages : elle est toujours la même. Ici, vous pouvez changer de source.",
      "The test picture has no settings: it is always the same. Here you can choose another source."},
     {"La caméra n'annonce aucun réglage.", "The camera does not tell of any setting."},
+    {"%1 ne répond pas.", "%1 does not answer."},
     {"%1 : la caméra refuse cette valeur.", "%1: the camera refuses this value."},
     {"Les réglages ont repris leurs valeurs par défaut.", "The settings are back at their defaults."},
     {"La caméra a refusé une partie des valeurs par défaut.", "The camera refused some of the defaults."},

@@ -57,7 +57,8 @@ enum class TexteDialogue {
   kReglagesFichier,
   kReglagesTest,
   kAucunReglage,
-  kReglageRefuse,  ///< %1: name of the control
+  kPeripheriqueMuet,  ///< %1: node
+  kReglageRefuse,     ///< %1: name of the control
   kDefautsRemis,
   kDefautsRefuses,
   kDossier,

@@ -1,19 +1,18 @@
-// The driver's two dialogs, shown over the real devices.
+// The driver's two dialogs, shown over its devices.
 #include "platform/capture/driver_dialogs.h"
 
-#include "platform/capture/device_access.h"
 #include "platform/capture/format_dialog.h"
 #include "platform/capture/source_dialog.h"
 
 namespace vaktor {
 
-void MontreDialogueFormatCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire) {
-  const AccesV4L2 acces;
+void MontreDialogueFormatCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+                                 AccesPeripheriques& acces) {
   DialogueFormat(parent, langue, pilote, memoire, acces).exec();
 }
 
-void MontreDialogueSourceCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire) {
-  AccesV4L2 acces;
+void MontreDialogueSourceCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+                                 AccesPeripheriques& acces) {
   DialogueSource(parent, langue, pilote, memoire, acces).exec();
 }
 

@@ -7,10 +7,13 @@ class QWidget;
 
 namespace vaktor {
 
+class AccesPeripheriques;
 class CommandesPilote;
 class MemoireCapture;
 
-void MontreDialogueFormatCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire);
-void MontreDialogueSourceCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire);
+void MontreDialogueFormatCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+                                 AccesPeripheriques& acces);
+void MontreDialogueSourceCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+                                 AccesPeripheriques& acces);
 
 }  // namespace vaktor

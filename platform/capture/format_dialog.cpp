@@ -100,7 +100,10 @@ void DialogueFormat::ConstruitChoix(QVBoxLayout& colonne) {
   connect(Tailles_, &QListWidget::itemDoubleClicked, this, &DialogueFormat::Valide);
   RemplitCodages();
   ChoisitDansListes(Pilote_.FormatCourant());
-  if (Formats_.isEmpty()) Etat_->MontreErreur(texte(TexteDialogue::kAucunFormat));
+  if (!Formats_.isEmpty()) return;
+  const QString noeud = Pilote_.NoeudPeripherique();
+  Etat_->MontreErreur(Acces_.Muets().contains(noeud) ? texte(TexteDialogue::kPeripheriqueMuet).arg(noeud)
+                                                     : texte(TexteDialogue::kAucunFormat));
 }
 
 void DialogueFormat::ConstruitExplication(QVBoxLayout& colonne) {

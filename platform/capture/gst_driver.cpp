@@ -3,7 +3,6 @@
 #include "platform/capture/capture_memory.h"
 #include "platform/capture/driver_dialogs.h"
 #include "platform/capture/live_wait.h"
-#include "platform/capture/v4l2_device.h"
 
 namespace vaktor {
 namespace {
@@ -29,16 +28,14 @@ PiloteGStreamer::~PiloteGStreamer() {
 
 bool PiloteGStreamer::Connecte() {
   Image_ = QImage();
-  return Ouvre(DemandeDe(SourceVoulue()));
+  return Ouvre(DemandeVoulue());
 }
 
 // A remembered device that is not there leaves its place to the first one that is; an address or a file does not.
-SourceCapture PiloteGStreamer::SourceVoulue() const {
-  if (!Ou_.isEmpty()) return ComprendSource(Ou_);
-  const QString retenue = Memoire_.Source();
-  SourceCapture source = ComprendSource(retenue);  // given away below
-  if (source.Genre == GenreSource::kPeripherique && !RetrouvePeripherique(source.Lieu)) return ComprendSource({});
-  return source;
+SessionCapture::Demande PiloteGStreamer::DemandeVoulue() const {
+  SessionCapture::Demande demande = DemandeDe(ComprendSource(Ou_.isEmpty() ? Memoire_.Source() : Ou_));
+  demande.OuLePremier = Ou_.isEmpty();
+  return demande;
 }
 
 SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) const {
@@ -110,9 +107,13 @@ QImage PiloteGStreamer::CopieImage() const { return Image_; }
 
 bool PiloteGStreamer::SignalPerdu() const { return Session_ && Session_->Boite().Perdu(); }
 
-void PiloteGStreamer::MontreDialogueFormat() { MontreDialogueFormatCapture(Parent_, Langue_(), *this, Memoire_); }
+void PiloteGStreamer::MontreDialogueFormat() {
+  MontreDialogueFormatCapture(Parent_, Langue_(), *this, Memoire_, Acces_);
+}
 
-void PiloteGStreamer::MontreDialogueSource() { MontreDialogueSourceCapture(Parent_, Langue_(), *this, Memoire_); }
+void PiloteGStreamer::MontreDialogueSource() {
+  MontreDialogueSourceCapture(Parent_, Langue_(), *this, Memoire_, Acces_);
+}
 
 GenreSource PiloteGStreamer::Genre() const { return Source_.Genre; }
 

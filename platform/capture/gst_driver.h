@@ -10,6 +10,7 @@
 
 #include "engine/ports/capture_driver.h"
 #include "platform/capture/capture_session.h"
+#include "platform/capture/device_access.h"
 #include "platform/capture/driver_commands.h"
 
 namespace vaktor {
@@ -45,7 +46,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   void LaissePartir();
   bool AttendLesPartants(std::chrono::milliseconds limite);
   bool SontPartis();
-  SourceCapture SourceVoulue() const;
+  SessionCapture::Demande DemandeVoulue() const;
   SessionCapture::Demande DemandeDe(const SourceCapture& source) const;
   SessionCapture::Demande DemandeCourante() const;
   void Reprend(SessionCapture::Demande ancienne, quint64 tour);
@@ -54,6 +55,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   MemoireCapture& Memoire_;
   std::function<qint32()> Langue_;
   QPointer<QWidget> Parent_;
+  AccesV4L2 Acces_;  // the dialogs'; here, because which devices hang is to be known from one to the next
   SourceCapture Source_;
   std::shared_ptr<SessionCapture> Session_;
   std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet

@@ -151,18 +151,23 @@ void DialogueSource::AjouteSource(const QString& nom, const QString& texte, cons
   Sources_->setCurrentItem(element);
 }
 
+void DialogueSource::AjouteRemarque(const QString& texte) {
+  auto* element = new QListWidgetItem(texte, Sources_);
+  element->setFlags(Qt::NoItemFlags);
+}
+
 void DialogueSource::RemplitSources() {
-  Sources_->clear();
-  const GenreSource genre = Pilote_.Genre();
+  // Asked before the list is emptied: the wait for a device that does not answer may be seen.
   const QList<PeripheriqueVideo> peripheriques = Acces_.Peripheriques();
+  const QStringList muets = Acces_.Muets();
+  const GenreSource genre = Pilote_.Genre();
+  Sources_->clear();
   for (const PeripheriqueVideo& p : peripheriques) {
     const bool enService = genre == GenreSource::kPeripherique && p.Noeud == Pilote_.NoeudPeripherique();
     AjouteSource(p.Nom, QStringLiteral("%1   (%2)").arg(p.Nom, p.Noeud), p.NomStable, enService);
   }
-  if (peripheriques.isEmpty()) {
-    auto* aucune = new QListWidgetItem(TexteDe(TexteDialogue::kAucuneCamera, Langue_), Sources_);
-    aucune->setFlags(Qt::NoItemFlags);
-  }
+  for (const QString& noeud : muets) AjouteRemarque(TexteDe(TexteDialogue::kPeripheriqueMuet, Langue_).arg(noeud));
+  if (peripheriques.isEmpty() && muets.isEmpty()) AjouteRemarque(TexteDe(TexteDialogue::kAucuneCamera, Langue_));
   const QString essai = TexteDe(TexteDialogue::kImageEssai, Langue_);
   AjouteSource(essai, essai, kTest, genre == GenreSource::kTest);
   const bool saisie = genre == GenreSource::kReseau || genre == GenreSource::kFichier;
@@ -215,6 +220,8 @@ QString DialogueSource::TexteSansReglages() const {
     case GenreSource::kPeripherique:
       break;
   }
+  const QString noeud = Pilote_.NoeudPeripherique();
+  if (Acces_.Muets().contains(noeud)) return TexteDe(TexteDialogue::kPeripheriqueMuet, Langue_).arg(noeud);
   return TexteDe(TexteDialogue::kAucunReglage, Langue_);
 }
 

@@ -33,6 +33,8 @@ class DialogueSource : public QDialog {
   QPushButton* FaitBouton(int texte, const char* nom);
   void RemplitSources();
   void AjouteSource(const QString& nom, const QString& texte, const QString& source, bool enService);
+  /// A line that tells something and cannot be picked.
+  void AjouteRemarque(const QString& texte);
   void MontreReglages();
   QString TexteSansReglages() const;
   void SuitChoix();

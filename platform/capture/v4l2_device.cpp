@@ -15,14 +15,7 @@ namespace vaktor {
 namespace {
 
 const auto kDossierParId = QLatin1String("/dev/v4l/by-id");
-
-/// A camera with both of the names that it can be found by.
-struct Candidat {
-  PeripheriqueVideo Peripherique;
-  QString Modele;    ///< driver and card: the same for two equal cameras
-  QString NomBus;    ///< with the bus, and the rank among the nodes of one device: never the same for two
-  QString NomParId;  ///< udev's link; empty where there is none
-};
+const auto kPrefixeNoeud = QLatin1String("/dev/video");
 
 /// Numbers N of the nodes /dev/videoN, ascending ("video10" comes after "video2").
 QList<int> ListeNumeros() {
@@ -63,67 +56,73 @@ QMap<QString, QString> LitLiensParId() {
 }
 
 /// Rank of a node among those of one device (a camera with a second sensor has two): the kernel's own count.
-QString LitRang(int numero) {
-  QFile fichier(QStringLiteral("/sys/class/video4linux/video%1/index").arg(numero));
+QString LitRang(const QString& noeud) {
+  QFile fichier(QStringLiteral("/sys/class/video4linux/%1/index").arg(QFileInfo(noeud).fileName()));
   if (!fichier.open(QIODevice::ReadOnly)) return {};
   const QString rang = QString::fromLatin1(fichier.readAll()).trimmed();
   return rang == QLatin1String("0") ? QString() : rang;
 }
 
-QList<Candidat> ListeCandidats() {
-  QList<Candidat> candidats;
-  const QMap<QString, QString> liens = LitLiensParId();
-  for (const int numero : ListeNumeros()) {
-    Candidat candidat;
-    candidat.Peripherique.Noeud = QStringLiteral("/dev/video%1").arg(numero);
-    const NoeudV4L2 noeud(candidat.Peripherique.Noeud);
-    v4l2_capability capacite = {};
-    if (!noeud.Demande(VIDIOC_QUERYCAP, &capacite) || !EstCamera(noeud)) continue;
-    candidat.Peripherique.Nom = TexteNoyau(capacite.card, sizeof capacite.card);
-    candidat.Modele =
-        TexteNoyau(capacite.driver, sizeof capacite.driver) + QLatin1Char('|') + candidat.Peripherique.Nom;
-    candidat.NomBus = candidat.Modele + QLatin1Char('|') + TexteNoyau(capacite.bus_info, sizeof capacite.bus_info);
-    const QString rang = LitRang(numero);
-    if (!rang.isEmpty()) candidat.NomBus += QLatin1Char('#') + rang;
-    candidat.NomParId = liens.value(QFileInfo(candidat.Peripherique.Noeud).canonicalFilePath());
-    candidats.append(candidat);
-  }
-  return candidats;
-}
-
 /// Two equal cameras without serial numbers fight for one link, which jumps to the one when the other leaves. Where
 /// that can happen the bus tells them apart.
-bool LienEstSur(const Candidat& candidat, const QList<Candidat>& tous) {
+bool LienEstSur(const CandidatVideo& candidat, const QList<CandidatVideo>& tous) {
   if (candidat.NomParId.isEmpty()) return false;
-  return std::none_of(tous.begin(), tous.end(), [&](const Candidat& autre) {
+  return std::none_of(tous.begin(), tous.end(), [&](const CandidatVideo& autre) {
     return autre.Modele == candidat.Modele && autre.NomParId.isEmpty();
   });
 }
 
+QList<CandidatVideo> ListeCandidats() {
+  QList<CandidatVideo> candidats;
+  const QStringList noeuds = ListeNoeudsVideo();
+  for (const QString& noeud : noeuds)
+    if (const std::optional<CandidatVideo> candidat = SondeNoeudVideo(noeud)) candidats.append(*candidat);
+  return candidats;
+}
+
 }  // namespace
 
-QList<PeripheriqueVideo> ListePeripheriques() {
+QStringList ListeNoeudsVideo() {
+  QStringList noeuds;
+  const QList<int> numeros = ListeNumeros();
+  for (const int numero : numeros) noeuds.append(kPrefixeNoeud + QString::number(numero));
+  return noeuds;
+}
+
+std::optional<CandidatVideo> SondeNoeudVideo(const QString& chemin) {
+  const NoeudV4L2 noeud(chemin);
+  v4l2_capability capacite = {};
+  if (!noeud.Demande(VIDIOC_QUERYCAP, &capacite) || !EstCamera(noeud)) return std::nullopt;
+  CandidatVideo candidat;
+  candidat.Noeud = chemin;
+  candidat.Nom = TexteNoyau(capacite.card, sizeof capacite.card);
+  candidat.Modele = TexteNoyau(capacite.driver, sizeof capacite.driver) + QLatin1Char('|') + candidat.Nom;
+  candidat.NomBus = candidat.Modele + QLatin1Char('|') + TexteNoyau(capacite.bus_info, sizeof capacite.bus_info);
+  const QString rang = LitRang(chemin);
+  if (!rang.isEmpty()) candidat.NomBus += QLatin1Char('#') + rang;
+  candidat.NomParId = LitLiensParId().value(QFileInfo(chemin).canonicalFilePath());
+  return candidat;
+}
+
+QList<PeripheriqueVideo> NommePeripheriques(const QList<CandidatVideo>& candidats) {
   QList<PeripheriqueVideo> peripheriques;
-  const QList<Candidat> candidats = ListeCandidats();
-  for (const Candidat& candidat : candidats) {
-    PeripheriqueVideo peripherique = candidat.Peripherique;
-    peripherique.NomStable = LienEstSur(candidat, candidats) ? candidat.NomParId : candidat.NomBus;
-    peripheriques.append(peripherique);
-  }
+  for (const CandidatVideo& c : candidats)
+    peripheriques.append({c.Noeud, c.Nom, LienEstSur(c, candidats) ? c.NomParId : c.NomBus});
   return peripheriques;
 }
 
-std::optional<PeripheriqueVideo> RetrouvePeripherique(const QString& nomStable) {
+std::optional<PeripheriqueVideo> RetrouveParmi(const QList<CandidatVideo>& candidats, const QString& nomStable) {
   if (nomStable.isEmpty()) return std::nullopt;
   // Either name will do: which of the two a camera was remembered by depends on what else was plugged in then.
-  const QList<Candidat> candidats = ListeCandidats();
-  for (const Candidat& candidat : candidats) {
-    if (candidat.NomBus != nomStable && candidat.NomParId != nomStable) continue;
-    PeripheriqueVideo peripherique = candidat.Peripherique;
-    peripherique.NomStable = nomStable;
-    return peripherique;
-  }
+  for (const CandidatVideo& c : candidats)
+    if (c.NomBus == nomStable || c.NomParId == nomStable) return PeripheriqueVideo{c.Noeud, c.Nom, nomStable};
   return std::nullopt;
+}
+
+QList<PeripheriqueVideo> ListePeripheriques() { return NommePeripheriques(ListeCandidats()); }
+
+std::optional<PeripheriqueVideo> RetrouvePeripherique(const QString& nomStable) {
+  return RetrouveParmi(ListeCandidats(), nomStable);
 }
 
 }  // namespace vaktor

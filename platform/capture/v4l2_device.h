@@ -4,6 +4,7 @@
 
 #include <QList>
 #include <QString>
+#include <QStringList>
 #include <optional>
 
 #include "platform/capture/camera_format.h"
@@ -16,9 +17,26 @@ struct PeripheriqueVideo {
   QString NomStable;  ///< stays the same over a replug: the by-id link where there is one, else driver, card and bus
 };
 
-/// Capture-capable devices in the order of their numbers. Metadata and output nodes are no cameras.
+/// What one node tells of itself: a camera with both of the names that it can be found by.
+struct CandidatVideo {
+  QString Noeud;
+  QString Nom;
+  QString Modele;    ///< driver and card: the same for two equal cameras
+  QString NomBus;    ///< with the bus, and the rank among the nodes of one device: never the same for two
+  QString NomParId;  ///< udev's link; empty where there is none
+};
+
+/// The nodes /dev/videoN in the order of their numbers. Opens none of them.
+QStringList ListeNoeudsVideo();
+/// Empty where it is no camera: metadata and output nodes are none.
+std::optional<CandidatVideo> SondeNoeudVideo(const QString& noeud);
+/// With the names that they are remembered by; these hang on what else is plugged in.
+QList<PeripheriqueVideo> NommePeripheriques(const QList<CandidatVideo>& candidats);
+/// The one that now carries this stable name. Either of its names will do.
+std::optional<PeripheriqueVideo> RetrouveParmi(const QList<CandidatVideo>& candidats, const QString& nomStable);
+
+/// All of the above in a row; a node that hangs holds whoever asks (device_access.h does not wait for it).
 QList<PeripheriqueVideo> ListePeripheriques();
-/// The node that now carries this stable name.
 std::optional<PeripheriqueVideo> RetrouvePeripherique(const QString& nomStable);
 /// All discrete formats; stepwise ranges give the common sizes within them. Largest first within a coding.
 QList<FormatCamera> ListeFormats(const QString& noeud);

@@ -60,7 +60,10 @@ class FauxPeripheriques : public AccesPeripheriques {
     return true;
   }
 
+  QStringList Muets() const override { return Muets_; }
+
   QList<PeripheriqueVideo> Peripheriques_;
+  QStringList Muets_;
   QMap<QString, QList<FormatCamera>> Formats_;
   QMap<QString, QList<ReglageCamera>> Reglages_;
   QList<quint32> Refuses_;  ///< controls that refuse every value

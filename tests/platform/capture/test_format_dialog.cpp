@@ -61,6 +61,14 @@ TEST_F(FormatTest, ListsWhatTheDeviceOffersAndStandsOnTheFormatAtWork) {
   EXPECT_TRUE(Controle<QLabel>("LblFormatCourant")->text().contains(QString::fromUtf8("640 × 480, 30 frames/s, MJPG")));
 }
 
+TEST_F(FormatTest, ADeviceThatDoesNotAnswerIsTold) {
+  Acces_.Formats_.clear();
+  Acces_.Muets_ = {"/dev/video0"};
+  Ouvre();
+  EXPECT_EQ(Controle<QLabel>("LblEtatFormat")->text(), "/dev/video0 does not answer.");
+  EXPECT_FALSE(Controle<QPushButton>("BtnOkFormat")->isEnabled());
+}
+
 TEST_F(FormatTest, NamesTheCameraAsPeopleKnowIt) {
   Acces_.Peripheriques_ = {{"/dev/video0", "Integrated Camera", "stable"}};
   Ouvre();

@@ -183,6 +183,22 @@ TEST_F(SourceTest, WithoutAnyCameraItSaysSoAndTheLineCannotBeUsed) {
   EXPECT_TRUE(Controle<QLabel>("LblSansReglages")->text().startsWith("A video file has no settings"));
 }
 
+TEST_F(SourceTest, ADeviceThatDoesNotAnswerIsToldAndCannotBePicked) {
+  Acces_.Muets_ = {"/dev/video4"};
+  Ouvre();
+  EXPECT_EQ(Lignes().at(2), "/dev/video4 does not answer.");
+  EXPECT_FALSE(Controle<QListWidget>("ListeSources")->item(2)->flags() & Qt::ItemIsEnabled);
+}
+
+TEST_F(SourceTest, WhereTheOnlyCameraDoesNotAnswerItIsNotSaidThatNoneIsPluggedIn) {
+  Acces_.Peripheriques_.clear();
+  Acces_.Muets_ = {"/dev/video0"};
+  Ouvre(0);
+  EXPECT_EQ(Lignes().first(), QString::fromUtf8("/dev/video0 ne répond pas."));
+  EXPECT_FALSE(ToutTexte().contains(QString::fromUtf8("Aucune caméra")));
+  EXPECT_EQ(Controle<QLabel>("LblSansReglages")->text(), QString::fromUtf8("/dev/video0 ne répond pas."));
+}
+
 TEST_F(SourceTest, RefreshShowsACameraThatWasPluggedInMeanwhile) {
   Ouvre();
   Acces_.Peripheriques_.append({"/dev/video4", "Camera C", "stable-c"});
