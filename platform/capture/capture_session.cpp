@@ -107,6 +107,7 @@ void SessionCapture::Rouvre() {
   while (!Arret_.stop_requested()) {
     DernierEssai_ = Horloge::now();
     DemandeFlux demande = Retenue_;
+    demande.AutreChemin = false;  // one way has been found to work: it is given all its time
     // After a replug the number can be another one; the stable name is not.
     if (demande.Source.Genre != GenreSource::kPeripherique || TrouvePeripherique(demande)) {
       if (Essaie(demande)) return;
@@ -122,6 +123,7 @@ QList<DemandeFlux> SessionCapture::Candidats() {
   if (!demande.Source.Lieu.startsWith(QLatin1String("rtsp"))) return {demande};
   // Within the connection first: it passes every router. A few cameras know nothing but UDP.
   DemandeFlux parUdp = demande;
+  demande.AutreChemin = true;
   parUdp.Udp = true;
   return {demande, parUdp};
 }

@@ -13,6 +13,13 @@ namespace {
 
 constexpr guint kDelaiHttp = 10;     // s without a byte
 constexpr guint kLatenceRtsp = 100;  // ms to put packets back into order; frames are shown as they come
+// ms without a packet where there is another way. Less than half of what a connection may take.
+constexpr qint64 kSilenceRtsp = 2000;
+
+qint64 MaintenantMs() {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch())
+      .count();
+}
 
 ReceptionImages::Options OptionsDe(const DemandeFlux& demande) {
   ReceptionImages::Options options;
@@ -54,6 +61,8 @@ bool FluxGStreamer::Ouvre() {
   Relie_ = false;
   Bouclable_ = false;
   EnBoucle_ = false;
+  Annonce_ = 0;
+  Recoit_ = false;
   Pipeline_.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
   Bus_.reset(gst_element_get_bus(Pipeline_.get()));
   Puits_ = Reception_.FabriquePuits();
@@ -173,14 +182,29 @@ bool FluxGStreamer::MonteRtsp() {
   FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
   gst_util_set_object_arg(G_OBJECT(source), "protocols", Demande_.Udp ? "udp-mcast+udp" : "tcp");
   g_object_set(source, "latency", kLatenceRtsp, nullptr);
-  g_signal_connect(source, "select-stream", G_CALLBACK(EstFluxVideo), nullptr);
-  g_signal_connect(source, "pad-added", G_CALLBACK(RelieRtp), decodage);
+  Decodage_ = decodage;
+  g_signal_connect(source, "select-stream", G_CALLBACK(ChoisitFlux), this);
+  g_signal_connect(source, "pad-added", G_CALLBACK(RelieRtp), this);
   return true;
 }
 
-void FluxGStreamer::RelieRtp(GstElement*, GstPad* sortie, GstElement* decodage) {
-  const PtrGst<GstPad> entree(gst_element_get_static_pad(decodage, "sink"));
+gboolean FluxGStreamer::ChoisitFlux(GstElement* source, guint numero, GstCaps* caps, FluxGStreamer* moi) {
+  moi->Annonce_ = MaintenantMs();
+  return EstFluxVideo(source, numero, caps, nullptr);
+}
+
+// Comes with the first packet of a stream.
+void FluxGStreamer::RelieRtp(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
+  moi->Recoit_ = true;
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(moi->Decodage_, "sink"));
   if (!gst_pad_is_linked(entree.get())) gst_pad_link(sortie, entree.get());
+}
+
+// A camera that knows nothing but UDP mostly says so. One that agrees to everything and stays silent is left before all
+// the time of a connection is gone. Whoever does send keeps its time: a first whole picture may be seconds away.
+bool FluxGStreamer::EstSansSuite() const {
+  const qint64 annonce = Annonce_;
+  return Demande_.AutreChemin && annonce != 0 && !Recoit_ && MaintenantMs() - annonce > kSilenceRtsp;
 }
 
 void FluxGStreamer::RemarqueDemultiplexeur(GstBin*, GstElement* element, FluxGStreamer* moi) {
@@ -225,7 +249,8 @@ FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chr
                                                       GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_APPLICATION);
   const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
   const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(bus.get(), limite, kTypes));
-  return message ? TraiteMessage(message.get()) : Etat::kCoule;
+  if (message) return TraiteMessage(message.get());
+  return EstSansSuite() ? Etat::kErreur : Etat::kCoule;
 }
 
 FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message) {
@@ -275,6 +300,7 @@ void FluxGStreamer::Ferme() {
   Bus_.reset();
   Pipeline_.reset();
   Puits_ = nullptr;
+  Decodage_ = nullptr;
 }
 
 }  // namespace vaktor

@@ -14,6 +14,9 @@ struct DemandeFlux {
   QString Noeud;        ///< kPeripherique: the node
   FormatCamera Format;  ///< kPeripherique: what to ask it for; empty: whatever it stands at
   bool Udp = false;     ///< rtsp: data by UDP instead of within the connection
+  /// rtsp: another way will be tried after this one, so that a camera that has told what it sends and then sends
+  /// nothing is given up soon.
+  bool AutreChemin = false;
 };
 
 /// Made, opened, watched and closed by one thread; GStreamer's own threads bring the frames.
@@ -41,7 +44,10 @@ class FluxGStreamer : public FluxImages {
   Etat CommenceLaBoucle();
   Etat ReprendLaBoucle();
 
-  static void RelieRtp(GstElement* source, GstPad* sortie, GstElement* decodage);
+  bool EstSansSuite() const;
+
+  static gboolean ChoisitFlux(GstElement* source, guint numero, GstCaps* caps, FluxGStreamer* moi);
+  static void RelieRtp(GstElement* source, GstPad* sortie, FluxGStreamer* moi);
   static void RemarqueDemultiplexeur(GstBin* decodage, GstElement* element, FluxGStreamer* moi);
   static void RelieDecode(GstElement* decodage, GstPad* sortie, FluxGStreamer* moi);
   void Relie(GstPad* sortie);
@@ -51,7 +57,10 @@ class FluxGStreamer : public FluxImages {
   ReceptionImages Reception_;
   PtrGst<GstElement> Pipeline_;
   PtrGst<GstBus> Bus_;
-  GstElement* Puits_ = nullptr;  // the pipeline's
+  GstElement* Puits_ = nullptr;      // the pipeline's
+  GstElement* Decodage_ = nullptr;   // the pipeline's; rtsp only
+  std::atomic<qint64> Annonce_ = 0;  // rtsp: when the camera had told what it sends, ms of the steady clock; 0: not yet
+  std::atomic<bool> Recoit_ = false;  // rtsp: something came
   std::atomic<bool> Relie_ = false;
   std::atomic<bool> Bouclable_ = false;
   bool EnBoucle_ = false;

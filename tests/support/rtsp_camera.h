@@ -5,6 +5,7 @@
 #include <gst/app/gstappsink.h>
 #include <gst/gst.h>
 
+#include <QElapsedTimer>
 #include <QHash>
 #include <QRegularExpression>
 #include <QTcpServer>
@@ -23,6 +24,9 @@ class CameraRtsp {
   struct Humeur {
     bool SeulementUdp = false;  ///< refuses to send within the connection, as a few old ones do
     bool Fermee = false;        ///< wants a name and a password
+    bool MuetteDedans = false;  ///< agrees to send within the connection, and sends nothing there
+    bool SourdeDedans = false;  ///< leaves the wish for that without an answer
+    int MorceauxAvant = 0;      ///< ms for which only beginnings of pictures come: a stream joined in the middle
   };
 
   explicit CameraRtsp(Humeur humeur) : Humeur_(humeur) {
@@ -127,7 +131,9 @@ class CameraRtsp {
   void Prepare(QTcpSocket* client, const QByteArray& demande) {
     if (demande.left(demande.indexOf('\r')).contains("/son")) SonDemande_ = true;
     const bool udp = !demande.contains("RTP/AVP/TCP");
-    if (udp != Humeur_.SeulementUdp) return Envoie(client, demande, "461 Unsupported Transport", {});
+    if (!udp && Humeur_.SourdeDedans) return;
+    const bool permis = udp == Humeur_.SeulementUdp || Humeur_.MuetteDedans || Humeur_.SourdeDedans;
+    if (!permis) return Envoie(client, demande, "461 Unsupported Transport", {});
     ParUdp_ = udp;
     PortClient_ = Champ(demande, "client_port=(\\d+)").toUShort();
     const QByteArray chemin = udp ? "RTP/AVP;unicast;client_port=" + QByteArray::number(PortClient_) + '-' +
@@ -138,9 +144,12 @@ class CameraRtsp {
 
   void Filme(QTcpSocket* client) {
     Client_ = client;
+    Depuis_.start();
+    // Small packets: several to a picture, and two in a row even without its last one, or nobody takes them for a
+    // stream.
     Film_ = gst_parse_launch(
         "videotestsrc is-live=true pattern=ball ! video/x-raw,format=I420,width=160,height=120,framerate=10/1 ! "
-        "jpegenc ! rtpjpegpay ! appsink name=paquets sync=false",
+        "jpegenc ! rtpjpegpay mtu=250 ! appsink name=paquets sync=false",
         nullptr);
     gst_element_set_state(Film_, GST_STATE_PLAYING);
     Cadence_ = new QTimer;
@@ -157,6 +166,9 @@ class CameraRtsp {
       const QByteArray paquet(reinterpret_cast<const char*>(octets.data), static_cast<qsizetype>(octets.size));
       gst_buffer_unmap(tampon, &octets);
       gst_sample_unref(echantillon);
+      if (!ParUdp_ && Humeur_.MuetteDedans) continue;
+      // The last packet of a picture carries the marker.
+      if ((paquet[1] & 0x80) != 0 && Depuis_.elapsed() < Humeur_.MorceauxAvant) continue;
       if (ParUdp_) {
         Udp_->writeDatagram(paquet, QHostAddress::LocalHost, PortClient_);
       } else {
@@ -185,6 +197,7 @@ class CameraRtsp {
   QTcpSocket* Client_ = nullptr;
   QTimer* Cadence_ = nullptr;
   GstElement* Film_ = nullptr;
+  QElapsedTimer Depuis_;
   quint16 PortClient_ = 0;
   QHash<QTcpSocket*, QByteArray> Recu_;
   std::atomic<quint16> Port_ = 0;

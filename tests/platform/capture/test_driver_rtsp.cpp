@@ -29,6 +29,27 @@ TEST_F(PiloteRtsp, ShowsACameraThatSendsBesideTheConnectionOnly) {
   EXPECT_TRUE(camera.ParUdp());
 }
 
+// Both have to fit into the time of one connection: the way that stays silent and the one that works.
+TEST_F(PiloteRtsp, ACameraThatAgreesAndThenSendsNothingWithinTheConnectionIsShownBesideIt) {
+  const CameraRtsp camera({.MuetteDedans = true});
+  ASSERT_TRUE(Connecte(Adresse(camera)));
+  EXPECT_TRUE(camera.ParUdp());
+  EXPECT_GE(Recueille(1000).Images, 5);
+}
+
+TEST_F(PiloteRtsp, ACameraThatDoesNotAnswerTheWishForItsConnectionIsShownBesideIt) {
+  const CameraRtsp camera({.SourdeDedans = true});
+  ASSERT_TRUE(Connecte(Adresse(camera)));
+  EXPECT_TRUE(camera.ParUdp());
+  EXPECT_GE(Recueille(1000).Images, 5);
+}
+
+TEST_F(PiloteRtsp, ACameraThatSendsIsNotLeftBecauseItsFirstWholePictureIsSecondsAway) {
+  const CameraRtsp camera({.MorceauxAvant = 3000});
+  ASSERT_TRUE(Connecte(Adresse(camera)));
+  EXPECT_FALSE(camera.ParUdp());
+}
+
 TEST_F(PiloteRtsp, GivesThePasswordToTheCameraAndShowsItNowhere) {
   const CameraRtsp camera({.Fermee = true});
   EXPECT_FALSE(Connecte(Adresse(camera)));
