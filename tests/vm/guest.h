@@ -23,7 +23,7 @@ inline bool Attend(const std::function<bool()>& question, int secondes = 60) {
   return true;
 }
 
-/// A word to the emulated USB camera: move still stall go unplug plug.
+/// A word to the emulated USB camera: move still stall go freeze thaw unplug plug.
 inline bool Ordonne(const char* mot) {
   QFile tube(QStringLiteral("/run/usb-webcam"));
   return tube.open(QIODevice::WriteOnly) && tube.write(QByteArray(mot) + '\n') > 0;

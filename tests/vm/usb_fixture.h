@@ -12,6 +12,7 @@ inline const FormatCamera kMjpg = {QStringLiteral("MJPG"), 640, 480, 30, 1};
 class UsbPilote : public PiloteReelTest {
  protected:
   void TearDown() override {
+    Ordonne("thaw");
     Ordonne("go");
     Ordonne("still");
     Ordonne("plug");

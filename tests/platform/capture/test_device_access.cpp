@@ -49,7 +49,7 @@ class Banc {
 
 class PeripheriqueQuiCale : public testing::Test {
  protected:
-  ~PeripheriqueQuiCale() override {
+  void TearDown() override {
     Banc_->Libere();
     EXPECT_TRUE(QTest::qWaitFor([this] { return Banc_->Sorties == Banc_->Visites; }));
   }
