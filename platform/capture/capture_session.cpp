@@ -15,7 +15,8 @@ constexpr milliseconds kEntreEssais{2000};        // from the beginning of one t
 constexpr milliseconds kEntreLectures{200};       // of a file that cannot be played in a loop
 constexpr milliseconds kDelaiPeripherique{4000};  // to a first frame
 constexpr milliseconds kDelaiReseau{6000};
-constexpr milliseconds kRegard{50};  // while a first frame is awaited
+constexpr milliseconds kRepriseReseau{300};  // a camera that serves few has to let go of us before we come again
+constexpr milliseconds kRegard{50};          // while a first frame is awaited
 
 milliseconds DelaiPremiereImage(GenreSource genre) {
   return genre == GenreSource::kReseau ? kDelaiReseau : kDelaiPeripherique;
@@ -57,6 +58,11 @@ bool SessionCapture::OuvrePremiereFois() {
   Retenue_.Source = Demande_.Source;
   Retenue_.Format = Demande_.Format;
   for (const DemandeFlux& candidat : Candidats()) {
+    if (candidat.Udp) {
+      // Nothing but the packets' way is different: who refused before that point refuses again, a password for one.
+      if (!Decrit_) return false;
+      Patiente(Horloge::now() + kRepriseReseau);
+    }
     if (Arret_.stop_requested()) return false;
     Retenue_ = candidat;
     if (Essaie(candidat)) return true;
@@ -77,6 +83,7 @@ bool SessionCapture::Essaie(const DemandeFlux& demande) {
       if (etat != FluxImages::Etat::kCoule) break;
     }
   }
+  Decrit_ = Flux_->EstDecrit();
   Flux_.reset();
   return false;
 }

@@ -83,6 +83,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   std::unique_ptr<FluxImages> Flux_;
   DemandeFlux Retenue_;
   Horloge::time_point DernierEssai_{};
+  bool Decrit_ = false;  // the last one that was tried had told what it sends
 
   mutable std::mutex Verrou_;
   std::condition_variable_any Change_;

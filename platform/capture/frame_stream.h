@@ -17,6 +17,8 @@ class FluxImages {
   /// Waits for something to happen, at most `delai`, and comes back at once when a stop is asked for. kFini: the end
   /// of what can be played. kErreur: broken.
   virtual Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) = 0;
+  /// Whether the source has told what it sends, so that another way to it may do where this one did not.
+  virtual bool EstDecrit() const { return true; }
   /// Ends and releases everything. No frame arrives afterwards. May block as long as the system makes it.
   virtual void Ferme() = 0;
 };

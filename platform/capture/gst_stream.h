@@ -27,6 +27,7 @@ class FluxGStreamer : public FluxImages {
 
   bool Ouvre() override;
   Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override;
+  bool EstDecrit() const override { return Annonce_ != 0; }
   void Ferme() override;
 
  private:

@@ -26,6 +26,7 @@ class CameraRtsp {
     bool Fermee = false;        ///< wants a name and a password
     bool MuetteDedans = false;  ///< agrees to send within the connection, and sends nothing there
     bool SourdeDedans = false;  ///< leaves the wish for that without an answer
+    int Depart = 0;             ///< ms that it needs to let a client go; until then it serves no other
     int MorceauxAvant = 0;      ///< ms for which only beginnings of pictures come: a stream joined in the middle
   };
 
@@ -57,6 +58,7 @@ class CameraRtsp {
   bool SonDemande() const { return SonDemande_; }
   bool ParUdp() const { return ParUdp_; }
   bool VuAutorisation() const { return Autorisation_; }
+  int Connexions() const { return Connexions_; }
 
  private:
   template <class F>
@@ -66,7 +68,9 @@ class CameraRtsp {
 
   void Accueille() {
     QTcpSocket* client = Serveur_->nextPendingConnection();
+    ++Connexions_;
     QObject::connect(client, &QTcpSocket::disconnected, client, [this, client] {
+      Parti_.start();
       if (client == Client_) Arrete();
       client->deleteLater();
     });
@@ -110,6 +114,9 @@ class CameraRtsp {
     }
     if (demande.startsWith("OPTIONS")) {
       return Envoie(client, demande, "200 OK", "Public: OPTIONS, DESCRIBE, SETUP, PLAY, TEARDOWN\r\n\r\n");
+    }
+    if (demande.startsWith("DESCRIBE") && Parti_.isValid() && Parti_.elapsed() < Humeur_.Depart) {
+      return Envoie(client, demande, "503 Service Unavailable", {});
     }
     if (demande.startsWith("DESCRIBE")) return Decrit(client, demande);
     if (demande.startsWith("SETUP")) return Prepare(client, demande);
@@ -198,12 +205,14 @@ class CameraRtsp {
   QTimer* Cadence_ = nullptr;
   GstElement* Film_ = nullptr;
   QElapsedTimer Depuis_;
+  QElapsedTimer Parti_;
   quint16 PortClient_ = 0;
   QHash<QTcpSocket*, QByteArray> Recu_;
   std::atomic<quint16> Port_ = 0;
   std::atomic<bool> SonDemande_ = false;
   std::atomic<bool> ParUdp_ = false;
   std::atomic<bool> Autorisation_ = false;
+  std::atomic<int> Connexions_ = 0;
 };
 
 }  // namespace vaktor

@@ -44,6 +44,20 @@ TEST_F(PiloteRtsp, ACameraThatDoesNotAnswerTheWishForItsConnectionIsShownBesideI
   EXPECT_GE(Recueille(1000).Images, 5);
 }
 
+// Seen with a real server: the second connection came three milliseconds after the first and was turned away.
+TEST_F(PiloteRtsp, ACameraThatHasToLetTheFirstConnectionGoIsGivenAMoment) {
+  const CameraRtsp camera({.SeulementUdp = true, .Depart = 100});
+  ASSERT_TRUE(Connecte(Adresse(camera)));
+  EXPECT_TRUE(camera.ParUdp());
+  EXPECT_EQ(camera.Connexions(), 2);
+}
+
+TEST_F(PiloteRtsp, ARefusalThatHasNothingToDoWithTheWayIsNotAskedForTwice) {
+  const CameraRtsp camera({.Fermee = true});
+  EXPECT_FALSE(Connecte(Adresse(camera)));
+  EXPECT_EQ(camera.Connexions(), 1);
+}
+
 TEST_F(PiloteRtsp, ACameraThatSendsIsNotLeftBecauseItsFirstWholePictureIsSecondsAway) {
   const CameraRtsp camera({.MorceauxAvant = 3000});
   ASSERT_TRUE(Connecte(Adresse(camera)));
