@@ -10,7 +10,8 @@
 namespace vaktor {
 namespace {
 
-// Pictures come out at most this many packets late; what is older was never shown and will not be.
+// Pictures come out at most this many packets late; what is older was never shown and will not be. It is looked for
+// once in so many pictures too.
 constexpr guint32 kRetardMaximal = 32;
 
 struct DecodeurLibav {
@@ -19,6 +20,9 @@ struct DecodeurLibav {
   AVPacket* Paquet;
   AVFrame* Trame;
   GstVideoCodecState* Entree;
+  // What was announced behind the decoder; a width of 0: nothing yet.
+  int Format, Largeur, Hauteur;
+  guint32 Livrees;  // pictures since old entries were looked for
 };
 
 struct ClasseDecodeurLibav {
@@ -32,6 +36,7 @@ DecodeurLibav* Soi(GstVideoDecoder* decodeur) { return reinterpret_cast<Decodeur
 void Libere(DecodeurLibav* soi) {
   if (soi->Entree != nullptr) gst_video_codec_state_unref(soi->Entree);
   soi->Entree = nullptr;
+  soi->Largeur = 0;
   if (soi->Paquet == nullptr && soi->Contexte == nullptr && soi->Trame == nullptr) return;
   Libav()->avcodec_free_context(&soi->Contexte);
   Libav()->av_packet_free(&soi->Paquet);
@@ -77,18 +82,17 @@ gboolean FixeFormat(GstVideoDecoder* decodeur, GstVideoCodecState* etat) {
 
 // The format behind the decoder is told anew only when the pictures really change.
 bool AnnonceSortie(DecodeurLibav* soi) {
-  const std::optional<GstVideoFormat> format = FormatGStreamer(soi->Trame->format);
+  const AVFrame& trame = *soi->Trame;
+  if (trame.format == soi->Format && trame.width == soi->Largeur && trame.height == soi->Hauteur) return true;
+  const std::optional<GstVideoFormat> format = FormatGStreamer(trame.format);
   if (!format) return false;
-  GstVideoCodecState* avant = gst_video_decoder_get_output_state(&soi->Base);
-  const bool meme = avant != nullptr && GST_VIDEO_INFO_FORMAT(&avant->info) == *format &&
-                    GST_VIDEO_INFO_WIDTH(&avant->info) == soi->Trame->width &&
-                    GST_VIDEO_INFO_HEIGHT(&avant->info) == soi->Trame->height;
-  if (avant != nullptr) gst_video_codec_state_unref(avant);
-  if (meme) return true;
-  GstVideoCodecState* sortie = gst_video_decoder_set_output_state(
-      &soi->Base, *format, static_cast<guint>(soi->Trame->width), static_cast<guint>(soi->Trame->height), soi->Entree);
-  AnnonceCouleurs(*soi->Trame, sortie->info.colorimetry);
+  GstVideoCodecState* sortie = gst_video_decoder_set_output_state(&soi->Base, *format, static_cast<guint>(trame.width),
+                                                                  static_cast<guint>(trame.height), soi->Entree);
+  AnnonceCouleurs(trame, sortie->info.colorimetry);
   gst_video_codec_state_unref(sortie);
+  soi->Format = trame.format;
+  soi->Largeur = trame.width;
+  soi->Hauteur = trame.height;
   return true;
 }
 
@@ -112,7 +116,10 @@ GstFlowReturn Livre(DecodeurLibav* soi) {
   if (AnnonceSortie(soi)) image->output_buffer = TamponDeTrame(*soi->Trame);
   if (image->output_buffer == nullptr) return gst_video_decoder_drop_frame(&soi->Base, image);
   const GstFlowReturn suite = gst_video_decoder_finish_frame(&soi->Base, image);
-  OublieVieilles(&soi->Base, numero);
+  if (++soi->Livrees >= kRetardMaximal) {
+    soi->Livrees = 0;
+    OublieVieilles(&soi->Base, numero);
+  }
   return suite;
 }
 

@@ -42,14 +42,36 @@ constexpr std::array kCodecs = {
     Codec{"video/x-vp9", nullptr, 0, AV_CODEC_ID_VP9},
 };
 
-GstMemory* MemoireDePlan(const AVFrame& trame, const uint8_t* donnees, gsize taille) {
-  AVFrame* garde = Libav()->av_frame_clone(&trame);
-  if (garde == nullptr) return nullptr;
+/// One frame for all the memories that show a part of it. Each may be let go on its own, on any thread.
+class TrameGardee {
+ public:
+  static TrameGardee* De(AVFrame& trame) {
+    AVFrame* image = Libav()->av_frame_alloc();
+    if (image == nullptr) return nullptr;
+    Libav()->av_frame_move_ref(image, &trame);
+    return new TrameGardee(image);
+  }
+  const AVFrame& Image() const { return *Image_; }
+  void Retient() { g_atomic_int_inc(&Detenteurs_); }
+  void Rend() {
+    if (g_atomic_int_dec_and_test(&Detenteurs_) != FALSE) delete this;
+  }
+
+  TrameGardee(const TrameGardee&) = delete;
+  TrameGardee& operator=(const TrameGardee&) = delete;
+
+ private:
+  explicit TrameGardee(AVFrame* image) : Image_(image) {}
+  ~TrameGardee() { Libav()->av_frame_free(&Image_); }
+
+  AVFrame* Image_;
+  gint Detenteurs_ = 1;
+};
+
+GstMemory* MemoireDePlan(TrameGardee* garde, const uint8_t* donnees, gsize taille) {
+  garde->Retient();
   return gst_memory_new_wrapped(GST_MEMORY_FLAG_READONLY, const_cast<uint8_t*>(donnees), taille, 0, taille, garde,
-                                [](gpointer image) {
-                                  auto* trameGardee = static_cast<AVFrame*>(image);
-                                  Libav()->av_frame_free(&trameGardee);
-                                });
+                                [](gpointer image) { static_cast<TrameGardee*>(image)->Rend(); });
 }
 
 }  // namespace
@@ -101,35 +123,36 @@ void AnnonceCouleurs(const AVFrame& trame, GstVideoColorimetry& couleurs) {
   if (matrice != GST_VIDEO_COLOR_MATRIX_UNKNOWN) couleurs.matrix = matrice;
 }
 
-GstBuffer* TamponDeTrame(const AVFrame& trame) {
+GstBuffer* TamponDeTrame(AVFrame& trame) {
   const std::optional<GstVideoFormat> format = FormatGStreamer(trame.format);
   if (!format) return nullptr;
   const GstVideoFormatInfo* info = gst_video_format_get_info(*format);
+  const guint plans = GST_VIDEO_FORMAT_INFO_N_PLANES(info);
+  for (guint plan = 0; plan < plans; ++plan) {
+    if (trame.linesize[plan] <= 0) return nullptr;
+  }
+  TrameGardee* garde = TrameGardee::De(trame);
+  if (garde == nullptr) return nullptr;
   GstBuffer* tampon = gst_buffer_new();
   std::array<gsize, GST_VIDEO_MAX_PLANES> debuts{};
   std::array<gint, GST_VIDEO_MAX_PLANES> pas{};
   gsize fin = 0;
-  for (guint plan = 0; plan < GST_VIDEO_FORMAT_INFO_N_PLANES(info); ++plan) {
-    const int largeurLigne = trame.linesize[plan];
+  const AVFrame& image = garde->Image();
+  for (guint plan = 0; plan < plans; ++plan) {
     // Planes and components come in the same order in all formats that are given out.
-    const auto lignes = GST_VIDEO_FORMAT_INFO_SCALE_HEIGHT(info, plan, trame.height);
-    const gsize taille = largeurLigne > 0 ? static_cast<gsize>(largeurLigne) * static_cast<gsize>(lignes) : 0;
-    GstMemory* memoire = taille > 0 ? MemoireDePlan(trame, trame.data[plan], taille) : nullptr;
-    if (memoire == nullptr) {
-      gst_buffer_unref(tampon);
-      return nullptr;
-    }
-    gst_buffer_append_memory(tampon, memoire);
+    const auto lignes = GST_VIDEO_FORMAT_INFO_SCALE_HEIGHT(info, plan, image.height);
     debuts.at(plan) = fin;
-    pas.at(plan) = largeurLigne;
+    pas.at(plan) = image.linesize[plan];
+    const gsize taille = static_cast<gsize>(image.linesize[plan]) * static_cast<gsize>(lignes);
+    gst_buffer_append_memory(tampon, MemoireDePlan(garde, image.data[plan], taille));
     fin += taille;
   }
-  gst_buffer_add_video_meta_full(tampon, GST_VIDEO_FRAME_FLAG_NONE, *format, static_cast<guint>(trame.width),
-                                 static_cast<guint>(trame.height), GST_VIDEO_FORMAT_INFO_N_PLANES(info), debuts.data(),
-                                 pas.data());
-  if (trame.decode_error_flags != 0 || (trame.flags & AV_FRAME_FLAG_CORRUPT) != 0) {
+  gst_buffer_add_video_meta_full(tampon, GST_VIDEO_FRAME_FLAG_NONE, *format, static_cast<guint>(image.width),
+                                 static_cast<guint>(image.height), plans, debuts.data(), pas.data());
+  if (image.decode_error_flags != 0 || (image.flags & AV_FRAME_FLAG_CORRUPT) != 0) {
     GST_BUFFER_FLAG_SET(tampon, GST_BUFFER_FLAG_CORRUPTED);
   }
+  garde->Rend();
   return tampon;
 }
 

@@ -20,8 +20,8 @@ std::optional<GstVideoFormat> FormatGStreamer(int formatAv);  ///< of an AVPixel
 /// What the picture itself says of its range and matrix replaces what was assumed; what it does not say stays.
 void AnnonceCouleurs(const AVFrame& trame, GstVideoColorimetry& couleurs);
 
-/// A buffer over the picture's own memory, which it keeps alive; nothing is copied. Null without memory, or for a
-/// picture stored bottom up.
-GstBuffer* TamponDeTrame(const AVFrame& trame);
+/// A buffer over the picture's own memory, which it takes over: `trame` is empty afterwards. Nothing is copied. Null
+/// without memory, or for a picture stored bottom up.
+GstBuffer* TamponDeTrame(AVFrame& trame);
 
 }  // namespace vaktor

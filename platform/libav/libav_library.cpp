@@ -34,7 +34,7 @@ std::optional<BibliothequeLibav> Charge() {
       Trouve(codec, "av_packet_alloc", b.av_packet_alloc) && Trouve(codec, "av_packet_free", b.av_packet_free) &&
       Trouve(codec, "av_packet_unref", b.av_packet_unref) && Trouve(codec, "av_new_packet", b.av_new_packet) &&
       Trouve(outils, "av_frame_alloc", b.av_frame_alloc) && Trouve(outils, "av_frame_free", b.av_frame_free) &&
-      Trouve(outils, "av_frame_unref", b.av_frame_unref) && Trouve(outils, "av_frame_clone", b.av_frame_clone) &&
+      Trouve(outils, "av_frame_unref", b.av_frame_unref) && Trouve(outils, "av_frame_move_ref", b.av_frame_move_ref) &&
       Trouve(outils, "av_mallocz", b.av_mallocz);
   if (!complete) return std::nullopt;
   return b;

@@ -24,7 +24,7 @@ struct BibliothequeLibav {
   decltype(&::av_frame_alloc) av_frame_alloc;
   decltype(&::av_frame_free) av_frame_free;
   decltype(&::av_frame_unref) av_frame_unref;
-  decltype(&::av_frame_clone) av_frame_clone;
+  decltype(&::av_frame_move_ref) av_frame_move_ref;
   decltype(&::av_mallocz) av_mallocz;
 };
 
