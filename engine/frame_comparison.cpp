@@ -1,6 +1,7 @@
 #include "engine/frame_comparison.h"
 
 #include <algorithm>
+#include <bit>
 
 #include "engine/frame_comparison_bands.h"
 
@@ -63,6 +64,17 @@ class Decoupeur {
   qint32 Ligne_ = 0;
 };
 
+void CompareBande([[maybe_unused]] JeuInstructions jeu, const BandeEchantillons& bande, qint32 tolerance,
+                  CumulBande& cumul) {
+#if defined(__x86_64__)
+  if (bande.Dedans > 0 && bande.Dedans <= kGroupe * kGroupesMax) {
+    if (jeu == JeuInstructions::kAvx2) return CompareBandeAvx2(bande, tolerance, cumul);
+    if (jeu == JeuInstructions::kSse41) return CompareBandeSse41(bande, tolerance, cumul);
+  }
+#endif
+  CompareBandeSimple(bande, tolerance, cumul, [](qint32, qint32) {});
+}
+
 }  // namespace
 
 DecoupeBalayage CoupeBalayage(const TrameBrute& trame, const ZoneDetection& zone, const TableEchantillons& table,
@@ -103,23 +115,33 @@ ResultatComparaison DonneResultat(const DecoupeBalayage& decoupe, const CumulBan
   return resultat;
 }
 
-PartageLigne CalculePartage(const BandeEchantillons& bande, qint32 voies) {
-  PartageLigne partage{};
-  // A whole block reads two pixels past its last sample, which the row may not have.
-  partage.Pleins = std::min(bande.Dedans / voies, bande.PixelsLisibles / (voies * kPasEchantillon));
-  partage.FinDedans = bande.Dedans - voies * partage.Pleins;
-  partage.FinActifs = partage.FinDedans > 0 ? std::min(voies, partage.FinDedans + bande.Apres) : 0;
-  partage.ResteDehors = bande.Apres - (partage.FinActifs - partage.FinDedans);
-  return partage;
+PartageLigne CalculePartage(const BandeEchantillons& bande) {
+  // A whole group reads two pixels past its last sample, which the row may not have.
+  const qint32 groupes = std::min(bande.Dedans / kGroupe, bande.PixelsLisibles / (kGroupe * kPasEchantillon));
+  return {.Groupes = groupes, .Reste = bande.Dedans - kGroupe * groupes};
 }
 
-void AjouteVoies(CumulBande& cumul, qint64 compares, std::span<const qint32> inchanges, std::span<const qint32> minima,
-                 std::span<const qint32> maxima) {
-  for (std::size_t voie = 0; voie < inchanges.size(); ++voie) {
-    compares += inchanges[voie];
-    if (maxima[voie] >= 0) cumul.CompteColonnes(minima[voie], maxima[voie]);
+void CompareDehors(qint32* entree, PlaceEchantillon place, qint32 nombre, qint32 tolerance, CumulBande& cumul) {
+  for (; nombre > 0; --nombre, ++entree, ++place.Colonne) {
+    if (EstChange(-1, *entree, tolerance)) cumul.Compte(place);
+    *entree = -1;
   }
-  cumul.Changes += static_cast<qint32>(compares);
+}
+
+void CumulBande::CompteMasques(qint32 colonne, std::span<const quint16> masques) {
+  // Only what lies outside the box so far is looked at. Where the first change of a row lies cannot be foreseen: with a
+  // noisy picture, looking for it in each row costs more than the comparison.
+  qint32 debut = colonne;
+  for (const quint16 masque : masques) {
+    if (debut >= ColonneMin) break;
+    if (masque != 0) ColonneMin = std::min(ColonneMin, debut + std::countr_zero(masque));
+    debut += kGroupe;
+  }
+  qint32 fin = colonne + kGroupe * static_cast<qint32>(masques.size()) - 1;
+  for (std::size_t i = masques.size(); i > 0 && fin > ColonneMax; --i, fin -= kGroupe) {
+    const quint16 masque = masques[i - 1];
+    if (masque != 0) ColonneMax = std::max(ColonneMax, fin - std::countl_zero(masque));
+  }
 }
 
 bool ConnaitJeu(JeuInstructions jeu) {
@@ -151,18 +173,7 @@ ResultatComparaison CompareTrame(JeuInstructions jeu, const TrameBrute& trame, c
   const DecoupeBalayage decoupe = CoupeBalayage(trame, zone, table, premierRang);
   CumulBande cumul;
   for (qint32 i = 0; i < decoupe.Nombre; ++i) {
-    const BandeEchantillons& bande = decoupe.Bandes[static_cast<std::size_t>(i)];
-#if defined(__x86_64__)
-    if (jeu == JeuInstructions::kAvx2) {
-      CompareBandeAvx2(bande, tolerance, cumul);
-      continue;
-    }
-    if (jeu == JeuInstructions::kSse41) {
-      CompareBandeSse41(bande, tolerance, cumul);
-      continue;
-    }
-#endif
-    CompareBandeSimple(bande, tolerance, cumul, [](qint32, qint32) {});
+    CompareBande(jeu, decoupe.Bandes[static_cast<std::size_t>(i)], tolerance, cumul);
   }
   return DonneResultat(decoupe, cumul, zone);
 }

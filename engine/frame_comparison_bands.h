@@ -11,6 +11,8 @@
 
 namespace vaktor {
 
+constexpr qsizetype kOctetsEchantillon = qsizetype{4} * kPasEchantillon;  ///< from one sample of a row to the next
+
 /// Rows with the same split of their columns: Avant samples left of the picture, Dedans in it, Apres right of it.
 struct BandeEchantillons {
   const uchar* Pixels = nullptr;  ///< first sample inside the picture, first row; null when Dedans is 0
@@ -29,6 +31,11 @@ struct DecoupeBalayage {
   bool TablePleine = false;
 };
 
+/// A sample by its numbers in the scan.
+struct PlaceEchantillon {
+  qint32 Colonne, Ligne;
+};
+
 /// Count and box of the changed samples, the box in numbers of columns and rows of the scan.
 struct CumulBande {
   qint32 Changes = 0;
@@ -43,6 +50,13 @@ struct CumulBande {
     if (premiere < ColonneMin) ColonneMin = premiere;
     if (derniere > ColonneMax) ColonneMax = derniere;
   }
+  void Compte(PlaceEchantillon place) {
+    ++Changes;
+    CompteColonnes(place.Colonne, place.Colonne);
+    CompteLigne(place.Ligne);
+  }
+  /// Changed samples of one row, at least one: a bit for each sample from `colonne` on, kGroupe of them in each mask.
+  void CompteMasques(qint32 colonne, std::span<const quint16> masques);
 };
 
 DecoupeBalayage CoupeBalayage(const TrameBrute& trame, const ZoneDetection& zone, const TableEchantillons& table,
@@ -51,6 +65,9 @@ ResultatComparaison DonneResultat(const DecoupeBalayage& decoupe, const CumulBan
 
 inline qint32 LitCouleur(const uchar* pixel) {
   return (qint32{pixel[0]} << 16) | (qint32{pixel[1]} << 8) | qint32{pixel[2]};
+}
+inline bool EstChange(qint32 couleur, qint32 ancienne, qint32 tolerance) {
+  return (couleur > ancienne ? couleur - ancienne : ancienne - couleur) > tolerance;
 }
 
 /// One band, sample by sample. `marque(colonne, ligne)` is called for each changed sample before it is stored.
@@ -64,13 +81,10 @@ void CompareBandeSimple(const BandeEchantillons& bande, qint32 tolerance, CumulB
       qint32 couleur = -1;
       if (colonne >= bande.Avant && colonne < bande.Avant + bande.Dedans) {
         couleur = LitCouleur(pixel);
-        pixel += 4 * kPasEchantillon;
+        pixel += kOctetsEchantillon;
       }
-      const qint32 ecart = couleur > *entree ? couleur - *entree : *entree - couleur;
-      if (ecart > tolerance) {
-        ++cumul.Changes;
-        cumul.CompteColonnes(colonne, colonne);
-        cumul.CompteLigne(bande.PremiereLigne + ligne);
+      if (EstChange(couleur, *entree, tolerance)) {
+        cumul.Compte({colonne, bande.PremiereLigne + ligne});
         marque(colonne, bande.PremiereLigne + ligne);
       }
       *entree = couleur;
@@ -93,22 +107,24 @@ ResultatComparaison CompareEtMarque(const TrameBrute& trame, const ZoneDetection
   return DonneResultat(decoupe, cumul, zone);
 }
 
-/// How the samples of one row fall into blocks of `voies` samples; the same for all rows of a band.
-struct PartageLigne {
-  qint32 Pleins;       ///< whole blocks inside the picture
-  qint32 FinDedans;    ///< samples of the last block that are inside
-  qint32 FinActifs;    ///< samples of the last block at all: those right of the picture fill its lanes
-  qint32 ResteDehors;  ///< samples right of the picture that the last block did not take
-};
-PartageLigne CalculePartage(const BandeEchantillons& bande, qint32 voies);
+/// Vectors take the samples of a row that lie in the picture by groups of this many.
+constexpr qint32 kGroupe = 16;
+/// More groups no row has there: 4080 samples, a picture of 12,240 pixels. Wider ones are compared sample by sample.
+constexpr qint32 kGroupesMax = 255;
 
-/// What a vector loop has at its end, lane by lane: minus the number of unchanged samples, and the least and greatest
-/// column of changed ones (all ones where there was none).
-void AjouteVoies(CumulBande& cumul, qint64 compares, std::span<const qint32> inchanges, std::span<const qint32> minima,
-                 std::span<const qint32> maxima);
+/// How the samples of one row in the picture fall into groups; the same for all rows of a band.
+struct PartageLigne {
+  qint32 Groupes;  ///< whole ones, whose pixels can all be read
+  qint32 Reste;    ///< samples behind them, at most kGroupe
+};
+PartageLigne CalculePartage(const BandeEchantillons& bande);
+
+/// `nombre` samples of one row outside the picture: their colour is -1.
+void CompareDehors(qint32* entree, PlaceEchantillon place, qint32 nombre, qint32 tolerance, CumulBande& cumul);
 
 #if defined(__x86_64__)
-/// The same bands with vectors. Call only on a processor that knows the instructions.
+/// A band with vectors: some samples in the picture, no more than kGroupesMax groups of them a row. Call only on a
+/// processor that knows the instructions.
 void CompareBandeSse41(const BandeEchantillons& bande, qint32 tolerance, CumulBande& cumul);
 void CompareBandeAvx2(const BandeEchantillons& bande, qint32 tolerance, CumulBande& cumul);
 #endif

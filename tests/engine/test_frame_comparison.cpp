@@ -132,6 +132,33 @@ TEST_P(Comparaison, AgreesWhenNothingOrEverythingChanges) {
   }
 }
 
+// Changes of a row are counted in bytes, which hold 255 groups of samples. Wider pictures go another way.
+TEST_P(Comparaison, CountsRowsOfManyChangesOnBothSidesOfTheWidestRowOfVectors) {
+  constexpr qint32 kLargeurMax = kPasEchantillon * kGroupe * kGroupesMax;
+  for (const qint32 largeur : {kLargeurMax - 50, kLargeurMax - 2, kLargeurMax, kLargeurMax + 1, kLargeurMax + 60}) {
+    Photo photo(largeur, 4, 0);
+    Essai essai(2 * ((largeur + 2) / 3));
+    std::fill(photo.Octets.begin(), photo.Octets.end(), uchar{9});
+    SCOPED_TRACE(testing::Message() << "width " << largeur);
+    essai.Verifie(GetParam(), photo.Trame, {.Gauche = 0, .Droite = largeur - 1, .Haut = 0, .Bas = 3}, 1, 0);
+  }
+}
+
+TEST_P(Comparaison, WidensTheBoxByEachRowThatReachesFurther) {
+  Photo photo(150, 19, 0);
+  const ZoneDetection zone{.Gauche = -6, .Droite = 155, .Haut = 0, .Bas = 18};
+  Essai essai(54 * 7);
+  essai.Verifie(GetParam(), photo.Trame, zone, 1, 0);
+  std::copy_n(essai.Rapide.begin(), essai.Table.size(), essai.Table.begin());
+  // Rows 0, 3, 6...: in the middle, nowhere, further left, further right, between, at both ends, nowhere.
+  constexpr std::array<std::pair<qint32, qint32>, 6> kPoints = {
+      {{0, 72}, {6, 69}, {9, 93}, {12, 84}, {15, 0}, {15, 147}}};
+  for (const auto& [y, x] : kPoints) {
+    photo.Octets[static_cast<std::size_t>(y * photo.OctetsParLigne + 4 * x)] = 200;
+    essai.Verifie(GetParam(), photo.Trame, zone, 1, 0);
+  }
+}
+
 TEST_P(Comparaison, StopsAtTheEndOfTheTableInTheMiddleOfARow) {
   Photo photo(60, 30, 0);
   for (qint32 nombre = 1; nombre < 45; ++nombre) {
