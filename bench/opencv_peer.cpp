@@ -22,7 +22,9 @@ qint32 PairOpenCv::Compare(const TrameBrute& trame) {
   cv::Mat source(trame.Hauteur, trame.Largeur, CV_8UC4, const_cast<uchar*>(trame.Bits),
                  static_cast<std::size_t>(trame.OctetsParLigne));
   if (Tiers_) {
-    cv::resize(source, images.Petite, cv::Size(), 1.0 / kPasEchantillon, 1.0 / kPasEchantillon, cv::INTER_NEAREST);
+    const cv::Size taille((trame.Largeur + kPasEchantillon - 1) / kPasEchantillon,
+                          (trame.Hauteur + kPasEchantillon - 1) / kPasEchantillon);
+    cv::resize(source, images.Petite, taille, 0, 0, cv::INTER_NEAREST);
     source = images.Petite;
   }
   cv::cvtColor(source, images.Grise, cv::COLOR_BGRA2GRAY);
