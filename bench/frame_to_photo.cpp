@@ -53,6 +53,7 @@ class PiloteChronometre : public PiloteCapture {
     return true;
   }
   QImage CopieImage() const override { return Vrai_.CopieImage(); }
+  ImageCamera CopieTrame() const override { return Vrai_.CopieTrame(); }
   bool SignalPerdu() const override { return Vrai_.SignalPerdu(); }
   void MontreDialogueFormat() override {}
   void MontreDialogueSource() override {}

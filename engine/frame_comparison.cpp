@@ -53,8 +53,10 @@ class Decoupeur {
     bande.Avant = avant;
     bande.Dedans = dedans;
     bande.Apres = colonnes - avant - dedans;
-    bande.Pixels = Trame_.Bits + y * Trame_.OctetsParLigne + qsizetype{4} * x;
-    bande.PixelsLisibles = Trame_.Largeur - x;
+    bande.PasPixels = Trame_.Serree ? 1 : kPasEchantillon;
+    const qint32 saut = kPasEchantillon / bande.PasPixels;  // pixels of the picture to a stored one
+    bande.Pixels = Trame_.Bits + y * Trame_.OctetsParLigne + qsizetype{4} * (x / saut);
+    bande.PixelsLisibles = (Trame_.Largeur - x + saut - 1) / saut;
     bande.SautLigne = kPasEchantillon * Trame_.OctetsParLigne;
   }
 
@@ -117,7 +119,7 @@ ResultatComparaison DonneResultat(const DecoupeBalayage& decoupe, const CumulBan
 
 PartageLigne CalculePartage(const BandeEchantillons& bande) {
   // A whole group reads two pixels past its last sample, which the row may not have.
-  const qint32 groupes = std::min(bande.Dedans / kGroupe, bande.PixelsLisibles / (kGroupe * kPasEchantillon));
+  const qint32 groupes = std::min(bande.Dedans / kGroupe, bande.PixelsLisibles / (kGroupe * bande.PasPixels));
   return {.Groupes = groupes, .Reste = bande.Dedans - kGroupe * groupes};
 }
 

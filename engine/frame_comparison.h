@@ -5,16 +5,9 @@
 #include <QtGlobal>
 
 #include "engine/detection_state.h"
+#include "engine/raw_frame.h"
 
 namespace vaktor {
-
-/// Pixels of one picture as QImage::Format_RGB32 keeps them: four bytes B, G, R and one that is not looked at.
-/// OctetsParLigne may be 0: every row is then the same memory.
-struct TrameBrute {
-  const uchar* Bits = nullptr;
-  qsizetype OctetsParLigne = 0;
-  qint32 Largeur = 0, Hauteur = 0;
-};
 
 /// The samples of the frame before, in the order of the scan. One entry a sample and nothing between them.
 /// `Entrees` has room for Nombre + kMarge values: wide stores write whole vectors and put back what they found.

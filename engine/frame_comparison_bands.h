@@ -11,14 +11,14 @@
 
 namespace vaktor {
 
-constexpr qsizetype kOctetsEchantillon = qsizetype{4} * kPasEchantillon;  ///< from one sample of a row to the next
-
 /// Rows with the same split of their columns: Avant samples left of the picture, Dedans in it, Apres right of it.
 struct BandeEchantillons {
   const uchar* Pixels = nullptr;  ///< first sample inside the picture, first row; null when Dedans is 0
   qsizetype SautLigne = 0;        ///< bytes from one sampled row to the next
-  qint32 PixelsLisibles = 0;      ///< pixels from Pixels to the end of its row
-  qint32 PremiereLigne = 0;       ///< number of the first row in the scan
+  qint32 PixelsLisibles = 0;      ///< stored pixels from Pixels to the end of its row
+  qint32 PasPixels =
+      kPasEchantillon;       ///< stored pixels from one sample to the next: three, or one where only samples are
+  qint32 PremiereLigne = 0;  ///< number of the first row in the scan
   qint32 Lignes = 0;
   qint32 Avant = 0, Dedans = 0, Apres = 0;
   qint32* Entrees = nullptr;  ///< the table's entry of the first sample
@@ -81,7 +81,7 @@ void CompareBandeSimple(const BandeEchantillons& bande, qint32 tolerance, CumulB
       qint32 couleur = -1;
       if (colonne >= bande.Avant && colonne < bande.Avant + bande.Dedans) {
         couleur = LitCouleur(pixel);
-        pixel += kOctetsEchantillon;
+        pixel += qsizetype{4} * bande.PasPixels;
       }
       if (EstChange(couleur, *entree, tolerance)) {
         cumul.Compte({colonne, bande.PremiereLigne + ligne});

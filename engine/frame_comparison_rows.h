@@ -4,7 +4,8 @@
 // compiler use these instructions. A switch for the whole source would do it for the inline functions of the libraries
 // too, and the linker might give those to processors that do not know the instructions.
 //
-// Such a source gives a type `Jeu` with
+// Such a source gives a template `Jeu<pas>`, for samples that lie `pas` pixels apart in memory (three, or one where a
+// frame holds its samples only), with
 //   Jeu(tolerance)
 //   Groupe(pixel, entree)       compares and stores sixteen samples; gives a byte for each in the order of the scan,
 //                               all ones where the sample has changed
@@ -25,6 +26,9 @@
 namespace vaktor {
 namespace {
 
+/// Bytes from one sample to the next.
+template <qint32 pas>
+constexpr qsizetype kOctetsEchantillon = qsizetype{4} * pas;
 constexpr qsizetype kLigneCache = 64;
 
 using MasquesLigne = std::array<quint16, kGroupesMax>;
@@ -46,29 +50,30 @@ struct PasLigne {
 /// Fetches for the next row what `echantillons` samples lie on, and no line more. A frame fresh from the camera is in
 /// no cache, and the processor does not foresee the two rows that are left out. The table is in some cache, but seldom
 /// in the first.
+template <qint32 pas>
 VAKTOR_DEDANS void Anticipe(const uchar* pixel, const qint32* entree, qint32 echantillons) {
-  const qsizetype dernier = (echantillons - 1) * kOctetsEchantillon;
+  const qsizetype dernier = (echantillons - 1) * kOctetsEchantillon<pas>;
   for (qsizetype octet = 0; octet <= dernier; octet += kLigneCache) _mm_prefetch(pixel + octet, _MM_HINT_T0);
   _mm_prefetch(entree, _MM_HINT_T0);
 }
 
 /// The samples of one row that lie in the picture. Gives the number of changed ones. It is counted in bytes, one for
 /// each of sixteen lanes: a row has less than 256 groups.
-template <typename Jeu>
+template <qint32 pas, typename Jeu>
 VAKTOR_DEDANS qint32 CompareDedans(const Jeu& jeu, PartageLigne partage, const uchar* pixel, qint32* entree,
-                                   PasLigne pas, MasquesLigne& masques) {
+                                   PasLigne suivante, MasquesLigne& masques) {
   __m128i comptes = _mm_setzero_si128();
   quint16* masque = masques.data();
   for (qint32 i = 0; i < partage.Groupes; ++i) {
-    Anticipe(pixel + pas.Pixels, entree + pas.Entrees, kGroupe);
+    Anticipe<pas>(pixel + suivante.Pixels, entree + suivante.Entrees, kGroupe);
     const __m128i changes = jeu.Groupe(pixel, entree);
     comptes = _mm_sub_epi8(comptes, changes);
     *masque++ = Masque(changes);
-    pixel += kGroupe * kOctetsEchantillon;
+    pixel += kGroupe * kOctetsEchantillon<pas>;
     entree += kGroupe;
   }
   if (partage.Reste > 0) {
-    Anticipe(pixel + pas.Pixels, entree + pas.Entrees, partage.Reste);
+    Anticipe<pas>(pixel + suivante.Pixels, entree + suivante.Entrees, partage.Reste);
     const __m128i changes = jeu.Fin(pixel, entree, partage.Reste);
     comptes = _mm_sub_epi8(comptes, changes);
     *masque = Masque(changes);
@@ -76,20 +81,20 @@ VAKTOR_DEDANS qint32 CompareDedans(const Jeu& jeu, PartageLigne partage, const u
   return Somme(comptes);
 }
 
-template <typename Jeu>
-VAKTOR_CIBLE void CompareBandeParGroupes(const BandeEchantillons& bande, qint32 tolerance, CumulBande& cumul) {
-  const Jeu jeu(tolerance);
+template <template <qint32> typename Jeu, qint32 pas>
+VAKTOR_CIBLE void CompareLignes(const BandeEchantillons& bande, qint32 tolerance, CumulBande& cumul) {
+  const Jeu<pas> jeu(tolerance);
   const PartageLigne partage = CalculePartage(bande);
   const std::size_t groupes = static_cast<std::size_t>(partage.Groupes) + (partage.Reste > 0 ? 1 : 0);
   const qint32 colonnes = bande.Avant + bande.Dedans + bande.Apres;
   MasquesLigne masques{};
   for (qint32 i = 0; i < bande.Lignes; ++i) {
-    const PasLigne pas = i + 1 < bande.Lignes ? PasLigne{bande.SautLigne, colonnes} : PasLigne{0, 0};
+    const PasLigne suivante = i + 1 < bande.Lignes ? PasLigne{bande.SautLigne, colonnes} : PasLigne{0, 0};
     const qint32 ligne = bande.PremiereLigne + i;
     qint32* entree = bande.Entrees + qsizetype{i} * colonnes;
     if (bande.Avant > 0) CompareDehors(entree, {0, ligne}, bande.Avant, tolerance, cumul);
     const qint32 changes =
-        CompareDedans(jeu, partage, bande.Pixels + i * bande.SautLigne, entree + bande.Avant, pas, masques);
+        CompareDedans<pas>(jeu, partage, bande.Pixels + i * bande.SautLigne, entree + bande.Avant, suivante, masques);
     const qint32 fin = bande.Avant + bande.Dedans;
     if (changes > 0) {
       cumul.Changes += changes;
@@ -99,6 +104,15 @@ VAKTOR_CIBLE void CompareBandeParGroupes(const BandeEchantillons& bande, qint32 
       if (elargit) cumul.CompteMasques(bande.Avant, std::span(masques).first(groupes));
     }
     if (bande.Apres > 0) CompareDehors(entree + fin, {fin, ligne}, bande.Apres, tolerance, cumul);
+  }
+}
+
+template <template <qint32> typename Jeu>
+void CompareBandeParGroupes(const BandeEchantillons& bande, qint32 tolerance, CumulBande& cumul) {
+  if (bande.PasPixels == 1) {
+    CompareLignes<Jeu, 1>(bande, tolerance, cumul);
+  } else {
+    CompareLignes<Jeu, kPasEchantillon>(bande, tolerance, cumul);
   }
 }
 

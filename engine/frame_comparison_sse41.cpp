@@ -14,15 +14,21 @@ namespace vaktor {
 namespace {
 
 constexpr qint32 kVoies = 4;
-constexpr qsizetype kOctetsBloc = kVoies * kOctetsEchantillon;
 static_assert(kPasEchantillon == 3, "the blends know which lanes the samples lie in");
 static_assert(TableEchantillons::kMarge >= kVoies - 1);
 
 VAKTOR_DEDANS __m128i Charge(const void* p) { return _mm_loadu_si128(static_cast<const __m128i_u*>(p)); }
 VAKTOR_DEDANS void Range(void* p, __m128i v) { _mm_storeu_si128(static_cast<__m128i_u*>(p), v); }
 
-/// The samples of twelve pixels, as colours, in the order of the scan.
+/// Four pixels as colours.
+VAKTOR_DEDANS __m128i Couleurs(__m128i pixels) {
+  return _mm_shuffle_epi8(pixels, _mm_setr_epi8(2, 1, 0, -1, 6, 5, 4, -1, 10, 9, 8, -1, 14, 13, 12, -1));
+}
+
+/// Four samples that lie `pas` pixels apart, as colours, in the order of the scan.
+template <qint32 pas>
 VAKTOR_DEDANS __m128i Rassemble(const uchar* pixel) {
+  if constexpr (pas == 1) return Couleurs(Charge(pixel));
   const __m128i ordre = _mm_setr_epi8(2, 1, 0, -1, 14, 13, 12, -1, 10, 9, 8, -1, 6, 5, 4, -1);
   const __m128i pixels =
       _mm_blend_epi16(_mm_blend_epi16(Charge(pixel), Charge(pixel + 32), 0x0c), Charge(pixel + 16), 0x30);
@@ -37,13 +43,13 @@ VAKTOR_DEDANS qint32 LitPixel(const uchar* pixel) {
 
 /// Up to four samples, read one by one: there is no load here that leaves out lanes, and a whole vector could end past
 /// the picture.
+template <qint32 pas>
 VAKTOR_DEDANS __m128i RassemblePartiel(const uchar* pixel, qint32 nombre) {
-  const __m128i ordre = _mm_setr_epi8(2, 1, 0, -1, 6, 5, 4, -1, 10, 9, 8, -1, 14, 13, 12, -1);
   __m128i pixels = _mm_cvtsi32_si128(LitPixel(pixel));
-  if (nombre > 1) pixels = _mm_insert_epi32(pixels, LitPixel(pixel + kOctetsEchantillon), 1);
-  if (nombre > 2) pixels = _mm_insert_epi32(pixels, LitPixel(pixel + 2 * kOctetsEchantillon), 2);
-  if (nombre > 3) pixels = _mm_insert_epi32(pixels, LitPixel(pixel + 3 * kOctetsEchantillon), 3);
-  return _mm_shuffle_epi8(pixels, ordre);
+  if (nombre > 1) pixels = _mm_insert_epi32(pixels, LitPixel(pixel + kOctetsEchantillon<pas>), 1);
+  if (nombre > 2) pixels = _mm_insert_epi32(pixels, LitPixel(pixel + 2 * kOctetsEchantillon<pas>), 2);
+  if (nombre > 3) pixels = _mm_insert_epi32(pixels, LitPixel(pixel + 3 * kOctetsEchantillon<pas>), 3);
+  return Couleurs(pixels);
 }
 
 /// Sixteen answers of four bytes become bytes.
@@ -51,7 +57,10 @@ VAKTOR_DEDANS __m128i Serre(__m128i a, __m128i b, __m128i c, __m128i d) {
   return _mm_packs_epi16(_mm_packs_epi32(a, b), _mm_packs_epi32(c, d));
 }
 
+template <qint32 pas>
 class JeuSse41 {
+  static constexpr qsizetype kOctetsBloc = kVoies * kOctetsEchantillon<pas>;
+
  public:
   VAKTOR_DEDANS explicit JeuSse41(qint32 tolerance) : Tolerance_(_mm_set1_epi32(tolerance)) {}
 
@@ -76,14 +85,14 @@ class JeuSse41 {
     return _mm_cmpgt_epi32(_mm_abs_epi32(_mm_sub_epi32(anciennes, couleurs)), Tolerance_);
   }
   VAKTOR_DEDANS __m128i Bloc(const uchar* pixel, qint32* entree) const {
-    const __m128i couleurs = Rassemble(pixel);
+    const __m128i couleurs = Rassemble<pas>(pixel);
     const __m128i anciennes = Charge(entree);
     Range(entree, couleurs);
     return Compare(couleurs, anciennes);
   }
   VAKTOR_DEDANS __m128i BlocPartiel(const uchar* pixel, qint32* entree, qint32 nombre) const {
     const __m128i actives = _mm_cmpgt_epi32(_mm_set1_epi32(nombre), _mm_setr_epi32(0, 1, 2, 3));
-    const __m128i couleurs = RassemblePartiel(pixel, nombre);
+    const __m128i couleurs = RassemblePartiel<pas>(pixel, nombre);
     const __m128i anciennes = Charge(entree);
     Range(entree, _mm_blendv_epi8(anciennes, couleurs, actives));
     return _mm_and_si128(Compare(couleurs, anciennes), actives);

@@ -4,20 +4,21 @@
 
 namespace vaktor {
 
-void SurfaceImage::Pose(const QImage& image) {
-  if (image.isNull()) return;
-  const bool autreTaille = image.size() != Taille_;
+void SurfaceImage::Pose(const ImageCamera& image) {
+  if (image.EstNulle()) return;
+  const QSize taille = image.Taille();
+  const bool autreTaille = taille != Taille_;
   Image_ = image;
   Nombre_ = 0;
   if (autreTaille) {
-    Taille_ = image.size();
+    Taille_ = taille;
     if (SurTaille_) SurTaille_();
   }
   if (SurChangement_) SurChangement_();
 }
 
 void SurfaceImage::Retire() {
-  Image_ = QImage();
+  Image_ = ImageCamera();
   Nombre_ = 0;
   if (SurChangement_) SurChangement_();
 }

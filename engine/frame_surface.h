@@ -1,5 +1,5 @@
-// The frame surface: Picture1 of FormMonitor as the rules see it. One picture that everybody shares, and a short list
-// of outlines over it. Nothing is ever drawn into the picture, so nothing is ever copied to be drawn on.
+// The frame surface: Picture1 of FormMonitor as the rules see it. One frame that everybody shares, and a short list of
+// outlines over it. Nothing is ever drawn into the picture, so nothing is ever copied to be drawn on.
 #pragma once
 
 #include <QImage>
@@ -7,6 +7,8 @@
 #include <QSize>
 #include <array>
 #include <functional>
+
+#include "engine/camera_image.h"
 
 namespace vaktor {
 
@@ -24,16 +26,20 @@ class SurfaceImage {
   /// Outlines kept at the most; a drag between two frames may ask for more, the oldest go.
   static constexpr int kContoursMax = 64;
 
-  /// Puts a new picture on the surface and drops all outlines. A picture of another size changes the surface's size
-  /// first and calls the handler of SurTaille. A null image is ignored: the earlier frame goes on.
-  void Pose(const QImage& image);
+  /// Puts a new frame on the surface and drops all outlines. A frame of another size changes the surface's size first
+  /// and calls the handler of SurTaille. A null one is ignored: the earlier frame goes on.
+  void Pose(const ImageCamera& image);
   /// Takes the picture away (camera stopped). The size stays.
   void Retire();
   /// Draws an outline over the picture until the next Pose.
   void Dessine(const Contour& contour);
 
-  const QImage& Image() const { return Image_; }  ///< null while no frame is there
-  QSize Taille() const { return Taille_; }        ///< scale width and height, in pixels
+  /// The whole picture, null while no frame is there. Whoever looks at a frame calls this: its pixels may be made only
+  /// now, once for all who look.
+  const QImage& Image() const { return Image_.Entiere(); }
+  /// The frame, for those who look at it later, or at some of its rows only.
+  const ImageCamera& Trame() const { return Image_; }
+  QSize Taille() const { return Taille_; }  ///< scale width and height, in pixels
   int NombreContours() const { return Nombre_; }
   const Contour& ContourNumero(int i) const { return Contours_.at(static_cast<std::size_t>(i)); }
 
@@ -42,7 +48,7 @@ class SurfaceImage {
   void SurChangement(std::function<void()> fonction) { SurChangement_ = std::move(fonction); }
 
  private:
-  QImage Image_;
+  ImageCamera Image_;
   QSize Taille_{kLargeurInitiale, kHauteurInitiale};
   std::array<Contour, kContoursMax> Contours_{};
   int Nombre_ = 0;

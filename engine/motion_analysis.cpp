@@ -18,6 +18,9 @@ bool DepasseApresBoucle(qint32 debut, qint32 fin) {
   return debut + pas * kPasEchantillon > std::numeric_limits<qint32>::max();
 }
 
+/// Of a zone that begins outside the picture too.
+qint32 ResteParTrois(qint32 bord) { return (bord % kPasEchantillon + kPasEchantillon) % kPasEchantillon; }
+
 [[noreturn]] void LanceDepassement() { throw Echec(kDepassement, QStringLiteral("Overflow")); }
 
 }  // namespace
@@ -57,8 +60,13 @@ void AnalyseurMouvement::VerifieLive() {
 }
 
 TrameBrute AnalyseurMouvement::TrameCourante() {
-  const QImage& image = Etat_.Surface.Image();
-  if (!image.isNull()) return {image.constBits(), image.bytesPerLine(), image.width(), image.height()};
+  const ImageCamera& image = Etat_.Surface.Trame();
+  const ZoneDetection& zone = Etat_.Detection.Zone;
+  // The view of the changed points shows the pixels between the samples too.
+  const TrameBrute trame = Etat_.Detection.ModeZoom
+                               ? image.Echantillons(ResteParTrois(zone.Gauche), ResteParTrois(zone.Haut))
+                               : PixelsDe(image.Entiere());
+  if (trame.Bits != nullptr) return trame;
   // The camera runs but has given no frame yet: the empty surface is black. One black row does for all of them.
   const QSize taille = Etat_.Surface.Taille();
   LigneNoire_.resize(static_cast<std::size_t>(taille.width()) * 4, 0);

@@ -35,7 +35,7 @@ void TicSurveillance::PoseImage() {
   Ports_.Pilote.SaisitImage();
   Ports_.Affichage.MontreSignalPerdu(Ports_.Pilote.SignalPerdu());
   const QSize avant = Etat_.Surface.Taille();
-  Etat_.Surface.Pose(Ports_.Pilote.CopieImage());
+  Etat_.Surface.Pose(Ports_.Pilote.CopieTrame());
   if (Etat_.Surface.Taille() != avant) SuitTailleSurface(Etat_);
 }
 

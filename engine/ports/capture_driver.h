@@ -3,6 +3,8 @@
 
 #include <QImage>
 
+#include "engine/camera_image.h"
+
 namespace vaktor {
 
 /// User-interface thread. The driver may use threads of its own below; every call here returns within a fraction of a
@@ -29,6 +31,10 @@ class PiloteCapture {
   /// scaled; a null image before the first one. Shared, not copied: it stays valid and unchanged as long as somebody
   /// holds it, and the driver takes its memory back for a later frame when nobody does.
   virtual QImage CopieImage() const = 0;
+
+  /// The same frame as the driver has it. CopieImage makes the picture of a frame that is still in the form to which it
+  /// was decoded; this does not, and its Entiere() is what CopieImage gives.
+  virtual ImageCamera CopieTrame() const { return CopieImage(); }
 
   /// True while the camera is connected and its newest frame is older than a stall takes to be noticed.
   virtual bool SignalPerdu() const = 0;

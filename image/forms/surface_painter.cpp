@@ -41,14 +41,14 @@ AxeEtire CalculeAxe(int position, int etendue, double cible) {
 }  // namespace
 
 void CopieSurface::Prend(const SurfaceImage& surface) {
-  Image = surface.Image();
+  Image = surface.Trame();
   Taille = surface.Taille();
   Contours.clear();
   for (int i = 0; i < surface.NombreContours(); ++i) Contours.push_back(surface.ContourNumero(i));
 }
 
 void PeintSurface(QPainter& peintre, const CopieSurface& copie) {
-  PeintImage(peintre, copie.Image, copie.Taille);
+  PeintImage(peintre, copie.Image.Entiere(), copie.Taille);
   for (const Contour& contour : copie.Contours) PeintContour(peintre, contour);
 }
 

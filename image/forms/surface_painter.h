@@ -15,9 +15,10 @@ namespace vaktor {
 
 inline constexpr QRgb kCouleurContour = qRgb(192, 192, 255);  ///< light blue, foreground colour of the surface
 
-/// A frame with its outlines as they stood at one moment. The picture is shared, not copied.
+/// A frame with its outlines as they stood at one moment. The frame is shared, not copied, and nothing of it is made
+/// before it is painted.
 struct CopieSurface {
-  QImage Image;
+  ImageCamera Image;
   QSize Taille;
   std::vector<Contour> Contours;
 

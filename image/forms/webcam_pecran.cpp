@@ -25,7 +25,7 @@ void WebcamPecran::closeEvent(QCloseEvent* evenement) {
 
 void WebcamPecran::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
-  if (Copie_.Image.isNull()) {
+  if (Copie_.Image.EstNulle()) {
     peintre.fillRect(rect(), Qt::black);
     return;
   }

@@ -85,15 +85,34 @@ void ReceptionImages::Espace(const GstBuffer* tampon) {
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
   GstMapInfo octets;
   if (!gst_buffer_map(tampon, &octets, GST_MAP_READ)) return;
-  const std::span<const quint8> jpeg(octets.data, octets.size);
-  const QSize taille = Jpeg_.Taille(jpeg);
-  QImage* image = taille.isEmpty() ? nullptr : Reserve_.Prend(taille);
-  const bool bonne = image != nullptr && Jpeg_.Decode(jpeg, *image);
+  const ImageCamera image = DecodeJpeg({octets.data, octets.size});
   gst_buffer_unmap(tampon, &octets);
-  if (bonne) Livre(*image);
+  if (!image.EstNulle()) Livre(image);
 }
 
+ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg) {
+  const QSize taille = Jpeg_.Taille(jpeg);
+  if (taille.isEmpty()) return {};
+  if (Jpeg_.PlansDeLImage().Format != GST_VIDEO_FORMAT_UNKNOWN) {
+    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+    if (!trame->DecodeJpeg(Jpeg_, jpeg, taille)) return {};
+    trame->Prepare();
+    return ImageCamera(trame);
+  }
+  QImage* image = Reserve_.Prend(taille);
+  return image != nullptr && Jpeg_.Decode(jpeg, *image) ? ImageCamera(*image) : ImageCamera();
+}
+
+// A buffer out of a pool is a device's or another element's, who may have few of them and wait for this one: its
+// picture is made at once. Any other with planes is kept as it is for as long as the frame is in use.
 void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
+  if (tampon->pool == nullptr && EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_))) {
+    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+    if (!trame->Garde(tampon, *Brut_)) return;
+    trame->Prepare();
+    Livre(ImageCamera(trame));
+    return;
+  }
   GstVideoFrame trame;
   if (!gst_video_frame_map(&trame, &*Brut_, tampon, GST_MAP_READ)) return;
   QImage* image = Reserve_.Prend(QSize(GST_VIDEO_FRAME_WIDTH(&trame), GST_VIDEO_FRAME_HEIGHT(&trame)));
@@ -103,10 +122,11 @@ void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
 }
 
 // The size told is that of the picture itself: JPEG frames may change theirs without any notice in the caps.
-void ReceptionImages::Livre(const QImage& image) {
-  if (Format_.Largeur != image.width() || Format_.Hauteur != image.height()) {
-    Format_.Largeur = image.width();
-    Format_.Hauteur = image.height();
+void ReceptionImages::Livre(const ImageCamera& image) {
+  const QSize taille = image.Taille();
+  if (Format_.Largeur != taille.width() || Format_.Hauteur != taille.height()) {
+    Format_.Largeur = taille.width();
+    Format_.Hauteur = taille.height();
     Boite_.FixeFormat(Format_);
   }
   Boite_.Depose(image);

@@ -10,6 +10,7 @@
 #include "platform/capture/gst_objects.h"
 #include "platform/capture/jpeg_decoder.h"
 #include "platform/capture/newest_frame.h"
+#include "platform/capture/plane_frame.h"
 
 namespace vaktor {
 
@@ -31,14 +32,16 @@ class ReceptionImages {
   GstFlowReturn Recoit(GstAppSink* puits);
   void Traite(GstSample* echantillon);
   void TraiteJpeg(GstBuffer* tampon);
+  ImageCamera DecodeJpeg(std::span<const quint8> jpeg);
   void TraiteBrut(GstBuffer* tampon);
   void LitCaps(GstCaps* caps);
   void Espace(const GstBuffer* tampon);
-  void Livre(const QImage& image);
+  void Livre(const ImageCamera& image);
 
   BoiteImages& Boite_;
   const Options Options_;
   ReserveImages Reserve_;
+  ReserveTrames Trames_;
   DecodeurJpeg Jpeg_;
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;

@@ -27,7 +27,7 @@ PiloteGStreamer::~PiloteGStreamer() {
 }
 
 bool PiloteGStreamer::Connecte() {
-  Image_ = QImage();
+  Image_ = ImageCamera();
   return Ouvre(DemandeVoulue());
 }
 
@@ -103,7 +103,9 @@ bool PiloteGStreamer::SaisitImage() {
   return true;
 }
 
-QImage PiloteGStreamer::CopieImage() const { return Image_; }
+QImage PiloteGStreamer::CopieImage() const { return Image_.Entiere(); }
+
+ImageCamera PiloteGStreamer::CopieTrame() const { return Image_; }
 
 bool PiloteGStreamer::SignalPerdu() const { return Session_ && Session_->Boite().Perdu(); }
 

@@ -29,6 +29,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   void Deconnecte() override;
   bool SaisitImage() override;
   QImage CopieImage() const override;
+  ImageCamera CopieTrame() const override;
   bool SignalPerdu() const override;
   void MontreDialogueFormat() override;
   void MontreDialogueSource() override;
@@ -59,7 +60,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   SourceCapture Source_;
   std::shared_ptr<SessionCapture> Session_;
   std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet
-  QImage Image_;
+  ImageCamera Image_;
   quint64 Numero_ = 0;
   quint64 Tour_ = 0;  // changes with each opening and closing: an opening that waits sees that it is no longer wanted
 };

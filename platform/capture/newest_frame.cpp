@@ -14,8 +14,8 @@ constexpr int kPeriodesPerdues = 4;
 
 }  // namespace
 
-void BoiteImages::Depose(const QImage& image) {
-  QImage ancienne;
+void BoiteImages::Depose(const ImageCamera& image) {
+  ImageCamera ancienne;
   {
     const std::lock_guard verrou(Verrou_);
     // The former frame is let go outside the lock: its memory may have to be freed.

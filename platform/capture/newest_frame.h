@@ -2,11 +2,11 @@
 // program's.
 #pragma once
 
-#include <QImage>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
 
+#include "engine/camera_image.h"
 #include "platform/capture/camera_format.h"
 
 namespace vaktor {
@@ -16,11 +16,11 @@ class BoiteImages {
   using Horloge = std::chrono::steady_clock;
 
   struct Arrivee {
-    QImage Image;
+    ImageCamera Image;
     quint64 Numero = 0;  ///< 1 for the first frame; 0: none yet
   };
 
-  void Depose(const QImage& image);
+  void Depose(const ImageCamera& image);
   /// The newest frame as soon as its number is above `dernier`; number 0 when none came within the time.
   Arrivee Attend(quint64 dernier, std::chrono::milliseconds delai);
   quint64 Numero() const;
@@ -40,7 +40,7 @@ class BoiteImages {
 
   mutable std::mutex Verrou_;
   std::condition_variable Nouvelle_;
-  QImage Image_;
+  ImageCamera Image_;
   quint64 Numero_ = 0;
   Horloge::time_point Instant_ = Horloge::now();
   FormatCamera Format_;

@@ -14,11 +14,7 @@ const char* const kCapsBruts =
 
 namespace {
 
-// One plane as libyuv wants it.
-struct Plan {
-  const quint8* Octets;
-  int Pas;
-};
+using Plan = PlansImage::Plan;
 
 struct Cible {
   quint8* Octets;
@@ -27,44 +23,19 @@ struct Cible {
   int Hauteur;
 };
 
-Plan PlanDe(const GstVideoFrame& trame, guint plan) {
-  return {static_cast<const quint8*>(GST_VIDEO_FRAME_PLANE_DATA(&trame, plan)),
-          GST_VIDEO_FRAME_PLANE_STRIDE(&trame, plan)};
-}
-
-// By component and not by plane: YV12 holds its chroma planes the other way round.
-Plan ComposanteDe(const GstVideoFrame& trame, guint composante) {
-  return {static_cast<const quint8*>(GST_VIDEO_FRAME_COMP_DATA(&trame, composante)),
-          GST_VIDEO_FRAME_COMP_STRIDE(&trame, composante)};
-}
-
-const libyuv::YuvConstants* MatriceDe(const GstVideoFrame& trame) {
-  const bool pleine = trame.info.colorimetry.range == GST_VIDEO_COLOR_RANGE_0_255;
-  switch (trame.info.colorimetry.matrix) {
-    case GST_VIDEO_COLOR_MATRIX_BT709:
-      return pleine ? &libyuv::kYuvF709Constants : &libyuv::kYuvH709Constants;
-    case GST_VIDEO_COLOR_MATRIX_BT2020:
-      return pleine ? &libyuv::kYuvV2020Constants : &libyuv::kYuv2020Constants;
-    default:
-      return pleine ? &libyuv::kYuvJPEGConstants : &libyuv::kYuvI601Constants;
-  }
-}
-
 using ConversionPlanaire = decltype(&libyuv::I420ToARGBMatrix);
 
-bool ConvertitPlanaire(ConversionPlanaire conversion, const GstVideoFrame& trame, const Cible& cible) {
-  const Plan y = ComposanteDe(trame, 0);
-  const Plan u = ComposanteDe(trame, 1);
-  const Plan v = ComposanteDe(trame, 2);
+bool ConvertitPlanaire(ConversionPlanaire conversion, const PlansImage& trame, const Cible& cible) {
+  const auto& [y, u, v] = trame.Plans;
   return conversion(y.Octets, y.Pas, u.Octets, u.Pas, v.Octets, v.Pas, cible.Octets, cible.Pas, MatriceDe(trame),
                     cible.Largeur, cible.Hauteur) == 0;
 }
 
 using ConversionDeuxPlans = decltype(&libyuv::NV12ToARGBMatrix);
 
-bool ConvertitDeuxPlans(ConversionDeuxPlans conversion, const GstVideoFrame& trame, const Cible& cible) {
-  const Plan y = PlanDe(trame, 0);
-  const Plan uv = PlanDe(trame, 1);
+bool ConvertitDeuxPlans(ConversionDeuxPlans conversion, const PlansImage& trame, const Cible& cible) {
+  const Plan& y = trame.Plans[0];
+  const Plan& uv = trame.Plans[1];
   return conversion(y.Octets, y.Pas, uv.Octets, uv.Pas, cible.Octets, cible.Pas, MatriceDe(trame), cible.Largeur,
                     cible.Hauteur) == 0;
 }
@@ -73,12 +44,12 @@ using Deballage = decltype(&libyuv::YUY2ToI422);
 
 // libyuv turns packed YUV into pixels with one matrix only. Unpacking a piece of a row at a time keeps the three parts
 // in the nearest cache, and any matrix can follow.
-bool ConvertitEntrelace(Deballage deballage, const GstVideoFrame& trame, const Cible& cible) {
+bool ConvertitEntrelace(Deballage deballage, const PlansImage& trame, const Cible& cible) {
   constexpr int kMorceau = 1024;  // even: a pair of pixels shares its chroma
   std::array<quint8, kMorceau> y;
   std::array<quint8, kMorceau / 2> u;
   std::array<quint8, kMorceau / 2> v;
-  const Plan source = PlanDe(trame, 0);
+  const Plan& source = trame.Plans[0];
   const libyuv::YuvConstants* matrice = MatriceDe(trame);
   for (int ligne = 0; ligne < cible.Hauteur; ++ligne) {
     const quint8* de = source.Octets + qptrdiff{ligne} * source.Pas;
@@ -95,8 +66,8 @@ bool ConvertitEntrelace(Deballage deballage, const GstVideoFrame& trame, const C
 }
 
 // 32-bit pixels: the fourth byte of what comes is anything.
-bool CopieQuatreOctets(const GstVideoFrame& trame, const Cible& cible, bool rougeDabord) {
-  const Plan source = PlanDe(trame, 0);
+bool CopieQuatreOctets(const PlansImage& trame, const Cible& cible, bool rougeDabord) {
+  const Plan& source = trame.Plans[0];
   for (int ligne = 0; ligne < cible.Hauteur; ++ligne) {
     const auto* de = reinterpret_cast<const quint32*>(source.Octets + qptrdiff{ligne} * source.Pas);
     auto* vers = reinterpret_cast<quint32*>(cible.Octets + qptrdiff{ligne} * cible.Pas);
@@ -114,19 +85,19 @@ bool CopieQuatreOctets(const GstVideoFrame& trame, const Cible& cible, bool roug
 
 using ConversionSimple = decltype(&libyuv::RAWToARGB);
 
-bool ConvertitSimple(ConversionSimple conversion, const GstVideoFrame& trame, const Cible& cible) {
-  const Plan source = PlanDe(trame, 0);
+bool ConvertitSimple(ConversionSimple conversion, const PlansImage& trame, const Cible& cible) {
+  const Plan& source = trame.Plans[0];
   return conversion(source.Octets, source.Pas, cible.Octets, cible.Pas, cible.Largeur, cible.Hauteur) == 0;
 }
 
-bool ConvertitGris(const GstVideoFrame& trame, const Cible& cible) {
-  const Plan y = PlanDe(trame, 0);
+bool ConvertitGris(const PlansImage& trame, const Cible& cible) {
+  const Plan& y = trame.Plans[0];
   return libyuv::I400ToARGBMatrix(y.Octets, y.Pas, cible.Octets, cible.Pas, MatriceDe(trame), cible.Largeur,
                                   cible.Hauteur) == 0;
 }
 
-bool Convertit(const GstVideoFrame& trame, const Cible& cible) {
-  switch (GST_VIDEO_FRAME_FORMAT(&trame)) {
+bool Convertit(const PlansImage& trame, const Cible& cible) {
+  switch (trame.Format) {
     case GST_VIDEO_FORMAT_I420:
     case GST_VIDEO_FORMAT_YV12:
       return ConvertitPlanaire(libyuv::I420ToARGBMatrix, trame, cible);
@@ -161,6 +132,18 @@ bool Convertit(const GstVideoFrame& trame, const Cible& cible) {
 
 }  // namespace
 
+const libyuv::YuvConstants* MatriceDe(const PlansImage& trame) {
+  const bool pleine = trame.Pleine;
+  switch (trame.Matrice) {
+    case GST_VIDEO_COLOR_MATRIX_BT709:
+      return pleine ? &libyuv::kYuvF709Constants : &libyuv::kYuvH709Constants;
+    case GST_VIDEO_COLOR_MATRIX_BT2020:
+      return pleine ? &libyuv::kYuvV2020Constants : &libyuv::kYuv2020Constants;
+    default:
+      return pleine ? &libyuv::kYuvJPEGConstants : &libyuv::kYuvI601Constants;
+  }
+}
+
 bool FormatConvertible(GstVideoFormat format) {
   static constexpr std::array kFormats = {GST_VIDEO_FORMAT_I420, GST_VIDEO_FORMAT_NV12, GST_VIDEO_FORMAT_YUY2,
                                           GST_VIDEO_FORMAT_BGRx, GST_VIDEO_FORMAT_UYVY, GST_VIDEO_FORMAT_NV21,
@@ -170,12 +153,35 @@ bool FormatConvertible(GstVideoFormat format) {
   return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
 }
 
-bool ConvertitImage(const GstVideoFrame& trame, QImage& image) {
-  const int largeur = GST_VIDEO_FRAME_WIDTH(&trame);
-  const int hauteur = GST_VIDEO_FRAME_HEIGHT(&trame);
-  if (image.size() != QSize(largeur, hauteur)) return false;
-  const Cible cible = {image.bits(), static_cast<int>(image.bytesPerLine()), largeur, hauteur};
-  return Convertit(trame, cible);
+bool EstPlanaire(GstVideoFormat format) {
+  return format == GST_VIDEO_FORMAT_I420 || format == GST_VIDEO_FORMAT_YV12 || format == GST_VIDEO_FORMAT_Y42B ||
+         format == GST_VIDEO_FORMAT_Y444;
 }
+
+PlansImage PlansDe(const GstVideoFrame& trame) {
+  PlansImage plans;
+  plans.Format = GST_VIDEO_FRAME_FORMAT(&trame);
+  plans.Matrice = trame.info.colorimetry.matrix;
+  plans.Pleine = trame.info.colorimetry.range == GST_VIDEO_COLOR_RANGE_0_255;
+  plans.Largeur = GST_VIDEO_FRAME_WIDTH(&trame);
+  plans.Hauteur = GST_VIDEO_FRAME_HEIGHT(&trame);
+  // By component and not by plane where they have planes of their own: YV12 holds its chroma the other way round.
+  const bool planaire = EstPlanaire(plans.Format);
+  const guint nombre = std::min(planaire ? GST_VIDEO_FRAME_N_COMPONENTS(&trame) : GST_VIDEO_FRAME_N_PLANES(&trame),
+                                static_cast<guint>(plans.Plans.size()));
+  for (guint i = 0; i < nombre; ++i) {
+    const guint plan = planaire ? static_cast<guint>(GST_VIDEO_FRAME_COMP_PLANE(&trame, i)) : i;
+    plans.Plans.at(i) = {static_cast<const quint8*>(GST_VIDEO_FRAME_PLANE_DATA(&trame, plan)),
+                         GST_VIDEO_FRAME_PLANE_STRIDE(&trame, plan)};
+  }
+  return plans;
+}
+
+bool ConvertitImage(const PlansImage& plans, QImage& image) {
+  if (image.size() != QSize(plans.Largeur, plans.Hauteur)) return false;
+  return Convertit(plans, {image.bits(), static_cast<int>(image.bytesPerLine()), plans.Largeur, plans.Hauteur});
+}
+
+bool ConvertitImage(const GstVideoFrame& trame, QImage& image) { return ConvertitImage(PlansDe(trame), image); }
 
 }  // namespace vaktor

@@ -2,8 +2,10 @@
 #pragma once
 
 #include <gst/video/video.h>
+#include <libyuv/convert_argb.h>
 
 #include <QImage>
+#include <array>
 
 namespace vaktor {
 
@@ -11,10 +13,30 @@ namespace vaktor {
 extern const char* const kCapsBruts;
 bool FormatConvertible(GstVideoFormat format);
 
+/// A raw frame as it lies in memory, whoever holds it.
+struct PlansImage {
+  struct Plan {
+    const quint8* Octets = nullptr;
+    int Pas = 0;  ///< bytes from one row to the next
+  };
+  GstVideoFormat Format = GST_VIDEO_FORMAT_UNKNOWN;
+  GstVideoColorMatrix Matrice = GST_VIDEO_COLOR_MATRIX_UNKNOWN;
+  bool Pleine = false;  ///< range 0 to 255
+  int Largeur = 0, Hauteur = 0;
+  std::array<Plan, 3> Plans{};  ///< Y, U, V where each has a plane of its own, else as they are stored
+};
+PlansImage PlansDe(const GstVideoFrame& trame);
+
+/// Brightness and the two colours have a plane each.
+bool EstPlanaire(GstVideoFormat format);
+/// What libyuv converts the frame with.
+const libyuv::YuvConstants* MatriceDe(const PlansImage& plans);
+
 /// Converts the whole frame into `image` (Format_RGB32, same size, nobody else holding it): bytes B, G, R, 0xff. The
 /// colour matrix and the range are those the frame announces; where it announces nothing GStreamer has already put
 /// the usual ones in (BT.601 for small pictures, BT.709 for large ones). Any thread, no allocation.
 /// False for a format or a size that does not fit; the image's content is then undefined.
+bool ConvertitImage(const PlansImage& plans, QImage& image);
 bool ConvertitImage(const GstVideoFrame& trame, QImage& image);
 
 }  // namespace vaktor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 
 #include "engine/ports/capture_driver.h"
 #include "fakes/journal.h"
@@ -34,6 +35,9 @@ class PiloteFaux : public PiloteCapture {
     Journal_.Note([] { return QStringLiteral("CopieImage"); });
     return Saisie_;
   }
+  ImageCamera CopieTrame() const override {
+    return SuivanteDifferee != nullptr ? ImageCamera(SuivanteDifferee) : ImageCamera(CopieImage());
+  }
   bool SignalPerdu() const override { return Perdu; }
   void MontreDialogueFormat() override {
     Journal_.Note([] { return QStringLiteral("DialogueFormat"); });
@@ -46,13 +50,14 @@ class PiloteFaux : public PiloteCapture {
 
   bool EstConnecte() const { return Connecte_; }
 
-  bool Presente = true;                    ///< Connecte succeeds
-  bool Muette = false;                     ///< SaisitImage finds no newer frame
-  bool Perdu = false;                      ///< SignalPerdu
-  QImage Image;                            ///< the frame that the next grab takes
-  std::function<QImage()> Suivante;        ///< if set, asked for a frame at each grab instead
-  std::function<void()> PendantDialogue;   ///< runs while one of the dialogs is open
-  std::function<void()> PendantConnexion;  ///< runs while Connecte waits for a first frame
+  bool Presente = true;                             ///< Connecte succeeds
+  bool Muette = false;                              ///< SaisitImage finds no newer frame
+  bool Perdu = false;                               ///< SignalPerdu
+  QImage Image;                                     ///< the frame that the next grab takes
+  std::function<QImage()> Suivante;                 ///< if set, asked for a frame at each grab instead
+  std::shared_ptr<TrameDifferee> SuivanteDifferee;  ///< if set, given as the frame that was grabbed
+  std::function<void()> PendantDialogue;            ///< runs while one of the dialogs is open
+  std::function<void()> PendantConnexion;           ///< runs while Connecte waits for a first frame
   qint32 Saisies = 0;
 
  private:

@@ -106,7 +106,7 @@ TEST(SurveillanceView, EnlargedViewRunsOneTickBehindAndKeepsTheOutlines) {
   banc.Pilote.Image = BancFenetre::ImageUnie(64, 48, qRgb(200, 0, 0));
   banc.Tic();
   ASSERT_NE(banc.PleinEcran.Forme(), nullptr) << "filled whether it shows or not";
-  EXPECT_EQ(banc.PleinEcran.Forme()->Copie().Image.constBits(), premiere.constBits()) << "taken by reference";
+  EXPECT_EQ(banc.PleinEcran.Forme()->Copie().Image.Entiere().constBits(), premiere.constBits()) << "taken by reference";
   EXPECT_EQ(static_cast<int>(banc.PleinEcran.Forme()->Copie().Contours.size()), contours);
 }
 

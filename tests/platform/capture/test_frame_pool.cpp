@@ -41,7 +41,7 @@ TEST(ReserveImages, NeedsNoNewBufferInASteadyState) {
     boite.Depose(*image);
     if (i % 2 == 0) {
       montree = prise;
-      prise = boite.Attend(0, std::chrono::milliseconds(0)).Image;
+      prise = boite.Attend(0, std::chrono::milliseconds(0)).Image.Entiere();
     }
     memoires.insert(image->constBits());
   }

@@ -1,0 +1,59 @@
+// A frame as the capture driver hands it over: a picture, or something that a picture is made of once somebody looks.
+#pragma once
+
+#include <QImage>
+#include <QSize>
+#include <memory>
+
+#include "engine/raw_frame.h"
+
+namespace vaktor {
+
+/// A frame that is still in the form it was decoded to. The comparison reads one pixel in nine of it, and most
+/// frames are seen by nobody else: its pixels are made when they are asked for, and both ways give the same bytes.
+/// User-interface thread; its last holder may let go of it on any thread.
+class TrameDifferee {
+ public:
+  TrameDifferee() = default;
+  virtual ~TrameDifferee() = default;
+  TrameDifferee(const TrameDifferee&) = delete;
+  TrameDifferee& operator=(const TrameDifferee&) = delete;
+
+  /// Never empty.
+  virtual QSize Taille() const = 0;
+  /// The pixels with x % 3 == `resteX` and y % 3 == `resteY` (0 to 2) at the least. Valid as long as the frame is held
+  /// and no others are asked for; Bits is null when there is no memory. A driver may have these of the next frames
+  /// ready beforehand.
+  virtual TrameBrute Echantillons(qint32 resteX, qint32 resteY) = 0;
+  /// All rows, Format_RGB32. Made at the first call and kept as long as the frame is; null when there is no memory. A
+  /// driver may make the next frames whole beforehand.
+  virtual const QImage& Entiere() = 0;
+};
+
+/// Of a null image: Bits is null.
+inline TrameBrute PixelsDe(const QImage& image) {
+  return {image.constBits(), image.bytesPerLine(), image.width(), image.height()};
+}
+
+/// A value: copies share the frame. Null while there is none.
+class ImageCamera {
+ public:
+  ImageCamera() = default;
+  ImageCamera(const QImage& image) : Image_(image) {}  // NOLINT(google-explicit-constructor): a picture is a frame
+  explicit ImageCamera(std::shared_ptr<TrameDifferee> trame) : Trame_(std::move(trame)) {}
+
+  bool EstNulle() const { return Trame_ == nullptr && Image_.isNull(); }
+  QSize Taille() const { return Trame_ != nullptr ? Trame_->Taille() : Image_.size(); }
+  /// The picture, made now if it has to be.
+  const QImage& Entiere() const { return Trame_ != nullptr ? Trame_->Entiere() : Image_; }
+  /// TrameDifferee::Echantillons; a picture has all its pixels.
+  TrameBrute Echantillons(qint32 resteX, qint32 resteY) const {
+    return Trame_ != nullptr ? Trame_->Echantillons(resteX, resteY) : PixelsDe(Image_);
+  }
+
+ private:
+  QImage Image_;
+  std::shared_ptr<TrameDifferee> Trame_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,114 @@
+#include "platform/capture/plane_frame.h"
+
+namespace vaktor {
+namespace {
+
+// The one being filled, the newest, the one taken, and some that a view or a slow reader keeps. Somebody who keeps more
+// gets them, but they do not come back here.
+constexpr size_t kNombreMaximal = 8;
+
+}  // namespace
+
+bool TramePlans::Garde(GstBuffer* tampon, const GstVideoInfo& info) {
+  if (!gst_video_frame_map(&Trame_, &info, tampon, GST_MAP_READ)) {
+    Trame_ = {};
+    return false;
+  }
+  Plans_ = PlansDe(Trame_);
+  return true;
+}
+
+bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille) {
+  const DecodeurJpeg::Plans& plans = decodeur.PlansDeLImage();
+  std::array<size_t, 3> debuts{};
+  size_t fin = 0;
+  for (size_t i = 0; i < debuts.size(); ++i) {
+    debuts.at(i) = fin;
+    fin += static_cast<size_t>(plans.Plan.at(i).Pas) * static_cast<size_t>(plans.Plan.at(i).Lignes);
+  }
+  Octets_.resize(fin);
+  std::array<quint8*, 3> ou{};
+  Plans_ = {plans.Format, GST_VIDEO_COLOR_MATRIX_BT601, true, taille.width(), taille.height(), {}};
+  for (size_t i = 0; i < ou.size(); ++i) {
+    ou.at(i) = Octets_.data() + debuts.at(i);
+    Plans_.Plans.at(i) = {ou.at(i), plans.Plan.at(i).Pas};
+  }
+  return decodeur.DecodePlans(jpeg, ou);
+}
+
+void TramePlans::Vide() {
+  if (Trame_.buffer != nullptr) gst_video_frame_unmap(&Trame_);
+  // The readers had this frame and made do with its samples: those of the next ones will do too. A frame that came too
+  // fast for them tells nothing.
+  if (Comparee_ && !Regardee_) Habitudes_->Entieres = false;
+  if (!Habitudes_->Entieres || !Image_.isDetached()) Image_ = QImage();
+  Trame_ = {};
+  Plans_ = PlansImage();
+  Restes_ = kAucun;
+  EstFaite_ = Comparee_ = Regardee_ = false;
+}
+
+void TramePlans::Prepare() {
+  if (Habitudes_->Entieres) {
+    FaisEntiere();
+  } else {
+    FaisEchantillons(Habitudes_->Restes);
+  }
+}
+
+// Nine times less memory than a picture. The reader goes three times OctetsParLigne from y to y + 3, so a stored row is
+// three of them long, and row 0 lies up to two of them before the first one.
+void TramePlans::FaisEchantillons(qint32 restes) {
+  constexpr qsizetype kMultiple = 64;  // a cache line
+  const qsizetype parLigne = (qsizetype{Plans_.Largeur} + 2) / 3;
+  const qsizetype tiers = (4 * parLigne + 3 * kMultiple - 1) / (3 * kMultiple) * kMultiple;
+  const qsizetype lignes = (qsizetype{Plans_.Hauteur} + 2) / 3;
+  Echantillons_.resize(static_cast<std::size_t>((3 * lignes + 2) * tiers));
+  quint8* premiere = Echantillons_.data() + 2 * tiers;
+  const qint32 resteX = restes % 3;
+  const qint32 resteY = restes / 3;
+  ConvertitEchantillons(Plans_, resteX, resteY, {premiere, 3 * tiers});
+  Brute_ = {premiere - resteY * tiers, tiers, Plans_.Largeur, Plans_.Hauteur, true};
+  Restes_ = restes;
+}
+
+bool TramePlans::FaisEntiere() {
+  if (Image_.size() != Taille()) Image_ = QImage(Taille(), QImage::Format_RGB32);
+  EstFaite_ = !Image_.isNull() && ConvertitImage(Plans_, Image_);
+  return EstFaite_;
+}
+
+TrameBrute TramePlans::Echantillons(qint32 resteX, qint32 resteY) {
+  Comparee_ = true;
+  const qint32 restes = 3 * resteY + resteX;
+  Habitudes_->Restes = restes;
+  if (EstFaite_) return PixelsDe(Image_);
+  if (Restes_ != restes) FaisEchantillons(restes);
+  return Brute_;
+}
+
+const QImage& TramePlans::Entiere() {
+  static const QImage kAucuneImage;
+  Regardee_ = true;
+  Habitudes_->Entieres = true;
+  return EstFaite_ || FaisEntiere() ? Image_ : kAucuneImage;
+}
+
+// What comes back is emptied at the next frame and not only when it is needed: a film's decoder then finds its memory
+// again, instead of taking more.
+std::shared_ptr<TramePlans> ReserveTrames::Prend() {
+  std::shared_ptr<TramePlans> libre;
+  for (const std::shared_ptr<TramePlans>& trame : Trames_) {
+    if (trame.use_count() > 1) continue;
+    // The last holder let go on another thread; what it read must lie before what is written now.
+    std::atomic_thread_fence(std::memory_order_acquire);
+    trame->Vide();
+    if (libre == nullptr) libre = trame;
+  }
+  if (libre != nullptr) return libre;
+  libre = std::make_shared<TramePlans>(Habitudes_);
+  if (Trames_.size() < kNombreMaximal) Trames_.push_back(libre);
+  return libre;
+}
+
+}  // namespace vaktor

@@ -1,0 +1,93 @@
+// JPEG frames that stay in their planes: the same picture, and nothing that a damaged one leaves behind.
+#include <gtest/gtest.h>
+#include <turbojpeg.h>
+
+#include <cmath>
+
+#include "platform/capture/plane_frame.h"
+
+namespace vaktor {
+namespace {
+
+// Soft colours, so that the two ways of spreading chroma over its pixels agree.
+QByteArray FabriqueJpeg(QSize taille, int sousEchantillon, int couleurs = TJPF_BGRX) {
+  QImage image(taille, QImage::Format_RGB32);
+  for (int y = 0; y < taille.height(); ++y) {
+    for (int x = 0; x < taille.width(); ++x) image.setPixel(x, y, qRgb(40 + x % 90, 60 + y % 80, 120 + (x + y) % 50));
+  }
+  const QImage gris = image.convertToFormat(QImage::Format_Grayscale8);
+  const QImage& source = couleurs == TJPF_GRAY ? gris : image;
+  unsigned char* jpeg = nullptr;
+  unsigned long longueur = 0;
+  tjhandle turbo = tjInitCompress();
+  tjCompress2(turbo, source.constBits(), taille.width(), static_cast<int>(source.bytesPerLine()), taille.height(),
+              couleurs, &jpeg, &longueur, sousEchantillon, 95, 0);
+  const QByteArray resultat(reinterpret_cast<const char*>(jpeg), static_cast<qsizetype>(longueur));
+  tjFree(jpeg);
+  tjDestroy(turbo);
+  return resultat;
+}
+
+std::span<const quint8> Octets(const QByteArray& jpeg) {
+  return {reinterpret_cast<const quint8*>(jpeg.constData()), static_cast<size_t>(jpeg.size())};
+}
+
+int Ecart(const QImage& a, const QImage& b) {
+  int pire = 0;
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      const QRgb p = a.pixel(x, y);
+      const QRgb q = b.pixel(x, y);
+      pire = std::max({pire, std::abs(qRed(p) - qRed(q)), std::abs(qGreen(p) - qGreen(q)),
+                       std::abs(qBlue(p) - qBlue(q)), std::abs(qAlpha(p) - qAlpha(q))});
+    }
+  }
+  return pire;
+}
+
+TEST(PlansJpeg, GiveThePictureThatTheDecoderGives) {
+  for (const int sousEchantillon : {TJSAMP_420, TJSAMP_422, TJSAMP_444}) {
+    for (const QSize taille : {QSize(64, 48), QSize(65, 47), QSize(1, 1), QSize(3, 2)}) {
+      const QByteArray jpeg = FabriqueJpeg(taille, sousEchantillon);
+      DecodeurJpeg decodeur;
+      ASSERT_EQ(decodeur.Taille(Octets(jpeg)), taille);
+      ASSERT_NE(decodeur.PlansDeLImage().Format, GST_VIDEO_FORMAT_UNKNOWN);
+      ReserveTrames reserve;
+      const auto trame = reserve.Prend();
+      ASSERT_TRUE(trame->DecodeJpeg(decodeur, Octets(jpeg), taille));
+      trame->Prepare();
+      QImage direct(taille, QImage::Format_RGB32);
+      ASSERT_TRUE(decodeur.Decode(Octets(jpeg), direct));
+      // Full range and factors of a sixty-fourth: three off at most, as everywhere.
+      EXPECT_LE(Ecart(trame->Entiere(), direct), 3) << sousEchantillon << " " << taille.width();
+    }
+  }
+}
+
+TEST(PlansJpeg, GreyAndRarePicturesAreLeftToTheDecoderItself) {
+  DecodeurJpeg decodeur;
+  const QByteArray gris = FabriqueJpeg({32, 16}, TJSAMP_GRAY, TJPF_GRAY);
+  EXPECT_EQ(decodeur.Taille(Octets(gris)), QSize(32, 16));
+  EXPECT_EQ(decodeur.PlansDeLImage().Format, GST_VIDEO_FORMAT_UNKNOWN);
+  const QByteArray debout = FabriqueJpeg({32, 16}, TJSAMP_440);
+  EXPECT_EQ(decodeur.Taille(Octets(debout)), QSize(32, 16));
+  EXPECT_EQ(decodeur.PlansDeLImage().Format, GST_VIDEO_FORMAT_UNKNOWN);
+}
+
+TEST(PlansJpeg, AFrameCutAnywhereIsDroppedAndTheNextOneSeen) {
+  const QSize taille(64, 48);
+  const QByteArray jpeg = FabriqueJpeg(taille, TJSAMP_422);
+  DecodeurJpeg decodeur;
+  ReserveTrames reserve;
+  for (qsizetype longueur = 0; longueur < jpeg.size() - 2; longueur += 7) {
+    const QByteArray coupee = jpeg.left(longueur);
+    if (!decodeur.Taille(Octets(coupee)).isEmpty()) {
+      EXPECT_FALSE(reserve.Prend()->DecodeJpeg(decodeur, Octets(coupee), taille)) << longueur;
+    }
+    ASSERT_EQ(decodeur.Taille(Octets(jpeg)), taille) << longueur;
+    ASSERT_TRUE(reserve.Prend()->DecodeJpeg(decodeur, Octets(jpeg), taille)) << longueur;
+  }
+}
+
+}  // namespace
+}  // namespace vaktor
