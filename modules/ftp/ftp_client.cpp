@@ -11,7 +11,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "modules/ftp/ftp_dialogue.h"
+#include "modules/ftp/ftp_failure.h"
 #include "modules/ftp/jpeg_check.h"
 #include "modules/ftp/server_address.h"
 
@@ -129,6 +129,10 @@ ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurE
     }
     case GenreTravail::kPage:
       return Publie(travail, travail.Contenu);
+    case GenreTravail::kTaille:
+      return Parle(travail, nullptr, {QStringLiteral("SIZE ") + travail.Nom}, {});
+    case GenreTravail::kEfface:
+      return Parle(travail, nullptr, {QStringLiteral("DELE ") + travail.Nom}, {});
     case GenreTravail::kSigne:
       break;
   }
@@ -147,23 +151,23 @@ ResultatFtp ClientFtp::Connecte(const TravailFtp& travail, const OuvrierFtp::Sur
 
 ResultatFtp ClientFtp::Publie(const TravailFtp& travail, const QByteArray& contenu) {
   TravailFtp provisoire = travail;
-  provisoire.Nom = kNomProvisoire;
+  provisoire.Nom = travail.Provisoire.isEmpty() ? QString(kNomProvisoire) : travail.Provisoire;
   if (!RenommeParDessus_) {
     ResultatFtp envoi = Parle(provisoire, &contenu, {}, {});
-    return envoi.Issue == IssueFtp::kReussi ? Renomme(travail) : envoi;
+    return envoi.Issue == IssueFtp::kReussi ? Renomme(travail, provisoire.Nom) : envoi;
   }
   ResultatFtp envoi = Parle(provisoire, &contenu,
-                            {QStringLiteral("RNFR ") + kNomProvisoire, QStringLiteral("RNTO ") + travail.Nom}, {});
+                            {QStringLiteral("RNFR ") + provisoire.Nom, QStringLiteral("RNTO ") + travail.Nom}, {});
   if (envoi.Issue != IssueFtp::kRefus || !QuoteRefusee_) return envoi;
-  ResultatFtp secours = Renomme(travail);
+  ResultatFtp secours = Renomme(travail, provisoire.Nom);
   if (secours.Issue == IssueFtp::kReussi) RenommeParDessus_ = false;
   return secours;
 }
 
-ResultatFtp ClientFtp::Renomme(const TravailFtp& travail) {
+ResultatFtp ClientFtp::Renomme(const TravailFtp& travail, const QString& provisoire) {
   // The star: a file that is not there cannot be deleted, and need not be.
   return Parle(travail, nullptr,
-               {QStringLiteral("*DELE ") + travail.Nom, QStringLiteral("RNFR ") + kNomProvisoire,
+               {QStringLiteral("*DELE ") + travail.Nom, QStringLiteral("RNFR ") + provisoire,
                 QStringLiteral("RNTO ") + travail.Nom},
                {});
 }
@@ -214,7 +218,7 @@ void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, con
 
 ResultatFtp ClientFtp::Parle(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
                              const OuvrierFtp::SurEtape& etape) {
-  Conversation conversation{DialogueFtp(etape), contenu, Arret_};
+  Conversation conversation{DialogueFtp(etape, Options_.Suivi), contenu, Arret_};
   Regle(travail, conversation, contenu);
   const Liste suite(commandes);
   curl_easy_setopt(Poignee_, CURLOPT_POSTQUOTE, suite.Tete);
@@ -239,7 +243,7 @@ ResultatFtp ClientFtp::JugeNom(const QString& hote) const {
 ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversation& conversation) const {
   if (code == CURLE_OK) return {};
   const DialogueFtp& dialogue = conversation.Dialogue;
-  ResultatFtp resultat{IssueFtp::kPasDeConnexion, QString::fromUtf8(dialogue.Refus())};
+  ResultatFtp resultat{IssueFtp::kPasDeConnexion, QString::fromUtf8(dialogue.Refus()), PreciseEchec(code, dialogue)};
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(conversation.Erreur.data());
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(curl_easy_strerror(static_cast<CURLcode>(code)));
   const int refus = dialogue.CodeRefus();

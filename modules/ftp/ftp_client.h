@@ -7,11 +7,12 @@
 #include <functional>
 #include <memory>
 
+#include "modules/ftp/ftp_dialogue.h"
 #include "modules/ftp/ftp_worker.h"
 
 namespace vaktor {
 
-/// What tests change.
+/// What tests and the rehearsal change.
 struct OptionsClient {
   int DelaiConnexion = 20;   ///< seconds until a connection stands
   int DelaiReponse = 20;     ///< seconds until the server answers a command
@@ -19,12 +20,13 @@ struct OptionsClient {
   QString FichierAutorites;  ///< PEM file of trusted authorities; empty: those of the system
   /// Looks up a host name: 0 or one of getaddrinfo()'s codes. Empty: asks the system.
   std::function<int(const QString& hote)> Cherche;
+  SurReplique Suivi = {};  ///< hears the server, from inside Execute
 };
 
 /// One control connection, kept between jobs and opened again where it is gone. Explicit TLS when the server offers it;
 /// a certificate that cannot be trusted is a failure, not a reason to go on without. Passive mode.
 ///
-/// A file is sent under kNomProvisoire and renamed: a visitor of the site gets the old picture or the new one, never
+/// A file is sent under a name of its own and renamed: a visitor of the site gets the old picture or the new one, never
 /// half of one. Some servers do not rename over a file that exists; there the old one is deleted first.
 class ClientFtp {
  public:
@@ -45,7 +47,7 @@ class ClientFtp {
 
   ResultatFtp Connecte(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape);
   ResultatFtp Publie(const TravailFtp& travail, const QByteArray& contenu);
-  ResultatFtp Renomme(const TravailFtp& travail);
+  ResultatFtp Renomme(const TravailFtp& travail, const QString& provisoire);
   /// One run of the library. `commandes` are sent behind the transfer, or alone when there is no `contenu`.
   ResultatFtp Parle(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
                     const OuvrierFtp::SurEtape& etape);

@@ -26,9 +26,13 @@ void DialogueFtp::NoteReponse(const QByteArray& lignes) {
 }
 
 void DialogueFtp::NoteLigne(const QByteArray& ligne) {
+  if (ligne.isEmpty()) return;
   bool nombre = false;
   const int code = ligne.left(3).toInt(&nombre);
-  if (!nombre || ligne.size() < 3) return;
+  const bool propre = nombre && ligne.size() >= 3;
+  if (!propre && !Salue_) Etranger_ = true;
+  if (Replique_ && (propre || Etranger_)) Replique_(Verbe_, ligne);
+  if (!propre) return;
   if (code == kPret && !Salue_) {
     Salue_ = true;
     if (Etape_) Etape_(EtapeFtp::kServeurTrouve);

@@ -3,14 +3,20 @@
 #pragma once
 
 #include <QByteArray>
+#include <functional>
 
 #include "modules/ftp/ftp_worker.h"
 
 namespace vaktor {
 
+/// One line of the server, at most 300 characters, and the verb of the command that it answers, empty for the greeting.
+/// Inner lines of a long answer, which may begin with anything, are left out.
+using SurReplique = std::function<void(const QByteArray& verbe, const QByteArray& ligne)>;
+
 class DialogueFtp {
  public:
-  explicit DialogueFtp(const OuvrierFtp::SurEtape& etape) : Etape_(etape) {}
+  /// Both outlive it and may be empty.
+  DialogueFtp(const OuvrierFtp::SurEtape& etape, const SurReplique& replique) : Etape_(etape), Replique_(replique) {}
 
   /// A line of ours. Only its verb is kept: what stands behind it may be a password.
   void NoteCommande(const QByteArray& ligne);
@@ -20,15 +26,20 @@ class DialogueFtp {
   /// The last refusal that matters, one line of at most 300 characters; empty when nothing was refused. A server that
   /// does not know TLS or the extended passive mode refuses these, and that is no failure.
   const QByteArray& Refus() const { return Refus_; }
+  const QByteArray& Verbe() const { return Verbe_; }  ///< of our last command
+  /// Something came instead of a greeting that no FTP server says.
+  bool EstEtranger() const { return Etranger_; }
   int CodeRefus() const { return Refus_.left(3).toInt(); }
 
  private:
   void NoteLigne(const QByteArray& ligne);
 
   const OuvrierFtp::SurEtape& Etape_;
+  const SurReplique& Replique_;
   QByteArray Verbe_;
   QByteArray Refus_;
   bool Salue_ = false;
+  bool Etranger_ = false;
 };
 
 }  // namespace vaktor

@@ -3,15 +3,11 @@
 
 #include <algorithm>
 
-#include "modules/ftp/server_address.h"
+#include "modules/ftp/ftp_access.h"
 
 namespace vaktor {
 
 namespace {
-
-bool AUnControle(const QString& texte) {
-  return std::any_of(texte.begin(), texte.end(), [](QChar signe) { return signe.category() == QChar::Other_Control; });
-}
 
 qint32 LitTaille(const QString& texte, qint32 defaut) {
   const qint32 taille = texte.toInt();
@@ -53,12 +49,9 @@ ModuleFtp::ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp>
 
 void ModuleFtp::PrendReglages(const ReglagesModule& reglages) {
   const Parametres& valeurs = reglages.Valeurs;
-  const AdresseServeur adresse = LitAdresseServeur(valeurs.AdresseFtp);
-  Voulu_ = {adresse.Hote, adresse.Port, valeurs.UtilisateurFtp, valeurs.MotDePasseFtp, valeurs.RepertoireFtp};
-  // Line breaks and the like would become commands to the server.
-  Incomplet_ = adresse.Hote.isEmpty() || !adresse.Valable || Voulu_.Utilisateur.isEmpty() ||
-               Voulu_.MotDePasse.isEmpty() || AUnControle(Voulu_.Utilisateur) || AUnControle(Voulu_.MotDePasse) ||
-               AUnControle(Voulu_.Dossier);
+  const AccesLu lu = LitAcces(valeurs);
+  Voulu_ = lu.Acces;
+  Incomplet_ = lu.Manque != ManqueAcces::kRien;
   Page_.Langue = valeurs.LangueCourante;
   Page_.Couleur = valeurs.IndexCouleurPage;
   Page_.Intervalle = LitIntervalle(valeurs.IntervalleFtp);

@@ -29,9 +29,25 @@ enum class IssueFtp {
   kSourceIncomplete  ///< the local file is missing or no whole JPEG at the moment; nothing was sent
 };
 
+/// Why a job failed, where that is known more exactly. The companion's rules need none of it; a person who looks for
+/// the mistake does.
+enum class PrecisionFtp {
+  kAucune,
+  kPersonne,    ///< the port is closed
+  kDelai,       ///< no answer in time
+  kPasFtp,      ///< who answers speaks something else
+  kCertificat,  ///< not trusted, or another's
+  kTls,         ///< the encryption could not be agreed upon
+  kComplet,     ///< the server has too many guests, or too many of this user
+  kDonnees,     ///< the second connection, for the file itself, could not be made (passive mode)
+  kPlace,       ///< no space, quota used up
+  kCoupure      ///< the connection broke
+};
+
 struct ResultatFtp {
   IssueFtp Issue = IssueFtp::kReussi;
   QString Mots;  ///< the server's last words of refusal, or the library's; one line
+  PrecisionFtp Precision = PrecisionFtp::kAucune;
 };
 
 /// A step of a connection as it is reached, in this order.
@@ -41,7 +57,9 @@ enum class GenreTravail {
   kConnexion,  ///< a new connection, up to the folder
   kFichier,    ///< a file of this machine, JPEG, under its final name in one step
   kPage,       ///< Contenu, likewise
-  kSigne       ///< a sign of life, so that an idle connection stays and a dead one is noticed
+  kSigne,      ///< a sign of life, so that an idle connection stays and a dead one is noticed
+  kTaille,     ///< asks for the size of the file Nom; the answer is one of the server's words
+  kEfface      ///< deletes the file Nom
 };
 
 struct TravailFtp {
@@ -50,6 +68,8 @@ struct TravailFtp {
   QString Source;      ///< native path, for kFichier
   QByteArray Contenu;  ///< for kPage
   QString Nom;         ///< name on the server, no "/" and no control character in it
+  /// The name under which a file is sent before it is renamed; empty: ClientFtp::kNomProvisoire.
+  QString Provisoire = {};
 };
 
 class OuvrierFtp {

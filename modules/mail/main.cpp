@@ -1,9 +1,6 @@
 // VAKTORmail: sends the mails of the alarm.
-#include <QCoreApplication>
 #include <QDateTime>
-#include <QFile>
 #include <QRandomGenerator>
-#include <QTextStream>
 #include <algorithm>
 #include <cstring>
 #include <vector>
@@ -14,8 +11,6 @@
 
 namespace vaktor {
 namespace {
-
-constexpr qint64 kDemandeMax = 1024 * 1024;
 
 /// The arguments that are this companion's own, taken out of argv; the others are for ExecuteModule.
 struct Arguments {
@@ -52,15 +47,6 @@ DescriptionModule DonneDescription() {
               "  Certificate authorities beside those of the system (PEM).\n\n")};
 }
 
-int Repete(const QString& autorites, int argc, char** argv) {
-  const QCoreApplication application(argc, argv);
-  QFile entree;
-  if (!entree.open(stdin, QIODevice::ReadOnly)) return static_cast<int>(FinRepetition::kDemandeIllisible);
-  QTextStream sortie(stdout);
-  return static_cast<int>(
-      RepeteEnvoi(entree.read(kDemandeMax), autorites, [&](const QString& ligne) { sortie << ligne << Qt::endl; }));
-}
-
 std::unique_ptr<Module> CreeModule(const ContexteModule& contexte, const QString& autorites) {
   PortsMail ports;
   ports.DossierBoite = contexte.Dossiers.Etat + QStringLiteral("/courrier");
@@ -82,7 +68,12 @@ int main(int argc, char** argv) {
   Arguments arguments = TrieArguments(argc, argv);
   auto nombre = static_cast<int>(arguments.Autres.size());
   arguments.Autres.push_back(nullptr);
-  if (arguments.Repetition && nombre == 1) return Repete(arguments.Autorites, nombre, arguments.Autres.data());
+  if (arguments.Repetition && nombre == 1) {
+    return ExecuteRepetition(nombre, arguments.Autres.data(),
+                             [&](const QByteArray& demande, const EcritureLigne& ecrit) {
+                               return RepeteEnvoi(demande, arguments.Autorites, ecrit);
+                             });
+  }
   return ExecuteModule(nombre, arguments.Autres.data(), DonneDescription(),
                        [&](const ContexteModule& contexte) { return CreeModule(contexte, arguments.Autorites); });
 }

@@ -51,8 +51,7 @@ QByteArray ComposeEssai(const ReglagesCourriel& r) {
 
 }  // namespace
 
-FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites,
-                          const std::function<void(const QString&)>& ecrit) {
+FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites, const EcritureLigne& ecrit) {
   const QJsonDocument document = QJsonDocument::fromJson(demande);
   if (!document.isObject()) {
     ecrit(QStringLiteral("JSON ?"));

@@ -2,20 +2,14 @@
 // right before the alarm depends on them.
 #pragma once
 
-#include <QByteArray>
-#include <QString>
-#include <functional>
+#include "modules/common/rehearsal_program.h"
 
 namespace vaktor {
-
-/// What a rehearsal ends with, and the exit status of "--try".
-enum class FinRepetition { kAccepte = 0, kRefuse = 1, kDemandeIllisible = 2 };
 
 /// `demande`: one JSON object with the keys of the store's section MAIL ("destination", "sujet", "corp", "smtpserveur",
 /// "smtpfrom", "smtpport", "smtpuser", "smtpactif", "smtpneedlogin"), "pass" in clear, and "langue". A number may stand
 /// for the port. Nothing of it is saved. `ecrit` gets the lines, the last one says what happened and what to change;
 /// the password is in none of them.
-FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites,
-                          const std::function<void(const QString& ligne)>& ecrit);
+FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites, const EcritureLigne& ecrit);
 
 }  // namespace vaktor

@@ -13,6 +13,10 @@ Prints the port, then takes one command a line on its standard input and answers
   silent     uploads are accepted and then nothing moves any more
   busy       new connections are turned away (421)
   slow N     N bytes a second in uploads
+  nodata     no data connection can be made: nobody listens on the port that is told
+  nodelete   no deleting
+  lossy      half of each file is lost, and nobody is told
+  quoting    a refused login quotes the password
 It ends with its standard input.
 """
 import argparse
@@ -37,6 +41,8 @@ class Authorizer(DummyAuthorizer):
     def validate_authentication(self, username, password, handler):
         if mode("login"):
             raise AuthenticationFailed("Login refused today.")
+        if mode("quoting"):
+            raise AuthenticationFailed("No user %s with %s here." % (username, password))
         super().validate_authentication(username, password, handler)
 
 
@@ -45,6 +51,14 @@ class Files(AbstractedFS):
         if mode("nowrite"):
             raise FilesystemError("No uploads here")
         return super().open(filename, how)
+
+    def remove(self, path):
+        if mode("nodelete"):
+            raise FilesystemError("No deleting here")
+        super().remove(path)
+
+    def getsize(self, path):
+        return super().getsize(path) // (2 if mode("lossy") else 1)
 
     def rename(self, src, dst):
         if mode("norename") and os.path.exists(dst):
@@ -91,6 +105,10 @@ class ControlMixin:
         # Room is found to be missing at the end, when the last block is to be written.
         if mode("full") and resp.startswith("226 Transfer complete"):
             resp = "552 Quota exceeded, sesame or not."
+        if mode("nodata") and resp.startswith("229"):
+            resp = "229 Entering extended passive mode (|||1|)."
+        if mode("nodata") and resp.startswith("227"):
+            resp = "227 Entering passive mode (127,0,0,1,0,1)."
         super().respond(resp)
 
 

@@ -67,7 +67,11 @@ TEST(FtpUrl, EncodesEverything) {
 TEST(FtpDialogue, KeepsTheServersWordsAndNotOurs) {
   QStringList etapes;
   const OuvrierFtp::SurEtape etape = [&](EtapeFtp e) { etapes << QString::number(static_cast<int>(e)); };
-  DialogueFtp dialogue(etape);
+  QByteArrayList repliques;
+  const SurReplique replique = [&](const QByteArray& verbe, const QByteArray& ligne) {
+    repliques << verbe + '|' + ligne;
+  };
+  DialogueFtp dialogue(etape, replique);
   dialogue.NoteReponse("220-Hello\r\n220 ready\r\n");
   dialogue.NoteCommande("AUTH TLS\r\n");
   dialogue.NoteReponse("502 no TLS here\r\n");
@@ -77,8 +81,11 @@ TEST(FtpDialogue, KeepsTheServersWordsAndNotOurs) {
   dialogue.NoteReponse("500 what?\r\n");
   EXPECT_EQ(dialogue.Refus(), "") << "refusing what is optional is no failure";
   EXPECT_EQ(etapes, QStringList({"0", "1"}));
+  EXPECT_EQ(repliques, QByteArrayList({"|220-Hello", "|220 ready", "AUTH|502 no TLS here", "USER|331 password please",
+                                       "EPSV|500 what?"}));
   dialogue.NoteCommande("PASS sesame\r\n");
   dialogue.NoteReponse("530 " + QByteArray(1000, 'x') + "\r\n");
+  EXPECT_FALSE(dialogue.EstEtranger());
   EXPECT_EQ(dialogue.CodeRefus(), 530);
   EXPECT_EQ(dialogue.Refus().size(), 300);
 }

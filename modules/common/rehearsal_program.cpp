@@ -1,0 +1,22 @@
+#include "modules/common/rehearsal_program.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTextStream>
+
+namespace vaktor {
+
+namespace {
+constexpr qint64 kDemandeMax = 1024 * 1024;
+}
+
+int ExecuteRepetition(int argc, char** argv,
+                      const std::function<FinRepetition(const QByteArray& demande, const EcritureLigne& ecrit)>& joue) {
+  const QCoreApplication application(argc, argv);
+  QFile entree;
+  if (!entree.open(stdin, QIODevice::ReadOnly)) return static_cast<int>(FinRepetition::kDemandeIllisible);
+  QTextStream sortie(stdout);
+  return static_cast<int>(joue(entree.read(kDemandeMax), [&](const QString& ligne) { sortie << ligne << Qt::endl; }));
+}
+
+}  // namespace vaktor

@@ -1,0 +1,164 @@
+#include "modules/ftp/rehearsal.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <utility>
+
+#include "modules/common/bounded_log.h"
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kPremierRefus = 400;
+constexpr qsizetype kSecretMin = 3;  // a shorter text would blacken half of every line and give itself away by it
+constexpr int kSucces = 200;         // RFC 959: 2yz, the command is done; 1yz, it has begun
+constexpr int kSuite = 300;
+
+Parametres LitDemande(const QJsonObject& demande) {
+  Parametres p;
+  const auto texte = [&](const char* cle) { return demande.value(QLatin1String(cle)).toString(); };
+  p.AdresseFtp = texte("ftp");
+  p.UtilisateurFtp = texte("user");
+  p.MotDePasseFtp = texte("pass");
+  p.RepertoireFtp = texte("racine");
+  p.LangueCourante = demande.value(QLatin1String("langue")).toInt(0);
+  return p;
+}
+
+// Steps that say nothing to anybody are left out: a trial makes some forty lines otherwise. Refused, they are told.
+bool EstMuet(const QByteArray& verbe) {
+  for (const char* muet : {"PWD", "SYST", "FEAT", "TYPE", "PBSZ", "PROT", "NOOP"})
+    if (verbe == muet) return true;
+  return false;
+}
+
+}  // namespace
+
+QByteArray CreeImageEssai() {
+  static const QByteArray kPoint = QByteArray::fromBase64(
+      "/9j/4AAQSkZJRgABAQAAAQABAAD/2wBDABALDA4MChAODQ4SERATGCgaGBYWGDEjJR0oOjM9PDkzODdASFxOQERXRTc4UG1RV19iZ2hnPk1xeXBk"
+      "eFxlZ2P/wAALCAABAAEBAREA/8QAFAABAAAAAAAAAAAAAAAAAAAAAP/EABQQAQAAAAAAAAAAAAAAAAAAAAD/2gAIAQEAAD8AP//Z");
+  // Behind the mark of the start a comment (ITU T.81, B.2.4.5): its length counts the two bytes of the length too.
+  const qsizetype longueur = RepetitionFtp::kTailleImage - kPoint.size() - 2;
+  QByteArray commentaire("Essai de Vaktor, peut etre efface. A trial of Vaktor, may be deleted. ");
+  commentaire = commentaire.repeated(longueur / commentaire.size() + 1).left(longueur - 2);
+  QByteArray tete("\xFF\xFE");
+  tete += static_cast<char>(longueur >> 8);
+  tete += static_cast<char>(longueur & 0xFF);
+  return kPoint.left(2) + tete + commentaire + kPoint.mid(2);
+}
+
+RepetitionFtp::RepetitionFtp(PortsRepetition ports)
+    : Ports_(std::move(ports)),
+      Nom_(QStringLiteral("vaktor-try-") + Ports_.Marque + QStringLiteral(".jpg")),
+      Provisoire_(QStringLiteral("vaktor-try-") + Ports_.Marque + QStringLiteral(".part")) {}
+
+FinRepetition RepetitionFtp::Joue(const QByteArray& demande) {
+  const QJsonDocument document = QJsonDocument::fromJson(demande);
+  if (!document.isObject()) {
+    Ports_.Ecrit(QStringLiteral("JSON ?"));
+    return FinRepetition::kDemandeIllisible;
+  }
+  const Parametres valeurs = LitDemande(document.object());
+  const AccesLu lu = LitAcces(valeurs);
+  Acces_ = lu.Acces;
+  CauseEssai cause = DonneCauseManque(lu.Manque);
+  if (lu.Manque == ManqueAcces::kRien) {
+    Dis(QStringLiteral("%1:%2").arg(Acces_.Hote, QString::number(Acces_.Port)));
+    cause = Essaie();
+  }
+  const bool efface = EffaceTout();
+  const bool reussi = cause == CauseEssai::kReussi;
+  if (reussi && !efface) cause = CauseEssai::kReste;
+  Acces_.Dossier = Nettoie(Acces_.Dossier);  // in a sentence of ours only this is not our own
+  Ports_.Ecrit(ComposePhraseEssai(cause, valeurs.LangueCourante, {Acces_, Nom_, !reussi && !efface}));
+  return reussi ? FinRepetition::kAccepte : FinRepetition::kRefuse;
+}
+
+CauseEssai RepetitionFtp::Essaie() {
+  const ResultatFtp connexion = Execute(GenreTravail::kConnexion, QString());
+  if (connexion.Issue != IssueFtp::kReussi) return Echoue(connexion);
+  Ports_.SurFichier(true);
+  // Twice: the live image is replaced all the time, and some servers take the first one only.
+  for (int i = 0; i < 2; ++i) {
+    const ResultatFtp envoi = Execute(GenreTravail::kPage, Nom_);
+    if (envoi.Issue != IssueFtp::kReussi) return Echoue(envoi);
+  }
+  // Not every server knows sizes. One that does may have kept less than it has acknowledged: a disk that is full.
+  Execute(GenreTravail::kTaille, Nom_);
+  if (Taille_ < 0 || Taille_ == kTailleImage) return CauseEssai::kReussi;
+  Muette_ = true;
+  return CauseEssai::kTaille;
+}
+
+ResultatFtp RepetitionFtp::Execute(GenreTravail genre, const QString& nom) {
+  TravailFtp travail;
+  travail.Genre = genre;
+  travail.Acces = Acces_;
+  travail.Nom = nom;
+  travail.Provisoire = Provisoire_;
+  if (genre == GenreTravail::kPage) travail.Contenu = CreeImageEssai();
+  return Ports_.Execute(travail);
+}
+
+CauseEssai RepetitionFtp::Echoue(const ResultatFtp& resultat) {
+  Muette_ = true;
+  if (Ports_.EstInterrompue()) return CauseEssai::kInterrompu;
+  // What a server said has been told as the step that it answered; what the system said has not.
+  if (!resultat.Mots.isEmpty() && !Derniere_.endsWith(resultat.Mots)) Dis(resultat.Mots);
+  return DonneCauseEchec(resultat, Refuse_, Salue_);
+}
+
+bool RepetitionFtp::EffaceTout() {
+  const bool provisoire = Efface(Provisoire_, TraceProvisoire_);
+  const bool nom = Efface(Nom_, TraceNom_);
+  Ports_.SurFichier(false);
+  return provisoire && nom;
+}
+
+bool RepetitionFtp::Efface(const QString& nom, Trace& trace) {
+  if (trace == Trace::kAucune) return true;
+  Refuse_.clear();
+  Cible_ = &trace;
+  const ResultatFtp resultat = Execute(GenreTravail::kEfface, nom);
+  if (resultat.Issue == IssueFtp::kReussi) trace = Trace::kAucune;
+  // A file that only may be there, and of which the server says that it cannot be deleted, is not there as a rule:
+  // servers throw away themselves what they could not finish.
+  return trace == Trace::kAucune || (trace == Trace::kPossible && Refuse_ == "DELE");
+}
+
+void RepetitionFtp::Entend(const QByteArray& verbe, const QByteArray& ligne) {
+  const int code = ligne.left(3).toInt();
+  const bool refus = code >= kPremierRefus;
+  const bool fait = code >= kSucces && code < kSuite;
+  if (verbe.isEmpty() && code == 220) Salue_ = true;
+  if (refus) Refuse_ = verbe;
+  if (verbe == "STOR" && !refus) TraceProvisoire_ = fait ? Trace::kSure : Trace::kPossible;
+  if (verbe == "DELE" && fait) *Cible_ = Trace::kAucune;
+  if (verbe == "RNTO" && fait) {
+    TraceProvisoire_ = Trace::kAucune;
+    TraceNom_ = Trace::kSure;
+  }
+  if (verbe == "SIZE" && code == 213) Taille_ = ligne.mid(4).trimmed().toLongLong();
+  // Of an answer in several lines the last one counts, unless the others say why not (RFC 959, 4.2).
+  const bool derniere = code == 0 || ligne.size() < 4 || ligne[3] != '-';
+  if (Muette_ && !(fait && verbe == "DELE")) return;
+  if (!refus && (!derniere || EstMuet(verbe))) return;
+  const QString mots = QString::fromUtf8(ligne);
+  Dis(verbe.isEmpty() ? mots : QString::fromLatin1(verbe) + QStringLiteral(": ") + mots);
+}
+
+void RepetitionFtp::Dis(const QString& ligne) {
+  if (ligne == Derniere_) return;  // both forms of one command are refused alike
+  Derniere_ = ligne;
+  Ports_.Ecrit(Nettoie(ligne));
+}
+
+QString RepetitionFtp::Nettoie(const QString& ligne) const {
+  QStringList secrets;
+  if (Acces_.MotDePasse.size() >= kSecretMin) secrets.append(Acces_.MotDePasse);
+  return NettoieLigne(ligne, secrets);
+}
+
+}  // namespace vaktor

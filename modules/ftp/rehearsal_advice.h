@@ -1,0 +1,55 @@
+// How a rehearsal of the live page ended, in one sentence, with what to change.
+#pragma once
+
+#include <QString>
+
+#include "modules/ftp/ftp_access.h"
+
+namespace vaktor {
+
+enum class CauseEssai {
+  kReussi,
+  kReste,  ///< all went well, but the file of the trial cannot be deleted
+  kSansServeur,
+  kAdresse,
+  kSansUtilisateur,
+  kSansMotDePasse,
+  kSigne,
+  kSansReseau,
+  kServeurInconnu,
+  kPersonne,    ///< the port is closed
+  kMuet,        ///< nobody answers at all
+  kPasFtp,      ///< who answers speaks something else
+  kEcarte,      ///< turns us away instead of a greeting
+  kComplet,     ///< too many connections
+  kCertificat,  ///< cannot be trusted
+  kTls,
+  kAcces,         ///< user name or password
+  kDossier,       ///< the folder does not exist
+  kDonnees,       ///< passive mode
+  kPlace,         ///< no space
+  kRefus,         ///< the folder takes no file
+  kRemplacement,  ///< it takes one, and lets none be renamed or replaced
+  kTaille,        ///< it took the file and has less of it
+  kDelai,         ///< silence in the middle
+  kCoupure,       ///< broken in the middle
+  kInterrompu
+};
+
+/// What stands in the sentence beside the cause.
+struct DetailsEssai {
+  AccesFtp Acces;
+  QString Fichier;          ///< the file of the trial
+  bool PeutRester = false;  ///< the file may still lie there: that is told too
+};
+
+/// What a first attempt at the fields says before anybody is asked; kReussi for kRien.
+CauseEssai DonneCauseManque(ManqueAcces manque);
+/// For a failed job. `refuse`: the verb of the last command that was refused, empty for none; `salue`: the server has
+/// greeted.
+CauseEssai DonneCauseEchec(const ResultatFtp& resultat, const QByteArray& refuse, bool salue);
+
+/// `langue`: 1 English, any other French. Holds neither user name nor password.
+QString ComposePhraseEssai(CauseEssai cause, qint32 langue, const DetailsEssai& details);
+
+}  // namespace vaktor
