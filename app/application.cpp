@@ -79,6 +79,7 @@ void Vaktor::BrancheActions() {
     ChargeurTextes_->ChargeTextes();
   };
   BrancheBoutonsGris(*Form1_, actions);
+  QObject::connect(Form1_->Ftp().BoutonEssaiFtp, &QAbstractButton::clicked, Form1_.get(), [this] { EssaiePageLive(); });
 }
 
 void Vaktor::MontreFormSound() {

@@ -12,6 +12,7 @@
 #include "app/system_ports.h"
 #include "base/application_state.h"
 #include "companions/form_winsock.h"
+#include "companions/forms/frm_essai_ftp.h"
 #include "companions/forms/frm_smtp.h"
 #include "companions/live_publishing.h"
 #include "companions/live_stamp.h"
@@ -73,6 +74,8 @@ class Vaktor : private EtapesDepart {
   void BrancheActions();
   void MontreFormSound();
   void MontreFrmSmtp();
+  void EssaiePageLive();
+  void PlaceFrmEssaiFtp();
   void CreeFormWinsock();
   ChampsSite LitChampsSite() const;
   FormMonitor& Moniteur();
@@ -125,8 +128,9 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<Form1> Form1_;
   std::unique_ptr<FormMonitor> FormMonitor_;
   std::unique_ptr<FormVisuPhoto> FormVisuPhoto_;
-  ComptesMail Comptes_;               // as last read; FrmSmtp shows them
-  std::unique_ptr<FrmSmtp> FrmSmtp_;  // from its opening to its close
+  ComptesMail Comptes_;                       // as last read; FrmSmtp shows them
+  std::unique_ptr<FrmSmtp> FrmSmtp_;          // from its opening to its close
+  std::unique_ptr<FrmEssaiFtp> FrmEssaiFtp_;  // from its first opening on
   std::unique_ptr<ChoixDossier> ChoixDossier_;
   std::unique_ptr<VueRepertoire> Repertoire_;
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on

@@ -44,6 +44,7 @@ void Vaktor::FermeApplication() {
   // In this order, each as far as it is there. Gallery and monitor only close: what still runs in a pump may touch
   // them.
   DechargeFrmSmtp();
+  if (FrmEssaiFtp_) FrmEssaiFtp_->close();
   PleinEcran_.Decharge();
   if (Repertoire_) Repertoire_->Decharge();
   // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
@@ -82,6 +83,7 @@ void Vaktor::EssaieJusquauBout(const std::function<void()>& pas) {
 void Vaktor::DechargeFormes() {
   PleinEcran_.Decharge();
   FrmSmtp_.reset();
+  FrmEssaiFtp_.reset();
   ChargeurTextes_.reset();
   VueParametres_.reset();
   FormWinsock_.reset();

@@ -13,7 +13,7 @@ void Vaktor::MontreFrmSmtp() {
     return;
   }
   FrmSmtp_ = std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages_, *Sauvegarde_, Textes_, Etat_, Systeme_.Boites,
-                                                    Systeme_.Pompe, Systeme_.Comptes, Comptes_, Systeme_.Essai});
+                                                    Systeme_.Pompe, Systeme_.Comptes, Comptes_, Systeme_.EssaiMail});
   // Deleted later: the form is still inside its own close.
   QObject::connect(FrmSmtp_.get(), &FrmSmtp::Dechargee, Form1_.get(), [this] { FrmSmtp_.release()->deleteLater(); });
   try {

@@ -60,6 +60,7 @@ void Vaktor::ChargeTextes() {
   // The words go into the monitor and the gallery too: this is their first use.
   ChargeurTextes_ = std::make_unique<ChargeurTextes>(Reglages_, Textes_, *Form1_, Moniteur(), [this] {
     if (FrmSmtp_) FrmSmtp_->EcritMots();
+    if (FrmEssaiFtp_) FrmEssaiFtp_->EcritMots(Reglages_.LangueCourante);
     EcritLibellesBoutons(*Form1_, Textes_);
   });
   ChargeurTextes_->RelieGalerie(Galerie());

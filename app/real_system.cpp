@@ -14,7 +14,8 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
       Dossiers_(TrouveDossiers(arguments.Dossier)),
       Sons_(Dossiers_, Disque_, LecteurSon_),
       Programmes_(arguments.Dossier),
-      Essai_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier) {}
+      EssaiMail_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier),
+      EssaiFtp_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kFtp).Programme, arguments.Dossier) {}
 
 SystemeReel::~SystemeReel() = default;
 
@@ -42,7 +43,8 @@ PortsSysteme SystemeReel::Ports() {
           .Programmes = Programmes_,
           .Navigateur = Navigateur_,
           .Comptes = Comptes_,
-          .Essai = Essai_,
+          .EssaiMail = EssaiMail_,
+          .EssaiFtp = EssaiFtp_,
           .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                    QStringLiteral(VAKTOR_VERSION)},
           .CreeFormSound =

@@ -11,7 +11,7 @@
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
 #include "platform/base/system_files.h"
-#include "platform/channel/mail_rehearsal.h"
+#include "platform/channel/companion_rehearsal.h"
 #include "platform/channel/system_processes.h"
 #include "platform/folders/system_folders.h"
 #include "platform/image/jpeg_photo_reader.h"
@@ -54,7 +54,8 @@ class SystemeReel {
   Sons Sons_;
   ProcessusSysteme Programmes_;
   RegistreComptesFichiers Comptes_{TrouveLieuxComptes()};
-  EssaiParCompagnon Essai_;
+  EssaiParCompagnon EssaiMail_;
+  EssaiParCompagnon EssaiFtp_;
   std::unique_ptr<MemoireCapture> Memoire_;
 };
 

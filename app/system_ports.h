@@ -48,7 +48,8 @@ struct PortsSysteme {
   Processus& Programmes;
   Ouvreur& Navigateur;
   RegistreComptes& Comptes;  ///< the mail accounts of this machine
-  EssaiCourriel& Essai;
+  EssaiReglages& EssaiMail;
+  EssaiReglages& EssaiFtp;
   SitePages Site = {};
   /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};

@@ -24,7 +24,10 @@ int LitIndex(const QString& nom) {
 }  // namespace
 
 BoutonImage::BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille)
-    : QAbstractButton(parent), Famille_(famille), Index_(LitIndex(nom)) {
+    : BoutonImage(parent, nom, place, famille, LitIndex(nom)) {}
+
+BoutonImage::BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille, int rangee)
+    : QAbstractButton(parent), Famille_(famille), Index_(rangee) {
   setObjectName(nom);
   setGeometry(QRect(place, kTaille));
   setFocusPolicy(Qt::StrongFocus);

@@ -32,6 +32,8 @@ class BoutonImage : public QAbstractButton {
 
   /// `nom` ends in the button's number in its family: "Bouton(3)".
   BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille);
+  /// For a button that is in no array: `rangee` is its row of faces, and what it is called when the pointer passes.
+  BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille, int rangee);
   /// The caption for those who hear the window; the faces carry it for those who see it.
   void ChangeLibelle(const QString& libelle);
   /// What the button stands for is on: heard, never seen. Only blue buttons have it; a click does not change it.

@@ -30,10 +30,11 @@ QPoint PlaceLibelle(int largeurTexte, int hauteurTexte) {
           ArrondiPair((FacesBoutons::kTaille.height() - hauteurTexte) / 2.0)};
 }
 
-void FacesBoutons::ChargeBoutons(const TablesTextes& textes, double densite) {
+void FacesBoutons::ChargeBoutons(const TablesTextes& textes, const QString& libelleEssaiFtp, double densite) {
   ChargeGabarits(densite);
   for (int i = 0; i < kNombre; ++i) ImprimeBouton(i, textes);
-  for (int i = 0; i < kNombreGris; ++i) ImprimeBoutonGris(i, textes);
+  for (int i = 0; i < kNombreGris; ++i)
+    ImprimeBoutonGris(i, i == kRangeeEssaiFtp ? libelleEssaiFtp : textes.LibelleBoutonGris(i));
 }
 
 void FacesBoutons::ChargeGabarits(double densite) {
@@ -54,8 +55,8 @@ void FacesBoutons::ImprimeBouton(int i, const TablesTextes& textes) {
   FacesBouton_.at(static_cast<std::size_t>(i)) = Imprime(PictBlue_, textes.LibelleBouton(i));
 }
 
-void FacesBoutons::ImprimeBoutonGris(int i, const TablesTextes& textes) {
-  FacesBoutonGris_.at(static_cast<std::size_t>(i)) = Imprime(PictGrey_, textes.LibelleBoutonGris(i));
+void FacesBoutons::ImprimeBoutonGris(int i, const QString& libelle) {
+  FacesBoutonGris_.at(static_cast<std::size_t>(i)) = Imprime(PictGrey_, libelle);
 }
 
 // Prints on copies: the templates stay clean, so a later print never lies on an earlier one.

@@ -25,10 +25,12 @@ class FacesBoutons {
  public:
   static constexpr QSize kTaille{72, 16};
   static constexpr int kNombre = 8;  ///< row 7 is the second set of Bouton(0), shown while the camera runs
-  static constexpr int kNombreGris = 9;
+  static constexpr int kNombreGris = 10;
+  static constexpr int kRangeeEssaiFtp = 9;  ///< of the grey buttons: the one that is in no array
 
   /// Prints all faces with the captions of the current language, for a screen of `densite` device pixels a point.
-  void ChargeBoutons(const TablesTextes& textes, double densite);
+  /// `libelleEssaiFtp`: the caption that the numbered tables do not hold.
+  void ChargeBoutons(const TablesTextes& textes, const QString& libelleEssaiFtp, double densite);
 
   const FaceBouton& FacesBouton(int i) const { return FacesBouton_.at(static_cast<std::size_t>(i)); }
   /// FaceEnfoncee of the grey buttons is printed with the others and never shown.
@@ -41,7 +43,7 @@ class FacesBoutons {
 
   void ChargeGabarits(double densite);
   void ImprimeBouton(int i, const TablesTextes& textes);
-  void ImprimeBoutonGris(int i, const TablesTextes& textes);
+  void ImprimeBoutonGris(int i, const QString& libelle);
   FaceBouton Imprime(const Gabarits& gabarits, const QString& libelle);
 
   double Densite_ = 0;

@@ -27,6 +27,13 @@ QString AideBarre(qint32 langue) {
                  "Graphical representation of moving pixels");
 }
 
+QString LibelleEssaiFtp(qint32 langue) { return Choisit(langue, "Essayer", "Try"); }
+
+QString AideEssaiFtp(qint32 langue) {
+  return Choisit(langue, "Essayer ces paramètres maintenant, sans les enregistrer",
+                 "Try these parameters now, without saving them");
+}
+
 QString MessageEchecInattendu(qint32 langue, const QString& description) {
   return Choisit(langue, "Une opération a échoué : %1\nVaktor continue.", "An operation failed: %1\nVaktor goes on.")
       .arg(description);

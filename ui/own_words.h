@@ -14,6 +14,9 @@ MotsLampe MotsLampeAlarme(qint32 langue);
 MotsLampe MotsLampeSurveillance(qint32 langue);
 /// Tooltip of ProgressBar1.
 QString AideBarre(qint32 langue);
+/// The button that tries the live page, and its tooltip.
+QString LibelleEssaiFtp(qint32 langue);
+QString AideEssaiFtp(qint32 langue);
 /// The message of the guard at the event loop: what failed, and that the program goes on.
 QString MessageEchecInattendu(qint32 langue, const QString& description);
 /// The message of a start that failed.

@@ -13,6 +13,8 @@ PageFtp::PageFtp(QWidget* fenetre) : PageVaktor(fenetre, 2) {
   CreeEtiquette(this, QStringLiteral("LblNbrdephotoftp"), {222, 144, 175, 17});
   BoutonGris2 = new BoutonImage(this, NomIndexe("BoutonGris", 2), {320, 8}, FamilleBouton::kGrise);
   BoutonGris3 = new BoutonImage(this, NomIndexe("BoutonGris", 3), {320, 32}, FamilleBouton::kGrise);
+  BoutonEssaiFtp = new BoutonImage(this, QStringLiteral("BoutonEssaiFtp"), {320, 56}, FamilleBouton::kGrise,
+                                   FacesBoutons::kRangeeEssaiFtp);
 }
 
 void PageFtp::CreeChampsServeur() {

@@ -27,8 +27,9 @@ class PageFtp : public PageVaktor {
   QComboBox* CombCouleur;  ///< kNombreCouleurs items, worded and selected by the text loader
   QLineEdit* TxtRefresh;
   QLineEdit* TextNbrPhotoFTP;
-  BoutonImage* BoutonGris2;  ///< BoutonGris(2), create and send the page
-  BoutonImage* BoutonGris3;  ///< BoutonGris(3), open the page
+  BoutonImage* BoutonGris2;     ///< BoutonGris(2), create and send the page
+  BoutonImage* BoutonGris3;     ///< BoutonGris(3), open the page
+  BoutonImage* BoutonEssaiFtp;  ///< tries what stands in the fields
 
  private:
   void CreeChampsServeur();

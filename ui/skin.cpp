@@ -80,7 +80,7 @@ void Habillage::FonduPages() {
 }
 
 void Habillage::ChargeBoutons() {
-  Faces_.ChargeBoutons(Services_.Textes, Densite_);
+  Faces_.ChargeBoutons(Services_.Textes, Fenetre_.Ftp().BoutonEssaiFtp->text(), Densite_);
   for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->MontreRepos();
   AnnonceEtats();
 }

@@ -115,6 +115,8 @@ void ChargeurTextes::EcritTextes() {
     Fenetre_.Options().Image4.at(static_cast<std::size_t>(langue))->Engage(langue == Reglages_.LangueCourante);
   }
   Fenetre_.CheckPEcran().setText(Textes_.Texte(17));
+  Fenetre_.Ftp().BoutonEssaiFtp->ChangeLibelle(LibelleEssaiFtp(Reglages_.LangueCourante));
+  Fenetre_.Ftp().BoutonEssaiFtp->setToolTip(AideEssaiFtp(Reglages_.LangueCourante));
   Fenetre_.Ftp().TxtFTPracine->setToolTip(Textes_.Texte(230));  // the one field of its page without a row in Aide
   Fenetre_.Moniteur().ChangeTitreMenu(Textes_.Texte(194));
   Moniteur_.ChangeLibellePleinEcran(Textes_.Texte(194));

@@ -141,7 +141,7 @@ void FrmSmtp::keyPressEvent(QKeyEvent* evenement) {
 void FrmSmtp::changeEvent(QEvent* evenement) {
   QWidget::changeEvent(evenement);
   if (evenement->type() == QEvent::ActivationChange && isActiveWindow())
-    Panneau_->MontreDestination(DonneDestination());
+    Panneau_->MontreInvite(InviteEssaiMail(Ports_.Reglages.LangueCourante, DonneDestination()));
 }
 
 void FrmSmtp::closeEvent(QCloseEvent* evenement) {
@@ -220,7 +220,8 @@ void FrmSmtp::EcritMots() {
   c.CmbComptes->setPlaceholderText(t.Texte(210));
   c.CmbComptes->setCurrentIndex(-1);
   c.CmbComptes->setAccessibleName(t.Texte(210));
-  Panneau_->EcritMots(Ports_.Reglages.LangueCourante, DonneDestination());
+  const qint32 langue = Ports_.Reglages.LangueCourante;
+  Panneau_->EcritMots(DonneMotsEssaiMail(langue), InviteEssaiMail(langue, DonneDestination()));
 }
 
 }  // namespace vaktor

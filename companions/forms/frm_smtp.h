@@ -25,7 +25,7 @@ struct PortsFrmSmtp {
   PompeEvenements& Pompe;
   RegistreComptes& Registre;
   ComptesMail& Comptes;
-  EssaiCourriel& Essai;
+  EssaiReglages& Essai;
 };
 
 /// Made anew for each opening, so that the accounts are read anew; gone when it is closed. The settings change with

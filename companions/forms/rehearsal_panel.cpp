@@ -30,7 +30,7 @@ void RetireDerniereLigne(QPlainTextEdit& liste) {
 
 }  // namespace
 
-PanneauEssai::PanneauEssai(QWidget* parent, EssaiCourriel& essai, std::function<QByteArray()> demande)
+PanneauEssai::PanneauEssai(QWidget* parent, EssaiReglages& essai, std::function<QByteArray()> demande)
     : QWidget(parent),
       Essai_(essai),
       Demande_(std::move(demande)),
@@ -64,21 +64,20 @@ PanneauEssai::PanneauEssai(QWidget* parent, EssaiCourriel& essai, std::function<
 
 PanneauEssai::~PanneauEssai() { Arrete(); }
 
-void PanneauEssai::EcritMots(qint32 langue, const QString& destination) {
-  Langue_ = langue;
-  Mots_ = DonneMotsEssai(langue);
+void PanneauEssai::EcritMots(const MotsEssai& mots, const QString& invite) {
+  Mots_ = mots;
   TxtEssai_->setAccessibleName(Mots_.Etapes);
   CmdEssai_->setToolTip(Mots_.Aide);
   FinMontree_ = false;  // its sentence is in the language that was
   if (EnCours_) LblEssai_->setText(Mots_.EnCours);
-  MontreDestination(destination);
+  MontreInvite(invite);
   RafraichitBouton();
 }
 
-void PanneauEssai::MontreDestination(const QString& destination) {
+void PanneauEssai::MontreInvite(const QString& invite) {
   if (EnCours_ || FinMontree_) return;
   Colore(*LblEssai_, kNeutre);
-  LblEssai_->setText(InviteEssai(Langue_, destination));
+  LblEssai_->setText(invite);
 }
 
 void PanneauEssai::RafraichitBouton() { CmdEssai_->setText(EnCours_ ? Mots_.Annuler : Mots_.Essayer); }
@@ -90,6 +89,10 @@ void PanneauEssai::Bascule() {
   }
   Arrete();
   MontreFin(Mots_.Annule, false);
+}
+
+void PanneauEssai::Essaie() {
+  if (!EnCours_) Lance();
 }
 
 void PanneauEssai::Lance() {
@@ -112,7 +115,7 @@ void PanneauEssai::Arrete() {
 
 void PanneauEssai::AjouteEtape(const QString& ligne) {
   Derniere_ = ligne.left(kLigneMax);
-  TxtEssai_->appendPlainText(NommeEtape(Langue_, Derniere_));
+  TxtEssai_->appendPlainText(Mots_.NommeEtape ? Mots_.NommeEtape(Derniere_) : Derniere_);
 }
 
 void PanneauEssai::Acheve(FinEssai fin) {

@@ -1,4 +1,4 @@
-// The rehearsal in the form of the mail settings: a button, the steps as they happen, and in one sentence how it ended.
+// The rehearsal of settings in a form: a button, the steps as they happen, and in one sentence how it ended.
 #pragma once
 
 #include <QLabel>
@@ -7,11 +7,11 @@
 #include <functional>
 
 #include "companions/ports/rehearsal.h"
-#include "companions/smtp_words.h"
+#include "companions/rehearsal_words.h"
 
 namespace vaktor {
 
-/// Owner: FrmSmtp. User-interface thread; never waits.
+/// Owner: FrmSmtp, FrmEssaiFtp. User-interface thread; never waits.
 class PanneauEssai : public QWidget {
   Q_OBJECT
 
@@ -20,12 +20,14 @@ class PanneauEssai : public QWidget {
   static constexpr qsizetype kLigneMax = 1000;  ///< characters of a line
 
   /// `demande` gives the request at the moment of the click.
-  PanneauEssai(QWidget* parent, EssaiCourriel& essai, std::function<QByteArray()> demande);
+  PanneauEssai(QWidget* parent, EssaiReglages& essai, std::function<QByteArray()> demande);
   ~PanneauEssai() override;
 
-  void EcritMots(qint32 langue, const QString& destination);
-  /// Where the next mail will go; may be empty. A rehearsal that runs, and how the last one ended, stay shown.
-  void MontreDestination(const QString& destination);
+  void EcritMots(const MotsEssai& mots, const QString& invite);
+  /// What the next one will do. A rehearsal that runs, and how the last one ended, stay shown.
+  void MontreInvite(const QString& invite);
+  /// Starts one, as the button does; one that runs goes on.
+  void Essaie();
   /// Ends a running rehearsal without a word.
   void Arrete();
   bool EnCours() const { return EnCours_; }
@@ -38,9 +40,8 @@ class PanneauEssai : public QWidget {
   void MontreFin(const QString& phrase, bool reussi);
   void RafraichitBouton();
 
-  EssaiCourriel& Essai_;
+  EssaiReglages& Essai_;
   std::function<QByteArray()> Demande_;
-  qint32 Langue_ = 0;
   MotsEssai Mots_;
   bool EnCours_ = false;
   bool FinMontree_ = false;

@@ -228,7 +228,8 @@ struct SystemeFaux {
             .Programmes = Programmes,
             .Navigateur = Navigateur,
             .Comptes = Comptes,
-            .Essai = Essai};
+            .EssaiMail = EssaiMail,
+            .EssaiFtp = EssaiFtp};
   }
   /// A companion writes a word into its inbox.
   void Recoit(qint32 poignee, const QString& texte) {
@@ -257,7 +258,8 @@ struct SystemeFaux {
   ProcessusNote Programmes{Notes};
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;
-  faux::EssaiFaux Essai;
+  faux::EssaiFaux EssaiMail;
+  faux::EssaiFaux EssaiFtp;
   std::unique_ptr<faux::PiloteFaux> Pilote = std::make_unique<faux::PiloteFaux>(Notes);
 };
 

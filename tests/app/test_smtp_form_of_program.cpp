@@ -151,9 +151,9 @@ TEST_F(FormeDuProgramme, TheStopUnloadsItFirstSavesItAndAsksNothing) {
 TEST_F(FormeDuProgramme, TheStopEndsARehearsal) {
   Clique("BoutonGris(8)");
   QTest::mouseClick(Forme()->findChild<QPushButton*>("CmdEssai"), Qt::LeftButton);
-  EXPECT_EQ(Systeme.Essai.Lances, 1);
+  EXPECT_EQ(Systeme.EssaiMail.Lances, 1);
   Programme->Ferme();
-  EXPECT_EQ(Systeme.Essai.Annules, 1);
+  EXPECT_EQ(Systeme.EssaiMail.Annules, 1);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "base/failure.h"
 #include "companions/mail_accounts.h"
 #include "companions/smtp_settings.h"
+#include "companions/rehearsal_words.h"
 #include "companions/smtp_words.h"
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_mail_registry.h"
@@ -297,10 +298,14 @@ TEST(ReglagesSmtp, OnlyTheExactPrefixCountsAsAServerNotFinished) {
 }
 
 TEST(MotsDuCourriel, AStepGetsItsPlainNameAndKeepsTheServersWords) {
-  EXPECT_EQ(NommeEtape(0, "AUTH: 535 5.7.8 no"), "Identification - AUTH: 535 5.7.8 no");
-  EXPECT_EQ(NommeEtape(1, "RCPT: 250 OK"), "Destination - RCPT: 250 OK");
-  EXPECT_EQ(NommeEtape(1, "220 ready"), "220 ready");
-  EXPECT_EQ(NommeEtape(1, "AUTHOR: x"), "AUTHOR: x");
+  const auto francais = DonneMotsEssaiMail(0).NommeEtape;
+  const auto anglais = DonneMotsEssaiMail(1).NommeEtape;
+  EXPECT_EQ(francais("AUTH: 535 5.7.8 no"), "Identification - AUTH: 535 5.7.8 no");
+  EXPECT_EQ(anglais("RCPT: 250 OK"), "Destination - RCPT: 250 OK");
+  EXPECT_EQ(anglais("220 ready"), "220 ready");
+  EXPECT_EQ(anglais("AUTHOR: x"), "AUTHOR: x");
+  EXPECT_EQ(DonneMotsEssaiFtp(0).NommeEtape("AUTH: 234 ok"), "Chiffrement - AUTH: 234 ok") << "the same word elsewhere";
+  EXPECT_EQ(DonneMotsEssaiFtp(1).NommeEtape("STOR: 552 full"), "Upload - STOR: 552 full");
 }
 
 }  // namespace

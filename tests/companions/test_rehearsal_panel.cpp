@@ -11,7 +11,7 @@ struct EssaiDansLaForme : BancSmtp {
   QString Phrase() { return Trouve<QLabel>("LblEssai")->text(); }
   QString Bouton() { return Trouve<QPushButton>("CmdEssai")->text(); }
   QStringList Etapes() { return Trouve<QPlainTextEdit>("TxtEssai")->toPlainText().split(u'\n', Qt::SkipEmptyParts); }
-  MotsEssai Mots() const { return DonneMotsEssai(Reglages.LangueCourante); }
+  MotsEssai Mots() const { return DonneMotsEssaiMail(Reglages.LangueCourante); }
   QJsonObject Demande() const { return QJsonDocument::fromJson(Essai.Demande).object(); }
 };
 
@@ -102,11 +102,11 @@ TEST_F(EssaiDansLaForme, ACompanionThatIsMissingOrSaysNothingIsTold) {
   Clique("CmdEssai");
   Essai.Dit("220 a");
   Essai.Finit(FinEssai::kSansFin);
-  EXPECT_EQ(Phrase(), DonneMotsEssai(0).SansFin);
+  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(0).SansFin);
   EXPECT_EQ(Etapes(), QStringList{"220 a"}) << "what was reached stays to be read";
   Clique("CmdEssai");
   Essai.Finit(FinEssai::kRefuse);
-  EXPECT_EQ(Phrase(), DonneMotsEssai(0).Impossible);
+  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(0).Impossible);
 }
 
 TEST_F(EssaiDansLaForme, TheSameButtonCancels) {

@@ -7,7 +7,7 @@
 
 namespace vaktor::faux {
 
-class EssaiFaux : public EssaiCourriel {
+class EssaiFaux : public EssaiReglages {
  public:
   void Lance(const QByteArray& demande, const RappelsEssai& rappels) override {
     ++Lances;

@@ -95,6 +95,7 @@ constexpr Place kPlaces[] = {
     {"LblNbrdephotoftp", "PictPage(2)", 222, 144, kLibre, kLibre},
     {"BoutonGris(2)", "PictPage(2)", 320, 8, 72, 16},
     {"BoutonGris(3)", "PictPage(2)", 320, 32, 72, 16},
+    {"BoutonEssaiFtp", "PictPage(2)", 320, 56, 72, 16},
 };
 
 // The name of the test case in lists; without it the bytes of the row would stand there.

@@ -6,7 +6,7 @@
 #include "companions/smtp_bench.h"
 #include "companions/smtp_settings.h"
 #include "modules/mail/mail_bench.h"
-#include "platform/channel/mail_rehearsal.h"
+#include "platform/channel/companion_rehearsal.h"
 #include "support/event_wait.h"
 
 namespace vaktor::essai {

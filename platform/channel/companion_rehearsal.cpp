@@ -1,4 +1,4 @@
-#include "platform/channel/mail_rehearsal.h"
+#include "platform/channel/companion_rehearsal.h"
 
 #include <utility>
 
@@ -80,7 +80,8 @@ void EssaiParCompagnon::Abandonne() {
     return;
   }
   QObject::connect(processus, &QProcess::finished, processus, &QObject::deleteLater);
-  processus->kill();
+  QTimer::singleShot(kGrace, processus, &QProcess::kill);
+  processus->terminate();
 }
 
 }  // namespace vaktor

@@ -1,4 +1,4 @@
-// The rehearsal of the mail settings by the mail companion itself: "VAKTORmail --try", started once for it.
+// A rehearsal by the companion whose work it is: "VAKTORmail --try" or "VAKTORftp --try", started once for it.
 #pragma once
 
 #include <QProcess>
@@ -13,9 +13,12 @@ namespace vaktor {
 
 /// User-interface thread; all goes through the event loop. The request, and with it the password, is written into the
 /// standard input of the companion: it stands in no command line, environment or file.
-class EssaiParCompagnon : public EssaiCourriel {
+class EssaiParCompagnon : public EssaiReglages {
  public:
-  static constexpr int kDureeMax = 90'000;  ///< milliseconds; then it is ended by force
+  static constexpr int kDureeMax = 90'000;  ///< milliseconds; then it is ended
+  /// Milliseconds from the request to end to the end by force. A rehearsal of the live page deletes meanwhile what it
+  /// has put on the server.
+  static constexpr int kGrace = 10'000;
 
   /// `arguments` go in front of "--try"; for tests.
   explicit EssaiParCompagnon(QString programme, QString dossierPrive = {}, QStringList arguments = {},
