@@ -3,8 +3,8 @@
 
 #include "base/failure.h"
 #include "companions/mail_accounts.h"
-#include "companions/smtp_settings.h"
 #include "companions/rehearsal_words.h"
+#include "companions/smtp_settings.h"
 #include "companions/smtp_words.h"
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_mail_registry.h"
