@@ -2,38 +2,24 @@
 
 #include <QCloseEvent>
 #include <QKeyEvent>
-#include <QVBoxLayout>
 #include <utility>
 
+#include "companions/forms/form_look.h"
 #include "companions/rehearsal_words.h"
 
 namespace vaktor {
 
-namespace {
-
-constexpr int kLargeur = 430;
-constexpr int kMarge = 12;
-constexpr int kEcart = 10;
-constexpr int kPolice = 12;  // pixels, as in all windows of the program
-
-}  // namespace
-
 FrmEssaiFtp::FrmEssaiFtp(PortsFrmEssaiFtp ports) : Ports_(std::move(ports)) {
   setObjectName(QStringLiteral("FrmEssaiFtp"));
-  QFont police(QStringLiteral("Arial"));
-  police.setPixelSize(kPolice);
-  setFont(police);
+  HabilleForme(*this);
   Panneau_ = new PanneauEssai(this, Ports_.Essai, Ports_.Demande);
   CmdFermer_ = new QPushButton(this);
   CmdFermer_->setObjectName(QStringLiteral("CmdFermer"));
   connect(CmdFermer_, &QAbstractButton::clicked, this, &QWidget::close);
-  auto* colonne = new QVBoxLayout(this);
-  colonne->setContentsMargins(kMarge, kMarge, kMarge, kMarge);
-  colonne->setSpacing(kEcart);
+  QVBoxLayout* colonne = CreeColonne(*this);
   colonne->addWidget(Panneau_);
   colonne->addWidget(CmdFermer_, 0, Qt::AlignRight);
-  colonne->setSizeConstraint(QLayout::SetFixedSize);
-  Panneau_->setFixedWidth(kLargeur - 2 * kMarge);
+  Panneau_->setFixedWidth(kLargeurForme - 2 * kMargeForme);
 }
 
 void FrmEssaiFtp::EcritMots(qint32 langue) {

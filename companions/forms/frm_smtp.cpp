@@ -3,18 +3,14 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
-#include <QVBoxLayout>
 
 #include "base/texts.h"
+#include "companions/forms/form_look.h"
 
 namespace vaktor {
 
 namespace {
 
-constexpr int kLargeur = 430;
-constexpr int kMarge = 12;
-constexpr int kEcart = 10;
-constexpr int kPolice = 12;  // pixels, as in all windows of the program
 constexpr int kDemandeAdresse = 189;
 
 }  // namespace
@@ -22,23 +18,18 @@ constexpr int kDemandeAdresse = 189;
 FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this) {
   setObjectName(QStringLiteral("FrmSmtp"));
   setWindowTitle(QStringLiteral("SMTP"));
-  QFont police(QStringLiteral("Arial"));
-  police.setPixelSize(kPolice);
-  setFont(police);
-  Controles_.TxtSMTPpass->setFont(police);  // a style sheet keeps it from taking the one of the form
+  HabilleForme(*this);
+  Controles_.TxtSMTPpass->setFont(font());  // a style sheet keeps it from taking the one of the form
   Panneau_ =
       new PanneauEssai(this, Ports_.Essai, [this] { return ComposeDemandeEssai(Ports_.Reglages, DonneDestination()); });
   auto* trait = new QFrame(this);
   trait->setFrameShape(QFrame::HLine);
   trait->setFrameShadow(QFrame::Sunken);
-  auto* colonne = new QVBoxLayout(this);
-  colonne->setContentsMargins(kMarge, kMarge, kMarge, kMarge);
-  colonne->setSpacing(kEcart);
+  QVBoxLayout* colonne = CreeColonne(*this);
   colonne->addLayout(Controles_.DonneGrille());
   colonne->addWidget(trait);
   colonne->addWidget(Panneau_);
-  colonne->setSizeConstraint(QLayout::SetFixedSize);
-  Panneau_->setFixedWidth(kLargeur - 2 * kMarge);
+  Panneau_->setFixedWidth(kLargeurForme - 2 * kMargeForme);
   BrancheControles();
 }
 

@@ -68,11 +68,11 @@ FinRepetition RepetitionFtp::Joue(const QByteArray& demande) {
     Dis(QStringLiteral("%1:%2").arg(Acces_.Hote, QString::number(Acces_.Port)));
     cause = Essaie();
   }
-  const bool efface = EffaceTout();
+  const QStringList restes = EffaceTout();
   const bool reussi = cause == CauseEssai::kReussi;
-  if (reussi && !efface) cause = CauseEssai::kReste;
+  if (reussi && !restes.isEmpty()) cause = CauseEssai::kReste;
   Acces_.Dossier = Nettoie(Acces_.Dossier);  // in a sentence of ours only this is not our own
-  Ports_.Ecrit(ComposePhraseEssai(cause, valeurs.LangueCourante, {Acces_, Nom_, !reussi && !efface}));
+  Ports_.Ecrit(ComposePhraseEssai(cause, valeurs.LangueCourante, {Acces_, restes}));
   return reussi ? FinRepetition::kAccepte : FinRepetition::kRefuse;
 }
 
@@ -110,11 +110,12 @@ CauseEssai RepetitionFtp::Echoue(const ResultatFtp& resultat) {
   return DonneCauseEchec(resultat, Refuse_, Salue_);
 }
 
-bool RepetitionFtp::EffaceTout() {
-  const bool provisoire = Efface(Provisoire_, TraceProvisoire_);
-  const bool nom = Efface(Nom_, TraceNom_);
+QStringList RepetitionFtp::EffaceTout() {
+  QStringList restes;
+  if (!Efface(Provisoire_, TraceProvisoire_)) restes.append(Provisoire_);
+  if (!Efface(Nom_, TraceNom_)) restes.append(Nom_);
   Ports_.SurFichier(false);
-  return provisoire && nom;
+  return restes;
 }
 
 bool RepetitionFtp::Efface(const QString& nom, Trace& trace) {

@@ -41,8 +41,9 @@ class RepetitionFtp {
   CauseEssai Publie();
   ResultatFtp Execute(GenreTravail genre, const QString& nom);
   CauseEssai Echoue(const ResultatFtp& resultat);
-  /// Deletes what lies there. False when it may lie there still.
-  bool EffaceTout();
+  /// Deletes what lies there; gives the names of those that may lie there still.
+  QStringList EffaceTout();
+  /// False when it may lie there still.
   bool Efface(const QString& nom, Trace& trace);
   void Dis(const QString& ligne);
   QString Nettoie(const QString& ligne) const;

@@ -3,6 +3,8 @@
 #include <QStringList>
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
 namespace vaktor {
 
@@ -109,6 +111,25 @@ constexpr int kPremierRefus = 400;  // RFC 959, 4.2
 constexpr Phrase kPeutRester{CauseEssai::kReste, " Le fichier d'essai %4 est peut-être resté sur le serveur.",
                              " The trial file %4 may have stayed on the server."};
 
+constexpr std::pair<ManqueAcces, CauseEssai> kManques[] = {{ManqueAcces::kServeur, CauseEssai::kSansServeur},
+                                                           {ManqueAcces::kAdresse, CauseEssai::kAdresse},
+                                                           {ManqueAcces::kUtilisateur, CauseEssai::kSansUtilisateur},
+                                                           {ManqueAcces::kMotDePasse, CauseEssai::kSansMotDePasse},
+                                                           {ManqueAcces::kSigne, CauseEssai::kSigne}};
+constexpr std::pair<PrecisionFtp, CauseEssai> kPrecisions[] = {
+    {PrecisionFtp::kPersonne, CauseEssai::kPersonne}, {PrecisionFtp::kDelai, CauseEssai::kDelai},
+    {PrecisionFtp::kPasFtp, CauseEssai::kPasFtp},     {PrecisionFtp::kCertificat, CauseEssai::kCertificat},
+    {PrecisionFtp::kTls, CauseEssai::kTls},           {PrecisionFtp::kComplet, CauseEssai::kComplet},
+    {PrecisionFtp::kDonnees, CauseEssai::kDonnees},   {PrecisionFtp::kPlace, CauseEssai::kPlace},
+    {PrecisionFtp::kCoupure, CauseEssai::kCoupure}};
+
+/// kReussi for what stands in no row.
+template <typename Table, typename Cle>
+CauseEssai Traduit(const Table& table, Cle cle) {
+  const auto ligne = std::find_if(std::begin(table), std::end(table), [cle](const auto& l) { return l.first == cle; });
+  return ligne == std::end(table) ? CauseEssai::kReussi : ligne->second;
+}
+
 // In one pass: the folder is the user's own text and may hold such a sign itself.
 QString Remplit(const QString& modele, const QStringList& valeurs) {
   QString texte;
@@ -131,60 +152,13 @@ QString Choisit(const Phrase& phrase, qint32 langue) {
 
 }  // namespace
 
-CauseEssai DonneCauseManque(ManqueAcces manque) {
-  switch (manque) {
-    case ManqueAcces::kServeur:
-      return CauseEssai::kSansServeur;
-    case ManqueAcces::kAdresse:
-      return CauseEssai::kAdresse;
-    case ManqueAcces::kUtilisateur:
-      return CauseEssai::kSansUtilisateur;
-    case ManqueAcces::kMotDePasse:
-      return CauseEssai::kSansMotDePasse;
-    case ManqueAcces::kSigne:
-      return CauseEssai::kSigne;
-    case ManqueAcces::kRien:
-      break;
-  }
-  return CauseEssai::kReussi;
-}
-
-namespace {
-
-/// What can be told from the precise reason alone; kReussi where there is none.
-CauseEssai DonneCausePrecise(PrecisionFtp precision, bool salue) {
-  switch (precision) {
-    case PrecisionFtp::kPersonne:
-      return CauseEssai::kPersonne;
-    case PrecisionFtp::kDelai:
-      return salue ? CauseEssai::kDelai : CauseEssai::kMuet;
-    case PrecisionFtp::kPasFtp:
-      return CauseEssai::kPasFtp;
-    case PrecisionFtp::kCertificat:
-      return CauseEssai::kCertificat;
-    case PrecisionFtp::kTls:
-      return CauseEssai::kTls;
-    case PrecisionFtp::kComplet:
-      return CauseEssai::kComplet;
-    case PrecisionFtp::kDonnees:
-      return CauseEssai::kDonnees;
-    case PrecisionFtp::kPlace:
-      return CauseEssai::kPlace;
-    case PrecisionFtp::kCoupure:
-      return CauseEssai::kCoupure;
-    case PrecisionFtp::kAucune:
-      break;
-  }
-  return CauseEssai::kReussi;
-}
-
-}  // namespace
+CauseEssai DonneCauseManque(ManqueAcces manque) { return Traduit(kManques, manque); }
 
 CauseEssai DonneCauseEchec(const ResultatFtp& resultat, const QByteArray& refuse, bool salue) {
   if (resultat.Issue == IssueFtp::kSansReseau) return CauseEssai::kSansReseau;
   if (resultat.Issue == IssueFtp::kServeurInconnu) return CauseEssai::kServeurInconnu;
-  const CauseEssai precise = DonneCausePrecise(resultat.Precision, salue);
-  if (precise != CauseEssai::kReussi) return precise;
+  const CauseEssai precise = Traduit(kPrecisions, resultat.Precision);
+  if (precise != CauseEssai::kReussi) return precise == CauseEssai::kDelai && !salue ? CauseEssai::kMuet : precise;
   switch (resultat.Issue) {
     case IssueFtp::kAccesRefuse:
       return CauseEssai::kAcces;
@@ -203,9 +177,9 @@ QString ComposePhraseEssai(CauseEssai cause, qint32 langue, const DetailsEssai& 
   const auto* phrase =
       std::find_if(kPhrases.begin(), kPhrases.end(), [cause](const Phrase& p) { return p.Cause == cause; });
   QString texte = phrase == kPhrases.end() ? QString() : Choisit(*phrase, langue);
-  if (details.PeutRester) texte += Choisit(kPeutRester, langue);
-  return Remplit(texte,
-                 {details.Acces.Hote, QString::number(details.Acces.Port), details.Acces.Dossier, details.Fichier});
+  if (cause != CauseEssai::kReste && !details.Restes.isEmpty()) texte += Choisit(kPeutRester, langue);
+  return Remplit(texte, {details.Acces.Hote, QString::number(details.Acces.Port), details.Acces.Dossier,
+                         details.Restes.join(QStringLiteral(", "))});
 }
 
 }  // namespace vaktor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "modules/ftp/ftp_access.h"
 
@@ -39,8 +40,7 @@ enum class CauseEssai {
 /// What stands in the sentence beside the cause.
 struct DetailsEssai {
   AccesFtp Acces;
-  QString Fichier;          ///< the file of the trial
-  bool PeutRester = false;  ///< the file may still lie there: that is told too
+  QStringList Restes = {};  ///< files of the trial that may still lie there: told too
 };
 
 /// What a first attempt at the fields says before anybody is asked; kReussi for kRien.

@@ -175,6 +175,32 @@ TEST_F(ProgrammeFtp, PhotosAreOnThePageAndGoneFromHere) {
       << "the page follows by itself";
 }
 
+TEST_F(ProgrammeFtp, ATrialBesideItDisturbsNothing) {
+  ConnecteEtPublie();
+  const QByteArray etat = LitOctets(Temporaire.filePath("etat/VAKTORftp.json"));
+  Journal.clear();
+  QProcess essai;
+  essai.setProcessEnvironment(Programme.processEnvironment());
+  essai.start(VAKTOR_FTP, {"--try"});
+  essai.write(QStringLiteral(R"({"ftp":"127.0.0.1:%1","user":"anna","pass":"sesame","langue":1})")
+                  .arg(Serveur.Port())
+                  .toUtf8());
+  essai.closeWriteChannel();
+  // One live image after the other meanwhile.
+  int envoyes = 0;
+  while (essai.state() != QProcess::NotRunning) {
+    PoseLive(10 + envoyes++);
+    Envois.EnvoiFTP("Surve");
+    ASSERT_TRUE(AttendStatut(37));
+    ASSERT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(9 + envoyes));
+  }
+  EXPECT_GT(envoyes, 0);
+  EXPECT_EQ(essai.exitCode(), 0) << essai.readAll().toStdString();
+  EXPECT_EQ(Serveur.Noms(), QStringList("live.jpg"));
+  EXPECT_EQ(LitOctets(Temporaire.filePath("etat/VAKTORftp.json")), etat);
+  EXPECT_TRUE(Etat.SurveillanceEnCours && Etat.LiveActif);
+}
+
 TEST_F(ProgrammeFtp, QuitEndsItEvenInTheMiddleOfATransfer) {
   ConnecteEtPublie();
   Serveur.Dit("silent");

@@ -192,7 +192,7 @@ TEST_F(Repetition, ThePasswordIsBlottedOutWhereverItStands) {
 TEST_F(Repetition, BothLanguagesHaveEverySentence) {
   for (int i = 0; i <= static_cast<int>(CauseEssai::kInterrompu); ++i) {
     const auto cause = static_cast<CauseEssai>(i);
-    const DetailsEssai details{{"h", 21, "u", "p", "/d"}, "f", true};
+    const DetailsEssai details{{"h", 21, "u", "p", "/d"}, {"f"}};
     const QString francais = ComposePhraseEssai(cause, 0, details);
     const QString anglais = ComposePhraseEssai(cause, 1, details);
     EXPECT_GT(francais.size(), 70) << i;
@@ -242,7 +242,7 @@ TEST_F(Repetition, AFileThatMayHaveStayedIsNamed) {
     return DonneBonne(travail);
   };
   EXPECT_EQ(Joue(Champs), FinRepetition::kRefuse);
-  EXPECT_TRUE(Lignes.last().endsWith("The trial file vaktor-try-k7.jpg may have stayed on the server."))
+  EXPECT_TRUE(Lignes.last().endsWith("The trial file vaktor-try-k7.part may have stayed on the server."))
       << Lignes.last().toStdString();
 }
 
