@@ -36,13 +36,20 @@ bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg
   return decodeur.DecodePlans(jpeg, ou);
 }
 
+// The sizes stay in Plans_, the planes are gone.
+void TramePlans::LacheTampon() {
+  if (Trame_.buffer == nullptr) return;
+  gst_video_frame_unmap(&Trame_);
+  Trame_ = {};
+  for (PlansImage::Plan& plan : Plans_.Plans) plan = {};
+}
+
 void TramePlans::Vide() {
-  if (Trame_.buffer != nullptr) gst_video_frame_unmap(&Trame_);
+  LacheTampon();
   // The readers had this frame and made do with its samples: those of the next ones will do too. A frame that came too
   // fast for them tells nothing.
   if (Comparee_ && !Regardee_) Habitudes_->Entieres = false;
   if (!Habitudes_->Entieres || !Image_.isDetached()) Image_ = QImage();
-  Trame_ = {};
   Plans_ = PlansImage();
   Restes_ = kAucun;
   EstFaite_ = Comparee_ = Regardee_ = false;
@@ -75,6 +82,8 @@ void TramePlans::FaisEchantillons(qint32 restes) {
 bool TramePlans::FaisEntiere() {
   if (Image_.size() != Taille()) Image_ = QImage(Taille(), QImage::Format_RGB32);
   EstFaite_ = !Image_.isNull() && ConvertitImage(Plans_, Image_);
+  // A picture has all that anybody can ask for; the decoder can have its memory back.
+  if (EstFaite_) LacheTampon();
   return EstFaite_;
 }
 

@@ -48,6 +48,7 @@ class TramePlans : public TrameDifferee {
 
   void FaisEchantillons(qint32 restes);
   bool FaisEntiere();
+  void LacheTampon();
 
   std::shared_ptr<HabitudesLecture> Habitudes_;
   GstVideoFrame Trame_ = {};  // mapped while its buffer is not null
