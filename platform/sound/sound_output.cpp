@@ -1,9 +1,10 @@
 #include "platform/sound/sound_output.h"
 
+#include <glob.h>
 #include <unistd.h>
 
 #include <QDir>
-#include <QFileInfo>
+#include <QFile>
 #include <algorithm>
 #include <array>
 
@@ -16,32 +17,25 @@ constexpr std::array kVariables = {"PULSE_SERVER",     "PULSE_RUNTIME_PATH",   "
                                    "PIPEWIRE_REMOTE",  "PIPEWIRE_RUNTIME_DIR", "JACK_DEFAULT_SERVER",
                                    "ALSA_CONFIG_PATH", "AUDIODEVICE"};
 
-// Relative to the folder above; the last part may be a pattern. Sockets are system files to QDir.
+// Patterns, within the folder told before each.
 constexpr std::array kDuSysteme = {"dev/snd/pcm*p",    "dev/dsp*",        "etc/asound.conf",
                                    "run/pulse/native", "run/sndio/sock*", "tmp/sndio/sock*"};
 constexpr std::array kDeLaSession = {"pulse/native", "pipewire-*"};
 // A cookie is written for a server that was there once; without a runtime folder of the session the sockets lie behind
 // a link in the same place.
 constexpr std::array kDeLaPersonne = {".asoundrc", ".config/alsa/asoundrc", ".config/pulse/client.conf",
-                                      ".config/pulse/cookie"};
+                                      ".config/pulse/cookie", ".config/pulse/*-runtime/native"};
 
-bool Existe(const QString& dossier, const char* chemin) {
-  const QFileInfo lieu(dossier + QLatin1Char('/') + QLatin1String(chemin));
-  return !QDir(lieu.path()).entryList({lieu.fileName()}, QDir::AllEntries | QDir::System | QDir::Hidden).isEmpty();
-}
-
+// The system's own matching: Qt's brings the whole machinery of regular expressions along.
 template <typename Liste>
-bool ExisteUnDe(const QString& dossier, const Liste& chemins) {
+bool ExisteUnDe(const QString& dossier, const Liste& motifs) {
   if (dossier.isEmpty()) return false;
-  return std::any_of(chemins.begin(), chemins.end(), [&](const char* chemin) { return Existe(dossier, chemin); });
-}
-
-bool ExisteServeurLie(const QString& maison) {
-  if (maison.isEmpty()) return false;
-  const QDir dossier(maison + QStringLiteral("/.config/pulse"));
-  const QStringList liens = dossier.entryList({QStringLiteral("*-runtime")}, QDir::Dirs);
-  return std::any_of(liens.begin(), liens.end(), [&](const QString& lien) {
-    return QFileInfo::exists(dossier.filePath(lien) + QStringLiteral("/native"));
+  return std::any_of(motifs.begin(), motifs.end(), [&](const char* motif) {
+    glob_t trouves = {};
+    const int reponse = glob(QFile::encodeName(dossier + QLatin1Char('/') + QLatin1String(motif)).constData(),
+                             GLOB_NOSORT, nullptr, &trouves);
+    globfree(&trouves);
+    return reponse == 0;
   });
 }
 
@@ -58,7 +52,7 @@ LieuxSon TrouveLieuxSon() {
 bool PeutSortirSon(const LieuxSon& lieux) {
   if (std::any_of(kVariables.begin(), kVariables.end(), lieux.EstDefinie)) return true;
   return ExisteUnDe(lieux.Racine, kDuSysteme) || ExisteUnDe(lieux.DossierExecution, kDeLaSession) ||
-         ExisteUnDe(lieux.DossierPersonnel, kDeLaPersonne) || ExisteServeurLie(lieux.DossierPersonnel);
+         ExisteUnDe(lieux.DossierPersonnel, kDeLaPersonne);
 }
 
 }  // namespace vaktor
