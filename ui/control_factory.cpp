@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QProxyStyle>
 
 namespace vaktor {
 
@@ -14,6 +15,16 @@ QFont DonnePolice(int pixels) {
   police.setPixelSize(pixels);
   return police;
 }
+
+// Styles have signs of their own. A style sheet could say the same, at the price of the whole machinery for them.
+class StyleSecret : public QProxyStyle {
+ public:
+  int styleHint(StyleHint sujet, const QStyleOption* option, const QWidget* controle,
+                QStyleHintReturn* retour) const override {
+    if (sujet == SH_LineEdit_PasswordCharacter) return '*';
+    return QProxyStyle::styleHint(sujet, option, controle, retour);
+  }
+};
 
 }  // namespace
 
@@ -58,7 +69,9 @@ QLineEdit* CreeChamp(QWidget* parent, const QString& nom, const QRect& place) {
 QLineEdit* CreeChampSecret(QWidget* parent, const QString& nom, const QRect& place) {
   QLineEdit* champ = CreeChamp(parent, nom, place);
   champ->setEchoMode(QLineEdit::Password);
-  champ->setStyleSheet(QStringLiteral("lineedit-password-character: 42"));  // styles have signs of their own otherwise
+  auto* style = new StyleSecret;
+  style->setParent(champ);
+  champ->setStyle(style);
   return champ;
 }
 
