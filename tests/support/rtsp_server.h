@@ -36,8 +36,12 @@ class ServeurRtsp {
     });
   }
   ~ServeurRtsp() {
-    g_main_loop_quit(Boucle_);
+    // From within the loop: it may not have begun yet.
+    GSource* fin = g_idle_source_new();
+    g_source_set_callback(fin, &Quitte, Boucle_, nullptr);
+    g_source_attach(fin, Contexte_);
     Fil_.join();
+    g_source_unref(fin);
     g_source_destroy(Source_);
     g_source_unref(Source_);
     g_object_unref(Serveur_);
@@ -52,6 +56,11 @@ class ServeurRtsp {
   }
 
  private:
+  static gboolean Quitte(gpointer boucle) {
+    g_main_loop_quit(static_cast<GMainLoop*>(boucle));
+    return G_SOURCE_REMOVE;
+  }
+
   GMainContext* Contexte_ = nullptr;
   GMainLoop* Boucle_ = nullptr;
   GstRTSPServer* Serveur_ = nullptr;
