@@ -26,7 +26,7 @@ EssaiParCompagnon::EssaiParCompagnon(QString programme, QString dossierPrive, QS
   QObject::connect(&Limite_, &QTimer::timeout, &Limite_, [this] { Termine(FinEssai::kSansFin); });
 }
 
-EssaiParCompagnon::~EssaiParCompagnon() { Annule(); }
+EssaiParCompagnon::~EssaiParCompagnon() { Abandonne(); }
 
 void EssaiParCompagnon::Lance(const QByteArray& demande, const RappelsEssai& rappels) {
   Annule();
