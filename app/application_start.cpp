@@ -84,8 +84,8 @@ FormMonitor& Vaktor::Moniteur() {
 FormVisuPhoto& Vaktor::Galerie() {
   if (!FormVisuPhoto_) {
     Galerie_ = std::make_unique<GaleriePhotos>(PortsGalerie{Reglages_, Systeme_.Dossiers, Etat_, *Sauvegarde_, Textes_,
-                                                            Systeme_.Disque, Systeme_.Lecteur, Systeme_.Boites,
-                                                            Systeme_.Pompe, Systeme_.Navigateur});
+                                                            Systeme_.Disque, Systeme_.Noms, Systeme_.Lecteur,
+                                                            Systeme_.Boites, Systeme_.Pompe, Systeme_.Navigateur});
     FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_, Systeme_.Dossiers);
     CreeRepertoire(*FormVisuPhoto_);
   }
@@ -94,9 +94,11 @@ FormVisuPhoto& Vaktor::Galerie() {
 
 // The folder chooser is reached from the gallery and in no other way.
 void Vaktor::CreeRepertoire(FormVisuPhoto& galerie) {
-  ChoixDossier_ = std::make_unique<ChoixDossier>(PortsChoixDossier{
-      Reglages_, *Sauvegarde_, Systeme_.Dossiers, Systeme_.Disque, Systeme_.Arbre, Systeme_.Pompe, Systeme_.Boites,
-      Textes_, [&galerie](const QString& dossier) { galerie.RepointeSur(dossier); }});
+  ChoixDossier_ = std::make_unique<ChoixDossier>(
+      PortsChoixDossier{Reglages_, *Sauvegarde_, Systeme_.Dossiers, Systeme_.Disque, Systeme_.Arbre, Systeme_.Pompe,
+                        Systeme_.Boites, Textes_, [&galerie](const QString& dossier, std::function<void()> fini) {
+                          galerie.RepointeSur(dossier, std::move(fini));
+                        }});
   Repertoire_ = std::make_unique<VueRepertoire>(*ChoixDossier_, Systeme_.Arbre);
   galerie.SurChoixRepertoire([this] { Repertoire_->Montre(); });
 }

@@ -37,6 +37,7 @@ PortsSysteme SystemeReel::Ports() {
           .Minuteries = Minuteries_,
           .Boites = Boites_,
           .Ecrivain = Ecrivain_,
+          .Noms = Noms_,
           .Lecteur = Lecteur_,
           .Arbre = Arbre_,
           .Sons = Sons_,

@@ -13,6 +13,7 @@
 #include "platform/base/system_files.h"
 #include "platform/channel/companion_rehearsal.h"
 #include "platform/channel/system_processes.h"
+#include "platform/folders/photo_names_reader.h"
 #include "platform/folders/system_folders.h"
 #include "platform/image/jpeg_photo_reader.h"
 #include "platform/image/turbo_jpeg_encoder.h"
@@ -46,6 +47,7 @@ class SystemeReel {
   BoitesMessageQt Boites_;
   EncodeurTurboJpeg Encodeur_;
   EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
+  LecteurNomsSysteme Noms_;
   LecteurPhotosFichier Lecteur_;
   ArbreDossiersSysteme Arbre_;
   OuvreurBureau Navigateur_;

@@ -19,6 +19,7 @@
 #include "engine/ports/timers.h"
 #include "image/jpeg_writer.h"
 #include "image/ports/folder_tree.h"
+#include "image/ports/photo_names.h"
 #include "image/ports/photo_reader.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
@@ -42,6 +43,7 @@ struct PortsSysteme {
   FabriqueMinuteries& Minuteries;
   BoitesMessage& Boites;
   EcrivainJpeg& Ecrivain;
+  LecteurNoms& Noms;
   const LecteurPhotos& Lecteur;
   ArbreDossiers& Arbre;
   SonsInterface& Sons;

@@ -78,7 +78,7 @@ class Photos {
   }
   void Enregistre() { Recorder_.EnregistrePhoto(); }
   void Nettoie() {
-    for (const QString& nom : Disque_.ListeFichiers(Dossier_.path(), QStringLiteral("*.jpg"))) {
+    for (const QString& nom : QDir(Dossier_.path()).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name)) {
       Disque_.Supprime(Dossier_.path() + u'/' + nom);
     }
   }

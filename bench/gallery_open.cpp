@@ -1,10 +1,11 @@
 // The photo gallery over a folder with many photos: how long until the window stands painted, how long a timer of 30 ms
 // has to wait meanwhile, how long each step of scrolling and each photo takes.
 //
-//   gallery_open FOLDER     a program folder with its photos in FOLDER/intrus
+//   gallery_open FOLDER             a program folder with its photos in FOLDER/intrus; nothing is changed there
+//   gallery_open FOLDER --delete    at the end one photo is deleted, and then all of them
 //
-// The real form, files and decoder; nothing is saved and nothing deleted. Times are of the clock, and of the processor
-// in brackets.
+// The real form, files and decoder; nothing is saved. Times are of the clock, and of the processor in brackets. The
+// timer of 30 ms stands for the surveillance's tick.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QScrollBar>
@@ -18,6 +19,7 @@
 #include "image/forms/form_visu_photo.h"
 #include "platform/base/event_pump.h"
 #include "platform/base/system_files.h"
+#include "platform/folders/photo_names_reader.h"
 #include "platform/image/jpeg_photo_reader.h"
 
 namespace vaktor {
@@ -29,7 +31,7 @@ class SansSauvegarde : public SauvegardeParametres {
 };
 class SansBoites : public BoitesMessage {
  public:
-  ReponseBoite MontreMessage(const QString&, const QString&, BoutonsBoite) override { return ReponseBoite::kNon; }
+  ReponseBoite MontreMessage(const QString&, const QString&, BoutonsBoite) override { return ReponseBoite::kOui; }
 };
 class SansOuvreur : public Ouvreur {
  public:
@@ -68,6 +70,19 @@ void Dit(const char* quoi, std::vector<Mesure> mesures) {
               median.Processeur, pire.Horloge, pire.Processeur, mesures.size());
 }
 
+/// Knows when it has been painted.
+class Fenetre : public FormVisuPhoto {
+ public:
+  using FormVisuPhoto::FormVisuPhoto;
+  bool Peinte = false;
+
+ protected:
+  void paintEvent(QPaintEvent* evenement) override {
+    FormVisuPhoto::paintEvent(evenement);
+    Peinte = true;
+  }
+};
+
 struct Banc {
   explicit Banc(const QString& dossier) : Dossiers{dossier, dossier} {
     Textes.Remplit(1);
@@ -81,36 +96,72 @@ struct Banc {
   SansBoites Boites;
   SansOuvreur Bureau;
   FichiersSysteme Disque;
+  LecteurNomsSysteme Noms;
   LecteurPhotosFichier Lecteur;
   PompeEvenementsQt Pompe;
   GaleriePhotos Galerie{
-      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Disque, Lecteur, Boites, Pompe, Bureau}};
-  FormVisuPhoto Forme{Galerie, Reglages, Textes, Dossiers};
+      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Disque, Noms, Lecteur, Boites, Pompe, Bureau}};
+  Fenetre Forme{Galerie, Reglages, Textes, Dossiers};
 };
 
-void MesureTout(Banc& banc) {
-  // The timer stands for the surveillance's tick.
-  QElapsedTimer depuis;
-  double attente = 0;
-  QTimer tic;
-  tic.setTimerType(Qt::PreciseTimer);
-  QObject::connect(&tic, &QTimer::timeout, &tic, [&] {
-    attente = std::max(attente, static_cast<double>(depuis.nsecsElapsed()) / 1e6);
-    depuis.restart();
+/// The longest time between two ticks of a timer of 30 ms since it was last asked.
+class Cadence {
+ public:
+  Cadence() {
+    Tic_.setTimerType(Qt::PreciseTimer);
+    QObject::connect(&Tic_, &QTimer::timeout, &Tic_, [this] { Note(); });
+    Depuis_.start();
+    Tic_.start(30);
+  }
+  void Dit(const char* quoi) {
+    QTest::qWait(100);  // the tick that is late now comes too
+    std::printf("%-28s longest gap of the tick %.1f ms\n", quoi, Pire_);
+    Pire_ = 0;
+  }
+
+ private:
+  void Note() {
+    Pire_ = std::max(Pire_, static_cast<double>(Depuis_.nsecsElapsed()) / 1e6);
+    Depuis_.restart();
+  }
+  QElapsedTimer Depuis_;
+  QTimer Tic_;
+  double Pire_ = 0;
+};
+
+/// Runs `travail` and then events until `fini`.
+template <typename Travail, typename Condition>
+Mesure JusquA(Travail travail, Condition fini) {
+  return Chronometre([&] {
+    travail();
+    if (!QTest::qWaitFor(fini, 60000)) std::printf("it does not come\n");
   });
-  tic.start(30);
-  depuis.start();
+}
+
+/// Until the window is painted with what it is asked for; its caption is the last that each step writes.
+template <typename Travail>
+Mesure JusquAuTitre(Banc& banc, Travail travail) {
+  banc.Forme.setWindowTitle({});
+  return JusquA(travail, [&] { return !banc.Forme.windowTitle().isEmpty(); });
+}
+
+void MesureOuverture(Banc& banc, Cadence& cadence) {
   QTest::qWait(500);
-  std::printf("tick before: longest gap %.1f ms\n", attente);
-  attente = 0;
-  Dit("opening, first", {Chronometre([&] {
-        banc.Forme.OuvreGalerie();
-        if (!QTest::qWaitForWindowExposed(&banc.Forme)) std::printf("the window does not come\n");
-        banc.Forme.grab();
-      })});
-  QTest::qWait(500);
-  std::printf("tick while it opens: longest gap %.1f ms\n", attente);
-  Dit("opening, again", {Chronometre([&] { banc.Forme.OuvreGalerie(); })});
+  cadence.Dit("before");
+  Dit("opening, first",
+      {JusquA([&] { banc.Forme.OuvreGalerie(); }, [&] { return banc.Forme.isVisible() && banc.Forme.Peinte; })});
+  cadence.Dit("opening, first");
+  std::vector<Mesure> suivantes;
+  for (int i = 0; i < 10; ++i) suivantes.push_back(JusquAuTitre(banc, [&] { banc.Forme.OuvreGalerie(); }));
+  Dit("opening, again", suivantes);
+  cadence.Dit("opening, again");
+  std::vector<Mesure> relues;
+  for (int i = 0; i < 10; ++i) relues.push_back(JusquAuTitre(banc, [&] { banc.Galerie.Rafraichit(); }));
+  Dit("reading again", relues);
+  cadence.Dit("reading again");
+}
+
+void MesureListe(Banc& banc) {
   auto* liste = banc.Forme.findChild<ListePhotos*>();
   std::vector<Mesure> pas;
   std::vector<Mesure> photos;
@@ -124,7 +175,14 @@ void MesureTout(Banc& banc) {
   Dit("a step of scrolling", pas);
   for (int i = 0; i < 100; ++i) photos.push_back(Chronometre([&] { QTest::keyClick(liste, Qt::Key_Down); }));
   Dit("a photo by the arrow key", photos);
-  std::printf("%lld photos\n", static_cast<long long>(banc.Galerie.Entrees().size()));
+}
+
+void MesureSuppression(Banc& banc, Cadence& cadence) {
+  cadence.Dit("before the deletion");
+  Dit("deletion of one", {JusquAuTitre(banc, [&] { banc.Galerie.SupprimePhoto(); })});
+  cadence.Dit("deletion of one");
+  Dit("deletion of all", {JusquAuTitre(banc, [&] { banc.Galerie.SupprimeTout(); })});
+  cadence.Dit("deletion of all");
 }
 
 }  // namespace
@@ -132,11 +190,16 @@ void MesureTout(Banc& banc) {
 
 int main(int argc, char** argv) {
   QApplication application(argc, argv);
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: gallery_open FOLDER\n");
+  const bool efface = argc == 3 && qstrcmp(argv[2], "--delete") == 0;
+  if (argc != 2 && !efface) {
+    std::fprintf(stderr, "usage: gallery_open FOLDER [--delete]\n");
     return 2;
   }
   vaktor::Banc banc(QString::fromLocal8Bit(argv[1]));
-  vaktor::MesureTout(banc);
+  vaktor::Cadence cadence;
+  vaktor::MesureOuverture(banc, cadence);
+  vaktor::MesureListe(banc);
+  std::printf("%lld photos\n", static_cast<long long>(banc.Galerie.Entrees().size()));
+  if (efface) vaktor::MesureSuppression(banc, cadence);
   return 0;
 }

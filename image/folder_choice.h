@@ -25,8 +25,8 @@ struct PortsChoixDossier {
   PompeEvenements& Pompe;
   BoitesMessage& Boites;
   const TablesTextes& Textes;
-  /// Sets the gallery on a folder: list, first photo, caption. May throw Echec.
-  std::function<void(const QString&)> RepointeGalerie;
+  /// Sets the gallery on a folder: list, first photo, caption. Calls `fini` when all of it is done or has failed.
+  std::function<void(const QString& dossier, std::function<void()> fini)> RepointeGalerie;
 };
 
 /// Owner: app/, for the whole run; the form Repertoire comes and goes over it. User-interface thread.
@@ -49,8 +49,11 @@ class ChoixDossier {
   /// Command1, first half: Chemin becomes RepertoirePhoto. False after a message, with everything as it was. Throws
   /// what the save throws.
   bool Valide();
-  /// Command1, second half, after which the form is unloaded: the gallery follows. Throws what the gallery throws.
-  void RepointeGalerie() const { Ports_.RepointeGalerie(Ports_.Reglages.RepertoirePhoto); }
+  /// Command1, second half: the gallery follows, which takes as long as its folder is read. Then `fini`, which unloads
+  /// the form.
+  void RepointeGalerie(std::function<void()> fini) const {
+    Ports_.RepointeGalerie(Ports_.Reglages.RepertoirePhoto, std::move(fini));
+  }
 
   QList<LieuDisque> ListeLieux() const { return Ports_.Arbre.ListeLieux(); }
   const QString& Lecteur() const { return Lecteur_; }  ///< path of the place that Drive1 shows

@@ -56,6 +56,12 @@ QString DitRepertoireAbsent(qint32 langue, const QString& dossier) {
       .arg(dossier);
 }
 
+QString AvisSansReponse(qint32 langue, const QString& dossier) {
+  return Choisit(langue, "Le disque du répertoire des photos ne répond pas encore :\n%1",
+                 "The disk of the folder of the pictures does not answer yet:\n%1")
+      .arg(dossier);
+}
+
 QString DitPhotosRestees(qint32 langue, const QStringList& noms) {
   QString message =
       noms.size() == 1

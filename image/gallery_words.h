@@ -15,6 +15,8 @@ QString AvisPhoto(qint32 langue, EtatPhoto etat, const QString& nom);
 QString AvisPhotoCoupee(qint32 langue);
 /// Stands there while the folder has no photo and none was shown yet.
 QString AvisAucunePhoto(qint32 langue);
+/// Stands there while the disk of the folder keeps its reader waiting.
+QString AvisSansReponse(qint32 langue, const QString& dossier);
 /// One sentence for a message.
 QString DitPhotoImpossible(qint32 langue, EtatPhoto etat, const QString& nom);
 QString DitRepertoireAbsent(qint32 langue, const QString& dossier);

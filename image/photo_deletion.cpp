@@ -13,56 +13,72 @@ constexpr int kPhotosEntrePompes = 100;
 
 }  // namespace
 
+// What is being read decides which photo is selected, and in which folder: the question waits for it.
 void GaleriePhotos::SupprimePhoto() {
-  if (Index_ < 0 || EnEffacement_) return;
-  const QString entree = Entrees_.value(Index_);
-  const QString question = Ports_.Textes.Messages(22) + QStringLiteral("\r\n\"") + entree + QStringLiteral("\" ?");
-  if (Ports_.Boites.MontreMessage(question, QString(), BoutonsBoite::kOuiNon) != ReponseBoite::kOui) return;
-  EnEffacement_ = true;
-  EffaceUne(entree);
-  EnEffacement_ = false;
-  AnnonceRestees({entree});
-}
-
-void GaleriePhotos::EffaceUne(const QString& entree) {
-  Efface(Ports_.Reglages.RepertoirePhoto, entree);
-  Ports_.Pompe.PompeMessages();
-  // The picture stays on display until another is shown.
-  LitListe();
-  AfficheNombrePhotos();
+  if (EnEffacement_ || EstDeposee(Genre::kEffacementUne)) return;
+  Depose({.Quoi = Genre::kEffacementUne});
 }
 
 void GaleriePhotos::SupprimeTout() {
-  if (EnEffacement_) return;
+  if (EnEffacement_ || EstDeposee(Genre::kEffacementToutes)) return;
+  Depose({.Quoi = Genre::kEffacementToutes});
+}
+
+void GaleriePhotos::DemandeEffacementUne() {
+  if (Index_ < 0) return;
+  const QString entree = Entrees_.value(Index_);
+  const QString question = Ports_.Textes.Messages(22) + QStringLiteral("\r\n\"") + entree + QStringLiteral("\" ?");
+  if (Ports_.Boites.MontreMessage(question, QString(), BoutonsBoite::kOuiNon) == ReponseBoite::kOui) EffaceUne(entree);
+}
+
+void GaleriePhotos::EffaceUne(const QString& entree) {
+  EnEffacement_ = true;
+  Efface(Ports_.Reglages.RepertoirePhoto, entree);
+  Ports_.Pompe.PompeMessages();
+  // The picture stays on display until another is shown.
+  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this, entree](bool lu) {
+            EnEffacement_ = false;
+            if (lu) AnnonceRestees({entree});
+          }});
+}
+
+void GaleriePhotos::DemandeEffacementToutes() {
   if (Ports_.Boites.MontreMessage(Ports_.Textes.Messages(14), Ports_.Textes.Messages(15), BoutonsBoite::kOuiNon) !=
       ReponseBoite::kOui) {
     return;
   }
   // As the list is now: what comes into the folder from here on, also while events run, stays.
   const QStringList voulues = Entrees_;
-  EnEffacement_ = true;
   EffaceToutes(voulues);
-  EnEffacement_ = false;
-  AnnonceRestees(voulues);
 }
 
 void GaleriePhotos::EffaceToutes(const QStringList& voulues) {
   const QString dossier = Ports_.Reglages.RepertoirePhoto;
   const int dernier = static_cast<int>(voulues.size()) - 1;  // -1 for an empty folder: the window opens and goes
+  EnEffacement_ = true;
   Affichage_->OuvreProgression(dernier);
   Ports_.Pompe.PompeMessages();
   for (int i = 0; i <= dernier; ++i) {
     Efface(dossier, voulues.at(i));
     Affichage_->AvanceProgression(i);
     if ((i + 1) % kPhotosEntrePompes == 0) Ports_.Pompe.PompeMessages();
-    if (Ports_.Etat.EnFermeture) break;  // the end waits for nothing; the rest stays
+    if (Ports_.Etat.EnFermeture) {  // the end waits for nothing; the rest stays
+      TermineEffacement();
+      return;
+    }
   }
-  LitListe();
-  AfficheNombrePhotos();
+  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this, voulues](bool lu) {
+            TermineEffacement();
+            if (lu) AnnonceRestees(voulues);
+          }});
+}
+
+void GaleriePhotos::TermineEffacement() {
   Affichage_->FermeProgression();
   Affichage_->MontrePhoto({});
   Place_ = Place::kVide;
   DitListeVide();
+  EnEffacement_ = false;
 }
 
 void GaleriePhotos::Efface(const QString& dossier, const QString& entree) {

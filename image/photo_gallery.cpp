@@ -5,81 +5,7 @@
 #include "image/gallery_words.h"
 
 namespace vaktor {
-namespace {
-
-// Also matches names with more behind ".jpg": a photo renamed to "x.jpg.old" or half fetched stays in sight.
-QString Motif() { return QStringLiteral("*.jpg*"); }
-
-}  // namespace
-
 GaleriePhotos::GaleriePhotos(const PortsGalerie& ports) : Ports_(ports) {}
-
-void GaleriePhotos::OuvreGalerie() {
-  try {
-    OuvreUneFois();
-    return;
-  } catch (const Echec&) {
-    // In memory only: the user's folder is lost for good no sooner than with the next save.
-    Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.Donnees + QStringLiteral("\\intrus");
-  }
-  try {
-    OuvreUneFois();
-  } catch (const Echec&) {
-    // Told by the guard of the event loop. The window comes up all the same: another folder is chosen there.
-    AfficheNombrePhotos();
-    Affichage_->MontreFenetre();
-    throw;
-  }
-}
-
-void GaleriePhotos::OuvreUneFois() {
-  FixeChemin(Ports_.Reglages.RepertoirePhoto);  // reads the list, also where the folder is the one of before
-  if (!Entrees_.isEmpty()) {
-    ChargeEntree(0);
-    // List and picture agree, without a click: a photo further down may have been selected when the window was hidden.
-    Index_ = 0;
-    Affichage_->MontreIndex(Index_);
-  }
-  Affichage_->AjusteAutourPhoto();
-  Affichage_->MontreFenetre();
-  AfficheNombrePhotos();
-}
-
-void GaleriePhotos::FixeChemin(const QString& dossier) {
-  // A folder that may not be read is as good as gone: taken for an empty one, it would hide the user's photos.
-  if (!Ports_.Disque.PeutLister(dossier)) {
-    throw Echec(kFichierIntrouvable, DitRepertoireAbsent(Ports_.Reglages.LangueCourante, dossier));
-  }
-  const bool autre = dossier != Chemin_;
-  Chemin_ = dossier;
-  if (autre) Index_ = -1;
-  LitListe();
-  // An empty folder leaves the picture of the one before in its place.
-  if (!autre || Entrees_.isEmpty()) return;
-  Index_ = 0;
-  Affichage_->MontreIndex(Index_);
-  Clique();
-}
-
-void GaleriePhotos::RepointeSur(const QString& dossier) {
-  FixeChemin(dossier);
-  if (!Entrees_.isEmpty()) ChargeEntree(0);
-  AfficheNombrePhotos();
-}
-
-void GaleriePhotos::Rafraichit() {
-  LitListe();
-  AfficheNombrePhotos();
-}
-
-// A selected photo stays selected while it is there, wherever it stands now.
-void GaleriePhotos::LitListe() {
-  const QString choisie = Entrees_.value(Index_);
-  Entrees_ = Ports_.Disque.ListeFichiers(Chemin_, Motif());
-  Index_ = choisie.isEmpty() ? -1 : static_cast<int>(Entrees_.indexOf(choisie));
-  Affichage_->MontreListe(Entrees_, Index_);
-  DitListeVide();
-}
 
 // Only where no picture is: one that was shown stays on display though its file, or the whole folder, is gone.
 void GaleriePhotos::DitListeVide() {
@@ -97,6 +23,7 @@ void GaleriePhotos::RedisAvis() {
   if (Place_ == Place::kAucunePhoto) Affichage_->MontreAvis(AvisAucunePhoto(langue));
   if (Place_ == Place::kPhotoCoupee) Affichage_->MontreMention(AvisPhotoCoupee(langue));
   if (Place_ == Place::kAvis) Affichage_->MontreAvis(AvisPhoto(langue, EtatAvis_, NomAvis_));
+  if (Place_ == Place::kSansReponse) Affichage_->MontreAvis(AvisSansReponse(langue, NomAvis_));
 }
 
 void GaleriePhotos::OuvreRepertoire() const { Ports_.Bureau.OuvreDossier(Ports_.Reglages.RepertoirePhoto + u'\\'); }
@@ -172,6 +99,7 @@ QString GaleriePhotos::ChangeLimite(const QString& texte) {
 }
 
 bool GaleriePhotos::DemandeFermeture() {
+  OublieOuverture();
   Ports_.Reglages.ParametresModifies = true;
   Ports_.Sauvegarde.SauveParametres();
   return Ports_.Etat.EnFermeture;

@@ -25,9 +25,16 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
   FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, const TablesTextes& textes,
                 const DossiersProgramme& dossiers);
 
-  void OuvreGalerie() { Regles_.OuvreGalerie(); }  ///< throws Echec
-  /// The folder chooser has another folder: the list takes it, the first photo is shown. Throws Echec.
-  void RepointeSur(const QString& dossier) { Regles_.RepointeSur(dossier); }
+  ~FormVisuPhoto() override { Regles_.Delie(); }
+  FormVisuPhoto(const FormVisuPhoto&) = delete;
+  FormVisuPhoto& operator=(const FormVisuPhoto&) = delete;
+
+  /// The window comes when its folder has been read. Fails from the event loop, with an Echec.
+  void OuvreGalerie() { Regles_.OuvreGalerie(); }
+  /// The folder chooser has another folder: the list takes it, the first photo is shown, then `fini` is called.
+  void RepointeSur(const QString& dossier, std::function<void()> fini) {
+    Regles_.RepointeSur(dossier, std::move(fini));
+  }
   /// What Command7 opens.
   void SurChoixRepertoire(std::function<void()> choisit) { ChoisitRepertoire_ = std::move(choisit); }
   void ChargeMots();

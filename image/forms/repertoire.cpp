@@ -5,7 +5,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QPointer>
-#include <QScopeGuard>
 #include <QStyle>
 
 namespace vaktor {
@@ -94,12 +93,13 @@ void Repertoire::BrancheControles() {
   connect(Command1_, &QAbstractButton::clicked, this, [this] {
     // A message of the rules lets events run, the end of the program among them.
     const QPointer<Repertoire> encore(this);
-    if (!Choix_.Valide()) return;
-    // The choice is made: the form goes also when the gallery then meets a first photo that it cannot show.
-    const auto ferme = qScopeGuard([&] {
-      if (encore) close();
+    if (!Choix_.Valide() || !encore) return;
+    // The choice is made: it waits for the gallery as it stands, and goes also when that meets a first photo that it
+    // cannot show.
+    setEnabled(false);
+    Choix_.RepointeGalerie([encore] {
+      if (encore) encore->close();
     });
-    Choix_.RepointeGalerie();
   });
 }
 

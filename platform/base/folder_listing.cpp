@@ -71,9 +71,9 @@ bool EstFichier(int dossier, const dirent& entree) {
   return ::fstatat(dossier, entree.d_name, &etat, 0) == 0 && S_ISREG(etat.st_mode);
 }
 
-Noms LitNoms(DIR& dossier, const std::vector<std::string>& morceaux) {
+Noms LitNoms(DIR& dossier, const std::vector<std::string>& morceaux, const std::atomic<bool>& abandon) {
   Noms noms;
-  while (const dirent* entree = ::readdir(&dossier)) {
+  while (const dirent* entree = abandon ? nullptr : ::readdir(&dossier)) {
     if (entree->d_name[0] == '.' || !EstFichier(::dirfd(&dossier), *entree)) continue;
     std::string cle = Replie(entree->d_name);
     if (!Correspond(cle, morceaux)) continue;
@@ -85,14 +85,12 @@ Noms LitNoms(DIR& dossier, const std::vector<std::string>& morceaux) {
 
 }  // namespace
 
-bool PeutListerDossier(const QByteArray& dossier) {
-  return std::unique_ptr<DIR, FermeDossier>(::opendir(dossier.constData())) != nullptr;
-}
-
-QStringList ListeDossier(const QByteArray& dossier, const QString& motif) {
+std::optional<QStringList> ListeDossier(const QByteArray& dossier, const QString& motif,
+                                        const std::atomic<bool>& abandon) {
   const std::unique_ptr<DIR, FermeDossier> lu(::opendir(dossier.constData()));
-  if (!lu) return {};
-  const Noms noms = LitNoms(*lu, Coupe(motif));
+  if (!lu) return std::nullopt;
+  const Noms noms = LitNoms(*lu, Coupe(motif), abandon);
+  if (abandon) return std::nullopt;
   std::vector<std::pair<std::string_view, std::size_t>> ordre;
   ordre.reserve(noms.Cles.size());
   for (std::size_t i = 0; i < noms.Cles.size(); ++i) ordre.emplace_back(noms.Cles[i], i);

@@ -9,8 +9,6 @@
 #include <QFileInfo>
 #include <cerrno>
 
-#include "platform/base/folder_listing.h"
-
 namespace vaktor {
 namespace {
 
@@ -39,8 +37,6 @@ bool FichiersSysteme::Existe(const QString& chemin) const {
   return !chemin.isEmpty() && QFileInfo::exists(CheminNatif(chemin));
 }
 
-bool FichiersSysteme::PeutLister(const QString& dossier) const { return PeutListerDossier(NomSysteme(dossier)); }
-
 bool FichiersSysteme::CreeDossier(const QString& chemin) { return ::mkdir(NomSysteme(chemin).constData(), 0777) == 0; }
 
 std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const {
@@ -53,10 +49,6 @@ std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const 
   // All that is free, with what the file system keeps back for the administrator (f_bavail would leave that out): the
   // warning that asks for it has always counted so.
   return static_cast<qint64>(systeme.f_bfree) * static_cast<qint64>(systeme.f_frsize);
-}
-
-QStringList FichiersSysteme::ListeFichiers(const QString& dossier, const QString& motif) const {
-  return ListeDossier(NomSysteme(dossier), motif);
 }
 
 bool FichiersSysteme::Supprime(const QString& chemin) {

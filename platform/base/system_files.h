@@ -12,13 +12,9 @@ QString CheminNatif(const QString& chemin);
 class FichiersSysteme : public Fichiers {
  public:
   bool Existe(const QString& chemin) const override;
-  bool PeutLister(const QString& dossier) const override;
   bool CreeDossier(const QString& chemin) override;
   /// `chemin` itself must exist. The share that the system keeps back for root does not count as free.
   std::optional<qint64> EspaceLibre(const QString& chemin) const override;
-  /// Case counts neither for the pattern nor for the order ("B.JPG" matches "*.jpg" and comes after "a.jpg"). Hidden
-  /// files are left out. Empty for a folder that cannot be read.
-  QStringList ListeFichiers(const QString& dossier, const QString& motif) const override;
   bool Supprime(const QString& chemin) override;
   /// Returns when the system has taken every byte; it is not told to flush its own cache, which would cost far more
   /// than a frame lasts. New files get mode 0666 less the umask.

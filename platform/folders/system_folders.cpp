@@ -3,7 +3,6 @@
 #include <QDir>
 #include <QFile>
 #include <QPointer>
-#include <mutex>
 
 #include "platform/base/system_files.h"
 #include "platform/folders/folder_access.h"
@@ -24,23 +23,9 @@ QByteArray LitTableMontages() {
 
 }  // namespace
 
-// Carries results from the threads to the event loop of the one that made it, as long as that one is there.
-struct ArbreDossiersSysteme::Relais {
-  std::mutex Verrou;
-  std::unique_ptr<QObject> Recepteur = std::make_unique<QObject>();
+ArbreDossiersSysteme::ArbreDossiersSysteme() : Relais_(std::make_shared<RelaisBoucle>()) {}
 
-  void Poste(std::function<void()> suite) {
-    const std::lock_guard garde(Verrou);
-    if (Recepteur) QMetaObject::invokeMethod(Recepteur.get(), std::move(suite), Qt::QueuedConnection);
-  }
-};
-
-ArbreDossiersSysteme::ArbreDossiersSysteme() : Relais_(std::make_shared<Relais>()) {}
-
-ArbreDossiersSysteme::~ArbreDossiersSysteme() {
-  const std::lock_guard garde(Relais_->Verrou);
-  Relais_->Recepteur.reset();
-}
+ArbreDossiersSysteme::~ArbreDossiersSysteme() { Relais_->Coupe(); }
 
 // The names of the places stay French, as the form is.
 QList<LieuDisque> ArbreDossiersSysteme::ListeLieux() const {

@@ -6,6 +6,7 @@
 
 #include "image/ports/folder_tree.h"
 #include "platform/folders/bounded_work.h"
+#include "platform/folders/event_loop_relay.h"
 
 namespace vaktor {
 
@@ -25,8 +26,7 @@ class ArbreDossiersSysteme : public ArbreDossiers {
   void LitDossiers(const QString& chemin, const QObject* pour, RecoitDossiers recoit) override;
 
  private:
-  struct Relais;
-  std::shared_ptr<Relais> Relais_;
+  std::shared_ptr<RelaisBoucle> Relais_;
   mutable TravauxBornes Travaux_;
 };
 

@@ -4,7 +4,6 @@
 
 #include <QByteArrayView>
 #include <QString>
-#include <QStringList>
 #include <optional>
 
 namespace vaktor {
@@ -14,16 +13,11 @@ class Fichiers {
   virtual ~Fichiers() = default;
   /// True when a file or folder of this name exists.
   virtual bool Existe(const QString& chemin) const = 0;
-  /// True for a folder whose names this user may read.
-  virtual bool PeutLister(const QString& dossier) const = 0;
   /// Makes one folder; its parent must exist. False when it could not be made or was there already.
   virtual bool CreeDossier(const QString& chemin) = 0;
   /// Free bytes in all on the file system that holds `chemin`, also those that this user may not fill; nothing when
   /// that cannot be told.
   virtual std::optional<qint64> EspaceLibre(const QString& chemin) const = 0;
-  /// Names (without folder) of the files of a folder that match a pattern such as "*.jpg*" ("*" for any text), sorted
-  /// by name; neither looks at upper and lower case. Names that begin with a dot are left out.
-  virtual QStringList ListeFichiers(const QString& dossier, const QString& motif) const = 0;
   /// Removes one file. False when it is still there.
   virtual bool Supprime(const QString& chemin) = 0;
   /// Writes the bytes as the whole content of a file, replacing an earlier one. 0 when every byte is written and the

@@ -11,6 +11,7 @@
 #include "fakes/fake_folder_tree.h"
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_mail_registry.h"
+#include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
 #include "fakes/journal.h"
@@ -109,17 +110,12 @@ class DisqueNote : public Fichiers {
     J_.Note([&] { return QStringLiteral("files: exists ") + chemin; });
     return Existants.contains(chemin);
   }
-  bool PeutLister(const QString& dossier) const override {
-    J_.Note([&] { return QStringLiteral("files: may list ") + dossier; });
-    return Existants.contains(dossier);
-  }
   bool CreeDossier(const QString& chemin) override {
     J_.Note([&] { return QStringLiteral("files: make ") + chemin; });
     Existants.append(chemin);
     return true;
   }
   std::optional<qint64> EspaceLibre(const QString&) const override { return std::nullopt; }
-  QStringList ListeFichiers(const QString&, const QString&) const override { return {}; }
   bool Supprime(const QString&) override { return false; }
   int EcritFichier(const QString&, QByteArrayView) override { return 0; }
   QStringList Existants;
@@ -222,6 +218,7 @@ struct SystemeFaux {
             .Minuteries = Minuteries,
             .Boites = Messages,
             .Ecrivain = Ecrivain,
+            .Noms = Noms,
             .Lecteur = Lecteur,
             .Arbre = Arbre,
             .Sons = Sons,
@@ -253,6 +250,8 @@ struct SystemeFaux {
   DisqueNote Disque{Notes};
   BoitesNotees Messages{Notes};
   EcrivainNote Ecrivain{Notes};
+  FauxFichiers Photos;
+  faux::LecteurNomsFaux Noms{Photos};
   faux::LecteurPhotosFaux Lecteur;
   faux::ArbreFaux Arbre;
   ProcessusNote Programmes{Notes};

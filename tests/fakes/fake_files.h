@@ -35,12 +35,22 @@ class FauxFichiers : public Fichiers {
   void AjouteFichier(const QString& chemin, const QByteArray& contenu = {}) { Contenus_.insert(Cle(chemin), contenu); }
   QByteArray Contenu(const QString& chemin) const { return Contenus_.value(Cle(chemin)); }
   qsizetype NombreFichiers() const { return Contenus_.size(); }
+  bool PeutLister(const QString& dossier) const {
+    return Dossiers_.contains(Cle(dossier)) && !Illisibles.contains(Cle(dossier));
+  }
+  /// Names without folder that match a pattern such as "*.jpg*", sorted.
+  QStringList ListeFichiers(const QString& dossier, const QString& motif) const {
+    QStringList noms;
+    for (auto it = Contenus_.cbegin(); it != Contenus_.cend(); ++it) {
+      const QString nom = it.key().section(u'/', -1);
+      if (Parent(it.key()) == Cle(dossier) && QDir::match(motif, nom)) noms += nom;
+    }
+    noms.sort(Qt::CaseInsensitive);
+    return noms;
+  }
 
   bool Existe(const QString& chemin) const override {
     return Dossiers_.contains(Cle(chemin)) || Contenus_.contains(Cle(chemin));
-  }
-  bool PeutLister(const QString& dossier) const override {
-    return Dossiers_.contains(Cle(dossier)) && !Illisibles.contains(Cle(dossier));
   }
   bool CreeDossier(const QString& chemin) override {
     DossiersDemandes += chemin;
@@ -51,15 +61,6 @@ class FauxFichiers : public Fichiers {
   std::optional<qint64> EspaceLibre(const QString& chemin) const override {
     EspacesDemandes += chemin;
     return OctetsLibres;
-  }
-  QStringList ListeFichiers(const QString& dossier, const QString& motif) const override {
-    QStringList noms;
-    for (auto it = Contenus_.cbegin(); it != Contenus_.cend(); ++it) {
-      const QString nom = it.key().section(u'/', -1);
-      if (Parent(it.key()) == Cle(dossier) && QDir::match(motif, nom)) noms += nom;
-    }
-    noms.sort(Qt::CaseInsensitive);
-    return noms;
   }
   bool Supprime(const QString& chemin) override {
     Supprimes += chemin;

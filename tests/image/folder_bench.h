@@ -44,11 +44,15 @@ class BancDossier : public testing::Test {
   BoitesFausses Boites;
   TablesTextes Textes;
   bool GalerieEchoue = false;
-  ChoixDossier Choix{
-      {Reglages, Sauvegarde, Dossiers, Disque, Arbre, Pompe, Boites, Textes, [this](const QString& dossier) {
-         Journal_.Note([&] { return QStringLiteral("gallery ") + dossier; });
-         if (GalerieEchoue) throw Echec(kFichierIntrouvable, QStringLiteral("first photo damaged"));
-       }}};
+  bool GalerieTarde = false;         // FinGalerie is left to the test
+  std::function<void()> FinGalerie;  // as the gallery was last given it
+  ChoixDossier Choix{{Reglages, Sauvegarde, Dossiers, Disque, Arbre, Pompe, Boites, Textes,
+                      [this](const QString& dossier, const std::function<void()>& fini) {
+                        Journal_.Note([&] { return QStringLiteral("gallery ") + dossier; });
+                        FinGalerie = fini;
+                        if (!GalerieTarde) fini();
+                        if (GalerieEchoue) throw Echec(kFichierIntrouvable, QStringLiteral("first photo damaged"));
+                      }}};
 };
 
 }  // namespace vaktor::faux

@@ -5,6 +5,7 @@
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_message_boxes.h"
+#include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_saving.h"
 #include "image/photo_gallery.h"
@@ -44,12 +45,13 @@ struct BancGalerie {
   TablesTextes Textes;
   SauvegardeFausse Sauvegarde{Journal, Reglages};
   FauxFichiers Disque;
+  LecteurNomsFaux Noms{Disque};
   LecteurPhotosFaux Lecteur;
   BoitesFausses Boites;
   PompeFausse Pompe{Journal};
   OuvreurNote Bureau;
   GaleriePhotos Galerie{
-      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Disque, Lecteur, Boites, Pompe, Bureau}};
+      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Disque, Noms, Lecteur, Boites, Pompe, Bureau}};
 };
 
 }  // namespace vaktor::faux

@@ -14,7 +14,7 @@ class Dossier : public faux::BancDossier {
   /// Both halves of Command1.
   bool Accepte() {
     if (!Choix.Valide()) return false;
-    Choix.RepointeGalerie();
+    Choix.RepointeGalerie([] {});
     return true;
   }
 };

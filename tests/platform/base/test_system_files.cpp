@@ -37,8 +37,6 @@ TEST_F(SystemFiles, BothSeparatorsOfAStoredPathAreTheSystems) {
   ASSERT_EQ(Disque.EcritFichier(Chemin(QStringLiteral("\\intrus/a  b.jpg")), "photo"), 0);
   EXPECT_EQ(Lit(Chemin(QStringLiteral("/intrus/a  b.jpg"))), "photo");
   EXPECT_TRUE(Disque.Existe(Chemin(QStringLiteral("/intrus\\a  b.jpg"))));
-  EXPECT_EQ(Disque.ListeFichiers(Chemin(QStringLiteral("\\intrus")), QStringLiteral("*.jpg*")),
-            QStringList{QStringLiteral("a  b.jpg")});
   EXPECT_TRUE(Disque.EspaceLibre(Chemin(QStringLiteral("\\"))).has_value());
   EXPECT_TRUE(Disque.Supprime(Chemin(QStringLiteral("\\intrus\\a  b.jpg"))));
   EXPECT_FALSE(QFile::exists(Chemin(QStringLiteral("/intrus/a  b.jpg"))));
@@ -64,41 +62,6 @@ TEST_F(SystemFiles, OneFolderIsMadeAtATimeAndOnlyOnce) {
   EXPECT_FALSE(Disque.CreeDossier(Chemin(QStringLiteral("/x"))));
   EXPECT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/x/y"))));
   EXPECT_TRUE(QDir(Chemin(QStringLiteral("/x/y"))).exists());
-}
-
-TEST_F(SystemFiles, TheListIsSortedByNameWithoutRegardToCase) {
-  for (const char* nom : {"/b.jpg", "/C.JPG", "/a.jpg.bak", "/a.JPG", "/notes.txt", "/.cache.jpg", "/A.jpg"}) {
-    Pose(QString::fromUtf8(nom));
-  }
-  ASSERT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/dossier.jpg"))));
-  const QStringList attendu{QStringLiteral("A.jpg"), QStringLiteral("a.JPG"), QStringLiteral("a.jpg.bak"),
-                            QStringLiteral("b.jpg"), QStringLiteral("C.JPG")};
-  QStringList liste = Disque.ListeFichiers(Dossier.path(), QStringLiteral("*.jpg*"));
-  EXPECT_EQ(liste.mid(2), attendu.mid(2));
-  EXPECT_EQ(QStringList(liste.mid(0, 2)).join(u',').toLower(), QStringLiteral("a.jpg,a.jpg"));
-}
-
-TEST_F(SystemFiles, TheListOfAFolderThatIsGoneOrEmptyIsEmpty) {
-  EXPECT_TRUE(Disque.ListeFichiers(Dossier.path(), QStringLiteral("*")).isEmpty());
-  EXPECT_TRUE(Disque.ListeFichiers(Chemin(QStringLiteral("/gone")), QStringLiteral("*")).isEmpty());
-  EXPECT_TRUE(Disque.ListeFichiers(QString(), QStringLiteral("*")).isEmpty()) << "not the working folder";
-}
-
-TEST_F(SystemFiles, OnlyAFolderThatMayBeReadCanBeListed) {
-  Pose(QStringLiteral("/a"));
-  ASSERT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/ferme"))));
-  EXPECT_TRUE(Disque.PeutLister(Chemin(QStringLiteral("\\ferme"))));
-  EXPECT_FALSE(Disque.PeutLister(Chemin(QStringLiteral("/a")))) << "a file";
-  EXPECT_FALSE(Disque.PeutLister(Chemin(QStringLiteral("/gone"))));
-  EXPECT_FALSE(Disque.PeutLister(QString())) << "not the working folder";
-  // Permissions hold for others only: the administrator steps down for the moment of the question.
-  ASSERT_EQ(::chmod(QFile::encodeName(Dossier.path()).constData(), 0755), 0);
-  ASSERT_EQ(::chmod(QFile::encodeName(Chemin(QStringLiteral("/ferme"))).constData(), 0333), 0);
-  const bool administrateur = ::geteuid() == 0;
-  ASSERT_TRUE(!administrateur || ::seteuid(65534) == 0);
-  const bool lisible = Disque.PeutLister(Chemin(QStringLiteral("/ferme")));
-  ASSERT_TRUE(!administrateur || ::seteuid(0) == 0);
-  EXPECT_FALSE(lisible);
 }
 
 TEST_F(SystemFiles, RemovalIsTrueWhenTheFileIsThereNoMore) {

@@ -43,7 +43,9 @@ class PhotosDAlarme : public testing::Test, public faux::BancSurveillance {
       Trame(Clair_ ? Qt::blue : Qt::black);
     }
   }
-  QStringList Photos() const { return Disque.ListeFichiers(Reglages.RepertoirePhoto, QStringLiteral("*.jpg")); }
+  QStringList Photos() const {
+    return QDir(Reglages.RepertoirePhoto).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+  }
 
   QTemporaryDir Temporaire;
   FichiersSysteme Disque;
@@ -86,7 +88,8 @@ TEST_F(PhotosDAlarme, AnotherFolderTakesTheNextPhoto) {
   const QString ancien = std::exchange(Reglages.RepertoirePhoto, autre);
   Bouge(2);
   EXPECT_EQ(Photos().size(), 2);
-  EXPECT_EQ(Disque.ListeFichiers(ancien, QStringLiteral("*.jpg")), avant) << "photos taken stay where they are";
+  EXPECT_EQ(QDir(ancien).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name), avant)
+      << "photos taken stay where they are";
 }
 
 }  // namespace

@@ -56,7 +56,7 @@ class PhotosOnDisk : public testing::Test {
   /// Whole photos of a folder: files that begin and end as a JPEG file does.
   static QStringList PhotosEntieres(const QString& dossier) {
     QStringList entieres;
-    for (const QString& nom : FichiersSysteme().ListeFichiers(dossier, QStringLiteral("*.jpg"))) {
+    for (const QString& nom : QDir(dossier).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name)) {
       QFile fichier(CheminNatif(dossier) + u'/' + nom);
       EXPECT_TRUE(fichier.open(QIODevice::ReadOnly));
       const QByteArray octets = fichier.readAll();
@@ -122,7 +122,7 @@ TEST_F(PhotosOnDisk, AFullDiskFailsUntilThereIsRoomAgain) {
   while ((statut = Statut()) == 0 && ecrites < 1000) ++ecrites;
   EXPECT_EQ(statut, 7);
   ASSERT_GE(ecrites, 1);
-  const QStringList restes = Disque.ListeFichiers(petit.Chemin(), QStringLiteral("*"));
+  const QStringList restes = QDir(petit.Chemin()).entryList({QStringLiteral("*")}, QDir::Files, QDir::Name);
   EXPECT_EQ(restes.size(), ecrites + 1) << "the partly written file is not removed";
   EXPECT_EQ(PhotosEntieres(petit.Chemin()).size(), ecrites);
   EXPECT_EQ(Statut(), 7);

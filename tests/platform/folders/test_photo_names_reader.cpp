@@ -1,0 +1,118 @@
+// Names read on a thread: they come from the event loop, a forgotten reading does not, a dead disk holds up nothing.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/folders/photo_names_reader.h"
+#include "support/dead_disk.h"
+#include "support/event_wait.h"
+#include "support/small_disk.h"
+
+namespace vaktor {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kMega = 1024 * 1024;
+
+class NomsSurDisque : public testing::Test {
+ protected:
+  void Pose(int nombre) const {
+    for (int i = 0; i < nombre; ++i) {
+      QFile fichier(Dossier.filePath(QStringLiteral("%1.jpg").arg(nombre - i, 6, 10, QLatin1Char('0'))));
+      ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    }
+  }
+  void Lit(LecteurNoms& lecteur, const QString& dossier) {
+    lecteur.LitNoms(dossier, QStringLiteral("*.jpg*"), [this](const NomsPhotos& lus) { Recus.push_back(lus); });
+  }
+  bool AttendRecus(std::size_t nombre) {
+    return essai::AttendQue([&] { return Recus.size() >= nombre; });
+  }
+
+  QTemporaryDir Dossier;
+  std::vector<NomsPhotos> Recus;
+};
+
+TEST_F(NomsSurDisque, ComeSortedFromTheEventLoopAndNeverAtOnce) {
+  Pose(200);
+  LecteurNomsSysteme lecteur;
+  Lit(lecteur, QString(Dossier.path()).replace(u'/', u'\\'));
+  EXPECT_TRUE(Recus.empty());
+  ASSERT_TRUE(AttendRecus(1));
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kLus);
+  ASSERT_EQ(Recus[0].Noms.size(), 200);
+  EXPECT_EQ(Recus[0].Noms.first(), QStringLiteral("000001.jpg"));
+  EXPECT_TRUE(std::is_sorted(Recus[0].Noms.begin(), Recus[0].Noms.end()));
+}
+
+TEST_F(NomsSurDisque, FolderThatIsGoneIsTold) {
+  LecteurNomsSysteme lecteur;
+  Lit(lecteur, Dossier.filePath(QStringLiteral("gone")));
+  ASSERT_TRUE(AttendRecus(1));
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kIllisible);
+}
+
+TEST_F(NomsSurDisque, NextReadingForgetsTheOneBefore) {
+  Pose(50);
+  LecteurNomsSysteme lecteur;
+  for (int i = 0; i < 20; ++i) Lit(lecteur, Dossier.path());
+  Lit(lecteur, Dossier.filePath(QStringLiteral("gone")));
+  ASSERT_TRUE(AttendRecus(1));
+  QCoreApplication::processEvents();
+  ASSERT_EQ(Recus.size(), 1U);
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kIllisible);
+}
+
+TEST_F(NomsSurDisque, ForgottenReadingAndOneWhoseReaderHasGoneComeToNobody) {
+  Pose(50);
+  {
+    LecteurNomsSysteme lecteur;
+    Lit(lecteur, Dossier.path());
+    lecteur.Oublie();
+    LecteurNomsSysteme autre;
+    Lit(autre, Dossier.path());
+  }
+  LecteurNomsSysteme dernier;
+  Lit(dernier, Dossier.filePath(QStringLiteral("gone")));
+  ASSERT_TRUE(AttendRecus(1));
+  EXPECT_EQ(Recus.size(), 1U);
+}
+
+TEST_F(NomsSurDisque, DeadDiskIsToldAndItsNamesAreTakenWhenItWakes) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString dossier = petit.Chemin() + QStringLiteral("/mort");
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  DisqueMort mort(dossier);
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  LecteurNomsSysteme lecteur(20ms);
+  Lit(lecteur, dossier + QStringLiteral("/photos"));
+  ASSERT_TRUE(AttendRecus(1));
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kSansReponse);
+  mort.Reveille();
+  ASSERT_TRUE(AttendRecus(2));
+  EXPECT_EQ(Recus[1].Etat, EtatNoms::kIllisible) << "it woke with an error";
+}
+
+TEST_F(NomsSurDisque, DeadDiskGathersNoThreadsWithoutLimitAndHoldsUpNoEnd) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString dossier = petit.Chemin() + QStringLiteral("/mort");
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  DisqueMort mort(dossier);
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  {
+    LecteurNomsSysteme lecteur(1ms);
+    for (std::size_t i = 1; i <= 40; ++i) {
+      Lit(lecteur, dossier + QStringLiteral("/photos"));
+      ASSERT_TRUE(AttendRecus(i)) << "told, with or without a thread";
+    }
+  }
+  mort.Reveille();
+}
+
+}  // namespace
+}  // namespace vaktor
