@@ -113,6 +113,11 @@ class Cadence {
     Depuis_.start();
     Tic_.start(30);
   }
+  void Recommence() {
+    Depuis_.restart();
+    QTest::qWait(300);
+    Pire_ = 0;
+  }
   void Dit(const char* quoi) {
     QTest::qWait(100);  // the tick that is late now comes too
     std::printf("%-28s longest gap of the tick %.1f ms\n", quoi, Pire_);
@@ -146,6 +151,7 @@ Mesure JusquAuTitre(Banc& banc, Travail travail) {
 }
 
 void MesureOuverture(Banc& banc, Cadence& cadence) {
+  cadence.Recommence();
   QTest::qWait(500);
   cadence.Dit("before");
   Dit("opening, first",
@@ -178,7 +184,7 @@ void MesureListe(Banc& banc) {
 }
 
 void MesureSuppression(Banc& banc, Cadence& cadence) {
-  cadence.Dit("before the deletion");
+  cadence.Recommence();
   Dit("deletion of one", {JusquAuTitre(banc, [&] { banc.Galerie.SupprimePhoto(); })});
   cadence.Dit("deletion of one");
   Dit("deletion of all", {JusquAuTitre(banc, [&] { banc.Galerie.SupprimeTout(); })});

@@ -104,6 +104,11 @@ void FormVisuPhoto::ChargeMots() {
   Regles_.RedisAvis();
 }
 
+void FormVisuPhoto::OuvreGalerie() {
+  Regles_.OuvreGalerie();
+  PictureAfff_->PrepareFond();  // while the names are read, and not in one go with showing and painting
+}
+
 void FormVisuPhoto::MontreListe(const QStringList& entrees, int index) {
   PictureAfff_->FilePhotoVisu->MontreListe(entrees, index);
 }

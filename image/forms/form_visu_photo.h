@@ -30,7 +30,7 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
   FormVisuPhoto& operator=(const FormVisuPhoto&) = delete;
 
   /// The window comes when its folder has been read. Fails from the event loop, with an Echec.
-  void OuvreGalerie() { Regles_.OuvreGalerie(); }
+  void OuvreGalerie();
   /// The folder chooser has another folder: the list takes it, the first photo is shown, then `fini` is called.
   void RepointeSur(const QString& dossier, std::function<void()> fini) {
     Regles_.RepointeSur(dossier, std::move(fini));

@@ -104,11 +104,14 @@ bool PanneauGalerie::eventFilter(QObject* objet, QEvent* evenement) {
   return QWidget::eventFilter(objet, evenement);
 }
 
+void PanneauGalerie::PrepareFond() {
+  if (!Fond_.isNull() && Densite_ == devicePixelRatioF()) return;
+  Densite_ = devicePixelRatioF();
+  Fond_ = ChargeArtGalerie(QStringLiteral("PictureAffTampon"), Densite_);
+}
+
 void PanneauGalerie::paintEvent(QPaintEvent*) {
-  if (Fond_.isNull() || Densite_ != devicePixelRatioF()) {
-    Densite_ = devicePixelRatioF();
-    Fond_ = ChargeArtGalerie(QStringLiteral("PictureAffTampon"), Densite_);
-  }
+  PrepareFond();
   QPainter peintre(this);
   peintre.setRenderHint(QPainter::SmoothPixmapTransform);
   peintre.fillRect(rect(), QColor(208, 213, 217));
