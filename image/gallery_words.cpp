@@ -36,9 +36,14 @@ QString AvisPhoto(qint32 langue, EtatPhoto etat, const QString& nom) {
       .arg(nom, DitRaison(langue, etat));
 }
 
-QString AvisPhotoCoupee(qint32 langue) {
-  return Choisit(langue, "Photo endommagée : le fichier s'arrête avant la fin.",
-                 "Damaged picture: the file ends too early.");
+QString AvisDommage(qint32 langue, Dommage defaut) {
+  if (defaut == Dommage::kAucun) return {};
+  if (defaut == Dommage::kCoupee) {
+    return Choisit(langue, "Photo endommagée : le fichier s'arrête avant la fin.",
+                   "Damaged picture: the file ends too early.");
+  }
+  return Choisit(langue, "Photo endommagée : une partie de l'image est fausse.",
+                 "Damaged picture: a part of it is wrong.");
 }
 
 QString AvisAucunePhoto(qint32 langue) {

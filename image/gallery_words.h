@@ -11,8 +11,8 @@ namespace vaktor {
 
 /// Stands in the place of the picture. Empty for kLue.
 QString AvisPhoto(qint32 langue, EtatPhoto etat, const QString& nom);
-/// Stands on a picture whose file ends early.
-QString AvisPhotoCoupee(qint32 langue);
+/// Stands on a picture that is damaged. Empty for kAucun.
+QString AvisDommage(qint32 langue, Dommage defaut);
 /// Stands there while the folder has no photo and none was shown yet.
 QString AvisAucunePhoto(qint32 langue);
 /// Stands there while the disk of the folder keeps its reader waiting.

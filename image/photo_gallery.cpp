@@ -21,7 +21,7 @@ void GaleriePhotos::DitListeVide() {
 void GaleriePhotos::RedisAvis() {
   const qint32 langue = Ports_.Reglages.LangueCourante;
   if (Place_ == Place::kAucunePhoto) Affichage_->MontreAvis(AvisAucunePhoto(langue));
-  if (Place_ == Place::kPhotoCoupee) Affichage_->MontreMention(AvisPhotoCoupee(langue));
+  if (Place_ == Place::kPhoto) Affichage_->MontreMention(AvisDommage(langue, Defaut_));
   if (Place_ == Place::kAvis) Affichage_->MontreAvis(AvisPhoto(langue, EtatAvis_, NomAvis_));
   if (Place_ == Place::kSansReponse) Affichage_->MontreAvis(AvisSansReponse(langue, NomAvis_));
 }
@@ -74,9 +74,12 @@ PhotoLue GaleriePhotos::LitEntree(const QString& entree) const {
 
 void GaleriePhotos::DitPhoto(const PhotoLue& lue, const QString& entree) {
   if (lue.Etat == EtatPhoto::kLue) {
-    Place_ = lue.Coupee ? Place::kPhotoCoupee : Place::kPhoto;
+    Place_ = Place::kPhoto;
+    Defaut_ = lue.Defaut;
     Affichage_->MontrePhoto(lue.Image);
-    if (lue.Coupee) Affichage_->MontreMention(AvisPhotoCoupee(Ports_.Reglages.LangueCourante));
+    if (Defaut_ != Dommage::kAucun) {
+      Affichage_->MontreMention(AvisDommage(Ports_.Reglages.LangueCourante, Defaut_));
+    }
     return;
   }
   Place_ = Place::kAvis;

@@ -93,7 +93,7 @@ class GaleriePhotos {
   int DernierIndexAffiche() const { return DernierIndexAffiche_; }
 
  private:
-  enum class Place { kVide, kPhoto, kPhotoCoupee, kAvis, kAucunePhoto, kSansReponse };
+  enum class Place { kVide, kPhoto, kAvis, kAucunePhoto, kSansReponse };
   enum class Genre { kOuverture, kRepli, kRepointage, kRelecture, kSuiteEffacement, kEffacementUne, kEffacementToutes };
   /// What waits for its turn; all but the last two read a folder.
   struct Demande {
@@ -141,7 +141,8 @@ class GaleriePhotos {
   int DernierIndexAffiche_ = 0;
   Place Place_ = Place::kVide;
   EtatPhoto EtatAvis_ = EtatPhoto::kLue;
-  QString NomAvis_;  // of the photo, or of the folder, that the words are about
+  Dommage Defaut_ = Dommage::kAucun;  // of the picture that is shown
+  QString NomAvis_;                   // of the photo, or of the folder, that the words are about
   bool EnEffacement_ = false;
   std::optional<Demande> EnCours_;  // its folder is being read
   bool Tarde_ = false;              // and does not answer: what comes next does not wait for it

@@ -18,10 +18,17 @@ enum class EtatPhoto {
 /// 128 MB of memory: more than any camera gives, and little enough for the machine.
 inline constexpr qint64 kPixelsPhotoMax = 32'000'000;
 
+/// What is wrong with a picture that can be shown all the same.
+enum class Dommage {
+  kAucun,
+  kCoupee,  ///< the file ends early, and the lower part of the picture is missing
+  kFausse   ///< bytes inside are wrong: from there on the picture is not what was taken
+};
+
 struct PhotoLue {
   EtatPhoto Etat = EtatPhoto::kIllisible;
   QImage Image = {};
-  bool Coupee = false;  ///< kLue: the file ends early, and the lower part of the picture is missing
+  Dommage Defaut = Dommage::kAucun;  ///< kLue
 };
 
 class LecteurPhotos {

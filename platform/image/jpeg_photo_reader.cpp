@@ -1,12 +1,20 @@
 #include "platform/image/jpeg_photo_reader.h"
 
+#include <turbojpeg.h>
+
 #include <QFile>
 #include <QImageReader>
+#include <memory>
 
 #include "platform/base/system_files.h"
 
 namespace vaktor {
 namespace {
+
+struct LiberePoignee {
+  void operator()(void* poignee) const { tjDestroy(poignee); }
+};
+using Decodeur = std::unique_ptr<void, LiberePoignee>;
 
 // From the header alone, before any memory is taken.
 bool TropGrande(const QSize& taille) { return qint64{taille.width()} * taille.height() > kPixelsPhotoMax; }
@@ -24,20 +32,45 @@ qsizetype PasseEntete(const QByteArray& octets) {
   return place;
 }
 
-/// The decoder fills up a file that ends early and does not tell. A whole one has the end marker FF D9, which the bytes
-/// of a scan cannot hold (T.81, B.1.1.5). What lies behind the marker is no concern of ours.
-bool EstCoupee(QFile& fichier) {
-  if (fichier.size() > kOctetsSuivis || !fichier.seek(0)) return false;
-  const QByteArray octets = fichier.readAll();
+/// A whole picture has the end marker FF D9, which the bytes of a scan cannot hold (T.81, B.1.1.5). What lies behind
+/// the marker is no concern of ours.
+bool EstCoupee(const QByteArray& octets) {
   return octets.indexOf(QByteArrayLiteral("\xff\xd9"), PasseEntete(octets)) < 0;
 }
 
-}  // namespace
+struct Entete {
+  QSize Taille;
+  int Couleurs = -1;
+};
 
-PhotoLue LecteurPhotosFichier::LitPhoto(const QString& chemin) const {
-  QFile fichier(CheminNatif(chemin));
-  if (!fichier.open(QIODevice::ReadOnly)) return {.Etat = EtatPhoto::kAbsente};
-  if (fichier.size() == 0) return {.Etat = EtatPhoto::kVide};
+Entete LitEntete(const Decodeur& decodeur, const QByteArray& octets) {
+  int largeur = 0;
+  int hauteur = 0;
+  int sousEchantillons = 0;
+  int couleurs = -1;
+  // A warning leaves the numbers good, an error leaves them out.
+  tjDecompressHeader3(decodeur.get(), reinterpret_cast<const unsigned char*>(octets.constData()),
+                      static_cast<unsigned long>(octets.size()), &largeur, &hauteur, &sousEchantillons, &couleurs);
+  return {.Taille = QSize(largeur, hauteur), .Couleurs = couleurs};
+}
+
+/// Decodes to the last row whatever the decoder has to say, and keeps what it said: Qt's reader tells of no damage.
+PhotoLue Decode(const Decodeur& decodeur, const QByteArray& octets, const QSize& taille) {
+  QImage image(taille, QImage::Format_RGB32);
+  if (image.isNull()) return {.Etat = EtatPhoto::kIllisible};
+  const int resultat =
+      tjDecompress2(decodeur.get(), reinterpret_cast<const unsigned char*>(octets.constData()),
+                    static_cast<unsigned long>(octets.size()), image.bits(), taille.width(),
+                    static_cast<int>(image.bytesPerLine()), taille.height(), TJPF_BGRA, TJFLAG_LIMITSCANS);
+  const bool averti = resultat != 0;
+  if (averti && tjGetErrorCode(decodeur.get()) != TJERR_WARNING) return {.Etat = EtatPhoto::kIllisible};
+  if (EstCoupee(octets)) return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Defaut = Dommage::kCoupee};
+  return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Defaut = averti ? Dommage::kFausse : Dommage::kAucun};
+}
+
+// Four printing inks, which no camera gives, and files too large to be held beside their picture. Damage goes unseen.
+PhotoLue LitParQt(QFile& fichier) {
+  if (!fichier.seek(0)) return {.Etat = EtatPhoto::kIllisible};
   QImageReader lecteur(&fichier, QByteArrayLiteral("jpeg"));
   const QSize taille = lecteur.size();
   if (!taille.isValid()) return {.Etat = EtatPhoto::kIllisible};
@@ -46,7 +79,24 @@ PhotoLue LecteurPhotosFichier::LitPhoto(const QString& chemin) const {
   if (image.isNull()) return {.Etat = EtatPhoto::kIllisible};
   // A picture that claims dots an inch or a pixel ratio is shown pixel for pixel like any other.
   image.setDevicePixelRatio(1);
-  return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Coupee = EstCoupee(fichier)};
+  return {.Etat = EtatPhoto::kLue, .Image = std::move(image)};
+}
+
+}  // namespace
+
+PhotoLue LecteurPhotosFichier::LitPhoto(const QString& chemin) const {
+  QFile fichier(CheminNatif(chemin));
+  if (!fichier.open(QIODevice::ReadOnly)) return {.Etat = EtatPhoto::kAbsente};
+  if (fichier.size() == 0) return {.Etat = EtatPhoto::kVide};
+  if (fichier.size() > kOctetsSuivis) return LitParQt(fichier);
+  const QByteArray octets = fichier.read(kOctetsSuivis);
+  const Decodeur decodeur(tjInitDecompress());
+  if (!decodeur) return LitParQt(fichier);
+  const Entete entete = LitEntete(decodeur, octets);
+  if (entete.Taille.isEmpty()) return {.Etat = EtatPhoto::kIllisible};
+  if (TropGrande(entete.Taille)) return {.Etat = EtatPhoto::kTropGrande};
+  if (entete.Couleurs == TJCS_CMYK || entete.Couleurs == TJCS_YCCK) return LitParQt(fichier);
+  return Decode(decodeur, octets, entete.Taille);
 }
 
 }  // namespace vaktor

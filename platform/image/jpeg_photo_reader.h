@@ -6,7 +6,8 @@
 namespace vaktor {
 
 /// JPEG only, whatever the name ends in: what lies in a photo folder need not be ours, and no other decoder is to meet
-/// it. The file is read as it is decoded, never whole.
+/// it. Files beyond 64 MB are never read whole; damage in these goes unseen. So does damage that happens to make a
+/// picture without a fault: the format has no check sums.
 class LecteurPhotosFichier : public LecteurPhotos {
  public:
   PhotoLue LitPhoto(const QString& chemin) const override;

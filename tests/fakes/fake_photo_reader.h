@@ -17,11 +17,11 @@ class LecteurPhotosFaux : public LecteurPhotos {
     if (etat != EtatPhoto::kLue) return {.Etat = etat};
     QImage image(Tailles.value(chemin, QSize(40, 30)), QImage::Format_RGB32);
     image.fill(Couleurs.value(chemin, qRgb(200, 60, 20)));
-    return {.Etat = EtatPhoto::kLue, .Image = image, .Coupee = Coupees.contains(chemin)};
+    return {.Etat = EtatPhoto::kLue, .Image = image, .Defaut = Defauts.value(chemin, Dommage::kAucun)};
   }
 
   QHash<QString, EtatPhoto> Etats;
-  QStringList Coupees;
+  QHash<QString, Dommage> Defauts;
   QHash<QString, QSize> Tailles;
   QHash<QString, QRgb> Couleurs;
   mutable QStringList Lues;  ///< paths as passed, in order

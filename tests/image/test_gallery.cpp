@@ -199,7 +199,7 @@ TEST_F(Regles, EveryReasonIsSaidInBothLanguages) {
 
 TEST_F(Regles, PhotoWhoseFileEndsEarlyIsShownAndSaidToBeDamaged) {
   AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
-  Lecteur.Coupees += QStringLiteral("/p\\a.jpg");
+  Lecteur.Defauts[QStringLiteral("/p\\a.jpg")] = Dommage::kCoupee;
   Galerie.OuvreGalerie();
   EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/p")) << "what is there can be shown";
   EXPECT_FALSE(Vue.Photo.isNull());
@@ -210,6 +210,18 @@ TEST_F(Regles, PhotoWhoseFileEndsEarlyIsShownAndSaidToBeDamaged) {
   Choisit(1);
   Galerie.RedisAvis();
   EXPECT_EQ(Vue.Mention, QString());
+}
+
+TEST_F(Regles, PhotoWithWrongBytesInsideIsShownAndSaidToBeDamagedInBothLanguages) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Lecteur.Defauts[QStringLiteral("/p\\b.jpg")] = Dommage::kFausse;
+  Choisit(1);
+  EXPECT_FALSE(Vue.Photo.isNull());
+  EXPECT_EQ(Vue.Mention, QStringLiteral("Damaged picture: a part of it is wrong."));
+  Reglages.LangueCourante = 0;
+  Galerie.RedisAvis();
+  EXPECT_EQ(Vue.Mention, QString::fromUtf8("Photo endommagée : une partie de l'image est fausse."));
 }
 
 // While the folder is read the window and detection go on. What is asked for meanwhile waits its turn.

@@ -318,7 +318,7 @@ TEST_F(Galerie, DamagedPhotoIsSaidInItsPlaceAndStaysListed) {
 
 TEST_F(Galerie, PhotoWhoseFileEndsEarlyBearsTheWordsOnItsFoot) {
   Lecteur.Tailles[QStringLiteral("/p\\b.jpg")] = QSize(400, 300);
-  Lecteur.Coupees += QStringLiteral("/p\\b.jpg");
+  Lecteur.Defauts[QStringLiteral("/p\\b.jpg")] = Dommage::kCoupee;
   Ouvre();
   Clique(1);
   EXPECT_TRUE(Photo->Mention().contains(QStringLiteral("too early"))) << Photo->Mention().toStdString();

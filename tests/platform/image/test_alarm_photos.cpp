@@ -44,7 +44,7 @@ class PhotosDAlarme : public testing::Test, public faux::BancSurveillance {
     }
   }
   QStringList Photos() const {
-    return QDir(Reglages.RepertoirePhoto).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+    return QDir(CheminNatif(Reglages.RepertoirePhoto)).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
   }
 
   QTemporaryDir Temporaire;
@@ -88,7 +88,7 @@ TEST_F(PhotosDAlarme, AnotherFolderTakesTheNextPhoto) {
   const QString ancien = std::exchange(Reglages.RepertoirePhoto, autre);
   Bouge(2);
   EXPECT_EQ(Photos().size(), 2);
-  EXPECT_EQ(QDir(ancien).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name), avant)
+  EXPECT_EQ(QDir(CheminNatif(ancien)).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name), avant)
       << "photos taken stay where they are";
 }
 

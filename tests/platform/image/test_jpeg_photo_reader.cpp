@@ -1,11 +1,13 @@
 // Photos as they lie on a disk: whole, damaged, cut, empty, huge, of another kind, gone.
 #include <gtest/gtest.h>
+#include <turbojpeg.h>
 
 #include <QBuffer>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include "platform/image/jpeg_photo_reader.h"
+#include "platform/image/turbo_jpeg_encoder.h"
 
 namespace vaktor {
 namespace {
@@ -47,7 +49,7 @@ class Photos : public testing::Test {
 TEST_F(Photos, WholeOneComesInItsOwnSize) {
   const PhotoLue lue = Lit(Jpeg(320, 240));
   EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
-  EXPECT_FALSE(lue.Coupee);
+  EXPECT_EQ(lue.Defaut, Dommage::kAucun);
   EXPECT_EQ(lue.Image.size(), QSize(320, 240));
   EXPECT_NEAR(qRed(lue.Image.pixel(100, 100)), 200, 4);
 }
@@ -64,7 +66,7 @@ TEST_F(Photos, OneThatEndsEarlyGivesWhatIsThere) {
   const QByteArray entiere = Jpeg(640, 480);
   const PhotoLue lue = Lit(entiere.left(entiere.size() / 2));
   EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
-  EXPECT_TRUE(lue.Coupee);
+  EXPECT_EQ(lue.Defaut, Dommage::kCoupee);
   EXPECT_NEAR(qRed(lue.Image.pixel(10, 10)), 200, 4);
 }
 
@@ -75,9 +77,73 @@ TEST_F(Photos, EndOfAThumbnailIsNotTheEndOfThePicture) {
   segment += static_cast<char>(taille >> 8);
   segment += static_cast<char>(taille);
   const QByteArray photo = Jpeg(640, 480).insert(2, segment + vignette);
-  EXPECT_FALSE(Lit(photo).Coupee);
-  EXPECT_FALSE(Lit(photo + "what a telephone writes behind it").Coupee);
-  EXPECT_TRUE(Lit(photo.chopped(2)).Coupee) << "the end marker alone is missing";
+  EXPECT_EQ(Lit(photo).Defaut, Dommage::kAucun);
+  EXPECT_EQ(Lit(photo + "what a telephone writes behind it").Defaut, Dommage::kAucun);
+  EXPECT_EQ(Lit(photo.chopped(2)).Defaut, Dommage::kCoupee) << "the end marker alone is missing";
+}
+
+/// A photo as the program writes it: noise, so that every part of the file is scan.
+QByteArray Ecrite() {
+  QImage image(640, 480, QImage::Format_RGB32);
+  quint32 graine = 1;
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      graine = graine * 1664525U + 1013904223U;
+      image.setPixel(x, y, 0xff000000U | (graine >> 8));
+    }
+  }
+  EncodeurTurboJpeg encodeur;
+  QByteArrayView octets;
+  EXPECT_EQ(encodeur.Encode(image, 80, octets), StatutJpeg::kReussi);
+  return octets.toByteArray();
+}
+
+TEST_F(Photos, OneOfOursIsWhole) {
+  const PhotoLue lue = Lit(Ecrite());
+  EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
+  EXPECT_EQ(lue.Defaut, Dommage::kAucun);
+}
+
+TEST_F(Photos, WrongBytesInTheMiddleAreToldAndThePictureIsShown) {
+  const PhotoLue bonne = Lit(Ecrite());
+  for (const char faux : {'\x00', '\x55', '\x7e'}) {
+    QByteArray octets = Ecrite();
+    octets.replace(octets.size() / 2, 300, QByteArray(300, faux));
+    const PhotoLue lue = Lit(octets);
+    EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
+    EXPECT_EQ(lue.Defaut, Dommage::kFausse) << int{faux};
+    ASSERT_EQ(lue.Image.size(), QSize(640, 480));
+    EXPECT_EQ(lue.Image.copy(0, 0, 640, 200), bonne.Image.copy(0, 0, 640, 200)) << "what comes before is as it was";
+  }
+}
+
+TEST_F(Photos, OneOfOursThatWasNotWrittenToTheEndIsToldAsCut) {
+  const QByteArray entiere = Ecrite();
+  for (const qsizetype taille : {entiere.size() / 3, entiere.size() / 2, entiere.size() - 1}) {
+    const PhotoLue lue = Lit(entiere.first(taille));
+    EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
+    EXPECT_EQ(lue.Defaut, Dommage::kCoupee) << taille;
+  }
+}
+
+TEST_F(Photos, GreyOneAndOneInPrintingInksAreShown) {
+  QImage grise(32, 32, QImage::Format_Grayscale8);
+  grise.fill(90);
+  QByteArray octets;
+  QBuffer sortie(&octets);
+  sortie.open(QIODevice::WriteOnly);
+  ASSERT_TRUE(grise.save(&sortie, "jpeg", 90));
+  EXPECT_NEAR(qRed(Lit(octets).Image.pixel(3, 3)), 90, 4);
+  const std::vector<unsigned char> encres(32UL * 32 * 4, 255);
+  unsigned char* ecrit = nullptr;
+  unsigned long taille = 0;
+  const tjhandle poignee = tjInitCompress();
+  ASSERT_EQ(tjCompress2(poignee, encres.data(), 32, 0, 32, TJPF_CMYK, &ecrit, &taille, TJSAMP_444, 90, 0), 0);
+  const PhotoLue encree = Lit(QByteArray(reinterpret_cast<const char*>(ecrit), static_cast<qsizetype>(taille)));
+  tjFree(ecrit);
+  tjDestroy(poignee);
+  EXPECT_EQ(encree.Etat, EtatPhoto::kLue);
+  EXPECT_EQ(encree.Image.size(), QSize(32, 32));
 }
 
 TEST_F(Photos, HugeOneIsRefusedByItsHeader) {

@@ -56,7 +56,8 @@ class PhotosOnDisk : public testing::Test {
   /// Whole photos of a folder: files that begin and end as a JPEG file does.
   static QStringList PhotosEntieres(const QString& dossier) {
     QStringList entieres;
-    for (const QString& nom : QDir(dossier).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name)) {
+    for (const QString& nom :
+         QDir(CheminNatif(dossier)).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name)) {
       QFile fichier(CheminNatif(dossier) + u'/' + nom);
       EXPECT_TRUE(fichier.open(QIODevice::ReadOnly));
       const QByteArray octets = fichier.readAll();
