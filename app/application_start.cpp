@@ -95,8 +95,8 @@ FormVisuPhoto& Vaktor::Galerie() {
 // The folder chooser is reached from the gallery and in no other way.
 void Vaktor::CreeRepertoire(FormVisuPhoto& galerie) {
   ChoixDossier_ = std::make_unique<ChoixDossier>(
-      PortsChoixDossier{Reglages_, *Sauvegarde_, Systeme_.Dossiers, Systeme_.Disque, Systeme_.Arbre, Systeme_.Pompe,
-                        Systeme_.Boites, Textes_, [&galerie](const QString& dossier, std::function<void()> fini) {
+      PortsChoixDossier{Reglages_, *Sauvegarde_, Systeme_.Dossiers, Systeme_.Arbre, Systeme_.Pompe, Systeme_.Boites,
+                        Textes_, [&galerie](const QString& dossier, std::function<void()> fini) {
                           galerie.RepointeSur(dossier, std::move(fini));
                         }});
   Repertoire_ = std::make_unique<VueRepertoire>(*ChoixDossier_, Systeme_.Arbre);

@@ -87,15 +87,13 @@ void ChoixDossier::PoseChemin(const QString& chemin) {
 // The drive is asked about by its path, not by the name that the list shows, of which no system knows the free space. A
 // query that fails keeps the number of the one before, as does a disk that would keep the window waiting.
 void ChoixDossier::DemandeEspace() {
-  if (Ports_.Arbre.RegardeDossier(Lecteur_) == EtatDossier::kSansReponse) return;
-  if (const std::optional<qint64> libres = Ports_.Disque.EspaceLibre(Lecteur_)) FreeBytes_ = *libres;
+  if (const std::optional<qint64> libres = Ports_.Arbre.EspaceLibre(Lecteur_)) FreeBytes_ = *libres;
 }
 
 void ChoixDossier::CreeDossier(const QString& nom) {
   const QString dossier = Chemin_ + u'\\' + nom;
-  if (Ports_.Arbre.RegardeDossier(Chemin_) == EtatDossier::kSansReponse) return;
   // Also false for a folder of that name that is there already: the tree does not move into it.
-  if (!Ports_.Disque.CreeDossier(dossier)) return;
+  if (!Ports_.Arbre.CreeDossier(dossier)) return;
   Ports_.Pompe.PompeMessages();
   PoseChemin(Ports_.Arbre.DonneChemin(dossier));
 }

@@ -9,7 +9,6 @@
 #include "engine/ports/event_pump.h"
 #include "image/ports/folder_tree.h"
 #include "settings/parameters.h"
-#include "settings/ports/files.h"
 #include "settings/saving.h"
 #include "ui/texts/text_tables.h"
 
@@ -20,7 +19,6 @@ struct PortsChoixDossier {
   Parametres& Reglages;
   SauvegardeParametres& Sauvegarde;
   const DossiersProgramme& Dossiers;
-  Fichiers& Disque;
   ArbreDossiers& Arbre;
   PompeEvenements& Pompe;
   BoitesMessage& Boites;

@@ -12,7 +12,8 @@ enum class ReponseBoite { kOk, kAnnuler, kOui, kNon };
 class BoitesMessage {
  public:
   virtual ~BoitesMessage() = default;
-  /// Information icon. A box that is closed without an answer gives kAnnuler, kNon or, with kOk alone, kOk.
+  /// Information icon. A box that is closed without an answer, also by Escape, gives kAnnuler, or with
+  /// kOk alone kOk.
   virtual ReponseBoite MontreMessage(const QString& texte, const QString& titre, BoutonsBoite boutons) = 0;
 };
 

@@ -168,7 +168,8 @@ bool FrmSmtp::AccepteSansServeur() {
   return true;
 }
 
-// Asked also after the question above was answered, which then has switched the login off.
+// Asked also after the question above was answered, which then has switched the login off. Only a plain No goes on
+// without a login: a box that was closed without an answer leaves everything as it is, and the form open.
 bool FrmSmtp::AccepteSansConnexion() {
   if (!Ports_.Reglages.SmtpNeedLogin || !ManqueConnexion(LitTextes())) return true;
   const ReponseBoite reponse =

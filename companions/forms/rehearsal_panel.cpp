@@ -38,6 +38,7 @@ PanneauEssai::PanneauEssai(QWidget* parent, EssaiReglages& essai, std::function<
       LblEssai_(new QLabel(this)),
       TxtEssai_(new QPlainTextEdit(this)) {
   CmdEssai_->setObjectName(QStringLiteral("CmdEssai"));
+  CmdEssai_->setAutoDefault(true);  // Enter presses it too; only dialogs do that by themselves
   LblEssai_->setObjectName(QStringLiteral("LblEssai"));
   TxtEssai_->setObjectName(QStringLiteral("TxtEssai"));
   // What a server says is text, never markup.
@@ -68,7 +69,8 @@ void PanneauEssai::EcritMots(const MotsEssai& mots, const QString& invite) {
   Mots_ = mots;
   TxtEssai_->setAccessibleName(Mots_.Etapes);
   CmdEssai_->setToolTip(Mots_.Aide);
-  FinMontree_ = false;  // its sentence is in the language that was
+  // How the last one ended stays; what the companion or the server said of it cannot be said anew.
+  if (FinMontree_ && MotFin_ != nullptr) LblEssai_->setText(Mots_.*MotFin_);
   if (EnCours_) LblEssai_->setText(Mots_.EnCours);
   MontreInvite(invite);
   RafraichitBouton();
@@ -88,7 +90,7 @@ void PanneauEssai::Bascule() {
     return;
   }
   Arrete();
-  MontreFin(Mots_.Annule, false);
+  MontreEchec(&MotsEssai::Annule);
 }
 
 void PanneauEssai::Essaie() {
@@ -123,14 +125,20 @@ void PanneauEssai::Acheve(FinEssai fin) {
   RafraichitBouton();
   const bool phrase = (fin == FinEssai::kAccepte || fin == FinEssai::kRefuse) && !Derniere_.isEmpty();
   if (!phrase) {
-    MontreFin(fin == FinEssai::kSansFin ? Mots_.SansFin : Mots_.Impossible, false);
+    MontreEchec(fin == FinEssai::kSansFin ? &MotsEssai::SansFin : &MotsEssai::Impossible);
     return;
   }
   RetireDerniereLigne(*TxtEssai_);  // it moves into the sentence
   MontreFin(Derniere_, fin == FinEssai::kAccepte);
 }
 
+void PanneauEssai::MontreEchec(QString MotsEssai::*mot) {
+  MontreFin(Mots_.*mot, false);
+  MotFin_ = mot;
+}
+
 void PanneauEssai::MontreFin(const QString& phrase, bool reussi) {
+  MotFin_ = nullptr;
   FinMontree_ = true;
   Colore(*LblEssai_, reussi ? kVert : kRouge);
   LblEssai_->setText(phrase);

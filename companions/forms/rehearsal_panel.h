@@ -38,6 +38,7 @@ class PanneauEssai : public QWidget {
   void AjouteEtape(const QString& ligne);
   void Acheve(FinEssai fin);
   void MontreFin(const QString& phrase, bool reussi);
+  void MontreEchec(QString MotsEssai::*mot);
   void RafraichitBouton();
 
   EssaiReglages& Essai_;
@@ -45,7 +46,8 @@ class PanneauEssai : public QWidget {
   MotsEssai Mots_;
   bool EnCours_ = false;
   bool FinMontree_ = false;
-  QString Derniere_;  // the newest line as it came: at the end it is the verdict
+  QString MotsEssai::*MotFin_ = nullptr;  // the end that is shown, where it is in our words and not in the companion's
+  QString Derniere_;                      // the newest line as it came: at the end it is the verdict
   QPushButton* CmdEssai_;
   QLabel* LblEssai_;
   QPlainTextEdit* TxtEssai_;

@@ -108,24 +108,35 @@ void VueDossiers::LitEnfants(QTreeWidgetItem* dossier) {
   const QString chemin = CheminDe(dossier);
   if (EnLecture_.contains(chemin)) return;
   EnLecture_.insert(chemin);
-  Arbre_.LitDossiers(chemin, this, [this, chemin](const QStringList& noms, bool complet) {
-    if (complet) EnLecture_.remove(chemin);
-    RecoitEnfants(chemin, noms, complet);
+  Arbre_.LitDossiers(chemin, this, [this, chemin](const ArbreDossiers::Contenu& contenu) {
+    if (contenu.Complet) EnLecture_.remove(chemin);
+    RecoitEnfants(chemin, contenu);
   });
 }
 
-void VueDossiers::RecoitEnfants(const QString& chemin, QStringList noms, bool complet) {
+void VueDossiers::RecoitEnfants(const QString& chemin, const ArbreDossiers::Contenu& contenu) {
   // Meanwhile the tree may stand on another place.
   QTreeWidgetItem* dossier = TrouveDossier(chemin);
   if (dossier == nullptr) return;
   const QSignalBlocker silence(this);
   const bool enVue = currentItem() != nullptr && viewport()->rect().intersects(visualItemRect(currentItem()));
+  QStringList noms = contenu.Noms;
   TrieParNom(noms);
-  if (complet) RetireAbsents(dossier, noms);
+  if (contenu.Complet) RetireAbsents(dossier, noms);
   AjouteNouveaux(dossier, noms);
-  if (complet) dossier->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
+  if (contenu.Etat != EtatDossier::kBon) DitIllisible(dossier, contenu.Etat);
+  if (contenu.Complet) dossier->setChildIndicatorPolicy(QTreeWidgetItem::DontShowIndicatorWhenChildless);
   // The lines that came must not push the chosen folder out of sight; where the user has scrolled away, nothing moves.
   if (enVue) scrollToItem(currentItem());
+}
+
+// It would look empty. The line is no folder: it cannot be chosen, and goes with the next reading.
+void VueDossiers::DitIllisible(QTreeWidgetItem* dossier, EtatDossier etat) {
+  auto* ligne = new QTreeWidgetItem({etat == EtatDossier::kInterdit
+                                         ? QStringLiteral("(vous n'avez pas le droit de lire ce dossier)")
+                                         : QStringLiteral("(ce dossier n'est plus accessible)")});
+  ligne->setFlags(Qt::NoItemFlags);
+  dossier->insertChild(0, ligne);
 }
 
 QTreeWidgetItem* VueDossiers::TrouveDossier(const QString& chemin) const {

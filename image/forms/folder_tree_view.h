@@ -32,7 +32,8 @@ class VueDossiers : public QTreeWidget {
 
  private:
   void LitEnfants(QTreeWidgetItem* dossier);
-  void RecoitEnfants(const QString& chemin, QStringList noms, bool complet);
+  void RecoitEnfants(const QString& chemin, const ArbreDossiers::Contenu& contenu);
+  static void DitIllisible(QTreeWidgetItem* dossier, EtatDossier etat);
   QTreeWidgetItem* TrouveDossier(const QString& chemin) const;
   QTreeWidgetItem* CreeLigne(const QString& nom, const QString& chemin) const;
   QTreeWidgetItem* AssureEnfant(QTreeWidgetItem* dossier, const QString& nom) const;

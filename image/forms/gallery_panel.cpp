@@ -64,6 +64,7 @@ QPushButton* PanneauGalerie::CreeBouton(const char* nom, const QRect& place) {
   auto* bouton = new QPushButton(this);
   bouton->setObjectName(QLatin1String(nom));
   bouton->setGeometry(place);
+  bouton->setAutoDefault(true);  // Enter presses it too; only dialogs do that by themselves
   return bouton;
 }
 

@@ -6,6 +6,7 @@
 #include <QString>
 #include <QStringList>
 #include <functional>
+#include <optional>
 
 class QObject;
 
@@ -32,9 +33,13 @@ enum class EtatDossier {
 /// User-interface thread. Paths are native, absolute and tidy unless told otherwise.
 class ArbreDossiers {
  public:
-  /// The names of subfolders, without order; `complet` is false when links among them are still being looked at, and a
-  /// longer list follows.
-  using RecoitDossiers = std::function<void(const QStringList& noms, bool complet)>;
+  /// What a folder holds.
+  struct Contenu {
+    QStringList Noms = {};                 ///< of its subfolders, without order
+    bool Complet = true;                   ///< false: links among them are still being looked at, a longer list follows
+    EtatDossier Etat = EtatDossier::kBon;  ///< kAbsent or kInterdit: it could not be read
+  };
+  using RecoitDossiers = std::function<void(const Contenu& contenu)>;
 
   virtual ~ArbreDossiers() = default;
   /// Home first, then the volumes by name, the root last; never empty. Touches no disk.
@@ -47,9 +52,14 @@ class ArbreDossiers {
   /// Whether a photo could be written there, by writing one's worth of bytes and taking them away again; within three
   /// seconds.
   virtual EtatDossier EssaieEcriture(const QString& chemin) const = 0;
+  /// Makes the folder of a path in its stored form; its parent must exist. False when it could not be made, was there
+  /// already, or its disk does not answer; within a second.
+  virtual bool CreeDossier(const QString& stocke) = 0;
+  /// Bytes free in all on the disk of a folder; nothing when that cannot be told within a second.
+  virtual std::optional<qint64> EspaceLibre(const QString& chemin) const = 0;
   /// Reads the subfolders in the background and calls `recoit`, later and from the event loop, once or twice; never
   /// after `pour` has gone, and never when the disk does not answer. Left out: hidden folders, and those whose name
-  /// cannot be a part of a stored path. A folder that cannot be read gives an empty list.
+  /// cannot be a part of a stored path.
   virtual void LitDossiers(const QString& chemin, const QObject* pour, RecoitDossiers recoit) = 0;
 };
 

@@ -86,13 +86,16 @@ EtatDossier EssaieUneEcriture(const QByteArray& chemin) {
   return EtatDeErreur(erreur);
 }
 
-void LitUnDossier(const QByteArray& chemin, const std::function<void(const QStringList&, bool)>& recoit) {
+void LitUnDossier(const QByteArray& chemin, const ArbreDossiers::RecoitDossiers& recoit) {
   const std::unique_ptr<DIR, int (*)(DIR*)> dossier(::opendir(chemin.constData()), &::closedir);
+  if (dossier == nullptr) {
+    const EtatDossier etat = EtatDeErreur(errno);
+    recoit({.Etat = etat == EtatDossier::kInterdit ? etat : EtatDossier::kAbsent});
+    return;
+  }
   QStringList noms;
   QList<QByteArray> liens;
-  while (dossier != nullptr) {
-    const dirent* entree = ::readdir(dossier.get());
-    if (entree == nullptr) break;
+  while (const dirent* entree = ::readdir(dossier.get())) {
     const QByteArray nom(entree->d_name);
     if (nom.startsWith('.') || !EstCheminRangeable(nom)) continue;
     if (entree->d_type == DT_DIR) noms += QFile::decodeName(nom);
@@ -100,12 +103,12 @@ void LitUnDossier(const QByteArray& chemin, const std::function<void(const QStri
     if (entree->d_type == DT_LNK || entree->d_type == DT_UNKNOWN) liens += nom;
   }
   if (!liens.isEmpty()) {
-    recoit(noms, false);
+    recoit({.Noms = noms, .Complet = false});
     for (const QByteArray& lien : liens) {
       if (MeneADossier(::dirfd(dossier.get()), lien.constData())) noms += QFile::decodeName(lien);
     }
   }
-  recoit(noms, true);
+  recoit({.Noms = noms});
 }
 
 }  // namespace vaktor

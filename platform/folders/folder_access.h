@@ -18,7 +18,8 @@ EtatDossier RegardeUnDossier(const QByteArray& chemin);
 EtatDossier EssaieUneEcriture(const QByteArray& chemin);
 
 /// Subfolders without hidden ones and those that cannot be stored, in the order of the disk. `recoit` comes once, or
-/// twice when there are links to look at (false with the folders, true with all); links may lead to a dead disk.
-void LitUnDossier(const QByteArray& chemin, const std::function<void(const QStringList&, bool)>& recoit);
+/// twice when there are links to look at (incomplete with the folders, complete with all); links may lead to a dead
+/// disk.
+void LitUnDossier(const QByteArray& chemin, const ArbreDossiers::RecoitDossiers& recoit);
 
 }  // namespace vaktor

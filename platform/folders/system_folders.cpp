@@ -56,14 +56,25 @@ EtatDossier ArbreDossiersSysteme::EssaieEcriture(const QString& chemin) const {
       .value_or(EtatDossier::kSansReponse);
 }
 
+bool ArbreDossiersSysteme::CreeDossier(const QString& stocke) {
+  return Travaux_.Attend<bool>([stocke] { return FichiersSysteme().CreeDossier(stocke); }, kDelaiRegard)
+      .value_or(false);
+}
+
+std::optional<qint64> ArbreDossiersSysteme::EspaceLibre(const QString& chemin) const {
+  using Octets = std::optional<qint64>;
+  return Travaux_.Attend<Octets>([chemin] { return FichiersSysteme().EspaceLibre(chemin); }, kDelaiRegard)
+      .value_or(std::nullopt);
+}
+
 void ArbreDossiersSysteme::LitDossiers(const QString& chemin, const QObject* pour, RecoitDossiers recoit) {
   const QByteArray nom = QFile::encodeName(chemin);
   const QPointer<const QObject> temoin(pour);
   const auto rendu = std::make_shared<RecoitDossiers>(std::move(recoit));
   Travaux_.Lance([nom, temoin, rendu, relais = Relais_] {
-    LitUnDossier(nom, [&](const QStringList& noms, bool complet) {
-      relais->Poste([temoin, rendu, noms, complet] {
-        if (temoin) (*rendu)(noms, complet);
+    LitUnDossier(nom, [&](const ArbreDossiers::Contenu& contenu) {
+      relais->Poste([temoin, rendu, contenu] {
+        if (temoin) (*rendu)(contenu);
       });
     });
   });

@@ -23,6 +23,8 @@ class ArbreDossiersSysteme : public ArbreDossiers {
   QString DonneChemin(const QString& stocke) const override;
   EtatDossier RegardeDossier(const QString& chemin) const override;
   EtatDossier EssaieEcriture(const QString& chemin) const override;
+  bool CreeDossier(const QString& stocke) override;
+  std::optional<qint64> EspaceLibre(const QString& chemin) const override;
   void LitDossiers(const QString& chemin, const QObject* pour, RecoitDossiers recoit) override;
 
  private:

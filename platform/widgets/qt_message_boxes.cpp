@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include "base/language.h"
@@ -21,8 +23,10 @@ QMessageBox::StandardButtons BoutonsDe(BoutonsBoite boutons) {
   return QMessageBox::Ok;
 }
 
-ReponseBoite ReponseDe(int bouton) {
+ReponseBoite ReponseDe(int bouton, BoutonsBoite boutons) {
   switch (bouton) {
+    case QDialog::Rejected:
+      return boutons == BoutonsBoite::kOk ? ReponseBoite::kOk : ReponseBoite::kAnnuler;
     case QMessageBox::Cancel:
       return ReponseBoite::kAnnuler;
     case QMessageBox::Yes:
@@ -33,6 +37,22 @@ ReponseBoite ReponseDe(int bouton) {
       return ReponseBoite::kOk;
   }
 }
+
+/// Closed without an answer it has none. The toolkit would take that for a click on the button that says No, which to
+/// a question such as "do you want to complete this?" is an answer with consequences.
+class Boite : public QMessageBox {
+ public:
+  using QMessageBox::QMessageBox;
+
+ protected:
+  void keyPressEvent(QKeyEvent* evenement) override {
+    evenement->matches(QKeySequence::Cancel) ? done(QDialog::Rejected) : QMessageBox::keyPressEvent(evenement);
+  }
+  void closeEvent(QCloseEvent* evenement) override {
+    done(QDialog::Rejected);
+    evenement->accept();
+  }
+};
 
 // The toolkit would write them in the language of the system, or in English where its translations are not installed:
 // a French question would be answered by "Yes" and "No".
@@ -50,12 +70,12 @@ void EcritBoutons(const QMessageBox& boite, qint32 langue) {
 }  // namespace
 
 ReponseBoite BoitesMessageQt::MontreMessage(const QString& texte, const QString& titre, BoutonsBoite boutons) {
-  QMessageBox boite(QMessageBox::Information, titre, texte, BoutonsDe(boutons), QApplication::activeWindow());
+  Boite boite(QMessageBox::Information, titre, texte, BoutonsDe(boutons), QApplication::activeWindow());
   boite.setObjectName(QStringLiteral("BoiteMessage"));
   boite.setTextFormat(Qt::PlainText);  // "<500 Mo" and file names are no markup
   EcritBoutons(boite, Langue_ ? Langue_() : 0);
-  // The default button and the one for Escape are those that Qt finds by itself: the first, and the one that refuses.
-  return ReponseDe(boite.exec());
+  // The default button is the one that Qt finds by itself: the first.
+  return ReponseDe(boite.exec(), boutons);
 }
 
 }  // namespace vaktor

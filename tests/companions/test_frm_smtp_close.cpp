@@ -94,6 +94,19 @@ TEST_F(FermetureSmtp, YesToTheSecondQuestionCancelsAndNoGoesWithoutALogin) {
   EXPECT_EQ(Sauvegarde.Sauvegardes, 1);
 }
 
+TEST_F(FermetureSmtp, QuestionThatIsNotAnsweredChangesNothingAndTheFormStays) {
+  Ouvre();
+  Boites.Reponse = ReponseBoite::kAnnuler;
+  Tape("TxtSMTPuser", "");
+  EXPECT_FALSE(Ferme());
+  EXPECT_TRUE(Reglages.SmtpNeedLogin);
+  Tape("TxtFrom", "");
+  EXPECT_FALSE(Ferme());
+  EXPECT_TRUE(Reglages.SmtpActif);
+  EXPECT_EQ(Boites.Textes.size(), 2);
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+}
+
 TEST_F(FermetureSmtp, OnlyTheExactPrefixIsAServerNotFinished) {
   Ouvre();
   Boites.Reponse = ReponseBoite::kNon;

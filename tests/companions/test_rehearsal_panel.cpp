@@ -150,5 +150,28 @@ TEST_F(EssaiDansLaForme, AChangeOfLanguageReachesItWhileItRuns) {
   EXPECT_EQ(Phrase(), QString::fromUtf8("Essai en cours…"));
 }
 
+TEST_F(EssaiDansLaForme, AChangeOfLanguageKeepsHowTheLastOneEnded) {
+  Ouvre();
+  Clique("CmdEssai");
+  Clique("CmdEssai");
+  const QString annule = Phrase();
+  Reglages.LangueCourante = 0;
+  Textes.Remplit(0);
+  Forme->EcritMots();
+  EXPECT_NE(Phrase(), annule);
+  EXPECT_EQ(Phrase(), DonneMotsEssai(0).Annule);
+  Reglages.LangueCourante = 1;
+  Forme->EcritMots();
+  EXPECT_EQ(Phrase(), annule);
+}
+
+TEST_F(EssaiDansLaForme, EnterPressesTheButtonToo) {
+  Ouvre();
+  QTest::keyClick(Trouve("CmdEssai"), Qt::Key_Return);
+  EXPECT_EQ(Bouton(), "Cancel");
+  QTest::keyClick(Trouve("CmdEssai"), Qt::Key_Enter);
+  EXPECT_EQ(Bouton(), "Try");
+}
+
 }  // namespace
 }  // namespace vaktor::essai

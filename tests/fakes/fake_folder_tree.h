@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "fakes/fake_files.h"
 #include "image/ports/folder_tree.h"
 
 namespace vaktor::faux {
@@ -19,10 +20,12 @@ class ArbreFaux : public ArbreDossiers {
                           {QStringLiteral("Racine"), QStringLiteral("/")}};
   QMap<QString, EtatDossier> Regards;    ///< of folders that are there
   QMap<QString, EtatDossier> Ecritures;  ///< of those that take no photo
+  QMap<QString, EtatDossier> Lectures;   ///< of those that cannot be read
   QMap<QString, QStringList> SousDossiers;
-  bool Retient = false;  ///< answers of LitDossiers wait for Livre()
-  bool Liens = false;    ///< there are links: an incomplete list without the last folder comes first
-  QStringList Lus;       ///< folders that were read, in order
+  FauxFichiers* Disque = nullptr;  ///< where folders are made and free space is asked for
+  bool Retient = false;            ///< answers of LitDossiers wait for Livre()
+  bool Liens = false;              ///< there are links: an incomplete list without the last folder comes first
+  QStringList Lus;                 ///< folders that were read, in order
   mutable QStringList Regardes;
 
   void Ajoute(const QString& chemin, EtatDossier etat = EtatDossier::kBon) {
@@ -45,12 +48,21 @@ class ArbreFaux : public ArbreDossiers {
   EtatDossier EssaieEcriture(const QString& chemin) const override {
     return Ecritures.value(chemin, Regards.value(chemin, EtatDossier::kAbsent));
   }
+  bool CreeDossier(const QString& stocke) override {
+    const QString parent = DonneChemin(stocke).section(u'/', 0, -2);
+    if (Disque == nullptr || Regards.value(parent) == EtatDossier::kSansReponse) return false;
+    return Disque->CreeDossier(stocke);
+  }
+  std::optional<qint64> EspaceLibre(const QString& chemin) const override {
+    if (Disque == nullptr || Regards.value(chemin) == EtatDossier::kSansReponse) return std::nullopt;
+    return Disque->EspaceLibre(chemin);
+  }
   void LitDossiers(const QString& chemin, const QObject* pour, RecoitDossiers recoit) override {
     Lus += chemin;
     const auto rend = [this, chemin, temoin = QPointer<const QObject>(pour), recoit] {
       const QStringList noms = SousDossiers.value(chemin);
-      if (temoin && Liens) recoit(noms.mid(0, noms.size() - 1), false);
-      if (temoin) recoit(noms, true);
+      if (temoin && Liens) recoit({.Noms = noms.mid(0, noms.size() - 1), .Complet = false});
+      if (temoin) recoit({.Noms = noms, .Etat = Lectures.value(chemin, EtatDossier::kBon)});
     };
     Retient ? EnAttente_.push_back(rend) : rend();
   }

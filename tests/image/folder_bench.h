@@ -23,6 +23,7 @@ class BancDossier : public testing::Test {
       Arbre.Ajoute(QLatin1String(dossier));
       Disque.AjouteDossier(QLatin1String(dossier));
     }
+    Arbre.Disque = &Disque;
     Reglages.RepertoirePhoto = QStringLiteral("/home/u/Photos");
   }
   void ParleAnglais() {
@@ -46,7 +47,7 @@ class BancDossier : public testing::Test {
   bool GalerieEchoue = false;
   bool GalerieTarde = false;         // FinGalerie is left to the test
   std::function<void()> FinGalerie;  // as the gallery was last given it
-  ChoixDossier Choix{{Reglages, Sauvegarde, Dossiers, Disque, Arbre, Pompe, Boites, Textes,
+  ChoixDossier Choix{{Reglages, Sauvegarde, Dossiers, Arbre, Pompe, Boites, Textes,
                       [this](const QString& dossier, const std::function<void()>& fini) {
                         Journal_.Note([&] { return QStringLiteral("gallery ") + dossier; });
                         FinGalerie = fini;

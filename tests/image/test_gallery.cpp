@@ -450,9 +450,11 @@ TEST_F(Regles, NoDoesNothingAtAll) {
   AjoutePhotos({QStringLiteral("a.jpg")});
   Galerie.OuvreGalerie();
   Vue.Appels.clear();
-  Boites.Reponse = ReponseBoite::kNon;
-  Galerie.SupprimePhoto();
-  Galerie.SupprimeTout();
+  for (const ReponseBoite reponse : {ReponseBoite::kNon, ReponseBoite::kAnnuler}) {
+    Boites.Reponse = reponse;
+    Galerie.SupprimePhoto();
+    Galerie.SupprimeTout();
+  }
   EXPECT_TRUE(Disque.Supprimes.isEmpty());
   EXPECT_TRUE(Vue.Appels.isEmpty());
   EXPECT_EQ(Pompe.Appels, 0);

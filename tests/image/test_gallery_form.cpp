@@ -228,6 +228,38 @@ TEST_F(Galerie, TabGoesThroughEveryControl) {
                          QStringLiteral("CmdClearRepPhot"), QStringLiteral("FilePhotoVisu")}));
 }
 
+TEST_F(Galerie, SpaceAndEnterPressEveryButton) {
+  Ouvre();
+  int choix = 0;
+  Forme.SurChoixRepertoire([&choix] { ++choix; });
+  for (const Qt::Key touche : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+    AjoutePhotos({QStringLiteral("z.jpg")});
+    Noms.Lus.clear();
+    for (const char* nom : {"CmdOpenRepPhot", "Command7", "CmdRefresh", "CmdClearRepPhot"}) {
+      QTest::keyClick(Trouve<QPushButton>(nom), touche);
+    }
+    EXPECT_EQ(Noms.Lus.size(), 2) << "read again, and once more behind the deletion";
+    EXPECT_EQ(Liste->model()->rowCount(), 0);
+  }
+  EXPECT_EQ(choix, 3);
+  EXPECT_EQ(Bureau.Ouverts.size(), 3);
+}
+
+TEST_F(Galerie, WindowComesWhenTheNamesAreThereAndNotWhenItsFormHasGone) {
+  Noms.Retient = true;
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Forme.OuvreGalerie();
+  EXPECT_FALSE(Forme.isVisible());
+  Noms.Livre();
+  EXPECT_TRUE(Forme.isVisible());
+  {
+    FormVisuPhoto autre(BancGalerie::Galerie, Reglages, Textes, Dossiers);
+    autre.OuvreGalerie();
+    EXPECT_TRUE(Noms.Attend());
+  }
+  EXPECT_FALSE(Noms.Attend());
+}
+
 TEST_F(Galerie, LimitFieldKeepsDigitsAndCountsAtOnce) {
   Ouvre();
   Limite->selectAll();

@@ -266,6 +266,42 @@ TEST_F(FormeRepertoire, FolderThatIsBeingReadIsNotReadTwice) {
   EXPECT_EQ(Arbre.Lus.size(), lus + 1);
 }
 
+TEST_F(FormeRepertoire, FolderThatCannotBeReadSaysSoAndItsWordsAreNoFolder) {
+  Arbre.Lectures[QStringLiteral("/home/u/v")] = EtatDossier::kInterdit;
+  Arbre.SousDossiers[QStringLiteral("/home/u/v")].clear();
+  Ouvre();
+  QTreeWidgetItem* ferme = nullptr;
+  for (int i = 0; i < Racine()->childCount(); ++i) {
+    if (Racine()->child(i)->text(0) == QStringLiteral("v")) ferme = Racine()->child(i);
+  }
+  ASSERT_NE(ferme, nullptr);
+  ferme->setExpanded(true);
+  EXPECT_EQ(Enfants(ferme), QStringList{QStringLiteral("(vous n'avez pas le droit de lire ce dossier)")});
+  CliqueLigne(ferme->child(0));
+  EXPECT_NE(Dir1()->currentItem(), ferme->child(0));
+  EXPECT_EQ(Choix.Chemin(), QStringLiteral("/home/u/Photos"));
+  Arbre.Lectures.clear();
+  Arbre.SousDossiers[QStringLiteral("/home/u/v")] += QStringLiteral("intrus");
+  ferme->setExpanded(false);
+  ferme->setExpanded(true);
+  EXPECT_EQ(Enfants(ferme), QStringList{QStringLiteral("intrus")}) << "and they go with the next reading";
+}
+
+TEST_F(FormeRepertoire, AcceptedItWaitsForTheGalleryAsItStandsAndThenGoes) {
+  Ouvre();
+  GalerieTarde = true;
+  Clique("Command1");
+  ASSERT_NE(Vue.Forme(), nullptr);
+  EXPECT_FALSE(Vue.Forme()->isEnabled()) << "the choice is made";
+  FinGalerie();
+  EXPECT_TRUE(Dechargee());
+  Ouvre();
+  Clique("Command1");
+  Vue.Forme()->close();
+  EXPECT_TRUE(Dechargee());
+  FinGalerie();  // closed by hand meanwhile: there is nobody to close any more
+}
+
 TEST_F(FormeRepertoire, FolderThatHasGoneLeavesTheTreeWhenItIsOpenedAgain) {
   Ouvre();
   Arbre.SousDossiers[QStringLiteral("/home/u")].clear();

@@ -1,6 +1,7 @@
 // What the system says of real folders: there, allowed, full, read-only, dead.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -30,10 +31,10 @@ class AccesDossiers : public testing::Test {
   QList<QStringList> Lit(const QString& chemin) {
     QList<QStringList> listes;
     bool fini = false;
-    Arbre.LitDossiers(chemin, &Temoin, [&](QStringList noms, bool complet) {
-      noms.sort();
-      listes += noms;
-      fini = complet;
+    Arbre.LitDossiers(chemin, &Temoin, [&](ArbreDossiers::Contenu contenu) {
+      contenu.Noms.sort();
+      listes += contenu.Noms;
+      fini = contenu.Complet;
     });
     EXPECT_TRUE(listes.isEmpty()) << "from the event loop, never at once";
     EXPECT_TRUE(essai::AttendQue([&] { return fini; }));
@@ -133,7 +134,7 @@ TEST_F(AccesDossiers, LinksToFoldersComeAfterTheFolders) {
 TEST_F(AccesDossiers, ListForAFormThatHasGoneIsDropped) {
   auto temoin = std::make_unique<QObject>();
   bool venu = false;
-  Arbre.LitDossiers(Chemin(), temoin.get(), [&](const QStringList&, bool) { venu = true; });
+  Arbre.LitDossiers(Chemin(), temoin.get(), [&](const ArbreDossiers::Contenu&) { venu = true; });
   temoin.reset();
   Lit(Chemin());
   EXPECT_FALSE(venu);
@@ -154,6 +155,40 @@ TEST_F(AccesDossiers, PlacesBeginWithHomeAndEndWithTheRoot) {
   EXPECT_EQ(lieux.last(), (LieuDisque{QStringLiteral("Racine"), QStringLiteral("/")}));
 }
 
+TEST_F(AccesDossiers, FolderIsMadeAndItsFreeSpaceIsTold) {
+  EXPECT_TRUE(Arbre.CreeDossier(Chemin("\\Intrus")));
+  EXPECT_TRUE(QDir(Chemin("/Intrus")).exists());
+  EXPECT_FALSE(Arbre.CreeDossier(Chemin("\\Intrus"))) << "it is there";
+  EXPECT_FALSE(Arbre.CreeDossier(Chemin("\\gone\\Intrus")));
+  EXPECT_GT(Arbre.EspaceLibre(Chemin()).value_or(0), 0);
+  EXPECT_EQ(Arbre.EspaceLibre(Chemin("/gone")), std::nullopt);
+}
+
+TEST_F(AccesDossiers, FolderThatCannotBeReadIsTold) {
+  EtatDossier etat = EtatDossier::kBon;
+  int venus = 0;
+  const auto lit = [&](const QString& chemin) {
+    const int avant = venus;
+    Arbre.LitDossiers(chemin, &Temoin, [&](const ArbreDossiers::Contenu& contenu) {
+      etat = contenu.Etat;
+      ++venus;
+    });
+    return essai::AttendQue([&] { return venus > avant; });
+  };
+  ASSERT_TRUE(lit(Chemin("/gone")));
+  EXPECT_EQ(etat, EtatDossier::kAbsent);
+  Cree("/ferme");
+  ASSERT_EQ(::chmod(QFile::encodeName(Chemin()).constData(), 0755), 0);
+  ASSERT_EQ(::chmod(QFile::encodeName(Chemin("/ferme")).constData(), 0300), 0);
+  // Permissions hold for others only: the administrator steps down for the moment of the question.
+  const bool administrateur = ::geteuid() == 0;
+  ASSERT_TRUE(!administrateur || ::seteuid(65534) == 0);
+  const bool venu = lit(Chemin("/ferme"));
+  ASSERT_TRUE(!administrateur || ::seteuid(0) == 0);
+  ASSERT_TRUE(venu);
+  EXPECT_EQ(etat, EtatDossier::kInterdit);
+}
+
 TEST_F(AccesDossiers, DiskThatNeverAnswersHoldsUpNobody) {
   const PetitDisque petit(kMega);
   if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
@@ -163,13 +198,15 @@ TEST_F(AccesDossiers, DiskThatNeverAnswersHoldsUpNobody) {
   if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
   EXPECT_EQ(Arbre.RegardeDossier(mort + QStringLiteral("/photos")), EtatDossier::kSansReponse);
   EXPECT_EQ(Arbre.EssaieEcriture(mort + QStringLiteral("/photos")), EtatDossier::kSansReponse);
+  EXPECT_FALSE(Arbre.CreeDossier(mort + QStringLiteral("/photos\\Intrus")));
+  EXPECT_EQ(Arbre.EspaceLibre(mort + QStringLiteral("/photos")), std::nullopt);
   bool venu = false;
-  Arbre.LitDossiers(mort, &Temoin, [&](const QStringList&, bool) { venu = true; });
+  Arbre.LitDossiers(mort, &Temoin, [&](const ArbreDossiers::Contenu&) { venu = true; });
   // The folder beside it is read meanwhile, and a link into the dead disk does not keep its neighbours back.
   ASSERT_TRUE(QDir().mkdir(petit.Chemin() + QStringLiteral("/vif")));
   ASSERT_TRUE(QFile::link(mort + QStringLiteral("/photos"), petit.Chemin() + QStringLiteral("/lien")));
   QStringList vus;
-  Arbre.LitDossiers(petit.Chemin(), &Temoin, [&](const QStringList& noms, bool) { vus = noms; });
+  Arbre.LitDossiers(petit.Chemin(), &Temoin, [&](const ArbreDossiers::Contenu& contenu) { vus = contenu.Noms; });
   EXPECT_TRUE(essai::AttendQue([&] { return !vus.isEmpty(); }));
   EXPECT_TRUE(vus.contains(QStringLiteral("vif")));
   EXPECT_FALSE(venu);

@@ -72,13 +72,13 @@ TEST_F(MessageBoxes, AnswersWithTheButtonPressed) {
   EXPECT_EQ(Montre(BoutonsBoite::kOuiNon, Clique(QMessageBox::No)), ReponseBoite::kNon);
 }
 
-TEST_F(MessageBoxes, ClosingWithoutAnAnswerRefuses) {
+TEST_F(MessageBoxes, ClosingWithoutAnAnswerIsNoAnswer) {
   EXPECT_EQ(Montre(BoutonsBoite::kOk, Ferme), ReponseBoite::kOk);
   EXPECT_EQ(Montre(BoutonsBoite::kOkAnnuler, Ferme), ReponseBoite::kAnnuler);
-  EXPECT_EQ(Montre(BoutonsBoite::kOuiNon, Ferme), ReponseBoite::kNon);
+  EXPECT_EQ(Montre(BoutonsBoite::kOuiNon, Ferme), ReponseBoite::kAnnuler);
   EXPECT_EQ(Montre(BoutonsBoite::kOk, Echappe), ReponseBoite::kOk);
   EXPECT_EQ(Montre(BoutonsBoite::kOkAnnuler, Echappe), ReponseBoite::kAnnuler);
-  EXPECT_EQ(Montre(BoutonsBoite::kOuiNon, Echappe), ReponseBoite::kNon);
+  EXPECT_EQ(Montre(BoutonsBoite::kOuiNon, Echappe), ReponseBoite::kAnnuler);
 }
 
 TEST_F(MessageBoxes, TheFirstButtonIsTheDefault) {
