@@ -159,7 +159,7 @@ TEST_F(EssaiDansLaForme, AChangeOfLanguageKeepsHowTheLastOneEnded) {
   Textes.Remplit(0);
   Forme->EcritMots();
   EXPECT_NE(Phrase(), annule);
-  EXPECT_EQ(Phrase(), DonneMotsEssai(0).Annule);
+  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(0).Annule);
   Reglages.LangueCourante = 1;
   Forme->EcritMots();
   EXPECT_EQ(Phrase(), annule);
