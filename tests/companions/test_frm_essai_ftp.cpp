@@ -117,13 +117,17 @@ TEST_F(FenetreEssai, TheLanguageReachesItWhileItRunsAndAfterwards) {
   EXPECT_EQ(Bouton(), "Annuler");
   EXPECT_EQ(Trouve<QPushButton>("CmdFermer")->text(), "Fermer");
   EXPECT_EQ(Phrase(), QString::fromUtf8("Essai en cours…"));
+  Essai.Finit(FinEssai::kSansFin);
+  const QString enFrancais = Phrase();
+  Forme.EcritMots(1);
+  EXPECT_TRUE(Phrase().contains("did not answer in time")) << "what we said of it, in the new language";
+  Forme.EcritMots(0);
+  EXPECT_EQ(Phrase(), enFrancais);
+  Forme.Essaie();
   Essai.Dit("x");
   Essai.Finit(FinEssai::kAccepte);
   Forme.EcritMots(1);
-  EXPECT_EQ(Phrase(), "A small file will be sent to ftp.a.org, then deleted. Nothing is saved.");
-  Champs.Serveur.clear();
-  Forme.EcritMots(0);
-  EXPECT_EQ(Phrase(), "Indiquez d'abord l'adresse ftp sur la page FTP.");
+  EXPECT_EQ(Phrase(), "x") << "the companion's own words stay as they came";
 }
 
 }  // namespace
