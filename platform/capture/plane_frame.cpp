@@ -1,11 +1,16 @@
 #include "platform/capture/plane_frame.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace vaktor {
 namespace {
 
 // The one being filled, the newest, the one taken, and some that a view or a slow reader keeps. Somebody who keeps more
 // gets them, but they do not come back here.
 constexpr size_t kNombreMaximal = 8;
+// One for the next frame, two that a view in sight and a photo on its way still hold.
+constexpr size_t kImagesMaximum = 3;
 
 }  // namespace
 
@@ -36,23 +41,42 @@ bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg
   return decodeur.DecodePlans(jpeg, ou);
 }
 
-// The sizes stay in Plans_, the planes are gone.
-void TramePlans::LacheTampon() {
-  if (Trame_.buffer == nullptr) return;
-  gst_video_frame_unmap(&Trame_);
-  Trame_ = {};
-  for (PlansImage::Plan& plan : Plans_.Plans) plan = {};
+QImage MemoireImages::Prend(QSize taille) {
+  {
+    const std::lock_guard verrou(Verrou_);
+    std::erase_if(Images_, [taille](const QImage& image) { return image.size() != taille; });
+    const auto libre = std::ranges::find_if(Images_, [](const QImage& image) { return image.isDetached(); });
+    if (libre != Images_.end()) {
+      // The last holder let go on another thread; what it read must lie before what is written now.
+      std::atomic_thread_fence(std::memory_order_acquire);
+      QImage image = std::move(*libre);
+      Images_.erase(libre);
+      return image;
+    }
+  }
+  return QImage(taille, QImage::Format_RGB32);
+}
+
+void MemoireImages::Rend(QImage image) {
+  const std::lock_guard verrou(Verrou_);
+  if (Images_.size() < kImagesMaximum) Images_.push_back(std::move(image));
+}
+
+void MemoireImages::Vide() {
+  const std::lock_guard verrou(Verrou_);
+  Images_.clear();
 }
 
 void TramePlans::Vide() {
-  LacheTampon();
+  if (Trame_.buffer != nullptr) gst_video_frame_unmap(&Trame_);
   // The readers had this frame and made do with its samples: those of the next ones will do too. A frame that came too
   // fast for them tells nothing.
   if (Comparee_ && !Regardee_) Habitudes_->Entieres = false;
-  if (!Habitudes_->Entieres || !Image_.isDetached()) Image_ = QImage();
+  TramePlans::OublieEntiere();
+  Trame_ = {};
   Plans_ = PlansImage();
   Restes_ = kAucun;
-  EstFaite_ = Comparee_ = Regardee_ = false;
+  Comparee_ = Regardee_ = false;
 }
 
 void TramePlans::Prepare() {
@@ -79,28 +103,37 @@ void TramePlans::FaisEchantillons(qint32 restes) {
   Restes_ = restes;
 }
 
-bool TramePlans::FaisEntiere() {
-  if (Image_.size() != Taille()) Image_ = QImage(Taille(), QImage::Format_RGB32);
-  EstFaite_ = !Image_.isNull() && ConvertitImage(Plans_, Image_);
-  // A picture has all that anybody can ask for; the decoder can have its memory back.
-  if (EstFaite_) LacheTampon();
-  return EstFaite_;
+void TramePlans::FaisEntiere() {
+  Image_ = Memoire_->Prend(Taille());
+  if (Image_.isNull() || !ConvertitImage(Plans_, Image_)) Image_ = QImage();
+}
+
+// Two pictures do for all frames: the one that is shown, and the one that is made meanwhile. The copies of earlier
+// frames that the views keep have their planes, a third of it.
+void TramePlans::OublieEntiere() {
+  if (Image_.isNull()) return;
+  QImage image = std::exchange(Image_, QImage());
+  if (Habitudes_->Entieres) {
+    Memoire_->Rend(std::move(image));
+  } else {
+    Memoire_->Vide();
+  }
 }
 
 TrameBrute TramePlans::Echantillons(qint32 resteX, qint32 resteY) {
   Comparee_ = true;
   const qint32 restes = 3 * resteY + resteX;
   Habitudes_->Restes = restes;
-  if (EstFaite_) return PixelsDe(Image_);
+  if (!Image_.isNull()) return PixelsDe(Image_);
   if (Restes_ != restes) FaisEchantillons(restes);
   return Brute_;
 }
 
 const QImage& TramePlans::Entiere() {
-  static const QImage kAucuneImage;
   Regardee_ = true;
   Habitudes_->Entieres = true;
-  return EstFaite_ || FaisEntiere() ? Image_ : kAucuneImage;
+  if (Image_.isNull()) FaisEntiere();
+  return Image_;
 }
 
 // What comes back is emptied at the next frame and not only when it is needed: a film's decoder then finds its memory
@@ -115,7 +148,7 @@ std::shared_ptr<TramePlans> ReserveTrames::Prend() {
     if (libre == nullptr) libre = trame;
   }
   if (libre != nullptr) return libre;
-  libre = std::make_shared<TramePlans>(Habitudes_);
+  libre = std::make_shared<TramePlans>(Habitudes_, Memoire_);
   if (Trames_.size() < kNombreMaximal) Trames_.push_back(libre);
   return libre;
 }
