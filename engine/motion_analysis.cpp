@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <new>
 
 #include "base/failure.h"
 #include "base/numbers.h"
@@ -67,6 +68,8 @@ TrameBrute AnalyseurMouvement::TrameCourante() {
                                ? image.Echantillons(ResteParTrois(zone.Gauche), ResteParTrois(zone.Haut))
                                : PixelsDe(image.Entiere());
   if (trame.Bits != nullptr) return trame;
+  // A frame whose pixels find no memory is not black: nothing is known of it, and nobody is to be alarmed by it.
+  if (!image.EstNulle()) throw std::bad_alloc();
   // The camera runs but has given no frame yet: the empty surface is black. One black row does for all of them.
   const QSize taille = Etat_.Surface.Taille();
   LigneNoire_.resize(static_cast<std::size_t>(taille.width()) * 4, 0);

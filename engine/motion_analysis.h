@@ -20,7 +20,8 @@ class AnalyseurMouvement {
 
   /// One analysis. Throws Echec: kIndiceHorsPlage when the zone has more samples than ImagePrecedente holds,
   /// kDepassement when 32-bit arithmetic overflows, kTypeIncompatible when the live interval is no number, and what the
-  /// photo and the live page throw. What was done up to there stays.
+  /// photo and the live page throw; std::bad_alloc when there is no memory for the pixels of a frame. What was done up
+  /// to there stays.
   ///
   /// The first two leave IndexImage where it was. Past the table's end each later analysis fails at its first sample,
   /// with the count at 0, nothing drawn and no alarm, until the program ends; a zone without any sample has no first

@@ -96,6 +96,20 @@ INSTANTIATE_TEST_SUITE_P(
       return std::string(std::array{"Portable", "Sse41", "Avx2"}.at(static_cast<std::size_t>(essai.param)));
     });
 
+/// A frame whose pixels find no memory.
+class TrameSansMemoire : public TrameDifferee {
+ public:
+  explicit TrameSansMemoire(QSize taille) : Taille_(taille) {}
+  QSize Taille() const override { return Taille_; }
+  TrameBrute Echantillons(qint32, qint32) override { return {nullptr, 0, Taille_.width(), Taille_.height(), true}; }
+  const QImage& Entiere() override { return Aucune_; }
+  void OublieEntiere() override {}
+
+ private:
+  QSize Taille_;
+  QImage Aucune_;
+};
+
 /// A frame that notes what is asked of it.
 class TrameNotee : public TrameDifferee {
  public:
@@ -151,6 +165,25 @@ TEST_F(AnalyseDifferee, AFramesPictureIsGivenBackWhenTheNextFrameComesAndNotBefo
   const auto seconde = TrameDe(Unie(0));
   EXPECT_EQ(premiere->Oublis, 1);
   EXPECT_EQ(seconde->Oublis, 0);
+}
+
+TEST_F(AnalyseDifferee, AFrameWithoutMemoryIsNoBlackOneAndAlarmsNobody) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  for (const bool zoom : {true, false}) {
+    Engin.ChoisitModeZoom(zoom);
+    TrameDe(Unie(qRgb(255, 255, 255)));
+    TrameDe(Unie(qRgb(255, 255, 255)));
+    const qint32 photos = Actions.Photos;
+    Pilote.SuivanteDifferee = std::make_shared<TrameSansMemoire>(QSize(kLargeur, kHauteur));
+    Tic();
+    EXPECT_EQ(Detection().NbrPoints, 0);
+    EXPECT_EQ(Actions.Photos, photos);
+    TrameDe(Unie(qRgb(255, 255, 255)));
+    EXPECT_EQ(Detection().NbrPoints, 0) << "compared with the last frame that was seen";
+    TrameDe(Unie(0));
+    EXPECT_EQ(Detection().NbrPoints, 400);
+  }
 }
 
 TEST_F(AnalyseDifferee, LooksAtTheWholeFrameForTheViewOfChangedPoints) {
