@@ -1,6 +1,7 @@
 #include "platform/capture/plane_frame.h"
 
 #include <algorithm>
+#include <new>
 #include <utility>
 
 namespace vaktor {
@@ -11,6 +12,17 @@ namespace {
 constexpr size_t kNombreMaximal = 8;
 // One for the next frame, two that a view in sight and a photo on its way still hold.
 constexpr size_t kImagesMaximum = 3;
+
+// A camera may send pictures of any size. Where there is no memory for one it is dropped like a damaged one: nothing
+// may be thrown through the driver's thread, which is not ours.
+bool Agrandis(std::vector<quint8>& octets, std::size_t nombre) {
+  try {
+    octets.resize(nombre);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return true;
+}
 
 }  // namespace
 
@@ -31,7 +43,7 @@ bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg
     debuts.at(i) = fin;
     fin += static_cast<size_t>(plans.Plan.at(i).Pas) * static_cast<size_t>(plans.Plan.at(i).Lignes);
   }
-  Octets_.resize(fin);
+  if (!Agrandis(Octets_, fin)) return false;
   std::array<quint8*, 3> ou{};
   Plans_ = {plans.Format, GST_VIDEO_COLOR_MATRIX_BT601, true, taille.width(), taille.height(), {}};
   for (size_t i = 0; i < ou.size(); ++i) {
@@ -94,11 +106,13 @@ void TramePlans::FaisEchantillons(qint32 restes) {
   const qsizetype parLigne = (qsizetype{Plans_.Largeur} + 2) / 3;
   const qsizetype tiers = (4 * parLigne + 3 * kMultiple - 1) / (3 * kMultiple) * kMultiple;
   const qsizetype lignes = (qsizetype{Plans_.Hauteur} + 2) / 3;
-  Echantillons_.resize(static_cast<std::size_t>((3 * lignes + 2) * tiers));
+  Brute_ = {nullptr, 0, Plans_.Largeur, Plans_.Hauteur, true};
+  Restes_ = kAucun;
+  if (!Agrandis(Echantillons_, static_cast<std::size_t>((3 * lignes + 2) * tiers))) return;
   quint8* premiere = Echantillons_.data() + 2 * tiers;
   const qint32 resteX = restes % 3;
   const qint32 resteY = restes / 3;
-  ConvertitEchantillons(Plans_, resteX, resteY, {premiere, 3 * tiers});
+  if (!ConvertitEchantillons(Plans_, resteX, resteY, {premiere, 3 * tiers})) return;
   Brute_ = {premiere - resteY * tiers, tiers, Plans_.Largeur, Plans_.Hauteur, true};
   Restes_ = restes;
 }

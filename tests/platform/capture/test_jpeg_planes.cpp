@@ -1,6 +1,8 @@
 // JPEG frames that stay in their planes: the same picture, and nothing that a damaged one leaves behind.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <turbojpeg.h>
+#include <unistd.h>
 
 #include <cmath>
 
@@ -73,6 +75,44 @@ TEST(PlansJpeg, GreyAndRarePicturesAreLeftToTheDecoderItself) {
   EXPECT_EQ(decodeur.Taille(Octets(debout)), QSize(32, 16));
   EXPECT_EQ(decodeur.PlansDeLImage().Format, GST_VIDEO_FORMAT_UNKNOWN);
 }
+
+// The address sanitizer's own memory knows no limit.
+#if !defined(__SANITIZE_ADDRESS__)
+/// From here on the process gets no more memory of the system.
+void EpuiseMemoire() {
+  const rlimit limite{1, 1};
+  setrlimit(RLIMIT_AS, &limite);
+}
+
+// The driver's thread is not ours: what is thrown there ends the program.
+TEST(PlansJpeg, APictureThatFindsNoMemoryIsDropped) {
+  QByteArray jpeg = FabriqueJpeg({64, 48}, TJSAMP_444);
+  const qsizetype sof = jpeg.indexOf(QByteArray("\xFF\xC0", 2));
+  ASSERT_GT(sof, 0);
+  jpeg.replace(sof + 5, 4, QByteArray("\x1F\x40\x1F\x40", 4));  // 8000 by 8000
+  DecodeurJpeg decodeur;
+  const QSize taille = decodeur.Taille(Octets(jpeg));
+  ASSERT_EQ(taille, QSize(8000, 8000));
+  ReserveTrames reserve;
+  const auto trame = reserve.Prend();
+  EXPECT_EXIT((EpuiseMemoire(), _exit(trame->DecodeJpeg(decodeur, Octets(jpeg), taille) ? 1 : 0)),
+              testing::ExitedWithCode(0), "");
+}
+
+TEST(PlansJpeg, SamplesThatFindNoMemoryAreNone) {
+  gst_init(nullptr, nullptr);
+  GstVideoInfo info;
+  gst_video_info_set_format(&info, GST_VIDEO_FORMAT_I420, 6000, 6000);
+  GstBuffer* tampon = gst_buffer_new_allocate(nullptr, info.size, nullptr);
+  ReserveTrames reserve;
+  const auto trame = reserve.Prend();
+  ASSERT_TRUE(trame->Garde(tampon, info));
+  gst_buffer_unref(tampon);
+  EXPECT_EXIT((EpuiseMemoire(), trame->Prepare(), _exit(trame->Echantillons(0, 0).Bits != nullptr ? 1 : 0)),
+              testing::ExitedWithCode(0), "");
+  EXPECT_NE(trame->Echantillons(0, 0).Bits, nullptr) << "with memory again";
+}
+#endif
 
 TEST(PlansJpeg, AFrameCutAnywhereIsDroppedAndTheNextOneSeen) {
   const QSize taille(64, 48);
