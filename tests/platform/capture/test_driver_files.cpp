@@ -1,3 +1,5 @@
+#include <cstring>
+
 #include "support/capture_clips.h"
 #include "support/driver_fixture.h"
 
@@ -75,6 +77,30 @@ TEST_F(PiloteFichier, ShowsOddSizesAndASinglePixel) {
     ASSERT_TRUE(Pilote_->SaisitImage()) << taille;
     const QImage image = Pilote_->CopieImage();
     EXPECT_EQ(QStringLiteral("width=%1,height=%2").arg(image.width()).arg(image.height()), QLatin1String(taille));
+  }
+}
+
+// A view may hold a frame for hours, and ask for its pixels only then.
+TEST_F(PiloteFichier, AFrameOutlivesTheCameraThatGaveIt) {
+  for (const char* suite : {"avenc_mpeg4 ! avimux", "jpegenc ! avimux", "matroskamux"}) {
+    ASSERT_TRUE(FabriqueFilm(Fichier("v.film"), QStringLiteral("format=I420,") + kPetit, 50, QLatin1String(suite)));
+    ASSERT_TRUE(Connecte(Fichier("v.film"))) << suite;
+    ASSERT_TRUE(Pilote_->SaisitImage()) << suite;
+    const ImageCamera trame = Pilote_->CopieTrame();
+    TrameBrute vue = trame.Echantillons(0, 0);
+    const QByteArray avant(reinterpret_cast<const char*>(vue.Bits), 40);
+    for (int i = 0; i < 10; ++i) Pilote_->SaisitImage();
+    Pilote_.reset();
+    EXPECT_EQ(trame.Taille(), QSize(160, 120)) << suite;
+    trame.Echantillons(1, 1);  // others, which have to be made now
+    vue = trame.Echantillons(0, 0);
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(vue.Bits), 40), avant) << suite;
+    const QImage entiere = trame.Entiere();
+    ASSERT_EQ(entiere.size(), trame.Taille()) << suite;
+    for (int i = 0; i < 10; ++i) {
+      EXPECT_EQ(std::memcmp(entiere.constBits() + qsizetype{12} * i, avant.constData() + qsizetype{4} * i, 4), 0)
+          << suite << ", sample " << i;
+    }
   }
 }
 
