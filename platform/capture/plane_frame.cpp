@@ -53,6 +53,9 @@ bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg
   return decodeur.DecodePlans(jpeg, ou);
 }
 
+// Rend throws nothing, wherever it is called.
+MemoireImages::MemoireImages() { Images_.reserve(kImagesMaximum); }
+
 QImage MemoireImages::Prend(QSize taille) {
   {
     const std::lock_guard verrou(Verrou_);

@@ -27,6 +27,7 @@ struct HabitudesLecture {
 /// Memory of the pictures of former frames. Any thread.
 class MemoireImages {
  public:
+  MemoireImages();
   /// An image whose pixels nobody else holds; its content is whatever was there. Null when there is no memory for it.
   QImage Prend(QSize taille);
   /// Takes an image for a later frame, once its other holders have let go.
