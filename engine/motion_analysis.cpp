@@ -137,9 +137,10 @@ void AnalyseurMouvement::DeclencheActions() {
   if (reglages.PhotoActif || Ports_.Live.LiveActif()) {
     try {
       Ports_.Actions.EnregistrePhoto();
-    } catch (const Echec&) {
+    } catch (...) {
       // The frame is lost with its commands, but not the detection: with the index left behind the scan, a folder
-      // that is gone for a few frames would use up the table and no later photo would ever be taken.
+      // that is gone for a few frames, or a want of memory, would use up the table and no later photo would ever be
+      // taken.
       ImagePrecedente_.Recommence();
       throw;
     }

@@ -1,4 +1,6 @@
 // The detector: what counts as changed, what the window says, when the armed system acts, and how it fails.
+#include <new>
+
 #include "engine/engine_fixture.h"
 
 namespace vaktor {
@@ -400,6 +402,17 @@ TEST_F(Analyse, FolderGoneForLongCostsNoLaterPhoto) {
   Trame(AvecPoints(31));
   EXPECT_EQ(Detection().NbrPoints, 31);
   EXPECT_EQ(Actions.Photos, 2001);
+}
+
+TEST_F(Analyse, WantOfMemoryForPhotosCostsNoLaterPhoto) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  Actions.PendantPhoto = [] { throw std::bad_alloc(); };
+  for (int i = 0; i < 1000; ++i) Trame(i % 2 == 0 ? AvecPoints(400) : Unie(0));  // would use up the table
+  Actions.PendantPhoto = nullptr;
+  Trame(AvecPoints(31));
+  EXPECT_EQ(Detection().NbrPoints, 31);
+  EXPECT_EQ(Actions.Photos, 1001);
 }
 
 }  // namespace
