@@ -12,7 +12,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr std::size_t kFilsAuPlus = 32;  // each for a request of the user's; those that hang count
-constexpr auto kAttenteFin = 500ms;     // far longer than a disk that answers needs
+constexpr auto kAttenteFin = 500ms;      // far longer than a disk that answers needs
 
 }  // namespace
 
