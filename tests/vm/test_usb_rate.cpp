@@ -24,7 +24,7 @@ class UsbCadence : public UsbPilote {
     compte = {};
     const int avant = ImagesDonnees();
     EXPECT_TRUE(Ordonne("go"));
-    PrendPendant(pilote, secondes * 1000, compte);
+    PrendPendant(pilote, qint64{secondes} * 1000, compte);
     EXPECT_TRUE(Ordonne("stall"));
     PrendJusquAuSilence(pilote, compte);
     compte.Donnees = ImagesDonnees() - avant;
