@@ -201,6 +201,7 @@ struct SystemeFaux {
     Notes.Ecoute();
     Pilote->Image = QImage(287, 241, QImage::Format_RGB32);
     Pilote->Image.fill(Qt::black);
+    Photos.AjouteDossier(QStringLiteral("/home/u/v/intrus"));  // as a start makes it
   }
   PortsSysteme Ports() {
     return {.Dossiers = {.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")},
