@@ -15,6 +15,7 @@ FrmEssaiFtp::FrmEssaiFtp(PortsFrmEssaiFtp ports) : Ports_(std::move(ports)) {
   Panneau_ = new PanneauEssai(this, Ports_.Essai, Ports_.Demande);
   CmdFermer_ = new QPushButton(this);
   CmdFermer_->setObjectName(QStringLiteral("CmdFermer"));
+  CmdFermer_->setAutoDefault(true);  // Enter presses it too; only dialogs do that by themselves
   connect(CmdFermer_, &QAbstractButton::clicked, this, &QWidget::close);
   QVBoxLayout* colonne = CreeColonne(*this);
   colonne->addWidget(Panneau_);

@@ -85,11 +85,13 @@ TEST_F(FenetreEssai, EachWayToCloseItEndsTheRunningOne) {
   ferme([&] { Forme.close(); });
   ferme([&] { QTest::keyClick(&Forme, Qt::Key_Escape); });
   ferme([&] { Clique("CmdFermer"); });
-  ferme([&] {
-    Trouve("CmdFermer")->setFocus();
-    QTest::keyClick(Trouve("CmdFermer"), Qt::Key_Space);
-  });
-  EXPECT_EQ(Essai.Lances, 4) << "each opening is a new one";
+  for (const Qt::Key touche : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+    ferme([&] {
+      Trouve("CmdFermer")->setFocus();
+      QTest::keyClick(Trouve("CmdFermer"), touche);
+    });
+  }
+  EXPECT_EQ(Essai.Lances, 6) << "each opening is a new one";
 }
 
 TEST_F(FenetreEssai, ItsButtonCancelsAndTheWindowStays) {
