@@ -99,6 +99,7 @@ class GaleriePhotos {
   struct Demande {
     Genre Quoi = Genre::kRelecture;
     QString Dossier = {};                   // that is read, from then on
+    bool Autre = false;                     // the list has already left another folder for it
     std::function<void(bool lu)> Fin = {};  // called once: true when the folder was read, false when it was given up
   };
 
@@ -111,13 +112,14 @@ class GaleriePhotos {
   void OublieOuverture();
   void Recoit(const NomsPhotos& lus);
   void Patiente();
+  void QuitteListe(Demande& demande);
   void Applique(const Demande& demande, const NomsPhotos& lus);
   void PoursuitOuverture(const Demande& demande, const NomsPhotos& lus);
-  void OuvreSur(const QString& dossier, const NomsPhotos& lus);
-  void Repointe(const QString& dossier, const NomsPhotos& lus);
+  void OuvreSur(const Demande& demande, const NomsPhotos& lus);
+  void Repointe(const Demande& demande, const NomsPhotos& lus);
   void Relit(const NomsPhotos& lus);
   void ExigeLisible(const QString& dossier, const NomsPhotos& lus) const;
-  void FixeChemin(const QString& dossier, const NomsPhotos& lus);
+  void FixeChemin(const Demande& demande, const NomsPhotos& lus);
   void PrendListe(const QStringList& noms);
   void MontreEntree();
   PhotoLue LitEntree(const QString& entree) const;

@@ -133,9 +133,19 @@ void GaleriePhotos::Patiente() {
   if (quoi == Genre::kRelecture || quoi == Genre::kSuiteEffacement) return;
   Place_ = Place::kSansReponse;
   NomAvis_ = EnCours_->Dossier;
+  QuitteListe(*EnCours_);
   Affichage_->MontreAvis(AvisSansReponse(Ports_.Reglages.LangueCourante, NomAvis_));
   if (quoi != Genre::kRepointage) Affichage_->MontreFenetre();
   AfficheNombrePhotos();
+}
+
+// The list stands on the folder that is waited for, without an entry as yet: a refresh asks that one again, and no
+// photo of the folder before is shown or deleted where its names mean nothing.
+void GaleriePhotos::QuitteListe(Demande& demande) {
+  if (demande.Dossier == Chemin_) return;
+  demande.Autre = true;
+  Chemin_ = demande.Dossier;
+  PrendListe({});
 }
 
 void GaleriePhotos::Applique(const Demande& demande, const NomsPhotos& lus) {
@@ -144,7 +154,7 @@ void GaleriePhotos::Applique(const Demande& demande, const NomsPhotos& lus) {
     Affichage_->MontrePhoto({});
   }
   if (demande.Quoi == Genre::kRepointage) {
-    Repointe(demande.Dossier, lus);
+    Repointe(demande, lus);
   } else if (demande.Quoi == Genre::kOuverture || demande.Quoi == Genre::kRepli) {
     PoursuitOuverture(demande, lus);
   } else {
@@ -159,7 +169,7 @@ void GaleriePhotos::PoursuitOuverture(const Demande& demande, const NomsPhotos& 
     return;
   }
   try {
-    OuvreSur(demande.Dossier, lus);
+    OuvreSur(demande, lus);
   } catch (const Echec&) {
     if (demande.Quoi == Genre::kOuverture) {
       // In memory only: the user's folder is lost for good no sooner than with the next save.
@@ -174,8 +184,8 @@ void GaleriePhotos::PoursuitOuverture(const Demande& demande, const NomsPhotos& 
   }
 }
 
-void GaleriePhotos::OuvreSur(const QString& dossier, const NomsPhotos& lus) {
-  FixeChemin(dossier, lus);  // takes the list, also where the folder is the one of before
+void GaleriePhotos::OuvreSur(const Demande& demande, const NomsPhotos& lus) {
+  FixeChemin(demande, lus);  // takes the list, also where the folder is the one of before
   if (!Entrees_.isEmpty()) {
     ChargeEntree(0);
     // List and picture agree, without a click: a photo further down may have been selected when the window was hidden.
@@ -187,8 +197,8 @@ void GaleriePhotos::OuvreSur(const QString& dossier, const NomsPhotos& lus) {
   AfficheNombrePhotos();
 }
 
-void GaleriePhotos::Repointe(const QString& dossier, const NomsPhotos& lus) {
-  FixeChemin(dossier, lus);
+void GaleriePhotos::Repointe(const Demande& demande, const NomsPhotos& lus) {
+  FixeChemin(demande, lus);
   if (!Entrees_.isEmpty()) ChargeEntree(0);
   AfficheNombrePhotos();
 }
@@ -206,10 +216,10 @@ void GaleriePhotos::ExigeLisible(const QString& dossier, const NomsPhotos& lus) 
 }
 
 // A folder that may not be read is as good as gone: taken for an empty one, it would hide the user's photos.
-void GaleriePhotos::FixeChemin(const QString& dossier, const NomsPhotos& lus) {
-  ExigeLisible(dossier, lus);
-  const bool autre = dossier != Chemin_;
-  Chemin_ = dossier;
+void GaleriePhotos::FixeChemin(const Demande& demande, const NomsPhotos& lus) {
+  ExigeLisible(demande.Dossier, lus);
+  const bool autre = demande.Autre || demande.Dossier != Chemin_;
+  Chemin_ = demande.Dossier;
   if (autre) Index_ = -1;
   PrendListe(lus.Noms);
   // An empty folder leaves the picture of the one before in its place.

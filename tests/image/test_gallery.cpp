@@ -434,6 +434,41 @@ TEST_F(Regles, WhatIsAskedForDoesNotWaitForADiskThatDoesNotAnswer) {
   EXPECT_EQ(Noms.Lus.size(), 5);
 }
 
+TEST_F(Regles, RefreshWhileTheDiskDoesNotAnswerAsksItAgain) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Noms.Retient = true;
+  Galerie.OuvreGalerie();
+  Noms.Tarde();
+  Galerie.Rafraichit();
+  Noms.Livre();
+  EXPECT_EQ(Noms.Lus, QStringList({QStringLiteral("/p"), QStringLiteral("/p")}));
+  EXPECT_EQ(Vue.Liste.size(), 2);
+  EXPECT_EQ(Vue.Avis, QString());
+}
+
+TEST_F(Regles, PhotosOfTheFolderBeforeAreNoneOfADiskThatDoesNotAnswer) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Galerie.OuvreGalerie();
+  Disque.AjouteDossier(QStringLiteral("/q"));
+  AjoutePhotos({QStringLiteral("b.jpg"), QStringLiteral("c.jpg")}, QStringLiteral("/q"));
+  Noms.Retient = true;
+  Reglages.RepertoirePhoto = QStringLiteral("/q");
+  Galerie.RepointeSur(QStringLiteral("/q"), {});
+  Noms.Tarde();
+  EXPECT_TRUE(Vue.Liste.isEmpty());
+  EXPECT_EQ(Vue.Index, -1);
+  EXPECT_EQ(Vue.Titre, QStringLiteral("Intrusions : 0 Picture(s)"));
+  Noms.Livre();
+  EXPECT_EQ(Vue.Liste.size(), 2);
+  EXPECT_EQ(Vue.Index, 0) << "the change of folder still counts as a click when it answers";
+  Noms.Retient = false;
+  Choisit(1);
+  Noms.Retient = true;
+  Galerie.OuvreGalerie();
+  Noms.Tarde();
+  EXPECT_EQ(Vue.Liste.size(), 2) << "the same folder keeps its list";
+}
+
 TEST_F(Regles, DeletionWhoseListDoesNotComeNamesNoPhotos) {
   AjoutePhotos({QStringLiteral("a.jpg")});
   Galerie.OuvreGalerie();
