@@ -36,10 +36,7 @@ void GaleriePhotos::EffaceUne(const QString& entree) {
   Efface(Ports_.Reglages.RepertoirePhoto, entree);
   Ports_.Pompe.PompeMessages();
   // The picture stays on display until another is shown.
-  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this, entree](bool lu) {
-            EnEffacement_ = false;
-            if (lu) AnnonceRestees({entree});
-          }});
+  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this] { EnEffacement_ = false; }, .Voulues = {entree}});
 }
 
 void GaleriePhotos::DemandeEffacementToutes() {
@@ -67,10 +64,7 @@ void GaleriePhotos::EffaceToutes(const QStringList& voulues) {
       return;
     }
   }
-  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this, voulues](bool lu) {
-            TermineEffacement();
-            if (lu) AnnonceRestees(voulues);
-          }});
+  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this] { TermineEffacement(); }, .Voulues = voulues});
 }
 
 void GaleriePhotos::TermineEffacement() {
@@ -86,9 +80,10 @@ void GaleriePhotos::Efface(const QString& dossier, const QString& entree) {
   if (!chemin.isEmpty()) Ports_.Disque.Supprime(chemin);
 }
 
-// What the new list still shows was not deleted, whatever the file system said of it.
+// What the new list still shows was not deleted, whatever the file system said of it. A list that comes late says so
+// late: a disk may need its time for what was deleted.
 void GaleriePhotos::AnnonceRestees(const QStringList& voulues) {
-  if (Ports_.Etat.EnFermeture) return;
+  if (voulues.isEmpty() || Ports_.Etat.EnFermeture) return;
   const QSet<QString> listees(Entrees_.cbegin(), Entrees_.cend());
   QStringList restees;
   for (const QString& entree : voulues) {

@@ -98,9 +98,10 @@ class GaleriePhotos {
   /// What waits for its turn; all but the last two read a folder.
   struct Demande {
     Genre Quoi = Genre::kRelecture;
-    QString Dossier = {};                   // that is read, from then on
-    bool Autre = false;                     // the list has already left another folder for it
-    std::function<void(bool lu)> Fin = {};  // called once: true when the folder was read, false when it was given up
+    QString Dossier = {};            // that is read, from then on
+    bool Autre = false;              // the list has already left another folder for it
+    std::function<void()> Fin = {};  // called once: when it is done, has failed or is late
+    QStringList Voulues = {};        // kSuiteEffacement: those that the list still shows then are named
   };
 
   void Depose(Demande demande);

@@ -20,9 +20,7 @@ void GaleriePhotos::OuvreGalerie() {
 }
 
 void GaleriePhotos::RepointeSur(const QString& dossier, std::function<void()> fini) {
-  Depose({.Quoi = Genre::kRepointage, .Dossier = dossier, .Fin = [fini = std::move(fini)](bool) {
-            if (fini) fini();
-          }});
+  Depose({.Quoi = Genre::kRepointage, .Dossier = dossier, .Fin = std::move(fini)});
 }
 
 void GaleriePhotos::Rafraichit() {
@@ -85,7 +83,7 @@ void GaleriePhotos::Abandonne() {
   Ports_.Noms.Oublie();
   const auto fin = std::move(EnCours_->Fin);
   EnCours_.reset();
-  if (fin) fin(false);
+  if (fin) fin();
 }
 
 // Closed before it was open: the window is not to come up any more.
@@ -111,11 +109,12 @@ void GaleriePhotos::Recoit(const NomsPhotos& lus) {
   try {
     Applique(demande, lus);
   } catch (const Echec&) {
-    if (demande.Fin) demande.Fin(lus.Etat == EtatNoms::kLus);
+    if (demande.Fin) demande.Fin();
     LanceSuivante();
     throw;
   }
-  if (demande.Fin) demande.Fin(true);
+  if (demande.Fin) demande.Fin();
+  AnnonceRestees(demande.Voulues);
   LanceSuivante();
 }
 
@@ -123,7 +122,7 @@ void GaleriePhotos::Recoit(const NomsPhotos& lus) {
 // comes up and says so, another folder can be chosen there, and the names are still taken when they come.
 void GaleriePhotos::Patiente() {
   Tarde_ = true;
-  if (const auto fin = std::exchange(EnCours_->Fin, nullptr)) fin(false);
+  if (const auto fin = std::exchange(EnCours_->Fin, nullptr)) fin();
   if (!Attente_.empty()) {
     Abandonne();
     LanceSuivante();

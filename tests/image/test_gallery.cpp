@@ -479,6 +479,23 @@ TEST_F(Regles, DeletionWhoseListDoesNotComeNamesNoPhotos) {
   EXPECT_EQ(Boites.Textes.size(), 1) << "the old list says nothing of what stayed";
   Noms.Livre();
   EXPECT_TRUE(Vue.Liste.isEmpty());
+  EXPECT_EQ(Boites.Textes.size(), 1) << "all went";
+}
+
+TEST_F(Regles, PhotoThatStayedIsNamedAlsoWhenTheListComesLate) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Noms.Retient = true;
+  Galerie.SupprimeTout();
+  AjoutePhotos({QStringLiteral("b.jpg")});
+  Noms.Tarde();
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the question";
+  Noms.Livre();
+  ASSERT_EQ(Boites.Textes.size(), 2);
+  EXPECT_TRUE(Boites.Textes.last().contains(QStringLiteral("\"b.jpg\""))) << Boites.Textes.last().toStdString();
+  Galerie.Rafraichit();
+  Noms.Livre();
+  EXPECT_EQ(Boites.Textes.size(), 2) << "once";
 }
 
 TEST_F(Regles, NoDoesNothingAtAll) {
