@@ -38,7 +38,6 @@ class RepetitionFtp {
   enum class Trace { kAucune, kPossible, kSure };
 
   CauseEssai Essaie();
-  CauseEssai Publie();
   ResultatFtp Execute(GenreTravail genre, const QString& nom);
   CauseEssai Echoue(const ResultatFtp& resultat);
   /// Deletes what lies there; gives the names of those that may lie there still.
