@@ -195,6 +195,18 @@ class MinuteriesNotees : public FabriqueMinuteries {
   faux::TempsVirtuel& Temps_;
 };
 
+class NomsNotes : public faux::LecteurNomsFaux {
+ public:
+  NomsNotes(Journal& journal, const FauxFichiers& disque) : LecteurNomsFaux(disque), J_(journal) {}
+  void LitNoms(const QString& dossier, const QString& motif, Recoit recoit) override {
+    J_.Note([&] { return QStringLiteral("names: read ") + dossier; });
+    LecteurNomsFaux::LitNoms(dossier, motif, std::move(recoit));
+  }
+
+ private:
+  Journal& J_;
+};
+
 /// The program over it. Nothing is started before Demarre.
 struct SystemeFaux {
   SystemeFaux() {
@@ -252,7 +264,7 @@ struct SystemeFaux {
   BoitesNotees Messages{Notes};
   EcrivainNote Ecrivain{Notes};
   FauxFichiers Photos;
-  faux::LecteurNomsFaux Noms{Photos};
+  NomsNotes Noms{Notes, Photos};
   faux::LecteurPhotosFaux Lecteur;
   faux::ArbreFaux Arbre;
   ProcessusNote Programmes{Notes};

@@ -202,6 +202,7 @@ TEST_F(Ordre, FolderChooserIsReachedFromTheGalleryAndGoesWithTheProgram) {
   for (const char* dossier : {"/home", "/home/u", "/home/u/v", "/home/u/v/intrus", "/home/u/photos"}) {
     Systeme.Arbre.Ajoute(QLatin1String(dossier));
     Systeme.Disque.Existants.append(QLatin1String(dossier));
+    Systeme.Photos.AjouteDossier(QLatin1String(dossier));
   }
   Demarre();
   Systeme.Temps.Avance(2000);
@@ -219,7 +220,7 @@ TEST_F(Ordre, FolderChooserIsReachedFromTheGalleryAndGoesWithTheProgram) {
   Systeme.Notes.Vide();
   clique("Repertoire", "Command1");
   const QStringList vus = Systeme.DepuisVide();
-  EXPECT_GT(vus.indexOf(QStringLiteral("files: may list /home/u/photos")), vus.indexOf(QStringLiteral("store: flush")))
+  EXPECT_GT(vus.indexOf(QStringLiteral("names: read /home/u/photos")), vus.indexOf(QStringLiteral("store: flush")))
       << "saved, then the gallery:\n"
       << vus.join(u'\n').toStdString();
   EXPECT_EQ(Systeme.Valeurs.value(QStringLiteral("PHOTO/repertoire")), QStringLiteral("/home/u/photos"));
