@@ -1,0 +1,201 @@
+// The gallery's rules of deletion: of one, of all, and what is said of photos that resist.
+#include "image/gallery_rules_fixture.h"
+
+namespace vaktor {
+namespace {
+
+using ReglesSuppression = faux::ReglesGalerie;
+
+TEST_F(ReglesSuppression, NoDoesNothingAtAll) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Galerie.OuvreGalerie();
+  Vue.Appels.clear();
+  for (const ReponseBoite reponse : {ReponseBoite::kNon, ReponseBoite::kAnnuler}) {
+    Boites.Reponse = reponse;
+    Galerie.SupprimePhoto();
+    Galerie.SupprimeTout();
+  }
+  EXPECT_TRUE(Disque.Supprimes.isEmpty());
+  EXPECT_TRUE(Vue.Appels.isEmpty());
+  EXPECT_EQ(Pompe.Appels, 0);
+}
+
+TEST_F(ReglesSuppression, DeletionOfOneAsksWithoutATitleAndReadsTheListAfterThePump) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Choisit(0);
+  Pompe.EnAttente = [this] { AjoutePhotos({QStringLiteral("c.jpg")}); };
+  Galerie.SupprimePhoto();
+  EXPECT_EQ(Boites.Textes.first(), QStringLiteral("Are you sure, you want to erase the picture:\r\n\"a.jpg\" ?"));
+  EXPECT_EQ(Boites.Titres.first(), QString());
+  EXPECT_EQ(Boites.Boutons, BoutonsBoite::kOuiNon);
+  EXPECT_EQ(Vue.Liste, QStringList({QStringLiteral("b.jpg"), QStringLiteral("c.jpg")}));
+  EXPECT_EQ(Vue.Titre, QStringLiteral("Intrusions : 2 Picture(s)"));
+  EXPECT_EQ(Vue.Index, -1);
+  EXPECT_FALSE(Vue.Photo.isNull()) << "the picture stays though its file is gone";
+}
+
+TEST_F(ReglesSuppression, DeletionOfAllAsksAndFillsTheBarStepByStep) {
+  AjoutePhotos(NomsSuivis(3));
+  Disque.AjouteFichier(QStringLiteral("/p/notes.txt"));
+  Galerie.OuvreGalerie();
+  Vue.Appels.clear();
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Boites.Textes,
+            QStringList{QStringLiteral("All pictures will be erased from this repertory. Are you sure?")});
+  EXPECT_EQ(Boites.Titres, QStringList{QStringLiteral("Are you sure?")});
+  EXPECT_EQ(Vue.Appels, QStringList({QStringLiteral("progression 2"), QStringLiteral("pas 0"), QStringLiteral("pas 1"),
+                                     QStringLiteral("pas 2"), QStringLiteral("liste 0"), QStringLiteral("titre"),
+                                     QStringLiteral("fin"), QStringLiteral("vide")}));
+  EXPECT_TRUE(Disque.Existe(QStringLiteral("/p/notes.txt"))) << "what the list does not show stays";
+  EXPECT_EQ(Vue.Avis, QStringLiteral("No picture in this folder."));
+}
+
+TEST_F(ReglesSuppression, DeletionOfAllInAnEmptyFolderOpensAndClosesTheProgressWindow) {
+  Galerie.OuvreGalerie();
+  Vue.Appels.clear();
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Vue.Appels.first(), QStringLiteral("progression -1"));
+  EXPECT_TRUE(Vue.Appels.contains(QStringLiteral("fin")));
+  EXPECT_TRUE(Disque.Supprimes.isEmpty());
+  EXPECT_EQ(Boites.Textes.size(), 1);
+}
+
+TEST_F(ReglesSuppression, PhotoThatComesDuringTheDeletionStays) {
+  AjoutePhotos({QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Pompe.EnAttente = [this] {
+    AjoutePhotos({QStringLiteral("a.jpg")});
+    Galerie.Rafraichit();    // the list changes under the loop
+    Galerie.SupprimeTout();  // and a second deletion is none
+    Galerie.ChoisitIndex(0);
+    Galerie.SupprimePhoto();
+  };
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Disque.Supprimes, QStringList{QStringLiteral("/p\\b.jpg")});
+  EXPECT_EQ(Vue.Liste, QStringList{QStringLiteral("a.jpg")});
+  EXPECT_EQ(Boites.Textes.size(), 1);
+}
+
+TEST_F(ReglesSuppression, FolderChosenDuringTheDeletionIsNotTouched) {
+  AjoutePhotos(NomsSuivis(2));
+  Galerie.OuvreGalerie();
+  Pompe.EnAttente = [this] { Reglages.RepertoirePhoto = QStringLiteral("/q"); };
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Disque.Supprimes, QStringList({QStringLiteral("/p\\00000.jpg"), QStringLiteral("/p\\00001.jpg")}));
+}
+
+TEST_F(ReglesSuppression, EventsRunBetweenTheHundredsOfALongDeletion) {
+  AjoutePhotos(NomsSuivis(99));
+  Galerie.OuvreGalerie();
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Pompe.Appels, 1) << "once, before the first photo goes";
+  AjoutePhotos(NomsSuivis(250));
+  Galerie.Rafraichit();
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Pompe.Appels, 1 + 1 + 2);
+}
+
+TEST_F(ReglesSuppression, EndOfTheProgramEndsALongDeletionWithoutAMessage) {
+  AjoutePhotos(NomsSuivis(250));
+  Galerie.OuvreGalerie();
+  Pompe.EnAttente = [this] { Pompe.EnAttente = [this] { Etat.EnFermeture = true; }; };
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Disque.Supprimes.size(), 100);
+  EXPECT_TRUE(Vue.Appels.contains(QStringLiteral("fin"))) << "and the progress window goes";
+  EXPECT_EQ(Noms.Lus.size(), 1) << "nothing is read any more";
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the question, and nothing else";
+}
+
+TEST_F(ReglesSuppression, PhotoThatCannotBeDeletedIsNamedInOneMessageAndTheListIsTrue) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg"), QStringLiteral("c.jpg")});
+  Disque.Tenaces = {QStringLiteral("b.jpg")};
+  Galerie.OuvreGalerie();
+  Galerie.SupprimeTout();
+  ASSERT_EQ(Boites.Textes.size(), 2);
+  EXPECT_EQ(Boites.Textes.last(), QStringLiteral("This picture could not be erased:\r\n\"b.jpg\""));
+  EXPECT_EQ(Boites.Boutons, BoutonsBoite::kOk);
+  EXPECT_EQ(Vue.Liste, QStringList{QStringLiteral("b.jpg")});
+  Choisit(0);
+  Galerie.SupprimePhoto();
+  EXPECT_EQ(Boites.Textes.size(), 4);
+  EXPECT_TRUE(Boites.Textes.last().contains(QStringLiteral("b.jpg")));
+  EXPECT_EQ(Vue.Index, 0) << "it is still there, and selected";
+}
+
+TEST_F(ReglesSuppression, ManyThatCannotBeDeletedAreNamedAndCountedInOneMessage) {
+  AjoutePhotos(NomsSuivis(500));
+  Disque.RefuseSuppression = true;
+  Galerie.OuvreGalerie();
+  Galerie.SupprimeTout();
+  ASSERT_EQ(Boites.Textes.size(), 2);
+  EXPECT_TRUE(Boites.Textes.last().contains(QStringLiteral("00009.jpg")));
+  EXPECT_FALSE(Boites.Textes.last().contains(QStringLiteral("00010.jpg")));
+  EXPECT_TRUE(Boites.Textes.last().endsWith(QStringLiteral("and 490 more.")));
+}
+
+// A file may have "\" in its name here; in a stored path that would part folders and mean another file.
+TEST_F(ReglesSuppression, NameWithABackslashMeansNoOtherFile) {
+  Noms.Noms = QStringList{QStringLiteral("s\\x.jpg")};
+  Disque.AjouteFichier(QStringLiteral("/p/s/x.jpg"));
+  EXPECT_THROW(Galerie.RepointeSur(QStringLiteral("/p"), {}), Echec);
+  EXPECT_FALSE(Vue.Avis.isEmpty());
+  Galerie.SupprimePhoto();
+  Galerie.SupprimeTout();
+  EXPECT_TRUE(Lecteur.Lues.isEmpty());
+  EXPECT_TRUE(Disque.Supprimes.isEmpty());
+  EXPECT_TRUE(Disque.Existe(QStringLiteral("/p/s/x.jpg")));
+  EXPECT_TRUE(Boites.Textes.last().contains(QStringLiteral("s\\x.jpg")));
+}
+
+TEST_F(ReglesSuppression, DeletionAskedForWhileTheListIsReadAsksAboutTheTrueList) {
+  AjoutePhotos({QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Noms.Retient = true;
+  Galerie.Rafraichit();
+  Galerie.SupprimeTout();
+  Galerie.SupprimeTout();
+  Galerie.SupprimePhoto();
+  EXPECT_TRUE(Boites.Textes.isEmpty());
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Noms.Livre();
+  EXPECT_EQ(Disque.Supprimes, QStringList({QStringLiteral("/p\\a.jpg"), QStringLiteral("/p\\b.jpg")}));
+  EXPECT_TRUE(Vue.Appels.contains(QStringLiteral("pas 1")));
+  EXPECT_FALSE(Vue.Appels.contains(QStringLiteral("fin"))) << "the progress window waits for the true list";
+  Galerie.SupprimeTout();
+  Noms.Livre();
+  EXPECT_TRUE(Vue.Appels.contains(QStringLiteral("fin")));
+  EXPECT_EQ(Boites.Textes.size(), 1) << "of the one that waited nothing is left, and a second deletion is none";
+}
+
+TEST_F(ReglesSuppression, DeletionWhoseListDoesNotComeNamesNoPhotos) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Galerie.OuvreGalerie();
+  Noms.Retient = true;
+  Galerie.SupprimeTout();
+  Noms.Tarde();
+  EXPECT_TRUE(Vue.Appels.contains(QStringLiteral("fin")));
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the old list says nothing of what stayed";
+  Noms.Livre();
+  EXPECT_TRUE(Vue.Liste.isEmpty());
+  EXPECT_EQ(Boites.Textes.size(), 1) << "all went";
+}
+
+TEST_F(ReglesSuppression, PhotoThatStayedIsNamedAlsoWhenTheListComesLate) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Noms.Retient = true;
+  Galerie.SupprimeTout();
+  AjoutePhotos({QStringLiteral("b.jpg")});
+  Noms.Tarde();
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the question";
+  Noms.Livre();
+  ASSERT_EQ(Boites.Textes.size(), 2);
+  EXPECT_TRUE(Boites.Textes.last().contains(QStringLiteral("\"b.jpg\""))) << Boites.Textes.last().toStdString();
+  Galerie.Rafraichit();
+  Noms.Livre();
+  EXPECT_EQ(Boites.Textes.size(), 2) << "once";
+}
+
+}  // namespace
+}  // namespace vaktor
