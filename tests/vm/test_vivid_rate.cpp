@@ -1,4 +1,6 @@
 // Whether every frame of the kernel's own test driver arrives at its fastest rate. Runs inside the virtual machine.
+#include <cmath>
+
 #include "platform/capture/v4l2_device.h"
 #include "vm/guest_driver.h"
 
@@ -30,9 +32,7 @@ TEST_P(VividCadence, NoFrameIsLost) {
   const double offertes = derniere * format.ImagesParSeconde();
   std::printf("measured: %s %dx%d at %d: %.2f periods, %d frames taken (clock: %s)\n", qPrintable(format.Codage),
               format.Largeur, format.Hauteur, format.CadenceNum, offertes, periodes, qPrintable(HorlogeDeLaMachine()));
-  // While the machine is idle its clock follows the host's, and a host under a heavy load wakes it late: one of 251
-  // was missed so. A driver that does not keep pace loses them by the dozen.
-  EXPECT_NEAR(periodes, offertes, 2.0);
+  EXPECT_EQ(periodes, std::lround(offertes));
 }
 
 INSTANTIATE_TEST_SUITE_P(, VividCadence,
