@@ -25,12 +25,9 @@ class TrameDifferee {
   /// and no others are asked for; Bits is null when there is no memory. A driver may have these of the next frames
   /// ready beforehand.
   virtual TrameBrute Echantillons(qint32 resteX, qint32 resteY) = 0;
-  /// All rows, Format_RGB32; null when there is no memory. Made at the first call and kept until OublieEntiere. A
+  /// All rows, Format_RGB32. Made at the first call and kept as long as the frame is; null when there is no memory. A
   /// driver may make the next frames whole beforehand.
   virtual const QImage& Entiere() = 0;
-  /// A newer frame has come: the picture's memory is for that one. Who wants to go on looking at this one keeps a copy
-  /// of the image, which costs nothing, or asks for it again, which makes it anew.
-  virtual void OublieEntiere() = 0;
 };
 
 /// Of a null image: Bits is null.
@@ -49,12 +46,6 @@ class ImageCamera {
   QSize Taille() const { return Trame_ != nullptr ? Trame_->Taille() : Image_.size(); }
   /// The picture, made now if it has to be.
   const QImage& Entiere() const { return Trame_ != nullptr ? Trame_->Entiere() : Image_; }
-  void OublieEntiere() const {
-    if (Trame_ != nullptr) Trame_->OublieEntiere();
-  }
-  bool EstLaMeme(const ImageCamera& autre) const {
-    return Trame_ == autre.Trame_ && Image_.cacheKey() == autre.Image_.cacheKey();
-  }
   /// TrameDifferee::Echantillons; a picture has all its pixels.
   TrameBrute Echantillons(qint32 resteX, qint32 resteY) const {
     return Trame_ != nullptr ? Trame_->Echantillons(resteX, resteY) : PixelsDe(Image_);

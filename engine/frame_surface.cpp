@@ -8,7 +8,6 @@ void SurfaceImage::Pose(const ImageCamera& image) {
   if (image.EstNulle()) return;
   const QSize taille = image.Taille();
   const bool autreTaille = taille != Taille_;
-  if (!image.EstLaMeme(Image_)) Image_.OublieEntiere();
   Image_ = image;
   Nombre_ = 0;
   if (autreTaille) {

@@ -24,9 +24,6 @@ struct CopieSurface {
 
   /// Takes over what the surface shows now.
   void Prend(const SurfaceImage& surface);
-  /// Keeps the picture too, for a view that paints it again and again: that of a frame which is not the newest any more
-  /// would be made anew each time.
-  void GardeImage() { Image = ImageCamera(Image.Entiere()); }
 };
 
 /// Paints the picture (black where there is none) and the outlines in pixels of the frame, from (0, 0) on, through

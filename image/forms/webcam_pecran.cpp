@@ -12,11 +12,6 @@ WebcamPecran::WebcamPecran() : QWidget(nullptr) {
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void WebcamPecran::CopieDepuis(const SurfaceImage& surface) {
-  Copie_.Prend(surface);
-  if (isVisible()) Copie_.GardeImage();
-}
-
 void WebcamPecran::MontreAgrandi() {
   // The size is set as well as the state: without a window manager nobody else would do it.
   if (!isVisible()) setGeometry(screen()->availableGeometry());

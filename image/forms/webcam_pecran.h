@@ -16,7 +16,7 @@ class WebcamPecran : public QWidget {
 
  public:
   WebcamPecran();
-  void CopieDepuis(const SurfaceImage& surface);
+  void CopieDepuis(const SurfaceImage& surface) { Copie_.Prend(surface); }
   const CopieSurface& Copie() const { return Copie_; }
   void MontreAgrandi();
 

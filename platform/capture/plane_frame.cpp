@@ -1,8 +1,6 @@
 #include "platform/capture/plane_frame.h"
 
-#include <algorithm>
 #include <new>
-#include <utility>
 
 namespace vaktor {
 namespace {
@@ -10,8 +8,6 @@ namespace {
 // The one being filled, the newest, the one taken, and some that a view or a slow reader keeps. Somebody who keeps more
 // gets them, but they do not come back here.
 constexpr size_t kNombreMaximal = 8;
-// One for the next frame, two that a view in sight and a photo on its way still hold.
-constexpr size_t kImagesMaximum = 3;
 
 // A camera may send pictures of any size. Where there is no memory for one it is dropped like a damaged one: nothing
 // may be thrown through the driver's thread, which is not ours.
@@ -53,45 +49,25 @@ bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg
   return decodeur.DecodePlans(jpeg, ou);
 }
 
-// Rend throws nothing, wherever it is called.
-MemoireImages::MemoireImages() { Images_.reserve(kImagesMaximum); }
-
-QImage MemoireImages::Prend(QSize taille) {
-  {
-    const std::lock_guard verrou(Verrou_);
-    std::erase_if(Images_, [taille](const QImage& image) { return image.size() != taille; });
-    const auto libre = std::ranges::find_if(Images_, [](const QImage& image) { return image.isDetached(); });
-    if (libre != Images_.end()) {
-      // The last holder let go on another thread; what it read must lie before what is written now.
-      std::atomic_thread_fence(std::memory_order_acquire);
-      QImage image = std::move(*libre);
-      Images_.erase(libre);
-      return image;
-    }
-  }
-  return QImage(taille, QImage::Format_RGB32);
-}
-
-void MemoireImages::Rend(QImage image) {
-  const std::lock_guard verrou(Verrou_);
-  if (Images_.size() < kImagesMaximum) Images_.push_back(std::move(image));
-}
-
-void MemoireImages::Vide() {
-  const std::lock_guard verrou(Verrou_);
-  Images_.clear();
+// The sizes stay in Plans_, the planes are gone.
+void TramePlans::LacheTampon() {
+  if (Trame_.buffer == nullptr) return;
+  gst_video_frame_unmap(&Trame_);
+  Trame_ = {};
+  for (PlansImage::Plan& plan : Plans_.Plans) plan = {};
 }
 
 void TramePlans::Vide() {
-  if (Trame_.buffer != nullptr) gst_video_frame_unmap(&Trame_);
+  LacheTampon();
   // The readers had this frame and made do with its samples: those of the next ones will do too. A frame that came too
   // fast for them tells nothing.
   if (Comparee_ && !Regardee_) Habitudes_->Entieres = false;
-  TramePlans::OublieEntiere();
-  Trame_ = {};
+  if (!Habitudes_->Entieres || !Image_.isDetached()) Image_ = QImage();
+  // A holder of the picture alone may have let go on another thread, as with the frame itself (Prend).
+  std::atomic_thread_fence(std::memory_order_acquire);
   Plans_ = PlansImage();
   Restes_ = kAucun;
-  Comparee_ = Regardee_ = false;
+  EstFaite_ = Comparee_ = Regardee_ = false;
 }
 
 void TramePlans::Prepare() {
@@ -120,37 +96,28 @@ void TramePlans::FaisEchantillons(qint32 restes) {
   Restes_ = restes;
 }
 
-void TramePlans::FaisEntiere() {
-  Image_ = Memoire_->Prend(Taille());
-  if (Image_.isNull() || !ConvertitImage(Plans_, Image_)) Image_ = QImage();
-}
-
-// Two pictures do for all frames: the one that is shown, and the one that is made meanwhile. The copies of earlier
-// frames that the views keep have their planes, a third of it.
-void TramePlans::OublieEntiere() {
-  if (Image_.isNull()) return;
-  QImage image = std::exchange(Image_, QImage());
-  if (Habitudes_->Entieres) {
-    Memoire_->Rend(std::move(image));
-  } else {
-    Memoire_->Vide();
-  }
+bool TramePlans::FaisEntiere() {
+  if (Image_.size() != Taille()) Image_ = QImage(Taille(), QImage::Format_RGB32);
+  EstFaite_ = !Image_.isNull() && ConvertitImage(Plans_, Image_);
+  // A picture has all that anybody can ask for; the decoder can have its memory back.
+  if (EstFaite_) LacheTampon();
+  return EstFaite_;
 }
 
 TrameBrute TramePlans::Echantillons(qint32 resteX, qint32 resteY) {
   Comparee_ = true;
   const qint32 restes = 3 * resteY + resteX;
   Habitudes_->Restes = restes;
-  if (!Image_.isNull()) return PixelsDe(Image_);
+  if (EstFaite_) return PixelsDe(Image_);
   if (Restes_ != restes) FaisEchantillons(restes);
   return Brute_;
 }
 
 const QImage& TramePlans::Entiere() {
+  static const QImage kAucuneImage;
   Regardee_ = true;
   Habitudes_->Entieres = true;
-  if (Image_.isNull()) FaisEntiere();
-  return Image_;
+  return EstFaite_ || FaisEntiere() ? Image_ : kAucuneImage;
 }
 
 // What comes back is emptied at the next frame and not only when it is needed: a film's decoder then finds its memory
@@ -165,7 +132,7 @@ std::shared_ptr<TramePlans> ReserveTrames::Prend() {
     if (libre == nullptr) libre = trame;
   }
   if (libre != nullptr) return libre;
-  libre = std::make_shared<TramePlans>(Habitudes_, Memoire_);
+  libre = std::make_shared<TramePlans>(Habitudes_);
   if (Trames_.size() < kNombreMaximal) Trames_.push_back(libre);
   return libre;
 }

@@ -5,7 +5,6 @@
 
 #include <atomic>
 #include <memory>
-#include <mutex>
 #include <span>
 #include <vector>
 
@@ -24,26 +23,10 @@ struct HabitudesLecture {
   std::atomic<qint32> Restes = 0;      ///< 3 * resteY + resteX of the pixels that are compared
 };
 
-/// Memory of the pictures of former frames. Any thread.
-class MemoireImages {
- public:
-  MemoireImages();
-  /// An image whose pixels nobody else holds; its content is whatever was there. Null when there is no memory for it.
-  QImage Prend(QSize taille);
-  /// Takes an image for a later frame, once its other holders have let go.
-  void Rend(QImage image);
-  void Vide();
-
- private:
-  std::mutex Verrou_;
-  std::vector<QImage> Images_;
-};
-
 /// Filled by the driver's thread while nobody else holds it; then it belongs to those who read it (camera_image.h).
 class TramePlans : public TrameDifferee {
  public:
-  TramePlans(std::shared_ptr<HabitudesLecture> habitudes, std::shared_ptr<MemoireImages> memoire)
-      : Habitudes_(std::move(habitudes)), Memoire_(std::move(memoire)) {}
+  explicit TramePlans(std::shared_ptr<HabitudesLecture> habitudes) : Habitudes_(std::move(habitudes)) {}
   ~TramePlans() override { Vide(); }
 
   /// Keeps the buffer, uncopied. `info`: of a format with EstPlanaire. False for a buffer that cannot be read.
@@ -52,29 +35,30 @@ class TramePlans : public TrameDifferee {
   bool DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille);
   /// Makes what the readers will ask for by their habits. After Garde or DecodeJpeg, still on the driver's thread.
   void Prepare();
-  /// Lets go of the buffer and the picture. Memory of its own is kept for the next frame.
+  /// Lets go of the buffer. Memory of its own is kept for the next frame, but for that of a picture that the readers
+  /// have no habit of looking at, or that somebody still holds.
   void Vide();
 
   QSize Taille() const override { return {Plans_.Largeur, Plans_.Hauteur}; }
   TrameBrute Echantillons(qint32 resteX, qint32 resteY) override;
   const QImage& Entiere() override;
-  void OublieEntiere() override;
 
  private:
   static constexpr qint32 kAucun = -1;
 
   void FaisEchantillons(qint32 restes);
-  void FaisEntiere();
+  bool FaisEntiere();
+  void LacheTampon();
 
   std::shared_ptr<HabitudesLecture> Habitudes_;
-  std::shared_ptr<MemoireImages> Memoire_;
   GstVideoFrame Trame_ = {};  // mapped while its buffer is not null
   std::vector<quint8> Octets_;
   PlansImage Plans_;
   std::vector<quint8> Echantillons_;
   TrameBrute Brute_;        // Echantillons_ as they are read
   qint32 Restes_ = kAucun;  // which ones they are, as in HabitudesLecture
-  QImage Image_;            // null: not made
+  QImage Image_;            // memory of the picture
+  bool EstFaite_ = false;   // Image_ holds this frame
   bool Comparee_ = false, Regardee_ = false;
 };
 
@@ -88,7 +72,6 @@ class ReserveTrames {
 
  private:
   std::shared_ptr<HabitudesLecture> Habitudes_ = std::make_shared<HabitudesLecture>();
-  std::shared_ptr<MemoireImages> Memoire_ = std::make_shared<MemoireImages>();
   std::vector<std::shared_ptr<TramePlans>> Trames_;
 };
 

@@ -103,7 +103,6 @@ class TrameSansMemoire : public TrameDifferee {
   QSize Taille() const override { return Taille_; }
   TrameBrute Echantillons(qint32, qint32) override { return {nullptr, 0, Taille_.width(), Taille_.height(), true}; }
   const QImage& Entiere() override { return Aucune_; }
-  void OublieEntiere() override {}
 
  private:
   QSize Taille_;
@@ -125,11 +124,8 @@ class TrameNotee : public TrameDifferee {
     return Image_;
   }
 
-  void OublieEntiere() override { ++Oublis; }
-
   std::vector<std::pair<qint32, qint32>> Demandes;
   int Regards = 0;
-  int Oublis = 0;
 
  private:
   QImage Image_;
@@ -155,16 +151,6 @@ TEST_F(AnalyseDifferee, ReadsTheSamplesAndLooksAtNoFrame) {
   EXPECT_EQ(blanche->Demandes, (std::vector<std::pair<qint32, qint32>>{{1, 2}}));
   EXPECT_EQ(noire->Regards + blanche->Regards, 0);
   EXPECT_GT(Detection().NbrPoints, 0);
-}
-
-TEST_F(AnalyseDifferee, AFramesPictureIsGivenBackWhenTheNextFrameComesAndNotBefore) {
-  DemarreSurNoir();
-  const auto premiere = TrameDe(Unie(0));
-  Tic();  // the grab finds nothing newer: the same frame again
-  EXPECT_EQ(premiere->Oublis, 0);
-  const auto seconde = TrameDe(Unie(0));
-  EXPECT_EQ(premiere->Oublis, 1);
-  EXPECT_EQ(seconde->Oublis, 0);
 }
 
 TEST_F(AnalyseDifferee, AFrameWithoutMemoryIsNoBlackOneAndAlarmsNobody) {

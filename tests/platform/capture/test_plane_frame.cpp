@@ -3,7 +3,6 @@
 
 #include <cstring>
 #include <random>
-#include <set>
 
 #include "platform/capture/plane_frame.h"
 
@@ -101,32 +100,6 @@ TEST_F(TrameEnPlans, AFrameThatNobodyTookTellsNothingOfTheReaders) {
   Livre(5)->Entiere();
   Livre(6);  // the reader was too slow for it
   EXPECT_FALSE(Livre(7)->Echantillons(0, 0).Serree);
-}
-
-TEST_F(TrameEnPlans, APictureThatWasGivenBackIsMadeAnew) {
-  const QImage attendue = Attendue(5);
-  const auto ancienne = Livre(5);
-  ancienne->Entiere();
-  ancienne->OublieEntiere();
-  const auto neuve = Livre(6);
-  neuve->Entiere();
-  EXPECT_EQ(ancienne->Entiere(), attendue);
-  EXPECT_EQ(neuve->Entiere(), Attendue(6));
-}
-
-TEST_F(TrameEnPlans, TwoPicturesDoWhileThreeFramesAreHeld) {
-  std::set<const uchar*> memoires;
-  std::shared_ptr<TramePlans> montree;
-  std::shared_ptr<TramePlans> agrandie;  // a view that is out of sight keeps the frame before
-  for (unsigned germe = 0; germe < 30; ++germe) {
-    auto trame = Livre(germe);
-    if (montree != nullptr) montree->OublieEntiere();
-    memoires.insert(trame->Entiere().constBits());
-    agrandie = montree;
-    montree = trame;
-  }
-  EXPECT_EQ(memoires.size(), 2U);
-  EXPECT_EQ(Reserve.Nombre(), 3U);
 }
 
 TEST_F(TrameEnPlans, APictureThatIsHeldStaysAsItIs) {
