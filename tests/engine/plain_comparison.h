@@ -1,6 +1,8 @@
 // The comparison written the obvious way, as the judge of the fast one.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <vector>
 
 #include "engine/frame_comparison.h"
@@ -43,6 +45,18 @@ inline ResultatComparaison CompareNaivement(const TrameBrute& trame, const ZoneD
     }
   }
   return resultat;
+}
+
+/// The box means nothing where nothing has changed.
+inline void AttendMemeResultat(const ResultatComparaison& vu, const ResultatComparaison& juge) {
+  EXPECT_EQ(vu.NbrPoints, juge.NbrPoints);
+  EXPECT_EQ(vu.Echantillons, juge.Echantillons);
+  EXPECT_EQ(vu.TablePleine, juge.TablePleine);
+  if (juge.NbrPoints == 0) return;
+  EXPECT_EQ(vu.Boite.MinX, juge.Boite.MinX);
+  EXPECT_EQ(vu.Boite.MaxX, juge.Boite.MaxX);
+  EXPECT_EQ(vu.Boite.MinY, juge.Boite.MinY);
+  EXPECT_EQ(vu.Boite.MaxY, juge.Boite.MaxY);
 }
 
 }  // namespace vaktor::faux

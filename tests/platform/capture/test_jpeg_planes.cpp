@@ -1,15 +1,17 @@
 // JPEG frames that stay in their planes: the same picture, and nothing that a damaged one leaves behind.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
-#include <turbojpeg.h>
 #include <unistd.h>
 
 #include <cmath>
 
+#include "platform/capture/jpeg_of_test.h"
 #include "platform/capture/plane_frame.h"
 
 namespace vaktor {
 namespace {
+
+using faux::Octets;
 
 // Soft colours, so that the two ways of spreading chroma over its pixels agree.
 QByteArray FabriqueJpeg(QSize taille, int sousEchantillon, int couleurs = TJPF_BGRX) {
@@ -19,19 +21,8 @@ QByteArray FabriqueJpeg(QSize taille, int sousEchantillon, int couleurs = TJPF_B
   }
   const QImage gris = image.convertToFormat(QImage::Format_Grayscale8);
   const QImage& source = couleurs == TJPF_GRAY ? gris : image;
-  unsigned char* jpeg = nullptr;
-  unsigned long longueur = 0;
-  tjhandle turbo = tjInitCompress();
-  tjCompress2(turbo, source.constBits(), taille.width(), static_cast<int>(source.bytesPerLine()), taille.height(),
-              couleurs, &jpeg, &longueur, sousEchantillon, 95, 0);
-  const QByteArray resultat(reinterpret_cast<const char*>(jpeg), static_cast<qsizetype>(longueur));
-  tjFree(jpeg);
-  tjDestroy(turbo);
-  return resultat;
-}
-
-std::span<const quint8> Octets(const QByteArray& jpeg) {
-  return {reinterpret_cast<const quint8*>(jpeg.constData()), static_cast<size_t>(jpeg.size())};
+  return faux::CompresseJpeg(source.constBits(), taille, static_cast<int>(source.bytesPerLine()), couleurs,
+                             sousEchantillon, 95);
 }
 
 int Ecart(const QImage& a, const QImage& b) {

@@ -1,5 +1,4 @@
 #include <gtest/gtest.h>
-#include <turbojpeg.h>
 
 #include <QBuffer>
 #include <cmath>
@@ -7,10 +6,13 @@
 #include <random>
 
 #include "platform/capture/jpeg_decoder.h"
+#include "platform/capture/jpeg_of_test.h"
 #include "platform/capture/pixel_conversion.h"
 
 namespace vaktor {
 namespace {
+
+using faux::Octets;
 
 // A raw frame of our own with random content, as a pipeline would give it.
 class Trame {
@@ -156,18 +158,7 @@ TEST(ConvertitImage, RefusesWhatDoesNotFit) {
 QByteArray FabriqueJpeg(int largeur, int hauteur) {
   std::vector<quint8> pixels(static_cast<size_t>(largeur) * static_cast<size_t>(hauteur) * 4);
   for (size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<quint8>((i * i) >> 7);
-  unsigned char* jpeg = nullptr;
-  unsigned long longueur = 0;
-  tjhandle turbo = tjInitCompress();
-  tjCompress2(turbo, pixels.data(), largeur, 0, hauteur, TJPF_BGRX, &jpeg, &longueur, TJSAMP_422, 90, 0);
-  const QByteArray resultat(reinterpret_cast<const char*>(jpeg), static_cast<qsizetype>(longueur));
-  tjFree(jpeg);
-  tjDestroy(turbo);
-  return resultat;
-}
-
-std::span<const quint8> Octets(const QByteArray& jpeg) {
-  return {reinterpret_cast<const quint8*>(jpeg.constData()), static_cast<size_t>(jpeg.size())};
+  return faux::CompresseJpeg(pixels.data(), {largeur, hauteur}, 0, TJPF_BGRX, TJSAMP_422, 90);
 }
 
 TEST(DecodeurJpeg, DecodesOddSizesWithFullFourthBytes) {
