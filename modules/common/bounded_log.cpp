@@ -9,8 +9,12 @@ namespace {
 constexpr qsizetype kSecretMin = 3;
 }
 
-QString NettoieLigne(QString ligne, const QStringList& secrets) {
-  for (const QString& secret : secrets) ligne.replace(secret, QStringLiteral("***"));
+QString NettoieLigne(QString ligne, QStringList secrets) {
+  // The longest first: a short secret inside a long one must not leave the long one's rest readable.
+  std::sort(secrets.begin(), secrets.end(), [](const QString& a, const QString& b) { return a.size() > b.size(); });
+  for (const QString& secret : secrets) {
+    if (secret.size() >= kSecretMin) ligne.replace(secret, QStringLiteral("***"));
+  }
   for (QChar& signe : ligne)
     if (signe.category() == QChar::Other_Control || signe.category() == QChar::Separator_Line) signe = QLatin1Char(' ');
   return ligne.trimmed();
@@ -20,10 +24,7 @@ JournalBorne::JournalBorne(const QString& dossier, const QString& nom, const Hor
     : Chemin_(dossier + QLatin1Char('/') + nom + QStringLiteral(".log")), Temps_(temps), TailleMax_(tailleMax) {}
 
 void JournalBorne::CacheSecret(const QString& secret) {
-  if (secret.size() < kSecretMin || Secrets_.contains(secret)) return;
-  Secrets_.append(secret);
-  // The longest first: a short secret inside a long one must not leave the long one's rest readable.
-  std::sort(Secrets_.begin(), Secrets_.end(), [](const QString& a, const QString& b) { return a.size() > b.size(); });
+  if (!Secrets_.contains(secret)) Secrets_.append(secret);
 }
 
 void JournalBorne::Note(const QString& ligne) {

@@ -20,8 +20,7 @@ class JournalBorne {
   /// One line with date and time. Line breaks and control characters become blanks, so that what a server says cannot
   /// forge a line; every secret is replaced by "***".
   void Note(const QString& ligne);
-  /// From now on this text appears in no line. Texts of fewer than three characters are not looked for: they would
-  /// blacken half of every line and give themselves away by it.
+  /// From now on this text appears in no line (NettoieLigne).
   void CacheSecret(const QString& secret);
 
   const QString& Chemin() const { return Chemin_; }
@@ -33,7 +32,9 @@ class JournalBorne {
   QStringList Secrets_;
 };
 
-/// The text without the secrets and control characters: for logs, status files and notifications alike.
-QString NettoieLigne(QString ligne, const QStringList& secrets);
+/// The text without the secrets and control characters: for logs, status files, notifications and rehearsals alike.
+/// Secrets of fewer than three characters are not looked for: they would blacken half of every line and give themselves
+/// away by it.
+QString NettoieLigne(QString ligne, QStringList secrets);
 
 }  // namespace vaktor

@@ -11,8 +11,7 @@ namespace vaktor {
 namespace {
 
 constexpr int kPremierRefus = 400;
-constexpr qsizetype kSecretMin = 3;  // a shorter text would blacken half of every line and give itself away by it
-constexpr int kSucces = 200;         // RFC 959: 2yz, the command is done; 1yz, it has begun
+constexpr int kSucces = 200;  // RFC 959: 2yz, the command is done; 1yz, it has begun
 constexpr int kSuite = 300;
 
 Parametres LitDemande(const QJsonObject& demande) {
@@ -156,10 +155,6 @@ void RepetitionFtp::Dis(const QString& ligne) {
   Ports_.Ecrit(Nettoie(ligne));
 }
 
-QString RepetitionFtp::Nettoie(const QString& ligne) const {
-  QStringList secrets;
-  if (Acces_.MotDePasse.size() >= kSecretMin) secrets.append(Acces_.MotDePasse);
-  return NettoieLigne(ligne, secrets);
-}
+QString RepetitionFtp::Nettoie(const QString& ligne) const { return NettoieLigne(ligne, {Acces_.MotDePasse}); }
 
 }  // namespace vaktor

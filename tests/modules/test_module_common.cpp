@@ -68,6 +68,13 @@ TEST_F(Journaux, SecretsNeverAppear) {
   EXPECT_EQ(Lit(Journal.Chemin()), "2020-01-02 09:05:03 PASS ***, ***, abc\n");
 }
 
+// In the steps of a rehearsal as well: what a server says of a password of two letters must not tell which.
+TEST(Lignes, AShortSecretIsNotLookedForAndALongOneGoesBeforeTheOneInside) {
+  EXPECT_EQ(NettoieLigne("RCPT: ab is no address", {"ab"}), "RCPT: ab is no address");
+  EXPECT_EQ(NettoieLigne("PASS geheimnis", {"geheim", "geheimnis"}), "PASS ***");
+  EXPECT_EQ(NettoieLigne("nothing", {""}), "nothing");
+}
+
 TEST_F(Journaux, ALongLineIsCut) {
   Journal.Note(QString(100000, u'x'));
   EXPECT_LT(QFileInfo(Journal.Chemin()).size(), 1100);
