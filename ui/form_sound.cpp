@@ -67,6 +67,7 @@ FormSound::FormSound(const ChoixSon& choix)
   LabelPlaySon_->setGeometry(188, 62, 60, 17);
   LabelPlaySon_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   CmdChoixSonRep_->setObjectName(QStringLiteral("CmdChoixSonRep"));
+  CmdChoixSonRep_->setAutoDefault(true);  // Enter presses it too; only dialogs do that by themselves
   CmdChoixSonRep_->setGeometry(12, 62, 60, 24);
   connect(CombSound_, &QComboBox::activated, this, [this](int index) {
     CmdChoixSonRep_->setEnabled(index == ChoixSon::kSonDuFichier);

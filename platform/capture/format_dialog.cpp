@@ -126,7 +126,6 @@ void DialogueFormat::ConstruitBoutons(QVBoxLayout& colonne, bool avecChoix) {
   const auto ajoute = [&](TexteDialogue t, const char* nom, QDialogButtonBox::ButtonRole role) {
     const QString legende = TexteDe(t, Langue_);
     auto* bouton = Nomme(new QPushButton(legende, this), nom, legende);
-    bouton->setAutoDefault(false);
     boutons->addButton(bouton, role);
     return bouton;
   };

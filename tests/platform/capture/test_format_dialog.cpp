@@ -147,6 +147,15 @@ TEST_F(FormatTest, EscapeAndCancelLeaveEverythingAsItIs) {
   EXPECT_FALSE(Memoire_.Format(Pilote_.NomStable_).has_value());
 }
 
+TEST_F(FormatTest, EnterPressesTheButtonThatHasTheFocus) {
+  Ouvre();
+  CliqueTaille(1);
+  Controle<QPushButton>("BtnAnnulerFormat")->setFocus();
+  QTest::keyClick(Controle<QPushButton>("BtnAnnulerFormat"), Qt::Key_Return);
+  EXPECT_FALSE(Dialogue_->isVisible());
+  EXPECT_TRUE(Pilote_.Appliques_.isEmpty());
+}
+
 TEST_F(FormatTest, OkWithoutAnotherChoiceDoesNotDisturbTheCamera) {
   Ouvre();
   Clique("BtnOkFormat");
