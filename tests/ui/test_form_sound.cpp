@@ -46,6 +46,15 @@ class FormeSon : public testing::Test {
   FormSound Forme{ChoixSon(Reglages, Sauvegarde, Interface, Dialogue)};
 };
 
+TEST_F(FormeSon, EnterPressesTheButtonThatHasTheFocus) {
+  Ouvre();
+  Choisit(ChoixSon::kSonDuFichier);
+  auto* bouton = Trouve<QPushButton>("CmdChoixSonRep");
+  bouton->setFocus();
+  QTest::keyClick(bouton, Qt::Key_Return);
+  EXPECT_EQ(Dialogue.Filtre, QStringLiteral("Audio (*.WAV *.wav)"));
+}
+
 TEST_F(FormeSon, WordsOfBothLanguages) {
   Ouvre(0);
   EXPECT_EQ(Forme.windowTitle(), QStringLiteral("Son de l'alarme"));
