@@ -37,6 +37,7 @@ struct EtatDetection {
 struct EtatCamera {
   bool CameraActive = false;      ///< the driver is connected; written by BasculeCamera alone
   bool MoniteurCache = false;     ///< the user closed FormMonitor, which only hid it
+  bool ImageRepetee = false;      ///< the last tick had no new frame and compared the earlier one with itself
   bool DialogueOuvert = false;    ///< one of the driver's dialogs is open: no timer of the engine ticks
   bool ConnexionEnCours = false;  ///< the driver is being connected: no timer ticks, and the switch does nothing
 };

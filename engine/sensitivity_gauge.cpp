@@ -29,6 +29,9 @@ void JaugeSensibilite::DoubleClic() {
 void JaugeSensibilite::AjusteSeuil() {
   // Read at each tick: ticking the box takes effect on the next one, from the value and the step as they stand.
   if (!Ports_.Reglages.SeuilAuto) return;
+  // A frame that was compared with itself tells nothing of the noise. While the signal is lost the tolerance would fall
+  // far below it, and the first frame after that raise the alarm.
+  if (Etat_.Camera.CameraActive && Etat_.Camera.ImageRepetee) return;
   qint32& seuil = Ports_.Reglages.SeuilDetection;
   if (Etat_.Detection.NbrPoints == 0) {
     seuil = SoustraitVerifie(seuil, Etat_.Detection.PasSeuil);

@@ -32,7 +32,7 @@ void TicSurveillance::TraiteImage() {
 
 void TicSurveillance::PoseImage() {
   // A failed grab is not looked at: the earlier frame goes on, and its outlines are wiped all the same.
-  Ports_.Pilote.SaisitImage();
+  Etat_.Camera.ImageRepetee = !Ports_.Pilote.SaisitImage();
   Ports_.Affichage.MontreSignalPerdu(Ports_.Pilote.SignalPerdu());
   const QSize avant = Etat_.Surface.Taille();
   Etat_.Surface.Pose(Ports_.Pilote.CopieTrame());

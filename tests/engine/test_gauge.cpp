@@ -92,6 +92,34 @@ TEST_F(Jauge, SettlesJustAboveTheNoise) {
   EXPECT_EQ(Detection().PasSeuil, 1000);
 }
 
+TEST_F(Jauge, RestsWhileNoNewFrameComes) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2100);
+  ASSERT_LT(Reglages.SeuilDetection, 7000000);
+  Pilote.Muette = Pilote.Perdu = true;
+  Tic();
+  const qint32 seuil = Reglages.SeuilDetection;
+  Temps.Avance(60000);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil);
+  Pilote.Muette = Pilote.Perdu = false;
+  Tic();
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil - 10000);
+}
+
+TEST_F(Jauge, GoesOnWithTheLastCountOnceTheCameraIsOff) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Pilote.Muette = true;
+  Tic();
+  Engin.BasculeCamera();
+  Reglages.SeuilDetection = 500000;
+  Engin.DoubleClicJauge();
+  Temps.Avance(1);
+  EXPECT_EQ(Reglages.SeuilDetection, 490000);
+}
+
 TEST_F(Jauge, DoesNothingByItselfWhenTheBoxIsNotTicked) {
   DemarreSurNoir();
   Temps.Avance(5000);

@@ -79,6 +79,25 @@ TEST_F(Tick, LostSignalRaisesNoAlarm) {
   EXPECT_EQ(Actions.Photos, 0);
 }
 
+// The automatic tolerance stands just above the noise: had it fallen meanwhile, the first frame would be all motion.
+TEST_F(Tick, SignalThatComesBackRaisesNoAlarmEither) {
+  Reglages.PhotoActif = true;
+  bool pair = false;
+  Pilote.Suivante = [&] {
+    pair = !pair;
+    return Unie(pair ? qRgb(0xe0, 0x93, 4) : 0);
+  };
+  Engin.BasculeCamera();
+  Reglages.SeuilDetection = 400000;
+  Arme();
+  Reglages.SeuilAuto = true;
+  Pilote.Muette = Pilote.Perdu = true;
+  Temps.Avance(60000);
+  Pilote.Muette = Pilote.Perdu = false;
+  Temps.Avance(31);
+  EXPECT_EQ(Actions.Photos, 0);
+}
+
 TEST_F(Tick, ZoomComesFromFiveChangedSamples) {
   DemarreSurNoir();
   QImage image = Unie(0);
