@@ -2,6 +2,7 @@
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
+#include <QElapsedTimer>
 #include <algorithm>
 #include <functional>
 
@@ -54,6 +55,49 @@ TEST_F(QtTimers, ARunningTimerRepeatsUntilItIsStopped) {
   const int arrete = tics;
   LaissePasser();
   EXPECT_EQ(tics, arrete);
+}
+
+/// Holds the thread as the grab of a frame does.
+void Retient(qint64 millisecondes) {
+  QElapsedTimer depuis;
+  depuis.start();
+  while (depuis.elapsed() < millisecondes) {
+  }
+}
+
+TEST_F(QtTimers, TheFastestTimerMakesUpForAThreadThatWasBusy) {
+  int tics = 0;
+  const auto minuterie = Cree(1, [&tics] { ++tics; });
+  minuterie->Active();
+  Retient(64);
+  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
+  EXPECT_GE(tics, 6);
+  tics = 0;
+  Retient(400);
+  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
+  EXPECT_EQ(tics, 12) << "no more than the longest grab can have cost";
+}
+
+TEST_F(QtTimers, ATimerThatIsStoppedInItsTickMakesUpForNothing) {
+  int tics = 0;
+  std::unique_ptr<Minuterie> minuterie;
+  minuterie = Cree(1, [&] {
+    ++tics;
+    minuterie->Desactive();
+  });
+  minuterie->Active();
+  Retient(100);
+  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
+  EXPECT_EQ(tics, 1);
+}
+
+TEST_F(QtTimers, ASlowerTimerMakesUpForNothing) {
+  int tics = 0;
+  const auto minuterie = Cree(10, [&tics] { ++tics; });
+  minuterie->Active();
+  Retient(100);
+  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
+  EXPECT_EQ(tics, 1);
 }
 
 TEST_F(QtTimers, SwitchingOnARunningTimerChangesNothing) {
