@@ -22,18 +22,26 @@ quint64 Melange(quint64 x) {
   return x ^ (x >> 31);
 }
 
-// The sum of two even throws: small values often, large ones seldom, none above kBruit.
+// Each step away from the mean is so many times rarer than the one before, as a sensor's strays are. An even noise
+// would have an edge: on one side of it nothing changes from frame to frame, on the other a thousand samples at once,
+// and a tolerance that finds its place by itself rests on that edge.
+constexpr quint64 kRarete = 8;
+
 quint32 TireBruit(quint64 hasard) {
-  constexpr int kFaces = ImageTest::kBruit + 1;
-  return static_cast<quint8>(static_cast<int>(hasard % kFaces) + static_cast<int>((hasard / kFaces) % kFaces) -
-                             ImageTest::kBruit);
+  int ecart = 0;
+  quint64 reste = hasard >> 1;
+  while (ecart < ImageTest::kBruit && reste % kRarete == 0) {
+    ++ecart;
+    reste /= kRarete;
+  }
+  return static_cast<quint8>(hasard % 2 == 0 ? ecart : -ecart);
 }
 
 std::vector<quint32> TableDeBruit() {
   std::vector<quint32> table(kDepartsBruit + ImageTest::kLargeur);
   for (size_t i = 0; i < table.size(); ++i) {
     const quint64 hasard = Melange(i);
-    table[i] = TireBruit(hasard) | (TireBruit(hasard >> 16) << 8) | (TireBruit(hasard >> 32) << 16);
+    table[i] = TireBruit(hasard) | (TireBruit(hasard >> 20) << 8) | (TireBruit(hasard >> 40) << 16);
   }
   return table;
 }

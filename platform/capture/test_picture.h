@@ -17,8 +17,8 @@ class ImageTest {
   static constexpr quint64 kPremierPassage = quint64{18} * kCadence;
   static constexpr quint64 kDureePassage = quint64{6} * kCadence;
   static constexpr quint64 kEntrePassages = quint64{20} * kCadence;  ///< from the beginning of one to that of the next
-  /// Noise on each channel goes from minus this to plus this.
-  static constexpr int kBruit = 2;
+  /// Noise on each channel goes from minus this to plus this; most pixels have none.
+  static constexpr int kBruit = 4;
 
   ImageTest();
   /// Whether somebody is in the room, wholly or in part.
