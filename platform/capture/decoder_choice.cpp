@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "platform/capture/gst_objects.h"
+#include "platform/libav/packet_decoder.h"
 
 namespace vaktor {
 namespace {
@@ -89,6 +90,11 @@ bool EstDecodableDirect(const GstCaps* caps) {
     if (g_strcmp0(profil, connu) == 0) return true;
   }
   return false;
+}
+
+bool EstDecodableDansLePuits(const GstCaps* caps) {
+  const PtrGst<GstCaps> paquets(gst_caps_from_string(kCapsPaquets));
+  return gst_caps_is_subset(caps, paquets.get()) != FALSE;
 }
 
 gboolean EstFluxVideo(GstElement*, guint, const GstCaps* caps, gpointer) {

@@ -12,9 +12,11 @@ void ChoisitDecodeurs(GstElement* decodebin);
 bool EstDeFabrique(GstElement* element, const char* nom);
 bool EstVideo(const GstCaps* caps);  ///< raw video or JPEG
 bool EstFilm(const GstCaps* caps);   ///< pictures of any coding
-/// Whether our own decoder takes what a demultiplexer gives under these caps as it is: each buffer a whole picture, and
-/// pictures of 8 bits with halved chroma.
+/// Whether our own decoder, as an element or in the sink, takes what a demultiplexer gives under these caps as it is:
+/// each buffer a whole picture, and pictures of 8 bits with halved chroma.
 bool EstDecodableDirect(const GstCaps* caps);
+/// Whether such a stream needs no decoder before the sink: the sink decodes it (packet_decoder.h).
+bool EstDecodableDansLePuits(const GstCaps* caps);
 /// Answer to rtspsrc's "select-stream".
 gboolean EstFluxVideo(GstElement* source, guint numero, const GstCaps* caps, gpointer rien);
 

@@ -22,6 +22,7 @@ GstPadProbeReturn PrometMetaVideo(GstPad*, GstPadProbeInfo* info, gpointer) {
 PtrGst<GstCaps> CapsAcceptes() {
   GstCaps* caps = gst_caps_from_string(kCapsBruts);
   gst_caps_append(caps, gst_caps_new_empty_simple("image/jpeg"));
+  gst_caps_append(caps, gst_caps_from_string(kCapsPaquets));
   return PtrGst<GstCaps>(caps);
 }
 
@@ -46,26 +47,29 @@ GstElement* ReceptionImages::FabriquePuits() {
 GstFlowReturn ReceptionImages::Recoit(GstAppSink* puits) {
   const PtrGst<GstSample> echantillon(gst_app_sink_pull_sample(puits));
   if (!echantillon) return GST_FLOW_EOS;
-  Traite(echantillon.get());
-  return GST_FLOW_OK;
+  return Traite(echantillon.get()) ? GST_FLOW_OK : GST_FLOW_NOT_NEGOTIATED;
 }
 
-void ReceptionImages::Traite(GstSample* echantillon) {
+// False: nothing of this stream will ever be seen.
+bool ReceptionImages::Traite(GstSample* echantillon) {
   GstBuffer* tampon = gst_sample_get_buffer(echantillon);
   GstCaps* caps = gst_sample_get_caps(echantillon);
-  if (tampon == nullptr || caps == nullptr) return;
-  if (caps != Caps_.get()) LitCaps(caps);
+  if (tampon == nullptr || caps == nullptr) return true;
+  if (caps != Caps_.get() && !LitCaps(caps)) return false;
   Espace(tampon);
   // The driver marks a frame that it could not fill; it is no picture of anything.
-  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_CORRUPTED)) return;
+  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_CORRUPTED)) return true;
   if (Brut_) {
     TraiteBrut(tampon);
+  } else if (EnPaquets_) {
+    TraitePaquet(tampon);
   } else {
     TraiteJpeg(tampon);
   }
+  return true;
 }
 
-void ReceptionImages::LitCaps(GstCaps* caps) {
+bool ReceptionImages::LitCaps(GstCaps* caps) {
   Caps_.reset(gst_caps_ref(caps));
   Brut_.reset();
   Format_ = FormatCamera();
@@ -73,13 +77,28 @@ void ReceptionImages::LitCaps(GstCaps* caps) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   gst_structure_get_fraction(structure, "framerate", &Format_.CadenceNum, &Format_.CadenceDen);
   GstVideoInfo info;
-  if (gst_structure_has_name(structure, "video/x-raw") && gst_video_info_from_caps(&info, caps)) Brut_ = info;
+  const bool brut = gst_structure_has_name(structure, "video/x-raw");
+  if (brut && gst_video_info_from_caps(&info, caps)) Brut_ = info;
+  EnPaquets_ = !brut && !gst_structure_has_name(structure, "image/jpeg");
+  return !EnPaquets_ || Paquets_.Ouvre(caps);
 }
 
 void ReceptionImages::Espace(const GstBuffer* tampon) {
-  if (!Options_.Intervalle || GST_BUFFER_PTS_IS_VALID(tampon)) return;
+  if (!Options_.Intervalle || GST_CLOCK_TIME_IS_VALID(GST_BUFFER_DTS_OR_PTS(tampon))) return;
   std::this_thread::sleep_until(Derniere_ + kIntervalle);
   Derniere_ = BoiteImages::Horloge::now();
+}
+
+// Decoded when it is time to show it: the samples are picked out of a picture that has just been made.
+void ReceptionImages::TraitePaquet(GstBuffer* tampon) {
+  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_DISCONT)) Paquets_.Oublie();
+  Paquets_.Envoie(tampon);
+  for (;;) {
+    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+    if (!trame->Garde(Paquets_)) return;
+    trame->Prepare();
+    Livre(ImageCamera(trame));
+  }
 }
 
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {

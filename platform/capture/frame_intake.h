@@ -11,6 +11,7 @@
 #include "platform/capture/jpeg_decoder.h"
 #include "platform/capture/newest_frame.h"
 #include "platform/capture/plane_frame.h"
+#include "platform/libav/packet_decoder.h"
 
 namespace vaktor {
 
@@ -25,16 +26,18 @@ class ReceptionImages {
 
   ReceptionImages(BoiteImages& boite, Options options);
 
-  /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h and JPEG.
+  /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h, JPEG,
+  /// and the packets of packet_decoder.h.
   GstElement* FabriquePuits();
 
  private:
   GstFlowReturn Recoit(GstAppSink* puits);
-  void Traite(GstSample* echantillon);
+  bool Traite(GstSample* echantillon);
   void TraiteJpeg(GstBuffer* tampon);
   ImageCamera DecodeJpeg(std::span<const quint8> jpeg);
   void TraiteBrut(GstBuffer* tampon);
-  void LitCaps(GstCaps* caps);
+  void TraitePaquet(GstBuffer* tampon);
+  bool LitCaps(GstCaps* caps);
   void Espace(const GstBuffer* tampon);
   void Livre(const ImageCamera& image);
 
@@ -43,6 +46,8 @@ class ReceptionImages {
   ReserveImages Reserve_;
   ReserveTrames Trames_;
   DecodeurJpeg Jpeg_;
+  DecodeurPaquets Paquets_;
+  bool EnPaquets_ = false;
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;
   FormatCamera Format_;

@@ -148,9 +148,13 @@ void FluxGStreamer::RelieFilm(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
   gst_pad_link(sortie, entree.get());
 }
 
-// Our own decoder straight away where it needs no parser before it and gives nothing that has to be converted first;
-// else whatever is found.
+// Our own decoder straight away where it needs no parser before it and gives nothing that has to be converted first, in
+// the sink itself where the pictures keep their order; else whatever is found.
 GstElement* FluxGStreamer::AjouteSuiteDuFilm(const GstCaps* caps) {
+  if (EstDecodableDansLePuits(caps)) {
+    Relie_ = true;
+    return Puits_;
+  }
   if (!EstDecodableDirect(caps)) return AjouteDecodage();
   GstElement* decodeur = Ajoute("vaktorlibav");
   if (decodeur == nullptr || !gst_element_link(decodeur, Puits_)) return nullptr;

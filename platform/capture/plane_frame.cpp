@@ -1,6 +1,7 @@
 #include "platform/capture/plane_frame.h"
 
 #include <new>
+#include <utility>
 
 namespace vaktor {
 namespace {
@@ -31,6 +32,13 @@ bool TramePlans::Garde(GstBuffer* tampon, const GstVideoInfo& info) {
   return true;
 }
 
+bool TramePlans::Garde(DecodeurPaquets& decodeur) {
+  GstVideoFrame vue;
+  if (!decodeur.Prend(Decodee_, vue) || !EstPlanaire(GST_VIDEO_FRAME_FORMAT(&vue))) return false;
+  Plans_ = PlansDe(vue);
+  return true;
+}
+
 bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille) {
   const DecodeurJpeg::Plans& plans = decodeur.PlansDeLImage();
   std::array<size_t, 3> debuts{};
@@ -51,31 +59,38 @@ bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg
 
 // The sizes stay in Plans_, the planes are gone.
 void TramePlans::LacheTampon() {
-  if (Trame_.buffer == nullptr) return;
-  gst_video_frame_unmap(&Trame_);
+  if (Trame_.buffer == nullptr && Decodee_.EstVide()) return;
+  if (Trame_.buffer != nullptr) gst_video_frame_unmap(&Trame_);
   Trame_ = {};
+  Decodee_.Lache();
   for (PlansImage::Plan& plan : Plans_.Plans) plan = {};
 }
 
 void TramePlans::Vide() {
   LacheTampon();
+  const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
   // The readers had this frame and made do with its samples: those of the next ones will do too. A frame that came too
   // fast for them tells nothing.
-  if (Comparee_ && !Regardee_) Habitudes_->Entieres = false;
-  if (!Habitudes_->Entieres || !Image_.isDetached()) Image_ = QImage();
+  if (fonds != nullptr && Comparee_ && !Regardee_) fonds->FixeRegardees(false);
+  if (fonds == nullptr || !fonds->Regardees() || !Image_.isDetached()) Image_ = QImage();
   // A holder of the picture alone may have let go on another thread, as with the frame itself (Prend).
   std::atomic_thread_fence(std::memory_order_acquire);
   Plans_ = PlansImage();
   Restes_ = kAucun;
-  EstFaite_ = Comparee_ = Regardee_ = false;
+  EstFaite_ = Cedee_ = Comparee_ = Regardee_ = false;
+}
+
+QImage TramePlans::CedeImage(QSize taille) {
+  if (Image_.size() != taille || !Image_.isDetached()) return {};
+  std::atomic_thread_fence(std::memory_order_acquire);
+  Cedee_ = EstFaite_;
+  EstFaite_ = false;
+  return std::exchange(Image_, QImage());
 }
 
 void TramePlans::Prepare() {
-  if (Habitudes_->Entieres) {
-    FaisEntiere();
-  } else {
-    FaisEchantillons(Habitudes_->Restes);
-  }
+  const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
+  if (fonds != nullptr) FaisEchantillons(fonds->Restes);
 }
 
 // Nine times less memory than a picture. The reader goes three times OctetsParLigne from y to y + 3, so a stored row is
@@ -97,18 +112,19 @@ void TramePlans::FaisEchantillons(qint32 restes) {
 }
 
 bool TramePlans::FaisEntiere() {
-  if (Image_.size() != Taille()) Image_ = QImage(Taille(), QImage::Format_RGB32);
+  if (Image_.size() != Taille()) {
+    const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
+    if (fonds != nullptr && Cedee_) fonds->Redemande();
+    Image_ = fonds != nullptr ? fonds->PrendImage(Taille()) : QImage(Taille(), QImage::Format_RGB32);
+  }
   EstFaite_ = !Image_.isNull() && ConvertitImage(Plans_, Image_);
-  // A picture has all that anybody can ask for; the decoder can have its memory back.
-  if (EstFaite_) LacheTampon();
   return EstFaite_;
 }
 
 TrameBrute TramePlans::Echantillons(qint32 resteX, qint32 resteY) {
   Comparee_ = true;
   const qint32 restes = 3 * resteY + resteX;
-  Habitudes_->Restes = restes;
-  if (EstFaite_) return PixelsDe(Image_);
+  if (const std::shared_ptr<FondsTrames> fonds = Fonds_.lock()) fonds->Restes = restes;
   if (Restes_ != restes) FaisEchantillons(restes);
   return Brute_;
 }
@@ -116,13 +132,14 @@ TrameBrute TramePlans::Echantillons(qint32 resteX, qint32 resteY) {
 const QImage& TramePlans::Entiere() {
   static const QImage kAucuneImage;
   Regardee_ = true;
-  Habitudes_->Entieres = true;
+  if (const std::shared_ptr<FondsTrames> fonds = Fonds_.lock()) fonds->FixeRegardees(true);
   return EstFaite_ || FaisEntiere() ? Image_ : kAucuneImage;
 }
 
 // What comes back is emptied at the next frame and not only when it is needed: a film's decoder then finds its memory
 // again, instead of taking more.
-std::shared_ptr<TramePlans> ReserveTrames::Prend() {
+std::shared_ptr<TramePlans> FondsTrames::Prend(const std::shared_ptr<FondsTrames>& soi) {
+  const std::lock_guard verrou(Verrou_);
   std::shared_ptr<TramePlans> libre;
   for (const std::shared_ptr<TramePlans>& trame : Trames_) {
     if (trame.use_count() > 1) continue;
@@ -132,9 +149,32 @@ std::shared_ptr<TramePlans> ReserveTrames::Prend() {
     if (libre == nullptr) libre = trame;
   }
   if (libre != nullptr) return libre;
-  libre = std::make_shared<TramePlans>(Habitudes_);
+  libre = std::make_shared<TramePlans>(soi);
   if (Trames_.size() < kNombreMaximal) Trames_.push_back(libre);
   return libre;
+}
+
+// Views hold the frame before for a while, and most of them never look at it again: one picture then serves all frames.
+// Where one does look again, as the enlarged view does that shows the frame before, each frame keeps its own.
+QImage FondsTrames::PrendImage(QSize taille) {
+  const std::lock_guard verrou(Verrou_);
+  for (const std::shared_ptr<TramePlans>& trame : Trames_) {
+    if (trame.use_count() > 1 && !Cedent_) continue;
+    std::atomic_thread_fence(std::memory_order_acquire);
+    QImage image = trame->CedeImage(taille);
+    if (!image.isNull()) return image;
+  }
+  return {taille, QImage::Format_RGB32};
+}
+
+void FondsTrames::FixeRegardees(bool regardees) {
+  Regardees_ = regardees;
+  if (!regardees) Cedent_ = true;
+}
+
+size_t FondsTrames::Nombre() const {
+  const std::lock_guard verrou(Verrou_);
+  return Trames_.size();
 }
 
 }  // namespace vaktor

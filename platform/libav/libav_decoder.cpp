@@ -4,6 +4,7 @@
 
 #include <optional>
 
+#include "platform/libav/libav_codec.h"
 #include "platform/libav/libav_formats.h"
 #include "platform/libav/libav_library.h"
 
@@ -16,8 +17,7 @@ constexpr guint32 kRetardMaximal = 32;
 
 struct DecodeurLibav {
   GstVideoDecoder Base;
-  AVCodecContext* Contexte;
-  AVPacket* Paquet;
+  CodecOuvert Codec;
   AVFrame* Trame;
   GstVideoCodecState* Entree;
   // What was announced behind the decoder; a width of 0: nothing yet.
@@ -37,10 +37,8 @@ void Libere(DecodeurLibav* soi) {
   if (soi->Entree != nullptr) gst_video_codec_state_unref(soi->Entree);
   soi->Entree = nullptr;
   soi->Largeur = 0;
-  if (soi->Paquet == nullptr && soi->Contexte == nullptr && soi->Trame == nullptr) return;
-  Libav()->avcodec_free_context(&soi->Contexte);
-  Libav()->av_packet_free(&soi->Paquet);
-  Libav()->av_frame_free(&soi->Trame);
+  FermeCodec(soi->Codec);
+  if (soi->Trame != nullptr) Libav()->av_frame_free(&soi->Trame);
 }
 
 gboolean Arrete(GstVideoDecoder* decodeur) {
@@ -48,34 +46,12 @@ gboolean Arrete(GstVideoDecoder* decodeur) {
   return TRUE;
 }
 
-// The parameter sets that a container keeps apart from the pictures.
-bool CopieEntete(AVCodecContext* contexte, const GstCaps* caps) {
-  const GValue* valeur = gst_structure_get_value(gst_caps_get_structure(caps, 0), "codec_data");
-  GstBuffer* entete = valeur == nullptr ? nullptr : gst_value_get_buffer(valeur);
-  if (entete == nullptr) return true;
-  const gsize taille = gst_buffer_get_size(entete);
-  contexte->extradata = static_cast<uint8_t*>(Libav()->av_mallocz(taille + AV_INPUT_BUFFER_PADDING_SIZE));
-  if (contexte->extradata == nullptr) return false;
-  contexte->extradata_size = static_cast<int>(gst_buffer_extract(entete, 0, contexte->extradata, taille));
-  return true;
-}
-
-// One thread: more would each keep frames of their own, and detection needs one frame after the other anyway.
 gboolean FixeFormat(GstVideoDecoder* decodeur, GstVideoCodecState* etat) {
   DecodeurLibav* soi = Soi(decodeur);
   Libere(soi);
-  if (Libav() == nullptr) return FALSE;
-  const AVCodec* codec = Libav()->avcodec_find_decoder(CodecDesCaps(etat->caps));
-  if (codec == nullptr) return FALSE;
-  soi->Contexte = Libav()->avcodec_alloc_context3(codec);
-  soi->Paquet = Libav()->av_packet_alloc();
+  if (!OuvreCodec(soi->Codec, etat->caps)) return FALSE;
   soi->Trame = Libav()->av_frame_alloc();
-  if (soi->Contexte == nullptr || soi->Paquet == nullptr || soi->Trame == nullptr) return FALSE;
-  soi->Contexte->thread_count = 1;
-  soi->Contexte->width = GST_VIDEO_INFO_WIDTH(&etat->info);
-  soi->Contexte->height = GST_VIDEO_INFO_HEIGHT(&etat->info);
-  if (!CopieEntete(soi->Contexte, etat->caps) || Libav()->avcodec_open2(soi->Contexte, codec, nullptr) < 0)
-    return FALSE;
+  if (soi->Trame == nullptr) return FALSE;
   soi->Entree = gst_video_codec_state_ref(etat);
   return TRUE;
 }
@@ -125,36 +101,25 @@ GstFlowReturn Livre(DecodeurLibav* soi) {
 
 GstFlowReturn LivreTout(DecodeurLibav* soi) {
   GstFlowReturn suite = GST_FLOW_OK;
-  while (suite == GST_FLOW_OK && Libav()->avcodec_receive_frame(soi->Contexte, soi->Trame) == 0) {
+  while (suite == GST_FLOW_OK && Libav()->avcodec_receive_frame(soi->Codec.Contexte, soi->Trame) == 0) {
     suite = Livre(soi);
     Libav()->av_frame_unref(soi->Trame);
   }
   return suite;
 }
 
-// The decoder wants the bytes behind a packet to be zero and readable, so they are copied into its own memory; a frame
-// is a few kilobytes here.
-bool RemplitPaquet(AVPacket* paquet, const GstVideoCodecFrame* image) {
-  Libav()->av_packet_unref(paquet);
-  const gsize taille = gst_buffer_get_size(image->input_buffer);
-  if (taille > G_MAXINT / 2 || Libav()->av_new_packet(paquet, static_cast<int>(taille)) < 0) return false;
-  gst_buffer_extract(image->input_buffer, 0, paquet->data, taille);
-  // The number instead of a time: it finds the entry of this picture again, however the order changes.
-  paquet->pts = image->system_frame_number;
-  if (GST_VIDEO_CODEC_FRAME_IS_SYNC_POINT(image)) paquet->flags |= AV_PKT_FLAG_KEY;
-  return true;
-}
-
 GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
   DecodeurLibav* soi = Soi(decodeur);
-  if (soi->Contexte == nullptr || !RemplitPaquet(soi->Paquet, image)) {
+  if (soi->Codec.Contexte == nullptr || !RemplitPaquet(*soi->Codec.Paquet, image->input_buffer)) {
     return gst_video_decoder_drop_frame(decodeur, image);
   }
-  int reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
+  // The number instead of a time: it finds the entry of this picture again, however the order changes.
+  soi->Codec.Paquet->pts = image->system_frame_number;
+  int reponse = Libav()->avcodec_send_packet(soi->Codec.Contexte, soi->Codec.Paquet);
   GstFlowReturn suite = GST_FLOW_OK;
   if (reponse == AVERROR(EAGAIN)) {
     suite = LivreTout(soi);
-    reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
+    reponse = Libav()->avcodec_send_packet(soi->Codec.Contexte, soi->Codec.Paquet);
   }
   // A damaged packet gives no picture; the next good one goes on.
   if (reponse < 0) return gst_video_decoder_drop_frame(decodeur, image);
@@ -163,17 +128,17 @@ GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
 }
 
 gboolean Vide(GstVideoDecoder* decodeur) {
-  if (Soi(decodeur)->Contexte != nullptr) Libav()->avcodec_flush_buffers(Soi(decodeur)->Contexte);
+  if (Soi(decodeur)->Codec.Contexte != nullptr) Libav()->avcodec_flush_buffers(Soi(decodeur)->Codec.Contexte);
   return TRUE;
 }
 
 // What the decoder still holds back to put pictures into their order.
 GstFlowReturn Acheve(GstVideoDecoder* decodeur) {
   DecodeurLibav* soi = Soi(decodeur);
-  if (soi->Contexte == nullptr) return GST_FLOW_OK;
-  Libav()->avcodec_send_packet(soi->Contexte, nullptr);
+  if (soi->Codec.Contexte == nullptr) return GST_FLOW_OK;
+  Libav()->avcodec_send_packet(soi->Codec.Contexte, nullptr);
   const GstFlowReturn suite = LivreTout(soi);
-  Libav()->avcodec_flush_buffers(soi->Contexte);
+  Libav()->avcodec_flush_buffers(soi->Codec.Contexte);
   return suite;
 }
 

@@ -82,7 +82,7 @@ TEST_F(PiloteFichier, ShowsOddSizesAndASinglePixel) {
 
 // A view may hold a frame for hours, and ask for its pixels only then.
 TEST_F(PiloteFichier, AFrameOutlivesTheCameraThatGaveIt) {
-  for (const char* suite : {"avenc_mpeg4 ! avimux", "jpegenc ! avimux", "matroskamux"}) {
+  for (const char* suite : {"avenc_mpeg4 ! avimux", "avenc_msmpeg4 ! avimux", "jpegenc ! avimux", "matroskamux"}) {
     ASSERT_TRUE(FabriqueFilm(Fichier("v.film"), QStringLiteral("format=I420,") + kPetit, 50, QLatin1String(suite)));
     ASSERT_TRUE(Connecte(Fichier("v.film"))) << suite;
     ASSERT_TRUE(Pilote_->SaisitImage()) << suite;

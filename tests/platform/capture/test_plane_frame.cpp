@@ -69,37 +69,64 @@ TEST_F(TrameEnPlans, SamplesAreThoseOfThePictureWhereverTheZoneBegins) {
   }
 }
 
-TEST_F(TrameEnPlans, APictureOnceMadeGivesTheSamplesToo) {
+TEST_F(TrameEnPlans, SamplesAreTheSameBeforeAndAfterThePictureWasMade) {
   const QImage attendue = Attendue(4);
   const auto trame = Livre(4);
   Verifie(trame->Echantillons(1, 1), attendue, 1, 1);
   EXPECT_EQ(trame->Entiere(), attendue);
-  const TrameBrute vue = trame->Echantillons(2, 1);
-  EXPECT_FALSE(vue.Serree);
-  Verifie(vue, attendue, 2, 1);
+  Verifie(trame->Echantillons(2, 1), attendue, 2, 1);
 }
 
-TEST_F(TrameEnPlans, NextFrameComesWholeOnceOneWasLookedAt) {
+TEST_F(TrameEnPlans, OnePictureServesAllFramesWhileTheNewestAloneIsLookedAt) {
+  std::shared_ptr<TramePlans> avant;
+  const uchar* premiers = nullptr;
+  for (unsigned germe = 0; germe < 10; ++germe) {
+    auto trame = Livre(germe);
+    EXPECT_EQ(trame->Entiere(), Attendue(germe));
+    if (germe == 0) premiers = trame->Entiere().constBits();
+    EXPECT_EQ(trame->Entiere().constBits(), premiers) << germe;
+    avant = trame;  // a view that keeps the frame before and does not look at it
+  }
+}
+
+TEST_F(TrameEnPlans, AFrameWhosePictureWasTakenShowsItAgain) {
+  const auto une = Livre(5);
+  const auto autre = Livre(6);
+  EXPECT_EQ(une->Entiere(), Attendue(5));
+  EXPECT_EQ(autre->Entiere(), Attendue(6));
+  EXPECT_EQ(une->Entiere(), Attendue(5));
+  EXPECT_EQ(autre->Entiere(), Attendue(6));
+}
+
+TEST_F(TrameEnPlans, WhereTheFrameBeforeIsLookedAtTooEachKeepsItsPicture) {
+  std::shared_ptr<TramePlans> avant = Livre(1);
+  avant->Entiere();
+  for (unsigned germe = 2; germe < 8; ++germe) {
+    auto trame = Livre(germe);
+    trame->Entiere();
+    const uchar* bits = trame->Entiere().constBits();
+    avant->Entiere();  // the enlarged view, a frame behind
+    if (germe > 2) {
+      EXPECT_EQ(trame->Entiere().constBits(), bits) << germe;
+    }
+    avant = trame;
+  }
+}
+
+TEST_F(TrameEnPlans, APictureGoesOnceNobodyLooks) {
   auto trame = Livre(5);
-  EXPECT_TRUE(trame->Echantillons(0, 0).Serree) << "nobody has looked at a frame yet";
   trame->Entiere();
   trame.reset();
-  trame = Livre(6);
-  EXPECT_FALSE(trame->Echantillons(0, 0).Serree);
-  EXPECT_EQ(trame->Entiere(), Attendue(6));
-}
-
-TEST_F(TrameEnPlans, FramesComeInSamplesAgainOnceNobodyLooks) {
-  Livre(5)->Entiere();
-  Livre(6)->Echantillons(0, 0);  // whole, and compared only
+  Livre(6)->Echantillons(0, 0);  // compared only
   Livre(7);
-  EXPECT_TRUE(Livre(8)->Echantillons(0, 0).Serree);
+  trame = Livre(8);
+  EXPECT_TRUE(trame->CedeImage(trame->Taille()).isNull());
 }
 
 TEST_F(TrameEnPlans, AFrameThatNobodyTookTellsNothingOfTheReaders) {
-  Livre(5)->Entiere();
+  const uchar* bits = Livre(5)->Entiere().constBits();
   Livre(6);  // the reader was too slow for it
-  EXPECT_FALSE(Livre(7)->Echantillons(0, 0).Serree);
+  EXPECT_EQ(Livre(7)->Entiere().constBits(), bits);
 }
 
 TEST_F(TrameEnPlans, APictureThatIsHeldStaysAsItIs) {
