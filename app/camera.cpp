@@ -1,8 +1,16 @@
 #include "app/camera.h"
 
+#include "platform/capture/capture_memory.h"
 #include "platform/capture/gst_driver.h"
+#include "platform/capture/gst_start.h"
 
 namespace vaktor {
+
+QString FichierMemoireCapture(const QString& reglages) { return reglages + QStringLiteral("/capture.ini"); }
+
+void PrepareCapture(const QString& ou, const QString& reglages) {
+  LanceGStreamerPour(ou.isEmpty() ? MemoireCapture(FichierMemoireCapture(reglages)).Source() : ou);
+}
 
 std::unique_ptr<PiloteCapture> CreePilote(const QString& ou, MemoireCapture& memoire, std::function<qint32()> langue) {
   return std::make_unique<PiloteGStreamer>(ou, memoire, std::move(langue), nullptr);

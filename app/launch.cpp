@@ -7,10 +7,12 @@
 #include <cstdio>
 
 #include "app/application.h"
+#include "app/camera.h"
 #include "app/guarded_application.h"
 #include "app/real_system.h"
 #include "base/failure.h"
 #include "platform/base/end_signals.h"
+#include "platform/base/program_folders.h"
 #include "ui/art_images.h"
 
 namespace vaktor {
@@ -85,6 +87,7 @@ int LanceVaktor(int argc, char** argv) {
   PrepareEnvironnement();
   QCoreApplication::setApplicationName(QStringLiteral("Vaktor"));
   QCoreApplication::setApplicationVersion(QLatin1String(kVersion));
+  PrepareCapture(arguments.Camera, TrouveDossierReglages(arguments.Dossier));
   ApplicationGardee application(argc, argv);
   PrepareApparence();
   DitArgumentsInconnus();

@@ -28,7 +28,7 @@ PortsSysteme SystemeReel::Ports() {
           .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
           .CreePilote =
               [this, reglages](std::function<qint32()> langue) {
-                Memoire_ = std::make_unique<MemoireCapture>(reglages + QStringLiteral("/capture.ini"));
+                Memoire_ = std::make_unique<MemoireCapture>(FichierMemoireCapture(reglages));
                 return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
               },
           .Temps = Temps_,

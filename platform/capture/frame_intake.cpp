@@ -4,6 +4,7 @@
 
 #include "platform/capture/camera_caps.h"
 #include "platform/capture/pixel_conversion.h"
+#include "platform/gstreamer/gst_plugins.h"
 
 namespace vaktor {
 namespace {
@@ -31,7 +32,7 @@ PtrGst<GstCaps> CapsAcceptes() {
 ReceptionImages::ReceptionImages(BoiteImages& boite, Options options) : Boite_(boite), Options_(std::move(options)) {}
 
 GstElement* ReceptionImages::FabriquePuits() {
-  GstElement* puits = gst_element_factory_make("appsink", nullptr);
+  GstElement* puits = FabriqueElement("appsink");
   if (puits == nullptr) return nullptr;
   const PtrGst<GstCaps> caps = CapsAcceptes();
   g_object_set(puits, "caps", caps.get(), "sync", Options_.ALHeure ? TRUE : FALSE, "max-buffers", 1U, "qos", FALSE,

@@ -7,6 +7,7 @@
 #include "platform/capture/film_kind.h"
 #include "platform/capture/gst_start.h"
 #include "platform/capture/pixel_conversion.h"
+#include "platform/gstreamer/gst_plugins.h"
 
 namespace vaktor {
 namespace {
@@ -87,7 +88,7 @@ bool FluxGStreamer::MonteSource() {
 }
 
 GstElement* FluxGStreamer::Ajoute(const char* fabrique) {
-  GstElement* element = gst_element_factory_make(fabrique, nullptr);
+  GstElement* element = FabriqueElement(fabrique);
   if (element == nullptr) return nullptr;
   gst_bin_add(GST_BIN(Pipeline_.get()), element);
   return element;

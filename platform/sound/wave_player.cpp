@@ -10,6 +10,7 @@
 #include <thread>
 
 #include "platform/base/system_files.h"
+#include "platform/gstreamer/gst_plugins.h"
 #include "platform/sound/sound_output.h"
 
 namespace vaktor {
@@ -19,6 +20,20 @@ using Instant = std::chrono::steady_clock::time_point;
 constexpr std::chrono::seconds kRepos{30};          // without a new try after a device refused
 constexpr GstClockTime kRegard = 20 * GST_MSECOND;  // how soon a new sound cuts the one that plays
 constexpr auto kMessages = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_WARNING);
+
+// By their names, since the list of all plugins may not have been read. The automatic output takes the best of those
+// that are known.
+void ConnaisGreffonsDuSon() {
+  ChargeGreffons(
+      {"coreelements", "wavparse", "audioconvert", "audioresample", "autodetect", "pulseaudio", "alsa", "pipewire"});
+  for (const char* sortie : {"pulsesink", "alsasink", "pipewiresink"}) {
+    GstElementFactory* connue = gst_element_factory_find(sortie);
+    if (connue == nullptr) continue;
+    gst_object_unref(connue);
+    return;
+  }
+  ConnaisTousLesGreffons();
+}
 }  // namespace
 
 /// The thread. It plays the newest sound asked for; one that was asked for and not yet begun is forgotten.
@@ -82,7 +97,8 @@ class LecteurGStreamer::Fil {
 
   /// Null when a part of GStreamer is missing.
   GstElement* Monte(const QByteArray& fichier) const {
-    if (gst_init_check(nullptr, nullptr, nullptr) == FALSE) return nullptr;
+    if (!LanceGStreamer()) return nullptr;
+    ConnaisGreffonsDuSon();
     const QByteArray description =
         "filesrc name=source ! wavparse ! audioconvert ! audioresample ! " + Sortie_ + " name=sortie";
     GstElement* tuyau = gst_parse_launch_full(description.constData(), nullptr, GST_PARSE_FLAG_FATAL_ERRORS, nullptr);

@@ -17,7 +17,11 @@ namespace vaktor {
 
 class PiloteReelTest : public testing::Test {
  protected:
-  static void SetUpTestSuite() { ASSERT_TRUE(PrepareGStreamer()); }
+  // As the program does.
+  static void SetUpTestSuite() {
+    LanceGStreamerPour({});
+    ASSERT_TRUE(PrepareGStreamer());
+  }
 
   std::unique_ptr<PiloteGStreamer> Pilote(const QString& ou = {}) {
     return std::make_unique<PiloteGStreamer>(
