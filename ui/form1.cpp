@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QTimer>
 #include <QWindow>
+#include <algorithm>
 
 namespace vaktor {
 
@@ -168,8 +169,12 @@ void Form1::Habille(const ServicesHabillage& services) {
   });
 }
 
+static_assert(PageVaktor::kPlace.left() == 0 && PageVaktor::kPlace.right() + 1 == Form1::kTaille.width() &&
+              PageVaktor::kPlace.bottom() + 1 == Form1::kTaille.height());
+
 void Form1::MontreFond(const QImage& fond, int echelle) {
-  Fond_ = fond;
+  const int haut = (PageVaktor::kPlace.top() + kMargeFond) * echelle;
+  Fond_ = fond.copy(0, 0, fond.width(), std::min(haut, fond.height()));
   Fond_.setDevicePixelRatio(echelle);
   update();
 }

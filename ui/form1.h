@@ -49,9 +49,11 @@ class Form1 : public QWidget {
   void Habille(const ServicesHabillage& services);
   /// Null before Habille.
   Habillage* Face() { return Face_.get(); }
-  /// Shows this background, drawn at `echelle` pixels a point.
+  /// Shows this background, drawn at `echelle` pixels a point. Pages cover the window from their top edge to its foot
+  /// and leave nothing to be seen through: only what lies above them, and kMargeFond points more, is kept.
   void MontreFond(const QImage& fond, int echelle);
   const QImage& Fond() const { return Fond_; }
+  static constexpr int kMargeFond = 4;  ///< what smoothing mixes in on a screen of a fractional density
 
   /// Brings PictPage(index) to the front.
   void AmenePage(int index);

@@ -21,7 +21,6 @@ Habillage::Habillage(Form1& fenetre, const ServicesHabillage& services)
       Densite_(fenetre.devicePixelRatioF()),
       Souris_(fenetre, services.Sons) {
   RelieBoutons();
-  ChargeSkin();
   DessinePages();
 }
 
@@ -36,11 +35,12 @@ void Habillage::RelieBoutons() {
   for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->Relie(liens);
 }
 
-void Habillage::ChargeSkin() {
-  Fond_ = ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), EchelleArt(Densite_), Form1::kTaille, kFondUni);
+// Background and clean bitmaps are read anew for each blend: a skin is chosen and a page is shown for the first time so
+// seldom that they would only lie about in between.
+QImage Habillage::ChargeFond() const {
+  return ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), EchelleArt(Densite_), Form1::kTaille, kFondUni);
 }
 
-// The clean bitmap, read anew for each blend: a skin is chosen so seldom that it would only lie about in between.
 QImage Habillage::ChargePage(std::size_t i) const {
   return ChargeArtOuUni(QStringLiteral("PictPage%1").arg(i), EchelleArt(Densite_), PageVaktor::kPlace.size(),
                         kPageUnie);
@@ -48,10 +48,7 @@ QImage Habillage::ChargePage(std::size_t i) const {
 
 void Habillage::ChoisitSkin() {
   const int index = Fenetre_.Options().CombSkin->currentIndex();
-  if (index >= 0 && index < kNombreSkins) {
-    Skin_ = index;
-    ChargeSkin();
-  }
+  if (index >= 0 && index < kNombreSkins) Skin_ = index;
   DessinePages();
   PictPage_[3]->repaint();
 }
@@ -72,10 +69,10 @@ void Habillage::DessinePages() {
 
 void Habillage::FonduPages() {
   const int echelle = EchelleArt(Densite_);
-  Fenetre_.MontreFond(Fond_, echelle);
+  Fenetre_.MontreFond(ChargeFond(), echelle);
   const QRect place(PictPage_[0]->pos(), PictPage_[0]->size());
   for (std::size_t i = 0; i < PictPage_.size(); ++i) {
-    PictPage_[i]->MontreFond([=, this] { return MelangePage(ChargePage(i), Fond_, place, echelle); }, echelle);
+    PictPage_[i]->MontreFond([=, this] { return MelangePage(ChargePage(i), ChargeFond(), place, echelle); }, echelle);
   }
 }
 
@@ -100,7 +97,6 @@ void Habillage::AnnonceEtats() {
 void Habillage::SuitDensite() {
   if (Fenetre_.devicePixelRatioF() == Densite_) return;
   Densite_ = Fenetre_.devicePixelRatioF();
-  ChargeSkin();
   FonduPages();
   ChargeBoutons();
 }

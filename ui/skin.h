@@ -53,7 +53,7 @@ class Habillage {
   SourisFenetre& Souris() { return Souris_; }
 
  private:
-  void ChargeSkin();
+  QImage ChargeFond() const;
   QImage ChargePage(std::size_t i) const;
   void FonduPages();
   void RelieBoutons();
@@ -61,7 +61,6 @@ class Habillage {
   Form1& Fenetre_;
   ServicesHabillage Services_;
   std::array<PageVaktor*, 4> PictPage_;
-  QImage Fond_;    // the window's background
   int Skin_ = -1;  // the skin that shows; -1: the plain background
   double Densite_ = 1;
   FacesBoutons Faces_;

@@ -64,7 +64,7 @@ TEST(Skins, ThreeChangesInARowBlendFromTheCleanPage) {
   BancFenetre banc;
   for (const int skin : {2, 0, 1}) banc.Fenetre.Options().CombSkin->setCurrentIndex(skin);
   const QImage fond = ChargeArt(QStringLiteral("SKIN1"), 1);
-  EXPECT_EQ(banc.Fenetre.Fond(), fond);
+  EXPECT_EQ(banc.Fenetre.Fond(), fond.copy(0, 0, fond.width(), PageVaktor::kPlace.top() + Form1::kMargeFond));
   const PageVaktor* pages[] = {&banc.Fenetre.Mail(), &banc.Fenetre.Moniteur(), &banc.Fenetre.Ftp(),
                                &banc.Fenetre.Options()};
   for (int i = 0; i < 4; ++i) {
