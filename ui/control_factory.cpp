@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QProxyStyle>
 
+#include "image/forms/field_font.h"
+
 namespace vaktor {
 
 namespace {
@@ -59,10 +61,9 @@ QLabel* CreeEtiquetteDeChamp(QWidget* parent, const QString& nom, const QRect& p
 }
 
 QLineEdit* CreeChamp(QWidget* parent, const QString& nom, const QRect& place) {
-  auto* champ = new QLineEdit(parent);
+  auto* champ = CreeChampEnPolice<QLineEdit>(parent, DonnePolice(kPolicePetite));
   champ->setObjectName(nom);
   champ->setGeometry(place);
-  champ->setFont(DonnePolice(kPolicePetite));
   return champ;
 }
 

@@ -1,5 +1,6 @@
 #include "ui/page_mail.h"
 
+#include "image/forms/field_font.h"
 #include "ui/control_factory.h"
 
 namespace vaktor {
@@ -14,10 +15,9 @@ PageMail::PageMail(QWidget* fenetre) : PageVaktor(fenetre, 0) {
   TextSujet = CreeChamp(this, QStringLiteral("TextSujet"), {8, 72, 129, 17});
   CreeEtiquetteDeChamp(this, QStringLiteral("LabelMailSujet"), {144, 72, 170, 17});
   CreeEtiquette(this, QStringLiteral("LabelMailTexte"), {8, 94, 82, 16}, kPoliceMoyenne);
-  TextTexte = new QPlainTextEdit(this);
+  TextTexte = CreeChampEnPolice<QPlainTextEdit>(this, TextSujet->font());
   TextTexte->setObjectName(QStringLiteral("TextTexte"));
   TextTexte->setGeometry(8, 112, 249, 40);
-  TextTexte->setFont(TextSujet->font());
   TextTexte->setTabChangesFocus(true);
   BoutonGris8 = new BoutonImage(this, NomIndexe("BoutonGris", 8), {320, 8}, FamilleBouton::kGrise);
 }

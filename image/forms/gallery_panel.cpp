@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <limits>
 
+#include "image/forms/field_font.h"
 #include "image/gallery_layout.h"
 #include "image/gallery_words.h"
 
@@ -18,6 +19,12 @@ constexpr int kHautListe = 106;
 constexpr int kPolice = 12;       // pixels, so that the captions fit whatever density the screen claims
 constexpr int kPoliceListe = 11;  // a photo's name and the scroll bar find room beside each other
 
+QFont DonnePolice(int pixels) {
+  QFont police(QStringLiteral("Arial"));
+  police.setPixelSize(pixels);
+  return police;
+}
+
 }  // namespace
 
 QImage ChargeArtGalerie(const QString& nom, double densite) {
@@ -31,7 +38,7 @@ QImage ChargeArtGalerie(const QString& nom, double densite) {
 PanneauGalerie::PanneauGalerie(QWidget* parent)
     : QWidget(parent),
       LblPhotoDisc(new QLabel(this)),
-      TxtNbrPhotDisk(new QLineEdit(QStringLiteral("1000"), this)),
+      TxtNbrPhotDisk(CreeChampEnPolice<QLineEdit>(this, DonnePolice(kPolice))),
       CmdOpenRepPhot(CreeBouton("CmdOpenRepPhot", {8, 38, 110, 28})),
       Command7(CreeBouton("Command7", {123, 38, 110, 28})),
       CmdRefresh(CreeBouton("CmdRefresh", {8, 70, 110, 28})),
@@ -39,9 +46,7 @@ PanneauGalerie::PanneauGalerie(QWidget* parent)
       FilePhotoVisu(new ListePhotos(this)) {
   setObjectName(QStringLiteral("PictureAfff"));
   setAttribute(Qt::WA_OpaquePaintEvent);
-  QFont police(QStringLiteral("Arial"));
-  police.setPixelSize(kPolice);
-  setFont(police);
+  setFont(DonnePolice(kPolice));
   LblPhotoDisc->setObjectName(QStringLiteral("LblPhotoDisc"));
   LblPhotoDisc->setGeometry(10, 11, 136, 20);
   LblPhotoDisc->setTextFormat(Qt::PlainText);
@@ -50,11 +55,11 @@ PanneauGalerie::PanneauGalerie(QWidget* parent)
   QPalette encre = LblPhotoDisc->palette();
   encre.setColor(QPalette::WindowText, QColor(0x40, 0x40, 0x40));
   LblPhotoDisc->setPalette(encre);
+  TxtNbrPhotDisk->setText(QStringLiteral("1000"));
   TxtNbrPhotDisk->setObjectName(QStringLiteral("TxtNbrPhotDisk"));
   TxtNbrPhotDisk->setGeometry(148, 9, 85, 24);
   TxtNbrPhotDisk->setMaxLength(std::numeric_limits<int>::max());
-  police.setPixelSize(kPoliceListe);
-  FilePhotoVisu->setFont(police);
+  FilePhotoVisu->setFont(DonnePolice(kPoliceListe));
   FilePhotoVisu->setObjectName(QStringLiteral("FilePhotoVisu"));
   FilePhotoVisu->setGeometry(8, kHautListe, kLargeurPanneau - 16, 100);
   OrdonneClavier();

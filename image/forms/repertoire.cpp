@@ -7,6 +7,8 @@
 #include <QPointer>
 #include <QStyle>
 
+#include "image/forms/field_font.h"
+
 namespace vaktor {
 namespace {
 
@@ -61,7 +63,8 @@ void Repertoire::CreeControles(ArbreDossiers& arbre) {
   Dir1_ = new VueDossiers(arbre, this);
   Dir1_->setObjectName(QStringLiteral("Dir1"));
   Dir1_->setAccessibleName(QStringLiteral("Dossiers"));
-  TxtPathPhot_ = new QLineEdit(QStringLiteral("Intrus"), this);
+  TxtPathPhot_ = CreeChampEnPolice<QLineEdit>(this, font());
+  TxtPathPhot_->setText(QStringLiteral("Intrus"));
   TxtPathPhot_->setObjectName(QStringLiteral("TxtPathPhot"));
   TxtPathPhot_->setAccessibleName(QStringLiteral("Nom du nouveau dossier"));
   Command2_ = new QPushButton(QStringLiteral("Créer"), this);

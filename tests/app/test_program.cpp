@@ -4,7 +4,9 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
+#include <QSet>
 #include <QTemporaryDir>
 #include <QThread>
 #include <csignal>
@@ -70,6 +72,24 @@ TEST_F(Programme, ComesUpWritesOnlyBelowItsFolderAndEndsOnTerm) {
   EXPECT_EQ(Processus.exitCode(), 0);
   // Started and not yet saved when it ended: the gauge of the start is, by the shutdown.
   EXPECT_EQ(Reglage(QStringLiteral("seuil")).isEmpty(), false);
+}
+
+// Our windows are written in Arial, or what stands for it. The desktop's own font is loaded by the first control that
+// is made without a font, and stays.
+TEST_F(Programme, LoadsNoFontBesidesThatOfItsWindows) {
+  Lance({QStringLiteral("/camera:test"), QStringLiteral("/alarm")});
+  ASSERT_TRUE(Attend([this] { return Reglage(QStringLiteral("width")) == QStringLiteral("640"); }))
+      << Processus.readAll().toStdString();
+  QFile carte(QStringLiteral("/proc/%1/maps").arg(Processus.processId()));
+  ASSERT_TRUE(carte.open(QIODevice::ReadOnly));
+  QSet<QString> familles;
+  for (const QByteArray& ligne : carte.readAll().split('\n')) {
+    const QString chemin = QString::fromUtf8(ligne.mid(ligne.indexOf('/')));
+    if (chemin.startsWith(QLatin1Char('/')) && chemin.endsWith(QStringLiteral(".ttf"))) {
+      familles.insert(QFileInfo(chemin).completeBaseName().section(QLatin1Char('-'), 0, 0));
+    }
+  }
+  EXPECT_EQ(familles.size(), 1) << QStringList(familles.values()).join(QLatin1Char(' ')).toStdString();
 }
 
 TEST_F(Programme, HelpAndVersionNeedNoScreen) {
