@@ -14,6 +14,7 @@ constexpr double kCadenceVoulue = 25.0;
 constexpr double kCadenceIdeale = 30.0;  // a tick comes every 30 ms: faster frames would only be thrown away
 constexpr int kLargeurIdeale = 640;
 constexpr int kHauteurIdeale = 480;
+constexpr qsizetype kPremiersMax = 4;  // whoever waits for a camera gives up sooner
 
 /// What a coding costs us: 0 packed or planar YUV, one cheap conversion; 1 JPEG, to be decoded; 2 other raw layouts;
 /// 3 video streams that need a decoder with a memory; 4 codings (raw sensor data for one) that nobody may understand.
@@ -30,6 +31,8 @@ int CoutCodage(const QString& codage) {
     if (QString::fromLatin1(groupe.Codages).contains(QLatin1Char(' ') + codage + QLatin1Char(' '))) return groupe.Cout;
   return 4;
 }
+
+bool EstInconnu(const FormatCamera& f) { return CoutCodage(f.Codage) == 4; }
 
 int Ecart(const FormatCamera& f) { return std::abs(f.Largeur - kLargeurIdeale) + std::abs(f.Hauteur - kHauteurIdeale); }
 
@@ -62,6 +65,21 @@ bool EstMoinsGrand(const FormatCamera& a, const FormatCamera& b) {
   if (connuA != connuB) return connuA;
   if (Surface(a) != Surface(b)) return Surface(a) < Surface(b);
   return EstPlusProche(a, b);
+}
+
+QList<FormatCamera> AutresCodages(QList<FormatCamera> formats, const QList<FormatCamera>& essayes) {
+  formats.removeIf([&](const FormatCamera& f) {
+    return std::any_of(essayes.cbegin(), essayes.cend(), [&](const FormatCamera& e) { return e.Codage == f.Codage; });
+  });
+  return formats;
+}
+
+QList<FormatCamera> PlusPetits(QList<FormatCamera> formats, const QList<FormatCamera>& essayes) {
+  formats.removeIf([&](const FormatCamera& f) {
+    return std::any_of(essayes.cbegin(), essayes.cend(),
+                       [&](const FormatCamera& e) { return Surface(f) >= Surface(e); });
+  });
+  return formats;
 }
 
 }  // namespace
@@ -103,6 +121,23 @@ FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats) {
   if (proche != nullptr) return *proche;
   if (rapide != nullptr) return *rapide;
   return formats.isEmpty() ? FormatCamera() : *std::min_element(formats.cbegin(), formats.cend(), EstMoinsGrand);
+}
+
+QList<FormatCamera> ListePremiersFormats(const QList<FormatCamera>& formats) {
+  QList<FormatCamera> premiers = {ChoisitPremierFormat(formats)};
+  if (formats.isEmpty()) return premiers;
+  if (std::none_of(formats.cbegin(), formats.cend(), FormatTropGrand)) return premiers << FormatCamera();
+  QList<FormatCamera> reste = formats;
+  if (!SontTousTropGrands(formats)) reste.removeIf(FormatTropGrand);
+  if (!std::all_of(reste.cbegin(), reste.cend(), EstInconnu)) reste.removeIf(EstInconnu);
+  while (premiers.size() < kPremiersMax) {
+    // A device that does not manage a format mostly lacks the coding, or the bandwidth for so many pixels.
+    QList<FormatCamera> suite = AutresCodages(reste, premiers);
+    if (suite.isEmpty()) suite = PlusPetits(reste, premiers);
+    if (suite.isEmpty()) break;
+    premiers.append(ChoisitPremierFormat(suite));
+  }
+  return premiers;
 }
 
 }  // namespace vaktor

@@ -38,4 +38,9 @@ bool SontTousTropGrands(const QList<FormatCamera>& formats);
 /// gives).
 FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats);
 
+/// ChoisitPremierFormat and what is tried after it where that gives no frame, best first; never empty. While one of
+/// `formats` is not too large, none here is: the empty format, with which a device gives what it likes, then stands at
+/// the end only where none of them is too large. Otherwise the best of other codings follow, then of smaller sizes.
+QList<FormatCamera> ListePremiersFormats(const QList<FormatCamera>& formats);
+
 }  // namespace vaktor

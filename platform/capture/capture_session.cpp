@@ -31,14 +31,17 @@ SessionCapture::Fabrique SessionCapture::FabriqueReelle() {
   };
 }
 
-std::shared_ptr<SessionCapture> SessionCapture::Lance(Demande demande, Fabrique fabrique) {
-  std::shared_ptr<SessionCapture> session(new SessionCapture(std::move(demande), std::move(fabrique)));
+std::shared_ptr<SessionCapture> SessionCapture::Lance(Demande demande, Fabrique fabrique, QuestionsV4L2 questions) {
+  std::shared_ptr<SessionCapture> session(
+      new SessionCapture(std::move(demande), std::move(fabrique), std::move(questions)));
   session->Fil_ = std::thread([session] { session->Deroule(); });
   return session;
 }
 
-SessionCapture::SessionCapture(Demande demande, Fabrique fabrique)
-    : Demande_(std::move(demande)), Fabrique_(std::move(fabrique)) {}
+SessionCapture::SessionCapture(Demande demande, Fabrique fabrique, QuestionsV4L2 questions)
+    : Demande_(std::move(demande)),
+      Fabrique_(std::move(fabrique)),
+      Acces_(std::move(questions), AccesV4L2::Limites()) {}
 
 SessionCapture::~SessionCapture() {
   if (Fil_.joinable()) Fil_.detach();
@@ -142,9 +145,9 @@ QList<DemandeFlux> SessionCapture::CandidatsPeripherique(DemandeFlux demande) {
   if (demande.Format == FormatCamera() && Demande_.FormatRetenu) demande.Format = Demande_.FormatRetenu(NomStable());
   QList<DemandeFlux> candidats;
   if (demande.Format != FormatCamera()) candidats.append(demande);
-  for (const FormatCamera& format : {ChoisitPremierFormat(ListeFormats(demande.Noeud)), FormatCamera()}) {
+  for (const FormatCamera& format : ListePremiersFormats(Acces_.Formats(demande.Noeud))) {
     demande.Format = format;
-    if (candidats.isEmpty() || candidats.last().Format != format) candidats.append(demande);
+    if (candidats.isEmpty() || candidats.first().Format != format) candidats.append(demande);
   }
   return candidats;
 }

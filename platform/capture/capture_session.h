@@ -40,7 +40,9 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   };
 
   static Fabrique FabriqueReelle();
-  static std::shared_ptr<SessionCapture> Lance(Demande demande, Fabrique fabrique = FabriqueReelle());
+  /// `questions`: how the devices are asked what there is.
+  static std::shared_ptr<SessionCapture> Lance(Demande demande, Fabrique fabrique = FabriqueReelle(),
+                                               QuestionsV4L2 questions = {});
   ~SessionCapture();
 
   // Any thread from here on.
@@ -60,7 +62,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
  private:
   using Horloge = BoiteImages::Horloge;
 
-  SessionCapture(Demande demande, Fabrique fabrique);
+  SessionCapture(Demande demande, Fabrique fabrique, QuestionsV4L2 questions);
   void Deroule();
   bool OuvrePremiereFois();
   void Veille();

@@ -82,6 +82,32 @@ TEST(PremierFormat, WhereAllAreTooLargeTheSmallestIsTakenThatSomebodyUnderstands
   EXPECT_EQ(ChoisitPremierFormat({}), FormatCamera());
 }
 
+// A camera whose 640x480 is broken, and which would give its largest picture when left to itself.
+TEST(PremiersFormats, NoneIsTooLargeWhileOneFits) {
+  const QList<FormatCamera> offerts = {F("MJPG", 3840, 2160, 30), F("MJPG", 640, 480, 30), F("YUYV", 640, 480, 30),
+                                       F("YUYV", 320, 240, 30),   F("YUYV", 640, 480, 15), F("BA81", 160, 120, 30)};
+  const QList<FormatCamera> attendus = {F("YUYV", 640, 480, 30), F("MJPG", 640, 480, 30), F("YUYV", 320, 240, 30)};
+  EXPECT_EQ(ListePremiersFormats(offerts), attendus);
+}
+
+TEST(PremiersFormats, WhereAllFitTheDeviceMayChooseAtTheEnd) {
+  const QList<FormatCamera> attendus = {F("YUYV", 640, 480, 30), FormatCamera()};
+  EXPECT_EQ(ListePremiersFormats({F("MJPG", 1920, 1080, 30), F("YUYV", 640, 480, 30)}), attendus);
+  EXPECT_EQ(ListePremiersFormats({}), QList<FormatCamera>{FormatCamera()}) << "nothing is known of it";
+}
+
+TEST(PremiersFormats, WhereAllAreTooLargeTheSmallestComesFirst) {
+  const QList<FormatCamera> grands = {F("MJPG", 3840, 2160, 30), F("MJPG", 2592, 1944, 30), F("YUYV", 3840, 2160, 5)};
+  const QList<FormatCamera> attendus = {F("MJPG", 2592, 1944, 30), F("YUYV", 3840, 2160, 5)};
+  EXPECT_EQ(ListePremiersFormats(grands), attendus);
+}
+
+TEST(PremiersFormats, AreFew) {
+  QList<FormatCamera> offerts = {F("MJPG", 3840, 2160, 30)};
+  for (int i = 1; i < 60; ++i) offerts.append(F("MJPG", 16 * i, 12 * i, 30));
+  EXPECT_EQ(ListePremiersFormats(offerts).size(), 4);
+}
+
 TEST(SontTousTropGrands, OneThatFitsIsEnough) {
   EXPECT_TRUE(SontTousTropGrands({F("MJPG", 3840, 2160, 30), F("MJPG", 2592, 1944, 30)}));
   EXPECT_FALSE(SontTousTropGrands({F("MJPG", 3840, 2160, 30), F("MJPG", 640, 480, 30)}));

@@ -154,6 +154,32 @@ TEST(SessionCapture, PersistsWhereItIsToldTo) {
   EXPECT_TRUE(session->Arrete(1s));
 }
 
+// A device that is left to itself may give a picture of which the detection cannot hold the samples.
+TEST(SessionCapture, ADeviceIsNeverLeftToChooseATooLargeFirstFormat) {
+  const FormatCamera grand{QStringLiteral("MJPG"), 3840, 2160, 30, 1};
+  const FormatCamera voulu{QStringLiteral("YUYV"), 640, 480, 30, 1};
+  const FormatCamera autre{QStringLiteral("MJPG"), 1280, 720, 30, 1};
+  QuestionsV4L2 questions;
+  questions.Noeuds = [] { return QStringList{QStringLiteral("/dev/video0")}; };
+  questions.Sonde = [](const QString& noeud) { return CandidatVideo{noeud, "Camera", "m", "m|bus", {}}; };
+  questions.Formats = [=](const QString&) { return QList<FormatCamera>{grand, voulu, autre}; };
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kRefuse};
+  const auto demandes = std::make_shared<QList<FormatCamera>>();
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(QString());
+  const auto session = SessionCapture::Lance(
+      std::move(demande),
+      [=](BoiteImages& boite, const DemandeFlux& flux) {
+        demandes->append(flux.Format);
+        return std::make_unique<FluxJoue>(boite, scenario);
+      },
+      questions);
+  EXPECT_FALSE(session->AttendPremiereImage(10s));
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(*demandes, (QList<FormatCamera>{voulu, autre}));
+}
+
 TEST(SessionCapture, HoldsTheDoorNoLongerThanItIsTold) {
   // A stream that hangs in the system when it is closed.
   class FluxPendu : public FluxImages {
