@@ -85,10 +85,9 @@ TEST_F(MauvaiseSource, AFilmThatIsCutWhileItPlaysIsALostSignalAtMost) {
 }
 
 TEST_F(MauvaiseSource, WhatIsNoDeviceAndNoFilmIsRefused) {
-  ASSERT_TRUE(Ecrit(Fichier("ferme"), "x"));
-  ASSERT_EQ(::chmod(qPrintable(Fichier("ferme")), 0), 0);
+  ASSERT_TRUE(Ecrit(Fichier("lettre"), "x"));
   for (const QString& ou : {QStringLiteral("/dev/null"), QStringLiteral("/dev/video987"), QStringLiteral("/"),
-                            Dossier_.path(), Fichier("ferme"), QStringLiteral("/dev/v4l/by-id/none")}) {
+                            Dossier_.path(), Fichier("lettre"), QStringLiteral("/dev/v4l/by-id/none")}) {
     EXPECT_FALSE(Connecte(ou)) << qUtf8Printable(ou);
     EXPECT_FALSE(Pilote_->SaisitImage()) << qUtf8Printable(ou);
   }

@@ -1,4 +1,5 @@
-// What the questions to Linux answer when there is no camera behind a name. With real drivers: tests/vm.
+// What the questions to Linux answer when there is no camera behind a name. One that is
+// refused: test_no_permission.cpp. With real drivers: tests/vm.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -30,15 +31,6 @@ TEST(NoeudSansCamera, AFifoHoldsNobodyUp) {
   const QString fifo = dossier.filePath("fifo");
   ASSERT_EQ(::mkfifo(QFile::encodeName(fifo).constData(), 0600), 0);
   AttendRien(fifo);
-}
-
-TEST(NoeudSansCamera, ARefusedNodeGivesNothing) {
-  QTemporaryDir dossier;
-  const QString ferme = dossier.filePath("ferme");
-  QFile f(ferme);
-  ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-  f.setPermissions({});
-  AttendRien(ferme);
 }
 
 TEST(RetrouvePeripherique, AnUnknownNameIsNotFound) {
