@@ -4,17 +4,25 @@
 # Everything started here ends here, on every way out. The program is asked first, so that it can end its companions.
 termine_demo() {
   trap - EXIT INT TERM HUP
-  local pid tour
+  local pid
   for pid in ${pid_programme:-} ${pid_serveurs:-} ${pid_ecran:-}; do
-    kill -TERM "$pid" 2> /dev/null || continue
-    for ((tour = 0; tour < 50; tour++)); do
-      kill -0 "$pid" 2> /dev/null || break
-      sleep 0.1
-    done
-    kill -KILL "$pid" 2> /dev/null
-    wait "$pid" 2> /dev/null
+    kill -TERM "$pid" 2> /dev/null && attend_fin "$pid"
   done
+  touch "$dossier/fini"
+  [ -z "${pid_annonce:-}" ] || attend_fin "$pid_annonce"
+  rm -f "$dossier/fini"
   attend_compagnons
+}
+
+# attend_fin PID: what does not end within a few seconds is ended.
+attend_fin() {
+  local tour
+  for ((tour = 0; tour < 50; tour++)); do
+    kill -0 "$1" 2> /dev/null || break
+    sleep 0.1
+  done
+  kill -KILL "$1" 2> /dev/null
+  wait "$1" 2> /dev/null
 }
 
 # The companions end by themselves after the program's "Quit*"; one that does not is ended here. They are found by the
@@ -36,9 +44,10 @@ attend_compagnons() {
   done
 }
 
-# depuis START: seconds since START, a reading of EPOCHREALTIME, with one decimal.
+# depuis START [END]: seconds from START to END, or until now, with one decimal. Both are readings of EPOCHREALTIME.
 depuis() {
-  local ecart=$((${EPOCHREALTIME/[.,]/} - ${1/[.,]/}))
+  local fin=${2:-$EPOCHREALTIME} ecart
+  ecart=$((${fin/[.,]/} - ${1/[.,]/}))
   printf '%d.%d' $((ecart / 1000000)) $((ecart / 100000 % 10))
 }
 
@@ -109,8 +118,26 @@ photographie_page() {
   [ -s "$dossier/web-page.png" ]
 }
 
-# Tells every photo that is new since the last call. Names sort in the order in which they were taken.
-signale_photos() {
+# Tells every photo as it is written, until there is a file "fini" in the folder. By itself beside everything else, for
+# what happens on the screen takes a second or two.
+annonce_photos() {
+  local photo nom fini
+  local -A dites=()
+  until [ -n "${fini:-}" ]; do
+    [ ! -e "$dossier/fini" ] || fini=oui
+    for photo in "$dossier"/intrus/*.jpg; do
+      nom=${photo##*/}
+      if [ -z "${dites[$nom]:-}" ] && [ -s "$photo" ]; then
+        dites[$nom]=1
+        printf '  %6s s  photo %s\n' "$(depuis "$debut_demo")" "$nom"
+      fi
+    done
+    sleep 0.1
+  done
+}
+
+# Counts every photo that is new since the last call. Names sort in the order in which they were taken.
+compte_photos() {
   local photo nom
   for photo in "$dossier"/intrus/*.jpg; do
     [ -e "$photo" ] || return 0
@@ -118,7 +145,7 @@ signale_photos() {
     [ -z "${vues[$nom]:-}" ] || continue
     vues[$nom]=1
     if [ -z "$premiere" ]; then
-      premiere=$(depuis "$debut_demo")
+      premiere=$(depuis "$debut_demo" "$(LC_ALL=C stat -c %.6Y "$photo")")
       premier_fichier=$photo
       photo_ecran=$((SECONDS + 1))
     fi
@@ -126,10 +153,7 @@ signale_photos() {
     if [ -n "$agrandie" ] && [ $((SECONDS - derniere_seconde)) -ge 4 ]; then
       agrandie= photo_agrandie=$((SECONDS + 1))
     fi
-    # Some thirty a second: the first of each second is enough to read.
-    [ "$derniere_seconde" != "$SECONDS" ] || continue
     derniere_seconde=$SECONDS
-    printf '  %6s s  photo %s\n' "$(depuis "$debut_demo")" "$nom"
   done
 }
 
@@ -187,7 +211,7 @@ surveille() {
       prolonge=oui fin=$((fin + 60))
       echo "The machine is so busy that the FTP companion came late: the web site comes a minute later; 60 s more."
     fi
-    signale_photos
+    compte_photos
     signale_serveurs
     joue_scene
     sleep 0.2
@@ -214,6 +238,8 @@ demontre() {
   echo "Mail server: 127.0.0.1:$port_smtp. FTP server: 127.0.0.1:$port_ftp. Web site: http://127.0.0.1:$port_web/live.html"
   "$programme" "$@" /alarm /surve "/dossier:$dossier" > "$dossier/vaktor.log" 2>&1 &
   pid_programme=$!
+  annonce_photos &
+  pid_annonce=$!
   surveille "$secondes"
   code=$?
 
@@ -222,7 +248,7 @@ demontre() {
   local page
   page=$(decrit_page)
   termine_demo
-  signale_photos > /dev/null
+  compte_photos
   echo
   raconte "$programme" "$page"
   [ "$code" = 0 ]
