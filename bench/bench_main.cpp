@@ -1,4 +1,5 @@
-// All that is measured, in one command. Options of Google Benchmark work as usual, such as --benchmark_filter=...
+// The comparison and the photo; bench/measure runs them and the other measurements in one command. Options of Google
+// Benchmark work as usual, such as --benchmark_filter=...
 #include <benchmark/benchmark.h>
 
 #include <QCoreApplication>
