@@ -1,4 +1,4 @@
-// Port: the small sounds of the interface. Until the sounds' room stands, app/ hands in one that does nothing.
+// Port: the small sounds of the interface.
 #pragma once
 
 #include <QtGlobal>
