@@ -99,7 +99,7 @@ CaseACocher* CreeCase(QWidget* parent, const QString& nom, const QPoint& place) 
 }
 
 void ColoreEtiquette(QLabel& etiquette, QRgb couleur) {
-  // Asked for at each frame: an unchanged colour must cost nothing.
+  // An unchanged colour needs no palette of the label's own.
   if (etiquette.palette().color(QPalette::WindowText) == QColor::fromRgb(couleur)) return;
   QPalette palette = etiquette.palette();
   palette.setColor(QPalette::WindowText, QColor::fromRgb(couleur));

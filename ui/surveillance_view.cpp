@@ -13,7 +13,7 @@ void VueSurveillance::MontreLibelleAlarme(LibelleAlarme libelle) {
   QLabel& etiquette = *Bandeau().LblDebugAlarm;
   switch (libelle) {
     case LibelleAlarme::kIntrusion:
-      ColoreEtiquette(etiquette, kRougeIntrusion);
+      ColoreAlarme(kRougeIntrusion);
       etiquette.setText(QStringLiteral("Intrusion"));  // the same word in both languages
       return;
     case LibelleAlarme::kActive:
@@ -28,7 +28,15 @@ void VueSurveillance::MontreLibelleAlarme(LibelleAlarme libelle) {
 
 void VueSurveillance::NommeAlarmeInactive() { Bandeau().LblDebugAlarm->setText(Textes_.Texte(169)); }
 
-void VueSurveillance::GriseLibelleAlarme() { ColoreEtiquette(*Bandeau().LblDebugAlarm, kGrisTexte); }
+void VueSurveillance::GriseLibelleAlarme() { ColoreAlarme(kGrisTexte); }
+
+// Told at each frame. To ask the label for its colour costs more than all other labels of a frame: a palette depends on
+// whether the window is active.
+void VueSurveillance::ColoreAlarme(QRgb couleur) {
+  if (CouleurAlarme_ == couleur) return;
+  ColoreEtiquette(*Bandeau().LblDebugAlarm, couleur);
+  CouleurAlarme_ = couleur;
+}
 
 void VueSurveillance::MontreCompteARebours(qint32 secondes) {
   Bandeau().LblDebugAlarm->setText(Textes_.Texte(89) + QString::number(secondes) + QStringLiteral(" sec"));

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "base/ports/message_boxes.h"
 #include "engine/ports/surveillance_display.h"
@@ -54,12 +55,14 @@ class VueSurveillance : public AffichageSurveillance {
 
  private:
   void AnnonceEtats();
+  void ColoreAlarme(QRgb couleur);
   BandeauHaut& Bandeau() { return Formes_->Fenetre.Bandeau(); }
   PageMoniteur& Page() { return Formes_->Fenetre.Moniteur(); }
 
   const TablesTextes& Textes_;
   BoitesMessage& Boites_;
   std::unique_ptr<Formes> Formes_;
+  std::optional<QRgb> CouleurAlarme_;  // of LblDebugAlarm, which nobody else colours
 };
 
 }  // namespace vaktor

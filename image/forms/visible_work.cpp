@@ -1,7 +1,6 @@
 #include "image/forms/visible_work.h"
 
 #include <QEvent>
-#include <QWindow>
 
 namespace vaktor {
 
@@ -14,7 +13,9 @@ void TravailVisible::Demande() {
     Travail_();
     return;
   }
-  // Putting the same filter in again only moves it.
+  // Asked for at each frame of a night: to put the same filter in again is not for nothing.
+  if (Attendue_ == fenetre) return;
+  Attendue_ = fenetre;
   fenetre->installEventFilter(this);
 }
 
@@ -22,6 +23,7 @@ void TravailVisible::Demande() {
 bool TravailVisible::eventFilter(QObject* objet, QEvent* evenement) {
   if (evenement->type() != QEvent::Expose || !qobject_cast<QWindow*>(objet)->isExposed()) return false;
   objet->removeEventFilter(this);
+  Attendue_.clear();
   Travail_();
   return false;
 }

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QObject>
+#include <QPointer>
 #include <QWidget>
+#include <QWindow>
 #include <functional>
 
 namespace vaktor {
@@ -26,6 +28,7 @@ class TravailVisible : public QObject {
  private:
   QWidget* Widget_;
   const std::function<void()> Travail_;
+  QPointer<QWindow> Attendue_;  // the window whose return is waited for
 };
 
 }  // namespace vaktor

@@ -1,7 +1,6 @@
 #include "platform/channel/local_sender.h"
 
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 #include <QTimerEvent>
@@ -18,8 +17,15 @@ EmetteurLocal::~EmetteurLocal() {
   if (Socket_ >= 0) ::close(Socket_);
 }
 
-EmetteurLocal::Issue EmetteurLocal::Essaie(qint32 poignee, const QByteArray& message) const {
-  const std::optional<sockaddr_un> adresse = FormeAdresse(Dossier_.DonneAdresse(poignee));
+// Formed once: an alarm speaks to the same handle with each frame.
+const std::optional<sockaddr_un>& EmetteurLocal::DonneAdresse(qint32 poignee) {
+  const auto connue = Adresses_.constFind(poignee);
+  if (connue != Adresses_.constEnd()) return *connue;
+  return *Adresses_.insert(poignee, FormeAdresse(Dossier_.DonneAdresse(poignee)));
+}
+
+EmetteurLocal::Issue EmetteurLocal::Essaie(qint32 poignee, const QByteArray& message) {
+  const std::optional<sockaddr_un>& adresse = DonneAdresse(poignee);
   if (!adresse) return Issue::kPersonne;
   const ssize_t partis = ::sendto(Socket_, message.constData(), static_cast<std::size_t>(message.size()),
                                   MSG_DONTWAIT | MSG_NOSIGNAL, EnGeneral(*adresse), sizeof *adresse);

@@ -1,11 +1,15 @@
 // The end of the channel that talks: messages to handles, in order, without ever waiting for the other side.
 #pragma once
 
+#include <sys/un.h>
+
 #include <QBasicTimer>
 #include <QByteArray>
 #include <QHash>
 #include <QObject>
 #include <QQueue>
+
+#include <optional>
 
 #include "platform/channel/channel_folder.h"
 
@@ -34,11 +38,13 @@ class EmetteurLocal : public QObject {
 
  private:
   enum class Issue { kParti, kPlein, kPersonne };
-  Issue Essaie(qint32 poignee, const QByteArray& message) const;
+  Issue Essaie(qint32 poignee, const QByteArray& message);
+  const std::optional<sockaddr_un>& DonneAdresse(qint32 poignee);
   void Vide(qint32 poignee);
 
   DossierCanal Dossier_;
   int Socket_ = -1;
+  QHash<qint32, std::optional<sockaddr_un>> Adresses_;  // of the handles spoken to, which are few
   QHash<qint32, QQueue<QByteArray>> Attente_;
   QBasicTimer Reprise_;
 };

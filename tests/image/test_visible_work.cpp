@@ -43,6 +43,25 @@ TEST(VisibleWork, WaitsForAWindowThatIsOnNoScreenAndIsDoneOnce) {
   EXPECT_EQ(banc.Faits, 1) << "it waits no more";
 }
 
+TEST(VisibleWork, WaitsForTheWindowThatTookThePlaceOfAnother) {
+  struct Forme : QWidget {
+    void Detruit() { destroy(); }
+  };
+  Forme fenetre;
+  int faits = 0;
+  TravailVisible travail(&fenetre, [&faits] { ++faits; });
+  fenetre.show();
+  travail.Demande();
+  fenetre.Detruit();
+  fenetre.hide();
+  fenetre.show();
+  ASSERT_FALSE(fenetre.windowHandle()->isExposed());
+  travail.Demande();
+  EXPECT_EQ(faits, 0);
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&fenetre));
+  EXPECT_EQ(faits, 1);
+}
+
 TEST(VisibleWork, IsDoneAtOnceInAHiddenWindow) {
   Banc banc;
   banc.Fenetre.show();
