@@ -1,6 +1,9 @@
 # Vaktor at work on a virtual screen, with nobody at the mouse: armed, taking photos, sending a mail and publishing, in a
 # folder of its own and to servers of its own. Sourced by ./run.
 
+# The ports, user and password are those that the servers tell: ouvre_serveurs.
+# shellcheck disable=SC2154
+
 # Everything started here ends here, on every way out. The program is asked first, so that it can end its companions.
 termine_demo() {
   trap - EXIT INT TERM HUP
@@ -73,6 +76,7 @@ ouvre_serveurs() {
   pid_serveurs=$!
   for ((tour = 0; tour < 200; tour++)); do
     if [ -e "$dossier/ports" ]; then
+      # shellcheck source=/dev/null
       . "$dossier/ports"
       return 0
     fi
@@ -109,7 +113,7 @@ montre_agrandie() {
 # The page as a visitor sees it.
 photographie_page() {
   local options=(--headless --disable-gpu --disable-dev-shm-usage --no-first-run --hide-scrollbars
-    --user-data-dir="$dossier/chromium" --window-size=1000,1400)
+    --user-data-dir="$dossier/chromium" "--window-size=1000,1400")
   [ -e "$dossier/site/live.html" ] || return 1
   [ "$(id -u)" != 0 ] || options+=(--no-sandbox)
   timeout 60 chromium "${options[@]}" --screenshot="$dossier/web-page.png" \
@@ -151,7 +155,7 @@ compte_photos() {
     fi
     # Photos after a pause: somebody is in the picture again. The enlarged view is worth looking at then.
     if [ -n "$agrandie" ] && [ $((SECONDS - derniere_seconde)) -ge 4 ]; then
-      agrandie= photo_agrandie=$((SECONDS + 1))
+      agrandie="" photo_agrandie=$((SECONDS + 1))
     fi
     derniere_seconde=$SECONDS
   done
@@ -159,8 +163,8 @@ compte_photos() {
 
 # Tells what has come to the servers since the last call: each mail and page, of the rest the first.
 signale_serveurs() {
-  local instant genre texte ligne=0
-  while read -r instant genre texte; do
+  local genre texte ligne=0
+  while read -r _ genre texte; do
     [ $((++ligne)) -gt "$lignes_lues" ] || continue
     lignes_lues=$ligne
     case $genre in
@@ -224,8 +228,8 @@ demontre() {
   debut_demo=$3
   shift 3
   dossier=$(mktemp -d "${TMPDIR:-/tmp}/vaktor-demo.XXXXXX") || echoue "no temporary folder"
-  premiere= premier_fichier= photo_ecran= scene_agrandie= derniere_seconde= en_ligne= publiee=
-  lignes_lues=0 demande_a=999999 prolonge= agrandie= photo_agrandie=
+  premiere="" premier_fichier="" photo_ecran="" scene_agrandie="" derniere_seconde="" en_ligne="" publiee=""
+  lignes_lues=0 demande_a=999999 prolonge="" agrandie="" photo_agrandie=""
   declare -gA vues=()
   trap 'termine_demo; exit 130' INT TERM HUP
   trap termine_demo EXIT
