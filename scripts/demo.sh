@@ -292,16 +292,12 @@ raconte() {
   echo "Settings:    $dossier; nothing else on this machine was touched, the folder can be deleted."
 }
 
-# A fresh user's settings, but for these: English; photos, mail and live page are on; and the tolerance is fixed, well
-# above the noise of the built-in picture. The automatic one keeps so close to the noise that some of the photos, and of
-# the mail's ten, would show an empty room.
+# A fresh user's settings, but for these: English; photos, mail and live page are on.
 ecrit_reglages() {
   cat << FIN
 [%general]
 langue=1
 retard=10
-seuilauto=0
-seuil=400000
 
 [PHOTO]
 actif=1
