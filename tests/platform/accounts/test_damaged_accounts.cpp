@@ -65,7 +65,7 @@ TEST_F(Abime, AFileWithoutEnd) {
 
 TEST_F(Abime, OnlyNoise) {
   QByteArray bruit;
-  for (int i = 0; i < 1'000'000; ++i) bruit += static_cast<char>(i * i * 7 + i / 3);
+  for (unsigned i = 0; i < 1'000'000; ++i) bruit += static_cast<char>(i * i * 7 + i / 3);  // may wrap
   EcritProfil(bruit);
   EXPECT_EQ(Montre(), QStringList{});
   EcritProfil(bruit + '\n' + PrefsDUnCompte());
