@@ -40,7 +40,7 @@ class Duel {
         Zone_{.Gauche = 0, .Droite = largeur - 1, .Haut = 0, .Bas = hauteur - 1},
         Echantillons_(((largeur + 2) / 3) * ((hauteur + 2) / 3)),
         Lot_(enCache ? static_cast<int>(kPixelsParLotEnCache / largeur / hauteur) / 2 * 2 : Anneau_.Nombre()) {
-    for (auto& table : Tables_) table.resize(static_cast<std::size_t>(Echantillons_ + TableEchantillons::kMarge));
+    for (auto& table : Tables_) table.resize(static_cast<std::size_t>(Echantillons_) + TableEchantillons::kMarge);
   }
 
   /// One round; the side that begins changes each time.
@@ -134,7 +134,7 @@ class Duel {
 void MesureComparaison(benchmark::State& etat, SujetTrames sujet, bool enCache) {
   Duel duel(static_cast<qint32>(etat.range(0)), static_cast<qint32>(etat.range(1)), sujet, enCache);
   duel.Tour();
-  for (auto _ : etat) {
+  for ([[maybe_unused]] const auto _ : etat) {
     duel.Tour();
     etat.SetIterationTime(duel.DernierTemps() * 1e-6);
   }

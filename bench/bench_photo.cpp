@@ -127,7 +127,7 @@ void MesurePhoto(benchmark::State& etat) {
   TurboSeul seul(image);
   Mesures mesures;
   int photo = 0;
-  for (auto _ : etat) {
+  for ([[maybe_unused]] const auto _ : etat) {
     MesurePaire(photos, seul, photo % 2 == 0, mesures);
     etat.SetIterationTime(mesures.Photo.back() * 1e-6);
     if (++photo % kPhotosParLot == 0) photos.Nettoie();

@@ -158,10 +158,12 @@ void MesureOuverture(Banc& banc, Cadence& cadence) {
       {JusquA([&] { banc.Forme.OuvreGalerie(); }, [&] { return banc.Forme.isVisible() && banc.Forme.Peinte; })});
   cadence.Dit("opening, first");
   std::vector<Mesure> suivantes;
+  suivantes.reserve(10);
   for (int i = 0; i < 10; ++i) suivantes.push_back(JusquAuTitre(banc, [&] { banc.Forme.OuvreGalerie(); }));
   Dit("opening, again", suivantes);
   cadence.Dit("opening, again");
   std::vector<Mesure> relues;
+  relues.reserve(10);
   for (int i = 0; i < 10; ++i) relues.push_back(JusquAuTitre(banc, [&] { banc.Galerie.Rafraichit(); }));
   Dit("reading again", relues);
   cadence.Dit("reading again");
@@ -171,6 +173,8 @@ void MesureListe(Banc& banc) {
   auto* liste = banc.Forme.findChild<ListePhotos*>();
   std::vector<Mesure> pas;
   std::vector<Mesure> photos;
+  pas.reserve(300);
+  photos.reserve(100);
   const int fin = liste->verticalScrollBar()->maximum();
   for (int i = 0; i < 300; ++i) {
     pas.push_back(Chronometre([&] {

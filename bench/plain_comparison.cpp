@@ -10,7 +10,7 @@ qint32 CompareSansApprets(const TrameBrute& trame, qint32 tolerance, qint32* tab
   for (qint32 y = 0; y < trame.Hauteur; y += kPasEchantillon) {
     const uchar* ligne = trame.Bits + y * trame.OctetsParLigne;
     for (qint32 x = 0; x < trame.Largeur; x += kPasEchantillon) {
-      const uchar* pixel = ligne + 4 * x;
+      const uchar* pixel = ligne + qsizetype{4} * x;
       const qint32 couleur = (pixel[0] << 16) | (pixel[1] << 8) | pixel[2];
       if (std::abs(couleur - *table) > tolerance) {
         ++points;

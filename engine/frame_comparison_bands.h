@@ -80,6 +80,7 @@ void CompareBandeSimple(const BandeEchantillons& bande, qint32 tolerance, CumulB
     for (qint32 colonne = 0; colonne < colonnes; ++colonne, ++entree) {
       qint32 couleur = -1;
       if (colonne >= bande.Avant && colonne < bande.Avant + bande.Dedans) {
+        Q_ASSERT(pixel != nullptr);  // a column inside: there are some
         couleur = LitCouleur(pixel);
         pixel += qsizetype{4} * bande.PasPixels;
       }

@@ -95,7 +95,7 @@ QString GaleriePhotos::CheminDe(const QString& dossier, const QString& entree) {
 }
 
 QString GaleriePhotos::ChangeLimite(const QString& texte) {
-  const QString limite = NettoieNombre(texte, QStringLiteral("0"), 0);
+  QString limite = NettoieNombre(texte, QStringLiteral("0"), 0);
   Ports_.Reglages.NombrePhotoMax = ChiffresEnEntierBorne(limite);
   Ports_.Reglages.ParametresModifies = true;
   return limite;

@@ -12,8 +12,8 @@ namespace vaktor {
 /// A log that cannot be written is lost in silence: it must never be the reason why a companion fails.
 class JournalBorne {
  public:
-  static constexpr qint64 kTailleMax = 256 * 1024;  ///< bytes of one file
-  static constexpr int kLigneMax = 1000;            ///< characters of one line; what is longer is cut
+  static constexpr qint64 kTailleMax = 256LL * 1024;  ///< bytes of one file
+  static constexpr int kLigneMax = 1000;              ///< characters of one line; what is longer is cut
 
   JournalBorne(const QString& dossier, const QString& nom, const Horloge& temps, qint64 tailleMax = kTailleMax);
 

@@ -7,7 +7,7 @@
 namespace vaktor {
 
 namespace {
-constexpr qint64 kDemandeMax = 1024 * 1024;
+constexpr qint64 kDemandeMax = 1024LL * 1024;
 }
 
 int ExecuteRepetition(int argc, char** argv,

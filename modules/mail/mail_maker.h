@@ -29,6 +29,6 @@ QStringList DonneSecrets(const ReglagesEnvoi& reglages);
 
 /// Of a whole mail: base64 makes a third more of the photos.
 constexpr qint64 kOctetsCourrielMax = 15LL * 1024 * 1024;
-constexpr qint64 kOctetsPhotosMax = kOctetsCourrielMax / 4 * 3 - 512 * 1024;
+constexpr qint64 kOctetsPhotosMax = kOctetsCourrielMax / 4 * 3 - 512LL * 1024;
 
 }  // namespace vaktor

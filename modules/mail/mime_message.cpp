@@ -70,7 +70,7 @@ QByteArray CodeNom(const QString& nom) {
     const bool permis = c.unicode() < 0x7f && c != u'"' && c != u'\\';
     simple += permis ? static_cast<char>(c.unicode()) : '_';
   }
-  const QByteArray parametre = "filename=\"" + simple + '"';
+  QByteArray parametre = "filename=\"" + simple + '"';
   if (simple == propre.toUtf8()) return parametre;
   return parametre + ";\r\n filename*=UTF-8''" + propre.toUtf8().toPercentEncoding();
 }

@@ -22,7 +22,7 @@ constexpr const char* kEnvoye = ".sent";
 constexpr const char* kRefuse = ".refused";
 constexpr const char* kMauvais = ".bad";
 constexpr const char* kPartiel = ".part";
-constexpr qint64 kTeteMax = 64 * 1024;
+constexpr qint64 kTeteMax = 64LL * 1024;
 
 QByteArray ComposeTete(const CourrielEnAttente& c) {
   const QJsonObject tete{{QStringLiteral("made"), c.FaitA},
@@ -37,7 +37,8 @@ bool LitTete(const QByteArray& ligne, CourrielEnAttente& c) {
   const QJsonObject tete = document.object();
   c.FaitA = tete.value(QStringLiteral("made")).toInteger(-1);
   c.Expediteur = tete.value(QStringLiteral("from")).toString();
-  for (const QJsonValue& v : tete.value(QStringLiteral("to")).toArray()) c.Destinataires.append(v.toString());
+  const QJsonArray destinataires = tete.value(QStringLiteral("to")).toArray();
+  for (const auto& v : destinataires) c.Destinataires.append(v.toString());
   return c.FaitA >= 0 && !c.Destinataires.isEmpty();
 }
 

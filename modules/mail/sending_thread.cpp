@@ -16,7 +16,7 @@ namespace vaktor {
 namespace {
 
 constexpr unsigned long kAttenteFinMs = 2000;
-constexpr qint64 kTexteCadenceMax = 64 * 1024;
+constexpr qint64 kTexteCadenceMax = 64LL * 1024;
 
 qint64 DonneMaintenant() { return QDateTime::currentMSecsSinceEpoch(); }
 
@@ -97,7 +97,7 @@ void FilEnvoi::Partage::Execute() {
   }
 }
 
-FilEnvoi::FilEnvoi(const ReglagesFil& reglages, Facteur::Rapporteur surRapport)
+FilEnvoi::FilEnvoi(const ReglagesFil& reglages, const Facteur::Rapporteur& surRapport)
     : Partage_(std::make_shared<Partage>()), Fil_(nullptr) {
   Partage_->Fil = reglages;
   Partage_->Rapporte = [contexte = &Contexte_, partage = Partage_.get(), surRapport](const RapportEnvoi& rapport) {

@@ -34,7 +34,7 @@ struct ReglagesFil {
 /// the others wait until it has ended.
 class FilEnvoi : public Poste {
  public:
-  FilEnvoi(const ReglagesFil& reglages, Facteur::Rapporteur surRapport);
+  FilEnvoi(const ReglagesFil& reglages, const Facteur::Rapporteur& surRapport);
   ~FilEnvoi() override;
   FilEnvoi(const FilEnvoi&) = delete;
   FilEnvoi& operator=(const FilEnvoi&) = delete;

@@ -21,7 +21,7 @@ VAKTOR_SSSE3 qint32 PrendGroupes(const quint8* de, qint32 lisibles, quint8* vers
   const __m128i b = _mm_setr_epi8(-1, -1, -1, -1, -1, -1, 2, 5, 8, 11, 14, -1, -1, -1, -1, -1);
   const __m128i c = _mm_setr_epi8(-1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, 1, 4, 7, 10, 13);
   qint32 fait = 0;
-  for (; fait + kGroupe <= nombre && 3 * (fait + kGroupe) <= lisibles; fait += kGroupe, de += 3 * kGroupe) {
+  for (; fait + kGroupe <= nombre && 3 * (fait + kGroupe) <= lisibles; fait += kGroupe, de += qsizetype{3} * kGroupe) {
     const __m128i ab = _mm_or_si128(_mm_shuffle_epi8(Charge(de), a), _mm_shuffle_epi8(Charge(de + 16), b));
     Range(vers + fait, _mm_or_si128(ab, _mm_shuffle_epi8(Charge(de + 32), c)));
   }
@@ -58,7 +58,7 @@ void PrendUnSurTrois(const quint8* de, [[maybe_unused]] qint32 lisibles, quint8*
 #if defined(__x86_64__)
   if (ConnaitSsse3()) i = PrendGroupes(de, lisibles, vers, nombre);
 #endif
-  for (; i < nombre; ++i) vers[i] = de[3 * i];
+  for (; i < nombre; ++i) vers[i] = de[qsizetype{3} * i];
 }
 
 void PrendUnSurTroisParPaires(const quint8* de, [[maybe_unused]] qint32 lisibles, bool impair, quint8* vers,

@@ -15,7 +15,7 @@
 namespace vaktor {
 namespace {
 
-constexpr std::size_t kOctetsEssai = 64 * 1024;
+constexpr std::size_t kOctetsEssai = std::size_t{64} * 1024;
 
 EtatDossier EtatDeErreur(int erreur) {
   switch (erreur) {
