@@ -247,7 +247,7 @@ struct SystemeFaux {
     recu(texte);
   }
   QStringList DepuisVide() {
-    const QStringList lignes = Notes.Lignes();
+    QStringList lignes = Notes.Lignes();
     Notes.Vide();
     return lignes;
   }

@@ -26,11 +26,15 @@ class ProgrammeEntier : public testing::Test {
     Prive = Dossier.filePath(QStringLiteral("prive"));
     Processus.setProcessChannelMode(QProcess::MergedChannels);
   }
+
+ public:
   ~ProgrammeEntier() override {
     Processus.kill();
     Processus.waitForFinished();
     for (const qint64 pid : Compagnons()) ::kill(static_cast<pid_t>(pid), SIGKILL);
   }
+
+ protected:
   void Lance(const QString& executable = QStringLiteral(VAKTOR_EXECUTABLE)) {
     Processus.setProcessEnvironment(Milieu);
     Processus.start(executable, {QStringLiteral("/camera:test"), QStringLiteral("/dossier:") + Prive});
@@ -54,7 +58,8 @@ class ProgrammeEntier : public testing::Test {
       if (pid.toLongLong() == 0 || !milieu.open(QIODevice::ReadOnly)) continue;
       const QByteArray variables = '\0' + milieu.readAll();
       const QString executable = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(pid))).fileName();
-      if (executable.startsWith(nom) && variables.contains("\0VAKTOR_DOSSIER=" + Prive.toUtf8() + '\0'))
+      if (executable.startsWith(nom) &&
+          variables.contains('\0' + QByteArray("VAKTOR_DOSSIER=") + Prive.toUtf8() + '\0'))
         trouves.append(pid.toLongLong());
     }
     return trouves;

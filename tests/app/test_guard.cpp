@@ -19,7 +19,11 @@ class Garde : public testing::Test {
       if (Pendant) Pendant();
     });
   }
+
+ public:
   ~Garde() override { application().SurEchec(nullptr); }
+
+ protected:
   static ApplicationGardee& application() { return *static_cast<ApplicationGardee*>(qApp); }
 
   QStringList Dits;

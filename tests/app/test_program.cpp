@@ -24,11 +24,15 @@ class Programme : public testing::Test {
     Processus.setProcessEnvironment(environnement);
     Processus.setProcessChannelMode(QProcess::MergedChannels);
   }
+
+ public:
   ~Programme() override {
     if (Processus.state() == QProcess::NotRunning) return;
     Processus.kill();
     Processus.waitForFinished();
   }
+
+ protected:
   void Lance(QStringList arguments) {
     arguments.append(QStringLiteral("/dossier:") + Dossier.path());
     Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), arguments);

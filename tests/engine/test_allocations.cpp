@@ -86,7 +86,7 @@ TEST_F(Allocations, AThousandTicksOfAnArmedSystemTakeNoMemory) {
   ASSERT_TRUE(Engin.Alarme().AlarmeArmee);
   const qint32 photos = Actions.Photos;
   const long avant = Compte();
-  Temps.Avance(30 * 1000);
+  Temps.Avance(30LL * 1000);
   EXPECT_EQ(Compte(), avant);
   EXPECT_EQ(Actions.Photos, photos + 1000);
 }
@@ -98,7 +98,7 @@ TEST_F(Allocations, AThousandTicksInPixelModeTakeNoMemory) {
   Temps.Avance(1000);
   const qint32 vues = Affichage.VuesPixel;
   const long avant = Compte();
-  Temps.Avance(30 * 1000);
+  Temps.Avance(30LL * 1000);
   EXPECT_EQ(Compte(), avant);
   EXPECT_EQ(Affichage.VuesPixel, vues + 1000);
 }

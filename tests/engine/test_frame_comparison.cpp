@@ -19,7 +19,7 @@ constexpr qint32 kTemoin = 0x5a5a5a5a;  // what lies behind the table and must s
 struct Photo {
   Photo(qint32 largeur, qint32 hauteur, qint32 marge)
       : OctetsParLigne(4 * largeur + marge),
-        Octets(static_cast<std::size_t>(OctetsParLigne * (hauteur - 1) + 4 * largeur)),
+        Octets(static_cast<std::size_t>(OctetsParLigne * (hauteur - 1) + qsizetype{4} * largeur)),
         Trame{Octets.data(), OctetsParLigne, largeur, hauteur} {}
   Photo(const Photo&) = delete;
   Photo& operator=(const Photo&) = delete;
@@ -146,7 +146,7 @@ TEST_P(Comparaison, WidensTheBoxByEachRowThatReachesFurther) {
   constexpr std::array<std::pair<qint32, qint32>, 6> kPoints = {
       {{0, 72}, {6, 69}, {9, 93}, {12, 84}, {15, 0}, {15, 147}}};
   for (const auto& [y, x] : kPoints) {
-    photo.Octets[static_cast<std::size_t>(y * photo.OctetsParLigne + 4 * x)] = 200;
+    photo.Octets[static_cast<std::size_t>(y * photo.OctetsParLigne + qsizetype{4} * x)] = 200;
     essai.Verifie(GetParam(), photo.Trame, zone, 1, 0);
   }
 }
@@ -172,7 +172,7 @@ TEST_P(Comparaison, TakesZonesAtTheEndsOfTheNumbers) {
 }
 
 TEST_P(Comparaison, ReadsEachRowAnewWhenRowsAreTheSameMemory) {
-  std::vector<uchar> ligne(4 * 25, 7);
+  std::vector<uchar> ligne(std::size_t{4} * 25, 7);
   Essai essai(100);
   const TrameBrute trame{ligne.data(), 0, 25, 12};
   essai.Verifie(GetParam(), trame, {.Gauche = 0, .Droite = 25, .Haut = 0, .Bas = 12}, 1, 0);

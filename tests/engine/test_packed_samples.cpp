@@ -24,7 +24,8 @@ class Serree {
     const qint32 lignes = std::max(0, (entiere.Hauteur - resteY + 2) / 3);
     const qsizetype tiers = (qsizetype{4} * colonnes + 2) / 3;
     const qsizetype avance = 2 * tiers;
-    Octets_.resize(static_cast<std::size_t>(avance + (lignes > 0 ? 3 * tiers * (lignes - 1) + 4 * colonnes : 0)));
+    Octets_.resize(
+        static_cast<std::size_t>(avance + (lignes > 0 ? 3 * tiers * (lignes - 1) + qsizetype{4} * colonnes : 0)));
     for (qint32 ligne = 0; ligne < lignes; ++ligne) {
       for (qint32 colonne = 0; colonne < colonnes; ++colonne) {
         std::memcpy(

@@ -198,7 +198,7 @@ TEST_F(PhotoRecorder, WithBothOffTheCounterAdvancesAllTheSame) {
 TEST_F(PhotoRecorder, PastMidnightTheDateStaysAndTheTimeGoesOn) {
   Temps.Debut = QTime(23, 59, 0);
   Recorder.FixeDateJour();
-  Temps.Millisecondes = 2 * 60 * 1000;
+  Temps.Millisecondes = 2LL * 60 * 1000;
   ASSERT_EQ(Temps.DonneDate(), QDate(2026, 11, 16));
   Enregistre(1);
   EXPECT_EQ(DernierFichier(), QStringLiteral("/home/anna/photos/2026-11-15  00-01-00 Photo 00001.jpg"));

@@ -87,7 +87,7 @@ TEST(Gauge, BarIsDrawnFromTheValueAsPassedAndCutByTheEdge) {
 TEST(Gauge, PositionIsRoundedToAWholeTolerance) {
   BancFenetre banc;
   Envoie(banc.Trouve("PictSeuil"), QEvent::MouseButtonPress, {1, 3}, Qt::LeftButton, Qt::LeftButton);
-  EXPECT_EQ(banc.Reglages.SeuilDetection, static_cast<qint32>(kParPixel + 0.5));
+  EXPECT_EQ(banc.Reglages.SeuilDetection, qRound(kParPixel));
 }
 
 }  // namespace

@@ -47,7 +47,7 @@ int Regarde(vaktor::PiloteGStreamer& pilote, int duree) {
       perdu = !perdu;
       std::printf("signal %s at %.1f s\n", perdu ? "lost" : "back", static_cast<double>(depuis.elapsed()) / 1000.0);
     }
-    if (depuis.elapsed() < (seconde.Numero + 1) * 1000) continue;
+    if (depuis.elapsed() < (seconde.Numero + 1) * 1000LL) continue;
     ++seconde.Numero;
     Raconte(seconde, pilote);
     seconde.Images = 0;

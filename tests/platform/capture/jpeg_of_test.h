@@ -17,7 +17,7 @@ inline QByteArray CompresseJpeg(const uchar* pixels, QSize taille, int pas, int 
   tjhandle turbo = tjInitCompress();
   tjCompress2(turbo, pixels, taille.width(), pas, taille.height(), couleurs, &jpeg, &longueur, sousEchantillon, qualite,
               0);
-  const QByteArray resultat(reinterpret_cast<const char*>(jpeg), static_cast<qsizetype>(longueur));
+  QByteArray resultat(reinterpret_cast<const char*>(jpeg), static_cast<qsizetype>(longueur));
   tjFree(jpeg);
   tjDestroy(turbo);
   return resultat;

@@ -95,7 +95,7 @@ TEST_F(PiloteFichier, AFrameOutlivesTheCameraThatGaveIt) {
     trame.Echantillons(1, 1);  // others, which have to be made now
     vue = trame.Echantillons(0, 0);
     EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(vue.Bits), 40), avant) << suite;
-    const QImage entiere = trame.Entiere();
+    const QImage& entiere = trame.Entiere();
     ASSERT_EQ(entiere.size(), trame.Taille()) << suite;
     for (int i = 0; i < 10; ++i) {
       EXPECT_EQ(std::memcmp(entiere.constBits() + qsizetype{12} * i, avant.constData() + qsizetype{4} * i, 4), 0)

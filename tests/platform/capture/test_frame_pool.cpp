@@ -52,6 +52,7 @@ TEST(ReserveImages, NeedsNoNewBufferInASteadyState) {
 TEST(ReserveImages, ForgetsTheOldSizeAndKeepsAFewOnly) {
   ReserveImages reserve;
   std::vector<QImage> tenues;
+  tenues.reserve(50);
   for (int i = 0; i < 50; ++i) tenues.push_back(*reserve.Prend(kTaille));
   EXPECT_LE(reserve.Nombre(), 8U);
   std::set<const uchar*> memoires;

@@ -36,7 +36,7 @@ class TrameEnPlans : public testing::Test {
   QImage Attendue(unsigned germe) {
     ReserveTrames autre;
     std::swap(autre, Reserve);
-    const QImage image = Livre(germe)->Entiere().copy();
+    QImage image = Livre(germe)->Entiere().copy();
     std::swap(autre, Reserve);
     return image;
   }

@@ -22,7 +22,7 @@ struct Systeme : testing::Test {
   const QString Nom = QStringLiteral("vkt%1").arg(::getpid());
 
   QString CopieProgramme(const QString& source, const QString& nom) const {
-    const QString cible = Temporaire.filePath(nom);
+    QString cible = Temporaire.filePath(nom);
     QFile::copy(source, cible);
     return cible;
   }

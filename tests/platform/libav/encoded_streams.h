@@ -79,6 +79,7 @@ inline QByteArray Empreinte(GstSample* echantillon) {
 
 inline std::vector<QByteArray> Empreintes(const std::vector<Echantillon>& images) {
   std::vector<QByteArray> toutes;
+  toutes.reserve(images.size());
   for (const Echantillon& image : images) toutes.push_back(Empreinte(image.get()));
   return toutes;
 }
