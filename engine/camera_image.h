@@ -25,8 +25,9 @@ class TrameDifferee {
   /// and no others are asked for; Bits is null when there is no memory. A driver may have these of the next frames
   /// ready beforehand.
   virtual TrameBrute Echantillons(qint32 resteX, qint32 resteY) = 0;
-  /// All rows, Format_RGB32. Made at the first call and kept as long as the frame is; null when there is no memory. A
-  /// driver may make the next frames whole beforehand.
+  /// All rows, Format_RGB32; null when there is no memory. Made when it is asked for, and valid until another frame's
+  /// is asked for, which may take its memory: it is then made again. Who needs it longer takes a copy of the QImage,
+  /// which stays as it is.
   virtual const QImage& Entiere() = 0;
 };
 

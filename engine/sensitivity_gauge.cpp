@@ -26,14 +26,22 @@ void JaugeSensibilite::DoubleClic() {
   TimerSeuil_.Active();
 }
 
+// A frame that was compared with itself tells nothing of the noise: the count of the last new one stands for as many
+// ticks as a slow camera leaves between two frames, then the tolerance rests. While the signal is lost it would fall
+// far below the noise, and the first frame after that raise the alarm.
+bool JaugeSensibilite::SuitPoints() {
+  if (Etat_.Camera.CameraActive && Etat_.Camera.ImageRepetee) return ++TicsRepetes_ <= kTicsRepetesMax;
+  Points_ = Etat_.Detection.NbrPoints;
+  TicsRepetes_ = 0;
+  return true;
+}
+
 void JaugeSensibilite::AjusteSeuil() {
   // Read at each tick: ticking the box takes effect on the next one, from the value and the step as they stand.
   if (!Ports_.Reglages.SeuilAuto) return;
-  // A frame that was compared with itself tells nothing of the noise. While the signal is lost the tolerance would fall
-  // far below it, and the first frame after that raise the alarm.
-  if (Etat_.Camera.CameraActive && Etat_.Camera.ImageRepetee) return;
+  if (!SuitPoints()) return;
   qint32& seuil = Ports_.Reglages.SeuilDetection;
-  if (Etat_.Detection.NbrPoints == 0) {
+  if (Points_ == 0) {
     seuil = SoustraitVerifie(seuil, Etat_.Detection.PasSeuil);
   } else {
     // The first change seen ends the coarse search for good.

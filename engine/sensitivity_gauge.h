@@ -10,6 +10,7 @@ class JaugeSensibilite {
  public:
   static constexpr qint32 kPasGrossier = 10000;  ///< coarse search, from a start or a double click on
   static constexpr qint32 kPasFin = 1000;        ///< tracking, from the first frame with changes on
+  static constexpr qint32 kTicsRepetesMax = 12;  ///< ticks that still act on a frame while no newer one comes
 
   JaugeSensibilite(const PortsSurveillance& ports, EtatSurveillance& etat, Minuterie& timerSeuil);
 
@@ -19,13 +20,18 @@ class JaugeSensibilite {
   void SuitSouris(double x, bool boutonGaucheSeul);
   /// Starts the coarse search again from where the tolerance stands, also while the camera is off.
   void DoubleClic();
-  /// The tick of TimerSeuil. Acts on the count of the last finished analysis, several times on the same one.
+  /// The tick of TimerSeuil. Acts on the count of the last finished analysis, several times on the same one; while no
+  /// new frame comes, on that of the last new one, kTicsRepetesMax times.
   void AjusteSeuil();
 
  private:
+  bool SuitPoints();
+
   const PortsSurveillance& Ports_;
   EtatSurveillance& Etat_;
   Minuterie& TimerSeuil_;
+  qint32 Points_ = 0;  // the count to go by
+  qint32 TicsRepetes_ = 0;
 };
 
 }  // namespace vaktor

@@ -46,7 +46,10 @@ class MinuterieQt : public Minuterie {
   void Sonne() {
     if (EnTic_) return;
     const QScopedValueRollback<bool> garde(EnTic_, true);
-    for (qint64 tics = TicsDus(); tics > 0 && Chrono_.isActive(); --tics) Tic_();
+    for (qint64 tics = TicsDus(); tics > 0 && Chrono_.isActive(); --tics) {
+      Tic_();
+      if (Intervalle_ >= kPeriodeMinimale) return;  // it has made itself a slower one
+    }
   }
 
   // The grab holds the thread until the next frame is there, so that the event loop turns once a frame: a timer that is

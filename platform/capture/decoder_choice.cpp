@@ -97,6 +97,14 @@ bool EstDecodableDansLePuits(const GstCaps* caps) {
   return gst_caps_is_subset(caps, paquets.get()) != FALSE;
 }
 
+bool EstDecodableAvecAnalyseur(const GstCaps* caps) {
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  for (const char* nom : {"video/x-h264", "video/x-h265", "video/mpeg", "video/x-divx", "video/x-xvid"}) {
+    if (gst_structure_has_name(structure, nom)) return true;
+  }
+  return false;
+}
+
 gboolean EstFluxVideo(GstElement*, guint, const GstCaps* caps, gpointer) {
   const char* media = gst_structure_get_string(gst_caps_get_structure(caps, 0), "media");
   return media != nullptr && std::strcmp(media, "video") == 0 ? TRUE : FALSE;

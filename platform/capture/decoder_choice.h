@@ -17,6 +17,8 @@ bool EstFilm(const GstCaps* caps);   ///< pictures of any coding
 bool EstDecodableDirect(const GstCaps* caps);
 /// Whether such a stream needs no decoder before the sink: the sink decodes it (packet_decoder.h).
 bool EstDecodableDansLePuits(const GstCaps* caps);
+/// Whether our own decoder takes such a stream behind a parser of the plugin "videoparsersbad".
+bool EstDecodableAvecAnalyseur(const GstCaps* caps);
 /// Answer to rtspsrc's "select-stream".
 gboolean EstFluxVideo(GstElement* source, guint numero, const GstCaps* caps, gpointer rien);
 

@@ -1,5 +1,6 @@
 #include "platform/capture/gst_start.h"
 
+#include "platform/capture/film_kind.h"
 #include "platform/capture/source_spec.h"
 #include "platform/gstreamer/gst_plugins.h"
 #include "platform/libav/libav_decoder.h"
@@ -16,9 +17,13 @@ bool Lance() {
 
 }  // namespace
 
-// A network camera needs whatever decodes its stream: there the list of all plugins is read at once.
+// A network camera, and a film of a seldom kind, need whatever decodes their stream: there the list of all plugins is
+// read at once. Later it cannot be read any more, and all plugins have to be searched.
 void LanceGStreamerPour(const QString& source) {
-  if (ComprendSource(source).Genre != GenreSource::kReseau) LanceGStreamerSansListe();
+  const SourceCapture quoi = ComprendSource(source);
+  if (quoi.Genre == GenreSource::kReseau) return;
+  if (quoi.Genre == GenreSource::kFichier && DemultiplexeurDuFilm(quoi.Lieu) == nullptr) return;
+  LanceGStreamerSansListe();
 }
 
 bool PrepareGStreamer() {

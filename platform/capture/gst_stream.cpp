@@ -94,7 +94,13 @@ GstElement* FluxGStreamer::Ajoute(const char* fabrique) {
   return element;
 }
 
+// Whatever decodes the stream has to be known.
 GstElement* FluxGStreamer::AjouteDecodage() {
+  ConnaisTousLesGreffons();
+  return AjouteDecodebin();
+}
+
+GstElement* FluxGStreamer::AjouteDecodebin() {
   GstElement* decodage = Ajoute("decodebin");
   if (decodage == nullptr) return nullptr;
   ChoisitDecodeurs(decodage);
@@ -156,7 +162,11 @@ GstElement* FluxGStreamer::AjouteSuiteDuFilm(const GstCaps* caps) {
     Relie_ = true;
     return Puits_;
   }
-  if (!EstDecodableDirect(caps)) return AjouteDecodage();
+  if (!EstDecodableDirect(caps)) {
+    if (!EstDecodableAvecAnalyseur(caps)) return AjouteDecodage();
+    ChargeGreffons({"playback", "videoparsersbad"});
+    return AjouteDecodebin();
+  }
   GstElement* decodeur = Ajoute("vaktorlibav");
   if (decodeur == nullptr || !gst_element_link(decodeur, Puits_)) return nullptr;
   Relie_ = true;

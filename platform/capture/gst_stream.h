@@ -39,6 +39,7 @@ class FluxGStreamer : public FluxImages {
   bool MonteSource();
   GstElement* Ajoute(const char* fabrique);
   GstElement* AjouteDecodage();
+  GstElement* AjouteDecodebin();
   GstElement* AjouteSuiteDuFilm(const GstCaps* caps);
   bool Lance();
   Etat TraiteMessage(GstMessage* message);

@@ -72,12 +72,18 @@ bool ChoisitLUtilisateur() {
   return false;
 }
 
+// One at a time: a search replaces what was loaded while it ran.
+std::mutex& VerrouDesGreffons() {
+  static std::mutex kVerrou;
+  return kVerrou;
+}
+
 GstElement* Essaie(const char* fabrique) {
   GstElementFactory* qui = gst_element_factory_find(fabrique);
   if (qui == nullptr) return nullptr;
-  GstElement* element = gst_element_factory_create(qui, nullptr);
-  gst_object_unref(qui);
-  return element;
+  // The reference is kept for good: the elements' class holds its factory without one, and a later search may put
+  // another in its place.
+  return gst_element_factory_create(qui, nullptr);
 }
 
 }  // namespace
@@ -94,19 +100,23 @@ void LanceGStreamerSansListe() {
 bool LanceGStreamer() { return gst_init_check(nullptr, nullptr, nullptr) != FALSE; }
 
 void ChargeGreffons(std::initializer_list<const char*> noms) {
+  const std::lock_guard verrou(VerrouDesGreffons());
   for (const char* nom : noms) Charge(nom);
 }
 
 void ConnaisTousLesGreffons() {
   static std::once_flag kUneFois;
-  std::call_once(kUneFois, [] { gst_update_registry(); });
+  std::call_once(kUneFois, [] {
+    const std::lock_guard verrou(VerrouDesGreffons());
+    gst_update_registry();
+  });
 }
 
 GstElement* FabriqueElement(const char* fabrique) {
   if (GstElement* element = Essaie(fabrique)) return element;
   for (const Origine& origine : kOrigines) {
     if (std::strcmp(origine.Fabrique, fabrique) != 0) continue;
-    Charge(origine.Greffon);
+    ChargeGreffons({origine.Greffon});
     if (GstElement* element = Essaie(fabrique)) return element;
   }
   ConnaisTousLesGreffons();

@@ -99,13 +99,30 @@ TEST_F(Jauge, RestsWhileNoNewFrameComes) {
   ASSERT_LT(Reglages.SeuilDetection, 7000000);
   Pilote.Muette = Pilote.Perdu = true;
   Tic();
-  const qint32 seuil = Reglages.SeuilDetection;
+  const qint32 seuil = Reglages.SeuilDetection - 12 * 10000;  // what a slow camera would leave time for
   Temps.Avance(60000);
   EXPECT_EQ(Reglages.SeuilDetection, seuil);
   Pilote.Muette = Pilote.Perdu = false;
   Tic();
   Temps.Avance(1);
   EXPECT_EQ(Reglages.SeuilDetection, seuil - 10000);
+}
+
+// A frame a second, ten grabs in vain between two: the count of the new one stands, not the nothing of the others.
+TEST_F(Jauge, FollowsASlowCameraByItsNewFrames) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2100);
+  PoseZoneEntiere();
+  Trame(AvecPoints(50));
+  Temps.Avance(1);
+  ASSERT_GT(Detection().NbrPoints, 0);
+  const qint32 seuil = Reglages.SeuilDetection;
+  Pilote.Muette = true;
+  Tic();
+  ASSERT_EQ(Detection().NbrPoints, 0);
+  Temps.Avance(100);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil + 12 * 1000);
 }
 
 TEST_F(Jauge, GoesOnWithTheLastCountOnceTheCameraIsOff) {
