@@ -11,7 +11,8 @@ TEST_F(PhotosAnnoncees, EachIsToldAsItIsWritten) {
   const QString commandes = QStringLiteral(R"bash(
     dossier=$racine_machine debut_demo=$EPOCHREALTIME
     mkdir "$dossier/intrus"
-    annonce_photos > "$dossier/dites" &
+    : > "$dossier/dites"
+    annonce_photos >> "$dossier/dites" &
     : > "$dossier/intrus/begun.jpg"
     for i in 1 2 3 4 5; do echo x > "$dossier/intrus/$i.jpg"; done
     for ((tour = 0; tour < 400; tour++)); do
