@@ -76,14 +76,14 @@ bool EstFilm(const GstCaps* caps) {
          Commence(gst_structure_get_name(gst_caps_get_structure(caps, 0)), "video/");
 }
 
-// MPEG-4 part 2 proper is left to its parser: in AVI it is known to pack two pictures into one piece.
+bool EstDecodableDansLePuits(const GstCaps* caps) {
+  const PtrGst<GstCaps> paquets(gst_caps_from_string(kCapsPaquets));
+  return gst_caps_is_subset(caps, paquets.get()) != FALSE;
+}
+
 bool EstDecodableDirect(const GstCaps* caps) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
-  int version = 0;
-  if (gst_structure_has_name(structure, "video/x-msmpeg")) return true;
-  if (gst_structure_has_name(structure, "video/x-divx"))
-    return gst_structure_get_int(structure, "divxversion", &version) && version == 3;
-  if (!gst_structure_has_name(structure, "video/x-h264")) return gst_structure_has_name(structure, "video/x-vp8");
+  if (!gst_structure_has_name(structure, "video/x-h264")) return false;
   if (g_strcmp0(gst_structure_get_string(structure, "stream-format"), "avc") != 0) return false;
   const char* profil = gst_structure_get_string(structure, "profile");
   for (const char* connu : {"constrained-baseline", "baseline", "main", "high"}) {
@@ -92,11 +92,7 @@ bool EstDecodableDirect(const GstCaps* caps) {
   return false;
 }
 
-bool EstDecodableDansLePuits(const GstCaps* caps) {
-  const PtrGst<GstCaps> paquets(gst_caps_from_string(kCapsPaquets));
-  return gst_caps_is_subset(caps, paquets.get()) != FALSE;
-}
-
+// MPEG-4 part 2 proper is among them: in AVI it is known to pack two pictures into one piece.
 bool EstDecodableAvecAnalyseur(const GstCaps* caps) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   for (const char* nom : {"video/x-h264", "video/x-h265", "video/mpeg", "video/x-divx", "video/x-xvid"}) {

@@ -12,11 +12,11 @@ void ChoisitDecodeurs(GstElement* decodebin);
 bool EstDeFabrique(GstElement* element, const char* nom);
 bool EstVideo(const GstCaps* caps);  ///< raw video or JPEG
 bool EstFilm(const GstCaps* caps);   ///< pictures of any coding
-/// Whether our own decoder, as an element or in the sink, takes what a demultiplexer gives under these caps as it is:
-/// each buffer a whole picture, and pictures of 8 bits with halved chroma.
-bool EstDecodableDirect(const GstCaps* caps);
 /// Whether such a stream needs no decoder before the sink: the sink decodes it (packet_decoder.h).
 bool EstDecodableDansLePuits(const GstCaps* caps);
+/// Whether our own decoder, as an element, takes H.264 as a demultiplexer gives it under these caps: each buffer a
+/// whole picture, and pictures of 8 bits with halved chroma.
+bool EstDecodableDirect(const GstCaps* caps);
 /// Whether our own decoder takes such a stream behind a parser of the plugin "videoparsersbad".
 bool EstDecodableAvecAnalyseur(const GstCaps* caps);
 /// Answer to rtspsrc's "select-stream".

@@ -90,16 +90,15 @@ void ReceptionImages::Espace(const GstBuffer* tampon) {
   Derniere_ = BoiteImages::Horloge::now();
 }
 
-// Decoded when it is time to show it: the samples are picked out of a picture that has just been made.
+// Decoded when it is time to show it: the samples are picked out of a picture that has just been made. A packet gives
+// one picture or none.
 void ReceptionImages::TraitePaquet(GstBuffer* tampon) {
   if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_DISCONT)) Paquets_.Oublie();
   Paquets_.Envoie(tampon);
-  for (;;) {
-    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
-    if (!trame->Garde(Paquets_)) return;
-    trame->Prepare();
-    Livre(ImageCamera(trame));
-  }
+  const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+  if (!trame->Garde(Paquets_)) return;
+  trame->Prepare();
+  Livre(ImageCamera(trame));
 }
 
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {

@@ -19,7 +19,7 @@ namespace vaktor {
 
 class TramePlans;
 
-/// What the frames of one source have in common. Every member of it is thread-safe.
+/// What the frames of one source have in common. Any thread, but for PrendImage.
 class FondsTrames {
  public:
   /// ReserveTrames::Prend.

@@ -11,7 +11,8 @@ struct AVFrame;
 
 namespace vaktor {
 
-/// Streams whose pictures come out in the order in which they go in, none held back: MS MPEG-4 and VP8.
+/// Streams whose pictures come out in the order in which they go in, none held back, one of a packet at the most: MS
+/// MPEG-4 and VP8.
 extern const char* const kCapsPaquets;
 
 /// A decoded picture in the decoder's own memory, read only; no other picture is decoded into it as long as it is held
@@ -46,10 +47,10 @@ class DecodeurPaquets {
   bool Ouvre(const GstCaps* caps);
   /// Forgets the pictures before: the next packet is from somewhere else in the stream.
   void Oublie();
-  /// Decodes a packet. What was damaged gives no picture; Prend the others until there are none.
+  /// Decodes a packet. What was damaged gives no picture, and neither does what the stream never shows.
   void Envoie(GstBuffer* paquet);
-  /// The next picture that is whole; false when there is none. `vue` shows it while `image` holds it: its planes, its
-  /// format and its colours, without a buffer of its own.
+  /// The picture of the last packet, if it is whole; false when there is none. `vue` shows it while `image` holds it:
+  /// its planes, its format and its colours, without a buffer of its own.
   bool Prend(ImageLibav& image, GstVideoFrame& vue);
 
  private:

@@ -21,18 +21,19 @@ constexpr std::chrono::seconds kRepos{30};          // without a new try after a
 constexpr GstClockTime kRegard = 20 * GST_MSECOND;  // how soon a new sound cuts the one that plays
 constexpr auto kMessages = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_WARNING);
 
+bool EstConnue(const char* fabrique) {
+  GstElementFactory* connue = gst_element_factory_find(fabrique);
+  if (connue != nullptr) gst_object_unref(connue);
+  return connue != nullptr;
+}
+
 // By their names, since the list of all plugins may not have been read. The automatic output takes the best of those
 // that are known.
 void ConnaisGreffonsDuSon() {
+  if (EstConnue("wavparse")) return;  // from the list, or from the sound before
   ChargeGreffons(
       {"coreelements", "wavparse", "audioconvert", "audioresample", "autodetect", "pulseaudio", "alsa", "pipewire"});
-  for (const char* sortie : {"pulsesink", "alsasink", "pipewiresink"}) {
-    GstElementFactory* connue = gst_element_factory_find(sortie);
-    if (connue == nullptr) continue;
-    gst_object_unref(connue);
-    return;
-  }
-  ConnaisTousLesGreffons();
+  if (!EstConnue("pulsesink") && !EstConnue("alsasink") && !EstConnue("pipewiresink")) ConnaisTousLesGreffons();
 }
 }  // namespace
 
