@@ -74,7 +74,7 @@ void CommandeCamera::Arrete() {
   Minuteries_.TimerSeuil->Desactive();
   Ports_.Pilote.Deconnecte();
   Etat_.Surface.Retire();
-  Ports_.Affichage.MontreSignalPerdu(false);  // no tick comes any more to take the notice away
+  Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun);  // no tick comes any more to take the notice away
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
   Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
   Ports_.Live.OublieLive();

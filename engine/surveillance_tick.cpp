@@ -2,10 +2,24 @@
 
 #include <exception>
 
+#include "base/failure.h"
 #include "base/numbers.h"
 #include "engine/detection_zone.h"
 
 namespace vaktor {
+namespace {
+
+/// A second of ticks. A frame or two may fail while the picture changes its size; that is no news.
+constexpr qint32 kEchecsTolerables = 33;
+
+/// What the analysis itself fails of: the table of samples is used up, the millisecond counter has come to its end
+/// after 24.8 days, the interval of the live page is no number. None of these passes by itself. A photo that cannot be
+/// written is another matter: the frames after it are counted.
+bool EstDeLAnalyse(qint32 numero) {
+  return numero == kIndiceHorsPlage || numero == kDepassement || numero == kTypeIncompatible;
+}
+
+}  // namespace
 
 TicSurveillance::TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse)
     : Ports_(ports), Etat_(etat), Analyse_(analyse) {}
@@ -17,9 +31,27 @@ void TicSurveillance::TraiteTic() {
   Ports_.Affichage.CopiePleinEcran();
   try {
     TraiteImage();
-  } catch (const std::exception&) {
+    EchecsDAnalyse_ = 0;
+  } catch (const Echec& echec) {
     // Detection does not stop because a photo could not be written. What shows is that the labels stand still.
+    RetientEchec(echec.Numero());
+  } catch (const std::exception&) {
+    RetientEchec(0);
   }
+}
+
+void TicSurveillance::RetientEchec(qint32 numero) {
+  if (!EstDeLAnalyse(numero)) {
+    EchecsDAnalyse_ = 0;
+  } else if (EchecsDAnalyse_ <= kEchecsTolerables) {
+    ++EchecsDAnalyse_;
+  }
+}
+
+// Without the analysis no alarm can come, whatever the camera does: that is the worse news of the two.
+AvisMoniteur TicSurveillance::Avis() const {
+  if (EchecsDAnalyse_ > kEchecsTolerables) return AvisMoniteur::kDetectionArretee;
+  return Ports_.Pilote.SignalPerdu() ? AvisMoniteur::kSignalPerdu : AvisMoniteur::kAucun;
 }
 
 void TicSurveillance::TraiteImage() {
@@ -33,7 +65,7 @@ void TicSurveillance::TraiteImage() {
 void TicSurveillance::PoseImage() {
   // A failed grab is not looked at: the earlier frame goes on, and its outlines are wiped all the same.
   Etat_.Camera.ImageRepetee = !Ports_.Pilote.SaisitImage();
-  Ports_.Affichage.MontreSignalPerdu(Ports_.Pilote.SignalPerdu());
+  Ports_.Affichage.MontreAvis(Avis());
   const QSize avant = Etat_.Surface.Taille();
   Etat_.Surface.Pose(Ports_.Pilote.CopieTrame());
   if (Etat_.Surface.Taille() != avant) SuitTailleSurface(Etat_);

@@ -13,18 +13,22 @@ class TicSurveillance {
   TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse);
 
   /// One tick; nothing happens while the camera is off. From the grab on every failure ends the tick without a word,
-  /// and the next tick runs normally. Only the copy to the enlarged view, before that, lets its failures out.
+  /// and the next tick runs normally; where one analysis after the other fails, the notice over the picture says so.
+  /// Only the copy to the enlarged view, before that, lets its failures out.
   void TraiteTic();
 
  private:
   void TraiteImage();
   void PoseImage();
+  void RetientEchec(qint32 numero);
+  AvisMoniteur Avis() const;
   void MontreZoom();
   void ReposeBoite();
 
   const PortsSurveillance& Ports_;
   EtatSurveillance& Etat_;
   AnalyseurMouvement& Analyse_;
+  qint32 EchecsDAnalyse_ = 0;  // how many of the last ticks have ended in the analysis, without a gap
 };
 
 }  // namespace vaktor

@@ -10,7 +10,17 @@ QString Choisit(qint32 langue, const char* francais, const char* anglais) {
 }
 }  // namespace
 
-QString MotSignalPerdu(qint32 langue) { return Choisit(langue, "Signal perdu", "Signal lost"); }
+QString MotAvis(qint32 langue, AvisMoniteur avis) {
+  switch (avis) {
+    case AvisMoniteur::kSignalPerdu:
+      return Choisit(langue, "Signal perdu", "Signal lost");
+    case AvisMoniteur::kDetectionArretee:
+      return Choisit(langue, "Détection arrêtée", "Detection stopped");
+    case AvisMoniteur::kAucun:
+      break;
+  }
+  return {};
+}
 
 MotsLampe MotsLampeAlarme(qint32 langue) {
   return {Choisit(langue, "Témoin de l'alarme", "Alarm lamp"), Choisit(langue, "Éteint", "Off"),

@@ -4,11 +4,13 @@
 
 #include <QString>
 
+#include "engine/ports/surveillance_display.h"
 #include "ui/lampe_widget.h"
 
 namespace vaktor {
 
-QString MotSignalPerdu(qint32 langue);
+/// The notice over the picture of the monitor; empty for none.
+QString MotAvis(qint32 langue, AvisMoniteur avis);
 /// The lamps of the top band, for those who hear the window.
 MotsLampe MotsLampeAlarme(qint32 langue);
 MotsLampe MotsLampeSurveillance(qint32 langue);

@@ -68,8 +68,8 @@ void VueSurveillance::RafraichitPleinEcran() { Formes_->PleinEcran.Rafraichit();
 
 void VueSurveillance::MontreMoniteur() { Formes_->Moniteur().show(); }
 
-void VueSurveillance::MontreSignalPerdu(bool perdu) {
-  Formes_->Moniteur().MontreAvis(perdu ? MotSignalPerdu(Formes_->Reglages.LangueCourante) : QString());
+void VueSurveillance::MontreAvis(AvisMoniteur avis) {
+  Formes_->Moniteur().MontreAvis(MotAvis(Formes_->Reglages.LangueCourante, avis));
 }
 
 void VueSurveillance::ActiveBouton(qint32 index, bool actif) {

@@ -43,7 +43,7 @@ class VueSurveillance : public AffichageSurveillance {
   void CopiePleinEcran() override;
   void RafraichitPleinEcran() override;
   void MontreMoniteur() override;
-  void MontreSignalPerdu(bool perdu) override;
+  void MontreAvis(AvisMoniteur avis) override;
   void ActiveBouton(qint32 index, bool actif) override;
   void MontreLampeAlarme(Lampe lampe) override;
   void MontreLampeSurveillance(Lampe lampe) override;

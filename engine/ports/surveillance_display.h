@@ -20,6 +20,13 @@ enum class Lampe {
   kVerte          ///< "LEDVERT": armed, live
 };
 
+/// The notice over the picture of the monitor.
+enum class AvisMoniteur {
+  kAucun,
+  kSignalPerdu,       ///< the camera gives no new frames
+  kDetectionArretee,  ///< frame upon frame fails in the analysis: nothing is counted and no alarm can come
+};
+
 /// Implemented by the main window. User-interface thread; calls come from inside ticks and handlers and must not block,
 /// but for the two announcements, which are message boxes.
 class AffichageSurveillance {
@@ -44,7 +51,7 @@ class AffichageSurveillance {
   virtual void CopiePleinEcran() = 0;  ///< take the surface's picture and outlines as they stand, shown or not
   virtual void RafraichitPleinEcran() = 0;
   virtual void MontreMoniteur() = 0;               ///< make FormMonitor visible
-  virtual void MontreSignalPerdu(bool perdu) = 0;  ///< told at each tick; over the picture, never in it
+  virtual void MontreAvis(AvisMoniteur avis) = 0;  ///< told at each tick; over the picture, never in it
 
   // Camera, alarm, gauge.
   virtual void ActiveBouton(qint32 index, bool actif) = 0;   ///< enabled state of Bouton(1) and Bouton(2)

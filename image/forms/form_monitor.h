@@ -27,7 +27,7 @@ class FormMonitor : public QWidget {
   ~FormMonitor() override;
 
   void MontreBarre(qint32 valeur);
-  /// The notice over the picture while the camera gives no new frames; empty for none.
+  /// The notice over the picture, as it is told at each tick; empty for none.
   void MontreAvis(const QString& avis) { Picture1_->MontreAvis(avis); }
   void EcritAides(const QString& image, const QString& barre);
   void ChangeLibellePleinEcran(const QString& libelle) { LibellePleinEcran_ = libelle; }

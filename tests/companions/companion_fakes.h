@@ -78,7 +78,7 @@ class FenetreFausse : public AffichageSurveillance, public AffichageLiaison {
   void CopiePleinEcran() override {}
   void RafraichitPleinEcran() override {}
   void MontreMoniteur() override {}
-  void MontreSignalPerdu(bool) override {}
+  void MontreAvis(AvisMoniteur) override {}
   void ActiveBouton(qint32 index, bool actif) override {
     J_ << QStringLiteral("Bouton(%1) %2").arg(index).arg(actif ? 1 : 0);
   }

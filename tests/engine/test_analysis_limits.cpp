@@ -37,6 +37,8 @@ TEST_F(AnalyseAuxLimites, OneSampleTooManyEndsDetectionForGood) {
   Engin.BasculeCamera();
   Tic();
   EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 2);
+  for (int i = 0; i < 40; ++i) Tic();
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kDetectionArretee);
 }
 
 TEST_F(AnalyseAuxLimites, ZoneWithoutSamplesComesThroughEvenThen) {

@@ -114,7 +114,7 @@ TEST_F(Camera, StopsInOrder) {
   Engin.BasculeCamera();
   EXPECT_EQ(Journal.Lignes(),
             (QStringList{QStringLiteral("SurvolSon 17"), QStringLiteral("MontreMoniteur"), QStringLiteral("Deconnecte"),
-                         QStringLiteral("MontreSignalPerdu 0"), QStringLiteral("MontreLampeSurveillance 0"),
+                         QStringLiteral("MontreAvis 0"), QStringLiteral("MontreLampeSurveillance 0"),
                          QStringLiteral("MontreLampeAlarme 0"), QStringLiteral("OublieLive"),
                          QStringLiteral("MontreSurveillanceInactive"), QStringLiteral("NommeAlarmeInactive"),
                          QStringLiteral("EcritRetard 10")}));
@@ -134,9 +134,9 @@ TEST_F(Camera, StopTakesTheLostSignalAway) {
   DemarreSurNoir();
   Pilote.Perdu = true;
   Tic();
-  EXPECT_TRUE(Affichage.SignalPerdu);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kSignalPerdu);
   Engin.BasculeCamera();
-  EXPECT_FALSE(Affichage.SignalPerdu);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
 }
 
 TEST_F(Camera, StopNamesTheAlarmInactiveInTheColourThatStands) {

@@ -22,7 +22,7 @@ TEST_F(Tick, DoesItsStepsInOrder) {
   Journal.Ecoute();
   Tic();
   EXPECT_EQ(Journal.Lignes(), (QStringList{QStringLiteral("CopiePleinEcran"), QStringLiteral("SaisitImage"),
-                                           QStringLiteral("MontreSignalPerdu 0"), QStringLiteral("CopieImage"),
+                                           QStringLiteral("MontreAvis 0"), QStringLiteral("CopieImage"),
                                            QStringLiteral("MontreLibelleAlarme 0"), QStringLiteral("RafraichitVue"),
                                            QStringLiteral("MontreCompteurs 45"), QStringLiteral("MontreBarre 45"),
                                            QStringLiteral("MontreZoom"), QStringLiteral("RafraichitPleinEcran")}));
@@ -62,13 +62,13 @@ TEST_F(Tick, FailedGrabLetsTheEarlierFrameGoOn) {
 
 TEST_F(Tick, TellsALostSignalEachTime) {
   DemarreSurNoir();
-  EXPECT_FALSE(Affichage.SignalPerdu);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
   Pilote.Perdu = true;
   Tic();
-  EXPECT_TRUE(Affichage.SignalPerdu);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kSignalPerdu);
   Pilote.Perdu = false;
   Tic();
-  EXPECT_FALSE(Affichage.SignalPerdu);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
 }
 
 TEST_F(Tick, LostSignalRaisesNoAlarm) {
@@ -203,6 +203,39 @@ TEST_F(Tick, AnyOtherFailureIsSwallowedAndTheNextTickRuns) {
   EXPECT_NO_THROW(Tic());
   EXPECT_NO_THROW(Tic());
   EXPECT_EQ(Detection().NbrPoints, 20);
+}
+
+TEST_F(Tick, AnalysisThatFailsForMoreThanASecondIsTold) {
+  DemarreSurNoir();
+  Reglages.IntervalleFtp = QStringLiteral("ten");
+  for (int i = 0; i < 33; ++i) Tic();
+  Tic();  // the notice is told before the analysis
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
+  Pilote.Perdu = true;
+  Tic();
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kDetectionArretee);
+  Reglages.IntervalleFtp = QStringLiteral("10");
+  Tic();
+  Tic();
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kSignalPerdu);
+}
+
+TEST_F(Tick, FramesThatAreCountedInBetweenTakeTheFailuresBack) {
+  DemarreSurNoir();
+  for (int i = 0; i < 70; ++i) {
+    Reglages.IntervalleFtp = i % 33 == 32 ? QStringLiteral("10") : QStringLiteral("ten");
+    Tic();
+    ASSERT_EQ(Affichage.Avis, AvisMoniteur::kAucun) << i;
+  }
+}
+
+TEST_F(Tick, PhotosThatCannotBeWrittenAreNoEndOfTheDetection) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  Actions.PhotoEchoue = true;
+  for (int i = 0; i < 100; ++i) Trame(i % 2 == 0 ? AvecPoints(40) : Unie(0));
+  ASSERT_GT(Actions.Photos, 33);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
 }
 
 TEST_F(Tick, PictureOfAnotherSizeMovesTheZoneButItsTop) {

@@ -72,9 +72,9 @@ class AffichageFaux : public AffichageSurveillance {
     Note("MontreMoniteur");
     MoniteurVisible = true;
   }
-  void MontreSignalPerdu(bool perdu) override {
-    Note("MontreSignalPerdu", perdu ? 1 : 0);
-    SignalPerdu = perdu;
+  void MontreAvis(AvisMoniteur avis) override {
+    Note("MontreAvis", static_cast<qint32>(avis));
+    Avis = avis;
   }
 
   void ActiveBouton(qint32 index, bool actif) override {
@@ -121,7 +121,8 @@ class AffichageFaux : public AffichageSurveillance {
   std::optional<QRect> ZoomVisible;
   qint32 VuesEffacees = 0, VuesPixel = 0, Zooms = 0, PleinsEcrans = 0;
   std::function<void()> PendantCopie;  ///< runs inside CopiePleinEcran
-  bool MoniteurVisible = false, SignalPerdu = false;
+  bool MoniteurVisible = false;
+  AvisMoniteur Avis = AvisMoniteur::kAucun;
   std::array<bool, 3> Boutons{};
   std::optional<Lampe> LampeAlarme, LampeSurveillance;
   qint32 RetardEcrit = -1;

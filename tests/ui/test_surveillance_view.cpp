@@ -160,5 +160,17 @@ TEST(SurveillanceView, LostSignalIsWordsOverThePictureInTheCurrentLanguage) {
   EXPECT_TRUE(vue->Avis().isEmpty());
 }
 
+TEST(SurveillanceView, DetectionThatHasStoppedIsWordsOverThePictureToo) {
+  BancFenetre banc;
+  auto* vue = banc.Moniteur.findChild<VueCadre*>(QStringLiteral("Picture1"));
+  banc.Clique("Bouton(0)");
+  banc.Reglages.IntervalleFtp = QStringLiteral("ten");
+  for (int i = 0; i < 40; ++i) banc.Tic();
+  EXPECT_EQ(vue->Avis(), QStringLiteral("Detection stopped"));
+  banc.Reglages.LangueCourante = 0;
+  banc.Tic();
+  EXPECT_EQ(vue->Avis(), QStringLiteral("D\u00e9tection arr\u00eat\u00e9e"));
+}
+
 }  // namespace
 }  // namespace vaktor
