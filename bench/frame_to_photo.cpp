@@ -104,7 +104,7 @@ class SansFenetre : public AffichageSurveillance {
   void CopiePleinEcran() override {}
   void RafraichitPleinEcran() override {}
   void MontreMoniteur() override {}
-  void MontreSignalPerdu(bool) override {}
+  void MontreAvis(AvisMoniteur) override {}
   void ActiveBouton(qint32, bool) override {}
   void MontreLampeAlarme(Lampe) override {}
   void MontreLampeSurveillance(Lampe) override {}
