@@ -1,8 +1,8 @@
 #include "app/camera.h"
 
-#include "platform/capture/capture_memory.h"
-#include "platform/capture/gst_driver.h"
-#include "platform/capture/gst_start.h"
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/driver/gst_driver.h"
+#include "platform/capture/streams/gst_start.h"
 
 namespace vaktor {
 

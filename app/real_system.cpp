@@ -3,7 +3,7 @@
 #include "app/camera.h"
 #include "companions/contract/command_words.h"
 #include "platform/base/program_folders.h"
-#include "platform/capture/capture_memory.h"
+#include "platform/capture/choice/capture_memory.h"
 #include "platform/channel/local_channel.h"
 #include "platform/store/file_store.h"
 

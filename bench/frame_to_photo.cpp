@@ -23,8 +23,8 @@
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
 #include "platform/base/system_files.h"
-#include "platform/capture/capture_memory.h"
-#include "platform/capture/gst_driver.h"
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/driver/gst_driver.h"
 #include "platform/image/turbo_jpeg_encoder.h"
 
 namespace vaktor {

@@ -64,8 +64,8 @@ porte_nom() {
   [ "$2" = "${nom}usb-${appareil##*/}-$usb$rang" ]
 }
 
-# masque_adresse ADDRESS: as it may be shown, without its password. The same rules as platform/capture/address_mask.h;
-# a test holds them together.
+# masque_adresse ADDRESS: as it may be shown, without its password. The same rules as
+# platform/capture/choice/address_mask.h; a test holds them together.
 masque_adresse() {
   local adresse=$1 reste
   reste=${adresse#*://}
@@ -104,7 +104,7 @@ fichier_memoire() {
 }
 
 # lit_source FILE: the source that was chosen in the source dialog; nothing where none was, or in a damaged file, which
-# the program takes for an empty one too. The form of the file: platform/capture/capture_memory.h.
+# the program takes for an empty one too. The form of the file: platform/capture/choice/capture_memory.h.
 lit_source() {
   [ -f "$1" ] && [ -r "$1" ] || return 0
   decode_pourcents "$(awk '

@@ -5,8 +5,8 @@
 #include <QStringList>
 #include <functional>
 
-#include "platform/capture/device_access.h"
-#include "platform/capture/driver_commands.h"
+#include "platform/capture/devices/device_access.h"
+#include "platform/capture/dialogs/driver_commands.h"
 
 namespace vaktor {
 

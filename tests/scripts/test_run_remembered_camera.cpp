@@ -1,6 +1,6 @@
 // What was chosen in the source dialog counts for ./run too: a camera that it adds would beat it.
-#include "platform/capture/address_mask.h"
-#include "platform/capture/capture_memory.h"
+#include "platform/capture/choice/address_mask.h"
+#include "platform/capture/choice/capture_memory.h"
 #include "scripts/made_up_machine.h"
 
 namespace vaktor {

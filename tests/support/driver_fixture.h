@@ -9,8 +9,8 @@
 #include <memory>
 #include <set>
 
-#include "platform/capture/capture_memory.h"
-#include "platform/capture/gst_driver.h"
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/driver/gst_driver.h"
 
 namespace vaktor {
 

@@ -16,9 +16,9 @@
 #include <memory>
 
 #include "fakes/fake_driver_commands.h"
-#include "platform/capture/address_mask.h"
-#include "platform/capture/capture_memory.h"
-#include "platform/capture/source_dialog.h"
+#include "platform/capture/choice/address_mask.h"
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/dialogs/source_dialog.h"
 
 namespace vaktor {
 

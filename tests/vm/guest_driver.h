@@ -8,9 +8,9 @@
 #include <cstdio>
 #include <memory>
 
-#include "platform/capture/capture_memory.h"
-#include "platform/capture/gst_driver.h"
-#include "platform/capture/gst_start.h"
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/driver/gst_driver.h"
+#include "platform/capture/streams/gst_start.h"
 #include "vm/guest.h"
 
 namespace vaktor {

@@ -6,7 +6,7 @@
 #include <QDir>
 #include <QSet>
 
-#include "platform/capture/v4l2_device.h"
+#include "platform/capture/devices/v4l2_device.h"
 #include "vm/guest.h"
 
 namespace vaktor {

@@ -6,7 +6,7 @@
 
 #include <QTimer>
 
-#include "platform/capture/v4l2_device.h"
+#include "platform/capture/devices/v4l2_device.h"
 #include "vm/usb_fixture.h"
 
 namespace vaktor {

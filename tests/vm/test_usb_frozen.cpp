@@ -2,7 +2,7 @@
 // no signal and no time limit gets that thread back. Runs inside the virtual machine.
 #include <QTimer>
 
-#include "platform/capture/device_access.h"
+#include "platform/capture/devices/device_access.h"
 #include "vm/usb_fixture.h"
 
 namespace vaktor {

@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "platform/capture/v4l2_device.h"
+#include "platform/capture/devices/v4l2_device.h"
 #include "vm/guest_driver.h"
 
 namespace vaktor {

@@ -1,7 +1,7 @@
 // Whether every frame of the kernel's own test driver arrives at its fastest rate. Runs inside the virtual machine.
 #include <cmath>
 
-#include "platform/capture/v4l2_device.h"
+#include "platform/capture/devices/v4l2_device.h"
 #include "vm/guest_driver.h"
 
 namespace vaktor {

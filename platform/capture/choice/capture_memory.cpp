@@ -1,0 +1,118 @@
+// The capture driver's memory: read as a whole, checked line by line, written as a whole.
+#include "platform/capture/choice/capture_memory.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMap>
+#include <QRegularExpression>
+#include <QSaveFile>
+#include <QUrl>
+
+namespace vaktor {
+namespace {
+
+constexpr qint64 kTailleMax = 1 << 20;  // far more than anybody has cameras: beyond it the file is not ours
+
+struct Contenu {
+  QString Source;
+  QMap<QString, FormatCamera> Formats;
+};
+
+QByteArray CodeTexte(const QString& texte) { return QUrl::toPercentEncoding(texte, " /:@?&+,;!()#", "%=[]"); }
+QString DecodeTexte(const QString& texte) { return QUrl::fromPercentEncoding(texte.toUtf8()); }
+
+QString CodeFormat(const FormatCamera& f) {
+  const QString codage =
+      f.Codage.isEmpty() ? QStringLiteral("-") : QString::fromLatin1(QUrl::toPercentEncoding(f.Codage));
+  return QStringLiteral("%1 %2x%3 %4/%5").arg(codage).arg(f.Largeur).arg(f.Hauteur).arg(f.CadenceNum).arg(f.CadenceDen);
+}
+
+std::optional<FormatCamera> DecodeFormat(const QString& texte) {
+  static const QRegularExpression kForme(QStringLiteral(R"(^(\S{1,64}) (\d{1,5})x(\d{1,5}) (\d{1,9})/(\d{1,9})$)"));
+  const QRegularExpressionMatch m = kForme.match(texte);
+  if (!m.hasMatch()) return std::nullopt;
+  FormatCamera f;
+  if (m.captured(1) != QLatin1String("-")) f.Codage = DecodeTexte(m.captured(1));
+  f.Largeur = m.captured(2).toInt();
+  f.Hauteur = m.captured(3).toInt();
+  f.CadenceNum = m.captured(4).toInt();
+  f.CadenceDen = m.captured(5).toInt();
+  if (f.CadenceDen == 0) return std::nullopt;
+  return f;
+}
+
+/// Takes one line in. False: no line of ours, so the file is damaged.
+bool AjouteLigne(const QString& ligne, QString& section, Contenu& contenu) {
+  if (ligne.isEmpty()) return true;
+  if (ligne == QLatin1String("[Source]") || ligne == QLatin1String("[Formats]")) {
+    section = ligne;
+    return true;
+  }
+  if (section == QLatin1String("[Source]")) {
+    contenu.Source = DecodeTexte(ligne);
+    return true;
+  }
+  const qsizetype egal = ligne.indexOf(QLatin1Char('='));
+  if (section.isEmpty() || egal <= 0) return false;
+  const std::optional<FormatCamera> format = DecodeFormat(ligne.mid(egal + 1));
+  if (format) contenu.Formats.insert(DecodeTexte(ligne.left(egal)), *format);
+  return format.has_value();
+}
+
+Contenu LitContenu(const QString& fichier) {
+  QFile f(fichier);
+  if (!f.open(QIODevice::ReadOnly) || f.size() > kTailleMax) return {};
+  const QByteArray octets = f.read(kTailleMax);
+  const QString texte = QString::fromUtf8(octets);
+  if (octets.contains('\0') || texte.contains(QChar::ReplacementCharacter)) return {};
+  Contenu contenu;
+  QString section;
+  const QStringList lignes = texte.split(QLatin1Char('\n'));
+  for (const QString& ligne : lignes)
+    if (!AjouteLigne(ligne, section, contenu)) return {};
+  return contenu;
+}
+
+bool EcritContenu(const QString& fichier, const Contenu& contenu) {
+  QByteArray octets = "[Source]\n";
+  if (!contenu.Source.isEmpty()) octets += CodeTexte(contenu.Source) + '\n';
+  octets += "[Formats]\n";
+  for (auto it = contenu.Formats.cbegin(); it != contenu.Formats.cend(); ++it)
+    octets += CodeTexte(it.key()) + '=' + CodeFormat(it.value()).toUtf8() + '\n';
+
+  if (!QDir().mkpath(QFileInfo(fichier).absolutePath())) return false;
+  QSaveFile f(fichier);
+  if (!f.open(QIODevice::WriteOnly)) return false;
+  // Before the first byte: a file that was there with wider rights would hand them on to the new one.
+  if (!f.setPermissions(QFileDevice::ReadOwner | QFileDevice::WriteOwner)) return false;
+  return f.write(octets) == octets.size() && f.commit();
+}
+
+}  // namespace
+
+MemoireCapture::MemoireCapture(const QString& fichier) : Fichier_(fichier) {}
+
+QString MemoireCapture::Source() const { return LitContenu(Fichier_).Source; }
+
+bool MemoireCapture::RetientSource(const QString& source) {
+  Contenu contenu = LitContenu(Fichier_);
+  contenu.Source = source;
+  return EcritContenu(Fichier_, contenu);
+}
+
+std::optional<FormatCamera> MemoireCapture::Format(const QString& nomStable) const {
+  const Contenu contenu = LitContenu(Fichier_);
+  const auto it = contenu.Formats.constFind(nomStable);
+  if (it == contenu.Formats.cend()) return std::nullopt;
+  return it.value();
+}
+
+bool MemoireCapture::RetientFormat(const QString& nomStable, const FormatCamera& format) {
+  if (nomStable.isEmpty()) return false;
+  Contenu contenu = LitContenu(Fichier_);
+  contenu.Formats.insert(nomStable, format);
+  return EcritContenu(Fichier_, contenu);
+}
+
+}  // namespace vaktor

@@ -1,0 +1,80 @@
+#include "platform/capture/choice/named_source.h"
+
+#include <QFileInfo>
+#include <QUrl>
+#include <array>
+
+#include "platform/capture/choice/address_mask.h"
+
+namespace vaktor {
+namespace {
+
+constexpr std::array kSchemasReseau = {"rtsp://", "rtsps://", "http://", "https://"};
+
+// The parts of an address around its credentials. By hand and not through QUrl: users type passwords with characters
+// that make QUrl refuse the address or find another host, and then the password would be shown as part of a path.
+struct Decoupe {
+  QString Schema;  // with "://"
+  QString Acces;   // user:password, without "@"
+  QString Reste;   // host, path, query
+};
+
+Decoupe CoupeAdresse(const QString& adresse) {
+  const qsizetype debut = adresse.indexOf(QLatin1String("://")) + 3;
+  const QString suite = adresse.mid(debut);
+  const qsizetype requete = suite.indexOf(QLatin1Char('?'));
+  const qsizetype arobase = suite.left(requete < 0 ? suite.size() : requete).lastIndexOf(QLatin1Char('@'));
+  if (arobase < 0) return {adresse.left(debut), {}, suite};
+  return {adresse.left(debut), suite.left(arobase), suite.mid(arobase + 1)};
+}
+
+SourceCapture SourceReseau(const QString& texte) {
+  const Decoupe decoupe = CoupeAdresse(texte);
+  const qsizetype deuxPoints = decoupe.Acces.indexOf(QLatin1Char(':'));
+  const QString utilisateur = deuxPoints < 0 ? decoupe.Acces : decoupe.Acces.left(deuxPoints);
+  SourceCapture source;
+  source.Genre = GenreSource::kReseau;
+  source.Lieu = decoupe.Schema.toLower() + decoupe.Reste;
+  source.Utilisateur = QUrl::fromPercentEncoding(utilisateur.toUtf8());
+  if (deuxPoints >= 0) source.MotDePasse = QUrl::fromPercentEncoding(decoupe.Acces.mid(deuxPoints + 1).toUtf8());
+  source.Description = MasqueAdresse(texte);
+  return source;
+}
+
+bool EstReseau(const QString& texte) {
+  for (const char* schema : kSchemasReseau) {
+    if (texte.startsWith(QLatin1String(schema), Qt::CaseInsensitive)) return true;
+  }
+  return false;
+}
+
+// A stable name is a link below /dev or has parts set apart by bars. A name of another kind without folder and suffix
+// is more likely a device that the user calls so than a film.
+bool RessembleAUnNomStable(const QString& texte) {
+  if (texte.contains(QLatin1Char('|'))) return true;
+  return !texte.contains(QLatin1Char('/')) && QFileInfo(texte).suffix().isEmpty();
+}
+
+}  // namespace
+
+SourceCapture ComprendSource(const QString& texte) {
+  if (EstReseau(texte)) return SourceReseau(texte);
+  SourceCapture source;
+  source.Lieu = texte;
+  source.Description = texte;
+  if (texte.compare(QLatin1String("test"), Qt::CaseInsensitive) == 0) {
+    source.Genre = GenreSource::kTest;
+    source.Lieu.clear();
+    source.Description = QStringLiteral("test");
+  } else if (texte.startsWith(QLatin1String("file://"), Qt::CaseInsensitive)) {
+    source.Genre = GenreSource::kFichier;
+    source.Lieu = source.Description = QUrl(texte).toLocalFile();
+  } else if (texte.isEmpty() || texte.startsWith(QLatin1String("/dev/"))) {
+    source.Genre = GenreSource::kPeripherique;
+  } else if (QFileInfo(texte).isFile() || !RessembleAUnNomStable(texte)) {
+    source.Genre = GenreSource::kFichier;
+  }
+  return source;
+}
+
+}  // namespace vaktor

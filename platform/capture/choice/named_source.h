@@ -1,0 +1,26 @@
+// What a text that names a source means: a device, an address, a video file, the test picture.
+#pragma once
+
+#include <QString>
+
+namespace vaktor {
+
+/// Kinds of sources that a driver can be given.
+enum class GenreSource { kPeripherique, kReseau, kFichier, kTest };
+
+struct SourceCapture {
+  GenreSource Genre = GenreSource::kPeripherique;
+  /// kPeripherique: node path or stable name, empty for the first capture driver. kReseau: the address without the
+  /// credentials of its authority. kFichier: the path. kTest: empty.
+  QString Lieu;
+  QString Utilisateur;  ///< kReseau: percent-decoded, may be empty
+  QString MotDePasse;   ///< kReseau: percent-decoded; goes to the network element and nowhere else
+  QString Description;  ///< as the user would name it, secrets taken out
+};
+
+/// "": the first capture driver; "test"; "rtsp://", "rtsps://", "http://", "https://" addresses; "file://" addresses;
+/// a path below /dev is a device; an existing ordinary file is a file; a text without a slash and without a suffix is
+/// the stable name of a device; anything else is taken for a file. Schemes in any letter case.
+SourceCapture ComprendSource(const QString& texte);
+
+}  // namespace vaktor

@@ -1,0 +1,144 @@
+// What a camera offers: codings, sizes, rates.
+#include <linux/videodev2.h>
+
+#include <algorithm>
+#include <array>
+#include <tuple>
+
+#include "platform/capture/devices/v4l2_device.h"
+#include "platform/capture/devices/v4l2_node.h"
+
+namespace vaktor {
+namespace {
+
+constexpr quint32 kEnumerationMax = 256;  // a driver that never says "no more" must not hold us for ever
+constexpr std::array<quint32, 9> kCadencesCourantes = {60, 50, 30, 25, 20, 15, 10, 5, 1};
+constexpr quint32 kGrosBoutiste = 1U << 31;  // V4L2_PIX_FMT_FLAG_BE is not in every header
+
+struct Taille {
+  quint32 Largeur;
+  quint32 Hauteur;
+};
+
+QString TexteCodage(quint32 code) {
+  QString texte;
+  for (const int decalage : {0, 8, 16, 24}) {
+    const auto octet = static_cast<uchar>(((code & ~kGrosBoutiste) >> decalage) & 0xFFU);
+    texte += octet >= 0x20 && octet < 0x7F ? QLatin1Char(static_cast<char>(octet)) : QLatin1Char('?');
+  }
+  texte = texte.trimmed();
+  if ((code & kGrosBoutiste) != 0) texte += QLatin1String("-BE");
+  return texte;
+}
+
+bool EstDansPas(quint32 valeur, quint32 minimum, quint32 maximum, quint32 pas) {
+  return valeur >= minimum && valeur <= maximum && (pas <= 1 || (valeur - minimum) % pas == 0);
+}
+
+/// The common sizes that lie in a range, and its largest one, which may be none of them.
+QList<Taille> DeplieTailles(const v4l2_frmsize_stepwise& etendue) {
+  QList<Taille> tailles;
+  for (const TailleCourante& t : TaillesCourantes()) {
+    const Taille taille = {static_cast<quint32>(t.Largeur), static_cast<quint32>(t.Hauteur)};
+    if (EstDansPas(taille.Largeur, etendue.min_width, etendue.max_width, etendue.step_width) &&
+        EstDansPas(taille.Hauteur, etendue.min_height, etendue.max_height, etendue.step_height))
+      tailles.append(taille);
+  }
+  tailles.append({etendue.max_width, etendue.max_height});
+  return tailles;
+}
+
+QList<Taille> ListeTailles(const NoeudV4L2& noeud, quint32 type, quint32 code) {
+  QList<Taille> tailles;
+  for (quint32 i = 0; i < kEnumerationMax; ++i) {
+    v4l2_frmsizeenum demande = {};
+    demande.index = i;
+    demande.pixel_format = code;
+    if (!noeud.Demande(VIDIOC_ENUM_FRAMESIZES, &demande)) break;
+    // Stepwise or continuous: told once, as a range (of step 1 when continuous).
+    if (demande.type != V4L2_FRMSIZE_TYPE_DISCRETE) return DeplieTailles(demande.stepwise);
+    tailles.append({demande.discrete.width, demande.discrete.height});
+  }
+  if (!tailles.isEmpty()) return tailles;
+  // A driver without a list has one size, the one it stands at.
+  v4l2_format courant = {};
+  courant.type = type;
+  if (!noeud.Demande(VIDIOC_G_FMT, &courant)) return {};
+  if (type == V4L2_BUF_TYPE_VIDEO_CAPTURE) return {{courant.fmt.pix.width, courant.fmt.pix.height}};
+  return {{courant.fmt.pix_mp.width, courant.fmt.pix_mp.height}};
+}
+
+/// Rates come as the time between two frames, so they are turned over here.
+FormatCamera MetCadence(FormatCamera format, quint32 images, quint32 secondes) {
+  constexpr quint32 kMax = 999'999'999;
+  if (images == 0 || secondes == 0 || images > kMax || secondes > kMax) return format;
+  format.CadenceNum = static_cast<int>(images);
+  format.CadenceDen = static_cast<int>(secondes);
+  return format;
+}
+
+/// The common rates that lie in a range of intervals; its two ends too, so that a range between them is not lost.
+QList<FormatCamera> DeplieCadences(const FormatCamera& format, const v4l2_frmival_stepwise& etendue) {
+  QList<FormatCamera> formats;
+  const auto rend = [](const v4l2_fract& f) { return f.denominator == 0 ? 0.0 : double(f.numerator) / f.denominator; };
+  formats.append(MetCadence(format, etendue.min.denominator, etendue.min.numerator));
+  for (const quint32 cadence : kCadencesCourantes)
+    if (1.0 / cadence > rend(etendue.min) && 1.0 / cadence < rend(etendue.max))
+      formats.append(MetCadence(format, cadence, 1));
+  return formats;
+}
+
+QList<FormatCamera> ListeCadences(const NoeudV4L2& noeud, quint32 code, const FormatCamera& format) {
+  QList<FormatCamera> formats;
+  for (quint32 i = 0; i < kEnumerationMax; ++i) {
+    v4l2_frmivalenum demande = {};
+    demande.index = i;
+    demande.pixel_format = code;
+    demande.width = static_cast<quint32>(format.Largeur);
+    demande.height = static_cast<quint32>(format.Hauteur);
+    if (!noeud.Demande(VIDIOC_ENUM_FRAMEINTERVALS, &demande)) break;
+    if (demande.type != V4L2_FRMIVAL_TYPE_DISCRETE) return DeplieCadences(format, demande.stepwise);
+    formats.append(MetCadence(format, demande.discrete.denominator, demande.discrete.numerator));
+  }
+  return formats.isEmpty() ? QList<FormatCamera>{format} : formats;
+}
+
+void AjouteCodage(const NoeudV4L2& noeud, quint32 type, quint32 code, QList<FormatCamera>& formats) {
+  QList<FormatCamera> duCodage;
+  for (const Taille& taille : ListeTailles(noeud, type, code)) {
+    constexpr quint32 kCoteMax = 32'768;
+    if (taille.Largeur == 0 || taille.Hauteur == 0 || taille.Largeur > kCoteMax || taille.Hauteur > kCoteMax) continue;
+    FormatCamera format;
+    format.Codage = TexteCodage(code);
+    format.Largeur = static_cast<int>(taille.Largeur);
+    format.Hauteur = static_cast<int>(taille.Hauteur);
+    for (const FormatCamera& avecCadence : ListeCadences(noeud, code, format))
+      if (!duCodage.contains(avecCadence)) duCodage.append(avecCadence);
+  }
+  std::stable_sort(duCodage.begin(), duCodage.end(), [](const FormatCamera& a, const FormatCamera& b) {
+    const auto cle = [](const FormatCamera& f) {
+      return std::make_tuple(qint64{f.Largeur} * f.Hauteur, f.Largeur, f.ImagesParSeconde());
+    };
+    return cle(a) > cle(b);
+  });
+  formats += duCodage;
+}
+
+}  // namespace
+
+QList<FormatCamera> ListeFormats(const QString& chemin) {
+  const NoeudV4L2 noeud(chemin);
+  const quint32 type = noeud.TypeTampon();
+  QList<FormatCamera> formats;
+  if (type == 0) return formats;
+  for (quint32 i = 0; i < kEnumerationMax; ++i) {
+    v4l2_fmtdesc description = {};
+    description.index = i;
+    description.type = type;
+    if (!noeud.Demande(VIDIOC_ENUM_FMT, &description)) break;
+    AjouteCodage(noeud, type, description.pixelformat, formats);
+  }
+  return formats;
+}
+
+}  // namespace vaktor

@@ -1,0 +1,87 @@
+// The words of the capture driver's dialogs, French and English, all in one place.
+#pragma once
+
+#include <QString>
+
+#include "platform/capture/choice/camera_format.h"
+
+namespace vaktor {
+
+enum class TexteDialogue {
+  kTitreFormat,
+  kTitreSource,
+  kFormatCourant,  ///< %1: source, %2: format
+  kCodage,
+  kTaille,
+  kCadence,
+  kCadenceLibre,  ///< the camera picks the rate itself
+  kTropGrand,     ///< mark in the list
+  kConseille,     ///< mark in the list
+  kRemarqueTropGrand,
+  kRemarqueToutTropGrand,  ///< no size of the camera fits
+  kFormatReseau,           ///< %1: size
+  kFormatFichier,          ///< %1: size
+  kFormatTest,             ///< %1: size
+  kTailleInconnue,
+  kAucunFormat,
+  kApplique,
+  kOk,
+  kAnnule,
+  kFerme,
+  kUnInstant,
+  kFormatApplique,
+  kFormatRefuse,
+  kNonRetenu,  ///< it holds for this run, but could not be remembered
+  kGroupeSource,
+  kListeSources,
+  kAucuneCamera,
+  kImageEssai,
+  kAdresseOuFichier,
+  kEnService,  ///< mark of the source at work
+  kAdresse,
+  kAdresseExemple,
+  kParcourt,
+  kChoisitFichier,
+  kFiltreVideo,
+  kTousFichiers,
+  kUtilise,
+  kActualise,
+  kSourceChangee,     ///< %1: source
+  kSourceTropGrande,  ///< %1: source, %2: size
+  kSourceRefusee,     ///< %1: source
+  kAdresseVide,
+  kMotDePasseMasque,
+  kGroupeReglages,
+  kDefauts,
+  kReglagesReseau,
+  kReglagesFichier,
+  kReglagesTest,
+  kAucunReglage,
+  kPeripheriqueMuet,  ///< %1: node
+  kReglageRefuse,     ///< %1: name of the control
+  kDefautsRemis,
+  kDefautsRefuses,
+  kDossier,
+  kNomFichier,
+  kGenreFichiers,
+  kOuvre,
+  kNombre  ///< how many there are
+};
+
+/// By language, as base/language.h tells.
+QString TexteDe(TexteDialogue texte, qint32 langue);
+
+/// "640 x 480" with the proper sign.
+QString TexteTaille(const FormatCamera& format);
+/// "30 images/s", "7.5 frames/s"; for an unknown rate the words of kCadenceLibre.
+QString TexteCadence(const FormatCamera& format, qint32 langue);
+/// A coding with what it means: "MJPG - ..." ; one that is not known is shown by its code alone.
+QString TexteCodage(const QString& codage, qint32 langue);
+/// All three.
+QString TexteFormat(const FormatCamera& format, qint32 langue);
+
+/// Linux names controls and their choices in English only. The common ones are known here; others stay as they are.
+QString NomReglage(quint32 numero, const QString& nom, qint32 langue);
+QString NomChoix(const QString& choix, qint32 langue);
+
+}  // namespace vaktor

@@ -1,0 +1,313 @@
+// The source dialog: above the sources and an address, below the controls of the camera at work.
+#include "platform/capture/dialogs/source_dialog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "platform/capture/choice/address_mask.h"
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/devices/device_access.h"
+#include "platform/capture/dialogs/controls_panel.h"
+#include "platform/capture/dialogs/dialog_texts.h"
+#include "platform/capture/dialogs/driver_commands.h"
+#include "platform/capture/dialogs/message_strip.h"
+
+namespace vaktor {
+namespace {
+
+const auto kTest = QStringLiteral("test");
+const auto kSaisie = QStringLiteral("?");   // the list's entry for what is typed into the field
+constexpr int kRoleNom = Qt::UserRole + 1;  // an entry's name for people; empty: its source tells
+
+bool EstLieu(const QString& source) {  // an address or a file, not a device's stable name
+  return source.contains(QLatin1String("://")) ||
+         (source.startsWith(QLatin1Char('/')) && !source.startsWith(QLatin1String("/dev/")));
+}
+
+}  // namespace
+
+DialogueSource::DialogueSource(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+                               AccesPeripheriques& acces)
+    : QDialog(parent), Langue_(langue), Pilote_(pilote), Memoire_(memoire), Acces_(acces) {
+  setObjectName(QStringLiteral("DialogueSource"));
+  setWindowTitle(TexteDe(TexteDialogue::kTitreSource, langue));
+  setAccessibleName(windowTitle());
+  auto* colonne = new QVBoxLayout(this);
+  colonne->setContentsMargins(16, 14, 16, 12);
+  colonne->setSpacing(10);
+  Etat_ = new BandeauMessage(QStringLiteral("LblEtatSource"), this);
+  ConstruitSource(*colonne);
+  ConstruitReglages(*colonne);
+  ConstruitPied(*colonne);
+  RemplitSources();
+  MontreReglages();
+  resize(600, 620);
+}
+
+QPushButton* DialogueSource::FaitBouton(int texte, const char* nom) {
+  const QString legende = TexteDe(static_cast<TexteDialogue>(texte), Langue_);
+  auto* bouton = new QPushButton(legende, this);
+  bouton->setObjectName(QLatin1String(nom));
+  bouton->setAccessibleName(QString(legende).remove(QLatin1Char('&')));
+  bouton->setAutoDefault(false);
+  return bouton;
+}
+
+void DialogueSource::ConstruitSource(QVBoxLayout& colonne) {
+  auto* groupe = new QGroupBox(TexteDe(TexteDialogue::kGroupeSource, Langue_), this);
+  groupe->setObjectName(QStringLiteral("GroupeSource"));
+  auto* dedans = new QVBoxLayout(groupe);
+  Sources_ = new QListWidget(groupe);
+  Sources_->setObjectName(QStringLiteral("ListeSources"));
+  Sources_->setAccessibleName(TexteDe(TexteDialogue::kListeSources, Langue_).remove(QLatin1Char('&')));
+  Sources_->setAlternatingRowColors(true);
+  Sources_->setFixedHeight(5 * (Sources_->fontMetrics().height() + 6));
+  dedans->addWidget(Sources_);
+  ConstruitAdresse(*dedans);
+
+  auto* rangee = new QHBoxLayout;
+  QPushButton* actualiser = FaitBouton(int(TexteDialogue::kActualise), "BtnActualiser");
+  Utiliser_ = FaitBouton(int(TexteDialogue::kUtilise), "BtnUtiliser");
+  rangee->addWidget(actualiser);
+  rangee->addStretch(1);
+  rangee->addWidget(Utiliser_);
+  dedans->addLayout(rangee);
+  colonne.addWidget(groupe);
+
+  connect(Sources_, &QListWidget::currentRowChanged, this, &DialogueSource::SuitChoix);
+  connect(Sources_, &QListWidget::itemDoubleClicked, this, &DialogueSource::Utilise);
+  connect(actualiser, &QPushButton::clicked, this, [this] {
+    Etat_->Efface();
+    RemplitSources();
+    MontreReglages();
+  });
+  connect(Utiliser_, &QPushButton::clicked, this, &DialogueSource::Utilise);
+}
+
+void DialogueSource::ConstruitAdresse(QVBoxLayout& colonne) {
+  const QString legende = TexteDe(TexteDialogue::kAdresse, Langue_);
+  auto* rangee = new QHBoxLayout;
+  auto* etiquette = new QLabel(legende, this);
+  Adresse_ = new QLineEdit(this);
+  Adresse_->setObjectName(QStringLiteral("TxtAdresse"));
+  Adresse_->setAccessibleName(QString(legende).remove(QLatin1Char('&')));
+  Adresse_->setPlaceholderText(TexteDe(TexteDialogue::kAdresseExemple, Langue_));
+  if (EstLieu(Memoire_.Source())) Adresse_->setText(MasqueAdresse(Memoire_.Source()));
+  etiquette->setBuddy(Adresse_);
+  Parcourir_ = FaitBouton(int(TexteDialogue::kParcourt), "BtnParcourir");
+  rangee->addWidget(etiquette);
+  rangee->addWidget(Adresse_, 1);
+  rangee->addWidget(Parcourir_);
+  colonne.addLayout(rangee);
+  // Who writes an address means it.
+  connect(Adresse_, &QLineEdit::textEdited, this, [this] { Sources_->setCurrentRow(Sources_->count() - 1); });
+  connect(Adresse_, &QLineEdit::returnPressed, this, &DialogueSource::Utilise);
+  connect(Parcourir_, &QPushButton::clicked, this, &DialogueSource::Parcourt);
+}
+
+void DialogueSource::ConstruitReglages(QVBoxLayout& colonne) {
+  auto* groupe = new QGroupBox(TexteDe(TexteDialogue::kGroupeReglages, Langue_), this);
+  groupe->setObjectName(QStringLiteral("GroupeReglages"));
+  auto* dedans = new QVBoxLayout(groupe);
+  Cadre_ = new QScrollArea(groupe);
+  Cadre_->setObjectName(QStringLiteral("CadreReglages"));
+  Cadre_->setWidgetResizable(true);
+  Cadre_->setFrameShape(QFrame::NoFrame);
+  Cadre_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  Defauts_ = FaitBouton(int(TexteDialogue::kDefauts), "BtnDefauts");
+  dedans->addWidget(Cadre_, 1);
+  dedans->addWidget(Defauts_, 0, Qt::AlignRight);
+  colonne.addWidget(groupe, 1);
+  connect(Defauts_, &QPushButton::clicked, this, &DialogueSource::RemetDefauts);
+}
+
+void DialogueSource::ConstruitPied(QVBoxLayout& colonne) {
+  colonne.addWidget(Etat_);
+  QPushButton* fermer = FaitBouton(int(TexteDialogue::kFerme), "BtnFermerSource");
+  colonne.addWidget(fermer, 0, Qt::AlignRight);
+  connect(fermer, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void DialogueSource::AjouteSource(const QString& nom, const QString& texte, const QString& source, bool enService) {
+  QString ligne = texte;
+  if (enService) ligne += QStringLiteral("   - ") + TexteDe(TexteDialogue::kEnService, Langue_);
+  auto* element = new QListWidgetItem(ligne, Sources_);
+  element->setData(Qt::UserRole, source);
+  element->setData(kRoleNom, nom);
+  if (!enService) return;
+  QFont gras = element->font();
+  gras.setBold(true);
+  element->setFont(gras);
+  Sources_->setCurrentItem(element);
+}
+
+void DialogueSource::AjouteRemarque(const QString& texte) {
+  auto* element = new QListWidgetItem(texte, Sources_);
+  element->setFlags(Qt::NoItemFlags);
+}
+
+void DialogueSource::RemplitSources() {
+  // Asked before the list is emptied: the wait for a device that does not answer may be seen.
+  const QList<PeripheriqueVideo> peripheriques = Acces_.Peripheriques();
+  const QStringList muets = Acces_.Muets();
+  const GenreSource genre = Pilote_.Genre();
+  Sources_->clear();
+  for (const PeripheriqueVideo& p : peripheriques) {
+    const bool enService = genre == GenreSource::kPeripherique && p.Noeud == Pilote_.NoeudPeripherique();
+    AjouteSource(p.Nom, QStringLiteral("%1   (%2)").arg(p.Nom, p.Noeud), p.NomStable, enService);
+  }
+  for (const QString& noeud : muets) AjouteRemarque(TexteDe(TexteDialogue::kPeripheriqueMuet, Langue_).arg(noeud));
+  if (peripheriques.isEmpty() && muets.isEmpty()) AjouteRemarque(TexteDe(TexteDialogue::kAucuneCamera, Langue_));
+  const QString essai = TexteDe(TexteDialogue::kImageEssai, Langue_);
+  AjouteSource(essai, essai, kTest, genre == GenreSource::kTest);
+  const bool saisie = genre == GenreSource::kReseau || genre == GenreSource::kFichier;
+  QString texte = TexteDe(TexteDialogue::kAdresseOuFichier, Langue_);
+  if (saisie) texte += QStringLiteral(" : ") + MasqueAdresse(Pilote_.DescriptionSource());
+  AjouteSource(QString(), texte, kSaisie, saisie);
+  if (Sources_->currentItem() == nullptr) Sources_->setCurrentRow(0);
+  SuitChoix();
+}
+
+void DialogueSource::SuitChoix() {
+  const QListWidgetItem* element = Sources_->currentItem();
+  Utiliser_->setEnabled(element != nullptr && (element->flags() & Qt::ItemIsEnabled) != 0);
+}
+
+void DialogueSource::MontreReglages() {
+  Panneau_ = nullptr;
+  if (Pilote_.Genre() == GenreSource::kPeripherique) {
+    auto* panneau = new PanneauReglages(nullptr, Langue_, Acces_, Pilote_.NoeudPeripherique());
+    if (panneau->EstVide())
+      delete panneau;
+    else
+      Panneau_ = panneau;
+  }
+  Defauts_->setEnabled(Panneau_ != nullptr);
+  if (Panneau_ == nullptr) {
+    auto* texte = new QLabel(TexteSansReglages());
+    texte->setObjectName(QStringLiteral("LblSansReglages"));
+    texte->setWordWrap(true);
+    texte->setTextFormat(Qt::PlainText);
+    texte->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    Cadre_->setWidget(texte);
+    return;
+  }
+  Cadre_->setWidget(Panneau_);
+  connect(Panneau_, &PanneauReglages::RegleFait, Etat_, &BandeauMessage::Efface);
+  connect(Panneau_, &PanneauReglages::RegleRefuse, this, [this](const QString& nom) {
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kReglageRefuse, Langue_).arg(nom));
+  });
+}
+
+QString DialogueSource::TexteSansReglages() const {
+  switch (Pilote_.Genre()) {
+    case GenreSource::kReseau:
+      return TexteDe(TexteDialogue::kReglagesReseau, Langue_);
+    case GenreSource::kFichier:
+      return TexteDe(TexteDialogue::kReglagesFichier, Langue_);
+    case GenreSource::kTest:
+      return TexteDe(TexteDialogue::kReglagesTest, Langue_);
+    case GenreSource::kPeripherique:
+      break;
+  }
+  const QString noeud = Pilote_.NoeudPeripherique();
+  if (Acces_.Muets().contains(noeud)) return TexteDe(TexteDialogue::kPeripheriqueMuet, Langue_).arg(noeud);
+  return TexteDe(TexteDialogue::kAucunReglage, Langue_);
+}
+
+void DialogueSource::Parcourt() {
+  const auto texte = [this](TexteDialogue t) { return TexteDe(t, Langue_); };
+  QFileDialog dialogue(this, texte(TexteDialogue::kChoisitFichier));
+  dialogue.setObjectName(QStringLiteral("DialogueFichier"));
+  dialogue.setFileMode(QFileDialog::ExistingFile);
+  dialogue.setNameFilters({texte(TexteDialogue::kFiltreVideo) +
+                               QStringLiteral(" (*.avi *.mp4 *.mkv *.webm *.mov *.mpg *.mpeg *.ogv *.m4v *.ts *.wmv)"),
+                           texte(TexteDialogue::kTousFichiers) + QStringLiteral(" (*)")});
+  dialogue.setLabelText(QFileDialog::LookIn, texte(TexteDialogue::kDossier));
+  dialogue.setLabelText(QFileDialog::FileName, texte(TexteDialogue::kNomFichier));
+  dialogue.setLabelText(QFileDialog::FileType, texte(TexteDialogue::kGenreFichiers));
+  dialogue.setLabelText(QFileDialog::Accept, texte(TexteDialogue::kOuvre));
+  dialogue.setLabelText(QFileDialog::Reject, texte(TexteDialogue::kAnnule));
+  if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return;
+  Adresse_->setText(dialogue.selectedFiles().constFirst());
+  Sources_->setCurrentRow(Sources_->count() - 1);
+}
+
+QString DialogueSource::CompleteSaisie(const QString& saisie) const {
+  if (saisie.contains(QLatin1String("://")) || saisie == kTest) return saisie;
+  QString chemin = saisie;
+  if (chemin.startsWith(QLatin1String("~/"))) chemin.replace(0, 1, QDir::homePath());
+  // Remembered, it must still lead there when the program is started from another folder.
+  chemin = QFileInfo(chemin).absoluteFilePath();
+  const QList<PeripheriqueVideo> peripheriques = Acces_.Peripheriques();
+  for (const PeripheriqueVideo& p : peripheriques)
+    if (p.Noeud == chemin) return p.NomStable;
+  return chemin;
+}
+
+QString DialogueSource::SourceChoisie() {
+  const QListWidgetItem* element = Sources_->currentItem();
+  QString source = element == nullptr ? QString() : element->data(Qt::UserRole).toString();
+  if (source != kSaisie) return source;
+  const QString saisie = Adresse_->text().trimmed();
+  if (saisie.isEmpty()) {
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kAdresseVide, Langue_));
+    Adresse_->setFocus();
+    return {};
+  }
+  if (!saisie.contains(MarqueMotDePasse())) return CompleteSaisie(saisie);
+  // The field shows the remembered address without its password. Only that very address gets its password back: not
+  // one where a letter was changed, which could hand it to another machine.
+  if (saisie == MasqueAdresse(Memoire_.Source())) return Memoire_.Source();
+  Etat_->MontreErreur(TexteDe(TexteDialogue::kMotDePasseMasque, Langue_));
+  Adresse_->setFocus();
+  return {};
+}
+
+void DialogueSource::Utilise() {
+  const QString source = SourceChoisie();
+  if (source.isEmpty()) return;
+  QString nom = Sources_->currentItem()->data(kRoleNom).toString();
+  if (nom.isEmpty()) nom = MasqueAdresse(source);
+  Etat_->MontreAttente(TexteDe(TexteDialogue::kUnInstant, Langue_));
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const bool fait = Pilote_.ChangeSource(source);
+  QApplication::restoreOverrideCursor();
+  if (!fait) {
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kSourceRefusee, Langue_).arg(nom));
+    return;
+  }
+  const bool retenu = Memoire_.RetientSource(source);
+  // From now on the password of a typed address is known and need not stand on the screen.
+  if (retenu && EstLieu(source)) Adresse_->setText(MasqueAdresse(source));
+  RemplitSources();
+  MontreReglages();
+  const QString venue = NomPourGens(Acces_, Pilote_.NoeudPeripherique(), MasqueAdresse(Pilote_.DescriptionSource()));
+  const FormatCamera format = Pilote_.FormatCourant();
+  if (!retenu)
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kNonRetenu, Langue_));
+  else if (FormatTropGrand(format))
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kSourceTropGrande, Langue_).arg(venue, TexteTaille(format)));
+  else
+    Etat_->MontreReussite(TexteDe(TexteDialogue::kSourceChangee, Langue_).arg(venue));
+}
+
+void DialogueSource::RemetDefauts() {
+  if (Panneau_ == nullptr) return;
+  if (Panneau_->RemetDefauts())
+    Etat_->MontreReussite(TexteDe(TexteDialogue::kDefautsRemis, Langue_));
+  else
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kDefautsRefuses, Langue_));
+}
+
+}  // namespace vaktor

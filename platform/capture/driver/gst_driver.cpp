@@ -1,0 +1,175 @@
+#include "platform/capture/driver/gst_driver.h"
+
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/dialogs/driver_dialogs.h"
+#include "platform/widgets/live_wait.h"
+
+namespace vaktor {
+namespace {
+
+using std::chrono::milliseconds;
+
+// A camera of ten frames a second must not be missed by a hair, again and again: each miss is an analysis for nothing.
+constexpr milliseconds kAttenteImage{110};
+constexpr milliseconds kLimiteConnexion{5000};
+constexpr milliseconds kLimiteArret{300};      // of what the window may feel
+constexpr milliseconds kLimitePartants{2000};  // before a device that may still be held is opened again
+
+}  // namespace
+
+PiloteGStreamer::PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<qint32()> langue,
+                                 QWidget* parent)
+    : Ou_(ou), Memoire_(memoire), Langue_(std::move(langue)), Parent_(parent) {}
+
+PiloteGStreamer::~PiloteGStreamer() {
+  PiloteGStreamer::Deconnecte();
+  AttendLesPartants(kLimitePartants);
+}
+
+bool PiloteGStreamer::Connecte() {
+  Image_ = ImageCamera();
+  return Ouvre(DemandeVoulue());
+}
+
+// A remembered device that is not there leaves its place to the first one that is; an address or a file does not.
+SessionCapture::Demande PiloteGStreamer::DemandeVoulue() const {
+  SessionCapture::Demande demande = DemandeDe(ComprendSource(Ou_.isEmpty() ? Memoire_.Source() : Ou_));
+  demande.OuLePremier = Ou_.isEmpty();
+  return demande;
+}
+
+SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) const {
+  SessionCapture::Demande demande;
+  demande.Source = source;
+  // A copy: the session may outlive the driver where the system hangs.
+  demande.FormatRetenu = [memoire = Memoire_](const QString& nomStable) {
+    return memoire.Format(nomStable).value_or(FormatCamera());
+  };
+  return demande;
+}
+
+// The window lives while it waits, so that anything may happen in between, a closing of the program for one: what is
+// true is looked at afterwards, and an opening that somebody has overtaken touches nothing more.
+bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande) {
+  LaissePartir();
+  const quint64 tour = ++Tour_;
+  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, kLimitePartants);
+  if (tour != Tour_) return false;
+  Source_ = demande.Source;
+  Numero_ = 0;
+  const bool persiste = demande.Persiste;
+  const std::shared_ptr<SessionCapture> session = SessionCapture::Lance(std::move(demande));
+  Session_ = session;
+  AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); }, kLimiteConnexion);
+  if (tour != Tour_) return false;
+  if (session->DonneDesImages()) return true;
+  if (persiste) return false;
+  LaissePartir();
+  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, kLimitePartants);
+  return false;
+}
+
+void PiloteGStreamer::Deconnecte() {
+  ++Tour_;
+  LaissePartir();
+  AttendLesPartants(kLimiteArret);
+}
+
+void PiloteGStreamer::LaissePartir() {
+  if (!Session_) return;
+  Session_->Arrete(milliseconds(0));
+  Partants_.push_back(std::move(Session_));
+  Session_.reset();
+}
+
+bool PiloteGStreamer::AttendLesPartants(milliseconds limite) {
+  const auto fin = BoiteImages::Horloge::now() + limite;
+  std::erase_if(Partants_, [&](const std::shared_ptr<SessionCapture>& session) {
+    const auto reste = std::chrono::duration_cast<milliseconds>(fin - BoiteImages::Horloge::now());
+    return session->Arrete(std::max(reste, milliseconds(0)));
+  });
+  return Partants_.empty();
+}
+
+bool PiloteGStreamer::SontPartis() { return AttendLesPartants(milliseconds(0)); }
+
+bool PiloteGStreamer::SaisitImage() {
+  if (!Session_) return false;
+  // The former picture is not let go before: it goes on being the one that is shown.
+  BoiteImages::Arrivee arrivee = Session_->Boite().Attend(Numero_, kAttenteImage);
+  if (arrivee.Numero == 0) return false;
+  Numero_ = arrivee.Numero;
+  Image_ = std::move(arrivee.Image);
+  return true;
+}
+
+QImage PiloteGStreamer::CopieImage() const { return Image_.Entiere(); }
+
+ImageCamera PiloteGStreamer::CopieTrame() const { return Image_; }
+
+bool PiloteGStreamer::SignalPerdu() const { return Session_ && Session_->Boite().Perdu(); }
+
+void PiloteGStreamer::MontreDialogueFormat() {
+  MontreDialogueFormatCapture(Parent_, Langue_(), *this, Memoire_, Acces_);
+}
+
+void PiloteGStreamer::MontreDialogueSource() {
+  MontreDialogueSourceCapture(Parent_, Langue_(), *this, Memoire_, Acces_);
+}
+
+GenreSource PiloteGStreamer::Genre() const { return Source_.Genre; }
+
+QString PiloteGStreamer::DescriptionSource() const {
+  return Genre() == GenreSource::kPeripherique ? NoeudPeripherique() : Source_.Description;
+}
+
+QString PiloteGStreamer::NoeudPeripherique() const {
+  return Session_ && Genre() == GenreSource::kPeripherique ? Session_->Noeud() : QString();
+}
+
+QString PiloteGStreamer::NomStable() const {
+  return Session_ && Genre() == GenreSource::kPeripherique ? Session_->NomStable() : QString();
+}
+
+FormatCamera PiloteGStreamer::FormatCourant() const { return Session_ ? Session_->Boite().Format() : FormatCamera(); }
+
+// What is at work now, so that it can be had back.
+SessionCapture::Demande PiloteGStreamer::DemandeCourante() const {
+  SessionCapture::Demande demande = DemandeDe(Source_);
+  demande.Format = FormatCourant();
+  if (!NomStable().isEmpty()) demande.Source.Lieu = NomStable();
+  return demande;
+}
+
+bool PiloteGStreamer::AppliqueFormat(const FormatCamera& format) {
+  if (!Session_ || Genre() != GenreSource::kPeripherique) return false;
+  SessionCapture::Demande ancienne = DemandeCourante();
+  SessionCapture::Demande nouvelle = ancienne;
+  nouvelle.Format = format;
+  nouvelle.FormatImpose = true;
+  const quint64 tour = Tour_;
+  if (Ouvre(std::move(nouvelle))) return true;
+  Reprend(std::move(ancienne), tour);
+  return false;
+}
+
+bool PiloteGStreamer::ChangeSource(const QString& source) {
+  const bool ouvert = Session_ != nullptr;
+  SessionCapture::Demande ancienne = DemandeCourante();
+  const quint64 tour = Tour_;
+  if (Ouvre(DemandeDe(ComprendSource(source)))) {
+    Ou_ = source;
+    return true;
+  }
+  if (ouvert) Reprend(std::move(ancienne), tour);
+  return false;
+}
+
+// One opening has been tried since `tour`. More than that, and the camera was let go meanwhile: it stays closed.
+void PiloteGStreamer::Reprend(SessionCapture::Demande ancienne, quint64 tour) {
+  if (Tour_ != tour + 1) return;
+  ancienne.Persiste = true;
+  Ouvre(std::move(ancienne));
+}
+
+}  // namespace vaktor

@@ -1,0 +1,68 @@
+// The capture driver of this system: Linux devices, network cameras and video files through GStreamer, and the built-in
+// test picture.
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "engine/ports/capture_driver.h"
+#include "platform/capture/devices/device_access.h"
+#include "platform/capture/dialogs/driver_commands.h"
+#include "platform/capture/driver/capture_session.h"
+
+namespace vaktor {
+
+class MemoireCapture;
+
+class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
+ public:
+  /// `ou`: the source named at the start (named_source.h); empty: the remembered one, else the first capture driver.
+  /// `memoire` must outlive the driver. `langue`: the language of the dialogs when they are opened. `parent`: their
+  /// window, may be null.
+  PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<qint32()> langue, QWidget* parent);
+  ~PiloteGStreamer() override;
+
+  bool Connecte() override;
+  void Deconnecte() override;
+  bool SaisitImage() override;
+  QImage CopieImage() const override;
+  ImageCamera CopieTrame() const override;
+  bool SignalPerdu() const override;
+  void MontreDialogueFormat() override;
+  void MontreDialogueSource() override;
+
+  GenreSource Genre() const override;
+  QString DescriptionSource() const override;
+  QString NoeudPeripherique() const override;
+  QString NomStable() const override;
+  FormatCamera FormatCourant() const override;
+  bool AppliqueFormat(const FormatCamera& format) override;
+  bool ChangeSource(const QString& source) override;
+
+ private:
+  bool Ouvre(SessionCapture::Demande demande);
+  void LaissePartir();
+  bool AttendLesPartants(std::chrono::milliseconds limite);
+  bool SontPartis();
+  SessionCapture::Demande DemandeVoulue() const;
+  SessionCapture::Demande DemandeDe(const SourceCapture& source) const;
+  SessionCapture::Demande DemandeCourante() const;
+  void Reprend(SessionCapture::Demande ancienne, quint64 tour);
+
+  QString Ou_;
+  MemoireCapture& Memoire_;
+  std::function<qint32()> Langue_;
+  QPointer<QWidget> Parent_;
+  AccesV4L2 Acces_;  // the dialogs'; here, because which devices hang is to be known from one to the next
+  SourceCapture Source_;
+  std::shared_ptr<SessionCapture> Session_;
+  std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet
+  ImageCamera Image_;
+  quint64 Numero_ = 0;
+  quint64 Tour_ = 0;  // changes with each opening and closing: an opening that waits sees that it is no longer wanted
+};
+
+}  // namespace vaktor

@@ -1,0 +1,49 @@
+// Where the frames arrive: the newest one, its number and its age. Filled by the driver's thread, read by the
+// program's.
+#pragma once
+
+#include <chrono>
+#include <condition_variable>
+#include <mutex>
+
+#include "engine/camera_image.h"
+#include "platform/capture/choice/camera_format.h"
+
+namespace vaktor {
+
+class BoiteImages {
+ public:
+  using Horloge = std::chrono::steady_clock;
+
+  struct Arrivee {
+    ImageCamera Image;
+    quint64 Numero = 0;  ///< 1 for the first frame; 0: none yet
+  };
+
+  void Depose(const ImageCamera& image);
+  /// The newest frame as soon as its number is above `dernier`; number 0 when none came within the time.
+  Arrivee Attend(quint64 dernier, std::chrono::milliseconds delai);
+  quint64 Numero() const;
+  /// Time since the newest frame; since the making of the box when there is none.
+  std::chrono::milliseconds Age() const;
+
+  /// As negotiated, told when it changes. A slow rate also lengthens the time after which a frame is missed.
+  void FixeFormat(const FormatCamera& format);
+  FormatCamera Format() const;
+
+  /// True once the newest frame is older than any frame of this source should be.
+  bool Perdu() const;
+  std::chrono::milliseconds DelaiPerte() const;
+
+ private:
+  std::chrono::milliseconds DelaiPerteSousVerrou() const;
+
+  mutable std::mutex Verrou_;
+  std::condition_variable Nouvelle_;
+  ImageCamera Image_;
+  quint64 Numero_ = 0;
+  Horloge::time_point Instant_ = Horloge::now();
+  FormatCamera Format_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,187 @@
+#include "platform/capture/frames/pixel_conversion.h"
+
+#include <libyuv/convert_argb.h>
+#include <libyuv/planar_functions.h>
+
+#include <algorithm>
+#include <array>
+
+namespace vaktor {
+
+const char* const kCapsBruts =
+    "video/x-raw, format=(string){ I420, NV12, YUY2, BGRx, UYVY, NV21, YV12, Y42B, Y444, BGRA, RGBx, RGBA, BGR, RGB, "
+    "GRAY8 }";
+
+namespace {
+
+using Plan = PlansImage::Plan;
+
+struct Cible {
+  quint8* Octets;
+  int Pas;
+  int Largeur;
+  int Hauteur;
+};
+
+using ConversionPlanaire = decltype(&libyuv::I420ToARGBMatrix);
+
+bool ConvertitPlanaire(ConversionPlanaire conversion, const PlansImage& trame, const Cible& cible) {
+  const auto& [y, u, v] = trame.Plans;
+  return conversion(y.Octets, y.Pas, u.Octets, u.Pas, v.Octets, v.Pas, cible.Octets, cible.Pas, MatriceDe(trame),
+                    cible.Largeur, cible.Hauteur) == 0;
+}
+
+using ConversionDeuxPlans = decltype(&libyuv::NV12ToARGBMatrix);
+
+bool ConvertitDeuxPlans(ConversionDeuxPlans conversion, const PlansImage& trame, const Cible& cible) {
+  const Plan& y = trame.Plans[0];
+  const Plan& uv = trame.Plans[1];
+  return conversion(y.Octets, y.Pas, uv.Octets, uv.Pas, cible.Octets, cible.Pas, MatriceDe(trame), cible.Largeur,
+                    cible.Hauteur) == 0;
+}
+
+using Deballage = decltype(&libyuv::YUY2ToI422);
+
+// libyuv turns packed YUV into pixels with one matrix only. Unpacking a piece of a row at a time keeps the three parts
+// in the nearest cache, and any matrix can follow.
+bool ConvertitEntrelace(Deballage deballage, const PlansImage& trame, const Cible& cible) {
+  constexpr int kMorceau = 1024;  // even: a pair of pixels shares its chroma
+  std::array<quint8, kMorceau> y;
+  std::array<quint8, kMorceau / 2> u;
+  std::array<quint8, kMorceau / 2> v;
+  const Plan& source = trame.Plans[0];
+  const libyuv::YuvConstants* matrice = MatriceDe(trame);
+  for (int ligne = 0; ligne < cible.Hauteur; ++ligne) {
+    const quint8* de = source.Octets + qptrdiff{ligne} * source.Pas;
+    quint8* vers = cible.Octets + qptrdiff{ligne} * cible.Pas;
+    for (int x = 0; x < cible.Largeur; x += kMorceau) {
+      const int largeur = std::min(kMorceau, cible.Largeur - x);
+      deballage(de + qptrdiff{2} * x, source.Pas, y.data(), kMorceau, u.data(), kMorceau / 2, v.data(), kMorceau / 2,
+                largeur, 1);
+      libyuv::I422ToARGBMatrix(y.data(), kMorceau, u.data(), kMorceau / 2, v.data(), kMorceau / 2,
+                               vers + qptrdiff{4} * x, cible.Pas, matrice, largeur, 1);
+    }
+  }
+  return true;
+}
+
+// 32-bit pixels: the fourth byte of what comes is anything.
+bool CopieQuatreOctets(const PlansImage& trame, const Cible& cible, bool rougeDabord) {
+  const Plan& source = trame.Plans[0];
+  for (int ligne = 0; ligne < cible.Hauteur; ++ligne) {
+    const auto* de = reinterpret_cast<const quint32*>(source.Octets + qptrdiff{ligne} * source.Pas);
+    auto* vers = reinterpret_cast<quint32*>(cible.Octets + qptrdiff{ligne} * cible.Pas);
+    if (rougeDabord) {
+      for (int x = 0; x < cible.Largeur; ++x) {
+        const quint32 p = de[x];
+        vers[x] = 0xFF000000U | ((p & 0xFFU) << 16) | (p & 0xFF00U) | ((p >> 16) & 0xFFU);
+      }
+    } else {
+      for (int x = 0; x < cible.Largeur; ++x) vers[x] = de[x] | 0xFF000000U;
+    }
+  }
+  return true;
+}
+
+using ConversionSimple = decltype(&libyuv::RAWToARGB);
+
+bool ConvertitSimple(ConversionSimple conversion, const PlansImage& trame, const Cible& cible) {
+  const Plan& source = trame.Plans[0];
+  return conversion(source.Octets, source.Pas, cible.Octets, cible.Pas, cible.Largeur, cible.Hauteur) == 0;
+}
+
+bool ConvertitGris(const PlansImage& trame, const Cible& cible) {
+  const Plan& y = trame.Plans[0];
+  return libyuv::I400ToARGBMatrix(y.Octets, y.Pas, cible.Octets, cible.Pas, MatriceDe(trame), cible.Largeur,
+                                  cible.Hauteur) == 0;
+}
+
+bool Convertit(const PlansImage& trame, const Cible& cible) {
+  switch (trame.Format) {
+    case GST_VIDEO_FORMAT_I420:
+    case GST_VIDEO_FORMAT_YV12:
+      return ConvertitPlanaire(libyuv::I420ToARGBMatrix, trame, cible);
+    case GST_VIDEO_FORMAT_Y42B:
+      return ConvertitPlanaire(libyuv::I422ToARGBMatrix, trame, cible);
+    case GST_VIDEO_FORMAT_Y444:
+      return ConvertitPlanaire(libyuv::I444ToARGBMatrix, trame, cible);
+    case GST_VIDEO_FORMAT_NV12:
+      return ConvertitDeuxPlans(libyuv::NV12ToARGBMatrix, trame, cible);
+    case GST_VIDEO_FORMAT_NV21:
+      return ConvertitDeuxPlans(libyuv::NV21ToARGBMatrix, trame, cible);
+    case GST_VIDEO_FORMAT_YUY2:
+      return ConvertitEntrelace(libyuv::YUY2ToI422, trame, cible);
+    case GST_VIDEO_FORMAT_UYVY:
+      return ConvertitEntrelace(libyuv::UYVYToI422, trame, cible);
+    case GST_VIDEO_FORMAT_BGRx:
+    case GST_VIDEO_FORMAT_BGRA:
+      return CopieQuatreOctets(trame, cible, false);
+    case GST_VIDEO_FORMAT_RGBx:
+    case GST_VIDEO_FORMAT_RGBA:
+      return CopieQuatreOctets(trame, cible, true);
+    case GST_VIDEO_FORMAT_RGB:
+      return ConvertitSimple(libyuv::RAWToARGB, trame, cible);
+    case GST_VIDEO_FORMAT_BGR:
+      return ConvertitSimple(libyuv::RGB24ToARGB, trame, cible);
+    case GST_VIDEO_FORMAT_GRAY8:
+      return ConvertitGris(trame, cible);
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
+const libyuv::YuvConstants* MatriceDe(const PlansImage& trame) {
+  const bool pleine = trame.Pleine;
+  switch (trame.Matrice) {
+    case GST_VIDEO_COLOR_MATRIX_BT709:
+      return pleine ? &libyuv::kYuvF709Constants : &libyuv::kYuvH709Constants;
+    case GST_VIDEO_COLOR_MATRIX_BT2020:
+      return pleine ? &libyuv::kYuvV2020Constants : &libyuv::kYuv2020Constants;
+    default:
+      return pleine ? &libyuv::kYuvJPEGConstants : &libyuv::kYuvI601Constants;
+  }
+}
+
+bool FormatConvertible(GstVideoFormat format) {
+  static constexpr std::array kFormats = {GST_VIDEO_FORMAT_I420, GST_VIDEO_FORMAT_NV12, GST_VIDEO_FORMAT_YUY2,
+                                          GST_VIDEO_FORMAT_BGRx, GST_VIDEO_FORMAT_UYVY, GST_VIDEO_FORMAT_NV21,
+                                          GST_VIDEO_FORMAT_YV12, GST_VIDEO_FORMAT_Y42B, GST_VIDEO_FORMAT_Y444,
+                                          GST_VIDEO_FORMAT_BGRA, GST_VIDEO_FORMAT_RGBx, GST_VIDEO_FORMAT_RGBA,
+                                          GST_VIDEO_FORMAT_BGR,  GST_VIDEO_FORMAT_RGB,  GST_VIDEO_FORMAT_GRAY8};
+  return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
+}
+
+bool EstPlanaire(GstVideoFormat format) {
+  return format == GST_VIDEO_FORMAT_I420 || format == GST_VIDEO_FORMAT_YV12 || format == GST_VIDEO_FORMAT_Y42B ||
+         format == GST_VIDEO_FORMAT_Y444;
+}
+
+PlansImage PlansDe(const GstVideoFrame& trame) {
+  PlansImage plans;
+  plans.Format = GST_VIDEO_FRAME_FORMAT(&trame);
+  plans.Matrice = trame.info.colorimetry.matrix;
+  plans.Pleine = trame.info.colorimetry.range == GST_VIDEO_COLOR_RANGE_0_255;
+  plans.Largeur = GST_VIDEO_FRAME_WIDTH(&trame);
+  plans.Hauteur = GST_VIDEO_FRAME_HEIGHT(&trame);
+  // By component and not by plane where they have planes of their own: YV12 holds its chroma the other way round.
+  const bool planaire = EstPlanaire(plans.Format);
+  const guint nombre = std::min(planaire ? GST_VIDEO_FRAME_N_COMPONENTS(&trame) : GST_VIDEO_FRAME_N_PLANES(&trame),
+                                static_cast<guint>(plans.Plans.size()));
+  for (guint i = 0; i < nombre; ++i) {
+    const guint plan = planaire ? static_cast<guint>(GST_VIDEO_FRAME_COMP_PLANE(&trame, i)) : i;
+    plans.Plans.at(i) = {static_cast<const quint8*>(GST_VIDEO_FRAME_PLANE_DATA(&trame, plan)),
+                         GST_VIDEO_FRAME_PLANE_STRIDE(&trame, plan)};
+  }
+  return plans;
+}
+
+bool ConvertitImage(const PlansImage& plans, QImage& image) {
+  if (image.size() != QSize(plans.Largeur, plans.Hauteur)) return false;
+  return Convertit(plans, {image.bits(), static_cast<int>(image.bytesPerLine()), plans.Largeur, plans.Hauteur});
+}
+
+bool ConvertitImage(const GstVideoFrame& trame, QImage& image) { return ConvertitImage(PlansDe(trame), image); }
+
+}  // namespace vaktor

@@ -1,0 +1,180 @@
+#include "platform/capture/frames/plane_frame.h"
+
+#include <new>
+#include <utility>
+
+namespace vaktor {
+namespace {
+
+// The one being filled, the newest, the one taken, and some that a view or a slow reader keeps. Somebody who keeps more
+// gets them, but they do not come back here.
+constexpr size_t kNombreMaximal = 8;
+
+// A camera may send pictures of any size. Where there is no memory for one it is dropped like a damaged one: nothing
+// may be thrown through the driver's thread, which is not ours.
+bool Agrandis(std::vector<quint8>& octets, std::size_t nombre) {
+  try {
+    octets.resize(nombre);
+  } catch (const std::bad_alloc&) {
+    return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool TramePlans::Garde(GstBuffer* tampon, const GstVideoInfo& info) {
+  if (!gst_video_frame_map(&Trame_, &info, tampon, GST_MAP_READ)) {
+    Trame_ = {};
+    return false;
+  }
+  Plans_ = PlansDe(Trame_);
+  return true;
+}
+
+bool TramePlans::Garde(DecodeurPaquets& decodeur) {
+  GstVideoFrame vue;
+  if (!decodeur.Prend(Decodee_, vue) || !EstPlanaire(GST_VIDEO_FRAME_FORMAT(&vue))) return false;
+  Plans_ = PlansDe(vue);
+  return true;
+}
+
+bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille) {
+  const DecodeurJpeg::Plans& plans = decodeur.PlansDeLImage();
+  std::array<size_t, 3> debuts{};
+  size_t fin = 0;
+  for (size_t i = 0; i < debuts.size(); ++i) {
+    debuts.at(i) = fin;
+    fin += static_cast<size_t>(plans.Plan.at(i).Pas) * static_cast<size_t>(plans.Plan.at(i).Lignes);
+  }
+  if (!Agrandis(Octets_, fin)) return false;
+  std::array<quint8*, 3> ou{};
+  Plans_ = {plans.Format, GST_VIDEO_COLOR_MATRIX_BT601, true, taille.width(), taille.height(), {}};
+  for (size_t i = 0; i < ou.size(); ++i) {
+    ou.at(i) = Octets_.data() + debuts.at(i);
+    Plans_.Plans.at(i) = {ou.at(i), plans.Plan.at(i).Pas};
+  }
+  return decodeur.DecodePlans(jpeg, ou);
+}
+
+// The sizes stay in Plans_, the planes are gone.
+void TramePlans::LacheTampon() {
+  if (Trame_.buffer == nullptr && Decodee_.EstVide()) return;
+  if (Trame_.buffer != nullptr) gst_video_frame_unmap(&Trame_);
+  Trame_ = {};
+  Decodee_.Lache();
+  for (PlansImage::Plan& plan : Plans_.Plans) plan = {};
+}
+
+void TramePlans::Vide() {
+  LacheTampon();
+  const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
+  // The readers had this frame and made do with its samples: those of the next ones will do too. A frame that came too
+  // fast for them tells nothing.
+  if (fonds != nullptr && Comparee_ && !Regardee_) fonds->FixeRegardees(false);
+  if (fonds == nullptr || !fonds->Regardees() || !Image_.isDetached()) Image_ = QImage();
+  // A holder of the picture alone may have let go on another thread, as with the frame itself (Prend).
+  std::atomic_thread_fence(std::memory_order_acquire);
+  Plans_ = PlansImage();
+  Restes_ = kAucun;
+  EstFaite_ = Cedee_ = Comparee_ = Regardee_ = false;
+}
+
+QImage TramePlans::CedeImage(QSize taille) {
+  if (Image_.size() != taille || !Image_.isDetached()) return {};
+  std::atomic_thread_fence(std::memory_order_acquire);
+  Cedee_ = EstFaite_;
+  EstFaite_ = false;
+  return std::exchange(Image_, QImage());
+}
+
+void TramePlans::Prepare() {
+  const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
+  if (fonds != nullptr) FaisEchantillons(fonds->Restes);
+}
+
+// Nine times less memory than a picture. The reader goes three times OctetsParLigne from y to y + 3, so a stored row is
+// three of them long, and row 0 lies up to two of them before the first one.
+void TramePlans::FaisEchantillons(qint32 restes) {
+  constexpr qsizetype kMultiple = 64;  // a cache line
+  const qsizetype parLigne = (qsizetype{Plans_.Largeur} + 2) / 3;
+  const qsizetype tiers = (4 * parLigne + 3 * kMultiple - 1) / (3 * kMultiple) * kMultiple;
+  const qsizetype lignes = (qsizetype{Plans_.Hauteur} + 2) / 3;
+  Brute_ = {nullptr, 0, Plans_.Largeur, Plans_.Hauteur, true};
+  Restes_ = kAucun;
+  if (!Agrandis(Echantillons_, static_cast<std::size_t>((3 * lignes + 2) * tiers))) return;
+  quint8* premiere = Echantillons_.data() + 2 * tiers;
+  const qint32 resteX = restes % 3;
+  const qint32 resteY = restes / 3;
+  if (!ConvertitEchantillons(Plans_, resteX, resteY, {premiere, 3 * tiers})) return;
+  Brute_ = {premiere - resteY * tiers, tiers, Plans_.Largeur, Plans_.Hauteur, true};
+  Restes_ = restes;
+}
+
+bool TramePlans::FaisEntiere() {
+  if (Image_.size() != Taille()) {
+    const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
+    if (fonds != nullptr && Cedee_) fonds->Redemande();
+    Image_ = fonds != nullptr ? fonds->PrendImage(Taille()) : QImage(Taille(), QImage::Format_RGB32);
+  }
+  EstFaite_ = !Image_.isNull() && ConvertitImage(Plans_, Image_);
+  return EstFaite_;
+}
+
+TrameBrute TramePlans::Echantillons(qint32 resteX, qint32 resteY) {
+  Comparee_ = true;
+  const qint32 restes = 3 * resteY + resteX;
+  if (const std::shared_ptr<FondsTrames> fonds = Fonds_.lock()) fonds->Restes = restes;
+  if (Restes_ != restes) FaisEchantillons(restes);
+  return Brute_;
+}
+
+const QImage& TramePlans::Entiere() {
+  static const QImage kAucuneImage;
+  Regardee_ = true;
+  if (const std::shared_ptr<FondsTrames> fonds = Fonds_.lock()) fonds->FixeRegardees(true);
+  return EstFaite_ || FaisEntiere() ? Image_ : kAucuneImage;
+}
+
+// What comes back is emptied at the next frame and not only when it is needed: a film's decoder then finds its memory
+// again, instead of taking more.
+std::shared_ptr<TramePlans> FondsTrames::Prend(const std::shared_ptr<FondsTrames>& soi) {
+  const std::lock_guard verrou(Verrou_);
+  std::shared_ptr<TramePlans> libre;
+  for (const std::shared_ptr<TramePlans>& trame : Trames_) {
+    if (trame.use_count() > 1) continue;
+    // The last holder let go on another thread; what it read must lie before what is written now.
+    std::atomic_thread_fence(std::memory_order_acquire);
+    trame->Vide();
+    if (libre == nullptr) libre = trame;
+  }
+  if (libre != nullptr) return libre;
+  libre = std::make_shared<TramePlans>(soi);
+  if (Trames_.size() < kNombreMaximal) Trames_.push_back(libre);
+  return libre;
+}
+
+// Views hold the frame before for a while, and most of them never look at it again: one picture then serves all frames.
+// Where one does look again, as the enlarged view does that shows the frame before, each frame keeps its own.
+QImage FondsTrames::PrendImage(QSize taille) {
+  const std::lock_guard verrou(Verrou_);
+  for (const std::shared_ptr<TramePlans>& trame : Trames_) {
+    if (trame.use_count() > 1 && !Cedent_) continue;
+    std::atomic_thread_fence(std::memory_order_acquire);
+    QImage image = trame->CedeImage(taille);
+    if (!image.isNull()) return image;
+  }
+  return {taille, QImage::Format_RGB32};
+}
+
+void FondsTrames::FixeRegardees(bool regardees) {
+  Regardees_ = regardees;
+  if (!regardees) Cedent_ = true;
+}
+
+size_t FondsTrames::Nombre() const {
+  const std::lock_guard verrou(Verrou_);
+  return Trames_.size();
+}
+
+}  // namespace vaktor

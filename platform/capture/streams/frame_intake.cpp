@@ -1,0 +1,154 @@
+#include "platform/capture/streams/frame_intake.h"
+
+#include <thread>
+
+#include "platform/capture/frames/pixel_conversion.h"
+#include "platform/capture/streams/camera_caps.h"
+#include "platform/gstreamer/gst_plugins.h"
+
+namespace vaktor {
+namespace {
+
+constexpr std::chrono::milliseconds kIntervalle{40};
+
+// Without this promise the decoders pack each frame into rows without padding before they hand it on: a copy.
+GstPadProbeReturn PrometMetaVideo(GstPad*, GstPadProbeInfo* info, gpointer) {
+  GstQuery* question = GST_PAD_PROBE_INFO_QUERY(info);
+  if (GST_QUERY_TYPE(question) != GST_QUERY_ALLOCATION) return GST_PAD_PROBE_OK;
+  if ((GST_PAD_PROBE_INFO_TYPE(info) & GST_PAD_PROBE_TYPE_PUSH) == 0) return GST_PAD_PROBE_OK;
+  gst_query_add_allocation_meta(question, GST_VIDEO_META_API_TYPE, nullptr);
+  return GST_PAD_PROBE_HANDLED;
+}
+
+PtrGst<GstCaps> CapsAcceptes() {
+  GstCaps* caps = gst_caps_from_string(kCapsBruts);
+  gst_caps_append(caps, gst_caps_new_empty_simple("image/jpeg"));
+  gst_caps_append(caps, gst_caps_from_string(kCapsPaquets));
+  return PtrGst<GstCaps>(caps);
+}
+
+}  // namespace
+
+ReceptionImages::ReceptionImages(BoiteImages& boite, Options options) : Boite_(boite), Options_(std::move(options)) {}
+
+GstElement* ReceptionImages::FabriquePuits() {
+  GstElement* puits = FabriqueElement("appsink");
+  if (puits == nullptr) return nullptr;
+  const PtrGst<GstCaps> caps = CapsAcceptes();
+  g_object_set(puits, "caps", caps.get(), "sync", Options_.ALHeure ? TRUE : FALSE, "max-buffers", 1U, "qos", FALSE,
+               "enable-last-sample", FALSE, "wait-on-eos", FALSE, nullptr);
+  GstAppSinkCallbacks rappels = {};
+  rappels.new_sample = [](GstAppSink* sink, gpointer moi) { return static_cast<ReceptionImages*>(moi)->Recoit(sink); };
+  gst_app_sink_set_callbacks(GST_APP_SINK(puits), &rappels, this, nullptr);
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(puits, "sink"));
+  gst_pad_add_probe(entree.get(), GST_PAD_PROBE_TYPE_QUERY_DOWNSTREAM, PrometMetaVideo, nullptr, nullptr);
+  return puits;
+}
+
+GstFlowReturn ReceptionImages::Recoit(GstAppSink* puits) {
+  const PtrGst<GstSample> echantillon(gst_app_sink_pull_sample(puits));
+  if (!echantillon) return GST_FLOW_EOS;
+  return Traite(echantillon.get()) ? GST_FLOW_OK : GST_FLOW_NOT_NEGOTIATED;
+}
+
+// False: nothing of this stream will ever be seen.
+bool ReceptionImages::Traite(GstSample* echantillon) {
+  GstBuffer* tampon = gst_sample_get_buffer(echantillon);
+  GstCaps* caps = gst_sample_get_caps(echantillon);
+  if (tampon == nullptr || caps == nullptr) return true;
+  if (caps != Caps_.get() && !LitCaps(caps)) return false;
+  Espace(tampon);
+  // The driver marks a frame that it could not fill; it is no picture of anything.
+  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_CORRUPTED)) return true;
+  if (Brut_) {
+    TraiteBrut(tampon);
+  } else if (EnPaquets_) {
+    TraitePaquet(tampon);
+  } else {
+    TraiteJpeg(tampon);
+  }
+  return true;
+}
+
+bool ReceptionImages::LitCaps(GstCaps* caps) {
+  Caps_.reset(gst_caps_ref(caps));
+  Brut_.reset();
+  Format_ = FormatCamera();
+  Format_.Codage = Options_.Codage.isEmpty() ? CodageDesCaps(caps) : Options_.Codage;
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  gst_structure_get_fraction(structure, "framerate", &Format_.CadenceNum, &Format_.CadenceDen);
+  GstVideoInfo info;
+  const bool brut = gst_structure_has_name(structure, "video/x-raw");
+  if (brut && gst_video_info_from_caps(&info, caps)) Brut_ = info;
+  EnPaquets_ = !brut && !gst_structure_has_name(structure, "image/jpeg");
+  return !EnPaquets_ || Paquets_.Ouvre(caps);
+}
+
+void ReceptionImages::Espace(const GstBuffer* tampon) {
+  if (!Options_.Intervalle || GST_CLOCK_TIME_IS_VALID(GST_BUFFER_DTS_OR_PTS(tampon))) return;
+  std::this_thread::sleep_until(Derniere_ + kIntervalle);
+  Derniere_ = BoiteImages::Horloge::now();
+}
+
+// Decoded when it is time to show it: the samples are picked out of a picture that has just been made. A packet gives
+// one picture or none.
+void ReceptionImages::TraitePaquet(GstBuffer* tampon) {
+  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_DISCONT)) Paquets_.Oublie();
+  Paquets_.Envoie(tampon);
+  const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+  if (!trame->Garde(Paquets_)) return;
+  trame->Prepare();
+  Livre(ImageCamera(trame));
+}
+
+void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
+  GstMapInfo octets;
+  if (!gst_buffer_map(tampon, &octets, GST_MAP_READ)) return;
+  const ImageCamera image = DecodeJpeg({octets.data, octets.size});
+  gst_buffer_unmap(tampon, &octets);
+  if (!image.EstNulle()) Livre(image);
+}
+
+ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg) {
+  const QSize taille = Jpeg_.Taille(jpeg);
+  if (taille.isEmpty()) return {};
+  if (Jpeg_.PlansDeLImage().Format != GST_VIDEO_FORMAT_UNKNOWN) {
+    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+    if (!trame->DecodeJpeg(Jpeg_, jpeg, taille)) return {};
+    trame->Prepare();
+    return ImageCamera(trame);
+  }
+  QImage* image = Reserve_.Prend(taille);
+  return image != nullptr && Jpeg_.Decode(jpeg, *image) ? ImageCamera(*image) : ImageCamera();
+}
+
+// A buffer out of a pool is a device's or another element's, who may have few of them and wait for this one: its
+// picture is made at once. Any other with planes is kept as it is for as long as the frame is in use.
+void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
+  if (tampon->pool == nullptr && EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_))) {
+    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+    if (!trame->Garde(tampon, *Brut_)) return;
+    trame->Prepare();
+    Livre(ImageCamera(trame));
+    return;
+  }
+  GstVideoFrame trame;
+  if (!gst_video_frame_map(&trame, &*Brut_, tampon, GST_MAP_READ)) return;
+  QImage* image = Reserve_.Prend(QSize(GST_VIDEO_FRAME_WIDTH(&trame), GST_VIDEO_FRAME_HEIGHT(&trame)));
+  const bool bonne = image != nullptr && ConvertitImage(trame, *image);
+  gst_video_frame_unmap(&trame);
+  if (bonne) Livre(*image);
+}
+
+// The size told is that of the picture itself: JPEG frames may change theirs without any notice in the caps.
+void ReceptionImages::Livre(const ImageCamera& image) {
+  const QSize taille = image.Taille();
+  if (Format_.Largeur != taille.width() || Format_.Hauteur != taille.height()) {
+    Format_.Largeur = taille.width();
+    Format_.Hauteur = taille.height();
+    Boite_.FixeFormat(Format_);
+  }
+  Boite_.Depose(image);
+}
+
+}  // namespace vaktor

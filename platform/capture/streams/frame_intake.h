@@ -1,0 +1,57 @@
+// The end of a pipeline: takes what comes out, turns it into a picture and lays it in the box.
+#pragma once
+
+#include <gst/app/gstappsink.h>
+#include <gst/video/video.h>
+
+#include <optional>
+
+#include "platform/capture/frames/frame_pool.h"
+#include "platform/capture/frames/jpeg_decoder.h"
+#include "platform/capture/frames/newest_frame.h"
+#include "platform/capture/frames/plane_frame.h"
+#include "platform/capture/streams/gst_objects.h"
+#include "platform/libav/packet_decoder.h"
+
+namespace vaktor {
+
+/// Makes the sink; its frames come on the pipeline's own thread. Must outlive the pipeline that it is put into.
+class ReceptionImages {
+ public:
+  struct Options {
+    bool ALHeure = false;     ///< frames wait for their time stamp (files), else they come as they are there
+    bool Intervalle = false;  ///< frames without a time stamp are spaced, 25 a second
+    QString Codage;           ///< what the format is told as; empty: what arrives here
+  };
+
+  ReceptionImages(BoiteImages& boite, Options options);
+
+  /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h, JPEG,
+  /// and the packets of packet_decoder.h.
+  GstElement* FabriquePuits();
+
+ private:
+  GstFlowReturn Recoit(GstAppSink* puits);
+  bool Traite(GstSample* echantillon);
+  void TraiteJpeg(GstBuffer* tampon);
+  ImageCamera DecodeJpeg(std::span<const quint8> jpeg);
+  void TraiteBrut(GstBuffer* tampon);
+  void TraitePaquet(GstBuffer* tampon);
+  bool LitCaps(GstCaps* caps);
+  void Espace(const GstBuffer* tampon);
+  void Livre(const ImageCamera& image);
+
+  BoiteImages& Boite_;
+  const Options Options_;
+  ReserveImages Reserve_;
+  ReserveTrames Trames_;
+  DecodeurJpeg Jpeg_;
+  DecodeurPaquets Paquets_;
+  bool EnPaquets_ = false;
+  PtrGst<GstCaps> Caps_;
+  std::optional<GstVideoInfo> Brut_;
+  FormatCamera Format_;
+  BoiteImages::Horloge::time_point Derniere_{};
+};
+
+}  // namespace vaktor

@@ -1,0 +1,321 @@
+#include "platform/capture/streams/gst_stream.h"
+
+#include <QUrl>
+
+#include "platform/capture/frames/pixel_conversion.h"
+#include "platform/capture/streams/camera_caps.h"
+#include "platform/capture/streams/decoder_choice.h"
+#include "platform/capture/streams/film_kind.h"
+#include "platform/capture/streams/gst_start.h"
+#include "platform/gstreamer/gst_plugins.h"
+
+namespace vaktor {
+namespace {
+
+constexpr guint kDelaiHttp = 10;     // s without a byte
+constexpr guint kLatenceRtsp = 100;  // ms to put packets back into order; frames are shown as they come
+// ms without a packet where there is another way. Less than half of what a connection may take.
+constexpr qint64 kSilenceRtsp = 2000;
+
+qint64 MaintenantMs() {
+  return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch())
+      .count();
+}
+
+ReceptionImages::Options OptionsDe(const DemandeFlux& demande) {
+  ReceptionImages::Options options;
+  // A file plays at its own rate. So does a film that a web server sends; the pictures of a web camera carry no time
+  // and come as they are sent.
+  options.ALHeure =
+      demande.Source.Genre == GenreSource::kFichier || demande.Source.Lieu.startsWith(QLatin1String("http"));
+  options.Intervalle = demande.Source.Genre == GenreSource::kFichier;
+  if (demande.Source.Genre == GenreSource::kPeripherique) options.Codage = demande.Format.Codage;
+  return options;
+}
+
+void FixeTexte(GstElement* element, const char* propriete, const QString& valeur) {
+  if (!valeur.isEmpty()) g_object_set(element, propriete, valeur.toUtf8().constData(), nullptr);
+}
+
+// The end of a wait for messages when a stop is asked for.
+void ReveilleBus(GstBus* bus) {
+  gst_bus_post(bus, gst_message_new_application(nullptr, gst_structure_new_empty("arret")));
+}
+
+// Whether what these caps tell can go straight into the sink.
+bool EstDirect(const GstCaps* caps) {
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  if (gst_structure_has_name(structure, "image/jpeg")) return true;
+  const char* format = gst_structure_get_string(structure, "format");
+  return format != nullptr && FormatConvertible(gst_video_format_from_string(format));
+}
+
+}  // namespace
+
+FluxGStreamer::FluxGStreamer(BoiteImages& boite, const DemandeFlux& demande)
+    : Demande_(demande), Reception_(boite, OptionsDe(demande)) {}
+
+FluxGStreamer::~FluxGStreamer() { FluxGStreamer::Ferme(); }
+
+bool FluxGStreamer::Ouvre() {
+  if (!PrepareGStreamer()) return false;
+  Relie_ = false;
+  Bouclable_ = false;
+  EnBoucle_ = false;
+  Annonce_ = 0;
+  Recoit_ = false;
+  Pipeline_.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
+  Bus_.reset(gst_element_get_bus(Pipeline_.get()));
+  Puits_ = Reception_.FabriquePuits();
+  if (Puits_ != nullptr) gst_bin_add(GST_BIN(Pipeline_.get()), Puits_);
+  if (Puits_ != nullptr && MonteSource() && Lance()) return true;
+  Ferme();
+  return false;
+}
+
+bool FluxGStreamer::MonteSource() {
+  switch (Demande_.Source.Genre) {
+    case GenreSource::kPeripherique:
+      return MontePeripherique();
+    case GenreSource::kReseau:
+      return MonteReseau();
+    case GenreSource::kFichier:
+      return MonteFichier();
+    case GenreSource::kTest:
+      break;
+  }
+  return false;
+}
+
+GstElement* FluxGStreamer::Ajoute(const char* fabrique) {
+  GstElement* element = FabriqueElement(fabrique);
+  if (element == nullptr) return nullptr;
+  gst_bin_add(GST_BIN(Pipeline_.get()), element);
+  return element;
+}
+
+// Whatever decodes the stream has to be known.
+GstElement* FluxGStreamer::AjouteDecodage() {
+  ConnaisTousLesGreffons();
+  return AjouteDecodebin();
+}
+
+GstElement* FluxGStreamer::AjouteDecodebin() {
+  GstElement* decodage = Ajoute("decodebin");
+  if (decodage == nullptr) return nullptr;
+  ChoisitDecodeurs(decodage);
+  g_signal_connect(decodage, "pad-added", G_CALLBACK(RelieDecode), this);
+  g_signal_connect(decodage, "element-added", G_CALLBACK(RemarqueDemultiplexeur), this);
+  return decodage;
+}
+
+// Straight from the driver's buffers to the conversion when the device gives what is converted here: no thread and no
+// queue between them.
+bool FluxGStreamer::MontePeripherique() {
+  const PtrGst<GstCaps> caps = CapsDuFormat(Demande_.Format);
+  GstElement* source = Ajoute("v4l2src");
+  if (source == nullptr || !caps) return false;
+  FixeTexte(source, "device", Demande_.Noeud);
+  const bool direct = gst_caps_is_any(caps.get()) || EstDirect(caps.get());
+  GstElement* suite = direct ? Puits_ : AjouteDecodage();
+  return suite != nullptr && gst_element_link_filtered(source, suite, caps.get()) != FALSE;
+}
+
+bool FluxGStreamer::MonteFichier() {
+  GstElement* source = Ajoute("filesrc");
+  if (source == nullptr) return false;
+  FixeTexte(source, "location", Demande_.Source.Lieu);
+  const char* demultiplexeur = DemultiplexeurDuFilm(Demande_.Source.Lieu);
+  if (demultiplexeur != nullptr && MonteFilm(source, demultiplexeur)) return true;
+  GstElement* decodage = AjouteDecodage();
+  return decodage != nullptr && gst_element_link(source, decodage) != FALSE;
+}
+
+// The demultiplexer's own thread decodes and converts: no queue, and nobody to be woken in between.
+bool FluxGStreamer::MonteFilm(GstElement* source, const char* demultiplexeur) {
+  GstElement* element = Ajoute(demultiplexeur);
+  if (element == nullptr) return false;
+  Bouclable_ = true;
+  g_signal_connect(element, "pad-added", G_CALLBACK(RelieFilm), this);
+  return gst_element_link(source, element) != FALSE;
+}
+
+void FluxGStreamer::RelieFilm(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
+  const PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
+  if (!caps || moi->Relie_) return;
+  if (EstVideo(caps.get())) {
+    moi->Relie(sortie);
+    return;
+  }
+  if (!EstFilm(caps.get())) return;
+  GstElement* suite = moi->AjouteSuiteDuFilm(caps.get());
+  if (suite == nullptr) return;
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(suite, "sink"));
+  gst_element_sync_state_with_parent(suite);
+  gst_pad_link(sortie, entree.get());
+}
+
+// Our own decoder straight away where it needs no parser before it and gives nothing that has to be converted first, in
+// the sink itself where the pictures keep their order; else whatever is found.
+GstElement* FluxGStreamer::AjouteSuiteDuFilm(const GstCaps* caps) {
+  if (EstDecodableDansLePuits(caps)) {
+    Relie_ = true;
+    return Puits_;
+  }
+  if (!EstDecodableDirect(caps)) {
+    if (!EstDecodableAvecAnalyseur(caps)) return AjouteDecodage();
+    ChargeGreffons({"playback", "videoparsersbad"});
+    return AjouteDecodebin();
+  }
+  GstElement* decodeur = Ajoute("vaktorlibav");
+  if (decodeur == nullptr || !gst_element_link(decodeur, Puits_)) return nullptr;
+  Relie_ = true;
+  return decodeur;
+}
+
+bool FluxGStreamer::MonteReseau() {
+  // What is no address would only make the network elements complain on the console.
+  const QUrl adresse(Demande_.Source.Lieu);
+  if (!adresse.isValid() || adresse.host().isEmpty()) return false;
+  if (Demande_.Source.Lieu.startsWith(QLatin1String("rtsp"))) return MonteRtsp();
+  GstElement* source = Ajoute("souphttpsrc");
+  GstElement* decodage = AjouteDecodage();
+  if (source == nullptr || decodage == nullptr) return false;
+  FixeTexte(source, "location", Demande_.Source.Lieu);
+  FixeTexte(source, "user-id", Demande_.Source.Utilisateur);
+  FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
+  g_object_set(source, "timeout", kDelaiHttp, "retries", 0, nullptr);
+  return gst_element_link(source, decodage) != FALSE;
+}
+
+bool FluxGStreamer::MonteRtsp() {
+  GstElement* source = Ajoute("rtspsrc");
+  GstElement* decodage = AjouteDecodage();
+  if (source == nullptr || decodage == nullptr) return false;
+  FixeTexte(source, "location", Demande_.Source.Lieu);
+  FixeTexte(source, "user-id", Demande_.Source.Utilisateur);
+  FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
+  gst_util_set_object_arg(G_OBJECT(source), "protocols", Demande_.Udp ? "udp-mcast+udp" : "tcp");
+  g_object_set(source, "latency", kLatenceRtsp, nullptr);
+  Decodage_ = decodage;
+  g_signal_connect(source, "select-stream", G_CALLBACK(ChoisitFlux), this);
+  g_signal_connect(source, "pad-added", G_CALLBACK(RelieRtp), this);
+  return true;
+}
+
+gboolean FluxGStreamer::ChoisitFlux(GstElement* source, guint numero, GstCaps* caps, FluxGStreamer* moi) {
+  moi->Annonce_ = MaintenantMs();
+  return EstFluxVideo(source, numero, caps, nullptr);
+}
+
+// Comes with the first packet of a stream.
+void FluxGStreamer::RelieRtp(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
+  moi->Recoit_ = true;
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(moi->Decodage_, "sink"));
+  if (!gst_pad_is_linked(entree.get())) gst_pad_link(sortie, entree.get());
+}
+
+// A camera that knows nothing but UDP mostly says so. One that agrees to everything and stays silent is left before all
+// the time of a connection is gone. Whoever does send keeps its time: a first whole picture may be seconds away.
+bool FluxGStreamer::EstSansSuite() const {
+  const qint64 annonce = Annonce_;
+  return Demande_.AutreChemin && annonce != 0 && !Recoit_ && MaintenantMs() - annonce > kSilenceRtsp;
+}
+
+void FluxGStreamer::RemarqueDemultiplexeur(GstBin*, GstElement* element, FluxGStreamer* moi) {
+  // Those that play segments well. Others refuse them, lose the time, or never tell the end of one.
+  for (const char* connu : {"avidemux", "qtdemux", "matroskademux"}) {
+    if (EstDeFabrique(element, connu)) moi->Bouclable_ = true;
+  }
+}
+
+void FluxGStreamer::RelieDecode(GstElement*, GstPad* sortie, FluxGStreamer* moi) { moi->Relie(sortie); }
+
+void FluxGStreamer::Relie(GstPad* sortie) {
+  PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
+  // A decoder may be shown before it knows its format: then a conversion stands by, and does nothing if not needed.
+  if (!caps) caps.reset(gst_pad_query_caps(sortie, nullptr));
+  if (!caps || !EstVideo(caps.get()) || Relie_.exchange(true)) return;
+  GstElement* entreeElement = Puits_;
+  if (!EstDirect(caps.get())) {
+    GstElement* conversion = Ajoute("videoconvert");
+    if (conversion == nullptr) return;
+    g_object_set(conversion, "n-threads", 1U, nullptr);
+    gst_element_link(conversion, Puits_);
+    gst_element_sync_state_with_parent(conversion);
+    entreeElement = conversion;
+  }
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(entreeElement, "sink"));
+  gst_pad_link(sortie, entree.get());
+}
+
+// A file waits for its first frame before it plays: the loop is a segment, and that has to be asked for before.
+bool FluxGStreamer::Lance() {
+  const bool fichier = Demande_.Source.Genre == GenreSource::kFichier;
+  return gst_element_set_state(Pipeline_.get(), fichier ? GST_STATE_PAUSED : GST_STATE_PLAYING) !=
+         GST_STATE_CHANGE_FAILURE;
+}
+
+FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) {
+  const PtrGst<GstBus> bus(GST_BUS(gst_object_ref(Bus_.get())));
+  const std::stop_callback reveil(arret, [&bus] { ReveilleBus(bus.get()); });
+  if (arret.stop_requested()) return Etat::kCoule;
+  constexpr auto kTypes = static_cast<GstMessageType>(GST_MESSAGE_ERROR | GST_MESSAGE_EOS | GST_MESSAGE_SEGMENT_DONE |
+                                                      GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_APPLICATION);
+  const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
+  const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(bus.get(), limite, kTypes));
+  if (message) return TraiteMessage(message.get());
+  return EstSansSuite() ? Etat::kErreur : Etat::kCoule;
+}
+
+FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message) {
+  switch (GST_MESSAGE_TYPE(message)) {
+    case GST_MESSAGE_ERROR:
+      return Etat::kErreur;
+    case GST_MESSAGE_EOS:
+      return Etat::kFini;
+    case GST_MESSAGE_SEGMENT_DONE:
+      return ReprendLaBoucle();
+    case GST_MESSAGE_ASYNC_DONE:
+      return CommenceLaBoucle();
+    default:
+      return Etat::kCoule;
+  }
+}
+
+// Playing a segment of the whole file ends without an end of stream: the next turn is a seek that flushes nothing, the
+// decoder and the clock run on, and no frame comes late. Where that is not possible the file plays to its end, and the
+// session opens it anew.
+FluxImages::Etat FluxGStreamer::CommenceLaBoucle() {
+  if (Demande_.Source.Genre != GenreSource::kFichier || EnBoucle_) return Etat::kCoule;
+  EnBoucle_ = true;
+  if (Bouclable_ && !SansBoucle_ &&
+      !gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME,
+                        static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_SEGMENT), GST_SEEK_TYPE_SET, 0,
+                        GST_SEEK_TYPE_NONE, -1)) {
+    // A refused seek may leave a pipeline that nothing flows through any more.
+    Ferme();
+    SansBoucle_ = true;
+    return Ouvre() ? Etat::kCoule : Etat::kErreur;
+  }
+  gst_element_set_state(Pipeline_.get(), GST_STATE_PLAYING);
+  return Etat::kCoule;
+}
+
+FluxImages::Etat FluxGStreamer::ReprendLaBoucle() {
+  const bool repris = gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME, GST_SEEK_FLAG_SEGMENT, GST_SEEK_TYPE_SET,
+                                       0, GST_SEEK_TYPE_NONE, -1) != FALSE;
+  return repris ? Etat::kCoule : Etat::kFini;
+}
+
+void FluxGStreamer::Ferme() {
+  if (!Pipeline_) return;
+  gst_element_set_state(Pipeline_.get(), GST_STATE_NULL);
+  gst_bus_set_flushing(Bus_.get(), TRUE);
+  Bus_.reset();
+  Pipeline_.reset();
+  Puits_ = nullptr;
+  Decodage_ = nullptr;
+}
+
+}  // namespace vaktor

@@ -1,0 +1,209 @@
+// A camera's life over streams that the test plays: which are opened, when, and how often.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <vector>
+
+#include "platform/capture/driver/capture_session.h"
+
+namespace vaktor {
+namespace {
+
+using namespace std::chrono_literals;
+
+// What the streams of one session do, one after the other.
+struct Scenario {
+  enum class Suite { kRefuse, kMuet, kCale, kErreur, kFin, kCoule };
+
+  std::mutex Verrou;
+  std::vector<Suite> Suites;
+  std::vector<BoiteImages::Horloge::time_point> Ouvertures;
+  std::atomic<int> Vivants = 0;
+
+  Suite Prochaine() {
+    const std::lock_guard verrou(Verrou);
+    Ouvertures.push_back(BoiteImages::Horloge::now());
+    const size_t rang = std::min(Ouvertures.size(), Suites.size()) - 1;
+    return Suites[rang];
+  }
+  size_t Nombre() {
+    const std::lock_guard verrou(Verrou);
+    return Ouvertures.size();
+  }
+};
+
+class FluxJoue : public FluxImages {
+ public:
+  FluxJoue(BoiteImages& boite, std::shared_ptr<Scenario> scenario) : Boite_(boite), Scenario_(std::move(scenario)) {
+    ++Scenario_->Vivants;
+  }
+  ~FluxJoue() override { --Scenario_->Vivants; }
+
+  bool Ouvre() override {
+    Suite_ = Scenario_->Prochaine();
+    return Suite_ != Scenario::Suite::kRefuse;
+  }
+  Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override {
+    const bool donne = Suite_ != Scenario::Suite::kMuet && (Images_ < 3 || Suite_ == Scenario::Suite::kCoule);
+    if (donne) {
+      ++Images_;
+      Boite_.Depose(QImage(4, 4, QImage::Format_RGB32));
+    } else if (Suite_ == Scenario::Suite::kErreur) {
+      return Etat::kErreur;
+    } else if (Suite_ == Scenario::Suite::kFin) {
+      return Etat::kFini;
+    }
+    std::unique_lock verrou(Verrou_);
+    Reveil_.wait_for(verrou, arret, donne ? std::min<std::chrono::milliseconds>(delai, 20ms) : delai,
+                     [] { return false; });
+    return Etat::kCoule;
+  }
+  void Ferme() override {}
+
+ private:
+  BoiteImages& Boite_;
+  std::shared_ptr<Scenario> Scenario_;
+  Scenario::Suite Suite_ = Scenario::Suite::kCoule;
+  int Images_ = 0;
+  std::mutex Verrou_;
+  std::condition_variable_any Reveil_;
+};
+
+std::shared_ptr<SessionCapture> Joue(const std::shared_ptr<Scenario>& scenario, const QString& source) {
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(source);
+  return SessionCapture::Lance(std::move(demande), [scenario](BoiteImages& boite, const DemandeFlux&) {
+    return std::make_unique<FluxJoue>(boite, scenario);
+  });
+}
+
+bool Attends(const std::function<bool()>& condition, std::chrono::milliseconds limite) {
+  const auto fin = BoiteImages::Horloge::now() + limite;
+  while (!condition() && BoiteImages::Horloge::now() < fin) std::this_thread::sleep_for(10ms);
+  return condition();
+}
+
+const QString kReseau = QStringLiteral("http://localhost/x");
+
+TEST(SessionCapture, LeavesNothingOpenWhenTheSourceRefuses) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kRefuse};
+  const auto session = Joue(scenario, kReseau);
+  EXPECT_FALSE(session->AttendPremiereImage(3s));
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(scenario->Vivants, 0);
+  EXPECT_EQ(scenario->Nombre(), 1U);
+}
+
+TEST(SessionCapture, GivesUpASilentSourceWhenAsked) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kMuet};
+  const auto session = Joue(scenario, kReseau);
+  EXPECT_FALSE(session->AttendPremiereImage(200ms));
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(scenario->Vivants, 0);
+}
+
+// No message of any kind: only the newest frame grows old.
+TEST(SessionCapture, OpensAStalledCameraAgain) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kCale, Scenario::Suite::kCoule};
+  const auto session = Joue(scenario, kReseau);
+  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  EXPECT_TRUE(Attends([&] { return session->Boite().Perdu(); }, 6s));
+  EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > 3; }, 6s));
+  EXPECT_FALSE(session->Boite().Perdu());
+  EXPECT_EQ(scenario->Vivants, 1);
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(scenario->Vivants, 0);
+}
+
+TEST(SessionCapture, TriesAtMostEveryTwoSecondsForAsLongAsItTakes) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kErreur, Scenario::Suite::kRefuse, Scenario::Suite::kErreur,
+                      Scenario::Suite::kCoule};
+  const auto session = Joue(scenario, kReseau);
+  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  EXPECT_TRUE(Attends([&] { return scenario->Nombre() == 4; }, 15s));
+  session->Arrete(1s);
+  for (size_t i = 1; i < scenario->Ouvertures.size(); ++i) {
+    EXPECT_GE(scenario->Ouvertures[i] - scenario->Ouvertures[i - 1], 1990ms) << i;
+  }
+}
+
+TEST(SessionCapture, PlaysAFileAgainAtItsEndWithoutAWait) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kFin};
+  const auto session = Joue(scenario, QStringLiteral("/films/x.avi"));
+  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 4; }, 3s));
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+// A source that was at work before goes on being tried even when it cannot be opened just now.
+TEST(SessionCapture, PersistsWhereItIsToldTo) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kRefuse, Scenario::Suite::kCoule};
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(kReseau);
+  demande.Persiste = true;
+  const auto session = SessionCapture::Lance(std::move(demande), [scenario](BoiteImages& boite, const DemandeFlux&) {
+    return std::make_unique<FluxJoue>(boite, scenario);
+  });
+  EXPECT_TRUE(session->AttendPremiereImage(6s));
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+// A device that is left to itself may give a picture of which the detection cannot hold the samples.
+TEST(SessionCapture, ADeviceIsNeverLeftToChooseATooLargeFirstFormat) {
+  const FormatCamera grand{QStringLiteral("MJPG"), 3840, 2160, 30, 1};
+  const FormatCamera voulu{QStringLiteral("YUYV"), 640, 480, 30, 1};
+  const FormatCamera autre{QStringLiteral("MJPG"), 1280, 720, 30, 1};
+  QuestionsV4L2 questions;
+  questions.Noeuds = [] { return QStringList{QStringLiteral("/dev/video0")}; };
+  questions.Sonde = [](const QString& noeud) { return CandidatVideo{noeud, "Camera", "m", "m|bus", {}}; };
+  questions.Formats = [=](const QString&) { return QList<FormatCamera>{grand, voulu, autre}; };
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kRefuse};
+  const auto demandes = std::make_shared<QList<FormatCamera>>();
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(QString());
+  const auto session = SessionCapture::Lance(
+      std::move(demande),
+      [=](BoiteImages& boite, const DemandeFlux& flux) {
+        demandes->append(flux.Format);
+        return std::make_unique<FluxJoue>(boite, scenario);
+      },
+      questions);
+  EXPECT_FALSE(session->AttendPremiereImage(10s));
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(*demandes, (QList<FormatCamera>{voulu, autre}));
+}
+
+TEST(SessionCapture, HoldsTheDoorNoLongerThanItIsTold) {
+  // A stream that hangs in the system when it is closed.
+  class FluxPendu : public FluxImages {
+   public:
+    explicit FluxPendu(std::shared_ptr<std::atomic<bool>> lache) : Lache_(std::move(lache)) {}
+    ~FluxPendu() override { Lache_->wait(false); }
+    bool Ouvre() override { return true; }
+    Etat Surveille(const std::stop_token&, std::chrono::milliseconds) override { return Etat::kErreur; }
+    void Ferme() override {}
+
+   private:
+    std::shared_ptr<std::atomic<bool>> Lache_;
+  };
+  const auto lache = std::make_shared<std::atomic<bool>>(false);
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(kReseau);
+  const auto session = SessionCapture::Lance(
+      std::move(demande), [lache](BoiteImages&, const DemandeFlux&) { return std::make_unique<FluxPendu>(lache); });
+  EXPECT_FALSE(session->AttendPremiereImage(100ms));
+  EXPECT_FALSE(session->Arrete(100ms));
+  *lache = true;
+  lache->notify_all();
+  EXPECT_TRUE(session->Arrete(3s));
+}
+
+}  // namespace
+}  // namespace vaktor

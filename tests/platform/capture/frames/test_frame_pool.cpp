@@ -1,0 +1,94 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "platform/capture/frames/frame_pool.h"
+#include "platform/capture/frames/newest_frame.h"
+
+namespace vaktor {
+namespace {
+
+constexpr QSize kTaille(64, 48);
+
+TEST(ReserveImages, GivesTheSameMemoryAgainWhenNobodyHoldsIt) {
+  ReserveImages reserve;
+  const uchar* premier = reserve.Prend(kTaille)->constBits();
+  EXPECT_EQ(reserve.Prend(kTaille)->constBits(), premier);
+  EXPECT_EQ(reserve.Nombre(), 1U);
+}
+
+TEST(ReserveImages, NeverGivesAwayWhatSomebodyHolds) {
+  ReserveImages reserve;
+  QImage* donnee = reserve.Prend(kTaille);
+  donnee->fill(Qt::red);
+  const QImage tenue = *donnee;
+  QImage* suivante = reserve.Prend(kTaille);
+  suivante->fill(Qt::blue);
+  EXPECT_NE(suivante->constBits(), tenue.constBits());
+  EXPECT_EQ(tenue.pixelColor(1, 1), QColor(Qt::red));
+}
+
+// The whole way: box, taker, shown image. After the first few frames no buffer is new.
+TEST(ReserveImages, NeedsNoNewBufferInASteadyState) {
+  ReserveImages reserve;
+  BoiteImages boite;
+  QImage prise;
+  QImage montree;
+  std::set<const uchar*> memoires;
+  for (int i = 0; i < 500; ++i) {
+    QImage* image = reserve.Prend(kTaille);
+    image->fill(static_cast<uint>(i));
+    boite.Depose(*image);
+    if (i % 2 == 0) {
+      montree = prise;
+      prise = boite.Attend(0, std::chrono::milliseconds(0)).Image.Entiere();
+    }
+    memoires.insert(image->constBits());
+  }
+  EXPECT_LE(memoires.size(), 4U);
+  EXPECT_LE(reserve.Nombre(), 4U);
+}
+
+TEST(ReserveImages, ForgetsTheOldSizeAndKeepsAFewOnly) {
+  ReserveImages reserve;
+  std::vector<QImage> tenues;
+  tenues.reserve(50);
+  for (int i = 0; i < 50; ++i) tenues.push_back(*reserve.Prend(kTaille));
+  EXPECT_LE(reserve.Nombre(), 8U);
+  std::set<const uchar*> memoires;
+  for (const QImage& image : tenues) memoires.insert(image.constBits());
+  EXPECT_EQ(memoires.size(), 50U);
+  EXPECT_EQ(reserve.Prend(QSize(1, 1))->size(), QSize(1, 1));
+  EXPECT_EQ(reserve.Nombre(), 1U);
+}
+
+TEST(BoiteImages, GivesOnlyWhatIsNewer) {
+  BoiteImages boite;
+  EXPECT_EQ(boite.Attend(0, std::chrono::milliseconds(5)).Numero, 0U);
+  QImage image(kTaille, QImage::Format_RGB32);
+  boite.Depose(image);
+  boite.Depose(image);
+  EXPECT_EQ(boite.Attend(0, std::chrono::milliseconds(5)).Numero, 2U);
+  EXPECT_EQ(boite.Attend(2, std::chrono::milliseconds(5)).Numero, 0U);
+  EXPECT_FALSE(boite.Perdu());
+}
+
+// One frame in two seconds is no stall for a camera that promises no more.
+TEST(BoiteImages, WaitsLongerForASlowCamera) {
+  BoiteImages boite;
+  FormatCamera format;
+  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(2000));
+  format.CadenceNum = 30;
+  boite.FixeFormat(format);
+  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(2000));
+  format.CadenceNum = 1;
+  format.CadenceDen = 2;
+  boite.FixeFormat(format);
+  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(8000));
+  format.CadenceDen = 1'000'000;
+  boite.FixeFormat(format);
+  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(60'000));
+}
+
+}  // namespace
+}  // namespace vaktor
