@@ -116,8 +116,7 @@ void Form1::BasculeBouton(int index) {
 }
 
 void Form1::AmenePage(int index) {
-  const std::array<PageVaktor*, 4> pages = {PictPage0_, PictPage1_, PictPage2_, PictPage3_};
-  pages.at(static_cast<std::size_t>(index))->raise();
+  Pages().at(static_cast<std::size_t>(index))->raise();
   PageDevant_ = index;
   if (Face_) Face_->AnnonceEtats();
 }
@@ -151,7 +150,11 @@ void Form1::ChoisitLangue(int langue) {
 }
 
 void Form1::Habille(const ServicesHabillage& services) {
-  Face_ = std::make_unique<Habillage>(*this, services);
+  Face_ = std::make_unique<Habillage>(
+      PartiesFenetre{*this, kTaille, *Bandeau_, Pages(), *PictPage3_->CombSkin, *PictPage2_->BoutonEssaiFtp,
+                     [this](const QImage& fond, int echelle) { MontreFond(fond, echelle); },
+                     [this] { return PageDevant_; }},
+      services);
   // A choice counts when the program sets it and when the user makes it, also of the skin that shows already. One of
   // the user's that changes something is told twice, and drawn once.
   const auto change = std::make_shared<bool>(false);

@@ -74,6 +74,7 @@ class Form1 : public QWidget {
 
  private:
   bool PrendFocus(const QWidget& controle) const;
+  std::array<PageVaktor*, 4> Pages() const { return {PictPage0_, PictPage1_, PictPage2_, PictPage3_}; }
   PortsChamps DonnePortsChamps() const;
   void CreeControlesCaches();
   void BrancheBoutons();

@@ -1,7 +1,8 @@
 #include "ui/skin.h"
 
+#include <utility>
+
 #include "ui/art_images.h"
-#include "ui/form1.h"
 #include "ui/page_blend.h"
 
 namespace vaktor {
@@ -14,31 +15,30 @@ constexpr int kLibelleCameraMarche = 7;  // of Bouton(0) while the camera runs
 
 }  // namespace
 
-Habillage::Habillage(Form1& fenetre, const ServicesHabillage& services)
-    : Fenetre_(fenetre),
+Habillage::Habillage(PartiesFenetre fenetre, const ServicesHabillage& services)
+    : Fenetre_(std::move(fenetre)),
       Services_(services),
-      PictPage_{&fenetre.Mail(), &fenetre.Moniteur(), &fenetre.Ftp(), &fenetre.Options()},
-      Densite_(fenetre.devicePixelRatioF()),
-      Souris_(fenetre, services.Sons) {
+      Densite_(Fenetre_.Fenetre.devicePixelRatioF()),
+      Souris_(Fenetre_.Fenetre, services.Sons) {
   RelieBoutons();
   DessinePages();
 }
 
 Habillage::~Habillage() {
   // A window that is taken down still tells its buttons that the pointer left them.
-  for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->Delie();
+  for (BoutonImage* bouton : Fenetre_.Fenetre.findChildren<BoutonImage*>()) bouton->Delie();
 }
 
 void Habillage::RelieBoutons() {
   const LiensBouton liens{Faces_, Services_.Sons, [this](qint32 id) { Souris_.Passe(id); },
                           [this] { return Services_.Moteur.Camera().CameraActive; }};
-  for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->Relie(liens);
+  for (BoutonImage* bouton : Fenetre_.Fenetre.findChildren<BoutonImage*>()) bouton->Relie(liens);
 }
 
 // Background and clean bitmaps are read anew for each blend: a skin is chosen and a page is shown for the first time so
 // seldom that they would only lie about in between.
 QImage Habillage::ChargeFond() const {
-  return ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), EchelleArt(Densite_), Form1::kTaille, kFondUni);
+  return ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), EchelleArt(Densite_), Fenetre_.Taille, kFondUni);
 }
 
 QImage Habillage::ChargePage(std::size_t i) const {
@@ -47,21 +47,22 @@ QImage Habillage::ChargePage(std::size_t i) const {
 }
 
 void Habillage::ChoisitSkin() {
-  const int index = Fenetre_.Options().CombSkin->currentIndex();
+  const int index = Fenetre_.CombSkin.currentIndex();
   if (index >= 0 && index < kNombreSkins) Skin_ = index;
   DessinePages();
-  PictPage_[3]->repaint();
+  Fenetre_.PictPage[3]->repaint();
 }
 
 void Habillage::DessinePages() {
   Services_.Moteur.SuspendTic();  // no tick falls into the redraw
-  for (std::size_t i = 0; i < PictPage_.size(); ++i) {
-    PictPage_[i]->MontreFond([this, i] { return ChargePage(i); }, EchelleArt(Densite_));
+  for (std::size_t i = 0; i < Fenetre_.PictPage.size(); ++i) {
+    Fenetre_.PictPage[i]->MontreFond([this, i] { return ChargePage(i); }, EchelleArt(Densite_));
   }
-  PictPage_[1]->move(PageVaktor::kPlace.topLeft());
-  for (const std::size_t i : {std::size_t{0}, std::size_t{2}, std::size_t{3}}) PictPage_[i]->move(PictPage_[1]->pos());
-  for (PageVaktor* page : PictPage_) page->resize(PageVaktor::kPlace.size());
-  Fenetre_.setFixedSize(Form1::kTaille);
+  Fenetre_.PictPage[1]->move(PageVaktor::kPlace.topLeft());
+  for (const std::size_t i : {std::size_t{0}, std::size_t{2}, std::size_t{3}})
+    Fenetre_.PictPage[i]->move(Fenetre_.PictPage[1]->pos());
+  for (PageVaktor* page : Fenetre_.PictPage) page->resize(PageVaktor::kPlace.size());
+  Fenetre_.Fenetre.setFixedSize(Fenetre_.Taille);
   Services_.Pompe.PompeMessages();
   Services_.Moteur.ReprendTic();
   FonduPages();
@@ -70,20 +71,21 @@ void Habillage::DessinePages() {
 void Habillage::FonduPages() {
   const int echelle = EchelleArt(Densite_);
   Fenetre_.MontreFond(ChargeFond(), echelle);
-  const QRect place(PictPage_[0]->pos(), PictPage_[0]->size());
-  for (std::size_t i = 0; i < PictPage_.size(); ++i) {
-    PictPage_[i]->MontreFond([=, this] { return MelangePage(ChargePage(i), ChargeFond(), place, echelle); }, echelle);
+  const QRect place(Fenetre_.PictPage[0]->pos(), Fenetre_.PictPage[0]->size());
+  for (std::size_t i = 0; i < Fenetre_.PictPage.size(); ++i) {
+    Fenetre_.PictPage[i]->MontreFond([=, this] { return MelangePage(ChargePage(i), ChargeFond(), place, echelle); },
+                                     echelle);
   }
 }
 
 void Habillage::ChargeBoutons() {
-  Faces_.ChargeBoutons(Services_.Textes, Fenetre_.Ftp().BoutonEssaiFtp->text(), Densite_);
-  for (BoutonImage* bouton : Fenetre_.findChildren<BoutonImage*>()) bouton->MontreRepos();
+  Faces_.ChargeBoutons(Services_.Textes, Fenetre_.BoutonEssaiFtp.text(), Densite_);
+  for (BoutonImage* bouton : Fenetre_.Fenetre.findChildren<BoutonImage*>()) bouton->MontreRepos();
   AnnonceEtats();
 }
 
 void Habillage::AnnonceEtats() {
-  BandeauHaut& bandeau = Fenetre_.Bandeau();
+  const BandeauHaut& bandeau = Fenetre_.Bandeau;
   const bool camera = Services_.Moteur.Camera().CameraActive;
   bandeau.Bouton[0]->setAccessibleName(Services_.Textes.LibelleBouton(camera ? kLibelleCameraMarche : 0));
   bandeau.Bouton[1]->Engage(bandeau.ImageLedAlarme->Etat() != Lampe::kRouge);
@@ -95,8 +97,8 @@ void Habillage::AnnonceEtats() {
 }
 
 void Habillage::SuitDensite() {
-  if (Fenetre_.devicePixelRatioF() == Densite_) return;
-  Densite_ = Fenetre_.devicePixelRatioF();
+  if (Fenetre_.Fenetre.devicePixelRatioF() == Densite_) return;
+  Densite_ = Fenetre_.Fenetre.devicePixelRatioF();
   FonduPages();
   ChargeBoutons();
 }

@@ -1,8 +1,10 @@
 // The look of the main window: skin, frosted pages, button faces, and what the mouse makes of them.
 #pragma once
 
+#include <QComboBox>
 #include <QImage>
 #include <array>
+#include <functional>
 
 #include "engine/ports/event_pump.h"
 #include "engine/ports/interface_sounds.h"
@@ -10,10 +12,21 @@
 #include "ui/button_faces.h"
 #include "ui/hover.h"
 #include "ui/page.h"
+#include "ui/top_band.h"
 
 namespace vaktor {
 
-class Form1;
+/// The parts of the window that the look works on. All references outlive it.
+struct PartiesFenetre {
+  QWidget& Fenetre;
+  QSize Taille;  ///< of the window, points
+  BandeauHaut& Bandeau;
+  std::array<PageVaktor*, 4> PictPage;
+  const QComboBox& CombSkin;
+  const QAbstractButton& BoutonEssaiFtp;
+  std::function<void(const QImage&, int)> MontreFond;  ///< the background, and how many pixels a point it is drawn at
+  std::function<int()> PageDevant;                     ///< index of the page in front
+};
 
 /// What the look needs of others. All references outlive the window.
 struct ServicesHabillage {
@@ -29,8 +42,7 @@ class Habillage {
   static constexpr int kNombreSkins = 3;
 
   /// Ties buttons and mouse, and draws the pages over the plain background.
-  Habillage(Form1& fenetre, const ServicesHabillage& services);
-
+  Habillage(PartiesFenetre fenetre, const ServicesHabillage& services);
   ~Habillage();
   Habillage(const Habillage&) = delete;
   Habillage& operator=(const Habillage&) = delete;
@@ -58,9 +70,8 @@ class Habillage {
   void FonduPages();
   void RelieBoutons();
 
-  Form1& Fenetre_;
+  const PartiesFenetre Fenetre_;
   ServicesHabillage Services_;
-  std::array<PageVaktor*, 4> PictPage_;
   int Skin_ = -1;  // the skin that shows; -1: the plain background
   double Densite_ = 1;
   FacesBoutons Faces_;
