@@ -4,7 +4,7 @@
 #include <QString>
 
 #include "modules/common/failure_notice.h"
-#include "modules/mail/smtp_sender.h"
+#include "modules/mail/sending.h"
 
 namespace vaktor {
 

@@ -1,6 +1,7 @@
 #include "modules/mail/mail_maker.h"
 
 #include "modules/mail/mail_policy.h"
+#include "modules/mail/sendmail_sender.h"
 #include "platform/base/system_files.h"
 
 namespace vaktor {

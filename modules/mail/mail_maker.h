@@ -3,7 +3,7 @@
 
 #include "modules/common/module_folders.h"
 #include "modules/mail/mime_message.h"
-#include "modules/mail/smtp_sender.h"
+#include "modules/mail/sending.h"
 #include "settings/parameters.h"
 
 namespace vaktor {

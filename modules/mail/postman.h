@@ -8,7 +8,7 @@
 
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/outbox.h"
-#include "modules/mail/smtp_sender.h"
+#include "modules/mail/sending.h"
 
 namespace vaktor {
 

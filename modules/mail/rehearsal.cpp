@@ -8,6 +8,7 @@
 #include "modules/common/bounded_log.h"
 #include "modules/mail/failure_advice.h"
 #include "modules/mail/mail_maker.h"
+#include "modules/mail/smtp_sender.h"
 
 namespace vaktor {
 namespace {

@@ -10,6 +10,7 @@
 
 #include "base/failure.h"
 #include "modules/mail/durable_file.h"
+#include "modules/mail/smtp_sender.h"
 #include "platform/store/private_file.h"
 
 namespace vaktor {

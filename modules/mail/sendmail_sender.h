@@ -2,11 +2,17 @@
 // like share (Linux Standard Base, "sendmail").
 #pragma once
 
-#include "modules/mail/smtp_sender.h"
+#include <QByteArray>
+
+#include "modules/mail/sending.h"
 
 namespace vaktor {
 
-/// `reglages.Sendmail` is the path of the program. What it says becomes the server's words.
+/// The system's mail program, in the places where sendmail and its like are; empty when there is none.
+QString TrouveSendmail();
+
+/// `reglages.Sendmail` is the path of the program. What it says becomes the server's words. Blocks, as smtp_sender.h
+/// does.
 ResultatEnvoi EnvoieParSendmail(const ReglagesEnvoi& reglages, const Enveloppe& enveloppe, const QByteArray& message,
                                 const RappelsEnvoi& rappels);
 

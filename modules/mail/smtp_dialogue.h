@@ -3,7 +3,7 @@
 
 #include <QByteArray>
 
-#include "modules/mail/smtp_sender.h"
+#include "modules/mail/sending.h"
 
 namespace vaktor {
 

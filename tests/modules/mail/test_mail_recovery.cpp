@@ -4,6 +4,7 @@
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mime_message.h"
 #include "modules/mail/postman.h"
+#include "modules/mail/smtp_sender.h"
 
 namespace vaktor::essai {
 namespace {

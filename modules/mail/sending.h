@@ -1,0 +1,83 @@
+// What a sending is given, what it calls and what comes of it, whichever way the mail goes.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <functional>
+
+namespace vaktor {
+
+/// How long a server may stay silent, in milliseconds. RFC 5321, 4.5.3.2, asks for patience at the end of the data: who
+/// gives up there sends the mail a second time.
+struct DelaisEnvoi {
+  qint64 Connexion = 20'000;
+  qint64 Reponse = 120'000;
+  qint64 FinDonnees = 600'000;  ///< between the end of the data and the server's "250"
+  bool operator==(const DelaisEnvoi&) const = default;
+};
+
+struct ReglagesEnvoi {
+  bool ParSmtp = true;         ///< false: the system's own mail program (sendmail interface)
+  QString Serveur;             ///< a name or an address; nothing else passes
+  quint16 Port = 25;           ///< 0: what the user typed is no port
+  bool TlsDesLeDebut = false;  ///< TLS from the first byte (port 465); else STARTTLS when the server offers it
+  bool AvecConnexion = false;
+  QString Utilisateur;
+  QString MotDePasse;        ///< in clear; goes to the server and nowhere else
+  QString FichierAutorites;  ///< PEM file of trusted authorities beside those of the system; may be empty
+  QString Sendmail;          ///< path of the sendmail interface; empty where there is none
+  DelaisEnvoi Delais = {};
+  bool operator==(const ReglagesEnvoi&) const = default;
+};
+
+/// Why a mail was not taken, in the order in which a sending goes. Each has its advice in failure_advice.h.
+enum class CauseEchec {
+  kAucune,
+  kIncomplet,            ///< no server, no sender or no destination
+  kConnexionIncomplete,  ///< the server needs a login and there is no user name or no password
+  kPortMauvais,
+  kServeurIntrouvable,  ///< the name is unknown, or no name
+  kPasDeConnexion,      ///< nobody answers on that port, or the network is down
+  kCertificat,          ///< the server's certificate is not to be trusted
+  kTls,                 ///< TLS could not be made
+  kServeurRefuse,       ///< the server does not want to talk now
+  kConnexionRefusee,    ///< user name or password refused
+  kConnexionDemandee,   ///< the server takes no mail without a login
+  kExpediteurRefuse,
+  kDestinataireRefuse,
+  kMessageRefuse,    ///< too large, taken for spam, quota
+  kDelai,            ///< the server stopped answering
+  kCoupure,          ///< the connection broke
+  kProgrammeAbsent,  ///< no sendmail interface on this system
+  kProgrammeEchoue,  ///< it gave an error
+  kFichier,          ///< the mail cannot be read from the outbox
+  kAbandonne,        ///< waited too long in the outbox
+  kInterrompu        ///< our own end
+};
+
+struct ResultatEnvoi {
+  bool Accepte = false;
+  bool Definitif = false;  ///< refused for good (5xx about this mail): trying again makes no sense
+  CauseEchec Cause = CauseEchec::kAucune;
+  int Code = 0;              ///< SMTP reply code, 0 when there was none
+  QString MotsServeur = {};  ///< the server's own words, or the system's; one line, at most 300 characters. Of a mail
+                             ///< that was accepted: what was said against one of its addresses
+};
+
+/// A command of ours by its verb alone ("MAIL"; empty for the greeting) and the server's reply to it.
+using SuiviEnvoi = std::function<void(const QString& commande, const QString& reponse)>;
+
+/// What the sender calls, on the thread of the call. All may be empty.
+struct RappelsEnvoi {
+  std::function<bool()> Arret;       ///< asked about once a second; true ends the sending
+  std::function<void()> SurAccepte;  ///< the moment in which the server's "250" is read; once
+  SuiviEnvoi Suivi;
+};
+
+struct Enveloppe {
+  QString Expediteur;  ///< may be empty for the system's mail program
+  QStringList Destinataires;
+  bool operator==(const Enveloppe&) const = default;
+};
+
+}  // namespace vaktor
