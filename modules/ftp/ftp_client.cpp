@@ -174,21 +174,36 @@ ResultatFtp ClientFtp::Renomme(const TravailFtp& travail, const QString& proviso
 
 void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, const QByteArray* contenu) {
   if (Poignee_ == nullptr) Poignee_ = curl_easy_init();
+  curl_easy_reset(Poignee_);  // the options go, the connection stays
+  RegleAcces(travail, contenu == nullptr ? QString() : travail.Nom);
+  RegleConnexion();
+  RegleConversation(conversation);
+  if (contenu == nullptr) {
+    curl_easy_setopt(Poignee_, CURLOPT_NOBODY, 1L);
+    return;
+  }
+  curl_easy_setopt(Poignee_, CURLOPT_UPLOAD, 1L);
+  curl_easy_setopt(Poignee_, CURLOPT_READFUNCTION, Conversation::Donne);
+  curl_easy_setopt(Poignee_, CURLOPT_READDATA, &conversation);
+  curl_easy_setopt(Poignee_, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(contenu->size()));
+}
+
+void ClientFtp::RegleAcces(const TravailFtp& travail, const QString& nom) {
   CURL* p = Poignee_;
-  curl_easy_reset(p);  // the options go, the connection stays
-  const auto texte = [p](CURLoption option, const QString& valeur) {
-    curl_easy_setopt(p, option, valeur.toUtf8().constData());
-  };
-  curl_easy_setopt(p, CURLOPT_URL, CreeUrlFtp(travail.Acces, contenu == nullptr ? QString() : travail.Nom).constData());
+  curl_easy_setopt(p, CURLOPT_URL, CreeUrlFtp(travail.Acces, nom).constData());
   curl_easy_setopt(p, CURLOPT_PROTOCOLS_STR, "ftp");
-  texte(CURLOPT_USERNAME, travail.Acces.Utilisateur);
-  texte(CURLOPT_PASSWORD, travail.Acces.MotDePasse);
+  curl_easy_setopt(p, CURLOPT_USERNAME, travail.Acces.Utilisateur.toUtf8().constData());
+  curl_easy_setopt(p, CURLOPT_PASSWORD, travail.Acces.MotDePasse.toUtf8().constData());
   curl_easy_setopt(p, CURLOPT_PROXY, "");
-  curl_easy_setopt(p, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(p, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
   if (!Options_.FichierAutorites.isEmpty())
     curl_easy_setopt(p, CURLOPT_CAINFO, QFile::encodeName(Options_.FichierAutorites).constData());
   curl_easy_setopt(p, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_SINGLECWD));
+}
+
+void ClientFtp::RegleConnexion() {
+  CURL* p = Poignee_;
+  curl_easy_setopt(p, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(p, CURLOPT_CONNECTTIMEOUT, static_cast<long>(Options_.DelaiConnexion));
   curl_easy_setopt(p, CURLOPT_FTP_RESPONSE_TIMEOUT, static_cast<long>(Options_.DelaiReponse));
   curl_easy_setopt(p, CURLOPT_LOW_SPEED_LIMIT, 1L);
@@ -197,6 +212,10 @@ void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, con
   curl_easy_setopt(p, CURLOPT_MAXAGE_CONN, kGarde);
   curl_easy_setopt(p, CURLOPT_TCP_KEEPALIVE, 1L);
   curl_easy_setopt(p, CURLOPT_FRESH_CONNECT, ConnexionNeuve_ ? 1L : 0L);
+}
+
+void ClientFtp::RegleConversation(Conversation& conversation) {
+  CURL* p = Poignee_;
   curl_easy_setopt(p, CURLOPT_ERRORBUFFER, conversation.Erreur.data());
   curl_easy_setopt(p, CURLOPT_WRITEFUNCTION, Jette);
   curl_easy_setopt(p, CURLOPT_HEADERFUNCTION, Jette);
@@ -206,14 +225,6 @@ void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, con
   curl_easy_setopt(p, CURLOPT_NOPROGRESS, 0L);
   curl_easy_setopt(p, CURLOPT_XFERINFOFUNCTION, Conversation::Avance);
   curl_easy_setopt(p, CURLOPT_XFERINFODATA, &conversation);
-  if (contenu == nullptr) {
-    curl_easy_setopt(p, CURLOPT_NOBODY, 1L);
-    return;
-  }
-  curl_easy_setopt(p, CURLOPT_UPLOAD, 1L);
-  curl_easy_setopt(p, CURLOPT_READFUNCTION, Conversation::Donne);
-  curl_easy_setopt(p, CURLOPT_READDATA, &conversation);
-  curl_easy_setopt(p, CURLOPT_INFILESIZE_LARGE, static_cast<curl_off_t>(contenu->size()));
 }
 
 ResultatFtp ClientFtp::Parle(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
@@ -247,41 +258,37 @@ ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversat
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(conversation.Erreur.data());
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(curl_easy_strerror(static_cast<CURLcode>(code)));
   const int refus = dialogue.CodeRefus();
-  if (refus == kServiceFerme || refus == kPasDeDonnees) return resultat;
-  long numero = 0;
+  if (refus != kServiceFerme && refus != kPasDeDonnees) resultat.Issue = JugeCode(code, refus != 0, travail.Acces.Hote);
+  return resultat;
+}
+
+IssueFtp ClientFtp::JugeCode(int code, bool refuse, const QString& hote) const {
   switch (code) {
     case CURLE_LOGIN_DENIED:
-      resultat.Issue = IssueFtp::kAccesRefuse;
-      break;
+      return IssueFtp::kAccesRefuse;
     case CURLE_REMOTE_ACCESS_DENIED:
-      resultat.Issue = IssueFtp::kDossierAbsent;
-      break;
+      return IssueFtp::kDossierAbsent;
     case CURLE_UPLOAD_FAILED:
     case CURLE_QUOTE_ERROR:
     case CURLE_REMOTE_DISK_FULL:
     case CURLE_PARTIAL_FILE:
     case CURLE_FTP_COULDNT_SET_TYPE:
-      if (refus != 0) resultat.Issue = IssueFtp::kRefus;
-      break;
-    case CURLE_COULDNT_RESOLVE_HOST:
-      if (!EstSansRecherche(travail.Acces.Hote)) {
-        resultat.Issue = JugeNom(travail.Acces.Hote).Issue;
-        if (resultat.Issue == IssueFtp::kReussi) resultat.Issue = IssueFtp::kSansReseau;  // it is back this very moment
-      } else {
-        resultat.Issue = IssueFtp::kServeurInconnu;
-      }
-      break;
+      return refuse ? IssueFtp::kRefus : IssueFtp::kPasDeConnexion;
+    case CURLE_COULDNT_RESOLVE_HOST: {
+      if (EstSansRecherche(hote)) return IssueFtp::kServeurInconnu;
+      const IssueFtp issue = JugeNom(hote).Issue;
+      return issue == IssueFtp::kReussi ? IssueFtp::kSansReseau : issue;  // it is back this very moment
+    }
     case CURLE_URL_MALFORMAT:
-      resultat.Issue = IssueFtp::kServeurInconnu;
-      break;
-    case CURLE_COULDNT_CONNECT:
+      return IssueFtp::kServeurInconnu;
+    case CURLE_COULDNT_CONNECT: {
+      long numero = 0;
       curl_easy_getinfo(Poignee_, CURLINFO_OS_ERRNO, &numero);
-      if (EstSansRoute(numero) && !EstSansRecherche(travail.Acces.Hote)) resultat.Issue = IssueFtp::kSansReseau;
-      break;
+      return EstSansRoute(numero) && !EstSansRecherche(hote) ? IssueFtp::kSansReseau : IssueFtp::kPasDeConnexion;
+    }
     default:
-      break;
+      return IssueFtp::kPasDeConnexion;
   }
-  return resultat;
 }
 
 }  // namespace vaktor

@@ -51,8 +51,14 @@ class ClientFtp {
   /// One run of the library. `commandes` are sent behind the transfer, or alone when there is no `contenu`.
   ResultatFtp Parle(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
                     const OuvrierFtp::SurEtape& etape);
+  /// All options of the next run anew.
   void Regle(const TravailFtp& travail, Conversation& conversation, const QByteArray* contenu);
+  void RegleAcces(const TravailFtp& travail, const QString& nom);
+  void RegleConnexion();
+  void RegleConversation(Conversation& conversation);
   ResultatFtp Juge(int code, const TravailFtp& travail, const Conversation& conversation) const;
+  /// `code` is one of the library's; `refuse`: the server has refused a command of this run.
+  IssueFtp JugeCode(int code, bool refuse, const QString& hote) const;
   /// For a host that the library could not find: whether it is the name or the network.
   ResultatFtp JugeNom(const QString& hote) const;
 
