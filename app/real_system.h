@@ -3,7 +3,6 @@
 
 #include <memory>
 
-#include "app/do_nothing.h"
 #include "app/start_arguments.h"
 #include "app/system_ports.h"
 #include "platform/accounts/account_registry.h"

@@ -15,7 +15,7 @@
 #include <memory>
 #include <vector>
 
-#include "app/do_nothing.h"
+#include "bench/silent_sounds.h"
 #include "engine/surveillance.h"
 #include "image/jpeg_writer.h"
 #include "image/photo_recorder.h"

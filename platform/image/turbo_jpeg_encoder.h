@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "image/jpeg_writer.h"
+#include "image/ports/jpeg_encoder.h"
 
 namespace vaktor {
 

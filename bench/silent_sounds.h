@@ -1,4 +1,4 @@
-// Port behind which there is nothing: sounds that nobody hears, for programs that only measure.
+// Sounds that nobody hears, for programs that only measure.
 #pragma once
 
 #include "engine/ports/interface_sounds.h"
