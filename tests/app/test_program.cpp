@@ -75,7 +75,7 @@ TEST_F(Programme, ComesUpWritesOnlyBelowItsFolderAndEndsOnTerm) {
   EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(Processus.exitCode(), 0);
   // Started and not yet saved when it ended: the gauge of the start is, by the shutdown.
-  EXPECT_EQ(Reglage(QStringLiteral("seuil")).isEmpty(), false);
+  EXPECT_FALSE(Reglage(QStringLiteral("seuil")).isEmpty());
 }
 
 // Our windows are written in Arial, or what stands for it. The desktop's own font is loaded by the first control that

@@ -202,7 +202,9 @@ TEST_F(Camera, NoTimerTicksWhileADialogOfTheDriverIsOpen) {
   Engin.BasculeAlarme();
   Temps.Avance(3000);
   const qint32 seuil = Reglages.SeuilDetection;
+  int dialogues = 0;
   Pilote.PendantDialogue = [&] {
+    ++dialogues;
     const qint32 saisies = Pilote.Saisies;
     Temps.Avance(60'000);
     EXPECT_EQ(Pilote.Saisies, saisies);
@@ -212,6 +214,7 @@ TEST_F(Camera, NoTimerTicksWhileADialogOfTheDriverIsOpen) {
   };
   Engin.MontreDialogueFormat();
   Engin.MontreDialogueSource();
+  EXPECT_EQ(dialogues, 2);
   const qint32 saisies = Pilote.Saisies;
   Temps.Avance(3000);  // closed: everything goes on from where it stood
   EXPECT_EQ(Pilote.Saisies, saisies + 100);
@@ -245,13 +248,16 @@ TEST_F(Camera, NoTimerTicksWhileTheDriverIsBeingConnected) {
 
 TEST_F(Camera, SwitchDoesNothingWhileTheDriverIsBeingConnected) {
   Journal.Ecoute();
+  bool basculee = false;
   Pilote.PendantConnexion = [&] {
+    basculee = true;
     Engin.BasculeCamera();
     Engin.BasculeAlarme();
     EXPECT_FALSE(Engin.Camera().CameraActive);
     EXPECT_FALSE(Engin.CompteAReboursEnCours());
   };
   Engin.BasculeCamera();
+  EXPECT_TRUE(basculee);
   EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Connecte")), 1);
   EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Deconnecte")), 0);
   EXPECT_TRUE(Engin.Camera().CameraActive);

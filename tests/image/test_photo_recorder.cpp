@@ -94,6 +94,7 @@ TEST_F(PhotoRecorder, PhotosTakeThePictureAndNotTheOutlines) {
   Surface.Dessine({0, 0, 4, 3});
   Live = true;
   Enregistre(1);
+  ASSERT_EQ(Ecrivain.Appels.size(), 2);
   for (const auto& appel : Ecrivain.Appels) EXPECT_EQ(appel.Image.constBits(), Surface.Image().constBits());
   EXPECT_EQ(Ecrivain.Appels[0].Image, Photo(Qt::red));
 }

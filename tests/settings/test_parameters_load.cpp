@@ -46,28 +46,24 @@ TEST(ChargeParametres, FillsTheControlsInTheirOrder) {
 
 TEST(ChargeParametres, ReadsTheMailBlockWholeBeforeCheckMailAndEverythingBeforeTheFtpFields) {
   BancReglages banc;
-  banc.Affichage.AuMoment = [&](C controle) {
-    if (controle == C::CheckMail) {
-      EXPECT_EQ(banc.Magasin.Lus.last(), QStringLiteral("MAIL/pass"));
-    }
-    if (controle == C::TxtHtml) {
-      EXPECT_EQ(banc.Magasin.Lus.last(), QStringLiteral("FTP/pass"));
-    }
-    if (controle == C::CombSkin) {
-      EXPECT_EQ(banc.Magasin.Lus.last(), QStringLiteral("general/skin"));
-    }
-  };
+  QMap<C, QString> luAvant;
+  banc.Affichage.AuMoment = [&](C controle) { luAvant[controle] = banc.Magasin.Lus.last(); };
   banc.Reglages.ChargeParametres();
+  EXPECT_EQ(luAvant.value(C::CombSkin), QStringLiteral("general/skin"));
+  EXPECT_EQ(luAvant.value(C::CheckMail), QStringLiteral("MAIL/pass"));
+  EXPECT_EQ(luAvant.value(C::TxtHtml), QStringLiteral("FTP/pass"));
 }
 
 TEST(ChargeParametres, StartsTheCountdownFromRetardBeforeText1) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("general/retard")] = QStringLiteral("25");
+  QList<C> apres;
   banc.Affichage.AuMoment = [&](C controle) {
-    EXPECT_EQ(banc.Affichage.Rebours,
-              controle == C::Text1 || controle == C::CombQualit ? QList<qint32>{25} : QList<qint32>{});
+    if (!banc.Affichage.Rebours.isEmpty()) apres += controle;
   };
   banc.Reglages.ChargeParametres();
+  EXPECT_EQ(apres, QList<C>({C::Text1, C::CombQualit}));
+  EXPECT_EQ(banc.Affichage.Rebours, QList<qint32>{25});
 }
 
 TEST(ChargeParametres, DerivesTheJpegQuality) {
@@ -147,13 +143,16 @@ TEST(ChargeParametres, DoesNotSaveForAnIntervalThatStaysEmpty) {
 TEST(ChargeParametres, ReplacesAVanishedPhotoFolderInTheStoreAtOnce) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/gone");
+  bool rempli = false;
   banc.Affichage.AuMoment = [&](C controle) {
     if (controle != C::CheckPPhot) return;
+    rempli = true;
     EXPECT_EQ(banc.Magasin.Disque.value("PHOTO/repertoire"), QStringLiteral("/prog\\intrus"));
     EXPECT_EQ(banc.Magasin.Ecrits, QStringList({"PHOTO/repertoire", "*"})) << "this one key, before any save";
     EXPECT_TRUE(banc.Modules.Envois.isEmpty());
   };
   banc.Reglages.ChargeParametres();
+  EXPECT_TRUE(rempli);
   EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/prog\\intrus"));
   EXPECT_EQ(banc.Disque.DossiersDemandes, QStringList{QStringLiteral("/prog\\intrus")});
 }

@@ -28,11 +28,11 @@ TEST(SauveParametres, WritesAll35KeysInTheirOrderAndToTheDiskOnce) {
 TEST(SauveParametres, TellsTheThreeCompanionsAfterTheLastWrite) {
   BancReglages banc;
   banc.Valeurs.SmtpPass = QStringLiteral("abc");
-  banc.Modules.AuPremierEnvoi = [&] {
-    EXPECT_EQ(banc.Magasin.Disque.size(), kNombreCles);
-    EXPECT_EQ(banc.Magasin.Disque.value("MAIL/pass"), QStringLiteral("098100102"));
-  };
+  QMap<QString, QString> dejaEcrit;
+  banc.Modules.AuPremierEnvoi = [&] { dejaEcrit = banc.Magasin.Disque; };
   banc.Reglages.SauveParametres();
+  EXPECT_EQ(dejaEcrit.size(), kNombreCles);
+  EXPECT_EQ(dejaEcrit.value("MAIL/pass"), QStringLiteral("098100102"));
   EXPECT_EQ(banc.Modules.Envois, QStringList({"FTP:Optio", "MAIL:Optio", "SON:Optio"}));
 }
 
@@ -53,8 +53,10 @@ TEST(SauveParametres, DoesNotCompareWithWhatIsStored) {
 TEST(SauveParametres, ClearsTheFlagLast) {
   BancReglages banc;
   banc.Valeurs.ParametresModifies = true;
-  banc.Modules.AuPremierEnvoi = [&] { EXPECT_TRUE(banc.Valeurs.ParametresModifies); };
+  bool leve = false;
+  banc.Modules.AuPremierEnvoi = [&] { leve = banc.Valeurs.ParametresModifies; };
   banc.Reglages.SauveParametres();
+  EXPECT_TRUE(leve);
   EXPECT_FALSE(banc.Valeurs.ParametresModifies);
 }
 
@@ -86,6 +88,7 @@ TEST(SauveParametres, NeverStoresAPasswordAsItWasTyped) {
   BancReglages banc;
   banc.Valeurs.SmtpPass = banc.Valeurs.MotDePasseFtp = QStringLiteral("secret");
   banc.Reglages.SauveParametres();
+  ASSERT_EQ(banc.Magasin.Disque.size(), kNombreCles);
   for (const QString& valeur : banc.Magasin.Disque) EXPECT_FALSE(valeur.contains(QStringLiteral("secret")));
 }
 

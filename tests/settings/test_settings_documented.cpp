@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QFile>
+#include <QMap>
 #include <QStringList>
 
 #include "settings/settings_table.h"
@@ -64,14 +65,10 @@ TEST(PageDesReglages, ListsEveryRowOfTheTableInSaveOrderWithItsFormAndDefault) {
 }
 
 TEST(PageDesReglages, GivesTheRangeOfEachRowThatIsRefusedOutsideIt) {
-  for (const QStringList& ecrite : LitPage()) {
-    if (ecrite[1] == QStringLiteral("`skin`")) {
-      EXPECT_EQ(ecrite[4], QStringLiteral("0 to 2"));
-    }
-    if (ecrite[1] == QStringLiteral("`qualitephoto`")) {
-      EXPECT_EQ(ecrite[4], QStringLiteral("0 to 3"));
-    }
-  }
+  QMap<QString, QString> domaines;
+  for (const QStringList& ecrite : LitPage()) domaines[ecrite[1]] = ecrite[4];
+  EXPECT_EQ(domaines.value(QStringLiteral("`skin`")), QStringLiteral("0 to 2"));
+  EXPECT_EQ(domaines.value(QStringLiteral("`qualitephoto`")), QStringLiteral("0 to 3"));
 }
 
 }  // namespace

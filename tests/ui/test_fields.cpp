@@ -345,7 +345,7 @@ TEST_F(Champs, AnyTextCanBePastedIntoEveryField) {
     corps->selectAll();
     QGuiApplication::clipboard()->setText(texte);
     QTest::keyClick(corps, Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(Banc.Reglages.MailCorps.isEmpty(), false);
+    EXPECT_EQ(Banc.Reglages.MailCorps, corps->toPlainText());
   }
   EXPECT_EQ(Champ("Text1")->text(), QStringLiteral("0")) << "the last paste has no digit";
   Champ("TxtUserName")->setText(textes[0]);

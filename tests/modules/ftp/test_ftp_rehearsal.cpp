@@ -110,6 +110,7 @@ TEST_F(Repetition, GoesTheWayOfALiveImageTwiceAndTidiesUp) {
 
 TEST_F(Repetition, TouchesNoNameOfTheLivePage) {
   Joue(Champs);
+  ASSERT_FALSE(Travaux.isEmpty());
   for (const TravailFtp& travail : Travaux) {
     EXPECT_TRUE(travail.Nom.isEmpty() || travail.Nom.startsWith("vaktor-try-")) << travail.Nom.toStdString();
     EXPECT_EQ(travail.Provisoire, "vaktor-try-k7.part") << "and never the default, which a live page may be using";

@@ -91,8 +91,11 @@ TEST_F(Canal, ABoxMayBeClosedByItsOwnWord) {
 
 TEST_F(Canal, PostingToNobodyIsSwallowed) {
   for (const qint32 poignee : {0, -5, 1, 424242}) Local.PosteTouche(poignee, 65);
-  QCoreApplication::processEvents();
-  SUCCEED();
+  QList<QByteArray> recus;
+  const BoiteLocale fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
+  Local.PosteTouche(fenetre.Poignee(), 66);
+  ASSERT_TRUE(AttendQue([&] { return !recus.isEmpty(); }));
+  EXPECT_EQ(recus, QList<QByteArray>{"66"}) << "whoever is there still gets his own";
 }
 
 TEST_F(Canal, CommandsArriveAsDecimalCodesInOrder) {

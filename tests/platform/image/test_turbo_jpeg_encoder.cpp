@@ -130,7 +130,10 @@ TEST_F(TurboJpegEncoder, OtherFormatsGiveTheSamePhoto) {
 }
 
 TEST_F(TurboJpegEncoder, HoldsNothingButThePicture) {
-  for (const int marqueur : Marqueurs(Encode(Pente(32, 32)))) {
+  const std::vector<int> marqueurs = Marqueurs(Encode(Pente(32, 32)));
+  ASSERT_FALSE(marqueurs.empty());
+  EXPECT_EQ(marqueurs.back(), 0xda) << "read as far as the picture data";
+  for (const int marqueur : marqueurs) {
     EXPECT_NE(marqueur, 0xfe) << "a comment";
     EXPECT_FALSE(marqueur > 0xe0 && marqueur <= 0xef) << "metadata, segment " << marqueur;
   }

@@ -190,7 +190,9 @@ TEST_F(ReglagesTest, EveryControlHasANameForPeopleWhoDoNotSeeIt) {
   EXPECT_EQ(Curseur(kLuminosite)->accessibleName(), QString::fromUtf8("Luminosité"));
   EXPECT_EQ(Coche(kGainAuto)->accessibleName(), "Gain automatique");
   EXPECT_EQ(Menu(kSecteur)->accessibleName(), QString::fromUtf8("Fréquence du secteur"));
-  for (const auto* bouton : Dialogue_->findChildren<QPushButton*>())
+  const auto boutons = Dialogue_->findChildren<QPushButton*>();
+  EXPECT_GE(boutons.size(), 3);
+  for (const auto* bouton : boutons)
     EXPECT_FALSE(bouton->accessibleName().isEmpty()) << bouton->objectName().toStdString();
 }
 
