@@ -6,39 +6,23 @@
 #include <QJsonObject>
 #include <QTest>
 
-#include "app/system_of_fakes.h"
+#include "app/program_fixture.h"
 
 namespace vaktor::essai {
 namespace {
 
-class EssaiDuProgramme : public testing::Test {
+class EssaiDuProgramme : public ProgrammeSurFaux {
  protected:
   void SetUp() override {
-    Systeme.Valeurs.insert(QStringLiteral("general/langue"), QStringLiteral("1"));
     Systeme.Valeurs.insert(QStringLiteral("FTP/ftp"), QStringLiteral("ftp.a.org"));
     Systeme.Valeurs.insert(QStringLiteral("FTP/user"), QStringLiteral("anna"));
     Systeme.Valeurs.insert(QStringLiteral("FTP/racine"), QStringLiteral("/www"));
-    Programme->Demarre(QStringLiteral("1.4.9"));
-    Systeme.Temps.Avance(2000);
+    DemarreJusquALaFenetre();
     Clique("Bouton(6)");
     Systeme.Notes.Vide();
   }
-  static QWidget* Fenetre(const char* nom) {
-    for (QWidget* fenetre : QApplication::topLevelWidgets()) {
-      if (fenetre->objectName() == QLatin1String(nom)) return fenetre;
-    }
-    return nullptr;
-  }
   static QWidget* Forme() { return Fenetre("FrmEssaiFtp"); }
-  template <typename T = QWidget>
-  static T* Trouve(const char* nom) {
-    return Fenetre("Form1")->findChild<T*>(QLatin1String(nom));
-  }
-  static void Clique(const char* nom) { QTest::mouseClick(Trouve(nom), Qt::LeftButton); }
   QJsonObject Demande() const { return QJsonDocument::fromJson(Systeme.EssaiFtp.Demande).object(); }
-
-  SystemeFaux Systeme;
-  std::unique_ptr<Vaktor> Programme = std::make_unique<Vaktor>(Systeme.Ports(), QString());
 };
 
 TEST_F(EssaiDuProgramme, AClickOpensTheWindowAndTriesTheFieldsAsTheyStand) {

@@ -7,7 +7,7 @@
 #include <QTest>
 #include <QTreeWidget>
 
-#include "app/system_of_fakes.h"
+#include "app/program_fixture.h"
 
 namespace vaktor::essai {
 namespace {
@@ -22,12 +22,8 @@ QStringList LitListe(const char* nom) {
   return lignes;
 }
 
-class Ordre : public testing::Test {
+class Ordre : public ProgrammeSurFaux {
  protected:
-  void Demarre(const QString& arguments = {}) {
-    Programme = std::make_unique<Vaktor>(Systeme.Ports(), arguments);
-    Programme->Demarre(QStringLiteral("1.4.9"));
-  }
   void CompareListe(const char* nom) {
     const QStringList vus = Systeme.DepuisVide();
     const QStringList voulus = LitListe(nom);
@@ -37,16 +33,7 @@ class Ordre : public testing::Test {
           << vus.join(u'\n').toStdString();
     }
   }
-  static QWidget* Fenetre(const char* nom) {
-    for (QWidget* fenetre : QApplication::topLevelWidgets()) {
-      if (fenetre->objectName() == QLatin1String(nom)) return fenetre;
-    }
-    return nullptr;
-  }
   static bool Visible(const char* nom) { return Fenetre(nom) != nullptr && Fenetre(nom)->isVisible(); }
-
-  SystemeFaux Systeme;
-  std::unique_ptr<Vaktor> Programme;
 };
 
 TEST_F(Ordre, OfAFirstStartIsTheList) {

@@ -3,42 +3,25 @@
 
 #include <QTest>
 
-#include "app/system_of_fakes.h"
+#include "app/program_fixture.h"
 
 namespace vaktor::essai {
 namespace {
 
-class FormeDuProgramme : public testing::Test {
+class FormeDuProgramme : public ProgrammeSurFaux {
  protected:
   void SetUp() override {
-    Systeme.Valeurs.insert(QStringLiteral("general/langue"), QStringLiteral("1"));
     Systeme.Valeurs.insert(QStringLiteral("MAIL/smtpserveur"), QStringLiteral("smtp.b.org"));
     Systeme.Valeurs.insert(QStringLiteral("MAIL/smtpfrom"), QStringLiteral("me@b.org"));
     Systeme.Valeurs.insert(QStringLiteral("MAIL/smtpneedlogin"), QStringLiteral("False"));
-    Programme->Demarre(QStringLiteral("1.4.9"));
-    Systeme.Temps.Avance(2000);
-    Systeme.Notes.Vide();
+    DemarreJusquALaFenetre();
   }
   void TearDown() override {
     Programme.reset();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  static QWidget* Fenetre(const char* nom) {
-    for (QWidget* fenetre : QApplication::topLevelWidgets()) {
-      if (fenetre->objectName() == QLatin1String(nom)) return fenetre;
-    }
-    return nullptr;
-  }
   static QWidget* Forme() { return Fenetre("FrmSmtp"); }
-  template <typename T = QWidget>
-  static T* Trouve(const char* nom) {
-    return Fenetre("Form1")->findChild<T*>(QLatin1String(nom));
-  }
-  static void Clique(const char* nom) { QTest::mouseClick(Trouve(nom), Qt::LeftButton); }
   static QString Lit(const char* nom) { return Forme()->findChild<QLineEdit*>(QLatin1String(nom))->text(); }
-
-  SystemeFaux Systeme;
-  std::unique_ptr<Vaktor> Programme = std::make_unique<Vaktor>(Systeme.Ports(), QString());
 };
 
 TEST_F(FormeDuProgramme, IsNotThereBeforeItIsOpened) { EXPECT_EQ(Forme(), nullptr); }

@@ -6,6 +6,7 @@
 #include <QFile>
 
 #include "support/companion_program.h"
+#include "support/file_bytes.h"
 
 namespace vaktor::essai {
 namespace {
@@ -18,10 +19,7 @@ struct Programmes : ProgrammeCompagnon {
   bool AttendInscription() {
     return AttendQue([this] { return Etat.HandleSon != 0; });
   }
-  QString LitJournal() const {
-    QFile fichier(Temporaire.filePath("etat/VAKTORsound.log"));
-    return fichier.open(QIODevice::ReadOnly) ? QString::fromUtf8(fichier.readAll()) : QString();
-  }
+  QString LitJournal() const { return LitTexte(Temporaire.filePath("etat/VAKTORsound.log")); }
 };
 
 TEST_F(Programmes, TheSoundCompanionRegistersAndEndsWhenItIsTold) {

@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "fakes/virtual_timers.h"
+#include "modules/module_bench.h"
 #include "modules/sound/sound_module.h"
 #include "support/event_wait.h"
 
@@ -28,21 +28,12 @@ struct JoueurFaux : JoueurSon {
   std::function<void(FinSon, const QString&)> Fini;
 };
 
-struct Son : testing::Test {
-  QTemporaryDir Temporaire;
-  faux::HorlogeVirtuelle Horloge;
-  faux::TempsVirtuel Temps{Horloge};
-  DossiersModule Dossiers;
-  JournalBorne Journal{Temporaire.path(), QStringLiteral("son"), Horloge};
-  QStringList Avis;
-  EtatModule Etat{Temporaire.path(), QStringLiteral("son"), Horloge,
-                  [this](const QString&, const QString& texte) { Avis << texte; }};
+struct Son : BancModule {
   QStringList Faits;
   JoueurFaux* Joueur = nullptr;
   std::unique_ptr<ModuleSon> Module;
-  ReglagesModule Reglages;
 
-  Son() {
+  Son() : BancModule(QStringLiteral("son")) {
     Dossiers.Programme.Executables = Temporaire.path();
     QDir(Temporaire.path()).mkdir("snd");
     for (const int numero : {0, 1, 2}) Touche(QStringLiteral("snd/%1.wav").arg(numero));

@@ -7,8 +7,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "fakes/virtual_timers.h"
 #include "modules/ftp/ftp_module.h"
+#include "modules/module_bench.h"
+#include "support/file_bytes.h"
 
 namespace vaktor::essai {
 
@@ -30,21 +31,12 @@ struct OuvrierFaux : OuvrierFtp {
   int Coupes = 0;
 };
 
-struct Ftp : testing::Test {
-  QTemporaryDir Temporaire;
-  faux::HorlogeVirtuelle Horloge;
-  faux::TempsVirtuel Temps{Horloge};
-  DossiersModule Dossiers;
-  JournalBorne Journal{Temporaire.path(), QStringLiteral("ftp"), Horloge};
-  QStringList Avis;
-  EtatModule Etat{Temporaire.path(), QStringLiteral("ftp"), Horloge,
-                  [this](const QString&, const QString& texte) { Avis << texte; }};
+struct Ftp : BancModule {
   QStringList Mots;
   OuvrierFaux* Ouvrier = nullptr;
   std::unique_ptr<ModuleFtp> Module;
-  ReglagesModule Reglages;
 
-  Ftp() {
+  Ftp() : BancModule(QStringLiteral("ftp")) {
     Dossiers.Etat = Dossiers.Programme.Donnees = Temporaire.path();
     QDir(Temporaire.path()).mkpath("Temp/FTP");
     Horloge.Date = QDate::currentDate();  // the files' own times are the system's
@@ -101,10 +93,7 @@ struct Ftp : testing::Test {
   }
   QStringList PhotosLocales() const { return QDir(Temporaire.filePath("Temp/FTP")).entryList(QDir::Files); }
   bool EnPage() const { return Ouvrier->EnCours() && Ouvrier->Travail.Nom == kNomPage; }
-  QString EtatEcrit() const {
-    QFile fichier(Temporaire.filePath("ftp.json"));
-    return fichier.open(QIODevice::ReadOnly) ? QString::fromUtf8(fichier.readAll()) : QString();
-  }
+  QString EtatEcrit() const { return LitTexte(Temporaire.filePath("ftp.json")); }
 };
 
 }  // namespace vaktor::essai

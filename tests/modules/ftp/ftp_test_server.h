@@ -10,6 +10,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "support/file_bytes.h"
+
 namespace vaktor::essai {
 
 /// A real JPEG of noise, so that it has some size; `graine` makes different ones.
@@ -26,16 +28,6 @@ inline QByteArray CreeJpeg(int graine, int cote = 200) {
   tampon.open(QIODevice::WriteOnly);
   image.save(&tampon, "JPG", 90);
   return octets;
-}
-
-inline bool EcritOctets(const QString& chemin, const QByteArray& octets) {
-  QFile fichier(chemin);
-  return fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size();
-}
-
-inline QByteArray LitOctets(const QString& chemin) {
-  QFile fichier(chemin);
-  return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
 }
 
 class ServeurEssai {

@@ -12,17 +12,9 @@
 #include <QProcess>
 #include <QTemporaryDir>
 
+#include "support/file_bytes.h"
+
 namespace vaktor::essai {
-
-inline QByteArray LitFichier(const QString& chemin) {
-  QFile f(chemin);
-  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-inline bool EcritFichierEssai(const QString& chemin, const QByteArray& octets) {
-  QFile f(chemin);
-  return f.open(QIODevice::WriteOnly) && f.write(octets) == octets.size();
-}
 
 /// The mail as Python's email package reads it.
 inline QJsonObject LitCourriel(const QByteArray& message) {
@@ -63,9 +55,9 @@ class ServeurMail {
     return QDir(Dossier_.path()).entryList({QStringLiteral("*.eml")}, QDir::Files, QDir::Name);
   }
   qsizetype NombreRecus() const { return Noms().size(); }
-  QByteArray Message(qsizetype i = 0) const { return LitFichier(Dossier_.filePath(Noms().value(i))); }
+  QByteArray Message(qsizetype i = 0) const { return LitOctets(Dossier_.filePath(Noms().value(i))); }
   QJsonObject Enveloppe(qsizetype i = 0) const {
-    return QJsonDocument::fromJson(LitFichier(Dossier_.filePath(Noms().value(i).replace(".eml", ".json")))).object();
+    return QJsonDocument::fromJson(LitOctets(Dossier_.filePath(Noms().value(i).replace(".eml", ".json")))).object();
   }
 
  private:
@@ -84,7 +76,7 @@ class Certificats {
     Lance(
         {"req", "-newkey", "rsa:2048", "-nodes", "-subj", "/CN=" + nom, "-keyout", d + "/s.key", "-out", d + "/s.csr"});
     const QString genre = nom.at(0).isDigit() ? QStringLiteral("IP:") : QStringLiteral("DNS:");
-    EcritFichierEssai(d + "/ext", ("subjectAltName=" + genre + nom + "\n").toUtf8());
+    EcritOctets(d + "/ext", ("subjectAltName=" + genre + nom + "\n").toUtf8());
     Lance({"x509", "-req", "-in", d + "/s.csr", "-CA", d + "/ca.pem", "-CAkey", d + "/ca.key", "-CAcreateserial",
            "-days", "2", "-extfile", d + "/ext", "-out", d + "/s.pem"});
   }

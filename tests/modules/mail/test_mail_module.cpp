@@ -1,9 +1,9 @@
 // The companion's rules in virtual time: rows, pauses, photos that come, what the user is told.
 #include <QDateTime>
 
-#include "fakes/virtual_timers.h"
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mail_module.h"
+#include "modules/module_bench.h"
 
 namespace vaktor::essai {
 namespace {
@@ -18,25 +18,16 @@ struct PosteFaux : Poste {
   std::function<void()> Fini;
 };
 
-struct Mail : testing::Test {
-  QTemporaryDir Temporaire;
+struct Mail : BancModule {
   QString Photos = Temporaire.filePath("photos");
   qint64 Debut = QDateTime::currentMSecsSinceEpoch() - 3'600'000;
-  faux::HorlogeVirtuelle Horloge;
-  faux::TempsVirtuel Temps{Horloge};
-  DossiersModule Dossiers;
-  JournalBorne Journal{Temporaire.path(), QStringLiteral("mail"), Horloge};
-  QStringList Avis;
-  EtatModule Etat{Temporaire.path(), QStringLiteral("mail"), Horloge,
-                  [this](const QString&, const QString& texte) { Avis << texte; }};
   QStringList Faits;
   PosteFaux* Envoi = nullptr;
   Facteur::Rapporteur Rapporte;
-  ReglagesModule Reglages;
   BoiteEnvoi Boite{Temporaire.filePath("courrier")};
   std::unique_ptr<ModuleMail> Module;
 
-  Mail() {
+  Mail() : BancModule(QStringLiteral("mail")) {
     QDir().mkpath(Photos);
     Dossiers.Programme.Donnees = Temporaire.path();
     QDir().mkpath(Dossiers.CheminTempFtp());
@@ -185,8 +176,8 @@ TEST_F(Mail, AFailureIsToldInTheServersWordsWithoutThePassword) {
              .Code = 535,
              .MotsServeur = "535 no: s3cret&mot " + QString::fromLatin1(plain.toBase64())},
             10'000});
-  const QByteArray etat = LitFichier(Etat.Chemin());
-  const QByteArray journal = LitFichier(Journal.Chemin());
+  const QByteArray etat = LitOctets(Etat.Chemin());
+  const QByteArray journal = LitOctets(Journal.Chemin());
   EXPECT_TRUE(etat.contains("\"mail-login\"") && etat.contains("535 no:"));
   EXPECT_TRUE(etat.contains("Vérifiez") && etat.contains("Check both"));
   ASSERT_EQ(Avis.size(), 1);
@@ -195,13 +186,13 @@ TEST_F(Mail, AFailureIsToldInTheServersWordsWithoutThePassword) {
     EXPECT_FALSE(texte.contains(plain.toBase64()));
   }
   Rapporte({"x", {.Accepte = true}, 0});
-  EXPECT_TRUE(LitFichier(Etat.Chemin()).contains("\"ok\""));
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("\"ok\""));
 }
 
 TEST_F(Mail, AnOutboxThatCannotBeWrittenIsToldAndTheCompanionGoesOn) {
   const QString dossier = Temporaire.filePath("courrier");
   QDir(dossier).removeRecursively();
-  ASSERT_TRUE(EcritFichierEssai(dossier, "no folder"));
+  ASSERT_TRUE(EcritOctets(dossier, "no folder"));
   Intrusion(10'000);
   ASSERT_EQ(Avis.size(), 1);
   EXPECT_TRUE(Avis.first().contains("courrier"));

@@ -73,15 +73,14 @@ TEST_F(Boite, TheDraftsOfTheLivingAreLeftAlone) {
 TEST_F(Boite, LeftoversOfAKillGo) {
   Depose("a");
   for (const char* nom : {"b.sent", "c.mail.part", "d.try", "e.draft.part"})
-    ASSERT_TRUE(EcritFichierEssai(Dossier + '/' + nom, "x"));
+    ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, "x"));
   B.Recupere();
   EXPECT_EQ(Fichiers(), "a.mail");
 }
 
 TEST_F(Boite, DamagedFilesAreSetAside) {
-  for (const char* nom : {"a.mail", "b.mail", "c.mail"})
-    ASSERT_TRUE(EcritFichierEssai(Dossier + '/' + nom, "{\"to\":3}\n"));
-  ASSERT_TRUE(EcritFichierEssai(Dossier + "/d.mail", QByteArray(200'000, '\xff')));
+  for (const char* nom : {"a.mail", "b.mail", "c.mail"}) ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, "{\"to\":3}\n"));
+  ASSERT_TRUE(EcritOctets(Dossier + "/d.mail", QByteArray(200'000, '\xff')));
   Depose("e");
   EXPECT_EQ(Noms(), "e");
   EXPECT_EQ(Fichiers(), "a.bad|b.bad|c.bad|d.bad|e.mail");

@@ -48,13 +48,13 @@ struct ProgrammeMail : ProgrammeCompagnon {
     ASSERT_TRUE(AttendQue([this] { return Etat.HandleMail != 0; })) << Programme.readAll().toStdString();
   }
   void Photo(const QString& nom) const {
-    ASSERT_TRUE(EcritFichierEssai(Temporaire.filePath("photos/" + nom), "\xff\xd8 image \xff\xd9"));
+    ASSERT_TRUE(EcritOctets(Temporaire.filePath("photos/" + nom), "\xff\xd8 image \xff\xd9"));
   }
   QString Courrier() const { return Temporaire.filePath("etat/courrier"); }
   QStringList EnAttente() const {
     return QDir(Courrier()).entryList({"*.mail", "*.draft", "*.refused"}, QDir::Files, QDir::Name);
   }
-  QByteArray LitEtat(const QString& nom) const { return LitFichier(Temporaire.filePath("etat/" + nom)); }
+  QByteArray LitEtat(const QString& nom) const { return LitOctets(Temporaire.filePath("etat/" + nom)); }
 };
 
 TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
@@ -118,9 +118,9 @@ TEST_F(ProgrammeMail, APasswordIsNowhereOnDiskOrInTheProcessList) {
   Envois.EnvoiMail("Intru");
   ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("535"); }));
   const QByteArray tout = LitEtat("VAKTORmail.json") + LitEtat("VAKTORmail.log") +
-                          LitFichier(Courrier() + '/' + EnAttente().value(0)) +
-                          LitFichier(QStringLiteral("/proc/%1/cmdline").arg(Programme.processId())) +
-                          LitFichier(QStringLiteral("/proc/%1/environ").arg(Programme.processId()));
+                          LitOctets(Courrier() + '/' + EnAttente().value(0)) +
+                          LitOctets(QStringLiteral("/proc/%1/cmdline").arg(Programme.processId())) +
+                          LitOctets(QStringLiteral("/proc/%1/environ").arg(Programme.processId()));
   EXPECT_TRUE(tout.contains("VAKTORmail"));
   EXPECT_FALSE(tout.contains(kPass));
   EXPECT_FALSE(tout.contains(QByteArray(kPass).toBase64()));
@@ -210,7 +210,7 @@ struct Morts : ProgrammeMail {
   /// Whether the server still works on a connection of somebody.
   bool ServeurOccupe() const {
     const QByteArray port = QByteArray::number(Serveur.Port(), 16).toUpper().rightJustified(4, '0');
-    for (const QByteArray& ligne : LitFichier("/proc/net/tcp").split('\n')) {
+    for (const QByteArray& ligne : LitOctets("/proc/net/tcp").split('\n')) {
       const QByteArrayList mots = ligne.simplified().split(' ');
       const bool vivante = mots.value(3) == "01" || mots.value(3) == "08";  // established, or not closed by the server
       if (vivante && mots.value(1).endsWith(':' + port)) return true;

@@ -240,7 +240,7 @@ struct Sendmail : Sender {
   void Ecrit(const QByteArray& script) {
     Reglages.ParSmtp = false;
     Reglages.Sendmail = Dossier.filePath("sendmail");
-    ASSERT_TRUE(EcritFichierEssai(Reglages.Sendmail, "#!/bin/sh\ncd \"$(dirname \"$0\")\"\n" + script));
+    ASSERT_TRUE(EcritOctets(Reglages.Sendmail, "#!/bin/sh\ncd \"$(dirname \"$0\")\"\n" + script));
     QFile::setPermissions(Reglages.Sendmail, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   }
 };
@@ -249,8 +249,8 @@ TEST_F(Sendmail, GetsTheMailWithTheLineEndsOfThisSystem) {
   Ecrit("printf '%s|' \"$@\" > arguments\ncat > recu\n");
   EXPECT_TRUE(Envoie().Accepte);
   EXPECT_EQ(Acceptes, 1);
-  EXPECT_EQ(LitFichier(Dossier.filePath("arguments")), "-i|-f|cam@exemple.fr|--|anna@exemple.fr|");
-  EXPECT_EQ(LitFichier(Dossier.filePath("recu")), QByteArray(Message).replace("\r\n", "\n"));
+  EXPECT_EQ(LitOctets(Dossier.filePath("arguments")), "-i|-f|cam@exemple.fr|--|anna@exemple.fr|");
+  EXPECT_EQ(LitOctets(Dossier.filePath("recu")), QByteArray(Message).replace("\r\n", "\n"));
 }
 
 TEST_F(Sendmail, ItsOwnWordsAreTold) {

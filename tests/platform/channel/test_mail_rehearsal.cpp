@@ -70,8 +70,8 @@ TEST_F(Repetition, ThePasswordStandsInNoCommandLineAndNoEnvironment) {
   ASSERT_TRUE(AttendQue([&] { return muet.hasPendingConnections(); }));
   QByteArray vus;
   for (const QString& nom : QDir("/proc").entryList(QDir::Dirs)) {
-    const QByteArray ligne = LitFichier("/proc/" + nom + "/cmdline");
-    if (ligne.contains("VAKTORmail")) vus += ligne + LitFichier("/proc/" + nom + "/environ");
+    const QByteArray ligne = LitOctets("/proc/" + nom + "/cmdline");
+    if (ligne.contains("VAKTORmail")) vus += ligne + LitOctets("/proc/" + nom + "/environ");
   }
   EXPECT_TRUE(vus.contains("--try"));
   EXPECT_FALSE(vus.contains(kPass));
@@ -105,6 +105,7 @@ TEST_F(Repetition, AnEndlessLineOrFloodHoldsNothingUp) {
   Essai = std::make_unique<EssaiParCompagnon>("/bin/sh", QString(),
                                               QStringList{"-c", "head -c 100000 /dev/zero | tr '\\0' x; echo; exit 1"});
   EXPECT_EQ(Fait("{}"), FinEssai::kRefuse);
+  ASSERT_FALSE(Lignes.isEmpty());
   for (const QString& ligne : Lignes) EXPECT_LE(ligne.size(), 4096);
 }
 

@@ -1,0 +1,43 @@
+// The whole program on fakes, found and worked from outside like by its user.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+
+#include "app/system_of_fakes.h"
+
+namespace vaktor::essai {
+
+class ProgrammeSurFaux : public testing::Test {
+ protected:
+  void Demarre(const QString& arguments = {}) {
+    Programme = std::make_unique<Vaktor>(Systeme.Ports(), arguments);
+    Programme->Demarre(QStringLiteral("1.4.9"));
+  }
+  /// The same in English, to the main window on the screen. The calls until then are forgotten.
+  void DemarreJusquALaFenetre() {
+    Systeme.Valeurs.insert(QStringLiteral("general/langue"), QStringLiteral("1"));
+    Demarre();
+    Systeme.Temps.Avance(2000);
+    Systeme.Notes.Vide();
+  }
+  /// A window by its name; null where there is none.
+  static QWidget* Fenetre(const char* nom) {
+    for (QWidget* fenetre : QApplication::topLevelWidgets()) {
+      if (fenetre->objectName() == QLatin1String(nom)) return fenetre;
+    }
+    return nullptr;
+  }
+  /// A control of the main window.
+  template <typename T = QWidget>
+  static T* Trouve(const char* nom) {
+    return Fenetre("Form1")->findChild<T*>(QLatin1String(nom));
+  }
+  static void Clique(const char* nom) { QTest::mouseClick(Trouve(nom), Qt::LeftButton); }
+
+  SystemeFaux Systeme;
+  std::unique_ptr<Vaktor> Programme;
+};
+
+}  // namespace vaktor::essai
