@@ -34,6 +34,7 @@ class SystemeReel {
   SystemeReel(const SystemeReel&) = delete;
   SystemeReel& operator=(const SystemeReel&) = delete;
 
+  /// All of it stays this object's and lives as long.
   PortsSysteme Ports();
 
  private:

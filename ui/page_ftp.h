@@ -9,6 +9,7 @@
 
 namespace vaktor {
 
+/// Owner: Form1. User-interface thread.
 class PageFtp : public PageVaktor {
   Q_OBJECT
 

@@ -13,12 +13,14 @@
 
 namespace vaktor {
 
+/// Owner: Form1. User-interface thread.
 class PageMoniteur : public PageVaktor {
   Q_OBJECT
 
  public:
   explicit PageMoniteur(QWidget* fenetre);
 
+  /// Length of the last whole cycle and changed samples; written when somebody can see them.
   void MontreCompteurs(qint32 millisecondes, qint32 points);
   void ChangeTitreMenu(const QString& titre) { TitreMenu_ = titre; }
   /// Ticks one of the two entries of the display menu and unticks the other.
@@ -33,6 +35,7 @@ class PageMoniteur : public PageVaktor {
   BoutonImage* BoutonGris1;  ///< BoutonGris(1)
 
  Q_SIGNALS:
+  /// An entry of the display menu was picked: the zoom, or the pixel view.
   void ModeChoisi(bool zoom);
 
  private:

@@ -11,6 +11,7 @@
 
 namespace vaktor {
 
+/// Owner: Form1. User-interface thread.
 class PageOptions : public PageVaktor {
   Q_OBJECT
 
