@@ -1,53 +1,22 @@
 // The format dialog, worked with mouse and keys.
-#include <gtest/gtest.h>
-
 #include <QComboBox>
 #include <QLabel>
-#include <QListWidget>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include "fakes/fake_driver_commands.h"
-#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/dialogs/driver_dialog_fixture.h"
 #include "platform/capture/dialogs/format_dialog.h"
 
 namespace vaktor {
 namespace {
 
-class FormatTest : public testing::Test {
+class FormatTest : public DialoguePiloteTest<DialogueFormat> {
  protected:
   FormatTest() {
     Acces_.Formats_["/dev/video0"] = {{"MJPG", 3840, 2160, 30, 1}, {"MJPG", 1280, 720, 30, 1},
                                       {"MJPG", 640, 480, 30, 1},   {"MJPG", 640, 480, 15, 1},
                                       {"YUYV", 640, 480, 30, 1},   {"YUYV", 320, 240, 15, 2}};
   }
-  void Ouvre(qint32 langue = 1) {
-    Dialogue_ = std::make_unique<DialogueFormat>(nullptr, langue, Pilote_, Memoire_, Acces_);
-    Dialogue_->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(Dialogue_.get()));
-  }
-  template <class T>
-  T* Controle(const char* nom) const {
-    return Dialogue_->findChild<T*>(QLatin1String(nom));
-  }
-  void Clique(const char* nom) const { QTest::mouseClick(Controle<QPushButton>(nom), Qt::LeftButton); }
-  void CliqueTaille(int rang) const {
-    auto* liste = Controle<QListWidget>("ListeTailles");
-    QTest::mouseClick(liste->viewport(), Qt::LeftButton, {}, liste->visualItemRect(liste->item(rang)).center());
-  }
-  QStringList Tailles() const {
-    QStringList textes;
-    auto* liste = Controle<QListWidget>("ListeTailles");
-    for (int i = 0; i < liste->count(); ++i) textes.append(liste->item(i)->text());
-    return textes;
-  }
-
-  QTemporaryDir Dossier_;
-  FauxPilote Pilote_;
-  FauxPeripheriques Acces_;
-  MemoireCapture Memoire_{Dossier_.filePath("capture.ini")};
-  std::unique_ptr<DialogueFormat> Dialogue_;
+  void CliqueTaille(int rang) const { CliqueLigne("ListeTailles", rang); }
+  QStringList Tailles() const { return LitLignes("ListeTailles"); }
 };
 
 TEST_F(FormatTest, ListsWhatTheDeviceOffersAndStandsOnTheFormatAtWork) {

@@ -5,7 +5,7 @@
 #include <QFileDialog>
 #include <QTimer>
 
-#include "support/source_dialog_fixture.h"
+#include "platform/capture/dialogs/source_dialog_fixture.h"
 
 namespace vaktor {
 namespace {

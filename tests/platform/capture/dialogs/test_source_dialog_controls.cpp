@@ -3,7 +3,7 @@
 
 #include <QWheelEvent>
 
-#include "support/source_dialog_fixture.h"
+#include "platform/capture/dialogs/source_dialog_fixture.h"
 
 namespace vaktor {
 namespace {
