@@ -16,6 +16,8 @@ constexpr guint kDelaiHttp = 10;     // s without a byte
 constexpr guint kLatenceRtsp = 100;  // ms to put packets back into order; frames are shown as they come
 // ms without a packet where there is another way. Less than half of what a connection may take.
 constexpr qint64 kSilenceRtsp = 2000;
+// For a film whose first turn is over already. Only one without any picture takes all of it.
+constexpr GstClockTime kDelaiLecture = 2 * GST_SECOND;
 
 qint64 MaintenantMs() {
   return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch())
@@ -302,7 +304,16 @@ FluxImages::Etat FluxGStreamer::CommenceLaBoucle() {
   return Etat::kCoule;
 }
 
+// A film of a few pictures is at its end before the pipeline has begun to play. A seek then would wait for the
+// demultiplexer, which waits for the pipeline to play, which waits for the seek.
+bool FluxGStreamer::EstEnLecture() const {
+  GstState etat = GST_STATE_NULL;
+  return gst_element_get_state(Pipeline_.get(), &etat, nullptr, kDelaiLecture) == GST_STATE_CHANGE_SUCCESS &&
+         etat == GST_STATE_PLAYING;
+}
+
 FluxImages::Etat FluxGStreamer::ReprendLaBoucle() {
+  if (!EstEnLecture()) return Etat::kFini;
   const bool repris = gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME, GST_SEEK_FLAG_SEGMENT, GST_SEEK_TYPE_SET,
                                        0, GST_SEEK_TYPE_NONE, -1) != FALSE;
   return repris ? Etat::kCoule : Etat::kFini;

@@ -45,6 +45,7 @@ class FluxGStreamer : public FluxImages {
   Etat TraiteMessage(GstMessage* message);
   Etat CommenceLaBoucle();
   Etat ReprendLaBoucle();
+  bool EstEnLecture() const;
 
   bool EstSansSuite() const;
 

@@ -55,6 +55,20 @@ TEST_F(PiloteFichier, LoopsOverTheUsualCodingsInTheUsualContainers) {
   }
 }
 
+// The decoder still holds all its pictures back when it is told that the first turn is over.
+TEST_F(PiloteFichier, PlaysAFilmOfOneOrTwoPictures) {
+  for (const int images : {1, 2}) {
+    for (const char* suite : {"avenc_mpeg4 ! avimux", "openh264enc ! h264parse ! mp4mux", "jpegenc ! avimux"}) {
+      ASSERT_TRUE(
+          FabriqueFilm(Fichier("u.film"), QStringLiteral("format=I420,") + kPetit, images, QLatin1String(suite)))
+          << suite;
+      ASSERT_TRUE(Connecte(Fichier("u.film"))) << suite << ", " << images;
+      EXPECT_GE(Recueille(1000).Images, 3) << suite << ", " << images;
+      EXPECT_FALSE(Pilote_->SignalPerdu()) << suite << ", " << images;
+    }
+  }
+}
+
 TEST_F(PiloteFichier, GivesThePicturesThatAreInTheFile) {
   ASSERT_TRUE(JoueJusquAuBout(
       QStringLiteral(
