@@ -47,8 +47,9 @@ class Vaktor : private EtapesDepart {
 
   /// The start-up sequence, to the splash on the screen. Throws Echec when the program cannot start.
   void Demarre(const QString& version);
-  /// Ends the program as the closing of the main window does. Before the settings are loaded: ends what can be ended,
-  /// and the program goes no further.
+  /// Ends the program as the closing of the main window does, for a request of the system: nobody is there to answer
+  /// a message, so that failures are only told on the terminal, and one that stands is taken away. Before the settings
+  /// are loaded: ends what can be ended, and the program goes no further.
   void Ferme();
   /// The program ends, or has only prepared its restart: nothing is to run any more.
   bool EstFinie() const;
@@ -139,6 +140,7 @@ class Vaktor : private EtapesDepart {
   std::optional<QPoint> PlaceMoniteur_;  // where the program put the monitor last
   bool Chargee_ = false;                 // the parameters are those of the store, all of them
   bool Fermee_ = false;                  // the shutdown has begun
+  bool SansPersonne_ = false;            // by the system and not by the user
 };
 
 }  // namespace vaktor

@@ -8,6 +8,13 @@
 namespace vaktor {
 
 void Vaktor::Ferme() {
+  // Whatever asks for this does not look at the screen: a message there would keep the program for good.
+  SansPersonne_ = true;
+  if (Fermee_) {
+    // The user had closed the window, and has left a message of the stop standing.
+    QCoreApplication::exit();
+    return;
+  }
   if (Form1_ && Form1_->isVisible()) {
     Form1_->close();
     return;
@@ -76,6 +83,7 @@ void Vaktor::EssaieJusquauBout(const std::function<void()>& pas) {
   } catch (const Echec& echec) {
     // The end must not stop half-way, and the user must know what was lost.
     std::fprintf(stderr, "Vaktor: %s\n", qUtf8Printable(echec.Description()));
+    if (SansPersonne_) return;
     Systeme_.Boites.MontreMessage(echec.Description(), Textes_.Messages(4), BoutonsBoite::kOk);
   }
 }

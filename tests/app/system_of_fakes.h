@@ -23,7 +23,8 @@ using faux::Journal;
 
 class MagasinNote : public MagasinReglages {
  public:
-  MagasinNote(Journal& journal, QMap<QString, QString>& valeurs) : J_(journal), Valeurs_(valeurs) {}
+  MagasinNote(Journal& journal, QMap<QString, QString>& valeurs, const bool& plein)
+      : J_(journal), Valeurs_(valeurs), Plein_(plein) {}
   QString LitReglage(const QString& section, const QString& cle, const QString& defaut) const override {
     J_.Note([&] { return QStringLiteral("store: read %1/%2").arg(section, cle); });
     return Valeurs_.value(section + u'/' + cle, defaut);
@@ -34,11 +35,13 @@ class MagasinNote : public MagasinReglages {
   }
   void Vide() override {
     J_.Note([] { return QStringLiteral("store: flush"); });
+    if (Plein_) throw Echec(kAccesFichier, QStringLiteral("disk full"));
   }
 
  private:
   Journal& J_;
   QMap<QString, QString>& Valeurs_;
+  const bool& Plein_;
 };
 
 class CanalNote : public CanalMessages {
@@ -222,7 +225,7 @@ struct SystemeFaux {
                   Notes.Note([] { return QStringLiteral("folders: prepare"); });
                   return QString();
                 },
-            .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs); },
+            .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
             .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites); },
             .CreePilote = [this](const std::function<qint32()>&) { return std::move(Pilote); },
             .Temps = Horloge,
@@ -254,6 +257,7 @@ struct SystemeFaux {
 
   Journal Notes;
   QMap<QString, QString> Valeurs;
+  bool MagasinPlein = false;  ///< the settings cannot be saved
   std::map<qint32, std::function<void(const QString&)>> Boites;
   HorlogeNotee Horloge{Notes};
   faux::TempsVirtuel Temps{Horloge};

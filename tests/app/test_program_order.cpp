@@ -24,6 +24,14 @@ QStringList LitListe(const char* nom) {
 
 class Ordre : public ProgrammeSurFaux {
  protected:
+  void DemarreAvecDesParametresQuiNIrontNullePart() {
+    Demarre();
+    Systeme.Temps.Avance(2000);
+    QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("Bouton(0)")), Qt::LeftButton);
+    Systeme.Temps.Avance(30);  // the start of the camera has moved the gauge
+    Systeme.MagasinPlein = true;
+    Systeme.Notes.Vide();
+  }
   void CompareListe(const char* nom) {
     const QStringList vus = Systeme.DepuisVide();
     const QStringList voulus = LitListe(nom);
@@ -218,6 +226,23 @@ TEST_F(Ordre, FolderChooserIsReachedFromTheGalleryAndGoesWithTheProgram) {
   Programme->Ferme();
   EXPECT_FALSE(Visible("Repertoire"));
   EXPECT_FALSE(Visible("FormVisuPhoto"));
+}
+
+// The user who closes the window is there to read it; a session that ends, or a key of the terminal, waits for nobody.
+TEST_F(Ordre, SettingsThatCannotBeSavedAreToldInAMessageToWhoClosesTheWindow) {
+  DemarreAvecDesParametresQuiNIrontNullePart();
+  Fenetre("Form1")->close();
+  EXPECT_TRUE(Programme->EstFinie());
+  EXPECT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("store: flush")));
+  EXPECT_EQ(Systeme.Messages.Textes.size(), 1);
+}
+
+TEST_F(Ordre, AnEndThatTheSystemAsksForShowsNoMessageThatNobodyAnswers) {
+  DemarreAvecDesParametresQuiNIrontNullePart();
+  Programme->Ferme();
+  EXPECT_TRUE(Programme->EstFinie());
+  EXPECT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("store: flush")));
+  EXPECT_TRUE(Systeme.Messages.Textes.isEmpty());
 }
 
 TEST_F(Ordre, OfTheStopWithTheCameraOnAndSomethingToSaveIsTheList) {
