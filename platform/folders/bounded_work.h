@@ -7,7 +7,9 @@
 #include <future>
 #include <memory>
 #include <optional>
+#include <system_error>
 #include <thread>
+#include <utility>
 
 namespace vaktor {
 
@@ -17,30 +19,50 @@ class TravauxBornes {
  public:
   static constexpr int kAuPlus = 32;
 
-  /// Runs `travail`, which must own everything it uses and throw nothing. False, with nothing run, when too many run.
+  /// Runs `travail`, which must own everything it uses. What it throws, want of memory before all, ends it alone and
+  /// not the program. False, with nothing run, when too many run or the system gives no thread.
   bool Lance(std::function<void()> travail) {
     if (EnCours_->fetch_add(1) >= kAuPlus) {
       EnCours_->fetch_sub(1);
       return false;
     }
-    std::thread([travail = std::move(travail), compte = EnCours_] {
-      travail();
-      compte->fetch_sub(1);
-    }).detach();
+    try {
+      std::thread([travail = std::move(travail), compte = EnCours_] {
+        Essaie(travail);
+        compte->fetch_sub(1);
+      }).detach();
+    } catch (const std::system_error&) {
+      EnCours_->fetch_sub(1);
+      return false;
+    }
     return true;
   }
 
-  /// The result of `travail` (as above), or nothing when it is not there after `delai`.
+  /// The result of `travail` (as above), or nothing when it is not there after `delai` or `travail` has thrown.
   template <typename Resultat>
   std::optional<Resultat> Attend(std::function<Resultat()> travail, std::chrono::milliseconds delai) {
-    auto promesse = std::make_shared<std::promise<Resultat>>();
-    std::future<Resultat> resultat = promesse->get_future();
-    if (!Lance([promesse, travail = std::move(travail)] { promesse->set_value(travail()); })) return std::nullopt;
+    auto promesse = std::make_shared<std::promise<std::optional<Resultat>>>();
+    std::future<std::optional<Resultat>> resultat = promesse->get_future();
+    const auto lance = [promesse, travail = std::move(travail)] {
+      std::optional<Resultat> rendu;
+      Essaie([&] { rendu = travail(); });
+      promesse->set_value(std::move(rendu));
+    };
+    if (!Lance(lance)) return std::nullopt;
     if (resultat.wait_for(delai) != std::future_status::ready) return std::nullopt;
     return resultat.get();
   }
 
  private:
+  // Out of a thread an exception would end the whole program, in the middle of watching.
+  template <typename Travail>
+  static void Essaie(const Travail& travail) {
+    try {
+      travail();
+    } catch (...) {
+    }
+  }
+
   std::shared_ptr<std::atomic<int>> EnCours_ = std::make_shared<std::atomic<int>>(0);
 };
 

@@ -1,6 +1,7 @@
 #include "platform/folders/photo_names_reader.h"
 
 #include <QFile>
+#include <system_error>
 #include <utility>
 
 #include "platform/base/folder_listing.h"
@@ -14,9 +15,21 @@ using namespace std::chrono_literals;
 constexpr std::size_t kFilsAuPlus = 32;  // each for a request of the user's; those that hang count
 constexpr auto kAttenteFin = 500ms;      // far longer than a disk that answers needs
 
+// A folder of millions of names may want more memory than there is. Out of the thread that would end the whole program,
+// which is there to watch and not to list.
+NomsPhotos LitOuEchoue(const LecteurNomsSysteme::Liste& liste, const QByteArray& chemin, const QString& motif,
+                       const std::atomic<bool>& abandon) {
+  try {
+    std::optional<QStringList> noms = liste(chemin, motif, abandon);
+    if (noms) return {.Etat = EtatNoms::kLus, .Noms = *std::move(noms)};
+  } catch (...) {
+  }
+  return {.Etat = EtatNoms::kIllisible};
+}
+
 }  // namespace
 
-LecteurNomsSysteme::LecteurNomsSysteme(std::chrono::milliseconds patience) {
+LecteurNomsSysteme::LecteurNomsSysteme(std::chrono::milliseconds patience, Liste liste) : Liste_(std::move(liste)) {
   Patience_.setSingleShot(true);
   Patience_.setInterval(patience);
   QObject::connect(&Patience_, &QTimer::timeout, &Patience_, [this] {
@@ -48,18 +61,23 @@ void LecteurNomsSysteme::LitNoms(const QString& dossier, const QString& motif, R
 void LecteurNomsSysteme::Demarre(const QString& dossier, const QString& motif) {
   std::promise<void> fini;
   Fil fil{.Thread = {}, .Fini = fini.get_future()};
-  fil.Thread = std::thread([this, relais = Relais_, lecture = EnCours_, motif,
-                            chemin = QFile::encodeName(CheminNatif(dossier)), fini = std::move(fini)]() mutable {
-    std::optional<QStringList> noms = ListeDossier(chemin, motif, lecture->Abandonnee);
+  auto travail = [this, relais = Relais_, lecture = EnCours_, motif, liste = Liste_,
+                  chemin = QFile::encodeName(CheminNatif(dossier)), fini = std::move(fini)]() mutable {
+    const NomsPhotos lus = LitOuEchoue(liste, chemin, motif, lecture->Abandonnee);
     if (!lecture->Abandonnee) {
       // Run only while the relay, and so this reader, is there.
-      relais->Poste([this, lecture,
-                     lus = NomsPhotos{.Etat = noms ? EtatNoms::kLus : EtatNoms::kIllisible,
-                                      .Noms = std::move(noms).value_or(QStringList())}] { RendNoms(lecture, lus); });
+      relais->Poste([this, lecture, lus] { RendNoms(lecture, lus); });
     }
     lecture.reset();
     fini.set_value_at_thread_exit();
-  });
+  };
+  try {
+    fil.Thread = std::thread(std::move(travail));
+  } catch (const std::system_error&) {
+    // No thread to be had: the same to whoever waits as a folder that may not be read.
+    Relais_->Poste([this, lecture = EnCours_] { RendNoms(lecture, {}); });
+    return;
+  }
   Fils_.push_back(std::move(fil));
 }
 

@@ -4,12 +4,15 @@
 #include <QTimer>
 #include <atomic>
 #include <chrono>
+#include <functional>
 #include <future>
 #include <list>
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "image/ports/photo_names.h"
+#include "platform/base/folder_listing.h"
 #include "platform/folders/event_loop_relay.h"
 
 namespace vaktor {
@@ -19,8 +22,11 @@ namespace vaktor {
 /// thread, with a QCoreApplication.
 class LecteurNomsSysteme : public LecteurNoms {
  public:
+  /// Reads a folder, on one of the threads: see ListeDossier. What it throws is told as kIllisible.
+  using Liste = std::function<std::optional<QStringList>(const QByteArray&, const QString&, const std::atomic<bool>&)>;
+
   /// After `patience` without an answer kSansReponse is told.
-  explicit LecteurNomsSysteme(std::chrono::milliseconds patience = std::chrono::seconds(3));
+  explicit LecteurNomsSysteme(std::chrono::milliseconds patience = std::chrono::seconds(3), Liste liste = ListeDossier);
   /// Ends the threads; does not wait long for one that hangs.
   ~LecteurNomsSysteme() override;
   LecteurNomsSysteme(const LecteurNomsSysteme&) = delete;
@@ -44,6 +50,7 @@ class LecteurNomsSysteme : public LecteurNoms {
   void RendNoms(const std::shared_ptr<Lecture>& lecture, const NomsPhotos& lus);
   void RetireFinis();
 
+  const Liste Liste_;
   std::shared_ptr<RelaisBoucle> Relais_ = std::make_shared<RelaisBoucle>();
   std::shared_ptr<Lecture> EnCours_;
   std::list<Fil> Fils_;

@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFile>
 #include <QPointer>
+#include <new>
 
 #include "platform/base/system_files.h"
 #include "platform/folders/folder_access.h"
@@ -71,12 +72,17 @@ void ArbreDossiersSysteme::LitDossiers(const QString& chemin, const QObject* pou
   const QByteArray nom = QFile::encodeName(chemin);
   const QPointer<const QObject> temoin(pour);
   const auto rendu = std::make_shared<RecoitDossiers>(std::move(recoit));
-  Travaux_.Lance([nom, temoin, rendu, relais = Relais_] {
-    LitUnDossier(nom, [&](const ArbreDossiers::Contenu& contenu) {
-      relais->Poste([temoin, rendu, contenu] {
-        if (temoin) (*rendu)(contenu);
-      });
+  const RecoitDossiers poste = [temoin, rendu, relais = Relais_](const Contenu& contenu) {
+    relais->Poste([temoin, rendu, contenu] {
+      if (temoin) (*rendu)(contenu);
     });
+  };
+  Travaux_.Lance([nom, poste] {
+    try {
+      LitUnDossier(nom, poste);
+    } catch (const std::bad_alloc&) {
+      poste({.Etat = EtatDossier::kAbsent});  // the reading is over, and whoever waits for it is told so
+    }
   });
 }
 

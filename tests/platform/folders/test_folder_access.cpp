@@ -232,5 +232,14 @@ TEST(TravauxBornesTest, NoMoreThanSoManyWaitAtATime) {
   EXPECT_TRUE(essai::AttendQue([&] { return finis == TravauxBornes::kAuPlus; }));
 }
 
+TEST(TravauxBornesTest, WorkThatThrowsGivesNothingAndFreesItsPlace) {
+  TravauxBornes travaux;
+  for (int i = 0; i <= TravauxBornes::kAuPlus; ++i) {
+    EXPECT_FALSE(travaux.Attend<int>([]() -> int { throw std::bad_alloc(); }, std::chrono::seconds(20)));
+    ASSERT_TRUE(essai::AttendQue([&] { return travaux.Lance([] { throw std::bad_alloc(); }); })) << i;
+  }
+  EXPECT_TRUE(essai::AttendQue([&] { return travaux.Attend<int>([] { return 1; }, std::chrono::seconds(20)) == 1; }));
+}
+
 }  // namespace
 }  // namespace vaktor

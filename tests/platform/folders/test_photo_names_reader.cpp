@@ -55,6 +55,23 @@ TEST_F(NomsSurDisque, FolderThatIsGoneIsTold) {
   EXPECT_EQ(Recus[0].Etat, EtatNoms::kIllisible);
 }
 
+// Names of millions of photos: the program goes on, and the window says that the folder could not be read.
+TEST_F(NomsSurDisque, WantOfMemoryOnTheThreadIsToldLikeAFolderThatCannotBeRead) {
+  int essais = 0;
+  LecteurNomsSysteme lecteur(
+      20s, [&](const QByteArray&, const QString&, const std::atomic<bool>&) -> std::optional<QStringList> {
+        if (essais++ == 0) throw std::bad_alloc();
+        return QStringList{QStringLiteral("a.jpg")};
+      });
+  Lit(lecteur, Dossier.path());
+  ASSERT_TRUE(AttendRecus(1));
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kIllisible);
+  EXPECT_TRUE(Recus[0].Noms.isEmpty());
+  Lit(lecteur, Dossier.path());
+  ASSERT_TRUE(AttendRecus(2));
+  EXPECT_EQ(Recus[1].Etat, EtatNoms::kLus) << "the next reading knows nothing of it";
+}
+
 TEST_F(NomsSurDisque, NextReadingForgetsTheOneBefore) {
   Pose(50);
   LecteurNomsSysteme lecteur;
