@@ -1,6 +1,8 @@
 #include "platform/libav/libav_formats.h"
 
 #include <array>
+#include <new>
+
 #include "platform/libav/libav_library.h"
 
 namespace vaktor {
@@ -49,7 +51,10 @@ class TrameGardee {
     AVFrame* image = Libav()->av_frame_alloc();
     if (image == nullptr) return nullptr;
     Libav()->av_frame_move_ref(image, &trame);
-    return new TrameGardee(image);
+    // No exception: on both sides of here stands C.
+    auto* garde = new (std::nothrow) TrameGardee(image);
+    if (garde == nullptr) Libav()->av_frame_free(&image);
+    return garde;
   }
   const AVFrame& Image() const { return *Image_; }
   void Retient() { g_atomic_int_inc(&Detenteurs_); }

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <chrono>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
 #include <optional>
 #include <thread>
@@ -64,7 +65,12 @@ class LecteurGStreamer::Fil {
  private:
   void Tourne() {
     while (const std::optional<QByteArray> fichier = Attend()) {
-      if (std::chrono::steady_clock::now() >= Reprise_ && Present_()) Joue(*fichier);
+      try {
+        if (std::chrono::steady_clock::now() >= Reprise_ && Present_()) Joue(*fichier);
+      } catch (const std::exception&) {
+        // Want of memory: a sound that is not heard, as without a device. Out of the thread it would end the program.
+        Reprise_ = std::chrono::steady_clock::now() + kRepos;
+      }
     }
   }
 

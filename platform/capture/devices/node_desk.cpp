@@ -4,6 +4,7 @@
 #include <atomic>
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <mutex>
 #include <thread>
 
@@ -70,9 +71,17 @@ class GuichetsNoeuds::Guichet : public std::enable_shared_from_this<Guichet> {
  private:
   void Sert() {
     while (const std::shared_ptr<Depot> depot = Prochain()) {
-      if (!depot->Abandonne) depot->Pose();
-      depot->Repondu = true;
+      depot->Repondu = Repond(*depot);
       depot->Tour->Vient();
+    }
+  }
+  // Who throws, for want of memory, has not answered. Out of this thread it would end the program.
+  static bool Repond(const Depot& depot) {
+    try {
+      if (!depot.Abandonne) depot.Pose();
+      return true;
+    } catch (const std::exception&) {
+      return false;
     }
   }
   std::shared_ptr<Depot> Prochain() {

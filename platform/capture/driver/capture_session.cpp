@@ -48,13 +48,29 @@ SessionCapture::~SessionCapture() {
 }
 
 void SessionCapture::Deroule() {
-  const bool ouverte = OuvrePremiereFois();
-  if (!ouverte && Demande_.Persiste) Rouvre();
-  if (ouverte || Demande_.Persiste) Veille();
+  bool ouverte = false;
+  SansSortir([&] { ouverte = OuvrePremiereFois(); });
+  while ((ouverte || Demande_.Persiste) && !Arret_.stop_requested()) {
+    SansSortir([this] {
+      if (!Flux_) Rouvre();
+      Veille();
+    });
+  }
   Flux_.reset();
   const std::lock_guard verrou(Verrou_);
   Finie_ = true;
   Change_.notify_all();
+}
+
+// An exception that left this thread, want of memory for one, would end the program. It is taken for a camera that is
+// lost: tried again like any other, or told as one that cannot be opened.
+void SessionCapture::SansSortir(const std::function<void()>& quoi) {
+  try {
+    quoi();
+  } catch (const std::exception&) {
+    Flux_.reset();
+    Patiente(Horloge::now() + kEntreEssais);
+  }
 }
 
 bool SessionCapture::OuvrePremiereFois() {

@@ -64,6 +64,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
 
   SessionCapture(Demande demande, Fabrique fabrique, QuestionsV4L2 questions);
   void Deroule();
+  void SansSortir(const std::function<void()>& quoi);
   bool OuvrePremiereFois();
   void Veille();
   void Rouvre();

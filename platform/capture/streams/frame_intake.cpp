@@ -1,5 +1,7 @@
 #include "platform/capture/streams/frame_intake.h"
 
+#include <QScopeGuard>
+#include <exception>
 #include <thread>
 
 #include "platform/capture/frames/pixel_conversion.h"
@@ -48,7 +50,13 @@ GstElement* ReceptionImages::FabriquePuits() {
 GstFlowReturn ReceptionImages::Recoit(GstAppSink* puits) {
   const PtrGst<GstSample> echantillon(gst_app_sink_pull_sample(puits));
   if (!echantillon) return GST_FLOW_EOS;
-  return Traite(echantillon.get()) ? GST_FLOW_OK : GST_FLOW_NOT_NEGOTIATED;
+  try {
+    return Traite(echantillon.get()) ? GST_FLOW_OK : GST_FLOW_NOT_NEGOTIATED;
+  } catch (const std::exception&) {
+    // Above this stands C, which no exception can pass. A picture that there was no memory for is lost, as one that
+    // came damaged is; where it goes on like this the camera is, for it gives none.
+    return GST_FLOW_OK;
+  }
 }
 
 // False: nothing of this stream will ever be seen.
@@ -104,8 +112,8 @@ void ReceptionImages::TraitePaquet(GstBuffer* tampon) {
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
   GstMapInfo octets;
   if (!gst_buffer_map(tampon, &octets, GST_MAP_READ)) return;
+  const auto rend = qScopeGuard([&] { gst_buffer_unmap(tampon, &octets); });
   const ImageCamera image = DecodeJpeg({octets.data, octets.size});
-  gst_buffer_unmap(tampon, &octets);
   if (!image.EstNulle()) Livre(image);
 }
 
@@ -134,10 +142,9 @@ void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
   }
   GstVideoFrame trame;
   if (!gst_video_frame_map(&trame, &*Brut_, tampon, GST_MAP_READ)) return;
+  const auto rend = qScopeGuard([&] { gst_video_frame_unmap(&trame); });
   QImage* image = Reserve_.Prend(QSize(GST_VIDEO_FRAME_WIDTH(&trame), GST_VIDEO_FRAME_HEIGHT(&trame)));
-  const bool bonne = image != nullptr && ConvertitImage(trame, *image);
-  gst_video_frame_unmap(&trame);
-  if (bonne) Livre(*image);
+  if (image != nullptr && ConvertitImage(trame, *image)) Livre(*image);
 }
 
 // The size told is that of the picture itself: JPEG frames may change theirs without any notice in the caps.

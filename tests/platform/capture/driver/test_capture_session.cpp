@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 // What the streams of one session do, one after the other.
 struct Scenario {
-  enum class Suite { kRefuse, kMuet, kCale, kErreur, kFin, kCoule };
+  enum class Suite { kRefuse, kMuet, kCale, kErreur, kFin, kCoule, kSansMemoire, kPlusDeMemoire };
 
   std::mutex Verrou;
   std::vector<Suite> Suites;
@@ -41,6 +41,7 @@ class FluxJoue : public FluxImages {
 
   bool Ouvre() override {
     Suite_ = Scenario_->Prochaine();
+    if (Suite_ == Scenario::Suite::kSansMemoire) throw std::bad_alloc();
     return Suite_ != Scenario::Suite::kRefuse;
   }
   Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override {
@@ -48,6 +49,8 @@ class FluxJoue : public FluxImages {
     if (donne) {
       ++Images_;
       Boite_.Depose(QImage(4, 4, QImage::Format_RGB32));
+    } else if (Suite_ == Scenario::Suite::kPlusDeMemoire) {
+      throw std::bad_alloc();
     } else if (Suite_ == Scenario::Suite::kErreur) {
       return Etat::kErreur;
     } else if (Suite_ == Scenario::Suite::kFin) {
@@ -102,6 +105,29 @@ TEST(SessionCapture, GivesUpASilentSourceWhenAsked) {
   EXPECT_FALSE(session->AttendPremiereImage(200ms));
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(scenario->Vivants, 0);
+}
+
+// Out of its thread it would end the program.
+TEST(SessionCapture, WantOfMemoryIsACameraThatIsLostAndIsTriedAgain) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kPlusDeMemoire, Scenario::Suite::kSansMemoire, Scenario::Suite::kCoule};
+  const auto session = Joue(scenario, kReseau);
+  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  EXPECT_TRUE(Attends([&] { return scenario->Nombre() == 3 && session->Boite().Numero() > 5; }, 12s));
+  EXPECT_EQ(scenario->Vivants, 1);
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(scenario->Vivants, 0);
+}
+
+TEST(SessionCapture, WantOfMemoryAtTheFirstOpeningIsASourceThatCannotBeOpened) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kSansMemoire};
+  const auto session = Joue(scenario, kReseau);
+  EXPECT_FALSE(session->AttendPremiereImage(6s));
+  EXPECT_TRUE(session->EstFinie());
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(scenario->Vivants, 0);
+  EXPECT_EQ(scenario->Nombre(), 1U);
 }
 
 // No message of any kind: only the newest frame grows old.
