@@ -4,12 +4,14 @@
 #include <netdb.h>
 
 #include <QFile>
+#include <QScopeGuard>
 #include <QThread>
 #include <QUrl>
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
+#include <exception>
 
 #include "modules/ftp/ftp_failure.h"
 #include "modules/ftp/jpeg_check.h"
@@ -83,9 +85,14 @@ struct ClientFtp::Conversation {
   }
   static int Ecoute(CURL* /*poignee*/, curl_infotype genre, char* texte, size_t taille, void* donnee) {
     auto* c = static_cast<Conversation*>(donnee);
-    const QByteArray bloc(texte, static_cast<qsizetype>(taille));
-    if (genre == CURLINFO_HEADER_IN) c->Dialogue.NoteReponse(bloc);
-    if (genre == CURLINFO_HEADER_OUT) c->Dialogue.NoteCommande(bloc);
+    try {
+      const QByteArray bloc(texte, static_cast<qsizetype>(taille));
+      if (genre == CURLINFO_HEADER_IN) c->Dialogue.NoteReponse(bloc);
+      if (genre == CURLINFO_HEADER_OUT) c->Dialogue.NoteCommande(bloc);
+    } catch (const std::exception&) {
+      // The library is C, which no exception can pass. A word that there was no memory for is not told; the library's
+      // own verdict stands.
+    }
     return 0;
   }
 };
@@ -230,17 +237,18 @@ void ClientFtp::RegleConversation(Conversation& conversation) {
 ResultatFtp ClientFtp::Parle(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
                              const OuvrierFtp::SurEtape& etape) {
   Conversation conversation{DialogueFtp(etape, Options_.Suivi), contenu, Arret_};
-  Regle(travail, conversation, contenu);
   const Liste suite(commandes);
+  // The handle must not point to what ends here: closing the connection talks too.
+  const auto remet = qScopeGuard([this] {
+    curl_easy_reset(Poignee_);
+    curl_easy_setopt(Poignee_, CURLOPT_NOSIGNAL, 1L);
+  });
+  Regle(travail, conversation, contenu);
   curl_easy_setopt(Poignee_, CURLOPT_POSTQUOTE, suite.Tete);
   const CURLcode code = curl_easy_perform(Poignee_);
   ConnexionNeuve_ = false;
   QuoteRefusee_ = code == CURLE_QUOTE_ERROR;
-  ResultatFtp resultat = Juge(code, travail, conversation);
-  // The handle must not point to what ends here: closing the connection talks too.
-  curl_easy_reset(Poignee_);
-  curl_easy_setopt(Poignee_, CURLOPT_NOSIGNAL, 1L);
-  return resultat;
+  return Juge(code, travail, conversation);
 }
 
 ResultatFtp ClientFtp::JugeNom(const QString& hote) const {

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <exception>
 #include <mutex>
 #include <optional>
 
@@ -43,6 +44,22 @@ struct OuvrierThread::Partage {
         Qt::QueuedConnection);
   }
 };
+
+namespace {
+
+// Out of the thread an exception, want of memory before all, would end the program. It is a job that failed, and what
+// it left of the connection is not used again.
+ResultatFtp ExecuteOuEchoue(ClientFtp& client, const TravailFtp& travail, const OuvrierFtp::SurEtape& etape,
+                            std::function<bool()> arret) {
+  try {
+    return client.Execute(travail, etape, std::move(arret));
+  } catch (const std::exception& erreur) {
+    client.Ferme();
+    return {IssueFtp::kPasDeConnexion, QString::fromLocal8Bit(erreur.what())};
+  }
+}
+
+}  // namespace
 
 OuvrierThread::OuvrierThread(OptionsClient options) : Partage_(std::make_shared<Partage>()) {
   Partage_->Recepteur = new QObject;
@@ -96,7 +113,7 @@ void OuvrierThread::Tourne(const std::shared_ptr<Partage>& partage, const Option
         if (demande->Etape) partage->Poste(partage, epoque, [suite = demande->Etape, quelle] { suite(quelle); });
       };
       const ResultatFtp resultat =
-          client.Execute(demande->Travail, etape, [&] { return partage->Epoque.load() != epoque; });
+          ExecuteOuEchoue(client, demande->Travail, etape, [&] { return partage->Epoque.load() != epoque; });
       partage->Poste(partage, epoque, [fin = demande->Fin, resultat] { fin(resultat); });
     }
   }

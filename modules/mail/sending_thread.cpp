@@ -6,6 +6,7 @@
 #include <QMutex>
 #include <QWaitCondition>
 #include <atomic>
+#include <exception>
 #include <optional>
 
 #include "base/failure.h"
@@ -17,6 +18,7 @@ namespace vaktor {
 namespace {
 
 constexpr unsigned long kAttenteFinMs = 2000;
+constexpr qint64 kRepriseMs = 60'000;  // after a failure that is nobody's, want of memory
 constexpr qint64 kTexteCadenceMax = 64LL * 1024;
 
 qint64 DonneMaintenant() { return QDateTime::currentMSecsSinceEpoch(); }
@@ -37,6 +39,8 @@ struct FilEnvoi::Partage {
   std::atomic_bool Arret = false;
 
   void Execute();
+  void VideLaBoite();
+  qint64 Tour(Facteur& facteur);
   void Attends(qint64 millisecondes);
   std::unique_ptr<VerrouDossier> PrendVerrou();
   ResultatEnvoi Envoie(const CourrielEnAttente& courriel, const QByteArray& message,
@@ -72,7 +76,28 @@ ResultatEnvoi FilEnvoi::Partage::Envoie(const CourrielEnAttente& courriel, const
                         {[this] { return Arret.load(); }, surAccepte, {}});
 }
 
+// Out of this thread an exception, want of memory before all, would end the companion. The mails stand on disk, and are
+// looked at again a little later.
 void FilEnvoi::Partage::Execute() {
+  while (!Arret) {
+    try {
+      VideLaBoite();
+    } catch (const std::exception&) {
+      Attends(kRepriseMs);
+    }
+  }
+}
+
+// The postman stays: what it alone knows is which mails have gone and must not go again.
+qint64 FilEnvoi::Partage::Tour(Facteur& facteur) {
+  try {
+    return facteur.Tour();
+  } catch (const std::exception&) {
+    return kRepriseMs;
+  }
+}
+
+void FilEnvoi::Partage::VideLaBoite() {
   const std::unique_ptr<VerrouDossier> verrou = PrendVerrou();
   if (!verrou) return;
   BoiteEnvoi boite(Fil.Dossier);
@@ -93,7 +118,7 @@ void FilEnvoi::Partage::Execute() {
       if (std::exchange(Change, false)) facteur.Recommence();
       pret = ReglagesRecus;
     }
-    const qint64 attente = pret ? facteur.Tour() : Facteur::kRienAFaire;
+    const qint64 attente = pret ? Tour(facteur) : Facteur::kRienAFaire;
     if (attente > 0) Attends(attente);
   }
 }

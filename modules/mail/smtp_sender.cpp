@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <exception>
 #include <memory>
 
 #include "modules/mail/sendmail_sender.h"
@@ -61,13 +62,20 @@ int Surveille(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t envoy
   return e->Arrete || e->DelaiDepasse ? 1 : 0;
 }
 
+void NoteDialogue(Envoi& e, curl_infotype genre, const QByteArray& bloc) {
+  if (genre == CURLINFO_HEADER_OUT) e.Dialogue.NoteCommande(bloc);
+  if (genre != CURLINFO_HEADER_IN) return;
+  e.DepuisActivite.restart();
+  for (const QByteArray& ligne : bloc.split('\n')) e.Dialogue.NoteLigne(ligne);
+}
+
 int EcouteDialogue(CURL*, curl_infotype genre, char* texte, size_t taille, void* donnee) {
-  auto* e = static_cast<Envoi*>(donnee);
-  const QByteArray bloc(texte, static_cast<qsizetype>(taille));
-  if (genre == CURLINFO_HEADER_OUT) e->Dialogue.NoteCommande(bloc);
-  if (genre != CURLINFO_HEADER_IN) return 0;
-  e->DepuisActivite.restart();
-  for (const QByteArray& ligne : bloc.split('\n')) e->Dialogue.NoteLigne(ligne);
+  try {
+    NoteDialogue(*static_cast<Envoi*>(donnee), genre, QByteArray(texte, static_cast<qsizetype>(taille)));
+  } catch (const std::exception&) {
+    // The library is C, which no exception can pass. A word that there was no memory for is not told; the library's own
+    // verdict stands.
+  }
   return 0;
 }
 
