@@ -95,6 +95,7 @@ void Vaktor::CreeFormWinsock() {
 }
 
 void Vaktor::AnnonceEchec(const QString& description) {
+  if (SansPersonne_) return;  // a window that saves as it closes, in a stop that nobody looks at
   Systeme_.Boites.MontreMessage(MessageEchecInattendu(Reglages_.LangueCourante, description), Textes_.Messages(4),
                                 BoutonsBoite::kOk);
 }

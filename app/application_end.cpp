@@ -55,11 +55,11 @@ void Vaktor::FermeApplication() {
   PleinEcran_.Decharge();
   if (Repertoire_) Repertoire_->Decharge();
   // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
-  if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) FormVisuPhoto_->close();
+  if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) EssaieJusquauBout([this] { FormVisuPhoto_->close(); });
   FormWinsock_.reset();  // a late word of a companion finds nobody any more
   Splash_.Decharge();
   if (FormMonitor_) FormMonitor_->close();
-  if (FormSound_) FormSound_->close();
+  if (FormSound_) EssaieJusquauBout([this] { FormSound_->close(); });
   Systeme_.Pompe.PompeMessages();
   Form1_->hide();
 }
@@ -80,11 +80,11 @@ void Vaktor::SauveAvantFin() {
 void Vaktor::EssaieJusquauBout(const std::function<void()>& pas) {
   try {
     pas();
-  } catch (const Echec& echec) {
+  } catch (const std::exception& echec) {
     // The end must not stop half-way, and the user must know what was lost.
-    std::fprintf(stderr, "Vaktor: %s\n", qUtf8Printable(echec.Description()));
+    std::fprintf(stderr, "Vaktor: %s\n", echec.what());
     if (SansPersonne_) return;
-    Systeme_.Boites.MontreMessage(echec.Description(), Textes_.Messages(4), BoutonsBoite::kOk);
+    Systeme_.Boites.MontreMessage(QString::fromUtf8(echec.what()), Textes_.Messages(4), BoutonsBoite::kOk);
   }
 }
 

@@ -35,6 +35,7 @@ void AnalyseurMouvement::AnalyseMouvement() {
   if (!Etat_.Detection.ModeZoom) EffaceVue();
   VerifieLive();
   CompareEchantillons();
+  ++Comparees_;
   // After the scan, so that the comparison never sees the outline; the next frame wipes it.
   const ZoneDetection& zone = Etat_.Detection.Zone;
   Etat_.Surface.Dessine({zone.Gauche, zone.Haut, zone.Droite, zone.Bas});

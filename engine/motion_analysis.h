@@ -29,6 +29,9 @@ class AnalyseurMouvement {
   /// ends at the counters, with the alarm's actions done, and the table is used up within a few frames.
   void AnalyseMouvement();
 
+  /// How many analyses have come so far that their frame was compared; it begins anew after 2^32.
+  quint32 Comparees() const { return Comparees_; }
+
   const VueMouvement& Vue() const { return Vue_; }
   void EffaceVue();
 
@@ -49,8 +52,9 @@ class AnalyseurMouvement {
   VueMouvement Vue_;
   IntervalleLive Intervalle_;
   std::vector<uchar> LigneNoire_;  // one row of the picture that stands in for a missing one
-  qint32 DernierTick_ = 0;         // clock at the end of the last analysis
-  qint32 DernierLive_ = 0;         // clock at the last live image
+  quint32 Comparees_ = 0;
+  qint32 DernierTick_ = 0;  // clock at the end of the last analysis
+  qint32 DernierLive_ = 0;  // clock at the last live image
 };
 
 }  // namespace vaktor

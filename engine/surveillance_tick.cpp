@@ -1,23 +1,19 @@
 #include "engine/surveillance_tick.h"
 
+#include <algorithm>
 #include <exception>
 
-#include "base/failure.h"
 #include "base/numbers.h"
 #include "engine/detection_zone.h"
 
 namespace vaktor {
 namespace {
 
-/// A second of ticks. A frame or two may fail while the picture changes its size; that is no news.
-constexpr qint32 kEchecsTolerables = 33;
-
-/// What the analysis itself fails of: the table of samples is used up, the millisecond counter has come to its end
-/// after 24.8 days, the interval of the live page is no number. None of these passes by itself. A photo that cannot be
-/// written is another matter: the frames after it are counted.
-bool EstDeLAnalyse(qint32 numero) {
-  return numero == kIndiceHorsPlage || numero == kDepassement || numero == kTypeIncompatible;
-}
+/// A second of ticks. A frame or two may fail while the picture changes its size; that is no news. More of them do not
+/// pass by themselves: the table of samples is used up, the millisecond counter has come to its end after 24.8 days,
+/// the interval of the live page is no number. A photo that cannot be written is another matter: its frame was
+/// compared.
+constexpr qint32 kTicsTolerables = 33;
 
 }  // namespace
 
@@ -25,32 +21,25 @@ TicSurveillance::TicSurveillance(const PortsSurveillance& ports, EtatSurveillanc
     : Ports_(ports), Etat_(etat), Analyse_(analyse) {}
 
 void TicSurveillance::TraiteTic() {
-  if (!Etat_.Camera.CameraActive) return;
+  if (!Etat_.Camera.CameraActive) {
+    TicsSansComparaison_ = 0;
+    return;
+  }
   // The surface still holds the frame of the last tick with what was drawn over it: the enlarged view runs one tick
   // behind and shows the outlines.
   Ports_.Affichage.CopiePleinEcran();
+  const quint32 avant = Analyse_.Comparees();
   try {
     TraiteImage();
-    EchecsDAnalyse_ = 0;
-  } catch (const Echec& echec) {
-    // Detection does not stop because a photo could not be written. What shows is that the labels stand still.
-    RetientEchec(echec.Numero());
   } catch (const std::exception&) {
-    RetientEchec(0);
+    // Detection does not stop because a photo could not be written. What shows is that the labels stand still.
   }
+  TicsSansComparaison_ = Analyse_.Comparees() != avant ? 0 : std::min(TicsSansComparaison_ + 1, kTicsTolerables + 1);
 }
 
-void TicSurveillance::RetientEchec(qint32 numero) {
-  if (!EstDeLAnalyse(numero)) {
-    EchecsDAnalyse_ = 0;
-  } else if (EchecsDAnalyse_ <= kEchecsTolerables) {
-    ++EchecsDAnalyse_;
-  }
-}
-
-// Without the analysis no alarm can come, whatever the camera does: that is the worse news of the two.
+// Without the comparison no alarm can come, whatever the camera does: that is the worse news of the two.
 AvisMoniteur TicSurveillance::Avis() const {
-  if (EchecsDAnalyse_ > kEchecsTolerables) return AvisMoniteur::kDetectionArretee;
+  if (TicsSansComparaison_ > kTicsTolerables) return AvisMoniteur::kDetectionArretee;
   return Ports_.Pilote.SignalPerdu() ? AvisMoniteur::kSignalPerdu : AvisMoniteur::kAucun;
 }
 

@@ -13,14 +13,14 @@ class TicSurveillance {
   TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse);
 
   /// One tick; nothing happens while the camera is off. From the grab on every failure ends the tick without a word,
-  /// and the next tick runs normally; where one analysis after the other fails, the notice over the picture says so.
+  /// and the next tick runs normally; where frame upon frame is not compared, the notice over the picture
+  /// says so.
   /// Only the copy to the enlarged view, before that, lets its failures out.
   void TraiteTic();
 
  private:
   void TraiteImage();
   void PoseImage();
-  void RetientEchec(qint32 numero);
   AvisMoniteur Avis() const;
   void MontreZoom();
   void ReposeBoite();
@@ -28,7 +28,7 @@ class TicSurveillance {
   const PortsSurveillance& Ports_;
   EtatSurveillance& Etat_;
   AnalyseurMouvement& Analyse_;
-  qint32 EchecsDAnalyse_ = 0;  // how many of the last ticks have ended in the analysis, without a gap
+  qint32 TicsSansComparaison_ = 0;  // the last ones, without a gap; no further than what makes the notice
 };
 
 }  // namespace vaktor

@@ -24,7 +24,7 @@ enum class Lampe {
 enum class AvisMoniteur {
   kAucun,
   kSignalPerdu,       ///< the camera gives no new frames
-  kDetectionArretee,  ///< frame upon frame fails in the analysis: nothing is counted and no alarm can come
+  kDetectionArretee,  ///< frame upon frame is not compared: nothing is counted and no alarm can come
 };
 
 /// Implemented by the main window. User-interface thread; calls come from inside ticks and handlers and must not block,

@@ -1,6 +1,7 @@
 #include "modules/mail/postman.h"
 
 #include <algorithm>
+#include <exception>
 
 namespace vaktor {
 namespace {
@@ -55,12 +56,22 @@ qint64 Facteur::Tour() {
 
 void Facteur::NoteAccepte(const QString& nom) {
   if (Partis_.contains(nom)) return;
-  Boite_.Acheve(nom);
+  // First of all that it has gone: whatever the disk or the memory does afterwards, it does not go again.
   Partis_.insert(nom);
   Plafond_.Note(Maintenant_());
+  Boite_.Acheve(nom);
 }
 
+// A mail that finds no memory is put off like one whose file cannot be read: the others need not wait for it.
 qint64 Facteur::Essaie(const CourrielEnAttente& courriel) {
+  try {
+    return EssaieUneFois(courriel);
+  } catch (const std::exception&) {
+    return Partis_.contains(courriel.Nom) ? 0 : TraiteEchec(courriel, {.Cause = CauseEchec::kFichier});
+  }
+}
+
+qint64 Facteur::EssaieUneFois(const CourrielEnAttente& courriel) {
   const QByteArray message = Boite_.LitMessage(courriel.Nom);
   if (message.isEmpty()) return TraiteEchec(courriel, {.Cause = CauseEchec::kFichier});
   const ResultatEnvoi resultat = Envoie_(courriel, message, [&] { NoteAccepte(courriel.Nom); });

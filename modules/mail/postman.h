@@ -41,6 +41,7 @@ class Facteur {
 
  private:
   qint64 Essaie(const CourrielEnAttente& courriel);
+  qint64 EssaieUneFois(const CourrielEnAttente& courriel);
   qint64 TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat);
   void NoteAccepte(const QString& nom);
   qint64 AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant) const;

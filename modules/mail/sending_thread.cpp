@@ -40,7 +40,7 @@ struct FilEnvoi::Partage {
 
   void Execute();
   void VideLaBoite();
-  qint64 Tour(Facteur& facteur);
+  qint64 Tour(Facteur& facteur, bool& recommence);
   void Attends(qint64 millisecondes);
   std::unique_ptr<VerrouDossier> PrendVerrou();
   ResultatEnvoi Envoie(const CourrielEnAttente& courriel, const QByteArray& message,
@@ -89,8 +89,10 @@ void FilEnvoi::Partage::Execute() {
 }
 
 // The postman stays: what it alone knows is which mails have gone and must not go again.
-qint64 FilEnvoi::Partage::Tour(Facteur& facteur) {
+qint64 FilEnvoi::Partage::Tour(Facteur& facteur, bool& recommence) {
   try {
+    if (recommence) facteur.Recommence();
+    recommence = false;
     return facteur.Tour();
   } catch (const std::exception&) {
     return kRepriseMs;
@@ -111,14 +113,15 @@ void FilEnvoi::Partage::VideLaBoite() {
     if (rapport.Resultat.Accepte) EcritDurable(CheminCadence(), {plafond.Texte()});
     Rapporte(rapport);
   });
+  bool recommence = false;
   while (!Arret) {
     bool pret = false;
     {
       const QMutexLocker garde(&Verrou);
-      if (std::exchange(Change, false)) facteur.Recommence();
+      recommence = std::exchange(Change, false) || recommence;
       pret = ReglagesRecus;
     }
-    const qint64 attente = pret ? Tour(facteur) : Facteur::kRienAFaire;
+    const qint64 attente = pret ? Tour(facteur, recommence) : Facteur::kRienAFaire;
     if (attente > 0) Attends(attente);
   }
 }

@@ -44,14 +44,14 @@ ResultatEnvoi EnvoieParSendmail(const ReglagesEnvoi& reglages, const Enveloppe& 
   programme.closeWriteChannel();
   const FinProgramme fin = Attend(programme, reglages.Delais, rappels);
   ResultatEnvoi resultat;
-  resultat.MotsServeur = ResumeMots(programme.readAll());
   resultat.Accepte =
       fin == FinProgramme::kFini && programme.exitStatus() == QProcess::NormalExit && programme.exitCode() == 0;
   if (resultat.Accepte) {
-    resultat.MotsServeur.clear();
+    // Before anything that may fail for want of memory: a mail that nobody knows to be gone goes again.
     if (rappels.SurAccepte) rappels.SurAccepte();
     return resultat;
   }
+  resultat.MotsServeur = ResumeMots(programme.readAll());
   resultat.Cause = fin == FinProgramme::kPasLance   ? CauseEchec::kProgrammeAbsent
                    : fin == FinProgramme::kArrete   ? CauseEchec::kInterrompu
                    : fin == FinProgramme::kTropLong ? CauseEchec::kDelai

@@ -3,11 +3,11 @@
 
 #include <atomic>
 #include <chrono>
+#include <exception>
 #include <functional>
 #include <future>
 #include <memory>
 #include <optional>
-#include <system_error>
 #include <thread>
 #include <utility>
 
@@ -31,7 +31,7 @@ class TravauxBornes {
         Essaie(travail);
         compte->fetch_sub(1);
       }).detach();
-    } catch (const std::system_error&) {
+    } catch (const std::exception&) {
       EnCours_->fetch_sub(1);
       return false;
     }

@@ -77,13 +77,14 @@ void ArbreDossiersSysteme::LitDossiers(const QString& chemin, const QObject* pou
       if (temoin) (*rendu)(contenu);
     });
   };
-  Travaux_.Lance([nom, poste] {
+  const bool lance = Travaux_.Lance([nom, poste] {
     try {
       LitUnDossier(nom, poste);
     } catch (const std::bad_alloc&) {
       poste({.Etat = EtatDossier::kAbsent});  // the reading is over, and whoever waits for it is told so
     }
   });
+  if (!lance) poste({.Etat = EtatDossier::kAbsent});  // later, like every answer
 }
 
 }  // namespace vaktor

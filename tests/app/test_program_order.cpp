@@ -245,6 +245,17 @@ TEST_F(Ordre, AnEndThatTheSystemAsksForShowsNoMessageThatNobodyAnswers) {
   EXPECT_TRUE(Systeme.Messages.Textes.isEmpty());
 }
 
+TEST_F(Ordre, NeitherDoesAWindowThatSavesAsTheSystemsEndClosesIt) {
+  DemarreAvecDesParametresQuiNIrontNullePart();
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("BoutonGris(0)")), Qt::LeftButton);
+  ASSERT_TRUE(Visible("FormVisuPhoto"));
+  Systeme.Messages.Textes.clear();
+  Programme->Ferme();
+  Programme->AnnonceEchec(QStringLiteral("the guard at the event loop has caught what the gallery threw"));
+  EXPECT_TRUE(Programme->EstFinie());
+  EXPECT_TRUE(Systeme.Messages.Textes.isEmpty());
+}
+
 TEST_F(Ordre, OfTheStopWithTheCameraOnAndSomethingToSaveIsTheList) {
   Demarre();
   Systeme.Temps.Avance(2000);

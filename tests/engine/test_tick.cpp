@@ -220,6 +220,20 @@ TEST_F(Tick, AnalysisThatFailsForMoreThanASecondIsTold) {
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kSignalPerdu);
 }
 
+TEST_F(Tick, WhateverKeepsFrameUponFrameFromBeingComparedIsTold) {
+  DemarreSurNoir();
+  Pilote.Suivante = []() -> QImage { throw std::bad_alloc(); };
+  for (int i = 0; i < 40; ++i) Tic();
+  Pilote.Suivante = nullptr;
+  Tic();
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kDetectionArretee);
+  Engin.BasculeCamera();
+  Tic();  // without a camera nothing is to be compared
+  Engin.BasculeCamera();
+  Tic();
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
+}
+
 TEST_F(Tick, FramesThatAreCountedInBetweenTakeTheFailuresBack) {
   DemarreSurNoir();
   for (int i = 0; i < 70; ++i) {

@@ -53,11 +53,7 @@ struct Depot {
 class GuichetsNoeuds::Guichet : public std::enable_shared_from_this<Guichet> {
  public:
   void Depose(const std::shared_ptr<Depot>& depot) {
-    const std::lock_guard verrou(Verrou_);
-    File_.push_back(depot);
-    if (Ouvert_) return;
-    Ouvert_ = true;
-    std::thread([moi = shared_from_this()] { moi->Sert(); }).detach();
+    if (!Accueille(depot)) depot->Tour->Vient();  // not answered
   }
   void Desespere() {
     const std::lock_guard verrou(Verrou_);
@@ -69,6 +65,19 @@ class GuichetsNoeuds::Guichet : public std::enable_shared_from_this<Guichet> {
   }
 
  private:
+  // False where the system gives no thread: the desk is as it was, and the next question may find one.
+  bool Accueille(const std::shared_ptr<Depot>& depot) {
+    const std::lock_guard verrou(Verrou_);
+    File_.push_back(depot);
+    if (Ouvert_) return true;
+    try {
+      std::thread([moi = shared_from_this()] { moi->Sert(); }).detach();
+      Ouvert_ = true;
+    } catch (const std::exception&) {
+      File_.pop_back();
+    }
+    return Ouvert_;
+  }
   void Sert() {
     while (const std::shared_ptr<Depot> depot = Prochain()) {
       depot->Repondu = Repond(*depot);

@@ -79,7 +79,7 @@ bool ReceptionImages::Traite(GstSample* echantillon) {
 }
 
 bool ReceptionImages::LitCaps(GstCaps* caps) {
-  Caps_.reset(gst_caps_ref(caps));
+  Caps_.reset();  // read only once all of it is: who throws here reads it again with the next frame
   Brut_.reset();
   Format_ = FormatCamera();
   Format_.Codage = Options_.Codage.isEmpty() ? CodageDesCaps(caps) : Options_.Codage;
@@ -89,7 +89,9 @@ bool ReceptionImages::LitCaps(GstCaps* caps) {
   const bool brut = gst_structure_has_name(structure, "video/x-raw");
   if (brut && gst_video_info_from_caps(&info, caps)) Brut_ = info;
   EnPaquets_ = !brut && !gst_structure_has_name(structure, "image/jpeg");
-  return !EnPaquets_ || Paquets_.Ouvre(caps);
+  const bool ouvert = !EnPaquets_ || Paquets_.Ouvre(caps);
+  Caps_.reset(gst_caps_ref(caps));
+  return ouvert;
 }
 
 void ReceptionImages::Espace(const GstBuffer* tampon) {

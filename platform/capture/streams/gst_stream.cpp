@@ -16,8 +16,9 @@ constexpr guint kDelaiHttp = 10;     // s without a byte
 constexpr guint kLatenceRtsp = 100;  // ms to put packets back into order; frames are shown as they come
 // ms without a packet where there is another way. Less than half of what a connection may take.
 constexpr qint64 kSilenceRtsp = 2000;
-// For a film whose first turn is over already. Only one without any picture takes all of it.
-constexpr GstClockTime kDelaiLecture = 2 * GST_SECOND;
+// For a film whose first turn is over already. Only one without any picture takes all of the looks.
+constexpr GstClockTime kRegardLecture = 50 * GST_MSECOND;
+constexpr int kRegardsLecture = 40;
 
 qint64 MaintenantMs() {
   return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch())
@@ -266,18 +267,18 @@ FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chr
                                                       GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_APPLICATION);
   const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
   const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(bus.get(), limite, kTypes));
-  if (message) return TraiteMessage(message.get());
+  if (message) return TraiteMessage(message.get(), arret);
   return EstSansSuite() ? Etat::kErreur : Etat::kCoule;
 }
 
-FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message) {
+FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message, const std::stop_token& arret) {
   switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ERROR:
       return Etat::kErreur;
     case GST_MESSAGE_EOS:
       return Etat::kFini;
     case GST_MESSAGE_SEGMENT_DONE:
-      return ReprendLaBoucle();
+      return ReprendLaBoucle(arret);
     case GST_MESSAGE_ASYNC_DONE:
       return CommenceLaBoucle();
     default:
@@ -306,14 +307,17 @@ FluxImages::Etat FluxGStreamer::CommenceLaBoucle() {
 
 // A film of a few pictures is at its end before the pipeline has begun to play. A seek then would wait for the
 // demultiplexer, which waits for the pipeline to play, which waits for the seek.
-bool FluxGStreamer::EstEnLecture() const {
-  GstState etat = GST_STATE_NULL;
-  return gst_element_get_state(Pipeline_.get(), &etat, nullptr, kDelaiLecture) == GST_STATE_CHANGE_SUCCESS &&
-         etat == GST_STATE_PLAYING;
+bool FluxGStreamer::EstEnLecture(const std::stop_token& arret) const {
+  for (int i = 0; i < kRegardsLecture && !arret.stop_requested(); ++i) {
+    GstState etat = GST_STATE_NULL;
+    const GstStateChangeReturn reponse = gst_element_get_state(Pipeline_.get(), &etat, nullptr, kRegardLecture);
+    if (reponse != GST_STATE_CHANGE_ASYNC) return reponse == GST_STATE_CHANGE_SUCCESS && etat == GST_STATE_PLAYING;
+  }
+  return false;
 }
 
-FluxImages::Etat FluxGStreamer::ReprendLaBoucle() {
-  if (!EstEnLecture()) return Etat::kFini;
+FluxImages::Etat FluxGStreamer::ReprendLaBoucle(const std::stop_token& arret) {
+  if (!EstEnLecture(arret)) return Etat::kFini;
   const bool repris = gst_element_seek(Pipeline_.get(), 1.0, GST_FORMAT_TIME, GST_SEEK_FLAG_SEGMENT, GST_SEEK_TYPE_SET,
                                        0, GST_SEEK_TYPE_NONE, -1) != FALSE;
   return repris ? Etat::kCoule : Etat::kFini;

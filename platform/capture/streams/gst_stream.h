@@ -42,10 +42,10 @@ class FluxGStreamer : public FluxImages {
   GstElement* AjouteDecodebin();
   GstElement* AjouteSuiteDuFilm(const GstCaps* caps);
   bool Lance();
-  Etat TraiteMessage(GstMessage* message);
+  Etat TraiteMessage(GstMessage* message, const std::stop_token& arret);
   Etat CommenceLaBoucle();
-  Etat ReprendLaBoucle();
-  bool EstEnLecture() const;
+  Etat ReprendLaBoucle(const std::stop_token& arret);
+  bool EstEnLecture(const std::stop_token& arret) const;
 
   bool EstSansSuite() const;
 

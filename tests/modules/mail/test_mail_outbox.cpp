@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <new>
 
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/postman.h"
@@ -159,6 +160,21 @@ TEST_F(Poste, ADayWithoutAServerLosesNothingAndSendsNothingTwice) {
   EXPECT_EQ(Recus.size(), 96);
   EXPECT_EQ(QSet<QString>(Recus.begin(), Recus.end()).size(), 96);
   EXPECT_TRUE(std::is_sorted(Recus.begin(), Recus.end()));
+}
+
+TEST_F(Poste, AMailThatFindsNoMemoryIsPutOffAndTheOthersPass) {
+  Serveur = [](const QString& nom) -> ResultatEnvoi {
+    if (nom == "a") throw std::bad_alloc();
+    return {.Accepte = true};
+  };
+  Depose("a");
+  Depose("b");
+  Travaille(kMinute);
+  EXPECT_EQ(Recus.join(u'|'), "b");
+  EXPECT_EQ(Noms(), "a");
+  Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
+  Travaille(2 * kMinute);
+  EXPECT_EQ(Recus.join(u'|'), "b|a");
 }
 
 TEST_F(Poste, RetriesBackOff) {
