@@ -10,6 +10,7 @@ namespace vaktor {
 Vaktor::Vaktor(const PortsSysteme& systeme, QString ligneCommande)
     : Systeme_(systeme),
       LigneCommande_(std::move(ligneCommande)),
+      Sante_(Systeme_.Temps),
       Vue_(Textes_, Systeme_.Boites),
       VueLiaison_(Textes_, Systeme_.Boites),
       EcrivainLive_(Systeme_.Ecrivain),
@@ -27,7 +28,7 @@ void Vaktor::CreeReglages() {
   Sauvegarde_ = std::make_unique<ReglagesPersistants>(
       LiensReglages{Reglages_, *Magasin_, Systeme_.Disque, *Modules_, Systeme_.Dossiers.Donnees,
                     [this]() -> AffichageParametres& { return ChargeForm1(); },
-                    [this] { return Moteur_ ? Moteur_->Surface().Taille() : QSize(); }});
+                    [this] { return Moteur_ ? Moteur_->Surface().Taille() : QSize(); }, Sante_});
 }
 
 void Vaktor::CreeLive() {
@@ -45,10 +46,10 @@ void Vaktor::CreeMoteur() {
   Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_);
   Moteur_ = std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Systeme_.Minuteries,
                                                              Systeme_.Temps, Systeme_.Pompe, Systeme_.Sons, *Actions_,
-                                                             *Live_, Vue_});
+                                                             *Live_, Vue_, Sante_});
   Photos_ = std::make_unique<EnregistreurPhotos>(PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(),
                                                              Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
-                                                             [this] { return Live_->LiveActif(); }});
+                                                             [this] { return Live_->LiveActif(); }, Sante_});
   Actions_->Relie(*Photos_);
   Camera_.Relie(*Moteur_);
 }

@@ -19,6 +19,7 @@
 #include "companions/mail_accounts.h"
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
+#include "health/watch_health.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/form_visu_photo.h"
 #include "image/forms/repertoire.h"
@@ -99,6 +100,7 @@ class Vaktor : private EtapesDepart {
   EtatApplication Etat_;
   EtatLiaison Liaison_;
   TablesTextes Textes_;
+  SanteVeille Sante_;
 
   FrmSplash Splash_;
   std::unique_ptr<RelanceDroits> Droits_;

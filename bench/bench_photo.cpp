@@ -13,6 +13,7 @@
 #include <memory>
 #include <vector>
 
+#include "bench/silent_health.h"
 #include "bench/timing.h"
 #include "image/photo_recorder.h"
 #include "platform/base/system_clock.h"
@@ -97,7 +98,9 @@ class Photos {
   FichiersSysteme Disque_;
   EncodeurTurboJpeg Encodeur_;
   EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
-  EnregistreurPhotos Recorder_{{Reglages_, Dossiers_, Surface_, Temps_, Ecrivain_, Disque_, [] { return false; }}};
+  SansSante Sante_;
+  EnregistreurPhotos Recorder_{
+      {Reglages_, Dossiers_, Surface_, Temps_, Ecrivain_, Disque_, [] { return false; }, Sante_}};
 };
 
 struct Mesures {

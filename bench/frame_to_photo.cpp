@@ -15,6 +15,7 @@
 #include <memory>
 #include <vector>
 
+#include "bench/silent_health.h"
 #include "bench/silent_sounds.h"
 #include "engine/surveillance.h"
 #include "image/jpeg_writer.h"
@@ -163,11 +164,12 @@ int Mesure(const QString& camera, const QString& dossier, size_t photos) {
   SonsMuets sons;
   SansLive live;
   SansSauvegarde sauvegarde;
+  SansSante sante;
   ActionsChronometrees actions(mesures);
   SansFenetre affichage(mesures);
-  Surveillance moteur({reglages, sauvegarde, pilote, minuteries, temps, pompe, sons, actions, live, affichage});
+  Surveillance moteur({reglages, sauvegarde, pilote, minuteries, temps, pompe, sons, actions, live, affichage, sante});
   EnregistreurPhotos enregistreur(
-      {reglages, dossiers, moteur.Surface(), temps, ecrivain, disque, [] { return false; }});
+      {reglages, dossiers, moteur.Surface(), temps, ecrivain, disque, [] { return false; }, sante});
   enregistreur.FixeDateJour();
   actions.Relie(enregistreur);
   QTimer::singleShot(0, qApp, [&moteur] { moteur.BasculeAlarme(); });

@@ -8,6 +8,7 @@
 #include "engine/ports/interface_sounds.h"
 #include "engine/ports/surveillance_display.h"
 #include "engine/ports/timers.h"
+#include "health/ports/health_report.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
 
@@ -25,6 +26,7 @@ struct PortsSurveillance {
   ActionsAlarme& Actions;
   LiaisonLive& Live;
   AffichageSurveillance& Affichage;
+  RapportSante& Sante;
 };
 
 }  // namespace vaktor

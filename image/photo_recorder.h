@@ -7,6 +7,7 @@
 #include "base/program_folders.h"
 #include "engine/frame_surface.h"
 #include "engine/ports/clock.h"
+#include "health/ports/health_report.h"
 #include "image/jpeg_writer.h"
 #include "settings/parameters.h"
 #include "settings/ports/files.h"
@@ -21,6 +22,7 @@ struct PortsPhotos {
   EcrivainJpeg& Ecrivain;
   const Fichiers& Disque;
   std::function<bool()> LiveActif;  ///< read from its owner at each call
+  RapportSante& Sante;
 };
 
 /// Owner: app/. User-interface thread.

@@ -5,6 +5,7 @@
 #include <QString>
 #include <functional>
 
+#include "health/ports/health_report.h"
 #include "settings/parameters.h"
 #include "settings/ports/files.h"
 #include "settings/ports/module_commands.h"
@@ -26,6 +27,7 @@ struct LiensReglages {
   /// there, and hands out its controls, which live until the load ends.
   std::function<AffichageParametres&()> PremierControle;
   std::function<QSize()> TailleImage;  ///< size of the frame surface, pixels; for the FTP companion
+  RapportSante& Sante;
 };
 
 /// Owner: app/, one for the whole run. User-interface thread.

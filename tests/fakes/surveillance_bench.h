@@ -5,6 +5,7 @@
 #include "fakes/fake_alarm_actions.h"
 #include "fakes/fake_capture_driver.h"
 #include "fakes/fake_event_pump.h"
+#include "fakes/fake_health_report.h"
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_saving.h"
 #include "fakes/fake_surveillance_display.h"
@@ -34,8 +35,9 @@ struct BancSurveillance {
   ActionsFausses Actions{Journal};
   LiaisonLiveFausse Live{Journal};
   AffichageFaux Affichage{Journal};
+  SanteFausse Sante;
   Surveillance Engin{
-      PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Affichage}};
+      PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Affichage, Sante}};
 };
 
 }  // namespace vaktor::faux

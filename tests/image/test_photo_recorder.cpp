@@ -2,6 +2,7 @@
 
 #include "base/failure.h"
 #include "fakes/fake_files.h"
+#include "fakes/fake_health_report.h"
 #include "fakes/fake_jpeg_writer.h"
 #include "fakes/virtual_clock.h"
 #include "image/photo_recorder.h"
@@ -40,7 +41,8 @@ class PhotoRecorder : public testing::Test {
   FauxEcrivainJpeg Ecrivain;
   FauxFichiers Disque;
   bool Live = false;
-  EnregistreurPhotos Recorder{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [this] { return Live; }}};
+  faux::SanteFausse Sante;
+  EnregistreurPhotos Recorder{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [this] { return Live; }, Sante}};
 };
 
 TEST_F(PhotoRecorder, TheThirdPhotoHasItsName) {
@@ -132,7 +134,7 @@ TEST_F(PhotoRecorder, TheDefaultLimitNumbersUpTo09999) {
 TEST_F(PhotoRecorder, ALimitOfZeroOrOneWritesNoUsersCopyButTheSecond) {
   Live = true;
   for (const qint32 limite : {0, 1}) {
-    EnregistreurPhotos neuf{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [] { return true; }}};
+    EnregistreurPhotos neuf{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [] { return true; }, Sante}};
     neuf.FixeDateJour();
     Reglages.NombrePhotoMax = limite;
     Ecrivain.Appels.clear();

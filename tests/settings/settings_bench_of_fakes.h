@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "fakes/fake_files.h"
+#include "fakes/fake_health_report.h"
 #include "fakes/fake_store.h"
 #include "settings/persistent_settings.h"
 
@@ -58,6 +59,7 @@ struct BancReglages {
   FauxFichiers Disque;
   FauxModules Modules;
   FauxAffichage Affichage;
+  faux::SanteFausse Sante;
   QSize Taille{320, 240};
   QStringList LusAvantForme;  ///< keys read before the main form came into being
   ReglagesPersistants Reglages{{.Valeurs = Valeurs,
@@ -69,7 +71,8 @@ struct BancReglages {
                                   LusAvantForme = Magasin.Lus;
                                   return Affichage;
                                 },
-                                .TailleImage = [this] { return Taille; }}};
+                                .TailleImage = [this] { return Taille; },
+                                .Sante = Sante}};
 
   BancReglages() {
     Disque.AjouteDossier(QStringLiteral("/prog"));

@@ -9,6 +9,7 @@
 #include "fakes/fake_alarm_actions.h"
 #include "fakes/fake_capture_driver.h"
 #include "fakes/fake_event_pump.h"
+#include "fakes/fake_health_report.h"
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_message_boxes.h"
 #include "fakes/fake_saving.h"
@@ -75,7 +76,9 @@ struct BancFenetre {
   qint32 Fermetures = 0;
   qint32 OuverturesSmtp = 0;
   VueSurveillance Vue{Textes, Boites};
-  Surveillance Engin{PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Vue}};
+  faux::SanteFausse Sante;
+  Surveillance Engin{
+      PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Vue, Sante}};
   VueAgrandie PleinEcran;
   Form1 Fenetre{ServicesForm1{Reglages, Sauvegarde, Textes, Engin, Live, Boites, [this] { return EspaceCourt; },
                               [this] { Chargeur.ChargeTextes(); },

@@ -53,7 +53,7 @@ class PhotosDAlarme : public testing::Test, public faux::BancSurveillance {
   EcrivainJpegFichier Ecrivain{Encodeur, Disque};
   DossiersProgramme Dossiers{Temporaire.path(), Temporaire.path()};
   EnregistreurPhotos Photographe{
-      {Reglages, Dossiers, Engin.Surface(), Horloge, Ecrivain, Disque, [] { return false; }}};
+      {Reglages, Dossiers, Engin.Surface(), Horloge, Ecrivain, Disque, [] { return false; }, Sante}};
 
  private:
   bool Clair_ = false;

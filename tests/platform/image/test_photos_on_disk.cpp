@@ -6,6 +6,7 @@
 #include <QTemporaryDir>
 
 #include "base/failure.h"
+#include "fakes/fake_health_report.h"
 #include "image/photo_recorder.h"
 #include "platform/base/program_folders.h"
 #include "platform/base/system_clock.h"
@@ -78,7 +79,8 @@ class PhotosOnDisk : public testing::Test {
   EncodeurTurboJpeg Encodeur;
   EcrivainJpegFichier Ecrivain{Encodeur, Disque};
   bool Live = false;
-  EnregistreurPhotos Recorder{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [this] { return Live; }}};
+  faux::SanteFausse Sante;
+  EnregistreurPhotos Recorder{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [this] { return Live; }, Sante}};
 };
 
 TEST_F(PhotosOnDisk, BothCopiesLieInTheirFolders) {

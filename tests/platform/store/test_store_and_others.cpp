@@ -12,6 +12,7 @@
 
 #include "base/failure.h"
 #include "fakes/fake_files.h"
+#include "fakes/fake_health_report.h"
 #include "platform/store/file_store.h"
 #include "settings/persistent_settings.h"
 
@@ -57,13 +58,15 @@ TEST(MagasinPartage, ShowsEachSaveToARunningCompanionWhenItIsTold) {
   Parametres valeurs;
   FauxFichiers disque;
   Muets modules;
+  faux::SanteFausse sante;
   ReglagesPersistants reglages({.Valeurs = valeurs,
                                 .Magasin = magasin,
                                 .Disque = disque,
                                 .Modules = modules,
                                 .DossierProgramme = "/prog",
                                 .PremierControle = nullptr,
-                                .TailleImage = [] { return QSize(320, 240); }});
+                                .TailleImage = [] { return QSize(320, 240); },
+                                .Sante = sante});
   QByteArray vu;
   modules.Averti = [&] { vu = Demande(compagnon, "FTP/refresh"); };  // at the moment of "Optio"
   for (int i = 0; i < 40; ++i) {
