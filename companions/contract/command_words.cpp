@@ -11,7 +11,7 @@ struct LigneCommande {
 };
 
 // Code 70 of the FTP companion is left out on purpose: it is not used and must stay free.
-constexpr std::array<LigneCommande, 12> kCommandes = {{
+constexpr std::array<LigneCommande, 13> kCommandes = {{
     {Compagnon::kFtp, QLatin1String("Conne"), 65},
     {Compagnon::kFtp, QLatin1String("Decon"), 66},
     {Compagnon::kFtp, QLatin1String("Optio"), 67},
@@ -21,6 +21,7 @@ constexpr std::array<LigneCommande, 12> kCommandes = {{
     {Compagnon::kMail, QLatin1String("Optio"), 65},
     {Compagnon::kMail, QLatin1String("Intru"), 66},
     {Compagnon::kMail, QLatin1String("Quit*"), 67},
+    {Compagnon::kMail, QLatin1String("Veill"), 68},  // ours: the watch itself has something to say, see kDossierVeille
     {Compagnon::kSon, QLatin1String("Optio"), 65},
     {Compagnon::kSon, QLatin1String("Intru"), 66},
     {Compagnon::kSon, QLatin1String("Quit*"), 67},

@@ -27,6 +27,9 @@ inline constexpr QLatin1String kFichierReglages("vaktor.ini");
 /// Environment variable of a companion: the private folder of the main program that started it, where there is one. The
 /// store, the photos and everything else that is written then lie below it.
 inline constexpr QLatin1String kVariableDossier("VAKTOR_DOSSIER");
+/// Name of the folder beside the settings file in which the main program leaves what the watch has to say of itself,
+/// one file a message; "Veill" tells the mail companion that there is one. docs/companions.md has the fields.
+inline constexpr QLatin1String kDossierVeille("veille");
 /// First word of a companion, followed directly by the decimal handle that is to receive its commands.
 inline constexpr QLatin1String kMotHwnd("HWND:");
 inline constexpr qsizetype kLongueurMot = 5;  ///< characters that count in every word, downwards and upwards

@@ -31,6 +31,7 @@ TEST_F(Envois, EveryWordHasItsOwnCodeForEachCompanion) {
   EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Optio"), "poste 22 65");
   EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Intru"), "poste 22 66");
   EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Quit*"), "poste 22 67");
+  EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Veill"), "poste 22 68");
   EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Optio"), "poste 33 65");
   EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Intru"), "poste 33 66");
   EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Quit*"), "poste 33 67");
@@ -39,6 +40,8 @@ TEST_F(Envois, EveryWordHasItsOwnCodeForEachCompanion) {
 TEST_F(Envois, AnUnknownWordPostsNothing) {
   for (const char* mot : {"", "Intru", "conne", "Conne ", "Conn", "Quit", "Connexion"})
     EXPECT_EQ(EnvoieUn(Compagnon::kFtp, mot), "") << mot;
+  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "Veill"), "");
+  EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Veill"), "");
   for (const char* mot : {"Conne", "Surve", "UploM", "intru"}) {
     EXPECT_EQ(EnvoieUn(Compagnon::kMail, mot), "") << mot;
     EXPECT_EQ(EnvoieUn(Compagnon::kSon, mot), "") << mot;
