@@ -2,6 +2,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include "companions/contract/command_words.h"
 #include "platform/base/program_folders.h"
@@ -19,6 +20,10 @@ QString TrouveDossierEtat(const QString& dossierPrive) {
 }
 
 }  // namespace
+
+QString DossiersModule::CheminVeille() const {
+  return QFileInfo(FichierReglages).absolutePath() + QLatin1Char('/') + kDossierVeille;
+}
 
 DossiersModule TrouveDossiersModule() {
   const QString prive = qEnvironmentVariable(kVariableDossier.data());

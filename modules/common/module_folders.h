@@ -13,6 +13,8 @@ struct DossiersModule {
   QString Etat;                 ///< logs, status files, the outbox: "vaktor" in the user's state folder
                                 ///< (XDG_STATE_HOME, by default ~/.local/state), or "etat" below a private folder
 
+  /// What the watch has to say of itself, beside the store; the main program makes it.
+  QString CheminVeille() const;
   QString CheminTemp() const { return Programme.Donnees + QStringLiteral("/Temp"); }
   QString CheminTempFtp() const { return Programme.Donnees + QStringLiteral("/Temp/FTP"); }
   QString CheminSons() const { return Programme.Executables + QStringLiteral("/snd"); }

@@ -186,4 +186,15 @@ AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots) {
           QStringLiteral("The mail of the alarm cannot be kept on the disk (%1). Please make room.").arg(dossier)};
 }
 
+AvisEchec ComposeAvisVeille(const QString& dossier) {
+  return {QStringLiteral("mail-watch"),
+          {},
+          QString::fromUtf8("Un message de la veille est illisible et n'a pas été envoyé ; il est gardé dans %1. "
+                            "Regardez la fenêtre de Vaktor.")
+              .arg(dossier),
+          QStringLiteral("A message of the watch cannot be read and was not sent; it is kept in %1. Please look at "
+                         "Vaktor's window.")
+              .arg(dossier)};
+}
+
 }  // namespace vaktor

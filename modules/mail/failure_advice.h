@@ -16,4 +16,7 @@ AvisEchec ComposeAvisEssai(const ResultatEnvoi& resultat, const ReglagesEnvoi& r
 /// The outbox cannot be written; `mots` are those of the system.
 AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots);
 
+/// A message of the watch was none; `dossier`: where it is kept.
+AvisEchec ComposeAvisVeille(const QString& dossier);
+
 }  // namespace vaktor

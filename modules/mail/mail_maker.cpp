@@ -35,6 +35,7 @@ ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule
   r.Corps = valeurs.MailCorps;
   LitNombre(valeurs.MailNombrePhoto, r.NombrePhoto);
   LitNombre(valeurs.MailNombreMail, r.NombreMail);
+  r.Langue = valeurs.LangueCourante;
   r.DossierPhotos = valeurs.PhotoActif ? CheminNatif(valeurs.RepertoirePhoto) : dossiers.CheminTempFtp();
   return r;
 }

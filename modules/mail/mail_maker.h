@@ -16,7 +16,12 @@ struct ReglagesCourriel {
   QString Corps;
   int NombrePhoto = 10;
   int NombreMail = 1;
+  qint32 Langue = 0;      ///< 1 English, any other: French
   QString DossierPhotos;  ///< native path: the photo folder, or the live copies when photos are off
+  /// Somebody to send to, and a sender where one is needed.
+  bool PeutEcrire() const {
+    return !Adresses.Destinataires.isEmpty() && (!Envoi.ParSmtp || !Adresses.Expediteur.isEmpty());
+  }
   bool operator==(const ReglagesCourriel&) const = default;
 };
 

@@ -18,9 +18,12 @@ ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
     : Contexte_(contexte),
       Ports_(ports),
       Boite_(ports.DossierBoite),
+      Veille_(ports.DossierVeille, Boite_, ports.Marque, contexte.Journal),
       TimerRecolte_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRecolte"), kRecolte, [this] { Recolte(); })),
       TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPause,
                                                     [this] { TimerPause_->Desactive(); })),
+      TimerVeille_(
+          contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerVeille"), kRepriseVeille, [this] { PrendVeille(); })),
       TimerFin_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerFin"), kFinMax, [this] { Contexte_.Quitte(); })),
       Poste_(ports.OuvrePoste([this](const RapportEnvoi& rapport) { PrendRapport(rapport); })) {}
 
@@ -36,9 +39,14 @@ void ModuleMail::PrendReglages(const ReglagesModule& reglages) {
     Contexte_.Etat.CacheSecret(secret);
   }
   Poste_->ChangeReglages(Reglages_.Envoi);
+  ReglagesRecus_ = true;
+  PrendVeille();
 }
 
+void ModuleMail::Enregistre(bool /*tot*/) { PrendVeille(); }
+
 void ModuleMail::ExecuteCommande(const QString& mot) {
+  if (mot == QLatin1String("Veill")) PrendVeille();
   if (mot != QLatin1String("Intru")) return;
   DerniereIntrusion_ = Ports_.Maintenant();
   if (ResteDeLaSerie_ > 0 || TimerPause_->EstActive()) return;
@@ -47,8 +55,7 @@ void ModuleMail::ExecuteCommande(const QString& mot) {
 
 void ModuleMail::CommenceSerie() {
   if (Reglages_.NombreMail < 1) return;
-  const bool expediteur = !Reglages_.Envoi.ParSmtp || !Reglages_.Adresses.Expediteur.isEmpty();
-  if (Reglages_.Adresses.Destinataires.isEmpty() || !expediteur) {
+  if (!Reglages_.PeutEcrire()) {
     SansAdresse_ = true;
     TimerPause_->Active();
     Signale({.Cause = CauseEchec::kIncomplet});
@@ -128,6 +135,16 @@ void ModuleMail::AcheveCourriel() {
     TimerPause_->Active();
 }
 
+void ModuleMail::PrendVeille() {
+  if (!ReglagesRecus_ || EnFin_) return;
+  const PriseVeille prise = Veille_.Prend(Reglages_, Ports_.Maintenant());
+  if (prise.Illisible) Contexte_.Etat.Signale(ComposeAvisVeille(Ports_.DossierVeille));
+  if (prise.SansAdresse) Signale({.Cause = CauseEchec::kIncomplet});
+  if (prise.Erreur != 0) SignaleDisque(prise.Erreur);
+  if (prise.Pris > 0) Poste_->Reveille();
+  prise.Reste ? TimerVeille_->Active() : TimerVeille_->Desactive();
+}
+
 void ModuleMail::PrendRapport(const RapportEnvoi& rapport) {
   const ResultatEnvoi& r = rapport.Resultat;
   const QString suite = r.Accepte     ? QStringLiteral("accepted")
@@ -153,6 +170,8 @@ void ModuleMail::SignaleDisque(int erreur) {
 }
 
 void ModuleMail::Termine() {
+  EnFin_ = true;
+  TimerVeille_->Desactive();
   TimerRecolte_->Desactive();
   if (ResteDeLaSerie_ > 0) Boite_.Publie(EnCours_.Nom);
   ResteDeLaSerie_ = 0;

@@ -8,11 +8,13 @@
 #include "modules/mail/outbox.h"
 #include "modules/mail/photo_source.h"
 #include "modules/mail/sending_thread.h"
+#include "modules/mail/watch_mails.h"
 
 namespace vaktor {
 
 struct PortsMail {
   QString DossierBoite;
+  QString DossierVeille;               ///< what the watch has to say of itself
   QString Marque;                      ///< of this process, part of each mail's name
   QString Autorites;                   ///< see ReglagesEnvoi::FichierAutorites
   std::function<qint64()> Maintenant;  ///< milliseconds since 1970
@@ -24,16 +26,20 @@ struct PortsMail {
 ///
 /// A mail is on disk from the moment of its "Intru". For up to a second it then gathers the photos that come, since an
 /// intrusion begins with a single one; only then may it leave.
+///
+/// What the watch has to say of itself goes its own way: a mail for each message, whatever row or pause there is.
 class ModuleMail : public Module {
  public:
   static constexpr qint32 kRecolte = 200;  ///< milliseconds between two looks for more photos
   static constexpr int kRecoltes = 5;      ///< looks, at the most
   static constexpr qint32 kPause = 5 * 60 * 1000;
-  static constexpr qint32 kFinMax = 15'000;  ///< milliseconds that a mail under way is given at our end
+  static constexpr qint32 kRepriseVeille = 60'000;  ///< until messages of the watch that could not be taken are tried
+  static constexpr qint32 kFinMax = 15'000;         ///< milliseconds that a mail under way is given at our end
 
   ModuleMail(const ContexteModule& contexte, const PortsMail& ports);
 
   void PrendReglages(const ReglagesModule& reglages) override;
+  void Enregistre(bool tot) override;
   void ExecuteCommande(const QString& mot) override;
   void Termine() override;
 
@@ -44,6 +50,7 @@ class ModuleMail : public Module {
   void AcheveCourriel();
   bool EcritBrouillon(const ChoixPhotos& choix);
   ChoixPhotos Choisit() const;
+  void PrendVeille();
   void PrendRapport(const RapportEnvoi& rapport);
   void Signale(const ResultatEnvoi& resultat);
   void SignaleDisque(int erreur);
@@ -51,6 +58,7 @@ class ModuleMail : public Module {
   ContexteModule Contexte_;
   PortsMail Ports_;
   BoiteEnvoi Boite_;
+  CourriersVeille Veille_;  // before the post: see there
   ReglagesCourriel Reglages_;
   int ResteDeLaSerie_ = 0;  // mails of this row that are still to be made, with the one in the making
   int Fait_ = 0;            // mails made since the start, for their names
@@ -59,9 +67,12 @@ class ModuleMail : public Module {
   qint64 Intrusion_ = 0;       // that it tells of
   QList<PhotoConnue> Photos_;  // in it
   int Recoltes_ = 0;
+  bool ReglagesRecus_ = false;
+  bool EnFin_ = false;
   bool SansAdresse_ = false;  // the row could not be made; the next settings may help
   std::unique_ptr<Minuterie> TimerRecolte_;
   std::unique_ptr<Minuterie> TimerPause_;
+  std::unique_ptr<Minuterie> TimerVeille_;
   std::unique_ptr<Minuterie> TimerFin_;
   std::unique_ptr<Poste> Poste_;  // last: its reports come to a whole module
 };

@@ -4,14 +4,15 @@
 
 namespace vaktor {
 
-qint64 PlafondHoraire::Attente(qint64 maintenant) {
+qint64 PlafondHoraire::Attente(qint64 maintenant, bool prioritaire) {
   Envois_.removeIf([maintenant](qint64 t) { return t > maintenant || maintenant - t >= kHeureMs; });
-  return Envois_.size() < ParHeure_ ? 0 : Envois_.first() + kHeureMs - maintenant;
+  const qsizetype plafond = prioritaire ? ParHeure_ + kReserveVeille : ParHeure_;
+  return Envois_.size() < plafond ? 0 : Envois_.at(Envois_.size() - plafond) + kHeureMs - maintenant;
 }
 
 void PlafondHoraire::Note(qint64 maintenant) {
-  if (!Envois_.isEmpty() && Envois_.size() >= ParHeure_) Envois_.removeFirst();
   Envois_.append(maintenant);
+  while (Envois_.size() > ParHeure_ + kReserveVeille) Envois_.removeFirst();
 }
 
 QByteArray PlafondHoraire::Texte() const {
@@ -28,7 +29,7 @@ void PlafondHoraire::Relit(const QByteArray& texte) {
     if (nombre) Envois_.append(t);
   }
   std::sort(Envois_.begin(), Envois_.end());
-  while (Envois_.size() > ParHeure_) Envois_.removeFirst();
+  while (Envois_.size() > ParHeure_ + kReserveVeille) Envois_.removeFirst();
 }
 
 QList<PhotoConnue> ClassePhotos(QList<PhotoConnue> photos, qint64 intrusion) {

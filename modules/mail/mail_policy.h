@@ -12,13 +12,16 @@ namespace vaktor {
 class PlafondHoraire {
  public:
   static constexpr int kCourrielsParHeure = 60;
+  /// Above the cap, for mails of the watch alone: that it has gone blind must not wait an hour behind the intrusion
+  /// before. They are few by themselves.
+  static constexpr int kReserveVeille = 10;
   static constexpr qint64 kHeureMs = 3600LL * 1000;
 
   explicit PlafondHoraire(int parHeure = kCourrielsParHeure) : ParHeure_(parHeure) {}
 
   /// Milliseconds to wait before the next mail may leave; 0: now. Time is milliseconds since 1970; when the clock was
   /// set back, what lies in the future is forgotten.
-  qint64 Attente(qint64 maintenant);
+  qint64 Attente(qint64 maintenant, bool prioritaire = false);
   void Note(qint64 maintenant);
 
   /// As text, to be kept over a restart. What does not read as such is taken for an empty list.
@@ -27,7 +30,7 @@ class PlafondHoraire {
 
  private:
   int ParHeure_;
-  QList<qint64> Envois_;  // the last ParHeure_ at the most, oldest first
+  QList<qint64> Envois_;  // no more than cap and reserve, oldest first
 };
 
 struct PhotoConnue {

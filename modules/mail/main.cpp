@@ -50,6 +50,7 @@ DescriptionModule DonneDescription() {
 std::unique_ptr<Module> CreeModule(const ContexteModule& contexte, const QString& autorites) {
   PortsMail ports;
   ports.DossierBoite = contexte.Dossiers.Etat + QStringLiteral("/courrier");
+  ports.DossierVeille = contexte.Dossiers.CheminVeille();
   ports.Marque = QString::number(QRandomGenerator::system()->generate64(), 36);
   ports.Autorites = autorites;
   ports.Maintenant = [] { return QDateTime::currentMSecsSinceEpoch(); };

@@ -25,9 +25,10 @@ constexpr const char* kPartiel = ".part";
 constexpr qint64 kTeteMax = 64LL * 1024;
 
 QByteArray ComposeTete(const CourrielEnAttente& c) {
-  const QJsonObject tete{{QStringLiteral("made"), c.FaitA},
-                         {QStringLiteral("from"), c.Expediteur},
-                         {QStringLiteral("to"), QJsonArray::fromStringList(c.Destinataires)}};
+  QJsonObject tete{{QStringLiteral("made"), c.FaitA},
+                   {QStringLiteral("from"), c.Expediteur},
+                   {QStringLiteral("to"), QJsonArray::fromStringList(c.Destinataires)}};
+  if (c.Prioritaire) tete.insert(QStringLiteral("first"), true);
   return QJsonDocument(tete).toJson(QJsonDocument::Compact) + '\n';
 }
 
@@ -36,6 +37,7 @@ bool LitTete(const QByteArray& ligne, CourrielEnAttente& c) {
   if (!document.isObject()) return false;
   const QJsonObject tete = document.object();
   c.FaitA = tete.value(QStringLiteral("made")).toInteger(-1);
+  c.Prioritaire = tete.value(QStringLiteral("first")).toBool();
   c.Expediteur = tete.value(QStringLiteral("from")).toString();
   const QJsonArray destinataires = tete.value(QStringLiteral("to")).toArray();
   for (const auto& v : destinataires) c.Destinataires.append(v.toString());
@@ -102,6 +104,22 @@ void BoiteEnvoi::LitEssais(CourrielEnAttente& courriel) const {
   const QJsonObject note = QJsonDocument::fromJson(f.read(kTeteMax)).object();
   courriel.Essais = note.value(QStringLiteral("attempts")).toInt(0);
   courriel.ProchainEssai = note.value(QStringLiteral("next")).toInteger(0);
+}
+
+QStringList BoiteEnvoi::DonneNoms() const {
+  QStringList noms;
+  for (const char* fin : {kBrouillon, kCourriel, kEnvoye, kRefuse, kMauvais}) noms += ListeNoms(Dossier_, fin);
+  return noms;
+}
+
+std::optional<qint64> BoiteEnvoi::PlusAncien() const {
+  // Names sort by time. What cannot be read is somebody else's to tell.
+  for (const QString& nom : ListeNoms(Dossier_, kCourriel)) {
+    CourrielEnAttente c;
+    QFile f(Chemin(nom, kCourriel));
+    if (f.open(QIODevice::ReadOnly) && LitTete(f.readLine(kTeteMax), c)) return c.FaitA;
+  }
+  return std::nullopt;
 }
 
 QByteArray BoiteEnvoi::LitMessage(const QString& nom) const {

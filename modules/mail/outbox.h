@@ -3,11 +3,10 @@
 //
 // A folder of mode 0700. One mail has one name and one file, whose ending tells where the mail stands:
 //   NAME.draft    made, still gathering photos; after a kill it is sent as it is
-//   NAME.mail     to be sent. First line JSON (made, from, to), then the message. Never changed.
-//   NAME.try      beside it, after attempts that failed for this mail alone: how many, and when next
-//   NAME.sent     a server has taken it; about to be removed
-//   NAME.refused  a server has refused it for good; put back when the user changes the settings
-//   NAME.bad      damaged, kept for a person to look at
+//   NAME.mail     to be sent. First line JSON (made, from, to, and first: true where it goes before others), then the
+//   message. Never changed. NAME.try      beside it, after attempts that failed for this mail alone: how many, and when
+//   next NAME.sent     a server has taken it; about to be removed NAME.refused  a server has refused it for good; put
+//   back when the user changes the settings NAME.bad      damaged, kept for a person to look at
 // Each step from one to the next is one rename, flushed to the disk. A mail is sent twice only when the machine stops
 // between the server's "250" and the rename to ".sent"; both copies then carry the same Message-ID.
 #pragma once
@@ -16,6 +15,7 @@
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace vaktor {
 
@@ -24,6 +24,7 @@ struct CourrielEnAttente {
   QString Expediteur;
   QStringList Destinataires;
   qint64 FaitA = 0;          ///< milliseconds since 1970, UTC
+  bool Prioritaire = false;  ///< of the watch: goes before all that are not
   int Essais = 0;            ///< failed attempts of this mail alone
   qint64 ProchainEssai = 0;  ///< milliseconds since 1970; not before
 };
@@ -50,6 +51,10 @@ class BoiteEnvoi {
 
   /// All mails to be sent, oldest first. What is damaged becomes NAME.bad, never sent and never fatal.
   QList<CourrielEnAttente> Liste();
+  /// Names of all mails, in whichever state.
+  QStringList DonneNoms() const;
+  /// When the oldest mail that is to be sent was made, milliseconds since 1970.
+  std::optional<qint64> PlusAncien() const;
   QByteArray LitMessage(const QString& nom) const;
   qint64 DonneOctets() const;  ///< all files together
 

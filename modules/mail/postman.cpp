@@ -34,18 +34,21 @@ void Facteur::Recommence() {
   Boite_.RemetTout();
 }
 
-qint64 Facteur::AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant) const {
-  return AttenteSaine(std::max(courriel.ProchainEssai, Reportes_.value(courriel.Nom, 0)) - maintenant);
+qint64 Facteur::AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant) {
+  const qint64 sienne = AttenteSaine(std::max(courriel.ProchainEssai, Reportes_.value(courriel.Nom, 0)) - maintenant);
+  return std::max(sienne, Plafond_.Attente(maintenant, courriel.Prioritaire));
 }
 
 qint64 Facteur::Tour() {
   const qint64 maintenant = Maintenant_();
-  const qint64 pourTous = std::max(AttenteSaine(PasAvant_ - maintenant), Plafond_.Attente(maintenant));
+  const qint64 pourTous = AttenteSaine(PasAvant_ - maintenant);
   if (pourTous > 0) return pourTous;
   for (const QString& nom : Boite_.Elague(maintenant))
     Rapporte_({nom, {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
   qint64 attente = kRienAFaire;
-  for (const CourrielEnAttente& courriel : Boite_.Liste()) {
+  QList<CourrielEnAttente> liste = Boite_.Liste();
+  std::stable_partition(liste.begin(), liste.end(), [](const CourrielEnAttente& c) { return c.Prioritaire; });
+  for (const CourrielEnAttente& courriel : liste) {
     if (Partis_.contains(courriel.Nom)) continue;
     const qint64 avant = AttenteDuCourriel(courriel, maintenant);
     if (avant == 0) return Essaie(courriel);

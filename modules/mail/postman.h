@@ -32,9 +32,10 @@ class Facteur {
   Facteur(BoiteEnvoi boite, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
           Rapporteur rapporte);
 
-  /// Tries at most one mail: the oldest that is due. Gives the milliseconds until the next round is worth while, 0 for
-  /// at once. A failure that says nothing about the mail itself (no network, login refused) holds up all mails, each
-  /// time for longer; one about the mail alone holds up that mail and lets the others pass.
+  /// Tries at most one mail: the oldest that is due, those of the watch before all others. Gives the milliseconds until
+  /// the next round is worth while, 0 for at once. A failure that says nothing about the mail itself (no network, login
+  /// refused) holds up all mails, each time for longer; one about the mail alone holds up that mail and lets the others
+  /// pass.
   qint64 Tour();
   /// The settings were changed: all mails are due at once.
   void Recommence();
@@ -44,7 +45,7 @@ class Facteur {
   qint64 EssaieUneFois(const CourrielEnAttente& courriel);
   qint64 TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat);
   void NoteAccepte(const QString& nom);
-  qint64 AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant) const;
+  qint64 AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant);
 
   BoiteEnvoi Boite_;
   PlafondHoraire& Plafond_;

@@ -1,76 +1,8 @@
 // The companion's rules in virtual time: rows, pauses, photos that come, what the user is told.
-#include <QDateTime>
-
-#include "modules/mail/mail_bench.h"
-#include "modules/mail/mail_module.h"
-#include "modules/module_bench.h"
+#include "modules/mail/mail_module_bench.h"
 
 namespace vaktor::essai {
 namespace {
-
-struct PosteFaux : Poste {
-  explicit PosteFaux(QStringList& faits) : Faits(faits) {}
-  void ChangeReglages(const ReglagesEnvoi& reglages) override { Reglages = reglages; }
-  void Reveille() override { Faits << QStringLiteral("reveille"); }
-  void Arrete(std::function<void()> fini) override { Fini = std::move(fini); }
-  QStringList& Faits;
-  ReglagesEnvoi Reglages;
-  std::function<void()> Fini;
-};
-
-struct Mail : BancModule {
-  QString Photos = Temporaire.filePath("photos");
-  qint64 Debut = QDateTime::currentMSecsSinceEpoch() - 3'600'000;
-  QStringList Faits;
-  PosteFaux* Envoi = nullptr;
-  Facteur::Rapporteur Rapporte;
-  BoiteEnvoi Boite{Temporaire.filePath("courrier")};
-  std::unique_ptr<ModuleMail> Module;
-
-  Mail() : BancModule(QStringLiteral("mail")) {
-    QDir().mkpath(Photos);
-    Dossiers.Programme.Donnees = Temporaire.path();
-    QDir().mkpath(Dossiers.CheminTempFtp());
-    Parametres& p = Reglages.Valeurs;
-    p.MailDestination = "anna@exemple.fr";
-    p.SmtpFrom = "cam@exemple.fr";
-    p.SmtpServeur = "smtp.exemple.fr";
-    p.SmtpUser = "anna";
-    p.SmtpPass = "s3cret&mot";
-    p.PhotoActif = true;
-    p.RepertoirePhoto = Temporaire.path() + "\\photos";
-    PortsMail ports;
-    ports.DossierBoite = Temporaire.filePath("courrier");
-    ports.Marque = "essai";
-    ports.Maintenant = [this] { return Debut + Horloge.Millisecondes; };
-    ports.OuvrePoste = [this](const Facteur::Rapporteur& rapporte) {
-      Rapporte = rapporte;
-      auto poste = std::make_unique<PosteFaux>(Faits);
-      Envoi = poste.get();
-      return poste;
-    };
-    Module = std::make_unique<ModuleMail>(ContexteModule{Dossiers, Journal, Etat, Temps, Horloge, [](const QString&) {},
-                                                         [this] { Faits << QStringLiteral("quitte"); }},
-                                          ports);
-    Module->PrendReglages(Reglages);
-  }
-  void Intrusion(qint64 duree = 0) {
-    for (qint64 t = 0; t <= duree; t += 30) {
-      Module->ExecuteCommande("Intru");
-      if (duree > 0) Temps.Avance(30);
-    }
-  }
-  void Photo(const QString& nom, const QString& dossier = {}) const {
-    QFile f((dossier.isEmpty() ? Photos : dossier) + '/' + nom);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("\xff\xd8" + nom.toUtf8() + "\xff\xd9");
-    f.flush();
-    f.setFileTime(QDateTime::fromMSecsSinceEpoch(Debut + Horloge.Millisecondes), QFileDevice::FileModificationTime);
-  }
-  qsizetype Nombre() { return Boite.Liste().size(); }
-  QJsonObject Lit(qsizetype i) { return LitCourriel(Boite.LitMessage(Boite.Liste().value(i).Nom)); }
-  QStringList Fichiers() const { return QDir(Temporaire.filePath("courrier")).entryList(QDir::Files, QDir::Name); }
-};
 
 TEST_F(Mail, IsOnDiskBeforeTheCommandIsDone) {
   Intrusion();

@@ -29,8 +29,10 @@ struct Boite : testing::Test {
   BoiteEnvoi B{Dossier};
   qint64 Maintenant = 1'700'000'000'000;
 
-  void Depose(const QString& nom, const QByteArray& message = "message") {
-    ASSERT_EQ(B.PoseBrouillon(Nomme(nom, Maintenant), message), 0);
+  void Depose(const QString& nom, const QByteArray& message = "message", bool prioritaire = false) {
+    CourrielEnAttente courriel = Nomme(nom, Maintenant);
+    courriel.Prioritaire = prioritaire;
+    ASSERT_EQ(B.PoseBrouillon(courriel, message), 0);
     ASSERT_TRUE(B.Publie(nom));
   }
   QString Fichiers() const { return QDir(Dossier).entryList(QDir::Files, QDir::Name).join(u'|'); }
@@ -96,6 +98,20 @@ TEST_F(Boite, AFullDiskIsToldAndNothingHalfWrittenStays) {
   EXPECT_EQ(pleine.PoseBrouillon(Nomme("petit", Maintenant), "x"), 0) << "and a small one still fits";
 }
 
+TEST_F(Boite, KnowsSinceWhenTheOldestWaits) {
+  EXPECT_FALSE(B.PlusAncien());
+  ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "x"), 0);
+  EXPECT_FALSE(B.PlusAncien()) << "still gathers its photos";
+  Depose("b");
+  Maintenant += 1000;
+  Depose("c");
+  EXPECT_EQ(B.PlusAncien(), Maintenant - 1000);
+  ASSERT_TRUE(EcritOctets(Dossier + "/a.mail", "no head"));
+  EXPECT_EQ(B.PlusAncien(), Maintenant - 1000);
+  B.MetDeCote("b");
+  EXPECT_EQ(B.PlusAncien(), Maintenant);
+}
+
 TEST_F(Boite, OldAndTooManyAreGivenUp) {
   Depose("a");
   Maintenant += BoiteEnvoi::kAgeMaxMs + 1;
@@ -142,6 +158,40 @@ TEST_F(Poste, SendsTheOldestFirstAndEachOnce) {
   Travaille(kMinute);
   EXPECT_EQ(Recus.join(u'|'), "a|b");
   EXPECT_EQ(Fichiers(), "");
+}
+
+TEST_F(Poste, AMailOfTheWatchGoesBeforeAllOthersThatWait) {
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kPasDeConnexion}; };
+  Depose("a");
+  Depose("b");
+  Travaille(kMinute);
+  Depose("y", "message", true);
+  Depose("z", "message", true);
+  Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
+  Travaille(5 * kMinute);
+  EXPECT_EQ(Recus.join(u'|'), "y|z|a|b");
+}
+
+TEST_F(Poste, OfTooManyTheOldestIsGivenUpAndNotTheOneThatGoesFirst) {
+  Depose("a");
+  Maintenant += BoiteEnvoi::kAgeMaxMs - kHeure;
+  Depose("z", "message", true);
+  Maintenant += 2 * kHeure;
+  EXPECT_EQ(B.Elague(Maintenant).join(u'|'), "a");
+  EXPECT_EQ(Noms(), "z");
+}
+
+TEST_F(Poste, AFullHourOfAlarmMailsDoesNotHoldUpTheWatch) {
+  for (int i = 0; i < PlafondHoraire::kCourrielsParHeure + 5; ++i)
+    Depose(QStringLiteral("a%1").arg(i, 3, 10, QChar('0')));
+  Travaille(5 * kMinute);
+  EXPECT_EQ(Recus.size(), PlafondHoraire::kCourrielsParHeure);
+  for (int i = 0; i < PlafondHoraire::kReserveVeille + 5; ++i) Depose(QStringLiteral("v%1").arg(i), "message", true);
+  Travaille(5 * kMinute);
+  EXPECT_EQ(Recus.size(), PlafondHoraire::kCourrielsParHeure + PlafondHoraire::kReserveVeille) << "but not without end";
+  EXPECT_TRUE(Recus.last().startsWith('v'));
+  Travaille(3 * kHeure);
+  EXPECT_EQ(Recus.size(), PlafondHoraire::kCourrielsParHeure + PlafondHoraire::kReserveVeille + 10);
 }
 
 TEST_F(Poste, ADayWithoutAServerLosesNothingAndSendsNothingTwice) {

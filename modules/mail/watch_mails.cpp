@@ -1,0 +1,132 @@
+#include "modules/mail/watch_mails.h"
+
+#include <QDateTime>
+#include <cerrno>
+
+#include "base/failure.h"
+#include "platform/store/private_file.h"
+
+namespace vaktor {
+namespace {
+
+/// Part of a mail's name in the outbox by which its message is known again.
+QString Empreinte(const QString& nom) { return QStringLiteral("-veille-") + nom; }
+
+QString ComposeIdentifiant(const MessageVeille& message) {
+  return QDateTime::fromMSecsSinceEpoch(message.FaitA, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz")) +
+         Empreinte(message.Nom);
+}
+
+}  // namespace
+
+CourriersVeille::CourriersVeille(const QString& dossier, BoiteEnvoi boite, QString marque, JournalBorne& journal)
+    : Dossier_(dossier), Boite_(std::move(boite)), Marque_(std::move(marque)), Journal_(journal) {
+  EffaceLesFaits();
+}
+
+void CourriersVeille::Note(const QString& nom, const QString& quoi) const {
+  Journal_.Note(QStringLiteral("message of the watch %1: %2").arg(nom, quoi));
+}
+
+QStringList CourriersVeille::DonneAttente() const {
+  QStringList noms = Dossier_.Liste();
+  noms.removeIf([this](const QString& nom) { return Passes_.contains(nom); });
+  return noms;
+}
+
+std::optional<qint64> CourriersVeille::PlusAncien() const {
+  const QStringList noms = DonneAttente();
+  if (noms.isEmpty()) return std::nullopt;
+  return DossierVeille::DonneInstant(noms.first());
+}
+
+void CourriersVeille::EffaceLesFaits() {
+  const QStringList attente = DonneAttente();
+  if (attente.isEmpty()) return;
+  const QStringList faits = Boite_.DonneNoms();
+  for (const QString& nom : attente) {
+    const QString empreinte = Empreinte(nom) + u'-';
+    if (std::none_of(faits.begin(), faits.end(), [&](const QString& fait) { return fait.contains(empreinte); }))
+      continue;
+    Note(nom, QStringLiteral("its mail is made already"));
+    if (!Dossier_.Efface(nom)) Passes_.insert(nom);
+  }
+}
+
+PriseVeille CourriersVeille::Prend(const ReglagesCourriel& reglages, qint64 maintenant) {
+  PriseVeille prise;
+  if (DonneAttente().isEmpty()) return prise;
+  try {
+    // Of two companions, one that ends and one that begins, both would make a mail of the same message.
+    const VerrouDossier verrou(Dossier_.Dossier());
+    EffaceLesFaits();
+    const QStringList noms = DonneAttente();
+    for (const QString& nom : noms) PrendUn(nom, reglages, maintenant, prise);
+    prise.Reste = prise.Reste || noms.size() >= DossierVeille::kMessagesMax;
+    Dossier_.RetireOrphelins(maintenant);
+  } catch (const Echec&) {
+    prise.Reste = true;
+  }
+  if (prise.SansAdresse && !SansAdresse_) Journal_.Note(QStringLiteral("messages of the watch wait: no destination"));
+  SansAdresse_ = prise.SansAdresse;
+  return prise;
+}
+
+void CourriersVeille::PrendUn(const QString& nom, const ReglagesCourriel& reglages, qint64 maintenant,
+                              PriseVeille& prise) {
+  if (maintenant - DossierVeille::DonneInstant(nom) > BoiteEnvoi::kAgeMaxMs) {
+    Note(nom, QStringLiteral("too old, given up"));
+    if (!Dossier_.Efface(nom)) Passes_.insert(nom);
+    return;
+  }
+  QString raison;
+  const std::optional<MessageVeille> message = Dossier_.Lit(nom, kOctetsPhotosMax, raison);
+  if (!message) {
+    prise.Illisible = prise.Illisible || !raison.isEmpty();
+    prise.Reste = prise.Reste || raison.isEmpty();
+    if (raison.isEmpty()) return;
+    Note(nom, QStringLiteral("put aside, ") + raison);
+    if (!Dossier_.MetDeCote(nom)) Passes_.insert(nom);
+    return;
+  }
+  if (!reglages.PeutEcrire()) {
+    prise.SansAdresse = true;
+    return;
+  }
+  prise.Erreur = Depose(*message, reglages);
+  prise.Reste = prise.Reste || prise.Erreur != 0;
+  if (prise.Erreur == 0) ++prise.Pris;
+}
+
+int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel& reglages) {
+  const QString identifiant = ComposeIdentifiant(message);
+  Courriel courriel{.Expediteur = reglages.Adresses.Expediteur,
+                    .Destinataires = reglages.Adresses.Destinataires,
+                    .Sujet = message.Sujet(reglages.Langue),
+                    .Corps = message.Texte(reglages.Langue),
+                    .Date = QDateTime::fromMSecsSinceEpoch(message.FaitA),
+                    .Identifiant = identifiant,
+                    .Pieces = {}};
+  if (!message.Photo.isEmpty() && Boite_.DonneOctets() <= BoiteEnvoi::kOctetsMax)
+    courriel.Pieces.append(
+        {courriel.Date.toString(QStringLiteral("yyyy-MM-dd  HH-mm-ss")) + QStringLiteral(".jpg"), message.Photo});
+  CourrielEnAttente mail;
+  // With the mark of this process the sending thread leaves the draft alone until the message is deleted. The
+  // Message-ID is without it: whoever gets a mail twice can tell.
+  mail.Nom = identifiant + u'-' + Marque_;
+  mail.Expediteur = courriel.Expediteur;
+  mail.Destinataires = courriel.Destinataires;
+  mail.FaitA = message.FaitA;
+  mail.Prioritaire = true;
+  int erreur = Boite_.PoseBrouillon(mail, ComposeMessage(courriel));
+  if (erreur != 0 && !courriel.Pieces.isEmpty()) {
+    courriel.Pieces.clear();  // the words matter more
+    erreur = Boite_.PoseBrouillon(mail, ComposeMessage(courriel));
+  }
+  if (erreur != 0) return erreur;
+  if (!Dossier_.Efface(message.Nom)) Passes_.insert(message.Nom);
+  Note(message.Nom, QStringLiteral("mail %1 made, %2").arg(mail.Nom, message.Condition));
+  return Boite_.Publie(mail.Nom) ? 0 : errno;
+}
+
+}  // namespace vaktor

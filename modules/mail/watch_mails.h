@@ -1,0 +1,50 @@
+// From what the watch has to say of itself to mails of the outbox: none is lost by a kill in between, none made twice.
+#pragma once
+
+#include <QSet>
+
+#include "modules/common/bounded_log.h"
+#include "modules/mail/mail_maker.h"
+#include "modules/mail/outbox.h"
+#include "modules/mail/watch_folder.h"
+
+namespace vaktor {
+
+/// What came of one look into the folder.
+struct PriseVeille {
+  int Pris = 0;              ///< mails that are in the outbox now
+  bool Illisible = false;    ///< a message was no message; it is put aside
+  bool SansAdresse = false;  ///< messages wait for somebody to send them to
+  int Erreur = 0;            ///< the outbox cannot be written: the system's error number
+  bool Reste = false;        ///< something may go better a little later
+};
+
+/// A message becomes a draft of the outbox, is deleted, and only then may the draft leave. So a kill leaves the
+/// message, or the draft, or both, and both are recognised as one: the draft's name holds the message's.
+class CourriersVeille {
+ public:
+  /// Makes up for a kill at once, before anything of the outbox may be sent: a message whose mail is in the outbox
+  /// already is deleted.
+  CourriersVeille(const QString& dossier, BoiteEnvoi boite, QString marque, JournalBorne& journal);
+
+  /// All that lies in the folder. Waits a few seconds at most for another companion that does the same.
+  PriseVeille Prend(const ReglagesCourriel& reglages, qint64 maintenant);
+  /// Milliseconds since 1970 of the oldest message that waits here.
+  std::optional<qint64> PlusAncien() const;
+
+ private:
+  QStringList DonneAttente() const;
+  void EffaceLesFaits();
+  void PrendUn(const QString& nom, const ReglagesCourriel& reglages, qint64 maintenant, PriseVeille& prise);
+  int Depose(const MessageVeille& message, const ReglagesCourriel& reglages);
+  void Note(const QString& nom, const QString& quoi) const;
+
+  DossierVeille Dossier_;
+  BoiteEnvoi Boite_;
+  QString Marque_;
+  JournalBorne& Journal_;
+  QSet<QString> Passes_;      // the system would not let them go: not looked at again
+  bool SansAdresse_ = false;  // told in the log
+};
+
+}  // namespace vaktor

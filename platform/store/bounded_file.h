@@ -1,0 +1,14 @@
+// Small files that another process writes, read without harm whatever may stand in their place.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace vaktor {
+
+/// Reads a regular file of at most `limite` bytes into `octets`. Gives 0, or the system's error number with `octets`
+/// empty: ELOOP for a link, EINVAL for what is no regular file, EFBIG for one that is larger. A pipe or a device is not
+/// waited for; a disk that does not answer is. From any thread.
+int LitFichierBorne(const QString& fichier, qint64 limite, QByteArray& octets);
+
+}  // namespace vaktor
