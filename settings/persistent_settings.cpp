@@ -107,7 +107,11 @@ void ReglagesPersistants::SauveParametres() {
 void ReglagesPersistants::VideMagasin() {
   try {
     Liens_.Magasin.Vide();
+    Liens_.Sante.Leve(Condition::kReglagesNonSauves);
   } catch (const Echec& echec) {
+    // The message that follows is read once and gone, or nobody is there to read it: what was not saved stays told
+    // until a save succeeds.
+    Liens_.Sante.Signale(Condition::kReglagesNonSauves, echec.Description());
     throw Echec(echec.Numero(), DitSauvegardeImpossible(Liens_.Valeurs.LangueCourante, echec.Description()));
   }
 }

@@ -43,7 +43,8 @@ class ReglagesPersistants : public SauvegardeParametres {
 
   /// Writes all 35 keys, whatever the store holds, then "Optio" to the FTP, the mail and the sound companion, then
   /// clears ParametresModifies. May be called from inside ChargeParametres. Throws Echec when the store cannot be
-  /// written; nothing is sent then and ParametresModifies stays.
+  /// written; nothing is sent then, ParametresModifies stays, and the health of the watch is told so until a save
+  /// succeeds.
   void SauveParametres() override;
 
  private:

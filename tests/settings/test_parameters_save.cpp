@@ -76,6 +76,19 @@ TEST(SauveParametres, ThatFailsTellsTheUserAndNobodyElse) {
   EXPECT_TRUE(banc.Valeurs.ParametresModifies);
 }
 
+TEST(SauveParametres, ThatFailsStaysToldUntilASaveSucceeds) {
+  BancReglages banc;
+  banc.Magasin.RefuseEcriture = true;
+  EXPECT_THROW(banc.Reglages.SauveParametres(), Echec);
+  EXPECT_EQ(banc.Sante.Details.value(Condition::kReglagesNonSauves), QStringLiteral("disk full"));
+  EXPECT_THROW(banc.Reglages.SauveParametres(), Echec);
+  EXPECT_TRUE(banc.Sante.Dure(Condition::kReglagesNonSauves));
+  banc.Magasin.RefuseEcriture = false;
+  banc.Reglages.SauveParametres();
+  EXPECT_FALSE(banc.Sante.Dure(Condition::kReglagesNonSauves));
+  EXPECT_EQ(banc.Sante.Debuts.value(Condition::kReglagesNonSauves), 1);
+}
+
 TEST(SauveParametres, WritesTheSizeOfThePictureAsItIsNow) {
   BancReglages banc;
   banc.Taille = {1280, 720};
