@@ -10,7 +10,7 @@ namespace vaktor {
 Vaktor::Vaktor(const PortsSysteme& systeme, QString ligneCommande)
     : Systeme_(systeme),
       LigneCommande_(std::move(ligneCommande)),
-      Sante_(Systeme_.Temps),
+      Sante_(Systeme_.Temps, Systeme_.Minuteries),
       Vue_(Textes_, Systeme_.Boites),
       VueLiaison_(Textes_, Systeme_.Boites),
       EcrivainLive_(Systeme_.Ecrivain),

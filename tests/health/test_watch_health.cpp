@@ -1,21 +1,16 @@
-// What stands, since when, in which words of the other side.
-#include <gtest/gtest.h>
+// What stands, since when, from when on it counts, and who is told.
+#include <limits>
 
-#include "fakes/virtual_clock.h"
-#include "health/watch_health.h"
+#include "health_bench.h"
 
 namespace vaktor {
 namespace {
 
-class Sante : public testing::Test {
- protected:
-  faux::HorlogeVirtuelle Temps;
-  SanteVeille Veille{Temps};
-};
+class Sante : public BancSante {};
 
 TEST_F(Sante, AConditionStandsSinceItsFirstReportWithItsLatestDetail) {
   Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("full"));
-  Temps.Millisecondes = 5000;
+  Temps.Avance(5000);
   Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("gone"));
   const QList<ConditionEnCours> liste = Veille.EnCours();
   ASSERT_EQ(liste.size(), 1);
@@ -30,6 +25,209 @@ TEST_F(Sante, AConditionThatEndedStandsNoLonger) {
   Veille.Leve(Condition::kSignalPerdu);
   ASSERT_EQ(Veille.EnCours().size(), 1);
   EXPECT_EQ(Veille.EnCours()[0].Quoi, Condition::kReglagesNonSauves);
+}
+
+TEST_F(Sante, CountsOnlyWhenItHasLastedWithoutAGap) {
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(4000);
+  Veille.Leve(Condition::kSignalPerdu);
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(4000);
+  EXPECT_EQ(Note.Prend(), "");
+  EXPECT_TRUE(Veille.Comptees().isEmpty());
+  Temps.Avance(2000);
+  EXPECT_EQ(Note.Prend(), "+signal-lost");
+  ASSERT_EQ(Veille.Comptees().size(), 1);
+  EXPECT_EQ(Veille.Comptees()[0].Depuis.time(), QTime(9, 5, 7)) << "since it was reported, not since it counts";
+}
+
+TEST_F(Sante, TheEndOfOneThatNeverCountedIsToldToNobody) {
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(3000);
+  Veille.Leve(Condition::kSignalPerdu);
+  Temps.Avance(60000);
+  EXPECT_EQ(Note.Prend(), "");
+  EXPECT_EQ(Note.Changements, 0);
+}
+
+TEST_F(Sante, BeginningAndEndAreToldOnceEachHoweverOftenTheyAreReported) {
+  for (int i = 0; i < 300; ++i) {
+    Veille.Signale(Condition::kSignalPerdu);
+    Temps.Avance(33);
+  }
+  EXPECT_EQ(Note.Prend(), "+signal-lost");
+  for (int i = 0; i < 100; ++i) {
+    Veille.Leve(Condition::kSignalPerdu);
+    Temps.Avance(33);
+  }
+  EXPECT_EQ(Note.Prend(), "-signal-lost");
+  EXPECT_EQ(Note.Changements, 2);
+}
+
+TEST_F(Sante, ToldFromTheTickAndNeverFromInsideAReport) {
+  Veille.Signale(Condition::kPhotosImpossibles);
+  EXPECT_EQ(Note.Prend(), "");
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Prend(), "+photos-not-written");
+  Veille.Leve(Condition::kPhotosImpossibles);
+  EXPECT_EQ(Note.Prend(), "");
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Prend(), "-photos-not-written");
+}
+
+TEST_F(Sante, WhatCountsAtOnceIsToldEvenIfItEndsBeforeTheTick) {
+  Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("full"));
+  Veille.Leve(Condition::kPhotosImpossibles);
+  EXPECT_TRUE(Veille.EnCours().isEmpty());
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Prend(), "+photos-not-written -photos-not-written");
+}
+
+TEST_F(Sante, OneThatIsTakenBackAndReportedAgainWithinATickGoesOn) {
+  Veille.Signale(Condition::kPhotosImpossibles);
+  Temps.Avance(1000);
+  Note.Prend();
+  Veille.Leve(Condition::kPhotosImpossibles);
+  Veille.Signale(Condition::kPhotosImpossibles);
+  Temps.Avance(3000);
+  EXPECT_EQ(Note.Prend(), "");
+  EXPECT_EQ(Veille.EnCours()[0].Depuis.time(), QTime(9, 5, 3));
+}
+
+// After 24.8 days the counter's sign turns, after 49.7 it is back at 0.
+TEST_F(Sante, DurationsSurviveAClockThatIsSetAndACounterThatWraps) {
+  for (const qint64 tournant :
+       {qint64{std::numeric_limits<qint32>::max()}, qint64{std::numeric_limits<quint32>::max()}}) {
+    Horloge.Millisecondes = tournant - 2500;
+    Veille.Signale(Condition::kSignalPerdu);
+    Horloge.Date = Horloge.Date.addDays(-400);  // somebody sets the clock back
+    Temps.Avance(4000);
+    EXPECT_EQ(Note.Prend(), "") << tournant;
+    Temps.Avance(2000);
+    EXPECT_EQ(Note.Prend(), "+signal-lost") << tournant;
+    Veille.Leve(Condition::kSignalPerdu);
+    Temps.Avance(1000);
+    EXPECT_EQ(Note.Prend(), "-signal-lost") << tournant;
+  }
+}
+
+TEST_F(Sante, TheTimerRestsWhileNothingIsReported) {
+  EXPECT_FALSE(Tourne());
+  Veille.Signale(Condition::kSignalPerdu);
+  EXPECT_TRUE(Tourne());
+  Temps.Avance(7000);
+  Veille.Leve(Condition::kSignalPerdu);
+  Temps.Avance(1000);
+  EXPECT_FALSE(Tourne());
+  EXPECT_EQ(Note.Prend(), "+signal-lost -signal-lost");
+}
+
+TEST_F(Sante, TheTimerGoesOnWhileAnObserverWantsIt) {
+  Note.EnVeutEncore = true;
+  Veille.Signale(Condition::kPhotosImpossibles);
+  Veille.Leve(Condition::kPhotosImpossibles);
+  Temps.Avance(10000);
+  EXPECT_TRUE(Tourne());
+  Note.EnVeutEncore = false;
+  Temps.Avance(1000);
+  EXPECT_FALSE(Tourne());
+}
+
+TEST_F(Sante, AChangedDetailIsToldAsAChange) {
+  Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("full"));
+  Temps.Avance(1000);
+  const int avant = Note.Changements;
+  Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("full"));
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Changements, avant);
+  Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("gone"));
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Changements, avant + 1);
+}
+
+TEST_F(Sante, TheListHasTheWorstFirstAndThenTheOldest) {
+  Veille.Signale(Condition::kPeuDePlace);
+  Veille.Signale(Condition::kCompagnonSon);
+  Temps.Avance(2000);
+  Veille.Signale(Condition::kPhotosImpossibles);
+  Veille.Signale(Condition::kDetectionArretee);
+  Temps.Avance(10000);
+  QStringList mots;
+  for (const ConditionEnCours& condition : Veille.Comptees()) mots.append(MotCondition(condition.Quoi));
+  EXPECT_EQ(mots.join(u' ').toStdString(), "detection-stopped sound-companion photos-not-written little-space");
+}
+
+TEST_F(Sante, AnEventStandsUntilItWasSeenAndCannotBeTakenBack) {
+  Veille.Signale(Condition::kInterruption, QStringLiteral("3 min"));
+  Veille.OublieEvenements();  // the list was closed before anybody could see it there
+  Veille.Leve(Condition::kInterruption);
+  Temps.Avance(5000);
+  EXPECT_EQ(Note.Prend(), "+interruption");
+  ASSERT_EQ(Veille.Comptees().size(), 1);
+  const int avant = Note.Changements;
+  Veille.OublieEvenements();
+  EXPECT_EQ(Note.Prend(), "-interruption");
+  EXPECT_EQ(Note.Changements, avant + 1);
+  EXPECT_TRUE(Veille.Comptees().isEmpty());
+}
+
+TEST_F(Sante, LookingAtTheListTakesNothingElseAway) {
+  Veille.Signale(Condition::kPhotosImpossibles);
+  Temps.Avance(1000);
+  Veille.OublieEvenements();
+  EXPECT_EQ(Veille.Comptees().size(), 1);
+}
+
+// A start may fail, and the language is not known yet: what is reported meanwhile is kept, with its time.
+TEST(SanteAvantLeDebut, NothingIsToldBeforeTheStartIsOverAndNothingAfterTheEnd) {
+  faux::HorlogeVirtuelle horloge;
+  faux::TempsVirtuel temps(horloge);
+  ObservateurNote note;
+  SanteVeille veille(horloge, temps);
+  veille.Observe(note);
+  veille.Signale(Condition::kReglagesNonSauves);
+  temps.Avance(10000);
+  EXPECT_EQ(note.Prend(), "");
+  veille.Lance();
+  temps.Avance(1000);
+  EXPECT_EQ(note.Prend(), "+settings-not-saved");
+  EXPECT_EQ(veille.Comptees()[0].Depuis.time(), QTime(9, 5, 3));
+  veille.Arrete();
+  veille.Leve(Condition::kReglagesNonSauves);
+  veille.Signale(Condition::kSignalPerdu);
+  temps.Avance(60000);
+  EXPECT_EQ(note.Prend(), "");
+}
+
+TEST(Conditions, EachHasItsWordsInBothLanguagesAndAWordOfItsOwn) {
+  QStringList mots;
+  for (int i = 0; i < kNombreConditions; ++i) {
+    const auto quoi = static_cast<Condition>(i);
+    mots.append(MotCondition(quoi));
+    EXPECT_FALSE(MotCondition(quoi).isEmpty());
+    for (const qint32 langue : {0, 1}) {
+      EXPECT_TRUE(PhraseQuoi(quoi, {}, langue).endsWith(u'.')) << i;
+      EXPECT_TRUE(PhraseFaire(quoi, langue).endsWith(u'.')) << i;
+      EXPECT_TRUE(PhraseQuoi(quoi, QStringLiteral("why\nso."), langue).endsWith(QStringLiteral(" (why so)."))) << i;
+    }
+    EXPECT_NE(PhraseQuoi(quoi, {}, 0), PhraseQuoi(quoi, {}, 1)) << i;
+    EXPECT_NE(PhraseFaire(quoi, 0), PhraseFaire(quoi, 1)) << i;
+  }
+  EXPECT_EQ(mots.removeDuplicates(), 0);
+}
+
+TEST(Conditions, OnlyALostSignalAndAStoppedDetectionMakeBlind) {
+  for (int i = 0; i < kNombreConditions; ++i) {
+    const auto quoi = static_cast<Condition>(i);
+    const bool aveugle = quoi == Condition::kSignalPerdu || quoi == Condition::kDetectionArretee;
+    EXPECT_EQ(DonneGravite(quoi) == Gravite::kAveugle, aveugle) << i;
+  }
+}
+
+TEST(Conditions, AMomentIsSaidInBothLanguages) {
+  const QDateTime moment(QDate(2020, 1, 2), QTime(9, 5, 3));
+  EXPECT_EQ(DitMoment(moment, 0), QString::fromUtf8("2 janvier 2020 à 09:05:03"));
+  EXPECT_EQ(DitMoment(moment, 1), QStringLiteral("2 January 2020, 09:05:03"));
 }
 
 }  // namespace

@@ -1,0 +1,162 @@
+#include "health/conditions.h"
+
+#include <QLocale>
+#include <array>
+
+#include "base/language.h"
+
+namespace vaktor {
+
+namespace {
+
+struct LigneCondition {
+  Condition Quoi;
+  Gravite Niveau;
+  qint32 DureeMs;
+  const char* Mot;
+  // Without the full stop: a detail may follow.
+  const char* QuoiFr;
+  const char* QuoiEn;
+  const char* FaireFr;
+  const char* FaireEn;
+};
+
+// A camera of the network that stumbles for a moment, and is back by itself, is no news; what could not be written or
+// sent is lost, or will be, at the first report. A companion that died is started again after a second: one that is not
+// back by then counts.
+constexpr qint32 kAusitot = 0;
+constexpr qint32 kCameraMs = 5000;
+constexpr qint32 kCompagnonMs = 1000;
+
+constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
+    {Condition::kSignalPerdu, Gravite::kAveugle, kCameraMs, "signal-lost", "La caméra ne donne plus d'images",
+     "The camera gives no new pictures",
+     "Vérifiez que la caméra est branchée et allumée et, pour une caméra du réseau, que le réseau marche. Vaktor "
+     "réessaie de lui-même.",
+     "See that the camera is plugged in and switched on and, for a network camera, that the network works. Vaktor "
+     "keeps trying by itself."},
+    {Condition::kDetectionArretee, Gravite::kAveugle, kCameraMs, "detection-stopped",
+     "Les images ne sont plus comparées : aucun mouvement n'est vu",
+     "The pictures are not compared: no movement is seen",
+     "Arrêtez la caméra et remettez-la en marche. Si cela ne suffit pas, fermez Vaktor et relancez-le.",
+     "Switch the camera off and on again. If that does not help, close Vaktor and start it again."},
+    {Condition::kPhotosImpossibles, Gravite::kBoiteuse, kAusitot, "photos-not-written",
+     "Les photos ne peuvent pas être enregistrées", "Photos cannot be saved",
+     "Vérifiez que le dossier des photos existe, que son disque est branché et qu'il y reste de la place. Le son et "
+     "les "
+     "courriels de l'alarme partent quand même.",
+     "See that the photo folder is there, that its disk is connected and that there is room on it. Sound and mails of "
+     "the alarm go out all the same."},
+    {Condition::kLimitePhotos, Gravite::kBoiteuse, kAusitot, "photo-limit",
+     "Le nombre maximum de photos est atteint : les suivantes ne sont pas gardées",
+     "The maximum number of photos is reached: no more are kept",
+     "Ouvrez la galerie (bouton Photo) et augmentez « Photos Max », ou fermez Vaktor et relancez-le.",
+     "Open the gallery (button \"Pitures\") and raise \"Nbr Picture Max\", or close Vaktor and start it again."},
+    {Condition::kPeuDePlace, Gravite::kAvis, kAusitot, "little-space", "Il reste moins de 500 Mo là où vont les photos",
+     "There are less than 500 MB left where the photos go",
+     "Faites de la place sur ce disque, ou choisissez un autre dossier dans la galerie.",
+     "Make room on this disk, or choose another folder in the gallery."},
+    {Condition::kReglagesNonSauves, Gravite::kBoiteuse, kAusitot, "settings-not-saved",
+     "Les réglages ne peuvent pas être enregistrés", "The settings cannot be saved",
+     "Faites de la place sur le disque et vérifiez que le fichier des réglages peut être écrit. Vaktor réessaie de "
+     "lui-même ; d'ici là vos changements sont perdus à la fermeture, et l'envoi des courriels et de la page ne les "
+     "connaît pas.",
+     "Make room on the disk and see that the file of the settings can be written. Vaktor keeps trying by itself; until "
+     "then your changes are lost when it closes, and mails and live page do not know of them."},
+    {Condition::kCompagnonFtp, Gravite::kBoiteuse, kCompagnonMs, "ftp-companion",
+     "Le programme qui envoie la page en direct (VAKTORftp) ne marche pas",
+     "The program that sends the live page (VAKTORftp) does not work",
+     "Vaktor le relance de lui-même. Si cela dure, fermez Vaktor et relancez-le.",
+     "Vaktor starts it again by itself. If this lasts, close Vaktor and start it again."},
+    {Condition::kCompagnonMail, Gravite::kBoiteuse, kCompagnonMs, "mail-companion",
+     "Le programme qui envoie les courriels (VAKTORmail) ne marche pas",
+     "The program that sends the mails (VAKTORmail) does not work",
+     "Vaktor le relance de lui-même. Si cela dure, fermez Vaktor et relancez-le.",
+     "Vaktor starts it again by itself. If this lasts, close Vaktor and start it again."},
+    {Condition::kCompagnonSon, Gravite::kBoiteuse, kCompagnonMs, "sound-companion",
+     "Le programme qui joue le son de l'alarme (VAKTORsound) ne marche pas",
+     "The program that plays the alarm sound (VAKTORsound) does not work",
+     "Vaktor le relance de lui-même. Si cela dure, fermez Vaktor et relancez-le.",
+     "Vaktor starts it again by itself. If this lasts, close Vaktor and start it again."},
+    {Condition::kBoitesPerdues, Gravite::kBoiteuse, kAusitot, "another-copy",
+     "Une autre copie de Vaktor a été lancée : courriels, son et page n'obéissent plus à celle-ci",
+     "Another copy of Vaktor was started: mails, sound and live page do not obey this one any more",
+     "Fermez les deux copies, puis relancez Vaktor une seule fois.", "Close both copies, then start Vaktor once."},
+    {Condition::kCourrielsEnAttente, Gravite::kBoiteuse, kAusitot, "mails-wait",
+     "Des courriels attendent depuis plus de cinq minutes", "Mails have been waiting for more than five minutes",
+     "Vérifiez la connexion à Internet et les réglages du serveur (page eMail, bouton Avancé). Les courriels partiront "
+     "dès que le serveur les prendra.",
+     "Check the connection to the internet and the settings of the server (page eMail, button More). The mails leave "
+     "as "
+     "soon as the server takes them."},
+    {Condition::kPageAncienne, Gravite::kBoiteuse, kAusitot, "page-old", "La page en direct montre une image ancienne",
+     "The live page shows an old picture", "Vérifiez la connexion à Internet et les réglages de la page FTP.",
+     "Check the connection to the internet and the settings of the page FTP."},
+    {Condition::kVeillePossible, Gravite::kAvis, kAusitot, "sleep-possible",
+     "L'ordinateur peut se mettre en veille pendant que la caméra marche",
+     "The computer may go to sleep while the camera runs",
+     "Désactivez la mise en veille automatique dans les réglages d'énergie de l'ordinateur.",
+     "Switch off automatic sleep in the power settings of the computer."},
+    {Condition::kInterruption, Gravite::kAvis, kAusitot, "interruption",
+     "L'ordinateur s'est mis en veille, ou son heure a changé", "The computer slept, or its clock was changed",
+     "Pendant la veille rien n'a été vu. Vérifiez que la mise en veille automatique est désactivée.",
+     "Nothing was seen while it slept. See that automatic sleep is switched off."},
+}};
+
+constexpr bool EstDansLOrdre() {
+  for (std::size_t i = 0; i < kTable.size(); ++i)
+    if (kTable.at(i).Quoi != static_cast<Condition>(i)) return false;
+  return true;
+}
+static_assert(EstDansLOrdre(), "a condition is found by its number");
+
+const LigneCondition& DonneLigne(Condition quoi) { return kTable.at(static_cast<std::size_t>(quoi)); }
+
+QString Choisit(qint32 langue, const char* francais, const char* anglais) {
+  return ChoisitLangue(langue, QString::fromUtf8(francais), QString::fromUtf8(anglais));
+}
+
+}  // namespace
+
+Gravite DonneGravite(Condition quoi) { return DonneLigne(quoi).Niveau; }
+
+qint32 DonneDuree(Condition quoi) { return DonneLigne(quoi).DureeMs; }
+
+bool EstEvenement(Condition quoi) { return quoi == Condition::kInterruption; }
+
+QString MotCondition(Condition quoi) { return QString::fromLatin1(DonneLigne(quoi).Mot); }
+
+QString PhraseQuoi(Condition quoi, const QString& detail, qint32 langue) {
+  const LigneCondition& ligne = DonneLigne(quoi);
+  QString phrase = Choisit(langue, ligne.QuoiFr, ligne.QuoiEn);
+  // Another side's words may come in several lines, and end with a full stop of their own.
+  QString suite = detail.simplified();
+  while (suite.endsWith(u'.')) suite.chop(1);
+  if (!suite.isEmpty()) phrase += QStringLiteral(" (") + suite + u')';
+  return phrase + u'.';
+}
+
+QString PhraseFaire(Condition quoi, qint32 langue) {
+  return Choisit(langue, DonneLigne(quoi).FaireFr, DonneLigne(quoi).FaireEn);
+}
+
+QString PhraseGravite(Gravite gravite, qint32 langue) {
+  switch (gravite) {
+    case Gravite::kAveugle:
+      return Choisit(langue, "Vaktor ne voit rien", "Vaktor sees nothing");
+    case Gravite::kBoiteuse:
+      return Choisit(langue, "Vaktor ne fait pas tout", "Vaktor does not do everything");
+    case Gravite::kAvis:
+      break;
+  }
+  return Choisit(langue, "Vaktor : à savoir", "Vaktor: good to know");
+}
+
+QString DitMoment(const QDateTime& moment, qint32 langue) {
+  const QLocale locale =
+      langue == 1 ? QLocale(QLocale::English, QLocale::UnitedKingdom) : QLocale(QLocale::French, QLocale::France);
+  const QString jour = locale.toString(moment.date(), QStringLiteral("d MMMM yyyy"));
+  return jour + Choisit(langue, " à ", ", ") + moment.time().toString(QStringLiteral("HH:mm:ss"));
+}
+
+}  // namespace vaktor

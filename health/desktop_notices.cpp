@@ -1,0 +1,58 @@
+#include "health/desktop_notices.h"
+
+#include <algorithm>
+
+#include "base/language.h"
+
+namespace vaktor {
+
+void AvisBureau::Commence(const ConditionEnCours& condition) {
+  const bool evenement = EstEvenement(condition.Quoi);
+  // Back before its end was told: for the user it never ended.
+  if (evenement || !Dites_.contains(condition.Quoi)) ADire_.append(condition);
+  if (evenement) return;
+  EnCours_.insert(condition.Quoi);
+  Calme_.reset();
+}
+
+void AvisBureau::Finit(const ConditionEnCours& condition, const QDateTime&) { EnCours_.remove(condition.Quoi); }
+
+bool AvisBureau::Tic(qint64 maintenantMs) {
+  if (EnCours_.isEmpty() && !Calme_) Calme_ = maintenantMs;
+  if (!ADire_.isEmpty() && (!Derniere_ || maintenantMs - *Derniere_ >= kRegroupeMs)) DitDebuts(maintenantMs);
+  const bool calme =
+      EnCours_.isEmpty() && ADire_.isEmpty() && maintenantMs - Calme_.value_or(maintenantMs) >= kRegroupeMs;
+  if (calme && !Dites_.isEmpty()) DitFin();
+  // Up to the end of the time in which a further one is gathered.
+  return !ADire_.isEmpty() || !Dites_.isEmpty();
+}
+
+void AvisBureau::DitDebuts(qint64 maintenantMs) {
+  std::stable_sort(ADire_.begin(), ADire_.end(), [](const ConditionEnCours& a, const ConditionEnCours& b) {
+    return DonneGravite(a.Quoi) < DonneGravite(b.Quoi);
+  });
+  const qint32 langue = Reglages_.LangueCourante;
+  QStringList lignes;
+  for (const ConditionEnCours& condition : std::as_const(ADire_)) {
+    lignes.append(PhraseQuoi(condition.Quoi, condition.Detail, langue));
+    if (!EstEvenement(condition.Quoi)) Dites_.insert(condition.Quoi);
+  }
+  const Condition pire = ADire_.first().Quoi;
+  if (ADire_.size() == 1) lignes.append(PhraseFaire(pire, langue));
+  ADire_.clear();
+  Derniere_ = maintenantMs;
+  Bureau_.Notifie(PhraseGravite(DonneGravite(pire), langue), lignes.join(u'\n'), DonneGravite(pire) != Gravite::kAvis);
+}
+
+// It does not say that all is well: a condition also ends when the camera is switched off.
+void AvisBureau::DitFin() {
+  Dites_.clear();
+  const qint32 langue = Reglages_.LangueCourante;
+  Bureau_.Notifie(ChoisitLangue(langue, QStringLiteral("Vaktor : plus rien \u00e0 signaler"),
+                                QStringLiteral("Vaktor: nothing to report any more")),
+                  ChoisitLangue(langue, QStringLiteral("Ce qui avait \u00e9t\u00e9 signal\u00e9 est termin\u00e9."),
+                                QStringLiteral("What had been reported is over.")),
+                  false);
+}
+
+}  // namespace vaktor

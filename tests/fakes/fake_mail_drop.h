@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QList>
+
+#include "health/ports/mail_drop.h"
+
+namespace vaktor::faux {
+
+/// Records the mails, and answers when the test wants.
+class DepotFaux : public DepotCourriels {
+ public:
+  struct Depose_ {
+    CourrielVeille Courriel;
+    QImage Image;
+  };
+  void Depose(const CourrielVeille& courriel, const QImage& image, Fini fini) override {
+    Deposes.append({courriel, image});
+    Attendent.append(std::move(fini));
+  }
+  /// Answers the one that has waited longest.
+  void Repond(bool ecrit) {
+    const Fini fini = Attendent.takeFirst();
+    fini(ecrit);
+  }
+  QList<Depose_> Deposes;
+  QList<Fini> Attendent;
+};
+
+}  // namespace vaktor::faux
