@@ -1,6 +1,7 @@
 #include "settings/persistent_settings.h"
 
 #include <QLatin1StringView>
+#include <QScopedValueRollback>
 #include <utility>
 
 #include "base/failure.h"
@@ -14,6 +15,7 @@ using C = ControleParametre;
 ReglagesPersistants::ReglagesPersistants(LiensReglages liens) : Liens_(std::move(liens)) {}
 
 void ReglagesPersistants::ChargeParametres() {
+  Etape_ = Etape::kLecture;
   constexpr std::size_t kSansForme = kRangSeuilAuto - 1;
   const std::span<const LigneReglage> lignes = TableReglages().first(kNombreReglages);
   for (const LigneReglage& ligne : lignes.first(kSansForme)) LitLigne(ligne);
@@ -25,7 +27,12 @@ void ReglagesPersistants::ChargeParametres() {
     if (ligne.RangChargement == kRangRepertoirePhoto) RepareRepertoirePhoto(ligne);
     if (ligne.RangChargement == kRangFichierSon) RepareSonAbsent();
   }
+  // Back to where nothing is saved if the tail fails: the program does not come up then.
+  QScopedValueRollback<Etape> etape(Etape_, Etape::kFin);
   MontreFinChargement(affichage);
+  if (Reportee_) SauveParametres();
+  Etape_ = Etape::kChargee;
+  etape.commit();
 }
 
 void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
@@ -85,6 +92,8 @@ void ReglagesPersistants::MontreIntervalle(AffichageParametres& affichage) {
 }
 
 void ReglagesPersistants::SauveParametres() {
+  Reportee_ = Etape_ == Etape::kLecture;
+  if (Reportee_) return;
   ++Sauvegardes_;
   const QSize taille = Liens_.TailleImage();
   for (const LigneReglage* ligne : OrdreSauvegarde()) {

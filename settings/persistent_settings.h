@@ -41,10 +41,16 @@ class ReglagesPersistants : public SauvegardeParametres {
   /// store that cannot be written; the description is one message for the user.
   void ChargeParametres();
 
+  /// All values are those of the store and the controls show them. Until then, and for good when the load has thrown,
+  /// the program must act on nothing: half of what it would act with are start values.
+  bool EstCharge() const { return Etape_ == Etape::kChargee; }
+
   /// Writes all 35 keys, whatever the store holds, then "Optio" to the FTP, the mail and the sound companion, then
-  /// clears ParametresModifies. May be called from inside ChargeParametres. Throws Echec when the store cannot be
-  /// written; nothing is sent then, ParametresModifies stays, and the health of the watch is told so until a save
-  /// succeeds.
+  /// clears ParametresModifies. May be called from inside ChargeParametres: from its tail on it saves at once. Before
+  /// every value has been read it writes nothing, since the start values of the others would replace what the user has
+  /// stored: the save is made up for at the end of the load, and never when the load fails. Throws Echec when the store
+  /// cannot be written; nothing is sent then, ParametresModifies stays, and the health of the watch is told so until a
+  /// save succeeds.
   void SauveParametres() override;
 
  private:
@@ -56,8 +62,17 @@ class ReglagesPersistants : public SauvegardeParametres {
   void VideMagasin();
   qint32 LangueDuMagasin() const;
 
+  /// How far the load has come.
+  enum class Etape {
+    kLecture,  ///< values are still missing
+    kFin,      ///< every value is read; the tail of the load fills the last controls, which save
+    kChargee
+  };
+
   LiensReglages Liens_;
   qint64 Sauvegardes_ = 0;
+  Etape Etape_ = Etape::kLecture;
+  bool Reportee_ = false;  // a save was asked for while values were missing
 };
 
 }  // namespace vaktor

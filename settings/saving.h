@@ -8,7 +8,8 @@ class SauvegardeParametres {
  public:
   virtual ~SauvegardeParametres() = default;
   /// Writes the whole table, tells the companions, clears ParametresModifies. Returns when other processes see the
-  /// new values. Throws Echec when the store cannot be written.
+  /// new values. Until the load has read every value it writes nothing and is made up for by the end of the load.
+  /// Throws Echec when the store cannot be written.
   virtual void SauveParametres() = 0;
 };
 

@@ -81,4 +81,17 @@ struct BancReglages {
   }
 };
 
+/// Its load is over, of a store that was empty, and forgotten.
+struct BancCharge : BancReglages {
+  BancCharge() {
+    Reglages.ChargeParametres();
+    Valeurs = Parametres{};
+    Magasin.Valeurs.clear();
+    Magasin.Disque.clear();
+    Magasin.Lus.clear();
+    Magasin.Ecrits.clear();
+    Modules.Envois.clear();
+  }
+};
+
 }  // namespace vaktor

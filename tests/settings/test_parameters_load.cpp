@@ -255,6 +255,60 @@ TEST(ChargeParametres, EndsTheStartWhenTheStoreCannotBeWritten) {
             std::string("Les paramètres n'ont pas pu être enregistrés (disk full)."));
 }
 
+// With the start values of what is not read yet a save would replace the user's server, passwords and folder.
+TEST(ChargeParametres, SavesNothingBeforeTheLastValueIsRead) {
+  BancReglages banc;
+  banc.Magasin.Valeurs[QStringLiteral("MAIL/smtpserveur")] = QStringLiteral("mail.example.org");
+  banc.Disque.AjouteDossier(QStringLiteral("/prog/intrus"));
+  QStringList ecritsPendantLaLecture;
+  banc.Affichage.AuMoment = [&](C controle) {
+    if (controle != C::CombSkin) return;
+    banc.Valeurs.ParametresModifies = true;
+    banc.Reglages.SauveParametres();  // whatever runs in a pump of the load
+    ecritsPendantLaLecture = banc.Magasin.Ecrits;
+    EXPECT_TRUE(banc.Valeurs.ParametresModifies) << "what was to be saved is not forgotten";
+    EXPECT_FALSE(banc.Reglages.EstCharge());
+  };
+  banc.Reglages.ChargeParametres();
+  EXPECT_TRUE(ecritsPendantLaLecture.isEmpty()) << ecritsPendantLaLecture.join(u' ').toStdString();
+  EXPECT_EQ(banc.Magasin.Disque.value("MAIL/smtpserveur"), QStringLiteral("mail.example.org"));
+  EXPECT_TRUE(banc.Reglages.EstCharge());
+}
+
+TEST(ChargeParametres, MakesUpForASaveThatCameTooEarly) {
+  BancReglages banc;
+  banc.Affichage.Sauve = nullptr;  // the tail itself does not save
+  banc.Magasin.Valeurs[QStringLiteral("FTP/refresh")] = QString();
+  banc.Affichage.AuMoment = [&](C controle) {
+    if (controle == C::CombSkin) banc.Reglages.SauveParametres();
+  };
+  banc.Reglages.ChargeParametres();
+  EXPECT_EQ(banc.Magasin.Ecrits.count(QStringLiteral("FTP/refresh")), 1);
+  EXPECT_EQ(banc.Modules.Envois.count(QStringLiteral("FTP:Optio")), 1);
+}
+
+TEST(ChargeParametres, ThatFailedLetsNothingBeSavedAfterwards) {
+  BancReglages banc;
+  banc.Disque.AjouteDossier(QStringLiteral("/prog/intrus"));
+  banc.Magasin.Valeurs[QStringLiteral("general/skin")] = QStringLiteral("7");
+  EchecDuChargement(banc, kIndiceHorsPlage);
+  banc.Valeurs.ParametresModifies = true;
+  banc.Reglages.SauveParametres();
+  EXPECT_TRUE(banc.Magasin.Ecrits.isEmpty());
+  EXPECT_TRUE(banc.Modules.Envois.isEmpty());
+  EXPECT_FALSE(banc.Reglages.EstCharge());
+}
+
+TEST(ChargeParametres, ThatFailedInItsTailLetsNothingBeSavedEither) {
+  BancReglages banc;
+  banc.Magasin.RefuseEcriture = true;
+  EchecDuChargement(banc, kAccesFichier);
+  banc.Magasin.RefuseEcriture = false;
+  banc.Magasin.Ecrits.clear();
+  banc.Reglages.SauveParametres();
+  EXPECT_TRUE(banc.Magasin.Ecrits.isEmpty());
+}
+
 TEST(ChargeParametres, AcceptsAnyLanguageAndAnyColour) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("general/langue")] = QStringLiteral("2");

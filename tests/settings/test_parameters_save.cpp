@@ -8,7 +8,7 @@ namespace vaktor {
 namespace {
 
 TEST(SauveParametres, WritesAll35KeysInTheirOrderAndToTheDiskOnce) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Reglages.SauveParametres();
   const QStringList attendus = {"general/retard",   "general/langue",     "general/seuilauto",
                                 "general/seuil",    "general/skin",       "PHOTO/nombrephoto",
@@ -26,7 +26,7 @@ TEST(SauveParametres, WritesAll35KeysInTheirOrderAndToTheDiskOnce) {
 }
 
 TEST(SauveParametres, TellsTheThreeCompanionsAfterTheLastWrite) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Valeurs.SmtpPass = QStringLiteral("abc");
   QMap<QString, QString> dejaEcrit;
   banc.Modules.AuPremierEnvoi = [&] { dejaEcrit = banc.Magasin.Disque; };
@@ -37,13 +37,13 @@ TEST(SauveParametres, TellsTheThreeCompanionsAfterTheLastWrite) {
 }
 
 TEST(SauveParametres, TellsThemOnceForEachSave) {
-  BancReglages banc;
+  BancCharge banc;
   for (int frappe = 0; frappe < 4; ++frappe) banc.Reglages.SauveParametres();
   EXPECT_EQ(banc.Modules.Envois.count(QStringLiteral("FTP:Optio")), 4);
 }
 
 TEST(SauveParametres, DoesNotCompareWithWhatIsStored) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Reglages.SauveParametres();
   const qsizetype avant = banc.Magasin.Ecrits.size();
   banc.Reglages.SauveParametres();
@@ -51,7 +51,7 @@ TEST(SauveParametres, DoesNotCompareWithWhatIsStored) {
 }
 
 TEST(SauveParametres, ClearsTheFlagLast) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Valeurs.ParametresModifies = true;
   bool leve = false;
   banc.Modules.AuPremierEnvoi = [&] { leve = banc.Valeurs.ParametresModifies; };
@@ -61,7 +61,7 @@ TEST(SauveParametres, ClearsTheFlagLast) {
 }
 
 TEST(SauveParametres, ThatFailsTellsTheUserAndNobodyElse) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Magasin.RefuseEcriture = true;
   banc.Valeurs.ParametresModifies = true;
   banc.Valeurs.LangueCourante = 1;
@@ -90,7 +90,7 @@ TEST(SauveParametres, ThatFailsStaysToldUntilASaveSucceeds) {
 }
 
 TEST(SauveParametres, WritesTheSizeOfThePictureAsItIsNow) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Taille = {1280, 720};
   banc.Reglages.SauveParametres();
   EXPECT_EQ(banc.Magasin.Disque.value("FTP/width"), QStringLiteral("1280"));
@@ -98,7 +98,7 @@ TEST(SauveParametres, WritesTheSizeOfThePictureAsItIsNow) {
 }
 
 TEST(SauveParametres, NeverStoresAPasswordAsItWasTyped) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Valeurs.SmtpPass = banc.Valeurs.MotDePasseFtp = QStringLiteral("secret");
   banc.Reglages.SauveParametres();
   ASSERT_EQ(banc.Magasin.Disque.size(), kNombreCles);
@@ -106,7 +106,7 @@ TEST(SauveParametres, NeverStoresAPasswordAsItWasTyped) {
 }
 
 TEST(SauveParametres, BringsEveryValueBackThroughALoad) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Disque.AjouteDossier(QStringLiteral("/photos"));
   Parametres& v = banc.Valeurs;
   v = {.Retard = 33,
