@@ -13,6 +13,7 @@ class CameraDuMoteur : public CameraPourLive {
   void Relie(Surveillance& moteur) { Moteur_ = &moteur; }
 
   bool CameraActive() const override { return Moteur_ != nullptr && Moteur_->Camera().CameraActive; }
+  bool EstTerminee() const override { return Moteur_ != nullptr && Moteur_->Camera().Terminee; }
   void BasculeCamera() override {
     if (Moteur_ != nullptr) Moteur_->BasculeCamera();
   }

@@ -1,5 +1,8 @@
 #include "companions/form_winsock.h"
 
+#include <cstdio>
+#include <exception>
+
 #include "base/numbers.h"
 #include "companions/status_words.h"
 
@@ -27,8 +30,15 @@ FormWinsock::FormWinsock(const PortsWinsock& ports)
   Ports_.Magasin.Vide();
 }
 
+// On the way out: an inbox that does not close must neither keep the others open nor end the program half-way.
 FormWinsock::~FormWinsock() {
-  for (const qint32 poignee : Poignees_) Ports_.Canal.FermeBoite(poignee);
+  for (const qint32 poignee : Poignees_) {
+    try {
+      Ports_.Canal.FermeBoite(poignee);
+    } catch (const std::exception& echec) {
+      std::fprintf(stderr, "Vaktor: %s\n", echec.what());
+    }
+  }
 }
 
 void FormWinsock::OuvreBoite(Compagnon compagnon, void (FormWinsock::*recu)(const QString&)) {

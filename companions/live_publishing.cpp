@@ -29,6 +29,8 @@ void PublicationLive::BasculeLive() {
     Ports_.Camera.BasculeCamera();
     Ports_.Pompe.PompeMessages();
   }
+  // Closed while the camera was being connected: nobody is left who has to be told that it does not run.
+  if (Ports_.Camera.EstTerminee()) return OublieLive();
   if (!Ports_.Camera.CameraActive()) {
     OublieLive();
     Ports_.Affichage.AnnonceCameraInactive();

@@ -18,13 +18,14 @@ ArmementAlarme::ArmementAlarme(const PortsSurveillance& ports, EtatSurveillance&
     : Ports_(ports), Etat_(etat), Minuteries_(minuteries), Camera_(camera) {}
 
 void ArmementAlarme::BasculeAlarme() {
+  if (Etat_.Camera.Terminee) return;  // the program is being closed: nothing is armed any more
   Ports_.Sons.SurvolSon(kSurvolAlarme);
   if (!Etat_.Camera.CameraActive) {
     // The start enables the button again; when there is none it stays disabled.
     Ports_.Affichage.ActiveBouton(kBoutonSurveillance, false);
     Camera_.BasculeCamera();
     Ports_.Pompe.PompeMessages();
-    if (!Etat_.Camera.CameraActive) return;
+    if (!Etat_.Camera.CameraActive || Etat_.Camera.Terminee) return;
   }
   if (Minuteries_.Timer3->EstActive()) {
     Minuteries_.Timer3->Desactive();

@@ -12,7 +12,8 @@ class ArmementAlarme {
   ArmementAlarme(const PortsSurveillance& ports, EtatSurveillance& etat, MinuteriesSurveillance& minuteries,
                  CommandeCamera& camera);
 
-  /// One click: starts the camera if it is off, then cancels a running countdown, or disarms, or starts to count.
+  /// One click: starts the camera if it is off, then cancels a running countdown, or disarms, or starts to count. Does
+  /// nothing once the program is being closed, also when that happens while the camera is being connected.
   void BasculeAlarme();
   /// AlarmeArmee false, lamp off, Text1 shows Retard. Timer3 is not touched: a running countdown still arms.
   void DesarmeAlarme();

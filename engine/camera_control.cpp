@@ -19,7 +19,7 @@ CommandeCamera::CommandeCamera(const PortsSurveillance& ports, EtatSurveillance&
     : Ports_(ports), Etat_(etat), Minuteries_(minuteries), Jauge_(jauge) {}
 
 void CommandeCamera::BasculeCamera() {
-  if (Etat_.Camera.ConnexionEnCours) return;  // it is being switched already
+  if (Etat_.Camera.ConnexionEnCours || Etat_.Camera.Terminee) return;  // it is being switched already, or never again
   Ports_.Sons.SurvolSon(kSurvolCamera);
   if (Etat_.Camera.MoniteurCache) {
     // The first click after the monitor was closed only shows it again.
@@ -41,6 +41,11 @@ void CommandeCamera::BasculeCamera() {
 bool CommandeCamera::Demarre() {
   if (!ConnectePilote()) return false;
   Ports_.Pompe.PompeMessages();
+  if (Etat_.Camera.Terminee) {
+    // Closed in that pump: the end of the program found a camera that was not active yet, and let nothing go.
+    Ports_.Pilote.Deconnecte();
+    return false;
+  }
   if (Ports_.Reglages.SeuilAuto) Ports_.Reglages.SeuilDetection = kSeuilDetectionMax;
   Jauge_.DessineSeuil(Ports_.Reglages.SeuilDetection);
   Etat_.Detection.PasSeuil = JaugeSensibilite::kPasGrossier;
@@ -56,14 +61,13 @@ bool CommandeCamera::Demarre() {
 // The driver lets the window live while it waits for a camera: the program may be closed in the middle, and then there
 // is nobody left to be told of a camera that was not found.
 bool CommandeCamera::ConnectePilote() {
-  Abandonnee_ = false;
   bool connecte = false;
   {
     const QScopedValueRollback<bool> enCours(Etat_.Camera.ConnexionEnCours, true);
     connecte = Ports_.Pilote.Connecte();
   }
-  if (!connecte && !Abandonnee_) Ports_.Affichage.AnnonceCameraIntrouvable();
-  return connecte && !Abandonnee_;
+  if (!connecte && !Etat_.Camera.Terminee) Ports_.Affichage.AnnonceCameraIntrouvable();
+  return connecte && !Etat_.Camera.Terminee;
 }
 
 void CommandeCamera::Arrete() {
@@ -103,8 +107,8 @@ void CommandeCamera::OuvreDialogue(void (PiloteCapture::*dialogue)()) {
 }
 
 void CommandeCamera::DeconnectePilote() {
-  Abandonnee_ = Etat_.Camera.ConnexionEnCours;
-  if (Etat_.Camera.CameraActive || Abandonnee_) Ports_.Pilote.Deconnecte();
+  Etat_.Camera.Terminee = true;
+  if (Etat_.Camera.CameraActive || Etat_.Camera.ConnexionEnCours) Ports_.Pilote.Deconnecte();
 }
 
 }  // namespace vaktor

@@ -21,8 +21,8 @@ class CommandeCamera {
   /// still.
   void MontreDialogueFormat();
   void MontreDialogueSource();
-  /// End of the program: lets the driver go and changes nothing else. In the middle of a connection it ends that one,
-  /// and the start with it, without a message.
+  /// End of the program: lets the driver go for good. In the middle of a connection it ends that one, and the start
+  /// with it, without a message; no later call connects the driver again. CameraActive stays as it is.
   void DeconnectePilote();
 
  private:
@@ -36,7 +36,6 @@ class CommandeCamera {
   EtatSurveillance& Etat_;
   MinuteriesSurveillance& Minuteries_;
   JaugeSensibilite& Jauge_;
-  bool Abandonnee_ = false;  // the program was closed while the driver was being connected
 };
 
 }  // namespace vaktor

@@ -40,6 +40,7 @@ struct EtatCamera {
   bool ImageRepetee = false;      ///< the last tick had no new frame and compared the earlier one with itself
   bool DialogueOuvert = false;    ///< one of the driver's dialogs is open: no timer of the engine ticks
   bool ConnexionEnCours = false;  ///< the driver is being connected: no timer ticks, and the switch does nothing
+  bool Terminee = false;          ///< the program ends: the driver has been let go for good, no switch does anything
 };
 
 struct EtatAlarme {

@@ -59,8 +59,9 @@ class Surveillance {
   void ReprendTic();            ///< Timer1 on, whether or not the camera runs: its tick does nothing then
 
   // End of the program, in the order that the shutdown asks for.
-  void DeconnectePilote();  ///< if the camera runs: the driver is let go; CameraActive stays as it is
-  void Arrete();            ///< AlarmeArmee false, Timer1 and Timer2 off
+  void
+  DeconnectePilote();  ///< the driver is let go for good; CameraActive stays as it is. No switch does anything after
+  void Arrete();       ///< AlarmeArmee false, Timer1 and Timer2 off
 
  private:
   std::unique_ptr<ReglesSurveillance> Regles_;

@@ -12,6 +12,8 @@ class CameraPourLive {
  public:
   virtual ~CameraPourLive() = default;
   virtual bool CameraActive() const = 0;
+  /// The program ends, and the camera has been let go for good.
+  virtual bool EstTerminee() const = 0;
   virtual void BasculeCamera() = 0;
   /// AlarmeArmee false, ImageLedAlarme "LEDRED", Text1 shows Retard; a countdown goes on.
   virtual void DesarmeAlarme() = 0;

@@ -19,6 +19,7 @@ class HorlogeFigee : public Horloge {
 struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, SauvegardeParametres, PompeEvenements, Ouvreur {
   // CameraPourLive
   bool CameraActive() const override { return Active; }
+  bool EstTerminee() const override { return Terminee; }
   void BasculeCamera() override {
     Journal << QStringLiteral("camera");
     Active = CameraPresente;
@@ -58,6 +59,7 @@ struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, Sauvegar
   QStringList Journal;
   bool Active = true;
   bool CameraPresente = true;
+  bool Terminee = false;
   bool EchecEcriture = false;
   std::function<void()> PendantPompe;
   QImage Surface{100, 50, QImage::Format_RGB32};
@@ -107,6 +109,18 @@ TEST_F(Live, WithoutCameraALinkThatWasOnIsForgotten) {
   Fait(&PublicationLive::BasculeLive);
   EXPECT_FALSE(Etat.SurveillanceEnCours);
   EXPECT_FALSE(Etat.LiveActif);
+}
+
+// The window was closed while the camera was being connected: nobody is left to read a message.
+TEST_F(Live, AProgramThatEndsDuringTheStartOfTheCameraSaysAndSendsNothing) {
+  for (const bool presente : {false, true}) {
+    Active = false;
+    CameraPresente = presente;
+    Etat.SurveillanceEnCours = true;
+    PendantPompe = [&] { Terminee = true; };
+    EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "Bouton(1) 0|camera|pompe");
+    EXPECT_FALSE(Etat.SurveillanceEnCours);
+  }
 }
 
 TEST_F(Live, MissingParametersAreAskedFor_AndNothingIsSent) {

@@ -280,14 +280,54 @@ TEST_F(Camera, EndOfTheProgramWhileTheDriverIsBeingConnectedEndsTheStart) {
   }
 }
 
-TEST_F(Camera, EndOfTheProgramLetsTheDriverGoOnlyWhenItRuns) {
+TEST_F(Camera, EndOfTheProgramLeavesADriverAloneThatDoesNotRun) {
   Journal.Ecoute();
   Engin.DeconnectePilote();
   EXPECT_TRUE(Journal.Lignes().isEmpty());
+}
+
+TEST_F(Camera, EndOfTheProgramLetsTheDriverGoThatRuns) {
   Engin.BasculeCamera();
   Engin.DeconnectePilote();
   EXPECT_FALSE(Pilote.EstConnecte());
   EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, EndOfTheProgramLetsNoSwitchConnectTheDriverAgain) {
+  Engin.LitArguments(QStringLiteral("/alarm"));
+  Engin.DeconnectePilote();
+  Journal.Ecoute();
+  Engin.BasculeCamera();
+  Engin.BasculeAlarme();
+  Temps.Avance(2000);
+  EXPECT_TRUE(Journal.Lignes().filter(QStringLiteral("Connecte")).isEmpty());
+  EXPECT_FALSE(Engin.CompteAReboursEnCours());
+}
+
+// In the pump of the start the driver is connected and CameraActive still false: the end must let it go all the same.
+TEST_F(Camera, EndOfTheProgramInThePumpOfTheStartLetsTheDriverGo) {
+  Pompe.EnAttente = [&] {
+    Engin.DeconnectePilote();
+    Engin.Arrete();
+  };
+  Engin.BasculeAlarme();
+  EXPECT_FALSE(Pilote.EstConnecte());
+  EXPECT_FALSE(Engin.Camera().CameraActive);
+  EXPECT_FALSE(Active("Timer1"));
+  EXPECT_FALSE(Engin.CompteAReboursEnCours());
+}
+
+TEST_F(Camera, EndOfTheProgramInThePumpAfterTheStartArmsNothing) {
+  Pompe.EnAttente = [&] {
+    Pompe.EnAttente = [&] {
+      ASSERT_TRUE(Engin.Camera().CameraActive);
+      Engin.DeconnectePilote();
+      Engin.Arrete();
+    };
+  };
+  Engin.BasculeAlarme();
+  EXPECT_TRUE(Pompe.EnAttente == nullptr);
+  EXPECT_FALSE(Engin.CompteAReboursEnCours());
 }
 
 TEST_F(Camera, EndOfTheProgramStopsTheTimersOfTheTick) {

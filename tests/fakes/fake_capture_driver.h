@@ -22,6 +22,7 @@ class PiloteFaux : public PiloteCapture {
   }
   void Deconnecte() override {
     Journal_.Note([] { return QStringLiteral("Deconnecte"); });
+    if (PendantDeconnexion) PendantDeconnexion();
     Connecte_ = false;
   }
   bool SaisitImage() override {
@@ -58,6 +59,7 @@ class PiloteFaux : public PiloteCapture {
   std::shared_ptr<TrameDifferee> SuivanteDifferee;  ///< if set, given as the frame that was grabbed
   std::function<void()> PendantDialogue;            ///< runs while one of the dialogs is open
   std::function<void()> PendantConnexion;           ///< runs while Connecte waits for a first frame
+  std::function<void()> PendantDeconnexion;         ///< runs at the beginning of Deconnecte; may throw
   qint32 Saisies = 0;
 
  private:
