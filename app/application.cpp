@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "app/way_out.h"
 #include "ui/own_words.h"
 #include "ui/page_actions.h"
 
@@ -11,6 +12,7 @@ Vaktor::Vaktor(const PortsSysteme& systeme, QString ligneCommande)
     : Systeme_(systeme),
       LigneCommande_(std::move(ligneCommande)),
       Sante_(Systeme_.Temps, Systeme_.Minuteries),
+      Minuteries_(Systeme_.Minuteries, [this] { return PeutAgir(); }),
       Vue_(Textes_, Systeme_.Boites),
       VueLiaison_(Textes_, Systeme_.Boites),
       EcrivainLive_(Systeme_.Ecrivain),
@@ -20,6 +22,12 @@ Vaktor::Vaktor(const PortsSysteme& systeme, QString ligneCommande)
 Vaktor::~Vaktor() { DechargeFormes(); }
 
 bool Vaktor::EstFinie() const { return Etat_.EnFermeture || (Depart_ != nullptr && Depart_->Relancee()); }
+
+int Vaktor::Statut() const { return Perte_ ? kStatutEchec : 0; }
+
+// The one answer to "may anything happen by itself": with half of the settings an alarm would act, and save, with start
+// values; behind the message of a start that failed, and in the pumps of the stop, nothing may begin any more.
+bool Vaktor::PeutAgir() const { return Sauvegarde_ != nullptr && Sauvegarde_->EstCharge() && !Etat_.EnFermeture; }
 
 // The rules are made in the order in which one is given the other. What goes round in a circle (the engine needs the
 // live page, which needs the camera; both show what the window does not have yet) is tied up afterwards.
@@ -44,9 +52,9 @@ ChampsSite Vaktor::LitChampsSite() const {
 
 void Vaktor::CreeMoteur() {
   Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_);
-  Moteur_ = std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Systeme_.Minuteries,
-                                                             Systeme_.Temps, Systeme_.Pompe, Systeme_.Sons, *Actions_,
-                                                             *Live_, Vue_, Sante_});
+  Moteur_ =
+      std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Minuteries_, Systeme_.Temps,
+                                                       Systeme_.Pompe, Systeme_.Sons, *Actions_, *Live_, Vue_, Sante_});
   Photos_ = std::make_unique<EnregistreurPhotos>(PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(),
                                                              Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
                                                              [this] { return Live_->LiveActif(); }, Sante_});
@@ -91,7 +99,7 @@ void Vaktor::MontreFormSound() {
 // From here on the three inboxes stand in the store, and companions can be launched.
 void Vaktor::CreeFormWinsock() {
   FormWinsock_ =
-      std::make_unique<FormWinsock>(PortsWinsock{*Canal_, *Magasin_, Systeme_.Minuteries, *Modules_, Vue_, VueLiaison_,
+      std::make_unique<FormWinsock>(PortsWinsock{*Canal_, *Magasin_, Minuteries_, *Modules_, Vue_, VueLiaison_,
                                                  Liaison_, [this] { Moteur_->RelanceDemarrageAuto(); }});
 }
 
@@ -104,6 +112,7 @@ void Vaktor::AnnonceEchec(const QString& description) {
 void Vaktor::AnnonceDemarrageImpossible(const QString& description) {
   const QString message = MessageDemarrageImpossible(Reglages_.LangueCourante, description);
   std::fprintf(stderr, "%s\n", qUtf8Printable(message));
+  AbandonneDepart();
   Systeme_.Boites.MontreMessage(message, QStringLiteral("Vaktor"), BoutonsBoite::kOk);
   PrevientCompagnons();
 }

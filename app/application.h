@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "app/alarm_actions.h"
+#include "app/held_timers.h"
 #include "app/live_ports.h"
 #include "app/ports/start_steps.h"
 #include "app/raised_rights.h"
@@ -54,9 +55,12 @@ class Vaktor : private EtapesDepart {
   void Ferme();
   /// The program ends, or has only prepared its restart: nothing is to run any more.
   bool EstFinie() const;
+  /// Exit status of a program that ended in order: 0, or kStatutEchec when something was lost on the way out.
+  int Statut() const;
 
-  /// Tells a failure in the user's language: one that the guard of the event loop met, one that ends the start. The
-  /// latter then asks those companions to leave that have come up already.
+  /// Tells a failure in the user's language: one that the guard of the event loop met, one that ends the start. Behind
+  /// the latter's message nothing acts: the camera is let go, no timer ticks, no window comes up. Afterwards those
+  /// companions are asked to leave that have come up already.
   void AnnonceEchec(const QString& description);
   void AnnonceDemarrageImpossible(const QString& description);
 
@@ -86,11 +90,14 @@ class Vaktor : private EtapesDepart {
   void CreeRepertoire(FormVisuPhoto& galerie);
 
   // The end (application_end.cpp).
+  void AbandonneDepart();
   void DemandeFermeture();
   void FermeApplication();
   void PrevientCompagnons();
   void SauveAvantFin();
   void EssaieJusquauBout(const std::function<void()>& pas);
+  void Pompe();
+  bool PeutAgir() const;
   void DechargeFrmSmtp();
   void DechargeFormes();
 
@@ -101,6 +108,7 @@ class Vaktor : private EtapesDepart {
   EtatLiaison Liaison_;
   TablesTextes Textes_;
   SanteVeille Sante_;
+  MinuteriesRetenues Minuteries_;
 
   FrmSplash Splash_;
   std::unique_ptr<RelanceDroits> Droits_;
@@ -140,9 +148,9 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;
   std::optional<QPoint> PlaceMoniteur_;  // where the program put the monitor last
-  bool Chargee_ = false;                 // the parameters are those of the store, all of them
   bool Fermee_ = false;                  // the shutdown has begun
   bool SansPersonne_ = false;            // by the system and not by the user
+  bool Perte_ = false;                   // a step of it failed
 };
 
 }  // namespace vaktor

@@ -3,7 +3,7 @@
 #include <cstdio>
 
 #include "app/application.h"
-#include "base/failure.h"
+#include "app/way_out.h"
 
 namespace vaktor {
 
@@ -19,7 +19,7 @@ void Vaktor::Ferme() {
     Form1_->close();
     return;
   }
-  if (Chargee_) {  // still behind the splash
+  if (Sauvegarde_ && Sauvegarde_->EstCharge()) {  // still behind the splash
     DemandeFermeture();
     return;
   }
@@ -29,63 +29,79 @@ void Vaktor::Ferme() {
   QCoreApplication::exit();
 }
 
-// The close request of the main form, and of nothing else.
+// A start that failed. Its message may stand for hours: behind it no camera watches, nothing is saved, no window opens.
+void Vaktor::AbandonneDepart() {
+  Etat_.EnFermeture = true;
+  if (Moteur_) {
+    EssaieJusquauBout([this] { Moteur_->DeconnectePilote(); });
+    EssaieJusquauBout([this] { Moteur_->Arrete(); });
+  }
+  // The start arguments may have brought the monitor up before the step that failed.
+  if (FormMonitor_) FormMonitor_->hide();
+  if (Form1_) Form1_->hide();
+}
+
+// The close request of the main form, and of nothing else. A step that throws costs that step: the process ends all the
+// same, where it would else go on for ever without a window.
 void Vaktor::DemandeFermeture() {
   if (Fermee_) return;
   Fermee_ = true;
-  Moteur_->DeconnectePilote();
+  EssaieJusquauBout([this] { Moteur_->DeconnectePilote(); });
   FermeApplication();
-  Systeme_.Pompe.PompeMessages();
+  Pompe();
   // Not quit(), which does nothing while a message box runs the only event loop.
-  QCoreApplication::exit();
+  QCoreApplication::exit(Statut());
 }
 
 void Vaktor::FermeApplication() {
   Etat_.EnFermeture = true;
-  Live_->CoupeLive();
-  Moteur_->Arrete();  // no tick of the engine comes from here on
+  EssaieJusquauBout([this] { Live_->CoupeLive(); });
+  EssaieJusquauBout([this] { Moteur_->Arrete(); });  // no tick of the engine comes from here on
   PrevientCompagnons();
-  Systeme_.Pompe.PompeMessages();
+  Pompe();
   SauveAvantFin();
-  Systeme_.Pompe.PompeMessages();
+  Pompe();
   // In this order, each as far as it is there. Gallery and monitor only close: what still runs in a pump may touch
   // them.
   DechargeFrmSmtp();
-  if (FrmEssaiFtp_) FrmEssaiFtp_->close();
-  PleinEcran_.Decharge();
-  if (Repertoire_) Repertoire_->Decharge();
+  if (FrmEssaiFtp_) EssaieJusquauBout([this] { FrmEssaiFtp_->close(); });
+  EssaieJusquauBout([this] { PleinEcran_.Decharge(); });
+  if (Repertoire_) EssaieJusquauBout([this] { Repertoire_->Decharge(); });
   // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
   if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) EssaieJusquauBout([this] { FormVisuPhoto_->close(); });
   FormWinsock_.reset();  // a late word of a companion finds nobody any more
-  Splash_.Decharge();
-  if (FormMonitor_) FormMonitor_->close();
+  EssaieJusquauBout([this] { Splash_.Decharge(); });
+  if (FormMonitor_) EssaieJusquauBout([this] { FormMonitor_->close(); });
   if (FormSound_) EssaieJusquauBout([this] { FormSound_->close(); });
-  Systeme_.Pompe.PompeMessages();
-  Form1_->hide();
+  Pompe();
+  EssaieJusquauBout([this] { Form1_->hide(); });
 }
 
 // The companions are neither waited for nor looked after: one that stays is ended by the next start.
 void Vaktor::PrevientCompagnons() {
   if (!Modules_) return;
-  const QString mot = QStringLiteral("Quit*");
-  Modules_->EnvoiFTP(mot);
-  Modules_->EnvoiMail(mot);
-  Modules_->EnvoiSon(mot);
+  for (void (ModuleSendMessages::*envoi)(const QString&) :
+       {&ModuleSendMessages::EnvoiFTP, &ModuleSendMessages::EnvoiMail, &ModuleSendMessages::EnvoiSon}) {
+    EssaieJusquauBout([this, envoi] { (Modules_.get()->*envoi)(QStringLiteral("Quit*")); });
+  }
 }
 
 void Vaktor::SauveAvantFin() {
   if (Reglages_.ParametresModifies) EssaieJusquauBout([this] { Sauvegarde_->SauveParametres(); });
 }
 
+void Vaktor::Pompe() {
+  EssaieJusquauBout([this] { Systeme_.Pompe.PompeMessages(); });
+}
+
 void Vaktor::EssaieJusquauBout(const std::function<void()>& pas) {
-  try {
-    pas();
-  } catch (const std::exception& echec) {
+  const bool fait = EssaiePas(pas, [this](const char* mots) {
     // The end must not stop half-way, and the user must know what was lost.
-    std::fprintf(stderr, "Vaktor: %s\n", echec.what());
+    std::fprintf(stderr, "Vaktor: %s\n", mots);
     if (SansPersonne_) return;
-    Systeme_.Boites.MontreMessage(QString::fromUtf8(echec.what()), Textes_.Messages(4), BoutonsBoite::kOk);
-  }
+    Systeme_.Boites.MontreMessage(QString::fromUtf8(mots), Textes_.Messages(4), BoutonsBoite::kOk);
+  });
+  Perte_ = Perte_ || !fait;
 }
 
 void Vaktor::DechargeFormes() {

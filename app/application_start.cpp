@@ -21,7 +21,7 @@ void Vaktor::Demarre(const QString& version) {
         PortsRelance{*Systeme_.Registre, Systeme_.Boites, Systeme_.Programmes, Systeme_.Dossiers.Executables});
   }
   Depart_ = std::make_unique<SequenceDepart>(
-      PortsDepart{Splash_, *Magasin_, Reglages_, Droits_.get(), Systeme_.Pompe, Systeme_.Minuteries, *this, Etat_});
+      PortsDepart{Splash_, *Magasin_, Reglages_, Droits_.get(), Systeme_.Pompe, Minuteries_, *this, Etat_});
   Depart_->Charge(version);
 }
 
@@ -34,7 +34,6 @@ void Vaktor::ChargeParametres() {
   Pilote_ = Systeme_.CreePilote([this] { return Reglages_.LangueCourante; });
   CreeReglages();
   Sauvegarde_->ChargeParametres();
-  Chargee_ = true;
 }
 
 // The load step of the main form. It runs inside the load of the settings: the delay and the language are known, the

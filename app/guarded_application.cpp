@@ -1,5 +1,6 @@
 #include "app/guarded_application.h"
 
+#include <QScopedValueRollback>
 #include <cstdio>
 
 #include "base/failure.h"
@@ -15,16 +16,22 @@ bool ApplicationGardee::notify(QObject* recepteur, QEvent* evenement) {
     Signale(echec.Description());
   } catch (const std::exception& erreur) {
     Signale(QString::fromLocal8Bit(erreur.what()));
+  } catch (...) {
+    Signale(QStringLiteral("unknown failure"));
   }
   return true;
 }
 
+// Telling a failure may fail as well, for want of memory before all. Out of an event handler it would end the program.
 void ApplicationGardee::Signale(const QString& description) {
   std::fprintf(stderr, "Vaktor: %s\n", qUtf8Printable(description));
   if (Annonce_ || !SurEchec_) return;
-  Annonce_ = true;
-  SurEchec_(description);
-  Annonce_ = false;
+  const QScopedValueRollback<bool> annonce(Annonce_, true);
+  try {
+    SurEchec_(description);
+  } catch (...) {
+    std::fputs("Vaktor: the failure could not be shown\n", stderr);
+  }
 }
 
 }  // namespace vaktor

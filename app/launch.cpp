@@ -10,6 +10,7 @@
 #include "app/camera.h"
 #include "app/guarded_application.h"
 #include "app/real_system.h"
+#include "app/way_out.h"
 #include "base/failure.h"
 #include "platform/base/end_signals.h"
 #include "platform/base/program_folders.h"
@@ -67,9 +68,12 @@ int Execute(ApplicationGardee& application, const ArgumentsDepart& arguments) {
   } catch (const std::exception& erreur) {
     const auto* echec = dynamic_cast<const Echec*>(&erreur);
     vaktor.AnnonceDemarrageImpossible(echec != nullptr ? echec->Description() : QString::fromLocal8Bit(erreur.what()));
-    return 1;
+    PrepareSortie();
+    return kStatutEchec;
   }
-  return vaktor.EstFinie() ? 0 : QApplication::exec();
+  const int statut = vaktor.EstFinie() ? vaktor.Statut() : QApplication::exec();
+  PrepareSortie();
+  return statut;
 }
 
 }  // namespace
@@ -91,7 +95,12 @@ int LanceVaktor(int argc, char** argv) {
   ApplicationGardee application(argc, argv);
   PrepareApparence();
   DitArgumentsInconnus();
-  return Execute(application, arguments);
+  try {
+    return Execute(application, arguments);
+  } catch (const std::exception& erreur) {
+    std::fprintf(stderr, "Vaktor: %s\n", erreur.what());
+  }
+  return kStatutEchec;
 }
 
 }  // namespace vaktor

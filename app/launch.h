@@ -3,7 +3,7 @@
 
 namespace vaktor {
 
-/// The exit status of the process: 0, 1 when the program could not start.
+/// The exit status of the process: 0, 1 when the program could not start or lost something on its way out.
 int LanceVaktor(int argc, char** argv);
 
 }  // namespace vaktor

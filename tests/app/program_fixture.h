@@ -22,6 +22,16 @@ class ProgrammeSurFaux : public testing::Test {
     Systeme.Temps.Avance(2000);
     Systeme.Notes.Vide();
   }
+  /// A start that fails, and its message as launch.cpp shows it: the description, empty when the start went through.
+  QString DemarreEtEchoue(const QString& arguments = {}) {
+    try {
+      Demarre(arguments);
+    } catch (const Echec& echec) {
+      Programme->AnnonceDemarrageImpossible(echec.Description());
+      return echec.Description();
+    }
+    return {};
+  }
   /// A window by its name; null where there is none.
   static QWidget* Fenetre(const char* nom) {
     for (QWidget* fenetre : QApplication::topLevelWidgets()) {
@@ -34,6 +44,7 @@ class ProgrammeSurFaux : public testing::Test {
   static T* Trouve(const char* nom) {
     return Fenetre("Form1")->findChild<T*>(QLatin1String(nom));
   }
+  static bool Visible(const char* nom) { return Fenetre(nom) != nullptr && Fenetre(nom)->isVisible(); }
   static void Clique(const char* nom) { QTest::mouseClick(Trouve(nom), Qt::LeftButton); }
 
   SystemeFaux Systeme;

@@ -46,8 +46,8 @@ class MagasinNote : public MagasinReglages {
 
 class CanalNote : public CanalMessages {
  public:
-  CanalNote(Journal& journal, std::map<qint32, std::function<void(const QString&)>>& boites)
-      : J_(journal), Boites_(boites) {}
+  CanalNote(Journal& journal, std::map<qint32, std::function<void(const QString&)>>& boites, const bool& bloque)
+      : J_(journal), Boites_(boites), Bloque_(bloque) {}
   qint32 OuvreBoite(std::function<void(const QString&)> recu) override {
     const qint32 poignee = 1001 + static_cast<qint32>(Boites_.size());
     Boites_[poignee] = std::move(recu);
@@ -55,6 +55,7 @@ class CanalNote : public CanalMessages {
     return poignee;
   }
   void FermeBoite(qint32 poignee) override {
+    if (Bloque_) throw std::bad_alloc();
     Boites_.erase(poignee);
     J_.Note([poignee] { return QStringLiteral("channel: close %1").arg(poignee); });
   }
@@ -65,6 +66,7 @@ class CanalNote : public CanalMessages {
  private:
   Journal& J_;
   std::map<qint32, std::function<void(const QString&)>>& Boites_;
+  const bool& Bloque_;
 };
 
 class ProcessusNote : public Processus {
@@ -98,9 +100,11 @@ class BoitesNotees : public BoitesMessage {
   ReponseBoite MontreMessage(const QString& texte, const QString& titre, BoutonsBoite) override {
     J_.Note([&] { return QStringLiteral("box: ") + titre; });
     Textes.append(texte);
+    if (PendantMessage) PendantMessage();
     return ReponseBoite::kOk;
   }
   QStringList Textes;
+  std::function<void()> PendantMessage;  ///< what happens before somebody answers
 
  private:
   Journal& J_;
@@ -226,7 +230,7 @@ struct SystemeFaux {
                   return QString();
                 },
             .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
-            .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites); },
+            .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque); },
             .CreePilote = [this](const std::function<qint32()>&) { return std::move(Pilote); },
             .Temps = Horloge,
             .Disque = Disque,
@@ -258,6 +262,7 @@ struct SystemeFaux {
   Journal Notes;
   QMap<QString, QString> Valeurs;
   bool MagasinPlein = false;  ///< the settings cannot be saved
+  bool CanalBloque = false;   ///< closing an inbox throws
   std::map<qint32, std::function<void(const QString&)>> Boites;
   HorlogeNotee Horloge{Notes};
   faux::TempsVirtuel Temps{Horloge};

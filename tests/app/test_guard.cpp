@@ -61,6 +61,20 @@ TEST_F(Garde, FailuresWhileOneIsBeingToldDoNotPileUp) {
   EXPECT_EQ(Dits, QStringList{QStringLiteral("first")});
 }
 
+// For want of memory before all: out of an event handler it would end the program.
+TEST_F(Garde, FailureThatCannotBeToldIsLeftAtThatAndTheNextOneIsToldAgain) {
+  bool impossible = true;
+  Pendant = [&] {
+    if (impossible) throw std::bad_alloc();
+  };
+  QTimer::singleShot(0, qApp, [] { throw Echec(kAppelIncorrect, QStringLiteral("first")); });
+  QTest::qWait(1);
+  impossible = false;
+  QTimer::singleShot(0, qApp, [] { throw 7; });
+  QTest::qWait(1);
+  EXPECT_EQ(Dits, (QStringList{QStringLiteral("first"), QStringLiteral("unknown failure")}));
+}
+
 }  // namespace
 }  // namespace vaktor
 

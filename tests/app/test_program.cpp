@@ -7,6 +7,7 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <QSet>
+#include <QTcpServer>
 #include <QTemporaryDir>
 #include <QThread>
 #include <csignal>
@@ -56,6 +57,22 @@ class Programme : public testing::Test {
       if (ligne.startsWith(cle + QLatin1Char('='))) return ligne.mid(cle.size() + 1).remove(QLatin1Char('"'));
     }
     return {};
+  }
+
+  QByteArray Octets() const {
+    QFile fichier(Dossier.filePath(QStringLiteral("vaktor.ini")));
+    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
+  }
+  /// The store but for the inboxes of the run, which each start writes anew.
+  QByteArray OctetsSansPoignees() const {
+    QByteArrayList lignes = Octets().split('\n');
+    lignes.removeIf([](const QByteArray& ligne) { return ligne.startsWith("HWNDVK="); });
+    return lignes.join('\n');
+  }
+  void EcritOctets(const QByteArray& octets) const {
+    QFile fichier(Dossier.filePath(QStringLiteral("vaktor.ini")));
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    ASSERT_EQ(fichier.write(octets), octets.size());
   }
 
   QTemporaryDir Dossier;
@@ -137,6 +154,78 @@ TEST_F(Programme, StartThatFailsIsToldAndHasAStatus) {
   ASSERT_TRUE(Processus.waitForFinished(30000));
   EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(Processus.exitCode(), 1);
+}
+
+// A whole store of a user, damaged in one value, and the start arguments: behind the message the camera used to open,
+// and its first frame saved start values over everything that had not been read.
+TEST_F(Programme, StartWithADamagedValueChangesNoOtherKeyOfTheStore) {
+  Lance({});
+  ASSERT_TRUE(Attend([this] { return !Reglage(QStringLiteral("rapportnombrephoto")).isEmpty(); }));
+  Processus.terminate();
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  Processus.readAll();
+  const QMap<QByteArray, QByteArray> personnels = {
+      {"smtpserveur", "mail.example.org"}, {"smtpuser", "somebody"}, {"destination", "a@example.org"},
+      {"ftp", "ftp.example.org"},          {"user", "somebody"},     {"pass", "098100102"}};
+  for (const QByteArray& abime : {QByteArray("skin=\"7\""), QByteArray("qualitephoto=\"much\"")}) {
+    QByteArrayList lignes = Octets().split('\n');
+    int changes = 0;
+    for (QByteArray& ligne : lignes) {
+      const QByteArray cle = ligne.left(ligne.indexOf('='));
+      if (personnels.contains(cle)) ligne = cle + "=\"" + personnels.value(cle) + '"', ++changes;
+      if (cle == abime.left(abime.indexOf('='))) ligne = abime, ++changes;
+    }
+    ASSERT_EQ(changes, 8) << Octets().toStdString();
+    EcritOctets(lignes.join('\n'));
+    const QByteArray avant = OctetsSansPoignees();
+    Lance({QStringLiteral("/camera:test"), QStringLiteral("/alarm"), QStringLiteral("/surve")});
+    QByteArray dit;
+    ASSERT_TRUE(Attend([&] {
+      dit += Processus.readAll();
+      return dit.contains("Vaktor ne peut pas");
+    })) << dit.toStdString();
+    EXPECT_TRUE(dit.contains(abime.left(abime.indexOf('=')))) << dit.toStdString();
+    // The start arguments act after a second, a first frame comes at once.
+    EXPECT_FALSE(Processus.waitForFinished(3000)) << "the message stands until it is answered";
+    EXPECT_EQ(OctetsSansPoignees(), avant);
+    Processus.terminate();
+    ASSERT_TRUE(Processus.waitForFinished(30000));
+    EXPECT_EQ(Processus.exitCode(), 1);
+    EXPECT_EQ(OctetsSansPoignees(), avant);
+    QByteArray repare = Octets();
+    repare.replace(abime, abime.left(abime.indexOf('=')) + "=\"2\"");
+    EcritOctets(repare);
+  }
+}
+
+// A camera in the network that accepts and then says nothing holds the start arguments for seconds.
+TEST_F(Programme, ClosingWhileTheStartArgumentsConnectACameraEndsThere) {
+  QTcpServer camera;
+  ASSERT_TRUE(camera.listen(QHostAddress::LocalHost));
+  Lance({QStringLiteral("/camera:rtsp://127.0.0.1:%1/").arg(camera.serverPort()), QStringLiteral("/alarm"),
+         QStringLiteral("/surve")});
+  ASSERT_TRUE(camera.waitForNewConnection(60000));
+  Processus.terminate();
+  ASSERT_TRUE(Processus.waitForFinished(30000)) << "a message stands, or a second connection is tried";
+  EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Processus.exitCode(), 0);
+  EXPECT_EQ(Reglage(QStringLiteral("width")), QStringLiteral("287")) << "no frame has come";
+}
+
+// Whatever is lost on the way out, the process ends, and its status tells it to who started it.
+TEST_F(Programme, SettingsThatCannotBeSavedAtTheEndGiveAStatus) {
+  Lance({QStringLiteral("/camera:test"), QStringLiteral("/alarm")});
+  ASSERT_TRUE(Attend([this] { return Reglage(QStringLiteral("width")) == QStringLiteral("640"); }))
+      << Processus.readAll().toStdString();
+  // The gauge moves at each search, so that there is something to save; a folder in the file's place takes no file.
+  const QString fichier = Dossier.filePath(QStringLiteral("vaktor.ini"));
+  ASSERT_TRUE(QFile::remove(fichier));
+  ASSERT_TRUE(QDir().mkpath(fichier + QStringLiteral("/in the way")));
+  QThread::sleep(3);
+  Processus.terminate();
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(Processus.exitCode(), 1) << Processus.readAll().toStdString();
 }
 
 }  // namespace

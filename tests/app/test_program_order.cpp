@@ -41,7 +41,6 @@ class Ordre : public ProgrammeSurFaux {
           << vus.join(u'\n').toStdString();
     }
   }
-  static bool Visible(const char* nom) { return Fenetre(nom) != nullptr && Fenetre(nom)->isVisible(); }
 };
 
 TEST_F(Ordre, OfAFirstStartIsTheList) {

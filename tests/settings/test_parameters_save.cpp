@@ -77,7 +77,7 @@ TEST(SauveParametres, ThatFailsTellsTheUserAndNobodyElse) {
 }
 
 TEST(SauveParametres, ThatFailsStaysToldUntilASaveSucceeds) {
-  BancReglages banc;
+  BancCharge banc;
   banc.Magasin.RefuseEcriture = true;
   EXPECT_THROW(banc.Reglages.SauveParametres(), Echec);
   EXPECT_EQ(banc.Sante.Details.value(Condition::kReglagesNonSauves), QStringLiteral("disk full"));

@@ -1,0 +1,121 @@
+// Whatever throws on the way out, the process ends, everything behind it is still done, and the status says so.
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QTimer>
+#include <stdexcept>
+
+#include "app/program_fixture.h"
+#include "app/way_out.h"
+
+namespace vaktor::essai {
+namespace {
+
+class Sortie : public ProgrammeSurFaux {
+ protected:
+  static constexpr int kJamaisFini = 99;
+
+  /// The event loop as launch.cpp runs it, with a close of the window in it; the status that it ends with.
+  int FermeLaFenetre() {
+    QTimer::singleShot(0, qApp, [] { Fenetre("Form1")->close(); });
+    QTimer::singleShot(20'000, qApp, [] { QCoreApplication::exit(kJamaisFini); });
+    return QApplication::exec();
+  }
+  bool Vu(const char* ligne) const { return Systeme.Notes.Lignes().contains(QLatin1String(ligne)); }
+  void ExigeToutLeReste() const {
+    EXPECT_TRUE(Vu("channel: post 68 to 71")) << "the companions are told";
+    EXPECT_TRUE(Vu("timer Timer1: off"));
+    EXPECT_TRUE(Vu("store: flush")) << "what was changed is saved";
+    EXPECT_FALSE(Visible("Form1"));
+  }
+  void PrepareAvecCamera() {
+    DemarreJusquALaFenetre();
+    Systeme.Recoit(1001, QStringLiteral("HWND:71"));
+    Clique("Bouton(0)");
+    Systeme.Temps.Avance(30);  // the start of the camera has moved the gauge: there is something to save
+    Systeme.Notes.Vide();
+  }
+};
+
+TEST_F(Sortie, InOrderHasTheStatusZero) {
+  PrepareAvecCamera();
+  EXPECT_EQ(FermeLaFenetre(), 0);
+  ExigeToutLeReste();
+}
+
+TEST_F(Sortie, OfADriverThatThrowsIsAWholeStop) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  PrepareAvecCamera();
+  int fois = 0;
+  pilote.PendantDeconnexion = [&] {
+    ++fois;
+    throw std::runtime_error("the driver is mute");
+  };
+  EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
+  EXPECT_EQ(fois, 1);
+  ExigeToutLeReste();
+  EXPECT_TRUE(Systeme.Boites.empty());
+  EXPECT_EQ(Systeme.Messages.Textes, QStringList{QStringLiteral("the driver is mute")});
+}
+
+TEST_F(Sortie, OfSomethingThatIsNoExceptionIsAWholeStopToo) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  PrepareAvecCamera();
+  pilote.PendantDeconnexion = [] { throw 7; };
+  EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
+  ExigeToutLeReste();
+}
+
+TEST_F(Sortie, OfSettingsThatCannotBeSavedHasAStatus) {
+  PrepareAvecCamera();
+  Systeme.MagasinPlein = true;
+  EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
+}
+
+TEST_F(Sortie, OfAMessageThatCannotBeShownIsAWholeStop) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  PrepareAvecCamera();
+  pilote.PendantDeconnexion = [] { throw std::bad_alloc(); };
+  Systeme.Messages.PendantMessage = [] { throw std::bad_alloc(); };
+  EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
+  ExigeToutLeReste();
+}
+
+TEST_F(Sortie, OfAPumpThatThrowsIsAWholeStop) {
+  PrepareAvecCamera();
+  Systeme.Pompe.EnAttente = [] { throw std::runtime_error("in a pump"); };
+  EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
+  ExigeToutLeReste();
+}
+
+// The inboxes close in a destructor, out of which nothing may come.
+TEST_F(Sortie, OfAnInboxThatDoesNotCloseIsAWholeStop) {
+  PrepareAvecCamera();
+  Systeme.CanalBloque = true;
+  EXPECT_EQ(FermeLaFenetre(), 0);
+  ExigeToutLeReste();
+  Programme.reset();
+  Systeme.CanalBloque = false;
+}
+
+struct Bombe {
+  explicit Bombe(bool amorcee) : Amorcee(amorcee) {}
+  ~Bombe() noexcept { Eclate(); }
+  void Eclate() const {
+    if (Amorcee) throw std::runtime_error("in a destructor");
+  }
+  bool Amorcee;
+};
+
+TEST(SortieDeathTest, OfADestructorThatThrowsEndsWithTheStatusAndALine) {
+  testing::GTEST_FLAG(death_test_style) = "threadsafe";
+  EXPECT_EXIT(
+      {
+        PrepareSortie();
+        const Bombe bombe(true);
+      },
+      testing::ExitedWithCode(kStatutEchec), "while the program was ending");
+}
+
+}  // namespace
+}  // namespace vaktor::essai
