@@ -1,5 +1,6 @@
 #include "modules/common/failure_notice.h"
 
+#include <QDateTime>
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -8,8 +9,13 @@
 #include <QStandardPaths>
 
 #include "modules/common/bounded_log.h"
+#include "platform/store/bounded_file.h"
 
 namespace vaktor {
+
+namespace {
+constexpr qint64 kTailleMax = 64LL * 1024;
+}
 
 EtatModule::EtatModule(const QString& dossier, const QString& nom, const Horloge& temps, Notifieur notifie)
     : Chemin_(dossier + QLatin1Char('/') + nom + QStringLiteral(".json")),
@@ -21,16 +27,72 @@ void EtatModule::CacheSecret(const QString& secret) {
   if (!secret.isEmpty() && !Secrets_.contains(secret)) Secrets_.append(secret);
 }
 
-void EtatModule::Ecrit(const QString& etat, const AvisEchec& avis) const {
-  const QString depuis = Temps_.DonneDate().toString(Qt::ISODate) + QLatin1Char(' ') +
-                         Temps_.DonneHeure().toString(QStringLiteral("HH:mm:ss"));
-  const QJsonObject objet{{QStringLiteral("program"), Nom_},
-                          {QStringLiteral("state"), etat},
-                          {QStringLiteral("since"), depuis},
-                          {QStringLiteral("subject"), avis.Sujet},
-                          {QStringLiteral("server"), NettoieLigne(avis.MotsServeur, Secrets_)},
-                          {QStringLiteral("fr"), NettoieLigne(avis.Francais, Secrets_)},
-                          {QStringLiteral("en"), NettoieLigne(avis.English, Secrets_)}};
+QString EtatModule::DonneDate() const {
+  return Temps_.DonneDate().toString(Qt::ISODate) + QLatin1Char(' ') +
+         Temps_.DonneHeure().toString(QStringLiteral("HH:mm:ss"));
+}
+
+QString EtatModule::EcritInstant(qint64 millisecondes) {
+  return QDateTime::fromMSecsSinceEpoch(millisecondes, Qt::UTC).toString(Qt::ISODate);
+}
+
+void EtatModule::Change(const QString& etat, const AvisEchec& avis) {
+  Constat_ = {{QStringLiteral("state"), etat},
+              {QStringLiteral("since"), DonneDate()},
+              {QStringLiteral("subject"), avis.Sujet},
+              {QStringLiteral("server"), NettoieLigne(avis.MotsServeur, Secrets_)},
+              {QStringLiteral("fr"), NettoieLigne(avis.Francais, Secrets_)},
+              {QStringLiteral("en"), NettoieLigne(avis.English, Secrets_)}};
+  Ecrit();
+}
+
+bool EtatModule::RelitAncien() {
+  QByteArray octets;
+  if (LitFichierBorne(Chemin_, kTailleMax, octets) != 0) return false;
+  const QJsonObject ancien = QJsonDocument::fromJson(octets).object();
+  const QString etat = ancien.value(QStringLiteral("state")).toString();
+  if (etat != QLatin1String("ok") && etat != QLatin1String("failure")) return false;
+  for (const char* champ : {"state", "since", "subject", "server", "fr", "en"})
+    Constat_.insert(QLatin1String(champ), ancien.value(QLatin1String(champ)).toString());
+  return true;
+}
+
+void EtatModule::Demarre(qint32 poignee, qint64 maintenant) {
+  Champs_.insert(QStringLiteral("handle"), poignee);
+  Champs_.insert(QStringLiteral("started"), EcritInstant(maintenant));
+  if (RelitAncien())
+    Ecrit();
+  else
+    Change(QStringLiteral("ok"), {});
+}
+
+void EtatModule::NoteChamp(const QString& champ, const QString& valeur) {
+  const bool avant = Champs_.contains(champ);
+  const bool apres = !valeur.isEmpty();
+  if (!avant && !apres) return;
+  const bool pareil = avant && Champs_.value(champ) == valeur;
+  if (pareil && !Retenu_) return;
+  if (apres)
+    Champs_.insert(champ, valeur);
+  else
+    Champs_.remove(champ);
+  // The counter may wrap: the difference is right all the same.
+  const quint32 ecoule = static_cast<quint32>(Temps_.CompteTics()) - EcritA_;
+  Retenu_ = avant == apres && ecoule < kRythme;
+  if (Retenu_) return;
+  if (Constat_.isEmpty())
+    Change(QStringLiteral("ok"), {});
+  else
+    Ecrit();
+}
+
+void EtatModule::Ecrit() {
+  Retenu_ = false;
+  EcritA_ = static_cast<quint32>(Temps_.CompteTics());
+  QJsonObject objet = Champs_;
+  objet.insert(QStringLiteral("program"), Nom_);
+  for (auto champ = Constat_.constBegin(); champ != Constat_.constEnd(); ++champ)
+    objet.insert(champ.key(), champ.value());
   QSaveFile fichier(Chemin_);
   if (!fichier.open(QIODevice::WriteOnly)) return;  // a disk that is full must not take the companion down as well
   fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
@@ -43,7 +105,7 @@ void EtatModule::Signale(const AvisEchec& avis) {
   const bool nouveau = avis.Sujet != Dernier_.Sujet;
   Dernier_ = avis;
   EcritBon_ = false;
-  Ecrit(QStringLiteral("failure"), avis);
+  Change(QStringLiteral("failure"), avis);
   if (!nouveau || !Notifie_) return;
   QString texte = Langue_ == 1 ? avis.English : avis.Francais;
   if (!avis.MotsServeur.isEmpty()) texte += QLatin1Char(' ') + avis.MotsServeur;
@@ -54,7 +116,7 @@ void EtatModule::Efface() {
   Dernier_ = {};
   if (EcritBon_) return;  // said at each success: written once
   EcritBon_ = true;
-  Ecrit(QStringLiteral("ok"), {});
+  Change(QStringLiteral("ok"), {});
 }
 
 void NotifieBureau(const QString& titre, const QString& texte) {

@@ -2,6 +2,7 @@
 // that says what happened, in the server's own words, and what to do.
 #pragma once
 
+#include <QJsonObject>
 #include <QString>
 #include <QStringList>
 #include <functional>
@@ -20,13 +21,27 @@ struct AvisEchec {
 };
 
 /// Writes "<name>.json" into the state folder: mode 0600, replaced whole. Fields: "program", "state" ("ok" or
-/// "failure"), "since" (local date and time), "subject", "server", "fr", "en".
+/// "failure"), "since" (local date and time), "subject", "server", "fr", "en"; once started "handle" and "started"; and
+/// those of the companion itself.
 class EtatModule {
  public:
+  /// Milliseconds between two writings for a field of the companion's own that only got another value.
+  static constexpr qint64 kRythme = 5000;
+
   using Notifieur = std::function<void(const QString& titre, const QString& texte)>;
 
   /// `notifie` shows one notification and returns at once; may be empty.
   EtatModule(const QString& dossier, const QString& nom, const Horloge& temps, Notifieur notifie);
+
+  /// The first of all: from now on the file tells whose it is, by the handle of the command window with which this
+  /// process registers, so that a reader does not take what an earlier one left for news. What failed before, or went
+  /// well, still stands.
+  void Demarre(qint32 poignee, qint64 maintenant);
+  /// A field of the companion's own; an empty `valeur` takes it away. Written at once when it comes or goes, else every
+  /// kRythme at most: a value that has to wait is written by the next call.
+  void NoteChamp(const QString& champ, const QString& valeur);
+  /// A moment as it stands in such a field: ISO 8601, UTC, so that summer time ends without an hour that counts twice.
+  static QString EcritInstant(qint64 millisecondes);
 
   /// Language of the notifications: 0 French, 1 English, any other: French.
   void ChangeLangue(qint32 langue) { Langue_ = langue; }
@@ -41,7 +56,10 @@ class EtatModule {
   const QString& Chemin() const { return Chemin_; }
 
  private:
-  void Ecrit(const QString& etat, const AvisEchec& avis) const;
+  void Change(const QString& etat, const AvisEchec& avis);
+  void Ecrit();
+  QString DonneDate() const;
+  bool RelitAncien();
 
   QString Chemin_;
   QString Nom_;
@@ -49,6 +67,10 @@ class EtatModule {
   Notifieur Notifie_;
   QStringList Secrets_;
   AvisEchec Dernier_;
+  QJsonObject Constat_;  // "state" and what belongs to it, cleaned
+  QJsonObject Champs_;
+  bool Retenu_ = false;  // a value waits
+  quint32 EcritA_ = 0;   // counter of the clock
   bool EcritBon_ = false;
   qint32 Langue_ = 0;
 };

@@ -9,18 +9,6 @@
 
 namespace vaktor {
 
-namespace {
-
-QString TrouveDossierEtat(const QString& dossierPrive) {
-  if (!dossierPrive.isEmpty()) return QDir(dossierPrive).absolutePath() + QStringLiteral("/etat");
-  const QString base = qEnvironmentVariable("XDG_STATE_HOME");
-  // The XDG rules: a relative path is to be ignored.
-  if (QDir::isAbsolutePath(base)) return base + QStringLiteral("/vaktor");
-  return QDir::homePath() + QStringLiteral("/.local/state/vaktor");
-}
-
-}  // namespace
-
 QString DossiersModule::CheminVeille() const {
   return QFileInfo(FichierReglages).absolutePath() + QLatin1Char('/') + kDossierVeille;
 }

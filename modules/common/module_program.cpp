@@ -80,6 +80,7 @@ class Execution {
                                    Module_->Enregistre(tot);
                                  },
                                  [this] { Termine(QStringLiteral("main program gone")); }});
+    Etat_.Demarre(lien.Poignee(), QDateTime::currentMSecsSinceEpoch());
     Module_ = cree(ContexteModule{Dossiers_, Journal_, Etat_, Minuteries_, Temps_,
                                   [&lien](const QString& mot) { lien.Dis(mot); }, [] { QCoreApplication::quit(); }});
     // Only from here on is there something to end tidily; before, a signal simply ends the process.

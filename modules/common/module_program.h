@@ -1,6 +1,7 @@
 // What all companion programs are: the same start, the same life, the same end. A companion itself is a Module.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <functional>
 #include <memory>
@@ -22,8 +23,9 @@ struct ContexteModule {
   EtatModule& Etat;
   FabriqueMinuteries& Minuteries;
   const Horloge& Temps;
-  std::function<void(const QString& mot)> Dis;  ///< a word upward, see LienPrincipal::Dis
-  std::function<void()> Quitte;                 ///< ends the process, from the event loop
+  std::function<void(const QString& mot)> Dis;                              ///< a word upward, see LienPrincipal::Dis
+  std::function<void()> Quitte;                                             ///< ends the process, from the event loop
+  std::function<qint64()> Maintenant = &QDateTime::currentMSecsSinceEpoch;  ///< milliseconds since 1970
 };
 
 /// One companion. All calls come from the event loop, one at a time; what they throw is written to the log and the

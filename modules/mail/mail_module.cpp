@@ -24,8 +24,12 @@ ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
                                                     [this] { TimerPause_->Desactive(); })),
       TimerVeille_(
           contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerVeille"), kRepriseVeille, [this] { PrendVeille(); })),
+      TimerAttente_(
+          contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerAttente"), kRegardAttente, [this] { SuitAttente(); })),
       TimerFin_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerFin"), kFinMax, [this] { Contexte_.Quitte(); })),
-      Poste_(ports.OuvrePoste([this](const RapportEnvoi& rapport) { PrendRapport(rapport); })) {}
+      Poste_(ports.OuvrePoste([this](const RapportEnvoi& rapport) { PrendRapport(rapport); })) {
+  TimerAttente_->Active();
+}
 
 void ModuleMail::PrendReglages(const ReglagesModule& reglages) {
   const ReglagesCourriel nouveaux = TraduitReglages(reglages.Valeurs, Contexte_.Dossiers, Ports_.Autorites);
@@ -33,6 +37,7 @@ void ModuleMail::PrendReglages(const ReglagesModule& reglages) {
     SansAdresse_ = false;
     TimerPause_->Desactive();
   }
+  if (!(nouveaux.Envoi == Reglages_.Envoi)) Refuse_ = 0;  // tried again: it waits in the box like any other
   Reglages_ = nouveaux;
   for (const QString& secret : DonneSecrets(Reglages_.Envoi)) {
     Contexte_.Journal.CacheSecret(secret);
@@ -143,6 +148,18 @@ void ModuleMail::PrendVeille() {
   if (prise.Erreur != 0) SignaleDisque(prise.Erreur);
   if (prise.Pris > 0) Poste_->Reveille();
   prise.Reste ? TimerVeille_->Active() : TimerVeille_->Desactive();
+  SuitAttente();
+}
+
+void ModuleMail::SuitAttente() {
+  std::optional<qint64> plusAncien;
+  for (const std::optional<qint64>& depuis : {Boite_.PlusAncien(), Veille_.PlusAncien()})
+    if (depuis) plusAncien = std::min(*depuis, plusAncien.value_or(*depuis));
+  // A mail that is refused for good waits for other settings. It counts until another one is taken: then it was this
+  // mail's own fault, and no sign that none arrives.
+  if (Refuse_ != 0) plusAncien = std::min(Refuse_, plusAncien.value_or(Refuse_));
+  Contexte_.Etat.NoteChamp(QStringLiteral("waiting_since"),
+                           plusAncien ? EtatModule::EcritInstant(*plusAncien) : QString());
 }
 
 void ModuleMail::PrendRapport(const RapportEnvoi& rapport) {
@@ -155,6 +172,9 @@ void ModuleMail::PrendRapport(const RapportEnvoi& rapport) {
     Contexte_.Etat.Efface();
   else
     Signale(r);
+  if (r.Accepte) Refuse_ = 0;
+  if (r.Definitif && r.Cause != CauseEchec::kAbandonne && Refuse_ == 0) Refuse_ = Ports_.Maintenant();
+  SuitAttente();
 }
 
 void ModuleMail::Signale(const ResultatEnvoi& resultat) {

@@ -34,6 +34,7 @@ class ModuleMail : public Module {
   static constexpr int kRecoltes = 5;      ///< looks, at the most
   static constexpr qint32 kPause = 5 * 60 * 1000;
   static constexpr qint32 kRepriseVeille = 60'000;  ///< until messages of the watch that could not be taken are tried
+  static constexpr qint32 kRegardAttente = 10'000;  ///< between two looks for what waits
   static constexpr qint32 kFinMax = 15'000;         ///< milliseconds that a mail under way is given at our end
 
   ModuleMail(const ContexteModule& contexte, const PortsMail& ports);
@@ -51,6 +52,8 @@ class ModuleMail : public Module {
   bool EcritBrouillon(const ChoixPhotos& choix);
   ChoixPhotos Choisit() const;
   void PrendVeille();
+  /// "waiting_since" of the status file: when the oldest mail that waits was made.
+  void SuitAttente();
   void PrendRapport(const RapportEnvoi& rapport);
   void Signale(const ResultatEnvoi& resultat);
   void SignaleDisque(int erreur);
@@ -72,7 +75,9 @@ class ModuleMail : public Module {
   bool SansAdresse_ = false;  // the row could not be made; the next settings may help
   std::unique_ptr<Minuterie> TimerRecolte_;
   std::unique_ptr<Minuterie> TimerPause_;
+  qint64 Refuse_ = 0;  // when a server refused a mail for good, and none has been taken since; 0: not so
   std::unique_ptr<Minuterie> TimerVeille_;
+  std::unique_ptr<Minuterie> TimerAttente_;
   std::unique_ptr<Minuterie> TimerFin_;
   std::unique_ptr<Poste> Poste_;  // last: its reports come to a whole module
 };

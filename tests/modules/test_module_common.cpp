@@ -135,6 +135,72 @@ TEST_F(Etats, TheVerySameStateIsWrittenOnce) {
   EXPECT_FALSE(QFile::exists(Etat.Chemin()));
 }
 
+TEST_F(Etats, FromTheStartItTellsWhoseItIs) {
+  Etat.Demarre(4711, 1'763'211'909'000);
+  EXPECT_EQ(Fichier()["handle"], 4711);
+  EXPECT_EQ(Fichier()["started"], "2025-11-15T13:05:09Z");
+  EXPECT_EQ(Fichier()["state"], "ok");
+  EXPECT_EQ(Fichier()["program"], "VAKTORessai");
+  Etat.Signale(Login);
+  EXPECT_EQ(Fichier()["handle"], 4711);
+  EXPECT_EQ(Fichier()["state"], "failure");
+}
+
+TEST_F(Etats, WhatFailedBeforeARestartStillStandsButNotAnEarlierCompanionsOwnFields) {
+  Etat.Demarre(4711, 0);
+  Etat.Signale(Login);
+  Etat.NoteChamp("live_since", "x");
+  EtatModule suivant(Temporaire.path(), "VAKTORessai", Horloge, {});
+  suivant.Demarre(4712, 0);
+  EXPECT_EQ(Fichier()["handle"], 4712);
+  EXPECT_EQ(Fichier()["state"], "failure");
+  EXPECT_EQ(Fichier()["since"], "2020-01-02 09:05:03");
+  EXPECT_EQ(Fichier()["server"], "535 wrong");
+  EXPECT_FALSE(Fichier().contains("live_since"));
+  suivant.Efface();
+  EXPECT_EQ(Fichier()["state"], "ok");
+}
+
+TEST_F(Etats, ADamagedFileOfAnEarlierRunIsReplaced) {
+  for (const QByteArray& reste : {QByteArray("{\"state\": 3}"), QByteArray("{\"state"), QByteArray(200'000, '[')}) {
+    ASSERT_TRUE(EcritOctets(Etat.Chemin(), reste));
+    EtatModule suivant(Temporaire.path(), "VAKTORessai", Horloge, {});
+    suivant.Demarre(4712, 0);
+    EXPECT_EQ(Fichier()["state"], "ok");
+    EXPECT_EQ(Fichier()["handle"], 4712);
+  }
+}
+
+TEST_F(Etats, AFieldThatComesOrGoesIsWrittenAtOnceANewValueSeldom) {
+  Etat.Demarre(4711, 0);
+  Etat.NoteChamp("live_published", "1");
+  EXPECT_EQ(Fichier()["live_published"], "1");
+  EXPECT_EQ(Mode(Etat.Chemin()), 0600U);
+  int ecritures = 0;
+  for (int i = 2; i <= 100; ++i) {  // an image each half second
+    Horloge.Millisecondes += 500;
+    const QByteArray avant = LitTexte(Etat.Chemin()).toUtf8();
+    Etat.NoteChamp("live_published", QString::number(i));
+    ecritures += LitTexte(Etat.Chemin()).toUtf8() == avant ? 0 : 1;
+    EXPECT_GE(Fichier()["live_published"].toString().toInt(), i - 10) << "no further behind than five seconds";
+  }
+  EXPECT_EQ(ecritures, 9);
+  Etat.NoteChamp("live_published", {});
+  EXPECT_FALSE(Fichier().contains("live_published"));
+  ASSERT_TRUE(QFile::remove(Etat.Chemin()));
+  Etat.NoteChamp("live_published", {});
+  EXPECT_FALSE(QFile::exists(Etat.Chemin())) << "nothing new";
+}
+
+TEST_F(Etats, AValueThatHadToWaitIsWrittenThoughItIsTheSame) {
+  Etat.NoteChamp("waiting_since", "1");
+  Etat.NoteChamp("waiting_since", "2");
+  EXPECT_EQ(Fichier()["waiting_since"], "1");
+  Horloge.Millisecondes += EtatModule::kRythme;
+  Etat.NoteChamp("waiting_since", "2");
+  EXPECT_EQ(Fichier()["waiting_since"], "2");
+}
+
 TEST_F(Etats, NoSecretInFileOrNotification) {
   Etat.CacheSecret("geheim");
   Etat.Signale({"x", "no user geheim", "geheim", "geheim"});

@@ -1,5 +1,6 @@
 // The companion's rules in virtual time: rows, pauses, photos that come, what the user is told.
 #include "modules/mail/mail_module_bench.h"
+#include "modules/mail/watch_message.h"
 
 namespace vaktor::essai {
 namespace {
@@ -119,6 +120,53 @@ TEST_F(Mail, AFailureIsToldInTheServersWordsWithoutThePassword) {
   }
   Rapporte({"x", {.Accepte = true}, 0});
   EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("\"ok\""));
+}
+
+TEST_F(Mail, TheStatusFileTellsSinceWhenAMailWaits) {
+  const auto attendDepuis = [this] {
+    return QJsonDocument::fromJson(LitOctets(Etat.Chemin())).object().value("waiting_since").toString();
+  };
+  const QString debut = EtatModule::EcritInstant(Debut);
+  Intrusion();
+  Temps.Avance(15'000);
+  EXPECT_EQ(attendDepuis(), debut);
+  Temps.Avance(ModuleMail::kPause);
+  Intrusion();
+  Temps.Avance(15'000);
+  EXPECT_EQ(attendDepuis(), debut) << "the oldest";
+  Boite.Acheve(Boite.Liste().first().Nom);
+  Rapporte({"x", {.Accepte = true}, 0});
+  Temps.Avance(15'000);
+  EXPECT_EQ(attendDepuis(), EtatModule::EcritInstant(Debut + 15'000 + ModuleMail::kPause));
+  Boite.Acheve(Boite.Liste().first().Nom);
+  Rapporte({"x", {.Accepte = true}, 0});
+  EXPECT_EQ(attendDepuis(), "") << "at once";
+}
+
+TEST_F(Mail, AMessageOfTheWatchThatCannotBecomeAMailWaitsToo) {
+  Reglages.Valeurs.MailDestination.clear();
+  Module->PrendReglages(Reglages);
+  QDir().mkpath(Temporaire.filePath("veille"));
+  ASSERT_TRUE(EcritOctets(Temporaire.filePath(QStringLiteral("veille/%1-1.json").arg(Debut)),
+                          QJsonDocument(MessageDeVeille()).toJson()));
+  Module->ExecuteCommande("Veill");
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains(EtatModule::EcritInstant(Debut).toUtf8()));
+}
+
+TEST_F(Mail, ARefusalForGoodWaitsUntilAnotherMailIsTakenOrOtherSettingsCome) {
+  const auto attend = [this] { return LitOctets(Etat.Chemin()).contains("waiting_since"); };
+  const RapportEnvoi refus{"x", {.Definitif = true, .Cause = CauseEchec::kDestinataireRefuse, .Code = 550}, 0};
+  Rapporte(refus);
+  EXPECT_TRUE(attend());
+  Rapporte({"y", {.Accepte = true}, 0});
+  EXPECT_FALSE(attend());
+  Rapporte(refus);
+  EXPECT_TRUE(attend());
+  Reglages.Valeurs.SmtpServeur = "autre.exemple.fr";
+  Module->PrendReglages(Reglages);
+  EXPECT_FALSE(attend()) << "it is tried again";
+  Rapporte({"x", {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
+  EXPECT_FALSE(attend()) << "given up, it waits no longer";
 }
 
 TEST_F(Mail, AnOutboxThatCannotBeWrittenIsToldAndTheCompanionGoesOn) {

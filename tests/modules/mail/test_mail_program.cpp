@@ -22,8 +22,8 @@ TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
   EXPECT_EQ(lu["subject"].toString(), QString::fromUtf8("Intrusion détectée"));
   EXPECT_EQ(lu["body"].toString(), QString::fromUtf8("Là\nmaintenant"));
   EXPECT_EQ(lu["names"].toArray(), QJsonArray{"2026-11-15  14-05-09 Photo 00003.jpg"});
-  EXPECT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("\"ok\""); }));
-  EXPECT_TRUE(EnAttente().isEmpty());
+  EXPECT_TRUE(AttendQue([this] { return EnAttente().isEmpty(); }));
+  EXPECT_TRUE(LitEtat("VAKTORmail.json").contains("\"ok\""));
   Envois.EnvoiMail("Quit*");
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitCode(), 0);

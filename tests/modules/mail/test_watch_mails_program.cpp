@@ -54,6 +54,24 @@ TEST_F(VeilleDuProgramme, MadeLaterItArrivesBeforeTheAlarmMailThatWaited) {
   EXPECT_EQ(LitCourriel(Serveur.Message(1))["subject"].toString(), QString::fromUtf8("Intrusion détectée"));
 }
 
+TEST_F(VeilleDuProgramme, TheStatusFileTellsWhoseItIsAndWhatWaits) {
+  const auto etat = [this] { return QJsonDocument::fromJson(LitEtat("VAKTORmail.json")).object(); };
+  Serveur.Arrete();
+  Lance();
+  EXPECT_EQ(etat()["handle"].toInt(), Etat.HandleMail) << "what it has registered with";
+  EXPECT_FALSE(etat().contains("waiting_since"));
+  Pose(1);
+  Envois.EnvoiMail("Veill");
+  ASSERT_TRUE(AttendQue([&] { return etat().contains("waiting_since"); }));
+  const QDateTime depuis = QDateTime::fromString(etat()["waiting_since"].toString(), Qt::ISODate);
+  EXPECT_LT(depuis.secsTo(QDateTime::currentDateTimeUtc()), 60);
+  ASSERT_TRUE(Serveur.Demarre());
+  Regle("smtpuser", "autre");
+  Magasin.Vide();
+  Envois.EnvoiMail("Optio");
+  EXPECT_TRUE(AttendQue([&] { return !etat().contains("waiting_since"); }));
+}
+
 /// Kills the companion at any moment while it takes messages.
 TEST_F(VeilleDuProgramme, KilledWhileItTakesThemEachMessageBecomesOneMail) {
   constexpr int kMorts = 25;
