@@ -54,10 +54,15 @@ void ModuleFtp::PrendReglages(const ReglagesModule& reglages) {
   Incomplet_ = lu.Manque != ManqueAcces::kRien;
   Page_.Langue = valeurs.LangueCourante;
   Page_.Couleur = valeurs.IndexCouleurPage;
-  Page_.Intervalle = LitIntervalle(valeurs.IntervalleFtp);
+  const qint32 intervalle = LitIntervalle(valeurs.IntervalleFtp);
+  // The page tells an old image by the interval: with the wrong one it would call a new one old.
+  if (ReglagesRecus_ && intervalle != Page_.Intervalle) PagePerimee_ = true;
+  ReglagesRecus_ = true;
+  Page_.Intervalle = intervalle;
   Page_.Largeur = LitTaille(reglages.Largeur, ContenuPage().Largeur);
   Page_.Hauteur = LitTaille(reglages.Hauteur, ContenuPage().Hauteur);
   PhotosPage_ = BornePhotos(valeurs.NbrPhotosPage);
+  Avance();
 }
 
 void ModuleFtp::Enregistre(bool tot) {
@@ -87,6 +92,8 @@ void ModuleFtp::Connecte() {
   Etabli_ = DejaPublie_ = false;
   Essai_ = 0;
   Refus_ = Coupures_ = 0;
+  LivePublie_ = {};  // it may be another server
+  Contexte_.Etat.NoteChamp(QStringLiteral("live_since"), EtatModule::EcritInstant(Contexte_.Maintenant()));
   LanceConnexion();
 }
 
@@ -97,6 +104,10 @@ void ModuleFtp::DemandeLive() {
   else if (Lien_ != Lien::kConnecte)
     DisEtat();
   if (Lien_ == Lien::kArrete) return;
+  if (Lien_ == Lien::kConnecte && !EstLiveNeuf()) {
+    Contexte_.Dis(QStringLiteral("ConOK"));  // still ready for frames
+    return;
+  }
   LiveDemande_ = true;
   Avance();
 }
@@ -177,6 +188,7 @@ void ModuleFtp::Arrete(const QString& mot) {
   Lien_ = Lien::kArrete;
   MotArret_ = mot;
   LiveDemande_ = PageDemandee_ = false;
+  for (const char* champ : {"live_since", "live_published"}) Contexte_.Etat.NoteChamp(QLatin1String(champ), QString());
   for (Minuterie* minuterie : {TimerReprise_.get(), TimerSigne_.get(), TimerCalme_.get(), TimerPausePhotos_.get()})
     minuterie->Desactive();
   TimerPhotos_->ChangeIntervalle(kRegardLent);
@@ -186,7 +198,7 @@ void ModuleFtp::Arrete(const QString& mot) {
 }
 
 void ModuleFtp::Termine() {
-  Ouvrier_->Coupe();
+  Arrete(QString());
   Ouvrier_.reset();
   Contexte_.Quitte();
 }

@@ -1,6 +1,7 @@
 // The FTP companion's rules: when to connect, what goes first, what is said to the main program.
 #pragma once
 
+#include <QFileInfo>
 #include <array>
 #include <memory>
 
@@ -30,6 +31,8 @@ class ModuleFtp : public Module {
   static constexpr qint32 kRegardLent = 30000;   ///< while not connected, for the bound on what waits
   static constexpr qint32 kPausePhotos = 60000;  ///< without photos after one that was refused
   static constexpr qint32 kRythmePage = 10000;   ///< between two pages that were renewed by themselves
+  static constexpr int kIntervallesNeuf = 3;     ///< intervals after which a live image is not new any more
+  static constexpr qint32 kNeufMin = 5000;       ///< but at least so long, milliseconds
   static constexpr qint32 kCalme = 1500;         ///< after an upload, until "monitoring active" is shown again
 
   ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp> ouvrier);
@@ -50,6 +53,9 @@ class ModuleFtp : public Module {
   // Commands.
   void Connecte();
   void DemandeLive();
+  /// Whether the live image on disk may be published. What lies there after a connection was lost, or after the camera
+  /// was, was published before or is old: with the server's time of now it would look alive.
+  bool EstLiveNeuf() const;
   void DemandePage();
   /// "connecting", "no connection" or the word that ended it: what is true while nothing can be uploaded.
   void DisEtat();
@@ -73,6 +79,7 @@ class ModuleFtp : public Module {
   /// The answer to a live image or a page that the server would not take.
   void RefuseEnvoi(const ResultatFtp& resultat);
   void RegardePhotos();
+  QFileInfo LiveSurDisque() const;
   ContenuPage CreeContenu() const;
 
   void Signale(const AvisEchec& avis, bool desPhotos);
@@ -87,6 +94,7 @@ class ModuleFtp : public Module {
   qint32 PhotosPage_ = 0;
   AccesFtp Voulu_;  // as the store has it now
   bool Incomplet_ = true;
+  bool ReglagesRecus_ = false;
   AccesFtp Acces_;  // as it was at "Conne"
 
   Lien Lien_ = Lien::kArrete;
@@ -99,6 +107,15 @@ class ModuleFtp : public Module {
   int Coupures_ = 0;
 
   bool LiveDemande_ = false;
+  /// A state of the file on disk. Both, since some file systems keep the time to two seconds only.
+  struct EtatFichier {
+    qint64 Date = -1;
+    qint64 Octets = -1;
+    bool operator==(const EtatFichier&) const = default;
+  };
+  static EtatFichier DonneEtat(const QFileInfo& fichier);
+  EtatFichier LiveEnvoye_;  // under way
+  EtatFichier LivePublie_;  // last
   bool PageDemandee_ = false;
   bool PagePerimee_ = false;
   bool TourPhoto_ = false;

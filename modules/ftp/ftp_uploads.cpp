@@ -1,12 +1,32 @@
 // What goes to the server, in which order, and what is said about it.
 #include "modules/ftp/ftp_module.h"
 
+#include <QDateTime>
+#include <algorithm>
+
 namespace vaktor {
 
 void ModuleFtp::Avance() {
   if (Lien_ != Lien::kConnecte || Tache_ != Tache::kAucune) return;
+  if (LiveDemande_ && !EstLiveNeuf()) LiveDemande_ = false;
   const Tache tache = ChoisitTache();
   if (tache != Tache::kAucune) Execute(tache);
+}
+
+QFileInfo ModuleFtp::LiveSurDisque() const {
+  return QFileInfo(Contexte_.Dossiers.CheminTemp() + QStringLiteral("/Live.jpg"));
+}
+
+ModuleFtp::EtatFichier ModuleFtp::DonneEtat(const QFileInfo& fichier) {
+  return {fichier.lastModified().toMSecsSinceEpoch(), fichier.size()};
+}
+
+bool ModuleFtp::EstLiveNeuf() const {
+  const QFileInfo live = LiveSurDisque();
+  if (!live.exists()) return true;  // the worker finds that out, and says what it says
+  const EtatFichier etat = DonneEtat(live);
+  const qint64 age = Contexte_.Maintenant() - etat.Date;
+  return !(etat == LivePublie_) && age <= std::max(kIntervallesNeuf * qint64{Page_.Intervalle}, qint64{kNeufMin});
 }
 
 ModuleFtp::Tache ModuleFtp::ChoisitTache() const {
@@ -22,7 +42,10 @@ ModuleFtp::Tache ModuleFtp::ChoisitTache() const {
 void ModuleFtp::Execute(Tache tache) {
   Tache_ = tache;
   TimerCalme_->Desactive();
-  if (tache == Tache::kLive) LiveDemande_ = false;  // one that comes from now on is a newer one
+  if (tache == Tache::kLive) {
+    LiveDemande_ = false;  // one that comes from now on is a newer one
+    LiveEnvoye_ = DonneEtat(LiveSurDisque());
+  }
   if (tache == Tache::kPageDemandee || tache == Tache::kPageSeule) PagePerimee_ = false;
   if (tache == Tache::kLive || tache == Tache::kPageDemandee) Contexte_.Dis(QStringLiteral("Uploa"));
   TourPhoto_ = tache == Tache::kLive;
@@ -46,7 +69,7 @@ TravailFtp ModuleFtp::CreeTravail(Tache tache) const {
       break;
     case Tache::kLive:
       travail.Genre = GenreTravail::kFichier;
-      travail.Source = Contexte_.Dossiers.CheminTemp() + QStringLiteral("/Live.jpg");
+      travail.Source = LiveSurDisque().filePath();
       travail.Nom = kNomLive;
       break;
     case Tache::kPhoto:
@@ -106,6 +129,8 @@ void ModuleFtp::FinitLive(const ResultatFtp& resultat) {
     // Caught in the middle of being rewritten, five times: the next one will do.
     Contexte_.Dis(QStringLiteral("ConOK"));
   } else {
+    LivePublie_ = LiveEnvoye_;
+    Contexte_.Etat.NoteChamp(QStringLiteral("live_published"), EtatModule::EcritInstant(Contexte_.Maintenant()));
     Reussit(false);
     Contexte_.Dis(QStringLiteral("UplOK"));
     TimerCalme_->Active();

@@ -12,6 +12,9 @@ namespace {
 constexpr qint32 kIntervalleMin = 500;
 constexpr qint32 kIntervalleMax = 3600000;
 constexpr qint32 kGris = 3;
+// Servers keep the time of a file to the second, and an upload takes its time too: three intervals of half a second
+// would be over again and again on a page that lives.
+constexpr qint32 kPerimeMin = 5000;
 
 /// Background and accent, for light and for dark screens. Text is nearly black or nearly white on all of them.
 struct Teinte {
@@ -31,7 +34,7 @@ constexpr std::array<Teinte, 7> kTeintes = {{
 }};
 
 struct Mots {
-  const char *Langue, *Titre, *Camera, *Photos, *Aucune, *Photo, *Panne, *Date;
+  const char *Langue, *Titre, *Camera, *Photos, *Aucune, *Photo, *Panne, *Recue, *Ancienne, *Date;
 };
 constexpr Mots kFrancais = {"fr",
                             "Vaktor en direct",
@@ -40,6 +43,8 @@ constexpr Mots kFrancais = {"fr",
                             "Aucune photo pour le moment.",
                             "Photo d’alarme du",
                             "L’image n’arrive pas pour le moment.",
+                            "Image reçue il y a %.",
+                            "Cette image est ancienne : elle n’est plus renouvelée.",
                             "dd/MM/yyyy HH:mm:ss"};
 constexpr Mots kAnglais = {"en",
                            "Vaktor live",
@@ -48,6 +53,8 @@ constexpr Mots kAnglais = {"en",
                            "No photo so far.",
                            "Alarm photo of",
                            "The picture does not come at the moment.",
+                           "Picture received % ago.",
+                           "This picture is old: it is not renewed any more.",
                            "yyyy-MM-dd HH:mm:ss"};
 
 constexpr const char* kPage = R"(<!DOCTYPE html>
@@ -72,7 +79,9 @@ h1 { font-size: 1.5rem; }
 h2 { font-size: 1.2rem; }
 #direct { margin: 1rem 0; text-align: center; }
 #live { max-width: 100%; height: auto; border-radius: .5rem; background: #000; }
-#panne { min-height: 1.5rem; margin: 0; }
+#age, #panne { min-height: 1.5rem; margin: 0; }
+#age { font-variant-numeric: tabular-nums; }
+#panne { font-weight: bold; color: var(--accent); }
 #photos ul { display: grid; grid-template-columns: repeat(auto-fill, minmax(min(9.5rem, 100%), 1fr)); gap: .75rem;
   margin: 0; padding: 0 0 2rem; list-style: none; }
 #photos a { display: block; color: inherit; text-decoration: none; border-radius: .5rem; }
@@ -84,8 +93,9 @@ h2 { font-size: 1.2rem; }
 <body>
 <header><h1>@titre@</h1></header>
 <main>
-<div id="direct">
+<div id="direct" data-intervalle="@intervalle@">
 <img id="live" src="@live@" width="@largeur@" height="@hauteur@" alt="@camera@">
+<p id="age"></p>
 <p id="panne" role="status"></p>
 </div>
 <section id="photos">
@@ -95,36 +105,71 @@ h2 { font-size: 1.2rem; }
 </main>
 <script>
 (function () {
-  var live = document.getElementById("live"), panne = document.getElementById("panne"), echecs = 0;
-  function attend() { setTimeout(charge, @intervalle@); }
+  var live = document.getElementById("live"), age = document.getElementById("age");
+  var panne = document.getElementById("panne"), echecs = 0, recue = null, minuterie;
+  function lit(page) { return Number(page.getElementById("direct").dataset.intervalle); }
+  var intervalle = lit(document);
+  function attend() { clearTimeout(minuterie); minuterie = setTimeout(charge, intervalle); }
+  function ecrit(ou, mots) { if (ou.textContent !== mots) { ou.textContent = mots; } }
+  function duree(s) {
+    if (s < 60) { return s + " s"; }
+    if (s < 3600) { return Math.floor(s / 60) + " min " + s % 60 + " s"; }
+    return Math.floor(s / 3600) + " h " + Math.floor(s % 3600 / 60) + " min";
+  }
+  function dis() {
+    var ms = recue === null ? 0 : Math.max(0, Date.now() - recue);
+    ecrit(age, recue === null ? "" : "@recue@".replace("%", duree(Math.floor(ms / 1000))));
+    ecrit(panne, echecs > 2 ? "@panne@" : ms > Math.max(3 * intervalle, @perimemin@) ? "@ancienne@" : "");
+  }
+  function demande(suite) {
+    var fini = false;
+    function rends(quand) { if (!fini) { fini = true; suite(quand); } }
+    setTimeout(function () { rends(null); }, 10000);
+    fetch("@live@?" + Date.now(), { method: "HEAD", cache: "no-store" }).then(function (reponse) {
+      var dit = Date.parse(reponse.headers.get("Date")), fait = Date.parse(reponse.headers.get("Last-Modified"));
+      rends(!reponse.ok || isNaN(dit) || isNaN(fait) ? null : Date.now() - Math.max(0, dit - fait));
+    }).catch(function () { rends(null); });
+  }
   function charge() {
+    clearTimeout(minuterie);
     if (document.hidden) { attend(); return; }
-    var image = new Image();
-    image.onload = function () {
-      ["id", "width", "height", "alt"].forEach(function (nom) { image.setAttribute(nom, live.getAttribute(nom)); });
-      live.replaceWith(image);
-      live = image;
-      echecs = 0;
-      panne.textContent = "";
-      attend();
-    };
-    image.onerror = function () {
-      echecs += 1;
-      if (echecs > 2) { panne.textContent = "@panne@"; }
-      attend();
-    };
-    image.src = "@live@?" + Date.now();
+    minuterie = setTimeout(charge, Math.max(intervalle, 60000));
+    demande(function (quand) {
+      var image = new Image();
+      image.onload = function () {
+        ["id", "width", "height", "alt"].forEach(function (nom) { image.setAttribute(nom, live.getAttribute(nom)); });
+        live.replaceWith(image);
+        live = image;
+        echecs = 0;
+        recue = quand;
+        dis();
+        attend();
+      };
+      image.onerror = function () {
+        echecs += 1;
+        dis();
+        attend();
+      };
+      image.src = "@live@?" + Date.now();
+    });
   }
   function relit() {
     if (document.hidden) { return; }
     fetch(location.pathname, { cache: "no-store" }).then(function (reponse) { return reponse.text(); })
       .then(function (texte) {
-        var neuves = new DOMParser().parseFromString(texte, "text/html").getElementById("photos");
+        var page = new DOMParser().parseFromString(texte, "text/html"), neuves = page.getElementById("photos");
+        if (page.getElementById("direct")) { intervalle = lit(page) || intervalle; }
         var anciennes = document.getElementById("photos");
         if (neuves && neuves.innerHTML !== anciennes.innerHTML) { anciennes.replaceWith(document.adoptNode(neuves)); }
       }).catch(function () {});
   }
+  demande(function (quand) {
+    if (recue === null) { recue = quand; }
+    dis();
+  });
   attend();
+  document.addEventListener("visibilitychange", function () { if (!document.hidden) { charge(); } });
+  setInterval(dis, 1000);
   setInterval(relit, 60000);
 }());
 </script>
@@ -165,6 +210,9 @@ QByteArray CreePageLive(const ContenuPage& contenu) {
   met("camera", QString::fromUtf8(mots.Camera));
   met("photos", QString::fromUtf8(mots.Photos));
   met("panne", QString::fromUtf8(mots.Panne));
+  met("recue", QString::fromUtf8(mots.Recue));
+  met("ancienne", QString::fromUtf8(mots.Ancienne));
+  met("perimemin", QString::number(kPerimeMin));
   met("fondclair", QString::fromUtf8(teinte.FondClair));
   met("accentclair", QString::fromUtf8(teinte.AccentClair));
   met("fondsombre", QString::fromUtf8(teinte.FondSombre));

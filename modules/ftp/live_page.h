@@ -21,7 +21,9 @@ struct ContenuPage {
 };
 
 /// UTF-8. With a script the live image is replaced once the next one has loaded whole; without one the page loads
-/// itself again.
+/// itself again. The script tells how old the image is, by two times of the server's own: that of the file and that of
+/// the answer (RFC 9110, Last-Modified and Date), so that a visitor's clock need not be right. It says in words that
+/// the image is old once three intervals are over, and says nothing of it where the server tells no times.
 QByteArray CreePageLive(const ContenuPage& contenu);
 
 /// "10", "0,5" or "0.5" seconds to milliseconds, 500 at least and an hour at most; what is no number counts as 10 s.

@@ -9,7 +9,8 @@ import html5lib
 
 KNOWN = {
     "a": {"href"}, "html": {"lang"}, "meta": {"charset", "name", "content", "http-equiv"}, "p": {"id", "role"},
-    "img": {"id", "src", "alt", "width", "height", "loading"}, "time": {"datetime"}, "div": {"id"}, "section": {"id"},
+    "img": {"id", "src", "alt", "width", "height", "loading"}, "time": {"datetime"}, "div": {"id", "data-intervalle"},
+    "section": {"id"},
 }
 page = sys.stdin.buffer.read()
 parser = html5lib.HTMLParser(strict=True, namespaceHTMLElements=False)

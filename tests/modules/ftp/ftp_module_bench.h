@@ -5,6 +5,8 @@
 
 #include <QDir>
 #include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
 #include <QTemporaryDir>
 
 #include "modules/ftp/ftp_module.h"
@@ -32,6 +34,7 @@ struct OuvrierFaux : OuvrierFtp {
 };
 
 struct Ftp : BancModule {
+  const qint64 DebutReel = QDateTime::currentMSecsSinceEpoch();
   QStringList Mots;
   OuvrierFaux* Ouvrier = nullptr;
   std::unique_ptr<ModuleFtp> Module;
@@ -52,10 +55,20 @@ struct Ftp : BancModule {
     Ouvrier = ouvrier.get();
     Module = std::make_unique<ModuleFtp>(
         ContexteModule{Dossiers, Journal, Etat, Temps, Horloge, [this](const QString& mot) { Mots << mot; },
-                       [this] { Mots << QStringLiteral("quitte"); }},
+                       [this] { Mots << QStringLiteral("quitte"); }, [this] { return Maintenant(); }},
         std::move(ouvrier));
     Module->PrendReglages(Reglages);
   }
+  qint64 Maintenant() const { return DebutReel + Horloge.Millisecondes; }
+  /// As the main program does, `age` milliseconds ago.
+  void PoseLive(qint64 age = 0) {
+    QFile live(Temporaire.filePath("Temp/Live.jpg"));
+    ASSERT_TRUE(live.open(QIODevice::WriteOnly));
+    live.write("x");
+    live.flush();
+    live.setFileTime(QDateTime::fromMSecsSinceEpoch(Maintenant() - age), QFileDevice::FileModificationTime);
+  }
+  QJsonObject EtatLu() const { return QJsonDocument::fromJson(LitOctets(Temporaire.filePath("ftp.json"))).object(); }
   /// The words said since the last look.
   QString Dits() { return std::exchange(Mots, {}).join(u' '); }
   QString Dit(const QString& commande) {

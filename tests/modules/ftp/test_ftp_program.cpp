@@ -4,7 +4,10 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 
+#include <QDateTime>
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include "modules/ftp/ftp_test_server.h"
 #include "settings/password_scrambling.h"
@@ -145,9 +148,23 @@ TEST_F(ProgrammeFtp, AConnectionCutInMidTransferIsTakenUpAgain) {
   EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
 }
 
+TEST_F(ProgrammeFtp, AnImageThatIsThereAlreadyIsNotPublishedUnderANewTime) {
+  ConnecteEtPublie();
+  ASSERT_TRUE(QFile::remove(Serveur.Chemin("live.jpg")));
+  Envois.EnvoiFTP("Surve");
+  ASSERT_TRUE(AttendStatut(36)) << "ready for the next";
+  EXPECT_FALSE(QFile::exists(Serveur.Chemin("live.jpg")));
+  const QJsonObject etat = QJsonDocument::fromJson(EtatEcrit().toUtf8()).object();
+  EXPECT_EQ(etat["handle"].toInt(), Etat.HandleFTP) << "what it has registered with";
+  const QDateTime publie = QDateTime::fromString(etat["live_published"].toString(), Qt::ISODate);
+  ASSERT_TRUE(publie.isValid()) << EtatEcrit().toStdString();
+  EXPECT_LT(publie.secsTo(QDateTime::currentDateTimeUtc()), 60);
+}
+
 TEST_F(ProgrammeFtp, AFullServerIsToldAndRecoveredFrom) {
   ConnecteEtPublie();
   Serveur.Dit("full");
+  PoseLive(2);
   Envois.EnvoiFTP("Surve");
   ASSERT_TRUE(AttendStatut(36)) << "connected, which is true, and no upload done";
   ASSERT_TRUE(AttendQue([this] { return EtatEcrit().contains("552 Quota exceeded, *** or not."); }));

@@ -23,6 +23,96 @@ TEST_F(Ftp, OfManyImagesOnlyTheNewestCounts) {
   EXPECT_FALSE(Ouvrier->EnCours());
 }
 
+TEST_F(Ftp, AnImageThatWasPublishedIsNotPublishedAgain) {
+  Connecte();
+  PoseLive();
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+  Temps.Avance(1000);
+  EXPECT_EQ(Dit("Surve"), "ConOK") << "ready for the next";
+  EXPECT_FALSE(Ouvrier->EnCours());
+  PoseLive();
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+}
+
+TEST_F(Ftp, AfterAReconnectionTheLastImageGetsNoNewTime) {
+  Connecte();
+  PoseLive();
+  Dit("Surve");
+  Finit(IssueFtp::kReussi);
+  Temps.Avance(1000);
+  PoseLive();
+  Dit("Surve");
+  EXPECT_EQ(Finit(IssueFtp::kPasDeConnexion), "Netdc") << "it is still wanted";
+  qint64 attente = 0;
+  while (!Ouvrier->EnCours()) Temps.Avance(1000), attente += 1000;
+  ASSERT_LT(attente, 3 * 10'000);
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK Uploa") << "and new enough";
+  EXPECT_EQ(Finit(IssueFtp::kPasDeConnexion), "Netdc");
+  Temps.Avance(1000);
+  for (int i = 0; i < 5; ++i) {
+    while (!Ouvrier->EnCours()) Temps.Avance(1000);
+    EXPECT_EQ(Finit(IssueFtp::kPasDeConnexion), "Netdc");
+  }
+  while (!Ouvrier->EnCours()) Temps.Avance(1000);
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK") << "three intervals are over";
+  EXPECT_FALSE(Ouvrier->EnCours());
+  EXPECT_EQ(Dit("Surve"), "ConOK") << "what the main program asks for a minute after \"Netdc\"";
+  PoseLive();
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+}
+
+TEST_F(Ftp, HowOldAnImageMayBeFollowsTheInterval) {
+  for (const auto& [intervalle, age] : {std::pair("10", 30'000), std::pair("0,5", 5'000), std::pair("60", 180'000)}) {
+    Reglages.Valeurs.IntervalleFtp = intervalle;
+    Module->PrendReglages(Reglages);
+    Connecte();
+    PoseLive(age + 1);
+    EXPECT_EQ(Dit("Surve"), "ConOK") << intervalle;
+    PoseLive(age);
+    EXPECT_EQ(Dit("Surve"), "Uploa") << intervalle;
+  }
+}
+
+TEST_F(Ftp, AnotherServerGetsTheImageTheFirstHas) {
+  Connecte();
+  PoseLive();
+  Dit("Surve");
+  Finit(IssueFtp::kReussi);
+  Connecte();
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+}
+
+TEST_F(Ftp, TheStatusFileTellsWhenTheLastImageWasPublished) {
+  EXPECT_FALSE(EtatLu().contains("live_since"));
+  Connecte();
+  EXPECT_EQ(EtatLu()["live_since"].toString(), EtatModule::EcritInstant(Maintenant()));
+  EXPECT_FALSE(EtatLu().contains("live_published"));
+  Temps.Avance(7'000);
+  PoseLive();
+  Dit("Surve");
+  Finit(IssueFtp::kPasDeConnexion);
+  EXPECT_FALSE(EtatLu().contains("live_published")) << "it did not arrive";
+  Temps.Avance(2'000);
+  Finit(IssueFtp::kReussi);
+  Finit(IssueFtp::kReussi);
+  EXPECT_EQ(EtatLu()["live_published"].toString(), EtatModule::EcritInstant(Maintenant()));
+  EXPECT_EQ(EtatLu()["live_since"].toString(), EtatModule::EcritInstant(Maintenant() - 9'000));
+  Dit("Decon");
+  EXPECT_FALSE(EtatLu().contains("live_since"));
+  EXPECT_FALSE(EtatLu().contains("live_published"));
+}
+
+TEST_F(Ftp, ALivePageThatEndsInAnErrorOrWithTheProgramIsNotOnAnyMore) {
+  Dit("Conne");
+  Finit(IssueFtp::kAccesRefuse);
+  EXPECT_FALSE(EtatLu().contains("live_since"));
+  Publie();
+  EXPECT_TRUE(EtatLu().contains("live_published"));
+  Module->Termine();
+  EXPECT_FALSE(EtatLu().contains("live_since") || EtatLu().contains("live_published"));
+}
+
 TEST_F(Ftp, AnImageThatIsBeingRewrittenIsLeftToTheNext) {
   Connecte();
   Dit("Surve");
@@ -149,6 +239,27 @@ TEST_F(Ftp, ThePageFollowsThePhotosOnceTheUserHasAskedForOne) {
   const QByteArray page = Ouvrier->Travail.Contenu;
   EXPECT_LT(page.indexOf("b.jpg"), page.indexOf("a.jpg")) << "the newest first";
   EXPECT_EQ(Finit(IssueFtp::kReussi), "") << "nobody asked, nobody is told";
+}
+
+TEST_F(Ftp, ThePageFollowsTheIntervalByWhichItTellsAnOldImage) {
+  Connecte();
+  Dit("UploM");
+  Finit(IssueFtp::kReussi);
+  Reglages.Valeurs.LangueCourante = 1;
+  Module->PrendReglages(Reglages);
+  Temps.Avance(ModuleFtp::kRythmePage);
+  EXPECT_FALSE(Ouvrier->EnCours()) << "the rest waits until the user asks for a page";
+  for (const char* texte : {"1", "12", "120"}) {  // typed
+    Reglages.Valeurs.IntervalleFtp = texte;
+    Module->PrendReglages(Reglages);
+    if (Ouvrier->EnCours()) Finit(IssueFtp::kReussi);
+  }
+  Temps.Avance(ModuleFtp::kRythmePage);
+  ASSERT_TRUE(EnPage());
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("data-intervalle=\"120000\""));
+  Finit(IssueFtp::kReussi);
+  Temps.Avance(ModuleFtp::kRythmePage);
+  EXPECT_FALSE(Ouvrier->EnCours());
 }
 
 TEST_F(Ftp, ThePageIsNotMadeForEachPhotoOfAnAlarm) {
