@@ -20,13 +20,13 @@
 #include "companions/mail_accounts.h"
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
+#include "companions/sending_watch.h"
 #include "health/watch_health.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/form_visu_photo.h"
 #include "image/forms/repertoire.h"
 #include "image/forms/webcam_pecran.h"
 #include "image/photo_recorder.h"
-#include "image/photo_watch.h"
 #include "settings/persistent_settings.h"
 #include "ui/form1.h"
 #include "ui/form_sound.h"
@@ -130,11 +130,11 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<PublicationLive> Live_;
   std::unique_ptr<Surveillance> Moteur_;
   std::unique_ptr<EnregistreurPhotos> Photos_;
-  std::unique_ptr<VeillePhotos> VeillePhotos_;
   std::unique_ptr<GaleriePhotos> Galerie_;
   LiensEnLigne Liens_;
   ModulesCompagnons Compagnons_;
   std::unique_ptr<FormWinsock> FormWinsock_;
+  std::unique_ptr<SuiviEnvois> Envois_;  // from the launch of the companions on
 
   // Forms, in the order in which they are made; they go in the opposite one, before the engine.
   VueAgrandie PleinEcran_;

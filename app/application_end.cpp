@@ -69,6 +69,7 @@ void Vaktor::FermeApplication() {
   if (Repertoire_) EssaieJusquauBout([this] { Repertoire_->Decharge(); });
   // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
   if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) EssaieJusquauBout([this] { FormVisuPhoto_->close(); });
+  Envois_.reset();
   FormWinsock_.reset();  // a late word of a companion finds nobody any more
   EssaieJusquauBout([this] { Splash_.Decharge(); });
   if (FormMonitor_) EssaieJusquauBout([this] { FormMonitor_->close(); });

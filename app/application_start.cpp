@@ -66,7 +66,11 @@ void Vaktor::ChargeTextes() {
   ChargeurTextes_->ChargeTextes();
 }
 
-void Vaktor::LanceModules() { Compagnons_.LanceModules(); }
+void Vaktor::LanceModules() {
+  Compagnons_.LanceModules();
+  Envois_ = std::make_unique<SuiviEnvois>(
+      PortsEnvois{Reglages_, Liaison_, Systeme_.Temps, Systeme_.Minuteries, Systeme_.Etats, Sante_});
+}
 
 void Vaktor::ChargeFormMonitor() { Moniteur(); }
 

@@ -15,19 +15,15 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
       Sons_(Dossiers_, Disque_, LecteurSon_),
       Programmes_(arguments.Dossier),
       EssaiMail_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier),
-      EssaiFtp_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kFtp).Programme, arguments.Dossier) {}
+      EssaiFtp_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kFtp).Programme, arguments.Dossier),
+      Etats_(TrouveDossierEtat(arguments.Dossier)) {}
 
 SystemeReel::~SystemeReel() = default;
-
-// A disk that does not answer keeps no start from going on: the folders are there as a rule, or will be when it does.
-QString SystemeReel::PrepareDossiersSansAttendre() {
-  return DisqueBorne_.Attend<QString>([dossiers = Dossiers_] { return PrepareDossiers(dossiers); }).value_or(QString());
-}
 
 PortsSysteme SystemeReel::Ports() {
   const QString reglages = TrouveDossierReglages(Arguments_.Dossier);
   return {.Dossiers = Dossiers_,
-          .PrepareDossiers = [this] { return PrepareDossiersSansAttendre(); },
+          .PrepareDossiers = [this] { return PrepareDossiers(Dossiers_); },
           .OuvreMagasin =
               [reglages] { return std::make_unique<MagasinFichier>(reglages + QLatin1Char('/') + kFichierReglages); },
           .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
@@ -37,7 +33,7 @@ PortsSysteme SystemeReel::Ports() {
                 return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
               },
           .Temps = Temps_,
-          .Disque = DisqueBorne_,
+          .Disque = Disque_,
           .Pompe = Pompe_,
           .Minuteries = Minuteries_,
           .Boites = Boites_,
@@ -45,13 +41,13 @@ PortsSysteme SystemeReel::Ports() {
           .Noms = Noms_,
           .Lecteur = Lecteur_,
           .Arbre = Arbre_,
-          .Sonde = Sonde_,
           .Sons = Sons_,
           .Programmes = Programmes_,
           .Navigateur = Navigateur_,
           .Comptes = Comptes_,
           .EssaiMail = EssaiMail_,
           .EssaiFtp = EssaiFtp_,
+          .Etats = Etats_,
           .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                    QStringLiteral(VAKTOR_VERSION)},
           .CreeFormSound =

@@ -12,8 +12,7 @@
 #include "platform/base/system_files.h"
 #include "platform/channel/companion_rehearsal.h"
 #include "platform/channel/system_processes.h"
-#include "platform/disk/bounded_files.h"
-#include "platform/disk/space_query.h"
+#include "platform/folders/companion_status_reader.h"
 #include "platform/folders/photo_names_reader.h"
 #include "platform/folders/system_folders.h"
 #include "platform/image/jpeg_photo_reader.h"
@@ -40,22 +39,18 @@ class SystemeReel {
   PortsSysteme Ports();
 
  private:
-  QString PrepareDossiersSansAttendre();
-
   const ArgumentsDepart Arguments_;
   const DossiersProgramme Dossiers_;
   HorlogeSysteme Temps_;
-  FichiersSysteme Disque_;  // of the program itself: its sounds
+  FichiersSysteme Disque_;
   PompeEvenementsQt Pompe_;
   FabriqueMinuteriesQt Minuteries_;
   BoitesMessageQt Boites_;
   EncodeurTurboJpeg Encodeur_;
-  FichiersBornes DisqueBorne_;  // all that may lie on a disk of the user's
-  EcrivainJpegFichier Ecrivain_{Encodeur_, DisqueBorne_};
+  EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
   LecteurNomsSysteme Noms_;
   LecteurPhotosFichier Lecteur_;
   ArbreDossiersSysteme Arbre_;
-  SondeEspaceSysteme Sonde_;
   OuvreurBureau Navigateur_;
   DialogueFichierQt ChoixFichier_;
   LecteurGStreamer LecteurSon_;
@@ -64,6 +59,7 @@ class SystemeReel {
   RegistreComptesFichiers Comptes_{TrouveLieuxComptes()};
   EssaiParCompagnon EssaiMail_;
   EssaiParCompagnon EssaiFtp_;
+  LecteurEtatsFichiers Etats_;
   std::unique_ptr<MemoireCapture> Memoire_;
 };
 

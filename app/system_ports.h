@@ -8,6 +8,7 @@
 #include "base/ports/message_boxes.h"
 #include "base/ports/opener.h"
 #include "base/program_folders.h"
+#include "companions/ports/companion_status.h"
 #include "companions/ports/mail_registry.h"
 #include "companions/ports/message_channel.h"
 #include "companions/ports/processes.h"
@@ -21,7 +22,6 @@
 #include "image/ports/folder_tree.h"
 #include "image/ports/photo_names.h"
 #include "image/ports/photo_reader.h"
-#include "image/ports/space_query.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
 #include "ui/form_sound.h"
@@ -47,13 +47,13 @@ struct PortsSysteme {
   LecteurNoms& Noms;
   const LecteurPhotos& Lecteur;
   ArbreDossiers& Arbre;
-  SondeEspace& Sonde;
   SonsInterface& Sons;
   Processus& Programmes;
   Ouvreur& Navigateur;
   RegistreComptes& Comptes;  ///< the mail accounts of this machine
   EssaiReglages& EssaiMail;
   EssaiReglages& EssaiFtp;
+  LecteurEtats& Etats;  ///< what the companions say of their work
   SitePages Site = {};
   /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};

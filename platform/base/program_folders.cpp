@@ -43,6 +43,14 @@ QString TrouveDossierReglages(const QString& dossierPrive) {
   return DossierXdg(QStandardPaths::GenericConfigLocation);
 }
 
+QString TrouveDossierEtat(const QString& dossierPrive) {
+  if (!dossierPrive.isEmpty()) return SansSeparateurFinal(dossierPrive) + QStringLiteral("/etat");
+  const QString base = qEnvironmentVariable("XDG_STATE_HOME");
+  // The XDG rules: a relative path is to be ignored.
+  if (QDir::isAbsolutePath(base)) return base + QStringLiteral("/vaktor");
+  return QDir::homePath() + QStringLiteral("/.local/state/vaktor");
+}
+
 QString PrepareDossiers(const DossiersProgramme& dossiers) {
   const QString temp = dossiers.Donnees + QStringLiteral("/Temp");
   for (const QString& dossier : {dossiers.Donnees, temp, temp + QStringLiteral("/FTP")}) {

@@ -18,6 +18,12 @@ DossiersProgramme ChoisitDossiers(const QString& dossierExecutable, const QStrin
 /// the user's configuration folder of the XDG rules (XDG_CONFIG_HOME, by default ~/.config). Makes nothing.
 QString TrouveDossierReglages(const QString& dossierPrive = QString());
 
+/// The folder in which the companions keep log, status file and outbox, without a separator at its end: "etat" below
+/// `dossierPrive` if one is given, else "vaktor" in the user's state folder of the XDG rules (XDG_STATE_HOME, by
+/// default
+/// ~/.local/state). Makes nothing.
+QString TrouveDossierEtat(const QString& dossierPrive = QString());
+
 /// Makes `Donnees`, "Temp" and "Temp/FTP" below it where they are missing, so that the first photo and the first live
 /// image find their place. The empty text when all are there, else the folder that could not be made.
 /// ("intrus", the default photo folder, is made by the load of the settings, and only when it is needed.)

@@ -7,6 +7,7 @@
 #include "app/application.h"
 #include "base/failure.h"
 #include "fakes/fake_capture_driver.h"
+#include "fakes/fake_companion_status.h"
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_folder_tree.h"
 #include "fakes/fake_interface_sounds.h"
@@ -14,7 +15,6 @@
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
-#include "fakes/fake_space_query.h"
 #include "fakes/journal.h"
 #include "fakes/virtual_timers.h"
 
@@ -126,7 +126,6 @@ class DisqueNote : public Fichiers {
   std::optional<qint64> EspaceLibre(const QString&) const override { return std::nullopt; }
   bool Supprime(const QString&) override { return false; }
   int EcritFichier(const QString&, QByteArrayView) override { return 0; }
-  int EcritNouveauFichier(const QString&, QByteArrayView) override { return 0; }
   QStringList Existants;
 
  private:
@@ -138,12 +137,7 @@ class EcrivainNote : public EcrivainJpeg {
   explicit EcrivainNote(Journal& journal) : J_(journal) {}
   void EnregistreJPEG(const QImage&, const QString& fichier, quint8) override {
     J_.Note([&] { return QStringLiteral("jpeg: ") + fichier; });
-    if (Erreur != 0) throw EchecJpeg(EcrivainJpegFichier::StatutEcriture(Erreur), Erreur);
   }
-  void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
-    EnregistreJPEG(image, fichier, qualite);
-  }
-  int Erreur = 0;  ///< errno of each writing
 
  private:
   Journal& J_;
@@ -248,13 +242,13 @@ struct SystemeFaux {
             .Noms = Noms,
             .Lecteur = Lecteur,
             .Arbre = Arbre,
-            .Sonde = Sonde,
             .Sons = Sons,
             .Programmes = Programmes,
             .Navigateur = Navigateur,
             .Comptes = Comptes,
             .EssaiMail = EssaiMail,
-            .EssaiFtp = EssaiFtp};
+            .EssaiFtp = EssaiFtp,
+            .Etats = Etats};
   }
   /// A companion writes a word into its inbox.
   void Recoit(qint32 poignee, const QString& texte) {
@@ -284,12 +278,12 @@ struct SystemeFaux {
   NomsNotes Noms{Notes, Photos};
   faux::LecteurPhotosFaux Lecteur;
   faux::ArbreFaux Arbre;
-  faux::SondeEspaceFausse Sonde;
   ProcessusNote Programmes{Notes};
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;
   faux::EssaiFaux EssaiMail;
   faux::EssaiFaux EssaiFtp;
+  faux::LecteurEtatsFaux Etats;
   std::unique_ptr<faux::PiloteFaux> Pilote = std::make_unique<faux::PiloteFaux>(Notes);
 };
 

@@ -1,0 +1,37 @@
+// Port: what the companions say of their work in their status files.
+#pragma once
+
+#include <QString>
+#include <functional>
+#include <optional>
+
+namespace vaktor {
+
+/// One file. Times are told as ages, milliseconds at the moment of the reading: two clocks that were compared later
+/// would have to agree about summer time.
+struct EtatCompagnon {
+  qint32 Poignee = 0;  ///< of the companion that wrote it; 0 where there is no file, or none that makes sense
+  std::optional<qint64> Attente;  ///< mail: age of the oldest mail that waits
+  std::optional<qint64> Publie;   ///< FTP: age of the last live image on the site
+  QString MotsServeur;            ///< what the other side said, of a failure that stands; one line
+};
+
+struct EtatsCompagnons {
+  EtatCompagnon Ftp;
+  EtatCompagnon Mail;
+};
+
+/// User-interface thread.
+class LecteurEtats {
+ public:
+  using Recoit = std::function<void(const EtatsCompagnons& etats)>;
+
+  virtual ~LecteurEtats() = default;
+  /// Reads both files, without blocking, and calls `recoit` from the event loop; never for a disk that does not answer.
+  /// While a reading is under way another one is not begun, and `recoit` is dropped.
+  virtual void LitEtats(Recoit recoit) = 0;
+  /// Nobody waits for the reading under way any more.
+  virtual void Oublie() = 0;
+};
+
+}  // namespace vaktor

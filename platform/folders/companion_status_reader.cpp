@@ -1,0 +1,66 @@
+#include "platform/folders/companion_status_reader.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <algorithm>
+#include <utility>
+
+#include "companions/contract/command_words.h"
+#include "platform/store/bounded_file.h"
+
+namespace vaktor {
+namespace {
+
+constexpr qint64 kOctetsMax = 64LL * 1024;
+constexpr qsizetype kMotsMax = 300;
+
+std::optional<qint64> LitAge(const QJsonObject& objet, const char* champ, qint64 maintenant) {
+  const QDateTime instant = QDateTime::fromString(objet.value(QLatin1String(champ)).toString(), Qt::ISODate);
+  if (!instant.isValid()) return std::nullopt;
+  return std::max<qint64>(0, maintenant - instant.toMSecsSinceEpoch());  // a clock that was set back
+}
+
+EtatCompagnon LitEtat(const QString& dossier, Compagnon qui, qint64 maintenant) {
+  EtatCompagnon etat;
+  QByteArray octets;
+  const QString fichier = dossier + u'/' + DonneIdentite(qui).Programme + QStringLiteral(".json");
+  if (LitFichierBorne(fichier, kOctetsMax, octets) != 0) return etat;
+  const QJsonObject objet = QJsonDocument::fromJson(octets).object();
+  etat.Poignee = std::max(0, objet.value(QStringLiteral("handle")).toInt());
+  etat.Attente = LitAge(objet, "waiting_since", maintenant);
+  etat.Publie = LitAge(objet, "live_published", maintenant);
+  if (objet.value(QStringLiteral("state")).toString() == QLatin1String("failure"))
+    etat.MotsServeur = objet.value(QStringLiteral("server")).toString().simplified().left(kMotsMax);
+  return etat;
+}
+
+}  // namespace
+
+LecteurEtatsFichiers::LecteurEtatsFichiers(QString dossier, Maintenant maintenant)
+    : Dossier_(std::move(dossier)), Maintenant_(std::move(maintenant)) {}
+
+LecteurEtatsFichiers::~LecteurEtatsFichiers() { Relais_->Coupe(); }
+
+void LecteurEtatsFichiers::LitEtats(Recoit recoit) {
+  if (EnCours_) return;
+  Recoit_ = std::move(recoit);
+  EnCours_ = Travaux_.Lance([this, dossier = Dossier_, maintenant = Maintenant_, relais = Relais_] {
+    EtatsCompagnons etats;
+    try {
+      const qint64 instant = maintenant();
+      etats = {LitEtat(dossier, Compagnon::kFtp, instant), LitEtat(dossier, Compagnon::kMail, instant)};
+    } catch (...) {
+      // Want of memory: nothing was read this time, and the next look may be luckier.
+    }
+    // Run only while the relay, and so this reader, is there.
+    relais->Poste([this, etats] { Rend(etats); });
+  });
+}
+
+void LecteurEtatsFichiers::Rend(const EtatsCompagnons& etats) {
+  EnCours_ = false;
+  const Recoit recoit = std::exchange(Recoit_, {});
+  if (recoit) recoit(etats);
+}
+
+}  // namespace vaktor

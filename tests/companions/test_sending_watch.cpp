@@ -1,0 +1,201 @@
+// Mails that wait and a live page that grows old, in virtual time.
+#include <gtest/gtest.h>
+
+#include "companions/sending_watch.h"
+#include "fakes/fake_companion_status.h"
+#include "fakes/fake_health_report.h"
+#include "fakes/virtual_timers.h"
+
+namespace vaktor::essai {
+namespace {
+
+constexpr qint64 kMinute = 60'000;
+
+struct Suivi : testing::Test {
+  Parametres Reglages;
+  EtatLiaison Liaison{.HandleFTP = 11, .HandleMail = 22, .HandleSon = 33};
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Temps{Horloge};
+  faux::LecteurEtatsFaux Lecteur;
+  faux::SanteFausse Sante;
+  std::unique_ptr<SuiviEnvois> Regard = Cree();
+
+  std::unique_ptr<SuiviEnvois> Cree() {
+    return std::make_unique<SuiviEnvois>(PortsEnvois{Reglages, Liaison, Horloge, Temps, Lecteur, Sante});
+  }
+  bool Attendent() const { return Sante.Dure(Condition::kCourrielsEnAttente); }
+  bool Vieille() const { return Sante.Dure(Condition::kPageAncienne); }
+  /// Time goes by, and what the companions wrote grows older with it.
+  void Avance(qint64 duree) {
+    for (qint64 t = 0; t < duree; t += 1000) {
+      Temps.Avance(1000);
+      for (std::optional<qint64>* age : {&Lecteur.Etats.Mail.Attente, &Lecteur.Etats.Ftp.Publie})
+        if (*age) *age = **age + 1000;
+    }
+  }
+  void AllumeMail() {
+    Reglages.MailActif = true;
+    Lecteur.Etats.Mail.Poignee = 22;
+  }
+  void AllumeLive() {
+    Liaison.SurveillanceEnCours = true;
+    Lecteur.Etats.Ftp.Poignee = 11;
+  }
+};
+
+TEST_F(Suivi, MailsThatWaitForFiveMinutesAreReportedInTheServersWords) {
+  AllumeMail();
+  Lecteur.Etats.Mail.Attente = 0;
+  Lecteur.Etats.Mail.MotsServeur = "451 later";
+  Avance(5 * kMinute);
+  EXPECT_FALSE(Attendent());
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(Attendent());
+  EXPECT_EQ(Sante.Details[Condition::kCourrielsEnAttente], "451 later");
+  Lecteur.Etats.Mail.Attente.reset();
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Attendent());
+}
+
+TEST_F(Suivi, OneThatWaitsSinceYesterdayIsReportedAtTheFirstLook) {
+  AllumeMail();
+  Lecteur.Etats.Mail.Attente = 1440 * kMinute;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_TRUE(Attendent());
+}
+
+TEST_F(Suivi, AFileOfAnEarlierCompanionIsNoNews) {
+  AllumeMail();
+  AllumeLive();
+  Lecteur.Etats.Mail = {.Poignee = 99, .Attente = 1440 * kMinute, .Publie = {}, .MotsServeur = {}};
+  Lecteur.Etats.Ftp = {.Poignee = 99, .Attente = {}, .Publie = 1440 * kMinute, .MotsServeur = {}};
+  Avance(60 * kMinute);
+  EXPECT_FALSE(Attendent());
+  EXPECT_FALSE(Vieille());
+  Liaison.HandleMail = Liaison.HandleFTP = 0;
+  Lecteur.Etats.Mail.Poignee = Lecteur.Etats.Ftp.Poignee = 0;
+  Avance(60 * kMinute);
+  EXPECT_FALSE(Attendent() || Vieille()) << "no file, and nobody registered";
+}
+
+TEST_F(Suivi, WhatACompanionSaidGoesOnAgeingWhenItDiesOrItsDiskIsSilent) {
+  AllumeMail();
+  AllumeLive();
+  Lecteur.Etats.Mail.Attente = 0;
+  Lecteur.Etats.Ftp.Publie = 0;
+  Avance(SuiviEnvois::kRegard);
+  Lecteur.Muet = true;
+  Avance(5 * kMinute);
+  EXPECT_TRUE(Attendent());
+  EXPECT_TRUE(Vieille());
+}
+
+TEST_F(Suivi, ACompanionThatWasStartedAgainIsBelievedOnceItHasRegistered) {
+  AllumeMail();
+  Lecteur.Etats.Mail.Attente = 6 * kMinute;
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(Attendent());
+  Lecteur.Etats.Mail = {.Poignee = 44, .Attente = {}, .Publie = {}, .MotsServeur = {}};
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_TRUE(Attendent());
+  Liaison.HandleMail = 44;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Attendent());
+}
+
+TEST_F(Suivi, NothingIsReportedNorReadWhileMailAndLivePageAreOff) {
+  Lecteur.Etats.Mail = {.Poignee = 22, .Attente = 60 * kMinute, .Publie = {}, .MotsServeur = {}};
+  Lecteur.Etats.Ftp = {.Poignee = 11, .Attente = {}, .Publie = 60 * kMinute, .MotsServeur = {}};
+  Avance(10 * kMinute);
+  EXPECT_FALSE(Attendent() || Vieille());
+  EXPECT_EQ(Lecteur.Demandes, 0);
+  Reglages.MailActif = true;
+  Liaison.SurveillanceEnCours = true;
+  Avance(10 * kMinute);
+  EXPECT_TRUE(Attendent() && Vieille());
+  Reglages.MailActif = false;
+  Liaison.SurveillanceEnCours = false;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Attendent() || Vieille());
+}
+
+TEST_F(Suivi, ThePageIsOldAfterThreeIntervalsAndHalfAMinute) {
+  AllumeLive();
+  Reglages.IntervalleFtp = "20";
+  Lecteur.Etats.Ftp.MotsServeur = "552 full";
+  Avance(SuiviEnvois::kRegard);
+  Lecteur.Etats.Ftp.Publie = 0;
+  Avance(90'000);
+  EXPECT_FALSE(Vieille());
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(Vieille());
+  EXPECT_EQ(Sante.Details[Condition::kPageAncienne], "552 full");
+  Lecteur.Etats.Ftp.Publie = 0;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Vieille());
+}
+
+TEST_F(Suivi, AnIntervalWithACommaCountsAndOneThatIsNoNumberIsTenSeconds) {
+  for (const auto& [texte, age] : {std::pair("0,5", 31'500), std::pair("abc", 60'000), std::pair("", 60'000)}) {
+    Reglages.IntervalleFtp = texte;
+    AllumeLive();
+    Avance(2 * kMinute);  // long since on
+    Lecteur.Etats.Ftp.Publie = age - SuiviEnvois::kRegard;
+    Temps.Avance(SuiviEnvois::kRegard);
+    Lecteur.Etats.Ftp.Publie = age;
+    Temps.Avance(SuiviEnvois::kRegard);
+    EXPECT_FALSE(Vieille()) << texte;
+    Lecteur.Etats.Ftp.Publie = age + 1;
+    Temps.Avance(SuiviEnvois::kRegard);
+    EXPECT_TRUE(Vieille()) << texte;
+    Liaison.SurveillanceEnCours = false;
+    Temps.Avance(SuiviEnvois::kRegard);
+  }
+}
+
+TEST_F(Suivi, APageThatHasJustBeenSwitchedOnHasItsTime) {
+  AllumeLive();
+  Lecteur.Etats.Ftp.Publie = 1440 * kMinute;  // yesterday's, as long as nothing newer has come
+  Avance(60'000);
+  EXPECT_FALSE(Vieille());
+  Avance(2 * SuiviEnvois::kRegard);
+  EXPECT_TRUE(Vieille());
+}
+
+TEST_F(Suivi, APageThatNeverGotAnImageGrowsOldToo) {
+  AllumeLive();
+  Avance(60'000 + 2 * SuiviEnvois::kRegard);
+  EXPECT_TRUE(Vieille());
+}
+
+TEST_F(Suivi, AnotherCompanionThatHasPublishedNothingDoesNotMakeThePageYoung) {
+  AllumeLive();
+  Lecteur.Etats.Ftp.Publie = 0;
+  Avance(50'000);
+  Lecteur.Etats.Ftp = {.Poignee = 55, .Attente = {}, .Publie = {}, .MotsServeur = {}};
+  Liaison.HandleFTP = 55;
+  Avance(45'000);
+  EXPECT_TRUE(Vieille());
+}
+
+TEST_F(Suivi, AMonthAloneChangesNothing) {
+  AllumeMail();
+  AllumeLive();
+  for (qint64 jour = 0; jour < 60; ++jour) {
+    Lecteur.Etats.Ftp.Publie = 0;
+    Temps.Avance(24 * 60 * kMinute);
+    ASSERT_FALSE(Vieille() || Attendent()) << jour;
+  }
+  Lecteur.Etats.Mail.Attente = 0;
+  Avance(6 * kMinute);
+  EXPECT_TRUE(Attendent());
+  EXPECT_TRUE(Vieille());
+}
+
+TEST_F(Suivi, AnAnswerThatComesTooLateFindsNobody) {
+  Regard.reset();
+  EXPECT_EQ(Lecteur.Oublis, 1);
+}
+
+}  // namespace
+}  // namespace vaktor::essai
