@@ -27,6 +27,7 @@
 #include "image/forms/repertoire.h"
 #include "image/forms/webcam_pecran.h"
 #include "image/photo_recorder.h"
+#include "image/photo_watch.h"
 #include "settings/persistent_settings.h"
 #include "ui/form1.h"
 #include "ui/form_sound.h"
@@ -130,6 +131,7 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<PublicationLive> Live_;
   std::unique_ptr<Surveillance> Moteur_;
   std::unique_ptr<EnregistreurPhotos> Photos_;
+  std::unique_ptr<VeillePhotos> VeillePhotos_;
   std::unique_ptr<GaleriePhotos> Galerie_;
   LiensEnLigne Liens_;
   ModulesCompagnons Compagnons_;

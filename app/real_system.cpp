@@ -20,10 +20,15 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
 
 SystemeReel::~SystemeReel() = default;
 
+// A disk that does not answer keeps no start from going on: the folders are there as a rule, or will be when it does.
+QString SystemeReel::PrepareDossiersSansAttendre() {
+  return DisqueBorne_.Attend<QString>([dossiers = Dossiers_] { return PrepareDossiers(dossiers); }).value_or(QString());
+}
+
 PortsSysteme SystemeReel::Ports() {
   const QString reglages = TrouveDossierReglages(Arguments_.Dossier);
   return {.Dossiers = Dossiers_,
-          .PrepareDossiers = [this] { return PrepareDossiers(Dossiers_); },
+          .PrepareDossiers = [this] { return PrepareDossiersSansAttendre(); },
           .OuvreMagasin =
               [reglages] { return std::make_unique<MagasinFichier>(reglages + QLatin1Char('/') + kFichierReglages); },
           .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
@@ -33,7 +38,7 @@ PortsSysteme SystemeReel::Ports() {
                 return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
               },
           .Temps = Temps_,
-          .Disque = Disque_,
+          .Disque = DisqueBorne_,
           .Pompe = Pompe_,
           .Minuteries = Minuteries_,
           .Boites = Boites_,
@@ -41,6 +46,7 @@ PortsSysteme SystemeReel::Ports() {
           .Noms = Noms_,
           .Lecteur = Lecteur_,
           .Arbre = Arbre_,
+          .Sonde = Sonde_,
           .Sons = Sons_,
           .Programmes = Programmes_,
           .Navigateur = Navigateur_,

@@ -12,6 +12,8 @@
 #include "platform/base/system_files.h"
 #include "platform/channel/companion_rehearsal.h"
 #include "platform/channel/system_processes.h"
+#include "platform/disk/bounded_files.h"
+#include "platform/disk/space_query.h"
 #include "platform/folders/companion_status_reader.h"
 #include "platform/folders/photo_names_reader.h"
 #include "platform/folders/system_folders.h"
@@ -39,18 +41,22 @@ class SystemeReel {
   PortsSysteme Ports();
 
  private:
+  QString PrepareDossiersSansAttendre();
+
   const ArgumentsDepart Arguments_;
   const DossiersProgramme Dossiers_;
   HorlogeSysteme Temps_;
-  FichiersSysteme Disque_;
+  FichiersSysteme Disque_;  // of the program itself: its sounds
   PompeEvenementsQt Pompe_;
   FabriqueMinuteriesQt Minuteries_;
   BoitesMessageQt Boites_;
   EncodeurTurboJpeg Encodeur_;
-  EcrivainJpegFichier Ecrivain_{Encodeur_, Disque_};
+  FichiersBornes DisqueBorne_;  // all that may lie on a disk of the user's
+  EcrivainJpegFichier Ecrivain_{Encodeur_, DisqueBorne_};
   LecteurNomsSysteme Noms_;
   LecteurPhotosFichier Lecteur_;
   ArbreDossiersSysteme Arbre_;
+  SondeEspaceSysteme Sonde_;
   OuvreurBureau Navigateur_;
   DialogueFichierQt ChoixFichier_;
   LecteurGStreamer LecteurSon_;

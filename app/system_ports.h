@@ -22,6 +22,7 @@
 #include "image/ports/folder_tree.h"
 #include "image/ports/photo_names.h"
 #include "image/ports/photo_reader.h"
+#include "image/ports/space_query.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
 #include "ui/form_sound.h"
@@ -47,6 +48,7 @@ struct PortsSysteme {
   LecteurNoms& Noms;
   const LecteurPhotos& Lecteur;
   ArbreDossiers& Arbre;
+  SondeEspace& Sonde;
   SonsInterface& Sons;
   Processus& Programmes;
   Ouvreur& Navigateur;

@@ -23,9 +23,9 @@
 #include "platform/base/event_pump.h"
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
-#include "platform/base/system_files.h"
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/driver/gst_driver.h"
+#include "platform/disk/bounded_files.h"
 #include "platform/image/turbo_jpeg_encoder.h"
 
 namespace vaktor {
@@ -158,7 +158,7 @@ int Mesure(const QString& camera, const QString& dossier, size_t photos) {
   FabriqueMinuteriesQt minuteries;
   HorlogeSysteme temps;
   PompeEvenementsQt pompe;
-  FichiersSysteme disque;
+  FichiersBornes disque;
   EncodeurTurboJpeg encodeur;
   EcrivainJpegFichier ecrivain(encodeur, disque);
   SonsMuets sons;

@@ -7,9 +7,11 @@
 
 namespace vaktor {
 
-inline double Microsecondes() {
+/// `horloge`: of the thread, of the whole process (CLOCK_PROCESS_CPUTIME_ID) where it has others work for it, or of
+/// the wall (CLOCK_MONOTONIC).
+inline double Microsecondes(clockid_t horloge = CLOCK_THREAD_CPUTIME_ID) {
   timespec temps{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &temps);
+  clock_gettime(horloge, &temps);
   return static_cast<double>(temps.tv_sec) * 1e6 + static_cast<double>(temps.tv_nsec) * 1e-3;
 }
 

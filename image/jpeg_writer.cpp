@@ -2,26 +2,41 @@
 
 #include <cerrno>
 
-#include "base/failure.h"
-
 namespace vaktor {
 
-void EcrivainJpegFichier::EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) {
-  const StatutJpeg statut = Enregistre(image, fichier, qualite);
-  if (statut == StatutJpeg::kReussi) return;
-  // English in both languages: nobody is shown this text, it is there for the one who looks for the cause.
-  throw Echec(kAppelIncorrect,
-              QStringLiteral("Cannot save the image. GDI+ Error:") + QString::number(static_cast<qint32>(statut)));
+namespace {
+
+void VerifieEcriture(int erreur) {
+  if (erreur != 0) throw EchecJpeg(EcrivainJpegFichier::StatutEcriture(erreur), erreur);
 }
 
-StatutJpeg EcrivainJpegFichier::Enregistre(const QImage& image, const QString& fichier, quint8 qualite) {
-  // The encoder comes first: when it is missing that is the cause to tell, whatever the picture.
-  if (const StatutJpeg statut = Encodeur_.Demarre(); statut != StatutJpeg::kReussi) return statut;
-  if (image.isNull()) return StatutJpeg::kParametreInvalide;
-  // The file is opened only once its bytes are there, so a picture that cannot be encoded leaves an earlier file alone.
+}  // namespace
+
+// English in both languages: nobody is shown this text, it is there for the one who looks for the cause.
+EchecJpeg::EchecJpeg(StatutJpeg statut, int erreur)
+    : Echec(kAppelIncorrect,
+            QStringLiteral("Cannot save the image. GDI+ Error:") + QString::number(static_cast<qint32>(statut))),
+      Statut_(statut),
+      Erreur_(erreur) {}
+
+void EcrivainJpegFichier::EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) {
+  VerifieEcriture(Disque_.EcritFichier(fichier, Encode(image, qualite)));
+}
+
+void EcrivainJpegFichier::EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) {
+  VerifieEcriture(Disque_.EcritNouveauFichier(fichier, Encode(image, qualite)));
+}
+
+// The file is opened only once its bytes are there, so a picture that cannot be encoded leaves an earlier file alone.
+QByteArrayView EcrivainJpegFichier::Encode(const QImage& image, quint8 qualite) {
   QByteArrayView octets;
-  if (const StatutJpeg statut = Encodeur_.Encode(image, qualite, octets); statut != StatutJpeg::kReussi) return statut;
-  return StatutEcriture(Disque_.EcritFichier(fichier, octets));
+  // The encoder comes first: when it is missing that is the cause to tell, whatever the picture.
+  StatutJpeg statut = Encodeur_.Demarre();
+  if (statut == StatutJpeg::kReussi) {
+    statut = image.isNull() ? StatutJpeg::kParametreInvalide : Encodeur_.Encode(image, qualite, octets);
+  }
+  if (statut != StatutJpeg::kReussi) throw EchecJpeg(statut, 0);
+  return octets;
 }
 
 StatutJpeg EcrivainJpegFichier::StatutEcriture(int erreur) {

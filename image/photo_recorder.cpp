@@ -1,7 +1,10 @@
 #include "image/photo_recorder.h"
 
+#include <utility>
+
 #include "base/numbers.h"
 #include "image/free_space.h"
+#include "image/photo_words.h"
 
 namespace vaktor {
 namespace {
@@ -34,15 +37,68 @@ void EnregistreurPhotos::EnregistrePhoto() {
   const QString nom =
       DateJour_ + QStringLiteral("  ") + heure + QStringLiteral(" Photo ") + numero + QStringLiteral(".jpg");
 
-  // Strictly below: a run saves one photo less than its limit, and with a limit of 1 none.
-  if (CompteurPhotos_ < reglages.NombrePhotoMax && reglages.PhotoActif) {
-    Ports_.Ecrivain.EnregistreJPEG(Ports_.Surface.Image(), reglages.RepertoirePhoto + u'/' + nom, kQualitePhoto);
+  RevoitConditions(true);
+  if (VeutPhoto()) EcritCopie(PannePhoto_, reglages.RepertoirePhoto, nom, kQualitePhoto);
+  // Not reached when the first copy has just failed. Depends neither on the limit nor on PhotoActif.
+  if (Ports_.LiveActif()) EcritCopie(PanneLive_, DossierLive(), nom, reglages.QualiteJpeg);
+}
+
+// Strictly below: a run saves one photo less than its limit, and with a limit of 1 none.
+bool EnregistreurPhotos::VeutPhoto() const {
+  return Ports_.Reglages.PhotoActif && CompteurPhotos_ < Ports_.Reglages.NombrePhotoMax;
+}
+
+QString EnregistreurPhotos::DossierLive() const { return Ports_.Dossiers.Donnees + QStringLiteral("/Temp/FTP"); }
+
+// A photo that fails ends what its frame does: the rule as it was given. Kept to the end it would make a full disk
+// silence the alarm for good, so it is kept for a second. From then on somebody who moves is heard and mailed about
+// without photos, and the disk, which may be slow in refusing, is asked once a second and no longer at each frame. Each
+// copy has a failure of its own, since their disks may differ; but of both it takes only one second.
+void EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite) {
+  const qint32 tic = Ports_.Temps.CompteTics();
+  if (!panne.EssaiDu(tic)) return;
+  try {
+    Ports_.Ecrivain.EnregistreNouveauJPEG(Ports_.Surface.Image(), dossier + u'/' + nom, qualite);
+  } catch (const Echec& echec) {
+    panne.Note(tic, dossier, DitPannePhotos(Ports_.Reglages.LangueCourante, dossier, echec));
+    SignalePannes();
+    if (PannePhoto_.Installee(tic) || PanneLive_.Installee(tic)) return;
+    throw;
   }
-  // Not reached when the first copy fails. Depends neither on the limit nor on PhotoActif.
-  if (Ports_.LiveActif()) {
-    Ports_.Ecrivain.EnregistreJPEG(Ports_.Surface.Image(), Ports_.Dossiers.Donnees + QStringLiteral("/Temp/FTP/") + nom,
-                                   reglages.QualiteJpeg);
+  if (!panne.Dure()) return;
+  panne.Oublie();
+  SignalePannes();
+}
+
+void EnregistreurPhotos::RevoitConditions(bool alarmeArmee) {
+  RevoitPannes();
+  const Parametres& reglages = Ports_.Reglages;
+  // The next photo would not be taken any more. With a limit of 1 that is so before the first.
+  const bool atteinte = reglages.PhotoActif && qint64{CompteurPhotos_} + 1 >= reglages.NombrePhotoMax;
+  if (!atteinte) {
+    if (std::exchange(LimiteDite_, std::nullopt)) Ports_.Sante.Leve(Condition::kLimitePhotos);
+  } else if (alarmeArmee && LimiteDite_ != reglages.NombrePhotoMax) {
+    LimiteDite_ = reglages.NombrePhotoMax;
+    Ports_.Sante.Signale(Condition::kLimitePhotos, QString::number(reglages.NombrePhotoMax));
   }
+}
+
+// What is not wanted any more, or has another place now, does not fail any more: nobody would ever find out otherwise.
+void EnregistreurPhotos::RevoitPannes() {
+  const bool photoFinie =
+      PannePhoto_.Dure() && (!VeutPhoto() || PannePhoto_.Dossier() != Ports_.Reglages.RepertoirePhoto);
+  const bool liveFinie = PanneLive_.Dure() && !Ports_.LiveActif();
+  if (photoFinie) PannePhoto_.Oublie();
+  if (liveFinie) PanneLive_.Oublie();
+  if (photoFinie || liveFinie) SignalePannes();
+}
+
+void EnregistreurPhotos::SignalePannes() {
+  if (!PannePhoto_.Dure() && !PanneLive_.Dure()) {
+    Ports_.Sante.Leve(Condition::kPhotosImpossibles);
+    return;
+  }
+  Ports_.Sante.Signale(Condition::kPhotosImpossibles, (PannePhoto_.Dure() ? PannePhoto_ : PanneLive_).Raison());
 }
 
 bool EnregistreurPhotos::VerifieEspaceDisque() {

@@ -3,12 +3,14 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "base/program_folders.h"
 #include "engine/frame_surface.h"
 #include "engine/ports/clock.h"
 #include "health/ports/health_report.h"
 #include "image/jpeg_writer.h"
+#include "image/photo_failure.h"
 #include "settings/parameters.h"
 #include "settings/ports/files.h"
 
@@ -35,18 +37,32 @@ class EnregistreurPhotos {
   const QString& DateJour() const { return DateJour_; }
   qint32 CompteurPhotos() const { return CompteurPhotos_; }
 
-  /// One photo of the current frame: the user's copy, the copy for the companions, or both. Throws what the writer
-  /// throws; the number used stays used.
+  /// One photo of the current frame, of an armed system: the user's copy, the copy for the companions, or both. Throws
+  /// what the writer throws; the number used stays used. Once photos have failed for a second they are tried once a
+  /// second, and their failure does not come out of here any more until one has succeeded.
   void EnregistrePhoto();
+
+  /// Conditions that end, or begin, without a photo being taken: photos are switched off, another folder is chosen,
+  /// the limit is raised. To be called now and then.
+  void RevoitConditions(bool alarmeArmee);
 
   /// True when the free-space warning is due: fewer than 500,000,000 bytes are free. False with no folder chosen. A
   /// query that fails keeps the result of the one before (0 bytes at the start).
   bool VerifieEspaceDisque();
 
  private:
+  bool VeutPhoto() const;
+  QString DossierLive() const;
+  void EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite);
+  void RevoitPannes();
+  void SignalePannes();
+
   PortsPhotos Ports_;
   QString DateJour_;
   qint32 CompteurPhotos_ = 0;
+  PannePhotos PannePhoto_;            // of the user's copies
+  PannePhotos PanneLive_;             // of the copies for the companions
+  std::optional<qint32> LimiteDite_;  // the limit that is told as reached
   qint64 OctetsLibres_ = 0;
 };
 

@@ -48,11 +48,13 @@ void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
 
 // The user's folder is replaced in the store and not kept for later, also when it only vanished for a while (a drive
 // that is not plugged in): photos of an alarm must have a place, and the user must see which.
+// A disk that does not answer, a server that comes up later than this machine, has lost nothing: its folder stays, and
+// should it stay silent the photos of an alarm say so themselves.
 void ReglagesPersistants::RepareRepertoirePhoto(const LigneReglage& ligne) {
   QString& repertoire = Liens_.Valeurs.RepertoirePhoto;
-  if (Liens_.Disque.Existe(repertoire)) return;
+  if (Liens_.Disque.Regarde(repertoire) != Presence::kAbsent) return;
   const QString dossier = DefautReglage(ligne, Liens_.DossierProgramme);
-  if (!Liens_.Disque.Existe(dossier) && !Liens_.Disque.CreeDossier(dossier)) {
+  if (Liens_.Disque.Regarde(dossier) == Presence::kAbsent && !Liens_.Disque.CreeDossier(dossier)) {
     throw Echec(kFichierIntrouvable,
                 DitDossierPhotoImpossible(Liens_.Valeurs.LangueCourante, NomReglage(ligne), repertoire, dossier));
   }

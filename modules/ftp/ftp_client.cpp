@@ -13,8 +13,8 @@
 #include <cstring>
 #include <exception>
 
+#include "base/jpeg_end.h"
 #include "modules/ftp/ftp_failure.h"
-#include "modules/ftp/jpeg_check.h"
 #include "modules/ftp/server_address.h"
 
 namespace vaktor {

@@ -6,6 +6,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include "base/jpeg_end.h"
+
 namespace vaktor {
 
 QList<PhotoConnue> ListePhotos(const QString& dossier) {
@@ -18,8 +20,6 @@ QList<PhotoConnue> ListePhotos(const QString& dossier) {
   }
   return photos;
 }
-
-bool EstJpegEntier(const QByteArray& octets) { return octets.startsWith("\xff\xd8") && octets.endsWith("\xff\xd9"); }
 
 ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax) {
   ChoixPhotos choix;

@@ -19,7 +19,4 @@ struct ChoixPhotos {
 /// one that is too large for what is left of the bytes.
 ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax);
 
-/// A whole JPEG file: from the start marker FF D8 to the end marker FF D9 (ITU-T T.81, B.1.1.3).
-bool EstJpegEntier(const QByteArray& octets);
-
 }  // namespace vaktor

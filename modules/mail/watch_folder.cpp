@@ -10,7 +10,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "modules/mail/photo_source.h"
+#include "base/jpeg_end.h"
 #include "platform/store/bounded_file.h"
 #include "platform/store/private_file.h"
 

@@ -9,8 +9,13 @@
 #include <QFileInfo>
 #include <cerrno>
 
+#include "base/next_name.h"
+
 namespace vaktor {
 namespace {
+
+/// A thousand runs that each took the same photo in the same second: something else is wrong then.
+constexpr int kVoisinsAuPlus = 1000;
 
 QByteArray NomSysteme(const QString& chemin) { return QFile::encodeName(CheminNatif(chemin)); }
 
@@ -24,6 +29,21 @@ int EcritTout(int descripteur, QByteArrayView contenu) {
     contenu = contenu.sliced(pris);
   }
   return 0;
+}
+
+int Ouvre(const QByteArray& nom, int maniere) {
+  int descripteur = -1;
+  do {
+    descripteur = ::open(nom.constData(), O_WRONLY | O_CREAT | O_CLOEXEC | maniere, 0666);
+  } while (descripteur < 0 && errno == EINTR);
+  return descripteur;
+}
+
+int EcritEtFerme(int descripteur, QByteArrayView contenu) {
+  const int erreur = EcritTout(descripteur, contenu);
+  // A network file system may tell of a full disk only here. The descriptor is gone even when this fails.
+  if (::close(descripteur) != 0 && erreur == 0 && errno != EINTR) return errno;
+  return erreur;
 }
 
 }  // namespace
@@ -57,16 +77,29 @@ bool FichiersSysteme::Supprime(const QString& chemin) {
 }
 
 int FichiersSysteme::EcritFichier(const QString& chemin, QByteArrayView contenu) {
-  const QByteArray nom = NomSysteme(chemin);
-  int descripteur = -1;
-  do {
-    descripteur = ::open(nom.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-  } while (descripteur < 0 && errno == EINTR);
-  if (descripteur < 0) return errno;
-  int erreur = EcritTout(descripteur, contenu);
-  // A network file system may tell of a full disk only here. The descriptor is gone even when this fails.
-  if (::close(descripteur) != 0 && erreur == 0 && errno != EINTR) erreur = errno;
-  return erreur;
+  return RemplaceFichier(NomSysteme(chemin), contenu);
+}
+
+int FichiersSysteme::EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) {
+  QByteArray nom = NomSysteme(chemin);
+  return CreeFichier(nom, contenu);
+}
+
+int RemplaceFichier(const QByteArray& nom, QByteArrayView contenu) {
+  const int descripteur = Ouvre(nom, O_TRUNC);
+  return descripteur < 0 ? errno : EcritEtFerme(descripteur, contenu);
+}
+
+// The system itself says that a name is taken, in the call that would make the file: nobody can come in between, and a
+// free name, the usual case, costs no further call.
+int CreeFichier(QByteArray& nom, QByteArrayView contenu) {
+  const QByteArray voulu = nom;
+  int descripteur = Ouvre(nom, O_EXCL);
+  for (int rang = 1; descripteur < 0 && errno == EEXIST && rang <= kVoisinsAuPlus; ++rang) {
+    nom = NomVoisin(voulu, rang);
+    descripteur = Ouvre(nom, O_EXCL);
+  }
+  return descripteur < 0 ? errno : EcritEtFerme(descripteur, contenu);
 }
 
 }  // namespace vaktor

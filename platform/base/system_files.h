@@ -19,6 +19,13 @@ class FichiersSysteme : public Fichiers {
   /// Returns when the system has taken every byte; it is not told to flush its own cache, which would cost far more
   /// than a frame lasts. New files get mode 0666 less the umask.
   int EcritFichier(const QString& chemin, QByteArrayView contenu) override;
+  /// The same; nobody asks for the disk itself here (platform/disk does).
+  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) override;
 };
+
+/// The two writings on native names, 0 or errno.
+int RemplaceFichier(const QByteArray& nom, QByteArrayView contenu);
+/// `nom` becomes the name that the file got, for it may be one beside.
+int CreeFichier(QByteArray& nom, QByteArrayView contenu);
 
 }  // namespace vaktor

@@ -6,6 +6,7 @@
 #include <QImageReader>
 #include <memory>
 
+#include "base/jpeg_end.h"
 #include "platform/base/system_files.h"
 
 namespace vaktor {
@@ -20,23 +21,6 @@ using Decodeur = std::unique_ptr<void, LiberePoignee>;
 bool TropGrande(const QSize& taille) { return qint64{taille.width()} * taille.height() > kPixelsPhotoMax; }
 
 constexpr qint64 kOctetsSuivis = 64LL * 1024 * 1024;
-
-/// Where the first scan begins: behind the segments of the header, whose thumbnail may be a whole picture with an end
-/// of its own (ITU-T T.81, B.1.1.4).
-qsizetype PasseEntete(const QByteArray& octets) {
-  const auto octet = [&](qsizetype i) { return static_cast<quint8>(octets.at(i)); };
-  qsizetype place = 2;
-  while (place + 4 <= octets.size() && octet(place) == 0xff && octet(place + 1) != 0xda) {
-    place += octet(place + 1) == 0xff ? 1 : 2 + (octet(place + 2) << 8 | octet(place + 3));
-  }
-  return place;
-}
-
-/// A whole picture has the end marker FF D9, which the bytes of a scan cannot hold (T.81, B.1.1.5). What lies behind
-/// the marker is no concern of ours.
-bool EstCoupee(const QByteArray& octets) {
-  return octets.indexOf(QByteArrayLiteral("\xff\xd9"), PasseEntete(octets)) < 0;
-}
 
 struct Entete {
   QSize Taille;
@@ -64,7 +48,8 @@ PhotoLue Decode(const Decodeur& decodeur, const QByteArray& octets, const QSize&
                     static_cast<int>(image.bytesPerLine()), taille.height(), TJPF_BGRA, TJFLAG_LIMITSCANS);
   const bool averti = resultat != 0;
   if (averti && tjGetErrorCode(decodeur.get()) != TJERR_WARNING) return {.Etat = EtatPhoto::kIllisible};
-  if (EstCoupee(octets)) return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Defaut = Dommage::kCoupee};
+  // What lies behind the end of the picture is no concern of ours.
+  if (FinJpeg(octets) < 0) return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Defaut = Dommage::kCoupee};
   return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Defaut = averti ? Dommage::kFausse : Dommage::kAucun};
 }
 

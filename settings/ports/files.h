@@ -8,11 +8,21 @@
 
 namespace vaktor {
 
+/// What is known of a file or folder.
+enum class Presence {
+  kLa,
+  kAbsent,
+  kSansReponse  ///< its disk does not answer; one that only sleeps looks the same
+};
+
 class Fichiers {
  public:
   virtual ~Fichiers() = default;
   /// True when a file or folder of this name exists.
   virtual bool Existe(const QString& chemin) const = 0;
+  /// The same for who must tell a file that has gone from one of which nothing can be said; never kSansReponse where
+  /// the call waits as long as the disk does.
+  virtual Presence Regarde(const QString& chemin) const { return Existe(chemin) ? Presence::kLa : Presence::kAbsent; }
   /// Makes one folder; its parent must exist. False when it could not be made or was there already.
   virtual bool CreeDossier(const QString& chemin) = 0;
   /// Free bytes in all on the file system that holds `chemin`, also those that this user may not fill; nothing when
@@ -23,6 +33,9 @@ class Fichiers {
   /// Writes the bytes as the whole content of a file, replacing an earlier one. 0 when every byte is written and the
   /// file closed, else the system's error number (errno), with a partly written file left as it is.
   virtual int EcritFichier(const QString& chemin, QByteArrayView contenu) = 0;
+  /// The same, but a file that is there already is left alone: the new one takes the next free name beside it
+  /// (base/next_name.h). For what has to stay: its way to the disk itself begins at once.
+  virtual int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) = 0;
 };
 
 }  // namespace vaktor

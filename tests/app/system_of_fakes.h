@@ -15,6 +15,7 @@
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
+#include "fakes/fake_space_query.h"
 #include "fakes/journal.h"
 #include "fakes/virtual_timers.h"
 
@@ -126,6 +127,7 @@ class DisqueNote : public Fichiers {
   std::optional<qint64> EspaceLibre(const QString&) const override { return std::nullopt; }
   bool Supprime(const QString&) override { return false; }
   int EcritFichier(const QString&, QByteArrayView) override { return 0; }
+  int EcritNouveauFichier(const QString&, QByteArrayView) override { return 0; }
   QStringList Existants;
 
  private:
@@ -137,7 +139,12 @@ class EcrivainNote : public EcrivainJpeg {
   explicit EcrivainNote(Journal& journal) : J_(journal) {}
   void EnregistreJPEG(const QImage&, const QString& fichier, quint8) override {
     J_.Note([&] { return QStringLiteral("jpeg: ") + fichier; });
+    if (Erreur != 0) throw EchecJpeg(EcrivainJpegFichier::StatutEcriture(Erreur), Erreur);
   }
+  void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
+    EnregistreJPEG(image, fichier, qualite);
+  }
+  int Erreur = 0;  ///< errno of each writing
 
  private:
   Journal& J_;
@@ -242,6 +249,7 @@ struct SystemeFaux {
             .Noms = Noms,
             .Lecteur = Lecteur,
             .Arbre = Arbre,
+            .Sonde = Sonde,
             .Sons = Sons,
             .Programmes = Programmes,
             .Navigateur = Navigateur,
@@ -278,6 +286,7 @@ struct SystemeFaux {
   NomsNotes Noms{Notes, Photos};
   faux::LecteurPhotosFaux Lecteur;
   faux::ArbreFaux Arbre;
+  faux::SondeEspaceFausse Sonde;
   ProcessusNote Programmes{Notes};
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;

@@ -7,6 +7,7 @@
 #include <QSet>
 #include <cerrno>
 
+#include "base/next_name.h"
 #include "settings/ports/files.h"
 
 namespace vaktor {
@@ -22,10 +23,12 @@ class FauxFichiers : public Fichiers {
   bool RefuseSuppression = false;
   bool RefuseCreation = false;
   QSet<QString> Illisibles;  ///< folders that are there and cannot be read, as "/a/b"
+  QSet<QString> Muets;       ///< folders whose disk does not answer, as "/a/b"
   QSet<QString> Tenaces;     ///< names of files that no removal removes
 
   // What was asked, in order, paths as passed.
   QStringList Ecrits;
+  QStringList Nouveaux;  ///< those of Ecrits that were to replace nothing
   QStringList Supprimes;
   QStringList DossiersDemandes;
   mutable QStringList EspacesDemandes;
@@ -52,6 +55,9 @@ class FauxFichiers : public Fichiers {
   bool Existe(const QString& chemin) const override {
     return Dossiers_.contains(Cle(chemin)) || Contenus_.contains(Cle(chemin));
   }
+  Presence Regarde(const QString& chemin) const override {
+    return Muets.contains(Cle(chemin)) ? Presence::kSansReponse : Fichiers::Regarde(chemin);
+  }
   bool CreeDossier(const QString& chemin) override {
     DossiersDemandes += chemin;
     if (RefuseCreation || Existe(chemin) || !Dossiers_.contains(Parent(Cle(chemin)))) return false;
@@ -67,6 +73,12 @@ class FauxFichiers : public Fichiers {
     if (RefuseSuppression || Tenaces.contains(Cle(chemin).section(u'/', -1))) return !Existe(chemin);
     Contenus_.remove(Cle(chemin));
     return !Existe(chemin);
+  }
+  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) override {
+    QString libre = chemin;
+    for (int rang = 1; Existe(libre); ++rang) libre = QString::fromUtf8(NomVoisin(chemin.toUtf8(), rang));
+    Nouveaux += libre;
+    return EcritFichier(libre, contenu);
   }
   int EcritFichier(const QString& chemin, QByteArrayView contenu) override {
     Ecrits += chemin;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <QMap>
 
 #include "base/failure.h"
 #include "image/jpeg_writer.h"
@@ -14,16 +15,30 @@ class FauxEcrivainJpeg : public EcrivainJpeg {
     QImage Image;
     QString Fichier;
     int Qualite = -1;
+    bool Nouveau = false;  ///< must replace nothing
   };
   QList<Appel> Appels;   ///< in order, those that failed included
   int EchecsAVenir = 0;  ///< so many calls from now on fail, with the status below
   int StatutDesEchecs = 7;
+  QMap<QString, int> ErreursPar;  ///< folders in which every call fails, with the system's error number
 
   void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
-    Appels += {image, fichier, qualite};
+    Note({image, fichier, qualite, false});
+  }
+  void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
+    Note({image, fichier, qualite, true});
+  }
+
+ private:
+  void Note(const Appel& appel) {
+    Appels += appel;
+    if (ErreursPar.contains(appel.Fichier.section(u'/', 0, -2))) {
+      const int erreur = ErreursPar.value(appel.Fichier.section(u'/', 0, -2));
+      throw EchecJpeg(EcrivainJpegFichier::StatutEcriture(erreur), erreur);
+    }
     if (EchecsAVenir == 0) return;
     --EchecsAVenir;
-    throw Echec(kAppelIncorrect, QStringLiteral("Cannot save the image. GDI+ Error:%1").arg(StatutDesEchecs));
+    throw EchecJpeg(static_cast<StatutJpeg>(StatutDesEchecs), 0);
   }
 };
 

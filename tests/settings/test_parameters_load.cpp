@@ -176,6 +176,26 @@ TEST(ChargeParametres, KeepsAPhotoFolderThatIsThere) {
   EXPECT_EQ(banc.Magasin.Ecrits.first(), QStringLiteral("general/retard")) << "nothing is written before the save";
 }
 
+// A server that comes up later than this machine: the setting is not lost for that.
+TEST(ChargeParametres, KeepsAPhotoFolderOfWhichNothingCanBeSaid) {
+  BancReglages banc;
+  banc.Disque.Muets.insert(QStringLiteral("/net/photos"));
+  banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/net/photos");
+  banc.Reglages.ChargeParametres();
+  EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/net/photos"));
+  EXPECT_EQ(banc.Magasin.Disque.value("PHOTO/repertoire"), QStringLiteral("/net/photos"));
+  EXPECT_TRUE(banc.Disque.DossiersDemandes.isEmpty());
+}
+
+TEST(ChargeParametres, MakesNoFolderOnADiskThatDoesNotAnswer) {
+  BancReglages banc;
+  banc.Disque.Muets.insert(QStringLiteral("/prog/intrus"));
+  banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/gone");
+  banc.Reglages.ChargeParametres();
+  EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/prog\\intrus"));
+  EXPECT_TRUE(banc.Disque.DossiersDemandes.isEmpty());
+}
+
 TEST(ChargeParametres, EndsTheStartWhenNoPhotoFolderCanBeMade) {
   BancReglages banc;
   banc.Disque.RefuseCreation = true;

@@ -7,9 +7,9 @@
 #include <atomic>
 #include <thread>
 
+#include "base/jpeg_end.h"
 #include "modules/ftp/ftp_client.h"
 #include "modules/ftp/ftp_test_server.h"
-#include "modules/ftp/jpeg_check.h"
 
 namespace vaktor::essai {
 namespace {

@@ -9,7 +9,6 @@
 #include "modules/ftp/ftp_client.h"
 #include "modules/ftp/ftp_dialogue.h"
 #include "modules/ftp/ftp_test_server.h"
-#include "modules/ftp/jpeg_check.h"
 #include "modules/ftp/live_page.h"
 #include "modules/ftp/photo_queue.h"
 #include "modules/ftp/published_photos.h"
@@ -88,20 +87,6 @@ TEST(FtpDialogue, KeepsTheServersWordsAndNotOurs) {
   EXPECT_FALSE(dialogue.EstEtranger());
   EXPECT_EQ(dialogue.CodeRefus(), 530);
   EXPECT_EQ(dialogue.Refus().size(), 300);
-}
-
-TEST(WholeJpeg, EveryCutIsSeen) {
-  const QByteArray image = CreeJpeg(1, 60);
-  ASSERT_TRUE(EstJpegEntier(image));
-  for (qsizetype n = 0; n < image.size(); ++n) ASSERT_FALSE(EstJpegEntier(image.left(n))) << n;
-  EXPECT_FALSE(EstJpegEntier(image + "x")) << "the end of a longer picture behind it";
-  EXPECT_FALSE(EstJpegEntier("x" + image));
-  EXPECT_FALSE(EstJpegEntier(QByteArray("\xFF\xD8\xFF\xD9", 4))) << "no picture in it";
-}
-
-TEST(WholeJpeg, TwoPicturesMixedAreSeen) {
-  const QByteArray grande = CreeJpeg(1, 80), petite = CreeJpeg(2, 60);
-  EXPECT_FALSE(EstJpegEntier(petite + grande.mid(petite.size()))) << "a small one written over a large one";
 }
 
 struct File : testing::Test {

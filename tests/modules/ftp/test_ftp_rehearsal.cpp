@@ -5,7 +5,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
-#include "modules/ftp/jpeg_check.h"
+#include "base/jpeg_end.h"
 #include "modules/ftp/rehearsal.h"
 
 namespace vaktor::essai {

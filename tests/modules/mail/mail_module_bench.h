@@ -6,6 +6,7 @@
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mail_module.h"
 #include "modules/module_bench.h"
+#include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
 
@@ -70,7 +71,7 @@ struct Mail : BancModule {
   void Photo(const QString& nom, const QString& dossier = {}) const {
     QFile f((dossier.isEmpty() ? Photos : dossier) + '/' + nom);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write("\xff\xd8" + nom.toUtf8() + "\xff\xd9");
+    f.write(PetitJpeg(nom.toUtf8()));
     f.flush();
     f.setFileTime(QDateTime::fromMSecsSinceEpoch(Debut + Horloge.Millisecondes), QFileDevice::FileModificationTime);
   }

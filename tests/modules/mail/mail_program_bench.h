@@ -4,6 +4,7 @@
 #include "modules/mail/mail_bench.h"
 #include "settings/password_scrambling.h"
 #include "support/companion_program.h"
+#include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
 
@@ -40,7 +41,7 @@ struct ProgrammeMail : ProgrammeCompagnon {
     ASSERT_TRUE(AttendQue([this] { return Etat.HandleMail != 0; })) << Programme.readAll().toStdString();
   }
   void Photo(const QString& nom) const {
-    ASSERT_TRUE(EcritOctets(Temporaire.filePath("photos/" + nom), "\xff\xd8 image \xff\xd9"));
+    ASSERT_TRUE(EcritOctets(Temporaire.filePath("photos/" + nom), PetitJpeg(" image ")));
   }
   QString Courrier() const { return Temporaire.filePath("etat/courrier"); }
   QStringList EnAttente() const {

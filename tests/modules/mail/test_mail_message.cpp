@@ -6,6 +6,7 @@
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/photo_source.h"
+#include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
 namespace {
@@ -95,7 +96,7 @@ struct Photos : testing::Test {
   QTemporaryDir Dossier;
   const qint64 Intrusion = QDateTime::currentMSecsSinceEpoch() - 60'000;
 
-  void Pose(const QString& nom, qint64 ecart, const QByteArray& octets = "\xff\xd8 image \xff\xd9") const {
+  void Pose(const QString& nom, qint64 ecart, const QByteArray& octets = PetitJpeg(" image ")) const {
     QFile f(Dossier.filePath(nom));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(octets);
@@ -129,14 +130,15 @@ TEST_F(Photos, OfTwoAsNearTheLaterComesFirst) {
 
 TEST_F(Photos, OneThatIsStillBeingWrittenIsNotAttached) {
   Pose("entier.jpg", 2000);
-  Pose("debut.jpg", 0, "\xff\xd8 image");
+  Pose("debut.jpg", 0, PetitJpeg(" image ").chopped(2));
   Pose("vide.jpg", 0, "");
   Pose("texte.jpg", 0, "non");
+  Pose("marques.jpg", 0, "\xff\xd8 first and last mark, and no picture \xff\xd9");
   EXPECT_EQ(Prend(2), "entier.jpg") << "the next one takes its place";
 }
 
 TEST_F(Photos, TheSizeIsBounded) {
-  const QByteArray gros = "\xff\xd8" + QByteArray(1000, 'x') + "\xff\xd9";
+  const QByteArray gros = PetitJpeg(QByteArray(1000, 'x'));
   Pose("a.jpg", 0, gros);
   Pose("b.jpg", 100, gros);
   Pose("c.jpg", 200);

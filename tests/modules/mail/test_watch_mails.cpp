@@ -119,7 +119,7 @@ TEST_F(Veille, TheSystemsMailProgramNeedsNoSender) {
 }
 
 TEST_F(Veille, APictureThatIsNotWholeIsLeftOut) {
-  Pose(1, "\xff\xd8 half a pic");
+  Pose(1, PetitJpeg(" half a picture ").chopped(10));
   Module->ExecuteCommande("Veill");
   EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray());
   EXPECT_EQ(Lit(0)["subject"].toString(), "Vaktor ne voit plus");

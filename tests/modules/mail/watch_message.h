@@ -9,6 +9,7 @@
 #include <QJsonObject>
 
 #include "support/file_bytes.h"
+#include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
 
@@ -36,6 +37,6 @@ inline void PoseMessage(const QString& dossier, const QString& stem, const QByte
   ASSERT_TRUE(QFile::rename(chemin + ".json.part", chemin + ".json"));
 }
 
-inline const QByteArray kImageEntiere = "\xff\xd8 image \xff\xd9";
+inline const QByteArray kImageEntiere = PetitJpeg(" image ");
 
 }  // namespace vaktor::essai

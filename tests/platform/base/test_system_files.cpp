@@ -81,8 +81,28 @@ TEST_F(SystemFiles, AWriteReplacesTheWholeFile) {
   EXPECT_EQ(Lit(chemin), "");
 }
 
+TEST_F(SystemFiles, ANewFileTakesTheNextFreeNameBesideOneThatIsThere) {
+  const QString nom = Chemin(QStringLiteral("\\Photo 00012.jpg"));
+  for (const char* contenu : {"1", "2", "3"}) ASSERT_EQ(Disque.EcritNouveauFichier(nom, contenu), 0);
+  EXPECT_EQ(QDir(Dossier.path()).entryList(QDir::Files, QDir::Name),
+            QStringList({QStringLiteral("Photo 00012.jpg"), QStringLiteral("Photo 00012a.jpg"),
+                         QStringLiteral("Photo 00012b.jpg")}));
+  EXPECT_EQ(Lit(Chemin(QStringLiteral("/Photo 00012.jpg"))), "1");
+  EXPECT_EQ(Lit(Chemin(QStringLiteral("/Photo 00012b.jpg"))), "3");
+}
+
+// A name may be taken without a file behind it.
+TEST_F(SystemFiles, ANewFileFollowsNoLinkAndTakesNoFolderForAFile) {
+  ASSERT_TRUE(QFile::link(Chemin(QStringLiteral("/gone")), Chemin(QStringLiteral("/a.jpg"))));
+  ASSERT_TRUE(QDir().mkdir(Chemin(QStringLiteral("/aa.jpg"))));
+  ASSERT_EQ(Disque.EcritNouveauFichier(Chemin(QStringLiteral("/a.jpg")), "x"), 0);
+  EXPECT_EQ(Lit(Chemin(QStringLiteral("/ab.jpg"))), "x");
+  EXPECT_FALSE(QFile::exists(Chemin(QStringLiteral("/gone"))));
+}
+
 TEST_F(SystemFiles, AMissingFolderIsTold) {
   EXPECT_EQ(Disque.EcritFichier(Chemin(QStringLiteral("/gone/a")), "x"), ENOENT);
+  EXPECT_EQ(Disque.EcritNouveauFichier(Chemin(QStringLiteral("/gone/a")), "x"), ENOENT);
   Pose(QStringLiteral("/fichier"));
   EXPECT_EQ(Disque.EcritFichier(Chemin(QStringLiteral("/fichier/a")), "x"), ENOTDIR);
 }

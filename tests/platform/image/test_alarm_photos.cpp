@@ -8,6 +8,7 @@
 #include "image/photo_recorder.h"
 #include "platform/base/system_files.h"
 #include "platform/image/turbo_jpeg_encoder.h"
+#include "support/small_disk.h"
 
 namespace vaktor {
 namespace {
@@ -78,6 +79,38 @@ TEST_F(PhotosDAlarme, FolderThatVanishesWhileArmedCostsThePhotosItCostsAndNoLate
   EXPECT_TRUE(Photos().first().endsWith(QStringLiteral(" Photo 00028.jpg"))) << "the numbers used stay used";
   EXPECT_EQ(Actions.Sons, 5);
   EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 3);
+}
+
+TEST_F(PhotosDAlarme, AnAlarmWhoseDiskIsFullIsHeardAfterASecondAndRecordedAgainWhenThereIsRoom) {
+  const PetitDisque petit(64 * 1024);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString gros = petit.Chemin() + QStringLiteral("/gros");
+  ASSERT_EQ(Disque.EcritFichier(gros, QByteArray(100'000, 'g')), ENOSPC);
+  Reglages.RepertoirePhoto = petit.Chemin();
+  const auto bouge = [this](int trames) {
+    for (int i = 0; i < trames; ++i) {
+      Bouge(1);
+      Horloge.Millisecondes += 50;
+    }
+  };
+  bouge(20);
+  EXPECT_EQ(Actions.Sons, 0);
+  const qint32 compteurs = Affichage.NombreCompteurs;
+  bouge(40);
+  EXPECT_EQ(Actions.Sons, 40);
+  EXPECT_EQ(Affichage.NombreCompteurs, compteurs + 40) << "the labels go on too";
+  EXPECT_EQ(Sante.Details.value(Condition::kPhotosImpossibles),
+            petit.Chemin() + QStringLiteral(" : le disque est plein"));
+  const auto photos = [&] { return QDir(petit.Chemin()).entryList({QStringLiteral("*.jpg")}, QDir::Files).size(); };
+  const qsizetype restes = photos();
+  EXPECT_LE(restes, 23) << "a second of them, and then one a second, cut short as the disk left them";
+  ASSERT_TRUE(Disque.Supprime(gros));
+  bouge(20);
+  const qsizetype entre = photos();
+  EXPECT_FALSE(Sante.Dure(Condition::kPhotosImpossibles));
+  bouge(1);
+  EXPECT_EQ(photos(), entre + 1);
+  EXPECT_EQ(Actions.Photos, 81) << "the recorder was called for each frame";
 }
 
 TEST_F(PhotosDAlarme, AnotherFolderTakesTheNextPhoto) {

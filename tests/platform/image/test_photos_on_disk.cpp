@@ -3,13 +3,15 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "base/failure.h"
+#include "base/jpeg_end.h"
 #include "fakes/fake_health_report.h"
+#include "fakes/virtual_clock.h"
 #include "image/photo_recorder.h"
 #include "platform/base/program_folders.h"
-#include "platform/base/system_clock.h"
 #include "platform/base/system_files.h"
 #include "platform/image/turbo_jpeg_encoder.h"
 #include "support/small_disk.h"
@@ -54,7 +56,7 @@ class PhotosOnDisk : public testing::Test {
     return 0;
   }
 
-  /// Whole photos of a folder: files that begin and end as a JPEG file does.
+  /// Whole photos of a folder.
   static QStringList PhotosEntieres(const QString& dossier) {
     QStringList entieres;
     for (const QString& nom :
@@ -62,7 +64,7 @@ class PhotosOnDisk : public testing::Test {
       QFile fichier(CheminNatif(dossier) + u'/' + nom);
       EXPECT_TRUE(fichier.open(QIODevice::ReadOnly));
       const QByteArray octets = fichier.readAll();
-      if (octets.startsWith("\xff\xd8") && octets.endsWith("\xff\xd9")) entieres += nom;
+      if (EstJpegEntier(octets)) entieres += nom;
     }
     return entieres;
   }
@@ -74,7 +76,7 @@ class PhotosOnDisk : public testing::Test {
   DossiersProgramme Dossiers{Temporaire.path(), Temporaire.path()};
   Parametres Reglages;
   SurfaceImage Surface;
-  HorlogeSysteme Temps;
+  faux::HorlogeVirtuelle Temps;  // stands still: a machine that is busy makes no second of failures of a few calls
   FichiersSysteme Disque;
   EncodeurTurboJpeg Encodeur;
   EcrivainJpegFichier Ecrivain{Encodeur, Disque};
@@ -89,6 +91,22 @@ TEST_F(PhotosOnDisk, BothCopiesLieInTheirFolders) {
   const QStringList photo = PhotosEntieres(Dossiers.Donnees + QStringLiteral("/intrus"));
   EXPECT_TRUE(Finit(photo, " Photo 00001.jpg"));
   EXPECT_EQ(PhotosEntieres(Dossiers.Donnees + QStringLiteral("/Temp/FTP")), photo);
+}
+
+TEST_F(PhotosOnDisk, AnotherRunInTheSameSecondReplacesNoPhoto) {
+  Live = true;
+  EXPECT_EQ(Statut(), 0);
+  const QString nom = PhotosEntieres(Reglages.RepertoirePhoto).value(0);
+  Surface.Pose(QImage(16, 16, QImage::Format_RGB32));
+  EnregistreurPhotos autre{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [] { return true; }, Sante}};
+  autre.FixeDateJour();
+  const auto taille = [&] { return QFileInfo(CheminNatif(Reglages.RepertoirePhoto) + u'/' + nom).size(); };
+  const qint64 avant = taille();
+  autre.EnregistrePhoto();
+  const QString lettre = QString(nom).replace(QStringLiteral("00001"), QStringLiteral("00001a"));
+  EXPECT_EQ(PhotosEntieres(Reglages.RepertoirePhoto), QStringList({nom, lettre})) << "and sorts behind it";
+  EXPECT_EQ(PhotosEntieres(Dossiers.Donnees + QStringLiteral("/Temp/FTP")), QStringList({nom, lettre}));
+  EXPECT_EQ(taille(), avant);
 }
 
 TEST_F(PhotosOnDisk, AnEmptyPictureWritesNoFile) {

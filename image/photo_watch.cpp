@@ -1,0 +1,65 @@
+#include "image/photo_watch.h"
+
+#include "image/free_space.h"
+#include "image/photo_words.h"
+
+namespace vaktor {
+namespace {
+
+constexpr qint32 kSeconde = 1000;
+
+}  // namespace
+
+VeillePhotos::VeillePhotos(const PortsVeillePhotos& ports)
+    : Ports_(ports),
+      Minuterie_(
+          Ports_.Minuteries.CreeMinuterie(QStringLiteral("TimerPhotos"), kSeconde, [this] { PasseUneSeconde(); })) {
+  Minuterie_->Active();
+}
+
+VeillePhotos::~VeillePhotos() { Ports_.Sonde.Oublie(); }
+
+void VeillePhotos::PasseUneSeconde() {
+  const bool armee = Ports_.AlarmeArmee();
+  Ports_.Photos.RevoitConditions(armee);
+  // With photos off none goes anywhere, and a full disk is no concern of the watch.
+  if (!armee || !Ports_.Reglages.PhotoActif || Ports_.Reglages.RepertoirePhoto.isEmpty()) {
+    if (Demande_) OublieEspace();
+    return;
+  }
+  if (Demande_ && Dossier_ != Ports_.Reglages.RepertoirePhoto) OublieEspace();
+  if (SecondesAvantDemande_ == 0) {
+    SecondesAvantDemande_ = kPeriodeEspace;
+    DemandeEspace();
+  }
+  --SecondesAvantDemande_;
+}
+
+void VeillePhotos::DemandeEspace() {
+  Demande_ = true;
+  Dossier_ = Ports_.Reglages.RepertoirePhoto;
+  Ports_.Sonde.DemandeEspace(
+      Dossier_, [this, dossier = Dossier_](std::optional<qint64> libres) { RecoitEspace(dossier, libres); });
+}
+
+void VeillePhotos::RecoitEspace(const QString& dossier, std::optional<qint64> libres) {
+  // A disk that cannot tell is neither full nor has it room again: what was known of it stays. Photos that cannot be
+  // written to it are a condition of their own.
+  if (!libres) return;
+  if (*libres < kOctetsAvertissement) {
+    Ports_.Sante.Signale(Condition::kPeuDePlace, DitDossier(dossier));
+  } else {
+    Ports_.Sante.Leve(Condition::kPeuDePlace);
+  }
+}
+
+// Disarmed, without photos, or in another folder: nobody would ask any more whether there is room again. The next alarm
+// begins with a question.
+void VeillePhotos::OublieEspace() {
+  Demande_ = false;
+  SecondesAvantDemande_ = 0;
+  Ports_.Sonde.Oublie();
+  Ports_.Sante.Leve(Condition::kPeuDePlace);
+}
+
+}  // namespace vaktor

@@ -1,0 +1,15 @@
+// Why photos cannot be written, for the list of what is wrong. By language: 1 English, any other number French.
+#pragma once
+
+#include <QString>
+
+#include "base/failure.h"
+
+namespace vaktor {
+
+/// "/home/anna/photos: the disk is full". The folder comes in its stored form.
+QString DitPannePhotos(qint32 langue, const QString& dossier, const Echec& echec);
+/// A folder of its stored form as people read it.
+QString DitDossier(const QString& dossier);
+
+}  // namespace vaktor

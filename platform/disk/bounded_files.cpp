@@ -1,0 +1,82 @@
+#include "platform/disk/bounded_files.h"
+
+#include <QFile>
+#include <algorithm>
+#include <cerrno>
+
+namespace vaktor {
+namespace {
+
+using Horloge = std::chrono::steady_clock;
+
+/// So long after a question that was not answered the next ones wait for a short time only.
+constexpr auto kSouvenir = std::chrono::seconds(10);
+/// Photos, copies for the companions, live image; and as many that the user has just left behind by choosing another
+/// folder. A lane is two threads.
+constexpr qsizetype kVoiesAuPlus = 6;
+constexpr auto kPatienceFin = std::chrono::milliseconds(1000);
+
+}  // namespace
+
+FichiersBornes::~FichiersBornes() {
+  const Horloge::time_point echeance = Horloge::now() + kPatienceFin;
+  for (const auto& voie : std::as_const(Voies_)) voie->DemandeFin();
+  for (const auto& voie : std::as_const(Voies_)) voie->AttendFin(echeance);
+}
+
+FichiersBornes::Duree FichiersBornes::Patience() const {
+  const bool recent = DernierSilence_ && Horloge::now() - *DernierSilence_ < kSouvenir;
+  const bool muette =
+      recent || std::any_of(Voies_.cbegin(), Voies_.cend(), [](const auto& voie) { return voie->EstMuette(); });
+  return muette ? kPatienceCourte : kPatience;
+}
+
+bool FichiersBornes::Existe(const QString& chemin) const { return Regarde(chemin) == Presence::kLa; }
+
+Presence FichiersBornes::Regarde(const QString& chemin) const {
+  if (chemin.isEmpty()) return Presence::kAbsent;
+  return Attend<Presence>([chemin] { return FichiersSysteme().Regarde(chemin); }).value_or(Presence::kSansReponse);
+}
+
+bool FichiersBornes::CreeDossier(const QString& chemin) {
+  return Attend<bool>([chemin] { return FichiersSysteme().CreeDossier(chemin); }).value_or(false);
+}
+
+std::optional<qint64> FichiersBornes::EspaceLibre(const QString& chemin) const {
+  using Octets = std::optional<qint64>;
+  return Attend<Octets>([chemin] { return FichiersSysteme().EspaceLibre(chemin); }).value_or(std::nullopt);
+}
+
+bool FichiersBornes::Supprime(const QString& chemin) { return FichiersSysteme().Supprime(chemin); }
+
+int FichiersBornes::EcritFichier(const QString& chemin, QByteArrayView contenu) {
+  return Ecrit(chemin, contenu, VoieEcriture::Maniere::kRemplace);
+}
+
+int FichiersBornes::EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) {
+  return Ecrit(chemin, contenu, VoieEcriture::Maniere::kNouveau);
+}
+
+int FichiersBornes::Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcriture::Maniere maniere) {
+  const QByteArray nom = QFile::encodeName(CheminNatif(chemin));
+  const QByteArray dossier = nom.first(std::max<qsizetype>(nom.lastIndexOf('/'), 0));
+  const Duree patience = Patience();  // before the lane is there: its own silence is no reason to wait less
+  return Voie(dossier).Ecrit(nom, contenu, maniere, patience);
+}
+
+// A folder that is not written to any more keeps its threads until there are too many of them: then those go that have
+// nothing to do. One whose disk does not answer has to stay, or the next photo would wait for that disk anew.
+VoieEcriture& FichiersBornes::Voie(const QByteArray& dossier) {
+  if (const auto voie = Voies_.constFind(dossier); voie != Voies_.cend()) return **voie;
+  if (Voies_.size() >= kVoiesAuPlus) {
+    Voies_.removeIf([](const auto& voie) {
+      if (!voie.value()->EstLibre()) return false;
+      voie.value()->DemandeFin();
+      voie.value()->AttendFin(Horloge::now());  // its last flush is not waited for
+      return true;
+    });
+  }
+  return *Voies_.insert(dossier, std::make_shared<VoieEcriture>(dossier)).value();
+}
+
+}  // namespace vaktor

@@ -1,0 +1,72 @@
+// What becomes of an alarm in the whole program when its photos cannot be written.
+#include "app/program_fixture.h"
+
+#include <cerrno>
+
+namespace vaktor::essai {
+namespace {
+
+class PhotosDuProgramme : public ProgrammeSurFaux {
+ protected:
+  /// Armed, with photos, mail and sound on, and somebody who moves in each frame.
+  void ArmeEtBouge() {
+    Systeme.Valeurs = {{"general/retard", "1"}, {"general/seuilauto", "0"},     {"general/seuil", "1000"},
+                       {"general/langue", "1"}, {"PHOTO/actif", "1"},           {"MAIL/actif", "1"},
+                       {"SON/actif", "1"},      {"PHOTO/nombrephoto", "100000"}};
+    QImage claire(287, 241, QImage::Format_RGB32);
+    claire.fill(Qt::blue);
+    const QImage sombre = Systeme.Pilote->Image;
+    Systeme.Pilote->Suivante = [this, claire, sombre] { return (Paire_ = !Paire_) ? claire : sombre; };
+    Demarre(QStringLiteral("/alarm"));
+    Systeme.Temps.Avance(2000);
+    Systeme.Recoit(1002, QStringLiteral("HWND:72"));
+    Systeme.Recoit(1003, QStringLiteral("HWND:73"));
+    Systeme.Temps.Avance(10'000);
+    Systeme.Notes.Vide();
+  }
+  struct Actes {
+    qsizetype Photos, Mails, Sons;
+  };
+  /// What the program does in so long.
+  Actes Pendant(int millisecondes) {
+    Systeme.Temps.Avance(millisecondes);
+    const QStringList vus = Systeme.DepuisVide();
+    return {vus.filter(QStringLiteral("jpeg: ")).size(), vus.count(QStringLiteral("channel: post 66 to 72")),
+            vus.count(QStringLiteral("channel: post 66 to 73"))};
+  }
+
+ private:
+  bool Paire_ = false;
+};
+
+TEST_F(PhotosDuProgramme, AFullDiskSilencesTheAlarmForASecondAndNoLonger) {
+  ArmeEtBouge();
+  const Actes avant = Pendant(3000);
+  ASSERT_GE(avant.Photos, 90) << "somebody moves and is recorded";
+  ASSERT_GE(avant.Sons, 90);
+  Systeme.Ecrivain.Erreur = ENOSPC;
+  const Actes seconde = Pendant(990);
+  EXPECT_GE(seconde.Photos, 30) << "every frame tries";
+  EXPECT_EQ(seconde.Mails + seconde.Sons, 0);
+  Pendant(60);
+  const Actes apres = Pendant(9000);
+  EXPECT_GE(apres.Mails, 290) << "it is mailed about";
+  EXPECT_GE(apres.Sons, 290) << "and heard";
+  EXPECT_GE(apres.Photos, 8);
+  EXPECT_LE(apres.Photos, 10) << "the disk is asked once a second";
+  Systeme.Ecrivain.Erreur = 0;
+  Pendant(1000);
+  EXPECT_GE(Pendant(3000).Photos, 90) << "there is room again";
+}
+
+TEST_F(PhotosDuProgramme, TheRoomOnTheDiskOfThePhotosIsAskedOnceAMinuteWhileArmed) {
+  ArmeEtBouge();
+  const qsizetype avant = Systeme.Sonde.Demandes.size();
+  EXPECT_EQ(avant, 1) << "at once";
+  Systeme.Temps.Avance(180'000);
+  EXPECT_EQ(Systeme.Sonde.Demandes.size(), avant + 3);
+  EXPECT_EQ(Systeme.Sonde.Demandes.last(), QStringLiteral("/home/u/v\\intrus"));
+}
+
+}  // namespace
+}  // namespace vaktor::essai

@@ -1,0 +1,120 @@
+// A power cut: which photos are there afterwards. On a file system that loses whatever was not flushed.
+#include <QElapsedTimer>
+#include <QFile>
+#include <QThread>
+#include <cerrno>
+
+#include "base/jpeg_end.h"
+#include "fakes/fake_health_report.h"
+#include "image/photo_recorder.h"
+#include "platform/base/system_clock.h"
+#include "platform/disk/bounded_files.h"
+#include "platform/image/turbo_jpeg_encoder.h"
+#include "support/event_wait.h"
+#include "support/volatile_disk_bench.h"
+
+namespace vaktor {
+namespace {
+
+class PhotosThatStay : public SurDisqueVolatil {
+ protected:
+  QStringList Noms() const { return QDir(Chemin()).entryList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name); }
+  QByteArray Lit(const QString& nom) const {
+    QFile fichier(Chemin("/") + nom);
+    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
+  }
+};
+
+TEST_F(PhotosThatStay, ThisDiskLosesWhatWasNotFlushed) {
+  FichiersSysteme fichiers;
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
+  ASSERT_EQ(Lit(QStringLiteral("a.jpg")), "photo");
+  ASSERT_TRUE(Disque->CoupeCourant());
+  EXPECT_TRUE(Noms().isEmpty());
+}
+
+// An alarm of some seconds, recorded as in the program, and the power fails in the midst of it.
+TEST_F(PhotosThatStay, OfAnAlarmAtMostTheLastTwoSecondsAreLost) {
+  Parametres reglages;
+  reglages.RepertoirePhoto = Chemin();
+  reglages.PhotoActif = true;
+  const DossiersProgramme dossiers{Chemin(), Chemin()};
+  SurfaceImage surface;
+  QImage image(320, 240, QImage::Format_RGB32);
+  image.fill(Qt::darkGreen);
+  surface.Pose(image);
+  const HorlogeSysteme temps;
+  EncodeurTurboJpeg encodeur;
+  FichiersBornes disque;
+  EcrivainJpegFichier ecrivain(encodeur, disque);
+  faux::SanteFausse sante;
+  EnregistreurPhotos photos({reglages, dossiers, surface, temps, ecrivain, disque, [] { return false; }, sante});
+  photos.FixeDateJour();
+
+  QElapsedTimer depuis;
+  depuis.start();
+  QList<qint64> prises;  // when each photo was taken
+  while (depuis.elapsed() < 4500) {
+    photos.EnregistrePhoto();
+    prises += depuis.elapsed();
+    QThread::msleep(30);
+  }
+  ASSERT_TRUE(Disque->CoupeCourant());
+  const qint64 coupure = depuis.elapsed();
+  const auto vieilles =
+      std::count_if(prises.begin(), prises.end(), [&](qint64 prise) { return prise <= coupure - 2000; });
+  ASSERT_GT(vieilles, 10) << "the machine is too slow to tell";
+  qsizetype entieres = 0;
+  for (const QString& nom : Noms()) {
+    if (EstJpegEntier(Lit(nom))) ++entieres;
+  }
+  EXPECT_GE(entieres, vieilles) << "of " << prises.size() << " photos";
+  EXPECT_FALSE(sante.Dure(Condition::kPhotosImpossibles));
+}
+
+TEST_F(PhotosThatStay, ASinglePhotoIsFlushedAtOnceAndNotWhenTheNextComes) {
+  FichiersBornes fichiers;
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
+  QThread::msleep(2000);
+  ASSERT_TRUE(Disque->CoupeCourant());
+  EXPECT_EQ(Lit(QStringLiteral("a.jpg")), "photo");
+}
+
+TEST_F(PhotosThatStay, TheEndOfTheProgramFlushesTheLastOnes) {
+  {
+    FichiersBornes fichiers;
+    for (const char* nom : {"/a.jpg", "/b.jpg", "/c.jpg"}) {
+      ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin(nom), "photo"), 0);
+    }
+  }
+  ASSERT_TRUE(Disque->CoupeCourant());
+  for (const char* nom : {"a.jpg", "b.jpg", "c.jpg"}) EXPECT_EQ(Lit(QString::fromUtf8(nom)), "photo") << nom;
+}
+
+TEST_F(PhotosThatStay, APhotoThatDidNotReachTheDiskIsToldWithTheNext) {
+  FichiersBornes fichiers;
+  ASSERT_TRUE(Disque->RefuseDeVider());
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0) << "the system took it";
+  int rang = 0;
+  int erreur = 0;
+  EXPECT_TRUE(essai::AttendQue([&] {
+    erreur = fichiers.EcritNouveauFichier(Chemin("/b%1.jpg").arg(++rang), "photo");
+    return erreur != 0;
+  }));
+  EXPECT_EQ(erreur, EIO);
+  EXPECT_EQ(Lit(QStringLiteral("b%1.jpg").arg(rang)), "photo") << "this one is whole all the same";
+}
+
+TEST_F(PhotosThatStay, APhotoThatIsDeletedAtOnceIsNoFailure) {
+  FichiersBornes fichiers;
+  for (int i = 0; i < 50; ++i) {
+    const QString nom = Chemin("/%1.jpg").arg(i);
+    ASSERT_EQ(fichiers.EcritNouveauFichier(nom, "photo"), 0);
+    ASSERT_TRUE(fichiers.Supprime(nom));
+  }
+  QThread::msleep(1500);
+  EXPECT_EQ(fichiers.EcritNouveauFichier(Chemin("/derniere.jpg"), "photo"), 0);
+}
+
+}  // namespace
+}  // namespace vaktor

@@ -1,0 +1,76 @@
+// The room of a disk, asked without waiting for it.
+#include <QElapsedTimer>
+
+#include "platform/disk/space_query.h"
+#include "support/event_wait.h"
+#include "support/volatile_disk_bench.h"
+
+namespace vaktor {
+namespace {
+
+class SpaceQuery : public SurDisqueVolatil {
+ protected:
+  void Demande(const QString& dossier) {
+    Sonde.DemandeEspace(dossier, [this, dossier](std::optional<qint64> libres) { Recus.append({dossier, libres}); });
+  }
+  bool AttendRecu(qsizetype nombre) {
+    return essai::AttendQue([&] { return Recus.size() >= nombre; });
+  }
+
+  SondeEspaceSysteme Sonde;
+  QList<std::pair<QString, std::optional<qint64>>> Recus;
+};
+
+TEST_F(SpaceQuery, TheAnswerComesLaterFromTheEventLoop) {
+  Demande(Chemin());
+  EXPECT_TRUE(Recus.isEmpty());
+  ASSERT_TRUE(AttendRecu(1));
+  EXPECT_EQ(Recus[0].second, 4'096'000'000);
+  Demande(Chemin());
+  ASSERT_TRUE(AttendRecu(2));
+}
+
+TEST_F(SpaceQuery, OfAFolderThatIsGoneItCannotBeTold) {
+  Demande(Chemin("/gone"));
+  ASSERT_TRUE(AttendRecu(1));
+  EXPECT_EQ(Recus[0].second, std::nullopt);
+}
+
+TEST_F(SpaceQuery, ASilentDiskHoldsNobodyGathersNothingAndAnswersOnceInTheEnd) {
+  ASSERT_TRUE(Disque->SeTait());
+  QElapsedTimer temps;
+  temps.start();
+  for (int i = 0; i < 100; ++i) {
+    if (i == 50) Sonde.Oublie();
+    Demande(Chemin());
+  }
+  EXPECT_LT(temps.elapsed(), 2000);
+  ASSERT_TRUE(Disque->Repond());
+  ASSERT_TRUE(AttendRecu(1));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Recus.size(), 1);
+}
+
+TEST_F(SpaceQuery, AnotherDiskIsAskedWhileOneIsSilent) {
+  ASSERT_TRUE(Disque->SeTait());
+  Demande(Chemin());
+  Demande(Ailleurs());
+  ASSERT_TRUE(AttendRecu(1));
+  EXPECT_EQ(Recus[0].first, Ailleurs());
+  ASSERT_TRUE(Disque->Repond());
+}
+
+TEST_F(SpaceQuery, AForgottenQuestionAndOneWhoseOwnerHasGoneFindNobody) {
+  Demande(Chemin());
+  Sonde.Oublie();
+  {
+    SondeEspaceSysteme courte;
+    courte.DemandeEspace(Chemin(), [this](std::optional<qint64>) { Recus.append({QStringLiteral("gone"), {}}); });
+  }
+  Demande(Ailleurs());
+  ASSERT_TRUE(AttendRecu(1));
+  EXPECT_EQ(Recus[0].first, Ailleurs());
+}
+
+}  // namespace
+}  // namespace vaktor
