@@ -98,6 +98,7 @@ void ModuleFtp::Connecte() {
 }
 
 void ModuleFtp::DemandeLive() {
+  RegardeLive();  // also while nothing can be uploaded: afterwards it must not look like one that has just come
   // A main program that sends images to a companion that knows of no connection has lost the one before us.
   if (Lien_ == Lien::kArrete && MotArret_.isEmpty())
     Connecte();

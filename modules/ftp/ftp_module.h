@@ -80,6 +80,7 @@ class ModuleFtp : public Module {
   void RefuseEnvoi(const ResultatFtp& resultat);
   void RegardePhotos();
   QFileInfo LiveSurDisque() const;
+  void RegardeLive();
   ContenuPage CreeContenu() const;
 
   void Signale(const AvisEchec& avis, bool desPhotos);
@@ -114,6 +115,8 @@ class ModuleFtp : public Module {
     bool operator==(const EtatFichier&) const = default;
   };
   static EtatFichier DonneEtat(const QFileInfo& fichier);
+  EtatFichier LiveVu_;      // at the last "Surve"
+  qint64 LiveVuA_ = 0;      // when it was seen to have changed; 0 for what was there at the first look
   EtatFichier LiveEnvoye_;  // under way
   EtatFichier LivePublie_;  // last
   bool PageDemandee_ = false;

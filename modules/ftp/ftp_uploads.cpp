@@ -21,11 +21,20 @@ ModuleFtp::EtatFichier ModuleFtp::DonneEtat(const QFileInfo& fichier) {
   return {fichier.lastModified().toMSecsSinceEpoch(), fichier.size()};
 }
 
+// Seen to change, an image is as old as that, whatever the clock of a network disk says. Only of one that lay there
+// before the first look nothing else is known than its own date.
+void ModuleFtp::RegardeLive() {
+  const EtatFichier etat = DonneEtat(LiveSurDisque());
+  if (etat == LiveVu_) return;
+  LiveVuA_ = LiveVu_.Date < 0 ? 0 : Contexte_.Maintenant();
+  LiveVu_ = etat;
+}
+
 bool ModuleFtp::EstLiveNeuf() const {
   const QFileInfo live = LiveSurDisque();
   if (!live.exists()) return true;  // the worker finds that out, and says what it says
   const EtatFichier etat = DonneEtat(live);
-  const qint64 age = Contexte_.Maintenant() - etat.Date;
+  const qint64 age = Contexte_.Maintenant() - (etat == LiveVu_ && LiveVuA_ > 0 ? LiveVuA_ : etat.Date);
   return !(etat == LivePublie_) && age <= std::max(kIntervallesNeuf * qint64{Page_.Intervalle}, qint64{kNeufMin});
 }
 

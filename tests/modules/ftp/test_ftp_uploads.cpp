@@ -65,13 +65,29 @@ TEST_F(Ftp, AfterAReconnectionTheLastImageGetsNoNewTime) {
 TEST_F(Ftp, HowOldAnImageMayBeFollowsTheInterval) {
   for (const auto& [intervalle, age] : {std::pair("10", 30'000), std::pair("0,5", 5'000), std::pair("60", 180'000)}) {
     Reglages.Valeurs.IntervalleFtp = intervalle;
-    Module->PrendReglages(Reglages);
-    Connecte();
-    PoseLive(age + 1);
-    EXPECT_EQ(Dit("Surve"), "ConOK") << intervalle;
-    PoseLive(age);
-    EXPECT_EQ(Dit("Surve"), "Uploa") << intervalle;
+    for (const qint64 trop : {1, 0}) {
+      CreeModule();  // one that finds the file as it starts
+      Connecte();
+      PoseLive(age + trop);
+      EXPECT_EQ(Dit("Surve"), trop > 0 ? "ConOK" : "Uploa") << intervalle;
+    }
   }
+}
+
+TEST_F(Ftp, AnImageThatWasSeenToChangeIsNewWhateverTheClockOfItsDiskSays) {
+  Connecte();
+  PoseLive(3'600'000);
+  EXPECT_EQ(Dit("Surve"), "ConOK") << "nothing but its date tells how old it is";
+  Temps.Avance(10'000);
+  PoseLive(3'600'000);
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+  Finit(IssueFtp::kPasDeConnexion);
+  for (int i = 0; i < 4; ++i) {  // and so it grows old
+    while (!Ouvrier->EnCours()) Temps.Avance(1000);
+    Finit(IssueFtp::kPasDeConnexion);
+  }
+  while (!Ouvrier->EnCours()) Temps.Avance(1000);
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK");
 }
 
 TEST_F(Ftp, AnotherServerGetsTheImageTheFirstHas) {
