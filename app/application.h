@@ -9,6 +9,7 @@
 #include "app/live_ports.h"
 #include "app/ports/start_steps.h"
 #include "app/raised_rights.h"
+#include "app/settings_retry.h"
 #include "app/start_sequence.h"
 #include "app/system_ports.h"
 #include "base/application_state.h"
@@ -21,6 +22,8 @@
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
 #include "companions/sending_watch.h"
+#include "health/blind_mails.h"
+#include "health/desktop_notices.h"
 #include "health/watch_health.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/form_visu_photo.h"
@@ -32,6 +35,7 @@
 #include "ui/form1.h"
 #include "ui/form_sound.h"
 #include "ui/form_splash.h"
+#include "ui/health_view.h"
 #include "ui/link_view.h"
 #include "ui/links.h"
 #include "ui/parameter_view.h"
@@ -59,6 +63,9 @@ class Vaktor : private EtapesDepart {
   bool EstFinie() const;
   /// Exit status of a program that ended in order: 0, or kStatutEchec when something was lost on the way out.
   int Statut() const;
+
+  /// Where whoever knows that something is wrong with the watch says so.
+  RapportSante& Sante() { return Sante_; }
 
   /// Tells a failure in the user's language: one that the guard of the event loop met, one that ends the start. Behind
   /// the latter's message nothing acts: the camera is let go, no timer ticks, no window comes up. Afterwards those
@@ -90,6 +97,11 @@ class Vaktor : private EtapesDepart {
   void PlaceMoniteur();
   FormVisuPhoto& Galerie();
   void CreeRepertoire(FormVisuPhoto& galerie);
+
+  // The health of the watch (application_health.cpp).
+  void CreeSante();
+  QPoint PlaceFrmSante(const QSize& taille);
+  void ArreteSante();
 
   // The end (application_end.cpp).
   void AbandonneDepart();
@@ -138,6 +150,11 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<FormWinsock> FormWinsock_;
   std::unique_ptr<SuiviEnvois> Envois_;  // from the launch of the companions on
 
+  // Who is told of the health of the watch.
+  std::unique_ptr<AvisBureau> AvisBureau_;
+  std::unique_ptr<CourrielsAveugle> CourrielsAveugle_;
+  std::unique_ptr<ReessaieReglages> ReessaieReglages_;
+
   // Forms, in the order in which they are made; they go in the opposite one, before the engine.
   VueAgrandie PleinEcran_;
   std::unique_ptr<Form1> Form1_;
@@ -149,6 +166,7 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<ChoixDossier> ChoixDossier_;
   std::unique_ptr<VueRepertoire> Repertoire_;
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on
+  std::unique_ptr<VueSante> VueSante_;
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;
   std::optional<QPoint> PlaceMoniteur_;  // where the program put the monitor last

@@ -32,6 +32,7 @@ void Vaktor::Ferme() {
 // A start that failed. Its message may stand for hours: behind it no camera watches, nothing is saved, no window opens.
 void Vaktor::AbandonneDepart() {
   Etat_.EnFermeture = true;
+  EssaieJusquauBout([this] { ArreteSante(); });
   if (Moteur_) {
     EssaieJusquauBout([this] { Moteur_->DeconnectePilote(); });
     EssaieJusquauBout([this] { Moteur_->Arrete(); });
@@ -55,6 +56,7 @@ void Vaktor::DemandeFermeture() {
 
 void Vaktor::FermeApplication() {
   Etat_.EnFermeture = true;
+  EssaieJusquauBout([this] { ArreteSante(); });
   EssaieJusquauBout([this] { Live_->CoupeLive(); });
   EssaieJusquauBout([this] { Moteur_->Arrete(); });  // no tick of the engine comes from here on
   PrevientCompagnons();
@@ -111,6 +113,7 @@ void Vaktor::DechargeFormes() {
   FrmEssaiFtp_.reset();
   ChargeurTextes_.reset();
   VueParametres_.reset();
+  VueSante_.reset();
   FormWinsock_.reset();
   FormSound_.reset();
   Repertoire_.reset();

@@ -60,10 +60,12 @@ void Vaktor::ChargeTextes() {
   ChargeurTextes_ = std::make_unique<ChargeurTextes>(Reglages_, Textes_, *Form1_, Moniteur(), [this] {
     if (FrmSmtp_) FrmSmtp_->EcritMots();
     if (FrmEssaiFtp_) FrmEssaiFtp_->EcritMots(Reglages_.LangueCourante);
+    if (VueSante_) VueSante_->Actualise();
     EcritLibellesBoutons(*Form1_, Textes_);
   });
   ChargeurTextes_->RelieGalerie(Galerie());
   ChargeurTextes_->ChargeTextes();
+  CreeSante();
 }
 
 void Vaktor::LanceModules() {

@@ -16,7 +16,8 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
       Programmes_(arguments.Dossier),
       EssaiMail_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier),
       EssaiFtp_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kFtp).Programme, arguments.Dossier),
-      Etats_(TrouveDossierEtat(arguments.Dossier)) {}
+      Etats_(TrouveDossierEtat(arguments.Dossier)),
+      Courriels_(TrouveDossierReglages(arguments.Dossier) + u'/' + kDossierVeille, Encodeur_) {}
 
 SystemeReel::~SystemeReel() = default;
 
@@ -54,6 +55,8 @@ PortsSysteme SystemeReel::Ports() {
           .EssaiMail = EssaiMail_,
           .EssaiFtp = EssaiFtp_,
           .Etats = Etats_,
+          .Bureau = Bureau_,
+          .Courriels = Courriels_,
           .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                    QStringLiteral(VAKTOR_VERSION)},
           .CreeFormSound =

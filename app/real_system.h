@@ -20,6 +20,8 @@
 #include "platform/image/jpeg_photo_reader.h"
 #include "platform/image/turbo_jpeg_encoder.h"
 #include "platform/sound/wave_player.h"
+#include "platform/telling/desktop_notifier.h"
+#include "platform/telling/mail_drop.h"
 #include "platform/widgets/desktop_opener.h"
 #include "platform/widgets/qt_file_dialog.h"
 #include "platform/widgets/qt_message_boxes.h"
@@ -66,6 +68,8 @@ class SystemeReel {
   EssaiParCompagnon EssaiMail_;
   EssaiParCompagnon EssaiFtp_;
   LecteurEtatsFichiers Etats_;
+  NotifieurSysteme Bureau_;
+  DepotCourrielsFichiers Courriels_;
   std::unique_ptr<MemoireCapture> Memoire_;
 };
 

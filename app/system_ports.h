@@ -18,6 +18,8 @@
 #include "engine/ports/event_pump.h"
 #include "engine/ports/interface_sounds.h"
 #include "engine/ports/timers.h"
+#include "health/ports/desktop_notifier.h"
+#include "health/ports/mail_drop.h"
 #include "image/jpeg_writer.h"
 #include "image/ports/folder_tree.h"
 #include "image/ports/photo_names.h"
@@ -56,6 +58,8 @@ struct PortsSysteme {
   EssaiReglages& EssaiMail;
   EssaiReglages& EssaiFtp;
   LecteurEtats& Etats;  ///< what the companions say of their work
+  NotifieurBureau& Bureau;
+  DepotCourriels& Courriels;
   SitePages Site = {};
   /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};

@@ -69,6 +69,12 @@ QImage ChargeArtOuUni(const QString& nom, int echelle, const QSize& taille, cons
   return image;
 }
 
+QImage ChargeSigne(const QString& nom, int echelle) {
+  PrepareRessources();
+  const QImage image(QStringLiteral(":/art/%1x/%2.png").arg(echelle).arg(nom));
+  return image.isNull() ? QImage() : image.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
+
 QIcon ChargeIcone() {
   PrepareRessources();
   return QIcon(new IconeRessource);

@@ -17,6 +17,9 @@ QImage ChargeArt(const QString& nom, int echelle);
 /// The same; where it cannot be loaded, a plain bitmap of `taille` points in `couleur`.
 QImage ChargeArtOuUni(const QString& nom, int echelle, const QSize& taille, const QColor& couleur);
 
+/// The same with its transparency, ARGB32: a sign that stands on the skin. Null when it cannot be loaded.
+QImage ChargeSigne(const QString& nom, int echelle);
+
 /// The application's icon, in all its sizes.
 QIcon ChargeIcone();
 

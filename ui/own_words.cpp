@@ -44,6 +44,20 @@ QString AideEssaiFtp(qint32 langue) {
                  "Try these parameters now, without saving them");
 }
 
+QString AideSigneSante(qint32 langue) {
+  return Choisit(langue, "Ouvre la liste de ce qui ne va pas", "Opens the list of what is wrong");
+}
+
+QString TitreSante(qint32 langue) { return Choisit(langue, "Santé de la surveillance", "Health of the watch"); }
+
+QString MotFermerSante(qint32 langue) { return Choisit(langue, "Fermer", "Close"); }
+
+QString MotRienASignaler(qint32 langue) { return Choisit(langue, "Rien à signaler.", "Nothing to report."); }
+
+QString MotDepuis(qint32 langue, const QString& moment) {
+  return Choisit(langue, "Depuis le %1", "Since %1").arg(moment);
+}
+
 QString MessageEchecInattendu(qint32 langue, const QString& description) {
   return Choisit(langue, "Une opération a échoué : %1\nVaktor continue.", "An operation failed: %1\nVaktor goes on.")
       .arg(description);

@@ -19,6 +19,13 @@ QString AideBarre(qint32 langue);
 /// The button that tries the live page, and its tooltip.
 QString LibelleEssaiFtp(qint32 langue);
 QString AideEssaiFtp(qint32 langue);
+/// What a click on the sign of the health does, for those who hear the window.
+QString AideSigneSante(qint32 langue);
+/// The list that it opens: its title, its button, the line of an empty one, and "Since 2 January 2020, 09:05:03".
+QString TitreSante(qint32 langue);
+QString MotFermerSante(qint32 langue);
+QString MotRienASignaler(qint32 langue);
+QString MotDepuis(qint32 langue, const QString& moment);
 /// The message of the guard at the event loop: what failed, and that the program goes on.
 QString MessageEchecInattendu(qint32 langue, const QString& description);
 /// The message of a start that failed.

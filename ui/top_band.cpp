@@ -20,6 +20,7 @@ BandeauHaut::BandeauHaut(QWidget* fenetre) {
   ImageLedAlarme = new LampeWidget(fenetre, QStringLiteral("ImageLedAlarme"), {382, 12});
   ImageLedSurveill = new LampeWidget(fenetre, QStringLiteral("ImageLedSurveill"), {382, 33});
   PictSeuil = new JaugeWidget(fenetre, QStringLiteral("PictSeuil"), {18, 50, 360, 6});
+  Signe = new SigneSante(fenetre);
 }
 
 }  // namespace vaktor

@@ -5,6 +5,7 @@
 #include <array>
 
 #include "ui/bouton_image.h"
+#include "ui/health_sign.h"
 #include "ui/jauge_widget.h"
 #include "ui/lampe_widget.h"
 
@@ -21,6 +22,7 @@ struct BandeauHaut {
   LampeWidget* ImageLedAlarme;
   LampeWidget* ImageLedSurveill;
   JaugeWidget* PictSeuil;
+  SigneSante* Signe;  ///< hidden while nothing is wrong
 };
 
 }  // namespace vaktor

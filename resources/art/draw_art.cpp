@@ -18,6 +18,7 @@ int main(int argc, char** argv) {
   DessineBoutons(dossier);
   DessineLampes(dossier);
   DessineDrapeaux(dossier);
+  DessineSignes(dossier);
   DessinePagesPlan(dossier);
   DessineFonds(dossier);
   DessineIcone(dossier);

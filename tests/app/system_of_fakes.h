@@ -8,9 +8,11 @@
 #include "base/failure.h"
 #include "fakes/fake_capture_driver.h"
 #include "fakes/fake_companion_status.h"
+#include "fakes/fake_desktop_notifier.h"
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_folder_tree.h"
 #include "fakes/fake_interface_sounds.h"
+#include "fakes/fake_mail_drop.h"
 #include "fakes/fake_mail_registry.h"
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
@@ -256,7 +258,9 @@ struct SystemeFaux {
             .Comptes = Comptes,
             .EssaiMail = EssaiMail,
             .EssaiFtp = EssaiFtp,
-            .Etats = Etats};
+            .Etats = Etats,
+            .Bureau = Bureau,
+            .Courriels = Courriels};
   }
   /// A companion writes a word into its inbox.
   void Recoit(qint32 poignee, const QString& texte) {
@@ -293,6 +297,8 @@ struct SystemeFaux {
   faux::EssaiFaux EssaiMail;
   faux::EssaiFaux EssaiFtp;
   faux::LecteurEtatsFaux Etats;
+  faux::NotifieurFaux Bureau;
+  faux::DepotFaux Courriels;
   std::unique_ptr<faux::PiloteFaux> Pilote = std::make_unique<faux::PiloteFaux>(Notes);
 };
 

@@ -1,0 +1,109 @@
+#include "platform/telling/mail_drop.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <cerrno>
+#include <cstdio>
+
+namespace vaktor {
+
+namespace {
+
+constexpr quint8 kQualite = 80;  // as a photo for a mail: a few tens of kilobytes
+
+QByteArray Compose(const CourrielVeille& courriel) {
+  QJsonObject objet{
+      {QStringLiteral("version"), 1},
+      {QStringLiteral("kind"), courriel.Fin ? QStringLiteral("end") : QStringLiteral("begin")},
+      {QStringLiteral("condition"), courriel.Mot},
+      {QStringLiteral("since"), courriel.Depuis.toString(Qt::ISODate)},
+      {QStringLiteral("subject_fr"), courriel.SujetFr},
+      {QStringLiteral("subject_en"), courriel.SujetEn},
+      {QStringLiteral("fr"), courriel.Francais},
+      {QStringLiteral("en"), courriel.English},
+  };
+  if (courriel.Fin) objet.insert(QStringLiteral("until"), courriel.Jusqua.toString(Qt::ISODate));
+  return QJsonDocument(objet).toJson();
+}
+
+bool EcritEtFerme(int descripteur, const QByteArray& octets) {
+  qsizetype fait = 0;
+  while (fait < octets.size()) {
+    const ssize_t ecrit =
+        ::write(descripteur, octets.constData() + fait, static_cast<std::size_t>(octets.size() - fait));
+    if (ecrit < 0 && errno == EINTR) continue;
+    if (ecrit <= 0) break;
+    fait += ecrit;
+  }
+  const bool entier = fait == octets.size() && ::fsync(descripteur) == 0;
+  return ::close(descripteur) == 0 && entier;
+}
+
+// Under a name that no reader takes first, so that none finds half a file, also after a power cut.
+bool EcritEntier(const QByteArray& dossier, const QByteArray& nom, const QByteArray& octets) {
+  const QByteArray provisoire = dossier + "/." + nom + ".part";
+  const QByteArray definitif = dossier + '/' + nom;
+  const int descripteur = ::open(provisoire.constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC | O_NOFOLLOW, 0600);
+  if (descripteur < 0) return false;
+  if (EcritEtFerme(descripteur, octets) && std::rename(provisoire.constData(), definitif.constData()) == 0) return true;
+  ::unlink(provisoire.constData());
+  return false;
+}
+
+// The mode is set and not only asked for: the folder may be there with another, or the mask of the process be wide.
+bool PrepareDossier(const QByteArray& dossier) {
+  if (::mkdir(dossier.constData(), 0700) != 0 && errno != EEXIST) return false;
+  return ::chmod(dossier.constData(), 0700) == 0;
+}
+
+void SynchroniseDossier(const QByteArray& dossier) {
+  const int descripteur = ::open(dossier.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descripteur < 0) return;
+  ::fsync(descripteur);  // file systems that cannot do this for a folder have nothing to lose
+  ::close(descripteur);
+}
+
+bool EcritCourriel(const QByteArray& dossier, const QByteArray& souche, const QByteArray& json,
+                   const QByteArray& jpeg) {
+  if (!PrepareDossier(dossier)) return false;
+  // A mail without its picture is better than none: a disk that is nearly full may still take the words.
+  const bool image = !jpeg.isEmpty() && EcritEntier(dossier, souche + ".jpg", jpeg);
+  if (EcritEntier(dossier, souche + ".json", json)) {
+    SynchroniseDossier(dossier);
+    return true;
+  }
+  if (image) ::unlink((dossier + '/' + souche + ".jpg").constData());
+  return false;
+}
+
+}  // namespace
+
+QByteArray DepotCourrielsFichiers::Encode(const QImage& image) {
+  QByteArrayView octets;
+  if (image.isNull() || Encodeur_.Demarre() != StatutJpeg::kReussi) return {};
+  if (Encodeur_.Encode(image, kQualite, octets) != StatutJpeg::kReussi) return {};
+  return octets.toByteArray();  // the encoder's memory is good until its next call only
+}
+
+void DepotCourrielsFichiers::Depose(const CourrielVeille& courriel, const QImage& image, Fini fini) {
+  const QByteArray souche =
+      QByteArray::number(QDateTime::currentMSecsSinceEpoch()) + '-' + QByteArray::number(++Numero_);
+  const auto reponse = std::make_shared<Fini>(std::move(fini));
+  const bool lance = Travaux_.Lance([dossier = QFile::encodeName(Dossier_), souche, json = Compose(courriel),
+                                     jpeg = Encode(image), relais = Relais_, reponse] {
+    bool ecrit = false;
+    try {
+      ecrit = EcritCourriel(dossier, souche, json, jpeg);
+    } catch (const std::exception&) {  // want of memory: tried again like a full disk
+    }
+    relais->Poste([reponse, ecrit] { (*reponse)(ecrit); });
+  });
+  if (!lance) Relais_->Poste([reponse] { (*reponse)(false); });
+}
+
+}  // namespace vaktor

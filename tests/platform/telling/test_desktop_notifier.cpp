@@ -1,0 +1,75 @@
+// The real notifier, against a program of the test that stands in the place of notify-send.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "platform/telling/desktop_notifier.h"
+
+namespace vaktor {
+namespace {
+
+class Notifieur : public testing::Test {
+ protected:
+  Notifieur() : Chemin_(qgetenv("PATH")) {}
+  ~Notifieur() override { qputenv("PATH", Chemin_); }
+  // Writes its arguments, one a line, and renames the file when it is whole.
+  void PoseProgramme(const QByteArray& avant = {}) {
+    QFile faux(Dossier_.filePath(QStringLiteral("notify-send")));
+    ASSERT_TRUE(faux.open(QIODevice::WriteOnly));
+    const QByteArray cible = QFile::encodeName(Dossier_.filePath(QStringLiteral("args")));
+    faux.write("#!/bin/sh\n" + avant + "\nprintf '%s\\n' \"$@\" > " + cible + ".part; mv " + cible + ".part " + cible +
+               "\n");
+    faux.close();
+    faux.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    qputenv("PATH", QFile::encodeName(Dossier_.path()) + ':' + Chemin_);
+  }
+  QString LitArguments() const {
+    const QString cible = Dossier_.filePath(QStringLiteral("args"));
+    if (!QTest::qWaitFor([&cible] { return QFile::exists(cible); }, 20000)) return {};
+    QFile fichier(cible);
+    return fichier.open(QIODevice::ReadOnly) ? QString::fromUtf8(fichier.readAll()) : QString();
+  }
+
+  QTemporaryDir Dossier_;
+  QByteArray Chemin_;
+};
+
+TEST_F(Notifieur, HandsTitleAndTextToTheDesktopWithoutAShellAndWithoutMarkup) {
+  PoseProgramme();
+  NotifieurSysteme notifieur;
+  notifieur.Notifie(QStringLiteral("--title `id`"), QString::fromUtf8("é <b>&\n\"x\""), true);
+  EXPECT_EQ(LitArguments(), QString::fromUtf8("--app-name=Vaktor\n--urgency=critical\n--\n--title `id`\n"
+                                              "é &lt;b&gt;&amp;\n&quot;x&quot;\n"));
+}
+
+TEST_F(Notifieur, ANoticeDoesNotStandUntilItIsTakenAway) {
+  PoseProgramme();
+  NotifieurSysteme notifieur;
+  notifieur.Notifie(QStringLiteral("t"), QStringLiteral("x"), false);
+  EXPECT_TRUE(LitArguments().contains(QStringLiteral("--urgency=normal\n")));
+}
+
+TEST_F(Notifieur, DoesNotWaitForTheDesktop) {
+  PoseProgramme("sleep 5");
+  NotifieurSysteme notifieur;
+  QElapsedTimer temps;
+  temps.start();
+  notifieur.Notifie(QStringLiteral("t"), QStringLiteral("x"), true);
+  EXPECT_LT(temps.elapsed(), 4000);
+  EXPECT_FALSE(LitArguments().isEmpty());
+}
+
+TEST_F(Notifieur, WithoutTheProgramNothingHappens) {
+  qputenv("PATH", QFile::encodeName(Dossier_.path()));
+  NotifieurSysteme notifieur;
+  notifieur.Notifie(QStringLiteral("t"), QStringLiteral("x"), true);
+  QTest::qWait(100);
+  EXPECT_TRUE(QDir(Dossier_.path()).isEmpty());
+}
+
+}  // namespace
+}  // namespace vaktor

@@ -1,0 +1,136 @@
+// The folder of the mails about the watch itself, on a real disk.
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <QDir>
+#include <QFile>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QTest>
+#include <optional>
+
+#include "platform/image/turbo_jpeg_encoder.h"
+#include "platform/telling/mail_drop.h"
+
+namespace vaktor {
+namespace {
+
+class Depot : public testing::Test {
+ protected:
+  QString Dossier() const { return Parent_.filePath(QStringLiteral("veille")); }
+  std::optional<bool> Depose(const CourrielVeille& courriel, const QImage& image) {
+    const auto reponse = std::make_shared<std::optional<bool>>();
+    Depot_.Depose(courriel, image, [reponse](bool ecrit) { *reponse = ecrit; });
+    EXPECT_FALSE(reponse->has_value()) << "answered from the event loop, later";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return reponse->has_value(); }, 20000));
+    return *reponse;
+  }
+  QStringList Noms() const { return QDir(Dossier()).entryList(QDir::Files | QDir::Hidden, QDir::Name); }
+  QStringList Entiers() const { return QDir(Dossier()).entryList({QStringLiteral("*.json")}, QDir::Files); }
+  static int Mode(const QString& chemin) {
+    struct stat etat {};
+    return ::stat(QFile::encodeName(chemin).constData(), &etat) == 0 ? static_cast<int>(etat.st_mode & 07777) : -1;
+  }
+  QJsonObject Lit(const QString& nom) const {
+    QFile fichier(Dossier() + u'/' + nom);
+    return fichier.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(fichier.readAll()).object() : QJsonObject();
+  }
+  static CourrielVeille Courriel() {
+    CourrielVeille courriel;
+    courriel.Mot = QStringLiteral("signal-lost");
+    courriel.Depuis = QDateTime(QDate(2020, 1, 2), QTime(9, 5, 3));
+    courriel.SujetFr = QString::fromUtf8("sujet é");
+    courriel.SujetEn = QStringLiteral("subject");
+    courriel.Francais = QStringLiteral("texte\n");
+    courriel.English = QStringLiteral("text\n");
+    return courriel;
+  }
+  static QImage Image() {
+    QImage image(64, 48, QImage::Format_RGB32);
+    image.fill(qRgb(200, 40, 40));
+    return image;
+  }
+
+  QTemporaryDir Parent_;
+  EncodeurTurboJpeg Encodeur_;
+  DepotCourrielsFichiers Depot_{Parent_.filePath(QStringLiteral("veille")), Encodeur_};
+};
+
+TEST_F(Depot, OneMailIsOneFileWithItsPictureBesideItAndBothAreTheOwnersAlone) {
+  EXPECT_EQ(Depose(Courriel(), Image()), true);
+  const QStringList noms = Noms();
+  ASSERT_EQ(noms.size(), 2) << noms.join(u' ').toStdString();
+  const QString souche = noms[0].section(u'.', 0, 0);
+  EXPECT_EQ(noms, QStringList({souche + QStringLiteral(".jpg"), souche + QStringLiteral(".json")}));
+  bool nombre = false;
+  const qint64 instant = souche.section(u'-', 0, 0).toLongLong(&nombre);
+  EXPECT_TRUE(nombre);
+  EXPECT_LT(std::abs(instant - QDateTime::currentMSecsSinceEpoch()), 120'000);
+  souche.section(u'-', 1).toLongLong(&nombre);
+  EXPECT_TRUE(nombre) << souche.toStdString();
+  EXPECT_EQ(Mode(Dossier()), 0700);
+  for (const QString& nom : noms) EXPECT_EQ(Mode(Dossier() + u'/' + nom), 0600) << nom.toStdString();
+  const QJsonObject objet = Lit(noms[1]);
+  EXPECT_EQ(objet["version"].toInt(), 1);
+  EXPECT_EQ(objet["kind"].toString(), "begin");
+  EXPECT_EQ(objet["condition"].toString(), "signal-lost");
+  EXPECT_EQ(objet["since"].toString(), "2020-01-02T09:05:03");
+  EXPECT_FALSE(objet.contains("until"));
+  EXPECT_EQ(objet["subject_fr"].toString(), QString::fromUtf8("sujet é"));
+  EXPECT_EQ(objet["subject_en"].toString(), "subject");
+  EXPECT_EQ(objet["fr"].toString(), "texte\n");
+  EXPECT_EQ(objet["en"].toString(), "text\n");
+  const QImage lue(Dossier() + u'/' + noms[0]);
+  ASSERT_EQ(lue.size(), QSize(64, 48));
+  EXPECT_NEAR(qRed(lue.pixel(30, 20)), 200, 6);
+}
+
+TEST_F(Depot, AnEndTellsUntilWhen) {
+  CourrielVeille courriel = Courriel();
+  courriel.Fin = true;
+  courriel.Jusqua = courriel.Depuis.addSecs(90);
+  EXPECT_EQ(Depose(courriel, {}), true);
+  ASSERT_EQ(Noms().size(), 1) << "no picture, no file of one";
+  const QJsonObject objet = Lit(Noms()[0]);
+  EXPECT_EQ(objet["kind"].toString(), "end");
+  EXPECT_EQ(objet["until"].toString(), "2020-01-02T09:06:33");
+}
+
+TEST_F(Depot, TwoInTheSameMillisecondAreTwo) {
+  for (int i = 0; i < 3; ++i) Depot_.Depose(Courriel(), {}, [](bool) {});
+  EXPECT_EQ(Depose(Courriel(), {}), true);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Entiers().size() == 4; }, 20000)) << Entiers().size();
+}
+
+TEST_F(Depot, AFolderThatOthersMayEnterIsClosedToThem) {
+  ASSERT_TRUE(QDir().mkdir(Dossier()));
+  ASSERT_EQ(::chmod(QFile::encodeName(Dossier()).constData(), 0755), 0);
+  EXPECT_EQ(Depose(Courriel(), {}), true);
+  EXPECT_EQ(Mode(Dossier()), 0700);
+}
+
+TEST_F(Depot, WhatCannotBeWrittenIsSaidAndLeavesNothingBehind) {
+  ASSERT_TRUE(Parent_.remove());
+  EXPECT_EQ(Depose(Courriel(), Image()), false);
+  ASSERT_TRUE(QDir().mkpath(Parent_.path()));
+  QFile obstacle(Dossier());
+  ASSERT_TRUE(obstacle.open(QIODevice::WriteOnly));
+  obstacle.close();
+  EXPECT_EQ(Depose(Courriel(), Image()), false);
+  EXPECT_EQ(QDir(Parent_.path()).entryList(QDir::Files | QDir::Hidden), QStringList(QStringLiteral("veille")));
+}
+
+TEST_F(Depot, AnAnswerAfterTheDepotHasGoneIsNotGiven) {
+  bool repondu = false;
+  {
+    DepotCourrielsFichiers depot(Dossier(), Encodeur_);
+    depot.Depose(Courriel(), {}, [&repondu](bool) { repondu = true; });
+  }
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Entiers().size() == 1; }, 20000)) << "it is written all the same";
+  QTest::qWait(100);
+  EXPECT_FALSE(repondu);
+}
+
+}  // namespace
+}  // namespace vaktor

@@ -1,0 +1,65 @@
+// FrmSante: the list of what is wrong with the watch.
+#pragma once
+
+#include <QFrame>
+#include <QLabel>
+#include <QMap>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include "health/watch_health.h"
+
+namespace vaktor {
+
+/// One condition: its sign, how bad, what, since when, what to do. Tab comes to it, and it is read out as a whole.
+class LigneSante : public QFrame {
+  Q_OBJECT
+
+ public:
+  LigneSante(QWidget* parent, Condition quoi);
+  void Ecrit(const ConditionEnCours& condition, qint32 langue);
+
+ protected:
+  void paintEvent(QPaintEvent* evenement) override;
+
+ private:
+  QLabel* Image_;
+  QLabel* Titre_;
+  QLabel* Quoi_;
+  QLabel* Depuis_;
+  QLabel* Faire_;
+};
+
+/// A small window of its own beside the main one. Follows what it is told at once, opened or not. Owner: VueSante, from
+/// its first opening on. User-interface thread.
+class FrmSante : public QWidget {
+  Q_OBJECT
+
+ public:
+  FrmSante();
+  /// The worst first; empty says that there is nothing.
+  void MontreListe(const QList<ConditionEnCours>& liste, qint32 langue);
+  /// Comes to the front, as high as its list needs and the screen has room; when it is open already it only comes.
+  void Ouvre();
+
+ Q_SIGNALS:
+  void Fermee();
+
+ protected:
+  void closeEvent(QCloseEvent* evenement) override;
+  void keyPressEvent(QKeyEvent* evenement) override;
+
+ private:
+  int HauteurVoulue() const;
+  void RetireLignes(const QList<ConditionEnCours>& liste);
+
+  QScrollArea* Defilement_;
+  QWidget* Contenu_;
+  QVBoxLayout* Colonne_;
+  QLabel* LblRien_;
+  QPushButton* CmdFermer_;
+  QMap<Condition, LigneSante*> Lignes_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,46 @@
+// SigneSante: the sign of the top band that is there only while something is wrong with the watch.
+#pragma once
+
+#include <QAbstractButton>
+#include <QImage>
+
+#include "health/conditions.h"
+
+namespace vaktor {
+
+/// Stands in the free corner below the gauge, where no given control and no text is. Shape, mark and colour tell how
+/// bad it is. User-interface thread.
+class SigneSante : public QAbstractButton {
+  Q_OBJECT
+
+ public:
+  static constexpr QRect kPlace{370, 58, 20, 20};
+  explicit SigneSante(QWidget* parent);
+
+  /// What the sign says. Those who hear the window are told when it appears or says something else.
+  struct Mots {
+    QString Nom;          ///< how bad, and the worst condition
+    QString Description;  ///< what a click does
+    QString Aide;         ///< tooltip: the worst condition
+    bool operator==(const Mots&) const = default;
+  };
+  void Montre(Gravite gravite, const Mots& mots);
+  void Cache();
+  Gravite Niveau() const { return Niveau_; }
+  QSize sizeHint() const override { return kPlace.size(); }
+
+ protected:
+  void keyPressEvent(QKeyEvent* evenement) override;
+  void paintEvent(QPaintEvent* evenement) override;
+
+ private:
+  void Alerte();
+
+  Gravite Niveau_ = Gravite::kAvis;
+  Mots Mots_;
+};
+
+/// The picture of a gravity, at `densite` pixels a point at least; its device pixel ratio is set.
+QImage DonneSigne(Gravite gravite, double densite);
+
+}  // namespace vaktor
