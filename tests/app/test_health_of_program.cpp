@@ -106,6 +106,37 @@ TEST_F(SanteDuProgramme, TheSignIsHeardWhenItAppearsAndWhenItSaysSomethingElse) 
   EXPECT_EQ(Alertes().size(), 3) << "it has appeared again";
 }
 
+TEST_F(SanteDuProgramme, TheSignCoversNoOtherControlAndMovesNone) {
+  const auto places = [] {
+    QMap<QString, QRect> liste;
+    for (QWidget* controle : Fenetre("Form1")->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+      if (!controle->isHidden() && controle != Signe()) liste.insert(controle->objectName(), controle->geometry());
+    }
+    return liste;
+  };
+  const QMap<QString, QRect> avant = places();
+  ASSERT_GT(avant.size(), 15);
+  Rapport().Signale(Condition::kPhotosImpossibles);
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(places(), avant);
+  for (auto it = avant.begin(); it != avant.end(); ++it) {
+    EXPECT_FALSE(it.value().intersects(Signe()->geometry())) << it.key().toStdString();
+  }
+  EXPECT_TRUE(Fenetre("Form1")->rect().contains(Signe()->geometry()));
+}
+
+TEST(SigneDeLaSante, HasAPictureForEachGravityAtOneAndAtTwoPixelsAPoint) {
+  for (const Gravite gravite : {Gravite::kAveugle, Gravite::kBoiteuse, Gravite::kAvis}) {
+    for (const int echelle : {1, 2}) {
+      const QImage image = DonneSigne(gravite, echelle);
+      ASSERT_EQ(image.size(), SigneSante::kPlace.size() * echelle);
+      EXPECT_EQ(image.devicePixelRatio(), echelle);
+      EXPECT_EQ(qAlpha(image.pixel(0, 0)), 0) << "the skin shows in its corners";
+      EXPECT_EQ(qAlpha(image.pixel(image.width() / 2, image.height() / 2)), 255);
+    }
+  }
+}
+
 TEST_F(SanteDuProgramme, AClickOpensTheListTheWorstFirst) {
   Rapport().Signale(Condition::kPeuDePlace);
   Rapport().Signale(Condition::kPhotosImpossibles, QStringLiteral("disk full"));
