@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
@@ -310,6 +311,28 @@ TEST_F(SanteDuProgramme, TheStopClosesTheListAndTellsNobodyAnything) {
   EXPECT_TRUE(Systeme.Bureau.Montres.isEmpty());
   Signe()->click();
   EXPECT_FALSE(Liste()->isVisible());
+}
+
+TEST_F(SanteDuProgramme, PicturesForThePersonWhoLooks) {
+  const QString dossier = qEnvironmentVariable("VAKTOR_SHOTS");
+  if (dossier.isEmpty()) GTEST_SKIP() << "no folder given";
+  for (const Condition quoi : {Condition::kInterruption, Condition::kPhotosImpossibles, Condition::kSignalPerdu}) {
+    Rapport().Signale(quoi,
+                      quoi == Condition::kSignalPerdu ? QString() : QStringLiteral("/media/usb/photos: disk full"));
+    Systeme.Temps.Avance(10'000);
+    for (int skin = 0; skin < 3; ++skin) {
+      Trouve<QComboBox>("CombSkin")->setCurrentIndex(skin);
+      EXPECT_TRUE(Fenetre("Form1")->grab().save(
+          QStringLiteral("%1/sign%2_s%3.png").arg(dossier).arg(static_cast<int>(DonneGravite(quoi))).arg(skin)));
+    }
+  }
+  Clique("SigneSante");
+  for (const int langue : {0, 1}) {
+    Clique(langue == 0 ? "Image4(0)" : "Image4(1)");
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(Liste()->grab().save(QStringLiteral("%1/list_l%2.png").arg(dossier).arg(langue)));
+    EXPECT_TRUE(Fenetre("Form1")->grab().save(QStringLiteral("%1/window_l%2.png").arg(dossier).arg(langue)));
+  }
 }
 
 class CourrielDuProgramme : public ProgrammeSurFaux {
