@@ -16,8 +16,7 @@ Vaktor::Vaktor(const PortsSysteme& systeme, QString ligneCommande)
       Vue_(Textes_, Systeme_.Boites),
       VueLiaison_(Textes_, Systeme_.Boites),
       EcrivainLive_(Systeme_.Ecrivain),
-      Liens_(Reglages_, Systeme_.Sons, Systeme_.Navigateur, Systeme_.Site),
-      Compagnons_(Systeme_.Programmes, Systeme_.Dossiers, Reglages_) {}
+      Liens_(Reglages_, Systeme_.Sons, Systeme_.Navigateur, Systeme_.Site) {}
 
 Vaktor::~Vaktor() { DechargeFormes(); }
 
@@ -57,7 +56,7 @@ void Vaktor::CreeMoteur() {
                                                        Systeme_.Pompe, Systeme_.Sons, *Actions_, *Live_, Vue_, Sante_});
   Photos_ = std::make_unique<EnregistreurPhotos>(PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(),
                                                              Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
-                                                             [this] { return Live_->LiveActif(); }, Sante_});
+                                                             [this] { return Copies_->Demande(); }, Sante_});
   VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{
       Reglages_, *Photos_, Minuteries_, Systeme_.Sonde, Sante_, [this] { return Moteur_->Alarme().AlarmeArmee; }});
   Actions_->Relie(*Photos_);
@@ -98,11 +97,30 @@ void Vaktor::MontreFormSound() {
   if (FormSound_) FormSound_->Montre();
 }
 
+void Vaktor::CreeVeille() {
+  Boites_ = std::make_unique<GardeBoites>(PortsGarde{Systeme_.BoitesPubliees, *Canal_, Sante_,
+                                                     [this] { return FormWinsock_->Poignees(); },
+                                                     [this] { FormWinsock_->Republie(); }});
+  Veille_ = std::make_unique<VeilleCompagnons>(PortsVeille{Systeme_.Programmes, *Canal_, Liaison_, Minuteries_,
+                                                           Sante_, Systeme_.Dossiers, Reglages_, *Boites_,
+                                                           [this](Compagnon compagnon) {
+                                                             if (compagnon == Compagnon::kFtp) Live_->PerdCompagnon();
+                                                           },
+                                                           [this](Compagnon compagnon) {
+                                                             if (compagnon == Compagnon::kFtp)
+                                                               Live_->RetrouveCompagnon();
+                                                           }});
+  Copies_ = std::make_unique<SecondesCopies>(PortsCopies{Liaison_, [this] { return Veille_->Prend(Compagnon::kFtp); },
+                                                         Systeme_.Mesureur,
+                                                         Systeme_.Dossiers.Donnees + QStringLiteral("/Temp/FTP")});
+}
+
 // From here on the three inboxes stand in the store, and companions can be launched.
 void Vaktor::CreeFormWinsock() {
-  FormWinsock_ =
-      std::make_unique<FormWinsock>(PortsWinsock{*Canal_, *Magasin_, Minuteries_, *Modules_, Vue_, VueLiaison_,
-                                                 Liaison_, [this] { Moteur_->RelanceDemarrageAuto(); }});
+  FormWinsock_ = std::make_unique<FormWinsock>(
+      PortsWinsock{*Canal_, *Magasin_, Minuteries_, *Modules_, Vue_, VueLiaison_, Liaison_,
+                   [this] { Moteur_->RelanceDemarrageAuto(); }, [this] { return Veille_->EstRelance(Compagnon::kFtp); },
+                   [this](Compagnon compagnon) { Veille_->Inscrit(compagnon); }});
 }
 
 void Vaktor::AnnonceEchec(const QString& description) {

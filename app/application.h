@@ -13,14 +13,17 @@
 #include "app/start_sequence.h"
 #include "app/system_ports.h"
 #include "base/application_state.h"
+#include "companions/companion_watch.h"
 #include "companions/form_winsock.h"
 #include "companions/forms/frm_essai_ftp.h"
 #include "companions/forms/frm_smtp.h"
+#include "companions/inbox_guard.h"
 #include "companions/live_publishing.h"
 #include "companions/live_stamp.h"
 #include "companions/mail_accounts.h"
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
+#include "companions/second_copies.h"
 #include "companions/sending_watch.h"
 #include "health/blind_mails.h"
 #include "health/desktop_notices.h"
@@ -92,6 +95,7 @@ class Vaktor : private EtapesDepart {
   void EssaiePageLive();
   void PlaceFrmEssaiFtp();
   void CreeFormWinsock();
+  void CreeVeille();
   ChampsSite LitChampsSite() const;
   FormMonitor& Moniteur();
   void PlaceMoniteur();
@@ -146,7 +150,9 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<VeillePhotos> VeillePhotos_;
   std::unique_ptr<GaleriePhotos> Galerie_;
   LiensEnLigne Liens_;
-  ModulesCompagnons Compagnons_;
+  std::unique_ptr<SecondesCopies> Copies_;
+  std::unique_ptr<GardeBoites> Boites_;
+  std::unique_ptr<VeilleCompagnons> Veille_;
   std::unique_ptr<FormWinsock> FormWinsock_;
   std::unique_ptr<SuiviEnvois> Envois_;  // from the launch of the companions on
 

@@ -80,8 +80,9 @@ void Vaktor::FermeApplication() {
   EssaieJusquauBout([this] { Form1_->hide(); });
 }
 
-// The companions are neither waited for nor looked after: one that stays is ended by the next start.
+// The companions are not waited for, and no longer looked after: one that stays is ended by the next start.
 void Vaktor::PrevientCompagnons() {
+  if (Veille_) Veille_->Arrete();
   if (!Modules_) return;
   for (void (ModuleSendMessages::*envoi)(const QString&) :
        {&ModuleSendMessages::EnvoiFTP, &ModuleSendMessages::EnvoiMail, &ModuleSendMessages::EnvoiSon}) {

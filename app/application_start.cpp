@@ -33,6 +33,7 @@ void Vaktor::ChargeParametres() {
   Canal_ = Systeme_.OuvreCanal();
   Pilote_ = Systeme_.CreePilote([this] { return Reglages_.LangueCourante; });
   CreeReglages();
+  CreeVeille();
   Sauvegarde_->ChargeParametres();
 }
 
@@ -69,7 +70,10 @@ void Vaktor::ChargeTextes() {
 }
 
 void Vaktor::LanceModules() {
-  Compagnons_.LanceModules();
+  ModulesCompagnons(
+      Systeme_.Programmes, [this](Compagnon compagnon) { return Veille_->Lance(compagnon); }, Reglages_)
+      .LanceModules();
+  Veille_->Commence();
   Envois_ = std::make_unique<SuiviEnvois>(
       PortsEnvois{Reglages_, Liaison_, Systeme_.Temps, Systeme_.Minuteries, Systeme_.Etats, Sante_});
 }

@@ -9,11 +9,20 @@
 
 namespace vaktor {
 
+namespace {
+
+QString TrouveFichierReglages(const QString& dossier) {
+  return TrouveDossierReglages(dossier) + QLatin1Char('/') + kFichierReglages;
+}
+
+}  // namespace
+
 SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
     : Arguments_(arguments),
       Dossiers_(TrouveDossiers(arguments.Dossier)),
       Sons_(Dossiers_, Disque_, LecteurSon_),
       Programmes_(arguments.Dossier),
+      BoitesPubliees_(TrouveFichierReglages(arguments.Dossier)),
       EssaiMail_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier),
       EssaiFtp_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kFtp).Programme, arguments.Dossier),
       Etats_(TrouveDossierEtat(arguments.Dossier)),
@@ -31,7 +40,7 @@ PortsSysteme SystemeReel::Ports() {
   return {.Dossiers = Dossiers_,
           .PrepareDossiers = [this] { return PrepareDossiersSansAttendre(); },
           .OuvreMagasin =
-              [reglages] { return std::make_unique<MagasinFichier>(reglages + QLatin1Char('/') + kFichierReglages); },
+              [this] { return std::make_unique<MagasinFichier>(TrouveFichierReglages(Arguments_.Dossier)); },
           .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
           .CreePilote =
               [this, reglages](std::function<qint32()> langue) {
@@ -50,6 +59,8 @@ PortsSysteme SystemeReel::Ports() {
           .Sonde = Sonde_,
           .Sons = Sons_,
           .Programmes = Programmes_,
+          .BoitesPubliees = BoitesPubliees_,
+          .Mesureur = Mesureur_,
           .Navigateur = Navigateur_,
           .Comptes = Comptes_,
           .EssaiMail = EssaiMail_,

@@ -11,6 +11,8 @@
 #include "platform/base/system_clock.h"
 #include "platform/base/system_files.h"
 #include "platform/channel/companion_rehearsal.h"
+#include "platform/channel/folder_measurer.h"
+#include "platform/channel/published_inboxes_reader.h"
 #include "platform/channel/system_processes.h"
 #include "platform/disk/bounded_files.h"
 #include "platform/disk/space_query.h"
@@ -64,6 +66,8 @@ class SystemeReel {
   LecteurGStreamer LecteurSon_;
   Sons Sons_;
   ProcessusSysteme Programmes_;
+  LecteurBoitesFichier BoitesPubliees_;
+  MesureurDossierSysteme Mesureur_;
   RegistreComptesFichiers Comptes_{TrouveLieuxComptes()};
   EssaiParCompagnon EssaiMail_;
   EssaiParCompagnon EssaiFtp_;

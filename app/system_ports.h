@@ -9,9 +9,11 @@
 #include "base/ports/opener.h"
 #include "base/program_folders.h"
 #include "companions/ports/companion_status.h"
+#include "companions/ports/folder_measure.h"
 #include "companions/ports/mail_registry.h"
 #include "companions/ports/message_channel.h"
 #include "companions/ports/processes.h"
+#include "companions/ports/published_inboxes.h"
 #include "companions/ports/rehearsal.h"
 #include "engine/ports/capture_driver.h"
 #include "engine/ports/clock.h"
@@ -53,6 +55,8 @@ struct PortsSysteme {
   SondeEspace& Sonde;
   SonsInterface& Sons;
   Processus& Programmes;
+  LecteurBoites& BoitesPubliees;
+  MesureurDossier& Mesureur;
   Ouvreur& Navigateur;
   RegistreComptes& Comptes;  ///< the mail accounts of this machine
   EssaiReglages& EssaiMail;

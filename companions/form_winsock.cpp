@@ -30,6 +30,11 @@ FormWinsock::FormWinsock(const PortsWinsock& ports)
   Ports_.Magasin.Vide();
 }
 
+void FormWinsock::Republie() {
+  for (const Compagnon compagnon : kCompagnons) EcritPoignee(compagnon);
+  Ports_.Magasin.Vide();
+}
+
 // On the way out: an inbox that does not close must neither keep the others open nor end the program half-way.
 FormWinsock::~FormWinsock() {
   for (const qint32 poignee : Poignees_) {
@@ -44,15 +49,30 @@ FormWinsock::~FormWinsock() {
 void FormWinsock::OuvreBoite(Compagnon compagnon, void (FormWinsock::*recu)(const QString&)) {
   const qint32 poignee = Ports_.Canal.OuvreBoite([this, recu](const QString& texte) { (this->*recu)(texte); });
   Poignees_.at(static_cast<std::size_t>(compagnon)) = poignee;
+  EcritPoignee(compagnon);
+}
+
+void FormWinsock::EcritPoignee(Compagnon compagnon) {
+  const qint32 poignee = Poignees_.at(static_cast<std::size_t>(compagnon));
   Ports_.Magasin.EcritReglage(DonneIdentite(compagnon).Section, kCleHwndvk, QString::number(poignee));
 }
 
-void FormWinsock::ChangeTxtCmdMail(const QString& texte) { LitPoignee(texte, Ports_.Etat.HandleMail); }
+bool FormWinsock::PrendPoignee(Compagnon compagnon, const QString& texte, qint32& poignee) {
+  if (!LitPoignee(texte, poignee)) return false;
+  if (Ports_.SurInscription) Ports_.SurInscription(compagnon);
+  return true;
+}
 
-void FormWinsock::ChangeTxtCmdSound(const QString& texte) { LitPoignee(texte, Ports_.Etat.HandleSon); }
+void FormWinsock::ChangeTxtCmdMail(const QString& texte) {
+  PrendPoignee(Compagnon::kMail, texte, Ports_.Etat.HandleMail);
+}
+
+void FormWinsock::ChangeTxtCmdSound(const QString& texte) {
+  PrendPoignee(Compagnon::kSon, texte, Ports_.Etat.HandleSon);
+}
 
 void FormWinsock::ChangeTxtCmdFTP(const QString& texte) {
-  if (LitPoignee(texte, Ports_.Etat.HandleFTP)) return;
+  if (PrendPoignee(Compagnon::kFtp, texte, Ports_.Etat.HandleFTP)) return;
   const LigneMot* ligne = TrouveLigneMot(texte.left(kLongueurMot));
   if (ligne == nullptr || (ligne->SurveillanceSeule && !Ports_.Etat.SurveillanceEnCours)) return;
   if (ligne->Statut != 0) Ports_.Liaison.MontreStatut(ligne->Statut);
@@ -69,18 +89,21 @@ void FormWinsock::AgitSelon(SuiteMot suite) {
     case SuiteMot::kPret:
       Ports_.Etat.FtpModulePret = true;
       // Also when that timer has fired before: the switches then toggle once more. The link behaves so.
-      Ports_.RelanceDemarrageAuto();
+      // But not for a companion that was started again meanwhile: nobody has pressed anything, and the watch would be
+      // taken back behind the user's back.
+      if (!Ports_.FtpRelance || !Ports_.FtpRelance()) Ports_.RelanceDemarrageAuto();
       break;
     case SuiteMot::kReconnexion:
       TimerFTPreconnect_->Active();
       break;
     case SuiteMot::kLive:
+      Ports_.Etat.CoupeFrames();
       Ports_.Etat.LiveActif = true;
       break;
     case SuiteMot::kFin:
       // The companion counts as disconnected from here on: no command goes out, and the camera stays as it is.
       Ports_.Liaison.MontrePageFtp();
-      Ports_.Etat.LiveActif = false;
+      Ports_.Etat.CoupeFrames();
       Ports_.Etat.SurveillanceEnCours = false;
       break;
   }

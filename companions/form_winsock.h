@@ -26,6 +26,9 @@ struct PortsWinsock {
   AffichageLiaison& Liaison;
   EtatLiaison& Etat;
   std::function<void()> RelanceDemarrageAuto;  ///< starts TimerAutoStar if a start argument was given
+  std::function<bool()> FtpRelance = {};       ///< the FTP companion is not the one of the launch; empty: it always is
+  std::function<void(Compagnon)> SurInscription =
+      {};  ///< a companion has given its handle, which is taken; may be empty
 };
 
 /// Made in the load step of Form1, before any companion is launched; destroying it closes the inboxes. User-interface
@@ -41,6 +44,11 @@ class FormWinsock {
   FormWinsock(const FormWinsock&) = delete;
   FormWinsock& operator=(const FormWinsock&) = delete;
 
+  /// Writes the handles into the store again, where something else has taken their place. Throws Echec when it cannot
+  /// be written.
+  void Republie();
+  const std::array<qint32, 3>& Poignees() const { return Poignees_; }  ///< in the order of kCompagnons
+
   // Change handlers of the three inboxes. Throw Echec(kTypeIncompatible or kDepassement) for a "HWND:" whose rest is no
   // 32-bit number; the handle stays as it was.
   void ChangeTxtCmdFTP(const QString& texte);
@@ -49,6 +57,8 @@ class FormWinsock {
 
  private:
   void OuvreBoite(Compagnon compagnon, void (FormWinsock::*recu)(const QString&));
+  void EcritPoignee(Compagnon compagnon);
+  bool PrendPoignee(Compagnon compagnon, const QString& texte, qint32& poignee);
   void AgitSelon(SuiteMot suite);
   void TicReconnexion();
 

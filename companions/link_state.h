@@ -10,7 +10,13 @@ struct EtatLiaison {
   bool SurveillanceEnCours = false;  ///< the user's live-cam switch
   bool LiveActif = false;            ///< the companion has reported a connection: frames may flow. Never true while
                                      ///< SurveillanceEnCours is false
-  bool FtpModulePret = false;        ///< set by "*OKO*", read by nobody; kept because the word says so
+  bool PageInterrompue = false;  ///< frames flowed when the FTP companion went, and will flow again. Never true while
+                                 ///< SurveillanceEnCours is false
+  bool PageAttendue = false;     ///< a page was asked for, and no answer has come
+  bool FtpModulePret = false;    ///< set by "*OKO*", read by nobody; kept because the word says so
+
+  /// The link is as it is without a connection to the site: the switch stays.
+  void CoupeFrames() { LiveActif = PageInterrompue = PageAttendue = false; }
 
   // Handles of the command windows, 0 until the companion has answered; nothing clears one, a new one replaces it.
   qint32 HandleFTP = 0;

@@ -18,10 +18,29 @@ constexpr qsizetype kLongueurHeure = 8;
 
 void PublicationLive::OublieLive() {
   Ports_.Etat.SurveillanceEnCours = false;
-  Ports_.Etat.LiveActif = false;
+  Ports_.Etat.CoupeFrames();
 }
 
-void PublicationLive::CoupeLive() { Ports_.Etat.LiveActif = false; }
+void PublicationLive::CoupeLive() { Ports_.Etat.CoupeFrames(); }
+
+void PublicationLive::PerdCompagnon() {
+  if (!Ports_.Etat.SurveillanceEnCours) return;
+  Ports_.Etat.PageInterrompue = Ports_.Etat.PageInterrompue || Ports_.Etat.LiveActif;
+  Ports_.Etat.LiveActif = false;
+  MontreConnexion();
+}
+
+void PublicationLive::RetrouveCompagnon() {
+  if (!Ports_.Etat.SurveillanceEnCours) return;
+  MontreConnexion();
+  Ports_.Commandes.EnvoiFTP(QStringLiteral("Conne"));
+  if (Ports_.Etat.PageAttendue) Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));
+}
+
+void PublicationLive::MontreConnexion() {
+  Ports_.Affichage.MontreLampeSurveillance(Lampe::kRougeAllumee);
+  Ports_.Liaison.MontreStatut(kTexteConnexion);
+}
 
 void PublicationLive::BasculeLive() {
   if (!Ports_.Camera.CameraActive()) {
@@ -59,8 +78,7 @@ void PublicationLive::AllumeLive() {
     OublieLive();
     return;
   }
-  Ports_.Affichage.MontreLampeSurveillance(Lampe::kRougeAllumee);
-  Ports_.Liaison.MontreStatut(kTexteConnexion);
+  MontreConnexion();
   Ports_.Commandes.EnvoiFTP(QStringLiteral("Conne"));
 }
 
@@ -101,6 +119,7 @@ void PublicationLive::CreationPageLive() {
     Ports_.Liaison.MontreStatut(kTextePasConnecte);
     return;
   }
+  Ports_.Etat.PageAttendue = true;
   Ports_.Etat.LiveActif = false;  // stops the frames; the companion's "UplOK" or "ConOK" lets them flow again
   Ports_.Liaison.MontreStatut(kTexteCreation);
   Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));

@@ -57,6 +57,12 @@ class PublicationLive : public LiaisonLive {
   void TestPageLive();      ///< BoutonGris(3)
   void CoupeLive();         ///< shutdown: LiveActif goes off, the switch stays as it is, nothing is sent
 
+  /// The FTP companion has gone: no frame flows until another one has a connection.
+  void PerdCompagnon();
+  /// One that was started in its place has registered: it is told to connect, and to make the page that nobody has
+  /// answered for.
+  void RetrouveCompagnon();
+
   /// Text of the stamp for a time of day in the system's format: hours "h" minutes "m" seconds, out of the first eight
   /// characters as they stand ("9:05:03" gives "09h05m03").
   static QString FormateTimbre(QString heure);
@@ -64,6 +70,7 @@ class PublicationLive : public LiaisonLive {
  private:
   void EteintLive();
   void AllumeLive();
+  void MontreConnexion();
   bool ParametresManquent() const;
 
   PortsLive Ports_;

@@ -1,14 +1,16 @@
 #include "companions/module_lifecycle.h"
 
+#include <algorithm>
+
 #include "base/failure.h"
 #include "base/language.h"
-#include "companions/contract/command_words.h"
 
 namespace vaktor {
 
 namespace {
 
-constexpr int kErrantsMax = 64;  // a process that will not die must not hold the start up for ever
+constexpr int kErrantsMax = 64;
+constexpr int kImmortelsMax = 3;  // each costs half a second: processes that will not die must not hold the start up
 
 QString DecritAbsence(const QString& programme, qint32 langue) {
   return ChoisitLangue(langue,
@@ -24,30 +26,40 @@ bool ModulesCompagnons::TerminePid(const ProcessusVu& vu) {
   return Processus_.TermineProcessus(vu);
 }
 
-std::optional<bool> ModulesCompagnons::TerminePremier(const QString& nom) {
-  const QList<ProcessusVu> table = Processus_.PrendInstantane();
-  for (const ProcessusVu& vu : table)
-    if (vu.Nom.contains(nom, Qt::CaseInsensitive) || vu.NomAppele.contains(nom, Qt::CaseInsensitive))
-      return TerminePid(vu);
-  return std::nullopt;
+QList<ProcessusVu> ModulesCompagnons::Cherche(const QString& nom) const {
+  QList<ProcessusVu> table = Processus_.PrendInstantane();
+  table.removeIf([&nom](const ProcessusVu& vu) {
+    const QStringList noms = {vu.Nom, vu.NomAppele, vu.NomScript};
+    return std::none_of(noms.begin(), noms.end(),
+                        [&nom](const QString& sien) { return sien.contains(nom, Qt::CaseInsensitive); });
+  });
+  return table;
 }
 
 QString ModulesCompagnons::TueProcessus(const QString& nom) {
-  TerminePremier(nom);
+  const QList<ProcessusVu> trouves = Cherche(nom);
+  if (!trouves.isEmpty()) TerminePid(trouves.first());
   return {};
 }
 
-void ModulesCompagnons::LanceModules() {
-  for (const Compagnon compagnon : kCompagnons) {
-    // One process goes at each call. Repeated, because a start leaves one instance and no second stray behind it. One
-    // that cannot be ended is passed over, and the new one started all the same.
-    int errants = 0;
-    while (errants < kErrantsMax && TerminePremier(DonneIdentite(compagnon).Programme).value_or(false)) ++errants;
+// Looked for anew until none is left, because a start leaves one instance and no second stray behind it: those that end
+// by themselves meanwhile, and those that they have started, fall out or come in. One that cannot be ended is passed
+// over, and the new one started all the same.
+void ModulesCompagnons::TermineErrants(const QString& nom) {
+  QList<qint32> restes;
+  for (int fois = 0; fois < kErrantsMax && restes.size() <= kImmortelsMax; ++fois) {
+    QList<ProcessusVu> trouves = Cherche(nom);
+    trouves.removeIf([&restes](const ProcessusVu& vu) { return restes.contains(vu.Pid); });
+    if (trouves.isEmpty()) return;
+    if (!TerminePid(trouves.first())) restes.append(trouves.first().Pid);
   }
+}
+
+void ModulesCompagnons::LanceModules() {
+  for (const Compagnon compagnon : kCompagnons) TermineErrants(DonneIdentite(compagnon).Programme);
   for (const Compagnon compagnon : kCompagnons) {
-    const QString programme = DonneIdentite(compagnon).Programme;
-    if (!Processus_.LanceProgramme(Dossiers_.Executables + QLatin1Char('/') + programme))
-      throw Echec(kFichierIntrouvable, DecritAbsence(programme, Reglages_.LangueCourante));
+    if (!Lance_(compagnon))
+      throw Echec(kFichierIntrouvable, DecritAbsence(DonneIdentite(compagnon).Programme, Reglages_.LangueCourante));
   }
 }
 

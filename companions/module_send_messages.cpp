@@ -9,7 +9,8 @@ void ModuleSendMessages::EnvoiMail(const QString& mot) { PosteMot(Compagnon::kMa
 void ModuleSendMessages::EnvoiSon(const QString& mot) { PosteMot(Compagnon::kSon, Liaison_.HandleSon, mot); }
 
 void ModuleSendMessages::PosteMot(Compagnon compagnon, qint32 poignee, const QString& mot) {
-  if (const std::optional<qint32> code = DonneCodeTouche(compagnon, mot)) Canal_.PosteTouche(poignee, *code);
+  if (const std::optional<qint32> code = DonneCodeTouche(compagnon, mot))
+    Canal_.PosteTouche(poignee, *code, DonneTenue(mot));
 }
 
 }  // namespace vaktor

@@ -1,5 +1,7 @@
 #include "companions/contract/command_words.h"
 
+#include <algorithm>
+
 namespace vaktor {
 
 namespace {
@@ -45,6 +47,16 @@ std::optional<qint32> DonneCodeTouche(Compagnon compagnon, const QString& mot) {
   for (const LigneCommande& ligne : kCommandes)
     if (ligne.Pour == compagnon && ligne.Mot == mot) return ligne.Code;
   return std::nullopt;
+}
+
+Tenue DonneTenue(const QString& mot) {
+  if (mot == QLatin1String("Intru")) return Tenue::kInstant;
+  if (mot == QLatin1String("Quit*")) return Tenue::kDerniere;
+  // A later image, page or change of the switch makes an earlier one void; everything else is said once.
+  static constexpr std::array kRemplacables = {QLatin1String("Surve"), QLatin1String("UploM"), QLatin1String("Conne"),
+                                               QLatin1String("Decon")};
+  return std::find(kRemplacables.begin(), kRemplacables.end(), mot) != kRemplacables.end() ? Tenue::kOrdinaire
+                                                                                           : Tenue::kGardee;
 }
 
 QString DonneMotCommande(Compagnon compagnon, qint32 code) {

@@ -30,6 +30,9 @@ inline constexpr QLatin1String kVariableDossier("VAKTOR_DOSSIER");
 /// Name of the folder beside the settings file in which the main program leaves what the watch has to say of itself,
 /// one file a message; "Veill" tells the mail companion that there is one. docs/companions.md has the fields.
 inline constexpr QLatin1String kDossierVeille("veille");
+/// Environment variable of a companion that was started in the place of one that had ended, while the main program ran.
+/// It sends no "*OKO*".
+inline constexpr QLatin1String kVariableRelance("VAKTOR_RELANCE");
 /// First word of a companion, followed directly by the decimal handle that is to receive its commands.
 inline constexpr QLatin1String kMotHwnd("HWND:");
 inline constexpr qsizetype kLongueurMot = 5;  ///< characters that count in every word, downwards and upwards
@@ -37,6 +40,19 @@ inline constexpr qsizetype kLongueurMot = 5;  ///< characters that count in ever
 /// Key code of a command word for a companion; nothing for a word that this companion does not know. The word must be
 /// equal to the last character. The same code means different things to different companions.
 std::optional<qint32> DonneCodeTouche(Compagnon compagnon, const QString& mot);
+/// What becomes of a command that its companion does not take at once.
+enum class Tenue {
+  kInstant,    ///< true only now: gone after kDureeInstant
+  kOrdinaire,  ///< waits; where too much waits the oldest goes
+  kGardee,     ///< waits, whatever else does
+  kDerniere,   ///< nothing comes behind it: goes out at once, with all that waits before it
+};
+/// Milliseconds after which an intrusion does not happen now any more.
+inline constexpr qint64 kDureeInstant = 2000;
+Tenue DonneTenue(const QString& mot);
+/// Code that no companion knows and so every one ignores. Posted to see whether its messages are taken.
+inline constexpr qint32 kCodeSonde = 0;
+
 /// The way back, for the companion's side: the command word of a key code, or the empty text.
 QString DonneMotCommande(Compagnon compagnon, qint32 code);
 

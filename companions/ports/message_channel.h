@@ -5,7 +5,16 @@
 #include <QString>
 #include <functional>
 
+#include "companions/contract/command_words.h"
+
 namespace vaktor {
+
+/// How a command window does with what was posted to it.
+enum class Prise {
+  kRien,   ///< nothing waits: it has taken everything, or nobody is there
+  kPrend,  ///< something waits, and something was taken since this was asked last
+  kMuette  ///< something waits, and nothing was taken since
+};
 
 /// User-interface thread.
 class CanalMessages {
@@ -20,8 +29,14 @@ class CanalMessages {
   virtual void FermeBoite(qint32 poignee) = 0;
 
   /// Posts one key code to a command window. Returns at once, whatever the other side does, and never fails aloud: a
-  /// handle that nobody answers to, 0 included, swallows it.
-  virtual void PosteTouche(qint32 poignee, qint32 code) noexcept = 0;
+  /// handle that nobody answers to, 0 included, swallows it. What the window does not take waits, in order, as `tenue`
+  /// says; a code that is equal to the one before it is that one, posted now. No more than a few wait.
+  virtual void PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept = 0;
+  virtual Prise DonnePrise(qint32 poignee) = 0;
+  /// Whoever had this command window has gone without closing it: what waits for it and what it left behind goes too.
+  virtual void OublieFenetre(qint32 poignee) noexcept = 0;
+  /// True when a process holds this handle now, inbox or command window. Sends nothing.
+  virtual bool Repond(qint32 poignee) const = 0;
 };
 
 }  // namespace vaktor

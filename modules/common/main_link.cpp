@@ -1,5 +1,7 @@
 #include "modules/common/main_link.h"
 
+#include <utility>
+
 namespace vaktor {
 
 LienPrincipal::LienPrincipal(const PortsLien& ports)
@@ -7,7 +9,8 @@ LienPrincipal::LienPrincipal(const PortsLien& ports)
       Emetteur_(ports.Dossier),
       Fenetre_(ports.Dossier, [this](const QByteArray& message) { RecoitMessage(message); }),
       TimerVerification_(
-          ports.Minuteries.CreeMinuterie(QStringLiteral("TimerVerification"), kVerification, [this] { Verifie(); })) {}
+          ports.Minuteries.CreeMinuterie(QStringLiteral("TimerVerification"), kVerification, [this] { Verifie(); })),
+      Relance_(ports.Relance) {}
 
 void LienPrincipal::Demarre() {
   TimerVerification_->Active();
@@ -20,7 +23,14 @@ void LienPrincipal::RecoitMessage(const QByteArray& message) {
   bool nombre = false;
   const qint32 code = message.toInt(&nombre);
   const QString mot = nombre ? DonneMotCommande(Ports_.Qui, code) : QString();
+  // One that waited for us while we were busy or held up: whatever it told of is over.
+  if (DonneTenue(mot) == Tenue::kInstant && Age() > kDureeInstant) return;
   if (!mot.isEmpty()) Ports_.SurCommande(mot);
+}
+
+qint64 LienPrincipal::Age() const {
+  const qint64 maintenant = Ports_.Maintenant();
+  return maintenant - Fenetre_.Depart().value_or(maintenant);
 }
 
 bool LienPrincipal::Enregistre() {
@@ -28,15 +38,17 @@ bool LienPrincipal::Enregistre() {
   if (poignee == PoigneePrincipale_ || !Ports_.Dossier.Repond(poignee)) return false;
   PoigneePrincipale_ = poignee;
   Dis(kMotHwnd + QString::number(Fenetre_.Poignee()));
-  Ports_.SurEnregistrement(EstTot(poignee));
+  Ports_.SurEnregistrement(JugeInscription(poignee));
   return true;
 }
 
-bool LienPrincipal::EstTot(qint32 poignee) const {
+Inscription LienPrincipal::JugeInscription(qint32 poignee) {
+  // Asked first: a clock that was set back may give an old inbox the look of a new one.
+  if (std::exchange(Relance_, false)) return Inscription::kRelance;
   const std::optional<qint64> ouverture = Ports_.Dossier.DonneOuverture(poignee);
   // A clock that was set back in between tells nothing: late is what does no harm.
   const qint64 age = ouverture ? Ports_.Maintenant() - *ouverture : -1;
-  return age >= 0 && age < kDebut;
+  return age >= 0 && age < kDebut ? Inscription::kTot : Inscription::kTard;
 }
 
 void LienPrincipal::Verifie() {

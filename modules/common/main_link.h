@@ -14,16 +14,25 @@
 
 namespace vaktor {
 
+/// How a companion comes to its main program.
+enum class Inscription {
+  kTot,      ///< so soon after the main program's start that it has not carried out its start arguments yet
+  kTard,     ///< later: a command may have gone by before this one was there
+  kRelance,  ///< in the place of one that had ended. The main program knows that, and tells what has to be known
+};
+
 struct PortsLien {
   Compagnon Qui;
   DossierCanal Dossier;
   FabriqueMinuteries& Minuteries;
   std::function<qint32()> LitHwndvk;                    ///< the inbox's handle as the store has it now, 0 for none
   std::function<void(const QString& mot)> SurCommande;  ///< a command word of this companion, "Optio" and "Quit*" too
-  std::function<void(bool tot)> SurEnregistrement;      ///< after each "HWND:" that was sent: the first, and again when
-                                                        ///< the main program has come back. `tot`: see kDebut
-  std::function<void()> SurPerte;                       ///< the main program is gone for good; once
+  /// After each "HWND:" that was sent: the first, and again when the main program has come back.
+  std::function<void(Inscription comment)> SurEnregistrement;
+  std::function<void()> SurPerte;  ///< the main program is gone for good; once
+  /// Milliseconds since 1970.
   std::function<qint64()> Maintenant = &QDateTime::currentMSecsSinceEpoch;
+  bool Relance = false;  ///< this process was started in the place of one that had ended
 };
 
 /// Thread of its event loop. Watches the handle in the store, and registers again when another main program has
@@ -53,7 +62,9 @@ class LienPrincipal {
   void RecoitMessage(const QByteArray& message);
   void Verifie();
   bool Enregistre();
-  bool EstTot(qint32 poignee) const;
+  /// Milliseconds that the command in hand has waited in the window.
+  qint64 Age() const;
+  Inscription JugeInscription(qint32 poignee);
 
   PortsLien Ports_;
   EmetteurLocal Emetteur_;
@@ -61,6 +72,7 @@ class LienPrincipal {
   std::unique_ptr<Minuterie> TimerVerification_;
   qint32 PoigneePrincipale_ = 0;  // the inbox that we are registered with
   qint32 Absence_ = 0;            // milliseconds
+  bool Relance_;                  // until the first registration
 };
 
 }  // namespace vaktor

@@ -59,6 +59,18 @@ std::optional<int> TraiteArguments(int argc, char** argv, const DescriptionModul
   return std::nullopt;
 }
 
+QString NommeInscription(Inscription comment) {
+  switch (comment) {
+    case Inscription::kTot:
+      return QStringLiteral("registered");
+    case Inscription::kTard:
+      return QStringLiteral("registered late");
+    case Inscription::kRelance:
+      break;
+  }
+  return QStringLiteral("registered again");
+}
+
 /// The parts of a running companion, in the order in which they need each other.
 class Execution {
  public:
@@ -74,12 +86,13 @@ class Execution {
   int Execute(Compagnon qui, const std::function<std::unique_ptr<Module>(const ContexteModule&)>& cree) {
     LienPrincipal lien(PortsLien{qui, DossierCanal(), Minuteries_, [this] { return LitPoignee(); },
                                  [this](const QString& mot) { Commande(mot); },
-                                 [this](bool tot) {
-                                   Journal_.Note(tot ? QStringLiteral("registered")
-                                                     : QStringLiteral("registered late"));
-                                   Module_->Enregistre(tot);
+                                 [this](Inscription comment) {
+                                   Journal_.Note(NommeInscription(comment));
+                                   Module_->Enregistre(comment);
                                  },
-                                 [this] { Termine(QStringLiteral("main program gone")); }});
+                                 [this] { Termine(QStringLiteral("main program gone")); },
+                                 &QDateTime::currentMSecsSinceEpoch,
+                                 qEnvironmentVariableIsSet(kVariableRelance.data())});
     Etat_.Demarre(lien.Poignee(), QDateTime::currentMSecsSinceEpoch());
     Module_ = cree(ContexteModule{Dossiers_, Journal_, Etat_, Minuteries_, Temps_,
                                   [&lien](const QString& mot) { lien.Dis(mot); }, [] { QCoreApplication::quit(); }});

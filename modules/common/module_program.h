@@ -11,6 +11,7 @@
 #include "engine/ports/timers.h"
 #include "modules/common/bounded_log.h"
 #include "modules/common/failure_notice.h"
+#include "modules/common/main_link.h"
 #include "modules/common/module_folders.h"
 #include "modules/common/module_settings.h"
 
@@ -35,9 +36,8 @@ class Module {
   virtual ~Module() = default;
   /// At start, before anything else, and on each "Optio". The passwords are hidden from log and status already.
   virtual void PrendReglages(const ReglagesModule& reglages) = 0;
-  /// Registered with a main program, the first or one that has come back. `tot`: so soon after its start that it has
-  /// not carried out its start arguments yet.
-  virtual void Enregistre(bool /*tot*/) {}
+  /// Registered with a main program, the first or one that has come back.
+  virtual void Enregistre(Inscription /*comment*/) {}
   /// A command word but "Optio" and "Quit*".
   virtual void ExecuteCommande(const QString& mot) = 0;
   /// "Quit*", a TERM signal, or the main program is gone for good. Has to call Quitte, at once or after what cannot

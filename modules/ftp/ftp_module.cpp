@@ -65,11 +65,12 @@ void ModuleFtp::PrendReglages(const ReglagesModule& reglages) {
   Avance();
 }
 
-void ModuleFtp::Enregistre(bool tot) {
+void ModuleFtp::Enregistre(Inscription comment) {
   if (Lien_ != Lien::kArrete) Arrete(QString());
   MotArret_.clear();
-  const QStringList mots =
-      tot ? QStringList{QStringLiteral("*OKO*")} : QStringList{QStringLiteral("Netdc"), QStringLiteral("Decon")};
+  QStringList mots;
+  if (comment == Inscription::kTot) mots = {QStringLiteral("*OKO*")};
+  if (comment == Inscription::kTard) mots = {QStringLiteral("Netdc"), QStringLiteral("Decon")};
   for (const QString& mot : mots) Contexte_.Dis(mot);
 }
 

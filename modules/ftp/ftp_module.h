@@ -41,8 +41,9 @@ class ModuleFtp : public Module {
   /// "*OKO*", early; the main program would take a late one for a second set of start arguments, and switch off what
   /// the first has switched on. Late, the first "Conne" may have gone to nobody: "Netdc" has the main program ask again
   /// a minute later if its switch is on, and "Decon" shows what is true meanwhile.
-  /// A connection for an earlier main program ends.
-  void Enregistre(bool tot) override;
+  /// Started again while the main program ran: nothing. It sends "Conne" by itself if its switch is on, and shows what
+  /// is true. A connection for an earlier main program ends.
+  void Enregistre(Inscription comment) override;
   void ExecuteCommande(const QString& mot) override;
   void Termine() override;
 

@@ -61,9 +61,12 @@ void DossierCanal::BalaiePerimees() const {
   for (const QString& nom : noms) {
     bool nombre = false;
     const qint32 poignee = nom.toInt(&nombre);
-    if (nombre && poignee > 0 && QString::number(poignee) == nom && !Repond(poignee))
-      ::unlink(DonneAdresse(poignee).constData());
+    if (nombre && QString::number(poignee) == nom) RetireSiPerimee(poignee);
   }
+}
+
+void DossierCanal::RetireSiPerimee(qint32 poignee) const {
+  if (poignee > 0 && !Repond(poignee)) ::unlink(DonneAdresse(poignee).constData());
 }
 
 }  // namespace vaktor

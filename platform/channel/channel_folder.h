@@ -27,6 +27,8 @@ class DossierCanal {
   bool Repond(qint32 poignee) const;
   /// When this handle was opened, in milliseconds since 1970; nothing when it is not there.
   std::optional<qint64> DonneOuverture(qint32 poignee) const;
+  /// Removes this handle's socket when no process holds it any more.
+  void RetireSiPerimee(qint32 poignee) const;
   /// Removes the sockets that no process holds any more: leftovers of a crash.
   void BalaiePerimees() const;
 

@@ -16,8 +16,19 @@ qint32 CanalLocal::OuvreBoite(std::function<void(const QString& texte)> recu) {
 
 void CanalLocal::FermeBoite(qint32 poignee) { Boites_.erase(poignee); }
 
-void CanalLocal::PosteTouche(qint32 poignee, qint32 code) noexcept {
-  Emetteur_.Poste(poignee, QByteArray::number(code));
+void CanalLocal::PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept {
+  Emetteur_.PosteCommande(poignee, QByteArray::number(code), tenue);
+}
+
+Prise CanalLocal::DonnePrise(qint32 poignee) {
+  const bool pris = Emetteur_.APris(poignee);
+  if (!Emetteur_.Attend(poignee)) return Prise::kRien;
+  return pris ? Prise::kPrend : Prise::kMuette;
+}
+
+void CanalLocal::OublieFenetre(qint32 poignee) noexcept {
+  Emetteur_.Oublie(poignee);
+  Dossier_.RetireSiPerimee(poignee);
 }
 
 }  // namespace vaktor

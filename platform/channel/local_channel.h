@@ -19,7 +19,10 @@ class CanalLocal : public CanalMessages {
 
   qint32 OuvreBoite(std::function<void(const QString& texte)> recu) override;
   void FermeBoite(qint32 poignee) override;
-  void PosteTouche(qint32 poignee, qint32 code) noexcept override;
+  void PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept override;
+  Prise DonnePrise(qint32 poignee) override;
+  void OublieFenetre(qint32 poignee) noexcept override;
+  bool Repond(qint32 poignee) const override { return Dossier_.Repond(poignee); }
 
  private:
   DossierCanal Dossier_;

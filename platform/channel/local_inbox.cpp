@@ -1,6 +1,7 @@
 #include "platform/channel/local_inbox.h"
 
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
@@ -10,6 +11,7 @@
 #include <array>
 #include <cerrno>
 #include <limits>
+#include <optional>
 
 #include "base/failure.h"
 #include "platform/channel/socket_address.h"
@@ -25,23 +27,39 @@ constexpr int kEssais = 64;
 struct Datagramme {
   bool Recu = false;
   bool Accepte = false;
+  std::optional<qint64> Depart;
   QByteArray Contenu;
 };
 
-bool VientDeMoi(msghdr& entete) {
+/// What the kernel adds to a message, read as a `Titre`.
+template <typename Titre>
+std::optional<Titre> LitTitre(msghdr& entete, int genre) {
   for (cmsghdr* bloc = CMSG_FIRSTHDR(&entete); bloc != nullptr; bloc = CMSG_NXTHDR(&entete, bloc)) {
-    if (bloc->cmsg_level != SOL_SOCKET || bloc->cmsg_type != SCM_CREDENTIALS) continue;
-    ucred titre{};
+    if (bloc->cmsg_level != SOL_SOCKET || bloc->cmsg_type != genre) continue;
+    Titre titre{};
     std::memcpy(&titre, CMSG_DATA(bloc), sizeof titre);
-    return titre.uid == ::getuid();
+    return titre;
   }
-  return false;
+  return std::nullopt;
+}
+
+bool VientDeMoi(msghdr& entete) {
+  const std::optional<ucred> expediteur = LitTitre<ucred>(entete, SCM_CREDENTIALS);
+  return expediteur && expediteur->uid == ::getuid();
+}
+
+/// Milliseconds since 1970.
+std::optional<qint64> DonneDepart(msghdr& entete) {
+  const std::optional<timeval> depart = LitTitre<timeval>(entete, SCM_TIMESTAMP);
+  if (!depart) return std::nullopt;
+  return qint64{depart->tv_sec} * 1000 + depart->tv_usec / 1000;
 }
 
 Datagramme LitDatagramme(int descripteur) {
   std::array<char, kMessageMax> tampon{};
-  // Room for the sender's identity and nothing else: descriptors that a peer sends along are closed by the kernel.
-  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(ucred))> titres{};
+  // Room for the sender's identity and the time and nothing else: descriptors that a peer sends along are closed by the
+  // kernel.
+  alignas(cmsghdr) std::array<char, CMSG_SPACE(sizeof(ucred)) + CMSG_SPACE(sizeof(timeval))> titres{};
   iovec morceau{tampon.data(), tampon.size()};
   msghdr entete{};
   entete.msg_iov = &morceau;
@@ -53,6 +71,7 @@ Datagramme LitDatagramme(int descripteur) {
   if (lus < 0) return resultat;
   resultat.Recu = true;
   resultat.Accepte = (entete.msg_flags & MSG_TRUNC) == 0 && VientDeMoi(entete);
+  resultat.Depart = DonneDepart(entete);
   resultat.Contenu = QByteArray(tampon.data(), lus);
   if (resultat.Contenu.endsWith('\n')) resultat.Contenu.chop(1);
   return resultat;
@@ -100,6 +119,7 @@ void BoiteLocale::OuvreSocket() {
   Socket_ = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
   const int oui = 1;
   if (Socket_ >= 0 && ::setsockopt(Socket_, SOL_SOCKET, SO_PASSCRED, &oui, sizeof oui) == 0) {
+    ::setsockopt(Socket_, SOL_SOCKET, SO_TIMESTAMP, &oui, sizeof oui);  // without it every message counts as sent now
     for (int essai = 0; essai < kEssais; ++essai) {
       // Drawn by lot, so that a handle left behind in the store by an earlier run hardly ever names a newer process.
       Poignee_ = QRandomGenerator::system()->bounded(kPoigneeMin, std::numeric_limits<qint32>::max());
@@ -122,6 +142,7 @@ void BoiteLocale::PrendMessage() {
   }
   const Datagramme datagramme = LitDatagramme(Socket_);
   if (!datagramme.Recu || !datagramme.Accepte) return;
+  Depart_ = datagramme.Depart;
   const std::function<void(const QByteArray&)> recu = Recu_;
   recu(datagramme.Contenu);
 }

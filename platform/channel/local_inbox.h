@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QObject>
 #include <functional>
+#include <optional>
 
 #include "platform/channel/channel_folder.h"
 
@@ -26,6 +27,9 @@ class BoiteLocale : public QObject {
   ~BoiteLocale() override;
 
   qint32 Poignee() const { return Poignee_; }
+  /// When the message that is being handed on was sent, in milliseconds since 1970; nothing where the system does not
+  /// tell.
+  std::optional<qint64> Depart() const { return Depart_; }
 
  protected:
   void timerEvent(QTimerEvent* evenement) override;
@@ -40,6 +44,7 @@ class BoiteLocale : public QObject {
   int Socket_ = -1;
   qint32 Poignee_ = 0;
   int Rafale_ = 0;
+  std::optional<qint64> Depart_;
   Guetteur* Guetteur_ = nullptr;
   QBasicTimer Repos_;
 };

@@ -1,67 +1,127 @@
 #include "platform/channel/local_sender.h"
 
-#include <sys/socket.h>
-#include <unistd.h>
-
 #include <QTimerEvent>
-#include <cerrno>
-
-#include "platform/channel/socket_address.h"
+#include <algorithm>
+#include <chrono>
 
 namespace vaktor {
 
-EmetteurLocal::EmetteurLocal(const DossierCanal& dossier)
-    : Dossier_(dossier), Socket_(::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0)) {}
-
-EmetteurLocal::~EmetteurLocal() {
-  if (Socket_ >= 0) ::close(Socket_);
+qint64 EmetteurLocal::CompteMonotone() {
+  using namespace std::chrono;
+  return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
 }
 
-// Formed once: an alarm speaks to the same handle with each frame.
-const std::optional<sockaddr_un>& EmetteurLocal::DonneAdresse(qint32 poignee) {
-  const auto connue = Adresses_.constFind(poignee);
-  if (connue != Adresses_.constEnd()) return *connue;
-  return *Adresses_.insert(poignee, FormeAdresse(Dossier_.DonneAdresse(poignee)));
+EmetteurLocal::EmetteurLocal(const DossierCanal& dossier, std::function<qint64()> maintenant)
+    : Dossier_(dossier), Maintenant_(std::move(maintenant)) {}
+
+EmetteurLocal::~EmetteurLocal() = default;
+
+EmetteurLocal::Destinataire& EmetteurLocal::DonneDestinataire(qint32 poignee) {
+  std::unique_ptr<Destinataire>& destinataire = Destinataires_[poignee];
+  if (!destinataire) destinataire = std::make_unique<Destinataire>(Dossier_, poignee);
+  return *destinataire;
 }
 
-EmetteurLocal::Issue EmetteurLocal::Essaie(qint32 poignee, const QByteArray& message) {
-  const std::optional<sockaddr_un>& adresse = DonneAdresse(poignee);
-  if (!adresse) return Issue::kPersonne;
-  const ssize_t partis = ::sendto(Socket_, message.constData(), static_cast<std::size_t>(message.size()),
-                                  MSG_DONTWAIT | MSG_NOSIGNAL, EnGeneral(*adresse), sizeof *adresse);
-  if (partis >= 0) return Issue::kParti;
-  const bool plein = errno == EAGAIN || errno == EWOULDBLOCK || errno == ENOBUFS || errno == EINTR;
-  return plein ? Issue::kPlein : Issue::kPersonne;
+// One command at a time is on its way: what the kernel has cannot be taken back, folded or let go stale.
+bool EmetteurLocal::PeutPartir(Destinataire& vers, Genre genre) {
+  return genre == Genre::kMot || genre == Genre::kDerniere || !vers.Socket.ANonLus();
 }
 
-void EmetteurLocal::Poste(qint32 poignee, const QByteArray& message) noexcept {
-  if (poignee <= 0 || Socket_ < 0 || message.size() > kMessageMax) return;
-  const auto attente = Attente_.find(poignee);
-  const bool derriere = attente != Attente_.end();
-  if (derriere && attente->size() >= kAttenteMax) return;
-  if (!derriere && Essaie(poignee, message) != Issue::kPlein) return;
-  Attente_[poignee].enqueue(message);
+void EmetteurLocal::Poste(qint32 poignee, const QByteArray& message, Genre genre) noexcept {
+  if (poignee <= 0 || message.size() > kMessageMax) return;
+  Destinataire& vers = DonneDestinataire(poignee);
+  RetirePerimes(vers.File);
+  if (vers.File.isEmpty() && PeutPartir(vers, genre)) {
+    const Issue issue = vers.Socket.Essaie(message);
+    if (issue == Issue::kPersonne) Oublie(poignee);
+    if (issue != Issue::kPlein) return;
+  }
+  Range(vers, message, genre);
+  // Nobody offers anything again once the program has ended: now or never.
+  if (genre == Genre::kDerniere && !Offre(vers)) return Oublie(poignee);
   if (!Reprise_.isActive()) Reprise_.start(kReprise, this);
 }
 
-qsizetype EmetteurLocal::EnAttente(qint32 poignee) const { return Attente_.value(poignee).size(); }
-
-void EmetteurLocal::Vide(qint32 poignee) {
-  QQueue<QByteArray>& file = Attente_[poignee];
-  while (!file.isEmpty()) {
-    const Issue issue = Essaie(poignee, file.head());
-    if (issue == Issue::kPlein) return;
-    if (issue == Issue::kPersonne) file.clear();
-    if (issue == Issue::kParti) file.dequeue();
+void EmetteurLocal::Range(Destinataire& chez, const QByteArray& message, Genre genre) const {
+  QList<Attendu>& file = chez.File;
+  if (genre == Genre::kMot) {
+    if (file.size() < kMotsMax) file.append({message, genre, Maintenant_()});
+    return;
   }
-  Attente_.remove(poignee);
+  if (!file.isEmpty() && file.last().Message == message) {
+    file.last().Poste = Maintenant_();
+    return;
+  }
+  if (genre == Genre::kDerniere) GardeSeules(file);
+  file.append({message, genre, Maintenant_()});
+  Borne(file);
+}
+
+// What waits in front of the last message must fit into the box together with it: only what is kept, and that once.
+void EmetteurLocal::GardeSeules(QList<Attendu>& file) {
+  QList<QByteArray> vus;
+  file.removeIf([&vus](const Attendu& a) {
+    if (a.Quoi != Genre::kGardee || vus.contains(a.Message)) return true;
+    vus.append(a.Message);
+    return false;
+  });
+}
+
+void EmetteurLocal::Borne(QList<Attendu>& file) {
+  if (file.size() <= kCommandesMax) return;
+  auto victime = std::find_if(file.begin(), file.end(), [](const Attendu& a) {
+    return a.Quoi == Genre::kInstant || a.Quoi == Genre::kOrdinaire;
+  });
+  // Nothing but what is kept: the first of them is said once more further back, there are not so many words.
+  if (victime == file.end()) victime = file.begin();
+  file.erase(victime);
+}
+
+void EmetteurLocal::RetirePerimes(QList<Attendu>& file) const {
+  if (file.isEmpty()) return;
+  const qint64 limite = Maintenant_() - kDureeInstant;
+  file.removeIf([limite](const Attendu& a) { return a.Quoi == Genre::kInstant && a.Poste < limite; });
+}
+
+bool EmetteurLocal::Offre(Destinataire& vers) {
+  RetirePerimes(vers.File);
+  const bool fin =
+      std::any_of(vers.File.begin(), vers.File.end(), [](const Attendu& a) { return a.Quoi == Genre::kDerniere; });
+  while (!vers.File.isEmpty()) {
+    const Attendu& premier = vers.File.first();
+    if (!PeutPartir(vers, fin ? Genre::kDerniere : premier.Quoi)) return true;
+    const Issue issue = vers.Socket.Essaie(premier.Message);
+    if (issue == Issue::kPersonne) return false;
+    if (issue == Issue::kPlein) return true;
+    vers.File.removeFirst();
+  }
+  return true;
+}
+
+qsizetype EmetteurLocal::EnAttente(qint32 poignee) const {
+  const auto connu = Destinataires_.find(poignee);
+  return connu == Destinataires_.end() ? 0 : connu->second->File.size();
+}
+
+bool EmetteurLocal::Attend(qint32 poignee) {
+  const auto connu = Destinataires_.find(poignee);
+  return connu != Destinataires_.end() && (!connu->second->File.isEmpty() || connu->second->Socket.ANonLus());
+}
+
+bool EmetteurLocal::APris(qint32 poignee) {
+  const auto connu = Destinataires_.find(poignee);
+  return connu != Destinataires_.end() && connu->second->Socket.APris();
 }
 
 void EmetteurLocal::timerEvent(QTimerEvent* evenement) {
   if (evenement->timerId() != Reprise_.timerId()) return;
-  const QList<qint32> poignees = Attente_.keys();
-  for (const qint32 poignee : poignees) Vide(poignee);
-  if (Attente_.isEmpty()) Reprise_.stop();
+  bool attend = false;
+  for (auto it = Destinataires_.begin(); it != Destinataires_.end();) {
+    const bool present = Offre(*it->second);
+    attend = attend || (present && !it->second->File.isEmpty());
+    it = present ? std::next(it) : Destinataires_.erase(it);
+  }
+  if (!attend) Reprise_.stop();
 }
 
 }  // namespace vaktor

@@ -1,18 +1,20 @@
 #include "platform/channel/system_processes.h"
 
-#include <poll.h>
 #include <signal.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <cerrno>
 #include <optional>
 
 #include "companions/contract/command_words.h"
+#include "platform/channel/followed_program.h"
+#include "platform/channel/process_handle.h"
+#include "platform/channel/script_name.h"
 
 namespace vaktor {
 
@@ -33,6 +35,7 @@ std::optional<ProcessusVu> LitProcessus(qint32 pid) {
   const QString executable = QFile::symLinkTarget(dossier + QStringLiteral("/exe"));
   if (executable.isEmpty()) return std::nullopt;
   vu.Nom = QFileInfo(executable).fileName();
+  vu.NomScript = TrouveScript(pid, executable);
   return vu;
 }
 
@@ -47,30 +50,11 @@ QString LitDossierPrive(qint32 pid) {
   return {};
 }
 
-class Descripteur {
- public:
-  explicit Descripteur(qint32 pid) : Numero_(static_cast<int>(::syscall(SYS_pidfd_open, pid, 0))) {}
-  ~Descripteur() {
-    if (Numero_ >= 0) ::close(Numero_);
-  }
-  Descripteur(const Descripteur&) = delete;
-  Descripteur& operator=(const Descripteur&) = delete;
-
-  bool Ouvert() const { return Numero_ >= 0; }
-  void Envoie(int signal) const { ::syscall(SYS_pidfd_send_signal, Numero_, signal, nullptr, 0); }
-  bool AttendFin(int millisecondes) const {
-    pollfd attente{Numero_, POLLIN, 0};
-    return ::poll(&attente, 1, millisecondes) == 1;
-  }
-
- private:
-  int Numero_;
-};
-
 }  // namespace
 
 QProcessEnvironment DonneMilieuCompagnon(const QString& dossierPrive) {
   QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
+  milieu.remove(kVariableRelance);
   if (dossierPrive.isEmpty())
     milieu.remove(kVariableDossier);  // one that this program inherited is not its own
   else
@@ -97,11 +81,11 @@ QList<ProcessusVu> ProcessusSysteme::PrendInstantane() const {
 
 bool ProcessusSysteme::TermineProcessus(const ProcessusVu& vu) {
   if (vu.Pid <= 1 || vu.Pid == ::getpid()) return false;
-  const Descripteur processus(vu.Pid);
-  if (!processus.Ouvert()) return false;
-  // The descriptor now holds whoever has the number; only if that is still the same program is it the one meant.
-  const std::optional<ProcessusVu> maintenant = LitProcessus(vu.Pid);
-  if (!maintenant || maintenant->Nom != vu.Nom || maintenant->NomAppele != vu.NomAppele) return false;
+  const PrisePid processus(vu.Pid);
+  if (!processus.Ouverte()) return errno == ESRCH;
+  // The hold is on whoever has the number now; only if that is still the same program is it the one meant. Else the one
+  // meant has ended by itself.
+  if (LitProcessus(vu.Pid) != vu) return true;
   processus.Envoie(SIGTERM);
   processus.Envoie(SIGCONT);  // a stopped process hears the polite request only when it goes on
   if (processus.AttendFin(kDelaiPoli)) return true;
@@ -110,15 +94,28 @@ bool ProcessusSysteme::TermineProcessus(const ProcessusVu& vu) {
 }
 
 bool ProcessusSysteme::LanceProgramme(const QString& chemin) {
-  const QFileInfo fichier(chemin);
+  qint64 pid = 0;
+  return Demarre({.Chemin = chemin}, pid);
+}
+
+std::unique_ptr<ProgrammeSuivi> ProcessusSysteme::LanceSuivi(const Lancement& quoi, std::function<void()> fini) {
+  qint64 pid = 0;
+  if (!Demarre(quoi, pid)) return nullptr;
+  return std::make_unique<ProgrammeSuiviSysteme>(static_cast<qint32>(pid), std::move(fini));
+}
+
+bool ProcessusSysteme::Demarre(const Lancement& quoi, qint64& pid) const {
+  const QFileInfo fichier(quoi.Chemin);
   if (!fichier.isFile() || !fichier.isExecutable()) return false;
   QProcess programme;
-  programme.setProgram(chemin);
+  programme.setProgram(quoi.Chemin);
   // Started on its own, not as a child: nothing waits for it, and its end leaves no trace in the table.
   programme.setStandardInputFile(QProcess::nullDevice());
   programme.setWorkingDirectory(fichier.absolutePath());
-  programme.setProcessEnvironment(DonneMilieuCompagnon(DossierPrive_));
-  return programme.startDetached();
+  QProcessEnvironment milieu = DonneMilieuCompagnon(DossierPrive_);
+  if (quoi.Relance) milieu.insert(kVariableRelance, QStringLiteral("1"));
+  programme.setProcessEnvironment(milieu);
+  return programme.startDetached(&pid);
 }
 
 }  // namespace vaktor

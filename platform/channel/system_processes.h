@@ -28,8 +28,11 @@ class ProcessusSysteme : public Processus {
   QList<ProcessusVu> PrendInstantane() const override;
   bool TermineProcessus(const ProcessusVu& vu) override;
   bool LanceProgramme(const QString& chemin) override;
+  std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override;
 
  private:
+  bool Demarre(const Lancement& quoi, qint64& pid) const;
+
   QString DossierPrive_;
 };
 

@@ -63,9 +63,14 @@ class CanalNote : public CanalMessages {
     Boites_.erase(poignee);
     J_.Note([poignee] { return QStringLiteral("channel: close %1").arg(poignee); });
   }
-  void PosteTouche(qint32 poignee, qint32 code) noexcept override {
+  void PosteTouche(qint32 poignee, qint32 code, Tenue) noexcept override {
     J_.Note([=] { return QStringLiteral("channel: post %1 to %2").arg(code).arg(poignee); });
   }
+  Prise DonnePrise(qint32) override { return Prise::kRien; }
+  void OublieFenetre(qint32 poignee) noexcept override {
+    J_.Note([=] { return QStringLiteral("channel: forget %1").arg(poignee); });
+  }
+  bool Repond(qint32) const override { return false; }
 
  private:
   Journal& J_;
@@ -90,12 +95,59 @@ class ProcessusNote : public Processus {
     if (PendantLancement) PendantLancement();
     return !Absents.contains(chemin);
   }
+  std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override {
+    if (!LanceProgramme(quoi.Chemin)) return nullptr;
+    Finis[quoi.Chemin] = std::move(fini);
+    return std::make_unique<Suivi>(J_, quoi.Chemin);
+  }
+  /// A companion ends.
+  void Finit(const QString& chemin) {
+    const auto fini = Finis.at(chemin);
+    fini();
+  }
+  std::map<QString, std::function<void()>> Finis;
   QList<ProcessusVu> Table;
   QStringList Absents;
   std::function<void()> PendantLancement;
 
  private:
+  class Suivi : public ProgrammeSuivi {
+   public:
+    Suivi(Journal& journal, QString chemin) : J_(journal), Chemin_(std::move(chemin)) {}
+    void DemandeFin() noexcept override {
+      J_.Note([this] { return QStringLiteral("processes: ask to end ") + Chemin_; });
+    }
+    void Tue() noexcept override {
+      J_.Note([this] { return QStringLiteral("processes: kill ") + Chemin_; });
+    }
+
+   private:
+    Journal& J_;
+    QString Chemin_;
+  };
   Journal& J_;
+};
+
+/// The store, as far as the handles go: what was written into it.
+class BoitesLues : public LecteurBoites {
+ public:
+  explicit BoitesLues(const QMap<QString, QString>& valeurs) : Valeurs_(valeurs) {}
+  void LitBoites(Rend rend) override {
+    const auto lit = [this](const char* section) {
+      return Valeurs_.value(QLatin1String(section) + QStringLiteral("/HWNDVK")).toInt();
+    };
+    rend(PoigneesPubliees{lit("FTP"), lit("MAIL"), lit("SON")});
+  }
+  void Oublie() override {}
+
+ private:
+  const QMap<QString, QString>& Valeurs_;
+};
+
+class MesureurMuet : public MesureurDossier {
+ public:
+  void Mesure(const QString&, Rend) override {}
+  void Oublie() override {}
 };
 
 class BoitesNotees : public BoitesMessage {
@@ -254,6 +306,8 @@ struct SystemeFaux {
             .Sonde = Sonde,
             .Sons = Sons,
             .Programmes = Programmes,
+            .BoitesPubliees = BoitesPubliees,
+            .Mesureur = Mesureur,
             .Navigateur = Navigateur,
             .Comptes = Comptes,
             .EssaiMail = EssaiMail,
@@ -292,6 +346,8 @@ struct SystemeFaux {
   faux::ArbreFaux Arbre;
   faux::SondeEspaceFausse Sonde;
   ProcessusNote Programmes{Notes};
+  BoitesLues BoitesPubliees{Valeurs};
+  MesureurMuet Mesureur;
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;
   faux::EssaiFaux EssaiMail;

@@ -84,6 +84,7 @@ class ProgrammesFaux : public Processus {
  public:
   QList<ProcessusVu> PrendInstantane() const override { return {}; }
   bool TermineProcessus(const ProcessusVu&) override { return false; }
+  std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement&, std::function<void()>) override { return nullptr; }
   bool LanceProgramme(const QString& chemin) override {
     Lances.append(chemin);
     return Present;

@@ -1,15 +1,19 @@
 // Everything around the companions' rules, recorded in one journal, so that orders across ports can be told.
 #pragma once
 
+#include <QMap>
 #include <QStringList>
 #include <map>
 #include <memory>
 
 #include "base/ports/opener.h"
+#include "companions/companion_watch.h"
 #include "companions/form_winsock.h"
+#include "companions/inbox_guard.h"
 #include "companions/live_publishing.h"
 #include "companions/module_lifecycle.h"
 #include "companions/module_send_messages.h"
+#include "companions/second_copies.h"
 #include "fakes/virtual_timers.h"
 
 namespace vaktor::essai {
@@ -24,11 +28,18 @@ class CanalFaux : public CanalMessages {
     return poignee;
   }
   void FermeBoite(qint32 poignee) override { Boites.erase(poignee); }
-  void PosteTouche(qint32 poignee, qint32 code) noexcept override {
+  void PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept override {
     J_ << QStringLiteral("poste %1 %2").arg(poignee).arg(code);
+    DerniereTenue = tenue;
   }
+  Prise DonnePrise(qint32 poignee) override { return Prises.value(poignee, Prise::kRien); }
+  void OublieFenetre(qint32 poignee) noexcept override { J_ << QStringLiteral("oublie %1").arg(poignee); }
+  bool Repond(qint32 poignee) const override { return Presents.contains(poignee); }
   std::map<qint32, std::function<void(const QString&)>> Boites;
   qint32 Prochaine = 1001;
+  Tenue DerniereTenue = Tenue::kOrdinaire;
+  QMap<qint32, Prise> Prises;
+  QList<qint32> Presents;  ///< handles that somebody holds
 
  private:
   QStringList& J_;
@@ -123,12 +134,77 @@ class ProcessusFaux : public Processus {
     J_ << QStringLiteral("lance ") + chemin;
     return !Absents.contains(chemin);
   }
+  std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override {
+    J_ << (quoi.Relance ? QStringLiteral("relance ") : QStringLiteral("lance ")) + quoi.Chemin;
+    if (Absents.contains(quoi.Chemin)) return nullptr;
+    Finis[quoi.Chemin] = std::move(fini);
+    return std::make_unique<Suivi>(*this, quoi.Chemin);
+  }
+  /// A program that was started ends, by itself or because it was asked.
+  void Finit(const QString& chemin) {
+    const auto fini = Finis.at(chemin);
+    Finis.erase(chemin);
+    fini();
+  }
+  std::map<QString, std::function<void()>> Finis;  ///< of the programs that run and are followed
   QList<ProcessusVu> Table;
   QList<qint32> Immortels;
   QStringList Absents;
 
  private:
+  class Suivi : public ProgrammeSuivi {
+   public:
+    Suivi(ProcessusFaux& table, QString chemin) : Table_(table), Chemin_(std::move(chemin)) {}
+    ~Suivi() override { Table_.Finis.erase(Chemin_); }
+    void DemandeFin() noexcept override { Table_.J_ << QStringLiteral("demande fin ") + Chemin_; }
+    void Tue() noexcept override { Table_.J_ << QStringLiteral("tue ") + Chemin_; }
+
+   private:
+    ProcessusFaux& Table_;
+    QString Chemin_;
+  };
   QStringList& J_;
+};
+
+/// The store as other processes left it: answers when the test says so, or at once.
+class LecteurBoitesFaux : public LecteurBoites {
+ public:
+  void LitBoites(Rend rend) override {
+    ++Lectures;
+    Rend_ = std::move(rend);
+    if (!Muet) Repond();
+  }
+  void Oublie() override { Rend_ = nullptr; }
+  void Repond() {
+    const Rend rend = std::exchange(Rend_, nullptr);
+    if (rend) rend(Lues);
+  }
+  std::optional<PoigneesPubliees> Lues = PoigneesPubliees{1001, 1002, 1003};
+  bool Muet = false;  ///< the disk does not answer
+  int Lectures = 0;
+
+ private:
+  Rend Rend_;
+};
+
+class MesureurFaux : public MesureurDossier {
+ public:
+  void Mesure(const QString& dossier, Rend rend) override {
+    Demandes << dossier;
+    Rend_ = std::move(rend);
+    if (!Muet) Repond();
+  }
+  void Oublie() override { Rend_ = nullptr; }
+  void Repond() {
+    const Rend rend = std::exchange(Rend_, nullptr);
+    if (rend) rend(Taille);
+  }
+  std::optional<TailleDossier> Taille = TailleDossier{};
+  bool Muet = false;
+  QStringList Demandes;
+
+ private:
+  Rend Rend_;
 };
 
 }  // namespace vaktor::essai

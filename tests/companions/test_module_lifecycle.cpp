@@ -12,7 +12,12 @@ struct Modules : testing::Test {
   ProcessusFaux Processus{Journal};
   DossiersProgramme Dossiers{QStringLiteral("/opt/vaktor"), QStringLiteral("/home/u/vaktor")};
   Parametres Reglages;
-  ModulesCompagnons Regles{Processus, Dossiers, Reglages};
+  ModulesCompagnons Regles{Processus,
+                           [this](Compagnon compagnon) {
+                             const QString chemin = Dossiers.Executables + u'/' + DonneIdentite(compagnon).Programme;
+                             return Processus.LanceProgramme(chemin);
+                           },
+                           Reglages};
   const QString Lancements =
       QStringLiteral("lance /opt/vaktor/VAKTORftp|lance /opt/vaktor/VAKTORmail|lance /opt/vaktor/VAKTORsound");
 };
@@ -30,9 +35,16 @@ TEST_F(Modules, StraysAreEndedAndCompanionsStartedInTheSameOrder) {
 }
 
 TEST_F(Modules, NamesMatchAsPartsWithoutRegardToCase) {
-  Processus.Table = {{1, "my-vaktorFTP-old", ""}, {2, "python3.11", "VAKTORmail"}, {3, "vaktorsoun", ""}};
+  Processus.Table = {
+      {1, "my-vaktorFTP-old", ""}, {2, "python3.11", "VAKTORmail"}, {3, "vaktorsoun", ""}, {4, "dash", "sh", ""}};
   Regles.LanceModules();
   EXPECT_EQ(Journal.join(u'|'), "termine 1|termine 2|" + Lancements);
+}
+
+TEST_F(Modules, AScriptIsKnownByItsOwnName) {
+  Processus.Table = {{1, "python3.11", "python3", ""}, {2, "python3.11", "python3", "VAKTORsound"}};
+  Regles.LanceModules();
+  EXPECT_EQ(Journal.join(u'|'), "termine 2|" + Lancements);
 }
 
 TEST_F(Modules, OneCallEndsOneProcessTheFirst) {
@@ -52,6 +64,23 @@ TEST_F(Modules, AProcessThatCannotBeEndedIsPassedOver) {
   Processus.Immortels = {5};
   Regles.LanceModules();
   EXPECT_EQ(Journal.join(u'|'), "termine 5|termine 6|" + Lancements);
+}
+
+TEST_F(Modules, BehindOneThatCannotBeEndedTheOthersAreEnded) {
+  Processus.Table = {{5, "VAKTORftp", ""}, {6, "VAKTORftp", ""}, {7, "VAKTORftp", ""}};
+  Processus.Immortels = {5};
+  Regles.LanceModules();
+  EXPECT_EQ(Journal.join(u'|'), "termine 5|termine 6|termine 7|" + Lancements);
+}
+
+TEST_F(Modules, ProcessesThatWillNotDieDoNotHoldTheStartUp) {
+  for (qint32 pid = 1; pid <= 50; ++pid) {
+    Processus.Table.append({pid, "VAKTORftp", ""});
+    Processus.Immortels.append(pid);
+  }
+  Regles.LanceModules();
+  EXPECT_EQ(Journal.filter("termine").size(), 4) << "each costs half a second";
+  EXPECT_TRUE(Journal.join(u'|').endsWith(Lancements));
 }
 
 TEST_F(Modules, AMissingCompanionEndsTheStartAndIsNamed) {

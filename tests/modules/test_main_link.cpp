@@ -19,13 +19,14 @@ struct Lien : testing::Test {
   qint32 Hwndvk = 0;
   QStringList Mots;
   int Enregistrements = 0;
-  bool Tot = false;
+  Inscription Comment = Inscription::kRelance;
   int Pertes = 0;
   std::unique_ptr<BoiteLocale> Principal = OuvrePrincipal();
   qint64 Maintenant = Dossier.DonneOuverture(Hwndvk).value_or(0);
-  LienPrincipal Lien_{PortsLien{
-      Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; }, [this](const QString& mot) { Mots << mot; },
-      [this](bool tot) { ++Enregistrements, Tot = tot; }, [this] { ++Pertes; }, [this] { return Maintenant; }}};
+  LienPrincipal Lien_{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; },
+                                [this](const QString& mot) { Mots << mot; },
+                                [this](Inscription comment) { ++Enregistrements, Comment = comment; },
+                                [this] { ++Pertes; }, [this] { return Maintenant; }}};
   EmetteurLocal Emetteur{Dossier};
 
   std::unique_ptr<BoiteLocale> OuvrePrincipal() {
@@ -47,23 +48,49 @@ TEST_F(Lien, RegistersAtItsStart) {
 TEST_F(Lien, ARegistrationIsEarlyUntilTheStartArgumentsAreDue) {
   Maintenant += LienPrincipal::kDebut - 1;
   Lien_.Demarre();
-  EXPECT_TRUE(Tot);
+  EXPECT_EQ(Comment, Inscription::kTot);
   static_assert(LienPrincipal::kDebut < 1000, "the main program waits that long before it carries them out");
 }
 
 TEST_F(Lien, ALaterOneIsLate) {
   Maintenant += LienPrincipal::kDebut;
-  Tot = true;
   Lien_.Demarre();
   EXPECT_EQ(Enregistrements, 1);
-  EXPECT_FALSE(Tot);
+  EXPECT_EQ(Comment, Inscription::kTard);
 }
 
 TEST_F(Lien, AClockThatWasSetBackCountsAsLate) {
   Maintenant -= 5;
-  Tot = true;
   Lien_.Demarre();
-  EXPECT_FALSE(Tot);
+  EXPECT_EQ(Comment, Inscription::kTard);
+}
+
+// Whatever the clock makes of the age of the inbox.
+TEST_F(Lien, StartedAgainItIsNotEarlyAndSoonAnOrdinaryOneAgain) {
+  LienPrincipal relance{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; }, [](const QString&) {},
+                                  [this](Inscription comment) { Comment = comment; }, [] {},
+                                  [this] { return Maintenant; }, true}};
+  Comment = Inscription::kTot;
+  relance.Demarre();
+  EXPECT_EQ(Comment, Inscription::kRelance);
+  Principal = OuvrePrincipal();
+  Maintenant = Dossier.DonneOuverture(Hwndvk).value_or(0);
+  Temps.Avance(LienPrincipal::kVerification);
+  EXPECT_EQ(Comment, Inscription::kTot) << "another main program has not started it again";
+}
+
+TEST_F(Lien, AnIntrusionThatWaitedTooLongIsOver) {
+  Lien_.Demarre();
+  Emetteur.Poste(Lien_.Poignee(), "66");
+  Emetteur.Poste(Lien_.Poignee(), "65");
+  Maintenant = QDateTime::currentMSecsSinceEpoch() + kDureeInstant + 1000;
+  ASSERT_TRUE(AttendQue([this] { return !Mots.isEmpty(); }));
+  EXPECT_EQ(Mots, QStringList("Optio")) << "what was saved meanwhile still holds";
+  Mots.clear();
+  Maintenant = QDateTime::currentMSecsSinceEpoch();
+  Emetteur.Poste(Lien_.Poignee(), "66");
+  ASSERT_TRUE(AttendQue([this] { return !Mots.isEmpty(); }));
+  EXPECT_EQ(Mots, QStringList("Intru"));
 }
 
 TEST_F(Lien, RegistersOnceWithTheSameMainProgram) {

@@ -5,13 +5,13 @@ namespace vaktor::essai {
 namespace {
 
 TEST_F(Ftp, SaysThatItIsReadyOnceForEachMainProgram) {
-  Module->Enregistre(true);
+  Module->Enregistre(Inscription::kTot);
   EXPECT_EQ(Dits(), "*OKO*");
 }
 
 // The main program would take "*OKO*" for a second set of its start arguments.
 TEST_F(Ftp, LateItDoesNotTakeBackWhatTheStartArgumentsHaveSwitchedOn) {
-  Module->Enregistre(false);
+  Module->Enregistre(Inscription::kTard);
   EXPECT_EQ(Dits(), "Netdc Decon");
   EXPECT_FALSE(Ouvrier->EnCours()) << "nobody has asked for a connection yet";
   // What the main program sends after "Netdc" when its switch is on.
@@ -19,9 +19,17 @@ TEST_F(Ftp, LateItDoesNotTakeBackWhatTheStartArgumentsHaveSwitchedOn) {
   EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK Uploa");
 }
 
+// The main program knows, and sends "Conne" by itself.
+TEST_F(Ftp, StartedAgainItSaysNothingOfItsOwn) {
+  Module->Enregistre(Inscription::kRelance);
+  EXPECT_EQ(Dits(), "");
+  EXPECT_EQ(Dit("Conne"), "Conne");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK");
+}
+
 TEST_F(Ftp, AMainProgramThatHasJustComeHasItsSwitchOff) {
   Publie();
-  Module->Enregistre(true);
+  Module->Enregistre(Inscription::kTot);
   EXPECT_EQ(Dits(), "*OKO*") << "no word about the old connection";
   EXPECT_EQ(Avance(600000), "");
   EXPECT_FALSE(Ouvrier->EnCours());

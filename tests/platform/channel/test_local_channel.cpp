@@ -90,10 +90,10 @@ TEST_F(Canal, ABoxMayBeClosedByItsOwnWord) {
 }
 
 TEST_F(Canal, PostingToNobodyIsSwallowed) {
-  for (const qint32 poignee : {0, -5, 1, 424242}) Local.PosteTouche(poignee, 65);
+  for (const qint32 poignee : {0, -5, 1, 424242}) Local.PosteTouche(poignee, 65, Tenue::kGardee);
   QList<QByteArray> recus;
   const BoiteLocale fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
-  Local.PosteTouche(fenetre.Poignee(), 66);
+  Local.PosteTouche(fenetre.Poignee(), 66, Tenue::kGardee);
   ASSERT_TRUE(AttendQue([&] { return !recus.isEmpty(); }));
   EXPECT_EQ(recus, QList<QByteArray>{"66"}) << "whoever is there still gets his own";
 }
@@ -101,16 +101,17 @@ TEST_F(Canal, PostingToNobodyIsSwallowed) {
 TEST_F(Canal, CommandsArriveAsDecimalCodesInOrder) {
   QList<QByteArray> recus;
   const BoiteLocale fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
-  for (qint32 code = 65; code < 72; ++code) Local.PosteTouche(fenetre.Poignee(), code);
+  for (qint32 code = 65; code < 72; ++code) Local.PosteTouche(fenetre.Poignee(), code, Tenue::kGardee);
   ASSERT_TRUE(AttendQue([&recus] { return recus.size() == 7; }));
   EXPECT_EQ(recus, QList<QByteArray>({"65", "66", "67", "68", "69", "70", "71"}));
 }
 
-TEST_F(Canal, AFullBoxLosesNoCommandAndHoldsNobodyUp) {
+TEST_F(Canal, AFullBoxLosesNoWordAndHoldsNobodyUp) {
   QList<QByteArray> recus;
   const BoiteLocale fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
+  EmetteurLocal emetteur(Dossier);
   // Far more than the kernel keeps for a process that does not listen; all of it goes out before the loop runs once.
-  for (qint32 code = 0; code < 200; ++code) Local.PosteTouche(fenetre.Poignee(), code);
+  for (int i = 0; i < 200; ++i) emetteur.Poste(fenetre.Poignee(), QByteArray::number(i));
   ASSERT_TRUE(AttendQue([&recus] { return recus.size() == 200; }));
   for (int i = 0; i < 200; ++i) EXPECT_EQ(recus.at(i), QByteArray::number(i));
 }
@@ -119,7 +120,7 @@ TEST_F(Canal, WhatWaitsForAWindowThatNeverListensIsBounded) {
   const BoiteLocale fenetre(Dossier, [](const QByteArray&) {});
   EmetteurLocal emetteur(Dossier);
   for (int i = 0; i < 100000; ++i) emetteur.Poste(fenetre.Poignee(), "66");
-  EXPECT_EQ(emetteur.EnAttente(fenetre.Poignee()), EmetteurLocal::kAttenteMax);
+  EXPECT_EQ(emetteur.EnAttente(fenetre.Poignee()), EmetteurLocal::kMotsMax);
 }
 
 TEST_F(Canal, WhatWaitsForAWindowThatGoesIsForgotten) {
@@ -134,10 +135,10 @@ TEST_F(Canal, WhatWaitsForAWindowThatGoesIsForgotten) {
 
 TEST_F(Canal, OneFullWindowDoesNotHoldUpAnother) {
   const BoiteLocale sourde(Dossier, [](const QByteArray&) {});
-  for (int i = 0; i < 300; ++i) Local.PosteTouche(sourde.Poignee(), 66);
+  for (int i = 0; i < 300; ++i) Local.PosteTouche(sourde.Poignee(), 66, Tenue::kGardee);
   QList<QByteArray> recus;
   const BoiteLocale vive(Dossier, [&recus](const QByteArray& message) { recus << message; });
-  Local.PosteTouche(vive.Poignee(), 67);
+  Local.PosteTouche(vive.Poignee(), 67, Tenue::kGardee);
   EXPECT_TRUE(AttendQue([&recus] { return !recus.isEmpty(); }));
 }
 
@@ -184,7 +185,7 @@ TEST_F(Canal, AWordIsNotHandledInsideAnother) {
   int plusProfond = 0;
   const qint32 boite = Local.OuvreBoite([&](const QString& texte) {
     plusProfond = qMax(plusProfond, ++profondeur);
-    Local.PosteTouche(1, 65);
+    Local.PosteTouche(1, 65, Tenue::kGardee);
     Recus << texte;
     --profondeur;
   });

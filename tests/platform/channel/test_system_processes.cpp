@@ -1,5 +1,6 @@
 // Real processes: found, ended politely and by force, started.
 #include <gtest/gtest.h>
+#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -9,6 +10,7 @@
 #include <QTemporaryDir>
 
 #include "companions/contract/command_words.h"
+#include "platform/channel/followed_program.h"
 #include "platform/channel/system_processes.h"
 #include "support/event_wait.h"
 
@@ -58,6 +60,45 @@ TEST_F(Systeme, TheTableNamesProgramsAndScripts) {
   script.kill();
   programme.waitForFinished();
   script.waitForFinished();
+}
+
+/// One that "env" starts: no name of the system tells what it runs. It is stopped by closing its input.
+struct Scripts : Systeme {
+  const QString Script = QStringLiteral("VAKTORsound-") + Nom;
+  QString Ecrit(const QByteArray& premiereLigne) const {
+    QFile fichier(Temporaire.filePath(Script));
+    if (!fichier.open(QIODevice::WriteOnly)) return {};
+    fichier.write(premiereLigne + "\nprint('pret', flush=True)\nimport sys\nsys.stdin.read()\n");
+    fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return fichier.fileName();
+  }
+  /// What the table says of a process that is started so, once it has said that it runs.
+  QString NomDuScript(const QString& programme, const QStringList& arguments) const {
+    QProcess processus;
+    processus.setWorkingDirectory(Temporaire.path());
+    processus.start(programme, arguments);
+    if (!processus.waitForReadyRead()) return QStringLiteral("it did not start");
+    const auto vu = Trouve(processus.processId());
+    processus.kill();
+    processus.waitForFinished();
+    return vu ? vu->NomScript : QStringLiteral("not in the table");
+  }
+};
+
+TEST_F(Scripts, AreKnownByTheirOwnNameAlsoWhereEnvStartsThem) {
+  for (const char* ligne : {"#!/usr/bin/env python3", "#!/usr/bin/env -S python3 -u", "#! /usr/bin/python3"})
+    EXPECT_EQ(NomDuScript(Ecrit(ligne), {}), Script) << ligne;
+  EXPECT_EQ(NomDuScript("/usr/bin/python3", {Script}), Script) << "a relative path, from its own folder";
+}
+
+TEST_F(Scripts, WhoeverMerelyHasTheNameInAnArgumentIsNoCompanion) {
+  const QString script = Ecrit("#!/usr/bin/env python3");
+  // An editor, a pager, another script that is given the name, and a command that happens to be called so.
+  EXPECT_EQ(NomDuScript("/bin/bash", {"-c", "echo pret; read ligne", script}), "");
+  const QString autre = EcritScript(Nom + "outil", "echo pret; read ligne\n");
+  EXPECT_EQ(NomDuScript("/bin/bash", {autre, script}), "");
+  EXPECT_EQ(NomDuScript("/usr/bin/tail", {"-f", script}), "");
+  EXPECT_EQ(NomDuScript("/usr/bin/python3", {"-c", "print('pret',flush=True);input()", script}), "");
 }
 
 TEST_F(Systeme, TheTableLeavesOutTheProgramItself) { EXPECT_FALSE(Trouve(::getpid())); }
@@ -128,11 +169,11 @@ TEST_F(Systeme, ANumberThatAnotherProgramHasNowIsLeftAlone) {
   programme.start(CopieProgramme("/bin/sleep", Nom + "sleep"), {"1000"});
   ASSERT_TRUE(programme.waitForStarted());
   const ProcessusVu ancien{static_cast<qint32>(programme.processId()), "VAKTORftp", "VAKTORftp"};
-  EXPECT_FALSE(Processus.TermineProcessus(ancien));
+  EXPECT_TRUE(Processus.TermineProcessus(ancien)) << "the one that is meant has gone";
   EXPECT_TRUE(Trouve(programme.processId()));
   programme.kill();
   programme.waitForFinished();
-  EXPECT_FALSE(Processus.TermineProcessus(ancien)) << "a number that nobody has";
+  EXPECT_TRUE(Processus.TermineProcessus(ancien)) << "a number that nobody has";
 }
 
 TEST_F(Systeme, ItNeverEndsItself) {
@@ -172,6 +213,116 @@ TEST_F(Systeme, AProgramIsStartedWithoutArgumentsAndToldItsPrivateFolder) {
   QFile lu(trace);
   ASSERT_TRUE(lu.open(QIODevice::ReadOnly));
   EXPECT_EQ(lu.readAll().trimmed(), QFile::encodeName("0|" + dossier + "|" + Temporaire.path()));
+}
+
+/// A program that is started and followed, and what is told of it.
+struct Suivi : Systeme {
+  int Fins = 0;
+  /// `avant` is run before it tells its number.
+  std::unique_ptr<ProgrammeSuivi> Lance(const QByteArray& corps, const QByteArray& avant = {}, bool relance = false) {
+    const QString script = EcritScript(Nom, avant + "\necho $$ > pid.x; mv pid.x pid\n" + corps);
+    return Processus.LanceSuivi({.Chemin = script, .Relance = relance}, [this] { ++Fins; });
+  }
+  qint32 AttendPid() const {
+    const QString trace = Temporaire.filePath("pid");
+    EXPECT_TRUE(AttendQue([&trace] { return QFile::exists(trace); }));
+    QFile lu(trace);
+    return lu.open(QIODevice::ReadOnly) ? lu.readAll().trimmed().toInt() : 0;
+  }
+  void TearDown() override {
+    const qint32 pid = AttendPid();
+    if (Trouve(pid)) ::kill(pid, SIGKILL);
+  }
+};
+
+TEST_F(Suivi, AnEndByForceIsToldOnce) {
+  const auto programme = Lance("while :; do sleep 0.05; done\n");
+  ASSERT_TRUE(programme);
+  const qint32 pid = AttendPid();
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Fins, 0);
+  ASSERT_EQ(::kill(pid, SIGKILL), 0);
+  ASSERT_TRUE(AttendQue([this] { return Fins > 0; }));
+  for (int i = 0; i < 10; ++i) QCoreApplication::processEvents();
+  EXPECT_EQ(Fins, 1);
+}
+
+TEST_F(Suivi, OneThatEndsAtOnceIsToldToo) {
+  const auto programme = Lance("exit 3\n");
+  ASSERT_TRUE(programme);
+  EXPECT_EQ(Fins, 0) << "from the event loop and not before";
+  EXPECT_TRUE(AttendQue([this] { return Fins == 1; }));
+}
+
+TEST_F(Suivi, OneThatHadGoneBeforeAnybodyTookHoldOfItIsTold) {
+  EcritScript("pid", "");
+  const pid_t enfant = ::fork();
+  ASSERT_GE(enfant, 0);
+  if (enfant == 0) ::_exit(0);
+  ::waitpid(enfant, nullptr, 0);
+  const ProgrammeSuiviSysteme programme(enfant, [this] { ++Fins; });
+  EXPECT_EQ(Fins, 0);
+  EXPECT_TRUE(AttendQue([this] { return Fins == 1; }));
+}
+
+TEST_F(Suivi, AStoppedOneHearsTheRequest) {
+  const auto programme = Lance("while :; do sleep 0.05; done\n", "trap 'exit 0' TERM");
+  ASSERT_TRUE(programme);
+  ASSERT_EQ(::kill(AttendPid(), SIGSTOP), 0);
+  programme->DemandeFin();
+  EXPECT_TRUE(AttendQue([this] { return Fins == 1; }));
+}
+
+TEST_F(Suivi, OneThatIgnoresTheRequestIsEndedByForce) {
+  const auto programme = Lance("while :; do sleep 0.05; done\n", "trap '' TERM");
+  ASSERT_TRUE(programme);
+  const qint32 pid = AttendPid();
+  programme->DemandeFin();
+  EXPECT_TRUE(Trouve(pid));
+  programme->Tue();
+  EXPECT_TRUE(AttendQue([this] { return Fins == 1; }));
+}
+
+TEST_F(Suivi, OneThatIsNotFollowedAnyMoreRunsOnAndIsNotTold) {
+  auto programme = Lance("while :; do sleep 0.05; done\n");
+  ASSERT_TRUE(programme);
+  const qint32 pid = AttendPid();
+  programme.reset();
+  EXPECT_TRUE(Trouve(pid));
+  ::kill(pid, SIGKILL);
+  ASSERT_TRUE(AttendQue([&] { return !Trouve(pid); }));
+  EXPECT_EQ(Fins, 0);
+}
+
+TEST_F(Suivi, TheWordOfTheEndMayTakeTheObjectAway) {
+  std::unique_ptr<ProgrammeSuivi> programme;
+  programme = Processus.LanceSuivi({.Chemin = EcritScript(Nom, "echo $$ > pid\n")}, [&] {
+    programme.reset();
+    ++Fins;
+  });
+  ASSERT_TRUE(programme);
+  EXPECT_TRUE(AttendQue([this] { return Fins == 1; }));
+  EXPECT_FALSE(programme);
+}
+
+TEST_F(Suivi, OnlyOneThatIsStartedAgainFindsThatInItsEnvironment) {
+  ::setenv(kVariableRelance.data(), "1", 1);  // of whoever has started this program, and not its companions' affair
+  for (const bool relance : {false, true}) {
+    const QString trace = Temporaire.filePath("relance");
+    QFile::remove(trace);
+    const auto programme = Lance("echo \"<$VAKTOR_RELANCE>\" > r.x; mv r.x relance\n", {}, relance);
+    ASSERT_TRUE(programme);
+    ASSERT_TRUE(AttendQue([&trace] { return QFile::exists(trace); }));
+    QFile lu(trace);
+    ASSERT_TRUE(lu.open(QIODevice::ReadOnly));
+    EXPECT_EQ(lu.readAll().trimmed(), relance ? "<1>" : "<>");
+  }
+  ::unsetenv(kVariableRelance.data());
+}
+
+TEST_F(Suivi, AMissingProgramIsNotStarted) {
+  EcritScript("pid", "");
+  EXPECT_FALSE(Processus.LanceSuivi({.Chemin = Temporaire.filePath("absent")}, [this] { ++Fins; }));
 }
 
 TEST_F(Systeme, RunsWithPrivateFoldersDoNotSeeEachOther) {

@@ -1,0 +1,54 @@
+// Whether the inboxes in the store are still those of this program. Another copy that the same user starts writes its
+// own there: new companions then register with it, and this one has lost its way to them.
+#pragma once
+
+#include <QList>
+#include <functional>
+#include <optional>
+
+#include "companions/ports/message_channel.h"
+#include "companions/ports/published_inboxes.h"
+#include "health/ports/health_report.h"
+
+namespace vaktor {
+
+struct PortsGarde {
+  LecteurBoites& Lecteur;
+  CanalMessages& Canal;
+  RapportSante& Sante;
+  std::function<PoigneesPubliees()> Siennes;  ///< the handles of this program's own inboxes
+  std::function<void()> Publie;               ///< writes these into the store again; throws Echec
+};
+
+/// Reports kBoitesPerdues. Nothing is done against a copy that runs; handles that nobody answers to (a copy that has
+/// ended, a file that somebody has deleted or put back) are replaced by our own. Owner: app/. User-interface thread.
+class GardeBoites {
+ public:
+  explicit GardeBoites(const PortsGarde& ports) : Ports_(ports) {}
+  ~GardeBoites() { Ports_.Lecteur.Oublie(); }
+  GardeBoites(const GardeBoites&) = delete;
+  GardeBoites& operator=(const GardeBoites&) = delete;
+
+  /// Looks at the store, after this call and not before, and calls `suite` from the event loop: whether a companion
+  /// that is started now would find this program. While the disk of the store does not answer it is not called, and
+  /// nothing more is asked.
+  void Regarde(std::function<void(bool siennes)> suite);
+  bool EstEnCours() const { return EnCours_; }  ///< a look is under way
+  /// The program ends: nothing is written and nobody is told any more.
+  void Arrete();
+
+ private:
+  void Recoit(const std::optional<PoigneesPubliees>& lues);
+  bool Juge(const PoigneesPubliees& lues);
+  bool Republie();
+
+  void Commence();
+
+  PortsGarde Ports_;
+  QList<std::function<void(bool)>> Suites_;     // of those who wait for the look that is under way
+  QList<std::function<void(bool)>> Suivantes_;  // of those who have come since: it may have been too early for them
+  bool EnCours_ = false;
+  bool Siennes_ = true;  // as the last look told that told anything
+};
+
+}  // namespace vaktor

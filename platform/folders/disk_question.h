@@ -1,0 +1,62 @@
+// One question at a time to a disk that may not answer, and the answer in the event loop of who asked.
+#pragma once
+
+#include <exception>
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "platform/folders/bounded_work.h"
+#include "platform/folders/event_loop_relay.h"
+
+namespace vaktor {
+
+/// Used and destroyed on the thread whose event loop it is. A thread that waits for a dead disk ends with the disk or
+/// with the process; more than TravauxBornes::kAuPlus of them are not started.
+template <typename Reponse>
+class QuestionDisque {
+ public:
+  QuestionDisque() = default;
+  ~QuestionDisque() { Relais_->Coupe(); }
+  QuestionDisque(const QuestionDisque&) = delete;
+  QuestionDisque& operator=(const QuestionDisque&) = delete;
+
+  /// Runs `travail`, which must own everything it uses, on a thread, and gives what it returns to `rend` in the event
+  /// loop; `sinon` where it throws or no thread is to be had. What was asked before is forgotten.
+  void Pose(std::function<Reponse()> travail, const Reponse& sinon, std::function<void(const Reponse&)> rend) {
+    Oublie();
+    const std::shared_ptr<Demande> demande = Demande_ = std::make_shared<Demande>(Demande{std::move(rend)});
+    const auto finit = [this, demande, relais = Relais_](Reponse reponse) {
+      // Run only while the relay, and so this object, is there.
+      relais->Poste([this, demande, reponse = std::move(reponse)] { Livre(demande, reponse); });
+    };
+    const bool parti = Travaux_.Lance([finit, travail = std::move(travail), sinon] { finit(Essaie(travail, sinon)); });
+    if (!parti) finit(sinon);
+  }
+  /// Nothing comes any more of what was asked.
+  void Oublie() { Demande_.reset(); }
+
+ private:
+  struct Demande {
+    std::function<void(const Reponse&)> Rend;
+  };
+
+  static Reponse Essaie(const std::function<Reponse()>& travail, const Reponse& sinon) {
+    try {
+      return travail();
+    } catch (const std::exception&) {
+      return sinon;
+    }
+  }
+  void Livre(const std::shared_ptr<Demande>& demande, const Reponse& reponse) {
+    if (demande != Demande_) return;
+    Demande_.reset();
+    demande->Rend(reponse);
+  }
+
+  TravauxBornes Travaux_;
+  std::shared_ptr<RelaisBoucle> Relais_ = std::make_shared<RelaisBoucle>();
+  std::shared_ptr<Demande> Demande_;
+};
+
+}  // namespace vaktor

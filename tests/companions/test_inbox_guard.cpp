@@ -1,0 +1,107 @@
+// Whose inboxes stand in the store.
+#include <gtest/gtest.h>
+
+#include "base/failure.h"
+#include "companions/companion_fakes.h"
+#include "fakes/fake_health_report.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Garde : testing::Test {
+  QStringList Journal;
+  CanalFaux Canal{Journal};
+  faux::SanteFausse Sante;
+  LecteurBoitesFaux Lecteur;
+  bool Plein = false;
+  GardeBoites Regles{PortsGarde{Lecteur, Canal, Sante,
+                                [] {
+                                  return PoigneesPubliees{1001, 1002, 1003};
+                                },
+                                [this] {
+                                  Journal << QStringLiteral("republie");
+                                  if (Plein) throw Echec(kAccesFichier, QStringLiteral("disk full"));
+                                }}};
+  QString Regarde() {
+    QString dit = QStringLiteral("nothing");
+    Regles.Regarde([&dit](bool siennes) { dit = siennes ? QStringLiteral("ours") : QStringLiteral("lost"); });
+    return dit;
+  }
+};
+
+TEST_F(Garde, OursAreOurs) {
+  EXPECT_EQ(Regarde(), "ours");
+  EXPECT_TRUE(Sante.Debuts.isEmpty());
+  EXPECT_TRUE(Journal.isEmpty());
+}
+
+TEST_F(Garde, AnotherProgramThatAnswersHasTakenThem) {
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+  Canal.Presents = {1001, 1002, 1003, 5001, 5002, 5003};
+  EXPECT_EQ(Regarde(), "lost");
+  EXPECT_TRUE(Sante.Dure(Condition::kBoitesPerdues));
+  EXPECT_TRUE(Journal.isEmpty()) << "nothing is written against it";
+}
+
+TEST_F(Garde, OneThatIsTakenIsEnough) {
+  Lecteur.Lues = PoigneesPubliees{1001, 5002, 1003};
+  Canal.Presents = {1001, 1003, 5002};
+  EXPECT_EQ(Regarde(), "lost");
+}
+
+// A file that was deleted or put back, and a copy that has ended: its handles stay in the store.
+TEST_F(Garde, HandlesThatNobodyAnswersToAreReplaced) {
+  for (const PoigneesPubliees& lues : {PoigneesPubliees{}, PoigneesPubliees{5001, 5002, 5003}}) {
+    Journal.clear();
+    Lecteur.Lues = lues;
+    EXPECT_EQ(Regarde(), "ours");
+    EXPECT_EQ(Journal, QStringList("republie"));
+    EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues));
+  }
+}
+
+TEST_F(Garde, AStoreThatCannotBeWrittenLeavesThemLost) {
+  Lecteur.Lues = PoigneesPubliees{};
+  Plein = true;
+  EXPECT_EQ(Regarde(), "lost");
+  EXPECT_EQ(Sante.Details.value(Condition::kBoitesPerdues), "disk full");
+  Plein = false;
+  EXPECT_EQ(Regarde(), "ours");
+  EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues));
+}
+
+TEST_F(Garde, AStoreThatCannotBeReadTellsNothingNew) {
+  Lecteur.Lues.reset();
+  EXPECT_EQ(Regarde(), "ours");
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+  Canal.Presents = {5001};
+  EXPECT_EQ(Regarde(), "lost");
+  Lecteur.Lues.reset();
+  EXPECT_EQ(Regarde(), "lost");
+}
+
+TEST_F(Garde, WhoeverAsksDuringALookGetsALaterOne) {
+  Lecteur.Muet = true;
+  QStringList dits;
+  Regles.Regarde([&](bool) { dits << QStringLiteral("first"); });
+  Regles.Regarde([&](bool) { dits << QStringLiteral("second"); });
+  EXPECT_EQ(Lecteur.Lectures, 1);
+  Lecteur.Repond();
+  EXPECT_EQ(dits, QStringList("first"));
+  EXPECT_EQ(Lecteur.Lectures, 2);
+  Lecteur.Repond();
+  EXPECT_EQ(dits, QStringList({"first", "second"}));
+  EXPECT_FALSE(Regles.EstEnCours());
+}
+
+TEST_F(Garde, AfterTheEndNobodyIsToldAndNothingWritten) {
+  Lecteur.Muet = true;
+  Lecteur.Lues = PoigneesPubliees{};
+  EXPECT_EQ(Regarde(), "nothing");
+  Regles.Arrete();
+  Lecteur.Repond();
+  EXPECT_TRUE(Journal.isEmpty());
+}
+
+}  // namespace
+}  // namespace vaktor::essai
