@@ -84,6 +84,9 @@ class Execution {
   }
 
   int Execute(Compagnon qui, const std::function<std::unique_ptr<Module>(const ContexteModule&)>& cree) {
+    // Before the window is opened, which a plain end would leave behind; what comes meanwhile is heard in the event
+    // loop.
+    const SignauxFin signaux([this] { Termine(QStringLiteral("signal")); });
     LienPrincipal lien(PortsLien{qui, DossierCanal(), Minuteries_, [this] { return LitPoignee(); },
                                  [this](const QString& mot) { Commande(mot); },
                                  [this](Inscription comment) {
@@ -96,8 +99,6 @@ class Execution {
     Etat_.Demarre(lien.Poignee(), QDateTime::currentMSecsSinceEpoch());
     Module_ = cree(ContexteModule{Dossiers_, Journal_, Etat_, Minuteries_, Temps_,
                                   [&lien](const QString& mot) { lien.Dis(mot); }, [] { QCoreApplication::quit(); }});
-    // Only from here on is there something to end tidily; before, a signal simply ends the process.
-    const SignauxFin signaux([this] { Termine(QStringLiteral("signal")); });
     DonneReglages();
     lien.Demarre();
     const int statut = ApplicationModule::exec();

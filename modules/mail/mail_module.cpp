@@ -48,7 +48,7 @@ void ModuleMail::PrendReglages(const ReglagesModule& reglages) {
   PrendVeille();
 }
 
-void ModuleMail::Enregistre(bool /*tot*/) { PrendVeille(); }
+void ModuleMail::Enregistre(Inscription /*comment*/) { PrendVeille(); }
 
 void ModuleMail::ExecuteCommande(const QString& mot) {
   if (mot == QLatin1String("Veill")) PrendVeille();

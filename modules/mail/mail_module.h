@@ -40,7 +40,7 @@ class ModuleMail : public Module {
   ModuleMail(const ContexteModule& contexte, const PortsMail& ports);
 
   void PrendReglages(const ReglagesModule& reglages) override;
-  void Enregistre(bool tot) override;
+  void Enregistre(Inscription comment) override;
   void ExecuteCommande(const QString& mot) override;
   void Termine() override;
 

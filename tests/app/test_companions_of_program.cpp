@@ -1,97 +1,9 @@
-// The real main program with its real companions: they come up and register, they go with it, nothing stays behind.
-#include <gtest/gtest.h>
-#include <signal.h>
-#include <unistd.h>
+// The real main program with its real companions: they come up and register, come back when they are killed, and go
+// with it; nothing stays behind.
+#include "app/whole_program.h"
 
-#include <QDir>
-#include <QElapsedTimer>
-#include <QFile>
-#include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
-
-namespace vaktor {
+namespace vaktor::essai {
 namespace {
-
-const QStringList kNoms = {QStringLiteral("VAKTORftp"), QStringLiteral("VAKTORmail"), QStringLiteral("VAKTORsound")};
-
-class ProgrammeEntier : public testing::Test {
- protected:
-  ProgrammeEntier() {
-    Milieu.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
-    QDir(Dossier.path()).mkdir(QStringLiteral("run"));
-    QFile::setPermissions(Dossier.filePath(QStringLiteral("run")),
-                          QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    Milieu.insert(QStringLiteral("XDG_RUNTIME_DIR"), Dossier.filePath(QStringLiteral("run")));
-    Prive = Dossier.filePath(QStringLiteral("prive"));
-    Processus.setProcessChannelMode(QProcess::MergedChannels);
-  }
-
- public:
-  ~ProgrammeEntier() override {
-    Processus.kill();
-    Processus.waitForFinished();
-    for (const qint64 pid : Compagnons()) ::kill(static_cast<pid_t>(pid), SIGKILL);
-  }
-
- protected:
-  void Lance(const QString& executable = QStringLiteral(VAKTOR_EXECUTABLE)) {
-    Processus.setProcessEnvironment(Milieu);
-    Processus.start(executable, {QStringLiteral("/camera:test"), QStringLiteral("/dossier:") + Prive});
-    ASSERT_TRUE(Processus.waitForStarted());
-  }
-  template <typename Condition>
-  bool Attend(Condition condition) {
-    QElapsedTimer temps;
-    temps.start();
-    while (!condition()) {
-      if (temps.elapsed() > 40000) return false;
-      Processus.waitForFinished(20);
-    }
-    return true;
-  }
-  /// The processes of the companions' names that were started with the private folder of this test.
-  QList<qint64> Compagnons(const QString& nom = QStringLiteral("VAKTOR")) const {
-    QList<qint64> trouves;
-    for (const QString& pid : QDir(QStringLiteral("/proc")).entryList(QDir::Dirs)) {
-      QFile milieu(QStringLiteral("/proc/%1/environ").arg(pid));
-      if (pid.toLongLong() == 0 || !milieu.open(QIODevice::ReadOnly)) continue;
-      const QByteArray variables = '\0' + milieu.readAll();
-      const QString executable = QFileInfo(QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(pid))).fileName();
-      if (executable.startsWith(nom) &&
-          variables.contains('\0' + QByteArray("VAKTOR_DOSSIER=") + Prive.toUtf8() + '\0'))
-        trouves.append(pid.toLongLong());
-    }
-    return trouves;
-  }
-  bool Enregistres() const {
-    for (const QString& nom : kNoms) {
-      QFile journal(Prive + QStringLiteral("/etat/%1.log").arg(nom));
-      if (!journal.open(QIODevice::ReadOnly) || !journal.readAll().contains("registered")) return false;
-    }
-    return true;
-  }
-  bool UnDeChaque() const {
-    for (const QString& nom : kNoms)
-      if (Compagnons(nom).size() != 1) return false;
-    return true;
-  }
-  void ExigeFin() {
-    ASSERT_TRUE(Processus.waitForFinished(30000));
-    EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);
-    EXPECT_EQ(Processus.exitCode(), 0);
-    EXPECT_TRUE(Attend([this] { return Compagnons().isEmpty(); })) << Compagnons().size() << " stayed behind";
-    EXPECT_TRUE(QDir(Milieu.value(QStringLiteral("XDG_RUNTIME_DIR")) + QStringLiteral("/vaktor"))
-                    .entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
-                    .isEmpty())
-        << "a box was left in the channel's folder";
-  }
-
-  QTemporaryDir Dossier;
-  QString Prive;
-  QProcessEnvironment Milieu = QProcessEnvironment::systemEnvironment();
-  QProcess Processus;
-};
 
 TEST_F(ProgrammeEntier, ItsCompanionsRegisterAndEndWithItOnTerm) {
   Lance();
@@ -136,5 +48,56 @@ TEST_F(ProgrammeEntier, AMissingCompanionIsToldOnceAndTheStartHasAStatus) {
   EXPECT_EQ(Processus.exitCode(), 1);
 }
 
+TEST_F(ProgrammeEntier, EachCompanionThatIsKilledComesBackAndRegisters) {
+  Lance();
+  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  for (const QString& nom : kNoms) {
+    const qint64 avant = Compagnons(nom).value(0);
+    ASSERT_EQ(::kill(static_cast<pid_t>(avant), SIGKILL), 0);
+    EXPECT_TRUE(Attend([&] { return Compte(nom, "registered again") == 1; })) << nom.toStdString();
+    EXPECT_EQ(Compagnons(nom).size(), 1);
+    EXPECT_NE(Compagnons(nom).value(0), avant);
+  }
+  // A second time, five seconds later then.
+  ASSERT_EQ(::kill(static_cast<pid_t>(Compagnons(kNoms.at(1)).value(0)), SIGKILL), 0);
+  EXPECT_TRUE(Attend([this] { return Compte(kNoms.at(1), "registered again") == 2; }));
+  EXPECT_TRUE(UnDeChaque());
+  Processus.terminate();
+  ExigeFin();
+}
+
+TEST_F(ProgrammeEntier, ACompanionThatWasStartedAMomentAgoGoesWithItToo) {
+  Lance();
+  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  ASSERT_EQ(::kill(static_cast<pid_t>(Compagnons(kNoms.at(1)).value(0)), SIGKILL), 0);
+  // The next one has been started, and nobody knows yet how to send it "Quit*".
+  ASSERT_TRUE(Attend([this] { return Compte(kNoms.at(1), "start, version") == 2; }));
+  Processus.terminate();
+  ExigeFin();
+}
+
+TEST_F(ProgrammeEntier, TwoCopiesDoNotFightAndTheFirstTakesOverAgain) {
+  Lance();
+  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  QProcess second;
+  LanceAutre(second);
+  // The second copy ends the companions of the first and starts its own.
+  for (const QString& nom : kNoms) {
+    ASSERT_TRUE(Attend([&] { return Compte(nom, "start, version") == 2; }));
+    ASSERT_TRUE(Attend([&] { return Compagnons(nom).size() == 1; }));
+  }
+  const QList<qint64> siens = Compagnons();
+  Processus.waitForFinished(8000);  // in which the first copy would have started others twice
+  EXPECT_EQ(Compagnons(), siens);
+  EXPECT_EQ(Compte(kNoms.at(1), "start, version"), 2);
+  second.terminate();
+  ASSERT_TRUE(second.waitForFinished(30000));
+  const auto revenu = [this](const QString& nom) { return Compte(nom, "registered again") == 1; };
+  EXPECT_TRUE(Attend([&] { return UnDeChaque() && std::all_of(kNoms.begin(), kNoms.end(), revenu); }))
+      << "nobody holds the inboxes in the store any more, and they are the first copy's again";
+  Processus.terminate();
+  ExigeFin();
+}
+
 }  // namespace
-}  // namespace vaktor
+}  // namespace vaktor::essai

@@ -171,6 +171,42 @@ TEST_F(Ordre, StartArgumentsCarryOutLiveFirstThenAlarm) {
   EXPECT_EQ(vus.last(), QStringLiteral("timer TimerAutoStar: off"));
 }
 
+// The switches of /surve and /alarm would be thrown back, and nobody there has pressed anything.
+TEST_F(Ordre, TheReadyWordOfACompanionThatWasStartedAgainCarriesOutNothing) {
+  Demarre(QStringLiteral("/alarm"));
+  Systeme.Temps.Avance(2000);
+  const auto dit = [this](const char* mot) { Systeme.Recoit(1001, QLatin1String(mot)); };
+  dit("HWND:71");
+  Systeme.Notes.Vide();
+  dit("*OKO*");
+  EXPECT_TRUE(Systeme.DepuisVide().contains(QStringLiteral("timer TimerAutoStar: on"))) << "of the one of the launch";
+  Systeme.Temps.Avance(2000);
+  Systeme.Programmes.Finit(QStringLiteral("/opt/v/VAKTORftp"));
+  Systeme.Temps.Avance(1000);
+  EXPECT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("processes: start /opt/v/VAKTORftp")));
+  dit("HWND:72");
+  Systeme.Notes.Vide();
+  dit("*OKO*");
+  EXPECT_FALSE(Systeme.DepuisVide().contains(QStringLiteral("timer TimerAutoStar: on")));
+}
+
+TEST_F(Ordre, ALivePageThatRanGoesOnWithTheNextCompanion) {
+  for (const char* cle : {"ftp", "user", "pass", "html"})
+    Systeme.Valeurs.insert(QStringLiteral("FTP/") + QLatin1String(cle), QStringLiteral("098100102"));
+  Demarre(QStringLiteral("/surve"));
+  Systeme.Recoit(1001, QStringLiteral("HWND:71"));
+  Systeme.Temps.Avance(1000);
+  ASSERT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("channel: post 65 to 71")));
+  Systeme.Recoit(1001, QStringLiteral("ConOK"));
+  Systeme.Programmes.Finit(QStringLiteral("/opt/v/VAKTORftp"));
+  auto* statut = Fenetre("Form1")->findChild<QLabel*>(QStringLiteral("LblDebugftp"));
+  EXPECT_EQ(statut->text(), QStringLiteral("En cour de connection"));
+  Systeme.Temps.Avance(1000);
+  Systeme.Notes.Vide();
+  Systeme.Recoit(1001, QStringLiteral("HWND:72"));
+  EXPECT_TRUE(Systeme.DepuisVide().contains(QStringLiteral("channel: post 65 to 72")));
+}
+
 // The driver lets the window live while it waits for a camera that says nothing, and the window is closed.
 TEST_F(Ordre, ClosingWhileTheCameraIsBeingConnectedIsAWholeStopWithoutAMessage) {
   faux::PiloteFaux& pilote = *Systeme.Pilote;

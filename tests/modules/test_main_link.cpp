@@ -34,7 +34,7 @@ struct Lien : testing::Test {
     Hwndvk = boite->Poignee();
     return boite;
   }
-  QString Inscription() const { return "HWND:" + QString::number(Lien_.Poignee()); }
+  QString TexteHwnd() const { return "HWND:" + QString::number(Lien_.Poignee()); }
 };
 
 TEST_F(Lien, RegistersAtItsStart) {
@@ -42,7 +42,7 @@ TEST_F(Lien, RegistersAtItsStart) {
   EXPECT_TRUE(Lien_.EstEnregistre());
   EXPECT_EQ(Enregistrements, 1);
   ASSERT_TRUE(AttendQue([this] { return !Recus.isEmpty(); }));
-  EXPECT_EQ(Recus, QStringList(Inscription()));
+  EXPECT_EQ(Recus, QStringList(TexteHwnd()));
 }
 
 TEST_F(Lien, ARegistrationIsEarlyUntilTheStartArgumentsAreDue) {
@@ -118,7 +118,7 @@ TEST_F(Lien, WhatIsNoCodeOfThisCompanionIsIgnored) {
 
 TEST_F(Lien, WordsGoUpInOrderAndNoneIsLost) {
   Lien_.Demarre();
-  QStringList attendus(Inscription());
+  QStringList attendus(TexteHwnd());
   for (int i = 0; i < 100; ++i) {
     attendus << QStringLiteral("Uploa %1").arg(i);
     Lien_.Dis(attendus.last());
@@ -136,7 +136,7 @@ TEST_F(Lien, RegistersAgainWhenTheMainProgramComesBack) {
   Temps.Avance(LienPrincipal::kVerification);
   EXPECT_EQ(Enregistrements, 2);
   ASSERT_TRUE(AttendQue([this] { return !Recus.isEmpty(); }));
-  EXPECT_EQ(Recus, QStringList(Inscription()));
+  EXPECT_EQ(Recus, QStringList(TexteHwnd()));
   Temps.Avance(100000);
   EXPECT_EQ(Pertes, 0) << "the time without a main program starts anew";
 }

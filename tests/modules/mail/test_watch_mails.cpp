@@ -50,7 +50,7 @@ TEST_F(Veille, ItIsInTheUsersLanguage) {
 TEST_F(Veille, WhatLiesThereAtTheStartIsTakenWithTheFirstSettings) {
   Pose();
   CreeModule();
-  Module->Enregistre(true);
+  Module->Enregistre(Inscription::kTot);
   EXPECT_EQ(Nombre(), 0) << "nobody has said so far to whom";
   Module->PrendReglages(Reglages);
   EXPECT_EQ(Nombre(), 1);
@@ -58,7 +58,7 @@ TEST_F(Veille, WhatLiesThereAtTheStartIsTakenWithTheFirstSettings) {
 
 TEST_F(Veille, WhatLiesThereWhenAMainProgramComesIsTaken) {
   Pose();
-  Module->Enregistre(false);
+  Module->Enregistre(Inscription::kTard);
   EXPECT_EQ(Nombre(), 1);
 }
 
