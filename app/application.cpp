@@ -54,9 +54,9 @@ void Vaktor::CreeMoteur() {
   Moteur_ =
       std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Minuteries_, Systeme_.Temps,
                                                        Systeme_.Pompe, Systeme_.Sons, *Actions_, *Live_, Vue_, Sante_});
-  Photos_ = std::make_unique<EnregistreurPhotos>(PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(),
-                                                             Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
-                                                             [this] { return Copies_->Demande(); }, Sante_});
+  Photos_ = std::make_unique<EnregistreurPhotos>(
+      PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(), Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
+                  [this] { return Copies_->SontVoulues(); }, Sante_, [this] { return Copies_->Demande(); }});
   VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{
       Reglages_, *Photos_, Minuteries_, Systeme_.Sonde, Sante_, [this] { return Moteur_->Alarme().AlarmeArmee; }});
   Actions_->Relie(*Photos_);
@@ -101,8 +101,8 @@ void Vaktor::CreeVeille() {
   Boites_ = std::make_unique<GardeBoites>(PortsGarde{Systeme_.BoitesPubliees, *Canal_, Sante_,
                                                      [this] { return FormWinsock_->Poignees(); },
                                                      [this] { FormWinsock_->Republie(); }});
-  Veille_ = std::make_unique<VeilleCompagnons>(PortsVeille{Systeme_.Programmes, *Canal_, Liaison_, Minuteries_,
-                                                           Sante_, Systeme_.Dossiers, Reglages_, *Boites_,
+  Veille_ = std::make_unique<VeilleCompagnons>(PortsVeille{Systeme_.Programmes, *Canal_, Liaison_, Minuteries_, Sante_,
+                                                           Systeme_.Dossiers, Reglages_, *Boites_,
                                                            [this](Compagnon compagnon) {
                                                              if (compagnon == Compagnon::kFtp) Live_->PerdCompagnon();
                                                            },

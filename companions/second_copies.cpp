@@ -5,8 +5,6 @@
 namespace vaktor {
 
 bool SecondesCopies::Demande() {
-  // A page that was on when its companion went is taken up again by the next one, which finds the photos there.
-  if (!Ports_.Etat.LiveActif && !Ports_.Etat.PageInterrompue) return false;
   if (Ports_.CompagnonPrend()) {
     // It keeps to the bounds by itself. What was measured is of another time when it is away again.
     Mesuree_.reset();

@@ -32,7 +32,10 @@ class SecondesCopies {
   SecondesCopies(const SecondesCopies&) = delete;
   SecondesCopies& operator=(const SecondesCopies&) = delete;
 
-  /// Asked once before each photo; true when its second copy is to be written, which then counts as one that is there.
+  /// The live page is on, or was on when its companion went: the next one takes it up again and finds the photos.
+  bool SontVoulues() const { return Ports_.Etat.LiveActif || Ports_.Etat.PageInterrompue; }
+  /// Asked once before each second copy that is wanted; true when there is room for it, and then it counts as one that
+  /// is there.
   bool Demande();
 
  private:

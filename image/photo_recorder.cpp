@@ -40,7 +40,8 @@ void EnregistreurPhotos::EnregistrePhoto() {
   RevoitConditions(true);
   if (VeutPhoto()) EcritCopie(PannePhoto_, reglages.RepertoirePhoto, nom, kQualitePhoto);
   // Not reached when the first copy has just failed. Depends neither on the limit nor on PhotoActif.
-  if (Ports_.LiveActif()) EcritCopie(PanneLive_, DossierLive(), nom, reglages.QualiteJpeg);
+  if (Ports_.LiveActif() && (!Ports_.CopieBienvenue || Ports_.CopieBienvenue()))
+    EcritCopie(PanneLive_, DossierLive(), nom, reglages.QualiteJpeg);
 }
 
 // Strictly below: a run saves one photo less than its limit, and with a limit of 1 none.

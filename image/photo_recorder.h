@@ -25,6 +25,8 @@ struct PortsPhotos {
   const Fichiers& Disque;
   std::function<bool()> LiveActif;  ///< read from its owner at each call
   RapportSante& Sante;
+  /// Asked before each copy for the companions, which counts as written when the answer is yes; empty: always yes.
+  std::function<bool()> CopieBienvenue = {};
 };
 
 /// Owner: app/. User-interface thread.
