@@ -58,7 +58,10 @@ class PhotoFailures : public testing::Test {
   FauxFichiers Disque;
   bool Live = false;
   faux::SanteFausse Sante;
-  EnregistreurPhotos Recorder{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [this] { return Live; }, Sante}};
+  EnregistreurPhotos Recorder{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [this] { return Live; }, Sante,
+                               [this] { return ++Demandes, Bienvenue; }}};
+  bool Bienvenue = true;
+  int Demandes = 0;
 };
 
 TEST_F(PhotoFailures, BothCopiesAreNewFiles) {
@@ -66,6 +69,18 @@ TEST_F(PhotoFailures, BothCopiesAreNewFiles) {
   ASSERT_TRUE(Entendue());
   ASSERT_EQ(Ecrivain.Appels.size(), 2);
   for (const auto& appel : Ecrivain.Appels) EXPECT_TRUE(appel.Nouveau) << qPrintable(appel.Fichier);
+}
+
+// Nobody takes them out of there at the moment, and enough wait.
+TEST_F(PhotoFailures, ASecondCopyIsWrittenOnlyWhereItIsWelcome) {
+  EXPECT_TRUE(Entendue());
+  EXPECT_EQ(Demandes, 0) << "none is wanted while the live page is off";
+  Live = true;
+  Bienvenue = false;
+  EXPECT_TRUE(Entendue());
+  EXPECT_EQ(Demandes, 1) << "once for each: it counts as written";
+  EXPECT_EQ(Essais(kCopies), 0);
+  EXPECT_EQ(Essais(kPhotos), 2) << "the user's own copy is another matter";
 }
 
 TEST_F(PhotoFailures, ForASecondEveryFrameTriesAndEndsThere) {
