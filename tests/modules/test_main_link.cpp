@@ -109,7 +109,7 @@ TEST_F(Lien, CodesBecomeTheWordsOfThisCompanion) {
 
 TEST_F(Lien, WhatIsNoCodeOfThisCompanionIsIgnored) {
   Lien_.Demarre();
-  for (const char* faux : {"", "68", "70", "-1", "Quit*", "66x", "99999999999999999999"})
+  for (const char* faux : {"", "0", "69", "70", "-1", "Quit*", "66x", "99999999999999999999"})
     Emetteur.Poste(Lien_.Poignee(), faux);
   Emetteur.Poste(Lien_.Poignee(), "66");
   ASSERT_TRUE(AttendQue([this] { return !Mots.isEmpty(); }));
