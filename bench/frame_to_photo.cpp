@@ -47,6 +47,9 @@ class PiloteChronometre : public PiloteCapture {
   PiloteChronometre(PiloteCapture& vrai, Mesures& mesures) : Vrai_(vrai), Mesures_(mesures) {}
   bool Connecte() override { return Vrai_.Connecte(); }
   void Deconnecte() override { Vrai_.Deconnecte(); }
+  bool ImagePrete() const override { return Vrai_.ImagePrete(); }
+  void AttendImage(std::function<void()> reveil) override { Vrai_.AttendImage(std::move(reveil)); }
+  bool EstReprise() const override { return Vrai_.EstReprise(); }
   bool SaisitImage() override {
     if (!Vrai_.SaisitImage()) return false;
     Mesures_.Saisie = Chrono::now();

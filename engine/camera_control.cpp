@@ -49,6 +49,7 @@ bool CommandeCamera::Demarre() {
   if (Ports_.Reglages.SeuilAuto) Ports_.Reglages.SeuilDetection = kSeuilDetectionMax;
   Jauge_.DessineSeuil(Ports_.Reglages.SeuilDetection);
   Etat_.Detection.PasSeuil = JaugeSensibilite::kPasGrossier;
+  Etat_.Camera.NonComparees = 0;
   Etat_.Camera.CameraActive = true;
   Minuteries_.Timer2->ChangeIntervalle(kAttenteSeuilMs);
   Minuteries_.Timer1->Active();
@@ -78,7 +79,10 @@ void CommandeCamera::Arrete() {
   Minuteries_.TimerSeuil->Desactive();
   Ports_.Pilote.Deconnecte();
   Etat_.Surface.Retire();
-  Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun);  // no tick comes any more to take the notice away
+  // No tick comes any more to take these away.
+  Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun);
+  Ports_.Sante.Leve(Condition::kSignalPerdu);
+  Ports_.Sante.Leve(Condition::kDetectionArretee);
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
   Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
   Ports_.Live.OublieLive();

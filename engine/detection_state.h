@@ -28,6 +28,7 @@ struct BoiteMouvement {
 
 struct EtatDetection {
   qint32 NbrPoints = 0;     ///< changed samples of the last analysed frame
+  quint32 Comparees = 0;    ///< frames compared so far; begins anew after 2^32
   ZoneDetection Zone;       ///< ZoneGauche, ZoneDroite, ZoneHaut, ZoneBas
   BoiteMouvement Mouv;      ///< MouvMinX, MouvMaxX, MouvMinY, MouvMaxY
   qint32 PasSeuil = 10000;  ///< size of one downward step of the automatic tolerance
@@ -35,10 +36,10 @@ struct EtatDetection {
 };
 
 struct EtatCamera {
-  bool CameraActive = false;      ///< the driver is connected; written by BasculeCamera alone
-  bool MoniteurCache = false;     ///< the user closed FormMonitor, which only hid it
-  bool ImageRepetee = false;      ///< the last tick had no new frame and compared the earlier one with itself
-  bool DialogueOuvert = false;    ///< one of the driver's dialogs is open: no timer of the engine ticks
+  bool CameraActive = false;    ///< the driver is connected; written by BasculeCamera alone
+  bool MoniteurCache = false;   ///< the user closed FormMonitor, which only hid it
+  qint32 NonComparees = 0;      ///< the last frames, without a gap, that came and were not compared; 0 from a start on
+  bool DialogueOuvert = false;  ///< one of the driver's dialogs is open: no timer of the engine ticks
   bool ConnexionEnCours = false;  ///< the driver is being connected: no timer ticks, and the switch does nothing
   bool Terminee = false;          ///< the program ends: the driver has been let go for good, no switch does anything
 };

@@ -19,6 +19,9 @@ bool DepasseApresBoucle(qint32 debut, qint32 fin) {
   return debut + pas * kPasEchantillon > std::numeric_limits<qint32>::max();
 }
 
+/// A camera that was just opened finds its exposure within a second.
+constexpr quint32 kReposRepriseMs = 1000;
+
 /// Of a zone that begins outside the picture too.
 qint32 ResteParTrois(qint32 bord) { return (bord % kPasEchantillon + kPasEchantillon) % kPasEchantillon; }
 
@@ -28,14 +31,20 @@ qint32 ResteParTrois(qint32 bord) { return (bord % kPasEchantillon + kPasEchanti
 
 AnalyseurMouvement::AnalyseurMouvement(const PortsSurveillance& ports, EtatSurveillance& etat,
                                        const Minuterie& compteARebours)
-    : Ports_(ports), Etat_(etat), Timer3_(compteARebours), Jeu_(ChoisitJeu()) {}
+    : Ports_(ports), Etat_(etat), Timer3_(compteARebours), Jeu_(ChoisitJeu()), Temps_(ports.Temps) {}
 
-void AnalyseurMouvement::AnalyseMouvement() {
+void AnalyseurMouvement::AnalyseMouvement(bool reprise) {
   Etat_.Detection.NbrPoints = 0;
   if (!Etat_.Detection.ModeZoom) EffaceVue();
+  Temps_.Ramene();
+  SuitReprise(reprise);
   VerifieLive();
-  CompareEchantillons();
-  ++Comparees_;
+  if (reprise) {
+    RangeEchantillons();
+  } else {
+    CompareEchantillons();
+    ++Etat_.Detection.Comparees;
+  }
   // After the scan, so that the comparison never sees the outline; the next frame wipes it.
   const ZoneDetection& zone = Etat_.Detection.Zone;
   Etat_.Surface.Dessine({zone.Gauche, zone.Haut, zone.Droite, zone.Bas});
@@ -53,11 +62,25 @@ void AnalyseurMouvement::EffaceVue() {
 void AnalyseurMouvement::VerifieLive() {
   // The interval is read before the switch is looked at: a text that is no number ends the analysis here even with the
   // live page off.
-  const qint32 ecoule = SoustraitVerifie(Ports_.Temps.CompteTics(), DernierLive_);
+  const qint32 ecoule = Temps_.DepuisLive();
   const double intervalle = double{Intervalle_.LitSecondes(Ports_.Reglages.IntervalleFtp)} * 1000.0;
   if (intervalle <= ecoule && Ports_.Live.LiveActif()) {
-    DernierLive_ = Ports_.Temps.CompteTics();
+    Temps_.NoteLive();
     Ports_.Live.PublieLive();
+  }
+}
+
+// The frame that finds the second over is itself compared with one from within it, whose exposure may have been
+// another: the one after it is the first that may act. With a camera of a frame a second that is what counts.
+void AnalyseurMouvement::SuitReprise(bool reprise) {
+  const auto maintenant = static_cast<quint32>(Ports_.Temps.CompteTics());
+  if (reprise) {
+    DebutReprise_ = maintenant;
+    EnReprise_ = true;
+    RepriseFinie_ = false;
+  } else if (EnReprise_) {
+    EnReprise_ = !RepriseFinie_;
+    RepriseFinie_ = maintenant - DebutReprise_ >= kReposRepriseMs;
   }
 }
 
@@ -97,6 +120,14 @@ void AnalyseurMouvement::CompareEchantillons() {
   if (depasseX || DepasseApresBoucle(zone.Haut, zone.Bas)) LanceDepassement();
 }
 
+// The same scan, for what it leaves in the table: no count, no box, no points in the small view.
+void AnalyseurMouvement::RangeEchantillons() {
+  const ResultatComparaison resultat = CompareTrame(Jeu_, TrameCourante(), Etat_.Detection.Zone, kSeuilDetectionMax,
+                                                    ImagePrecedente_.Table(), ImagePrecedente_.Rang());
+  ImagePrecedente_.Avance(resultat.Echantillons);
+  if (resultat.TablePleine) throw Echec(kIndiceHorsPlage, QStringLiteral("Subscript out of range"));
+}
+
 void AnalyseurMouvement::GrandisBoite(const ResultatComparaison& resultat) {
   if (resultat.NbrPoints == 0) return;
   // The box grows from what it holds: 0 on all sides in the first frame of the process, whose left and top edges thus
@@ -128,7 +159,7 @@ void AnalyseurMouvement::MontreIntrusion() {
 
 void AnalyseurMouvement::DeclencheActions() {
   const Parametres& reglages = Ports_.Reglages;
-  if (!Etat_.Alarme.AlarmeArmee || Etat_.Detection.NbrPoints <= kSeuilAlarme) {
+  if (!Etat_.Alarme.AlarmeArmee || EnReprise_ || Etat_.Detection.NbrPoints <= kSeuilAlarme) {
     // So the zoom of a frame that acted stays in view until a frame that does not.
     if (Etat_.Detection.ModeZoom) EffaceVue();
     return;
@@ -152,9 +183,9 @@ void AnalyseurMouvement::DeclencheActions() {
 
 void AnalyseurMouvement::MontreMesures() {
   // From the end of the last analysis to here: the whole cycle, not the time of the comparison.
-  const qint32 cycle = SoustraitVerifie(Ports_.Temps.CompteTics(), DernierTick_);
+  const qint32 cycle = Temps_.DepuisTick();
   Ports_.Affichage.MontreCompteurs(cycle, Etat_.Detection.NbrPoints);
-  DernierTick_ = Ports_.Temps.CompteTics();
+  Temps_.NoteTick();
   Ports_.Affichage.MontreBarre(std::min(kBarreMax, Etat_.Detection.NbrPoints));
 }
 

@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "engine/analysis_clock.h"
 #include "engine/frame_comparison.h"
 #include "engine/live_interval.h"
 #include "engine/pixel_view.h"
@@ -12,25 +13,25 @@
 
 namespace vaktor {
 
-/// Owner: the engine. Called by the tick once a frame, after the frame was put on the surface; runs to its end without
-/// letting events in. Allocates nothing once the size of the picture is known.
+/// Owner: the engine. Called by the tick once for each new frame, after the frame was put on the surface; runs to its
+/// end without letting events in. Allocates nothing once the size of the picture is known.
 class AnalyseurMouvement {
  public:
   AnalyseurMouvement(const PortsSurveillance& ports, EtatSurveillance& etat, const Minuterie& compteARebours);
 
-  /// One analysis. Throws Echec: kIndiceHorsPlage when the zone has more samples than ImagePrecedente holds,
+  /// One analysis. `reprise`: the frame is the first one after the driver has connected again by itself. What it shows
+  /// may be an hour away from the frame before, and the camera's exposure has yet to settle: its samples are stored and
+  /// not compared, and nothing acts until a frame is compared with one that came a second later or more. What is only
+  /// shown goes on. Throws Echec: kIndiceHorsPlage when the zone has more samples than ImagePrecedente holds,
   /// kDepassement when 32-bit arithmetic overflows, kTypeIncompatible when the live interval is no number, and what the
   /// photo and the live page throw; std::bad_alloc when there is no memory for the pixels of a frame. What was done up
   /// to there stays.
   ///
   /// The first two leave IndexImage where it was. Past the table's end each later analysis fails at its first sample,
   /// with the count at 0, nothing drawn and no alarm, until the program ends; a zone without any sample has no first
-  /// one and comes through. The millisecond counter turns negative after 24.8 days: from that day on each analysis
-  /// ends at the counters, with the alarm's actions done, and the table is used up within a few frames.
-  void AnalyseMouvement();
-
-  /// How many analyses have come so far that their frame was compared; it begins anew after 2^32.
-  quint32 Comparees() const { return Comparees_; }
+  /// one and comes through. A difference of the millisecond counter that overflows is such a failure too, at the
+  /// counters, with the alarm's actions done; it takes one analysis of 24.8 days (analysis_clock.h).
+  void AnalyseMouvement(bool reprise = false);
 
   const VueMouvement& Vue() const { return Vue_; }
   void EffaceVue();
@@ -39,6 +40,8 @@ class AnalyseurMouvement {
   void VerifieLive();
   TrameBrute TrameCourante();
   void CompareEchantillons();
+  void RangeEchantillons();
+  void SuitReprise(bool reprise);
   void GrandisBoite(const ResultatComparaison& resultat);
   void MontreIntrusion();
   void DeclencheActions();
@@ -52,9 +55,10 @@ class AnalyseurMouvement {
   VueMouvement Vue_;
   IntervalleLive Intervalle_;
   std::vector<uchar> LigneNoire_;  // one row of the picture that stands in for a missing one
-  quint32 Comparees_ = 0;
-  qint32 DernierTick_ = 0;  // clock at the end of the last analysis
-  qint32 DernierLive_ = 0;  // clock at the last live image
+  TempsAnalyse Temps_;
+  quint32 DebutReprise_ = 0;  // the counter at the first frame after a reconnection
+  bool EnReprise_ = false;    // that second is not over, or this frame is compared with one from within it
+  bool RepriseFinie_ = false;
 };
 
 }  // namespace vaktor

@@ -26,20 +26,36 @@ void JaugeSensibilite::DoubleClic() {
   TimerSeuil_.Active();
 }
 
-// A frame that was compared with itself tells nothing of the noise: the count of the last new one stands for as many
-// ticks as a slow camera leaves between two frames, then the tolerance rests. While the signal is lost it would fall
-// far below the noise, and the first frame after that raise the alarm.
-bool JaugeSensibilite::SuitPoints() {
-  if (Etat_.Camera.CameraActive && Etat_.Camera.ImageRepetee) return ++TicsRepetes_ <= kTicsRepetesMax;
-  Points_ = Etat_.Detection.NbrPoints;
-  TicsRepetes_ = 0;
-  return true;
+// With the camera off nothing new can come: the last count stands for good.
+bool JaugeSensibilite::PeutAgir() {
+  if (!Etat_.Camera.CameraActive) {
+    Points_ = Etat_.Detection.NbrPoints;
+    return true;
+  }
+  if (Etat_.Detection.Comparees != Comparees_) {
+    Comparees_ = Etat_.Detection.Comparees;
+    Points_ = Etat_.Detection.NbrPoints;
+    Pas_ = 0;
+  }
+  return Pas_ < PasPermis();
+}
+
+// One count, several ticks: each of them acts on it, but only so often. A step that no frame has looked at since is a
+// guess, and with a slow camera there is time for a hundred between two frames: they would end far below the noise, and
+// the next frame be all motion. In the coarse search as many as lower the tolerance by a twentieth are a guess that
+// cannot go wrong, wherever the noise lies: it ends four or five times as far out as it spreads, and some frames
+// between the first change and an alarm are looked at. In the tracking it is what a camera of 30 frames a second leaves
+// time for.
+qint32 JaugeSensibilite::PasPermis() const {
+  if (Etat_.Detection.PasSeuil == kPasFin) return kPasFinsParImage;
+  return std::max(Ports_.Reglages.SeuilDetection / (kPasGrossier * kPartParImage), 1);
 }
 
 void JaugeSensibilite::AjusteSeuil() {
   // Read at each tick: ticking the box takes effect on the next one, from the value and the step as they stand.
   if (!Ports_.Reglages.SeuilAuto) return;
-  if (!SuitPoints()) return;
+  if (!PeutAgir()) return;
+  ++Pas_;
   qint32& seuil = Ports_.Reglages.SeuilDetection;
   if (Points_ == 0) {
     seuil = SoustraitVerifie(seuil, Etat_.Detection.PasSeuil);

@@ -10,7 +10,8 @@ class JaugeSensibilite {
  public:
   static constexpr qint32 kPasGrossier = 10000;  ///< coarse search, from a start or a double click on
   static constexpr qint32 kPasFin = 1000;        ///< tracking, from the first frame with changes on
-  static constexpr qint32 kTicsRepetesMax = 12;  ///< ticks that still act on a frame while no newer one comes
+  static constexpr qint32 kPartParImage = 20;  ///< one part in so many of the tolerance is searched for each new frame
+  static constexpr qint32 kPasFinsParImage = 4;  ///< steps of the tracking for each new frame, at the most
 
   JaugeSensibilite(const PortsSurveillance& ports, EtatSurveillance& etat, Minuterie& timerSeuil);
 
@@ -20,18 +21,20 @@ class JaugeSensibilite {
   void SuitSouris(double x, bool boutonGaucheSeul);
   /// Starts the coarse search again from where the tolerance stands, also while the camera is off.
   void DoubleClic();
-  /// The tick of TimerSeuil. Acts on the count of the last finished analysis, several times on the same one; while no
-  /// new frame comes, on that of the last new one, kTicsRepetesMax times.
+  /// The tick of TimerSeuil. Acts on the count of the last frame that was compared, several times on the same one but
+  /// no more than so often; then the tolerance rests until the next.
   void AjusteSeuil();
 
  private:
-  bool SuitPoints();
+  bool PeutAgir();
+  qint32 PasPermis() const;
 
   const PortsSurveillance& Ports_;
   EtatSurveillance& Etat_;
   Minuterie& TimerSeuil_;
-  qint32 Points_ = 0;  // the count to go by
-  qint32 TicsRepetes_ = 0;
+  quint32 Comparees_ = 0;  // the frame that the ticks act on, by its number
+  qint32 Points_ = 0;      // its count
+  qint32 Pas_ = 0;         // steps that it has given
 };
 
 }  // namespace vaktor

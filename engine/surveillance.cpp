@@ -29,7 +29,7 @@ class ReglesSurveillance {
       : Ports(ports),
         Minuteries(CreeMinuteries()),
         Analyse(Ports, Etat, *Minuteries.Timer3),
-        Tic(Ports, Etat, Analyse),
+        Tic(Ports, Etat, Analyse, [this] { SuitReveil(); }),
         Jauge(Ports, Etat, *Minuteries.TimerSeuil),
         Camera(Ports, Etat, Minuteries, Jauge),
         Alarme(Ports, Etat, Minuteries, Camera),
@@ -55,7 +55,7 @@ class ReglesSurveillance {
     const auto cree = [&](const QString& nom, qint32 millisecondes, std::function<void()> tic) {
       // Dropped, not stopped: the state of a timer means something, Timer3's for one is the countdown.
       return fabrique.CreeMinuterie(nom, millisecondes, [this, tic = std::move(tic)] {
-        if (!Etat.Camera.DialogueOuvert && !Etat.Camera.ConnexionEnCours) tic();
+        if (!EstEnPause()) tic();
       });
     };
     m.Timer1 = cree(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });
@@ -64,6 +64,13 @@ class ReglesSurveillance {
     m.Timer3 = cree(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
     m.TimerAutoStar = cree(QStringLiteral("TimerAutoStar"), kSecondeMs, [this] { Alarme.DemarreAuto(); });
     return m;
+  }
+
+  bool EstEnPause() const { return Etat.Camera.DialogueOuvert || Etat.Camera.ConnexionEnCours; }
+
+  /// What keeps Timer1 from ticking keeps a frame from waking it: the first tick afterwards asks again.
+  void SuitReveil() {
+    if (!EstEnPause() && Minuteries.Timer1->EstActive()) Tic.TraiteReveil();
   }
 
   /// The tick of Timer2: the warm-up is over. It goes on every 15 s to no further effect, since TimerSeuil, once

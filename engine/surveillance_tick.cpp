@@ -1,7 +1,9 @@
 #include "engine/surveillance_tick.h"
 
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <exception>
+#include <utility>
 
 #include "base/numbers.h"
 #include "engine/detection_zone.h"
@@ -9,55 +11,95 @@
 namespace vaktor {
 namespace {
 
-/// A second of ticks. A frame or two may fail while the picture changes its size; that is no news. More of them do not
-/// pass by themselves: the table of samples is used up, the millisecond counter has come to its end after 24.8 days,
-/// the interval of the live page is no number. A photo that cannot be written is another matter: its frame was
-/// compared.
-constexpr qint32 kTicsTolerables = 33;
+/// A frame or two may fail while the picture changes its size; that is no news. More of them do not pass by themselves:
+/// the table of samples is used up, the interval of the live page is no number. A photo that cannot be written is
+/// another matter: its frame was compared. A second of frames at the full rate; with a slow camera fewer will do.
+constexpr qint32 kImagesTolerables = 33;
+constexpr qint32 kImagesPassageres = 2;
+constexpr quint32 kDureeTolerableMs = 2000;
 
 }  // namespace
 
-TicSurveillance::TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse)
-    : Ports_(ports), Etat_(etat), Analyse_(analyse) {}
+TicSurveillance::TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse,
+                                 std::function<void()> reveil)
+    : Ports_(ports), Etat_(etat), Analyse_(analyse), Reveil_(std::move(reveil)) {}
 
 void TicSurveillance::TraiteTic() {
-  if (!Etat_.Camera.CameraActive) {
-    TicsSansComparaison_ = 0;
-    return;
-  }
-  // The surface still holds the frame of the last tick with what was drawn over it: the enlarged view runs one tick
+  if (!Etat_.Camera.CameraActive || EnCours_) return;
+  if (Ports_.Pilote.ImagePrete()) return TraiteNouvelleImage();
+  // A camera that is lost gives no frame that could tell of it.
+  DitEtat();
+  Ports_.Pilote.AttendImage(Reveil_);
+}
+
+void TicSurveillance::TraiteReveil() {
+  if (Etat_.Camera.CameraActive && !EnCours_ && Ports_.Pilote.ImagePrete()) TraiteNouvelleImage();
+}
+
+void TicSurveillance::TraiteNouvelleImage() {
+  // What an action lets in must not begin a second frame in the middle of this one.
+  const QScopedValueRollback<bool> garde(EnCours_, true);
+  // The surface still holds the frame of the last tick with what was drawn over it: the enlarged view runs one frame
   // behind and shows the outlines.
   Ports_.Affichage.CopiePleinEcran();
-  const quint32 avant = Analyse_.Comparees();
+  const quint32 avant = Etat_.Detection.Comparees;
+  bool rangee = false;
   try {
-    TraiteImage();
+    rangee = TraiteImage();
   } catch (const std::exception&) {
     // Detection does not stop because a photo could not be written. What shows is that the labels stand still.
   }
-  TicsSansComparaison_ = Analyse_.Comparees() != avant ? 0 : std::min(TicsSansComparaison_ + 1, kTicsTolerables + 1);
+  CompteComparaison(rangee || Etat_.Detection.Comparees != avant);
 }
 
-// Without the comparison no alarm can come, whatever the camera does: that is the worse news of the two.
-AvisMoniteur TicSurveillance::Avis() const {
-  if (TicsSansComparaison_ > kTicsTolerables) return AvisMoniteur::kDetectionArretee;
-  return Ports_.Pilote.SignalPerdu() ? AvisMoniteur::kSignalPerdu : AvisMoniteur::kAucun;
+// Only frames that came are counted, not ticks without one: a lost signal is no end of the comparison.
+void TicSurveillance::CompteComparaison(bool vue) {
+  qint32& sans = Etat_.Camera.NonComparees;
+  if (vue) {
+    sans = 0;
+    return;
+  }
+  const auto maintenant = static_cast<quint32>(Ports_.Temps.CompteTics());
+  if (sans == 0) DebutNonComparees_ = maintenant;
+  DureeNonComparees_ = maintenant - DebutNonComparees_;
+  sans = std::min(sans + 1, kImagesTolerables + 1);
 }
 
-void TicSurveillance::TraiteImage() {
-  PoseImage();
-  Analyse_.AnalyseMouvement();
+bool TicSurveillance::EstArretee() const {
+  const qint32 sans = Etat_.Camera.NonComparees;
+  return sans > kImagesTolerables || (sans > kImagesPassageres && DureeNonComparees_ >= kDureeTolerableMs);
+}
+
+void TicSurveillance::DitEtat() {
+  const auto dit = [this](Condition quoi, bool dure) { dure ? Ports_.Sante.Signale(quoi) : Ports_.Sante.Leve(quoi); };
+  const bool arretee = EstArretee();
+  const bool perdu = Ports_.Pilote.SignalPerdu();
+  dit(Condition::kDetectionArretee, arretee);
+  dit(Condition::kSignalPerdu, perdu);
+  // Without the comparison no alarm can come, whatever the camera does: that is the worse news of the two.
+  Ports_.Affichage.MontreAvis(arretee ? AvisMoniteur::kDetectionArretee
+                              : perdu ? AvisMoniteur::kSignalPerdu
+                                      : AvisMoniteur::kAucun);
+}
+
+// True when the frame was only stored.
+bool TicSurveillance::TraiteImage() {
+  const bool reprise = PoseImage();
+  Analyse_.AnalyseMouvement(reprise);
   MontreZoom();
   Ports_.Affichage.RafraichitPleinEcran();
   ReposeBoite();
+  return reprise;
 }
 
-void TicSurveillance::PoseImage() {
-  // A failed grab is not looked at: the earlier frame goes on, and its outlines are wiped all the same.
-  Etat_.Camera.ImageRepetee = !Ports_.Pilote.SaisitImage();
-  Ports_.Affichage.MontreAvis(Avis());
+bool TicSurveillance::PoseImage() {
+  // A grab that fails in spite of all is not looked at: the earlier frame goes on.
+  Ports_.Pilote.SaisitImage();
+  DitEtat();
   const QSize avant = Etat_.Surface.Taille();
   Etat_.Surface.Pose(Ports_.Pilote.CopieTrame());
   if (Etat_.Surface.Taille() != avant) SuitTailleSurface(Etat_);
+  return Ports_.Pilote.EstReprise();
 }
 
 void TicSurveillance::MontreZoom() {

@@ -1,5 +1,8 @@
-// The heartbeat: every 30 ms one new frame onto the surface, compared, shown.
+// The heartbeat: at the later of "30 ms have passed" and "a new frame is there" a frame goes onto the surface, is
+// compared and shown.
 #pragma once
+
+#include <functional>
 
 #include "engine/motion_analysis.h"
 #include "engine/surveillance_ports.h"
@@ -7,28 +10,40 @@
 
 namespace vaktor {
 
-/// Owner: the engine. The tick of Timer1.
+/// Owner: the engine. The tick of Timer1, and what wakes it.
 class TicSurveillance {
  public:
-  TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse);
+  /// `reveil`: what the driver is given to call when a frame comes; ends in TraiteReveil.
+  TicSurveillance(const PortsSurveillance& ports, EtatSurveillance& etat, AnalyseurMouvement& analyse,
+                  std::function<void()> reveil);
 
-  /// One tick; nothing happens while the camera is off. From the grab on every failure ends the tick without a word,
-  /// and the next tick runs normally; where frame upon frame is not compared, the notice over the picture
-  /// says so.
-  /// Only the copy to the enlarged view, before that, lets its failures out.
+  /// One tick; nothing happens while the camera is off. A new frame is analysed. Where there is none the driver is
+  /// asked to wake us when one comes, and the thread is free: nothing that is shown changes but the notice of a lost
+  /// signal. From the grab on every failure ends the tick without a word, and the next frame runs normally; where frame
+  /// upon frame is not compared, the notice over the picture says so. Only the copy to the enlarged view, before that,
+  /// lets its failures out.
   void TraiteTic();
+  /// The frame that a tick found missing has come: it is analysed at once. So each tick gives at most one analysis, and
+  /// a camera of 30 frames a second is analysed at its own rate, whatever lies between 33 and 30 ms.
+  void TraiteReveil();
 
  private:
-  void TraiteImage();
-  void PoseImage();
-  AvisMoniteur Avis() const;
+  void TraiteNouvelleImage();
+  bool TraiteImage();
+  bool PoseImage();
+  void CompteComparaison(bool vue);
+  bool EstArretee() const;
+  void DitEtat();
   void MontreZoom();
   void ReposeBoite();
 
   const PortsSurveillance& Ports_;
   EtatSurveillance& Etat_;
   AnalyseurMouvement& Analyse_;
-  qint32 TicsSansComparaison_ = 0;  // the last ones, without a gap; no further than what makes the notice
+  const std::function<void()> Reveil_;
+  quint32 DebutNonComparees_ = 0;  // the counter at the first of the frames that were not compared
+  quint32 DureeNonComparees_ = 0;  // ms from it to the last of them
+  bool EnCours_ = false;
 };
 
 }  // namespace vaktor

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QImage>
+#include <functional>
 
 #include "engine/camera_image.h"
 
@@ -23,9 +24,22 @@ class PiloteCapture {
   /// Closes the driver. The result is of no interest to anyone; a closed driver stays closed.
   virtual void Deconnecte() = 0;
 
-  /// Waits for a frame newer than the last one taken, at most about 100 ms. False when none came in that time; the
-  /// earlier frame then stays the one that CopieImage gives.
+  /// Whether a frame newer than the last one taken is there. Never waits for one.
+  virtual bool ImagePrete() const = 0;
+
+  /// Takes the newest frame if it is newer than the last one taken, and never waits for one. False otherwise; the
+  /// earlier frame then stays the one that CopieImage gives. Frames that were overtaken by a newer one are gone.
   virtual bool SaisitImage() = 0;
+
+  /// Calls `reveil` once when ImagePrete is true, out of the event loop and never from inside this call; soon, if it is
+  /// true already. At most one waits: a later call takes the place of the earlier one, an empty function takes it back,
+  /// and a frame that is taken meanwhile ends it. Never called after Deconnecte, nor from a camera that another one has
+  /// replaced; without a camera nothing is kept. Takes no memory for a function that fits a std::function.
+  virtual void AttendImage(std::function<void()> reveil) = 0;
+
+  /// True while the frame last taken is the first one after the driver has lost its camera and connected to it again by
+  /// itself. Not so after Connecte, a dialog, or the end of a film that plays again.
+  virtual bool EstReprise() const = 0;
 
   /// The frame last taken by SaisitImage, Format_RGB32 (bytes B, G, R, 0xff), in the camera's current size, never
   /// scaled; a null image before the first one. Shared, not copied: it stays valid and unchanged as long as somebody

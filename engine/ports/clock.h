@@ -11,7 +11,8 @@ class Horloge {
  public:
   virtual ~Horloge() = default;
   /// Milliseconds as a signed 32-bit counter. The real one starts at 0 with the program, turns negative after 2^31 ms
-  /// (24.8 days) and goes on from there; the rules that take differences of it fail on that day, as their headers say.
+  /// (24.8 days) and goes on from there, so that differences are right modulo 2^32. Who remembers its values and takes
+  /// checked differences brings them along before that day (engine/analysis_clock.h).
   virtual qint32 CompteTics() const = 0;
   virtual QDate DonneDate() const = 0;
   /// Time of day, local.

@@ -33,7 +33,7 @@ class AffichageSurveillance {
  public:
   virtual ~AffichageSurveillance() = default;
 
-  // The analysis, once a frame.
+  // The analysis, once for each new frame.
   virtual void MontreLibelleAlarme(LibelleAlarme libelle) = 0;
   virtual void NommeAlarmeInactive() = 0;                  ///< Texte(169), colour left alone (camera stopped)
   virtual void GriseLibelleAlarme() = 0;                   ///< dark grey, caption left alone (countdown running)

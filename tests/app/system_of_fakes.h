@@ -6,7 +6,6 @@
 
 #include "app/application.h"
 #include "base/failure.h"
-#include "fakes/fake_awake_machine.h"
 #include "fakes/fake_capture_driver.h"
 #include "fakes/fake_companion_status.h"
 #include "fakes/fake_desktop_notifier.h"
@@ -309,7 +308,6 @@ struct SystemeFaux {
             .Programmes = Programmes,
             .BoitesPubliees = BoitesPubliees,
             .Mesureur = Mesureur,
-            .Machine = Machine,
             .Navigateur = Navigateur,
             .Comptes = Comptes,
             .EssaiMail = EssaiMail,
@@ -350,7 +348,6 @@ struct SystemeFaux {
   ProcessusNote Programmes{Notes};
   BoitesLues BoitesPubliees{Valeurs};
   MesureurMuet Mesureur;
-  faux::MachineFausse Machine{Notes, Horloge};
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;
   faux::EssaiFaux EssaiMail;

@@ -51,7 +51,7 @@ TEST_F(Jauge, FallsInCoarseStepsWhileNothingChangesAndStaysAtOne) {
   Engin.BasculeCamera();
   Temps.Avance(2000 + 1);
   EXPECT_EQ(Reglages.SeuilDetection, 6990000);
-  Temps.Avance(699);
+  Temps.Avance(8000);
   EXPECT_EQ(Reglages.SeuilDetection, 1);  // 0 is lifted to 1
   Temps.Avance(5000);
   EXPECT_EQ(Reglages.SeuilDetection, 1);
@@ -92,24 +92,29 @@ TEST_F(Jauge, SettlesJustAboveTheNoise) {
   EXPECT_EQ(Detection().PasSeuil, 1000);
 }
 
-TEST_F(Jauge, RestsWhileNoNewFrameComes) {
+// What no frame has looked at since is a guess: a twentieth of the tolerance for each of them.
+TEST_F(Jauge, CoarseSearchTakesATwentiethForEachFrameAndThenRests) {
   Image(Unie(0));
   Engin.BasculeCamera();
-  Temps.Avance(2100);
-  ASSERT_LT(Reglages.SeuilDetection, 7000000);
-  Pilote.Muette = Pilote.Perdu = true;
-  Tic();
-  const qint32 seuil = Reglages.SeuilDetection - 12 * 10000;  // what a slow camera would leave time for
-  Temps.Avance(60000);
-  EXPECT_EQ(Reglages.SeuilDetection, seuil);
-  Pilote.Muette = Pilote.Perdu = false;
-  Tic();
-  Temps.Avance(1);
-  EXPECT_EQ(Reglages.SeuilDetection, seuil - 10000);
+  Temps.Avance(1990);
+  Pilote.Muette = true;
+  for (const auto& [depart, steps] : {std::pair{7000000, 33}, {3000000, 14}, {390000, 1}, {25000, 1}}) {
+    Pilote.Muette = false;
+    Tic();
+    Pilote.Muette = true;
+    Temps.Avance(1);
+    Reglages.SeuilDetection = depart;
+    Pilote.Muette = false;
+    Tic();
+    Pilote.Muette = true;
+    Temps.Avance(60'000);
+    EXPECT_EQ(Reglages.SeuilDetection, depart - steps * 10000) << depart;
+    EXPECT_EQ(Detection().PasSeuil, 10000);
+  }
 }
 
-// A frame a second, ten grabs in vain between two: the count of the new one stands, not the nothing of the others.
-TEST_F(Jauge, FollowsASlowCameraByItsNewFrames) {
+// A camera that stalls, or whose signal is lost: the count of its last frame is not the picture's for ever.
+TEST_F(Jauge, TrackingTakesFourStepsForEachFrameAndThenRests) {
   Image(Unie(0));
   Engin.BasculeCamera();
   Temps.Avance(2100);
@@ -117,12 +122,33 @@ TEST_F(Jauge, FollowsASlowCameraByItsNewFrames) {
   Trame(AvecPoints(50));
   Temps.Avance(1);
   ASSERT_GT(Detection().NbrPoints, 0);
+  ASSERT_EQ(Detection().PasSeuil, 1000);
   const qint32 seuil = Reglages.SeuilDetection;
+  Pilote.Muette = Pilote.Perdu = true;
+  Temps.Avance(60'000);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil + 3 * 1000);
+  Pilote.Muette = Pilote.Perdu = false;
+  Image(AvecPoints(50));
+  Tic();
   Pilote.Muette = true;
+  ASSERT_EQ(Detection().NbrPoints, 0);
+  Temps.Avance(60'000);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil - 1000);
+}
+
+TEST_F(Jauge, FrameThatWasNotComparedGivesNoSteps) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2100);
+  PoseZoneEntiere();
+  Trame(AvecPoints(50));
+  Temps.Avance(50);
+  const qint32 seuil = Reglages.SeuilDetection;
+  Reglages.IntervalleFtp = QStringLiteral("ten");
   Tic();
   ASSERT_EQ(Detection().NbrPoints, 0);
-  Temps.Avance(100);
-  EXPECT_EQ(Reglages.SeuilDetection, seuil + 12 * 1000);
+  Temps.Avance(20);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil);
 }
 
 TEST_F(Jauge, GoesOnWithTheLastCountOnceTheCameraIsOff) {

@@ -49,25 +49,46 @@ TEST_F(Tick, TakesAFrameEachThirtyMilliseconds) {
   EXPECT_EQ(Pilote.Saisies, avant + 100);
 }
 
-TEST_F(Tick, FailedGrabLetsTheEarlierFrameGoOn) {
+TEST_F(Tick, TickWithoutANewFrameChangesNothingAndAsksToBeWoken) {
   DemarreSurNoir();
   Trame(AvecPoints(20));
   Pilote.Muette = true;
   Image(Unie(qRgb(1, 2, 3)));
+  Journal.Ecoute();
   Tic();
+  EXPECT_EQ(Journal.Lignes(), (QStringList{QStringLiteral("MontreAvis 0"), QStringLiteral("AttendImage")}));
   EXPECT_EQ(Engin.Surface().Image().pixel(0, 0), qRgb(0, 0, 255));
-  EXPECT_EQ(Detection().NbrPoints, 0);
-  EXPECT_EQ(Engin.Surface().NombreContours(), 1);  // the box of the frame before is gone
+  EXPECT_EQ(Detection().NbrPoints, 20);
+  EXPECT_EQ(Engin.Surface().NombreContours(), 2);
 }
 
-TEST_F(Tick, TellsALostSignalEachTime) {
+TEST_F(Tick, TellsALostSignalThoughNoFrameComes) {
   DemarreSurNoir();
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
-  Pilote.Perdu = true;
+  Pilote.Muette = Pilote.Perdu = true;
   Tic();
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kSignalPerdu);
-  Pilote.Perdu = false;
+  EXPECT_TRUE(Sante.Dure(Condition::kSignalPerdu));
+  Pilote.Muette = Pilote.Perdu = false;
   Tic();
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
+  EXPECT_FALSE(Sante.Dure(Condition::kSignalPerdu));
+}
+
+TEST_F(Tick, StopOfTheCameraTakesItsConditionsBack) {
+  DemarreSurNoir();
+  Reglages.IntervalleFtp = QStringLiteral("ten");
+  Pilote.Perdu = true;
+  for (int i = 0; i < 40; ++i) Tic();
+  ASSERT_TRUE(Sante.Dure(Condition::kSignalPerdu));
+  ASSERT_TRUE(Sante.Dure(Condition::kDetectionArretee));
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Sante.Details.isEmpty());
+  Pilote.Muette = true;
+  Pilote.Perdu = false;
+  Engin.BasculeCamera();
+  Tic();  // what the run before could not compare is forgotten
+  EXPECT_TRUE(Sante.Details.isEmpty());
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
 }
 
@@ -214,10 +235,36 @@ TEST_F(Tick, AnalysisThatFailsForMoreThanASecondIsTold) {
   Pilote.Perdu = true;
   Tic();
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kDetectionArretee);
+  EXPECT_TRUE(Sante.Dure(Condition::kDetectionArretee));
+  EXPECT_TRUE(Sante.Dure(Condition::kSignalPerdu)) << "the notice has room for one, the report for both";
   Reglages.IntervalleFtp = QStringLiteral("10");
   Tic();
   Tic();
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kSignalPerdu);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+}
+
+TEST_F(Tick, OnlyFramesThatCameCountAsNotCompared) {
+  DemarreSurNoir();
+  Reglages.IntervalleFtp = QStringLiteral("ten");
+  for (int i = 0; i < 20; ++i) Tic();
+  Pilote.Muette = true;
+  Temps.Avance(60'000);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
+  EXPECT_TRUE(Sante.Details.isEmpty());
+}
+
+// 33 frames would be half a minute of a camera of one a second.
+TEST_F(Tick, OfASlowCameraFewerFramesAreEnoughToTellIt) {
+  DemarreSurNoir();
+  Reglages.IntervalleFtp = QStringLiteral("ten");
+  Pilote.ParArrivee = true;
+  for (int i = 0; i < 4; ++i) {
+    EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee)) << i;
+    Pilote.Arrive();
+    Temps.Avance(1000);
+  }
+  EXPECT_TRUE(Sante.Dure(Condition::kDetectionArretee));
 }
 
 TEST_F(Tick, WhateverKeepsFrameUponFrameFromBeingComparedIsTold) {

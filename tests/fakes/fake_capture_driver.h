@@ -1,8 +1,9 @@
-// A camera whose pictures the test paints.
+// A camera whose pictures the test paints. A new one is there at each tick, or only when the test lets it come.
 #pragma once
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 #include "engine/ports/capture_driver.h"
 #include "fakes/journal.h"
@@ -24,14 +25,24 @@ class PiloteFaux : public PiloteCapture {
     Journal_.Note([] { return QStringLiteral("Deconnecte"); });
     if (PendantDeconnexion) PendantDeconnexion();
     Connecte_ = false;
+    Reveil_ = nullptr;
   }
+  bool ImagePrete() const override { return ParArrivee ? Arrivee_ : !Muette; }
   bool SaisitImage() override {
     Journal_.Note([] { return QStringLiteral("SaisitImage"); });
     ++Saisies;
-    if (Muette) return false;
+    if (!ImagePrete()) return false;
+    Arrivee_ = false;
+    Reveil_ = nullptr;
+    EstReprise_ = std::exchange(Reprise, false);
     Saisie_ = Suivante ? Suivante() : Image;
     return true;
   }
+  void AttendImage(std::function<void()> reveil) override {
+    Journal_.Note([] { return QStringLiteral("AttendImage"); });
+    Reveil_ = std::move(reveil);
+  }
+  bool EstReprise() const override { return EstReprise_; }
   QImage CopieImage() const override {
     Journal_.Note([] { return QStringLiteral("CopieImage"); });
     return Saisie_;
@@ -50,9 +61,17 @@ class PiloteFaux : public PiloteCapture {
   }
 
   bool EstConnecte() const { return Connecte_; }
+  bool EstAttendue() const { return Reveil_ != nullptr; }
+  /// ParArrivee: the camera gives a frame, and wakes whoever waits for one.
+  void Arrive() {
+    Arrivee_ = true;
+    if (const std::function<void()> reveil = std::exchange(Reveil_, nullptr)) reveil();
+  }
 
   bool Presente = true;                             ///< Connecte succeeds
-  bool Muette = false;                              ///< SaisitImage finds no newer frame
+  bool Muette = false;                              ///< there is no newer frame
+  bool ParArrivee = false;                          ///< a newer frame is there only after each Arrive
+  bool Reprise = false;                             ///< the next frame is the first after a reconnection
   bool Perdu = false;                               ///< SignalPerdu
   QImage Image;                                     ///< the frame that the next grab takes
   std::function<QImage()> Suivante;                 ///< if set, asked for a frame at each grab instead
@@ -65,6 +84,9 @@ class PiloteFaux : public PiloteCapture {
  private:
   Journal& Journal_;
   QImage Saisie_;
+  std::function<void()> Reveil_;
+  bool Arrivee_ = false;
+  bool EstReprise_ = false;
   bool Connecte_ = false;
 };
 

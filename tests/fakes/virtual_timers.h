@@ -29,6 +29,8 @@ class TempsVirtuel : public FabriqueMinuteries {
   MinuterieVirtuelle* Trouve(const QString& nom) const;
   qint64 Maintenant() const { return Horloge_.Millisecondes; }
 
+  qint32 PeriodeMinimale = 1;  ///< ms; 10 as with the real ones, set before a timer is switched on
+
  private:
   friend class MinuterieVirtuelle;
   MinuterieVirtuelle* ProchaineEcheance(qint64 jusqua) const;
@@ -49,13 +51,13 @@ class MinuterieVirtuelle : public Minuterie {
 
   void ChangeIntervalle(qint32 millisecondes) override {
     Intervalle_ = millisecondes;
-    Echeance_ = Temps_.Maintenant() + Intervalle_;
+    Echeance_ = Temps_.Maintenant() + Periode();
   }
   qint32 Intervalle() const override { return Intervalle_; }
   void Active() override {
     if (Active_) return;
     Active_ = true;
-    Echeance_ = Temps_.Maintenant() + Intervalle_;
+    Echeance_ = Temps_.Maintenant() + Periode();
   }
   void Desactive() override { Active_ = false; }
   bool EstActive() const override { return Active_; }
@@ -65,8 +67,9 @@ class MinuterieVirtuelle : public Minuterie {
 
  private:
   friend class TempsVirtuel;
+  qint64 Periode() const { return std::max(Intervalle_, Temps_.PeriodeMinimale); }
   void Sonne() {
-    Echeance_ += Intervalle_;
+    Echeance_ += Periode();
     AppelleTic();
   }
   void AppelleTic() {

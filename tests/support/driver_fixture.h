@@ -11,6 +11,7 @@
 
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/driver/gst_driver.h"
+#include "support/next_frame.h"
 
 namespace vaktor {
 
@@ -36,7 +37,7 @@ class PiloteSurSource : public testing::Test {
     depuis.start();
     qint64 derniere = 0;
     while (depuis.elapsed() < duree) {
-      if (!Pilote_->SaisitImage()) continue;
+      if (!SaisitProchaine(*Pilote_)) continue;
       ++recolte.Images;
       recolte.PireAttente = std::max(recolte.PireAttente, depuis.elapsed() - derniere);
       derniere = depuis.elapsed();
@@ -49,7 +50,7 @@ class PiloteSurSource : public testing::Test {
   bool AttendSignalPerdu(bool perdu, int limite) {
     QElapsedTimer depuis;
     depuis.start();
-    while (Pilote_->SignalPerdu() != perdu && depuis.elapsed() < limite) Pilote_->SaisitImage();
+    while (Pilote_->SignalPerdu() != perdu && depuis.elapsed() < limite) SaisitProchaine(*Pilote_);
     return Pilote_->SignalPerdu() == perdu;
   }
   static int Compte(const char* dossier) {

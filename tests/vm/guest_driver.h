@@ -11,6 +11,7 @@
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/driver/gst_driver.h"
 #include "platform/capture/streams/gst_start.h"
+#include "support/next_frame.h"
 #include "vm/guest.h"
 
 namespace vaktor {
@@ -34,7 +35,7 @@ class PiloteReelTest : public testing::Test {
   static bool AttendImages(PiloteGStreamer& pilote, int nombre) {
     int vues = 0;
     return Attend([&] {
-      vues += pilote.SaisitImage() ? 1 : 0;
+      vues += SaisitProchaine(pilote) ? 1 : 0;
       return vues >= nombre;
     });
   }

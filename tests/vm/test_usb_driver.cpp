@@ -48,7 +48,7 @@ TEST_F(UsbPilote, MovementIsSeenAndStillnessIsStill) {
   ASSERT_TRUE(AttendImages(*pilote, 5));
   EXPECT_EQ(pilote->CopieImage(), avant);
   ASSERT_TRUE(Ordonne("move"));
-  EXPECT_TRUE(Attend([&] { return pilote->SaisitImage() && pilote->CopieImage() != avant; }));
+  EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && pilote->CopieImage() != avant; }));
 }
 
 TEST_F(UsbPilote, ABusyCameraIsRefusedAndItsOwnerIsNotDisturbed) {
@@ -79,13 +79,13 @@ TEST_F(UsbPilote, UnpluggedAndPluggedInUnderAnotherNumberItGoesOnInItsFormat) {
   QElapsedTimer depuis;
   depuis.start();
   ASSERT_TRUE(Ordonne("unplug"));
-  EXPECT_TRUE(Attend([&] { return !pilote->SaisitImage() && pilote->SignalPerdu(); }));
+  EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
   Note("unplugged, seconds until the signal was lost:", static_cast<double>(depuis.elapsed()) / 1000.0);
   EXPECT_EQ(pilote->CopieImage().size(), QSize(320, 240)) << "the last picture stays";
 
   depuis.restart();
   ASSERT_TRUE(Ordonne("plug"));
-  EXPECT_TRUE(Attend([&] { return pilote->SaisitImage() && !pilote->SignalPerdu(); }));
+  EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && !pilote->SignalPerdu(); }));
   Note("plugged in, seconds until the picture was back:", static_cast<double>(depuis.elapsed()) / 1000.0);
   EXPECT_TRUE(AttendImages(*pilote, 10));
   EXPECT_NE(pilote->NoeudPeripherique(), noeud);
@@ -102,7 +102,7 @@ TEST_F(UsbPilote, NothingLeaksOverManyReplugs) {
   qsizetype ouverts = 0;
   for (int tour = 0; tour < 4; ++tour) {
     ASSERT_TRUE(Ordonne("unplug"));
-    ASSERT_TRUE(Attend([&] { return !pilote->SaisitImage() && pilote->SignalPerdu(); }));
+    ASSERT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
     ASSERT_TRUE(Ordonne("plug"));
     ASSERT_TRUE(AttendImages(*pilote, 5));
     if (tour == 0) ouverts = Descripteurs();
@@ -117,12 +117,12 @@ TEST_F(UsbPilote, AStalledCameraIsNoticedByTheAgeOfItsFrameAndComesBack) {
   QElapsedTimer depuis;
   depuis.start();
   ASSERT_TRUE(Ordonne("stall"));
-  EXPECT_TRUE(Attend([&] { return !pilote->SaisitImage() && pilote->SignalPerdu(); }));
+  EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
   Note("stalled, seconds until the signal was lost:", static_cast<double>(depuis.elapsed()) / 1000.0);
   EXPECT_EQ(pilote->CopieImage().size(), QSize(640, 480));
   depuis.restart();
   ASSERT_TRUE(Ordonne("go"));
-  EXPECT_TRUE(Attend([&] { return pilote->SaisitImage() && !pilote->SignalPerdu(); }));
+  EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && !pilote->SignalPerdu(); }));
   Note("frames again, seconds until the picture was back:", static_cast<double>(depuis.elapsed()) / 1000.0);
   EXPECT_TRUE(AttendImages(*pilote, 10));
 }

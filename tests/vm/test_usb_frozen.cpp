@@ -74,11 +74,11 @@ TEST_F(UsbFigee, AtWorkItsSignalIsLostAndItComesBackByItself) {
   ASSERT_TRUE(Connecte(*pilote));
   ASSERT_TRUE(AttendImages(*pilote, 10));
   ASSERT_TRUE(Ordonne("freeze"));
-  EXPECT_TRUE(Attend([&] { return !pilote->SaisitImage() && pilote->SignalPerdu(); }));
-  EXPECT_FALSE(Attend([&] { return pilote->SaisitImage(); }, 3)) << "while the driver tries to close it";
+  EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
+  EXPECT_FALSE(Attend([&] { return SaisitProchaine(*pilote); }, 3)) << "while the driver tries to close it";
   EXPECT_EQ(pilote->CopieImage().size(), QSize(640, 480));
   ASSERT_TRUE(Ordonne("thaw"));
-  EXPECT_TRUE(Attend([&] { return pilote->SaisitImage() && !pilote->SignalPerdu(); }));
+  EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && !pilote->SignalPerdu(); }));
   EXPECT_TRUE(AttendImages(*pilote, 10));
 }
 

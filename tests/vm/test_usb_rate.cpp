@@ -41,7 +41,7 @@ class UsbCadence : public UsbPilote {
     depuis.start();
     qint64 derniere = -1;
     while (depuis.elapsed() < duree) {
-      if (!pilote.SaisitImage()) continue;
+      if (!SaisitProchaine(pilote)) continue;
       const qint64 maintenant = depuis.elapsed();
       if (derniere >= 0) compte.PireIntervalle = std::max(compte.PireIntervalle, maintenant - derniere);
       derniere = maintenant;
@@ -53,7 +53,7 @@ class UsbCadence : public UsbPilote {
     QElapsedTimer silence;
     silence.start();
     while (silence.elapsed() < 500) {
-      if (!pilote.SaisitImage()) continue;
+      if (!SaisitProchaine(pilote)) continue;
       ++compte.Prises;
       silence.restart();
     }

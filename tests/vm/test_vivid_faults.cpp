@@ -47,9 +47,9 @@ TEST_F(VividDefauts, BuffersThatAreDroppedWithoutAWordAreAStall) {
   ASSERT_TRUE(Connecte(*pilote));
   ASSERT_TRUE(AttendImages(*pilote, 5));
   ASSERT_TRUE(Regle(QStringLiteral("percentage_of_dropped_buffers=100")));
-  EXPECT_TRUE(Attend([&] { return !pilote->SaisitImage() && pilote->SignalPerdu(); }));
+  EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
   ASSERT_TRUE(Regle(QStringLiteral("percentage_of_dropped_buffers=0")));
-  EXPECT_TRUE(Attend([&] { return pilote->SaisitImage() && !pilote->SignalPerdu(); }));
+  EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && !pilote->SignalPerdu(); }));
   EXPECT_TRUE(AttendImages(*pilote, 5));
 }
 

@@ -19,13 +19,13 @@ TEST_P(VividCadence, NoFrameIsLost) {
   ASSERT_TRUE(pilote->AppliqueFormat(format));
   ASSERT_TRUE(AttendImages(*pilote, 10));
   EXPECT_EQ(pilote->FormatCourant(), format);
-  ASSERT_TRUE(Attend([&] { return pilote->SaisitImage(); }));
+  ASSERT_TRUE(Attend([&] { return SaisitProchaine(*pilote); }));
   QElapsedTimer depuis;
   depuis.start();
   int periodes = 0;
   double derniere = 0.0;
   while (depuis.elapsed() < 10'000) {
-    if (!pilote->SaisitImage()) continue;
+    if (!SaisitProchaine(*pilote)) continue;
     ++periodes;
     derniere = static_cast<double>(depuis.nsecsElapsed()) / 1e9;
   }

@@ -115,7 +115,7 @@ void SessionCapture::Veille() {
     Flux_.reset();
     const bool finDeFichier = etat == FluxImages::Etat::kFini && Demande_.Source.Genre == GenreSource::kFichier;
     Patiente(DernierEssai_ + (finDeFichier ? kEntreLectures : kEntreEssais));
-    Rouvre();
+    Rouvre(finDeFichier);
   }
 }
 
@@ -129,8 +129,10 @@ FluxImages::Etat SessionCapture::VeilleFlux() {
   return FluxImages::Etat::kErreur;
 }
 
-void SessionCapture::Rouvre() {
-  while (!Arret_.stop_requested()) {
+// A film that is opened anew only because it has come to its end was never lost; one that does not open was.
+void SessionCapture::Rouvre(bool finDeFilm) {
+  for (bool perdue = !finDeFilm; !Arret_.stop_requested(); perdue = true) {
+    if (perdue) Boite_.NoteReprise();
     DernierEssai_ = Horloge::now();
     DemandeFlux demande = Retenue_;
     demande.AutreChemin = false;  // one way has been found to work: it is given all its time

@@ -1,5 +1,7 @@
 #include "platform/capture/driver/gst_driver.h"
 
+#include <utility>
+
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/dialogs/driver_dialogs.h"
 #include "platform/widgets/live_wait.h"
@@ -9,8 +11,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-// A camera of ten frames a second must not be missed by a hair, again and again: each miss is an analysis for nothing.
-constexpr milliseconds kAttenteImage{110};
 constexpr milliseconds kLimiteConnexion{5000};
 constexpr milliseconds kLimiteArret{300};      // of what the window may feel
 constexpr milliseconds kLimitePartants{2000};  // before a device that may still be held is opened again
@@ -57,9 +57,12 @@ bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande) {
   if (tour != Tour_) return false;
   Source_ = demande.Source;
   Numero_ = 0;
+  Reprises_ = 0;
+  EstReprise_ = false;
   const bool persiste = demande.Persiste;
   const std::shared_ptr<SessionCapture> session = SessionCapture::Lance(std::move(demande));
   Session_ = session;
+  session->Boite().RelieSonnette(Ecoute_.Sonnette());
   AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); }, kLimiteConnexion);
   if (tour != Tour_) return false;
   if (session->DonneDesImages()) return true;
@@ -77,6 +80,8 @@ void PiloteGStreamer::Deconnecte() {
 
 void PiloteGStreamer::LaissePartir() {
   if (!Session_) return;
+  Reveil_ = nullptr;
+  Session_->Boite().RelieSonnette(nullptr);
   Session_->Arrete(milliseconds(0));
   Partants_.push_back(std::move(Session_));
   Session_.reset();
@@ -93,14 +98,33 @@ bool PiloteGStreamer::AttendLesPartants(milliseconds limite) {
 
 bool PiloteGStreamer::SontPartis() { return AttendLesPartants(milliseconds(0)); }
 
+bool PiloteGStreamer::ImagePrete() const { return Session_ && Session_->Boite().Numero() > Numero_; }
+
 bool PiloteGStreamer::SaisitImage() {
   if (!Session_) return false;
   // The former picture is not let go before: it goes on being the one that is shown.
-  BoiteImages::Arrivee arrivee = Session_->Boite().Attend(Numero_, kAttenteImage);
+  BoiteImages::Arrivee arrivee = Session_->Boite().Prend(Numero_);
   if (arrivee.Numero == 0) return false;
   Numero_ = arrivee.Numero;
   Image_ = std::move(arrivee.Image);
+  // The first frame itself may have been overtaken by a newer one: what counts is that it was not taken.
+  EstReprise_ = std::exchange(Reprises_, arrivee.Reprises) != arrivee.Reprises;
+  Reveil_ = nullptr;
   return true;
+}
+
+void PiloteGStreamer::AttendImage(std::function<void()> reveil) {
+  if (!Session_) return;
+  Reveil_ = std::move(reveil);
+  if (Reveil_) Session_->Boite().Previens(Numero_);
+}
+
+// A ring may be late: of a frame that was taken meanwhile, or of a camera that another one has replaced.
+void PiloteGStreamer::SuitSonnette() {
+  if (!Session_ || !Reveil_) return;
+  if (!ImagePrete()) return Session_->Boite().Previens(Numero_);
+  const std::function<void()> reveil = std::exchange(Reveil_, nullptr);
+  reveil();
 }
 
 QImage PiloteGStreamer::CopieImage() const { return Image_.Entiere(); }

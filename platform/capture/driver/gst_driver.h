@@ -27,7 +27,10 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
 
   bool Connecte() override;
   void Deconnecte() override;
+  bool ImagePrete() const override;
   bool SaisitImage() override;
+  void AttendImage(std::function<void()> reveil) override;
+  bool EstReprise() const override { return EstReprise_; }
   QImage CopieImage() const override;
   ImageCamera CopieTrame() const override;
   bool SignalPerdu() const override;
@@ -45,6 +48,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
  private:
   bool Ouvre(SessionCapture::Demande demande);
   void LaissePartir();
+  void SuitSonnette();
   bool AttendLesPartants(std::chrono::milliseconds limite);
   bool SontPartis();
   SessionCapture::Demande DemandeVoulue() const;
@@ -62,6 +66,10 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet
   ImageCamera Image_;
   quint64 Numero_ = 0;
+  quint64 Reprises_ = 0;
+  bool EstReprise_ = false;
+  std::function<void()> Reveil_;  // whoever waits for the next frame
+  EcouteSonnette Ecoute_{[this] { SuitSonnette(); }};
   quint64 Tour_ = 0;  // changes with each opening and closing: an opening that waits sees that it is no longer wanted
 };
 

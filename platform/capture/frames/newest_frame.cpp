@@ -1,6 +1,7 @@
 #include "platform/capture/frames/newest_frame.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vaktor {
 namespace {
@@ -16,6 +17,7 @@ constexpr int kPeriodesPerdues = 4;
 
 void BoiteImages::Depose(const ImageCamera& image) {
   ImageCamera ancienne;
+  std::shared_ptr<SonnetteImages> sonnette;
   {
     const std::lock_guard verrou(Verrou_);
     // The former frame is let go outside the lock: its memory may have to be freed.
@@ -23,14 +25,43 @@ void BoiteImages::Depose(const ImageCamera& image) {
     Image_ = image;
     ++Numero_;
     Instant_ = Horloge::now();
+    if (std::exchange(Attendue_, false)) sonnette = Sonnette_;
   }
   Nouvelle_.notify_all();
+  if (sonnette) sonnette->Sonne();
+}
+
+void BoiteImages::NoteReprise() {
+  const std::lock_guard verrou(Verrou_);
+  ++Reprises_;
+}
+
+BoiteImages::Arrivee BoiteImages::Prend(quint64 dernier) const {
+  const std::lock_guard verrou(Verrou_);
+  if (Numero_ <= dernier) return {};
+  return {Image_, Numero_, Reprises_};
+}
+
+void BoiteImages::RelieSonnette(std::shared_ptr<SonnetteImages> sonnette) {
+  const std::lock_guard verrou(Verrou_);
+  Sonnette_ = std::move(sonnette);
+  Attendue_ = false;
+}
+
+void BoiteImages::Previens(quint64 dernier) {
+  std::shared_ptr<SonnetteImages> sonnette;
+  {
+    const std::lock_guard verrou(Verrou_);
+    Attendue_ = Numero_ <= dernier;
+    if (!Attendue_) sonnette = Sonnette_;
+  }
+  if (sonnette) sonnette->Sonne();
 }
 
 BoiteImages::Arrivee BoiteImages::Attend(quint64 dernier, milliseconds delai) {
   std::unique_lock verrou(Verrou_);
   if (!Nouvelle_.wait_for(verrou, delai, [&] { return Numero_ > dernier; })) return {};
-  return {Image_, Numero_};
+  return {Image_, Numero_, Reprises_};
 }
 
 quint64 BoiteImages::Numero() const {

@@ -8,6 +8,7 @@
 
 #include "engine/camera_image.h"
 #include "platform/capture/choice/camera_format.h"
+#include "platform/capture/frames/frame_bell.h"
 
 namespace vaktor {
 
@@ -17,10 +18,21 @@ class BoiteImages {
 
   struct Arrivee {
     ImageCamera Image;
-    quint64 Numero = 0;  ///< 1 for the first frame; 0: none yet
+    quint64 Numero = 0;    ///< 1 for the first frame; 0: none yet
+    quint64 Reprises = 0;  ///< how often NoteReprise had been called when it came
   };
 
   void Depose(const ImageCamera& image);
+  /// What comes from here on comes from a camera that was lost and is there again.
+  void NoteReprise();
+
+  /// The newest frame if its number is above `dernier`; else number 0.
+  Arrivee Prend(quint64 dernier) const;
+  /// Who is to be told of frames; null for nobody, who is told afterwards only what was on its way.
+  void RelieSonnette(std::shared_ptr<SonnetteImages> sonnette);
+  /// Rings once as soon as the newest frame's number is above `dernier`, now if it is already.
+  void Previens(quint64 dernier);
+
   /// The newest frame as soon as its number is above `dernier`; number 0 when none came within the time.
   Arrivee Attend(quint64 dernier, std::chrono::milliseconds delai);
   quint64 Numero() const;
@@ -42,6 +54,9 @@ class BoiteImages {
   std::condition_variable Nouvelle_;
   ImageCamera Image_;
   quint64 Numero_ = 0;
+  quint64 Reprises_ = 0;
+  std::shared_ptr<SonnetteImages> Sonnette_;
+  bool Attendue_ = false;  // the next frame is to be told
   Horloge::time_point Instant_ = Horloge::now();
   FormatCamera Format_;
 };

@@ -57,7 +57,7 @@ TEST_F(QtTimers, ARunningTimerRepeatsUntilItIsStopped) {
   EXPECT_EQ(tics, arrete);
 }
 
-/// Holds the thread as the grab of a frame does.
+/// Holds the thread as a photo on a slow disk does.
 void Retient(qint64 millisecondes) {
   QElapsedTimer depuis;
   depuis.start();
@@ -65,41 +65,16 @@ void Retient(qint64 millisecondes) {
   }
 }
 
-TEST_F(QtTimers, TheFastestTimerMakesUpForAThreadThatWasBusy) {
-  int tics = 0;
-  const auto minuterie = Cree(1, [&tics] { ++tics; });
-  minuterie->Active();
-  Retient(64);
-  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
-  EXPECT_GE(tics, 6);
-  tics = 0;
-  Retient(400);
-  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
-  // A busy machine may let it tick once more before the count is looked at.
-  EXPECT_GE(tics, 12);
-  EXPECT_LT(tics, 20) << "no more than the longest grab can have cost";
-}
-
-TEST_F(QtTimers, ATimerThatIsStoppedInItsTickMakesUpForNothing) {
-  int tics = 0;
-  std::unique_ptr<Minuterie> minuterie;
-  minuterie = Cree(1, [&] {
-    ++tics;
-    minuterie->Desactive();
-  });
-  minuterie->Active();
-  Retient(100);
-  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
-  EXPECT_EQ(tics, 1);
-}
-
-TEST_F(QtTimers, ASlowerTimerMakesUpForNothing) {
-  int tics = 0;
-  const auto minuterie = Cree(50, [&tics] { ++tics; });
-  minuterie->Active();
-  Retient(500);
-  ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
-  EXPECT_LT(tics, 5);
+TEST_F(QtTimers, ATimerWhoseThreadWasBusyMakesUpForNothing) {
+  for (const qint32 intervalle : {1, 50}) {
+    int tics = 0;
+    const auto minuterie = Cree(intervalle, [&tics] { ++tics; });
+    minuterie->Active();
+    Retient(500);
+    ASSERT_TRUE(AttendQue([&tics] { return tics > 0; }));
+    // A busy machine may let it tick a few times more before the count is looked at.
+    EXPECT_LT(tics, 5) << intervalle;
+  }
 }
 
 TEST_F(QtTimers, SwitchingOnARunningTimerChangesNothing) {

@@ -12,6 +12,7 @@
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/driver/gst_driver.h"
 #include "platform/capture/streams/gst_start.h"
+#include "support/next_frame.h"
 
 namespace {
 
@@ -39,7 +40,7 @@ int Regarde(vaktor::PiloteGStreamer& pilote, int duree) {
   int total = 0;
   bool perdu = false;
   for (Seconde seconde; seconde.Numero < duree;) {
-    if (pilote.SaisitImage()) {
+    if (SaisitProchaine(pilote)) {
       ++seconde.Images;
       ++total;
     }

@@ -16,7 +16,7 @@ class MauvaiseSource : public PiloteSurSource {
   // Whatever the driver made of the bad one before.
   void ExpectUneBonneEstMontree() {
     EXPECT_TRUE(Pilote_->ChangeSource(QStringLiteral("test")));
-    EXPECT_TRUE(Pilote_->SaisitImage());
+    EXPECT_TRUE(SaisitProchaine(*Pilote_));
   }
 };
 
@@ -76,7 +76,7 @@ TEST_F(MauvaiseSource, AFilmThatIsCutWhileItPlaysIsALostSignalAtMost) {
                            QStringLiteral("jpegenc ! avimux")));
   const QByteArray entier = Lit(Fichier("a.avi"));
   ASSERT_TRUE(Connecte(Fichier("a.avi")));
-  ASSERT_TRUE(Pilote_->SaisitImage());
+  ASSERT_TRUE(SaisitProchaine(*Pilote_));
   ASSERT_EQ(::truncate(qPrintable(Fichier("a.avi")), 100), 0);
   EXPECT_TRUE(AttendSignalPerdu(true, 12'000));
   EXPECT_FALSE(Pilote_->CopieImage().isNull());
@@ -89,7 +89,7 @@ TEST_F(MauvaiseSource, WhatIsNoDeviceAndNoFilmIsRefused) {
   for (const QString& ou : {QStringLiteral("/dev/null"), QStringLiteral("/dev/video987"), QStringLiteral("/"),
                             Dossier_.path(), Fichier("lettre"), QStringLiteral("/dev/v4l/by-id/none")}) {
     EXPECT_FALSE(Connecte(ou)) << qUtf8Printable(ou);
-    EXPECT_FALSE(Pilote_->SaisitImage()) << qUtf8Printable(ou);
+    EXPECT_FALSE(SaisitProchaine(*Pilote_)) << qUtf8Printable(ou);
   }
   ExpectUneBonneEstMontree();
 }

@@ -137,8 +137,10 @@ TEST(SessionCapture, OpensAStalledCameraAgain) {
   const auto session = Joue(scenario, kReseau);
   ASSERT_TRUE(session->AttendPremiereImage(3s));
   EXPECT_TRUE(Attends([&] { return session->Boite().Perdu(); }, 6s));
+  EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U);
   EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > 3; }, 6s));
   EXPECT_FALSE(session->Boite().Perdu());
+  EXPECT_EQ(session->Boite().Prend(0).Reprises, 1U) << "what comes now comes after a loss";
   EXPECT_EQ(scenario->Vivants, 1);
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(scenario->Vivants, 0);
@@ -163,6 +165,7 @@ TEST(SessionCapture, PlaysAFileAgainAtItsEndWithoutAWait) {
   const auto session = Joue(scenario, QStringLiteral("/films/x.avi"));
   ASSERT_TRUE(session->AttendPremiereImage(3s));
   EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 4; }, 3s));
+  EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U) << "it was never lost";
   EXPECT_TRUE(session->Arrete(1s));
 }
 

@@ -75,7 +75,7 @@ TEST_F(PiloteFichier, GivesThePicturesThatAreInTheFile) {
           "videotestsrc num-buffers=10 pattern=red ! video/x-raw,format=I420,%1 ! avimux ! filesink location=%2")
           .arg(kPetit, Fichier("rouge.avi"))));
   ASSERT_TRUE(Connecte(Fichier("rouge.avi")));
-  ASSERT_TRUE(Pilote_->SaisitImage());
+  ASSERT_TRUE(SaisitProchaine(*Pilote_));
   const QImage image = Pilote_->CopieImage();
   EXPECT_EQ(image.format(), QImage::Format_RGB32);
   const QColor couleur = image.pixelColor(80, 60);
@@ -88,7 +88,7 @@ TEST_F(PiloteFichier, ShowsOddSizesAndASinglePixel) {
     const QString caps = QStringLiteral("format=I420,framerate=25/1,") + QLatin1String(taille);
     ASSERT_TRUE(FabriqueFilm(Fichier("t.mkv"), caps, 20, QStringLiteral("matroskamux"))) << taille;
     ASSERT_TRUE(Connecte(Fichier("t.mkv"))) << taille;
-    ASSERT_TRUE(Pilote_->SaisitImage()) << taille;
+    ASSERT_TRUE(SaisitProchaine(*Pilote_)) << taille;
     const QImage image = Pilote_->CopieImage();
     EXPECT_EQ(QStringLiteral("width=%1,height=%2").arg(image.width()).arg(image.height()), QLatin1String(taille));
   }
@@ -99,11 +99,11 @@ TEST_F(PiloteFichier, AFrameOutlivesTheCameraThatGaveIt) {
   for (const char* suite : {"avenc_mpeg4 ! avimux", "avenc_msmpeg4 ! avimux", "jpegenc ! avimux", "matroskamux"}) {
     ASSERT_TRUE(FabriqueFilm(Fichier("v.film"), QStringLiteral("format=I420,") + kPetit, 50, QLatin1String(suite)));
     ASSERT_TRUE(Connecte(Fichier("v.film"))) << suite;
-    ASSERT_TRUE(Pilote_->SaisitImage()) << suite;
+    ASSERT_TRUE(SaisitProchaine(*Pilote_)) << suite;
     const ImageCamera trame = Pilote_->CopieTrame();
     TrameBrute vue = trame.Echantillons(0, 0);
     const QByteArray avant(reinterpret_cast<const char*>(vue.Bits), 40);
-    for (int i = 0; i < 10; ++i) Pilote_->SaisitImage();
+    for (int i = 0; i < 10; ++i) SaisitProchaine(*Pilote_);
     Pilote_.reset();
     EXPECT_EQ(trame.Taille(), QSize(160, 120)) << suite;
     trame.Echantillons(1, 1);  // others, which have to be made now
@@ -136,7 +136,7 @@ TEST_F(PiloteFichier, RefusesWhatIsNoFilm) {
   ASSERT_TRUE(Ecrit(Fichier("texte.txt"), "This is a text and no film.\n"));
   for (const char* nom : {"fouillis.avi", "vide.avi", "texte.txt", "absent.avi"}) {
     EXPECT_FALSE(Connecte(Fichier(nom))) << nom;
-    EXPECT_FALSE(Pilote_->SaisitImage()) << nom;
+    EXPECT_FALSE(SaisitProchaine(*Pilote_)) << nom;
     EXPECT_FALSE(Pilote_->SignalPerdu()) << nom;
   }
 }
@@ -164,13 +164,13 @@ TEST_F(PiloteFichier, ClosesEverythingEachTime) {
   ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), kPetit, 25, kMjpegAvi));
   ASSERT_TRUE(Connecte(Fichier("a.avi")));
   Pilote_->Deconnecte();
-  EXPECT_FALSE(Pilote_->SaisitImage());
+  EXPECT_FALSE(SaisitProchaine(*Pilote_));
   EXPECT_FALSE(Pilote_->SignalPerdu());
   const int descripteurs = Compte("/proc/self/fd");
   const int fils = Compte("/proc/self/task");
   for (int i = 0; i < 20; ++i) {
     ASSERT_TRUE(Pilote_->Connecte());
-    ASSERT_TRUE(Pilote_->SaisitImage());
+    ASSERT_TRUE(SaisitProchaine(*Pilote_));
     Pilote_->Deconnecte();
   }
   EXPECT_LE(Compte("/proc/self/fd"), descripteurs);
@@ -181,12 +181,12 @@ TEST_F(PiloteFichier, KeepsTheOldSourceWhenTheNewOneFails) {
   ASSERT_TRUE(Connecte(QStringLiteral("test")));
   EXPECT_FALSE(Pilote_->ChangeSource(Fichier("absent.avi")));
   EXPECT_EQ(Pilote_->Genre(), GenreSource::kTest);
-  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
   EXPECT_FALSE(Pilote_->AppliqueFormat({}));
   ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), kPetit, 25, kMjpegAvi));
   EXPECT_TRUE(Pilote_->ChangeSource(Fichier("a.avi")));
   EXPECT_EQ(Pilote_->DescriptionSource(), Fichier("a.avi"));
-  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
   EXPECT_EQ(Pilote_->CopieImage().width(), 160);
 }
 

@@ -69,7 +69,7 @@ TEST_F(PiloteRtsp, GivesThePasswordToTheCameraAndShowsItNowhere) {
   EXPECT_FALSE(Connecte(Adresse(camera)));
   ASSERT_TRUE(Connecte(Adresse(camera, "jean:tresSecret@")));
   EXPECT_TRUE(camera.VuAutorisation());
-  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
   EXPECT_FALSE(Pilote_->DescriptionSource().contains(QStringLiteral("tresSecret")));
 }
 

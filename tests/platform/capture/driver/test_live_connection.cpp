@@ -109,7 +109,7 @@ TEST_F(ConnexionVivante, AWindowCanBeClosedInTheMiddle) {
   Apres(100, [&] { Fenetre_.windowHandle()->close(); });
   EXPECT_FALSE(Connecte(Adresse()));
   EXPECT_FALSE(Fenetre_.isVisible());
-  EXPECT_FALSE(Pilote_->SaisitImage());
+  EXPECT_FALSE(SaisitProchaine(*Pilote_));
 }
 
 // The program's end ends every event loop, this one too, and the driver does not begin another.
@@ -132,7 +132,7 @@ TEST_F(ConnexionVivante, OfTwoConnectionsTheLaterOneCounts) {
   EXPECT_FALSE(Connecte(Adresse()));
   EXPECT_TRUE(seconde);
   EXPECT_EQ(Pilote_->Genre(), GenreSource::kTest);
-  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
 }
 
 // In the middle of a change of source the camera is let go: neither the new one nor the old one comes back.
@@ -140,13 +140,13 @@ TEST_F(ConnexionVivante, ACameraLetGoInTheMiddleOfAChangeStaysClosed) {
   ASSERT_TRUE(Connecte(QStringLiteral("test")));
   Apres(100, [&] { Pilote_->Deconnecte(); });
   EXPECT_FALSE(Pilote_->ChangeSource(Adresse()));
-  EXPECT_FALSE(Pilote_->SaisitImage());
+  EXPECT_FALSE(SaisitProchaine(*Pilote_));
   EXPECT_FALSE(Pilote_->SignalPerdu());
 }
 
 TEST_F(ConnexionVivante, AGoodCameraAnswersLikeBefore) {
   ASSERT_TRUE(Connecte(QStringLiteral("test")));
-  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
 }
 
 }  // namespace

@@ -77,9 +77,9 @@ TEST_F(SansPermission, ARefusedNodeGivesNoConnection) {
     if (!ordinaire.Reussi()) GTEST_SKIP() << "root cannot become anybody else here, and nothing is refused to root";
     ASSERT_NO_FATAL_FAILURE(AssureRefus(Noeud_));
     EXPECT_FALSE(ConnecteNoeud());
-    EXPECT_FALSE(Pilote_->SaisitImage());
+    EXPECT_FALSE(SaisitProchaine(*Pilote_));
     EXPECT_TRUE(Pilote_->ChangeSource(QStringLiteral("test"))) << "and another camera can be taken";
-    EXPECT_TRUE(Pilote_->SaisitImage());
+    EXPECT_TRUE(SaisitProchaine(*Pilote_));
     Pilote_.reset();
   }
   EXPECT_FALSE(guet.Ouvert()) << "it was not refused";
@@ -98,12 +98,12 @@ TEST_F(SansPermission, AFilmIsRefusedUntilItsUserMayReadIt) {
     if (!ordinaire.Reussi()) GTEST_SKIP() << "root cannot become anybody else here, and nothing is refused to root";
     ASSERT_NO_FATAL_FAILURE(AssureRefus(film));
     EXPECT_FALSE(Connecte(film));
-    EXPECT_FALSE(Pilote_->SaisitImage());
+    EXPECT_FALSE(SaisitProchaine(*Pilote_));
     Pilote_.reset();
   }
   ASSERT_NO_FATAL_FAILURE(Permet(film, true));
   EXPECT_TRUE(Connecte(film));
-  EXPECT_TRUE(Pilote_->SaisitImage());
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
 }
 
 }  // namespace

@@ -1,0 +1,152 @@
+// What comes after the driver has connected again by itself: nothing that changed meanwhile is taken for motion.
+#include "engine/engine_fixture.h"
+
+namespace vaktor {
+namespace {
+
+class Reprise : public BancEssai {
+ protected:
+  void ArmeEtPerd() {
+    Reglages.PhotoActif = Reglages.MailActif = Reglages.SonActif = true;
+    ArmeSurNoir();
+    Pilote.Muette = Pilote.Perdu = true;
+    Temps.Avance(3'600'000);
+  }
+  void Revient(const QImage& image) {
+    Pilote.Muette = Pilote.Perdu = false;
+    Pilote.Reprise = true;
+    Trame(image);
+  }
+  qint32 Alarmes() const { return Actions.Photos + Actions.Mails + Actions.Sons; }
+};
+
+TEST_F(Reprise, AnHourOfDuskAlarmsNobody) {
+  ArmeEtPerd();
+  Revient(AvecPoints(400));
+  EXPECT_EQ(Detection().NbrPoints, 0) << "stored, not compared";
+  EXPECT_NE(Affichage.Libelle, LibelleAlarme::kIntrusion);
+  Temps.Avance(5000);
+  EXPECT_EQ(Alarmes(), 0);
+  EXPECT_EQ(Detection().NbrPoints, 0);
+  EXPECT_TRUE(Sante.Details.isEmpty());
+}
+
+TEST_F(Reprise, FirstFrameIsWhatTheNextOnesAreComparedWith) {
+  ArmeEtPerd();
+  Revient(AvecPoints(400));
+  Horloge.Millisecondes += 2000;
+  Trame(AvecPoints(400));
+  EXPECT_EQ(Detection().NbrPoints, 0);
+  Trame(AvecPoints(350));
+  EXPECT_EQ(Detection().NbrPoints, 50);
+  EXPECT_EQ(Actions.Photos, 1);
+}
+
+// The exposure of a camera that was just opened goes up and down. It shows, and does not act.
+TEST_F(Reprise, ForASecondNothingActs) {
+  ArmeEtPerd();
+  Revient(AvecPoints(400));
+  bool paire = false;
+  int montrees = 0;
+  Pilote.Suivante = [&] {
+    paire = !paire;
+    return paire ? Unie(0) : AvecPoints(400);
+  };
+  for (int t = 30; t < 1000; t += 30) {
+    Horloge.Millisecondes += 30;
+    Tic();
+    montrees += Affichage.Libelle == LibelleAlarme::kIntrusion ? 1 : 0;
+    ASSERT_EQ(Alarmes(), 0) << t;
+  }
+  EXPECT_EQ(montrees, 33);
+  Horloge.Millisecondes += 30;  // a second is over; this frame is compared with one from within it
+  Tic();
+  EXPECT_EQ(Alarmes(), 0);
+  Horloge.Millisecondes += 30;
+  Tic();
+  EXPECT_EQ(Actions.Photos, 1);
+  EXPECT_EQ(Actions.Mails, 1);
+  EXPECT_EQ(Actions.Sons, 1);
+}
+
+// Frames a second apart: the first is taken in the dark, the second when the exposure has settled.
+TEST_F(Reprise, WithAFrameASecondTheFirstSettledOneActsForNobodyEither) {
+  ArmeEtPerd();
+  Revient(Unie(qRgb(3, 3, 3)));
+  Horloge.Millisecondes += 1000;
+  Trame(AvecPoints(400));
+  EXPECT_EQ(Detection().NbrPoints, 400);
+  EXPECT_EQ(Alarmes(), 0);
+  Horloge.Millisecondes += 1000;
+  Trame(Unie(0));
+  EXPECT_EQ(Actions.Photos, 1);
+}
+
+TEST_F(Reprise, ASecondLossInTheMiddleBeginsTheSecondAnew) {
+  ArmeEtPerd();
+  Revient(AvecPoints(400));
+  Horloge.Millisecondes += 900;
+  Revient(Unie(0));
+  Horloge.Millisecondes += 900;
+  Trame(AvecPoints(400));
+  Horloge.Millisecondes += 30;
+  Trame(Unie(0));
+  EXPECT_EQ(Alarmes(), 0);
+}
+
+TEST_F(Reprise, FrameOfAnotherSizeIsStoredInItsNewZone) {
+  ArmeEtPerd();
+  Revient(AvecPoints(400, 90, 90));
+  EXPECT_EQ(Engin.Surface().Taille(), QSize(90, 90));
+  Horloge.Millisecondes += 30;
+  Trame(AvecPoints(400, 90, 90));
+  EXPECT_EQ(Detection().NbrPoints, 0);
+}
+
+TEST_F(Reprise, SmallViewOfChangedPointsStaysEmpty) {
+  ArmeEtPerd();
+  Engin.ChoisitModeZoom(false);
+  const qint32 vues = Affichage.VuesPixel;
+  Revient(AvecPoints(400));
+  EXPECT_EQ(Affichage.VuesPixel, vues);
+}
+
+TEST_F(Reprise, ToleranceDoesNotActOnTheFrameThatWasOnlyStored) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  Reglages.SeuilAuto = true;
+  Trame(AvecPoints(50));
+  Temps.Avance(1);
+  Pilote.Muette = true;
+  Temps.Avance(1000);
+  const qint32 seuil = Reglages.SeuilDetection;
+  Pilote.Muette = false;
+  Pilote.Reprise = true;
+  Image(Unie(0));
+  Tic();
+  Pilote.Muette = true;
+  Temps.Avance(1000);
+  EXPECT_EQ(Reglages.SeuilDetection, seuil);
+}
+
+TEST_F(Reprise, LiveImageOfTheFirstFrameGoesOut) {
+  ArmeEtPerd();
+  Live.Actif = true;
+  Revient(AvecPoints(400));
+  EXPECT_EQ(Live.Publications, 1);
+}
+
+// A frame whose signal was lost without a new connection, and a camera that the user starts anew, are as they were.
+TEST_F(Reprise, OnlyAConnectionByItselfCounts) {
+  ArmeEtPerd();
+  Pilote.Muette = Pilote.Perdu = false;
+  Trame(AvecPoints(400));
+  EXPECT_EQ(Actions.Photos, 1);
+  Engin.BasculeCamera();
+  Engin.BasculeCamera();
+  Trame(Unie(0));
+  EXPECT_GT(Detection().NbrPoints, 0) << "compared with the last samples of the run before";
+}
+
+}  // namespace
+}  // namespace vaktor
