@@ -37,7 +37,6 @@ void Vaktor::AbandonneDepart() {
     EssaieJusquauBout([this] { Moteur_->DeconnectePilote(); });
     EssaieJusquauBout([this] { Moteur_->Arrete(); });
   }
-  ArreteEveil();
   // The start arguments may have brought the monitor up before the step that failed.
   if (FormMonitor_) FormMonitor_->hide();
   if (Form1_) Form1_->hide();
@@ -60,7 +59,6 @@ void Vaktor::FermeApplication() {
   EssaieJusquauBout([this] { ArreteSante(); });
   EssaieJusquauBout([this] { Live_->CoupeLive(); });
   EssaieJusquauBout([this] { Moteur_->Arrete(); });  // no tick of the engine comes from here on
-  ArreteEveil();                                     // the machine may sleep again
   PrevientCompagnons();
   Pompe();
   SauveAvantFin();

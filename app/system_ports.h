@@ -20,7 +20,6 @@
 #include "engine/ports/event_pump.h"
 #include "engine/ports/interface_sounds.h"
 #include "engine/ports/timers.h"
-#include "health/ports/awake_machine.h"
 #include "health/ports/desktop_notifier.h"
 #include "health/ports/mail_drop.h"
 #include "image/jpeg_writer.h"
@@ -58,7 +57,6 @@ struct PortsSysteme {
   Processus& Programmes;
   LecteurBoites& BoitesPubliees;
   MesureurDossier& Mesureur;
-  MachineEveillee& Machine;
   Ouvreur& Navigateur;
   RegistreComptes& Comptes;  ///< the mail accounts of this machine
   EssaiReglages& EssaiMail;

@@ -10,7 +10,6 @@
 #include <optional>
 
 #include "engine/ports/clock.h"
-#include "engine/ports/moment.h"
 #include "engine/ports/timers.h"
 #include "health/conditions.h"
 #include "health/ports/health_report.h"
@@ -81,7 +80,7 @@ class SanteVeille : public RapportSante {
   void Reveille();
   void Tic();
   bool Regarde(Case& cas);
-  QDateTime Maintenant() const { return LitMoment(Temps_); }
+  QDateTime Maintenant() const { return {Temps_.DonneDate(), Temps_.DonneHeure()}; }
 
   const Horloge& Temps_;
   std::unique_ptr<Minuterie> Minuterie_;
