@@ -1,6 +1,4 @@
 // The real program, armed, with its photos on a real disk that falls silent.
-#include <csignal>
-
 #include <QElapsedTimer>
 #include <QProcess>
 #include <QThread>
@@ -34,6 +32,7 @@ class ProgrammeEtDisqueMuet : public SurDisqueVolatil {
     ASSERT_TRUE(Programme.waitForStarted());
   }
   ~ProgrammeEtDisqueMuet() override {
+    Disque.reset();  // first: a call that is not answered keeps the program from ending
     Programme.kill();
     Programme.waitForFinished();
   }
@@ -60,7 +59,7 @@ TEST_F(ProgrammeEtDisqueMuet, RecordsAgainWhenItAnswersAndEndsWhileItDoesNot) {
   ASSERT_TRUE(Disque->Repond());
   const qsizetype avant = Photos();
   ASSERT_TRUE(Attend([&] { return Photos() > avant + 5; }));
-  ASSERT_TRUE(Disque->SeTait());
+  ASSERT_TRUE(Disque->Gele());
   QThread::msleep(2000);
   // The end saves, asks the companions to leave and waits for no disk that is silent.
   Programme.terminate();
@@ -71,7 +70,13 @@ TEST_F(ProgrammeEtDisqueMuet, RecordsAgainWhenItAnswersAndEndsWhileItDoesNot) {
 TEST_F(ProgrammeEtDisqueMuet, StartsOnADiskThatIsSilentAndKeepsItsSetting) {
   ASSERT_TRUE(Disque->SeTait());
   Lance();
-  QThread::msleep(6000);
+  const auto reglages = [this] {
+    return essai::LitTexte(Ailleurs() + QStringLiteral("/prive/vaktor.ini")).remove(QLatin1Char('"'));
+  };
+  // The size of the picture is stored with the first frame.
+  ASSERT_TRUE(Attend([&] { return reglages().contains(QStringLiteral("\nwidth=640\n")); })) << "it watches";
+  EXPECT_TRUE(reglages().contains(QStringLiteral("\nrepertoire=") + Chemin() + QLatin1Char('\n')));
+  QThread::msleep(4000);
   ASSERT_TRUE(Disque->Repond());
   ASSERT_TRUE(Attend([this] { return Photos() > 5; })) << "in the folder that was silent at the start";
   Programme.terminate();
