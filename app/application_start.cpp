@@ -93,8 +93,8 @@ FormMonitor& Vaktor::Moniteur() {
 FormVisuPhoto& Vaktor::Galerie() {
   if (!FormVisuPhoto_) {
     Galerie_ = std::make_unique<GaleriePhotos>(PortsGalerie{Reglages_, Systeme_.Dossiers, Etat_, *Sauvegarde_, Textes_,
-                                                            Systeme_.Disque, Systeme_.Noms, Systeme_.Lecteur,
-                                                            Systeme_.Boites, Systeme_.Pompe, Systeme_.Navigateur});
+                                                            Systeme_.Noms, Systeme_.Lecteur, Systeme_.Effaceur,
+                                                            Systeme_.Boites, Systeme_.Navigateur});
     FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_, Systeme_.Dossiers);
     CreeRepertoire(*FormVisuPhoto_);
   }

@@ -55,6 +55,7 @@ PortsSysteme SystemeReel::Ports() {
           .Ecrivain = Ecrivain_,
           .Noms = Noms_,
           .Lecteur = Lecteur_,
+          .Effaceur = Effaceur_,
           .Arbre = Arbre_,
           .Sonde = Sonde_,
           .Sons = Sons_,

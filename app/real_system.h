@@ -17,6 +17,8 @@
 #include "platform/disk/bounded_files.h"
 #include "platform/disk/space_query.h"
 #include "platform/folders/companion_status_reader.h"
+#include "platform/folders/photo_file_eraser.h"
+#include "platform/folders/photo_file_reader.h"
 #include "platform/folders/photo_names_reader.h"
 #include "platform/folders/system_folders.h"
 #include "platform/image/jpeg_photo_reader.h"
@@ -58,7 +60,8 @@ class SystemeReel {
   FichiersBornes DisqueBorne_;  // all that may lie on a disk of the user's
   EcrivainJpegFichier Ecrivain_{Encodeur_, DisqueBorne_};
   LecteurNomsSysteme Noms_;
-  LecteurPhotosFichier Lecteur_;
+  LecteurPhotosSysteme Lecteur_{LitPhotoJpeg};
+  EffaceurPhotosSysteme Effaceur_;
   ArbreDossiersSysteme Arbre_;
   SondeEspaceSysteme Sonde_;
   OuvreurBureau Navigateur_;

@@ -24,6 +24,7 @@
 #include "health/ports/mail_drop.h"
 #include "image/jpeg_writer.h"
 #include "image/ports/folder_tree.h"
+#include "image/ports/photo_eraser.h"
 #include "image/ports/photo_names.h"
 #include "image/ports/photo_reader.h"
 #include "image/ports/space_query.h"
@@ -50,7 +51,8 @@ struct PortsSysteme {
   BoitesMessage& Boites;
   EcrivainJpeg& Ecrivain;
   LecteurNoms& Noms;
-  const LecteurPhotos& Lecteur;
+  LecteurPhotos& Lecteur;
+  EffaceurPhotos& Effaceur;
   ArbreDossiers& Arbre;
   SondeEspace& Sonde;
   SonsInterface& Sons;

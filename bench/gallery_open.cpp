@@ -17,8 +17,8 @@
 #include <vector>
 
 #include "image/forms/form_visu_photo.h"
-#include "platform/base/event_pump.h"
-#include "platform/base/system_files.h"
+#include "platform/folders/photo_file_eraser.h"
+#include "platform/folders/photo_file_reader.h"
 #include "platform/folders/photo_names_reader.h"
 #include "platform/image/jpeg_photo_reader.h"
 
@@ -95,12 +95,11 @@ struct Banc {
   SansSauvegarde Sauvegarde;
   SansBoites Boites;
   SansOuvreur Bureau;
-  FichiersSysteme Disque;
   LecteurNomsSysteme Noms;
-  LecteurPhotosFichier Lecteur;
-  PompeEvenementsQt Pompe;
+  LecteurPhotosSysteme Lecteur{LitPhotoJpeg};
+  EffaceurPhotosSysteme Effaceur;
   GaleriePhotos Galerie{
-      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Disque, Noms, Lecteur, Boites, Pompe, Bureau}};
+      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Noms, Lecteur, Effaceur, Boites, Bureau}};
   Fenetre Forme{Galerie, Reglages, Textes, Dossiers};
 };
 
@@ -183,7 +182,7 @@ void MesureListe(Banc& banc) {
     }));
   }
   Dit("a step of scrolling", pas);
-  for (int i = 0; i < 100; ++i) photos.push_back(Chronometre([&] { QTest::keyClick(liste, Qt::Key_Down); }));
+  for (int i = 0; i < 100; ++i) photos.push_back(JusquAuTitre(banc, [&] { QTest::keyClick(liste, Qt::Key_Down); }));
   Dit("a photo by the arrow key", photos);
 }
 

@@ -1,5 +1,8 @@
 #include "image/folder_choice.h"
 
+#include <utility>
+
+#include "base/failure.h"
 #include "image/folder_words.h"
 #include "image/free_space.h"
 
@@ -109,8 +112,21 @@ bool ChoixDossier::Valide() {
         Ports_.Textes.Messages(4), BoutonsBoite::kOk);
     if (Chemin_ != Ports_.Arbre.DonneChemin(reglages.RepertoirePhoto)) return false;
   }
-  reglages.RepertoirePhoto = Chemin_;
-  if (reglages.ParametresModifies) Ports_.Sauvegarde.SauveParametres();
+  const QString avant = std::exchange(reglages.RepertoirePhoto, Chemin_);
+  try {
+    if (reglages.ParametresModifies) Ports_.Sauvegarde.SauveParametres();
+  } catch (const Echec& echec) {
+    // A folder that the next start does not know would lose its photos from sight: the choice is none. The gallery has
+    // not followed yet, and the form stays for another try.
+    reglages.RepertoirePhoto = avant;
+    Ports_.Boites.MontreMessage(DitDossierNonSauve(reglages.LangueCourante, echec.Description(),
+                                                   Ports_.Arbre.DonneChemin(reglages.RepertoirePhoto)),
+                                Ports_.Textes.Messages(4), BoutonsBoite::kOk);
+    return false;
+  } catch (...) {
+    reglages.RepertoirePhoto = avant;
+    throw;
+  }
   return true;
 }
 

@@ -44,8 +44,8 @@ class ChoixDossier {
   void ChangeDossier(const QString& chemin);
   /// Command2: makes the folder `nom` in Chemin and stands on it. Silent when that fails.
   void CreeDossier(const QString& nom);
-  /// Command1, first half: Chemin becomes RepertoirePhoto. False after a message, with everything as it was. Throws
-  /// what the save throws.
+  /// Command1, first half: Chemin becomes RepertoirePhoto. False after one message, with everything as it was: the
+  /// folder cannot take a photo, or the save failed.
   bool Valide();
   /// Command1, second half: the gallery follows, which takes as long as its folder is read. Then `fini`, which unloads
   /// the form.

@@ -38,6 +38,13 @@ QString DitEtatDossier(qint32 langue, EtatDossier etat, const QString& dossier) 
   return phrase.isEmpty() ? phrase : phrase.arg(dossier);
 }
 
+QString DitDossierNonSauve(qint32 langue, const QString& raison, const QString& garde) {
+  return raison + u'\n' +
+         ChoisitLangue(langue, QStringLiteral("Le dossier des photos reste « %1 »."),
+                       QStringLiteral("The photo folder is still \"%1\"."))
+             .arg(garde);
+}
+
 QString DitDossierRefuse(qint32 langue, EtatDossier etat, const QString& dossier, const QString& garde) {
   const QString suite = ChoisitLangue(
       langue, QStringLiteral("Aucune photo ne peut y être enregistrée. Le dossier des photos reste « %1 »."),

@@ -11,5 +11,7 @@ namespace vaktor {
 QString DitEtatDossier(qint32 langue, EtatDossier etat, const QString& dossier);
 /// The same, and which folder the photos stay in.
 QString DitDossierRefuse(qint32 langue, EtatDossier etat, const QString& dossier, const QString& garde);
+/// Why the choice of a folder could not be saved (`raison`, one sentence), and which folder the photos stay in.
+QString DitDossierNonSauve(qint32 langue, const QString& raison, const QString& garde);
 
 }  // namespace vaktor

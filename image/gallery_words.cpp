@@ -20,6 +20,11 @@ QString DitRaison(qint32 langue, EtatPhoto etat) {
       return Choisit(langue, "le fichier est vide", "the file is empty");
     case EtatPhoto::kTropGrande:
       return Choisit(langue, "elle est trop grande", "it is too large");
+    case EtatPhoto::kSansMoyens:
+      return Choisit(langue, "l'ordinateur manque de mémoire pour l'instant",
+                     "the computer lacks memory at the moment");
+    case EtatPhoto::kSansReponse:
+      return Choisit(langue, "le disque ne répond pas encore", "the disk does not answer yet");
     case EtatPhoto::kIllisible:
     case EtatPhoto::kLue:
       break;
@@ -55,10 +60,29 @@ QString DitPhotoImpossible(qint32 langue, EtatPhoto etat, const QString& nom) {
       .arg(nom, DitRaison(langue, etat));
 }
 
-QString DitRepertoireAbsent(qint32 langue, const QString& dossier) {
-  return Choisit(langue, "le répertoire des photos « %1 » n'existe pas ou ne peut pas être lu.",
-                 "the folder of the pictures \"%1\" does not exist or cannot be read.")
-      .arg(dossier);
+QString DitLectureImpossible(qint32 langue, EtatNoms etat, const QString& dossier) {
+  switch (etat) {
+    case EtatNoms::kIllisible:
+      return Choisit(langue, "le répertoire des photos « %1 » n'existe pas ou ne peut pas être lu.",
+                     "the folder of the pictures \"%1\" does not exist or cannot be read.")
+          .arg(dossier);
+    case EtatNoms::kErreurDisque:
+      return Choisit(langue,
+                     "le disque du répertoire des photos « %1 » a signalé une erreur : la liste n'est pas complète.",
+                     "the disk of the folder of the pictures \"%1\" has reported an error: the list is not complete.")
+          .arg(dossier);
+    case EtatNoms::kSansMoyens:
+      return Choisit(langue,
+                     "l'ordinateur manque de mémoire pour lire le répertoire des photos « %1 ». Cliquez sur "
+                     "« Rafraîchir » pour réessayer.",
+                     "the computer lacks the memory to read the folder of the pictures \"%1\". Click on \"Refresh\" to "
+                     "try again.")
+          .arg(dossier);
+    case EtatNoms::kLus:
+    case EtatNoms::kSansReponse:
+      break;
+  }
+  return {};
 }
 
 QString AvisSansReponse(qint32 langue, const QString& dossier) {
@@ -78,6 +102,14 @@ QString DitPhotosRestees(qint32 langue, const QStringList& noms) {
                Choisit(langue, "et %1 autre(s).", "and %1 more.").arg(QString::number(noms.size() - kNomsDits));
   }
   return message;
+}
+
+QString DitEffacementArrete(qint32 langue, EtatEffacement etat, const QStringList& noms) {
+  const QString raison = etat == EtatEffacement::kSansReponse
+                             ? Choisit(langue, "Le disque ne répond pas.", "The disk does not answer.")
+                             : Choisit(langue, "L'ordinateur manque de mémoire pour l'instant.",
+                                       "The computer lacks memory at the moment.");
+  return raison + QStringLiteral("\r\n") + DitPhotosRestees(langue, noms);
 }
 
 QString MotListePhotos(qint32 langue) { return Choisit(langue, "Liste des photos", "List of pictures"); }

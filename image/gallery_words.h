@@ -5,6 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "image/ports/photo_eraser.h"
+#include "image/ports/photo_names.h"
 #include "image/ports/photo_reader.h"
 
 namespace vaktor {
@@ -19,9 +21,12 @@ QString AvisAucunePhoto(qint32 langue);
 QString AvisSansReponse(qint32 langue, const QString& dossier);
 /// One sentence for a message.
 QString DitPhotoImpossible(qint32 langue, EtatPhoto etat, const QString& nom);
-QString DitRepertoireAbsent(qint32 langue, const QString& dossier);
+/// Empty for kLus and kSansReponse.
+QString DitLectureImpossible(qint32 langue, EtatNoms etat, const QString& dossier);
 /// Names the photos that could not be deleted, the first ten of them, and counts the rest.
 QString DitPhotosRestees(qint32 langue, const QStringList& noms);
+/// Why a deletion ended before its last photo, and these names. Not for kFait.
+QString DitEffacementArrete(qint32 langue, EtatEffacement etat, const QStringList& noms);
 /// The list and the progress window, for those who hear the window.
 QString MotListePhotos(qint32 langue);
 QString MotEffacement(qint32 langue);

@@ -1,97 +1,130 @@
 // Deletion of one photo and of all that the list shows.
 #include <QSet>
+#include <utility>
 
 #include "image/gallery_words.h"
 #include "image/photo_gallery.h"
 
 namespace vaktor {
-namespace {
-
-// Deleting tens of thousands of photos takes seconds; after so many the waiting events run, so that detection keeps its
-// cadence.
-constexpr int kPhotosEntrePompes = 100;
-
-}  // namespace
 
 // What is being read decides which photo is selected, and in which folder: the question waits for it.
 void GaleriePhotos::SupprimePhoto() {
-  if (EnEffacement_ || EstDeposee(Genre::kEffacementUne)) return;
-  Depose({.Quoi = Genre::kEffacementUne});
+  if (!EstDeposee(Genre::kEffacementUne)) Depose(Geste::kEfface, {.Quoi = Genre::kEffacementUne});
 }
 
 void GaleriePhotos::SupprimeTout() {
-  if (EnEffacement_ || EstDeposee(Genre::kEffacementToutes)) return;
-  Depose({.Quoi = Genre::kEffacementToutes});
+  if (!EstDeposee(Genre::kEffacementToutes)) Depose(Geste::kEfface, {.Quoi = Genre::kEffacementToutes});
 }
 
-void GaleriePhotos::DemandeEffacementUne() {
-  if (Index_ < 0) return;
-  const QString entree = Entrees_.value(Index_);
-  const QString question = Ports_.Textes.Messages(22) + QStringLiteral("\r\n\"") + entree + QStringLiteral("\" ?");
-  if (Ports_.Boites.MontreMessage(question, QString(), BoutonsBoite::kOuiNon) == ReponseBoite::kOui) EffaceUne(entree);
-}
-
-void GaleriePhotos::EffaceUne(const QString& entree) {
-  EnEffacement_ = true;
-  Efface(Ports_.Reglages.RepertoirePhoto, entree);
-  Ports_.Pompe.PompeMessages();
-  // The picture stays on display until another is shown.
-  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this] { EnEffacement_ = false; }, .Voulues = {entree}});
-}
-
-void GaleriePhotos::DemandeEffacementToutes() {
-  if (Ports_.Boites.MontreMessage(Ports_.Textes.Messages(14), Ports_.Textes.Messages(15), BoutonsBoite::kOuiNon) !=
-      ReponseBoite::kOui) {
+// Folder and names as they are when the question comes up: what comes into the folder from here on stays, and whatever
+// folder is chosen meanwhile, none of its photos is meant.
+void GaleriePhotos::DemandeEffacement() {
+  const bool toutes = EnCours_->Quoi == Genre::kEffacementToutes;
+  const quint64 numero = EnCours_->Numero;
+  const QStringList voulues = toutes ? Entrees_ : QStringList(Entrees_.mid(Index_, Index_ < 0 ? 0 : 1));
+  const QString dossier = Chemin_;
+  const bool accord = (toutes || !voulues.isEmpty()) && DemandeAccord(voulues);
+  // Events have run under the question, the end of the window or of the program among them.
+  if (!EstEnCours(numero)) return;
+  if (!accord || Ports_.Etat.EnFermeture) {
+    Cloture(numero, true);
     return;
   }
-  // As the list is now: what comes into the folder from here on, also while events run, stays.
-  const QStringList voulues = Entrees_;
-  EffaceToutes(voulues);
+  EnCours_->Voulues = voulues;
+  EnCours_->Chemins.reserve(voulues.size());
+  for (const QString& entree : voulues) EnCours_->Chemins += CheminDe(dossier, entree);
+  if (toutes) {
+    EnCours_->Fin = [this] { TermineEffacement(); };
+    Affichage_->OuvreProgression(static_cast<int>(voulues.size()) - 1);  // -1 for an empty folder: it opens and goes
+  }
+  PoursuitEffacement();
 }
 
-void GaleriePhotos::EffaceToutes(const QStringList& voulues) {
-  const QString dossier = Ports_.Reglages.RepertoirePhoto;
-  const int dernier = static_cast<int>(voulues.size()) - 1;  // -1 for an empty folder: the window opens and goes
-  EnEffacement_ = true;
-  Affichage_->OuvreProgression(dernier);
-  Ports_.Pompe.PompeMessages();
-  for (int i = 0; i <= dernier; ++i) {
-    Efface(dossier, voulues.at(i));
-    Affichage_->AvanceProgression(i);
-    if ((i + 1) % kPhotosEntrePompes == 0) Ports_.Pompe.PompeMessages();
-    if (Ports_.Etat.EnFermeture) {  // the end waits for nothing; the rest stays
-      TermineEffacement();
-      return;
-    }
+bool GaleriePhotos::DemandeAccord(const QStringList& voulues) {
+  const TablesTextes& textes = Ports_.Textes;
+  const bool toutes = EnCours_->Quoi == Genre::kEffacementToutes;
+  const QString question =
+      toutes ? textes.Messages(14)
+             : textes.Messages(22) + QStringLiteral("\r\n\"") + voulues.first() + QStringLiteral("\" ?");
+  EnQuestion_ = true;
+  const ReponseBoite reponse =
+      Ports_.Boites.MontreMessage(question, toutes ? textes.Messages(15) : QString(), BoutonsBoite::kOuiNon);
+  EnQuestion_ = false;
+  return reponse == ReponseBoite::kOui;
+}
+
+// Slice by slice, from the event loop: the window and detection go on between them.
+void GaleriePhotos::PoursuitEffacement() {
+  if (EnCours_->Essayees >= EnCours_->Chemins.size()) {
+    RelitApresEffacement(false);
+    return;
   }
-  Depose({.Quoi = Genre::kSuiteEffacement, .Fin = [this] { TermineEffacement(); }, .Voulues = voulues});
+  const QStringList chemins = EnCours_->Chemins;
+  Ports_.Effaceur.Efface(chemins, EnCours_->Essayees,
+                         [this](const TrancheEffacee& tranche) { RecoitTranche(tranche); });
+}
+
+void GaleriePhotos::RecoitTranche(const TrancheEffacee& tranche) {
+  if (Ports_.Etat.EnFermeture) {  // the end waits for nothing; the rest stays
+    Abandonne();
+    return;
+  }
+  const quint64 numero = EnCours_->Numero;
+  try {
+    EnCours_->Essayees += tranche.Essayees;
+    if (EnCours_->Quoi == Genre::kEffacementToutes && tranche.Essayees > 0) {
+      Affichage_->AvanceProgression(static_cast<int>(EnCours_->Essayees) - 1);
+    }
+    tranche.Etat == EtatEffacement::kFait ? PoursuitEffacement() : ArreteEffacement(tranche.Etat);
+  } catch (...) {
+    Cloture(numero, false);
+    throw;
+  }
+}
+
+// What was not tried is named at once: the list, which would tell, lies on the disk that keeps everybody waiting.
+void GaleriePhotos::ArreteEffacement(EtatEffacement etat) {
+  Ports_.Effaceur.Oublie();
+  const QStringList restees = EnCours_->Voulues.mid(EnCours_->Essayees);
+  EnCours_->Voulues.resize(EnCours_->Essayees);
+  if (const auto fin = std::exchange(EnCours_->Fin, nullptr)) fin();
+  RelitApresEffacement(true);
+  if (!restees.isEmpty()) AnnonceBoite(DitEffacementArrete(Ports_.Reglages.LangueCourante, etat, restees));
+}
+
+// The picture of a single photo stays on display until another is shown.
+void GaleriePhotos::RelitApresEffacement(bool arretee) {
+  Attente_.push_front({.Quoi = Genre::kSuiteEffacement,
+                       .Fin = std::move(EnCours_->Fin),
+                       .Voulues = std::move(EnCours_->Voulues),
+                       .Arretee = arretee,
+                       .Numero = ++Numero_});
+  EnCours_.reset();
+  LanceSuivante();
 }
 
 void GaleriePhotos::TermineEffacement() {
+  OubliePhotos();
   Affichage_->FermeProgression();
   Affichage_->MontrePhoto({});
   Place_ = Place::kVide;
   DitListeVide();
-  EnEffacement_ = false;
-}
-
-void GaleriePhotos::Efface(const QString& dossier, const QString& entree) {
-  const QString chemin = CheminDe(dossier, entree);
-  if (!chemin.isEmpty()) Ports_.Disque.Supprime(chemin);
 }
 
 // What the new list still shows was not deleted, whatever the file system said of it. A list that comes late says so
 // late: a disk may need its time for what was deleted.
 void GaleriePhotos::AnnonceRestees(const QStringList& voulues) {
-  if (voulues.isEmpty() || Ports_.Etat.EnFermeture) return;
   const QSet<QString> listees(Entrees_.cbegin(), Entrees_.cend());
   QStringList restees;
   for (const QString& entree : voulues) {
     if (listees.contains(entree)) restees += entree;
   }
-  if (restees.isEmpty()) return;
-  Ports_.Boites.MontreMessage(DitPhotosRestees(Ports_.Reglages.LangueCourante, restees), Ports_.Textes.Messages(4),
-                              BoutonsBoite::kOk);
+  if (!restees.isEmpty()) AnnonceBoite(DitPhotosRestees(Ports_.Reglages.LangueCourante, restees));
+}
+
+void GaleriePhotos::AnnonceBoite(const QString& message) {
+  if (Ports_.Etat.EnFermeture) return;
+  Ports_.Boites.MontreMessage(message, Ports_.Textes.Messages(4), BoutonsBoite::kOk);
 }
 
 }  // namespace vaktor

@@ -1,5 +1,7 @@
 #include "image/photo_gallery.h"
 
+#include <utility>
+
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "image/gallery_words.h"
@@ -53,23 +55,88 @@ void GaleriePhotos::GlisseGauche() {
 }
 
 // A photo that cannot be shown is no failure of the gallery: its name stays listed, and its place says what is wrong.
-void GaleriePhotos::MontreEntree() {
-  const QString entree = Entrees_.value(Index_);
-  DitPhoto(LitEntree(entree), entree);
-  AfficheNombrePhotos();
+void GaleriePhotos::MontreEntree() { DemandeLaPhoto(Entrees_.value(Index_), {}); }
+
+// One at a time, so that a key that is held down does not fill the machine with pictures that nobody waits for; but
+// nothing waits for one whose disk does not answer.
+void GaleriePhotos::DemandeLaPhoto(const QString& entree, std::function<void(const PhotoLue&)> suite) {
+  if (PhotoTarde_) OubliePhotos();
+  PhotoVoulue_ = DemandePhoto{.Entree = entree, .Suite = std::move(suite), .Numero = ++Numero_};
+  LancePhoto();
 }
 
-void GaleriePhotos::ChargeEntree(int index) {
-  const QString entree = Entrees_.value(index);
-  const PhotoLue lue = LitEntree(entree);
-  DitPhoto(lue, entree);
-  if (lue.Etat == EtatPhoto::kLue) return;
+void GaleriePhotos::LancePhoto() {
+  if (!PhotoVoulue_ || PhotoEnCours_ || Ports_.Etat.EnFermeture) return;
+  if (DonneTour(DonneOccupation(), Geste::kMontre) != Tour::kTout) return;
+  PhotoEnCours_ = std::exchange(PhotoVoulue_, std::nullopt);
+  const quint64 numero = PhotoEnCours_->Numero;
+  const QString chemin = CheminDe(Ports_.Reglages.RepertoirePhoto, PhotoEnCours_->Entree);
+  try {
+    if (chemin.isEmpty()) {
+      RecoitPhoto({.Etat = EtatPhoto::kAbsente});
+    } else {
+      Ports_.Lecteur.LitPhoto(chemin, [this](const PhotoLue& lue) { RecoitPhoto(lue); });
+    }
+  } catch (...) {
+    // Not even asked for: the next one must not wait for it.
+    if (PhotoEnCours_ && PhotoEnCours_->Numero == numero) OubliePhotos();
+    throw;
+  }
+}
+
+void GaleriePhotos::RecoitPhoto(const PhotoLue& lue) {
+  if (Ports_.Etat.EnFermeture) {
+    OubliePhotos();
+    return;
+  }
+  const QString entree = PhotoEnCours_->Entree;
+  const auto suite = std::exchange(PhotoEnCours_->Suite, nullptr);
+  const bool tarde = lue.Etat == EtatPhoto::kSansReponse;
+  // Waited for in vain, it counts only where it is still looked for.
+  const bool passee = (tarde || PhotoTarde_) && !EstAttendue(entree);
+  PhotoTarde_ = tarde && !PhotoVoulue_;
+  if (tarde && PhotoVoulue_) Ports_.Lecteur.Oublie();
+  if (!PhotoTarde_) PhotoEnCours_.reset();
+  try {
+    if (suite) {
+      suite(lue);
+    } else if (!passee) {
+      DitPhoto(lue, entree);
+      AfficheNombrePhotos();
+    }
+  } catch (...) {
+    LancePhoto();
+    throw;
+  }
+  LancePhoto();
+}
+
+// It is selected, or its place says that it is waited for.
+bool GaleriePhotos::EstAttendue(const QString& entree) const {
+  const bool dite = Place_ == Place::kAvis && EtatAvis_ == EtatPhoto::kSansReponse && NomAvis_ == entree;
+  return dite || entree == Entrees_.value(Index_);
+}
+
+void GaleriePhotos::OubliePhotos() {
+  Ports_.Lecteur.Oublie();
+  PhotoEnCours_.reset();
+  PhotoVoulue_.reset();
+  PhotoTarde_ = false;
+}
+
+void GaleriePhotos::OublieImage() {
+  OubliePhotos();
+  Place_ = Place::kVide;
+  Affichage_->MontrePhoto({});
+}
+
+bool GaleriePhotos::DitDeLaPhoto(EtatPhoto etat) {
+  return etat != EtatPhoto::kLue && etat != EtatPhoto::kSansMoyens && etat != EtatPhoto::kSansReponse;
+}
+
+void GaleriePhotos::ExigeMontrable(const PhotoLue& lue, const QString& entree) const {
+  if (!DitDeLaPhoto(lue.Etat)) return;
   throw Echec(kFichierIntrouvable, DitPhotoImpossible(Ports_.Reglages.LangueCourante, lue.Etat, entree));
-}
-
-PhotoLue GaleriePhotos::LitEntree(const QString& entree) const {
-  const QString chemin = CheminDe(Ports_.Reglages.RepertoirePhoto, entree);
-  return chemin.isEmpty() ? PhotoLue{.Etat = EtatPhoto::kAbsente} : Ports_.Lecteur.LitPhoto(chemin);
 }
 
 void GaleriePhotos::DitPhoto(const PhotoLue& lue, const QString& entree) {

@@ -10,12 +10,12 @@
 #include "base/ports/message_boxes.h"
 #include "base/ports/opener.h"
 #include "base/program_folders.h"
-#include "engine/ports/event_pump.h"
+#include "image/gallery_turns.h"
 #include "image/ports/gallery_display.h"
+#include "image/ports/photo_eraser.h"
 #include "image/ports/photo_names.h"
 #include "image/ports/photo_reader.h"
 #include "settings/parameters.h"
-#include "settings/ports/files.h"
 #include "settings/saving.h"
 #include "ui/texts/text_tables.h"
 
@@ -28,23 +28,22 @@ struct PortsGalerie {
   const EtatApplication& Etat;
   SauvegardeParametres& Sauvegarde;
   const TablesTextes& Textes;
-  Fichiers& Disque;
   LecteurNoms& Noms;
-  const LecteurPhotos& Lecteur;
+  LecteurPhotos& Lecteur;
+  EffaceurPhotos& Effaceur;
   BoitesMessage& Boites;
-  PompeEvenements& Pompe;
   Ouvreur& Bureau;
 };
 
 /// The rules behind FormVisuPhoto. Entries are file names without folder, sorted by name; the list is not watched.
-/// Photos are read and deleted at RepertoirePhoto, "\", entry, whatever folder the list was read from.
+/// Photos are shown from RepertoirePhoto, "\", entry, whatever folder the list was read from. Deleted they are in the
+/// folder of the list and in no other.
 ///
-/// A folder of tens of thousands is read while the window and detection go on. What is asked for meanwhile waits its
-/// turn, so that each step finds what the one before it left, as if nothing had been waited for. Failures come out of
-/// the event loop.
+/// Folders and photos are read, and photos deleted, while the window and detection go on. What is asked for meanwhile
+/// waits its turn (gallery_turns.h), so that each step finds what the one before it left, as if nothing had been waited
+/// for. Failures come out of the event loop, and leave a list that can be worked with.
 ///
-/// Owner: app/. User-interface thread; while a deletion lets events run, every call finds a whole list, and a second
-/// deletion does nothing.
+/// Owner: app/. User-interface thread.
 class GaleriePhotos {
  public:
   explicit GaleriePhotos(const PortsGalerie& ports);
@@ -58,13 +57,16 @@ class GaleriePhotos {
 
   /// Opens the gallery on RepertoirePhoto. A folder that is gone or may not be read, or a first photo that cannot be
   /// shown makes it the folder "\intrus" of the program, in memory, without a word. Fails with an Echec when that one
-  /// fails too; the window is up even then. Asked for again while it opens, it opens once.
+  /// fails too; the window is up even then. A disk that does not answer, or fails in the middle, and want of memory are
+  /// said, and the folder stays. Asked for again while it opens, it opens once.
   void OuvreGalerie();
   /// The list takes another folder and is read anew; the first entry of another folder counts as clicked. Then the
-  /// first entry is loaded, the photos are counted, and `fini` is called, once, also before a failure. Fails with an
-  /// Echec when the folder is not there or may not be read, or the photo cannot be shown.
+  /// first entry is loaded, the photos are counted, and `fini` is called, once, also before a failure. Deletions that
+  /// wait are dropped: they were about the folder before. Fails with an Echec when the folder is not there or may not
+  /// be read, or the photo cannot be shown.
   void RepointeSur(const QString& dossier, std::function<void()> fini);
-  void Rafraichit();  ///< CmdRefresh. Fails with an Echec when the folder is gone; the list is empty then
+  /// CmdRefresh. Fails with an Echec when the folder is gone; the list is empty then.
+  void Rafraichit();
 
   void OuvreRepertoire() const;  ///< CmdOpenRepPhot: the folder in the file manager
   /// Caption: "Intrusions : ", the number of entries, " Photo(s)" or " Picture(s)".
@@ -72,7 +74,8 @@ class GaleriePhotos {
   /// Says in the language of the moment what stands in the place of a picture.
   void RedisAvis();
 
-  // The events of FilePhotoVisu. An index of -1 means that no entry is selected.
+  // The events of FilePhotoVisu. An index of -1 means that no entry is selected. One photo is read at a time, and the
+  // newest that was asked for comes next; one that comes late is shown only if it is still the selected one.
   void ChoisitIndex(int index) { Index_ = index; }  ///< the user selects; shows nothing yet
   void Clique();                                    ///< also the arrow keys
   bool AppuieBoutonDroit();                         ///< true: Mnu_file is to be opened
@@ -95,50 +98,88 @@ class GaleriePhotos {
  private:
   enum class Place { kVide, kPhoto, kAvis, kAucunePhoto, kSansReponse };
   enum class Genre { kOuverture, kRepli, kRepointage, kRelecture, kSuiteEffacement, kEffacementUne, kEffacementToutes };
-  /// What waits for its turn; all but the last two read a folder.
+  /// What waits for its turn or has it; all but the last two read a folder.
   struct Demande {
     Genre Quoi = Genre::kRelecture;
-    QString Dossier = {};            // that is read, from then on
+    QString Dossier = {};            // that is read, from then on; whose photos are deleted
     bool Autre = false;              // the list has already left another folder for it
     std::function<void()> Fin = {};  // called once: when it is done, has failed or is late
-    QStringList Voulues = {};        // kSuiteEffacement: those that the list still shows then are named
+    QStringList Voulues = {};  // photos to be deleted; kSuiteEffacement: those that the list still shows are named
+    QStringList Chemins = {};  // of Voulues, as many
+    qsizetype Essayees = 0;    // of Chemins
+    bool Arretee = false;      // kSuiteEffacement: the deletion did not come to its end
+    quint64 Numero = 0;        // tells it from any other
+  };
+  /// A photo that is to be read. Only the first of a folder that is opened has a continuation: whether it can be shown
+  /// decides how the opening goes on.
+  struct DemandePhoto {
+    QString Entree = {};
+    std::function<void(const PhotoLue&)> Suite = {};
+    quint64 Numero = 0;
   };
 
-  void Depose(Demande demande);
+  // Turns (photo_turns.cpp).
+  Occupation DonneOccupation() const;
+  void Depose(Geste geste, Demande demande);
   bool EstDeposee(Genre quoi) const;
-  bool Attend() const { return EnCours_.has_value() || !Attente_.empty(); }
+  static bool EstEffacement(Genre quoi) { return quoi == Genre::kEffacementUne || quoi == Genre::kEffacementToutes; }
+  bool EstEnCours(quint64 numero) const { return EnCours_ && EnCours_->Numero == numero; }
   void LanceSuivante();
-  void LitDossier(Demande demande);
+  void Cloture(quint64 numero, bool reussie);
+  void Reprend(Genre quoi);
   void Abandonne();
   void OublieOuverture();
+  void OublieEffacements();
+
+  // Folder (photo_listing.cpp).
+  void LitDossier();
   void Recoit(const NomsPhotos& lus);
   void Patiente();
-  void QuitteListe(Demande& demande);
-  void Applique(const Demande& demande, const NomsPhotos& lus);
-  void PoursuitOuverture(const Demande& demande, const NomsPhotos& lus);
-  void OuvreSur(const Demande& demande, const NomsPhotos& lus);
-  void Repointe(const Demande& demande, const NomsPhotos& lus);
+  void QuitteListe();
+  void Applique(const NomsPhotos& lus);
+  void PoursuitOuverture(const NomsPhotos& lus);
+  void OuvreSur(const PhotoLue& lue, EtatNoms etat);
+  bool Replie();
+  void MontreMalgreTout();
+  void AcheveOuverture(EtatNoms etat);
+  void Repointe(const NomsPhotos& lus);
   void Relit(const NomsPhotos& lus);
-  void ExigeLisible(const QString& dossier, const NomsPhotos& lus) const;
-  void FixeChemin(const Demande& demande, const NomsPhotos& lus);
+  void AcheveLecture(EtatNoms etat, const std::function<void()>& exige);
+  void ExigeLecture(const QString& dossier, EtatNoms etat) const;
+  void FixeChemin(const NomsPhotos& lus);
+  void ChangeChemin(const QString& dossier);
+  void ChoisitPremiere();
   void PrendListe(const QStringList& noms);
+  void LitPremiere(std::function<void(const PhotoLue&)> suite);
+
+  // Photo (photo_gallery.cpp).
   void MontreEntree();
-  PhotoLue LitEntree(const QString& entree) const;
-  void ChargeEntree(int index);
+  void DemandeLaPhoto(const QString& entree, std::function<void(const PhotoLue&)> suite);
+  void LancePhoto();
+  void RecoitPhoto(const PhotoLue& lue);
+  bool EstAttendue(const QString& entree) const;
+  void OubliePhotos();
+  void OublieImage();
   void DitPhoto(const PhotoLue& lue, const QString& entree);
+  static bool DitDeLaPhoto(EtatPhoto etat);  // not shown, and for a reason that lies in the photo
+  void ExigeMontrable(const PhotoLue& lue, const QString& entree) const;
   void DitListeVide();
   static QString CheminDe(const QString& dossier, const QString& entree);
-  void Efface(const QString& dossier, const QString& entree);
-  void DemandeEffacementUne();
-  void DemandeEffacementToutes();
-  void EffaceUne(const QString& entree);
-  void EffaceToutes(const QStringList& voulues);
+
+  // Deletion (photo_deletion.cpp).
+  void DemandeEffacement();
+  bool DemandeAccord(const QStringList& voulues);
+  void PoursuitEffacement();
+  void RecoitTranche(const TrancheEffacee& tranche);
+  void ArreteEffacement(EtatEffacement etat);
+  void RelitApresEffacement(bool arretee);
   void TermineEffacement();
   void AnnonceRestees(const QStringList& voulues);
+  void AnnonceBoite(const QString& message);
 
   PortsGalerie Ports_;
   AffichageGalerie* Affichage_ = nullptr;
-  QString Chemin_;
+  QString Chemin_;  // of the folder that the list was read from
   QStringList Entrees_;
   int Index_ = -1;
   int DernierIndexAffiche_ = 0;
@@ -146,10 +187,16 @@ class GaleriePhotos {
   EtatPhoto EtatAvis_ = EtatPhoto::kLue;
   Dommage Defaut_ = Dommage::kAucun;  // of the picture that is shown
   QString NomAvis_;                   // of the photo, or of the folder, that the words are about
-  bool EnEffacement_ = false;
-  std::optional<Demande> EnCours_;  // its folder is being read
-  bool Tarde_ = false;              // and does not answer: what comes next does not wait for it
+
+  quint64 Numero_ = 0;              // of the last request
+  std::optional<Demande> EnCours_;  // has its turn
+  bool Tarde_ = false;              // its disk does not answer: what comes next does not wait for it
+  bool EnQuestion_ = false;         // the user is asked about it
   std::deque<Demande> Attente_;
+
+  std::optional<DemandePhoto> PhotoEnCours_;  // is being read
+  bool PhotoTarde_ = false;                   // and its disk does not answer
+  std::optional<DemandePhoto> PhotoVoulue_;   // waits for it
 };
 
 }  // namespace vaktor

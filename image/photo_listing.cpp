@@ -1,4 +1,4 @@
-// Reading the folder: opening, another folder, the list anew; one thing after the other.
+// Reading the folder: opening, another folder, the list anew.
 #include <algorithm>
 #include <utility>
 
@@ -16,83 +16,30 @@ QString Motif() { return QStringLiteral("*.jpg*"); }
 
 void GaleriePhotos::OuvreGalerie() {
   if (EstDeposee(Genre::kOuverture) || EstDeposee(Genre::kRepli)) return;
-  Depose({.Quoi = Genre::kOuverture});
+  Depose(Geste::kOuvre, {.Quoi = Genre::kOuverture});
 }
 
 void GaleriePhotos::RepointeSur(const QString& dossier, std::function<void()> fini) {
-  Depose({.Quoi = Genre::kRepointage, .Dossier = dossier, .Fin = std::move(fini)});
+  if (dossier != Chemin_) OublieEffacements();
+  Depose(Geste::kChangeDossier, {.Quoi = Genre::kRepointage, .Dossier = dossier, .Fin = std::move(fini)});
 }
 
 void GaleriePhotos::Rafraichit() {
   // One that waits will see all that this one would. One that runs may have passed what came in since.
   const bool attend =
       std::any_of(Attente_.begin(), Attente_.end(), [](const Demande& d) { return d.Quoi == Genre::kRelecture; });
-  if (!attend) Depose({.Quoi = Genre::kRelecture});
+  if (!attend) Depose(Geste::kRafraichit, {.Quoi = Genre::kRelecture});
 }
 
-void GaleriePhotos::Delie() {
-  Ports_.Noms.Oublie();
-  EnCours_.reset();
-  Attente_.clear();
-}
-
-void GaleriePhotos::Depose(Demande demande) {
-  // What a deletion leaves behind belongs to it: nothing comes between.
-  if (demande.Quoi == Genre::kSuiteEffacement) {
-    Attente_.push_front(std::move(demande));
-  } else {
-    Attente_.push_back(std::move(demande));
-  }
-  if (EnCours_ && Tarde_) Abandonne();
-  if (!EnCours_) LanceSuivante();
-}
-
-// A reading that is late counts for nothing: asked for again, it is tried again.
-bool GaleriePhotos::EstDeposee(Genre quoi) const {
-  if (EnCours_ && !Tarde_ && EnCours_->Quoi == quoi) return true;
-  return std::any_of(Attente_.begin(), Attente_.end(), [quoi](const Demande& d) { return d.Quoi == quoi; });
-}
-
-void GaleriePhotos::LanceSuivante() {
-  while (!EnCours_ && !Attente_.empty() && !Ports_.Etat.EnFermeture) {
-    Demande demande = std::move(Attente_.front());
-    Attente_.pop_front();
-    if (demande.Quoi == Genre::kEffacementUne) {
-      DemandeEffacementUne();
-    } else if (demande.Quoi == Genre::kEffacementToutes) {
-      DemandeEffacementToutes();
-    } else {
-      LitDossier(std::move(demande));
-    }
-  }
-}
-
-void GaleriePhotos::LitDossier(Demande demande) {
+void GaleriePhotos::LitDossier() {
+  Demande& demande = *EnCours_;
   if (demande.Quoi == Genre::kOuverture || demande.Quoi == Genre::kRepli) {
     demande.Dossier = Ports_.Reglages.RepertoirePhoto;
   } else if (demande.Quoi != Genre::kRepointage) {
     demande.Dossier = Chemin_;
   }
   const QString dossier = demande.Dossier;
-  EnCours_ = std::move(demande);
-  Tarde_ = false;
   Ports_.Noms.LitNoms(dossier, Motif(), [this](const NomsPhotos& lus) { Recoit(lus); });
-}
-
-void GaleriePhotos::Abandonne() {
-  Ports_.Noms.Oublie();
-  const auto fin = std::move(EnCours_->Fin);
-  EnCours_.reset();
-  if (fin) fin();
-}
-
-// Closed before it was open: the window is not to come up any more.
-void GaleriePhotos::OublieOuverture() {
-  const auto ouvre = [](const Demande& d) { return d.Quoi == Genre::kOuverture || d.Quoi == Genre::kRepli; };
-  std::erase_if(Attente_, ouvre);
-  if (!EnCours_ || !ouvre(*EnCours_)) return;
-  Abandonne();
-  LanceSuivante();
 }
 
 void GaleriePhotos::Recoit(const NomsPhotos& lus) {
@@ -104,18 +51,14 @@ void GaleriePhotos::Recoit(const NomsPhotos& lus) {
     Patiente();
     return;
   }
-  const Demande demande = std::move(*EnCours_);
-  EnCours_.reset();
+  Tarde_ = false;
+  const quint64 numero = EnCours_->Numero;
   try {
-    Applique(demande, lus);
-  } catch (const Echec&) {
-    if (demande.Fin) demande.Fin();
-    LanceSuivante();
+    Applique(lus);
+  } catch (...) {
+    Cloture(numero, false);
     throw;
   }
-  if (demande.Fin) demande.Fin();
-  AnnonceRestees(demande.Voulues);
-  LanceSuivante();
 }
 
 // The disk does not answer, perhaps only because it sleeps: that is no reason to give up the user's folder. The window
@@ -129,103 +72,163 @@ void GaleriePhotos::Patiente() {
     return;
   }
   const Genre quoi = EnCours_->Quoi;
-  if (quoi == Genre::kRelecture || quoi == Genre::kSuiteEffacement) return;
+  if (quoi == Genre::kRelecture || quoi == Genre::kSuiteEffacement) {
+    LancePhoto();
+    return;
+  }
   Place_ = Place::kSansReponse;
   NomAvis_ = EnCours_->Dossier;
-  QuitteListe(*EnCours_);
+  QuitteListe();
   Affichage_->MontreAvis(AvisSansReponse(Ports_.Reglages.LangueCourante, NomAvis_));
   if (quoi != Genre::kRepointage) Affichage_->MontreFenetre();
   AfficheNombrePhotos();
 }
 
-// The list stands on the folder that is waited for, without an entry as yet: a refresh asks that one again, and no
-// photo of the folder before is shown or deleted where its names mean nothing.
-void GaleriePhotos::QuitteListe(Demande& demande) {
-  if (demande.Dossier == Chemin_) return;
-  demande.Autre = true;
-  Chemin_ = demande.Dossier;
+// The list stands on the folder that was asked for, without an entry: a refresh asks that one again, and no photo of
+// the folder before is shown or deleted where its names mean nothing.
+void GaleriePhotos::QuitteListe() {
+  if (EnCours_->Dossier == Chemin_) return;
+  EnCours_->Autre = true;
+  ChangeChemin(EnCours_->Dossier);
   PrendListe({});
 }
 
-void GaleriePhotos::Applique(const Demande& demande, const NomsPhotos& lus) {
+void GaleriePhotos::Applique(const NomsPhotos& lus) {
   if (Place_ == Place::kSansReponse) {
     Place_ = Place::kVide;
     Affichage_->MontrePhoto({});
   }
-  if (demande.Quoi == Genre::kRepointage) {
-    Repointe(demande, lus);
-  } else if (demande.Quoi == Genre::kOuverture || demande.Quoi == Genre::kRepli) {
-    PoursuitOuverture(demande, lus);
+  if (EnCours_->Quoi == Genre::kRepointage) {
+    Repointe(lus);
+  } else if (EnCours_->Quoi == Genre::kOuverture || EnCours_->Quoi == Genre::kRepli) {
+    PoursuitOuverture(lus);
   } else {
     Relit(lus);
   }
 }
 
-void GaleriePhotos::PoursuitOuverture(const Demande& demande, const NomsPhotos& lus) {
-  if (demande.Dossier != Ports_.Reglages.RepertoirePhoto) {
+void GaleriePhotos::PoursuitOuverture(const NomsPhotos& lus) {
+  if (EnCours_->Dossier != Ports_.Reglages.RepertoirePhoto) {
     // Another one was chosen while this one was read. It is opened, and not taken for a folder that fails.
-    Attente_.push_front({.Quoi = Genre::kOuverture});
+    Reprend(Genre::kOuverture);
     return;
   }
-  try {
-    OuvreSur(demande, lus);
-  } catch (const Echec&) {
-    if (demande.Quoi == Genre::kOuverture) {
-      // In memory only: the user's folder is lost for good no sooner than with the next save.
-      Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.Donnees + QStringLiteral("\\intrus");
-      Attente_.push_front({.Quoi = Genre::kRepli});
-      return;
-    }
-    // Told by the guard of the event loop. The window comes up all the same: another folder is chosen there.
-    AfficheNombrePhotos();
-    Affichage_->MontreFenetre();
-    throw;
+  if (EnCours_->Quoi == Genre::kRepli) OublieImage();
+  if (lus.Etat == EtatNoms::kIllisible) {
+    if (Replie()) return;
+    QuitteListe();
+    MontreMalgreTout();
+    ExigeLecture(EnCours_->Dossier, lus.Etat);
+  }
+  FixeChemin(lus);  // takes the list, also where the folder is the one of before
+  if (Entrees_.isEmpty()) {
+    AcheveOuverture(lus.Etat);
+  } else {
+    LitPremiere([this, etat = lus.Etat](const PhotoLue& lue) { OuvreSur(lue, etat); });
   }
 }
 
-void GaleriePhotos::OuvreSur(const Demande& demande, const NomsPhotos& lus) {
-  FixeChemin(demande, lus);  // takes the list, also where the folder is the one of before
+void GaleriePhotos::OuvreSur(const PhotoLue& lue, EtatNoms etat) {
+  if (EnCours_->Dossier != Ports_.Reglages.RepertoirePhoto) {
+    Reprend(Genre::kOuverture);
+    return;
+  }
+  if (DitDeLaPhoto(lue.Etat) && Replie()) return;
+  const QString entree = Entrees_.first();
+  DitPhoto(lue, entree);
+  if (DitDeLaPhoto(lue.Etat)) MontreMalgreTout();
+  ExigeMontrable(lue, entree);
+  AcheveOuverture(etat);
+}
+
+// Where the user's folder or its first photo fails the program's own is opened. False when that is the one that failed.
+bool GaleriePhotos::Replie() {
+  if (EnCours_->Quoi == Genre::kRepli) return false;
+  // In memory only: the user's folder is lost for good no sooner than with the next save.
+  Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.Donnees + QStringLiteral("\\intrus");
+  Reprend(Genre::kRepli);
+  return true;
+}
+
+// The failure is told by the guard of the event loop. Another folder is chosen in the window.
+void GaleriePhotos::MontreMalgreTout() {
+  AfficheNombrePhotos();
+  Affichage_->MontreFenetre();
+}
+
+void GaleriePhotos::AcheveOuverture(EtatNoms etat) {
+  // List and picture agree, without a click: a photo further down may have been selected when the window was hidden, or
+  // while the first one was read.
   if (!Entrees_.isEmpty()) {
-    ChargeEntree(0);
-    // List and picture agree, without a click: a photo further down may have been selected when the window was hidden.
-    Index_ = 0;
-    Affichage_->MontreIndex(Index_);
+    ChoisitPremiere();
+    PhotoVoulue_.reset();
   }
   Affichage_->AjusteAutourPhoto();
   Affichage_->MontreFenetre();
   AfficheNombrePhotos();
+  ExigeLecture(EnCours_->Dossier, etat);
+  Cloture(EnCours_->Numero, true);
 }
 
-void GaleriePhotos::Repointe(const Demande& demande, const NomsPhotos& lus) {
-  FixeChemin(demande, lus);
-  if (!Entrees_.isEmpty()) ChargeEntree(0);
-  AfficheNombrePhotos();
+void GaleriePhotos::Repointe(const NomsPhotos& lus) {
+  if (lus.Etat == EtatNoms::kIllisible) {
+    QuitteListe();
+  } else {
+    FixeChemin(lus);
+  }
+  if (!Entrees_.isEmpty()) {
+    LitPremiere([this, etat = lus.Etat](const PhotoLue& lue) {
+      DitPhoto(lue, Entrees_.first());
+      AcheveLecture(etat, [&] { ExigeMontrable(lue, Entrees_.first()); });
+    });
+    return;
+  }
+  AcheveLecture(lus.Etat, [] {});
 }
 
 void GaleriePhotos::Relit(const NomsPhotos& lus) {
-  PrendListe(lus.Noms);
-  AfficheNombrePhotos();
+  // For want of memory nothing is known of the folder: what is listed stays.
+  if (lus.Etat != EtatNoms::kSansMoyens) PrendListe(lus.Noms);
   // An empty list would say that the photos are gone, when it is the folder, for instance with its volume.
-  ExigeLisible(Chemin_, lus);
+  AcheveLecture(lus.Etat, [] {});
 }
 
-void GaleriePhotos::ExigeLisible(const QString& dossier, const NomsPhotos& lus) const {
-  if (lus.Etat == EtatNoms::kLus) return;
-  throw Echec(kFichierIntrouvable, DitRepertoireAbsent(Ports_.Reglages.LangueCourante, dossier));
+void GaleriePhotos::AcheveLecture(EtatNoms etat, const std::function<void()>& exige) {
+  AfficheNombrePhotos();
+  exige();
+  ExigeLecture(EnCours_->Dossier, etat);
+  Cloture(EnCours_->Numero, true);
+}
+
+void GaleriePhotos::ExigeLecture(const QString& dossier, EtatNoms etat) const {
+  if (etat == EtatNoms::kLus) return;
+  throw Echec(kFichierIntrouvable, DitLectureImpossible(Ports_.Reglages.LangueCourante, etat, dossier));
 }
 
 // A folder that may not be read is as good as gone: taken for an empty one, it would hide the user's photos.
-void GaleriePhotos::FixeChemin(const Demande& demande, const NomsPhotos& lus) {
-  ExigeLisible(demande.Dossier, lus);
-  const bool autre = demande.Autre || demande.Dossier != Chemin_;
-  Chemin_ = demande.Dossier;
-  if (autre) Index_ = -1;
+void GaleriePhotos::FixeChemin(const NomsPhotos& lus) {
+  if (lus.Etat == EtatNoms::kSansMoyens) {
+    QuitteListe();
+    return;
+  }
+  const bool autre = EnCours_->Autre || EnCours_->Dossier != Chemin_;
+  if (autre) ChangeChemin(EnCours_->Dossier);
   PrendListe(lus.Noms);
-  // An empty folder leaves the picture of the one before in its place.
-  if (!autre || Entrees_.isEmpty()) return;
+  // A click on the first entry of another folder. What it shows is the photo that each folder is opened with, which is
+  // read once. An empty folder leaves the picture of the one before in its place.
+  if (autre && !Entrees_.isEmpty()) ChoisitPremiere();
+}
+
+void GaleriePhotos::ChangeChemin(const QString& dossier) {
+  Chemin_ = dossier;
+  Index_ = -1;
+  OublieEffacements();
+  OubliePhotos();
+}
+
+void GaleriePhotos::ChoisitPremiere() {
   Index_ = 0;
   Affichage_->MontreIndex(Index_);
-  Clique();
 }
 
 // A selected photo stays selected while it is there, wherever it stands now.
@@ -235,6 +238,19 @@ void GaleriePhotos::PrendListe(const QStringList& noms) {
   Index_ = choisie.isEmpty() ? -1 : static_cast<int>(Entrees_.indexOf(choisie));
   Affichage_->MontreListe(Entrees_, Index_);
   DitListeVide();
+}
+
+// The folder has its turn until its first photo is there, or until that one's disk has let it wait.
+void GaleriePhotos::LitPremiere(std::function<void(const PhotoLue&)> suite) {
+  OubliePhotos();
+  DemandeLaPhoto(Entrees_.first(), [this, numero = EnCours_->Numero, suite = std::move(suite)](const PhotoLue& lue) {
+    try {
+      suite(lue);
+    } catch (...) {
+      Cloture(numero, false);
+      throw;
+    }
+  });
 }
 
 }  // namespace vaktor

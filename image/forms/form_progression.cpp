@@ -23,7 +23,7 @@ void BarreProgression::Avance(int pas) {
   const int rempli = Dernier_ <= 0 ? width() : static_cast<int>(qint64{width()} * pas / Dernier_);
   if (rempli == Rempli_) return;
   Rempli_ = rempli;
-  repaint();  // the loop that deletes does not come back to the event loop at each step
+  update();
 }
 
 void BarreProgression::paintEvent(QPaintEvent*) {

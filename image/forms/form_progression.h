@@ -16,7 +16,7 @@ class BarreProgression : public QWidget {
   explicit BarreProgression(QWidget* parent);
   /// 0 or less: the scale has no length, and the first step fills the bar.
   void FixeEchelle(int dernier);
-  /// Draws the box from the left edge to `pas`, at once where that changes a pixel.
+  /// Draws the box from the left edge to `pas`, where that changes a pixel.
   void Avance(int pas);
   int Rempli() const { return Rempli_; }  ///< pixels
 

@@ -37,7 +37,7 @@ class ArbreDossiers {
   struct Contenu {
     QStringList Noms = {};                 ///< of its subfolders, without order
     bool Complet = true;                   ///< false: links among them are still being looked at, a longer list follows
-    EtatDossier Etat = EtatDossier::kBon;  ///< kAbsent or kInterdit: it could not be read
+    EtatDossier Etat = EtatDossier::kBon;  ///< kAbsent or kInterdit: it could not be read, or not to its end
   };
   using RecoitDossiers = std::function<void(const Contenu& contenu)>;
 
@@ -49,7 +49,7 @@ class ArbreDossiers {
   virtual QString DonneChemin(const QString& stocke) const = 0;
   /// Whether a folder is there. kBon, kAbsent, kInterdit or kSansReponse; within a second.
   virtual EtatDossier RegardeDossier(const QString& chemin) const = 0;
-  /// Whether a photo could be written there, by writing one's worth of bytes and taking them away again; within three
+  /// Whether a photo could be written there, by writing one's worth of bytes and taking them away again; within two
   /// seconds.
   virtual EtatDossier EssaieEcriture(const QString& chemin) const = 0;
   /// Makes the folder of a path in its stored form; its parent must exist. False when it could not be made, was there

@@ -10,13 +10,15 @@ namespace vaktor {
 /// How the reading of a folder went.
 enum class EtatNoms {
   kLus,
-  kIllisible,   ///< not there (any more), no folder, or this user may not read it
-  kSansReponse  ///< the disk has not answered for some seconds; the names may still come
+  kIllisible,     ///< not there (any more), no folder, or this user may not read it
+  kErreurDisque,  ///< the disk failed on the way: Noms are those before the failure
+  kSansMoyens,    ///< this machine has no thread or no memory for it at the moment: says nothing of the folder
+  kSansReponse    ///< the disk has not answered for some seconds; the names may still come
 };
 
 struct NomsPhotos {
   EtatNoms Etat = EtatNoms::kIllisible;
-  QStringList Noms = {};  ///< kLus: without folder, sorted by name
+  QStringList Noms = {};  ///< kLus, kErreurDisque: without folder, sorted by name
 };
 
 /// User-interface thread.

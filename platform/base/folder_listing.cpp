@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <algorithm>
+#include <cerrno>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -22,6 +23,7 @@ struct FermeDossier {
 struct Noms {
   std::vector<std::string> Textes;
   std::vector<std::string> Cles;  // the same names in the form by which they are matched and sorted
+  int Erreur = 0;
 };
 
 bool EstAscii(std::string_view texte) {
@@ -71,26 +73,26 @@ bool EstFichier(int dossier, const dirent& entree) {
   return ::fstatat(dossier, entree.d_name, &etat, 0) == 0 && S_ISREG(etat.st_mode);
 }
 
+/// The end of a folder and an error look alike but for errno.
+const dirent* LitEntree(DIR& dossier, const std::atomic<bool>& abandon) {
+  errno = abandon ? ECANCELED : 0;
+  return abandon ? nullptr : ::readdir(&dossier);
+}
+
 Noms LitNoms(DIR& dossier, const std::vector<std::string>& morceaux, const std::atomic<bool>& abandon) {
   Noms noms;
-  while (const dirent* entree = abandon ? nullptr : ::readdir(&dossier)) {
+  while (const dirent* entree = LitEntree(dossier, abandon)) {
     if (entree->d_name[0] == '.' || !EstFichier(::dirfd(&dossier), *entree)) continue;
     std::string cle = Replie(entree->d_name);
     if (!Correspond(cle, morceaux)) continue;
     noms.Textes.emplace_back(entree->d_name);
     noms.Cles.push_back(std::move(cle));
   }
+  noms.Erreur = errno;
   return noms;
 }
 
-}  // namespace
-
-std::optional<QStringList> ListeDossier(const QByteArray& dossier, const QString& motif,
-                                        const std::atomic<bool>& abandon) {
-  const std::unique_ptr<DIR, FermeDossier> lu(::opendir(dossier.constData()));
-  if (!lu) return std::nullopt;
-  const Noms noms = LitNoms(*lu, Coupe(motif), abandon);
-  if (abandon) return std::nullopt;
+QStringList Trie(const Noms& noms) {
   std::vector<std::pair<std::string_view, std::size_t>> ordre;
   ordre.reserve(noms.Cles.size());
   for (std::size_t i = 0; i < noms.Cles.size(); ++i) ordre.emplace_back(noms.Cles[i], i);
@@ -105,6 +107,15 @@ std::optional<QStringList> ListeDossier(const QByteArray& dossier, const QString
     liste.append(QFile::decodeName(QByteArray::fromRawData(texte.data(), static_cast<qsizetype>(texte.size()))));
   }
   return liste;
+}
+
+}  // namespace
+
+DossierListe ListeDossier(const QByteArray& dossier, const QString& motif, const std::atomic<bool>& abandon) {
+  const std::unique_ptr<DIR, FermeDossier> lu(::opendir(dossier.constData()));
+  if (!lu) return {.Erreur = errno};
+  const Noms noms = LitNoms(*lu, Coupe(motif), abandon);
+  return {.Noms = Trie(noms), .Erreur = noms.Erreur, .Commence = true};
 }
 
 }  // namespace vaktor

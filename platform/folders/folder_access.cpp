@@ -56,6 +56,12 @@ int EcritEtFerme(int descripteur) {
   return erreur;
 }
 
+/// The end of a folder and an error look alike but for errno.
+const dirent* LitEntree(DIR& dossier) {
+  errno = 0;
+  return ::readdir(&dossier);
+}
+
 bool MeneADossier(int dossier, const char* nom) {
   struct stat etat {};
   return ::fstatat(dossier, nom, &etat, 0) == 0 && S_ISDIR(etat.st_mode);
@@ -95,20 +101,22 @@ void LitUnDossier(const QByteArray& chemin, const ArbreDossiers::RecoitDossiers&
   }
   QStringList noms;
   QList<QByteArray> liens;
-  while (const dirent* entree = ::readdir(dossier.get())) {
+  while (const dirent* entree = LitEntree(*dossier)) {
     const QByteArray nom(entree->d_name);
     if (nom.startsWith('.') || !EstCheminRangeable(nom)) continue;
     if (entree->d_type == DT_DIR) noms += QFile::decodeName(nom);
     // Some file systems do not tell the kind here; a link has to be followed.
     if (entree->d_type == DT_LNK || entree->d_type == DT_UNKNOWN) liens += nom;
   }
+  // What came before the disk failed is shown, with a line that says so.
+  const EtatDossier etat = errno == 0 ? EtatDossier::kBon : EtatDossier::kAbsent;
   if (!liens.isEmpty()) {
     recoit({.Noms = noms, .Complet = false});
     for (const QByteArray& lien : liens) {
       if (MeneADossier(::dirfd(dossier.get()), lien.constData())) noms += QFile::decodeName(lien);
     }
   }
-  recoit({.Noms = noms});
+  recoit({.Noms = noms, .Etat = etat});
 }
 
 }  // namespace vaktor

@@ -14,8 +14,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto kDelaiRegard = 700ms;
-constexpr auto kDelaiEcriture = 2500ms;
+// A click may ask three times, the load of the form for one, and must not hold up window and detection for two seconds.
+constexpr auto kDelaiRegard = 600ms;
+constexpr auto kDelaiEcriture = 1500ms;
 
 QByteArray LitTableMontages() {
   QFile table(QStringLiteral("/proc/self/mountinfo"));

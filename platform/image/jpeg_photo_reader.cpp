@@ -17,10 +17,49 @@ struct LiberePoignee {
 };
 using Decodeur = std::unique_ptr<void, LiberePoignee>;
 
-// From the header alone, before any memory is taken.
-bool TropGrande(const QSize& taille) { return qint64{taille.width()} * taille.height() > kPixelsPhotoMax; }
-
 constexpr qint64 kOctetsSuivis = 64LL * 1024 * 1024;
+/// What a decoder may keep of a picture that comes in several passes: all of it, before it can scale anything.
+constexpr qint64 kOctetsPasses = 512LL * 1024 * 1024;  // 67 million pixels
+constexpr int kHuitiemes = 8;                          // the decoder scales by eighths
+
+qint64 Pixels(const QSize& taille) { return qint64{taille.width()} * taille.height(); }
+
+QSize Reduit(const QSize& taille, int huitiemes) {
+  const tjscalingfactor facteur{huitiemes, kHuitiemes};
+  return {TJSCALED(taille.width(), facteur), TJSCALED(taille.height(), facteur)};
+}
+
+/// From the header alone, before any memory is taken: as how many eighths of itself a picture fits, 0 for none.
+int DonneHuitiemes(const QSize& taille) {
+  int huitiemes = kHuitiemes;
+  while (huitiemes > 0 && Pixels(Reduit(taille, huitiemes)) > kPixelsPhotoMax) --huitiemes;
+  return huitiemes;
+}
+
+/// Where the first scan begins: behind the segments of the header (ITU-T T.81, B.1.1.4).
+qsizetype PasseEntete(const QByteArray& octets) {
+  const auto octet = [&](qsizetype i) { return static_cast<quint8>(octets.at(i)); };
+  qsizetype place = 2;
+  while (place + 4 <= octets.size() && octet(place) == 0xff && octet(place + 1) != 0xda) {
+    place += octet(place + 1) == 0xff ? 1 : 2 + (octet(place + 2) << 8 | octet(place + 3));
+  }
+  return place;
+}
+
+/// Four inks, each in its full resolution, at two bytes a value: the most that it can be.
+qint64 OctetsPasses(const QSize& taille) { return Pixels(taille) * 4 * 2; }
+
+/// Whether the picture comes in several passes: the first has not all colours in it, or only the coarse values.
+bool EstParPasses(const QByteArray& octets, int couleurs) {
+  const qsizetype passe = PasseEntete(octets);
+  if (passe + 5 > octets.size()) return false;
+  const auto composantes = static_cast<quint8>(octets.at(passe + 4));
+  const qsizetype fin = passe + 5 + 2 * composantes;
+  if (fin + 2 > octets.size()) return false;
+  // A picture of one pass has all its colours in it, from the coarsest value, 0, to the finest, 63.
+  const int attendues = couleurs == TJCS_GRAY ? 1 : 3;  // of four inks three are enough to tell
+  return composantes < attendues || octets.at(fin) != 0 || octets.at(fin + 1) != 63;
+}
 
 struct Entete {
   QSize Taille;
@@ -41,7 +80,7 @@ Entete LitEntete(const Decodeur& decodeur, const QByteArray& octets) {
 /// Decodes to the last row whatever the decoder has to say, and keeps what it said: Qt's reader tells of no damage.
 PhotoLue Decode(const Decodeur& decodeur, const QByteArray& octets, const QSize& taille) {
   QImage image(taille, QImage::Format_RGB32);
-  if (image.isNull()) return {.Etat = EtatPhoto::kIllisible};
+  if (image.isNull()) return {.Etat = EtatPhoto::kSansMoyens};
   const int resultat =
       tjDecompress2(decodeur.get(), reinterpret_cast<const unsigned char*>(octets.constData()),
                     static_cast<unsigned long>(octets.size()), image.bits(), taille.width(),
@@ -54,12 +93,11 @@ PhotoLue Decode(const Decodeur& decodeur, const QByteArray& octets, const QSize&
 }
 
 // Four printing inks, which no camera gives, and files too large to be held beside their picture. Damage goes unseen.
-PhotoLue LitParQt(QFile& fichier) {
-  if (!fichier.seek(0)) return {.Etat = EtatPhoto::kIllisible};
+PhotoLue LitParQt(QFile& fichier, const QSize& taille, int huitiemes) {
+  if (!fichier.seek(0)) return {.Etat = EtatPhoto::kAbsente};
   QImageReader lecteur(&fichier, QByteArrayLiteral("jpeg"));
-  const QSize taille = lecteur.size();
-  if (!taille.isValid()) return {.Etat = EtatPhoto::kIllisible};
-  if (TropGrande(taille)) return {.Etat = EtatPhoto::kTropGrande};
+  // Rounded down: for a pixel more the reader would decode an eighth more, which is four times the memory at worst.
+  if (huitiemes < kHuitiemes) lecteur.setScaledSize(taille * huitiemes / kHuitiemes);
   QImage image = lecteur.read();
   if (image.isNull()) return {.Etat = EtatPhoto::kIllisible};
   // A picture that claims dots an inch or a pixel ratio is shown pixel for pixel like any other.
@@ -69,19 +107,24 @@ PhotoLue LitParQt(QFile& fichier) {
 
 }  // namespace
 
-PhotoLue LecteurPhotosFichier::LitPhoto(const QString& chemin) const {
+PhotoLue LitPhotoJpeg(const QString& chemin) {
   QFile fichier(CheminNatif(chemin));
   if (!fichier.open(QIODevice::ReadOnly)) return {.Etat = EtatPhoto::kAbsente};
   if (fichier.size() == 0) return {.Etat = EtatPhoto::kVide};
-  if (fichier.size() > kOctetsSuivis) return LitParQt(fichier);
   const QByteArray octets = fichier.read(kOctetsSuivis);
+  if (fichier.error() != QFileDevice::NoError) return {.Etat = EtatPhoto::kAbsente};  // its disk fails
   const Decodeur decodeur(tjInitDecompress());
-  if (!decodeur) return LitParQt(fichier);
+  if (!decodeur) return {.Etat = EtatPhoto::kSansMoyens};
   const Entete entete = LitEntete(decodeur, octets);
   if (entete.Taille.isEmpty()) return {.Etat = EtatPhoto::kIllisible};
-  if (TropGrande(entete.Taille)) return {.Etat = EtatPhoto::kTropGrande};
-  if (entete.Couleurs == TJCS_CMYK || entete.Couleurs == TJCS_YCCK) return LitParQt(fichier);
-  return Decode(decodeur, octets, entete.Taille);
+  const int huitiemes = DonneHuitiemes(entete.Taille);
+  const bool passes = EstParPasses(octets, entete.Couleurs);
+  if (huitiemes == 0 || (passes && OctetsPasses(entete.Taille) > kOctetsPasses)) {
+    return {.Etat = EtatPhoto::kTropGrande};
+  }
+  const bool encres = entete.Couleurs == TJCS_CMYK || entete.Couleurs == TJCS_YCCK;
+  if (encres || fichier.size() > kOctetsSuivis) return LitParQt(fichier, entete.Taille, huitiemes);
+  return Decode(decodeur, octets, Reduit(entete.Taille, huitiemes));
 }
 
 }  // namespace vaktor

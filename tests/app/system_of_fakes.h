@@ -14,6 +14,7 @@
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_mail_drop.h"
 #include "fakes/fake_mail_registry.h"
+#include "fakes/fake_photo_eraser.h"
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
@@ -302,6 +303,7 @@ struct SystemeFaux {
             .Ecrivain = Ecrivain,
             .Noms = Noms,
             .Lecteur = Lecteur,
+            .Effaceur = Effaceur,
             .Arbre = Arbre,
             .Sonde = Sonde,
             .Sons = Sons,
@@ -343,6 +345,8 @@ struct SystemeFaux {
   FauxFichiers Photos;
   NomsNotes Noms{Notes, Photos};
   faux::LecteurPhotosFaux Lecteur;
+  faux::HorlogeVirtuelle TempsEffaceur;
+  faux::EffaceurFaux Effaceur{Photos, TempsEffaceur};
   faux::ArbreFaux Arbre;
   faux::SondeEspaceFausse Sonde;
   ProcessusNote Programmes{Notes};

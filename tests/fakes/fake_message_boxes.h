@@ -2,6 +2,8 @@
 #pragma once
 
 #include <QStringList>
+#include <functional>
+#include <utility>
 
 #include "base/ports/message_boxes.h"
 
@@ -13,12 +15,14 @@ class BoitesFausses : public BoitesMessage {
     Textes.append(texte);
     Titres.append(titre);
     Boutons = boutons;
+    if (const auto pendant = std::exchange(Pendant, nullptr)) pendant();
     return Reponse;
   }
 
   QStringList Textes, Titres;
   BoutonsBoite Boutons = BoutonsBoite::kOk;
   ReponseBoite Reponse = ReponseBoite::kOk;
+  std::function<void()> Pendant;  ///< events that run under the next box, once
 };
 
 }  // namespace vaktor::faux

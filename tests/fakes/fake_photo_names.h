@@ -1,6 +1,7 @@
 // Names of photos out of files in memory: at once, or when the test lets them come.
 #pragma once
 
+#include <exception>
 #include <utility>
 
 #include "fakes/fake_files.h"
@@ -15,6 +16,7 @@ class LecteurNomsFaux : public LecteurNoms {
 
   void LitNoms(const QString& dossier, const QString& motif, Recoit recoit) override {
     Lus += dossier;
+    if (Jette) std::rethrow_exception(std::exchange(Jette, nullptr));
     Dossier_ = dossier;
     Motif_ = motif;
     EnAttente_ = std::move(recoit);
@@ -28,7 +30,8 @@ class LecteurNomsFaux : public LecteurNoms {
     const Recoit recoit = std::exchange(EnAttente_, nullptr);
     if (!recoit) return;
     if (!Disque_.PeutLister(Dossier_)) return recoit({.Etat = EtatNoms::kIllisible});
-    recoit({.Etat = EtatNoms::kLus, .Noms = Noms ? *Noms : Disque_.ListeFichiers(Dossier_, Motif_)});
+    if (Etat == EtatNoms::kSansMoyens) return recoit({.Etat = Etat});
+    recoit({.Etat = Etat, .Noms = Noms ? *Noms : Disque_.ListeFichiers(Dossier_, Motif_)});
   }
   /// The disk lets its reader wait.
   void Tarde() {
@@ -37,6 +40,8 @@ class LecteurNomsFaux : public LecteurNoms {
   }
 
   bool Retient = false;             ///< names wait for Livre()
+  EtatNoms Etat = EtatNoms::kLus;   ///< or kErreurDisque, kSansMoyens: of folders that are there
+  std::exception_ptr Jette;         ///< the next reading throws it, and is none
   std::optional<QStringList> Noms;  ///< in place of what the files say
   QStringList Lus;                  ///< folders that were read, in order
 

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "base/failure.h"
-#include "fakes/fake_event_pump.h"
 #include "fakes/fake_files.h"
 #include "fakes/fake_message_boxes.h"
+#include "fakes/fake_photo_eraser.h"
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_saving.h"
@@ -48,10 +48,11 @@ struct BancGalerie {
   LecteurNomsFaux Noms{Disque};
   LecteurPhotosFaux Lecteur;
   BoitesFausses Boites;
-  PompeFausse Pompe{Journal};
+  HorlogeVirtuelle Temps;
+  EffaceurFaux Effaceur{Disque, Temps};
   OuvreurNote Bureau;
   GaleriePhotos Galerie{
-      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Disque, Noms, Lecteur, Boites, Pompe, Bureau}};
+      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Noms, Lecteur, Effaceur, Boites, Bureau}};
 };
 
 }  // namespace vaktor::faux

@@ -222,6 +222,37 @@ TEST_F(Dossier, FallbackBecomesLastingOnlyWithASave) {
   EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/home/u/v/intrus"));
 }
 
+TEST_F(Dossier, SaveThatFailsLeavesSettingListAndShownFolderAndIsToldInOneMessage) {
+  ParleAnglais();
+  Choix.Charge();
+  Choix.ChangeLecteur(kUsb);
+  Sauvegarde.Echoue = true;
+  Journal_.Vide();
+  EXPECT_FALSE(Accepte()) << "the form stays, for another try";
+  EXPECT_EQ(Reglages.RepertoirePhoto, kAncien);
+  EXPECT_TRUE(Reglages.ParametresModifies);
+  EXPECT_EQ(Journal_.Lignes(), QStringList{QStringLiteral("SauveParametres")}) << "the gallery has not followed";
+  EXPECT_EQ(Choix.Chemin(), kUsb);
+  ASSERT_EQ(Boites.Textes.size(), 1);
+  EXPECT_EQ(Boites.Textes.first(), QStringLiteral("disk full\nThe photo folder is still \"/home/u/Photos\"."));
+  EXPECT_EQ(Boites.Titres.first(), QStringLiteral("Be careful"));
+  EXPECT_EQ(Boites.Boutons, BoutonsBoite::kOk);
+  Sauvegarde.Echoue = false;
+  EXPECT_TRUE(Accepte());
+  EXPECT_EQ(Reglages.RepertoirePhoto, kUsb);
+}
+
+TEST_F(Dossier, WhateverElseASaveThrowsLeavesTheFolderToo) {
+  struct Panne : SauvegardeParametres {
+    void SauveParametres() override { throw std::bad_alloc(); }
+  } panne;
+  ChoixDossier choix({Reglages, panne, Dossiers, Arbre, Pompe, Boites, Textes, {}});
+  choix.Charge();
+  choix.ChangeLecteur(kUsb);
+  EXPECT_THROW(choix.Valide(), std::bad_alloc);
+  EXPECT_EQ(Reglages.RepertoirePhoto, kAncien);
+}
+
 class Refus : public Dossier, public testing::WithParamInterface<EtatDossier> {};
 
 TEST_P(Refus, NewFolderThatTakesNoPhotoIsToldAndNothingIsLost) {

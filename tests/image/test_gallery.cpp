@@ -18,8 +18,9 @@ TEST_F(ReglesListe, OpeningListsLoadsFitsShowsAndCountsInThisOrder) {
 TEST_F(ReglesListe, ChangeOfFolderActsAsAClickOnTheFirstEntryAndTheSameFolderDoesNot) {
   AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
   Galerie.RepointeSur(QStringLiteral("/p"), {});
-  EXPECT_EQ(Lecteur.Lues, QStringList({QStringLiteral("/p\\a.jpg"), QStringLiteral("/p\\a.jpg")})) << "click and load";
-  EXPECT_EQ(Vue.Index, 0);
+  // The click and the loading are one reading: a photo takes its time, and the second would show nothing new.
+  EXPECT_EQ(Lecteur.Lues, QStringList{QStringLiteral("/p\\a.jpg")});
+  EXPECT_EQ(Vue.Index, 0) << "clicked";
   Choisit(1);
   Lecteur.Lues.clear();
   Galerie.RepointeSur(QStringLiteral("/p"), {});
@@ -177,8 +178,7 @@ TEST_F(ReglesListe, SaveThatFailsAtTheClosingIsAFailureOfTheClosing) {
   struct Panne : SauvegardeParametres {
     void SauveParametres() override { throw Echec(kAppelIncorrect, QStringLiteral("disk full")); }
   } panne;
-  GaleriePhotos galerie(
-      PortsGalerie{Reglages, Dossiers, Etat, panne, Textes, Disque, Noms, Lecteur, Boites, Pompe, Bureau});
+  GaleriePhotos galerie(PortsGalerie{Reglages, Dossiers, Etat, panne, Textes, Noms, Lecteur, Effaceur, Boites, Bureau});
   EXPECT_THROW(galerie.DemandeFermeture(), Echec);
   EXPECT_TRUE(Reglages.ParametresModifies);
 }

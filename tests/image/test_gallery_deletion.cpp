@@ -17,14 +17,14 @@ TEST_F(ReglesSuppression, NoDoesNothingAtAll) {
   }
   EXPECT_TRUE(Disque.Supprimes.isEmpty());
   EXPECT_TRUE(Vue.Appels.isEmpty());
-  EXPECT_EQ(Pompe.Appels, 0);
+  EXPECT_EQ(Effaceur.Tranches, 0);
 }
 
-TEST_F(ReglesSuppression, DeletionOfOneAsksWithoutATitleAndReadsTheListAfterThePump) {
+TEST_F(ReglesSuppression, DeletionOfOneAsksWithoutATitleAndReadsTheListBehindTheEvents) {
   AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
   Galerie.OuvreGalerie();
   Choisit(0);
-  Pompe.EnAttente = [this] { AjoutePhotos({QStringLiteral("c.jpg")}); };
+  Effaceur.Evenements = [this] { AjoutePhotos({QStringLiteral("c.jpg")}); };
   Galerie.SupprimePhoto();
   EXPECT_EQ(Boites.Textes.first(), QStringLiteral("Are you sure, you want to erase the picture:\r\n\"a.jpg\" ?"));
   EXPECT_EQ(Boites.Titres.first(), QString());
@@ -40,6 +40,7 @@ TEST_F(ReglesSuppression, DeletionOfAllAsksAndFillsTheBarStepByStep) {
   Disque.AjouteFichier(QStringLiteral("/p/notes.txt"));
   Galerie.OuvreGalerie();
   Vue.Appels.clear();
+  Effaceur.MsParPhoto = kMillisecondesTranche;  // a slice each
   Galerie.SupprimeTout();
   EXPECT_EQ(Boites.Textes,
             QStringList{QStringLiteral("All pictures will be erased from this repertory. Are you sure?")});
@@ -64,9 +65,9 @@ TEST_F(ReglesSuppression, DeletionOfAllInAnEmptyFolderOpensAndClosesTheProgressW
 TEST_F(ReglesSuppression, PhotoThatComesDuringTheDeletionStays) {
   AjoutePhotos({QStringLiteral("b.jpg")});
   Galerie.OuvreGalerie();
-  Pompe.EnAttente = [this] {
+  Effaceur.Evenements = [this] {
     AjoutePhotos({QStringLiteral("a.jpg")});
-    Galerie.Rafraichit();    // the list changes under the loop
+    Galerie.Rafraichit();    // waits until the deletion is over
     Galerie.SupprimeTout();  // and a second deletion is none
     Galerie.ChoisitIndex(0);
     Galerie.SupprimePhoto();
@@ -80,28 +81,40 @@ TEST_F(ReglesSuppression, PhotoThatComesDuringTheDeletionStays) {
 TEST_F(ReglesSuppression, FolderChosenDuringTheDeletionIsNotTouched) {
   AjoutePhotos(NomsSuivis(2));
   Galerie.OuvreGalerie();
-  Pompe.EnAttente = [this] { Reglages.RepertoirePhoto = QStringLiteral("/q"); };
+  Effaceur.Evenements = [this] { Reglages.RepertoirePhoto = QStringLiteral("/q"); };
   Galerie.SupprimeTout();
   EXPECT_EQ(Disque.Supprimes, QStringList({QStringLiteral("/p\\00000.jpg"), QStringLiteral("/p\\00001.jpg")}));
 }
 
-TEST_F(ReglesSuppression, EventsRunBetweenTheHundredsOfALongDeletion) {
-  AjoutePhotos(NomsSuivis(99));
+TEST_F(ReglesSuppression, EventsRunEveryTwentyMillisecondsHoweverManyPhotosThatIs) {
+  AjoutePhotos(NomsSuivis(250));
   Galerie.OuvreGalerie();
   Galerie.SupprimeTout();
-  EXPECT_EQ(Pompe.Appels, 1) << "once, before the first photo goes";
+  EXPECT_EQ(Effaceur.Tranches, 1) << "a fast disk";
   AjoutePhotos(NomsSuivis(250));
   Galerie.Rafraichit();
+  Effaceur.MsParPhoto = 7;
   Galerie.SupprimeTout();
-  EXPECT_EQ(Pompe.Appels, 1 + 1 + 2);
+  EXPECT_EQ(Effaceur.Tranches, 1 + 84) << "three photos each, 21 ms";
+  AjoutePhotos(NomsSuivis(3));
+  Galerie.Rafraichit();
+  Effaceur.MsParPhoto = 1000;
+  Galerie.SupprimeTout();
+  EXPECT_EQ(Effaceur.Tranches, 1 + 84 + 3) << "a slow one: one each";
+  EXPECT_EQ(Disque.Supprimes.size(), 250 + 250 + 3);
 }
 
 TEST_F(ReglesSuppression, EndOfTheProgramEndsALongDeletionWithoutAMessage) {
   AjoutePhotos(NomsSuivis(250));
   Galerie.OuvreGalerie();
-  Pompe.EnAttente = [this] { Pompe.EnAttente = [this] { Etat.EnFermeture = true; }; };
+  Effaceur.MsParPhoto = 1;
+  Effaceur.Retient = true;
   Galerie.SupprimeTout();
-  EXPECT_EQ(Disque.Supprimes.size(), 100);
+  Effaceur.Livre();
+  Etat.EnFermeture = true;
+  Effaceur.Livre();
+  EXPECT_EQ(Disque.Supprimes.size(), 40);
+  EXPECT_FALSE(Effaceur.Attend());
   EXPECT_TRUE(Vue.Appels.contains(QStringLiteral("fin"))) << "and the progress window goes";
   EXPECT_EQ(Noms.Lus.size(), 1) << "nothing is read any more";
   EXPECT_EQ(Boites.Textes.size(), 1) << "the question, and nothing else";

@@ -391,7 +391,7 @@ TEST_F(Galerie, LabelIsTheHandleOfTheWindow) {
 TEST_F(Galerie, ProgressWindowIsThereDuringTheDeletionOnly) {
   Ouvre();
   bool vue = false;
-  Pompe.EnAttente = [&] {
+  Effaceur.Evenements = [&] {
     const auto* progression = Forme.findChild<FrmProgression*>(QStringLiteral("FrmProgression"));
     vue = progression != nullptr && progression->isVisible();
     EXPECT_FALSE(Trouve<QPushButton>("CmdClearRepPhot")->isEnabled());

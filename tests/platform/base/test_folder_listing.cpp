@@ -6,8 +6,12 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <cerrno>
+#include <optional>
 
 #include "platform/base/folder_listing.h"
+#include "support/failing_folder.h"
+#include "support/small_disk.h"
 
 namespace vaktor {
 namespace {
@@ -19,8 +23,10 @@ class Listage : public testing::Test {
     QFile fichier(Dossier.filePath(QString::fromUtf8(nom)));
     ASSERT_TRUE(fichier.open(QIODevice::WriteOnly)) << nom;
   }
+  /// Nothing for a folder that could not be read to its end.
   std::optional<QStringList> Lit(const QByteArray& dossier, const char* motif = "*") const {
-    return ListeDossier(dossier, QString::fromUtf8(motif), Abandon);
+    const DossierListe lu = ListeDossier(dossier, QString::fromUtf8(motif), Abandon);
+    return lu.Erreur == 0 ? std::optional(lu.Noms) : std::nullopt;
   }
 
   QTemporaryDir Dossier;
@@ -61,6 +67,20 @@ TEST_F(Listage, FolderThatMayNotBeReadIsNone) {
   const std::optional<QStringList> liste = Lit(Chemin("/ferme"));
   ASSERT_TRUE(!administrateur || ::seteuid(0) == 0);
   EXPECT_EQ(liste, std::nullopt);
+}
+
+TEST_F(Listage, ErrorInTheMiddleIsNoEndAndKeepsTheNamesBeforeIt) {
+  const PetitDisque petit(1024 * 1024);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString dossier = petit.Chemin() + QStringLiteral("/carte");
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  const DossierQuiEchoue carte(dossier, {"b.jpg", "a.jpg", "notes.txt"});
+  if (!carte.EstMonte()) GTEST_SKIP() << carte.Raison();
+  const DossierListe lu = ListeDossier(QFile::encodeName(dossier), QStringLiteral("*.jpg*"), Abandon);
+  EXPECT_EQ(lu.Noms.join(u','), QStringLiteral("a.jpg,b.jpg"));
+  EXPECT_EQ(lu.Erreur, EIO);
+  EXPECT_TRUE(lu.Commence);
+  EXPECT_FALSE(ListeDossier(Chemin("/gone"), QStringLiteral("*"), Abandon).Commence);
 }
 
 TEST_F(Listage, StopsWhenNobodyWantsItAnyMore) {

@@ -13,6 +13,7 @@
 #include "platform/folders/system_folders.h"
 #include "support/dead_disk.h"
 #include "support/event_wait.h"
+#include "support/failing_folder.h"
 #include "support/small_disk.h"
 
 namespace vaktor {
@@ -187,6 +188,21 @@ TEST_F(AccesDossiers, FolderThatCannotBeReadIsTold) {
   ASSERT_TRUE(!administrateur || ::seteuid(0) == 0);
   ASSERT_TRUE(venu);
   EXPECT_EQ(etat, EtatDossier::kInterdit);
+}
+
+TEST_F(AccesDossiers, DiskThatFailsInTheMiddleIsToldWithTheFoldersBefore) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString dossier = petit.Chemin() + QStringLiteral("/carte");
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  const DossierQuiEchoue carte(dossier, {"Nuits"}, true);
+  if (!carte.EstMonte()) GTEST_SKIP() << carte.Raison();
+  std::optional<ArbreDossiers::Contenu> recu;
+  Arbre.LitDossiers(dossier, &Temoin, [&](const ArbreDossiers::Contenu& contenu) { recu = contenu; });
+  ASSERT_TRUE(essai::AttendQue([&] { return recu.has_value(); }));
+  EXPECT_EQ(recu->Noms, QStringList{QStringLiteral("Nuits")});
+  EXPECT_EQ(recu->Etat, EtatDossier::kAbsent);
+  EXPECT_TRUE(recu->Complet);
 }
 
 TEST_F(AccesDossiers, DiskThatNeverAnswersHoldsUpNobody) {

@@ -8,6 +8,7 @@
 #include "platform/folders/photo_names_reader.h"
 #include "support/dead_disk.h"
 #include "support/event_wait.h"
+#include "support/failing_folder.h"
 #include "support/small_disk.h"
 
 namespace vaktor {
@@ -55,21 +56,42 @@ TEST_F(NomsSurDisque, FolderThatIsGoneIsTold) {
   EXPECT_EQ(Recus[0].Etat, EtatNoms::kIllisible);
 }
 
-// Names of millions of photos: the program goes on, and the window says that the folder could not be read.
-TEST_F(NomsSurDisque, WantOfMemoryOnTheThreadIsToldLikeAFolderThatCannotBeRead) {
+// Names of millions of photos: the program goes on, and the folder is not to blame.
+TEST_F(NomsSurDisque, WantOfMemoryOnTheThreadIsToldAsWhatItIs) {
   int essais = 0;
-  LecteurNomsSysteme lecteur(
-      20s, [&](const QByteArray&, const QString&, const std::atomic<bool>&) -> std::optional<QStringList> {
-        if (essais++ == 0) throw std::bad_alloc();
-        return QStringList{QStringLiteral("a.jpg")};
-      });
+  LecteurNomsSysteme lecteur(20s, [&](const QByteArray&, const QString&, const std::atomic<bool>&) -> DossierListe {
+    if (essais++ == 0) throw std::bad_alloc();
+    return {.Noms = {QStringLiteral("a.jpg")}};
+  });
   Lit(lecteur, Dossier.path());
   ASSERT_TRUE(AttendRecus(1));
-  EXPECT_EQ(Recus[0].Etat, EtatNoms::kIllisible);
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kSansMoyens);
   EXPECT_TRUE(Recus[0].Noms.isEmpty());
   Lit(lecteur, Dossier.path());
   ASSERT_TRUE(AttendRecus(2));
   EXPECT_EQ(Recus[1].Etat, EtatNoms::kLus) << "the next reading knows nothing of it";
+}
+
+TEST_F(NomsSurDisque, WantOfDescriptorsSaysNothingOfTheFolderEither) {
+  LecteurNomsSysteme lecteur(
+      20s, [](const QByteArray&, const QString&, const std::atomic<bool>&) { return DossierListe{.Erreur = EMFILE}; });
+  Lit(lecteur, Dossier.path());
+  ASSERT_TRUE(AttendRecus(1));
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kSansMoyens);
+}
+
+TEST_F(NomsSurDisque, DiskThatFailsInTheMiddleIsToldWithTheNamesBefore) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString dossier = petit.Chemin() + QStringLiteral("/carte");
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  const DossierQuiEchoue carte(dossier, {"b.jpg", "a.jpg"});
+  if (!carte.EstMonte()) GTEST_SKIP() << carte.Raison();
+  LecteurNomsSysteme lecteur(20s);
+  Lit(lecteur, dossier);
+  ASSERT_TRUE(AttendRecus(1));
+  EXPECT_EQ(Recus[0].Etat, EtatNoms::kErreurDisque);
+  EXPECT_EQ(Recus[0].Noms.join(u','), QStringLiteral("a.jpg,b.jpg"));
 }
 
 TEST_F(NomsSurDisque, NextReadingForgetsTheOneBefore) {

@@ -4,6 +4,8 @@
 
 #include <QBuffer>
 #include <QFile>
+#include <QImageWriter>
+#include <QPainter>
 #include <QTemporaryDir>
 
 #include "platform/image/jpeg_photo_reader.h"
@@ -23,17 +25,45 @@ class Photos : public testing::Test {
     image.save(&sortie, format, 50);
     return octets;
   }
+  static QByteArray JpegParPasses() {
+    QImage image(64, 64, QImage::Format_RGB32);
+    image.fill(qRgb(200, 60, 20));
+    QByteArray octets;
+    QBuffer sortie(&octets);
+    sortie.open(QIODevice::WriteOnly);
+    QImageWriter ecrivain(&sortie, "jpeg");
+    ecrivain.setProgressiveScanWrite(true);
+    EXPECT_TRUE(ecrivain.write(image));
+    return octets;
+  }
+  /// 40 million pixels: the left half red, the right half blue.
+  static QByteArray Grande() {
+    QImage image(8000, 5000, QImage::Format_RGB32);
+    image.fill(qRgb(220, 20, 20));
+    QPainter(&image).fillRect(4000, 0, 4000, 5000, QColor(20, 20, 220));
+    EncodeurTurboJpeg encodeur;
+    QByteArrayView octets;
+    EXPECT_EQ(encodeur.Encode(image, 80, octets), StatutJpeg::kReussi);
+    return octets.toByteArray();
+  }
+  static void ExigeGrande(const PhotoLue& lue) {
+    ASSERT_EQ(lue.Etat, EtatPhoto::kLue);
+    EXPECT_EQ(lue.Defaut, Dommage::kAucun);
+    EXPECT_EQ(lue.Image.size(), QSize(7000, 4375)) << "seven eighths: below 32 million, and no smaller than need be";
+    EXPECT_NEAR(qRed(lue.Image.pixel(100, 4300)), 220, 6);
+    EXPECT_NEAR(qBlue(lue.Image.pixel(6900, 50)), 220, 6);
+  }
   PhotoLue Lit(const QByteArray& octets) {
     QFile fichier(Dossier.filePath(QStringLiteral("x.jpg")));
     EXPECT_TRUE(fichier.open(QIODevice::WriteOnly));
     fichier.write(octets);
     fichier.close();
-    return Lecteur.LitPhoto(Dossier.path() + QStringLiteral("\\x.jpg"));
+    return LitPhotoJpeg(Dossier.path() + QStringLiteral("\\x.jpg"));
   }
   /// A picture that says in its header that it is this large.
-  static QByteArray Pretend(int largeur, int hauteur) {
-    QByteArray octets = Jpeg(64, 64);
-    const qsizetype sof = octets.indexOf(QByteArray("\xff\xc0", 2));
+  static QByteArray Pretend(int largeur, int hauteur, bool parPasses = false) {
+    QByteArray octets = parPasses ? JpegParPasses() : Jpeg(64, 64);
+    const qsizetype sof = octets.indexOf(QByteArray(parPasses ? "\xff\xc2" : "\xff\xc0", 2));
     EXPECT_GT(sof, 0);
     octets[sof + 5] = static_cast<char>(hauteur >> 8);
     octets[sof + 6] = static_cast<char>(hauteur);
@@ -43,7 +73,6 @@ class Photos : public testing::Test {
   }
 
   QTemporaryDir Dossier;
-  LecteurPhotosFichier Lecteur;
 };
 
 TEST_F(Photos, WholeOneComesInItsOwnSize) {
@@ -146,15 +175,34 @@ TEST_F(Photos, GreyOneAndOneInPrintingInksAreShown) {
   EXPECT_EQ(encree.Image.size(), QSize(32, 32));
 }
 
-TEST_F(Photos, HugeOneIsRefusedByItsHeader) {
-  EXPECT_EQ(Lit(Pretend(20000, 20000)).Etat, EtatPhoto::kTropGrande);
+TEST_F(Photos, OneAbove32MillionPixelsIsShownSmaller) { ExigeGrande(Lit(Grande())); }
+
+TEST_F(Photos, LargeOneInAFileThatIsNotReadWholeIsShownSmallerToo) {
+  Lit(Grande());
+  QFile fichier(Dossier.filePath(QStringLiteral("x.jpg")));
+  ASSERT_TRUE(fichier.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(fichier.resize(65LL * 1024 * 1024));
+  ExigeGrande(LitPhotoJpeg(fichier.fileName()));
+}
+
+TEST_F(Photos, HugeOneTakesTheEighthsThatFitWhateverItsHeaderSays) {
+  const PhotoLue lue = Lit(Pretend(20000, 20000));
+  EXPECT_EQ(lue.Etat, EtatPhoto::kLue);
+  EXPECT_EQ(lue.Image.size(), QSize(5000, 5000));
+  EXPECT_EQ(lue.Defaut, Dommage::kFausse) << "there is hardly a picture behind the header";
+  EXPECT_EQ(Lit(Pretend(8001, 4000)).Image.size(), QSize(7001, 3500)) << "one column above 32 million";
+}
+
+TEST_F(Photos, OneThatFitsInNoEighthOrWantsItsMemoryForSeveralPassesIsRefusedByItsHeader) {
   EXPECT_EQ(Lit(Pretend(65000, 65000)).Etat, EtatPhoto::kTropGrande);
-  EXPECT_EQ(Lit(Pretend(8001, 4000)).Etat, EtatPhoto::kTropGrande) << "one column above 32 million";
+  EXPECT_EQ(Lit(JpegParPasses()).Defaut, Dommage::kAucun);
+  EXPECT_EQ(Lit(JpegParPasses()).Image.size(), QSize(64, 64));
+  EXPECT_EQ(Lit(Pretend(9000, 8000, true)).Etat, EtatPhoto::kTropGrande) << "all of it is kept before it is scaled";
 }
 
 TEST_F(Photos, GoneOneAndAFolderAreTold) {
-  EXPECT_EQ(Lecteur.LitPhoto(Dossier.path() + QStringLiteral("\\nobody.jpg")).Etat, EtatPhoto::kAbsente);
-  EXPECT_EQ(Lecteur.LitPhoto(Dossier.path()).Etat, EtatPhoto::kAbsente);
+  EXPECT_EQ(LitPhotoJpeg(Dossier.path() + QStringLiteral("\\nobody.jpg")).Etat, EtatPhoto::kAbsente);
+  EXPECT_EQ(LitPhotoJpeg(Dossier.path()).Etat, EtatPhoto::kAbsente);
 }
 
 }  // namespace
