@@ -64,5 +64,17 @@ TEST_F(Envois, NamesAndSectionsBelongTogether) {
   EXPECT_EQ(DonneIdentite(Compagnon::kSon).Section, QLatin1String("SON"));
 }
 
+TEST_F(Envois, WhatBecomesOfACommandGoesWithItsWord) {
+  const QList<QPair<QString, Tenue>> attendues = {{"Intru", Tenue::kInstant},   {"Optio", Tenue::kGardee},
+                                                  {"Veill", Tenue::kGardee},    {"Quit*", Tenue::kDerniere},
+                                                  {"Surve", Tenue::kOrdinaire}, {"Conne", Tenue::kOrdinaire},
+                                                  {"Decon", Tenue::kOrdinaire}, {"UploM", Tenue::kOrdinaire}};
+  for (const auto& [mot, tenue] : attendues) EXPECT_EQ(DonneTenue(mot), tenue) << mot.toStdString();
+  EnvoieUn(Compagnon::kSon, "Intru");
+  EXPECT_EQ(Canal.DerniereTenue, Tenue::kInstant);
+  EnvoieUn(Compagnon::kSon, "Quit*");
+  EXPECT_EQ(Canal.DerniereTenue, Tenue::kDerniere);
+}
+
 }  // namespace
 }  // namespace vaktor::essai

@@ -16,8 +16,11 @@ struct Winsock : testing::Test {
   CommandesFaux Commandes{Journal};
   FenetreFausse Fenetre{Journal};
   EtatLiaison Etat;
-  std::unique_ptr<FormWinsock> Form = std::make_unique<FormWinsock>(PortsWinsock{
-      Canal, Magasin, Minuteries, Commandes, Fenetre, Fenetre, Etat, [this] { Journal << QStringLiteral("relance"); }});
+  std::unique_ptr<FormWinsock> Form = std::make_unique<FormWinsock>(
+      PortsWinsock{Canal, Magasin, Minuteries, Commandes, Fenetre, Fenetre, Etat,
+                   [this] { Journal << QStringLiteral("relance"); }, [this] { return Relance; },
+                   [this](Compagnon c) { Journal << QStringLiteral("inscrit ") + DonneIdentite(c).Section; }});
+  bool Relance = false;  ///< the FTP companion was started again
 
   /// What a text in the FTP inbox leads to, with the switch on or off.
   QString Recoit(const QString& texte, bool surveillance = true) {
@@ -182,6 +185,37 @@ TEST_F(Winsock, ASecondReportDoesNotPutTheRetryOff) {
   Journal.clear();
   Minuteries.Avance(30000);
   EXPECT_EQ(Journal.join(u'|'), "FTP Surve");
+}
+
+TEST_F(Winsock, EachRegistrationIsToldOnceItIsTaken) {
+  Journal.clear();
+  Canal.Boites.at(1001)("HWND:70001");
+  Canal.Boites.at(1002)("HWND:70002");
+  Canal.Boites.at(1003)("HWND:70003");
+  EXPECT_THROW(Canal.Boites.at(1003)("HWND:x"), Echec);
+  EXPECT_EQ(Journal.join(u'|'), "inscrit FTP|inscrit MAIL|inscrit SON");
+}
+
+TEST_F(Winsock, TheReadyWordOfOneThatWasStartedAgainCarriesOutNothing) {
+  Relance = true;
+  EXPECT_EQ(Recoit("*OKO*"), "");
+  EXPECT_TRUE(Etat.FtpModulePret);
+}
+
+TEST_F(Winsock, AConnectionOrAnErrorEndsWhatWaitedForTheCompanion) {
+  for (const char* mot : {"ConOK", "UplOK", "ErrCo"}) {
+    Etat.PageInterrompue = Etat.PageAttendue = true;
+    Recoit(mot);
+    EXPECT_FALSE(Etat.PageInterrompue) << mot;
+    EXPECT_FALSE(Etat.PageAttendue) << mot;
+  }
+}
+
+TEST_F(Winsock, PublishesItsHandlesAgain) {
+  Journal.clear();
+  Form->Republie();
+  EXPECT_EQ(Journal.join(u'|'), "ecrit FTP/HWNDVK=1001|ecrit MAIL/HWNDVK=1002|ecrit SON/HWNDVK=1003|vide");
+  EXPECT_EQ(Form->Poignees(), (std::array<qint32, 3>{1001, 1002, 1003}));
 }
 
 }  // namespace

@@ -255,5 +255,44 @@ TEST_F(Live, TheTestOpensThePageWhateverTheState) {
   EXPECT_EQ(Fait(&PublicationLive::TestPageLive), "ouvre http://exemple.org/cam/live.html");
 }
 
+TEST_F(Live, WithoutItsCompanionThePageWaitsAndIsTakenUpByTheNext) {
+  Etat.SurveillanceEnCours = Etat.LiveActif = true;
+  EXPECT_EQ(Fait(&PublicationLive::PerdCompagnon), "live LEDREDON|statut 69");
+  EXPECT_FALSE(Etat.LiveActif) << "nobody takes a frame";
+  EXPECT_TRUE(Etat.SurveillanceEnCours) << "the user's switch stays";
+  EXPECT_TRUE(Etat.PageInterrompue);
+  EXPECT_EQ(Fait(&PublicationLive::RetrouveCompagnon), "live LEDREDON|statut 69|FTP Conne");
+  EXPECT_FALSE(Etat.LiveActif) << "not before it is connected";
+}
+
+TEST_F(Live, ACompanionThatGoesTwiceDoesNotMakeThePageForgotten) {
+  Etat.SurveillanceEnCours = Etat.LiveActif = true;
+  Regles.PerdCompagnon();
+  Regles.PerdCompagnon();
+  EXPECT_TRUE(Etat.PageInterrompue);
+}
+
+TEST_F(Live, WithTheSwitchOffACompanionComesAndGoesUnseen) {
+  EXPECT_EQ(Fait(&PublicationLive::PerdCompagnon), "");
+  EXPECT_EQ(Fait(&PublicationLive::RetrouveCompagnon), "");
+  EXPECT_FALSE(Etat.PageInterrompue);
+}
+
+TEST_F(Live, APageThatNobodyAnsweredForIsAskedForAgain) {
+  Etat.SurveillanceEnCours = Etat.LiveActif = true;
+  Regles.CreationPageLive();
+  Regles.PerdCompagnon();
+  EXPECT_EQ(Fait(&PublicationLive::RetrouveCompagnon), "live LEDREDON|statut 69|FTP Conne|FTP UploM");
+}
+
+TEST_F(Live, TheSwitchGoesOffForAPageThatWaitsToo) {
+  Etat.SurveillanceEnCours = Etat.LiveActif = Etat.PageAttendue = true;
+  Regles.PerdCompagnon();
+  Regles.BasculeLive();
+  EXPECT_FALSE(Etat.PageInterrompue);
+  EXPECT_FALSE(Etat.PageAttendue);
+  EXPECT_EQ(Fait(&PublicationLive::RetrouveCompagnon), "");
+}
+
 }  // namespace
 }  // namespace vaktor::essai
