@@ -132,6 +132,7 @@ void FrmSante::MontreListe(const QList<ConditionEnCours>& liste, qint32 langue) 
     setTabOrder(avant, ligne);
     avant = ligne;
   }
+  if (isVisible()) Grandit();
 }
 
 void FrmSante::RetireLignes(const QList<ConditionEnCours>& liste) {
@@ -156,11 +157,17 @@ int FrmSante::HauteurVoulue() const {
   return liste + CmdFermer_->sizeHint().height() + kEcart + marges.top() + marges.bottom();
 }
 
+void FrmSante::Grandit() {
+  const int place = screen()->availableGeometry().height() * 3 / 4;
+  const int voulue = std::clamp(HauteurVoulue(), kHauteurMinimale, std::max(kHauteurMinimale, place));
+  if (voulue > height()) resize(width(), voulue);
+}
+
 void FrmSante::Ouvre() {
   if (!isVisible()) {
     ensurePolished();
-    const int place = screen()->availableGeometry().height() * 3 / 4;
-    resize(kLargeur, std::clamp(HauteurVoulue(), kHauteurMinimale, std::max(kHauteurMinimale, place)));
+    resize(kLargeur, kHauteurMinimale);
+    Grandit();
     CmdFermer_->setFocus();
   }
   show();

@@ -40,7 +40,8 @@ class FrmSante : public QWidget {
   FrmSante();
   /// The worst first; empty says that there is nothing.
   void MontreListe(const QList<ConditionEnCours>& liste, qint32 langue);
-  /// Comes to the front, as high as its list needs and the screen has room; when it is open already it only comes.
+  /// Comes to the front, as high as its list needs and the screen has room; when it is open already it only comes. A
+  /// list that grows while it is open makes it higher, none makes it lower.
   void Ouvre();
 
  Q_SIGNALS:
@@ -52,6 +53,7 @@ class FrmSante : public QWidget {
 
  private:
   int HauteurVoulue() const;
+  void Grandit();
   void RetireLignes(const QList<ConditionEnCours>& liste);
 
   QScrollArea* Defilement_;

@@ -14,7 +14,7 @@ class SigneSante : public QAbstractButton {
   Q_OBJECT
 
  public:
-  static constexpr QRect kPlace{370, 58, 20, 20};
+  static constexpr QRect kPlace{370, 59, 20, 20};
   explicit SigneSante(QWidget* parent);
 
   /// What the sign says. Those who hear the window are told when it appears or says something else.
