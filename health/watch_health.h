@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "engine/ports/clock.h"
+#include "engine/ports/moment.h"
 #include "engine/ports/timers.h"
 #include "health/conditions.h"
 #include "health/ports/health_report.h"
@@ -80,7 +81,7 @@ class SanteVeille : public RapportSante {
   void Reveille();
   void Tic();
   bool Regarde(Case& cas);
-  QDateTime Maintenant() const { return {Temps_.DonneDate(), Temps_.DonneHeure()}; }
+  QDateTime Maintenant() const { return LitMoment(Temps_); }
 
   const Horloge& Temps_;
   std::unique_ptr<Minuterie> Minuterie_;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "engine/ports/moment.h"
 #include "modules/ftp/ftp_access.h"
 
 namespace vaktor {
@@ -218,6 +219,6 @@ void ModuleFtp::Reussit(bool desPhotos) {
   Contexte_.Etat.Efface();
 }
 
-QDateTime ModuleFtp::Maintenant() const { return {Contexte_.Temps.DonneDate(), Contexte_.Temps.DonneHeure()}; }
+QDateTime ModuleFtp::Maintenant() const { return LitMoment(Contexte_.Temps); }
 
 }  // namespace vaktor

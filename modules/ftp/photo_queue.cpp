@@ -47,7 +47,8 @@ qsizetype FilePhotos::Elague() const {
 QDateTime FilePhotos::DonnePrise(const QString& nom) const { return QFileInfo(Chemin(nom)).lastModified(); }
 
 bool FilePhotos::EstAbandonne(const QString& nom, const QDateTime& maintenant) const {
-  return DonnePrise(nom).secsTo(maintenant) > kAbandon;
+  // A time in the future is one of before the clock was set back: what is being written now has the time of now.
+  return qAbs(DonnePrise(nom).secsTo(maintenant)) > kAbandon;
 }
 
 void FilePhotos::Retire(const QString& nom) const { QFile::remove(Chemin(nom)); }

@@ -27,7 +27,8 @@ class FilePhotos {
   QString Chemin(const QString& nom) const { return Dossier_ + QLatin1Char('/') + nom; }
   /// When the photo was taken: the file's own time, since the name carries the date of the program's start.
   QDateTime DonnePrise(const QString& nom) const;
-  /// True when the file has not changed for a minute: what is no picture by then will never be one.
+  /// True when the file has not changed for a minute, by a clock that may have been set meanwhile: what is no picture
+  /// by then will never be one.
   bool EstAbandonne(const QString& nom, const QDateTime& maintenant) const;
   /// Published, or never to be.
   void Retire(const QString& nom) const;

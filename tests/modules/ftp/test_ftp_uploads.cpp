@@ -238,6 +238,15 @@ TEST_F(Ftp, APhotoStillBeingWrittenWaitsAndOneThatNeverWillBeIsGivenUp) {
   EXPECT_TRUE(PhotosLocales().isEmpty());
 }
 
+// Half a photo of before the clock was set back by a year would be asked for at each look until the year is over.
+TEST_F(Ftp, APhotoThatNeverWillBeIsGivenUpAlsoWhenItsTimeLiesInTheFuture) {
+  Connecte();
+  PosePhoto("a.jpg", -366 * 86400);
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kSourceIncomplete);
+  EXPECT_TRUE(PhotosLocales().isEmpty());
+}
+
 TEST_F(Ftp, ThePageFollowsThePhotosOnceTheUserHasAskedForOne) {
   Publie();
   PosePhoto("a.jpg");
