@@ -61,6 +61,7 @@ void Vaktor::CreeMoteur() {
       Reglages_, *Photos_, Minuteries_, Systeme_.Sonde, Sante_, [this] { return Moteur_->Alarme().AlarmeArmee; }});
   Actions_->Relie(*Photos_);
   Camera_.Relie(*Moteur_);
+  CreeEveil();
 }
 
 void Vaktor::CreeForm1() {

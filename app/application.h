@@ -25,6 +25,7 @@
 #include "companions/module_send_messages.h"
 #include "companions/second_copies.h"
 #include "companions/sending_watch.h"
+#include "health/awake_watch.h"
 #include "health/blind_mails.h"
 #include "health/desktop_notices.h"
 #include "health/watch_health.h"
@@ -89,6 +90,7 @@ class Vaktor : private EtapesDepart {
   void CreeLive();
   void CreeMoteur();
   void CreeForm1();
+  void CreeEveil();
   void BrancheActions();
   void MontreFormSound();
   void MontreFrmSmtp();
@@ -109,6 +111,7 @@ class Vaktor : private EtapesDepart {
 
   // The end (application_end.cpp).
   void AbandonneDepart();
+  void ArreteEveil();
   void DemandeFermeture();
   void FermeApplication();
   void PrevientCompagnons();
@@ -146,6 +149,7 @@ class Vaktor : private EtapesDepart {
   DessinTimbre Timbre_;
   std::unique_ptr<PublicationLive> Live_;
   std::unique_ptr<Surveillance> Moteur_;
+  std::unique_ptr<GardeEveil> Eveil_;
   std::unique_ptr<EnregistreurPhotos> Photos_;
   std::unique_ptr<VeillePhotos> VeillePhotos_;
   std::unique_ptr<GaleriePhotos> Galerie_;

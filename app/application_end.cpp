@@ -37,6 +37,7 @@ void Vaktor::AbandonneDepart() {
     EssaieJusquauBout([this] { Moteur_->DeconnectePilote(); });
     EssaieJusquauBout([this] { Moteur_->Arrete(); });
   }
+  ArreteEveil();
   // The start arguments may have brought the monitor up before the step that failed.
   if (FormMonitor_) FormMonitor_->hide();
   if (Form1_) Form1_->hide();
@@ -59,6 +60,7 @@ void Vaktor::FermeApplication() {
   EssaieJusquauBout([this] { ArreteSante(); });
   EssaieJusquauBout([this] { Live_->CoupeLive(); });
   EssaieJusquauBout([this] { Moteur_->Arrete(); });  // no tick of the engine comes from here on
+  ArreteEveil();                                     // the machine may sleep again
   PrevientCompagnons();
   Pompe();
   SauveAvantFin();

@@ -62,6 +62,7 @@ PortsSysteme SystemeReel::Ports() {
           .Programmes = Programmes_,
           .BoitesPubliees = BoitesPubliees_,
           .Mesureur = Mesureur_,
+          .Machine = Machine_,
           .Navigateur = Navigateur_,
           .Comptes = Comptes_,
           .EssaiMail = EssaiMail_,

@@ -26,6 +26,7 @@
 #include "platform/sound/wave_player.h"
 #include "platform/telling/desktop_notifier.h"
 #include "platform/telling/mail_drop.h"
+#include "platform/wakefulness/dbus_wakefulness.h"
 #include "platform/widgets/desktop_opener.h"
 #include "platform/widgets/qt_file_dialog.h"
 #include "platform/widgets/qt_message_boxes.h"
@@ -71,6 +72,7 @@ class SystemeReel {
   ProcessusSysteme Programmes_;
   LecteurBoitesFichier BoitesPubliees_;
   MesureurDossierSysteme Mesureur_;
+  EveilDBus Machine_{TrouveAdressesBus()};
   RegistreComptesFichiers Comptes_{TrouveLieuxComptes()};
   EssaiParCompagnon EssaiMail_;
   EssaiParCompagnon EssaiFtp_;

@@ -20,6 +20,7 @@
 #include "engine/ports/event_pump.h"
 #include "engine/ports/interface_sounds.h"
 #include "engine/ports/timers.h"
+#include "health/ports/awake_machine.h"
 #include "health/ports/desktop_notifier.h"
 #include "health/ports/mail_drop.h"
 #include "image/jpeg_writer.h"
@@ -59,6 +60,7 @@ struct PortsSysteme {
   Processus& Programmes;
   LecteurBoites& BoitesPubliees;
   MesureurDossier& Mesureur;
+  MachineEveillee& Machine;
   Ouvreur& Navigateur;
   RegistreComptes& Comptes;  ///< the mail accounts of this machine
   EssaiReglages& EssaiMail;

@@ -6,6 +6,7 @@
 
 #include "app/application.h"
 #include "base/failure.h"
+#include "fakes/fake_awake_machine.h"
 #include "fakes/fake_capture_driver.h"
 #include "fakes/fake_companion_status.h"
 #include "fakes/fake_desktop_notifier.h"
@@ -310,6 +311,7 @@ struct SystemeFaux {
             .Programmes = Programmes,
             .BoitesPubliees = BoitesPubliees,
             .Mesureur = Mesureur,
+            .Machine = Machine,
             .Navigateur = Navigateur,
             .Comptes = Comptes,
             .EssaiMail = EssaiMail,
@@ -352,6 +354,7 @@ struct SystemeFaux {
   ProcessusNote Programmes{Notes};
   BoitesLues BoitesPubliees{Valeurs};
   MesureurMuet Mesureur;
+  faux::MachineFausse Machine{Notes, Horloge};
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;
   faux::EssaiFaux EssaiMail;

@@ -124,6 +124,8 @@ TEST_F(DepartManque, OfAMissingCompanionLetsACameraGoThatTheStartArgumentsHaveOp
   Systeme.Messages.PendantMessage = [this] {
     PendantMessage = true;
     EXPECT_EQ(Compte("Deconnecte"), 1);
+    EXPECT_GT(Systeme.Machine.Demandes, 0);
+    EXPECT_FALSE(Systeme.Machine.Tenue) << "the machine may sleep again";
     const qsizetype images = Compte("SaisitImage");
     Systeme.Temps.Avance(60'000);
     EXPECT_EQ(Compte("SaisitImage"), images);

@@ -1,0 +1,11 @@
+// The clocks of the machine.
+#pragma once
+
+#include "health/ports/awake_machine.h"
+
+namespace vaktor {
+
+/// Any thread.
+InstantsMachine LitHorlogesMachine();
+
+}  // namespace vaktor
