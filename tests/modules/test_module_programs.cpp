@@ -19,6 +19,10 @@ struct Programmes : ProgrammeCompagnon {
   bool AttendInscription() {
     return AttendQue([this] { return Etat.HandleSon != 0; });
   }
+  /// To be awaited before "Quit*": that word goes out at once, and what was not taken by then goes unless it is kept.
+  bool AttendPrise() {
+    return AttendQue([this] { return Canal.DonnePrise(Etat.HandleSon) == Prise::kRien; });
+  }
   QString LitJournal() const { return LitTexte(Temporaire.filePath("etat/VAKTORsound.log")); }
 };
 
@@ -40,7 +44,10 @@ TEST_F(Programmes, TheSoundCompanionReadsTheStoreAgainWhenItIsTold) {
   Magasin.EcritReglage("SON", "Repertoire", "/pas/la/mon son.wav");
   Magasin.Vide();
   Envois.EnvoiSon("Optio");
-  for (int i = 0; i < 50; ++i) Envois.EnvoiSon("Intru");
+  for (int i = 0; i < 10; ++i) {
+    Envois.EnvoiSon("Intru");
+    ASSERT_TRUE(AttendPrise());  // else equal ones are folded into one
+  }
   Envois.EnvoiSon("Quit*");
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(LitJournal().count("/pas/la/mon son.wav"), 1) << "told once";
@@ -117,10 +124,12 @@ TEST_F(Exemple, ItIsShort) {
 
 TEST_F(Exemple, ItDoesWhatTheManualSays) {
   Envois.EnvoiSon("Intru");
+  ASSERT_TRUE(AttendPrise());
   Magasin.EcritReglage("SON", "index", "1");
   Magasin.Vide();
   Envois.EnvoiSon("Optio");
   Envois.EnvoiSon("Intru");
+  ASSERT_TRUE(AttendPrise());
   Envois.EnvoiSon("Quit*");
   ASSERT_TRUE(AttendFin());
   const QString dit = QString::fromUtf8(Programme.readAll());
