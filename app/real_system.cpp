@@ -37,47 +37,48 @@ QString SystemeReel::PrepareDossiersSansAttendre() {
 
 PortsSysteme SystemeReel::Ports() {
   const QString reglages = TrouveDossierReglages(Arguments_.Dossier);
-  return {.Dossiers = Dossiers_,
-          .PrepareDossiers = [this] { return PrepareDossiersSansAttendre(); },
-          .OuvreMagasin =
-              [this] { return std::make_unique<MagasinFichier>(TrouveFichierReglages(Arguments_.Dossier)); },
-          .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
-          .CreePilote =
-              [this, reglages](std::function<qint32()> langue) {
-                Memoire_ = std::make_unique<MemoireCapture>(FichierMemoireCapture(reglages));
-                return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
-              },
-          .Temps = Temps_,
-          .Disque = DisqueBorne_,
-          .Pompe = Pompe_,
-          .Minuteries = Minuteries_,
-          .Boites = Boites_,
-          .Ecrivain = Ecrivain_,
-          .Noms = Noms_,
-          .Lecteur = Lecteur_,
-          .Effaceur = Effaceur_,
-          .Arbre = Arbre_,
-          .Sonde = Sonde_,
-          .Sons = Sons_,
-          .Programmes = Programmes_,
-          .BoitesPubliees = BoitesPubliees_,
-          .Mesureur = Mesureur_,
-          .Machine = Machine_,
-          .Navigateur = Navigateur_,
-          .Comptes = Comptes_,
-          .EssaiMail = EssaiMail_,
-          .EssaiFtp = EssaiFtp_,
-          .Etats = Etats_,
-          .Bureau = Bureau_,
-          .Courriels = Courriels_,
-          .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
-                   QStringLiteral(VAKTOR_VERSION)},
-          .CreeFormSound =
-              [this](Parametres& valeurs, SauvegardeParametres& sauvegarde) {
-                return std::make_unique<FormSound>(ChoixSon(valeurs, sauvegarde, Sons_, ChoixFichier_));
-              },
-          .SuitLangue = [this](std::function<qint32()> langue) { Boites_.SuitLangue(std::move(langue)); },
-          .Registre = nullptr};  // no compatibility flags here: the restart with raised rights falls away
+  return {
+      .Dossiers = Dossiers_,
+      .PrepareDossiers = [this] { return PrepareDossiersSansAttendre(); },
+      .OuvreMagasin = [this] { return std::make_unique<MagasinFichier>(TrouveFichierReglages(Arguments_.Dossier)); },
+      .DossierMagasin = reglages,
+      .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
+      .CreePilote =
+          [this, reglages](std::function<qint32()> langue) {
+            Memoire_ = std::make_unique<MemoireCapture>(FichierMemoireCapture(reglages));
+            return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
+          },
+      .Temps = Temps_,
+      .Disque = DisqueBorne_,
+      .Pompe = Pompe_,
+      .Minuteries = Minuteries_,
+      .Boites = Boites_,
+      .Ecrivain = Ecrivain_,
+      .Noms = Noms_,
+      .Lecteur = Lecteur_,
+      .Effaceur = Effaceur_,
+      .Arbre = Arbre_,
+      .Sonde = Sonde_,
+      .Sons = Sons_,
+      .Programmes = Programmes_,
+      .BoitesPubliees = BoitesPubliees_,
+      .Mesureur = Mesureur_,
+      .Machine = Machine_,
+      .Navigateur = Navigateur_,
+      .Comptes = Comptes_,
+      .EssaiMail = EssaiMail_,
+      .EssaiFtp = EssaiFtp_,
+      .Etats = Etats_,
+      .Bureau = Bureau_,
+      .Courriels = Courriels_,
+      .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
+               QStringLiteral(VAKTOR_VERSION)},
+      .CreeFormSound =
+          [this](Parametres& valeurs, SauvegardeParametres& sauvegarde) {
+            return std::make_unique<FormSound>(ChoixSon(valeurs, sauvegarde, Sons_, ChoixFichier_));
+          },
+      .SuitLangue = [this](std::function<qint32()> langue) { Boites_.SuitLangue(std::move(langue)); },
+      .Registre = nullptr};  // no compatibility flags here: the restart with raised rights falls away
 }
 
 }  // namespace vaktor

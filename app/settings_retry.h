@@ -2,7 +2,9 @@
 #pragma once
 
 #include <exception>
+#include <functional>
 #include <optional>
+#include <utility>
 
 #include "health/watch_health.h"
 #include "settings/saving.h"
@@ -10,12 +12,14 @@
 namespace vaktor {
 
 /// A disk has room again, a network volume is back: nobody changes a setting only to try, and until a save succeeds the
-/// companions work with the old ones. Every kPauseMs while kReglagesNonSauves counts. Owner: app/. User-interface
-/// thread.
+/// companions work with the old ones. Every kPauseMs while kReglagesNonSauves counts, and only when `repond` says that
+/// the disk of the store answers: a save waits for it without a bound, on the thread of the windows, where nobody has
+/// asked for anything. `repond` itself must not wait long. Owner: app/. User-interface thread.
 class ReessaieReglages : public ObservateurSante {
  public:
   static constexpr qint64 kPauseMs = 30'000;
-  explicit ReessaieReglages(SauvegardeParametres& sauvegarde) : Sauvegarde_(sauvegarde) {}
+  ReessaieReglages(SauvegardeParametres& sauvegarde, std::function<bool()> repond)
+      : Sauvegarde_(sauvegarde), Repond_(std::move(repond)) {}
 
   void Commence(const ConditionEnCours& condition) override {
     if (condition.Quoi == Condition::kReglagesNonSauves) Attend_ = true;
@@ -31,7 +35,7 @@ class ReessaieReglages : public ObservateurSante {
     if (maintenantMs < *Prochain_) return false;
     Prochain_ = maintenantMs + kPauseMs;
     try {
-      Sauvegarde_.SauveParametres();  // takes the condition back by itself
+      if (Repond_()) Sauvegarde_.SauveParametres();  // takes the condition back by itself
     } catch (const std::exception&) {
       // It was told at the first failure and stands: a message every half minute would be one too many.
     }
@@ -40,6 +44,7 @@ class ReessaieReglages : public ObservateurSante {
 
  private:
   SauvegardeParametres& Sauvegarde_;
+  const std::function<bool()> Repond_;
   bool Attend_ = false;
   std::optional<qint64> Prochain_;
 };

@@ -42,6 +42,7 @@ struct PortsSysteme {
   DossiersProgramme Dossiers;
   std::function<QString()> PrepareDossiers;  ///< makes the folders; the one that could not be made, or the empty text
   std::function<std::unique_ptr<MagasinReglages>()> OuvreMagasin;
+  QString DossierMagasin;  ///< the folder of that store, on whatever disk it is
   std::function<std::unique_ptr<CanalMessages>()> OuvreCanal;
   /// `langue` gives the language of the driver's dialogs at any moment.
   std::function<std::unique_ptr<PiloteCapture>(std::function<qint32()> langue)> CreePilote;

@@ -22,9 +22,10 @@ SigneSante::SigneSante(QWidget* parent) : QAbstractButton(parent) {
   hide();
 }
 
-void SigneSante::Montre(Gravite gravite, const Mots& mots) {
-  const bool nouveau = isHidden() || mots.Nom != Mots_.Nom;
-  Niveau_ = gravite;
+void SigneSante::Montre(Condition pire, const Mots& mots) {
+  const bool nouveau = isHidden() || pire != Pire_;
+  Pire_ = pire;
+  Niveau_ = DonneGravite(pire);
   Mots_ = mots;
   setAccessibleName(mots.Nom);
   setAccessibleDescription(mots.Description);

@@ -17,14 +17,15 @@ class SigneSante : public QAbstractButton {
   static constexpr QRect kPlace{370, 59, 20, 20};
   explicit SigneSante(QWidget* parent);
 
-  /// What the sign says. Those who hear the window are told when it appears or says something else.
+  /// What the sign says. Those who hear the window are told when it appears or tells of another condition; the words of
+  /// one that goes on may change every few seconds (a server that numbers its answers), which nobody wants to hear.
   struct Mots {
     QString Nom;          ///< how bad, and the worst condition
     QString Description;  ///< what a click does
     QString Aide;         ///< tooltip: the worst condition
     bool operator==(const Mots&) const = default;
   };
-  void Montre(Gravite gravite, const Mots& mots);
+  void Montre(Condition pire, const Mots& mots);
   void Cache();
   Gravite Niveau() const { return Niveau_; }
   QSize sizeHint() const override { return kPlace.size(); }
@@ -37,6 +38,7 @@ class SigneSante : public QAbstractButton {
   void Alerte();
 
   Gravite Niveau_ = Gravite::kAvis;
+  Condition Pire_{};
   Mots Mots_;
 };
 

@@ -21,7 +21,7 @@ void VueSante::Actualise() {
   const ConditionEnCours& pire = liste.first();
   const Gravite gravite = DonneGravite(pire.Quoi);
   const QString quoi = PhraseQuoi(pire.Quoi, pire.Detail, langue);
-  signe.Montre(gravite, {PhraseGravite(gravite, langue) + QStringLiteral(". ") + quoi, AideSigneSante(langue), quoi});
+  signe.Montre(pire.Quoi, {PhraseGravite(gravite, langue) + QStringLiteral(". ") + quoi, AideSigneSante(langue), quoi});
 }
 
 void VueSante::Ouvre() {

@@ -140,7 +140,10 @@ class BoitesLues : public LecteurBoites {
     };
     rend(PoigneesPubliees{lit("FTP"), lit("MAIL"), lit("SON")});
   }
-  void Oublie() override {}
+  void Oublie() override {
+    if (Bloque) throw std::bad_alloc();
+  }
+  bool Bloque = false;  ///< letting a question go throws
 
  private:
   const QMap<QString, QString>& Valeurs_;
@@ -175,6 +178,9 @@ class DisqueNote : public Fichiers {
     J_.Note([&] { return QStringLiteral("files: exists ") + chemin; });
     return Existants.contains(chemin);
   }
+  Presence Regarde(const QString& chemin) const override {
+    return Muets.contains(chemin) ? Presence::kSansReponse : Fichiers::Regarde(chemin);
+  }
   bool CreeDossier(const QString& chemin) override {
     J_.Note([&] { return QStringLiteral("files: make ") + chemin; });
     Existants.append(chemin);
@@ -185,6 +191,7 @@ class DisqueNote : public Fichiers {
   int EcritFichier(const QString&, QByteArrayView) override { return 0; }
   int EcritNouveauFichier(const QString&, QByteArrayView) override { return 0; }
   QStringList Existants;
+  QStringList Muets;  ///< their disk does not answer
 
  private:
   Journal& J_;
@@ -294,6 +301,7 @@ struct SystemeFaux {
                   return QString();
                 },
             .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
+            .DossierMagasin = QStringLiteral("/home/u/config"),
             .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque); },
             .CreePilote = [this](const std::function<qint32()>&) { return std::move(Pilote); },
             .Temps = Horloge,

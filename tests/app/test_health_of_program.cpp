@@ -33,9 +33,16 @@ class SanteDuProgramme : public ProgrammeSurFaux {
   SanteDuProgramme() { Alertes().clear(); }
   void SetUp() override {
     DemarreJusquALaFenetre();
+    InscritCompagnons();
     Fenetre("Form1")->activateWindow();
   }
   RapportSante& Rapport() { return Programme->Sante(); }
+  void SignaleTout() {
+    for (int i = 0; i < kNombreConditions; ++i) {
+      Rapport().Signale(static_cast<Condition>(i),
+                        QStringLiteral("/media/a/rather/long/path/to/some/folder of a shop: No space"));
+    }
+  }
   static SigneSante* Signe() { return Trouve<SigneSante>("SigneSante"); }
   static QWidget* Liste() { return Fenetre("FrmSante"); }
   static QString LitLigne(const char* condition, const char* etiquette) {
@@ -105,6 +112,23 @@ TEST_F(SanteDuProgramme, TheSignIsHeardWhenItAppearsAndWhenItSaysSomethingElse) 
   Rapport().Signale(Condition::kPhotosImpossibles);
   Systeme.Temps.Avance(1000);
   EXPECT_EQ(Alertes().size(), 3) << "it has appeared again";
+}
+
+// A server numbers its answers: each look at what waits brings other words of the same thing.
+TEST_F(SanteDuProgramme, WordsThatChangeAreShownAndNotHeardAgain) {
+  Rapport().Signale(Condition::kPhotosImpossibles, QStringLiteral("id 1"));
+  Systeme.Temps.Avance(1000);
+  ASSERT_EQ(Alertes().size(), 1);
+  Rapport().Signale(Condition::kPhotosImpossibles, QStringLiteral("id 2"));
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(Signe()->toolTip(), QStringLiteral("Photos cannot be saved (id 2)."));
+  EXPECT_TRUE(Signe()->accessibleName().contains(QStringLiteral("id 2")));
+  EXPECT_EQ(Alertes().size(), 1);
+  // As bad, but something else.
+  Rapport().Leve(Condition::kPhotosImpossibles);
+  Rapport().Signale(Condition::kLimitePhotos);
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(Alertes().size(), 2);
 }
 
 TEST_F(SanteDuProgramme, TheSignCoversNoOtherControlAndMovesNone) {
@@ -231,12 +255,16 @@ TEST_F(SanteDuProgramme, EveryEntryIsReachedByTabAndReadAsAWhole) {
 }
 
 TEST_F(SanteDuProgramme, NoWordIsCutOffInEitherLanguageAndAtTwoWidths) {
-  for (int i = 0; i < kNombreConditions; ++i) {
-    Rapport().Signale(static_cast<Condition>(i),
-                      QStringLiteral("/media/a/rather/long/path/to/some/folder of a shop: No space"));
-  }
-  Systeme.Temps.Avance(10000);
+  SignaleTout();
+  Systeme.Temps.Avance(1000);
   Clique("SigneSante");
+  // In this program nothing is wrong, and each room that looks takes its own away again: it is said until all stand.
+  const auto lignes = [] { return Liste()->findChildren<LigneSante*>().size(); };
+  for (int i = 0; i < 200 && lignes() < kNombreConditions; ++i) {
+    SignaleTout();
+    Systeme.Temps.Avance(100);
+  }
+  ASSERT_EQ(lignes(), kNombreConditions);
   int vus = 0;
   for (const char* drapeau : {"Image4(1)", "Image4(0)"}) {
     Clique(drapeau);
@@ -294,6 +322,13 @@ TEST_F(SanteDuProgramme, SettingsThatCannotBeSavedAreToldAndTriedAgainUntilTheyA
   EXPECT_TRUE(Signe()->isVisible());
   EXPECT_TRUE(Systeme.Messages.Textes.isEmpty()) << "no message with each try";
   Systeme.MagasinPlein = false;
+  // On a disk that has fallen silent a save would hold up the windows for as long.
+  Systeme.Disque.Muets = {QStringLiteral("/home/u/config")};
+  Systeme.Notes.Vide();
+  Systeme.Temps.Avance(120'000);
+  EXPECT_TRUE(Signe()->isVisible());
+  EXPECT_FALSE(Systeme.Notes.Lignes().contains(QStringLiteral("store: flush")));
+  Systeme.Disque.Muets.clear();
   Systeme.Temps.Avance(32'000);
   EXPECT_FALSE(Signe()->isVisible());
   EXPECT_EQ(Systeme.Valeurs.value(QStringLiteral("general/retard")), QStringLiteral("12"));
@@ -338,6 +373,7 @@ TEST_F(SanteDuProgramme, PicturesForThePersonWhoLooks) {
 class CourrielDuProgramme : public ProgrammeSurFaux {
  protected:
   void SetUp() override {
+    Camera = Systeme.Pilote.get();
     Systeme.Valeurs.insert(QStringLiteral("MAIL/actif"), QStringLiteral("1"));
     Systeme.Valeurs.insert(QStringLiteral("general/retard"), QStringLiteral("1"));
     DemarreJusquALaFenetre();
@@ -346,18 +382,21 @@ class CourrielDuProgramme : public ProgrammeSurFaux {
     Systeme.Temps.Avance(3000);
     Systeme.Notes.Vide();
   }
+  /// The camera gives nothing new, and its driver says so.
+  void PerdSignal(bool perdu) const { Camera->Muette = Camera->Perdu = perdu; }
+  faux::PiloteFaux* Camera = nullptr;
 };
 
 TEST_F(CourrielDuProgramme, ABlindWatchThatIsArmedLaysDownAMailWithItsLastPictureAndCallsTheCompanion) {
-  Programme->Sante().Signale(Condition::kDetectionArretee);
+  PerdSignal(true);
   Systeme.Temps.Avance(62'000);
   ASSERT_EQ(Systeme.Courriels.Deposes.size(), 1);
-  EXPECT_EQ(Systeme.Courriels.Deposes[0].Courriel.Mot, QStringLiteral("detection-stopped"));
+  EXPECT_EQ(Systeme.Courriels.Deposes[0].Courriel.Mot, QStringLiteral("signal-lost"));
   EXPECT_EQ(Systeme.Courriels.Deposes[0].Image.size(), QSize(287, 241));
   EXPECT_FALSE(Systeme.Notes.Lignes().contains(QStringLiteral("channel: post 68 to 72")));
   Systeme.Courriels.Repond(true);
   EXPECT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("channel: post 68 to 72")));
-  Programme->Sante().Leve(Condition::kDetectionArretee);
+  PerdSignal(false);
   Systeme.Temps.Avance(2000);
   ASSERT_EQ(Systeme.Courriels.Deposes.size(), 2);
   EXPECT_TRUE(Systeme.Courriels.Deposes[1].Courriel.Fin);
@@ -365,7 +404,7 @@ TEST_F(CourrielDuProgramme, ABlindWatchThatIsArmedLaysDownAMailWithItsLastPictur
 
 TEST_F(CourrielDuProgramme, OneThatIsDisarmedDoesNot) {
   Clique("Bouton(1)");
-  Programme->Sante().Signale(Condition::kDetectionArretee);
+  PerdSignal(true);
   Systeme.Temps.Avance(120'000);
   EXPECT_TRUE(Systeme.Courriels.Deposes.isEmpty());
 }
