@@ -1,5 +1,6 @@
 // The shutdown: one pass, nothing is asked, nothing refuses, nothing is waited for.
 #include <QCoreApplication>
+#include <QScopeGuard>
 #include <cstdio>
 
 #include "app/application.h"
@@ -48,11 +49,11 @@ void Vaktor::AbandonneDepart() {
 void Vaktor::DemandeFermeture() {
   if (Fermee_) return;
   Fermee_ = true;
+  // Not quit(), which does nothing while a message box runs the only event loop.
+  const auto fin = qScopeGuard([this] { QCoreApplication::exit(Statut()); });
   EssaieJusquauBout([this] { Moteur_->DeconnectePilote(); });
   FermeApplication();
   Pompe();
-  // Not quit(), which does nothing while a message box runs the only event loop.
-  QCoreApplication::exit(Statut());
 }
 
 void Vaktor::FermeApplication() {
@@ -73,8 +74,8 @@ void Vaktor::FermeApplication() {
   if (Repertoire_) EssaieJusquauBout([this] { Repertoire_->Decharge(); });
   // Only a gallery on the screen is asked to close, which saves: one that nobody opened leaves the store alone.
   if (FormVisuPhoto_ && FormVisuPhoto_->isVisible()) EssaieJusquauBout([this] { FormVisuPhoto_->close(); });
-  Envois_.reset();
-  FormWinsock_.reset();  // a late word of a companion finds nobody any more
+  EssaieJusquauBout([this] { Envois_.reset(); });
+  EssaieJusquauBout([this] { FormWinsock_.reset(); });  // a late word of a companion finds nobody any more
   EssaieJusquauBout([this] { Splash_.Decharge(); });
   if (FormMonitor_) EssaieJusquauBout([this] { FormMonitor_->close(); });
   if (FormSound_) EssaieJusquauBout([this] { FormSound_->close(); });
@@ -84,7 +85,7 @@ void Vaktor::FermeApplication() {
 
 // The companions are not waited for, and no longer looked after: one that stays is ended by the next start.
 void Vaktor::PrevientCompagnons() {
-  if (Veille_) Veille_->Arrete();
+  if (Veille_) EssaieJusquauBout([this] { Veille_->Arrete(); });
   if (!Modules_) return;
   for (void (ModuleSendMessages::*envoi)(const QString&) :
        {&ModuleSendMessages::EnvoiFTP, &ModuleSendMessages::EnvoiMail, &ModuleSendMessages::EnvoiSon}) {

@@ -65,12 +65,12 @@ void VeilleCompagnons::Commence() {
 void VeilleCompagnons::Arrete() {
   if (TimerVeille_) TimerVeille_->Desactive();
   Phase_ = Phase::kFin;
-  Ports_.Boites.Arrete();
   for (Suivi& suivi : Suivis_) {
     if (suivi.TimerRelance) suivi.TimerRelance->Desactive();
     if (suivi.Etat == Vie::kEnVie && !suivi.Inscrit) suivi.Programme->DemandeFin();
     if (suivi.Etat == Vie::kCondamne) suivi.Programme->Tue();
   }
+  Ports_.Boites.Arrete();  // last: it may throw, and none of those above may stay for that
 }
 
 void VeilleCompagnons::Inscrit(Compagnon compagnon) {

@@ -1,10 +1,20 @@
 #include "companions/inbox_guard.h"
 
+#include <cstdio>
+#include <exception>
 #include <utility>
 
 #include "base/failure.h"
 
 namespace vaktor {
+
+GardeBoites::~GardeBoites() {
+  try {
+    Ports_.Lecteur.Oublie();
+  } catch (const std::exception& echec) {
+    std::fprintf(stderr, "Vaktor: %s\n", echec.what());
+  }
+}
 
 void GardeBoites::Regarde(std::function<void(bool)> suite) {
   Suivantes_.append(std::move(suite));
@@ -18,9 +28,9 @@ void GardeBoites::Commence() {
 }
 
 void GardeBoites::Arrete() {
-  Ports_.Lecteur.Oublie();
   Suites_.clear();
   Suivantes_.clear();
+  Ports_.Lecteur.Oublie();
 }
 
 void GardeBoites::Recoit(const std::optional<PoigneesPubliees>& lues) {

@@ -25,7 +25,7 @@ struct PortsGarde {
 class GardeBoites {
  public:
   explicit GardeBoites(const PortsGarde& ports) : Ports_(ports) {}
-  ~GardeBoites() { Ports_.Lecteur.Oublie(); }
+  ~GardeBoites();
   GardeBoites(const GardeBoites&) = delete;
   GardeBoites& operator=(const GardeBoites&) = delete;
 

@@ -1,6 +1,8 @@
 #include "companions/sending_watch.h"
 
 #include <algorithm>
+#include <cstdio>
+#include <exception>
 
 #include "base/failure.h"
 
@@ -13,7 +15,13 @@ SuiviEnvois::SuiviEnvois(const PortsEnvois& ports)
   TimerEnvois_->Active();
 }
 
-SuiviEnvois::~SuiviEnvois() { Ports_.Lecteur.Oublie(); }
+SuiviEnvois::~SuiviEnvois() {
+  try {
+    Ports_.Lecteur.Oublie();
+  } catch (const std::exception& echec) {
+    std::fprintf(stderr, "Vaktor: %s\n", echec.what());
+  }
+}
 
 qint64 SuiviEnvois::Maintenant() {
   const auto tic = static_cast<quint32>(Ports_.Temps.CompteTics());

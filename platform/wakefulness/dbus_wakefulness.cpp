@@ -81,7 +81,15 @@ void EveilDBus::Demande(Reponse reponse) {
   };
   if (!LanceFil()) return rend({});
   QMetaObject::invokeMethod(
-      Guichet_, [bureau = Bureau_, rend] { rend(EssaieDemande(*bureau)); }, Qt::QueuedConnection);
+      Guichet_,
+      [bureau = Bureau_, rend] {
+        try {
+          rend(EssaieDemande(*bureau));
+        } catch (const std::exception&) {
+          // Want of memory on the way back: the answer is lost as on a bus that is silent.
+        }
+      },
+      Qt::QueuedConnection);
 }
 
 void EveilDBus::Rend() {

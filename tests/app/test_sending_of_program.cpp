@@ -1,5 +1,6 @@
 // The program looks whether what its companions send arrives, and its health hears of it.
 #include "app/program_fixture.h"
+#include "ui/health_sign.h"
 
 namespace vaktor::essai {
 namespace {
@@ -13,6 +14,21 @@ TEST_F(EnvoisDuProgramme, TheFilesAreLookedAtOnceMailsAreOn) {
   Systeme.Etats.Etats.Mail = {.Poignee = 72, .Attente = 600'000, .Publie = {}, .MotsServeur = {}};
   Systeme.Temps.Avance(SuiviEnvois::kRegard);
   EXPECT_EQ(Systeme.Etats.Demandes, 1);
+}
+
+TEST_F(EnvoisDuProgramme, MailsThatWaitStandInTheSignUntilTheyAreGone) {
+  Systeme.Valeurs.insert("MAIL/actif", "1");
+  DemarreJusquALaFenetre();
+  InscritCompagnons();
+  auto* signe = Trouve<SigneSante>("SigneSante");
+  Systeme.Etats.Etats.Mail = {.Poignee = 72, .Attente = 600'000, .Publie = {}, .MotsServeur = "451 later"};
+  EXPECT_FALSE(signe->isVisible());
+  Systeme.Temps.Avance(SuiviEnvois::kRegard + 2000);
+  EXPECT_TRUE(signe->isVisible());
+  EXPECT_EQ(signe->toolTip(), PhraseQuoi(Condition::kCourrielsEnAttente, "451 later", 1));
+  Systeme.Etats.Etats.Mail.Attente = {};
+  Systeme.Temps.Avance(SuiviEnvois::kRegard + 2000);
+  EXPECT_FALSE(signe->isVisible());
 }
 
 TEST_F(EnvoisDuProgramme, WithMailsAndLivePageOffNoFileIsLookedAt) {

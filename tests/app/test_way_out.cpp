@@ -98,6 +98,25 @@ TEST_F(Sortie, OfAnInboxThatDoesNotCloseIsAWholeStop) {
   Systeme.CanalBloque = false;
 }
 
+TEST_F(Sortie, OfAWatchOverTheCompanionsThatThrowsIsAWholeStop) {
+  PrepareAvecCamera();
+  Systeme.BoitesPubliees.Bloque = true;
+  EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
+  ExigeToutLeReste();
+  EXPECT_TRUE(Vu("processes: ask to end /opt/v/VAKTORmail")) << "one that cannot hear the word is asked all the same";
+  EXPECT_TRUE(Systeme.Boites.empty());
+}
+
+// So does the look at what the companions have written.
+TEST_F(Sortie, OfAStatusReaderThatThrowsIsAWholeStop) {
+  PrepareAvecCamera();
+  Systeme.Etats.Bloque = true;
+  EXPECT_EQ(FermeLaFenetre(), 0);
+  ExigeToutLeReste();
+  EXPECT_EQ(Systeme.Etats.Oublis, 1);
+  EXPECT_TRUE(Systeme.Boites.empty());
+}
+
 struct Bombe {
   explicit Bombe(bool amorcee) : Amorcee(amorcee) {}
   ~Bombe() noexcept { Eclate(); }

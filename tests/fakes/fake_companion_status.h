@@ -1,5 +1,6 @@
 #pragma once
 
+#include <new>
 #include <utility>
 
 #include "companions/ports/companion_status.h"
@@ -14,10 +15,14 @@ class LecteurEtatsFaux : public LecteurEtats {
     if (Muet) return;
     recoit(Etats);
   }
-  void Oublie() override { ++Oublis; }
+  void Oublie() override {
+    ++Oublis;
+    if (Bloque) throw std::bad_alloc();
+  }
 
   EtatsCompagnons Etats;
-  bool Muet = false;  ///< the disk does not answer
+  bool Muet = false;    ///< the disk does not answer
+  bool Bloque = false;  ///< letting a question go throws
   int Demandes = 0;
   int Oublis = 0;
 };
