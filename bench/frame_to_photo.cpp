@@ -88,6 +88,7 @@ class ActionsChronometrees : public ActionsAlarme {
 class SansLive : public LiaisonLive {
  public:
   bool LiveActif() const override { return false; }
+  bool VeutPhotos() const override { return false; }
   void OublieLive() override {}
   void PublieLive() override {}
   void BasculeLive() override {}

@@ -49,6 +49,7 @@ class PublicationLive : public LiaisonLive {
 
   // LiaisonLive, for the engine.
   bool LiveActif() const override { return Ports_.Etat.LiveActif; }
+  bool VeutPhotos() const override { return Ports_.Etat.LiveActif || Ports_.Etat.PageInterrompue; }
   void OublieLive() override;
   void PublieLive() override;
   void BasculeLive() override;

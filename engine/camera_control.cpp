@@ -1,5 +1,6 @@
 #include "engine/camera_control.h"
 
+#include <QScopeGuard>
 #include <QScopedValueRollback>
 
 #include "engine/detection_zone.h"
@@ -15,8 +16,8 @@ constexpr qint32 kBoutonSurveillance = 2;  // Bouton(2)
 }  // namespace
 
 CommandeCamera::CommandeCamera(const PortsSurveillance& ports, EtatSurveillance& etat,
-                               MinuteriesSurveillance& minuteries, JaugeSensibilite& jauge)
-    : Ports_(ports), Etat_(etat), Minuteries_(minuteries), Jauge_(jauge) {}
+                               MinuteriesSurveillance& minuteries, JaugeSensibilite& jauge, AnalyseurMouvement& analyse)
+    : Ports_(ports), Etat_(etat), Minuteries_(minuteries), Jauge_(jauge), Analyse_(analyse) {}
 
 void CommandeCamera::BasculeCamera() {
   if (Etat_.Camera.ConnexionEnCours || Etat_.Camera.Terminee) return;  // it is being switched already, or never again
@@ -50,6 +51,7 @@ bool CommandeCamera::Demarre() {
   Jauge_.DessineSeuil(Ports_.Reglages.SeuilDetection);
   Etat_.Detection.PasSeuil = JaugeSensibilite::kPasGrossier;
   Etat_.Camera.NonComparees = 0;
+  Analyse_.OublieReprise();
   Etat_.Camera.CameraActive = true;
   Minuteries_.Timer2->ChangeIntervalle(kAttenteSeuilMs);
   Minuteries_.Timer1->Active();
@@ -103,10 +105,16 @@ void CommandeCamera::MontreDialogueFormat() { OuvreDialogue(&PiloteCapture::Mont
 void CommandeCamera::MontreDialogueSource() { OuvreDialogue(&PiloteCapture::MontreDialogueSource); }
 
 // A dialog of the driver runs an event loop of its own, in which timers would go on: frames would be taken from a
-// camera that is just being set up, and its changes of light and size would raise the alarm.
+// camera that is just being set up, and its changes of light and size would raise the alarm. Who leaves it open on an
+// armed system is watched over by nobody; the first tick afterwards says what is true then.
 void CommandeCamera::OuvreDialogue(void (PiloteCapture::*dialogue)()) {
   if (!Etat_.Camera.CameraActive) return Ports_.Affichage.AnnonceCameraInactive();
   const QScopedValueRollback<bool> ouvert(Etat_.Camera.DialogueOuvert, true);
+  const bool dit = Etat_.Alarme.AlarmeArmee;
+  const auto leve = qScopeGuard([&] {
+    if (dit) Ports_.Sante.Leve(Condition::kDetectionArretee);
+  });
+  if (dit) Ports_.Sante.Signale(Condition::kDetectionArretee);
   (Ports_.Pilote.*dialogue)();
 }
 

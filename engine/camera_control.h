@@ -1,6 +1,7 @@
 // The switch of the camera: opens and closes the driver and brings everything that hangs on it up and down.
 #pragma once
 
+#include "engine/motion_analysis.h"
 #include "engine/sensitivity_gauge.h"
 #include "engine/surveillance_ports.h"
 #include "engine/surveillance_state.h"
@@ -10,7 +11,7 @@ namespace vaktor {
 class CommandeCamera {
  public:
   CommandeCamera(const PortsSurveillance& ports, EtatSurveillance& etat, MinuteriesSurveillance& minuteries,
-                 JaugeSensibilite& jauge);
+                 JaugeSensibilite& jauge, AnalyseurMouvement& analyse);
 
   /// The only writer of CameraActive. When the user has closed the monitor the call only brings it back. A camera that
   /// does not connect is told in a message box and leaves everything as it was. The start lets events in once, with
@@ -18,7 +19,7 @@ class CommandeCamera {
   /// While the driver is being connected no timer of the engine ticks, and a call that comes in does nothing.
   void BasculeCamera();
   /// The driver's dialogs; with the camera off a message box instead. While one is open detection and countdown stand
-  /// still.
+  /// still, which is told where the system is armed.
   void MontreDialogueFormat();
   void MontreDialogueSource();
   /// End of the program: lets the driver go for good. In the middle of a connection it ends that one, and the start
@@ -36,6 +37,7 @@ class CommandeCamera {
   EtatSurveillance& Etat_;
   MinuteriesSurveillance& Minuteries_;
   JaugeSensibilite& Jauge_;
+  AnalyseurMouvement& Analyse_;
 };
 
 }  // namespace vaktor

@@ -33,13 +33,14 @@ AnalyseurMouvement::AnalyseurMouvement(const PortsSurveillance& ports, EtatSurve
                                        const Minuterie& compteARebours)
     : Ports_(ports), Etat_(etat), Timer3_(compteARebours), Jeu_(ChoisitJeu()), Temps_(ports.Temps) {}
 
-void AnalyseurMouvement::AnalyseMouvement(bool reprise) {
+bool AnalyseurMouvement::AnalyseMouvement(bool reprise) {
   Etat_.Detection.NbrPoints = 0;
   if (!Etat_.Detection.ModeZoom) EffaceVue();
   Temps_.Ramene();
   SuitReprise(reprise);
   VerifieLive();
-  if (reprise) {
+  const bool aRanger = ARanger_;
+  if (aRanger) {
     RangeEchantillons();
   } else {
     CompareEchantillons();
@@ -52,6 +53,7 @@ void AnalyseurMouvement::AnalyseMouvement(bool reprise) {
   DeclencheActions();
   MontreMesures();
   ImagePrecedente_.Recommence();
+  return aRanger;
 }
 
 void AnalyseurMouvement::EffaceVue() {
@@ -76,7 +78,7 @@ void AnalyseurMouvement::SuitReprise(bool reprise) {
   const auto maintenant = static_cast<quint32>(Ports_.Temps.CompteTics());
   if (reprise) {
     DebutReprise_ = maintenant;
-    EnReprise_ = true;
+    EnReprise_ = ARanger_ = true;
     RepriseFinie_ = false;
   } else if (EnReprise_) {
     EnReprise_ = !RepriseFinie_;
@@ -120,12 +122,14 @@ void AnalyseurMouvement::CompareEchantillons() {
   if (depasseX || DepasseApresBoucle(zone.Haut, zone.Bas)) LanceDepassement();
 }
 
-// The same scan, for what it leaves in the table: no count, no box, no points in the small view.
+// The same scan, for what it leaves in the table: no count, no box, no points in the small view. A frame that did not
+// get here leaves in the table what was seen before the loss, with which nothing is to be compared: the next one tries.
 void AnalyseurMouvement::RangeEchantillons() {
   const ResultatComparaison resultat = CompareTrame(Jeu_, TrameCourante(), Etat_.Detection.Zone, kSeuilDetectionMax,
                                                     ImagePrecedente_.Table(), ImagePrecedente_.Rang());
   ImagePrecedente_.Avance(resultat.Echantillons);
   if (resultat.TablePleine) throw Echec(kIndiceHorsPlage, QStringLiteral("Subscript out of range"));
+  ARanger_ = false;
 }
 
 void AnalyseurMouvement::GrandisBoite(const ResultatComparaison& resultat) {
@@ -166,7 +170,7 @@ void AnalyseurMouvement::DeclencheActions() {
   }
   const QString mot = QStringLiteral("Intru");
   // Nothing is spaced or limited here: each such frame acts again, and the companions know how often is enough.
-  if (reglages.PhotoActif || Ports_.Live.LiveActif()) {
+  if (reglages.PhotoActif || Ports_.Live.VeutPhotos()) {
     try {
       Ports_.Actions.EnregistrePhoto();
     } catch (...) {

@@ -22,7 +22,8 @@ class AnalyseurMouvement {
   /// One analysis. `reprise`: the frame is the first one after the driver has connected again by itself. What it shows
   /// may be an hour away from the frame before, and the camera's exposure has yet to settle: its samples are stored and
   /// not compared, and nothing acts until a frame is compared with one that came a second later or more. What is only
-  /// shown goes on. Throws Echec: kIndiceHorsPlage when the zone has more samples than ImagePrecedente holds,
+  /// shown goes on. A first frame that could not be stored leaves this to the next one. True when the frame was only
+  /// stored. Throws Echec: kIndiceHorsPlage when the zone has more samples than ImagePrecedente holds,
   /// kDepassement when 32-bit arithmetic overflows, kTypeIncompatible when the live interval is no number, and what the
   /// photo and the live page throw; std::bad_alloc when there is no memory for the pixels of a frame. What was done up
   /// to there stays.
@@ -31,7 +32,12 @@ class AnalyseurMouvement {
   /// with the count at 0, nothing drawn and no alarm, until the program ends; a zone without any sample has no first
   /// one and comes through. A difference of the millisecond counter that overflows is such a failure too, at the
   /// counters, with the alarm's actions done; it takes one analysis of 24.8 days (analysis_clock.h).
-  void AnalyseMouvement(bool reprise = false);
+  bool AnalyseMouvement(bool reprise = false);
+  /// Nothing acts yet, for the driver has connected again by itself. Where it does so again and again that is all there
+  /// is, and nobody is watched.
+  bool EnReprise() const { return EnReprise_; }
+  /// The camera was started anew: what came before it is over.
+  void OublieReprise() { EnReprise_ = ARanger_ = false; }
 
   const VueMouvement& Vue() const { return Vue_; }
   void EffaceVue();
@@ -59,6 +65,7 @@ class AnalyseurMouvement {
   quint32 DebutReprise_ = 0;  // the counter at the first frame after a reconnection
   bool EnReprise_ = false;    // that second is not over, or this frame is compared with one from within it
   bool RepriseFinie_ = false;
+  bool ARanger_ = false;  // no frame since the reconnection has been stored
 };
 
 }  // namespace vaktor

@@ -31,7 +31,7 @@ class ReglesSurveillance {
         Analyse(Ports, Etat, *Minuteries.Timer3),
         Tic(Ports, Etat, Analyse, [this] { SuitReveil(); }),
         Jauge(Ports, Etat, *Minuteries.TimerSeuil),
-        Camera(Ports, Etat, Minuteries, Jauge),
+        Camera(Ports, Etat, Minuteries, Jauge, Analyse),
         Alarme(Ports, Etat, Minuteries, Camera),
         Souris(Etat) {
     Etat.Alarme.CompteARebours = Ports.Reglages.Retard;
@@ -73,10 +73,11 @@ class ReglesSurveillance {
     if (!EstEnPause() && Minuteries.Timer1->EstActive()) Tic.TraiteReveil();
   }
 
-  /// The tick of Timer2: the warm-up is over. It goes on every 15 s to no further effect, since TimerSeuil, once
-  /// enabled, stays so until the camera stops.
+  /// The tick of Timer2: the warm-up is over. It goes on every 15 s to no further effect on the tolerance, since
+  /// TimerSeuil, once enabled, stays so until the camera stops; what it is good for then is to see that Timer1 ticks.
   void LanceSeuil() {
     Minuteries.Timer2->ChangeIntervalle(kSeuilSuivantMs);
+    Tic.VerifieMarche(!Minuteries.TimerSeuil->EstActive());
     Minuteries.TimerSeuil->Active();
   }
 };

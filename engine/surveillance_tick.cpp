@@ -50,6 +50,17 @@ void TicSurveillance::TraiteNouvelleImage() {
     // Detection does not stop because a photo could not be written. What shows is that the labels stand still.
   }
   CompteComparaison(rangee || Etat_.Detection.Comparees != avant);
+  ++Traitees_;
+}
+
+// A frame that waits just now is taken in a moment, as a rule: only one that waited 15 s ago as well, with none
+// analysed since, has been left lying. A slow camera is none of that, nor is one that gives nothing.
+void TicSurveillance::VerifieMarche(bool premier) {
+  const bool attend = Etat_.Camera.CameraActive && Ports_.Pilote.ImagePrete();
+  if (!premier && attend && AttendaitVue_ && Traitees_ == TraiteesVues_)
+    Ports_.Sante.Signale(Condition::kDetectionArretee);
+  TraiteesVues_ = Traitees_;
+  AttendaitVue_ = attend;
 }
 
 // Only frames that came are counted, not ticks without one: a lost signal is no end of the comparison.
@@ -75,7 +86,8 @@ void TicSurveillance::DitEtat() {
   const bool arretee = EstArretee();
   const bool perdu = Ports_.Pilote.SignalPerdu();
   dit(Condition::kDetectionArretee, arretee);
-  dit(Condition::kSignalPerdu, perdu);
+  // A camera that comes back again and again gives frames, and not two that could be compared: as good as none.
+  dit(Condition::kSignalPerdu, perdu || Analyse_.EnReprise());
   // Without the comparison no alarm can come, whatever the camera does: that is the worse news of the two.
   Ports_.Affichage.MontreAvis(arretee ? AvisMoniteur::kDetectionArretee
                               : perdu ? AvisMoniteur::kSignalPerdu
@@ -84,12 +96,11 @@ void TicSurveillance::DitEtat() {
 
 // True when the frame was only stored.
 bool TicSurveillance::TraiteImage() {
-  const bool reprise = PoseImage();
-  Analyse_.AnalyseMouvement(reprise);
+  const bool rangee = Analyse_.AnalyseMouvement(PoseImage());
   MontreZoom();
   Ports_.Affichage.RafraichitPleinEcran();
   ReposeBoite();
-  return reprise;
+  return rangee;
 }
 
 bool TicSurveillance::PoseImage() {

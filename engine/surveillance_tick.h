@@ -26,6 +26,10 @@ class TicSurveillance {
   /// The frame that a tick found missing has come: it is analysed at once. So each tick gives at most one analysis, and
   /// a camera of 30 frames a second is analysed at its own rate, whatever lies between 33 and 30 ms.
   void TraiteReveil();
+  /// Asked every 15 s by a timer of its own, Timer2: a frame that waits and is still not taken at the next time is told
+  /// as a detection that stands still, whatever it is that keeps the ticks away. The next frame that is analysed takes
+  /// that back. `premier`: the first time since the camera was started.
+  void VerifieMarche(bool premier);
 
  private:
   void TraiteNouvelleImage();
@@ -43,6 +47,9 @@ class TicSurveillance {
   const std::function<void()> Reveil_;
   quint32 DebutNonComparees_ = 0;  // the counter at the first of the frames that were not compared
   quint32 DureeNonComparees_ = 0;  // ms from it to the last of them
+  quint32 Traitees_ = 0;           // frames that were analysed to their end, well or not
+  quint32 TraiteesVues_ = 0;       // as VerifieMarche found it last
+  bool AttendaitVue_ = false;      // a frame waited then
   bool EnCours_ = false;
 };
 

@@ -21,9 +21,14 @@ class LiaisonLive {
   virtual ~LiaisonLive() = default;
   /// The companion has reported a connection and frames may flow.
   virtual bool LiveActif() const = 0;
+  /// Photos of the alarm are wanted for the site: frames flow, or will again when the companion is back. What happens
+  /// until then is kept for it.
+  virtual bool VeutPhotos() const = 0;
   /// The camera stops: the user's switch and LiveActif go off, and no command is sent.
   virtual void OublieLive() = 0;
-  /// Stamps the current frame, writes it and tells the companion. Throws Echec when the file cannot be written.
+  /// Stamps the current frame, writes it and tells the companion. Throws Echec when the file cannot be written, for the
+  /// first second of such a failure; later on it is tried once a second and fails in silence, so that detection goes
+  /// on.
   virtual void PublieLive() = 0;
   /// The user's switch, also carried out for the start argument "/surve".
   virtual void BasculeLive() = 0;

@@ -38,7 +38,8 @@ class PiloteCapture {
   virtual void AttendImage(std::function<void()> reveil) = 0;
 
   /// True while the frame last taken is the first one after the driver has lost its camera and connected to it again by
-  /// itself. Not so after Connecte, a dialog, or the end of a film that plays again.
+  /// itself. Not so after Connecte, nor at the end of a film that plays again or of a network stream in good order that
+  /// opens again at once, nor after a dialog, unless the camera that it leaves open was lost and came back only later.
   virtual bool EstReprise() const = 0;
 
   /// The frame last taken by SaisitImage, Format_RGB32 (bytes B, G, R, 0xff), in the camera's current size, never
@@ -50,7 +51,7 @@ class PiloteCapture {
   /// was decoded; this does not, and its Entiere() is what CopieImage gives.
   virtual ImageCamera CopieTrame() const { return CopieImage(); }
 
-  /// True while the camera is connected and its newest frame is older than a stall takes to be noticed.
+  /// True while the newest frame is older than a stall takes to be noticed, and where nothing is open at all.
   virtual bool SignalPerdu() const = 0;
 
   /// The driver's own dialogs. They block until the user closes them; what was picked takes effect through the frames.

@@ -221,6 +221,25 @@ TEST_F(Camera, NoTimerTicksWhileADialogOfTheDriverIsOpen) {
   EXPECT_EQ(Engin.Alarme().CompteARebours, 4);
 }
 
+// Who is away from the machine hears of it by what is told of the health.
+TEST_F(Camera, DialogThatIsLeftOpenOnAnArmedSystemIsToldAsADetectionThatStandsStill) {
+  DemarreSurNoir();
+  bool pendant = true;
+  Pilote.PendantDialogue = [&] { pendant = Sante.Dure(Condition::kDetectionArretee); };
+  Engin.MontreDialogueSource();
+  EXPECT_FALSE(pendant) << "nobody relies on it";
+  Arme();
+  for (void (Surveillance::*dialogue)() : {&Surveillance::MontreDialogueFormat, &Surveillance::MontreDialogueSource}) {
+    pendant = false;
+    (Engin.*dialogue)();
+    EXPECT_TRUE(pendant);
+    EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  }
+  Pilote.PendantDialogue = [] { throw Echec(kAppelIncorrect, QStringLiteral("no dialog")); };
+  EXPECT_THROW(Engin.MontreDialogueFormat(), Echec);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+}
+
 TEST_F(Camera, DialogThatFailsLetsTheTicksGoOn) {
   DemarreSurNoir();
   Pilote.PendantDialogue = [] { throw Echec(kAppelIncorrect, QStringLiteral("no dialog")); };

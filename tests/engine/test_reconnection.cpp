@@ -136,6 +136,57 @@ TEST_F(Reprise, LiveImageOfTheFirstFrameGoesOut) {
   EXPECT_EQ(Live.Publications, 1);
 }
 
+// A stream that breaks off each second gives pictures, and never two that could be compared: nobody is watched.
+TEST_F(Reprise, ACameraThatComesBackAgainAndAgainIsALostOne) {
+  Reglages.PhotoActif = true;
+  ArmeSurNoir();
+  EXPECT_FALSE(Sante.Dure(Condition::kSignalPerdu));
+  Pilote.ParArrivee = true;
+  for (int i = 0; i < 20; ++i) {
+    Pilote.Reprise = true;
+    Pilote.Arrive();
+    for (int t = 0; t < 500; t += 30) {
+      Temps.Avance(30);
+      ASSERT_TRUE(Sante.Dure(Condition::kSignalPerdu) || (i == 0 && t == 0)) << i << ", " << t;
+    }
+    EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun) << "there is a picture";
+  }
+  EXPECT_EQ(Sante.Debuts[Condition::kSignalPerdu], 1);
+  EXPECT_EQ(Actions.Photos, 0);
+}
+
+TEST_F(Reprise, ACameraThatIsStartedAnewHasNothingToWaitFor) {
+  ArmeEtPerd();
+  Revient(AvecPoints(400));
+  Tic();
+  ASSERT_TRUE(Sante.Dure(Condition::kSignalPerdu));
+  Engin.BasculeCamera();
+  Engin.BasculeCamera();
+  Tic();
+  EXPECT_FALSE(Sante.Dure(Condition::kSignalPerdu));
+}
+
+// The live page fails before the comparison: what was seen before the loss stays in the table until a frame is stored.
+TEST_F(Reprise, AFirstFrameThatFailedLeavesTheStoringToTheNext) {
+  ArmeEtPerd();
+  Live.Actif = Live.PublicationEchoue = true;
+  Reglages.IntervalleFtp = QStringLiteral("0.1");
+  for (int i = 0; i < 4; ++i) {
+    Pilote.Muette = Pilote.Perdu = false;
+    if (i == 0) Pilote.Reprise = true;
+    Trame(AvecPoints(400));
+    Horloge.Millisecondes += 1000;
+  }
+  Live.PublicationEchoue = false;
+  Trame(AvecPoints(400));
+  Horloge.Millisecondes += 1000;
+  EXPECT_EQ(Detection().NbrPoints, 0) << "an hour of dusk";
+  EXPECT_EQ(Alarmes(), 0);
+  Trame(AvecPoints(350));
+  EXPECT_EQ(Detection().NbrPoints, 50);
+  EXPECT_EQ(Actions.Photos, 1);
+}
+
 // A frame whose signal was lost without a new connection, and a camera that the user starts anew, are as they were.
 TEST_F(Reprise, OnlyAConnectionByItselfCounts) {
   ArmeEtPerd();

@@ -350,5 +350,62 @@ TEST_F(Tick, ToleranceStaysStillForTwoSeconds) {
   EXPECT_EQ(Temps.Trouve(QStringLiteral("Timer2"))->NombreTics(), 2);
 }
 
+// Whatever keeps the ticks away: nothing that hangs on them can tell of it.
+TEST_F(Tick, FramesThatNobodyTakesForHalfAMinuteAreADetectionThatStandsStill) {
+  DemarreSurNoir();
+  Temps.Avance(5000);
+  Engin.SuspendTic();
+  Temps.Avance(10'000);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  Temps.Avance(20'000);
+  EXPECT_TRUE(Sante.Dure(Condition::kDetectionArretee));
+  Engin.ReprendTic();
+  Temps.Avance(30);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+}
+
+TEST_F(Tick, AFrameThatStandsUntakenWhenTheCameraStartsIsNoNewsYet) {
+  DemarreSurNoir();
+  Temps.Avance(17'000);  // no frame after the last question of the run before
+  Engin.BasculeCamera();
+  Engin.BasculeCamera();
+  Engin.SuspendTic();
+  Temps.Avance(16'000);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  Temps.Avance(2000);
+  EXPECT_TRUE(Sante.Dure(Condition::kDetectionArretee));
+}
+
+TEST_F(Tick, ACameraThatGivesNothingOrWhoseFramesAreTakenIsNoneThatIsLeftLying) {
+  DemarreSurNoir();
+  Temps.Avance(60'000);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  Pilote.Muette = true;
+  Engin.SuspendTic();
+  Temps.Avance(60'000);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  Engin.ReprendTic();
+  // A frame that comes at the very moment of the question, each time, and is taken right after it.
+  for (int i = 0; i < 4; ++i) {
+    Pilote.Muette = false;
+    Temps.Declenche(QStringLiteral("Timer2"));
+    ASSERT_FALSE(Sante.Dure(Condition::kDetectionArretee)) << i;
+    Tic();
+    Pilote.Muette = true;
+  }
+}
+
+// The photos of an alarm are kept for the site while its companion is being started again.
+TEST_F(Tick, APageThatWaitsForItsCompanionWantsPhotosAllTheSame) {
+  Reglages.PhotoActif = false;
+  ArmeSurNoir();
+  Trame(AvecPoints(40));
+  EXPECT_EQ(Actions.Photos, 0);
+  Live.Interrompu = true;
+  Trame(Unie(0));
+  EXPECT_EQ(Actions.Photos, 1);
+  EXPECT_EQ(Live.Publications, 0) << "no frame flows";
+}
+
 }  // namespace
 }  // namespace vaktor

@@ -41,6 +41,7 @@ class LiaisonLiveFausse : public LiaisonLive {
   explicit LiaisonLiveFausse(Journal& journal) : Journal_(journal) {}
 
   bool LiveActif() const override { return Actif; }
+  bool VeutPhotos() const override { return Actif || Interrompu; }
   void OublieLive() override {
     Journal_.Note([] { return QStringLiteral("OublieLive"); });
     Actif = false;
@@ -56,6 +57,7 @@ class LiaisonLiveFausse : public LiaisonLive {
   }
 
   bool Actif = false;
+  bool Interrompu = false;  ///< its companion is away, the page waits
   bool PublicationEchoue = false;
   qint32 Publications = 0, Bascules = 0;
 

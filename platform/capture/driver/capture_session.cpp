@@ -113,9 +113,11 @@ void SessionCapture::Veille() {
     if (Arret_.stop_requested()) return;
     // Released before anything else is opened: a dead device node stays taken as long as somebody holds it.
     Flux_.reset();
-    const bool finDeFichier = etat == FluxImages::Etat::kFini && Demande_.Source.Genre == GenreSource::kFichier;
+    // A device has no end of its own: one that says so was pulled out.
+    const bool enBonOrdre = etat == FluxImages::Etat::kFini && Demande_.Source.Genre != GenreSource::kPeripherique;
+    const bool finDeFichier = enBonOrdre && Demande_.Source.Genre == GenreSource::kFichier;
     Patiente(DernierEssai_ + (finDeFichier ? kEntreLectures : kEntreEssais));
-    Rouvre(finDeFichier);
+    Rouvre(enBonOrdre);
   }
 }
 
@@ -129,9 +131,10 @@ FluxImages::Etat SessionCapture::VeilleFlux() {
   return FluxImages::Etat::kErreur;
 }
 
-// A film that is opened anew only because it has come to its end was never lost; one that does not open was.
-void SessionCapture::Rouvre(bool finDeFilm) {
-  for (bool perdue = !finDeFilm; !Arret_.stop_requested(); perdue = true) {
+// What is opened anew only because it has come to its end, a film or an address that gives one picture at a time, was
+// never lost: its pictures are a series, and are compared. What does not open then was.
+void SessionCapture::Rouvre(bool enBonOrdre) {
+  for (bool perdue = !enBonOrdre; !Arret_.stop_requested(); perdue = true) {
     if (perdue) Boite_.NoteReprise();
     DernierEssai_ = Horloge::now();
     DemandeFlux demande = Retenue_;

@@ -67,7 +67,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   void SansSortir(const std::function<void()>& quoi);
   bool OuvrePremiereFois();
   void Veille();
-  void Rouvre(bool finDeFilm = false);
+  void Rouvre(bool enBonOrdre = false);
   FluxImages::Etat VeilleFlux();
   bool Essaie(const DemandeFlux& demande);
   QList<DemandeFlux> Candidats();

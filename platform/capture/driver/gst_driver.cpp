@@ -131,7 +131,7 @@ QImage PiloteGStreamer::CopieImage() const { return Image_.Entiere(); }
 
 ImageCamera PiloteGStreamer::CopieTrame() const { return Image_; }
 
-bool PiloteGStreamer::SignalPerdu() const { return Session_ && Session_->Boite().Perdu(); }
+bool PiloteGStreamer::SignalPerdu() const { return !Session_ || Session_->Boite().Perdu(); }
 
 void PiloteGStreamer::MontreDialogueFormat() {
   MontreDialogueFormatCapture(Parent_, Langue_(), *this, Memoire_, Acces_);

@@ -169,6 +169,27 @@ TEST(SessionCapture, PlaysAFileAgainAtItsEndWithoutAWait) {
   EXPECT_TRUE(session->Arrete(1s));
 }
 
+// An address that sends one picture for each connection, for one.
+TEST(SessionCapture, ANetworkStreamThatEndsInGoodOrderAndOpensAtOnceWasNeverLost) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kFin};
+  const auto session = Joue(scenario, kReseau);
+  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 3 && session->Boite().Numero() > 6; }, 10s));
+  EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U) << "its pictures are a series";
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+TEST(SessionCapture, ANetworkStreamThatDoesNotOpenAgainAtOnceWasLost) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kFin, Scenario::Suite::kRefuse, Scenario::Suite::kCoule};
+  const auto session = Joue(scenario, kReseau);
+  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > 3; }, 12s));
+  EXPECT_EQ(session->Boite().Prend(0).Reprises, 1U);
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
 // A source that was at work before goes on being tried even when it cannot be opened just now.
 TEST(SessionCapture, PersistsWhereItIsToldTo) {
   const auto scenario = std::make_shared<Scenario>();
