@@ -114,10 +114,10 @@ void GaleriePhotos::TermineEffacement() {
 // What the new list still shows was not deleted, whatever the file system said of it. A list that comes late says so
 // late: a disk may need its time for what was deleted.
 void GaleriePhotos::AnnonceRestees(const QStringList& voulues) {
-  const QSet<QString> listees(Entrees_.cbegin(), Entrees_.cend());
+  QSet<QString> listees(Entrees_.cbegin(), Entrees_.cend());
   QStringList restees;
   for (const QString& entree : voulues) {
-    if (listees.contains(entree)) restees += entree;
+    if (listees.remove(entree)) restees += entree;  // once, also when it was tried twice
   }
   if (!restees.isEmpty()) AnnonceBoite(DitPhotosRestees(Ports_.Reglages.LangueCourante, restees));
 }

@@ -56,7 +56,8 @@ class GaleriePhotos {
   // Reading the folder (photo_listing.cpp).
 
   /// Opens the gallery on RepertoirePhoto. A folder that is gone or may not be read, or a first photo that cannot be
-  /// shown makes it the folder "\intrus" of the program, in memory, without a word. Fails with an Echec when that one
+  /// shown makes it the folder "\intrus" of the program, in memory, without a word; for one that is gone when it is to
+  /// be read the list is read once more before. Fails with an Echec when that one
   /// fails too; the window is up even then. A disk that does not answer, or fails in the middle, and want of memory are
   /// said, and the folder stays. Asked for again while it opens, it opens once.
   void OuvreGalerie();
@@ -104,11 +105,12 @@ class GaleriePhotos {
     QString Dossier = {};            // that is read, from then on; whose photos are deleted
     bool Autre = false;              // the list has already left another folder for it
     std::function<void()> Fin = {};  // called once: when it is done, has failed or is late
-    QStringList Voulues = {};  // photos to be deleted; kSuiteEffacement: those that the list still shows are named
-    QStringList Chemins = {};  // of Voulues, as many
-    qsizetype Essayees = 0;    // of Chemins
-    bool Arretee = false;      // kSuiteEffacement: the deletion did not come to its end
-    quint64 Numero = 0;        // tells it from any other
+    QStringList Voulues = {};        // photos to be deleted; of a reading: those that the list still shows are named
+    QStringList Chemins = {};        // of Voulues, as many
+    qsizetype Essayees = 0;          // of Chemins
+    bool Arretee = false;            // kSuiteEffacement: the deletion did not come to its end
+    bool Relue = false;              // the list is read anew because its first photo had gone
+    quint64 Numero = 0;              // tells it from any other
   };
   /// A photo that is to be read. Only the first of a folder that is opened has a continuation: whether it can be shown
   /// decides how the opening goes on.
@@ -126,8 +128,10 @@ class GaleriePhotos {
   bool EstEnCours(quint64 numero) const { return EnCours_ && EnCours_->Numero == numero; }
   void LanceSuivante();
   void Cloture(quint64 numero, bool reussie);
-  void Reprend(Genre quoi);
+  void Reprend(Genre quoi, bool relue = false);
   void Abandonne();
+  void GardeVoulues();
+  void ReprendVoulues();
   void OublieOuverture();
   void OublieEffacements();
 
@@ -193,6 +197,8 @@ class GaleriePhotos {
   bool Tarde_ = false;              // its disk does not answer: what comes next does not wait for it
   bool EnQuestion_ = false;         // the user is asked about it
   std::deque<Demande> Attente_;
+  QStringList Tentees_;     // deleted, and no list has come since that would show which of them stayed
+  QString DossierTentees_;  // theirs
 
   std::optional<DemandePhoto> PhotoEnCours_;  // is being read
   bool PhotoTarde_ = false;                   // and its disk does not answer

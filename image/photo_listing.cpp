@@ -38,6 +38,7 @@ void GaleriePhotos::LitDossier() {
   } else if (demande.Quoi != Genre::kRepointage) {
     demande.Dossier = Chemin_;
   }
+  ReprendVoulues();
   const QString dossier = demande.Dossier;
   Ports_.Noms.LitNoms(dossier, Motif(), [this](const NomsPhotos& lus) { Recoit(lus); });
 }
@@ -131,6 +132,13 @@ void GaleriePhotos::PoursuitOuverture(const NomsPhotos& lus) {
 void GaleriePhotos::OuvreSur(const PhotoLue& lue, EtatNoms etat) {
   if (EnCours_->Dossier != Ports_.Reglages.RepertoirePhoto) {
     Reprend(Genre::kOuverture);
+    return;
+  }
+  // Deleted since the list was read, by another program, or by a disk that has just woken and ends what it was asked to
+  // delete: that says nothing of the folder. The list read anew tells; a photo that it shows and that is not there
+  // either is one that cannot be shown.
+  if (lue.Etat == EtatPhoto::kAbsente && !EnCours_->Relue) {
+    Reprend(EnCours_->Quoi, true);
     return;
   }
   if (DitDeLaPhoto(lue.Etat) && Replie()) return;

@@ -63,21 +63,35 @@ void GaleriePhotos::Cloture(quint64 numero, bool reussie) {
   const Demande faite = std::move(*EnCours_);
   EnCours_.reset();
   if (faite.Fin) faite.Fin();
-  if (reussie && faite.Quoi == Genre::kSuiteEffacement) AnnonceRestees(faite.Voulues);
+  if (reussie && !EstEffacement(faite.Quoi)) AnnonceRestees(faite.Voulues);
   LanceSuivante();
 }
 
-void GaleriePhotos::Reprend(Genre quoi) {
-  Attente_.push_front({.Quoi = quoi, .Numero = ++Numero_});
+void GaleriePhotos::Reprend(Genre quoi, bool relue) {
+  GardeVoulues();
+  Attente_.push_front({.Quoi = quoi, .Relue = relue, .Numero = ++Numero_});
   Cloture(EnCours_->Numero, true);
 }
 
 void GaleriePhotos::Abandonne() {
   Ports_.Noms.Oublie();
   if (PhotoEnCours_ && PhotoEnCours_->Suite) OubliePhotos();
+  GardeVoulues();
   const auto fin = std::move(EnCours_->Fin);
   EnCours_.reset();
   if (fin) fin();
+}
+
+// A list that was to show which photos a deletion has left does not come: the next one of that folder shows it as well.
+void GaleriePhotos::GardeVoulues() {
+  if (EstEffacement(EnCours_->Quoi) || EnCours_->Voulues.isEmpty()) return;
+  DossierTentees_ = EnCours_->Dossier;
+  Tentees_ = std::exchange(EnCours_->Voulues, {});
+}
+
+void GaleriePhotos::ReprendVoulues() {
+  if (Tentees_.isEmpty() || DossierTentees_ != EnCours_->Dossier) return;
+  EnCours_->Voulues += std::exchange(Tentees_, {});
 }
 
 // Closed before it was open: the window is not to come up any more.

@@ -210,5 +210,42 @@ TEST_F(ReglesSuppression, PhotoThatStayedIsNamedAlsoWhenTheListComesLate) {
   EXPECT_EQ(Boites.Textes.size(), 2) << "once";
 }
 
+TEST_F(ReglesSuppression, PhotoThatStayedIsNamedByTheNextListWhereItsOwnIsGivenUpForWhatWaits) {
+  for (const bool attendait : {true, false}) {
+    Noms.Retient = false;
+    AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+    Galerie.OuvreGalerie();
+    Boites.Textes.clear();
+    Noms.Retient = true;
+    Galerie.SupprimeTout();
+    AjoutePhotos({QStringLiteral("b.jpg")});
+    if (attendait) Galerie.Rafraichit();
+    Noms.Tarde();
+    if (!attendait) Galerie.Rafraichit();
+    EXPECT_EQ(Boites.Textes.size(), 1) << "the question";
+    Noms.Livre();
+    ASSERT_EQ(Boites.Textes.size(), 2);
+    EXPECT_TRUE(Boites.Textes.last().contains(QStringLiteral("\"b.jpg\""))) << Boites.Textes.last().toStdString();
+    Galerie.Rafraichit();
+    Noms.Livre();
+    EXPECT_EQ(Boites.Textes.size(), 2) << "once";
+  }
+}
+
+TEST_F(ReglesSuppression, PhotoThatStayedIsNamedByNoListOfAnotherFolder) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Disque.AjouteDossier(QStringLiteral("/q"));
+  AjoutePhotos({QStringLiteral("a.jpg")}, QStringLiteral("/q"));
+  Galerie.OuvreGalerie();
+  Noms.Retient = true;
+  Galerie.SupprimeTout();
+  Noms.Tarde();
+  Reglages.RepertoirePhoto = QStringLiteral("/q");
+  Galerie.RepointeSur(QStringLiteral("/q"), {});
+  Noms.Livre();
+  EXPECT_EQ(Vue.Liste.size(), 1);
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the question";
+}
+
 }  // namespace
 }  // namespace vaktor

@@ -45,11 +45,43 @@ TEST_F(ReglesLecture, FolderThatVanishesWhileItIsReadFallsBackAndTheFallbackIsRe
   EXPECT_EQ(Noms.Lus.size(), 2) << "a click during the fallback is the same opening";
 }
 
-TEST_F(ReglesLecture, PhotoThatVanishesBetweenListAndShowingCountsAsOneThatCannotBeShown) {
+// Another program deletes it, or a disk that wakes ends what it was asked to delete.
+TEST_F(ReglesLecture, FirstPhotoThatGoesBetweenListAndShowingCostsTheUserNoFolder) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Lecteur.Retient = true;
+  Galerie.OuvreGalerie();
+  Disque.Supprime(QStringLiteral("/p/a.jpg"));
+  Lecteur.Etats[QStringLiteral("/p\\a.jpg")] = EtatPhoto::kAbsente;
+  Lecteur.Livre();
+  EXPECT_EQ(Vue.Appels.count(QStringLiteral("montre")), 0) << "the list is read once more";
+  Lecteur.Livre();
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/p"));
+  EXPECT_EQ(Vue.Liste, QStringList{QStringLiteral("b.jpg")});
+  EXPECT_EQ(Vue.Index, 0);
+  EXPECT_FALSE(Vue.Photo.isNull());
+  EXPECT_EQ(Vue.Appels.count(QStringLiteral("montre")), 1);
+  EXPECT_EQ(Noms.Lus.size(), 2);
+}
+
+TEST_F(ReglesLecture, LastPhotoThatGoesBetweenListAndShowingLeavesTheUsersFolderEmpty) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Lecteur.Retient = true;
+  Galerie.OuvreGalerie();
+  Disque.Supprime(QStringLiteral("/p/a.jpg"));
+  Lecteur.Etats[QStringLiteral("/p\\a.jpg")] = EtatPhoto::kAbsente;
+  Lecteur.Livre();
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/p"));
+  EXPECT_TRUE(Vue.Liste.isEmpty());
+  EXPECT_TRUE(Vue.Appels.contains(QStringLiteral("montre")));
+}
+
+TEST_F(ReglesLecture, PhotoThatIsListedAgainAndNotThereCountsAsOneThatCannotBeShown) {
   AjoutePhotos({QStringLiteral("a.jpg")});
   Noms.Retient = true;
   Galerie.OuvreGalerie();
   Lecteur.Etats[QStringLiteral("/p\\a.jpg")] = EtatPhoto::kAbsente;
+  Noms.Livre();
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/p"));
   Noms.Livre();
   EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/d\\intrus"));
 }
