@@ -18,14 +18,15 @@ ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
     : Contexte_(contexte),
       Ports_(ports),
       Boite_(ports.DossierBoite),
-      Veille_(ports.DossierVeille, Boite_, ports.Marque, contexte.Journal),
+      Retard_(Boite_),
+      Veille_(ports.DossierVeille, Boite_, Retard_, ports.Marque, contexte.Journal),
       TimerRecolte_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRecolte"), kRecolte, [this] { Recolte(); })),
       TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPause,
                                                     [this] { TimerPause_->Desactive(); })),
       TimerVeille_(
           contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerVeille"), kRepriseVeille, [this] { PrendVeille(); })),
-      TimerAttente_(
-          contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerAttente"), kRegardAttente, [this] { SuitAttente(); })),
+      TimerAttente_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerAttente"), kRegardAttente,
+                                                      [this] { RegardeAttente(); })),
       TimerFin_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerFin"), kFinMax, [this] { Contexte_.Quitte(); })),
       Poste_(ports.OuvrePoste([this](const RapportEnvoi& rapport) { PrendRapport(rapport); })) {
   TimerAttente_->Active();
@@ -132,7 +133,7 @@ void ModuleMail::Recolte() {
 
 void ModuleMail::AcheveCourriel() {
   TimerRecolte_->Desactive();
-  if (!Boite_.Publie(EnCours_.Nom)) SignaleDisque(errno);
+  if (const int erreur = Retard_.Publie(EnCours_.Nom, EnCours_.FaitA); erreur != 0) SignaleDisque(erreur);
   Poste_->Reveille();
   if (--ResteDeLaSerie_ > 0)
     CommenceCourriel();
@@ -151,9 +152,14 @@ void ModuleMail::PrendVeille() {
   SuitAttente();
 }
 
+void ModuleMail::RegardeAttente() {
+  if (Retard_.Reessaie() > 0) Poste_->Reveille();
+  SuitAttente();
+}
+
 void ModuleMail::SuitAttente() {
   std::optional<qint64> plusAncien;
-  for (const std::optional<qint64>& depuis : {Boite_.PlusAncien(), Veille_.PlusAncien()})
+  for (const std::optional<qint64>& depuis : {Boite_.PlusAncien(), Retard_.PlusAncien(), Veille_.PlusAncien()})
     if (depuis) plusAncien = std::min(*depuis, plusAncien.value_or(*depuis));
   // A mail that is refused for good waits for other settings. It counts until another one is taken: then it was this
   // mail's own fault, and no sign that none arrives.

@@ -52,6 +52,7 @@ class ModuleMail : public Module {
   bool EcritBrouillon(const ChoixPhotos& choix);
   ChoixPhotos Choisit() const;
   void PrendVeille();
+  void RegardeAttente();
   /// "waiting_since" of the status file: when the oldest mail that waits was made.
   void SuitAttente();
   void PrendRapport(const RapportEnvoi& rapport);
@@ -61,6 +62,7 @@ class ModuleMail : public Module {
   ContexteModule Contexte_;
   PortsMail Ports_;
   BoiteEnvoi Boite_;
+  BrouillonsEnRetard Retard_;
   CourriersVeille Veille_;  // before the post: see there
   ReglagesCourriel Reglages_;
   int ResteDeLaSerie_ = 0;  // mails of this row that are still to be made, with the one in the making

@@ -1,7 +1,6 @@
 #include "modules/mail/watch_mails.h"
 
 #include <QDateTime>
-#include <cerrno>
 
 #include "base/failure.h"
 #include "platform/store/private_file.h"
@@ -19,8 +18,9 @@ QString ComposeIdentifiant(const MessageVeille& message) {
 
 }  // namespace
 
-CourriersVeille::CourriersVeille(const QString& dossier, BoiteEnvoi boite, QString marque, JournalBorne& journal)
-    : Dossier_(dossier), Boite_(std::move(boite)), Marque_(std::move(marque)), Journal_(journal) {
+CourriersVeille::CourriersVeille(const QString& dossier, BoiteEnvoi boite, BrouillonsEnRetard& retard, QString marque,
+                                 JournalBorne& journal)
+    : Dossier_(dossier), Boite_(std::move(boite)), Retard_(retard), Marque_(std::move(marque)), Journal_(journal) {
   EffaceLesFaits();
 }
 
@@ -126,7 +126,7 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
   if (erreur != 0) return erreur;
   if (!Dossier_.Efface(message.Nom)) Passes_.insert(message.Nom);
   Note(message.Nom, QStringLiteral("mail %1 made, %2").arg(mail.Nom, message.Condition));
-  return Boite_.Publie(mail.Nom) ? 0 : errno;
+  return Retard_.Publie(mail.Nom, mail.FaitA);
 }
 
 }  // namespace vaktor

@@ -4,6 +4,7 @@
 #include <QSet>
 
 #include "modules/common/bounded_log.h"
+#include "modules/mail/late_drafts.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/outbox.h"
 #include "modules/mail/watch_folder.h"
@@ -25,7 +26,8 @@ class CourriersVeille {
  public:
   /// Makes up for a kill at once, before anything of the outbox may be sent: a message whose mail is in the outbox
   /// already is deleted.
-  CourriersVeille(const QString& dossier, BoiteEnvoi boite, QString marque, JournalBorne& journal);
+  CourriersVeille(const QString& dossier, BoiteEnvoi boite, BrouillonsEnRetard& retard, QString marque,
+                  JournalBorne& journal);
 
   /// All that lies in the folder. Waits a few seconds at most for another companion that does the same.
   PriseVeille Prend(const ReglagesCourriel& reglages, qint64 maintenant);
@@ -41,6 +43,7 @@ class CourriersVeille {
 
   DossierVeille Dossier_;
   BoiteEnvoi Boite_;
+  BrouillonsEnRetard& Retard_;  // takes over the drafts whose message is gone already
   QString Marque_;
   JournalBorne& Journal_;
   QSet<QString> Passes_;      // the system would not let them go: not looked at again

@@ -4,7 +4,10 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QDateTime>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <cerrno>
@@ -61,6 +64,15 @@ bool PrepareDossier(const QByteArray& dossier) {
   return ::chmod(dossier.constData(), 0700) == 0;
 }
 
+// A kill, or a power cut, leaves half a file behind that nobody looks at again. A day is longer than any writing.
+void BalaieRestes(const QByteArray& dossier) {
+  const QDateTime hier = QDateTime::currentDateTimeUtc().addDays(-1);
+  const QDir lieu(QFile::decodeName(dossier));
+  for (const QFileInfo& reste : lieu.entryInfoList({QStringLiteral(".*-*.part")}, QDir::Files | QDir::Hidden)) {
+    if (reste.lastModified().toUTC() < hier) QFile::remove(reste.filePath());
+  }
+}
+
 void SynchroniseDossier(const QByteArray& dossier) {
   const int descripteur = ::open(dossier.constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (descripteur < 0) return;
@@ -71,6 +83,7 @@ void SynchroniseDossier(const QByteArray& dossier) {
 bool EcritCourriel(const QByteArray& dossier, const QByteArray& souche, const QByteArray& json,
                    const QByteArray& jpeg) {
   if (!PrepareDossier(dossier)) return false;
+  BalaieRestes(dossier);
   // A mail without its picture is better than none: a disk that is nearly full may still take the words.
   const bool image = !jpeg.isEmpty() && EcritEntier(dossier, souche + ".jpg", jpeg);
   if (EcritEntier(dossier, souche + ".json", json)) {

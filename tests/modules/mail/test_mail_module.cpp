@@ -143,6 +143,38 @@ TEST_F(Mail, TheStatusFileTellsSinceWhenAMailWaits) {
   EXPECT_EQ(attendDepuis(), "") << "at once";
 }
 
+// A folder in the mail's place stands for a disk that refuses the rename.
+TEST_F(Mail, AMailThatTheDiskDoesNotLetGoWaitsAndGoesAsSoonAsItDoes) {
+  const auto attend = [this] { return LitOctets(Etat.Chemin()).contains("waiting_since"); };
+  Intrusion();
+  ASSERT_EQ(Fichiers().size(), 1);
+  const QString obstacle = Temporaire.filePath("courrier/" + Fichiers().first().chopped(6) + ".mail");
+  ASSERT_TRUE(QDir().mkpath(obstacle + "/plein"));
+  Temps.Avance(15'000);
+  EXPECT_EQ(Nombre(), 0);
+  EXPECT_TRUE(attend()) << "what cannot leave counts as waiting";
+  ASSERT_TRUE(QDir(obstacle).removeRecursively());
+  Faits.clear();
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_EQ(Nombre(), 1);
+  EXPECT_TRUE(Faits.contains("reveille"));
+  Boite.Acheve(Boite.Liste().first().Nom);
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_FALSE(attend());
+}
+
+TEST_F(Mail, ADraftThatSomebodyTakesAwayWaitsNoLonger) {
+  Intrusion();
+  const QString brouillon = Temporaire.filePath("courrier/" + Fichiers().first());
+  ASSERT_TRUE(QDir().mkpath(brouillon.chopped(6) + ".mail/plein"));
+  Temps.Avance(15'000);
+  ASSERT_TRUE(QFile::remove(brouillon));
+  ASSERT_TRUE(QDir(brouillon.chopped(6) + ".mail").removeRecursively());
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_FALSE(LitOctets(Etat.Chemin()).contains("waiting_since"));
+  EXPECT_EQ(Nombre(), 0);
+}
+
 TEST_F(Mail, AMessageOfTheWatchThatCannotBecomeAMailWaitsToo) {
   Reglages.Valeurs.MailDestination.clear();
   Module->PrendReglages(Reglages);

@@ -62,6 +62,23 @@ TEST_F(Veille, WhatLiesThereWhenAMainProgramComesIsTaken) {
   EXPECT_EQ(Nombre(), 1);
 }
 
+// The message is gone by then: the draft is all there is.
+TEST_F(Veille, ADraftThatTheDiskDoesNotLetGoWaitsAndGoesAsSoonAsItDoes) {
+  Pose();
+  const QString instant = QDateTime::fromMSecsSinceEpoch(Debut, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz"));
+  const QString obstacle = Temporaire.filePath("courrier/" + instant + "-veille-" + Stem() + "-essai.mail");
+  ASSERT_TRUE(QDir().mkpath(obstacle + "/plein"));
+  Module->ExecuteCommande("Veill");
+  EXPECT_EQ(Nombre(), 0);
+  EXPECT_EQ(Restes(), "");
+  EXPECT_TRUE(LitEtat().contains("waiting_since"));
+  ASSERT_TRUE(QDir(obstacle).removeRecursively());
+  Faits.clear();
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_EQ(Nombre(), 1);
+  EXPECT_TRUE(Faits.contains("reveille"));
+}
+
 TEST_F(Veille, OldestFirstAndAllOfThem) {
   for (int n = 12; n > 0; --n) Pose(n);
   Module->ExecuteCommande("Veill");

@@ -86,6 +86,26 @@ TEST_F(Depot, OneMailIsOneFileWithItsPictureBesideItAndBothAreTheOwnersAlone) {
   EXPECT_NEAR(qRed(lue.pixel(30, 20)), 200, 6);
 }
 
+TEST_F(Depot, WhatAKillLeftHalfWrittenGoesAfterADayAndNothingElseDoes) {
+  ASSERT_TRUE(QDir().mkpath(Dossier()));
+  const auto pose = [&](const char* nom, qint64 heures) {
+    QFile fichier(Dossier() + u'/' + QLatin1String(nom));
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    const QDateTime quand = QDateTime::currentDateTimeUtc().addSecs(-heures * 3600);
+    ASSERT_TRUE(fichier.setFileTime(quand, QFileDevice::FileModificationTime));
+  };
+  pose(".1000-1.json.part", 25);
+  pose(".1000-1.jpg.part", 25);
+  pose(".2000-1.json.part", 23);
+  pose("1000-2.json", 25);
+  pose(".notes", 25);
+  EXPECT_EQ(Depose(Courriel(), QImage()), true);
+  QStringList noms = Noms();
+  EXPECT_EQ(noms.size(), 4) << noms.join(u' ').toStdString();
+  for (const char* reste : {".2000-1.json.part", "1000-2.json", ".notes"})
+    EXPECT_TRUE(noms.contains(QLatin1String(reste))) << reste;
+}
+
 TEST_F(Depot, AnEndTellsUntilWhen) {
   CourrielVeille courriel = Courriel();
   courriel.Fin = true;
