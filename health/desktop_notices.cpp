@@ -8,16 +8,22 @@ namespace vaktor {
 
 void AvisBureau::Commence(const ConditionEnCours& condition) {
   const bool evenement = EstEvenement(condition.Quoi);
-  // Back before its end was told: for the user it never ended.
-  if (evenement || !Dites_.contains(condition.Quoi)) ADire_.append(condition);
+  // Back so soon that for the user it never ended. A notice that stands for good, a machine that may sleep for one,
+  // must not keep a camera that is lost every night from being told every night.
+  const bool neuve = condition.DepuisMs - Finies_.value(condition.Quoi, condition.DepuisMs) >= kRetourMs;
+  if (evenement || neuve || !Dites_.contains(condition.Quoi)) ADire_.append(condition);
   if (evenement) return;
   EnCours_.insert(condition.Quoi);
   Calme_.reset();
 }
 
-void AvisBureau::Finit(const ConditionEnCours& condition, const QDateTime&) { EnCours_.remove(condition.Quoi); }
+void AvisBureau::Finit(const ConditionEnCours& condition, const QDateTime&) {
+  EnCours_.remove(condition.Quoi);
+  Finies_.insert(condition.Quoi, MaintenantMs_);
+}
 
 bool AvisBureau::Tic(qint64 maintenantMs) {
+  MaintenantMs_ = maintenantMs;
   if (EnCours_.isEmpty() && !Calme_) Calme_ = maintenantMs;
   if (!ADire_.isEmpty() && (!Derniere_ || maintenantMs - *Derniere_ >= kRegroupeMs)) DitDebuts(maintenantMs);
   const bool calme =

@@ -105,6 +105,25 @@ TEST_F(Bureau, WhatComesAndGoesIsNoStorm) {
   EXPECT_EQ(Prend().size(), 1) << "its end";
 }
 
+TEST_F(Bureau, WhatComesBackAfterAMinuteIsToldAgainAlthoughANoticeStandsAllTheTime) {
+  Veille.Signale(Condition::kVeillePossible);
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(20000);
+  Prend();
+  Veille.Leve(Condition::kSignalPerdu);
+  Temps.Avance(30000);
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(20000);
+  EXPECT_TRUE(Prend().isEmpty()) << "it stumbles: no storm";
+  Veille.Leve(Condition::kSignalPerdu);
+  Temps.Avance(120'000);
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(20000);
+  const auto dits = Prend();
+  ASSERT_EQ(dits.size(), 1);
+  EXPECT_TRUE(dits[0].Texte.startsWith(PhraseQuoi(Condition::kSignalPerdu, {}, 1)));
+}
+
 TEST_F(Bureau, AnEventIsToldAndHasNoEnd) {
   Veille.Signale(Condition::kInterruption, QStringLiteral("7 min"));
   Temps.Avance(1000);
