@@ -102,18 +102,34 @@ void Vaktor::CreeVeille() {
   Boites_ = std::make_unique<GardeBoites>(PortsGarde{Systeme_.BoitesPubliees, *Canal_, Sante_,
                                                      [this] { return FormWinsock_->Poignees(); },
                                                      [this] { FormWinsock_->Republie(); }});
-  Veille_ = std::make_unique<VeilleCompagnons>(PortsVeille{Systeme_.Programmes, *Canal_, Liaison_, Minuteries_, Sante_,
-                                                           Systeme_.Dossiers, Reglages_, *Boites_,
-                                                           [this](Compagnon compagnon) {
-                                                             if (compagnon == Compagnon::kFtp) Live_->PerdCompagnon();
-                                                           },
-                                                           [this](Compagnon compagnon) {
-                                                             if (compagnon == Compagnon::kFtp)
-                                                               Live_->RetrouveCompagnon();
-                                                           }});
+  Veille_ = std::make_unique<VeilleCompagnons>(
+      PortsVeille{Systeme_.Programmes, *Canal_, Liaison_, Minuteries_, Sante_, Systeme_.Dossiers, Reglages_, *Boites_,
+                  [this](Compagnon compagnon) {
+                    if (compagnon == Compagnon::kFtp) Live_->PerdCompagnon();
+                  },
+                  [this](Compagnon compagnon) { RetrouveCompagnon(compagnon); }, Systeme_.TermineErrants});
   Copies_ = std::make_unique<SecondesCopies>(PortsCopies{Liaison_, [this] { return Veille_->Prend(Compagnon::kFtp); },
                                                          Systeme_.Mesureur,
                                                          Systeme_.Dossiers.Donnees + QStringLiteral("/Temp/FTP")});
+}
+
+// What was sent to the one before it has found nobody: settings that were saved between its reading of them and its
+// registration, and a message of the watch.
+void Vaktor::RetrouveCompagnon(Compagnon compagnon) {
+  const QString optio = QStringLiteral("Optio");
+  switch (compagnon) {
+    case Compagnon::kFtp:
+      Modules_->EnvoiFTP(optio);
+      Live_->RetrouveCompagnon();
+      break;
+    case Compagnon::kMail:
+      Modules_->EnvoiMail(optio);
+      Modules_->EnvoiMail(QStringLiteral("Veill"));
+      break;
+    case Compagnon::kSon:
+      Modules_->EnvoiSon(optio);
+      break;
+  }
 }
 
 // From here on the three inboxes stand in the store, and companions can be launched.
@@ -121,7 +137,8 @@ void Vaktor::CreeFormWinsock() {
   FormWinsock_ = std::make_unique<FormWinsock>(
       PortsWinsock{*Canal_, *Magasin_, Minuteries_, *Modules_, Vue_, VueLiaison_, Liaison_,
                    [this] { Moteur_->RelanceDemarrageAuto(); }, [this] { return Veille_->EstRelance(Compagnon::kFtp); },
-                   [this](Compagnon compagnon) { Veille_->Inscrit(compagnon); }});
+                   [this](Compagnon compagnon) { Veille_->Inscrit(compagnon); },
+                   [this] { return Veille_->EstInscrit(Compagnon::kFtp); }});
 }
 
 void Vaktor::AnnonceEchec(const QString& description) {

@@ -98,6 +98,7 @@ class Vaktor : private EtapesDepart {
   void PlaceFrmEssaiFtp();
   void CreeFormWinsock();
   void CreeVeille();
+  void RetrouveCompagnon(Compagnon compagnon);
   ChampsSite LitChampsSite() const;
   FormMonitor& Moniteur();
   void PlaceMoniteur();

@@ -2,6 +2,7 @@
 
 #include "app/camera.h"
 #include "companions/contract/command_words.h"
+#include "companions/module_lifecycle.h"
 #include "platform/base/program_folders.h"
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/channel/local_channel.h"
@@ -33,6 +34,16 @@ SystemeReel::~SystemeReel() = default;
 // A disk that does not answer keeps no start from going on: the folders are there as a rule, or will be when it does.
 QString SystemeReel::PrepareDossiersSansAttendre() {
   return DisqueBorne_.Attend<QString>([dossiers = Dossiers_] { return PrepareDossiers(dossiers); }).value_or(QString());
+}
+
+// One that ignores the polite request is waited for.
+void SystemeReel::TermineErrants(Compagnon compagnon, std::function<void()> fini) {
+  const auto balaie = [dossier = Arguments_.Dossier, compagnon] {
+    ProcessusSysteme programmes(dossier);
+    ::vaktor::TermineErrants(programmes, DonneIdentite(compagnon).Programme);
+    return true;
+  };
+  Balais_.at(static_cast<std::size_t>(compagnon)).Pose(balaie, false, [fini = std::move(fini)](bool) { fini(); });
 }
 
 PortsSysteme SystemeReel::Ports() {
@@ -73,6 +84,8 @@ PortsSysteme SystemeReel::Ports() {
       .Courriels = Courriels_,
       .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                QStringLiteral(VAKTOR_VERSION)},
+      .TermineErrants = [this](Compagnon compagnon,
+                               std::function<void()> fini) { TermineErrants(compagnon, std::move(fini)); },
       .CreeFormSound =
           [this](Parametres& valeurs, SauvegardeParametres& sauvegarde) {
             return std::make_unique<FormSound>(ChoixSon(valeurs, sauvegarde, Sons_, ChoixFichier_));

@@ -1,6 +1,7 @@
 // The real system behind the ports, one object for the whole run.
 #pragma once
 
+#include <array>
 #include <memory>
 
 #include "app/start_arguments.h"
@@ -17,6 +18,7 @@
 #include "platform/disk/bounded_files.h"
 #include "platform/disk/space_query.h"
 #include "platform/folders/companion_status_reader.h"
+#include "platform/folders/disk_question.h"
 #include "platform/folders/photo_file_eraser.h"
 #include "platform/folders/photo_file_reader.h"
 #include "platform/folders/photo_names_reader.h"
@@ -49,6 +51,7 @@ class SystemeReel {
 
  private:
   QString PrepareDossiersSansAttendre();
+  void TermineErrants(Compagnon compagnon, std::function<void()> fini);
 
   const ArgumentsDepart Arguments_;
   const DossiersProgramme Dossiers_;
@@ -79,6 +82,7 @@ class SystemeReel {
   LecteurEtatsFichiers Etats_;
   NotifieurSysteme Bureau_;
   DepotCourrielsFichiers Courriels_;
+  std::array<QuestionDisque<bool>, kCompagnons.size()> Balais_;  // one for each companion
   std::unique_ptr<MemoireCapture> Memoire_;
 };
 

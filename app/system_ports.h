@@ -70,6 +70,9 @@ struct PortsSysteme {
   NotifieurBureau& Bureau;
   DepotCourriels& Courriels;
   SitePages Site = {};
+  /// Ends the companions of this name that another copy has left behind, off the user-interface thread, and calls
+  /// `fini` from the event loop.
+  std::function<void(Compagnon, std::function<void()> fini)> TermineErrants = {};
   /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};
   /// Takes what gives the language of the buttons of the boxes at any moment; empty where they have none.

@@ -1,6 +1,7 @@
 #include "companions/companion_watch.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/language.h"
 
@@ -79,9 +80,16 @@ void VeilleCompagnons::Inscrit(Compagnon compagnon) {
   if (suivi.Etat != Vie::kEnVie) return;
   const bool retour = suivi.Relance && !suivi.Inscrit;
   suivi.Inscrit = true;
+  suivi.Perdue.reset();
   suivi.Age = suivi.Muet = 0;
   Ports_.Sante.Leve(DonneCondition(compagnon));
   if (retour) Ports_.SurRetour(compagnon);
+}
+
+bool VeilleCompagnons::EstInscrit(Compagnon compagnon) const {
+  const std::optional<qint32>& perdue = Trouve(compagnon).Perdue;
+  // One that we have not started gives another handle.
+  return !perdue || DonnePoignee(compagnon) != *perdue;
 }
 
 bool VeilleCompagnons::Prend(Compagnon compagnon) const {
@@ -135,6 +143,7 @@ void VeilleCompagnons::Perd(Compagnon compagnon, const QString& detail) {
   Suivi& suivi = Trouve(compagnon);
   if (suivi.Inscrit) Ports_.Canal.OublieFenetre(DonnePoignee(compagnon));
   suivi.Inscrit = false;
+  suivi.Perdue = DonnePoignee(compagnon);
   Ports_.Sante.Signale(DonneCondition(compagnon), detail);
   Ports_.SurPerte(compagnon);
 }
@@ -173,14 +182,40 @@ void VeilleCompagnons::DemandeRelance(Compagnon compagnon) {
 
 void VeilleCompagnons::RegardeBoites() {
   Ports_.Boites.Regarde([this](bool siennes) {
-    if (!siennes) return;
+    if (!siennes) {
+      for (Suivi& suivi : Suivis_) suivi.Errants = true;
+      return;
+    }
     for (const Compagnon compagnon : kCompagnons)
       if (Trouve(compagnon).EnPause) Relance(compagnon);
   });
 }
 
 void VeilleCompagnons::Relance(Compagnon compagnon) {
-  Trouve(compagnon).EnPause = false;
+  Suivi& suivi = Trouve(compagnon);
+  suivi.EnPause = false;
+  if (std::exchange(suivi.Errants, false) && Ports_.TermineErrants)
+    TermineErrants(compagnon);
+  else
+    LanceEncore(compagnon);
+}
+
+// A copy that was killed has left its companions behind, and they register with whoever stands in the store: two of
+// each would send every mail twice.
+void VeilleCompagnons::TermineErrants(Compagnon compagnon) {
+  Suivi& suivi = Trouve(compagnon);
+  suivi.TimerRelance->ChangeIntervalle(kBalayageMax);
+  suivi.TimerRelance->Active();
+  Ports_.TermineErrants(compagnon, [this, compagnon, presente = std::weak_ptr(Presente_)] {
+    if (presente.expired()) return;
+    Suivi& balaye = Trouve(compagnon);
+    if (Phase_ != Phase::kVeille || balaye.Etat != Vie::kMort || !balaye.TimerRelance->EstActive()) return;
+    balaye.TimerRelance->Desactive();
+    LanceEncore(compagnon);
+  });
+}
+
+void VeilleCompagnons::LanceEncore(Compagnon compagnon) {
   if (Demarre(compagnon, true)) return;
   Ports_.Sante.Signale(DonneCondition(compagnon),
                        Ports_.Dossiers.Executables + QLatin1Char('/') + DonneIdentite(compagnon).Programme);

@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "base/program_folders.h"
 #include "companions/contract/command_words.h"
@@ -28,6 +29,9 @@ struct PortsVeille {
   GardeBoites& Boites;
   std::function<void(Compagnon)> SurPerte;   ///< it has ended, or is hung and being ended
   std::function<void(Compagnon)> SurRetour;  ///< one that was started again has registered
+  /// Ends every process of this companion's name, without holding up the thread, and calls `fini` from the event loop
+  /// when that is done. May be empty.
+  std::function<void(Compagnon, std::function<void()> fini)> TermineErrants = {};
 };
 
 /// Reports kCompagnonFtp, kCompagnonMail and kCompagnonSon: from the end of a companion, or from the moment at which it
@@ -47,7 +51,9 @@ class VeilleCompagnons {
   static constexpr int kFinPolie = 2;      ///< for a hung one to follow the polite request
   static constexpr int kFinForcee = 5;     ///< for the system to take one away that was killed; then it counts as ended
   static constexpr int kRegardBoites = 5;  ///< between two looks at the inboxes in the store
-  static constexpr int kHesite = 5;        ///< without taking a message: not to be counted on, see Prend
+  static constexpr qint32 kBalayageMax =
+      10000;                         ///< milliseconds that the end of another copy's companions is waited for
+  static constexpr int kHesite = 5;  ///< without taking a message: not to be counted on, see Prend
 
   explicit VeilleCompagnons(const PortsVeille& ports) : Ports_(ports) {}
   VeilleCompagnons(const VeilleCompagnons&) = delete;
@@ -65,6 +71,9 @@ class VeilleCompagnons {
   void Inscrit(Compagnon compagnon);
   /// It is not the one of the launch: see "*OKO*".
   bool EstRelance(Compagnon compagnon) const { return Trouve(compagnon).Relance; }
+  /// False from the end of a companion, or from the moment at which it counts as hung, until another one has given its
+  /// handle: what comes until then was said by the one that has gone.
+  bool EstInscrit(Compagnon compagnon) const;
   /// Registered, and takes its messages.
   bool Prend(Compagnon compagnon) const;
 
@@ -75,10 +84,12 @@ class VeilleCompagnons {
     std::unique_ptr<ProgrammeSuivi> Programme;
     bool Relance = false;
     bool Inscrit = false;
-    bool EnPause = false;  // to be started as soon as the inboxes are ours again
-    int Age = 0;           // ticks since the start, the registration or the sentence, whichever came last
-    int Muet = 0;          // ticks without taking a message
-    std::size_t Rang = 0;  // of the next delay in kRelances
+    bool EnPause = false;          // to be started as soon as the inboxes are ours again
+    bool Errants = false;          // another copy has started one, and may have left it behind
+    std::optional<qint32> Perdue;  // handle of the one that has gone, while no other has come
+    int Age = 0;                   // ticks since the start, the registration or the sentence, whichever came last
+    int Muet = 0;                  // ticks without taking a message
+    std::size_t Rang = 0;          // of the next delay in kRelances
     std::unique_ptr<Minuterie> TimerRelance;
   };
 
@@ -97,10 +108,13 @@ class VeilleCompagnons {
   void PrevoitRelance(Compagnon compagnon);
   void DemandeRelance(Compagnon compagnon);
   void Relance(Compagnon compagnon);
+  void TermineErrants(Compagnon compagnon);
+  void LanceEncore(Compagnon compagnon);
 
   PortsVeille Ports_;
   std::array<Suivi, kCompagnons.size()> Suivis_;
   std::unique_ptr<Minuterie> TimerVeille_;
+  std::shared_ptr<bool> Presente_ = std::make_shared<bool>(true);  // a sweep may end after this object
   int Tics_ = 0;
   enum class Phase { kLancement, kVeille, kFin } Phase_ = Phase::kLancement;
 };

@@ -73,13 +73,26 @@ void FormWinsock::ChangeTxtCmdSound(const QString& texte) {
 
 void FormWinsock::ChangeTxtCmdFTP(const QString& texte) {
   if (PrendPoignee(Compagnon::kFtp, texte, Ports_.Etat.HandleFTP)) return;
+  // What one that was killed had still said: a green lamp, and frames for nobody.
+  if (Ports_.FtpInscrit && !Ports_.FtpInscrit()) return;
   const LigneMot* ligne = TrouveLigneMot(texte.left(kLongueurMot));
   if (ligne == nullptr || (ligne->SurveillanceSeule && !Ports_.Etat.SurveillanceEnCours)) return;
+  if (Attend(*ligne)) return;
   if (ligne->Statut != 0) Ports_.Liaison.MontreStatut(ligne->Statut);
   if (ligne->Litteral != nullptr) Ports_.Liaison.MontreStatutLitteral(QString::fromUtf16(ligne->Litteral));
   if (ligne->Led) Ports_.Affichage.MontreLampeSurveillance(*ligne->Led);
   for (const ChampLiaison champ : ligne->Rouges) Ports_.Liaison.RougitChamp(champ);
   AgitSelon(ligne->Suite);
+}
+
+// The page ran, so what it is set to is right. The companion that went would have waited for its server; the one in its
+// place has never been connected and gives up, so it is told again.
+bool FormWinsock::Attend(const LigneMot& ligne) {
+  if (!ligne.Panne || !Ports_.Etat.PageInterrompue) return false;
+  Ports_.Liaison.MontreStatut(ligne.Statut);
+  Ports_.Affichage.MontreLampeSurveillance(Lampe::kRougeAllumee);
+  TimerFTPreconnect_->Active();
+  return true;
 }
 
 void FormWinsock::AgitSelon(SuiteMot suite) {
@@ -110,7 +123,12 @@ void FormWinsock::AgitSelon(SuiteMot suite) {
 }
 
 void FormWinsock::TicReconnexion() {
-  if (Ports_.Etat.SurveillanceEnCours) Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
+  if (Ports_.Etat.PageInterrompue) {
+    Ports_.Commandes.EnvoiFTP(QStringLiteral("Conne"));
+    if (Ports_.Etat.PageAttendue) Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));
+  } else if (Ports_.Etat.SurveillanceEnCours) {
+    Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
+  }
   TimerFTPreconnect_->Desactive();
 }
 

@@ -28,7 +28,8 @@ struct PortsWinsock {
   std::function<void()> RelanceDemarrageAuto;  ///< starts TimerAutoStar if a start argument was given
   std::function<bool()> FtpRelance = {};       ///< the FTP companion is not the one of the launch; empty: it always is
   std::function<void(Compagnon)> SurInscription =
-      {};  ///< a companion has given its handle, which is taken; may be empty
+      {};                                 ///< a companion has given its handle, which is taken; may be empty
+  std::function<bool()> FtpInscrit = {};  ///< what comes now is of an FTP companion that is there; empty: it always is
 };
 
 /// Made in the load step of Form1, before any companion is launched; destroying it closes the inboxes. User-interface
@@ -59,6 +60,7 @@ class FormWinsock {
   void OuvreBoite(Compagnon compagnon, void (FormWinsock::*recu)(const QString&));
   void EcritPoignee(Compagnon compagnon);
   bool PrendPoignee(Compagnon compagnon, const QString& texte, qint32& poignee);
+  bool Attend(const LigneMot& ligne);
   void AgitSelon(SuiteMot suite);
   void TicReconnexion();
 

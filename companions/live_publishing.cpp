@@ -25,7 +25,8 @@ void PublicationLive::CoupeLive() { Ports_.Etat.CoupeFrames(); }
 
 void PublicationLive::PerdCompagnon() {
   if (!Ports_.Etat.SurveillanceEnCours) return;
-  Ports_.Etat.PageInterrompue = Ports_.Etat.PageInterrompue || Ports_.Etat.LiveActif;
+  // A page that is being made only holds the frames back.
+  Ports_.Etat.PageInterrompue = Ports_.Etat.PageInterrompue || Ports_.Etat.LiveActif || Ports_.Etat.PageAttendue;
   Ports_.Etat.LiveActif = false;
   MontreConnexion();
 }

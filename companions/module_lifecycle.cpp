@@ -19,15 +19,14 @@ QString DecritAbsence(const QString& programme, qint32 langue) {
       .arg(programme);
 }
 
-}  // namespace
-
-bool ModulesCompagnons::TerminePid(const ProcessusVu& vu) {
+bool TerminePid(Processus& processus, const ProcessusVu& vu) {
   if (vu.Pid == 0) return false;
-  return Processus_.TermineProcessus(vu);
+  return processus.TermineProcessus(vu);
 }
 
-QList<ProcessusVu> ModulesCompagnons::Cherche(const QString& nom) const {
-  QList<ProcessusVu> table = Processus_.PrendInstantane();
+/// The matching processes of a fresh table, in its order.
+QList<ProcessusVu> Cherche(const Processus& processus, const QString& nom) {
+  QList<ProcessusVu> table = processus.PrendInstantane();
   table.removeIf([&nom](const ProcessusVu& vu) {
     const QStringList noms = {vu.Nom, vu.NomAppele, vu.NomScript};
     return std::none_of(noms.begin(), noms.end(),
@@ -36,27 +35,29 @@ QList<ProcessusVu> ModulesCompagnons::Cherche(const QString& nom) const {
   return table;
 }
 
+}  // namespace
+
 QString ModulesCompagnons::TueProcessus(const QString& nom) {
-  const QList<ProcessusVu> trouves = Cherche(nom);
-  if (!trouves.isEmpty()) TerminePid(trouves.first());
+  const QList<ProcessusVu> trouves = Cherche(Processus_, nom);
+  if (!trouves.isEmpty()) TerminePid(Processus_, trouves.first());
   return {};
 }
 
 // Looked for anew until none is left, because a start leaves one instance and no second stray behind it: those that end
 // by themselves meanwhile, and those that they have started, fall out or come in. One that cannot be ended is passed
 // over, and the new one started all the same.
-void ModulesCompagnons::TermineErrants(const QString& nom) {
+void TermineErrants(Processus& processus, const QString& nom) {
   QList<qint32> restes;
   for (int fois = 0; fois < kErrantsMax && restes.size() <= kImmortelsMax; ++fois) {
-    QList<ProcessusVu> trouves = Cherche(nom);
+    QList<ProcessusVu> trouves = Cherche(processus, nom);
     trouves.removeIf([&restes](const ProcessusVu& vu) { return restes.contains(vu.Pid); });
     if (trouves.isEmpty()) return;
-    if (!TerminePid(trouves.first())) restes.append(trouves.first().Pid);
+    if (!TerminePid(processus, trouves.first())) restes.append(trouves.first().Pid);
   }
 }
 
 void ModulesCompagnons::LanceModules() {
-  for (const Compagnon compagnon : kCompagnons) TermineErrants(DonneIdentite(compagnon).Programme);
+  for (const Compagnon compagnon : kCompagnons) TermineErrants(Processus_, DonneIdentite(compagnon).Programme);
   for (const Compagnon compagnon : kCompagnons) {
     if (!Lance_(compagnon))
       throw Echec(kFichierIntrouvable, DecritAbsence(DonneIdentite(compagnon).Programme, Reglages_.LangueCourante));

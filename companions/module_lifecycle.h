@@ -11,6 +11,10 @@
 
 namespace vaktor {
 
+/// Ends every process whose name contains `nom`, as TueProcessus finds them. Blocks half a second at the most for each
+/// that ignores the polite request, and for four of these at the most. The thread of `processus`.
+void TermineErrants(Processus& processus, const QString& nom);
+
 /// Owner: app/. User-interface thread.
 class ModulesCompagnons {
  public:
@@ -32,11 +36,6 @@ class ModulesCompagnons {
   QString TueProcessus(const QString& nom);
 
  private:
-  bool TerminePid(const ProcessusVu& vu);
-  /// The matching processes of a fresh table, in its order.
-  QList<ProcessusVu> Cherche(const QString& nom) const;
-  void TermineErrants(const QString& nom);
-
   Processus& Processus_;
   Lanceur Lance_;
   const Parametres& Reglages_;

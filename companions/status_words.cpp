@@ -15,7 +15,12 @@ const QList<LigneMot>& DonneTable() {
       {.Mot = QLatin1String("Uploa"), .Statut = 70},
       {.Mot = QLatin1String("Netdc"), .Statut = 174, .Suite = S::kReconnexion},
       {.Mot = QLatin1String("SerTR"), .Litteral = u"Serveur trouv\u00e9"},
-      {.Mot = QLatin1String("SerER"), .Statut = 71, .Led = Lampe::kRouge, .Rouges = {C::kTxtFtp}, .Suite = S::kFin},
+      {.Mot = QLatin1String("SerER"),
+       .Statut = 71,
+       .Led = Lampe::kRouge,
+       .Rouges = {C::kTxtFtp},
+       .Suite = S::kFin,
+       .Panne = true},
       {.Mot = QLatin1String("RepER"),
        .Statut = 72,
        .Led = Lampe::kRouge,
@@ -29,7 +34,7 @@ const QList<LigneMot>& DonneTable() {
        .Led = Lampe::kRouge,
        .Rouges = {C::kTxtUserName, C::kTxtPass},
        .Suite = S::kFin},
-      {.Mot = QLatin1String("ErrCo"), .Statut = 39, .Led = Lampe::kRouge, .Suite = S::kFin},
+      {.Mot = QLatin1String("ErrCo"), .Statut = 39, .Led = Lampe::kRouge, .Suite = S::kFin, .Panne = true},
       // Unlike the other errors this one leaves the lamp as it is.
       {.Mot = QLatin1String("Upnot"), .Statut = 40, .Suite = S::kFin},
   };

@@ -28,6 +28,8 @@ struct LigneMot {
   std::optional<Lampe> Led = std::nullopt;
   QList<ChampLiaison> Rouges = {};  ///< fields that turn red
   SuiteMot Suite = SuiteMot::kRien;
+  bool Panne =
+      false;  ///< an error that can also be an outage of the other side: it does not end a page that ran before
 };
 
 /// The row of a word of exactly five characters, or null for an unknown one. "HWND:" is no row: it carries a number.

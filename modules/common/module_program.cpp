@@ -91,6 +91,8 @@ class Execution {
                                  [this](const QString& mot) { Commande(mot); },
                                  [this](Inscription comment) {
                                    Journal_.Note(NommeInscription(comment));
+                                   // The store could not be read until now, and no command will say so.
+                                   if (!ReglagesDonnes_) DonneReglages();
                                    Module_->Enregistre(comment);
                                  },
                                  [this] { Termine(QStringLiteral("main program gone")); },
@@ -140,6 +142,7 @@ class Execution {
     }
     Etat_.ChangeLangue(reglages.Valeurs.LangueCourante);
     Module_->PrendReglages(reglages);
+    ReglagesDonnes_ = true;
   }
 
   void Commande(const QString& mot) {
@@ -168,6 +171,7 @@ class Execution {
   std::unique_ptr<Module> Module_;
   QString DernierRefus_;
   bool EnFin_ = false;
+  bool ReglagesDonnes_ = false;
 };
 
 }  // namespace

@@ -99,5 +99,29 @@ TEST_F(ProgrammeEntier, TwoCopiesDoNotFightAndTheFirstTakesOverAgain) {
   ExigeFin();
 }
 
+// A copy that is killed leaves its companions running. They would register with the first, beside its own.
+TEST_F(ProgrammeEntier, ACopyThatIsKilledLeavesNoSecondCompanionBehind) {
+  Lance();
+  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  QProcess second;
+  LanceAutre(second);
+  for (const QString& nom : kNoms) {
+    ASSERT_TRUE(Attend([&] { return Compte(nom, "start, version") == 2; }));
+    ASSERT_TRUE(Attend([&] { return Compagnons(nom).size() == 1; }));
+  }
+  const QList<qint64> errants = Compagnons();
+  Processus.waitForFinished(8000);  // the first copy has seen the second
+  second.kill();
+  ASSERT_TRUE(second.waitForFinished(30000));
+  const auto revenu = [this](const QString& nom) { return Compte(nom, "registered again") == 1; };
+  ASSERT_TRUE(Attend([&] { return std::all_of(kNoms.begin(), kNoms.end(), revenu); }));
+  EXPECT_TRUE(UnDeChaque());
+  for (const qint64 pid : errants) EXPECT_FALSE(Compagnons().contains(pid));
+  Processus.terminate();
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  // The inboxes of the one that was killed stay until the next start; no process does.
+  EXPECT_TRUE(Attend([this] { return Compagnons().isEmpty(); }));
+}
+
 }  // namespace
 }  // namespace vaktor::essai

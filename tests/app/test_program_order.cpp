@@ -32,6 +32,16 @@ class Ordre : public ProgrammeSurFaux {
     Systeme.MagasinPlein = true;
     Systeme.Notes.Vide();
   }
+  void DemarreLeLiveEtTueLeCompagnon() {
+    for (const char* cle : {"ftp", "user", "pass", "html"})
+      Systeme.Valeurs.insert(QStringLiteral("FTP/") + QLatin1String(cle), QStringLiteral("098100102"));
+    Demarre(QStringLiteral("/surve"));
+    Systeme.Recoit(1001, QStringLiteral("HWND:71"));
+    Systeme.Temps.Avance(1000);
+    ASSERT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("channel: post 65 to 71")));
+    Systeme.Recoit(1001, QStringLiteral("ConOK"));
+    Systeme.Programmes.Finit(QStringLiteral("/opt/v/VAKTORftp"));
+  }
   void CompareListe(const char* nom) {
     const QStringList vus = Systeme.DepuisVide();
     const QStringList voulus = LitListe(nom);
@@ -191,20 +201,43 @@ TEST_F(Ordre, TheReadyWordOfACompanionThatWasStartedAgainCarriesOutNothing) {
 }
 
 TEST_F(Ordre, ALivePageThatRanGoesOnWithTheNextCompanion) {
-  for (const char* cle : {"ftp", "user", "pass", "html"})
-    Systeme.Valeurs.insert(QStringLiteral("FTP/") + QLatin1String(cle), QStringLiteral("098100102"));
-  Demarre(QStringLiteral("/surve"));
-  Systeme.Recoit(1001, QStringLiteral("HWND:71"));
-  Systeme.Temps.Avance(1000);
-  ASSERT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("channel: post 65 to 71")));
-  Systeme.Recoit(1001, QStringLiteral("ConOK"));
-  Systeme.Programmes.Finit(QStringLiteral("/opt/v/VAKTORftp"));
+  DemarreLeLiveEtTueLeCompagnon();
   auto* statut = Fenetre("Form1")->findChild<QLabel*>(QStringLiteral("LblDebugftp"));
   EXPECT_EQ(statut->text(), QStringLiteral("En cour de connection"));
   Systeme.Temps.Avance(1000);
   Systeme.Notes.Vide();
   Systeme.Recoit(1001, QStringLiteral("HWND:72"));
+  const QStringList envoyes = Systeme.DepuisVide().filter(QStringLiteral("channel: post"));
+  EXPECT_EQ(envoyes, QStringList({"channel: post 67 to 72", "channel: post 65 to 72"}))
+      << "the settings first: they may have changed since it read them";
+}
+
+TEST_F(Ordre, ALivePageThatRanGoesOnWhenTheServerIsAwayAsItsCompanionComesBack) {
+  DemarreLeLiveEtTueLeCompagnon();
+  Systeme.Recoit(1001, QStringLiteral("ConOK"));  // was in the inbox when it was killed
+  auto* statut = Fenetre("Form1")->findChild<QLabel*>(QStringLiteral("LblDebugftp"));
+  EXPECT_EQ(statut->text(), QStringLiteral("En cour de connection"));
+  Systeme.Temps.Avance(1000);
+  Systeme.Recoit(1001, QStringLiteral("HWND:72"));
+  Systeme.Recoit(1001, QStringLiteral("SerER"));
+  Systeme.Notes.Vide();
+  Systeme.Temps.Avance(FormWinsock::kDelaiReconnexion);
   EXPECT_TRUE(Systeme.DepuisVide().contains(QStringLiteral("channel: post 65 to 72")));
+}
+
+TEST_F(Ordre, OneThatHasComeBackIsToldWhatTheOneBeforeItMayHaveMissed) {
+  Demarre();
+  Systeme.Temps.Avance(2000);
+  Systeme.Recoit(1002, QStringLiteral("HWND:72"));
+  Systeme.Recoit(1003, QStringLiteral("HWND:73"));
+  for (const char* nom : {"VAKTORmail", "VAKTORsound"})
+    Systeme.Programmes.Finit(QStringLiteral("/opt/v/") + QLatin1String(nom));
+  Systeme.Temps.Avance(1000);
+  Systeme.Notes.Vide();
+  Systeme.Recoit(1002, QStringLiteral("HWND:82"));
+  Systeme.Recoit(1003, QStringLiteral("HWND:83"));
+  EXPECT_EQ(Systeme.DepuisVide().filter(QStringLiteral("channel: post")),
+            QStringList({"channel: post 65 to 82", "channel: post 68 to 82", "channel: post 65 to 83"}));
 }
 
 // The driver lets the window live while it waits for a camera that says nothing, and the window is closed.

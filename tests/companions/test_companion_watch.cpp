@@ -31,7 +31,14 @@ struct Veille : testing::Test {
   VeilleCompagnons Regles{
       PortsVeille{Processus, Canal, Etat, Temps, Sante, Dossiers, Reglages, Boites,
                   [this](Compagnon c) { Journal << QStringLiteral("perte ") + DonneIdentite(c).Section; },
-                  [this](Compagnon c) { Journal << QStringLiteral("retour ") + DonneIdentite(c).Section; }}};
+                  [this](Compagnon c) { Journal << QStringLiteral("retour ") + DonneIdentite(c).Section; },
+                  [this](Compagnon c, std::function<void()> fini) {
+                    Journal << QStringLiteral("balaie ") + DonneIdentite(c).Section;
+                    Balais.append(std::move(fini));
+                    if (!BalaiMuet) Balais.takeLast()();
+                  }}};
+  QList<std::function<void()>> Balais;
+  bool BalaiMuet = false;  ///< the sweep takes long
 
   void Lance() {
     for (const Compagnon compagnon : kCompagnons) EXPECT_TRUE(Regles.Lance(compagnon));
@@ -306,6 +313,86 @@ TEST_F(Veille, WhenTheOtherCopyHasEndedTheCompanionsAreStartedAgain) {
   EXPECT_EQ(Journal.filter("relance").size(), 3);
   EXPECT_LT(Journal.indexOf("republie"), Journal.indexOf("relance " + kFtp)) << "they read the store at once";
   EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues));
+}
+
+// A copy that was killed leaves its companions running, and they register with us.
+TEST_F(Veille, WhatAnotherCopyHasLeftBehindIsEndedBeforeOursIsStarted) {
+  LanceEtInscrit();
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+  Canal.Presents = {5001, 5002, 5003};
+  for (const QString& chemin : {kFtp, kMail, kSon}) Processus.Finit(chemin);
+  Secondes(60);
+  EXPECT_EQ(Journal.filter("balaie").size(), 0) << "it runs";
+  BalaiMuet = true;
+  Canal.Presents.clear();
+  Secondes(VeilleCompagnons::kRegardBoites);
+  EXPECT_EQ(Journal.filter("balaie"), QStringList({"balaie FTP", "balaie MAIL", "balaie SON"}));
+  EXPECT_EQ(Journal.filter("relance").size(), 0);
+  for (const auto& fini : std::exchange(Balais, {})) fini();
+  EXPECT_EQ(Journal.filter("relance").size(), 3);
+  Processus.Finit(kSon);
+  Secondes(30);
+  EXPECT_EQ(Journal.filter("balaie").size(), 3) << "once";
+  EXPECT_EQ(Journal.filter("relance").size(), 4);
+}
+
+TEST_F(Veille, ASweepThatDoesNotEndKeepsNobodyFromBeingStarted) {
+  LanceEtInscrit();
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+  Canal.Presents = {5001};
+  Processus.Finit(kSon);
+  Secondes(60);
+  BalaiMuet = true;
+  Canal.Presents.clear();
+  Secondes(VeilleCompagnons::kRegardBoites);
+  ASSERT_EQ(Balais.size(), 1);
+  Temps.Avance(VeilleCompagnons::kBalayageMax - 1);
+  EXPECT_EQ(Relances(kSon), 0);
+  Temps.Avance(1);
+  EXPECT_EQ(Relances(kSon), 1);
+  Balais.first()();
+  EXPECT_EQ(Relances(kSon), 1) << "it is running";
+}
+
+TEST_F(Veille, ASweepThatEndsAfterTheProgramStartsNothing) {
+  LanceEtInscrit();
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+  Canal.Presents = {5001};
+  Processus.Finit(kSon);
+  Secondes(60);
+  BalaiMuet = true;
+  Canal.Presents.clear();
+  Secondes(VeilleCompagnons::kRegardBoites);
+  Regles.Arrete();
+  ASSERT_EQ(Balais.size(), 1);
+  Balais.first()();
+  EXPECT_EQ(Relances(kSon), 0);
+}
+
+// A green lamp for a companion that is dead: what it had said waits in the inbox behind the news of its end.
+TEST_F(Veille, WhatComesIsOfTheDeadUntilAnotherHasGivenItsHandle) {
+  EXPECT_TRUE(Regles.EstInscrit(Compagnon::kFtp)) << "before anything is looked after";
+  Lance();
+  EXPECT_TRUE(Regles.EstInscrit(Compagnon::kFtp));
+  Inscrit(Compagnon::kFtp);
+  EXPECT_TRUE(Regles.EstInscrit(Compagnon::kFtp));
+  Processus.Finit(kFtp);
+  EXPECT_FALSE(Regles.EstInscrit(Compagnon::kFtp));
+  Secondes(1);
+  EXPECT_FALSE(Regles.EstInscrit(Compagnon::kFtp)) << "started, and not yet there";
+  Inscrit(Compagnon::kFtp);
+  EXPECT_TRUE(Regles.EstInscrit(Compagnon::kFtp));
+  Canal.Prises[21] = Prise::kMuette;
+  Secondes(VeilleCompagnons::kMuetteMax + 1);
+  EXPECT_FALSE(Regles.EstInscrit(Compagnon::kFtp)) << "hung, and being ended";
+}
+
+TEST_F(Veille, OneThatSomebodyElseHasStartedIsHeardWhileOursIsAway) {
+  LanceEtInscrit();
+  Processus.Finit(kFtp);
+  Etat.HandleFTP = 4711;
+  Regles.Inscrit(Compagnon::kFtp);
+  EXPECT_TRUE(Regles.EstInscrit(Compagnon::kFtp));
 }
 
 TEST_F(Veille, AnotherCopyIsNoticedBeforeItsCompanionsAreMissed) {

@@ -19,8 +19,10 @@ struct Winsock : testing::Test {
   std::unique_ptr<FormWinsock> Form = std::make_unique<FormWinsock>(
       PortsWinsock{Canal, Magasin, Minuteries, Commandes, Fenetre, Fenetre, Etat,
                    [this] { Journal << QStringLiteral("relance"); }, [this] { return Relance; },
-                   [this](Compagnon c) { Journal << QStringLiteral("inscrit ") + DonneIdentite(c).Section; }});
+                   [this](Compagnon c) { Journal << QStringLiteral("inscrit ") + DonneIdentite(c).Section; },
+                   [this] { return Present; }});
   bool Relance = false;  ///< the FTP companion was started again
+  bool Present = true;   ///< it is there
 
   /// What a text in the FTP inbox leads to, with the switch on or off.
   QString Recoit(const QString& texte, bool surveillance = true) {
@@ -202,13 +204,61 @@ TEST_F(Winsock, TheReadyWordOfOneThatWasStartedAgainCarriesOutNothing) {
   EXPECT_TRUE(Etat.FtpModulePret);
 }
 
-TEST_F(Winsock, AConnectionOrAnErrorEndsWhatWaitedForTheCompanion) {
-  for (const char* mot : {"ConOK", "UplOK", "ErrCo"}) {
+TEST_F(Winsock, AConnectionOrARefusalEndsWhatWaitedForTheCompanion) {
+  for (const char* mot : {"ConOK", "UplOK", "LogEr", "RepER", "Upnot"}) {
     Etat.PageInterrompue = Etat.PageAttendue = true;
     Recoit(mot);
     EXPECT_FALSE(Etat.PageInterrompue) << mot;
     EXPECT_FALSE(Etat.PageAttendue) << mot;
   }
+}
+
+// The companion that ran would have waited for its server; the one in its place has never been connected.
+TEST_F(Winsock, APageThatRanWaitsForAServerThatIsAwayWhenTheNextCompanionConnects) {
+  const QList<QPair<QString, QString>> attendus = {{"SerER", "statut 71|live LEDREDON"},
+                                                   {"ErrCo", "statut 39|live LEDREDON"}};
+  for (const auto& [mot, attendu] : attendus) {
+    Etat.PageInterrompue = true;
+    Etat.PageAttendue = false;
+    EXPECT_EQ(Recoit(mot), attendu);
+    EXPECT_TRUE(Etat.SurveillanceEnCours);
+    EXPECT_TRUE(Etat.PageInterrompue);
+    for (int fois = 0; fois < 3; ++fois) {  // a whole night, if need be
+      Journal.clear();
+      Minuteries.Avance(FormWinsock::kDelaiReconnexion);
+      EXPECT_EQ(Journal.join(u'|'), "FTP Conne") << "no image before it is connected";
+      EXPECT_FALSE(Attend());
+      EXPECT_EQ(Recoit(mot), attendu);
+    }
+    Etat.PageAttendue = true;
+    Journal.clear();
+    Minuteries.Avance(FormWinsock::kDelaiReconnexion);
+    EXPECT_EQ(Journal.join(u'|'), "FTP Conne|FTP UploM");
+    Recoit("ConOK");
+    EXPECT_TRUE(Etat.LiveActif);
+    EXPECT_EQ(Recoit(mot).section(u'|', 0, 1), attendu.left(attendu.size() - 2)) << "it has ended by now";
+    EXPECT_FALSE(Etat.SurveillanceEnCours);
+  }
+}
+
+TEST_F(Winsock, AnInterruptedPageThatIsSwitchedOffIsNotConnectedAgain) {
+  Etat.PageInterrompue = true;
+  Recoit("ErrCo");
+  Etat.SurveillanceEnCours = false;
+  Etat.CoupeFrames();
+  Journal.clear();
+  Minuteries.Avance(FormWinsock::kDelaiReconnexion);
+  EXPECT_TRUE(Journal.isEmpty());
+}
+
+TEST_F(Winsock, WhatOneThatHasGoneHadStillSaidIsDroppedButNotAHandle) {
+  Present = false;
+  for (const char* mot : {"UplOK", "ConOK", "ErrCo", "Netdc", "Conne", "*OKO*"}) EXPECT_EQ(Recoit(mot), "") << mot;
+  EXPECT_FALSE(Etat.LiveActif);
+  EXPECT_TRUE(Etat.SurveillanceEnCours);
+  EXPECT_FALSE(Attend());
+  EXPECT_EQ(Recoit("HWND:70009"), "inscrit FTP");
+  EXPECT_EQ(Etat.HandleFTP, 70009);
 }
 
 TEST_F(Winsock, PublishesItsHandlesAgain) {

@@ -282,6 +282,7 @@ TEST_F(Live, APageThatNobodyAnsweredForIsAskedForAgain) {
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
   Regles.CreationPageLive();
   Regles.PerdCompagnon();
+  EXPECT_TRUE(Etat.PageInterrompue) << "the frames were only held back";
   EXPECT_EQ(Fait(&PublicationLive::RetrouveCompagnon), "live LEDREDON|statut 69|FTP Conne|FTP UploM");
 }
 

@@ -62,6 +62,24 @@ TEST_F(Programmes, TheSoundCompanionRegistersAgainWhenTheMainProgramComesBack) {
   EXPECT_TRUE(AttendInscription());
 }
 
+TEST_F(Programmes, AStoreThatCannotBeReadAtItsStartIsReadWhenItRegisters) {
+  Magasin.EcritReglage("SON", "index", "3");
+  Magasin.EcritReglage("SON", "Repertoire", "/pas/la/mon son.wav");
+  Magasin.Vide();
+  const QString magasin = Temporaire.filePath("vaktor.ini");
+  const QString cote = Temporaire.filePath("cote");
+  ASSERT_TRUE(QFile::rename(magasin, cote) && QDir().mkdir(magasin));
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendQue([&] { return LitJournal().contains("vaktor.ini"); })) << LitJournal().toStdString();
+  ASSERT_TRUE(QDir().rmdir(magasin) && QFile::rename(cote, magasin));
+  ASSERT_TRUE(AttendInscription());
+  Envois.EnvoiSon("Intru");
+  ASSERT_TRUE(AttendPrise());
+  Envois.EnvoiSon("Quit*");
+  ASSERT_TRUE(AttendFin());
+  EXPECT_TRUE(LitJournal().contains("/pas/la/mon son.wav"));
+}
+
 TEST_F(Programmes, TheSoundCompanionEndsTidilyOnASignal) {
   Lance(VAKTOR_SOUND);
   ASSERT_TRUE(AttendInscription());
