@@ -6,6 +6,11 @@
 #include "base/failure.h"
 
 namespace vaktor {
+namespace {
+
+void DitIndicible() { std::fputs("Vaktor: the failure could not be shown\n", stderr); }
+
+}  // namespace
 
 ApplicationGardee::ApplicationGardee(int& argc, char** argv) : QApplication(argc, argv) {}
 
@@ -26,11 +31,23 @@ bool ApplicationGardee::notify(QObject* recepteur, QEvent* evenement) {
 void ApplicationGardee::Signale(const QString& description) {
   std::fprintf(stderr, "Vaktor: %s\n", qUtf8Printable(description));
   if (Annonce_ || !SurEchec_) return;
+  try {
+    QMetaObject::invokeMethod(
+        this, [this, description] { Annonce(description); }, Qt::QueuedConnection);
+  } catch (...) {
+    DitIndicible();
+  }
+}
+
+// Out of the event that failed, because a box runs a loop: a timer in the middle of whose tick a box stands does not
+// tick again before somebody clicks it away, and that may be the one that watches.
+void ApplicationGardee::Annonce(const QString& description) {
+  if (Annonce_ || !SurEchec_) return;
   const QScopedValueRollback<bool> annonce(Annonce_, true);
   try {
     SurEchec_(description);
   } catch (...) {
-    std::fputs("Vaktor: the failure could not be shown\n", stderr);
+    DitIndicible();
   }
 }
 

@@ -1,5 +1,7 @@
 #include "companions/live_publishing.h"
 
+#include <exception>
+
 #include "companions/live_stamp.h"
 
 namespace vaktor {
@@ -17,6 +19,7 @@ constexpr qsizetype kLongueurHeure = 8;
 }  // namespace
 
 void PublicationLive::OublieLive() {
+  Panne_.Oublie();
   Ports_.Etat.SurveillanceEnCours = false;
   Ports_.Etat.CoupeFrames();
 }
@@ -99,14 +102,31 @@ QString PublicationLive::FormateTimbre(QString heure) {
   return heure.left(2) + QLatin1Char('h') + heure.mid(3, 2) + QLatin1Char('m') + heure.right(2);
 }
 
+// The engine asks before it compares, and a failure ends what its frame does: the rule as it was given. With a camera
+// of a frame or two a second every frame is due for the page, and a full disk would make the alarm blind and dumb for
+// good. So that rule is kept for a second, as it is for photos; then the page grows old in silence, and its age is what
+// is told.
 void PublicationLive::PublieLive() {
+  const qint32 tic = Ports_.Temps.CompteTics();
+  if (!Panne_.EssaiDu(tic)) return;
+  try {
+    EcritLive();
+  } catch (const std::exception&) {
+    Panne_.Note(tic);
+    if (!Panne_.Installee(tic)) throw;
+    return;
+  }
+  Panne_.Oublie();
+  // No flow control: LiveActif stays, and the next frame comes when the interval has passed, taken or not.
+  if (Ports_.Etat.LiveActif) Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
+}
+
+void PublicationLive::EcritLive() {
   QImage tampon = Ports_.Camera.ImageSurface();  // PictureTampon; shared until the stamp goes on
   const QString heure = FormateTimbre(Ports_.Temps.DonneHeureTexte());
   PoseTimbre(tampon, Ports_.Timbre.DessineTimbre(heure));
   Ports_.Ecrivain.EnregistreJPEG(tampon, Ports_.Dossiers.Donnees + QStringLiteral("/Temp/Live.jpg"),
                                  Ports_.Reglages.QualiteJpeg);
-  // No flow control: LiveActif stays, and the next frame comes when the interval has passed, taken or not.
-  if (Ports_.Etat.LiveActif) Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
 }
 
 void PublicationLive::CreationPageLive() {

@@ -7,6 +7,7 @@
 
 #include "base/ports/opener.h"
 #include "base/program_folders.h"
+#include "base/write_failure.h"
 #include "companions/link_state.h"
 #include "companions/ports/link_display.h"
 #include "companions/ports/live_image.h"
@@ -69,12 +70,14 @@ class PublicationLive : public LiaisonLive {
   static QString FormateTimbre(QString heure);
 
  private:
+  void EcritLive();
   void EteintLive();
   void AllumeLive();
   void MontreConnexion();
   bool ParametresManquent() const;
 
   PortsLive Ports_;
+  PanneEcriture Panne_;  // of the live image
 };
 
 }  // namespace vaktor

@@ -1,24 +1,9 @@
 #include "image/photo_failure.h"
 
 namespace vaktor {
-namespace {
-
-quint32 Ecoule(qint32 depuis, qint32 tic) { return static_cast<quint32>(tic) - static_cast<quint32>(depuis); }
-
-}  // namespace
-
-// Kept once it is so: a failure of seven weeks, after which the difference begins anew, is no fresh one.
-bool PannePhotos::Installee(qint32 tic) {
-  Installee_ = Installee_ || (Dure_ && Ecoule(Debut_, tic) >= kInsistance);
-  return Installee_;
-}
-
-bool PannePhotos::EssaiDu(qint32 tic) { return !Installee(tic) || Ecoule(DernierEssai_, tic) >= kInsistance; }
 
 void PannePhotos::Note(qint32 tic, const QString& dossier, const QString& raison) {
-  if (!Dure_) Debut_ = tic;
-  Dure_ = true;
-  DernierEssai_ = tic;
+  PanneEcriture::Note(tic);
   Dossier_ = dossier;
   Raison_ = raison;
 }

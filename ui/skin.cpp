@@ -1,5 +1,6 @@
 #include "ui/skin.h"
 
+#include <QScopeGuard>
 #include <utility>
 
 #include "ui/art_images.h"
@@ -54,7 +55,14 @@ void Habillage::ChoisitSkin() {
 }
 
 void Habillage::DessinePages() {
-  Services_.Moteur.SuspendTic();  // no tick falls into the redraw
+  PlacePages();
+  FonduPages();
+}
+
+void Habillage::PlacePages() {
+  // No tick falls into the redraw; and whatever fails in it, or in what the pump lets in, they come again.
+  Services_.Moteur.SuspendTic();
+  const auto reprend = qScopeGuard([this] { Services_.Moteur.ReprendTic(); });
   for (std::size_t i = 0; i < Fenetre_.PictPage.size(); ++i) {
     Fenetre_.PictPage[i]->MontreFond([this, i] { return ChargePage(i); }, EchelleArt(Densite_));
   }
@@ -64,8 +72,6 @@ void Habillage::DessinePages() {
   for (PageVaktor* page : Fenetre_.PictPage) page->resize(PageVaktor::kPlace.size());
   Fenetre_.Fenetre.setFixedSize(Fenetre_.Taille);
   Services_.Pompe.PompeMessages();
-  Services_.Moteur.ReprendTic();
-  FonduPages();
 }
 
 void Habillage::FonduPages() {

@@ -67,6 +67,7 @@ class Habillage {
  private:
   QImage ChargeFond() const;
   QImage ChargePage(std::size_t i) const;
+  void PlacePages();
   void FonduPages();
   void RelieBoutons();
 

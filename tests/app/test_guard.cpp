@@ -26,6 +26,10 @@ class Garde : public testing::Test {
  protected:
   static ApplicationGardee& application() { return *static_cast<ApplicationGardee*>(qApp); }
 
+  bool AttendDits(qsizetype nombre) const {
+    return QTest::qWaitFor([&] { return Dits.size() >= nombre; });
+  }
+
   QStringList Dits;
   std::function<void()> Pendant;
 };
@@ -41,24 +45,61 @@ TEST_F(Garde, FailureOfAButtonIsToldAndTheProgramGoesOn) {
   QTest::mouseClick(&bouton, Qt::LeftButton);
   QTest::mouseClick(&bouton, Qt::LeftButton);
   EXPECT_EQ(clics, 2);
+  AttendDits(2);
   EXPECT_EQ(Dits, (QStringList{QStringLiteral("the store cannot be written"),
                                QStringLiteral("the store cannot be written")}));
 }
 
 TEST_F(Garde, FailureOfATimerIsTold) {
   QTimer::singleShot(0, qApp, [] { throw std::runtime_error("out of luck"); });
-  QTest::qWait(1);
+  AttendDits(1);
   EXPECT_EQ(Dits, QStringList{QStringLiteral("out of luck")});
 }
 
 TEST_F(Garde, FailuresWhileOneIsBeingToldDoNotPileUp) {
-  Pendant = [] {
-    QTimer::singleShot(0, qApp, [] { throw Echec(kAppelIncorrect, QStringLiteral("second")); });
-    QTest::qWait(1);
+  bool deuxieme = false;
+  Pendant = [&] {
+    QTimer::singleShot(0, qApp, [&] {
+      deuxieme = true;
+      throw Echec(kAppelIncorrect, QStringLiteral("second"));
+    });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return deuxieme; }));
   };
   QTimer::singleShot(0, qApp, [] { throw Echec(kAppelIncorrect, QStringLiteral("first")); });
-  QTest::qWait(1);
+  AttendDits(1);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(deuxieme);
   EXPECT_EQ(Dits, QStringList{QStringLiteral("first")});
+}
+
+// Both wait to be told when the box of the first opens; the other would stand on top of it.
+TEST_F(Garde, AFailureThatWaitedWhileAnotherIsToldOpensNoSecondBox) {
+  Pendant = [] { QTest::qWait(20); };
+  struct Objet : QObject {
+    bool event(QEvent*) override { throw Echec(kAppelIncorrect, QStringLiteral("clicked")); }
+  } objet;
+  for (int i = 0; i < 2; ++i) {
+    QEvent evenement(QEvent::User);
+    QCoreApplication::sendEvent(&objet, &evenement);
+  }
+  ASSERT_TRUE(Dits.isEmpty()) << "not inside the event that failed";
+  AttendDits(1);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(Dits, QStringList{QStringLiteral("clicked")});
+}
+
+// A box stands until somebody clicks it away. The timer that failed is the one that watches, perhaps.
+TEST_F(Garde, ATimerThatFailedOnceTicksOnWhileItsFailureStandsInABox) {
+  QTimer minuterie;
+  int tics = 0;
+  QObject::connect(&minuterie, &QTimer::timeout, &minuterie, [&] {
+    if (++tics == 1) throw Echec(kAppelIncorrect, QStringLiteral("one tick"));
+  });
+  bool continue_ = false;
+  Pendant = [&] { continue_ = QTest::qWaitFor([&] { return tics >= 5; }, 3000); };
+  minuterie.start(5);
+  AttendDits(1);
+  EXPECT_TRUE(continue_) << tics;
 }
 
 // For want of memory before all: out of an event handler it would end the program.
@@ -68,10 +109,10 @@ TEST_F(Garde, FailureThatCannotBeToldIsLeftAtThatAndTheNextOneIsToldAgain) {
     if (impossible) throw std::bad_alloc();
   };
   QTimer::singleShot(0, qApp, [] { throw Echec(kAppelIncorrect, QStringLiteral("first")); });
-  QTest::qWait(1);
+  AttendDits(1);
   impossible = false;
   QTimer::singleShot(0, qApp, [] { throw 7; });
-  QTest::qWait(1);
+  AttendDits(2);
   EXPECT_EQ(Dits, (QStringList{QStringLiteral("first"), QStringLiteral("unknown failure")}));
 }
 

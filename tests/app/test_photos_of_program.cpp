@@ -9,15 +9,20 @@ namespace {
 class PhotosDuProgramme : public ProgrammeSurFaux {
  protected:
   /// Armed, with photos, mail and sound on, and somebody who moves in each frame.
-  void ArmeEtBouge() {
-    Systeme.Valeurs = {{"general/retard", "1"}, {"general/seuilauto", "0"},     {"general/seuil", "1000"},
-                       {"general/langue", "1"}, {"PHOTO/actif", "1"},           {"MAIL/actif", "1"},
-                       {"SON/actif", "1"},      {"PHOTO/nombrephoto", "100000"}};
+  void ArmeEtBouge(const QString& arguments = QStringLiteral("/alarm"), bool photos = true) {
+    Systeme.Valeurs.insert(QMap<QString, QString>{{"general/retard", "1"},
+                                                  {"general/seuilauto", "0"},
+                                                  {"general/seuil", "1000"},
+                                                  {"general/langue", "1"},
+                                                  {"PHOTO/actif", photos ? "1" : "0"},
+                                                  {"MAIL/actif", "1"},
+                                                  {"SON/actif", "1"},
+                                                  {"PHOTO/nombrephoto", "100000"}});
     QImage claire(287, 241, QImage::Format_RGB32);
     claire.fill(Qt::blue);
     const QImage sombre = Systeme.Pilote->Image;
     Systeme.Pilote->Suivante = [this, claire, sombre] { return (Paire_ = !Paire_) ? claire : sombre; };
-    Demarre(QStringLiteral("/alarm"));
+    Demarre(arguments);
     Systeme.Temps.Avance(2000);
     Systeme.Recoit(1002, QStringLiteral("HWND:72"));
     Systeme.Recoit(1003, QStringLiteral("HWND:73"));
@@ -57,6 +62,48 @@ TEST_F(PhotosDuProgramme, AFullDiskSilencesTheAlarmForASecondAndNoLonger) {
   Systeme.Ecrivain.Erreur = 0;
   Pendant(1000);
   EXPECT_GE(Pendant(3000).Photos, 90) << "there is room again";
+}
+
+/// Armed, with the live page and the sound on and photos off, and somebody who moves.
+class PageDuProgramme : public PhotosDuProgramme {
+ protected:
+  void ArmeAvecPage() {
+    for (const char* cle : {"ftp", "user", "pass", "html"})
+      Systeme.Valeurs.insert(QStringLiteral("FTP/") + QLatin1String(cle), QStringLiteral("098100102"));
+    Systeme.Valeurs.insert("FTP/refresh", "0.5");
+    ArmeEtBouge(QStringLiteral("/alarm /surve"), false);
+    Systeme.Recoit(1001, QStringLiteral("HWND:71"));
+    Systeme.Recoit(1001, QStringLiteral("ConOK"));
+    Systeme.Notes.Vide();
+  }
+};
+
+// Its connection goes with it; what happens until the next one has one must not be lost to the site.
+TEST_F(PageDuProgramme, PhotosForTheSiteAreKeptWhileItsCompanionIsAway) {
+  ArmeAvecPage();
+  Systeme.Temps.Avance(300);
+  EXPECT_FALSE(Systeme.DepuisVide().filter(QStringLiteral("/Temp/FTP/")).isEmpty());
+  Systeme.Programmes.Finit(QStringLiteral("/opt/v/VAKTORftp"));
+  Systeme.Notes.Vide();
+  Systeme.Temps.Avance(300);
+  EXPECT_FALSE(Systeme.DepuisVide().filter(QStringLiteral("/Temp/FTP/")).isEmpty());
+}
+
+// Each of its frames is due for the page, and the page is written before anything is compared.
+TEST_F(PageDuProgramme, AFullDiskDoesNotMakeACameraOfAFrameASecondDeafAndBlind) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  ArmeAvecPage();
+  pilote.ParArrivee = true;
+  Systeme.Temps.Avance(1000);
+  Systeme.Ecrivain.Erreur = ENOSPC;
+  const auto seconde = [&] {
+    pilote.Arrive();
+    return Pendant(1000).Sons;
+  };
+  EXPECT_EQ(seconde(), 0);
+  seconde();  // looks like the last one that was compared: the one in between was not
+  seconde();  // the copy for the site fails for the first time, and has its second too
+  for (int i = 0; i < 10; ++i) EXPECT_EQ(seconde(), 1) << i;
 }
 
 TEST_F(PhotosDuProgramme, TheRoomOnTheDiskOfThePhotosIsAskedOnceAMinuteWhileArmed) {

@@ -9,11 +9,12 @@ namespace {
 
 class HorlogeFigee : public Horloge {
  public:
-  qint32 CompteTics() const override { return 0; }
+  qint32 CompteTics() const override { return Tics; }
   QDate DonneDate() const override { return {}; }
   QTime DonneHeure() const override { return {}; }
   QString DonneHeureTexte() const override { return Heure; }
   QString Heure = QStringLiteral("09:05:03");
+  qint32 Tics = 0;
 };
 
 struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, SauvegardeParametres, PompeEvenements, Ouvreur {
@@ -28,6 +29,7 @@ struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, Sauvegar
   QImage ImageSurface() const override { return Surface; }
   // EcrivainLive
   void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
+    ++Essais;
     if (EchecEcriture) throw Echec(kAppelIncorrect, QStringLiteral("disque"));
     Journal << QStringLiteral("jpeg %1 %2").arg(fichier).arg(qualite);
     Ecrite = image;
@@ -61,6 +63,7 @@ struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, Sauvegar
   bool CameraPresente = true;
   bool Terminee = false;
   bool EchecEcriture = false;
+  int Essais = 0;
   std::function<void()> PendantPompe;
   QImage Surface{100, 50, QImage::Format_RGB32};
   QImage Ecrite;
@@ -216,6 +219,49 @@ TEST_F(Live, AFrameThatCannotBeWrittenIsNotAnnounced) {
   EXPECT_THROW(Regles.PublieLive(), Echec);
   EXPECT_EQ(Journal.join(u'|'), "timbre 09h05m03");
   EXPECT_TRUE(Etat.LiveActif);
+}
+
+// Out of the analysis of a frame, which it would end: with a slow camera that of each frame, and for ever.
+TEST_F(Live, AnImageThatCannotBeWrittenForASecondIsTriedOnceASecondAndFailsInSilence) {
+  Etat.SurveillanceEnCours = Etat.LiveActif = true;
+  EchecEcriture = true;
+  Temps.Tics = 5000;
+  EXPECT_THROW(Regles.PublieLive(), Echec);
+  Temps.Tics = 5900;
+  EXPECT_THROW(Regles.PublieLive(), Echec);
+  Temps.Tics = 6000;
+  EXPECT_NO_THROW(Regles.PublieLive());
+  Essais = 0;
+  Journal.clear();
+  for (Temps.Tics = 6100; Temps.Tics <= 16'000; Temps.Tics += 100) EXPECT_NO_THROW(Regles.PublieLive());
+  EXPECT_EQ(Essais, 10);
+  EXPECT_TRUE(Journal.filter(QStringLiteral("FTP")).isEmpty()) << "nothing is announced";
+  EchecEcriture = false;
+  Temps.Tics = 17'000;
+  EXPECT_TRUE(Fait(&PublicationLive::PublieLive).endsWith(QStringLiteral("FTP Surve")));
+  EchecEcriture = true;
+  Temps.Tics = 17'500;
+  EXPECT_THROW(Regles.PublieLive(), Echec) << "another failure has its second again";
+}
+
+TEST_F(Live, AFailureDoesNotOutliveTheSwitch) {
+  Etat.SurveillanceEnCours = Etat.LiveActif = true;
+  EchecEcriture = true;
+  EXPECT_THROW(Regles.PublieLive(), Echec);
+  Regles.OublieLive();
+  Temps.Tics = 3'600'000;
+  EXPECT_THROW(Regles.PublieLive(), Echec);
+}
+
+TEST_F(Live, APageThatWaitsForItsCompanionWantsThePhotosOfTheAlarm) {
+  EXPECT_FALSE(Regles.VeutPhotos());
+  Etat.SurveillanceEnCours = Etat.LiveActif = true;
+  EXPECT_TRUE(Regles.VeutPhotos());
+  Regles.PerdCompagnon();
+  EXPECT_FALSE(Regles.LiveActif());
+  EXPECT_TRUE(Regles.VeutPhotos());
+  Regles.OublieLive();
+  EXPECT_FALSE(Regles.VeutPhotos());
 }
 
 TEST_F(Live, StampTexts) {

@@ -5,6 +5,7 @@
 #include <QSignalSpy>
 #include <cmath>
 
+#include "base/failure.h"
 #include "ui/art_images.h"
 #include "ui/page_blend.h"
 #include "ui/window_bench.h"
@@ -142,6 +143,14 @@ TEST(Skins, TickIsOffWhileTheMessagesArePumpedAndOnAfterwards) {
   banc.Fenetre.Options().CombSkin->setCurrentIndex(1);
   EXPECT_FALSE(actif);
   EXPECT_EQ(fond, 1);
+  EXPECT_TRUE(banc.Temps.Trouve(QStringLiteral("Timer1"))->EstActive());
+}
+
+// The camera would go on without anybody looking at its frames.
+TEST(Skins, TickComesAgainAfterARedrawThatFailed) {
+  BancFenetre banc;
+  banc.Pompe.EnAttente = [] { throw Echec(kAppelIncorrect, QStringLiteral("what was let in")); };
+  EXPECT_THROW(banc.Fenetre.Face()->DessinePages(), Echec);
   EXPECT_TRUE(banc.Temps.Trouve(QStringLiteral("Timer1"))->EstActive());
 }
 
