@@ -57,8 +57,9 @@ void Vaktor::CreeMoteur() {
   Photos_ = std::make_unique<EnregistreurPhotos>(
       PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(), Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
                   [this] { return Copies_->SontVoulues(); }, Sante_, [this] { return Copies_->Demande(); }});
-  VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{
-      Reglages_, *Photos_, Minuteries_, Systeme_.Sonde, Sante_, [this] { return Moteur_->Alarme().AlarmeArmee; }});
+  VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{Reglages_, *Photos_, Minuteries_, Systeme_.Sonde,
+                                                                   Systeme_.EssaiPhotos, Systeme_.Pertes, Sante_,
+                                                                   [this] { return Moteur_->Alarme().AlarmeArmee; }});
   Actions_->Relie(*Photos_);
   Camera_.Relie(*Moteur_);
   CreeEveil();

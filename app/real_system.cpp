@@ -70,6 +70,8 @@ PortsSysteme SystemeReel::Ports() {
       .Effaceur = Effaceur_,
       .Arbre = Arbre_,
       .Sonde = Sonde_,
+      .EssaiPhotos = EssaiPhotos_,
+      .Pertes = DisqueBorne_,
       .Sons = Sons_,
       .Programmes = Programmes_,
       .BoitesPubliees = BoitesPubliees_,

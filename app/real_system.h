@@ -17,6 +17,7 @@
 #include "platform/channel/system_processes.h"
 #include "platform/disk/bounded_files.h"
 #include "platform/disk/space_query.h"
+#include "platform/disk/write_trial.h"
 #include "platform/folders/companion_status_reader.h"
 #include "platform/folders/disk_question.h"
 #include "platform/folders/photo_file_eraser.h"
@@ -68,6 +69,7 @@ class SystemeReel {
   EffaceurPhotosSysteme Effaceur_;
   ArbreDossiersSysteme Arbre_;
   SondeEspaceSysteme Sonde_;
+  EssaiEcritureSysteme EssaiPhotos_;
   OuvreurBureau Navigateur_;
   DialogueFichierQt ChoixFichier_;
   LecteurGStreamer LecteurSon_;

@@ -24,11 +24,13 @@
 #include "health/ports/desktop_notifier.h"
 #include "health/ports/mail_drop.h"
 #include "image/jpeg_writer.h"
+#include "image/ports/flush_losses.h"
 #include "image/ports/folder_tree.h"
 #include "image/ports/photo_eraser.h"
 #include "image/ports/photo_names.h"
 #include "image/ports/photo_reader.h"
 #include "image/ports/space_query.h"
+#include "image/ports/write_trial.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
 #include "ui/form_sound.h"
@@ -57,6 +59,8 @@ struct PortsSysteme {
   EffaceurPhotos& Effaceur;
   ArbreDossiers& Arbre;
   SondeEspace& Sonde;
+  EssaiEcriture& EssaiPhotos;
+  PertesVidage& Pertes;
   SonsInterface& Sons;
   Processus& Programmes;
   LecteurBoites& BoitesPubliees;

@@ -1,5 +1,6 @@
 #include "image/photo_recorder.h"
 
+#include <exception>
 #include <utility>
 
 #include "base/numbers.h"
@@ -59,7 +60,7 @@ void EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, 
   const qint32 tic = Ports_.Temps.CompteTics();
   if (!panne.EssaiDu(tic)) return;
   try {
-    Ports_.Ecrivain.EnregistreNouveauJPEG(Ports_.Surface.Image(), dossier + u'/' + nom, qualite);
+    EcritNouvelle(dossier + u'/' + nom, qualite);
   } catch (const Echec& echec) {
     panne.Note(tic, dossier, DitPannePhotos(Ports_.Reglages.LangueCourante, dossier, echec));
     SignalePannes();
@@ -71,8 +72,19 @@ void EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, 
   SignalePannes();
 }
 
+// Want of memory is a failure like any other: told, and for a second only an end of the alarm.
+void EnregistreurPhotos::EcritNouvelle(const QString& fichier, quint8 qualite) {
+  try {
+    Ports_.Ecrivain.EnregistreNouveauJPEG(Ports_.Surface.Image(), fichier, qualite);
+  } catch (const Echec&) {
+    throw;
+  } catch (const std::exception&) {
+    throw EchecJpeg(StatutJpeg::kMemoireEpuisee, 0);
+  }
+}
+
 void EnregistreurPhotos::RevoitConditions(bool alarmeArmee) {
-  RevoitPannes();
+  RevoitPannes(alarmeArmee);
   const Parametres& reglages = Ports_.Reglages;
   // The next photo would not be taken any more. With a limit of 1 that is so before the first.
   const bool atteinte = reglages.PhotoActif && qint64{CompteurPhotos_} + 1 >= reglages.NombrePhotoMax;
@@ -85,21 +97,50 @@ void EnregistreurPhotos::RevoitConditions(bool alarmeArmee) {
 }
 
 // What is not wanted any more, or has another place now, does not fail any more: nobody would ever find out otherwise.
-void EnregistreurPhotos::RevoitPannes() {
+// A loss is another matter: the last photos of an alarm are often flushed when it is disarmed already.
+void EnregistreurPhotos::RevoitPannes(bool alarmeArmee) {
+  const qint32 tic = Ports_.Temps.CompteTics();
   const bool photoFinie =
-      PannePhoto_.Dure() && (!VeutPhoto() || PannePhoto_.Dossier() != Ports_.Reglages.RepertoirePhoto);
-  const bool liveFinie = PanneLive_.Dure() && !Ports_.LiveActif();
+      PannePhoto_.Dure() && (!alarmeArmee || !VeutPhoto() || PannePhoto_.Dossier() != Ports_.Reglages.RepertoirePhoto);
+  const bool liveFinie = PanneLive_.Dure() && (!alarmeArmee || !Ports_.LiveActif());
+  const bool perteFinie = Perte_ && static_cast<quint32>(tic) - static_cast<quint32>(Perte_->Tic) >= kRappelPerte;
   if (photoFinie) PannePhoto_.Oublie();
   if (liveFinie) PanneLive_.Oublie();
-  if (photoFinie || liveFinie) SignalePannes();
+  if (perteFinie) Perte_.reset();
+  if (photoFinie || liveFinie || perteFinie) SignalePannes();
+}
+
+void EnregistreurPhotos::NotePerte(const PerteVidage& perte) {
+  const qint32 tic = Ports_.Temps.CompteTics();
+  Perte_ = Perte{tic, DitPertePhotos(Ports_.Reglages.LangueCourante, perte.Dossier, perte.Erreur)};
+  SignalePannes();
+}
+
+QStringList EnregistreurPhotos::DossiersAEssayer() const {
+  const qint32 tic = Ports_.Temps.CompteTics();
+  QStringList dossiers;
+  for (const PannePhotos* panne : {&PannePhoto_, &PanneLive_}) {
+    if (panne->EssaiManque(tic)) dossiers += panne->Dossier();
+  }
+  return dossiers;
+}
+
+void EnregistreurPhotos::OublieEssayee(const QString& dossier) {
+  const qint32 tic = Ports_.Temps.CompteTics();
+  for (PannePhotos* panne : {&PannePhoto_, &PanneLive_}) {
+    if (panne->EssaiManque(tic) && panne->Dossier() == dossier) panne->Oublie();
+  }
+  SignalePannes();
 }
 
 void EnregistreurPhotos::SignalePannes() {
-  if (!PannePhoto_.Dure() && !PanneLive_.Dure()) {
+  if (PannePhoto_.Dure() || PanneLive_.Dure()) {
+    Ports_.Sante.Signale(Condition::kPhotosImpossibles, (PannePhoto_.Dure() ? PannePhoto_ : PanneLive_).Raison());
+  } else if (Perte_) {
+    Ports_.Sante.Signale(Condition::kPhotosImpossibles, Perte_->Raison);
+  } else {
     Ports_.Sante.Leve(Condition::kPhotosImpossibles);
-    return;
   }
-  Ports_.Sante.Signale(Condition::kPhotosImpossibles, (PannePhoto_.Dure() ? PannePhoto_ : PanneLive_).Raison());
 }
 
 bool EnregistreurPhotos::VerifieEspaceDisque() {

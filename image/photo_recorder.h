@@ -11,6 +11,7 @@
 #include "health/ports/health_report.h"
 #include "image/jpeg_writer.h"
 #include "image/photo_failure.h"
+#include "image/ports/flush_losses.h"
 #include "settings/parameters.h"
 #include "settings/ports/files.h"
 
@@ -45,18 +46,33 @@ class EnregistreurPhotos {
   void EnregistrePhoto();
 
   /// Conditions that end, or begin, without a photo being taken: photos are switched off, another folder is chosen,
-  /// the limit is raised. To be called now and then.
+  /// the limit is raised, nobody watches any more. To be called now and then.
   void RevoitConditions(bool alarmeArmee);
+  /// Photos that were told as written did not reach the disk. Told for kRappelPerte: nothing mends it, and what comes
+  /// after it may be whole.
+  void NotePerte(const PerteVidage& perte);
+  /// Folders (stored form) that have failed, and that no photo has tried for a while.
+  QStringList DossiersAEssayer() const;
+  /// One of them takes files again. Without effect where a photo has failed since.
+  void OublieEssayee(const QString& dossier);
+
+  static constexpr quint32 kRappelPerte = 60'000;  ///< milliseconds
 
   /// True when the free-space warning is due: fewer than 500,000,000 bytes are free. False with no folder chosen. A
   /// query that fails keeps the result of the one before (0 bytes at the start).
   bool VerifieEspaceDisque();
 
  private:
+  struct Perte {
+    qint32 Tic = 0;
+    QString Raison;
+  };
+
   bool VeutPhoto() const;
   QString DossierLive() const;
   void EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite);
-  void RevoitPannes();
+  void EcritNouvelle(const QString& fichier, quint8 qualite);
+  void RevoitPannes(bool alarmeArmee);
   void SignalePannes();
 
   PortsPhotos Ports_;
@@ -64,6 +80,7 @@ class EnregistreurPhotos {
   qint32 CompteurPhotos_ = 0;
   PannePhotos PannePhoto_;            // of the user's copies
   PannePhotos PanneLive_;             // of the copies for the companions
+  std::optional<Perte> Perte_;        // the last, while it is told
   std::optional<qint32> LimiteDite_;  // the limit that is told as reached
   qint64 OctetsLibres_ = 0;
 };

@@ -17,11 +17,16 @@ VeillePhotos::VeillePhotos(const PortsVeillePhotos& ports)
   Minuterie_->Active();
 }
 
-VeillePhotos::~VeillePhotos() { Ports_.Sonde.Oublie(); }
+VeillePhotos::~VeillePhotos() {
+  Ports_.Sonde.Oublie();
+  Ports_.Essai.Oublie();
+}
 
 void VeillePhotos::PasseUneSeconde() {
   const bool armee = Ports_.AlarmeArmee();
+  DitPertes();
   Ports_.Photos.RevoitConditions(armee);
+  EssaieDossiers(armee);
   // With photos off none goes anywhere, and a full disk is no concern of the watch.
   if (!armee || !Ports_.Reglages.PhotoActif || Ports_.Reglages.RepertoirePhoto.isEmpty()) {
     if (Demande_) OublieEspace();
@@ -33,6 +38,24 @@ void VeillePhotos::PasseUneSeconde() {
     DemandeEspace();
   }
   --SecondesAvantDemande_;
+}
+
+void VeillePhotos::DitPertes() {
+  while (const std::optional<PerteVidage> perte = Ports_.Pertes.PrendPerte()) Ports_.Photos.NotePerte(*perte);
+}
+
+// With nobody who moves no photo finds out that the disk takes files again. The first trial is a minute behind the last
+// photo that failed.
+void VeillePhotos::EssaieDossiers(bool armee) {
+  if (SecondesAvantEssai_ > 0) --SecondesAvantEssai_;
+  const QStringList dossiers = armee ? Ports_.Photos.DossiersAEssayer() : QStringList();
+  if (dossiers.isEmpty() || SecondesAvantEssai_ > 0) return;
+  SecondesAvantEssai_ = kPeriodeEssai;
+  for (const QString& dossier : dossiers) {
+    Ports_.Essai.Essaie(dossier, [this, dossier](bool reussi) {
+      if (reussi) Ports_.Photos.OublieEssayee(dossier);
+    });
+  }
 }
 
 void VeillePhotos::DemandeEspace() {

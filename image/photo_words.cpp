@@ -58,4 +58,10 @@ QString DitPannePhotos(qint32 langue, const QString& dossier, const Echec& echec
   return Choisit(langue, "%1 : %2", "%1: %2").arg(DitDossier(dossier), DitRaison(langue, echec));
 }
 
+QString DitPertePhotos(qint32 langue, const QString& dossier, int erreur) {
+  return Choisit(langue, "%1 : les dernières photos n'ont pas atteint le disque, %2",
+                 "%1: the last photos did not reach the disk, %2")
+      .arg(DitDossier(dossier), DitErreur(langue, erreur));
+}
+
 }  // namespace vaktor

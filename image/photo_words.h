@@ -9,6 +9,8 @@ namespace vaktor {
 
 /// "/home/anna/photos: the disk is full". The folder comes in its stored form.
 QString DitPannePhotos(qint32 langue, const QString& dossier, const Echec& echec);
+/// The same of photos that were written and then lost on their way to the disk, with the system's error number.
+QString DitPertePhotos(qint32 langue, const QString& dossier, int erreur);
 /// A folder of its stored form as people read it.
 QString DitDossier(const QString& dossier);
 

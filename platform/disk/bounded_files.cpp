@@ -59,7 +59,8 @@ int FichiersBornes::EcritNouveauFichier(const QString& chemin, QByteArrayView co
 
 int FichiersBornes::Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcriture::Maniere maniere) {
   const QByteArray nom = QFile::encodeName(CheminNatif(chemin));
-  const QByteArray dossier = nom.first(std::max<qsizetype>(nom.lastIndexOf('/'), 0));
+  // A photo of the root lies in "/", which is flushed like any other folder.
+  const QByteArray dossier = nom.first(std::max<qsizetype>(nom.lastIndexOf('/'), nom.startsWith('/') ? 1 : 0));
   const Duree patience = Patience();  // before the lane is there: its own silence is no reason to wait less
   return Voie(dossier).Ecrit(nom, contenu, maniere, patience);
 }
@@ -68,15 +69,38 @@ int FichiersBornes::Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcr
 // nothing to do. One whose disk does not answer has to stay, or the next photo would wait for that disk anew.
 VoieEcriture& FichiersBornes::Voie(const QByteArray& dossier) {
   if (const auto voie = Voies_.constFind(dossier); voie != Voies_.cend()) return **voie;
-  if (Voies_.size() >= kVoiesAuPlus) {
-    Voies_.removeIf([](const auto& voie) {
-      if (!voie.value()->EstLibre()) return false;
-      voie.value()->DemandeFin();
-      voie.value()->AttendFin(Horloge::now());  // its last flush is not waited for
-      return true;
-    });
-  }
+  if (Voies_.size() >= kVoiesAuPlus) RetireVoiesLibres();
   return *Voies_.insert(dossier, std::make_shared<VoieEcriture>(dossier)).value();
+}
+
+void FichiersBornes::RetireVoiesLibres() {
+  Voies_.removeIf([this](const auto& voie) {
+    if (!voie.value()->EstLibre()) return false;
+    // Its last flush is not waited for, but told when it fails.
+    if (const auto disque = voie.value()->DonneVidage()) Restes_.push_back({voie.key(), disque});
+    voie.value()->DemandeFin();
+    voie.value()->AttendFin(Horloge::now());
+    return true;
+  });
+}
+
+std::optional<PerteVidage> FichiersBornes::PrendPerte() {
+  const auto prend = [](const QByteArray& dossier, Vidage& disque) -> std::optional<PerteVidage> {
+    const int erreur = disque.PrendErreur();
+    if (erreur == 0) return std::nullopt;
+    return PerteVidage{QFile::decodeName(dossier), erreur};
+  };
+  for (auto voie = Voies_.cbegin(); voie != Voies_.cend(); ++voie) {
+    const auto disque = voie.value()->DonneVidage();
+    if (!disque) continue;
+    if (const auto perte = prend(voie.key(), *disque)) return perte;
+  }
+  for (auto reste = Restes_.begin(); reste != Restes_.end();) {
+    const bool finie = reste->Disque->EstFinie();  // asked before: the last error may still come otherwise
+    if (const auto perte = prend(reste->Dossier, *reste->Disque)) return perte;
+    reste = finie ? Restes_.erase(reste) : std::next(reste);
+  }
+  return std::nullopt;
 }
 
 }  // namespace vaktor

@@ -3,8 +3,10 @@
 
 #include <QHash>
 #include <functional>
+#include <list>
 #include <memory>
 
+#include "image/ports/flush_losses.h"
 #include "platform/base/system_files.h"
 #include "platform/disk/write_lane.h"
 #include "platform/folders/bounded_work.h"
@@ -15,7 +17,7 @@ namespace vaktor {
 /// that a frame with all its copies, or a start with all its questions, is not held for two seconds. What is asked runs
 /// on threads that own what they use and are left behind when they hang, also at the end of the program.
 /// One thread, the user-interface thread.
-class FichiersBornes : public Fichiers {
+class FichiersBornes : public Fichiers, public PertesVidage {
  public:
   using Duree = std::chrono::milliseconds;
   static constexpr Duree kPatience{700};
@@ -38,6 +40,8 @@ class FichiersBornes : public Fichiers {
   /// Each folder has a thread of its own (VoieEcriture). ETIMEDOUT for a disk that does not answer.
   int EcritFichier(const QString& chemin, QByteArrayView contenu) override;
   int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) override;
+  /// Of EcritNouveauFichier; the other files are not flushed.
+  std::optional<PerteVidage> PrendPerte() override;
 
   /// The result of `travail`, which must own everything it uses; nothing when it has not come in time.
   template <typename Resultat>
@@ -48,13 +52,20 @@ class FichiersBornes : public Fichiers {
   }
 
  private:
+  /// What a folder has written that is not written to any more.
+  struct Reste {
+    QByteArray Dossier;
+    std::shared_ptr<Vidage> Disque;
+  };
   Duree Patience() const;
+  void RetireVoiesLibres();
   VoieEcriture& Voie(const QByteArray& dossier);
   int Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcriture::Maniere maniere);
 
   mutable TravauxBornes Travaux_;
   mutable std::optional<std::chrono::steady_clock::time_point> DernierSilence_;  // of a question
   QHash<QByteArray, std::shared_ptr<VoieEcriture>> Voies_;                       // by folder
+  std::list<Reste> Restes_;
 };
 
 }  // namespace vaktor

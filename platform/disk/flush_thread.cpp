@@ -14,9 +14,12 @@ namespace {
 /// is left out here goes to the disk when the system finds the time.
 constexpr std::size_t kAttenteAuPlus = 1000;
 
-/// What says that data were lost. A file system that cannot flush at all says something else, and is left in peace; a
-/// file that is gone, because the user deleted it, needs no flush.
-bool EstPerte(int erreur) { return erreur == EIO || erreur == ENOSPC || erreur == EDQUOT; }
+/// Whether data may be lost: whatever is not known to be harmless. A file system that cannot flush at all is left in
+/// peace, and so is a file or folder that this user may write and not read. EROFS is no such excuse: the photo has just
+/// been written, so the disk has failed since and become one that can only be read.
+bool EstPerte(int erreur) {
+  return erreur != 0 && erreur != EINVAL && erreur != ENOSYS && erreur != EOPNOTSUPP && erreur != EACCES;
+}
 
 /// Opened again for the flush, and for reading only: whoever waits for a photo to be closed is not told so twice.
 int VideChemin(const QByteArray& nom, int maniere, int (*vide)(int)) {
@@ -57,6 +60,11 @@ bool Vidage::AttendFin(std::chrono::steady_clock::time_point echeance) {
   return Change_.wait_until(garde, echeance, [this] { return Finie_; });
 }
 
+bool Vidage::EstFinie() {
+  const std::lock_guard garde(Verrou_);
+  return Finie_;
+}
+
 void Vidage::Boucle() {
   try {
     std::vector<QByteArray> lot;
@@ -81,9 +89,17 @@ bool Vidage::PrendLot(std::vector<QByteArray>& lot) {
 }
 
 void Vidage::Vide(const std::vector<QByteArray>& lot) {
-  for (const QByteArray& nom : lot) NoteErreur(VideChemin(nom, 0, ::fdatasync));
+  bool partis = false;
+  for (const QByteArray& nom : lot) {
+    const int erreur = VideChemin(nom, 0, ::fdatasync);
+    partis = partis || erreur == ENOENT;
+    if (erreur != ENOENT) NoteErreur(erreur);
+  }
   // The names: without them the photos are on the disk and cannot be found there.
-  NoteErreur(VideChemin(Dossier_, O_DIRECTORY, ::fsync));
+  const int erreur = VideChemin(Dossier_, O_DIRECTORY, ::fsync);
+  // A photo that is gone was deleted by the user, unless its folder is gone too, with its volume for instance.
+  if (partis && EstPerte(erreur)) NoteErreur(ENOENT);
+  NoteErreur(erreur);
 }
 
 void Vidage::NoteErreur(int erreur) {

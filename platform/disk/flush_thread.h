@@ -23,8 +23,11 @@ class Vidage : public std::enable_shared_from_this<Vidage> {
 
   /// A file of the folder that is written and closed. Any thread.
   void Ajoute(const QByteArray& nom);
-  /// The error number of a flush that failed since the last call, 0 for none. Any thread.
+  /// The error number of a flush since the last call that did not bring everything to the disk, 0 for none. Waits for
+  /// no disk. Any thread.
   int PrendErreur();
+  /// The thread has ended: no error comes any more. Any thread.
+  bool EstFinie();
   /// No file comes any more; what waits is flushed and the thread ends.
   void Termine();
   /// Whether the thread has ended before `echeance`.

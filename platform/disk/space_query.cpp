@@ -7,17 +7,24 @@
 
 namespace vaktor {
 
+SondeEspaceSysteme::SondeEspaceSysteme()
+    : SondeEspaceSysteme([](const QString& dossier) { return FichiersSysteme().EspaceLibre(dossier); }) {}
+
+// A question is under way as long as its thread. One that has ended without an answer, because there was no memory to
+// bring it here, must not be waited for: it is asked again.
 void SondeEspaceSysteme::DemandeEspace(const QString& dossier, Recoit recoit) {
-  if (Recoit_ && dossier == Dossier_) return;
-  Dossier_ = dossier;
-  Recoit_ = std::move(recoit);
+  if (!Recoit_ || dossier != Dossier_) {
+    Dossier_ = dossier;
+    Recoit_ = std::move(recoit);
+  }
   // Forgotten and asked again: the answer that is still to come is as good.
-  if (SansReponse_.contains(dossier)) return;
-  SansReponse_.insert(dossier);
-  const bool lance = Travaux_.Lance([this, dossier, relais = Relais_] {
+  if (EstEnRoute(dossier)) return;
+  const auto fil = std::make_shared<int>();
+  Fils_.insert(dossier, fil);
+  const bool lance = Travaux_.Lance([this, fil, dossier, question = Question_, relais = Relais_] {
     std::optional<qint64> libres;
     try {
-      libres = FichiersSysteme().EspaceLibre(dossier);
+      libres = question(dossier);
     } catch (const std::exception&) {
       // Want of memory: it cannot be told this time, and is asked again.
     }
@@ -31,7 +38,6 @@ void SondeEspaceSysteme::DemandeEspace(const QString& dossier, Recoit recoit) {
 void SondeEspaceSysteme::Oublie() { Recoit_ = {}; }
 
 void SondeEspaceSysteme::Rend(const QString& dossier, std::optional<qint64> libres) {
-  SansReponse_.remove(dossier);
   if (dossier != Dossier_) return;
   if (const Recoit recoit = std::exchange(Recoit_, {})) recoit(libres);
 }

@@ -1,7 +1,8 @@
 // The room of a disk, asked on a thread of its own.
 #pragma once
 
-#include <QSet>
+#include <QHash>
+#include <functional>
 #include <memory>
 
 #include "image/ports/space_query.h"
@@ -13,7 +14,11 @@ namespace vaktor {
 /// User-interface thread, with a QCoreApplication.
 class SondeEspaceSysteme : public SondeEspace {
  public:
-  SondeEspaceSysteme() = default;
+  /// Runs on a thread; what it throws is no answer.
+  using Question = std::function<std::optional<qint64>(const QString& dossier)>;
+
+  SondeEspaceSysteme();
+  explicit SondeEspaceSysteme(Question question) : Question_(std::move(question)) {}
   ~SondeEspaceSysteme() override { Relais_->Coupe(); }
   SondeEspaceSysteme(const SondeEspaceSysteme&) = delete;
   SondeEspaceSysteme& operator=(const SondeEspaceSysteme&) = delete;
@@ -22,12 +27,14 @@ class SondeEspaceSysteme : public SondeEspace {
   void Oublie() override;
 
  private:
+  bool EstEnRoute(const QString& dossier) const { return !Fils_.value(dossier).expired(); }
   void Rend(const QString& dossier, std::optional<qint64> libres);
 
+  const Question Question_;
   std::shared_ptr<RelaisBoucle> Relais_ = std::make_shared<RelaisBoucle>();
   TravauxBornes Travaux_;
-  QSet<QString> SansReponse_;  // folders whose disk has been asked and has not answered
-  QString Dossier_;            // of the question that somebody waits for
+  QHash<QString, std::weak_ptr<int>> Fils_;  // by folder: lives as long as the thread that asks its disk
+  QString Dossier_;                          // of the question that somebody waits for
   Recoit Recoit_;
 };
 

@@ -61,8 +61,6 @@ void VoieEcriture::Etat::EcritUn() {
     }
     Resultat = CreeFichier(Nom, contenu);
     Cree = Resultat == 0;
-    // As the system does it: that an earlier file did not reach the disk is told at the next occasion.
-    if (Cree) Resultat = Disque->PrendErreur();
   } catch (const std::exception&) {
     Resultat = ENOMEM;  // one photo that fails, and not the program
   }
@@ -152,6 +150,8 @@ int VoieEcriture::Ecrit(const QByteArray& nom, QByteArrayView contenu, Maniere m
   if (!attend([&etat, commande] { return etat.Rendue == commande; })) return ETIMEDOUT;
   return etat.Resultat;
 }
+
+std::shared_ptr<Vidage> VoieEcriture::DonneVidage() const { return Etat_ ? Etat_->Disque : nullptr; }
 
 bool VoieEcriture::EstMuette() const {
   if (!Etat_) return false;

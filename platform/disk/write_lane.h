@@ -38,6 +38,8 @@ class VoieEcriture {
   bool EstMuette() const;
   /// Nothing is being written.
   bool EstLibre() const;
+  /// Who flushes what is written here, also after this lane has gone; nobody before the first file.
+  std::shared_ptr<Vidage> DonneVidage() const;
   /// Nothing is written any more; what is written is flushed.
   void DemandeFin();
   /// Waits for that until `echeance` at the most. A thread that hangs is left behind: it ends with its disk or with the

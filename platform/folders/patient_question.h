@@ -91,7 +91,7 @@ class QuestionPatiente {
 
   void Demarre(Travail travail) {
     std::promise<void> fini;
-    Fil fil{.Thread = {}, .Fini = fini.get_future()};
+    std::future<void> finie = fini.get_future();
     auto surLeFil = [this, relais = Relais_, question = EnCours_, sansMoyens = SansMoyens_,
                      travail = std::move(travail), fini = std::move(fini)]() mutable {
       // Out of the thread an exception would end the whole program, which is there to watch. Where even the news of it
@@ -107,13 +107,14 @@ class QuestionPatiente {
       question.reset();
       fini.set_value_at_thread_exit();
     };
+    // Its place comes before it: a thread that runs and for which no memory is left would end the program.
+    Fil& fil = Fils_.emplace_back(Fil{.Thread = {}, .Fini = std::move(finie)});
     try {
       fil.Thread = std::thread(std::move(surLeFil));
     } catch (const std::exception&) {
+      Fils_.pop_back();
       Relais_->Poste([this, question = EnCours_] { Livre(question, SansMoyens_); });
-      return;
     }
-    Fils_.push_back(std::move(fil));
   }
 
   template <typename Suite>

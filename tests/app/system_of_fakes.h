@@ -11,6 +11,7 @@
 #include "fakes/fake_companion_status.h"
 #include "fakes/fake_desktop_notifier.h"
 #include "fakes/fake_event_pump.h"
+#include "fakes/fake_flush_losses.h"
 #include "fakes/fake_folder_tree.h"
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_mail_drop.h"
@@ -20,6 +21,7 @@
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
 #include "fakes/fake_space_query.h"
+#include "fakes/fake_write_trial.h"
 #include "fakes/journal.h"
 #include "fakes/virtual_timers.h"
 
@@ -315,6 +317,8 @@ struct SystemeFaux {
             .Effaceur = Effaceur,
             .Arbre = Arbre,
             .Sonde = Sonde,
+            .EssaiPhotos = EssaiPhotos,
+            .Pertes = Pertes,
             .Sons = Sons,
             .Programmes = Programmes,
             .BoitesPubliees = BoitesPubliees,
@@ -359,6 +363,8 @@ struct SystemeFaux {
   faux::EffaceurFaux Effaceur{Photos, TempsEffaceur};
   faux::ArbreFaux Arbre;
   faux::SondeEspaceFausse Sonde;
+  faux::EssaiEcritureFaux EssaiPhotos;
+  faux::PertesFausses Pertes;
   ProcessusNote Programmes{Notes};
   BoitesLues BoitesPubliees{Valeurs};
   MesureurMuet Mesureur;

@@ -3,6 +3,7 @@
 
 #include <QList>
 #include <QMap>
+#include <new>
 
 #include "base/failure.h"
 #include "image/jpeg_writer.h"
@@ -20,6 +21,7 @@ class FauxEcrivainJpeg : public EcrivainJpeg {
   QList<Appel> Appels;   ///< in order, those that failed included
   int EchecsAVenir = 0;  ///< so many calls from now on fail, with the status below
   int StatutDesEchecs = 7;
+  bool SansMemoire = false;       ///< each call finds no memory
   QMap<QString, int> ErreursPar;  ///< folders in which every call fails, with the system's error number
 
   void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
@@ -32,6 +34,7 @@ class FauxEcrivainJpeg : public EcrivainJpeg {
  private:
   void Note(const Appel& appel) {
     Appels += appel;
+    if (SansMemoire) throw std::bad_alloc();
     if (ErreursPar.contains(appel.Fichier.section(u'/', 0, -2))) {
       const int erreur = ErreursPar.value(appel.Fichier.section(u'/', 0, -2));
       throw EchecJpeg(EcrivainJpegFichier::StatutEcriture(erreur), erreur);

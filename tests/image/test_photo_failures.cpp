@@ -208,6 +208,16 @@ TEST_F(PhotoFailures, APictureThatCannotBeEncodedIsToldAsSuch) {
   EXPECT_EQ(Raison(), kPhotos + QStringLiteral(": there is not enough memory"));
 }
 
+TEST_F(PhotoFailures, WantOfMemoryIsToldAndSilencesTheAlarmForASecondAndNoLonger) {
+  Ecrivain.SansMemoire = true;
+  EXPECT_EQ(Bouge(1020), 0);
+  EXPECT_EQ(Bouge(3000), 100);
+  EXPECT_EQ(Raison(), kPhotos + QStringLiteral(": there is not enough memory"));
+  Ecrivain.SansMemoire = false;
+  Bouge(1020);
+  EXPECT_FALSE(Impossibles());
+}
+
 TEST_F(PhotoFailures, TheReasonOfTheUsersCopyComesFirstAndThatOfTheOtherStays) {
   Live = true;
   Ecrivain.ErreursPar[kPhotos] = ENOSPC;

@@ -1,10 +1,14 @@
 // The place of the photos while armed, in virtual time.
 #include <gtest/gtest.h>
 
+#include <cerrno>
+
 #include "fakes/fake_files.h"
+#include "fakes/fake_flush_losses.h"
 #include "fakes/fake_health_report.h"
 #include "fakes/fake_jpeg_writer.h"
 #include "fakes/fake_space_query.h"
+#include "fakes/fake_write_trial.h"
 #include "fakes/virtual_clock.h"
 #include "fakes/virtual_timers.h"
 #include "image/photo_watch.h"
@@ -23,6 +27,7 @@ class PhotoWatch : public testing::Test {
     Photos.FixeDateJour();
   }
   bool PeuDePlace() const { return Sante.Dure(Condition::kPeuDePlace); }
+  bool Impossibles() const { return Sante.Dure(Condition::kPhotosImpossibles); }
   bool Limite() const { return Sante.Dure(Condition::kLimitePhotos); }
   /// Arms and lets the first answer come.
   void ArmeAvec(qint64 libres) {
@@ -40,9 +45,14 @@ class PhotoWatch : public testing::Test {
   FauxFichiers Disque;
   faux::SanteFausse Sante;
   faux::SondeEspaceFausse Sonde;
+  faux::EssaiEcritureFaux Essai;
+  faux::PertesFausses Pertes;
   bool Armee = false;
-  EnregistreurPhotos Photos{{Reglages, Dossiers, Surface, Horloge, Ecrivain, Disque, [] { return false; }, Sante}};
-  VeillePhotos Veille{{Reglages, Photos, Temps, Sonde, Sante, [this] { return Armee; }}};
+  bool Live = false;
+  bool Bienvenue = true;
+  EnregistreurPhotos Photos{{Reglages, Dossiers, Surface, Horloge, Ecrivain, Disque, [this] { return Live; }, Sante,
+                             [this] { return Bienvenue; }}};
+  VeillePhotos Veille{{Reglages, Photos, Temps, Sonde, Essai, Pertes, Sante, [this] { return Armee; }}};
 };
 
 TEST_F(PhotoWatch, AsksNothingWhileNotArmed) {
@@ -162,6 +172,7 @@ TEST_F(PhotoWatch, ALimitThatLetsNoPhotoThroughIsToldBeforeTheFirstAlarmButOnlyW
 }
 
 TEST_F(PhotoWatch, PhotosThatFailedAndAreSwitchedOffDoNotFailAnyMore) {
+  Armee = true;
   Ecrivain.EchecsAVenir = 1;
   EXPECT_THROW(Photos.EnregistrePhoto(), Echec);
   ASSERT_TRUE(Sante.Dure(Condition::kPhotosImpossibles));
@@ -173,11 +184,108 @@ TEST_F(PhotoWatch, PhotosThatFailedAndAreSwitchedOffDoNotFailAnyMore) {
 }
 
 TEST_F(PhotoWatch, AnotherFolderHasNotFailedYet) {
+  Armee = true;
   Ecrivain.EchecsAVenir = 1;
   EXPECT_THROW(Photos.EnregistrePhoto(), Echec);
   Reglages.RepertoirePhoto = QStringLiteral("/media/grand");
   Temps.Avance(1000);
   EXPECT_FALSE(Sante.Dure(Condition::kPhotosImpossibles));
+}
+
+TEST_F(PhotoWatch, DisarmedPhotosDoNotFailAnyMore) {
+  Armee = true;
+  Ecrivain.EchecsAVenir = 1;
+  EXPECT_THROW(Photos.EnregistrePhoto(), Echec);
+  Temps.Avance(5000);
+  ASSERT_TRUE(Impossibles());
+  Armee = false;
+  Temps.Avance(1000);
+  EXPECT_FALSE(Impossibles());
+  Temps.Avance(600'000);
+  EXPECT_TRUE(Essai.Essayes.isEmpty());
+}
+
+TEST_F(PhotoWatch, AFolderThatFailedIsTriedOnceAMinuteWhileNobodyMovesUntilItTakesFilesAgain) {
+  Armee = true;
+  Ecrivain.EchecsAVenir = 1;
+  EXPECT_THROW(Photos.EnregistrePhoto(), Echec);
+  Temps.Avance(59'000);
+  EXPECT_TRUE(Essai.Essayes.isEmpty());
+  Temps.Avance(1000);
+  ASSERT_EQ(Essai.Essayes, QStringList{Reglages.RepertoirePhoto});
+  Essai.Repond(Reglages.RepertoirePhoto, false);
+  Temps.Avance(59'000);
+  EXPECT_EQ(Essai.Essayes.size(), 1);
+  EXPECT_TRUE(Impossibles());
+  Temps.Avance(1000);
+  ASSERT_EQ(Essai.Essayes.size(), 2);
+  Essai.Repond(Reglages.RepertoirePhoto, true);
+  EXPECT_FALSE(Impossibles());
+  Temps.Avance(600'000);
+  EXPECT_EQ(Essai.Essayes.size(), 2);
+}
+
+TEST_F(PhotoWatch, WhilePhotosThemselvesTryTheFolderNothingElseDoesAndTheirFailureIsNewerThanATrial) {
+  Armee = true;
+  Ecrivain.EchecsAVenir = 1000;
+  for (int i = 0; i < 12; ++i) {
+    try {
+      Photos.EnregistrePhoto();
+    } catch (const Echec&) {
+    }
+    Temps.Avance(30'000);
+  }
+  EXPECT_TRUE(Essai.Essayes.isEmpty());
+  Temps.Avance(60'000);
+  ASSERT_EQ(Essai.Essayes.size(), 1);
+  Photos.EnregistrePhoto();
+  Essai.Repond(Reglages.RepertoirePhoto, true);
+  EXPECT_TRUE(Impossibles()) << "a photo has failed since it was asked";
+}
+
+TEST_F(PhotoWatch, CopiesThatFailedAndAreNotWelcomeAnyMoreAreTriedToo) {
+  Armee = Live = true;
+  Reglages.PhotoActif = false;
+  const QString copies = QStringLiteral("/home/anna/donnees/Temp/FTP");
+  Ecrivain.EchecsAVenir = 1;
+  EXPECT_THROW(Photos.EnregistrePhoto(), Echec);
+  Bienvenue = false;
+  for (int i = 0; i < 60; ++i) {
+    Photos.EnregistrePhoto();
+    Temps.Avance(1000);
+  }
+  ASSERT_TRUE(Impossibles());
+  ASSERT_EQ(Essai.Essayes, QStringList{copies});
+  Essai.Repond(copies, true);
+  EXPECT_FALSE(Impossibles());
+}
+
+TEST_F(PhotoWatch, PhotosThatDidNotReachTheDiskAreToldAlsoWhenDisarmedAndForAMinute) {
+  Photos.EnregistrePhoto();
+  Temps.Avance(3000);
+  Pertes.AVenir = {{QStringLiteral("/media/a"), EIO}, {QStringLiteral("/home/anna/photos"), ENOSPC}};
+  Reglages.LangueCourante = 1;
+  Temps.Avance(1000);
+  ASSERT_TRUE(Impossibles());
+  EXPECT_EQ(Sante.Details.value(Condition::kPhotosImpossibles),
+            QStringLiteral("/home/anna/photos: the last photos did not reach the disk, the disk is full"));
+  EXPECT_TRUE(Pertes.AVenir.isEmpty());
+  Photos.EnregistrePhoto();
+  Temps.Avance(59'000);
+  EXPECT_TRUE(Impossibles()) << "a photo that succeeds brings none of them back";
+  Temps.Avance(1000);
+  EXPECT_FALSE(Impossibles());
+}
+
+TEST_F(PhotoWatch, ALossThatIsToldDoesNotHoldUpThePhotos) {
+  Armee = true;
+  for (int i = 0; i < 50; ++i) {
+    Pertes.AVenir = {{Reglages.RepertoirePhoto, EIO}};
+    Temps.Avance(1000);
+    EXPECT_NO_THROW(Photos.EnregistrePhoto());
+  }
+  EXPECT_EQ(Ecrivain.Appels.size(), 50);
+  EXPECT_EQ(Sante.Debuts.value(Condition::kPhotosImpossibles), 1);
 }
 
 }  // namespace

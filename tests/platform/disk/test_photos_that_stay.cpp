@@ -23,6 +23,13 @@ class PhotosThatStay : public SurDisqueVolatil {
     QFile fichier(Chemin("/") + nom);
     return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
   }
+  /// Of all that was lost this is told, before long.
+  static void ExigePerte(FichiersBornes& fichiers, const QString& dossier, int erreur) {
+    std::optional<PerteVidage> perte;
+    ASSERT_TRUE(essai::AttendQue([&] { return (perte = fichiers.PrendPerte()).has_value(); }));
+    EXPECT_EQ(perte->Dossier, dossier);
+    EXPECT_EQ(perte->Erreur, erreur);
+  }
 };
 
 TEST_F(PhotosThatStay, ThisDiskLosesWhatWasNotFlushed) {
@@ -91,18 +98,48 @@ TEST_F(PhotosThatStay, TheEndOfTheProgramFlushesTheLastOnes) {
   for (const char* nom : {"a.jpg", "b.jpg", "c.jpg"}) EXPECT_EQ(Lit(QString::fromUtf8(nom)), "photo") << nom;
 }
 
-TEST_F(PhotosThatStay, APhotoThatDidNotReachTheDiskIsToldWithTheNext) {
+TEST_F(PhotosThatStay, APhotoThatDidNotReachTheDiskIsToldAlsoWhenNoneFollows) {
+  FichiersBornes fichiers;
+  EXPECT_EQ(fichiers.PrendPerte(), std::nullopt);
+  ASSERT_TRUE(Disque->RefuseDeVider());
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("\\a.jpg"), "photo"), 0) << "the system took it";
+  ExigePerte(fichiers, Chemin(), EIO);
+  EXPECT_EQ(fichiers.PrendPerte(), std::nullopt) << "once";
+  EXPECT_EQ(fichiers.EcritNouveauFichier(Chemin("/b.jpg"), "photo"), 0) << "this one is whole all the same";
+}
+
+TEST_F(PhotosThatStay, ALossIsAskedForWithoutWaitingForTheDisk) {
+  FichiersBornes fichiers;
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
+  ASSERT_TRUE(Disque->SeTait());
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/b.jpg"), "photo"), ETIMEDOUT);
+  QElapsedTimer temps;
+  temps.start();
+  for (int i = 0; i < 1000; ++i) fichiers.PrendPerte();
+  EXPECT_LT(temps.elapsed(), 2000);
+}
+
+TEST_F(PhotosThatStay, ALossIsToldAlsoOfAFolderThatIsNotWrittenToAnyMore) {
   FichiersBornes fichiers;
   ASSERT_TRUE(Disque->RefuseDeVider());
-  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0) << "the system took it";
-  int rang = 0;
-  int erreur = 0;
-  EXPECT_TRUE(essai::AttendQue([&] {
-    erreur = fichiers.EcritNouveauFichier(Chemin("/b%1.jpg").arg(++rang), "photo");
-    return erreur != 0;
-  }));
-  EXPECT_EQ(erreur, EIO);
-  EXPECT_EQ(Lit(QStringLiteral("b%1.jpg").arg(rang)), "photo") << "this one is whole all the same";
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
+  for (int i = 0; i < 12; ++i) {
+    const QString dossier = Ailleurs() + QStringLiteral("/d%1").arg(i);
+    ASSERT_TRUE(QDir().mkdir(dossier));
+    ASSERT_EQ(fichiers.EcritNouveauFichier(dossier + QStringLiteral("/a.jpg"), "photo"), 0);
+  }
+  ExigePerte(fichiers, Chemin(), EIO);
+}
+
+TEST_F(PhotosThatStay, PhotosThatWentWithTheirFolderAreLost) {
+  FichiersBornes fichiers;
+  const QString dossier = Ailleurs() + QStringLiteral("/parti");
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  ASSERT_EQ(fichiers.EcritNouveauFichier(dossier + QStringLiteral("/a.jpg"), "photo"), 0);
+  QThread::msleep(300);
+  ASSERT_EQ(fichiers.EcritNouveauFichier(dossier + QStringLiteral("/b.jpg"), "photo"), 0) << "flushed a second later";
+  ASSERT_TRUE(QDir(dossier).removeRecursively());
+  ExigePerte(fichiers, dossier, ENOENT);
 }
 
 TEST_F(PhotosThatStay, APhotoThatIsDeletedAtOnceIsNoFailure) {
@@ -113,7 +150,7 @@ TEST_F(PhotosThatStay, APhotoThatIsDeletedAtOnceIsNoFailure) {
     ASSERT_TRUE(fichiers.Supprime(nom));
   }
   QThread::msleep(1500);
-  EXPECT_EQ(fichiers.EcritNouveauFichier(Chemin("/derniere.jpg"), "photo"), 0);
+  EXPECT_EQ(fichiers.PrendPerte(), std::nullopt);
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The room of a disk, asked without waiting for it.
 #include <QElapsedTimer>
+#include <atomic>
 
 #include "platform/disk/space_query.h"
 #include "support/event_wait.h"
@@ -49,6 +50,20 @@ TEST_F(SpaceQuery, ASilentDiskHoldsNobodyGathersNothingAndAnswersOnceInTheEnd) {
   ASSERT_TRUE(AttendRecu(1));
   QCoreApplication::processEvents();
   EXPECT_EQ(Recus.size(), 1);
+}
+
+TEST_F(SpaceQuery, AThreadThatEndsWithoutAnAnswerIsNotWaitedForForEver) {
+  std::atomic<int> demandes = 0;
+  SondeEspaceSysteme sonde([&demandes](const QString&) -> std::optional<qint64> {
+    if (++demandes == 1) throw 0;  // as want of memory for bringing the answer would do
+    return 7;
+  });
+  std::optional<qint64> recu;
+  ASSERT_TRUE(essai::AttendQue([&] {
+    sonde.DemandeEspace(Chemin(), [&recu](std::optional<qint64> libres) { recu = libres; });
+    return recu.has_value();
+  }));
+  EXPECT_EQ(recu, 7);
 }
 
 TEST_F(SpaceQuery, AnotherDiskIsAskedWhileOneIsSilent) {

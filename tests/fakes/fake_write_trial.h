@@ -1,0 +1,29 @@
+// Trials of writing, kept until a test answers them.
+#pragma once
+
+#include <QMap>
+#include <QStringList>
+
+#include "image/ports/write_trial.h"
+
+namespace vaktor::faux {
+
+class EssaiEcritureFaux : public EssaiEcriture {
+ public:
+  QStringList Essayes;  ///< folders, in order
+
+  void Essaie(const QString& dossier, Recoit recoit) override {
+    Essayes += dossier;
+    if (!EnAttente_.contains(dossier)) EnAttente_.insert(dossier, std::move(recoit));
+  }
+  void Oublie() override { EnAttente_.clear(); }
+  /// The disk answers; nothing happens where nobody waits.
+  void Repond(const QString& dossier, bool reussi) {
+    if (const Recoit recoit = EnAttente_.take(dossier)) recoit(reussi);
+  }
+
+ private:
+  QMap<QString, Recoit> EnAttente_;
+};
+
+}  // namespace vaktor::faux
