@@ -7,22 +7,24 @@
 #include <exception>
 #include <mutex>
 #include <optional>
+#include <utility>
 
 namespace vaktor {
 
 namespace {
 constexpr std::chrono::milliseconds kPatienceFin(1500);
-}
+constexpr std::chrono::milliseconds kReprise(100);  // between two tries to bring an end that there was no memory for
+}  // namespace
+
+struct OuvrierThread::Demande {
+  TravailFtp Travail;
+  SurEtape Etape;
+  SurFin Fin;
+  quint64 Epoque = 0;
+};
 
 /// What both threads see. The worker holds it as well, so that it outlives whoever ends first.
 struct OuvrierThread::Partage {
-  struct Demande {
-    TravailFtp Travail;
-    SurEtape Etape;
-    SurFin Fin;
-    quint64 Epoque = 0;
-  };
-
   std::mutex Verrou;
   std::condition_variable Reveil;
   std::optional<Demande> Suivante;
@@ -32,7 +34,8 @@ struct OuvrierThread::Partage {
   QObject* Recepteur = nullptr;     // of the event loop; null once the owner is gone
   std::atomic<quint64> Epoque = 1;  // what was started under an older one says nothing more
 
-  /// From the worker: calls `suite` on the event loop, unless the job has been cut meanwhile.
+  /// From the worker: calls `suite` on the event loop, unless the job has been cut meanwhile. Throws for want of
+  /// memory.
   void Poste(const std::shared_ptr<Partage>& moi, quint64 epoque, std::function<void()> suite) {
     const std::lock_guard garde(Verrou);
     if (Recepteur == nullptr) return;
@@ -43,18 +46,31 @@ struct OuvrierThread::Partage {
         },
         Qt::QueuedConnection);
   }
+  /// The same for the end of the job, which must arrive: without it nothing is ever sent again.
+  void PosteFin(const std::shared_ptr<Partage>& moi, const Demande& demande, const ResultatFtp& resultat) {
+    for (;;) {
+      try {
+        Poste(moi, demande.Epoque, [fin = demande.Fin, resultat] { fin(resultat); });
+        return;
+      } catch (const std::exception&) {
+        std::unique_lock garde(Verrou);
+        if (Reveil.wait_for(garde, kReprise, [&] { return Fin || Epoque.load() != demande.Epoque; })) return;
+      }
+    }
+  }
 };
 
 namespace {
 
 // Out of the thread an exception, want of memory before all, would end the program. It is a job that failed, and what
-// it left of the connection is not used again.
-ResultatFtp ExecuteOuEchoue(ClientFtp& client, const TravailFtp& travail, const OuvrierFtp::SurEtape& etape,
-                            std::function<bool()> arret) {
+// it left of the connection is not used again. The client is made with its first job for the same reason.
+ResultatFtp ExecuteOuEchoue(std::optional<ClientFtp>& client, const OptionsClient& options, const TravailFtp& travail,
+                            const OuvrierFtp::SurEtape& etape, const std::function<bool()>& arret) {
   try {
-    return client.Execute(travail, etape, std::move(arret));
+    if (!client) client.emplace(options);
+    return client->Execute(travail, etape, arret);
   } catch (const std::exception& erreur) {
-    client.Ferme();
+    client.reset();
     return {IssueFtp::kPasDeConnexion, QString::fromLocal8Bit(erreur.what())};
   }
 }
@@ -84,7 +100,7 @@ OuvrierThread::~OuvrierThread() {
 
 void OuvrierThread::Lance(const TravailFtp& travail, SurEtape etape, SurFin fin) {
   const std::lock_guard garde(Partage_->Verrou);
-  Partage_->Suivante = Partage::Demande{travail, std::move(etape), std::move(fin), Partage_->Epoque.load()};
+  Partage_->Suivante = Demande{travail, std::move(etape), std::move(fin), Partage_->Epoque.load()};
   Partage_->Reveil.notify_all();
 }
 
@@ -96,25 +112,34 @@ void OuvrierThread::Coupe() {
   Partage_->Reveil.notify_all();
 }
 
+void OuvrierThread::Execute(const std::shared_ptr<Partage>& partage, std::optional<ClientFtp>& client,
+                            const OptionsClient& options, const Demande& demande) {
+  const quint64 epoque = demande.Epoque;
+  ResultatFtp resultat;
+  try {
+    const OuvrierFtp::SurEtape etape = [&](EtapeFtp quelle) {
+      if (demande.Etape) partage->Poste(partage, epoque, [suite = demande.Etape, quelle] { suite(quelle); });
+    };
+    resultat =
+        ExecuteOuEchoue(client, options, demande.Travail, etape, [&] { return partage->Epoque.load() != epoque; });
+  } catch (const std::exception&) {
+    resultat.Issue = IssueFtp::kPasDeConnexion;  // not even the words of the failure found memory
+  }
+  partage->PosteFin(partage, demande, resultat);
+}
+
 void OuvrierThread::Tourne(const std::shared_ptr<Partage>& partage, const OptionsClient& options) {
   {
-    ClientFtp client(options);
+    std::optional<ClientFtp> client;
     for (;;) {
       std::unique_lock garde(partage->Verrou);
       partage->Reveil.wait(garde, [&] { return partage->Fin || partage->AFermer || partage->Suivante; });
       if (partage->Fin) break;
       const bool ferme = std::exchange(partage->AFermer, false);
-      const std::optional<Partage::Demande> demande = std::exchange(partage->Suivante, std::nullopt);
+      const std::optional<Demande> demande = std::exchange(partage->Suivante, std::nullopt);
       garde.unlock();
-      if (ferme) client.Ferme();
-      if (!demande) continue;
-      const quint64 epoque = demande->Epoque;
-      const SurEtape etape = [&](EtapeFtp quelle) {
-        if (demande->Etape) partage->Poste(partage, epoque, [suite = demande->Etape, quelle] { suite(quelle); });
-      };
-      const ResultatFtp resultat =
-          ExecuteOuEchoue(client, demande->Travail, etape, [&] { return partage->Epoque.load() != epoque; });
-      partage->Poste(partage, epoque, [fin = demande->Fin, resultat] { fin(resultat); });
+      if (ferme && client) client->Ferme();
+      if (demande) Execute(partage, client, options, *demande);
     }
   }
   const std::lock_guard garde(partage->Verrou);

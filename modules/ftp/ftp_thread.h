@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <thread>
 
 #include "modules/ftp/ftp_client.h"
@@ -10,7 +11,8 @@
 namespace vaktor {
 
 /// Made and used on the thread of the event loop. Its end waits a moment for a running job; a job that hangs in the
-/// system's name look-up, which nothing can interrupt, is left behind, and touches nothing of ours any more.
+/// system's name look-up, which nothing can interrupt, is left behind, and touches nothing of ours any more. Want of
+/// memory on the thread is a job that failed; its end is told as soon as there is some again.
 class OuvrierThread : public OuvrierFtp {
  public:
   explicit OuvrierThread(OptionsClient options = {});
@@ -23,6 +25,9 @@ class OuvrierThread : public OuvrierFtp {
 
  private:
   struct Partage;
+  struct Demande;
+  static void Execute(const std::shared_ptr<Partage>& partage, std::optional<ClientFtp>& client,
+                      const OptionsClient& options, const Demande& demande);
   static void Tourne(const std::shared_ptr<Partage>& partage, const OptionsClient& options);
 
   std::shared_ptr<Partage> Partage_;

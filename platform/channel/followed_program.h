@@ -9,11 +9,14 @@
 namespace vaktor {
 
 /// The system itself tells the end, through a descriptor in the event loop: nothing is asked in between, and nobody has
-/// to be the parent.
+/// to be the parent. Where the system gives no such descriptor (none is left, it does not know them, it forbids them)
+/// the number is looked at once a second.
 class ProgrammeSuiviSysteme : public ProgrammeSuivi {
  public:
+  static constexpr int kRegard = 1000;  ///< milliseconds between two looks at one that is known by its number alone
+
   /// `pid` was started a moment ago. One that has ended already is told like any other.
-  ProgrammeSuiviSysteme(qint32 pid, std::function<void()> fini);
+  ProgrammeSuiviSysteme(qint32 pid, std::function<void()> fini, PrisePid::Ouvreur ouvre = PrisePid::OuvrePid);
   ~ProgrammeSuiviSysteme() override;
   ProgrammeSuiviSysteme(const ProgrammeSuiviSysteme&) = delete;
   ProgrammeSuiviSysteme& operator=(const ProgrammeSuiviSysteme&) = delete;
@@ -24,7 +27,10 @@ class ProgrammeSuiviSysteme : public ProgrammeSuivi {
  private:
   class Guetteur;
 
+  void Envoie(int signal) noexcept;
+
   PrisePid Prise_;
+  PidSansPrise SansPrise_;  // in its place where that is neither open nor gone
   Guetteur* Guetteur_;
 };
 

@@ -3,6 +3,8 @@
 #include <QTimerEvent>
 #include <algorithm>
 #include <chrono>
+#include <cstdio>
+#include <exception>
 
 namespace vaktor {
 
@@ -17,9 +19,11 @@ EmetteurLocal::EmetteurLocal(const DossierCanal& dossier, std::function<qint64()
 EmetteurLocal::~EmetteurLocal() = default;
 
 EmetteurLocal::Destinataire& EmetteurLocal::DonneDestinataire(qint32 poignee) {
-  std::unique_ptr<Destinataire>& destinataire = Destinataires_[poignee];
-  if (!destinataire) destinataire = std::make_unique<Destinataire>(Dossier_, poignee);
-  return *destinataire;
+  const auto connu = Destinataires_.find(poignee);
+  if (connu != Destinataires_.end()) return *connu->second;
+  // Made before its place: one without it would stay where there is no memory for it.
+  auto nouveau = std::make_unique<Destinataire>(Dossier_, poignee);
+  return *Destinataires_.emplace(poignee, std::move(nouveau)).first->second;
 }
 
 // One command at a time is on its way: what the kernel has cannot be taken back, folded or let go stale.
@@ -27,7 +31,16 @@ bool EmetteurLocal::PeutPartir(Destinataire& vers, Genre genre) {
   return genre == Genre::kMot || genre == Genre::kDerniere || !vers.Socket.ANonLus();
 }
 
+// Told on the terminal alone: the channel knows nobody else, and whoever posts goes on with what matters more.
 void EmetteurLocal::Poste(qint32 poignee, const QByteArray& message, Genre genre) noexcept {
+  try {
+    PosteOuEchoue(poignee, message, genre);
+  } catch (const std::exception& echec) {
+    std::fprintf(stderr, "Vaktor: a message to %d is lost: %s\n", poignee, echec.what());
+  }
+}
+
+void EmetteurLocal::PosteOuEchoue(qint32 poignee, const QByteArray& message, Genre genre) {
   if (poignee <= 0 || message.size() > kMessageMax) return;
   Destinataire& vers = DonneDestinataire(poignee);
   RetirePerimes(vers.File);

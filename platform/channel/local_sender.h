@@ -30,7 +30,7 @@ class EmetteurLocal : public QObject {
   EmetteurLocal& operator=(const EmetteurLocal&) = delete;
 
   /// A word: it goes as soon as the box has room, behind those before it. Never blocks, never fails. A message above
-  /// kMessageMax bytes is dropped.
+  /// kMessageMax bytes is dropped, and one for which there is no memory.
   void Poste(qint32 poignee, const QByteArray& message) noexcept { Poste(poignee, message, Genre::kMot); }
   /// A command: it goes when the one before it was taken, so that the kernel never keeps old commands for a reader that
   /// stands still. One that is equal to the last that waits is that one, posted now.
@@ -72,6 +72,8 @@ class EmetteurLocal : public QObject {
   using Issue = SocketEmission::Issue;
 
   void Poste(qint32 poignee, const QByteArray& message, Genre genre) noexcept;
+  /// Throws for want of memory; what waits already stays as it was.
+  void PosteOuEchoue(qint32 poignee, const QByteArray& message, Genre genre);
   Destinataire& DonneDestinataire(qint32 poignee);
   static bool PeutPartir(Destinataire& vers, Genre genre);
   void Range(Destinataire& chez, const QByteArray& message, Genre genre) const;

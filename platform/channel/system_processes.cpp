@@ -8,7 +8,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
-#include <cerrno>
 #include <optional>
 
 #include "companions/contract/command_words.h"
@@ -82,7 +81,7 @@ QList<ProcessusVu> ProcessusSysteme::PrendInstantane() const {
 bool ProcessusSysteme::TermineProcessus(const ProcessusVu& vu) {
   if (vu.Pid <= 1 || vu.Pid == ::getpid()) return false;
   const PrisePid processus(vu.Pid);
-  if (!processus.Ouverte()) return errno == ESRCH;
+  if (!processus.Ouverte()) return processus.EstPartie();
   // The hold is on whoever has the number now; only if that is still the same program is it the one meant. Else the one
   // meant has ended by itself.
   if (LitProcessus(vu.Pid) != vu) return true;

@@ -5,9 +5,11 @@
 #include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <cerrno>
 
 #include "companions/contract/command_words.h"
 #include "platform/channel/followed_program.h"
@@ -303,6 +305,75 @@ TEST_F(Suivi, TheWordOfTheEndMayTakeTheObjectAway) {
   ASSERT_TRUE(programme);
   EXPECT_TRUE(AttendQue([this] { return Fins == 1; }));
   EXPECT_FALSE(programme);
+}
+
+/// No descriptor left, a system that does not know them or forbids them: it says nothing of the program.
+struct SansPrise : Suivi {
+  std::unique_ptr<ProgrammeSuivi> SuitSans(int erreur) {
+    static int pourquoi = 0;
+    pourquoi = erreur;
+    return std::make_unique<ProgrammeSuiviSysteme>(
+        AttendPid(), [this] { ++Fins; },
+        [](qint32) {
+          errno = pourquoi;
+          return -1;
+        });
+  }
+  static void Laisse(int millisecondes) {
+    QElapsedTimer temps;
+    temps.start();
+    AttendQue([&] { return temps.elapsed() >= millisecondes; });
+  }
+};
+
+TEST_F(SansPrise, OneThatRunsHasNotEndedAndItsEndIsToldOnce) {
+  for (const int erreur : {EMFILE, ENOSYS, EPERM}) {
+    QFile::remove(Temporaire.filePath("pid"));
+    Fins = 0;
+    Lance("while :; do sleep 0.05; done\n").reset();
+    const auto programme = SuitSans(erreur);
+    Laisse(ProgrammeSuiviSysteme::kRegard * 3 / 2);
+    EXPECT_EQ(Fins, 0) << erreur;
+    ASSERT_EQ(::kill(AttendPid(), SIGKILL), 0);
+    EXPECT_TRUE(AttendQue([this] { return Fins > 0; })) << erreur;
+    Laisse(ProgrammeSuiviSysteme::kRegard * 3 / 2);
+    EXPECT_EQ(Fins, 1) << erreur;
+  }
+}
+
+TEST_F(SansPrise, ItHearsTheRequestAndIsEndedByForce) {
+  for (const bool force : {false, true}) {
+    QFile::remove(Temporaire.filePath("pid"));
+    Fins = 0;
+    Lance(force ? "while :; do sleep 0.05; done\n" : "kill -STOP $$\nwhile :; do sleep 0.05; done\n",
+          force ? "trap '' TERM" : "")
+        .reset();
+    const auto programme = SuitSans(EMFILE);
+    programme->DemandeFin();
+    if (force) {
+      Laisse(ProgrammeSuiviSysteme::kRegard * 3 / 2);
+      EXPECT_EQ(Fins, 0);
+      programme->Tue();
+    }
+    EXPECT_TRUE(AttendQue([this] { return Fins == 1; })) << force;
+  }
+}
+
+// Neither a stray signal to somebody else nor a companion that is waited for in the life of another program.
+TEST(PidSansPrise, ANumberThatSomebodyElseHasNowIsNeitherFollowedNorHit) {
+  PidSansPrise moi(::getpid());
+  EXPECT_FALSE(moi.AFini());
+  PidSansPrise ancien(::getpid(), "1");
+  EXPECT_TRUE(ancien.AFini());
+  ancien.Envoie(SIGKILL);
+}
+
+TEST(PidSansPrise, OneThatHasEndedAndWasNotFetchedByItsParentHasEnded) {
+  const pid_t pid = ::fork();
+  if (pid == 0) ::_exit(0);
+  PidSansPrise sien(pid);
+  EXPECT_TRUE(AttendQue([&sien] { return sien.AFini(); }));
+  ::waitpid(pid, nullptr, 0);
 }
 
 TEST_F(Suivi, OnlyOneThatIsStartedAgainFindsThatInItsEnvironment) {

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QTemporaryDir>
+#include <new>
 
 #include "platform/channel/local_channel.h"
 #include "platform/channel/socket_address.h"
@@ -70,6 +71,24 @@ TEST_F(Attente, AnIntrusionThatGoesOnCountsFromItsLastFrame) {
   Intru();
   Maintenant += kDureeInstant;
   EXPECT_EQ(ToutLit(), QList<QByteArray>({"65", "66"}));
+}
+
+// A clock that fails stands for the memory that the place in the row would have needed.
+TEST_F(Attente, ACommandThatFindsNoMemoryIsLostAloneAndTheProgramGoesOn) {
+  bool plein = false;
+  EmetteurLocal emetteur(Dossier, [&plein]() -> qint64 {
+    if (plein) throw std::bad_alloc();
+    return 0;
+  });
+  const auto poste = [&](const char* code) { emetteur.PosteCommande(Poignee, code, Tenue::kGardee); };
+  poste("65");  // taken by the kernel, not by the companion
+  poste("69");
+  plein = true;
+  poste("71");
+  plein = false;
+  poste("66");
+  EXPECT_TRUE(AttendQue([&] { return !emetteur.Attend(Poignee); }));
+  EXPECT_EQ(Recus, QList<QByteArray>({"65", "69", "66"}));
 }
 
 TEST_F(Attente, TheKernelKeepsNoMoreThanOneCommandForAReaderThatStandsStill) {
