@@ -3,8 +3,8 @@
 #include <cstdio>
 
 #include "app/way_out.h"
-#include "ui/own_words.h"
-#include "ui/page_actions.h"
+#include "ui/shown/own_words.h"
+#include "ui/window/grey_button_clicks.h"
 
 namespace vaktor {
 

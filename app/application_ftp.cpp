@@ -3,7 +3,7 @@
 
 #include "app/application.h"
 #include "companions/live_rehearsal.h"
-#include "ui/window_placement.h"
+#include "ui/window/window_placement.h"
 
 namespace vaktor {
 

@@ -2,7 +2,7 @@
 #include <QScreen>
 
 #include "app/application.h"
-#include "ui/window_placement.h"
+#include "ui/window/window_placement.h"
 
 namespace vaktor {
 

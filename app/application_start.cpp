@@ -3,8 +3,8 @@
 
 #include "app/application.h"
 #include "base/failure.h"
-#include "ui/own_words.h"
-#include "ui/window_placement.h"
+#include "ui/shown/own_words.h"
+#include "ui/window/window_placement.h"
 
 namespace vaktor {
 

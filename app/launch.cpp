@@ -14,7 +14,7 @@
 #include "base/failure.h"
 #include "platform/base/end_signals.h"
 #include "platform/base/program_folders.h"
-#include "ui/art_images.h"
+#include "ui/face/art_images.h"
 
 namespace vaktor {
 

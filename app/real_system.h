@@ -33,7 +33,7 @@
 #include "platform/widgets/desktop_opener.h"
 #include "platform/widgets/qt_file_dialog.h"
 #include "platform/widgets/qt_message_boxes.h"
-#include "ui/sounds.h"
+#include "ui/sound/sounds.h"
 
 namespace vaktor {
 

@@ -33,8 +33,8 @@
 #include "image/ports/write_trial.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
-#include "ui/form_sound.h"
-#include "ui/links.h"
+#include "ui/sound/form_sound.h"
+#include "ui/window/web_links.h"
 
 namespace vaktor {
 

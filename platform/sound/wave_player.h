@@ -4,7 +4,7 @@
 #include <functional>
 #include <memory>
 
-#include "ui/ports/sound_player.h"
+#include "ui/sound/ports/sound_player.h"
 
 namespace vaktor {
 

@@ -8,8 +8,8 @@
 #include <QTest>
 
 #include "app/program_fixture.h"
-#include "ui/frm_sante.h"
-#include "ui/health_sign.h"
+#include "ui/controls/health_sign.h"
+#include "ui/window/health_form.h"
 
 // What a screen reader is told, in order: the control and its name at that moment.
 static QStringList& Alertes() {

@@ -1,6 +1,6 @@
 // The program looks whether what its companions send arrives, and its health hears of it.
 #include "app/program_fixture.h"
-#include "ui/health_sign.h"
+#include "ui/controls/health_sign.h"
 
 namespace vaktor::essai {
 namespace {

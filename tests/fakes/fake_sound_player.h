@@ -4,7 +4,7 @@
 
 #include "base/ports/file_dialog.h"
 #include "base/ports/opener.h"
-#include "ui/ports/sound_player.h"
+#include "ui/sound/ports/sound_player.h"
 
 namespace vaktor::faux {
 

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "ui/art_images.h"
+#include "ui/face/art_images.h"
 #include "ui/window_bench.h"
 
 namespace vaktor {

@@ -4,7 +4,7 @@
 #include <QRandomGenerator>
 
 #include "engine/live_interval.h"
-#include "ui/field_rules.h"
+#include "ui/fields/field_rules.h"
 
 namespace vaktor {
 namespace {

@@ -4,7 +4,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 
-#include "ui/field_text.h"
+#include "ui/fields/field_events.h"
 #include "ui/window_bench.h"
 
 namespace vaktor {

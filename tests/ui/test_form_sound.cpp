@@ -6,7 +6,7 @@
 #include "fakes/fake_files.h"
 #include "fakes/fake_saving.h"
 #include "fakes/fake_sound_player.h"
-#include "ui/form_sound.h"
+#include "ui/sound/form_sound.h"
 
 namespace vaktor {
 namespace {

@@ -3,7 +3,7 @@
 
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_sound_player.h"
-#include "ui/links.h"
+#include "ui/window/web_links.h"
 
 namespace vaktor {
 namespace {

@@ -6,8 +6,8 @@
 #include <cmath>
 
 #include "base/failure.h"
-#include "ui/art_images.h"
-#include "ui/page_blend.h"
+#include "ui/face/art_images.h"
+#include "ui/face/page_blend.h"
 #include "ui/window_bench.h"
 
 namespace vaktor {

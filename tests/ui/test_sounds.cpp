@@ -3,7 +3,7 @@
 
 #include "fakes/fake_files.h"
 #include "fakes/fake_sound_player.h"
-#include "ui/sounds.h"
+#include "ui/sound/sounds.h"
 
 namespace vaktor {
 namespace {

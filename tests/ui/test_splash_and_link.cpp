@@ -3,8 +3,8 @@
 
 #include <QTest>
 
-#include "ui/form_splash.h"
-#include "ui/link_view.h"
+#include "ui/shown/companion_link_view.h"
+#include "ui/splash/form_splash.h"
 #include "window_bench.h"
 
 namespace vaktor {

@@ -18,10 +18,10 @@
 #include "fakes/virtual_timers.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/webcam_pecran.h"
-#include "ui/form1.h"
-#include "ui/parameter_view.h"
-#include "ui/surveillance_view.h"
-#include "ui/text_loader.h"
+#include "ui/shown/parameter_view.h"
+#include "ui/shown/surveillance_view.h"
+#include "ui/shown/text_loader.h"
+#include "ui/window/main_window.h"
 
 namespace vaktor::faux {
 

@@ -1,0 +1,167 @@
+#include "ui/controls/face_button.h"
+
+#include <QCoreApplication>
+#include <QCursor>
+#include <QFocusEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QScopedValueRollback>
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kDernierMuet = 2;         // Bouton(0) to (2) make no sound when released
+constexpr int kRangeeCameraMarche = 7;  // second face set of Bouton(0)
+constexpr qint32 kSonClic = 4;
+
+int LitIndex(const QString& nom) {
+  const auto debut = nom.indexOf(QLatin1Char('(')) + 1;
+  return nom.mid(debut, nom.indexOf(QLatin1Char(')')) - debut).toInt();
+}
+
+}  // namespace
+
+BoutonImage::BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille)
+    : BoutonImage(parent, nom, place, famille, LitIndex(nom)) {}
+
+BoutonImage::BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille, int rangee)
+    : QAbstractButton(parent), Famille_(famille), Index_(rangee) {
+  setObjectName(nom);
+  setGeometry(QRect(place, kTaille));
+  setFocusPolicy(Qt::StrongFocus);
+  setMouseTracking(true);
+}
+
+void BoutonImage::Engage(bool engage) {
+  // The caption of the camera's button says what a click will do: "on" beside it would say the contrary.
+  if (Famille_ != FamilleBouton::kBleue || Index_ == 0) return;
+  const QScopedValueRollback<bool> annonce(Annonce_, true);
+  setCheckable(true);
+  setChecked(engage);
+}
+
+// A screen reader does not click what can be checked, it toggles it: that is to be a click like any other, and the mark
+// stays what the rules make it. Later, so that the reader is not kept waiting by what the click does.
+void BoutonImage::checkStateSet() {
+  if (Annonce_) return;
+  Engage(!isChecked());
+  QMetaObject::invokeMethod(
+      this, [this] { click(); }, Qt::QueuedConnection);
+}
+
+void BoutonImage::ChangeLibelle(const QString& libelle) {
+  setText(libelle);
+  setAccessibleName(libelle);
+}
+
+void BoutonImage::Relie(const LiensBouton& liens) { Liens_ = std::make_unique<LiensBouton>(liens); }
+
+void BoutonImage::Delie() {
+  Retient(false);
+  Liens_.reset();
+}
+
+const FaceBouton& BoutonImage::Rangee(int i) const {
+  return Famille_ == FamilleBouton::kBleue ? Liens_->Faces.FacesBouton(i) : Liens_->Faces.FacesBoutonGris(i);
+}
+
+int BoutonImage::RangeeCourante() const {
+  const bool camera = Famille_ == FamilleBouton::kBleue && Index_ == 0 && Liens_->CameraActive();
+  return camera ? kRangeeCameraMarche : Index_;
+}
+
+void BoutonImage::MontreRepos() {
+  if (Liens_) MontreFace(Rangee(Index_).FaceRepos);
+}
+
+void BoutonImage::MontreFace(const QImage& face) {
+  // Asked for at each move of the mouse: the same face again costs no repaint.
+  if (face.cacheKey() == Face_.cacheKey()) return;
+  Face_ = face;
+  update();
+}
+
+// Any mouse button shows the press, always with the button's own row: with the camera running Bouton(0) briefly reads
+// as if it were off.
+void BoutonImage::mousePressEvent(QMouseEvent* evenement) {
+  if (Liens_ && Famille_ == FamilleBouton::kBleue) MontreFace(Rangee(Index_).FaceEnfoncee);
+  QAbstractButton::mousePressEvent(evenement);
+}
+
+// The press lasts to the next move only, also with the mouse button still held.
+void BoutonImage::mouseMoveEvent(QMouseEvent* evenement) {
+  SuitPointeur(evenement->position().toPoint());
+  QAbstractButton::mouseMoveEvent(evenement);
+}
+
+// True while the pointer counts as inside. The right and the lower edge are one pixel further out than the button.
+bool BoutonImage::SuitPointeur(const QPoint& position) {
+  if (!Liens_) return false;
+  const FaceBouton& face = Rangee(RangeeCourante());
+  const bool dehors = position.x() < 0 || position.y() < 0 || position.x() > width() || position.y() > height();
+  MontreFace(dehors ? face.FaceRepos : face.FaceSurvol);
+  if (!dehors) Liens_->Survole(Index_);
+  return !dehors;
+}
+
+void BoutonImage::leaveEvent(QEvent* evenement) {
+  QAbstractButton::leaveEvent(evenement);
+  Retient(SuitPointeur(mapFromGlobal(QCursor::pos())));
+}
+
+// On the margin the button keeps the mouse, as far as its look goes: it watches the moves of the other controls.
+void BoutonImage::Retient(bool retient) {
+  if (retient == Retient_) return;
+  Retient_ = retient;
+  if (retient) {
+    QCoreApplication::instance()->installEventFilter(this);
+  } else {
+    QCoreApplication::instance()->removeEventFilter(this);
+  }
+}
+
+bool BoutonImage::eventFilter(QObject* objet, QEvent* evenement) {
+  if (!objet->isWidgetType() || objet == this) return false;
+  if (evenement->type() == QEvent::MouseMove) {
+    Retient(SuitPointeur(mapFromGlobal(static_cast<QMouseEvent*>(evenement)->globalPosition().toPoint())));
+    return Retient_;
+  }
+  if (objet == window() && (evenement->type() == QEvent::Leave || evenement->type() == QEvent::WindowDeactivate)) {
+    Retient(false);
+    MontreFace(Rangee(RangeeCourante()).FaceRepos);
+  }
+  return false;
+}
+
+// The sound comes before the click, and also when the mouse is released beside the button.
+void BoutonImage::mouseReleaseEvent(QMouseEvent* evenement) {
+  if (Liens_ && (Famille_ == FamilleBouton::kGrise || Index_ > kDernierMuet)) Liens_->Sons.JoueSon(kSonClic);
+  QAbstractButton::mouseReleaseEvent(evenement);
+}
+
+void BoutonImage::keyPressEvent(QKeyEvent* evenement) {
+  const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
+  if (!entree) {
+    QAbstractButton::keyPressEvent(evenement);
+    return;
+  }
+  // A held key must not switch the camera on and off many times a second.
+  if (!evenement->isAutoRepeat()) click();
+}
+
+void BoutonImage::focusInEvent(QFocusEvent* evenement) {
+  if (evenement->reason() != Qt::ActiveWindowFocusReason) FocusMontre_ = evenement->reason() != Qt::MouseFocusReason;
+  QAbstractButton::focusInEvent(evenement);
+}
+
+void BoutonImage::paintEvent(QPaintEvent*) {
+  QPainter peintre(this);
+  peintre.drawImage(QPointF(0, 0), Face_);
+  if (!hasFocus() || !FocusMontre_) return;
+  peintre.setPen(QPen(QColor(0x30, 0x30, 0x30), 1, Qt::DotLine));
+  peintre.drawRect(rect().adjusted(2, 2, -3, -3));
+}
+
+}  // namespace vaktor

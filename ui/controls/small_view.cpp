@@ -1,0 +1,50 @@
+#include "ui/controls/small_view.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace vaktor {
+
+VueReduite::VueReduite(QWidget* parent, const QString& nom, const QRect& place) : QWidget(parent) {
+  setObjectName(nom);
+  setGeometry(place);
+  setAttribute(Qt::WA_OpaquePaintEvent);
+}
+
+void VueReduite::Noircit() {
+  if (Pixels_ == nullptr && !Zoome()) return;
+  Pixels_ = nullptr;
+  Zoom_ = {};
+  update();
+}
+
+void VueReduite::MontreImage(const QImage& image) {
+  Pixels_ = &image;
+  Zoom_ = {};
+  update();
+}
+
+void VueReduite::MontreZoom(const SurfaceImage& surface, const QRect& source) {
+  if (source.width() == 0 || source.height() == 0) return;
+  Pixels_ = nullptr;
+  Zoom_.Prend(surface);
+  Source_ = source;
+  update();
+}
+
+void VueReduite::paintEvent(QPaintEvent*) {
+  QPainter peintre(this);
+  if (Pixels_ != nullptr) {
+    peintre.drawImage(QPointF(0, 0), *Pixels_);
+  } else if (Zoome()) {
+    EtireSurface(peintre, QRectF(rect()), Zoom_, Source_);
+  } else {
+    peintre.fillRect(rect(), Qt::black);
+  }
+}
+
+void VueReduite::mousePressEvent(QMouseEvent* evenement) {
+  if (evenement->button() == Qt::RightButton) Q_EMIT DroitAppuye(evenement->position().toPoint());
+}
+
+}  // namespace vaktor

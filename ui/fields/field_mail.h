@@ -1,0 +1,32 @@
+// The fields of the mail page: they clean their texts at every change and save when they are left.
+#pragma once
+
+#include "ui/fields/field_ports.h"
+#include "ui/pages/page_mail.h"
+
+namespace vaktor {
+
+/// Owner: Form1. User-interface thread. A save that fails throws Echec out of the event, to the guard of the event
+/// loop.
+class ChampsMail : public QObject {
+  Q_OBJECT
+
+ public:
+  ChampsMail(const PortsChamps& ports, PageMail& page);
+
+  /// No address was found: the prompt Texte(189), in red, takes the place of the address until a click or a key.
+  void DemandeAdresse();
+
+ private:
+  void BrancheChamps();
+  void SuitTxtNbrPhoto();
+  void SuitTextNbrMail();
+  void SuitTextEMail();
+  void RetireDemande();
+  void Quitte() const { Ports_.Sauvegarde.SauveParametres(); }
+
+  PortsChamps Ports_;
+  PageMail& Page_;
+};
+
+}  // namespace vaktor

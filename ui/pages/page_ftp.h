@@ -1,0 +1,40 @@
+// PictPage(2), the live page: where the picture is published and how.
+#pragma once
+
+#include <QComboBox>
+#include <QLineEdit>
+
+#include "ui/controls/face_button.h"
+#include "ui/pages/page.h"
+
+namespace vaktor {
+
+/// Owner: Form1. User-interface thread.
+class PageFtp : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  static constexpr int kNombreQualites = 4;
+  static constexpr int kNombreCouleurs = 7;
+
+  explicit PageFtp(QWidget* fenetre);
+
+  QLineEdit* TxtFtp;
+  QLineEdit* TxtHtml;
+  QLineEdit* TxtFTPracine;
+  QLineEdit* TxtUserName;
+  QLineEdit* TxtPass;
+  QComboBox* CombQualit;   ///< kNombreQualites items, worded by the text loader
+  QComboBox* CombCouleur;  ///< kNombreCouleurs items, worded and selected by the text loader
+  QLineEdit* TxtRefresh;
+  QLineEdit* TextNbrPhotoFTP;
+  BoutonImage* BoutonGris2;     ///< BoutonGris(2), create and send the page
+  BoutonImage* BoutonGris3;     ///< BoutonGris(3), open the page
+  BoutonImage* BoutonEssaiFtp;  ///< tries what stands in the fields
+
+ private:
+  void CreeChampsServeur();
+  void CreeListes();
+};
+
+}  // namespace vaktor

@@ -1,0 +1,27 @@
+// PictPage(0), the mail page: words and counts of the alarm mails.
+#pragma once
+
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+#include "ui/controls/face_button.h"
+#include "ui/pages/page.h"
+
+namespace vaktor {
+
+/// Owner: Form1. User-interface thread.
+class PageMail : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  explicit PageMail(QWidget* fenetre);
+
+  QLineEdit* TxtNbrPhoto;
+  QLineEdit* TextNbrMail;
+  QLineEdit* TextEMail;
+  QLineEdit* TextSujet;
+  QPlainTextEdit* TextTexte;
+  BoutonImage* BoutonGris8;  ///< BoutonGris(8), SMTP settings
+};
+
+}  // namespace vaktor

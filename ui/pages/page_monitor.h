@@ -1,0 +1,58 @@
+// PictPage(1), the surveillance page: the small view, the switches of the alarm, its delay, the counters.
+#pragma once
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+
+#include "image/forms/visible_work.h"
+#include "ui/controls/control_factory.h"
+#include "ui/controls/face_button.h"
+#include "ui/controls/small_view.h"
+#include "ui/pages/page.h"
+
+namespace vaktor {
+
+/// Owner: Form1. User-interface thread.
+class PageMoniteur : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  explicit PageMoniteur(QWidget* fenetre);
+
+  /// Length of the last whole cycle and changed samples; written when somebody can see them.
+  void MontreCompteurs(qint32 millisecondes, qint32 points);
+  void ChangeTitreMenu(const QString& titre) { TitreMenu_ = titre; }
+  /// Ticks one of the two entries of the display menu and unticks the other.
+  void CocheMode(bool zoom);
+
+  VueReduite* Picture2;
+  CaseACocher* CheckPPhot;
+  CaseACocher* CheckSon;
+  CaseACocher* CheckMail;
+  QLineEdit* Text1;
+  BoutonImage* BoutonGris0;  ///< BoutonGris(0)
+  BoutonImage* BoutonGris1;  ///< BoutonGris(1)
+
+ Q_SIGNALS:
+  /// An entry of the display menu was picked: the zoom, or the pixel view.
+  void ModeChoisi(bool zoom);
+
+ private:
+  void CreeEtiquettes();
+  void CreeMenu();
+  void EcritCompteurs();
+  void OuvreMenu(const QPoint& position);
+
+  QLabel* LabelTemoin0_;
+  QLabel* LabelTemoin1_;
+  TravailVisible* Compteurs_;
+  qint32 Millisecondes_ = 0;
+  qint32 Points_ = 0;
+  QMenu* MnuDisplay_ = nullptr;
+  QAction* MnuPixelView_ = nullptr;
+  QAction* MnuZoomView_ = nullptr;
+  QString TitreMenu_;
+};
+
+}  // namespace vaktor

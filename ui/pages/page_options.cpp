@@ -1,0 +1,21 @@
+#include "ui/pages/page_options.h"
+
+namespace vaktor {
+
+PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
+  BoutonGris4 = new BoutonImage(this, NomIndexe("BoutonGris", 4), {8, 64}, FamilleBouton::kGrise);
+  BoutonGris5 = new BoutonImage(this, NomIndexe("BoutonGris", 5), {8, 82}, FamilleBouton::kGrise);
+  new BoutonImage(this, NomIndexe("BoutonGris", 6), {96, 64}, FamilleBouton::kGrise);
+  new BoutonImage(this, NomIndexe("BoutonGris", 7), {192, 64}, FamilleBouton::kGrise);
+  Image4[1] = new DrapeauLangue(this, 1, {288, 64});
+  Image4[0] = new DrapeauLangue(this, 0, {312, 64});
+  CombSkin = CreeListe(this, QStringLiteral("CombSkin"), {208, 136, 81, 21});
+  CombSkin->addItems({QStringLiteral("Skin 1"), QStringLiteral("Skin 2"), QStringLiteral("Skin 3")});
+  CombSkin->setPlaceholderText(QStringLiteral("Skins"));
+  CombSkin->setCurrentIndex(-1);
+  CombSkin->setAccessibleName(QStringLiteral("Skins"));
+  ChkSeuilAuto = CreeCase(this, QStringLiteral("ChkSeuilAuto"), {8, 144});
+  CreeEtiquetteDeChamp(this, QStringLiteral("LblSeuilAuto"), {26, 144, 138, 17});
+}
+
+}  // namespace vaktor

@@ -1,0 +1,28 @@
+// PictPage(3), the options page: camera dialogs, sounds, help, language, skin, automatic tolerance.
+#pragma once
+
+#include <QComboBox>
+#include <array>
+
+#include "ui/controls/control_factory.h"
+#include "ui/controls/face_button.h"
+#include "ui/controls/flag_button.h"
+#include "ui/pages/page.h"
+
+namespace vaktor {
+
+/// Owner: Form1. User-interface thread.
+class PageOptions : public PageVaktor {
+  Q_OBJECT
+
+ public:
+  explicit PageOptions(QWidget* fenetre);
+
+  BoutonImage* BoutonGris4;                ///< BoutonGris(4), video format
+  BoutonImage* BoutonGris5;                ///< BoutonGris(5), video source
+  std::array<DrapeauLangue*, 2> Image4{};  ///< by language number
+  QComboBox* CombSkin;
+  CaseACocher* ChkSeuilAuto;
+};
+
+}  // namespace vaktor

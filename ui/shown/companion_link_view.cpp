@@ -1,0 +1,49 @@
+#include "ui/shown/companion_link_view.h"
+
+namespace vaktor {
+
+namespace {
+constexpr int kPageFtp = 2;
+constexpr int kMessageParametres = 9;
+constexpr int kTitreParametres = 2;
+}  // namespace
+
+void VueLiaison::MontreStatut(int numero) { MontreStatutLitteral(Textes_.Texte(numero)); }
+
+void VueLiaison::MontreStatutLitteral(const QString& texte) {
+  if (Fenetre_ != nullptr) Fenetre_->Bandeau().LblDebugftp->setText(texte);
+}
+
+void VueLiaison::RougitChamp(ChampLiaison champ) {
+  if (Fenetre_ == nullptr) return;
+  QLineEdit* controle = TrouveChamp(champ);
+  QPalette palette = controle->palette();
+  palette.setColor(QPalette::Text, QColor(255, 0, 0));
+  controle->setPalette(palette);
+}
+
+QLineEdit* VueLiaison::TrouveChamp(ChampLiaison champ) const {
+  PageFtp& page = Fenetre_->Ftp();
+  switch (champ) {
+    case ChampLiaison::kTxtFtp:
+      return page.TxtFtp;
+    case ChampLiaison::kTxtFTPracine:
+      return page.TxtFTPracine;
+    case ChampLiaison::kTxtUserName:
+      return page.TxtUserName;
+    case ChampLiaison::kTxtPass:
+      break;
+  }
+  return page.TxtPass;
+}
+
+void VueLiaison::MontrePageFtp() {
+  if (Fenetre_ != nullptr) Fenetre_->AmenePage(kPageFtp);
+}
+
+bool VueLiaison::DemandeParametresSite() {
+  return Boites_.MontreMessage(Textes_.Messages(kMessageParametres), Textes_.Messages(kTitreParametres),
+                               BoutonsBoite::kOkAnnuler) == ReponseBoite::kOk;
+}
+
+}  // namespace vaktor

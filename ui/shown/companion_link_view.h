@@ -1,0 +1,31 @@
+// What the link to the companions shows, put into the controls of the main window.
+#pragma once
+
+#include "base/ports/message_boxes.h"
+#include "companions/ports/link_display.h"
+#include "ui/texts/text_tables.h"
+#include "ui/window/main_window.h"
+
+namespace vaktor {
+
+/// Owner: app/. Made before the window and tied to it afterwards; nothing is shown in between. User-interface thread.
+class VueLiaison : public AffichageLiaison {
+ public:
+  VueLiaison(const TablesTextes& textes, BoitesMessage& boites) : Textes_(textes), Boites_(boites) {}
+  void Relie(Form1& fenetre) { Fenetre_ = &fenetre; }
+
+  void MontreStatut(int numero) override;
+  void MontreStatutLitteral(const QString& texte) override;
+  void RougitChamp(ChampLiaison champ) override;
+  void MontrePageFtp() override;
+  bool DemandeParametresSite() override;
+
+ private:
+  QLineEdit* TrouveChamp(ChampLiaison champ) const;
+
+  const TablesTextes& Textes_;
+  BoitesMessage& Boites_;
+  Form1* Fenetre_ = nullptr;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,109 @@
+#include "ui/shown/surveillance_view.h"
+
+#include "ui/controls/control_factory.h"
+#include "ui/shown/own_words.h"
+
+namespace vaktor {
+
+namespace {
+constexpr QRgb kRougeIntrusion = qRgb(255, 0, 0);
+}  // namespace
+
+void VueSurveillance::MontreLibelleAlarme(LibelleAlarme libelle) {
+  QLabel& etiquette = *Bandeau().LblDebugAlarm;
+  switch (libelle) {
+    case LibelleAlarme::kIntrusion:
+      ColoreAlarme(kRougeIntrusion);
+      etiquette.setText(QStringLiteral("Intrusion"));  // the same word in both languages
+      return;
+    case LibelleAlarme::kActive:
+      etiquette.setText(Textes_.Texte(170));
+      break;
+    case LibelleAlarme::kInactive:
+      etiquette.setText(Textes_.Texte(169));
+      break;
+  }
+  GriseLibelleAlarme();
+}
+
+void VueSurveillance::NommeAlarmeInactive() { Bandeau().LblDebugAlarm->setText(Textes_.Texte(169)); }
+
+void VueSurveillance::GriseLibelleAlarme() { ColoreAlarme(kGrisTexte); }
+
+// Told at each frame. To ask the label for its colour costs more than all other labels of a frame: a palette depends on
+// whether the window is active.
+void VueSurveillance::ColoreAlarme(QRgb couleur) {
+  if (CouleurAlarme_ == couleur) return;
+  ColoreEtiquette(*Bandeau().LblDebugAlarm, couleur);
+  CouleurAlarme_ = couleur;
+}
+
+void VueSurveillance::MontreCompteARebours(qint32 secondes) {
+  Bandeau().LblDebugAlarm->setText(Textes_.Texte(89) + QString::number(secondes) + QStringLiteral(" sec"));
+}
+
+void VueSurveillance::MontreCompteurs(qint32 millisecondes, qint32 points) {
+  Page().MontreCompteurs(millisecondes, points);
+}
+
+void VueSurveillance::MontreBarre(qint32 valeur) { Formes_->Moniteur().MontreBarre(valeur); }
+
+void VueSurveillance::RafraichitVue() {
+  if (Formes_->Moteur.Detection().ModeZoom) {
+    Page().Picture2->Noircit();
+  } else {
+    MontreVuePixel();
+  }
+}
+
+void VueSurveillance::MontreVuePixel() { Page().Picture2->MontreImage(Formes_->Moteur.VuePixel()); }
+
+void VueSurveillance::MontreZoom(const QRect& source) {
+  Page().Picture2->MontreZoom(Formes_->Moteur.Surface(), source);
+}
+
+void VueSurveillance::CopiePleinEcran() { Formes_->PleinEcran.Copie(Formes_->Moteur.Surface()); }
+
+void VueSurveillance::RafraichitPleinEcran() { Formes_->PleinEcran.Rafraichit(); }
+
+void VueSurveillance::MontreMoniteur() { Formes_->Moniteur().show(); }
+
+void VueSurveillance::MontreAvis(AvisMoniteur avis) {
+  Formes_->Moniteur().MontreAvis(MotAvis(Formes_->Reglages.LangueCourante, avis));
+}
+
+void VueSurveillance::ActiveBouton(qint32 index, bool actif) {
+  Bandeau().Bouton.at(static_cast<std::size_t>(index))->setEnabled(actif);
+  AnnonceEtats();
+}
+
+// The camera starts and stops with calls of these three, so the state of every switch is told here.
+void VueSurveillance::AnnonceEtats() {
+  if (Formes_->Fenetre.Face() != nullptr) Formes_->Fenetre.Face()->AnnonceEtats();
+}
+
+void VueSurveillance::MontreLampeAlarme(Lampe lampe) {
+  Bandeau().ImageLedAlarme->Montre(lampe);
+  AnnonceEtats();
+}
+
+void VueSurveillance::MontreLampeSurveillance(Lampe lampe) {
+  Bandeau().ImageLedSurveill->Montre(lampe);
+  AnnonceEtats();
+}
+
+void VueSurveillance::MontreSurveillanceInactive() { Bandeau().LblDebugftp->setText(Textes_.Texte(34)); }
+
+void VueSurveillance::EcritRetard(qint32 secondes) { Page().Text1->setText(QString::number(secondes)); }
+
+void VueSurveillance::DessineJauge(qint32 valeur, bool haute) { Bandeau().PictSeuil->Dessine(valeur, haute); }
+
+void VueSurveillance::AnnonceCameraIntrouvable() {
+  Boites_.MontreMessage(Textes_.Messages(16), Textes_.Messages(4), BoutonsBoite::kOk);
+}
+
+void VueSurveillance::AnnonceCameraInactive() {
+  Boites_.MontreMessage(Textes_.Messages(8), Textes_.Messages(4), BoutonsBoite::kOk);
+}
+
+}  // namespace vaktor

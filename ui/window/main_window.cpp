@@ -1,0 +1,226 @@
+#include "ui/window/main_window.h"
+
+#include <QCloseEvent>
+#include <QPainter>
+#include <QTimer>
+#include <QWindow>
+#include <algorithm>
+
+namespace vaktor {
+
+namespace {
+
+constexpr int kPremierOnglet = 3;  // Bouton(3) and up change the page
+
+// Controls that never show: they hold pictures for the faces and for the live image. A name, a size.
+struct ControleCache {
+  const char* Nom;
+  int Nombre;  // 0: no array
+  QSize Taille;
+};
+constexpr std::array kControlesCaches = {ControleCache{"PictBlue", 3, {72, 16}}, ControleCache{"PictGrey", 3, {72, 16}},
+                                         ControleCache{"PictureTampon", 0, {185, 105}},
+                                         ControleCache{"PictHeure", 0, {70, 20}}};
+
+void CreeControleCache(QWidget* fenetre, const QString& nom, const QSize& taille) {
+  auto* controle = new QWidget(fenetre);
+  controle->setObjectName(nom);
+  controle->setGeometry(QRect(QPoint(0, Form1::kTaille.height()), taille));
+  controle->hide();
+}
+
+}  // namespace
+
+Form1::Form1(ServicesForm1 services)
+    : QWidget(nullptr, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                           Qt::WindowMinimizeButtonHint | Qt::WindowCloseButtonHint),
+      Services_(std::move(services)),
+      Bandeau_(std::make_unique<BandeauHaut>(this)),
+      PictPage0_(new PageMail(this)),
+      PictPage1_(new PageMoniteur(this)),
+      PictPage2_(new PageFtp(this)),
+      PictPage3_(new PageOptions(this)),
+      ChampsMail_(DonnePortsChamps(), *PictPage0_),
+      ChampsFtp_(DonnePortsChamps(), *PictPage2_),
+      ChampsMoniteur_(
+          DonnePortsChamps(),
+          {Services_.Moteur, Services_.VerifieEspaceDisque, Services_.MontreFrmSmtp, [this] { AmenePage(0); }},
+          *PictPage1_, ChampsMail_) {
+  setObjectName(QStringLiteral("Form1"));
+  setWindowTitle(QStringLiteral("Vaktor"));
+  setFixedSize(kTaille);
+  CreeControlesCaches();
+  BrancheBoutons();
+  BrancheJauge();
+  BrancheMoniteur();
+  BrancheOptions();
+  AmenePage(1);
+}
+
+PortsChamps Form1::DonnePortsChamps() const {
+  return {Services_.Reglages, Services_.Sauvegarde, Services_.Textes, Services_.Boites};
+}
+
+void Form1::CreeControlesCaches() {
+  for (const ControleCache& c : kControlesCaches) {
+    if (c.Nombre == 0) CreeControleCache(this, QLatin1String(c.Nom), c.Taille);
+    for (int i = 0; i < c.Nombre; ++i) CreeControleCache(this, NomIndexe(c.Nom, i), c.Taille);
+  }
+  CheckPEcran_ = new QCheckBox(this);
+  CheckPEcran_->setObjectName(QStringLiteral("CheckPEcran"));
+  CheckPEcran_->setGeometry(8, 304, 97, 17);
+  HabilleCase(*CheckPEcran_);
+  CheckPEcran_->hide();
+  connect(CheckPEcran_, &QCheckBox::toggled, this, [this](bool coche) { Services_.MontrePleinEcran(coche); });
+}
+
+void Form1::BrancheBoutons() {
+  for (int i = 0; i < BandeauHaut::kNombreBoutons; ++i) {
+    connect(Bandeau_->Bouton.at(static_cast<std::size_t>(i)), &QAbstractButton::clicked, this,
+            [this, i] { BasculeBouton(i); });
+  }
+  connect(PictPage3_->BoutonGris4, &QAbstractButton::clicked, this,
+          [this] { Services_.Moteur.MontreDialogueFormat(); });
+  connect(PictPage3_->BoutonGris5, &QAbstractButton::clicked, this,
+          [this] { Services_.Moteur.MontreDialogueSource(); });
+}
+
+void Form1::BasculeBouton(int index) {
+  // A change of page saves what the page before has left unsaved; the three switches do not.
+  if (index >= kPremierOnglet && Services_.Reglages.ParametresModifies) Services_.Sauvegarde.SauveParametres();
+  switch (index) {
+    case 0:
+      Services_.Moteur.BasculeCamera();
+      break;
+    case 1:
+      Services_.Moteur.BasculeAlarme();
+      break;
+    case 2:
+      Services_.Live.BasculeLive();
+      break;
+    case 3:
+      AmenePage(1);
+      break;
+    case 4:
+      AmenePage(3);
+      break;
+    case 5:
+      AmenePage(0);
+      break;
+    case 6:
+      AmenePage(2);
+      break;
+    default:
+      break;
+  }
+}
+
+void Form1::AmenePage(int index) {
+  Pages().at(static_cast<std::size_t>(index))->raise();
+  PageDevant_ = index;
+  if (Face_) Face_->AnnonceEtats();
+}
+
+void Form1::BrancheJauge() {
+  connect(Bandeau_->PictSeuil, &JaugeWidget::Souris, this,
+          [this](double x, bool gaucheSeul) { Services_.Moteur.SourisJauge(x, gaucheSeul); });
+  connect(Bandeau_->PictSeuil, &JaugeWidget::DoubleClic, this, [this] { Services_.Moteur.DoubleClicJauge(); });
+}
+
+void Form1::BrancheMoniteur() { connect(PictPage1_, &PageMoniteur::ModeChoisi, this, &Form1::ChoisitMode); }
+
+void Form1::BrancheOptions() {
+  // No event watches this box: the engine reads the parameter when it needs it, and a later save writes it.
+  connect(PictPage3_->ChkSeuilAuto, &QCheckBox::toggled, this,
+          [this](bool coche) { Services_.Reglages.SeuilAuto = coche; });
+  for (int langue = 0; langue < 2; ++langue) {
+    connect(PictPage3_->Image4.at(static_cast<std::size_t>(langue)), &QAbstractButton::clicked, this,
+            [this, langue] { ChoisitLangue(langue); });
+  }
+}
+
+void Form1::ChoisitMode(bool zoom) {
+  Services_.Moteur.ChoisitModeZoom(zoom);
+  PictPage1_->CocheMode(zoom);
+}
+
+void Form1::ChoisitLangue(int langue) {
+  Services_.Reglages.LangueCourante = langue;
+  Services_.ChargeTextes();
+}
+
+void Form1::Habille(const ServicesHabillage& services) {
+  Face_ = std::make_unique<Habillage>(
+      PartiesFenetre{*this, kTaille, *Bandeau_, Pages(), *PictPage3_->CombSkin, *PictPage2_->BoutonEssaiFtp,
+                     [this](const QImage& fond, int echelle) { MontreFond(fond, echelle); },
+                     [this] { return PageDevant_; }},
+      services);
+  // A choice counts when the program sets it and when the user makes it, also of the skin that shows already. One of
+  // the user's that changes something is told twice, and drawn once.
+  const auto change = std::make_shared<bool>(false);
+  connect(PictPage3_->CombSkin, &QComboBox::currentIndexChanged, this, [this, change] {
+    Face_->ChoisitSkin();
+    *change = true;
+    QTimer::singleShot(0, this, [change] { *change = false; });
+  });
+  connect(PictPage3_->CombSkin, &QComboBox::activated, this, [this, change] {
+    if (!*change) Face_->ChoisitSkin();
+  });
+  // The system moves the window with the mouse from here on, under X11 and under Wayland.
+  connect(&Face_->Souris(), &SourisFenetre::DeplacementDemande, this, [this] {
+    if (windowHandle() != nullptr) windowHandle()->startSystemMove();
+  });
+}
+
+static_assert(PageVaktor::kPlace.left() == 0 && PageVaktor::kPlace.right() + 1 == Form1::kTaille.width() &&
+              PageVaktor::kPlace.bottom() + 1 == Form1::kTaille.height());
+
+void Form1::MontreFond(const QImage& fond, int echelle) {
+  const int haut = (PageVaktor::kPlace.top() + kMargeFond) * echelle;
+  Fond_ = fond.copy(0, 0, fond.width(), std::min(haut, fond.height()));
+  Fond_.setDevicePixelRatio(echelle);
+  update();
+}
+
+void Form1::paintEvent(QPaintEvent*) {
+  QPainter peintre(this);
+  peintre.setRenderHint(QPainter::SmoothPixmapTransform);
+  peintre.drawImage(QPointF(0, 0), Fond_);
+}
+
+bool Form1::event(QEvent* evenement) {
+  const bool traite = QWidget::event(evenement);
+  const bool autreEcran = evenement->type() == QEvent::Show || evenement->type() == QEvent::ScreenChangeInternal;
+  if (autreEcran && Face_) Face_->SuitDensite();
+  return traite;
+}
+
+// Pages lie on each other and none is hidden: Tab must not wander into those that another one covers.
+bool Form1::PrendFocus(const QWidget& controle) const {
+  if (!(controle.focusPolicy() & Qt::TabFocus) || !controle.isEnabled() || !controle.isVisible()) return false;
+  if (controle.focusProxy() != nullptr || controle.window() != this) return false;
+  const std::array<const QWidget*, 4> pages = {PictPage0_, PictPage1_, PictPage2_, PictPage3_};
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    if (pages[i]->isAncestorOf(&controle)) return static_cast<int>(i) == PageDevant_;
+  }
+  return true;
+}
+
+bool Form1::focusNextPrevChild(bool suivant) {
+  QWidget* depart = focusWidget() != nullptr ? focusWidget() : this;
+  QWidget* controle = depart;
+  do {
+    controle = suivant ? controle->nextInFocusChain() : controle->previousInFocusChain();
+    if (!PrendFocus(*controle)) continue;
+    controle->setFocus(suivant ? Qt::TabFocusReason : Qt::BacktabFocusReason);
+    return true;
+  } while (controle != depart);
+  return false;
+}
+
+void Form1::closeEvent(QCloseEvent* evenement) {
+  Services_.FermeApplication();
+  evenement->accept();
+}
+
+}  // namespace vaktor
