@@ -98,6 +98,7 @@ bool VeilleCompagnons::Prend(Compagnon compagnon) const {
 }
 
 void VeilleCompagnons::Tic() {
+  Ports_.Boites.Tic();
   if (++Tics_ % kRegardBoites == 0 && !Ports_.Boites.EstEnCours()) RegardeBoites();
   for (const Compagnon compagnon : kCompagnons) {
     Suivi& suivi = Trouve(compagnon);

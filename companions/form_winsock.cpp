@@ -32,7 +32,13 @@ FormWinsock::FormWinsock(const PortsWinsock& ports)
 
 void FormWinsock::Republie() {
   for (const Compagnon compagnon : kCompagnons) EcritPoignee(compagnon);
-  Ports_.Magasin.Vide();
+  try {
+    Ports_.Magasin.Vide();
+  } catch (...) {
+    // They must not wait for a later save: another copy may have put its own there by then.
+    for (const Compagnon compagnon : kCompagnons) Ports_.Magasin.Reprend(DonneIdentite(compagnon).Section, kCleHwndvk);
+    throw;
+  }
 }
 
 // On the way out: an inbox that does not close must neither keep the others open nor end the program half-way.

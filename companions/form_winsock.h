@@ -46,7 +46,7 @@ class FormWinsock {
   FormWinsock& operator=(const FormWinsock&) = delete;
 
   /// Writes the handles into the store again, where something else has taken their place. Throws Echec when it cannot
-  /// be written.
+  /// be written; then nothing of it waits for a later save.
   void Republie();
   const std::array<qint32, 3>& Poignees() const { return Poignees_; }  ///< in the order of kCompagnons
 

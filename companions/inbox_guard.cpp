@@ -23,8 +23,16 @@ void GardeBoites::Regarde(std::function<void(bool)> suite) {
 
 void GardeBoites::Commence() {
   EnCours_ = true;
-  Suites_ = std::exchange(Suivantes_, {});
-  Ports_.Lecteur.LitBoites([this](const std::optional<PoigneesPubliees>& lues) { Recoit(lues); });
+  Age_ = 0;
+  Suites_ += std::exchange(Suivantes_, {});  // behind those whose look was given up
+  Ports_.Lecteur.LitBoites([this, tour = ++Tour_](const std::optional<PoigneesPubliees>& lues) { Recoit(tour, lues); });
+}
+
+void GardeBoites::Tic() {
+  if (!EnCours_ || ++Age_ < kAbandon) return;
+  EnCours_ = false;
+  ++Tour_;  // an answer that comes all the same is nobody's any more
+  Ports_.Lecteur.Oublie();
 }
 
 void GardeBoites::Arrete() {
@@ -33,10 +41,11 @@ void GardeBoites::Arrete() {
   Ports_.Lecteur.Oublie();
 }
 
-void GardeBoites::Recoit(const std::optional<PoigneesPubliees>& lues) {
+void GardeBoites::Recoit(int tour, const std::optional<PoigneesPubliees>& lues) {
+  if (tour != Tour_) return;
+  EnCours_ = false;  // first: whatever throws below costs this look and not those to come
   // A store that cannot be read says nothing about who wrote it last.
   if (lues) Siennes_ = Juge(*lues);
-  EnCours_ = false;
   const QList<std::function<void(bool)>> suites = std::exchange(Suites_, {});
   if (!Suivantes_.isEmpty()) Commence();
   for (const std::function<void(bool)>& suite : suites) suite(Siennes_);
@@ -49,21 +58,26 @@ bool GardeBoites::Juge(const PoigneesPubliees& lues) {
     autre = autre || (lues.at(i) != siennes.at(i) && Ports_.Canal.Repond(lues.at(i)));
   if (autre) {
     Ports_.Sante.Signale(Condition::kBoitesPerdues);
+    Ports_.Sante.Leve(Condition::kBoitesNonEcrites);  // nothing of ours is to be written any more
     return false;
   }
-  if (lues != siennes && !Republie()) return false;
   Ports_.Sante.Leve(Condition::kBoitesPerdues);
+  if (lues != siennes && !Republie()) return false;
+  Ports_.Sante.Leve(Condition::kBoitesNonEcrites);
   return true;
 }
 
+// No other copy runs: it is the disk of the store that is full, or forbidden.
 bool GardeBoites::Republie() {
   try {
     Ports_.Publie();
     return true;
   } catch (const Echec& echec) {
-    Ports_.Sante.Signale(Condition::kBoitesPerdues, echec.Description());
-    return false;
+    Ports_.Sante.Signale(Condition::kBoitesNonEcrites, echec.Description());
+  } catch (const std::exception& echec) {
+    Ports_.Sante.Signale(Condition::kBoitesNonEcrites, QString::fromLocal8Bit(echec.what()));
   }
+  return false;
 }
 
 }  // namespace vaktor

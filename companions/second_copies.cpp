@@ -26,12 +26,10 @@ bool SecondesCopies::AssezDePlace() const {
   return la.Nombre + Depuis_ < kNombreMax && la.Octets + Depuis_ * octets < kOctetsMax;
 }
 
+// One that is under way goes on; one whose answer was lost must not be the last: so nothing is remembered here of it.
 void SecondesCopies::Mesure() {
-  if (EnCours_) return;
-  EnCours_ = true;
   const qint64 avant = Depuis_;
   Ports_.Mesureur.Mesure(Ports_.Dossier, [this, avant](const std::optional<TailleDossier>& taille) {
-    EnCours_ = false;
     if (!taille) return;
     Mesuree_ = taille;
     // Those that were written while it was being measured may be in it or not: they count.

@@ -46,7 +46,6 @@ class SecondesCopies {
   std::optional<TailleDossier> Mesuree_;
   qint64 Depuis_ = 0;  // copies since that was asked for
   int Demandes_ = 0;   // photos since then
-  bool EnCours_ = false;
 };
 
 }  // namespace vaktor

@@ -82,6 +82,13 @@ constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
      "Une autre copie de Vaktor a été lancée : courriels, son et page n'obéissent plus à celle-ci",
      "Another copy of Vaktor was started: mails, sound and live page do not obey this one any more",
      "Fermez les deux copies, puis relancez Vaktor une seule fois.", "Close both copies, then start Vaktor once."},
+    {Condition::kBoitesNonEcrites, Gravite::kBoiteuse, kAusitot, "inboxes-not-written",
+     "Vaktor ne peut pas écrire dans les réglages où les programmes du courriel, du son et de la page le trouvent",
+     "Vaktor cannot write into the settings where the programs of mails, sound and live page find it",
+     "Faites de la place sur le disque et vérifiez que le fichier des réglages peut être écrit. Vaktor réessaie de "
+     "lui-même ; d'ici là un de ces programmes qui s'arrête ne revient pas.",
+     "Make room on the disk and see that the file of the settings can be written. Vaktor keeps trying by itself; until "
+     "then one of these programs that ends does not come back."},
     {Condition::kCourrielsEnAttente, Gravite::kBoiteuse, kAusitot, "mails-wait",
      "Des courriels attendent depuis plus de cinq minutes", "Mails have been waiting for more than five minutes",
      "Vérifiez la connexion à Internet et les réglages du serveur (page eMail, bouton Avancé). Les courriels partiront "

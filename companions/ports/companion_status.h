@@ -28,7 +28,8 @@ class LecteurEtats {
 
   virtual ~LecteurEtats() = default;
   /// Reads both files, without blocking, and calls `recoit` from the event loop; never for a disk that does not answer.
-  /// While a reading is under way another one is not begun, and `recoit` is dropped.
+  /// While a reading is under way, for a minute at the most, another one is not begun, and `recoit` is dropped; of one
+  /// that took longer nothing comes any more once another was asked for.
   virtual void LitEtats(Recoit recoit) = 0;
   /// Nobody waits for the reading under way any more.
   virtual void Oublie() = 0;

@@ -19,7 +19,9 @@ class MesureurDossier {
 
   virtual ~MesureurDossier() = default;
   /// Measures the files of `dossier`, without its folders. `rend` is called once from the event loop, with nothing when
-  /// the folder cannot be read; while the disk does not answer it is not called. A second request forgets the first.
+  /// the folder cannot be read; while the disk does not answer it is not called. While a measurement is under way, for
+  /// a minute at the most, another one is not begun, and `rend` is dropped; of one that took longer nothing comes any
+  /// more once another was asked for.
   virtual void Mesure(const QString& dossier, Rend rend) = 0;
   /// Nothing comes any more of what was asked.
   virtual void Oublie() = 0;

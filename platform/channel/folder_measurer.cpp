@@ -27,6 +27,7 @@ std::optional<TailleDossier> MesureFichiers(const QByteArray& dossier) {
 }  // namespace
 
 void MesureurDossierSysteme::Mesure(const QString& dossier, Rend rend) {
+  if (Question_.Attend()) return;
   Question_.Pose([chemin = QFile::encodeName(dossier)] { return MesureFichiers(chemin); }, std::nullopt,
                  std::move(rend));
 }

@@ -36,31 +36,20 @@ EtatCompagnon LitEtat(const QString& dossier, Compagnon qui, qint64 maintenant) 
 
 }  // namespace
 
-LecteurEtatsFichiers::LecteurEtatsFichiers(QString dossier, Maintenant maintenant)
-    : Dossier_(std::move(dossier)), Maintenant_(std::move(maintenant)) {}
-
-LecteurEtatsFichiers::~LecteurEtatsFichiers() { Relais_->Coupe(); }
+LecteurEtatsFichiers::LecteurEtatsFichiers(QString dossier, Maintenant maintenant, Question::Montre montre)
+    : Dossier_(std::move(dossier)), Maintenant_(std::move(maintenant)), Question_(std::move(montre)) {}
 
 void LecteurEtatsFichiers::LitEtats(Recoit recoit) {
-  if (EnCours_) return;
+  if (Question_.Attend()) return;
   Recoit_ = std::move(recoit);
-  EnCours_ = Travaux_.Lance([this, dossier = Dossier_, maintenant = Maintenant_, relais = Relais_] {
-    EtatsCompagnons etats;
-    try {
-      const qint64 instant = maintenant();
-      etats = {LitEtat(dossier, Compagnon::kFtp, instant), LitEtat(dossier, Compagnon::kMail, instant)};
-    } catch (...) {
-      // Want of memory: nothing was read this time, and the next look may be luckier.
-    }
-    // Run only while the relay, and so this reader, is there.
-    relais->Poste([this, etats] { Rend(etats); });
+  const auto lit = [dossier = Dossier_, maintenant = Maintenant_] {
+    const qint64 instant = maintenant();
+    return EtatsCompagnons{LitEtat(dossier, Compagnon::kFtp, instant), LitEtat(dossier, Compagnon::kMail, instant)};
+  };
+  Question_.Pose(lit, {}, [this](const EtatsCompagnons& etats) {
+    const Recoit suite = std::exchange(Recoit_, {});
+    if (suite) suite(etats);
   });
-}
-
-void LecteurEtatsFichiers::Rend(const EtatsCompagnons& etats) {
-  EnCours_ = false;
-  const Recoit recoit = std::exchange(Recoit_, {});
-  if (recoit) recoit(etats);
 }
 
 }  // namespace vaktor

@@ -4,11 +4,9 @@
 #include <QDateTime>
 #include <QString>
 #include <functional>
-#include <memory>
 
 #include "companions/ports/companion_status.h"
-#include "platform/folders/bounded_work.h"
-#include "platform/folders/event_loop_relay.h"
+#include "platform/folders/disk_question.h"
 
 namespace vaktor {
 
@@ -17,25 +15,21 @@ namespace vaktor {
 class LecteurEtatsFichiers : public LecteurEtats {
  public:
   using Maintenant = std::function<qint64()>;
+  using Question = QuestionDisque<EtatsCompagnons>;
 
   /// `dossier`: where the companions keep them. `maintenant`: milliseconds since 1970, any thread.
-  explicit LecteurEtatsFichiers(QString dossier, Maintenant maintenant = &QDateTime::currentMSecsSinceEpoch);
-  ~LecteurEtatsFichiers() override;
-  LecteurEtatsFichiers(const LecteurEtatsFichiers&) = delete;
-  LecteurEtatsFichiers& operator=(const LecteurEtatsFichiers&) = delete;
+  /// `montre` never goes back.
+  explicit LecteurEtatsFichiers(QString dossier, Maintenant maintenant = &QDateTime::currentMSecsSinceEpoch,
+                                Question::Montre montre = std::chrono::steady_clock::now);
 
   void LitEtats(Recoit recoit) override;
   void Oublie() override { Recoit_ = {}; }
 
  private:
-  void Rend(const EtatsCompagnons& etats);
-
   const QString Dossier_;
   const Maintenant Maintenant_;
-  TravauxBornes Travaux_;
-  std::shared_ptr<RelaisBoucle> Relais_ = std::make_shared<RelaisBoucle>();
+  Question Question_;  // while it waits for an answer no other is put: not one thread more at each look
   Recoit Recoit_;
-  bool EnCours_ = false;  // also while the disk is silent: one thread waits for it, not one more at each look
 };
 
 }  // namespace vaktor

@@ -1,6 +1,7 @@
 // One question at a time to a disk that may not answer, and the answer in the event loop of who asked.
 #pragma once
 
+#include <chrono>
 #include <exception>
 #include <functional>
 #include <memory>
@@ -16,7 +17,12 @@ namespace vaktor {
 template <typename Reponse>
 class QuestionDisque {
  public:
-  QuestionDisque() = default;
+  /// An answer that has not come by then may never come: the disk is silent for good, or the answer was lost on the
+  /// thread for want of memory.
+  static constexpr std::chrono::seconds kPatience{60};
+  using Montre = std::function<std::chrono::steady_clock::time_point()>;
+
+  explicit QuestionDisque(Montre montre = std::chrono::steady_clock::now) : Montre_(std::move(montre)) {}
   ~QuestionDisque() { Relais_->Coupe(); }
   QuestionDisque(const QuestionDisque&) = delete;
   QuestionDisque& operator=(const QuestionDisque&) = delete;
@@ -25,7 +31,7 @@ class QuestionDisque {
   /// loop; `sinon` where it throws or no thread is to be had. What was asked before is forgotten.
   void Pose(std::function<Reponse()> travail, const Reponse& sinon, std::function<void(const Reponse&)> rend) {
     Oublie();
-    const std::shared_ptr<Demande> demande = Demande_ = std::make_shared<Demande>(Demande{std::move(rend)});
+    const std::shared_ptr<Demande> demande = Demande_ = std::make_shared<Demande>(Demande{std::move(rend), Montre_()});
     const auto finit = [this, demande, relais = Relais_](Reponse reponse) {
       // Run only while the relay, and so this object, is there.
       relais->Poste([this, demande, reponse = std::move(reponse)] { Livre(demande, reponse); });
@@ -33,12 +39,16 @@ class QuestionDisque {
     const bool parti = Travaux_.Lance([finit, travail = std::move(travail), sinon] { finit(Essaie(travail, sinon)); });
     if (!parti) finit(sinon);
   }
+  /// An answer is waited for, and not for longer than kPatience. Whoever asks one question at a time may ask the next
+  /// one when this is false: Pose forgets the one before, so that there are never two answers.
+  bool Attend() const { return Demande_ != nullptr && Montre_() - Demande_->Depuis < kPatience; }
   /// Nothing comes any more of what was asked.
   void Oublie() { Demande_.reset(); }
 
  private:
   struct Demande {
     std::function<void(const Reponse&)> Rend;
+    std::chrono::steady_clock::time_point Depuis;
   };
 
   static Reponse Essaie(const std::function<Reponse()>& travail, const Reponse& sinon) {
@@ -54,6 +64,7 @@ class QuestionDisque {
     demande->Rend(reponse);
   }
 
+  Montre Montre_;
   TravauxBornes Travaux_;
   std::shared_ptr<RelaisBoucle> Relais_ = std::make_shared<RelaisBoucle>();
   std::shared_ptr<Demande> Demande_;

@@ -59,11 +59,37 @@ void MagasinFichier::OuvreMagasin() {
 QString MagasinFichier::LitReglage(const QString& section, const QString& cle, const QString& defaut) const {
   const QString chemin = Chemin(section, cle);
   if (const auto attente = Attente_.find(chemin); attente != Attente_.end()) return *attente;
+  if (const auto reprise = Reprises_.find(chemin); reprise != Reprises_.end())
+    return reprise->isNull() ? defaut : *reprise;
   return Magasin_->value(chemin, defaut).toString();
 }
 
 void MagasinFichier::EcritReglage(const QString& section, const QString& cle, const QString& valeur) {
   Attente_.insert(Chemin(section, cle), valeur);
+}
+
+void MagasinFichier::Reprend(const QString& section, const QString& cle) {
+  const QString chemin = Chemin(section, cle);
+  if (Attente_.remove(chemin) == 0) return;
+  try {
+    Reprises_.insert(chemin, LitTexteReglages(LitFichierEntier(Fichier_)).Valeurs.value(chemin));
+  } catch (const Echec&) {
+    Reprises_.insert(chemin, QString());  // a disk that cannot be read just now
+  }
+}
+
+// QSettings keeps what it could not write, across objects, and would write it with the next save, whatever another
+// process has put there since. So it is given what the disk has; only with the folder in our hands, since it would
+// write that too by itself, on its way out, over what has come meanwhile.
+void MagasinFichier::RendAuxReprises() {
+  if (Reprises_.isEmpty()) return;
+  const ValeursReglages surDisque = LitTexteReglages(LitFichierEntier(Fichier_)).Valeurs;
+  for (auto it = Reprises_.keyBegin(); it != Reprises_.keyEnd(); ++it) {
+    if (const auto la = surDisque.find(*it); la != surDisque.end())
+      Magasin_->setValue(*it, la.value());
+    else
+      Magasin_->remove(*it);
+  }
 }
 
 void MagasinFichier::Relit() { OuvreMagasin(); }
@@ -86,6 +112,7 @@ void MagasinFichier::Vide() {
   // QSettings makes a lock file of its own. One that a killed process left empty would stop each save for 30 seconds,
   // since nobody can tell whose it was; while the folder is ours it belongs to nobody.
   if (verrou.Tenu()) QFile::remove(Fichier_ + QStringLiteral(".lock"));
+  RendAuxReprises();  // before a new object: it writes what was left as soon as it is made
   if (Magasin_->status() != QSettings::NoError) Magasin_ = std::make_unique<QSettings>(Fichier_, FormatReglages());
   const qint64 avant = DateFichier(Fichier_);
   for (auto it = Attente_.begin(); it != Attente_.end(); ++it) Magasin_->setValue(it.key(), it.value());
@@ -99,6 +126,7 @@ void MagasinFichier::Vide() {
     throw Echec(kAccesFichier, raison.isEmpty() ? Fichier_ : Fichier_ + QStringLiteral(": ") + raison);
   }
   Attente_.clear();
+  Reprises_.clear();
   AvanceDate(Fichier_, avant);
   EcritDossierSurDisque(Fichier_);
 }

@@ -27,6 +27,7 @@ class MagasinFichier : public MagasinReglages {
 
   QString LitReglage(const QString& section, const QString& cle, const QString& defaut) const override;
   void EcritReglage(const QString& section, const QString& cle, const QString& valeur) override;
+  void Reprend(const QString& section, const QString& cle) override;
   /// Throws Echec(kAccesFichier) with "path: reason"; what was set stays set and goes out with the next Vide().
   void Vide() override;
   QString Emplacement() const override { return Fichier_; }
@@ -36,10 +37,12 @@ class MagasinFichier : public MagasinReglages {
 
  private:
   void GardeFichierAbime();
+  void RendAuxReprises();
   void OuvreMagasin();
 
   QString Fichier_;
-  QMap<QString, QString> Attente_;  // set and not yet on the disk, by "section/key"
+  QMap<QString, QString> Attente_;   // set and not yet on the disk, by "section/key"
+  QMap<QString, QString> Reprises_;  // taken back, as the disk has them; null where it has none
   std::unique_ptr<QSettings> Magasin_;
   bool CopieFaite_ = false;
 };

@@ -13,6 +13,9 @@ class MagasinReglages {
   virtual QString LitReglage(const QString& section, const QString& cle, const QString& defaut) const = 0;
   /// Sets one value. It reaches the other processes with the next Vide() at the latest.
   virtual void EcritReglage(const QString& section, const QString& cle, const QString& valeur) = 0;
+  /// What was written of this key and has not reached the disk, because a Vide() failed, is taken back: it goes out
+  /// with no later one, and the value is again that of the disk.
+  virtual void Reprend(const QString& section, const QString& cle) = 0;
   /// Puts everything written so far on disk, whole and at once: after it returns other processes see it, and a crash
   /// at any moment leaves the whole old or the whole new table. Throws Echec when that is not possible.
   virtual void Vide() = 0;

@@ -41,6 +41,9 @@ class MagasinNote : public MagasinReglages {
     J_.Note([&] { return QStringLiteral("store: write %1/%2").arg(section, cle); });
     Valeurs_.insert(section + u'/' + cle, valeur);
   }
+  void Reprend(const QString& section, const QString& cle) override {
+    J_.Note([&] { return QStringLiteral("store: take back %1/%2").arg(section, cle); });
+  }
   void Vide() override {
     J_.Note([] { return QStringLiteral("store: flush"); });
     if (Plein_) throw Echec(kAccesFichier, QStringLiteral("disk full"));

@@ -100,6 +100,7 @@ class MagasinUneValeur : public MagasinReglages {
     return langue && !Langue.isNull() ? Langue : defaut;
   }
   void EcritReglage(const QString&, const QString&, const QString&) override { ++Ecritures; }
+  void Reprend(const QString&, const QString&) override {}
   void Vide() override { ++Ecritures; }
   QString Langue;
   int Ecritures = 0;

@@ -6,6 +6,7 @@
 #include <map>
 #include <memory>
 
+#include "base/failure.h"
 #include "base/ports/opener.h"
 #include "companions/companion_watch.h"
 #include "companions/form_winsock.h"
@@ -52,7 +53,14 @@ class MagasinFaux : public MagasinReglages {
   void EcritReglage(const QString& section, const QString& cle, const QString& valeur) override {
     J_ << QStringLiteral("ecrit %1/%2=%3").arg(section, cle, valeur);
   }
-  void Vide() override { J_ << QStringLiteral("vide"); }
+  void Reprend(const QString& section, const QString& cle) override {
+    J_ << QStringLiteral("reprend %1/%2").arg(section, cle);
+  }
+  void Vide() override {
+    J_ << QStringLiteral("vide");
+    if (Plein) throw Echec(kAccesFichier, QStringLiteral("disk full"));
+  }
+  bool Plein = false;
 
  private:
   QStringList& J_;
@@ -174,13 +182,16 @@ class LecteurBoitesFaux : public LecteurBoites {
     Rend_ = std::move(rend);
     if (!Muet) Repond();
   }
-  void Oublie() override { Rend_ = nullptr; }
+  void Oublie() override {
+    if (!OublieRien) Rend_ = nullptr;
+  }
   void Repond() {
     const Rend rend = std::exchange(Rend_, nullptr);
     if (rend) rend(Lues);
   }
   std::optional<PoigneesPubliees> Lues = PoigneesPubliees{1001, 1002, 1003};
-  bool Muet = false;  ///< the disk does not answer
+  bool Muet = false;        ///< the disk does not answer
+  bool OublieRien = false;  ///< an answer was on its way already
   int Lectures = 0;
 
  private:

@@ -407,11 +407,13 @@ TEST_F(Veille, WithoutAnAnswerOfTheStoreNothingIsStartedAndNobodyWaits) {
   LanceEtInscrit();
   Lecteur.Muet = true;
   Processus.Finit(kSon);
-  Secondes(600);
-  EXPECT_EQ(Relances(kSon), 0);
+  Secondes(50);
   EXPECT_EQ(Lecteur.Lectures, 1) << "one question at a time to a disk that does not answer";
+  Secondes(550);
+  EXPECT_EQ(Relances(kSon), 0);
+  EXPECT_EQ(Lecteur.Lectures, 10) << "and the next one a minute later";
   Lecteur.Muet = false;
-  Lecteur.Repond();  // asked before the companion ended, perhaps: asked again
+  Lecteur.Repond();
   EXPECT_EQ(Relances(kSon), 1);
 }
 

@@ -261,6 +261,13 @@ TEST_F(Winsock, WhatOneThatHasGoneHadStillSaidIsDroppedButNotAHandle) {
   EXPECT_EQ(Etat.HandleFTP, 70009);
 }
 
+TEST_F(Winsock, HandlesThatCouldNotBePublishedWaitForNoLaterSave) {
+  Journal.clear();
+  Magasin.Plein = true;
+  EXPECT_THROW(Form->Republie(), Echec);
+  EXPECT_EQ(Journal.mid(3).join(u'|'), "vide|reprend FTP/HWNDVK|reprend MAIL/HWNDVK|reprend SON/HWNDVK");
+}
+
 TEST_F(Winsock, PublishesItsHandlesAgain) {
   Journal.clear();
   Form->Republie();

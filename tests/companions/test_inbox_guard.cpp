@@ -1,6 +1,8 @@
 // Whose inboxes stand in the store.
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "base/failure.h"
 #include "companions/companion_fakes.h"
 #include "fakes/fake_health_report.h"
@@ -14,12 +16,17 @@ struct Garde : testing::Test {
   faux::SanteFausse Sante;
   LecteurBoitesFaux Lecteur;
   bool Plein = false;
+  bool SansMemoire = false;
+  int Demandes = 0;
+  std::function<void(int fois)> Siennes;  ///< when the handles are asked for
   GardeBoites Regles{PortsGarde{Lecteur, Canal, Sante,
-                                [] {
+                                [this] {
+                                  if (Siennes) Siennes(++Demandes);
                                   return PoigneesPubliees{1001, 1002, 1003};
                                 },
                                 [this] {
                                   Journal << QStringLiteral("republie");
+                                  if (SansMemoire) throw std::bad_alloc();
                                   if (Plein) throw Echec(kAccesFichier, QStringLiteral("disk full"));
                                 }}};
   QString Regarde() {
@@ -64,10 +71,64 @@ TEST_F(Garde, AStoreThatCannotBeWrittenLeavesThemLost) {
   Lecteur.Lues = PoigneesPubliees{};
   Plein = true;
   EXPECT_EQ(Regarde(), "lost");
-  EXPECT_EQ(Sante.Details.value(Condition::kBoitesPerdues), "disk full");
+  EXPECT_EQ(Sante.Details.value(Condition::kBoitesNonEcrites), "disk full");
+  EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues)) << "no other copy was started";
   Plein = false;
   EXPECT_EQ(Regarde(), "ours");
+  EXPECT_FALSE(Sante.Dure(Condition::kBoitesNonEcrites));
+}
+
+TEST_F(Garde, AFullDiskBehindACopyThatHasEndedIsNoCopyAndACopyIsNoFullDisk) {
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+  Canal.Presents = {5001, 5002, 5003};
+  EXPECT_EQ(Regarde(), "lost");
+  Plein = true;
+  Canal.Presents.clear();
+  EXPECT_EQ(Regarde(), "lost");
   EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues));
+  EXPECT_TRUE(Sante.Dure(Condition::kBoitesNonEcrites));
+  Canal.Presents = {5001, 5002, 5003};
+  EXPECT_EQ(Regarde(), "lost");
+  EXPECT_TRUE(Sante.Dure(Condition::kBoitesPerdues));
+  EXPECT_FALSE(Sante.Dure(Condition::kBoitesNonEcrites));
+}
+
+TEST_F(Garde, WhateverTheWritingThrowsTheNextLookIsAnswered) {
+  Lecteur.Lues = PoigneesPubliees{};
+  SansMemoire = true;
+  EXPECT_EQ(Regarde(), "lost");
+  EXPECT_TRUE(Sante.Dure(Condition::kBoitesNonEcrites));
+  SansMemoire = false;
+  EXPECT_EQ(Regarde(), "ours");
+}
+
+TEST_F(Garde, ALookThatThrowsCostsThatLookAlone) {
+  Siennes = [](int fois) {
+    if (fois == 1) throw std::bad_alloc();
+  };
+  QStringList dits;
+  EXPECT_THROW(Regles.Regarde([&](bool) { dits << QStringLiteral("first"); }), std::bad_alloc);
+  EXPECT_FALSE(Regles.EstEnCours());
+  Regles.Regarde([&](bool) { dits << QStringLiteral("second"); });
+  EXPECT_EQ(dits, QStringList({"first", "second"})) << "whoever waited is told by the next one";
+}
+
+// A disk that is silent for good, or an answer that was lost.
+TEST_F(Garde, ALookWithoutAnAnswerIsGivenUpAfterAMinuteAndTheNextOneTellsThoseWhoWait) {
+  Lecteur.Muet = Lecteur.OublieRien = true;
+  QStringList dits;
+  Regles.Regarde([&](bool) { dits << QStringLiteral("first"); });
+  for (int i = 1; i < GardeBoites::kAbandon; ++i) Regles.Tic();
+  EXPECT_TRUE(Regles.EstEnCours());
+  Regles.Tic();
+  EXPECT_FALSE(Regles.EstEnCours());
+  Lecteur.Lues = PoigneesPubliees{};
+  Lecteur.Repond();
+  EXPECT_TRUE(dits.isEmpty() && Journal.isEmpty()) << "its answer comes too late, and from long ago";
+  Regles.Regarde([&](bool) { dits << QStringLiteral("second"); });
+  EXPECT_EQ(Lecteur.Lectures, 2);
+  Lecteur.Repond();
+  EXPECT_EQ(dits, QStringList({"first", "second"}));
 }
 
 TEST_F(Garde, AStoreThatCannotBeReadTellsNothingNew) {

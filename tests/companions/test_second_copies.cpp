@@ -61,6 +61,16 @@ TEST_F(Copies, WhatIsWrittenDuringAMeasurementCounts) {
   EXPECT_EQ(Donne(50), 10);
 }
 
+TEST_F(Copies, AMeasurementThatWasLostIsAskedForAgain) {
+  Mesureur.Muet = true;
+  Donne(SecondesCopies::kEntreMesures);
+  Mesureur.Oublie();
+  Mesureur.Muet = false;
+  Mesureur.Taille = TailleDossier{5000, 50000};
+  EXPECT_EQ(Donne(SecondesCopies::kEntreMesures), 0);
+  EXPECT_EQ(Mesureur.Demandes.size(), 2);
+}
+
 TEST_F(Copies, ThePageThatWasOnWhenItsCompanionWentGoesOnForThem) {
   Etat.LiveActif = false;
   Etat.PageInterrompue = true;

@@ -26,6 +26,13 @@ class FauxMagasin : public MagasinReglages {
     Ecrits += section + u'/' + cle;
     Valeurs.insert(section + u'/' + cle, valeur);
   }
+  void Reprend(const QString& section, const QString& cle) override {
+    const QString chemin = section + u'/' + cle;
+    if (Disque.contains(chemin))
+      Valeurs.insert(chemin, Disque.value(chemin));
+    else
+      Valeurs.remove(chemin);
+  }
   void Vide() override {
     Ecrits += QStringLiteral("*");
     if (RefuseEcriture) throw Echec(kAccesFichier, QStringLiteral("disk full"));

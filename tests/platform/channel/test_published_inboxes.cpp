@@ -1,5 +1,7 @@
 // The inboxes in the settings file, and how much lies in a folder: read on threads, from real disks.
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <QDir>
@@ -16,6 +18,8 @@
 
 namespace vaktor::essai {
 namespace {
+
+using namespace std::chrono_literals;
 
 struct Boites : testing::Test {
   QTemporaryDir Temporaire;
@@ -73,8 +77,54 @@ TEST_F(Boites, ASaveOfOtherKeysDoesNotTakeThemBack) {
   EXPECT_EQ(MagasinFichier(Fichier).LitReglage("general", "retard", {}), "9");
 }
 
+/// No file of this process can grow: the disk is full.
+class DisquePlein {
+ public:
+  DisquePlein() {
+    ::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &Avant_);
+    const rlimit plein{.rlim_cur = 0, .rlim_max = Avant_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &plein);
+  }
+  ~DisquePlein() { ::setrlimit(RLIMIT_FSIZE, &Avant_); }
+  DisquePlein(const DisquePlein&) = delete;
+  DisquePlein& operator=(const DisquePlein&) = delete;
+
+ private:
+  rlimit Avant_{};
+};
+
+// Ours could not be published, and another copy has published its own before the next save.
+TEST_F(Boites, ThoseThatCouldNotBePublishedGoOutWithNoLaterSave) {
+  for (const bool dejaLa : {true, false}) {
+    QFile::remove(Fichier);
+    MagasinFichier notre(Fichier);
+    if (dejaLa) Ecrit(notre, 71);
+    {
+      const DisquePlein plein;
+      for (int fois = 0; fois < 2; ++fois) {
+        EXPECT_THROW(Ecrit(notre, 81), Echec);
+        for (const char* section : {"FTP", "MAIL", "SON"}) notre.Reprend(section, kCleHwndvk);
+      }
+    }
+    EXPECT_EQ(notre.LitReglage("FTP", kCleHwndvk, "none"), dejaLa ? "71" : "none");
+    // Another process, which shares no memory of the store with this one.
+    QFile fichier(Fichier);
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    fichier.write("[FTP]\nHWNDVK=\"911\"\n[MAIL]\nHWNDVK=\"912\"\n[SON]\nHWNDVK=\"913\"\n");
+    fichier.close();
+    notre.EcritReglage(QStringLiteral("general"), QStringLiteral("retard"), QStringLiteral("9"));
+    notre.Vide();
+    EXPECT_EQ(Lit(), (PoigneesPubliees{911, 912, 913})) << dejaLa;
+    EXPECT_EQ(notre.LitReglage("general", "retard", {}), "9");
+    Ecrit(notre, 81);
+    EXPECT_EQ(Lit(), (PoigneesPubliees{81, 82, 83})) << "once there is room";
+  }
+}
+
 struct Question : testing::Test {
-  QuestionDisque<int> Disque;
+  std::chrono::steady_clock::time_point Instant;
+  QuestionDisque<int> Disque{[this] { return Instant; }};
   QList<int> Reponses;
   void Pose(std::function<int()> travail) {
     Disque.Pose(std::move(travail), -1, [this](int reponse) { Reponses << reponse; });
@@ -93,6 +143,27 @@ TEST_F(Question, ADiskThatDoesNotAnswerHoldsNobodyUpAndTheNextQuestionIsAnswered
   Pose([] { return 3; });
   ASSERT_TRUE(AttendQue([this] { return Reponses.size() == 2; }));
   EXPECT_EQ(Reponses, QList<int>({2, 3})) << "what was asked before is forgotten";
+}
+
+TEST_F(Question, AnAnswerIsWaitedForAMinuteAndNoLonger) {
+  EXPECT_FALSE(Disque.Attend());
+  auto disque = std::make_shared<std::promise<void>>();
+  Pose([attente = disque->get_future().share()] {
+    attente.wait();
+    return 1;
+  });
+  EXPECT_TRUE(Disque.Attend());
+  Instant += QuestionDisque<int>::kPatience - 1ms;
+  EXPECT_TRUE(Disque.Attend());
+  Instant += 1ms;
+  EXPECT_FALSE(Disque.Attend());
+  Pose([] { return 2; });
+  EXPECT_TRUE(Disque.Attend());
+  disque->set_value();
+  ASSERT_TRUE(AttendQue([this] { return !Reponses.isEmpty(); }));
+  for (int i = 0; i < 20; ++i) QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+  EXPECT_EQ(Reponses, QList<int>{2}) << "one answer, and of the question that was put last";
+  EXPECT_FALSE(Disque.Attend());
 }
 
 TEST_F(Question, WorkThatFailsAnswersSo) {

@@ -5,6 +5,10 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <atomic>
+#include <chrono>
+#include <future>
+#include <memory>
 
 #include "platform/folders/companion_status_reader.h"
 #include "support/event_wait.h"
@@ -86,6 +90,30 @@ TEST_F(EtatsSurDisque, OneReadingAtATimeAndOneThatIsForgottenSaysNothing) {
     return suivante;
   }));
   EXPECT_EQ(rendus, 0);
+}
+
+// A disk that is silent for good, or an answer that was lost: looked at every fifteen seconds.
+TEST_F(EtatsSurDisque, AReadingWithoutAnAnswerIsTheLastOneForAMinuteOnly) {
+  std::chrono::steady_clock::time_point instant;
+  auto disque = std::make_shared<std::promise<void>>();
+  std::atomic<int> lectures = 0;
+  LecteurEtatsFichiers lecteur(
+      Temporaire.path(),
+      [&lectures, attente = disque->get_future().share()] {
+        if (++lectures == 1) attente.wait();
+        return 0;
+      },
+      [&instant] { return instant; });
+  QStringList rendus;
+  for (int i = 0; i < 5; ++i) {
+    lecteur.LitEtats([&rendus, i](const EtatsCompagnons&) { rendus << QString::number(i); });
+    ASSERT_TRUE(AttendQue([&] { return lectures > 0; })) << "the first one is the one that waits";
+    instant += std::chrono::seconds(15);
+  }
+  EXPECT_TRUE(AttendQue([&] { return !rendus.isEmpty(); }));
+  disque->set_value();
+  for (int i = 0; i < 20; ++i) Lit();
+  EXPECT_EQ(rendus, QStringList("4")) << "neither those in between nor the first, which comes too late";
 }
 
 TEST_F(EtatsSurDisque, AReaderThatIsGoneIsToldNothing) {
