@@ -22,7 +22,7 @@
 #include "bench/comparison_peers.h"
 #include "bench/frame_ring.h"
 #include "bench/timing.h"
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 namespace vaktor {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 namespace vaktor {
 

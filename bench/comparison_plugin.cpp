@@ -1,6 +1,6 @@
 #include "bench/comparison_plugin.h"
 
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 void vaktor_compare(const uint8_t* bgrx, ptrdiff_t stride, int width, int height, int32_t* previous, int32_t tolerance,
                     VaktorComparison* out) {

@@ -6,7 +6,7 @@
 
 #include "base/failure.h"
 #include "base/numbers.h"
-#include "engine/frame_comparison_bands.h"
+#include "engine/comparison/frame_comparison_bands.h"
 
 namespace vaktor {
 namespace {

@@ -4,10 +4,10 @@
 #include <vector>
 
 #include "engine/analysis_clock.h"
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
+#include "engine/comparison/sample_table.h"
 #include "engine/live_interval.h"
 #include "engine/pixel_view.h"
-#include "engine/sample_table.h"
 #include "engine/surveillance_ports.h"
 #include "engine/surveillance_state.h"
 

@@ -3,7 +3,7 @@
 
 #include <QImage>
 
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 namespace vaktor {
 

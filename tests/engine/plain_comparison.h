@@ -5,7 +5,7 @@
 
 #include <vector>
 
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 namespace vaktor::faux {
 

@@ -5,8 +5,8 @@
 #include <random>
 #include <vector>
 
-#include "engine/frame_comparison.h"
-#include "engine/frame_comparison_bands.h"
+#include "engine/comparison/frame_comparison.h"
+#include "engine/comparison/frame_comparison_bands.h"
 #include "engine/plain_comparison.h"
 
 namespace vaktor {

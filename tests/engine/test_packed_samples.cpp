@@ -7,8 +7,8 @@
 #include <random>
 #include <vector>
 
+#include "engine/comparison/frame_comparison.h"
 #include "engine/engine_fixture.h"
-#include "engine/frame_comparison.h"
 #include "engine/plain_comparison.h"
 
 namespace vaktor {

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-#include "engine/frame_comparison_rows.h"
+#include "engine/comparison/frame_comparison_rows.h"
 
 namespace vaktor {
 namespace {

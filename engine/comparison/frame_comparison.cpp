@@ -1,9 +1,9 @@
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 #include <algorithm>
 #include <bit>
 
-#include "engine/frame_comparison_bands.h"
+#include "engine/comparison/frame_comparison_bands.h"
 
 namespace vaktor {
 namespace {

@@ -8,7 +8,7 @@
 #include <array>
 #include <cstring>
 
-#include "engine/frame_comparison_rows.h"
+#include "engine/comparison/frame_comparison_rows.h"
 
 namespace vaktor {
 namespace {

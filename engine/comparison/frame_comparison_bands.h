@@ -7,7 +7,7 @@
 #include <limits>
 #include <span>
 
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 namespace vaktor {
 

@@ -19,7 +19,7 @@
 
 #include <array>
 
-#include "engine/frame_comparison_bands.h"
+#include "engine/comparison/frame_comparison_bands.h"
 
 #define VAKTOR_DEDANS VAKTOR_CIBLE __attribute__((always_inline)) inline
 

@@ -7,7 +7,7 @@
 #include <memory>
 #include <new>
 
-#include "engine/frame_comparison.h"
+#include "engine/comparison/frame_comparison.h"
 
 namespace vaktor {
 
