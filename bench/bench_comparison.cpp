@@ -38,7 +38,7 @@ class Duel {
   Duel(qint32 largeur, qint32 hauteur, SujetTrames sujet, bool enCache)
       : Anneau_(largeur, hauteur, sujet, enCache),
         Zone_{.Gauche = 0, .Droite = largeur - 1, .Haut = 0, .Bas = hauteur - 1},
-        Echantillons_(((largeur + 2) / 3) * ((hauteur + 2) / 3)),
+        Echantillons_(EchantillonsParmi(largeur) * EchantillonsParmi(hauteur)),
         Lot_(enCache ? static_cast<int>(kPixelsParLotEnCache / largeur / hauteur) / 2 * 2 : Anneau_.Nombre()) {
     for (auto& table : Tables_) table.resize(static_cast<std::size_t>(Echantillons_) + TableEchantillons::kMarge);
   }

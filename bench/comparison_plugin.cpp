@@ -7,7 +7,7 @@ void vaktor_compare(const uint8_t* bgrx, ptrdiff_t stride, int width, int height
   using namespace vaktor;
   static const JeuInstructions jeu = ChoisitJeu();
   const ZoneDetection zone{.Gauche = 0, .Droite = width - 1, .Haut = 0, .Bas = height - 1};
-  const TableEchantillons table{previous, ((width + 2) / 3) * ((height + 2) / 3)};
+  const TableEchantillons table{previous, EchantillonsParmi(width) * EchantillonsParmi(height)};
   const ResultatComparaison vu = CompareTrame(jeu, {bgrx, stride, width, height}, zone, tolerance, table, 0);
   out->count = vu.NbrPoints;
   out->x0 = out->y0 = out->x1 = out->y1 = -1;

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "engine/raw_frame.h"
+#include "engine/sampling.h"
 
 namespace vaktor {
 
@@ -21,10 +22,9 @@ class TrameDifferee {
 
   /// Never empty.
   virtual QSize Taille() const = 0;
-  /// The pixels with x % 3 == `resteX` and y % 3 == `resteY` (0 to 2) at the least. Valid as long as the frame is held
-  /// and no others are asked for; Bits is null when there is no memory. A driver may have these of the next frames
-  /// ready beforehand.
-  virtual TrameBrute Echantillons(qint32 resteX, qint32 resteY) = 0;
+  /// The pixels of this phase at the least. Valid as long as the frame is held and no others are asked for; Bits is
+  /// null when there is no memory. A driver may have these of the next frames ready beforehand.
+  virtual TrameBrute Echantillons(PhaseEchantillons phase) = 0;
   /// All rows, Format_RGB32; null when there is no memory. Made when it is asked for, and valid until another frame's
   /// is asked for, which may take its memory: it is then made again. Who needs it longer takes a copy of the QImage,
   /// which stays as it is.
@@ -48,8 +48,8 @@ class ImageCamera {
   /// The picture, made now if it has to be.
   const QImage& Entiere() const { return Trame_ != nullptr ? Trame_->Entiere() : Image_; }
   /// TrameDifferee::Echantillons; a picture has all its pixels.
-  TrameBrute Echantillons(qint32 resteX, qint32 resteY) const {
-    return Trame_ != nullptr ? Trame_->Echantillons(resteX, resteY) : PixelsDe(Image_);
+  TrameBrute Echantillons(PhaseEchantillons phase) const {
+    return Trame_ != nullptr ? Trame_->Echantillons(phase) : PixelsDe(Image_);
   }
 
  private:

@@ -5,7 +5,6 @@
 
 namespace vaktor {
 
-inline constexpr qint32 kPasEchantillon = 3;   ///< sampling step in pixels, on x and on y
 inline constexpr qint32 kSeuilAlarme = 30;     ///< action level: strictly more changed samples than this
 inline constexpr qint32 kSeuilIntrusion = 10;  ///< display level
 inline constexpr qint32 kSeuilZoom = 4;        ///< zoom level

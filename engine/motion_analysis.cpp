@@ -7,23 +7,20 @@
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "engine/comparison/frame_comparison_bands.h"
+#include "engine/sampling.h"
 
 namespace vaktor {
 namespace {
 
-/// A loop over first, first + 3, ... up to `fin` counts one step too far before it sees that it is done. Near the end
-/// of the 32-bit range that step overflows.
+/// A loop in steps up to `fin` counts one step too far before it sees that it is done. Near the end of the 32-bit range
+/// that step overflows.
 bool DepasseApresBoucle(qint32 debut, qint32 fin) {
   if (debut > fin) return false;
-  const qint64 pas = (qint64{fin} - debut) / kPasEchantillon + 1;
-  return debut + pas * kPasEchantillon > std::numeric_limits<qint32>::max();
+  return debut + CompteEchantillons(debut, fin) * kPasEchantillon > std::numeric_limits<qint32>::max();
 }
 
 /// A camera that was just opened finds its exposure within a second.
 constexpr quint32 kReposRepriseMs = 1000;
-
-/// Of a zone that begins outside the picture too.
-qint32 ResteParTrois(qint32 bord) { return (bord % kPasEchantillon + kPasEchantillon) % kPasEchantillon; }
 
 [[noreturn]] void LanceDepassement() { throw Echec(kDepassement, QStringLiteral("Overflow")); }
 
@@ -91,7 +88,7 @@ TrameBrute AnalyseurMouvement::TrameCourante() {
   const ZoneDetection& zone = Etat_.Detection.Zone;
   // The view of the changed points shows the pixels between the samples too.
   const TrameBrute trame = Etat_.Detection.ModeZoom
-                               ? image.Echantillons(ResteParTrois(zone.Gauche), ResteParTrois(zone.Haut))
+                               ? image.Echantillons({.X = PhaseDe(zone.Gauche), .Y = PhaseDe(zone.Haut)})
                                : PixelsDe(image.Entiere());
   if (trame.Bits != nullptr) return trame;
   // A frame whose pixels find no memory is not black: nothing is known of it, and nobody is to be alarmed by it.

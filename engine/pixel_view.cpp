@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "base/numbers.h"
+#include "engine/sampling.h"
 
 namespace vaktor {
 

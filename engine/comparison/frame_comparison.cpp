@@ -8,15 +8,11 @@
 namespace vaktor {
 namespace {
 
-/// How many of the `nombre` positions debut, debut + 3, ... lie below `borne`.
+/// How many of the `nombre` samples from `debut` on lie below `borne`.
 qint32 CompteAvantBorne(qint32 debut, qint32 nombre, qint32 borne) {
   const qint64 distance = qint64{borne} - debut;
   if (distance <= 0) return 0;
   return static_cast<qint32>(std::min<qint64>(nombre, (distance + kPasEchantillon - 1) / kPasEchantillon));
-}
-
-qint64 ComptePositions(qint32 debut, qint32 fin) {
-  return debut > fin ? 0 : (qint64{fin} - debut) / kPasEchantillon + 1;
 }
 
 class Decoupeur {
@@ -82,8 +78,8 @@ void CompareBande([[maybe_unused]] JeuInstructions jeu, const BandeEchantillons&
 DecoupeBalayage CoupeBalayage(const TrameBrute& trame, const ZoneDetection& zone, const TableEchantillons& table,
                               qint32 premierRang) {
   Decoupeur decoupeur(trame, zone, table.Entrees + premierRang);
-  const qint64 colonnesVoulues = ComptePositions(zone.Gauche, zone.Droite);
-  const qint64 voulus = colonnesVoulues * ComptePositions(zone.Haut, zone.Bas);
+  const qint64 colonnesVoulues = CompteEchantillons(zone.Gauche, zone.Droite);
+  const qint64 voulus = colonnesVoulues * CompteEchantillons(zone.Haut, zone.Bas);
   if (voulus == 0) return decoupeur.Resultat;
   // From here on every count fits 32 bits: it is no greater than the table.
   const qint64 tenus = std::clamp<qint64>(table.Nombre - qint64{premierRang}, 0, voulus);

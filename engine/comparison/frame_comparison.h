@@ -1,11 +1,12 @@
-// The comparison of one frame with the samples of the frame before: every third pixel of every third row of a zone,
-// its colour taken as one whole number. A pure function over raw memory: no allocation, no call out, no state.
+// The comparison of one frame with the samples of the frame before: the samples of a zone, each
+// colour taken as one whole number. A pure function over raw memory: no allocation, no call out, no state.
 #pragma once
 
 #include <QtGlobal>
 
 #include "engine/detection_state.h"
 #include "engine/raw_frame.h"
+#include "engine/sampling.h"
 
 namespace vaktor {
 

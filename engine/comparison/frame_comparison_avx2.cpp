@@ -16,7 +16,7 @@ namespace vaktor {
 namespace {
 
 constexpr qint32 kVoies = 8;
-static_assert(kPasEchantillon == 3, "the blends know which lanes the samples lie in");
+static_assert(kPasVecteurs == 3, "the blends know which lanes the samples lie in");
 static_assert(TableEchantillons::kMarge >= kVoies - 1);
 
 VAKTOR_DEDANS __m256i Charge(const void* p) { return _mm256_loadu_si256(static_cast<const __m256i_u*>(p)); }

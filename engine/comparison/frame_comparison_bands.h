@@ -13,12 +13,11 @@ namespace vaktor {
 
 /// Rows with the same split of their columns: Avant samples left of the picture, Dedans in it, Apres right of it.
 struct BandeEchantillons {
-  const uchar* Pixels = nullptr;  ///< first sample inside the picture, first row; null when Dedans is 0
-  qsizetype SautLigne = 0;        ///< bytes from one sampled row to the next
-  qint32 PixelsLisibles = 0;      ///< stored pixels from Pixels to the end of its row
-  qint32 PasPixels =
-      kPasEchantillon;       ///< stored pixels from one sample to the next: three, or one where only samples are
-  qint32 PremiereLigne = 0;  ///< number of the first row in the scan
+  const uchar* Pixels = nullptr;       ///< first sample inside the picture, first row; null when Dedans is 0
+  qsizetype SautLigne = 0;             ///< bytes from one sampled row to the next
+  qint32 PixelsLisibles = 0;           ///< stored pixels from Pixels to the end of its row
+  qint32 PasPixels = kPasEchantillon;  ///< stored pixels from one sample to the next: 1 where only samples are
+  qint32 PremiereLigne = 0;            ///< number of the first row in the scan
   qint32 Lignes = 0;
   qint32 Avant = 0, Dedans = 0, Apres = 0;
   qint32* Entrees = nullptr;  ///< the table's entry of the first sample
@@ -110,7 +109,8 @@ ResultatComparaison CompareEtMarque(const TrameBrute& trame, const ZoneDetection
 
 /// Vectors take the samples of a row that lie in the picture by groups of this many.
 constexpr qint32 kGroupe = 16;
-/// More groups no row has there: 4080 samples, a picture of 12,240 pixels. Wider ones are compared sample by sample.
+/// More groups no row has there: 4080 samples, in steps of three a picture of 12,240 pixels. Wider ones are compared
+/// sample by sample.
 constexpr qint32 kGroupesMax = 255;
 
 /// How the samples of one row in the picture fall into groups; the same for all rows of a band.

@@ -4,15 +4,15 @@
 // compiler use these instructions. A switch for the whole source would do it for the inline functions of the libraries
 // too, and the linker might give those to processors that do not know the instructions.
 //
-// Such a source gives a template `Jeu<pas>`, for samples that lie `pas` pixels apart in memory (three, or one where a
-// frame holds its samples only), with
+// Such a source gives a template `Jeu<pas>`, for samples that lie `pas` pixels apart in memory (kPasVecteurs, or 1
+// where a frame holds its samples only), with
 //   Jeu(tolerance)
 //   Groupe(pixel, entree)       compares and stores sixteen samples; gives a byte for each in the order of the scan,
 //                               all ones where the sample has changed
 //   Fin(pixel, entree, nombre)  the same for 1 to 16 samples at the end of a row: reads no pixel behind the last one,
 //                               changes no entry behind it, and gives 0 there
 //
-// Sixteen samples lie on three cache lines of the frame and on one of the table.
+// In steps of three, sixteen samples lie on three cache lines of the frame and on one of the table.
 #pragma once
 
 #include <emmintrin.h>
@@ -25,6 +25,9 @@
 
 namespace vaktor {
 namespace {
+
+/// The step that the forms with vectors are written for: they know in which lanes its samples lie.
+constexpr qint32 kPasVecteurs = 3;
 
 /// Bytes from one sample to the next.
 template <qint32 pas>
@@ -111,8 +114,10 @@ template <template <qint32> typename Jeu>
 void CompareBandeParGroupes(const BandeEchantillons& bande, qint32 tolerance, CumulBande& cumul) {
   if (bande.PasPixels == 1) {
     CompareLignes<Jeu, 1>(bande, tolerance, cumul);
+  } else if constexpr (kPasEchantillon == kPasVecteurs) {
+    CompareLignes<Jeu, kPasVecteurs>(bande, tolerance, cumul);
   } else {
-    CompareLignes<Jeu, kPasEchantillon>(bande, tolerance, cumul);
+    CompareBandeSimple(bande, tolerance, cumul, [](qint32, qint32) {});
   }
 }
 

@@ -14,7 +14,7 @@ namespace vaktor {
 namespace {
 
 constexpr qint32 kVoies = 4;
-static_assert(kPasEchantillon == 3, "the blends know which lanes the samples lie in");
+static_assert(kPasVecteurs == 3, "the blends know which lanes the samples lie in");
 static_assert(TableEchantillons::kMarge >= kVoies - 1);
 
 VAKTOR_DEDANS __m128i Charge(const void* p) { return _mm_loadu_si128(static_cast<const __m128i_u*>(p)); }

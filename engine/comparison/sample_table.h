@@ -14,21 +14,16 @@ namespace vaktor {
 /// Samples go by their rank in the scan, whatever their place in the picture: when the zone changes, unrelated points
 /// are compared once, and an armed system takes that for motion. That is wanted.
 ///
-/// The table is numbered from 1 to 1,000,000 and IndexImage moves on by the sampling step for each sample, so that only
-/// the entries 1, 4, 7 and so on are ever used: kRangs of them. They alone are kept here, side by side; the rank of a
-/// sample is (IndexImage - 1) / kPasEchantillon.
+/// Only the entries that the running index comes to are ever used: kEchantillonsMax of them. They alone are kept here,
+/// side by side; the rank of a sample is (index - 1) / kPasEchantillon.
 class ImagePrecedente {
  public:
-  static constexpr qint32 kIndexMax = 1'000'000;
-  static constexpr qint32 kRangs = (kIndexMax - 1) / kPasEchantillon + 1;  // 333,334
-
   ImagePrecedente() {
     if (!Couleurs_) throw std::bad_alloc();
   }
 
-  TableEchantillons Table() { return {Couleurs_.get(), kRangs}; }
-  qint32 IndexImage() const { return IndexImage_; }
-  /// The rank of the next sample; kRangs once the index stands past the end.
+  TableEchantillons Table() { return {Couleurs_.get(), kEchantillonsMax}; }
+  /// The rank of the next sample; kEchantillonsMax once the index stands past the end.
   qint32 Rang() const { return (IndexImage_ - 1) / kPasEchantillon; }
   void Avance(qint32 echantillons) { IndexImage_ += kPasEchantillon * echantillons; }
   void Recommence() { IndexImage_ = 1; }
@@ -40,7 +35,7 @@ class ImagePrecedente {
   // Zeroes of the system's own: what no sample is ever written to never takes memory. A picture of 640x480 reaches a
   // tenth of the table.
   static qint32* Prend() {
-    return static_cast<qint32*>(std::calloc(std::size_t{kRangs} + TableEchantillons::kMarge, sizeof(qint32)));
+    return static_cast<qint32*>(std::calloc(std::size_t{kEchantillonsMax} + TableEchantillons::kMarge, sizeof(qint32)));
   }
 
   std::unique_ptr<qint32[], Rendeur> Couleurs_{Prend()};

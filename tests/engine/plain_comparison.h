@@ -14,8 +14,8 @@ inline ResultatComparaison CompareNaivement(const TrameBrute& trame, const ZoneD
                                             std::vector<qint32>& table, qint32 premierRang) {
   ResultatComparaison resultat;
   std::size_t rang = static_cast<std::size_t>(premierRang);
-  for (qint64 y = zone.Haut; y <= zone.Bas; y += 3) {
-    for (qint64 x = zone.Gauche; x <= zone.Droite; x += 3) {
+  for (qint64 y = zone.Haut; y <= zone.Bas; y += kPasEchantillon) {
+    for (qint64 x = zone.Gauche; x <= zone.Droite; x += kPasEchantillon) {
       if (rang >= table.size()) {
         resultat.TablePleine = true;
         return resultat;

@@ -129,7 +129,7 @@ TEST_P(Comparaison, CountsRowsOfManyChangesOnBothSidesOfTheWidestRowOfVectors) {
   constexpr qint32 kLargeurMax = kPasEchantillon * kGroupe * kGroupesMax;
   for (const qint32 largeur : {kLargeurMax - 50, kLargeurMax - 2, kLargeurMax, kLargeurMax + 1, kLargeurMax + 60}) {
     Photo photo(largeur, 4, 0);
-    Essai essai(2 * ((largeur + 2) / 3));
+    Essai essai(2 * EchantillonsParmi(largeur));
     std::fill(photo.Octets.begin(), photo.Octets.end(), uchar{9});
     SCOPED_TRACE(testing::Message() << "width " << largeur);
     essai.Verifie(GetParam(), photo.Trame, {.Gauche = 0, .Droite = largeur - 1, .Haut = 0, .Bas = 3}, 1, 0);

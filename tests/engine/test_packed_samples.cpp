@@ -14,26 +14,25 @@
 namespace vaktor {
 namespace {
 
-qint32 Reste(qint32 bord) { return (bord % 3 + 3) % 3; }
-
 /// The samples of a picture, in memory of exactly their size: the last row ends with its last sample.
 class Serree {
  public:
-  Serree(const TrameBrute& entiere, qint32 resteX, qint32 resteY) {
-    const qint32 colonnes = std::max(0, (entiere.Largeur - resteX + 2) / 3);
-    const qint32 lignes = std::max(0, (entiere.Hauteur - resteY + 2) / 3);
-    const qsizetype tiers = (qsizetype{4} * colonnes + 2) / 3;
-    const qsizetype avance = 2 * tiers;
+  Serree(const TrameBrute& entiere, PhaseEchantillons phase) {
+    constexpr qsizetype kPas = kPasEchantillon;
+    const qint32 colonnes = std::max(0, EchantillonsParmi(entiere.Largeur - phase.X));
+    const qint32 lignes = std::max(0, EchantillonsParmi(entiere.Hauteur - phase.Y));
+    const qsizetype part = (qsizetype{4} * colonnes + kPas - 1) / kPas;
+    const qsizetype avance = (kPas - 1) * part;
     Octets_.resize(
-        static_cast<std::size_t>(avance + (lignes > 0 ? 3 * tiers * (lignes - 1) + qsizetype{4} * colonnes : 0)));
+        static_cast<std::size_t>(avance + (lignes > 0 ? kPas * part * (lignes - 1) + qsizetype{4} * colonnes : 0)));
     for (qint32 ligne = 0; ligne < lignes; ++ligne) {
       for (qint32 colonne = 0; colonne < colonnes; ++colonne) {
-        std::memcpy(
-            Octets_.data() + avance + 3 * tiers * ligne + qsizetype{4} * colonne,
-            entiere.Bits + (resteY + 3 * ligne) * entiere.OctetsParLigne + qsizetype{4} * (resteX + 3 * colonne), 4);
+        std::memcpy(Octets_.data() + avance + kPas * part * ligne + qsizetype{4} * colonne,
+                    entiere.Bits + (phase.Y + kPas * ligne) * entiere.OctetsParLigne + 4 * (phase.X + kPas * colonne),
+                    4);
       }
     }
-    Trame = {Octets_.data() + avance - resteY * tiers, tiers, entiere.Largeur, entiere.Hauteur, true};
+    Trame = {Octets_.data() + avance - phase.Y * part, part, entiere.Largeur, entiere.Hauteur, true};
   }
 
   TrameBrute Trame;
@@ -50,7 +49,7 @@ class EchantillonsSerres : public testing::TestWithParam<JeuInstructions> {
   qint32 Tire(qint32 min, qint32 max) { return std::uniform_int_distribution<qint32>(min, max)(Hasard_); }
 
   void Verifie(const TrameBrute& entiere, const ZoneDetection& zone, std::vector<qint32>& table) {
-    const Serree serree(entiere, Reste(zone.Gauche), Reste(zone.Haut));
+    const Serree serree(entiere, {.X = PhaseDe(zone.Gauche), .Y = PhaseDe(zone.Haut)});
     std::vector<qint32> autre = table;
     const auto nombre = static_cast<qint32>(table.size()) - TableEchantillons::kMarge;
     const qint32 tolerance = Tire(0, 2) == 0 ? 1 : Tire(1, 7000000);
@@ -95,7 +94,7 @@ class TrameSansMemoire : public TrameDifferee {
  public:
   explicit TrameSansMemoire(QSize taille) : Taille_(taille) {}
   QSize Taille() const override { return Taille_; }
-  TrameBrute Echantillons(qint32, qint32) override { return {nullptr, 0, Taille_.width(), Taille_.height(), true}; }
+  TrameBrute Echantillons(PhaseEchantillons) override { return {nullptr, 0, Taille_.width(), Taille_.height(), true}; }
   const QImage& Entiere() override { return Aucune_; }
 
  private:
@@ -108,9 +107,9 @@ class TrameNotee : public TrameDifferee {
  public:
   explicit TrameNotee(const QImage& image) : Image_(image) {}
   QSize Taille() const override { return Image_.size(); }
-  TrameBrute Echantillons(qint32 resteX, qint32 resteY) override {
-    Demandes.emplace_back(resteX, resteY);
-    Serree_.emplace(PixelsDe(Image_), resteX, resteY);
+  TrameBrute Echantillons(PhaseEchantillons phase) override {
+    Demandes.push_back(phase);
+    Serree_.emplace(PixelsDe(Image_), phase);
     return Serree_->Trame;
   }
   const QImage& Entiere() override {
@@ -118,7 +117,7 @@ class TrameNotee : public TrameDifferee {
     return Image_;
   }
 
-  std::vector<std::pair<qint32, qint32>> Demandes;
+  std::vector<PhaseEchantillons> Demandes;
   int Regards = 0;
 
  private:
@@ -142,7 +141,7 @@ TEST_F(AnalyseDifferee, ReadsTheSamplesAndLooksAtNoFrame) {
   PoseZone(4, -1, 40, 30);
   const auto noire = TrameDe(Unie(0));
   const auto blanche = TrameDe(Unie(qRgb(255, 255, 255)));
-  EXPECT_EQ(blanche->Demandes, (std::vector<std::pair<qint32, qint32>>{{1, 2}}));
+  EXPECT_EQ(blanche->Demandes, (std::vector<PhaseEchantillons>{{.X = 1, .Y = 2}}));
   EXPECT_EQ(noire->Regards + blanche->Regards, 0);
   EXPECT_GT(Detection().NbrPoints, 0);
 }

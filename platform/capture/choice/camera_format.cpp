@@ -5,11 +5,11 @@
 #include <array>
 #include <cstdlib>
 
+#include "engine/sampling.h"
+
 namespace vaktor {
 namespace {
 
-constexpr qint64 kPas = 3;                    // the detection reads every third pixel on both axes
-constexpr qint64 kEchantillonsMax = 333'334;  // entries 1, 4, 7 .. 1,000,000 of its table
 constexpr double kCadenceVoulue = 25.0;
 constexpr double kCadenceIdeale = 30.0;  // a tick comes every 30 ms: faster frames would only be thrown away
 constexpr int kLargeurIdeale = 640;
@@ -97,9 +97,7 @@ const QList<TailleCourante>& TaillesCourantes() {
 bool FormatTropGrand(const FormatCamera& format) {
   if (format.Largeur <= 0 || format.Hauteur <= 0) return false;
   // The largest zone, that of a simple click, runs from 0 to the size itself, both included.
-  const qint64 colonnes = format.Largeur / kPas + 1;
-  const qint64 lignes = format.Hauteur / kPas + 1;
-  return colonnes * lignes > kEchantillonsMax;
+  return CompteEchantillons(0, format.Largeur) * CompteEchantillons(0, format.Hauteur) > kEchantillonsMax;
 }
 
 bool SontTousTropGrands(const QList<FormatCamera>& formats) {

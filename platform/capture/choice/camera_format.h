@@ -24,8 +24,8 @@ struct TailleCourante {
 /// The sizes that cameras usually offer, smallest first; what a range of sizes is told as.
 const QList<TailleCourante>& TaillesCourantes();
 
-/// The sample table of the detection holds 333,334 samples, one for nine pixels, both zone edges included. A frame of
-/// more samples than that would stop the detection: such formats are never a device's first choice.
+/// Whether a frame has more samples, both edges of the zone included, than the detection can hold (engine/sampling.h).
+/// It would stop the detection: such formats are never a device's first choice.
 bool FormatTropGrand(const FormatCamera& format);
 /// Whether a device offers nothing else. False for an empty list.
 bool SontTousTropGrands(const QList<FormatCamera>& formats);

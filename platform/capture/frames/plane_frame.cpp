@@ -76,7 +76,7 @@ void TramePlans::Vide() {
   // A holder of the picture alone may have let go on another thread, as with the frame itself (Prend).
   std::atomic_thread_fence(std::memory_order_acquire);
   Plans_ = PlansImage();
-  Restes_ = kAucun;
+  Phase_.reset();
   EstFaite_ = Cedee_ = Comparee_ = Regardee_ = false;
 }
 
@@ -90,25 +90,24 @@ QImage TramePlans::CedeImage(QSize taille) {
 
 void TramePlans::Prepare() {
   const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
-  if (fonds != nullptr) FaisEchantillons(fonds->Restes);
+  if (fonds != nullptr) FaisEchantillons(fonds->Phase);
 }
 
-// Nine times less memory than a picture. The reader goes three times OctetsParLigne from y to y + 3, so a stored row is
-// three of them long, and row 0 lies up to two of them before the first one.
-void TramePlans::FaisEchantillons(qint32 restes) {
+// A small part of the memory of a picture. The reader goes a step of OctetsParLigne from one sampled row to the next,
+// so a stored row is a step of them long, and row 0 lies up to one less of them before the first one.
+void TramePlans::FaisEchantillons(PhaseEchantillons phase) {
   constexpr qsizetype kMultiple = 64;  // a cache line
-  const qsizetype parLigne = (qsizetype{Plans_.Largeur} + 2) / 3;
-  const qsizetype tiers = (4 * parLigne + 3 * kMultiple - 1) / (3 * kMultiple) * kMultiple;
-  const qsizetype lignes = (qsizetype{Plans_.Hauteur} + 2) / 3;
+  constexpr qsizetype kPas = kPasEchantillon;
+  const qsizetype octets = qsizetype{4} * EchantillonsParmi(Plans_.Largeur);
+  const qsizetype part = (octets + kPas * kMultiple - 1) / (kPas * kMultiple) * kMultiple;  // of a stored row
+  const qsizetype lignes = EchantillonsParmi(Plans_.Hauteur);
   Brute_ = {nullptr, 0, Plans_.Largeur, Plans_.Hauteur, true};
-  Restes_ = kAucun;
-  if (!Agrandis(Echantillons_, static_cast<std::size_t>((3 * lignes + 2) * tiers))) return;
-  quint8* premiere = Echantillons_.data() + 2 * tiers;
-  const qint32 resteX = restes % 3;
-  const qint32 resteY = restes / 3;
-  if (!ConvertitEchantillons(Plans_, resteX, resteY, {premiere, 3 * tiers})) return;
-  Brute_ = {premiere - resteY * tiers, tiers, Plans_.Largeur, Plans_.Hauteur, true};
-  Restes_ = restes;
+  Phase_.reset();
+  if (!Agrandis(Echantillons_, static_cast<std::size_t>((kPas * lignes + kPas - 1) * part))) return;
+  quint8* premiere = Echantillons_.data() + (kPas - 1) * part;
+  if (!ConvertitEchantillons(Plans_, phase, {premiere, kPas * part})) return;
+  Brute_ = {premiere - phase.Y * part, part, Plans_.Largeur, Plans_.Hauteur, true};
+  Phase_ = phase;
 }
 
 bool TramePlans::FaisEntiere() {
@@ -121,11 +120,10 @@ bool TramePlans::FaisEntiere() {
   return EstFaite_;
 }
 
-TrameBrute TramePlans::Echantillons(qint32 resteX, qint32 resteY) {
+TrameBrute TramePlans::Echantillons(PhaseEchantillons phase) {
   Comparee_ = true;
-  const qint32 restes = 3 * resteY + resteX;
-  if (const std::shared_ptr<FondsTrames> fonds = Fonds_.lock()) fonds->Restes = restes;
-  if (Restes_ != restes) FaisEchantillons(restes);
+  if (const std::shared_ptr<FondsTrames> fonds = Fonds_.lock()) fonds->Phase = phase;
+  if (Phase_ != phase) FaisEchantillons(phase);
   return Brute_;
 }
 

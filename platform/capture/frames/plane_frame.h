@@ -6,6 +6,7 @@
 #include <atomic>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -31,10 +32,9 @@ class FondsTrames {
   void Redemande() { Cedent_ = false; }
   size_t Nombre() const;
 
-  /// 3 * resteY + resteX of the pixels that are compared: the driver's thread has those of the next frame ready. It has
-  /// the frame in the nearest caches when it has just decoded it, the reader's has not. Late by a frame it costs time
-  /// and nothing else.
-  std::atomic<qint32> Restes = 0;
+  /// Of the pixels that are compared: the driver's thread has those of the next frame ready. It has the frame in the
+  /// nearest caches when it has just decoded it, the reader's has not. Late by a frame it costs time and nothing else.
+  std::atomic<PhaseEchantillons> Phase = PhaseEchantillons();
   void FixeRegardees(bool regardees);
   bool Regardees() const { return Regardees_; }
 
@@ -67,13 +67,11 @@ class TramePlans : public TrameDifferee {
   QImage CedeImage(QSize taille);
 
   QSize Taille() const override { return {Plans_.Largeur, Plans_.Hauteur}; }
-  TrameBrute Echantillons(qint32 resteX, qint32 resteY) override;
+  TrameBrute Echantillons(PhaseEchantillons phase) override;
   const QImage& Entiere() override;
 
  private:
-  static constexpr qint32 kAucun = -1;
-
-  void FaisEchantillons(qint32 restes);
+  void FaisEchantillons(PhaseEchantillons phase);
   bool FaisEntiere();
   void LacheTampon();
 
@@ -83,11 +81,11 @@ class TramePlans : public TrameDifferee {
   std::vector<quint8> Octets_;
   PlansImage Plans_;
   std::vector<quint8> Echantillons_;
-  TrameBrute Brute_;        // Echantillons_ as they are read
-  qint32 Restes_ = kAucun;  // which ones they are, as in FondsTrames
-  QImage Image_;            // memory of the picture
-  bool EstFaite_ = false;   // Image_ holds this frame
-  bool Cedee_ = false;      // it did, and gave it up
+  TrameBrute Brute_;                        // Echantillons_ as they are read
+  std::optional<PhaseEchantillons> Phase_;  // which ones they are; none are there
+  QImage Image_;                            // memory of the picture
+  bool EstFaite_ = false;                   // Image_ holds this frame
+  bool Cedee_ = false;                      // it did, and gave it up
   bool Comparee_ = false, Regardee_ = false;
 };
 

@@ -44,7 +44,7 @@ class LigneEchantillons {
 
   /// `nombre` samples from pixel `x` on.
   void Prend(qint32 x, qint32 nombre) {
-    PrendUnSurTrois(Lignes_[0] + x, Largeur_ - x, Y.data(), nombre);
+    PrendUnSurPas(Lignes_[0] + x, Largeur_ - x, Y.data(), nombre);
     PrendCouleur(Lignes_[1], x, U.data(), nombre);
     PrendCouleur(Lignes_[2], x, V.data(), nombre);
   }
@@ -53,9 +53,9 @@ class LigneEchantillons {
 
  private:
   void PrendCouleur(const quint8* ligne, qint32 x, quint8* vers, qint32 nombre) const {
-    if (!Paires_) return PrendUnSurTrois(ligne + x, LargeurCouleur_ - x, vers, nombre);
+    if (!Paires_) return PrendUnSurPas(ligne + x, LargeurCouleur_ - x, vers, nombre);
     const qint32 debut = x / 2;
-    PrendUnSurTroisParPaires(ligne + debut, LargeurCouleur_ - debut, x % 2 != 0, vers, nombre);
+    PrendUnSurPasParPaires(ligne + debut, LargeurCouleur_ - debut, x % 2 != 0, vers, nombre);
   }
 
   std::array<const quint8*, 3> Lignes_{};
@@ -65,15 +65,15 @@ class LigneEchantillons {
 
 }  // namespace
 
-bool ConvertitEchantillons(const PlansImage& plans, qint32 resteX, qint32 resteY, const RangEchantillons& vers) {
+bool ConvertitEchantillons(const PlansImage& plans, PhaseEchantillons phase, const RangEchantillons& vers) {
   const Partage partage = PartageDe(plans.Format);
   const libyuv::YuvConstants* matrice = MatriceDe(plans);
   quint8* rangee = vers.Octets;
-  for (qint32 y = resteY; y < plans.Hauteur; y += 3, rangee += vers.Pas) {
+  for (qint32 y = phase.Y; y < plans.Hauteur; y += kPasEchantillon, rangee += vers.Pas) {
     LigneEchantillons ligne(plans, partage, y);
     quint8* pixel = rangee;
-    for (qint32 x = resteX; x < plans.Largeur; x += 3 * kMorceau, pixel += qsizetype{4} * kMorceau) {
-      const qint32 nombre = std::min(kMorceau, (plans.Largeur - x + 2) / 3);
+    for (qint32 x = phase.X; x < plans.Largeur; x += kPasEchantillon * kMorceau, pixel += qsizetype{4} * kMorceau) {
+      const qint32 nombre = std::min(kMorceau, EchantillonsParmi(plans.Largeur - x));
       ligne.Prend(x, nombre);
       if (libyuv::I444ToARGBMatrix(ligne.Y.data(), kMorceau, ligne.U.data(), kMorceau, ligne.V.data(), kMorceau, pixel,
                                    4 * kMorceau, matrice, nombre, 1) != 0)

@@ -1,6 +1,7 @@
 // The pixels that the comparison reads, and no others, out of a frame in planes.
 #pragma once
 
+#include "engine/sampling.h"
 #include "platform/capture/frames/pixel_conversion.h"
 
 namespace vaktor {
@@ -10,9 +11,9 @@ struct RangEchantillons {
   qsizetype Pas;  ///< bytes from one row of samples to the next
 };
 
-/// Converts the pixels with x % 3 == `resteX` and y % 3 == `resteY` (0 to 2) of a frame with EstPlanaire: bytes B, G,
-/// R, 0xff, the same that ConvertitImage gives them. Those of a row come one behind the other. Any thread, no
-/// allocation. False when there is nothing to convert with; the samples are then undefined.
-bool ConvertitEchantillons(const PlansImage& plans, qint32 resteX, qint32 resteY, const RangEchantillons& vers);
+/// Converts the pixels of one phase of a frame with EstPlanaire: bytes B, G, R, 0xff, the same that ConvertitImage
+/// gives them. Those of a row come one behind the other. Any thread, no allocation. False when there is nothing to
+/// convert with; the samples are then undefined.
+bool ConvertitEchantillons(const PlansImage& plans, PhaseEchantillons phase, const RangEchantillons& vers);
 
 }  // namespace vaktor

@@ -1,5 +1,7 @@
 #include "platform/capture/frames/sample_picking.h"
 
+#include "engine/sampling.h"
+
 #if defined(__x86_64__)
 #include <tmmintrin.h>
 #define VAKTOR_SSSE3 __attribute__((target("ssse3")))
@@ -11,6 +13,7 @@ namespace {
 #if defined(__x86_64__)
 
 constexpr qint32 kGroupe = 16;
+constexpr qint32 kPasVecteurs = 3;  // the shuffles know where the samples lie; another step is taken byte by byte
 
 VAKTOR_SSSE3 __m128i Charge(const quint8* p) { return _mm_loadu_si128(reinterpret_cast<const __m128i_u*>(p)); }
 VAKTOR_SSSE3 void Range(quint8* p, __m128i v) { _mm_storeu_si128(reinterpret_cast<__m128i_u*>(p), v); }
@@ -21,7 +24,9 @@ VAKTOR_SSSE3 qint32 PrendGroupes(const quint8* de, qint32 lisibles, quint8* vers
   const __m128i b = _mm_setr_epi8(-1, -1, -1, -1, -1, -1, 2, 5, 8, 11, 14, -1, -1, -1, -1, -1);
   const __m128i c = _mm_setr_epi8(-1, -1, -1, -1, -1, -1, -1, -1, -1, -1, -1, 1, 4, 7, 10, 13);
   qint32 fait = 0;
-  for (; fait + kGroupe <= nombre && 3 * (fait + kGroupe) <= lisibles; fait += kGroupe, de += qsizetype{3} * kGroupe) {
+  constexpr qint32 kOctetsGroupe = kPasVecteurs * kGroupe;
+  for (; fait + kGroupe <= nombre && kPasVecteurs * (fait + kGroupe) <= lisibles;
+       fait += kGroupe, de += kOctetsGroupe) {
     const __m128i ab = _mm_or_si128(_mm_shuffle_epi8(Charge(de), a), _mm_shuffle_epi8(Charge(de + 16), b));
     Range(vers + fait, _mm_or_si128(ab, _mm_shuffle_epi8(Charge(de + 32), c)));
   }
@@ -44,30 +49,30 @@ VAKTOR_SSSE3 qint32 PrendGroupesParPaires(const quint8* de, qint32 lisibles, boo
   return fait;
 }
 
-bool ConnaitSsse3() {
+bool VaParGroupes() {
   static const bool kConnait = __builtin_cpu_supports("ssse3") != 0;
-  return kConnait;
+  return kPasEchantillon == kPasVecteurs && kConnait;
 }
 
 #endif
 
 }  // namespace
 
-void PrendUnSurTrois(const quint8* de, [[maybe_unused]] qint32 lisibles, quint8* vers, qint32 nombre) {
+void PrendUnSurPas(const quint8* de, [[maybe_unused]] qint32 lisibles, quint8* vers, qint32 nombre) {
   qint32 i = 0;
 #if defined(__x86_64__)
-  if (ConnaitSsse3()) i = PrendGroupes(de, lisibles, vers, nombre);
+  if (VaParGroupes()) i = PrendGroupes(de, lisibles, vers, nombre);
 #endif
-  for (; i < nombre; ++i) vers[i] = de[qsizetype{3} * i];
+  for (; i < nombre; ++i) vers[i] = de[qsizetype{kPasEchantillon} * i];
 }
 
-void PrendUnSurTroisParPaires(const quint8* de, [[maybe_unused]] qint32 lisibles, bool impair, quint8* vers,
-                              qint32 nombre) {
+void PrendUnSurPasParPaires(const quint8* de, [[maybe_unused]] qint32 lisibles, bool impair, quint8* vers,
+                            qint32 nombre) {
   qint32 i = 0;
 #if defined(__x86_64__)
-  if (ConnaitSsse3()) i = PrendGroupesParPaires(de, lisibles, impair, vers, nombre);
+  if (VaParGroupes()) i = PrendGroupesParPaires(de, lisibles, impair, vers, nombre);
 #endif
-  for (; i < nombre; ++i) vers[i] = de[(3 * i + (impair ? 1 : 0)) / 2];
+  for (; i < nombre; ++i) vers[i] = de[(kPasEchantillon * i + (impair ? 1 : 0)) / 2];
 }
 
 }  // namespace vaktor

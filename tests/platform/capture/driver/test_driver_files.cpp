@@ -101,13 +101,13 @@ TEST_F(PiloteFichier, AFrameOutlivesTheCameraThatGaveIt) {
     ASSERT_TRUE(Connecte(Fichier("v.film"))) << suite;
     ASSERT_TRUE(SaisitProchaine(*Pilote_)) << suite;
     const ImageCamera trame = Pilote_->CopieTrame();
-    TrameBrute vue = trame.Echantillons(0, 0);
+    TrameBrute vue = trame.Echantillons({});
     const QByteArray avant(reinterpret_cast<const char*>(vue.Bits), 40);
     for (int i = 0; i < 10; ++i) SaisitProchaine(*Pilote_);
     Pilote_.reset();
     EXPECT_EQ(trame.Taille(), QSize(160, 120)) << suite;
-    trame.Echantillons(1, 1);  // others, which have to be made now
-    vue = trame.Echantillons(0, 0);
+    trame.Echantillons({.X = 1, .Y = 1});  // others, which have to be made now
+    vue = trame.Echantillons({});
     EXPECT_EQ(QByteArray(reinterpret_cast<const char*>(vue.Bits), 40), avant) << suite;
     const QImage& entiere = trame.Entiere();
     ASSERT_EQ(entiere.size(), trame.Taille()) << suite;

@@ -99,9 +99,9 @@ TEST(PlansJpeg, SamplesThatFindNoMemoryAreNone) {
   const auto trame = reserve.Prend();
   ASSERT_TRUE(trame->Garde(tampon, info));
   gst_buffer_unref(tampon);
-  EXPECT_EXIT((EpuiseMemoire(), trame->Prepare(), _exit(trame->Echantillons(0, 0).Bits != nullptr ? 1 : 0)),
+  EXPECT_EXIT((EpuiseMemoire(), trame->Prepare(), _exit(trame->Echantillons({}).Bits != nullptr ? 1 : 0)),
               testing::ExitedWithCode(0), "");
-  EXPECT_NE(trame->Echantillons(0, 0).Bits, nullptr) << "with memory again";
+  EXPECT_NE(trame->Echantillons({}).Bits, nullptr) << "with memory again";
 }
 #endif
 

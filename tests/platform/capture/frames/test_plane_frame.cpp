@@ -42,14 +42,15 @@ class TrameEnPlans : public testing::Test {
   }
   static quint32 Lit(const TrameBrute& trame, int x, int y) {
     quint32 pixel = 0;
-    std::memcpy(&pixel, trame.Bits + y * trame.OctetsParLigne + qsizetype{4} * (trame.Serree ? x / 3 : x), 4);
+    std::memcpy(&pixel, trame.Bits + y * trame.OctetsParLigne + qsizetype{4} * (trame.Serree ? x / kPasEchantillon : x),
+                4);
     return pixel;
   }
-  void Verifie(const TrameBrute& vue, const QImage& attendue, int resteX, int resteY) {
+  void Verifie(const TrameBrute& vue, const QImage& attendue, PhaseEchantillons phase) {
     ASSERT_NE(vue.Bits, nullptr);
     EXPECT_EQ(QSize(vue.Largeur, vue.Hauteur), attendue.size());
-    for (int y = resteY; y < kHauteur; y += 3) {
-      for (int x = resteX; x < kLargeur; x += 3) {
+    for (int y = phase.Y; y < kHauteur; y += kPasEchantillon) {
+      for (int x = phase.X; x < kLargeur; x += kPasEchantillon) {
         ASSERT_EQ(Lit(vue, x, y), attendue.pixel(x, y)) << x << ", " << y;
       }
     }
@@ -62,19 +63,20 @@ class TrameEnPlans : public testing::Test {
 TEST_F(TrameEnPlans, SamplesAreThoseOfThePictureWhereverTheZoneBegins) {
   const QImage attendue = Attendue(3);
   const auto trame = Livre(3);
-  for (const int reste : {0, 4, 8, 1, 0}) {
-    const TrameBrute vue = trame->Echantillons(reste % 3, reste / 3);
+  constexpr qint32 kDerniere = kPasEchantillon - 1;
+  for (const PhaseEchantillons phase : {PhaseEchantillons{0, 0}, {1, 1}, {kDerniere, kDerniere}, {1, 0}, {0, 0}}) {
+    const TrameBrute vue = trame->Echantillons(phase);
     EXPECT_TRUE(vue.Serree);
-    Verifie(vue, attendue, reste % 3, reste / 3);
+    Verifie(vue, attendue, phase);
   }
 }
 
 TEST_F(TrameEnPlans, SamplesAreTheSameBeforeAndAfterThePictureWasMade) {
   const QImage attendue = Attendue(4);
   const auto trame = Livre(4);
-  Verifie(trame->Echantillons(1, 1), attendue, 1, 1);
+  Verifie(trame->Echantillons({.X = 1, .Y = 1}), attendue, {.X = 1, .Y = 1});
   EXPECT_EQ(trame->Entiere(), attendue);
-  Verifie(trame->Echantillons(2, 1), attendue, 2, 1);
+  Verifie(trame->Echantillons({.X = 0, .Y = 1}), attendue, {.X = 0, .Y = 1});
 }
 
 TEST_F(TrameEnPlans, OnePictureServesAllFramesWhileTheNewestAloneIsLookedAt) {
@@ -117,7 +119,7 @@ TEST_F(TrameEnPlans, APictureGoesOnceNobodyLooks) {
   auto trame = Livre(5);
   trame->Entiere();
   trame.reset();
-  Livre(6)->Echantillons(0, 0);  // compared only
+  Livre(6)->Echantillons({});  // compared only
   Livre(7);
   trame = Livre(8);
   EXPECT_TRUE(trame->CedeImage(trame->Taille()).isNull());
@@ -141,7 +143,7 @@ TEST_F(TrameEnPlans, FramesAndTheirMemoryComeBack) {
   const uchar* premiers = nullptr;
   for (unsigned germe = 0; germe < 30; ++germe) {
     auto trame = Livre(germe);
-    const uchar* bits = trame->Echantillons(0, 0).Bits;
+    const uchar* bits = trame->Echantillons({}).Bits;
     if (germe == 2) premiers = bits;
     if (germe > 2 && germe % 2 == 0) {
       EXPECT_EQ(bits, premiers) << "two frames take turns";

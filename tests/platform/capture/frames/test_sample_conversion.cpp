@@ -34,22 +34,29 @@ class Planaire {
   std::array<std::unique_ptr<quint8[]>, 3> Octets_;
 };
 
-void Compare(const PlansImage& plans, qint32 resteX, qint32 resteY) {
+void Compare(const PlansImage& plans, PhaseEchantillons phase) {
   const QSize taille(plans.Largeur, plans.Hauteur);
   QImage image(taille, QImage::Format_RGB32);
   ASSERT_TRUE(ConvertitImage(plans, image));
-  const qint32 colonnes = std::max(0, (taille.width() - resteX + 2) / 3);
-  const qint32 lignes = std::max(0, (taille.height() - resteY + 2) / 3);
+  const qint32 colonnes = std::max(0, EchantillonsParmi(taille.width() - phase.X));
+  const qint32 lignes = std::max(0, EchantillonsParmi(taille.height() - phase.Y));
   const auto vus =
       std::make_unique<quint8[]>(static_cast<std::size_t>(4 * colonnes) * static_cast<std::size_t>(lignes));
-  ASSERT_TRUE(ConvertitEchantillons(plans, resteX, resteY, {vus.get(), qsizetype{4} * colonnes}));
+  ASSERT_TRUE(ConvertitEchantillons(plans, phase, {vus.get(), qsizetype{4} * colonnes}));
   for (qint32 ligne = 0; ligne < lignes; ++ligne) {
     for (qint32 colonne = 0; colonne < colonnes; ++colonne) {
-      const auto* attendu = image.constScanLine(resteY + 3 * ligne) + qsizetype{4} * (resteX + 3 * colonne);
+      const auto* attendu =
+          image.constScanLine(phase.Y + kPasEchantillon * ligne) + qsizetype{4} * (phase.X + kPasEchantillon * colonne);
       const auto* vu = vus.get() + qsizetype{4} * (qsizetype{ligne} * colonnes + colonne);
       ASSERT_EQ(std::memcmp(vu, attendu, 4), 0) << "sample " << colonne << ", " << ligne << " of " << taille.width()
-                                                << "x" << taille.height() << " from " << resteX << ", " << resteY;
+                                                << "x" << taille.height() << " from " << phase.X << ", " << phase.Y;
     }
+  }
+}
+
+void CompareToutes(const PlansImage& plans) {
+  for (qint32 y = 0; y < kPasEchantillon; ++y) {
+    for (qint32 x = 0; x < kPasEchantillon; ++x) Compare(plans, {.X = x, .Y = y});
   }
 }
 
@@ -59,7 +66,7 @@ TEST_P(ConversionEchantillons, GivesTheBytesOfTheWholePicture) {
   for (const QSize taille : {QSize(1, 1), QSize(2, 3), QSize(48, 6), QSize(67, 33), QSize(640, 9), QSize(1537, 5),
                              QSize(3073, 4), QSize(4613, 2)}) {
     const Planaire trame(GetParam(), taille, GST_VIDEO_COLOR_MATRIX_BT601, false);
-    for (qint32 reste = 0; reste < 9; ++reste) Compare(trame.Plans, reste % 3, reste / 3);
+    CompareToutes(trame.Plans);
     if (HasFatalFailure()) return;
   }
 }
@@ -67,7 +74,7 @@ TEST_P(ConversionEchantillons, GivesTheBytesOfTheWholePicture) {
 TEST_P(ConversionEchantillons, GivesThemForEveryWidth) {
   for (int largeur = 1; largeur <= 160; ++largeur) {
     const Planaire trame(GetParam(), {largeur, 4}, GST_VIDEO_COLOR_MATRIX_BT709, true);
-    for (qint32 reste = 0; reste < 9; ++reste) Compare(trame.Plans, reste % 3, reste / 3);
+    CompareToutes(trame.Plans);
     if (HasFatalFailure()) return;
   }
 }
@@ -77,7 +84,7 @@ TEST_P(ConversionEchantillons, GivesThemInEveryMatrixAndRange) {
        {GST_VIDEO_COLOR_MATRIX_BT601, GST_VIDEO_COLOR_MATRIX_BT709, GST_VIDEO_COLOR_MATRIX_BT2020}) {
     for (const bool pleine : {false, true}) {
       const Planaire trame(GetParam(), {131, 10}, matrice, pleine);
-      Compare(trame.Plans, 1, 2);
+      Compare(trame.Plans, {.X = 1, .Y = kPasEchantillon - 1});
     }
   }
 }
