@@ -75,6 +75,7 @@ void AnalyseurMouvement::SuitReprise(bool reprise) {
   const auto maintenant = static_cast<quint32>(Ports_.Temps.CompteTics());
   if (reprise) {
     DebutReprise_ = maintenant;
+    Serie_.Note(maintenant);
     EnReprise_ = ARanger_ = true;
     RepriseFinie_ = false;
   } else if (EnReprise_) {

@@ -8,6 +8,7 @@
 #include "engine/comparison/sample_table.h"
 #include "engine/live_interval.h"
 #include "engine/pixel_view.h"
+#include "engine/reconnections.h"
 #include "engine/surveillance_ports.h"
 #include "engine/surveillance_state.h"
 
@@ -36,8 +37,13 @@ class AnalyseurMouvement {
   /// Nothing acts yet, for the driver has connected again by itself. Where it does so again and again that is all there
   /// is, and nobody is watched.
   bool EnReprise() const { return EnReprise_; }
+  /// It does so again and again (SerieReprises). Ask at each tick.
+  bool EnSerie() { return Serie_.EnSerie(static_cast<quint32>(Ports_.Temps.CompteTics())); }
   /// The camera was started anew: what came before it is over.
-  void OublieReprise() { EnReprise_ = ARanger_ = false; }
+  void OublieReprise() {
+    EnReprise_ = ARanger_ = false;
+    Serie_.Oublie();
+  }
 
   const VueMouvement& Vue() const { return Vue_; }
   void EffaceVue();
@@ -62,6 +68,7 @@ class AnalyseurMouvement {
   IntervalleLive Intervalle_;
   std::vector<uchar> LigneNoire_;  // one row of the picture that stands in for a missing one
   TempsAnalyse Temps_;
+  SerieReprises Serie_;
   quint32 DebutReprise_ = 0;  // the counter at the first frame after a reconnection
   bool EnReprise_ = false;    // that second is not over, or this frame is compared with one from within it
   bool RepriseFinie_ = false;

@@ -19,6 +19,8 @@ constexpr qint32 kPremierSeuilMs = 2000;
 constexpr qint32 kSeuilSuivantMs = 15000;
 constexpr qint32 kSeuilMs = 1;
 constexpr qint32 kSecondeMs = 1000;
+/// A redraw of the window takes a tenth of it.
+constexpr qint32 kSuspensionMs = 1000;
 
 }  // namespace
 
@@ -48,6 +50,21 @@ class ReglesSurveillance {
   ArmementAlarme Alarme;
   SourisZone Souris;
 
+  /// The redraw lets events in, and one of them may open a message or a dialog, which then stands inside of it for as
+  /// long as nobody answers: the ticks come again by themselves.
+  void Suspend() {
+    Minuteries.Timer1->Desactive();
+    Minuteries.FinSuspension->Active();
+  }
+  void Reprend() {
+    Minuteries.FinSuspension->Desactive();
+    Minuteries.Timer1->Active();
+  }
+  void Arrete() {
+    for (const auto* minuterie : {&Minuteries.Timer1, &Minuteries.Timer2, &Minuteries.FinSuspension})
+      (*minuterie)->Desactive();
+  }
+
  private:
   MinuteriesSurveillance CreeMinuteries() {
     FabriqueMinuteries& fabrique = Ports.Minuteries;
@@ -63,6 +80,7 @@ class ReglesSurveillance {
     m.TimerSeuil = cree(QStringLiteral("TimerSeuil"), kSeuilMs, [this] { Jauge.AjusteSeuil(); });
     m.Timer3 = cree(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
     m.TimerAutoStar = cree(QStringLiteral("TimerAutoStar"), kSecondeMs, [this] { Alarme.DemarreAuto(); });
+    m.FinSuspension = cree(QStringLiteral("FinSuspension"), kSuspensionMs, [this] { Reprend(); });
     return m;
   }
 
@@ -113,15 +131,14 @@ void Surveillance::CacheMoniteur() { Regles_->Etat.Camera.MoniteurCache = true; 
 QString Surveillance::ChangeTexteRetard(const QString& texte) { return Regles_->Alarme.ChangeTexteRetard(texte); }
 void Surveillance::LitArguments(const QString& ligneCommande) { Regles_->Alarme.LitArguments(ligneCommande); }
 void Surveillance::RelanceDemarrageAuto() { Regles_->Alarme.RelanceDemarrageAuto(); }
-void Surveillance::SuspendTic() { Regles_->Minuteries.Timer1->Desactive(); }
-void Surveillance::ReprendTic() { Regles_->Minuteries.Timer1->Active(); }
+void Surveillance::SuspendTic() { Regles_->Suspend(); }
+void Surveillance::ReprendTic() { Regles_->Reprend(); }
 
 void Surveillance::DeconnectePilote() { Regles_->Camera.DeconnectePilote(); }
 
 void Surveillance::Arrete() {
   Regles_->Etat.Alarme.AlarmeArmee = false;
-  Regles_->Minuteries.Timer1->Desactive();
-  Regles_->Minuteries.Timer2->Desactive();
+  Regles_->Arrete();
 }
 
 }  // namespace vaktor

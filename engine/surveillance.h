@@ -55,7 +55,7 @@ class Surveillance {
   void LitArguments(const QString& ligneCommande);  ///< "/alarm" and "/surve", substring without regard to case;
                                                     ///< starts the one-shot timer if either is there
   void RelanceDemarrageAuto();  ///< the FTP companion's "*OKO*": starts that timer again if either was given
-  void SuspendTic();            ///< Timer1 off, while the window is redrawn: no frame is analysed
+  void SuspendTic();            ///< Timer1 off, while the window is redrawn: no frame is analysed, for a second at most
   void ReprendTic();            ///< Timer1 on, whether or not the camera runs: its tick does nothing then
 
   // End of the program, in the order that the shutdown asks for.

@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "base/language.h"
 #include "base/numbers.h"
 #include "engine/detection_zone.h"
 
@@ -17,6 +18,11 @@ namespace {
 constexpr qint32 kImagesTolerables = 33;
 constexpr qint32 kImagesPassageres = 2;
 constexpr quint32 kDureeTolerableMs = 2000;
+
+QString DitSerie(qint32 langue) {
+  return ChoisitLangue(langue, QStringLiteral("elle se reconnecte sans cesse"),
+                       QStringLiteral("it connects again and again"));
+}
 
 }  // namespace
 
@@ -82,12 +88,17 @@ bool TicSurveillance::EstArretee() const {
 }
 
 void TicSurveillance::DitEtat() {
-  const auto dit = [this](Condition quoi, bool dure) { dure ? Ports_.Sante.Signale(quoi) : Ports_.Sante.Leve(quoi); };
   const bool arretee = EstArretee();
   const bool perdu = Ports_.Pilote.SignalPerdu();
-  dit(Condition::kDetectionArretee, arretee);
-  // A camera that comes back again and again gives frames, and not two that could be compared: as good as none.
-  dit(Condition::kSignalPerdu, perdu || Analyse_.EnReprise());
+  arretee ? Ports_.Sante.Signale(Condition::kDetectionArretee) : Ports_.Sante.Leve(Condition::kDetectionArretee);
+  // A camera that comes back again and again gives frames, and few or none that could be compared with another: as good
+  // as none, though the picture looks alive and each loss by itself is too short to count.
+  const bool serie = Analyse_.EnSerie();
+  if (perdu || serie || Analyse_.EnReprise()) {
+    Ports_.Sante.Signale(Condition::kSignalPerdu, serie ? DitSerie(Ports_.Reglages.LangueCourante) : QString());
+  } else {
+    Ports_.Sante.Leve(Condition::kSignalPerdu);
+  }
   // Without the comparison no alarm can come, whatever the camera does: that is the worse news of the two.
   Ports_.Affichage.MontreAvis(arretee ? AvisMoniteur::kDetectionArretee
                               : perdu ? AvisMoniteur::kSignalPerdu

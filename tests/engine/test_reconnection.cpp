@@ -1,5 +1,8 @@
 // What comes after the driver has connected again by itself: nothing that changed meanwhile is taken for motion.
+#include <functional>
+
 #include "engine/engine_fixture.h"
+#include "engine/reconnections.h"
 
 namespace vaktor {
 namespace {
@@ -164,6 +167,116 @@ TEST_F(Reprise, ACameraThatIsStartedAnewHasNothingToWaitFor) {
   Engin.BasculeCamera();
   Tic();
   EXPECT_FALSE(Sante.Dure(Condition::kSignalPerdu));
+}
+
+/// A camera that gives `parSeconde` frames and loses its connection every `dureeMs`; half a second later it is back.
+struct CameraQuiLache {
+  int ParSeconde;
+  int DureeMs;
+};
+
+class CameraInstable : public Reprise, public testing::WithParamInterface<CameraQuiLache> {
+ protected:
+  /// One connection and its end; what is true of the condition is asked at each tick.
+  void Cycle(const CameraQuiLache& camera, const std::function<void(bool)>& aChaqueTic) {
+    const auto attend = [&](int ms) {
+      for (int t = 0; t < ms; t += 10) {
+        Temps.Avance(10);
+        aChaqueTic(Sante.Dure(Condition::kSignalPerdu));
+      }
+    };
+    Pilote.Reprise = true;
+    for (int t = 0; t < camera.DureeMs; t += 1000 / camera.ParSeconde) {
+      Pilote.Perdu = false;
+      Pilote.Arrive();
+      attend(1000 / camera.ParSeconde);
+    }
+    Pilote.Perdu = true;
+    attend(500);
+  }
+};
+
+// The picture looks alive, and each loss by itself is over before it counts.
+TEST_P(CameraInstable, IsALostOneWithoutAGapAndUntilAMinuteAfterTheLastTime) {
+  ArmeSurNoir();
+  Pilote.ParArrivee = true;
+  int regarde = 0;
+  const qint64 debut = Horloge.Millisecondes;
+  while (Horloge.Millisecondes < debut + 90'000) {
+    Cycle(GetParam(), [&](bool dure) {
+      if (Horloge.Millisecondes < debut + 30'000) return;
+      ASSERT_TRUE(dure) << Horloge.Millisecondes - debut;
+      ++regarde;
+    });
+  }
+  EXPECT_GE(regarde, 5900);
+  EXPECT_EQ(Sante.Details[Condition::kSignalPerdu], "elle se reconnecte sans cesse");
+  Cycle({GetParam().ParSeconde, 62'000}, [](bool) {});
+  Pilote.Perdu = false;
+  Pilote.Arrive();
+  EXPECT_FALSE(Sante.Dure(Condition::kSignalPerdu));
+}
+
+INSTANTIATE_TEST_SUITE_P(Cadences, CameraInstable,
+                         testing::Values(CameraQuiLache{1, 2000}, CameraQuiLache{1, 3000}, CameraQuiLache{1, 10'000},
+                                         CameraQuiLache{3, 2000}, CameraQuiLache{3, 3000}, CameraQuiLache{3, 10'000},
+                                         CameraQuiLache{30, 2000}, CameraQuiLache{30, 3000},
+                                         CameraQuiLache{30, 10'000}));
+
+TEST_F(CameraInstable, OneThatStumblesEveryFortySecondsIsNone) {
+  ArmeSurNoir();
+  Pilote.ParArrivee = true;
+  for (int i = 0; i < 10; ++i) {
+    int perdue = 0;
+    Cycle({3, 40'000}, [&](bool dure) { perdue += dure ? 10 : 0; });
+    EXPECT_LT(perdue, 3000) << i;
+  }
+}
+
+TEST_F(CameraInstable, AHealthyOneNeverIs) {
+  for (const int parSeconde : {1, 3, 30}) {
+    Pilote.ParArrivee = false;
+    DemarreSurNoir();
+    Pilote.ParArrivee = true;
+    for (int t = 0; t < 600'000; t += 1000 / parSeconde) {
+      Pilote.Arrive();
+      Temps.Avance(1000 / parSeconde);
+    }
+    EXPECT_TRUE(Sante.Details.isEmpty()) << parSeconde;
+    EXPECT_EQ(Sante.Debuts[Condition::kSignalPerdu], 0);
+    Engin.BasculeCamera();
+  }
+}
+
+TEST_F(CameraInstable, StartedAnewItHasABlankPage) {
+  ArmeSurNoir();
+  Pilote.ParArrivee = true;
+  for (int i = 0; i < 5; ++i) Cycle({3, 3000}, [](bool) {});
+  ASSERT_TRUE(Sante.Dure(Condition::kSignalPerdu));
+  Pilote.Perdu = false;
+  Engin.BasculeCamera();
+  Engin.BasculeCamera();
+  Pilote.Arrive();
+  Temps.Avance(100);
+  EXPECT_FALSE(Sante.Dure(Condition::kSignalPerdu));
+}
+
+// After 49 days the counter comes by the same numbers again.
+TEST(SerieReprises, IsForgottenWhenAMinuteHasPassed) {
+  SerieReprises serie;
+  for (const quint32 t : {1000U, 31'000U, 61'000U}) serie.Note(t);
+  EXPECT_TRUE(serie.EnSerie(61'000));
+  EXPECT_TRUE(serie.EnSerie(120'999));
+  EXPECT_FALSE(serie.EnSerie(121'000));
+  EXPECT_FALSE(serie.EnSerie(61'000));
+  serie.Note(62'000);
+  EXPECT_FALSE(serie.EnSerie(62'000)) << "the first of another series";
+  serie.Oublie();
+  for (const quint32 t : {1000U, 31'000U, 61'001U}) serie.Note(t);
+  EXPECT_FALSE(serie.EnSerie(61'001));
+  serie.Oublie();
+  for (const quint32 t : {0xFFFFFF00U, 0x100U, 0x200U}) serie.Note(t);
+  EXPECT_TRUE(serie.EnSerie(0x200)) << "across the end of the counter";
 }
 
 // The live page fails before the comparison: what was seen before the loss stays in the table until a frame is stored.

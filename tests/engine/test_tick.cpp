@@ -350,11 +350,36 @@ TEST_F(Tick, ToleranceStaysStillForTwoSeconds) {
   EXPECT_EQ(Temps.Trouve(QStringLiteral("Timer2"))->NombreTics(), 2);
 }
 
+// A message that an event opens inside of the redraw stands there until somebody answers it.
+TEST_F(Tick, TicksComeBackByThemselvesWhenSomethingStandsInsideTheRedraw) {
+  ArmeSurNoir();
+  Engin.SuspendTic();
+  const qint32 saisies = Pilote.Saisies;
+  Temps.Avance(990);
+  EXPECT_EQ(Pilote.Saisies, saisies);
+  Temps.Avance(3010);
+  EXPECT_EQ(Pilote.Saisies, saisies + 100);
+  Engin.SuspendTic();
+  Temps.Avance(500);
+  Engin.ReprendTic();
+  Engin.SuspendTic();
+  Temps.Avance(600);
+  EXPECT_FALSE(Active("Timer1")) << "each redraw has a second of its own";
+}
+
+TEST_F(Tick, NoTickComesBackOnceTheProgramEnds) {
+  DemarreSurNoir();
+  Engin.SuspendTic();
+  Engin.Arrete();
+  Temps.Avance(5000);
+  EXPECT_FALSE(Active("Timer1"));
+}
+
 // Whatever keeps the ticks away: nothing that hangs on them can tell of it.
 TEST_F(Tick, FramesThatNobodyTakesForHalfAMinuteAreADetectionThatStandsStill) {
   DemarreSurNoir();
   Temps.Avance(5000);
-  Engin.SuspendTic();
+  Temps.Trouve(QStringLiteral("Timer1"))->Desactive();
   Temps.Avance(10'000);
   EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
   Temps.Avance(20'000);
@@ -369,7 +394,7 @@ TEST_F(Tick, AFrameThatStandsUntakenWhenTheCameraStartsIsNoNewsYet) {
   Temps.Avance(17'000);  // no frame after the last question of the run before
   Engin.BasculeCamera();
   Engin.BasculeCamera();
-  Engin.SuspendTic();
+  Temps.Trouve(QStringLiteral("Timer1"))->Desactive();
   Temps.Avance(16'000);
   EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
   Temps.Avance(2000);
@@ -381,7 +406,7 @@ TEST_F(Tick, ACameraThatGivesNothingOrWhoseFramesAreTakenIsNoneThatIsLeftLying) 
   Temps.Avance(60'000);
   EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
   Pilote.Muette = true;
-  Engin.SuspendTic();
+  Temps.Trouve(QStringLiteral("Timer1"))->Desactive();
   Temps.Avance(60'000);
   EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
   Engin.ReprendTic();

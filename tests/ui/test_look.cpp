@@ -146,6 +146,20 @@ TEST(Skins, TickIsOffWhileTheMessagesArePumpedAndOnAfterwards) {
   EXPECT_TRUE(banc.Temps.Trouve(QStringLiteral("Timer1"))->EstActive());
 }
 
+// What the pump lets in may open a box, which runs a loop of its own inside of it until somebody answers.
+TEST(Skins, FramesAreComparedWhileAMessageStandsInsideTheRedraw) {
+  BancFenetre banc;
+  banc.Engin.BasculeCamera();
+  quint32 vues = 0;
+  banc.Pompe.EnAttente = [&] {
+    const quint32 avant = banc.Engin.Detection().Comparees;
+    banc.Temps.Avance(4000);
+    vues = banc.Engin.Detection().Comparees - avant;
+  };
+  banc.Fenetre.Options().CombSkin->setCurrentIndex(1);
+  EXPECT_EQ(vues, 100U);
+}
+
 // The camera would go on without anybody looking at its frames.
 TEST(Skins, TickComesAgainAfterARedrawThatFailed) {
   BancFenetre banc;
