@@ -14,25 +14,34 @@ bool EstNomPropre(const QString& nom) {
                       [](QChar signe) { return signe.unicode() < 0x20 || signe == QChar(0x7F); });
 }
 
-QFileInfoList ListeFichiers(const QString& dossier) {
+}  // namespace
+
+QFileInfoList FilePhotos::ListeFichiers() {
   // By time and then by name: photos of one second keep their order.
-  QFileInfoList photos = QDir(dossier).entryInfoList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+  QFileInfoList photos = QDir(Dossier_).entryInfoList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
   photos.removeIf([](const QFileInfo& photo) { return !EstNomPropre(photo.fileName()) || photo.isSymLink(); });
   std::stable_sort(photos.begin(), photos.end(),
                    [](const QFileInfo& a, const QFileInfo& b) { return a.lastModified() < b.lastModified(); });
+  QHash<QString, quint64> rangs;
+  for (const QFileInfo& photo : std::as_const(photos)) {
+    const auto connu = Rangs_.constFind(photo.fileName());
+    rangs.insert(photo.fileName(), connu != Rangs_.cend() ? *connu : ++Trouvees_);
+  }
+  Rangs_ = std::move(rangs);
+  std::stable_sort(photos.begin(), photos.end(), [this](const QFileInfo& a, const QFileInfo& b) {
+    return Rangs_.value(a.fileName()) < Rangs_.value(b.fileName());
+  });
   return photos;
 }
 
-}  // namespace
-
-QStringList FilePhotos::Liste() const {
+QStringList FilePhotos::Liste() {
   QStringList noms;
-  for (const QFileInfo& photo : ListeFichiers(Dossier_)) noms.append(photo.fileName());
+  for (const QFileInfo& photo : ListeFichiers()) noms.append(photo.fileName());
   return noms;
 }
 
-qsizetype FilePhotos::Elague() const {
-  const QFileInfoList photos = ListeFichiers(Dossier_);
+qsizetype FilePhotos::Elague() {
+  const QFileInfoList photos = ListeFichiers();
   qint64 octets = 0;
   for (const QFileInfo& photo : photos) octets += photo.size();
   qsizetype retires = 0;

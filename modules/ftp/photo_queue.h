@@ -2,13 +2,16 @@
 #pragma once
 
 #include <QDateTime>
+#include <QFileInfo>
+#include <QHash>
 #include <QString>
 #include <QStringList>
 
 namespace vaktor {
 
-/// A folder of this machine. The main program puts photos in, nobody else takes them out. Holds nothing but the bounds:
-/// the folder itself is the memory, and survives everything that it has to survive.
+/// A folder of this machine. The main program puts photos in, nobody else takes them out. Holds nothing but the bounds
+/// and in which order the photos were found: the folder itself is the memory, and survives everything that it has to
+/// survive.
 class FilePhotos {
  public:
   struct Bornes {
@@ -19,11 +22,12 @@ class FilePhotos {
   explicit FilePhotos(QString dossier) : Dossier_(std::move(dossier)) {}
   FilePhotos(QString dossier, Bornes bornes) : Dossier_(std::move(dossier)), Bornes_(bornes) {}
 
-  /// Names of the photos that wait, oldest first. Files of other kinds, and names that a server could take for a
-  /// command (line breaks, control characters), are left alone.
-  QStringList Liste() const;
+  /// Names of the photos that wait, oldest first: in the order in which they were found, those found together by their
+  /// time. So a clock that is set back does not put the newest before those that wait already. Files of other kinds,
+  /// and names that a server could take for a command (line breaks, control characters), are left alone.
+  QStringList Liste();
   /// Deletes the oldest until both bounds hold; the number deleted.
-  qsizetype Elague() const;
+  qsizetype Elague();
   QString Chemin(const QString& nom) const { return Dossier_ + QLatin1Char('/') + nom; }
   /// When the photo was taken: the file's own time, since the name carries the date of the program's start.
   QDateTime DonnePrise(const QString& nom) const;
@@ -34,8 +38,12 @@ class FilePhotos {
   void Retire(const QString& nom) const;
 
  private:
+  QFileInfoList ListeFichiers();
+
   QString Dossier_;
   Bornes Bornes_;
+  QHash<QString, quint64> Rangs_;  // of the photos that wait, in the order in which they were found
+  quint64 Trouvees_ = 0;
 };
 
 }  // namespace vaktor

@@ -76,11 +76,7 @@ void ModuleMail::CommenceCourriel() {
   // The newest report: the second mail of a row shows what went on after the first.
   Intrusion_ = DerniereIntrusion_;
   EnCours_ = {};
-  EnCours_.Nom =
-      QStringLiteral("%1-%2-%3")
-          .arg(QDateTime::fromMSecsSinceEpoch(Intrusion_, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz")),
-               Ports_.Marque)
-          .arg(++Fait_);
+  EnCours_.Nom = QStringLiteral("%1-%2-%3").arg(Boite_.DonneRang(Intrusion_), Ports_.Marque).arg(++Fait_);
   EnCours_.Expediteur = Reglages_.Adresses.Expediteur;
   EnCours_.Destinataires = Reglages_.Adresses.Destinataires;
   EnCours_.FaitA = Intrusion_;

@@ -1,5 +1,6 @@
 #include "modules/mail/outbox.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -159,7 +160,18 @@ void BoiteEnvoi::RemetTout() {
   for (const QString& nom : ListeNoms(Dossier_, kEssais)) QFile::remove(Chemin(nom, kEssais));
 }
 
-QStringList BoiteEnvoi::Elague(qint64 maintenant) {
+QString BoiteEnvoi::DonneRang(qint64 faitA) const {
+  qint64 rang = faitA;
+  for (const QString& nom : DonneNoms()) {
+    // Others, of a person or of a test, sort as they please.
+    const QDateTime moment(QDate::fromString(nom.left(8), QStringLiteral("yyyyMMdd")),
+                           QTime::fromString(nom.mid(8, 9), QStringLiteral("HHmmsszzz")), Qt::UTC);
+    if (moment.isValid()) rang = std::max(rang, moment.toMSecsSinceEpoch() + 1);
+  }
+  return QDateTime::fromMSecsSinceEpoch(rang, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz"));
+}
+
+QStringList BoiteEnvoi::Elague(qint64 maintenant, const QSet<QString>& essayes) {
   QStringList abandonnes;
   for (const char* fin : {kRefuse, kMauvais})
     for (const QFileInfo& f : QDir(Dossier_).entryInfoList({u'*' + QLatin1String(fin)}, QDir::Files))
@@ -167,7 +179,8 @@ QStringList BoiteEnvoi::Elague(qint64 maintenant) {
   const QList<CourrielEnAttente> liste = Liste();
   qsizetype reste = liste.size();
   for (const CourrielEnAttente& c : liste) {
-    if (maintenant - c.FaitA <= kAgeMaxMs && reste <= kCourrielsMax) continue;
+    const bool vieux = maintenant - c.FaitA > kAgeMaxMs && essayes.contains(c.Nom);
+    if (!vieux && reste <= kCourrielsMax) continue;
     --reste;
     QFile::remove(Chemin(c.Nom, kCourriel));
     QFile::remove(Chemin(c.Nom, kEssais));

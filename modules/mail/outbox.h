@@ -13,6 +13,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <optional>
@@ -66,8 +67,12 @@ class BoiteEnvoi {
   void MetDeCote(const QString& nom);
   /// The settings were changed: everything may be tried at once, what was refused too.
   void RemetTout();
-  /// Gives up what is too old or too much, the oldest first; the names given up.
-  QStringList Elague(qint64 maintenant);
+  /// Gives up what is too old or too much, the oldest first; the names given up. Too old is only what is among
+  /// `essayes`, the mails that were tried in this run: by a clock that was set forward all of them are.
+  QStringList Elague(qint64 maintenant, const QSet<QString>& essayes);
+  /// How the name of a mail made at `faitA` (milliseconds since 1970) begins so that it sorts by the time: behind all
+  /// that are in the box, also when the clock was set back since they were made.
+  QString DonneRang(qint64 faitA) const;
 
   /// Milliseconds after the n-th failed attempt: 10, 30 s, 1, 2, 5, 10, 15 min, then every 30 min.
   static qint64 AttenteApresEssai(int essais);

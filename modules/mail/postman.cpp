@@ -43,8 +43,10 @@ qint64 Facteur::Tour() {
   const qint64 maintenant = Maintenant_();
   const qint64 pourTous = AttenteSaine(PasAvant_ - maintenant);
   if (pourTous > 0) return pourTous;
-  for (const QString& nom : Boite_.Elague(maintenant))
+  for (const QString& nom : Boite_.Elague(maintenant, Essayes_)) {
+    Essayes_.remove(nom);
     Rapporte_({nom, {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
+  }
   qint64 attente = kRienAFaire;
   QList<CourrielEnAttente> liste = Boite_.Liste();
   std::stable_partition(liste.begin(), liste.end(), [](const CourrielEnAttente& c) { return c.Prioritaire; });
@@ -62,6 +64,7 @@ void Facteur::NoteAccepte(const QString& nom) {
   // First of all that it has gone: whatever the disk or the memory does afterwards, it does not go again.
   Partis_.insert(nom);
   Plafond_.Note(Maintenant_());
+  Essayes_.remove(nom);
   Boite_.Acheve(nom);
 }
 
@@ -90,6 +93,7 @@ qint64 Facteur::EssaieUneFois(const CourrielEnAttente& courriel) {
 qint64 Facteur::TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat) {
   const qint64 maintenant = Maintenant_();
   const bool duCourriel = ConcerneLeCourriel(resultat.Cause);
+  Essayes_.insert(courriel.Nom);
   qint64 attente = 0;
   if (duCourriel && resultat.Definitif) {
     Boite_.MetDeCote(courriel.Nom);

@@ -56,6 +56,7 @@ class Facteur {
   qint64 PasAvant_ = 0;              // no mail at all before
   QHash<QString, qint64> Reportes_;  // the next attempt of a mail, also where the disk could not take the note
   QSet<QString> Partis_;             // accepted: never again, even if the disk kept the file
+  QSet<QString> Essayes_;            // those that stayed: what was never tried is not given up for its age
 };
 
 }  // namespace vaktor

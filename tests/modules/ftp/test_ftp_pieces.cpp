@@ -103,7 +103,7 @@ struct File : testing::Test {
 
 TEST_F(File, TheOldestGoWhenTooManyWait) {
   for (int i = 0; i < 6; ++i) Pose(QStringLiteral("%1.jpg").arg(i), 10, i * 10);
-  const FilePhotos file(Temporaire.path(), {.Octets = 1000, .Nombre = 4});
+  FilePhotos file(Temporaire.path(), {.Octets = 1000, .Nombre = 4});
   EXPECT_EQ(file.Elague(), 2);
   EXPECT_EQ(file.Liste(), QStringList({"3.jpg", "2.jpg", "1.jpg", "0.jpg"}));
   EXPECT_EQ(file.Elague(), 0);
@@ -112,21 +112,40 @@ TEST_F(File, TheOldestGoWhenTooManyWait) {
 TEST_F(File, TheOldestGoWhenTheyTakeTooMuchRoom) {
   for (int i = 0; i < 6; ++i) Pose(QStringLiteral("%1.jpg").arg(i), 100, i * 10);
   Pose("autre.txt", 5000, 1000);
-  const FilePhotos file(Temporaire.path(), {.Octets = 399, .Nombre = 100});
+  FilePhotos file(Temporaire.path(), {.Octets = 399, .Nombre = 100});
   EXPECT_EQ(file.Elague(), 3);
   EXPECT_EQ(Noms(), QStringList({"0.jpg", "1.jpg", "2.jpg", "autre.txt"}));
+}
+
+TEST_F(File, AClockThatIsSetBackPutsNoNewPhotoBeforeThoseThatWait) {
+  FilePhotos file(Temporaire.path(), {.Octets = 1000, .Nombre = 3});
+  Pose("1.jpg", 10, 10);
+  Pose("2.jpg", 10, 0);
+  EXPECT_EQ(file.Liste(), QStringList({"1.jpg", "2.jpg"}));
+  Pose("4.jpg", 10, 3600);
+  Pose("3.jpg", 10, 3610);
+  EXPECT_EQ(file.Liste(), QStringList({"1.jpg", "2.jpg", "3.jpg", "4.jpg"}));
+  EXPECT_EQ(file.Elague(), 1);
+  EXPECT_EQ(Noms(), QStringList({"2.jpg", "3.jpg", "4.jpg"}));
+  file.Retire("2.jpg");
+  Pose("2.jpg", 10, 7200);
+  EXPECT_EQ(file.Liste(), QStringList({"2.jpg", "3.jpg", "4.jpg"})) << "gone and back between two looks: as it was";
+  file.Retire("2.jpg");
+  EXPECT_EQ(file.Liste().size(), 2);
+  Pose("2.jpg", 10, 7200);
+  EXPECT_EQ(file.Liste(), QStringList({"3.jpg", "4.jpg", "2.jpg"})) << "a new photo of that name";
 }
 
 TEST_F(File, NamesThatAreCommandsAreLeftAlone) {
   Pose("a\r\nDELE b.jpg", 1, 0);
   Pose("b.jpg", 1, 0);
   QFile::link("/etc/hostname", Temporaire.filePath("lien.jpg"));
-  const FilePhotos file(Temporaire.path());
+  FilePhotos file(Temporaire.path());
   EXPECT_EQ(file.Liste(), QStringList("b.jpg"));
 }
 
 TEST_F(File, AMissingFolderIsEmpty) {
-  const FilePhotos file(Temporaire.filePath("pas/la"));
+  FilePhotos file(Temporaire.filePath("pas/la"));
   EXPECT_TRUE(file.Liste().isEmpty());
   EXPECT_EQ(file.Elague(), 0);
 }

@@ -39,6 +39,20 @@ TEST_F(Mail, SoManyInARowThenNoneForFiveMinutes) {
   EXPECT_EQ(Nombre(), 6);
 }
 
+TEST_F(Mail, AClockThatIsSetBackPutsNoNewMailBeforeThoseThatWait) {
+  Intrusion();
+  Temps.Avance(60'000);
+  Debut -= 3'600'000;
+  Temps.Avance(ModuleMail::kPause);
+  Intrusion();
+  Temps.Avance(60'000);
+  const QList<CourrielEnAttente> liste = Boite.Liste();
+  ASSERT_EQ(liste.size(), 2);
+  EXPECT_GT(liste[0].FaitA, liste[1].FaitA) << "by the clock";
+  EXPECT_LT(liste[0].Nom, liste[1].Nom);
+  EXPECT_TRUE(liste[1].Nom.endsWith("-2")) << liste[1].Nom.toStdString();
+}
+
 TEST_F(Mail, NoneAreWanted) {
   Reglages.Valeurs.MailNombreMail = "0";
   Module->PrendReglages(Reglages);

@@ -116,8 +116,24 @@ TEST_F(Boite, OldAndTooManyAreGivenUp) {
   Depose("a");
   Maintenant += BoiteEnvoi::kAgeMaxMs + 1;
   Depose("b");
-  EXPECT_EQ(B.Elague(Maintenant).join(u'|'), "a");
+  EXPECT_EQ(B.Elague(Maintenant, {"a", "b"}).join(u'|'), "a");
   EXPECT_EQ(Noms(), "b");
+  for (int i = 0; i < BoiteEnvoi::kCourrielsMax; ++i) {
+    QFile f(Dossier + QStringLiteral("/c%1.mail").arg(i, 4, 10, QChar('0')));
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write("{\"made\":1700000000000,\"from\":\"x\",\"to\":[\"y\"]}\n");
+  }
+  EXPECT_EQ(B.Elague(Maintenant, {}).join(u'|'), "b") << "the disk is not filled, tried or not";
+}
+
+TEST_F(Boite, NamesSortInTheOrderOfTheMailsAlsoWhenTheClockIsSetBack) {
+  EXPECT_EQ(B.DonneRang(Maintenant), "20231114221320000");
+  Depose(B.DonneRang(Maintenant) + "-essai-9");
+  EXPECT_EQ(B.DonneRang(Maintenant), "20231114221320001") << "two mails of one report";
+  Depose(B.DonneRang(Maintenant) + "-essai-10");
+  Depose("of a person");
+  EXPECT_EQ(B.DonneRang(Maintenant - kHeure), "20231114221320002");
+  EXPECT_EQ(B.DonneRang(Maintenant + kHeure), "20231114231320000");
 }
 
 /// A postman with a server that is played by hand.
@@ -172,12 +188,40 @@ TEST_F(Poste, AMailOfTheWatchGoesBeforeAllOthersThatWait) {
   EXPECT_EQ(Recus.join(u'|'), "y|z|a|b");
 }
 
+// By a clock that jumps forward, or in a machine that was off for a month, everything is old.
+TEST_F(Poste, AMailIsNotGivenUpBeforeItWasTried) {
+  Depose("a");
+  Depose("b");
+  Depose("c");
+  Maintenant += 30 * 24 * kHeure;
+  Serveur = [](const QString& nom) {
+    return nom == "a" ? ResultatEnvoi{.Cause = CauseEchec::kDestinataireRefuse} : ResultatEnvoi{.Accepte = true};
+  };
+  Travaille(kMinute);
+  EXPECT_EQ(Recus.join(u'|'), "b|c");
+  EXPECT_EQ(Rapports.join(u'|'), "a plus tard|a non|b ok|c ok");
+  Depose("a");
+  Maintenant += 30 * 24 * kHeure;
+  Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
+  Travaille(kMinute);
+  EXPECT_EQ(Recus.join(u'|'), "b|c|a") << "another mail of that name, which was never tried";
+}
+
+TEST_F(Poste, EachMailIsTriedOnceThoughTheServerIsAway) {
+  Depose("a");
+  Depose("b");
+  Maintenant += 30 * 24 * kHeure;
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kPasDeConnexion}; };
+  Travaille(5 * kHeure);
+  EXPECT_EQ(Rapports.join(u'|'), "a plus tard|a non|b plus tard|b non");
+}
+
 TEST_F(Poste, OfTooManyTheOldestIsGivenUpAndNotTheOneThatGoesFirst) {
   Depose("a");
   Maintenant += BoiteEnvoi::kAgeMaxMs - kHeure;
   Depose("z", "message", true);
   Maintenant += 2 * kHeure;
-  EXPECT_EQ(B.Elague(Maintenant).join(u'|'), "a");
+  EXPECT_EQ(B.Elague(Maintenant, {"a", "z"}).join(u'|'), "a");
   EXPECT_EQ(Noms(), "z");
 }
 
