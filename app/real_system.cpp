@@ -6,7 +6,7 @@
 #include "platform/base/program_folders.h"
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/channel/local_channel.h"
-#include "platform/store/file_store.h"
+#include "platform/disk/bounded_store.h"
 
 namespace vaktor {
 
@@ -51,7 +51,7 @@ PortsSysteme SystemeReel::Ports() {
   return {
       .Dossiers = Dossiers_,
       .PrepareDossiers = [this] { return PrepareDossiersSansAttendre(); },
-      .OuvreMagasin = [this] { return std::make_unique<MagasinFichier>(TrouveFichierReglages(Arguments_.Dossier)); },
+      .OuvreMagasin = [this] { return std::make_unique<MagasinBorne>(TrouveFichierReglages(Arguments_.Dossier)); },
       .DossierMagasin = reglages,
       .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
       .CreePilote =

@@ -13,8 +13,8 @@ namespace vaktor {
 
 /// A disk has room again, a network volume is back: nobody changes a setting only to try, and until a save succeeds the
 /// companions work with the old ones. Every kPauseMs while kReglagesNonSauves counts, and only when `repond` says that
-/// the disk of the store answers: a save waits for it without a bound, on the thread of the windows, where nobody has
-/// asked for anything. `repond` itself must not wait long. Owner: app/. User-interface thread.
+/// the disk of the store answers: a save that it does not take holds the thread of the windows for a second, where
+/// nobody has asked for anything. `repond` itself must not wait long. Owner: app/. User-interface thread.
 class ReessaieReglages : public ObservateurSante {
  public:
   static constexpr qint64 kPauseMs = 30'000;

@@ -92,6 +92,13 @@ void MagasinFichier::RendAuxReprises() {
   }
 }
 
+QMap<QString, QString> MagasinFichier::DonneTout() const {
+  QMap<QString, QString> valeurs;
+  for (const QString& chemin : Magasin_->allKeys()) valeurs.insert(chemin, Magasin_->value(chemin).toString());
+  valeurs.insert(Attente_);
+  return valeurs;
+}
+
 void MagasinFichier::Relit() { OuvreMagasin(); }
 
 void MagasinFichier::GardeFichierAbime() {

@@ -32,6 +32,9 @@ class MagasinFichier : public MagasinReglages {
   void Vide() override;
   QString Emplacement() const override { return Fichier_; }
 
+  /// All values, by "section/key", with those that are set and not yet on the disk.
+  QMap<QString, QString> DonneTout() const;
+
   /// Reads the file again where another process has changed it: what a companion does when it is told "Optio".
   void Relit();
 

@@ -161,6 +161,18 @@ int Supprime(const char* chemin) {
   return Ce().Vivants.erase(chemin) == 1 ? 0 : -ENOENT;
 }
 
+int Renomme(const char* ancien, const char* nouveau, unsigned int) {
+  const auto garde = Entre();
+  const auto noeud = Trouve(ancien);
+  if (!noeud) return -ENOENT;
+  Ce().Vivants.erase(ancien);
+  Ce().Vivants[nouveau] = noeud;
+  return 0;
+}
+
+// It has no modes, as a volume of another system.
+int ChangeMode(const char*, mode_t, fuse_file_info*) { return 0; }
+
 int VideFichier(const char* chemin, int, fuse_file_info*) {
   const auto garde = Entre();
   const auto noeud = Trouve(chemin);
@@ -231,6 +243,8 @@ int main(int argc, char** argv) {
   operations.write = Ecrit;
   operations.truncate = Coupe;
   operations.unlink = Supprime;
+  operations.rename = Renomme;
+  operations.chmod = ChangeMode;
   operations.fsync = VideFichier;
   operations.fsyncdir = VideDossier;
   operations.statfs = Mesure;
