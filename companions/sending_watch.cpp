@@ -1,5 +1,6 @@
 #include "companions/sending_watch.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <cstdio>
 #include <exception>
@@ -35,6 +36,7 @@ void SuiviEnvois::Regarde() {
   SuitInterrupteurs();
   JugeCourriels();
   JugePage();
+  JugeNouvelles();
   if (Ports_.Reglages.MailActif || LiveDepuis_)
     Ports_.Lecteur.LitEtats([this](const EtatsCompagnons& etats) { Recoit(etats); });
 }
@@ -48,17 +50,55 @@ void SuiviEnvois::SuitInterrupteurs() {
   } else if (!LiveDepuis_) {
     LiveDepuis_ = Maintenant();
   }
+  SuitNouvelles(Compagnon::kMail, Ports_.Reglages.MailActif && Ports_.Liaison.HandleMail != 0);
+  SuitNouvelles(Compagnon::kFtp, LiveDepuis_ && Ports_.Liaison.HandleFTP != 0);
+}
+
+// One that has ended or hangs is told as that, and its silence is no second failure.
+void SuiviEnvois::SuitNouvelles(Compagnon qui, bool attendues) {
+  Nouvelles& siennes = De(qui);
+  if (!attendues || (Ports_.Present && !Ports_.Present(qui)))
+    siennes.Depuis.reset();
+  else if (!siennes.Depuis)
+    siennes.Depuis = Maintenant();
+}
+
+// What it says of its life is compared and not counted: no clock that is set makes it old. One that says nothing of it
+// lives as long as its file is there.
+bool SuiviEnvois::EstNouvelle(Compagnon qui, const EtatCompagnon& etat) {
+  const qint32 poignee = qui == Compagnon::kFtp ? Ports_.Liaison.HandleFTP : Ports_.Liaison.HandleMail;
+  if (etat.Poignee == 0 || etat.Poignee != poignee) return false;
+  Nouvelles& siennes = De(qui);
+  const bool change = etat.Battement.isEmpty() || etat.Battement != siennes.Battement;
+  siennes.Battement = etat.Battement;
+  if (change && siennes.Depuis) siennes.Depuis = Maintenant();
+  return true;
+}
+
+void SuiviEnvois::JugeNouvelles() {
+  QStringList muets;
+  for (const Compagnon qui : {Compagnon::kMail, Compagnon::kFtp}) {
+    const std::optional<qint64> depuis = De(qui).Depuis;
+    if (depuis && Maintenant() - *depuis > kSansNouvelles) muets.append(DonneIdentite(qui).Programme);
+  }
+  if (muets.isEmpty())
+    Ports_.Sante.Leve(Condition::kEnvoisInconnus);
+  else
+    Ports_.Sante.Signale(Condition::kEnvoisInconnus, muets.join(QStringLiteral(", ")));
 }
 
 void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
   SuitInterrupteurs();
   const qint64 maintenant = Maintenant();
-  if (Ports_.Reglages.MailActif && etats.Mail.Poignee != 0 && etats.Mail.Poignee == Ports_.Liaison.HandleMail) {
+  const bool mail = EstNouvelle(Compagnon::kMail, etats.Mail);
+  const bool ftp = EstNouvelle(Compagnon::kFtp, etats.Ftp);
+  JugeNouvelles();
+  if (Ports_.Reglages.MailActif && mail) {
     AttendDepuis_ = etats.Mail.Attente ? std::optional(maintenant - *etats.Mail.Attente) : std::nullopt;
     MotsMail_ = etats.Mail.MotsServeur;
     JugeCourriels();
   }
-  if (LiveDepuis_ && etats.Ftp.Poignee != 0 && etats.Ftp.Poignee == Ports_.Liaison.HandleFTP) {
+  if (LiveDepuis_ && ftp) {
     FtpParle_ = true;
     // One that was started again has published nothing so far; the image of the one before is still on the site.
     if (etats.Ftp.Publie) PublieA_ = maintenant - *etats.Ftp.Publie;

@@ -1,8 +1,12 @@
 // Whether what leaves the machine arrives: mails that wait, a live page that nobody renews any more.
 #pragma once
 
+#include <QString>
+#include <functional>
 #include <memory>
+#include <optional>
 
+#include "companions/contract/command_words.h"
 #include "companions/link_state.h"
 #include "companions/ports/companion_status.h"
 #include "engine/live_interval.h"
@@ -20,11 +24,14 @@ struct PortsEnvois {
   FabriqueMinuteries& Minuteries;
   LecteurEtats& Lecteur;
   RapportSante& Sante;
+  /// This companion is there and takes its messages: what it writes can be expected. Empty: it always is.
+  std::function<bool(Compagnon)> Present = {};
 };
 
 /// Judges by time alone: what a companion said last goes on ageing when it dies, hangs, or its disk does not answer. A
-/// file is news only when the companion that is registered now has written it; one that keeps no such file is never
-/// judged. Nothing stands while mails, or the live page, are switched off.
+/// file is news only when the companion that is registered now has written it, and not the same text of life again; of
+/// one that gives no news for kSansNouvelles nobody knows whether its mails and images arrive, which is a condition of
+/// its own. Nothing stands while mails, or the live page, are switched off.
 /// Owner: app/. User-interface thread.
 class SuiviEnvois {
  public:
@@ -32,6 +39,7 @@ class SuiviEnvois {
   static constexpr qint64 kAttenteMax = 5 * 60 * 1000;    ///< that a mail may wait
   static constexpr int kIntervallesPage = 3;              ///< intervals that the live image may be old,
   static constexpr qint64 kMargePage = 30'000;            ///< and so many milliseconds
+  static constexpr qint64 kSansNouvelles = 180'000;       ///< three times what our own companions take to say something
   static constexpr qint64 kIntervalleParDefaut = 10'000;  ///< for a text that is no number
 
   explicit SuiviEnvois(const PortsEnvois& ports);
@@ -45,6 +53,15 @@ class SuiviEnvois {
   void SuitInterrupteurs();
   void JugeCourriels();
   void JugePage();
+  void JugeNouvelles();
+  /// News of one of them, which is being waited for or not.
+  struct Nouvelles {
+    std::optional<qint64> Depuis;  // of the last, or since they are waited for; as Ecoule_
+    QString Battement;
+  };
+  void SuitNouvelles(Compagnon qui, bool attendues);
+  bool EstNouvelle(Compagnon qui, const EtatCompagnon& etat);
+  Nouvelles& De(Compagnon qui) { return qui == Compagnon::kFtp ? NouvellesFtp_ : NouvellesMail_; }
   qint64 Maintenant();
   qint64 DonneAgeMax();
 
@@ -58,6 +75,7 @@ class SuiviEnvois {
   std::optional<qint64> PublieA_;
   bool FtpParle_ = false;  // its file was read since the switch is on
   QString MotsMail_, MotsFtp_;
+  Nouvelles NouvellesMail_, NouvellesFtp_;
   std::unique_ptr<Minuterie> TimerEnvois_;
 };
 

@@ -99,6 +99,13 @@ constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
     {Condition::kPageAncienne, Gravite::kBoiteuse, kAusitot, "page-old", "La page en direct montre une image ancienne",
      "The live page shows an old picture", "Vérifiez la connexion à Internet et les réglages de la page FTP.",
      "Check the connection to the internet and the settings of the page FTP."},
+    {Condition::kEnvoisInconnus, Gravite::kAvis, kAusitot, "sending-unknown",
+     "On ne sait pas si les courriels ou la page en direct partent : un programme ne donne plus de nouvelles",
+     "Whether mails or the live page get through is not known: a program gives no news of its work",
+     "Faites de la place sur le disque de votre dossier personnel et vérifiez que Vaktor peut y écrire. En attendant, "
+     "regardez vous-même si les courriels et la page arrivent.",
+     "Make room on the disk of your home folder and see that Vaktor can write there. Until then, see for yourself "
+     "whether mails and page arrive."},
     {Condition::kVeillePossible, Gravite::kAvis, kAusitot, "sleep-possible",
      "L'ordinateur peut se mettre en veille pendant que la caméra marche",
      "The computer may go to sleep while the camera runs",

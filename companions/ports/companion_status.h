@@ -13,7 +13,9 @@ struct EtatCompagnon {
   qint32 Poignee = 0;  ///< of the companion that wrote it; 0 where there is no file, or none that makes sense
   std::optional<qint64> Attente;  ///< mail: age of the oldest mail that waits
   std::optional<qint64> Publie;   ///< FTP: age of the last live image on the site
-  QString MotsServeur;            ///< what the other side said, of a failure that stands; one line
+  QString MotsServeur = {};       ///< what the other side said, of a failure that stands; one line
+  /// Another text each time the companion has said that it lives; empty where its file tells nothing of the kind.
+  QString Battement = {};
 };
 
 struct EtatsCompagnons {

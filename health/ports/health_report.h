@@ -21,10 +21,11 @@ enum class Condition {
   kBoitesNonEcrites,    ///< our own inboxes cannot be written into the store; the detail is the reason (companions)
   kCourrielsEnAttente,  ///< mails wait longer than five minutes; the detail is the server's word (companions)
   kPageAncienne,        ///< the live page is older than three of its intervals and 30 s (companions)
+  kEnvoisInconnus,      ///< a companion gives no news of its work; the detail is its name (companions)
   kVeillePossible,  ///< the machine may go to sleep while the camera runs: the request not to was refused (platform)
   kInterruption,    ///< the machine slept, or the clock jumped: the detail is the gap (platform)
 };
-inline constexpr int kNombreConditions = 15;
+inline constexpr int kNombreConditions = 16;
 
 /// User-interface thread. Both calls are cheap and may be repeated at each frame.
 class RapportSante {

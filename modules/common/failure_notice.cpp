@@ -60,10 +60,16 @@ bool EtatModule::RelitAncien() {
 void EtatModule::Demarre(qint32 poignee, qint64 maintenant) {
   Champs_.insert(QStringLiteral("handle"), poignee);
   Champs_.insert(QStringLiteral("started"), EcritInstant(maintenant));
+  Champs_.insert(QStringLiteral("alive"), EcritInstant(maintenant));
   if (RelitAncien())
     Ecrit();
   else
     Change(QStringLiteral("ok"), {});
+}
+
+void EtatModule::Bat(qint64 maintenant) {
+  Champs_.insert(QStringLiteral("alive"), EcritInstant(maintenant));
+  Ecrit();
 }
 
 void EtatModule::NoteChamp(const QString& champ, const QString& valeur) {

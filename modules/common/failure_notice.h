@@ -21,12 +21,14 @@ struct AvisEchec {
 };
 
 /// Writes "<name>.json" into the state folder: mode 0600, replaced whole. Fields: "program", "state" ("ok" or
-/// "failure"), "since" (local date and time), "subject", "server", "fr", "en"; once started "handle" and "started"; and
-/// those of the companion itself.
+/// "failure"), "since" (local date and time), "subject", "server", "fr", "en"; once started "handle", "started" and
+/// "alive"; and those of the companion itself.
 class EtatModule {
  public:
   /// Milliseconds between two writings for a field of the companion's own that only got another value.
   static constexpr qint64 kRythme = 5000;
+  /// Milliseconds between two signs of life.
+  static constexpr qint32 kBattement = 60'000;
 
   using Notifieur = std::function<void(const QString& titre, const QString& texte)>;
 
@@ -37,6 +39,9 @@ class EtatModule {
   /// process registers, so that a reader does not take what an earlier one left for news. What failed before, or went
   /// well, still stands.
   void Demarre(qint32 poignee, qint64 maintenant);
+  /// The companion lives, and its file says so: written at once, with what still had to wait. Who reads the file takes
+  /// one that has not changed for some minutes for one that can no longer be written.
+  void Bat(qint64 maintenant);
   /// A field of the companion's own; an empty `valeur` takes it away. Written at once when it comes or goes, else every
   /// kRythme at most: a value that has to wait is written by the next call.
   void NoteChamp(const QString& champ, const QString& valeur);

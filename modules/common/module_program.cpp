@@ -99,6 +99,9 @@ class Execution {
                                  &QDateTime::currentMSecsSinceEpoch,
                                  qEnvironmentVariableIsSet(kVariableRelance.data())});
     Etat_.Demarre(lien.Poignee(), QDateTime::currentMSecsSinceEpoch());
+    const std::unique_ptr<Minuterie> vie = Minuteries_.CreeMinuterie(
+        QStringLiteral("TimerVie"), EtatModule::kBattement, [this] { Etat_.Bat(QDateTime::currentMSecsSinceEpoch()); });
+    vie->Active();
     Module_ = cree(ContexteModule{Dossiers_, Journal_, Etat_, Minuteries_, Temps_,
                                   [&lien](const QString& mot) { lien.Dis(mot); }, [] { QCoreApplication::quit(); }});
     DonneReglages();

@@ -29,6 +29,7 @@ EtatCompagnon LitEtat(const QString& dossier, Compagnon qui, qint64 maintenant) 
   etat.Poignee = std::max(0, objet.value(QStringLiteral("handle")).toInt());
   etat.Attente = LitAge(objet, "waiting_since", maintenant);
   etat.Publie = LitAge(objet, "live_published", maintenant);
+  etat.Battement = objet.value(QStringLiteral("alive")).toString();
   if (objet.value(QStringLiteral("state")).toString() == QLatin1String("failure"))
     etat.MotsServeur = objet.value(QStringLiteral("server")).toString().simplified().left(kMotsMax);
   return etat;

@@ -31,6 +31,24 @@ TEST_F(EnvoisDuProgramme, MailsThatWaitStandInTheSignUntilTheyAreGone) {
   EXPECT_FALSE(signe->isVisible());
 }
 
+// A companion whose disk is full writes nothing of what becomes of the mails.
+TEST_F(EnvoisDuProgramme, ACompanionThatGivesNoNewsStandsInTheSignAndOneThatIsAwayOnlyAsThat) {
+  Systeme.Valeurs.insert("MAIL/actif", "1");
+  DemarreJusquALaFenetre();
+  InscritCompagnons();
+  auto* signe = Trouve<SigneSante>("SigneSante");
+  Systeme.Temps.Avance(SuiviEnvois::kSansNouvelles);
+  EXPECT_FALSE(signe->isVisible());
+  Systeme.Temps.Avance(2 * SuiviEnvois::kRegard + 2000);
+  EXPECT_TRUE(signe->isVisible());
+  EXPECT_EQ(signe->toolTip(), PhraseQuoi(Condition::kEnvoisInconnus, "VAKTORmail", 1));
+  Systeme.Programmes.Finit("/opt/v/VAKTORmail");
+  Systeme.Temps.Avance(SuiviEnvois::kRegard + 2000);
+  EXPECT_EQ(signe->toolTip().left(20), PhraseQuoi(Condition::kCompagnonMail, {}, 1).left(20));
+  for (const ConditionEnCours& condition : dynamic_cast<SanteVeille&>(Programme->Sante()).EnCours())
+    EXPECT_NE(condition.Quoi, Condition::kEnvoisInconnus);
+}
+
 TEST_F(EnvoisDuProgramme, WithMailsAndLivePageOffNoFileIsLookedAt) {
   DemarreJusquALaFenetre();
   Systeme.Temps.Avance(600'000);

@@ -18,10 +18,12 @@ struct Suivi : testing::Test {
   faux::TempsVirtuel Temps{Horloge};
   faux::LecteurEtatsFaux Lecteur;
   faux::SanteFausse Sante;
+  bool Absent = false;  // the companions have ended, or take nothing
   std::unique_ptr<SuiviEnvois> Regard = Cree();
 
   std::unique_ptr<SuiviEnvois> Cree() {
-    return std::make_unique<SuiviEnvois>(PortsEnvois{Reglages, Liaison, Horloge, Temps, Lecteur, Sante});
+    return std::make_unique<SuiviEnvois>(
+        PortsEnvois{Reglages, Liaison, Horloge, Temps, Lecteur, Sante, [this](Compagnon) { return !Absent; }});
   }
   bool Attendent() const { return Sante.Dure(Condition::kCourrielsEnAttente); }
   bool Vieille() const { return Sante.Dure(Condition::kPageAncienne); }
@@ -190,6 +192,101 @@ TEST_F(Suivi, AMonthAloneChangesNothing) {
   Avance(6 * kMinute);
   EXPECT_TRUE(Attendent());
   EXPECT_TRUE(Vieille());
+}
+
+/// A companion that cannot write its status file: nobody knows what becomes of its mails.
+struct Nouvelles : Suivi {
+  bool Inconnus() const { return Sante.Dure(Condition::kEnvoisInconnus); }
+  QString Qui() const { return Sante.Details.value(Condition::kEnvoisInconnus); }
+  /// Signs of life as ours give them.
+  void AvanceEnVie(qint64 duree) {
+    for (qint64 t = 0; t < duree; t += kMinute) {
+      Lecteur.Etats.Mail.Battement = Lecteur.Etats.Ftp.Battement = QString::number(++Battements);
+      Avance(kMinute);
+    }
+  }
+  int Battements = 0;
+};
+
+TEST_F(Nouvelles, OfAMissingFileItIsToldAfterThreeMinutes) {
+  Reglages.MailActif = true;
+  Avance(SuiviEnvois::kSansNouvelles);
+  EXPECT_FALSE(Inconnus());
+  Avance(2 * SuiviEnvois::kRegard);
+  EXPECT_TRUE(Inconnus());
+  EXPECT_EQ(Qui(), "VAKTORmail");
+  EXPECT_FALSE(Attendent());
+  AllumeMail();
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Inconnus());
+}
+
+TEST_F(Nouvelles, AFileOfAnEarlierCompanionIsNone) {
+  AllumeMail();
+  AllumeLive();
+  Lecteur.Etats.Mail.Poignee = Lecteur.Etats.Ftp.Poignee = 99;
+  AvanceEnVie(5 * kMinute);
+  EXPECT_EQ(Qui(), "VAKTORmail, VAKTORftp");
+}
+
+TEST_F(Nouvelles, AFileThatSaysTheSameOfItsLifeForMinutesIsNone) {
+  AllumeMail();
+  AllumeLive();
+  AvanceEnVie(1440 * kMinute);
+  EXPECT_FALSE(Inconnus());
+  Avance(SuiviEnvois::kSansNouvelles - kMinute);
+  EXPECT_FALSE(Inconnus()) << "the last sign is a minute old";
+  Avance(kMinute + 2 * SuiviEnvois::kRegard);
+  EXPECT_TRUE(Inconnus());
+  Lecteur.Etats.Mail.Battement = QStringLiteral("again");
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_EQ(Qui(), "VAKTORftp");
+}
+
+TEST_F(Nouvelles, OneThatSaysNothingOfItsLifeLivesAsLongAsItsFileIsThere) {
+  AllumeMail();
+  Avance(60 * kMinute);
+  EXPECT_FALSE(Inconnus());
+}
+
+TEST_F(Nouvelles, ADiskThatDoesNotAnswerGivesNoNewsEither) {
+  AllumeMail();
+  AvanceEnVie(10 * kMinute);
+  Lecteur.Muet = true;
+  AvanceEnVie(4 * kMinute);
+  EXPECT_TRUE(Inconnus());
+}
+
+TEST_F(Nouvelles, ACompanionThatIsAwayIsToldAsThatAndHasItsTimeWhenItIsBack) {
+  AllumeMail();
+  Lecteur.Etats.Mail.Poignee = 99;
+  Absent = true;
+  AvanceEnVie(60 * kMinute);
+  EXPECT_FALSE(Inconnus());
+  Absent = false;
+  AvanceEnVie(3 * kMinute);
+  EXPECT_FALSE(Inconnus());
+  AvanceEnVie(kMinute);
+  EXPECT_TRUE(Inconnus());
+  Absent = true;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Inconnus());
+}
+
+TEST_F(Nouvelles, NoneAreMissedWhileMailAndLivePageAreOffOrNobodyHasRegistered) {
+  Avance(60 * kMinute);
+  EXPECT_FALSE(Inconnus());
+  Liaison.HandleMail = Liaison.HandleFTP = 0;
+  Reglages.MailActif = true;
+  Liaison.SurveillanceEnCours = true;
+  Avance(60 * kMinute);
+  EXPECT_FALSE(Inconnus());
+  Liaison.HandleMail = 22;
+  Avance(4 * kMinute);
+  EXPECT_TRUE(Inconnus());
+  Reglages.MailActif = false;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Inconnus());
 }
 
 TEST_F(Suivi, AnAnswerThatComesTooLateFindsNobody) {

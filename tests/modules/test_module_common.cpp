@@ -146,6 +146,20 @@ TEST_F(Etats, FromTheStartItTellsWhoseItIs) {
   EXPECT_EQ(Fichier()["state"], "failure");
 }
 
+TEST_F(Etats, ASignOfLifeIsWrittenAtOnceWithWhatHadToWait) {
+  Etat.Demarre(4711, 1'763'211'909'000);
+  EXPECT_EQ(Fichier()["alive"], "2025-11-15T13:05:09Z");
+  Etat.Signale(Login);
+  Etat.NoteChamp("live_published", "a");
+  Etat.NoteChamp("live_published", "b");
+  EXPECT_EQ(Fichier()["live_published"], "a");
+  Etat.Bat(1'763'211'969'000);
+  EXPECT_EQ(Fichier()["alive"], "2025-11-15T13:06:09Z");
+  EXPECT_EQ(Fichier()["live_published"], "b");
+  EXPECT_EQ(Fichier()["state"], "failure");
+  EXPECT_EQ(Fichier()["handle"], 4711);
+}
+
 TEST_F(Etats, WhatFailedBeforeARestartStillStandsButNotAnEarlierCompanionsOwnFields) {
   Etat.Demarre(4711, 0);
   Etat.Signale(Login);

@@ -36,7 +36,7 @@ TEST_F(EtatsSurDisque, TellsWhatTheFilesSay) {
   EcritOctets(Mail(), R"({"handle": 4711, "state": "failure", "server": "451 not\nnow",
                           "waiting_since": "2026-11-15T14:00:00Z", "started": "2026-11-15T13:00:00Z"})");
   EcritOctets(Temporaire.filePath("VAKTORftp.json"), R"({"handle": 4712, "state": "ok", "server": "old words",
-                          "live_since": "2026-11-15T13:00:00Z", "live_published": "2026-11-15T15:05:00+01:00"})");
+                          "alive": "2026-11-15T14:04:30Z", "live_since": "2026-11-15T13:00:00Z", "live_published": "2026-11-15T15:05:00+01:00"})");
   const EtatsCompagnons etats = Lit();
   EXPECT_EQ(etats.Mail.Poignee, 4711);
   EXPECT_EQ(etats.Mail.Attente, 309'000);
@@ -44,6 +44,8 @@ TEST_F(EtatsSurDisque, TellsWhatTheFilesSay) {
   EXPECT_FALSE(etats.Mail.Publie);
   EXPECT_EQ(etats.Ftp.Poignee, 4712);
   EXPECT_EQ(etats.Ftp.Publie, 9'000);
+  EXPECT_EQ(etats.Ftp.Battement, "2026-11-15T14:04:30Z");
+  EXPECT_EQ(etats.Mail.Battement, "");
   EXPECT_EQ(etats.Ftp.MotsServeur, "") << "only of a failure that stands";
   EXPECT_FALSE(etats.Ftp.Attente);
 }
