@@ -6,8 +6,7 @@ namespace vaktor::essai {
 namespace {
 
 TEST_F(ProgrammeEntier, ItsCompanionsRegisterAndEndWithItOnTerm) {
-  Lance();
-  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  ASSERT_NO_FATAL_FAILURE(LanceEtAttendTous());
   Processus.terminate();
   ExigeFin();
 }
@@ -49,8 +48,7 @@ TEST_F(ProgrammeEntier, AMissingCompanionIsToldOnceAndTheStartHasAStatus) {
 }
 
 TEST_F(ProgrammeEntier, EachCompanionThatIsKilledComesBackAndRegisters) {
-  Lance();
-  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  ASSERT_NO_FATAL_FAILURE(LanceEtAttendTous());
   for (const QString& nom : kNoms) {
     const qint64 avant = Compagnons(nom).value(0);
     ASSERT_EQ(::kill(static_cast<pid_t>(avant), SIGKILL), 0);
@@ -67,8 +65,7 @@ TEST_F(ProgrammeEntier, EachCompanionThatIsKilledComesBackAndRegisters) {
 }
 
 TEST_F(ProgrammeEntier, ACompanionThatWasStartedAMomentAgoGoesWithItToo) {
-  Lance();
-  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  ASSERT_NO_FATAL_FAILURE(LanceEtAttendTous());
   ASSERT_EQ(::kill(static_cast<pid_t>(Compagnons(kNoms.at(1)).value(0)), SIGKILL), 0);
   // The next one has been started, and nobody knows yet how to send it "Quit*".
   ASSERT_TRUE(Attend([this] { return Compte(kNoms.at(1), "start, version") == 2; }));
@@ -77,15 +74,9 @@ TEST_F(ProgrammeEntier, ACompanionThatWasStartedAMomentAgoGoesWithItToo) {
 }
 
 TEST_F(ProgrammeEntier, TwoCopiesDoNotFightAndTheFirstTakesOverAgain) {
-  Lance();
-  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  ASSERT_NO_FATAL_FAILURE(LanceEtAttendTous());
   QProcess second;
-  LanceAutre(second);
-  // The second copy ends the companions of the first and starts its own.
-  for (const QString& nom : kNoms) {
-    ASSERT_TRUE(Attend([&] { return Compte(nom, "start, version") == 2; }));
-    ASSERT_TRUE(Attend([&] { return Compagnons(nom).size() == 1; }));
-  }
+  ASSERT_NO_FATAL_FAILURE(LanceUneSeconde(second));
   const QList<qint64> siens = Compagnons();
   Processus.waitForFinished(8000);  // in which the first copy would have started others twice
   EXPECT_EQ(Compagnons(), siens);
@@ -101,14 +92,9 @@ TEST_F(ProgrammeEntier, TwoCopiesDoNotFightAndTheFirstTakesOverAgain) {
 
 // A copy that is killed leaves its companions running. They would register with the first, beside its own.
 TEST_F(ProgrammeEntier, ACopyThatIsKilledLeavesNoSecondCompanionBehind) {
-  Lance();
-  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  ASSERT_NO_FATAL_FAILURE(LanceEtAttendTous());
   QProcess second;
-  LanceAutre(second);
-  for (const QString& nom : kNoms) {
-    ASSERT_TRUE(Attend([&] { return Compte(nom, "start, version") == 2; }));
-    ASSERT_TRUE(Attend([&] { return Compagnons(nom).size() == 1; }));
-  }
+  ASSERT_NO_FATAL_FAILURE(LanceUneSeconde(second));
   const QList<qint64> errants = Compagnons();
   Processus.waitForFinished(8000);  // the first copy has seen the second
   second.kill();

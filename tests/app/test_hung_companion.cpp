@@ -5,8 +5,7 @@ namespace vaktor::essai {
 namespace {
 
 TEST_F(ProgrammeEntier, ACompanionThatHangsIsEndedAndStartedAnew) {
-  Lance();
-  ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  ASSERT_NO_FATAL_FAILURE(LanceEtAttendTous());
   const QString son = kNoms.at(2);
   const qint64 avant = Compagnons(son).value(0);
   ASSERT_EQ(::kill(static_cast<pid_t>(avant), SIGSTOP), 0);

@@ -40,11 +40,24 @@ class ProgrammeEntier : public testing::Test {
 
  protected:
   void Lance(const QString& executable = QStringLiteral(VAKTOR_EXECUTABLE)) { LanceAutre(Processus, executable); }
+  /// The same, and each companion has registered.
+  void LanceEtAttendTous() {
+    Lance();
+    ASSERT_TRUE(Attend([this] { return Enregistres() && UnDeChaque(); })) << Processus.readAll().toStdString();
+  }
   /// Another copy over the same folders.
   void LanceAutre(QProcess& processus, const QString& executable = QStringLiteral(VAKTOR_EXECUTABLE)) const {
     processus.setProcessEnvironment(Milieu);
     processus.start(executable, {QStringLiteral("/camera:test"), QStringLiteral("/dossier:") + Prive});
     ASSERT_TRUE(processus.waitForStarted());
+  }
+  /// Another copy over the same folders, which ends the companions of the first and starts its own.
+  void LanceUneSeconde(QProcess& seconde) {
+    LanceAutre(seconde);
+    for (const QString& nom : kNoms) {
+      ASSERT_TRUE(Attend([&] { return Compte(nom, "start, version") == 2; }));
+      ASSERT_TRUE(Attend([&] { return Compagnons(nom).size() == 1; }));
+    }
   }
   template <typename Condition>
   bool Attend(Condition condition) {

@@ -55,6 +55,13 @@ struct Veille : testing::Test {
     for (const Compagnon compagnon : kCompagnons) Inscrit(compagnon);
     Journal.clear();
   }
+  /// Another copy of the program comes up and ends the companions of this one.
+  void LanceEtUneAutreCopieFinitTout() {
+    LanceEtInscrit();
+    Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+    Canal.Presents = {5001, 5002, 5003};
+    for (const QString& chemin : {kFtp, kMail, kSon}) Processus.Finit(chemin);
+  }
   int Relances(const QString& chemin) const {
     return static_cast<int>(Journal.count(QStringLiteral("relance ") + chemin));
   }
@@ -292,10 +299,7 @@ TEST_F(Veille, AWordOfTheDeadIsNoRegistration) {
 
 // Another copy of the program ends the companions of this one, and its handles stand in the store by then.
 TEST_F(Veille, NothingIsStartedAgainstAnotherCopy) {
-  LanceEtInscrit();
-  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
-  Canal.Presents = {5001, 5002, 5003};
-  for (const QString& chemin : {kFtp, kMail, kSon}) Processus.Finit(chemin);
+  LanceEtUneAutreCopieFinitTout();
   Secondes(600);
   EXPECT_EQ(Journal.filter("relance").size(), 0);
   EXPECT_TRUE(Sante.Dure(Condition::kBoitesPerdues));
@@ -303,10 +307,7 @@ TEST_F(Veille, NothingIsStartedAgainstAnotherCopy) {
 }
 
 TEST_F(Veille, WhenTheOtherCopyHasEndedTheCompanionsAreStartedAgain) {
-  LanceEtInscrit();
-  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
-  Canal.Presents = {5001, 5002, 5003};
-  for (const QString& chemin : {kFtp, kMail, kSon}) Processus.Finit(chemin);
+  LanceEtUneAutreCopieFinitTout();
   Secondes(600);
   Canal.Presents.clear();
   Secondes(VeilleCompagnons::kRegardBoites);
@@ -317,10 +318,7 @@ TEST_F(Veille, WhenTheOtherCopyHasEndedTheCompanionsAreStartedAgain) {
 
 // A copy that was killed leaves its companions running, and they register with us.
 TEST_F(Veille, WhatAnotherCopyHasLeftBehindIsEndedBeforeOursIsStarted) {
-  LanceEtInscrit();
-  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
-  Canal.Presents = {5001, 5002, 5003};
-  for (const QString& chemin : {kFtp, kMail, kSon}) Processus.Finit(chemin);
+  LanceEtUneAutreCopieFinitTout();
   Secondes(60);
   EXPECT_EQ(Journal.filter("balaie").size(), 0) << "it runs";
   BalaiMuet = true;

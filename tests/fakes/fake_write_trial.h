@@ -11,12 +11,16 @@ namespace vaktor::faux {
 class EssaiEcritureFaux : public EssaiEcriture {
  public:
   QStringList Essayes;  ///< folders, in order
+  int Oublis = 0;
 
   void Essaie(const QString& dossier, Recoit recoit) override {
     Essayes += dossier;
     if (!EnAttente_.contains(dossier)) EnAttente_.insert(dossier, std::move(recoit));
   }
-  void Oublie() override { EnAttente_.clear(); }
+  void Oublie() override {
+    ++Oublis;
+    EnAttente_.clear();
+  }
   /// The disk answers; nothing happens where nobody waits.
   void Repond(const QString& dossier, bool reussi) {
     if (const Recoit recoit = EnAttente_.take(dossier)) recoit(reussi);

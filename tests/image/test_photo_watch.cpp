@@ -60,6 +60,15 @@ TEST_F(PhotoWatch, AsksNothingWhileNotArmed) {
   EXPECT_TRUE(Sonde.Demandes.isEmpty());
 }
 
+TEST_F(PhotoWatch, AnAnswerThatComesWhenItHasGoneReachesNobody) {
+  {
+    const VeillePhotos autre({Reglages, Photos, Temps, Sonde, Essai, Pertes, Sante, [] { return false; }});
+    EXPECT_EQ(Sonde.Oublis + Essai.Oublis, 0);
+  }
+  EXPECT_EQ(Sonde.Oublis, 1);
+  EXPECT_EQ(Essai.Oublis, 1);
+}
+
 TEST_F(PhotoWatch, AsksAtOnceWhenArmedAndThenOnceAMinute) {
   Armee = true;
   Temps.Avance(1000);

@@ -11,7 +11,7 @@
 #include "platform/base/system_files.h"
 #include "platform/folders/folder_access.h"
 #include "platform/folders/system_folders.h"
-#include "support/dead_disk.h"
+#include "support/dead_folder.h"
 #include "support/event_wait.h"
 #include "support/failing_folder.h"
 #include "support/small_disk.h"
@@ -206,27 +206,23 @@ TEST_F(AccesDossiers, DiskThatFailsInTheMiddleIsToldWithTheFoldersBefore) {
 }
 
 TEST_F(AccesDossiers, DiskThatNeverAnswersHoldsUpNobody) {
-  const PetitDisque petit(kMega);
-  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
-  const QString mort = petit.Chemin() + QStringLiteral("/mort");
-  ASSERT_TRUE(QDir().mkdir(mort));
-  DisqueMort disque(mort);
-  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
-  EXPECT_EQ(Arbre.RegardeDossier(mort + QStringLiteral("/photos")), EtatDossier::kSansReponse);
-  EXPECT_EQ(Arbre.EssaieEcriture(mort + QStringLiteral("/photos")), EtatDossier::kSansReponse);
-  EXPECT_FALSE(Arbre.CreeDossier(mort + QStringLiteral("/photos\\Intrus")));
-  EXPECT_EQ(Arbre.EspaceLibre(mort + QStringLiteral("/photos")), std::nullopt);
+  DossierMort mort;
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  EXPECT_EQ(Arbre.RegardeDossier(mort.Chemin("/photos")), EtatDossier::kSansReponse);
+  EXPECT_EQ(Arbre.EssaieEcriture(mort.Chemin("/photos")), EtatDossier::kSansReponse);
+  EXPECT_FALSE(Arbre.CreeDossier(mort.Chemin("/photos\\Intrus")));
+  EXPECT_EQ(Arbre.EspaceLibre(mort.Chemin("/photos")), std::nullopt);
   bool venu = false;
-  Arbre.LitDossiers(mort, &Temoin, [&](const ArbreDossiers::Contenu&) { venu = true; });
+  Arbre.LitDossiers(mort.Chemin(), &Temoin, [&](const ArbreDossiers::Contenu&) { venu = true; });
   // The folder beside it is read meanwhile, and a link into the dead disk does not keep its neighbours back.
-  ASSERT_TRUE(QDir().mkdir(petit.Chemin() + QStringLiteral("/vif")));
-  ASSERT_TRUE(QFile::link(mort + QStringLiteral("/photos"), petit.Chemin() + QStringLiteral("/lien")));
+  ASSERT_TRUE(QDir().mkdir(mort.Vivant("/vif")));
+  ASSERT_TRUE(QFile::link(mort.Chemin("/photos"), mort.Vivant("/lien")));
   QStringList vus;
-  Arbre.LitDossiers(petit.Chemin(), &Temoin, [&](const ArbreDossiers::Contenu& contenu) { vus = contenu.Noms; });
+  Arbre.LitDossiers(mort.Vivant(), &Temoin, [&](const ArbreDossiers::Contenu& contenu) { vus = contenu.Noms; });
   EXPECT_TRUE(essai::AttendQue([&] { return !vus.isEmpty(); }));
   EXPECT_TRUE(vus.contains(QStringLiteral("vif")));
   EXPECT_FALSE(venu);
-  disque.Reveille();
+  mort.Reveille();
   EXPECT_TRUE(essai::AttendQue([&] { return venu; })) << "those who waited come back with the disk";
 }
 

@@ -11,16 +11,13 @@
 #include "platform/folders/photo_file_eraser.h"
 #include "platform/folders/photo_file_reader.h"
 #include "platform/folders/photo_names_reader.h"
-#include "support/dead_disk.h"
+#include "support/dead_folder.h"
 #include "support/event_wait.h"
-#include "support/small_disk.h"
 
 namespace vaktor {
 namespace {
 
 using namespace std::chrono_literals;
-
-constexpr int kMega = 1024 * 1024;
 
 class FichiersPhotos : public testing::Test {
  protected:
@@ -106,17 +103,13 @@ TEST_F(FichiersPhotos, WantOfAThreadIsToldAsWhatItIsLaterLikeAnyAnswer) {
 }
 
 TEST_F(FichiersPhotos, PhotoOfADeadDiskIsToldAndComesWhenItWakesUnlessItIsForgotten) {
-  const PetitDisque petit(kMega);
-  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
-  const QString dossier = petit.Chemin() + QStringLiteral("/mort");
-  ASSERT_TRUE(QDir().mkdir(dossier));
-  DisqueMort mort(dossier);
+  DossierMort mort;
   if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
   LecteurPhotosSysteme lecteur(Ouvre, 20ms);
   LecteurPhotosSysteme oublieux(Ouvre, 20ms);
-  Lit(lecteur, dossier + QStringLiteral("/a.jpg"));
+  Lit(lecteur, mort.Chemin("/a.jpg"));
   ASSERT_TRUE(AttendLues(1));
-  Lit(oublieux, dossier + QStringLiteral("/b.jpg"));
+  Lit(oublieux, mort.Chemin("/b.jpg"));
   ASSERT_TRUE(AttendLues(2));
   oublieux.Oublie();
   mort.Reveille();
@@ -157,19 +150,15 @@ TEST_F(FichiersPhotos, LongDeletionEndsItsSliceByTheClock) {
 }
 
 TEST_F(FichiersPhotos, DeadDiskIsToldWithTheNumberBeforeItAndNothingBehindItGoes) {
-  const PetitDisque petit(kMega);
-  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
-  const QString dossier = petit.Chemin() + QStringLiteral("/mort");
-  ASSERT_TRUE(QDir().mkdir(dossier));
-  DisqueMort mort(dossier);
+  DossierMort mort;
   if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
-  const QString avant = petit.Chemin() + QStringLiteral("/a.jpg");
-  const QString apres = petit.Chemin() + QStringLiteral("/z.jpg");
+  const QString avant = mort.Vivant("/a.jpg");
+  const QString apres = mort.Vivant("/z.jpg");
   Pose(avant);
   Pose(apres);
   {
     EffaceurPhotosSysteme effaceur(200ms);
-    const TrancheEffacee tranche = Efface(effaceur, {avant, dossier + QStringLiteral("/b.jpg"), apres});
+    const TrancheEffacee tranche = Efface(effaceur, {avant, mort.Chemin("/b.jpg"), apres});
     EXPECT_EQ(tranche.Etat, EtatEffacement::kSansReponse);
     EXPECT_EQ(tranche.Essayees, 1);
     mort.Reveille();

@@ -6,7 +6,7 @@
 #include <QTemporaryDir>
 
 #include "platform/folders/photo_names_reader.h"
-#include "support/dead_disk.h"
+#include "support/dead_folder.h"
 #include "support/event_wait.h"
 #include "support/failing_folder.h"
 #include "support/small_disk.h"
@@ -121,14 +121,10 @@ TEST_F(NomsSurDisque, ForgottenReadingAndOneWhoseReaderHasGoneComeToNobody) {
 }
 
 TEST_F(NomsSurDisque, DeadDiskIsToldAndItsNamesAreTakenWhenItWakes) {
-  const PetitDisque petit(kMega);
-  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
-  const QString dossier = petit.Chemin() + QStringLiteral("/mort");
-  ASSERT_TRUE(QDir().mkdir(dossier));
-  DisqueMort mort(dossier);
+  DossierMort mort;
   if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
   LecteurNomsSysteme lecteur(20ms);
-  Lit(lecteur, dossier + QStringLiteral("/photos"));
+  Lit(lecteur, mort.Chemin("/photos"));
   ASSERT_TRUE(AttendRecus(1));
   EXPECT_EQ(Recus[0].Etat, EtatNoms::kSansReponse);
   mort.Reveille();
@@ -137,16 +133,12 @@ TEST_F(NomsSurDisque, DeadDiskIsToldAndItsNamesAreTakenWhenItWakes) {
 }
 
 TEST_F(NomsSurDisque, DeadDiskGathersNoThreadsWithoutLimitAndHoldsUpNoEnd) {
-  const PetitDisque petit(kMega);
-  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
-  const QString dossier = petit.Chemin() + QStringLiteral("/mort");
-  ASSERT_TRUE(QDir().mkdir(dossier));
-  DisqueMort mort(dossier);
+  DossierMort mort;
   if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
   {
     LecteurNomsSysteme lecteur(1ms);
     for (std::size_t i = 1; i <= 40; ++i) {
-      Lit(lecteur, dossier + QStringLiteral("/photos"));
+      Lit(lecteur, mort.Chemin("/photos"));
       ASSERT_TRUE(AttendRecus(i)) << "told, with or without a thread";
     }
   }
