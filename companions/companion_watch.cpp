@@ -27,6 +27,10 @@ QString DitFin(qint32 langue) {
 QString DitMuet(qint32 langue) {
   return ChoisitLangue(langue, QStringLiteral("ne répond plus"), QStringLiteral("does not answer any more"));
 }
+QString DitTenu(qint32 langue) {
+  return ChoisitLangue(langue, QStringLiteral("le système n'arrive pas à l'arrêter"),
+                       QStringLiteral("the system cannot end it"));
+}
 QString DitAttendu(qint32 langue) {
   return ChoisitLangue(langue, QStringLiteral("ne s'est pas annoncé"), QStringLiteral("has not registered"));
 }
@@ -40,10 +44,11 @@ qint32 VeilleCompagnons::DonnePoignee(Compagnon compagnon) const {
 
 bool VeilleCompagnons::Demarre(Compagnon compagnon, bool relance) {
   const QString chemin = Ports_.Dossiers.Executables + QLatin1Char('/') + DonneIdentite(compagnon).Programme;
-  std::unique_ptr<ProgrammeSuivi> programme =
-      Ports_.Programmes.LanceSuivi({.Chemin = chemin, .Relance = relance}, [this, compagnon] { Meurt(compagnon); });
-  if (!programme) return false;
   Suivi& suivi = Trouve(compagnon);
+  const int tour = ++suivi.Tour;
+  std::unique_ptr<ProgrammeSuivi> programme = Ports_.Programmes.LanceSuivi(
+      {.Chemin = chemin, .Relance = relance}, [this, compagnon, tour] { Finit(compagnon, tour); });
+  if (!programme) return false;
   suivi.Programme = std::move(programme);
   suivi.Etat = Vie::kEnVie;
   suivi.Relance = relance;
@@ -137,7 +142,15 @@ void VeilleCompagnons::Condamne(Compagnon compagnon, const QString& detail) {
 void VeilleCompagnons::TicCondamne(Compagnon compagnon, Suivi& suivi) {
   if (suivi.Age == kFinPolie) suivi.Programme->Tue();
   // Held by a device or a disk inside the system: it has been killed and runs nothing any more, the place is free.
-  if (suivi.Age >= kFinPolie + kFinForcee) Meurt(compagnon);
+  if (suivi.Age < kFinPolie + kFinForcee) return;
+  suivi.Restes.push_back({suivi.Tour, std::move(suivi.Programme)});
+  Meurt(compagnon);
+}
+
+void VeilleCompagnons::Finit(Compagnon compagnon, int tour) {
+  Suivi& suivi = Trouve(compagnon);
+  if (suivi.Programme && tour == suivi.Tour) return Meurt(compagnon);
+  std::erase_if(suivi.Restes, [tour](const Reste& reste) { return reste.Tour == tour; });
 }
 
 void VeilleCompagnons::Perd(Compagnon compagnon, const QString& detail) {
@@ -216,7 +229,12 @@ void VeilleCompagnons::TermineErrants(Compagnon compagnon) {
   });
 }
 
+// Each of them would soon hang where those before it do, and they would gather as long as the disk is silent.
 void VeilleCompagnons::LanceEncore(Compagnon compagnon) {
+  if (Trouve(compagnon).Restes.size() >= kRestesMax) {
+    Ports_.Sante.Signale(DonneCondition(compagnon), DitTenu(Ports_.Reglages.LangueCourante));
+    return PrevoitRelance(compagnon);
+  }
   if (Demarre(compagnon, true)) return;
   Ports_.Sante.Signale(DonneCondition(compagnon),
                        Ports_.Dossiers.Executables + QLatin1Char('/') + DonneIdentite(compagnon).Programme);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <vector>
 
 #include "base/program_folders.h"
 #include "companions/contract/command_words.h"
@@ -48,8 +49,10 @@ class VeilleCompagnons {
   static constexpr int kMuetteMax = 30;       ///< without taking a message while some wait: hung
   static constexpr int kSonde = 10;           ///< between two messages that only ask whether messages are taken
   static constexpr int kVieSaine = 300;
-  static constexpr int kFinPolie = 2;      ///< for a hung one to follow the polite request
-  static constexpr int kFinForcee = 5;     ///< for the system to take one away that was killed; then it counts as ended
+  static constexpr int kFinPolie = 2;   ///< for a hung one to follow the polite request
+  static constexpr int kFinForcee = 5;  ///< for the system to take one away that was killed; then it counts as ended
+  /// Programs of one companion that were killed and are still there, at which no other is started beside them.
+  static constexpr std::size_t kRestesMax = 3;
   static constexpr int kRegardBoites = 5;  ///< between two looks at the inboxes in the store
   static constexpr qint32 kBalayageMax =
       10000;                         ///< milliseconds that the end of another copy's companions is waited for
@@ -78,10 +81,17 @@ class VeilleCompagnons {
   bool Prend(Compagnon compagnon) const;
 
  private:
+  /// One that was killed, and that the system has not taken away: a device or a disk holds it.
+  struct Reste {
+    int Tour;
+    std::unique_ptr<ProgrammeSuivi> Programme;  // whose end is still told
+  };
   enum class Vie { kAbsent, kEnVie, kCondamne, kMort };
   struct Suivi {
     Vie Etat = Vie::kAbsent;
     std::unique_ptr<ProgrammeSuivi> Programme;
+    int Tour = 0;  // of the start that it came from
+    std::vector<Reste> Restes;
     bool Relance = false;
     bool Inscrit = false;
     bool EnPause = false;          // to be started as soon as the inboxes are ours again
@@ -104,6 +114,7 @@ class VeilleCompagnons {
   void RegardeBoites();
   void Condamne(Compagnon compagnon, const QString& detail);
   void Perd(Compagnon compagnon, const QString& detail);
+  void Finit(Compagnon compagnon, int tour);
   void Meurt(Compagnon compagnon);
   void PrevoitRelance(Compagnon compagnon);
   void DemandeRelance(Compagnon compagnon);

@@ -24,10 +24,12 @@ bool TerminePid(Processus& processus, const ProcessusVu& vu) {
   return processus.TermineProcessus(vu);
 }
 
-/// The matching processes of a fresh table, in its order.
+/// The matching processes of a fresh table, in its order. A rehearsal registers with nobody and ends by itself;
+/// somebody looks at it, perhaps before another copy of this program.
 QList<ProcessusVu> Cherche(const Processus& processus, const QString& nom) {
   QList<ProcessusVu> table = processus.PrendInstantane();
   table.removeIf([&nom](const ProcessusVu& vu) {
+    if (vu.Essai) return true;
     const QStringList noms = {vu.Nom, vu.NomAppele, vu.NomScript};
     return std::none_of(noms.begin(), noms.end(),
                         [&nom](const QString& sien) { return sien.contains(nom, Qt::CaseInsensitive); });

@@ -11,8 +11,8 @@
 
 namespace vaktor {
 
-/// Ends every process whose name contains `nom`, as TueProcessus finds them. Blocks half a second at the most for each
-/// that ignores the polite request, and for four of these at the most. The thread of `processus`.
+/// Ends every process whose name contains `nom`, as TueProcessus finds them, but no rehearsal. Blocks half a second at
+/// the most for each that ignores the polite request, and for four of these at the most. The thread of `processus`.
 void TermineErrants(Processus& processus, const QString& nom);
 
 /// Owner: app/. User-interface thread.

@@ -11,6 +11,8 @@ namespace vaktor {
 
 /// The three companions, in the order in which everything that concerns all three is done.
 enum class Compagnon { kFtp, kMail, kSon };
+/// The argument with which a companion's program only tries the settings that it is given, and ends.
+inline constexpr QLatin1String kArgumentEssai{"--try"};
 inline constexpr std::array<Compagnon, 3> kCompagnons = {Compagnon::kFtp, Compagnon::kMail, Compagnon::kSon};
 
 /// What belongs to one companion: the name of its executable and its section of the settings store.

@@ -17,6 +17,7 @@ struct ProcessusVu {
   QString NomScript =
       {};  ///< file name of the script that it runs, also where the interpreter was found by another program
            ///< ("#!/usr/bin/env python3") and no other name tells; empty for what is no script
+  bool Essai = false;  ///< a rehearsal: it has the argument kArgumentEssai
   bool operator==(const ProcessusVu&) const = default;
 };
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "companions/contract/command_words.h"
 #include "platform/channel/system_processes.h"
 
 namespace vaktor {
@@ -45,7 +46,7 @@ void EssaiParCompagnon::Lance(const QByteArray& demande, const RappelsEssai& rap
     if (erreur == QProcess::FailedToStart) Termine(FinEssai::kImpossible);
   });
   Limite_.start();
-  processus->start(Programme_, Arguments_ + QStringList{QStringLiteral("--try")});
+  processus->start(Programme_, Arguments_ + QStringList{QString(kArgumentEssai)});
   if (!Processus_) return;  // it could not be started, and that has been told
   processus->write(demande);
   processus->closeWriteChannel();

@@ -77,6 +77,11 @@ QByteArray LitInterprete(const QByteArray& premiereLigne) {
   return {};
 }
 
+bool PorteArgument(qint32 pid, QLatin1String argument) {
+  const QByteArray texte = LitDebut(QStringLiteral("/proc/%1/cmdline").arg(pid), kArgumentsMax);
+  return texte.split('\0').mid(1).contains(QByteArray(argument.data(), argument.size()));
+}
+
 QString TrouveScript(qint32 pid, const QString& executable) {
   const QString dossier = QStringLiteral("/proc/%1").arg(pid);
   const QByteArray argument = LitPremierArgument(dossier);

@@ -16,4 +16,7 @@ QString TrouveScript(qint32 pid, const QString& executable);
 /// behind it. Empty for a text that is no script.
 QByteArray LitInterprete(const QByteArray& premiereLigne);
 
+/// Whether the process was started with this argument, be it a script's.
+bool PorteArgument(qint32 pid, QLatin1String argument);
+
 }  // namespace vaktor

@@ -35,6 +35,7 @@ std::optional<ProcessusVu> LitProcessus(qint32 pid) {
   if (executable.isEmpty()) return std::nullopt;
   vu.Nom = QFileInfo(executable).fileName();
   vu.NomScript = TrouveScript(pid, executable);
+  vu.Essai = PorteArgument(pid, kArgumentEssai);
   return vu;
 }
 

@@ -154,10 +154,16 @@ class BoitesLues : public LecteurBoites {
   const QMap<QString, QString>& Valeurs_;
 };
 
-class MesureurMuet : public MesureurDossier {
+/// Says nothing until a test gives it a measure.
+class MesureurFixe : public MesureurDossier {
  public:
-  void Mesure(const QString&, Rend) override {}
+  void Mesure(const QString& dossier, Rend rend) override {
+    Demandes << dossier;
+    if (Taille) rend(Taille);
+  }
   void Oublie() override {}
+  std::optional<TailleDossier> Taille;
+  QStringList Demandes;
 };
 
 class BoitesNotees : public BoitesMessage {
@@ -370,7 +376,7 @@ struct SystemeFaux {
   faux::PertesFausses Pertes;
   ProcessusNote Programmes{Notes};
   BoitesLues BoitesPubliees{Valeurs};
-  MesureurMuet Mesureur;
+  MesureurFixe Mesureur;
   faux::MachineFausse Machine{Notes, Horloge};
   OuvreurMuet Navigateur;
   faux::RegistreFaux Comptes;

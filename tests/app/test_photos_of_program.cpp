@@ -32,6 +32,7 @@ class PhotosDuProgramme : public ProgrammeSurFaux {
   struct Actes {
     qsizetype Photos, Mails, Sons;
   };
+  static SigneSante* Signe() { return Trouve<SigneSante>("SigneSante"); }
   /// What the program does in so long.
   Actes Pendant(int millisecondes) {
     Systeme.Temps.Avance(millisecondes);
@@ -104,6 +105,54 @@ TEST_F(PageDuProgramme, AFullDiskDoesNotMakeACameraOfAFrameASecondDeafAndBlind) 
   seconde();  // looks like the last one that was compared: the one in between was not
   seconde();  // the copy for the site fails for the first time, and has its second too
   for (int i = 0; i < 10; ++i) EXPECT_EQ(seconde(), 1) << i;
+}
+
+TEST_F(PageDuProgramme, WithoutThePageNoPhotoIsKeptForTheSite) {
+  ArmeEtBouge();
+  Systeme.Temps.Avance(1000);
+  const QStringList vus = Systeme.DepuisVide();
+  EXPECT_FALSE(vus.filter(QStringLiteral("jpeg: ")).isEmpty());
+  EXPECT_TRUE(vus.filter(QStringLiteral("/Temp/FTP/")).isEmpty());
+}
+
+// The companion keeps to its bounds by itself; nobody else does while it is away.
+TEST_F(PageDuProgramme, AFullFolderForTheSiteTakesNoMoreWhileItsCompanionIsAway) {
+  ArmeAvecPage();
+  Systeme.Mesureur.Taille = TailleDossier{SecondesCopies::kNombreMax, 1000};
+  Systeme.Temps.Avance(300);
+  EXPECT_FALSE(Systeme.DepuisVide().filter(QStringLiteral("/Temp/FTP/")).isEmpty());
+  EXPECT_TRUE(Systeme.Mesureur.Demandes.isEmpty());
+  Systeme.Programmes.Finit(QStringLiteral("/opt/v/VAKTORftp"));
+  Systeme.Notes.Vide();
+  Systeme.Temps.Avance(300);
+  EXPECT_TRUE(Systeme.DepuisVide().filter(QStringLiteral("/Temp/FTP/")).isEmpty());
+  EXPECT_EQ(Systeme.Mesureur.Demandes, QStringList(QStringLiteral("/home/u/v/Temp/FTP")));
+}
+
+TEST_F(PhotosDuProgramme, PhotosThatWereLostBehindTheirWritingStandInTheSign) {
+  DemarreJusquALaFenetre();
+  InscritCompagnons();
+  Systeme.Pertes.AVenir = {{.Dossier = QStringLiteral("/media/usb"), .Erreur = EIO}};
+  Systeme.Temps.Avance(3000);
+  EXPECT_TRUE(Signe()->isVisible());
+  EXPECT_TRUE(Signe()->toolTip().contains(QStringLiteral("/media/usb"))) << Signe()->toolTip().toStdString();
+}
+
+// A photo tells that the disk is full; with nobody who moves only a trial can tell that it has room again.
+TEST_F(PhotosDuProgramme, AFolderThatTakesFilesAgainIsFoundOutWithoutAPhoto) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  ArmeEtBouge();
+  InscritCompagnons();
+  Systeme.Ecrivain.Erreur = ENOSPC;
+  Systeme.Temps.Avance(3000);
+  ASSERT_TRUE(Signe()->isVisible());
+  pilote.Suivante = nullptr;
+  Systeme.Temps.Avance(130'000);
+  ASSERT_FALSE(Systeme.EssaiPhotos.Essayes.isEmpty());
+  EXPECT_TRUE(Signe()->isVisible());
+  Systeme.EssaiPhotos.Repond(Systeme.EssaiPhotos.Essayes.last(), true);
+  Systeme.Temps.Avance(2000);
+  EXPECT_FALSE(Signe()->isVisible()) << Signe()->toolTip().toStdString();
 }
 
 TEST_F(PhotosDuProgramme, TheRoomOnTheDiskOfThePhotosIsAskedOnceAMinuteWhileArmed) {

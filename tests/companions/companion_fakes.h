@@ -1,10 +1,15 @@
 // Everything around the companions' rules, recorded in one journal, so that orders across ports can be told.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QMap>
 #include <QStringList>
+#include <algorithm>
+#include <functional>
 #include <map>
 #include <memory>
+#include <utility>
 
 #include "base/failure.h"
 #include "base/ports/opener.h"
@@ -145,16 +150,24 @@ class ProcessusFaux : public Processus {
   std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override {
     J_ << (quoi.Relance ? QStringLiteral("relance ") : QStringLiteral("lance ")) + quoi.Chemin;
     if (Absents.contains(quoi.Chemin)) return nullptr;
-    Finis[quoi.Chemin] = std::move(fini);
-    return std::make_unique<Suivi>(*this, quoi.Chemin);
+    const int numero = ++Lances_;
+    EnMarche_[numero] = {quoi.Chemin, std::move(fini)};
+    return std::make_unique<Suivi>(*this, numero, quoi.Chemin);
   }
-  /// A program that was started ends, by itself or because it was asked.
+  /// A program that was started ends, by itself or because it was asked: the last one of this path.
   void Finit(const QString& chemin) {
-    const auto fini = Finis.at(chemin);
-    Finis.erase(chemin);
-    fini();
+    const auto trouve = std::find_if(EnMarche_.rbegin(), EnMarche_.rend(),
+                                     [&chemin](const auto& un) { return un.second.first == chemin; });
+    ASSERT_NE(trouve, EnMarche_.rend());
+    Finit(trouve->first);
   }
-  std::map<QString, std::function<void()>> Finis;  ///< of the programs that run and are followed
+  /// The first one of this path that is still there.
+  void FinitAncien(const QString& chemin) {
+    const auto trouve = std::find_if(EnMarche_.begin(), EnMarche_.end(),
+                                     [&chemin](const auto& un) { return un.second.first == chemin; });
+    ASSERT_NE(trouve, EnMarche_.end());
+    Finit(trouve->first);
+  }
   QList<ProcessusVu> Table;
   QList<qint32> Immortels;
   QStringList Absents;
@@ -162,16 +175,25 @@ class ProcessusFaux : public Processus {
  private:
   class Suivi : public ProgrammeSuivi {
    public:
-    Suivi(ProcessusFaux& table, QString chemin) : Table_(table), Chemin_(std::move(chemin)) {}
-    ~Suivi() override { Table_.Finis.erase(Chemin_); }
+    Suivi(ProcessusFaux& table, int numero, QString chemin)
+        : Table_(table), Numero_(numero), Chemin_(std::move(chemin)) {}
+    ~Suivi() override { Table_.EnMarche_.erase(Numero_); }
     void DemandeFin() noexcept override { Table_.J_ << QStringLiteral("demande fin ") + Chemin_; }
     void Tue() noexcept override { Table_.J_ << QStringLiteral("tue ") + Chemin_; }
 
    private:
     ProcessusFaux& Table_;
+    int Numero_;
     QString Chemin_;
   };
+  void Finit(int numero) {
+    const auto fini = EnMarche_.at(numero).second;
+    EnMarche_.erase(numero);
+    fini();
+  }
   QStringList& J_;
+  int Lances_ = 0;
+  std::map<int, std::pair<QString, std::function<void()>>> EnMarche_;  // the programs that run and are followed
 };
 
 /// The store as other processes left it: answers when the test says so, or at once.

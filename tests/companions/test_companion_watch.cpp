@@ -393,6 +393,34 @@ TEST_F(Veille, OneThatSomebodyElseHasStartedIsHeardWhileOursIsAway) {
   EXPECT_TRUE(Regles.EstInscrit(Compagnon::kFtp));
 }
 
+// A disk that is silent holds each of them inside the system, where no signal reaches it.
+TEST_F(Veille, ThoseThatCannotBeKilledDoNotGather) {
+  LanceEtInscrit();
+  const auto pend = [this] {
+    Canal.Prises[23] = Prise::kMuette;
+    Secondes(VeilleCompagnons::kMuetteMax + VeilleCompagnons::kFinPolie + VeilleCompagnons::kFinForcee + 2);
+    Canal.Prises.remove(23);
+  };
+  constexpr int kMax = VeilleCompagnons::kRestesMax;
+  for (int reste = 1; reste < kMax; ++reste) {
+    pend();
+    for (int i = 0; i < 300 && Relances(kSon) < reste; ++i) Secondes(1);
+    ASSERT_EQ(Relances(kSon), reste) << "its place is free";
+    Inscrit(Compagnon::kSon);
+  }
+  pend();
+  Secondes(3600);
+  EXPECT_EQ(Relances(kSon), kMax - 1);
+  EXPECT_EQ(Sante.Details.value(Condition::kCompagnonSon), QString::fromUtf8("le système n'arrive pas à l'arrêter"));
+  Processus.FinitAncien(kSon);  // the disk answers
+  EXPECT_EQ(Journal.filter("perte SON").size(), kMax) << "it was told long ago";
+  for (int i = 0; i < 300 && Relances(kSon) < kMax; ++i) Secondes(1);
+  EXPECT_EQ(Relances(kSon), kMax);
+  Inscrit(Compagnon::kSon);
+  Processus.FinitAncien(kSon);
+  EXPECT_FALSE(Sante.Dure(Condition::kCompagnonSon)) << "the end of an old one is not that of the new one";
+}
+
 TEST_F(Veille, AnotherCopyIsNoticedBeforeItsCompanionsAreMissed) {
   LanceEtInscrit();
   Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};

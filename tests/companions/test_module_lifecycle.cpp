@@ -47,6 +47,12 @@ TEST_F(Modules, AScriptIsKnownByItsOwnName) {
   EXPECT_EQ(Journal.join(u'|'), "termine 2|" + Lancements);
 }
 
+TEST_F(Modules, ARehearsalIsNoStray) {
+  Processus.Table = {{1, "VAKTORmail", "", "", true}, {2, "VAKTORmail", ""}};
+  Regles.LanceModules();
+  EXPECT_EQ(Journal.join(u'|'), "termine 2|" + Lancements);
+}
+
 TEST_F(Modules, OneCallEndsOneProcessTheFirst) {
   Processus.Table = {{4, "sh", ""}, {5, "VAKTORftp", ""}, {6, "VAKTORftp", ""}};
   EXPECT_EQ(Regles.TueProcessus("vaktorFTP"), "");

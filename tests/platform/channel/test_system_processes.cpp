@@ -64,6 +64,19 @@ TEST_F(Systeme, TheTableNamesProgramsAndScripts) {
   script.waitForFinished();
 }
 
+TEST_F(Systeme, TheTableTellsARehearsalByItsArgument) {
+  for (const auto& [argument, essai] : {std::pair("--try", true), std::pair("--tryst", false), std::pair("", false)}) {
+    QProcess script;
+    script.start(EcritScript(Nom + "sh", "echo pret; read ligne\n"), {argument});
+    ASSERT_TRUE(script.waitForReadyRead());
+    const auto vu = Trouve(script.processId());
+    ASSERT_TRUE(vu);
+    EXPECT_EQ(vu->Essai, essai) << argument;
+    script.kill();
+    script.waitForFinished();
+  }
+}
+
 /// One that "env" starts: no name of the system tells what it runs. It is stopped by closing its input.
 struct Scripts : Systeme {
   const QString Script = QStringLiteral("VAKTORsound-") + Nom;
