@@ -12,6 +12,9 @@
 
 namespace vaktor {
 
+/// For those that look again later: silence is no news, nothing is told of it, and the end of the program waits for no
+/// thread. Where a person waits for the answer, lateness is news and files must be closed at the end: that is
+/// QuestionPatiente.
 /// Used and destroyed on the thread whose event loop it is. A thread that waits for a dead disk ends with the disk or
 /// with the process; more than TravauxBornes::kAuPlus of them are not started.
 template <typename Reponse>

@@ -122,6 +122,22 @@ TEST_F(Boites, ThoseThatCouldNotBePublishedGoOutWithNoLaterSave) {
   }
 }
 
+TEST_F(Boites, ThoseThatCouldNotBePublishedAreNotWrittenAsTheStoreGoesEither) {
+  {
+    MagasinFichier notre(Fichier);
+    Ecrit(notre, 71);
+    {
+      const DisquePlein plein;
+      EXPECT_THROW(Ecrit(notre, 81), Echec);
+    }
+    for (const char* section : {"FTP", "MAIL", "SON"}) notre.Reprend(section, kCleHwndvk);
+    QFile fichier(Fichier);
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly | QIODevice::Truncate));
+    fichier.write("[FTP]\nHWNDVK=\"911\"\n[MAIL]\nHWNDVK=\"912\"\n[SON]\nHWNDVK=\"913\"\n");
+  }
+  EXPECT_EQ(Lit(), (PoigneesPubliees{911, 912, 913}));
+}
+
 struct Question : testing::Test {
   std::chrono::steady_clock::time_point Instant;
   QuestionDisque<int> Disque{[this] { return Instant; }};
