@@ -53,7 +53,14 @@ void MagasinFichier::OuvreMagasin() {
   RendPrive(Fichier_);
   LitFichierEntier(Fichier_);  // QSettings takes a file that it cannot read for an empty one and would overwrite it
   const MasquePrive masque;
+  PoseMagasin();
+}
+
+// Of no thread: whoever uses the store next may be another one, and that which made it gone. The event that a change
+// posts, for a write later on, then goes nowhere, which is what is wanted.
+void MagasinFichier::PoseMagasin() {
   Magasin_ = std::make_unique<QSettings>(Fichier_, FormatReglages());
+  Magasin_->moveToThread(nullptr);
 }
 
 QString MagasinFichier::LitReglage(const QString& section, const QString& cle, const QString& defaut) const {
@@ -120,7 +127,7 @@ void MagasinFichier::Vide() {
   // since nobody can tell whose it was; while the folder is ours it belongs to nobody.
   if (verrou.Tenu()) QFile::remove(Fichier_ + QStringLiteral(".lock"));
   RendAuxReprises();  // before a new object: it writes what was left as soon as it is made
-  if (Magasin_->status() != QSettings::NoError) Magasin_ = std::make_unique<QSettings>(Fichier_, FormatReglages());
+  if (Magasin_->status() != QSettings::NoError) PoseMagasin();
   const qint64 avant = DateFichier(Fichier_);
   for (auto it = Attente_.begin(); it != Attente_.end(); ++it) Magasin_->setValue(it.key(), it.value());
   Magasin_->sync();  // one write for all of them

@@ -42,6 +42,7 @@ class MagasinFichier : public MagasinReglages {
   void GardeFichierAbime();
   void RendAuxReprises();
   void OuvreMagasin();
+  void PoseMagasin();
 
   QString Fichier_;
   QMap<QString, QString> Attente_;   // set and not yet on the disk, by "section/key"

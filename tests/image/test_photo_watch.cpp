@@ -60,6 +60,13 @@ TEST_F(PhotoWatch, AsksNothingWhileNotArmed) {
   EXPECT_TRUE(Sonde.Demandes.isEmpty());
 }
 
+TEST_F(PhotoWatch, ADiskThatCannotTellIsNotAFullOne) {
+  Armee = true;
+  Temps.Avance(1000);
+  Sonde.Repond(std::nullopt);
+  EXPECT_FALSE(PeuDePlace());
+}
+
 TEST_F(PhotoWatch, AnAnswerThatComesWhenItHasGoneReachesNobody) {
   {
     const VeillePhotos autre({Reglages, Photos, Temps, Sonde, Essai, Pertes, Sante, [] { return false; }});
