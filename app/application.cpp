@@ -20,7 +20,7 @@ Vaktor::Vaktor(const PortsSysteme& systeme, QString ligneCommande)
 
 Vaktor::~Vaktor() { DechargeFormes(); }
 
-bool Vaktor::EstFinie() const { return Etat_.EnFermeture || (Depart_ != nullptr && Depart_->Relancee()); }
+bool Vaktor::EstFinie() const { return Etat_.EnFermeture; }
 
 int Vaktor::Statut() const { return Perte_ ? kStatutEchec : 0; }
 

@@ -8,7 +8,6 @@
 #include "app/held_timers.h"
 #include "app/live_ports.h"
 #include "app/ports/start_steps.h"
-#include "app/raised_rights.h"
 #include "app/settings_retry.h"
 #include "app/start_sequence.h"
 #include "app/system_ports.h"
@@ -63,7 +62,7 @@ class Vaktor : private EtapesDepart {
   /// a message, so that failures are only told on the terminal, and one that stands is taken away. Before the settings
   /// are loaded: ends what can be ended, and the program goes no further.
   void Ferme();
-  /// The program ends, or has only prepared its restart: nothing is to run any more.
+  /// The program ends: nothing is to run any more.
   bool EstFinie() const;
   /// Exit status of a program that ended in order: 0, or kStatutEchec when something was lost on the way out.
   int Statut() const;
@@ -133,7 +132,6 @@ class Vaktor : private EtapesDepart {
   MinuteriesRetenues Minuteries_;
 
   FrmSplash Splash_;
-  std::unique_ptr<RelanceDroits> Droits_;
   std::unique_ptr<MagasinReglages> Magasin_;
   std::unique_ptr<CanalMessages> Canal_;
   std::unique_ptr<PiloteCapture> Pilote_;

@@ -16,12 +16,8 @@ constexpr int kPagePrincipale = 1;
 void Vaktor::Demarre(const QString& version) {
   if (Systeme_.SuitLangue) Systeme_.SuitLangue([this] { return Reglages_.LangueCourante; });
   Magasin_ = Systeme_.OuvreMagasin();
-  if (Systeme_.Registre != nullptr) {
-    Droits_ = std::make_unique<RelanceDroits>(
-        PortsRelance{*Systeme_.Registre, Systeme_.Boites, Systeme_.Programmes, Systeme_.Dossiers.Executables});
-  }
   Depart_ = std::make_unique<SequenceDepart>(
-      PortsDepart{Splash_, *Magasin_, Reglages_, Droits_.get(), Systeme_.Pompe, Minuteries_, *this, Etat_});
+      PortsDepart{Splash_, *Magasin_, Reglages_, Systeme_.Pompe, Minuteries_, *this, Etat_});
   Depart_->Charge(version);
 }
 

@@ -92,8 +92,7 @@ PortsSysteme SystemeReel::Ports() {
           [this](Parametres& valeurs, SauvegardeParametres& sauvegarde) {
             return std::make_unique<FormSound>(ChoixSon(valeurs, sauvegarde, Sons_, ChoixFichier_));
           },
-      .SuitLangue = [this](std::function<qint32()> langue) { Boites_.SuitLangue(std::move(langue)); },
-      .Registre = nullptr};  // no compatibility flags here: the restart with raised rights falls away
+      .SuitLangue = [this](std::function<qint32()> langue) { Boites_.SuitLangue(std::move(langue)); }};
 }
 
 }  // namespace vaktor

@@ -17,11 +17,6 @@ void SequenceDepart::Charge(const QString& version) {
   Ports_.Splash.MontreVersion(QStringLiteral("Version ") + version);
   Ports_.Splash.MontreTitre(QStringLiteral("Vaktor"));
   LitLangue();
-  if (Ports_.Droits != nullptr && Ports_.Droits->PrepareRelance(Ports_.Reglages.LangueCourante)) {
-    Relancee_ = true;
-    Ports_.Splash.Decharge();
-    return;
-  }
   if (!Passe()) return;
   Ports_.Splash.MontreProgres(QStringLiteral("Initializing..."));
   if (!Passe()) return;
@@ -45,8 +40,8 @@ void SequenceDepart::Charge(const QString& version) {
   if (!Finie_) Ports_.Splash.Montre();
 }
 
-// For the message of the restart, which comes before the settings are loaded. A number that makes no sense is told by
-// the load itself.
+// Before the settings are loaded, for what can fail before the load comes to the language: a folder that cannot be
+// made, a channel that does not open. A number that makes no sense is told by the load itself.
 void SequenceDepart::LitLangue() {
   try {
     Ports_.Reglages.LangueCourante = TexteEnEntier(

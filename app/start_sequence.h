@@ -4,7 +4,6 @@
 #include <memory>
 
 #include "app/ports/start_steps.h"
-#include "app/raised_rights.h"
 #include "base/application_state.h"
 #include "base/ports/start_screen.h"
 #include "engine/ports/event_pump.h"
@@ -18,7 +17,6 @@ struct PortsDepart {
   EcranDepart& Splash;
   const MagasinReglages& Magasin;
   Parametres& Reglages;
-  RelanceDroits* Droits;  ///< null where the system keeps no compatibility flags
   PompeEvenements& Pompe;
   FabriqueMinuteries& Minuteries;
   EtapesDepart& Etapes;
@@ -38,9 +36,6 @@ class SequenceDepart {
   /// on what a step throws: the start is over then.
   void Charge(const QString& version);
 
-  /// This run has only prepared the restart with raised rights: nothing was loaded or launched, it ends.
-  bool Relancee() const { return Relancee_; }
-
  private:
   void LitLangue();
   bool Passe();
@@ -48,7 +43,6 @@ class SequenceDepart {
 
   PortsDepart Ports_;
   std::unique_ptr<Minuterie> Timer1_;
-  bool Relancee_ = false;
   bool Finie_ = false;  // the splash has given way: there is no road back
 };
 

@@ -4,7 +4,6 @@
 #include <functional>
 #include <memory>
 
-#include "app/ports/system_registry.h"
 #include "base/ports/message_boxes.h"
 #include "base/ports/opener.h"
 #include "base/program_folders.h"
@@ -81,7 +80,6 @@ struct PortsSysteme {
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};
   /// Takes what gives the language of the buttons of the boxes at any moment; empty where they have none.
   std::function<void(std::function<qint32()> langue)> SuitLangue = {};
-  RegistreSysteme* Registre = nullptr;  ///< only where the system keeps compatibility flags in one
 };
 
 }  // namespace vaktor

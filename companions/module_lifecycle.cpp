@@ -39,12 +39,6 @@ QList<ProcessusVu> Cherche(const Processus& processus, const QString& nom) {
 
 }  // namespace
 
-QString ModulesCompagnons::TueProcessus(const QString& nom) {
-  const QList<ProcessusVu> trouves = Cherche(Processus_, nom);
-  if (!trouves.isEmpty()) TerminePid(Processus_, trouves.first());
-  return {};
-}
-
 // Looked for anew until none is left, because a start leaves one instance and no second stray behind it: those that end
 // by themselves meanwhile, and those that they have started, fall out or come in. One that cannot be ended is passed
 // over, and the new one started all the same.

@@ -11,8 +11,10 @@
 
 namespace vaktor {
 
-/// Ends every process whose name contains `nom`, as TueProcessus finds them, but no rehearsal. Blocks half a second at
-/// the most for each that ignores the polite request, and for four of these at the most. The thread of `processus`.
+/// Ends every process whose name contains `nom` without regard to case: that of its executable, that under which it was
+/// started, or that of the script that it runs; but no rehearsal. One that cannot be ended is passed over in silence.
+/// Blocks half a second at the most for each that ignores the polite request, and for four of these at the most. The
+/// thread of `processus`.
 void TermineErrants(Processus& processus, const QString& nom);
 
 /// Owner: app/. User-interface thread.
@@ -29,11 +31,6 @@ class ModulesCompagnons {
   /// after the inboxes have been published. Throws Echec(kFichierIntrouvable), in the user's language, when a companion
   /// is missing or does not start: those behind it are then not started, and the start of the program is over.
   void LanceModules();
-
-  /// Ends one process, the first of the table whose name contains `nom` without regard to case: that of its executable,
-  /// that under which it was started, that of the script that it runs. Always gives the empty text. A process that
-  /// cannot be ended is passed over in silence.
-  QString TueProcessus(const QString& nom);
 
  private:
   Processus& Processus_;

@@ -49,12 +49,9 @@ class Processus {
   /// the number is left alone. Blocks for half a second at the most, and only for a process that ignores the polite
   /// request.
   virtual bool TermineProcessus(const ProcessusVu& vu) = 0;
-  /// Starts a program by its full path (with "/"), without arguments, and does not wait for it. False when it is not
-  /// there or cannot be started.
-  virtual bool LanceProgramme(const QString& chemin) = 0;
-  /// The same, and follows it: `fini` is called once from the event loop when it has ended, in whatever way, and never
-  /// from inside this call. It may destroy the object that was given back. Null when the program is not there or cannot
-  /// be started.
+  /// Starts a program without arguments, does not wait for it, and follows it: `fini` is called once from the event
+  /// loop when it has ended, in whatever way, and never from inside this call. It may destroy the object that was given
+  /// back. Null when the program is not there or cannot be started.
   virtual std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) = 0;
 };
 

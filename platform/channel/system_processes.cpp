@@ -93,11 +93,6 @@ bool ProcessusSysteme::TermineProcessus(const ProcessusVu& vu) {
   return processus.AttendFin(kDelaiForce);
 }
 
-bool ProcessusSysteme::LanceProgramme(const QString& chemin) {
-  qint64 pid = 0;
-  return Demarre({.Chemin = chemin}, pid);
-}
-
 std::unique_ptr<ProgrammeSuivi> ProcessusSysteme::LanceSuivi(const Lancement& quoi, std::function<void()> fini) {
   qint64 pid = 0;
   if (!Demarre(quoi, pid)) return nullptr;

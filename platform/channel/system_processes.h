@@ -27,7 +27,6 @@ class ProcessusSysteme : public Processus {
 
   QList<ProcessusVu> PrendInstantane() const override;
   bool TermineProcessus(const ProcessusVu& vu) override;
-  bool LanceProgramme(const QString& chemin) override;
   std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override;
 
  private:

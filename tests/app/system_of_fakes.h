@@ -97,13 +97,10 @@ class ProcessusNote : public Processus {
     Table.removeIf([&vu](const ProcessusVu& autre) { return autre.Pid == vu.Pid; });
     return true;
   }
-  bool LanceProgramme(const QString& chemin) override {
-    J_.Note([&chemin] { return QStringLiteral("processes: start ") + chemin; });
-    if (PendantLancement) PendantLancement();
-    return !Absents.contains(chemin);
-  }
   std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override {
-    if (!LanceProgramme(quoi.Chemin)) return nullptr;
+    J_.Note([&quoi] { return QStringLiteral("processes: start ") + quoi.Chemin; });
+    if (PendantLancement) PendantLancement();
+    if (Absents.contains(quoi.Chemin)) return nullptr;
     Finis[quoi.Chemin] = std::move(fini);
     return std::make_unique<Suivi>(J_, quoi.Chemin);
   }

@@ -143,10 +143,6 @@ class ProcessusFaux : public Processus {
     Table.removeIf([&vu](const ProcessusVu& autre) { return autre.Pid == vu.Pid; });
     return true;
   }
-  bool LanceProgramme(const QString& chemin) override {
-    J_ << QStringLiteral("lance ") + chemin;
-    return !Absents.contains(chemin);
-  }
   std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override {
     J_ << (quoi.Relance ? QStringLiteral("relance ") : QStringLiteral("lance ")) + quoi.Chemin;
     if (Absents.contains(quoi.Chemin)) return nullptr;

@@ -15,7 +15,7 @@ struct Modules : testing::Test {
   ModulesCompagnons Regles{Processus,
                            [this](Compagnon compagnon) {
                              const QString chemin = Dossiers.Executables + u'/' + DonneIdentite(compagnon).Programme;
-                             return Processus.LanceProgramme(chemin);
+                             return Processus.LanceSuivi({.Chemin = chemin}, [] {}) != nullptr;
                            },
                            Reglages};
   const QString Lancements =
@@ -51,12 +51,6 @@ TEST_F(Modules, ARehearsalIsNoStray) {
   Processus.Table = {{1, "VAKTORmail", "", "", true}, {2, "VAKTORmail", ""}};
   Regles.LanceModules();
   EXPECT_EQ(Journal.join(u'|'), "termine 2|" + Lancements);
-}
-
-TEST_F(Modules, OneCallEndsOneProcessTheFirst) {
-  Processus.Table = {{4, "sh", ""}, {5, "VAKTORftp", ""}, {6, "VAKTORftp", ""}};
-  EXPECT_EQ(Regles.TueProcessus("vaktorFTP"), "");
-  EXPECT_EQ(Journal.join(u'|'), "termine 5");
 }
 
 TEST_F(Modules, AStartLeavesNoSecondStrayBehind) {

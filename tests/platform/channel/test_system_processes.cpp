@@ -43,6 +43,9 @@ struct Systeme : testing::Test {
     return std::nullopt;
   }
   std::optional<ProcessusVu> Trouve(qint64 pid) const { return Trouve(Processus, pid); }
+  static bool Demarre(ProcessusSysteme& processus, const QString& chemin) {
+    return processus.LanceSuivi({.Chemin = chemin}, [] {}) != nullptr;
+  }
 };
 
 TEST_F(Systeme, TheTableNamesProgramsAndScripts) {
@@ -198,11 +201,11 @@ TEST_F(Systeme, ItNeverEndsItself) {
 }
 
 TEST_F(Systeme, AMissingOrUselessProgramIsNotStarted) {
-  EXPECT_FALSE(Processus.LanceProgramme(Temporaire.filePath("absent")));
-  EXPECT_FALSE(Processus.LanceProgramme(Temporaire.path()));
+  EXPECT_FALSE(Demarre(Processus, Temporaire.filePath("absent")));
+  EXPECT_FALSE(Demarre(Processus, Temporaire.path()));
   QFile texte(Temporaire.filePath("texte"));
   ASSERT_TRUE(texte.open(QIODevice::WriteOnly));
-  EXPECT_FALSE(Processus.LanceProgramme(texte.fileName()));
+  EXPECT_FALSE(Demarre(Processus, texte.fileName()));
 }
 
 TEST_F(Systeme, AFileThatTheSystemCannotRunIsNotStarted) {
@@ -213,7 +216,7 @@ TEST_F(Systeme, AFileThatTheSystemCannotRunIsNotStarted) {
       "ELFxx");
   faux.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
   faux.close();
-  EXPECT_FALSE(Processus.LanceProgramme(faux.fileName()));
+  EXPECT_FALSE(Demarre(Processus, faux.fileName()));
 }
 
 TEST_F(Systeme, AProgramIsStartedWithoutArgumentsAndToldItsPrivateFolder) {
@@ -223,7 +226,7 @@ TEST_F(Systeme, AProgramIsStartedWithoutArgumentsAndToldItsPrivateFolder) {
   const QString script =
       EcritScript(Nom, "echo \"$#|$VAKTOR_DOSSIER|$(pwd)\" > " + QFile::encodeName(trace) + ".x; mv " +
                            QFile::encodeName(trace) + ".x " + QFile::encodeName(trace) + "\n");
-  ASSERT_TRUE(prive.LanceProgramme(script));
+  ASSERT_TRUE(Demarre(prive, script));
   ASSERT_TRUE(AttendQue([&trace] { return QFile::exists(trace); }));
   QFile lu(trace);
   ASSERT_TRUE(lu.open(QIODevice::ReadOnly));
