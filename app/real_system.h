@@ -6,7 +6,7 @@
 
 #include "app/start_arguments.h"
 #include "app/system_ports.h"
-#include "platform/accounts/account_registry.h"
+#include "platform/accounts/account_reader.h"
 #include "platform/base/event_pump.h"
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
@@ -78,7 +78,7 @@ class SystemeReel {
   LecteurBoitesFichier BoitesPubliees_;
   MesureurDossierSysteme Mesureur_;
   EveilDBus Machine_{TrouveAdressesBus()};
-  RegistreComptesFichiers Comptes_{TrouveLieuxComptes()};
+  LecteurComptesBorne Comptes_{[lieux = TrouveLieuxComptes()] { return LitTousLesComptes(lieux); }};
   EssaiParCompagnon EssaiMail_;
   EssaiParCompagnon EssaiFtp_;
   LecteurEtatsFichiers Etats_;

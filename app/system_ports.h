@@ -9,7 +9,7 @@
 #include "base/program_folders.h"
 #include "companions/ports/companion_status.h"
 #include "companions/ports/folder_measure.h"
-#include "companions/ports/mail_registry.h"
+#include "companions/ports/foreign_accounts.h"
 #include "companions/ports/message_channel.h"
 #include "companions/ports/processes.h"
 #include "companions/ports/published_inboxes.h"
@@ -66,7 +66,7 @@ struct PortsSysteme {
   MesureurDossier& Mesureur;
   MachineEveillee& Machine;
   Ouvreur& Navigateur;
-  RegistreComptes& Comptes;  ///< the mail accounts of this machine
+  LecteurComptes& Comptes;  ///< the mail accounts of this machine
   EssaiReglages& EssaiMail;
   EssaiReglages& EssaiFtp;
   LecteurEtats& Etats;  ///< what the companions say of their work

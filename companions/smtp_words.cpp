@@ -10,16 +10,20 @@ QString Choisit(qint32 langue, const char* francais, const char* anglais) {
 
 }  // namespace
 
-QString MessageTropDeComptes(qint32 langue, qsizetype maximum) {
-  return Choisit(langue, "le logiciel de messagerie de cet ordinateur a plus de %1 comptes.",
-                 "the mail software of this computer has more than %1 accounts.")
-      .arg(maximum);
+QString NommeCompte(qint32 langue, const CompteMail& compte) {
+  if (!compte.OAuth2) return compte.Adresse;
+  return compte.Adresse + Choisit(langue, " (connexion OAuth2)", " (OAuth2 login)");
 }
 
-QString MessagePortTropGrand(qint32 langue, const QString& adresse) {
-  return Choisit(langue, "le port SMTP du compte « %1 » est plus grand que 32767.",
-                 "the SMTP port of the account \"%1\" is greater than 32767.")
-      .arg(adresse);
+QString InviteOAuth2(qint32 langue) { return Choisit(langue, "mot de passe d'application", "app password"); }
+
+QString AideOAuth2(qint32 langue) {
+  return Choisit(
+      langue,
+      "Ce compte se connecte par OAuth2 : son mot de passe habituel peut être refusé. Créez un mot de passe "
+      "d'application chez votre fournisseur, s'il en propose.",
+      "This account logs in with OAuth2: its usual password may be refused. Create an app password with your "
+      "provider, if it offers them.");
 }
 
 QString SujetEssai(qint32 langue, const QString& sujet) {

@@ -1,15 +1,18 @@
-// Words of the mail settings that the numbered tables do not hold: what can fail while the accounts are read, and the
-// mail of a rehearsal. By language: 1 English, any other number French.
+// Words of the mail settings that the numbered tables do not hold: how an account is named, and the mail of a
+// rehearsal. By language: 1 English, any other number French.
 #pragma once
 
 #include <QString>
 
+#include "companions/ports/foreign_accounts.h"
+
 namespace vaktor {
 
-/// More mail accounts than the `maximum` that can be read.
-QString MessageTropDeComptes(qint32 langue, qsizetype maximum);
-/// The port of the account `adresse` is 32768 or above.
-QString MessagePortTropGrand(qint32 langue, const QString& adresse);
+/// An account in the list: its address, and whether it logs in with OAuth2.
+QString NommeCompte(qint32 langue, const CompteMail& compte);
+/// What the field of the password of such an account wants, and why.
+QString InviteOAuth2(qint32 langue);
+QString AideOAuth2(qint32 langue);
 
 /// Subject and first line of the mail: who gets it must not take it for an alarm.
 QString SujetEssai(qint32 langue, const QString& sujet);

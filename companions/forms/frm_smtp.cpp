@@ -6,6 +6,7 @@
 
 #include "base/texts.h"
 #include "companions/forms/form_look.h"
+#include "companions/smtp_words.h"
 
 namespace vaktor {
 
@@ -57,6 +58,7 @@ void FrmSmtp::BrancheTexte(QLineEdit* champ, QString Parametres::*variable) {
     const QString ligne = GardePremiereLigne(texte);
     Ports_.Reglages.*variable = RetireBlancs(ligne);
     if (ligne != texte) champ->setText(ligne);
+    MontreOAuth2();
   });
 }
 
@@ -68,8 +70,8 @@ void FrmSmtp::SuitPort(const QString& texte) {
 
 void FrmSmtp::Charge() {
   AfficheCompteSmtp();
-  ModuleRegistreCompteMail registre({Ports_.Registre, Ports_.Pompe, Ports_.Reglages, Ports_.Comptes});
-  registre.LitComptesMail([this](const QString& adresse) { Controles_.CmbComptes->addItem(adresse); });
+  LitComptesMail(Ports_.Lecteur, Ports_.Pompe, Ports_.Comptes,
+                 [this](const CompteMail& compte) { Controles_.CmbComptes->addItem(compte.Adresse); });
   Controles_.CmbComptes->setCurrentIndex(-1);
   if (Ports_.Reglages.SmtpServeur.isEmpty() || Ports_.Reglages.SmtpFrom.isEmpty())
     ChoisitCompte(Ports_.Comptes.IndexCompteDefaut);  // with no account found, an empty slot
@@ -180,6 +182,25 @@ bool FrmSmtp::AccepteSansConnexion() {
   return true;
 }
 
+// The addresses, as words: what stands behind one of them has a language.
+void FrmSmtp::EcritComptes() {
+  const qint32 langue = Ports_.Reglages.LangueCourante;
+  QComboBox& liste = *Controles_.CmbComptes;
+  for (int i = 0; i < liste.count(); ++i) {
+    const CompteMail& compte = *Ports_.Comptes.Cases.at(static_cast<std::size_t>(i));
+    liste.setItemText(i, NommeCompte(langue, compte));
+    liste.setItemData(i, compte.OAuth2 ? AideOAuth2(langue) : QString(), Qt::ToolTipRole);
+  }
+}
+
+// In the empty field, where it is in the way of nothing, and gone with the first letter.
+void FrmSmtp::MontreOAuth2() {
+  const qint32 langue = Ports_.Reglages.LangueCourante;
+  const bool oauth2 = SontDUnCompteOAuth2(Ports_.Reglages, Ports_.Comptes);
+  Controles_.TxtSMTPpass->setPlaceholderText(oauth2 ? InviteOAuth2(langue) : QString());
+  Controles_.TxtSMTPpass->setToolTip(oauth2 ? AideOAuth2(langue) : Ports_.Textes.Texte(154));
+}
+
 void FrmSmtp::EcritMots() {
   const TablesTextes& t = Ports_.Textes;
   const ControlesSmtp& c = Controles_;
@@ -190,8 +211,8 @@ void FrmSmtp::EcritMots() {
     controle->setToolTip(t.Aide(151));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPport), static_cast<QWidget*>(c.TextPort)})
     controle->setToolTip(t.Aide(229));
-  c.TxtSMTPuser->setToolTip(t.Texte(153));  // these two have no row among the tool tips
-  c.TxtSMTPpass->setToolTip(t.Texte(154));
+  c.TxtSMTPuser->setToolTip(t.Texte(153));  // this one and the password have no row among the tool tips
+  MontreOAuth2();
   struct Ligne {
     int Numero;
     QLabel* Etiquette;
@@ -208,6 +229,7 @@ void FrmSmtp::EcritMots() {
     ligne.Etiquette->setText(t.Texte(ligne.Numero));
     ligne.Voisin->setAccessibleName(t.Texte(ligne.Numero));
   }
+  EcritComptes();
   // The shown text is no selection: picking any entry is a choice.
   c.CmbComptes->setPlaceholderText(t.Texte(210));
   c.CmbComptes->setCurrentIndex(-1);

@@ -23,7 +23,7 @@ struct PortsFrmSmtp {
   const EtatApplication& Etat;
   BoitesMessage& Boites;
   PompeEvenements& Pompe;
-  RegistreComptes& Registre;
+  LecteurComptes& Lecteur;
   ComptesMail& Comptes;
   EssaiReglages& Essai;
 };
@@ -37,7 +37,7 @@ class FrmSmtp : public QWidget {
   explicit FrmSmtp(const PortsFrmSmtp& ports);
 
   /// The load step, before the form is shown: shows the settings, reads the accounts, fills empty settings from the
-  /// default account. Pending events run in it. Throws what LitComptesMail throws: the form is then not to be shown.
+  /// default account. Pending events run in it. What they throw goes through: the form is then not to be shown.
   void Charge();
   /// The words of the current language.
   void EcritMots();
@@ -61,6 +61,8 @@ class FrmSmtp : public QWidget {
   void BrancheTexte(QLineEdit* champ, QString Parametres::*variable);
   void SuitPort(const QString& texte);
   void ChoisitCompte(qint32 index);
+  void EcritComptes();
+  void MontreOAuth2();
   bool PeutFermer();
   bool AccepteSansServeur();
   bool AccepteSansConnexion();

@@ -2,6 +2,8 @@
 
 #include <QDirIterator>
 #include <QMap>
+#include <algorithm>
+#include <array>
 
 #include "platform/accounts/key_file.h"
 
@@ -19,20 +21,27 @@ struct Source {
   QByteArray Identite;
   QByteArray Adresse;
   QByteArray Transport;
-  CompteMail Envoi;  // without an address
+  CompteLu Envoi;  // without an address
 };
 
 using Sources = QMap<QString, Source>;
 
-CompteMail LitEnvoi(const FichierCles& fichier) {
-  CompteMail envoi;
+// Its own name for a token, that of the mechanism, and the providers whose tokens it can fetch itself.
+bool EstOAuth2(const QByteArray& methode) {
+  constexpr std::array<const char*, 5> kMethodes{"OAuth2", "XOAUTH2", "Google", "Outlook", "Yahoo"};
+  return std::ranges::any_of(kMethodes,
+                             [&methode](const char* nom) { return methode.compare(nom, Qt::CaseInsensitive) == 0; });
+}
+
+CompteLu LitEnvoi(const FichierCles& fichier) {
+  CompteLu envoi;
   const QByteArray genre = fichier.ValeurGlib("Mail Transport", "BackendName");
   if (!fichier.AGroupe("Mail Transport") || (!genre.isEmpty() && genre != "smtp")) return envoi;
   envoi.Serveur = fichier.ValeurGlib("Authentication", "Host");
   // The method is written as "none" where the server wants no login, whatever the user name still says.
-  if (fichier.ValeurGlib("Authentication", "Method") != "none") {
-    envoi.Utilisateur = fichier.ValeurGlib("Authentication", "User");
-  }
+  const QByteArray methode = fichier.ValeurGlib("Authentication", "Method");
+  if (methode != "none") envoi.Utilisateur = fichier.ValeurGlib("Authentication", "User");
+  envoi.OAuth2 = EstOAuth2(methode);
   bool nombre = false;
   const QByteArray port = fichier.Valeur("Authentication", "Port");
   envoi.Port = port.toLongLong(&nombre);
@@ -85,9 +94,10 @@ void LitComptesEvolution(const QString& dossier, BudgetLecture& budget, ListeCom
   const Sources sources = LitSources(dossier, budget);
   for (const Source& source : sources) {
     if (!source.EstCompte || !EstActive(sources, source)) continue;
-    const Source identite = sources.value(QString::fromUtf8(source.Identite));
-    CompteMail compte = sources.value(QString::fromUtf8(identite.Transport)).Envoi;
-    compte.Adresse = identite.Adresse;
+    const auto identite = sources.constFind(QString::fromUtf8(source.Identite));
+    if (identite == sources.cend()) continue;  // local folders, or a search: a place for mail that sends none
+    CompteLu compte = sources.value(QString::fromUtf8(identite->Transport)).Envoi;
+    compte.Adresse = identite->Adresse;
     if (!liste.Ajoute(compte)) return;
   }
 }

@@ -4,8 +4,8 @@
 
 #include <QString>
 
+#include "platform/accounts/account_list.h"
 #include "platform/accounts/foreign_file.h"
-#include "platform/accounts/mail_account.h"
 
 namespace vaktor {
 

@@ -8,6 +8,7 @@ namespace {
 // Mozilla's own numbers.
 constexpr qint64 kSocketSsl = 3;         // nsMsgSocketType::SSL
 constexpr qint64 kSansLogin = 1;         // nsMsgAuthMethod::none
+constexpr qint64 kOAuth2 = 10;           // nsMsgAuthMethod::OAuth2
 constexpr qint64 kPortSubmission = 587;  // what it takes where no port is set
 constexpr qint64 kPortSsl = 465;
 
@@ -42,7 +43,7 @@ QByteArrayList PartageListe(const QByteArray& texte) {
   return noms;
 }
 
-// The account that writing starts with comes first, and so the rule, which looks at a few keys only, always sees it.
+// The account that writing starts with comes first: a list may be looked at from its head only.
 QByteArrayList OrdonneComptes(const Prefs& prefs) {
   QByteArrayList comptes = PartageListe(prefs.Texte("mail.accountmanager.accounts"));
   const qsizetype place = comptes.indexOf(prefs.Texte("mail.accountmanager.defaultaccount"));
@@ -57,15 +58,17 @@ QByteArray ChoisitServeur(const Prefs& prefs, const QByteArray& identite) {
   return serveur;
 }
 
-// An identity whose server speaks something else than SMTP comes out without a server, and so is not shown.
-CompteMail LitIdentite(const Prefs& prefs, const QByteArray& identite) {
-  CompteMail compte;
+// An identity whose server speaks something else than SMTP comes out without a server, and so cannot be used.
+CompteLu LitIdentite(const Prefs& prefs, const QByteArray& identite) {
+  CompteLu compte;
   compte.Adresse = prefs.Texte("mail.identity." + identite + ".useremail");
   const QByteArray serveur = "mail.smtpserver." + ChoisitServeur(prefs, identite);
   const QByteArray type = prefs.Texte(serveur + ".type");
   if (!type.isEmpty() && type != "smtp") return compte;
   compte.Serveur = prefs.Texte(serveur + ".hostname");
-  if (prefs.Nombre(serveur + ".authMethod", 0) != kSansLogin) compte.Utilisateur = prefs.Texte(serveur + ".username");
+  const qint64 methode = prefs.Nombre(serveur + ".authMethod", 0);
+  if (methode != kSansLogin) compte.Utilisateur = prefs.Texte(serveur + ".username");
+  compte.OAuth2 = methode == kOAuth2;
   compte.Port = prefs.Nombre(serveur + ".port", 0);
   const bool ssl = prefs.Nombre(serveur + ".try_ssl", 0) == kSocketSsl;
   if (compte.Port == 0) compte.Port = ssl ? kPortSsl : kPortSubmission;

@@ -5,8 +5,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "platform/accounts/account_list.h"
 #include "platform/accounts/foreign_file.h"
-#include "platform/accounts/mail_account.h"
 #include "platform/accounts/mozilla_prefs.h"
 
 namespace vaktor {

@@ -13,9 +13,9 @@
 #include "fakes/fake_event_pump.h"
 #include "fakes/fake_flush_losses.h"
 #include "fakes/fake_folder_tree.h"
+#include "fakes/fake_foreign_accounts.h"
 #include "fakes/fake_interface_sounds.h"
 #include "fakes/fake_mail_drop.h"
-#include "fakes/fake_mail_registry.h"
 #include "fakes/fake_photo_eraser.h"
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
@@ -376,7 +376,7 @@ struct SystemeFaux {
   MesureurFixe Mesureur;
   faux::MachineFausse Machine{Notes, Horloge};
   OuvreurMuet Navigateur;
-  faux::RegistreFaux Comptes;
+  faux::LecteurComptesFaux Comptes;
   faux::EssaiFaux EssaiMail;
   faux::EssaiFaux EssaiFtp;
   faux::LecteurEtatsFaux Etats;

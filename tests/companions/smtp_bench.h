@@ -8,7 +8,7 @@
 
 #include "companions/forms/frm_smtp.h"
 #include "fakes/fake_event_pump.h"
-#include "fakes/fake_mail_registry.h"
+#include "fakes/fake_foreign_accounts.h"
 #include "fakes/fake_message_boxes.h"
 #include "fakes/fake_rehearsal.h"
 #include "fakes/fake_saving.h"
@@ -28,8 +28,8 @@ struct BancSmtp : testing::Test {
   /// As the program opens it. Exceptions go through.
   void Ouvre() {
     Textes.Remplit(Reglages.LangueCourante);
-    Forme = std::make_unique<FrmSmtp>(
-        PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Tree, Comptes, Essai});
+    Forme =
+        std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Comptes, Lus, Essai});
     QObject::connect(Forme.get(), &FrmSmtp::Dechargee, Forme.get(), [this] { ++Dechargements; });
     Forme->Charge();
     Forme->EcritMots();
@@ -71,8 +71,8 @@ struct BancSmtp : testing::Test {
   EtatApplication Etat;
   faux::BoitesFausses Boites;
   faux::PompeFausse Pompe{Journal};
-  faux::RegistreFaux Tree;
-  ComptesMail Comptes;
+  faux::LecteurComptesFaux Comptes;
+  ComptesMail Lus;
   faux::EssaiFaux Essai;
   qint32 Dechargements = 0;
   std::unique_ptr<FrmSmtp> Forme;

@@ -161,8 +161,8 @@ TEST_F(FormeSmtp, ADamagedStoredPortBecomes25OnOpening) {
 }
 
 TEST_F(FormeSmtp, PickingAnAccountCopiesItAndLeavesThePassword) {
-  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org", {}, 25);
-  Tree.AjouteCompte("2", "smtp2.org", "a2@b.org", "bob", 465);
+  Comptes.Ajoute("smtp1.org", "a1@b.org", {}, 25);
+  Comptes.Ajoute("smtp2.org", "a2@b.org", "bob", 465);
   Ouvre();
   auto* liste = Trouve<QComboBox>("CmbComptes");
   EXPECT_EQ(liste->currentIndex(), -1) << "nothing is picked yet";
@@ -188,7 +188,7 @@ TEST_F(FormeSmtp, PickingAnAccountCopiesItAndLeavesThePassword) {
 }
 
 TEST_F(FormeSmtp, ThePickedEntryCanBePickedAgain) {
-  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
+  Comptes.Ajoute("smtp1.org", "a1@b.org");
   Ouvre();
   auto* liste = Trouve<QComboBox>("CmbComptes");
   QTest::keyClick(liste, Qt::Key_Down);
@@ -201,9 +201,8 @@ TEST_F(FormeSmtp, ThePickedEntryCanBePickedAgain) {
 
 TEST_F(FormeSmtp, EmptySettingsFillThemselvesFromTheDefaultAccount) {
   Reglages.SmtpServeur.clear();
-  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
-  Tree.AjouteCompte("2", "smtp2.org", "a2@b.org", "bob", 465);
-  Tree.NommeDefaut("2");
+  Comptes.Ajoute("smtp1.org", "a1@b.org");
+  Comptes.Ajoute("smtp2.org", "a2@b.org", "bob", 465).ParDefaut = true;
   Ouvre();
   EXPECT_EQ(Lit("TxtSMTP"), "smtp2.org");
   EXPECT_EQ(Lit("TxtFrom"), "a2@b.org");
@@ -215,17 +214,16 @@ TEST_F(FormeSmtp, EmptySettingsFillThemselvesFromTheDefaultAccount) {
 
 TEST_F(FormeSmtp, AMissingSenderAloneFillsAllToo) {
   Reglages.SmtpFrom.clear();
-  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
+  Comptes.Ajoute("smtp1.org", "a1@b.org");
   Ouvre();
   EXPECT_EQ(Reglages.SmtpServeur, "smtp1.org");
 }
 
 TEST_F(FormeSmtp, AnUnusableAccountBeforeTheDefaultOneMakesItAnEmptySlot) {
   Reglages.SmtpServeur.clear();
-  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
-  Tree.AjouteCompte("2", "", "a2@b.org");
-  Tree.AjouteCompte("3", "smtp3.org", "a3@b.org");
-  Tree.NommeDefaut("3");
+  Comptes.Ajoute("smtp1.org", "a1@b.org");
+  Comptes.Ajoute("", "a2@b.org");
+  Comptes.Ajoute("smtp3.org", "a3@b.org").ParDefaut = true;
   Ouvre();
   EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->count(), 2);
   EXPECT_EQ(Reglages.SmtpServeur, "");
@@ -245,28 +243,81 @@ TEST_F(FormeSmtp, WithoutAnyAccountEmptySettingsLoseThePortAndTheLogin) {
 }
 
 TEST_F(FormeSmtp, TwelveAccountsGiveElevenEntriesAndTheyNeverGrow) {
-  for (int i = 1; i <= 12; ++i)
-    Tree.AjouteCompte(QString::number(i), QStringLiteral("s%1").arg(i), QStringLiteral("a%1").arg(i));
+  for (int i = 1; i <= 12; ++i) Comptes.Ajoute(QStringLiteral("s%1").arg(i), QStringLiteral("a%1").arg(i));
   Ouvre();
   EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->count(), 11);
   Ouvre();
   EXPECT_EQ(Trouve<QComboBox>("CmbComptes")->count(), 11);
 }
 
-TEST_F(FormeSmtp, PendingEventsRunForEachKeyAndOnceMoreAtTheEnd) {
-  Tree.AjouteCompte("1", "s", "a");
-  Tree.AjouteCompte("2", "s", "b");
+TEST_F(FormeSmtp, PendingEventsRunForEachAccountAndOnceMoreAtTheEnd) {
+  Comptes.Ajoute("s", "a");
+  Comptes.Ajoute("s", "b");
   Ouvre();
   EXPECT_EQ(Pompe.Appels, 3);
 }
 
-TEST_F(FormeSmtp, TooManyAccountsOrAHighPortEndTheOpening) {
-  Tree.AjouteCompte("1", "s", "high@b.org", {}, 40000);
-  EXPECT_THROW(Ouvre(), Echec);
-  Tree.Efface();
-  for (int i = 0; i < 22; ++i) Tree.AjouteCompte(QString::number(i), "s", "a");
-  EXPECT_THROW(Ouvre(), Echec);
-  EXPECT_EQ(Reglages.SmtpServeur, "smtp.b.org");
+TEST_F(FormeSmtp, AHighPortIsOneLikeAnyOther) {
+  Comptes.Ajoute("s", "high@b.org", {}, 40000);
+  Ouvre();
+  QTest::keyClick(Trouve<QComboBox>("CmbComptes"), Qt::Key_Down);
+  EXPECT_EQ(Lit("TextPort"), "40000");
+  EXPECT_EQ(Reglages.SmtpPort, "40000");
+}
+
+TEST_F(FormeSmtp, AnOAuth2AccountIsMarkedInTheListInBothLanguagesAlsoWhenTheyChange) {
+  Comptes.Ajoute("smtp1.org", "a1@b.org", "anna");
+  Comptes.Ajoute("smtp2.org", "a2@b.org", "bob").OAuth2 = true;
+  Ouvre();
+  auto* liste = Trouve<QComboBox>("CmbComptes");
+  EXPECT_EQ(liste->itemText(0), "a1@b.org");
+  EXPECT_EQ(liste->itemText(1), "a2@b.org (OAuth2 login)");
+  EXPECT_TRUE(liste->itemData(0, Qt::ToolTipRole).toString().isEmpty());
+  EXPECT_TRUE(liste->itemData(1, Qt::ToolTipRole).toString().contains("app password"));
+  Reglages.LangueCourante = 0;
+  Textes.Remplit(0);
+  Forme->EcritMots();
+  EXPECT_EQ(liste->itemText(0), "a1@b.org");
+  EXPECT_EQ(liste->itemText(1), "a2@b.org (connexion OAuth2)");
+  EXPECT_TRUE(liste->itemData(1, Qt::ToolTipRole).toString().contains("mot de passe d'application"));
+}
+
+TEST_F(FormeSmtp, ThePasswordOfAnOAuth2AccountIsAskedForInItsField) {
+  Reglages.SmtpPass.clear();
+  Comptes.Ajoute("smtp1.org", "a1@b.org", "anna");
+  Comptes.Ajoute("smtp2.org", "a2@b.org", "bob").OAuth2 = true;
+  Ouvre();
+  auto* champ = Trouve<QLineEdit>("TxtSMTPpass");
+  const QString sans = champ->toolTip();
+  EXPECT_EQ(champ->placeholderText(), "");
+  auto* liste = Trouve<QComboBox>("CmbComptes");
+  QTest::keyClick(liste, Qt::Key_Down);
+  EXPECT_EQ(champ->placeholderText(), "");
+  QTest::keyClick(liste, Qt::Key_Down);
+  EXPECT_EQ(champ->placeholderText(), "app password");
+  EXPECT_TRUE(champ->toolTip().contains("OAuth2"));
+  Reglages.LangueCourante = 0;
+  Textes.Remplit(0);
+  Forme->EcritMots();
+  EXPECT_EQ(champ->placeholderText(), "mot de passe d'application");
+  Reglages.LangueCourante = 1;
+  Textes.Remplit(1);
+  Forme->EcritMots();
+  Tape("TxtSMTP", "elsewhere.org");
+  EXPECT_EQ(champ->placeholderText(), "") << "settings of one's own";
+  EXPECT_EQ(champ->toolTip(), sans);
+}
+
+TEST_F(FormeSmtp, SettingsThatWereTakenFromAnOAuth2AccountAreKnownAtTheNextOpening) {
+  Reglages.SmtpServeur.clear();
+  Reglages.SmtpPass.clear();
+  CompteMail& compte = Comptes.Ajoute("smtp2.org", "a2@b.org", "bob");
+  compte.OAuth2 = compte.ParDefaut = true;
+  Ouvre();
+  EXPECT_EQ(Trouve<QLineEdit>("TxtSMTPpass")->placeholderText(), "app password") << "filled from the default account";
+  Ouvre();
+  EXPECT_EQ(Lit("TxtSMTP"), "smtp2.org");
+  EXPECT_EQ(Trouve<QLineEdit>("TxtSMTPpass")->placeholderText(), "app password");
 }
 
 }  // namespace

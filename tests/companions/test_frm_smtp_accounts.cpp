@@ -4,7 +4,7 @@
 #include <QTemporaryDir>
 
 #include "companions/smtp_bench.h"
-#include "platform/accounts/account_registry.h"
+#include "platform/accounts/account_reader.h"
 
 namespace vaktor::essai {
 namespace {
@@ -25,7 +25,7 @@ struct ComptesReels : BancSmtp {
   void OuvreSurFichiers() {
     Textes.Remplit(Reglages.LangueCourante);
     Forme = std::make_unique<FrmSmtp>(
-        PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Fichiers, Comptes, Essai});
+        PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Fichiers, Lus, Essai});
     Forme->Charge();
     Forme->EcritMots();
     Forme->Montre();
@@ -47,7 +47,9 @@ struct ComptesReels : BancSmtp {
   }
 
   QTemporaryDir Domicile;
-  RegistreComptesFichiers Fichiers{{Domicile.path(), Domicile.filePath(".config")}};
+  LecteurComptesBorne Fichiers{
+      [lieux = LieuxComptes{Domicile.path(), Domicile.filePath(".config")}] { return LitTousLesComptes(lieux); },
+      std::chrono::minutes(1)};  // a busy machine reads slowly
 };
 
 TEST_F(ComptesReels, TheDefaultAccountFillsEmptySettingsAndAnyOtherCanBePicked) {
@@ -114,7 +116,7 @@ TEST_F(ComptesReels, ManyAccountsOfOneProfileGiveElevenEntriesAndNoError) {
   OuvreSurFichiers();
   EXPECT_EQ(Adresses().size(), 11);
   EXPECT_EQ(Adresses().last(), "11@b.org");
-  EXPECT_EQ(Comptes.ComptePort.at(10), "465");
+  EXPECT_EQ(Lus.Cases.at(10)->Port, 465);
 }
 
 }  // namespace

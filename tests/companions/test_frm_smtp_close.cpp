@@ -175,7 +175,7 @@ TEST_F(FermetureSmtp, AProgramThatEndsUnderAQuestionSavesOnce) {
     Reglages.SmtpServeur = "s";
     Sauvegarde.Sauvegardes = 0;
     Forme =
-        std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, boite, Pompe, Tree, Comptes, Essai});
+        std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, boite, Pompe, Comptes, Lus, Essai});
     Forme->Montre();
     boite.Pendant = [this] {
       Etat.EnFermeture = true;
@@ -197,7 +197,7 @@ class SauvegardeImpossible : public SauvegardeParametres {
 
 TEST_F(FermetureSmtp, AFormThatCannotBeSavedStaysOpenAndCanBeClosedLater) {
   SauvegardeImpossible disque;
-  Forme = std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, disque, Textes, Etat, Boites, Pompe, Tree, Comptes, Essai});
+  Forme = std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, disque, Textes, Etat, Boites, Pompe, Comptes, Lus, Essai});
   Forme->Charge();
   Forme->Montre();
   // As the guard at the event loop sees it.

@@ -1,208 +1,112 @@
-// The reading of foreign mail accounts, with a tree in memory.
+// The rules over the mail accounts of other programs, and over the mail settings.
 #include <gtest/gtest.h>
 
-#include "base/failure.h"
 #include "companions/mail_accounts.h"
 #include "companions/rehearsal_words.h"
 #include "companions/smtp_settings.h"
 #include "companions/smtp_words.h"
 #include "fakes/fake_event_pump.h"
-#include "fakes/fake_mail_registry.h"
+#include "fakes/fake_foreign_accounts.h"
 
 namespace vaktor {
 namespace {
 
-using faux::RegistreFaux;
-
-struct Registre : testing::Test {
+struct Comptes : testing::Test {
   qint32 Lit() {
     Liste.clear();
-    Module.LitComptesMail([this](const QString& adresse) { Liste.append(adresse); });
-    return Comptes.NbrComptes;
+    LitComptesMail(Lecteur, Pompe, Lus, [this](const CompteMail& compte) { Liste.append(compte.Adresse); });
+    return Lus.NbrComptes;
   }
-  /// The number of the failure that reading ends with, its sentence in Dit; 0 for none.
-  qint32 LitEnEchouant() {
-    try {
-      Lit();
-    } catch (const Echec& echec) {
-      Dit = echec.Description();
-      return echec.Numero();
-    }
-    return 0;
+  void Ajoute(int combien) {
+    for (int i = 1; i <= combien; ++i)
+      Lecteur.Ajoute(QStringLiteral("smtp%1.org").arg(i), QStringLiteral("a%1@b.org").arg(i));
   }
-  void Ajoute(int combien, int depuis = 1) {
-    for (int i = depuis; i < depuis + combien; ++i)
-      Tree.AjouteCompte(QStringLiteral("%1").arg(i, 8, 10, QLatin1Char('0')), QStringLiteral("smtp%1.org").arg(i),
-                        QStringLiteral("a%1@b.org").arg(i));
-  }
-  QString Port(quint32 nombre) {
-    Tree.Efface();
-    Tree.AjouteCompte("1", "s", "a@b", {}, nombre);
+  QString Port(qint32 nombre) {
+    Lecteur.Comptes.clear();
+    Lecteur.Ajoute("s", "a@b", {}, nombre);
     Lit();
-    return Comptes.ComptePort.at(0);
+    ReprendCompte(Lus, 0, Reglages);
+    return Reglages.SmtpPort;
   }
+  QString Serveur(std::size_t place) const { return Lus.Cases.at(place).value_or(CompteMail{}).Serveur; }
 
-  RegistreFaux Tree;
+  faux::LecteurComptesFaux Lecteur;
   faux::Journal Journal;
   faux::PompeFausse Pompe{Journal};
   Parametres Reglages;
-  ComptesMail Comptes;
-  ModuleRegistreCompteMail Module{{Tree, Pompe, Reglages, Comptes}};
+  ComptesMail Lus;
   QStringList Liste;
-  QString Dit;
 };
 
-TEST_F(Registre, AValueIsFoundByItsExactNameAndLosesItsLastByteWhateverItsType) {
-  Tree.Arbre["K"].Valeurs = {{"smtp server", RegistreFaux::Texte("wrong case")},
-                             {"SMTP Server ", RegistreFaux::Texte("blank behind")},
-                             {"SMTP Server", RegistreFaux::Texte("smtp.b.org")},
-                             {"Number", RegistreFaux::Nombre(0x04030201)},
-                             {"No NUL", "abc"},
-                             {"One", "x"}};
-  EXPECT_EQ(Module.LitValeurRegistre("K", "SMTP Server"), "smtp.b.org");
-  EXPECT_EQ(Module.LitValeurRegistre("K", "Number"), QByteArray("\1\2\3"));
-  EXPECT_EQ(Module.LitValeurRegistre("K", "No NUL"), "ab");
-  EXPECT_EQ(Module.LitValeurRegistre("K", "One"), "");
-  EXPECT_EQ(Module.LitValeurRegistre("K", "Missing"), "");
-  EXPECT_EQ(Module.LitValeurRegistre("No such key", "SMTP Server"), "");
-  EXPECT_TRUE(Tree.Ouvertes.isEmpty());
-}
-
-TEST_F(Registre, TheWalkGoesOnBehindAMatchAndTheLaterOfTwoCounts) {
-  Tree.Arbre["K"].Valeurs = {{"N", RegistreFaux::Texte("first")}, {"N", RegistreFaux::Texte("second")}, {"Z", "z"}};
-  EXPECT_EQ(Module.LitValeurRegistre("K", "N"), "second");
-  EXPECT_EQ(Tree.Pas, 3) << "to the end";
-}
-
-TEST_F(Registre, AnEmptyValueIsNoMatch) {
-  Tree.Arbre["K"].Valeurs = {{"N", RegistreFaux::Texte("kept")}, {"N", ""}};
-  EXPECT_EQ(Module.LitValeurRegistre("K", "N"), "kept");
-}
-
-TEST_F(Registre, AStepThatFailsCountsAsAValueAndTheWalkGoesOn) {
-  Tree.Arbre["K"].Valeurs = {{"N", "x", RegistreFaux::kErreur},
-                             {"Long", RegistreFaux::Texte("there"), RegistreFaux::kTropLong},
-                             {"N", RegistreFaux::Texte("behind")}};
-  EXPECT_EQ(Module.LitValeurRegistre("K", "N"), "behind");
-  EXPECT_EQ(Module.LitValeurRegistre("K", "Long"), "there") << "the result itself is not looked at";
-  // What the failed step leaves are two buffers of 255 blanks.
-  EXPECT_EQ(Module.LitValeurRegistre("K", QString(255, u' ')), QByteArray(254, ' '));
-}
-
-TEST_F(Registre, NamesAndDataHave255BytesAtTheMost) {
-  Tree.Arbre["K"].Valeurs = {{QString(255, u'n'), QByteArray(255, 'd')}, {"Longer", QByteArray(300, 'e')}};
-  EXPECT_EQ(Module.LitValeurRegistre("K", QString(255, u'n')), QByteArray(254, 'd'));
-  EXPECT_EQ(Module.LitValeurRegistre("K", "Longer"), QByteArray(255, 'e'));
-  Tree.Arbre["K"].Valeurs = {{QString(300, u'n'), "value\n"}};
-  EXPECT_EQ(Module.LitValeurRegistre("K", QString(255, u'n')), "value");
-  EXPECT_EQ(Module.LitValeurRegistre("K", QString(300, u'n')), "");
-}
-
-TEST_F(Registre, AnAccountFillsItsSlot) {
-  Tree.AjouteCompte("00000001", "smtp.b.org", QString::fromUtf8("rené@b.org"), "rene", 587);
-  Tree.AjouteCompte("00000002", "smtp.c.org", "a@c.org");
+TEST_F(Comptes, FillTheirSlotsInOrderAndAreReadOnce) {
+  Lecteur.Ajoute("smtp.b.org", QString::fromUtf8("rené@b.org"), "rene", 587);
+  Lecteur.Ajoute("smtp.c.org", "a@c.org");
   EXPECT_EQ(Lit(), 2);
-  EXPECT_EQ(Comptes.CompteServeur.at(0), "smtp.b.org");
-  EXPECT_EQ(Comptes.CompteAdresse.at(0), QString::fromUtf8("rené@b.org"));
-  EXPECT_TRUE(Comptes.CompteLogin.at(0));
-  EXPECT_EQ(Comptes.CompteUser.at(0), "rene");
-  EXPECT_EQ(Comptes.ComptePort.at(0), "587");
-  EXPECT_FALSE(Comptes.CompteLogin.at(1));
-  EXPECT_EQ(Comptes.CompteUser.at(1), "");
-  EXPECT_EQ(Comptes.ComptePort.at(1), "25");
+  EXPECT_EQ(Lus.Cases.at(0), Lecteur.Comptes.at(0));
+  EXPECT_EQ(Lus.Cases.at(1), Lecteur.Comptes.at(1));
   EXPECT_EQ(Liste, (QStringList{QString::fromUtf8("rené@b.org"), "a@c.org"}));
+  EXPECT_EQ(Lecteur.Lectures, 1);
 }
 
-TEST_F(Registre, OnlyTheRightKeysAreOpenedAndAllAreClosed) {
-  Tree.AjouteCompte("A", "s", "a@b");
-  Lit();
-  const QString compte = faux::kRacineComptes + "\\Accounts\\A";
-  EXPECT_EQ(Tree.Lues,
-            (QStringList{faux::kRacineComptes + "\\Accounts", faux::kRacineComptes, compte, compte, compte, compte}));
-  EXPECT_TRUE(Tree.Ouvertes.isEmpty());
-}
-
-TEST_F(Registre, WithoutTheKeyOfTheAccountsTheListIsEmptyAndTheTablesStay) {
+TEST_F(Comptes, WithoutAnyTheListIsEmptyAndTheSlotsStay) {
   Ajoute(2);
   Lit();
-  Tree.Efface();
+  Lecteur.Comptes.clear();
   EXPECT_EQ(Lit(), 0);
   EXPECT_TRUE(Liste.isEmpty());
-  EXPECT_EQ(Comptes.CompteServeur.at(1), "smtp2.org");
+  EXPECT_EQ(Serveur(1), "smtp2.org");
 }
 
-TEST_F(Registre, TheDefaultCountsKeysAndNotSlots) {
-  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
-  Tree.AjouteCompte("2", "", "a2@b.org");
-  Tree.AjouteCompte("3", "smtp3.org", "a3@b.org");
-  Tree.NommeDefaut("3");
+TEST_F(Comptes, TheDefaultCountsAccountsAndNotSlots) {
+  Lecteur.Ajoute("smtp1.org", "a1@b.org");
+  Lecteur.Ajoute("", "a2@b.org");
+  Lecteur.Ajoute("smtp3.org", "a3@b.org").ParDefaut = true;
   EXPECT_EQ(Lit(), 2);
   EXPECT_EQ(Liste, (QStringList{"a1@b.org", "a3@b.org"})) << "later accounts move up";
-  EXPECT_EQ(Comptes.IndexCompteDefaut, 2);
-  EXPECT_EQ(Comptes.CompteServeur.at(2), "");
+  EXPECT_EQ(Lus.IndexCompteDefaut, 2);
+  EXPECT_FALSE(Lus.Cases.at(2).has_value());
 }
 
-TEST_F(Registre, TheDefaultMayBeAnAccountThatCannotBeUsed) {
-  Tree.AjouteCompte("1", "smtp1.org", "a1@b.org");
-  Tree.AjouteCompte("2", "smtp2.org", "");
-  Tree.NommeDefaut("2");
+TEST_F(Comptes, TheDefaultMayBeOneThatCannotBeUsed) {
+  Lecteur.Ajoute("smtp1.org", "a1@b.org");
+  Lecteur.Ajoute("smtp2.org", "").ParDefaut = true;
   EXPECT_EQ(Lit(), 1);
-  EXPECT_EQ(Comptes.IndexCompteDefaut, 1);
+  EXPECT_EQ(Lus.IndexCompteDefaut, 1);
 }
 
-TEST_F(Registre, TheDefaultKeepsItsLastValueWhenNoKeyMatches) {
+TEST_F(Comptes, TheDefaultKeepsItsLastValueWhenThereIsNone) {
   Ajoute(3);
-  Tree.NommeDefaut("00000003");
+  Lecteur.Comptes[2].ParDefaut = true;
   Lit();
-  EXPECT_EQ(Comptes.IndexCompteDefaut, 2);
-  Tree.NommeDefaut("00000009");
+  EXPECT_EQ(Lus.IndexCompteDefaut, 2);
+  Lecteur.Comptes[2].ParDefaut = false;
   Lit();
-  EXPECT_EQ(Comptes.IndexCompteDefaut, 2);
-  EXPECT_EQ(Comptes.NomCompteDefaut, "00000009");
-  EXPECT_EQ(ComptesMail().IndexCompteDefaut, 0) << "before any match";
+  EXPECT_EQ(Lus.IndexCompteDefaut, 2);
+  EXPECT_EQ(ComptesMail().IndexCompteDefaut, 0) << "before any";
 }
 
-TEST_F(Registre, OfTwelveAccountsElevenAreRead) {
+TEST_F(Comptes, OfTwelveElevenAreLookedAt) {
   Ajoute(12);
-  Tree.NommeDefaut("00000012");
+  Lecteur.Comptes[11].ParDefaut = true;
   EXPECT_EQ(Lit(), 11);
   EXPECT_EQ(Liste.last(), "a11@b.org");
-  EXPECT_EQ(Comptes.IndexCompteDefaut, 0) << "the twelfth is not looked at";
+  EXPECT_EQ(Lus.IndexCompteDefaut, 0) << "the twelfth is not looked at";
 }
 
-TEST_F(Registre, TheLimitOfElevenCountsKeysNotUsableAccounts) {
-  Tree.AjouteCompte("00000000", "", "");
+TEST_F(Comptes, TheLimitOfElevenCountsThoseThatCannotBeUsedToo) {
+  Lecteur.Ajoute("", "");
   Ajoute(12);
   EXPECT_EQ(Lit(), 10);
 }
 
-TEST_F(Registre, TwentyOneKeysAreReadAndATwentySecondIsAnErrorInTheUsersLanguage) {
-  Ajoute(21);
-  EXPECT_EQ(LitEnEchouant(), 0);
-  Ajoute(1, 22);
-  EXPECT_EQ(LitEnEchouant(), kIndiceHorsPlage);
-  EXPECT_TRUE(Dit.contains("21") && Dit.contains("comptes")) << Dit.toStdString();
-  EXPECT_TRUE(Tree.Ouvertes.isEmpty()) << "nothing stays open behind an error";
-  EXPECT_EQ(Comptes.NbrComptes, 0);
-  Reglages.LangueCourante = 1;
-  LitEnEchouant();
-  EXPECT_TRUE(Dit.contains("accounts")) << Dit.toStdString();
+TEST_F(Comptes, HoweverManyThereAreTheReadingGoesWell) {
+  Ajoute(1000);
+  EXPECT_EQ(Lit(), 11);
 }
 
-TEST_F(Registre, KeysWithoutANameArePassedOverAndAFailedStepIsAKey) {
-  Ajoute(1);
-  auto& cles = Tree.Arbre[faux::kRacineComptes + "\\Accounts"].Cles;
-  cles.prepend("!");  // a failed step leaves a name of 255 blanks: a key that is not there
-  cles.prepend("");
-  Tree.NommeDefaut("00000001");
-  EXPECT_EQ(Lit(), 1);
-  EXPECT_EQ(Comptes.IndexCompteDefaut, 2);
-  EXPECT_EQ(Pompe.Appels, 2) << "not for the empty name";
-}
-
-TEST_F(Registre, PendingEventsRunAfterEachKeyUsableOrNot) {
-  Tree.AjouteCompte("1", "", "a@b");
-  Tree.AjouteCompte("2", "s", "a@b");
+TEST_F(Comptes, PendingEventsRunAfterEachUsableOrNot) {
+  Lecteur.Ajoute("", "a@b");
+  Lecteur.Ajoute("s", "a@b");
   qsizetype alors = -1;
   Pompe.EnAttente = [&] { alors = Liste.size(); };
   Lit();
@@ -210,58 +114,62 @@ TEST_F(Registre, PendingEventsRunAfterEachKeyUsableOrNot) {
   EXPECT_EQ(alors, 0);
 }
 
-TEST_F(Registre, APortIsItsFirstTwoBytes) {
+TEST_F(Comptes, EveryPortOfTheNetworkWorksAndAMissingOneIs25) {
   EXPECT_EQ(Port(25), "25");
   EXPECT_EQ(Port(465), "465");
-  EXPECT_EQ(Port(587), "587");
-  EXPECT_EQ(Port(993), "993") << "a byte that is no UTF-8 by itself";
-  EXPECT_EQ(Port(0), "0");
+  EXPECT_EQ(Port(1), "1");
   EXPECT_EQ(Port(32767), "32767");
-  EXPECT_EQ(Port(65536 + 25), "25") << "the third byte is not looked at";
-  EXPECT_EQ(DecodePortSmtp("", 0, {}), "25");
-  EXPECT_EQ(DecodePortSmtp("\x19", 0, {}), "25") << "one byte alone";
-  EXPECT_EQ(DecodePortSmtp("\xff", 0, {}), "255");
-  EXPECT_EQ(DecodePortSmtp("587", 0, {}), "14389") << "text is taken for bytes: 53 + 56 * 256";
+  EXPECT_EQ(Port(32768), "32768");
+  EXPECT_EQ(Port(40000), "40000");
+  EXPECT_EQ(Port(65535), "65535");
+  EXPECT_EQ(Port(0), "25");
 }
 
-TEST_F(Registre, AMissingPortIs25) {
-  Tree.AjouteCompte("1", "s", "a@b");
-  Tree.Compte("1").Valeurs.removeLast();
-  Lit();
-  EXPECT_EQ(Comptes.ComptePort.at(0), "25");
-}
-
-TEST_F(Registre, APortOf32768OverflowsAndEndsTheReading) {
-  Ajoute(1);
-  Tree.AjouteCompte("2", "s", "high@b.org", {}, 32768);
-  Ajoute(1, 3);
-  EXPECT_EQ(LitEnEchouant(), kDepassement);
-  EXPECT_TRUE(Dit.contains("high@b.org")) << Dit.toStdString();
-  EXPECT_EQ(Comptes.NbrComptes, 1) << "what was read until then stays";
-  EXPECT_EQ(Liste, QStringList{"a1@b.org"});
-  EXPECT_EQ(Port(65535 - 32768), "32767");
-  EXPECT_THROW(Port(65535), Echec);
-}
-
-TEST_F(Registre, AHighPortOfAnAccountThatIsLeftOutIsNoError) {
-  Tree.AjouteCompte("1", "", "a@b", {}, 40000);
-  EXPECT_EQ(LitEnEchouant(), 0);
-}
-
-TEST_F(Registre, CopyingASlotLeavesThePasswordAlone) {
-  Tree.AjouteCompte("1", "s.org", "a@b", "anna", 587);
+TEST_F(Comptes, CopyingASlotLeavesThePasswordAlone) {
+  Lecteur.Ajoute("s.org", "a@b", "anna", 587);
   Lit();
   Reglages.SmtpPass = "kept";
-  ReprendCompte(Comptes, 0, Reglages);
+  ReprendCompte(Lus, 0, Reglages);
   EXPECT_EQ(Reglages.SmtpServeur, "s.org");
   EXPECT_EQ(Reglages.SmtpFrom, "a@b");
   EXPECT_TRUE(Reglages.SmtpNeedLogin);
   EXPECT_EQ(Reglages.SmtpUser, "anna");
   EXPECT_EQ(Reglages.SmtpPort, "587");
   EXPECT_EQ(Reglages.SmtpPass, "kept");
-  ReprendCompte(Comptes, 5, Reglages);
+  ReprendCompte(Lus, 5, Reglages);
+  EXPECT_EQ(Reglages.SmtpServeur, "");
   EXPECT_EQ(Reglages.SmtpPort, "") << "an empty slot has no port";
   EXPECT_FALSE(Reglages.SmtpNeedLogin);
+}
+
+TEST_F(Comptes, SettingsOfAnOAuth2AccountAreKnownByServerAndLogin) {
+  Lecteur.Ajoute("s.org", "a@b", "anna");
+  Lecteur.Ajoute("t.org", "c@d", "carl").OAuth2 = true;
+  EXPECT_FALSE(SontDUnCompteOAuth2(Reglages, Lus)) << "before any reading";
+  Lit();
+  EXPECT_FALSE(SontDUnCompteOAuth2(Reglages, Lus));
+  ReprendCompte(Lus, 0, Reglages);
+  EXPECT_FALSE(SontDUnCompteOAuth2(Reglages, Lus));
+  ReprendCompte(Lus, 1, Reglages);
+  EXPECT_TRUE(SontDUnCompteOAuth2(Reglages, Lus));
+  Reglages.SmtpFrom = "other@d";
+  EXPECT_TRUE(SontDUnCompteOAuth2(Reglages, Lus)) << "another sender over the same login";
+  Reglages.SmtpUser = "chris";
+  EXPECT_FALSE(SontDUnCompteOAuth2(Reglages, Lus));
+  ReprendCompte(Lus, 1, Reglages);
+  Lecteur.Comptes.clear();
+  Lit();
+  EXPECT_FALSE(SontDUnCompteOAuth2(Reglages, Lus)) << "what an earlier reading has left does not count";
+}
+
+TEST(MotsDesComptes, AnOAuth2AccountIsMarkedInBothLanguages) {
+  CompteMail compte{.Serveur = "s", .Adresse = "a@b"};
+  EXPECT_EQ(NommeCompte(0, compte), "a@b");
+  compte.OAuth2 = true;
+  EXPECT_EQ(NommeCompte(0, compte), "a@b (connexion OAuth2)");
+  EXPECT_EQ(NommeCompte(1, compte), "a@b (OAuth2 login)");
+  EXPECT_NE(InviteOAuth2(0), InviteOAuth2(1));
+  EXPECT_NE(AideOAuth2(0), AideOAuth2(1));
 }
 
 TEST(ReglagesSmtp, FieldsByState) {

@@ -1,5 +1,6 @@
 // Any bytes as a file of another mail program: what comes out is well-formed, bounded, and the same when written and
 // read again.
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 
@@ -35,6 +36,20 @@ QByteArray EcritPrefs(const Prefs& prefs) {
 
 void VerifieTexte(const QByteArray& texte) { Exige(texte.isValidUtf8() && !texte.contains('\0')); }
 
+// What may go to a server as it is.
+void VerifieComptes(const QList<CompteMail>& comptes) {
+  Exige(comptes.size() <= kComptesMax);
+  for (qsizetype i = 0; i < comptes.size(); ++i) {
+    const CompteMail& compte = comptes.at(i);
+    Exige(compte.ParDefaut == (i == 0) && compte.Port >= 0 && compte.Port <= kPortMax);
+    Exige(!EstUtilisable(compte) || comptes.count(compte) == 1);
+    for (const QString& texte : {compte.Serveur, compte.Adresse, compte.Utilisateur}) {
+      Exige(texte.isValidUtf16() && texte.toUtf8().size() <= 254);
+      Exige(std::ranges::none_of(texte, [](QChar c) { return c < u' ' || c == u'\x7f'; }));
+    }
+  }
+}
+
 void EssaiePrefs(const QByteArray& octets) {
   const Prefs toutes = LitPrefs(octets, "");
   for (auto pref = toutes.Valeurs.cbegin(); pref != toutes.Valeurs.cend(); ++pref) {
@@ -47,11 +62,7 @@ void EssaiePrefs(const QByteArray& octets) {
   Exige(courrier.Valeurs.size() <= toutes.Valeurs.size());
   ListeComptes liste;
   AjouteComptes(courrier, liste);
-  Exige(liste.Comptes().size() <= kComptesMax);
-  for (const CompteMail& compte : liste.Comptes()) {
-    Exige(EstMontrable(compte) && liste.Comptes().count(compte) == 1);
-    for (const QByteArray& texte : {compte.Serveur, compte.Adresse, compte.Utilisateur}) VerifieTexte(texte);
-  }
+  VerifieComptes(liste.Comptes());
 }
 
 void EssaieCles(const QByteArray& octets) {

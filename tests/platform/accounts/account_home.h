@@ -1,4 +1,4 @@
-// A home folder of mail programs' files, and what the registry tree shows of it.
+// A home folder of mail programs' files, and the accounts that are read from it.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,16 +7,13 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "platform/accounts/account_registry.h"
+#include "platform/accounts/account_reader.h"
 
 namespace vaktor::essai {
-
-inline const QString kRacine = QStringLiteral("Software\\Microsoft\\Internet Account Manager");
 
 struct DomicileComptes : testing::Test {
   QTemporaryDir Temporaire;
   const LieuxComptes Lieux{Temporaire.filePath("home"), Temporaire.filePath("home/.config")};
-  RegistreComptesFichiers Registre{Lieux};
 
   QString Chemin(const QString& nom) const { return Lieux.Domicile + '/' + nom; }
   void Ecrit(const QString& nom, const QByteArray& octets) const {
@@ -36,48 +33,24 @@ struct DomicileComptes : testing::Test {
     Ecrit(racine + "/p/prefs.js", prefs);
   }
 
-  QStringList Cles(const QString& chemin) {
-    QStringList noms;
-    const RegistreComptes::Cle cle = Registre.OuvreCle(chemin);
-    QString nom;
-    for (quint32 i = 0; Registre.EnumereCle(cle, i, nom) == RegistreComptes::kSucces; ++i) noms << nom;
-    Registre.FermeCle(cle);
-    return noms;
-  }
-  QMap<QString, QByteArray> Valeurs(const QString& chemin) {
-    QMap<QString, QByteArray> valeurs;
-    const RegistreComptes::Cle cle = Registre.OuvreCle(chemin);
-    QString nom;
-    QByteArray donnee;
-    for (quint32 i = 0; Registre.EnumereValeur(cle, i, nom, donnee) == RegistreComptes::kSucces; ++i) {
-      valeurs[nom] = donnee;
-    }
-    Registre.FermeCle(cle);
-    return valeurs;
-  }
-  /// "address|server|user|port" of each account in the order of the keys, the default one marked with "*".
-  QStringList Montre() {
-    const QStringList noms = Cles(kRacine + "\\Accounts");
-    const QByteArray defaut = Valeurs(kRacine)["Default Mail Account"];
+  /// "address|server|user|port" of each account that can be used, in order, the default one marked with "*", one that
+  /// logs in with OAuth2 with "OAuth2" behind it.
+  QStringList Montre() const {
     QStringList lignes;
-    for (const QString& nom : noms) {
-      const auto valeurs = Valeurs(kRacine + "\\Accounts\\" + nom);
-      const auto texte = [&valeurs](const char* valeur) {
-        const QByteArray donnee = valeurs[QString::fromLatin1(valeur)];
-        EXPECT_TRUE(donnee.isEmpty() || donnee.endsWith('\0')) << valeur;
-        EXPECT_LE(donnee.size(), RegistreComptes::kLongueurMax);
-        return QString::fromUtf8(donnee.chopped(donnee.isEmpty() ? 0 : 1));
-      };
-      const QByteArray port = valeurs["SMTP Port"];
-      EXPECT_TRUE(port.isEmpty() || (port.size() == 4 && port[2] == 0 && port[3] == 0));
-      const QString nombre = port.isEmpty()
-                                 ? QStringLiteral("-")
-                                 : QString::number(static_cast<quint8>(port[0]) + 256 * static_cast<quint8>(port[1]));
-      lignes << (defaut == nom.toUtf8() + '\0' ? "*" : "") +
-                    QStringList{texte("SMTP Email Address"), texte("SMTP Server"), texte("SMTP User Name"), nombre}
-                        .join('|');
+    for (const CompteMail& compte : LitTousLesComptes(Lieux)) {
+      if (!EstUtilisable(compte)) continue;
+      const QString port = compte.Port == 0 ? QStringLiteral("-") : QString::number(compte.Port);
+      lignes << (compte.ParDefaut ? "*" : "") +
+                    QStringList{compte.Adresse, compte.Serveur, compte.Utilisateur, port}.join('|') +
+                    (compte.OAuth2 ? "|OAuth2" : "");
     }
     return lignes;
+  }
+  /// Of all accounts, in order: true for those that can be used.
+  QList<bool> Utilisables() const {
+    QList<bool> utilisables;
+    for (const CompteMail& compte : LitTousLesComptes(Lieux)) utilisables << EstUtilisable(compte);
+    return utilisables;
   }
 };
 

@@ -27,7 +27,7 @@ TEST(SourcesEvolution, FilesOfTheRealLibrary) {
   const QString config = QStringLiteral(COMPTES_D_ESSAI "/config");
   const QList<CompteMail> comptes = LitTousLesComptes({QStringLiteral("/nulle/part"), config});
   ASSERT_EQ(comptes.size(), 3) << "the local folders are no account to send with";
-  EXPECT_EQ(comptes[0], (CompteMail{"smtp.example.org", "garde@example.org", "EXEMPLE\\garde", 587}));
+  EXPECT_EQ(comptes[0], (CompteMail{"smtp.example.org", "garde@example.org", "EXEMPLE\\garde", 587, false, true}));
   EXPECT_EQ(comptes[1], (CompteMail{"mail.example.net", "veille@example.net", "veille@example.net", 465}));
   EXPECT_EQ(comptes[2], (CompteMail{"localhost", "root@localhost", "", 25})) << "no login: its method is none";
 }
@@ -59,9 +59,28 @@ TEST_F(Evolution, ParentsInARingEnd) {
 TEST_F(Evolution, BrokenChainsAreLeftOut) {
   EcritSource("identite", "[Mail Identity]\nAddress=a@b.org\n[Mail Submission]\nTransportUid=parti\n");
   EXPECT_EQ(Montre(), QStringList{});
+  EXPECT_EQ(Utilisables(), QList<bool>{false}) << "in its place";
   EcritCompte("compte", "[Mail Account]\nIdentityUid=partie\n");
   EcritSource("compte", "[Mail Account]\nIdentityUid=partie\n");
   EXPECT_EQ(Montre(), QStringList{});
+}
+
+TEST_F(Evolution, AnAccountWithoutAnIdentityIsAPlaceForMailAndSendsNone) {
+  EcritSource("a-local", "[Mail Account]\nBackendName=maildir\nIdentityUid=\n");
+  EcritSource("b-search", "[Mail Account]\nBackendName=vfolder\n");
+  EcritSource("c-self", "[Mail Account]\nBackendName=maildir\nIdentityUid=self\n");
+  EXPECT_EQ(Utilisables(), QList<bool>{true});
+}
+
+TEST_F(Evolution, AnAccountOfATokenIsMarked) {
+  for (const char* methode : {"OAuth2", "XOAUTH2", "Google", "Outlook", "Yahoo", "xoauth2"}) {
+    EcritEnvoi(QByteArray("Method=") + methode + '\n');
+    EXPECT_EQ(Montre(), QStringList{"*a@b.org|smtp.b.org|moi|587|OAuth2"}) << methode;
+  }
+  for (const char* methode : {"PLAIN", "LOGIN", "CRAM-MD5", "", "OAuth"}) {
+    EcritEnvoi(QByteArray("Method=") + methode + '\n');
+    EXPECT_EQ(Montre(), kUnCompte) << methode;
+  }
 }
 
 TEST_F(Evolution, OnlySmtpIsAServer) {

@@ -83,8 +83,22 @@ TEST_F(Thunderbird, WithoutAPortTheOneOfTheEncryption) {
 TEST_F(Thunderbird, AServerThatWantsNoLoginHasNoUser) {
   EcritProfil(PrefsDUnCompte("user_pref(\"mail.smtpserver.s.authMethod\", 1);\n"));
   EXPECT_EQ(Montre(), QStringList{"*a@b.org|smtp.b.org||587"});
+}
+
+TEST_F(Thunderbird, AnAccountThatLogsInWithATokenIsMarked) {
   EcritProfil(PrefsDUnCompte("user_pref(\"mail.smtpserver.s.authMethod\", 10);\n"));
-  EXPECT_EQ(Montre(), kUnCompte);
+  EXPECT_EQ(Montre(), QStringList{"*a@b.org|smtp.b.org|moi|587|OAuth2"});
+  for (const char* methode : {"3", "4", "5", "6", "100", "\"10\""}) {
+    EcritProfil(PrefsDUnCompte(QByteArray("user_pref(\"mail.smtpserver.s.authMethod\", ") + methode + ");\n"));
+    EXPECT_EQ(Montre(), kUnCompte) << methode;
+  }
+}
+
+TEST_F(Thunderbird, AnAccountWithoutAnIdentityIsAPlaceForMailAndSendsNone) {
+  EcritProfil(
+      PrefsDUnCompte("user_pref(\"mail.accountmanager.accounts\", \"dossiers,nouvelles,a\");\n"
+                     "user_pref(\"mail.account.dossiers.server\", \"server1\");\n"));
+  EXPECT_EQ(Utilisables(), QList<bool>{true});
 }
 
 TEST_F(Thunderbird, AServerOfAnotherKindIsNoServer) {

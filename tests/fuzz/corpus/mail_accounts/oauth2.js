@@ -1,0 +1,11 @@
+user_pref("mail.accountmanager.accounts", "a,b");
+user_pref("mail.account.a.identities", "i");
+user_pref("mail.account.b.identities", "j");
+user_pref("mail.identity.i.useremail", "anna@example.org");
+user_pref("mail.identity.i.smtpServer", "s");
+user_pref("mail.identity.j.useremail", "without@example.org");
+user_pref("mail.identity.j.smtpServer", "gone");
+user_pref("mail.smtpserver.s.hostname", "smtp.example.org");
+user_pref("mail.smtpserver.s.port", 40000);
+user_pref("mail.smtpserver.s.username", "anna@example.org");
+user_pref("mail.smtpserver.s.authMethod", 10);
