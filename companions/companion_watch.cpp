@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

@@ -2,7 +2,7 @@
 
 #include <span>
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

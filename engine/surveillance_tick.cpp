@@ -5,9 +5,9 @@
 #include <exception>
 #include <utility>
 
-#include "base/language.h"
 #include "base/numbers.h"
 #include "engine/detection_zone.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {

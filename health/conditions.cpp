@@ -3,7 +3,7 @@
 #include <QLocale>
 #include <array>
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

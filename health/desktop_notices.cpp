@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

@@ -10,7 +10,7 @@
 #include "image/ports/folder_tree.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 

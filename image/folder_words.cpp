@@ -1,6 +1,6 @@
 #include "image/folder_words.h"
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {

@@ -1,4 +1,4 @@
-// What a person is told of a folder that cannot be used. By language, as base/language.h tells.
+// What a person is told of a folder that cannot be used. By language, as texts/language.h tells.
 #pragma once
 
 #include <QString>

@@ -1,6 +1,6 @@
 #include "image/gallery_words.h"
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {

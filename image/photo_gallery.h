@@ -17,7 +17,7 @@
 #include "image/ports/photo_reader.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 

@@ -3,8 +3,8 @@
 #include <cerrno>
 #include <system_error>
 
-#include "base/language.h"
 #include "image/jpeg_writer.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {

@@ -1,6 +1,6 @@
 #include "settings/settings_failures.h"
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {

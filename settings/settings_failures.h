@@ -5,7 +5,7 @@
 
 namespace vaktor {
 
-// By language, as base/language.h tells.
+// By language, as texts/language.h tells.
 
 /// A stored value that is not possible; names key ("section/key"), value (shortened) and where it lies.
 QString DitReglageImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& emplacement);

@@ -4,7 +4,7 @@
 #include <QFrame>
 #include <QKeyEvent>
 
-#include "base/texts.h"
+#include "base/typed_text.h"
 #include "companions/forms/form_look.h"
 #include "companions/smtp_words.h"
 

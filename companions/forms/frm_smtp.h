@@ -11,7 +11,7 @@
 #include "companions/mail_accounts.h"
 #include "companions/smtp_settings.h"
 #include "settings/saving.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 

@@ -7,7 +7,7 @@
 #include <QPushButton>
 
 #include "image/forms/photo_list.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 

@@ -6,7 +6,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {

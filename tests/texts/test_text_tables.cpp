@@ -7,7 +7,7 @@
 #include <QSet>
 #include <QStringList>
 
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 namespace {

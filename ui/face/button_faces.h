@@ -5,7 +5,7 @@
 #include <QImage>
 #include <array>
 
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 

@@ -4,7 +4,7 @@
 #include "base/ports/message_boxes.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 

@@ -4,7 +4,7 @@
 #include <QString>
 
 #include "base/numbers.h"
-#include "base/texts.h"
+#include "base/typed_text.h"
 #include "settings/parameters.h"
 
 namespace vaktor {

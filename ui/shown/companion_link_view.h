@@ -3,7 +3,7 @@
 
 #include "base/ports/message_boxes.h"
 #include "companions/ports/link_display.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 #include "ui/window/main_window.h"
 
 namespace vaktor {

@@ -1,6 +1,6 @@
 #include "ui/shown/own_words.h"
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

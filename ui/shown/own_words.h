@@ -1,5 +1,5 @@
 // Words that the numbered tables do not hold, because they speak of things that only this system knows: a camera that
-// vanished, a failure that nobody expected. By language, as base/language.h tells.
+// vanished, a failure that nobody expected. By language, as texts/language.h tells.
 #pragma once
 
 #include <QString>

@@ -10,7 +10,7 @@
 #include "engine/surveillance.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/webcam_pecran.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 #include "ui/window/main_window.h"
 
 namespace vaktor {

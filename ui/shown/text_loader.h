@@ -6,7 +6,7 @@
 #include "image/forms/form_monitor.h"
 #include "image/forms/form_visu_photo.h"
 #include "settings/parameters.h"
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 #include "ui/window/main_window.h"
 
 namespace vaktor {

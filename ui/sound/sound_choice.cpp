@@ -1,6 +1,6 @@
 #include "ui/sound/sound_choice.h"
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

@@ -11,7 +11,7 @@
 
 namespace vaktor {
 
-/// All words of FormSound, by language, as base/language.h tells.
+/// All words of FormSound, by language, as texts/language.h tells.
 struct MotsFormSound {
   QString Titre;
   QString Selection;               ///< LabelSelectSon

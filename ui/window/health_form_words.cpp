@@ -1,6 +1,6 @@
 #include "ui/window/health_form_words.h"
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 

@@ -1,5 +1,5 @@
 // Words of the list of what is wrong with the watch, beside those of the conditions themselves. By language, as
-// base/language.h tells.
+// texts/language.h tells.
 #pragma once
 
 #include <QString>

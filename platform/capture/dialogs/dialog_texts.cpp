@@ -6,7 +6,7 @@
 #include <QLocale>
 #include <array>
 
-#include "base/language.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {

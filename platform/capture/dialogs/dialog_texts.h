@@ -68,7 +68,7 @@ enum class TexteDialogue {
   kNombre  ///< how many there are
 };
 
-/// By language, as base/language.h tells.
+/// By language, as texts/language.h tells.
 QString TexteDe(TexteDialogue texte, qint32 langue);
 
 /// "640 x 480" with the proper sign.

@@ -1,4 +1,4 @@
-#include "base/texts.h"
+#include "base/typed_text.h"
 
 #include <algorithm>
 

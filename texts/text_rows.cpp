@@ -1,4 +1,4 @@
-#include "ui/texts/text_rows.h"
+#include "texts/text_rows.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
-#include "ui/texts/text_tables.h"
+#include "texts/text_tables.h"
 
 #include <algorithm>
 
-#include "ui/texts/text_rows.h"
+#include "texts/text_rows.h"
 
 namespace vaktor {
 namespace {
