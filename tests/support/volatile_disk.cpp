@@ -253,6 +253,7 @@ int main(int argc, char** argv) {
   char* options[] = {nom, nullptr};
   fuse_args arguments = FUSE_ARGS_INIT(1, options);
   fuse* systeme = fuse_new(&arguments, &operations, sizeof(operations), &disque);
+  fuse_opt_free_args(&arguments);  // it has taken copies
   if (systeme == nullptr || fuse_mount(systeme, argv[1]) != 0) return 1;
   std::cout << "mounted" << std::endl;
   std::thread ordres(SuitOrdres, std::ref(disque), systeme);
