@@ -9,7 +9,6 @@
 namespace vaktor {
 
 namespace {
-constexpr qint32 kAucunSurvol = 5555;
 constexpr int kPagePrincipale = 1;
 }  // namespace
 
@@ -39,7 +38,7 @@ AffichageParametres& Vaktor::ChargeForm1() {
   CreeLive();
   CreeMoteur();
   CreeForm1();
-  Systeme_.Sons.SurvolSon(kAucunSurvol);
+  Systeme_.Sons.SurvolSon(SonsInterface::kAucunSurvol);
   CreeFormWinsock();
   Systeme_.Pompe.PompeMessages();
   Reglages_.SmtpPort = QStringLiteral("25");

@@ -19,7 +19,6 @@ qint32 Borne32(qint64 valeur) {
 
 qint32 AjouteVerifie(qint32 a, qint32 b) { return Borne32(qint64{a} + b); }
 qint32 SoustraitVerifie(qint32 a, qint32 b) { return Borne32(qint64{a} - b); }
-qint32 MultiplieVerifie(qint32 a, qint32 b) { return Borne32(qint64{a} * b); }
 
 qint32 ArrondiPair(double valeur) {
   // Not std::nearbyint: its result hangs on the rounding mode of the thread, which other code may have changed.

@@ -6,10 +6,9 @@
 
 namespace vaktor {
 
-/// a + b, a - b, a * b. Throws Echec(kDepassement) when the result does not fit a signed 32-bit integer.
+/// a + b, a - b. Throws Echec(kDepassement) when the result does not fit a signed 32-bit integer.
 qint32 AjouteVerifie(qint32 a, qint32 b);
 qint32 SoustraitVerifie(qint32 a, qint32 b);
-qint32 MultiplieVerifie(qint32 a, qint32 b);
 
 /// The nearest integer; a half goes to the even neighbour (0.5 -> 0, 1.5 -> 2, 2.5 -> 2, -1.5 -> -2).
 /// Throws Echec(kDepassement) for a value outside 32 bits or not a number.

@@ -56,7 +56,6 @@ class PiloteChronometre : public PiloteCapture {
     ++Mesures_.Saisies;
     return true;
   }
-  QImage CopieImage() const override { return Vrai_.CopieImage(); }
   ImageCamera CopieTrame() const override { return Vrai_.CopieTrame(); }
   bool SignalPerdu() const override { return Vrai_.SignalPerdu(); }
   void MontreDialogueFormat() override {}

@@ -65,7 +65,7 @@ class CameraSansAttente : public PiloteCapture {
   }
   void AttendImage(std::function<void()> reveil) override { Reveille_ = std::move(reveil); }
   bool EstReprise() const override { return Reprise_; }
-  QImage CopieImage() const override { return Image_; }
+  ImageCamera CopieTrame() const override { return Image_; }
   bool SignalPerdu() const override { return !ImagePrete(); }
   void MontreDialogueFormat() override {}
   void MontreDialogueSource() override {}

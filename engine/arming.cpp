@@ -1,8 +1,5 @@
 #include "engine/arming.h"
 
-#include <algorithm>
-#include <iterator>
-
 #include "base/numbers.h"
 
 namespace vaktor {
@@ -62,16 +59,11 @@ void ArmementAlarme::CompteUneSeconde() {
   Minuteries_.Timer3->Desactive();
 }
 
-QString ArmementAlarme::ChangeTexteRetard(const QString& texte) {
-  QString chiffres;
-  std::copy_if(texte.cbegin(), texte.cend(), std::back_inserter(chiffres),
-               [](QChar c) { return c >= u'0' && c <= u'9'; });
-  if (chiffres.isEmpty()) chiffres = QStringLiteral("0");
-  Ports_.Reglages.Retard = ChiffresEnEntierBorne(chiffres);
-  Etat_.Alarme.CompteARebours = Ports_.Reglages.Retard;
+void ArmementAlarme::ChangeRetard(qint32 secondes) {
+  Ports_.Reglages.Retard = secondes;
+  Etat_.Alarme.CompteARebours = secondes;
   Ports_.Reglages.ParametresModifies = true;
   Ports_.Sauvegarde.SauveParametres();
-  return chiffres;
 }
 
 void ArmementAlarme::LitArguments(const QString& ligneCommande) {

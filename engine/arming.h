@@ -19,10 +19,9 @@ class ArmementAlarme {
   void DesarmeAlarme();
   /// The tick of Timer3, once a second.
   void CompteUneSeconde();
-  /// The change event of Text1: gives the text with its digits only, "0" when there are none. Sets Retard and
-  /// CompteARebours (a running countdown starts again from there) and saves. A number too long for 32 bits gives the
-  /// greatest one.
-  QString ChangeTexteRetard(const QString& texte);
+  /// The change event of Text1, also when the text is the one before: sets Retard and CompteARebours (a running
+  /// countdown starts again from there) and saves. `secondes`: 0 and up; the field has cleaned its text.
+  void ChangeRetard(qint32 secondes);
 
   /// The start arguments "/alarm" and "/surve", anywhere in the line, in any case of letters.
   void LitArguments(const QString& ligneCommande);

@@ -9,7 +9,6 @@ namespace vaktor {
 namespace {
 
 constexpr qint32 kSurvolCamera = 17;       // the identifier of the button for the hover sound
-constexpr qint32 kAttenteSeuilMs = 2000;   // the tolerance stays still that long after a start
 constexpr qint32 kBoutonAlarme = 1;        // Bouton(1)
 constexpr qint32 kBoutonSurveillance = 2;  // Bouton(2)
 
@@ -49,7 +48,7 @@ bool CommandeCamera::Demarre() {
   }
   if (Ports_.Reglages.SeuilAuto) Ports_.Reglages.SeuilDetection = kSeuilDetectionMax;
   Jauge_.DessineSeuil(Ports_.Reglages.SeuilDetection);
-  Etat_.Detection.PasSeuil = JaugeSensibilite::kPasGrossier;
+  Etat_.Detection.PasSeuil = kPasSeuilGrossier;
   Etat_.Camera.NonComparees = 0;
   Analyse_.OublieReprise();
   Etat_.Camera.CameraActive = true;

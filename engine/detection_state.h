@@ -11,7 +11,9 @@ inline constexpr qint32 kSeuilZoom = 4;        ///< zoom level
 inline constexpr qint32 kSeuilDetectionMin = 1;
 inline constexpr qint32 kSeuilDetectionMax = 7000000;
 inline constexpr qint32 kSeuilDetectionRouge = 6000000;  ///< the gauge turns red from here up
-inline constexpr qint32 kBarreMax = 900;                 ///< maximum of ProgressBar1
+inline constexpr qint32 kPasSeuilGrossier = 10000;  ///< step of the coarse search, from a start or a double click on
+inline constexpr qint32 kPasSeuilFin = 1000;        ///< of the tracking, from the first frame with changes on
+inline constexpr qint32 kBarreMax = 900;            ///< maximum of ProgressBar1
 
 /// Detection zone, pixels of the frame surface, both edges included. All 0 until the first start of the camera; not
 /// saved. Edges may lie outside the picture and, during a drag, stand in the wrong order.
@@ -26,12 +28,12 @@ struct BoiteMouvement {
 };
 
 struct EtatDetection {
-  qint32 NbrPoints = 0;     ///< changed samples of the last analysed frame
-  quint32 Comparees = 0;    ///< frames compared so far; begins anew after 2^32
-  ZoneDetection Zone;       ///< ZoneGauche, ZoneDroite, ZoneHaut, ZoneBas
-  BoiteMouvement Mouv;      ///< MouvMinX, MouvMaxX, MouvMinY, MouvMaxY
-  qint32 PasSeuil = 10000;  ///< size of one downward step of the automatic tolerance
-  bool ModeZoom = true;     ///< view mode of Picture2: zoom, else pixel; not saved
+  qint32 NbrPoints = 0;                 ///< changed samples of the last analysed frame
+  quint32 Comparees = 0;                ///< frames compared so far; begins anew after 2^32
+  ZoneDetection Zone;                   ///< ZoneGauche, ZoneDroite, ZoneHaut, ZoneBas
+  BoiteMouvement Mouv;                  ///< MouvMinX, MouvMaxX, MouvMinY, MouvMaxY
+  qint32 PasSeuil = kPasSeuilGrossier;  ///< size of one downward step of the automatic tolerance
+  bool ModeZoom = true;                 ///< view mode of Picture2: zoom, else pixel; not saved
 };
 
 struct EtatCamera {

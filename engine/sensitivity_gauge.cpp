@@ -22,7 +22,7 @@ void JaugeSensibilite::SuitSouris(double x, bool boutonGaucheSeul) {
 }
 
 void JaugeSensibilite::DoubleClic() {
-  Etat_.Detection.PasSeuil = kPasGrossier;
+  Etat_.Detection.PasSeuil = kPasSeuilGrossier;
   TimerSeuil_.Active();
 }
 
@@ -47,8 +47,8 @@ bool JaugeSensibilite::PeutAgir() {
 // between the first change and an alarm are looked at. In the tracking it is what a camera of 30 frames a second leaves
 // time for.
 qint32 JaugeSensibilite::PasPermis() const {
-  if (Etat_.Detection.PasSeuil == kPasFin) return kPasFinsParImage;
-  return std::max(Ports_.Reglages.SeuilDetection / (kPasGrossier * kPartParImage), 1);
+  if (Etat_.Detection.PasSeuil == kPasSeuilFin) return kPasFinsParImage;
+  return std::max(Ports_.Reglages.SeuilDetection / (kPasSeuilGrossier * kPartParImage), 1);
 }
 
 void JaugeSensibilite::AjusteSeuil() {
@@ -61,8 +61,8 @@ void JaugeSensibilite::AjusteSeuil() {
     seuil = SoustraitVerifie(seuil, Etat_.Detection.PasSeuil);
   } else {
     // The first change seen ends the coarse search for good.
-    Etat_.Detection.PasSeuil = kPasFin;
-    seuil = AjouteVerifie(seuil, kPasFin);
+    Etat_.Detection.PasSeuil = kPasSeuilFin;
+    seuil = AjouteVerifie(seuil, kPasSeuilFin);
   }
   seuil = std::max(seuil, kSeuilDetectionMin);
   DessineSeuil(seuil);

@@ -8,8 +8,6 @@ namespace vaktor {
 
 class JaugeSensibilite {
  public:
-  static constexpr qint32 kPasGrossier = 10000;  ///< coarse search, from a start or a double click on
-  static constexpr qint32 kPasFin = 1000;        ///< tracking, from the first frame with changes on
   static constexpr qint32 kPartParImage = 20;  ///< one part in so many of the tolerance is searched for each new frame
   static constexpr qint32 kPasFinsParImage = 4;  ///< steps of the tracking for each new frame, at the most
 
@@ -17,7 +15,8 @@ class JaugeSensibilite {
 
   /// SeuilDetection takes the value, held between 1 and 7000000; the gauge is drawn and ParametresModifies set.
   void DessineSeuil(qint32 valeur);
-  /// Mouse position on the gauge, in its scale. Press, move and release do the same.
+  /// Mouse position on the gauge, in its scale: 0 to 7000000 over its width; it may lie outside. Press, move and
+  /// release do the same.
   void SuitSouris(double x, bool boutonGaucheSeul);
   /// Starts the coarse search again from where the tolerance stands, also while the camera is off.
   void DoubleClic();

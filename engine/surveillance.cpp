@@ -15,7 +15,6 @@ namespace vaktor {
 namespace {
 
 constexpr qint32 kTicMs = 30;
-constexpr qint32 kPremierSeuilMs = 2000;
 constexpr qint32 kSeuilSuivantMs = 15000;
 constexpr qint32 kSeuilMs = 1;
 constexpr qint32 kSecondeMs = 1000;
@@ -76,7 +75,7 @@ class ReglesSurveillance {
       });
     };
     m.Timer1 = cree(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });
-    m.Timer2 = cree(QStringLiteral("Timer2"), kPremierSeuilMs, [this] { LanceSeuil(); });
+    m.Timer2 = cree(QStringLiteral("Timer2"), kAttenteSeuilMs, [this] { LanceSeuil(); });
     m.TimerSeuil = cree(QStringLiteral("TimerSeuil"), kSeuilMs, [this] { Jauge.AjusteSeuil(); });
     m.Timer3 = cree(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
     m.TimerAutoStar = cree(QStringLiteral("TimerAutoStar"), kSecondeMs, [this] { Alarme.DemarreAuto(); });
@@ -117,18 +116,13 @@ void Surveillance::DesarmeAlarme() { Regles_->Alarme.DesarmeAlarme(); }
 void Surveillance::MontreDialogueFormat() { Regles_->Camera.MontreDialogueFormat(); }
 void Surveillance::MontreDialogueSource() { Regles_->Camera.MontreDialogueSource(); }
 
-void Surveillance::SourisJauge(double x, bool boutonGaucheSeul) { Regles_->Jauge.SuitSouris(x, boutonGaucheSeul); }
-void Surveillance::DoubleClicJauge() { Regles_->Jauge.DoubleClic(); }
-void Surveillance::DessineSeuil(qint32 valeur) { Regles_->Jauge.DessineSeuil(valeur); }
-
-void Surveillance::SourisZoneAppuyee(double x, double y) { Regles_->Souris.Appuie(x, y); }
-void Surveillance::SourisZoneDeplacee(double x, double y) { Regles_->Souris.Deplace(x, y); }
-void Surveillance::SourisZoneRelachee(double x, double y) { Regles_->Souris.Relache(x, y); }
+JaugeSensibilite& Surveillance::Jauge() { return Regles_->Jauge; }
+SourisZone& Surveillance::Souris() { return Regles_->Souris; }
 
 // Neither choice clears the small view; the next frame does.
 void Surveillance::ChoisitModeZoom(bool zoom) { Regles_->Etat.Detection.ModeZoom = zoom; }
 void Surveillance::CacheMoniteur() { Regles_->Etat.Camera.MoniteurCache = true; }
-QString Surveillance::ChangeTexteRetard(const QString& texte) { return Regles_->Alarme.ChangeTexteRetard(texte); }
+void Surveillance::ChangeRetard(qint32 secondes) { Regles_->Alarme.ChangeRetard(secondes); }
 void Surveillance::LitArguments(const QString& ligneCommande) { Regles_->Alarme.LitArguments(ligneCommande); }
 void Surveillance::RelanceDemarrageAuto() { Regles_->Alarme.RelanceDemarrageAuto(); }
 void Surveillance::SuspendTic() { Regles_->Suspend(); }

@@ -10,7 +10,9 @@
 
 namespace vaktor {
 
+class JaugeSensibilite;
 class ReglesSurveillance;
+class SourisZone;
 
 /// Owner: app/. User-interface thread.
 class Surveillance {
@@ -37,21 +39,14 @@ class Surveillance {
   void MontreDialogueFormat();  ///< BoutonGris(4)
   void MontreDialogueSource();  ///< BoutonGris(5)
 
-  // The gauge. `x` is the mouse position in the gauge's scale, 0 to 7000000 over its width; it may lie outside.
-  void SourisJauge(double x, bool boutonGaucheSeul);  ///< press, move and release alike
-  void DoubleClicJauge();
-  void DessineSeuil(qint32 valeur);
-
-  // The zone: mouse on Picture1, in pixels of the frame, left button only.
-  void SourisZoneAppuyee(double x, double y);
-  void SourisZoneDeplacee(double x, double y);
-  void SourisZoneRelachee(double x, double y);
+  // What the mouse works on.
+  JaugeSensibilite& Jauge();  ///< PictSeuil (sensitivity_gauge.h)
+  SourisZone& Souris();       ///< the left button on Picture1 (detection_zone.h)
 
   // The rest of the window.
   void ChoisitModeZoom(bool zoom);                  ///< MnuZoomView, MnuPixelView
   void CacheMoniteur();                             ///< the user closed FormMonitor
-  QString ChangeTexteRetard(const QString& texte);  ///< change event of Text1: gives the cleaned text, sets Retard and
-                                                    ///< CompteARebours, saves
+  void ChangeRetard(qint32 secondes);               ///< change event of Text1: sets Retard and CompteARebours, saves
   void LitArguments(const QString& ligneCommande);  ///< "/alarm" and "/surve", substring without regard to case;
                                                     ///< starts the one-shot timer if either is there
   void RelanceDemarrageAuto();  ///< the FTP companion's "*OKO*": starts that timer again if either was given

@@ -16,10 +16,13 @@ struct EtatSurveillance {
   SurfaceImage Surface;
 };
 
-/// The timers of the main form. The start intervals stand where they are made.
+/// Timer2 after a start of the camera: the tolerance stays still that long.
+inline constexpr qint32 kAttenteSeuilMs = 2000;
+
+/// The timers of the main form.
 struct MinuteriesSurveillance {
   std::unique_ptr<Minuterie> Timer1;         ///< the tick of surveillance
-  std::unique_ptr<Minuterie> Timer2;         ///< starts TimerSeuil two seconds after the camera
+  std::unique_ptr<Minuterie> Timer2;         ///< starts TimerSeuil kAttenteSeuilMs after the camera
   std::unique_ptr<Minuterie> TimerSeuil;     ///< automatic tolerance
   std::unique_ptr<Minuterie> Timer3;         ///< enabled means: the countdown runs
   std::unique_ptr<Minuterie> TimerAutoStar;  ///< one shot for the start arguments

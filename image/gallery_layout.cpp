@@ -9,7 +9,7 @@ namespace {
 
 constexpr double kMargeListe = 200;    // twips under the list
 constexpr double kMargeFenetre = 800;  // twips around a fitted photo, on each axis
-constexpr int kPasBande = 500;
+constexpr int kPasBande = 500;         // pixels
 
 double Twips(int pixels) { return static_cast<double>(pixels) * kTwipsParPixel; }
 int Pixels(double twips) { return ArrondiPair(twips / kTwipsParPixel); }
@@ -38,9 +38,8 @@ QSize TailleAutourPhoto(const QSize& photo) {
 QSize TailleFondEtire(const QSize& exterieur) { return exterieur * kTwipsParPixel; }
 
 QList<int> BandesPanneau(int hauteurPanneau) {
-  // The steps of 500 run to the height in twips and count as pixels all the same, so most strips lie below the panel.
   QList<int> hauts;
-  for (int haut = 0; haut <= hauteurPanneau * kTwipsParPixel && haut < hauteurPanneau; haut += kPasBande) hauts += haut;
+  for (int haut = 0; haut < hauteurPanneau; haut += kPasBande) hauts += haut;
   return hauts;
 }
 

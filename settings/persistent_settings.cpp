@@ -78,7 +78,6 @@ void ReglagesPersistants::MontreFinChargement(AffichageParametres& affichage) {
   affichage.MontreParametre(C::TxtPass);
   affichage.MontreParametre(C::TextNbrPhotoFTP);
   affichage.MontreParametre(C::TxtFTPracine);  // a second time, as it always was
-  affichage.AmorceCompteARebours(Liens_.Valeurs.Retard);
   affichage.MontreParametre(C::Text1);
   affichage.MontreParametre(C::CombQualit);
   DeduitQualiteJpeg(Liens_.Valeurs);

@@ -1,7 +1,6 @@
 // Port: the capture driver, one camera. Real implementation in platform/capture/, fake in tests/fakes/.
 #pragma once
 
-#include <QImage>
 #include <functional>
 
 #include "engine/camera_image.h"
@@ -28,7 +27,7 @@ class PiloteCapture {
   virtual bool ImagePrete() const = 0;
 
   /// Takes the newest frame if it is newer than the last one taken, and never waits for one. False otherwise; the
-  /// earlier frame then stays the one that CopieImage gives. Frames that were overtaken by a newer one are gone.
+  /// earlier frame then stays the one that CopieTrame gives. Frames that were overtaken by a newer one are gone.
   virtual bool SaisitImage() = 0;
 
   /// Calls `reveil` once when ImagePrete is true, out of the event loop and never from inside this call; soon, if it is
@@ -42,14 +41,11 @@ class PiloteCapture {
   /// opens again at once, nor after a dialog, unless the camera that it leaves open was lost and came back only later.
   virtual bool EstReprise() const = 0;
 
-  /// The frame last taken by SaisitImage, Format_RGB32 (bytes B, G, R, 0xff), in the camera's current size, never
-  /// scaled; a null image before the first one. Shared, not copied: it stays valid and unchanged as long as somebody
-  /// holds it, and the driver takes its memory back for a later frame when nobody does.
-  virtual QImage CopieImage() const = 0;
-
-  /// The same frame as the driver has it. CopieImage makes the picture of a frame that is still in the form to which it
-  /// was decoded; this does not, and its Entiere() is what CopieImage gives.
-  virtual ImageCamera CopieTrame() const { return CopieImage(); }
+  /// The frame last taken by SaisitImage, in the camera's current size, never scaled; a null one before the first. Its
+  /// picture, Format_RGB32 (bytes B, G, R, 0xff), may be made only when somebody asks for it (camera_image.h). Shared,
+  /// not copied: it stays valid and unchanged as long as somebody holds it, and the driver takes its memory back for a
+  /// later frame when nobody does.
+  virtual ImageCamera CopieTrame() const = 0;
 
   /// True while the newest frame is older than a stall takes to be noticed, and where nothing is open at all.
   virtual bool SignalPerdu() const = 0;

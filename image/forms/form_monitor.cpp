@@ -4,6 +4,7 @@
 #include <QPainter>
 
 #include "base/failure.h"
+#include "engine/detection_zone.h"
 
 namespace vaktor {
 
@@ -45,9 +46,9 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
   Picture1_->setObjectName(QStringLiteral("Picture1"));
   ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));
   CreeMenu();
-  connect(Picture1_, &VueCadre::GaucheAppuye, this, [this](QPointF p) { Moteur_.SourisZoneAppuyee(p.x(), p.y()); });
-  connect(Picture1_, &VueCadre::GaucheDeplace, this, [this](QPointF p) { Moteur_.SourisZoneDeplacee(p.x(), p.y()); });
-  connect(Picture1_, &VueCadre::GaucheRelache, this, [this](QPointF p) { Moteur_.SourisZoneRelachee(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::GaucheAppuye, this, [this](QPointF p) { Moteur_.Souris().Appuie(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::GaucheDeplace, this, [this](QPointF p) { Moteur_.Souris().Deplace(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::GaucheRelache, this, [this](QPointF p) { Moteur_.Souris().Relache(p.x(), p.y()); });
   connect(Picture1_, &VueCadre::DroitAppuye, this, &FormMonitor::OuvreMenu);
   AjusteFenetre();
   Moteur_.Surface().SurTaille([this] { SuitTaille(); });

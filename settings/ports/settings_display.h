@@ -37,8 +37,6 @@ class AffichageParametres {
   /// changed, and TxtRefresh and Text1 save at once when their text really changes. A handler may therefore call
   /// SauveParametres from inside this call. CombSkin applies the skin.
   virtual void MontreParametre(ControleParametre controle) = 0;
-  /// CompteARebours starts from this number of seconds.
-  virtual void AmorceCompteARebours(qint32 secondes) = 0;
 };
 
 }  // namespace vaktor

@@ -23,13 +23,11 @@ int NumeroDe(const std::function<void()>& action) {
 TEST(Arithmetic, FitsUpToTheLastValue) {
   EXPECT_EQ(AjouteVerifie(kMax, 0), kMax);
   EXPECT_EQ(SoustraitVerifie(kMin, 0), kMin);
-  EXPECT_EQ(MultiplieVerifie(65536, 32767), 65536 * 32767);
 }
 
 TEST(Arithmetic, FailsOneStepBeyond) {
   EXPECT_EQ(NumeroDe([] { AjouteVerifie(kMax, 1); }), kDepassement);
   EXPECT_EQ(NumeroDe([] { SoustraitVerifie(kMin, 1); }), kDepassement);
-  EXPECT_EQ(NumeroDe([] { MultiplieVerifie(65536, 32768); }), kDepassement);
 }
 
 TEST(Rounding, HalvesGoToTheEvenNeighbour) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "engine/detection_zone.h"
 #include "fakes/surveillance_bench.h"
 
 namespace vaktor {
@@ -46,12 +47,12 @@ class BancEssai : public testing::Test, public faux::BancSurveillance {
     Trame(Unie(0));
   }
   void PoseZoneEntiere() {
-    Engin.SourisZoneAppuyee(5, 5);
-    Engin.SourisZoneRelachee(5, 5);
+    Engin.Souris().Appuie(5, 5);
+    Engin.Souris().Relache(5, 5);
   }
   void PoseZone(qint32 gauche, qint32 haut, qint32 droite, qint32 bas) {
-    Engin.SourisZoneAppuyee(gauche, haut);
-    Engin.SourisZoneDeplacee(droite, bas);
+    Engin.Souris().Appuie(gauche, haut);
+    Engin.Souris().Deplace(droite, bas);
   }
   /// Camera, countdown, armed.
   void ArmeSurNoir() {

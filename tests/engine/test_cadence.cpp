@@ -126,7 +126,7 @@ TEST_F(Cadence, NothingThatIsShownChangesBetweenTwoFrames) {
 TEST_F(Cadence, CountdownGoesOnWithoutAFrame) {
   Demarre();
   Reglages.Retard = 5;
-  Engin.ChangeTexteRetard(QStringLiteral("5"));
+  Engin.ChangeRetard(5);
   Engin.BasculeAlarme();
   Temps.Avance(3000);
   EXPECT_EQ(Affichage.CompteMontre, 2);

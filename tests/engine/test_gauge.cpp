@@ -2,6 +2,7 @@
 #include <limits>
 
 #include "engine/engine_fixture.h"
+#include "engine/sensitivity_gauge.h"
 
 namespace vaktor {
 namespace {
@@ -10,39 +11,39 @@ using Jauge = BancEssai;
 
 TEST_F(Jauge, ValueIsHeldBetweenOneAndSevenMillionAndDrawnAsPassed) {
   for (const auto& [valeur, seuil] : {std::pair{0, 1}, {-5, 1}, {1, 1}, {7000000, 7000000}, {7000001, 7000000}}) {
-    Engin.DessineSeuil(valeur);
+    Engin.Jauge().DessineSeuil(valeur);
     EXPECT_EQ(Reglages.SeuilDetection, seuil);
     EXPECT_EQ(Affichage.Jauge, valeur);
   }
 }
 
 TEST_F(Jauge, TurnsRedAtSixMillion) {
-  Engin.DessineSeuil(5999999);
+  Engin.Jauge().DessineSeuil(5999999);
   EXPECT_FALSE(Affichage.JaugeHaute);
-  Engin.DessineSeuil(6000000);
+  Engin.Jauge().DessineSeuil(6000000);
   EXPECT_TRUE(Affichage.JaugeHaute);
-  Engin.DessineSeuil(9000000);
+  Engin.Jauge().DessineSeuil(9000000);
   EXPECT_TRUE(Affichage.JaugeHaute);
-  Engin.DessineSeuil(-1);
+  Engin.Jauge().DessineSeuil(-1);
   EXPECT_FALSE(Affichage.JaugeHaute);
 }
 
 TEST_F(Jauge, MarksTheParametersAsModified) {
-  Engin.DessineSeuil(5);
+  Engin.Jauge().DessineSeuil(5);
   EXPECT_TRUE(Reglages.ParametresModifies);
   EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
 }
 
 TEST_F(Jauge, LeftButtonAloneMovesItAndHalvesGoToTheEvenNumber) {
-  Engin.SourisJauge(1000.5, true);
+  Engin.Jauge().SuitSouris(1000.5, true);
   EXPECT_EQ(Reglages.SeuilDetection, 1000);
-  Engin.SourisJauge(1001.5, true);
+  Engin.Jauge().SuitSouris(1001.5, true);
   EXPECT_EQ(Reglages.SeuilDetection, 1002);
-  Engin.SourisJauge(5000, false);
+  Engin.Jauge().SuitSouris(5000, false);
   EXPECT_EQ(Reglages.SeuilDetection, 1002);
-  Engin.SourisJauge(-300.0, true);
+  Engin.Jauge().SuitSouris(-300.0, true);
   EXPECT_EQ(Reglages.SeuilDetection, 1);
-  Engin.SourisJauge(8e6, true);
+  Engin.Jauge().SuitSouris(8e6, true);
   EXPECT_EQ(Reglages.SeuilDetection, 7000000);
 }
 
@@ -158,7 +159,7 @@ TEST_F(Jauge, GoesOnWithTheLastCountOnceTheCameraIsOff) {
   Tic();
   Engin.BasculeCamera();
   Reglages.SeuilDetection = 500000;
-  Engin.DoubleClicJauge();
+  Engin.Jauge().DoubleClic();
   Temps.Avance(1);
   EXPECT_EQ(Reglages.SeuilDetection, 490000);
 }
@@ -183,7 +184,7 @@ TEST_F(Jauge, DragIsOverriddenFromWhereItLeft) {
   Image(Unie(0));
   Engin.BasculeCamera();
   Temps.Avance(2100);
-  Engin.SourisJauge(3000000, true);
+  Engin.Jauge().SuitSouris(3000000, true);
   Temps.Avance(1);
   EXPECT_EQ(Reglages.SeuilDetection, 2990000);
 }
@@ -193,14 +194,14 @@ TEST_F(Jauge, DoubleClickStartsTheCoarseSearchAgain) {
   Reglages.SeuilAuto = true;
   Reglages.SeuilDetection = 500000;
   Trame(AvecPoints(5));
-  Engin.DoubleClicJauge();
+  Engin.Jauge().DoubleClic();
   EXPECT_EQ(Reglages.SeuilDetection, 500000);  // nothing by itself
   EXPECT_TRUE(Active("TimerSeuil"));
   Temps.Avance(1);
   EXPECT_EQ(Detection().PasSeuil, 1000);
   EXPECT_EQ(Reglages.SeuilDetection, 501000);
   Trame(AvecPoints(5));
-  Engin.DoubleClicJauge();
+  Engin.Jauge().DoubleClic();
   EXPECT_EQ(Detection().PasSeuil, 10000);
   Temps.Avance(1);
   EXPECT_EQ(Reglages.SeuilDetection, 491000);
@@ -208,7 +209,7 @@ TEST_F(Jauge, DoubleClickStartsTheCoarseSearchAgain) {
 
 TEST_F(Jauge, DoubleClickWithTheCameraOffRunsOnTheLastCount) {
   Reglages.SeuilDetection = 50000;
-  Engin.DoubleClicJauge();  // the camera has never run: the count is 0
+  Engin.Jauge().DoubleClic();  // the camera has never run: the count is 0
   Temps.Avance(1000);
   EXPECT_EQ(Reglages.SeuilDetection, 1);
   DemarreSurNoir();
@@ -217,7 +218,7 @@ TEST_F(Jauge, DoubleClickWithTheCameraOffRunsOnTheLastCount) {
   EXPECT_FALSE(Active("TimerSeuil"));
   Reglages.SeuilAuto = true;
   Reglages.SeuilDetection = 6995500;
-  Engin.DoubleClicJauge();
+  Engin.Jauge().DoubleClic();
   Temps.Avance(1000);
   EXPECT_EQ(Reglages.SeuilDetection, 7000000);
 }

@@ -20,7 +20,7 @@ class Piece {
  public:
   Piece(const Cas& cas, qint32 retard, quint32 graine) : Camera_(Banc_, cas.Cadence, cas.Taille, {cas.Bruit, graine}) {
     Banc_.Temps.PeriodeMinimale = 10;  // the fastest that the real timers tick
-    Banc_.Engin.ChangeTexteRetard(QString::number(retard));
+    Banc_.Engin.ChangeRetard(retard);
     Banc_.Reglages.PhotoActif = true;
     Banc_.Temps.Avance(7);
     Debut_ = Banc_.Horloge.Millisecondes;

@@ -22,7 +22,7 @@ TEST_F(Tick, DoesItsStepsInOrder) {
   Journal.Ecoute();
   Tic();
   EXPECT_EQ(Journal.Lignes(), (QStringList{QStringLiteral("CopiePleinEcran"), QStringLiteral("SaisitImage"),
-                                           QStringLiteral("MontreAvis 0"), QStringLiteral("CopieImage"),
+                                           QStringLiteral("MontreAvis 0"), QStringLiteral("CopieTrame"),
                                            QStringLiteral("MontreLibelleAlarme 0"), QStringLiteral("RafraichitVue"),
                                            QStringLiteral("MontreCompteurs 45"), QStringLiteral("MontreBarre 45"),
                                            QStringLiteral("MontreZoom"), QStringLiteral("RafraichitPleinEcran")}));

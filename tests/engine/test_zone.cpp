@@ -9,9 +9,9 @@ class Souris : public BancEssai {
  protected:
   void SetUp() override { DemarreSurNoir(); }
   void Tire(double x0, double y0, double x1, double y1) {
-    Engin.SourisZoneAppuyee(x0, y0);
-    Engin.SourisZoneDeplacee(x1, y1);
-    Engin.SourisZoneRelachee(x1, y1);
+    Engin.Souris().Appuie(x0, y0);
+    Engin.Souris().Deplace(x1, y1);
+    Engin.Souris().Relache(x1, y1);
   }
 };
 
@@ -24,8 +24,8 @@ TEST(ZoneAtTheStart, IsAllZero) {
 TEST_F(Souris, ClickWithoutAMoveGivesTheWholePictureFromItsCorner) {
   Tire(12, 34, 12, 40);
   AttendZone(Zone(), 0, 0, 60, 60);
-  Engin.SourisZoneAppuyee(20, 20);
-  Engin.SourisZoneRelachee(20, 20);
+  Engin.Souris().Appuie(20, 20);
+  Engin.Souris().Relache(20, 20);
   AttendZone(Zone(), 0, 0, 60, 60);
 }
 
@@ -71,10 +71,10 @@ TEST_F(Souris, PointsOutsideThePictureAreKept) {
 
 TEST_F(Souris, HalfDrawnZoneStandsAsItIsAndIsOutlinedAtOnce) {
   const int avant = Engin.Surface().NombreContours();
-  Engin.SourisZoneAppuyee(40, 40);
+  Engin.Souris().Appuie(40, 40);
   EXPECT_EQ(Engin.Surface().NombreContours(), avant);
   AttendZone(Zone(), 40, 40, 40, 40);
-  Engin.SourisZoneDeplacee(20, 10);
+  Engin.Souris().Deplace(20, 10);
   AttendZone(Zone(), 40, 40, 20, 10);
   ASSERT_EQ(Engin.Surface().NombreContours(), avant + 1);
   const Contour& contour = Engin.Surface().ContourNumero(avant);
@@ -82,7 +82,7 @@ TEST_F(Souris, HalfDrawnZoneStandsAsItIsAndIsOutlinedAtOnce) {
   EXPECT_EQ(contour.Droite, 20);
   EXPECT_EQ(contour.Haut, 40);
   EXPECT_EQ(contour.Bas, 10);
-  Engin.SourisZoneRelachee(20, 10);
+  Engin.Souris().Relache(20, 10);
   EXPECT_EQ(Engin.Surface().NombreContours(), avant + 1);
 }
 

@@ -43,12 +43,9 @@ class PiloteFaux : public PiloteCapture {
     Reveil_ = std::move(reveil);
   }
   bool EstReprise() const override { return EstReprise_; }
-  QImage CopieImage() const override {
-    Journal_.Note([] { return QStringLiteral("CopieImage"); });
-    return Saisie_;
-  }
   ImageCamera CopieTrame() const override {
-    return SuivanteDifferee != nullptr ? ImageCamera(SuivanteDifferee) : ImageCamera(CopieImage());
+    Journal_.Note([] { return QStringLiteral("CopieTrame"); });
+    return SuivanteDifferee != nullptr ? ImageCamera(SuivanteDifferee) : ImageCamera(Saisie_);
   }
   bool SignalPerdu() const override { return Perdu; }
   void MontreDialogueFormat() override {

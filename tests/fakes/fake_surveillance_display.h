@@ -95,7 +95,7 @@ class AffichageFaux : public AffichageSurveillance {
     RetardEcrit = secondes;
     if (ChangeRetard && QString::number(secondes) != TexteRetard) {
       TexteRetard = QString::number(secondes);
-      TexteRetard = ChangeRetard(TexteRetard);
+      ChangeRetard(secondes);
     }
   }
   void DessineJauge(qint32 valeur, bool haute) override {
@@ -126,8 +126,8 @@ class AffichageFaux : public AffichageSurveillance {
   std::array<bool, 3> Boutons{};
   std::optional<Lampe> LampeAlarme, LampeSurveillance;
   qint32 RetardEcrit = -1;
-  QString TexteRetard;                                  ///< the content of Text1
-  std::function<QString(const QString&)> ChangeRetard;  ///< the change handler of Text1
+  QString TexteRetard;                       ///< the content of Text1
+  std::function<void(qint32)> ChangeRetard;  ///< the change handler of Text1
   qint32 Jauge = -1, JaugesDessinees = 0;
   bool JaugeHaute = false;
   qint32 CamerasIntrouvables = 0, CamerasInactives = 0;

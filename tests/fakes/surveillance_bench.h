@@ -18,7 +18,7 @@ namespace vaktor::faux {
 /// The parts are public: a test turns the fakes' knobs and reads what they kept.
 struct BancSurveillance {
   BancSurveillance() {
-    Affichage.ChangeRetard = [this](const QString& texte) { return Engin.ChangeTexteRetard(texte); };
+    Affichage.ChangeRetard = [this](qint32 secondes) { Engin.ChangeRetard(secondes); };
     Affichage.TexteRetard = QString::number(Reglages.Retard);
   }
   BancSurveillance(const BancSurveillance&) = delete;

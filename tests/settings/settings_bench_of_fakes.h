@@ -30,7 +30,6 @@ class FauxModules : public CommandesModules {
 class FauxAffichage : public AffichageParametres {
  public:
   QList<ControleParametre> Montres;
-  QList<qint32> Rebours;
   QString TxtRefresh;
   QString Text1 = QStringLiteral("0");
   const Parametres* Valeurs = nullptr;
@@ -43,7 +42,6 @@ class FauxAffichage : public AffichageParametres {
     if (controle == ControleParametre::TxtRefresh) Change(TxtRefresh, Valeurs->IntervalleFtp);
     if (controle == ControleParametre::Text1) Change(Text1, QString::number(Valeurs->Retard));
   }
-  void AmorceCompteARebours(qint32 secondes) override { Rebours += secondes; }
 
  private:
   void Change(QString& champ, const QString& texte) {

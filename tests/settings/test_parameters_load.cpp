@@ -54,18 +54,6 @@ TEST(ChargeParametres, ReadsTheMailBlockWholeBeforeCheckMailAndEverythingBeforeT
   EXPECT_EQ(luAvant.value(C::TxtHtml), QStringLiteral("FTP/pass"));
 }
 
-TEST(ChargeParametres, StartsTheCountdownFromRetardBeforeText1) {
-  BancReglages banc;
-  banc.Magasin.Valeurs[QStringLiteral("general/retard")] = QStringLiteral("25");
-  QList<C> apres;
-  banc.Affichage.AuMoment = [&](C controle) {
-    if (!banc.Affichage.Rebours.isEmpty()) apres += controle;
-  };
-  banc.Reglages.ChargeParametres();
-  EXPECT_EQ(apres, QList<C>({C::Text1, C::CombQualit}));
-  EXPECT_EQ(banc.Affichage.Rebours, QList<qint32>{25});
-}
-
 TEST(ChargeParametres, DerivesTheJpegQuality) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("FTP/qualitephoto")] = QStringLiteral("1");

@@ -41,7 +41,7 @@ class PiloteSurSource : public testing::Test {
       ++recolte.Images;
       recolte.PireAttente = std::max(recolte.PireAttente, depuis.elapsed() - derniere);
       derniere = depuis.elapsed();
-      const QImage image = Pilote_->CopieImage();
+      const QImage image = Pilote_->CopieTrame().Entiere();
       recolte.Tailles.insert({image.width(), image.height()});
       recolte.Memoires.insert(image.constBits());
     }

@@ -3,6 +3,7 @@
 
 #include <QMouseEvent>
 
+#include "engine/sensitivity_gauge.h"
 #include "ui/window_bench.h"
 
 namespace vaktor {
@@ -64,22 +65,22 @@ TEST(Gauge, DoubleClickRestartsTheSearchAndIsNoPressOfItsOwn) {
 
 TEST(Gauge, BarIsGreenBelowSixMillionAndRedFromThereUpWithABlackMarker) {
   BancFenetre banc;
-  banc.Engin.DessineSeuil(3500000);
+  banc.Engin.Jauge().DessineSeuil(3500000);
   EXPECT_EQ(Pixel(banc, 0), qRgb(192, 255, 192));
   EXPECT_EQ(Pixel(banc, 179), qRgb(192, 255, 192));
   EXPECT_EQ(Pixel(banc, 180), qRgb(0, 0, 0));
   EXPECT_EQ(Pixel(banc, 181), qRgb(192, 192, 192));
-  banc.Engin.DessineSeuil(5999999);
+  banc.Engin.Jauge().DessineSeuil(5999999);
   EXPECT_EQ(Pixel(banc, 100), qRgb(192, 255, 192));
-  banc.Engin.DessineSeuil(6000000);
+  banc.Engin.Jauge().DessineSeuil(6000000);
   EXPECT_EQ(Pixel(banc, 100), qRgb(255, 128, 128));
 }
 
 TEST(Gauge, BarIsDrawnFromTheValueAsPassedAndCutByTheEdge) {
   BancFenetre banc;
-  banc.Engin.DessineSeuil(9000000);
+  banc.Engin.Jauge().DessineSeuil(9000000);
   EXPECT_EQ(Pixel(banc, 359), qRgb(255, 128, 128)) << "the marker lies beyond the edge";
-  banc.Engin.DessineSeuil(-500000);
+  banc.Engin.Jauge().DessineSeuil(-500000);
   EXPECT_EQ(Pixel(banc, 0), qRgb(192, 192, 192)) << "so it does here";
   EXPECT_EQ(banc.Reglages.SeuilDetection, 1);
 }

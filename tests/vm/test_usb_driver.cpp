@@ -17,7 +17,7 @@ TEST_F(UsbPilote, TakesTheUsualFormatFirst) {
   ASSERT_TRUE(Connecte(*pilote));
   ASSERT_TRUE(AttendImages(*pilote, 10));
   EXPECT_EQ(pilote->FormatCourant(), kYuyv);
-  EXPECT_EQ(pilote->CopieImage().size(), QSize(640, 480));
+  EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(640, 480));
   EXPECT_EQ(pilote->NoeudPeripherique(), "/dev/video0");
   EXPECT_FALSE(pilote->SignalPerdu());
 }
@@ -30,7 +30,7 @@ TEST_F(UsbPilote, BothCodingsShowTheSamePicture) {
     ASSERT_TRUE(pilote->AppliqueFormat(format)) << qPrintable(format.Codage);
     ASSERT_TRUE(AttendImages(*pilote, 5));
     EXPECT_EQ(pilote->FormatCourant(), format);
-    images.append(pilote->CopieImage());
+    images.append(pilote->CopieTrame().Entiere());
   }
   ASSERT_EQ(images[0].size(), images[1].size());
   // The square and the ground beside it. The camera writes the same numbers into both, which JPEG reads as 0 to 255 and
@@ -44,11 +44,11 @@ TEST_F(UsbPilote, MovementIsSeenAndStillnessIsStill) {
   const auto pilote = Pilote();
   ASSERT_TRUE(Connecte(*pilote));
   ASSERT_TRUE(AttendImages(*pilote, 10));
-  const QImage avant = pilote->CopieImage();
+  const QImage avant = pilote->CopieTrame().Entiere();
   ASSERT_TRUE(AttendImages(*pilote, 5));
-  EXPECT_EQ(pilote->CopieImage(), avant);
+  EXPECT_EQ(pilote->CopieTrame().Entiere(), avant);
   ASSERT_TRUE(Ordonne("move"));
-  EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && pilote->CopieImage() != avant; }));
+  EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && pilote->CopieTrame().Entiere() != avant; }));
 }
 
 TEST_F(UsbPilote, ABusyCameraIsRefusedAndItsOwnerIsNotDisturbed) {
@@ -81,7 +81,7 @@ TEST_F(UsbPilote, UnpluggedAndPluggedInUnderAnotherNumberItGoesOnInItsFormat) {
   ASSERT_TRUE(Ordonne("unplug"));
   EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
   Note("unplugged, seconds until the signal was lost:", static_cast<double>(depuis.elapsed()) / 1000.0);
-  EXPECT_EQ(pilote->CopieImage().size(), QSize(320, 240)) << "the last picture stays";
+  EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(320, 240)) << "the last picture stays";
 
   depuis.restart();
   ASSERT_TRUE(Ordonne("plug"));
@@ -91,7 +91,7 @@ TEST_F(UsbPilote, UnpluggedAndPluggedInUnderAnotherNumberItGoesOnInItsFormat) {
   EXPECT_NE(pilote->NoeudPeripherique(), noeud);
   EXPECT_EQ(pilote->NomStable(), stable);
   EXPECT_EQ(pilote->FormatCourant(), petit);
-  EXPECT_EQ(pilote->CopieImage().size(), QSize(320, 240));
+  EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(320, 240));
   ::close(tenu);
 }
 
@@ -119,7 +119,7 @@ TEST_F(UsbPilote, AStalledCameraIsNoticedByTheAgeOfItsFrameAndComesBack) {
   ASSERT_TRUE(Ordonne("stall"));
   EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
   Note("stalled, seconds until the signal was lost:", static_cast<double>(depuis.elapsed()) / 1000.0);
-  EXPECT_EQ(pilote->CopieImage().size(), QSize(640, 480));
+  EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(640, 480));
   depuis.restart();
   ASSERT_TRUE(Ordonne("go"));
   EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && !pilote->SignalPerdu(); }));

@@ -38,10 +38,10 @@ TEST_F(UsbFigee, WhileItAnswersItsBrightnessIsReadAndSet) {
   const auto pilote = Pilote();
   ASSERT_TRUE(Connecte(*pilote));
   ASSERT_TRUE(AttendImages(*pilote, 5));
-  const double avant = Clarte(pilote->CopieImage());
+  const double avant = Clarte(pilote->CopieTrame().Entiere());
   EXPECT_TRUE(acces.Regle(noeud, kLuminosite, 178));
   ASSERT_TRUE(AttendImages(*pilote, 5));
-  EXPECT_GT(Clarte(pilote->CopieImage()), avant + 20.0);
+  EXPECT_GT(Clarte(pilote->CopieTrame().Entiere()), avant + 20.0);
   EXPECT_TRUE(acces.Regle(noeud, kLuminosite, 128));
 }
 
@@ -76,7 +76,7 @@ TEST_F(UsbFigee, AtWorkItsSignalIsLostAndItComesBackByItself) {
   ASSERT_TRUE(Ordonne("freeze"));
   EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
   EXPECT_FALSE(Attend([&] { return SaisitProchaine(*pilote); }, 3)) << "while the driver tries to close it";
-  EXPECT_EQ(pilote->CopieImage().size(), QSize(640, 480));
+  EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(640, 480));
   ASSERT_TRUE(Ordonne("thaw"));
   EXPECT_TRUE(Attend([&] { return SaisitProchaine(*pilote) && !pilote->SignalPerdu(); }));
   EXPECT_TRUE(AttendImages(*pilote, 10));

@@ -53,7 +53,7 @@ TEST_F(VividDialogue, AFormatIsPickedHeldAndRemembered) {
     pilote->MontreDialogueFormat();
     ASSERT_TRUE(Venu_);
     ASSERT_TRUE(AttendImages(*pilote, 5));
-    EXPECT_EQ(pilote->CopieImage().size(), QSize(320, 180));
+    EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(320, 180));
     EXPECT_EQ(pilote->FormatCourant(), petit);
     EXPECT_EQ(Memoire_.Format(pilote->NomStable()), petit);
   }
@@ -66,7 +66,7 @@ TEST_F(VividDialogue, AControlChangesThePictureAndDefaultsBringItBack) {
   const auto pilote = Pilote();
   ASSERT_TRUE(Connecte(*pilote));
   ASSERT_TRUE(AttendImages(*pilote, 10));
-  const double avant = Clarte(pilote->CopieImage());
+  const double avant = Clarte(pilote->CopieTrame().Entiere());
   Ensuite([](QWidget& dialogue) {
     auto* luminosite = dialogue.findChild<QSpinBox*>("ReglageValeur(9963776)");
     ASSERT_NE(luminosite, nullptr);
@@ -78,7 +78,7 @@ TEST_F(VividDialogue, AControlChangesThePictureAndDefaultsBringItBack) {
   });
   pilote->MontreDialogueSource();
   ASSERT_TRUE(AttendImages(*pilote, 10));
-  const double clair = Clarte(pilote->CopieImage());
+  const double clair = Clarte(pilote->CopieTrame().Entiere());
   EXPECT_GT(clair, avant + 20.0);
   Ensuite([](QWidget& dialogue) {
     Clique(dialogue, "BtnDefauts");
@@ -86,7 +86,7 @@ TEST_F(VividDialogue, AControlChangesThePictureAndDefaultsBringItBack) {
   });
   pilote->MontreDialogueSource();
   ASSERT_TRUE(AttendImages(*pilote, 10));
-  EXPECT_LT(Clarte(pilote->CopieImage()), clair - 20.0);
+  EXPECT_LT(Clarte(pilote->CopieTrame().Entiere()), clair - 20.0);
 }
 
 TEST_F(VividDialogue, AnotherCameraIsPickedAndRemembered) {

@@ -29,7 +29,7 @@ TEST_F(VividDefauts, AnErrorOfTheDriversQueueEndsTheStreamAndTheCameraIsOpenedAg
   // No frame comes from this stream any more. Whether that is seen as a lost signal hangs on how soon the next one is
   // up.
   EXPECT_TRUE(AttendImages(*pilote, 30));
-  EXPECT_EQ(pilote->CopieImage().size(), QSize(320, 180));
+  EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(320, 180));
   EXPECT_FALSE(pilote->SignalPerdu());
 }
 
@@ -39,7 +39,7 @@ TEST_F(VividDefauts, ABadBufferIsNoEndOfTheStream) {
   ASSERT_TRUE(AttendImages(*pilote, 5));
   ASSERT_TRUE(Regle(QStringLiteral("inject_v4l2_buf_flag_error=1")));
   EXPECT_TRUE(AttendImages(*pilote, 10));
-  EXPECT_EQ(pilote->CopieImage().size(), QSize(320, 180));
+  EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(320, 180));
 }
 
 TEST_F(VividDefauts, BuffersThatAreDroppedWithoutAWordAreAStall) {

@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kDernierMuet = 2;         // Bouton(0) to (2) make no sound when released
 constexpr int kRangeeCameraMarche = 7;  // second face set of Bouton(0)
-constexpr qint32 kSonClic = 4;
 
 int LitIndex(const QString& nom) {
   const auto debut = nom.indexOf(QLatin1Char('(')) + 1;
@@ -137,7 +136,7 @@ bool BoutonImage::eventFilter(QObject* objet, QEvent* evenement) {
 
 // The sound comes before the click, and also when the mouse is released beside the button.
 void BoutonImage::mouseReleaseEvent(QMouseEvent* evenement) {
-  if (Liens_ && (Famille_ == FamilleBouton::kGrise || Index_ > kDernierMuet)) Liens_->Sons.JoueSon(kSonClic);
+  if (Liens_ && (Famille_ == FamilleBouton::kGrise || Index_ > kDernierMuet)) Liens_->Sons.JoueSon(SonsInterface::kTic);
   QAbstractButton::mouseReleaseEvent(evenement);
 }
 

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/numbers.h"
 #include "ui/fields/field_events.h"
 #include "ui/fields/field_rules.h"
 
@@ -26,7 +27,7 @@ ChampsMoniteur::ChampsMoniteur(const PortsChamps& ports, PortsChampsMoniteur mon
 // also into a countdown that runs, and saves.
 void ChampsMoniteur::SuitText1() {
   EcritChamp(*Page_.Text1, NettoieNombre(Page_.Text1->text(), QStringLiteral("0"), 0));
-  Moniteur_.Moteur.ChangeTexteRetard(Page_.Text1->text());
+  Moniteur_.Moteur.ChangeRetard(ChiffresEnEntierBorne(Page_.Text1->text()));
 }
 
 void ChampsMoniteur::RelacheCheckMail() {

@@ -13,8 +13,6 @@ class VueParametres : public AffichageParametres {
   VueParametres(const Parametres& reglages, Form1& fenetre) : Reglages_(reglages), Fenetre_(fenetre) {}
 
   void MontreParametre(ControleParametre controle) override;
-  /// The engine is made with the window, after the delay was read, and starts from it.
-  void AmorceCompteARebours(qint32) override {}
 
  private:
   void MontreSkin();

@@ -11,9 +11,6 @@ namespace vaktor {
 /// Owner: app/. User-interface thread. A missing file is silent, also when the whole folder is missing.
 class Sons : public SonsInterface {
  public:
-  static constexpr qint32 kAucunSurvol = 5555;  ///< no control
-  static constexpr qint32 kTic = 4;             ///< number of the interface tick; 0 to 2 are the alarm sounds
-
   /// All of it outlives the object.
   Sons(const DossiersProgramme& dossiers, const Fichiers& disque, LecteurSon& lecteur)
       : Dossiers_(dossiers), Disque_(disque), Lecteur_(lecteur) {}

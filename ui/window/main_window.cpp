@@ -6,6 +6,8 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "engine/sensitivity_gauge.h"
+
 namespace vaktor {
 
 namespace {
@@ -123,8 +125,8 @@ void Form1::AmenePage(int index) {
 
 void Form1::BrancheJauge() {
   connect(Bandeau_->PictSeuil, &JaugeWidget::Souris, this,
-          [this](double x, bool gaucheSeul) { Services_.Moteur.SourisJauge(x, gaucheSeul); });
-  connect(Bandeau_->PictSeuil, &JaugeWidget::DoubleClic, this, [this] { Services_.Moteur.DoubleClicJauge(); });
+          [this](double x, bool gaucheSeul) { Services_.Moteur.Jauge().SuitSouris(x, gaucheSeul); });
+  connect(Bandeau_->PictSeuil, &JaugeWidget::DoubleClic, this, [this] { Services_.Moteur.Jauge().DoubleClic(); });
 }
 
 void Form1::BrancheMoniteur() { connect(PictPage1_, &PageMoniteur::ModeChoisi, this, &Form1::ChoisitMode); }

@@ -127,8 +127,6 @@ void PiloteGStreamer::SuitSonnette() {
   reveil();
 }
 
-QImage PiloteGStreamer::CopieImage() const { return Image_.Entiere(); }
-
 ImageCamera PiloteGStreamer::CopieTrame() const { return Image_; }
 
 bool PiloteGStreamer::SignalPerdu() const { return !Session_ || Session_->Boite().Perdu(); }

@@ -31,7 +31,6 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   bool SaisitImage() override;
   void AttendImage(std::function<void()> reveil) override;
   bool EstReprise() const override { return EstReprise_; }
-  QImage CopieImage() const override;
   ImageCamera CopieTrame() const override;
   bool SignalPerdu() const override;
   void MontreDialogueFormat() override;

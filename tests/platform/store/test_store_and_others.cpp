@@ -30,7 +30,6 @@ class Muets : public CommandesModules {
 class SansControles : public AffichageParametres {
  public:
   void MontreParametre(ControleParametre) override {}
-  void AmorceCompteARebours(qint32) override {}
 };
 
 QByteArray Joue(const QString& fichier, const QStringList& mots, bool sansDroits = false) {

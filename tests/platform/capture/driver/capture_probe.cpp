@@ -27,7 +27,7 @@ struct Seconde {
 };
 
 void Raconte(const Seconde& seconde, const vaktor::PiloteGStreamer& pilote) {
-  const QSize taille = pilote.CopieImage().size();
+  const QSize taille = pilote.CopieTrame().Entiere().size();
   std::printf("second %d frames %d size %dx%d lost %d fd %d threads %d\n", seconde.Numero, seconde.Images,
               taille.width(), taille.height(), pilote.SignalPerdu() ? 1 : 0, Compte("/proc/self/fd"),
               Compte("/proc/self/task"));
@@ -84,6 +84,6 @@ int main(int argc, char** argv) {
               qUtf8Printable(pilote.DescriptionSource()));
   const int total = Regarde(pilote, arguments.size() > 2 ? arguments[2].toInt() : 5);
   std::printf("total %d\n", total);
-  if (arguments.size() > 3) pilote.CopieImage().save(arguments[3]);
+  if (arguments.size() > 3) pilote.CopieTrame().Entiere().save(arguments[3]);
   return 0;
 }

@@ -79,7 +79,7 @@ TEST_F(MauvaiseSource, AFilmThatIsCutWhileItPlaysIsALostSignalAtMost) {
   ASSERT_TRUE(SaisitProchaine(*Pilote_));
   ASSERT_EQ(::truncate(qPrintable(Fichier("a.avi")), 100), 0);
   EXPECT_TRUE(AttendSignalPerdu(true, 12'000));
-  EXPECT_FALSE(Pilote_->CopieImage().isNull());
+  EXPECT_FALSE(Pilote_->CopieTrame().Entiere().isNull());
   ASSERT_TRUE(Ecrit(Fichier("a.avi"), entier));
   EXPECT_TRUE(AttendSignalPerdu(false, 12'000));
 }

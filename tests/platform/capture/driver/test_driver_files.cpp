@@ -76,7 +76,7 @@ TEST_F(PiloteFichier, GivesThePicturesThatAreInTheFile) {
           .arg(kPetit, Fichier("rouge.avi"))));
   ASSERT_TRUE(Connecte(Fichier("rouge.avi")));
   ASSERT_TRUE(SaisitProchaine(*Pilote_));
-  const QImage image = Pilote_->CopieImage();
+  const QImage image = Pilote_->CopieTrame().Entiere();
   EXPECT_EQ(image.format(), QImage::Format_RGB32);
   const QColor couleur = image.pixelColor(80, 60);
   EXPECT_GT(couleur.red(), 245);
@@ -89,7 +89,7 @@ TEST_F(PiloteFichier, ShowsOddSizesAndASinglePixel) {
     ASSERT_TRUE(FabriqueFilm(Fichier("t.mkv"), caps, 20, QStringLiteral("matroskamux"))) << taille;
     ASSERT_TRUE(Connecte(Fichier("t.mkv"))) << taille;
     ASSERT_TRUE(SaisitProchaine(*Pilote_)) << taille;
-    const QImage image = Pilote_->CopieImage();
+    const QImage image = Pilote_->CopieTrame().Entiere();
     EXPECT_EQ(QStringLiteral("width=%1,height=%2").arg(image.width()).arg(image.height()), QLatin1String(taille));
   }
 }
@@ -188,7 +188,7 @@ TEST_F(PiloteFichier, KeepsTheOldSourceWhenTheNewOneFails) {
   EXPECT_TRUE(Pilote_->ChangeSource(Fichier("a.avi")));
   EXPECT_EQ(Pilote_->DescriptionSource(), Fichier("a.avi"));
   EXPECT_TRUE(SaisitProchaine(*Pilote_));
-  EXPECT_EQ(Pilote_->CopieImage().width(), 160);
+  EXPECT_EQ(Pilote_->CopieTrame().Entiere().width(), 160);
 }
 
 TEST_F(PiloteFichier, OpensTheRememberedSourceWhenNoneIsNamed) {
@@ -200,7 +200,7 @@ TEST_F(PiloteFichier, OpensTheRememberedSourceWhenNoneIsNamed) {
 
 TEST_F(PiloteFichier, GivesTheTestPictureAtThirtyFramesASecond) {
   ASSERT_TRUE(Connecte(QStringLiteral("test")));
-  EXPECT_TRUE(Pilote_->CopieImage().isNull());
+  EXPECT_TRUE(Pilote_->CopieTrame().Entiere().isNull());
   const Recolte recolte = Recueille(2000);
   EXPECT_GE(recolte.Images, 50);
   EXPECT_LE(recolte.Images, 65);

@@ -26,7 +26,7 @@ TEST_F(PiloteReseau, ComesBackAfterAStall) {
   EXPECT_FALSE(Pilote_->EstReprise());
   Camera_->Etat = Humeur::kCale;
   EXPECT_TRUE(AttendSignalPerdu(true, 6000));
-  EXPECT_FALSE(Pilote_->CopieImage().isNull()) << "the last frame stays";
+  EXPECT_FALSE(Pilote_->CopieTrame().Entiere().isNull()) << "the last frame stays";
   QElapsedTimer appel;
   appel.start();
   for (int i = 0; i < 50; ++i) EXPECT_FALSE(Pilote_->SaisitImage());
@@ -75,7 +75,7 @@ TEST_F(PiloteReseau, ComesBackAfterPicturesThatAreNone) {
   ASSERT_TRUE(SaisitProchaine(*Pilote_));
   Camera_->Etat = Humeur::kImagesFausses;
   EXPECT_TRUE(AttendSignalPerdu(true, 8000));
-  EXPECT_EQ(Pilote_->CopieImage().size(), QSize(160, 120)) << "the last good frame stays";
+  EXPECT_EQ(Pilote_->CopieTrame().Entiere().size(), QSize(160, 120)) << "the last good frame stays";
   Camera_->Etat = Humeur::kFilme;
   EXPECT_TRUE(AttendSignalPerdu(false, 15'000));
 }
