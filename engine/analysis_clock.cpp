@@ -8,7 +8,7 @@ namespace vaktor {
 namespace {
 
 qint32 Recule(qint32 moment, qint64 montant) {
-  return static_cast<qint32>(std::max<qint64>(moment - montant, TempsAnalyse::kPlusAncien));
+  return static_cast<qint32>(std::max<qint64>(moment - montant, kMomentPlusAncien));
 }
 
 }  // namespace
@@ -20,7 +20,7 @@ qint32 TempsAnalyse::Maintenant() const {
 // The distance to the origin is taken without a sign: with the camera off for a month nobody has moved it meanwhile.
 void TempsAnalyse::Ramene() {
   const quint32 montant = static_cast<quint32>(Temps_.CompteTics()) - Origine_;
-  if (montant <= static_cast<quint32>(kRecul)) return;
+  if (montant <= static_cast<quint32>(kReculCompteur)) return;
   Origine_ += montant;
   DernierTick_ = Recule(DernierTick_, montant);
   DernierLive_ = Recule(DernierLive_, montant);

@@ -2,6 +2,7 @@
 // milliseconds never comes to its end.
 #pragma once
 
+#include "engine/limits.h"
 #include "engine/ports/clock.h"
 
 namespace vaktor {
@@ -11,17 +12,11 @@ namespace vaktor {
 /// long before: whoever leaves the program alone for a year finds it at work.
 class TempsAnalyse {
  public:
-  /// The origin moves on when it lies further back than this: 4.7 hours, far from the end of the numbers.
-  static constexpr qint32 kRecul = 1 << 24;
-  /// No remembered moment lies further back than this (24.6 days), so that its difference to now fits 32 bits until the
-  /// next move. An interval between two live images that is longer than this never passes.
-  static constexpr qint32 kPlusAncien = -2147483647 + 2 * kRecul;
-
   explicit TempsAnalyse(const Horloge& temps) : Temps_(temps) {}
 
   /// Before the differences of a frame are taken: subtracts one amount from now, by moving the origin, and from both
   /// remembered moments, if the origin lies far back. Without effect on any difference but of moments that are older
-  /// than kPlusAncien. May be called after any time, weeks with the camera off included.
+  /// than kMomentPlusAncien (engine/limits.h). May be called after any time, weeks with the camera off included.
   void Ramene();
 
   /// Milliseconds since the last NoteTick, NoteLive; since the counter's 0 when there was none. Throws

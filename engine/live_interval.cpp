@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "base/failure.h"
+#include "engine/limits.h"
 
 namespace vaktor {
 
@@ -14,7 +14,7 @@ float IntervalleLive::LitSecondes(const QString& texte) {
     Secondes_ = nombre.toFloat(&Lisible_);
     Lisible_ = Lisible_ && std::isfinite(Secondes_);
   }
-  if (!Lisible_) throw Echec(kTypeIncompatible, QStringLiteral("Type mismatch"));
+  if (!Lisible_) LanceIntervalleIllisible();
   return Secondes_;
 }
 

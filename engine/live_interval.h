@@ -8,7 +8,7 @@ namespace vaktor {
 class IntervalleLive {
  public:
   /// Seconds, in single precision: the text with a decimal comma or point. Throws Echec(kTypeIncompatible) for a text
-  /// that is no number. The last text is remembered, so an unchanged one costs a comparison.
+  /// that is no number (engine/limits.h). The last text is remembered, so an unchanged one costs a comparison.
   float LitSecondes(const QString& texte);
 
  private:

@@ -4,9 +4,9 @@
 #include <limits>
 #include <new>
 
-#include "base/failure.h"
 #include "base/numbers.h"
 #include "engine/comparison/frame_comparison_bands.h"
+#include "engine/limits.h"
 #include "engine/sampling.h"
 
 namespace vaktor {
@@ -21,8 +21,6 @@ bool DepasseApresBoucle(qint32 debut, qint32 fin) {
 
 /// A camera that was just opened finds its exposure within a second.
 constexpr quint32 kReposRepriseMs = 1000;
-
-[[noreturn]] void LanceDepassement() { throw Echec(kDepassement, QStringLiteral("Overflow")); }
 
 }  // namespace
 
@@ -116,7 +114,7 @@ void AnalyseurMouvement::CompareEchantillons() {
   GrandisBoite(resultat);
   ImagePrecedente_.Avance(resultat.Echantillons);
   if (!Etat_.Detection.ModeZoom && resultat.NbrPoints > 0) Ports_.Affichage.MontreVuePixel();
-  if (resultat.TablePleine) throw Echec(kIndiceHorsPlage, QStringLiteral("Subscript out of range"));
+  if (resultat.TablePleine) LanceTablePleine();
   if (depasseX || DepasseApresBoucle(zone.Haut, zone.Bas)) LanceDepassement();
 }
 
@@ -126,7 +124,7 @@ void AnalyseurMouvement::RangeEchantillons() {
   const ResultatComparaison resultat = CompareTrame(Jeu_, TrameCourante(), Etat_.Detection.Zone, kSeuilDetectionMax,
                                                     ImagePrecedente_.Table(), ImagePrecedente_.Rang());
   ImagePrecedente_.Avance(resultat.Echantillons);
-  if (resultat.TablePleine) throw Echec(kIndiceHorsPlage, QStringLiteral("Subscript out of range"));
+  if (resultat.TablePleine) LanceTablePleine();
   ARanger_ = false;
 }
 

@@ -29,10 +29,9 @@ class AnalyseurMouvement {
   /// photo and the live page throw; std::bad_alloc when there is no memory for the pixels of a frame. What was done up
   /// to there stays.
   ///
-  /// The first two leave IndexImage where it was. Past the table's end each later analysis fails at its first sample,
-  /// with the count at 0, nothing drawn and no alarm, until the program ends; a zone without any sample has no first
-  /// one and comes through. A difference of the millisecond counter that overflows is such a failure too, at the
-  /// counters, with the alarm's actions done; it takes one analysis of 24.8 days (analysis_clock.h).
+  /// The first two (engine/limits.h) leave the index where it was. Past the table's end each later analysis fails at
+  /// its first sample, with the count at 0, nothing drawn and no alarm; a zone without any sample has no first one and
+  /// comes through. A time that overflows is such a failure too, at the counters, with the alarm's actions done.
   bool AnalyseMouvement(bool reprise = false);
   /// Nothing acts yet, for the driver has connected again by itself. Where it does so again and again that is all there
   /// is, and nobody is watched.

@@ -7,17 +7,11 @@
 
 #include "base/numbers.h"
 #include "engine/detection_zone.h"
+#include "engine/limits.h"
 #include "texts/language.h"
 
 namespace vaktor {
 namespace {
-
-/// A frame or two may fail while the picture changes its size; that is no news. More of them do not pass by themselves:
-/// the table of samples is used up, the interval of the live page is no number. A photo that cannot be written is
-/// another matter: its frame was compared. A second of frames at the full rate; with a slow camera fewer will do.
-constexpr qint32 kImagesTolerables = 33;
-constexpr qint32 kImagesPassageres = 2;
-constexpr quint32 kDureeTolerableMs = 2000;
 
 QString DitSerie(qint32 langue) {
   return ChoisitLangue(langue, QStringLiteral("elle se reconnecte sans cesse"),

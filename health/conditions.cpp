@@ -3,6 +3,7 @@
 #include <QLocale>
 #include <array>
 
+#include "engine/signal_loss.h"
 #include "texts/language.h"
 
 namespace vaktor {
@@ -21,21 +22,20 @@ struct LigneCondition {
   const char* FaireEn;
 };
 
-// A camera of the network that stumbles for a moment, and is back by itself, is no news; what could not be written or
-// sent is lost, or will be, at the first report. A companion that died is started again after a second: one that is not
-// back by then counts.
+// What could not be written or sent is lost, or will be, at the first report. A companion that died is started again
+// after a second: one that is not back by then counts.
 constexpr qint32 kAusitot = 0;
-constexpr qint32 kCameraMs = 5000;
+constexpr qint32 kDetectionMs = 5000;
 constexpr qint32 kCompagnonMs = 1000;
 
 constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
-    {Condition::kSignalPerdu, Gravite::kAveugle, kCameraMs, "signal-lost", "La caméra ne donne plus d'images",
-     "The camera gives no new pictures",
+    {Condition::kSignalPerdu, Gravite::kAveugle, PerteSignal::kComptee, "signal-lost",
+     "La caméra ne donne plus d'images", "The camera gives no new pictures",
      "Vérifiez que la caméra est branchée et allumée et, pour une caméra du réseau, que le réseau marche. Vaktor "
      "réessaie de lui-même.",
      "See that the camera is plugged in and switched on and, for a network camera, that the network works. Vaktor "
      "keeps trying by itself."},
-    {Condition::kDetectionArretee, Gravite::kAveugle, kCameraMs, "detection-stopped",
+    {Condition::kDetectionArretee, Gravite::kAveugle, kDetectionMs, "detection-stopped",
      "Les images ne sont plus comparées : aucun mouvement n'est vu",
      "The pictures are not compared: no movement is seen",
      "Arrêtez la caméra et remettez-la en marche. Si cela ne suffit pas, fermez Vaktor et relancez-le.",

@@ -123,8 +123,8 @@ void SessionCapture::Veille() {
 
 // A camera that stalls says nothing: only the age of its newest frame tells.
 FluxImages::Etat SessionCapture::VeilleFlux() {
-  while (!Arret_.stop_requested() && !Boite_.Perdu()) {
-    const milliseconds reste = Boite_.DelaiPerte() - Boite_.Age();
+  while (!Arret_.stop_requested() && !Boite_.EstARouvrir()) {
+    const milliseconds reste = Boite_.DelaiReouverture() - Boite_.Age();
     const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), std::max(reste, milliseconds(0)) + kRegard);
     if (etat != FluxImages::Etat::kCoule) return etat;
   }

@@ -1,19 +1,10 @@
 #include "platform/capture/frames/newest_frame.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace vaktor {
-namespace {
 
 using std::chrono::milliseconds;
-
-// A USB camera that changes its exposure can hold its breath for a second; twice that is no camera any more.
-constexpr milliseconds kDelaiPerteMinimal{2000};
-constexpr milliseconds kDelaiPerteMaximal{60'000};
-constexpr int kPeriodesPerdues = 4;
-
-}  // namespace
 
 void BoiteImages::Depose(const ImageCamera& image) {
   ImageCamera ancienne;
@@ -84,20 +75,25 @@ FormatCamera BoiteImages::Format() const {
   return Format_;
 }
 
-milliseconds BoiteImages::DelaiPerteSousVerrou() const {
-  if (Format_.CadenceNum <= 0) return kDelaiPerteMinimal;
-  const qint64 periodes = qint64{1000} * kPeriodesPerdues * Format_.CadenceDen / Format_.CadenceNum;
-  return std::clamp(milliseconds(periodes), kDelaiPerteMinimal, kDelaiPerteMaximal);
+// The lock is held.
+milliseconds BoiteImages::DelaiPour(milliseconds auMoins) const {
+  return milliseconds(
+      PerteSignal::DelaiPour(static_cast<qint32>(auMoins.count()), Format_.CadenceNum, Format_.CadenceDen));
 }
 
-milliseconds BoiteImages::DelaiPerte() const {
+milliseconds BoiteImages::DelaiReouverture() const {
   const std::lock_guard verrou(Verrou_);
-  return DelaiPerteSousVerrou();
+  return DelaiPour(Ages_.Reouverte);
 }
 
 bool BoiteImages::Perdu() const {
   const std::lock_guard verrou(Verrou_);
-  return Horloge::now() - Instant_ > DelaiPerteSousVerrou();
+  return Horloge::now() - Instant_ > DelaiPour(Ages_.Dite);
+}
+
+bool BoiteImages::EstARouvrir() const {
+  const std::lock_guard verrou(Verrou_);
+  return Horloge::now() - Instant_ > DelaiPour(Ages_.Reouverte);
 }
 
 }  // namespace vaktor

@@ -7,6 +7,7 @@
 #include <mutex>
 
 #include "engine/camera_image.h"
+#include "engine/signal_loss.h"
 #include "platform/capture/choice/camera_format.h"
 #include "platform/capture/frames/frame_bell.h"
 
@@ -15,6 +16,15 @@ namespace vaktor {
 class BoiteImages {
  public:
   using Horloge = std::chrono::steady_clock;
+
+  /// Of the newest frame (engine/signal_loss.h).
+  struct Ages {
+    std::chrono::milliseconds Dite{PerteSignal::kDite};
+    std::chrono::milliseconds Reouverte{PerteSignal::kReouverte};
+  };
+
+  BoiteImages() = default;
+  explicit BoiteImages(Ages ages) : Ages_(ages) {}
 
   struct Arrivee {
     ImageCamera Image;
@@ -39,16 +49,20 @@ class BoiteImages {
   /// Time since the newest frame; since the making of the box when there is none.
   std::chrono::milliseconds Age() const;
 
-  /// As negotiated, told when it changes. A slow rate also lengthens the time after which a frame is missed.
+  /// As negotiated, told when it changes. A slow rate also lengthens the ages at which a frame is missed.
   void FixeFormat(const FormatCamera& format);
   FormatCamera Format() const;
 
-  /// True once the newest frame is older than any frame of this source should be.
+  /// The newest frame is so old that the signal is told as lost.
   bool Perdu() const;
-  std::chrono::milliseconds DelaiPerte() const;
+  /// It is so old, older than DelaiReouverture, that the stream is to be opened again.
+  bool EstARouvrir() const;
+  std::chrono::milliseconds DelaiReouverture() const;
 
  private:
-  std::chrono::milliseconds DelaiPerteSousVerrou() const;
+  std::chrono::milliseconds DelaiPour(std::chrono::milliseconds auMoins) const;
+
+  const Ages Ages_;
 
   mutable std::mutex Verrou_;
   std::condition_variable Nouvelle_;

@@ -77,17 +77,32 @@ TEST(BoiteImages, GivesOnlyWhatIsNewer) {
 TEST(BoiteImages, WaitsLongerForASlowCamera) {
   BoiteImages boite;
   FormatCamera format;
-  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(2000));
+  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(2000));
   format.CadenceNum = 30;
   boite.FixeFormat(format);
-  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(2000));
+  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(2000));
   format.CadenceNum = 1;
   format.CadenceDen = 2;
   boite.FixeFormat(format);
-  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(8000));
+  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(8000));
   format.CadenceDen = 1'000'000;
   boite.FixeFormat(format);
-  EXPECT_EQ(boite.DelaiPerte(), std::chrono::milliseconds(60'000));
+  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(60'000));
+}
+
+TEST(BoiteImages, TellsALossAndAsksForAReopeningEachAtAnAgeOfItsOwn) {
+  using std::chrono::milliseconds;
+  BoiteImages dite(BoiteImages::Ages{.Dite = milliseconds(-1), .Reouverte = milliseconds(60'000)});
+  EXPECT_TRUE(dite.Perdu());
+  EXPECT_FALSE(dite.EstARouvrir());
+  const BoiteImages rouverte(BoiteImages::Ages{.Dite = milliseconds(60'000), .Reouverte = milliseconds(-1)});
+  EXPECT_FALSE(rouverte.Perdu());
+  EXPECT_TRUE(rouverte.EstARouvrir());
+  FormatCamera lente;
+  lente.CadenceNum = 1;
+  lente.CadenceDen = 2;
+  dite.FixeFormat(lente);
+  EXPECT_FALSE(dite.Perdu()) << "a slow camera is given its periods before it is told too";
 }
 
 }  // namespace
