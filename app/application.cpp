@@ -39,9 +39,9 @@ void Vaktor::CreeReglages() {
 }
 
 void Vaktor::CreeLive() {
-  Live_ = std::make_unique<PublicationLive>(PortsLive{
-      Reglages_, Systeme_.Dossiers, *Sauvegarde_, Camera_, EcrivainLive_, Timbre_, Systeme_.Temps, Systeme_.Pompe,
-      *Modules_, Vue_, VueLiaison_, Systeme_.Navigateur, Liaison_, [this] { return LitChampsSite(); }});
+  Live_ = std::make_unique<PublicationLive>(PortsLive{Reglages_, Systeme_.Dossiers, EcrivainLive_, Timbre_,
+                                                      Systeme_.Temps, *Modules_, Vue_, VueLiaison_, Systeme_.Navigateur,
+                                                      Liaison_, [this] { return LitChampsSite(); }});
 }
 
 ChampsSite Vaktor::LitChampsSite() const {
@@ -50,27 +50,31 @@ ChampsSite Vaktor::LitChampsSite() const {
 }
 
 void Vaktor::CreeMoteur() {
-  Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_);
-  Moteur_ =
-      std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Minuteries_, Systeme_.Temps,
-                                                       Systeme_.Pompe, Systeme_.Sons, *Actions_, *Live_, Vue_, Sante_});
+  Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_, [this] { Photos_->EnregistrePhoto(); });
+  Moteur_ = std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Minuteries_,
+                                                             Systeme_.Temps, Systeme_.Pompe, Systeme_.Sons, *Actions_,
+                                                             *Live_, Vue_, Sante_, [this] { Live_->OublieLive(); }});
+  InterrupteurLive_ = std::make_unique<InterrupteurLive>(
+      PortsInterrupteurLive{Reglages_, *Sauvegarde_, *Moteur_, *Live_, Vue_, Systeme_.Pompe});
+  DemarrageAuto_ = std::make_unique<DemarrageAuto>(
+      PortsDemarrageAuto{Minuteries_, [this] { return Moteur_->Camera().EnPause(); },
+                         [this] { InterrupteurLive_->BasculeLive(); }, [this] { Moteur_->BasculeAlarme(); }});
+  Moteur_->Lance();
   Photos_ = std::make_unique<EnregistreurPhotos>(
       PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(), Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
                   [this] { return Copies_->SontVoulues(); }, Sante_, [this] { return Copies_->Demande(); }});
   VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{Reglages_, *Photos_, Minuteries_, Systeme_.Sonde,
                                                                    Systeme_.EssaiPhotos, Systeme_.Pertes, Sante_,
                                                                    [this] { return Moteur_->Alarme().AlarmeArmee; }});
-  Actions_->Relie(*Photos_);
-  Camera_.Relie(*Moteur_);
   CreeEveil();
 }
 
 void Vaktor::CreeForm1() {
-  Form1_ = std::make_unique<Form1>(
-      ServicesForm1{Reglages_, *Sauvegarde_, Textes_, *Moteur_, *Live_, Systeme_.Boites,
-                    [this] { return Photos_->VerifieEspaceDisque(); }, [this] { ChargeurTextes_->ChargeTextes(); },
-                    [this](bool montre) { montre ? PleinEcran_.Montre() : PleinEcran_.Cache(); },
-                    [this] { DemandeFermeture(); }, [this] { MontreFrmSmtp(); }});
+  Form1_ = std::make_unique<Form1>(ServicesForm1{
+      Reglages_, *Sauvegarde_, Textes_, *Moteur_, [this] { InterrupteurLive_->BasculeLive(); }, Systeme_.Boites,
+      [this] { return Photos_->VerifieEspaceDisque(); }, [this] { ChargeurTextes_->ChargeTextes(); },
+      [this](bool montre) { montre ? PleinEcran_.Montre() : PleinEcran_.Cache(); }, [this] { DemandeFermeture(); },
+      [this] { MontreFrmSmtp(); }});
   PleinEcran_.SurFermeture([this] { Form1_->CheckPEcran().setChecked(false); });
   Vue_.Relie({*Moteur_, Reglages_, *Form1_, [this]() -> FormMonitor& { return Moniteur(); }, PleinEcran_});
   VueLiaison_.Relie(*Form1_);
@@ -82,7 +86,7 @@ void Vaktor::BrancheActions() {
   ActionsBoutonsGris actions;
   actions[0] = [this] { Galerie().OuvreGalerie(); };
   actions[1] = [this] { Liens_.OuvreMiseAJour(); };
-  actions[2] = [this] { Live_->CreationPageLive(); };
+  actions[2] = [this] { InterrupteurLive_->CreationPageLive(); };
   actions[3] = [this] { Live_->TestPageLive(); };
   actions[6] = [this] { MontreFormSound(); };
   actions[7] = [this] { Liens_.OuvreNotice(); };
@@ -137,7 +141,7 @@ void Vaktor::RetrouveCompagnon(Compagnon compagnon) {
 void Vaktor::CreeFormWinsock() {
   FormWinsock_ = std::make_unique<FormWinsock>(
       PortsWinsock{*Canal_, *Magasin_, Minuteries_, *Modules_, Vue_, VueLiaison_, Liaison_,
-                   [this] { Moteur_->RelanceDemarrageAuto(); }, [this] { return Veille_->EstRelance(Compagnon::kFtp); },
+                   [this] { DemarrageAuto_->Relance(); }, [this] { return Veille_->EstRelance(Compagnon::kFtp); },
                    [this](Compagnon compagnon) { Veille_->Inscrit(compagnon); },
                    [this] { return Veille_->EstInscrit(Compagnon::kFtp); }});
 }

@@ -5,8 +5,10 @@
 #include <optional>
 
 #include "app/alarm_actions.h"
+#include "app/automatic_start.h"
 #include "app/held_timers.h"
 #include "app/live_ports.h"
+#include "app/live_switch.h"
 #include "app/ports/start_steps.h"
 #include "app/settings_retry.h"
 #include "app/start_sequence.h"
@@ -143,11 +145,12 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<ActionsAlarmeReelles> Actions_;
   VueSurveillance Vue_;
   VueLiaison VueLiaison_;
-  CameraDuMoteur Camera_;
   EcrivainDuLive EcrivainLive_;
   DessinTimbre Timbre_;
   std::unique_ptr<PublicationLive> Live_;
   std::unique_ptr<Surveillance> Moteur_;
+  std::unique_ptr<InterrupteurLive> InterrupteurLive_;
+  std::unique_ptr<DemarrageAuto> DemarrageAuto_;
   std::unique_ptr<GardeEveil> Eveil_;
   std::unique_ptr<EnregistreurPhotos> Photos_;
   std::unique_ptr<VeillePhotos> VeillePhotos_;

@@ -38,6 +38,8 @@ AffichageParametres& Vaktor::ChargeForm1() {
   CreeLive();
   CreeMoteur();
   CreeForm1();
+  Vue_.ExigeLien();
+  VueLiaison_.ExigeLien();
   Systeme_.Sons.SurvolSon(SonsInterface::kAucunSurvol);
   CreeFormWinsock();
   Systeme_.Pompe.PompeMessages();
@@ -47,7 +49,7 @@ AffichageParametres& Vaktor::ChargeForm1() {
   Form1_->AmenePage(kPagePrincipale);
   Photos_->FixeDateJour();
   Form1_->Habille({Textes_, *Moteur_, Systeme_.Pompe, Systeme_.Sons});  // draws the pages
-  Moteur_->LitArguments(LigneCommande_);
+  DemarrageAuto_->Lance(LitArgumentsAuto(LigneCommande_));
   return *VueParametres_;
 }
 
@@ -92,6 +94,7 @@ FormVisuPhoto& Vaktor::Galerie() {
                                                             Systeme_.Noms, Systeme_.Lecteur, Systeme_.Effaceur,
                                                             Systeme_.Boites, Systeme_.Navigateur});
     FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_, Systeme_.Dossiers);
+    Galerie_->ExigeLien();
     CreeRepertoire(*FormVisuPhoto_);
   }
   return *FormVisuPhoto_;

@@ -26,14 +26,19 @@ ArgumentsDepart LitArgumentsDepart(const QStringList& arguments) {
   return resultat;
 }
 
+ArgumentsAuto LitArgumentsAuto(const QString& ligne) {
+  return {.Alarme = ligne.contains(QLatin1StringView("/alarm"), Qt::CaseInsensitive),
+          .Live = ligne.contains(QLatin1StringView("/surve"), Qt::CaseInsensitive)};
+}
+
 QStringList TrouveInconnus(const QStringList& arguments) {
   QStringList inconnus;
   for (const QString& argument : arguments) {
     // The switches count anywhere in the text, so an argument that holds one is known.
-    const auto tient = [&](QLatin1StringView nom) { return argument.contains(nom, Qt::CaseInsensitive); };
+    const ArgumentsAuto automatiques = LitArgumentsAuto(argument);
     const ArgumentsDepart lus = LitArgumentsDepart({argument});
-    const bool connu = lus.LigneCommande.isEmpty() || lus.Aide || lus.Version || tient(QLatin1StringView("/alarm")) ||
-                       tient(QLatin1StringView("/surve"));
+    const bool connu =
+        lus.LigneCommande.isEmpty() || lus.Aide || lus.Version || automatiques.Alarme || automatiques.Live;
     if (!connu) inconnus.append(argument);
   }
   return inconnus;

@@ -14,6 +14,15 @@ struct ArgumentsDepart {
   bool Version = false;   ///< "--version"
 };
 
+/// What is switched on by itself (automatic_start.h).
+struct ArgumentsAuto {
+  bool Alarme = false;  ///< "/alarm"
+  bool Live = false;    ///< "/surve"
+};
+
+/// Looks for both anywhere in `ligne`, in any case of letters.
+ArgumentsAuto LitArgumentsAuto(const QString& ligne);
+
 /// `arguments` without the program's own name: a program folder that happens to be called "alarm" arms nothing. Names
 /// of arguments without regard to case. "/camera:" and "/dossier:" take the whole rest of their argument, blanks
 /// included, and their text is not looked through for other arguments; of several the last counts.

@@ -7,4 +7,8 @@ Echec::Echec(qint32 numero, const QString& description)
 
 const char* Echec::what() const noexcept { return Texte8_.constData(); }
 
+void LanceNonRelie(const char* qui) {
+  throw Echec(kAppelIncorrect, QStringLiteral("%1 was not tied to what it works with.").arg(QLatin1String(qui)));
+}
+
 }  // namespace vaktor

@@ -32,4 +32,8 @@ class Echec : public std::exception {
   QByteArray Texte8_;  // what() hands out a pointer into it
 };
 
+/// For an object that is given what it works with only after it was made, and was not: throws Echec(kAppelIncorrect).
+/// Such a one is asked for at the start of the program, which then ends with this, and not found out by nobody.
+[[noreturn]] void LanceNonRelie(const char* qui);
+
 }  // namespace vaktor

@@ -88,9 +88,7 @@ class SansLive : public LiaisonLive {
  public:
   bool LiveActif() const override { return false; }
   bool VeutPhotos() const override { return false; }
-  void OublieLive() override {}
-  void PublieLive() override {}
-  void BasculeLive() override {}
+  void PublieLive(const ImageCamera&) override {}
 };
 
 class SansFenetre : public AffichageSurveillance {
@@ -171,6 +169,7 @@ int Mesure(const QString& camera, const QString& dossier, size_t photos) {
   ActionsChronometrees actions(mesures);
   SansFenetre affichage(mesures);
   Surveillance moteur({reglages, sauvegarde, pilote, minuteries, temps, pompe, sons, actions, live, affichage, sante});
+  moteur.Lance();
   EnregistreurPhotos enregistreur(
       {reglages, dossiers, moteur.Surface(), temps, ecrivain, disque, [] { return false; }, sante});
   enregistreur.FixeDateJour();

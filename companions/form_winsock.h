@@ -25,7 +25,7 @@ struct PortsWinsock {
   AffichageSurveillance& Affichage;  ///< the lamp ImageLedSurveill
   AffichageLiaison& Liaison;
   EtatLiaison& Etat;
-  std::function<void()> RelanceDemarrageAuto;  ///< starts TimerAutoStar if a start argument was given
+  std::function<void()> RelanceDemarrageAuto;  ///< starts the timer of the start arguments if one was given
   std::function<bool()> FtpRelance = {};       ///< the FTP companion is not the one of the launch; empty: it always is
   std::function<void(Compagnon)> SurInscription =
       {};                                 ///< a companion has given its handle, which is taken; may be empty

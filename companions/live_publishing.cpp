@@ -46,36 +46,17 @@ void PublicationLive::MontreConnexion() {
   Ports_.Liaison.MontreStatut(kTexteConnexion);
 }
 
-void PublicationLive::BasculeLive() {
-  if (!Ports_.Camera.CameraActive()) {
-    Ports_.Affichage.ActiveBouton(1, false);  // the start of the camera enables it again
-    Ports_.Camera.BasculeCamera();
-    Ports_.Pompe.PompeMessages();
-  }
-  // Closed while the camera was being connected: nobody is left who has to be told that it does not run.
-  if (Ports_.Camera.EstTerminee()) return OublieLive();
-  if (!Ports_.Camera.CameraActive()) {
-    OublieLive();
-    Ports_.Affichage.AnnonceCameraInactive();
-    return;
-  }
-  if (Ports_.Etat.SurveillanceEnCours)
-    EteintLive();
-  else
-    AllumeLive();
-}
-
-void PublicationLive::EteintLive() {
+void PublicationLive::Eteint() {
   OublieLive();
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
-  // The live switch takes the alarm with it; the camera goes on, and so does a countdown that runs.
-  Ports_.Camera.DesarmeAlarme();
-  Ports_.Pompe.PompeMessages();
+}
+
+void PublicationLive::Deconnecte() {
   Ports_.Liaison.MontreStatut(kTexteInactive);
   Ports_.Commandes.EnvoiFTP(QStringLiteral("Decon"));
 }
 
-void PublicationLive::AllumeLive() {
+void PublicationLive::Allume() {
   Ports_.Etat.SurveillanceEnCours = true;
   if (ParametresManquent()) {
     if (Ports_.Liaison.DemandeParametresSite()) Ports_.Liaison.MontrePageFtp();
@@ -106,11 +87,11 @@ QString PublicationLive::FormateTimbre(QString heure) {
 // of a frame or two a second every frame is due for the page, and a full disk would make the alarm blind and dumb for
 // good. So that rule is kept for a second, as it is for photos; then the page grows old in silence, and its age is what
 // is told.
-void PublicationLive::PublieLive() {
+void PublicationLive::PublieLive(const ImageCamera& image) {
   const qint32 tic = Ports_.Temps.CompteTics();
   if (!Panne_.EssaiDu(tic)) return;
   try {
-    EcritLive();
+    EcritLive(image);
   } catch (const std::exception&) {
     Panne_.Note(tic);
     if (!Panne_.Installee(tic)) throw;
@@ -121,21 +102,15 @@ void PublicationLive::PublieLive() {
   if (Ports_.Etat.LiveActif) Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
 }
 
-void PublicationLive::EcritLive() {
-  QImage tampon = Ports_.Camera.ImageSurface();  // PictureTampon; shared until the stamp goes on
+void PublicationLive::EcritLive(const ImageCamera& image) {
+  QImage tampon = image.Entiere();  // PictureTampon; shared until the stamp goes on
   const QString heure = FormateTimbre(Ports_.Temps.DonneHeureTexte());
   PoseTimbre(tampon, Ports_.Timbre.DessineTimbre(heure));
   Ports_.Ecrivain.EnregistreJPEG(tampon, Ports_.Dossiers.Donnees + QStringLiteral("/Temp/Live.jpg"),
                                  Ports_.Reglages.QualiteJpeg);
 }
 
-void PublicationLive::CreationPageLive() {
-  if (Ports_.Reglages.ParametresModifies) Ports_.Sauvegarde.SauveParametres();
-  Ports_.Pompe.PompeMessages();
-  if (!Ports_.Camera.CameraActive()) {
-    Ports_.Affichage.AnnonceCameraInactive();
-    return;
-  }
+void PublicationLive::DemandePage() {
   if (!Ports_.Etat.LiveActif) {
     Ports_.Liaison.MontreStatut(kTextePasConnecte);
     return;

@@ -13,11 +13,9 @@
 #include "companions/ports/live_image.h"
 #include "engine/ports/alarm_actions.h"
 #include "engine/ports/clock.h"
-#include "engine/ports/event_pump.h"
 #include "engine/ports/surveillance_display.h"
 #include "settings/parameters.h"
 #include "settings/ports/module_commands.h"
-#include "settings/saving.h"
 
 namespace vaktor {
 
@@ -29,14 +27,11 @@ struct ChampsSite {
 struct PortsLive {
   const Parametres& Reglages;
   const DossiersProgramme& Dossiers;
-  SauvegardeParametres& Sauvegarde;
-  CameraPourLive& Camera;
   EcrivainLive& Ecrivain;
   TimbreHeure& Timbre;
   const Horloge& Temps;
-  PompeEvenements& Pompe;
   CommandesModules& Commandes;
-  AffichageSurveillance& Affichage;  ///< ImageLedSurveill, Bouton(1), the message about the camera
+  AffichageSurveillance& Affichage;  ///< ImageLedSurveill
   AffichageLiaison& Liaison;
   Ouvreur& Navigateur;
   EtatLiaison& Etat;
@@ -51,13 +46,22 @@ class PublicationLive : public LiaisonLive {
   // LiaisonLive, for the engine.
   bool LiveActif() const override { return Ports_.Etat.LiveActif; }
   bool VeutPhotos() const override { return Ports_.Etat.LiveActif || Ports_.Etat.PageInterrompue; }
-  void OublieLive() override;
-  void PublieLive() override;
-  void BasculeLive() override;
+  void PublieLive(const ImageCamera& image) override;
 
-  void CreationPageLive();  ///< BoutonGris(2)
-  void TestPageLive();      ///< BoutonGris(3)
-  void CoupeLive();         ///< shutdown: LiveActif goes off, the switch stays as it is, nothing is sent
+  // The user's switch, for what stands above camera and page (app/live_switch.h).
+  bool EstAllume() const { return Ports_.Etat.SurveillanceEnCours; }
+  /// Connects, where the parameters of the site are complete; else it asks for them, and stays off.
+  void Allume();
+  /// The switch and LiveActif go off, and the lamp; the companion is told by Deconnecte.
+  void Eteint();
+  void Deconnecte();
+  /// The switch and LiveActif go off, and nobody is told: the camera stops, or there is none.
+  void OublieLive();
+  /// Has the page made, while connected; else the status line says why not.
+  void DemandePage();
+
+  void TestPageLive();  ///< BoutonGris(3)
+  void CoupeLive();     ///< shutdown: LiveActif goes off, the switch stays as it is, nothing is sent
 
   /// The FTP companion has gone: no frame flows until another one has a connection.
   void PerdCompagnon();
@@ -70,9 +74,7 @@ class PublicationLive : public LiaisonLive {
   static QString FormateTimbre(QString heure);
 
  private:
-  void EcritLive();
-  void EteintLive();
-  void AllumeLive();
+  void EcritLive(const ImageCamera& image);
   void MontreConnexion();
   bool ParametresManquent() const;
 

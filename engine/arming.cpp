@@ -66,24 +66,4 @@ void ArmementAlarme::ChangeRetard(qint32 secondes) {
   Ports_.Sauvegarde.SauveParametres();
 }
 
-void ArmementAlarme::LitArguments(const QString& ligneCommande) {
-  if (ligneCommande.contains(u"/alarm", Qt::CaseInsensitive)) AutoAlarme_ = true;
-  if (ligneCommande.contains(u"/surve", Qt::CaseInsensitive)) AutoSurve_ = true;
-  RelanceDemarrageAuto();
-}
-
-void ArmementAlarme::RelanceDemarrageAuto() {
-  if (AutoAlarme_ || AutoSurve_) Minuteries_.TimerAutoStar->Active();
-}
-
-void ArmementAlarme::DemarreAuto() {
-  // One shot, also when a call below fails: a switch must not be thrown again each second.
-  struct Coupure {
-    Minuterie& Timer;
-    ~Coupure() { Timer.Desactive(); }
-  } const coupure{*Minuteries_.TimerAutoStar};
-  if (AutoSurve_) Ports_.Live.BasculeLive();
-  if (AutoAlarme_) BasculeAlarme();
-}
-
 }  // namespace vaktor

@@ -23,20 +23,11 @@ class ArmementAlarme {
   /// countdown starts again from there) and saves. `secondes`: 0 and up; the field has cleaned its text.
   void ChangeRetard(qint32 secondes);
 
-  /// The start arguments "/alarm" and "/surve", anywhere in the line, in any case of letters.
-  void LitArguments(const QString& ligneCommande);
-  /// Starts the one-shot timer again if one of them was given. What the first shot switched on is switched off then.
-  void RelanceDemarrageAuto();
-  /// The tick of TimerAutoStar.
-  void DemarreAuto();
-
  private:
   const PortsSurveillance& Ports_;
   EtatSurveillance& Etat_;
   MinuteriesSurveillance& Minuteries_;
   CommandeCamera& Camera_;
-  bool AutoAlarme_ = false;
-  bool AutoSurve_ = false;
 };
 
 }  // namespace vaktor

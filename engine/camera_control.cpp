@@ -86,7 +86,7 @@ void CommandeCamera::Arrete() {
   Ports_.Sante.Leve(Condition::kDetectionArretee);
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
   Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
-  Ports_.Live.OublieLive();
+  if (Ports_.SurArretCamera) Ports_.SurArretCamera();
   EteintAlarme();
 }
 

@@ -43,6 +43,9 @@ struct EtatCamera {
   bool DialogueOuvert = false;  ///< one of the driver's dialogs is open: no timer of the engine ticks
   bool ConnexionEnCours = false;  ///< the driver is being connected: no timer ticks, and the switch does nothing
   bool Terminee = false;          ///< the program ends: the driver has been let go for good, no switch does anything
+
+  /// No timer ticks that switches or detects.
+  bool EnPause() const { return DialogueOuvert || ConnexionEnCours; }
 };
 
 struct EtatAlarme {

@@ -63,7 +63,7 @@ void AnalyseurMouvement::VerifieLive() {
   const double intervalle = double{Intervalle_.LitSecondes(Ports_.Reglages.IntervalleFtp)} * 1000.0;
   if (intervalle <= ecoule && Ports_.Live.LiveActif()) {
     Temps_.NoteLive();
-    Ports_.Live.PublieLive();
+    Ports_.Live.PublieLive(Etat_.Surface.Trame());
   }
 }
 

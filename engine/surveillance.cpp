@@ -36,7 +36,6 @@ class ReglesSurveillance {
         Alarme(Ports, Etat, Minuteries, Camera),
         Souris(Etat) {
     Etat.Alarme.CompteARebours = Ports.Reglages.Retard;
-    Minuteries.Timer1->Active();  // ticks come from the start of the program on and do nothing without a camera
   }
 
   const PortsSurveillance Ports;
@@ -71,23 +70,20 @@ class ReglesSurveillance {
     const auto cree = [&](const QString& nom, qint32 millisecondes, std::function<void()> tic) {
       // Dropped, not stopped: the state of a timer means something, Timer3's for one is the countdown.
       return fabrique.CreeMinuterie(nom, millisecondes, [this, tic = std::move(tic)] {
-        if (!EstEnPause()) tic();
+        if (!Etat.Camera.EnPause()) tic();
       });
     };
     m.Timer1 = cree(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });
     m.Timer2 = cree(QStringLiteral("Timer2"), kAttenteSeuilMs, [this] { LanceSeuil(); });
     m.TimerSeuil = cree(QStringLiteral("TimerSeuil"), kSeuilMs, [this] { Jauge.AjusteSeuil(); });
     m.Timer3 = cree(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
-    m.TimerAutoStar = cree(QStringLiteral("TimerAutoStar"), kSecondeMs, [this] { Alarme.DemarreAuto(); });
     m.FinSuspension = cree(QStringLiteral("FinSuspension"), kSuspensionMs, [this] { Reprend(); });
     return m;
   }
 
-  bool EstEnPause() const { return Etat.Camera.DialogueOuvert || Etat.Camera.ConnexionEnCours; }
-
   /// What keeps Timer1 from ticking keeps a frame from waking it: the first tick afterwards asks again.
   void SuitReveil() {
-    if (!EstEnPause() && Minuteries.Timer1->EstActive()) Tic.TraiteReveil();
+    if (!Etat.Camera.EnPause() && Minuteries.Timer1->EstActive()) Tic.TraiteReveil();
   }
 
   /// The tick of Timer2: the warm-up is over. It goes on every 15 s to no further effect on the tolerance, since
@@ -101,6 +97,8 @@ class ReglesSurveillance {
 
 Surveillance::Surveillance(const PortsSurveillance& ports) : Regles_(std::make_unique<ReglesSurveillance>(ports)) {}
 Surveillance::~Surveillance() = default;
+
+void Surveillance::Lance() { Regles_->Minuteries.Timer1->Active(); }
 
 const EtatDetection& Surveillance::Detection() const { return Regles_->Etat.Detection; }
 const EtatCamera& Surveillance::Camera() const { return Regles_->Etat.Camera; }
@@ -123,8 +121,6 @@ SourisZone& Surveillance::Souris() { return Regles_->Souris; }
 void Surveillance::ChoisitModeZoom(bool zoom) { Regles_->Etat.Detection.ModeZoom = zoom; }
 void Surveillance::CacheMoniteur() { Regles_->Etat.Camera.MoniteurCache = true; }
 void Surveillance::ChangeRetard(qint32 secondes) { Regles_->Alarme.ChangeRetard(secondes); }
-void Surveillance::LitArguments(const QString& ligneCommande) { Regles_->Alarme.LitArguments(ligneCommande); }
-void Surveillance::RelanceDemarrageAuto() { Regles_->Alarme.RelanceDemarrageAuto(); }
 void Surveillance::SuspendTic() { Regles_->Suspend(); }
 void Surveillance::ReprendTic() { Regles_->Reprend(); }
 

@@ -22,6 +22,9 @@ class Surveillance {
   Surveillance(const Surveillance&) = delete;
   Surveillance& operator=(const Surveillance&) = delete;
 
+  /// Once, when everything is made that a tick may reach: Timer1 ticks from here on, and does nothing without a camera.
+  void Lance();
+
   // What forms and rooms above read.
   const EtatDetection& Detection() const;
   const EtatCamera& Camera() const;
@@ -44,14 +47,11 @@ class Surveillance {
   SourisZone& Souris();       ///< the left button on Picture1 (detection_zone.h)
 
   // The rest of the window.
-  void ChoisitModeZoom(bool zoom);                  ///< MnuZoomView, MnuPixelView
-  void CacheMoniteur();                             ///< the user closed FormMonitor
-  void ChangeRetard(qint32 secondes);               ///< change event of Text1: sets Retard and CompteARebours, saves
-  void LitArguments(const QString& ligneCommande);  ///< "/alarm" and "/surve", substring without regard to case;
-                                                    ///< starts the one-shot timer if either is there
-  void RelanceDemarrageAuto();  ///< the FTP companion's "*OKO*": starts that timer again if either was given
-  void SuspendTic();            ///< Timer1 off, while the window is redrawn: no frame is analysed, for a second at most
-  void ReprendTic();            ///< Timer1 on, whether or not the camera runs: its tick does nothing then
+  void ChoisitModeZoom(bool zoom);     ///< MnuZoomView, MnuPixelView
+  void CacheMoniteur();                ///< the user closed FormMonitor
+  void ChangeRetard(qint32 secondes);  ///< change event of Text1: sets Retard and CompteARebours, saves
+  void SuspendTic();  ///< Timer1 off, while the window is redrawn: no frame is analysed, for a second at most
+  void ReprendTic();  ///< Timer1 on, whether or not the camera runs: its tick does nothing then
 
   // End of the program, in the order that the shutdown asks for.
   void

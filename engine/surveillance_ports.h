@@ -1,6 +1,8 @@
 // Everything that the engine is given from outside, in one bundle.
 #pragma once
 
+#include <functional>
+
 #include "engine/ports/alarm_actions.h"
 #include "engine/ports/capture_driver.h"
 #include "engine/ports/clock.h"
@@ -27,6 +29,8 @@ struct PortsSurveillance {
   LiaisonLive& Live;
   AffichageSurveillance& Affichage;
   RapportSante& Sante;
+  /// The camera has been switched off: what hangs on it elsewhere goes off with it. Called before the alarm goes off.
+  std::function<void()> SurArretCamera = {};
 };
 
 }  // namespace vaktor

@@ -25,7 +25,6 @@ struct MinuteriesSurveillance {
   std::unique_ptr<Minuterie> Timer2;         ///< starts TimerSeuil kAttenteSeuilMs after the camera
   std::unique_ptr<Minuterie> TimerSeuil;     ///< automatic tolerance
   std::unique_ptr<Minuterie> Timer3;         ///< enabled means: the countdown runs
-  std::unique_ptr<Minuterie> TimerAutoStar;  ///< one shot for the start arguments
   std::unique_ptr<Minuterie> FinSuspension;  ///< one shot: Timer1 comes back, whatever stands in the redraw
 };
 

@@ -7,6 +7,7 @@
 #include <optional>
 
 #include "base/application_state.h"
+#include "base/failure.h"
 #include "base/ports/message_boxes.h"
 #include "base/ports/opener.h"
 #include "base/program_folders.h"
@@ -50,6 +51,10 @@ class GaleriePhotos {
 
   /// Once, before any other call; the display outlives the last call but Delie.
   void Relie(AffichageGalerie& affichage) { Affichage_ = &affichage; }
+  /// Throws Echec when Relie was forgotten. The start asks.
+  void ExigeLien() const {
+    if (Affichage_ == nullptr) LanceNonRelie("GaleriePhotos");
+  }
   /// The display goes: what is asked for and not yet done is forgotten.
   void Delie();
 

@@ -1,24 +1,11 @@
-// Ports of the live page: the camera and the alarm as live publishing needs them, the writer of the live file and the
-// picture of the time stamp. app/ wires them to the engine, the JPEG writer and DessinTimbre.
+// Ports of the live page: the writer of the live file and the picture of the time stamp. app/ wires them to the JPEG
+// writer and DessinTimbre.
 #pragma once
 
 #include <QImage>
 #include <QString>
 
 namespace vaktor {
-
-/// The surveillance engine, as far as live publishing looks at it.
-class CameraPourLive {
- public:
-  virtual ~CameraPourLive() = default;
-  virtual bool CameraActive() const = 0;
-  /// The program ends, and the camera has been let go for good.
-  virtual bool EstTerminee() const = 0;
-  virtual void BasculeCamera() = 0;
-  /// AlarmeArmee false, ImageLedAlarme "LEDRED", Text1 shows Retard; a countdown goes on.
-  virtual void DesarmeAlarme() = 0;
-  virtual QImage ImageSurface() const = 0;  ///< picture of the frame surface, null while there is none
-};
 
 /// Encodes and writes one JPEG file; throws Echec when that fails.
 class EcrivainLive {

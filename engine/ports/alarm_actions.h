@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include "engine/camera_image.h"
+
 namespace vaktor {
 
 /// What an armed system does on a frame above the action level. All calls return at once but EnregistrePhoto, which
@@ -15,7 +17,7 @@ class ActionsAlarme {
   virtual void EnvoiSon(const QString& mot) = 0;
 };
 
-/// The live page as the engine sees it. Owner of the two switches: the companions' room.
+/// The live page as the engine sees it: whether it is on, and who publishes a frame.
 class LiaisonLive {
  public:
   virtual ~LiaisonLive() = default;
@@ -24,14 +26,10 @@ class LiaisonLive {
   /// Photos of the alarm are wanted for the site: frames flow, or will again when the companion is back. What happens
   /// until then is kept for it.
   virtual bool VeutPhotos() const = 0;
-  /// The camera stops: the user's switch and LiveActif go off, and no command is sent.
-  virtual void OublieLive() = 0;
-  /// Stamps the current frame, writes it and tells the companion. Throws Echec when the file cannot be written, for the
-  /// first second of such a failure; later on it is tried once a second and fails in silence, so that detection goes
-  /// on.
-  virtual void PublieLive() = 0;
-  /// The user's switch, also carried out for the start argument "/surve".
-  virtual void BasculeLive() = 0;
+  /// Stamps this frame, the one that is analysed, writes it and tells the companion. Throws Echec when the file cannot
+  /// be written, for the first second of such a failure; later on it is tried once a second and fails in silence, so
+  /// that detection goes on.
+  virtual void PublieLive(const ImageCamera& image) = 0;
 };
 
 }  // namespace vaktor

@@ -32,7 +32,7 @@ class Ordre : public ProgrammeSurFaux {
     Systeme.MagasinPlein = true;
     Systeme.Notes.Vide();
   }
-  void DemarreLeLiveEtTueLeCompagnon() {
+  void DemarreLeLive() {
     for (const char* cle : {"ftp", "user", "pass", "html"})
       Systeme.Valeurs.insert(QStringLiteral("FTP/") + QLatin1String(cle), QStringLiteral("098100102"));
     Demarre(QStringLiteral("/surve"));
@@ -40,6 +40,9 @@ class Ordre : public ProgrammeSurFaux {
     Systeme.Temps.Avance(1000);
     ASSERT_TRUE(Systeme.Notes.Lignes().contains(QStringLiteral("channel: post 65 to 71")));
     Systeme.Recoit(1001, QStringLiteral("ConOK"));
+  }
+  void DemarreLeLiveEtTueLeCompagnon() {
+    DemarreLeLive();
     Systeme.Programmes.Finit(QStringLiteral("/opt/v/VAKTORftp"));
   }
   void CompareListe(const char* nom) {
@@ -198,6 +201,19 @@ TEST_F(Ordre, TheReadyWordOfACompanionThatWasStartedAgainCarriesOutNothing) {
   Systeme.Notes.Vide();
   dit("*OKO*");
   EXPECT_FALSE(Systeme.DepuisVide().contains(QStringLiteral("timer TimerAutoStar: on")));
+}
+
+TEST_F(Ordre, SwitchingTheCameraOffSwitchesTheLivePageOffAndTellsNobody) {
+  DemarreLeLive();
+  Systeme.Temps.Avance(1000);
+  const auto clique = [](const char* bouton) {
+    QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QLatin1String(bouton)), Qt::LeftButton);
+  };
+  Systeme.Notes.Vide();
+  clique("Bouton(0)");
+  EXPECT_TRUE(Systeme.DepuisVide().filter(QStringLiteral("channel: post")).isEmpty());
+  clique("Bouton(2)");
+  EXPECT_TRUE(Systeme.DepuisVide().contains(QStringLiteral("channel: post 65 to 71"))) << "on again, not off";
 }
 
 TEST_F(Ordre, ALivePageThatRanGoesOnWithTheNextCompanion) {

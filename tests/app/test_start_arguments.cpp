@@ -41,6 +41,17 @@ TEST(StartArguments, ArgumentsThatMeanNothingAreFound) {
   EXPECT_TRUE(TrouveInconnus({}).isEmpty());
 }
 
+TEST(StartArguments, WhatIsSwitchedOnIsFoundAnywhereInAnyCase) {
+  for (const char* ligne : {"/alarm", "\"C:/x/Vaktor\" /ALARM", "xx/Alarmyy", "vaktor /surve /alarm"}) {
+    EXPECT_TRUE(LitArgumentsAuto(QString::fromLatin1(ligne)).Alarme) << ligne;
+  }
+  EXPECT_TRUE(LitArgumentsAuto(QStringLiteral("x/ALARM/Surveillance")).Live);
+  EXPECT_FALSE(LitArgumentsAuto(QStringLiteral("/surve")).Alarme);
+  const ArgumentsAuto aucun = LitArgumentsAuto(QStringLiteral("vaktor -alarm /al arm /sur ve"));
+  EXPECT_FALSE(aucun.Alarme);
+  EXPECT_FALSE(aucun.Live);
+}
+
 TEST(StartArguments, NothingGivenIsNothingNamed) {
   const ArgumentsDepart lus = LitArgumentsDepart({});
   EXPECT_TRUE(lus.Camera.isEmpty());

@@ -17,16 +17,7 @@ class HorlogeFigee : public Horloge {
   qint32 Tics = 0;
 };
 
-struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, SauvegardeParametres, PompeEvenements, Ouvreur {
-  // CameraPourLive
-  bool CameraActive() const override { return Active; }
-  bool EstTerminee() const override { return Terminee; }
-  void BasculeCamera() override {
-    Journal << QStringLiteral("camera");
-    Active = CameraPresente;
-  }
-  void DesarmeAlarme() override { Journal << QStringLiteral("desarme"); }
-  QImage ImageSurface() const override { return Surface; }
+struct Live : testing::Test, EcrivainLive, TimbreHeure, Ouvreur {
   // EcrivainLive
   void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
     ++Essais;
@@ -41,14 +32,6 @@ struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, Sauvegar
     timbre.fill(0xff00ff00);
     return timbre;
   }
-  void SauveParametres() override {
-    Journal << QStringLiteral("sauve");
-    Reglages.ParametresModifies = false;
-  }
-  void PompeMessages() override {
-    Journal << QStringLiteral("pompe");
-    if (PendantPompe) PendantPompe();
-  }
   void OuvreAdresse(const QString& adresse) override { Journal << QStringLiteral("ouvre ") + adresse; }
   void OuvreDossier(const QString&) override {}
 
@@ -57,14 +40,15 @@ struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, Sauvegar
     (Regles.*operation)();
     return Journal.join(u'|');
   }
+  QString Publie() {
+    Journal.clear();
+    Regles.PublieLive(Surface);
+    return Journal.join(u'|');
+  }
 
   QStringList Journal;
-  bool Active = true;
-  bool CameraPresente = true;
-  bool Terminee = false;
   bool EchecEcriture = false;
   int Essais = 0;
-  std::function<void()> PendantPompe;
   QImage Surface{100, 50, QImage::Format_RGB32};
   QImage Ecrite;
   Parametres Reglages;
@@ -74,56 +58,23 @@ struct Live : testing::Test, CameraPourLive, EcrivainLive, TimbreHeure, Sauvegar
   FenetreFausse Fenetre{Journal};
   EtatLiaison Etat;
   ChampsSite Champs{.TxtPass = "p", .TxtUserName = "u", .TxtHtml = "http://x/", .TxtFtp = "ftp.x"};
-  PublicationLive Regles{PortsLive{Reglages, Dossiers, *this, *this, *this, *this, Temps, *this, Commandes, Fenetre,
-                                   Fenetre, *this, Etat, [this] { return Champs; }}};
+  PublicationLive Regles{PortsLive{Reglages, Dossiers, *this, *this, Temps, Commandes, Fenetre, Fenetre, *this, Etat,
+                                   [this] { return Champs; }}};
 };
 
 TEST_F(Live, TurningOnConnects) {
-  EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "live LEDREDON|statut 69|FTP Conne");
+  EXPECT_EQ(Fait(&PublicationLive::Allume), "live LEDREDON|statut 69|FTP Conne");
   EXPECT_TRUE(Etat.SurveillanceEnCours);
   EXPECT_FALSE(Regles.LiveActif());
 }
 
-TEST_F(Live, TurningOffDisarmsTheAlarmToo_AndLeavesTheCamera) {
+TEST_F(Live, TurningOffTellsTheCompanionOnceTheSwitchIsOff) {
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
-  bool pendant = true;
-  PendantPompe = [&] { pendant = Etat.SurveillanceEnCours || Etat.LiveActif; };
-  EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "live LEDRED|desarme|pompe|statut 34|FTP Decon");
-  EXPECT_FALSE(Etat.SurveillanceEnCours);
-  EXPECT_FALSE(Etat.LiveActif);
-  EXPECT_FALSE(pendant) << "handlers that run in the pump find the switch off already";
-  EXPECT_TRUE(Active);
-}
-
-TEST_F(Live, ACameraThatIsOffIsStartedFirst) {
-  Active = false;
-  EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "Bouton(1) 0|camera|pompe|live LEDREDON|statut 69|FTP Conne");
-}
-
-TEST_F(Live, WithoutCameraTheSwitchStaysOff) {
-  Active = CameraPresente = false;
-  EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "Bouton(1) 0|camera|pompe|boite 8");
-  EXPECT_FALSE(Etat.SurveillanceEnCours);
-}
-
-TEST_F(Live, WithoutCameraALinkThatWasOnIsForgotten) {
-  Active = CameraPresente = false;
-  Etat.SurveillanceEnCours = Etat.LiveActif = true;
-  Fait(&PublicationLive::BasculeLive);
-  EXPECT_FALSE(Etat.SurveillanceEnCours);
-  EXPECT_FALSE(Etat.LiveActif);
-}
-
-// The window was closed while the camera was being connected: nobody is left to read a message.
-TEST_F(Live, AProgramThatEndsDuringTheStartOfTheCameraSaysAndSendsNothing) {
-  for (const bool presente : {false, true}) {
-    Active = false;
-    CameraPresente = presente;
-    Etat.SurveillanceEnCours = true;
-    PendantPompe = [&] { Terminee = true; };
-    EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "Bouton(1) 0|camera|pompe");
-    EXPECT_FALSE(Etat.SurveillanceEnCours);
-  }
+  EXPECT_TRUE(Regles.EstAllume());
+  EXPECT_EQ(Fait(&PublicationLive::Eteint), "live LEDRED");
+  EXPECT_FALSE(Regles.EstAllume());
+  EXPECT_FALSE(Regles.LiveActif());
+  EXPECT_EQ(Fait(&PublicationLive::Deconnecte), "statut 34|FTP Decon");
 }
 
 TEST_F(Live, MissingParametersAreAskedFor_AndNothingIsSent) {
@@ -132,7 +83,7 @@ TEST_F(Live, MissingParametersAreAskedFor_AndNothingIsSent) {
     Champs = bons;
     Champs.*champ = texte;
     Etat = {};
-    return Fait(&PublicationLive::BasculeLive);
+    return Fait(&PublicationLive::Allume);
   };
   const QString bloque = QStringLiteral("boite 9|page 2");
   EXPECT_EQ(essaie(&ChampsSite::TxtPass, ""), bloque);
@@ -147,20 +98,20 @@ TEST_F(Live, MissingParametersAreAskedFor_AndNothingIsSent) {
 TEST_F(Live, TheUserNameAndNotTheWebAddressIsComparedWithItsStartValue) {
   Champs.TxtHtml = "http://";  // passes, and so does an empty user name
   Champs.TxtUserName.clear();
-  EXPECT_TRUE(Fait(&PublicationLive::BasculeLive).endsWith("FTP Conne"));
+  EXPECT_TRUE(Fait(&PublicationLive::Allume).endsWith("FTP Conne"));
 }
 
 TEST_F(Live, CancelLeavesThePageWhereItIs) {
   Champs.TxtPass.clear();
   Fenetre.ReponseOk = false;
-  EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "boite 9");
+  EXPECT_EQ(Fait(&PublicationLive::Allume), "boite 9");
   EXPECT_FALSE(Etat.SurveillanceEnCours);
 }
 
 TEST_F(Live, AfterAnErrorTheNextClickConnectsAgain) {
-  Fait(&PublicationLive::BasculeLive);
+  Fait(&PublicationLive::Allume);
   Etat.SurveillanceEnCours = Etat.LiveActif = false;  // what "ErrCo" does
-  EXPECT_EQ(Fait(&PublicationLive::BasculeLive), "live LEDREDON|statut 69|FTP Conne");
+  EXPECT_EQ(Fait(&PublicationLive::Allume), "live LEDREDON|statut 69|FTP Conne");
 }
 
 TEST_F(Live, TheEndOfACameraRunForgetsTheLinkAndTellsNobody) {
@@ -181,13 +132,13 @@ TEST_F(Live, AFrameIsStampedWrittenAndTold) {
   Etat.LiveActif = true;
   Reglages.QualiteJpeg = 50;
   Surface.fill(0xffff0000);
-  EXPECT_EQ(Fait(&PublicationLive::PublieLive), "timbre 09h05m03|jpeg /data/Temp/Live.jpg 50|FTP Surve");
+  EXPECT_EQ(Publie(), "timbre 09h05m03|jpeg /data/Temp/Live.jpg 50|FTP Surve");
   EXPECT_TRUE(Etat.LiveActif);
 }
 
 TEST_F(Live, TheStampCoversSixtySixByEighteenPixelsAndNoMore) {
   Surface.fill(0xffff0000);
-  Fait(&PublicationLive::PublieLive);
+  Publie();
   for (int y = 0; y < Ecrite.height(); ++y)
     for (int x = 0; x < Ecrite.width(); ++x) {
       const bool dedans = x >= 3 && x < 69 && y >= 3 && y < 21;
@@ -200,7 +151,7 @@ TEST_F(Live, TheStampIsCutAtTheEdgesOfASmallFrame) {
   for (const QSize taille : {QSize(1, 1), QSize(3, 3), QSize(4, 40), QSize(40, 4), QSize(68, 20)}) {
     Surface = QImage(taille, QImage::Format_RGB32);
     Surface.fill(0xffff0000);
-    Fait(&PublicationLive::PublieLive);
+    Publie();
     EXPECT_EQ(Ecrite.size(), taille);
     if (taille.width() > 3 && taille.height() > 3) {
       EXPECT_EQ(Ecrite.pixel(3, 3), 0xff00ff00);
@@ -208,15 +159,13 @@ TEST_F(Live, TheStampIsCutAtTheEdgesOfASmallFrame) {
   }
 }
 
-TEST_F(Live, WithTheLinkDownTheFrameIsWrittenAndNobodyTold) {
-  EXPECT_FALSE(Fait(&PublicationLive::PublieLive).contains("Surve"));
-}
+TEST_F(Live, WithTheLinkDownTheFrameIsWrittenAndNobodyTold) { EXPECT_FALSE(Publie().contains("Surve")); }
 
 TEST_F(Live, AFrameThatCannotBeWrittenIsNotAnnounced) {
   Etat.LiveActif = true;
   EchecEcriture = true;
   Journal.clear();
-  EXPECT_THROW(Regles.PublieLive(), Echec);
+  EXPECT_THROW(Regles.PublieLive(Surface), Echec);
   EXPECT_EQ(Journal.join(u'|'), "timbre 09h05m03");
   EXPECT_TRUE(Etat.LiveActif);
 }
@@ -226,31 +175,31 @@ TEST_F(Live, AnImageThatCannotBeWrittenForASecondIsTriedOnceASecondAndFailsInSil
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
   EchecEcriture = true;
   Temps.Tics = 5000;
-  EXPECT_THROW(Regles.PublieLive(), Echec);
+  EXPECT_THROW(Regles.PublieLive(Surface), Echec);
   Temps.Tics = 5900;
-  EXPECT_THROW(Regles.PublieLive(), Echec);
+  EXPECT_THROW(Regles.PublieLive(Surface), Echec);
   Temps.Tics = 6000;
-  EXPECT_NO_THROW(Regles.PublieLive());
+  EXPECT_NO_THROW(Regles.PublieLive(Surface));
   Essais = 0;
   Journal.clear();
-  for (Temps.Tics = 6100; Temps.Tics <= 16'000; Temps.Tics += 100) EXPECT_NO_THROW(Regles.PublieLive());
+  for (Temps.Tics = 6100; Temps.Tics <= 16'000; Temps.Tics += 100) EXPECT_NO_THROW(Regles.PublieLive(Surface));
   EXPECT_EQ(Essais, 10);
   EXPECT_TRUE(Journal.filter(QStringLiteral("FTP")).isEmpty()) << "nothing is announced";
   EchecEcriture = false;
   Temps.Tics = 17'000;
-  EXPECT_TRUE(Fait(&PublicationLive::PublieLive).endsWith(QStringLiteral("FTP Surve")));
+  EXPECT_TRUE(Publie().endsWith(QStringLiteral("FTP Surve")));
   EchecEcriture = true;
   Temps.Tics = 17'500;
-  EXPECT_THROW(Regles.PublieLive(), Echec) << "another failure has its second again";
+  EXPECT_THROW(Regles.PublieLive(Surface), Echec) << "another failure has its second again";
 }
 
 TEST_F(Live, AFailureDoesNotOutliveTheSwitch) {
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
   EchecEcriture = true;
-  EXPECT_THROW(Regles.PublieLive(), Echec);
+  EXPECT_THROW(Regles.PublieLive(Surface), Echec);
   Regles.OublieLive();
   Temps.Tics = 3'600'000;
-  EXPECT_THROW(Regles.PublieLive(), Echec);
+  EXPECT_THROW(Regles.PublieLive(Surface), Echec);
 }
 
 TEST_F(Live, APageThatWaitsForItsCompanionWantsThePhotosOfTheAlarm) {
@@ -276,27 +225,13 @@ TEST_F(Live, StampTexts) {
 
 TEST_F(Live, ThePageIsMadeOnlyWhileConnected) {
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
-  EXPECT_EQ(Fait(&PublicationLive::CreationPageLive), "pompe|statut 42|FTP UploM");
+  EXPECT_EQ(Fait(&PublicationLive::DemandePage), "statut 42|FTP UploM");
   EXPECT_FALSE(Etat.LiveActif) << "no frame until the companion has finished";
   EXPECT_TRUE(Etat.SurveillanceEnCours);
-  EXPECT_EQ(Fait(&PublicationLive::CreationPageLive), "pompe|statut 67");
-}
-
-TEST_F(Live, ThePageSavesWhatIsUnsavedFirst) {
-  Etat.LiveActif = true;
-  Reglages.ParametresModifies = true;
-  EXPECT_EQ(Fait(&PublicationLive::CreationPageLive), "sauve|pompe|statut 42|FTP UploM");
-}
-
-TEST_F(Live, ThePageNeedsTheCamera) {
-  Active = false;
-  Etat.LiveActif = true;
-  EXPECT_EQ(Fait(&PublicationLive::CreationPageLive), "pompe|boite 8");
-  EXPECT_TRUE(Etat.LiveActif);
+  EXPECT_EQ(Fait(&PublicationLive::DemandePage), "statut 67");
 }
 
 TEST_F(Live, TheTestOpensThePageWhateverTheState) {
-  Active = false;
   Reglages.AdresseHtml = "http://exemple.org/cam/";
   EXPECT_EQ(Fait(&PublicationLive::TestPageLive), "ouvre http://exemple.org/cam/live.html");
 }
@@ -326,7 +261,7 @@ TEST_F(Live, WithTheSwitchOffACompanionComesAndGoesUnseen) {
 
 TEST_F(Live, APageThatNobodyAnsweredForIsAskedForAgain) {
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
-  Regles.CreationPageLive();
+  Regles.DemandePage();
   Regles.PerdCompagnon();
   EXPECT_TRUE(Etat.PageInterrompue) << "the frames were only held back";
   EXPECT_EQ(Fait(&PublicationLive::RetrouveCompagnon), "live LEDREDON|statut 69|FTP Conne|FTP UploM");
@@ -335,7 +270,7 @@ TEST_F(Live, APageThatNobodyAnsweredForIsAskedForAgain) {
 TEST_F(Live, TheSwitchGoesOffForAPageThatWaitsToo) {
   Etat.SurveillanceEnCours = Etat.LiveActif = Etat.PageAttendue = true;
   Regles.PerdCompagnon();
-  Regles.BasculeLive();
+  Regles.Eteint();
   EXPECT_FALSE(Etat.PageInterrompue);
   EXPECT_FALSE(Etat.PageAttendue);
   EXPECT_EQ(Fait(&PublicationLive::RetrouveCompagnon), "");

@@ -340,6 +340,7 @@ TEST_F(Analyse, LivePageComesBeforeTheScanAndThePhoto) {
   Live.Actif = true;
   Journal.Ecoute();
   Trame(AvecPoints(100));
+  EXPECT_EQ(Live.Publiee.Entiere(), AvecPoints(100)) << "the frame that is analysed";
   EXPECT_GE(Journal.Rang(QStringLiteral("PublieLive")), 0);
   EXPECT_LT(Journal.Rang(QStringLiteral("PublieLive")), Journal.Rang(QStringLiteral("EnregistrePhoto")));
 }

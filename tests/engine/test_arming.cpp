@@ -1,4 +1,4 @@
-// The alarm: off, counting down, armed; the delay field; the start arguments.
+// The alarm: off, counting down, armed; the delay field.
 #include "engine/engine_fixture.h"
 
 namespace vaktor {
@@ -169,59 +169,6 @@ TEST_F(Alarme, LivePageSwitchedOffDisarmsAndLeavesACountdownRunning) {
   EXPECT_TRUE(Engin.CompteAReboursEnCours());
   Temps.Avance(10000);
   EXPECT_TRUE(Engin.Alarme().AlarmeArmee);
-}
-
-TEST_F(Alarme, ArgumentsAreFoundAnywhereInAnyCase) {
-  for (const char* ligne : {"/alarm", "\"C:/x/Vaktor\" /ALARM", "xx/Alarmyy", "/surve /alarm"}) {
-    BancSurveillance banc;
-    banc.Engin.LitArguments(QString::fromLatin1(ligne));
-    EXPECT_TRUE(banc.Temps.Trouve(QStringLiteral("TimerAutoStar"))->EstActive()) << ligne;
-    banc.Temps.Avance(1000);
-    EXPECT_TRUE(banc.Engin.CompteAReboursEnCours()) << ligne;
-  }
-  Engin.LitArguments(QStringLiteral("vaktor -alarm /al arm"));
-  EXPECT_FALSE(Active("TimerAutoStar"));
-}
-
-TEST_F(Alarme, ArgumentsAreCarriedOutOnceAfterOneSecondLivePageFirst) {
-  Engin.LitArguments(QStringLiteral("vaktor /alarm /surve"));
-  Temps.Avance(999);
-  EXPECT_EQ(Live.Bascules, 0);
-  Journal.Ecoute();
-  Temps.Avance(1);
-  EXPECT_EQ(Journal.Lignes().mid(0, 2), (QStringList{QStringLiteral("BasculeLive"), QStringLiteral("SurvolSon 18")}));
-  EXPECT_FALSE(Active("TimerAutoStar"));
-  Temps.Avance(5000);
-  EXPECT_EQ(Live.Bascules, 1);
-  EXPECT_TRUE(Engin.CompteAReboursEnCours());
-}
-
-TEST_F(Alarme, LivePageAloneDoesNotArm) {
-  Engin.LitArguments(QStringLiteral("/SURVE"));
-  Temps.Avance(1000);
-  EXPECT_EQ(Live.Bascules, 1);
-  EXPECT_FALSE(Engin.CompteAReboursEnCours());
-}
-
-TEST_F(Alarme, CompanionReadyLateTogglesWhatTheFirstShotStarted) {
-  Engin.LitArguments(QStringLiteral("/alarm"));
-  Temps.Avance(1000);
-  EXPECT_TRUE(Engin.CompteAReboursEnCours());
-  Engin.RelanceDemarrageAuto();
-  Temps.Avance(1000);
-  EXPECT_FALSE(Engin.CompteAReboursEnCours());
-}
-
-TEST_F(Alarme, CompanionReadyWithoutArgumentsStartsNothing) {
-  Engin.RelanceDemarrageAuto();
-  EXPECT_FALSE(Active("TimerAutoStar"));
-}
-
-TEST_F(Alarme, OneShotStaysOneShotWhenItFails) {
-  Engin.LitArguments(QStringLiteral("/alarm"));
-  Pompe.EnAttente = [] { throw Echec(kAppelIncorrect, QStringLiteral("no")); };
-  EXPECT_THROW(Temps.Avance(1000), Echec);
-  EXPECT_FALSE(Active("TimerAutoStar"));
 }
 
 }  // namespace

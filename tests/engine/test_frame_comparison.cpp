@@ -188,16 +188,18 @@ TEST_P(Comparaison, DoesNotLookAtTheFourthByte) {
 }
 
 TEST_P(Comparaison, MarksTheChangedSamplesInTheOrderOfTheScan) {
-  Photo photo(7, 7, 0);
+  constexpr qint32 kPas = kPasEchantillon;
+  constexpr qint32 kCote = 2 * kPas + 1;
+  Photo photo(kCote, kCote, 0);
   std::vector<qint32> entrees(20 + TableEchantillons::kMarge);
-  photo.Octets[static_cast<std::size_t>(4 * (3 * 7 + 6))] = 200;
-  photo.Octets[static_cast<std::size_t>(4 * (6 * 7 + 0))] = 200;
+  photo.Octets[static_cast<std::size_t>(4 * (kPas * kCote + 2 * kPas))] = 200;
+  photo.Octets[static_cast<std::size_t>(4 * (2 * kPas * kCote))] = 200;
   std::vector<std::pair<qint32, qint32>> points;
   const ResultatComparaison resultat =
-      CompareEtMarque(photo.Trame, {.Gauche = 0, .Droite = 6, .Haut = 0, .Bas = 6}, 1, {entrees.data(), 20}, 0,
-                      [&](qint32 x, qint32 y) { points.emplace_back(x, y); });
+      CompareEtMarque(photo.Trame, {.Gauche = 0, .Droite = 2 * kPas, .Haut = 0, .Bas = 2 * kPas}, 1,
+                      {entrees.data(), 20}, 0, [&](qint32 x, qint32 y) { points.emplace_back(x, y); });
   EXPECT_EQ(resultat.NbrPoints, 2);
-  EXPECT_EQ(points, (std::vector<std::pair<qint32, qint32>>{{6, 3}, {0, 6}}));
+  EXPECT_EQ(points, (std::vector<std::pair<qint32, qint32>>{{2 * kPas, kPas}, {0, 2 * kPas}}));
 }
 
 std::string NommeJeu(const testing::TestParamInfo<JeuInstructions>& essai) {

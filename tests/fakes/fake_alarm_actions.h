@@ -42,24 +42,23 @@ class LiaisonLiveFausse : public LiaisonLive {
 
   bool LiveActif() const override { return Actif; }
   bool VeutPhotos() const override { return Actif || Interrompu; }
-  void OublieLive() override {
+  /// What the room above does when the camera has been switched off.
+  void OublieLive() {
     Journal_.Note([] { return QStringLiteral("OublieLive"); });
     Actif = false;
   }
-  void PublieLive() override {
+  void PublieLive(const ImageCamera& image) override {
+    Publiee = image;
     Journal_.Note([] { return QStringLiteral("PublieLive"); });
     ++Publications;
     if (PublicationEchoue) throw Echec(kAppelIncorrect, QStringLiteral("the live image cannot be written"));
-  }
-  void BasculeLive() override {
-    Journal_.Note([] { return QStringLiteral("BasculeLive"); });
-    ++Bascules;
   }
 
   bool Actif = false;
   bool Interrompu = false;  ///< its companion is away, the page waits
   bool PublicationEchoue = false;
-  qint32 Publications = 0, Bascules = 0;
+  qint32 Publications = 0;
+  ImageCamera Publiee;  ///< the last one
 
  private:
   Journal& Journal_;

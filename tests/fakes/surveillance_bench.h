@@ -20,6 +20,7 @@ struct BancSurveillance {
   BancSurveillance() {
     Affichage.ChangeRetard = [this](qint32 secondes) { Engin.ChangeRetard(secondes); };
     Affichage.TexteRetard = QString::number(Reglages.Retard);
+    Engin.Lance();
   }
   BancSurveillance(const BancSurveillance&) = delete;
   BancSurveillance& operator=(const BancSurveillance&) = delete;
@@ -36,8 +37,8 @@ struct BancSurveillance {
   LiaisonLiveFausse Live{Journal};
   AffichageFaux Affichage{Journal};
   SanteFausse Sante;
-  Surveillance Engin{
-      PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Affichage, Sante}};
+  Surveillance Engin{PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live,
+                                       Affichage, Sante, [this] { Live.OublieLive(); }}};
 };
 
 }  // namespace vaktor::faux

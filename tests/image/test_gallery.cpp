@@ -183,5 +183,11 @@ TEST_F(ReglesListe, SaveThatFailsAtTheClosingIsAFailureOfTheClosing) {
   EXPECT_TRUE(Reglages.ParametresModifies);
 }
 
+TEST_F(ReglesListe, OneThatWasNotTiedToItsWindowSaysSo) {
+  GaleriePhotos galerie(
+      PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Noms, Lecteur, Effaceur, Boites, Bureau});
+  EXPECT_THROW(galerie.ExigeLien(), Echec);
+}
+
 }  // namespace
 }  // namespace vaktor

@@ -95,7 +95,7 @@ TEST(Form1, AlarmButtonStartsTheCameraAndTheCountdown) {
 TEST(Form1, LiveButtonCallsTheLiveSwitch) {
   BancFenetre banc;
   banc.Clique("Bouton(2)");
-  EXPECT_EQ(banc.Live.Bascules, 1);
+  EXPECT_EQ(banc.BasculesLive, 1);
 }
 
 TEST(Form1, OnlyTheLeftButtonClicks) {

@@ -149,7 +149,7 @@ TEST_F(Entendu, ScreenReaderClicksAndDoesNotMerelyTick) {
   active("Image4(0)");
   EXPECT_TRUE(Coche("Image4(0)"));
   active("Bouton(2)");
-  EXPECT_EQ(Banc.Live.Bascules, 1);
+  EXPECT_EQ(Banc.BasculesLive, 1);
   EXPECT_FALSE(Coche("Bouton(2)")) << "the lamp did not light";
 }
 
@@ -221,7 +221,7 @@ TEST_F(Entendu, ButtonThatIsOffLooksAsItDidAndIsHeardAsOff) {
   EXPECT_EQ(bouton->grab().toImage(), avant) << "only a face that is shown changes a look";
   EXPECT_TRUE(Lit("Bouton(2)")->state().disabled);
   Banc.Clique("Bouton(2)");
-  EXPECT_EQ(Banc.Live.Bascules, 0);
+  EXPECT_EQ(Banc.BasculesLive, 0);
 }
 
 }  // namespace

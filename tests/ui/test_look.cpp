@@ -312,12 +312,12 @@ TEST(BoutonImage, EnterAndSpaceClickOnce) {
   auto* bouton = banc.Trouve<BoutonImage>("Bouton(2)");
   bouton->setEnabled(true);
   QTest::keyClick(bouton, Qt::Key_Return);
-  EXPECT_EQ(banc.Live.Bascules, 1);
+  EXPECT_EQ(banc.BasculesLive, 1);
   QTest::keyClick(bouton, Qt::Key_Space);
-  EXPECT_EQ(banc.Live.Bascules, 2);
+  EXPECT_EQ(banc.BasculesLive, 2);
   QKeyEvent tenue(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, QString(), true);
   QCoreApplication::sendEvent(bouton, &tenue);
-  EXPECT_EQ(banc.Live.Bascules, 2) << "a held key does not click again";
+  EXPECT_EQ(banc.BasculesLive, 2) << "a held key does not click again";
 }
 
 TEST(Form1, TabReachesEveryButtonOfTheBandAndOfThePageInFrontAndNoCoveredOne) {

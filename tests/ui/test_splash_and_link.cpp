@@ -90,6 +90,24 @@ TEST(LinkView, StatusRedFieldsAndPageReachTheWindow) {
   EXPECT_TRUE(dessus == page || page->isAncestorOf(dessus));
 }
 
+TEST(LinkView, OneThatWasNotTiedToItsWindowSaysSoAndShowsNothingInSilence) {
+  faux::BancFenetre banc;
+  VueLiaison vue(banc.Textes, banc.Boites);
+  EXPECT_THROW(vue.ExigeLien(), Echec);
+  EXPECT_THROW(vue.MontreStatut(36), Echec);
+  EXPECT_THROW(vue.MontrePageFtp(), Echec);
+  vue.Relie(banc.Fenetre);
+  EXPECT_NO_THROW(vue.ExigeLien());
+}
+
+TEST(SurveillanceView, OneThatWasNotTiedToItsWindowSaysSo) {
+  faux::BancFenetre banc;
+  VueSurveillance vue(banc.Textes, banc.Boites);
+  EXPECT_THROW(vue.ExigeLien(), Echec);
+  EXPECT_THROW(vue.NommeAlarmeInactive(), Echec);
+  EXPECT_NO_THROW(banc.Vue.ExigeLien());
+}
+
 TEST(LinkView, TheQuestionHasItsWordsAndItsTwoAnswers) {
   faux::BancFenetre banc;
   VueLiaison vue(banc.Textes, banc.Boites);

@@ -28,6 +28,7 @@ namespace vaktor::faux {
 struct BancFenetre {
   explicit BancFenetre(qint32 langue = 1) {
     Reglages.LangueCourante = langue;
+    Engin.Lance();
     Vue.Relie({Engin, Reglages, Fenetre, [this]() -> FormMonitor& { return Moniteur; }, PleinEcran});
     PleinEcran.SurFermeture([this] { Fenetre.CheckPEcran().setChecked(false); });
     QObject::connect(&Moniteur, &FormMonitor::PleinEcranChoisi, &Fenetre, [this] { PleinEcran.Montre(); });
@@ -75,13 +76,14 @@ struct BancFenetre {
   bool EspaceCourt = false;
   qint32 Fermetures = 0;
   qint32 OuverturesSmtp = 0;
+  qint32 BasculesLive = 0;
   VueSurveillance Vue{Textes, Boites};
   faux::SanteFausse Sante;
   Surveillance Engin{
       PortsSurveillance{Reglages, Sauvegarde, Pilote, Temps, Horloge, Pompe, Sons, Actions, Live, Vue, Sante}};
   VueAgrandie PleinEcran;
-  Form1 Fenetre{ServicesForm1{Reglages, Sauvegarde, Textes, Engin, Live, Boites, [this] { return EspaceCourt; },
-                              [this] { Chargeur.ChargeTextes(); },
+  Form1 Fenetre{ServicesForm1{Reglages, Sauvegarde, Textes, Engin, [this] { ++BasculesLive; }, Boites,
+                              [this] { return EspaceCourt; }, [this] { Chargeur.ChargeTextes(); },
                               [this](bool montre) { montre ? PleinEcran.Montre() : PleinEcran.Cache(); },
                               [this] { ++Fermetures; }, [this] { ++OuverturesSmtp; }}};
   FormMonitor Moniteur{Engin, Etat, Reglages, Sauvegarde};

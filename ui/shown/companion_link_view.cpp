@@ -10,12 +10,9 @@ constexpr int kTitreParametres = 2;
 
 void VueLiaison::MontreStatut(int numero) { MontreStatutLitteral(Textes_.Texte(numero)); }
 
-void VueLiaison::MontreStatutLitteral(const QString& texte) {
-  if (Fenetre_ != nullptr) Fenetre_->Bandeau().LblDebugftp->setText(texte);
-}
+void VueLiaison::MontreStatutLitteral(const QString& texte) { Fenetre().Bandeau().LblDebugftp->setText(texte); }
 
 void VueLiaison::RougitChamp(ChampLiaison champ) {
-  if (Fenetre_ == nullptr) return;
   QLineEdit* controle = TrouveChamp(champ);
   QPalette palette = controle->palette();
   palette.setColor(QPalette::Text, QColor(255, 0, 0));
@@ -23,7 +20,7 @@ void VueLiaison::RougitChamp(ChampLiaison champ) {
 }
 
 QLineEdit* VueLiaison::TrouveChamp(ChampLiaison champ) const {
-  PageFtp& page = Fenetre_->Ftp();
+  PageFtp& page = Fenetre().Ftp();
   switch (champ) {
     case ChampLiaison::kTxtFtp:
       return page.TxtFtp;
@@ -37,9 +34,7 @@ QLineEdit* VueLiaison::TrouveChamp(ChampLiaison champ) const {
   return page.TxtPass;
 }
 
-void VueLiaison::MontrePageFtp() {
-  if (Fenetre_ != nullptr) Fenetre_->AmenePage(kPageFtp);
-}
+void VueLiaison::MontrePageFtp() { Fenetre().AmenePage(kPageFtp); }
 
 bool VueLiaison::DemandeParametresSite() {
   return Boites_.MontreMessage(Textes_.Messages(kMessageParametres), Textes_.Messages(kTitreParametres),

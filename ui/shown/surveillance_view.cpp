@@ -46,30 +46,28 @@ void VueSurveillance::MontreCompteurs(qint32 millisecondes, qint32 points) {
   Page().MontreCompteurs(millisecondes, points);
 }
 
-void VueSurveillance::MontreBarre(qint32 valeur) { Formes_->Moniteur().MontreBarre(valeur); }
+void VueSurveillance::MontreBarre(qint32 valeur) { Liees().Moniteur().MontreBarre(valeur); }
 
 void VueSurveillance::RafraichitVue() {
-  if (Formes_->Moteur.Detection().ModeZoom) {
+  if (Liees().Moteur.Detection().ModeZoom) {
     Page().Picture2->Noircit();
   } else {
     MontreVuePixel();
   }
 }
 
-void VueSurveillance::MontreVuePixel() { Page().Picture2->MontreImage(Formes_->Moteur.VuePixel()); }
+void VueSurveillance::MontreVuePixel() { Page().Picture2->MontreImage(Liees().Moteur.VuePixel()); }
 
-void VueSurveillance::MontreZoom(const QRect& source) {
-  Page().Picture2->MontreZoom(Formes_->Moteur.Surface(), source);
-}
+void VueSurveillance::MontreZoom(const QRect& source) { Page().Picture2->MontreZoom(Liees().Moteur.Surface(), source); }
 
-void VueSurveillance::CopiePleinEcran() { Formes_->PleinEcran.Copie(Formes_->Moteur.Surface()); }
+void VueSurveillance::CopiePleinEcran() { Liees().PleinEcran.Copie(Liees().Moteur.Surface()); }
 
-void VueSurveillance::RafraichitPleinEcran() { Formes_->PleinEcran.Rafraichit(); }
+void VueSurveillance::RafraichitPleinEcran() { Liees().PleinEcran.Rafraichit(); }
 
-void VueSurveillance::MontreMoniteur() { Formes_->Moniteur().show(); }
+void VueSurveillance::MontreMoniteur() { Liees().Moniteur().show(); }
 
 void VueSurveillance::MontreAvis(AvisMoniteur avis) {
-  Formes_->Moniteur().MontreAvis(MotAvis(Formes_->Reglages.LangueCourante, avis));
+  Liees().Moniteur().MontreAvis(MotAvis(Liees().Reglages.LangueCourante, avis));
 }
 
 void VueSurveillance::ActiveBouton(qint32 index, bool actif) {
@@ -79,7 +77,7 @@ void VueSurveillance::ActiveBouton(qint32 index, bool actif) {
 
 // The camera starts and stops with calls of these three, so the state of every switch is told here.
 void VueSurveillance::AnnonceEtats() {
-  if (Formes_->Fenetre.Face() != nullptr) Formes_->Fenetre.Face()->AnnonceEtats();
+  if (Liees().Fenetre.Face() != nullptr) Liees().Fenetre.Face()->AnnonceEtats();
 }
 
 void VueSurveillance::MontreLampeAlarme(Lampe lampe) {

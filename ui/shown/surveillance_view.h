@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 
+#include "base/failure.h"
 #include "base/ports/message_boxes.h"
 #include "engine/ports/surveillance_display.h"
 #include "engine/surveillance.h"
@@ -16,7 +17,7 @@
 namespace vaktor {
 
 /// Owner: app/. Made before the engine, which is given it, and tied to the forms after they were made; the engine shows
-/// nothing in between. User-interface thread.
+/// nothing in between. User-interface thread. Untied, every call throws Echec.
 class VueSurveillance : public AffichageSurveillance {
  public:
   /// What it writes to. All outlive the last call of the engine.
@@ -30,6 +31,10 @@ class VueSurveillance : public AffichageSurveillance {
 
   VueSurveillance(const TablesTextes& textes, BoitesMessage& boites) : Textes_(textes), Boites_(boites) {}
   void Relie(const Formes& formes) { Formes_ = std::make_unique<Formes>(formes); }
+  /// Throws Echec when Relie was forgotten. The start asks.
+  void ExigeLien() const {
+    if (Formes_ == nullptr) LanceNonRelie("VueSurveillance");
+  }
 
   void MontreLibelleAlarme(LibelleAlarme libelle) override;
   void NommeAlarmeInactive() override;
@@ -56,8 +61,12 @@ class VueSurveillance : public AffichageSurveillance {
  private:
   void AnnonceEtats();
   void ColoreAlarme(QRgb couleur);
-  BandeauHaut& Bandeau() { return Formes_->Fenetre.Bandeau(); }
-  PageMoniteur& Page() { return Formes_->Fenetre.Moniteur(); }
+  const Formes& Liees() const {
+    ExigeLien();
+    return *Formes_;
+  }
+  BandeauHaut& Bandeau() { return Liees().Fenetre.Bandeau(); }
+  PageMoniteur& Page() { return Liees().Fenetre.Moniteur(); }
 
   const TablesTextes& Textes_;
   BoitesMessage& Boites_;

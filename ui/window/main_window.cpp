@@ -98,7 +98,7 @@ void Form1::BasculeBouton(int index) {
       Services_.Moteur.BasculeAlarme();
       break;
     case 2:
-      Services_.Live.BasculeLive();
+      Services_.BasculeLive();
       break;
     case 3:
       AmenePage(1);

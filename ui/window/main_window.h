@@ -27,7 +27,7 @@ struct ServicesForm1 {
   SauvegardeParametres& Sauvegarde;
   const TablesTextes& Textes;
   Surveillance& Moteur;
-  LiaisonLive& Live;
+  std::function<void()> BasculeLive;  ///< Bouton(2)
   BoitesMessage& Boites;
   std::function<bool()> VerifieEspaceDisque;   ///< the free-space warning is due
   std::function<void()> ChargeTextes;          ///< after a change of language

@@ -1,0 +1,85 @@
+// The start arguments that switch something on, a second after the start.
+#include <gtest/gtest.h>
+
+#include <QStringList>
+
+#include "app/automatic_start.h"
+#include "base/failure.h"
+#include "fakes/virtual_clock.h"
+#include "fakes/virtual_timers.h"
+
+namespace vaktor {
+namespace {
+
+struct DepartAuto : testing::Test {
+  bool Attend() const { return Temps.Trouve(QStringLiteral("TimerAutoStar"))->EstActive(); }
+
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Temps{Horloge};
+  bool EnPause = false;
+  bool Echoue = false;
+  QStringList Faits;
+  DemarrageAuto Depart{PortsDemarrageAuto{Temps, [this] { return EnPause; },
+                                          [this] {
+                                            if (Echoue) throw Echec(kAppelIncorrect, QStringLiteral("no"));
+                                            Faits << QStringLiteral("live");
+                                          },
+                                          [this] { Faits << QStringLiteral("alarm"); }}};
+};
+
+TEST_F(DepartAuto, WithoutArgumentsNothingIsWaitedFor) {
+  Depart.Lance({});
+  EXPECT_FALSE(Attend());
+  Depart.Relance();
+  EXPECT_FALSE(Attend()) << "a companion that is ready starts nothing either";
+}
+
+TEST_F(DepartAuto, IsCarriedOutOnceAfterOneSecondLivePageFirst) {
+  Depart.Lance({.Alarme = true, .Live = true});
+  Temps.Avance(999);
+  EXPECT_EQ(Faits, QStringList());
+  Temps.Avance(1);
+  EXPECT_EQ(Faits, QStringList({"live", "alarm"}));
+  Temps.Avance(5000);
+  EXPECT_EQ(Faits.size(), 2);
+  EXPECT_FALSE(Attend());
+}
+
+TEST_F(DepartAuto, EachArgumentSwitchesItsOwnOnly) {
+  Depart.Lance({.Live = true});
+  Temps.Avance(1000);
+  EXPECT_EQ(Faits, QStringList{"live"});
+  Depart.Lance({.Alarme = true});
+  Temps.Avance(1000);
+  EXPECT_EQ(Faits, QStringList({"live", "alarm"}));
+}
+
+TEST_F(DepartAuto, ACompanionThatIsReadyLateThrowsTheSwitchesAgain) {
+  Depart.Lance({.Alarme = true});
+  Temps.Avance(1000);
+  Depart.Relance();
+  Temps.Avance(1000);
+  EXPECT_EQ(Faits, QStringList({"alarm", "alarm"}));
+}
+
+TEST_F(DepartAuto, WaitsWhileTheCameraIsBeingConnectedOrSetUp) {
+  EnPause = true;
+  Depart.Lance({.Alarme = true});
+  Temps.Avance(60'000);
+  EXPECT_EQ(Faits, QStringList());
+  EnPause = false;
+  Temps.Avance(1000);
+  EXPECT_EQ(Faits, QStringList{"alarm"});
+}
+
+TEST_F(DepartAuto, OneShotStaysOneShotWhenItFails) {
+  Echoue = true;
+  Depart.Lance({.Alarme = true, .Live = true});
+  EXPECT_THROW(Temps.Avance(1000), Echec);
+  EXPECT_FALSE(Attend());
+  Temps.Avance(5000);
+  EXPECT_EQ(Faits, QStringList());
+}
+
+}  // namespace
+}  // namespace vaktor
