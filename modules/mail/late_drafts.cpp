@@ -5,21 +5,20 @@
 
 namespace vaktor {
 
-int BrouillonsEnRetard::Publie(const QString& nom, qint64 faitA) {
-  if (Boite_.Publie(nom)) {
+Publication BrouillonsEnRetard::Publie(const QString& nom, qint64 faitA) {
+  const Publication suite = PublieBrouillon(Boite_, nom);
+  if (suite.Erreur == 0)
     Noms_.remove(nom);
-    return 0;
-  }
-  const int erreur = errno;
-  Noms_.insert(nom, faitA);
-  return erreur;
+  else
+    Noms_.insert(nom, faitA);
+  return suite;
 }
 
 int BrouillonsEnRetard::Reessaie() {
   int partis = 0;
   const QStringList noms = Noms_.keys();
   for (const QString& nom : noms) {
-    const int erreur = Publie(nom, Noms_.value(nom));
+    const int erreur = Publie(nom, Noms_.value(nom)).Erreur;
     if (erreur == ENOENT) Noms_.remove(nom);  // somebody has taken the draft away: nothing waits
     if (erreur == 0) ++partis;
   }

@@ -4,19 +4,19 @@
 #include <QMap>
 #include <optional>
 
-#include "modules/mail/outbox.h"
+#include "modules/mail/drafts.h"
 
 namespace vaktor {
 
-/// What a rename that fails (EIO, a full disk) leaves behind is kept in mind and tried again. One thread; the owner
-/// asks from time to time.
+/// What a publication that fails (EIO, a full disk) leaves behind is kept in mind and tried again. One thread; the
+/// owner asks from time to time.
 class BrouillonsEnRetard {
  public:
   explicit BrouillonsEnRetard(BoiteEnvoi boite) : Boite_(std::move(boite)) {}
 
-  /// The draft of `nom`, made at `faitA` (milliseconds since 1970), may leave. Gives the system's error number, 0 when
-  /// it may be sent; after an error it is one of those that Reessaie tries.
-  int Publie(const QString& nom, qint64 faitA);
+  /// The draft of `nom`, made at `faitA` (milliseconds since 1970), may leave: see PublieBrouillon. After an error of
+  /// the mail it is one of those that Reessaie tries.
+  Publication Publie(const QString& nom, qint64 faitA);
   /// How many of them may be sent now.
   int Reessaie();
   /// When the oldest of them was made.

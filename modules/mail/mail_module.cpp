@@ -21,7 +21,7 @@ ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
       Retard_(Boite_),
       Veille_(ports.DossierVeille, Boite_, Retard_, ports.Marque, contexte.Journal),
       TimerRecolte_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRecolte"), kRecolte, [this] { Recolte(); })),
-      TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPause,
+      TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPauseEntreSeries,
                                                     [this] { TimerPause_->Desactive(); })),
       TimerVeille_(
           contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerVeille"), kRepriseVeille, [this] { PrendVeille(); })),
@@ -73,68 +73,51 @@ void ModuleMail::CommenceSerie() {
 }
 
 void ModuleMail::CommenceCourriel() {
-  // The newest report: the second mail of a row shows what went on after the first.
-  Intrusion_ = DerniereIntrusion_;
   EnCours_ = {};
-  EnCours_.Nom = QStringLiteral("%1-%2-%3").arg(Boite_.DonneRang(Intrusion_), Ports_.Marque).arg(++Fait_);
+  // The newest report: the second mail of a row shows what went on after the first.
+  EnCours_.FaitA = DerniereIntrusion_;
+  EnCours_.Nom = QStringLiteral("%1-%2-%3").arg(Boite_.DonneRang(EnCours_.FaitA), Ports_.Marque).arg(++Fait_);
   EnCours_.Expediteur = Reglages_.Adresses.Expediteur;
   EnCours_.Destinataires = Reglages_.Adresses.Destinataires;
-  EnCours_.FaitA = Intrusion_;
   Recoltes_ = 0;
-  const ChoixPhotos choix = Choisit();
-  Photos_ = choix.Photos;
-  if (EcritBrouillon(choix)) {
+  const int erreur = PoseRecette(Boite_, EnCours_,
+                                 {.Sujet = Reglages_.Sujet,
+                                  .Corps = Reglages_.Corps,
+                                  .DossierPhotos = Reglages_.DossierPhotos,
+                                  .NombrePhoto = Reglages_.NombrePhoto});
+  if (erreur == 0) {
     Contexte_.Journal.Note(QStringLiteral("mail %1 made").arg(EnCours_.Nom));
     TimerRecolte_->Active();
   } else {
+    SignaleDisque(erreur);
     ResteDeLaSerie_ = 0;
     TimerPause_->Active();
   }
 }
 
-ChoixPhotos ModuleMail::Choisit() const {
-  const bool pleine = Boite_.DonneOctets() > BoiteEnvoi::kOctetsMax;
-  return pleine ? ChoixPhotos()
-                : PrendPhotos(Reglages_.DossierPhotos, Intrusion_, Reglages_.NombrePhoto, kOctetsPhotosMax);
-}
-
-bool ModuleMail::EcritBrouillon(const ChoixPhotos& choix) {
-  Courriel courriel{.Expediteur = EnCours_.Expediteur,
-                    .Destinataires = EnCours_.Destinataires,
-                    .Sujet = Reglages_.Sujet,
-                    .Corps = Reglages_.Corps,
-                    .Date = QDateTime::fromMSecsSinceEpoch(Intrusion_),
-                    .Identifiant = EnCours_.Nom,
-                    .Pieces = choix.Pieces};
-  int erreur = Boite_.PoseBrouillon(EnCours_, ComposeMessage(courriel));
-  if (erreur != 0 && !courriel.Pieces.isEmpty()) {
-    // A disk that has no room for photos may have some for the words: an alarm without a picture is still an alarm.
-    courriel.Pieces.clear();
-    SignaleDisque(erreur);
-    erreur = Boite_.PoseBrouillon(EnCours_, ComposeMessage(courriel));
-  }
-  if (erreur != 0) SignaleDisque(erreur);
-  return erreur == 0;
-}
-
 void ModuleMail::Recolte() {
-  const ChoixPhotos choix = Choisit();
-  if (choix.Photos != Photos_) EcritBrouillon(choix);
-  Photos_ = choix.Photos;
-  const bool comble = Photos_.size() >= Reglages_.NombrePhoto &&
-                      std::all_of(Photos_.begin(), Photos_.end(),
-                                  [this](const PhotoConnue& p) { return p.Instant > Intrusion_ - kMemeInstantMs; });
+  const QList<PhotoConnue> photos =
+      PrendPhotos(Reglages_.DossierPhotos, EnCours_.FaitA, Reglages_.NombrePhoto, kOctetsPhotosMax).Photos;
+  const bool comble = photos.size() >= Reglages_.NombrePhoto &&
+                      std::all_of(photos.begin(), photos.end(),
+                                  [this](const PhotoConnue& p) { return p.Instant > EnCours_.FaitA - kMemeInstantMs; });
   if (comble || ++Recoltes_ >= kRecoltes) AcheveCourriel();
 }
 
 void ModuleMail::AcheveCourriel() {
   TimerRecolte_->Desactive();
-  if (const int erreur = Retard_.Publie(EnCours_.Nom, EnCours_.FaitA); erreur != 0) SignaleDisque(erreur);
+  PublieCourriel();
   Poste_->Reveille();
   if (--ResteDeLaSerie_ > 0)
     CommenceCourriel();
   else
     TimerPause_->Active();
+}
+
+void ModuleMail::PublieCourriel() {
+  const Publication suite = Retard_.Publie(EnCours_.Nom, EnCours_.FaitA);
+  for (const int erreur : {suite.ErreurPhotos, suite.Erreur})
+    if (erreur != 0) SignaleDisque(erreur);
 }
 
 void ModuleMail::PrendVeille() {
@@ -195,7 +178,7 @@ void ModuleMail::Termine() {
   EnFin_ = true;
   TimerVeille_->Desactive();
   TimerRecolte_->Desactive();
-  if (ResteDeLaSerie_ > 0) Boite_.Publie(EnCours_.Nom);
+  if (ResteDeLaSerie_ > 0) PublieCourriel();
   ResteDeLaSerie_ = 0;
   TimerPause_->Active();  // no further mail
   TimerFin_->Active();

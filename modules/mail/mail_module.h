@@ -22,17 +22,16 @@ struct PortsMail {
 };
 
 /// "Intru" comes with every frame of an intrusion, thirty times a second. The first one starts a row of `nombremail`
-/// mails, one after the other; then there is none for five minutes, whatever is reported.
+/// mails, one after the other; then there is none for kPauseEntreSeries, whatever is reported.
 ///
-/// A mail is on disk from the moment of its "Intru". For up to a second it then gathers the photos that come, since an
-/// intrusion begins with a single one; only then may it leave.
+/// What a mail is made of is on disk from the moment of its "Intru". For up to a second it then waits for the photos
+/// that come, since an intrusion begins with a single one; only then is it composed and may leave.
 ///
 /// What the watch has to say of itself goes its own way: a mail for each message, whatever row or pause there is.
 class ModuleMail : public Module {
  public:
-  static constexpr qint32 kRecolte = 200;  ///< milliseconds between two looks for more photos
-  static constexpr int kRecoltes = 5;      ///< looks, at the most
-  static constexpr qint32 kPause = 5 * 60 * 1000;
+  static constexpr qint32 kRecolte = 200;           ///< milliseconds between two looks for more photos
+  static constexpr int kRecoltes = 5;               ///< looks, at the most
   static constexpr qint32 kRepriseVeille = 60'000;  ///< until messages of the watch that could not be taken are tried
   static constexpr qint32 kRegardAttente = 10'000;  ///< between two looks for what waits
   static constexpr qint32 kFinMax = 15'000;         ///< milliseconds that a mail under way is given at our end
@@ -49,8 +48,7 @@ class ModuleMail : public Module {
   void CommenceCourriel();
   void Recolte();
   void AcheveCourriel();
-  bool EcritBrouillon(const ChoixPhotos& choix);
-  ChoixPhotos Choisit() const;
+  void PublieCourriel();
   void PrendVeille();
   void RegardeAttente();
   /// "waiting_since" of the status file: when the oldest mail that waits was made.
@@ -69,8 +67,6 @@ class ModuleMail : public Module {
   int Fait_ = 0;            // mails made since the start, for their names
   qint64 DerniereIntrusion_ = 0;
   CourrielEnAttente EnCours_;  // the mail in the making
-  qint64 Intrusion_ = 0;       // that it tells of
-  QList<PhotoConnue> Photos_;  // in it
   int Recoltes_ = 0;
   bool ReglagesRecus_ = false;
   bool EnFin_ = false;

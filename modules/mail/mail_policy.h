@@ -33,6 +33,9 @@ class PlafondHoraire {
   QList<qint64> Envois_;  // no more than cap and reserve, oldest first
 };
 
+/// After a row of mails there is none for so long, whatever is reported: an evening must not fill the user's mailbox.
+inline constexpr qint32 kPauseEntreSeries = 5 * 60 * 1000;  // milliseconds
+
 struct PhotoConnue {
   QString Chemin;
   qint64 Instant = 0;  ///< of its last change, milliseconds since 1970, UTC

@@ -25,15 +25,19 @@ constexpr const char* kMauvais = ".bad";
 constexpr const char* kPartiel = ".part";
 constexpr qint64 kTeteMax = 64LL * 1024;
 
-QByteArray ComposeTete(const CourrielEnAttente& c) {
+const QLatin1String kRecette("recipe");
+
+QByteArray ComposeTete(const CourrielEnAttente& c, bool recette = false) {
   QJsonObject tete{{QStringLiteral("made"), c.FaitA},
                    {QStringLiteral("from"), c.Expediteur},
                    {QStringLiteral("to"), QJsonArray::fromStringList(c.Destinataires)}};
   if (c.Prioritaire) tete.insert(QStringLiteral("first"), true);
+  if (recette) tete.insert(kRecette, true);
   return QJsonDocument(tete).toJson(QJsonDocument::Compact) + '\n';
 }
 
-bool LitTete(const QByteArray& ligne, CourrielEnAttente& c) {
+/// False for what is no head, and for that of a recipe unless one is looked for.
+bool LitTete(const QByteArray& ligne, CourrielEnAttente& c, bool recette = false) {
   const QJsonDocument document = QJsonDocument::fromJson(ligne);
   if (!document.isObject()) return false;
   const QJsonObject tete = document.object();
@@ -42,12 +46,13 @@ bool LitTete(const QByteArray& ligne, CourrielEnAttente& c) {
   c.Expediteur = tete.value(QStringLiteral("from")).toString();
   const QJsonArray destinataires = tete.value(QStringLiteral("to")).toArray();
   for (const auto& v : destinataires) c.Destinataires.append(v.toString());
-  return c.FaitA >= 0 && !c.Destinataires.isEmpty();
+  return c.FaitA >= 0 && !c.Destinataires.isEmpty() && tete.value(kRecette).toBool() == recette;
 }
 
-QStringList ListeNoms(const QString& dossier, const char* fin) {
+QStringList ListeNoms(const QString& dossier, const char* fin, const QString& saufMarque = {}) {
   QStringList noms = QDir(dossier).entryList({u'*' + QLatin1String(fin)}, QDir::Files, QDir::Name);
   for (QString& nom : noms) nom.chop(static_cast<qsizetype>(qstrlen(fin)));
+  if (!saufMarque.isEmpty()) noms.removeIf([&saufMarque](const QString& nom) { return nom.contains(saufMarque); });
   return noms;
 }
 
@@ -58,16 +63,14 @@ BoiteEnvoi::BoiteEnvoi(const QString& dossier) : Dossier_(dossier) {
   QFile::setPermissions(dossier, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
-void BoiteEnvoi::Recupere(const QString& saufMarque) {
-  const auto orphelins = [&](const char* fin) {
-    QStringList noms = ListeNoms(Dossier_, fin);
-    if (!saufMarque.isEmpty()) noms.removeIf([&](const QString& nom) { return nom.contains(saufMarque); });
-    return noms;
-  };
-  for (const QString& nom : orphelins(kBrouillon)) Publie(nom);
+QStringList BoiteEnvoi::DonneBrouillons(const QString& saufMarque) const {
+  return ListeNoms(Dossier_, kBrouillon, saufMarque);
+}
+
+void BoiteEnvoi::RetireRestes(const QString& saufMarque) {
   for (const char* fin : {kEnvoye, kPartiel})
-    for (const QString& nom : orphelins(fin)) QFile::remove(Chemin(nom, fin));
-  for (const QString& nom : orphelins(kEssais))
+    for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque)) QFile::remove(Chemin(nom, fin));
+  for (const QString& nom : ListeNoms(Dossier_, kEssais, saufMarque))
     if (!QFile::exists(Chemin(nom, kCourriel))) QFile::remove(Chemin(nom, kEssais));
 }
 
@@ -77,6 +80,17 @@ QString BoiteEnvoi::Chemin(const QString& nom, const char* fin) const {
 
 int BoiteEnvoi::PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message) {
   return EcritDurable(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel), message});
+}
+
+int BoiteEnvoi::PoseRecette(const CourrielEnAttente& courriel, const QByteArray& recette) {
+  return EcritDurable(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel, true), recette});
+}
+
+std::optional<QByteArray> BoiteEnvoi::LitRecette(const QString& nom, CourrielEnAttente& courriel) const {
+  courriel.Nom = nom;
+  QFile f(Chemin(nom, kBrouillon));
+  if (!f.open(QIODevice::ReadOnly) || !LitTete(f.readLine(kTeteMax), courriel, true)) return std::nullopt;
+  return f.readAll();
 }
 
 bool BoiteEnvoi::Publie(const QString& nom) { return RenommeDurable(Chemin(nom, kBrouillon), Chemin(nom, kCourriel)); }

@@ -2,11 +2,14 @@
 // server has taken it or it is given up. It survives a kill and a power cut.
 //
 // A folder of mode 0700. One mail has one name and one file, whose ending tells where the mail stands:
-//   NAME.draft    made, still gathering photos; after a kill it is sent as it is
+//   NAME.draft    still gathering photos, or about to be sent. As below, but where the first line says "recipe": true
+//                 there is no message yet, only what it is made of (drafts.h), also after a kill
 //   NAME.mail     to be sent. First line JSON (made, from, to, and first: true where it goes before others), then the
-//   message. Never changed. NAME.try      beside it, after attempts that failed for this mail alone: how many, and when
-//   next NAME.sent     a server has taken it; about to be removed NAME.refused  a server has refused it for good; put
-//   back when the user changes the settings NAME.bad      damaged, kept for a person to look at
+//                 message. Never changed
+//   NAME.try      beside it, after attempts that failed for this mail alone: how many, and when next
+//   NAME.sent     a server has taken it; about to be removed
+//   NAME.refused  a server has refused it for good; put back when the user changes the settings
+//   NAME.bad      damaged, kept for a person to look at
 // Each step from one to the next is one rename, flushed to the disk. A mail is sent twice only when the machine stops
 // between the server's "250" and the rename to ".sent"; both copies then carry the same Message-ID.
 #pragma once
@@ -40,14 +43,18 @@ class BoiteEnvoi {
   /// The folder is made when it is not there.
   explicit BoiteEnvoi(const QString& dossier);
 
-  /// After the start, by the one program that sends: drafts become mails, and what a kill left half-written or already
-  /// sent goes.
-  /// Names that hold `saufMarque` belong to the living and stay as they are.
-  void Recupere(const QString& saufMarque = {});
+  /// Names of the drafts but for those that hold `saufMarque`; with an empty mark of all.
+  QStringList DonneBrouillons(const QString& saufMarque) const;
+  /// Removes what a kill left half-written or already sent, but for names that hold `saufMarque`.
+  void RetireRestes(const QString& saufMarque);
   /// Puts a mail on disk as a draft, in the place of an earlier draft of that name. Gives the system's error number,
   /// 0 when it is there.
   int PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message);
-  /// From now on the draft may be sent.
+  /// The same with what the message will be made of.
+  int PoseRecette(const CourrielEnAttente& courriel, const QByteArray& recette);
+  /// What was given to PoseRecette; nothing for a draft with a message, and for one that is not there.
+  std::optional<QByteArray> LitRecette(const QString& nom, CourrielEnAttente& courriel) const;
+  /// From now on the draft may be sent. False, with errno, when the system refuses.
   bool Publie(const QString& nom);
 
   /// All mails to be sent, oldest first. What is damaged becomes NAME.bad, never sent and never fatal.

@@ -10,6 +10,7 @@
 #include <optional>
 
 #include "base/failure.h"
+#include "modules/mail/drafts.h"
 #include "modules/mail/durable_file.h"
 #include "modules/mail/smtp_sender.h"
 #include "platform/store/private_file.h"
@@ -103,7 +104,7 @@ void FilEnvoi::Partage::VideLaBoite() {
   const std::unique_ptr<VerrouDossier> verrou = PrendVerrou();
   if (!verrou) return;
   BoiteEnvoi boite(Fil.Dossier);
-  boite.Recupere(Fil.Marque);
+  RecupereBoite(boite, Fil.Marque);
   PlafondHoraire plafond(Fil.CourrielsParHeure);
   QFile cadence(CheminCadence());
   if (cadence.open(QIODevice::ReadOnly)) plafond.Relit(cadence.read(kTexteCadenceMax));

@@ -126,7 +126,7 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
   if (erreur != 0) return erreur;
   if (!Dossier_.Efface(message.Nom)) Passes_.insert(message.Nom);
   Note(message.Nom, QStringLiteral("mail %1 made, %2").arg(mail.Nom, message.Condition));
-  return Retard_.Publie(mail.Nom, mail.FaitA);
+  return Retard_.Publie(mail.Nom, mail.FaitA).Erreur;
 }
 
 }  // namespace vaktor

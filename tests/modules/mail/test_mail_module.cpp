@@ -1,4 +1,6 @@
 // The companion's rules in virtual time: rows, pauses, photos that come, what the user is told.
+#include <sys/stat.h>
+
 #include "modules/mail/mail_module_bench.h"
 #include "modules/mail/watch_message.h"
 
@@ -18,7 +20,7 @@ TEST_F(Mail, IsOnDiskBeforeTheCommandIsDone) {
 TEST_F(Mail, OneThenNoneForFiveMinutesHoweverManyAreReported) {
   Intrusion(10'000);
   EXPECT_EQ(Nombre(), 1);
-  Temps.Avance(ModuleMail::kPause - 10'000);
+  Temps.Avance(kPauseEntreSeries - 10'000);
   Intrusion(1'000);
   EXPECT_EQ(Nombre(), 1);
   Temps.Avance(2'000);
@@ -34,7 +36,7 @@ TEST_F(Mail, SoManyInARowThenNoneForFiveMinutes) {
   EXPECT_EQ(Nombre(), 3) << "one report is enough for the row";
   Intrusion(60'000);
   EXPECT_EQ(Nombre(), 3);
-  Temps.Avance(ModuleMail::kPause);
+  Temps.Avance(kPauseEntreSeries);
   Intrusion(60'000);
   EXPECT_EQ(Nombre(), 6);
 }
@@ -43,7 +45,7 @@ TEST_F(Mail, AClockThatIsSetBackPutsNoNewMailBeforeThoseThatWait) {
   Intrusion();
   Temps.Avance(60'000);
   Debut -= 3'600'000;
-  Temps.Avance(ModuleMail::kPause);
+  Temps.Avance(kPauseEntreSeries);
   Intrusion();
   Temps.Avance(60'000);
   const QList<CourrielEnAttente> liste = Boite.Liste();
@@ -70,6 +72,58 @@ TEST_F(Mail, GathersThePhotosThatCome) {
   Temps.Avance(2'000);
   Photo("4.jpg");
   EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray({"1.jpg", "2.jpg", "3.jpg"}));
+}
+
+TEST_F(Mail, WhileItsPhotosGatherNothingIsWrittenButWhatItIsMadeOf) {
+  Photo("1.jpg");
+  Intrusion();
+  const QString brouillon = Temporaire.filePath("courrier/" + Fichiers().value(0));
+  const QByteArray recette = LitOctets(brouillon);
+  EXPECT_LT(recette.size(), 1000);
+  struct stat avant {};
+  ASSERT_EQ(::stat(QFile::encodeName(brouillon).constData(), &avant), 0);
+  for (int i = 2; i <= 4; ++i) {
+    Photo(QString::number(i) + ".jpg");
+    Temps.Avance(ModuleMail::kRecolte);
+    struct stat apres {};
+    ASSERT_EQ(::stat(QFile::encodeName(brouillon).constData(), &apres), 0);
+    EXPECT_EQ(apres.st_ino, avant.st_ino) << "each writing makes a new file";
+    EXPECT_EQ(LitOctets(brouillon), recette);
+  }
+  Temps.Avance(2'000);
+  EXPECT_EQ(Lit(0)["names"].toArray().size(), 4);
+}
+
+TEST_F(Mail, KilledWhileItsPhotosGatherItIsMadeAtTheNextStartWithAllThatCame) {
+  Photo("1.jpg");
+  Intrusion();
+  Temps.Avance(300);
+  Photo("2.jpg");
+  Module.reset();
+  Reglages.Valeurs.MailSujet = "other settings by then";
+  CreeModule();
+  RecupereBoite(Boite, "the mark of the next process");
+  ASSERT_EQ(Nombre(), 1);
+  EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray({"1.jpg", "2.jpg"}));
+  EXPECT_NE(Lit(0)["subject"].toString(), "other settings by then");
+  EXPECT_EQ(Boite.Liste().first().Destinataires, QStringList{"anna@exemple.fr"});
+  EXPECT_EQ(Fichiers().size(), 1) << "once";
+}
+
+TEST_F(Mail, OneThatCannotBeComposedOnDiskIsToldAndTriedAgain) {
+  Photo("1.jpg");
+  Intrusion();
+  const QString obstacle = Temporaire.filePath("courrier/" + Fichiers().value(0) + ".part");
+  ASSERT_TRUE(QDir().mkpath(obstacle + "/plein"));
+  Temps.Avance(2'000);
+  EXPECT_EQ(Nombre(), 0);
+  EXPECT_FALSE(Avis.isEmpty());
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("waiting_since"));
+  ASSERT_TRUE(QDir(obstacle).removeRecursively());
+  Temps.Avance(ModuleMail::kRegardAttente);
+  ASSERT_EQ(Nombre(), 1);
+  EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray{"1.jpg"});
 }
 
 TEST_F(Mail, LeavesAsSoonAsItHasAllItsPhotos) {
@@ -144,14 +198,14 @@ TEST_F(Mail, TheStatusFileTellsSinceWhenAMailWaits) {
   Intrusion();
   Temps.Avance(15'000);
   EXPECT_EQ(attendDepuis(), debut);
-  Temps.Avance(ModuleMail::kPause);
+  Temps.Avance(kPauseEntreSeries);
   Intrusion();
   Temps.Avance(15'000);
   EXPECT_EQ(attendDepuis(), debut) << "the oldest";
   Boite.Acheve(Boite.Liste().first().Nom);
   Rapporte({"x", {.Accepte = true}, 0});
   Temps.Avance(15'000);
-  EXPECT_EQ(attendDepuis(), EtatModule::EcritInstant(Debut + 15'000 + ModuleMail::kPause));
+  EXPECT_EQ(attendDepuis(), EtatModule::EcritInstant(Debut + 15'000 + kPauseEntreSeries));
   Boite.Acheve(Boite.Liste().first().Nom);
   Rapporte({"x", {.Accepte = true}, 0});
   EXPECT_EQ(attendDepuis(), "") << "at once";
@@ -224,7 +278,7 @@ TEST_F(Mail, AnOutboxThatCannotBeWrittenIsToldAndTheCompanionGoesOn) {
   EXPECT_TRUE(Avis.first().contains("courrier"));
   QFile::remove(dossier);
   QDir().mkpath(dossier);
-  Temps.Avance(ModuleMail::kPause);
+  Temps.Avance(kPauseEntreSeries);
   Intrusion(2'000);
   EXPECT_EQ(Nombre(), 1);
 }

@@ -4,9 +4,11 @@
 #include <cerrno>
 #include <new>
 
+#include "modules/mail/drafts.h"
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/postman.h"
 #include "support/small_disk.h"
+#include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
 namespace {
@@ -63,13 +65,55 @@ TEST_F(Boite, BelongsToItsOwnerAlone) {
 TEST_F(Boite, ADraftIsNotSentBeforeItIsDoneButAfterAKillItIs) {
   ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "un"), 0);
   EXPECT_EQ(Noms(), "");
-  B.Recupere();
+  RecupereBoite(B);
   EXPECT_EQ(Noms(), "a");
+}
+
+TEST_F(Boite, ARecipeIsNoMailUntilItIsMadeOne) {
+  ASSERT_EQ(PoseRecette(B, Nomme("a", Maintenant), {.Sujet = "Alarme", .Corps = "ici"}), 0);
+  EXPECT_EQ(Fichiers(), "a.draft");
+  EXPECT_EQ(PublieBrouillon(B, "a").Erreur, 0);
+  EXPECT_EQ(Fichiers(), "a.mail");
+  const QJsonObject lu = LitCourriel(B.LitMessage("a"));
+  EXPECT_EQ(lu["subject"].toString(), "Alarme");
+  EXPECT_EQ(lu["body"].toString(), "ici");
+}
+
+TEST_F(Boite, ADraftThatIsNotThereOrHasNoRoomIsToldAndARecipeStays) {
+  EXPECT_EQ(PublieBrouillon(B, "nobody").Erreur, ENOENT);
+  ASSERT_EQ(PoseRecette(B, Nomme("a", Maintenant), {}), 0);
+  ASSERT_TRUE(QDir().mkpath(Dossier + "/a.draft.part/full"));
+  EXPECT_NE(PublieBrouillon(B, "a").Erreur, 0);
+  EXPECT_EQ(Fichiers(), "a.draft");
+}
+
+TEST_F(Boite, ARecipeThatIsDamagedIsSetAsideAndNeverSentAsAMessage) {
+  ASSERT_EQ(B.PoseRecette(Nomme("a", Maintenant), "no object"), 0);
+  RecupereBoite(B);
+  EXPECT_EQ(Noms(), "");
+  EXPECT_EQ(Fichiers(), "a.bad");
+}
+
+TEST_F(Boite, ADiskWithRoomForTheWordsAloneTakesThem) {
+  const PetitDisque disque(128 * 1024);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  BoiteEnvoi pleine(disque.Chemin() + "/courrier");
+  const QString photo = Temporaire.filePath("1.jpg");
+  ASSERT_TRUE(EcritOctets(photo, PetitJpeg(QByteArray(200'000, 'x'))));
+  const qint64 instant = QFileInfo(photo).lastModified().toMSecsSinceEpoch();
+  const RecetteCourriel recette{.Sujet = "x", .Corps = "words", .DossierPhotos = Temporaire.path(), .NombrePhoto = 3};
+  ASSERT_EQ(PoseRecette(pleine, Nomme("a", instant), recette), 0);
+  const Publication suite = PublieBrouillon(pleine, "a");
+  EXPECT_EQ(suite.Erreur, 0);
+  EXPECT_EQ(suite.ErreurPhotos, ENOSPC);
+  const QJsonObject lu = LitCourriel(pleine.LitMessage("a"));
+  EXPECT_EQ(lu["body"].toString(), "words");
+  EXPECT_TRUE(lu["names"].toArray().isEmpty());
 }
 
 TEST_F(Boite, TheDraftsOfTheLivingAreLeftAlone) {
   ASSERT_EQ(B.PoseBrouillon(Nomme("1-moi-1", Maintenant), "un"), 0);
-  B.Recupere("moi");
+  RecupereBoite(B, "moi");
   EXPECT_EQ(Fichiers(), "1-moi-1.draft");
 }
 
@@ -77,7 +121,7 @@ TEST_F(Boite, LeftoversOfAKillGo) {
   Depose("a");
   for (const char* nom : {"b.sent", "c.mail.part", "d.try", "e.draft.part"})
     ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, "x"));
-  B.Recupere();
+  RecupereBoite(B);
   EXPECT_EQ(Fichiers(), "a.mail");
 }
 

@@ -112,7 +112,7 @@ TEST_F(Veille, ItNeitherStartsNorCountsInNorEndsARowOrItsPause) {
   EXPECT_EQ(Nombre(), 3 + 3) << "in the pause";
   Intrusion(10'000);
   EXPECT_EQ(Nombre(), 3 + 3) << "the pause goes on";
-  Temps.Avance(ModuleMail::kPause);
+  Temps.Avance(kPauseEntreSeries);
   Intrusion();
   Temps.Avance(60'000);
   EXPECT_EQ(Nombre(), 3 + 6);
@@ -282,7 +282,7 @@ TEST_F(Veille, KilledBeforeItMayLeaveTheDraftIsSent) {
   const QString nom = Boite.Liste().first().Nom;
   ASSERT_TRUE(QFile::rename(Temporaire.filePath("courrier/" + nom + ".mail"),
                             Temporaire.filePath("courrier/" + nom + ".draft")));
-  Boite.Recupere("autre");
+  RecupereBoite(Boite, "autre");
   EXPECT_EQ(Nombre(), 1);
   EXPECT_TRUE(Boite.Liste().first().Prioritaire) << "and still goes first";
 }

@@ -1,0 +1,78 @@
+#include "modules/mail/drafts.h"
+
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <cerrno>
+
+#include "modules/mail/mail_maker.h"
+
+namespace vaktor {
+namespace {
+
+const QLatin1String kSujet("subject");
+const QLatin1String kCorps("body");
+const QLatin1String kDossier("photos");
+const QLatin1String kNombre("count");
+
+RecetteCourriel LitRecette(const QJsonObject& objet) {
+  return {.Sujet = objet.value(kSujet).toString(),
+          .Corps = objet.value(kCorps).toString(),
+          .DossierPhotos = objet.value(kDossier).toString(),
+          .NombrePhoto = objet.value(kNombre).toInt()};
+}
+
+Courriel Prepare(const BoiteEnvoi& boite, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
+  Courriel courriel{.Expediteur = tete.Expediteur,
+                    .Destinataires = tete.Destinataires,
+                    .Sujet = recette.Sujet,
+                    .Corps = recette.Corps,
+                    .Date = QDateTime::fromMSecsSinceEpoch(tete.FaitA),
+                    .Identifiant = tete.Nom,
+                    .Pieces = {}};
+  if (boite.DonneOctets() <= BoiteEnvoi::kOctetsMax)
+    courriel.Pieces = PrendPhotos(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax).Pieces;
+  return courriel;
+}
+
+Publication ComposeBrouillon(BoiteEnvoi& boite, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
+  Publication suite;
+  Courriel courriel = Prepare(boite, tete, recette);
+  suite.Erreur = boite.PoseBrouillon(tete, ComposeMessage(courriel));
+  if (suite.Erreur == 0 || courriel.Pieces.isEmpty()) return suite;
+  // A disk that has no room for photos may have some for the words: an alarm without a picture is still an alarm.
+  courriel.Pieces.clear();
+  suite.ErreurPhotos = suite.Erreur;
+  suite.Erreur = boite.PoseBrouillon(tete, ComposeMessage(courriel));
+  return suite;
+}
+
+}  // namespace
+
+int PoseRecette(BoiteEnvoi& boite, const CourrielEnAttente& courriel, const RecetteCourriel& recette) {
+  const QJsonObject objet{{kSujet, recette.Sujet},
+                          {kCorps, recette.Corps},
+                          {kDossier, recette.DossierPhotos},
+                          {kNombre, recette.NombrePhoto}};
+  return boite.PoseRecette(courriel, QJsonDocument(objet).toJson(QJsonDocument::Compact));
+}
+
+// The whole message takes the recipe's place under the same name before it gets another one: at no moment does the mail
+// stand on disk twice, of which a kill would make two.
+Publication PublieBrouillon(BoiteEnvoi& boite, const QString& nom) {
+  CourrielEnAttente tete;
+  Publication suite;
+  if (const std::optional<QByteArray> recette = boite.LitRecette(nom, tete)) {
+    const QJsonDocument document = QJsonDocument::fromJson(*recette);
+    if (document.isObject()) suite = ComposeBrouillon(boite, tete, LitRecette(document.object()));
+    if (suite.Erreur != 0) return suite;
+  }
+  if (!boite.Publie(nom)) suite.Erreur = errno;
+  return suite;
+}
+
+void RecupereBoite(BoiteEnvoi& boite, const QString& saufMarque) {
+  for (const QString& nom : boite.DonneBrouillons(saufMarque)) PublieBrouillon(boite, nom);
+  boite.RetireRestes(saufMarque);
+}
+
+}  // namespace vaktor

@@ -1,0 +1,35 @@
+// From an intrusion to its mail. While photos still come only the recipe lies on disk, a few hundred bytes that survive
+// a kill; photos are read and the message is composed once, when the mail is published.
+#pragma once
+
+#include "modules/mail/outbox.h"
+#include "modules/mail/photo_source.h"
+
+namespace vaktor {
+
+/// What a mail is made of, but for its envelope and its photos.
+struct RecetteCourriel {
+  QString Sujet = {};
+  QString Corps = {};
+  QString DossierPhotos = {};  ///< native path
+  int NombrePhoto = 0;         ///< at the most
+};
+
+/// Puts the recipe on disk as the draft `courriel.Nom`. Gives the system's error number, 0 when it is there.
+int PoseRecette(BoiteEnvoi& boite, const CourrielEnAttente& courriel, const RecetteCourriel& recette);
+
+/// What came of a publication; system's error numbers, 0 for none.
+struct Publication {
+  int Erreur = 0;        ///< of the mail: its draft stays as it is
+  int ErreurPhotos = 0;  ///< there was no room for the photos: the mail goes without them
+};
+
+/// The draft `nom` may be sent from now on. One that is a recipe becomes a whole message first: photos nearest
+/// `FaitA`, as many as fit, none where the outbox is full already.
+Publication PublieBrouillon(BoiteEnvoi& boite, const QString& nom);
+
+/// After the start, by the one program that sends: drafts become mails, and what a kill left half-written or already
+/// sent goes. Names that hold `saufMarque` belong to the living and stay as they are.
+void RecupereBoite(BoiteEnvoi& boite, const QString& saufMarque = {});
+
+}  // namespace vaktor
