@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "app/way_out.h"
+#include "texts/language.h"
 #include "ui/shown/own_words.h"
 #include "ui/window/grey_button_clicks.h"
 
@@ -148,12 +149,12 @@ void Vaktor::CreeFormWinsock() {
 
 void Vaktor::AnnonceEchec(const QString& description) {
   if (SansPersonne_) return;  // a window that saves as it closes, in a stop that nobody looks at
-  Systeme_.Boites.MontreMessage(MessageEchecInattendu(Reglages_.LangueCourante, description), Textes_.Messages(4),
-                                BoutonsBoite::kOk);
+  Systeme_.Boites.MontreMessage(MessageEchecInattendu(LangueParlee(Reglages_.LangueCourante), description),
+                                Textes_.Dit(Message::kTitre), BoutonsBoite::kOk);
 }
 
 void Vaktor::AnnonceDemarrageImpossible(const QString& description) {
-  const QString message = MessageDemarrageImpossible(Reglages_.LangueCourante, description);
+  const QString message = MessageDemarrageImpossible(LangueParlee(Reglages_.LangueCourante), description);
   std::fprintf(stderr, "%s\n", qUtf8Printable(message));
   AbandonneDepart();
   Systeme_.Boites.MontreMessage(message, QStringLiteral("Vaktor"), BoutonsBoite::kOk);

@@ -106,7 +106,7 @@ void Vaktor::EssaieJusquauBout(const std::function<void()>& pas) {
     // The end must not stop half-way, and the user must know what was lost.
     std::fprintf(stderr, "Vaktor: %s\n", mots);
     if (SansPersonne_) return;
-    Systeme_.Boites.MontreMessage(QString::fromUtf8(mots), Textes_.Messages(4), BoutonsBoite::kOk);
+    Systeme_.Boites.MontreMessage(QString::fromUtf8(mots), Textes_.Dit(Message::kTitre), BoutonsBoite::kOk);
   });
   Perte_ = Perte_ || !fait;
 }

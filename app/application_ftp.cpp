@@ -3,6 +3,7 @@
 
 #include "app/application.h"
 #include "companions/live_rehearsal.h"
+#include "texts/language.h"
 #include "ui/window/window_placement.h"
 
 namespace vaktor {
@@ -20,7 +21,7 @@ void Vaktor::EssaiePageLive() {
               Reglages_.LangueCourante);
         },
         [this] { return Form1_->Ftp().TxtFtp->text(); }});
-    FrmEssaiFtp_->EcritMots(Reglages_.LangueCourante);
+    FrmEssaiFtp_->EcritMots(LangueParlee(Reglages_.LangueCourante));
     PlaceFrmEssaiFtp();
   }
   FrmEssaiFtp_->Essaie();

@@ -3,6 +3,7 @@
 
 #include "app/application.h"
 #include "base/failure.h"
+#include "texts/language.h"
 #include "ui/shown/own_words.h"
 #include "ui/window/window_placement.h"
 
@@ -13,7 +14,7 @@ constexpr int kPagePrincipale = 1;
 }  // namespace
 
 void Vaktor::Demarre(const QString& version) {
-  if (Systeme_.SuitLangue) Systeme_.SuitLangue([this] { return Reglages_.LangueCourante; });
+  if (Systeme_.SuitLangue) Systeme_.SuitLangue([this] { return LangueParlee(Reglages_.LangueCourante); });
   Magasin_ = Systeme_.OuvreMagasin();
   Depart_ = std::make_unique<SequenceDepart>(
       PortsDepart{Splash_, *Magasin_, Reglages_, Systeme_.Pompe, Minuteries_, *this, Etat_});
@@ -23,10 +24,10 @@ void Vaktor::Demarre(const QString& version) {
 void Vaktor::ChargeParametres() {
   const QString manquant = Systeme_.PrepareDossiers();
   if (!manquant.isEmpty()) {
-    throw Echec(kFichierIntrouvable, MessageDossierImpossible(Reglages_.LangueCourante, manquant));
+    throw Echec(kFichierIntrouvable, MessageDossierImpossible(LangueParlee(Reglages_.LangueCourante), manquant));
   }
   Canal_ = Systeme_.OuvreCanal();
-  Pilote_ = Systeme_.CreePilote([this] { return Reglages_.LangueCourante; });
+  Pilote_ = Systeme_.CreePilote([this] { return LangueParlee(Reglages_.LangueCourante); });
   CreeReglages();
   CreeVeille();
   Sauvegarde_->ChargeParametres();
@@ -57,7 +58,7 @@ void Vaktor::ChargeTextes() {
   // The words go into the monitor and the gallery too: this is their first use.
   ChargeurTextes_ = std::make_unique<ChargeurTextes>(Reglages_, Textes_, *Form1_, Moniteur(), [this] {
     if (FrmSmtp_) FrmSmtp_->EcritMots();
-    if (FrmEssaiFtp_) FrmEssaiFtp_->EcritMots(Reglages_.LangueCourante);
+    if (FrmEssaiFtp_) FrmEssaiFtp_->EcritMots(LangueParlee(Reglages_.LangueCourante));
     if (VueSante_) VueSante_->Actualise();
     EcritLibellesBoutons(*Form1_, Textes_);
   });

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "engine/ports/capture_driver.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -19,6 +20,6 @@ void PrepareCapture(const QString& ou, const QString& reglages);
 QString FichierMemoireCapture(const QString& reglages);
 
 /// `ou`: the camera named at the start, empty for none. `memoire` outlives the driver.
-std::unique_ptr<PiloteCapture> CreePilote(const QString& ou, MemoireCapture& memoire, std::function<qint32()> langue);
+std::unique_ptr<PiloteCapture> CreePilote(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue);
 
 }  // namespace vaktor

@@ -7,6 +7,7 @@
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/channel/local_channel.h"
 #include "platform/disk/bounded_store.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -55,7 +56,7 @@ PortsSysteme SystemeReel::Ports() {
       .DossierMagasin = reglages,
       .OuvreCanal = [] { return std::make_unique<CanalLocal>(); },
       .CreePilote =
-          [this, reglages](std::function<qint32()> langue) {
+          [this, reglages](std::function<Langue()> langue) {
             Memoire_ = std::make_unique<MemoireCapture>(FichierMemoireCapture(reglages));
             return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
           },
@@ -92,7 +93,8 @@ PortsSysteme SystemeReel::Ports() {
           [this](Parametres& valeurs, SauvegardeParametres& sauvegarde) {
             return std::make_unique<FormSound>(ChoixSon(valeurs, sauvegarde, Sons_, ChoixFichier_));
           },
-      .SuitLangue = [this](std::function<qint32()> langue) { Boites_.SuitLangue(std::move(langue)); }};
+      .SuitLangue = [this](std::function<Langue()> langue) { Boites_.SuitLangue(std::move(langue)); },
+  };
 }
 
 }  // namespace vaktor

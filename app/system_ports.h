@@ -32,6 +32,7 @@
 #include "image/ports/write_trial.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
+#include "texts/language.h"
 #include "ui/sound/form_sound.h"
 #include "ui/window/web_links.h"
 
@@ -46,7 +47,7 @@ struct PortsSysteme {
   QString DossierMagasin;  ///< the folder of that store, on whatever disk it is
   std::function<std::unique_ptr<CanalMessages>()> OuvreCanal;
   /// `langue` gives the language of the driver's dialogs at any moment.
-  std::function<std::unique_ptr<PiloteCapture>(std::function<qint32()> langue)> CreePilote;
+  std::function<std::unique_ptr<PiloteCapture>(std::function<Langue()> langue)> CreePilote;
   Horloge& Temps;
   Fichiers& Disque;
   PompeEvenements& Pompe;
@@ -79,7 +80,7 @@ struct PortsSysteme {
   /// Makes the form of the alarm sound when it is first opened; empty where no sound can be heard.
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};
   /// Takes what gives the language of the buttons of the boxes at any moment; empty where they have none.
-  std::function<void(std::function<qint32()> langue)> SuitLangue = {};
+  std::function<void(std::function<Langue()> langue)> SuitLangue = {};
 };
 
 }  // namespace vaktor

@@ -85,7 +85,7 @@ class Fenetre : public FormVisuPhoto {
 
 struct Banc {
   explicit Banc(const QString& dossier) : Dossiers{dossier, dossier} {
-    Textes.Remplit(1);
+    Textes.Remplit(Langue::kAnglais);
     Reglages.RepertoirePhoto = dossier + QStringLiteral("\\intrus");
   }
   Parametres Reglages;

@@ -13,6 +13,7 @@
 #include "app/guarded_application.h"
 #include "app/real_system.h"
 #include "app/start_arguments.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -150,7 +151,7 @@ int Execute(ApplicationGardee& application, qint64 images, const ArgumentsDepart
   Compte compte;
   SystemeReel systeme(arguments);
   PortsSysteme ports = systeme.Ports();
-  ports.CreePilote = [&compte](const std::function<qint32()>&) { return std::make_unique<CameraSansAttente>(compte); };
+  ports.CreePilote = [&compte](const std::function<Langue()>&) { return std::make_unique<CameraSansAttente>(compte); };
   Vaktor vaktor(ports, arguments.LigneCommande);
   application.SurEchec([&vaktor](const QString& description) { vaktor.AnnonceEchec(description); });
   TicSansAttente tic;

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
@@ -21,19 +21,12 @@ Condition DonneCondition(Compagnon compagnon) {
   return Condition::kCompagnonSon;
 }
 
-QString DitFin(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("s'est arrêté"), QStringLiteral("has ended"));
+QString DitFin(Langue langue) { return Phrase{"s'est arrêté", "has ended"}.Dit(langue); }
+QString DitMuet(Langue langue) { return Phrase{"ne répond plus", "does not answer any more"}.Dit(langue); }
+QString DitTenu(Langue langue) {
+  return Phrase{"le système n'arrive pas à l'arrêter", "the system cannot end it"}.Dit(langue);
 }
-QString DitMuet(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("ne répond plus"), QStringLiteral("does not answer any more"));
-}
-QString DitTenu(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("le système n'arrive pas à l'arrêter"),
-                       QStringLiteral("the system cannot end it"));
-}
-QString DitAttendu(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("ne s'est pas annoncé"), QStringLiteral("has not registered"));
-}
+QString DitAttendu(Langue langue) { return Phrase{"ne s'est pas annoncé", "has not registered"}.Dit(langue); }
 
 }  // namespace
 
@@ -115,7 +108,7 @@ void VeilleCompagnons::Tic() {
 
 void VeilleCompagnons::TicEnVie(Compagnon compagnon, Suivi& suivi) {
   if (suivi.Inscrit) return TicInscrit(compagnon, suivi);
-  const qint32 langue = Ports_.Reglages.LangueCourante;
+  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
   if (suivi.Age == kGrace) Ports_.Sante.Signale(DonneCondition(compagnon), DitAttendu(langue));
   if (suivi.Age >= kInscriptionMax) Condamne(compagnon, DitAttendu(langue));
 }
@@ -126,7 +119,7 @@ void VeilleCompagnons::TicInscrit(Compagnon compagnon, Suivi& suivi) {
   const qint32 poignee = DonnePoignee(compagnon);
   suivi.Muet = Ports_.Canal.DonnePrise(poignee) == Prise::kMuette ? suivi.Muet + 1 : 0;
   // The first of these ticks may have come right behind the message.
-  if (suivi.Muet > kMuetteMax) return Condamne(compagnon, DitMuet(Ports_.Reglages.LangueCourante));
+  if (suivi.Muet > kMuetteMax) return Condamne(compagnon, DitMuet(LangueParlee(Ports_.Reglages.LangueCourante)));
   if (suivi.Age >= kVieSaine && suivi.Muet == 0) suivi.Rang = 0;
   if (suivi.Age % kSonde == 0) Ports_.Canal.PosteTouche(poignee, kCodeSonde, Tenue::kInstant);
 }
@@ -168,7 +161,7 @@ void VeilleCompagnons::Meurt(Compagnon compagnon) {
   suivi.Programme.reset();
   suivi.Etat = Vie::kMort;
   if (Phase_ == Phase::kFin) return;  // asked to leave with the program: no death
-  if (!attendu) Perd(compagnon, DitFin(Ports_.Reglages.LangueCourante));
+  if (!attendu) Perd(compagnon, DitFin(LangueParlee(Ports_.Reglages.LangueCourante)));
   PrevoitRelance(compagnon);
 }
 
@@ -232,7 +225,7 @@ void VeilleCompagnons::TermineErrants(Compagnon compagnon) {
 // Each of them would soon hang where those before it do, and they would gather as long as the disk is silent.
 void VeilleCompagnons::LanceEncore(Compagnon compagnon) {
   if (Trouve(compagnon).Restes.size() >= kRestesMax) {
-    Ports_.Sante.Signale(DonneCondition(compagnon), DitTenu(Ports_.Reglages.LangueCourante));
+    Ports_.Sante.Signale(DonneCondition(compagnon), DitTenu(LangueParlee(Ports_.Reglages.LangueCourante)));
     return PrevoitRelance(compagnon);
   }
   if (Demarre(compagnon, true)) return;

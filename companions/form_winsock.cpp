@@ -84,8 +84,8 @@ void FormWinsock::ChangeTxtCmdFTP(const QString& texte) {
   const LigneMot* ligne = TrouveLigneMot(texte.left(kLongueurMot));
   if (ligne == nullptr || (ligne->SurveillanceSeule && !Ports_.Etat.SurveillanceEnCours)) return;
   if (Attend(*ligne)) return;
-  if (ligne->Statut != 0) Ports_.Liaison.MontreStatut(ligne->Statut);
-  if (ligne->Litteral != nullptr) Ports_.Liaison.MontreStatutLitteral(QString::fromUtf16(ligne->Litteral));
+  if (ligne->Statut) Ports_.Liaison.MontreStatut(*ligne->Statut);
+  if (ligne->Litteral) Ports_.Liaison.MontreStatutLitteral(*ligne->Litteral);
   if (ligne->Led) Ports_.Affichage.MontreLampeSurveillance(*ligne->Led);
   for (const ChampLiaison champ : ligne->Rouges) Ports_.Liaison.RougitChamp(champ);
   AgitSelon(ligne->Suite);
@@ -95,7 +95,7 @@ void FormWinsock::ChangeTxtCmdFTP(const QString& texte) {
 // place has never been connected and gives up, so it is told again.
 bool FormWinsock::Attend(const LigneMot& ligne) {
   if (!ligne.Panne || !Ports_.Etat.PageInterrompue) return false;
-  Ports_.Liaison.MontreStatut(ligne.Statut);
+  if (ligne.Statut) Ports_.Liaison.MontreStatut(*ligne.Statut);
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRougeAllumee);
   TimerFTPreconnect_->Active();
   return true;

@@ -9,10 +9,6 @@ namespace vaktor {
 namespace {
 
 // Numbers of the status texts.
-constexpr int kTexteInactive = 34;
-constexpr int kTexteCreation = 42;
-constexpr int kTextePasConnecte = 67;
-constexpr int kTexteConnexion = 69;
 
 constexpr qsizetype kLongueurHeure = 8;
 
@@ -43,7 +39,7 @@ void PublicationLive::RetrouveCompagnon() {
 
 void PublicationLive::MontreConnexion() {
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRougeAllumee);
-  Ports_.Liaison.MontreStatut(kTexteConnexion);
+  Ports_.Liaison.MontreStatut(Libelle::kEnConnexion);
 }
 
 void PublicationLive::Eteint() {
@@ -52,7 +48,7 @@ void PublicationLive::Eteint() {
 }
 
 void PublicationLive::Deconnecte() {
-  Ports_.Liaison.MontreStatut(kTexteInactive);
+  Ports_.Liaison.MontreStatut(Libelle::kSurveillanceInactive);
   Ports_.Commandes.EnvoiFTP(QStringLiteral("Decon"));
 }
 
@@ -112,12 +108,12 @@ void PublicationLive::EcritLive(const ImageCamera& image) {
 
 void PublicationLive::DemandePage() {
   if (!Ports_.Etat.LiveActif) {
-    Ports_.Liaison.MontreStatut(kTextePasConnecte);
+    Ports_.Liaison.MontreStatut(Libelle::kVaktorPasConnecte);
     return;
   }
   Ports_.Etat.PageAttendue = true;
   Ports_.Etat.LiveActif = false;  // stops the frames; the companion's "UplOK" or "ConOK" lets them flow again
-  Ports_.Liaison.MontreStatut(kTexteCreation);
+  Ports_.Liaison.MontreStatut(Libelle::kEnCreation);
   Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));
 }
 

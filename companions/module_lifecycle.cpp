@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/failure.h"
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
@@ -12,11 +12,10 @@ namespace {
 constexpr int kErrantsMax = 64;
 constexpr int kImmortelsMax = 3;  // each costs half a second: processes that will not die must not hold the start up
 
-QString DecritAbsence(const QString& programme, qint32 langue) {
-  return ChoisitLangue(langue,
-                       QStringLiteral("Le programme %1 est introuvable ou ne peut pas être lancé. Réinstallez Vaktor."),
-                       QStringLiteral("The program %1 is missing or cannot be started. Please install Vaktor again."))
-      .arg(programme);
+QString DecritAbsence(const QString& programme, Langue langue) {
+  return Phrase{"Le programme %1 est introuvable ou ne peut pas être lancé. Réinstallez Vaktor.",
+                "The program %1 is missing or cannot be started. Please install Vaktor again."}
+      .Dit(langue, programme);
 }
 
 bool TerminePid(Processus& processus, const ProcessusVu& vu) {
@@ -56,7 +55,8 @@ void ModulesCompagnons::LanceModules() {
   for (const Compagnon compagnon : kCompagnons) TermineErrants(Processus_, DonneIdentite(compagnon).Programme);
   for (const Compagnon compagnon : kCompagnons) {
     if (!Lance_(compagnon))
-      throw Echec(kFichierIntrouvable, DecritAbsence(DonneIdentite(compagnon).Programme, Reglages_.LangueCourante));
+      throw Echec(kFichierIntrouvable,
+                  DecritAbsence(DonneIdentite(compagnon).Programme, LangueParlee(Reglages_.LangueCourante)));
   }
 }
 

@@ -1,8 +1,10 @@
-// Words of the rehearsals, of the mail and of the live page. By language: 1 English, any other number French.
+// Words of the rehearsals, of the mail and of the live page.
 #pragma once
 
 #include <QString>
 #include <functional>
+
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -19,15 +21,15 @@ struct MotsEssai {
   /// they are. A line that begins with no known command stays whole.
   std::function<QString(const QString& ligne)> NommeEtape;
 };
-MotsEssai DonneMotsEssaiMail(qint32 langue);
-MotsEssai DonneMotsEssaiFtp(qint32 langue);
+MotsEssai DonneMotsEssaiMail(Langue langue);
+MotsEssai DonneMotsEssaiFtp(Langue langue);
 
 /// What stands beside the button before it is pressed; `destination` of the mail, or `serveur`, may be empty.
-QString InviteEssaiMail(qint32 langue, const QString& destination);
-QString InviteEssaiFtp(qint32 langue, const QString& serveur);
+QString InviteEssaiMail(Langue langue, const QString& destination);
+QString InviteEssaiFtp(Langue langue, const QString& serveur);
 
 /// Title of the window in which the live page is tried, and its other button.
-QString TitreEssaiFtp(qint32 langue);
-QString MotFermer(qint32 langue);
+QString TitreEssaiFtp(Langue langue);
+QString MotFermer(Langue langue);
 
 }  // namespace vaktor

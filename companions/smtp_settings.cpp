@@ -24,10 +24,11 @@ bool ManqueServeur(const TextesSmtp& textes) {
 bool ManqueConnexion(const TextesSmtp& textes) { return textes.Utilisateur.isEmpty() || textes.MotDePasse.isEmpty(); }
 
 QByteArray ComposeDemandeEssai(const Parametres& reglages, const QString& destination) {
+  const Langue langue = LangueParlee(reglages.LangueCourante);
   const QJsonObject demande{
       {QStringLiteral("destination"), destination},
-      {QStringLiteral("sujet"), SujetEssai(reglages.LangueCourante, reglages.MailSujet)},
-      {QStringLiteral("corp"), CorpsEssai(reglages.LangueCourante, reglages.MailCorps)},
+      {QStringLiteral("sujet"), SujetEssai(langue, reglages.MailSujet)},
+      {QStringLiteral("corp"), CorpsEssai(langue, reglages.MailCorps)},
       {QStringLiteral("smtpserveur"), reglages.SmtpServeur},
       {QStringLiteral("smtpfrom"), reglages.SmtpFrom},
       {QStringLiteral("smtpport"), reglages.SmtpPort},

@@ -1,39 +1,30 @@
 #include "companions/smtp_words.h"
 
+#include "texts/phrase.h"
+
 namespace vaktor {
 
-namespace {
-
-QString Choisit(qint32 langue, const char* francais, const char* anglais) {
-  return QString::fromUtf8(langue == 1 ? anglais : francais);
-}
-
-}  // namespace
-
-QString NommeCompte(qint32 langue, const CompteMail& compte) {
+QString NommeCompte(Langue langue, const CompteMail& compte) {
   if (!compte.OAuth2) return compte.Adresse;
-  return compte.Adresse + Choisit(langue, " (connexion OAuth2)", " (OAuth2 login)");
+  return compte.Adresse + Phrase{" (connexion OAuth2)", " (OAuth2 login)"}.Dit(langue);
 }
 
-QString InviteOAuth2(qint32 langue) { return Choisit(langue, "mot de passe d'application", "app password"); }
+QString InviteOAuth2(Langue langue) { return Phrase{"mot de passe d'application", "app password"}.Dit(langue); }
 
-QString AideOAuth2(qint32 langue) {
-  return Choisit(
-      langue,
+QString AideOAuth2(Langue langue) {
+  return Phrase{
       "Ce compte se connecte par OAuth2 : son mot de passe habituel peut être refusé. Créez un mot de passe "
       "d'application chez votre fournisseur, s'il en propose.",
       "This account logs in with OAuth2: its usual password may be refused. Create an app password with your "
-      "provider, if it offers them.");
+      "provider, if it offers them."}
+      .Dit(langue);
 }
 
-QString SujetEssai(qint32 langue, const QString& sujet) {
-  return Choisit(langue, "[Essai] %1", "[Test] %1").arg(sujet);
-}
+QString SujetEssai(Langue langue, const QString& sujet) { return Phrase{"[Essai] %1", "[Test] %1"}.Dit(langue, sujet); }
 
-QString CorpsEssai(qint32 langue, const QString& corps) {
-  return Choisit(langue, "Ceci est un essai de Vaktor, pas une alarme.\n\n%1",
-                 "This is a test of Vaktor, not an alarm.\n\n%1")
-      .arg(corps);
+QString CorpsEssai(Langue langue, const QString& corps) {
+  return Phrase{"Ceci est un essai de Vaktor, pas une alarme.\n\n%1", "This is a test of Vaktor, not an alarm.\n\n%1"}
+      .Dit(langue, corps);
 }
 
 }  // namespace vaktor

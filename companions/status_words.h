@@ -22,9 +22,9 @@ enum class SuiteMot {
 
 struct LigneMot {
   QLatin1String Mot;
-  bool SurveillanceSeule = false;      ///< while the user's switch is off the word is dropped whole, status included
-  int Statut = 0;                      ///< number of the status text, 0 for none
-  const char16_t* Litteral = nullptr;  ///< status text that is the same in both languages
+  bool SurveillanceSeule = false;  ///< while the user's switch is off the word is dropped whole, status included
+  std::optional<Libelle> Statut = std::nullopt;
+  std::optional<Phrase> Litteral = std::nullopt;  ///< status text that no table holds
   std::optional<Lampe> Led = std::nullopt;
   QList<ChampLiaison> Rouges = {};  ///< fields that turn red
   SuiteMot Suite = SuiteMot::kRien;

@@ -8,14 +8,13 @@
 #include "base/numbers.h"
 #include "engine/detection_zone.h"
 #include "engine/limits.h"
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 namespace {
 
-QString DitSerie(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("elle se reconnecte sans cesse"),
-                       QStringLiteral("it connects again and again"));
+QString DitSerie(Langue langue) {
+  return Phrase{"elle se reconnecte sans cesse", "it connects again and again"}.Dit(langue);
 }
 
 }  // namespace
@@ -89,7 +88,8 @@ void TicSurveillance::DitEtat() {
   // as none, though the picture looks alive and each loss by itself is too short to count.
   const bool serie = Analyse_.EnSerie();
   if (perdu || serie || Analyse_.EnReprise()) {
-    Ports_.Sante.Signale(Condition::kSignalPerdu, serie ? DitSerie(Ports_.Reglages.LangueCourante) : QString());
+    Ports_.Sante.Signale(Condition::kSignalPerdu,
+                         serie ? DitSerie(LangueParlee(Ports_.Reglages.LangueCourante)) : QString());
   } else {
     Ports_.Sante.Leve(Condition::kSignalPerdu);
   }

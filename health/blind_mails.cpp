@@ -7,8 +7,6 @@ namespace vaktor {
 
 namespace {
 
-QString Texte(const char* texte) { return QString::fromUtf8(texte); }
-
 CourrielVeille Compose(const ConditionEnCours& condition) {
   CourrielVeille courriel;
   courriel.Mot = MotCondition(condition.Quoi);
@@ -18,54 +16,48 @@ CourrielVeille Compose(const ConditionEnCours& condition) {
 
 CourrielVeille ComposeDebut(const ConditionEnCours& condition) {
   CourrielVeille courriel = Compose(condition);
-  courriel.SujetFr = Texte("Vaktor : la surveillance ne voit plus rien");
-  courriel.SujetEn = Texte("Vaktor: the watch sees nothing");
-  courriel.Francais = Texte("%1\nDepuis : %2\n\n%3\n")
-                          .arg(PhraseQuoi(condition.Quoi, condition.Detail, 0), DitMoment(condition.Depuis, 0),
-                               PhraseFaire(condition.Quoi, 0));
-  courriel.English = Texte("%1\nSince: %2\n\n%3\n")
-                         .arg(PhraseQuoi(condition.Quoi, condition.Detail, 1), DitMoment(condition.Depuis, 1),
-                              PhraseFaire(condition.Quoi, 1));
+  courriel.Sujet = Phrase{"Vaktor : la surveillance ne voit plus rien", "Vaktor: the watch sees nothing"};
+  courriel.Texte = PhraseDite::Compose([&](Langue langue) {
+    return Phrase{"%1\nDepuis : %2\n\n%3\n", "%1\nSince: %2\n\n%3\n"}.Dit(
+        langue, PhraseQuoi(condition.Quoi, condition.Detail, langue), DitMoment(condition.Depuis, langue),
+        PhraseFaire(condition.Quoi, langue));
+  });
   return courriel;
 }
 
 struct MotsFin {
-  const char* SujetFr;
-  const char* SujetEn;
-  const char* Francais;
-  const char* English;
+  Phrase Sujet;
+  Phrase Constat;
 };
 
 // A condition also ends when the alarm is switched off, and of two that make blind only one may have ended: a mail
 // that says "sees again" then would be a lie.
 MotsFin ChoisitFin(bool armee, bool aveugle) {
   if (!armee) {
-    return {"Vaktor : l'alarme n'est plus armée", "Vaktor: the alarm is no longer armed",
-            "L'alarme n'est plus armée : rien n'est surveillé en ce moment. Ceci n'est plus signalé :",
-            "The alarm is no longer armed: nothing is watched at the moment. This is not reported any more:"};
+    return {{"Vaktor : l'alarme n'est plus armée", "Vaktor: the alarm is no longer armed"},
+            {"L'alarme n'est plus armée : rien n'est surveillé en ce moment. Ceci n'est plus signalé :",
+             "The alarm is no longer armed: nothing is watched at the moment. This is not reported any more:"}};
   }
   if (aveugle) {
-    return {"Vaktor : une panne est finie, une autre dure", "Vaktor: one fault is over, another goes on",
-            "Ceci est fini, mais la surveillance ne voit toujours rien pour une autre raison :",
-            "This is over, but the watch still sees nothing for another reason:"};
+    return {{"Vaktor : une panne est finie, une autre dure", "Vaktor: one fault is over, another goes on"},
+            {"Ceci est fini, mais la surveillance ne voit toujours rien pour une autre raison :",
+             "This is over, but the watch still sees nothing for another reason:"}};
   }
-  return {"Vaktor : la surveillance voit de nouveau", "Vaktor: the watch sees again",
-          "La surveillance voit de nouveau. Ceci est fini :", "The watch sees again. This is over:"};
+  return {{"Vaktor : la surveillance voit de nouveau", "Vaktor: the watch sees again"},
+          {"La surveillance voit de nouveau. Ceci est fini :", "The watch sees again. This is over:"}};
 }
 
 CourrielVeille ComposeFin(const ConditionEnCours& condition, const QDateTime& jusqua, const MotsFin& mots) {
   CourrielVeille courriel = Compose(condition);
   courriel.Fin = true;
   courriel.Jusqua = jusqua;
-  courriel.SujetFr = Texte(mots.SujetFr);
-  courriel.SujetEn = Texte(mots.SujetEn);
-  // The four are put in at once: a detail may hold a "%1" of its own.
-  courriel.Francais = Texte("%1\n%2\nDepuis : %3\nJusqu'à : %4\n")
-                          .arg(Texte(mots.Francais), PhraseQuoi(condition.Quoi, condition.Detail, 0),
-                               DitMoment(condition.Depuis, 0), DitMoment(jusqua, 0));
-  courriel.English = Texte("%1\n%2\nSince: %3\nUntil: %4\n")
-                         .arg(Texte(mots.English), PhraseQuoi(condition.Quoi, condition.Detail, 1),
-                              DitMoment(condition.Depuis, 1), DitMoment(jusqua, 1));
+  courriel.Sujet = mots.Sujet;
+  courriel.Texte = PhraseDite::Compose([&](Langue langue) {
+    // The four are put in at once: a detail may hold a "%1" of its own.
+    return Phrase{"%1\n%2\nDepuis : %3\nJusqu'à : %4\n", "%1\n%2\nSince: %3\nUntil: %4\n"}.Dit(
+        langue, mots.Constat.Dit(langue), PhraseQuoi(condition.Quoi, condition.Detail, langue),
+        DitMoment(condition.Depuis, langue), DitMoment(jusqua, langue));
+  });
   return courriel;
 }
 

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "health/ports/health_report.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -26,12 +27,12 @@ bool EstEvenement(Condition quoi);
 QString MotCondition(Condition quoi);
 
 /// What is wrong, one sentence, with `detail` behind it where there is one.
-QString PhraseQuoi(Condition quoi, const QString& detail, qint32 langue);
+QString PhraseQuoi(Condition quoi, const QString& detail, Langue langue);
 /// What to do.
-QString PhraseFaire(Condition quoi, qint32 langue);
+QString PhraseFaire(Condition quoi, Langue langue);
 /// How bad it is, a few words: "Vaktor sees nothing".
-QString PhraseGravite(Gravite gravite, qint32 langue);
+QString PhraseGravite(Gravite gravite, Langue langue);
 /// A day and a time for a person to read: "2 January 2020, 09:05:03".
-QString DitMoment(const QDateTime& moment, qint32 langue);
+QString DitMoment(const QDateTime& moment, Langue langue);
 
 }  // namespace vaktor

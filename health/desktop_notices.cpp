@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
@@ -37,7 +37,7 @@ void AvisBureau::DitDebuts(qint64 maintenantMs) {
   std::stable_sort(ADire_.begin(), ADire_.end(), [](const ConditionEnCours& a, const ConditionEnCours& b) {
     return DonneGravite(a.Quoi) < DonneGravite(b.Quoi);
   });
-  const qint32 langue = Reglages_.LangueCourante;
+  const Langue langue = LangueParlee(Reglages_.LangueCourante);
   QStringList lignes;
   for (const ConditionEnCours& condition : std::as_const(ADire_)) {
     lignes.append(PhraseQuoi(condition.Quoi, condition.Detail, langue));
@@ -53,11 +53,9 @@ void AvisBureau::DitDebuts(qint64 maintenantMs) {
 // It does not say that all is well: a condition also ends when the camera is switched off.
 void AvisBureau::DitFin() {
   Dites_.clear();
-  const qint32 langue = Reglages_.LangueCourante;
-  Bureau_.Notifie(ChoisitLangue(langue, QStringLiteral("Vaktor : plus rien \u00e0 signaler"),
-                                QStringLiteral("Vaktor: nothing to report any more")),
-                  ChoisitLangue(langue, QStringLiteral("Ce qui avait \u00e9t\u00e9 signal\u00e9 est termin\u00e9."),
-                                QStringLiteral("What had been reported is over.")),
+  const Langue langue = LangueParlee(Reglages_.LangueCourante);
+  Bureau_.Notifie(Phrase{"Vaktor : plus rien à signaler", "Vaktor: nothing to report any more"}.Dit(langue),
+                  Phrase{"Ce qui avait été signalé est terminé.", "What had been reported is over."}.Dit(langue),
                   false);
 }
 

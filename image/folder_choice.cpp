@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "image/folder_words.h"
 #include "image/free_space.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -61,8 +62,8 @@ void ChoixDossier::ChangeLecteur(const QString& lieu) {
   if (etat != EtatDossier::kBon) {
     // The volume has been pulled out since the list was made. The list goes back to where the tree still stands.
     if (SurChangement_) SurChangement_();
-    Ports_.Boites.MontreMessage(DitEtatDossier(Ports_.Reglages.LangueCourante, etat, lieu), Ports_.Textes.Messages(4),
-                                BoutonsBoite::kOk);
+    Ports_.Boites.MontreMessage(DitEtatDossier(LangueParlee(Ports_.Reglages.LangueCourante), etat, lieu),
+                                Ports_.Textes.Dit(Message::kTitre), BoutonsBoite::kOk);
     return;
   }
   Lecteur_ = lieu;
@@ -70,7 +71,8 @@ void ChoixDossier::ChangeLecteur(const QString& lieu) {
   DemandeEspace();
   if (FreeBytes_ < kOctetsAvertissement) {
     // A warning and no question: whatever is answered, the drive stays chosen.
-    Ports_.Boites.MontreMessage(Ports_.Textes.Messages(3), Ports_.Textes.Messages(4), BoutonsBoite::kOkAnnuler);
+    Ports_.Boites.MontreMessage(Ports_.Textes.Dit(Message::kPeuDePlace), Ports_.Textes.Dit(Message::kTitre),
+                                BoutonsBoite::kOkAnnuler);
   }
   Ports_.Reglages.ParametresModifies = true;
 }
@@ -107,9 +109,9 @@ bool ChoixDossier::Valide() {
   if (etat != EtatDossier::kBon) {
     // Photos fail without a word: a new folder that cannot take a single one is refused before anything has changed.
     // The folder that is already in use is only told about, since there is nothing to go back to.
-    Ports_.Boites.MontreMessage(
-        DitDossierRefuse(reglages.LangueCourante, etat, Chemin_, Ports_.Arbre.DonneChemin(reglages.RepertoirePhoto)),
-        Ports_.Textes.Messages(4), BoutonsBoite::kOk);
+    Ports_.Boites.MontreMessage(DitDossierRefuse(LangueParlee(reglages.LangueCourante), etat, Chemin_,
+                                                 Ports_.Arbre.DonneChemin(reglages.RepertoirePhoto)),
+                                Ports_.Textes.Dit(Message::kTitre), BoutonsBoite::kOk);
     if (Chemin_ != Ports_.Arbre.DonneChemin(reglages.RepertoirePhoto)) return false;
   }
   const QString avant = std::exchange(reglages.RepertoirePhoto, Chemin_);
@@ -119,9 +121,9 @@ bool ChoixDossier::Valide() {
     // A folder that the next start does not know would lose its photos from sight: the choice is none. The gallery has
     // not followed yet, and the form stays for another try.
     reglages.RepertoirePhoto = avant;
-    Ports_.Boites.MontreMessage(DitDossierNonSauve(reglages.LangueCourante, echec.Description(),
+    Ports_.Boites.MontreMessage(DitDossierNonSauve(LangueParlee(reglages.LangueCourante), echec.Description(),
                                                    Ports_.Arbre.DonneChemin(reglages.RepertoirePhoto)),
-                                Ports_.Textes.Messages(4), BoutonsBoite::kOk);
+                                Ports_.Textes.Dit(Message::kTitre), BoutonsBoite::kOk);
     return false;
   } catch (...) {
     reglages.RepertoirePhoto = avant;

@@ -1,17 +1,18 @@
-// What a person is told of a folder that cannot be used. By language, as texts/language.h tells.
+// What a person is told of a folder that cannot be used.
 #pragma once
 
 #include <QString>
 
 #include "image/ports/folder_tree.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
 /// One sentence with the folder's name; empty for kBon.
-QString DitEtatDossier(qint32 langue, EtatDossier etat, const QString& dossier);
+QString DitEtatDossier(Langue langue, EtatDossier etat, const QString& dossier);
 /// The same, and which folder the photos stay in.
-QString DitDossierRefuse(qint32 langue, EtatDossier etat, const QString& dossier, const QString& garde);
+QString DitDossierRefuse(Langue langue, EtatDossier etat, const QString& dossier, const QString& garde);
 /// Why the choice of a folder could not be saved (`raison`, one sentence), and which folder the photos stay in.
-QString DitDossierNonSauve(qint32 langue, const QString& raison, const QString& garde);
+QString DitDossierNonSauve(Langue langue, const QString& raison, const QString& garde);
 
 }  // namespace vaktor

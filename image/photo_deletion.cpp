@@ -4,6 +4,7 @@
 
 #include "image/gallery_words.h"
 #include "image/photo_gallery.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -44,11 +45,11 @@ bool GaleriePhotos::DemandeAccord(const QStringList& voulues) {
   const TablesTextes& textes = Ports_.Textes;
   const bool toutes = EnCours_->Quoi == Genre::kEffacementToutes;
   const QString question =
-      toutes ? textes.Messages(14)
-             : textes.Messages(22) + QStringLiteral("\r\n\"") + voulues.first() + QStringLiteral("\" ?");
+      toutes ? textes.Dit(Message::kEffaceTout)
+             : textes.Dit(Message::kEffacePhoto) + QStringLiteral("\r\n\"") + voulues.first() + QStringLiteral("\" ?");
   EnQuestion_ = true;
-  const ReponseBoite reponse =
-      Ports_.Boites.MontreMessage(question, toutes ? textes.Messages(15) : QString(), BoutonsBoite::kOuiNon);
+  const ReponseBoite reponse = Ports_.Boites.MontreMessage(
+      question, toutes ? textes.Dit(Message::kTitreEffaceTout) : QString(), BoutonsBoite::kOuiNon);
   EnQuestion_ = false;
   return reponse == ReponseBoite::kOui;
 }
@@ -89,7 +90,8 @@ void GaleriePhotos::ArreteEffacement(EtatEffacement etat) {
   EnCours_->Voulues.resize(EnCours_->Essayees);
   if (const auto fin = std::exchange(EnCours_->Fin, nullptr)) fin();
   RelitApresEffacement(true);
-  if (!restees.isEmpty()) AnnonceBoite(DitEffacementArrete(Ports_.Reglages.LangueCourante, etat, restees));
+  if (!restees.isEmpty())
+    AnnonceBoite(DitEffacementArrete(LangueParlee(Ports_.Reglages.LangueCourante), etat, restees));
 }
 
 // The picture of a single photo stays on display until another is shown.
@@ -119,12 +121,12 @@ void GaleriePhotos::AnnonceRestees(const QStringList& voulues) {
   for (const QString& entree : voulues) {
     if (listees.remove(entree)) restees += entree;  // once, also when it was tried twice
   }
-  if (!restees.isEmpty()) AnnonceBoite(DitPhotosRestees(Ports_.Reglages.LangueCourante, restees));
+  if (!restees.isEmpty()) AnnonceBoite(DitPhotosRestees(LangueParlee(Ports_.Reglages.LangueCourante), restees));
 }
 
 void GaleriePhotos::AnnonceBoite(const QString& message) {
   if (Ports_.Etat.EnFermeture) return;
-  Ports_.Boites.MontreMessage(message, Ports_.Textes.Messages(4), BoutonsBoite::kOk);
+  Ports_.Boites.MontreMessage(message, Ports_.Textes.Dit(Message::kTitre), BoutonsBoite::kOk);
 }
 
 }  // namespace vaktor

@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "image/gallery_words.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 GaleriePhotos::GaleriePhotos(const PortsGalerie& ports) : Ports_(ports) {}
@@ -13,7 +14,7 @@ GaleriePhotos::GaleriePhotos(const PortsGalerie& ports) : Ports_(ports) {}
 void GaleriePhotos::DitListeVide() {
   if (Place_ == Place::kVide && Entrees_.isEmpty()) {
     Place_ = Place::kAucunePhoto;
-    Affichage_->MontreAvis(AvisAucunePhoto(Ports_.Reglages.LangueCourante));
+    Affichage_->MontreAvis(AvisAucunePhoto(LangueParlee(Ports_.Reglages.LangueCourante)));
   } else if (Place_ == Place::kAucunePhoto && !Entrees_.isEmpty()) {
     Place_ = Place::kVide;
     Affichage_->MontrePhoto({});
@@ -21,7 +22,7 @@ void GaleriePhotos::DitListeVide() {
 }
 
 void GaleriePhotos::RedisAvis() {
-  const qint32 langue = Ports_.Reglages.LangueCourante;
+  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
   if (Place_ == Place::kAucunePhoto) Affichage_->MontreAvis(AvisAucunePhoto(langue));
   if (Place_ == Place::kPhoto) Affichage_->MontreMention(AvisDommage(langue, Defaut_));
   if (Place_ == Place::kAvis) Affichage_->MontreAvis(AvisPhoto(langue, EtatAvis_, NomAvis_));
@@ -31,9 +32,8 @@ void GaleriePhotos::RedisAvis() {
 void GaleriePhotos::OuvreRepertoire() const { Ports_.Bureau.OuvreDossier(Ports_.Reglages.RepertoirePhoto + u'\\'); }
 
 void GaleriePhotos::AfficheNombrePhotos() {
-  // "Intrusions : " is the same word in both languages.
-  Affichage_->MontreTitre(QStringLiteral("Intrusions : ") + QString::number(Entrees_.size()) +
-                          Ports_.Textes.Texte(103));
+  Affichage_->MontreTitre(Phrase{"Intrusions : ", "Intrusions : "}.Dit(LangueParlee(Ports_.Reglages.LangueCourante)) +
+                          QString::number(Entrees_.size()) + Ports_.Textes.Dit(Libelle::kPhotos));
 }
 
 void GaleriePhotos::Clique() {
@@ -136,7 +136,7 @@ bool GaleriePhotos::DitDeLaPhoto(EtatPhoto etat) {
 
 void GaleriePhotos::ExigeMontrable(const PhotoLue& lue, const QString& entree) const {
   if (!DitDeLaPhoto(lue.Etat)) return;
-  throw Echec(kFichierIntrouvable, DitPhotoImpossible(Ports_.Reglages.LangueCourante, lue.Etat, entree));
+  throw Echec(kFichierIntrouvable, DitPhotoImpossible(LangueParlee(Ports_.Reglages.LangueCourante), lue.Etat, entree));
 }
 
 void GaleriePhotos::DitPhoto(const PhotoLue& lue, const QString& entree) {
@@ -145,14 +145,14 @@ void GaleriePhotos::DitPhoto(const PhotoLue& lue, const QString& entree) {
     Defaut_ = lue.Defaut;
     Affichage_->MontrePhoto(lue.Image);
     if (Defaut_ != Dommage::kAucun) {
-      Affichage_->MontreMention(AvisDommage(Ports_.Reglages.LangueCourante, Defaut_));
+      Affichage_->MontreMention(AvisDommage(LangueParlee(Ports_.Reglages.LangueCourante), Defaut_));
     }
     return;
   }
   Place_ = Place::kAvis;
   EtatAvis_ = lue.Etat;
   NomAvis_ = entree;
-  Affichage_->MontreAvis(AvisPhoto(Ports_.Reglages.LangueCourante, EtatAvis_, NomAvis_));
+  Affichage_->MontreAvis(AvisPhoto(LangueParlee(Ports_.Reglages.LangueCourante), EtatAvis_, NomAvis_));
 }
 
 // Empty for a name with "\" in it, which a file can have here: in a stored path it would part folders, and another file

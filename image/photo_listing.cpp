@@ -5,6 +5,7 @@
 #include "base/failure.h"
 #include "image/gallery_words.h"
 #include "image/photo_gallery.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -80,7 +81,7 @@ void GaleriePhotos::Patiente() {
   Place_ = Place::kSansReponse;
   NomAvis_ = EnCours_->Dossier;
   QuitteListe();
-  Affichage_->MontreAvis(AvisSansReponse(Ports_.Reglages.LangueCourante, NomAvis_));
+  Affichage_->MontreAvis(AvisSansReponse(LangueParlee(Ports_.Reglages.LangueCourante), NomAvis_));
   if (quoi != Genre::kRepointage) Affichage_->MontreFenetre();
   AfficheNombrePhotos();
 }
@@ -210,7 +211,7 @@ void GaleriePhotos::AcheveLecture(EtatNoms etat, const std::function<void()>& ex
 
 void GaleriePhotos::ExigeLecture(const QString& dossier, EtatNoms etat) const {
   if (etat == EtatNoms::kLus) return;
-  throw Echec(kFichierIntrouvable, DitLectureImpossible(Ports_.Reglages.LangueCourante, etat, dossier));
+  throw Echec(kFichierIntrouvable, DitLectureImpossible(LangueParlee(Ports_.Reglages.LangueCourante), etat, dossier));
 }
 
 // A folder that may not be read is as good as gone: taken for an empty one, it would hide the user's photos.

@@ -6,6 +6,7 @@
 #include "base/numbers.h"
 #include "image/free_space.h"
 #include "image/photo_words.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -62,7 +63,7 @@ void EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, 
   try {
     EcritNouvelle(dossier + u'/' + nom, qualite);
   } catch (const Echec& echec) {
-    panne.Note(tic, dossier, DitPannePhotos(Ports_.Reglages.LangueCourante, dossier, echec));
+    panne.Note(tic, dossier, DitPannePhotos(LangueParlee(Ports_.Reglages.LangueCourante), dossier, echec));
     SignalePannes();
     if (PannePhoto_.Installee(tic) || PanneLive_.Installee(tic)) return;
     throw;
@@ -112,7 +113,7 @@ void EnregistreurPhotos::RevoitPannes(bool alarmeArmee) {
 
 void EnregistreurPhotos::NotePerte(const PerteVidage& perte) {
   const qint32 tic = Ports_.Temps.CompteTics();
-  Perte_ = Perte{tic, DitPertePhotos(Ports_.Reglages.LangueCourante, perte.Dossier, perte.Erreur)};
+  Perte_ = Perte{tic, DitPertePhotos(LangueParlee(Ports_.Reglages.LangueCourante), perte.Dossier, perte.Erreur)};
   SignalePannes();
 }
 

@@ -4,45 +4,41 @@
 #include <system_error>
 
 #include "image/jpeg_writer.h"
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 namespace {
 
-QString Choisit(qint32 langue, const char* francais, const char* anglais) {
-  return ChoisitLangue(langue, QString::fromUtf8(francais), QString::fromUtf8(anglais));
-}
-
-QString DitErreur(qint32 langue, int erreur) {
+QString DitErreur(Langue langue, int erreur) {
   switch (erreur) {
     case ENOSPC:
     case EDQUOT:
-      return Choisit(langue, "le disque est plein", "the disk is full");
+      return Phrase{"le disque est plein", "the disk is full"}.Dit(langue);
     case ENOENT:
     case ENOTDIR:
-      return Choisit(langue, "le dossier n'existe plus", "the folder is not there any more");
+      return Phrase{"le dossier n'existe plus", "the folder is not there any more"}.Dit(langue);
     case EACCES:
     case EPERM:
-      return Choisit(langue, "l'accès est refusé", "access is refused");
+      return Phrase{"l'accès est refusé", "access is refused"}.Dit(langue);
     case EROFS:
-      return Choisit(langue, "le disque est protégé en écriture", "the disk can only be read");
+      return Phrase{"le disque est protégé en écriture", "the disk can only be read"}.Dit(langue);
     case ETIMEDOUT:
-      return Choisit(langue, "le disque ne répond pas", "the disk does not answer");
+      return Phrase{"le disque ne répond pas", "the disk does not answer"}.Dit(langue);
     default:
-      return Choisit(langue, "le disque a répondu « %1 »", "the disk answered \"%1\"")
-          .arg(QString::fromStdString(std::generic_category().message(erreur)));
+      return Phrase{"le disque a répondu « %1 »", "the disk answered \"%1\""}.Dit(
+          langue, QString::fromStdString(std::generic_category().message(erreur)));
   }
 }
 
-QString DitRaison(qint32 langue, const Echec& echec) {
+QString DitRaison(Langue langue, const Echec& echec) {
   const auto* jpeg = dynamic_cast<const EchecJpeg*>(&echec);
   if (jpeg == nullptr) return echec.Description();
   if (jpeg->Erreur() != 0) return DitErreur(langue, jpeg->Erreur());
   if (jpeg->Statut() == StatutJpeg::kMemoireEpuisee) {
-    return Choisit(langue, "la mémoire manque", "there is not enough memory");
+    return Phrase{"la mémoire manque", "there is not enough memory"}.Dit(langue);
   }
-  return Choisit(langue, "l'image n'a pas pu être codée (%1)", "the picture could not be encoded (%1)")
-      .arg(static_cast<qint32>(jpeg->Statut()));
+  return Phrase{"l'image n'a pas pu être codée (%1)", "the picture could not be encoded (%1)"}.Dit(
+      langue, QString::number(static_cast<qint32>(jpeg->Statut())));
 }
 
 }  // namespace
@@ -53,15 +49,15 @@ QString DitDossier(const QString& dossier) {
   return lisible.replace(u'\\', u'/');
 }
 
-QString DitPannePhotos(qint32 langue, const QString& dossier, const Echec& echec) {
+QString DitPannePhotos(Langue langue, const QString& dossier, const Echec& echec) {
   // In one call: a folder's name may itself hold "%2".
-  return Choisit(langue, "%1 : %2", "%1: %2").arg(DitDossier(dossier), DitRaison(langue, echec));
+  return Phrase{"%1 : %2", "%1: %2"}.Dit(langue, DitDossier(dossier), DitRaison(langue, echec));
 }
 
-QString DitPertePhotos(qint32 langue, const QString& dossier, int erreur) {
-  return Choisit(langue, "%1 : les dernières photos n'ont pas atteint le disque, %2",
-                 "%1: the last photos did not reach the disk, %2")
-      .arg(DitDossier(dossier), DitErreur(langue, erreur));
+QString DitPertePhotos(Langue langue, const QString& dossier, int erreur) {
+  return Phrase{"%1 : les dernières photos n'ont pas atteint le disque, %2",
+                "%1: the last photos did not reach the disk, %2"}
+      .Dit(langue, DitDossier(dossier), DitErreur(langue, erreur));
 }
 
 }  // namespace vaktor

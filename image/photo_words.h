@@ -1,16 +1,17 @@
-// Why photos cannot be written, for the list of what is wrong. By language: 1 English, any other number French.
+// Why photos cannot be written, for the list of what is wrong.
 #pragma once
 
 #include <QString>
 
 #include "base/failure.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
 /// "/home/anna/photos: the disk is full". The folder comes in its stored form.
-QString DitPannePhotos(qint32 langue, const QString& dossier, const Echec& echec);
+QString DitPannePhotos(Langue langue, const QString& dossier, const Echec& echec);
 /// The same of photos that were written and then lost on their way to the disk, with the system's error number.
-QString DitPertePhotos(qint32 langue, const QString& dossier, int erreur);
+QString DitPertePhotos(Langue langue, const QString& dossier, int erreur);
 /// A folder of its stored form as people read it.
 QString DitDossier(const QString& dossier);
 

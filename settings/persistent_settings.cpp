@@ -7,10 +7,25 @@
 #include "base/failure.h"
 #include "base/numbers.h"
 #include "settings/settings_failures.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
 using C = ControleParametre;
+
+namespace {
+
+// From the store, not from Parametres: the very first value may be the damaged one, before the language is loaded.
+Langue LangueDuMagasin(MagasinReglages& magasin) {
+  try {
+    return LangueParlee(
+        TexteEnEntier(magasin.LitReglage(QStringLiteral("general"), QStringLiteral("langue"), QStringLiteral("0"))));
+  } catch (const Echec&) {
+    return Langue::kFrancais;
+  }
+}
+
+}  // namespace
 
 ReglagesPersistants::ReglagesPersistants(LiensReglages liens) : Liens_(std::move(liens)) {}
 
@@ -41,8 +56,8 @@ void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
   try {
     LitValeur(ligne, texte, Liens_.Valeurs);
   } catch (const Echec& echec) {
-    throw Echec(echec.Numero(),
-                DitReglageImpossible(LangueDuMagasin(), NomReglage(ligne), texte, Liens_.Magasin.Emplacement()));
+    throw Echec(echec.Numero(), DitReglageImpossible(LangueDuMagasin(Liens_.Magasin), NomReglage(ligne), texte,
+                                                     Liens_.Magasin.Emplacement()));
   }
 }
 
@@ -55,8 +70,8 @@ void ReglagesPersistants::RepareRepertoirePhoto(const LigneReglage& ligne) {
   if (Liens_.Disque.Regarde(repertoire) != Presence::kAbsent) return;
   const QString dossier = DefautReglage(ligne, Liens_.DossierProgramme);
   if (Liens_.Disque.Regarde(dossier) == Presence::kAbsent && !Liens_.Disque.CreeDossier(dossier)) {
-    throw Echec(kFichierIntrouvable,
-                DitDossierPhotoImpossible(Liens_.Valeurs.LangueCourante, NomReglage(ligne), repertoire, dossier));
+    throw Echec(kFichierIntrouvable, DitDossierPhotoImpossible(LangueParlee(Liens_.Valeurs.LangueCourante),
+                                                               NomReglage(ligne), repertoire, dossier));
   }
   repertoire = dossier;
   Liens_.Magasin.EcritReglage(QLatin1StringView(ligne.Section), QLatin1StringView(ligne.Cle), repertoire);
@@ -122,18 +137,8 @@ void ReglagesPersistants::VideMagasin() {
     // The message that follows is read once and gone, or nobody is there to read it: what was not saved stays told
     // until a save succeeds.
     Liens_.Sante.Signale(Condition::kReglagesNonSauves, echec.Description());
-    throw Echec(echec.Numero(), DitSauvegardeImpossible(Liens_.Valeurs.LangueCourante, echec.Description()));
-  }
-}
-
-// From the store, not from Parametres: the very first value may be the damaged one, before the language is loaded.
-qint32 ReglagesPersistants::LangueDuMagasin() const {
-  constexpr qint32 kFrancais = 0;  // as for every language that is not known
-  try {
-    return TexteEnEntier(
-        Liens_.Magasin.LitReglage(QStringLiteral("general"), QStringLiteral("langue"), QStringLiteral("0")));
-  } catch (const Echec&) {
-    return kFrancais;
+    throw Echec(echec.Numero(),
+                DitSauvegardeImpossible(LangueParlee(Liens_.Valeurs.LangueCourante), echec.Description()));
   }
 }
 

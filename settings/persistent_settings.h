@@ -60,7 +60,6 @@ class ReglagesPersistants : public SauvegardeParametres {
   void MontreFinChargement(AffichageParametres& affichage);
   void MontreIntervalle(AffichageParametres& affichage);
   void VideMagasin();
-  qint32 LangueDuMagasin() const;
 
   /// How far the load has come.
   enum class Etape {

@@ -1,6 +1,6 @@
 #include "settings/settings_failures.h"
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 namespace {
@@ -19,30 +19,24 @@ QString RaccourcitValeur(const QString& valeur) {
 
 }  // namespace
 
-QString DitReglageImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& emplacement) {
-  const QString montre = RaccourcitValeur(valeur);
-  return ChoisitLangue(langue,
-                       QStringLiteral("Le paramètre %1 contient « %2 », ce qui n'est pas possible. "
-                                      "Corrigez ou supprimez cette ligne dans %3, puis relancez Vaktor.")
-                           .arg(nom, montre, emplacement),
-                       QStringLiteral("The setting %1 holds \"%2\", which is not possible. "
-                                      "Correct or remove this line in %3, then start Vaktor again.")
-                           .arg(nom, montre, emplacement));
+QString DitReglageImpossible(Langue langue, const QString& nom, const QString& valeur, const QString& emplacement) {
+  return Phrase{
+      "Le paramètre %1 contient « %2 », ce qui n'est pas possible. "
+      "Corrigez ou supprimez cette ligne dans %3, puis relancez Vaktor.",
+      "The setting %1 holds \"%2\", which is not possible. "
+      "Correct or remove this line in %3, then start Vaktor again."}
+      .Dit(langue, nom, RaccourcitValeur(valeur), emplacement);
 }
 
-QString DitDossierPhotoImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& dossier) {
-  const QString montre = RaccourcitValeur(valeur);
-  return ChoisitLangue(
-      langue,
-      QStringLiteral("Le dossier des photos « %2 » (paramètre %1) n'existe pas, et « %3 » n'a pas pu être créé.")
-          .arg(nom, montre, dossier),
-      QStringLiteral("The photo folder \"%2\" (setting %1) does not exist, and \"%3\" could not be made.")
-          .arg(nom, montre, dossier));
+QString DitDossierPhotoImpossible(Langue langue, const QString& nom, const QString& valeur, const QString& dossier) {
+  return Phrase{"Le dossier des photos « %2 » (paramètre %1) n'existe pas, et « %3 » n'a pas pu être créé.",
+                "The photo folder \"%2\" (setting %1) does not exist, and \"%3\" could not be made."}
+      .Dit(langue, nom, RaccourcitValeur(valeur), dossier);
 }
 
-QString DitSauvegardeImpossible(qint32 langue, const QString& raison) {
-  return ChoisitLangue(langue, QStringLiteral("Les paramètres n'ont pas pu être enregistrés (%1).").arg(raison),
-                       QStringLiteral("The settings could not be saved (%1).").arg(raison));
+QString DitSauvegardeImpossible(Langue langue, const QString& raison) {
+  return Phrase{"Les paramètres n'ont pas pu être enregistrés (%1).", "The settings could not be saved (%1)."}.Dit(
+      langue, raison);
 }
 
 }  // namespace vaktor

@@ -3,17 +3,17 @@
 
 #include <QString>
 
+#include "texts/language.h"
+
 namespace vaktor {
 
-// By language, as texts/language.h tells.
-
 /// A stored value that is not possible; names key ("section/key"), value (shortened) and where it lies.
-QString DitReglageImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& emplacement);
+QString DitReglageImpossible(Langue langue, const QString& nom, const QString& valeur, const QString& emplacement);
 
 /// The photo folder that is neither there nor can be made; `valeur` is the folder that was stored.
-QString DitDossierPhotoImpossible(qint32 langue, const QString& nom, const QString& valeur, const QString& dossier);
+QString DitDossierPhotoImpossible(Langue langue, const QString& nom, const QString& valeur, const QString& dossier);
 
 /// The store could not be written; `raison` is what the system says.
-QString DitSauvegardeImpossible(qint32 langue, const QString& raison);
+QString DitSauvegardeImpossible(Langue langue, const QString& raison);
 
 }  // namespace vaktor

@@ -2,22 +2,25 @@
 #pragma once
 
 #include <span>
-#include <string_view>
+
+#include "texts/phrase.h"
+#include "texts/text_names.h"
 
 namespace vaktor {
 
-/// One row: its number and its text in both languages. A line break in a text is CR LF.
+/// One row. A line break in a text is CR LF.
+template <typename Nom>
 struct LigneTexte {
-  int Numero;
-  std::u16string_view Francais;
-  std::u16string_view Anglais;
+  Nom Lequel;
+  Phrase Mots;
 };
 
-/// Each table by rising number, numbers with gaps.
-std::span<const LigneTexte> LignesTexte();
-std::span<const LigneTexte> LignesAide();
-std::span<const LigneTexte> LignesMessages();
-std::span<const LigneTexte> LignesLibelleBouton();
-std::span<const LigneTexte> LignesLibelleBoutonGris();
+/// The table that a name belongs to, by rising number.
+std::span<const LigneTexte<Libelle>> LignesDe(Libelle);
+std::span<const LigneTexte<Aide>> LignesDe(Aide);
+std::span<const LigneTexte<Message>> LignesDe(Message);
+/// By the index of the button.
+std::span<const Phrase> LignesLibelleBouton();
+std::span<const Phrase> LignesLibelleBoutonGris();
 
 }  // namespace vaktor

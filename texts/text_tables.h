@@ -1,25 +1,31 @@
-// All words of the program by table, number and language. Data only: who shows which word is told by the forms.
+// The numbered texts in the language of the moment. Data only: who shows which word is told by the forms.
 #pragma once
 
 #include <QString>
+#include <optional>
+
+#include "texts/language.h"
+#include "texts/text_names.h"
 
 namespace vaktor {
 
-/// The five tables of the current language. Owner: app/ makes one; forms read it. Numbers have gaps; a number without
-/// a row gives the empty text.
+/// The five tables of the current language. Owner: app/ makes one; forms read it. All texts are empty before the first
+/// filling.
 class TablesTextes {
  public:
-  /// Fills all tables: 0 French, 1 English. Any other language fills nothing and leaves what the tables hold.
-  void Remplit(qint32 langue);
+  /// Fills all tables. No language, from a damaged setting, fills nothing and leaves what the tables hold.
+  void Remplit(std::optional<Langue> langue);
+  /// Of the last filling that had one, for words that stand in no table; French before the first.
+  Langue Parlee() const { return Langue_.value_or(Langue::kFrancais); }
 
-  QString Texte(int n) const;              ///< captions, list items, status words
-  QString Aide(int n) const;               ///< tooltips
-  QString Messages(int n) const;           ///< texts and titles of message boxes; line breaks are CR LF
+  QString Dit(Libelle texte) const;
+  QString Dit(Aide texte) const;
+  QString Dit(Message texte) const;
   QString LibelleBouton(int i) const;      ///< faces of Bouton, 0 to 7; 7 is Bouton(0) while the camera runs
   QString LibelleBoutonGris(int i) const;  ///< faces of BoutonGris, 0 to 8
 
  private:
-  int Colonne_ = -1;  // -1: nothing filled yet, all texts are empty
+  std::optional<Langue> Langue_;
 };
 
 }  // namespace vaktor

@@ -6,6 +6,7 @@
 
 #include "companions/forms/form_look.h"
 #include "companions/rehearsal_words.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -23,7 +24,7 @@ FrmEssaiFtp::FrmEssaiFtp(PortsFrmEssaiFtp ports) : Ports_(std::move(ports)) {
   Panneau_->setFixedWidth(kLargeurForme - 2 * kMargeForme);
 }
 
-void FrmEssaiFtp::EcritMots(qint32 langue) {
+void FrmEssaiFtp::EcritMots(Langue langue) {
   setWindowTitle(TitreEssaiFtp(langue));
   CmdFermer_->setText(MotFermer(langue));
   Panneau_->EcritMots(DonneMotsEssaiFtp(langue), InviteEssaiFtp(langue, Ports_.Serveur()));

@@ -6,6 +6,7 @@
 #include <functional>
 
 #include "companions/forms/rehearsal_panel.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -25,7 +26,7 @@ class FrmEssaiFtp : public QWidget {
   explicit FrmEssaiFtp(PortsFrmEssaiFtp ports);
 
   /// The words of a language.
-  void EcritMots(qint32 langue);
+  void EcritMots(Langue langue);
   /// Comes to the front and starts a rehearsal; one that runs goes on.
   void Essaie();
 

@@ -7,12 +7,13 @@
 #include "base/typed_text.h"
 #include "companions/forms/form_look.h"
 #include "companions/smtp_words.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
 namespace {
 
-constexpr int kDemandeAdresse = 189;
+constexpr Libelle kDemandeAdresse = Libelle::kMailDestination;
 
 }  // namespace
 
@@ -119,7 +120,7 @@ TextesSmtp FrmSmtp::LitTextes() const {
 // The field of the main window may show its prompt, which is no address.
 QString FrmSmtp::DonneDestination() const {
   const QString& destination = Ports_.Reglages.MailDestination;
-  return destination == Ports_.Textes.Texte(kDemandeAdresse) ? QString() : destination;
+  return destination == Ports_.Textes.Dit(kDemandeAdresse) ? QString() : destination;
 }
 
 void FrmSmtp::keyPressEvent(QKeyEvent* evenement) {
@@ -134,7 +135,7 @@ void FrmSmtp::keyPressEvent(QKeyEvent* evenement) {
 void FrmSmtp::changeEvent(QEvent* evenement) {
   QWidget::changeEvent(evenement);
   if (evenement->type() == QEvent::ActivationChange && isActiveWindow())
-    Panneau_->MontreInvite(InviteEssaiMail(Ports_.Reglages.LangueCourante, DonneDestination()));
+    Panneau_->MontreInvite(InviteEssaiMail(LangueParlee(Ports_.Reglages.LangueCourante), DonneDestination()));
 }
 
 void FrmSmtp::closeEvent(QCloseEvent* evenement) {
@@ -161,8 +162,8 @@ bool FrmSmtp::PeutFermer() {
 
 bool FrmSmtp::AccepteSansServeur() {
   if (!ManqueServeur(LitTextes())) return true;
-  const ReponseBoite reponse =
-      Ports_.Boites.MontreMessage(Ports_.Textes.Messages(24), Ports_.Textes.Messages(4), BoutonsBoite::kOuiNon);
+  const ReponseBoite reponse = Ports_.Boites.MontreMessage(Ports_.Textes.Dit(Message::kMessagerieManque),
+                                                           Ports_.Textes.Dit(Message::kTitre), BoutonsBoite::kOuiNon);
   if (reponse != ReponseBoite::kOui) return false;
   Ports_.Reglages.SmtpActif = false;
   Ports_.Reglages.SmtpNeedLogin = false;
@@ -174,8 +175,8 @@ bool FrmSmtp::AccepteSansServeur() {
 // without a login: a box that was closed without an answer leaves everything as it is, and the form open.
 bool FrmSmtp::AccepteSansConnexion() {
   if (!Ports_.Reglages.SmtpNeedLogin || !ManqueConnexion(LitTextes())) return true;
-  const ReponseBoite reponse =
-      Ports_.Boites.MontreMessage(Ports_.Textes.Messages(25), Ports_.Textes.Messages(4), BoutonsBoite::kOuiNon);
+  const ReponseBoite reponse = Ports_.Boites.MontreMessage(Ports_.Textes.Dit(Message::kAccesIncomplet),
+                                                           Ports_.Textes.Dit(Message::kTitre), BoutonsBoite::kOuiNon);
   if (reponse != ReponseBoite::kNon) return false;
   Ports_.Reglages.SmtpNeedLogin = false;
   ActiveChampsSmtp();
@@ -184,7 +185,7 @@ bool FrmSmtp::AccepteSansConnexion() {
 
 // The addresses, as words: what stands behind one of them has a language.
 void FrmSmtp::EcritComptes() {
-  const qint32 langue = Ports_.Reglages.LangueCourante;
+  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
   QComboBox& liste = *Controles_.CmbComptes;
   for (int i = 0; i < liste.count(); ++i) {
     const CompteMail& compte = *Ports_.Comptes.Cases.at(static_cast<std::size_t>(i));
@@ -195,46 +196,47 @@ void FrmSmtp::EcritComptes() {
 
 // In the empty field, where it is in the way of nothing, and gone with the first letter.
 void FrmSmtp::MontreOAuth2() {
-  const qint32 langue = Ports_.Reglages.LangueCourante;
+  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
   const bool oauth2 = SontDUnCompteOAuth2(Ports_.Reglages, Ports_.Comptes);
   Controles_.TxtSMTPpass->setPlaceholderText(oauth2 ? InviteOAuth2(langue) : QString());
-  Controles_.TxtSMTPpass->setToolTip(oauth2 ? AideOAuth2(langue) : Ports_.Textes.Texte(154));
+  Controles_.TxtSMTPpass->setToolTip(oauth2 ? AideOAuth2(langue) : Ports_.Textes.Dit(Libelle::kMotDePasseSmtp));
 }
 
 void FrmSmtp::EcritMots() {
   const TablesTextes& t = Ports_.Textes;
   const ControlesSmtp& c = Controles_;
-  c.ChkMailWinsock->setToolTip(t.Aide(149));
+  c.ChkMailWinsock->setToolTip(t.Dit(Aide::kLogicielMessagerie));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPadresse), static_cast<QWidget*>(c.TxtSMTP)})
-    controle->setToolTip(t.Aide(150));
+    controle->setToolTip(t.Dit(Aide::kAdresseSmtp));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblFrom), static_cast<QWidget*>(c.TxtFrom)})
-    controle->setToolTip(t.Aide(151));
+    controle->setToolTip(t.Dit(Aide::kAdresseEMail));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPport), static_cast<QWidget*>(c.TextPort)})
-    controle->setToolTip(t.Aide(229));
-  c.TxtSMTPuser->setToolTip(t.Texte(153));  // this one and the password have no row among the tool tips
+    controle->setToolTip(t.Dit(Aide::kPortSmtp));
+  c.TxtSMTPuser->setToolTip(
+      t.Dit(Libelle::kUtilisateurSmtp));  // this one and the password have no row among the tool tips
   MontreOAuth2();
   struct Ligne {
-    int Numero;
+    Libelle Mots;
     QLabel* Etiquette;
     QWidget* Voisin;  // named like its label, for those who hear the form
   };
-  const Ligne lignes[] = {{149, c.LblMailWinsock, c.ChkMailWinsock},
-                          {150, c.LblSMTPadresse, c.TxtSMTP},
-                          {151, c.LblFrom, c.TxtFrom},
-                          {153, c.LblSMTPuser, c.TxtSMTPuser},
-                          {154, c.LblSMTPass, c.TxtSMTPpass},
-                          {209, c.LblNeedLoginSMTP, c.CheckNeedLoginSMTP},
-                          {229, c.LblSMTPport, c.TextPort}};
+  const Ligne lignes[] = {{Libelle::kLogicielMessagerie, c.LblMailWinsock, c.ChkMailWinsock},
+                          {Libelle::kAdresseSmtp, c.LblSMTPadresse, c.TxtSMTP},
+                          {Libelle::kAdresseEMail, c.LblFrom, c.TxtFrom},
+                          {Libelle::kUtilisateurSmtp, c.LblSMTPuser, c.TxtSMTPuser},
+                          {Libelle::kMotDePasseSmtp, c.LblSMTPass, c.TxtSMTPpass},
+                          {Libelle::kSmtpAvecMotDePasse, c.LblNeedLoginSMTP, c.CheckNeedLoginSMTP},
+                          {Libelle::kPortSmtp, c.LblSMTPport, c.TextPort}};
   for (const Ligne& ligne : lignes) {
-    ligne.Etiquette->setText(t.Texte(ligne.Numero));
-    ligne.Voisin->setAccessibleName(t.Texte(ligne.Numero));
+    ligne.Etiquette->setText(t.Dit(ligne.Mots));
+    ligne.Voisin->setAccessibleName(t.Dit(ligne.Mots));
   }
   EcritComptes();
   // The shown text is no selection: picking any entry is a choice.
-  c.CmbComptes->setPlaceholderText(t.Texte(210));
+  c.CmbComptes->setPlaceholderText(t.Dit(Libelle::kChoisitCompte));
   c.CmbComptes->setCurrentIndex(-1);
-  c.CmbComptes->setAccessibleName(t.Texte(210));
-  const qint32 langue = Ports_.Reglages.LangueCourante;
+  c.CmbComptes->setAccessibleName(t.Dit(Libelle::kChoisitCompte));
+  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
   Panneau_->EcritMots(DonneMotsEssaiMail(langue), InviteEssaiMail(langue, DonneDestination()));
 }
 

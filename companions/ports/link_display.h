@@ -2,7 +2,8 @@
 // and the message about the camera are shown through the engine's AffichageSurveillance, which has them already.
 #pragma once
 
-#include <QString>
+#include "texts/phrase.h"
+#include "texts/text_names.h"
 
 namespace vaktor {
 
@@ -13,12 +14,12 @@ enum class ChampLiaison { kTxtFtp, kTxtFTPracine, kTxtUserName, kTxtPass };
 class AffichageLiaison {
  public:
   virtual ~AffichageLiaison() = default;
-  virtual void MontreStatut(int numero) = 0;                    ///< LblDebugftp: Texte(numero)
-  virtual void MontreStatutLitteral(const QString& texte) = 0;  ///< LblDebugftp: the same word in both languages
+  virtual void MontreStatut(Libelle statut) = 0;                ///< LblDebugftp
+  virtual void MontreStatutLitteral(const Phrase& statut) = 0;  ///< LblDebugftp: one that no table holds
   virtual void RougitChamp(
       ChampLiaison champ) = 0;       ///< text colour 255, red; the field turns black again by itself when clicked
   virtual void MontrePageFtp() = 0;  ///< PictPage(2) to the front
-  /// Message box with OK and Cancel, Messages(9), title Messages(2). True for OK.
+  /// Message box with OK and Cancel, Message::kSiteIncomplet, title Message::kTitreManque. True for OK.
   virtual bool DemandeParametresSite() = 0;
 };
 

@@ -9,8 +9,8 @@ namespace vaktor {
 /// What the status line of the alarm, LblDebugAlarm, tells.
 enum class LibelleAlarme {
   kIntrusion,  ///< "Intrusion", pure red
-  kActive,     ///< Texte(170), dark grey
-  kInactive    ///< Texte(169), dark grey
+  kActive,     ///< Libelle::kAlarmeActive, dark grey
+  kInactive    ///< Libelle::kAlarmeInactive, dark grey
 };
 
 /// The three bitmaps of a lamp.
@@ -35,9 +35,9 @@ class AffichageSurveillance {
 
   // The analysis, once for each new frame.
   virtual void MontreLibelleAlarme(LibelleAlarme libelle) = 0;
-  virtual void NommeAlarmeInactive() = 0;                  ///< Texte(169), colour left alone (camera stopped)
-  virtual void GriseLibelleAlarme() = 0;                   ///< dark grey, caption left alone (countdown running)
-  virtual void MontreCompteARebours(qint32 secondes) = 0;  ///< "Départ dans N sec"
+  virtual void NommeAlarmeInactive() = 0;  ///< Libelle::kAlarmeInactive, colour left alone (camera stopped)
+  virtual void GriseLibelleAlarme() = 0;   ///< dark grey, caption left alone (countdown running)
+  virtual void MontreCompteARebours(qint32 secondes) = 0;                 ///< "Départ dans N sec"
   virtual void MontreCompteurs(qint32 millisecondes, qint32 points) = 0;  ///< LabelTemoin(0) and (1)
   virtual void MontreBarre(qint32 valeur) = 0;  ///< ProgressBar1, already cut to its maximum of 900
 
@@ -57,12 +57,14 @@ class AffichageSurveillance {
   virtual void ActiveBouton(qint32 index, bool actif) = 0;   ///< enabled state of Bouton(1) and Bouton(2)
   virtual void MontreLampeAlarme(Lampe lampe) = 0;           ///< ImageLedAlarme
   virtual void MontreLampeSurveillance(Lampe lampe) = 0;     ///< ImageLedSurveill
-  virtual void MontreSurveillanceInactive() = 0;             ///< LblDebugftp: Texte(34)
+  virtual void MontreSurveillanceInactive() = 0;             ///< LblDebugftp: Libelle::kSurveillanceInactive
   virtual void EcritRetard(qint32 secondes) = 0;             ///< Text1; its change handler runs if the text changes
   virtual void DessineJauge(qint32 valeur, bool haute) = 0;  ///< PictSeuil: bar to `valeur` as passed (it may lie
                                                              ///< outside 0 to 7000000), light red when `haute`
-  virtual void AnnonceCameraIntrouvable() = 0;  ///< message box, Messages(16), title Messages(4); returns on OK
-  virtual void AnnonceCameraInactive() = 0;     ///< message box, Messages(8), title Messages(4); returns on OK
+  virtual void
+  AnnonceCameraIntrouvable() = 0;  ///< message box, Message::kCameraIntrouvable, title Message::kTitre; returns on OK
+  virtual void
+  AnnonceCameraInactive() = 0;  ///< message box, Message::kCameraInactive, title Message::kTitre; returns on OK
 };
 
 }  // namespace vaktor

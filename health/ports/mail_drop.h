@@ -7,19 +7,18 @@
 #include <functional>
 
 #include "health/ports/health_report.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
-/// One mail, in both languages: the companion knows which one it writes in.
+/// One mail, in every language: the companion knows which one it writes in.
 struct CourrielVeille {
   bool Fin = false;  ///< it tells the end of what an earlier one told
   QString Mot;       ///< the condition's stable word ("signal-lost")
   QDateTime Depuis;  ///< local time
   QDateTime Jusqua;  ///< local time; of an end only
-  QString SujetFr;
-  QString SujetEn;
-  QString Francais;
-  QString English;
+  PhraseDite Sujet;
+  PhraseDite Texte;
 };
 
 /// User-interface thread.

@@ -7,6 +7,7 @@
 
 #include "image/gallery_layout.h"
 #include "image/gallery_words.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -98,8 +99,8 @@ void FormVisuPhoto::OuvreMenu(const QPoint& position) {
 }
 
 void FormVisuPhoto::ChargeMots() {
-  PictureAfff_->ChargeMots(Textes_, Reglages_.LangueCourante);
-  Mnu_Supprim_->setText(Textes_.Texte(199));
+  PictureAfff_->ChargeMots(Textes_, LangueParlee(Reglages_.LangueCourante));
+  Mnu_Supprim_->setText(Textes_.Dit(Libelle::kSupprime));
   Regles_.AfficheNombrePhotos();
   Regles_.RedisAvis();
 }
@@ -134,7 +135,7 @@ void FormVisuPhoto::MontreFenetre() {
 }
 
 void FormVisuPhoto::OuvreProgression(int dernier) {
-  Progression_ = std::make_unique<FrmProgression>(this, MotEffacement(Reglages_.LangueCourante), dernier);
+  Progression_ = std::make_unique<FrmProgression>(this, MotEffacement(LangueParlee(Reglages_.LangueCourante)), dernier);
   PictureAfff_->setEnabled(false);  // what the user clicks while events run waits for the true list
   Progression_->move(geometry().center() - Progression_->rect().center());
   Progression_->show();

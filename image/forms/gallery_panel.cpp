@@ -7,6 +7,7 @@
 #include "image/forms/field_font.h"
 #include "image/gallery_layout.h"
 #include "image/gallery_words.h"
+#include "texts/language.h"
 
 // A library's resources are not there by themselves; the call has to stand outside every namespace.
 static void PrepareArtGalerie() { Q_INIT_RESOURCE(gallery_art); }
@@ -81,15 +82,15 @@ void PanneauGalerie::OrdonneClavier() {
   setTabOrder(CmdRefresh, CmdClearRepPhot);
 }
 
-void PanneauGalerie::ChargeMots(const TablesTextes& textes, qint32 langue) {
-  LblPhotoDisc->setText(textes.Texte(10));
-  TxtNbrPhotDisk->setAccessibleName(textes.Texte(10));
-  CmdOpenRepPhot->setText(textes.Texte(99));
-  Command7->setText(textes.Texte(100));
-  CmdRefresh->setText(textes.Texte(101));
-  CmdClearRepPhot->setText(textes.Texte(102));
-  Command7->setToolTip(textes.Aide(13));
-  TxtNbrPhotDisk->setToolTip(textes.Aide(14));
+void PanneauGalerie::ChargeMots(const TablesTextes& textes, Langue langue) {
+  LblPhotoDisc->setText(textes.Dit(Libelle::kPhotosMax));
+  TxtNbrPhotDisk->setAccessibleName(textes.Dit(Libelle::kPhotosMax));
+  CmdOpenRepPhot->setText(textes.Dit(Libelle::kVoitRepertoire));
+  Command7->setText(textes.Dit(Libelle::kChoisitRepertoire));
+  CmdRefresh->setText(textes.Dit(Libelle::kRafraichit));
+  CmdClearRepPhot->setText(textes.Dit(Libelle::kEffacePhotos));
+  Command7->setToolTip(textes.Dit(Aide::kChoisitRepertoire));
+  TxtNbrPhotDisk->setToolTip(textes.Dit(Aide::kPhotosMax));
   FilePhotoVisu->setAccessibleName(MotListePhotos(langue));
 }
 

@@ -21,7 +21,7 @@ class PanneauGalerie : public QWidget {
 
  public:
   explicit PanneauGalerie(QWidget* parent);
-  void ChargeMots(const TablesTextes& textes, qint32 langue);
+  void ChargeMots(const TablesTextes& textes, Langue langue);
   void PrepareFond();  ///< what painting would otherwise load
   /// Writes a text if it differs; the cursor stays behind the same characters, counted from the end.
   void EcritLimite(const QString& limite);

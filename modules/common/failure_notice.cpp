@@ -40,9 +40,9 @@ void EtatModule::Change(const QString& etat, const AvisEchec& avis) {
   Constat_ = {{QStringLiteral("state"), etat},
               {QStringLiteral("since"), DonneDate()},
               {QStringLiteral("subject"), avis.Sujet},
-              {QStringLiteral("server"), NettoieLigne(avis.MotsServeur, Secrets_)},
-              {QStringLiteral("fr"), NettoieLigne(avis.Francais, Secrets_)},
-              {QStringLiteral("en"), NettoieLigne(avis.English, Secrets_)}};
+              {QStringLiteral("server"), NettoieLigne(avis.MotsServeur, Secrets_)}};
+  for (const Langue langue : kLangues)
+    Constat_.insert(kCodesLangues.Dit(langue), NettoieLigne(avis.Mots.Dit(langue), Secrets_));
   Ecrit();
 }
 
@@ -52,8 +52,10 @@ bool EtatModule::RelitAncien() {
   const QJsonObject ancien = QJsonDocument::fromJson(octets).object();
   const QString etat = ancien.value(QStringLiteral("state")).toString();
   if (etat != QLatin1String("ok") && etat != QLatin1String("failure")) return false;
-  for (const char* champ : {"state", "since", "subject", "server", "fr", "en"})
+  for (const char* champ : {"state", "since", "subject", "server"})
     Constat_.insert(QLatin1String(champ), ancien.value(QLatin1String(champ)).toString());
+  for (const Langue langue : kLangues)
+    Constat_.insert(kCodesLangues.Dit(langue), ancien.value(kCodesLangues.Dit(langue)).toString());
   return true;
 }
 
@@ -113,7 +115,7 @@ void EtatModule::Signale(const AvisEchec& avis) {
   EcritBon_ = false;
   Change(QStringLiteral("failure"), avis);
   if (!nouveau || !Notifie_) return;
-  QString texte = Langue_ == 1 ? avis.English : avis.Francais;
+  QString texte = avis.Mots.Dit(Parlee_);
   if (!avis.MotsServeur.isEmpty()) texte += QLatin1Char(' ') + avis.MotsServeur;
   Notifie_(Nom_, NettoieLigne(texte, Secrets_));
 }

@@ -8,21 +8,21 @@
 #include <functional>
 
 #include "engine/ports/clock.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
-/// One failure, told in both languages.
+/// One failure, told in every language.
 struct AvisEchec {
   QString Sujet;        ///< names the failure for the program ("smtp-login"): same name, same failure
   QString MotsServeur;  ///< what the other side said, as it said it; empty when nobody said anything
-  QString Francais;     ///< one sentence: what happened and what to do
-  QString English;
+  PhraseDite Mots;      ///< one sentence: what happened and what to do
   bool operator==(const AvisEchec&) const = default;
 };
 
 /// Writes "<name>.json" into the state folder: mode 0600, replaced whole. Fields: "program", "state" ("ok" or
-/// "failure"), "since" (local date and time), "subject", "server", "fr", "en"; once started "handle", "started" and
-/// "alive"; and those of the companion itself.
+/// "failure"), "since" (local date and time), "subject", "server", and one a language ("fr", "en"); once started
+/// "handle", "started" and "alive"; and those of the companion itself.
 class EtatModule {
  public:
   /// Milliseconds between two writings for a field of the companion's own that only got another value.
@@ -48,8 +48,8 @@ class EtatModule {
   /// A moment as it stands in such a field: ISO 8601, UTC, so that summer time ends without an hour that counts twice.
   static QString EcritInstant(qint64 millisecondes);
 
-  /// Language of the notifications: 0 French, 1 English, any other: French.
-  void ChangeLangue(qint32 langue) { Langue_ = langue; }
+  /// Language of the notifications.
+  void ChangeLangue(Langue langue) { Parlee_ = langue; }
   void CacheSecret(const QString& secret);
 
   /// Writes the file, and notifies unless the same subject was the last one told: a server that is down for a day is
@@ -77,7 +77,7 @@ class EtatModule {
   bool Retenu_ = false;  // a value waits
   quint32 EcritA_ = 0;   // counter of the clock
   bool EcritBon_ = false;
-  qint32 Langue_ = 0;
+  Langue Parlee_ = Langue::kFrancais;
 };
 
 /// Shows a notification through the desktop's "notify-send", started without waiting, without a shell; nothing

@@ -11,6 +11,7 @@
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
 #include "platform/store/file_store.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -143,7 +144,7 @@ class Execution {
       Journal_.CacheSecret(secret);
       Etat_.CacheSecret(secret);
     }
-    Etat_.ChangeLangue(reglages.Valeurs.LangueCourante);
+    Etat_.ChangeLangue(LangueParlee(reglages.Valeurs.LangueCourante));
     Module_->PrendReglages(reglages);
     ReglagesDonnes_ = true;
   }

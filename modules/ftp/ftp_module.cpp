@@ -5,6 +5,7 @@
 
 #include "engine/ports/moment.h"
 #include "modules/ftp/ftp_access.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -53,7 +54,7 @@ void ModuleFtp::PrendReglages(const ReglagesModule& reglages) {
   const AccesLu lu = LitAcces(valeurs);
   Voulu_ = lu.Acces;
   Incomplet_ = lu.Manque != ManqueAcces::kRien;
-  Page_.Langue = valeurs.LangueCourante;
+  Page_.Parlee = LangueParlee(valeurs.LangueCourante);
   Page_.Couleur = valeurs.IndexCouleurPage;
   const qint32 intervalle = LitIntervalle(valeurs.IntervalleFtp);
   // The page tells an old image by the interval: with the wrong one it would call a new one old.
@@ -208,7 +209,7 @@ void ModuleFtp::Termine() {
 
 void ModuleFtp::Signale(const AvisEchec& avis, bool desPhotos) {
   AvisPhotos_ = desPhotos;
-  Contexte_.Journal.Note(avis.English + QLatin1Char(' ') + avis.MotsServeur);
+  Contexte_.Journal.Note(avis.Mots.Dit(Langue::kAnglais) + QLatin1Char(' ') + avis.MotsServeur);
   Contexte_.Etat.Signale(avis);
 }
 

@@ -8,28 +8,40 @@ struct Ligne {
   IssueFtp Issue;
   const char* Mot;
   const char* Sujet;
-  const char* Francais;
-  const char* English;
+  Phrase Mots;  // %1 the server
 };
 
 constexpr Ligne kLignes[] = {
-    {IssueFtp::kSansReseau, "Netdc", "ftp-network",
-     "Pas de connexion internet ; Vaktor essaiera de nouveau de lui-même. Vérifiez le réseau si cela dure.",
-     "There is no internet connection; Vaktor will try again by itself. Check the network if this lasts."},
-    {IssueFtp::kServeurInconnu, "SerER", "ftp-server", "Le serveur FTP %1 est introuvable. Vérifiez son adresse.",
-     "The FTP server %1 cannot be found. Check its address."},
-    {IssueFtp::kAccesRefuse, "LogEr", "ftp-login",
-     "Le serveur FTP %1 refuse le nom ou le mot de passe. Corrigez-les dans la page FTP.",
-     "The FTP server %1 refuses the user name or the password. Correct them on the FTP page."},
-    {IssueFtp::kDossierAbsent, "RepER", "ftp-folder",
-     "Le répertoire demandé n'existe pas sur le serveur FTP %1. Créez-le ou corrigez-le dans la page FTP.",
-     "The folder does not exist on the FTP server %1. Create it or correct it on the FTP page."},
-    {IssueFtp::kPasDeConnexion, "ErrCo", "ftp-connection",
-     "La connexion au serveur FTP %1 a échoué. Vérifiez l'adresse, le port et le pare-feu.",
-     "The connection to the FTP server %1 failed. Check address, port and firewall."},
-    {IssueFtp::kRefus, "ErrCo", "ftp-refused",
-     "Le serveur FTP %1 refuse l'image ou la page. Vérifiez la place et les droits dans le répertoire.",
-     "The FTP server %1 refuses the picture or the page. Check the space and the rights in the folder."},
+    {IssueFtp::kSansReseau,
+     "Netdc",
+     "ftp-network",
+     {"Pas de connexion internet ; Vaktor essaiera de nouveau de lui-même. Vérifiez le réseau si cela dure.",
+      "There is no internet connection; Vaktor will try again by itself. Check the network if this lasts."}},
+    {IssueFtp::kServeurInconnu,
+     "SerER",
+     "ftp-server",
+     {"Le serveur FTP %1 est introuvable. Vérifiez son adresse.",
+      "The FTP server %1 cannot be found. Check its address."}},
+    {IssueFtp::kAccesRefuse,
+     "LogEr",
+     "ftp-login",
+     {"Le serveur FTP %1 refuse le nom ou le mot de passe. Corrigez-les dans la page FTP.",
+      "The FTP server %1 refuses the user name or the password. Correct them on the FTP page."}},
+    {IssueFtp::kDossierAbsent,
+     "RepER",
+     "ftp-folder",
+     {"Le répertoire demandé n'existe pas sur le serveur FTP %1. Créez-le ou corrigez-le dans la page FTP.",
+      "The folder does not exist on the FTP server %1. Create it or correct it on the FTP page."}},
+    {IssueFtp::kPasDeConnexion,
+     "ErrCo",
+     "ftp-connection",
+     {"La connexion au serveur FTP %1 a échoué. Vérifiez l'adresse, le port et le pare-feu.",
+      "The connection to the FTP server %1 failed. Check address, port and firewall."}},
+    {IssueFtp::kRefus,
+     "ErrCo",
+     "ftp-refused",
+     {"Le serveur FTP %1 refuse l'image ou la page. Vérifiez la place et les droits dans le répertoire.",
+      "The FTP server %1 refuses the picture or the page. Check the space and the rights in the folder."}},
 };
 
 const Ligne& TrouveLigne(IssueFtp issue) {
@@ -44,28 +56,27 @@ QString DonneMotEchec(IssueFtp issue) { return QString::fromLatin1(TrouveLigne(i
 
 AvisEchec CreeAvis(const ResultatFtp& resultat, const AccesFtp& acces) {
   const Ligne& ligne = TrouveLigne(resultat.Issue);
-  return {QString::fromLatin1(ligne.Sujet), resultat.Mots,
-          QString::fromUtf8(ligne.Francais).replace(QLatin1String("%1"), acces.Hote),
-          QString::fromLatin1(ligne.English).replace(QLatin1String("%1"), acces.Hote)};
+  return {QString::fromLatin1(ligne.Sujet), resultat.Mots, PhraseDite::Compose([&](Langue langue) {
+            return ligne.Mots.Dit(langue).replace(QLatin1String("%1"), acces.Hote);
+          })};
 }
 
 AvisEchec CreeAvisIncomplet() {
   return {QStringLiteral("ftp-settings"), QString(),
-          QString::fromUtf8("Il manque l'adresse du serveur FTP, le nom ou le mot de passe. Remplissez la page FTP."),
-          QStringLiteral("The address of the FTP server, the user name or the password is missing. Complete the FTP "
-                         "page.")};
+          Phrase{"Il manque l'adresse du serveur FTP, le nom ou le mot de passe. Remplissez la page FTP.",
+                 "The address of the FTP server, the user name or the password is missing. Complete the FTP page."}};
 }
 
 AvisEchec CreeAvisPhotos(const ResultatFtp& resultat) {
   return {QStringLiteral("ftp-photos"), resultat.Mots,
-          QString::fromUtf8("Le serveur FTP refuse les photos ; elles attendent. Faites de la place sur le serveur."),
-          QStringLiteral("The FTP server refuses the photos; they wait. Make room on the server.")};
+          Phrase{"Le serveur FTP refuse les photos ; elles attendent. Faites de la place sur le serveur.",
+                 "The FTP server refuses the photos; they wait. Make room on the server."}};
 }
 
 AvisEchec CreeAvisPlace() {
   return {QStringLiteral("ftp-space"), QString(),
-          QString::fromUtf8("Trop de photos attendent d'être publiées ; les plus anciennes ont été effacées."),
-          QStringLiteral("Too many photos wait to be published; the oldest have been deleted.")};
+          Phrase{"Trop de photos attendent d'être publiées ; les plus anciennes ont été effacées.",
+                 "Too many photos wait to be published; the oldest have been deleted."}};
 }
 
 }  // namespace vaktor

@@ -33,29 +33,16 @@ constexpr std::array<Teinte, 7> kTeintes = {{
     {"#ffffff", "#2f3a45", "#111214", "#e4e8ec"},  // white
 }};
 
-struct Mots {
-  const char *Langue, *Titre, *Camera, *Photos, *Aucune, *Photo, *Panne, *Recue, *Ancienne, *Date;
-};
-constexpr Mots kFrancais = {"fr",
-                            "Vaktor en direct",
-                            "Image de la caméra en direct",
-                            "Photos d’alarme",
-                            "Aucune photo pour le moment.",
-                            "Photo d’alarme du",
-                            "L’image n’arrive pas pour le moment.",
-                            "Image reçue il y a %.",
-                            "Cette image est ancienne : elle n’est plus renouvelée.",
-                            "dd/MM/yyyy HH:mm:ss"};
-constexpr Mots kAnglais = {"en",
-                           "Vaktor live",
-                           "Live picture of the camera",
-                           "Alarm photos",
-                           "No photo so far.",
-                           "Alarm photo of",
-                           "The picture does not come at the moment.",
-                           "Picture received % ago.",
-                           "This picture is old: it is not renewed any more.",
-                           "yyyy-MM-dd HH:mm:ss"};
+constexpr Phrase kTitre{"Vaktor en direct", "Vaktor live"};
+constexpr Phrase kCamera{"Image de la caméra en direct", "Live picture of the camera"};
+constexpr Phrase kPhotos{"Photos d’alarme", "Alarm photos"};
+constexpr Phrase kAucune{"Aucune photo pour le moment.", "No photo so far."};
+constexpr Phrase kPhoto{"Photo d’alarme du", "Alarm photo of"};
+constexpr Phrase kPanne{"L’image n’arrive pas pour le moment.", "The picture does not come at the moment."};
+constexpr Phrase kRecue{"Image reçue il y a %.", "Picture received % ago."};
+constexpr Phrase kAncienne{"Cette image est ancienne : elle n’est plus renouvelée.",
+                           "This picture is old: it is not renewed any more."};
+constexpr Phrase kDate{"dd/MM/yyyy HH:mm:ss", "yyyy-MM-dd HH:mm:ss"};
 
 constexpr const char* kPage = R"(<!DOCTYPE html>
 <html lang="@langue@">
@@ -177,27 +164,26 @@ h2 { font-size: 1.2rem; }
 </html>
 )";
 
-QString CreePhoto(const PhotoPubliee& photo, const Mots& mots, const ContenuPage& contenu) {
+QString CreePhoto(const PhotoPubliee& photo, const ContenuPage& contenu) {
   const QString adresse = QString::fromLatin1(QUrl::toPercentEncoding(photo.Nom)).toHtmlEscaped();
-  const QString quand = QLocale::c().toString(photo.Prise, QString::fromUtf8(mots.Date));
+  const QString quand = QLocale::c().toString(photo.Prise, kDate.Dit(contenu.Parlee));
   return QStringLiteral(
              "<li><a href=\"%1\"><img loading=\"lazy\" src=\"%1\" width=\"%2\" height=\"%3\" alt=\"%4 %5\">"
              "<time datetime=\"%6\">%5</time></a></li>\n")
-      .arg(adresse, QString::number(contenu.Largeur), QString::number(contenu.Hauteur), QString::fromUtf8(mots.Photo),
+      .arg(adresse, QString::number(contenu.Largeur), QString::number(contenu.Hauteur), kPhoto.Dit(contenu.Parlee),
            quand, photo.Prise.toString(QStringLiteral("yyyy-MM-ddTHH:mm:ss")));
 }
 
-QString CreeListe(const Mots& mots, const ContenuPage& contenu) {
-  if (contenu.Photos.isEmpty()) return QStringLiteral("<p>%1</p>").arg(QString::fromUtf8(mots.Aucune));
+QString CreeListe(const ContenuPage& contenu) {
+  if (contenu.Photos.isEmpty()) return QStringLiteral("<p>%1</p>").arg(kAucune.Dit(contenu.Parlee));
   QString liste = QStringLiteral("<ul>\n");
-  for (const PhotoPubliee& photo : contenu.Photos) liste += CreePhoto(photo, mots, contenu);
+  for (const PhotoPubliee& photo : contenu.Photos) liste += CreePhoto(photo, contenu);
   return liste + QStringLiteral("</ul>");
 }
 
 }  // namespace
 
 QByteArray CreePageLive(const ContenuPage& contenu) {
-  const Mots& mots = contenu.Langue == 1 ? kAnglais : kFrancais;
   const bool connue = contenu.Couleur >= 0 && contenu.Couleur < qint32{kTeintes.size()};
   const Teinte& teinte = kTeintes.at(static_cast<size_t>(connue ? contenu.Couleur : kGris));
   const qint32 secondes = std::max(1, (contenu.Intervalle + 999) / 1000);
@@ -205,13 +191,13 @@ QByteArray CreePageLive(const ContenuPage& contenu) {
   const auto met = [&page](const char* ou, const QString& quoi) {
     page.replace(QLatin1Char('@') + QLatin1String(ou) + QLatin1Char('@'), quoi);
   };
-  met("langue", QString::fromUtf8(mots.Langue));
-  met("titre", QString::fromUtf8(mots.Titre));
-  met("camera", QString::fromUtf8(mots.Camera));
-  met("photos", QString::fromUtf8(mots.Photos));
-  met("panne", QString::fromUtf8(mots.Panne));
-  met("recue", QString::fromUtf8(mots.Recue));
-  met("ancienne", QString::fromUtf8(mots.Ancienne));
+  met("langue", kCodesLangues.Dit(contenu.Parlee));
+  met("titre", kTitre.Dit(contenu.Parlee));
+  met("camera", kCamera.Dit(contenu.Parlee));
+  met("photos", kPhotos.Dit(contenu.Parlee));
+  met("panne", kPanne.Dit(contenu.Parlee));
+  met("recue", kRecue.Dit(contenu.Parlee));
+  met("ancienne", kAncienne.Dit(contenu.Parlee));
   met("perimemin", QString::number(kPerimeMin));
   met("fondclair", QString::fromUtf8(teinte.FondClair));
   met("accentclair", QString::fromUtf8(teinte.AccentClair));
@@ -222,7 +208,7 @@ QByteArray CreePageLive(const ContenuPage& contenu) {
   met("largeur", QString::number(contenu.Largeur));
   met("hauteur", QString::number(contenu.Hauteur));
   met("live", kNomLive);
-  met("liste", CreeListe(mots, contenu));  // last: names of files are not looked through for our marks
+  met("liste", CreeListe(contenu));  // last: names of files are not looked through for our marks
   return page.toUtf8();
 }
 

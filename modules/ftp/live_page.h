@@ -5,6 +5,7 @@
 #include <QList>
 
 #include "modules/ftp/published_photos.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
@@ -12,7 +13,7 @@ inline constexpr QLatin1String kNomPage("live.html");
 inline constexpr QLatin1String kNomLive("live.jpg");
 
 struct ContenuPage {
-  qint32 Langue = 0;          ///< 0 French, 1 English, any other: French
+  Langue Parlee = Langue::kFrancais;
   qint32 Couleur = 3;         ///< 0 red, 1 green, 2 blue, 3 gray, 4 brown, 5 yellow, 6 white; any other: gray
   qint32 Intervalle = 10000;  ///< milliseconds between two live images
   qint32 Largeur = 640;       ///< of the picture, pixels; so that the page does not jump while it loads

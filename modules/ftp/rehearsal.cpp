@@ -71,7 +71,7 @@ FinRepetition RepetitionFtp::Joue(const QByteArray& demande) {
   const bool reussi = cause == CauseEssai::kReussi;
   if (reussi && !restes.isEmpty()) cause = CauseEssai::kReste;
   Acces_.Dossier = Nettoie(Acces_.Dossier);  // in a sentence of ours only this is not our own
-  Ports_.Ecrit(ComposePhraseEssai(cause, valeurs.LangueCourante, {Acces_, restes}));
+  Ports_.Ecrit(ComposePhraseEssai(cause, LangueParlee(valeurs.LangueCourante), {Acces_, restes}));
   return reussi ? FinRepetition::kAccepte : FinRepetition::kRefuse;
 }
 

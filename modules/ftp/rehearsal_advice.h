@@ -5,6 +5,7 @@
 #include <QStringList>
 
 #include "modules/ftp/ftp_access.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -49,7 +50,7 @@ CauseEssai DonneCauseManque(ManqueAcces manque);
 /// greeted.
 CauseEssai DonneCauseEchec(const ResultatFtp& resultat, const QByteArray& refuse, bool salue);
 
-/// `langue`: 1 English, any other French. Holds neither user name nor password.
-QString ComposePhraseEssai(CauseEssai cause, qint32 langue, const DetailsEssai& details);
+/// Holds neither user name nor password.
+QString ComposePhraseEssai(CauseEssai cause, Langue langue, const DetailsEssai& details);
 
 }  // namespace vaktor

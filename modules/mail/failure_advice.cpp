@@ -6,152 +6,147 @@
 namespace vaktor {
 namespace {
 
-struct Paire {
-  const char* Constat;
-  const char* Remede;
-};
 struct Ligne {
   CauseEchec Cause;
   const char* Sujet;
-  Paire Francais, Anglais;
+  Phrase Constat, Remede;
 };
 
 // %1 the server, %2 the port.
 constexpr std::array<Ligne, 21> kLignes = {{
-    {CauseEchec::kAucune, "mail-ok", {"Le mail a été accepté.", ""}, {"The mail was accepted.", ""}},
+    {CauseEchec::kAucune, "mail-ok", {"Le mail a été accepté.", "The mail was accepted."}, {"", ""}},
     {CauseEchec::kIncomplet,
      "mail-incomplete",
      {"Il manque le serveur, l'expéditeur ou le destinataire.",
-      "Complétez l'adresse SMTP et votre adresse eMail dans « Avancé », et l'adresse de destination sur la page "
-      "eMail."},
-     {"The server, the sender or the destination is missing.",
+      "The server, the sender or the destination is missing."},
+     {"Complétez l'adresse SMTP et votre adresse eMail dans « Avancé », et l'adresse de destination sur la page "
+      "eMail.",
       "Fill in the SMTP address and your eMail address under \"More\", and the destination on the eMail page."}},
     {CauseEchec::kConnexionIncomplete,
      "mail-login-missing",
      {"Il manque le nom d'utilisateur ou le mot de passe pour le serveur %1.",
-      "Indiquez-les dans « Avancé », ou décochez la case du mot de passe si votre serveur n'en demande pas."},
-     {"The user name or the password for the server %1 is missing.",
+      "The user name or the password for the server %1 is missing."},
+     {"Indiquez-les dans « Avancé », ou décochez la case du mot de passe si votre serveur n'en demande pas.",
       "Enter them under \"More\", or untick the box of the password if your server needs none."}},
     {CauseEchec::kPortMauvais,
      "mail-port",
-     {"Le port du serveur SMTP n'est pas un nombre entre 1 et 65535.", "Indiquez 587, 465 ou 25 dans « Avancé »."},
-     {"The port of the SMTP server is no number from 1 to 65535.", "Enter 587, 465 or 25 under \"More\"."}},
+     {"Le port du serveur SMTP n'est pas un nombre entre 1 et 65535.",
+      "The port of the SMTP server is no number from 1 to 65535."},
+     {"Indiquez 587, 465 ou 25 dans « Avancé ».", "Enter 587, 465 or 25 under \"More\"."}},
     {CauseEchec::kServeurIntrouvable,
      "mail-server",
-     {"Le serveur %1 est introuvable.",
-      "Vérifiez le nom du serveur SMTP, et que l'ordinateur est connecté à Internet."},
-     {"The server %1 cannot be found.",
+     {"Le serveur %1 est introuvable.", "The server %1 cannot be found."},
+     {"Vérifiez le nom du serveur SMTP, et que l'ordinateur est connecté à Internet.",
       "Check the name of the SMTP server, and that the computer is on the Internet."}},
     {CauseEchec::kPasDeConnexion,
      "mail-connection",
-     {"Le serveur %1 ne répond pas sur le port %2.",
-      "Essayez le port 587 ou 465 ; beaucoup de fournisseurs bloquent le port 25."},
-     {"The server %1 does not answer on port %2.", "Try port 587 or 465; many providers block port 25."}},
+     {"Le serveur %1 ne répond pas sur le port %2.", "The server %1 does not answer on port %2."},
+     {"Essayez le port 587 ou 465 ; beaucoup de fournisseurs bloquent le port 25.",
+      "Try port 587 or 465; many providers block port 25."}},
     {CauseEchec::kCertificat,
      "mail-certificate",
-     {"Le certificat du serveur %1 n'est pas valable.",
-      "Vérifiez que le nom du serveur est exactement celui que donne votre fournisseur, et la date de l'ordinateur."},
-     {"The certificate of the server %1 cannot be trusted.",
+     {"Le certificat du serveur %1 n'est pas valable.", "The certificate of the server %1 cannot be trusted."},
+     {"Vérifiez que le nom du serveur est exactement celui que donne votre fournisseur, et la date de l'ordinateur.",
       "Check that the server's name is exactly the one your provider gives, and the date of this computer."}},
     {CauseEchec::kTls,
      "mail-tls",
-     {"La connexion chiffrée avec %1 n'a pas pu être établie.", "Essayez le port 587, ou 465 pour TLS dès le début."},
-     {"The encrypted connection with %1 could not be made.", "Try port 587, or 465 for TLS from the start."}},
+     {"La connexion chiffrée avec %1 n'a pas pu être établie.", "The encrypted connection with %1 could not be made."},
+     {"Essayez le port 587, ou 465 pour TLS dès le début.", "Try port 587, or 465 for TLS from the start."}},
     {CauseEchec::kServeurRefuse,
      "mail-refused",
-     {"Le serveur %1 ne prend pas de mails en ce moment.",
-      "Rien à faire : le mail est gardé et sera envoyé de nouveau. Si cela dure, lisez la réponse du serveur."},
-     {"The server %1 takes no mail at the moment.",
+     {"Le serveur %1 ne prend pas de mails en ce moment.", "The server %1 takes no mail at the moment."},
+     {"Rien à faire : le mail est gardé et sera envoyé de nouveau. Si cela dure, lisez la réponse du serveur.",
       "Nothing to do: the mail is kept and will be sent again. If it lasts, read the server's answer."}},
     {CauseEchec::kConnexionDemandee,
      "mail-login-needed",
-     {"Le serveur %1 ne prend pas de mails sans identification.",
-      "Dans « Avancé », cochez la case du mot de passe et indiquez votre nom d'utilisateur et votre mot de passe."},
-     {"The server %1 takes no mail without a login.",
+     {"Le serveur %1 ne prend pas de mails sans identification.", "The server %1 takes no mail without a login."},
+     {"Dans « Avancé », cochez la case du mot de passe et indiquez votre nom d'utilisateur et votre mot de passe.",
       "Under \"More\", tick the box of the password and enter your user name and your password."}},
     {CauseEchec::kConnexionRefusee,
      "mail-login",
      {"Le serveur %1 a refusé le nom d'utilisateur ou le mot de passe.",
-      "Vérifiez les deux. Certains fournisseurs demandent un mot de passe d'application, différent de celui du site."},
-     {"The server %1 refused the user name or the password.",
+      "The server %1 refused the user name or the password."},
+     {"Vérifiez les deux. Certains fournisseurs demandent un mot de passe d'application, différent de celui du site.",
       "Check both. Some providers want an app password, other than that of their site."}},
     {CauseEchec::kExpediteurRefuse,
      "mail-sender",
-     {"Le serveur %1 refuse votre adresse d'expéditeur.",
-      "Mettez l'adresse eMail du compte lui-même, et cochez le mot de passe si votre serveur le demande."},
-     {"The server %1 refuses your sender address.",
+     {"Le serveur %1 refuse votre adresse d'expéditeur.", "The server %1 refuses your sender address."},
+     {"Mettez l'adresse eMail du compte lui-même, et cochez le mot de passe si votre serveur le demande.",
       "Use the eMail address of the account itself, and tick the password if your server needs one."}},
     {CauseEchec::kDestinataireRefuse,
      "mail-destination",
-     {"Le serveur %1 refuse l'adresse de destination.",
-      "Vérifiez l'adresse de destination, et cochez le mot de passe si votre serveur le demande."},
-     {"The server %1 refuses the destination address.",
+     {"Le serveur %1 refuse l'adresse de destination.", "The server %1 refuses the destination address."},
+     {"Vérifiez l'adresse de destination, et cochez le mot de passe si votre serveur le demande.",
       "Check the destination address, and tick the password if your server needs one."}},
     {CauseEchec::kMessageRefuse,
      "mail-message",
-     {"Le serveur %1 a refusé le message.", "Diminuez le nombre de photos par mail, puis lisez la réponse du serveur."},
-     {"The server %1 refused the message.", "Send fewer pictures on each mail, then read the server's answer."}},
+     {"Le serveur %1 a refusé le message.", "The server %1 refused the message."},
+     {"Diminuez le nombre de photos par mail, puis lisez la réponse du serveur.",
+      "Send fewer pictures on each mail, then read the server's answer."}},
     {CauseEchec::kDelai,
      "mail-silence",
-     {"Le serveur %1 a cessé de répondre.", "Rien à faire : le mail est gardé et sera envoyé de nouveau."},
-     {"The server %1 stopped answering.", "Nothing to do: the mail is kept and will be sent again."}},
+     {"Le serveur %1 a cessé de répondre.", "The server %1 stopped answering."},
+     {"Rien à faire : le mail est gardé et sera envoyé de nouveau.",
+      "Nothing to do: the mail is kept and will be sent again."}},
     {CauseEchec::kCoupure,
      "mail-cut",
-     {"La connexion avec %1 a été coupée.", "Rien à faire : le mail est gardé et sera envoyé de nouveau."},
-     {"The connection with %1 broke.", "Nothing to do: the mail is kept and will be sent again."}},
+     {"La connexion avec %1 a été coupée.", "The connection with %1 broke."},
+     {"Rien à faire : le mail est gardé et sera envoyé de nouveau.",
+      "Nothing to do: the mail is kept and will be sent again."}},
     {CauseEchec::kProgrammeAbsent,
      "mail-program",
-     {"Cet ordinateur n'a pas de logiciel d'envoi de mails.",
-      "Décochez « Utiliser le logiciel de messagerie » dans « Avancé » et indiquez votre serveur SMTP."},
-     {"This computer has no program that sends mail.",
+     {"Cet ordinateur n'a pas de logiciel d'envoi de mails.", "This computer has no program that sends mail."},
+     {"Décochez « Utiliser le logiciel de messagerie » dans « Avancé » et indiquez votre serveur SMTP.",
       "Untick \"Use my eMail software\" under \"More\" and enter your SMTP server."}},
     {CauseEchec::kProgrammeEchoue,
      "mail-program-failed",
      {"Le logiciel de messagerie de cet ordinateur n'a pas pris le mail.",
-      "Vérifiez sa configuration, ou décochez « Utiliser le logiciel de messagerie » dans « Avancé » et indiquez votre "
-      "serveur SMTP."},
-     {"The mail program of this computer did not take the mail.",
+      "The mail program of this computer did not take the mail."},
+     {"Vérifiez sa configuration, ou décochez « Utiliser le logiciel de messagerie » dans « Avancé » et indiquez votre "
+      "serveur SMTP.",
       "Check its configuration, or untick \"Use my eMail software\" under \"More\" and enter your SMTP server."}},
     {CauseEchec::kFichier,
      "mail-file",
-     {"Un mail en attente ne peut pas être lu sur le disque.", "Vérifiez le disque."},
-     {"A waiting mail cannot be read from the disk.", "Check the disk."}},
+     {"Un mail en attente ne peut pas être lu sur le disque.", "A waiting mail cannot be read from the disk."},
+     {"Vérifiez le disque.", "Check the disk."}},
     {CauseEchec::kAbandonne,
      "mail-given-up",
-     {"Un mail a attendu trop longtemps et n'a pas été envoyé.", "Vérifiez vos paramètres SMTP dans « Avancé »."},
-     {"A mail has waited too long and was not sent.", "Check your SMTP parameters under \"More\"."}},
+     {"Un mail a attendu trop longtemps et n'a pas été envoyé.", "A mail has waited too long and was not sent."},
+     {"Vérifiez vos paramètres SMTP dans « Avancé ».", "Check your SMTP parameters under \"More\"."}},
     {CauseEchec::kInterrompu,
      "mail-interrupted",
-     {"L'envoi a été interrompu.", "Rien à faire : le mail est gardé et sera envoyé au prochain démarrage."},
-     {"The sending was interrupted.", "Nothing to do: the mail is kept and will be sent at the next start."}},
+     {"L'envoi a été interrompu.", "The sending was interrupted."},
+     {"Rien à faire : le mail est gardé et sera envoyé au prochain démarrage.",
+      "Nothing to do: the mail is kept and will be sent at the next start."}},
 }};
 
 // Where a mail of the alarm would be kept and sent again, or have photos.
 constexpr std::array<Ligne, 5> kLignesEssai = {{
     {CauseEchec::kServeurRefuse,
      "mail-refused",
-     {"Le serveur %1 ne prend pas de mails en ce moment.", "Lisez sa réponse et essayez plus tard."},
-     {"The server %1 takes no mail at the moment.", "Read its answer and try again later."}},
+     {"Le serveur %1 ne prend pas de mails en ce moment.", "The server %1 takes no mail at the moment."},
+     {"Lisez sa réponse et essayez plus tard.", "Read its answer and try again later."}},
     {CauseEchec::kMessageRefuse,
      "mail-message",
-     {"Le serveur %1 a refusé le message.", "Lisez sa réponse, puis changez le sujet ou le texte du mail."},
-     {"The server %1 refused the message.", "Read its answer, then change the subject or the text of the mail."}},
+     {"Le serveur %1 a refusé le message.", "The server %1 refused the message."},
+     {"Lisez sa réponse, puis changez le sujet ou le texte du mail.",
+      "Read its answer, then change the subject or the text of the mail."}},
     {CauseEchec::kDelai,
      "mail-silence",
-     {"Le serveur %1 a cessé de répondre.", "Essayez encore ; si cela dure, essayez le port 587, ou 465."},
-     {"The server %1 stopped answering.", "Try again; if it lasts, try port 587, or 465."}},
+     {"Le serveur %1 a cessé de répondre.", "The server %1 stopped answering."},
+     {"Essayez encore ; si cela dure, essayez le port 587, ou 465.", "Try again; if it lasts, try port 587, or 465."}},
     {CauseEchec::kCoupure,
      "mail-cut",
-     {"La connexion avec %1 a été coupée.", "Essayez encore ; si cela dure, essayez le port 587, ou 465."},
-     {"The connection with %1 broke.", "Try again; if it lasts, try port 587, or 465."}},
+     {"La connexion avec %1 a été coupée.", "The connection with %1 broke."},
+     {"Essayez encore ; si cela dure, essayez le port 587, ou 465.", "Try again; if it lasts, try port 587, or 465."}},
     {CauseEchec::kInterrompu,
      "mail-interrupted",
-     {"L'essai a été interrompu.", "Essayez encore."},
-     {"The trial was interrupted.", "Try again."}},
+     {"L'essai a été interrompu.", "The trial was interrupted."},
+     {"Essayez encore.", "Try again."}},
 }};
 
-QString Remplit(const Paire& paire, const ReglagesEnvoi& reglages) {
-  QString texte = QString::fromUtf8(paire.Constat) + u' ' + QString::fromUtf8(paire.Remede);
+QString Remplit(const Ligne& ligne, Langue langue, const ReglagesEnvoi& reglages) {
+  QString texte = ligne.Constat.Dit(langue) + u' ' + ligne.Remede.Dit(langue);
   texte.replace(QStringLiteral("%2"), QString::number(reglages.Port));
   return texte.replace(QStringLiteral("%1"), reglages.Serveur).trimmed();
 }
@@ -164,8 +159,8 @@ const Ligne* TrouveLigne(const Table& lignes, CauseEchec cause) {
 
 AvisEchec Compose(const Ligne* ligne, const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
   if (ligne == nullptr) return {};
-  return {QLatin1String(ligne->Sujet), resultat.MotsServeur, Remplit(ligne->Francais, reglages),
-          Remplit(ligne->Anglais, reglages)};
+  return {QLatin1String(ligne->Sujet), resultat.MotsServeur,
+          PhraseDite::Compose([&](Langue langue) { return Remplit(*ligne, langue, reglages); })};
 }
 
 }  // namespace
@@ -180,21 +175,22 @@ AvisEchec ComposeAvisEssai(const ResultatEnvoi& resultat, const ReglagesEnvoi& r
 }
 
 AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots) {
-  return {QStringLiteral("mail-disk"), mots,
-          QString::fromUtf8("Le mail de l'alarme ne peut pas être gardé sur le disque (%1). Faites de la place.")
-              .arg(dossier),
-          QStringLiteral("The mail of the alarm cannot be kept on the disk (%1). Please make room.").arg(dossier)};
+  return {QStringLiteral("mail-disk"), mots, PhraseDite::Compose([&](Langue langue) {
+            return Phrase{"Le mail de l'alarme ne peut pas être gardé sur le disque (%1). Faites de la place.",
+                          "The mail of the alarm cannot be kept on the disk (%1). Please make room."}
+                .Dit(langue, dossier);
+          })};
 }
 
 AvisEchec ComposeAvisVeille(const QString& dossier) {
-  return {QStringLiteral("mail-watch"),
-          {},
-          QString::fromUtf8("Un message de la veille est illisible et n'a pas été envoyé ; il est gardé dans %1. "
-                            "Regardez la fenêtre de Vaktor.")
-              .arg(dossier),
-          QStringLiteral("A message of the watch cannot be read and was not sent; it is kept in %1. Please look at "
-                         "Vaktor's window.")
-              .arg(dossier)};
+  return {QStringLiteral("mail-watch"), {}, PhraseDite::Compose([&](Langue langue) {
+            return Phrase{
+                "Un message de la veille est illisible et n'a pas été envoyé ; il est gardé dans %1. "
+                "Regardez la fenêtre de Vaktor.",
+                "A message of the watch cannot be read and was not sent; it is kept in %1. Please look at "
+                "Vaktor's window."}
+                .Dit(langue, dossier);
+          })};
 }
 
 }  // namespace vaktor

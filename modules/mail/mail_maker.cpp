@@ -3,6 +3,7 @@
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/sendmail_sender.h"
 #include "platform/base/system_files.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -35,7 +36,7 @@ ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule
   r.Corps = valeurs.MailCorps;
   LitNombre(valeurs.MailNombrePhoto, r.NombrePhoto);
   LitNombre(valeurs.MailNombreMail, r.NombreMail);
-  r.Langue = valeurs.LangueCourante;
+  r.Parlee = LangueParlee(valeurs.LangueCourante);
   r.DossierPhotos = valeurs.PhotoActif ? CheminNatif(valeurs.RepertoirePhoto) : dossiers.CheminTempFtp();
   return r;
 }

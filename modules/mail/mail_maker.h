@@ -5,6 +5,7 @@
 #include "modules/mail/mime_message.h"
 #include "modules/mail/sending.h"
 #include "settings/parameters.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -16,7 +17,7 @@ struct ReglagesCourriel {
   QString Corps;
   int NombrePhoto = 10;
   int NombreMail = 1;
-  qint32 Langue = 0;      ///< 1 English, any other: French
+  Langue Parlee = Langue::kFrancais;
   QString DossierPhotos;  ///< native path: the photo folder, or the live copies when photos are off
   /// Somebody to send to, and a sender where one is needed.
   bool PeutEcrire() const {

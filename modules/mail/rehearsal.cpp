@@ -78,7 +78,7 @@ FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites, c
   // What a server said has been told as the step that it answered; what the system said has not.
   if (!resultat.Accepte && !resultat.MotsServeur.isEmpty() && !derniere.endsWith(resultat.MotsServeur))
     dis(resultat.MotsServeur);
-  dis(valeurs.LangueCourante == 1 ? avis.English : avis.Francais);
+  dis(avis.Mots.Dit(LangueParlee(valeurs.LangueCourante)));
   return resultat.Accepte ? FinRepetition::kAccepte : FinRepetition::kRefuse;
 }
 

@@ -32,11 +32,12 @@ bool LitJson(const QByteArray& octets, MessageVeille& message) {
   const QJsonObject objet = QJsonDocument::fromJson(octets).object();
   if (objet.value(QStringLiteral("version")).toInt() != kVersion) return false;
   message.Condition = objet.value(QStringLiteral("condition")).toString();
-  message.SujetFrancais = objet.value(QStringLiteral("subject_fr")).toString();
-  message.SujetEnglish = objet.value(QStringLiteral("subject_en")).toString();
-  message.Francais = objet.value(QStringLiteral("fr")).toString();
-  message.English = objet.value(QStringLiteral("en")).toString();
-  return !(message.SujetFrancais + message.Francais).isEmpty() && !(message.SujetEnglish + message.English).isEmpty();
+  message.Sujet = PhraseDite::Compose(
+      [&](Langue langue) { return objet.value(QStringLiteral("subject_") + kCodesLangues.Dit(langue)).toString(); });
+  message.Texte = PhraseDite::Compose([&](Langue langue) { return objet.value(kCodesLangues.Dit(langue)).toString(); });
+  return std::ranges::none_of(kLangues, [&](Langue langue) {
+    return message.Sujet.Dit(langue).isEmpty() && message.Texte.Dit(langue).isEmpty();
+  });
 }
 
 }  // namespace

@@ -7,18 +7,17 @@
 #include <QStringList>
 #include <optional>
 
+#include "texts/phrase.h"
+
 namespace vaktor {
 
 struct MessageVeille {
   QString Nom;       ///< of its files, without the ending: "<milliseconds since 1970>-<number>"
   qint64 FaitA = 0;  ///< milliseconds since 1970, from the name
   QString Condition;
-  QString SujetFrancais, SujetEnglish;
-  QString Francais, English;  ///< the text
-  QByteArray Photo;           ///< a whole JPEG, or empty
-
-  const QString& Sujet(qint32 langue) const { return langue == 1 ? SujetEnglish : SujetFrancais; }
-  const QString& Texte(qint32 langue) const { return langue == 1 ? English : Francais; }
+  PhraseDite Sujet;
+  PhraseDite Texte;
+  QByteArray Photo;  ///< a whole JPEG, or empty
 };
 
 /// Holds nothing but the folder's name. A folder that is not there is an empty one; it is the main program's to make.

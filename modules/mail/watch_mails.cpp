@@ -102,8 +102,8 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
   const QString identifiant = ComposeIdentifiant(message);
   Courriel courriel{.Expediteur = reglages.Adresses.Expediteur,
                     .Destinataires = reglages.Adresses.Destinataires,
-                    .Sujet = message.Sujet(reglages.Langue),
-                    .Corps = message.Texte(reglages.Langue),
+                    .Sujet = message.Sujet.Dit(reglages.Parlee),
+                    .Corps = message.Texte.Dit(reglages.Parlee),
                     .Date = QDateTime::fromMSecsSinceEpoch(message.FaitA),
                     .Identifiant = identifiant,
                     .Pieces = {}};

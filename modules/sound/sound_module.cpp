@@ -59,19 +59,20 @@ void ModuleSon::Signale(FinSon fin, const QString& mots) {
   avis.MotsServeur = mots;
   if (fin == FinSon::kFichierMauvais) {
     avis.Sujet = QStringLiteral("sound-file ") + EnJeu_;
-    avis.Francais =
-        QString::fromUtf8("Le son de l'alarme ne peut pas être lu : %1. Choisissez-en un autre.").arg(EnJeu_);
-    avis.English = QStringLiteral("The alarm sound cannot be played: %1. Please choose another one.").arg(EnJeu_);
+    avis.Mots = PhraseDite::Compose([&](Langue langue) {
+      return Phrase{"Le son de l'alarme ne peut pas être lu : %1. Choisissez-en un autre.",
+                    "The alarm sound cannot be played: %1. Please choose another one."}
+          .Dit(langue, EnJeu_);
+    });
   } else {
     avis.Sujet = QStringLiteral("sound-device");
-    avis.Francais = QString::fromUtf8(
-        "Le son de l'alarme ne peut pas être entendu : aucun appareil audio ne répond. Vérifiez vos haut-parleurs.");
-    avis.English =
-        QStringLiteral("The alarm sound cannot be heard: no audio device answers. Please check your loudspeakers.");
+    avis.Mots = Phrase{
+        "Le son de l'alarme ne peut pas être entendu : aucun appareil audio ne répond. Vérifiez vos haut-parleurs.",
+        "The alarm sound cannot be heard: no audio device answers. Please check your loudspeakers."};
   }
   if (avis == DernierAvis_) return;
   DernierAvis_ = avis;
-  Contexte_.Journal.Note(avis.English + QLatin1Char(' ') + mots);
+  Contexte_.Journal.Note(avis.Mots.Dit(Langue::kAnglais) + QLatin1Char(' ') + mots);
   Contexte_.Etat.Signale(avis);
 }
 

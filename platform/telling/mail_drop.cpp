@@ -25,11 +25,11 @@ QByteArray Compose(const CourrielVeille& courriel) {
       {QStringLiteral("kind"), courriel.Fin ? QStringLiteral("end") : QStringLiteral("begin")},
       {QStringLiteral("condition"), courriel.Mot},
       {QStringLiteral("since"), courriel.Depuis.toString(Qt::ISODate)},
-      {QStringLiteral("subject_fr"), courriel.SujetFr},
-      {QStringLiteral("subject_en"), courriel.SujetEn},
-      {QStringLiteral("fr"), courriel.Francais},
-      {QStringLiteral("en"), courriel.English},
   };
+  for (const Langue langue : kLangues) {
+    objet.insert(QStringLiteral("subject_") + kCodesLangues.Dit(langue), courriel.Sujet.Dit(langue));
+    objet.insert(kCodesLangues.Dit(langue), courriel.Texte.Dit(langue));
+  }
   if (courriel.Fin) objet.insert(QStringLiteral("until"), courriel.Jusqua.toString(Qt::ISODate));
   return QJsonDocument(objet).toJson();
 }

@@ -6,7 +6,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 namespace {
@@ -56,15 +56,15 @@ class Boite : public QMessageBox {
 
 // The toolkit would write them in the language of the system, or in English where its translations are not installed:
 // a French question would be answered by "Yes" and "No".
-void EcritBoutons(const QMessageBox& boite, qint32 langue) {
-  const auto ecrit = [&](QMessageBox::StandardButton lequel, const char* francais, const char* anglais) {
+void EcritBoutons(const QMessageBox& boite, Langue langue) {
+  const auto ecrit = [&](QMessageBox::StandardButton lequel, const Phrase& mot) {
     QAbstractButton* bouton = boite.button(lequel);
-    if (bouton != nullptr) bouton->setText(ChoisitLangue(langue, QLatin1String(francais), QLatin1String(anglais)));
+    if (bouton != nullptr) bouton->setText(mot.Dit(langue));
   };
-  ecrit(QMessageBox::Ok, "&OK", "&OK");
-  ecrit(QMessageBox::Cancel, "&Annuler", "&Cancel");
-  ecrit(QMessageBox::Yes, "&Oui", "&Yes");
-  ecrit(QMessageBox::No, "&Non", "&No");
+  ecrit(QMessageBox::Ok, {"&OK", "&OK"});
+  ecrit(QMessageBox::Cancel, {"&Annuler", "&Cancel"});
+  ecrit(QMessageBox::Yes, {"&Oui", "&Yes"});
+  ecrit(QMessageBox::No, {"&Non", "&No"});
 }
 
 }  // namespace
@@ -73,7 +73,7 @@ ReponseBoite BoitesMessageQt::MontreMessage(const QString& texte, const QString&
   Boite boite(QMessageBox::Information, titre, texte, BoutonsDe(boutons), QApplication::activeWindow());
   boite.setObjectName(QStringLiteral("BoiteMessage"));
   boite.setTextFormat(Qt::PlainText);  // "<500 Mo" and file names are no markup
-  EcritBoutons(boite, Langue_ ? Langue_() : 0);
+  EcritBoutons(boite, Langue_ ? Langue_() : Langue::kFrancais);
   // The default button is the one that Qt finds by itself: the first.
   return ReponseDe(boite.exec(), boutons);
 }

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "base/ports/message_boxes.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -15,11 +16,11 @@ namespace vaktor {
 class BoitesMessageQt : public BoitesMessage {
  public:
   /// What gives the language of the moment; asked at each box.
-  void SuitLangue(std::function<qint32()> langue) { Langue_ = std::move(langue); }
+  void SuitLangue(std::function<Langue()> langue) { Langue_ = std::move(langue); }
   ReponseBoite MontreMessage(const QString& texte, const QString& titre, BoutonsBoite boutons) override;
 
  private:
-  std::function<qint32()> Langue_;
+  std::function<Langue()> Langue_;
 };
 
 }  // namespace vaktor

@@ -311,7 +311,7 @@ struct SystemeFaux {
             .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
             .DossierMagasin = QStringLiteral("/home/u/config"),
             .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque); },
-            .CreePilote = [this](const std::function<qint32()>&) { return std::move(Pilote); },
+            .CreePilote = [this](const std::function<Langue()>&) { return std::move(Pilote); },
             .Temps = Horloge,
             .Disque = Disque,
             .Pompe = Pompe,

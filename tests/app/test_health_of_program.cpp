@@ -175,7 +175,7 @@ TEST_F(SanteDuProgramme, AClickOpensTheListTheWorstFirst) {
   EXPECT_EQ(Ordre(), "signal-lost photos-not-written little-space");
   EXPECT_EQ(LitLigne("photos-not-written", "LblQuoi"), QStringLiteral("Photos cannot be saved (disk full)."));
   EXPECT_EQ(LitLigne("photos-not-written", "LblDepuis"), QStringLiteral("Since 2 January 2020, 09:05:05"));
-  EXPECT_EQ(LitLigne("photos-not-written", "LblFaire"), PhraseFaire(Condition::kPhotosImpossibles, 1));
+  EXPECT_EQ(LitLigne("photos-not-written", "LblFaire"), PhraseFaire(Condition::kPhotosImpossibles, Langue::kAnglais));
   EXPECT_NE(Liste()->pos(), Fenetre("Form1")->pos());
 }
 
@@ -248,10 +248,11 @@ TEST_F(SanteDuProgramme, EveryEntryIsReachedByTabAndReadAsAWhole) {
     lus.append(QAccessible::queryAccessibleInterface(ici)->text(QAccessible::Name));
   }
   ASSERT_EQ(lus.size(), 2);
-  EXPECT_EQ(lus[0], PhraseGravite(Gravite::kBoiteuse, 1) + u'\n' + PhraseQuoi(Condition::kPhotosImpossibles, {}, 1) +
+  EXPECT_EQ(lus[0], PhraseGravite(Gravite::kBoiteuse, Langue::kAnglais) + u'\n' +
+                        PhraseQuoi(Condition::kPhotosImpossibles, {}, Langue::kAnglais) +
                         QStringLiteral("\nSince 2 January 2020, 09:05:05\n") +
-                        PhraseFaire(Condition::kPhotosImpossibles, 1));
-  EXPECT_TRUE(lus[1].contains(PhraseQuoi(Condition::kPeuDePlace, {}, 1)));
+                        PhraseFaire(Condition::kPhotosImpossibles, Langue::kAnglais));
+  EXPECT_TRUE(lus[1].contains(PhraseQuoi(Condition::kPeuDePlace, {}, Langue::kAnglais)));
 }
 
 TEST_F(SanteDuProgramme, NoWordIsCutOffInEitherLanguageAndAtTwoWidths) {

@@ -25,7 +25,7 @@ TEST_F(EnvoisDuProgramme, MailsThatWaitStandInTheSignUntilTheyAreGone) {
   EXPECT_FALSE(signe->isVisible());
   Systeme.Temps.Avance(SuiviEnvois::kRegard + 2000);
   EXPECT_TRUE(signe->isVisible());
-  EXPECT_EQ(signe->toolTip(), PhraseQuoi(Condition::kCourrielsEnAttente, "451 later", 1));
+  EXPECT_EQ(signe->toolTip(), PhraseQuoi(Condition::kCourrielsEnAttente, "451 later", Langue::kAnglais));
   Systeme.Etats.Etats.Mail.Attente = {};
   Systeme.Temps.Avance(SuiviEnvois::kRegard + 2000);
   EXPECT_FALSE(signe->isVisible());
@@ -41,10 +41,10 @@ TEST_F(EnvoisDuProgramme, ACompanionThatGivesNoNewsStandsInTheSignAndOneThatIsAw
   EXPECT_FALSE(signe->isVisible());
   Systeme.Temps.Avance(2 * SuiviEnvois::kRegard + 2000);
   EXPECT_TRUE(signe->isVisible());
-  EXPECT_EQ(signe->toolTip(), PhraseQuoi(Condition::kEnvoisInconnus, "VAKTORmail", 1));
+  EXPECT_EQ(signe->toolTip(), PhraseQuoi(Condition::kEnvoisInconnus, "VAKTORmail", Langue::kAnglais));
   Systeme.Programmes.Finit("/opt/v/VAKTORmail");
   Systeme.Temps.Avance(SuiviEnvois::kRegard + 2000);
-  EXPECT_EQ(signe->toolTip().left(20), PhraseQuoi(Condition::kCompagnonMail, {}, 1).left(20));
+  EXPECT_EQ(signe->toolTip().left(20), PhraseQuoi(Condition::kCompagnonMail, {}, Langue::kAnglais).left(20));
   for (const ConditionEnCours& condition : dynamic_cast<SanteVeille&>(Programme->Sante()).EnCours())
     EXPECT_NE(condition.Quoi, Condition::kEnvoisInconnus);
 }

@@ -114,8 +114,10 @@ class FenetreFausse : public AffichageSurveillance, public AffichageLiaison {
   void AnnonceCameraIntrouvable() override {}
   void AnnonceCameraInactive() override { J_ << QStringLiteral("boite 8"); }
 
-  void MontreStatut(int numero) override { J_ << QStringLiteral("statut %1").arg(numero); }
-  void MontreStatutLitteral(const QString& texte) override { J_ << QStringLiteral("statut ") + texte; }
+  void MontreStatut(Libelle statut) override { J_ << QStringLiteral("statut %1").arg(static_cast<int>(statut)); }
+  void MontreStatutLitteral(const Phrase& statut) override {
+    J_ << QStringLiteral("statut ") + statut.Dit(Langue::kFrancais);
+  }
   void RougitChamp(ChampLiaison champ) override {
     static const QStringList noms = {QStringLiteral("TxtFtp"), QStringLiteral("TxtFTPracine"),
                                      QStringLiteral("TxtUserName"), QStringLiteral("TxtPass")};

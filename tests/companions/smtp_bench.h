@@ -27,7 +27,7 @@ struct BancSmtp : testing::Test {
   }
   /// As the program opens it. Exceptions go through.
   void Ouvre() {
-    Textes.Remplit(Reglages.LangueCourante);
+    Textes.Remplit(LitLangue(Reglages.LangueCourante));
     Forme =
         std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Comptes, Lus, Essai});
     QObject::connect(Forme.get(), &FrmSmtp::Dechargee, Forme.get(), [this] { ++Dechargements; });

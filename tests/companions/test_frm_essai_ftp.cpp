@@ -13,7 +13,7 @@ namespace vaktor::essai {
 namespace {
 
 struct FenetreEssai : testing::Test {
-  FenetreEssai() { Forme.EcritMots(1); }
+  FenetreEssai() { Forme.EcritMots(Langue::kAnglais); }
   void Ouvre() {
     Forme.Essaie();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&Forme));
@@ -114,21 +114,21 @@ TEST_F(FenetreEssai, ACompanionThatIsMissingIsNamed) {
 
 TEST_F(FenetreEssai, TheLanguageReachesItWhileItRunsAndAfterwards) {
   Ouvre();
-  Forme.EcritMots(0);
+  Forme.EcritMots(Langue::kFrancais);
   EXPECT_EQ(Forme.windowTitle(), "Essai de la page en direct");
   EXPECT_EQ(Bouton(), "Annuler");
   EXPECT_EQ(Trouve<QPushButton>("CmdFermer")->text(), "Fermer");
   EXPECT_EQ(Phrase(), QString::fromUtf8("Essai en cours…"));
   Essai.Finit(FinEssai::kSansFin);
   const QString enFrancais = Phrase();
-  Forme.EcritMots(1);
+  Forme.EcritMots(Langue::kAnglais);
   EXPECT_TRUE(Phrase().contains("did not answer in time")) << "what we said of it, in the new language";
-  Forme.EcritMots(0);
+  Forme.EcritMots(Langue::kFrancais);
   EXPECT_EQ(Phrase(), enFrancais);
   Forme.Essaie();
   Essai.Dit("x");
   Essai.Finit(FinEssai::kAccepte);
-  Forme.EcritMots(1);
+  Forme.EcritMots(Langue::kAnglais);
   EXPECT_EQ(Phrase(), "x") << "the companion's own words stay as they came";
 }
 

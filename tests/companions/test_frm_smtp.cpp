@@ -57,10 +57,15 @@ TEST_F(FormeSmtp, ToolTipsOfBothLanguages) {
     const struct {
       const char* Controle;
       QString Aide;
-    } lignes[] = {
-        {"ChkMailWinsock", Textes.Aide(149)}, {"LblSMTPadresse", Textes.Aide(150)}, {"TxtSMTP", Textes.Aide(150)},
-        {"LblFrom", Textes.Aide(151)},        {"TxtFrom", Textes.Aide(151)},        {"LblSMTPport", Textes.Aide(229)},
-        {"TextPort", Textes.Aide(229)},       {"TxtSMTPuser", Textes.Texte(153)},   {"TxtSMTPpass", Textes.Texte(154)}};
+    } lignes[] = {{"ChkMailWinsock", Textes.Dit(Aide::kLogicielMessagerie)},
+                  {"LblSMTPadresse", Textes.Dit(Aide::kAdresseSmtp)},
+                  {"TxtSMTP", Textes.Dit(Aide::kAdresseSmtp)},
+                  {"LblFrom", Textes.Dit(Aide::kAdresseEMail)},
+                  {"TxtFrom", Textes.Dit(Aide::kAdresseEMail)},
+                  {"LblSMTPport", Textes.Dit(Aide::kPortSmtp)},
+                  {"TextPort", Textes.Dit(Aide::kPortSmtp)},
+                  {"TxtSMTPuser", Textes.Dit(Libelle::kUtilisateurSmtp)},
+                  {"TxtSMTPpass", Textes.Dit(Libelle::kMotDePasseSmtp)}};
     for (const auto& ligne : lignes) {
       EXPECT_FALSE(ligne.Aide.isEmpty());
       EXPECT_EQ(Trouve(ligne.Controle)->toolTip(), ligne.Aide) << ligne.Controle;
@@ -275,7 +280,7 @@ TEST_F(FormeSmtp, AnOAuth2AccountIsMarkedInTheListInBothLanguagesAlsoWhenTheyCha
   EXPECT_TRUE(liste->itemData(0, Qt::ToolTipRole).toString().isEmpty());
   EXPECT_TRUE(liste->itemData(1, Qt::ToolTipRole).toString().contains("app password"));
   Reglages.LangueCourante = 0;
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   Forme->EcritMots();
   EXPECT_EQ(liste->itemText(0), "a1@b.org");
   EXPECT_EQ(liste->itemText(1), "a2@b.org (connexion OAuth2)");
@@ -297,11 +302,11 @@ TEST_F(FormeSmtp, ThePasswordOfAnOAuth2AccountIsAskedForInItsField) {
   EXPECT_EQ(champ->placeholderText(), "app password");
   EXPECT_TRUE(champ->toolTip().contains("OAuth2"));
   Reglages.LangueCourante = 0;
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   Forme->EcritMots();
   EXPECT_EQ(champ->placeholderText(), "mot de passe d'application");
   Reglages.LangueCourante = 1;
-  Textes.Remplit(1);
+  Textes.Remplit(Langue::kAnglais);
   Forme->EcritMots();
   Tape("TxtSMTP", "elsewhere.org");
   EXPECT_EQ(champ->placeholderText(), "") << "settings of one's own";

@@ -23,7 +23,7 @@ struct ComptesReels : BancSmtp {
     }
   }
   void OuvreSurFichiers() {
-    Textes.Remplit(Reglages.LangueCourante);
+    Textes.Remplit(LitLangue(Reglages.LangueCourante));
     Forme = std::make_unique<FrmSmtp>(
         PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Fichiers, Lus, Essai});
     Forme->Charge();

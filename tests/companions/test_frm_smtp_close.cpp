@@ -41,7 +41,7 @@ TEST_F(FermetureSmtp, QuestionsInBothLanguages) {
   Boites.Reponse = ReponseBoite::kOui;
   EXPECT_FALSE(Ferme());
   EXPECT_EQ(Boites.Textes.last(), kSansConnexion);
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   EXPECT_FALSE(Ferme());
   EXPECT_EQ(Boites.Textes.last(), QString::fromUtf8("Vos paramètres d'identification, sont incomplets.\r\nVoulez vous "
                                                     "les compléter?"));

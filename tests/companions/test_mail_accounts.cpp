@@ -164,12 +164,12 @@ TEST_F(Comptes, SettingsOfAnOAuth2AccountAreKnownByServerAndLogin) {
 
 TEST(MotsDesComptes, AnOAuth2AccountIsMarkedInBothLanguages) {
   CompteMail compte{.Serveur = "s", .Adresse = "a@b"};
-  EXPECT_EQ(NommeCompte(0, compte), "a@b");
+  EXPECT_EQ(NommeCompte(Langue::kFrancais, compte), "a@b");
   compte.OAuth2 = true;
-  EXPECT_EQ(NommeCompte(0, compte), "a@b (connexion OAuth2)");
-  EXPECT_EQ(NommeCompte(1, compte), "a@b (OAuth2 login)");
-  EXPECT_NE(InviteOAuth2(0), InviteOAuth2(1));
-  EXPECT_NE(AideOAuth2(0), AideOAuth2(1));
+  EXPECT_EQ(NommeCompte(Langue::kFrancais, compte), "a@b (connexion OAuth2)");
+  EXPECT_EQ(NommeCompte(Langue::kAnglais, compte), "a@b (OAuth2 login)");
+  EXPECT_NE(InviteOAuth2(Langue::kFrancais), InviteOAuth2(Langue::kAnglais));
+  EXPECT_NE(AideOAuth2(Langue::kFrancais), AideOAuth2(Langue::kAnglais));
 }
 
 TEST(ReglagesSmtp, FieldsByState) {
@@ -206,14 +206,15 @@ TEST(ReglagesSmtp, OnlyTheExactPrefixCountsAsAServerNotFinished) {
 }
 
 TEST(MotsDuCourriel, AStepGetsItsPlainNameAndKeepsTheServersWords) {
-  const auto francais = DonneMotsEssaiMail(0).NommeEtape;
-  const auto anglais = DonneMotsEssaiMail(1).NommeEtape;
+  const auto francais = DonneMotsEssaiMail(Langue::kFrancais).NommeEtape;
+  const auto anglais = DonneMotsEssaiMail(Langue::kAnglais).NommeEtape;
   EXPECT_EQ(francais("AUTH: 535 5.7.8 no"), "Identification - AUTH: 535 5.7.8 no");
   EXPECT_EQ(anglais("RCPT: 250 OK"), "Destination - RCPT: 250 OK");
   EXPECT_EQ(anglais("220 ready"), "220 ready");
   EXPECT_EQ(anglais("AUTHOR: x"), "AUTHOR: x");
-  EXPECT_EQ(DonneMotsEssaiFtp(0).NommeEtape("AUTH: 234 ok"), "Chiffrement - AUTH: 234 ok") << "the same word elsewhere";
-  EXPECT_EQ(DonneMotsEssaiFtp(1).NommeEtape("STOR: 552 full"), "Upload - STOR: 552 full");
+  EXPECT_EQ(DonneMotsEssaiFtp(Langue::kFrancais).NommeEtape("AUTH: 234 ok"), "Chiffrement - AUTH: 234 ok")
+      << "the same word elsewhere";
+  EXPECT_EQ(DonneMotsEssaiFtp(Langue::kAnglais).NommeEtape("STOR: 552 full"), "Upload - STOR: 552 full");
 }
 
 }  // namespace

@@ -11,7 +11,7 @@ struct EssaiDansLaForme : BancSmtp {
   QString Phrase() { return Trouve<QLabel>("LblEssai")->text(); }
   QString Bouton() { return Trouve<QPushButton>("CmdEssai")->text(); }
   QStringList Etapes() { return Trouve<QPlainTextEdit>("TxtEssai")->toPlainText().split(u'\n', Qt::SkipEmptyParts); }
-  MotsEssai Mots() const { return DonneMotsEssaiMail(Reglages.LangueCourante); }
+  MotsEssai Mots() const { return DonneMotsEssaiMail(LangueParlee(Reglages.LangueCourante)); }
   QJsonObject Demande() const { return QJsonDocument::fromJson(Essai.Demande).object(); }
 };
 
@@ -39,8 +39,8 @@ TEST_F(EssaiDansLaForme, SendsWhatStandsInTheFieldsAndSavesNothing) {
 }
 
 TEST_F(EssaiDansLaForme, ThePromptOfTheMainWindowIsNoDestination) {
-  Textes.Remplit(1);
-  Reglages.MailDestination = Textes.Texte(189);
+  Textes.Remplit(Langue::kAnglais);
+  Reglages.MailDestination = Textes.Dit(Libelle::kMailDestination);
   Ouvre();
   EXPECT_TRUE(Phrase().contains("First enter"));
   Clique("CmdEssai");
@@ -102,11 +102,11 @@ TEST_F(EssaiDansLaForme, ACompanionThatIsMissingOrSaysNothingIsTold) {
   Clique("CmdEssai");
   Essai.Dit("220 a");
   Essai.Finit(FinEssai::kSansFin);
-  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(0).SansFin);
+  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(Langue::kFrancais).SansFin);
   EXPECT_EQ(Etapes(), QStringList{"220 a"}) << "what was reached stays to be read";
   Clique("CmdEssai");
   Essai.Finit(FinEssai::kRefuse);
-  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(0).Impossible);
+  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(Langue::kFrancais).Impossible);
 }
 
 TEST_F(EssaiDansLaForme, TheSameButtonCancels) {
@@ -144,7 +144,7 @@ TEST_F(EssaiDansLaForme, AChangeOfLanguageReachesItWhileItRuns) {
   Ouvre();
   Clique("CmdEssai");
   Reglages.LangueCourante = 0;
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   Forme->EcritMots();
   EXPECT_EQ(Bouton(), "Annuler");
   EXPECT_EQ(Phrase(), QString::fromUtf8("Essai en cours…"));
@@ -156,10 +156,10 @@ TEST_F(EssaiDansLaForme, AChangeOfLanguageKeepsHowTheLastOneEnded) {
   Clique("CmdEssai");
   const QString annule = Phrase();
   Reglages.LangueCourante = 0;
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   Forme->EcritMots();
   EXPECT_NE(Phrase(), annule);
-  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(0).Annule);
+  EXPECT_EQ(Phrase(), DonneMotsEssaiMail(Langue::kFrancais).Annule);
   Reglages.LangueCourante = 1;
   Forme->EcritMots();
   EXPECT_EQ(Phrase(), annule);

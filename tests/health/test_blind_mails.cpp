@@ -48,12 +48,13 @@ TEST_F(Courriels, OneWhenItHasBeenBlindForAMinuteAndOneWhenItSeesAgain) {
   EXPECT_FALSE(debut.Fin);
   EXPECT_EQ(debut.Mot, QStringLiteral("signal-lost"));
   EXPECT_EQ(debut.Depuis, QDateTime(QDate(2020, 1, 2), QTime(9, 5, 3)));
-  EXPECT_EQ(debut.SujetEn, QStringLiteral("Vaktor: the watch sees nothing"));
-  EXPECT_EQ(debut.SujetFr, QStringLiteral("Vaktor : la surveillance ne voit plus rien"));
-  EXPECT_TRUE(debut.English.startsWith(
-      QStringLiteral("The camera gives no new pictures (/dev/video0).\nSince: 2 January 2020, 09:05:03\n\n")))
-      << debut.English.toStdString();
-  EXPECT_TRUE(debut.Francais.contains(QString::fromUtf8("Depuis : 2 janvier 2020 à 09:05:03")));
+  EXPECT_EQ(debut.Sujet.Dit(Langue::kAnglais), QStringLiteral("Vaktor: the watch sees nothing"));
+  EXPECT_EQ(debut.Sujet.Dit(Langue::kFrancais), QStringLiteral("Vaktor : la surveillance ne voit plus rien"));
+  EXPECT_TRUE(debut.Texte.Dit(Langue::kAnglais)
+                  .startsWith(QStringLiteral(
+                      "The camera gives no new pictures (/dev/video0).\nSince: 2 January 2020, 09:05:03\n\n")))
+      << debut.Texte.Dit(Langue::kAnglais).toStdString();
+  EXPECT_TRUE(debut.Texte.Dit(Langue::kFrancais).contains(QString::fromUtf8("Depuis : 2 janvier 2020 à 09:05:03")));
   EXPECT_EQ(Depot.Deposes[0].Image, Image);
   EXPECT_EQ(Prend(), "+signal-lost");
   Temps.Avance(600'000);
@@ -67,9 +68,10 @@ TEST_F(Courriels, OneWhenItHasBeenBlindForAMinuteAndOneWhenItSeesAgain) {
   EXPECT_TRUE(fin.Fin);
   EXPECT_EQ(fin.Depuis, debut.Depuis);
   EXPECT_EQ(fin.Jusqua, QDateTime(QDate(2020, 1, 2), QTime(9, 16, 4)));
-  EXPECT_EQ(fin.SujetEn, QStringLiteral("Vaktor: the watch sees again"));
-  EXPECT_TRUE(fin.English.contains(QStringLiteral("Until: 2 January 2020, 09:16:04"))) << fin.English.toStdString();
-  EXPECT_TRUE(fin.Francais.contains(QString::fromUtf8("Jusqu'à : 2 janvier 2020 à 09:16:04")));
+  EXPECT_EQ(fin.Sujet.Dit(Langue::kAnglais), QStringLiteral("Vaktor: the watch sees again"));
+  EXPECT_TRUE(fin.Texte.Dit(Langue::kAnglais).contains(QStringLiteral("Until: 2 January 2020, 09:16:04")))
+      << fin.Texte.Dit(Langue::kAnglais).toStdString();
+  EXPECT_TRUE(fin.Texte.Dit(Langue::kFrancais).contains(QString::fromUtf8("Jusqu'à : 2 janvier 2020 à 09:16:04")));
   EXPECT_EQ(Depot.Deposes[0].Image, Image) << "what it sees now";
 }
 
@@ -133,8 +135,9 @@ TEST_F(Courriels, TheEndAfterTheAlarmWasSwitchedOffDoesNotSayThatItSeesAgain) {
   Veille.Leve(Condition::kSignalPerdu);
   Temps.Avance(1000);
   ASSERT_EQ(Depot.Deposes.size(), 2);
-  EXPECT_EQ(Depot.Deposes[1].Courriel.SujetEn, QStringLiteral("Vaktor: the alarm is no longer armed"));
-  EXPECT_TRUE(Depot.Deposes[1].Courriel.English.contains(QStringLiteral("nothing is watched")));
+  EXPECT_EQ(Depot.Deposes[1].Courriel.Sujet.Dit(Langue::kAnglais),
+            QStringLiteral("Vaktor: the alarm is no longer armed"));
+  EXPECT_TRUE(Depot.Deposes[1].Courriel.Texte.Dit(Langue::kAnglais).contains(QStringLiteral("nothing is watched")));
 }
 
 TEST_F(Courriels, NoEndToWhoHasSwitchedMailsOff) {
@@ -203,11 +206,12 @@ TEST_F(Courriels, TwoConditionsAtOnceAreToldApartAndTheFirstEndDoesNotSayThatItS
   Veille.Leve(Condition::kSignalPerdu);
   Temps.Avance(1000);
   ASSERT_EQ(Depot.Deposes.size(), 1);
-  EXPECT_EQ(Depot.Deposes[0].Courriel.SujetEn, QStringLiteral("Vaktor: one fault is over, another goes on"));
+  EXPECT_EQ(Depot.Deposes[0].Courriel.Sujet.Dit(Langue::kAnglais),
+            QStringLiteral("Vaktor: one fault is over, another goes on"));
   EXPECT_EQ(Prend(), "-signal-lost");
   Veille.Leve(Condition::kDetectionArretee);
   Temps.Avance(1000);
-  EXPECT_EQ(Depot.Deposes[0].Courriel.SujetEn, QStringLiteral("Vaktor: the watch sees again"));
+  EXPECT_EQ(Depot.Deposes[0].Courriel.Sujet.Dit(Langue::kAnglais), QStringLiteral("Vaktor: the watch sees again"));
   EXPECT_EQ(Prend(), "-detection-stopped");
 }
 
@@ -221,7 +225,7 @@ TEST_F(Courriels, TwoThatEndTogetherBothSayThatItSees) {
   Temps.Avance(1000);
   ASSERT_EQ(Depot.Deposes.size(), 2);
   for (const auto& depose : Depot.Deposes) {
-    EXPECT_EQ(depose.Courriel.SujetEn, QStringLiteral("Vaktor: the watch sees again"));
+    EXPECT_EQ(depose.Courriel.Sujet.Dit(Langue::kAnglais), QStringLiteral("Vaktor: the watch sees again"));
   }
 }
 

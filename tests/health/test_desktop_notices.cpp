@@ -26,7 +26,7 @@ TEST_F(Bureau, OneNotificationWhenAConditionBeginsAndOneWhenItEnds) {
   ASSERT_EQ(debut.size(), 1);
   EXPECT_EQ(debut[0].Titre, QStringLiteral("Vaktor does not do everything"));
   EXPECT_EQ(debut[0].Texte.section(u'\n', 0, 0), QStringLiteral("Photos cannot be saved (disk full)."));
-  EXPECT_EQ(debut[0].Texte.section(u'\n', 1), PhraseFaire(Condition::kPhotosImpossibles, 1));
+  EXPECT_EQ(debut[0].Texte.section(u'\n', 1), PhraseFaire(Condition::kPhotosImpossibles, Langue::kAnglais));
   EXPECT_TRUE(debut[0].Pressant);
   Temps.Avance(600'000);
   EXPECT_TRUE(Prend().isEmpty());
@@ -62,9 +62,9 @@ TEST_F(Bureau, WhatBeginsWithinSecondsIsToldTogetherAndEachAtLeastOnce) {
   const auto dits = Prend();
   ASSERT_EQ(dits.size(), 2) << "two of them at once, and the camera, which counts later";
   EXPECT_EQ(dits[0].Titre, QStringLiteral("Vaktor does not do everything")) << "the worst gives the title";
-  EXPECT_EQ(dits[0].Texte,
-            PhraseQuoi(Condition::kPhotosImpossibles, {}, 1) + u'\n' + PhraseQuoi(Condition::kPeuDePlace, {}, 1));
-  EXPECT_TRUE(dits[1].Texte.startsWith(PhraseQuoi(Condition::kSignalPerdu, {}, 1)));
+  EXPECT_EQ(dits[0].Texte, PhraseQuoi(Condition::kPhotosImpossibles, {}, Langue::kAnglais) + u'\n' +
+                               PhraseQuoi(Condition::kPeuDePlace, {}, Langue::kAnglais));
+  EXPECT_TRUE(dits[1].Texte.startsWith(PhraseQuoi(Condition::kSignalPerdu, {}, Langue::kAnglais)));
 }
 
 TEST_F(Bureau, OneThatEndsWhileItWaitsIsToldAllTheSame) {
@@ -76,7 +76,7 @@ TEST_F(Bureau, OneThatEndsWhileItWaitsIsToldAllTheSame) {
   Temps.Avance(20000);
   const auto dits = Prend();
   ASSERT_EQ(dits.size(), 3);
-  EXPECT_TRUE(dits[1].Texte.startsWith(PhraseQuoi(Condition::kReglagesNonSauves, {}, 1)));
+  EXPECT_TRUE(dits[1].Texte.startsWith(PhraseQuoi(Condition::kReglagesNonSauves, {}, Langue::kAnglais)));
   EXPECT_EQ(dits[2].Titre, QStringLiteral("Vaktor: nothing to report any more"));
 }
 
@@ -121,7 +121,7 @@ TEST_F(Bureau, WhatComesBackAfterAMinuteIsToldAgainAlthoughANoticeStandsAllTheTi
   Temps.Avance(20000);
   const auto dits = Prend();
   ASSERT_EQ(dits.size(), 1);
-  EXPECT_TRUE(dits[0].Texte.startsWith(PhraseQuoi(Condition::kSignalPerdu, {}, 1)));
+  EXPECT_TRUE(dits[0].Texte.startsWith(PhraseQuoi(Condition::kSignalPerdu, {}, Langue::kAnglais)));
 }
 
 TEST_F(Bureau, AnEventIsToldAndHasNoEnd) {

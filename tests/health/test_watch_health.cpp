@@ -205,13 +205,13 @@ TEST(Conditions, EachHasItsWordsInBothLanguagesAndAWordOfItsOwn) {
     const auto quoi = static_cast<Condition>(i);
     mots.append(MotCondition(quoi));
     EXPECT_FALSE(MotCondition(quoi).isEmpty());
-    for (const qint32 langue : {0, 1}) {
+    for (const Langue langue : kLangues) {
       EXPECT_TRUE(PhraseQuoi(quoi, {}, langue).endsWith(u'.')) << i;
       EXPECT_TRUE(PhraseFaire(quoi, langue).endsWith(u'.')) << i;
       EXPECT_TRUE(PhraseQuoi(quoi, QStringLiteral("why\nso."), langue).endsWith(QStringLiteral(" (why so)."))) << i;
     }
-    EXPECT_NE(PhraseQuoi(quoi, {}, 0), PhraseQuoi(quoi, {}, 1)) << i;
-    EXPECT_NE(PhraseFaire(quoi, 0), PhraseFaire(quoi, 1)) << i;
+    EXPECT_NE(PhraseQuoi(quoi, {}, Langue::kFrancais), PhraseQuoi(quoi, {}, Langue::kAnglais)) << i;
+    EXPECT_NE(PhraseFaire(quoi, Langue::kFrancais), PhraseFaire(quoi, Langue::kAnglais)) << i;
   }
   EXPECT_EQ(mots.removeDuplicates(), 0);
 }
@@ -226,8 +226,8 @@ TEST(Conditions, OnlyALostSignalAndAStoppedDetectionMakeBlind) {
 
 TEST(Conditions, AMomentIsSaidInBothLanguages) {
   const QDateTime moment(QDate(2020, 1, 2), QTime(9, 5, 3));
-  EXPECT_EQ(DitMoment(moment, 0), QString::fromUtf8("2 janvier 2020 à 09:05:03"));
-  EXPECT_EQ(DitMoment(moment, 1), QStringLiteral("2 January 2020, 09:05:03"));
+  EXPECT_EQ(DitMoment(moment, Langue::kFrancais), QString::fromUtf8("2 janvier 2020 à 09:05:03"));
+  EXPECT_EQ(DitMoment(moment, Langue::kAnglais), QStringLiteral("2 January 2020, 09:05:03"));
 }
 
 }  // namespace

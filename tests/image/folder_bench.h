@@ -17,7 +17,7 @@ class BancDossier : public testing::Test {
  protected:
   BancDossier() {
     Journal_.Ecoute();
-    Textes.Remplit(0);
+    Textes.Remplit(Langue::kFrancais);
     for (const char* dossier : {"/", "/home", "/home/u", "/home/u/Photos", "/home/u/v", "/home/u/v/intrus", "/media",
                                 "/media/u", "/media/u/USB", "/media/u/USB/Nuits"}) {
       Arbre.Ajoute(QLatin1String(dossier));
@@ -28,7 +28,7 @@ class BancDossier : public testing::Test {
   }
   void ParleAnglais() {
     Reglages.LangueCourante = 1;
-    Textes.Remplit(1);
+    Textes.Remplit(Langue::kAnglais);
   }
   void Retire(const QString& dossier) {
     Arbre.Regards.remove(dossier);

@@ -28,7 +28,7 @@ struct BancGalerie {
     Disque.AjouteDossier(QStringLiteral("/d/intrus"));
     Reglages.RepertoirePhoto = QStringLiteral("/p");
     Reglages.LangueCourante = langue;
-    Textes.Remplit(langue);
+    Textes.Remplit(LitLangue(langue));
     Boites.Reponse = ReponseBoite::kOui;
   }
   BancGalerie(const BancGalerie&) = delete;

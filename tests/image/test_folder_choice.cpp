@@ -286,7 +286,7 @@ INSTANTIATE_TEST_SUITE_P(Etats, Refus,
 
 TEST(MotsDossier, EachStateHasASentenceOfItsOwnInBothLanguages) {
   QStringList phrases;
-  for (const qint32 langue : {0, 1}) {
+  for (const Langue langue : kLangues) {
     for (const EtatDossier etat : {EtatDossier::kAbsent, EtatDossier::kInterdit, EtatDossier::kLectureSeule,
                                    EtatDossier::kPlein, EtatDossier::kSansReponse}) {
       phrases += DitEtatDossier(langue, etat, QStringLiteral("/a%1b"));
@@ -294,9 +294,9 @@ TEST(MotsDossier, EachStateHasASentenceOfItsOwnInBothLanguages) {
     }
   }
   EXPECT_EQ(phrases.removeDuplicates(), 0);
-  EXPECT_EQ(DitEtatDossier(7, EtatDossier::kPlein, QStringLiteral("/a")),
-            DitEtatDossier(0, EtatDossier::kPlein, QStringLiteral("/a")));
-  EXPECT_TRUE(DitEtatDossier(0, EtatDossier::kBon, QStringLiteral("/a")).isEmpty());
+  EXPECT_EQ(DitEtatDossier(LangueParlee(7), EtatDossier::kPlein, QStringLiteral("/a")),
+            DitEtatDossier(Langue::kFrancais, EtatDossier::kPlein, QStringLiteral("/a")));
+  EXPECT_TRUE(DitEtatDossier(Langue::kFrancais, EtatDossier::kBon, QStringLiteral("/a")).isEmpty());
 }
 
 }  // namespace

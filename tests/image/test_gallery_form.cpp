@@ -70,7 +70,7 @@ TEST_F(Galerie, WordsFollowTheLanguage) {
   EXPECT_EQ(Trouve<QPushButton>("Command7")->text(), QStringLiteral("Choose Repertory"));
   EXPECT_EQ(Limite->toolTip(), QStringLiteral("Choose the number of pictures that will be stored on your hard drive"));
   Reglages.LangueCourante = 0;
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   Forme.ChargeMots();
   EXPECT_EQ(Forme.windowTitle(), QStringLiteral("Intrusions : 3 Photo(s)"));
   EXPECT_EQ(Trouve<QLabel>("LblPhotoDisc")->text(), QStringLiteral("Photos Max"));
@@ -340,7 +340,7 @@ TEST_F(Galerie, DamagedPhotoIsSaidInItsPlaceAndStaysListed) {
   EXPECT_EQ(Liste->model()->rowCount(), 3);
   EXPECT_NE(Photo->grab().toImage().pixel(2, 2), qRgb(200, 60, 20));
   Reglages.LangueCourante = 0;
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   Forme.ChargeMots();
   EXPECT_TRUE(Photo->Avis().contains(QStringLiteral("endommagé")));
   Touche(Qt::Key_Down);

@@ -140,7 +140,7 @@ TEST_F(ReglesLecture, DisplayThatHasGoneIsToldNothing) {
 TEST_F(ReglesLecture, LanguageChangedWhileItOpensIsTheOneOfTheCaption) {
   Noms.Retient = true;
   Galerie.OuvreGalerie();
-  Textes.Remplit(0);
+  Textes.Remplit(Langue::kFrancais);
   Reglages.LangueCourante = 0;
   Noms.Livre();
   EXPECT_EQ(Vue.Titre, QStringLiteral("Intrusions : 0 Photo(s)"));

@@ -44,7 +44,7 @@ class FormeRepertoire : public faux::BancDossier {
 TEST_F(FormeRepertoire, ShowsItsFrenchWordsInBothLanguages) {
   for (const qint32 langue : {0, 1}) {
     Reglages.LangueCourante = langue;
-    Textes.Remplit(langue);
+    Textes.Remplit(LitLangue(langue));
     Ouvre();
     EXPECT_EQ(Vue.Forme()->windowTitle(), QString::fromUtf8("Répertoire pour les photos"));
     EXPECT_EQ(Trouve<QPushButton>("Command1")->text(), QStringLiteral("Valider"));

@@ -86,7 +86,7 @@ struct Etats : Commun {
   QStringList Avis;
   EtatModule Etat{Temporaire.path(), QStringLiteral("VAKTORessai"), Horloge,
                   [this](const QString& titre, const QString& texte) { Avis << titre + ": " + texte; }};
-  const AvisEchec Login{"login", "535 wrong", "Mot de passe refusé.", "Login refused."};
+  const AvisEchec Login{"login", "535 wrong", Phrase{"Mot de passe refusé.", "Login refused."}};
   QJsonObject Fichier() const { return QJsonDocument::fromJson(LitTexte(Etat.Chemin()).toUtf8()).object(); }
 };
 
@@ -110,8 +110,8 @@ TEST_F(Etats, TheUserIsToldOnceAFailure_InTheirLanguage) {
   Etat.Signale(autreMot);
   EXPECT_EQ(Avis, QStringList("VAKTORessai: Mot de passe refusé. 535 wrong"));
   EXPECT_EQ(Fichier()["server"], "535 still wrong") << "the file has the newest words all the same";
-  Etat.ChangeLangue(1);
-  Etat.Signale({"autre", "", "b", "Other."});
+  Etat.ChangeLangue(Langue::kAnglais);
+  Etat.Signale({"autre", "", Phrase{"b", "Other."}});
   EXPECT_EQ(Avis.last(), "VAKTORessai: Other.");
 }
 
@@ -217,7 +217,7 @@ TEST_F(Etats, AValueThatHadToWaitIsWrittenThoughItIsTheSame) {
 
 TEST_F(Etats, NoSecretInFileOrNotification) {
   Etat.CacheSecret("geheim");
-  Etat.Signale({"x", "no user geheim", "geheim", "geheim"});
+  Etat.Signale({"x", "no user geheim", Phrase{"geheim", "geheim"}});
   EXPECT_FALSE(LitTexte(Etat.Chemin()).contains("geheim"));
   EXPECT_FALSE(Avis.first().contains("geheim"));
 }

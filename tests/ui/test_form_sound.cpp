@@ -73,10 +73,10 @@ TEST_F(FormeSon, WordsOfBothLanguages) {
 }
 
 TEST_F(FormeSon, ClosedListShowsTheCurrentChoice) {
-  EXPECT_EQ(DonneMotsFormSound(0, 1).Montre, QStringLiteral("Son 2"));
-  EXPECT_EQ(DonneMotsFormSound(1, 3).Montre, QStringLiteral("Sound file"));
-  EXPECT_EQ(DonneMotsFormSound(0, 9).Montre, QStringLiteral("Choix du son"));
-  EXPECT_EQ(DonneMotsFormSound(1, -1).Montre, QStringLiteral("Sound Choice"));
+  EXPECT_EQ(DonneMotsFormSound(Langue::kFrancais, 1).Montre, QStringLiteral("Son 2"));
+  EXPECT_EQ(DonneMotsFormSound(Langue::kAnglais, 3).Montre, QStringLiteral("Sound file"));
+  EXPECT_EQ(DonneMotsFormSound(Langue::kFrancais, 9).Montre, QStringLiteral("Choix du son"));
+  EXPECT_EQ(DonneMotsFormSound(Langue::kAnglais, -1).Montre, QStringLiteral("Sound Choice"));
   Reglages.IndexSon = 2;
   Ouvre();
   EXPECT_EQ(Trouve<QComboBox>("CombSound")->placeholderText(), QStringLiteral("Sound 3"));

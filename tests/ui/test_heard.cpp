@@ -125,7 +125,7 @@ TEST_F(Entendu, BoxesTellTheirNameAndWhetherTheyAreTicked) {
   const std::pair<const char*, int> boites[] = {
       {"CheckPPhot", 13}, {"CheckSon", 14}, {"CheckMail", 11}, {"ChkSeuilAuto", 219}};
   for (const auto& [nom, texte] : boites) {
-    EXPECT_EQ(Nom(nom), Banc.Textes.Texte(texte)) << nom;
+    EXPECT_EQ(Nom(nom), Banc.Textes.Dit(Libelle{texte})) << nom;
     Banc.Trouve<QCheckBox>(nom)->setChecked(false);
     EXPECT_FALSE(Coche(nom)) << nom;
     Banc.Trouve<QCheckBox>(nom)->setChecked(true);

@@ -71,9 +71,9 @@ TEST(LinkView, StatusRedFieldsAndPageReachTheWindow) {
   faux::BancFenetre banc;
   VueLiaison vue(banc.Textes, banc.Boites);
   vue.Relie(banc.Fenetre);
-  vue.MontreStatut(36);
+  vue.MontreStatut(Libelle::kFtpConnecte);
   EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("FTP connected"));
-  vue.MontreStatutLitteral(QStringLiteral("Identification"));
+  vue.MontreStatutLitteral(Phrase{"Identification", "Identification"});
   EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("Identification"));
   const std::pair<ChampLiaison, const char*> champs[] = {{ChampLiaison::kTxtFtp, "TxtFtp"},
                                                          {ChampLiaison::kTxtFTPracine, "TxtFTPracine"},
@@ -94,7 +94,7 @@ TEST(LinkView, OneThatWasNotTiedToItsWindowSaysSoAndShowsNothingInSilence) {
   faux::BancFenetre banc;
   VueLiaison vue(banc.Textes, banc.Boites);
   EXPECT_THROW(vue.ExigeLien(), Echec);
-  EXPECT_THROW(vue.MontreStatut(36), Echec);
+  EXPECT_THROW(vue.MontreStatut(Libelle::kFtpConnecte), Echec);
   EXPECT_THROW(vue.MontrePageFtp(), Echec);
   vue.Relie(banc.Fenetre);
   EXPECT_NO_THROW(vue.ExigeLien());
@@ -115,8 +115,8 @@ TEST(LinkView, TheQuestionHasItsWordsAndItsTwoAnswers) {
   banc.Boites.Reponse = ReponseBoite::kAnnuler;
   EXPECT_FALSE(vue.DemandeParametresSite());
   EXPECT_EQ(banc.Boites.Boutons, BoutonsBoite::kOkAnnuler);
-  EXPECT_EQ(banc.Boites.Textes.last(), banc.Textes.Messages(9));
-  EXPECT_EQ(banc.Boites.Titres.last(), banc.Textes.Messages(2));
+  EXPECT_EQ(banc.Boites.Textes.last(), banc.Textes.Dit(Message::kSiteIncomplet));
+  EXPECT_EQ(banc.Boites.Titres.last(), banc.Textes.Dit(Message::kTitreManque));
 }
 
 }  // namespace

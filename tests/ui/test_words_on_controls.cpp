@@ -4,6 +4,7 @@
 
 #include <array>
 
+#include "texts/phrase.h"
 #include "ui/window_bench.h"
 
 namespace vaktor {
@@ -84,10 +85,10 @@ QString LitLibelle(const QWidget* controle) {
 class MotsSurControles : public testing::TestWithParam<int> {
  protected:
   // From the other language on, so that what is written once only shows.
-  MotsSurControles() : Banc(1 - GetParam()) {
+  MotsSurControles() : Banc((GetParam() + 1) % static_cast<int>(kNombreLangues)) {
     Banc.Reglages.LangueCourante = GetParam();
     Banc.Chargeur.ChargeTextes();
-    Mots.Remplit(GetParam());
+    Mots.Remplit(LitLangue(GetParam()));
   }
 
   BancFenetre Banc;
@@ -98,41 +99,41 @@ TEST_P(MotsSurControles, CaptionsAreThoseOfTheTable) {
   for (const Ligne& ligne : kLibelles) {
     const QWidget* controle = Banc.Trouve(ligne.Controle);
     ASSERT_NE(controle, nullptr) << ligne.Controle;
-    EXPECT_EQ(LitLibelle(controle), Mots.Texte(ligne.Numero)) << ligne.Controle;
+    EXPECT_EQ(LitLibelle(controle), Mots.Dit(Libelle{ligne.Numero})) << ligne.Controle;
   }
-  EXPECT_EQ(Banc.Moniteur.windowTitle(), Mots.Texte(17));
+  EXPECT_EQ(Banc.Moniteur.windowTitle(), Mots.Dit(Libelle::kMoniteur));
 }
 
 TEST_P(MotsSurControles, TooltipsAreThoseOfTheTable) {
   for (const Ligne& ligne : kAides) {
     const QWidget* controle = Banc.Trouve(ligne.Controle);
     ASSERT_NE(controle, nullptr) << ligne.Controle;
-    EXPECT_EQ(controle->toolTip(), Mots.Aide(ligne.Numero)) << ligne.Controle;
+    EXPECT_EQ(controle->toolTip(), Mots.Dit(Aide{ligne.Numero})) << ligne.Controle;
   }
-  EXPECT_EQ(Banc.Moniteur.findChild<QWidget*>(QStringLiteral("Picture1"))->toolTip(), Mots.Aide(4));
+  EXPECT_EQ(Banc.Moniteur.findChild<QWidget*>(QStringLiteral("Picture1"))->toolTip(), Mots.Dit(Aide::kZone));
 }
 
 TEST_P(MotsSurControles, FieldWithoutATooltipOfItsOwnShowsItsCaption) {
-  EXPECT_EQ(Banc.Trouve("TxtFTPracine")->toolTip(), Mots.Texte(230));
+  EXPECT_EQ(Banc.Trouve("TxtFTPracine")->toolTip(), Mots.Dit(Libelle::kRepertoire));
 }
 
 TEST_P(MotsSurControles, MenusTakeTheirCaptionWhenTheyOpen) {
   auto* menu = Banc.Trouve<QMenu>("MnuDisplay");
   QTest::mousePress(Banc.Trouve("Picture2"), Qt::RightButton, {}, QPoint(5, 5));
-  EXPECT_EQ(menu->title(), Mots.Texte(194));
+  EXPECT_EQ(menu->title(), Mots.Dit(Libelle::kPleinEcran));
   menu->close();
   auto* ecran = Banc.Moniteur.findChild<QMenu*>(QStringLiteral("MnuScreen"));
   Banc.Moniteur.show();
   QTest::mousePress(Banc.Moniteur.findChild<QWidget*>(QStringLiteral("Picture1")), Qt::RightButton, {}, QPoint(5, 5));
-  EXPECT_EQ(ecran->actions().first()->text(), Mots.Texte(194));
+  EXPECT_EQ(ecran->actions().first()->text(), Mots.Dit(Libelle::kPleinEcran));
   ecran->close();
 }
 
 TEST_P(MotsSurControles, ListsAndFacesAreThoseOfTheTable) {
   const auto* qualites = Banc.Trouve<QComboBox>("CombQualit");
-  for (int i = 0; i < 4; ++i) EXPECT_EQ(qualites->itemText(i), Mots.Texte(54 + i));
+  for (int i = 0; i < 4; ++i) EXPECT_EQ(qualites->itemText(i), Mots.Dit(Libelle{54 + i}));
   const auto* couleurs = Banc.Trouve<QComboBox>("CombCouleur");
-  for (int i = 0; i < 7; ++i) EXPECT_EQ(couleurs->itemText(i), Mots.Texte(59 + i));
+  for (int i = 0; i < 7; ++i) EXPECT_EQ(couleurs->itemText(i), Mots.Dit(Libelle{59 + i}));
   for (int i = 0; i < 7; ++i) {
     EXPECT_EQ(LitLibelle(Banc.Trouve(qPrintable(QStringLiteral("Bouton(%1)").arg(i)))), Mots.LibelleBouton(i));
   }
@@ -141,8 +142,8 @@ TEST_P(MotsSurControles, ListsAndFacesAreThoseOfTheTable) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Langues, MotsSurControles, testing::Values(0, 1),
-                         [](const auto& langue) { return langue.param == 0 ? "French" : "English"; });
+INSTANTIATE_TEST_SUITE_P(Langues, MotsSurControles, testing::Range(0, static_cast<int>(kNombreLangues)),
+                         [](const auto& langue) { return kCodesLangues.Dit(*LitLangue(langue.param)).toStdString(); });
 
 }  // namespace
 }  // namespace vaktor

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 
+#include "texts/phrase.h"
 #include "ui/controls/control_factory.h"
 #include "ui/face/art_images.h"
 
@@ -13,16 +14,14 @@ namespace {
 constexpr QSize kTaille{17, 13};
 }  // namespace
 
-DrapeauLangue::DrapeauLangue(QWidget* parent, int langue, QPoint place)
+DrapeauLangue::DrapeauLangue(QWidget* parent, Langue langue, QPoint place)
     : QAbstractButton(parent),
       // The finer bitmap on every screen: it is small, and painting brings it to the screen's density.
-      Drapeau_(ChargeArtOuUni(langue == 0 ? QStringLiteral("flag_fr") : QStringLiteral("flag_en"), 2, kTaille,
-                              Qt::lightGray)) {
-  setObjectName(NomIndexe("Image4", langue));
+      Drapeau_(ChargeArtOuUni(QStringLiteral("flag_") + kCodesLangues.Dit(langue), 2, kTaille, Qt::lightGray)) {
+  setObjectName(NomIndexe("Image4", static_cast<int>(langue)));
   setGeometry(QRect(place, kTaille));
   setCheckable(true);
-  // Each names its own language in that language: whoever looks for it may not read the other.
-  setAccessibleName(langue == 0 ? QStringLiteral("Fran\u00e7ais") : QStringLiteral("English"));
+  setAccessibleName(kNomsLangues.Dit(langue));
 }
 
 void DrapeauLangue::Encadre(bool encadre) {

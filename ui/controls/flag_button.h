@@ -1,8 +1,10 @@
-// DrapeauLangue: one of the two language flags, Image4(0) French and Image4(1) English.
+// DrapeauLangue: one of the language flags, Image4(0) French, Image4(1) English.
 #pragma once
 
 #include <QAbstractButton>
 #include <QImage>
+
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -10,7 +12,7 @@ class DrapeauLangue : public QAbstractButton {
   Q_OBJECT
 
  public:
-  DrapeauLangue(QWidget* parent, int langue, QPoint place);
+  DrapeauLangue(QWidget* parent, Langue langue, QPoint place);
   /// The flag under the pointer has no frame, all others have one.
   void Encadre(bool encadre);
   bool Encadre() const { return Encadre_; }

@@ -6,7 +6,7 @@
 namespace vaktor {
 
 namespace {
-constexpr int kDemandeAdresse = 189;
+constexpr Libelle kDemandeAdresse = Libelle::kMailDestination;
 }  // namespace
 
 ChampsMail::ChampsMail(const PortsChamps& ports, PageMail& page) : Ports_(ports), Page_(page) {
@@ -57,7 +57,7 @@ void ChampsMail::SuitTextNbrMail() {
 // What stands in the field is what is kept, the prompt too: a save made while it shows stores the prompt.
 void ChampsMail::SuitTextEMail() {
   QLineEdit& champ = *Page_.TextEMail;
-  if (champ.text() != Ports_.Textes.Texte(kDemandeAdresse)) {
+  if (champ.text() != Ports_.Textes.Dit(kDemandeAdresse)) {
     EcritChamp(champ, RetireBlancs(GardePremiereLigne(champ.text())));
   }
   Ports_.Reglages.MailDestination = champ.text();
@@ -66,12 +66,12 @@ void ChampsMail::SuitTextEMail() {
 
 void ChampsMail::DemandeAdresse() {
   RougitChamp(*Page_.TextEMail, true);
-  Page_.TextEMail->setText(Ports_.Textes.Texte(kDemandeAdresse));
+  Page_.TextEMail->setText(Ports_.Textes.Dit(kDemandeAdresse));
 }
 
 void ChampsMail::RetireDemande() {
   RougitChamp(*Page_.TextEMail, false);
-  if (Page_.TextEMail->text() == Ports_.Textes.Texte(kDemandeAdresse)) Page_.TextEMail->clear();
+  if (Page_.TextEMail->text() == Ports_.Textes.Dit(kDemandeAdresse)) Page_.TextEMail->clear();
 }
 
 }  // namespace vaktor

@@ -14,7 +14,8 @@ class ChampsMail : public QObject {
  public:
   ChampsMail(const PortsChamps& ports, PageMail& page);
 
-  /// No address was found: the prompt Texte(189), in red, takes the place of the address until a click or a key.
+  /// No address was found: the prompt Libelle::kMailDestination, in red, takes the place of the address until a click
+  /// or a key.
   void DemandeAdresse();
 
  private:

@@ -50,8 +50,8 @@ bool ChampsMoniteur::AdresseManque() const {
 
 // Neither the switch nor the store changes: the box is unticked whatever the answer.
 void ChampsMoniteur::DemandeAdresse() {
-  const ReponseBoite reponse =
-      Ports_.Boites.MontreMessage(Ports_.Textes.Messages(1), Ports_.Textes.Messages(2), BoutonsBoite::kOkAnnuler);
+  const ReponseBoite reponse = Ports_.Boites.MontreMessage(
+      Ports_.Textes.Dit(Message::kAdresseManque), Ports_.Textes.Dit(Message::kTitreManque), BoutonsBoite::kOkAnnuler);
   if (reponse == ReponseBoite::kOk) {
     Moniteur_.AmenePageMail();
     Mail_.DemandeAdresse();
@@ -64,7 +64,8 @@ void ChampsMoniteur::RelacheCheckPPhot() {
   Ports_.Reglages.PhotoActif = coche;
   // Only a warning: the box stays ticked whatever the disk holds.
   if (coche && Moniteur_.VerifieEspaceDisque()) {
-    Ports_.Boites.MontreMessage(Ports_.Textes.Messages(3), Ports_.Textes.Messages(4), BoutonsBoite::kOk);
+    Ports_.Boites.MontreMessage(Ports_.Textes.Dit(Message::kPeuDePlace), Ports_.Textes.Dit(Message::kTitre),
+                                BoutonsBoite::kOk);
   }
   Ports_.NoteEtSauve();
 }

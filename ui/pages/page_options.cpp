@@ -7,8 +7,9 @@ PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   BoutonGris5 = new BoutonImage(this, NomIndexe("BoutonGris", 5), {8, 82}, FamilleBouton::kGrise);
   new BoutonImage(this, NomIndexe("BoutonGris", 6), {96, 64}, FamilleBouton::kGrise);
   new BoutonImage(this, NomIndexe("BoutonGris", 7), {192, 64}, FamilleBouton::kGrise);
-  Image4[1] = new DrapeauLangue(this, 1, {288, 64});
-  Image4[0] = new DrapeauLangue(this, 0, {312, 64});
+  // From the right edge leftwards, and made from the left: the tab key goes that way.
+  for (std::size_t i = kNombreLangues; i-- > 0;)
+    Image4.at(i) = new DrapeauLangue(this, kLangues.at(i), {312 - 24 * static_cast<int>(i), 64});
   CombSkin = CreeListe(this, QStringLiteral("CombSkin"), {208, 136, 81, 21});
   CombSkin->addItems({QStringLiteral("Skin 1"), QStringLiteral("Skin 2"), QStringLiteral("Skin 3")});
   CombSkin->setPlaceholderText(QStringLiteral("Skins"));

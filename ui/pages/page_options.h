@@ -18,9 +18,9 @@ class PageOptions : public PageVaktor {
  public:
   explicit PageOptions(QWidget* fenetre);
 
-  BoutonImage* BoutonGris4;                ///< BoutonGris(4), video format
-  BoutonImage* BoutonGris5;                ///< BoutonGris(5), video source
-  std::array<DrapeauLangue*, 2> Image4{};  ///< by language number
+  BoutonImage* BoutonGris4;                             ///< BoutonGris(4), video format
+  BoutonImage* BoutonGris5;                             ///< BoutonGris(5), video source
+  std::array<DrapeauLangue*, kNombreLangues> Image4{};  ///< by language
   QComboBox* CombSkin;
   CaseACocher* ChkSeuilAuto;
 };

@@ -4,13 +4,13 @@ namespace vaktor {
 
 namespace {
 constexpr int kPageFtp = 2;
-constexpr int kMessageParametres = 9;
-constexpr int kTitreParametres = 2;
 }  // namespace
 
-void VueLiaison::MontreStatut(int numero) { MontreStatutLitteral(Textes_.Texte(numero)); }
+void VueLiaison::MontreStatut(Libelle statut) { EcritStatut(Textes_.Dit(statut)); }
 
-void VueLiaison::MontreStatutLitteral(const QString& texte) { Fenetre().Bandeau().LblDebugftp->setText(texte); }
+void VueLiaison::MontreStatutLitteral(const Phrase& statut) { EcritStatut(statut.Dit(Textes_.Parlee())); }
+
+void VueLiaison::EcritStatut(const QString& texte) { Fenetre().Bandeau().LblDebugftp->setText(texte); }
 
 void VueLiaison::RougitChamp(ChampLiaison champ) {
   QLineEdit* controle = TrouveChamp(champ);
@@ -37,7 +37,7 @@ QLineEdit* VueLiaison::TrouveChamp(ChampLiaison champ) const {
 void VueLiaison::MontrePageFtp() { Fenetre().AmenePage(kPageFtp); }
 
 bool VueLiaison::DemandeParametresSite() {
-  return Boites_.MontreMessage(Textes_.Messages(kMessageParametres), Textes_.Messages(kTitreParametres),
+  return Boites_.MontreMessage(Textes_.Dit(Message::kSiteIncomplet), Textes_.Dit(Message::kTitreManque),
                                BoutonsBoite::kOkAnnuler) == ReponseBoite::kOk;
 }
 

@@ -20,8 +20,8 @@ class VueLiaison : public AffichageLiaison {
     if (Fenetre_ == nullptr) LanceNonRelie("VueLiaison");
   }
 
-  void MontreStatut(int numero) override;
-  void MontreStatutLitteral(const QString& texte) override;
+  void MontreStatut(Libelle statut) override;
+  void MontreStatutLitteral(const Phrase& statut) override;
   void RougitChamp(ChampLiaison champ) override;
   void MontrePageFtp() override;
   bool DemandeParametresSite() override;
@@ -31,6 +31,7 @@ class VueLiaison : public AffichageLiaison {
     ExigeLien();
     return *Fenetre_;
   }
+  void EcritStatut(const QString& texte);
   QLineEdit* TrouveChamp(ChampLiaison champ) const;
 
   const TablesTextes& Textes_;

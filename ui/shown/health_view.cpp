@@ -1,5 +1,6 @@
 #include "ui/shown/health_view.h"
 
+#include "texts/language.h"
 #include "ui/controls/health_sign.h"
 #include "ui/shown/own_words.h"
 
@@ -11,7 +12,7 @@ VueSante::VueSante(PortsVueSante ports) : Ports_(std::move(ports)) {
 
 void VueSante::Actualise() {
   const QList<ConditionEnCours> liste = Ports_.Sante.Comptees();
-  const qint32 langue = Ports_.Reglages.LangueCourante;
+  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
   if (Liste_) Liste_->MontreListe(liste, langue);
   SigneSante& signe = *Ports_.Fenetre.Bandeau().Signe;
   if (liste.isEmpty()) {

@@ -1,64 +1,60 @@
 #include "ui/shown/own_words.h"
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
-namespace {
-QString Choisit(qint32 langue, const char* francais, const char* anglais) {
-  return ChoisitLangue(langue, QString::fromUtf8(francais), QString::fromUtf8(anglais));
-}
-}  // namespace
-
-QString MotAvis(qint32 langue, AvisMoniteur avis) {
+QString MotAvis(Langue langue, AvisMoniteur avis) {
   switch (avis) {
     case AvisMoniteur::kSignalPerdu:
-      return Choisit(langue, "Signal perdu", "Signal lost");
+      return Phrase{"Signal perdu", "Signal lost"}.Dit(langue);
     case AvisMoniteur::kDetectionArretee:
-      return Choisit(langue, "Détection arrêtée", "Detection stopped");
+      return Phrase{"Détection arrêtée", "Detection stopped"}.Dit(langue);
     case AvisMoniteur::kAucun:
       break;
   }
   return {};
 }
 
-MotsLampe MotsLampeAlarme(qint32 langue) {
-  return {Choisit(langue, "Témoin de l'alarme", "Alarm lamp"), Choisit(langue, "Éteint", "Off"),
-          Choisit(langue, "Compte à rebours", "Counting down"), Choisit(langue, "Alarme active", "Alarm active")};
+MotsLampe MotsLampeAlarme(Langue langue) {
+  return {Phrase{"Témoin de l'alarme", "Alarm lamp"}.Dit(langue), Phrase{"Éteint", "Off"}.Dit(langue),
+          Phrase{"Compte à rebours", "Counting down"}.Dit(langue), Phrase{"Alarme active", "Alarm active"}.Dit(langue)};
 }
 
-MotsLampe MotsLampeSurveillance(qint32 langue) {
-  return {Choisit(langue, "Témoin de la surveillance", "Live cam lamp"), Choisit(langue, "Éteint", "Off"),
-          Choisit(langue, "Connexion", "Connecting"), Choisit(langue, "Surveillance active", "Live cam active")};
+MotsLampe MotsLampeSurveillance(Langue langue) {
+  return {Phrase{"Témoin de la surveillance", "Live cam lamp"}.Dit(langue), Phrase{"Éteint", "Off"}.Dit(langue),
+          Phrase{"Connexion", "Connecting"}.Dit(langue), Phrase{"Surveillance active", "Live cam active"}.Dit(langue)};
 }
 
-QString AideBarre(qint32 langue) {
-  return Choisit(langue, "Représentation graphique du nombre de pixels en mouvement",
-                 "Graphical representation of moving pixels");
+QString AideBarre(Langue langue) {
+  return Phrase{"Représentation graphique du nombre de pixels en mouvement",
+                "Graphical representation of moving pixels"}
+      .Dit(langue);
 }
 
-QString LibelleEssaiFtp(qint32 langue) { return Choisit(langue, "Essayer", "Try"); }
+QString LibelleEssaiFtp(Langue langue) { return Phrase{"Essayer", "Try"}.Dit(langue); }
 
-QString AideEssaiFtp(qint32 langue) {
-  return Choisit(langue, "Essayer ces paramètres maintenant, sans les enregistrer",
-                 "Try these parameters now, without saving them");
+QString AideEssaiFtp(Langue langue) {
+  return Phrase{"Essayer ces paramètres maintenant, sans les enregistrer",
+                "Try these parameters now, without saving them"}
+      .Dit(langue);
 }
 
-QString AideSigneSante(qint32 langue) {
-  return Choisit(langue, "Ouvre la liste de ce qui ne va pas", "Opens the list of what is wrong");
+QString AideSigneSante(Langue langue) {
+  return Phrase{"Ouvre la liste de ce qui ne va pas", "Opens the list of what is wrong"}.Dit(langue);
 }
 
-QString MessageEchecInattendu(qint32 langue, const QString& description) {
-  return Choisit(langue, "Une opération a échoué : %1\nVaktor continue.", "An operation failed: %1\nVaktor goes on.")
-      .arg(description);
+QString MessageEchecInattendu(Langue langue, const QString& description) {
+  return Phrase{"Une opération a échoué : %1\nVaktor continue.", "An operation failed: %1\nVaktor goes on."}.Dit(
+      langue, description);
 }
 
-QString MessageDemarrageImpossible(qint32 langue, const QString& description) {
-  return Choisit(langue, "Vaktor ne peut pas démarrer : %1", "Vaktor cannot start: %1").arg(description);
+QString MessageDemarrageImpossible(Langue langue, const QString& description) {
+  return Phrase{"Vaktor ne peut pas démarrer : %1", "Vaktor cannot start: %1"}.Dit(langue, description);
 }
 
-QString MessageDossierImpossible(qint32 langue, const QString& dossier) {
-  return Choisit(langue, "le dossier « %1 » ne peut pas être créé.", "the folder \"%1\" cannot be made.").arg(dossier);
+QString MessageDossierImpossible(Langue langue, const QString& dossier) {
+  return Phrase{"le dossier « %1 » ne peut pas être créé.", "the folder \"%1\" cannot be made."}.Dit(langue, dossier);
 }
 
 }  // namespace vaktor

@@ -1,5 +1,6 @@
 #include "ui/shown/surveillance_view.h"
 
+#include "texts/phrase.h"
 #include "ui/controls/control_factory.h"
 #include "ui/shown/own_words.h"
 
@@ -7,6 +8,8 @@ namespace vaktor {
 
 namespace {
 constexpr QRgb kRougeIntrusion = qRgb(255, 0, 0);
+constexpr Phrase kIntrusion{"Intrusion", "Intrusion"};
+constexpr Phrase kSecondes{" sec", " sec"};
 }  // namespace
 
 void VueSurveillance::MontreLibelleAlarme(LibelleAlarme libelle) {
@@ -14,19 +17,19 @@ void VueSurveillance::MontreLibelleAlarme(LibelleAlarme libelle) {
   switch (libelle) {
     case LibelleAlarme::kIntrusion:
       ColoreAlarme(kRougeIntrusion);
-      etiquette.setText(QStringLiteral("Intrusion"));  // the same word in both languages
+      etiquette.setText(kIntrusion.Dit(Textes_.Parlee()));
       return;
     case LibelleAlarme::kActive:
-      etiquette.setText(Textes_.Texte(170));
+      etiquette.setText(Textes_.Dit(Libelle::kAlarmeActive));
       break;
     case LibelleAlarme::kInactive:
-      etiquette.setText(Textes_.Texte(169));
+      etiquette.setText(Textes_.Dit(Libelle::kAlarmeInactive));
       break;
   }
   GriseLibelleAlarme();
 }
 
-void VueSurveillance::NommeAlarmeInactive() { Bandeau().LblDebugAlarm->setText(Textes_.Texte(169)); }
+void VueSurveillance::NommeAlarmeInactive() { Bandeau().LblDebugAlarm->setText(Textes_.Dit(Libelle::kAlarmeInactive)); }
 
 void VueSurveillance::GriseLibelleAlarme() { ColoreAlarme(kGrisTexte); }
 
@@ -39,7 +42,8 @@ void VueSurveillance::ColoreAlarme(QRgb couleur) {
 }
 
 void VueSurveillance::MontreCompteARebours(qint32 secondes) {
-  Bandeau().LblDebugAlarm->setText(Textes_.Texte(89) + QString::number(secondes) + QStringLiteral(" sec"));
+  Bandeau().LblDebugAlarm->setText(Textes_.Dit(Libelle::kDepartDans) + QString::number(secondes) +
+                                   kSecondes.Dit(Textes_.Parlee()));
 }
 
 void VueSurveillance::MontreCompteurs(qint32 millisecondes, qint32 points) {
@@ -67,7 +71,7 @@ void VueSurveillance::RafraichitPleinEcran() { Liees().PleinEcran.Rafraichit(); 
 void VueSurveillance::MontreMoniteur() { Liees().Moniteur().show(); }
 
 void VueSurveillance::MontreAvis(AvisMoniteur avis) {
-  Liees().Moniteur().MontreAvis(MotAvis(Liees().Reglages.LangueCourante, avis));
+  Liees().Moniteur().MontreAvis(MotAvis(LangueParlee(Liees().Reglages.LangueCourante), avis));
 }
 
 void VueSurveillance::ActiveBouton(qint32 index, bool actif) {
@@ -90,18 +94,20 @@ void VueSurveillance::MontreLampeSurveillance(Lampe lampe) {
   AnnonceEtats();
 }
 
-void VueSurveillance::MontreSurveillanceInactive() { Bandeau().LblDebugftp->setText(Textes_.Texte(34)); }
+void VueSurveillance::MontreSurveillanceInactive() {
+  Bandeau().LblDebugftp->setText(Textes_.Dit(Libelle::kSurveillanceInactive));
+}
 
 void VueSurveillance::EcritRetard(qint32 secondes) { Page().Text1->setText(QString::number(secondes)); }
 
 void VueSurveillance::DessineJauge(qint32 valeur, bool haute) { Bandeau().PictSeuil->Dessine(valeur, haute); }
 
 void VueSurveillance::AnnonceCameraIntrouvable() {
-  Boites_.MontreMessage(Textes_.Messages(16), Textes_.Messages(4), BoutonsBoite::kOk);
+  Boites_.MontreMessage(Textes_.Dit(Message::kCameraIntrouvable), Textes_.Dit(Message::kTitre), BoutonsBoite::kOk);
 }
 
 void VueSurveillance::AnnonceCameraInactive() {
-  Boites_.MontreMessage(Textes_.Messages(8), Textes_.Messages(4), BoutonsBoite::kOk);
+  Boites_.MontreMessage(Textes_.Dit(Message::kCameraInactive), Textes_.Dit(Message::kTitre), BoutonsBoite::kOk);
 }
 
 }  // namespace vaktor

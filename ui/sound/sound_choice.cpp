@@ -1,30 +1,29 @@
 #include "ui/sound/sound_choice.h"
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
 namespace {
 
-QString DonneMontre(const MotsFormSound& mots, qint32 indexSon, qint32 langue) {
+QString DonneMontre(const MotsFormSound& mots, qint32 indexSon, Langue langue) {
   if (indexSon >= 0 && indexSon < static_cast<qint32>(mots.Entrees.size())) {
     return mots.Entrees.at(static_cast<std::size_t>(indexSon));
   }
-  return ChoisitLangue(langue, QStringLiteral("Choix du son"), QStringLiteral("Sound Choice"));
+  return Phrase{"Choix du son", "Sound Choice"}.Dit(langue);
 }
 
 }  // namespace
 
-MotsFormSound DonneMotsFormSound(qint32 langue, qint32 indexSon) {
+MotsFormSound DonneMotsFormSound(Langue langue, qint32 indexSon) {
   MotsFormSound mots;
-  mots.Titre = ChoisitLangue(langue, QStringLiteral("Son de l'alarme"), QStringLiteral("Alarm sound"));
-  mots.Selection = ChoisitLangue(langue, QStringLiteral("Sélectionnez un son"), QStringLiteral("Select a sound"));
-  mots.Ecoute = ChoisitLangue(langue, QStringLiteral("Ecoute"), QStringLiteral("Listen"));
-  mots.Parcourir =
-      ChoisitLangue(langue, QStringLiteral("Choisir un fichier son"), QStringLiteral("Choose a sound file"));
-  const QString son = ChoisitLangue(langue, QStringLiteral("Son %1"), QStringLiteral("Sound %1"));
+  mots.Titre = Phrase{"Son de l'alarme", "Alarm sound"}.Dit(langue);
+  mots.Selection = Phrase{"Sélectionnez un son", "Select a sound"}.Dit(langue);
+  mots.Ecoute = Phrase{"Ecoute", "Listen"}.Dit(langue);
+  mots.Parcourir = Phrase{"Choisir un fichier son", "Choose a sound file"}.Dit(langue);
+  const QString son = Phrase{"Son %1", "Sound %1"}.Dit(langue);
   for (int i = 0; i < ChoixSon::kSonDuFichier; ++i) mots.Entrees.at(static_cast<std::size_t>(i)) = son.arg(i + 1);
-  mots.Entrees.back() = ChoisitLangue(langue, QStringLiteral("Fichier son"), QStringLiteral("Sound file"));
+  mots.Entrees.back() = Phrase{"Fichier son", "Sound file"}.Dit(langue);
   mots.Montre = DonneMontre(mots, indexSon, langue);
   return mots;
 }

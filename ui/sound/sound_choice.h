@@ -7,11 +7,12 @@
 #include "base/ports/file_dialog.h"
 #include "settings/parameters.h"
 #include "settings/saving.h"
+#include "texts/language.h"
 #include "ui/sound/sounds.h"
 
 namespace vaktor {
 
-/// All words of FormSound, by language, as texts/language.h tells.
+/// All words of FormSound.
 struct MotsFormSound {
   QString Titre;
   QString Selection;               ///< LabelSelectSon
@@ -20,7 +21,7 @@ struct MotsFormSound {
   std::array<QString, 4> Entrees;  ///< of CombSound
   QString Montre;                  ///< shown in the closed list until an entry is picked
 };
-MotsFormSound DonneMotsFormSound(qint32 langue, qint32 indexSon);
+MotsFormSound DonneMotsFormSound(Langue langue, qint32 indexSon);
 
 /// Owner: FormSound. User-interface thread.
 class ChoixSon {
@@ -42,7 +43,9 @@ class ChoixSon {
   void Ferme();
   /// CmdChoixSonRep can be used.
   bool FichierPermis() const { return Reglages_.IndexSon == kSonDuFichier; }
-  MotsFormSound DonneMots() const { return DonneMotsFormSound(Reglages_.LangueCourante, Reglages_.IndexSon); }
+  MotsFormSound DonneMots() const {
+    return DonneMotsFormSound(LangueParlee(Reglages_.LangueCourante), Reglages_.IndexSon);
+  }
 
  private:
   Parametres& Reglages_;

@@ -6,6 +6,7 @@
 #include <QScreen>
 #include <algorithm>
 
+#include "texts/language.h"
 #include "ui/controls/health_sign.h"
 #include "ui/window/health_form_words.h"
 
@@ -57,7 +58,7 @@ LigneSante::LigneSante(QWidget* parent, Condition quoi)
   rangee->addLayout(textes, 1);
 }
 
-void LigneSante::Ecrit(const ConditionEnCours& condition, qint32 langue) {
+void LigneSante::Ecrit(const ConditionEnCours& condition, Langue langue) {
   const Gravite gravite = DonneGravite(condition.Quoi);
   Image_->setPixmap(QPixmap::fromImage(DonneSigne(gravite, devicePixelRatioF())));
   Titre_->setText(PhraseGravite(gravite, langue));
@@ -112,7 +113,7 @@ FrmSante::FrmSante()
 }
 
 // Entries are kept as long as their condition stands, so that focus and scroll position stay where they are.
-void FrmSante::MontreListe(const QList<ConditionEnCours>& liste, qint32 langue) {
+void FrmSante::MontreListe(const QList<ConditionEnCours>& liste, Langue langue) {
   setWindowTitle(TitreSante(langue));
   CmdFermer_->setText(MotFermerSante(langue));
   LblRien_->setText(MotRienASignaler(langue));

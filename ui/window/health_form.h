@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 
 #include "health/watch_health.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -18,7 +19,7 @@ class LigneSante : public QFrame {
 
  public:
   LigneSante(QWidget* parent, Condition quoi);
-  void Ecrit(const ConditionEnCours& condition, qint32 langue);
+  void Ecrit(const ConditionEnCours& condition, Langue langue);
 
  protected:
   void paintEvent(QPaintEvent* evenement) override;
@@ -39,7 +40,7 @@ class FrmSante : public QWidget {
  public:
   FrmSante();
   /// The worst first; empty says that there is nothing.
-  void MontreListe(const QList<ConditionEnCours>& liste, qint32 langue);
+  void MontreListe(const QList<ConditionEnCours>& liste, Langue langue);
   /// Comes to the front, as high as its list needs and the screen has room; when it is open already it only comes. A
   /// list that grows while it is open makes it higher, none makes it lower.
   void Ouvre();

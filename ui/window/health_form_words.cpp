@@ -1,23 +1,17 @@
 #include "ui/window/health_form_words.h"
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
-QString TitreSante(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("Santé de la surveillance"), QStringLiteral("Health of the watch"));
-}
+QString TitreSante(Langue langue) { return Phrase{"Santé de la surveillance", "Health of the watch"}.Dit(langue); }
 
-QString MotFermerSante(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("Fermer"), QStringLiteral("Close"));
-}
+QString MotFermerSante(Langue langue) { return Phrase{"Fermer", "Close"}.Dit(langue); }
 
-QString MotRienASignaler(qint32 langue) {
-  return ChoisitLangue(langue, QStringLiteral("Rien à signaler."), QStringLiteral("Nothing to report."));
-}
+QString MotRienASignaler(Langue langue) { return Phrase{"Rien à signaler.", "Nothing to report."}.Dit(langue); }
 
-QString MotDepuis(qint32 langue, const QString& moment) {
-  return ChoisitLangue(langue, QStringLiteral("Depuis le %1"), QStringLiteral("Since %1")).arg(moment);
+QString MotDepuis(Langue langue, const QString& moment) {
+  return Phrase{"Depuis le %1", "Since %1"}.Dit(langue, moment);
 }
 
 }  // namespace vaktor

@@ -135,8 +135,8 @@ void Form1::BrancheOptions() {
   // No event watches this box: the engine reads the parameter when it needs it, and a later save writes it.
   connect(PictPage3_->ChkSeuilAuto, &QCheckBox::toggled, this,
           [this](bool coche) { Services_.Reglages.SeuilAuto = coche; });
-  for (int langue = 0; langue < 2; ++langue) {
-    connect(PictPage3_->Image4.at(static_cast<std::size_t>(langue)), &QAbstractButton::clicked, this,
+  for (const Langue langue : kLangues) {
+    connect(PictPage3_->Image4.at(RangLangue(langue)), &QAbstractButton::clicked, this,
             [this, langue] { ChoisitLangue(langue); });
   }
 }
@@ -146,8 +146,8 @@ void Form1::ChoisitMode(bool zoom) {
   PictPage1_->CocheMode(zoom);
 }
 
-void Form1::ChoisitLangue(int langue) {
-  Services_.Reglages.LangueCourante = langue;
+void Form1::ChoisitLangue(Langue langue) {
+  Services_.Reglages.LangueCourante = static_cast<qint32>(langue);
   Services_.ChargeTextes();
 }
 

@@ -83,7 +83,7 @@ class Form1 : public QWidget {
   void BrancheOptions();
   void BasculeBouton(int index);
   void ChoisitMode(bool zoom);
-  void ChoisitLangue(int langue);
+  void ChoisitLangue(Langue langue);
 
   ServicesForm1 Services_;
   std::unique_ptr<BandeauHaut> Bandeau_;

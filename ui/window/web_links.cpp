@@ -12,18 +12,19 @@ LiensEnLigne::LiensEnLigne(const Parametres& reglages, SonsInterface& sons, Ouvr
 
 void LiensEnLigne::OuvreNotice() {
   Sons_.JoueSon(Sons::kTic);
-  Ouvre(QStringLiteral("/vaktor_notice.html"), QStringLiteral("/ENGLISH/VaktorNotice.html"), QString());
+  Ouvre({"/vaktor_notice.html", "/ENGLISH/VaktorNotice.html"}, QString());
 }
 
 void LiensEnLigne::OuvreMiseAJour() {
   Sons_.JoueSon(Sons::kTic);
   const QString question = QStringLiteral("?logiciel=Vaktor&version=") + Site_.Version;
-  Ouvre(QStringLiteral("/versiontest.php"), QStringLiteral("/ENGLISH/versiontest.php"), question);
+  Ouvre({"/versiontest.php", "/ENGLISH/versiontest.php"}, question);
 }
 
-void LiensEnLigne::Ouvre(const QString& francais, const QString& anglais, const QString& question) {
-  if (Reglages_.LangueCourante == 0) Navigateur_.OuvreAdresse(DonneAdresse(francais, question));
-  if (Reglages_.LangueCourante == 1) Navigateur_.OuvreAdresse(DonneAdresse(anglais, question));
+// No language, no page: neither is the right one.
+void LiensEnLigne::Ouvre(const Phrase& chemins, const QString& question) {
+  const std::optional<Langue> langue = LitLangue(Reglages_.LangueCourante);
+  if (langue) Navigateur_.OuvreAdresse(DonneAdresse(chemins.Dit(*langue), question));
 }
 
 QString LiensEnLigne::DonneAdresse(QString chemin, const QString& question) const {

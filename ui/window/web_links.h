@@ -6,6 +6,7 @@
 #include "base/ports/opener.h"
 #include "engine/ports/interface_sounds.h"
 #include "settings/parameters.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
@@ -27,7 +28,7 @@ class LiensEnLigne {
   void OuvreMiseAJour();  ///< BoutonGris(1)
 
  private:
-  void Ouvre(const QString& francais, const QString& anglais, const QString& question);
+  void Ouvre(const Phrase& chemins, const QString& question);
   QString DonneAdresse(QString chemin, const QString& question) const;
 
   const Parametres& Reglages_;

@@ -13,6 +13,7 @@
 
 #include "platform/capture/devices/device_access.h"
 #include "platform/capture/dialogs/dialog_texts.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -44,7 +45,7 @@ QString NomControle(const char* sorte, quint32 numero) {
 
 }  // namespace
 
-PanneauReglages::PanneauReglages(QWidget* parent, qint32 langue, AccesPeripheriques& acces, const QString& noeud)
+PanneauReglages::PanneauReglages(QWidget* parent, Langue langue, AccesPeripheriques& acces, const QString& noeud)
     : QWidget(parent), Langue_(langue), Acces_(acces), Noeud_(noeud) {
   setObjectName(QStringLiteral("PanneauReglages"));
   if (!noeud.isEmpty()) Reglages_ = acces.Reglages(noeud);

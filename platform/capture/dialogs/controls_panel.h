@@ -8,6 +8,7 @@
 #include <QWidget>
 
 #include "platform/capture/devices/v4l2_device.h"
+#include "texts/language.h"
 
 class QFormLayout;
 
@@ -20,7 +21,7 @@ class PanneauReglages : public QWidget {
 
  public:
   /// `acces` outlives the panel. An empty node shows no controls.
-  PanneauReglages(QWidget* parent, qint32 langue, AccesPeripheriques& acces, const QString& noeud);
+  PanneauReglages(QWidget* parent, Langue langue, AccesPeripheriques& acces, const QString& noeud);
   bool EstVide() const { return Reglages_.isEmpty(); }
   /// All to their defaults. False: the camera refused some.
   bool RemetDefauts();
@@ -43,7 +44,7 @@ class PanneauReglages : public QWidget {
   void Relit();
   void MontreValeur(const ReglageCamera& reglage);
 
-  const qint32 Langue_;
+  const Langue Langue_;
   AccesPeripheriques& Acces_;
   const QString Noeud_;
   QList<ReglageCamera> Reglages_;

@@ -6,18 +6,13 @@
 #include <QLocale>
 #include <array>
 
-#include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 namespace {
 
-struct Paire {
-  const char* Francais;
-  const char* Anglais;
-};
-
 // In the order of TexteDialogue.
-constexpr std::array<Paire, static_cast<size_t>(TexteDialogue::kNombre)> kTextes = {{
+constexpr std::array<Phrase, static_cast<size_t>(TexteDialogue::kNombre)> kTextes = {{
     {"Format de l'image", "Picture format"},
     {"Source de l'image", "Picture source"},
     {"%1\nEn ce moment : %2", "%1\nAt work now: %2"},
@@ -103,7 +98,7 @@ constexpr std::array<Paire, static_cast<size_t>(TexteDialogue::kNombre)> kTextes
 
 struct Codage {
   const char* Code;
-  Paire Sens;
+  Phrase Sens;
 };
 constexpr std::array<Codage, 8> kCodages = {{
     {"MJPG", {"images JPEG, peu de débit", "JPEG pictures, little traffic"}},
@@ -116,92 +111,94 @@ constexpr std::array<Codage, 8> kCodages = {{
     {"HEVC", {"film compressé, beaucoup de calcul", "compressed film, much work"}},
 }};
 
+// Linux names controls and choices in English, and says it well enough: an empty text is its own word.
 struct Reglage {
   quint32 Numero;
-  const char* Francais;
+  Phrase Nom;
 };
 constexpr std::array<Reglage, 31> kReglages = {{
-    {V4L2_CID_BRIGHTNESS, "Luminosité"},
-    {V4L2_CID_CONTRAST, "Contraste"},
-    {V4L2_CID_SATURATION, "Saturation"},
-    {V4L2_CID_HUE, "Teinte"},
-    {V4L2_CID_HUE_AUTO, "Teinte automatique"},
-    {V4L2_CID_AUTO_WHITE_BALANCE, "Balance des blancs automatique"},
-    {V4L2_CID_WHITE_BALANCE_TEMPERATURE, "Température des blancs"},
-    {V4L2_CID_RED_BALANCE, "Balance du rouge"},
-    {V4L2_CID_BLUE_BALANCE, "Balance du bleu"},
-    {V4L2_CID_GAMMA, "Gamma"},
-    {V4L2_CID_EXPOSURE, "Exposition"},
-    {V4L2_CID_AUTOGAIN, "Gain automatique"},
-    {V4L2_CID_GAIN, "Gain"},
-    {V4L2_CID_HFLIP, "Miroir horizontal"},
-    {V4L2_CID_VFLIP, "Miroir vertical"},
-    {V4L2_CID_POWER_LINE_FREQUENCY, "Fréquence du secteur"},
-    {V4L2_CID_SHARPNESS, "Netteté"},
-    {V4L2_CID_BACKLIGHT_COMPENSATION, "Compensation du contre-jour"},
-    {V4L2_CID_CHROMA_AGC, "Gain automatique des couleurs"},
-    {V4L2_CID_COLORFX, "Effet de couleur"},
-    {V4L2_CID_ROTATE, "Rotation"},
-    {V4L2_CID_EXPOSURE_AUTO, "Exposition automatique"},
-    {V4L2_CID_EXPOSURE_ABSOLUTE, "Temps d'exposition"},
-    {V4L2_CID_EXPOSURE_AUTO_PRIORITY, "Cadence réduite quand il fait sombre"},
-    {V4L2_CID_PAN_ABSOLUTE, "Position horizontale"},
-    {V4L2_CID_TILT_ABSOLUTE, "Position verticale"},
-    {V4L2_CID_FOCUS_ABSOLUTE, "Mise au point"},
-    {V4L2_CID_FOCUS_AUTO, "Mise au point automatique"},
-    {V4L2_CID_ZOOM_ABSOLUTE, "Zoom"},
-    {V4L2_CID_IRIS_ABSOLUTE, "Diaphragme"},
-    {V4L2_CID_AUTOBRIGHTNESS, "Luminosité automatique"},
+    {V4L2_CID_BRIGHTNESS, {"Luminosité", ""}},
+    {V4L2_CID_CONTRAST, {"Contraste", ""}},
+    {V4L2_CID_SATURATION, {"Saturation", ""}},
+    {V4L2_CID_HUE, {"Teinte", ""}},
+    {V4L2_CID_HUE_AUTO, {"Teinte automatique", ""}},
+    {V4L2_CID_AUTO_WHITE_BALANCE, {"Balance des blancs automatique", ""}},
+    {V4L2_CID_WHITE_BALANCE_TEMPERATURE, {"Température des blancs", ""}},
+    {V4L2_CID_RED_BALANCE, {"Balance du rouge", ""}},
+    {V4L2_CID_BLUE_BALANCE, {"Balance du bleu", ""}},
+    {V4L2_CID_GAMMA, {"Gamma", ""}},
+    {V4L2_CID_EXPOSURE, {"Exposition", ""}},
+    {V4L2_CID_AUTOGAIN, {"Gain automatique", ""}},
+    {V4L2_CID_GAIN, {"Gain", ""}},
+    {V4L2_CID_HFLIP, {"Miroir horizontal", ""}},
+    {V4L2_CID_VFLIP, {"Miroir vertical", ""}},
+    {V4L2_CID_POWER_LINE_FREQUENCY, {"Fréquence du secteur", ""}},
+    {V4L2_CID_SHARPNESS, {"Netteté", ""}},
+    {V4L2_CID_BACKLIGHT_COMPENSATION, {"Compensation du contre-jour", ""}},
+    {V4L2_CID_CHROMA_AGC, {"Gain automatique des couleurs", ""}},
+    {V4L2_CID_COLORFX, {"Effet de couleur", ""}},
+    {V4L2_CID_ROTATE, {"Rotation", ""}},
+    {V4L2_CID_EXPOSURE_AUTO, {"Exposition automatique", ""}},
+    {V4L2_CID_EXPOSURE_ABSOLUTE, {"Temps d'exposition", ""}},
+    {V4L2_CID_EXPOSURE_AUTO_PRIORITY, {"Cadence réduite quand il fait sombre", ""}},
+    {V4L2_CID_PAN_ABSOLUTE, {"Position horizontale", ""}},
+    {V4L2_CID_TILT_ABSOLUTE, {"Position verticale", ""}},
+    {V4L2_CID_FOCUS_ABSOLUTE, {"Mise au point", ""}},
+    {V4L2_CID_FOCUS_AUTO, {"Mise au point automatique", ""}},
+    {V4L2_CID_ZOOM_ABSOLUTE, {"Zoom", ""}},
+    {V4L2_CID_IRIS_ABSOLUTE, {"Diaphragme", ""}},
+    {V4L2_CID_AUTOBRIGHTNESS, {"Luminosité automatique", ""}},
 }};
 
 struct Choix {
-  const char* Anglais;
-  const char* Francais;
+  const char* Linux;
+  Phrase Nom;
 };
-constexpr std::array<Choix, 14> kChoix = {{{"Disabled", "Désactivé"},
-                                           {"Enabled", "Activé"},
-                                           {"None", "Aucun"},
-                                           {"Off", "Non"},
-                                           {"On", "Oui"},
-                                           {"Auto", "Automatique"},
-                                           {"Manual", "Manuel"},
-                                           {"Auto Mode", "Automatique"},
-                                           {"Manual Mode", "Manuel"},
-                                           {"Shutter Priority Mode", "Priorité au temps d'exposition"},
-                                           {"Aperture Priority Mode", "Priorité au diaphragme"},
-                                           {"Black & White", "Noir et blanc"},
-                                           {"Sepia", "Sépia"},
-                                           {"Negative", "Négatif"}}};
+constexpr std::array<Choix, 14> kChoix = {{{"Disabled", {"Désactivé", ""}},
+                                           {"Enabled", {"Activé", ""}},
+                                           {"None", {"Aucun", ""}},
+                                           {"Off", {"Non", ""}},
+                                           {"On", {"Oui", ""}},
+                                           {"Auto", {"Automatique", ""}},
+                                           {"Manual", {"Manuel", ""}},
+                                           {"Auto Mode", {"Automatique", ""}},
+                                           {"Manual Mode", {"Manuel", ""}},
+                                           {"Shutter Priority Mode", {"Priorité au temps d'exposition", ""}},
+                                           {"Aperture Priority Mode", {"Priorité au diaphragme", ""}},
+                                           {"Black & White", {"Noir et blanc", ""}},
+                                           {"Sepia", {"Sépia", ""}},
+                                           {"Negative", {"Négatif", ""}}}};
 
-QString Prend(const Paire& paire, qint32 langue) {
-  return ChoisitLangue(langue, QString::fromUtf8(paire.Francais), QString::fromUtf8(paire.Anglais));
+QString OuCeluiDeLinux(const Phrase& nom, const QString& sien, Langue langue) {
+  const QString dit = nom.Dit(langue);
+  return dit.isEmpty() ? sien : dit;
 }
 
 }  // namespace
 
-QString TexteDe(TexteDialogue texte, qint32 langue) { return Prend(kTextes.at(static_cast<size_t>(texte)), langue); }
+QString TexteDe(TexteDialogue texte, Langue langue) { return kTextes.at(static_cast<size_t>(texte)).Dit(langue); }
 
 QString TexteTaille(const FormatCamera& format) {
   return QStringLiteral("%1 %2 %3").arg(format.Largeur).arg(QChar(0x00D7)).arg(format.Hauteur);
 }
 
-QString TexteCadence(const FormatCamera& format, qint32 langue) {
+QString TexteCadence(const FormatCamera& format, Langue langue) {
   if (format.CadenceNum <= 0) return TexteDe(TexteDialogue::kCadenceLibre, langue);
-  QLocale pays(ChoisitLangue(langue, QStringLiteral("fr"), QStringLiteral("en")));
+  QLocale pays = DonneLocale(langue);
   pays.setNumberOptions(QLocale::OmitGroupSeparator);
   QString nombre = pays.toString(format.ImagesParSeconde(), 'f', 2);
   while (nombre.endsWith(QLatin1Char('0'))) nombre.chop(1);
   if (!nombre.back().isDigit()) nombre.chop(1);
-  return nombre + ChoisitLangue(langue, QStringLiteral(" images/s"), QStringLiteral(" frames/s"));
+  return nombre + Phrase{" images/s", " frames/s"}.Dit(langue);
 }
 
-QString TexteCodage(const QString& codage, qint32 langue) {
+QString TexteCodage(const QString& codage, Langue langue) {
   for (const Codage& connu : kCodages)
-    if (codage == QLatin1String(connu.Code)) return codage + QStringLiteral(" - ") + Prend(connu.Sens, langue);
+    if (codage == QLatin1String(connu.Code)) return codage + QStringLiteral(" - ") + connu.Sens.Dit(langue);
   return codage;
 }
 
-QString TexteFormat(const FormatCamera& format, qint32 langue) {
+QString TexteFormat(const FormatCamera& format, Langue langue) {
   if (format.Largeur <= 0) return TexteDe(TexteDialogue::kTailleInconnue, langue);
   QString texte = TexteTaille(format);
   if (format.CadenceNum > 0) texte += QStringLiteral(", ") + TexteCadence(format, langue);
@@ -209,17 +206,15 @@ QString TexteFormat(const FormatCamera& format, qint32 langue) {
   return texte;
 }
 
-QString NomReglage(quint32 numero, const QString& nom, qint32 langue) {
-  if (langue != 0) return nom;
+QString NomReglage(quint32 numero, const QString& nom, Langue langue) {
   for (const Reglage& connu : kReglages)
-    if (connu.Numero == numero) return QString::fromUtf8(connu.Francais);
+    if (connu.Numero == numero) return OuCeluiDeLinux(connu.Nom, nom, langue);
   return nom;
 }
 
-QString NomChoix(const QString& choix, qint32 langue) {
-  if (langue != 0) return choix;
+QString NomChoix(const QString& choix, Langue langue) {
   for (const Choix& connu : kChoix)
-    if (choix == QLatin1String(connu.Anglais)) return QString::fromUtf8(connu.Francais);
+    if (choix == QLatin1String(connu.Linux)) return OuCeluiDeLinux(connu.Nom, choix, langue);
   return choix;
 }
 

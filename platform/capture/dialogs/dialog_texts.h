@@ -4,6 +4,7 @@
 #include <QString>
 
 #include "platform/capture/choice/camera_format.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -68,20 +69,19 @@ enum class TexteDialogue {
   kNombre  ///< how many there are
 };
 
-/// By language, as texts/language.h tells.
-QString TexteDe(TexteDialogue texte, qint32 langue);
+QString TexteDe(TexteDialogue texte, Langue langue);
 
 /// "640 x 480" with the proper sign.
 QString TexteTaille(const FormatCamera& format);
 /// "30 images/s", "7.5 frames/s"; for an unknown rate the words of kCadenceLibre.
-QString TexteCadence(const FormatCamera& format, qint32 langue);
+QString TexteCadence(const FormatCamera& format, Langue langue);
 /// A coding with what it means: "MJPG - ..." ; one that is not known is shown by its code alone.
-QString TexteCodage(const QString& codage, qint32 langue);
+QString TexteCodage(const QString& codage, Langue langue);
 /// All three.
-QString TexteFormat(const FormatCamera& format, qint32 langue);
+QString TexteFormat(const FormatCamera& format, Langue langue);
 
 /// Linux names controls and their choices in English only. The common ones are known here; others stay as they are.
-QString NomReglage(quint32 numero, const QString& nom, qint32 langue);
-QString NomChoix(const QString& choix, qint32 langue);
+QString NomReglage(quint32 numero, const QString& nom, Langue langue);
+QString NomChoix(const QString& choix, Langue langue);
 
 }  // namespace vaktor

@@ -3,15 +3,16 @@
 
 #include "platform/capture/dialogs/format_dialog.h"
 #include "platform/capture/dialogs/source_dialog.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
-void MontreDialogueFormatCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+void MontreDialogueFormatCapture(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                                  AccesPeripheriques& acces) {
   DialogueFormat(parent, langue, pilote, memoire, acces).exec();
 }
 
-void MontreDialogueSourceCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+void MontreDialogueSourceCapture(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                                  AccesPeripheriques& acces) {
   DialogueSource(parent, langue, pilote, memoire, acces).exec();
 }

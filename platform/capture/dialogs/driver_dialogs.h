@@ -3,6 +3,8 @@
 
 #include <QtGlobal>
 
+#include "texts/language.h"
+
 class QWidget;
 
 namespace vaktor {
@@ -11,9 +13,9 @@ class AccesPeripheriques;
 class CommandesPilote;
 class MemoireCapture;
 
-void MontreDialogueFormatCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+void MontreDialogueFormatCapture(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                                  AccesPeripheriques& acces);
-void MontreDialogueSourceCapture(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+void MontreDialogueSourceCapture(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                                  AccesPeripheriques& acces);
 
 }  // namespace vaktor

@@ -17,6 +17,7 @@
 #include "platform/capture/dialogs/dialog_texts.h"
 #include "platform/capture/dialogs/driver_commands.h"
 #include "platform/capture/dialogs/message_strip.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -30,7 +31,7 @@ T* Nomme(T* controle, const char* nom, const QString& legende) {
   return controle;
 }
 
-QString Explication(const CommandesPilote& pilote, qint32 langue) {
+QString Explication(const CommandesPilote& pilote, Langue langue) {
   const QString format = TexteFormat(pilote.FormatCourant(), langue);
   switch (pilote.Genre()) {
     case GenreSource::kReseau:
@@ -44,7 +45,7 @@ QString Explication(const CommandesPilote& pilote, qint32 langue) {
 
 }  // namespace
 
-DialogueFormat::DialogueFormat(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+DialogueFormat::DialogueFormat(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                                const AccesPeripheriques& acces)
     : QDialog(parent), Langue_(langue), Pilote_(pilote), Memoire_(memoire), Acces_(acces) {
   setObjectName(QStringLiteral("DialogueFormat"));

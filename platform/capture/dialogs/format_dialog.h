@@ -6,6 +6,7 @@
 #include <optional>
 
 #include "platform/capture/choice/camera_format.h"
+#include "texts/language.h"
 
 class QComboBox;
 class QLabel;
@@ -24,7 +25,7 @@ class DialogueFormat : public QDialog {
   Q_OBJECT
 
  public:
-  DialogueFormat(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+  DialogueFormat(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                  const AccesPeripheriques& acces);
 
  private:
@@ -41,7 +42,7 @@ class DialogueFormat : public QDialog {
   bool Applique();
   void Valide();
 
-  const qint32 Langue_;
+  const Langue Langue_;
   CommandesPilote& Pilote_;
   MemoireCapture& Memoire_;
   const AccesPeripheriques& Acces_;

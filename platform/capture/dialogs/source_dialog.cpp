@@ -21,6 +21,7 @@
 #include "platform/capture/dialogs/dialog_texts.h"
 #include "platform/capture/dialogs/driver_commands.h"
 #include "platform/capture/dialogs/message_strip.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -36,7 +37,7 @@ bool EstLieu(const QString& source) {  // an address or a file, not a device's s
 
 }  // namespace
 
-DialogueSource::DialogueSource(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+DialogueSource::DialogueSource(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                                AccesPeripheriques& acces)
     : QDialog(parent), Langue_(langue), Pilote_(pilote), Memoire_(memoire), Acces_(acces) {
   setObjectName(QStringLiteral("DialogueSource"));

@@ -3,6 +3,8 @@
 
 #include <QDialog>
 
+#include "texts/language.h"
+
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -22,7 +24,7 @@ class DialogueSource : public QDialog {
   Q_OBJECT
 
  public:
-  DialogueSource(QWidget* parent, qint32 langue, CommandesPilote& pilote, MemoireCapture& memoire,
+  DialogueSource(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                  AccesPeripheriques& acces);
 
  private:
@@ -46,7 +48,7 @@ class DialogueSource : public QDialog {
   void Utilise();
   void RemetDefauts();
 
-  const qint32 Langue_;
+  const Langue Langue_;
   CommandesPilote& Pilote_;
   MemoireCapture& Memoire_;
   AccesPeripheriques& Acces_;

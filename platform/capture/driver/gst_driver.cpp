@@ -5,6 +5,7 @@
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/dialogs/driver_dialogs.h"
 #include "platform/widgets/live_wait.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -17,7 +18,7 @@ constexpr milliseconds kLimitePartants{2000};  // before a device that may still
 
 }  // namespace
 
-PiloteGStreamer::PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<qint32()> langue,
+PiloteGStreamer::PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue,
                                  QWidget* parent)
     : Ou_(ou), Memoire_(memoire), Langue_(std::move(langue)), Parent_(parent) {}
 

@@ -12,6 +12,7 @@
 #include "platform/capture/devices/device_access.h"
 #include "platform/capture/dialogs/driver_commands.h"
 #include "platform/capture/driver/capture_session.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -22,7 +23,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   /// `ou`: the source named at the start (named_source.h); empty: the remembered one, else the first capture driver.
   /// `memoire` must outlive the driver. `langue`: the language of the dialogs when they are opened. `parent`: their
   /// window, may be null.
-  PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<qint32()> langue, QWidget* parent);
+  PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue, QWidget* parent);
   ~PiloteGStreamer() override;
 
   bool Connecte() override;
@@ -57,7 +58,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
 
   QString Ou_;
   MemoireCapture& Memoire_;
-  std::function<qint32()> Langue_;
+  std::function<Langue()> Langue_;
   QPointer<QWidget> Parent_;
   AccesV4L2 Acces_;  // the dialogs'; here, because which devices hang is to be known from one to the next
   SourceCapture Source_;

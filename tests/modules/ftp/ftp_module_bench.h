@@ -44,7 +44,7 @@ struct Ftp : BancModule {
     QDir(Temporaire.path()).mkpath("Temp/FTP");
     Horloge.Date = QDate::currentDate();  // the files' own times are the system's
     Horloge.Debut = QTime::currentTime();
-    Etat.ChangeLangue(1);
+    Etat.ChangeLangue(Langue::kAnglais);
     Reglages.Valeurs.AdresseFtp = "ftp.exemple.fr:2121";
     Reglages.Valeurs.UtilisateurFtp = "anna";
     Reglages.Valeurs.MotDePasseFtp = "sesame";

@@ -185,9 +185,9 @@ TEST(LivePage, TheIntervalTakesACommaOrAPoint) {
   EXPECT_EQ(LitIntervalle("inf"), 3600000);
 }
 
-ContenuPage CreeContenu(qint32 langue, qint32 couleur, int photos) {
+ContenuPage CreeContenu(Langue langue, qint32 couleur, int photos) {
   ContenuPage contenu;
-  contenu.Langue = langue;
+  contenu.Parlee = langue;
   contenu.Couleur = couleur;
   for (int i = 0; i < photos; ++i)
     contenu.Photos << PhotoPubliee{
@@ -197,15 +197,15 @@ ContenuPage CreeContenu(qint32 langue, qint32 couleur, int photos) {
 }
 
 TEST(LivePage, SpeaksTheLanguageOfTheProgram) {
-  EXPECT_TRUE(CreePageLive(CreeContenu(0, 0, 1)).contains("<html lang=\"fr\">"));
-  EXPECT_TRUE(CreePageLive(CreeContenu(0, 0, 1)).contains("15/11/2026 14:05:00"));
-  EXPECT_TRUE(CreePageLive(CreeContenu(1, 0, 1)).contains("<html lang=\"en\">"));
-  EXPECT_TRUE(CreePageLive(CreeContenu(1, 0, 1)).contains("2026-11-15 14:05:00"));
-  EXPECT_TRUE(CreePageLive(CreeContenu(7, 0, 0)).contains("<html lang=\"fr\">"));
+  EXPECT_TRUE(CreePageLive(CreeContenu(Langue::kFrancais, 0, 1)).contains("<html lang=\"fr\">"));
+  EXPECT_TRUE(CreePageLive(CreeContenu(Langue::kFrancais, 0, 1)).contains("15/11/2026 14:05:00"));
+  EXPECT_TRUE(CreePageLive(CreeContenu(Langue::kAnglais, 0, 1)).contains("<html lang=\"en\">"));
+  EXPECT_TRUE(CreePageLive(CreeContenu(Langue::kAnglais, 0, 1)).contains("2026-11-15 14:05:00"));
+  EXPECT_TRUE(CreePageLive(CreeContenu(LangueParlee(7), 0, 0)).contains("<html lang=\"fr\">"));
 }
 
 TEST(LivePage, NamesCannotLeaveTheirPlace) {
-  ContenuPage contenu = CreeContenu(0, 0, 0);
+  ContenuPage contenu = CreeContenu(Langue::kFrancais, 0, 0);
   contenu.Photos << PhotoPubliee{"a\"><script>x</script>@live@ %1%2&.jpg", QDateTime(QDate(2026, 1, 2), QTime(3, 4))};
   const QByteArray page = CreePageLive(contenu);
   EXPECT_FALSE(page.contains("<script>x"));
@@ -213,7 +213,7 @@ TEST(LivePage, NamesCannotLeaveTheirPlace) {
 }
 
 TEST(LivePage, NothingComesFromElsewhereAndNoMarkIsLeft) {
-  const QByteArray page = CreePageLive(CreeContenu(0, 3, 3));
+  const QByteArray page = CreePageLive(CreeContenu(Langue::kFrancais, 3, 3));
   EXPECT_FALSE(page.contains("http:") || page.contains("https:") || page.contains("//"));
   static const QRegularExpression marque("@[a-z]+@");
   EXPECT_FALSE(QString::fromUtf8(page).contains(marque));
@@ -235,7 +235,7 @@ TEST(LivePage, EveryColourCanBeReadOnLightAndDarkScreens) {
   QSet<QString> fonds;
   double pire = 100;
   for (qint32 couleur = 0; couleur < 7; ++couleur) {
-    auto trouve = teintes.globalMatch(QString::fromUtf8(CreePageLive(CreeContenu(0, couleur, 0))));
+    auto trouve = teintes.globalMatch(QString::fromUtf8(CreePageLive(CreeContenu(Langue::kFrancais, couleur, 0))));
     int nombre = 0;
     for (; trouve.hasNext(); ++nombre) {
       const QRegularExpressionMatch t = trouve.next();
@@ -248,9 +248,9 @@ TEST(LivePage, EveryColourCanBeReadOnLightAndDarkScreens) {
   }
   EXPECT_EQ(fonds.size(), 14) << "each colour is another";
   std::printf("lowest contrast of the accent: %.2f\n", pire);
-  const QByteArray gris = CreePageLive(CreeContenu(0, 3, 0));
-  EXPECT_EQ(CreePageLive(CreeContenu(0, 7, 0)), gris);
-  EXPECT_EQ(CreePageLive(CreeContenu(0, -1, 0)), gris);
+  const QByteArray gris = CreePageLive(CreeContenu(Langue::kFrancais, 3, 0));
+  EXPECT_EQ(CreePageLive(CreeContenu(Langue::kFrancais, 7, 0)), gris);
+  EXPECT_EQ(CreePageLive(CreeContenu(Langue::kFrancais, -1, 0)), gris);
 }
 
 TEST(LivePage, IsValidHtml) {
@@ -258,7 +258,7 @@ TEST(LivePage, IsValidHtml) {
     QProcess lecteur;
     lecteur.start("/usr/bin/python3", {VAKTOR_HTML_CHECK});
     ASSERT_TRUE(lecteur.waitForStarted());
-    lecteur.write(CreePageLive(CreeContenu(photos % 2, 1, photos)));
+    lecteur.write(CreePageLive(CreeContenu(LangueParlee(photos % 2), 1, photos)));
     lecteur.closeWriteChannel();
     ASSERT_TRUE(lecteur.waitForFinished());
     EXPECT_EQ(lecteur.exitCode(), 0) << lecteur.readAllStandardError().toStdString();

@@ -194,12 +194,12 @@ TEST_F(Repetition, BothLanguagesHaveEverySentence) {
   for (int i = 0; i <= static_cast<int>(CauseEssai::kInterrompu); ++i) {
     const auto cause = static_cast<CauseEssai>(i);
     const DetailsEssai details{{"h", 21, "u", "p", "/d"}, {"f"}};
-    const QString francais = ComposePhraseEssai(cause, 0, details);
-    const QString anglais = ComposePhraseEssai(cause, 1, details);
+    const QString francais = ComposePhraseEssai(cause, Langue::kFrancais, details);
+    const QString anglais = ComposePhraseEssai(cause, Langue::kAnglais, details);
     EXPECT_GT(francais.size(), 70) << i;
     EXPECT_GT(anglais.size(), 65) << i;
     EXPECT_NE(francais, anglais);
-    EXPECT_EQ(ComposePhraseEssai(cause, 7, details), francais);
+    EXPECT_EQ(ComposePhraseEssai(cause, LangueParlee(7), details), francais);
     EXPECT_FALSE((francais + anglais).contains('%')) << i;
   }
 }

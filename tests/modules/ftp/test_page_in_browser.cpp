@@ -22,7 +22,7 @@ TEST(PageInBrowser, IsReadableEverywhereAndItsPictureChanges) {
   // VAKTOR_CAPTURES: a folder where the screenshots are kept, for whoever wants to look at them.
   const QString captures = qEnvironmentVariable("VAKTOR_CAPTURES", site.path());
   ContenuPage contenu;
-  contenu.Langue = 0;
+  contenu.Parlee = Langue::kFrancais;
   contenu.Couleur = 2;
   contenu.Intervalle = 500;
   for (int i = 59; i >= 0; --i) {

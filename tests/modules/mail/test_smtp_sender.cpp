@@ -305,10 +305,10 @@ TEST(Advice, EachCauseHasOneInBothLanguages) {
   for (int i = 1; i <= static_cast<int>(CauseEchec::kInterrompu); ++i) {
     const AvisEchec avis = ComposeAvis({.Cause = static_cast<CauseEchec>(i), .MotsServeur = "dit"}, reglages);
     EXPECT_TRUE(avis.Sujet.startsWith("mail-")) << i;
-    EXPECT_GT(avis.Francais.size(), 20) << i;
-    EXPECT_GT(avis.English.size(), 20) << i;
-    EXPECT_NE(avis.Francais, avis.English);
-    EXPECT_FALSE(avis.Francais.contains('%'));
+    EXPECT_GT(avis.Mots.Dit(Langue::kFrancais).size(), 20) << i;
+    EXPECT_GT(avis.Mots.Dit(Langue::kAnglais).size(), 20) << i;
+    EXPECT_NE(avis.Mots.Dit(Langue::kFrancais), avis.Mots.Dit(Langue::kAnglais));
+    EXPECT_FALSE(avis.Mots.Dit(Langue::kFrancais).contains('%'));
     EXPECT_EQ(avis.MotsServeur, "dit");
   }
 }
@@ -318,11 +318,12 @@ TEST(Advice, OfARehearsalPromisesNothingThatIsKept) {
   reglages.Serveur = "smtp.exemple.fr";
   for (int i = 0; i < static_cast<int>(CauseEchec::kFichier); ++i) {
     const AvisEchec avis = ComposeAvisEssai({.Cause = static_cast<CauseEchec>(i), .MotsServeur = "dit"}, reglages);
-    EXPECT_GT(avis.Francais.size(), 20) << i;
-    EXPECT_GT(avis.English.size(), 20) << i;
-    for (const char* mot : {"kept", "again.", "pictures"}) EXPECT_FALSE(avis.English.contains(mot)) << i;
+    EXPECT_GT(avis.Mots.Dit(Langue::kFrancais).size(), 20) << i;
+    EXPECT_GT(avis.Mots.Dit(Langue::kAnglais).size(), 20) << i;
+    for (const char* mot : {"kept", "again.", "pictures"})
+      EXPECT_FALSE(avis.Mots.Dit(Langue::kAnglais).contains(mot)) << i;
     for (const char* mot : {"gardé", "de nouveau", "photos"})
-      EXPECT_FALSE(avis.Francais.contains(QString::fromUtf8(mot))) << i;
+      EXPECT_FALSE(avis.Mots.Dit(Langue::kFrancais).contains(QString::fromUtf8(mot))) << i;
     EXPECT_EQ(avis.Sujet, ComposeAvis({.Cause = static_cast<CauseEchec>(i)}, reglages).Sujet);
   }
 }

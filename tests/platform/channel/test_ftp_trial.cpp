@@ -22,7 +22,7 @@ struct FenetreReelle : testing::Test {
   void SetUp() override {
     Serveur.Demarre();
     Champs.Serveur = QStringLiteral("127.0.0.1:%1").arg(Serveur.Port());
-    Forme.EcritMots(1);
+    Forme.EcritMots(Langue::kAnglais);
   }
   QString Bouton() { return Forme.findChild<QPushButton*>("CmdEssai")->text(); }
   QString Etapes() { return Forme.findChild<QPlainTextEdit*>("TxtEssai")->toPlainText(); }

@@ -133,7 +133,7 @@ struct FormeReelle : BancSmtp {
   EssaiParCompagnon Reel{VAKTOR_MAIL};
 
   void OuvreReelle() {
-    Textes.Remplit(1);
+    Textes.Remplit(Langue::kAnglais);
     Reglages.SmtpServeur = "127.0.0.1";
     Reglages.SmtpPort = QString::number(Serveur.Port());
     Forme =

@@ -40,10 +40,8 @@ class Depot : public testing::Test {
     CourrielVeille courriel;
     courriel.Mot = QStringLiteral("signal-lost");
     courriel.Depuis = QDateTime(QDate(2020, 1, 2), QTime(9, 5, 3));
-    courriel.SujetFr = QString::fromUtf8("sujet é");
-    courriel.SujetEn = QStringLiteral("subject");
-    courriel.Francais = QStringLiteral("texte\n");
-    courriel.English = QStringLiteral("text\n");
+    courriel.Sujet = Phrase{"sujet é", "subject"};
+    courriel.Texte = Phrase{"texte\n", "text\n"};
     return courriel;
   }
   static QImage Image() {

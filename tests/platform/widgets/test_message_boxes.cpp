@@ -16,7 +16,8 @@ class MessageBoxes : public testing::Test {
  protected:
   /// Shows a box and works on it once it is up.
   static ReponseBoite Montre(BoutonsBoite boutons, const std::function<void(QMessageBox*)>& travail,
-                             const QString& texte = QStringLiteral("Espace disque < 500 Mo. "), qint32 langue = 0) {
+                             const QString& texte = QStringLiteral("Espace disque < 500 Mo. "),
+                             Langue langue = Langue::kFrancais) {
     bool vue = false;
     QTimer::singleShot(0, qApp, [&] {
       auto* boite = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -56,12 +57,12 @@ TEST_F(MessageBoxes, ButtonsSpeakTheLanguageOfTheProgram) {
     };
   };
   const QString texte = QStringLiteral("?");
-  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::Yes, QStringLiteral("Oui")), texte, 0);
-  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::No, QStringLiteral("Non")), texte, 0);
-  Montre(BoutonsBoite::kOkAnnuler, mot(QMessageBox::Cancel, QStringLiteral("Annuler")), texte, 0);
-  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::Yes, QStringLiteral("Yes")), texte, 1);
-  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::No, QStringLiteral("No")), texte, 1);
-  Montre(BoutonsBoite::kOkAnnuler, mot(QMessageBox::Cancel, QStringLiteral("Cancel")), texte, 1);
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::Yes, QStringLiteral("Oui")), texte, Langue::kFrancais);
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::No, QStringLiteral("Non")), texte, Langue::kFrancais);
+  Montre(BoutonsBoite::kOkAnnuler, mot(QMessageBox::Cancel, QStringLiteral("Annuler")), texte, Langue::kFrancais);
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::Yes, QStringLiteral("Yes")), texte, Langue::kAnglais);
+  Montre(BoutonsBoite::kOuiNon, mot(QMessageBox::No, QStringLiteral("No")), texte, Langue::kAnglais);
+  Montre(BoutonsBoite::kOkAnnuler, mot(QMessageBox::Cancel, QStringLiteral("Cancel")), texte, Langue::kAnglais);
 }
 
 TEST_F(MessageBoxes, AnswersWithTheButtonPressed) {

@@ -11,13 +11,14 @@
 
 #include "fakes/fake_driver_commands.h"
 #include "platform/capture/choice/capture_memory.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
 template <class Dialogue>
 class DialoguePiloteTest : public testing::Test {
  protected:
-  void Ouvre(qint32 langue = 1) {
+  void Ouvre(Langue langue = Langue::kAnglais) {
     Dialogue_ = std::make_unique<Dialogue>(nullptr, langue, Pilote_, Memoire_, Acces_);
     Dialogue_->show();
     ASSERT_TRUE(QTest::qWaitForWindowExposed(Dialogue_.get()));

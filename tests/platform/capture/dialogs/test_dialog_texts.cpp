@@ -8,8 +8,8 @@ namespace {
 TEST(TexteDialogue, EveryTextIsThereInBothLanguagesWithTheSamePlaces) {
   for (int i = 0; i < static_cast<int>(TexteDialogue::kNombre); ++i) {
     const auto numero = static_cast<TexteDialogue>(i);
-    const QString francais = TexteDe(numero, 0);
-    const QString anglais = TexteDe(numero, 1);
+    const QString francais = TexteDe(numero, Langue::kFrancais);
+    const QString anglais = TexteDe(numero, Langue::kAnglais);
     EXPECT_FALSE(francais.isEmpty()) << i;
     EXPECT_FALSE(anglais.isEmpty()) << i;
     EXPECT_FALSE(francais.contains(QChar::ReplacementCharacter)) << i;
@@ -18,33 +18,34 @@ TEST(TexteDialogue, EveryTextIsThereInBothLanguagesWithTheSamePlaces) {
 }
 
 TEST(TexteDialogue, AnyOtherLanguageIsFrench) {
-  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, 0), "Annuler");
-  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, 1), "Cancel");
-  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, 7), "Annuler");
+  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, Langue::kFrancais), "Annuler");
+  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, Langue::kAnglais), "Cancel");
+  EXPECT_EQ(TexteDe(TexteDialogue::kAnnule, LangueParlee(7)), "Annuler");
 }
 
 TEST(TexteCadence, NumbersByTheLanguage) {
-  EXPECT_EQ(TexteCadence({"", 1, 1, 30, 1}, 0), "30 images/s");
-  EXPECT_EQ(TexteCadence({"", 1, 1, 30, 1}, 1), "30 frames/s");
-  EXPECT_EQ(TexteCadence({"", 1, 1, 15, 2}, 0), "7,5 images/s");
-  EXPECT_EQ(TexteCadence({"", 1, 1, 15, 2}, 1), "7.5 frames/s");
-  EXPECT_EQ(TexteCadence({"", 1, 1, 30000, 1001}, 1), "29.97 frames/s");
-  EXPECT_EQ(TexteCadence({"", 1, 1, 1000, 1}, 1), "1000 frames/s");
-  EXPECT_EQ(TexteCadence({"", 1, 1, 0, 1}, 1), "chosen by the camera");
+  EXPECT_EQ(TexteCadence({"", 1, 1, 30, 1}, Langue::kFrancais), "30 images/s");
+  EXPECT_EQ(TexteCadence({"", 1, 1, 30, 1}, Langue::kAnglais), "30 frames/s");
+  EXPECT_EQ(TexteCadence({"", 1, 1, 15, 2}, Langue::kFrancais), "7,5 images/s");
+  EXPECT_EQ(TexteCadence({"", 1, 1, 15, 2}, Langue::kAnglais), "7.5 frames/s");
+  EXPECT_EQ(TexteCadence({"", 1, 1, 30000, 1001}, Langue::kAnglais), "29.97 frames/s");
+  EXPECT_EQ(TexteCadence({"", 1, 1, 1000, 1}, Langue::kAnglais), "1000 frames/s");
+  EXPECT_EQ(TexteCadence({"", 1, 1, 0, 1}, Langue::kAnglais), "chosen by the camera");
 }
 
 TEST(TexteFormat, TellsSizeRateAndCodingAsFarAsTheyAreKnown) {
-  EXPECT_EQ(TexteFormat({"MJPG", 640, 480, 30, 1}, 1), QString::fromUtf8("640 × 480, 30 frames/s, MJPG"));
-  EXPECT_EQ(TexteFormat({"", 640, 480, 0, 1}, 1), QString::fromUtf8("640 × 480"));
-  EXPECT_EQ(TexteFormat({}, 1), "size not known");
+  EXPECT_EQ(TexteFormat({"MJPG", 640, 480, 30, 1}, Langue::kAnglais),
+            QString::fromUtf8("640 × 480, 30 frames/s, MJPG"));
+  EXPECT_EQ(TexteFormat({"", 640, 480, 0, 1}, Langue::kAnglais), QString::fromUtf8("640 × 480"));
+  EXPECT_EQ(TexteFormat({}, Langue::kAnglais), "size not known");
 }
 
 TEST(NomReglage, TheCommonControlsSpeakFrenchTheOthersKeepTheirName) {
-  EXPECT_EQ(NomReglage(0x00980900, "Brightness", 0), QString::fromUtf8("Luminosité"));
-  EXPECT_EQ(NomReglage(0x00980900, "Brightness", 1), "Brightness");
-  EXPECT_EQ(NomReglage(0x0098f900, "Horizontal Movement", 0), "Horizontal Movement");
-  EXPECT_EQ(NomChoix("Disabled", 0), QString::fromUtf8("Désactivé"));
-  EXPECT_EQ(NomChoix("50 Hz", 0), "50 Hz");
+  EXPECT_EQ(NomReglage(0x00980900, "Brightness", Langue::kFrancais), QString::fromUtf8("Luminosité"));
+  EXPECT_EQ(NomReglage(0x00980900, "Brightness", Langue::kAnglais), "Brightness");
+  EXPECT_EQ(NomReglage(0x0098f900, "Horizontal Movement", Langue::kFrancais), "Horizontal Movement");
+  EXPECT_EQ(NomChoix("Disabled", Langue::kFrancais), QString::fromUtf8("Désactivé"));
+  EXPECT_EQ(NomChoix("50 Hz", Langue::kFrancais), "50 Hz");
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include "platform/capture/dialogs/dialog_texts.h"
 #include "platform/capture/dialogs/format_dialog.h"
 #include "platform/capture/dialogs/source_dialog.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 namespace {
@@ -37,7 +38,7 @@ QStringList TextesLus(const QWidget& dialogue) {
 }
 
 // The pieces between the places that are filled in, without the marks of the keys.
-QStringList Morceaux(TexteDialogue texte, qint32 langue) {
+QStringList Morceaux(TexteDialogue texte, Langue langue) {
   static const QRegularExpression kPlace(QStringLiteral("%[12]"));
   QStringList morceaux;
   for (const QString& morceau : TexteDe(texte, langue).remove(u'&').split(kPlace)) {
@@ -46,20 +47,22 @@ QStringList Morceaux(TexteDialogue texte, qint32 langue) {
   return morceaux;
 }
 
-bool EstDansLaLangue(const QString& morceau, qint32 langue) {
+bool EstDansLaLangue(const QString& morceau, Langue langue) {
   for (int i = 0; i < static_cast<int>(TexteDialogue::kNombre); ++i) {
     if (TexteDe(static_cast<TexteDialogue>(i), langue).remove(u'&').contains(morceau)) return true;
   }
   return false;
 }
 
-void ExpectUneSeuleLangue(const QWidget& dialogue, qint32 langue) {
+void ExpectUneSeuleLangue(const QWidget& dialogue, Langue langue) {
   const QString lus = TextesLus(dialogue).join(u'\n').remove(u'&');
   ASSERT_GT(lus.size(), 40);
-  for (int i = 0; i < static_cast<int>(TexteDialogue::kNombre); ++i) {
-    for (const QString& morceau : Morceaux(static_cast<TexteDialogue>(i), 1 - langue)) {
-      if (EstDansLaLangue(morceau, langue)) continue;
-      EXPECT_FALSE(lus.contains(morceau)) << "language " << langue << " shows: " << morceau.toStdString();
+  for (const Langue autre : kLangues) {
+    for (int i = 0; autre != langue && i < static_cast<int>(TexteDialogue::kNombre); ++i) {
+      for (const QString& morceau : Morceaux(static_cast<TexteDialogue>(i), autre)) {
+        if (EstDansLaLangue(morceau, langue)) continue;
+        EXPECT_FALSE(lus.contains(morceau)) << kCodesLangues.Dit(langue).toStdString() << ": " << morceau.toStdString();
+      }
     }
   }
 }
@@ -83,12 +86,12 @@ TEST(DialoguesBilingues, ShowNoWordOfTheOtherLanguage) {
     pilote.Description_ = QStringLiteral("S-1");
     for (const FormatCamera& format : {FormatCamera{"MJPG", 3840, 2160, 30, 1}, FormatCamera{}}) {
       pilote.Format_ = format;
-      for (const qint32 langue : {0, 1}) {
+      for (const Langue langue : kLangues) {
         ExpectUneSeuleLangue(DialogueFormat(nullptr, langue, pilote, memoire, acces), langue);
         const DialogueSource source(nullptr, langue, pilote, memoire, acces);
         ExpectUneSeuleLangue(source, langue);
         if (genre == GenreSource::kPeripherique) {
-          EXPECT_EQ(TextesLus(source).join(u'\n').contains(QStringLiteral("Brightness")), langue == 1);
+          EXPECT_EQ(TextesLus(source).join(u'\n').contains(QStringLiteral("Brightness")), langue == Langue::kAnglais);
         }
       }
     }

@@ -67,7 +67,7 @@ TEST_F(FormatTest, SaysThatNoSizeOfTheCameraFits) {
   Ouvre();
   EXPECT_EQ(Controle<QListWidget>("ListeTailles")->currentRow(), 1);
   EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains("All sizes that this camera offers are too large"));
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains(QString::fromUtf8("aucun mouvement ne sera détecté")));
 }
 
@@ -155,7 +155,7 @@ TEST_F(FormatTest, AChoiceThatCannotBeRememberedIsTold) {
 
 TEST_F(FormatTest, ACameraThatTellsNothingIsTold) {
   Acces_.Formats_.clear();
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   EXPECT_TRUE(Controle<QLabel>("LblEtatFormat")->text().contains(QString::fromUtf8("Est-elle encore branchée ?")));
   EXPECT_FALSE(Controle<QPushButton>("BtnOkFormat")->isEnabled());
   EXPECT_FALSE(Controle<QPushButton>("BtnAppliquerFormat")->isEnabled());
@@ -187,7 +187,7 @@ TEST_F(FormatTest, AFileTooLargeForTheDetectionIsToldToo) {
 }
 
 TEST_F(FormatTest, EveryControlHasANameForPeopleWhoDoNotSeeIt) {
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   for (const char* nom :
        {"CmbCodage", "ListeTailles", "CmbCadence", "BtnOkFormat", "BtnAnnulerFormat", "BtnAppliquerFormat"}) {
     const auto* controle = Controle<QWidget>(nom);

@@ -33,7 +33,7 @@ TEST_F(SourceTest, AnotherDeviceIsOpenedByItsStableNameAndRemembered) {
 }
 
 TEST_F(SourceTest, ASourceTooLargeForTheDetectionIsToldAtOnce) {
-  for (const qint32 langue : {0, 1}) {
+  for (const Langue langue : kLangues) {
     Pilote_.Format_ = {"MJPG", 640, 480, 30, 1};
     Pilote_.ApresSource_ = [this](const QString&) {
       Pilote_.Noeud_ = "/dev/video2";
@@ -44,7 +44,8 @@ TEST_F(SourceTest, ASourceTooLargeForTheDetectionIsToldAtOnce) {
     Clique("BtnUtiliser");
     EXPECT_TRUE(Etat().contains("Camera B (/dev/video2)")) << Etat().toStdString();
     EXPECT_TRUE(Etat().contains(QString::fromUtf8("3840 × 2160"))) << Etat().toStdString();
-    EXPECT_TRUE(Etat().contains(langue == 0 ? QString::fromUtf8("aucun mouvement") : QString("no motion")));
+    EXPECT_TRUE(
+        Etat().contains(langue == Langue::kFrancais ? QString::fromUtf8("aucun mouvement") : QString("no motion")));
     EXPECT_EQ(Memoire_.Source(), "stable-b") << "it is the user's choice all the same";
   }
 }
@@ -52,7 +53,7 @@ TEST_F(SourceTest, ASourceTooLargeForTheDetectionIsToldAtOnce) {
 TEST_F(SourceTest, ARefusedDeviceIsToldByItsNameAndTheOldOneGoesOn) {
   Memoire_.RetientSource("stable-a");
   Pilote_.Accepte_ = false;
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   CliqueSource(1);
   Clique("BtnUtiliser");
   EXPECT_EQ(Etat(), QString::fromUtf8("Camera B : aucune image n'est venue. L'ancienne source continue."));
@@ -157,7 +158,7 @@ TEST_F(SourceTest, ATypedDevicePathIsRememberedByItsStableName) {
 TEST_F(SourceTest, AFileCanBeLookedFor) {
   QFile film(Dossier_.filePath("film.avi"));
   ASSERT_TRUE(film.open(QIODevice::WriteOnly));
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   QTimer::singleShot(0, Dialogue_.get(), [&] {
     auto* choix = Dialogue_->findChild<QFileDialog*>("DialogueFichier");
     ASSERT_NE(choix, nullptr);
@@ -193,7 +194,7 @@ TEST_F(SourceTest, ADeviceThatDoesNotAnswerIsToldAndCannotBePicked) {
 TEST_F(SourceTest, WhereTheOnlyCameraDoesNotAnswerItIsNotSaidThatNoneIsPluggedIn) {
   Acces_.Peripheriques_.clear();
   Acces_.Muets_ = {"/dev/video0"};
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   EXPECT_EQ(Lignes().first(), QString::fromUtf8("/dev/video0 ne répond pas."));
   EXPECT_FALSE(ToutTexte().contains(QString::fromUtf8("Aucune caméra")));
   EXPECT_EQ(Controle<QLabel>("LblSansReglages")->text(), QString::fromUtf8("/dev/video0 ne répond pas."));

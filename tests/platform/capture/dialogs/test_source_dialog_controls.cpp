@@ -115,7 +115,7 @@ TEST_F(ReglagesTest, AMenuSendsValuesNotPlaces) {
 
 TEST_F(ReglagesTest, ARefusedValueIsToldAndTheLineGoesBack) {
   Acces_.Refuses_ = {kLuminosite, kGainAuto, kSecteur};
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   QTest::keyClick(Curseur(kLuminosite), Qt::Key_Right);
   EXPECT_EQ(Etat(), QString::fromUtf8("Luminosité : la caméra refuse cette valeur."));
   EXPECT_EQ(Valeur(kLuminosite)->value(), 10);
@@ -169,7 +169,7 @@ TEST_F(ReglagesTest, ScrollingThroughTheLinesTurnsNoControl) {
 
 TEST_F(ReglagesTest, ACameraWithoutControlsSaysSo) {
   Acces_.Reglages_.clear();
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   EXPECT_EQ(Controle<QLabel>("LblSansReglages")->text(), QString::fromUtf8("La caméra n'annonce aucun réglage."));
   EXPECT_FALSE(Controle<QPushButton>("BtnDefauts")->isEnabled());
 }
@@ -185,7 +185,7 @@ TEST_F(ReglagesTest, AnotherCameraBringsItsOwnControls) {
 }
 
 TEST_F(ReglagesTest, EveryControlHasANameForPeopleWhoDoNotSeeIt) {
-  Ouvre(0);
+  Ouvre(Langue::kFrancais);
   EXPECT_EQ(Valeur(kLuminosite)->accessibleName(), QString::fromUtf8("Luminosité"));
   EXPECT_EQ(Curseur(kLuminosite)->accessibleName(), QString::fromUtf8("Luminosité"));
   EXPECT_EQ(Coche(kGainAuto)->accessibleName(), "Gain automatique");
