@@ -137,7 +137,7 @@ struct FormeReelle : BancSmtp {
     Reglages.SmtpServeur = "127.0.0.1";
     Reglages.SmtpPort = QString::number(Serveur.Port());
     Forme =
-        std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Tree, Comptes, Reel});
+        std::make_unique<FrmSmtp>(PortsFrmSmtp{Reglages, Sauvegarde, Textes, Etat, Boites, Pompe, Comptes, Lus, Reel});
     Forme->Charge();
     Forme->EcritMots();
     Forme->Montre();
