@@ -88,10 +88,10 @@ int LanceVaktor(int argc, char** argv) {
                stdout);
     return 0;
   }
+  if (arguments.Cameras) return DitCameras(arguments.Camera, TrouveDossierReglages(arguments.Dossier));
   PrepareEnvironnement();
   QCoreApplication::setApplicationName(QStringLiteral("Vaktor"));
   QCoreApplication::setApplicationVersion(QLatin1String(kVersion));
-  PrepareCapture(arguments.Camera, TrouveDossierReglages(arguments.Dossier));
   ApplicationGardee application(argc, argv);
   PrepareApparence();
   DitArgumentsInconnus();

@@ -20,6 +20,7 @@ ArgumentsDepart LitArgumentsDepart(const QStringList& arguments) {
     if (Prend(argument, QLatin1StringView("/dossier:"), resultat.Dossier)) continue;
     if (argument == QLatin1StringView("--help") || argument == QLatin1StringView("-h")) resultat.Aide = true;
     if (argument == QLatin1StringView("--version")) resultat.Version = true;
+    if (argument == QLatin1StringView("--cameras")) resultat.Cameras = true;
     reste.append(argument);
   }
   resultat.LigneCommande = reste.join(QLatin1Char(' '));
@@ -37,8 +38,8 @@ QStringList TrouveInconnus(const QStringList& arguments) {
     // The switches count anywhere in the text, so an argument that holds one is known.
     const ArgumentsAuto automatiques = LitArgumentsAuto(argument);
     const ArgumentsDepart lus = LitArgumentsDepart({argument});
-    const bool connu =
-        lus.LigneCommande.isEmpty() || lus.Aide || lus.Version || automatiques.Alarme || automatiques.Live;
+    const bool connu = lus.LigneCommande.isEmpty() || lus.Aide || lus.Version || lus.Cameras || automatiques.Alarme ||
+                       automatiques.Live;
     if (!connu) inconnus.append(argument);
   }
   return inconnus;
@@ -55,6 +56,7 @@ QString TexteAide() {
       "  /alarm          starts the camera and arms the alarm by itself\n"
       "  /surve          starts the live publishing by itself\n"
       "  /dossier:PATH   keeps settings, photos and everything else that is written below PATH\n"
+      "  --cameras       which camera these arguments lead to, and which others there are; status 3: none\n"
       "  --help, -h      this text\n"
       "  --version       the version\n");
 }

@@ -12,6 +12,7 @@ struct ArgumentsDepart {
   QString LigneCommande;  ///< all the rest as one text, in which "/alarm" and "/surve" are looked for
   bool Aide = false;      ///< "--help"
   bool Version = false;   ///< "--version"
+  bool Cameras = false;   ///< "--cameras"
 };
 
 /// What is switched on by itself (automatic_start.h).

@@ -113,7 +113,7 @@ class SansFenetre : public AffichageSurveillance {
   void MontreSurveillanceInactive() override {}
   void EcritRetard(qint32) override {}
   void DessineJauge(qint32, bool) override {}
-  void AnnonceCameraIntrouvable() override {
+  void AnnonceCameraIntrouvable(const QString&) override {
     std::fputs("frame_to_photo: the camera gives no picture\n", stderr);
     QTimer::singleShot(0, qApp, [] { QCoreApplication::exit(1); });
   }

@@ -68,7 +68,7 @@ bool CommandeCamera::ConnectePilote() {
     const QScopedValueRollback<bool> enCours(Etat_.Camera.ConnexionEnCours, true);
     connecte = Ports_.Pilote.Connecte();
   }
-  if (!connecte && !Etat_.Camera.Terminee) Ports_.Affichage.AnnonceCameraIntrouvable();
+  if (!connecte && !Etat_.Camera.Terminee) Ports_.Affichage.AnnonceCameraIntrouvable(Ports_.Pilote.Explication());
   return connecte && !Etat_.Camera.Terminee;
 }
 

@@ -1,6 +1,7 @@
 // Port: the capture driver, one camera. Real implementation in platform/capture/, fake in tests/fakes/.
 #pragma once
 
+#include <QString>
 #include <functional>
 
 #include "engine/camera_image.h"
@@ -19,6 +20,10 @@ class PiloteCapture {
   /// and keys wait until it has answered; everything else goes on. Deconnecte may be called from there: it ends the
   /// wait, and the answer is false.
   virtual bool Connecte() = 0;
+
+  /// Why Connecte has just failed, in the user's language, where the driver knows more than that no picture came; else
+  /// empty.
+  virtual QString Explication() const { return {}; }
 
   /// Closes the driver. The result is of no interest to anyone; a closed driver stays closed.
   virtual void Deconnecte() = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QRect>
+#include <QString>
 #include <QtGlobal>
 
 namespace vaktor {
@@ -61,8 +62,9 @@ class AffichageSurveillance {
   virtual void EcritRetard(qint32 secondes) = 0;             ///< Text1; its change handler runs if the text changes
   virtual void DessineJauge(qint32 valeur, bool haute) = 0;  ///< PictSeuil: bar to `valeur` as passed (it may lie
                                                              ///< outside 0 to 7000000), light red when `haute`
-  virtual void
-  AnnonceCameraIntrouvable() = 0;  ///< message box, Message::kCameraIntrouvable, title Message::kTitre; returns on OK
+  /// Message box, Message::kCameraIntrouvable, below it `explication` where it is not empty; title Message::kTitre.
+  /// Returns on OK.
+  virtual void AnnonceCameraIntrouvable(const QString& explication) = 0;
   virtual void
   AnnonceCameraInactive() = 0;  ///< message box, Message::kCameraInactive, title Message::kTitre; returns on OK
 };

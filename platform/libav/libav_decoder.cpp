@@ -4,7 +4,6 @@
 
 #include <optional>
 
-#include "platform/libav/libav_codec.h"
 #include "platform/libav/libav_formats.h"
 #include "platform/libav/libav_library.h"
 
@@ -17,7 +16,9 @@ constexpr guint32 kRetardMaximal = 32;
 
 struct DecodeurLibav {
   GstVideoDecoder Base;
-  CodecOuvert Codec;
+  // Null while no stream is open.
+  AVCodecContext* Contexte;
+  AVPacket* Paquet;
   AVFrame* Trame;
   GstVideoCodecState* Entree;
   // What was announced behind the decoder; a width of 0: nothing yet.
@@ -33,11 +34,51 @@ GstVideoDecoderClass* ClasseMere = nullptr;
 
 DecodeurLibav* Soi(GstVideoDecoder* decodeur) { return reinterpret_cast<DecodeurLibav*>(decodeur); }
 
+// The parameter sets that a container keeps apart from the pictures.
+bool CopieEntete(AVCodecContext& contexte, const GstStructure* structure) {
+  const GValue* valeur = gst_structure_get_value(structure, "codec_data");
+  GstBuffer* entete = valeur == nullptr ? nullptr : gst_value_get_buffer(valeur);
+  if (entete == nullptr) return true;
+  const gsize taille = gst_buffer_get_size(entete);
+  contexte.extradata = static_cast<uint8_t*>(Libav()->av_mallocz(taille + AV_INPUT_BUFFER_PADDING_SIZE));
+  if (contexte.extradata == nullptr) return false;
+  contexte.extradata_size = static_cast<int>(gst_buffer_extract(entete, 0, contexte.extradata, taille));
+  return true;
+}
+
+// One thread: more would each keep frames of their own, and detection needs one frame after the other anyway. What was
+// taken before it failed is given back by Libere.
+bool OuvreCodec(DecodeurLibav* soi, const GstCaps* caps) {
+  if (Libav() == nullptr) return false;
+  const AVCodec* sorte = Libav()->avcodec_find_decoder(CodecDesCaps(caps));
+  if (sorte == nullptr) return false;
+  soi->Contexte = Libav()->avcodec_alloc_context3(sorte);
+  soi->Paquet = Libav()->av_packet_alloc();
+  soi->Trame = Libav()->av_frame_alloc();
+  if (soi->Contexte == nullptr || soi->Paquet == nullptr || soi->Trame == nullptr) return false;
+  soi->Contexte->thread_count = 1;
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  gst_structure_get_int(structure, "width", &soi->Contexte->width);
+  gst_structure_get_int(structure, "height", &soi->Contexte->height);
+  return CopieEntete(*soi->Contexte, structure) && Libav()->avcodec_open2(soi->Contexte, sorte, nullptr) >= 0;
+}
+
+// The decoder wants the bytes behind a packet to be zero and readable; a frame is a few kilobytes here.
+bool RemplitPaquet(AVPacket& paquet, GstBuffer* tampon) {
+  Libav()->av_packet_unref(&paquet);
+  const gsize taille = gst_buffer_get_size(tampon);
+  if (taille > G_MAXINT / 2 || Libav()->av_new_packet(&paquet, static_cast<int>(taille)) < 0) return false;
+  gst_buffer_extract(tampon, 0, paquet.data, taille);
+  if (!GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_DELTA_UNIT)) paquet.flags |= AV_PKT_FLAG_KEY;
+  return true;
+}
+
 void Libere(DecodeurLibav* soi) {
   if (soi->Entree != nullptr) gst_video_codec_state_unref(soi->Entree);
   soi->Entree = nullptr;
   soi->Largeur = 0;
-  FermeCodec(soi->Codec);
+  if (soi->Contexte != nullptr) Libav()->avcodec_free_context(&soi->Contexte);
+  if (soi->Paquet != nullptr) Libav()->av_packet_free(&soi->Paquet);
   if (soi->Trame != nullptr) Libav()->av_frame_free(&soi->Trame);
 }
 
@@ -49,27 +90,23 @@ gboolean Arrete(GstVideoDecoder* decodeur) {
 gboolean FixeFormat(GstVideoDecoder* decodeur, GstVideoCodecState* etat) {
   DecodeurLibav* soi = Soi(decodeur);
   Libere(soi);
-  if (!OuvreCodec(soi->Codec, etat->caps)) return FALSE;
-  soi->Trame = Libav()->av_frame_alloc();
-  if (soi->Trame == nullptr) return FALSE;
+  if (!OuvreCodec(soi, etat->caps)) return FALSE;
   soi->Entree = gst_video_codec_state_ref(etat);
   return TRUE;
 }
 
 // The format behind the decoder is told anew only when the pictures really change.
-bool AnnonceSortie(DecodeurLibav* soi) {
+void AnnonceSortie(DecodeurLibav* soi) {
   const AVFrame& trame = *soi->Trame;
-  if (trame.format == soi->Format && trame.width == soi->Largeur && trame.height == soi->Hauteur) return true;
-  const std::optional<GstVideoFormat> format = FormatGStreamer(trame.format);
-  if (!format) return false;
-  GstVideoCodecState* sortie = gst_video_decoder_set_output_state(&soi->Base, *format, static_cast<guint>(trame.width),
+  if (trame.format == soi->Format && trame.width == soi->Largeur && trame.height == soi->Hauteur) return;
+  const GstVideoFormat format = *FormatGStreamer(trame.format);
+  GstVideoCodecState* sortie = gst_video_decoder_set_output_state(&soi->Base, format, static_cast<guint>(trame.width),
                                                                   static_cast<guint>(trame.height), soi->Entree);
   AnnonceCouleurs(trame, sortie->info.colorimetry);
   gst_video_codec_state_unref(sortie);
   soi->Format = trame.format;
   soi->Largeur = trame.width;
   soi->Hauteur = trame.height;
-  return true;
 }
 
 // A packet can hold a picture that is never shown; its entry would wait for ever.
@@ -85,11 +122,22 @@ void OublieVieilles(GstVideoDecoder* decodeur, guint32 numero) {
                    [](gpointer image) { gst_video_codec_frame_unref(static_cast<GstVideoCodecFrame*>(image)); });
 }
 
+// Whoever uses the element takes another decoder then (gst_stream.cpp): dropping picture after picture would look like
+// a camera that gives none.
+GstFlowReturn RefuseFormat(DecodeurLibav* soi) {
+  gst_element_message_full(GST_ELEMENT(soi), GST_MESSAGE_ERROR, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT,
+                           g_strdup("a pixel format without a name in GStreamer"), nullptr, __FILE__, __func__,
+                           __LINE__);
+  return GST_FLOW_ERROR;
+}
+
 GstFlowReturn Livre(DecodeurLibav* soi) {
+  if (!FormatGStreamer(soi->Trame->format)) return RefuseFormat(soi);
   const auto numero = static_cast<guint32>(soi->Trame->pts);
   GstVideoCodecFrame* image = gst_video_decoder_get_frame(&soi->Base, static_cast<int>(numero));
   if (image == nullptr) return GST_FLOW_OK;
-  if (AnnonceSortie(soi)) image->output_buffer = TamponDeTrame(*soi->Trame);
+  AnnonceSortie(soi);
+  image->output_buffer = TamponDeTrame(*soi->Trame);
   if (image->output_buffer == nullptr) return gst_video_decoder_drop_frame(&soi->Base, image);
   const GstFlowReturn suite = gst_video_decoder_finish_frame(&soi->Base, image);
   if (++soi->Livrees >= kRetardMaximal) {
@@ -101,7 +149,7 @@ GstFlowReturn Livre(DecodeurLibav* soi) {
 
 GstFlowReturn LivreTout(DecodeurLibav* soi) {
   GstFlowReturn suite = GST_FLOW_OK;
-  while (suite == GST_FLOW_OK && Libav()->avcodec_receive_frame(soi->Codec.Contexte, soi->Trame) == 0) {
+  while (suite == GST_FLOW_OK && Libav()->avcodec_receive_frame(soi->Contexte, soi->Trame) == 0) {
     suite = Livre(soi);
     Libav()->av_frame_unref(soi->Trame);
   }
@@ -110,16 +158,16 @@ GstFlowReturn LivreTout(DecodeurLibav* soi) {
 
 GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
   DecodeurLibav* soi = Soi(decodeur);
-  if (soi->Codec.Contexte == nullptr || !RemplitPaquet(*soi->Codec.Paquet, image->input_buffer)) {
+  if (soi->Contexte == nullptr || !RemplitPaquet(*soi->Paquet, image->input_buffer)) {
     return gst_video_decoder_drop_frame(decodeur, image);
   }
   // The number instead of a time: it finds the entry of this picture again, however the order changes.
-  soi->Codec.Paquet->pts = image->system_frame_number;
-  int reponse = Libav()->avcodec_send_packet(soi->Codec.Contexte, soi->Codec.Paquet);
+  soi->Paquet->pts = image->system_frame_number;
+  int reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
   GstFlowReturn suite = GST_FLOW_OK;
   if (reponse == AVERROR(EAGAIN)) {
     suite = LivreTout(soi);
-    reponse = Libav()->avcodec_send_packet(soi->Codec.Contexte, soi->Codec.Paquet);
+    reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
   }
   // A damaged packet gives no picture; the next good one goes on.
   if (reponse < 0) return gst_video_decoder_drop_frame(decodeur, image);
@@ -128,17 +176,17 @@ GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
 }
 
 gboolean Vide(GstVideoDecoder* decodeur) {
-  if (Soi(decodeur)->Codec.Contexte != nullptr) Libav()->avcodec_flush_buffers(Soi(decodeur)->Codec.Contexte);
+  if (Soi(decodeur)->Contexte != nullptr) Libav()->avcodec_flush_buffers(Soi(decodeur)->Contexte);
   return TRUE;
 }
 
 // What the decoder still holds back to put pictures into their order.
 GstFlowReturn Acheve(GstVideoDecoder* decodeur) {
   DecodeurLibav* soi = Soi(decodeur);
-  if (soi->Codec.Contexte == nullptr) return GST_FLOW_OK;
-  Libav()->avcodec_send_packet(soi->Codec.Contexte, nullptr);
+  if (soi->Contexte == nullptr) return GST_FLOW_OK;
+  Libav()->avcodec_send_packet(soi->Contexte, nullptr);
   const GstFlowReturn suite = LivreTout(soi);
-  Libav()->avcodec_flush_buffers(soi->Codec.Contexte);
+  Libav()->avcodec_flush_buffers(soi->Contexte);
   return suite;
 }
 

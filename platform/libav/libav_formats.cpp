@@ -15,7 +15,8 @@ const char* const kCapsEncodes =
     "video/x-msmpeg, msmpegversion=(int){ 41, 42, 43 }; "
     "video/x-divx, divxversion=(int)[ 3, 5 ]; video/x-xvid; video/x-vp8; video/x-vp9";
 
-const char* const kCapsDecodes = "video/x-raw, format=(string){ I420, Y42B, Y444, GRAY8, NV12, I420_10LE }";
+const char* const kCapsDecodes =
+    "video/x-raw, format=(string){ I420, Y42B, Y444, GRAY8, NV12, I420_10LE, I422_10LE, Y444_10LE }";
 
 namespace {
 
@@ -109,6 +110,10 @@ std::optional<GstVideoFormat> FormatGStreamer(int formatAv) {
       return GST_VIDEO_FORMAT_NV12;
     case AV_PIX_FMT_YUV420P10LE:
       return GST_VIDEO_FORMAT_I420_10LE;
+    case AV_PIX_FMT_YUV422P10LE:
+      return GST_VIDEO_FORMAT_I422_10LE;
+    case AV_PIX_FMT_YUV444P10LE:
+      return GST_VIDEO_FORMAT_Y444_10LE;
     default:
       return std::nullopt;
   }

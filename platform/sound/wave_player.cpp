@@ -11,7 +11,6 @@
 #include <thread>
 
 #include "platform/base/system_files.h"
-#include "platform/gstreamer/gst_plugins.h"
 #include "platform/sound/sound_output.h"
 
 namespace vaktor {
@@ -22,20 +21,6 @@ constexpr std::chrono::seconds kRepos{30};          // without a new try after a
 constexpr GstClockTime kRegard = 20 * GST_MSECOND;  // how soon a new sound cuts the one that plays
 constexpr auto kMessages = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_WARNING);
 
-bool EstConnue(const char* fabrique) {
-  GstElementFactory* connue = gst_element_factory_find(fabrique);
-  if (connue != nullptr) gst_object_unref(connue);
-  return connue != nullptr;
-}
-
-// By their names, since the list of all plugins may not have been read. The automatic output takes the best of those
-// that are known.
-void ConnaisGreffonsDuSon() {
-  if (EstConnue("wavparse")) return;  // from the list, or from the sound before
-  ChargeGreffons(
-      {"coreelements", "wavparse", "audioconvert", "audioresample", "autodetect", "pulseaudio", "alsa", "pipewire"});
-  if (!EstConnue("pulsesink") && !EstConnue("alsasink") && !EstConnue("pipewiresink")) ConnaisTousLesGreffons();
-}
 }  // namespace
 
 /// The thread. It plays the newest sound asked for; one that was asked for and not yet begun is forgotten.
@@ -104,8 +89,7 @@ class LecteurGStreamer::Fil {
 
   /// Null when a part of GStreamer is missing.
   GstElement* Monte(const QByteArray& fichier) const {
-    if (!LanceGStreamer()) return nullptr;
-    ConnaisGreffonsDuSon();
+    if (gst_init_check(nullptr, nullptr, nullptr) == FALSE) return nullptr;
     const QByteArray description =
         "filesrc name=source ! wavparse ! audioconvert ! audioresample ! " + Sortie_ + " name=sortie";
     GstElement* tuyau = gst_parse_launch_full(description.constData(), nullptr, GST_PARSE_FLAG_FATAL_ERRORS, nullptr);

@@ -30,6 +30,8 @@ TEST(StartArguments, OrderIsFreeAndTheRestStaysOneText) {
 TEST(StartArguments, HelpAndVersionAreAskedForByName) {
   EXPECT_TRUE(LitArgumentsDepart({QStringLiteral("--help")}).Aide);
   EXPECT_TRUE(LitArgumentsDepart({QStringLiteral("--version")}).Version);
+  EXPECT_TRUE(LitArgumentsDepart({QStringLiteral("--cameras")}).Cameras);
+  EXPECT_TRUE(TrouveInconnus({QStringLiteral("--cameras")}).isEmpty());
   EXPECT_TRUE(TexteAide().contains(QStringLiteral("/camera:WHERE")));
 }
 

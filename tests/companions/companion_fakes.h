@@ -111,7 +111,7 @@ class FenetreFausse : public AffichageSurveillance, public AffichageLiaison {
   void MontreSurveillanceInactive() override {}
   void EcritRetard(qint32 secondes) override { J_ << QStringLiteral("Text1 %1").arg(secondes); }
   void DessineJauge(qint32, bool) override {}
-  void AnnonceCameraIntrouvable() override {}
+  void AnnonceCameraIntrouvable(const QString&) override {}
   void AnnonceCameraInactive() override { J_ << QStringLiteral("boite 8"); }
 
   void MontreStatut(Libelle statut) override { J_ << QStringLiteral("statut %1").arg(static_cast<int>(statut)); }

@@ -61,6 +61,7 @@ TEST_F(Camera, FailedStartTellsAndChangesNothing) {
   Engin.SuspendTic();
   Engin.BasculeCamera();
   EXPECT_EQ(Affichage.CamerasIntrouvables, 1);
+  EXPECT_EQ(Affichage.Explication, QString());
   EXPECT_FALSE(Engin.Camera().CameraActive);
   EXPECT_FALSE(Active("Timer1"));  // not touched
   EXPECT_FALSE(Active("Timer2"));
@@ -279,6 +280,14 @@ TEST_F(Camera, SwitchDoesNothingWhileTheDriverIsBeingConnected) {
   EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Connecte")), 1);
   EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Deconnecte")), 0);
   EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, WhatTheDriverKnowsOfItsFailureIsTold) {
+  Pilote.Presente = false;
+  Pilote.Refus = QStringLiteral("nothing decodes it");
+  Engin.BasculeCamera();
+  EXPECT_EQ(Affichage.CamerasIntrouvables, 1);
+  EXPECT_EQ(Affichage.Explication, Pilote.Refus);
 }
 
 // Closed in the middle of the wait: nobody is left to be told that no camera was found, and nothing starts.

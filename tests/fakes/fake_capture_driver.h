@@ -21,6 +21,7 @@ class PiloteFaux : public PiloteCapture {
     if (PendantConnexion) PendantConnexion();
     return Connecte_;
   }
+  QString Explication() const override { return Refus; }
   void Deconnecte() override {
     Journal_.Note([] { return QStringLiteral("Deconnecte"); });
     if (PendantDeconnexion) PendantDeconnexion();
@@ -66,6 +67,7 @@ class PiloteFaux : public PiloteCapture {
   }
 
   bool Presente = true;                             ///< Connecte succeeds
+  QString Refus;                                    ///< why Connecte fails, as the driver words it
   bool Muette = false;                              ///< there is no newer frame
   bool ParArrivee = false;                          ///< a newer frame is there only after each Arrive
   bool Reprise = false;                             ///< the next frame is the first after a reconnection

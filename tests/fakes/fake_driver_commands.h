@@ -28,12 +28,15 @@ class FauxPilote : public CommandesPilote {
     return Accepte_;
   }
 
+  bool EstSansDecodeur() const override { return SansDecodeur_; }
+
   GenreSource Genre_ = GenreSource::kPeripherique;
   QString Description_ = QStringLiteral("/dev/video0");
   QString Noeud_ = QStringLiteral("/dev/video0");
   QString NomStable_ = QStringLiteral("uvcvideo|Camera|usb-1");
   FormatCamera Format_ = {QStringLiteral("MJPG"), 640, 480, 30, 1};
   bool Accepte_ = true;
+  bool SansDecodeur_ = false;
   std::function<void(const QString&)> ApresSource_;  ///< what an accepted source makes of the driver
   QList<FormatCamera> Appliques_;
   QStringList Sources_;

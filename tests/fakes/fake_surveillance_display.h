@@ -104,8 +104,9 @@ class AffichageFaux : public AffichageSurveillance {
     JaugeHaute = haute;
     ++JaugesDessinees;
   }
-  void AnnonceCameraIntrouvable() override {
+  void AnnonceCameraIntrouvable(const QString& explication) override {
     Note("AnnonceCameraIntrouvable");
+    Explication = explication;
     ++CamerasIntrouvables;
   }
   void AnnonceCameraInactive() override {
@@ -131,6 +132,7 @@ class AffichageFaux : public AffichageSurveillance {
   qint32 Jauge = -1, JaugesDessinees = 0;
   bool JaugeHaute = false;
   qint32 CamerasIntrouvables = 0, CamerasInactives = 0;
+  QString Explication;  ///< of the last camera that was not found
 
  private:
   void Note(const char* nom) {

@@ -7,7 +7,7 @@
 #include <QString>
 #include <functional>
 
-#include "platform/capture/streams/gst_start.h"
+#include "platform/capture/streams/gst_setup.h"
 
 namespace vaktor {
 

@@ -15,7 +15,7 @@
 #include <QUdpSocket>
 #include <atomic>
 
-#include "platform/capture/streams/gst_start.h"
+#include "platform/capture/streams/gst_setup.h"
 
 namespace vaktor {
 

@@ -6,7 +6,7 @@
 #include <QString>
 #include <thread>
 
-#include "platform/capture/streams/gst_start.h"
+#include "platform/capture/streams/gst_setup.h"
 
 namespace vaktor {
 

@@ -10,7 +10,7 @@
 
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/driver/gst_driver.h"
-#include "platform/capture/streams/gst_start.h"
+#include "platform/capture/streams/gst_setup.h"
 #include "support/next_frame.h"
 #include "vm/guest.h"
 
@@ -18,11 +18,7 @@ namespace vaktor {
 
 class PiloteReelTest : public testing::Test {
  protected:
-  // As the program does.
-  static void SetUpTestSuite() {
-    LanceGStreamerPour({});
-    ASSERT_TRUE(PrepareGStreamer());
-  }
+  static void SetUpTestSuite() { ASSERT_TRUE(PrepareGStreamer()); }
 
   std::unique_ptr<PiloteGStreamer> Pilote(const QString& ou = {}) {
     return std::make_unique<PiloteGStreamer>(

@@ -6,7 +6,7 @@
 #include <QDir>
 #include <QSet>
 
-#include "platform/capture/devices/v4l2_device.h"
+#include "support/camera_list.h"
 #include "vm/guest.h"
 
 namespace vaktor {

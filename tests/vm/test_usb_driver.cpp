@@ -6,7 +6,7 @@
 
 #include <QTimer>
 
-#include "platform/capture/devices/v4l2_device.h"
+#include "support/camera_list.h"
 #include "vm/usb_fixture.h"
 
 namespace vaktor {
@@ -93,6 +93,21 @@ TEST_F(UsbPilote, UnpluggedAndPluggedInUnderAnotherNumberItGoesOnInItsFormat) {
   EXPECT_EQ(pilote->FormatCourant(), petit);
   EXPECT_EQ(pilote->CopieTrame().Entiere().size(), QSize(320, 240));
   ::close(tenu);
+}
+
+// What is being tried while the camera is away has no format; what was known of it is not forgotten for that.
+TEST_F(UsbPilote, ItsFormatIsHadBackAfterSourcesThatWereRefusedWhileItWasAway) {
+  const auto pilote = Pilote();
+  ASSERT_TRUE(Connecte(*pilote));
+  const FormatCamera petit = {"MJPG", 320, 240, 15, 1};
+  ASSERT_TRUE(pilote->AppliqueFormat(petit));
+  ASSERT_TRUE(AttendImages(*pilote, 5));
+  ASSERT_TRUE(Ordonne("unplug"));
+  EXPECT_TRUE(Attend([&] { return !SaisitProchaine(*pilote) && pilote->SignalPerdu(); }));
+  for (int fois = 0; fois < 2; ++fois) EXPECT_FALSE(pilote->ChangeSource(QStringLiteral("/no/such/film.avi")));
+  ASSERT_TRUE(Ordonne("plug"));
+  EXPECT_TRUE(AttendImages(*pilote, 5));
+  EXPECT_EQ(pilote->FormatCourant(), petit);
 }
 
 TEST_F(UsbPilote, NothingLeaksOverManyReplugs) {

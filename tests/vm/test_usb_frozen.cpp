@@ -3,6 +3,7 @@
 #include <QTimer>
 
 #include "platform/capture/devices/device_access.h"
+#include "support/camera_list.h"
 #include "vm/usb_fixture.h"
 
 namespace vaktor {

@@ -5,7 +5,7 @@
 #include <QDir>
 #include <algorithm>
 
-#include "platform/capture/devices/v4l2_device.h"
+#include "support/camera_list.h"
 #include "vm/guest.h"
 
 namespace vaktor {

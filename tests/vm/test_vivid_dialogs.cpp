@@ -9,7 +9,7 @@
 #include <QTest>
 #include <QTimer>
 
-#include "platform/capture/devices/v4l2_device.h"
+#include "support/camera_list.h"
 #include "vm/guest_driver.h"
 
 namespace vaktor {

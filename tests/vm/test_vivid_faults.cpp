@@ -1,7 +1,7 @@
 // Faults that the kernel's own test driver makes on demand. Runs inside the virtual machine.
 #include <QProcess>
 
-#include "platform/capture/devices/v4l2_device.h"
+#include "support/camera_list.h"
 #include "vm/guest_driver.h"
 
 namespace vaktor {

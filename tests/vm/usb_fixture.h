@@ -1,7 +1,7 @@
 // The capture driver over the emulated USB camera, which stands still and gives frames again after each test.
 #pragma once
 
-#include "platform/capture/devices/v4l2_device.h"
+#include "support/camera_list.h"
 #include "vm/guest_driver.h"
 
 namespace vaktor {

@@ -102,8 +102,10 @@ void VueSurveillance::EcritRetard(qint32 secondes) { Page().Text1->setText(QStri
 
 void VueSurveillance::DessineJauge(qint32 valeur, bool haute) { Bandeau().PictSeuil->Dessine(valeur, haute); }
 
-void VueSurveillance::AnnonceCameraIntrouvable() {
-  Boites_.MontreMessage(Textes_.Dit(Message::kCameraIntrouvable), Textes_.Dit(Message::kTitre), BoutonsBoite::kOk);
+void VueSurveillance::AnnonceCameraIntrouvable(const QString& explication) {
+  QString message = Textes_.Dit(Message::kCameraIntrouvable);
+  if (!explication.isEmpty()) message += QStringLiteral("\n\n") + explication;
+  Boites_.MontreMessage(message, Textes_.Dit(Message::kTitre), BoutonsBoite::kOk);
 }
 
 void VueSurveillance::AnnonceCameraInactive() {

@@ -55,7 +55,7 @@ class VueSurveillance : public AffichageSurveillance {
   void MontreSurveillanceInactive() override;
   void EcritRetard(qint32 secondes) override;
   void DessineJauge(qint32 valeur, bool haute) override;
-  void AnnonceCameraIntrouvable() override;
+  void AnnonceCameraIntrouvable(const QString& explication) override;
   void AnnonceCameraInactive() override;
 
  private:

@@ -1,6 +1,66 @@
 #include "platform/capture/devices/device_access.h"
 
+#include <poll.h>
+#include <sys/eventfd.h>
+#include <sys/inotify.h>
+#include <unistd.h>
+
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <array>
+#include <cstring>
+
 namespace vaktor {
+namespace {
+
+// The kernel makes a node, the rights come after it; a link may be moved to its place.
+constexpr uint32_t kEvenements = IN_CREATE | IN_ATTRIB | IN_MOVED_TO;
+
+}  // namespace
+
+GuetNoeuds::GuetNoeuds(const QString& dossier)
+    : Inotify_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)), Reveil_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {
+  if (Inotify_ < 0 || ::inotify_add_watch(Inotify_, QFile::encodeName(dossier).constData(), kEvenements) >= 0) return;
+  ::close(Inotify_);
+  Inotify_ = -1;
+}
+
+GuetNoeuds::~GuetNoeuds() {
+  if (Inotify_ >= 0) ::close(Inotify_);
+  if (Reveil_ >= 0) ::close(Reveil_);
+}
+
+bool GuetNoeuds::Attend(const std::stop_token& arret, std::chrono::milliseconds limite) {
+  if (!EstOuvert()) return false;
+  const std::stop_callback reveille(arret, [this] { ::eventfd_write(Reveil_, 1); });
+  const auto fin = std::chrono::steady_clock::now() + limite;
+  while (!arret.stop_requested()) {
+    const auto reste = std::chrono::ceil<std::chrono::milliseconds>(fin - std::chrono::steady_clock::now());
+    if (reste.count() <= 0) return false;
+    std::array<pollfd, 2> qui{{{Inotify_, POLLIN, 0}, {Reveil_, POLLIN, 0}}};
+    if (::poll(qui.data(), qui.size(), static_cast<int>(reste.count())) > 0 && LitEvenements()) return true;
+  }
+  return false;
+}
+
+// Everything that is there; what /dev has besides video nodes comes and goes all the time. Events that the kernel had
+// no room for may have told of one.
+bool GuetNoeuds::LitEvenements() {
+  alignas(inotify_event) std::array<char, 4096> tampon{};
+  bool video = false;
+  for (ssize_t lus = 0; (lus = ::read(Inotify_, tampon.data(), tampon.size())) > 0;) {
+    for (std::size_t ici = 0; ici < static_cast<std::size_t>(lus);) {
+      inotify_event evenement{};
+      std::memcpy(&evenement, tampon.data() + ici, sizeof evenement);
+      const char* nom = tampon.data() + ici + sizeof evenement;
+      const bool perdus = (evenement.mask & IN_Q_OVERFLOW) != 0;
+      video = video || perdus || (evenement.len > 0 && std::strncmp(nom, "video", 5) == 0);
+      ici += sizeof evenement + evenement.len;
+    }
+  }
+  return video;
+}
 
 QList<CandidatVideo> AccesV4L2::Candidats() const {
   const auto reponses =
@@ -15,6 +75,18 @@ QList<PeripheriqueVideo> AccesV4L2::Peripheriques() const { return NommePeripher
 
 std::optional<PeripheriqueVideo> AccesV4L2::Retrouve(const QString& nomStable) const {
   return RetrouveParmi(Candidats(), nomStable);
+}
+
+std::optional<PeripheriqueVideo> AccesV4L2::Choisit(const QString& cherche, bool ouLePremier) const {
+  const QList<CandidatVideo> candidats = Candidats();
+  const QList<PeripheriqueVideo> liste = NommePeripheriques(candidats);
+  if (const auto trouve = RetrouveParmi(candidats, cherche)) return trouve;
+  if ((cherche.isEmpty() || ouLePremier) && !liste.isEmpty()) return liste.first();
+  if (cherche.isEmpty() || !QFileInfo::exists(cherche)) return std::nullopt;
+  const QString noeud = QFileInfo(cherche).canonicalFilePath();
+  for (const PeripheriqueVideo& candidat : liste)
+    if (candidat.Noeud == noeud) return candidat;
+  return PeripheriqueVideo{noeud, {}, {}};
 }
 
 QList<FormatCamera> AccesV4L2::Formats(const QString& noeud) const {

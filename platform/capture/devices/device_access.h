@@ -1,13 +1,37 @@
-// The dialogs' way to the devices, so that they can be tried without any.
+// The way to the devices: asked so that none of them can hold who asks, and watched for what is plugged in. The dialogs
+// know it as an interface, so that they can be tried without any.
 #pragma once
 
+#include <QString>
 #include <chrono>
 #include <functional>
+#include <stop_token>
 
 #include "platform/capture/devices/node_desk.h"
 #include "platform/capture/devices/v4l2_device.h"
 
 namespace vaktor {
+
+/// The folder of the device nodes, watched by the kernel (inotify) from the construction on. For one thread at a time.
+class GuetNoeuds {
+ public:
+  explicit GuetNoeuds(const QString& dossier);
+  ~GuetNoeuds();
+  GuetNoeuds(const GuetNoeuds&) = delete;
+  GuetNoeuds& operator=(const GuetNoeuds&) = delete;
+
+  /// False where the system gives no watch: nothing will ever be told.
+  bool EstOuvert() const { return Inotify_ >= 0 && Reveil_ >= 0; }
+  /// True as soon as a video node has come, or has got other rights, since the last call. False at the end of the time,
+  /// or when a stop is asked for.
+  bool Attend(const std::stop_token& arret, std::chrono::milliseconds limite);
+
+ private:
+  bool LitEvenements();
+
+  int Inotify_ = -1;
+  int Reveil_ = -1;
+};
 
 class AccesPeripheriques {
  public:
@@ -36,6 +60,7 @@ struct QuestionsV4L2 {
   std::function<QList<FormatCamera>(const QString&)> Formats = ListeFormats;
   std::function<QList<ReglageCamera>(const QString&)> Reglages = ListeReglages;
   std::function<bool(const QString&, quint32, qint32)> Regle = AppliqueReglage;
+  QString Dossier = QStringLiteral("/dev");  ///< where the nodes come and go
 };
 
 /// The devices of this machine, asked so that none of them can hold who asks: the windows live meanwhile, and a device
@@ -53,6 +78,12 @@ class AccesV4L2 final : public AccesPeripheriques {
   QList<PeripheriqueVideo> Peripheriques() const override;
   /// RetrouvePeripherique among those that answer.
   std::optional<PeripheriqueVideo> Retrouve(const QString& nomStable) const;
+  /// The one that `cherche` names: by its stable name, else by its node's path or a link that the user made to it.
+  /// Where there is none, and where nothing is named, the first one that answers: without a name always, else
+  /// `ouLePremier`.
+  std::optional<PeripheriqueVideo> Choisit(const QString& cherche, bool ouLePremier) const;
+  /// All video nodes, cameras or not. Opens none.
+  QStringList Noeuds() const { return Questions_.Noeuds(); }
   QList<FormatCamera> Formats(const QString& noeud) const override;
   QList<ReglageCamera> Reglages(const QString& noeud) const override;
   bool Regle(const QString& noeud, quint32 numero, qint32 valeur) override;

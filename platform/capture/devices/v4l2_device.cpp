@@ -1,17 +1,61 @@
 // Which cameras there are, and under which names they are found again.
 #include "platform/capture/devices/v4l2_device.h"
 
+#include <fcntl.h>
 #include <linux/videodev2.h>
+#include <sys/ioctl.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <algorithm>
+#include <cerrno>
+#include <string>
 
 #include "platform/capture/devices/v4l2_node.h"
 
 namespace vaktor {
+
+NoeudV4L2::NoeudV4L2(const QString& noeud) {
+  if (noeud.isEmpty()) return;
+  // O_NONBLOCK: a fifo or a serial line under such a name must not hold us up.
+  Descripteur_ = ::open(QFile::encodeName(noeud).constData(), O_RDWR | O_NONBLOCK | O_CLOEXEC);
+}
+
+NoeudV4L2::~NoeudV4L2() {
+  if (Descripteur_ >= 0) ::close(Descripteur_);
+}
+
+bool NoeudV4L2::Demande(unsigned long requete, void* argument) const {
+  if (Descripteur_ < 0) return false;
+  int rendu = 0;
+  do {
+    rendu = ::ioctl(Descripteur_, requete, argument);
+  } while (rendu < 0 && errno == EINTR);
+  return rendu >= 0;
+}
+
+quint32 NoeudV4L2::Capacites() const {
+  v4l2_capability capacite = {};
+  if (!Demande(VIDIOC_QUERYCAP, &capacite)) return 0;
+  // `capabilities` tells of the whole device, where a camera's metadata node looks like a camera too.
+  return (capacite.capabilities & V4L2_CAP_DEVICE_CAPS) != 0 ? capacite.device_caps : capacite.capabilities;
+}
+
+quint32 NoeudV4L2::TypeTampon() const {
+  const quint32 capacites = Capacites();
+  if ((capacites & V4L2_CAP_VIDEO_CAPTURE) != 0) return V4L2_BUF_TYPE_VIDEO_CAPTURE;
+  if ((capacites & V4L2_CAP_VIDEO_CAPTURE_MPLANE) != 0) return V4L2_BUF_TYPE_VIDEO_CAPTURE_MPLANE;
+  return 0;
+}
+
+QString TexteNoyau(const unsigned char* texte, int taille) {
+  const unsigned char* fin = std::find(texte, texte + taille, static_cast<unsigned char>(0));
+  return QString::fromUtf8(std::string(texte, fin).c_str()).trimmed();
+}
+
 namespace {
 
 const auto kDossierParId = QLatin1String("/dev/v4l/by-id");
@@ -72,14 +116,6 @@ bool LienEstSur(const CandidatVideo& candidat, const QList<CandidatVideo>& tous)
   });
 }
 
-QList<CandidatVideo> ListeCandidats() {
-  QList<CandidatVideo> candidats;
-  const QStringList noeuds = ListeNoeudsVideo();
-  for (const QString& noeud : noeuds)
-    if (const std::optional<CandidatVideo> candidat = SondeNoeudVideo(noeud)) candidats.append(*candidat);
-  return candidats;
-}
-
 }  // namespace
 
 QStringList ListeNoeudsVideo() {
@@ -117,12 +153,6 @@ std::optional<PeripheriqueVideo> RetrouveParmi(const QList<CandidatVideo>& candi
   for (const CandidatVideo& c : candidats)
     if (c.NomBus == nomStable || c.NomParId == nomStable) return PeripheriqueVideo{c.Noeud, c.Nom, nomStable};
   return std::nullopt;
-}
-
-QList<PeripheriqueVideo> ListePeripheriques() { return NommePeripheriques(ListeCandidats()); }
-
-std::optional<PeripheriqueVideo> RetrouvePeripherique(const QString& nomStable) {
-  return RetrouveParmi(ListeCandidats(), nomStable);
 }
 
 }  // namespace vaktor

@@ -35,9 +35,6 @@ QList<PeripheriqueVideo> NommePeripheriques(const QList<CandidatVideo>& candidat
 /// The one that now carries this stable name. Either of its names will do.
 std::optional<PeripheriqueVideo> RetrouveParmi(const QList<CandidatVideo>& candidats, const QString& nomStable);
 
-/// All of the above in a row; a node that hangs holds whoever asks (device_access.h does not wait for it).
-QList<PeripheriqueVideo> ListePeripheriques();
-std::optional<PeripheriqueVideo> RetrouvePeripherique(const QString& nomStable);
 /// All discrete formats; stepwise ranges give the common sizes within them. Largest first within a coding.
 QList<FormatCamera> ListeFormats(const QString& noeud);
 

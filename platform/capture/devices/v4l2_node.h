@@ -14,7 +14,6 @@ class NoeudV4L2 {
   NoeudV4L2(const NoeudV4L2&) = delete;
   NoeudV4L2& operator=(const NoeudV4L2&) = delete;
 
-  bool EstOuvert() const { return Descripteur_ >= 0; }
   /// One ioctl of linux/videodev2.h, begun again when a signal cut it short. False: refused, or not known.
   bool Demande(unsigned long requete, void* argument) const;
   /// The capabilities of this very node (not of the whole device); 0: no V4L2 node.

@@ -47,9 +47,11 @@ enum class TexteDialogue {
   kTousFichiers,
   kUtilise,
   kActualise,
-  kSourceChangee,     ///< %1: source
-  kSourceTropGrande,  ///< %1: source, %2: size
-  kSourceRefusee,     ///< %1: source
+  kSourceChangee,       ///< %1: source
+  kSourceTropGrande,    ///< %1: source, %2: size
+  kSourceRefusee,       ///< %1: source
+  kSourceSansDecodeur,  ///< %1: source
+  kSansDecodeur,        ///< the same where nothing else goes on
   kAdresseVide,
   kMotDePasseMasque,
   kGroupeReglages,

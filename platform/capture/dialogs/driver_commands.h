@@ -22,6 +22,8 @@ class CommandesPilote {
   virtual bool AppliqueFormat(const FormatCamera& format) = 0;
   /// Opens another device path, stable name, address, file or "test". False: the old source goes on.
   virtual bool ChangeSource(const QString& source) = 0;
+  /// Why it was refused: nothing that is installed here decodes what it gives.
+  virtual bool EstSansDecodeur() const = 0;
 };
 
 }  // namespace vaktor

@@ -14,8 +14,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
-#include "platform/capture/choice/address_mask.h"
 #include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/choice/named_source.h"
 #include "platform/capture/devices/device_access.h"
 #include "platform/capture/dialogs/controls_panel.h"
 #include "platform/capture/dialogs/dialog_texts.h"
@@ -285,7 +285,9 @@ void DialogueSource::Utilise() {
   const bool fait = Pilote_.ChangeSource(source);
   QApplication::restoreOverrideCursor();
   if (!fait) {
-    Etat_->MontreErreur(TexteDe(TexteDialogue::kSourceRefusee, Langue_).arg(nom));
+    const auto pourquoi =
+        Pilote_.EstSansDecodeur() ? TexteDialogue::kSourceSansDecodeur : TexteDialogue::kSourceRefusee;
+    Etat_->MontreErreur(TexteDe(pourquoi, Langue_).arg(nom));
     return;
   }
   const bool retenu = Memoire_.RetientSource(source);

@@ -1,26 +1,15 @@
 #include "platform/capture/driver/capture_session.h"
 
-#include <QFileInfo>
 #include <algorithm>
 
-#include "platform/capture/devices/v4l2_device.h"
-#include "platform/capture/streams/test_stream.h"
+#include "platform/capture/streams/capture_delays.h"
+#include "platform/capture/streams/test_picture.h"
 
 namespace vaktor {
 namespace {
 
 using std::chrono::milliseconds;
-
-constexpr milliseconds kEntreEssais{2000};        // from the beginning of one to the beginning of the next
-constexpr milliseconds kEntreLectures{200};       // of a file that cannot be played in a loop
-constexpr milliseconds kDelaiPeripherique{4000};  // to a first frame
-constexpr milliseconds kDelaiReseau{6000};
-constexpr milliseconds kRepriseReseau{300};  // a camera that serves few has to let go of us before we come again
-constexpr milliseconds kRegard{50};          // while a first frame is awaited
-
-milliseconds DelaiPremiereImage(GenreSource genre) {
-  return genre == GenreSource::kReseau ? kDelaiReseau : kDelaiPeripherique;
-}
+using Delais = DelaisCapture;
 
 }  // namespace
 
@@ -31,17 +20,18 @@ SessionCapture::Fabrique SessionCapture::FabriqueReelle() {
   };
 }
 
-std::shared_ptr<SessionCapture> SessionCapture::Lance(Demande demande, Fabrique fabrique, QuestionsV4L2 questions) {
-  std::shared_ptr<SessionCapture> session(
-      new SessionCapture(std::move(demande), std::move(fabrique), std::move(questions)));
+std::shared_ptr<SessionCapture> SessionCapture::Lance(Demande demande, Fabrique fabrique,
+                                                      const QuestionsV4L2& questions) {
+  std::shared_ptr<SessionCapture> session(new SessionCapture(std::move(demande), std::move(fabrique), questions));
   session->Fil_ = std::thread([session] { session->Deroule(); });
   return session;
 }
 
-SessionCapture::SessionCapture(Demande demande, Fabrique fabrique, QuestionsV4L2 questions)
+SessionCapture::SessionCapture(Demande demande, Fabrique fabrique, const QuestionsV4L2& questions)
     : Demande_(std::move(demande)),
       Fabrique_(std::move(fabrique)),
-      Acces_(std::move(questions), AccesV4L2::Limites()) {}
+      Acces_(questions, {.Liste = Delais::kListe, .Question = Delais::kFormats}),
+      DossierNoeuds_(questions.Dossier) {}
 
 SessionCapture::~SessionCapture() {
   if (Fil_.joinable()) Fil_.detach();
@@ -49,10 +39,17 @@ SessionCapture::~SessionCapture() {
 
 void SessionCapture::Deroule() {
   bool ouverte = false;
-  SansSortir([&] { ouverte = OuvrePremiereFois(); });
+  SansSortir([this] {
+    if (Demande_.Prepare) Demande_.Prepare();
+  });
+  Prete_ = true;
+  SansSortir([&] { ouverte = EssaieTous(); });
   while ((ouverte || Demande_.Persiste) && !Arret_.stop_requested()) {
     SansSortir([this] {
-      if (!Flux_) Rouvre();
+      if (!Flux_) {
+        Patiente(DernierEssai_ + Delais::kEntreEssais);
+        Rouvre();
+      }
       Veille();
     });
   }
@@ -69,42 +66,53 @@ void SessionCapture::SansSortir(const std::function<void()>& quoi) {
     quoi();
   } catch (const std::exception&) {
     Flux_.reset();
-    Patiente(Horloge::now() + kEntreEssais);
+    Patiente(Horloge::now() + Delais::kEntreEssais);
   }
 }
 
-bool SessionCapture::OuvrePremiereFois() {
-  Retenue_.Source = Demande_.Source;
-  Retenue_.Format = Demande_.Format;
-  for (const DemandeFlux& candidat : Candidats()) {
+// Whatever may lead to a picture, one after the other, within the time of one connection.
+bool SessionCapture::EssaieTous() {
+  const auto fin = Horloge::now() + Delais::kConnexion;
+  const QList<DemandeFlux> candidats = Candidats();
+  for (const DemandeFlux& candidat : candidats) {
     if (candidat.Udp) {
       // Nothing but the packets' way is different: who refused before that point refuses again, a password for one.
       if (!Decrit_) return false;
-      Patiente(Horloge::now() + kRepriseReseau);
+      Patiente(Horloge::now() + Delais::kEntreChemins);
     }
     if (Arret_.stop_requested()) return false;
-    Retenue_ = candidat;
-    if (Essaie(candidat)) return true;
+    const bool dernier = &candidat == &candidats.last();
+    if (!Essaie(candidat, dernier ? fin : std::min(fin, Horloge::now() + Delais::kPremierDePlusieurs))) continue;
+    Connait(candidat);
+    return true;
   }
   return false;
 }
 
 // One opening, to its first frame.
-bool SessionCapture::Essaie(const DemandeFlux& demande) {
+bool SessionCapture::Essaie(const DemandeFlux& demande, Horloge::time_point limite) {
   DernierEssai_ = Horloge::now();
   const quint64 avant = Boite_.Numero();
-  const auto limite = DernierEssai_ + DelaiPremiereImage(demande.Source.Genre);
   Flux_ = Fabrique_(Boite_, demande);
   if (Flux_->Ouvre()) {
     while (!Arret_.stop_requested() && Horloge::now() < limite) {
-      const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), kRegard);
+      const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), Delais::kRegard);
       if (Boite_.Numero() > avant) return true;
       if (etat != FluxImages::Etat::kCoule) break;
     }
   }
   Decrit_ = Flux_->EstDecrit();
+  SansDecodeur_ = Flux_->EstSansDecodeur();
   Flux_.reset();
   return false;
+}
+
+void SessionCapture::Connait(const DemandeFlux& demande) {
+  Connue_ = demande;
+  Guet_.reset();                 // what is plugged in now is of no interest
+  Connue_->AutreChemin = false;  // one way has been found to work: it is given all its time
+  const std::lock_guard verrou(Verrou_);
+  Connu_ = {demande.Noeud, {}, demande.NomStable};
 }
 
 void SessionCapture::Veille() {
@@ -116,7 +124,7 @@ void SessionCapture::Veille() {
     // A device has no end of its own: one that says so was pulled out.
     const bool enBonOrdre = etat == FluxImages::Etat::kFini && Demande_.Source.Genre != GenreSource::kPeripherique;
     const bool finDeFichier = enBonOrdre && Demande_.Source.Genre == GenreSource::kFichier;
-    Patiente(DernierEssai_ + (finDeFichier ? kEntreLectures : kEntreEssais));
+    Patiente(DernierEssai_ + (finDeFichier ? Delais::kEntreLectures : Delais::kEntreEssais));
     Rouvre(enBonOrdre);
   }
 }
@@ -125,7 +133,8 @@ void SessionCapture::Veille() {
 FluxImages::Etat SessionCapture::VeilleFlux() {
   while (!Arret_.stop_requested() && !Boite_.EstARouvrir()) {
     const milliseconds reste = Boite_.DelaiReouverture() - Boite_.Age();
-    const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), std::max(reste, milliseconds(0)) + kRegard);
+    const FluxImages::Etat etat =
+        Flux_->Surveille(Arret_.get_token(), std::max(reste, milliseconds(0)) + Delais::kRegard);
     if (etat != FluxImages::Etat::kCoule) return etat;
   }
   return FluxImages::Etat::kErreur;
@@ -134,17 +143,27 @@ FluxImages::Etat SessionCapture::VeilleFlux() {
 // What is opened anew only because it has come to its end, a film or an address that gives one picture at a time, was
 // never lost: its pictures are a series, and are compared. What does not open then was.
 void SessionCapture::Rouvre(bool enBonOrdre) {
+  Eveil_ = Horloge::now() + Delais::kApresBranchement;
   for (bool perdue = !enBonOrdre; !Arret_.stop_requested(); perdue = true) {
     if (perdue) Boite_.NoteReprise();
     DernierEssai_ = Horloge::now();
-    DemandeFlux demande = Retenue_;
-    demande.AutreChemin = false;  // one way has been found to work: it is given all its time
-    // After a replug the number can be another one; the stable name is not.
-    if (demande.Source.Genre != GenreSource::kPeripherique || TrouvePeripherique(demande)) {
-      if (Essaie(demande)) return;
+    Introuvable_ = false;
+    if (Connue_ ? EssaieConnue() : EssaieTous()) return;
+    if (Introuvable_) {
+      AttendBranchement();
+    } else {
+      Patiente(DernierEssai_ + Delais::kEntreEssais);
     }
-    Patiente(DernierEssai_ + kEntreEssais);
   }
+}
+
+bool SessionCapture::EssaieConnue() {
+  DemandeFlux demande = *Connue_;
+  // After a replug the number can be another one; the stable name is not.
+  if (demande.Source.Genre == GenreSource::kPeripherique && !TrouvePeripherique(demande)) return false;
+  if (!Essaie(demande, Horloge::now() + Delais::kReouverture)) return false;
+  Connait(demande);
+  return true;
 }
 
 QList<DemandeFlux> SessionCapture::Candidats() {
@@ -163,7 +182,9 @@ QList<DemandeFlux> SessionCapture::CandidatsPeripherique(DemandeFlux demande) {
   if (!TrouvePeripherique(demande)) return {};
   demande.Format = Demande_.Format;
   if (Demande_.FormatImpose) return {demande};
-  if (demande.Format == FormatCamera() && Demande_.FormatRetenu) demande.Format = Demande_.FormatRetenu(NomStable());
+  if (demande.Format == FormatCamera() && Demande_.FormatRetenu) {
+    demande.Format = Demande_.FormatRetenu(demande.NomStable);
+  }
   QList<DemandeFlux> candidats;
   if (demande.Format != FormatCamera()) candidats.append(demande);
   for (const FormatCamera& format : ListePremiersFormats(Acces_.Formats(demande.Noeud))) {
@@ -173,28 +194,19 @@ QList<DemandeFlux> SessionCapture::CandidatsPeripherique(DemandeFlux demande) {
   return candidats;
 }
 
+// Before anything is opened: what is plugged in behind this look is told by the watch.
 bool SessionCapture::TrouvePeripherique(DemandeFlux& demande) {
-  const QString connu = NomStable();
-  const QString cherche = connu.isEmpty() ? demande.Source.Lieu : connu;
-  std::optional<PeripheriqueVideo> trouve;
-  if (!cherche.isEmpty()) trouve = Acces_.Retrouve(cherche);
-  if (!trouve && connu.isEmpty() && (cherche.isEmpty() || Demande_.OuLePremier)) {
-    const QList<PeripheriqueVideo> liste = Acces_.Peripheriques();
-    if (!liste.isEmpty()) trouve = liste.first();
+  if (Boite_.Numero() > 0 || Demande_.Persiste) {
+    if (!Guet_) Guet_ = std::make_unique<GuetNoeuds>(DossierNoeuds_);
   }
-  if (!trouve && connu.isEmpty() && QFileInfo::exists(cherche)) {
-    // A node by its path, or by a link that the user made to it.
-    const QString noeud = QFileInfo(cherche).canonicalFilePath();
-    trouve = PeripheriqueVideo{noeud, {}, {}};
-    for (const PeripheriqueVideo& candidat : Acces_.Peripheriques()) {
-      if (candidat.Noeud == noeud) trouve = candidat;
-    }
-  }
+  const std::optional<PeripheriqueVideo> trouve = demande.NomStable.isEmpty()
+                                                      ? Acces_.Choisit(demande.Source.Lieu, Demande_.OuLePremier)
+                                                      : Acces_.Retrouve(demande.NomStable);
+  // A driver that hangs is asked nothing more, and tells of its end by no event.
+  Introuvable_ = !trouve && Acces_.Muets().isEmpty();
   if (!trouve) return false;
   demande.Noeud = trouve->Noeud;
-  const std::lock_guard verrou(Verrou_);
-  Noeud_ = trouve->Noeud;
-  NomStable_ = trouve->NomStable;
+  demande.NomStable = trouve->NomStable;
   return true;
 }
 
@@ -203,13 +215,13 @@ void SessionCapture::Patiente(Horloge::time_point jusqua) {
   Change_.wait_until(verrou, Arret_.get_token(), jusqua, [] { return false; });
 }
 
-bool SessionCapture::AttendPremiereImage(milliseconds limite) {
-  const auto fin = Horloge::now() + limite;
-  while (Horloge::now() < fin) {
-    if (Boite_.Attend(0, kRegard).Numero > 0) return true;
-    if (EstFinie()) return false;
-  }
-  return false;
+// Opening all nodes each two seconds would wake cameras that others use, for as long as this one lies in a drawer.
+void SessionCapture::AttendBranchement() {
+  const auto maintenant = Horloge::now();
+  if (maintenant < Eveil_ || !Guet_ || !Guet_->EstOuvert()) return Patiente(DernierEssai_ + Delais::kEntreEssais);
+  if (!Guet_->Attend(Arret_.get_token(), Delais::kRonde)) return;
+  Eveil_ = Horloge::now() + Delais::kApresBranchement;
+  Patiente(std::max(DernierEssai_ + Delais::kEntreEssais, Horloge::now() + Delais::kEntreLectures));
 }
 
 bool SessionCapture::EstFinie() const {
@@ -229,12 +241,12 @@ bool SessionCapture::Arrete(milliseconds limite) {
 
 QString SessionCapture::Noeud() const {
   const std::lock_guard verrou(Verrou_);
-  return Noeud_;
+  return Connu_.Noeud;
 }
 
 QString SessionCapture::NomStable() const {
   const std::lock_guard verrou(Verrou_);
-  return NomStable_;
+  return Connu_.NomStable;
 }
 
 }  // namespace vaktor

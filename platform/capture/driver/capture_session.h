@@ -4,11 +4,13 @@
 
 #include <QList>
 #include <QString>
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <functional>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <stop_token>
 #include <thread>
 
@@ -35,6 +37,8 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
     bool FormatImpose = false;
     /// A source that was already at work: a first opening that fails does not end the session, it goes on trying.
     bool Persiste = false;
+    /// Makes ready what the stream needs; may take long the first time in a process. Its time is not the camera's.
+    std::function<void()> Prepare;
     /// kPeripherique without a format: the one that this device is remembered with, by stable name.
     std::function<FormatCamera(const QString&)> FormatRetenu;
   };
@@ -42,38 +46,44 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   static Fabrique FabriqueReelle();
   /// `questions`: how the devices are asked what there is.
   static std::shared_ptr<SessionCapture> Lance(Demande demande, Fabrique fabrique = FabriqueReelle(),
-                                               QuestionsV4L2 questions = {});
+                                               const QuestionsV4L2& questions = {});
   ~SessionCapture();
 
   // Any thread from here on.
 
-  /// True as soon as a frame is there; false when the source cannot be opened or gives none in this time.
-  bool AttendPremiereImage(std::chrono::milliseconds limite);
-  /// The same for who cannot stand and wait: whether a frame has come, and whether there is any use in waiting.
+  /// Demande::Prepare is over: from here on a first frame comes within DelaisCapture::kConnexion or never.
+  bool EstPrete() const { return Prete_; }
+  /// Whether a frame has come, and whether there is any use in waiting for one.
   bool DonneDesImages() const { return Boite_.Numero() > 0; }
   bool EstFinie() const;
+  /// What was tried last gives something that nothing installed here can decode.
+  bool EstSansDecodeur() const { return SansDecodeur_; }
   /// Asks for the end and waits for it. False: it still hangs; call again to wait longer.
   bool Arrete(std::chrono::milliseconds limite);
 
   BoiteImages& Boite() { return Boite_; }
+  /// kPeripherique: the one that has given frames; empty until then.
   QString Noeud() const;
   QString NomStable() const;
 
  private:
   using Horloge = BoiteImages::Horloge;
 
-  SessionCapture(Demande demande, Fabrique fabrique, QuestionsV4L2 questions);
+  SessionCapture(Demande demande, Fabrique fabrique, const QuestionsV4L2& questions);
   void Deroule();
   void SansSortir(const std::function<void()>& quoi);
-  bool OuvrePremiereFois();
+  bool EssaieTous();
   void Veille();
   void Rouvre(bool enBonOrdre = false);
+  bool EssaieConnue();
+  void Connait(const DemandeFlux& demande);
   FluxImages::Etat VeilleFlux();
-  bool Essaie(const DemandeFlux& demande);
+  bool Essaie(const DemandeFlux& demande, Horloge::time_point limite);
   QList<DemandeFlux> Candidats();
   QList<DemandeFlux> CandidatsPeripherique(DemandeFlux demande);
   bool TrouvePeripherique(DemandeFlux& demande);
   void Patiente(Horloge::time_point jusqua);
+  void AttendBranchement();
 
   const Demande Demande_;
   const Fabrique Fabrique_;
@@ -83,15 +93,20 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
 
   // The session's thread only.
   AccesV4L2 Acces_;  // a camera that hangs must not keep another one from being found
+  const QString DossierNoeuds_;
   std::unique_ptr<FluxImages> Flux_;
-  DemandeFlux Retenue_;
+  std::optional<DemandeFlux> Connue_;  // has given frames; what is merely being tried never stands here
+  std::unique_ptr<GuetNoeuds> Guet_;   // from the first loss of a device on
+  bool Introuvable_ = false;           // the last look for the device has not found it
+  Horloge::time_point Eveil_{};        // until then it is looked for at each try
   Horloge::time_point DernierEssai_{};
   bool Decrit_ = false;  // the last one that was tried had told what it sends
+  std::atomic<bool> Prete_ = false;
+  std::atomic<bool> SansDecodeur_ = false;
 
   mutable std::mutex Verrou_;
   std::condition_variable_any Change_;
-  QString Noeud_;
-  QString NomStable_;
+  PeripheriqueVideo Connu_;
   bool Finie_ = false;
 };
 

@@ -3,7 +3,11 @@
 #include <utility>
 
 #include "platform/capture/choice/capture_memory.h"
-#include "platform/capture/dialogs/driver_dialogs.h"
+#include "platform/capture/dialogs/dialog_texts.h"
+#include "platform/capture/dialogs/format_dialog.h"
+#include "platform/capture/dialogs/source_dialog.h"
+#include "platform/capture/streams/capture_delays.h"
+#include "platform/capture/streams/gst_setup.h"
 #include "platform/widgets/live_wait.h"
 #include "texts/language.h"
 
@@ -11,10 +15,7 @@ namespace vaktor {
 namespace {
 
 using std::chrono::milliseconds;
-
-constexpr milliseconds kLimiteConnexion{5000};
-constexpr milliseconds kLimiteArret{300};      // of what the window may feel
-constexpr milliseconds kLimitePartants{2000};  // before a device that may still be held is opened again
+using Delais = DelaisCapture;
 
 }  // namespace
 
@@ -24,11 +25,12 @@ PiloteGStreamer::PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std
 
 PiloteGStreamer::~PiloteGStreamer() {
   PiloteGStreamer::Deconnecte();
-  AttendLesPartants(kLimitePartants);
+  AttendLesPartants(Delais::kPartants);
 }
 
 bool PiloteGStreamer::Connecte() {
   Image_ = ImageCamera();
+  EnService_.reset();
   return Ouvre(DemandeVoulue());
 }
 
@@ -42,6 +44,7 @@ SessionCapture::Demande PiloteGStreamer::DemandeVoulue() const {
 SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) const {
   SessionCapture::Demande demande;
   demande.Source = source;
+  if (source.Genre != GenreSource::kTest) demande.Prepare = [] { PrepareGStreamer(); };
   // A copy: the session may outlive the driver where the system hangs.
   demande.FormatRetenu = [memoire = Memoire_](const QString& nomStable) {
     return memoire.Format(nomStable).value_or(FormatCamera());
@@ -49,34 +52,43 @@ SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) 
   return demande;
 }
 
+QString PiloteGStreamer::Explication() const {
+  return SansDecodeur_ ? TexteDe(TexteDialogue::kSansDecodeur, Langue_()) : QString();
+}
+
 // The window lives while it waits, so that anything may happen in between, a closing of the program for one: what is
 // true is looked at afterwards, and an opening that somebody has overtaken touches nothing more.
 bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande) {
   LaissePartir();
   const quint64 tour = ++Tour_;
-  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, kLimitePartants);
+  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, Delais::kPartants);
   if (tour != Tour_) return false;
   Source_ = demande.Source;
   Numero_ = 0;
   Reprises_ = 0;
   EstReprise_ = false;
+  SansDecodeur_ = false;
   const bool persiste = demande.Persiste;
   const std::shared_ptr<SessionCapture> session = SessionCapture::Lance(std::move(demande));
   Session_ = session;
   session->Boite().RelieSonnette(Ecoute_.Sonnette());
-  AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); }, kLimiteConnexion);
+  AttendVivant([&] { return tour != Tour_ || session->EstPrete(); }, Delais::kPreparation);
+  AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); },
+               persiste ? Delais::kConnexion : Delais::kSessionPendue);
   if (tour != Tour_) return false;
   if (session->DonneDesImages()) return true;
+  SansDecodeur_ = session->EstSansDecodeur();
   if (persiste) return false;
   LaissePartir();
-  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, kLimitePartants);
+  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, Delais::kPartants);
   return false;
 }
 
 void PiloteGStreamer::Deconnecte() {
   ++Tour_;
+  EnService_.reset();
   LaissePartir();
-  AttendLesPartants(kLimiteArret);
+  AttendLesPartants(Delais::kArret);
 }
 
 void PiloteGStreamer::LaissePartir() {
@@ -132,18 +144,15 @@ ImageCamera PiloteGStreamer::CopieTrame() const { return Image_; }
 
 bool PiloteGStreamer::SignalPerdu() const { return !Session_ || Session_->Boite().Perdu(); }
 
-void PiloteGStreamer::MontreDialogueFormat() {
-  MontreDialogueFormatCapture(Parent_, Langue_(), *this, Memoire_, Acces_);
-}
+void PiloteGStreamer::MontreDialogueFormat() { DialogueFormat(Parent_, Langue_(), *this, Memoire_, Acces_).exec(); }
 
-void PiloteGStreamer::MontreDialogueSource() {
-  MontreDialogueSourceCapture(Parent_, Langue_(), *this, Memoire_, Acces_);
-}
+void PiloteGStreamer::MontreDialogueSource() { DialogueSource(Parent_, Langue_(), *this, Memoire_, Acces_).exec(); }
 
 GenreSource PiloteGStreamer::Genre() const { return Source_.Genre; }
 
 QString PiloteGStreamer::DescriptionSource() const {
-  return Genre() == GenreSource::kPeripherique ? NoeudPeripherique() : Source_.Description;
+  const QString noeud = NoeudPeripherique();
+  return noeud.isEmpty() ? Source_.Description : noeud;
 }
 
 QString PiloteGStreamer::NoeudPeripherique() const {
@@ -156,43 +165,46 @@ QString PiloteGStreamer::NomStable() const {
 
 FormatCamera PiloteGStreamer::FormatCourant() const { return Session_ ? Session_->Boite().Format() : FormatCamera(); }
 
-// What is at work now, so that it can be had back.
-SessionCapture::Demande PiloteGStreamer::DemandeCourante() const {
+// A session that has not given a frame yet is no more than a try: what was at work before it is still what is known.
+void PiloteGStreamer::NoteEnService() {
+  if (!Session_ || !Session_->DonneDesImages()) return;
   SessionCapture::Demande demande = DemandeDe(Source_);
   demande.Format = FormatCourant();
   if (!NomStable().isEmpty()) demande.Source.Lieu = NomStable();
-  return demande;
+  EnService_ = std::move(demande);
 }
 
 bool PiloteGStreamer::AppliqueFormat(const FormatCamera& format) {
-  if (!Session_ || Genre() != GenreSource::kPeripherique) return false;
-  SessionCapture::Demande ancienne = DemandeCourante();
-  SessionCapture::Demande nouvelle = ancienne;
+  NoteEnService();
+  if (!EnService_ || Genre() != GenreSource::kPeripherique) return false;
+  SessionCapture::Demande nouvelle = *EnService_;
   nouvelle.Format = format;
   nouvelle.FormatImpose = true;
   const quint64 tour = Tour_;
   if (Ouvre(std::move(nouvelle))) return true;
-  Reprend(std::move(ancienne), tour);
+  Reprend(tour);
   return false;
 }
 
 bool PiloteGStreamer::ChangeSource(const QString& source) {
-  const bool ouvert = Session_ != nullptr;
-  SessionCapture::Demande ancienne = DemandeCourante();
+  NoteEnService();
   const quint64 tour = Tour_;
   if (Ouvre(DemandeDe(ComprendSource(source)))) {
     Ou_ = source;
     return true;
   }
-  if (ouvert) Reprend(std::move(ancienne), tour);
+  Reprend(tour);
   return false;
 }
 
 // One opening has been tried since `tour`. More than that, and the camera was let go meanwhile: it stays closed.
-void PiloteGStreamer::Reprend(SessionCapture::Demande ancienne, quint64 tour) {
-  if (Tour_ != tour + 1) return;
+void PiloteGStreamer::Reprend(quint64 tour) {
+  if (Tour_ != tour + 1 || !EnService_) return;
+  const bool sansDecodeur = SansDecodeur_;
+  SessionCapture::Demande ancienne = *EnService_;
   ancienne.Persiste = true;
   Ouvre(std::move(ancienne));
+  SansDecodeur_ = sansDecodeur;  // of what was asked for
 }
 
 }  // namespace vaktor

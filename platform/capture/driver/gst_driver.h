@@ -6,6 +6,7 @@
 #include <QWidget>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "engine/ports/capture_driver.h"
@@ -27,6 +28,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   ~PiloteGStreamer() override;
 
   bool Connecte() override;
+  QString Explication() const override;
   void Deconnecte() override;
   bool ImagePrete() const override;
   bool SaisitImage() override;
@@ -44,6 +46,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   FormatCamera FormatCourant() const override;
   bool AppliqueFormat(const FormatCamera& format) override;
   bool ChangeSource(const QString& source) override;
+  bool EstSansDecodeur() const override { return SansDecodeur_; }
 
  private:
   bool Ouvre(SessionCapture::Demande demande);
@@ -53,16 +56,20 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   bool SontPartis();
   SessionCapture::Demande DemandeVoulue() const;
   SessionCapture::Demande DemandeDe(const SourceCapture& source) const;
-  SessionCapture::Demande DemandeCourante() const;
-  void Reprend(SessionCapture::Demande ancienne, quint64 tour);
+  void NoteEnService();
+  void Reprend(quint64 tour);
 
   QString Ou_;
   MemoireCapture& Memoire_;
   std::function<Langue()> Langue_;
   QPointer<QWidget> Parent_;
-  AccesV4L2 Acces_;  // the dialogs'; here, because which devices hang is to be known from one to the next
-  SourceCapture Source_;
-  std::shared_ptr<SessionCapture> Session_;
+  AccesV4L2 Acces_;       // the dialogs'; here, because which devices hang is to be known from one to the next
+  SourceCapture Source_;  // of the session: being tried, or at work
+  std::shared_ptr<SessionCapture> Session_;  // null: the signal is lost
+  // What has given frames since the camera was switched on, so that it can be had back. A session that is only being
+  // tried never stands here.
+  std::optional<SessionCapture::Demande> EnService_;
+  bool SansDecodeur_ = false;
   std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet
   ImageCamera Image_;
   quint64 Numero_ = 0;

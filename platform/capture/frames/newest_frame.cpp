@@ -1,10 +1,50 @@
 #include "platform/capture/frames/newest_frame.h"
 
+#include <QCoreApplication>
+#include <QEvent>
+#include <new>
 #include <utility>
 
 namespace vaktor {
+namespace {
 
 using std::chrono::milliseconds;
+
+constexpr auto kSonne = static_cast<QEvent::Type>(QEvent::User + 1);  // of a private object: no other event meets it
+
+}  // namespace
+
+// Under the lock, so that the listener cannot go away in between. Posting takes memory, and this is the thread of a
+// camera: where there is none nobody is woken, and the next tick finds the frame.
+void SonnetteImages::Sonne() noexcept {
+  const std::lock_guard verrou(Verrou_);
+  if (Chez_ == nullptr || Sonnee_) return;
+  try {
+    QCoreApplication::postEvent(Chez_, new QEvent(kSonne));
+    Sonnee_ = true;
+  } catch (const std::bad_alloc&) {
+  }
+}
+
+EcouteSonnette::EcouteSonnette(std::function<void()> entendu) : Entendu_(std::move(entendu)) {
+  const std::lock_guard verrou(Sonnette_->Verrou_);
+  Sonnette_->Chez_ = this;
+}
+
+EcouteSonnette::~EcouteSonnette() {
+  const std::lock_guard verrou(Sonnette_->Verrou_);
+  Sonnette_->Chez_ = nullptr;
+}
+
+bool EcouteSonnette::event(QEvent* evenement) {
+  if (evenement->type() != kSonne) return QObject::event(evenement);
+  {
+    const std::lock_guard verrou(Sonnette_->Verrou_);
+    Sonnette_->Sonnee_ = false;
+  }
+  Entendu_();
+  return true;
+}
 
 void BoiteImages::Depose(const ImageCamera& image) {
   ImageCamera ancienne;
@@ -18,7 +58,6 @@ void BoiteImages::Depose(const ImageCamera& image) {
     Instant_ = Horloge::now();
     if (std::exchange(Attendue_, false)) sonnette = Sonnette_;
   }
-  Nouvelle_.notify_all();
   if (sonnette) sonnette->Sonne();
 }
 
@@ -47,12 +86,6 @@ void BoiteImages::Previens(quint64 dernier) {
     if (!Attendue_) sonnette = Sonnette_;
   }
   if (sonnette) sonnette->Sonne();
-}
-
-BoiteImages::Arrivee BoiteImages::Attend(quint64 dernier, milliseconds delai) {
-  std::unique_lock verrou(Verrou_);
-  if (!Nouvelle_.wait_for(verrou, delai, [&] { return Numero_ > dernier; })) return {};
-  return {Image_, Numero_, Reprises_};
 }
 
 quint64 BoiteImages::Numero() const {

@@ -1,17 +1,45 @@
-// Where the frames arrive: the newest one, its number and its age. Filled by the driver's thread, read by the
-// program's.
+// Where the frames arrive: the newest one, its number and its age, and the bell that tells of it. Filled by the
+// driver's thread, read by the program's.
 #pragma once
 
+#include <QObject>
 #include <chrono>
-#include <condition_variable>
+#include <functional>
+#include <memory>
 #include <mutex>
 
 #include "engine/camera_image.h"
 #include "engine/signal_loss.h"
 #include "platform/capture/choice/camera_format.h"
-#include "platform/capture/frames/frame_bell.h"
 
 namespace vaktor {
+
+/// Rung on any thread, heard on the thread that made the listener, out of its event loop. Several rings that nobody has
+/// heard yet are one. The box may outlive the driver, where the system hangs: a bell without a listener is silent.
+class SonnetteImages {
+ public:
+  void Sonne() noexcept;
+
+ private:
+  friend class EcouteSonnette;
+  std::mutex Verrou_;
+  QObject* Chez_ = nullptr;  // Verrou_; null: nobody is at home
+  bool Sonnee_ = false;      // Verrou_; on its way
+};
+
+/// Made and destroyed on the thread that is to be woken. After its destruction nothing is called any more.
+class EcouteSonnette : public QObject {
+ public:
+  explicit EcouteSonnette(std::function<void()> entendu);
+  ~EcouteSonnette() override;
+
+  const std::shared_ptr<SonnetteImages>& Sonnette() const { return Sonnette_; }
+  bool event(QEvent* evenement) override;
+
+ private:
+  const std::function<void()> Entendu_;
+  const std::shared_ptr<SonnetteImages> Sonnette_ = std::make_shared<SonnetteImages>();
+};
 
 class BoiteImages {
  public:
@@ -43,8 +71,6 @@ class BoiteImages {
   /// Rings once as soon as the newest frame's number is above `dernier`, now if it is already.
   void Previens(quint64 dernier);
 
-  /// The newest frame as soon as its number is above `dernier`; number 0 when none came within the time.
-  Arrivee Attend(quint64 dernier, std::chrono::milliseconds delai);
   quint64 Numero() const;
   /// Time since the newest frame; since the making of the box when there is none.
   std::chrono::milliseconds Age() const;
@@ -65,7 +91,6 @@ class BoiteImages {
   const Ages Ages_;
 
   mutable std::mutex Verrou_;
-  std::condition_variable Nouvelle_;
   ImageCamera Image_;
   quint64 Numero_ = 0;
   quint64 Reprises_ = 0;

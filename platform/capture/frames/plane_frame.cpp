@@ -1,14 +1,38 @@
 #include "platform/capture/frames/plane_frame.h"
 
+#include <atomic>
 #include <new>
 #include <utility>
 
 namespace vaktor {
 namespace {
 
-// The one being filled, the newest, the one taken, and some that a view or a slow reader keeps. Somebody who keeps more
-// gets them, but they do not come back here.
+// In use at most: the one being filled, the newest, the one taken, the one shown, one on its way to a file. Somebody
+// who keeps more gets them, but their memory goes back to the system and not here.
 constexpr size_t kNombreMaximal = 8;
+
+}  // namespace
+
+QImage* ReserveImages::Prend(QSize taille) {
+  if (!Images_.empty() && Images_.front().size() != taille) Images_.clear();
+  HorsReserve_ = QImage();
+  for (QImage& image : Images_) {
+    if (!image.isDetached()) continue;
+    // The last holder let go on another thread; what it read must lie before what is written now.
+    std::atomic_thread_fence(std::memory_order_acquire);
+    return &image;
+  }
+  QImage neuve(taille, QImage::Format_RGB32);
+  if (neuve.isNull()) return nullptr;
+  if (Images_.size() >= kNombreMaximal) {
+    HorsReserve_ = std::move(neuve);
+    return &HorsReserve_;
+  }
+  Images_.push_back(std::move(neuve));
+  return &Images_.back();
+}
+
+namespace {
 
 // A camera may send pictures of any size. Where there is no memory for one it is dropped like a damaged one: nothing
 // may be thrown through the driver's thread, which is not ours.
@@ -32,13 +56,6 @@ bool TramePlans::Garde(GstBuffer* tampon, const GstVideoInfo& info) {
   return true;
 }
 
-bool TramePlans::Garde(DecodeurPaquets& decodeur) {
-  GstVideoFrame vue;
-  if (!decodeur.Prend(Decodee_, vue) || !EstPlanaire(GST_VIDEO_FRAME_FORMAT(&vue))) return false;
-  Plans_ = PlansDe(vue);
-  return true;
-}
-
 bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille) {
   const DecodeurJpeg::Plans& plans = decodeur.PlansDeLImage();
   std::array<size_t, 3> debuts{};
@@ -59,10 +76,9 @@ bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg
 
 // The sizes stay in Plans_, the planes are gone.
 void TramePlans::LacheTampon() {
-  if (Trame_.buffer == nullptr && Decodee_.EstVide()) return;
-  if (Trame_.buffer != nullptr) gst_video_frame_unmap(&Trame_);
+  if (Trame_.buffer == nullptr) return;
+  gst_video_frame_unmap(&Trame_);
   Trame_ = {};
-  Decodee_.Lache();
   for (PlansImage::Plan& plan : Plans_.Plans) plan = {};
 }
 

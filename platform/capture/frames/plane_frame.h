@@ -1,8 +1,11 @@
-// Frames that stay in the planes they were decoded to until somebody looks at them.
+// Memory of frames, used again and again: whole pictures, and frames that stay in the planes they were decoded to until
+// somebody looks at them.
 #pragma once
 
 #include <gst/video/video.h>
 
+#include <QImage>
+#include <QSize>
 #include <atomic>
 #include <memory>
 #include <mutex>
@@ -14,9 +17,23 @@
 #include "platform/capture/frames/jpeg_decoder.h"
 #include "platform/capture/frames/pixel_conversion.h"
 #include "platform/capture/frames/sample_conversion.h"
-#include "platform/libav/packet_decoder.h"
 
 namespace vaktor {
+
+/// One thread at a time (the one that makes the frames). The images handed out may be held and released anywhere.
+class ReserveImages {
+ public:
+  /// An image of this size, Format_RGB32, whose pixels nobody else holds; its content is whatever was there. Null when
+  /// there is no memory for it. The caller fills it at once (its first write must not find a second holder) and may
+  /// then share it; it comes back by itself when the last holder lets go.
+  QImage* Prend(QSize taille);
+
+  size_t Nombre() const { return Images_.size(); }
+
+ private:
+  std::vector<QImage> Images_;
+  QImage HorsReserve_;
+};
 
 class TramePlans;
 
@@ -53,8 +70,6 @@ class TramePlans : public TrameDifferee {
 
   /// Keeps the buffer, uncopied. `info`: of a format with EstPlanaire. False for a buffer that cannot be read.
   bool Garde(GstBuffer* tampon, const GstVideoInfo& info);
-  /// Keeps the next picture of the decoder, uncopied. False when it has none with a plane for each colour.
-  bool Garde(DecodeurPaquets& decodeur);
   /// Decodes a picture into memory of its own. `decodeur` has just read its header. False as DecodePlans.
   bool DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille);
   /// Makes the samples that the reader will ask for. After Garde or DecodeJpeg, still on the driver's thread.
@@ -77,7 +92,6 @@ class TramePlans : public TrameDifferee {
 
   std::weak_ptr<FondsTrames> Fonds_;
   GstVideoFrame Trame_ = {};  // mapped while its buffer is not null
-  ImageLibav Decodee_;
   std::vector<quint8> Octets_;
   PlansImage Plans_;
   std::vector<quint8> Echantillons_;

@@ -5,8 +5,7 @@
 #include <thread>
 
 #include "platform/capture/frames/pixel_conversion.h"
-#include "platform/capture/streams/camera_caps.h"
-#include "platform/gstreamer/gst_plugins.h"
+#include "platform/capture/streams/gst_setup.h"
 
 namespace vaktor {
 namespace {
@@ -25,7 +24,6 @@ GstPadProbeReturn PrometMetaVideo(GstPad*, GstPadProbeInfo* info, gpointer) {
 PtrGst<GstCaps> CapsAcceptes() {
   GstCaps* caps = gst_caps_from_string(kCapsBruts);
   gst_caps_append(caps, gst_caps_new_empty_simple("image/jpeg"));
-  gst_caps_append(caps, gst_caps_from_string(kCapsPaquets));
   return PtrGst<GstCaps>(caps);
 }
 
@@ -34,7 +32,7 @@ PtrGst<GstCaps> CapsAcceptes() {
 ReceptionImages::ReceptionImages(BoiteImages& boite, Options options) : Boite_(boite), Options_(std::move(options)) {}
 
 GstElement* ReceptionImages::FabriquePuits() {
-  GstElement* puits = FabriqueElement("appsink");
+  GstElement* puits = gst_element_factory_make("appsink", nullptr);
   if (puits == nullptr) return nullptr;
   const PtrGst<GstCaps> caps = CapsAcceptes();
   g_object_set(puits, "caps", caps.get(), "sync", Options_.ALHeure ? TRUE : FALSE, "max-buffers", 1U, "qos", FALSE,
@@ -51,34 +49,30 @@ GstFlowReturn ReceptionImages::Recoit(GstAppSink* puits) {
   const PtrGst<GstSample> echantillon(gst_app_sink_pull_sample(puits));
   if (!echantillon) return GST_FLOW_EOS;
   try {
-    return Traite(echantillon.get()) ? GST_FLOW_OK : GST_FLOW_NOT_NEGOTIATED;
+    Traite(echantillon.get());
   } catch (const std::exception&) {
     // Above this stands C, which no exception can pass. A picture that there was no memory for is lost, as one that
     // came damaged is; where it goes on like this the camera is, for it gives none.
-    return GST_FLOW_OK;
   }
+  return GST_FLOW_OK;
 }
 
-// False: nothing of this stream will ever be seen.
-bool ReceptionImages::Traite(GstSample* echantillon) {
+void ReceptionImages::Traite(GstSample* echantillon) {
   GstBuffer* tampon = gst_sample_get_buffer(echantillon);
   GstCaps* caps = gst_sample_get_caps(echantillon);
-  if (tampon == nullptr || caps == nullptr) return true;
-  if (caps != Caps_.get() && !LitCaps(caps)) return false;
+  if (tampon == nullptr || caps == nullptr) return;
+  if (caps != Caps_.get()) LitCaps(caps);
   Espace(tampon);
   // The driver marks a frame that it could not fill; it is no picture of anything.
-  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_CORRUPTED)) return true;
+  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_CORRUPTED)) return;
   if (Brut_) {
     TraiteBrut(tampon);
-  } else if (EnPaquets_) {
-    TraitePaquet(tampon);
   } else {
     TraiteJpeg(tampon);
   }
-  return true;
 }
 
-bool ReceptionImages::LitCaps(GstCaps* caps) {
+void ReceptionImages::LitCaps(GstCaps* caps) {
   Caps_.reset();  // read only once all of it is: who throws here reads it again with the next frame
   Brut_.reset();
   Format_ = FormatCamera();
@@ -86,29 +80,14 @@ bool ReceptionImages::LitCaps(GstCaps* caps) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   gst_structure_get_fraction(structure, "framerate", &Format_.CadenceNum, &Format_.CadenceDen);
   GstVideoInfo info;
-  const bool brut = gst_structure_has_name(structure, "video/x-raw");
-  if (brut && gst_video_info_from_caps(&info, caps)) Brut_ = info;
-  EnPaquets_ = !brut && !gst_structure_has_name(structure, "image/jpeg");
-  const bool ouvert = !EnPaquets_ || Paquets_.Ouvre(caps);
+  if (gst_structure_has_name(structure, "video/x-raw") && gst_video_info_from_caps(&info, caps)) Brut_ = info;
   Caps_.reset(gst_caps_ref(caps));
-  return ouvert;
 }
 
 void ReceptionImages::Espace(const GstBuffer* tampon) {
   if (!Options_.Intervalle || GST_CLOCK_TIME_IS_VALID(GST_BUFFER_DTS_OR_PTS(tampon))) return;
   std::this_thread::sleep_until(Derniere_ + kIntervalle);
   Derniere_ = BoiteImages::Horloge::now();
-}
-
-// Decoded when it is time to show it: the samples are picked out of a picture that has just been made. A packet gives
-// one picture or none.
-void ReceptionImages::TraitePaquet(GstBuffer* tampon) {
-  if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_DISCONT)) Paquets_.Oublie();
-  Paquets_.Envoie(tampon);
-  const std::shared_ptr<TramePlans> trame = Trames_.Prend();
-  if (!trame->Garde(Paquets_)) return;
-  trame->Prepare();
-  Livre(ImageCamera(trame));
 }
 
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {

@@ -6,12 +6,10 @@
 
 #include <optional>
 
-#include "platform/capture/frames/frame_pool.h"
 #include "platform/capture/frames/jpeg_decoder.h"
 #include "platform/capture/frames/newest_frame.h"
 #include "platform/capture/frames/plane_frame.h"
-#include "platform/capture/streams/gst_objects.h"
-#include "platform/libav/packet_decoder.h"
+#include "platform/capture/streams/gst_setup.h"
 
 namespace vaktor {
 
@@ -26,18 +24,17 @@ class ReceptionImages {
 
   ReceptionImages(BoiteImages& boite, Options options);
 
-  /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h, JPEG,
-  /// and the packets of packet_decoder.h.
+  /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h and
+  /// JPEG.
   GstElement* FabriquePuits();
 
  private:
   GstFlowReturn Recoit(GstAppSink* puits);
-  bool Traite(GstSample* echantillon);
+  void Traite(GstSample* echantillon);
   void TraiteJpeg(GstBuffer* tampon);
   ImageCamera DecodeJpeg(std::span<const quint8> jpeg);
   void TraiteBrut(GstBuffer* tampon);
-  void TraitePaquet(GstBuffer* tampon);
-  bool LitCaps(GstCaps* caps);
+  void LitCaps(GstCaps* caps);
   void Espace(const GstBuffer* tampon);
   void Livre(const ImageCamera& image);
 
@@ -46,8 +43,6 @@ class ReceptionImages {
   ReserveImages Reserve_;
   ReserveTrames Trames_;
   DecodeurJpeg Jpeg_;
-  DecodeurPaquets Paquets_;
-  bool EnPaquets_ = false;
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;
   FormatCamera Format_;

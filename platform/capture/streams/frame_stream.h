@@ -11,6 +11,7 @@ class FluxImages {
  public:
   enum class Etat { kCoule, kFini, kErreur };
 
+  /// Ends and releases everything: no frame arrives afterwards. May block as long as the system makes it.
   virtual ~FluxImages() = default;
   /// Begins; frames then arrive in the box that the stream was made for. False: nothing is open.
   virtual bool Ouvre() = 0;
@@ -19,8 +20,8 @@ class FluxImages {
   virtual Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) = 0;
   /// Whether the source has told what it sends, so that another way to it may do where this one did not.
   virtual bool EstDecrit() const { return true; }
-  /// Ends and releases everything. No frame arrives afterwards. May block as long as the system makes it.
-  virtual void Ferme() = 0;
+  /// Whether nothing that is installed here decodes what the source gives.
+  virtual bool EstSansDecodeur() const { return false; }
 };
 
 }  // namespace vaktor

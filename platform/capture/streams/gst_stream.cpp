@@ -3,19 +3,14 @@
 #include <QUrl>
 
 #include "platform/capture/frames/pixel_conversion.h"
-#include "platform/capture/streams/camera_caps.h"
-#include "platform/capture/streams/decoder_choice.h"
-#include "platform/capture/streams/film_kind.h"
-#include "platform/capture/streams/gst_start.h"
-#include "platform/gstreamer/gst_plugins.h"
+#include "platform/capture/streams/capture_delays.h"
+#include "platform/capture/streams/gst_setup.h"
 
 namespace vaktor {
 namespace {
 
 constexpr guint kDelaiHttp = 10;     // s without a byte
 constexpr guint kLatenceRtsp = 100;  // ms to put packets back into order; frames are shown as they come
-// ms without a packet where there is another way. Less than half of what a connection may take.
-constexpr qint64 kSilenceRtsp = 2000;
 // For a film whose first turn is over already. Only one without any picture takes all of the looks.
 constexpr GstClockTime kRegardLecture = 50 * GST_MSECOND;
 constexpr int kRegardsLecture = 40;
@@ -58,7 +53,7 @@ bool EstDirect(const GstCaps* caps) {
 FluxGStreamer::FluxGStreamer(BoiteImages& boite, const DemandeFlux& demande)
     : Demande_(demande), Reception_(boite, OptionsDe(demande)) {}
 
-FluxGStreamer::~FluxGStreamer() { FluxGStreamer::Ferme(); }
+FluxGStreamer::~FluxGStreamer() { Ferme(); }
 
 bool FluxGStreamer::Ouvre() {
   if (!PrepareGStreamer()) return false;
@@ -91,22 +86,16 @@ bool FluxGStreamer::MonteSource() {
 }
 
 GstElement* FluxGStreamer::Ajoute(const char* fabrique) {
-  GstElement* element = FabriqueElement(fabrique);
+  GstElement* element = gst_element_factory_make(fabrique, nullptr);
   if (element == nullptr) return nullptr;
   gst_bin_add(GST_BIN(Pipeline_.get()), element);
   return element;
 }
 
-// Whatever decodes the stream has to be known.
 GstElement* FluxGStreamer::AjouteDecodage() {
-  ConnaisTousLesGreffons();
-  return AjouteDecodebin();
-}
-
-GstElement* FluxGStreamer::AjouteDecodebin() {
   GstElement* decodage = Ajoute("decodebin");
   if (decodage == nullptr) return nullptr;
-  ChoisitDecodeurs(decodage);
+  ChoisitDecodeurs(decodage, !SansLibav_);
   g_signal_connect(decodage, "pad-added", G_CALLBACK(RelieDecode), this);
   g_signal_connect(decodage, "element-added", G_CALLBACK(RemarqueDemultiplexeur), this);
   return decodage;
@@ -126,54 +115,10 @@ bool FluxGStreamer::MontePeripherique() {
 
 bool FluxGStreamer::MonteFichier() {
   GstElement* source = Ajoute("filesrc");
-  if (source == nullptr) return false;
-  FixeTexte(source, "location", Demande_.Source.Lieu);
-  const char* demultiplexeur = DemultiplexeurDuFilm(Demande_.Source.Lieu);
-  if (demultiplexeur != nullptr && MonteFilm(source, demultiplexeur)) return true;
   GstElement* decodage = AjouteDecodage();
-  return decodage != nullptr && gst_element_link(source, decodage) != FALSE;
-}
-
-// The demultiplexer's own thread decodes and converts: no queue, and nobody to be woken in between.
-bool FluxGStreamer::MonteFilm(GstElement* source, const char* demultiplexeur) {
-  GstElement* element = Ajoute(demultiplexeur);
-  if (element == nullptr) return false;
-  Bouclable_ = true;
-  g_signal_connect(element, "pad-added", G_CALLBACK(RelieFilm), this);
-  return gst_element_link(source, element) != FALSE;
-}
-
-void FluxGStreamer::RelieFilm(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
-  const PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
-  if (!caps || moi->Relie_) return;
-  if (EstVideo(caps.get())) {
-    moi->Relie(sortie);
-    return;
-  }
-  if (!EstFilm(caps.get())) return;
-  GstElement* suite = moi->AjouteSuiteDuFilm(caps.get());
-  if (suite == nullptr) return;
-  const PtrGst<GstPad> entree(gst_element_get_static_pad(suite, "sink"));
-  gst_element_sync_state_with_parent(suite);
-  gst_pad_link(sortie, entree.get());
-}
-
-// Our own decoder straight away where it needs no parser before it and gives nothing that has to be converted first, in
-// the sink itself where the pictures keep their order; else whatever is found.
-GstElement* FluxGStreamer::AjouteSuiteDuFilm(const GstCaps* caps) {
-  if (EstDecodableDansLePuits(caps)) {
-    Relie_ = true;
-    return Puits_;
-  }
-  if (!EstDecodableDirect(caps)) {
-    if (!EstDecodableAvecAnalyseur(caps)) return AjouteDecodage();
-    ChargeGreffons({"playback", "videoparsersbad"});
-    return AjouteDecodebin();
-  }
-  GstElement* decodeur = Ajoute("vaktorlibav");
-  if (decodeur == nullptr || !gst_element_link(decodeur, Puits_)) return nullptr;
-  Relie_ = true;
-  return decodeur;
+  if (source == nullptr || decodage == nullptr) return false;
+  FixeTexte(source, "location", Demande_.Source.Lieu);
+  return gst_element_link(source, decodage) != FALSE;
 }
 
 bool FluxGStreamer::MonteReseau() {
@@ -222,7 +167,8 @@ void FluxGStreamer::RelieRtp(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
 // the time of a connection is gone. Whoever does send keeps its time: a first whole picture may be seconds away.
 bool FluxGStreamer::EstSansSuite() const {
   const qint64 annonce = Annonce_;
-  return Demande_.AutreChemin && annonce != 0 && !Recoit_ && MaintenantMs() - annonce > kSilenceRtsp;
+  return Demande_.AutreChemin && annonce != 0 && !Recoit_ &&
+         MaintenantMs() - annonce > DelaisCapture::kSilenceRtsp.count();
 }
 
 void FluxGStreamer::RemarqueDemultiplexeur(GstBin*, GstElement* element, FluxGStreamer* moi) {
@@ -232,23 +178,20 @@ void FluxGStreamer::RemarqueDemultiplexeur(GstBin*, GstElement* element, FluxGSt
   }
 }
 
-void FluxGStreamer::RelieDecode(GstElement*, GstPad* sortie, FluxGStreamer* moi) { moi->Relie(sortie); }
-
-void FluxGStreamer::Relie(GstPad* sortie) {
+void FluxGStreamer::RelieDecode(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
   PtrGst<GstCaps> caps(gst_pad_get_current_caps(sortie));
   // A decoder may be shown before it knows its format: then a conversion stands by, and does nothing if not needed.
   if (!caps) caps.reset(gst_pad_query_caps(sortie, nullptr));
-  if (!caps || !EstVideo(caps.get()) || Relie_.exchange(true)) return;
-  GstElement* entreeElement = Puits_;
+  if (!caps || !EstVideo(caps.get()) || moi->Relie_.exchange(true)) return;
+  GstElement* suite = moi->Puits_;
   if (!EstDirect(caps.get())) {
-    GstElement* conversion = Ajoute("videoconvert");
-    if (conversion == nullptr) return;
-    g_object_set(conversion, "n-threads", 1U, nullptr);
-    gst_element_link(conversion, Puits_);
-    gst_element_sync_state_with_parent(conversion);
-    entreeElement = conversion;
+    suite = moi->Ajoute("videoconvert");
+    if (suite == nullptr) return;
+    g_object_set(suite, "n-threads", 1U, nullptr);
+    gst_element_link(suite, moi->Puits_);
+    gst_element_sync_state_with_parent(suite);
   }
-  const PtrGst<GstPad> entree(gst_element_get_static_pad(entreeElement, "sink"));
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(suite, "sink"));
   gst_pad_link(sortie, entree.get());
 }
 
@@ -263,8 +206,9 @@ FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chr
   const PtrGst<GstBus> bus(GST_BUS(gst_object_ref(Bus_.get())));
   const std::stop_callback reveil(arret, [&bus] { ReveilleBus(bus.get()); });
   if (arret.stop_requested()) return Etat::kCoule;
-  constexpr auto kTypes = static_cast<GstMessageType>(GST_MESSAGE_ERROR | GST_MESSAGE_EOS | GST_MESSAGE_SEGMENT_DONE |
-                                                      GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_APPLICATION);
+  constexpr auto kTypes =
+      static_cast<GstMessageType>(GST_MESSAGE_ERROR | GST_MESSAGE_EOS | GST_MESSAGE_SEGMENT_DONE |
+                                  GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_ELEMENT | GST_MESSAGE_APPLICATION);
   const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
   const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(bus.get(), limite, kTypes));
   if (message) return TraiteMessage(message.get(), arret);
@@ -274,16 +218,37 @@ FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chr
 FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message, const std::stop_token& arret) {
   switch (GST_MESSAGE_TYPE(message)) {
     case GST_MESSAGE_ERROR:
-      return Etat::kErreur;
+      return TraiteErreur(message);
     case GST_MESSAGE_EOS:
       return Etat::kFini;
     case GST_MESSAGE_SEGMENT_DONE:
       return ReprendLaBoucle(arret);
     case GST_MESSAGE_ASYNC_DONE:
       return CommenceLaBoucle();
+    case GST_MESSAGE_ELEMENT:
+      // What decodebin says before it gives up. A part of the stream that is no picture may be meant: it is looked at
+      // only where no picture comes.
+      if (gst_message_has_name(message, "missing-plugin") != FALSE) SansDecodeur_ = true;
+      return Etat::kCoule;
     default:
       return Etat::kCoule;
   }
+}
+
+// A format that our own decoder has no name for: GStreamer's know more of them. It is found out with the first picture,
+// since a stream that tells its format beforehand is the exception.
+FluxImages::Etat FluxGStreamer::TraiteErreur(GstMessage* message) {
+  GError* lue = nullptr;
+  gst_message_parse_error(message, &lue, nullptr);
+  const std::unique_ptr<GError, decltype(&g_error_free)> erreur(lue, g_error_free);
+  if (SansLibav_ || !g_error_matches(erreur.get(), GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT)) return Etat::kErreur;
+  SansLibav_ = true;
+  return Recommence();
+}
+
+FluxImages::Etat FluxGStreamer::Recommence() {
+  Ferme();
+  return Ouvre() ? Etat::kCoule : Etat::kErreur;
 }
 
 // Playing a segment of the whole file ends without an end of stream: the next turn is a seek that flushes nothing, the
@@ -297,9 +262,8 @@ FluxImages::Etat FluxGStreamer::CommenceLaBoucle() {
                         static_cast<GstSeekFlags>(GST_SEEK_FLAG_FLUSH | GST_SEEK_FLAG_SEGMENT), GST_SEEK_TYPE_SET, 0,
                         GST_SEEK_TYPE_NONE, -1)) {
     // A refused seek may leave a pipeline that nothing flows through any more.
-    Ferme();
     SansBoucle_ = true;
-    return Ouvre() ? Etat::kCoule : Etat::kErreur;
+    return Recommence();
   }
   gst_element_set_state(Pipeline_.get(), GST_STATE_PLAYING);
   return Etat::kCoule;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <atomic>
+#include <memory>
 
 #include "platform/capture/choice/named_source.h"
 #include "platform/capture/streams/frame_intake.h"
@@ -12,6 +13,7 @@ namespace vaktor {
 struct DemandeFlux {
   SourceCapture Source;
   QString Noeud;        ///< kPeripherique: the node
+  QString NomStable;    ///< kPeripherique: the name by which it is found again; empty where it has none
   FormatCamera Format;  ///< kPeripherique: what to ask it for; empty: whatever it stands at
   bool Udp = false;     ///< rtsp: data by UDP instead of within the connection
   /// rtsp: another way will be tried after this one, so that a camera that has told what it sends and then sends
@@ -28,21 +30,21 @@ class FluxGStreamer : public FluxImages {
   bool Ouvre() override;
   Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override;
   bool EstDecrit() const override { return Annonce_ != 0; }
-  void Ferme() override;
+  bool EstSansDecodeur() const override { return SansDecodeur_; }
 
  private:
   bool MontePeripherique();
   bool MonteReseau();
   bool MonteRtsp();
   bool MonteFichier();
-  bool MonteFilm(GstElement* source, const char* demultiplexeur);
   bool MonteSource();
   GstElement* Ajoute(const char* fabrique);
   GstElement* AjouteDecodage();
-  GstElement* AjouteDecodebin();
-  GstElement* AjouteSuiteDuFilm(const GstCaps* caps);
   bool Lance();
+  void Ferme();
   Etat TraiteMessage(GstMessage* message, const std::stop_token& arret);
+  Etat TraiteErreur(GstMessage* message);
+  Etat Recommence();
   Etat CommenceLaBoucle();
   Etat ReprendLaBoucle(const std::stop_token& arret);
   bool EstEnLecture(const std::stop_token& arret) const;
@@ -53,8 +55,6 @@ class FluxGStreamer : public FluxImages {
   static void RelieRtp(GstElement* source, GstPad* sortie, FluxGStreamer* moi);
   static void RemarqueDemultiplexeur(GstBin* decodage, GstElement* element, FluxGStreamer* moi);
   static void RelieDecode(GstElement* decodage, GstPad* sortie, FluxGStreamer* moi);
-  void Relie(GstPad* sortie);
-  static void RelieFilm(GstElement* demultiplexeur, GstPad* sortie, FluxGStreamer* moi);
 
   const DemandeFlux Demande_;
   ReceptionImages Reception_;
@@ -67,7 +67,10 @@ class FluxGStreamer : public FluxImages {
   std::atomic<bool> Relie_ = false;
   std::atomic<bool> Bouclable_ = false;
   bool EnBoucle_ = false;
+  // Found out by an opening, for the next one.
   bool SansBoucle_ = false;
+  bool SansLibav_ = false;
+  bool SansDecodeur_ = false;
 };
 
 }  // namespace vaktor

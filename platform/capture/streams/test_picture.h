@@ -2,10 +2,28 @@
 #pragma once
 
 #include <QImage>
+#include <QPainter>
 #include <QRect>
+#include <condition_variable>
+#include <mutex>
 #include <vector>
 
+#include "platform/capture/frames/newest_frame.h"
+#include "platform/capture/frames/plane_frame.h"
+#include "platform/capture/streams/frame_stream.h"
+
 namespace vaktor {
+
+/// A living room in the evening, 640 by 480, Format_RGB32. Every channel stays away from 0 and 255, so that noise can
+/// be added without a limit.
+QImage DessinePiece();
+
+/// Somebody on foot, with the feet at (x, y). `phase`: the step, one double step from 0 to 1. `sens`: 1 walks to the
+/// right, -1 to the left. The shirt is far brighter in blue than anything in the room: blue decides in the detection.
+void DessinePassant(QPainter& peintre, double x, double y, double phase, int sens);
+
+/// What DessinePassant may touch.
+QRect CadrePassant(double x, double y);
 
 /// The same on every run: a frame depends on its number alone.
 class ImageTest {
@@ -34,6 +52,26 @@ class ImageTest {
   QImage Scene_;
   std::vector<quint32> Bruit_;
   QRect Passant_;
+};
+
+/// Its frames come on the thread that watches it.
+class FluxTest : public FluxImages {
+ public:
+  explicit FluxTest(BoiteImages& boite) : Boite_(boite) {}
+
+  bool Ouvre() override;
+  Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override;
+
+ private:
+  void Livre();
+
+  BoiteImages& Boite_;
+  ImageTest Image_;
+  ReserveImages Reserve_;
+  quint64 Numero_ = 0;
+  BoiteImages::Horloge::time_point Prochaine_{};
+  std::mutex Verrou_;
+  std::condition_variable_any Reveil_;
 };
 
 }  // namespace vaktor

@@ -1,4 +1,4 @@
-#include "platform/capture/streams/test_room.h"
+#include "platform/capture/streams/test_picture.h"
 
 #include <QLinearGradient>
 #include <QRadialGradient>

@@ -36,7 +36,10 @@ INSTANTIATE_TEST_SUITE_P(
                     Flux{"H264", "openh264enc ! h264parse ! video/x-h264,stream-format=avc,alignment=au", "avdec_h264"},
                     Flux{"H264ByteStream",
                          "openh264enc ! h264parse ! video/x-h264,stream-format=byte-stream,alignment=au", "avdec_h264"},
-                    Flux{"Vp8", "vp8enc deadline=1", "vp8dec"}, Flux{"Vp9", "vp9enc deadline=1", "vp9dec"}),
+                    Flux{"Vp8", "vp8enc deadline=1", "vp8dec"}, Flux{"Vp9", "vp9enc deadline=1", "vp9dec"},
+                    Flux{"TenBitsHalvedInWidth", "videoconvert ! video/x-raw,format=I422_10LE ! vp9enc deadline=1",
+                         "vp9dec"},
+                    Flux{"TenBitsWhole", "videoconvert ! video/x-raw,format=Y444_10LE ! vp9enc deadline=1", "vp9dec"}),
     [](const testing::TestParamInfo<Flux>& cas) { return std::string(cas.param.Nom); });
 
 TEST_F(DecodeurLibavTest, IsTakenBeforeAnyOtherDecoder) {
@@ -74,6 +77,24 @@ TEST_F(DecodeurLibavTest, PicturesOutliveThePipeline) {
   }
   ASSERT_EQ(images.size(), 3U);
   EXPECT_EQ(Empreintes(images), vivantes);
+}
+
+// Told once and for all, so that another decoder can be taken: picture after picture that is dropped looks like a
+// camera that gives none.
+TEST_F(DecodeurLibavTest, APixelFormatWithoutANameIsAnErrorOfItsOwn) {
+  const std::vector<Echantillon> paquets = Encode("videoconvert ! video/x-raw,format=I422_12LE ! vp9enc deadline=1", 3);
+  ASSERT_FALSE(paquets.empty());
+  const Pipeline pipeline = MonteDecodage(paquets, "vaktorlibav");
+  gst_element_set_state(pipeline.get(), GST_STATE_PLAYING);
+  GstBus* bus = gst_element_get_bus(pipeline.get());
+  GstMessage* message = gst_bus_timed_pop_filtered(bus, 20 * GST_SECOND, GST_MESSAGE_ERROR);
+  gst_object_unref(bus);
+  ASSERT_NE(message, nullptr);
+  GError* erreur = nullptr;
+  gst_message_parse_error(message, &erreur, nullptr);
+  EXPECT_TRUE(g_error_matches(erreur, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT)) << erreur->message;
+  g_error_free(erreur);
+  gst_message_unref(message);
 }
 
 // A damaged stretch costs the pictures that it holds, not the stream.

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/capture/choice/address_mask.h"
+#include "platform/capture/choice/named_source.h"
 
 namespace vaktor {
 namespace {

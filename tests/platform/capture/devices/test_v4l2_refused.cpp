@@ -6,7 +6,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include "platform/capture/devices/v4l2_device.h"
+#include "support/camera_list.h"
 
 namespace vaktor {
 namespace {

@@ -8,7 +8,7 @@
 #include <QSlider>
 #include <QSpinBox>
 
-#include "platform/capture/choice/address_mask.h"
+#include "platform/capture/choice/named_source.h"
 #include "platform/capture/dialogs/driver_dialog_fixture.h"
 #include "platform/capture/dialogs/source_dialog.h"
 

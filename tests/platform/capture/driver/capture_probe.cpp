@@ -11,7 +11,7 @@
 
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/driver/gst_driver.h"
-#include "platform/capture/streams/gst_start.h"
+#include "platform/capture/streams/gst_setup.h"
 #include "support/next_frame.h"
 
 namespace {

@@ -1,10 +1,15 @@
 // A camera's life over streams that the test plays: which are opened, when, and how often.
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
 #include <atomic>
+#include <thread>
 #include <vector>
 
 #include "platform/capture/driver/capture_session.h"
+#include "platform/capture/streams/capture_delays.h"
 
 namespace vaktor {
 namespace {
@@ -61,7 +66,6 @@ class FluxJoue : public FluxImages {
                      [] { return false; });
     return Etat::kCoule;
   }
-  void Ferme() override {}
 
  private:
   BoiteImages& Boite_;
@@ -86,13 +90,19 @@ bool Attends(const std::function<bool()>& condition, std::chrono::milliseconds l
   return condition();
 }
 
+/// As the driver waits: until a frame is there, or there will be none.
+bool DonneUneImage(const SessionCapture& session, std::chrono::milliseconds limite) {
+  Attends([&] { return session.DonneDesImages() || session.EstFinie(); }, limite);
+  return session.DonneDesImages();
+}
+
 const QString kReseau = QStringLiteral("http://localhost/x");
 
 TEST(SessionCapture, LeavesNothingOpenWhenTheSourceRefuses) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kRefuse};
   const auto session = Joue(scenario, kReseau);
-  EXPECT_FALSE(session->AttendPremiereImage(3s));
+  EXPECT_FALSE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(scenario->Vivants, 0);
   EXPECT_EQ(scenario->Nombre(), 1U);
@@ -102,7 +112,7 @@ TEST(SessionCapture, GivesUpASilentSourceWhenAsked) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kMuet};
   const auto session = Joue(scenario, kReseau);
-  EXPECT_FALSE(session->AttendPremiereImage(200ms));
+  EXPECT_FALSE(DonneUneImage(*session, 200ms));
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(scenario->Vivants, 0);
 }
@@ -112,7 +122,7 @@ TEST(SessionCapture, WantOfMemoryIsACameraThatIsLostAndIsTriedAgain) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kPlusDeMemoire, Scenario::Suite::kSansMemoire, Scenario::Suite::kCoule};
   const auto session = Joue(scenario, kReseau);
-  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return scenario->Nombre() == 3 && session->Boite().Numero() > 5; }, 12s));
   EXPECT_EQ(scenario->Vivants, 1);
   EXPECT_TRUE(session->Arrete(1s));
@@ -123,7 +133,7 @@ TEST(SessionCapture, WantOfMemoryAtTheFirstOpeningIsASourceThatCannotBeOpened) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kSansMemoire};
   const auto session = Joue(scenario, kReseau);
-  EXPECT_FALSE(session->AttendPremiereImage(6s));
+  EXPECT_FALSE(DonneUneImage(*session, 6s));
   EXPECT_TRUE(session->EstFinie());
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(scenario->Vivants, 0);
@@ -135,7 +145,7 @@ TEST(SessionCapture, OpensAStalledCameraAgain) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kCale, Scenario::Suite::kCoule};
   const auto session = Joue(scenario, kReseau);
-  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return session->Boite().Perdu(); }, 6s));
   EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U);
   EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > 3; }, 6s));
@@ -151,7 +161,7 @@ TEST(SessionCapture, TriesAtMostEveryTwoSecondsForAsLongAsItTakes) {
   scenario->Suites = {Scenario::Suite::kErreur, Scenario::Suite::kRefuse, Scenario::Suite::kErreur,
                       Scenario::Suite::kCoule};
   const auto session = Joue(scenario, kReseau);
-  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return scenario->Nombre() == 4; }, 15s));
   session->Arrete(1s);
   for (size_t i = 1; i < scenario->Ouvertures.size(); ++i) {
@@ -163,7 +173,7 @@ TEST(SessionCapture, PlaysAFileAgainAtItsEndWithoutAWait) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kFin};
   const auto session = Joue(scenario, QStringLiteral("/films/x.avi"));
-  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 4; }, 3s));
   EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U) << "it was never lost";
   EXPECT_TRUE(session->Arrete(1s));
@@ -174,7 +184,7 @@ TEST(SessionCapture, ANetworkStreamThatEndsInGoodOrderAndOpensAtOnceWasNeverLost
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kFin};
   const auto session = Joue(scenario, kReseau);
-  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 3 && session->Boite().Numero() > 6; }, 10s));
   EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U) << "its pictures are a series";
   EXPECT_TRUE(session->Arrete(1s));
@@ -184,7 +194,7 @@ TEST(SessionCapture, ANetworkStreamThatDoesNotOpenAgainAtOnceWasLost) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kFin, Scenario::Suite::kRefuse, Scenario::Suite::kCoule};
   const auto session = Joue(scenario, kReseau);
-  ASSERT_TRUE(session->AttendPremiereImage(3s));
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > 3; }, 12s));
   EXPECT_EQ(session->Boite().Prend(0).Reprises, 1U);
   EXPECT_TRUE(session->Arrete(1s));
@@ -200,7 +210,126 @@ TEST(SessionCapture, PersistsWhereItIsToldTo) {
   const auto session = SessionCapture::Lance(std::move(demande), [scenario](BoiteImages& boite, const DemandeFlux&) {
     return std::make_unique<FluxJoue>(boite, scenario);
   });
-  EXPECT_TRUE(session->AttendPremiereImage(6s));
+  EXPECT_TRUE(DonneUneImage(*session, 6s));
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+/// A camera whose node is a file in a folder of the test's own: what is asked, and how often.
+class SessionSurPeripherique : public testing::Test {
+ protected:
+  QuestionsV4L2 Questions() {
+    QuestionsV4L2 questions;
+    questions.Dossier = Dossier_.path();
+    questions.Noeuds = [this] {
+      ++Regards_;
+      const QStringList noms = QDir(Dossier_.path()).entryList({QStringLiteral("video*")}, QDir::Files);
+      return noms.isEmpty() ? QStringList() : QStringList{Noeud()};
+    };
+    questions.Sonde = [](const QString& noeud) { return CandidatVideo{noeud, "Camera", "m", "m|bus", {}}; };
+    questions.Formats = [](const QString&) { return QList<FormatCamera>(); };
+    return questions;
+  }
+  QString Noeud() const { return Dossier_.filePath(QStringLiteral("video0")); }
+  void Branche() const { ASSERT_TRUE(QFile(Noeud()).open(QIODevice::WriteOnly)); }
+  void Debranche() const { ASSERT_TRUE(QFile::remove(Noeud())); }
+  std::shared_ptr<SessionCapture> Lance(const std::shared_ptr<Scenario>& scenario, SessionCapture::Demande demande) {
+    demande.Source = ComprendSource(QString());
+    return SessionCapture::Lance(
+        std::move(demande),
+        [scenario, this](BoiteImages& boite, const DemandeFlux& flux) {
+          const std::lock_guard verrou(scenario->Verrou);
+          Demandes_.append(flux.Format);
+          return std::make_unique<FluxJoue>(boite, scenario);
+        },
+        Questions());
+  }
+
+  QTemporaryDir Dossier_;
+  std::atomic<int> Regards_ = 0;
+  QList<FormatCamera> Demandes_;  // the scenario's lock
+};
+
+// Opening its node each two seconds would keep other cameras awake for as long as this one is away.
+TEST_F(SessionSurPeripherique, AnUnpluggedCameraIsAwaitedWithoutALookAndTakenWhenItsNodeComes) {
+  Branche();
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kErreur, Scenario::Suite::kCoule};
+  const auto session = Lance(scenario, {});
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
+  Debranche();
+  ASSERT_TRUE(Attends([&] { return session->Boite().Perdu(); }, 10s));
+  std::this_thread::sleep_for(DelaisCapture::kApresBranchement + DelaisCapture::kEntreEssais);
+  const int regards = Regards_;
+  std::this_thread::sleep_for(2 * DelaisCapture::kEntreEssais + 500ms);
+  EXPECT_EQ(Regards_, regards) << "nothing was plugged in";
+  const quint64 images = session->Boite().Numero();
+  Branche();
+  EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > images + 1; }, 15s));
+  EXPECT_GT(session->Boite().Prend(0).Reprises, 0U);
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+TEST_F(SessionSurPeripherique, AStopDoesNotWaitForWhatIsPluggedIn) {
+  Branche();
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kErreur};
+  const auto session = Lance(scenario, {});
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
+  Debranche();
+  std::this_thread::sleep_for(DelaisCapture::kApresBranchement + 2 * DelaisCapture::kEntreEssais + 500ms);
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+// What was tried last and gave nothing is not what is known: all of it is tried again.
+TEST_F(SessionSurPeripherique, ASessionThatGoesOnTryingTriesEverythingAgainUntilSomethingIsKnown) {
+  Branche();
+  const FormatCamera voulu{QStringLiteral("YUYV"), 640, 480, 30, 1};
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kRefuse, Scenario::Suite::kRefuse, Scenario::Suite::kErreur,
+                      Scenario::Suite::kCoule};
+  SessionCapture::Demande demande;
+  demande.Persiste = true;
+  demande.Format = voulu;
+  const auto session = Lance(scenario, demande);
+  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 2; }, 3s));
+  EXPECT_TRUE(session->Noeud().isEmpty()) << "it is only being tried";
+  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 4 && session->Boite().Numero() > 4; }, 12s));
+  EXPECT_EQ(session->Noeud(), Noeud());
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(Demandes_, (QList<FormatCamera>{voulu, FormatCamera(), voulu, voulu}))
+      << "refused, both again, then the one that has worked";
+}
+
+// Seconds, where plugins were installed: they are not taken from the camera's time.
+TEST(SessionCapture, TheTimeOfTheFirstStartIsNotTheCameras) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kCoule};
+  const auto pret = std::make_shared<std::atomic<bool>>(false);
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(kReseau);
+  demande.Prepare = [pret] { pret->wait(false); };
+  const auto session = SessionCapture::Lance(std::move(demande), [scenario](BoiteImages& boite, const DemandeFlux&) {
+    return std::make_unique<FluxJoue>(boite, scenario);
+  });
+  std::this_thread::sleep_for(200ms);
+  EXPECT_FALSE(session->EstPrete());
+  EXPECT_EQ(scenario->Nombre(), 0U);
+  *pret = true;
+  pret->notify_all();
+  EXPECT_TRUE(DonneUneImage(*session, 3s));
+  EXPECT_TRUE(session->EstPrete());
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+// Of several that say nothing each has a part of the time, and all of them together no more than one connection.
+TEST(SessionCapture, ASilentSourceIsGivenUpWithinTheTimeOfOneConnection) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kMuet};
+  const auto debut = BoiteImages::Horloge::now();
+  const auto session = Joue(scenario, QStringLiteral("rtsp://localhost/x"));
+  ASSERT_TRUE(Attends([&] { return session->EstFinie(); }, DelaisCapture::kConnexion + 5s));
+  EXPECT_EQ(scenario->Nombre(), 2U);
+  EXPECT_LT(scenario->Ouvertures[1] - debut, DelaisCapture::kConnexion) << "the second one has its turn in time";
   EXPECT_TRUE(session->Arrete(1s));
 }
 
@@ -225,7 +354,7 @@ TEST(SessionCapture, ADeviceIsNeverLeftToChooseATooLargeFirstFormat) {
         return std::make_unique<FluxJoue>(boite, scenario);
       },
       questions);
-  EXPECT_FALSE(session->AttendPremiereImage(10s));
+  EXPECT_FALSE(DonneUneImage(*session, 10s));
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(*demandes, (QList<FormatCamera>{voulu, autre}));
 }
@@ -238,7 +367,6 @@ TEST(SessionCapture, HoldsTheDoorNoLongerThanItIsTold) {
     ~FluxPendu() override { Lache_->wait(false); }
     bool Ouvre() override { return true; }
     Etat Surveille(const std::stop_token&, std::chrono::milliseconds) override { return Etat::kErreur; }
-    void Ferme() override {}
 
    private:
     std::shared_ptr<std::atomic<bool>> Lache_;
@@ -248,7 +376,7 @@ TEST(SessionCapture, HoldsTheDoorNoLongerThanItIsTold) {
   demande.Source = ComprendSource(kReseau);
   const auto session = SessionCapture::Lance(
       std::move(demande), [lache](BoiteImages&, const DemandeFlux&) { return std::make_unique<FluxPendu>(lache); });
-  EXPECT_FALSE(session->AttendPremiereImage(100ms));
+  EXPECT_FALSE(DonneUneImage(*session, 100ms));
   EXPECT_FALSE(session->Arrete(100ms));
   *lache = true;
   lache->notify_all();

@@ -1,3 +1,4 @@
+#include <QProcess>
 #include <cstring>
 
 #include "support/capture_clips.h"
@@ -53,6 +54,53 @@ TEST_F(PiloteFichier, LoopsOverTheUsualCodingsInTheUsualContainers) {
     EXPECT_GE(recolte.Images, 30) << suite;
     EXPECT_LE(recolte.Images, 25 * 1.7 + 5) << suite << ": at its own rate";
   }
+}
+
+struct FilmRare {
+  const char* Nom;
+  QStringList Codage;  ///< of ffmpeg, whose encoder knows more formats than those of GStreamer
+  const char* Fichier;
+};
+
+class FilmsRares : public PiloteFichier, public testing::WithParamInterface<FilmRare> {};
+
+// Of these the first is known to our own decoder and has to be converted, the others it gives up to GStreamer's.
+TEST_P(FilmsRares, AnUncommonPixelFormatIsShownByWhoeverCan) {
+  const QString film = Fichier(GetParam().Fichier);
+  QStringList arguments{"-v", "error", "-nostdin", "-f", "lavfi", "-i", "color=red:size=160x120:rate=25:duration=2"};
+  arguments << GetParam().Codage << film;
+  ASSERT_EQ(QProcess::execute(QStringLiteral("ffmpeg"), arguments), 0);
+  ASSERT_TRUE(Connecte(film));
+  ASSERT_TRUE(SaisitProchaine(*Pilote_));
+  const QColor couleur = Pilote_->CopieTrame().Entiere().pixelColor(80, 60);
+  EXPECT_GT(couleur.red(), 240);
+  EXPECT_LT(couleur.green() + couleur.blue(), 30);
+  EXPECT_GE(Recueille(2500).Images, 40) << "in a loop";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Formats, FilmsRares,
+    testing::Values(FilmRare{"TenBitsHalvedInWidth", {"-c:v", "libx264", "-pix_fmt", "yuv422p10le"}, "a.mp4"},
+                    FilmRare{"RedGreenBlue", {"-c:v", "libx264rgb", "-pix_fmt", "rgb24"}, "b.mp4"},
+                    FilmRare{"TwelveBits", {"-c:v", "libvpx-vp9", "-pix_fmt", "yuv422p12le"}, "c.mkv"},
+                    FilmRare{"RawTenBits", {"-c:v", "v210"}, "d.avi"}),
+    [](const auto& cas) { return std::string(cas.param.Nom); });
+
+// Whether its container can be opened hangs on what else is installed: it plays, or the reason is told.
+TEST_F(PiloteFichier, AWindowsMediaFilmPlaysOrIsRefusedInWords) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.wmv"), QStringLiteral("format=I420,") + kPetit, 50,
+                           QStringLiteral("avenc_wmv2 ! asfmux")));
+  if (Connecte(Fichier("a.wmv"))) {
+    EXPECT_GE(Recueille(1500).Images, 20);
+    return;
+  }
+  EXPECT_TRUE(Pilote_->EstSansDecodeur());
+  EXPECT_EQ(Pilote_->Explication(), "Nothing installed here can read this kind of film.");
+  ASSERT_TRUE(Pilote_->ChangeSource(QStringLiteral("test")));
+  EXPECT_EQ(Pilote_->Explication(), "");
+  EXPECT_FALSE(Pilote_->ChangeSource(Fichier("a.wmv")));
+  EXPECT_TRUE(Pilote_->EstSansDecodeur()) << "also while the earlier source goes on";
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
 }
 
 // The decoder still holds all its pictures back when it is told that the first turn is over.

@@ -2,8 +2,8 @@
 
 #include <set>
 
-#include "platform/capture/frames/frame_pool.h"
 #include "platform/capture/frames/newest_frame.h"
+#include "platform/capture/frames/plane_frame.h"
 
 namespace vaktor {
 namespace {
@@ -41,7 +41,7 @@ TEST(ReserveImages, NeedsNoNewBufferInASteadyState) {
     boite.Depose(*image);
     if (i % 2 == 0) {
       montree = prise;
-      prise = boite.Attend(0, std::chrono::milliseconds(0)).Image.Entiere();
+      prise = boite.Prend(0).Image.Entiere();
     }
     memoires.insert(image->constBits());
   }
@@ -64,12 +64,12 @@ TEST(ReserveImages, ForgetsTheOldSizeAndKeepsAFewOnly) {
 
 TEST(BoiteImages, GivesOnlyWhatIsNewer) {
   BoiteImages boite;
-  EXPECT_EQ(boite.Attend(0, std::chrono::milliseconds(5)).Numero, 0U);
+  EXPECT_EQ(boite.Prend(0).Numero, 0U);
   QImage image(kTaille, QImage::Format_RGB32);
   boite.Depose(image);
   boite.Depose(image);
-  EXPECT_EQ(boite.Attend(0, std::chrono::milliseconds(5)).Numero, 2U);
-  EXPECT_EQ(boite.Attend(2, std::chrono::milliseconds(5)).Numero, 0U);
+  EXPECT_EQ(boite.Prend(0).Numero, 2U);
+  EXPECT_EQ(boite.Prend(2).Numero, 0U);
   EXPECT_FALSE(boite.Perdu());
 }
 

@@ -1,0 +1,174 @@
+#include "platform/capture/streams/gst_setup.h"
+
+#include <gst/gst.h>
+
+#include <array>
+#include <cstring>
+
+#include "platform/libav/libav_decoder.h"
+
+namespace vaktor {
+namespace {
+
+bool Lance() {
+  const bool pret = gst_init_check(nullptr, nullptr, nullptr) != FALSE;
+  // Where it is refused GStreamer's own decoders do the work.
+  if (pret) EnregistreDecodeurLibav();
+  return pret;
+}
+
+}  // namespace
+
+bool PrepareGStreamer() {
+  static const bool kPret = Lance();
+  return kPret;
+}
+
+namespace {
+
+// GstAutoplugSelectResult: the type is decodebin's own and stands in no header.
+enum ChoixDecodeur { kEssaie = 0, kMontre = 1, kPasse = 2 };
+
+bool Commence(const char* nom, const char* debut) { return std::strncmp(nom, debut, std::strlen(debut)) == 0; }
+
+// JPEG that comes straight out of a file or a connection has no borders between its pictures yet: the search for the
+// type names the kind of its frame header, the parser says that it is done, and neither stands in a demuxer's caps.
+bool EstFluxSansBornes(const GstStructure* structure) {
+  return gst_structure_has_field(structure, "sof-marker") && !gst_structure_has_field(structure, "parsed");
+}
+
+gboolean Continue(GstElement*, GstPad*, GstCaps* caps, gpointer) {
+  if (gst_caps_is_empty(caps) || gst_caps_is_any(caps)) return TRUE;
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  const char* nom = gst_structure_get_name(structure);
+  if (std::strcmp(nom, "image/jpeg") == 0) return EstFluxSansBornes(structure) ? TRUE : FALSE;
+  for (const char* inutile : {"audio/", "text/", "subpicture/", "subtitle/", "closedcaption/"}) {
+    if (Commence(nom, inutile)) return FALSE;
+  }
+  return TRUE;
+}
+
+bool EstLeNotre(GstElementFactory* fabrique) { return std::strcmp(GST_OBJECT_NAME(fabrique), "vaktorlibav") == 0; }
+
+// VP9 hides frames within frames, which our own element does not take apart.
+int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gpointer sansLibav) {
+  const bool vp9 = gst_structure_has_name(gst_caps_get_structure(caps, 0), "video/x-vp9") != FALSE;
+  if (EstLeNotre(fabrique) && (vp9 || sansLibav != nullptr)) return kPasse;
+  const char* classe = gst_element_factory_get_metadata(fabrique, GST_ELEMENT_METADATA_KLASS);
+  return classe != nullptr && std::strstr(classe, "Hardware") != nullptr ? kPasse : kEssaie;
+}
+
+// libav decoders would take a thread for each core, and a set of frames for each thread. The demultiplexer of web
+// cameras never tells that there is one stream and no more; whatever follows would wait for that until its queues are
+// full.
+void RegleElement(GstBin*, GstElement* element, gpointer) {
+  if (EstDeFabrique(element, "multipartdemux")) g_object_set(element, "single-stream", TRUE, nullptr);
+  for (const char* propriete : {"max-threads", "threads", "n-threads"}) {
+    const GParamSpec* sorte = g_object_class_find_property(G_OBJECT_GET_CLASS(element), propriete);
+    if (sorte == nullptr || (sorte->flags & G_PARAM_WRITABLE) == 0) continue;
+    gst_util_set_object_arg(G_OBJECT(element), propriete, "1");
+  }
+}
+
+}  // namespace
+
+void ChoisitDecodeurs(GstElement* decodebin, bool avecLibav) {
+  g_signal_connect(decodebin, "autoplug-continue", G_CALLBACK(Continue), nullptr);
+  g_signal_connect(decodebin, "autoplug-select", G_CALLBACK(Choisit), avecLibav ? nullptr : decodebin);
+  g_signal_connect(decodebin, "element-added", G_CALLBACK(RegleElement), nullptr);
+}
+
+bool EstDeFabrique(GstElement* element, const char* nom) {
+  GstElementFactory* fabrique = gst_element_get_factory(element);
+  return fabrique != nullptr && std::strcmp(GST_OBJECT_NAME(fabrique), nom) == 0;
+}
+
+bool EstVideo(const GstCaps* caps) {
+  if (gst_caps_is_empty(caps) || gst_caps_is_any(caps)) return false;
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  return gst_structure_has_name(structure, "video/x-raw") || gst_structure_has_name(structure, "image/jpeg");
+}
+
+gboolean EstFluxVideo(GstElement*, guint, const GstCaps* caps, gpointer) {
+  const char* media = gst_structure_get_string(gst_caps_get_structure(caps, 0), "media");
+  return media != nullptr && std::strcmp(media, "video") == 0 ? TRUE : FALSE;
+}
+
+namespace {
+
+struct NomsCodage {
+  const char* V4L2;
+  const char* Media;
+  const char* Format;  // of raw video
+};
+
+// The first line of a GStreamer name is the one that is told back.
+constexpr std::array kCodages = {
+    NomsCodage{"MJPG", "image/jpeg", nullptr},     NomsCodage{"JPEG", "image/jpeg", nullptr},
+    NomsCodage{"H264", "video/x-h264", nullptr},   NomsCodage{"HEVC", "video/x-h265", nullptr},
+    NomsCodage{"MPG4", "video/mpeg", nullptr},     NomsCodage{"VP80", "video/x-vp8", nullptr},
+    NomsCodage{"VP90", "video/x-vp9", nullptr},    NomsCodage{"YUYV", "video/x-raw", "YUY2"},
+    NomsCodage{"UYVY", "video/x-raw", "UYVY"},     NomsCodage{"YVYU", "video/x-raw", "YVYU"},
+    NomsCodage{"NV12", "video/x-raw", "NV12"},     NomsCodage{"NM12", "video/x-raw", "NV12"},
+    NomsCodage{"NV21", "video/x-raw", "NV21"},     NomsCodage{"NM21", "video/x-raw", "NV21"},
+    NomsCodage{"NV16", "video/x-raw", "NV16"},     NomsCodage{"NV61", "video/x-raw", "NV61"},
+    NomsCodage{"NV24", "video/x-raw", "NV24"},     NomsCodage{"YU12", "video/x-raw", "I420"},
+    NomsCodage{"YM12", "video/x-raw", "I420"},     NomsCodage{"YV12", "video/x-raw", "YV12"},
+    NomsCodage{"422P", "video/x-raw", "Y42B"},     NomsCodage{"411P", "video/x-raw", "Y41B"},
+    NomsCodage{"RGB3", "video/x-raw", "RGB"},      NomsCodage{"BGR3", "video/x-raw", "BGR"},
+    NomsCodage{"XR24", "video/x-raw", "BGRx"},     NomsCodage{"BGR4", "video/x-raw", "BGRx"},
+    NomsCodage{"AR24", "video/x-raw", "BGRA"},     NomsCodage{"BX24", "video/x-raw", "xRGB"},
+    NomsCodage{"RGB4", "video/x-raw", "xRGB"},     NomsCodage{"BA24", "video/x-raw", "ARGB"},
+    NomsCodage{"XB24", "video/x-raw", "RGBx"},     NomsCodage{"AB24", "video/x-raw", "RGBA"},
+    NomsCodage{"RGBP", "video/x-raw", "RGB16"},    NomsCodage{"RGBO", "video/x-raw", "RGB15"},
+    NomsCodage{"XR15", "video/x-raw", "RGB15"},    NomsCodage{"GREY", "video/x-raw", "GRAY8"},
+    NomsCodage{"Y16", "video/x-raw", "GRAY16_LE"}, NomsCodage{"Y16-BE", "video/x-raw", "GRAY16_BE"},
+};
+
+GstStructure* StructureDuCodage(const QString& codage) {
+  for (const NomsCodage& noms : kCodages) {
+    if (codage != QLatin1String(noms.V4L2)) continue;
+    if (noms.Format == nullptr) return gst_structure_new_empty(noms.Media);
+    return gst_structure_new(noms.Media, "format", G_TYPE_STRING, noms.Format, nullptr);
+  }
+  return nullptr;
+}
+
+void AjouteTailleEtCadence(GstCaps* caps, const FormatCamera& format) {
+  if (format.Largeur > 0 && format.Hauteur > 0) {
+    gst_caps_set_simple(caps, "width", G_TYPE_INT, format.Largeur, "height", G_TYPE_INT, format.Hauteur, nullptr);
+  }
+  if (format.CadenceNum > 0 && format.CadenceDen > 0) {
+    gst_caps_set_simple(caps, "framerate", GST_TYPE_FRACTION, format.CadenceNum, format.CadenceDen, nullptr);
+  }
+}
+
+}  // namespace
+
+PtrGst<GstCaps> CapsDuFormat(const FormatCamera& format) {
+  if (format == FormatCamera()) return PtrGst<GstCaps>(gst_caps_new_any());
+  PtrGst<GstCaps> caps(gst_caps_new_empty());
+  if (format.Codage.isEmpty()) {
+    gst_caps_append_structure(caps.get(), gst_structure_new_empty("image/jpeg"));
+    gst_caps_append_structure(caps.get(), gst_structure_new_empty("video/x-raw"));
+  } else {
+    GstStructure* structure = StructureDuCodage(format.Codage);
+    if (structure == nullptr) return nullptr;
+    gst_caps_append_structure(caps.get(), structure);
+  }
+  AjouteTailleEtCadence(caps.get(), format);
+  return caps;
+}
+
+QString CodageDesCaps(const GstCaps* caps) {
+  if (caps == nullptr || gst_caps_get_size(caps) == 0) return {};
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  const char* nomFormat = gst_structure_get_string(structure, "format");
+  for (const NomsCodage& noms : kCodages) {
+    if (!gst_structure_has_name(structure, noms.Media)) continue;
+    if (noms.Format == nullptr || g_strcmp0(noms.Format, nomFormat) == 0) return QLatin1String(noms.V4L2);
+  }
+  return {};
+}
+
+}  // namespace vaktor
