@@ -1,15 +1,15 @@
 // What ./run --demo tells while it works.
-#include "scripts/made_up_machine.h"
+#include "scripts/script_of_run.h"
 
 namespace vaktor {
 namespace {
 
-using PhotosAnnoncees = MachineInventee;
+using PhotosAnnoncees = ScriptDeRun;
 
 // Thirty come within a second. One that is only begun is not told yet.
 TEST_F(PhotosAnnoncees, EachIsToldAsItIsWritten) {
   const QString commandes = QStringLiteral(R"bash(
-    dossier=$racine_machine debut_demo=$EPOCHREALTIME
+    dossier=$racine debut_demo=$EPOCHREALTIME
     mkdir "$dossier/intrus"
     : > "$dossier/dites"
     annonce_photos >> "$dossier/dites" &
