@@ -12,6 +12,7 @@
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/driver/gst_driver.h"
 #include "support/next_frame.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -19,7 +20,7 @@ class PiloteSurSource : public testing::Test {
  protected:
   bool Connecte(const QString& ou) {
     Pilote_ = std::make_unique<PiloteGStreamer>(
-        ou, Memoire_, [] { return 1; }, nullptr);
+        ou, Memoire_, [] { return Langue::kAnglais; }, nullptr);
     return Pilote_->Connecte();
   }
   QString Fichier(const char* nom) const { return Dossier_.filePath(QLatin1String(nom)); }

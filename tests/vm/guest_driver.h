@@ -12,6 +12,7 @@
 #include "platform/capture/driver/gst_driver.h"
 #include "platform/capture/streams/gst_setup.h"
 #include "support/next_frame.h"
+#include "texts/language.h"
 #include "vm/guest.h"
 
 namespace vaktor {
@@ -22,7 +23,7 @@ class PiloteReelTest : public testing::Test {
 
   std::unique_ptr<PiloteGStreamer> Pilote(const QString& ou = {}) {
     return std::make_unique<PiloteGStreamer>(
-        ou, Memoire_, [] { return 1; }, nullptr);
+        ou, Memoire_, [] { return Langue::kAnglais; }, nullptr);
   }
   /// The machine may be so slow that a first try takes longer than a driver may wait.
   static bool Connecte(PiloteGStreamer& pilote) {

@@ -13,6 +13,7 @@
 #include "platform/capture/driver/gst_driver.h"
 #include "platform/capture/streams/gst_setup.h"
 #include "support/next_frame.h"
+#include "texts/language.h"
 
 namespace {
 
@@ -71,7 +72,7 @@ int main(int argc, char** argv) {
   vaktor::MemoireCapture memoire(dossier.filePath(QStringLiteral("capture.ini")));
   const QString ou = arguments[1] == QLatin1String("first") ? QString() : arguments[1];
   vaktor::PiloteGStreamer pilote(
-      ou, memoire, [] { return 1; }, nullptr);
+      ou, memoire, [] { return Langue::kAnglais; }, nullptr);
   QElapsedTimer attente;
   attente.start();
   if (!pilote.Connecte()) {
