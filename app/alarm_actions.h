@@ -16,8 +16,8 @@ class ActionsAlarmeReelles : public ActionsAlarme {
       : Modules_(modules), Photo_(std::move(photo)) {}
 
   void EnregistrePhoto() override { Photo_(); }
-  void EnvoiMail(const QString& mot) override { Modules_.EnvoiMail(mot); }
-  void EnvoiSon(const QString& mot) override { Modules_.EnvoiSon(mot); }
+  void EnvoiMail() override { Modules_.EnvoiMail(Commande::kIntrusion); }
+  void EnvoiSon() override { Modules_.EnvoiSon(Commande::kIntrusion); }
 
  private:
   CommandesModules& Modules_;

@@ -122,18 +122,17 @@ void Vaktor::CreeVeille() {
 // What was sent to the one before it has found nobody: settings that were saved between its reading of them and its
 // registration, and a message of the watch.
 void Vaktor::RetrouveCompagnon(Compagnon compagnon) {
-  const QString optio = QStringLiteral("Optio");
   switch (compagnon) {
     case Compagnon::kFtp:
-      Modules_->EnvoiFTP(optio);
+      Modules_->EnvoiFTP(Commande::kOptions);
       Live_->RetrouveCompagnon();
       break;
     case Compagnon::kMail:
-      Modules_->EnvoiMail(optio);
-      Modules_->EnvoiMail(QStringLiteral("Veill"));
+      Modules_->EnvoiMail(Commande::kOptions);
+      Modules_->EnvoiMail(Commande::kVeille);
       break;
     case Compagnon::kSon:
-      Modules_->EnvoiSon(optio);
+      Modules_->EnvoiSon(Commande::kOptions);
       break;
   }
 }

@@ -87,9 +87,9 @@ void Vaktor::FermeApplication() {
 void Vaktor::PrevientCompagnons() {
   if (Veille_) EssaieJusquauBout([this] { Veille_->Arrete(); });
   if (!Modules_) return;
-  for (void (ModuleSendMessages::*envoi)(const QString&) :
+  for (void (ModuleSendMessages::*envoi)(Commande) :
        {&ModuleSendMessages::EnvoiFTP, &ModuleSendMessages::EnvoiMail, &ModuleSendMessages::EnvoiSon}) {
-    EssaieJusquauBout([this, envoi] { (Modules_.get()->*envoi)(QStringLiteral("Quit*")); });
+    EssaieJusquauBout([this, envoi] { (Modules_.get()->*envoi)(Commande::kQuitte); });
   }
 }
 

@@ -76,8 +76,8 @@ class ActionsChronometrees : public ActionsAlarme {
     Mesures_.Millisecondes.push_back(duree.count());
     if (Mesures_.Millisecondes.size() == Mesures_.Voulues) QCoreApplication::quit();
   }
-  void EnvoiMail(const QString&) override {}
-  void EnvoiSon(const QString&) override {}
+  void EnvoiMail() override {}
+  void EnvoiSon() override {}
 
  private:
   Mesures& Mesures_;

@@ -130,10 +130,10 @@ void FormWinsock::AgitSelon(SuiteMot suite) {
 
 void FormWinsock::TicReconnexion() {
   if (Ports_.Etat.PageInterrompue) {
-    Ports_.Commandes.EnvoiFTP(QStringLiteral("Conne"));
-    if (Ports_.Etat.PageAttendue) Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));
+    Ports_.Commandes.EnvoiFTP(Commande::kConnexion);
+    if (Ports_.Etat.PageAttendue) Ports_.Commandes.EnvoiFTP(Commande::kPage);
   } else if (Ports_.Etat.SurveillanceEnCours) {
-    Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
+    Ports_.Commandes.EnvoiFTP(Commande::kSurveillance);
   }
   TimerFTPreconnect_->Desactive();
 }

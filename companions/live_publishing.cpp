@@ -33,8 +33,8 @@ void PublicationLive::PerdCompagnon() {
 void PublicationLive::RetrouveCompagnon() {
   if (!Ports_.Etat.SurveillanceEnCours) return;
   MontreConnexion();
-  Ports_.Commandes.EnvoiFTP(QStringLiteral("Conne"));
-  if (Ports_.Etat.PageAttendue) Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));
+  Ports_.Commandes.EnvoiFTP(Commande::kConnexion);
+  if (Ports_.Etat.PageAttendue) Ports_.Commandes.EnvoiFTP(Commande::kPage);
 }
 
 void PublicationLive::MontreConnexion() {
@@ -49,7 +49,7 @@ void PublicationLive::Eteint() {
 
 void PublicationLive::Deconnecte() {
   Ports_.Liaison.MontreStatut(Libelle::kSurveillanceInactive);
-  Ports_.Commandes.EnvoiFTP(QStringLiteral("Decon"));
+  Ports_.Commandes.EnvoiFTP(Commande::kDeconnexion);
 }
 
 void PublicationLive::Allume() {
@@ -60,7 +60,7 @@ void PublicationLive::Allume() {
     return;
   }
   MontreConnexion();
-  Ports_.Commandes.EnvoiFTP(QStringLiteral("Conne"));
+  Ports_.Commandes.EnvoiFTP(Commande::kConnexion);
 }
 
 bool PublicationLive::ParametresManquent() const {
@@ -95,7 +95,7 @@ void PublicationLive::PublieLive(const ImageCamera& image) {
   }
   Panne_.Oublie();
   // No flow control: LiveActif stays, and the next frame comes when the interval has passed, taken or not.
-  if (Ports_.Etat.LiveActif) Ports_.Commandes.EnvoiFTP(QStringLiteral("Surve"));
+  if (Ports_.Etat.LiveActif) Ports_.Commandes.EnvoiFTP(Commande::kSurveillance);
 }
 
 void PublicationLive::EcritLive(const ImageCamera& image) {
@@ -114,7 +114,7 @@ void PublicationLive::DemandePage() {
   Ports_.Etat.PageAttendue = true;
   Ports_.Etat.LiveActif = false;  // stops the frames; the companion's "UplOK" or "ConOK" lets them flow again
   Ports_.Liaison.MontreStatut(Libelle::kEnCreation);
-  Ports_.Commandes.EnvoiFTP(QStringLiteral("UploM"));
+  Ports_.Commandes.EnvoiFTP(Commande::kPage);
 }
 
 void PublicationLive::TestPageLive() {

@@ -2,15 +2,15 @@
 
 namespace vaktor {
 
-void ModuleSendMessages::EnvoiFTP(const QString& mot) { PosteMot(Compagnon::kFtp, Liaison_.HandleFTP, mot); }
+void ModuleSendMessages::EnvoiFTP(Commande commande) { Poste(Compagnon::kFtp, Liaison_.HandleFTP, commande); }
 
-void ModuleSendMessages::EnvoiMail(const QString& mot) { PosteMot(Compagnon::kMail, Liaison_.HandleMail, mot); }
+void ModuleSendMessages::EnvoiMail(Commande commande) { Poste(Compagnon::kMail, Liaison_.HandleMail, commande); }
 
-void ModuleSendMessages::EnvoiSon(const QString& mot) { PosteMot(Compagnon::kSon, Liaison_.HandleSon, mot); }
+void ModuleSendMessages::EnvoiSon(Commande commande) { Poste(Compagnon::kSon, Liaison_.HandleSon, commande); }
 
-void ModuleSendMessages::PosteMot(Compagnon compagnon, qint32 poignee, const QString& mot) {
-  if (const std::optional<qint32> code = DonneCodeTouche(compagnon, mot))
-    Canal_.PosteTouche(poignee, *code, DonneTenue(mot));
+void ModuleSendMessages::Poste(Compagnon compagnon, qint32 poignee, Commande commande) {
+  if (const std::optional<qint32> code = DonneCodeTouche(compagnon, commande))
+    Canal_.PosteTouche(poignee, *code, DonneTenue(commande));
 }
 
 }  // namespace vaktor

@@ -1,4 +1,4 @@
-// ModuleSendMessages: one command word in, one key code posted to the companion, fire and forget.
+// ModuleSendMessages: one command in, one key code posted to the companion, fire and forget.
 #pragma once
 
 #include "companions/contract/command_words.h"
@@ -8,18 +8,18 @@
 
 namespace vaktor {
 
-/// Owner: app/. User-interface thread. A word that the companion does not know posts nothing; a companion that has not
-/// answered yet (handle 0) or has died hears nothing; neither is an error.
+/// Owner: app/. User-interface thread. A command that the companion does not know posts nothing; a companion that has
+/// not answered yet (handle 0) or has died hears nothing; neither is an error.
 class ModuleSendMessages : public CommandesModules {
  public:
   ModuleSendMessages(CanalMessages& canal, const EtatLiaison& liaison) : Canal_(canal), Liaison_(liaison) {}
 
-  void EnvoiFTP(const QString& mot) override;
-  void EnvoiMail(const QString& mot) override;
-  void EnvoiSon(const QString& mot) override;
+  void EnvoiFTP(Commande commande) override;
+  void EnvoiMail(Commande commande) override;
+  void EnvoiSon(Commande commande) override;
 
  private:
-  void PosteMot(Compagnon compagnon, qint32 poignee, const QString& mot);
+  void Poste(Compagnon compagnon, qint32 poignee, Commande commande);
 
   CanalMessages& Canal_;
   const EtatLiaison& Liaison_;

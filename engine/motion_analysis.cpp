@@ -164,7 +164,6 @@ void AnalyseurMouvement::DeclencheActions() {
     if (Etat_.Detection.ModeZoom) EffaceVue();
     return;
   }
-  const QString mot = QStringLiteral("Intru");
   // Nothing is spaced or limited here: each such frame acts again, and the companions know how often is enough.
   if (reglages.PhotoActif || Ports_.Live.VeutPhotos()) {
     try {
@@ -177,8 +176,8 @@ void AnalyseurMouvement::DeclencheActions() {
       throw;
     }
   }
-  if (reglages.MailActif) Ports_.Actions.EnvoiMail(mot);
-  if (reglages.SonActif) Ports_.Actions.EnvoiSon(mot);
+  if (reglages.MailActif) Ports_.Actions.EnvoiMail();
+  if (reglages.SonActif) Ports_.Actions.EnvoiSon();
 }
 
 void AnalyseurMouvement::MontreMesures() {

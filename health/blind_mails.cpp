@@ -120,7 +120,7 @@ void CourrielsAveugle::Envoie(const Courrier& courrier) {
     if (vie.expired()) return;
     --EnRoute_;
     if (ecrit) {
-      Ports_.Modules.EnvoiMail(QStringLiteral("Veill"));
+      Ports_.Modules.EnvoiMail(Commande::kVeille);
       return;
     }
     Refuses_.append(courrier);

@@ -122,10 +122,9 @@ void ReglagesPersistants::SauveParametres() {
   }
   VideMagasin();
   // After the last write: a companion reads the store as soon as it is told.
-  const QString mot = QStringLiteral("Optio");
-  Liens_.Modules.EnvoiFTP(mot);
-  Liens_.Modules.EnvoiMail(mot);
-  Liens_.Modules.EnvoiSon(mot);
+  Liens_.Modules.EnvoiFTP(Commande::kOptions);
+  Liens_.Modules.EnvoiMail(Commande::kOptions);
+  Liens_.Modules.EnvoiSon(Commande::kOptions);
   Liens_.Valeurs.ParametresModifies = false;
 }
 

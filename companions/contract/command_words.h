@@ -30,7 +30,7 @@ inline constexpr QLatin1String kFichierReglages("vaktor.ini");
 /// store, the photos and everything else that is written then lie below it.
 inline constexpr QLatin1String kVariableDossier("VAKTOR_DOSSIER");
 /// Name of the folder beside the settings file in which the main program leaves what the watch has to say of itself,
-/// one file a message; "Veill" tells the mail companion that there is one. docs/companions.md has the fields.
+/// one file a message; Commande::kVeille tells the mail companion that there is one. docs/companions.md has the fields.
 inline constexpr QLatin1String kDossierVeille("veille");
 /// Environment variable of a companion that was started in the place of one that had ended, while the main program ran.
 /// It sends no "*OKO*".
@@ -39,9 +39,25 @@ inline constexpr QLatin1String kVariableRelance("VAKTOR_RELANCE");
 inline constexpr QLatin1String kMotHwnd("HWND:");
 inline constexpr qsizetype kLongueurMot = 5;  ///< characters that count in every word, downwards and upwards
 
-/// Key code of a command word for a companion; nothing for a word that this companion does not know. The word must be
-/// equal to the last character. The same code means different things to different companions.
-std::optional<qint32> DonneCodeTouche(Compagnon compagnon, const QString& mot);
+/// What the main program tells its companions. Inside, both sides use these names; codes and words are for the wire.
+enum class Commande {
+  kConnexion,     ///< to FTP: connect to the server in the store
+  kDeconnexion,   ///< to FTP
+  kSurveillance,  ///< to FTP: there is a new live image
+  kPage,          ///< to FTP: create and upload the page
+  kIntrusion,     ///< to mail and sound
+  kVeille,        ///< to mail: the watch itself has something to say, see kDossierVeille
+  kOptions,       ///< to all: read the store again
+  kQuitte         ///< to all: end
+};
+/// The word of a command: what it is called in documents and logs.
+QLatin1String DonneMot(Commande commande);
+
+/// Key code of a command for a companion; nothing for a command that this companion does not know. The same code means
+/// different things to different companions.
+std::optional<qint32> DonneCodeTouche(Compagnon compagnon, Commande commande);
+/// The way back, for the companion's side; nothing for a code that it does not know.
+std::optional<Commande> LitCodeTouche(Compagnon compagnon, qint32 code);
 /// What becomes of a command that its companion does not take at once.
 enum class Tenue {
   kInstant,    ///< true only now: gone after kDureeInstant
@@ -51,11 +67,8 @@ enum class Tenue {
 };
 /// Milliseconds after which an intrusion does not happen now any more.
 inline constexpr qint64 kDureeInstant = 2000;
-Tenue DonneTenue(const QString& mot);
+Tenue DonneTenue(Commande commande);
 /// Code that no companion knows and so every one ignores. Posted to see whether its messages are taken.
 inline constexpr qint32 kCodeSonde = 0;
-
-/// The way back, for the companion's side: the command word of a key code, or the empty text.
-QString DonneMotCommande(Compagnon compagnon, qint32 code);
 
 }  // namespace vaktor

@@ -13,8 +13,8 @@ class ActionsAlarme {
  public:
   virtual ~ActionsAlarme() = default;
   virtual void EnregistrePhoto() = 0;
-  virtual void EnvoiMail(const QString& mot) = 0;  ///< a command word of five characters; fire and forget
-  virtual void EnvoiSon(const QString& mot) = 0;
+  virtual void EnvoiMail() = 0;  ///< tells the mail companion of the intrusion; fire and forget
+  virtual void EnvoiSon() = 0;   ///< the same with the sound companion
 };
 
 /// The live page as the engine sees it: whether it is on, and who publishes a frame.

@@ -22,10 +22,11 @@ void LienPrincipal::Dis(const QString& texte) { Emetteur_.Poste(PoigneePrincipal
 void LienPrincipal::RecoitMessage(const QByteArray& message) {
   bool nombre = false;
   const qint32 code = message.toInt(&nombre);
-  const QString mot = nombre ? DonneMotCommande(Ports_.Qui, code) : QString();
+  const std::optional<Commande> commande = nombre ? LitCodeTouche(Ports_.Qui, code) : std::nullopt;
+  if (!commande) return;
   // One that waited for us while we were busy or held up: whatever it told of is over.
-  if (DonneTenue(mot) == Tenue::kInstant && Age() > kDureeInstant) return;
-  if (!mot.isEmpty()) Ports_.SurCommande(mot);
+  if (DonneTenue(*commande) == Tenue::kInstant && Age() > kDureeInstant) return;
+  Ports_.SurCommande(*commande);
 }
 
 qint64 LienPrincipal::Age() const {

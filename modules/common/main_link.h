@@ -25,8 +25,8 @@ struct PortsLien {
   Compagnon Qui;
   DossierCanal Dossier;
   FabriqueMinuteries& Minuteries;
-  std::function<qint32()> LitHwndvk;                    ///< the inbox's handle as the store has it now, 0 for none
-  std::function<void(const QString& mot)> SurCommande;  ///< a command word of this companion, "Optio" and "Quit*" too
+  std::function<qint32()> LitHwndvk;                   ///< the inbox's handle as the store has it now, 0 for none
+  std::function<void(Commande commande)> SurCommande;  ///< one that this companion knows
   /// After each "HWND:" that was sent: the first, and again when the main program has come back.
   std::function<void(Inscription comment)> SurEnregistrement;
   std::function<void()> SurPerte;  ///< the main program is gone for good; once

@@ -89,7 +89,7 @@ class Execution {
     // loop.
     const SignauxFin signaux([this] { Termine(QStringLiteral("signal")); });
     LienPrincipal lien(PortsLien{qui, DossierCanal(), Minuteries_, [this] { return LitPoignee(); },
-                                 [this](const QString& mot) { Commande(mot); },
+                                 [this](Commande commande) { Execute(commande); },
                                  [this](Inscription comment) {
                                    Journal_.Note(NommeInscription(comment));
                                    // The store could not be read until now, and no command will say so.
@@ -149,13 +149,13 @@ class Execution {
     ReglagesDonnes_ = true;
   }
 
-  void Commande(const QString& mot) {
-    if (mot == QLatin1String("Optio"))
+  void Execute(Commande commande) {
+    if (commande == Commande::kOptions)
       DonneReglages();
-    else if (mot == QLatin1String("Quit*"))
-      Termine(mot);
+    else if (commande == Commande::kQuitte)
+      Termine(DonneMot(commande));
     else
-      Module_->ExecuteCommande(mot);
+      Module_->ExecuteCommande(commande);
   }
 
   void Termine(const QString& raison) {

@@ -34,14 +34,15 @@ struct ContexteModule {
 class Module {
  public:
   virtual ~Module() = default;
-  /// At start, before anything else, and on each "Optio". The passwords are hidden from log and status already.
+  /// At start, before anything else, and on each Commande::kOptions. The passwords are hidden from log and status
+  /// already.
   virtual void PrendReglages(const ReglagesModule& reglages) = 0;
   /// Registered with a main program, the first or one that has come back.
   virtual void Enregistre(Inscription /*comment*/) {}
-  /// A command word but "Optio" and "Quit*".
-  virtual void ExecuteCommande(const QString& mot) = 0;
-  /// "Quit*", a TERM signal, or the main program is gone for good. Has to call Quitte, at once or after what cannot
-  /// wait; is called once.
+  /// Any command but kOptions and kQuitte.
+  virtual void ExecuteCommande(Commande commande) = 0;
+  /// Commande::kQuitte, a TERM signal, or the main program is gone for good. Has to call Quitte, at once or after what
+  /// cannot wait; is called once.
   virtual void Termine() = 0;
 };
 

@@ -76,11 +76,11 @@ void ModuleFtp::Enregistre(Inscription comment) {
   for (const QString& mot : mots) Contexte_.Dis(mot);
 }
 
-void ModuleFtp::ExecuteCommande(const QString& mot) {
-  if (mot == QLatin1String("Conne")) Connecte();
-  if (mot == QLatin1String("Decon")) Arrete(mot);
-  if (mot == QLatin1String("Surve")) DemandeLive();
-  if (mot == QLatin1String("UploM")) DemandePage();
+void ModuleFtp::ExecuteCommande(Commande commande) {
+  if (commande == Commande::kConnexion) Connecte();
+  if (commande == Commande::kDeconnexion) Arrete(QStringLiteral("Decon"));
+  if (commande == Commande::kSurveillance) DemandeLive();
+  if (commande == Commande::kPage) DemandePage();
 }
 
 void ModuleFtp::Connecte() {

@@ -44,7 +44,7 @@ class ModuleFtp : public Module {
   /// Started again while the main program ran: nothing. It sends "Conne" by itself if its switch is on, and shows what
   /// is true. A connection for an earlier main program ends.
   void Enregistre(Inscription comment) override;
-  void ExecuteCommande(const QString& mot) override;
+  void ExecuteCommande(Commande commande) override;
   void Termine() override;
 
  private:

@@ -51,9 +51,9 @@ void ModuleMail::PrendReglages(const ReglagesModule& reglages) {
 
 void ModuleMail::Enregistre(Inscription /*comment*/) { PrendVeille(); }
 
-void ModuleMail::ExecuteCommande(const QString& mot) {
-  if (mot == QLatin1String("Veill")) PrendVeille();
-  if (mot != QLatin1String("Intru")) return;
+void ModuleMail::ExecuteCommande(Commande commande) {
+  if (commande == Commande::kVeille) PrendVeille();
+  if (commande != Commande::kIntrusion) return;
   DerniereIntrusion_ = Ports_.Maintenant();
   if (ResteDeLaSerie_ > 0 || TimerPause_->EstActive()) return;
   CommenceSerie();

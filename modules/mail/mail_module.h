@@ -40,7 +40,7 @@ class ModuleMail : public Module {
 
   void PrendReglages(const ReglagesModule& reglages) override;
   void Enregistre(Inscription comment) override;
-  void ExecuteCommande(const QString& mot) override;
+  void ExecuteCommande(Commande commande) override;
   void Termine() override;
 
  private:

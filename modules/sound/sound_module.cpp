@@ -32,8 +32,8 @@ QString ModuleSon::DonneFichier() const {
   return Contexte_.Dossiers.CheminSons() + QStringLiteral("/%1.wav").arg(numero);
 }
 
-void ModuleSon::ExecuteCommande(const QString& mot) {
-  if (mot != QLatin1String("Intru") || Joueur_->EnCours() || TimerRepos_->EstActive()) return;
+void ModuleSon::ExecuteCommande(Commande commande) {
+  if (commande != Commande::kIntrusion || Joueur_->EnCours() || TimerRepos_->EstActive()) return;
   EnJeu_ = DonneFichier();
   if (!QFileInfo(EnJeu_).isFile()) {
     TermineSon(FinSon::kFichierMauvais, QString());

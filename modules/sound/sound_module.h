@@ -19,7 +19,7 @@ class ModuleSon : public Module {
   ModuleSon(const ContexteModule& contexte, std::unique_ptr<JoueurSon> joueur);
 
   void PrendReglages(const ReglagesModule& reglages) override;
-  void ExecuteCommande(const QString& mot) override;
+  void ExecuteCommande(Commande commande) override;
   void Termine() override;
 
  private:

@@ -1,7 +1,7 @@
-// Port: command words to the three companions. The save tells them "Optio" through it.
+// Port: commands to the three companions. The save tells them kOptions through it.
 #pragma once
 
-#include <QString>
+#include "companions/contract/command_words.h"
 
 namespace vaktor {
 
@@ -9,9 +9,9 @@ namespace vaktor {
 class CommandesModules {
  public:
   virtual ~CommandesModules() = default;
-  virtual void EnvoiFTP(const QString& mot) = 0;  ///< a command word of five characters
-  virtual void EnvoiMail(const QString& mot) = 0;
-  virtual void EnvoiSon(const QString& mot) = 0;
+  virtual void EnvoiFTP(Commande commande) = 0;
+  virtual void EnvoiMail(Commande commande) = 0;
+  virtual void EnvoiSon(Commande commande) = 0;
 };
 
 }  // namespace vaktor

@@ -74,9 +74,9 @@ class MagasinFaux : public MagasinReglages {
 class CommandesFaux : public CommandesModules {
  public:
   explicit CommandesFaux(QStringList& journal) : J_(journal) {}
-  void EnvoiFTP(const QString& mot) override { J_ << QStringLiteral("FTP ") + mot; }
-  void EnvoiMail(const QString& mot) override { J_ << QStringLiteral("MAIL ") + mot; }
-  void EnvoiSon(const QString& mot) override { J_ << QStringLiteral("SON ") + mot; }
+  void EnvoiFTP(Commande commande) override { J_ << QStringLiteral("FTP ") + DonneMot(commande); }
+  void EnvoiMail(Commande commande) override { J_ << QStringLiteral("MAIL ") + DonneMot(commande); }
+  void EnvoiSon(Commande commande) override { J_ << QStringLiteral("SON ") + DonneMot(commande); }
 
  private:
   QStringList& J_;

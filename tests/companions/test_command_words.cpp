@@ -12,47 +12,62 @@ struct Envois : testing::Test {
   EtatLiaison Etat{.HandleFTP = 11, .HandleMail = 22, .HandleSon = 33};
   ModuleSendMessages Module{Canal, Etat};
 
-  QString EnvoieUn(Compagnon compagnon, const QString& mot) {
+  QString EnvoieUn(Compagnon compagnon, Commande commande) {
     Journal.clear();
-    if (compagnon == Compagnon::kFtp) Module.EnvoiFTP(mot);
-    if (compagnon == Compagnon::kMail) Module.EnvoiMail(mot);
-    if (compagnon == Compagnon::kSon) Module.EnvoiSon(mot);
+    if (compagnon == Compagnon::kFtp) Module.EnvoiFTP(commande);
+    if (compagnon == Compagnon::kMail) Module.EnvoiMail(commande);
+    if (compagnon == Compagnon::kSon) Module.EnvoiSon(commande);
     return Journal.join(u'|');
   }
 };
 
 TEST_F(Envois, EveryWordHasItsOwnCodeForEachCompanion) {
-  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "Conne"), "poste 11 65");
-  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "Decon"), "poste 11 66");
-  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "Optio"), "poste 11 67");
-  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "Quit*"), "poste 11 68");
-  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "Surve"), "poste 11 69");
-  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "UploM"), "poste 11 71");
-  EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Optio"), "poste 22 65");
-  EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Intru"), "poste 22 66");
-  EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Quit*"), "poste 22 67");
-  EXPECT_EQ(EnvoieUn(Compagnon::kMail, "Veill"), "poste 22 68");
-  EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Optio"), "poste 33 65");
-  EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Intru"), "poste 33 66");
-  EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Quit*"), "poste 33 67");
+  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, Commande::kConnexion), "poste 11 65");
+  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, Commande::kDeconnexion), "poste 11 66");
+  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, Commande::kOptions), "poste 11 67");
+  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, Commande::kQuitte), "poste 11 68");
+  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, Commande::kSurveillance), "poste 11 69");
+  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, Commande::kPage), "poste 11 71");
+  EXPECT_EQ(EnvoieUn(Compagnon::kMail, Commande::kOptions), "poste 22 65");
+  EXPECT_EQ(EnvoieUn(Compagnon::kMail, Commande::kIntrusion), "poste 22 66");
+  EXPECT_EQ(EnvoieUn(Compagnon::kMail, Commande::kQuitte), "poste 22 67");
+  EXPECT_EQ(EnvoieUn(Compagnon::kMail, Commande::kVeille), "poste 22 68");
+  EXPECT_EQ(EnvoieUn(Compagnon::kSon, Commande::kOptions), "poste 33 65");
+  EXPECT_EQ(EnvoieUn(Compagnon::kSon, Commande::kIntrusion), "poste 33 66");
+  EXPECT_EQ(EnvoieUn(Compagnon::kSon, Commande::kQuitte), "poste 33 67");
 }
 
-TEST_F(Envois, AnUnknownWordPostsNothing) {
-  for (const char* mot : {"", "Intru", "conne", "Conne ", "Conn", "Quit", "Connexion"})
-    EXPECT_EQ(EnvoieUn(Compagnon::kFtp, mot), "") << mot;
-  EXPECT_EQ(EnvoieUn(Compagnon::kFtp, "Veill"), "");
-  EXPECT_EQ(EnvoieUn(Compagnon::kSon, "Veill"), "");
-  for (const char* mot : {"Conne", "Surve", "UploM", "intru"}) {
-    EXPECT_EQ(EnvoieUn(Compagnon::kMail, mot), "") << mot;
-    EXPECT_EQ(EnvoieUn(Compagnon::kSon, mot), "") << mot;
+TEST_F(Envois, ACommandOfAnotherCompanionPostsNothing) {
+  for (const Commande commande : {Commande::kIntrusion, Commande::kVeille})
+    EXPECT_EQ(EnvoieUn(Compagnon::kFtp, commande), "") << DonneMot(commande).data();
+  for (const Commande commande :
+       {Commande::kConnexion, Commande::kDeconnexion, Commande::kSurveillance, Commande::kPage}) {
+    EXPECT_EQ(EnvoieUn(Compagnon::kMail, commande), "") << DonneMot(commande).data();
+    EXPECT_EQ(EnvoieUn(Compagnon::kSon, commande), "") << DonneMot(commande).data();
   }
+  EXPECT_EQ(EnvoieUn(Compagnon::kSon, Commande::kVeille), "");
 }
 
-TEST_F(Envois, CodesLeadBackToTheirWords) {
-  EXPECT_EQ(DonneMotCommande(Compagnon::kFtp, 67), "Optio");
-  EXPECT_EQ(DonneMotCommande(Compagnon::kMail, 67), "Quit*");
-  EXPECT_EQ(DonneMotCommande(Compagnon::kFtp, 70), "");
-  EXPECT_EQ(DonneMotCommande(Compagnon::kSon, 68), "");
+TEST_F(Envois, CodesLeadBackToTheirCommandsAndCode70IsFree) {
+  for (const Compagnon compagnon : kCompagnons) {
+    for (qint32 code = 0; code < 100; ++code) {
+      const std::optional<Commande> commande = LitCodeTouche(compagnon, code);
+      if (!commande) continue;
+      EXPECT_EQ(DonneCodeTouche(compagnon, *commande), code);
+    }
+  }
+  EXPECT_EQ(LitCodeTouche(Compagnon::kFtp, 67), Commande::kOptions);
+  EXPECT_EQ(LitCodeTouche(Compagnon::kMail, 67), Commande::kQuitte);
+  EXPECT_EQ(LitCodeTouche(Compagnon::kFtp, 70), std::nullopt);
+  EXPECT_EQ(LitCodeTouche(Compagnon::kSon, 68), std::nullopt);
+}
+
+TEST_F(Envois, EachCommandHasItsWord) {
+  const QList<QPair<Commande, QString>> mots = {{Commande::kConnexion, "Conne"},    {Commande::kDeconnexion, "Decon"},
+                                                {Commande::kSurveillance, "Surve"}, {Commande::kPage, "UploM"},
+                                                {Commande::kIntrusion, "Intru"},    {Commande::kVeille, "Veill"},
+                                                {Commande::kOptions, "Optio"},      {Commande::kQuitte, "Quit*"}};
+  for (const auto& [commande, mot] : mots) EXPECT_EQ(DonneMot(commande), mot);
 }
 
 TEST_F(Envois, NamesAndSectionsBelongTogether) {
@@ -64,15 +79,16 @@ TEST_F(Envois, NamesAndSectionsBelongTogether) {
   EXPECT_EQ(DonneIdentite(Compagnon::kSon).Section, QLatin1String("SON"));
 }
 
-TEST_F(Envois, WhatBecomesOfACommandGoesWithItsWord) {
-  const QList<QPair<QString, Tenue>> attendues = {{"Intru", Tenue::kInstant},   {"Optio", Tenue::kGardee},
-                                                  {"Veill", Tenue::kGardee},    {"Quit*", Tenue::kDerniere},
-                                                  {"Surve", Tenue::kOrdinaire}, {"Conne", Tenue::kOrdinaire},
-                                                  {"Decon", Tenue::kOrdinaire}, {"UploM", Tenue::kOrdinaire}};
-  for (const auto& [mot, tenue] : attendues) EXPECT_EQ(DonneTenue(mot), tenue) << mot.toStdString();
-  EnvoieUn(Compagnon::kSon, "Intru");
+TEST_F(Envois, WhatBecomesOfACommandGoesWithWhatItSays) {
+  const QList<QPair<Commande, Tenue>> attendues = {
+      {Commande::kIntrusion, Tenue::kInstant},      {Commande::kOptions, Tenue::kGardee},
+      {Commande::kVeille, Tenue::kGardee},          {Commande::kQuitte, Tenue::kDerniere},
+      {Commande::kSurveillance, Tenue::kOrdinaire}, {Commande::kConnexion, Tenue::kOrdinaire},
+      {Commande::kDeconnexion, Tenue::kOrdinaire},  {Commande::kPage, Tenue::kOrdinaire}};
+  for (const auto& [commande, tenue] : attendues) EXPECT_EQ(DonneTenue(commande), tenue) << DonneMot(commande).data();
+  EnvoieUn(Compagnon::kSon, Commande::kIntrusion);
   EXPECT_EQ(Canal.DerniereTenue, Tenue::kInstant);
-  EnvoieUn(Compagnon::kSon, "Quit*");
+  EnvoieUn(Compagnon::kSon, Commande::kQuitte);
   EXPECT_EQ(Canal.DerniereTenue, Tenue::kDerniere);
 }
 

@@ -262,7 +262,7 @@ TEST_F(Veille, EveryTenSecondsACodeThatMeansNothingShowsWhetherMessagesAreTaken)
   Secondes(1);
   EXPECT_EQ(Journal.filter("poste"), QStringList({"poste 21 0", "poste 22 0", "poste 23 0"}));
   EXPECT_EQ(Canal.DerniereTenue, Tenue::kInstant) << "of no use later";
-  for (const Compagnon compagnon : kCompagnons) EXPECT_EQ(DonneMotCommande(compagnon, kCodeSonde), "");
+  for (const Compagnon compagnon : kCompagnons) EXPECT_EQ(LitCodeTouche(compagnon, kCodeSonde), std::nullopt);
 }
 
 TEST_F(Veille, ACompanionIsCountedOnWhileItIsRegisteredAndTakesItsMessages) {

@@ -111,8 +111,8 @@ TEST_F(Analyse, ActionsRunFromThirtyOneChangedSamplesOnAnArmedSystemInTheirOrder
   Trame(AvecPoints(31));
   const qsizetype photo = Journal.Rang(QStringLiteral("EnregistrePhoto"));
   EXPECT_GE(photo, 0);
-  EXPECT_EQ(Journal.Rang(QStringLiteral("EnvoiMail Intru")), photo + 1);
-  EXPECT_EQ(Journal.Rang(QStringLiteral("EnvoiSon Intru")), photo + 2);
+  EXPECT_EQ(Journal.Rang(QStringLiteral("EnvoiMail")), photo + 1);
+  EXPECT_EQ(Journal.Rang(QStringLiteral("EnvoiSon")), photo + 2);
   Trame(Unie(0));  // the next frame above the level acts again
   EXPECT_EQ(Actions.Photos, 2);
   EXPECT_EQ(Actions.Mails, 2);

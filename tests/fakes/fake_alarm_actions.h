@@ -19,12 +19,12 @@ class ActionsFausses : public ActionsAlarme {
     if (PendantPhoto) PendantPhoto();
     if (PhotoEchoue) throw Echec(kAppelIncorrect, QStringLiteral("the photo cannot be written"));
   }
-  void EnvoiMail(const QString& mot) override {
-    Journal_.Note([&] { return QStringLiteral("EnvoiMail ") + mot; });
+  void EnvoiMail() override {
+    Journal_.Note([] { return QStringLiteral("EnvoiMail"); });
     ++Mails;
   }
-  void EnvoiSon(const QString& mot) override {
-    Journal_.Note([&] { return QStringLiteral("EnvoiSon ") + mot; });
+  void EnvoiSon() override {
+    Journal_.Note([] { return QStringLiteral("EnvoiSon"); });
     ++Sons;
   }
 

@@ -8,9 +8,9 @@ namespace {
 
 class ModulesNotes : public CommandesModules {
  public:
-  void EnvoiFTP(const QString& mot) override { Envois.append(QStringLiteral("FTP:") + mot); }
-  void EnvoiMail(const QString& mot) override { Envois.append(QStringLiteral("MAIL:") + mot); }
-  void EnvoiSon(const QString& mot) override { Envois.append(QStringLiteral("SON:") + mot); }
+  void EnvoiFTP(Commande commande) override { Envois.append(QStringLiteral("FTP:") + DonneMot(commande)); }
+  void EnvoiMail(Commande commande) override { Envois.append(QStringLiteral("MAIL:") + DonneMot(commande)); }
+  void EnvoiSon(Commande commande) override { Envois.append(QStringLiteral("SON:") + DonneMot(commande)); }
   QStringList Envois;
 };
 

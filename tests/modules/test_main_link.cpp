@@ -24,7 +24,7 @@ struct Lien : testing::Test {
   std::unique_ptr<BoiteLocale> Principal = OuvrePrincipal();
   qint64 Maintenant = Dossier.DonneOuverture(Hwndvk).value_or(0);
   LienPrincipal Lien_{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; },
-                                [this](const QString& mot) { Mots << mot; },
+                                [this](Commande commande) { Mots << DonneMot(commande); },
                                 [this](Inscription comment) { ++Enregistrements, Comment = comment; },
                                 [this] { ++Pertes; }, [this] { return Maintenant; }}};
   EmetteurLocal Emetteur{Dossier};
@@ -67,7 +67,7 @@ TEST_F(Lien, AClockThatWasSetBackCountsAsLate) {
 
 // Whatever the clock makes of the age of the inbox.
 TEST_F(Lien, StartedAgainItIsNotEarlyAndSoonAnOrdinaryOneAgain) {
-  LienPrincipal relance{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; }, [](const QString&) {},
+  LienPrincipal relance{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; }, [](Commande) {},
                                   [this](Inscription comment) { Comment = comment; }, [] {},
                                   [this] { return Maintenant; }, true}};
   Comment = Inscription::kTot;
@@ -100,7 +100,7 @@ TEST_F(Lien, RegistersOnceWithTheSameMainProgram) {
   EXPECT_EQ(Pertes, 0);
 }
 
-TEST_F(Lien, CodesBecomeTheWordsOfThisCompanion) {
+TEST_F(Lien, CodesBecomeTheCommandsOfThisCompanion) {
   Lien_.Demarre();
   for (const char* code : {"65", "66", "67"}) Emetteur.Poste(Lien_.Poignee(), code);
   ASSERT_TRUE(AttendQue([this] { return Mots.size() == 3; }));

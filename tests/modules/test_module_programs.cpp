@@ -30,7 +30,7 @@ TEST_F(Programmes, TheSoundCompanionRegistersAndEndsWhenItIsTold) {
   Lance(VAKTOR_SOUND);
   ASSERT_TRUE(AttendInscription());
   EXPECT_TRUE(Dossier.Repond(Etat.HandleSon));
-  Envois.EnvoiSon("Quit*");
+  Envois.EnvoiSon(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(Programme.exitCode(), 0);
@@ -43,12 +43,12 @@ TEST_F(Programmes, TheSoundCompanionReadsTheStoreAgainWhenItIsTold) {
   Magasin.EcritReglage("SON", "index", "3");
   Magasin.EcritReglage("SON", "Repertoire", "/pas/la/mon son.wav");
   Magasin.Vide();
-  Envois.EnvoiSon("Optio");
+  Envois.EnvoiSon(Commande::kOptions);
   for (int i = 0; i < 10; ++i) {
-    Envois.EnvoiSon("Intru");
+    Envois.EnvoiSon(Commande::kIntrusion);
     ASSERT_TRUE(AttendPrise());  // else equal ones are folded into one
   }
-  Envois.EnvoiSon("Quit*");
+  Envois.EnvoiSon(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(LitJournal().count("/pas/la/mon son.wav"), 1) << "told once";
 }
@@ -73,9 +73,9 @@ TEST_F(Programmes, AStoreThatCannotBeReadAtItsStartIsReadWhenItRegisters) {
   ASSERT_TRUE(AttendQue([&] { return LitJournal().contains("vaktor.ini"); })) << LitJournal().toStdString();
   ASSERT_TRUE(QDir().rmdir(magasin) && QFile::rename(cote, magasin));
   ASSERT_TRUE(AttendInscription());
-  Envois.EnvoiSon("Intru");
+  Envois.EnvoiSon(Commande::kIntrusion);
   ASSERT_TRUE(AttendPrise());
-  Envois.EnvoiSon("Quit*");
+  Envois.EnvoiSon(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   EXPECT_TRUE(LitJournal().contains("/pas/la/mon son.wav"));
 }
@@ -141,14 +141,14 @@ TEST_F(Exemple, ItIsShort) {
 }
 
 TEST_F(Exemple, ItDoesWhatTheManualSays) {
-  Envois.EnvoiSon("Intru");
+  Envois.EnvoiSon(Commande::kIntrusion);
   ASSERT_TRUE(AttendPrise());
   Magasin.EcritReglage("SON", "index", "1");
   Magasin.Vide();
-  Envois.EnvoiSon("Optio");
-  Envois.EnvoiSon("Intru");
+  Envois.EnvoiSon(Commande::kOptions);
+  Envois.EnvoiSon(Commande::kIntrusion);
   ASSERT_TRUE(AttendPrise());
-  Envois.EnvoiSon("Quit*");
+  Envois.EnvoiSon(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   const QString dit = QString::fromUtf8(Programme.readAll());
   EXPECT_TRUE(dit == "intrusion, sound 2\nintrusion, sound 1\n" || dit == "intrusion, sound 1\nintrusion, sound 1\n")

@@ -54,7 +54,7 @@ struct Son : BancModule {
   }
   QString Intrusion() {
     Faits.clear();
-    Module->ExecuteCommande("Intru");
+    Module->ExecuteCommande(Commande::kIntrusion);
     return Faits.join(u'|').replace(Temporaire.path(), "~");
   }
 };
@@ -81,8 +81,9 @@ TEST_F(Son, OneAtATimeAndAgainAfterwards) {
   EXPECT_EQ(Intrusion(), "joue ~/snd/0.wav");
 }
 
-TEST_F(Son, OtherWordsPlayNothing) {
-  for (const char* mot : {"", "intru", "Optio", "Surve"}) Module->ExecuteCommande(mot);
+TEST_F(Son, OtherCommandsPlayNothing) {
+  for (const Commande commande : {Commande::kOptions, Commande::kSurveillance, Commande::kVeille})
+    Module->ExecuteCommande(commande);
   EXPECT_TRUE(Faits.isEmpty());
 }
 

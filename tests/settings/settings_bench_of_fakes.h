@@ -15,9 +15,9 @@ class FauxModules : public CommandesModules {
   QStringList Envois;                         ///< "FTP:Optio" and so on
   std::function<void()> AuPremierEnvoi = {};  ///< what a companion sees when it is told
 
-  void EnvoiFTP(const QString& mot) override { Note(QStringLiteral("FTP:") + mot); }
-  void EnvoiMail(const QString& mot) override { Note(QStringLiteral("MAIL:") + mot); }
-  void EnvoiSon(const QString& mot) override { Note(QStringLiteral("SON:") + mot); }
+  void EnvoiFTP(Commande commande) override { Note(QStringLiteral("FTP:") + DonneMot(commande)); }
+  void EnvoiMail(Commande commande) override { Note(QStringLiteral("MAIL:") + DonneMot(commande)); }
+  void EnvoiSon(Commande commande) override { Note(QStringLiteral("SON:") + DonneMot(commande)); }
 
  private:
   void Note(const QString& envoi) {

@@ -71,9 +71,12 @@ struct Ftp : BancModule {
   QJsonObject EtatLu() const { return QJsonDocument::fromJson(LitOctets(Temporaire.filePath("ftp.json"))).object(); }
   /// The words said since the last look.
   QString Dits() { return std::exchange(Mots, {}).join(u' '); }
-  QString Dit(const QString& commande) {
+  /// `mot`: the word of a command of this companion.
+  QString Dit(const QString& mot) {
     Mots.clear();
-    Module->ExecuteCommande(commande);
+    for (const Commande commande :
+         {Commande::kConnexion, Commande::kDeconnexion, Commande::kSurveillance, Commande::kPage})
+      if (DonneMot(commande) == mot) Module->ExecuteCommande(commande);
     return Dits();
   }
   QString Finit(IssueFtp issue, const QString& mots = {}) {

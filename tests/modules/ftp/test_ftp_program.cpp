@@ -53,7 +53,7 @@ struct ProgrammeFtp : ProgrammeCompagnon {
   void Regle(const QString& cle, const QString& valeur) { Magasin.EcritReglage("FTP", cle, valeur); }
   void Sauve() {
     Magasin.Vide();
-    Envois.EnvoiFTP("Optio");
+    Envois.EnvoiFTP(Commande::kOptions);
   }
   bool Montre(const QString& quoi) {
     return AttendQue([&] { return Journal.contains(quoi); });
@@ -70,9 +70,9 @@ struct ProgrammeFtp : ProgrammeCompagnon {
   QString EtatEcrit() { return QString::fromUtf8(LitOctets(Temporaire.filePath("etat/VAKTORftp.json"))); }
   void ConnecteEtPublie() {
     PoseLive(1);
-    Envois.EnvoiFTP("Conne");
+    Envois.EnvoiFTP(Commande::kConnexion);
     ASSERT_TRUE(AttendStatut(36));
-    Envois.EnvoiFTP("Surve");
+    Envois.EnvoiFTP(Commande::kSurveillance);
     ASSERT_TRUE(AttendStatut(37));
     ASSERT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1));
   }
@@ -80,17 +80,17 @@ struct ProgrammeFtp : ProgrammeCompagnon {
 
 TEST_F(ProgrammeFtp, FromTheSwitchToTheMonitoringThatRuns) {
   PoseLive(1);
-  Envois.EnvoiFTP("Conne");
+  Envois.EnvoiFTP(Commande::kConnexion);
   ASSERT_TRUE(AttendQue([this] { return Etat.LiveActif; }));
   EXPECT_EQ(Vus(),
             QString::fromUtf8("statut 69 | statut Serveur trouvé | statut Identification | statut 36 | live LEDVERT"));
   Journal.clear();
-  Envois.EnvoiFTP("Surve");
+  Envois.EnvoiFTP(Commande::kSurveillance);
   ASSERT_TRUE(Montre("statut 33"));
   EXPECT_EQ(Vus(), "statut 70 | statut 37 | live LEDVERT | statut 33 | live LEDVERT");
   EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1));
   EXPECT_TRUE(EtatEcrit().contains("\"ok\""));
-  Envois.EnvoiFTP("Decon");
+  Envois.EnvoiFTP(Commande::kDeconnexion);
   EXPECT_TRUE(AttendStatut(34));
 }
 
@@ -101,7 +101,7 @@ TEST_F(ProgrammeFtp, EachMistakeOfTheUserIsShownAndTurnsTheSwitchOff) {
     Sauve();
     Etat.SurveillanceEnCours = true;
     Journal.clear();
-    Envois.EnvoiFTP("Conne");
+    Envois.EnvoiFTP(Commande::kConnexion);
     EXPECT_TRUE(AttendStatut(statut));
     EXPECT_TRUE(Montre("page 2")) << Vus().toStdString();
     EXPECT_TRUE(rouge.isEmpty() || Journal.contains(rouge)) << Vus().toStdString();
@@ -125,7 +125,7 @@ TEST_F(ProgrammeFtp, AServerThatIsRestartedIsFoundAgain) {
   ConnecteEtPublie();
   Serveur.Arrete();
   PoseLive(2);
-  Envois.EnvoiFTP("Surve");
+  Envois.EnvoiFTP(Commande::kSurveillance);
   ASSERT_TRUE(AttendStatut(174));
   EXPECT_TRUE(Etat.SurveillanceEnCours && Etat.LiveActif) << "the user's switch stays on";
   EXPECT_TRUE(EtatEcrit().contains("ftp-lost"));
@@ -140,7 +140,7 @@ TEST_F(ProgrammeFtp, AConnectionCutInMidTransferIsTakenUpAgain) {
   ConnecteEtPublie();
   Serveur.Dit("cut 3000");
   PoseLive(3);
-  Envois.EnvoiFTP("Surve");
+  Envois.EnvoiFTP(Commande::kSurveillance);
   ASSERT_TRUE(AttendStatut(174));
   EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(1)) << "visitors still have the old one";
   ASSERT_TRUE(AttendStatut(36));
@@ -151,7 +151,7 @@ TEST_F(ProgrammeFtp, AConnectionCutInMidTransferIsTakenUpAgain) {
 TEST_F(ProgrammeFtp, AnImageThatIsThereAlreadyIsNotPublishedUnderANewTime) {
   ConnecteEtPublie();
   ASSERT_TRUE(QFile::remove(Serveur.Chemin("live.jpg")));
-  Envois.EnvoiFTP("Surve");
+  Envois.EnvoiFTP(Commande::kSurveillance);
   ASSERT_TRUE(AttendStatut(36)) << "ready for the next";
   EXPECT_FALSE(QFile::exists(Serveur.Chemin("live.jpg")));
   const QJsonObject etat = QJsonDocument::fromJson(EtatEcrit().toUtf8()).object();
@@ -165,12 +165,12 @@ TEST_F(ProgrammeFtp, AFullServerIsToldAndRecoveredFrom) {
   ConnecteEtPublie();
   Serveur.Dit("full");
   PoseLive(2);
-  Envois.EnvoiFTP("Surve");
+  Envois.EnvoiFTP(Commande::kSurveillance);
   ASSERT_TRUE(AttendStatut(36)) << "connected, which is true, and no upload done";
   ASSERT_TRUE(AttendQue([this] { return EtatEcrit().contains("552 Quota exceeded, *** or not."); }));
   Serveur.Dit("normal");
   PoseLive(4);
-  Envois.EnvoiFTP("Surve");
+  Envois.EnvoiFTP(Commande::kSurveillance);
   ASSERT_TRUE(AttendStatut(37));
   EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(4));
   EXPECT_TRUE(EtatEcrit().contains("\"ok\""));
@@ -182,7 +182,7 @@ TEST_F(ProgrammeFtp, PhotosAreOnThePageAndGoneFromHere) {
   EcritOctets(ici + "/2026-11-15  14-05-09 Photo 00001.jpg", CreeJpeg(5));
   EcritOctets(ici + "/moitie.jpg", CreeJpeg(6).left(500));
   ASSERT_TRUE(AttendQue([&] { return QDir(ici).entryList(QDir::Files) == QStringList("moitie.jpg"); }));
-  Envois.EnvoiFTP("UploM");
+  Envois.EnvoiFTP(Commande::kPage);
   ASSERT_TRUE(AttendStatut(37));
   EXPECT_EQ(LitOctets(Serveur.Chemin("2026-11-15  14-05-09 Photo 00001.jpg")), CreeJpeg(5));
   EXPECT_TRUE(LitOctets(Serveur.Chemin("live.html")).contains("2026-11-15%20%2014-05-09%20Photo%2000001.jpg"));
@@ -207,7 +207,7 @@ TEST_F(ProgrammeFtp, ATrialBesideItDisturbsNothing) {
   int envoyes = 0;
   while (essai.state() != QProcess::NotRunning) {
     PoseLive(10 + envoyes++);
-    Envois.EnvoiFTP("Surve");
+    Envois.EnvoiFTP(Commande::kSurveillance);
     ASSERT_TRUE(AttendStatut(37));
     ASSERT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(9 + envoyes));
   }
@@ -222,9 +222,9 @@ TEST_F(ProgrammeFtp, QuitEndsItEvenInTheMiddleOfATransfer) {
   ConnecteEtPublie();
   Serveur.Dit("silent");
   EcritOctets(Temporaire.filePath("Temp/Live.jpg"), CreeJpeg(7, 2500));
-  Envois.EnvoiFTP("Surve");
+  Envois.EnvoiFTP(Commande::kSurveillance);
   ASSERT_TRUE(AttendStatut(70));
-  Envois.EnvoiFTP("Quit*");
+  Envois.EnvoiFTP(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(Programme.exitCode(), 0);

@@ -64,7 +64,7 @@ struct Mail : BancModule {
   }
   void Intrusion(qint64 duree = 0) {
     for (qint64 t = 0; t <= duree; t += 30) {
-      Module->ExecuteCommande("Intru");
+      Module->ExecuteCommande(Commande::kIntrusion);
       if (duree > 0) Temps.Avance(30);
     }
   }

@@ -249,7 +249,7 @@ TEST_F(Mail, AMessageOfTheWatchThatCannotBecomeAMailWaitsToo) {
   QDir().mkpath(Temporaire.filePath("veille"));
   ASSERT_TRUE(EcritOctets(Temporaire.filePath(QStringLiteral("veille/%1-1.json").arg(Debut)),
                           QJsonDocument(MessageDeVeille()).toJson()));
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_TRUE(LitOctets(Etat.Chemin()).contains(EtatModule::EcritInstant(Debut).toUtf8()));
 }
 

@@ -16,7 +16,7 @@ namespace {
 TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
   Lance();
   Photo("2026-11-15  14-05-09 Photo 00003.jpg");
-  for (int i = 0; i < 50; ++i) Envois.EnvoiMail("Intru");
+  for (int i = 0; i < 50; ++i) Envois.EnvoiMail(Commande::kIntrusion);
   ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
   const QJsonObject lu = LitCourriel(Serveur.Message());
   EXPECT_EQ(lu["subject"].toString(), QString::fromUtf8("Intrusion détectée"));
@@ -24,7 +24,7 @@ TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
   EXPECT_EQ(lu["names"].toArray(), QJsonArray{"2026-11-15  14-05-09 Photo 00003.jpg"});
   EXPECT_TRUE(AttendQue([this] { return EnAttente().isEmpty(); }));
   EXPECT_TRUE(LitEtat("VAKTORmail.json").contains("\"ok\""));
-  Envois.EnvoiMail("Quit*");
+  Envois.EnvoiMail(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitCode(), 0);
   EXPECT_EQ(Serveur.NombreRecus(), 1) << "fifty reports, one mail";
@@ -44,10 +44,10 @@ TEST_F(ProgrammeMail, AServerThatHangsHoldsUpNeitherCommandsNorTheEnd) {
   Regle("smtpport", QString::number(muet.serverPort()));
   Magasin.Vide();
   Lance();
-  Envois.EnvoiMail("Intru");
+  Envois.EnvoiMail(Commande::kIntrusion);
   ASSERT_TRUE(AttendQue([&] { return muet.hasPendingConnections(); }));
-  Envois.EnvoiMail("Optio");
-  Envois.EnvoiMail("Quit*");
+  Envois.EnvoiMail(Commande::kOptions);
+  Envois.EnvoiMail(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitCode(), 0);
   EXPECT_EQ(EnAttente().size(), 1) << "the mail stays for the next start";
@@ -56,7 +56,7 @@ TEST_F(ProgrammeMail, AServerThatHangsHoldsUpNeitherCommandsNorTheEnd) {
 TEST_F(ProgrammeMail, AMailOutlivesItsServerAndTheNextSettingsSendIt) {
   Serveur.Arrete();
   Lance();
-  Envois.EnvoiMail("Intru");
+  Envois.EnvoiMail(Commande::kIntrusion);
   ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("mail-connection"); }));
   Tue();
   ASSERT_EQ(EnAttente().size(), 1);
@@ -71,7 +71,7 @@ TEST_F(ProgrammeMail, APasswordIsNowhereOnDiskOrInTheProcessList) {
   Regle("smtpneedlogin", "True");
   Magasin.Vide();
   Lance();
-  Envois.EnvoiMail("Intru");
+  Envois.EnvoiMail(Commande::kIntrusion);
   ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("535"); }));
   const QByteArray tout = LitEtat("VAKTORmail.json") + LitEtat("VAKTORmail.log") +
                           LitOctets(Courrier() + '/' + EnAttente().value(0)) +
@@ -86,11 +86,11 @@ TEST_F(ProgrammeMail, ABadPortIsToldAndItsCorrectionSendsTheMail) {
   Regle("smtpport", "abc");
   Magasin.Vide();
   Lance();
-  Envois.EnvoiMail("Intru");
+  Envois.EnvoiMail(Commande::kIntrusion);
   ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("mail-port"); }));
   Regle("smtpport", QString::number(Serveur.Port()));
   Magasin.Vide();
-  Envois.EnvoiMail("Optio");
+  Envois.EnvoiMail(Commande::kOptions);
   EXPECT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
 }
 
@@ -241,7 +241,7 @@ TEST_F(ProgrammeMail, KilledWhileItMakesThemEachMailMadeIsSent) {
   for (int i = 0; i < kMorts; ++i) {
     Lance();
     Photo(QStringLiteral("%1.jpg").arg(i));
-    Envois.EnvoiMail("Intru");
+    Envois.EnvoiMail(Commande::kIntrusion);
     QThread::msleep(QRandomGenerator::global()->bounded(1U, 300U));
     Tue();
     for (const QString& nom : EnAttente()) faits << nom.section('.', 0, 0);

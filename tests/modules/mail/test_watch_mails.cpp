@@ -22,7 +22,7 @@ struct Veille : Mail {
 
 TEST_F(Veille, AMessageBecomesAMailWithItsPictureAndIsGone) {
   Pose(1, kImageEntiere);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   ASSERT_EQ(Nombre(), 1);
   const QJsonObject lu = Lit(0);
   EXPECT_EQ(lu["subject"].toString(), "Vaktor ne voit plus");
@@ -32,7 +32,7 @@ TEST_F(Veille, AMessageBecomesAMailWithItsPictureAndIsGone) {
   EXPECT_TRUE(lu["id"].toString().contains("-veille-" + Stem() + '@')) << lu["id"].toString().toStdString();
   EXPECT_EQ(Restes(), "");
   EXPECT_EQ(Faits.join(u'|'), "reveille");
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 1);
 }
 
@@ -40,7 +40,7 @@ TEST_F(Veille, ItIsInTheUsersLanguage) {
   Reglages.Valeurs.LangueCourante = 1;
   Module->PrendReglages(Reglages);
   Pose();
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Lit(0)["subject"].toString(), "Vaktor is blind");
   EXPECT_EQ(Lit(0)["body"].toString(), "The camera gives no picture.");
   EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray());
@@ -68,7 +68,7 @@ TEST_F(Veille, ADraftThatTheDiskDoesNotLetGoWaitsAndGoesAsSoonAsItDoes) {
   const QString instant = QDateTime::fromMSecsSinceEpoch(Debut, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz"));
   const QString obstacle = Temporaire.filePath("courrier/" + instant + "-veille-" + Stem() + "-essai.mail");
   ASSERT_TRUE(QDir().mkpath(obstacle + "/plein"));
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 0);
   EXPECT_EQ(Restes(), "");
   EXPECT_TRUE(LitEtat().contains("waiting_since"));
@@ -81,7 +81,7 @@ TEST_F(Veille, ADraftThatTheDiskDoesNotLetGoWaitsAndGoesAsSoonAsItDoes) {
 
 TEST_F(Veille, OldestFirstAndAllOfThem) {
   for (int n = 12; n > 0; --n) Pose(n);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   ASSERT_EQ(Nombre(), 12);
   EXPECT_EQ(Restes(), "");
   EXPECT_EQ(Faits.join(u'|'), "reveille");
@@ -90,7 +90,7 @@ TEST_F(Veille, OldestFirstAndAllOfThem) {
 TEST_F(Veille, MoreThanOneLookTakesAreTakenALittleLater) {
   const int nombre = DossierVeille::kMessagesMax + 5;
   for (int n = 1; n <= nombre; ++n) Pose(n);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), DossierVeille::kMessagesMax);
   Temps.Avance(ModuleMail::kRepriseVeille);
   EXPECT_EQ(Nombre(), nombre);
@@ -100,15 +100,15 @@ TEST_F(Veille, ItNeitherStartsNorCountsInNorEndsARowOrItsPause) {
   Reglages.Valeurs.MailNombreMail = "3";
   Module->PrendReglages(Reglages);
   Pose(1);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 1);
   Intrusion();
   Pose(2);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   Temps.Avance(60'000);
   EXPECT_EQ(Nombre(), 2 + 3) << "a pause would have kept the row from starting, a place in it would have cut it short";
   Pose(3);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 3 + 3) << "in the pause";
   Intrusion(10'000);
   EXPECT_EQ(Nombre(), 3 + 3) << "the pause goes on";
@@ -122,7 +122,7 @@ TEST_F(Veille, NoAlarmMailsAreWantedButTheWatchMaySpeak) {
   Reglages.Valeurs.MailNombreMail = "0";
   Module->PrendReglages(Reglages);
   Pose();
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 1);
 }
 
@@ -131,13 +131,13 @@ TEST_F(Veille, TheSystemsMailProgramNeedsNoSender) {
   Reglages.Valeurs.SmtpFrom.clear();
   Module->PrendReglages(Reglages);
   Pose();
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 1);
 }
 
 TEST_F(Veille, APictureThatIsNotWholeIsLeftOut) {
   Pose(1, PetitJpeg(" half a picture ").chopped(10));
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray());
   EXPECT_EQ(Lit(0)["subject"].toString(), "Vaktor ne voit plus");
   EXPECT_EQ(Restes(), "");
@@ -147,11 +147,11 @@ TEST_F(Veille, APictureWithoutAMessageGoesADayLater) {
   Pose(1, kImageEntiere);
   ASSERT_TRUE(QFile::remove(Dossier + '/' + Stem() + ".json"));
   Pose(2);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Restes(), Stem() + ".jpg") << "its message may still come";
   Horloge.Millisecondes += DossierVeille::kAgeOrphelinMs + 1;
   Pose(3);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Restes(), "");
 }
 
@@ -159,7 +159,7 @@ TEST_F(Veille, WithoutADestinationItWaitsAndIsToldAndTheNextSettingsSendIt) {
   Reglages.Valeurs.MailDestination.clear();
   Module->PrendReglages(Reglages);
   Pose();
-  for (int i = 0; i < 20; ++i) Module->ExecuteCommande("Veill");
+  for (int i = 0; i < 20; ++i) Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 0);
   ASSERT_EQ(Avis.size(), 1);
   EXPECT_TRUE(Avis.first().contains("destinataire"));
@@ -183,7 +183,7 @@ TEST_F(Veille, DamagedOnesAreToldPutAsideAndTriedNoMore) {
   ASSERT_TRUE(EcritOctets(Dossier + '/' + Stem(4) + ".json", QByteArray(300'000, '[')));
   ASSERT_TRUE(EcritOctets(Dossier + '/' + Stem(5) + ".json", {}));
   Pose(6);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 1) << "the good one";
   EXPECT_EQ(QDir(Dossier).entryList({"*.bad"}).size(), 5);
   EXPECT_EQ(QDir(Dossier).entryList({"*.json"}).size(), 0);
@@ -191,7 +191,7 @@ TEST_F(Veille, DamagedOnesAreToldPutAsideAndTriedNoMore) {
   EXPECT_TRUE(Avis.first().contains("veille"));
   EXPECT_TRUE(LitEtat().contains("\"mail-watch\""));
   EXPECT_EQ(LitOctets(Journal.Chemin()).count("put aside"), 5);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(LitOctets(Journal.Chemin()).count("put aside"), 5);
 }
 
@@ -207,7 +207,7 @@ TEST_F(Veille, WhatIsNoFileIsNeitherFollowedNorWaitedFor) {
   ASSERT_EQ(::mkfifo(QFile::encodeName(chemin(5, ".jpg")).constData(), 0600), 0);
   Pose(6);
   ASSERT_TRUE(QFile::link("/dev/zero", chemin(6, ".jpg")));
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 2);
   EXPECT_EQ(QDir(Dossier).entryList({"*.bad"}, QDir::AllEntries | QDir::System).size(), 4);
 }
@@ -216,7 +216,7 @@ TEST_F(Veille, OtherNamesAreNobodysMessages) {
   QDir().mkpath(Dossier);
   for (const char* nom : {"notes.json", "1-.json", "-1.json", "1-2.json.part", "1-2-3.json", "1 -2.json", "x1-2.json"})
     ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, QJsonDocument(MessageDeVeille()).toJson()));
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 0);
   EXPECT_EQ(QDir(Dossier).entryList(QDir::Files).size(), 7);
   EXPECT_TRUE(Avis.isEmpty());
@@ -225,7 +225,7 @@ TEST_F(Veille, OtherNamesAreNobodysMessages) {
 TEST_F(Veille, OneOfAWeekAgoIsGivenUp) {
   Pose();
   Horloge.Millisecondes += BoiteEnvoi::kAgeMaxMs + 1;
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 0);
   EXPECT_EQ(Restes(), "");
   EXPECT_TRUE(LitOctets(Journal.Chemin()).contains("too old"));
@@ -236,7 +236,7 @@ TEST_F(Veille, AnOutboxThatCannotBeWrittenKeepsTheMessageForLater) {
   QDir(boite).removeRecursively();
   ASSERT_TRUE(EcritOctets(boite, "no folder"));
   Pose(1, kImageEntiere);
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Restes(), Stem() + ".jpg|" + Stem() + ".json");
   ASSERT_EQ(Avis.size(), 1);
   EXPECT_TRUE(Avis.first().contains("courrier"));
@@ -260,7 +260,7 @@ TEST_F(Veille, KilledBetweenDraftAndDeletionItIsOneMail) {
   Pose(1, kImageEntiere);
   const QString stem = Stem();
   const QByteArray message = LitOctets(Dossier + '/' + stem + ".json");
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   // As if the message had not been deleted yet when the kill came.
   const QString nom = Boite.Liste().first().Nom;
   const QString mort = QString(nom).replace("essai", "mort");
@@ -278,7 +278,7 @@ TEST_F(Veille, KilledBetweenDraftAndDeletionItIsOneMail) {
 
 TEST_F(Veille, KilledBeforeItMayLeaveTheDraftIsSent) {
   Pose();
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   const QString nom = Boite.Liste().first().Nom;
   ASSERT_TRUE(QFile::rename(Temporaire.filePath("courrier/" + nom + ".mail"),
                             Temporaire.filePath("courrier/" + nom + ".draft")));
@@ -289,14 +289,14 @@ TEST_F(Veille, KilledBeforeItMayLeaveTheDraftIsSent) {
 
 TEST_F(Veille, ItsDraftIsLeftAloneByTheThreadThatSends) {
   Pose();
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_TRUE(Boite.Liste().first().Nom.contains("essai")) << "the mark by which the thread knows the living";
 }
 
 TEST_F(Veille, AfterTheEndNothingIsTaken) {
   Module->Termine();
   Pose();
-  Module->ExecuteCommande("Veill");
+  Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 0);
   EXPECT_EQ(Restes(), Stem() + ".json");
 }

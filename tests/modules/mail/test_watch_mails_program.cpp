@@ -19,7 +19,7 @@ struct VeilleDuProgramme : ProgrammeMail {
 TEST_F(VeilleDuProgramme, AMessageArrivesWithItsPicture) {
   Lance();
   Pose(1, kImageEntiere);
-  Envois.EnvoiMail("Veill");
+  Envois.EnvoiMail(Commande::kVeille);
   ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
   const QJsonObject lu = LitCourriel(Serveur.Message());
   EXPECT_EQ(lu["subject"].toString(), "Vaktor ne voit plus");
@@ -38,17 +38,17 @@ TEST_F(VeilleDuProgramme, OneThatWasLeftWhileNoCompanionRanArrives) {
 TEST_F(VeilleDuProgramme, MadeLaterItArrivesBeforeTheAlarmMailThatWaited) {
   Serveur.Arrete();
   Lance();
-  Envois.EnvoiMail("Intru");
+  Envois.EnvoiMail(Commande::kIntrusion);
   ASSERT_TRUE(AttendQue([this] { return LitEtat("VAKTORmail.json").contains("\"mail-connection\""); }))
       << LitEtat("VAKTORmail.json").toStdString();
   ASSERT_EQ(EnAttente().size(), 1);
   Pose(1);
-  Envois.EnvoiMail("Veill");
+  Envois.EnvoiMail(Commande::kVeille);
   ASSERT_TRUE(AttendQue([this] { return EnAttente().size() == 2; }));
   ASSERT_TRUE(Serveur.Demarre());
   Regle("smtpuser", "autre");  // other settings make all due at once: the test need not wait for the next attempt
   Magasin.Vide();
-  Envois.EnvoiMail("Optio");
+  Envois.EnvoiMail(Commande::kOptions);
   ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 2; }));
   EXPECT_EQ(LitCourriel(Serveur.Message(0))["subject"].toString(), "Vaktor ne voit plus");
   EXPECT_EQ(LitCourriel(Serveur.Message(1))["subject"].toString(), QString::fromUtf8("Intrusion détectée"));
@@ -61,14 +61,14 @@ TEST_F(VeilleDuProgramme, TheStatusFileTellsWhoseItIsAndWhatWaits) {
   EXPECT_EQ(etat()["handle"].toInt(), Etat.HandleMail) << "what it has registered with";
   EXPECT_FALSE(etat().contains("waiting_since"));
   Pose(1);
-  Envois.EnvoiMail("Veill");
+  Envois.EnvoiMail(Commande::kVeille);
   ASSERT_TRUE(AttendQue([&] { return etat().contains("waiting_since"); }));
   const QDateTime depuis = QDateTime::fromString(etat()["waiting_since"].toString(), Qt::ISODate);
   EXPECT_LT(depuis.secsTo(QDateTime::currentDateTimeUtc()), 60);
   ASSERT_TRUE(Serveur.Demarre());
   Regle("smtpuser", "autre");
   Magasin.Vide();
-  Envois.EnvoiMail("Optio");
+  Envois.EnvoiMail(Commande::kOptions);
   EXPECT_TRUE(AttendQue([&] { return !etat().contains("waiting_since"); }));
 }
 
@@ -81,7 +81,7 @@ TEST_F(VeilleDuProgramme, KilledWhileItTakesThemEachMessageBecomesOneMail) {
   for (int i = 0; i < kMorts; ++i) {
     for (int n = 0; n < kParVie; ++n) Pose(i * kParVie + n, n % 2 == 0 ? kImageEntiere : QByteArray());
     Lance();
-    Envois.EnvoiMail("Veill");
+    Envois.EnvoiMail(Commande::kVeille);
     QThread::msleep(QRandomGenerator::global()->bounded(0U, 25U));
     Tue();
     enSuspens += Restes().isEmpty() ? 0 : 1;

@@ -22,9 +22,9 @@ namespace {
 class Muets : public CommandesModules {
  public:
   std::function<void()> Averti;
-  void EnvoiFTP(const QString&) override { Averti(); }
-  void EnvoiMail(const QString&) override {}
-  void EnvoiSon(const QString&) override {}
+  void EnvoiFTP(Commande) override { Averti(); }
+  void EnvoiMail(Commande) override {}
+  void EnvoiSon(Commande) override {}
 };
 
 class SansControles : public AffichageParametres {
