@@ -35,7 +35,6 @@ void Vaktor::CreeReglages() {
   Modules_ = std::make_unique<ModuleSendMessages>(*Canal_, Liaison_);
   Sauvegarde_ = std::make_unique<ReglagesPersistants>(
       LiensReglages{Reglages_, *Magasin_, Systeme_.Disque, *Modules_, Systeme_.Dossiers.Donnees,
-                    [this]() -> AffichageParametres& { return ChargeForm1(); },
                     [this] { return Moteur_ ? Moteur_->Surface().Taille() : QSize(); }, Sante_});
 }
 

@@ -86,7 +86,8 @@ class Vaktor : private EtapesDepart {
   void ChargeFormMonitor() override;
   void MontreForm1() override;
 
-  AffichageParametres& ChargeForm1();
+  void ChargeReglages();
+  void ChargeForm1();
   void CreeReglages();
   void CreeLive();
   void CreeMoteur();

@@ -30,12 +30,21 @@ void Vaktor::ChargeParametres() {
   Pilote_ = Systeme_.CreePilote([this] { return LangueParlee(Reglages_.LangueCourante); });
   CreeReglages();
   CreeVeille();
-  Sauvegarde_->ChargeParametres();
+  ChargeReglages();
 }
 
-// The load step of the main form. It runs inside the load of the settings: the delay and the language are known, the
-// rest still has its start values. The window and its timers are made first, as parts of the form.
-AffichageParametres& Vaktor::ChargeForm1() {
+// The window is made as soon as the delay and the language are known: its load step needs both. From then on each value
+// is shown as it is read, but for those that wait since their fields save.
+void Vaktor::ChargeReglages() {
+  Sauvegarde_->LitJusqua(&Parametres::LangueCourante);
+  ChargeForm1();
+  while (const LigneReglage* ligne = Sauvegarde_->LitSuivant()) VueParametres_->MontreLu(ligne->Champ);
+  Sauvegarde_->TermineChargement([this] { VueParametres_->MontreFin(); });
+}
+
+// The load step of the main form. All settings but the delay and the language still have their start values. The window
+// and its timers are made first, as parts of the form.
+void Vaktor::ChargeForm1() {
   CreeLive();
   CreeMoteur();
   CreeForm1();
@@ -51,7 +60,6 @@ AffichageParametres& Vaktor::ChargeForm1() {
   Photos_->FixeDateJour();
   Form1_->Habille({Textes_, *Moteur_, Systeme_.Pompe, Systeme_.Sons});  // draws the pages
   DemarrageAuto_->Lance(LitArgumentsAuto(LigneCommande_));
-  return *VueParametres_;
 }
 
 void Vaktor::ChargeTextes() {

@@ -11,8 +11,6 @@
 
 namespace vaktor {
 
-using C = ControleParametre;
-
 namespace {
 
 // From the store, not from Parametres: the very first value may be the damaged one, before the language is loaded.
@@ -29,22 +27,31 @@ Langue LangueDuMagasin(MagasinReglages& magasin) {
 
 ReglagesPersistants::ReglagesPersistants(LiensReglages liens) : Liens_(std::move(liens)) {}
 
-void ReglagesPersistants::ChargeParametres() {
-  Etape_ = Etape::kLecture;
-  constexpr std::size_t kSansForme = kRangSeuilAuto - 1;
-  const std::span<const LigneReglage> lignes = TableReglages().first(kNombreReglages);
-  for (const LigneReglage& ligne : lignes.first(kSansForme)) LitLigne(ligne);
-  // The main form comes into being here and not earlier: its load step publishes the inboxes and needs the language.
-  AffichageParametres& affichage = Liens_.PremierControle();
-  for (const LigneReglage& ligne : lignes.subspan(kSansForme)) {
-    LitLigne(ligne);
-    if (ligne.Controle) affichage.MontreParametre(*ligne.Controle);
-    if (ligne.RangChargement == kRangRepertoirePhoto) RepareRepertoirePhoto(ligne);
-    if (ligne.RangChargement == kRangFichierSon) RepareSonAbsent();
+const LigneReglage* ReglagesPersistants::LitSuivant() {
+  while (!Restent_.empty() && !EstLue(Restent_.front())) Restent_ = Restent_.subspan(1);
+  if (Restent_.empty()) return nullptr;
+  const LigneReglage& ligne = Restent_.front();
+  LitLigne(ligne);
+  RepareLu(ligne);
+  // Last: a row that has thrown is never passed over.
+  Restent_ = Restent_.subspan(1);
+  return &ligne;
+}
+
+void ReglagesPersistants::LitJusqua(const ChampParametre& champ) {
+  const LigneReglage* ligne = nullptr;
+  do {
+    ligne = LitSuivant();
+  } while (ligne != nullptr && ligne->Champ != champ);
+}
+
+void ReglagesPersistants::TermineChargement(const std::function<void()>& montre) {
+  while (LitSuivant() != nullptr) {
   }
+  DeduitQualiteJpeg(Liens_.Valeurs);
   // Back to where nothing is saved if the tail fails: the program does not come up then.
   QScopedValueRollback<Etape> etape(Etape_, Etape::kFin);
-  MontreFinChargement(affichage);
+  if (montre) montre();
   if (Reportee_) SauveParametres();
   Etape_ = Etape::kChargee;
   etape.commit();
@@ -59,6 +66,11 @@ void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
     throw Echec(echec.Numero(), DitReglageImpossible(LangueDuMagasin(Liens_.Magasin), NomReglage(ligne), texte,
                                                      Liens_.Magasin.Emplacement()));
   }
+}
+
+void ReglagesPersistants::RepareLu(const LigneReglage& ligne) {
+  if (ligne.Champ == ChampParametre(&Parametres::RepertoirePhoto)) RepareRepertoirePhoto(ligne);
+  if (ligne.Champ == ChampParametre(&Parametres::FichierSon)) RepareSonAbsent();
 }
 
 // The user's folder is replaced in the store and not kept for later, also when it only vanished for a while (a drive
@@ -78,39 +90,16 @@ void ReglagesPersistants::RepareRepertoirePhoto(const LigneReglage& ligne) {
   VideMagasin();
 }
 
+// After the file, which is read behind the choice.
 void ReglagesPersistants::RepareSonAbsent() {
   constexpr qint32 kSonDuFichier = 3;
   Parametres& valeurs = Liens_.Valeurs;
   if (valeurs.FichierSon.isEmpty() && valeurs.IndexSon == kSonDuFichier) valeurs.IndexSon = 0;
 }
 
-void ReglagesPersistants::MontreFinChargement(AffichageParametres& affichage) {
-  affichage.MontreParametre(C::TxtHtml);
-  affichage.MontreParametre(C::TxtFtp);
-  affichage.MontreParametre(C::TxtUserName);
-  affichage.MontreParametre(C::TxtFTPracine);
-  MontreIntervalle(affichage);
-  affichage.MontreParametre(C::TxtPass);
-  affichage.MontreParametre(C::TextNbrPhotoFTP);
-  affichage.MontreParametre(C::TxtFTPracine);  // a second time, as it always was
-  affichage.MontreParametre(C::Text1);
-  affichage.MontreParametre(C::CombQualit);
-  DeduitQualiteJpeg(Liens_.Valeurs);
-}
-
-// TxtRefresh is empty at every start, so filling it is a change, and each change of it saves: this is what puts the
-// whole table into a store that was empty. A display whose field does not save by itself must not take that away.
-void ReglagesPersistants::MontreIntervalle(AffichageParametres& affichage) {
-  const bool change = !Liens_.Valeurs.IntervalleFtp.isEmpty();
-  const qint64 avant = Sauvegardes_;
-  affichage.MontreParametre(C::TxtRefresh);
-  if (change && Sauvegardes_ == avant) SauveParametres();
-}
-
 void ReglagesPersistants::SauveParametres() {
   Reportee_ = Etape_ == Etape::kLecture;
   if (Reportee_) return;
-  ++Sauvegardes_;
   const QSize taille = Liens_.TailleImage();
   for (const LigneReglage* ligne : OrdreSauvegarde()) {
     QString texte = TexteValeur(*ligne, Liens_.Valeurs);

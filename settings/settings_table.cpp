@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 
 #include "base/failure.h"
 #include "base/numbers.h"
@@ -14,7 +15,6 @@ namespace {
 
 using enum FormeStockee;
 using P = Parametres;
-using C = ControleParametre;
 
 constexpr const char* kGeneral = "general";
 constexpr const char* kPhoto = "PHOTO";
@@ -22,58 +22,95 @@ constexpr const char* kSon = "SON";
 constexpr const char* kMail = "MAIL";
 constexpr const char* kFtp = "FTP";
 
-// Three things stand out. The box CheckMail is filled at the end of the MAIL block only, so it hangs on the last row of
-// it. The fields of the FTP page wait for the end of the load, see persistent_settings.cpp. The mail password is the
-// last value of a save, behind the FTP block.
-constexpr std::array<LigneReglage, kNombreCles> kTable = {{
+// The mail password stands out: it is read with its section and saved behind the FTP block.
+constexpr auto kTable = std::to_array<LigneReglage>({
     // clang-format off
-    // section, key, form, default, load, save, variable, control, range
-    {kGeneral, "retard", Entier, "10", 1, 1, &P::Retard},
-    {kGeneral, "langue", Entier, "0", 2, 2, &P::LangueCourante},
-    {kGeneral, "seuilauto", Drapeau, "1", 3, 3, &P::SeuilAuto, C::ChkSeuilAuto},
-    {kGeneral, "seuil", Entier, "0", 4, 4, &P::SeuilDetection},
-    {kGeneral, "skin", Entier, "0", 5, 5, &P::IndexSkin, C::CombSkin, -1, 2},
-    {kPhoto, "nombrephoto", Entier, "10000", 6, 6, &P::NombrePhotoMax},
-    {.Section = kPhoto, .Cle = "repertoire", .Forme = Texte, .Defaut = "\\intrus", .RangChargement = 7,
-     .RangSauvegarde = 7, .Champ = &P::RepertoirePhoto, .SousDossier = true},
-    {kPhoto, "actif", Drapeau, "0", 8, 8, &P::PhotoActif, C::CheckPPhot},
-    {kSon, "index", Entier, "0", 9, 9, &P::IndexSon},
-    {kSon, "actif", Drapeau, "1", 10, 10, &P::SonActif, C::CheckSon},
-    {kSon, "Repertoire", Texte, "", 11, 11, &P::FichierSon},
-    {kMail, "actif", Drapeau, "0", 12, 12, &P::MailActif},
-    {kMail, "destination", Texte, "", 13, 13, &P::MailDestination, C::TextEMail},
-    {kMail, "sujet", Texte, "Intrusion", 14, 14, &P::MailSujet, C::TextSujet},
-    {kMail, "corp", Texte, "Intrusion", 15, 15, &P::MailCorps, C::TextTexte},
-    {kMail, "nombrephoto", Texte, "10", 16, 16, &P::MailNombrePhoto, C::TxtNbrPhoto},
-    {kMail, "nombremail", Texte, "1", 17, 17, &P::MailNombreMail, C::TextNbrMail},
-    {kMail, "smtpserveur", Texte, "", 18, 18, &P::SmtpServeur},
-    {kMail, "smtpfrom", Texte, "", 19, 19, &P::SmtpFrom},
-    {kMail, "smtpport", Texte, "25", 20, 20, &P::SmtpPort},
-    {kMail, "smtpuser", Texte, "", 21, 21, &P::SmtpUser},
-    {kMail, "smtpactif", Booleen, "1", 22, 22, &P::SmtpActif},
-    {kMail, "smtpneedlogin", Booleen, "1", 23, 23, &P::SmtpNeedLogin},
-    {kMail, "pass", Brouille, "", 24, 35, &P::SmtpPass, C::CheckMail},
-    {kFtp, "html", Texte, "", 25, 24, &P::AdresseHtml},
-    {kFtp, "ftp", Texte, "", 26, 25, &P::AdresseFtp},
-    {kFtp, "user", Texte, "", 27, 26, &P::UtilisateurFtp},
-    {kFtp, "racine", Texte, "/", 28, 27, &P::RepertoireFtp},
-    {kFtp, "refresh", Texte, "10", 29, 28, &P::IntervalleFtp},
-    {kFtp, "qualitephoto", Entier, "2", 30, 29, &P::IndexQualite, {}, 0, 3},
-    {kFtp, "couleur", Entier, "3", 31, 30, &P::IndexCouleurPage},
-    {kFtp, "rapportnombrephoto", Entier, "50", 32, 33, &P::NbrPhotosPage},
-    {kFtp, "pass", Brouille, "", 33, 34, &P::MotDePasseFtp},
-    {kFtp, "width", Mesure, "", 0, 31, {}},
-    {kFtp, "height", Mesure, "", 0, 32, {}},
+    // section, key, form, default, variable, range
+    {kGeneral, "retard", Entier, "10", &P::Retard},
+    {kGeneral, "langue", Entier, "0", &P::LangueCourante},
+    {kGeneral, "seuilauto", Drapeau, "1", &P::SeuilAuto},
+    {kGeneral, "seuil", Entier, "0", &P::SeuilDetection},
+    {kGeneral, "skin", Entier, "0", &P::IndexSkin, -1, 2},
+    {kPhoto, "nombrephoto", Entier, "10000", &P::NombrePhotoMax},
+    {.Section = kPhoto, .Cle = "repertoire", .Forme = Texte, .Defaut = "\\intrus",
+     .Champ = &P::RepertoirePhoto, .SousDossier = true},
+    {kPhoto, "actif", Drapeau, "0", &P::PhotoActif},
+    {kSon, "index", Entier, "0", &P::IndexSon},
+    {kSon, "actif", Drapeau, "1", &P::SonActif},
+    {kSon, "Repertoire", Texte, "", &P::FichierSon},
+    {kMail, "actif", Drapeau, "0", &P::MailActif},
+    {kMail, "destination", Texte, "", &P::MailDestination},
+    {kMail, "sujet", Texte, "Intrusion", &P::MailSujet},
+    {kMail, "corp", Texte, "Intrusion", &P::MailCorps},
+    {kMail, "nombrephoto", Texte, "10", &P::MailNombrePhoto},
+    {kMail, "nombremail", Texte, "1", &P::MailNombreMail},
+    {kMail, "smtpserveur", Texte, "", &P::SmtpServeur},
+    {kMail, "smtpfrom", Texte, "", &P::SmtpFrom},
+    {kMail, "smtpport", Texte, "25", &P::SmtpPort},
+    {kMail, "smtpuser", Texte, "", &P::SmtpUser},
+    {kMail, "smtpactif", Booleen, "1", &P::SmtpActif},
+    {kMail, "smtpneedlogin", Booleen, "1", &P::SmtpNeedLogin},
+    {.Section = kMail, .Cle = "pass", .Forme = Brouille, .Defaut = "", .Champ = &P::SmtpPass, .EcritEnDernier = true},
+    {kFtp, "html", Texte, "", &P::AdresseHtml},
+    {kFtp, "ftp", Texte, "", &P::AdresseFtp},
+    {kFtp, "user", Texte, "", &P::UtilisateurFtp},
+    {kFtp, "racine", Texte, "/", &P::RepertoireFtp},
+    {kFtp, "refresh", Texte, "10", &P::IntervalleFtp},
+    {kFtp, "qualitephoto", Entier, "2", &P::IndexQualite, 0, 3},
+    {kFtp, "couleur", Entier, "3", &P::IndexCouleurPage},
+    {kFtp, "width", Mesure, "", {}},
+    {kFtp, "height", Mesure, "", {}},
+    {kFtp, "rapportnombrephoto", Entier, "50", &P::NbrPhotosPage},
+    {kFtp, "pass", Brouille, "", &P::MotDePasseFtp},
     // clang-format on
-}};
+});
 
-constexpr std::array<const LigneReglage*, kNombreCles> RangeSauvegarde() {
-  std::array<const LigneReglage*, kNombreCles> ordre{};
-  for (const LigneReglage& ligne : kTable) ordre[static_cast<std::size_t>(ligne.RangSauvegarde - 1)] = &ligne;
+// What a new row may get wrong without a word of the compiler: a form that does not fit its variable, and a key or a
+// variable that an earlier row has already.
+constexpr bool EstDuType(const LigneReglage& ligne) {
+  switch (ligne.Forme) {
+    case Entier:
+      return std::holds_alternative<qint32 P::*>(ligne.Champ) || std::holds_alternative<quint8 P::*>(ligne.Champ);
+    case Texte:
+    case Brouille:
+      return std::holds_alternative<QString P::*>(ligne.Champ);
+    case Drapeau:
+    case Booleen:
+      return std::holds_alternative<bool P::*>(ligne.Champ);
+    case Mesure:
+      return std::holds_alternative<std::monostate>(ligne.Champ);
+  }
+  return false;
+}
+
+constexpr bool SeGenent(const LigneReglage& a, const LigneReglage& b) {
+  const bool memeCle = std::string_view(a.Section) == b.Section && std::string_view(a.Cle) == b.Cle;
+  return memeCle || (EstLue(a) && a.Champ == b.Champ);
+}
+
+constexpr bool EstEnOrdre() {
+  for (std::size_t i = 0; i < kTable.size(); ++i) {
+    if (!EstDuType(kTable.at(i))) return false;
+    for (std::size_t j = 0; j < i; ++j) {
+      if (SeGenent(kTable.at(i), kTable.at(j))) return false;
+    }
+  }
+  return true;
+}
+static_assert(EstEnOrdre());
+
+constexpr std::array<const LigneReglage*, kTable.size()> RangeSauvegarde() {
+  std::array<const LigneReglage*, kTable.size()> ordre{};
+  std::size_t rang = 0;
+  for (const bool dernier : {false, true}) {
+    for (const LigneReglage& ligne : kTable) {
+      if (ligne.EcritEnDernier == dernier) ordre.at(rang++) = &ligne;
+    }
+  }
   return ordre;
 }
 
-constexpr std::array<const LigneReglage*, kNombreCles> kOrdreSauvegarde = RangeSauvegarde();
+constexpr std::array<const LigneReglage*, kTable.size()> kOrdreSauvegarde = RangeSauvegarde();
 
 qint32 LitEntier(const LigneReglage& ligne, const QString& texte) {
   const qint32 valeur = TexteEnEntier(texte);

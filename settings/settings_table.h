@@ -3,12 +3,11 @@
 #pragma once
 
 #include <QString>
-#include <optional>
+#include <limits>
 #include <span>
 #include <variant>
 
 #include "settings/parameters.h"
-#include "settings/ports/settings_display.h"
 
 namespace vaktor {
 
@@ -31,28 +30,21 @@ struct LigneReglage {
   const char* Cle;  ///< upper and lower case count: "repertoire" of PHOTO, "Repertoire" of SON
   FormeStockee Forme;
   const char* Defaut;  ///< value of a first run; behind the program folder where SousDossier is set
-  int RangChargement;  ///< 1 to 33 in the order of the load, 0: never read
-  int RangSauvegarde;  ///< 1 to 35 in the order of the save
   ChampParametre Champ;
-  std::optional<ControleParametre> Controle = {};       ///< control that is filled as soon as this row is read
   qint32 Minimum = std::numeric_limits<qint32>::min();  ///< integers outside are refused, both ends included
   qint32 Maximum = std::numeric_limits<qint32>::max();
-  bool SousDossier = false;  ///< the default lies in the program folder
+  bool SousDossier = false;     ///< the default lies in the program folder
+  bool EcritEnDernier = false;  ///< saved behind all other rows, whatever its place in the table
 };
 
-inline constexpr int kNombreReglages = 33;  ///< rows that are loaded
-inline constexpr int kNombreCles = 35;      ///< rows that are saved: with width and height
-
-// Rows that have a special rule in the load.
-inline constexpr int kRangSeuilAuto = 3;
-inline constexpr int kRangRepertoirePhoto = 7;
-inline constexpr int kRangFichierSon = 11;
-
-/// All rows, those that are loaded first, in load order.
+/// All rows: in the order of the load, which is that of the save but for the rows that are EcritEnDernier.
 std::span<const LigneReglage> TableReglages();
 
-/// The rows in the order of the save.
+/// The same rows in the order of the save.
 std::span<const LigneReglage* const> OrdreSauvegarde();
+
+/// The load reads this row; the others are only written.
+constexpr bool EstLue(const LigneReglage& ligne) { return ligne.Forme != FormeStockee::Mesure; }
 
 /// "section/key", the name of a row in messages.
 QString NomReglage(const LigneReglage& ligne);

@@ -7,7 +7,7 @@ namespace vaktor {
 class EtapesDepart {
  public:
   virtual ~EtapesDepart() = default;
-  virtual void ChargeParametres() = 0;  ///< makes Form1 on its way, at the first touch of one of its controls
+  virtual void ChargeParametres() = 0;  ///< makes Form1 on its way, after the first values
   virtual void ChargeTextes() = 0;
   virtual void LanceModules() = 0;
   virtual void ChargeFormMonitor() = 0;  ///< made if nothing has touched it before; stays hidden

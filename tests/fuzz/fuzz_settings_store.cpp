@@ -15,7 +15,7 @@ void Exige(bool vrai) {
 
 bool Charge(BancReglages& banc) {
   try {
-    banc.Reglages.ChargeParametres();
+    banc.Charge();
   } catch (const Echec& echec) {
     Exige(!echec.Description().isEmpty() && echec.Description().size() < 1000);
     Exige(banc.Magasin.Ecrits.count("*") <= 1);  // the photo folder at most: a damaged store is not overwritten
@@ -33,7 +33,7 @@ void Essaie(QByteArrayView octets) {
   banc.Magasin.Valeurs = lu.Valeurs;
   if (!Charge(banc)) return;
   banc.Reglages.SauveParametres();
-  Exige(banc.Magasin.Disque.size() >= kNombreCles);
+  Exige(banc.Magasin.Disque.size() >= std::ssize(TableReglages()));
   // A password may still change at the second load, when it is the digits that the format gave back; nothing else may.
   BancReglages second;
   second.Magasin.Valeurs = LitTexteReglages(EcritTexteReglages(banc.Magasin.Disque)).Valeurs;

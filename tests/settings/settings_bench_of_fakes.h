@@ -1,4 +1,4 @@
-// A ReglagesPersistants among fakes: store, files, companions, and a form whose fields save as the real ones do.
+// A ReglagesPersistants among fakes: store, files and companions.
 #pragma once
 
 #include <functional>
@@ -26,63 +26,32 @@ class FauxModules : public CommandesModules {
   }
 };
 
-/// Records what it is told to show. TxtRefresh and Text1 have a text, and save when it changes, as in the form.
-class FauxAffichage : public AffichageParametres {
- public:
-  QList<ControleParametre> Montres;
-  QString TxtRefresh;
-  QString Text1 = QStringLiteral("0");
-  const Parametres* Valeurs = nullptr;
-  std::function<void()> Sauve = {};  ///< empty: fields without handlers
-  std::function<void(ControleParametre)> AuMoment = {};
-
-  void MontreParametre(ControleParametre controle) override {
-    Montres += controle;
-    if (AuMoment) AuMoment(controle);
-    if (controle == ControleParametre::TxtRefresh) Change(TxtRefresh, Valeurs->IntervalleFtp);
-    if (controle == ControleParametre::Text1) Change(Text1, QString::number(Valeurs->Retard));
-  }
-
- private:
-  void Change(QString& champ, const QString& texte) {
-    if (champ == texte) return;
-    champ = texte;
-    if (Sauve) Sauve();
-  }
-};
-
 struct BancReglages {
   Parametres Valeurs;
   FauxMagasin Magasin;
   FauxFichiers Disque;
   FauxModules Modules;
-  FauxAffichage Affichage;
   faux::SanteFausse Sante;
   QSize Taille{320, 240};
-  QStringList LusAvantForme;  ///< keys read before the main form came into being
   ReglagesPersistants Reglages{{.Valeurs = Valeurs,
                                 .Magasin = Magasin,
                                 .Disque = Disque,
                                 .Modules = Modules,
                                 .DossierProgramme = QStringLiteral("/prog"),
-                                .PremierControle = [this]() -> AffichageParametres& {
-                                  LusAvantForme = Magasin.Lus;
-                                  return Affichage;
-                                },
                                 .TailleImage = [this] { return Taille; },
                                 .Sante = Sante}};
 
-  BancReglages() {
-    Disque.AjouteDossier(QStringLiteral("/prog"));
-    Affichage.Valeurs = &Valeurs;
-    Affichage.Sauve = [this] { Reglages.SauveParametres(); };
+  BancReglages() { Disque.AjouteDossier(QStringLiteral("/prog")); }
+  /// The whole load. As the window's fields do, one saves when every value is read.
+  void Charge() {
+    Reglages.TermineChargement([this] { Reglages.SauveParametres(); });
   }
 };
 
 /// Its load is over, of a store that was empty, and forgotten.
 struct BancCharge : BancReglages {
   BancCharge() {
-    Reglages.ChargeParametres();
+    Charge();
     Valeurs = Parametres{};
     Magasin.Valeurs.clear();
     Magasin.Disque.clear();

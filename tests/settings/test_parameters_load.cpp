@@ -1,4 +1,4 @@
-// ChargeParametres: order, special rules, the save in its tail, and what ends a start-up.
+// The load of the settings: order, special rules, what it does about saves, and what ends a start-up.
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
@@ -7,11 +7,9 @@
 namespace vaktor {
 namespace {
 
-using C = ControleParametre;
-
 QString EchecDuChargement(BancReglages& banc, qint32 numero) {
   try {
-    banc.Reglages.ChargeParametres();
+    banc.Charge();
   } catch (const Echec& echec) {
     EXPECT_EQ(echec.Numero(), numero);
     return echec.Description();
@@ -20,171 +18,153 @@ QString EchecDuChargement(BancReglages& banc, qint32 numero) {
   return {};
 }
 
-TEST(ChargeParametres, ReadsEveryRowOnceInTheOrderOfTheTable) {
-  BancReglages banc;
-  banc.Reglages.ChargeParametres();
-  QStringList attendus;
-  for (const LigneReglage& ligne : TableReglages().first(kNombreReglages)) attendus += NomReglage(ligne);
-  EXPECT_EQ(banc.Magasin.Lus, attendus);
+QStringList NomsLus() {
+  QStringList noms;
+  for (const LigneReglage& ligne : TableReglages()) {
+    if (EstLue(ligne)) noms += NomReglage(ligne);
+  }
+  return noms;
 }
 
-TEST(ChargeParametres, MakesTheMainFormAfterTheLanguageAndBeforeSeuilauto) {
+TEST(Chargement, ReadsEveryRowOnceInTheOrderOfTheTable) {
   BancReglages banc;
-  banc.Reglages.ChargeParametres();
-  EXPECT_EQ(banc.LusAvantForme, QStringList({"general/retard", "general/langue"}));
+  banc.Charge();
+  EXPECT_EQ(banc.Magasin.Lus, NomsLus());
 }
 
-TEST(ChargeParametres, FillsTheControlsInTheirOrder) {
+TEST(Chargement, GivesEachRowAsItIsReadAndNothingBehindTheLast) {
   BancReglages banc;
-  banc.Reglages.ChargeParametres();
-  const QList<C> attendus = {C::ChkSeuilAuto, C::CombSkin,        C::CheckPPhot,   C::CheckSon,     C::TextEMail,
-                             C::TextSujet,    C::TextTexte,       C::TxtNbrPhoto,  C::TextNbrMail,  C::CheckMail,
-                             C::TxtHtml,      C::TxtFtp,          C::TxtUserName,  C::TxtFTPracine, C::TxtRefresh,
-                             C::TxtPass,      C::TextNbrPhotoFTP, C::TxtFTPracine, C::Text1,        C::CombQualit};
-  EXPECT_EQ(banc.Affichage.Montres, attendus);
+  QStringList rendus;
+  while (const LigneReglage* ligne = banc.Reglages.LitSuivant()) {
+    rendus += NomReglage(*ligne);
+    EXPECT_EQ(banc.Magasin.Lus, rendus) << "the next one is not read before this one could be shown";
+  }
+  EXPECT_EQ(rendus, NomsLus());
+  EXPECT_EQ(banc.Reglages.LitSuivant(), nullptr);
 }
 
-TEST(ChargeParametres, ReadsTheMailBlockWholeBeforeCheckMailAndEverythingBeforeTheFtpFields) {
+TEST(Chargement, StopsWhereItIsAskedToAndGoesOnFromThere) {
   BancReglages banc;
-  QMap<C, QString> luAvant;
-  banc.Affichage.AuMoment = [&](C controle) { luAvant[controle] = banc.Magasin.Lus.last(); };
-  banc.Reglages.ChargeParametres();
-  EXPECT_EQ(luAvant.value(C::CombSkin), QStringLiteral("general/skin"));
-  EXPECT_EQ(luAvant.value(C::CheckMail), QStringLiteral("MAIL/pass"));
-  EXPECT_EQ(luAvant.value(C::TxtHtml), QStringLiteral("FTP/pass"));
+  banc.Reglages.LitJusqua(&Parametres::LangueCourante);
+  EXPECT_EQ(banc.Magasin.Lus, QStringList({"general/retard", "general/langue"}));
+  const LigneReglage* ligne = banc.Reglages.LitSuivant();
+  ASSERT_NE(ligne, nullptr);
+  EXPECT_EQ(NomReglage(*ligne), QStringLiteral("general/seuilauto"));
+  banc.Reglages.LitJusqua(&Parametres::Retard);
+  EXPECT_EQ(banc.Magasin.Lus, NomsLus()) << "one that is past never comes again";
 }
 
-TEST(ChargeParametres, DerivesTheJpegQuality) {
+TEST(Chargement, ReadsWhatIsLeftBeforeTheControlsThatWaitAreFilled) {
+  BancReglages banc;
+  banc.Reglages.LitJusqua(&Parametres::LangueCourante);
+  QStringList lus;
+  banc.Reglages.TermineChargement([&] {
+    lus = banc.Magasin.Lus;
+    EXPECT_FALSE(banc.Reglages.EstCharge());
+  });
+  EXPECT_EQ(lus, NomsLus());
+  EXPECT_TRUE(banc.Reglages.EstCharge());
+}
+
+TEST(Chargement, DerivesTheJpegQuality) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("FTP/qualitephoto")] = QStringLiteral("1");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.IndexQualite, 1);
   EXPECT_EQ(banc.Valeurs.QualiteJpeg, 50);
 }
 
-TEST(ChargeParametres, OfAnEmptyStoreGivesTheDefaultsAndFillsTheStore) {
+TEST(Chargement, OfAnEmptyStoreGivesTheDefaultsAndFillsTheStore) {
   BancReglages banc;
-  banc.Reglages.ChargeParametres();
-  EXPECT_EQ(banc.Magasin.Disque.size(), kNombreCles);
+  banc.Charge();
+  EXPECT_EQ(banc.Magasin.Disque.size(), std::ssize(TableReglages()));
   EXPECT_EQ(banc.Magasin.Disque.value("FTP/pass", "missing"), QString());
   EXPECT_EQ(banc.Magasin.Disque.value("MAIL/pass", "missing"), QString());
   EXPECT_EQ(banc.Magasin.Disque.value("FTP/width"), QStringLiteral("320"));
   EXPECT_EQ(banc.Magasin.Disque.value("FTP/height"), QStringLiteral("240"));
   EXPECT_EQ(banc.Magasin.Disque.value("PHOTO/repertoire"), QStringLiteral("/prog\\intrus"));
-  for (const LigneReglage& ligne : TableReglages().first(kNombreReglages)) {
-    if (ligne.SousDossier || ligne.Forme == FormeStockee::Booleen) continue;
+  for (const LigneReglage& ligne : TableReglages()) {
+    if (!EstLue(ligne) || ligne.SousDossier || ligne.Forme == FormeStockee::Booleen) continue;
     EXPECT_EQ(banc.Magasin.Disque.value(NomReglage(ligne)), QString::fromLatin1(ligne.Defaut));
   }
   EXPECT_EQ(banc.Valeurs.Retard, 10);
   EXPECT_TRUE(banc.Valeurs.SmtpActif);
 }
 
-TEST(ChargeParametres, SavesInItsTailEachTimeBecauseTxtRefreshStartsEmpty) {
+TEST(Chargement, SavesNothingThatNobodyHasAskedFor) {
   BancReglages banc;
-  banc.Reglages.ChargeParametres();
-  const QStringList ecrits = banc.Magasin.Ecrits;
-  // Photo folder at once, then two whole saves: TxtRefresh, and Text1 whose "0" became "10".
-  EXPECT_EQ(ecrits.count(QStringLiteral("*")), 3);
-  EXPECT_EQ(ecrits.mid(0, 2), QStringList({"PHOTO/repertoire", "*"}));
-  EXPECT_EQ(ecrits.count(QStringLiteral("FTP/refresh")), 2);
-  EXPECT_EQ(banc.Modules.Envois.size(), 6);
+  banc.Disque.AjouteDossier(QStringLiteral("/prog/intrus"));
+  banc.Reglages.TermineChargement();
+  EXPECT_TRUE(banc.Magasin.Ecrits.isEmpty());
 }
 
-TEST(ChargeParametres, SavesOnceInItsTailWhenRetardIsTheZeroThatText1ShowsAnyway) {
-  BancReglages banc;
-  banc.Magasin.Valeurs[QStringLiteral("general/retard")] = QStringLiteral("0");
-  banc.Reglages.ChargeParametres();
-  EXPECT_EQ(banc.Magasin.Ecrits.count(QStringLiteral("FTP/refresh")), 1);
-}
-
-TEST(ChargeParametres, ContinuesBehindTheReentrantSaveWithoutLosingAnything) {
+TEST(Chargement, ContinuesBehindASaveInItsTailWithoutLosingAnything) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("FTP/pass")] = QStringLiteral("098100102");
   banc.Magasin.Valeurs[QStringLiteral("FTP/rapportnombrephoto")] = QStringLiteral("7");
   bool sauve = false;
-  banc.Affichage.AuMoment = [&](C controle) {
-    if (controle == C::TxtPass) sauve = banc.Magasin.Disque.size() == kNombreCles;
-  };
-  banc.Reglages.ChargeParametres();
-  EXPECT_TRUE(sauve) << "the save runs to its end before TxtPass is filled";
+  banc.Reglages.TermineChargement([&] {
+    banc.Reglages.SauveParametres();
+    sauve = banc.Magasin.Disque.size() == std::ssize(TableReglages());
+  });
+  EXPECT_TRUE(sauve) << "at once and whole";
+  EXPECT_EQ(banc.Magasin.Ecrits.count(QStringLiteral("FTP/refresh")), 1);
   EXPECT_EQ(banc.Valeurs.MotDePasseFtp, QStringLiteral("abc"));
   EXPECT_EQ(banc.Magasin.Disque.value("FTP/pass"), QStringLiteral("098100102"));
   EXPECT_EQ(banc.Magasin.Disque.value("FTP/rapportnombrephoto"), QStringLiteral("7"));
 }
 
-TEST(ChargeParametres, FillsTheStoreAlsoForADisplayWhoseFieldsDoNotSave) {
-  BancReglages banc;
-  banc.Affichage.Sauve = nullptr;
-  banc.Reglages.ChargeParametres();
-  EXPECT_EQ(banc.Magasin.Disque.size(), kNombreCles);
-  EXPECT_EQ(banc.Magasin.Ecrits.count(QStringLiteral("FTP/refresh")), 1);
-}
-
-TEST(ChargeParametres, DoesNotSaveForAnIntervalThatStaysEmpty) {
-  BancReglages banc;
-  banc.Affichage.Sauve = nullptr;
-  banc.Magasin.Valeurs[QStringLiteral("FTP/refresh")] = QString();
-  banc.Reglages.ChargeParametres();
-  EXPECT_EQ(banc.Magasin.Ecrits, QStringList({"PHOTO/repertoire", "*"}));
-}
-
-TEST(ChargeParametres, ReplacesAVanishedPhotoFolderInTheStoreAtOnce) {
+TEST(Chargement, ReplacesAVanishedPhotoFolderInTheStoreAtOnce) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/gone");
-  bool rempli = false;
-  banc.Affichage.AuMoment = [&](C controle) {
-    if (controle != C::CheckPPhot) return;
-    rempli = true;
-    EXPECT_EQ(banc.Magasin.Disque.value("PHOTO/repertoire"), QStringLiteral("/prog\\intrus"));
-    EXPECT_EQ(banc.Magasin.Ecrits, QStringList({"PHOTO/repertoire", "*"})) << "this one key, before any save";
-    EXPECT_TRUE(banc.Modules.Envois.isEmpty());
-  };
-  banc.Reglages.ChargeParametres();
-  EXPECT_TRUE(rempli);
+  banc.Reglages.LitJusqua(&Parametres::RepertoirePhoto);
+  EXPECT_EQ(banc.Magasin.Disque.value("PHOTO/repertoire"), QStringLiteral("/prog\\intrus"));
+  EXPECT_EQ(banc.Magasin.Ecrits, QStringList({"PHOTO/repertoire", "*"})) << "this one key, before any save";
+  EXPECT_TRUE(banc.Modules.Envois.isEmpty());
   EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/prog\\intrus"));
   EXPECT_EQ(banc.Disque.DossiersDemandes, QStringList{QStringLiteral("/prog\\intrus")});
 }
 
-TEST(ChargeParametres, MakesNoFolderWhereTheOneOfTheProgramIsThere) {
+TEST(Chargement, MakesNoFolderWhereTheOneOfTheProgramIsThere) {
   BancReglages banc;
   banc.Disque.AjouteDossier(QStringLiteral("/prog/intrus"));
   banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/gone");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_TRUE(banc.Disque.DossiersDemandes.isEmpty());
   EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/prog\\intrus"));
 }
 
-TEST(ChargeParametres, KeepsAPhotoFolderThatIsThere) {
+TEST(Chargement, KeepsAPhotoFolderThatIsThere) {
   BancReglages banc;
   banc.Disque.AjouteDossier(QStringLiteral("/photos"));
   banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/photos");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/photos"));
   EXPECT_TRUE(banc.Disque.DossiersDemandes.isEmpty());
   EXPECT_EQ(banc.Magasin.Ecrits.first(), QStringLiteral("general/retard")) << "nothing is written before the save";
 }
 
 // A server that comes up later than this machine: the setting is not lost for that.
-TEST(ChargeParametres, KeepsAPhotoFolderOfWhichNothingCanBeSaid) {
+TEST(Chargement, KeepsAPhotoFolderOfWhichNothingCanBeSaid) {
   BancReglages banc;
   banc.Disque.Muets.insert(QStringLiteral("/net/photos"));
   banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/net/photos");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/net/photos"));
   EXPECT_EQ(banc.Magasin.Disque.value("PHOTO/repertoire"), QStringLiteral("/net/photos"));
   EXPECT_TRUE(banc.Disque.DossiersDemandes.isEmpty());
 }
 
-TEST(ChargeParametres, MakesNoFolderOnADiskThatDoesNotAnswer) {
+TEST(Chargement, MakesNoFolderOnADiskThatDoesNotAnswer) {
   BancReglages banc;
   banc.Disque.Muets.insert(QStringLiteral("/prog/intrus"));
   banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/gone");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/prog\\intrus"));
   EXPECT_TRUE(banc.Disque.DossiersDemandes.isEmpty());
 }
 
-TEST(ChargeParametres, EndsTheStartWhenNoPhotoFolderCanBeMade) {
+TEST(Chargement, EndsTheStartWhenNoPhotoFolderCanBeMade) {
   BancReglages banc;
   banc.Disque.RefuseCreation = true;
   banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/gone");
@@ -194,39 +174,43 @@ TEST(ChargeParametres, EndsTheStartWhenNoPhotoFolderCanBeMade) {
             "made.");
 }
 
-TEST(ChargeParametres, TakesBackTheSoundFileThatHasNoName) {
+TEST(Chargement, TakesBackTheSoundFileThatHasNoName) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("SON/index")] = QStringLiteral("3");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.IndexSon, 0);
   EXPECT_EQ(banc.Magasin.Disque.value("SON/index"), QStringLiteral("0"));
 }
 
-TEST(ChargeParametres, KeepsTheSoundFileThatHasAName) {
+TEST(Chargement, KeepsTheSoundFileThatHasAName) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("SON/index")] = QStringLiteral("3");
   banc.Magasin.Valeurs[QStringLiteral("SON/Repertoire")] = QStringLiteral("/s/a.wav");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.IndexSon, 3);
-  banc.Magasin.Valeurs[QStringLiteral("SON/Repertoire")] = QString();
+}
+
+TEST(Chargement, KeepsABuiltInSoundWithoutAFile) {
+  BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("SON/index")] = QStringLiteral("2");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.IndexSon, 2) << "only the choice of the file needs one";
 }
 
-TEST(ChargeParametres, ReadsSmtpactifFromTheDefaultOneAndFromTheStoredWord) {
+TEST(Chargement, ReadsSmtpactifFromTheDefaultOneAndFromTheStoredWord) {
   BancReglages banc;
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_TRUE(banc.Valeurs.SmtpActif);
   EXPECT_EQ(banc.Magasin.Disque.value("MAIL/smtpactif"), QStringLiteral("True"));
   banc.Valeurs.SmtpActif = false;
   banc.Reglages.SauveParametres();
-  banc.Valeurs.SmtpActif = true;
-  banc.Reglages.ChargeParametres();
-  EXPECT_FALSE(banc.Valeurs.SmtpActif);
+  BancReglages second;
+  second.Magasin.Valeurs = banc.Magasin.Disque;
+  second.Charge();
+  EXPECT_FALSE(second.Valeurs.SmtpActif);
 }
 
-TEST(ChargeParametres, TellsKeyAndValueInTheLanguageOfTheUser) {
+TEST(Chargement, TellsKeyAndValueInTheLanguageOfTheUser) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("general/langue")] = QStringLiteral("1");
   banc.Magasin.Valeurs[QStringLiteral("general/retard")] = QStringLiteral("ten");
@@ -238,7 +222,7 @@ TEST(ChargeParametres, TellsKeyAndValueInTheLanguageOfTheUser) {
   EXPECT_TRUE(EchecDuChargement(banc, kTypeIncompatible).startsWith(QString::fromUtf8("Le paramètre general/retard")));
 }
 
-TEST(ChargeParametres, TellsInFrenchWhereTheLanguageIsDamagedOrUnknown) {
+TEST(Chargement, TellsInFrenchWhereTheLanguageIsDamagedOrUnknown) {
   for (const char* langue : {"?", "2", ""}) {
     BancReglages banc;
     banc.Magasin.Valeurs[QStringLiteral("general/langue")] = QString::fromLatin1(langue);
@@ -250,13 +234,13 @@ TEST(ChargeParametres, TellsInFrenchWhereTheLanguageIsDamagedOrUnknown) {
   }
 }
 
-TEST(ChargeParametres, ShortensAHugeDamagedValueInTheMessage) {
+TEST(Chargement, ShortensAHugeDamagedValueInTheMessage) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("general/skin")] = QString(500'000, u'\n');
   EXPECT_LT(EchecDuChargement(banc, kTypeIncompatible).size(), 300);
 }
 
-TEST(ChargeParametres, EndsTheStartWhenTheStoreCannotBeWritten) {
+TEST(Chargement, EndsTheStartWhenTheStoreCannotBeWritten) {
   BancReglages banc;
   banc.Magasin.RefuseEcriture = true;
   EXPECT_EQ(EchecDuChargement(banc, kAccesFichier).toStdString(),
@@ -264,38 +248,39 @@ TEST(ChargeParametres, EndsTheStartWhenTheStoreCannotBeWritten) {
 }
 
 // With the start values of what is not read yet a save would replace the user's server, passwords and folder.
-TEST(ChargeParametres, SavesNothingBeforeTheLastValueIsRead) {
+TEST(Chargement, SavesNothingBeforeTheLastValueIsRead) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("MAIL/smtpserveur")] = QStringLiteral("mail.example.org");
   banc.Disque.AjouteDossier(QStringLiteral("/prog/intrus"));
-  QStringList ecritsPendantLaLecture;
-  banc.Affichage.AuMoment = [&](C controle) {
-    if (controle != C::CombSkin) return;
-    banc.Valeurs.ParametresModifies = true;
-    banc.Reglages.SauveParametres();  // whatever runs in a pump of the load
-    ecritsPendantLaLecture = banc.Magasin.Ecrits;
-    EXPECT_TRUE(banc.Valeurs.ParametresModifies) << "what was to be saved is not forgotten";
-    EXPECT_FALSE(banc.Reglages.EstCharge());
-  };
-  banc.Reglages.ChargeParametres();
-  EXPECT_TRUE(ecritsPendantLaLecture.isEmpty()) << ecritsPendantLaLecture.join(u' ').toStdString();
+  banc.Reglages.LitJusqua(&Parametres::IndexSkin);
+  banc.Valeurs.ParametresModifies = true;
+  banc.Reglages.SauveParametres();  // whatever runs in a pump of the load
+  EXPECT_TRUE(banc.Magasin.Ecrits.isEmpty()) << banc.Magasin.Ecrits.join(u' ').toStdString();
+  EXPECT_TRUE(banc.Valeurs.ParametresModifies) << "what was to be saved is not forgotten";
+  EXPECT_FALSE(banc.Reglages.EstCharge());
+  banc.Reglages.TermineChargement();
   EXPECT_EQ(banc.Magasin.Disque.value("MAIL/smtpserveur"), QStringLiteral("mail.example.org"));
   EXPECT_TRUE(banc.Reglages.EstCharge());
 }
 
-TEST(ChargeParametres, MakesUpForASaveThatCameTooEarly) {
+TEST(Chargement, MakesUpForASaveThatCameTooEarly) {
   BancReglages banc;
-  banc.Affichage.Sauve = nullptr;  // the tail itself does not save
-  banc.Magasin.Valeurs[QStringLiteral("FTP/refresh")] = QString();
-  banc.Affichage.AuMoment = [&](C controle) {
-    if (controle == C::CombSkin) banc.Reglages.SauveParametres();
-  };
-  banc.Reglages.ChargeParametres();
+  banc.Reglages.LitJusqua(&Parametres::IndexSkin);
+  banc.Reglages.SauveParametres();
+  banc.Reglages.TermineChargement();
   EXPECT_EQ(banc.Magasin.Ecrits.count(QStringLiteral("FTP/refresh")), 1);
   EXPECT_EQ(banc.Modules.Envois.count(QStringLiteral("FTP:Optio")), 1);
 }
 
-TEST(ChargeParametres, ThatFailedLetsNothingBeSavedAfterwards) {
+TEST(Chargement, MakesUpForNoSaveThatAControlHasMadeSince) {
+  BancReglages banc;
+  banc.Reglages.LitJusqua(&Parametres::IndexSkin);
+  banc.Reglages.SauveParametres();
+  banc.Charge();
+  EXPECT_EQ(banc.Modules.Envois.count(QStringLiteral("FTP:Optio")), 1);
+}
+
+TEST(Chargement, ThatFailedLetsNothingBeSavedAfterwards) {
   BancReglages banc;
   banc.Disque.AjouteDossier(QStringLiteral("/prog/intrus"));
   banc.Magasin.Valeurs[QStringLiteral("general/skin")] = QStringLiteral("7");
@@ -307,21 +292,23 @@ TEST(ChargeParametres, ThatFailedLetsNothingBeSavedAfterwards) {
   EXPECT_FALSE(banc.Reglages.EstCharge());
 }
 
-TEST(ChargeParametres, ThatFailedInItsTailLetsNothingBeSavedEither) {
+TEST(Chargement, ThatFailedInItsTailLetsNothingBeSavedEither) {
   BancReglages banc;
+  banc.Disque.AjouteDossier(QStringLiteral("/prog/intrus"));
   banc.Magasin.RefuseEcriture = true;
   EchecDuChargement(banc, kAccesFichier);
+  EXPECT_EQ(banc.Magasin.Lus, NomsLus()) << "it is the save in the tail that failed";
   banc.Magasin.RefuseEcriture = false;
   banc.Magasin.Ecrits.clear();
   banc.Reglages.SauveParametres();
   EXPECT_TRUE(banc.Magasin.Ecrits.isEmpty());
 }
 
-TEST(ChargeParametres, AcceptsAnyLanguageAndAnyColour) {
+TEST(Chargement, AcceptsAnyLanguageAndAnyColour) {
   BancReglages banc;
   banc.Magasin.Valeurs[QStringLiteral("general/langue")] = QStringLiteral("2");
   banc.Magasin.Valeurs[QStringLiteral("FTP/couleur")] = QStringLiteral("99");
-  banc.Reglages.ChargeParametres();
+  banc.Charge();
   EXPECT_EQ(banc.Valeurs.LangueCourante, 2);
   EXPECT_EQ(banc.Valeurs.IndexCouleurPage, 99);
 }

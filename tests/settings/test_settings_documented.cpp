@@ -1,4 +1,4 @@
-// docs/settings.md is written for people; this holds its rows against the table.
+// docs/settings.md is written for people, apart from the table; this holds both against each other.
 #include <gtest/gtest.h>
 
 #include <QFile>
@@ -49,19 +49,40 @@ QList<QStringList> LitPage() {
   return lignes;
 }
 
+QString NomEcrit(const QStringList& ecrite) {
+  QString nom = ecrite[0] + u'/' + ecrite[1];
+  return nom.remove(u'`');
+}
+
 TEST(PageDesReglages, ListsEveryRowOfTheTableInSaveOrderWithItsFormAndDefault) {
   const QList<QStringList> lignes = LitPage();
-  ASSERT_EQ(lignes.size(), kNombreCles);
-  for (int i = 0; i < kNombreCles; ++i) {
+  ASSERT_EQ(lignes.size(), std::ssize(OrdreSauvegarde()));
+  for (qsizetype i = 0; i < lignes.size(); ++i) {
     const LigneReglage& ligne = *OrdreSauvegarde()[static_cast<std::size_t>(i)];
     const QStringList& ecrite = lignes[i];
-    EXPECT_EQ(ecrite[0] + u'/' + ecrite[1],
-              NomReglage(ligne).replace(u'/', QStringLiteral("`/`")).prepend(u'`') + u'`');
+    EXPECT_EQ(NomEcrit(ecrite), NomReglage(ligne));
     EXPECT_EQ(ecrite[2], NomForme(ligne.Forme)) << ecrite[1].toStdString();
     EXPECT_EQ(ecrite[3], Defaut(ligne)) << ecrite[1].toStdString();
     EXPECT_FALSE(ecrite[4].isEmpty());
     EXPECT_GT(ecrite[5].size(), 10) << ecrite[1].toStdString();
   }
+}
+
+// The sizes of the picture are never read; the mail password is read with its section.
+TEST(PageDesReglages, IsTheOrderOfTheLoadButForTheMailPassword) {
+  const QString motDePasse = QStringLiteral("MAIL/pass");
+  QStringList attendus;
+  for (const QStringList& ecrite : LitPage()) {
+    const QString nom = NomEcrit(ecrite);
+    if (ecrite[2] == QStringLiteral("number") || nom == motDePasse) continue;
+    if (nom.startsWith(QStringLiteral("FTP/")) && !attendus.contains(motDePasse)) attendus += motDePasse;
+    attendus += nom;
+  }
+  QStringList lus;
+  for (const LigneReglage& ligne : TableReglages()) {
+    if (EstLue(ligne)) lus += NomReglage(ligne);
+  }
+  EXPECT_EQ(lus, attendus);
 }
 
 TEST(PageDesReglages, GivesTheRangeOfEachRowThatIsRefusedOutsideIt) {

@@ -315,15 +315,17 @@ TEST_F(Champs, LoadingRunsTheHandlersAndTheIntervalSaves) {
   Banc.Reglages.AdresseFtp = QStringLiteral("ftp.example.org");
   Banc.Reglages.MailDestination = QStringLiteral("me @example.org");
   VueParametres vue(Banc.Reglages, Banc.Fenetre);
-  vue.MontreParametre(ControleParametre::TextEMail);
+  vue.MontreLu(&Parametres::MailDestination);
   EXPECT_EQ(Banc.Reglages.MailDestination, QStringLiteral("me@example.org"));
-  vue.MontreParametre(ControleParametre::TxtFtp);
+  vue.MontreLu(&Parametres::AdresseFtp);
   EXPECT_TRUE(Banc.Reglages.ParametresModifies);
-  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0);
-  vue.MontreParametre(ControleParametre::TxtRefresh);
-  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 1);
-  vue.MontreParametre(ControleParametre::TxtRefresh);
-  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 1) << "no change, no save";
+  vue.MontreLu(&Parametres::IntervalleFtp);
+  vue.MontreLu(&Parametres::Retard);
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0) << "those that save wait";
+  vue.MontreFin();
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 2) << "the interval and the delay";
+  vue.MontreFin();
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 2) << "no change, no save";
 }
 
 TEST_F(Champs, AnyTextCanBePastedIntoEveryField) {

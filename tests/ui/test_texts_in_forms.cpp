@@ -80,24 +80,5 @@ TEST(TextsInForms, EveryFieldAndButtonHasAnAccessibleName) {
   EXPECT_GT(regardes, 30) << "those of all four pages, which lie over each other";
 }
 
-TEST(TextsInForms, ParametersFillTheControls) {
-  BancFenetre banc;
-  banc.Reglages.AdresseFtp = QStringLiteral("ftp.example.org");
-  banc.Reglages.MailCorps = QStringLiteral("one\ntwo");
-  banc.Reglages.IndexSkin = 2;
-  banc.Reglages.IndexQualite = 1;
-  banc.Reglages.PhotoActif = true;
-  VueParametres vue(banc.Reglages, banc.Fenetre);
-  for (int i = 0; i <= static_cast<int>(ControleParametre::CombQualit); ++i) {
-    vue.MontreParametre(static_cast<ControleParametre>(i));
-  }
-  EXPECT_EQ(banc.Trouve<QLineEdit>("TxtFtp")->text(), QStringLiteral("ftp.example.org"));
-  EXPECT_EQ(banc.Trouve<QPlainTextEdit>("TextTexte")->toPlainText(), QStringLiteral("one\ntwo"));
-  EXPECT_EQ(banc.Trouve<QComboBox>("CombSkin")->currentIndex(), 2);
-  EXPECT_EQ(banc.Trouve<QComboBox>("CombQualit")->currentIndex(), 1);
-  EXPECT_TRUE(banc.Trouve<QCheckBox>("CheckPPhot")->isChecked());
-  EXPECT_EQ(banc.Trouve<QLineEdit>("Text1")->text(), QStringLiteral("10"));
-}
-
 }  // namespace
 }  // namespace vaktor

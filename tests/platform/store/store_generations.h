@@ -1,4 +1,4 @@
-// Tables that tell whether they are whole: each of the 35 keys carries the number of its generation, with a tail whose
+// Tables that tell whether they are whole: each key carries the number of its generation, with a tail whose
 // length changes from one generation to the next.
 #pragma once
 

@@ -27,11 +27,6 @@ class Muets : public CommandesModules {
   void EnvoiSon(Commande) override {}
 };
 
-class SansControles : public AffichageParametres {
- public:
-  void MontreParametre(ControleParametre) override {}
-};
-
 QByteArray Joue(const QString& fichier, const QStringList& mots, bool sansDroits = false) {
   QProcess processus;
   QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
@@ -63,19 +58,17 @@ TEST(MagasinPartage, ShowsEachSaveToARunningCompanionWhenItIsTold) {
   Parametres valeurs;
   FauxFichiers disque;
   Muets modules;
-  SansControles affichage;
   faux::SanteFausse sante;
   ReglagesPersistants reglages({.Valeurs = valeurs,
                                 .Magasin = magasin,
                                 .Disque = disque,
                                 .Modules = modules,
                                 .DossierProgramme = "/prog",
-                                .PremierControle = [&]() -> AffichageParametres& { return affichage; },
                                 .TailleImage = [] { return QSize(320, 240); },
                                 .Sante = sante});
   disque.AjouteDossier("/prog/intrus");
   modules.Averti = [] {};
-  reglages.ChargeParametres();  // until then nothing is saved
+  reglages.TermineChargement();  // until then nothing is saved
   QByteArray vu;
   modules.Averti = [&] { vu = Demande(compagnon, "FTP/refresh"); };  // at the moment of "Optio"
   for (int i = 0; i < 40; ++i) {

@@ -1,0 +1,126 @@
+// What stands in the store stands in the window after a start, each value in its own control.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QMap>
+#include <QPlainTextEdit>
+
+#include "app/program_fixture.h"
+
+namespace vaktor::essai {
+namespace {
+
+/// A setting other than that of a first run, and what its control then shows: a text, the number of an entry, on or
+/// off.
+struct ReglageMontre {
+  const char* Cle;
+  const char* Stocke;
+  const char* Controle;
+  const char* Montre;
+};
+
+constexpr ReglageMontre kMontres[] = {{"general/retard", "25", "Text1", "25"},
+                                      {"general/seuilauto", "0", "ChkSeuilAuto", "off"},
+                                      {"general/skin", "2", "CombSkin", "2"},
+                                      {"PHOTO/actif", "1", "CheckPPhot", "on"},
+                                      {"SON/actif", "0", "CheckSon", "off"},
+                                      {"MAIL/actif", "1", "CheckMail", "on"},
+                                      {"MAIL/destination", "a@example.org", "TextEMail", "a@example.org"},
+                                      {"MAIL/sujet", "Somebody", "TextSujet", "Somebody"},
+                                      {"MAIL/corp", "one\ntwo", "TextTexte", "one\ntwo"},
+                                      {"MAIL/nombrephoto", "3", "TxtNbrPhoto", "3"},
+                                      {"MAIL/nombremail", "4", "TextNbrMail", "4"},
+                                      {"FTP/html", "http://www.example.org/", "TxtHtml", "http://www.example.org/"},
+                                      {"FTP/ftp", "ftp.example.org", "TxtFtp", "ftp.example.org"},
+                                      {"FTP/user", "u", "TxtUserName", "u"},
+                                      {"FTP/racine", "/www", "TxtFTPracine", "/www"},
+                                      {"FTP/refresh", "0,5", "TxtRefresh", "0,5"},
+                                      {"FTP/pass", "098100102", "TxtPass", "abc"},
+                                      {"FTP/qualitephoto", "1", "CombQualit", "1"},
+                                      {"FTP/couleur", "5", "CombCouleur", "5"},
+                                      {"FTP/rapportnombrephoto", "9", "TextNbrPhotoFTP", "9"}};
+
+using ControlesVus = QMap<QString, QString>;
+
+/// The controls into which a user puts something, with what they show.
+ControlesVus RegardeControles(const QWidget& fenetre) {
+  ControlesVus vus;
+  for (const QLineEdit* champ : fenetre.findChildren<QLineEdit*>()) vus[champ->objectName()] = champ->text();
+  for (const QPlainTextEdit* champ : fenetre.findChildren<QPlainTextEdit*>()) {
+    vus[champ->objectName()] = champ->toPlainText();
+  }
+  for (const QComboBox* liste : fenetre.findChildren<QComboBox*>()) {
+    vus[liste->objectName()] = QString::number(liste->currentIndex());
+  }
+  for (const QCheckBox* boite : fenetre.findChildren<QCheckBox*>()) {
+    vus[boite->objectName()] = boite->isChecked() ? QStringLiteral("on") : QStringLiteral("off");
+  }
+  return vus;
+}
+
+class ReglagesDansLaFenetre : public ProgrammeSurFaux {
+ protected:
+  ControlesVus DemarreAvec(const QMap<QString, QString>& valeurs) {
+    Programme.reset();  // its windows go with it before the next one comes up
+    Systeme.Pilote = std::make_unique<faux::PiloteFaux>(Systeme.Notes);
+    Systeme.Valeurs = valeurs;
+    Systeme.Notes.Vide();
+    Demarre();
+    return RegardeControles(*Fenetre("Form1"));
+  }
+  qsizetype Sauvegardes() const { return Systeme.Notes.Lignes().count(QStringLiteral("store: write FTP/refresh")); }
+};
+
+TEST_F(ReglagesDansLaFenetre, EachIsShownByItsOwnControlAndByNoOther) {
+  const ControlesVus neufs = DemarreAvec({});
+  for (const ReglageMontre& reglage : kMontres) {
+    ControlesVus attendus = neufs;
+    attendus[QLatin1String(reglage.Controle)] = QLatin1String(reglage.Montre);
+    // The same would say nothing, also where a control that shows nothing of the store stands like that.
+    EXPECT_TRUE(attendus != neufs) << reglage.Cle << " shows what a first run shows";
+    const ControlesVus vus = DemarreAvec({{QLatin1String(reglage.Cle), QLatin1String(reglage.Stocke)}});
+    for (const QString& controle : vus.keys()) {
+      EXPECT_EQ(vus[controle].toStdString(), attendus.value(controle).toStdString())
+          << reglage.Cle << " in " << controle.toStdString();
+    }
+  }
+}
+
+// A field that is put on a page and shows nothing of the store would come up with its design text, and the first save
+// would not know of it.
+TEST_F(ReglagesDansLaFenetre, NoControlForInputIsLeftOut) {
+  QStringList connus = {QStringLiteral("CheckPEcran")};  // the enlarged view: never kept
+  for (const ReglageMontre& reglage : kMontres) connus += QLatin1String(reglage.Controle);
+  connus.sort();
+  EXPECT_EQ(DemarreAvec({}).keys().join(u' ').toStdString(), connus.join(u' ').toStdString());
+}
+
+TEST_F(ReglagesDansLaFenetre, TheIntervalAndTheDelaySaveAsTheyAreFilled) {
+  DemarreAvec({});
+  EXPECT_EQ(Sauvegardes(), 2);
+  EXPECT_EQ(Systeme.Valeurs.value(QStringLiteral("FTP/rapportnombrephoto")), QStringLiteral("50"));
+}
+
+// The delay's field shows 0 anyway, so that only the interval saves; what the field behind it has cleaned then waits
+// for the next save.
+TEST_F(ReglagesDansLaFenetre, WithADelayOfZeroTheNumberOfPhotosThatWasCleanedIsSavedByTheStop) {
+  const QString photos = QStringLiteral("FTP/rapportnombrephoto");
+  const ControlesVus vus =
+      DemarreAvec({{QStringLiteral("general/retard"), QStringLiteral("0")}, {photos, QStringLiteral("0")}});
+  EXPECT_EQ(vus[QStringLiteral("TextNbrPhotoFTP")], QStringLiteral("1"));
+  EXPECT_EQ(Sauvegardes(), 1);
+  EXPECT_EQ(Systeme.Valeurs[photos], QStringLiteral("0"));
+  Programme->Ferme();
+  EXPECT_EQ(Sauvegardes(), 2);
+  EXPECT_EQ(Systeme.Valeurs[photos], QStringLiteral("1"));
+}
+
+TEST_F(ReglagesDansLaFenetre, NothingIsSavedWhereNeitherChangesItsField) {
+  DemarreAvec({{QStringLiteral("general/retard"), QStringLiteral("0")}, {QStringLiteral("FTP/refresh"), QString()}});
+  EXPECT_EQ(Sauvegardes(), 0);
+}
+
+}  // namespace
+}  // namespace vaktor::essai
