@@ -83,19 +83,18 @@ void Vaktor::CreeForm1() {
 }
 
 void Vaktor::BrancheActions() {
-  ActionsBoutonsGris actions;
-  actions[0] = [this] { Galerie().OuvreGalerie(); };
-  actions[1] = [this] { Liens_.OuvreMiseAJour(); };
-  actions[2] = [this] { InterrupteurLive_->CreationPageLive(); };
-  actions[3] = [this] { Live_->TestPageLive(); };
-  actions[6] = [this] { MontreFormSound(); };
-  actions[7] = [this] { Liens_.OuvreNotice(); };
-  actions[8] = [this] {
-    MontreFrmSmtp();
-    ChargeurTextes_->ChargeTextes();
-  };
-  BrancheBoutonsGris(*Form1_, actions);
-  QObject::connect(Form1_->Ftp().BoutonEssaiFtp, &QAbstractButton::clicked, Form1_.get(), [this] { EssaiePageLive(); });
+  BrancheBoutonsGris(*Form1_, {.OuvreGalerie = [this] { Galerie().OuvreGalerie(); },
+                               .OuvreMiseAJour = [this] { Liens_.OuvreMiseAJour(); },
+                               .CreationPageLive = [this] { InterrupteurLive_->CreationPageLive(); },
+                               .TestPageLive = [this] { Live_->TestPageLive(); },
+                               .MontreFormSound = [this] { MontreFormSound(); },
+                               .OuvreNotice = [this] { Liens_.OuvreNotice(); },
+                               .MontreFrmSmtp =
+                                   [this] {
+                                     MontreFrmSmtp();
+                                     ChargeurTextes_->ChargeTextes();
+                                   },
+                               .EssaiePageLive = [this] { EssaiePageLive(); }});
 }
 
 void Vaktor::MontreFormSound() {

@@ -102,7 +102,7 @@ FormVisuPhoto& Vaktor::Galerie() {
     Galerie_ = std::make_unique<GaleriePhotos>(PortsGalerie{Reglages_, Systeme_.Dossiers, Etat_, *Sauvegarde_, Textes_,
                                                             Systeme_.Noms, Systeme_.Lecteur, Systeme_.Effaceur,
                                                             Systeme_.Boites, Systeme_.Navigateur});
-    FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_, Systeme_.Dossiers);
+    FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_);
     Galerie_->ExigeLien();
     CreeRepertoire(*FormVisuPhoto_);
   }

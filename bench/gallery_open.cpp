@@ -100,7 +100,7 @@ struct Banc {
   EffaceurPhotosSysteme Effaceur;
   GaleriePhotos Galerie{
       PortsGalerie{Reglages, Dossiers, Etat, Sauvegarde, Textes, Noms, Lecteur, Effaceur, Boites, Bureau}};
-  Fenetre Forme{Galerie, Reglages, Textes, Dossiers};
+  Fenetre Forme{Galerie, Reglages, Textes};
 };
 
 /// The longest time between two ticks of a timer of 30 ms since it was last asked.

@@ -99,7 +99,7 @@ void PublicationLive::PublieLive(const ImageCamera& image) {
 }
 
 void PublicationLive::EcritLive(const ImageCamera& image) {
-  QImage tampon = image.Entiere();  // PictureTampon; shared until the stamp goes on
+  QImage tampon = image.Entiere();  // shared until the stamp goes on
   const QString heure = FormateTimbre(Ports_.Temps.DonneHeureTexte());
   PoseTimbre(tampon, Ports_.Timbre.DessineTimbre(heure));
   Ports_.Ecrivain.EnregistreJPEG(tampon, Ports_.Dossiers.Donnees + QStringLiteral("/Temp/Live.jpg"),

@@ -1,4 +1,4 @@
-// PictHeure drawn: white figures on a fixed dark plate, readable on any picture.
+// The time of a live image: white figures on a fixed dark plate, readable on any picture.
 #pragma once
 
 #include "companions/ports/live_image.h"

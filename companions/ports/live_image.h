@@ -14,7 +14,7 @@ class EcrivainLive {
   virtual void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) = 0;
 };
 
-/// PictHeure: the little picture of the time.
+/// The little picture of the time.
 class TimbreHeure {
  public:
   static constexpr int kLargeur = 68;

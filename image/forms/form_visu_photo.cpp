@@ -15,18 +15,9 @@ namespace {
 
 constexpr QSize kTailleConception{920, 620};  // once it is restored from its maximised start
 
-QWidget* CreeControleCache(QWidget* forme, const char* nom, const QSize& taille) {
-  auto* controle = new QWidget(forme);
-  controle->setObjectName(QLatin1String(nom));
-  controle->resize(taille);
-  controle->hide();
-  return controle;
-}
-
 }  // namespace
 
-FormVisuPhoto::FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, const TablesTextes& textes,
-                             const DossiersProgramme& dossiers)
+FormVisuPhoto::FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, const TablesTextes& textes)
     : QWidget(nullptr, Qt::Window),
       Regles_(regles),
       Reglages_(reglages),
@@ -37,7 +28,6 @@ FormVisuPhoto::FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, 
   setWindowTitle(QStringLiteral("Intrusions"));
   PictureVisu_->setObjectName(QStringLiteral("PictureVisu"));
   resize(kTailleConception);
-  CreeControlesCaches(dossiers);
   CreeMenu();
   BranchePanneau();
   BrancheListe();
@@ -48,14 +38,6 @@ FormVisuPhoto::FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, 
   const QSignalBlocker silence(PictureAfff_->TxtNbrPhotDisk);
   PictureAfff_->TxtNbrPhotDisk->setText(QString::number(reglages.NombrePhotoMax));
   setWindowState(Qt::WindowMaximized);
-}
-
-void FormVisuPhoto::CreeControlesCaches(const DossiersProgramme& dossiers) {
-  // Nothing reads this list, so it holds its folder and never looks into it.
-  QWidget* liste = CreeControleCache(this, "File1", {100, 60});
-  liste->setProperty("Chemin", dossiers.Donnees + QStringLiteral("\\Temp\\FTP\\"));
-  CreeControleCache(this, "PictureFond", {159, 131});
-  CreeControleCache(this, "PictureAffTampon", {403, 882});
 }
 
 void FormVisuPhoto::CreeMenu() {

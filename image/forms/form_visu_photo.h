@@ -15,15 +15,14 @@
 namespace vaktor {
 
 /// Owner: app/; made at its first use, which is the first load of the texts, and alive for the whole run: closing saves
-/// and hides. Controls: PictureAfff with those of PanneauGalerie, PictureVisu, the pop-up menu Mnu_file with
-/// Mnu_Supprim, and three that never show, File1, PictureFond and PictureAffTampon. User-interface thread.
+/// and hides. Controls: PictureAfff with those of PanneauGalerie, PictureVisu, and the pop-up menu Mnu_file with
+/// Mnu_Supprim. User-interface thread.
 class FormVisuPhoto : public QWidget, private AffichageGalerie {
   Q_OBJECT
 
  public:
   /// Its load step runs here: the limit is shown, the window is to open maximised.
-  FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, const TablesTextes& textes,
-                const DossiersProgramme& dossiers);
+  FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, const TablesTextes& textes);
 
   ~FormVisuPhoto() override { Regles_.Delie(); }
   FormVisuPhoto(const FormVisuPhoto&) = delete;
@@ -57,7 +56,6 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
   void AvanceProgression(int pas) override;
   void FermeProgression() override;
 
-  void CreeControlesCaches(const DossiersProgramme& dossiers);
   void CreeMenu();
   void BranchePanneau();
   void BrancheListe();

@@ -28,7 +28,7 @@ class Galerie : public testing::Test, protected faux::BancGalerie {
   void Bouton(const char* nom) { QTest::mouseClick(Trouve<QPushButton>(nom), Qt::LeftButton); }
   QString Lu(int i = 0) const { return Lecteur.Lues.value(i); }
 
-  FormVisuPhoto Forme{BancGalerie::Galerie, Reglages, Textes, Dossiers};
+  FormVisuPhoto Forme{BancGalerie::Galerie, Reglages, Textes};
   ListePhotos* Liste = Trouve<ListePhotos>("FilePhotoVisu");
   PlacePhoto* Photo = Trouve<PlacePhoto>("PictureVisu");
   QLineEdit* Limite = Trouve<QLineEdit>("TxtNbrPhotDisk");
@@ -36,13 +36,11 @@ class Galerie : public testing::Test, protected faux::BancGalerie {
 };
 
 TEST_F(Galerie, HasItsControlsAndOpensMaximised) {
-  for (const char* nom :
-       {"PictureAfff", "FilePhotoVisu", "PictureVisu", "File1", "PictureFond", "PictureAffTampon", "TxtNbrPhotDisk",
-        "LblPhotoDisc", "CmdOpenRepPhot", "Command7", "CmdRefresh", "CmdClearRepPhot"}) {
+  for (const char* nom : {"PictureAfff", "FilePhotoVisu", "PictureVisu", "TxtNbrPhotDisk", "LblPhotoDisc",
+                          "CmdOpenRepPhot", "Command7", "CmdRefresh", "CmdClearRepPhot"}) {
     EXPECT_NE(Trouve<QWidget>(nom), nullptr) << nom;
   }
   EXPECT_EQ(Forme.objectName(), QStringLiteral("FormVisuPhoto"));
-  EXPECT_EQ(Trouve<QWidget>("File1")->property("Chemin").toString(), QStringLiteral("/d\\Temp\\FTP\\"));
   EXPECT_FALSE(Forme.isVisible());
   EXPECT_TRUE(Forme.isMaximized());
   EXPECT_EQ(Limite->text(), QStringLiteral("10000"));
@@ -253,7 +251,7 @@ TEST_F(Galerie, WindowComesWhenTheNamesAreThereAndNotWhenItsFormHasGone) {
   Noms.Livre();
   EXPECT_TRUE(Forme.isVisible());
   {
-    FormVisuPhoto autre(BancGalerie::Galerie, Reglages, Textes, Dossiers);
+    FormVisuPhoto autre(BancGalerie::Galerie, Reglages, Textes);
     autre.OuvreGalerie();
     EXPECT_TRUE(Noms.Attend());
   }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
 #include <QLineEdit>
 
 #include "ui/controls/face_button.h"
@@ -20,14 +21,23 @@ class PageFtp : public PageVaktor {
   explicit PageFtp(QWidget* fenetre);
 
   QLineEdit* TxtFtp;
+  QLabel* Lblftp;
   QLineEdit* TxtHtml;
+  QLabel* LblHTML;
   QLineEdit* TxtFTPracine;
+  QLabel* LblRepRaciine;
   QLineEdit* TxtUserName;
+  QLabel* LblUserName;
   QLineEdit* TxtPass;
+  QLabel* LblPass;
   QComboBox* CombQualit;   ///< kNombreQualites items, worded by the text loader
+  QLabel* Label1;          ///< of CombQualit
   QComboBox* CombCouleur;  ///< kNombreCouleurs items, worded and selected by the text loader
+  QLabel* LblCouleurPage;
   QLineEdit* TxtRefresh;
+  QLabel* LblIntervale;
   QLineEdit* TextNbrPhotoFTP;
+  QLabel* LblNbrdephotoftp;
   BoutonImage* BoutonGris2;     ///< BoutonGris(2), create and send the page
   BoutonImage* BoutonGris3;     ///< BoutonGris(3), open the page
   BoutonImage* BoutonEssaiFtp;  ///< tries what stands in the fields

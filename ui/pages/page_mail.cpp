@@ -7,14 +7,14 @@ namespace vaktor {
 
 PageMail::PageMail(QWidget* fenetre) : PageVaktor(fenetre, 0) {
   TxtNbrPhoto = CreeChamp(this, QStringLiteral("TxtNbrPhoto"), {8, 8, 30, 19});
-  CreeEtiquetteDeChamp(this, QStringLiteral("LabelVague"), {45, 8, 260, 19});
+  LabelVague = CreeEtiquetteDeChamp(this, QStringLiteral("LabelVague"), {45, 8, 260, 19});
   TextNbrMail = CreeChamp(this, QStringLiteral("TextNbrMail"), {8, 24, 30, 19});
-  CreeEtiquetteDeChamp(this, QStringLiteral("LabelNbrMail"), {45, 25, 260, 17});
+  LabelNbrMail = CreeEtiquetteDeChamp(this, QStringLiteral("LabelNbrMail"), {45, 25, 260, 17});
   TextEMail = CreeChamp(this, QStringLiteral("TextEMail"), {8, 54, 129, 19});
-  CreeEtiquetteDeChamp(this, QStringLiteral("LabelMaildest"), {144, 54, 170, 19});
+  LabelMaildest = CreeEtiquetteDeChamp(this, QStringLiteral("LabelMaildest"), {144, 54, 170, 19});
   TextSujet = CreeChamp(this, QStringLiteral("TextSujet"), {8, 72, 129, 17});
-  CreeEtiquetteDeChamp(this, QStringLiteral("LabelMailSujet"), {144, 72, 170, 17});
-  CreeEtiquette(this, QStringLiteral("LabelMailTexte"), {8, 94, 82, 16}, kPoliceMoyenne);
+  LabelMailSujet = CreeEtiquetteDeChamp(this, QStringLiteral("LabelMailSujet"), {144, 72, 170, 17});
+  LabelMailTexte = CreeEtiquette(this, QStringLiteral("LabelMailTexte"), {8, 94, 82, 16}, kPoliceMoyenne);
   TextTexte = CreeChampEnPolice<QPlainTextEdit>(this, TextSujet->font());
   TextTexte->setObjectName(QStringLiteral("TextTexte"));
   TextTexte->setGeometry(8, 112, 249, 40);

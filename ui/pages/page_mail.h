@@ -1,6 +1,7 @@
 // PictPage(0), the mail page: words and counts of the alarm mails.
 #pragma once
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -17,10 +18,15 @@ class PageMail : public PageVaktor {
   explicit PageMail(QWidget* fenetre);
 
   QLineEdit* TxtNbrPhoto;
+  QLabel* LabelVague;
   QLineEdit* TextNbrMail;
+  QLabel* LabelNbrMail;
   QLineEdit* TextEMail;
+  QLabel* LabelMaildest;
   QLineEdit* TextSujet;
+  QLabel* LabelMailSujet;
   QPlainTextEdit* TextTexte;
+  QLabel* LabelMailTexte;
   BoutonImage* BoutonGris8;  ///< BoutonGris(8), SMTP settings
 };
 

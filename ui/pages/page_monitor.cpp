@@ -15,18 +15,18 @@ PageMoniteur::PageMoniteur(QWidget* fenetre) : PageVaktor(fenetre, 1) {
 }
 
 void PageMoniteur::CreeEtiquettes() {
-  CreeEtiquette(this, QStringLiteral("Label4"), {8, 9, 105, 17}, kPoliceMoyenne, kBlancTexte);
-  CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckPhot"), {78, 28, 100, 17});
-  CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckSon"), {78, 56, 100, 17});
-  CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckMail"), {78, 84, 100, 17});
-  QLabel* retard = CreeEtiquette(this, QStringLiteral("LabelRetard"), {8, 117, 32, 14}, kPolicePetite, kBlancTexte);
+  Label4 = CreeEtiquette(this, QStringLiteral("Label4"), {8, 9, 105, 17}, kPoliceMoyenne, kBlancTexte);
+  LabelCheckPhot = CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckPhot"), {78, 28, 100, 17});
+  LabelCheckSon = CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckSon"), {78, 56, 100, 17});
+  LabelCheckMail = CreeEtiquetteDeChamp(this, QStringLiteral("LabelCheckMail"), {78, 84, 100, 17});
+  LabelRetard = CreeEtiquette(this, QStringLiteral("LabelRetard"), {8, 117, 32, 14}, kPolicePetite, kBlancTexte);
   // The French word is a pixel wider than its place: closer letters keep its last one whole.
-  QFont police = retard->font();
+  QFont police = LabelRetard->font();
   police.setLetterSpacing(QFont::PercentageSpacing, 96);
-  retard->setFont(police);
+  LabelRetard->setFont(police);
   CreeEtiquette(this, QStringLiteral("Label5"), {96, 138, 25, 17})->setText(QStringLiteral("Sec."));
-  LabelTemoin0_ = CreeEtiquette(this, NomIndexe("LabelTemoin", 0), {328, 120, 63, 15});
-  LabelTemoin1_ = CreeEtiquette(this, NomIndexe("LabelTemoin", 1), {264, 120, 63, 15});
+  LabelTemoin0 = CreeEtiquette(this, NomIndexe("LabelTemoin", 0), {328, 120, 63, 15});
+  LabelTemoin1 = CreeEtiquette(this, NomIndexe("LabelTemoin", 1), {264, 120, 63, 15});
   Compteurs_ = new TravailVisible(this, [this] { EcritCompteurs(); });
   EcritCompteurs();
 }
@@ -63,8 +63,8 @@ void PageMoniteur::MontreCompteurs(qint32 millisecondes, qint32 points) {
 }
 
 void PageMoniteur::EcritCompteurs() {
-  LabelTemoin0_->setText(QStringLiteral("%1 ms ").arg(Millisecondes_));
-  LabelTemoin1_->setText(QStringLiteral("%1 Pts ").arg(Points_));
+  LabelTemoin0->setText(QStringLiteral("%1 ms ").arg(Millisecondes_));
+  LabelTemoin1->setText(QStringLiteral("%1 Pts ").arg(Points_));
 }
 
 }  // namespace vaktor

@@ -27,10 +27,17 @@ class PageMoniteur : public PageVaktor {
   void CocheMode(bool zoom);
 
   VueReduite* Picture2;
+  QLabel* Label4;  ///< the heading of the three switches
   CaseACocher* CheckPPhot;
+  QLabel* LabelCheckPhot;
   CaseACocher* CheckSon;
+  QLabel* LabelCheckSon;
   CaseACocher* CheckMail;
+  QLabel* LabelCheckMail;
   QLineEdit* Text1;
+  QLabel* LabelRetard;
+  QLabel* LabelTemoin0;      ///< LabelTemoin(0), milliseconds
+  QLabel* LabelTemoin1;      ///< LabelTemoin(1), points
   BoutonImage* BoutonGris0;  ///< BoutonGris(0)
   BoutonImage* BoutonGris1;  ///< BoutonGris(1)
 
@@ -44,8 +51,6 @@ class PageMoniteur : public PageVaktor {
   void EcritCompteurs();
   void OuvreMenu(const QPoint& position);
 
-  QLabel* LabelTemoin0_;
-  QLabel* LabelTemoin1_;
   TravailVisible* Compteurs_;
   qint32 Millisecondes_ = 0;
   qint32 Points_ = 0;

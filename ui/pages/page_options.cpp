@@ -5,8 +5,8 @@ namespace vaktor {
 PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   BoutonGris4 = new BoutonImage(this, NomIndexe("BoutonGris", 4), {8, 64}, FamilleBouton::kGrise);
   BoutonGris5 = new BoutonImage(this, NomIndexe("BoutonGris", 5), {8, 82}, FamilleBouton::kGrise);
-  new BoutonImage(this, NomIndexe("BoutonGris", 6), {96, 64}, FamilleBouton::kGrise);
-  new BoutonImage(this, NomIndexe("BoutonGris", 7), {192, 64}, FamilleBouton::kGrise);
+  BoutonGris6 = new BoutonImage(this, NomIndexe("BoutonGris", 6), {96, 64}, FamilleBouton::kGrise);
+  BoutonGris7 = new BoutonImage(this, NomIndexe("BoutonGris", 7), {192, 64}, FamilleBouton::kGrise);
   // From the right edge leftwards, and made from the left: the tab key goes that way.
   for (std::size_t i = kNombreLangues; i-- > 0;)
     Image4.at(i) = new DrapeauLangue(this, kLangues.at(i), {312 - 24 * static_cast<int>(i), 64});
@@ -16,7 +16,7 @@ PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   CombSkin->setCurrentIndex(-1);
   CombSkin->setAccessibleName(QStringLiteral("Skins"));
   ChkSeuilAuto = CreeCase(this, QStringLiteral("ChkSeuilAuto"), {8, 144});
-  CreeEtiquetteDeChamp(this, QStringLiteral("LblSeuilAuto"), {26, 144, 138, 17});
+  LblSeuilAuto = CreeEtiquetteDeChamp(this, QStringLiteral("LblSeuilAuto"), {26, 144, 138, 17});
 }
 
 }  // namespace vaktor

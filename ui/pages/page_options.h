@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QComboBox>
+#include <QLabel>
 #include <array>
 
 #include "ui/controls/control_factory.h"
@@ -20,9 +21,12 @@ class PageOptions : public PageVaktor {
 
   BoutonImage* BoutonGris4;                             ///< BoutonGris(4), video format
   BoutonImage* BoutonGris5;                             ///< BoutonGris(5), video source
+  BoutonImage* BoutonGris6;                             ///< BoutonGris(6), alarm sound
+  BoutonImage* BoutonGris7;                             ///< BoutonGris(7), manual
   std::array<DrapeauLangue*, kNombreLangues> Image4{};  ///< by language
   QComboBox* CombSkin;
   CaseACocher* ChkSeuilAuto;
+  QLabel* LblSeuilAuto;
 };
 
 }  // namespace vaktor

@@ -1,100 +1,96 @@
 #include "ui/shown/text_loader.h"
 
-#include <QAbstractButton>
 #include <array>
+#include <vector>
 
 #include "texts/language.h"
-#include "ui/controls/control_factory.h"
 #include "ui/shown/own_words.h"
 
 namespace vaktor {
 
 namespace {
 
-template <typename Nom>
-struct LigneTexte {
-  Nom Mots;
-  const char* Controle;
+struct LigneAide {
+  Aide Mots;
+  QWidget* Controle;
 };
 
-// Tooltips of Form1 in the order in which they are written. Where two rows name one control the later one counts.
-constexpr std::array kAides = {LigneTexte{Aide::kCamera, "Bouton(0)"},
-                               LigneTexte{Aide::kAlarme, "Bouton(1)"},
-                               LigneTexte{Aide::kRetard, "Text1"},
-                               LigneTexte{Aide::kPoints, "LabelTemoin(1)"},
-                               LigneTexte{Aide::kPhotosParMail, "TxtNbrPhoto"},
-                               LigneTexte{Aide::kNombreMails, "TextNbrMail"},
-                               LigneTexte{Aide::kMailDestination, "TextEMail"},
-                               LigneTexte{Aide::kSujet, "TextSujet"},
-                               LigneTexte{Aide::kTexteMail, "TextTexte"},
-                               LigneTexte{Aide::kEnvoieMail, "CheckMail"},
-                               LigneTexte{Aide::kPrendPhoto, "CheckPPhot"},
-                               LigneTexte{Aide::kAlarmeSonore, "CheckSon"},
-                               LigneTexte{Aide::kJauge, "PictSeuil"},
-                               LigneTexte{Aide::kPleinEcran, "CheckPEcran"},
-                               LigneTexte{Aide::kDureeAnalyse, "LabelTemoin(0)"},
-                               LigneTexte{Aide::kFormatVideo, "BoutonGris(4)"},
-                               LigneTexte{Aide::kSourceVideo, "BoutonGris(5)"},
-                               LigneTexte{Aide::kMiseAJour, "BoutonGris(1)"},
-                               LigneTexte{Aide::kNotice, "BoutonGris(7)"},
-                               LigneTexte{Aide::kAdresseFtp, "TxtFtp"},
-                               LigneTexte{Aide::kAdresseHtml, "TxtHtml"},
-                               LigneTexte{Aide::kUtilisateurFtp, "TxtUserName"},
-                               LigneTexte{Aide::kMotDePasseFtp, "TxtPass"},
-                               LigneTexte{Aide::kIntervalle, "TxtRefresh"},
-                               LigneTexte{Aide::kQualiteImages, "CombQualit"},
-                               LigneTexte{Aide::kCreePage, "BoutonGris(2)"},
-                               LigneTexte{Aide::kTestePage, "BoutonGris(3)"},
-                               LigneTexte{Aide::kListeCouleurs, "CombCouleur"},
-                               LigneTexte{Aide::kNombrePhotosPage, "LblNbrdephotoftp"},
-                               LigneTexte{Aide::kCouleurPage, "LblCouleurPage"},
-                               LigneTexte{Aide::kSensibiliteAuto, "ChkSeuilAuto"},
-                               LigneTexte{Aide::kSensibiliteAuto, "LblSeuilAuto"}};
+std::vector<LigneAide> DonneAides(Form1& fenetre) {
+  const BandeauHaut& bandeau = fenetre.Bandeau();
+  const PageMoniteur& moniteur = fenetre.Moniteur();
+  const PageMail& mail = fenetre.Mail();
+  const PageFtp& ftp = fenetre.Ftp();
+  const PageOptions& options = fenetre.Options();
+  return {{Aide::kCamera, bandeau.Bouton[0]},
+          {Aide::kAlarme, bandeau.Bouton[1]},
+          {Aide::kRetard, moniteur.Text1},
+          {Aide::kPoints, moniteur.LabelTemoin1},
+          {Aide::kPhotosParMail, mail.TxtNbrPhoto},
+          {Aide::kNombreMails, mail.TextNbrMail},
+          {Aide::kMailDestination, mail.TextEMail},
+          {Aide::kSujet, mail.TextSujet},
+          {Aide::kTexteMail, mail.TextTexte},
+          {Aide::kEnvoieMail, moniteur.CheckMail},
+          {Aide::kPrendPhoto, moniteur.CheckPPhot},
+          {Aide::kAlarmeSonore, moniteur.CheckSon},
+          {Aide::kJauge, bandeau.PictSeuil},
+          {Aide::kPleinEcran, &fenetre.CheckPEcran()},
+          {Aide::kDureeAnalyse, moniteur.LabelTemoin0},
+          {Aide::kFormatVideo, options.BoutonGris4},
+          {Aide::kSourceVideo, options.BoutonGris5},
+          {Aide::kMiseAJour, moniteur.BoutonGris1},
+          {Aide::kNotice, options.BoutonGris7},
+          {Aide::kAdresseFtp, ftp.TxtFtp},
+          {Aide::kAdresseHtml, ftp.TxtHtml},
+          {Aide::kUtilisateurFtp, ftp.TxtUserName},
+          {Aide::kMotDePasseFtp, ftp.TxtPass},
+          {Aide::kIntervalle, ftp.TxtRefresh},
+          {Aide::kQualiteImages, ftp.CombQualit},
+          {Aide::kCreePage, ftp.BoutonGris2},
+          {Aide::kTestePage, ftp.BoutonGris3},
+          {Aide::kListeCouleurs, ftp.CombCouleur},
+          {Aide::kNombrePhotosPage, ftp.LblNbrdephotoftp},
+          {Aide::kCouleurPage, ftp.LblCouleurPage},
+          {Aide::kSensibiliteAuto, options.ChkSeuilAuto},
+          {Aide::kSensibiliteAuto, options.LblSeuilAuto}};
+}
 
-constexpr std::array kEtiquettes = {LigneTexte{Libelle::kPhotosParMail, "LabelVague"},
-                                    LigneTexte{Libelle::kEMail, "LabelMaildest"},
-                                    LigneTexte{Libelle::kSujet, "LabelMailSujet"},
-                                    LigneTexte{Libelle::kTexteMail, "LabelMailTexte"},
-                                    LigneTexte{Libelle::kEnvoieMail, "LabelCheckMail"},
-                                    LigneTexte{Libelle::kPrendPhoto, "LabelCheckPhot"},
-                                    LigneTexte{Libelle::kAlarmeSonore, "LabelCheckSon"},
-                                    LigneTexte{Libelle::kNombreMails, "LabelNbrMail"},
-                                    LigneTexte{Libelle::kAdresseFtp, "Lblftp"},
-                                    LigneTexte{Libelle::kAdresseHtml, "LblHTML"},
-                                    LigneTexte{Libelle::kUtilisateurFtp, "LblUserName"},
-                                    LigneTexte{Libelle::kMotDePasseFtp, "LblPass"},
-                                    LigneTexte{Libelle::kIntervalle, "LblIntervale"},
-                                    LigneTexte{Libelle::kQualiteImages, "Label1"},
-                                    LigneTexte{Libelle::kAlarme, "Label4"},
-                                    LigneTexte{Libelle::kSensibilite, "LabelSeuil"},
-                                    LigneTexte{Libelle::kRetard, "LabelRetard"},
-                                    LigneTexte{Libelle::kNombrePhotosPage, "LblNbrdephotoftp"},
-                                    LigneTexte{Libelle::kCouleurPage, "LblCouleurPage"},
-                                    LigneTexte{Libelle::kSensibiliteAuto, "LblSeuilAuto"},
-                                    LigneTexte{Libelle::kRepertoire, "LblRepRaciine"}};
+// A label and what it stands beside: that has no words of its own, and carries the label's for those who hear the
+// window.
+struct Legende {
+  Libelle Mots;
+  QLabel* Etiquette;
+  QWidget* Champ;  // null: a heading
+};
 
-// Fields without a caption of their own carry the one of the label beside them, for those who hear the window.
-constexpr std::array kNomsAccessibles = {LigneTexte{Libelle::kPhotosParMail, "TxtNbrPhoto"},
-                                         LigneTexte{Libelle::kEMail, "TextEMail"},
-                                         LigneTexte{Libelle::kSujet, "TextSujet"},
-                                         LigneTexte{Libelle::kTexteMail, "TextTexte"},
-                                         LigneTexte{Libelle::kEnvoieMail, "CheckMail"},
-                                         LigneTexte{Libelle::kPrendPhoto, "CheckPPhot"},
-                                         LigneTexte{Libelle::kAlarmeSonore, "CheckSon"},
-                                         LigneTexte{Libelle::kMoniteur, "CheckPEcran"},
-                                         LigneTexte{Libelle::kNombreMails, "TextNbrMail"},
-                                         LigneTexte{Libelle::kAdresseFtp, "TxtFtp"},
-                                         LigneTexte{Libelle::kAdresseHtml, "TxtHtml"},
-                                         LigneTexte{Libelle::kUtilisateurFtp, "TxtUserName"},
-                                         LigneTexte{Libelle::kMotDePasseFtp, "TxtPass"},
-                                         LigneTexte{Libelle::kIntervalle, "TxtRefresh"},
-                                         LigneTexte{Libelle::kQualiteImages, "CombQualit"},
-                                         LigneTexte{Libelle::kSensibilite, "PictSeuil"},
-                                         LigneTexte{Libelle::kRetard, "Text1"},
-                                         LigneTexte{Libelle::kNombrePhotosPage, "TextNbrPhotoFTP"},
-                                         LigneTexte{Libelle::kCouleurPage, "CombCouleur"},
-                                         LigneTexte{Libelle::kSensibiliteAuto, "ChkSeuilAuto"},
-                                         LigneTexte{Libelle::kRepertoire, "TxtFTPracine"}};
+std::vector<Legende> DonneLegendes(Form1& fenetre) {
+  const BandeauHaut& bandeau = fenetre.Bandeau();
+  const PageMoniteur& moniteur = fenetre.Moniteur();
+  const PageMail& mail = fenetre.Mail();
+  const PageFtp& ftp = fenetre.Ftp();
+  const PageOptions& options = fenetre.Options();
+  return {{Libelle::kPhotosParMail, mail.LabelVague, mail.TxtNbrPhoto},
+          {Libelle::kEMail, mail.LabelMaildest, mail.TextEMail},
+          {Libelle::kSujet, mail.LabelMailSujet, mail.TextSujet},
+          {Libelle::kTexteMail, mail.LabelMailTexte, mail.TextTexte},
+          {Libelle::kEnvoieMail, moniteur.LabelCheckMail, moniteur.CheckMail},
+          {Libelle::kPrendPhoto, moniteur.LabelCheckPhot, moniteur.CheckPPhot},
+          {Libelle::kAlarmeSonore, moniteur.LabelCheckSon, moniteur.CheckSon},
+          {Libelle::kNombreMails, mail.LabelNbrMail, mail.TextNbrMail},
+          {Libelle::kAdresseFtp, ftp.Lblftp, ftp.TxtFtp},
+          {Libelle::kAdresseHtml, ftp.LblHTML, ftp.TxtHtml},
+          {Libelle::kUtilisateurFtp, ftp.LblUserName, ftp.TxtUserName},
+          {Libelle::kMotDePasseFtp, ftp.LblPass, ftp.TxtPass},
+          {Libelle::kIntervalle, ftp.LblIntervale, ftp.TxtRefresh},
+          {Libelle::kQualiteImages, ftp.Label1, ftp.CombQualit},
+          {Libelle::kAlarme, moniteur.Label4, nullptr},
+          {Libelle::kSensibilite, bandeau.LabelSeuil, bandeau.PictSeuil},
+          {Libelle::kRetard, moniteur.LabelRetard, moniteur.Text1},
+          {Libelle::kNombrePhotosPage, ftp.LblNbrdephotoftp, ftp.TextNbrPhotoFTP},
+          {Libelle::kCouleurPage, ftp.LblCouleurPage, ftp.CombCouleur},
+          {Libelle::kSensibiliteAuto, options.LblSeuilAuto, options.ChkSeuilAuto},
+          {Libelle::kRepertoire, ftp.LblRepRaciine, ftp.TxtFTPracine}};
+}
 
 // In the order of the lists.
 constexpr std::array<Libelle, PageFtp::kNombreQualites> kQualites = {Libelle::kQualiteMax, Libelle::kQualiteHaute,
@@ -125,24 +121,14 @@ void ChargeurTextes::ChargeTextes() {
 }
 
 void ChargeurTextes::EcritAides() {
-  for (const auto& ligne : kAides) {
-    if (auto* controle = Fenetre_.findChild<QWidget*>(QLatin1String(ligne.Controle))) {
-      controle->setToolTip(Textes_.Dit(ligne.Mots));
-    }
-  }
+  for (const LigneAide& ligne : DonneAides(Fenetre_)) ligne.Controle->setToolTip(Textes_.Dit(ligne.Mots));
   Moniteur_.EcritAides(Textes_.Dit(Aide::kZone), AideBarre(LangueParlee(Reglages_.LangueCourante)));
 }
 
 void ChargeurTextes::EcritTextes() {
-  for (const auto& ligne : kEtiquettes) {
-    if (auto* etiquette = Fenetre_.findChild<QLabel*>(QLatin1String(ligne.Controle))) {
-      etiquette->setText(Textes_.Dit(ligne.Mots));
-    }
-  }
-  for (const auto& ligne : kNomsAccessibles) {
-    if (auto* controle = Fenetre_.findChild<QWidget*>(QLatin1String(ligne.Controle))) {
-      controle->setAccessibleName(Textes_.Dit(ligne.Mots));
-    }
+  for (const Legende& legende : DonneLegendes(Fenetre_)) {
+    legende.Etiquette->setText(Textes_.Dit(legende.Mots));
+    if (legende.Champ != nullptr) legende.Champ->setAccessibleName(Textes_.Dit(legende.Mots));
   }
   Fenetre_.Bandeau().ImageLedAlarme->ChangeMots(MotsLampeAlarme(LangueParlee(Reglages_.LangueCourante)));
   Fenetre_.Bandeau().ImageLedSurveill->ChangeMots(MotsLampeSurveillance(LangueParlee(Reglages_.LangueCourante)));
@@ -151,6 +137,7 @@ void ChargeurTextes::EcritTextes() {
     Fenetre_.Options().Image4.at(RangLangue(drapeau))->Engage(drapeau == LitLangue(Reglages_.LangueCourante));
   }
   Fenetre_.CheckPEcran().setText(Textes_.Dit(Libelle::kMoniteur));
+  Fenetre_.CheckPEcran().setAccessibleName(Textes_.Dit(Libelle::kMoniteur));
   Fenetre_.Ftp().BoutonEssaiFtp->ChangeLibelle(LibelleEssaiFtp(LangueParlee(Reglages_.LangueCourante)));
   Fenetre_.Ftp().BoutonEssaiFtp->setToolTip(AideEssaiFtp(LangueParlee(Reglages_.LangueCourante)));
   Fenetre_.Ftp().TxtFTPracine->setToolTip(
@@ -180,10 +167,9 @@ void EcritLibellesBoutons(Form1& fenetre, const TablesTextes& textes) {
   for (int i = 0; i < BandeauHaut::kNombreBoutons; ++i) {
     fenetre.Bandeau().Bouton.at(static_cast<std::size_t>(i))->ChangeLibelle(textes.LibelleBouton(i));
   }
-  for (int i = 0; i < 9; ++i) {
-    if (auto* bouton = fenetre.findChild<BoutonImage*>(NomIndexe("BoutonGris", i))) {
-      bouton->ChangeLibelle(textes.LibelleBoutonGris(i));
-    }
+  const auto gris = fenetre.BoutonsGris();
+  for (int i = 0; i < Form1::kNombreBoutonsGris; ++i) {
+    gris.at(static_cast<std::size_t>(i))->ChangeLibelle(textes.LibelleBoutonGris(i));
   }
   if (fenetre.Face() != nullptr) fenetre.Face()->ChargeBoutons();
 }

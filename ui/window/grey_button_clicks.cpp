@@ -2,16 +2,20 @@
 
 #include <QAbstractButton>
 
-#include "ui/controls/control_factory.h"
-
 namespace vaktor {
 
 void BrancheBoutonsGris(Form1& fenetre, const ActionsBoutonsGris& actions) {
-  for (std::size_t i = 0; i < actions.size(); ++i) {
-    auto* bouton = fenetre.findChild<QAbstractButton*>(NomIndexe("BoutonGris", static_cast<int>(i)));
-    if (bouton != nullptr && actions.at(i))
-      QObject::connect(bouton, &QAbstractButton::clicked, &fenetre, actions.at(i));
-  }
+  const auto branche = [&fenetre](const BoutonImage* bouton, const std::function<void()>& action) {
+    QObject::connect(bouton, &QAbstractButton::clicked, &fenetre, action);
+  };
+  branche(fenetre.Moniteur().BoutonGris0, actions.OuvreGalerie);
+  branche(fenetre.Moniteur().BoutonGris1, actions.OuvreMiseAJour);
+  branche(fenetre.Ftp().BoutonGris2, actions.CreationPageLive);
+  branche(fenetre.Ftp().BoutonGris3, actions.TestPageLive);
+  branche(fenetre.Options().BoutonGris6, actions.MontreFormSound);
+  branche(fenetre.Options().BoutonGris7, actions.OuvreNotice);
+  branche(fenetre.Mail().BoutonGris8, actions.MontreFrmSmtp);
+  branche(fenetre.Ftp().BoutonEssaiFtp, actions.EssaiePageLive);
 }
 
 }  // namespace vaktor

@@ -14,23 +14,6 @@ namespace {
 
 constexpr int kPremierOnglet = 3;  // Bouton(3) and up change the page
 
-// Controls that never show: they hold pictures for the faces and for the live image. A name, a size.
-struct ControleCache {
-  const char* Nom;
-  int Nombre;  // 0: no array
-  QSize Taille;
-};
-constexpr std::array kControlesCaches = {ControleCache{"PictBlue", 3, {72, 16}}, ControleCache{"PictGrey", 3, {72, 16}},
-                                         ControleCache{"PictureTampon", 0, {185, 105}},
-                                         ControleCache{"PictHeure", 0, {70, 20}}};
-
-void CreeControleCache(QWidget* fenetre, const QString& nom, const QSize& taille) {
-  auto* controle = new QWidget(fenetre);
-  controle->setObjectName(nom);
-  controle->setGeometry(QRect(QPoint(0, Form1::kTaille.height()), taille));
-  controle->hide();
-}
-
 }  // namespace
 
 Form1::Form1(ServicesForm1 services)
@@ -51,7 +34,7 @@ Form1::Form1(ServicesForm1 services)
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Vaktor"));
   setFixedSize(kTaille);
-  CreeControlesCaches();
+  CreeCheckPEcran();
   BrancheBoutons();
   BrancheJauge();
   BrancheMoniteur();
@@ -59,15 +42,18 @@ Form1::Form1(ServicesForm1 services)
   AmenePage(1);
 }
 
+std::array<BoutonImage*, Form1::kNombreBoutonsGris> Form1::BoutonsGris() const {
+  return {PictPage1_->BoutonGris0, PictPage1_->BoutonGris1, PictPage2_->BoutonGris2,
+          PictPage2_->BoutonGris3, PictPage3_->BoutonGris4, PictPage3_->BoutonGris5,
+          PictPage3_->BoutonGris6, PictPage3_->BoutonGris7, PictPage0_->BoutonGris8};
+}
+
 PortsChamps Form1::DonnePortsChamps() const {
   return {Services_.Reglages, Services_.Sauvegarde, Services_.Textes, Services_.Boites};
 }
 
-void Form1::CreeControlesCaches() {
-  for (const ControleCache& c : kControlesCaches) {
-    if (c.Nombre == 0) CreeControleCache(this, QLatin1String(c.Nom), c.Taille);
-    for (int i = 0; i < c.Nombre; ++i) CreeControleCache(this, NomIndexe(c.Nom, i), c.Taille);
-  }
+// Below the window's edge, so that nobody clicks it: the monitor's menu opens the enlarged view without it.
+void Form1::CreeCheckPEcran() {
   CheckPEcran_ = new QCheckBox(this);
   CheckPEcran_->setObjectName(QStringLiteral("CheckPEcran"));
   CheckPEcran_->setGeometry(8, 304, 97, 17);
@@ -118,7 +104,7 @@ void Form1::BasculeBouton(int index) {
 }
 
 void Form1::AmenePage(int index) {
-  Pages().at(static_cast<std::size_t>(index))->raise();
+  Pages().Toutes().at(static_cast<std::size_t>(index))->raise();
   PageDevant_ = index;
   if (Face_) Face_->AnnonceEtats();
 }
@@ -152,11 +138,11 @@ void Form1::ChoisitLangue(Langue langue) {
 }
 
 void Form1::Habille(const ServicesHabillage& services) {
-  Face_ = std::make_unique<Habillage>(
-      PartiesFenetre{*this, kTaille, *Bandeau_, Pages(), *PictPage3_->CombSkin, *PictPage2_->BoutonEssaiFtp,
-                     [this](const QImage& fond, int echelle) { MontreFond(fond, echelle); },
-                     [this] { return PageDevant_; }},
-      services);
+  Face_ =
+      std::make_unique<Habillage>(PartiesFenetre{*this, kTaille, *Bandeau_, Pages(),
+                                                 [this](const QImage& fond, int echelle) { MontreFond(fond, echelle); },
+                                                 [this] { return PageDevant_; }},
+                                  services);
   // A choice counts when the program sets it and when the user makes it, also of the skin that shows already. One of
   // the user's that changes something is told twice, and drawn once.
   const auto change = std::make_shared<bool>(false);
@@ -201,7 +187,7 @@ bool Form1::event(QEvent* evenement) {
 bool Form1::PrendFocus(const QWidget& controle) const {
   if (!(controle.focusPolicy() & Qt::TabFocus) || !controle.isEnabled() || !controle.isVisible()) return false;
   if (controle.focusProxy() != nullptr || controle.window() != this) return false;
-  const std::array<const QWidget*, 4> pages = {PictPage0_, PictPage1_, PictPage2_, PictPage3_};
+  const auto pages = Pages().Toutes();
   for (std::size_t i = 0; i < pages.size(); ++i) {
     if (pages[i]->isAncestorOf(&controle)) return static_cast<int>(i) == PageDevant_;
   }

@@ -65,6 +65,9 @@ class Form1 : public QWidget {
   PageFtp& Ftp() { return *PictPage2_; }
   PageOptions& Options() { return *PictPage3_; }
   QCheckBox& CheckPEcran() { return *CheckPEcran_; }
+  static constexpr int kNombreBoutonsGris = 9;
+  /// BoutonGris(0..8), whichever page they stand on.
+  std::array<BoutonImage*, kNombreBoutonsGris> BoutonsGris() const;
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
@@ -74,9 +77,9 @@ class Form1 : public QWidget {
 
  private:
   bool PrendFocus(const QWidget& controle) const;
-  std::array<PageVaktor*, 4> Pages() const { return {PictPage0_, PictPage1_, PictPage2_, PictPage3_}; }
+  PagesFenetre Pages() const { return {*PictPage0_, *PictPage1_, *PictPage2_, *PictPage3_}; }
   PortsChamps DonnePortsChamps() const;
-  void CreeControlesCaches();
+  void CreeCheckPEcran();
   void BrancheBoutons();
   void BrancheJauge();
   void BrancheMoniteur();

@@ -8,7 +8,7 @@ BandeauHaut::BandeauHaut(QWidget* fenetre) {
   // Labels first: where one overlaps the gauge or a button, it stays behind.
   LblDebugAlarm = CreeEtiquette(fenetre, QStringLiteral("LblDebugAlarm"), {88, 11, 209, 17}, kPoliceGrande);
   LblDebugftp = CreeEtiquette(fenetre, QStringLiteral("LblDebugftp"), {88, 25, 209, 17}, kPoliceMoyenne);
-  CreeEtiquette(fenetre, QStringLiteral("LabelSeuil"), {18, 36, 57, 17});
+  LabelSeuil = CreeEtiquette(fenetre, QStringLiteral("LabelSeuil"), {18, 36, 57, 17});
   CreeEtiquette(fenetre, QStringLiteral("Label3"), {9, 45, 17, 17}, kPoliceMoyenne)->setText(QStringLiteral("+"));
   CreeEtiquette(fenetre, QStringLiteral("Label2"), {382, 41, 15, 17}, kPoliceMoyenne)->setText(QStringLiteral("_"));
   static constexpr std::array<QPoint, kNombreBoutons> kPlaces = {

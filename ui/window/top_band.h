@@ -21,6 +21,7 @@ struct BandeauHaut {
   QLabel* LblDebugftp;
   LampeWidget* ImageLedAlarme;
   LampeWidget* ImageLedSurveill;
+  QLabel* LabelSeuil;
   JaugeWidget* PictSeuil;
   SigneSante* Signe;  ///< hidden while nothing is wrong
 };

@@ -3,15 +3,10 @@
 #include <QScopeGuard>
 #include <utility>
 
-#include "ui/face/art_images.h"
-#include "ui/face/page_blend.h"
-
 namespace vaktor {
 
 namespace {
 
-const QColor kFondUni(204, 212, 222);
-const QColor kPageUnie(245, 245, 245);
 constexpr int kLibelleCameraMarche = 7;  // of Bouton(0) while the camera runs
 
 }  // namespace
@@ -19,8 +14,8 @@ constexpr int kLibelleCameraMarche = 7;  // of Bouton(0) while the camera runs
 Habillage::Habillage(PartiesFenetre fenetre, const ServicesHabillage& services)
     : Fenetre_(std::move(fenetre)),
       Services_(services),
-      Densite_(Fenetre_.Fenetre.devicePixelRatioF()),
-      Souris_(Fenetre_.Fenetre, services.Sons) {
+      Skin_(Fenetre_.Taille, PageVaktor::kPlace, Fenetre_.Fenetre.devicePixelRatioF()),
+      Souris_(Fenetre_.Fenetre, Fenetre_.Bandeau, Fenetre_.Pages, services.Sons) {
   RelieBoutons();
   DessinePages();
 }
@@ -36,22 +31,10 @@ void Habillage::RelieBoutons() {
   for (BoutonImage* bouton : Fenetre_.Fenetre.findChildren<BoutonImage*>()) bouton->Relie(liens);
 }
 
-// Background and clean bitmaps are read anew for each blend: a skin is chosen and a page is shown for the first time so
-// seldom that they would only lie about in between.
-QImage Habillage::ChargeFond() const {
-  return ChargeArtOuUni(QStringLiteral("SKIN%1").arg(Skin_), EchelleArt(Densite_), Fenetre_.Taille, kFondUni);
-}
-
-QImage Habillage::ChargePage(std::size_t i) const {
-  return ChargeArtOuUni(QStringLiteral("PictPage%1").arg(i), EchelleArt(Densite_), PageVaktor::kPlace.size(),
-                        kPageUnie);
-}
-
 void Habillage::ChoisitSkin() {
-  const int index = Fenetre_.CombSkin.currentIndex();
-  if (index >= 0 && index < kNombreSkins) Skin_ = index;
+  Skin_.Choisit(Fenetre_.Pages.Options.CombSkin->currentIndex());
   DessinePages();
-  Fenetre_.PictPage[3]->repaint();
+  Fenetre_.Pages.Options.repaint();
 }
 
 void Habillage::DessinePages() {
@@ -63,29 +46,25 @@ void Habillage::PlacePages() {
   // No tick falls into the redraw; and whatever fails in it, or in what the pump lets in, they come again.
   Services_.Moteur.SuspendTic();
   const auto reprend = qScopeGuard([this] { Services_.Moteur.ReprendTic(); });
-  for (std::size_t i = 0; i < Fenetre_.PictPage.size(); ++i) {
-    Fenetre_.PictPage[i]->MontreFond([this, i] { return ChargePage(i); }, EchelleArt(Densite_));
+  const auto pages = Fenetre_.Pages.Toutes();
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    pages[i]->MontreFond([this, i] { return Skin_.ChargePage(i); }, Skin_.Echelle());
+    pages[i]->setGeometry(PageVaktor::kPlace);
   }
-  Fenetre_.PictPage[1]->move(PageVaktor::kPlace.topLeft());
-  for (const std::size_t i : {std::size_t{0}, std::size_t{2}, std::size_t{3}})
-    Fenetre_.PictPage[i]->move(Fenetre_.PictPage[1]->pos());
-  for (PageVaktor* page : Fenetre_.PictPage) page->resize(PageVaktor::kPlace.size());
   Fenetre_.Fenetre.setFixedSize(Fenetre_.Taille);
   Services_.Pompe.PompeMessages();
 }
 
 void Habillage::FonduPages() {
-  const int echelle = EchelleArt(Densite_);
-  Fenetre_.MontreFond(ChargeFond(), echelle);
-  const QRect place(Fenetre_.PictPage[0]->pos(), Fenetre_.PictPage[0]->size());
-  for (std::size_t i = 0; i < Fenetre_.PictPage.size(); ++i) {
-    Fenetre_.PictPage[i]->MontreFond([=, this] { return MelangePage(ChargePage(i), ChargeFond(), place, echelle); },
-                                     echelle);
+  Fenetre_.MontreFond(Skin_.ChargeFond(), Skin_.Echelle());
+  const auto pages = Fenetre_.Pages.Toutes();
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    pages[i]->MontreFond([this, i] { return Skin_.MelangePage(i); }, Skin_.Echelle());
   }
 }
 
 void Habillage::ChargeBoutons() {
-  Faces_.ChargeBoutons(Services_.Textes, Fenetre_.BoutonEssaiFtp.text(), Densite_);
+  Faces_.ChargeBoutons(Services_.Textes, Fenetre_.Pages.Ftp.BoutonEssaiFtp->text(), Skin_.Densite());
   for (BoutonImage* bouton : Fenetre_.Fenetre.findChildren<BoutonImage*>()) bouton->MontreRepos();
   AnnonceEtats();
 }
@@ -103,8 +82,8 @@ void Habillage::AnnonceEtats() {
 }
 
 void Habillage::SuitDensite() {
-  if (Fenetre_.Fenetre.devicePixelRatioF() == Densite_) return;
-  Densite_ = Fenetre_.Fenetre.devicePixelRatioF();
+  if (Fenetre_.Fenetre.devicePixelRatioF() == Skin_.Densite()) return;
+  Skin_.ChangeDensite(Fenetre_.Fenetre.devicePixelRatioF());
   FonduPages();
   ChargeBoutons();
 }

@@ -1,18 +1,17 @@
 // The look of the main window: skin, frosted pages, button faces, and what the mouse makes of them.
 #pragma once
 
-#include <QComboBox>
 #include <QImage>
-#include <array>
 #include <functional>
 
 #include "engine/ports/event_pump.h"
 #include "engine/ports/interface_sounds.h"
 #include "engine/surveillance.h"
 #include "ui/face/button_faces.h"
-#include "ui/pages/page.h"
+#include "ui/face/skin.h"
 #include "ui/window/top_band.h"
 #include "ui/window/window_mouse.h"
+#include "ui/window/window_pages.h"
 
 namespace vaktor {
 
@@ -21,9 +20,7 @@ struct PartiesFenetre {
   QWidget& Fenetre;
   QSize Taille;  ///< of the window, points
   BandeauHaut& Bandeau;
-  std::array<PageVaktor*, 4> PictPage;
-  const QComboBox& CombSkin;
-  const QAbstractButton& BoutonEssaiFtp;
+  PagesFenetre Pages;
   std::function<void(const QImage&, int)> MontreFond;  ///< the background, and how many pixels a point it is drawn at
   std::function<int()> PageDevant;                     ///< index of the page in front
 };
@@ -39,8 +36,6 @@ struct ServicesHabillage {
 /// Owner: Form1. User-interface thread.
 class Habillage {
  public:
-  static constexpr int kNombreSkins = 3;
-
   /// Ties buttons and mouse, and draws the pages over the plain background.
   Habillage(PartiesFenetre fenetre, const ServicesHabillage& services);
   ~Habillage();
@@ -65,16 +60,13 @@ class Habillage {
   SourisFenetre& Souris() { return Souris_; }
 
  private:
-  QImage ChargeFond() const;
-  QImage ChargePage(std::size_t i) const;
   void PlacePages();
   void FonduPages();
   void RelieBoutons();
 
   const PartiesFenetre Fenetre_;
   ServicesHabillage Services_;
-  int Skin_ = -1;  // the skin that shows; -1: the plain background
-  double Densite_ = 1;
+  ImagesSkin Skin_;
   FacesBoutons Faces_;
   SourisFenetre Souris_;
 };

@@ -1,64 +1,50 @@
 #include "ui/window/window_mouse.h"
 
 #include <QMouseEvent>
-#include <QWidget>
-
-#include "ui/controls/control_factory.h"
-#include "ui/controls/flag_button.h"
+#include <array>
 
 namespace vaktor {
 
-namespace {
+SourisFenetre::SourisFenetre(QWidget& fenetre, const BandeauHaut& bandeau, const PagesFenetre& pages,
+                             SonsInterface& sons)
+    : Fenetre_(fenetre), Pages_(pages), Sons_(sons) {
+  InscritFonds();
+  InscritNumeros();
+  InscritPoignees(bandeau);
+}
 
-struct NumeroSurvol {
-  const char* Controle;
-  qint32 Id;
-};
-
-// Buttons tell their own numbers. CheckMail has that of the fifth button of both families, and so it stays.
-constexpr NumeroSurvol kNumeros[] = {{"CheckMail", 5},  {"CheckSon", 6},      {"CheckPPhot", 7},    {"Image4(0)", 11},
-                                     {"Image4(1)", 12}, {"ChkSeuilAuto", 15}, {"LblSeuilAuto", 15}, {"Text1", 17}};
-
-// These labels drag the window besides the free surfaces; the other labels do not.
-constexpr const char* kEtiquettesPoignees[] = {"LabelMaildest", "LabelMailSujet", "LabelMailTexte", "LabelNbrMail",
-                                               "LabelSeuil",    "LabelVague",     "LblDebugAlarm",  "LblDebugftp"};
-
-}  // namespace
-
-SourisFenetre::SourisFenetre(QWidget& fenetre, SonsInterface& sons) : Fenetre_(fenetre), Sons_(sons) {
-  Fonds_.insert(&fenetre);
-  EcouteControle(&fenetre);
-  for (int i = 0; i < 4; ++i) {
-    auto* page = fenetre.findChild<QWidget*>(NomIndexe("PictPage", i));
-    if (page == nullptr) continue;
-    Fonds_.insert(page);
-    EcouteControle(page);
-  }
-  Poignees_ = Fonds_;
-  // A move over a control is no move over the page below it, also where the control does nothing with it.
+void SourisFenetre::InscritFonds() {
+  Fonds_.insert(&Fenetre_);
+  for (PageVaktor* page : Pages_.Toutes()) Fonds_.insert(page);
   for (QObject* fond : std::as_const(Fonds_)) {
+    EcouteControle(static_cast<QWidget*>(fond));
+    // A move over a control is no move over the page below it, also where the control does nothing with it.
     for (auto* controle : fond->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
       controle->setAttribute(Qt::WA_NoMousePropagation);
     }
   }
-  InscritControles();
 }
 
-void SourisFenetre::InscritControles() {
-  for (const NumeroSurvol& numero : kNumeros) {
-    auto* controle = Fenetre_.findChild<QWidget*>(QLatin1String(numero.Controle));
-    if (controle == nullptr) continue;
-    Numeros_.insert(controle, numero.Id);
-    EcouteControle(controle);
+// Buttons tell their own numbers. CheckMail has that of the fifth button of both families, and so it stays.
+void SourisFenetre::InscritNumeros() {
+  const PageMoniteur& moniteur = Pages_.Moniteur;
+  const PageOptions& options = Pages_.Options;
+  Numeros_ = {{moniteur.CheckMail, 5}, {moniteur.CheckSon, 6},     {moniteur.CheckPPhot, 7},   {options.Image4[0], 11},
+              {options.Image4[1], 12}, {options.ChkSeuilAuto, 15}, {options.LblSeuilAuto, 15}, {moniteur.Text1, 17}};
+  for (auto numero = Numeros_.keyBegin(); numero != Numeros_.keyEnd(); ++numero) {
+    EcouteControle(static_cast<QWidget*>(*numero));
   }
-  for (const char* nom : kEtiquettesPoignees) {
-    auto* etiquette = Fenetre_.findChild<QWidget*>(QLatin1String(nom));
-    if (etiquette == nullptr) continue;
+}
+
+// These labels drag the window besides the free surfaces; the other labels do not.
+void SourisFenetre::InscritPoignees(const BandeauHaut& bandeau) {
+  const PageMail& mail = Pages_.Mail;
+  Poignees_ = Fonds_;
+  for (QWidget* etiquette : {mail.LabelMaildest, mail.LabelMailSujet, mail.LabelMailTexte, mail.LabelNbrMail,
+                             bandeau.LabelSeuil, mail.LabelVague, bandeau.LblDebugAlarm, bandeau.LblDebugftp}) {
     Poignees_.insert(etiquette);
     EcouteControle(etiquette);
   }
-  Francais_ = Fenetre_.findChild<DrapeauLangue*>(NomIndexe("Image4", 0));
-  Anglais_ = Fenetre_.findChild<DrapeauLangue*>(NomIndexe("Image4", 1));
 }
 
 void SourisFenetre::EcouteControle(QWidget* controle) {
@@ -86,11 +72,10 @@ bool SourisFenetre::eventFilter(QObject* objet, QEvent* evenement) {
 
 // The flag under the pointer loses its frame and the other has one; over a page both have theirs.
 void SourisFenetre::SuitDrapeaux(QObject* objet) {
-  if (Francais_ == nullptr || Anglais_ == nullptr) return;
+  const std::array<DrapeauLangue*, 2>& drapeaux = Pages_.Options.Image4;
   const bool surPage = Fonds_.contains(objet) && objet != &Fenetre_;
-  if (objet != Francais_ && objet != Anglais_ && !surPage) return;
-  Francais_->Encadre(objet != Francais_);
-  Anglais_->Encadre(objet != Anglais_);
+  if (objet != drapeaux[0] && objet != drapeaux[1] && !surPage) return;
+  for (DrapeauLangue* drapeau : drapeaux) drapeau->Encadre(objet != drapeau);
 }
 
 }  // namespace vaktor

@@ -6,23 +6,20 @@
 #include <QSet>
 
 #include "engine/ports/interface_sounds.h"
-
-class QMouseEvent;
-class QWidget;
+#include "ui/window/top_band.h"
+#include "ui/window/window_pages.h"
 
 namespace vaktor {
 
-class DrapeauLangue;
-
-/// Watches the mouse moves of the window `fenetre` and its controls, found by their names. Owner: Habillage.
-/// User-interface thread.
+/// Watches the mouse moves of the window and its controls. Owner: Habillage. User-interface thread.
 class SourisFenetre : public QObject {
   Q_OBJECT
 
  public:
   static constexpr qint32 kAucunSurvol = 5555;
 
-  SourisFenetre(QWidget& fenetre, SonsInterface& sons);
+  /// All of it outlives the object.
+  SourisFenetre(QWidget& fenetre, const BandeauHaut& bandeau, const PagesFenetre& pages, SonsInterface& sons);
   /// The pointer passes over the control with this hover number. Some numbers are shared by several controls: going
   /// from one to the other without a gap is silent.
   void Passe(qint32 id);
@@ -36,16 +33,17 @@ class SourisFenetre : public QObject {
 
  private:
   void EcouteControle(QWidget* controle);
-  void InscritControles();
+  void InscritFonds();
+  void InscritNumeros();
+  void InscritPoignees(const BandeauHaut& bandeau);
   void SuitDrapeaux(QObject* objet);
 
   QWidget& Fenetre_;
+  const PagesFenetre Pages_;
   SonsInterface& Sons_;
   QHash<QObject*, qint32> Numeros_;
   QSet<QObject*> Poignees_;  // surfaces that drag the window
   QSet<QObject*> Fonds_;     // the window itself and the four pages
-  DrapeauLangue* Francais_ = nullptr;
-  DrapeauLangue* Anglais_ = nullptr;
   qint32 DernierSurvol_ = kAucunSurvol;
 };
 
