@@ -8,6 +8,7 @@
 #include "image/gallery_layout.h"
 #include "image/gallery_words.h"
 #include "texts/language.h"
+#include "ui/common/field_text.h"
 
 namespace vaktor {
 
@@ -51,7 +52,7 @@ void FormVisuPhoto::CreeMenu() {
 void FormVisuPhoto::BranchePanneau() {
   PanneauGalerie& panneau = *PictureAfff_;
   connect(panneau.TxtNbrPhotDisk, &QLineEdit::textChanged, this,
-          [this](const QString& texte) { PictureAfff_->EcritLimite(Regles_.ChangeLimite(texte)); });
+          [this](const QString& texte) { EcritChamp(*PictureAfff_->TxtNbrPhotDisk, Regles_.ChangeLimite(texte)); });
   connect(panneau.CmdOpenRepPhot, &QAbstractButton::clicked, this, [this] { Regles_.OuvreRepertoire(); });
   connect(panneau.Command7, &QAbstractButton::clicked, this, [this] {
     if (ChoisitRepertoire_) ChoisitRepertoire_();

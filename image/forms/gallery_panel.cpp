@@ -4,10 +4,10 @@
 #include <QPainter>
 #include <limits>
 
-#include "image/forms/field_font.h"
 #include "image/gallery_layout.h"
 #include "image/gallery_words.h"
 #include "texts/language.h"
+#include "ui/common/field_font.h"
 
 // A library's resources are not there by themselves; the call has to stand outside every namespace.
 static void PrepareArtGalerie() { Q_INIT_RESOURCE(gallery_art); }
@@ -92,14 +92,6 @@ void PanneauGalerie::ChargeMots(const TablesTextes& textes, Langue langue) {
   Command7->setToolTip(textes.Dit(Aide::kChoisitRepertoire));
   TxtNbrPhotDisk->setToolTip(textes.Dit(Aide::kPhotosMax));
   FilePhotoVisu->setAccessibleName(MotListePhotos(langue));
-}
-
-void PanneauGalerie::EcritLimite(const QString& limite) {
-  const QString ancienne = TxtNbrPhotDisk->text();
-  if (ancienne == limite) return;
-  const qsizetype apres = ancienne.size() - TxtNbrPhotDisk->cursorPosition();
-  TxtNbrPhotDisk->setText(limite);
-  TxtNbrPhotDisk->setCursorPosition(static_cast<int>(qMax<qsizetype>(0, limite.size() - apres)));
 }
 
 bool PanneauGalerie::eventFilter(QObject* objet, QEvent* evenement) {

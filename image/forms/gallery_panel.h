@@ -23,8 +23,6 @@ class PanneauGalerie : public QWidget {
   explicit PanneauGalerie(QWidget* parent);
   void ChargeMots(const TablesTextes& textes, Langue langue);
   void PrepareFond();  ///< what painting would otherwise load
-  /// Writes a text if it differs; the cursor stays behind the same characters, counted from the end.
-  void EcritLimite(const QString& limite);
 
   QLabel* LblPhotoDisc;
   QLineEdit* TxtNbrPhotDisk;

@@ -7,7 +7,7 @@
 #include <QPointer>
 #include <QStyle>
 
-#include "image/forms/field_font.h"
+#include "ui/common/field_font.h"
 
 namespace vaktor {
 namespace {

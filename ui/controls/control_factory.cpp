@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QProxyStyle>
 
-#include "image/forms/field_font.h"
+#include "ui/common/field_font.h"
 
 namespace vaktor {
 

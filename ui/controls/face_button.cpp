@@ -3,10 +3,8 @@
 #include <QCoreApplication>
 #include <QCursor>
 #include <QFocusEvent>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 
 namespace vaktor {
 
@@ -26,28 +24,11 @@ BoutonImage::BoutonImage(QWidget* parent, const QString& nom, QPoint place, Fami
     : BoutonImage(parent, nom, place, famille, LitIndex(nom)) {}
 
 BoutonImage::BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille, int rangee)
-    : QAbstractButton(parent), Famille_(famille), Index_(rangee) {
+    : BoutonEntendu(parent), Famille_(famille), Index_(rangee) {
   setObjectName(nom);
   setGeometry(QRect(place, kTaille));
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
-}
-
-void BoutonImage::Engage(bool engage) {
-  // The caption of the camera's button says what a click will do: "on" beside it would say the contrary.
-  if (Famille_ != FamilleBouton::kBleue || Index_ == 0) return;
-  const QScopedValueRollback<bool> annonce(Annonce_, true);
-  setCheckable(true);
-  setChecked(engage);
-}
-
-// A screen reader does not click what can be checked, it toggles it: that is to be a click like any other, and the mark
-// stays what the rules make it. Later, so that the reader is not kept waiting by what the click does.
-void BoutonImage::checkStateSet() {
-  if (Annonce_) return;
-  Engage(!isChecked());
-  QMetaObject::invokeMethod(
-      this, [this] { click(); }, Qt::QueuedConnection);
 }
 
 void BoutonImage::ChangeLibelle(const QString& libelle) {
@@ -86,13 +67,13 @@ void BoutonImage::MontreFace(const QImage& face) {
 // as if it were off.
 void BoutonImage::mousePressEvent(QMouseEvent* evenement) {
   if (Liens_ && Famille_ == FamilleBouton::kBleue) MontreFace(Rangee(Index_).FaceEnfoncee);
-  QAbstractButton::mousePressEvent(evenement);
+  BoutonEntendu::mousePressEvent(evenement);
 }
 
 // The press lasts to the next move only, also with the mouse button still held.
 void BoutonImage::mouseMoveEvent(QMouseEvent* evenement) {
   SuitPointeur(evenement->position().toPoint());
-  QAbstractButton::mouseMoveEvent(evenement);
+  BoutonEntendu::mouseMoveEvent(evenement);
 }
 
 // True while the pointer counts as inside. The right and the lower edge are one pixel further out than the button.
@@ -101,12 +82,12 @@ bool BoutonImage::SuitPointeur(const QPoint& position) {
   const FaceBouton& face = Rangee(RangeeCourante());
   const bool dehors = position.x() < 0 || position.y() < 0 || position.x() > width() || position.y() > height();
   MontreFace(dehors ? face.FaceRepos : face.FaceSurvol);
-  if (!dehors) Liens_->Survole(Index_);
+  if (!dehors) Liens_->Sons.SurvolSon(Index_);
   return !dehors;
 }
 
 void BoutonImage::leaveEvent(QEvent* evenement) {
-  QAbstractButton::leaveEvent(evenement);
+  BoutonEntendu::leaveEvent(evenement);
   Retient(SuitPointeur(mapFromGlobal(QCursor::pos())));
 }
 
@@ -137,22 +118,12 @@ bool BoutonImage::eventFilter(QObject* objet, QEvent* evenement) {
 // The sound comes before the click, and also when the mouse is released beside the button.
 void BoutonImage::mouseReleaseEvent(QMouseEvent* evenement) {
   if (Liens_ && (Famille_ == FamilleBouton::kGrise || Index_ > kDernierMuet)) Liens_->Sons.JoueSon(SonsInterface::kTic);
-  QAbstractButton::mouseReleaseEvent(evenement);
-}
-
-void BoutonImage::keyPressEvent(QKeyEvent* evenement) {
-  const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
-  if (!entree) {
-    QAbstractButton::keyPressEvent(evenement);
-    return;
-  }
-  // A held key must not switch the camera on and off many times a second.
-  if (!evenement->isAutoRepeat()) click();
+  BoutonEntendu::mouseReleaseEvent(evenement);
 }
 
 void BoutonImage::focusInEvent(QFocusEvent* evenement) {
   if (evenement->reason() != Qt::ActiveWindowFocusReason) FocusMontre_ = evenement->reason() != Qt::MouseFocusReason;
-  QAbstractButton::focusInEvent(evenement);
+  BoutonEntendu::focusInEvent(evenement);
 }
 
 void BoutonImage::paintEvent(QPaintEvent*) {

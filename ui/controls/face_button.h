@@ -1,11 +1,12 @@
 // BoutonImage: one push button of the main window, 72 x 16 pixels.
 #pragma once
 
-#include <QAbstractButton>
 #include <QImage>
 #include <functional>
+#include <memory>
 
 #include "engine/ports/interface_sounds.h"
+#include "ui/controls/heard_button.h"
 #include "ui/face/button_faces.h"
 
 namespace vaktor {
@@ -17,14 +18,13 @@ enum class FamilleBouton { kBleue, kGrise };
 struct LiensBouton {
   const FacesBoutons& Faces;
   SonsInterface& Sons;
-  std::function<void(qint32)> Survole;  ///< the pointer passes over the button with this number
-  std::function<bool()> CameraActive;   ///< chooses the face set of Bouton(0)
+  std::function<bool()> CameraActive;  ///< chooses the face set of Bouton(0)
 };
 
 /// Shows one printed face at a time and reports clicks. A button holds no state: its look is the face that was shown
 /// last. Faces, hover and sounds of the family are a matter of this class alone: whoever uses a button only knows its
 /// caption and its click.
-class BoutonImage : public QAbstractButton {
+class BoutonImage : public BoutonEntendu {
   Q_OBJECT
 
  public:
@@ -36,8 +36,6 @@ class BoutonImage : public QAbstractButton {
   BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille, int rangee);
   /// The caption for those who hear the window; the faces carry it for those who see it.
   void ChangeLibelle(const QString& libelle);
-  /// What the button stands for is on: heard, never seen. Only blue buttons have it; a click does not change it.
-  void Engage(bool engage);
   /// Before that the button is blank and silent.
   void Relie(const LiensBouton& liens);
   /// Blank and silent again: before the faces go.
@@ -50,10 +48,7 @@ class BoutonImage : public QAbstractButton {
  protected:
   bool eventFilter(QObject* objet, QEvent* evenement) override;
   void focusInEvent(QFocusEvent* evenement) override;
-  void keyPressEvent(QKeyEvent* evenement) override;
   void leaveEvent(QEvent* evenement) override;
-  void checkStateSet() override;
-  void nextCheckState() override {}  // the rules behind the click decide what is on
   void mouseMoveEvent(QMouseEvent* evenement) override;
   void mousePressEvent(QMouseEvent* evenement) override;
   void mouseReleaseEvent(QMouseEvent* evenement) override;
@@ -71,7 +66,6 @@ class BoutonImage : public QAbstractButton {
   std::unique_ptr<LiensBouton> Liens_;
   QImage Face_;
   bool Retient_ = false;      // the pointer has left the button but not yet its margin
-  bool Annonce_ = false;      // Engage is at work
   bool FocusMontre_ = false;  // the focus came by other means than the mouse
 };
 

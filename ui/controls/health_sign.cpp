@@ -1,7 +1,6 @@
 #include "ui/controls/health_sign.h"
 
 #include <QAccessible>
-#include <QKeyEvent>
 #include <QPainter>
 
 #include "ui/face/art_images.h"
@@ -15,7 +14,7 @@ QImage DonneSigne(Gravite gravite, double densite) {
   return image;
 }
 
-SigneSante::SigneSante(QWidget* parent) : QAbstractButton(parent) {
+SigneSante::SigneSante(QWidget* parent) : BoutonEntendu(parent) {
   setObjectName(QStringLiteral("SigneSante"));
   setGeometry(kPlace);
   setFocusPolicy(Qt::StrongFocus);
@@ -45,12 +44,6 @@ void SigneSante::Cache() {
 void SigneSante::Alerte() {
   QAccessibleEvent alerte(this, QAccessible::Alert);
   QAccessible::updateAccessibility(&alerte);
-}
-
-void SigneSante::keyPressEvent(QKeyEvent* evenement) {
-  const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
-  if (entree && !evenement->isAutoRepeat()) click();
-  if (!entree) QAbstractButton::keyPressEvent(evenement);
 }
 
 void SigneSante::paintEvent(QPaintEvent*) {

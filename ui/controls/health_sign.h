@@ -1,16 +1,16 @@
 // SigneSante: the sign of the top band that is there only while something is wrong with the watch.
 #pragma once
 
-#include <QAbstractButton>
 #include <QImage>
 
 #include "health/conditions.h"
+#include "ui/controls/heard_button.h"
 
 namespace vaktor {
 
 /// Stands in the free corner below the gauge, where no given control and no text is. Shape, mark and colour tell how
 /// bad it is. User-interface thread.
-class SigneSante : public QAbstractButton {
+class SigneSante : public BoutonEntendu {
   Q_OBJECT
 
  public:
@@ -31,7 +31,6 @@ class SigneSante : public QAbstractButton {
   QSize sizeHint() const override { return kPlace.size(); }
 
  protected:
-  void keyPressEvent(QKeyEvent* evenement) override;
   void paintEvent(QPaintEvent* evenement) override;
 
  private:

@@ -7,13 +7,6 @@
 
 namespace vaktor {
 
-void EcritChamp(QLineEdit& champ, const QString& texte) {
-  if (texte == champ.text()) return;
-  const auto apres = champ.text().size() - champ.cursorPosition();
-  champ.setText(texte);
-  champ.setCursorPosition(static_cast<int>(qMax<qsizetype>(0, texte.size() - apres)));
-}
-
 void RougitChamp(QLineEdit& champ, bool rouge) {
   if (EstRouge(champ) == rouge) return;
   QPalette palette = champ.palette();

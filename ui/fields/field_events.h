@@ -1,15 +1,10 @@
-// What the fields of all pages have in common: how a cleaned text is written back, the red of an error mark, and the
-// events that a field tells.
+// What the fields of all pages have in common: the red of an error mark, and the events that a field tells.
 #pragma once
 
 #include <QLineEdit>
 #include <QObject>
 
 namespace vaktor {
-
-/// Writes a text if it differs; the cursor stays behind the same characters, counted from the end. Writing is a change
-/// like any other: the change handler runs again.
-void EcritChamp(QLineEdit& champ, const QString& texte);
 
 /// Text colour: red where the user is to look, black otherwise.
 void RougitChamp(QLineEdit& champ, bool rouge);

@@ -1,6 +1,7 @@
 #include "ui/fields/field_ftp.h"
 
 #include "base/numbers.h"
+#include "ui/common/field_text.h"
 #include "ui/fields/field_events.h"
 #include "ui/fields/field_rules.h"
 

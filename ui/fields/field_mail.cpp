@@ -1,5 +1,6 @@
 #include "ui/fields/field_mail.h"
 
+#include "ui/common/field_text.h"
 #include "ui/fields/field_events.h"
 #include "ui/fields/field_rules.h"
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "ui/common/field_text.h"
 #include "ui/fields/field_events.h"
 #include "ui/fields/field_rules.h"
 

@@ -1,6 +1,6 @@
 #include "ui/pages/page_mail.h"
 
-#include "image/forms/field_font.h"
+#include "ui/common/field_font.h"
 #include "ui/controls/control_factory.h"
 
 namespace vaktor {

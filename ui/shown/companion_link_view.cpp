@@ -1,5 +1,7 @@
 #include "ui/shown/companion_link_view.h"
 
+#include "ui/fields/field_events.h"
+
 namespace vaktor {
 
 namespace {
@@ -12,12 +14,7 @@ void VueLiaison::MontreStatutLitteral(const Phrase& statut) { EcritStatut(statut
 
 void VueLiaison::EcritStatut(const QString& texte) { Fenetre().Bandeau().LblDebugftp->setText(texte); }
 
-void VueLiaison::RougitChamp(ChampLiaison champ) {
-  QLineEdit* controle = TrouveChamp(champ);
-  QPalette palette = controle->palette();
-  palette.setColor(QPalette::Text, QColor(255, 0, 0));
-  controle->setPalette(palette);
-}
+void VueLiaison::RougitChamp(ChampLiaison champ) { vaktor::RougitChamp(*TrouveChamp(champ), true); }
 
 QLineEdit* VueLiaison::TrouveChamp(ChampLiaison champ) const {
   PageFtp& page = Fenetre().Ftp();

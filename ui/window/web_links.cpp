@@ -3,20 +3,18 @@
 #include <QUrl>
 #include <utility>
 
-#include "ui/sound/sounds.h"
-
 namespace vaktor {
 
 LiensEnLigne::LiensEnLigne(const Parametres& reglages, SonsInterface& sons, Ouvreur& navigateur, SitePages site)
     : Reglages_(reglages), Sons_(sons), Navigateur_(navigateur), Site_(std::move(site)) {}
 
 void LiensEnLigne::OuvreNotice() {
-  Sons_.JoueSon(Sons::kTic);
+  Sons_.JoueSon(SonsInterface::kTic);
   Ouvre({"/vaktor_notice.html", "/ENGLISH/VaktorNotice.html"}, QString());
 }
 
 void LiensEnLigne::OuvreMiseAJour() {
-  Sons_.JoueSon(Sons::kTic);
+  Sons_.JoueSon(SonsInterface::kTic);
   const QString question = QStringLiteral("?logiciel=Vaktor&version=") + Site_.Version;
   Ouvre({"/versiontest.php", "/ENGLISH/versiontest.php"}, question);
 }

@@ -26,8 +26,7 @@ Habillage::~Habillage() {
 }
 
 void Habillage::RelieBoutons() {
-  const LiensBouton liens{Faces_, Services_.Sons, [this](qint32 id) { Souris_.Passe(id); },
-                          [this] { return Services_.Moteur.Camera().CameraActive; }};
+  const LiensBouton liens{Faces_, Services_.Sons, [this] { return Services_.Moteur.Camera().CameraActive; }};
   for (BoutonImage* bouton : Fenetre_.Fenetre.findChildren<BoutonImage*>()) bouton->Relie(liens);
 }
 
@@ -72,6 +71,7 @@ void Habillage::ChargeBoutons() {
 void Habillage::AnnonceEtats() {
   const BandeauHaut& bandeau = Fenetre_.Bandeau;
   const bool camera = Services_.Moteur.Camera().CameraActive;
+  // Its caption says what a click will do: "on" beside it would say the contrary.
   bandeau.Bouton[0]->setAccessibleName(Services_.Textes.LibelleBouton(camera ? kLibelleCameraMarche : 0));
   bandeau.Bouton[1]->Engage(bandeau.ImageLedAlarme->Etat() != Lampe::kRouge);
   bandeau.Bouton[2]->Engage(bandeau.ImageLedSurveill->Etat() != Lampe::kRouge);

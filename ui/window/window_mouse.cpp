@@ -1,9 +1,15 @@
 #include "ui/window/window_mouse.h"
 
 #include <QMouseEvent>
-#include <array>
+#include <algorithm>
+
+#include "texts/language.h"
 
 namespace vaktor {
+
+namespace {
+constexpr qint32 kSurvolDrapeaux = 11;  // of Image4(0)
+}  // namespace
 
 SourisFenetre::SourisFenetre(QWidget& fenetre, const BandeauHaut& bandeau, const PagesFenetre& pages,
                              SonsInterface& sons)
@@ -29,8 +35,11 @@ void SourisFenetre::InscritFonds() {
 void SourisFenetre::InscritNumeros() {
   const PageMoniteur& moniteur = Pages_.Moniteur;
   const PageOptions& options = Pages_.Options;
-  Numeros_ = {{moniteur.CheckMail, 5}, {moniteur.CheckSon, 6},     {moniteur.CheckPPhot, 7},   {options.Image4[0], 11},
-              {options.Image4[1], 12}, {options.ChkSeuilAuto, 15}, {options.LblSeuilAuto, 15}, {moniteur.Text1, 17}};
+  Numeros_ = {{moniteur.CheckMail, 5},    {moniteur.CheckSon, 6},     {moniteur.CheckPPhot, 7},
+              {options.ChkSeuilAuto, 15}, {options.LblSeuilAuto, 15}, {moniteur.Text1, 17}};
+  for (const Langue langue : kLangues) {
+    Numeros_.insert(options.Image4.at(RangLangue(langue)), kSurvolDrapeaux + static_cast<qint32>(RangLangue(langue)));
+  }
   for (auto numero = Numeros_.keyBegin(); numero != Numeros_.keyEnd(); ++numero) {
     EcouteControle(static_cast<QWidget*>(*numero));
   }
@@ -52,16 +61,11 @@ void SourisFenetre::EcouteControle(QWidget* controle) {
   controle->installEventFilter(this);
 }
 
-void SourisFenetre::Passe(qint32 id) {
-  DernierSurvol_ = id;
-  Sons_.SurvolSon(id);
-}
-
 bool SourisFenetre::eventFilter(QObject* objet, QEvent* evenement) {
   if (evenement->type() != QEvent::MouseMove) return false;
   const auto numero = Numeros_.constFind(objet);
-  if (numero != Numeros_.constEnd()) Passe(*numero);
-  if (Fonds_.contains(objet) && DernierSurvol_ != kAucunSurvol) Passe(kAucunSurvol);
+  if (numero != Numeros_.constEnd()) Sons_.SurvolSon(*numero);
+  if (Fonds_.contains(objet)) Sons_.SurvolSon(SonsInterface::kAucunSurvol);
   SuitDrapeaux(objet);
   // Any other button held besides the left one means something else than a drag.
   if (Poignees_.contains(objet) && static_cast<QMouseEvent*>(evenement)->buttons() == Qt::LeftButton) {
@@ -70,11 +74,11 @@ bool SourisFenetre::eventFilter(QObject* objet, QEvent* evenement) {
   return false;
 }
 
-// The flag under the pointer loses its frame and the other has one; over a page both have theirs.
+// The flag under the pointer loses its frame and the others have theirs; over a page all have.
 void SourisFenetre::SuitDrapeaux(QObject* objet) {
-  const std::array<DrapeauLangue*, 2>& drapeaux = Pages_.Options.Image4;
+  const auto& drapeaux = Pages_.Options.Image4;
   const bool surPage = Fonds_.contains(objet) && objet != &Fenetre_;
-  if (objet != drapeaux[0] && objet != drapeaux[1] && !surPage) return;
+  if (!surPage && std::find(drapeaux.begin(), drapeaux.end(), objet) == drapeaux.end()) return;
   for (DrapeauLangue* drapeau : drapeaux) drapeau->Encadre(objet != drapeau);
 }
 

@@ -16,14 +16,8 @@ class SourisFenetre : public QObject {
   Q_OBJECT
 
  public:
-  static constexpr qint32 kAucunSurvol = 5555;
-
   /// All of it outlives the object.
   SourisFenetre(QWidget& fenetre, const BandeauHaut& bandeau, const PagesFenetre& pages, SonsInterface& sons);
-  /// The pointer passes over the control with this hover number. Some numbers are shared by several controls: going
-  /// from one to the other without a gap is silent.
-  void Passe(qint32 id);
-
  Q_SIGNALS:
   /// A free surface was moved over with nothing but the left button held: the window follows the mouse.
   void DeplacementDemande();
@@ -44,7 +38,6 @@ class SourisFenetre : public QObject {
   QHash<QObject*, qint32> Numeros_;
   QSet<QObject*> Poignees_;  // surfaces that drag the window
   QSet<QObject*> Fonds_;     // the window itself and the four pages
-  qint32 DernierSurvol_ = kAucunSurvol;
 };
 
 }  // namespace vaktor

@@ -1,0 +1,33 @@
+#include "ui/controls/heard_button.h"
+
+#include <QKeyEvent>
+#include <QScopedValueRollback>
+
+namespace vaktor {
+
+void BoutonEntendu::Engage(bool engage) {
+  const QScopedValueRollback<bool> annonce(Annonce_, true);
+  setCheckable(true);
+  setChecked(engage);
+}
+
+// A screen reader does not click what can be checked, it toggles it: that is to be a click like any other, and the mark
+// stays what the rules make it. Later, so that the reader is not kept waiting by what the click does.
+void BoutonEntendu::checkStateSet() {
+  if (Annonce_) return;
+  Engage(!isChecked());
+  QMetaObject::invokeMethod(
+      this, [this] { click(); }, Qt::QueuedConnection);
+}
+
+void BoutonEntendu::keyPressEvent(QKeyEvent* evenement) {
+  const bool entree = evenement->key() == Qt::Key_Return || evenement->key() == Qt::Key_Enter;
+  if (!entree) {
+    QAbstractButton::keyPressEvent(evenement);
+    return;
+  }
+  // A held key must not switch the camera on and off many times a second.
+  if (!evenement->isAutoRepeat()) click();
+}
+
+}  // namespace vaktor
