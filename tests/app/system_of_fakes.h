@@ -223,8 +223,9 @@ class EcrivainNote : public EcrivainJpeg {
 
 class OuvreurMuet : public Ouvreur {
  public:
-  void OuvreAdresse(const QString&) override {}
+  void OuvreAdresse(const QString& adresse) override { Adresses.append(adresse); }
   void OuvreDossier(const QString&) override {}
+  QStringList Adresses;  ///< what was asked for
 };
 
 class HorlogeNotee : public faux::HorlogeVirtuelle {
