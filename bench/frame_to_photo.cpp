@@ -27,6 +27,7 @@
 #include "platform/capture/driver/gst_driver.h"
 #include "platform/disk/bounded_files.h"
 #include "platform/image/turbo_jpeg_encoder.h"
+#include "texts/language.h"
 
 namespace vaktor {
 namespace {
@@ -154,7 +155,7 @@ int Mesure(const QString& camera, const QString& dossier, size_t photos) {
 
   MemoireCapture memoire(dossier + QStringLiteral("/capture.ini"));
   PiloteGStreamer vrai(
-      camera, memoire, [] { return qint32{1}; }, nullptr);
+      camera, memoire, [] { return Langue::kAnglais; }, nullptr);
   PiloteChronometre pilote(vrai, mesures);
   FabriqueMinuteriesQt minuteries;
   HorlogeSysteme temps;

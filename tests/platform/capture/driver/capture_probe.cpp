@@ -72,7 +72,7 @@ int main(int argc, char** argv) {
   vaktor::MemoireCapture memoire(dossier.filePath(QStringLiteral("capture.ini")));
   const QString ou = arguments[1] == QLatin1String("first") ? QString() : arguments[1];
   vaktor::PiloteGStreamer pilote(
-      ou, memoire, [] { return Langue::kAnglais; }, nullptr);
+      ou, memoire, [] { return vaktor::Langue::kAnglais; }, nullptr);
   QElapsedTimer attente;
   attente.start();
   if (!pilote.Connecte()) {
