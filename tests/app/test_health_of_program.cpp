@@ -314,7 +314,8 @@ TEST_F(SanteDuProgramme, TheDesktopIsToldOfTheBeginningAndOfTheEnd) {
 
 TEST_F(SanteDuProgramme, SettingsThatCannotBeSavedAreToldAndTriedAgainUntilTheyAre) {
   Systeme.MagasinPlein = true;
-  EXPECT_THROW(Trouve<QLineEdit>("Text1")->setText(QStringLiteral("12")), Echec);  // the field saves by itself
+  Trouve<QLineEdit>("Text1")->setText(QStringLiteral("12"));  // the field saves by itself
+  EXPECT_THROW(QCoreApplication::sendPostedEvents(Trouve("Text1"), QEvent::MetaCall), Echec);
   Systeme.Temps.Avance(1000);
   EXPECT_TRUE(Signe()->isVisible());
   EXPECT_EQ(Signe()->toolTip(), QStringLiteral("The settings cannot be saved (disk full)."));

@@ -54,6 +54,14 @@ TEST(JpegEnd, WhatBeginsWithNoPictureIsNone) {
   EXPECT_FALSE(EstJpegEntier(QByteArray("\xFF\xD8 a photo \xFF\xD9"))) << "first and last mark are not enough";
 }
 
+TEST(JpegEnd, ASegmentThatIsShorterThanItsOwnLengthIsNoSegment) {
+  const QByteArray image = CreeJpeg(1, 60);
+  for (const char longueur : {'\0', '\1'}) {
+    const QByteArray faux = QByteArray("\xff\xe1\x00", 3) + longueur;
+    EXPECT_FALSE(EstJpegEntier(QByteArray(image).insert(2, faux))) << int{longueur};
+  }
+}
+
 TEST(JpegEnd, TheEndOfAThumbnailIsNotTheEndOfThePicture) {
   const QByteArray photo = CreeJpeg(1, 60).insert(2, Segment('\xe1', CreeJpeg(2, 16)));
   EXPECT_TRUE(EstJpegEntier(photo));

@@ -92,10 +92,21 @@ TEST_F(Champs, Text1TooLongShowsTheLargestNumber) {
 
 TEST_F(Champs, Text1IsCleanEvenWhenTheSaveFails) {
   Banc.Sauvegarde.Echoue = true;
-  EXPECT_THROW(Champ("Text1")->setText(QStringLiteral("1a2")), Echec);
+  EXPECT_NO_THROW(Champ("Text1")->setText(QStringLiteral("1a2")));
   EXPECT_EQ(Champ("Text1")->text(), QStringLiteral("12"));
   EXPECT_EQ(Banc.Reglages.Retard, 12);
   EXPECT_TRUE(Banc.Reglages.ParametresModifies) << "the next save takes it";
+}
+
+TEST_F(Champs, ASaveThatFailsAtAKeyIsToldInAnEventOfItsOwn) {
+  for (const char* nom : {"Text1", "TxtRefresh"}) {
+    Banc.Sauvegarde.Echoue = true;
+    EXPECT_NO_THROW(Champ(nom)->setText(QStringLiteral("7"))) << nom << ": not through the field";
+    EXPECT_THROW(QCoreApplication::sendPostedEvents(Champ(nom), QEvent::MetaCall), Echec) << nom;
+    Banc.Sauvegarde.Echoue = false;
+    Champ(nom)->setText(QStringLiteral("8"));
+    EXPECT_NO_THROW(QCoreApplication::sendPostedEvents(Champ(nom), QEvent::MetaCall)) << nom;
+  }
 }
 
 TEST_F(Champs, IntervalCorrectsItselfAndSavesAtEachKey) {

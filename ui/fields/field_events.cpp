@@ -3,6 +3,7 @@
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <exception>
 #include <limits>
 
 namespace vaktor {
@@ -19,6 +20,16 @@ bool EstRouge(const QLineEdit& champ) { return champ.palette().color(QPalette::T
 void PrepareChamp(QLineEdit& champ, const QString& conception) {
   champ.setMaxLength(std::numeric_limits<int>::max());
   champ.setText(conception);
+}
+
+void ReporteEchec(QObject& champ, const std::function<void()>& travail) {
+  try {
+    travail();
+  } catch (...) {
+    const std::exception_ptr echec = std::current_exception();
+    QMetaObject::invokeMethod(
+        &champ, [echec] { std::rethrow_exception(echec); }, Qt::QueuedConnection);
+  }
 }
 
 EvenementsChamp::EvenementsChamp(QWidget* champ) : QObject(champ) { champ->installEventFilter(this); }

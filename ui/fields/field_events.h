@@ -3,6 +3,7 @@
 
 #include <QLineEdit>
 #include <QObject>
+#include <functional>
 
 namespace vaktor {
 
@@ -12,6 +13,11 @@ bool EstRouge(const QLineEdit& champ);
 
 /// Takes texts of any length, and shows `conception` until the settings are read.
 void PrepareChamp(QLineEdit& champ, const QString& conception);
+
+/// For what a field does each time its text changes: a failure of `travail` leaves by an event of its own, which comes
+/// to `champ` once this one is over. Qt's line edit is built without a way back: a failure that crosses it while it
+/// tells of a change loses the text that it holds, at each key. When `champ` is gone by then, the failure is lost.
+void ReporteEchec(QObject& champ, const std::function<void()>& travail);
 
 /// Tells what happens to one field. Owned by the field.
 class EvenementsChamp : public QObject {

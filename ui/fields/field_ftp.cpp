@@ -57,7 +57,7 @@ void ChampsFtp::SuitTxtFtp() {
 void ChampsFtp::SuitTxtRefresh() {
   EcritChamp(*Page_.TxtRefresh, NettoieIntervalle(Page_.TxtRefresh->text()));
   Ports_.Reglages.IntervalleFtp = Page_.TxtRefresh->text();
-  Ports_.NoteEtSauve();
+  ReporteEchec(*Page_.TxtRefresh, [this] { Ports_.NoteEtSauve(); });
 }
 
 void ChampsFtp::SuitTextNbrPhotoFTP() {

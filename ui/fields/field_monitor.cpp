@@ -28,7 +28,7 @@ ChampsMoniteur::ChampsMoniteur(const PortsChamps& ports, PortsChampsMoniteur mon
 // also into a countdown that runs, and saves.
 void ChampsMoniteur::SuitText1() {
   EcritChamp(*Page_.Text1, NettoieNombre(Page_.Text1->text(), QStringLiteral("0"), 0));
-  Moniteur_.Moteur.ChangeRetard(ChiffresEnEntierBorne(Page_.Text1->text()));
+  ReporteEchec(*Page_.Text1, [this] { Moniteur_.Moteur.ChangeRetard(ChiffresEnEntierBorne(Page_.Text1->text())); });
 }
 
 void ChampsMoniteur::RelacheCheckMail() {
