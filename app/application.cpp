@@ -34,7 +34,7 @@ bool Vaktor::PeutAgir() const { return Sauvegarde_ != nullptr && Sauvegarde_->Es
 void Vaktor::CreeReglages() {
   Modules_ = std::make_unique<ModuleSendMessages>(*Canal_, Liaison_);
   Sauvegarde_ = std::make_unique<ReglagesPersistants>(
-      LiensReglages{Reglages_, *Magasin_, Systeme_.Disque, *Modules_, Systeme_.Dossiers.Donnees,
+      LiensReglages{Reglages_, *Magasin_, Systeme_.Disque, *Modules_, Systeme_.Dossiers.PhotosParDefaut(),
                     [this] { return Moteur_ ? Moteur_->Surface().Taille() : QSize(); }, Sante_});
 }
 

@@ -33,7 +33,7 @@ void ChoixDossier::Charge() {
   Chemin_.clear();
   if (!PlaceSurRepertoire()) {
     // In memory only: it becomes lasting when the user accepts or something else saves.
-    Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.Donnees + QStringLiteral("\\intrus");
+    Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.PhotosParDefaut();
     PlaceSurRepertoire();
   }
   if (Chemin_.isEmpty()) PlaceSurPremierLieu();

@@ -154,7 +154,7 @@ void GaleriePhotos::OuvreSur(const PhotoLue& lue, EtatNoms etat) {
 bool GaleriePhotos::Replie() {
   if (EnCours_->Quoi == Genre::kRepli) return false;
   // In memory only: the user's folder is lost for good no sooner than with the next save.
-  Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.Donnees + QStringLiteral("\\intrus");
+  Ports_.Reglages.RepertoirePhoto = Ports_.Dossiers.PhotosParDefaut();
   Reprend(Genre::kRepli);
   return true;
 }

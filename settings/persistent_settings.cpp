@@ -59,7 +59,7 @@ void ReglagesPersistants::TermineChargement(const std::function<void()>& montre)
 
 void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
   const QString texte = Liens_.Magasin.LitReglage(QLatin1StringView(ligne.Section), QLatin1StringView(ligne.Cle),
-                                                  DefautReglage(ligne, Liens_.DossierProgramme));
+                                                  DefautReglage(ligne, Liens_.DossierPhotos));
   try {
     LitValeur(ligne, texte, Liens_.Valeurs);
   } catch (const Echec& echec) {
@@ -80,7 +80,7 @@ void ReglagesPersistants::RepareLu(const LigneReglage& ligne) {
 void ReglagesPersistants::RepareRepertoirePhoto(const LigneReglage& ligne) {
   QString& repertoire = Liens_.Valeurs.RepertoirePhoto;
   if (Liens_.Disque.Regarde(repertoire) != Presence::kAbsent) return;
-  const QString dossier = DefautReglage(ligne, Liens_.DossierProgramme);
+  const QString dossier = DefautReglage(ligne, Liens_.DossierPhotos);
   if (Liens_.Disque.Regarde(dossier) == Presence::kAbsent && !Liens_.Disque.CreeDossier(dossier)) {
     throw Echec(kFichierIntrouvable, DitDossierPhotoImpossible(LangueParlee(Liens_.Valeurs.LangueCourante),
                                                                NomReglage(ligne), repertoire, dossier));

@@ -22,7 +22,7 @@ struct LiensReglages {
   MagasinReglages& Magasin;
   Fichiers& Disque;
   CommandesModules& Modules;
-  QString DossierProgramme;            ///< where the program writes, without separator at its end
+  QString DossierPhotos;               ///< the photo folder as long as the user has chosen none
   std::function<QSize()> TailleImage;  ///< size of the frame surface, pixels; for the FTP companion
   RapportSante& Sante;
 };

@@ -32,8 +32,8 @@ constexpr auto kTable = std::to_array<LigneReglage>({
     {kGeneral, "seuil", Entier, "0", &P::SeuilDetection},
     {kGeneral, "skin", Entier, "0", &P::IndexSkin, -1, 2},
     {kPhoto, "nombrephoto", Entier, "10000", &P::NombrePhotoMax},
-    {.Section = kPhoto, .Cle = "repertoire", .Forme = Texte, .Defaut = "\\intrus",
-     .Champ = &P::RepertoirePhoto, .SousDossier = true},
+    {.Section = kPhoto, .Cle = "repertoire", .Forme = Texte, .Defaut = "",
+     .Champ = &P::RepertoirePhoto, .EstDossierPhotos = true},
     {kPhoto, "actif", Drapeau, "0", &P::PhotoActif},
     {kSon, "index", Entier, "0", &P::IndexSon},
     {kSon, "actif", Drapeau, "1", &P::SonActif},
@@ -145,9 +145,8 @@ QString NomReglage(const LigneReglage& ligne) {
   return QLatin1StringView(ligne.Section) + u'/' + QLatin1StringView(ligne.Cle);
 }
 
-QString DefautReglage(const LigneReglage& ligne, const QString& dossierProgramme) {
-  const QLatin1StringView defaut(ligne.Defaut);
-  return ligne.SousDossier ? dossierProgramme + defaut : QString(defaut);
+QString DefautReglage(const LigneReglage& ligne, const QString& dossierPhotos) {
+  return ligne.EstDossierPhotos ? dossierPhotos : QLatin1StringView(ligne.Defaut);
 }
 
 void LitValeur(const LigneReglage& ligne, const QString& texte, Parametres& parametres) {

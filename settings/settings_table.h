@@ -29,12 +29,12 @@ struct LigneReglage {
   const char* Section;
   const char* Cle;  ///< upper and lower case count: "repertoire" of PHOTO, "Repertoire" of SON
   FormeStockee Forme;
-  const char* Defaut;  ///< value of a first run; behind the program folder where SousDossier is set
+  const char* Defaut;  ///< value of a first run; nothing for the folder of the photos, which the installation decides
   ChampParametre Champ;
   qint32 Minimum = std::numeric_limits<qint32>::min();  ///< integers outside are refused, both ends included
   qint32 Maximum = std::numeric_limits<qint32>::max();
-  bool SousDossier = false;     ///< the default lies in the program folder
-  bool EcritEnDernier = false;  ///< saved behind all other rows, whatever its place in the table
+  bool EstDossierPhotos = false;  ///< the default is DossiersProgramme::PhotosParDefaut
+  bool EcritEnDernier = false;    ///< saved behind all other rows, whatever its place in the table
 };
 
 /// All rows: in the order of the load, which is that of the save but for the rows that are EcritEnDernier.
@@ -49,8 +49,8 @@ constexpr bool EstLue(const LigneReglage& ligne) { return ligne.Forme != FormeSt
 /// "section/key", the name of a row in messages.
 QString NomReglage(const LigneReglage& ligne);
 
-/// The value of a first run as stored text. `dossierProgramme`: without separator at its end.
-QString DefautReglage(const LigneReglage& ligne, const QString& dossierProgramme);
+/// The value of a first run as stored text. `dossierPhotos`: that of the row that is EstDossierPhotos.
+QString DefautReglage(const LigneReglage& ligne, const QString& dossierPhotos);
 
 /// Stored text into the variable of the row. Throws Echec: kTypeIncompatible for a text that is no number where one is
 /// needed, kDepassement for a number outside 32 bits, kIndiceHorsPlage for one outside the row's range. The variable

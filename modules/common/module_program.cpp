@@ -139,7 +139,7 @@ class Execution {
   void DonneReglages() {
     const MagasinReglages* magasin = OuvreMagasin();
     if (magasin == nullptr) return;
-    const ReglagesModule reglages = LitReglagesModule(*magasin, Dossiers_.Programme.Donnees);
+    const ReglagesModule reglages = LitReglagesModule(*magasin, Dossiers_.Programme.PhotosParDefaut());
     for (const QString& secret : {reglages.Valeurs.SmtpPass, reglages.Valeurs.MotDePasseFtp}) {
       Journal_.CacheSecret(secret);
       Etat_.CacheSecret(secret);

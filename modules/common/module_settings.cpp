@@ -6,10 +6,10 @@
 
 namespace vaktor {
 
-ReglagesModule LitReglagesModule(const MagasinReglages& magasin, const QString& dossierProgramme) {
+ReglagesModule LitReglagesModule(const MagasinReglages& magasin, const QString& dossierPhotos) {
   ReglagesModule reglages;
   for (const LigneReglage& ligne : TableReglages()) {
-    const QString defaut = DefautReglage(ligne, dossierProgramme);
+    const QString defaut = DefautReglage(ligne, dossierPhotos);
     const QString texte = magasin.LitReglage(QLatin1String(ligne.Section), QLatin1String(ligne.Cle), defaut);
     try {
       LitValeur(ligne, texte, reglages.Valeurs);

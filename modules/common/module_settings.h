@@ -16,9 +16,9 @@ struct ReglagesModule {
 };
 
 /// Reads the whole table. A value that makes no sense is replaced by the one of a first run: a companion must do its
-/// best with a damaged file, and the main program is the one to tell the user. `dossierProgramme` is needed for the
+/// best with a damaged file, and the main program is the one to tell the user. `dossierPhotos` is the
 /// default photo folder.
-ReglagesModule LitReglagesModule(const MagasinReglages& magasin, const QString& dossierProgramme);
+ReglagesModule LitReglagesModule(const MagasinReglages& magasin, const QString& dossierPhotos);
 
 /// The handle of this section's inbox; 0 when there is none or it is no number.
 qint32 LitHwndvk(const MagasinReglages& magasin, const QString& section);

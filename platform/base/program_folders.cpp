@@ -20,12 +20,19 @@ QString SansSeparateurFinal(const QString& chemin) { return QDir(chemin).absolut
 /// Asks the system rather than looking at the mode: a read-only file system counts too.
 bool PeutEcrire(const QString& dossier) { return ::access(QFile::encodeName(dossier).constData(), W_OK | X_OK) == 0; }
 
+/// Where `cmake --install` puts the programs, whatever the prefix (GNU coding standards, "libexecdir").
+bool EstInstalle(const QString& dossier) { return dossier.endsWith(QStringLiteral("/libexec/vaktor")); }
+
 }  // namespace
 
 DossiersProgramme ChoisitDossiers(const QString& dossierExecutable, const QString& dossierPrive) {
   DossiersProgramme dossiers{SansSeparateurFinal(dossierExecutable), {}};
   if (!dossierPrive.isEmpty()) {
     dossiers.Donnees = SansSeparateurFinal(dossierPrive);
+  } else if (EstInstalle(dossiers.Executables)) {
+    // Also when it could be written: the administrator's own photos do not belong into the system's folders.
+    dossiers.Donnees = DossierXdg(QStandardPaths::GenericDataLocation);
+    dossiers.Images = QStandardPaths::writableLocation(QStandardPaths::PicturesLocation);
   } else if (PeutEcrire(dossiers.Executables)) {
     dossiers.Donnees = dossiers.Executables;
   } else {
@@ -53,7 +60,8 @@ QString TrouveDossierEtat(const QString& dossierPrive) {
 
 QString PrepareDossiers(const DossiersProgramme& dossiers) {
   const QString temp = dossiers.Donnees + QStringLiteral("/Temp");
-  for (const QString& dossier : {dossiers.Donnees, temp, temp + QStringLiteral("/FTP")}) {
+  for (const QString& dossier : {dossiers.Donnees, temp, temp + QStringLiteral("/FTP"), dossiers.Images}) {
+    if (dossier.isEmpty()) continue;
     if (!QDir().mkpath(dossier)) return dossier;  // true for a folder that is there already
   }
   return {};

@@ -303,7 +303,7 @@ TEST(Parametres, TheWholeTableComesOutOfTheStore) {
                      {"SON/index", "3"},
                      {"SON/Repertoire", "/x.wav"},
                      {"general/langue", "1"}};
-  const ReglagesModule reglages = LitReglagesModule(magasin, "/p");
+  const ReglagesModule reglages = LitReglagesModule(magasin, "/p\\intrus");
   EXPECT_EQ(reglages.Valeurs.MailDestination, "a@b");
   EXPECT_EQ(reglages.Valeurs.SmtpPass, "abc");
   EXPECT_FALSE(reglages.Valeurs.SmtpActif);
@@ -319,13 +319,13 @@ TEST(Parametres, TheWholeTableComesOutOfTheStore) {
 
 TEST(Parametres, AnEmptyOrDamagedStoreGivesTheValuesOfAFirstRun) {
   FauxMagasin magasin;
-  const Parametres neufs = LitReglagesModule(magasin, "/p").Valeurs;
+  const Parametres neufs = LitReglagesModule(magasin, "/p\\intrus").Valeurs;
   EXPECT_EQ(neufs.SmtpPort, "25");
   EXPECT_EQ(neufs.IndexQualite, 2);
   EXPECT_EQ(neufs.QualiteJpeg, 20);
   EXPECT_EQ(neufs.RepertoirePhoto, "/p\\intrus");
   magasin.Valeurs = {{"SON/index", "abc"}, {"FTP/qualitephoto", "77"}, {"MAIL/smtpneedlogin", "peut-etre"}};
-  const Parametres sales = LitReglagesModule(magasin, "/p").Valeurs;
+  const Parametres sales = LitReglagesModule(magasin, "/p\\intrus").Valeurs;
   EXPECT_EQ(sales.IndexSon, 0);
   EXPECT_EQ(sales.IndexQualite, 2);
   EXPECT_TRUE(sales.SmtpNeedLogin);

@@ -37,7 +37,7 @@ struct BancReglages {
                                 .Magasin = Magasin,
                                 .Disque = Disque,
                                 .Modules = Modules,
-                                .DossierProgramme = QStringLiteral("/prog"),
+                                .DossierPhotos = QStringLiteral("/prog\\intrus"),
                                 .TailleImage = [this] { return Taille; },
                                 .Sante = Sante}};
 

@@ -84,7 +84,7 @@ TEST(Chargement, OfAnEmptyStoreGivesTheDefaultsAndFillsTheStore) {
   EXPECT_EQ(banc.Magasin.Disque.value("FTP/height"), QStringLiteral("240"));
   EXPECT_EQ(banc.Magasin.Disque.value("PHOTO/repertoire"), QStringLiteral("/prog\\intrus"));
   for (const LigneReglage& ligne : TableReglages()) {
-    if (!EstLue(ligne) || ligne.SousDossier || ligne.Forme == FormeStockee::Booleen) continue;
+    if (!EstLue(ligne) || ligne.EstDossierPhotos || ligne.Forme == FormeStockee::Booleen) continue;
     EXPECT_EQ(banc.Magasin.Disque.value(NomReglage(ligne)), QString::fromLatin1(ligne.Defaut));
   }
   EXPECT_EQ(banc.Valeurs.Retard, 10);

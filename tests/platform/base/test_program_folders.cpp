@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include "platform/base/program_folders.h"
@@ -31,6 +32,7 @@ TEST_F(ProgramFolders, AFolderThatMayBeWrittenHoldsEverything) {
   const DossiersProgramme dossiers = ChoisitDossiers(Dossier.path() + u'/', QString());
   EXPECT_EQ(dossiers.Executables, Dossier.path());
   EXPECT_EQ(dossiers.Donnees, Dossier.path());
+  EXPECT_EQ(dossiers.PhotosParDefaut(), Dossier.path() + QStringLiteral("\\intrus"));
 }
 
 TEST_F(ProgramFolders, AReadOnlyInstallationWritesToTheUsersDataFolder) {
@@ -46,6 +48,19 @@ TEST_F(ProgramFolders, APrivateFolderGoesBeforeBoth) {
   EXPECT_EQ(dossiers.Executables, Dossier.path());
   EXPECT_EQ(dossiers.Donnees, QStringLiteral("/srv/essai"));
   EXPECT_EQ(ChoisitDossiers(Dossier.path(), QStringLiteral("essai")).Donnees, QDir::currentPath() + "/essai");
+}
+
+TEST_F(ProgramFolders, AnInstalledProgramWritesToTheUsersFoldersEvenWhereItMayWriteBesideItself) {
+  const QString installe = Dossier.path() + QStringLiteral("/usr/libexec/vaktor");
+  ASSERT_TRUE(QDir().mkpath(installe));
+  const DossiersProgramme dossiers = ChoisitDossiers(installe, QString());
+  EXPECT_EQ(dossiers.Executables, installe);
+  EXPECT_EQ(dossiers.Donnees, Dossier.path() + QStringLiteral("/data/vaktor"));
+  EXPECT_EQ(dossiers.PhotosParDefaut(),
+            QStandardPaths::writableLocation(QStandardPaths::PicturesLocation) + QStringLiteral("\\Vaktor"));
+  const DossiersProgramme prives = ChoisitDossiers(installe, QStringLiteral("/srv/essai"));
+  EXPECT_EQ(prives.Donnees, QStringLiteral("/srv/essai"));
+  EXPECT_EQ(prives.PhotosParDefaut(), QStringLiteral("/srv/essai\\intrus"));
 }
 
 TEST_F(ProgramFolders, TheExecutablesFolderIsThatOfTheRunningProgram) {
@@ -64,6 +79,12 @@ TEST_F(ProgramFolders, TheFoldersForFilesInPassingAreMadeOnceAndKept) {
   EXPECT_TRUE(QDir(dossiers.Donnees + QStringLiteral("/Temp/FTP")).exists());
   EXPECT_FALSE(QDir(dossiers.Donnees + QStringLiteral("/intrus")).exists());
   EXPECT_EQ(PrepareDossiers(dossiers), QString());
+}
+
+TEST_F(ProgramFolders, AUserWithoutAFolderOfPicturesGetsOne) {
+  const QString images = Dossier.path() + QStringLiteral("/maison/Images");
+  EXPECT_EQ(PrepareDossiers({Dossier.path(), Dossier.path(), images}), QString());
+  EXPECT_TRUE(QDir(images).exists());
 }
 
 TEST_F(ProgramFolders, TheFolderThatCannotBeMadeIsNamed) {

@@ -63,7 +63,7 @@ TEST(MagasinPartage, ShowsEachSaveToARunningCompanionWhenItIsTold) {
                                 .Magasin = magasin,
                                 .Disque = disque,
                                 .Modules = modules,
-                                .DossierProgramme = "/prog",
+                                .DossierPhotos = "/prog\\intrus",
                                 .TailleImage = [] { return QSize(320, 240); },
                                 .Sante = sante});
   disque.AjouteDossier("/prog/intrus");
