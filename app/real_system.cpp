@@ -22,7 +22,7 @@ QString TrouveFichierReglages(const QString& dossier) {
 SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
     : Arguments_(arguments),
       Dossiers_(TrouveDossiers(arguments.Dossier)),
-      Sons_(Dossiers_, Disque_, LecteurSon_),
+      Sons_(Dossiers_, DisqueBorne_, LecteurSon_),
       Programmes_(arguments.Dossier),
       BoitesPubliees_(TrouveFichierReglages(arguments.Dossier)),
       EssaiMail_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier),

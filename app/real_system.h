@@ -57,7 +57,6 @@ class SystemeReel {
   const ArgumentsDepart Arguments_;
   const DossiersProgramme Dossiers_;
   HorlogeSysteme Temps_;
-  FichiersSysteme Disque_;  // of the program itself: its sounds
   PompeEvenementsQt Pompe_;
   FabriqueMinuteriesQt Minuteries_;
   BoitesMessageQt Boites_;

@@ -7,6 +7,11 @@ target_compile_options(vaktor_flags INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wconversion -Wsign-conversion
   -Wold-style-cast -Wcast-align -Wformat=2 -Wimplicit-fallthrough)
 target_compile_definitions(vaktor_flags INTERFACE QT_NO_CAST_TO_ASCII QT_NO_FOREACH QT_NO_KEYWORDS)
+# What is handed out defends itself where a defect of ours, or of a library's, would write or jump astray.
+target_compile_options(vaktor_flags INTERFACE
+  $<$<CONFIG:Release>:-D_FORTIFY_SOURCE=2> $<$<CONFIG:Release>:-fstack-protector-strong>
+  $<$<CONFIG:Release>:-fstack-clash-protection> $<$<CONFIG:Release>:-fcf-protection>)
+target_link_options(vaktor_flags INTERFACE $<$<CONFIG:Release>:LINKER:-z,relro,-z,now> $<$<CONFIG:Release>:-pie>)
 if(VAKTOR_SANITIZERS)
   target_compile_options(vaktor_flags INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=undefined
     -fno-omit-frame-pointer)

@@ -30,8 +30,8 @@ inline constexpr qint32 kMomentPlusAncien = -2147483647 + 2 * kReculCompteur;
 // The interval of the live page, a text of the user's.
 
 /// One that is no number ends each analysis before the comparison, with the live page off too: the interval is read
-/// before the switch is looked at. The field lets none through (ui/fields). One that is longer than kMomentPlusAncien
-/// never passes: no live image comes.
+/// before the switch is looked at. Neither the field (ui/fields) nor the load lets one through. One that is longer than
+/// kMomentPlusAncien never passes: no live image comes.
 [[noreturn]] void LanceIntervalleIllisible();  ///< Echec(kTypeIncompatible)
 
 // What is told of all that.

@@ -35,8 +35,8 @@ class ChoixDossier {
   /// Called when a change of drive, a refused one too, or a new folder has moved Lecteur or Chemin: the form follows.
   void SurChangement(std::function<void()> fonction) { SurChangement_ = std::move(fonction); }
 
-  /// Load of the form: stands on RepertoirePhoto. If that is gone, RepertoirePhoto becomes the program folder's
-  /// "\intrus", in memory only. Marks and says nothing.
+  /// Load of the form: stands on RepertoirePhoto. If that is gone, RepertoirePhoto becomes the program's own
+  /// (DossiersProgramme::PhotosParDefaut), in memory only. Marks and says nothing.
   void Charge();
   /// Change of drive in Drive1 to the place `lieu`. Ends on the place before, with a message, when it cannot be opened.
   void ChangeLecteur(const QString& lieu);

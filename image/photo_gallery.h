@@ -61,10 +61,10 @@ class GaleriePhotos {
   // Reading the folder (photo_listing.cpp).
 
   /// Opens the gallery on RepertoirePhoto. A folder that is gone or may not be read, or a first photo that cannot be
-  /// shown makes it the folder "\intrus" of the program, in memory, without a word; for one that is gone when it is to
-  /// be read the list is read once more before. Fails with an Echec when that one
-  /// fails too; the window is up even then. A disk that does not answer, or fails in the middle, and want of memory are
-  /// said, and the folder stays. Asked for again while it opens, it opens once.
+  /// shown makes it the program's own (DossiersProgramme::PhotosParDefaut), in memory, without a word; for one that is
+  /// gone when it is to be read the list is read once more before. Fails with an Echec when that one fails too; the
+  /// window is up even then. A disk that does not answer, or fails in the middle, and want of memory are said, and the
+  /// folder stays. Asked for again while it opens, it opens once.
   void OuvreGalerie();
   /// The list takes another folder and is read anew; the first entry of another folder counts as clicked. Then the
   /// first entry is loaded, the photos are counted, and `fini` is called, once, also before a failure. Deletions that

@@ -13,11 +13,12 @@ namespace {
 constexpr qsizetype kTailleGroupe = 3;
 constexpr qint64 kCodeMax = 255;
 
-// The number of one group. Blanks, a sign and a fraction are allowed as in every number of the program, but ASCII only:
-// a wide blank would otherwise make a number out of a password that lies in the store in clear.
+// The number of one group. Blanks, a sign and a fraction are allowed as in every number of the program, but ASCII only,
+// and no letter, not even that of an exponent: a wide blank, or "1e2", would otherwise make a number out of a password
+// that lies in the store in clear.
 std::optional<qint64> LitGroupe(const QString& groupe) {
-  const bool ascii = std::ranges::all_of(groupe, [](QChar c) { return c.unicode() < 0x80; });
-  if (!ascii) return std::nullopt;
+  const bool lisible = std::ranges::all_of(groupe, [](QChar c) { return c.unicode() < 0x80 && !c.isLetter(); });
+  if (!lisible) return std::nullopt;
   try {
     return TexteEnEntier(groupe);
   } catch (const Echec&) {

@@ -71,6 +71,7 @@ void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
 void ReglagesPersistants::RepareLu(const LigneReglage& ligne) {
   if (ligne.Champ == ChampParametre(&Parametres::RepertoirePhoto)) RepareRepertoirePhoto(ligne);
   if (ligne.Champ == ChampParametre(&Parametres::FichierSon)) RepareSonAbsent();
+  if (ligne.Champ == ChampParametre(&Parametres::IntervalleFtp)) RepareIntervalleVide();
 }
 
 // The user's folder is replaced in the store and not kept for later, also when it only vanished for a while (a drive
@@ -95,6 +96,12 @@ void ReglagesPersistants::RepareSonAbsent() {
   constexpr qint32 kSonDuFichier = 3;
   Parametres& valeurs = Liens_.Valeurs;
   if (valeurs.FichierSon.isEmpty() && valeurs.IndexSon == kSonDuFichier) valeurs.IndexSon = 0;
+}
+
+// Any other text that is no number is cleaned by its field, which is shown it. An empty one is what the field shows
+// already: nothing would clean it, and without an interval no frame is compared.
+void ReglagesPersistants::RepareIntervalleVide() {
+  if (Liens_.Valeurs.IntervalleFtp.isEmpty()) Liens_.Valeurs.IntervalleFtp = QStringLiteral("5");
 }
 
 void ReglagesPersistants::SauveParametres() {

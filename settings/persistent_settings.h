@@ -61,6 +61,7 @@ class ReglagesPersistants : public SauvegardeParametres {
   void RepareLu(const LigneReglage& ligne);
   void RepareRepertoirePhoto(const LigneReglage& ligne);
   void RepareSonAbsent();
+  void RepareIntervalleVide();
   void VideMagasin();
 
   /// How far the load has come.

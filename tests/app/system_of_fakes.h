@@ -303,41 +303,42 @@ struct SystemeFaux {
     Photos.AjouteDossier(QStringLiteral("/home/u/v/intrus"));  // as a start makes it
   }
   PortsSysteme Ports() {
-    return {.Dossiers = {.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")},
-            .PrepareDossiers =
-                [this] {
-                  Notes.Note([] { return QStringLiteral("folders: prepare"); });
-                  return QString();
-                },
-            .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
-            .DossierMagasin = QStringLiteral("/home/u/config"),
-            .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque); },
-            .CreePilote = [this](const std::function<Langue()>&) { return std::move(Pilote); },
-            .Temps = Horloge,
-            .Disque = Disque,
-            .Pompe = Pompe,
-            .Minuteries = Minuteries,
-            .Boites = Messages,
-            .Ecrivain = Ecrivain,
-            .Noms = Noms,
-            .Lecteur = Lecteur,
-            .Effaceur = Effaceur,
-            .Arbre = Arbre,
-            .Sonde = Sonde,
-            .EssaiPhotos = EssaiPhotos,
-            .Pertes = Pertes,
-            .Sons = Sons,
-            .Programmes = Programmes,
-            .BoitesPubliees = BoitesPubliees,
-            .Mesureur = Mesureur,
-            .Machine = Machine,
-            .Navigateur = Navigateur,
-            .Comptes = Comptes,
-            .EssaiMail = EssaiMail,
-            .EssaiFtp = EssaiFtp,
-            .Etats = Etats,
-            .Bureau = Bureau,
-            .Courriels = Courriels};
+    return {
+        .Dossiers = {.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v"), .Images = Images},
+        .PrepareDossiers =
+            [this] {
+              Notes.Note([] { return QStringLiteral("folders: prepare"); });
+              return QString();
+            },
+        .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
+        .DossierMagasin = QStringLiteral("/home/u/config"),
+        .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque); },
+        .CreePilote = [this](const std::function<Langue()>&) { return std::move(Pilote); },
+        .Temps = Horloge,
+        .Disque = Disque,
+        .Pompe = Pompe,
+        .Minuteries = Minuteries,
+        .Boites = Messages,
+        .Ecrivain = Ecrivain,
+        .Noms = Noms,
+        .Lecteur = Lecteur,
+        .Effaceur = Effaceur,
+        .Arbre = Arbre,
+        .Sonde = Sonde,
+        .EssaiPhotos = EssaiPhotos,
+        .Pertes = Pertes,
+        .Sons = Sons,
+        .Programmes = Programmes,
+        .BoitesPubliees = BoitesPubliees,
+        .Mesureur = Mesureur,
+        .Machine = Machine,
+        .Navigateur = Navigateur,
+        .Comptes = Comptes,
+        .EssaiMail = EssaiMail,
+        .EssaiFtp = EssaiFtp,
+        .Etats = Etats,
+        .Bureau = Bureau,
+        .Courriels = Courriels};
   }
   /// A companion writes a word into its inbox.
   void Recoit(qint32 poignee, const QString& texte) {
@@ -352,6 +353,7 @@ struct SystemeFaux {
 
   Journal Notes;
   QMap<QString, QString> Valeurs;
+  QString Images;             ///< of an installed program
   bool MagasinPlein = false;  ///< the settings cannot be saved
   bool CanalBloque = false;   ///< closing an inbox throws
   std::map<qint32, std::function<void(const QString&)>> Boites;

@@ -117,9 +117,19 @@ TEST_F(ReglagesDansLaFenetre, WithADelayOfZeroTheNumberOfPhotosThatWasCleanedIsS
   EXPECT_EQ(Systeme.Valeurs[photos], QStringLiteral("1"));
 }
 
-TEST_F(ReglagesDansLaFenetre, NothingIsSavedWhereNeitherChangesItsField) {
+TEST_F(ReglagesDansLaFenetre, AnEmptyIntervalIsMendedSinceWithoutOneNoFrameIsCompared) {
   DemarreAvec({{QStringLiteral("general/retard"), QStringLiteral("0")}, {QStringLiteral("FTP/refresh"), QString()}});
-  EXPECT_EQ(Sauvegardes(), 0);
+  EXPECT_EQ(Trouve<QLineEdit>("TxtRefresh")->text(), QStringLiteral("5"));
+  EXPECT_EQ(Systeme.Valeurs.value(QStringLiteral("FTP/refresh")), QStringLiteral("5"));
+}
+
+TEST_F(ReglagesDansLaFenetre, PhotosOfAFirstRunLieWhereTheInstallationPutsThem) {
+  const QString cle = QStringLiteral("PHOTO/repertoire");
+  DemarreAvec({});
+  EXPECT_EQ(Systeme.Valeurs.value(cle), QStringLiteral("/home/u/v\\intrus"));
+  Systeme.Images = QStringLiteral("/home/u/Images");
+  DemarreAvec({});
+  EXPECT_EQ(Systeme.Valeurs.value(cle), QStringLiteral("/home/u/Images\\Vaktor"));
 }
 
 }  // namespace

@@ -48,6 +48,13 @@ TEST_F(Dossier, LoadKeepsTheFreeSpaceAndNeverWarns) {
   EXPECT_FALSE(Reglages.ParametresModifies);
 }
 
+TEST_F(Dossier, RemovedFolderOpensOnThePicturesOfTheUserOfAnInstalledProgram) {
+  Dossiers.Images = QStringLiteral("/home/u/Photos");
+  Reglages.RepertoirePhoto = QStringLiteral("/media/u/GONE/Photos");
+  Choix.Charge();
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/home/u/Photos\\Vaktor"));
+}
+
 TEST_F(Dossier, RemovedFolderOpensOnTheProgramsOwnInMemoryOnly) {
   Reglages.RepertoirePhoto = QStringLiteral("/media/u/GONE/Photos");
   Choix.Charge();

@@ -61,6 +61,15 @@ TEST_F(ReglesListe, FolderThatIsGoneFallsBackToTheProgramsInMemoryAndWithoutAWor
   EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
 }
 
+TEST_F(ReglesListe, AnInstalledProgramFallsBackToThePicturesOfItsUser) {
+  Dossiers.Images = QStringLiteral("/i");
+  Disque.AjouteDossier(QStringLiteral("/i/Vaktor"));
+  AjoutePhotos({QStringLiteral("z.jpg")}, QStringLiteral("/i/Vaktor"));
+  Reglages.RepertoirePhoto = QStringLiteral("/usb");
+  Galerie.OuvreGalerie();
+  EXPECT_EQ(Reglages.RepertoirePhoto, QStringLiteral("/i\\Vaktor"));
+}
+
 TEST_F(ReglesListe, FolderThatMayNotBeReadCountsAsGoneAndNotAsEmpty) {
   AjoutePhotos({QStringLiteral("a.jpg")});
   AjoutePhotos({QStringLiteral("z.jpg")}, QStringLiteral("/d/intrus"));

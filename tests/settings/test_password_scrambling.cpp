@@ -59,7 +59,7 @@ TEST(DecryptePass, GivesAStoredGroup999BackAsItStands) {
 }
 
 TEST(DecryptePass, GivesATextWithALetterInItsFirstGroupBackAsItStands) {
-  for (const char* texte : {"a98100102", "0x8100102", "09z100102", "secret", "x"}) {
+  for (const char* texte : {"a98100102", "0x8100102", "09z100102", "1e2100102", "5e1", "secret", "x"}) {
     EXPECT_EQ(DecryptePass(QString::fromLatin1(texte)), QString::fromLatin1(texte));
   }
 }
