@@ -69,6 +69,7 @@ void Vaktor::ChargeTextes() {
     if (FrmEssaiFtp_) FrmEssaiFtp_->EcritMots(LangueParlee(Reglages_.LangueCourante));
     if (VueSante_) VueSante_->Actualise();
     EcritLibellesBoutons(*Form1_, Textes_);
+    if (Systeme_.ParleOutils) Systeme_.ParleOutils(LangueParlee(Reglages_.LangueCourante));
   });
   ChargeurTextes_->RelieGalerie(Galerie());
   ChargeurTextes_->ChargeTextes();

@@ -42,6 +42,7 @@ void PrepareApparence() {
   QApplication::setPalette(palette);
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ChargeIcone());
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.vaktor.Vaktor"));  // its name, and on Wayland its icon
 }
 
 ArgumentsDepart LitArguments(int argc, char** argv) {

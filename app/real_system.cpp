@@ -94,6 +94,7 @@ PortsSysteme SystemeReel::Ports() {
             return std::make_unique<FormSound>(ChoixSon(valeurs, sauvegarde, Sons_, ChoixFichier_));
           },
       .SuitLangue = [this](std::function<Langue()> langue) { Boites_.SuitLangue(std::move(langue)); },
+      .ParleOutils = [this](Langue langue) { MotsOutils_.Parle(langue); },
   };
 }
 

@@ -33,6 +33,7 @@
 #include "platform/widgets/desktop_opener.h"
 #include "platform/widgets/qt_file_dialog.h"
 #include "platform/widgets/qt_message_boxes.h"
+#include "platform/widgets/toolkit_words.h"
 #include "ui/sound/sounds.h"
 
 namespace vaktor {
@@ -60,6 +61,7 @@ class SystemeReel {
   PompeEvenementsQt Pompe_;
   FabriqueMinuteriesQt Minuteries_;
   BoitesMessageQt Boites_;
+  MotsOutils MotsOutils_;
   EncodeurTurboJpeg Encodeur_;
   FichiersBornes DisqueBorne_;  // all that may lie on a disk of the user's
   EcrivainJpegFichier Ecrivain_{Encodeur_, DisqueBorne_};

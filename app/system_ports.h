@@ -81,6 +81,8 @@ struct PortsSysteme {
   std::function<std::unique_ptr<FormSound>(Parametres&, SauvegardeParametres&)> CreeFormSound = {};
   /// Takes what gives the language of the buttons of the boxes at any moment; empty where they have none.
   std::function<void(std::function<Langue()> langue)> SuitLangue = {};
+  /// The toolkit's own words, in file dialogs and in the menus of text fields, from now on in this language.
+  std::function<void(Langue)> ParleOutils = {};
 };
 
 }  // namespace vaktor

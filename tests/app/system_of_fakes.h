@@ -338,7 +338,8 @@ struct SystemeFaux {
         .EssaiFtp = EssaiFtp,
         .Etats = Etats,
         .Bureau = Bureau,
-        .Courriels = Courriels};
+        .Courriels = Courriels,
+        .ParleOutils = [this](Langue langue) { LanguesOutils += langue; }};
   }
   /// A companion writes a word into its inbox.
   void Recoit(qint32 poignee, const QString& texte) {
@@ -353,9 +354,10 @@ struct SystemeFaux {
 
   Journal Notes;
   QMap<QString, QString> Valeurs;
-  QString Images;             ///< of an installed program
-  bool MagasinPlein = false;  ///< the settings cannot be saved
-  bool CanalBloque = false;   ///< closing an inbox throws
+  QString Images;               ///< of an installed program
+  QList<Langue> LanguesOutils;  ///< what the toolkit was told to speak, one after the other
+  bool MagasinPlein = false;    ///< the settings cannot be saved
+  bool CanalBloque = false;     ///< closing an inbox throws
   std::map<qint32, std::function<void(const QString&)>> Boites;
   HorlogeNotee Horloge{Notes};
   faux::TempsVirtuel Temps{Horloge};

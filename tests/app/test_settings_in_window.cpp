@@ -123,6 +123,14 @@ TEST_F(ReglagesDansLaFenetre, AnEmptyIntervalIsMendedSinceWithoutOneNoFrameIsCom
   EXPECT_EQ(Systeme.Valeurs.value(QStringLiteral("FTP/refresh")), QStringLiteral("5"));
 }
 
+TEST_F(ReglagesDansLaFenetre, TheToolkitSpeaksTheLanguageThatIsStoredAndTheOneThatIsChosen) {
+  DemarreAvec({{QStringLiteral("general/langue"), QStringLiteral("1")}});
+  ASSERT_FALSE(Systeme.LanguesOutils.isEmpty());
+  EXPECT_EQ(Systeme.LanguesOutils.last(), Langue::kAnglais);
+  Clique("Image4(0)");
+  EXPECT_EQ(Systeme.LanguesOutils.last(), Langue::kFrancais);
+}
+
 TEST_F(ReglagesDansLaFenetre, PhotosOfAFirstRunLieWhereTheInstallationPutsThem) {
   const QString cle = QStringLiteral("PHOTO/repertoire");
   DemarreAvec({});
