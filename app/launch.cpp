@@ -3,6 +3,7 @@
 #include <malloc.h>
 
 #include <QGuiApplication>
+#include <QLocale>
 #include <QStyleFactory>
 #include <cstdio>
 
@@ -51,6 +52,11 @@ ArgumentsDepart LitArguments(int argc, char** argv) {
   return LitArgumentsDepart(arguments);
 }
 
+// Before the settings are read, the session says which language its user speaks.
+Langue LangueSession() {
+  return QLocale::system().language() == QLocale::French ? Langue::kFrancais : Langue::kAnglais;
+}
+
 // Those that the toolkit takes for itself are gone from the list by then.
 void DitArgumentsInconnus() {
   for (const QString& inconnu : TrouveInconnus(QCoreApplication::arguments().mid(1))) {
@@ -84,7 +90,7 @@ int LanceVaktor(int argc, char** argv) {
   if (arguments.Aide || arguments.Version) {
     // Answered without a screen.
     std::fputs(arguments.Aide
-                   ? qUtf8Printable(TexteAide())
+                   ? qUtf8Printable(TexteAide(LangueSession()))
                    : (QStringLiteral("Vaktor ") + QLatin1String(kVersion) + QLatin1Char('\n')).toUtf8().constData(),
                stdout);
     return 0;

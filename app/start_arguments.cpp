@@ -1,5 +1,7 @@
 #include "app/start_arguments.h"
 
+#include "texts/phrase.h"
+
 namespace vaktor {
 
 namespace {
@@ -45,8 +47,20 @@ QStringList TrouveInconnus(const QStringList& arguments) {
   return inconnus;
 }
 
-QString TexteAide() {
-  return QStringLiteral(
+QString TexteAide(Langue langue) {
+  constexpr Phrase kAide{
+      "Vaktor : un détecteur de mouvement pour une caméra.\n"
+      "\n"
+      "  Vaktor [ARGUMENTS]\n"
+      "\n"
+      "  /camera:LIEU     la caméra de cette fois : un périphérique (/dev/video2), une adresse (rtsp:// ou http://),\n"
+      "                   un film, ou \"test\" pour une image intégrée\n"
+      "  /alarm           démarre la caméra et arme l'alarme\n"
+      "  /surve           démarre la publication en direct\n"
+      "  /dossier:CHEMIN  garde réglages, photos et tout ce qui est écrit sous CHEMIN\n"
+      "  --cameras        à quelle caméra mènent ces arguments, et quelles autres existent ; statut 3 : aucune\n"
+      "  --help, -h       ce texte\n"
+      "  --version        la version\n",
       "Vaktor: a movement detector for one camera.\n"
       "\n"
       "  Vaktor [ARGUMENTS]\n"
@@ -58,7 +72,8 @@ QString TexteAide() {
       "  /dossier:PATH   keeps settings, photos and everything else that is written below PATH\n"
       "  --cameras       which camera these arguments lead to, and which others there are; status 3: none\n"
       "  --help, -h      this text\n"
-      "  --version       the version\n");
+      "  --version       the version\n"};
+  return kAide.Dit(langue);
 }
 
 }  // namespace vaktor

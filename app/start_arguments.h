@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include "texts/language.h"
+
 namespace vaktor {
 
 struct ArgumentsDepart {
@@ -34,6 +36,6 @@ ArgumentsDepart LitArgumentsDepart(const QStringList& arguments);
 QStringList TrouveInconnus(const QStringList& arguments);
 
 /// What "--help" prints.
-QString TexteAide();
+QString TexteAide(Langue langue);
 
 }  // namespace vaktor

@@ -126,6 +126,17 @@ TEST_F(Programme, HelpAndVersionNeedNoScreen) {
   }
 }
 
+TEST_F(Programme, HelpSpeaksTheLanguageOfTheSession) {
+  for (const auto& [session, mot] : {std::pair{"fr_FR.UTF-8", "détecteur"}, std::pair{"de_DE.UTF-8", "detector"}}) {
+    QProcessEnvironment avec = QProcessEnvironment::systemEnvironment();
+    avec.insert(QStringLiteral("LC_ALL"), QLatin1String(session));
+    Processus.setProcessEnvironment(avec);
+    Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), {QStringLiteral("--help")});
+    ASSERT_TRUE(Processus.waitForFinished(30000));
+    EXPECT_TRUE(Processus.readAll().contains(mot)) << session;
+  }
+}
+
 // ./run decides by its status.
 TEST_F(Programme, TellsWhichCameraItWillHave) {
   QFile memoire(Dossier.filePath(QStringLiteral("capture.ini")));

@@ -32,7 +32,8 @@ TEST(StartArguments, HelpAndVersionAreAskedForByName) {
   EXPECT_TRUE(LitArgumentsDepart({QStringLiteral("--version")}).Version);
   EXPECT_TRUE(LitArgumentsDepart({QStringLiteral("--cameras")}).Cameras);
   EXPECT_TRUE(TrouveInconnus({QStringLiteral("--cameras")}).isEmpty());
-  EXPECT_TRUE(TexteAide().contains(QStringLiteral("/camera:WHERE")));
+  EXPECT_TRUE(TexteAide(Langue::kAnglais).contains(QStringLiteral("/camera:WHERE")));
+  EXPECT_TRUE(TexteAide(Langue::kFrancais).contains(QStringLiteral("/camera:LIEU")));
 }
 
 TEST(StartArguments, ArgumentsThatMeanNothingAreFound) {
