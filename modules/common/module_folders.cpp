@@ -1,11 +1,11 @@
 #include "modules/common/module_folders.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
 #include "companions/contract/command_words.h"
 #include "platform/base/program_folders.h"
+#include "platform/store/private_file.h"
 
 namespace vaktor {
 
@@ -19,8 +19,8 @@ DossiersModule TrouveDossiersModule() {
   dossiers.Programme = TrouveDossiers(prive);
   dossiers.FichierReglages = TrouveDossierReglages(prive) + QLatin1Char('/') + kFichierReglages;
   dossiers.Etat = TrouveDossierEtat(prive);
-  if (QDir().mkpath(dossiers.Etat))
-    QFile::setPermissions(dossiers.Etat, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+  PrepareDossierPrive(dossiers.Etat);
+  QFile::setPermissions(dossiers.Etat, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   return dossiers;
 }
 

@@ -13,6 +13,9 @@ struct DelaisEnvoi {
   qint64 Connexion = 20'000;
   qint64 Reponse = 120'000;
   qint64 FinDonnees = 600'000;  ///< between the end of the data and the server's "250"
+  /// For that "250", once we are asked to end: to leave at once would be to send it twice. And for the answer to our
+  /// farewell.
+  qint64 Grace = 10'000;
   bool operator==(const DelaisEnvoi&) const = default;
 };
 

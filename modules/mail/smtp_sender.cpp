@@ -16,8 +16,6 @@
 namespace vaktor {
 namespace {
 
-constexpr qint64 kGraceMs = 10'000;
-
 /// One conversation, as the callbacks of libcurl see it.
 struct Envoi {
   Envoi(const QByteArray& message, const DelaisEnvoi& delais, const RappelsEnvoi& rappels)
@@ -26,7 +24,11 @@ struct Envoi {
     DepuisFin.start();
   }
   bool DonneesParties() const { return Dialogue.EnDonnees() && Position == Message.size(); }
-  bool TropLong() const { return DepuisActivite.hasExpired(DonneesParties() ? Delais.FinDonnees : Delais.Reponse); }
+  // Of one that has the mail only the farewell is missing.
+  qint64 Patience() const {
+    return Dialogue.EstAccepte() ? Delais.Grace : DonneesParties() ? Delais.FinDonnees : Delais.Reponse;
+  }
+  bool TropLong() const { return DepuisActivite.hasExpired(Patience()); }
 
   const QByteArray& Message;
   const DelaisEnvoi& Delais;
@@ -56,8 +58,8 @@ int Surveille(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t envoy
   e->Envoyes = envoyes;
   const bool fin = e->Rappels.Arret && e->Rappels.Arret();
   if (!fin) e->DepuisFin.restart();
-  // A mail whose data the server has is worth a few seconds: to leave now would be to send it twice.
-  e->Arrete = fin && (!e->DonneesParties() || e->DepuisFin.hasExpired(kGraceMs));
+  // A mail whose data the server has is worth a few seconds.
+  e->Arrete = fin && (!e->DonneesParties() || e->DepuisFin.hasExpired(e->Delais.Grace));
   e->DelaiDepasse = e->TropLong();
   return e->Arrete || e->DelaiDepasse ? 1 : 0;
 }
@@ -140,6 +142,9 @@ bool RegleServeur(CURL* c, const ReglagesEnvoi& r) {
   }
   curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(r.Delais.Connexion));
   curl_easy_setopt(c, CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(r.Delais.FinDonnees / 1000 + 1));
+  // The farewell belongs to the sending then, and is watched like it: a kept connection takes leave behind it,
+  // unwatched, and waits for a server that is gone as long as for the end of the data.
+  curl_easy_setopt(c, CURLOPT_FORBID_REUSE, 1L);
   curl_easy_setopt(c, CURLOPT_NOSIGNAL, 1L);
   curl_easy_setopt(c, CURLOPT_QUICK_EXIT, 1L);  // a name server that hangs must not hold up our end
   return true;

@@ -63,8 +63,17 @@ VerrouDossier::~VerrouDossier() {
 }
 
 void PrepareDossierPrive(const QString& dossier) {
-  const MasquePrive masque;
-  QDir().mkpath(dossier);
+  QStringList neufs;
+  for (QString d = QDir::cleanPath(QFileInfo(dossier).absoluteFilePath()); !QFileInfo::exists(d);
+       d = QFileInfo(d).absolutePath())
+    neufs.prepend(d);
+  if (neufs.isEmpty()) return;
+  {
+    const MasquePrive masque;
+    QDir().mkpath(dossier);
+  }
+  // What is flushed inside of it is nowhere after a power cut unless its own name is on the disk as well.
+  for (const QString& neuf : neufs) EcritDossierSurDisque(neuf);
 }
 
 void RendPrive(const QString& fichier) {

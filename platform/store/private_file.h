@@ -37,7 +37,8 @@ class VerrouDossier {
   bool Tenu_ = false;
 };
 
-/// Makes a folder (and its parents) that its owner alone can enter. A folder that is there stays as it is.
+/// Makes a folder (and its parents) that its owner alone can enter, and puts them on the disk. A folder that is there
+/// stays as it is.
 void PrepareDossierPrive(const QString& dossier);
 
 /// Gives a file the mode 0600 where it exists with another; makes no file. Silent where the file system has no modes.

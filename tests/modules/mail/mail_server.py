@@ -7,8 +7,8 @@ Prints the port that the system gave it on its first line. Each mail that it tak
 NUMBER.eml, and NUMBER.json with sender and destinations. Ends when its standard input is closed.
 
 Modes: ok; rcpt450-N and data451-N (refuses N times, then takes); mail550, rcpt550, data554; hang-data (never answers
-the end of the data); cut-data (drops the connection in the midst of the data); drop-after (takes the mail, answers 250,
-drops the connection).
+the end of the data); slow-data (answers it three seconds later); cut-data (drops the connection in the midst of the
+data); drop-after (takes the mail, answers 250, drops the connection); no-goodbye (never answers QUIT).
 """
 import argparse
 import asyncio
@@ -61,6 +61,8 @@ class Handler:
     async def handle_DATA(self, server, session, envelope):
         if self.args.mode == "hang-data":
             await asyncio.sleep(3600)
+        if self.args.mode == "slow-data":
+            await asyncio.sleep(3)
         if self.args.mode == "data554":
             return "554 5.6.0 message looks like spam"
         if self.refuses("data451"):
@@ -70,13 +72,18 @@ class Handler:
         with open(base + ".part", "wb") as f:
             f.write(envelope.original_content)
         with open(base + ".json", "w") as f:
-            json.dump({"from": envelope.mail_from, "to": envelope.rcpt_tos,
+            json.dump({"from": envelope.mail_from, "to": envelope.rcpt_tos, "options": envelope.mail_options,
                        "tls": server.transport.get_extra_info("ssl_object") is not None,
                        "user": (session.auth_data or b"").decode()}, f)
         os.rename(base + ".part", base + ".eml")
         if self.args.mode == "drop-after":
             asyncio.get_running_loop().call_later(0.05, server.transport.abort)
         return "250 2.0.0 taken"
+
+    async def handle_QUIT(self, server, session, envelope):
+        if self.args.mode == "no-goodbye":
+            await asyncio.sleep(3600)
+        return "221 Bye"
 
 
 class CuttingSMTP(SMTP):

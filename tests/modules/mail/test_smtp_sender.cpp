@@ -1,13 +1,46 @@
 // The sender against a real server on loopback: each way to succeed, and each way to fail with its cause and the
 // server's own words.
+#include <dlfcn.h>
+#include <netdb.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
+
+#include <QElapsedTimer>
 #include <QTcpServer>
 #include <QTcpSocket>
+#include <QThread>
+#include <atomic>
+#include <csignal>
+#include <cstring>
+#include <thread>
 
 #include "modules/mail/failure_advice.h"
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mime_message.h"
 #include "modules/mail/smtp_dialogue.h"
 #include "modules/mail/smtp_sender.h"
+
+namespace vaktor::essai {
+
+/// While it stands, nobody answers what "hangs.example" is.
+std::atomic_bool& NomsMuets() {
+  static std::atomic_bool muets{false};
+  return muets;
+}
+
+}  // namespace vaktor::essai
+
+// In the place of the system's own for this program and the libraries in it.
+extern "C" int getaddrinfo(const char* nom, const char* service, const addrinfo* voulu, addrinfo** adresses) {
+  if (nom != nullptr && std::strcmp(nom, "hangs.example") == 0) {
+    while (vaktor::essai::NomsMuets().load()) ::usleep(10'000);
+    return EAI_AGAIN;
+  }
+  using Fonction = int (*)(const char*, const char*, const addrinfo*, addrinfo**);
+  static const auto systeme = reinterpret_cast<Fonction>(::dlsym(RTLD_NEXT, "getaddrinfo"));
+  return systeme(nom, service, voulu, adresses);
+}
 
 namespace vaktor::essai {
 namespace {
@@ -39,6 +72,16 @@ struct Sender : testing::Test {
     Reglages.Utilisateur = "anna";
     Reglages.MotDePasse = "s3cret&mot";
   }
+  /// We are asked to end a second after the data began to travel: by then the server has them.
+  ResultatEnvoi EnvoieEtFinit() {
+    QElapsedTimer depuis;
+    return EnvoieCourriel(Reglages, Adresses, Message,
+                          {[&] { return depuis.isValid() && depuis.hasExpired(1000); },
+                           {},
+                           [&](const QString&, const QString& r) {
+                             if (r.startsWith("354")) depuis.start();
+                           }});
+  }
   ResultatEnvoi Envoie() {
     return EnvoieCourriel(Reglages, Adresses, Message,
                           {[this] { return Arret; }, [this] { ++Acceptes; },
@@ -56,6 +99,8 @@ TEST_F(Sender, APlainServerTakesTheMailByteForByte) {
   EXPECT_EQ(Serveur.Message(), Message);
   EXPECT_EQ(Serveur.Enveloppe().value("from").toString(), "cam@exemple.fr");
   EXPECT_FALSE(Serveur.Enveloppe().value("tls").toBool());
+  EXPECT_TRUE(Serveur.Enveloppe().value("options").toArray().contains("SIZE=" + QString::number(Message.size())))
+      << "one that is too large is refused before it travels";
   EXPECT_EQ(Etapes.last(), "DATA: 250 2.0.0 taken");
 }
 
@@ -164,6 +209,115 @@ TEST_F(Sender, AServerThatHangsAtTheEndIsGivenUp) {
   EXPECT_EQ(r.Cause, CauseEchec::kDelai);
 }
 
+TEST_F(Sender, AServerMayTakeItsTimeAtTheEndOfTheDataAndThereAlone) {
+  ASSERT_TRUE(Serveur.Demarre({"--mode", "slow-data"}));
+  Regle();
+  Reglages.Delais.Reponse = 1500;
+  Reglages.Delais.FinDonnees = 60'000;
+  const ResultatEnvoi r = Envoie();
+  EXPECT_TRUE(r.Accepte) << r.MotsServeur.toStdString();
+}
+
+TEST_F(Sender, OurEndWaitsForTheAnswerToDataThatTheServerHas) {
+  ASSERT_TRUE(Serveur.Demarre({"--mode", "slow-data"}));
+  Regle();
+  Reglages.Delais.Grace = 60'000;
+  const ResultatEnvoi r = EnvoieEtFinit();
+  EXPECT_TRUE(r.Accepte) << r.MotsServeur.toStdString();
+}
+
+TEST_F(Sender, OurEndDoesNotWaitForThatForEver) {
+  ASSERT_TRUE(Serveur.Demarre({"--mode", "hang-data"}));
+  Regle();
+  Reglages.Delais.Grace = 500;
+  QElapsedTimer depuis;
+  depuis.start();
+  const ResultatEnvoi r = EnvoieEtFinit();
+  EXPECT_EQ(r.Cause, CauseEchec::kInterrompu);
+  EXPECT_LT(depuis.elapsed(), 20'000);
+}
+
+TEST_F(Sender, AServerThatDoesNotSayGoodbyeHoldsUpNothing) {
+  ASSERT_TRUE(Serveur.Demarre({"--mode", "no-goodbye"}));
+  Regle();
+  Reglages.Delais.Grace = 500;
+  QElapsedTimer depuis;
+  depuis.start();
+  EXPECT_TRUE(Envoie().Accepte);
+  EXPECT_LT(depuis.elapsed(), 20'000);
+}
+
+// A port whose queue of connections is full: the system answers nothing at all.
+TEST_F(Sender, AServerThatDoesNotTakeTheConnectionIsGivenUp) {
+  const int prise = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in adresse{};
+  adresse.sin_family = AF_INET;
+  adresse.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t taille = sizeof adresse;
+  ASSERT_EQ(::bind(prise, reinterpret_cast<sockaddr*>(&adresse), sizeof adresse), 0);
+  ASSERT_EQ(::listen(prise, 0), 0);
+  ASSERT_EQ(::getsockname(prise, reinterpret_cast<sockaddr*>(&adresse), &taille), 0);
+  QList<int> autres;
+  for (int i = 0; i < 4; ++i) {
+    autres << ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    ::connect(autres.last(), reinterpret_cast<sockaddr*>(&adresse), sizeof adresse);
+  }
+  Regle();
+  Reglages.Port = ntohs(adresse.sin_port);
+  Reglages.Delais.Connexion = 1000;
+  Reglages.Delais.Reponse = 30'000;
+  QElapsedTimer depuis;
+  depuis.start();
+  EXPECT_EQ(Envoie().Cause, CauseEchec::kPasDeConnexion);
+  EXPECT_LT(depuis.elapsed(), 20'000);
+  for (const int autre : autres) ::close(autre);
+  ::close(prise);
+}
+
+TEST_F(Sender, ANameServerThatHangsDoesNotHoldUpOurEnd) {
+  NomsMuets() = true;
+  std::thread delivre([] {  // a test that fails must end too
+    for (int i = 0; i < 150 && NomsMuets(); ++i) QThread::msleep(100);
+    NomsMuets() = false;
+  });
+  Regle();
+  Reglages.Serveur = "hangs.example";
+  Reglages.Port = 25;
+  QElapsedTimer depuis;
+  depuis.start();
+  const RappelsEnvoi rappels{[&depuis] { return depuis.hasExpired(300); }, {}, {}};
+  EXPECT_EQ(EnvoieCourriel(Reglages, Adresses, Message, rappels).Cause, CauseEchec::kInterrompu);
+  EXPECT_TRUE(NomsMuets().exchange(false)) << "back before the name server was";
+  delivre.join();
+}
+
+// The disposition of a signal belongs to the whole program: another thread may be starting something at that moment.
+TEST_F(Sender, TheSignalsOfTheProgramAreLeftAlone) {
+  ASSERT_TRUE(Serveur.Demarre());
+  Regle();
+  const auto avant = std::signal(SIGPIPE, SIG_DFL);
+  bool ignore = false;
+  EnvoieCourriel(Reglages, Adresses, Message, {{}, {}, [&ignore](const QString&, const QString&) {
+                                                 struct sigaction action {};
+                                                 ::sigaction(SIGPIPE, nullptr, &action);
+                                                 ignore |= action.sa_handler == SIG_IGN;
+                                               }});
+  std::signal(SIGPIPE, avant);
+  EXPECT_FALSE(ignore);
+}
+
+TEST_F(Sender, AnEncryptedConnectionThatIsCutInTheDataDoesNotEndTheProgram) {
+  ASSERT_TRUE(
+      Serveur.Demarre(QStringList("--starttls") + BonsCertificats().Paire() + QStringList{"--mode", "cut-data"}));
+  Regle();
+  Reglages.FichierAutorites = BonsCertificats().Autorite();
+  Message.append(QByteArray(20'000'000, 'x'));
+  const auto avant = std::signal(SIGPIPE, SIG_DFL);
+  const ResultatEnvoi r = Envoie();
+  std::signal(SIGPIPE, avant);
+  EXPECT_EQ(r.Cause, CauseEchec::kCoupure) << r.MotsServeur.toStdString();
+}
+
 TEST_F(Sender, AServerThatNeverGreetsIsGivenUp) {
   QTcpServer muet;
   ASSERT_TRUE(muet.listen(QHostAddress::LocalHost));
@@ -201,7 +355,9 @@ TEST_F(Sender, AServerThatIsGoneIsTold) {
   ASSERT_TRUE(Serveur.Demarre());
   Regle();
   Serveur.Arrete();
-  EXPECT_EQ(Envoie().Cause, CauseEchec::kPasDeConnexion);
+  const ResultatEnvoi r = Envoie();
+  EXPECT_EQ(r.Cause, CauseEchec::kPasDeConnexion);
+  EXPECT_TRUE(r.MotsServeur.contains(QString::number(Reglages.Port))) << r.MotsServeur.toStdString();
 }
 
 TEST_F(Sender, AServerThatIsNoNameIsTold) {
@@ -261,6 +417,12 @@ TEST_F(Sendmail, ItsOwnWordsAreTold) {
   EXPECT_EQ(Acceptes, 0);
 }
 
+TEST_F(Sendmail, OneThatCrashesHasNotTakenTheMail) {
+  Ecrit("cat > /dev/null\nkill -KILL $$\n");
+  EXPECT_EQ(Envoie().Cause, CauseEchec::kProgrammeEchoue);
+  EXPECT_EQ(Acceptes, 0);
+}
+
 TEST_F(Sendmail, OneThatHangsIsGivenUp) {
   Ecrit("exec sleep 3600\n");
   Reglages.Delais.FinDonnees = 500;
@@ -279,6 +441,31 @@ TEST(Dialogue, AReplyOfSeveralLinesIsOne) {
   EXPECT_EQ(dits, QStringList({"=220 hello",
                                "AUTH=535 5.7.8 Username and Password not accepted. 5.7.8 See https://exemple.fr"}));
   EXPECT_EQ(d.CauseRefus(), CauseEchec::kConnexionRefusee);
+}
+
+TEST(Dialogue, AReplyWithoutAnEndFillsNoMemory) {
+  const RappelsEnvoi rappels;
+  DialogueSmtp d(rappels);
+  d.NoteLigne("550-" + QByteArray(200, 'x'));
+  for (int i = 0; i < 1000; ++i) d.NoteLigne("550-" + QByteArray(200, 'x'));
+  d.NoteLigne("550 end");
+  EXPECT_TRUE(d.ARefuse());
+  EXPECT_LT(d.MotsRefus().size(), 10'000);
+}
+
+// Behind AUTH there are lines of ours that are no commands: name and password.
+TEST(Dialogue, WhatIsNoCommandIsNeverTold) {
+  QString dits;
+  RappelsEnvoi rappels;
+  rappels.Suivi = [&](const QString& c, const QString& r) { dits += c + "=" + r + "|"; };
+  DialogueSmtp d(rappels);
+  d.NoteCommande("AUTH LOGIN");
+  d.NoteLigne("334 VXNlcm5hbWU6");
+  d.NoteCommande("YW5uYQ==");
+  d.NoteLigne("334 UGFzc3dvcmQ6");
+  d.NoteCommande("czNjcmV0");
+  d.NoteLigne("535 no");
+  EXPECT_EQ(dits, "AUTH=334 VXNlcm5hbWU6|AUTH=334 UGFzc3dvcmQ6|AUTH=535 no|");
 }
 
 TEST(Dialogue, A250BeforeTheDataIsNoAcceptance) {

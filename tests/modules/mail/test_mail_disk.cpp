@@ -1,0 +1,131 @@
+// The outbox on a disk that loses what was not flushed, and the small things of the system that keep a mail whole and
+// private.
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <QProcess>
+#include <atomic>
+#include <cerrno>
+#include <csignal>
+#include <thread>
+
+#include "modules/mail/drafts.h"
+#include "modules/mail/outbox.h"
+#include "modules/mail/watch_folder.h"
+#include "platform/store/private_file.h"
+#include "support/event_wait.h"
+#include "support/file_bytes.h"
+#include "support/volatile_disk_bench.h"
+
+namespace vaktor::essai {
+namespace {
+
+CourrielEnAttente Nomme(const QString& nom) {
+  CourrielEnAttente c;
+  c.Nom = nom;
+  c.Destinataires = QStringList{"anna@exemple.fr"};
+  c.FaitA = 1'700'000'000'000;
+  return c;
+}
+
+struct CourantCoupe : SurDisqueVolatil {
+  QStringList Fichiers() const { return QDir(Chemin()).entryList(QDir::Files, QDir::Name); }
+};
+
+TEST_F(CourantCoupe, AMailInTheMakingIsThereAfterwards) {
+  BoiteEnvoi boite(Chemin());
+  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(Disque->CoupeCourant());
+  EXPECT_EQ(Fichiers(), QStringList{"a.draft"});
+  RecupereBoite(boite);
+  ASSERT_EQ(boite.Liste().size(), 1);
+  EXPECT_EQ(boite.LitMessage("a"), "message");
+}
+
+TEST_F(CourantCoupe, AnOutboxThatHasJustBeenMadeIsThereAfterwards) {
+  BoiteEnvoi boite(Chemin("/etat/courrier"));
+  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(Disque->CoupeCourant());
+  EXPECT_TRUE(QFile::exists(Chemin("/etat/courrier/a.draft")));
+}
+
+TEST_F(CourantCoupe, AMailThatMayLeaveMayLeaveAfterwards) {
+  BoiteEnvoi boite(Chemin());
+  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(boite.Publie("a"));
+  ASSERT_TRUE(Disque->CoupeCourant());
+  EXPECT_EQ(Fichiers(), QStringList{"a.mail"});
+}
+
+TEST_F(CourantCoupe, AMailThatWasTakenDoesNotGoAgain) {
+  BoiteEnvoi boite(Chemin());
+  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(boite.Publie("a"));
+  boite.Acheve("a");
+  ASSERT_TRUE(Disque->CoupeCourant());
+  EXPECT_TRUE(boite.Liste().isEmpty());
+}
+
+TEST_F(CourantCoupe, WhatTheDiskCannotFlushIsNoMail) {
+  BoiteEnvoi boite(Chemin());
+  ASSERT_TRUE(Disque->RefuseDeVider());
+  EXPECT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), EIO);
+  EXPECT_TRUE(Fichiers().isEmpty());
+}
+
+TEST_F(CourantCoupe, AMessageOfTheWatchWhoseMailIsMadeDoesNotComeBack) {
+  const QString message = Chemin("/1700000000000-1.json");
+  ASSERT_TRUE(EcritOctets(message, "{}"));
+  EcritDossierSurDisque(message);
+  ASSERT_TRUE(Disque->CoupeCourant());
+  const DossierVeille veille(Chemin());
+  ASSERT_EQ(veille.Liste().size(), 1) << "it was there";
+  ASSERT_TRUE(veille.Efface(veille.Liste().first()));
+  ASSERT_TRUE(Disque->CoupeCourant());
+  EXPECT_TRUE(veille.Liste().isEmpty());
+}
+
+struct Brouillon : testing::Test {
+  QTemporaryDir Temporaire;
+  BoiteEnvoi Boite{Temporaire.path()};
+  QByteArray Partiel = QFile::encodeName(Temporaire.filePath("a.draft.part"));
+};
+
+TEST_F(Brouillon, ALinkInItsPlaceIsNotFollowed) {
+  const QString autre = Temporaire.filePath("autre");
+  ASSERT_TRUE(EcritOctets(autre, "somebody's"));
+  ASSERT_EQ(::symlink(QFile::encodeName(autre).constData(), Partiel.constData()), 0);
+  EXPECT_EQ(Boite.PoseBrouillon(Nomme("a"), "message"), ELOOP);
+  EXPECT_EQ(LitOctets(autre), "somebody's");
+}
+
+TEST_F(Brouillon, WhatAKillLeftInItsPlaceIsNoPartOfIt) {
+  ASSERT_TRUE(EcritOctets(QFile::decodeName(Partiel), QByteArray(5000, 'x')));
+  ASSERT_EQ(Boite.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(Boite.Publie("a"));
+  EXPECT_EQ(Boite.LitMessage("a"), "message");
+}
+
+// Whatever is started meanwhile, the system's mail program before all, has no business with it. A pipe in the place of
+// the file holds the writing up for as long as the test likes.
+TEST_F(Brouillon, AProgramThatIsStartedMeanwhileDoesNotInheritIt) {
+  std::signal(SIGPIPE, SIG_IGN);
+  ASSERT_EQ(::mkfifo(Partiel.constData(), 0600), 0);
+  const int lecture = ::open(Partiel.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  ASSERT_GE(lecture, 0);
+  std::thread ecrit([this] { Boite.PoseBrouillon(Nomme("a"), QByteArray(4'000'000, 'x')); });
+  char octet = 0;
+  EXPECT_TRUE(AttendQue([&] { return ::read(lecture, &octet, 1) == 1; })) << "it is open";
+  QProcess programme;
+  programme.start("/bin/ls", {"-l", "/proc/self/fd"});
+  programme.waitForFinished();
+  const QByteArray ouverts = programme.readAllStandardOutput();
+  ::close(lecture);  // now the writing fails, and ends
+  ecrit.join();
+  EXPECT_TRUE(ouverts.contains("->")) << ouverts.constData();
+  EXPECT_FALSE(ouverts.contains("a.draft.part")) << ouverts.constData();
+}
+
+}  // namespace
+}  // namespace vaktor::essai
