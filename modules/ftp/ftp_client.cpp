@@ -25,6 +25,7 @@ constexpr int kEssaisLecture = 5;
 constexpr unsigned long kPauseLecture = 20;  // milliseconds
 constexpr int kServiceFerme = 421;           // RFC 959: the server closes the connection
 constexpr int kPasDeDonnees = 425;           // no data connection
+constexpr int kInconnue = 500;               // not understood, or something is wrong with the server itself
 constexpr long kGarde = 86400;               // seconds for which an idle connection is taken again
 
 struct Liste {
@@ -124,7 +125,7 @@ void ClientFtp::Ferme() {
 ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape,
                                std::function<bool()> arret) {
   Arret_ = std::move(arret);
-  if (travail.Acces.Hote != Acces_.Hote || travail.Acces.Port != Acces_.Port) RenommeParDessus_ = true;
+  if (travail.Acces.Hote != Acces_.Hote || travail.Acces.Port != Acces_.Port) RenommeParDessus_ = TlsBorne_ = true;
   Acces_ = travail.Acces;
   switch (travail.Genre) {
     case GenreTravail::kConnexion:
@@ -152,6 +153,10 @@ ResultatFtp ClientFtp::Connecte(const TravailFtp& travail, const OuvrierFtp::Sur
     ResultatFtp nom = JugeNom(travail.Acces.Hote);
     if (nom.Issue != IssueFtp::kReussi) return nom;
   }
+  ConnexionNeuve_ = true;
+  ResultatFtp resultat = Parle(travail, nullptr, {}, etape);
+  if (resultat.Precision != PrecisionFtp::kTls || !TlsBorne_) return resultat;
+  TlsBorne_ = false;  // perhaps it speaks nothing older
   ConnexionNeuve_ = true;
   return Parle(travail, nullptr, {}, etape);
 }
@@ -203,6 +208,7 @@ void ClientFtp::RegleAcces(const TravailFtp& travail, const QString& nom) {
   curl_easy_setopt(p, CURLOPT_PASSWORD, travail.Acces.MotDePasse.toUtf8().constData());
   curl_easy_setopt(p, CURLOPT_PROXY, "");
   curl_easy_setopt(p, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
+  if (TlsBorne_) curl_easy_setopt(p, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_MAX_TLSv1_2));
   if (!Options_.FichierAutorites.isEmpty())
     curl_easy_setopt(p, CURLOPT_CAINFO, QFile::encodeName(Options_.FichierAutorites).constData());
   curl_easy_setopt(p, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_SINGLECWD));
@@ -266,7 +272,11 @@ ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversat
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(conversation.Erreur.data());
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(curl_easy_strerror(static_cast<CURLcode>(code)));
   const int refus = dialogue.CodeRefus();
-  if (refus != kServiceFerme && refus != kPasDeDonnees) resultat.Issue = JugeCode(code, refus != 0, travail.Acces.Hote);
+  // Some servers find out behind the right password that the folder of that user is missing or has the wrong access,
+  // and say 500: nobody should look for the mistake in the password.
+  const bool panne = code == CURLE_LOGIN_DENIED && refus == kInconnue;
+  if (refus != kServiceFerme && refus != kPasDeDonnees && !panne)
+    resultat.Issue = JugeCode(code, refus != 0, travail.Acces.Hote);
   return resultat;
 }
 

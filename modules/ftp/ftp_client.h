@@ -26,6 +26,10 @@ struct OptionsClient {
 /// One control connection, kept between jobs and opened again where it is gone. Explicit TLS when the server offers it;
 /// a certificate that cannot be trusted is a failure, not a reason to go on without. Passive mode.
 ///
+/// TLS 1.2 where the server has it. Many servers want each data connection to resume the session of the control
+/// connection. A ticket of TLS 1.3 is good for one connection, and the library keeps one: the first file would arrive
+/// and no other.
+///
 /// A file is sent under a name of its own and renamed: a visitor of the site gets the old picture or the new one, never
 /// half of one. Some servers do not rename over a file that exists; there the old one is deleted first.
 class ClientFtp {
@@ -67,6 +71,7 @@ class ClientFtp {
   std::function<bool()> Arret_;
   AccesFtp Acces_;                // of the last job
   bool RenommeParDessus_ = true;  // as far as we know; learnt for each server
+  bool TlsBorne_ = true;          // TLS 1.2 at most; learnt for each server
   bool QuoteRefusee_ = false;     // the last run failed on a command behind the transfer
   bool ConnexionNeuve_ = false;   // the next run must not take the old connection
 };

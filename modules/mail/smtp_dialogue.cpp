@@ -41,6 +41,7 @@ void DialogueSmtp::NoteLigne(QByteArray ligne) {
 }
 
 void DialogueSmtp::AcheveReponse() {
+  if (EnAdieu()) return Reponse_.clear();
   if (Code_ >= kRefus) {
     CodeRefus_ = Code_;
     MotsRefus_ = Reponse_;

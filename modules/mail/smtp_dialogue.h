@@ -20,6 +20,7 @@ class DialogueSmtp {
   bool AParle() const { return Code_ != 0; }    ///< the server has said anything at all
   bool ARefuse() const { return CodeRefus_ != 0; }
   bool EnDonnees() const { return EnDonnees_; }
+  bool EnAdieu() const { return Verbe_ == "QUIT"; }           ///< what is said now is about no mail, and not told
   int CodeRefus() const { return CodeRefus_; }                ///< of the last reply of 400 and above
   const QByteArray& MotsRefus() const { return MotsRefus_; }  ///< with its code
   CauseEchec CauseRefus() const;                              ///< what it means, by the command it answered

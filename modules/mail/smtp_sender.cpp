@@ -24,11 +24,7 @@ struct Envoi {
     DepuisFin.start();
   }
   bool DonneesParties() const { return Dialogue.EnDonnees() && Position == Message.size(); }
-  // Of one that has the mail only the farewell is missing.
-  qint64 Patience() const {
-    return Dialogue.EstAccepte() ? Delais.Grace : DonneesParties() ? Delais.FinDonnees : Delais.Reponse;
-  }
-  bool TropLong() const { return DepuisActivite.hasExpired(Patience()); }
+  bool TropLong() const { return DepuisActivite.hasExpired(DonneesParties() ? Delais.FinDonnees : Delais.Reponse); }
 
   const QByteArray& Message;
   const DelaisEnvoi& Delais;
@@ -57,6 +53,8 @@ int Surveille(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t envoy
   if (envoyes != e->Envoyes) e->DepuisActivite.restart();
   e->Envoyes = envoyes;
   const bool fin = e->Rappels.Arret && e->Rappels.Arret();
+  // Whatever comes of the farewell, it changes nothing about the mail.
+  if (e->Dialogue.EnAdieu()) return fin || e->DelaiDepasse || e->DepuisActivite.hasExpired(e->Delais.Grace) ? 1 : 0;
   if (!fin) e->DepuisFin.restart();
   // A mail whose data the server has is worth a few seconds.
   e->Arrete = fin && (!e->DonneesParties() || e->DepuisFin.hasExpired(e->Delais.Grace));

@@ -1,7 +1,7 @@
 #!/usr/bin/python3
 """A real FTP server on loopback for the tests, on a port that the system gives.
 
-ftp_server.py FOLDER [--port N] [--tls PEM]      user "anna", password "sesame"
+ftp_server.py FOLDER [--port N] [--tls PEM [--only-1.3]]      user "anna", password "sesame"
 
 Prints the port, then takes one command a line on its standard input and answers each with "ok":
   normal     what follows is off again
@@ -17,6 +17,9 @@ Prints the port, then takes one command a line on its standard input and answers
   nodelete   no deleting
   lossy      half of each file is lost, and nobody is told
   quoting    a refused login quotes the password
+  oops       something is wrong behind the right password (500)
+  resume     a data connection that does not resume the TLS session of the control connection is refused (522), as
+             vsftpd and proftpd do unless they are told otherwise
 It ends with its standard input.
 """
 import argparse
@@ -25,6 +28,7 @@ import os
 import sys
 import threading
 
+from OpenSSL import SSL
 from pyftpdlib.authorizers import AuthenticationFailed, DummyAuthorizer
 from pyftpdlib.filesystems import AbstractedFS, FilesystemError
 from pyftpdlib.handlers import FTPHandler, ThrottledDTPHandler, TLS_DTPHandler, TLS_FTPHandler
@@ -105,6 +109,9 @@ class ControlMixin:
         # Room is found to be missing at the end, when the last block is to be written.
         if mode("full") and resp.startswith("226 Transfer complete"):
             resp = "552 Quota exceeded, sesame or not."
+        if mode("oops") and resp.startswith("230"):
+            self.del_channel()
+            resp = "500 OOPS: cannot change directory:/home/anna"
         if mode("nodata") and resp.startswith("229"):
             resp = "229 Entering extended passive mode (|||1|)."
         if mode("nodata") and resp.startswith("227"):
@@ -126,6 +133,7 @@ def main():
     parser.add_argument("folder")
     parser.add_argument("--port", type=int, default=0)
     parser.add_argument("--tls")
+    parser.add_argument("--only-1.3", dest="new", action="store_true")
     options = parser.parse_args()
     logging.basicConfig(level=logging.CRITICAL)
 
@@ -143,8 +151,18 @@ def main():
                 # The library takes a client that begins its handshake before its command for one that has gone.
                 return True if self._ssl_accepting else super().readable()
 
+            def handle_ssl_established(self):
+                super().handle_ssl_established()
+                if mode("resume") and not SSL._lib.SSL_session_reused(self.socket._ssl):
+                    self.cmd_channel.respond("522 SSL connection failed: session reuse required")
+                    self.close()
+
         Handler.dtp_handler = SafeData
         Handler.certfile = options.tls
+        Handler.ssl_context = Handler.get_ssl_context()
+        Handler.ssl_context.set_session_id(b"vaktor")
+        if options.new:
+            Handler.ssl_context.set_min_proto_version(SSL.TLS1_3_VERSION)
     else:
         Handler.dtp_handler = PlainData
     Handler.authorizer.add_user("anna", "sesame", options.folder, perm="elradfmwMT")

@@ -41,6 +41,7 @@ class ServeurEssai {
   void Demarre() {
     QStringList arguments{VAKTOR_FTP_SERVER, Dossier(), "--port", QString::number(Port_)};
     if (!Certificat_.isEmpty()) arguments << "--tls" << Certificat_;
+    if (Nouveau_) arguments << "--only-1.3";
     Processus_.setProcessChannelMode(QProcess::SeparateChannels);
     Processus_.start("/usr/bin/python3", arguments);
     Port_ = Lit().toUShort();
@@ -59,6 +60,11 @@ class ServeurEssai {
                               Temporaire_.filePath("autorite.pem")});
     ASSERT_TRUE(openssl.waitForFinished()) << "openssl is needed";
     EcritOctets(Certificat_, LitOctets(Certificat_) + LitOctets(Autorite()));
+  }
+  /// Nothing older than TLS 1.3.
+  void PrepareTlsNouveau() {
+    PrepareTls();
+    Nouveau_ = true;
   }
   void Dit(const QByteArray& commande) {
     Processus_.write(commande + '\n');
@@ -81,6 +87,7 @@ class ServeurEssai {
   QTemporaryDir Temporaire_;
   QProcess Processus_;
   QString Certificat_;
+  bool Nouveau_ = false;
   quint16 Port_ = 0;
 };
 

@@ -70,6 +70,13 @@ TEST_F(Client, ARefusedLoginIsToldWithTheServersWords) {
   EXPECT_EQ(Etapes, QStringList({"SerTR", "Paswo"}));
 }
 
+TEST_F(Client, AServerThatStumblesBehindTheRightPasswordIsNotAWrongPassword) {
+  Serveur.Dit("oops");
+  const ResultatFtp resultat = Connecte();
+  EXPECT_EQ(resultat.Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_TRUE(resultat.Mots.startsWith("500 OOPS")) << resultat.Mots.toStdString();
+}
+
 TEST_F(Client, AMissingFolderIsTold) {
   Acces.Dossier = "/pas/la";
   const ResultatFtp resultat = Connecte();
@@ -286,6 +293,31 @@ TEST_F(ClientTls, TakesTlsWhenItIsOffered) {
   EXPECT_EQ(Etapes, QStringList({"SerTR", "Paswo"}));
   for (int i = 1; i <= 3; ++i) ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi);
   EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
+}
+
+TEST_F(ClientTls, EveryPictureArrivesWhereADataConnectionHasToResumeTheSession) {
+  Serveur.Dit("resume");
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  for (int i = 1; i <= 4; ++i) {
+    const ResultatFtp resultat = Image(CreeJpeg(i));
+    ASSERT_EQ(resultat.Issue, IssueFtp::kReussi) << i << ' ' << resultat.Mots.toStdString();
+  }
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(4));
+}
+
+struct ClientTlsNouveau : Client {
+  void SetUp() override {
+    Serveur.PrepareTlsNouveau();
+    Acces.Hote = "localhost";
+    Options.FichierAutorites = Serveur.Autorite();
+    Client::SetUp();
+  }
+};
+
+TEST_F(ClientTlsNouveau, AServerThatSpeaksNothingOlderIsServedAllTheSame) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  for (int i = 1; i <= 2; ++i) ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(2));
 }
 
 TEST_F(ClientTls, DoesNotLogInWhereTheCertificateIsNotTrusted) {

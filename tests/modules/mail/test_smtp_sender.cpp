@@ -468,6 +468,18 @@ TEST(Dialogue, WhatIsNoCommandIsNeverTold) {
   EXPECT_EQ(dits, "AUTH=334 VXNlcm5hbWU6|AUTH=334 UGFzc3dvcmQ6|AUTH=535 no|");
 }
 
+TEST(Dialogue, TheFarewellIsAboutNoMail) {
+  QStringList dits;
+  RappelsEnvoi rappels;
+  rappels.Suivi = [&](const QString& c, const QString& r) { dits << c + "=" + r; };
+  DialogueSmtp d(rappels);
+  d.NoteLigne("220 hello");
+  d.NoteCommande("QUIT");
+  d.NoteLigne("502 never heard of it");
+  EXPECT_EQ(dits, QStringList{"=220 hello"});
+  EXPECT_FALSE(d.ARefuse());
+}
+
 TEST(Dialogue, A250BeforeTheDataIsNoAcceptance) {
   int acceptes = 0;
   RappelsEnvoi rappels;
