@@ -13,6 +13,7 @@
 #include "app/real_system.h"
 #include "app/way_out.h"
 #include "base/failure.h"
+#include "platform/base/core_file.h"
 #include "platform/base/end_signals.h"
 #include "platform/base/program_folders.h"
 #include "ui/face/art_images.h"
@@ -96,6 +97,7 @@ int LanceVaktor(int argc, char** argv) {
     return 0;
   }
   if (arguments.Cameras) return DitCameras(arguments.Camera, TrouveDossierReglages(arguments.Dossier));
+  InterditImageMemoire();
   PrepareEnvironnement();
   QCoreApplication::setApplicationName(QStringLiteral("Vaktor"));
   QCoreApplication::setApplicationVersion(QLatin1String(kVersion));

@@ -7,6 +7,7 @@
 
 #include "base/failure.h"
 #include "modules/common/main_link.h"
+#include "platform/base/core_file.h"
 #include "platform/base/end_signals.h"
 #include "platform/base/qt_timers.h"
 #include "platform/base/system_clock.h"
@@ -183,6 +184,7 @@ class Execution {
 int ExecuteModule(int argc, char** argv, const DescriptionModule& description,
                   const std::function<std::unique_ptr<Module>(const ContexteModule&)>& cree) {
   if (const std::optional<int> statut = TraiteArguments(argc, argv, description)) return *statut;
+  InterditImageMemoire();
   ApplicationModule application(argc, argv);
   Execution execution(application, description);
   try {

@@ -4,6 +4,8 @@
 #include <QFile>
 #include <QTextStream>
 
+#include "platform/base/core_file.h"
+
 namespace vaktor {
 
 namespace {
@@ -12,6 +14,7 @@ constexpr qint64 kDemandeMax = 1024LL * 1024;
 
 int ExecuteRepetition(int argc, char** argv,
                       const std::function<FinRepetition(const QByteArray& demande, const EcritureLigne& ecrit)>& joue) {
+  InterditImageMemoire();
   const QCoreApplication application(argc, argv);
   QFile entree;
   if (!entree.open(stdin, QIODevice::ReadOnly)) return static_cast<int>(FinRepetition::kDemandeIllisible);

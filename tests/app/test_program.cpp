@@ -12,8 +12,12 @@
 #include <QThread>
 #include <csignal>
 
+#include "support/memory_image.h"
+
 namespace vaktor {
 namespace {
+
+using essai::NeLaisseAucuneImage;
 
 class Programme : public testing::Test {
  protected:
@@ -87,6 +91,7 @@ TEST_F(Programme, ComesUpWritesOnlyBelowItsFolderAndEndsOnTerm) {
   EXPECT_TRUE(QDir(Dossier.path()).exists(QStringLiteral("Temp/FTP")));
   EXPECT_TRUE(QDir(Dossier.path()).exists(QStringLiteral("intrus")));
   EXPECT_EQ(Processus.state(), QProcess::Running);
+  EXPECT_TRUE(NeLaisseAucuneImage(Processus.processId()));
   Processus.terminate();
   ASSERT_TRUE(Processus.waitForFinished(30000));
   EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit);

@@ -7,6 +7,7 @@
 
 #include "support/companion_program.h"
 #include "support/file_bytes.h"
+#include "support/memory_image.h"
 
 namespace vaktor::essai {
 namespace {
@@ -29,6 +30,7 @@ struct Programmes : ProgrammeCompagnon {
 TEST_F(Programmes, TheSoundCompanionRegistersAndEndsWhenItIsTold) {
   Lance(VAKTOR_SOUND);
   ASSERT_TRUE(AttendInscription());
+  EXPECT_TRUE(NeLaisseAucuneImage(Programme.processId()));
   EXPECT_TRUE(Dossier.Repond(Etat.HandleSon));
   Envois.EnvoiSon(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
