@@ -20,6 +20,7 @@
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
+#include "fakes/fake_sound_player.h"
 #include "fakes/fake_space_query.h"
 #include "fakes/fake_write_trial.h"
 #include "fakes/journal.h"
@@ -166,13 +167,17 @@ class MesureurFixe : public MesureurDossier {
 class BoitesNotees : public BoitesMessage {
  public:
   explicit BoitesNotees(Journal& journal) : J_(journal) {}
-  ReponseBoite MontreMessage(const QString& texte, const QString& titre, BoutonsBoite) override {
+  ReponseBoite MontreMessage(const QString& texte, const QString& titre, BoutonsBoite boutons) override {
     J_.Note([&] { return QStringLiteral("box: ") + titre; });
     Textes.append(texte);
+    Titres.append(titre);
+    Boutons = boutons;
     if (PendantMessage) PendantMessage();
-    return ReponseBoite::kOk;
+    return Reponse;
   }
-  QStringList Textes;
+  QStringList Textes, Titres;
+  BoutonsBoite Boutons{};  ///< of the last box
+  ReponseBoite Reponse = ReponseBoite::kOk;
   std::function<void()> PendantMessage;  ///< what happens before somebody answers
 
  private:
@@ -194,12 +199,13 @@ class DisqueNote : public Fichiers {
     Existants.append(chemin);
     return true;
   }
-  std::optional<qint64> EspaceLibre(const QString&) const override { return std::nullopt; }
+  std::optional<qint64> EspaceLibre(const QString&) const override { return Libre; }
   bool Supprime(const QString&) override { return false; }
   int EcritFichier(const QString&, QByteArrayView) override { return 0; }
   int EcritNouveauFichier(const QString&, QByteArrayView) override { return 0; }
   QStringList Existants;
-  QStringList Muets;  ///< their disk does not answer
+  QStringList Muets;            ///< their disk does not answer
+  std::optional<qint64> Libre;  ///< bytes; nothing: the question fails
 
  private:
   Journal& J_;
@@ -208,24 +214,35 @@ class DisqueNote : public Fichiers {
 class EcrivainNote : public EcrivainJpeg {
  public:
   explicit EcrivainNote(Journal& journal) : J_(journal) {}
-  void EnregistreJPEG(const QImage&, const QString& fichier, quint8) override {
+  void EnregistreJPEG(const QImage&, const QString& fichier, quint8 qualite) override {
     J_.Note([&] { return QStringLiteral("jpeg: ") + fichier; });
+    Qualites[fichier] = qualite;
     if (Erreur != 0) throw EchecJpeg(EcrivainJpegFichier::StatutEcriture(Erreur), Erreur);
   }
   void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
     EnregistreJPEG(image, fichier, qualite);
   }
   int Erreur = 0;  ///< errno of each writing
+  QMap<QString, int> Qualites;
 
  private:
   Journal& J_;
 };
 
-class OuvreurMuet : public Ouvreur {
+class OuvreurNote : public Ouvreur {
  public:
-  void OuvreAdresse(const QString& adresse) override { Adresses.append(adresse); }
-  void OuvreDossier(const QString&) override {}
+  explicit OuvreurNote(Journal& journal) : J_(journal) {}
+  void OuvreAdresse(const QString& adresse) override {
+    J_.Note([&] { return QStringLiteral("open: ") + adresse; });
+    Adresses.append(adresse);
+  }
+  void OuvreDossier(const QString& dossier) override {
+    J_.Note([&] { return QStringLiteral("open folder: ") + dossier; });
+  }
   QStringList Adresses;  ///< what was asked for
+
+ private:
+  Journal& J_;
 };
 
 class HorlogeNotee : public faux::HorlogeVirtuelle {
@@ -308,12 +325,16 @@ struct SystemeFaux {
         .PrepareDossiers =
             [this] {
               Notes.Note([] { return QStringLiteral("folders: prepare"); });
-              return QString();
+              return DossierManquant;
             },
         .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
         .DossierMagasin = QStringLiteral("/home/u/config"),
         .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque); },
-        .CreePilote = [this](const std::function<Langue()>&) { return std::move(Pilote); },
+        .CreePilote =
+            [this](const std::function<Langue()>& langue) {
+              LangueDuPilote = langue;
+              return std::move(Pilote);
+            },
         .Temps = Horloge,
         .Disque = Disque,
         .Pompe = Pompe,
@@ -339,6 +360,13 @@ struct SystemeFaux {
         .Etats = Etats,
         .Bureau = Bureau,
         .Courriels = Courriels,
+        .Site = {QStringLiteral("https://www.example.org"), QStringLiteral("/opt/v/site"), QStringLiteral("1.4.9")},
+        .CreeFormSound =
+            [this](Parametres& reglages, SauvegardeParametres& sauvegarde) {
+              Notes.Note([] { return QStringLiteral("sound form: make"); });
+              return std::make_unique<FormSound>(ChoixSon(reglages, sauvegarde, SonsDeLaForme, ChoixFichier));
+            },
+        .SuitLangue = [this](std::function<Langue()> langue) { LangueDesBoites = std::move(langue); },
         .ParleOutils = [this](Langue langue) { LanguesOutils += langue; }};
   }
   /// A companion writes a word into its inbox.
@@ -354,10 +382,12 @@ struct SystemeFaux {
 
   Journal Notes;
   QMap<QString, QString> Valeurs;
-  QString Images;               ///< of an installed program
-  QList<Langue> LanguesOutils;  ///< what the toolkit was told to speak, one after the other
-  bool MagasinPlein = false;    ///< the settings cannot be saved
-  bool CanalBloque = false;     ///< closing an inbox throws
+  QString Images;                                           ///< of an installed program
+  QList<Langue> LanguesOutils;                              ///< what the toolkit was told to speak, one after the other
+  QString DossierManquant;                                  ///< a folder of the start cannot be made
+  bool MagasinPlein = false;                                ///< the settings cannot be saved
+  std::function<Langue()> LangueDuPilote, LangueDesBoites;  ///< as the program handed them out
+  bool CanalBloque = false;                                 ///< closing an inbox throws
   std::map<qint32, std::function<void(const QString&)>> Boites;
   HorlogeNotee Horloge{Notes};
   faux::TempsVirtuel Temps{Horloge};
@@ -380,13 +410,19 @@ struct SystemeFaux {
   BoitesLues BoitesPubliees{Valeurs};
   MesureurFixe Mesureur;
   faux::MachineFausse Machine{Notes, Horloge};
-  OuvreurMuet Navigateur;
+  OuvreurNote Navigateur{Notes};
   faux::LecteurComptesFaux Comptes;
   faux::EssaiFaux EssaiMail;
   faux::EssaiFaux EssaiFtp;
   faux::LecteurEtatsFaux Etats;
   faux::NotifieurFaux Bureau;
   faux::DepotFaux Courriels;
+  // The form of the alarm sound is the real one, over a player that keeps what it was to play.
+  DossiersProgramme DossiersDesSons{.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")};
+  FauxFichiers DisqueDesSons;
+  faux::LecteurFaux LecteurSon;
+  faux::DialogueFaux ChoixFichier;
+  vaktor::Sons SonsDeLaForme{DossiersDesSons, DisqueDesSons, LecteurSon};
   std::unique_ptr<faux::PiloteFaux> Pilote = std::make_unique<faux::PiloteFaux>(Notes);
 };
 
