@@ -1,48 +1,14 @@
 // What becomes of an alarm in the whole program when its photos cannot be written.
-#include "app/program_fixture.h"
+#include "app/alarm_fixture.h"
 
 #include <cerrno>
 
 namespace vaktor::essai {
 namespace {
 
-class PhotosDuProgramme : public ProgrammeSurFaux {
+class PhotosDuProgramme : public AlarmeSurFaux {
  protected:
-  /// Armed, with photos, mail and sound on, and somebody who moves in each frame.
-  void ArmeEtBouge(const QString& arguments = QStringLiteral("/alarm"), bool photos = true) {
-    Systeme.Valeurs.insert(QMap<QString, QString>{{"general/retard", "1"},
-                                                  {"general/seuilauto", "0"},
-                                                  {"general/seuil", "1000"},
-                                                  {"general/langue", "1"},
-                                                  {"PHOTO/actif", photos ? "1" : "0"},
-                                                  {"MAIL/actif", "1"},
-                                                  {"SON/actif", "1"},
-                                                  {"PHOTO/nombrephoto", "100000"}});
-    QImage claire(287, 241, QImage::Format_RGB32);
-    claire.fill(Qt::blue);
-    const QImage sombre = Systeme.Pilote->Image;
-    Systeme.Pilote->Suivante = [this, claire, sombre] { return (Paire_ = !Paire_) ? claire : sombre; };
-    Demarre(arguments);
-    Systeme.Temps.Avance(2000);
-    Systeme.Recoit(1002, QStringLiteral("HWND:72"));
-    Systeme.Recoit(1003, QStringLiteral("HWND:73"));
-    Systeme.Temps.Avance(10'000);
-    Systeme.Notes.Vide();
-  }
-  struct Actes {
-    qsizetype Photos, Mails, Sons;
-  };
   static SigneSante* Signe() { return Trouve<SigneSante>("SigneSante"); }
-  /// What the program does in so long.
-  Actes Pendant(int millisecondes) {
-    Systeme.Temps.Avance(millisecondes);
-    const QStringList vus = Systeme.DepuisVide();
-    return {vus.filter(QStringLiteral("jpeg: ")).size(), vus.count(QStringLiteral("channel: post 66 to 72")),
-            vus.count(QStringLiteral("channel: post 66 to 73"))};
-  }
-
- private:
-  bool Paire_ = false;
 };
 
 TEST_F(PhotosDuProgramme, AFullDiskSilencesTheAlarmForASecondAndNoLonger) {
@@ -69,13 +35,10 @@ TEST_F(PhotosDuProgramme, AFullDiskSilencesTheAlarmForASecondAndNoLonger) {
 class PageDuProgramme : public PhotosDuProgramme {
  protected:
   void ArmeAvecPage() {
-    for (const char* cle : {"ftp", "user", "pass", "html"})
-      Systeme.Valeurs.insert(QStringLiteral("FTP/") + QLatin1String(cle), QStringLiteral("098100102"));
+    DonneSite();
     Systeme.Valeurs.insert("FTP/refresh", "0.5");
     ArmeEtBouge(QStringLiteral("/alarm /surve"), false);
-    Systeme.Recoit(1001, QStringLiteral("HWND:71"));
-    Systeme.Recoit(1001, QStringLiteral("ConOK"));
-    Systeme.Notes.Vide();
+    OuvreLaPage();
   }
 };
 

@@ -1,13 +1,8 @@
 // What stands in the store stands in the window after a start, each value in its own control.
 #include <gtest/gtest.h>
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QMap>
-#include <QPlainTextEdit>
-
 #include "app/program_fixture.h"
+#include "app/seen_controls.h"
 
 namespace vaktor::essai {
 namespace {
@@ -41,24 +36,6 @@ constexpr ReglageMontre kMontres[] = {{"general/retard", "25", "Text1", "25"},
                                       {"FTP/qualitephoto", "1", "CombQualit", "1"},
                                       {"FTP/couleur", "5", "CombCouleur", "5"},
                                       {"FTP/rapportnombrephoto", "9", "TextNbrPhotoFTP", "9"}};
-
-using ControlesVus = QMap<QString, QString>;
-
-/// The controls into which a user puts something, with what they show.
-ControlesVus RegardeControles(const QWidget& fenetre) {
-  ControlesVus vus;
-  for (const QLineEdit* champ : fenetre.findChildren<QLineEdit*>()) vus[champ->objectName()] = champ->text();
-  for (const QPlainTextEdit* champ : fenetre.findChildren<QPlainTextEdit*>()) {
-    vus[champ->objectName()] = champ->toPlainText();
-  }
-  for (const QComboBox* liste : fenetre.findChildren<QComboBox*>()) {
-    vus[liste->objectName()] = QString::number(liste->currentIndex());
-  }
-  for (const QCheckBox* boite : fenetre.findChildren<QCheckBox*>()) {
-    vus[boite->objectName()] = boite->isChecked() ? QStringLiteral("on") : QStringLiteral("off");
-  }
-  return vus;
-}
 
 class ReglagesDansLaFenetre : public ProgrammeSurFaux {
  protected:
