@@ -8,8 +8,6 @@ namespace vaktor {
 
 namespace {
 
-// Numbers of the status texts.
-
 constexpr qsizetype kLongueurHeure = 8;
 
 }  // namespace

@@ -8,7 +8,8 @@ namespace vaktor {
 class Ouvreur {
  public:
   virtual ~Ouvreur() = default;
-  /// The address is passed on as it stands. The result is of no interest: what the system shows is all there is.
+  /// The address as it was typed; one without a scheme is a web address ("http"). The result is of no interest: what
+  /// the system shows is all there is.
   virtual void OuvreAdresse(const QString& adresse) = 0;
   /// A folder in the stored form of a path.
   virtual void OuvreDossier(const QString& chemin) = 0;

@@ -27,8 +27,8 @@ QString TrouveDossierEtat(const QString& dossierPrive = QString());
 
 /// Makes `Donnees`, "Temp" and "Temp/FTP" below it where they are missing, so that the first photo and the first live
 /// image find their place. The empty text when all are there, else the folder that could not be made.
-/// (The default photo folder itself is made by the load of the settings, and only when it is needed. Images is made here:
-/// a user who never had a picture has no folder of pictures.)
+/// (The default photo folder itself is made by the load of the settings, and only when it is needed. Images is made
+/// here: a user who never had a picture has no folder of pictures.)
 QString PrepareDossiers(const DossiersProgramme& dossiers);
 
 }  // namespace vaktor

@@ -1,12 +1,12 @@
 #include "platform/base/system_clock.h"
 
-#include <QLocale>
-
 namespace vaktor {
 
-QString HorlogeSysteme::DonneHeureTexte() const {
-  const QLocale langue = QLocale::system();
-  return langue.toString(DonneHeure(), RetireFuseau(langue.timeFormat(QLocale::LongFormat)));
+QString HorlogeSysteme::DonneHeureTexte() const { return TexteHeure(DonneHeure(), QLocale::system()); }
+
+QString HorlogeSysteme::TexteHeure(const QTime& heure, const QLocale& langue) {
+  const QString format = RetireFuseau(langue.timeFormat(QLocale::LongFormat));
+  return langue.toString(heure, format.contains(u':') ? format : QStringLiteral("HH:mm:ss"));
 }
 
 QString HorlogeSysteme::RetireFuseau(const QString& format) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QElapsedTimer>
+#include <QLocale>
 
 #include "engine/ports/clock.h"
 
@@ -24,6 +25,10 @@ class HorlogeSysteme : public Horloge {
   /// A long time format of a locale (the letters of QLocale::timeFormat) without the name of the time zone, which Qt
   /// counts as part of it and a clock beside a picture does not show.
   static QString RetireFuseau(const QString& format);
+  /// The time in the long format of a locale, without its zone. The stamp of the live image is cut out of it by its
+  /// colons: a locale that puts something else between its numbers ("09.05.03" in Finland, "9 h 05" in Canada) gives
+  /// "HH:mm:ss".
+  static QString TexteHeure(const QTime& heure, const QLocale& langue);
 
  private:
   QElapsedTimer Depart_;

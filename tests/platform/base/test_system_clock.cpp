@@ -50,6 +50,16 @@ TEST(SystemClock, TheLongFormatLosesItsZone) {
   EXPECT_EQ(sans("HH 'heures et' mm 'minutes' ss 's' t"), QStringLiteral("HH 'heures et' mm 'minutes' ss 's'"));
 }
 
+TEST(SystemClock, NineInTheMorningHasColonsInEveryLocale) {
+  const QTime neuf(9, 5, 3);
+  EXPECT_EQ(HorlogeSysteme::TexteHeure(neuf, QLocale(QStringLiteral("fr_FR"))), QStringLiteral("09:05:03"));
+  EXPECT_EQ(HorlogeSysteme::TexteHeure(neuf, QLocale(QStringLiteral("en_US"))), QStringLiteral("9:05:03 AM"));
+  EXPECT_EQ(HorlogeSysteme::TexteHeure(neuf, QLocale(QStringLiteral("es_ES"))), QStringLiteral("9:05:03"));
+  for (const char* sans : {"fr_CA", "fi_FI"}) {
+    EXPECT_EQ(HorlogeSysteme::TexteHeure(neuf, QLocale(QLatin1String(sans))), QStringLiteral("09:05:03")) << sans;
+  }
+}
+
 TEST(SystemClock, TheTimeAsTextIsReadBackInTheSystemsFormat) {
   const QString texte = HorlogeSysteme().DonneHeureTexte();
   const QLocale langue = QLocale::system();
