@@ -158,6 +158,7 @@ def main():
                     self.close()
 
         Handler.dtp_handler = SafeData
+        Handler.tls_data_required = True
         Handler.certfile = options.tls
         Handler.ssl_context = Handler.get_ssl_context()
         Handler.ssl_context.set_session_id(b"vaktor")

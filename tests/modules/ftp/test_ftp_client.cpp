@@ -77,6 +77,18 @@ TEST_F(Client, AServerThatStumblesBehindTheRightPasswordIsNotAWrongPassword) {
   EXPECT_TRUE(resultat.Mots.startsWith("500 OOPS")) << resultat.Mots.toStdString();
 }
 
+// It would be asked by HTTP, with the password in the clear in the question.
+TEST_F(Client, AProxyOfTheSurroundingsIsNotAsked) {
+  QTcpServer proxy;
+  ASSERT_TRUE(proxy.listen(QHostAddress::LocalHost));
+  const QByteArray adresse = "http://127.0.0.1:" + QByteArray::number(proxy.serverPort());
+  for (const char* nom : {"ftp_proxy", "all_proxy"}) qputenv(nom, adresse);
+  const ResultatFtp resultat = Connecte();
+  for (const char* nom : {"ftp_proxy", "all_proxy"}) qunsetenv(nom);
+  EXPECT_EQ(resultat.Issue, IssueFtp::kReussi);
+  EXPECT_FALSE(proxy.waitForNewConnection(0));
+}
+
 TEST_F(Client, AMissingFolderIsTold) {
   Acces.Dossier = "/pas/la";
   const ResultatFtp resultat = Connecte();

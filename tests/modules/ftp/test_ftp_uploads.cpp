@@ -196,6 +196,27 @@ TEST_F(Ftp, PhotosArePublishedOldestFirstAndThenRemoved) {
   EXPECT_EQ(PhotosLocales(), QStringList("notes.txt"));
 }
 
+TEST_F(Ftp, ALookForPhotosUnderAnUploadTakesNoOtherForTheOneThatWentUp) {
+  PosePhoto("a.jpg", 20);
+  PosePhoto("b.jpg", 10);
+  Connecte();
+  ASSERT_EQ(Ouvrier->Travail.Nom, "a.jpg");
+  QFile::remove(Temporaire.filePath("Temp/FTP/a.jpg"));  // by the user, or to make room
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kReussi);
+  EXPECT_EQ(PhotosLocales(), QStringList("b.jpg"));
+  EXPECT_EQ(Ouvrier->Travail.Nom, "b.jpg");
+}
+
+TEST_F(Ftp, PhotosThatAreDeletedForWantOfRoomAreTold) {
+  QFile grande(Temporaire.filePath("Temp/FTP/grande.jpg"));
+  ASSERT_TRUE(grande.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(grande.resize(201LL * 1000 * 1000));  // takes no room itself
+  Temps.Avance(ModuleFtp::kRegardLent);
+  EXPECT_TRUE(PhotosLocales().isEmpty());
+  EXPECT_EQ(EtatLu()["subject"].toString(), "ftp-space");
+}
+
 TEST_F(Ftp, PhotosAndLiveImagesTakeTurns) {
   for (int i = 0; i < 4; ++i) PosePhoto(QStringLiteral("%1.jpg").arg(i), 10 - i);
   Connecte();
@@ -264,6 +285,34 @@ TEST_F(Ftp, ThePageFollowsThePhotosOnceTheUserHasAskedForOne) {
   const QByteArray page = Ouvrier->Travail.Contenu;
   EXPECT_LT(page.indexOf("b.jpg"), page.indexOf("a.jpg")) << "the newest first";
   EXPECT_EQ(Finit(IssueFtp::kReussi), "") << "nobody asked, nobody is told";
+}
+
+TEST_F(Ftp, APageThatIsLostOrRefusedWhileItFollowsThePhotosIsMadeLater) {
+  Connecte();
+  Dit("UploM");
+  Finit(IssueFtp::kReussi);
+  Temps.Avance(ModuleFtp::kRythmePage);
+  PosePhoto("a.jpg");
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kReussi);
+  ASSERT_TRUE(EnPage());
+  EXPECT_EQ(Finit(IssueFtp::kPasDeConnexion), "Netdc");
+  Temps.Avance(ModuleFtp::kReprises.front());
+  Finit(IssueFtp::kReussi);
+  ASSERT_TRUE(EnPage()) << "lost with the connection";
+  Finit(IssueFtp::kRefus);
+  EXPECT_FALSE(Ouvrier->EnCours()) << "not again at once";
+  Temps.Avance(ModuleFtp::kRythmePage);
+  EXPECT_TRUE(EnPage()) << "refused for a moment";
+}
+
+TEST_F(Ftp, ThePageLeavesThePictureItsPlace) {
+  Reglages.Largeur = "800";
+  Reglages.Hauteur = "600";
+  Module->PrendReglages(Reglages);
+  Connecte();
+  Dit("UploM");
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("src=\"live.jpg\" width=\"800\" height=\"600\""));
 }
 
 TEST_F(Ftp, ThePageFollowsTheIntervalByWhichItTellsAnOldImage) {
@@ -337,6 +386,17 @@ TEST_F(Ftp, WhatIsOnThePageIsRememberedOverARestartButNotForAnotherServer) {
   Dit("UploM");
   EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("a.jpg"));
   Reglages.Valeurs.AdresseFtp = "ailleurs.exemple.fr";
+  Module->PrendReglages(Reglages);
+  Connecte();
+  Dit("UploM");
+  EXPECT_FALSE(Ouvrier->Travail.Contenu.contains("a.jpg"));
+}
+
+TEST_F(Ftp, WhatIsOnThePageIsNotRememberedForAnotherFolder) {
+  PosePhoto("a.jpg");
+  Connecte();
+  Finit(IssueFtp::kReussi);
+  Reglages.Valeurs.RepertoireFtp = "ailleurs";
   Module->PrendReglages(Reglages);
   Connecte();
   Dit("UploM");

@@ -62,6 +62,12 @@ TEST_F(Boite, BelongsToItsOwnerAlone) {
   EXPECT_EQ(QFile::permissions(Dossier + "/a.mail") & 0x77, 0);
 }
 
+TEST_F(Boite, AFolderThatOthersMayEnterIsClosed) {
+  ASSERT_TRUE(QFile::setPermissions(Dossier, QFileDevice::Permissions(0x7755)));
+  const BoiteEnvoi boite(Dossier);
+  EXPECT_EQ(QFile::permissions(Dossier) & 0x77, 0);
+}
+
 TEST_F(Boite, ADraftIsNotSentBeforeItIsDoneButAfterAKillItIs) {
   ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "un"), 0);
   EXPECT_EQ(Noms(), "");
@@ -128,9 +134,10 @@ TEST_F(Boite, LeftoversOfAKillGo) {
 TEST_F(Boite, DamagedFilesAreSetAside) {
   for (const char* nom : {"a.mail", "b.mail", "c.mail"}) ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, "{\"to\":3}\n"));
   ASSERT_TRUE(EcritOctets(Dossier + "/d.mail", QByteArray(200'000, '\xff')));
+  ASSERT_TRUE(EcritOctets(Dossier + "/dd.mail", "{\"from\":\"x\",\"to\":[\"y\"]}\n")) << "no time";
   Depose("e");
   EXPECT_EQ(Noms(), "e");
-  EXPECT_EQ(Fichiers(), "a.bad|b.bad|c.bad|d.bad|e.mail");
+  EXPECT_EQ(Fichiers(), "a.bad|b.bad|c.bad|d.bad|dd.bad|e.mail");
 }
 
 TEST_F(Boite, AFullDiskIsToldAndNothingHalfWrittenStays) {
@@ -168,6 +175,17 @@ TEST_F(Boite, OldAndTooManyAreGivenUp) {
     f.write("{\"made\":1700000000000,\"from\":\"x\",\"to\":[\"y\"]}\n");
   }
   EXPECT_EQ(B.Elague(Maintenant, {}).join(u'|'), "b") << "the disk is not filled, tried or not";
+}
+
+TEST_F(Boite, WhatWasRefusedOrDamagedGoesAfterAWeekAndNotes) {
+  Depose("a");
+  B.Reporte(B.Liste().first(), Maintenant);
+  for (const char* nom : {"/b.refused", "/c.bad"}) ASSERT_TRUE(EcritOctets(Dossier + nom, "x"));
+  const qint64 deux = QDateTime::currentMSecsSinceEpoch() + BoiteEnvoi::kAgeMaxMs;
+  B.Elague(deux - kHeure, {});
+  EXPECT_EQ(Fichiers(), "a.mail|a.try|b.refused|c.bad");
+  B.Elague(deux + kHeure, {"a"});
+  EXPECT_EQ(Fichiers(), "");
 }
 
 TEST_F(Boite, NamesSortInTheOrderOfTheMailsAlsoWhenTheClockIsSetBack) {
@@ -341,6 +359,28 @@ TEST_F(Poste, AMailThatIsPutOffLetsTheOthersPass) {
   EXPECT_EQ(Tentatives, 2) << "the wait outlasts a restart";
   Travaille(2000);
   EXPECT_EQ(Tentatives, 3);
+}
+
+TEST_F(Poste, EachAttemptOfOneMailIsCountedAndLeavesNothingBehind) {
+  ResultatEnvoi reponse{.Cause = CauseEchec::kDestinataireRefuse, .Code = 450};
+  Serveur = [&](const QString&) { return reponse; };
+  Depose("a");
+  QList<qint64> essais;
+  for (const qint64 debut = Maintenant; Maintenant - debut < 200'000; Maintenant += 1000) {
+    const int avant = Tentatives;
+    F->Tour();
+    if (Tentatives > avant) essais << (Maintenant - debut) / 1000;
+  }
+  EXPECT_EQ(essais, QList<qint64>({0, 10, 40, 100})) << "10, 30, 60 seconds";
+  F->Recommence();
+  EXPECT_EQ(Fichiers(), "a.mail") << "other settings begin anew";
+  F->Tour();
+  EXPECT_EQ(Tentatives, essais.size() + 1) << "at once";
+  Maintenant += 10'000;
+  reponse = {.Accepte = true};
+  F->Tour();
+  EXPECT_EQ(Recus.join(u'|'), "a");
+  EXPECT_EQ(Fichiers(), "");
 }
 
 TEST_F(Poste, ARefusalForGoodWaitsForOtherSettings) {
