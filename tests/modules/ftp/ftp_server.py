@@ -17,6 +17,7 @@ Prints the port, then takes one command a line on its standard input and answers
   nodelete   no deleting
   lossy      half of each file is lost, and nobody is told
   quoting    a refused login quotes the password
+  slowquit   the answer to a farewell takes half a second
   oops       something is wrong behind the right password (500)
   resume     a data connection that does not resume the TLS session of the control connection is refused (522), as
              vsftpd and proftpd do unless they are told otherwise
@@ -27,6 +28,7 @@ import logging
 import os
 import sys
 import threading
+import time
 
 from OpenSSL import SSL
 from pyftpdlib.authorizers import AuthenticationFailed, DummyAuthorizer
@@ -104,6 +106,11 @@ class ControlMixin:
         if mode("busy"):
             self.respond("421 Too many connections.")
             self.close_when_done()
+
+    def ftp_QUIT(self, line):
+        if mode("slowquit"):
+            time.sleep(0.5)
+        super().ftp_QUIT(line)
 
     def respond(self, resp, logfun=logging.debug):
         # Room is found to be missing at the end, when the last block is to be written.

@@ -1,10 +1,15 @@
 // The conversation with real servers on loopback: each way to fail, and that no visitor gets half a picture.
 #include <gtest/gtest.h>
 #include <netdb.h>
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <unistd.h>
 
+#include <QElapsedTimer>
 #include <QTcpServer>
 #include <QThread>
 #include <atomic>
+#include <csignal>
 #include <thread>
 
 #include "base/jpeg_end.h"
@@ -30,9 +35,26 @@ struct Client : testing::Test {
   }
   ResultatFtp Fait(TravailFtp travail) {
     travail.Acces = Acces;
-    return Ftp->Execute(
+    QElapsedTimer depuis;
+    depuis.start();
+    bool trop = false;
+    const ResultatFtp resultat = Ftp->Execute(
         travail, [this](EtapeFtp etape) { Etapes << (etape == EtapeFtp::kServeurTrouve ? "SerTR" : "Paswo"); },
-        [] { return false; });
+        [&] { return trop = trop || depuis.hasExpired(25'000); });
+    EXPECT_FALSE(trop) << "it would not have ended by itself";
+    return resultat;
+  }
+  /// The connections of this process to the server that stand, by their descriptors.
+  QList<int> Prises() const {
+    QList<int> prises;
+    for (int prise = 3; prise < 1024; ++prise) {
+      sockaddr_storage bout{};
+      socklen_t taille = sizeof bout;
+      if (::getpeername(prise, reinterpret_cast<sockaddr*>(&bout), &taille) != 0) continue;
+      if (bout.ss_family == AF_INET && ntohs(reinterpret_cast<sockaddr_in*>(&bout)->sin_port) == Acces.Port)
+        prises << prise;
+    }
+    return prises;
   }
   ResultatFtp Connecte() {
     Etapes.clear();
@@ -119,8 +141,91 @@ TEST_F(Client, LoopbackNeedsNoLookUp) {
 
 TEST_F(Client, APortWhereNobodyAnswersIsAFailedConnection) {
   Serveur.Arrete();
-  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
+  const ResultatFtp resultat = Connecte();
+  EXPECT_EQ(resultat.Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_TRUE(resultat.Mots.contains(QString::number(Acces.Port))) << resultat.Mots.toStdString();
   EXPECT_TRUE(Etapes.isEmpty());
+}
+
+// A port whose queue of connections is full: the system answers nothing at all.
+TEST_F(Client, AServerThatDoesNotTakeTheConnectionIsGivenUp) {
+  const int prise = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
+  sockaddr_in adresse{};
+  adresse.sin_family = AF_INET;
+  adresse.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+  socklen_t taille = sizeof adresse;
+  ASSERT_EQ(::bind(prise, reinterpret_cast<sockaddr*>(&adresse), sizeof adresse), 0);
+  ASSERT_EQ(::listen(prise, 0), 0);
+  ASSERT_EQ(::getsockname(prise, reinterpret_cast<sockaddr*>(&adresse), &taille), 0);
+  QList<int> autres;
+  for (int i = 0; i < 4; ++i) {
+    autres << ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    ::connect(autres.last(), reinterpret_cast<sockaddr*>(&adresse), sizeof adresse);
+  }
+  Acces.Port = ntohs(adresse.sin_port);
+  Options.DelaiConnexion = 1;
+  Ftp = std::make_unique<ClientFtp>(Options);
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
+  for (const int autre : autres) ::close(autre);
+  ::close(prise);
+}
+
+TEST_F(Client, ConnectingAgainIsANewConnectionAndNotOneMore) {
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi);
+    EXPECT_EQ(Etapes, QStringList({"SerTR", "Paswo"})) << i;
+    EXPECT_EQ(Prises().size(), 1) << i;
+  }
+}
+
+TEST_F(Client, TheSystemLooksAfterAConnectionThatSaysNothing) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  ASSERT_EQ(Prises().size(), 1);
+  int veille = 0;
+  socklen_t taille = sizeof veille;
+  ASSERT_EQ(::getsockopt(Prises().first(), SOL_SOCKET, SO_KEEPALIVE, &veille, &taille), 0);
+  EXPECT_EQ(veille, 1);
+}
+
+// Many a host lets its guests into the folder and not into those above it.
+TEST_F(Client, AFolderIsEnteredInOneStep) {
+  QDir(Serveur.Dossier()).mkpath("a/b/c");
+  Acces.Dossier = "/a/b/c";
+  int pas = 0;
+  Options.Suivi = [&pas](const QByteArray& verbe, const QByteArray&) { pas += verbe == "CWD" ? 1 : 0; };
+  Ftp = std::make_unique<ClientFtp>(Options);
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  EXPECT_EQ(pas, 1);
+}
+
+bool EstIgnore() {
+  struct sigaction action {};
+  ::sigaction(SIGPIPE, nullptr, &action);
+  return action.sa_handler == SIG_IGN;
+}
+
+// The disposition of a signal belongs to the whole program: another thread may be starting something at that moment.
+TEST_F(Client, TheSignalsOfTheProgramAreLeftAlone) {
+  const auto avant = std::signal(SIGPIPE, SIG_DFL);
+  bool ignore = false;
+  Options.Suivi = [&ignore](const QByteArray&, const QByteArray&) { ignore |= EstIgnore(); };
+  Ftp = std::make_unique<ClientFtp>(Options);
+  EXPECT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kReussi);
+  EXPECT_FALSE(ignore);
+  Serveur.Dit("slowquit");
+  std::atomic_bool fini = false;
+  std::atomic_bool adieu = false;
+  std::thread guetteur([&] {
+    while (!fini) {
+      if (EstIgnore()) adieu = true;
+      QThread::msleep(5);
+    }
+  });
+  Ftp->Ferme();
+  fini = true;
+  guetteur.join();
+  std::signal(SIGPIPE, avant);
+  EXPECT_FALSE(adieu) << "nor by the farewell";
 }
 
 TEST_F(Client, AServerThatIsNoFtpServerIsAFailedConnection) {
