@@ -206,13 +206,13 @@ bool EstIgnore() {
 
 // The disposition of a signal belongs to the whole program: another thread may be starting something at that moment.
 TEST_F(Client, TheSignalsOfTheProgramAreLeftAlone) {
+  Serveur.Dit("slowquit");  // first: the toolkit's way to its processes ignores the signal for good
   const auto avant = std::signal(SIGPIPE, SIG_DFL);
   bool ignore = false;
   Options.Suivi = [&ignore](const QByteArray&, const QByteArray&) { ignore |= EstIgnore(); };
   Ftp = std::make_unique<ClientFtp>(Options);
   EXPECT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kReussi);
   EXPECT_FALSE(ignore);
-  Serveur.Dit("slowquit");
   std::atomic_bool fini = false;
   std::atomic_bool adieu = false;
   std::thread guetteur([&] {

@@ -4,7 +4,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <QProcess>
 #include <atomic>
 #include <cerrno>
 #include <csignal>
@@ -16,6 +15,7 @@
 #include "platform/store/private_file.h"
 #include "support/event_wait.h"
 #include "support/file_bytes.h"
+#include "support/inherited_files.h"
 #include "support/volatile_disk_bench.h"
 
 namespace vaktor::essai {
@@ -117,10 +117,7 @@ TEST_F(Brouillon, AProgramThatIsStartedMeanwhileDoesNotInheritIt) {
   std::thread ecrit([this] { Boite.PoseBrouillon(Nomme("a"), QByteArray(4'000'000, 'x')); });
   char octet = 0;
   EXPECT_TRUE(AttendQue([&] { return ::read(lecture, &octet, 1) == 1; })) << "it is open";
-  QProcess programme;
-  programme.start("/bin/ls", {"-l", "/proc/self/fd"});
-  programme.waitForFinished();
-  const QByteArray ouverts = programme.readAllStandardOutput();
+  const QByteArray ouverts = LitHerites();
   ::close(lecture);  // now the writing fails, and ends
   ecrit.join();
   EXPECT_TRUE(ouverts.contains("->")) << ouverts.constData();

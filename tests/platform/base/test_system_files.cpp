@@ -1,3 +1,4 @@
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
@@ -7,8 +8,11 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <cerrno>
+#include <csignal>
+#include <thread>
 
 #include "platform/base/system_files.h"
+#include "support/inherited_files.h"
 #include "support/small_disk.h"
 
 namespace vaktor {
@@ -40,6 +44,23 @@ TEST_F(SystemFiles, BothSeparatorsOfAStoredPathAreTheSystems) {
   EXPECT_TRUE(Disque.EspaceLibre(Chemin(QStringLiteral("\\"))).has_value());
   EXPECT_TRUE(Disque.Supprime(Chemin(QStringLiteral("\\intrus\\a  b.jpg"))));
   EXPECT_FALSE(QFile::exists(Chemin(QStringLiteral("/intrus/a  b.jpg"))));
+}
+
+// A pipe in the place of the file holds the writing up for as long as the test likes.
+TEST_F(SystemFiles, AProgramThatIsStartedWhileAFileIsWrittenDoesNotInheritIt) {
+  std::signal(SIGPIPE, SIG_IGN);
+  const QByteArray nom = QFile::encodeName(Chemin(QStringLiteral("/tuyau.jpg")));
+  ASSERT_EQ(::mkfifo(nom.constData(), 0600), 0);
+  const int lecture = ::open(nom.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  ASSERT_GE(lecture, 0);
+  std::thread ecrit([&nom] { RemplaceFichier(nom, QByteArray(4 * kMega, 'x')); });
+  char octet = 0;
+  while (::read(lecture, &octet, 1) != 1) ::usleep(1000);
+  const QByteArray ouverts = essai::LitHerites();
+  ::close(lecture);  // now the writing fails, and ends
+  ecrit.join();
+  EXPECT_TRUE(ouverts.contains("->")) << ouverts.constData();
+  EXPECT_FALSE(ouverts.contains("tuyau.jpg")) << ouverts.constData();
 }
 
 TEST_F(SystemFiles, NamesBeyondAsciiReachTheSystem) {

@@ -14,6 +14,7 @@
 #include "fakes/fake_files.h"
 #include "fakes/fake_health_report.h"
 #include "platform/store/file_store.h"
+#include "platform/store/private_file.h"
 #include "settings/persistent_settings.h"
 
 namespace vaktor {
@@ -44,6 +45,20 @@ QByteArray Demande(QProcess& compagnon, const QByteArray& cle) {
   while (!compagnon.canReadLine() && compagnon.waitForReadyRead(20'000)) {
   }
   return compagnon.readLine().trimmed();
+}
+
+TEST(MagasinPartage, AProgramThatIsStartedDuringASaveDoesNotKeepTheFolderToItself) {
+  const QTemporaryDir dossier;
+  QProcess compagnon;
+  {
+    const VerrouDossier verrou(dossier.path());
+    ASSERT_TRUE(verrou.Tenu());
+    compagnon.start("/bin/sleep", {"1000"});
+    ASSERT_TRUE(compagnon.waitForStarted());
+  }
+  EXPECT_NO_THROW(VerrouDossier(dossier.path()));
+  compagnon.kill();
+  compagnon.waitForFinished();
 }
 
 TEST(MagasinPartage, ShowsEachSaveToARunningCompanionWhenItIsTold) {

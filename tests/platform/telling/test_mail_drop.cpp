@@ -1,6 +1,8 @@
 // The folder of the mails about the watch itself, on a real disk.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -12,6 +14,7 @@
 
 #include "platform/image/turbo_jpeg_encoder.h"
 #include "platform/telling/mail_drop.h"
+#include "support/volatile_disk_bench.h"
 
 namespace vaktor {
 namespace {
@@ -148,6 +151,33 @@ TEST_F(Depot, AnAnswerAfterTheDepotHasGoneIsNotGiven) {
   EXPECT_TRUE(QTest::qWaitFor([this] { return Entiers().size() == 1; }, 20000)) << "it is written all the same";
   QTest::qWait(100);
   EXPECT_FALSE(repondu);
+}
+
+class DepotSurDisqueVolatil : public SurDisqueVolatil {};
+
+TEST_F(DepotSurDisqueVolatil, AMailThatWasToldAsWrittenIsThereAfterAPowerCut) {
+  const QString dossier = Chemin("/veille");
+  EncodeurTurboJpeg encodeur;
+  DepotCourrielsFichiers depot(dossier, encodeur);
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  // The folder itself lies there since long.
+  const int parent = ::open(QFile::encodeName(Chemin()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  ASSERT_EQ(::fsync(parent), 0);
+  ::close(parent);
+  CourrielVeille courriel;
+  courriel.Mot = QStringLiteral("signal-lost");
+  courriel.Sujet = Phrase{"sujet", "subject"};
+  courriel.Texte = Phrase{"texte", "text"};
+  std::optional<bool> ecrit;
+  depot.Depose(courriel, QImage(), [&ecrit](bool oui) { ecrit = oui; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return ecrit.has_value(); }, 20000));
+  ASSERT_EQ(ecrit, true);
+  ASSERT_TRUE(Disque->CoupeCourant());
+  const QStringList noms = QDir(dossier).entryList({QStringLiteral("*.json")}, QDir::Files);
+  ASSERT_EQ(noms.size(), 1);
+  QFile fichier(dossier + u'/' + noms.first());
+  ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(QJsonDocument::fromJson(fichier.readAll()).isObject());
 }
 
 }  // namespace

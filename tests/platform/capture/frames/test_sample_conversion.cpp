@@ -6,11 +6,12 @@
 #include <random>
 
 #include "platform/capture/frames/sample_conversion.h"
+#include "support/guarded_memory.h"
 
 namespace vaktor {
 namespace {
 
-/// Planes in memory of exactly their size, so that the address sanitizer sees each byte read beside them.
+/// Planes in memory of exactly their size, whose end is guarded: no byte behind them is read.
 class Planaire {
  public:
   Planaire(GstVideoFormat format, QSize taille, GstVideoColorMatrix matrice, bool pleine) {
@@ -22,16 +23,17 @@ class Planaire {
       const int largeur = i == 0 ? taille.width() : (taille.width() + enLargeur - 1) / enLargeur;
       const int hauteur = i == 0 ? taille.height() : (taille.height() + enHauteur - 1) / enHauteur;
       const auto nombre = static_cast<std::size_t>(largeur) * static_cast<std::size_t>(hauteur);
-      Octets_.at(i) = std::make_unique<quint8[]>(nombre);
-      for (std::size_t j = 0; j < nombre; ++j) Octets_.at(i)[j] = static_cast<quint8>(hasard());
-      Plans.Plans.at(i) = {Octets_.at(i).get(), largeur};
+      Octets_.at(i) = std::make_unique<essai::MemoireGardee>(nombre);
+      quint8* octets = Octets_.at(i)->Octets();
+      for (std::size_t j = 0; j < nombre; ++j) octets[j] = static_cast<quint8>(hasard());
+      Plans.Plans.at(i) = {octets, largeur};
     }
   }
 
   PlansImage Plans;
 
  private:
-  std::array<std::unique_ptr<quint8[]>, 3> Octets_;
+  std::array<std::unique_ptr<essai::MemoireGardee>, 3> Octets_;
 };
 
 void Compare(const PlansImage& plans, PhaseEchantillons phase) {
