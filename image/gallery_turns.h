@@ -11,8 +11,7 @@ enum class Occupation {
   kAucune,
   kLecture,     ///< a folder is being read, or the first photo of one that was opened
   kDisqueMuet,  ///< the same, and its disk keeps everybody waiting
-  kQuestion,    ///< the user is asked whether to delete
-  kEffacement   ///< photos are being deleted, or the list behind a deletion is being read
+  kEffacement   ///< the user is asked, photos are being deleted, or the list behind a deletion is being read
 };
 
 /// What is asked of it and needs its list or its disk. Selecting an entry, the limit, closing the window and the end of
@@ -39,13 +38,13 @@ enum class Tour {
 /// is none, because it would be about a list that is no longer true.
 constexpr Tour DonneTour(Occupation occupation, Geste geste) {
   using enum Tour;
-  constexpr std::array<std::array<Tour, 5>, 5> kTours{{
-      // kAucune, kLecture, kDisqueMuet, kQuestion, kEffacement
-      {kTout, kApres, kRemplace, kApres, kApres},    // kOuvre
-      {kTout, kApres, kRemplace, kApres, kApres},    // kChangeDossier
-      {kTout, kApres, kRemplace, kApres, kApres},    // kRafraichit
-      {kTout, kApres, kRemplace, kJamais, kJamais},  // kEfface
-      {kTout, kTout, kTout, kApres, kApres},         // kMontre
+  constexpr std::array<std::array<Tour, 4>, 5> kTours{{
+      // kAucune, kLecture, kDisqueMuet, kEffacement
+      {kTout, kApres, kRemplace, kApres},   // kOuvre
+      {kTout, kApres, kRemplace, kApres},   // kChangeDossier
+      {kTout, kApres, kRemplace, kApres},   // kRafraichit
+      {kTout, kApres, kRemplace, kJamais},  // kEfface
+      {kTout, kTout, kTout, kApres},        // kMontre
   }};
   return kTours.at(static_cast<std::size_t>(geste)).at(static_cast<std::size_t>(occupation));
 }

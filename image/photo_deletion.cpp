@@ -17,13 +17,12 @@ void GaleriePhotos::SupprimeTout() {
   if (!EstDeposee(Genre::kEffacementToutes)) Depose(Geste::kEfface, {.Quoi = Genre::kEffacementToutes});
 }
 
-// Folder and names as they are when the question comes up: what comes into the folder from here on stays, and whatever
-// folder is chosen meanwhile, none of its photos is meant.
+// Names as they are when the question comes up: what comes into the folder from here on stays. A folder that is chosen
+// meanwhile waits its turn, and none of its photos is meant.
 void GaleriePhotos::DemandeEffacement() {
   const bool toutes = EnCours_->Quoi == Genre::kEffacementToutes;
   const quint64 numero = EnCours_->Numero;
   const QStringList voulues = toutes ? Entrees_ : QStringList(Entrees_.mid(Index_, Index_ < 0 ? 0 : 1));
-  const QString dossier = Chemin_;
   const bool accord = (toutes || !voulues.isEmpty()) && DemandeAccord(voulues);
   // Events have run under the question, the end of the window or of the program among them.
   if (!EstEnCours(numero)) return;
@@ -33,7 +32,7 @@ void GaleriePhotos::DemandeEffacement() {
   }
   EnCours_->Voulues = voulues;
   EnCours_->Chemins.reserve(voulues.size());
-  for (const QString& entree : voulues) EnCours_->Chemins += CheminDe(dossier, entree);
+  for (const QString& entree : voulues) EnCours_->Chemins += CheminDe(Chemin_, entree);
   if (toutes) {
     EnCours_->Fin = [this] { TermineEffacement(); };
     Affichage_->OuvreProgression(static_cast<int>(voulues.size()) - 1);  // -1 for an empty folder: it opens and goes
@@ -47,11 +46,8 @@ bool GaleriePhotos::DemandeAccord(const QStringList& voulues) {
   const QString question =
       toutes ? textes.Dit(Message::kEffaceTout)
              : textes.Dit(Message::kEffacePhoto) + QStringLiteral("\r\n\"") + voulues.first() + QStringLiteral("\" ?");
-  EnQuestion_ = true;
-  const ReponseBoite reponse = Ports_.Boites.MontreMessage(
-      question, toutes ? textes.Dit(Message::kTitreEffaceTout) : QString(), BoutonsBoite::kOuiNon);
-  EnQuestion_ = false;
-  return reponse == ReponseBoite::kOui;
+  const QString titre = toutes ? textes.Dit(Message::kTitreEffaceTout) : QString();
+  return Ports_.Boites.MontreMessage(question, titre, BoutonsBoite::kOuiNon) == ReponseBoite::kOui;
 }
 
 // Slice by slice, from the event loop: the window and detection go on between them.
@@ -85,7 +81,6 @@ void GaleriePhotos::RecoitTranche(const TrancheEffacee& tranche) {
 
 // What was not tried is named at once: the list, which would tell, lies on the disk that keeps everybody waiting.
 void GaleriePhotos::ArreteEffacement(EtatEffacement etat) {
-  Ports_.Effaceur.Oublie();
   const QStringList restees = EnCours_->Voulues.mid(EnCours_->Essayees);
   EnCours_->Voulues.resize(EnCours_->Essayees);
   if (const auto fin = std::exchange(EnCours_->Fin, nullptr)) fin();

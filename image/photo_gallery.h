@@ -200,7 +200,6 @@ class GaleriePhotos {
   quint64 Numero_ = 0;              // of the last request
   std::optional<Demande> EnCours_;  // has its turn
   bool Tarde_ = false;              // its disk does not answer: what comes next does not wait for it
-  bool EnQuestion_ = false;         // the user is asked about it
   std::deque<Demande> Attente_;
   QStringList Tentees_;     // deleted, and no list has come since that would show which of them stayed
   QString DossierTentees_;  // theirs

@@ -16,7 +16,6 @@ void GaleriePhotos::Delie() {
 
 Occupation GaleriePhotos::DonneOccupation() const {
   if (!EnCours_) return Occupation::kAucune;
-  if (EnQuestion_) return Occupation::kQuestion;
   if (EstEffacement(EnCours_->Quoi)) return Occupation::kEffacement;
   if (Tarde_) return Occupation::kDisqueMuet;
   // Behind a deletion that was broken off the list is read like any other: its disk may let everybody wait.
@@ -45,7 +44,6 @@ void GaleriePhotos::LanceSuivante() {
     EnCours_ = std::move(Attente_.front());
     Attente_.pop_front();
     Tarde_ = false;
-    EnQuestion_ = false;
     const quint64 numero = EnCours_->Numero;
     try {
       EstEffacement(EnCours_->Quoi) ? DemandeEffacement() : LitDossier();
@@ -57,13 +55,15 @@ void GaleriePhotos::LanceSuivante() {
   LancePhoto();
 }
 
-// By its number, because a step may have ended in the middle of what it was waiting for.
+// By its number, because a step may have ended in the middle of what it was waiting for. A list that could not be read
+// shows of no photo whether it has gone: the next one does.
 void GaleriePhotos::Cloture(quint64 numero, bool reussie) {
   if (!EstEnCours(numero)) return;
+  if (!reussie) GardeVoulues();
   const Demande faite = std::move(*EnCours_);
   EnCours_.reset();
   if (faite.Fin) faite.Fin();
-  if (reussie && !EstEffacement(faite.Quoi)) AnnonceRestees(faite.Voulues);
+  if (!EstEffacement(faite.Quoi)) AnnonceRestees(faite.Voulues);
   LanceSuivante();
 }
 

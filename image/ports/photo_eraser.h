@@ -25,8 +25,8 @@ class EffaceurPhotos {
 
   virtual ~EffaceurPhotos() = default;
   /// Deletes the files of `chemins` (stored form) from `debut` on, which is one of them: a slice as EffaceTranche makes
-  /// it. Calls `recoit` once, from the event loop, later. After kSansReponse the photo in hand may still go when the
-  /// disk wakes, and none behind it. One slice at a time.
+  /// it. Calls `recoit` once, from the event loop, later; the slice is over then. After kSansReponse the photo in hand
+  /// may still go when the disk wakes, and none behind it. One slice at a time.
   virtual void Efface(const QStringList& chemins, qsizetype debut, Recoit recoit) = 0;
   /// Forgets the slice that is under way: it ends before its next photo and tells nobody.
   virtual void Oublie() = 0;

@@ -1,4 +1,6 @@
 // The gallery's rules: opening with its fallback, the list, the closing.
+#include <tuple>
+
 #include "image/gallery_rules_fixture.h"
 
 namespace vaktor {
@@ -181,6 +183,72 @@ TEST_F(ReglesListe, PhotoWithWrongBytesInsideIsShownAndSaidToBeDamagedInBothLang
   Reglages.LangueCourante = 0;
   Galerie.RedisAvis();
   EXPECT_EQ(Vue.Mention, QString::fromUtf8("Photo endommagée : une partie de l'image est fausse."));
+}
+
+// A name with more behind its ending is a photo that was renamed or half fetched.
+TEST_F(ReglesListe, ListsWhatHasThePhotosEndingInItsNameAndNothingElse) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg.old"), QStringLiteral("c.JPG"), QStringLiteral("d.jpe"),
+                QStringLiteral("notes.txt")});
+  Galerie.OuvreGalerie();
+  EXPECT_EQ(Vue.Liste, QStringList({QStringLiteral("a.jpg"), QStringLiteral("b.jpg.old"), QStringLiteral("c.JPG")}));
+}
+
+TEST_F(ReglesListe, DragShowsAnEntryOnceAndRemembersNoClick) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Lecteur.Lues.clear();
+  Galerie.GlisseGauche();
+  EXPECT_TRUE(Lecteur.Lues.isEmpty()) << "the first entry counts as shown when a run begins";
+  Galerie.ChoisitIndex(1);
+  Galerie.GlisseGauche();
+  Galerie.GlisseGauche();
+  EXPECT_EQ(Lecteur.Lues, QStringList{QStringLiteral("/p\\b.jpg")});
+  EXPECT_EQ(Galerie.DernierIndexAffiche(), 1);
+  Choisit(0);
+  EXPECT_EQ(Galerie.DernierIndexAffiche(), 1);
+  Lecteur.Lues.clear();
+  Galerie.GlisseGauche();
+  EXPECT_EQ(Lecteur.Lues, QStringList{QStringLiteral("/p\\a.jpg")});
+  Galerie.ChoisitIndex(-1);
+  Galerie.GlisseGauche();
+  EXPECT_EQ(Lecteur.Lues.size(), 1) << "and without an entry nothing";
+}
+
+TEST_F(ReglesListe, RightButtonShowsTheSelectedPhotoAndHasItsMenuOnlyThen) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Lecteur.Lues.clear();
+  Galerie.ChoisitIndex(1);
+  EXPECT_TRUE(Galerie.AppuieBoutonDroit());
+  EXPECT_EQ(Lecteur.Lues, QStringList{QStringLiteral("/p\\b.jpg")});
+  Galerie.ChoisitIndex(-1);
+  EXPECT_FALSE(Galerie.AppuieBoutonDroit());
+  Galerie.Clique();
+  EXPECT_EQ(Lecteur.Lues.size(), 1);
+}
+
+TEST_F(ReglesListe, FolderIsOpenedWithItsSeparator) {
+  Galerie.OuvreRepertoire();
+  EXPECT_EQ(Bureau.Ouverts, QStringList{QStringLiteral("/p\\")});
+}
+
+TEST_F(ReglesListe, LimitTakesTheDigitsOfItsFieldAndMarksTheSettings) {
+  for (const auto& [texte, attendu, valeur] :
+       {std::tuple{"12a3", "123", 123}, std::tuple{"", "0", 0}, std::tuple{"x", "0", 0}, std::tuple{"0", "0", 0},
+        std::tuple{"99999999999", "2147483647", 2147483647}}) {
+    Reglages.ParametresModifies = false;
+    EXPECT_EQ(Galerie.ChangeLimite(QString::fromLatin1(texte)), QString::fromLatin1(attendu));
+    EXPECT_EQ(Reglages.NombrePhotoMax, valeur);
+    EXPECT_TRUE(Reglages.ParametresModifies);
+  }
+}
+
+TEST_F(ReglesListe, ClosingSavesAlwaysAndTheWindowGoesForGoodOnlyWithTheProgram) {
+  EXPECT_FALSE(Galerie.DemandeFermeture());
+  EXPECT_TRUE(Sauvegarde.ModifiesALaSauvegarde) << "whether or not anything was changed";
+  Etat.EnFermeture = true;
+  EXPECT_TRUE(Galerie.DemandeFermeture());
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 2);
 }
 
 TEST_F(ReglesListe, SaveThatFailsAtTheClosingIsAFailureOfTheClosing) {

@@ -181,6 +181,74 @@ TEST_F(ReglesSuppression, DeletionAskedForWhileTheListIsReadAsksAboutTheTrueList
   EXPECT_EQ(Boites.Textes.size(), 1) << "of the one that waited nothing is left, and a second deletion is none";
 }
 
+TEST_F(ReglesSuppression, SecondClickOnOneIsTheSameQuestion) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Galerie.OuvreGalerie();
+  Boites.Reponse = ReponseBoite::kNon;
+  Noms.Retient = true;
+  Galerie.Rafraichit();
+  Galerie.SupprimePhoto();
+  Galerie.SupprimePhoto();
+  Noms.Livre();
+  EXPECT_EQ(Boites.Textes.size(), 1);
+}
+
+TEST_F(ReglesSuppression, PhotoThatIsReadWhileAllAreDeletedIsNotShownAnyMore) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Lecteur.Retient = true;
+  Choisit(1);
+  Galerie.SupprimeTout();
+  EXPECT_FALSE(Lecteur.Attend());
+  Lecteur.Livre();
+  EXPECT_TRUE(Vue.Photo.isNull());
+  EXPECT_EQ(Vue.Avis, QStringLiteral("No picture in this folder."));
+}
+
+TEST_F(ReglesSuppression, DeletionOfOneMovesNoBar) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Vue.Appels.clear();
+  Galerie.SupprimePhoto();
+  EXPECT_EQ(Disque.Supprimes.size(), 1);
+  EXPECT_TRUE(Vue.Appels.filter(QStringLiteral("pas ")).isEmpty());
+  EXPECT_TRUE(Vue.Appels.filter(QStringLiteral("progression")).isEmpty());
+}
+
+TEST_F(ReglesSuppression, PhotoThatResistedTwiceBeforeAListCameIsNamedOnce) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Disque.Tenaces = {QStringLiteral("a.jpg")};
+  Galerie.OuvreGalerie();
+  Galerie.ChoisitIndex(0);
+  Noms.Retient = true;
+  Galerie.SupprimePhoto();
+  Noms.Tarde();
+  Noms.Etat = EtatNoms::kSansMoyens;
+  EXPECT_THROW(Noms.Livre(), Echec) << "and the list is as it was";
+  Galerie.SupprimePhoto();
+  Noms.Etat = EtatNoms::kLus;
+  EXPECT_EQ(Boites.Textes.size(), 2) << "the two questions";
+  Noms.Livre();
+  ASSERT_EQ(Boites.Textes.size(), 3);
+  EXPECT_EQ(Boites.Textes.last(), QStringLiteral("This picture could not be erased:\r\n\"a.jpg\""));
+}
+
+// What could not be read says of no photo that it stayed, nor that it went.
+TEST_F(ReglesSuppression, ListThatCannotBeReadNamesNoPhotosAndTheNextOneDoes) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Disque.Tenaces = {QStringLiteral("b.jpg")};
+  Galerie.OuvreGalerie();
+  Noms.Etat = EtatNoms::kSansMoyens;
+  EXPECT_THROW(Galerie.SupprimeTout(), Echec);
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the question";
+  Noms.Etat = EtatNoms::kLus;
+  Galerie.Rafraichit();
+  ASSERT_EQ(Boites.Textes.size(), 2);
+  EXPECT_EQ(Boites.Textes.last(), QStringLiteral("This picture could not be erased:\r\n\"b.jpg\""));
+  Galerie.Rafraichit();
+  EXPECT_EQ(Boites.Textes.size(), 2) << "once";
+}
+
 TEST_F(ReglesSuppression, DeletionWhoseListDoesNotComeNamesNoPhotos) {
   AjoutePhotos({QStringLiteral("a.jpg")});
   Galerie.OuvreGalerie();
@@ -230,6 +298,23 @@ TEST_F(ReglesSuppression, PhotoThatStayedIsNamedByTheNextListWhereItsOwnIsGivenU
     Noms.Livre();
     EXPECT_EQ(Boites.Textes.size(), 2) << "once";
   }
+}
+
+TEST_F(ReglesSuppression, PhotoThatStayedIsNamedAlsoWhereAnOpeningReadsItsListTwice) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Disque.Tenaces = {QStringLiteral("b.jpg")};
+  Galerie.OuvreGalerie();
+  Noms.Retient = true;
+  Galerie.SupprimeTout();
+  Noms.Tarde();
+  Lecteur.Etats[QStringLiteral("/p\\b.jpg")] = EtatPhoto::kAbsente;
+  Galerie.OuvreGalerie();
+  Noms.Livre();
+  Lecteur.Etats.clear();
+  EXPECT_EQ(Boites.Textes.size(), 1) << "the question";
+  Noms.Livre();
+  ASSERT_EQ(Boites.Textes.size(), 2);
+  EXPECT_TRUE(Boites.Textes.last().contains(QStringLiteral("\"b.jpg\"")));
 }
 
 TEST_F(ReglesSuppression, PhotoThatStayedIsNamedByNoListOfAnotherFolder) {

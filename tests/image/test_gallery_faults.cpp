@@ -162,6 +162,8 @@ TEST_F(FautesGalerie, MessageOfADiskThatDoesNotAnswerComesOnceAlsoWhereItsListDo
   Galerie.SupprimeTout();
   Effaceur.Echoue(EtatEffacement::kSansReponse, 0);
   EXPECT_EQ(Boites.Textes.size(), 2) << "before the list, which lies on the same disk";
+  EXPECT_EQ(Vue.Appels.count(QStringLiteral("fin")), 1) << "and the progress window waits for it no more";
+  EXPECT_FALSE(Vue.Appels.contains(QStringLiteral("pas -1"))) << "nothing was tried";
   Noms.Tarde();
   Noms.Livre();
   EXPECT_EQ(Boites.Textes.size(), 2);
@@ -194,6 +196,16 @@ TEST_F(FautesGalerie, PhotoThatWasTriedBeforeTheDiskWentSilentAndResistedIsNamed
   EXPECT_TRUE(Boites.Textes.filter(QStringLiteral("\"b.jpg\"")).isEmpty());
 }
 
+TEST_F(FautesGalerie, ProgramThatEndsUnderOneMessageShowsNoSecondOne) {
+  Ouvre();
+  Disque.Tenaces = {QStringLiteral("a.jpg")};
+  Effaceur.Retient = true;
+  Galerie.SupprimeTout();
+  Boites.Pendant = [this] { Etat.EnFermeture = true; };
+  Effaceur.Echoue(EtatEffacement::kSansReponse, 2);
+  EXPECT_EQ(Boites.Textes.size(), 2) << "the question, and one of the two that there were";
+}
+
 TEST_F(FautesGalerie, WantOfMemoryDuringADeletionEndsItAndNamesTheRestInBothLanguages) {
   Ouvre();
   Reglages.LangueCourante = 0;
@@ -217,6 +229,11 @@ TEST_F(FautesGalerie, DeletionThatThrowsEndsWithItsProgressWindow) {
   EXPECT_THROW(Galerie.SupprimeTout(), std::bad_alloc) << "in its middle";
   EXPECT_EQ(Disque.Supprimes.size(), 1);
   EXPECT_EQ(Vue.Appels.last(), QStringLiteral("vide")) << "closed";
+  Galerie.Rafraichit();
+  Effaceur.Retient = true;
+  Galerie.SupprimeTout();
+  Effaceur.Jette = std::make_exception_ptr(std::bad_alloc());
+  EXPECT_THROW(Effaceur.Livre(), std::bad_alloc) << "and when it comes from the event loop";
   ExigeUtilisable();
 }
 

@@ -1,4 +1,6 @@
 // The gallery's rules while a photo is read, which takes as long as the disk wants.
+#include <new>
+
 #include "image/gallery_rules_fixture.h"
 
 namespace vaktor {
@@ -104,6 +106,40 @@ TEST_F(PhotosLues, FolderThatIsLeftTakesTheReadingOfItsPhotosWithIt) {
   Galerie.RepointeSur(QStringLiteral("/q"), {});
   EXPECT_FALSE(Lecteur.Attend());
   EXPECT_EQ(Montree(), kRouge) << "an empty folder keeps the picture that was shown";
+}
+
+TEST_F(PhotosLues, ListThatIsAskedForAgainTakesNoPhotoFromWhoWaitsForIt) {
+  Ouvre();
+  Noms.Retient = true;
+  Galerie.Rafraichit();
+  Noms.Tarde();
+  Choisit(1);
+  Galerie.Rafraichit();  // in place of the one that is late
+  ASSERT_TRUE(Lecteur.Attend());
+  Lecteur.Livre();
+  EXPECT_EQ(Montree(), kVert);
+}
+
+TEST_F(PhotosLues, PhotoAskedForBehindADeletionIsReadWhenTheListBehindItIsLate) {
+  Ouvre();
+  Lecteur.Retient = false;
+  Effaceur.Retient = Noms.Retient = true;
+  Galerie.SupprimePhoto();
+  Choisit(1);
+  Effaceur.Livre();
+  ASSERT_TRUE(Noms.Attend());
+  EXPECT_EQ(Montree(), kRouge) << "its turn comes behind the list";
+  Noms.Tarde();
+  EXPECT_EQ(Montree(), kVert) << "but not behind a disk that does not answer";
+}
+
+TEST_F(PhotosLues, OneThatCannotEvenBeAskedForKeepsNoOtherWaiting) {
+  Ouvre();
+  Lecteur.Retient = false;
+  Lecteur.Jette = std::make_exception_ptr(std::bad_alloc());
+  EXPECT_THROW(Choisit(1), std::bad_alloc);
+  Choisit(2);
+  EXPECT_EQ(Montree(), kBleu);
 }
 
 TEST_F(PhotosLues, OpeningWaitsForItsFirstPhotoAndASecondClickIsTheSameOpening) {

@@ -240,6 +240,64 @@ TEST_F(ReglesLecture, RefreshWhileTheDiskDoesNotAnswerAsksItAgain) {
   EXPECT_EQ(Vue.Avis, QString());
 }
 
+TEST_F(ReglesLecture, OpeningAskedForAgainWhileTheDiskDoesNotAnswerAsksItAgain) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Noms.Retient = true;
+  Galerie.OuvreGalerie();
+  Noms.Tarde();
+  Vue.Appels.clear();
+  Galerie.OuvreGalerie();
+  EXPECT_EQ(Noms.Lus.size(), 2);
+  Noms.Livre();
+  EXPECT_EQ(Vue.Appels.count(QStringLiteral("montre")), 1);
+  EXPECT_EQ(Vue.Liste.size(), 1);
+}
+
+// Only the disk that was late is given up for what is asked for; the next one, or the same that has woken, is waited
+// for.
+TEST_F(ReglesLecture, DiskThatWasLateMakesNoneOfThatWhichFollows) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Galerie.OuvreGalerie();
+  Noms.Lus.clear();
+  Noms.Retient = Lecteur.Retient = true;
+  Galerie.OuvreGalerie();
+  Galerie.Rafraichit();
+  Noms.Tarde();
+  ASSERT_EQ(Noms.Lus.size(), 2) << "the refresh has its turn";
+  Galerie.OuvreGalerie();
+  EXPECT_EQ(Noms.Lus.size(), 2) << "and keeps it";
+  Noms.Livre();
+  Noms.Livre();
+  Lecteur.Livre();
+  ASSERT_EQ(Noms.Lus.size(), 3);
+  Galerie.OuvreGalerie();
+  Noms.Tarde();
+  Noms.Livre();
+  ASSERT_TRUE(Lecteur.Attend()) << "the first photo, of a disk that has woken";
+  Galerie.Rafraichit();
+  EXPECT_EQ(Noms.Lus.size(), 4) << "the opening keeps its turn until that one is there";
+  Lecteur.Livre();
+  EXPECT_EQ(Noms.Lus.size(), 5);
+}
+
+TEST_F(ReglesLecture, WindowClosedDuringTheFallbackStaysClosedAndWhatWaitsGoesOn) {
+  AjoutePhotos({QStringLiteral("z.jpg")}, QStringLiteral("/d/intrus"));
+  Galerie.OuvreGalerie();
+  Vue.Appels.clear();
+  Noms.Lus.clear();
+  Reglages.RepertoirePhoto = QStringLiteral("/usb");
+  Noms.Retient = true;
+  Galerie.OuvreGalerie();
+  Noms.Livre();
+  ASSERT_EQ(Noms.Lus.last(), QStringLiteral("/d\\intrus"));
+  Galerie.Rafraichit();
+  Galerie.DemandeFermeture();
+  EXPECT_EQ(Noms.Lus.size(), 3) << "the refresh has its turn";
+  Noms.Livre();
+  EXPECT_FALSE(Noms.Attend());
+  EXPECT_FALSE(Vue.Appels.contains(QStringLiteral("montre")));
+}
+
 TEST_F(ReglesLecture, PhotosOfTheFolderBeforeAreNoneOfADiskThatDoesNotAnswer) {
   AjoutePhotos({QStringLiteral("a.jpg")});
   Galerie.OuvreGalerie();
