@@ -25,6 +25,11 @@ TEST(Arithmetic, FitsUpToTheLastValue) {
   EXPECT_EQ(SoustraitVerifie(kMin, 0), kMin);
 }
 
+TEST(Arithmetic, TakesTheSecondFromTheFirst) {
+  EXPECT_EQ(AjouteVerifie(40, 2), 42);
+  EXPECT_EQ(SoustraitVerifie(40, 2), 38);
+}
+
 TEST(Arithmetic, FailsOneStepBeyond) {
   EXPECT_EQ(NumeroDe([] { AjouteVerifie(kMax, 1); }), kDepassement);
   EXPECT_EQ(NumeroDe([] { SoustraitVerifie(kMin, 1); }), kDepassement);
@@ -43,6 +48,8 @@ TEST(Rounding, HalvesGoToTheEvenNeighbour) {
 
 TEST(Rounding, FailsOutsideThirtyTwoBits) {
   EXPECT_EQ(ArrondiPair(2147483647.4), kMax);
+  EXPECT_EQ(ArrondiPair(-2147483648.4), kMin);
+  EXPECT_EQ(NumeroDe([] { ArrondiPair(-2147483649.0); }), kDepassement);
   EXPECT_EQ(NumeroDe([] { ArrondiPair(2147483648.0); }), kDepassement);
   EXPECT_EQ(NumeroDe([] { ArrondiPair(std::numeric_limits<double>::quiet_NaN()); }), kDepassement);
 }
@@ -61,6 +68,26 @@ TEST(DigitsToInteger, ClampsAtTheLargestValue) {
   EXPECT_EQ(ChiffresEnEntierBorne(QStringLiteral("2147483647")), kMax);
   EXPECT_EQ(ChiffresEnEntierBorne(QStringLiteral("2147483648")), kMax);
   EXPECT_EQ(ChiffresEnEntierBorne(QString(100000, u'9')), kMax);
+}
+
+TEST(NumberFields, KeepDecimalDigitsAndNothingElse) {
+  EXPECT_EQ(GardeChiffres(QStringLiteral("a0 1-2.5,9\u0663\uff17z")), QStringLiteral("01259"));
+  EXPECT_EQ(GardeChiffres(QStringLiteral("none")), QString());
+}
+
+TEST(NumberFields, WhatDoesNotFitBecomesTheLargestNumberAndTheRestStaysAsItIs) {
+  EXPECT_EQ(BorneChiffres(QStringLiteral("2147483648")), QStringLiteral("2147483647"));
+  EXPECT_EQ(BorneChiffres(QStringLiteral("2147483646")), QStringLiteral("2147483646"));
+  EXPECT_EQ(BorneChiffres(QStringLiteral("007")), QStringLiteral("007"));
+  EXPECT_EQ(NettoieNombre(QStringLiteral("99999999999 s"), QStringLiteral("10"), 1), QStringLiteral("2147483647"));
+}
+
+TEST(NumberFields, EmptyTakesItsStartValueAndLessThanTheLeastIsOne) {
+  EXPECT_EQ(NettoieNombre(QStringLiteral("x"), QStringLiteral("10"), 1), QStringLiteral("10"));
+  EXPECT_EQ(NettoieNombre(QString(), QStringLiteral("0"), 0), QStringLiteral("0"));
+  EXPECT_EQ(NettoieNombre(QStringLiteral("0"), QStringLiteral("10"), 1), QStringLiteral("1"));
+  EXPECT_EQ(NettoieNombre(QStringLiteral("0"), QStringLiteral("10"), 0), QStringLiteral("0"));
+  EXPECT_EQ(NettoieNombre(QStringLiteral("01"), QStringLiteral("10"), 1), QStringLiteral("01")) << "as it was typed";
 }
 
 }  // namespace
