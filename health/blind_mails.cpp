@@ -65,9 +65,7 @@ CourrielVeille ComposeFin(const ConditionEnCours& condition, const QDateTime& ju
 
 void CourrielsAveugle::Commence(const ConditionEnCours& condition) {
   if (DonneGravite(condition.Quoi) != Gravite::kAveugle) return;
-  Suivi& suivi = Suivis_[condition.Quoi];
-  suivi.EnCours = condition;
-  suivi.DebutDit = false;
+  Suivis_[condition.Quoi].EnCours = condition;
 }
 
 void CourrielsAveugle::Finit(const ConditionEnCours& condition, const QDateTime& jusqua) {

@@ -11,7 +11,7 @@ void AvisBureau::Commence(const ConditionEnCours& condition) {
   // Back so soon that for the user it never ended. A notice that stands for good, a machine that may sleep for one,
   // must not keep a camera that is lost every night from being told every night.
   const bool neuve = condition.DepuisMs - Finies_.value(condition.Quoi, condition.DepuisMs) >= kRetourMs;
-  if (evenement || neuve || !Dites_.contains(condition.Quoi)) ADire_.append(condition);
+  if (neuve || !Dites_.contains(condition.Quoi)) ADire_.append(condition);
   if (evenement) return;
   EnCours_.insert(condition.Quoi);
   Calme_.reset();

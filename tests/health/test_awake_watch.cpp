@@ -88,6 +88,18 @@ TEST_F(Eveil, RefusedIsAConditionWithTheirWordsWhileTheCameraRuns) {
   EXPECT_FALSE(Refus());
 }
 
+TEST_F(Eveil, RefusedOnceSaysNothingOfTheNextRunOfTheCamera) {
+  Machine.Repond = ReponseEveil::kRefusee;
+  MetCamera(true);
+  MetCamera(false);
+  Machine.Lente = true;
+  MetCamera(true);
+  EXPECT_FALSE(Refus()) << "nobody has answered yet";
+  Machine.DonneReponse();
+  Temps.Avance(1000);
+  EXPECT_TRUE(Refus());
+}
+
 TEST_F(Eveil, RefusedIsAskedForAgainEachMinuteUntilItIsGranted) {
   Machine.Repond = ReponseEveil::kRefusee;
   MetCamera(true);

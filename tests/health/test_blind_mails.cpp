@@ -178,6 +178,25 @@ TEST_F(Courriels, NoMoreThanOnePairAnHourAndTheNextOneWhenTheHourIsOver) {
   EXPECT_EQ(Prend(), "+signal-lost") << "it is still blind when the hour is over";
 }
 
+// Behind the hour of the mail, and with nothing wrong any more, nobody else keeps the ticks going.
+TEST_F(Courriels, AnEndThatIsRefusedLateIsTriedAgainAllTheSame) {
+  for (const bool repondTard : {false, true}) {
+    Veille.Signale(Condition::kSignalPerdu);
+    Temps.Avance(61'000);
+    Depot.Repond(true);
+    Temps.Avance(2 * CourrielsAveugle::kPauseMs);
+    Veille.Leve(Condition::kSignalPerdu);
+    Temps.Avance(1000);
+    EXPECT_EQ(Prend(), "+signal-lost -signal-lost") << repondTard;
+    if (repondTard) Temps.Avance(5000);
+    Depot.Repond(false);
+    Temps.Avance(40'000);
+    EXPECT_EQ(Prend(), "-signal-lost") << repondTard;
+    Depot.Repond(true);
+    Temps.Avance(10'000);
+  }
+}
+
 TEST_F(Courriels, TheHourIsCountedAlsoWhileAllIsWell) {
   Veille.Signale(Condition::kSignalPerdu);
   Temps.Avance(60'000);

@@ -67,6 +67,20 @@ TEST_F(Bureau, WhatBeginsWithinSecondsIsToldTogetherAndEachAtLeastOnce) {
   EXPECT_TRUE(dits[1].Texte.startsWith(PhraseQuoi(Condition::kSignalPerdu, {}, Langue::kAnglais)));
 }
 
+TEST_F(Bureau, TheWorstGivesTheTitleAlsoWhereItBeganLast) {
+  Veille.Signale(Condition::kCompagnonMail);
+  Temps.Avance(2000);
+  Prend();
+  Veille.Signale(Condition::kPeuDePlace);
+  Temps.Avance(1000);
+  Veille.Signale(Condition::kPhotosImpossibles);
+  Temps.Avance(9000);
+  const auto dits = Prend();
+  ASSERT_EQ(dits.size(), 1);
+  EXPECT_EQ(dits[0].Titre, QStringLiteral("Vaktor does not do everything"));
+  EXPECT_TRUE(dits[0].Texte.startsWith(PhraseQuoi(Condition::kPhotosImpossibles, {}, Langue::kAnglais)));
+}
+
 TEST_F(Bureau, OneThatEndsWhileItWaitsIsToldAllTheSame) {
   Veille.Signale(Condition::kPhotosImpossibles);
   Temps.Avance(1000);
@@ -133,6 +147,39 @@ TEST_F(Bureau, AnEventIsToldAndHasNoEnd) {
   Veille.OublieEvenements();
   Temps.Avance(60000);
   EXPECT_TRUE(Prend().isEmpty());
+}
+
+// A machine that slept twice within seconds, and whose user closes the list each time.
+TEST_F(Bureau, AnEventThatWasSeenWhileItWaitedIsToldAllTheSame) {
+  Veille.Signale(Condition::kInterruption, QStringLiteral("7 min"));
+  Temps.Avance(1000);
+  Veille.OublieEvenements();
+  Prend();
+  Veille.Signale(Condition::kInterruption, QStringLiteral("8 min"));
+  Temps.Avance(1000);
+  Veille.OublieEvenements();
+  EXPECT_TRUE(Prend().isEmpty()) << "it is gathered with what may follow";
+  Temps.Avance(10000);
+  const auto dits = Prend();
+  ASSERT_EQ(dits.size(), 1);
+  EXPECT_TRUE(dits[0].Texte.contains(QStringLiteral("8 min")));
+}
+
+TEST_F(Bureau, TheEndIsToldBehindABeginningThatWaits) {
+  Veille.Signale(Condition::kPhotosImpossibles);
+  Temps.Avance(1000);
+  Veille.Leve(Condition::kPhotosImpossibles);
+  Temps.Avance(1000);
+  Veille.Signale(Condition::kInterruption, QStringLiteral("7 min"));
+  Temps.Avance(4000);  // told five seconds behind the first
+  Veille.OublieEvenements();
+  Veille.Signale(Condition::kInterruption, QStringLiteral("8 min"));  // waits, and in the meantime it is calm
+  Temps.Avance(20000);
+  const auto dits = Prend();
+  ASSERT_EQ(dits.size(), 4);
+  EXPECT_TRUE(dits[1].Texte.contains(QStringLiteral("7 min")));
+  EXPECT_TRUE(dits[2].Texte.contains(QStringLiteral("8 min")));
+  EXPECT_EQ(dits[3].Titre, QStringLiteral("Vaktor: nothing to report any more"));
 }
 
 TEST_F(Bureau, AnEventThatNobodyHasSeenDoesNotHoldBackTheEndOfTheOthers) {

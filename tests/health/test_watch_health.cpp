@@ -41,6 +41,14 @@ TEST_F(Sante, CountsOnlyWhenItHasLastedWithoutAGap) {
   EXPECT_EQ(Veille.Comptees()[0].Depuis.time(), QTime(9, 5, 7)) << "since it was reported, not since it counts";
 }
 
+TEST_F(Sante, CountsFromTheMillisecondOnThatItIsToLast) {
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(DonneDuree(Condition::kSignalPerdu) - 1);
+  EXPECT_EQ(Note.Prend(), "");
+  Temps.Avance(1);
+  EXPECT_EQ(Note.Prend(), "+signal-lost");
+}
+
 TEST_F(Sante, TheEndOfOneThatNeverCountedIsToldToNobody) {
   Veille.Signale(Condition::kSignalPerdu);
   Temps.Avance(3000);
@@ -143,6 +151,8 @@ TEST_F(Sante, AChangedDetailIsToldAsAChange) {
   Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("gone"));
   Temps.Avance(1000);
   EXPECT_EQ(Note.Changements, avant + 1);
+  Temps.Avance(10000);
+  EXPECT_EQ(Note.Changements, avant + 1) << "once";
 }
 
 TEST_F(Sante, TheListHasTheWorstFirstAndThenTheOldest) {
