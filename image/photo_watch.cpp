@@ -26,7 +26,7 @@ void VeillePhotos::PasseUneSeconde() {
   const bool armee = Ports_.AlarmeArmee();
   DitPertes();
   Ports_.Photos.RevoitConditions(armee);
-  EssaieDossiers(armee);
+  EssaieDossiers();
   // With photos off none goes anywhere, and a full disk is no concern of the watch.
   if (!armee || !Ports_.Reglages.PhotoActif || Ports_.Reglages.RepertoirePhoto.isEmpty()) {
     if (Demande_) OublieEspace();
@@ -45,10 +45,10 @@ void VeillePhotos::DitPertes() {
 }
 
 // With nobody who moves no photo finds out that the disk takes files again. The first trial is a minute behind the last
-// photo that failed.
-void VeillePhotos::EssaieDossiers(bool armee) {
+// photo that failed. On a disarmed system none has failed: that was forgotten just before.
+void VeillePhotos::EssaieDossiers() {
   if (SecondesAvantEssai_ > 0) --SecondesAvantEssai_;
-  const QStringList dossiers = armee ? Ports_.Photos.DossiersAEssayer() : QStringList();
+  const QStringList dossiers = Ports_.Photos.DossiersAEssayer();
   if (dossiers.isEmpty() || SecondesAvantEssai_ > 0) return;
   SecondesAvantEssai_ = kPeriodeEssai;
   for (const QString& dossier : dossiers) {

@@ -43,7 +43,7 @@ class VeillePhotos {
  private:
   void PasseUneSeconde();
   void DitPertes();
-  void EssaieDossiers(bool armee);
+  void EssaieDossiers();
   void DemandeEspace();
   void RecoitEspace(const QString& dossier, std::optional<qint64> libres);
   void OublieEspace();

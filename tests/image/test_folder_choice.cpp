@@ -32,6 +32,26 @@ TEST_F(Dossier, LoadStandsOnThePhotoFolderSeenFromTheDeepestPlace) {
   EXPECT_EQ(Choix.Lecteur(), QStringLiteral("/")) << "/home/u is not a folder above /home/ursula";
 }
 
+TEST_F(Dossier, LoadTakesTheDeepestPlaceWhicheverIsListedFirst) {
+  Reglages.RepertoirePhoto = QStringLiteral("/media/u/USB/Nuits");
+  Arbre.Lieux.prepend({QStringLiteral("Media"), QStringLiteral("/media/u")});
+  Choix.Charge();
+  EXPECT_EQ(Choix.Lecteur(), kUsb);
+  Arbre.Lieux.append(Arbre.Lieux.takeFirst());
+  Choix.Charge();
+  EXPECT_EQ(Choix.Lecteur(), kUsb);
+}
+
+TEST_F(Dossier, LoadForgetsWhereItStoodBefore) {
+  Choix.Charge();
+  Choix.ChangeLecteur(kUsb);
+  Retire(kAncien);
+  Retire(QStringLiteral("/home/u/v/intrus"));
+  Choix.Charge();
+  EXPECT_EQ(Choix.Chemin(), QStringLiteral("/home/u"));
+  EXPECT_EQ(Choix.Lecteur(), QStringLiteral("/home/u"));
+}
+
 TEST_F(Dossier, LoadTakesTheStoredFormWithItsBackslash) {
   Reglages.RepertoirePhoto = QStringLiteral("/home/u/v\\intrus");
   Choix.Charge();
@@ -101,6 +121,17 @@ TEST_F(Dossier, ChangeOfDriveMovesTheTreeAsksForTheSpaceAndMarks) {
   EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
 }
 
+// A volume that was mounted over the chosen folder while the form stood there.
+TEST_F(Dossier, ChangeOfDriveMarksAlsoWhereTheTreeStandsThereAlready) {
+  Arbre.Lieux.removeAt(1);
+  Reglages.RepertoirePhoto = kUsb;
+  Choix.Charge();
+  ASSERT_EQ(Choix.Lecteur(), QStringLiteral("/"));
+  Choix.ChangeLecteur(kUsb);
+  EXPECT_EQ(Choix.Lecteur(), kUsb);
+  EXPECT_TRUE(Reglages.ParametresModifies);
+}
+
 TEST_F(Dossier, WarningComesStrictlyBelowTheLimit) {
   Choix.Charge();
   Disque.OctetsLibres = 500'000'000;
@@ -148,6 +179,8 @@ TEST_F(Dossier, SameDriveIsNoChange) {
 
 TEST_F(Dossier, VolumePulledOutMeanwhileIsToldAndLeavesEverything) {
   Choix.Charge();
+  int suivis = 0;
+  Choix.SurChangement([&suivis] { ++suivis; });
   Arbre.Regards.remove(kUsb);
   Choix.ChangeLecteur(kUsb);
   ASSERT_EQ(Boites.Textes.size(), 1);
@@ -155,10 +188,13 @@ TEST_F(Dossier, VolumePulledOutMeanwhileIsToldAndLeavesEverything) {
   EXPECT_EQ(Choix.Lecteur(), QStringLiteral("/home/u"));
   EXPECT_EQ(Choix.Chemin(), kAncien);
   EXPECT_FALSE(Reglages.ParametresModifies);
+  EXPECT_EQ(suivis, 1) << "the list goes back to where the tree still stands";
 }
 
 TEST_F(Dossier, ChangeOfFolderMarksAndNothingElse) {
   Choix.Charge();
+  Choix.ChangeDossier(kAncien);
+  EXPECT_FALSE(Reglages.ParametresModifies) << "that is none";
   Choix.ChangeDossier(QStringLiteral("/home/u/v"));
   EXPECT_TRUE(Reglages.ParametresModifies);
   EXPECT_EQ(Reglages.RepertoirePhoto, kAncien);

@@ -67,6 +67,15 @@ TEST_F(JpegWriter, WritesWhatTheEncoderMadeToThePathAsItStands) {
   EXPECT_EQ(Encodeur.Qualite, 20);
 }
 
+TEST_F(JpegWriter, APhotoReplacesNothingAndALiveImageTheOneBefore) {
+  Ecrivain.EnregistreJPEG(Photo(), kFichier, 50);
+  Ecrivain.EnregistreJPEG(Photo(), kFichier, 50);
+  EXPECT_TRUE(Disque.Nouveaux.isEmpty());
+  Ecrivain.EnregistreNouveauJPEG(Photo(), kFichier, 50);
+  ASSERT_EQ(Disque.Nouveaux.size(), 1);
+  EXPECT_NE(Disque.Nouveaux.first(), kFichier) << "a letter follows in its name";
+}
+
 TEST_F(JpegWriter, HandsOverThePictureWithoutCopyOrChange) {
   const QImage photo = Photo();
   Ecrivain.EnregistreJPEG(photo, kFichier, 50);

@@ -167,6 +167,17 @@ TEST_F(PhotoWatch, TheLimitThatIsRaisedIsNoneAnyMore) {
   EXPECT_FALSE(Limite());
 }
 
+TEST_F(PhotoWatch, TheLimitThatIsReachedAgainIsToldAgain) {
+  Armee = true;
+  for (int i = 0; i < 99; ++i) Photos.EnregistrePhoto();
+  Reglages.NombrePhotoMax = 200;
+  Temps.Avance(1000);
+  ASSERT_FALSE(Limite());
+  Reglages.NombrePhotoMax = 100;
+  Temps.Avance(1000);
+  EXPECT_TRUE(Limite());
+}
+
 TEST_F(PhotoWatch, WithPhotosOffThereIsNoLimit) {
   for (int i = 0; i < 99; ++i) Photos.EnregistrePhoto();
   ASSERT_TRUE(Limite());
@@ -272,6 +283,27 @@ TEST_F(PhotoWatch, CopiesThatFailedAndAreNotWelcomeAnyMoreAreTriedToo) {
   }
   ASSERT_TRUE(Impossibles());
   ASSERT_EQ(Essai.Essayes, QStringList{copies});
+  Essai.Repond(copies, true);
+  EXPECT_FALSE(Impossibles());
+}
+
+TEST_F(PhotoWatch, OfTwoFoldersThatFailedOnlyTheOneThatTakesFilesAgainIsForgotten) {
+  Armee = Live = true;
+  Reglages.LangueCourante = 1;
+  const QString copies = QStringLiteral("/home/anna/donnees/Temp/FTP");
+  Ecrivain.ErreursPar = {{Reglages.RepertoirePhoto, ENOSPC}, {copies, EROFS}};
+  for (int i = 0; i < 3; ++i) {
+    try {
+      Photos.EnregistrePhoto();
+    } catch (const Echec&) {
+    }
+    Temps.Avance(1000);
+  }
+  Temps.Avance(60'000);
+  ASSERT_EQ(Essai.Essayes, QStringList({Reglages.RepertoirePhoto, copies}));
+  Essai.Repond(Reglages.RepertoirePhoto, true);
+  ASSERT_TRUE(Impossibles());
+  EXPECT_EQ(Sante.Details.value(Condition::kPhotosImpossibles), copies + QStringLiteral(": the disk can only be read"));
   Essai.Repond(copies, true);
   EXPECT_FALSE(Impossibles());
 }
