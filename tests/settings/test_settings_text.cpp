@@ -72,6 +72,14 @@ TEST(TexteReglages, ReadBytesThatAreNoUtf8AsWindows1252) {
   EXPECT_EQ(LitTexteReglages("\xEF\xBB\xBF[MAIL]\nsujet=a").Valeurs.value("MAIL/sujet"), QStringLiteral("a"));
 }
 
+TEST(TexteReglages, DropTheMarkInFrontOfAFileWhoseFirstLineIsNoUtf8) {
+  const TexteReglages lu = LitTexteReglages(
+      "\xEF\xBB\xBF[Caf\xE9"
+      "]\nsujet=a\n");
+  EXPECT_EQ(lu.LignesIllisibles, 0);
+  EXPECT_EQ(lu.Valeurs, ValeursReglages({{QString::fromUtf8("Café/sujet"), "a"}}));
+}
+
 TEST(TexteReglages, CountLinesThatMakeNoSenseAndKeepTheOthers) {
   const TexteReglages lu = LitTexteReglages("garbage\n[MAIL]\nsujet=a\n\x01\x02\xFF no\n=x\nactif=1\n");
   EXPECT_EQ(lu.LignesIllisibles, 3);
