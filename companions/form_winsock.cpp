@@ -83,6 +83,8 @@ void FormWinsock::ChangeTxtCmdFTP(const QString& texte) {
   if (Ports_.FtpInscrit && !Ports_.FtpInscrit()) return;
   const LigneMot* ligne = TrouveLigneMot(texte.left(kLongueurMot));
   if (ligne == nullptr || (ligne->SurveillanceSeule && !Ports_.Etat.SurveillanceEnCours)) return;
+  // No click takes the red from the folder: the next word that tells of the link does, or paints it anew.
+  if (ligne->Statut || ligne->Litteral) Ports_.Liaison.NoircitRacine();
   if (Attend(*ligne)) return;
   if (ligne->Statut) Ports_.Liaison.MontreStatut(*ligne->Statut);
   if (ligne->Litteral) Ports_.Liaison.MontreStatutLitteral(*ligne->Litteral);

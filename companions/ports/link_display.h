@@ -16,8 +16,9 @@ class AffichageLiaison {
   virtual ~AffichageLiaison() = default;
   virtual void MontreStatut(Libelle statut) = 0;                ///< LblDebugftp
   virtual void MontreStatutLitteral(const Phrase& statut) = 0;  ///< LblDebugftp: one that no table holds
-  virtual void RougitChamp(
-      ChampLiaison champ) = 0;       ///< text colour 255, red; the field turns black again by itself when clicked
+  /// Text colour 255, red. A click turns the field black again by itself, but not TxtFTPracine.
+  virtual void RougitChamp(ChampLiaison champ) = 0;
+  virtual void NoircitRacine() = 0;  ///< TxtFTPracine is black again
   virtual void MontrePageFtp() = 0;  ///< PictPage(2) to the front
   /// Message box with OK and Cancel, Message::kSiteIncomplet, title Message::kTitreManque. True for OK.
   virtual bool DemandeParametresSite() = 0;

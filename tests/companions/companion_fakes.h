@@ -122,13 +122,16 @@ class FenetreFausse : public AffichageSurveillance, public AffichageLiaison {
     static const QStringList noms = {QStringLiteral("TxtFtp"), QStringLiteral("TxtFTPracine"),
                                      QStringLiteral("TxtUserName"), QStringLiteral("TxtPass")};
     J_ << QStringLiteral("rouge ") + noms.at(static_cast<int>(champ));
+    RacineRouge = RacineRouge || champ == ChampLiaison::kTxtFTPracine;
   }
+  void NoircitRacine() override { RacineRouge = false; }
   void MontrePageFtp() override { J_ << QStringLiteral("page 2"); }
   bool DemandeParametresSite() override {
     J_ << QStringLiteral("boite 9");
     return ReponseOk;
   }
   bool ReponseOk = true;
+  bool RacineRouge = false;  ///< TxtFTPracine
 
  private:
   QStringList& J_;

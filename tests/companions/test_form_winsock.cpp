@@ -123,6 +123,32 @@ TEST_F(Winsock, ErrorWordsMarkTheirFieldsAndEndTheLink) {
   }
 }
 
+// No click takes it away, so it must not stand there for the rest of the day.
+TEST_F(Winsock, RedOfTheFolderLastsToTheNextWordThatTellsOfTheLink) {
+  for (const char* mot :
+       {"Conne", "Decon", "Uploa", "Netdc", "SerTR", "SerER", "Paswo", "ErrCo", "Upnot", "LogEr", "ConOK"}) {
+    Recoit("RepER");
+    ASSERT_TRUE(Fenetre.RacineRouge);
+    Recoit("RepER");
+    EXPECT_TRUE(Fenetre.RacineRouge) << "told again, it is red again";
+    Recoit("HWND:12");
+    Recoit("*OKO*");
+    Recoit("Quark");
+    Recoit("ConOK", false);
+    EXPECT_TRUE(Fenetre.RacineRouge) << "these say nothing of it";
+    Recoit(mot);
+    EXPECT_FALSE(Fenetre.RacineRouge) << mot;
+  }
+}
+
+// A page that ran is waited for, in silence but for its status.
+TEST_F(Winsock, RedOfTheFolderGoesAlsoWithAWordThatIsWaitedOut) {
+  Recoit("RepER");
+  Etat.PageInterrompue = true;
+  Recoit("SerER");
+  EXPECT_FALSE(Fenetre.RacineRouge);
+}
+
 TEST_F(Winsock, AnErrorWordEndsALinkThatWasLive) {
   Etat.SurveillanceEnCours = true;
   Etat.LiveActif = true;

@@ -3,6 +3,7 @@
 
 #include <QTest>
 
+#include "ui/fields/field_events.h"
 #include "ui/shown/companion_link_view.h"
 #include "ui/splash/form_splash.h"
 #include "window_bench.h"
@@ -83,6 +84,10 @@ TEST(LinkView, StatusRedFieldsAndPageReachTheWindow) {
     EXPECT_NE(banc.Trouve<QLineEdit>(nom)->palette().color(QPalette::Text), QColor(255, 0, 0));
     vue.RougitChamp(champ);
     EXPECT_EQ(banc.Trouve<QLineEdit>(nom)->palette().color(QPalette::Text), QColor(255, 0, 0)) << nom;
+  }
+  vue.NoircitRacine();
+  for (const auto& [champ, nom] : champs) {
+    EXPECT_EQ(EstRouge(*banc.Trouve<QLineEdit>(nom)), champ != ChampLiaison::kTxtFTPracine) << nom;
   }
   vue.MontrePageFtp();
   const QWidget* page = banc.Trouve("PictPage(2)");

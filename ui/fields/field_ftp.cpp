@@ -98,8 +98,8 @@ void ChampsFtp::QuitteTxtHtml() {
   Ports_.SauveSiModifie();
 }
 
-// Who clears the red of a companion's error word. TxtFTPracine does not: it stays red until the next word that paints
-// it.
+// Who clears the red of a companion's error word. A click on TxtFTPracine does not: it stays red until the next word
+// that tells of the link.
 void ChampsFtp::BrancheMarques() {
   const auto noircit = [this](QLineEdit* clique, std::initializer_list<QLineEdit*> champs) {
     connect(new EvenementsChamp(clique), &EvenementsChamp::Clique, this, [liste = QList<QLineEdit*>(champs)] {

@@ -16,6 +16,8 @@ void VueLiaison::EcritStatut(const QString& texte) { Fenetre().Bandeau().LblDebu
 
 void VueLiaison::RougitChamp(ChampLiaison champ) { vaktor::RougitChamp(*TrouveChamp(champ), true); }
 
+void VueLiaison::NoircitRacine() { vaktor::RougitChamp(*Fenetre().Ftp().TxtFTPracine, false); }
+
 QLineEdit* VueLiaison::TrouveChamp(ChampLiaison champ) const {
   PageFtp& page = Fenetre().Ftp();
   switch (champ) {

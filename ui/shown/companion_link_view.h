@@ -23,6 +23,7 @@ class VueLiaison : public AffichageLiaison {
   void MontreStatut(Libelle statut) override;
   void MontreStatutLitteral(const Phrase& statut) override;
   void RougitChamp(ChampLiaison champ) override;
+  void NoircitRacine() override;
   void MontrePageFtp() override;
   bool DemandeParametresSite() override;
 
