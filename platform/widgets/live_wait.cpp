@@ -53,9 +53,9 @@ class RetenueGestes : public QObject {
   bool eventFilter(QObject* cible, QEvent* evenement) override {
     if (!EstGeste(*evenement)) return false;
     evenement->accept();  // a key is no shortcut before its time
-    if (evenement->type() != QEvent::ShortcutOverride) {
-      Gestes_.push_back({cible, std::shared_ptr<QEvent>(evenement->clone())});
-    }
+    if (evenement->type() == QEvent::ShortcutOverride) return true;
+    if (!Gestes_.empty() && Depasse(Gestes_.back(), cible, *evenement)) Gestes_.pop_back();
+    Gestes_.push_back({cible, std::shared_ptr<QEvent>(evenement->clone())});
     return true;
   }
 
@@ -64,6 +64,14 @@ class RetenueGestes : public QObject {
     QPointer<QObject> Cible;
     std::shared_ptr<QEvent> Evenement;
   };
+
+  // Of moves that follow each other only where the last one ended matters. A mouse tells hundreds of them a second, and
+  // all would be played again at once.
+  static bool Depasse(const Geste& avant, const QObject* cible, const QEvent& evenement) {
+    if (evenement.type() != QEvent::MouseMove || avant.Evenement->type() != QEvent::MouseMove) return false;
+    const auto& ancien = static_cast<const QMouseEvent&>(*avant.Evenement);
+    return avant.Cible == cible && ancien.buttons() == static_cast<const QMouseEvent&>(evenement).buttons();
+  }
 
   static void Rend(Geste geste) {
     const auto rend = [geste = std::move(geste)] {
