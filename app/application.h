@@ -46,6 +46,7 @@
 #include "ui/splash/form_splash.h"
 #include "ui/window/main_window.h"
 #include "ui/window/web_links.h"
+#include "ui/window/window_centring.h"
 
 namespace vaktor {
 
@@ -180,6 +181,7 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<VueRepertoire> Repertoire_;
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on
   std::unique_ptr<VueSante> VueSante_;
+  std::unique_ptr<CentrageFenetre> Centrage_;  // from the first showing of Form1 on
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;
   std::optional<QPoint> PlaceMoniteur_;  // where the program put the monitor last

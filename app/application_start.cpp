@@ -122,8 +122,8 @@ void Vaktor::CreeRepertoire(FormVisuPhoto& galerie) {
 }
 
 void Vaktor::MontreForm1() {
-  const QRect ecran = Form1_->screen()->availableGeometry();
-  Form1_->move(ecran.center() - QPoint(Form1_->width() / 2, Form1_->height() / 2));
+  Centrage_ = std::make_unique<CentrageFenetre>(*Form1_, [this] { PlaceMoniteur(); });
+  Centrage_->Centre();
   Form1_->show();
   PlaceMoniteur();
 }

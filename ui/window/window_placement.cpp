@@ -45,4 +45,8 @@ QPoint PlaceFenetre(const QRect& ecran, const QRect& fenetre, const QSize& taill
   return meilleure;
 }
 
+QPoint PlaceCentree(const QRect& ecran, const QSize& taille) {
+  return ecran.topLeft() + QPoint((ecran.width() - taille.width()) / 2, (ecran.height() - taille.height()) / 2);
+}
+
 }  // namespace vaktor

@@ -1,4 +1,5 @@
-// Where the monitor opens, so that it covers as little of the main window as the screen allows.
+// Where the windows open: the main one in the middle of the screen, the monitor so that it covers as little of it as
+// the screen allows.
 #pragma once
 
 #include <QRect>
@@ -9,5 +10,8 @@ namespace vaktor {
 /// below, above, else the corner of the screen where it covers least of it. A window larger than the screen begins at
 /// the screen's corner.
 QPoint PlaceFenetre(const QRect& ecran, const QRect& fenetre, const QSize& taille);
+
+/// Top left corner for a window of `taille` (frame included) in the middle of `ecran`.
+QPoint PlaceCentree(const QRect& ecran, const QSize& taille);
 
 }  // namespace vaktor
