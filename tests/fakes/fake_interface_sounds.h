@@ -13,14 +13,17 @@ class SonsFaux : public SonsInterface {
   void JoueSon(qint32 n) override {
     Journal_.Note([n] { return QStringLiteral("JoueSon %1").arg(n); });
     DernierSon = n;
+    if (Suite != nullptr) Suite->JoueSon(n);
   }
   void SurvolSon(qint32 id) override {
     Journal_.Note([id] { return QStringLiteral("SurvolSon %1").arg(id); });
     DernierSurvol = id;
+    if (Suite != nullptr) Suite->SurvolSon(id);
   }
 
   qint32 DernierSon = -1;
   qint32 DernierSurvol = 5555;
+  SonsInterface* Suite = nullptr;  ///< is told the same
 
  private:
   Journal& Journal_;

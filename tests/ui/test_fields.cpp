@@ -144,7 +144,8 @@ TEST_F(Champs, SiteFieldsSaveWhenTheyAreLeftOnlyIfSomethingChanged) {
   }
 }
 
-TEST_F(Champs, GoingToAnotherWindowIsNoLeaving) {
+// The desktop takes the focus from the program's window and gives it back.
+TEST_F(Champs, GoingToAnotherProgramIsNoLeaving) {
   QFocusEvent depart(QEvent::FocusOut, Qt::ActiveWindowFocusReason);
   QCoreApplication::sendEvent(Champ("TextEMail"), &depart);
   EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0);

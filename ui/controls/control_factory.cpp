@@ -1,7 +1,5 @@
 #include "ui/controls/control_factory.h"
 
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QProxyStyle>
 
 #include "ui/common/field_font.h"
@@ -31,17 +29,6 @@ class StyleSecret : public QProxyStyle {
 }  // namespace
 
 QString NomIndexe(const char* nom, int index) { return QStringLiteral("%1(%2)").arg(QLatin1String(nom)).arg(index); }
-
-void CaseACocher::mouseReleaseEvent(QMouseEvent* evenement) {
-  QCheckBox::mouseReleaseEvent(evenement);
-  Q_EMIT Relachee();
-}
-
-void CaseACocher::keyReleaseEvent(QKeyEvent* evenement) {
-  const bool avant = isChecked();
-  QCheckBox::keyReleaseEvent(evenement);
-  if (isChecked() != avant) Q_EMIT Relachee();
-}
 
 QLabel* CreeEtiquette(QWidget* parent, const QString& nom, const QRect& place, int police, QRgb couleur) {
   auto* etiquette = new QLabel(parent);

@@ -1,12 +1,13 @@
 // Makes the controls of the main window: each with its name, its place in pixels and its font in one call.
 #pragma once
 
-#include <QCheckBox>
 #include <QColor>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QString>
+
+#include "ui/controls/tick_box.h"
 
 namespace vaktor {
 
@@ -20,23 +21,6 @@ inline constexpr QRgb kBlancTexte = qRgb(0xff, 0xff, 0xff);
 
 /// "Bouton(3)": the name of one control of an array.
 QString NomIndexe(const char* nom, int index);
-
-/// A check box without a caption that takes clicks on its whole area and tells when the mouse (any button) is released
-/// on it, after the box has taken its new state. The space key tells the same, so that box and flag never disagree.
-class CaseACocher : public QCheckBox {
-  Q_OBJECT
-
- public:
-  explicit CaseACocher(QWidget* parent) : QCheckBox(parent) {}
-
- Q_SIGNALS:
-  void Relachee();
-
- protected:
-  bool hitButton(const QPoint& position) const override { return rect().contains(position); }
-  void mouseReleaseEvent(QMouseEvent* evenement) override;
-  void keyReleaseEvent(QKeyEvent* evenement) override;
-};
 
 QLabel* CreeEtiquette(QWidget* parent, const QString& nom, const QRect& place, int police = kPolicePetite,
                       QRgb couleur = kGrisTexte);

@@ -2,7 +2,7 @@
 
 #include <QCoreApplication>
 #include <QCursor>
-#include <QFocusEvent>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -36,6 +36,41 @@ void BoutonImage::ChangeLibelle(const QString& libelle) {
   setAccessibleName(libelle);
 }
 
+void BoutonImage::ChangeAide(const QString& aide, const QString& raison) {
+  Aide_ = aide;
+  Raison_ = raison;
+  EcritAide();
+}
+
+void BoutonImage::EcritAide() {
+  if (Raison_.isEmpty()) return;
+  QStringList lignes;
+  if (!Aide_.isEmpty()) lignes += Aide_;
+  if (!isEnabled()) lignes += Raison_;
+  setToolTip(lignes.join(u'\n'));
+}
+
+void BoutonImage::changeEvent(QEvent* evenement) {
+  BoutonEntendu::changeEvent(evenement);
+  if (evenement->type() != QEvent::EnabledChange) return;
+  EcritAide();
+  if (underMouse()) MontreInterdit();
+}
+
+void BoutonImage::enterEvent(QEnterEvent* evenement) {
+  BoutonEntendu::enterEvent(evenement);
+  MontreInterdit();
+}
+
+// The toolkit shows no cursor of a control that is disabled; it shows the window's instead.
+void BoutonImage::MontreInterdit() {
+  if (underMouse() && !isEnabled()) {
+    window()->setCursor(Qt::ForbiddenCursor);
+  } else {
+    window()->unsetCursor();
+  }
+}
+
 void BoutonImage::Relie(const LiensBouton& liens) { Liens_ = std::make_unique<LiensBouton>(liens); }
 
 void BoutonImage::Delie() {
@@ -66,14 +101,53 @@ void BoutonImage::MontreFace(const QImage& face) {
 // Any mouse button shows the press, always with the button's own row: with the camera running Bouton(0) briefly reads
 // as if it were off.
 void BoutonImage::mousePressEvent(QMouseEvent* evenement) {
+  if (Passe(*evenement)) return;
   if (Liens_ && Famille_ == FamilleBouton::kBleue) MontreFace(Rangee(Index_).FaceEnfoncee);
   BoutonEntendu::mousePressEvent(evenement);
 }
 
 // The press lasts to the next move only, also with the mouse button still held.
 void BoutonImage::mouseMoveEvent(QMouseEvent* evenement) {
-  SuitPointeur(evenement->position().toPoint());
+  if (Passe(*evenement)) return;
+  const bool sort = !SuitPointeur(evenement->position().toPoint());
   BoutonEntendu::mouseMoveEvent(evenement);
+  if (sort && Liens_ && evenement->buttons() != Qt::NoButton) Lache();
+}
+
+// The move that takes the pointer out is the button's last one, with whatever mouse button held. The press is over with
+// it: coming back makes no click any more. The toolkit forgets a press when it sees it released beside the button.
+void BoutonImage::Lache() {
+  Lachee_ = true;
+  const QPointF dehors(-1, -1);
+  QMouseEvent fin(QEvent::MouseButtonRelease, dehors, mapToGlobal(dehors), Qt::LeftButton, Qt::NoButton,
+                  Qt::NoModifier);
+  BoutonEntendu::mouseReleaseEvent(&fin);
+}
+
+// As long as a mouse button is held, the toolkit sends everything to the control that was pressed. After the button has
+// let go it hands that on to what lies under the pointer: a page is dragged by it. True: it was somebody else's.
+bool BoutonImage::Passe(const QMouseEvent& evenement) {
+  const bool relache = evenement.type() == QEvent::MouseButtonRelease;
+  const bool appuie = evenement.type() == QEvent::MouseButtonPress;
+  const auto autres = appuie ? evenement.buttons() & ~evenement.button() : evenement.buttons();
+  QWidget* cible = Lachee_ && (relache || autres != Qt::NoButton) ? ControleSous(evenement.globalPosition()) : this;
+  if (cible == this || evenement.buttons() == Qt::NoButton) Lachee_ = false;
+  if (cible == this) return false;
+  // A field would take the move for the end of a selection that nobody has begun.
+  if (cible == nullptr || qobject_cast<QLineEdit*>(cible) != nullptr) return true;
+  QMouseEvent passe(evenement.type(), cible->mapFromGlobal(evenement.globalPosition()), evenement.scenePosition(),
+                    evenement.globalPosition(), evenement.button(), evenement.buttons(), evenement.modifiers(),
+                    evenement.pointingDevice());
+  QCoreApplication::sendEvent(cible, &passe);
+  return true;
+}
+
+// Null beside the window: what lies there is not ours to tell.
+QWidget* BoutonImage::ControleSous(const QPointF& global) const {
+  const QPoint place = window()->mapFromGlobal(global).toPoint();
+  if (!window()->rect().contains(place)) return nullptr;
+  QWidget* controle = window()->childAt(place);
+  return controle != nullptr ? controle : window();
 }
 
 // True while the pointer counts as inside. The right and the lower edge are one pixel further out than the button.
@@ -88,6 +162,7 @@ bool BoutonImage::SuitPointeur(const QPoint& position) {
 
 void BoutonImage::leaveEvent(QEvent* evenement) {
   BoutonEntendu::leaveEvent(evenement);
+  MontreInterdit();
   Retient(SuitPointeur(mapFromGlobal(QCursor::pos())));
 }
 
@@ -115,21 +190,17 @@ bool BoutonImage::eventFilter(QObject* objet, QEvent* evenement) {
   return false;
 }
 
-// The sound comes before the click, and also when the mouse is released beside the button.
+// The sound comes before the click, and also for a press that began elsewhere and ends here.
 void BoutonImage::mouseReleaseEvent(QMouseEvent* evenement) {
+  if (Passe(*evenement)) return;
   if (Liens_ && (Famille_ == FamilleBouton::kGrise || Index_ > kDernierMuet)) Liens_->Sons.JoueSon(SonsInterface::kTic);
   BoutonEntendu::mouseReleaseEvent(evenement);
-}
-
-void BoutonImage::focusInEvent(QFocusEvent* evenement) {
-  if (evenement->reason() != Qt::ActiveWindowFocusReason) FocusMontre_ = evenement->reason() != Qt::MouseFocusReason;
-  BoutonEntendu::focusInEvent(evenement);
 }
 
 void BoutonImage::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
   peintre.drawImage(QPointF(0, 0), Face_);
-  if (!hasFocus() || !FocusMontre_) return;
+  if (!FocusMontre()) return;
   peintre.setPen(QPen(QColor(0x30, 0x30, 0x30), 1, Qt::DotLine));
   peintre.drawRect(rect().adjusted(2, 2, -3, -3));
 }

@@ -36,6 +36,9 @@ class BoutonImage : public BoutonEntendu {
   BoutonImage(QWidget* parent, const QString& nom, QPoint place, FamilleBouton famille, int rangee);
   /// The caption for those who hear the window; the faces carry it for those who see it.
   void ChangeLibelle(const QString& libelle);
+  /// The tooltip. While the button is disabled, `raison` stands behind it on a line of its own: a face shows nothing of
+  /// that. Those who hear the window are told both.
+  void ChangeAide(const QString& aide, const QString& raison);
   /// Before that the button is blank and silent.
   void Relie(const LiensBouton& liens);
   /// Blank and silent again: before the faces go.
@@ -46,8 +49,9 @@ class BoutonImage : public BoutonEntendu {
   QSize sizeHint() const override { return kTaille; }
 
  protected:
+  void changeEvent(QEvent* evenement) override;
+  void enterEvent(QEnterEvent* evenement) override;
   bool eventFilter(QObject* objet, QEvent* evenement) override;
-  void focusInEvent(QFocusEvent* evenement) override;
   void leaveEvent(QEvent* evenement) override;
   void mouseMoveEvent(QMouseEvent* evenement) override;
   void mousePressEvent(QMouseEvent* evenement) override;
@@ -60,13 +64,20 @@ class BoutonImage : public BoutonEntendu {
   void MontreFace(const QImage& face);
   bool SuitPointeur(const QPoint& position);
   void Retient(bool retient);
+  void EcritAide();
+  void MontreInterdit();
+  void Lache();
+  bool Passe(const QMouseEvent& evenement);
+  QWidget* ControleSous(const QPointF& global) const;
 
   FamilleBouton Famille_;
   int Index_;
   std::unique_ptr<LiensBouton> Liens_;
   QImage Face_;
-  bool Retient_ = false;      // the pointer has left the button but not yet its margin
-  bool FocusMontre_ = false;  // the focus came by other means than the mouse
+  QString Aide_;
+  QString Raison_;        // empty: the tooltip is set from outside
+  bool Retient_ = false;  // the pointer has left the button but not yet its margin
+  bool Lachee_ = false;   // the pointer has left with a mouse button held: what follows is not this button's
 };
 
 }  // namespace vaktor

@@ -31,8 +31,8 @@ void DrapeauLangue::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
   peintre.setRenderHint(QPainter::SmoothPixmapTransform);
   peintre.drawImage(QRectF(rect()), Drapeau_);
-  if (!Encadre_ && !hasFocus()) return;
-  peintre.setPen(QPen(QColor(64, 64, 64), 1, hasFocus() ? Qt::DotLine : Qt::SolidLine));
+  if (!Encadre_ && !FocusMontre()) return;
+  peintre.setPen(QPen(QColor(64, 64, 64), 1, FocusMontre() ? Qt::DotLine : Qt::SolidLine));
   peintre.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

@@ -50,7 +50,7 @@ void SigneSante::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
   peintre.setRenderHint(QPainter::SmoothPixmapTransform);
   peintre.drawImage(QRectF(rect()), DonneSigne(Niveau_, devicePixelRatioF()));
-  if (!hasFocus()) return;
+  if (!FocusMontre()) return;
   peintre.setPen(QPen(QColor(64, 64, 64), 1, Qt::DotLine));
   peintre.drawRect(rect().adjusted(0, 0, -1, -1));
 }

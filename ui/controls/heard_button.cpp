@@ -1,6 +1,7 @@
 #include "ui/controls/heard_button.h"
 
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 
 namespace vaktor {
@@ -18,6 +19,18 @@ void BoutonEntendu::checkStateSet() {
   Engage(!isChecked());
   QMetaObject::invokeMethod(
       this, [this] { click(); }, Qt::QueuedConnection);
+}
+
+// Coming back to the window leaves it as it was.
+void BoutonEntendu::focusInEvent(QFocusEvent* evenement) {
+  if (evenement->reason() != Qt::ActiveWindowFocusReason) FocusMontre_ = evenement->reason() != Qt::MouseFocusReason;
+  QAbstractButton::focusInEvent(evenement);
+}
+
+// Who clicks sees where; also on a button that the tab key had reached before.
+void BoutonEntendu::mousePressEvent(QMouseEvent* evenement) {
+  FocusMontre_ = false;
+  QAbstractButton::mousePressEvent(evenement);
 }
 
 void BoutonEntendu::keyPressEvent(QKeyEvent* evenement) {

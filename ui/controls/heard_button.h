@@ -16,12 +16,17 @@ class BoutonEntendu : public QAbstractButton {
   void Engage(bool engage);
 
  protected:
+  /// It has the focus, and that did not come by the mouse: only then is it shown.
+  bool FocusMontre() const { return FocusMontre_ && hasFocus(); }
+  void focusInEvent(QFocusEvent* evenement) override;
   void keyPressEvent(QKeyEvent* evenement) override;
+  void mousePressEvent(QMouseEvent* evenement) override;
   void checkStateSet() override;
   void nextCheckState() override {}  // the rules behind the click decide what is on
 
  private:
-  bool Annonce_ = false;  // Engage is at work
+  bool Annonce_ = false;      // Engage is at work
+  bool FocusMontre_ = false;  // how the focus came last
 };
 
 }  // namespace vaktor

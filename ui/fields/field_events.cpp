@@ -1,8 +1,10 @@
 #include "ui/fields/field_events.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QWindow>
 #include <exception>
 #include <limits>
 
@@ -32,15 +34,38 @@ void ReporteEchec(QObject& champ, const std::function<void()>& travail) {
   }
 }
 
-EvenementsChamp::EvenementsChamp(QWidget* champ) : QObject(champ) { champ->installEventFilter(this); }
+EvenementsChamp::EvenementsChamp(QWidget* champ) : QObject(champ), Champ_(champ) { champ->installEventFilter(this); }
+
+bool EvenementsChamp::EstDepart(Qt::FocusReason raison) {
+  if (raison == Qt::PopupFocusReason || raison == Qt::MenuBarFocusReason) return false;
+  if (raison != Qt::ActiveWindowFocusReason) return true;
+  const QWidget* devant = QApplication::activeWindow();
+  if (devant == nullptr) AttendFenetre();
+  return devant != nullptr && EstAutreFenetre(devant->windowHandle());
+}
+
+// A message or a dialog that stands in front of everything is chosen by nobody.
+bool EvenementsChamp::EstAutreFenetre(const QWindow* fenetre) const {
+  return fenetre != nullptr && fenetre != Champ_->window()->windowHandle() && !fenetre->isModal();
+}
+
+// No window of the program is active: that is another program, or the system has not told yet which of ours it will be.
+void EvenementsChamp::AttendFenetre() {
+  disconnect(Attente_);
+  Attente_ = connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* fenetre) {
+    if (fenetre == nullptr) return;
+    disconnect(Attente_);
+    if (!EstAutreFenetre(fenetre)) return;
+    ReporteEchec(*Champ_, [this] { Q_EMIT Quitte(); });  // no event is under way that would bring a failure anywhere
+  });
+}
 
 bool EvenementsChamp::eventFilter(QObject* objet, QEvent* evenement) {
   const QEvent::Type type = evenement->type();
   if (type == QEvent::FocusOut) {
-    const Qt::FocusReason raison = static_cast<QFocusEvent*>(evenement)->reason();
-    const bool reste =
-        raison == Qt::ActiveWindowFocusReason || raison == Qt::PopupFocusReason || raison == Qt::MenuBarFocusReason;
-    if (!reste) Q_EMIT Quitte();
+    if (EstDepart(static_cast<QFocusEvent*>(evenement)->reason())) Q_EMIT Quitte();
+  } else if (type == QEvent::FocusIn) {
+    disconnect(Attente_);
   } else if (type == QEvent::KeyPress) {
     const int touche = static_cast<QKeyEvent*>(evenement)->key();
     if (touche != Qt::Key_Tab && touche != Qt::Key_Backtab) Q_EMIT Touche();

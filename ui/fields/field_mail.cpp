@@ -68,6 +68,7 @@ void ChampsMail::SuitTextEMail() {
 void ChampsMail::DemandeAdresse() {
   RougitChamp(*Page_.TextEMail, true);
   Page_.TextEMail->setText(Ports_.Textes.Dit(kDemandeAdresse));
+  Page_.TextEMail->setFocus(Qt::OtherFocusReason);  // the first key takes the prompt away and is typed
 }
 
 void ChampsMail::RetireDemande() {

@@ -15,7 +15,7 @@ class ChampsMail : public QObject {
   ChampsMail(const PortsChamps& ports, PageMail& page);
 
   /// No address was found: the prompt Libelle::kMailDestination, in red, takes the place of the address until a click
-  /// or a key.
+  /// or a key. The field has the focus.
   void DemandeAdresse();
 
  private:

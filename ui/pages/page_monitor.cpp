@@ -8,6 +8,9 @@ PageMoniteur::PageMoniteur(QWidget* fenetre) : PageVaktor(fenetre, 1) {
   CheckPPhot = CreeCase(this, QStringLiteral("CheckPPhot"), {8, 28});
   CheckSon = CreeCase(this, QStringLiteral("CheckSon"), {8, 56});
   CheckMail = CreeCase(this, QStringLiteral("CheckMail"), {8, 84});
+  RelieMots(*LabelCheckPhot, *CheckPPhot);
+  RelieMots(*LabelCheckSon, *CheckSon);
+  RelieMots(*LabelCheckMail, *CheckMail);
   Text1 = CreeChamp(this, QStringLiteral("Text1"), {56, 136, 30, 19});
   BoutonGris0 = new BoutonImage(this, NomIndexe("BoutonGris", 0), {180, 58}, FamilleBouton::kGrise);
   BoutonGris1 = new BoutonImage(this, NomIndexe("BoutonGris", 1), {320, 144}, FamilleBouton::kGrise);

@@ -17,6 +17,7 @@ PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   CombSkin->setAccessibleName(QStringLiteral("Skins"));
   ChkSeuilAuto = CreeCase(this, QStringLiteral("ChkSeuilAuto"), {8, 144});
   LblSeuilAuto = CreeEtiquetteDeChamp(this, QStringLiteral("LblSeuilAuto"), {26, 144, 138, 17});
+  RelieMots(*LblSeuilAuto, *ChkSeuilAuto);
 }
 
 }  // namespace vaktor

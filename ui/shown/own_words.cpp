@@ -40,6 +40,12 @@ QString AideEssaiFtp(Langue langue) {
       .Dit(langue);
 }
 
+QString RaisonSansCamera(Langue langue) {
+  return Phrase{"Indisponible tant que la caméra ne tourne pas : cliquez sur [Caméra on].",
+                "Not available until the camera runs: click on [Camera on]."}
+      .Dit(langue);
+}
+
 QString AideSigneSante(Langue langue) {
   return Phrase{"Ouvre la liste de ce qui ne va pas", "Opens the list of what is wrong"}.Dit(langue);
 }

@@ -20,6 +20,8 @@ QString AideBarre(Langue langue);
 /// The button that tries the live page, and its tooltip.
 QString LibelleEssaiFtp(Langue langue);
 QString AideEssaiFtp(Langue langue);
+/// Behind the tooltip of a button that waits for the camera.
+QString RaisonSansCamera(Langue langue);
 /// What a click on the sign of the health does, for those who hear the window.
 QString AideSigneSante(Langue langue);
 /// The message of the guard at the event loop: what failed, and that the program goes on.

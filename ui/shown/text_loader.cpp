@@ -22,7 +22,6 @@ std::vector<LigneAide> DonneAides(Form1& fenetre) {
   const PageFtp& ftp = fenetre.Ftp();
   const PageOptions& options = fenetre.Options();
   return {{Aide::kCamera, bandeau.Bouton[0]},
-          {Aide::kAlarme, bandeau.Bouton[1]},
           {Aide::kRetard, moniteur.Text1},
           {Aide::kPoints, moniteur.LabelTemoin1},
           {Aide::kPhotosParMail, mail.TxtNbrPhoto},
@@ -122,6 +121,10 @@ void ChargeurTextes::ChargeTextes() {
 
 void ChargeurTextes::EcritAides() {
   for (const LigneAide& ligne : DonneAides(Fenetre_)) ligne.Controle->setToolTip(Textes_.Dit(ligne.Mots));
+  // Both are disabled until the camera has been started, where it could not be. The second has no row in Aide.
+  const QString raison = RaisonSansCamera(LangueParlee(Reglages_.LangueCourante));
+  Fenetre_.Bandeau().Bouton[1]->ChangeAide(Textes_.Dit(Aide::kAlarme), raison);
+  Fenetre_.Bandeau().Bouton[2]->ChangeAide(QString(), raison);
   Moniteur_.EcritAides(Textes_.Dit(Aide::kZone), AideBarre(LangueParlee(Reglages_.LangueCourante)));
 }
 

@@ -69,6 +69,7 @@ FormSound::FormSound(const ChoixSon& choix)
   CmdChoixSonRep_->setObjectName(QStringLiteral("CmdChoixSonRep"));
   CmdChoixSonRep_->setAutoDefault(true);  // Enter presses it too; only dialogs do that by themselves
   CmdChoixSonRep_->setGeometry(12, 62, 60, 24);
+  // Only the user's choice: the list is filled anew at each opening.
   connect(CombSound_, &QComboBox::activated, this, [this](int index) {
     CmdChoixSonRep_->setEnabled(index == ChoixSon::kSonDuFichier);
     Choix_.Choisit(index);

@@ -5,8 +5,10 @@
 #include <QTimer>
 #include <QWindow>
 #include <algorithm>
+#include <exception>
 
 #include "engine/sensitivity_gauge.h"
+#include "ui/controls/tab_mark.h"
 
 namespace vaktor {
 
@@ -74,39 +76,52 @@ void Form1::BrancheBoutons() {
 }
 
 void Form1::BasculeBouton(int index) {
-  // A change of page saves what the page before has left unsaved; the three switches do not.
-  if (index >= kPremierOnglet && Services_.Reglages.ParametresModifies) Services_.Sauvegarde.SauveParametres();
   switch (index) {
     case 0:
-      Services_.Moteur.BasculeCamera();
-      break;
+      return Services_.Moteur.BasculeCamera();
     case 1:
-      Services_.Moteur.BasculeAlarme();
-      break;
+      return Services_.Moteur.BasculeAlarme();
     case 2:
-      Services_.BasculeLive();
-      break;
-    case 3:
-      AmenePage(1);
-      break;
-    case 4:
-      AmenePage(3);
-      break;
-    case 5:
-      AmenePage(0);
-      break;
-    case 6:
-      AmenePage(2);
-      break;
+      return Services_.BasculeLive();
     default:
-      break;
+      return ChoisitPage(kPageDeOnglet.at(static_cast<std::size_t>(index - kPremierOnglet)));
   }
+}
+
+// A change of page saves what the page before has left unsaved; the three switches do not. A save that fails is told,
+// by whoever catches it, and the page comes all the same: it may be the one on which the disk's trouble is mended, and
+// a tab that does nothing would be a second fault.
+void Form1::ChoisitPage(int index) {
+  std::exception_ptr echec;
+  try {
+    if (Services_.Reglages.ParametresModifies) Services_.Sauvegarde.SauveParametres();
+  } catch (...) {
+    echec = std::current_exception();
+  }
+  AmenePage(index);
+  if (echec) std::rethrow_exception(echec);
 }
 
 void Form1::AmenePage(int index) {
   Pages().Toutes().at(static_cast<std::size_t>(index))->raise();
   PageDevant_ = index;
+  SortDesPagesCouvertes();
+  update();  // the mark on its tab
   if (Face_) Face_->AnnonceEtats();
+}
+
+// A word of a companion brings a page to the front while somebody types into another one: the rest of the word must not
+// go on into what nobody sees, nor into a field of the page that comes. The page itself takes the keys, and Tab goes on
+// to its first control.
+void Form1::SortDesPagesCouvertes() {
+  const QWidget* tient = focusWidget();
+  const auto pages = Pages().Toutes();
+  for (std::size_t i = 0; i < pages.size(); ++i) {
+    if (static_cast<int>(i) == PageDevant_ || tient == nullptr) continue;
+    if (tient != pages[i] && !pages[i]->isAncestorOf(tient)) continue;
+    pages.at(static_cast<std::size_t>(PageDevant_))->setFocus(Qt::OtherFocusReason);
+    return;
+  }
 }
 
 void Form1::BrancheJauge() {
@@ -167,6 +182,7 @@ void Form1::MontreFond(const QImage& fond, int echelle) {
   const int haut = (PageVaktor::kPlace.top() + kMargeFond) * echelle;
   Fond_ = fond.copy(0, 0, fond.width(), std::min(haut, fond.height()));
   Fond_.setDevicePixelRatio(echelle);
+  CouleurFond_ = Fond_.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
   update();
 }
 
@@ -174,6 +190,10 @@ void Form1::paintEvent(QPaintEvent*) {
   QPainter peintre(this);
   peintre.setRenderHint(QPainter::SmoothPixmapTransform);
   peintre.drawImage(QPointF(0, 0), Fond_);
+  for (std::size_t i = 0; i < kPageDeOnglet.size(); ++i) {
+    if (kPageDeOnglet.at(i) == PageDevant_)
+      DessineMarque(peintre, Bandeau_->Bouton.at(i + kPremierOnglet)->geometry(), CouleurFond_);
+  }
 }
 
 bool Form1::event(QEvent* evenement) {

@@ -55,7 +55,7 @@ class Form1 : public QWidget {
   const QImage& Fond() const { return Fond_; }
   static constexpr int kMargeFond = 4;  ///< what smoothing mixes in on a screen of a fractional density
 
-  /// Brings PictPage(index) to the front.
+  /// Brings PictPage(index) to the front. Whatever had the focus on another page loses it to this one.
   void AmenePage(int index);
   int PageDevant() const { return PageDevant_; }
 
@@ -85,6 +85,8 @@ class Form1 : public QWidget {
   void BrancheMoniteur();
   void BrancheOptions();
   void BasculeBouton(int index);
+  void ChoisitPage(int index);
+  void SortDesPagesCouvertes();
   void ChoisitMode(bool zoom);
   void ChoisitLangue(Langue langue);
 
@@ -100,6 +102,7 @@ class Form1 : public QWidget {
   QCheckBox* CheckPEcran_ = nullptr;
   int PageDevant_ = 1;
   QImage Fond_;
+  QColor CouleurFond_ = Qt::gray;  // the mean of Fond_
   std::unique_ptr<Habillage> Face_;
 };
 

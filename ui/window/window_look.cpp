@@ -65,6 +65,12 @@ void Habillage::FonduPages() {
 void Habillage::ChargeBoutons() {
   Faces_.ChargeBoutons(Services_.Textes, Fenetre_.Pages.Ftp.BoutonEssaiFtp->text(), Skin_.Densite());
   for (BoutonImage* bouton : Fenetre_.Fenetre.findChildren<BoutonImage*>()) bouton->MontreRepos();
+  // The page itself may have the focus, and is then called by its tab.
+  for (std::size_t i = 0; i < kPageDeOnglet.size(); ++i) {
+    Fenetre_.Pages.Toutes()
+        .at(static_cast<std::size_t>(kPageDeOnglet.at(i)))
+        ->setAccessibleName(Services_.Textes.LibelleBouton(static_cast<int>(i) + 3));
+  }
   AnnonceEtats();
 }
 
@@ -75,7 +81,6 @@ void Habillage::AnnonceEtats() {
   bandeau.Bouton[0]->setAccessibleName(Services_.Textes.LibelleBouton(camera ? kLibelleCameraMarche : 0));
   bandeau.Bouton[1]->Engage(bandeau.ImageLedAlarme->Etat() != Lampe::kRouge);
   bandeau.Bouton[2]->Engage(bandeau.ImageLedSurveill->Etat() != Lampe::kRouge);
-  static constexpr std::array kPageDeOnglet = {1, 3, 0, 2};
   for (std::size_t i = 0; i < kPageDeOnglet.size(); ++i) {
     bandeau.Bouton.at(i + 3)->Engage(Fenetre_.PageDevant() == kPageDeOnglet.at(i));
   }

@@ -10,6 +10,9 @@
 
 namespace vaktor {
 
+/// The page that each of Bouton(3) to Bouton(6) brings to the front.
+inline constexpr std::array kPageDeOnglet = {1, 3, 0, 2};
+
 /// Owned by the window, and as old as it.
 struct PagesFenetre {
   PageMail& Mail;
