@@ -36,6 +36,7 @@ QByteArray ComposeDemandeEssai(const Parametres& reglages, const QString& destin
       {QStringLiteral("pass"), reglages.SmtpPass},
       {QStringLiteral("smtpactif"), reglages.SmtpActif},
       {QStringLiteral("smtpneedlogin"), reglages.SmtpNeedLogin},
+      {QStringLiteral("smtpsanschiffrement"), reglages.SmtpSansChiffrement},
       {QStringLiteral("langue"), reglages.LangueCourante},
   };
   return QJsonDocument(demande).toJson(QJsonDocument::Compact);

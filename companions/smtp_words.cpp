@@ -20,6 +20,15 @@ QString AideOAuth2(Langue langue) {
       .Dit(langue);
 }
 
+QString MotsSansChiffrement(Langue langue) { return Phrase{"Sans chiffrement", "Without encryption"}.Dit(langue); }
+
+QString AideSansChiffrement(Langue langue) {
+  return Phrase{
+      "Pour les rares serveurs qui n'ont pas de chiffrement : le mot de passe et les photos peuvent être lus en route.",
+      "For the few servers that have no encryption: password and pictures can be read on their way."}
+      .Dit(langue);
+}
+
 QString SujetEssai(Langue langue, const QString& sujet) { return Phrase{"[Essai] %1", "[Test] %1"}.Dit(langue, sujet); }
 
 QString CorpsEssai(Langue langue, const QString& corps) {

@@ -1,5 +1,5 @@
-// Words of the mail settings that the numbered tables do not hold: how an account is named, and the mail of a
-// rehearsal.
+// Words of the mail settings that the numbered tables do not hold: how an account is named, the switch for servers
+// without TLS, and the mail of a rehearsal.
 #pragma once
 
 #include <QString>
@@ -14,6 +14,10 @@ QString NommeCompte(Langue langue, const CompteMail& compte);
 /// What the field of the password of such an account wants, and why.
 QString InviteOAuth2(Langue langue);
 QString AideOAuth2(Langue langue);
+
+/// The switch for a server without TLS, and what it costs.
+QString MotsSansChiffrement(Langue langue);
+QString AideSansChiffrement(Langue langue);
 
 /// Subject and first line of the mail: who gets it must not take it for an alarm.
 QString SujetEssai(Langue langue, const QString& sujet);

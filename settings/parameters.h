@@ -39,7 +39,8 @@ struct Parametres {
   QString SmtpUser;
   bool SmtpActif = true;  ///< true: the mail companion talks SMTP itself; false: the system's mail program
   bool SmtpNeedLogin = true;
-  QString SmtpPass;  ///< in clear in memory, scrambled in the store; never in a log
+  bool SmtpSansChiffrement = false;  ///< the password may go to the server in clear
+  QString SmtpPass;                  ///< in clear in memory, scrambled in the store; never in a log
 
   // FTP
   QString AdresseHtml;  ///< public web address, shown by TxtHtml

@@ -22,7 +22,8 @@ constexpr const char* kSon = "SON";
 constexpr const char* kMail = "MAIL";
 constexpr const char* kFtp = "FTP";
 
-// The mail password stands out: it is read with its section and saved behind the FTP block.
+// The mail password stands out: it is read with its section and saved behind the FTP block. What came later than these
+// 35 keys stands, and is saved, behind all of them.
 constexpr auto kTable = std::to_array<LigneReglage>({
     // clang-format off
     // section, key, form, default, variable, range
@@ -62,6 +63,8 @@ constexpr auto kTable = std::to_array<LigneReglage>({
     {kFtp, "height", Mesure, "", {}},
     {kFtp, "rapportnombrephoto", Entier, "50", &P::NbrPhotosPage},
     {kFtp, "pass", Brouille, "", &P::MotDePasseFtp},
+    {.Section = kMail, .Cle = "smtpsanschiffrement", .Forme = Drapeau, .Defaut = "0", .Champ = &P::SmtpSansChiffrement,
+     .EcritEnDernier = true},
     // clang-format on
 });
 

@@ -45,6 +45,8 @@ void FrmSmtp::BrancheControles() {
     Ports_.Reglages.SmtpNeedLogin = coche;
     ActiveChampsSmtp();
   });
+  connect(c.CheckSansChiffrement, &QCheckBox::toggled, this,
+          [this](bool coche) { Ports_.Reglages.SmtpSansChiffrement = coche; });
   BrancheTexte(c.TxtSMTP, &Parametres::SmtpServeur);
   BrancheTexte(c.TxtFrom, &Parametres::SmtpFrom);
   BrancheTexte(c.TxtSMTPuser, &Parametres::SmtpUser);
@@ -89,6 +91,7 @@ void FrmSmtp::AfficheCompteSmtp() {
   const Parametres valeurs = Ports_.Reglages;
   Controles_.ChkMailWinsock->setChecked(!valeurs.SmtpActif);
   Controles_.CheckNeedLoginSMTP->setChecked(valeurs.SmtpNeedLogin);
+  Controles_.CheckSansChiffrement->setChecked(valeurs.SmtpSansChiffrement);
   ActiveChampsSmtp();
   Controles_.TxtFrom->setText(valeurs.SmtpFrom);
   Controles_.TxtSMTP->setText(valeurs.SmtpServeur);
@@ -104,6 +107,7 @@ void FrmSmtp::ActiveChampsSmtp() {
   for (QLineEdit* champ : {Controles_.TxtFrom, Controles_.TxtSMTP, Controles_.TextPort})
     ActiveChamp(*champ, champs.Serveur);
   for (QLineEdit* champ : {Controles_.TxtSMTPuser, Controles_.TxtSMTPpass}) ActiveChamp(*champ, champs.Connexion);
+  Controles_.CheckSansChiffrement->setEnabled(champs.Connexion);
 }
 
 void FrmSmtp::Montre() {
@@ -231,13 +235,17 @@ void FrmSmtp::EcritMots() {
     ligne.Etiquette->setText(t.Dit(ligne.Mots));
     ligne.Voisin->setAccessibleName(t.Dit(ligne.Mots));
   }
+  const Langue parlee = LangueParlee(Ports_.Reglages.LangueCourante);
+  c.LblSansChiffrement->setText(MotsSansChiffrement(parlee));
+  c.CheckSansChiffrement->setAccessibleName(MotsSansChiffrement(parlee));
+  for (QWidget* controle : {static_cast<QWidget*>(c.CheckSansChiffrement), static_cast<QWidget*>(c.LblSansChiffrement)})
+    controle->setToolTip(AideSansChiffrement(parlee));
   EcritComptes();
   // The shown text is no selection: picking any entry is a choice.
   c.CmbComptes->setPlaceholderText(t.Dit(Libelle::kChoisitCompte));
   c.CmbComptes->setCurrentIndex(-1);
   c.CmbComptes->setAccessibleName(t.Dit(Libelle::kChoisitCompte));
-  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
-  Panneau_->EcritMots(DonneMotsEssaiMail(langue), InviteEssaiMail(langue, DonneDestination()));
+  Panneau_->EcritMots(DonneMotsEssaiMail(parlee), InviteEssaiMail(parlee, DonneDestination()));
 }
 
 }  // namespace vaktor

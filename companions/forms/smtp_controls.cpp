@@ -48,7 +48,9 @@ ControlesSmtp::ControlesSmtp(QWidget* forme)
       LblSMTPuser(CreeEtiquette(forme, "LblSMTPuser")),
       TxtSMTPuser(CreeChamp(forme, "TxtSMTPuser")),
       LblSMTPass(CreeEtiquette(forme, "LblSMTPass")),
-      TxtSMTPpass(CreeChamp(forme, "TxtSMTPpass")) {
+      TxtSMTPpass(CreeChamp(forme, "TxtSMTPpass")),
+      CheckSansChiffrement(Nomme(new QCheckBox(forme), "CheckSansChiffrement")),
+      LblSansChiffrement(CreeEtiquette(forme, "LblSansChiffrement")) {
   TxtSMTP->setText(QStringLiteral("smtp."));
   TextPort->setFixedWidth(kLargeurPort);
   TxtSMTPpass->setEchoMode(QLineEdit::Password);
@@ -81,6 +83,7 @@ QGridLayout* ControlesSmtp::DonneGrille() const {
   ligneEntiere(CheckNeedLoginSMTP, LblNeedLoginSMTP);
   ligne(LblSMTPuser, TxtSMTPuser);
   ligne(LblSMTPass, TxtSMTPpass);
+  ligneEntiere(CheckSansChiffrement, LblSansChiffrement);
   return grille;
 }
 

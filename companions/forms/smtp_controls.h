@@ -31,6 +31,8 @@ struct ControlesSmtp {
   QLineEdit* TxtSMTPuser;
   QLabel* LblSMTPass;
   QLineEdit* TxtSMTPpass;
+  QCheckBox* CheckSansChiffrement;
+  QLabel* LblSansChiffrement;
 };
 
 /// Enabled and white, or disabled and grey.

@@ -13,7 +13,7 @@ struct Ligne {
 };
 
 // %1 the server, %2 the port.
-constexpr std::array<Ligne, 21> kLignes = {{
+constexpr std::array<Ligne, 22> kLignes = {{
     {CauseEchec::kAucune, "mail-ok", {"Le mail a été accepté.", "The mail was accepted."}, {"", ""}},
     {CauseEchec::kIncomplet,
      "mail-incomplete",
@@ -52,6 +52,15 @@ constexpr std::array<Ligne, 21> kLignes = {{
      "mail-tls",
      {"La connexion chiffrée avec %1 n'a pas pu être établie.", "The encrypted connection with %1 could not be made."},
      {"Essayez le port 587, ou 465 pour TLS dès le début.", "Try port 587, or 465 for TLS from the start."}},
+    {CauseEchec::kSansTls,
+     "mail-no-tls",
+     {"Le serveur %1 n'offre pas de chiffrement sur le port %2 : votre mot de passe n'est pas parti.",
+      "The server %1 offers no encryption on port %2: your password was not sent."},
+     {"Choisissez le port 465 ou 587 dans « Avancé ». Si votre serveur n'a aucun chiffrement, cochez « Sans "
+      "chiffrement » : le mot de passe pourra alors être lu en route.",
+      "Choose port 465 or 587 under \"More\". If your server has no encryption at all, tick \"Without encryption\": "
+      "the "
+      "password can then be read on its way."}},
     {CauseEchec::kServeurRefuse,
      "mail-refused",
      {"Le serveur %1 ne prend pas de mails en ce moment.", "The server %1 takes no mail at the moment."},
@@ -172,6 +181,16 @@ AvisEchec ComposeAvis(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglag
 AvisEchec ComposeAvisEssai(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
   const Ligne* ligne = TrouveLigne(kLignesEssai, resultat.Cause);
   return Compose(ligne != nullptr ? ligne : TrouveLigne(kLignes, resultat.Cause), resultat, reglages);
+}
+
+PhraseDite DitChiffrement(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
+  if (!reglages.ParSmtp) return {};
+  if (resultat.Chiffre) return Phrase{" La connexion était chiffrée.", " The connection was encrypted."};
+  if (!reglages.AvecConnexion)
+    return Phrase{" La connexion n'était pas chiffrée.", " The connection was not encrypted."};
+  return Phrase{
+      " La connexion n'était pas chiffrée : votre mot de passe a pu être lu en route. Essayez le port 465 ou 587.",
+      " The connection was not encrypted: your password could be read on its way. Try port 465 or 587."};
 }
 
 AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots) {

@@ -5,6 +5,7 @@
 
 #include "modules/common/failure_notice.h"
 #include "modules/mail/sending.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 
@@ -13,6 +14,10 @@ namespace vaktor {
 AvisEchec ComposeAvis(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages);
 /// The same for a rehearsal: nothing of it is kept or sent again, and it has no photos.
 AvisEchec ComposeAvisEssai(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages);
+/// What a rehearsal adds to a mail that was taken: whether its way to the server was encrypted, and what to choose if
+/// it was not. Nothing of a mail that the system's own program has taken.
+PhraseDite DitChiffrement(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages);
+
 /// The outbox cannot be written; `mots` are those of the system.
 AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots);
 

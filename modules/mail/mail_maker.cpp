@@ -1,5 +1,7 @@
 #include "modules/mail/mail_maker.h"
 
+#include <algorithm>
+
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/sendmail_sender.h"
 #include "platform/base/system_files.h"
@@ -16,6 +18,15 @@ quint16 LitPort(const QString& texte) {
   return LitNombre(texte, port) && port > 0 && port <= kPortMax ? static_cast<quint16>(port) : quint16{0};
 }
 
+/// Words to it do not leave the machine (RFC 6761, 6.3; RFC 1122, 3.2.1.3; RFC 4291, 2.5.3). "127.exemple.fr" is a
+/// name.
+bool EstCetteMachine(const QString& serveur) {
+  const bool boucle = serveur.startsWith(QLatin1StringView("127.")) &&
+                      std::ranges::all_of(serveur, [](QChar c) { return c == u'.' || (c >= u'0' && c <= u'9'); });
+  return boucle || serveur == QLatin1StringView("::1") ||
+         serveur.compare(QLatin1StringView("localhost"), Qt::CaseInsensitive) == 0;
+}
+
 }  // namespace
 
 ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule& dossiers, const QString& autorites) {
@@ -25,6 +36,8 @@ ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule
   r.Envoi.Port = LitPort(valeurs.SmtpPort);
   r.Envoi.TlsDesLeDebut = r.Envoi.Port == kPortTls;
   r.Envoi.AvecConnexion = valeurs.SmtpNeedLogin;
+  r.Envoi.TlsExige =
+      valeurs.SmtpActif && valeurs.SmtpNeedLogin && !valeurs.SmtpSansChiffrement && !EstCetteMachine(r.Envoi.Serveur);
   r.Envoi.Utilisateur = valeurs.SmtpUser;
   r.Envoi.MotDePasse = valeurs.SmtpPass;
   r.Envoi.FichierAutorites = autorites;

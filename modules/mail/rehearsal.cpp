@@ -35,6 +35,7 @@ Parametres LitDemande(const QJsonObject& demande) {
   texte("pass", p.SmtpPass);
   drapeau("smtpactif", p.SmtpActif);
   drapeau("smtpneedlogin", p.SmtpNeedLogin);
+  drapeau("smtpsanschiffrement", p.SmtpSansChiffrement);
   p.LangueCourante = demande.value(QStringLiteral("langue")).toInt(0);
   return p;
 }
@@ -78,7 +79,8 @@ FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites, c
   // What a server said has been told as the step that it answered; what the system said has not.
   if (!resultat.Accepte && !resultat.MotsServeur.isEmpty() && !derniere.endsWith(resultat.MotsServeur))
     dis(resultat.MotsServeur);
-  dis(avis.Mots.Dit(LangueParlee(valeurs.LangueCourante)));
+  const Langue langue = LangueParlee(valeurs.LangueCourante);
+  dis(avis.Mots.Dit(langue) + (resultat.Accepte ? DitChiffrement(resultat, reglages.Envoi).Dit(langue) : QString()));
   return resultat.Accepte ? FinRepetition::kAccepte : FinRepetition::kRefuse;
 }
 

@@ -24,6 +24,9 @@ struct ReglagesEnvoi {
   QString Serveur;             ///< a name or an address; nothing else passes
   quint16 Port = 25;           ///< 0: what the user typed is no port
   bool TlsDesLeDebut = false;  ///< TLS from the first byte (port 465); else STARTTLS when the server offers it
+  /// The mail goes by TLS or not at all: a password, and whoever stands on the way could else read it, or take away the
+  /// server's offer to encrypt. Not asked of this machine itself, nor where the user does without.
+  bool TlsExige = false;
   bool AvecConnexion = false;
   QString Utilisateur;
   QString MotDePasse;        ///< in clear; goes to the server and nowhere else
@@ -43,6 +46,7 @@ enum class CauseEchec {
   kPasDeConnexion,      ///< nobody answers on that port, or the network is down
   kCertificat,          ///< the server's certificate is not to be trusted
   kTls,                 ///< TLS could not be made
+  kSansTls,             ///< the server offers none, and the password must not go in clear
   kServeurRefuse,       ///< the server does not want to talk now
   kConnexionRefusee,    ///< user name or password refused
   kConnexionDemandee,   ///< the server takes no mail without a login
@@ -60,6 +64,7 @@ enum class CauseEchec {
 
 struct ResultatEnvoi {
   bool Accepte = false;
+  bool Chiffre = false;    ///< the way to the server was encrypted
   bool Definitif = false;  ///< refused for good (5xx about this mail): trying again makes no sense
   CauseEchec Cause = CauseEchec::kAucune;
   int Code = 0;              ///< SMTP reply code, 0 when there was none

@@ -34,6 +34,7 @@ struct Envoi {
   QElapsedTimer DepuisActivite;  // since the server last did anything
   QElapsedTimer DepuisFin;       // since we were asked to end
   curl_off_t Envoyes = 0;
+  bool Chiffre = false;
   bool Arrete = false;
   bool DelaiDepasse = false;
   std::array<char, CURL_ERROR_SIZE> Erreur = {};
@@ -63,6 +64,8 @@ int Surveille(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t envoy
 }
 
 void NoteDialogue(Envoi& e, curl_infotype genre, const QByteArray& bloc) {
+  // What TLS itself sends: there is none without it.
+  if (genre == CURLINFO_SSL_DATA_OUT) e.Chiffre = true;
   if (genre == CURLINFO_HEADER_OUT) e.Dialogue.NoteCommande(bloc);
   if (genre != CURLINFO_HEADER_IN) return;
   e.DepuisActivite.restart();
@@ -94,8 +97,9 @@ CauseEchec CauseSelonCurl(CURLcode code, const Envoi& e) {
     case CURLE_PEER_FAILED_VERIFICATION:
     case CURLE_SSL_CACERT_BADFILE:
       return CauseEchec::kCertificat;
-    case CURLE_SSL_CONNECT_ERROR:
     case CURLE_USE_SSL_FAILED:
+      return CauseEchec::kSansTls;
+    case CURLE_SSL_CONNECT_ERROR:
     case CURLE_SSL_CIPHER:
       return CauseEchec::kTls;
     default:
@@ -109,6 +113,7 @@ ResultatEnvoi ComposeResultat(CURLcode code, const Envoi& e) {
   ResultatEnvoi r;
   // A connection that breaks behind the server's 250 is no failure, and must not send the mail a second time.
   r.Accepte = code == CURLE_OK || e.Dialogue.EstAccepte();
+  r.Chiffre = e.Chiffre;
   r.Code = e.Dialogue.CodeRefus();
   r.MotsServeur = ResumeMots(e.Dialogue.MotsRefus());
   if (r.Accepte) return r;
@@ -130,7 +135,7 @@ bool RegleServeur(CURL* c, const ReglagesEnvoi& r) {
   if (!url.isValid() || url.host().isEmpty()) return false;
   curl_easy_setopt(c, CURLOPT_URL, url.toEncoded().constData());
   curl_easy_setopt(c, CURLOPT_PROTOCOLS_STR, "smtp,smtps");
-  curl_easy_setopt(c, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
+  curl_easy_setopt(c, CURLOPT_USE_SSL, static_cast<long>(r.TlsExige ? CURLUSESSL_ALL : CURLUSESSL_TRY));
   curl_easy_setopt(c, CURLOPT_SSL_VERIFYPEER, 1L);
   curl_easy_setopt(c, CURLOPT_SSL_VERIFYHOST, 2L);
   if (!r.FichierAutorites.isEmpty()) curl_easy_setopt(c, CURLOPT_CAINFO, r.FichierAutorites.toLocal8Bit().constData());

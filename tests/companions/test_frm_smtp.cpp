@@ -86,6 +86,7 @@ TEST_F(FormeSmtp, EnabledStatesAndColours) {
       const QImage image = Trouve(nom)->grab().toImage();
       EXPECT_EQ(image.pixelColor(image.width() - 8, image.height() / 2), connexion ? kBlanc : kGris) << nom << quand;
     }
+    EXPECT_EQ(Trouve("CheckSansChiffrement")->isEnabled(), connexion) << quand;
   };
   attend(true, true, " at first");
   Clique("CheckNeedLoginSMTP");
@@ -110,13 +111,26 @@ TEST_F(FormeSmtp, TheTabKeyWalksEverythingTopToBottom) {
   Ouvre();
   Trouve("ChkMailWinsock")->setFocus();
   QStringList chemin;
-  for (int i = 0; i < 10; ++i) {
+  for (int i = 0; i < 11; ++i) {
     chemin.append(QApplication::focusWidget()->objectName());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(chemin, (QStringList{"ChkMailWinsock", "CmbComptes", "TxtFrom", "TxtSMTP", "TextPort", "CheckNeedLoginSMTP",
-                                 "TxtSMTPuser", "TxtSMTPpass", "CmdEssai", "TxtEssai"}));
+                                 "TxtSMTPuser", "TxtSMTPpass", "CheckSansChiffrement", "CmdEssai", "TxtEssai"}));
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "ChkMailWinsock");
+}
+
+TEST_F(FormeSmtp, TheSwitchForServersWithoutEncryptionIsTheSettingAndSaysWhatItCosts) {
+  Reglages.SmtpSansChiffrement = true;
+  Ouvre();
+  EXPECT_TRUE(Coche("CheckSansChiffrement"));
+  Clique("CheckSansChiffrement");
+  EXPECT_FALSE(Reglages.SmtpSansChiffrement);
+  Clique("CheckSansChiffrement");
+  EXPECT_TRUE(Reglages.SmtpSansChiffrement);
+  EXPECT_EQ(Trouve<QLabel>("LblSansChiffrement")->text(), Trouve("CheckSansChiffrement")->accessibleName());
+  EXPECT_EQ(Trouve<QLabel>("LblSansChiffrement")->text(), "Without encryption");
+  EXPECT_TRUE(Trouve("CheckSansChiffrement")->toolTip().contains("password and pictures"));
 }
 
 TEST_F(FormeSmtp, SettingsLoseTheBlanksThatTheFieldsKeep) {

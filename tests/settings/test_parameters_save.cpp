@@ -122,6 +122,7 @@ TEST(SauveParametres, BringsEveryValueBackThroughALoad) {
        .SmtpUser = "u",
        .SmtpActif = false,
        .SmtpNeedLogin = false,
+       .SmtpSansChiffrement = true,
        .SmtpPass = "p1",
        .AdresseHtml = "h/",
        .AdresseFtp = "ftp",

@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QTimeZone>
 
+#include "modules/mail/failure_advice.h"
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/photo_source.h"
@@ -182,6 +183,38 @@ TEST(Settings, AreTakenAsStored) {
     EXPECT_EQ(r.Envoi.Port, 0) << port;
   }
   EXPECT_EQ(r.DossierPhotos, "/home/anna/intrus");
+}
+
+TEST(Settings, APasswordTravelsEncryptedUnlessItStaysHereOrTheUserDoesWithout) {
+  Parametres p;
+  const auto exige = [&p](const char* serveur) {
+    p.SmtpServeur = QString::fromUtf8(serveur);
+    return TraduitReglages(p, {}, {}).Envoi.TlsExige;
+  };
+  for (const char* loin : {"smtp.exemple.fr", "192.168.1.7", "localhost.exemple.fr", "127.exemple.fr", "::2"})
+    EXPECT_TRUE(exige(loin)) << loin;
+  for (const char* ici : {"localhost", "LocalHost ", "127.0.0.1", "127.1.2.3", "::1"}) EXPECT_FALSE(exige(ici)) << ici;
+  p.SmtpSansChiffrement = true;
+  EXPECT_FALSE(exige("smtp.exemple.fr")) << "the user's choice";
+  p.SmtpSansChiffrement = false;
+  p.SmtpNeedLogin = false;
+  EXPECT_FALSE(exige("smtp.exemple.fr")) << "no password";
+  p.SmtpNeedLogin = true;
+  p.SmtpActif = false;
+  EXPECT_FALSE(exige("smtp.exemple.fr")) << "the system's own program";
+}
+
+TEST(Encryption, ARehearsalSaysWhetherItsWayWasEncrypted) {
+  ReglagesEnvoi reglages;
+  reglages.AvecConnexion = true;
+  ResultatEnvoi resultat{.Accepte = true, .Chiffre = true};
+  EXPECT_EQ(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais), " The connection was encrypted.");
+  resultat.Chiffre = false;
+  EXPECT_TRUE(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais).contains("465 or 587"));
+  reglages.AvecConnexion = false;
+  EXPECT_EQ(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais), " The connection was not encrypted.");
+  reglages.ParSmtp = false;
+  EXPECT_EQ(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais), "");
 }
 
 }  // namespace

@@ -109,7 +109,7 @@ TEST_F(ProgrammeMail, TheRehearsalTellsEachStepAndSavesNothing) {
   const QString bon = repete(debut + port + R"(,"smtpneedlogin":false,"langue":1})");
   EXPECT_EQ(Programme.exitCode(), 0) << bon.toStdString();
   EXPECT_TRUE(bon.contains("MAIL: 250") && bon.contains("DATA: 250 2.0.0 taken")) << bon.toStdString();
-  EXPECT_TRUE(bon.endsWith("The mail was accepted.\n"));
+  EXPECT_TRUE(bon.endsWith("The mail was accepted. The connection was not encrypted.\n")) << bon.toStdString();
   EXPECT_EQ(Serveur.NombreRecus(), 1);
   Serveur.Arrete();
   ASSERT_TRUE(Serveur.Demarre({"--login", "anna", "autre"}));

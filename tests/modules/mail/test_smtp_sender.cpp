@@ -113,6 +113,33 @@ TEST_F(Sender, StarttlsIsUsedWhenItIsOffered) {
   EXPECT_TRUE(Serveur.Enveloppe().value("tls").toBool());
 }
 
+TEST_F(Sender, WhereTlsIsAskedForAServerWithoutItGetsNeitherMailNorPassword) {
+  ASSERT_TRUE(Serveur.Demarre({"--login", "anna", "s3cret&mot"}));
+  Regle(true);
+  Reglages.TlsExige = true;
+  const ResultatEnvoi r = Envoie();
+  EXPECT_FALSE(r.Accepte);
+  EXPECT_EQ(r.Cause, CauseEchec::kSansTls);
+  EXPECT_FALSE(r.Definitif) << "the mail waits for other settings";
+  EXPECT_EQ(Serveur.NombreRecus(), 0);
+  for (const QString& etape : Etapes) EXPECT_FALSE(etape.startsWith("AUTH")) << etape.toStdString();
+  Reglages.TlsExige = false;
+  const ResultatEnvoi sans = Envoie();
+  EXPECT_TRUE(sans.Accepte) << sans.MotsServeur.toStdString();
+  EXPECT_FALSE(sans.Chiffre);
+}
+
+TEST_F(Sender, WhereTlsIsAskedForAServerThatOffersItGetsTheMail) {
+  ASSERT_TRUE(Serveur.Demarre(QStringList("--starttls") + BonsCertificats().Paire() +
+                              QStringList{"--login", "anna", "s3cret&mot"}));
+  Regle(true);
+  Reglages.TlsExige = true;
+  Reglages.FichierAutorites = BonsCertificats().Autorite();
+  const ResultatEnvoi r = Envoie();
+  EXPECT_TRUE(r.Accepte) << r.MotsServeur.toStdString();
+  EXPECT_TRUE(r.Chiffre);
+}
+
 TEST_F(Sender, TlsFromTheStartAndLogin) {
   ASSERT_TRUE(
       Serveur.Demarre(QStringList("--tls") + BonsCertificats().Paire() + QStringList{"--login", "anna", "s3cret&mot"}));
