@@ -117,5 +117,50 @@ TEST_F(ReglagesDansLaFenetre, PhotosOfAFirstRunLieWhereTheInstallationPutsThem) 
   EXPECT_EQ(Systeme.Valeurs.value(cle), QStringLiteral("/home/u/Images\\Vaktor"));
 }
 
+class DernierChangement : public ReglagesDansLaFenetre {
+ protected:
+  void DemarreEtOublie() {
+    DemarreAvec({});
+    Systeme.Temps.Avance(2000);
+    Clique("Bouton(4)");  // the page of the options
+    Systeme.Notes.Vide();
+  }
+  QString Stocke(const char* cle) const { return Systeme.Valeurs.value(QLatin1String(cle)); }
+};
+
+// Neither is saved at once, and both are there at the next start, when nothing else was changed.
+TEST_F(DernierChangement, TheSkinIsSavedAsTheProgramEnds) {
+  DemarreEtOublie();
+  QTest::keyClick(Trouve<QComboBox>("CombSkin"), Qt::Key_Down);
+  EXPECT_EQ(Sauvegardes(), 0);
+  EXPECT_EQ(Stocke("general/skin"), QStringLiteral("0"));
+  Programme->Ferme();
+  EXPECT_EQ(Stocke("general/skin"), QStringLiteral("1"));
+  EXPECT_EQ(DemarreAvec(Systeme.Valeurs)[QStringLiteral("CombSkin")], QStringLiteral("1"));
+}
+
+TEST_F(DernierChangement, TheLanguageIsSavedAsTheProgramEnds) {
+  DemarreEtOublie();
+  Clique("Image4(1)");
+  EXPECT_EQ(Sauvegardes(), 0);
+  EXPECT_EQ(Stocke("general/langue"), QStringLiteral("0"));
+  Programme->Ferme();
+  EXPECT_EQ(Stocke("general/langue"), QStringLiteral("1"));
+}
+
+TEST_F(DernierChangement, AStartThatChangesNothingLeavesTheEndNothingToSave) {
+  DemarreEtOublie();
+  Programme->Ferme();
+  EXPECT_EQ(Sauvegardes(), 0);
+}
+
+TEST_F(ReglagesDansLaFenetre, TheMailTextComesThroughAStartAndItsSavesAsItStands) {
+  const QString texte = QString::fromUtf8("Alerte\u00A0!\r\nVenez\u00A0vite.\r\n");
+  DemarreAvec({{QStringLiteral("MAIL/corp"), texte}});
+  ASSERT_EQ(Sauvegardes(), 2);
+  EXPECT_EQ(Systeme.Valeurs.value(QStringLiteral("MAIL/corp")).toUtf8().toPercentEncoding(),
+            texte.toUtf8().toPercentEncoding());
+}
+
 }  // namespace
 }  // namespace vaktor::essai

@@ -370,5 +370,39 @@ TEST_F(Champs, AnyTextCanBePastedIntoEveryField) {
   EXPECT_EQ(Banc.Reglages.MailCorps.size(), 100000);
 }
 
+// A French text has blanks that do not break, before "!" and inside numbers; a file from elsewhere ends its lines by CR
+// and LF. Neither is changed by being shown.
+TEST_F(Champs, MailTextIsKeptAsItStands) {
+  auto* corps = Banc.Trouve<QPlainTextEdit>("TextTexte");
+  for (const QString& texte :
+       {QString::fromUtf8("Alerte\u00A0!\r\nVenez\u00A0vite.\r\n"), QStringLiteral("one\ntwo"),
+        QStringLiteral("one\rtwo"),
+        QStringLiteral("a\r\nb\nc\rd") + QChar(QChar::LineSeparator) + QChar(QChar::ParagraphSeparator) + u'e',
+        QString()}) {
+    Banc.Reglages.MailCorps = texte;
+    corps->setPlainText(texte);
+    EXPECT_EQ(Banc.Reglages.MailCorps.toUtf8().toPercentEncoding(), texte.toUtf8().toPercentEncoding());
+  }
+}
+
+TEST_F(Champs, MailTextThatIsTypedKeepsItsBlanksAndEndsItsLinesAsTheTextDid) {
+  auto* corps = Banc.Trouve<QPlainTextEdit>("TextTexte");
+  const auto tapeApres = [this, corps](const QString& texte) {
+    Banc.Reglages.MailCorps = texte;
+    corps->setPlainText(texte);
+    corps->setFocus();
+    corps->moveCursor(QTextCursor::End);
+    QTest::keyClicks(corps, QStringLiteral("x"));
+    QTest::keyClick(corps, Qt::Key_Return);
+    QTest::keyClicks(corps, QString(QChar::Nbsp));
+    QTest::keyClick(corps, Qt::Key_Return, Qt::ShiftModifier);
+    return Banc.Reglages.MailCorps;
+  };
+  EXPECT_EQ(tapeApres(QString::fromUtf8("a\u00A0b\r\nc")), QString::fromUtf8("a\u00A0b\r\ncx\r\n\u00A0\r\n"));
+  EXPECT_EQ(tapeApres(QStringLiteral("a\nb")), QString::fromUtf8("a\nbx\n\u00A0\n"));
+  EXPECT_EQ(tapeApres(QString()), QString::fromUtf8("x\n\u00A0\n"));
+  EXPECT_TRUE(Banc.Reglages.ParametresModifies);
+}
+
 }  // namespace
 }  // namespace vaktor

@@ -131,6 +131,20 @@ TEST(Skins, AnotherSkinChosenByTheUserIsDrawnOnce) {
   EXPECT_EQ(banc.Pompe.Appels, pompes + 1);
 }
 
+TEST(Skins, TheUsersChoiceIsNotedForTheNextSaveAndAsksForOne) {
+  BancFenetre banc;
+  QComboBox* liste = banc.Fenetre.Options().CombSkin;
+  liste->setCurrentIndex(1);
+  EXPECT_EQ(banc.Reglages.IndexSkin, 1) << "by whomever it is chosen";
+  EXPECT_FALSE(banc.Reglages.ParametresModifies) << "only the user's choice asks for a save";
+  QTest::keyClick(liste, Qt::Key_Down);
+  EXPECT_EQ(banc.Reglages.IndexSkin, 2);
+  EXPECT_TRUE(banc.Reglages.ParametresModifies);
+  EXPECT_EQ(banc.Sauvegarde.Sauvegardes, 0) << "but none at once";
+  liste->setCurrentIndex(-1);
+  EXPECT_EQ(banc.Reglages.IndexSkin, -1);
+}
+
 TEST(Skins, TickIsOffWhileTheMessagesArePumpedAndOnAfterwards) {
   BancFenetre banc;
   bool actif = true;

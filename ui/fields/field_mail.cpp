@@ -8,6 +8,17 @@ namespace vaktor {
 
 namespace {
 constexpr Libelle kDemandeAdresse = Libelle::kMailDestination;
+
+/// Every end of a line that the field takes for one as "LF".
+QString UnitLignes(QString texte) {
+  texte.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+  texte.replace(u'\r', u'\n');
+  texte.replace(QChar::LineSeparator, u'\n');  // what Shift and Enter put in
+  return texte.replace(QChar::ParagraphSeparator, u'\n');
+}
+
+/// What the field holds, to the character, which its toPlainText() does not tell.
+QString LitTexteMontre(const QPlainTextEdit& champ) { return UnitLignes(champ.document()->toRawText()); }
 }  // namespace
 
 ChampsMail::ChampsMail(const PortsChamps& ports, PageMail& page) : Ports_(ports), Page_(page) {
@@ -28,10 +39,7 @@ void ChampsMail::BrancheChamps() {
     Ports_.Reglages.MailSujet = Page_.TextSujet->text();
     Ports_.NoteModification();
   });
-  connect(Page_.TextTexte, &QPlainTextEdit::textChanged, this, [this] {
-    Ports_.Reglages.MailCorps = Page_.TextTexte->toPlainText();
-    Ports_.NoteModification();
-  });
+  connect(Page_.TextTexte, &QPlainTextEdit::textChanged, this, &ChampsMail::SuitTextTexte);
   const std::initializer_list<QWidget*> champs = {Page_.TxtNbrPhoto, Page_.TextNbrMail, Page_.TextEMail,
                                                   Page_.TextSujet, Page_.TextTexte};
   for (QWidget* champ : champs) {
@@ -62,6 +70,20 @@ void ChampsMail::SuitTextEMail() {
     EcritChamp(champ, RetireBlancs(GardePremiereLigne(champ.text())));
   }
   Ports_.Reglages.MailDestination = champ.text();
+  Ports_.NoteModification();
+}
+
+// The text is kept as it stands, where the field itself would make a plain blank of one that does not break, and "LF"
+// of whatever ends a line. What it shows of a stored text is no change of that text; what the user then writes into it
+// ends its lines as the text did.
+void ChampsMail::SuitTextTexte() {
+  QString& corps = Ports_.Reglages.MailCorps;
+  const QString montre = LitTexteMontre(*Page_.TextTexte);
+  if (montre != UnitLignes(corps)) {
+    const bool crlf = corps.contains(QStringLiteral("\r\n"));
+    corps = montre;
+    if (crlf) corps.replace(u'\n', QStringLiteral("\r\n"));
+  }
   Ports_.NoteModification();
 }
 

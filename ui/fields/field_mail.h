@@ -23,6 +23,7 @@ class ChampsMail : public QObject {
   void SuitTxtNbrPhoto();
   void SuitTextNbrMail();
   void SuitTextEMail();
+  void SuitTextTexte();
   void RetireDemande();
   void Quitte() const { Ports_.Sauvegarde.SauveParametres(); }
 

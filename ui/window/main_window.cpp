@@ -136,6 +136,11 @@ void Form1::BrancheOptions() {
   // No event watches this box: the engine reads the parameter when it needs it, and a later save writes it.
   connect(PictPage3_->ChkSeuilAuto, &QCheckBox::toggled, this,
           [this](bool coche) { Services_.Reglages.SeuilAuto = coche; });
+  // The skin is read from the list by the next save, whoever made the choice. That of the user asks for one, as the
+  // program ends at the latest; it is not saved at once, since somebody who looks at all skins chooses the last.
+  connect(PictPage3_->CombSkin, &QComboBox::currentIndexChanged, this,
+          [this](int index) { Services_.Reglages.IndexSkin = index; });
+  connect(PictPage3_->CombSkin, &QComboBox::activated, this, [this] { Services_.Reglages.ParametresModifies = true; });
   for (const Langue langue : kLangues) {
     connect(PictPage3_->Image4.at(RangLangue(langue)), &QAbstractButton::clicked, this,
             [this, langue] { ChoisitLangue(langue); });
@@ -149,6 +154,8 @@ void Form1::ChoisitMode(bool zoom) {
 
 void Form1::ChoisitLangue(Langue langue) {
   Services_.Reglages.LangueCourante = static_cast<qint32>(langue);
+  // Saved with the next save, as the program ends at the latest: changed last of all, it would be lost otherwise.
+  Services_.Reglages.ParametresModifies = true;
   Services_.ChargeTextes();
 }
 
