@@ -76,13 +76,15 @@ void ReglagesPersistants::RepareLu(const LigneReglage& ligne) {
 
 // The user's folder is replaced in the store and not kept for later, also when it only vanished for a while (a drive
 // that is not plugged in): photos of an alarm must have a place, and the user must see which.
-// A disk that does not answer, a server that comes up later than this machine, has lost nothing: its folder stays, and
-// should it stay silent the photos of an alarm say so themselves.
+// A file of that name is no folder: every photo would fail, and nobody is there to see it. Where the program's own
+// folder is a file it cannot be made, which ends the start. A disk that does not answer, a server that comes up later
+// than this machine, has lost nothing: its folder stays, and should it stay silent the photos of an alarm say so
+// themselves.
 void ReglagesPersistants::RepareRepertoirePhoto(const LigneReglage& ligne) {
   QString& repertoire = Liens_.Valeurs.RepertoirePhoto;
-  if (Liens_.Disque.Regarde(repertoire) != Presence::kAbsent) return;
+  if (Liens_.Disque.RegardeDossier(repertoire) != Presence::kAbsent) return;
   const QString dossier = DefautReglage(ligne, Liens_.DossierPhotos);
-  if (Liens_.Disque.Regarde(dossier) == Presence::kAbsent && !Liens_.Disque.CreeDossier(dossier)) {
+  if (Liens_.Disque.RegardeDossier(dossier) == Presence::kAbsent && !Liens_.Disque.CreeDossier(dossier)) {
     throw Echec(kFichierIntrouvable, DitDossierPhotoImpossible(LangueParlee(Liens_.Valeurs.LangueCourante),
                                                                NomReglage(ligne), repertoire, dossier));
   }

@@ -57,6 +57,10 @@ bool FichiersSysteme::Existe(const QString& chemin) const {
   return !chemin.isEmpty() && QFileInfo::exists(CheminNatif(chemin));
 }
 
+Presence FichiersSysteme::RegardeDossier(const QString& chemin) const {
+  return !chemin.isEmpty() && QFileInfo(CheminNatif(chemin)).isDir() ? Presence::kLa : Presence::kAbsent;
+}
+
 bool FichiersSysteme::CreeDossier(const QString& chemin) { return ::mkdir(NomSysteme(chemin).constData(), 0777) == 0; }
 
 std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const {

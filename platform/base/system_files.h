@@ -12,6 +12,8 @@ QString CheminNatif(const QString& chemin);
 class FichiersSysteme : public Fichiers {
  public:
   bool Existe(const QString& chemin) const override;
+  /// A link to a folder is one.
+  Presence RegardeDossier(const QString& chemin) const override;
   bool CreeDossier(const QString& chemin) override;
   /// `chemin` itself must exist. The share that the system keeps back for root does not count as free.
   std::optional<qint64> EspaceLibre(const QString& chemin) const override;

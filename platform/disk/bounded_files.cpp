@@ -31,11 +31,15 @@ FichiersBornes::Duree FichiersBornes::Patience() const {
   return muette ? kPatienceCourte : kPatience;
 }
 
-bool FichiersBornes::Existe(const QString& chemin) const { return Regarde(chemin) == Presence::kLa; }
+bool FichiersBornes::Existe(const QString& chemin) const {
+  if (chemin.isEmpty()) return false;
+  return Attend<bool>([chemin] { return FichiersSysteme().Existe(chemin); }).value_or(false);
+}
 
-Presence FichiersBornes::Regarde(const QString& chemin) const {
+Presence FichiersBornes::RegardeDossier(const QString& chemin) const {
   if (chemin.isEmpty()) return Presence::kAbsent;
-  return Attend<Presence>([chemin] { return FichiersSysteme().Regarde(chemin); }).value_or(Presence::kSansReponse);
+  return Attend<Presence>([chemin] { return FichiersSysteme().RegardeDossier(chemin); })
+      .value_or(Presence::kSansReponse);
 }
 
 bool FichiersBornes::CreeDossier(const QString& chemin) {

@@ -31,7 +31,7 @@ class FichiersBornes : public Fichiers, public PertesVidage {
 
   /// False for a disk that does not answer.
   bool Existe(const QString& chemin) const override;
-  Presence Regarde(const QString& chemin) const override;
+  Presence RegardeDossier(const QString& chemin) const override;
   /// False for a disk that does not answer; the folder may come into being later.
   bool CreeDossier(const QString& chemin) override;
   std::optional<qint64> EspaceLibre(const QString& chemin) const override;

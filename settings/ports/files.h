@@ -8,7 +8,7 @@
 
 namespace vaktor {
 
-/// What is known of a file or folder.
+/// What is known of a folder.
 enum class Presence {
   kLa,
   kAbsent,
@@ -20,9 +20,10 @@ class Fichiers {
   virtual ~Fichiers() = default;
   /// True when a file or folder of this name exists.
   virtual bool Existe(const QString& chemin) const = 0;
-  /// The same for who must tell a file that has gone from one of which nothing can be said; never kSansReponse where
-  /// the call waits as long as the disk does.
-  virtual Presence Regarde(const QString& chemin) const { return Existe(chemin) ? Presence::kLa : Presence::kAbsent; }
+  /// Whether a folder of this name is there; a file of that name, in which nothing can be put, is none. For who must
+  /// tell one that has gone from one of which nothing can be said; never kSansReponse where the call waits as long as
+  /// the disk does.
+  virtual Presence RegardeDossier(const QString& chemin) const = 0;
   /// Makes one folder; its parent must exist. False when it could not be made or was there already.
   virtual bool CreeDossier(const QString& chemin) = 0;
   /// Free bytes in all on the file system that holds `chemin`, also those that this user may not fill; nothing when

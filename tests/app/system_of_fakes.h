@@ -191,8 +191,10 @@ class DisqueNote : public Fichiers {
     J_.Note([&] { return QStringLiteral("files: exists ") + chemin; });
     return Existants.contains(chemin);
   }
-  Presence Regarde(const QString& chemin) const override {
-    return Muets.contains(chemin) ? Presence::kSansReponse : Fichiers::Regarde(chemin);
+  Presence RegardeDossier(const QString& chemin) const override {
+    J_.Note([&] { return QStringLiteral("files: folder ") + chemin; });
+    if (Muets.contains(chemin)) return Presence::kSansReponse;
+    return Existants.contains(chemin) ? Presence::kLa : Presence::kAbsent;
   }
   bool CreeDossier(const QString& chemin) override {
     J_.Note([&] { return QStringLiteral("files: make ") + chemin; });

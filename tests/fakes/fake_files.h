@@ -55,8 +55,9 @@ class FauxFichiers : public Fichiers {
   bool Existe(const QString& chemin) const override {
     return Dossiers_.contains(Cle(chemin)) || Contenus_.contains(Cle(chemin));
   }
-  Presence Regarde(const QString& chemin) const override {
-    return Muets.contains(Cle(chemin)) ? Presence::kSansReponse : Fichiers::Regarde(chemin);
+  Presence RegardeDossier(const QString& chemin) const override {
+    if (Muets.contains(Cle(chemin))) return Presence::kSansReponse;
+    return Dossiers_.contains(Cle(chemin)) ? Presence::kLa : Presence::kAbsent;
   }
   bool CreeDossier(const QString& chemin) override {
     DossiersDemandes += chemin;

@@ -155,6 +155,21 @@ TEST(Chargement, KeepsAPhotoFolderOfWhichNothingCanBeSaid) {
   EXPECT_TRUE(banc.Disque.DossiersDemandes.isEmpty());
 }
 
+TEST(Chargement, AFileIsNoPhotoFolder) {
+  BancReglages banc;
+  banc.Disque.AjouteFichier(QStringLiteral("/photos"));
+  banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QStringLiteral("/photos");
+  banc.Charge();
+  EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/prog\\intrus"));
+  EXPECT_EQ(banc.Disque.DossiersDemandes, QStringList{QStringLiteral("/prog\\intrus")});
+}
+
+TEST(Chargement, AFileWhereTheProgramsOwnFolderShouldBeEndsTheStart) {
+  BancReglages banc;
+  banc.Disque.AjouteFichier(QStringLiteral("/prog/intrus"));
+  EXPECT_TRUE(EchecDuChargement(banc, kFichierIntrouvable).contains(QStringLiteral("/prog\\intrus")));
+}
+
 TEST(Chargement, MakesNoFolderOnADiskThatDoesNotAnswer) {
   BancReglages banc;
   banc.Disque.Muets.insert(QStringLiteral("/prog/intrus"));

@@ -77,6 +77,18 @@ TEST_F(SystemFiles, FilesAndFoldersExistAndTheEmptyNameDoesNot) {
   EXPECT_FALSE(Disque.Existe(QString()));
 }
 
+TEST_F(SystemFiles, AFileIsNoFolderAndALinkToAFolderIsOne) {
+  Pose(QStringLiteral("/a"));
+  ASSERT_TRUE(QFile::link(Dossier.path(), Chemin(QStringLiteral("/lien"))));
+  ASSERT_TRUE(QFile::link(Chemin(QStringLiteral("/a")), Chemin(QStringLiteral("/lien_a"))));
+  EXPECT_EQ(Disque.RegardeDossier(Dossier.path()), Presence::kLa);
+  EXPECT_EQ(Disque.RegardeDossier(Chemin(QStringLiteral("\\lien"))), Presence::kLa);
+  for (const char* nom : {"/a", "/lien_a", "/b"}) {
+    EXPECT_EQ(Disque.RegardeDossier(Chemin(QLatin1String(nom))), Presence::kAbsent) << nom;
+  }
+  EXPECT_EQ(Disque.RegardeDossier(QString()), Presence::kAbsent);
+}
+
 TEST_F(SystemFiles, OneFolderIsMadeAtATimeAndOnlyOnce) {
   EXPECT_FALSE(Disque.CreeDossier(Chemin(QStringLiteral("/x/y"))));
   EXPECT_TRUE(Disque.CreeDossier(Chemin(QStringLiteral("/x"))));

@@ -104,7 +104,7 @@ TEST_F(BoundedFiles, AStartWithAllItsQuestionsIsHeldForLessThanTwoSeconds) {
   const DossiersProgramme dossiers{Chemin(), Chemin()};
   Temps.start();
   EXPECT_EQ(fichiers.Attend<QString>([dossiers] { return PrepareDossiers(dossiers); }), std::nullopt);
-  EXPECT_EQ(fichiers.Regarde(Chemin("/photos")), Presence::kSansReponse);
+  EXPECT_EQ(fichiers.RegardeDossier(Chemin("/photos")), Presence::kSansReponse);
   EXPECT_FALSE(fichiers.Existe(Chemin("\\intrus")));
   EXPECT_FALSE(fichiers.CreeDossier(Chemin("\\intrus")));
   EXPECT_FALSE(fichiers.EspaceLibre(Chemin()).has_value()) << "the tick of the box";
@@ -113,14 +113,19 @@ TEST_F(BoundedFiles, AStartWithAllItsQuestionsIsHeldForLessThanTwoSeconds) {
 
 TEST_F(BoundedFiles, QuestionsAreAnsweredAsByTheSystemItself) {
   const FichiersBornes fichiers;
-  EXPECT_EQ(fichiers.Regarde(Chemin()), Presence::kLa);
-  EXPECT_EQ(fichiers.Regarde(Chemin("/gone")), Presence::kAbsent);
-  EXPECT_EQ(fichiers.Regarde(QString()), Presence::kAbsent);
+  EXPECT_EQ(fichiers.RegardeDossier(Chemin()), Presence::kLa);
+  EXPECT_EQ(fichiers.RegardeDossier(Chemin("/gone")), Presence::kAbsent);
+  EXPECT_EQ(fichiers.RegardeDossier(QString()), Presence::kAbsent);
   EXPECT_EQ(fichiers.EspaceLibre(Chemin()), 4'096'000'000);
   FichiersBornes ecrit;
   EXPECT_TRUE(ecrit.CreeDossier(Chemin("\\intrus")));
   EXPECT_FALSE(ecrit.CreeDossier(Chemin("\\intrus"))) << "there already";
   EXPECT_TRUE(ecrit.Existe(Chemin("/intrus")));
+  EXPECT_FALSE(ecrit.Existe(Chemin("/gone")));
+  EXPECT_FALSE(ecrit.Existe(QString()));
+  EXPECT_EQ(ecrit.EcritFichier(Chemin("/file"), "x"), 0);
+  EXPECT_TRUE(ecrit.Existe(Chemin("/file")));
+  EXPECT_EQ(ecrit.RegardeDossier(Chemin("/file")), Presence::kAbsent) << "a file is no folder";
 }
 
 TEST_F(BoundedFiles, TheEndOfTheProgramLeavesThreadsThatHangBehind) {
