@@ -161,10 +161,10 @@ QString GaleriePhotos::CheminDe(const QString& dossier, const QString& entree) {
   return entree.contains(u'\\') ? QString() : dossier + u'\\' + entree;
 }
 
-QString GaleriePhotos::ChangeLimite(const QString& texte) {
+QString GaleriePhotos::ChangeLimite(const QString& texte, bool lue) {
   QString limite = NettoieNombre(texte, QStringLiteral("0"), 0);
   Ports_.Reglages.NombrePhotoMax = ChiffresEnEntierBorne(limite);
-  Ports_.Reglages.ParametresModifies = true;
+  if (!lue) Ports_.Reglages.ParametresModifies = true;
   return limite;
 }
 

@@ -91,8 +91,9 @@ class GaleriePhotos {
   void SupprimePhoto();
   void SupprimeTout();
 
-  /// TxtNbrPhotDisk has this text now: gives the one that it is to have, and NombrePhotoMax its value.
-  QString ChangeLimite(const QString& texte);
+  /// TxtNbrPhotDisk has this text now: gives the one that it is to have, and NombrePhotoMax its value. `lue`: it comes
+  /// from the store. It is cleaned like any other, but marks nothing: a start alone leaves nothing to save.
+  QString ChangeLimite(const QString& texte, bool lue = false);
   /// The window is asked to close: saves, always, and an opening that is still under way is none any more. True when it
   /// may, false when it is only to be hidden. Throws Echec.
   bool DemandeFermeture();

@@ -35,9 +35,7 @@ FormVisuPhoto::FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, 
   connect(PictureVisu_, &PlacePhoto::TailleChangee, this, &FormVisuPhoto::PlaceLaPhoto);
   Dispose();
   Regles_.Relie(*this);
-  // Shown, not changed: a start alone leaves nothing to save.
-  const QSignalBlocker silence(PictureAfff_->TxtNbrPhotDisk);
-  PictureAfff_->TxtNbrPhotDisk->setText(QString::number(reglages.NombrePhotoMax));
+  MontreLimite();
   setWindowState(Qt::WindowMaximized);
 }
 
@@ -63,6 +61,13 @@ void FormVisuPhoto::BranchePanneau() {
   connect(&panneau, &PanneauGalerie::DeplacementDemande, this, [this] {
     if (windowHandle() != nullptr) windowHandle()->startSystemMove();
   });
+}
+
+// Cleaned as it comes, like a text that is typed: what somebody wrote into the file by hand, "-5" for one, neither
+// stays in the field nor counts for the photos. But nobody has changed anything, so nothing is marked as changed.
+void FormVisuPhoto::MontreLimite() {
+  const QSignalBlocker silence(PictureAfff_->TxtNbrPhotDisk);
+  PictureAfff_->TxtNbrPhotDisk->setText(Regles_.ChangeLimite(QString::number(Reglages_.NombrePhotoMax), true));
 }
 
 void FormVisuPhoto::BrancheListe() {

@@ -58,6 +58,7 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
 
   void CreeMenu();
   void BranchePanneau();
+  void MontreLimite();
   void BrancheListe();
   void OuvreMenu(const QPoint& position);
   void Dispose();

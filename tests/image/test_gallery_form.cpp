@@ -277,6 +277,16 @@ TEST_F(Galerie, LimitFieldKeepsDigitsAndCountsAtOnce) {
   EXPECT_EQ(Limite->text(), QStringLiteral("0"));
 }
 
+TEST_F(Galerie, LimitFromTheStoreIsCleanedLikeATypedOneAndMarksNothing) {
+  Reglages.NombrePhotoMax = -25;
+  Reglages.ParametresModifies = false;
+  const FormVisuPhoto autre{BancGalerie::Galerie, Reglages, Textes};
+  EXPECT_EQ(autre.findChild<QLineEdit*>(QStringLiteral("TxtNbrPhotDisk"))->text(), QStringLiteral("25"));
+  EXPECT_EQ(Reglages.NombrePhotoMax, 25) << "what the field shows is what holds for the photos";
+  EXPECT_FALSE(Reglages.ParametresModifies);
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+}
+
 TEST_F(Galerie, LimitFieldKeepsTheCursorBehindTheSameCharacters) {
   Ouvre();
   Limite->setText(QStringLiteral("123"));
