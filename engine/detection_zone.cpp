@@ -11,8 +11,7 @@ void RemetZoneCamera(EtatSurveillance& etat) {
   etat.Detection.Zone = {.Gauche = 1, .Droite = taille.width(), .Haut = 1, .Bas = taille.height()};
 }
 
-void SuitTailleSurface(EtatSurveillance& etat) {
-  const QSize taille = etat.Surface.Taille();
+void SuitTailleSurface(EtatSurveillance& etat, QSize taille) {
   etat.Detection.Zone.Gauche = 0;
   etat.Detection.Zone.Droite = taille.width();
   etat.Detection.Zone.Bas = taille.height();

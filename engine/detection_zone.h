@@ -7,9 +7,9 @@ namespace vaktor {
 
 /// The start and the stop of the camera: (1, 1) to the surface's size.
 void RemetZoneCamera(EtatSurveillance& etat);
-/// The surface has a new size: left edge 0, right and bottom edges its size. The top edge stays, on purpose: a zone
-/// whose top was drawn keeps it through a change of format.
-void SuitTailleSurface(EtatSurveillance& etat);
+/// The surface is to have this size now: left edge 0, right and bottom edges the size. The top edge stays, on purpose:
+/// a zone whose top was drawn keeps it through a change of format.
+void SuitTailleSurface(EtatSurveillance& etat, QSize taille);
 
 /// Mouse events on Picture1, left button, in pixels of the frame; they may lie outside the picture and are kept as
 /// they come. The analysis works with the half-drawn zone of the moment.

@@ -12,7 +12,10 @@
 
 namespace vaktor {
 
-/// An outline as Rectangle draws it: from (gauche, haut) up to but without (droite, bas), edges in any order.
+inline constexpr QRgb kCouleurContour = qRgb(192, 192, 255);  ///< light blue, foreground colour of the surface
+
+/// An outline as Rectangle draws it: from (gauche, haut) up to but without (droite, bas), edges in any order, one pixel
+/// thick. One without width or height shows nothing.
 struct Contour {
   qint32 Gauche = 0, Haut = 0, Droite = 0, Bas = 0;
 };
@@ -23,7 +26,9 @@ class SurfaceImage {
   /// Size before the first frame: the design size of the picture box, in pixels.
   static constexpr int kLargeurInitiale = 287;
   static constexpr int kHauteurInitiale = 241;
-  /// Outlines kept at the most; a drag between two frames may ask for more, the oldest go.
+  /// Outlines that are kept as such, more than a drag asks for between two frames as a rule. Where no frame comes, of
+  /// a slow camera or none, the older ones are drawn into Anciens(): all of them stay, and neither memory nor the time
+  /// of a repaint grows with the length of the drag.
   static constexpr int kContoursMax = 64;
 
   /// Puts a new frame on the surface and drops all outlines. A frame of another size changes the surface's size first
@@ -40,6 +45,9 @@ class SurfaceImage {
   /// The frame, for those who look at it later, or at some of its rows only.
   const ImageCamera& Trame() const { return Image_; }
   QSize Taille() const { return Taille_; }  ///< scale width and height, in pixels
+  /// The outlines that came before those below, drawn in kCouleurContour on a transparent picture of the surface's
+  /// size; null where there are none.
+  const QImage& Anciens() const { return Anciens_; }
   int NombreContours() const { return Nombre_; }
   const Contour& ContourNumero(int i) const { return Contours_.at(static_cast<std::size_t>(i)); }
 
@@ -48,10 +56,14 @@ class SurfaceImage {
   void SurChangement(std::function<void()> fonction) { SurChangement_ = std::move(fonction); }
 
  private:
+  void OublieContours();
+  void GraveContour(const Contour& contour);
+
   ImageCamera Image_;
   QSize Taille_{kLargeurInitiale, kHauteurInitiale};
   std::array<Contour, kContoursMax> Contours_{};
   int Nombre_ = 0;
+  QImage Anciens_;
   std::function<void()> SurTaille_;
   std::function<void()> SurChangement_;
 };

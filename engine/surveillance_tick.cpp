@@ -112,9 +112,11 @@ bool TicSurveillance::PoseImage() {
   // A grab that fails in spite of all is not looked at: the earlier frame goes on.
   Ports_.Pilote.SaisitImage();
   DitEtat();
-  const QSize avant = Etat_.Surface.Taille();
-  Etat_.Surface.Pose(Ports_.Pilote.CopieTrame());
-  if (Etat_.Surface.Taille() != avant) SuitTailleSurface(Etat_);
+  const ImageCamera trame = Ports_.Pilote.CopieTrame();
+  // The zone first: the window fits itself to the new size, saves and tells the companions while the picture is put on
+  // the surface, and whatever looks at the zone then finds that of this picture.
+  if (!trame.EstNulle() && trame.Taille() != Etat_.Surface.Taille()) SuitTailleSurface(Etat_, trame.Taille());
+  Etat_.Surface.Pose(trame);
   return Ports_.Pilote.EstReprise();
 }
 

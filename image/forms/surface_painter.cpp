@@ -6,7 +6,7 @@ namespace vaktor {
 
 namespace {
 
-// One pixel thick, right and bottom edge excluded. An outline without width or height shows nothing.
+// Right and bottom edge excluded.
 void PeintContour(QPainter& peintre, const Contour& contour) {
   const double gauche = std::min(contour.Gauche, contour.Droite);
   const double droite = std::max(contour.Gauche, contour.Droite);
@@ -28,6 +28,10 @@ void PeintImage(QPainter& peintre, const QImage& image, const QSize& taille) {
   peintre.drawImage(QRectF(QPointF(0, 0), QSizeF(image.size())), image, QRectF(QPointF(0, 0), QSizeF(image.size())));
 }
 
+void PeintAnciens(QPainter& peintre, const QImage& anciens) {
+  if (!anciens.isNull()) peintre.drawImage(QPointF(0, 0), anciens);
+}
+
 // Start and direction of one axis: the first source coordinate and the scale, which is negative when mirrored.
 struct AxeEtire {
   double Origine;
@@ -43,17 +47,20 @@ AxeEtire CalculeAxe(int position, int etendue, double cible) {
 void CopieSurface::Prend(const SurfaceImage& surface) {
   Image = surface.Trame();
   Taille = surface.Taille();
+  Anciens = surface.Anciens();
   Contours.clear();
   for (int i = 0; i < surface.NombreContours(); ++i) Contours.push_back(surface.ContourNumero(i));
 }
 
 void PeintSurface(QPainter& peintre, const CopieSurface& copie) {
   PeintImage(peintre, copie.Image.Entiere(), copie.Taille);
+  PeintAnciens(peintre, copie.Anciens);
   for (const Contour& contour : copie.Contours) PeintContour(peintre, contour);
 }
 
 void PeintSurface(QPainter& peintre, const SurfaceImage& surface) {
   PeintImage(peintre, surface.Image(), surface.Taille());
+  PeintAnciens(peintre, surface.Anciens());
   for (int i = 0; i < surface.NombreContours(); ++i) PeintContour(peintre, surface.ContourNumero(i));
 }
 

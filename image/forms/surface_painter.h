@@ -13,13 +13,12 @@
 
 namespace vaktor {
 
-inline constexpr QRgb kCouleurContour = qRgb(192, 192, 255);  ///< light blue, foreground colour of the surface
-
 /// A frame with its outlines as they stood at one moment. The frame is shared, not copied, and nothing of it is made
 /// before it is painted.
 struct CopieSurface {
   ImageCamera Image;
   QSize Taille;
+  QImage Anciens;  ///< the outlines that came before Contours, null where there are none
   std::vector<Contour> Contours;
 
   /// Takes over what the surface shows now.

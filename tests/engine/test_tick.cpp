@@ -299,6 +299,20 @@ TEST_F(Tick, PhotosThatCannotBeWrittenAreNoEndOfTheDetection) {
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
 }
 
+TEST_F(Tick, ZoneIsThatOfTheNewPictureBeforeAnybodyHearsOfItsSize) {
+  DemarreSurNoir();
+  bool vu = false;
+  Engin.Surface().SurTaille([&] {
+    vu = true;
+    EXPECT_EQ(Engin.Surface().Taille(), QSize(90, 80));
+    AttendZone(Zone(), 0, 0, 90, 80);
+  });
+  Trame(Unie(0, 90, 80));
+  EXPECT_TRUE(vu);
+  Trame(QImage());  // no picture: nothing changes
+  AttendZone(Zone(), 0, 0, 90, 80);
+}
+
 TEST_F(Tick, PictureOfAnotherSizeMovesTheZoneButItsTop) {
   DemarreSurNoir();
   PoseZone(10, 12, 30, 40);

@@ -259,12 +259,42 @@ TEST(Surface, DropsOutlinesWithANewPictureAndFollowsItsSize) {
   EXPECT_EQ(tailles, 1);
 }
 
-TEST(Surface, OldestOutlinesGoWhenADragAsksForMore) {
+// Where no frame comes, all of them stay; what is kept does not grow.
+TEST(Surface, OutlinesBeyondTheListAreDrawnAsOnePictureUntilTheNextFrame) {
   SurfaceImage surface;
-  for (int i = 0; i <= SurfaceImage::kContoursMax; ++i) surface.Dessine({i, 0, 0, 0});
+  surface.Dessine({2, 3, 6, 8});
+  surface.Dessine({-5, -5, 400, 400});  // wholly beside the picture
+  surface.Dessine({281, 235, 290, 250});
+  surface.Dessine({9, 3, 9, 8});    // no width
+  surface.Dessine({20, 8, 10, 5});  // edges in any order
+  for (int i = 0; i < SurfaceImage::kContoursMax; ++i) {
+    EXPECT_EQ(surface.Anciens().isNull(), i < SurfaceImage::kContoursMax - 4) << i;
+    surface.Dessine({100 + i, 0, 200, 200});
+  }
   EXPECT_EQ(surface.NombreContours(), SurfaceImage::kContoursMax);
-  EXPECT_EQ(surface.ContourNumero(0).Gauche, 1);
-  EXPECT_EQ(surface.ContourNumero(SurfaceImage::kContoursMax - 1).Gauche, SurfaceImage::kContoursMax);
+  EXPECT_EQ(surface.ContourNumero(0).Gauche, 100);
+  QStringList points;
+  const QImage& anciens = surface.Anciens();
+  ASSERT_EQ(anciens.size(), surface.Taille());
+  for (int y = 0; y < anciens.height(); ++y) {
+    QString ligne;
+    for (int x = 0; x < anciens.width(); ++x) {
+      if (anciens.pixel(x, y) == kCouleurContour) ligne += QStringLiteral(" %1").arg(x);
+      EXPECT_TRUE(anciens.pixel(x, y) == kCouleurContour || anciens.pixel(x, y) == 0);
+    }
+    if (!ligne.isEmpty()) points += QString::number(y) + u':' + ligne;
+  }
+  EXPECT_EQ(points.join(u'\n').toStdString(),
+            "3: 2 3 4 5\n4: 2 5\n5: 2 5 10 11 12 13 14 15 16 17 18 19\n6: 2 5 10 19\n"
+            "7: 2 3 4 5 10 11 12 13 14 15 16 17 18 19\n"
+            "235: 281 282 283 284 285 286\n236: 281\n237: 281\n238: 281\n239: 281\n240: 281");
+  surface.Retire();
+  EXPECT_TRUE(surface.Anciens().isNull());
+  for (int i = 0; i <= SurfaceImage::kContoursMax; ++i) surface.Dessine({});
+  EXPECT_FALSE(surface.Anciens().isNull());
+  QImage image(8, 9, QImage::Format_RGB32);
+  surface.Pose(image);
+  EXPECT_TRUE(surface.Anciens().isNull());
 }
 
 }  // namespace

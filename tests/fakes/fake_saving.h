@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include "base/failure.h"
 #include "fakes/journal.h"
 #include "settings/parameters.h"
@@ -15,14 +17,16 @@ class SauvegardeFausse : public SauvegardeParametres {
   void SauveParametres() override {
     Journal_.Note([] { return QStringLiteral("SauveParametres"); });
     ModifiesALaSauvegarde = Reglages_.ParametresModifies;
+    if (PendantSauvegarde) PendantSauvegarde();
     if (Echoue) throw Echec(kAccesFichier, QStringLiteral("disk full"));
     Reglages_.ParametresModifies = false;
     ++Sauvegardes;
   }
 
   bool Echoue = false;
-  qint32 Sauvegardes = 0;              ///< those that succeeded
-  bool ModifiesALaSauvegarde = false;  ///< ParametresModifies as the last save found it
+  std::function<void()> PendantSauvegarde;  ///< runs in each of them
+  qint32 Sauvegardes = 0;                   ///< those that succeeded
+  bool ModifiesALaSauvegarde = false;       ///< ParametresModifies as the last save found it
 
  private:
   Journal& Journal_;

@@ -125,6 +125,52 @@ TEST_F(Moniteur, OtherButtonsDrawNothing) {
   AttendZone(20, 10, 100, 50);
 }
 
+TEST_F(Moniteur, WindowAndZoneHaveTheNewSizeBeforeTheSave) {
+  Pose(Unie(200, 150));
+  Glisse({100, 50}, {20, 10});
+  bool vu = false;
+  Banc.Sauvegarde.PendantSauvegarde = [&] {
+    vu = true;
+    AttendZone(0, 10, 320, 240);
+    EXPECT_EQ(Forme.size(), QSize(320, 240));
+    EXPECT_EQ(Barre->width(), 320);
+  };
+  Pose(Unie(320, 240));
+  EXPECT_TRUE(vu);
+}
+
+// A camera that is off, or gives a frame every few seconds: nothing wipes, however long the drag is.
+TEST_F(Moniteur, AllRectanglesOfALongDragStayUntilTheNextFrame) {
+  Pose(Unie(200, 150));
+  Glisse({1, 1}, {1, 1});
+  Pose(Unie(200, 150));
+  QTest::mousePress(Picture1, Qt::LeftButton, {}, QPoint(20, 10));
+  QImage attendu = Picture1->grab().toImage();
+  {
+    QPainter peintre(&attendu);
+    peintre.setPen(QColor(192, 192, 255));
+    // From beside the picture to its other corner and beyond, so that every edge is cut once.
+    for (int i = 0; i < 3 * SurfaceImage::kContoursMax; ++i) {
+      const QPoint coin(i - 10, i / 2 - 10);
+      QTest::mouseMove(Picture1, coin);
+      if (coin.x() == 20 || coin.y() == 10) continue;
+      // What a pen draws is a point wider and higher than the rectangle, whose right and bottom edges are not in it.
+      peintre.drawRect(std::min(20, coin.x()), std::min(10, coin.y()), std::abs(coin.x() - 20) - 1,
+                       std::abs(coin.y() - 10) - 1);
+    }
+  }
+  ASSERT_FALSE(Banc.Engin.Surface().Anciens().isNull()) << "a drag of this length";
+  const QImage vue = Picture1->grab().toImage();
+  int ecarts = 0;
+  for (int y = 0; y < 148; ++y) {  // the bar covers the last two rows
+    for (int x = 0; x < 200; ++x) ecarts += vue.pixel(x, y) != attendu.pixel(x, y);
+  }
+  EXPECT_EQ(ecarts, 0);
+  Pose(Unie(200, 150));
+  EXPECT_EQ(Picture1->grab().toImage().pixel(60, 10), qRgb(192, 192, 255)) << "the zone itself";
+  EXPECT_EQ(Picture1->grab().toImage().pixel(100, 30), qRgb(10, 20, 30)) << "and nothing else";
+}
+
 TEST_F(Moniteur, NewFrameSizeFitsTheWindowAndSaves) {
   Pose(Unie(320, 240));
   EXPECT_EQ(Picture1->size(), QSize(320, 240));

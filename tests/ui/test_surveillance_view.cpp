@@ -110,6 +110,21 @@ TEST(SurveillanceView, EnlargedViewRunsOneTickBehindAndKeepsTheOutlines) {
   EXPECT_EQ(static_cast<int>(banc.PleinEcran.Forme()->Copie().Contours.size()), contours);
 }
 
+TEST(SurveillanceView, EnlargedViewShowsAllRectanglesOfALongDragToo) {
+  BancFenetre banc;
+  banc.Clique("Bouton(0)");
+  banc.Tic();
+  banc.Engin.Surface().Dessine({2, 3, 6, 8});
+  for (int i = 0; i < SurfaceImage::kContoursMax; ++i) banc.Engin.Surface().Dessine({30, 30, 40, 40});
+  banc.Tic();
+  QImage vue(64, 48, QImage::Format_RGB32);
+  QPainter peintre(&vue);
+  PeintSurface(peintre, banc.PleinEcran.Forme()->Copie());
+  EXPECT_EQ(vue.pixel(5, 7), kCouleurContour) << "the first of them";
+  EXPECT_EQ(vue.pixel(39, 39), kCouleurContour) << "the last";
+  EXPECT_EQ(vue.pixel(6, 8), qRgb(10, 20, 30));
+}
+
 TEST(SurveillanceView, EnlargedViewThatWasClosedIsLoadedAgainByTheNextTick) {
   BancFenetre banc;
   banc.Clique("Bouton(0)");
