@@ -184,6 +184,35 @@ TEST_F(Ordre, StartArgumentsCarryOutLiveFirstThenAlarm) {
   EXPECT_EQ(vus.filter(QStringLiteral("timer ")).last(), QStringLiteral("timer TimerAutoStar: off"));
 }
 
+// The window lives while a camera is waited for. Closed then, nothing is switched on any more, nobody is asked
+// anything, and no sound is heard.
+TEST_F(Ordre, ClosingWhileTheStartArgumentsConnectEndsThere) {
+  for (const char* argument : {"/surve /alarm", "/alarm", "/surve"}) {
+    for (const bool trouvee : {true, false}) {
+      Programme.reset();
+      Systeme.Pilote = std::make_unique<faux::PiloteFaux>(Systeme.Notes);
+      auto& pilote = *Systeme.Pilote;
+      pilote.Presente = trouvee;
+      Demarre(QLatin1String(argument));
+      qsizetype ferme = -1;
+      pilote.PendantConnexion = [this, &ferme] {
+        Systeme.Notes.Vide();
+        Fenetre("Form1")->close();
+        ferme = Systeme.Notes.Lignes().size();
+      };
+      Systeme.Temps.Avance(1000);
+      ASSERT_GT(ferme, 0) << argument;
+      QStringList apres = Systeme.Notes.Lignes().mid(ferme);
+      // The shot that is being carried out, and the driver, which was let go while it was connecting.
+      apres.removeIf([](const QString& ligne) {
+        return ligne == QStringLiteral("timer TimerAutoStar: off") || ligne == QStringLiteral("Deconnecte") ||
+               ligne == QStringLiteral("PompeMessages");
+      });
+      EXPECT_EQ(apres.join(u'\n').toStdString(), "") << argument << (trouvee ? ", camera there" : ", no camera");
+    }
+  }
+}
+
 // The switches of /surve and /alarm would be thrown back, and nobody there has pressed anything.
 TEST_F(Ordre, TheReadyWordOfACompanionThatWasStartedAgainCarriesOutNothing) {
   Demarre(QStringLiteral("/alarm"));

@@ -145,6 +145,11 @@ class ProcessusFaux : public Processus {
   bool TermineProcessus(const ProcessusVu& vu) override {
     J_ << QStringLiteral("termine %1").arg(vu.Pid);
     if (Immortels.contains(vu.Pid)) return false;
+    if (FinisSeuls.contains(vu.Pid)) {
+      // Gone since the snapshot; its parent has seen it, and started the next.
+      Table.append({vu.Pid + 1000, vu.Nom, vu.NomAppele});
+      FinisSeuls.removeAll(vu.Pid);
+    }
     Table.removeIf([&vu](const ProcessusVu& autre) { return autre.Pid == vu.Pid; });
     return true;
   }
@@ -171,6 +176,7 @@ class ProcessusFaux : public Processus {
   }
   QList<ProcessusVu> Table;
   QList<qint32> Immortels;
+  QList<qint32> FinisSeuls;  ///< end by themselves, just as they are to be ended, and another one follows
   QStringList Absents;
 
  private:

@@ -59,6 +59,14 @@ TEST_F(Modules, AStartLeavesNoSecondStrayBehind) {
   EXPECT_TRUE(Processus.Table.isEmpty());
 }
 
+TEST_F(Modules, BehindOneThatHasEndedByItselfTheOthersAreEndedToo) {
+  Processus.Table = {{5, "VAKTORftp", ""}, {6, "VAKTORftp", ""}};
+  Processus.FinisSeuls = {5};
+  Regles.LanceModules();
+  EXPECT_EQ(Journal.join(u'|'), "termine 5|termine 6|termine 1005|" + Lancements);
+  EXPECT_TRUE(Processus.Table.isEmpty());
+}
+
 TEST_F(Modules, AProcessThatCannotBeEndedIsPassedOver) {
   Processus.Table = {{5, "VAKTORftp", ""}, {6, "VAKTORmail", ""}};
   Processus.Immortels = {5};

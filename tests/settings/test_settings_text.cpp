@@ -65,6 +65,17 @@ TEST(TexteReglages, ReadWhatPeopleType) {
   EXPECT_EQ(Lit("sujet=a\nsujet=b"), QStringLiteral("b")) << "the last one holds";
 }
 
+// As docs/settings.md says, so that whoever writes a path by hand knows which one comes through.
+TEST(TexteReglages, ReadTheEscapesWithoutQuotesToo) {
+  EXPECT_EQ(Lit("sujet=D:\\photos"), QStringLiteral("D:\\photos"));
+  EXPECT_EQ(Lit("sujet=D:\\night"), QStringLiteral("D:\night"));
+  EXPECT_EQ(Lit("sujet=D:\\\\night"), QStringLiteral("D:\\night"));
+  EXPECT_EQ(Lit("sujet=a\\tb\\rc\\x41\\\"d"), QStringLiteral("a\tb\rcA\"d"));
+  EXPECT_EQ(Lit("sujet=a\\0b"), QStringLiteral("a") + QChar(0) + u'b');
+  EXPECT_EQ(Lit("sujet=a\\xyz\\"), QStringLiteral("a\\xyz\\"));
+  EXPECT_EQ(Lit("sujet=a\\n "), QStringLiteral("a\n")) << "the blank behind it goes, the escape stays";
+}
+
 TEST(TexteReglages, ReadBytesThatAreNoUtf8AsWindows1252) {
   EXPECT_EQ(Lit("sujet=Alarme activ\xE9"
                 "e \x80"),
