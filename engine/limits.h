@@ -12,7 +12,7 @@ namespace vaktor {
 /// The samples of the frame before are numbered from 1 to this, and the running index moves on by the sampling step for
 /// each of them (engine/sampling.h: kEchantillonsMax of them fit). A zone that has more ends the analysis at its first
 /// sample too many, and every later one at its first sample: the index stays behind the table until the program ends.
-/// A camera is never given such a format while it offers another one.
+/// The capture driver scales larger pictures down before anybody sees them (platform/capture/choice/fitted_size.h).
 inline constexpr qint32 kIndexMax = 1'000'000;
 [[noreturn]] void LanceTablePleine();  ///< Echec(kIndiceHorsPlage)
 

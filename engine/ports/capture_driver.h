@@ -46,7 +46,8 @@ class PiloteCapture {
   /// opens again at once, nor after a dialog, unless the camera that it leaves open was lost and came back only later.
   virtual bool EstReprise() const = 0;
 
-  /// The frame last taken by SaisitImage, in the camera's current size, never scaled; a null one before the first. Its
+  /// The frame last taken by SaisitImage, in the camera's current size, or in the largest of its shape that the
+  /// detection can hold (engine/sampling.h) where that is smaller; a null one before the first. Its
   /// picture, Format_RGB32 (bytes B, G, R, 0xff), may be made only when somebody asks for it (camera_image.h). Shared,
   /// not copied: it stays valid and unchanged as long as somebody holds it, and the driver takes its memory back for a
   /// later frame when nobody does.

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstdlib>
 
-#include "engine/sampling.h"
+#include "platform/capture/choice/fitted_size.h"
 
 namespace vaktor {
 namespace {
@@ -94,11 +94,7 @@ const QList<TailleCourante>& TaillesCourantes() {
   return kTailles;
 }
 
-bool FormatTropGrand(const FormatCamera& format) {
-  if (format.Largeur <= 0 || format.Hauteur <= 0) return false;
-  // The largest zone, that of a simple click, runs from 0 to the size itself, both included.
-  return CompteEchantillons(0, format.Largeur) * CompteEchantillons(0, format.Hauteur) > kEchantillonsMax;
-}
+bool FormatTropGrand(const FormatCamera& format) { return EstTropGrande({format.Largeur, format.Hauteur}); }
 
 bool SontTousTropGrands(const QList<FormatCamera>& formats) {
   return !formats.isEmpty() && std::all_of(formats.cbegin(), formats.cend(), FormatTropGrand);

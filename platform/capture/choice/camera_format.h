@@ -24,8 +24,8 @@ struct TailleCourante {
 /// The sizes that cameras usually offer, smallest first; what a range of sizes is told as.
 const QList<TailleCourante>& TaillesCourantes();
 
-/// Whether a frame has more samples, both edges of the zone included, than the detection can hold (engine/sampling.h).
-/// It would stop the detection: such formats are never a device's first choice.
+/// Whether its frames are more than the detection can hold (fitted_size.h). They are scaled down as they come, which
+/// takes time at each frame and gains nothing: such formats are never a device's first choice.
 bool FormatTropGrand(const FormatCamera& format);
 /// Whether a device offers nothing else. False for an empty list.
 bool SontTousTropGrands(const QList<FormatCamera>& formats);
@@ -34,7 +34,7 @@ bool SontTousTropGrands(const QList<FormatCamera>& formats);
 /// offered, else the common size nearest to it that reaches 25, else the fastest of those that are not too large. At
 /// equal size the coding that costs least to turn into a picture, then the rate nearest to 30. Codings that are not
 /// known count only where the device offers nothing else.
-/// All are too large: the smallest, which the dialogs tell of; an empty list: an empty format (whatever the device
+/// All are too large: the smallest, the least work; an empty list: an empty format (whatever the device
 /// gives).
 FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats);
 

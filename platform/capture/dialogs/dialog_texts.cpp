@@ -20,17 +20,13 @@ constexpr std::array<Phrase, static_cast<size_t>(TexteDialogue::kNombre)> kTexte
     {"&Taille de l'image :", "&Size of the picture:"},
     {"Ca&dence :", "&Rate:"},
     {"choisie par la caméra", "chosen by the camera"},
-    {"trop grande pour la détection", "too large for the detection"},
+    {"réduite à %1", "scaled down to %1"},
     {"conseillée", "recommended"},
-    {"Cette image est trop grande pour la détection : elle s'arrêterait dès la première image, sans message, et ne "
-     "reprendrait qu'au prochain lancement du programme. Choisissez une taille plus petite.",
-     "This picture is too large for the detection: it would stop at the first frame, without a message, and would not "
-     "work again until the program is started anew. Please choose a smaller size."},
-    {"Toutes les tailles que cette caméra propose sont trop grandes pour la détection, même la plus petite : aucun "
-     "mouvement ne sera détecté. Utilisez une autre caméra.",
-     "All sizes that this camera offers are too large for the detection, even the smallest: no motion will be "
-     "detected. "
-     "Please use another camera."},
+    {"La détection ne compare pas autant de points : chaque image est réduite à %1 dès son arrivée. La zone, les "
+     "photos "
+     "et l'image en direct ont cette taille. Une taille plus petite demande moins de calcul.",
+     "The detection cannot compare that many pixels: each picture is scaled down to %1 as it arrives. Zone, photos and "
+     "live image have that size. A smaller size takes less work."},
     {"Une caméra réseau décide elle-même du format de son image (en ce moment : %1). Il se règle dans les pages de la "
      "caméra, avec un navigateur. Ici, rien n'est à choisir.",
      "A network camera decides by itself on the format of its picture (now: %1). It is set in the camera's own pages, "
@@ -68,8 +64,8 @@ constexpr std::array<Phrase, static_cast<size_t>(TexteDialogue::kNombre)> kTexte
     {"&Utiliser cette source", "&Use this source"},
     {"&Actualiser", "&Refresh"},
     {"L'image vient maintenant de : %1", "The picture now comes from: %1"},
-    {"L'image vient maintenant de : %1. Mais elle est trop grande (%2) : aucun mouvement ne sera détecté.",
-     "The picture now comes from: %1. But it is too large (%2): no motion will be detected."},
+    {"L'image vient maintenant de : %1. Elle est réduite de %2 à %3.",
+     "The picture now comes from: %1. It is scaled down from %2 to %3."},
     {"%1 : aucune image n'est venue. L'ancienne source continue.", "%1: no picture came. The earlier source goes on."},
     {"%1 : aucun programme installé ici ne sait lire ce genre de film. L'ancienne source continue.",
      "%1: nothing installed here can read this kind of film. The earlier source goes on."},
@@ -182,9 +178,11 @@ QString OuCeluiDeLinux(const Phrase& nom, const QString& sien, Langue langue) {
 
 QString TexteDe(TexteDialogue texte, Langue langue) { return kTextes.at(static_cast<size_t>(texte)).Dit(langue); }
 
-QString TexteTaille(const FormatCamera& format) {
-  return QStringLiteral("%1 %2 %3").arg(format.Largeur).arg(QChar(0x00D7)).arg(format.Hauteur);
+QString TexteTaille(QSize taille) {
+  return QStringLiteral("%1 %2 %3").arg(taille.width()).arg(QChar(0x00D7)).arg(taille.height());
 }
+
+QString TexteTaille(const FormatCamera& format) { return TexteTaille(QSize(format.Largeur, format.Hauteur)); }
 
 QString TexteCadence(const FormatCamera& format, Langue langue) {
   if (format.CadenceNum <= 0) return TexteDe(TexteDialogue::kCadenceLibre, langue);

@@ -1,6 +1,7 @@
 // The words of the capture driver's dialogs, French and English, all in one place.
 #pragma once
 
+#include <QSize>
 #include <QString>
 
 #include "platform/capture/choice/camera_format.h"
@@ -15,14 +16,13 @@ enum class TexteDialogue {
   kCodage,
   kTaille,
   kCadence,
-  kCadenceLibre,  ///< the camera picks the rate itself
-  kTropGrand,     ///< mark in the list
-  kConseille,     ///< mark in the list
-  kRemarqueTropGrand,
-  kRemarqueToutTropGrand,  ///< no size of the camera fits
-  kFormatReseau,           ///< %1: size
-  kFormatFichier,          ///< %1: size
-  kFormatTest,             ///< %1: size
+  kCadenceLibre,    ///< the camera picks the rate itself
+  kReduit,          ///< mark in the list; %1: the size that it is scaled down to
+  kConseille,       ///< mark in the list
+  kRemarqueReduit,  ///< %1: the same
+  kFormatReseau,    ///< %1: size
+  kFormatFichier,   ///< %1: size
+  kFormatTest,      ///< %1: size
   kTailleInconnue,
   kAucunFormat,
   kApplique,
@@ -48,7 +48,7 @@ enum class TexteDialogue {
   kUtilise,
   kActualise,
   kSourceChangee,       ///< %1: source
-  kSourceTropGrande,    ///< %1: source, %2: size
+  kSourceReduite,       ///< %1: source, %2: size, %3: the size that it is scaled down to
   kSourceRefusee,       ///< %1: source
   kSourceSansDecodeur,  ///< %1: source
   kSansDecodeur,        ///< the same where nothing else goes on
@@ -74,6 +74,7 @@ enum class TexteDialogue {
 QString TexteDe(TexteDialogue texte, Langue langue);
 
 /// "640 x 480" with the proper sign.
+QString TexteTaille(QSize taille);
 QString TexteTaille(const FormatCamera& format);
 /// "30 images/s", "7.5 frames/s"; for an unknown rate the words of kCadenceLibre.
 QString TexteCadence(const FormatCamera& format, Langue langue);

@@ -13,6 +13,7 @@
 #include <cmath>
 
 #include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/choice/fitted_size.h"
 #include "platform/capture/devices/device_access.h"
 #include "platform/capture/dialogs/dialog_texts.h"
 #include "platform/capture/dialogs/driver_commands.h"
@@ -41,6 +42,12 @@ QString Explication(const CommandesPilote& pilote, Langue langue) {
     default:
       return TexteDe(TexteDialogue::kFormatTest, langue).arg(format);
   }
+}
+
+// Empty for a format whose pictures are compared as they come.
+QString RemarqueReduit(const FormatCamera& format, Langue langue) {
+  if (!EstReduit(format)) return {};
+  return TexteDe(TexteDialogue::kRemarqueReduit, langue).arg(TexteTaille(TailleRetenue(format)));
 }
 
 }  // namespace
@@ -112,9 +119,9 @@ void DialogueFormat::ConstruitExplication(QVBoxLayout& colonne) {
   explication->setWordWrap(true);
   explication->setTextFormat(Qt::PlainText);
   colonne.addWidget(explication);
-  if (FormatTropGrand(Pilote_.FormatCourant())) {
-    Remarque_ = Nomme(new QLabel(this), "LblRemarque", QString());
-    Remarque_->setText(TexteDe(TexteDialogue::kRemarqueTropGrand, Langue_));
+  if (const QString remarque = RemarqueReduit(Pilote_.FormatCourant(), Langue_); !remarque.isEmpty()) {
+    Remarque_ = Nomme(new QLabel(this), "LblRemarque", remarque);
+    Remarque_->setText(remarque);
     Remarque_->setWordWrap(true);
     Remarque_->setStyleSheet(QStringLiteral("color:#9a4a00;font-weight:bold;"));
     colonne.addWidget(Remarque_);
@@ -171,13 +178,14 @@ void DialogueFormat::RemplitTailles() {
     if (f.Codage != Codages_->currentData().toString() || vues.contains(taille)) continue;
     vues.append(taille);
     QString texte = TexteTaille(f);
-    if (FormatTropGrand(f))
-      texte += QStringLiteral("   (%1)").arg(TexteDe(TexteDialogue::kTropGrand, Langue_));
+    if (EstReduit(f))
+      texte +=
+          QStringLiteral("   (%1)").arg(TexteDe(TexteDialogue::kReduit, Langue_).arg(TexteTaille(TailleRetenue(f))));
     else if (f.Codage == premier.Codage && f.Largeur == premier.Largeur && f.Hauteur == premier.Hauteur)
       texte += QStringLiteral("   (%1)").arg(TexteDe(TexteDialogue::kConseille, Langue_));
     auto* element = new QListWidgetItem(texte, Tailles_);
     element->setData(Qt::UserRole, taille);
-    if (FormatTropGrand(f)) element->setForeground(QColor(0x9a, 0x4a, 0x00));
+    if (EstReduit(f)) element->setForeground(QColor(0x9a, 0x4a, 0x00));
   }
   if (Tailles_->count() > 0) Tailles_->setCurrentRow(0);
 }
@@ -198,10 +206,7 @@ void DialogueFormat::RemplitCadences() {
 
 void DialogueFormat::MontreRemarque() {
   const std::optional<FormatCamera> choisi = FormatChoisi();
-  const bool trop = choisi && FormatTropGrand(*choisi);
-  const auto remarque = SontTousTropGrands(Formats_) ? TexteDialogue::kRemarqueToutTropGrand  // there is no better one
-                                                     : TexteDialogue::kRemarqueTropGrand;
-  Remarque_->setText(trop ? TexteDe(remarque, Langue_) : QString());
+  Remarque_->setText(choisi ? RemarqueReduit(*choisi, Langue_) : QString());
   Remarque_->setAccessibleName(Remarque_->text());
 }
 

@@ -15,6 +15,7 @@
 #include <QVBoxLayout>
 
 #include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/choice/fitted_size.h"
 #include "platform/capture/choice/named_source.h"
 #include "platform/capture/devices/device_access.h"
 #include "platform/capture/dialogs/controls_panel.h"
@@ -299,8 +300,9 @@ void DialogueSource::Utilise() {
   const FormatCamera format = Pilote_.FormatCourant();
   if (!retenu)
     Etat_->MontreErreur(TexteDe(TexteDialogue::kNonRetenu, Langue_));
-  else if (FormatTropGrand(format))
-    Etat_->MontreErreur(TexteDe(TexteDialogue::kSourceTropGrande, Langue_).arg(venue, TexteTaille(format)));
+  else if (EstReduit(format))
+    Etat_->MontreReussite(TexteDe(TexteDialogue::kSourceReduite, Langue_)
+                              .arg(venue, TexteTaille(format), TexteTaille(TailleRetenue(format))));
   else
     Etat_->MontreReussite(TexteDe(TexteDialogue::kSourceChangee, Langue_).arg(venue));
 }

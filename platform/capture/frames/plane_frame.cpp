@@ -1,7 +1,6 @@
 #include "platform/capture/frames/plane_frame.h"
 
 #include <atomic>
-#include <new>
 #include <utility>
 
 namespace vaktor {
@@ -32,21 +31,6 @@ QImage* ReserveImages::Prend(QSize taille) {
   return &Images_.back();
 }
 
-namespace {
-
-// A camera may send pictures of any size. Where there is no memory for one it is dropped like a damaged one: nothing
-// may be thrown through the driver's thread, which is not ours.
-bool Agrandis(std::vector<quint8>& octets, std::size_t nombre) {
-  try {
-    octets.resize(nombre);
-  } catch (const std::bad_alloc&) {
-    return false;
-  }
-  return true;
-}
-
-}  // namespace
-
 bool TramePlans::Garde(GstBuffer* tampon, const GstVideoInfo& info) {
   if (!gst_video_frame_map(&Trame_, &info, tampon, GST_MAP_READ)) {
     Trame_ = {};
@@ -57,21 +41,15 @@ bool TramePlans::Garde(GstBuffer* tampon, const GstVideoInfo& info) {
 }
 
 bool TramePlans::DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille) {
-  const DecodeurJpeg::Plans& plans = decodeur.PlansDeLImage();
-  std::array<size_t, 3> debuts{};
-  size_t fin = 0;
-  for (size_t i = 0; i < debuts.size(); ++i) {
-    debuts.at(i) = fin;
-    fin += static_cast<size_t>(plans.Plan.at(i).Pas) * static_cast<size_t>(plans.Plan.at(i).Lignes);
-  }
-  if (!Agrandis(Octets_, fin)) return false;
-  std::array<quint8*, 3> ou{};
-  Plans_ = {plans.Format, GST_VIDEO_COLOR_MATRIX_BT601, true, taille.width(), taille.height(), {}};
-  for (size_t i = 0; i < ou.size(); ++i) {
-    ou.at(i) = Octets_.data() + debuts.at(i);
-    Plans_.Plans.at(i) = {ou.at(i), plans.Plan.at(i).Pas};
-  }
-  return decodeur.DecodePlans(jpeg, ou);
+  if (!Propres_.DecodeJpeg(decodeur, jpeg, taille)) return false;
+  Plans_ = Propres_.Plans();
+  return true;
+}
+
+bool TramePlans::Reduit(const PlansImage& plans, QSize taille) {
+  if (!Propres_.Reduit(plans, taille)) return false;
+  Plans_ = Propres_.Plans();
+  return true;
 }
 
 // The sizes stay in Plans_, the planes are gone.

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "engine/camera_image.h"
-#include "platform/capture/frames/jpeg_decoder.h"
+#include "platform/capture/frames/own_planes.h"
 #include "platform/capture/frames/pixel_conversion.h"
 #include "platform/capture/frames/sample_conversion.h"
 
@@ -70,9 +70,10 @@ class TramePlans : public TrameDifferee {
 
   /// Keeps the buffer, uncopied. `info`: of a format with EstPlanaire. False for a buffer that cannot be read.
   bool Garde(GstBuffer* tampon, const GstVideoInfo& info);
-  /// Decodes a picture into memory of its own. `decodeur` has just read its header. False as DecodePlans.
+  /// PlansPropres::DecodeJpeg and Reduit: into memory of its own.
   bool DecodeJpeg(DecodeurJpeg& decodeur, std::span<const quint8> jpeg, QSize taille);
-  /// Makes the samples that the reader will ask for. After Garde or DecodeJpeg, still on the driver's thread.
+  bool Reduit(const PlansImage& plans, QSize taille);
+  /// Makes the samples that the reader will ask for. After one of these three, still on the driver's thread.
   void Prepare();
   /// Lets go of what was kept. Memory of its own stays for the next frame, but for a picture's when nobody looks at the
   /// pictures, or when somebody still holds this one. While nobody holds the frame.
@@ -92,8 +93,8 @@ class TramePlans : public TrameDifferee {
 
   std::weak_ptr<FondsTrames> Fonds_;
   GstVideoFrame Trame_ = {};  // mapped while its buffer is not null
-  std::vector<quint8> Octets_;
-  PlansImage Plans_;
+  PlansPropres Propres_;
+  PlansImage Plans_;  // of Trame_ or Propres_
   std::vector<quint8> Echantillons_;
   TrameBrute Brute_;                        // Echantillons_ as they are read
   std::optional<PhaseEchantillons> Phase_;  // which ones they are; none are there

@@ -4,6 +4,7 @@
 #include <exception>
 #include <thread>
 
+#include "platform/capture/choice/fitted_size.h"
 #include "platform/capture/frames/pixel_conversion.h"
 #include "platform/capture/streams/gst_setup.h"
 
@@ -94,43 +95,71 @@ void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
   GstMapInfo octets;
   if (!gst_buffer_map(tampon, &octets, GST_MAP_READ)) return;
   const auto rend = qScopeGuard([&] { gst_buffer_unmap(tampon, &octets); });
-  const ImageCamera image = DecodeJpeg({octets.data, octets.size});
-  if (!image.EstNulle()) Livre(image);
+  const std::span<const quint8> jpeg(octets.data, octets.size);
+  const QSize taille = Jpeg_.Taille(jpeg);
+  if (!taille.isEmpty()) Livre(DecodeJpeg(jpeg, taille), taille);
 }
 
-ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg) {
-  const QSize taille = Jpeg_.Taille(jpeg);
-  if (taille.isEmpty()) return {};
-  if (Jpeg_.PlansDeLImage().Format != GST_VIDEO_FORMAT_UNKNOWN) {
-    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
-    if (!trame->DecodeJpeg(Jpeg_, jpeg, taille)) return {};
-    trame->Prepare();
-    return ImageCamera(trame);
+ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg, QSize taille) {
+  if (Jpeg_.PlansDeLImage().Format == GST_VIDEO_FORMAT_UNKNOWN) {
+    return FaisImage(taille, [&](QImage& image) { return Jpeg_.Decode(jpeg, image); });
   }
-  QImage* image = Reserve_.Prend(taille);
-  return image != nullptr && Jpeg_.Decode(jpeg, *image) ? ImageCamera(*image) : ImageCamera();
+  const QSize retenue = TailleRetenue(taille);
+  if (retenue != taille) {
+    // Not while it is decoded, which TurboJPEG could do: it has nothing quick for these ratios, and decoding less of
+    // the picture takes longer than decoding all of it.
+    return Grands_.DecodeJpeg(Jpeg_, jpeg, taille) ? ReduitPlans(Grands_.Plans(), retenue) : ImageCamera();
+  }
+  const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+  if (!trame->DecodeJpeg(Jpeg_, jpeg, taille)) return {};
+  trame->Prepare();
+  return ImageCamera(trame);
 }
 
 // A buffer out of a pool is a device's or another element's, who may have few of them and wait for this one: its
-// picture is made at once. Any other with planes is kept as it is for as long as the frame is in use.
+// picture is made at once. Any other with planes is kept as it is for as long as the frame is in use. One that is too
+// large is scaled down now, whosever it is: nobody ever needs the rest of it, and the decoder gets its memory back.
 void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
-  if (tampon->pool == nullptr && EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_))) {
-    const std::shared_ptr<TramePlans> trame = Trames_.Prend();
-    if (!trame->Garde(tampon, *Brut_)) return;
-    trame->Prepare();
-    Livre(ImageCamera(trame));
-    return;
-  }
+  const QSize taille(GST_VIDEO_INFO_WIDTH(&*Brut_), GST_VIDEO_INFO_HEIGHT(&*Brut_));
+  const QSize retenue = TailleRetenue(taille);
+  const bool planaire = EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_));
+  if (planaire && tampon->pool == nullptr && retenue == taille) return Livre(GardePlans(tampon), taille);
   GstVideoFrame trame;
   if (!gst_video_frame_map(&trame, &*Brut_, tampon, GST_MAP_READ)) return;
   const auto rend = qScopeGuard([&] { gst_video_frame_unmap(&trame); });
-  QImage* image = Reserve_.Prend(QSize(GST_VIDEO_FRAME_WIDTH(&trame), GST_VIDEO_FRAME_HEIGHT(&trame)));
-  if (image != nullptr && ConvertitImage(trame, *image)) Livre(*image);
+  if (planaire && retenue != taille) return Livre(ReduitPlans(PlansDe(trame), retenue), taille);
+  Livre(FaisImage(taille, [&](QImage& image) { return ConvertitImage(trame, image); }), taille);
 }
 
-// The size told is that of the picture itself: JPEG frames may change theirs without any notice in the caps.
-void ReceptionImages::Livre(const ImageCamera& image) {
-  const QSize taille = image.Taille();
+ImageCamera ReceptionImages::GardePlans(GstBuffer* tampon) {
+  const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+  if (!trame->Garde(tampon, *Brut_)) return {};
+  trame->Prepare();
+  return ImageCamera(trame);
+}
+
+ImageCamera ReceptionImages::ReduitPlans(const PlansImage& plans, QSize retenue) {
+  const std::shared_ptr<TramePlans> trame = Trames_.Prend();
+  if (!trame->Reduit(plans, retenue)) return {};
+  trame->Prepare();
+  return ImageCamera(trame);
+}
+
+// A picture of pixels that `fait` makes in this size, scaled down where it is too large.
+template <typename Fait>
+ImageCamera ReceptionImages::FaisImage(QSize taille, const Fait& fait) {
+  const QSize retenue = TailleRetenue(taille);
+  QImage* entiere = (retenue == taille ? Reserve_ : Grandes_).Prend(taille);
+  if (entiere == nullptr || !fait(*entiere)) return {};
+  if (retenue == taille) return ImageCamera(*entiere);
+  QImage* reduite = Reserve_.Prend(retenue);
+  return reduite != nullptr && ReduitImage(*entiere, *reduite) ? ImageCamera(*reduite) : ImageCamera();
+}
+
+// The size told is that of the source, which the dialogs and a later opening ask it for, and not the one it may have
+// been scaled to. It is the picture's own: JPEG frames may change theirs without any notice in the caps.
+void ReceptionImages::Livre(const ImageCamera& image, QSize taille) {
+  if (image.EstNulle()) return;
   if (Format_.Largeur != taille.width() || Format_.Hauteur != taille.height()) {
     Format_.Largeur = taille.width();
     Format_.Hauteur = taille.height();

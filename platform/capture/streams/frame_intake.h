@@ -32,16 +32,22 @@ class ReceptionImages {
   GstFlowReturn Recoit(GstAppSink* puits);
   void Traite(GstSample* echantillon);
   void TraiteJpeg(GstBuffer* tampon);
-  ImageCamera DecodeJpeg(std::span<const quint8> jpeg);
+  ImageCamera DecodeJpeg(std::span<const quint8> jpeg, QSize taille);
   void TraiteBrut(GstBuffer* tampon);
+  ImageCamera GardePlans(GstBuffer* tampon);
+  ImageCamera ReduitPlans(const PlansImage& plans, QSize retenue);
+  template <typename Fait>
+  ImageCamera FaisImage(QSize taille, const Fait& fait);
   void LitCaps(GstCaps* caps);
   void Espace(const GstBuffer* tampon);
-  void Livre(const ImageCamera& image);
+  void Livre(const ImageCamera& image, QSize taille);
 
   BoiteImages& Boite_;
   const Options Options_;
   ReserveImages Reserve_;
   ReserveTrames Trames_;
+  ReserveImages Grandes_;  // pictures that are too large, before they are scaled
+  PlansPropres Grands_;    // the same of a JPEG picture
   DecodeurJpeg Jpeg_;
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;

@@ -13,7 +13,7 @@ TEST(TexteDialogue, EveryTextIsThereInBothLanguagesWithTheSamePlaces) {
     EXPECT_FALSE(francais.isEmpty()) << i;
     EXPECT_FALSE(anglais.isEmpty()) << i;
     EXPECT_FALSE(francais.contains(QChar::ReplacementCharacter)) << i;
-    for (const QString place : {"%1", "%2", "&"}) EXPECT_EQ(francais.count(place), anglais.count(place)) << i;
+    for (const QString place : {"%1", "%2", "%3", "&"}) EXPECT_EQ(francais.count(place), anglais.count(place)) << i;
   }
 }
 

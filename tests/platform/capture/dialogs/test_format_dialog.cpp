@@ -50,25 +50,18 @@ TEST_F(FormatTest, TheNegotiatedRateMayDifferALittle) {
   EXPECT_EQ(Controle<QComboBox>("CmbCadence")->currentText(), "15 frames/s");
 }
 
-TEST_F(FormatTest, SaysInPlainWordsWhichSizesWouldStopTheDetection) {
+TEST_F(FormatTest, SaysWhichSizesAreScaledDownAndToWhat) {
   Ouvre();
-  EXPECT_TRUE(Tailles().at(0).contains("too large for the detection"));
-  EXPECT_FALSE(Tailles().at(1).contains("too large"));
+  EXPECT_TRUE(Tailles().at(0).contains(QString::fromUtf8("3840 × 2160   (scaled down to 1920 × 1080)")));
+  EXPECT_FALSE(Tailles().at(1).contains("scaled"));
   EXPECT_EQ(Controle<QLabel>("LblRemarque")->text(), "");
   CliqueTaille(0);
-  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains("it would stop"));
+  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains(QString::fromUtf8("scaled down to 1920 × 1080")));
+  EXPECT_EQ(Controle<QLabel>("LblRemarque")->accessibleName(), Controle<QLabel>("LblRemarque")->text());
   CliqueTaille(1);
   EXPECT_EQ(Controle<QLabel>("LblRemarque")->text(), "");
-}
-
-TEST_F(FormatTest, SaysThatNoSizeOfTheCameraFits) {
-  Acces_.Formats_["/dev/video0"] = {{"MJPG", 3840, 2160, 30, 1}, {"MJPG", 2592, 1944, 30, 1}};
-  Pilote_.Format_ = {"MJPG", 2592, 1944, 30, 1};
-  Ouvre();
-  EXPECT_EQ(Controle<QListWidget>("ListeTailles")->currentRow(), 1);
-  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains("All sizes that this camera offers are too large"));
   Ouvre(Langue::kFrancais);
-  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains(QString::fromUtf8("aucun mouvement ne sera détecté")));
+  EXPECT_TRUE(Tailles().at(0).contains(QString::fromUtf8("(réduite à 1920 × 1080)")));
 }
 
 TEST_F(FormatTest, MarksTheSizeThatADeviceGetsFirst) {
@@ -179,11 +172,12 @@ TEST_F(FormatTest, OtherSourcesSayThatNothingCanBeChosen) {
   }
 }
 
-TEST_F(FormatTest, AFileTooLargeForTheDetectionIsToldToo) {
+TEST_F(FormatTest, AFileThatIsScaledDownIsToldToo) {
   Pilote_.Genre_ = GenreSource::kFichier;
   Pilote_.Format_ = {"", 3840, 2160, 25, 1};
   Ouvre();
-  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains("too large for the detection"));
+  EXPECT_TRUE(Controle<QLabel>("LblExplication")->text().contains(QString::fromUtf8("3840 × 2160")));
+  EXPECT_TRUE(Controle<QLabel>("LblRemarque")->text().contains(QString::fromUtf8("scaled down to 1920 × 1080")));
 }
 
 TEST_F(FormatTest, EveryControlHasANameForPeopleWhoDoNotSeeIt) {

@@ -32,7 +32,7 @@ TEST_F(SourceTest, AnotherDeviceIsOpenedByItsStableNameAndRemembered) {
   EXPECT_FALSE(Lignes().at(0).endsWith("at work"));
 }
 
-TEST_F(SourceTest, ASourceTooLargeForTheDetectionIsToldAtOnce) {
+TEST_F(SourceTest, ASourceThatIsScaledDownIsToldAtOnce) {
   for (const Langue langue : kLangues) {
     Pilote_.Format_ = {"MJPG", 640, 480, 30, 1};
     Pilote_.ApresSource_ = [this](const QString&) {
@@ -44,8 +44,7 @@ TEST_F(SourceTest, ASourceTooLargeForTheDetectionIsToldAtOnce) {
     Clique("BtnUtiliser");
     EXPECT_TRUE(Etat().contains("Camera B (/dev/video2)")) << Etat().toStdString();
     EXPECT_TRUE(Etat().contains(QString::fromUtf8("3840 × 2160"))) << Etat().toStdString();
-    EXPECT_TRUE(
-        Etat().contains(langue == Langue::kFrancais ? QString::fromUtf8("aucun mouvement") : QString("no motion")));
+    EXPECT_TRUE(Etat().contains(QString::fromUtf8("1920 × 1080"))) << Etat().toStdString();
     EXPECT_EQ(Memoire_.Source(), "stable-b") << "it is the user's choice all the same";
   }
 }

@@ -1,0 +1,25 @@
+// In which size a picture comes to the detection: its own, or a smaller one where it has more samples than the
+// detection can hold. Everything above the driver sees that size and no other.
+#pragma once
+
+#include <QSize>
+
+#include "platform/capture/choice/camera_format.h"
+
+namespace vaktor {
+
+/// Whether the largest zone of such a picture, that of a simple click, has more samples than the detection can hold
+/// (engine/sampling.h): both of its edges are included. Not so for an empty size.
+bool EstTropGrande(QSize taille);
+
+/// The size itself where the detection can hold it, else a smaller one with even sides and of the same shape to within
+/// a pixel: three quarters or a half of both sides, which cost least by far, where at least half of the pixels stay
+/// that could be held; otherwise the largest that can. Of 3840x2160 and of 2560x1440 it is 1920x1080. A picture of a
+/// single row or column cannot be made smaller so, and keeps its size.
+QSize TailleRetenue(QSize taille);
+/// Of the pictures of a format, whatever their coding.
+QSize TailleRetenue(const FormatCamera& format);
+/// Whether they are scaled down.
+bool EstReduit(const FormatCamera& format);
+
+}  // namespace vaktor
