@@ -1,5 +1,6 @@
 #include "ui/window/window_mouse.h"
 
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <algorithm>
 
@@ -62,16 +63,30 @@ void SourisFenetre::EcouteControle(QWidget* controle) {
 }
 
 bool SourisFenetre::eventFilter(QObject* objet, QEvent* evenement) {
-  if (evenement->type() != QEvent::MouseMove) return false;
+  const QEvent::Type type = evenement->type();
+  if (type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease) Demandeur_ = nullptr;
+  if (type != QEvent::MouseMove) return false;
   const auto numero = Numeros_.constFind(objet);
   if (numero != Numeros_.constEnd()) Sons_.SurvolSon(*numero);
   if (Fonds_.contains(objet)) Sons_.SurvolSon(SonsInterface::kAucunSurvol);
   SuitDrapeaux(objet);
-  // Any other button held besides the left one means something else than a drag.
-  if (Poignees_.contains(objet) && static_cast<QMouseEvent*>(evenement)->buttons() == Qt::LeftButton) {
-    Q_EMIT DeplacementDemande();
-  }
+  SuitGlisse(objet, static_cast<QMouseEvent*>(evenement)->buttons());
   return false;
+}
+
+// Any other button held besides the left one means something else than a drag. Asked once, the system takes the mouse
+// and moves the window until the button is released; then the toolkit tells one more move, with the button still held.
+// Asked again there, the window would stick to a pointer that nobody holds.
+void SourisFenetre::SuitGlisse(QObject* objet, Qt::MouseButtons boutons) {
+  if (boutons != Qt::LeftButton) {
+    Demandeur_ = nullptr;
+    return;
+  }
+  const bool demande =
+      Demandeur_ != nullptr && (objet == Demandeur_ || QGuiApplication::mouseButtons() != Qt::NoButton);
+  if (demande || !Poignees_.contains(objet)) return;
+  Demandeur_ = objet;
+  Q_EMIT DeplacementDemande();
 }
 
 // The flag under the pointer loses its frame and the others have theirs; over a page all have.

@@ -19,7 +19,8 @@ class SourisFenetre : public QObject {
   /// All of it outlives the object.
   SourisFenetre(QWidget& fenetre, const BandeauHaut& bandeau, const PagesFenetre& pages, SonsInterface& sons);
  Q_SIGNALS:
-  /// A free surface was moved over with nothing but the left button held: the window follows the mouse.
+  /// A free surface was moved over with nothing but the left button held: the window follows the mouse. Told once for
+  /// each press.
   void DeplacementDemande();
 
  protected:
@@ -31,13 +32,15 @@ class SourisFenetre : public QObject {
   void InscritNumeros();
   void InscritPoignees(const BandeauHaut& bandeau);
   void SuitDrapeaux(QObject* objet);
+  void SuitGlisse(QObject* objet, Qt::MouseButtons boutons);
 
   QWidget& Fenetre_;
   const PagesFenetre Pages_;
   SonsInterface& Sons_;
   QHash<QObject*, qint32> Numeros_;
-  QSet<QObject*> Poignees_;  // surfaces that drag the window
-  QSet<QObject*> Fonds_;     // the window itself and the four pages
+  QSet<QObject*> Poignees_;             // surfaces that drag the window
+  QSet<QObject*> Fonds_;                // the window itself and the four pages
+  const QObject* Demandeur_ = nullptr;  // the surface that has asked for a drag since the last press
 };
 
 }  // namespace vaktor
