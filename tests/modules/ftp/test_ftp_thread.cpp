@@ -1,6 +1,9 @@
-// The thread of the conversation when there is no memory on it.
+// The thread of the conversation: jobs that are cut off, and no memory on it.
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
+#include <QTcpServer>
+#include <QTcpSocket>
 #include <atomic>
 #include <memory>
 #include <new>
@@ -48,6 +51,82 @@ struct FilFtp : testing::Test {
     };
   }
 };
+
+/// Takes a connection and says what it is told to, if anything.
+struct ServeurParle : QTcpServer {
+  explicit ServeurParle(bool parle) {
+    EXPECT_TRUE(listen(QHostAddress::LocalHost));
+    connect(this, &QTcpServer::newConnection, this, [this, parle] {
+      Prise = nextPendingConnection();
+      if (!parle) return;
+      Prise->write("220 ready\r\n");
+      connect(Prise, &QTcpSocket::readyRead, Prise, [this] {
+        while (Prise->canReadLine()) {
+          const QByteArray verbe = Prise->readLine().left(4).trimmed();
+          Prise->write(verbe == "USER"   ? "331 password\r\n"
+                       : verbe == "PASS" ? "230 in\r\n"
+                       : verbe == "PWD"  ? "257 \"/\"\r\n"
+                       : verbe == "AUTH" ? "502 no\r\n"
+                                         : "200 well\r\n");
+        }
+      });
+    });
+  }
+  bool EstParti() const { return Prise != nullptr && Prise->state() == QAbstractSocket::UnconnectedState; }
+  QTcpSocket* Prise = nullptr;
+};
+
+struct FilCoupe : FilFtp {
+  OuvrierThread Ouvrier{OptionsClient{
+      .DelaiConnexion = 60, .DelaiReponse = 60, .DelaiSilence = 60, .FichierAutorites = {}, .Cherche = {}}};
+  TravailFtp Vers(const QTcpServer& serveur) const {
+    TravailFtp travail = Connexion;
+    travail.Acces = {"127.0.0.1", serveur.serverPort(), "anna", "sesame", ""};
+    return travail;
+  }
+  static void LaisseFaire() {
+    QElapsedTimer depuis;
+    depuis.start();
+    while (!depuis.hasExpired(400)) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
+  }
+};
+
+TEST_F(FilCoupe, AJobThatIsCutOffEndsAndSaysNothingMore) {
+  ServeurParle muet(false);
+  Ouvrier.Lance(Vers(muet), {}, NoteFin());
+  ASSERT_TRUE(AttendQue([&] { return muet.Prise != nullptr; }));
+  Ouvrier.Coupe();
+  bool suivante = false;
+  Ouvrier.Lance(Connexion, {}, [&suivante](const ResultatFtp&) { suivante = true; });
+  EXPECT_TRUE(AttendQue([&] { return suivante; })) << "the next one waits for its end, and that is soon";
+  LaisseFaire();
+  EXPECT_EQ(Fins, 0);
+}
+
+TEST_F(FilCoupe, AJobThatWaitedBehindItIsNotDone) {
+  ServeurParle muet(false);
+  ServeurParle autre(false);
+  Ouvrier.Lance(Vers(muet), {}, NoteFin());
+  ASSERT_TRUE(AttendQue([&] { return muet.Prise != nullptr; }));
+  Ouvrier.Coupe();
+  Ouvrier.Lance(Vers(autre), {}, NoteFin());
+  Ouvrier.Coupe();
+  ASSERT_TRUE(AttendQue([&] { return muet.EstParti(); }));
+  LaisseFaire();
+  EXPECT_EQ(autre.Prise, nullptr);
+  EXPECT_EQ(Fins, 0);
+}
+
+TEST_F(FilCoupe, TheConnectionOfAJobThatIsDoneIsClosed) {
+  ServeurParle serveur(true);
+  Ouvrier.Lance(Vers(serveur), {}, NoteFin());
+  ASSERT_TRUE(AttendQue([&] { return Fins == 1; }));
+  ASSERT_EQ(Resultat.Issue, IssueFtp::kReussi) << Resultat.Mots.toStdString();
+  LaisseFaire();
+  EXPECT_FALSE(serveur.EstParti()) << "it is kept";
+  Ouvrier.Coupe();
+  EXPECT_TRUE(AttendQue([&] { return serveur.EstParti(); }));
+}
 
 TEST_F(FilFtp, NoMemoryForTheClientIsAJobThatFailedAndTheNextOneIsTried) {
   OptionsClient options;

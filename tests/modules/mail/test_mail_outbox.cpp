@@ -226,7 +226,10 @@ struct Poste : Boite {
   /// Lets the postman work for so long.
   void Travaille(qint64 duree) {
     const qint64 fin = Maintenant + duree;
-    while (Maintenant < fin) Maintenant += std::clamp<qint64>(F->Tour(), 1, fin - Maintenant);
+    for (int tours = 0; Maintenant < fin; ++tours) {
+      ASSERT_LT(tours, 20'000) << "it tries without a rest";
+      Maintenant += std::clamp<qint64>(F->Tour(), 1, fin - Maintenant);
+    }
   }
 };
 
