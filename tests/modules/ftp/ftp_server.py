@@ -17,6 +17,7 @@ Prints the port, then takes one command a line on its standard input and answers
   nodelete   no deleting
   lossy      half of each file is lost, and nobody is told
   quoting    a refused login quotes the password
+  dumb       no command is answered any more
   slowquit   the answer to a farewell takes half a second
   oops       something is wrong behind the right password (500)
   resume     a data connection that does not resume the TLS session of the control connection is refused (522), as
@@ -113,6 +114,8 @@ class ControlMixin:
         super().ftp_QUIT(line)
 
     def respond(self, resp, logfun=logging.debug):
+        if mode("dumb"):
+            return
         # Room is found to be missing at the end, when the last block is to be written.
         if mode("full") and resp.startswith("226 Transfer complete"):
             resp = "552 Quota exceeded, sesame or not."

@@ -313,6 +313,12 @@ TEST_F(Client, ATransferThatFallsSilentIsGivenUp) {
   EXPECT_FALSE(QFile::exists(Serveur.Chemin("live.jpg")));
 }
 
+TEST_F(Client, AServerThatAnswersNoCommandAnyMoreIsGivenUp) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  Serveur.Dit("dumb");
+  EXPECT_EQ(Signe().Issue, IssueFtp::kPasDeConnexion);
+}
+
 TEST_F(Client, ASilentTransferCanBeStoppedAtOnce) {
   Options.DelaiSilence = Options.DelaiReponse = 600;
   Ftp = std::make_unique<ClientFtp>(Options);

@@ -217,5 +217,34 @@ TEST(Encryption, ARehearsalSaysWhetherItsWayWasEncrypted) {
   EXPECT_EQ(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais), "");
 }
 
+TEST(Settings, ALoginIsThatOfItsFieldsAndOnlyWhereItsBoxIsTicked) {
+  Parametres p;
+  p.SmtpServeur = " smtp.exemple.fr ";
+  p.SmtpPort = "587";
+  p.SmtpUser = "anna";
+  p.SmtpPass = "sesame";
+  p.SmtpNeedLogin = false;
+  ReglagesEnvoi r = TraduitReglages(p, {}, "ca.pem").Envoi;
+  EXPECT_EQ(r.Serveur, "smtp.exemple.fr");
+  EXPECT_FALSE(r.TlsDesLeDebut);
+  EXPECT_FALSE(r.AvecConnexion);
+  EXPECT_EQ(r.Utilisateur, "anna");
+  EXPECT_EQ(r.MotDePasse, "sesame");
+  EXPECT_EQ(r.FichierAutorites, "ca.pem");
+  p.SmtpNeedLogin = true;
+  EXPECT_TRUE(TraduitReglages(p, {}, {}).Envoi.AvecConnexion);
+}
+
+// RFC 4616 and what is called AUTH LOGIN: servers like to quote what they refuse.
+TEST(Settings, ThePasswordIsASecretInEachFormInWhichItTravels) {
+  ReglagesEnvoi r;
+  EXPECT_TRUE(DonneSecrets(r).isEmpty()) << "without one, nothing is to be blotted out";
+  r.Utilisateur = "anna";
+  r.MotDePasse = "sesame";
+  const QStringList secrets = DonneSecrets(r);
+  for (const char* forme : {"sesame", "c2VzYW1l", "AGFubmEAc2VzYW1l"})
+    EXPECT_TRUE(secrets.contains(QString::fromUtf8(forme))) << forme;
+}
+
 }  // namespace
 }  // namespace vaktor::essai

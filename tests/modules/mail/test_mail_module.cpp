@@ -41,6 +41,25 @@ TEST_F(Mail, SoManyInARowThenNoneForFiveMinutes) {
   EXPECT_EQ(Nombre(), 6);
 }
 
+TEST_F(Mail, TheSecondOfARowTellsOfTheNewestReport) {
+  Reglages.Valeurs.MailNombreMail = "2";
+  Module->PrendReglages(Reglages);
+  Intrusion();
+  Temps.Avance(600);
+  Intrusion();
+  Temps.Avance(5'000);
+  ASSERT_EQ(Nombre(), 2);
+  EXPECT_EQ(Boite.Liste().at(1).FaitA - Boite.Liste().at(0).FaitA, 600);
+}
+
+TEST_F(Mail, ARowIsNoLongerThanWhatMayLeaveInAnHour) {
+  Reglages.Valeurs.MailNombreMail = "1000";
+  Module->PrendReglages(Reglages);
+  Intrusion();
+  Temps.Avance(100'000);
+  EXPECT_EQ(Nombre(), PlafondHoraire::kCourrielsParHeure);
+}
+
 TEST_F(Mail, AClockThatIsSetBackPutsNoNewMailBeforeThoseThatWait) {
   Intrusion();
   Temps.Avance(60'000);
@@ -134,6 +153,19 @@ TEST_F(Mail, LeavesAsSoonAsItHasAllItsPhotos) {
   Intrusion();
   Temps.Avance(ModuleMail::kRecolte);
   EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Mail, PhotosOfBeforeDoNotMakeItLeaveWithoutThoseThatCome) {
+  Reglages.Valeurs.MailNombrePhoto = "1";
+  Module->PrendReglages(Reglages);
+  Photo("avant.jpg");
+  Temps.Avance(30'000);
+  Intrusion();
+  Temps.Avance(ModuleMail::kRecolte);
+  EXPECT_EQ(Nombre(), 0);
+  Photo("pendant.jpg");
+  Temps.Avance(ModuleMail::kRecolte);
+  EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray{"pendant.jpg"});
 }
 
 TEST_F(Mail, TakesTheLiveCopiesWhenPhotosAreOff) {

@@ -348,6 +348,42 @@ TEST_F(Poste, RetriesBackOff) {
   EXPECT_EQ(attentes, QList<qint64>({10, 30, 60, 120, 300, 600, 900, 1800, 1800, 1800}));
 }
 
+TEST_F(Poste, AfterASuccessTheWaitsBeginAnew) {
+  ResultatEnvoi reponse{.Cause = CauseEchec::kDelai};
+  Serveur = [&](const QString&) { return reponse; };
+  Depose("a");
+  Depose("b");
+  for (const qint64 attente : {10, 30, 60}) {
+    EXPECT_EQ(F->Tour(), attente * 1000);
+    Maintenant += attente * 1000;
+  }
+  reponse = {.Accepte = true};
+  EXPECT_EQ(F->Tour(), 0);
+  reponse = {.Cause = CauseEchec::kDelai};
+  EXPECT_EQ(F->Tour(), 10'000);
+}
+
+TEST_F(Poste, AMailThatIsPutOffWaitsAlsoWhereTheDiskTakesNoNoteOfIt) {
+  Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kDestinataireRefuse, .Code = 450}; };
+  Depose("a");
+  ASSERT_TRUE(QDir().mkpath(Dossier + "/a.try.part/full"));
+  Travaille(8000);
+  EXPECT_EQ(Tentatives, 1);
+  Travaille(3000);
+  EXPECT_EQ(Tentatives, 2);
+}
+
+TEST_F(Poste, WhatIsSaidOfOneMailsSenderHoldsUpNoOther) {
+  Serveur = [](const QString& nom) {
+    return nom == "a" ? ResultatEnvoi{.Cause = CauseEchec::kExpediteurRefuse, .Code = 450}
+                      : ResultatEnvoi{.Accepte = true};
+  };
+  Depose("a");
+  Depose("b");
+  Travaille(1000);
+  EXPECT_EQ(Recus.join(u'|'), "b");
+}
+
 TEST_F(Poste, AMailThatIsPutOffLetsTheOthersPass) {
   Serveur = [](const QString& nom) {
     return nom == "a" ? ResultatEnvoi{.Cause = CauseEchec::kDestinataireRefuse, .Code = 450}
@@ -446,6 +482,13 @@ TEST(Cap, SoManyInAnHourAndOverARestart) {
   EXPECT_EQ(relu.Attente(30), PlafondHoraire::kHeureMs - 30);
   EXPECT_EQ(relu.Attente(PlafondHoraire::kHeureMs), 0);
   EXPECT_EQ(p.Attente(-1), 0) << "the clock was set back";
+}
+
+TEST(Cap, OfMoreThanItKeepsTheNewestCount) {
+  PlafondHoraire p(3);
+  for (int i = 0; i < 3 + PlafondHoraire::kReserveVeille; ++i) p.Note(0);
+  for (int i = 0; i < 3; ++i) p.Note(1000);
+  EXPECT_EQ(p.Attente(2000), PlafondHoraire::kHeureMs - 1000);
 }
 
 }  // namespace

@@ -52,6 +52,7 @@ TEST_F(Veille, WhatLiesThereAtTheStartIsTakenWithTheFirstSettings) {
   CreeModule();
   Module->Enregistre(Inscription::kTot);
   EXPECT_EQ(Nombre(), 0) << "nobody has said so far to whom";
+  EXPECT_TRUE(Avis.isEmpty()) << "and that is no failure of the user's";
   Module->PrendReglages(Reglages);
   EXPECT_EQ(Nombre(), 1);
 }

@@ -63,6 +63,15 @@ TEST_F(SystemFiles, AProgramThatIsStartedWhileAFileIsWrittenDoesNotInheritIt) {
   EXPECT_FALSE(ouverts.contains("tuyau.jpg")) << ouverts.constData();
 }
 
+TEST_F(SystemFiles, APhotoIsForWhomTheUserLets) {
+  const mode_t avant = ::umask(0027);
+  Pose(QStringLiteral("/a.jpg"));
+  ::umask(avant);
+  struct stat etat {};
+  ASSERT_EQ(::stat(QFile::encodeName(Chemin(QStringLiteral("/a.jpg"))).constData(), &etat), 0);
+  EXPECT_EQ(etat.st_mode & 07777, mode_t{0640});
+}
+
 TEST_F(SystemFiles, NamesBeyondAsciiReachTheSystem) {
   const QString nom = QString::fromUtf8("/Entrée d'été.jpg");
   ASSERT_EQ(Disque.EcritFichier(Chemin(nom), "x"), 0);

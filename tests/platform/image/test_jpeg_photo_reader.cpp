@@ -175,6 +175,18 @@ TEST_F(Photos, GreyOneAndOneInPrintingInksAreShown) {
   EXPECT_EQ(encree.Image.size(), QSize(32, 32));
 }
 
+// Each pass over the picture costs as much as the whole of another: a small file may hold the gallery up for minutes.
+TEST_F(Photos, OneOfHundredsOfPassesIsRefused) {
+  const QByteArray passes = JpegParPasses();
+  const qsizetype debut = passes.indexOf(QByteArray("\xff\xda"));
+  const qsizetype fin = passes.indexOf(QByteArray("\xff"), debut + 2);
+  ASSERT_GT(debut, 0);
+  ASSERT_GT(fin, debut);
+  QByteArray beaucoup = passes.left(debut);
+  for (int i = 0; i < 1000; ++i) beaucoup += passes.mid(debut, fin - debut);
+  EXPECT_EQ(Lit(beaucoup + passes.mid(fin)).Etat, EtatPhoto::kIllisible);
+}
+
 TEST_F(Photos, OneAbove32MillionPixelsIsShownSmaller) { ExigeGrande(Lit(Grande())); }
 
 TEST_F(Photos, LargeOneInAFileThatIsNotReadWholeIsShownSmallerToo) {

@@ -1,7 +1,9 @@
 // The settings file and other processes, other users and full disks.
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sched.h>
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <unistd.h>
 
@@ -45,6 +47,15 @@ QByteArray Demande(QProcess& compagnon, const QByteArray& cle) {
   while (!compagnon.canReadLine() && compagnon.waitForReadyRead(20'000)) {
   }
   return compagnon.readLine().trimmed();
+}
+
+TEST(MagasinPartage, WhoSavesHasTheFolderToItself) {
+  const QTemporaryDir dossier;
+  const VerrouDossier verrou(dossier.path());
+  const int autre = ::open(QFile::encodeName(dossier.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  ASSERT_GE(autre, 0);
+  EXPECT_NE(::flock(autre, LOCK_SH | LOCK_NB), 0);
+  ::close(autre);
 }
 
 TEST(MagasinPartage, AProgramThatIsStartedDuringASaveDoesNotKeepTheFolderToItself) {
