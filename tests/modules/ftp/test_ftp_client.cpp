@@ -278,6 +278,23 @@ TEST_F(Client, AServerThatDoesNotRenameOverAFileIsLearnt) {
   EXPECT_EQ(Serveur.Noms(), QStringList("live.jpg"));
 }
 
+// In between a visitor would find nothing.
+TEST_F(Client, AnOldPictureIsDeletedOnlyForAServerThatWantsIt) {
+  int effaces = 0;
+  Options.Suivi = [&effaces](const QByteArray& verbe, const QByteArray&) { effaces += verbe == "DELE" ? 1 : 0; };
+  Ftp = std::make_unique<ClientFtp>(Options);
+  for (int i = 1; i <= 2; ++i) ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(effaces, 0);
+  Serveur.Dit("norename");
+  ASSERT_EQ(Image(CreeJpeg(3)).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(effaces, 1);
+  ServeurEssai autre;
+  autre.Demarre();
+  Acces.Port = autre.Port();
+  for (int i = 1; i <= 2; ++i) ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi);
+  EXPECT_EQ(effaces, 1) << "what one cannot is not expected of the next";
+}
+
 TEST_F(Client, AFullServerRefusesWithItsWordsAndKeepsTheOldPicture) {
   ASSERT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kReussi);
   Serveur.Dit("full");

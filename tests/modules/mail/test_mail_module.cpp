@@ -41,6 +41,27 @@ TEST_F(Mail, SoManyInARowThenNoneForFiveMinutes) {
   EXPECT_EQ(Nombre(), 6);
 }
 
+TEST_F(Mail, OtherSettingsDoNotEndThePauseBehindARow) {
+  Intrusion();
+  Temps.Avance(5'000);
+  ASSERT_EQ(Nombre(), 1);
+  Reglages.Valeurs.MailSujet = "another";
+  Module->PrendReglages(Reglages);
+  Intrusion();
+  Temps.Avance(5'000);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Mail, ThatThereIsNoDestinationIsNotToldAgainByEachReport) {
+  Reglages.Valeurs.MailDestination.clear();
+  Module->PrendReglages(Reglages);
+  Intrusion();
+  ASSERT_EQ(Avis.size(), 1);
+  Rapporte({"of before", {.Accepte = true}, 0});
+  Intrusion(3'000);
+  EXPECT_EQ(Avis.size(), 1) << "none for five minutes";
+}
+
 TEST_F(Mail, TheSecondOfARowTellsOfTheNewestReport) {
   Reglages.Valeurs.MailNombreMail = "2";
   Module->PrendReglages(Reglages);
