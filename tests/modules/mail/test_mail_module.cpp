@@ -345,6 +345,12 @@ TEST_F(Mail, TheEndKeepsTheMailInTheMakingAndWaitsForTheOneUnderWay) {
   EXPECT_EQ(Faits.join(u'|'), "quitte");
 }
 
+TEST_F(Mail, BehindTheEndNoReportBeginsAMail) {
+  Module->Termine();
+  Intrusion();
+  EXPECT_TRUE(Fichiers().isEmpty()) << Fichiers().join('|').toStdString();
+}
+
 TEST_F(Mail, TheEndDoesNotWaitForEver) {
   Module->Termine();
   Temps.Avance(ModuleMail::kFinMax);
