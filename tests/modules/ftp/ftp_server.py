@@ -17,6 +17,8 @@ Prints the port, then takes one command a line on its standard input and answers
   nodelete   no deleting
   lossy      half of each file is lost, and nobody is told
   quoting    a refused login quotes the password
+  guests     a login is turned away for want of a place (421)
+  channel    the server can make no data connection (425)
   dumb       no command is answered any more
   slowquit   the answer to a farewell takes half a second
   oops       something is wrong behind the right password (500)
@@ -116,6 +118,10 @@ class ControlMixin:
     def respond(self, resp, logfun=logging.debug):
         if mode("dumb"):
             return
+        if mode("guests") and resp.startswith("331"):
+            resp = "421 Too many users."
+        if mode("channel") and resp[:3] in ("125", "150"):
+            resp = "425 Cannot open the data connection."
         # Room is found to be missing at the end, when the last block is to be written.
         if mode("full") and resp.startswith("226 Transfer complete"):
             resp = "552 Quota exceeded, sesame or not."

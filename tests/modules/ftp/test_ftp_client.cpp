@@ -241,6 +241,17 @@ TEST_F(Client, AServerWithTooManyGuestsIsAFailedConnectionAndNoRefusedLogin) {
   EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
 }
 
+TEST_F(Client, ALoginThatFindsNoPlaceIsNoWrongPassword) {
+  Serveur.Dit("guests");
+  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
+}
+
+TEST_F(Client, ADataConnectionThatTheServerCannotMakeIsNoRefusedPicture) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  Serveur.Dit("channel");
+  EXPECT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kPasDeConnexion);
+}
+
 TEST_F(Client, PublishesUnderTheFinalNameAndLeavesNothingElse) {
   ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
   const QByteArray image = CreeJpeg(1);
@@ -276,6 +287,7 @@ TEST_F(Client, AServerThatDoesNotRenameOverAFileIsLearnt) {
     EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(i));
   }
   EXPECT_EQ(Serveur.Noms(), QStringList("live.jpg"));
+  EXPECT_EQ(Page("photo", "first.jpg").Issue, IssueFtp::kReussi) << "nothing to delete in its place";
 }
 
 // In between a visitor would find nothing.

@@ -345,6 +345,14 @@ TEST_F(Mail, TheEndKeepsTheMailInTheMakingAndWaitsForTheOneUnderWay) {
   EXPECT_EQ(Faits.join(u'|'), "quitte");
 }
 
+TEST_F(Mail, AnAddressThatWasRefusedIsToldThoughTheOthersGotTheMail) {
+  Rapporte({"a", {.Accepte = true, .Code = 550, .MotsServeur = "550 no such user here"}, 0});
+  ASSERT_EQ(Avis.size(), 1);
+  EXPECT_TRUE(Avis.first().contains("no such user here")) << Avis.first().toStdString();
+  Rapporte({"b", {.Accepte = true}, 0});
+  EXPECT_EQ(Avis.size(), 1);
+}
+
 TEST_F(Mail, BehindTheEndNoReportBeginsAMail) {
   Module->Termine();
   Intrusion();
