@@ -165,6 +165,18 @@ TEST_F(AnalyseDifferee, AFrameWithoutMemoryIsNoBlackOneAndAlarmsNobody) {
   }
 }
 
+// What was seen before the loss still stands in the table.
+TEST_F(AnalyseDifferee, AFrameWithoutMemoryBehindALossLeavesTheStoringToTheNext) {
+  ArmeSurNoir();
+  Pilote.Reprise = true;
+  Pilote.SuivanteDifferee = std::make_shared<TrameSansMemoire>(QSize(kLargeur, kHauteur));
+  Tic();
+  TrameDe(Unie(qRgb(255, 255, 255)));
+  EXPECT_EQ(Detection().NbrPoints, 0) << "stored, not compared";
+  TrameDe(Unie(0));
+  EXPECT_EQ(Detection().NbrPoints, 400);
+}
+
 TEST_F(AnalyseDifferee, LooksAtTheWholeFrameForTheViewOfChangedPoints) {
   DemarreSurNoir();
   Engin.ChoisitModeZoom(false);
