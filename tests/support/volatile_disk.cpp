@@ -8,6 +8,7 @@
 //           folder the names that were there when it was flushed; a name without a flushed file is an empty file
 //   hang    no call is answered any more
 //   refuse  nothing can be flushed any more: an error of the disk
+//   protect nothing can be flushed any more: the disk has failed and can only be read since
 //   answer  calls are answered again, also those that waited
 // The end of the input unmounts. The kernel keeps nothing of the files, so that a test sees what is in here.
 #define FUSE_USE_VERSION 31
@@ -38,7 +39,7 @@ struct Disque {
   std::mutex Verrou;
   std::condition_variable Reponse;
   bool Muet = false;
-  bool Fautif = false;
+  int Faute = 0;   // what a flush gives, 0 for none
   Table Vivants;   // by whole path
   Table Durables;  // the names that the flushes of their folders have brought to the disk
 };
@@ -177,7 +178,7 @@ int VideFichier(const char* chemin, int, fuse_file_info*) {
   const auto garde = Entre();
   const auto noeud = Trouve(chemin);
   if (!noeud) return -ENOENT;
-  if (Ce().Fautif) return -EIO;
+  if (Ce().Faute != 0) return -Ce().Faute;
   noeud->Durable = noeud->Vivant;
   return 0;
 }
@@ -208,7 +209,7 @@ void Execute(Disque& disque, const std::string& ordre) {
     for (const auto& entree : disque.Vivants) entree.second->Vivant = entree.second->Durable;
   } else {
     disque.Muet = ordre == "hang";
-    disque.Fautif = ordre == "refuse";
+    disque.Faute = ordre == "refuse" ? EIO : ordre == "protect" ? EROFS : 0;
     disque.Reponse.notify_all();
   }
 }

@@ -36,6 +36,7 @@ class DisqueVolatil {
   bool CoupeCourant() { return Ordonne("crash"); }
   bool SeTait() { return Ordonne("hang"); }
   bool RefuseDeVider() { return Ordonne("refuse"); }
+  bool DevientProtege() { return Ordonne("protect"); }
   /// Silent too, but whoever waits can still be ended: its calls are not even taken. A call that was taken and is not
   /// answered (SeTait) is not let go by the kernel, and keeps its process even from a KILL.
   bool Gele() { return ::kill(static_cast<pid_t>(Systeme_.processId()), SIGSTOP) == 0; }

@@ -71,6 +71,31 @@ TEST_F(BoundedFiles, AFrameWithAllItsCopiesIsHeldForLessThanTwoSecondsAndTheNext
   EXPECT_LT(Temps.elapsed(), kDeuxSecondes) << "a thousand of them: nothing is waited for any more";
 }
 
+// Folders that are not written to any more make room for others. A silent one is none of these: made anew, it would be
+// waited for anew.
+TEST_F(BoundedFiles, ASilentDiskIsNotWaitedForAgainHoweverManyFoldersAreWrittenToMeanwhile) {
+  FichiersBornes fichiers;
+  ASSERT_TRUE(Disque->SeTait());
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "a"), ETIMEDOUT);
+  qint64 attendu = 0;
+  for (int i = 0; i < 30; ++i) {
+    const QString dossier = Ailleurs() + QStringLiteral("/d%1").arg(i);
+    ASSERT_TRUE(QDir().mkdir(dossier));
+    ASSERT_EQ(fichiers.EcritNouveauFichier(dossier + QStringLiteral("/a.jpg"), "a"), 0);
+    Temps.start();
+    ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "a"), ETIMEDOUT);
+    attendu += Temps.elapsed();
+  }
+  EXPECT_LT(attendu, kDeuxSecondes);
+}
+
+TEST_F(BoundedFiles, QuestionsNeverComeToAnEnd) {
+  const FichiersBornes fichiers;
+  for (int i = 0; i < 2 * TravauxBornes::kAuPlus; ++i) {
+    ASSERT_TRUE(essai::AttendQue([&] { return fichiers.RegardeDossier(Chemin()) == Presence::kLa; })) << i;
+  }
+}
+
 TEST_F(BoundedFiles, AnotherDiskTakesItsFilesMeanwhile) {
   FichiersBornes fichiers;
   ASSERT_TRUE(Disque->SeTait());

@@ -167,12 +167,14 @@ TEST_F(MagasinMuet, ASaveIsWaitedForOnceAndNotForLong) {
 
 TEST_F(MagasinMuet, AStartOnItEndsWithTheReason) {
   ASSERT_TRUE(Disque->SeTait());
+  Temps.start();
   try {
     const MagasinBorne magasin(Fichier(), {.Depart = MagasinBorne::Duree(300)});
     FAIL() << "opened";
   } catch (const Echec& echec) {
     EXPECT_TRUE(echec.Description().startsWith(Fichier() + ": "));
   }
+  EXPECT_LT(Temps.elapsed(), 15'000);
   ASSERT_TRUE(Disque->Repond());
 }
 

@@ -108,6 +108,26 @@ TEST_F(PhotosThatStay, APhotoThatDidNotReachTheDiskIsToldAlsoWhenNoneFollows) {
   EXPECT_EQ(fichiers.EcritNouveauFichier(Chemin("/b.jpg"), "photo"), 0) << "this one is whole all the same";
 }
 
+// It has taken the photo: since then it has failed.
+TEST_F(PhotosThatStay, ADiskThatHasBecomeOneToBeReadOnlyHasLostThem) {
+  FichiersBornes fichiers;
+  ASSERT_TRUE(Disque->DevientProtege());
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
+  ExigePerte(fichiers, Chemin(), EROFS);
+}
+
+// What was told as failed is no loss as well, and what is replaced anyway is not flushed.
+TEST_F(PhotosThatStay, OnlyNewFilesThatWereWrittenCanBeLost) {
+  FichiersBornes fichiers;
+  ASSERT_TRUE(Disque->RefuseDeVider());
+  ASSERT_EQ(fichiers.EcritFichier(Chemin("/Live.jpg"), "live"), 0);
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/gone/a.jpg"), "photo"), ENOENT);
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Ailleurs() + QStringLiteral("/gros.jpg"), QByteArray(20'000'000, 'g')),
+            ENOSPC);
+  QThread::msleep(500);
+  EXPECT_EQ(fichiers.PrendPerte(), std::nullopt);
+}
+
 TEST_F(PhotosThatStay, ALossIsAskedForWithoutWaitingForTheDisk) {
   FichiersBornes fichiers;
   ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
