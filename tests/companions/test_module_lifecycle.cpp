@@ -54,7 +54,7 @@ TEST_F(Modules, ARehearsalIsNoStray) {
 }
 
 TEST_F(Modules, AStartLeavesNoSecondStrayBehind) {
-  Processus.Table = {{5, "VAKTORftp", ""}, {6, "VAKTORftp", ""}, {7, "VAKTORftp", ""}};
+  for (qint32 pid = 5; pid < 15; ++pid) Processus.Table.append({pid, "VAKTORftp", ""});
   Regles.LanceModules();
   EXPECT_TRUE(Processus.Table.isEmpty());
 }

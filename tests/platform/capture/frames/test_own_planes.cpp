@@ -118,6 +118,21 @@ TEST(Reduction, NoRowAndNoColumnIsSkipped) {
   }
 }
 
+// Two columns share a byte of colour; that of a last one without a neighbour is there as well.
+TEST(Reduction, TheColourOfTheLastPairOfAnOddSideCounts) {
+  const std::vector<quint8> y(25, 100);
+  const std::vector<quint8> couleur = {10, 10, 250, 10, 10, 250, 250, 250, 250};
+  const PlansImage plans{GST_VIDEO_FORMAT_I420,
+                         GST_VIDEO_COLOR_MATRIX_BT601,
+                         true,
+                         5,
+                         5,
+                         {{{y.data(), 5}, {couleur.data(), 3}, {couleur.data(), 3}}}};
+  PlansPropres reduite;
+  ASSERT_TRUE(reduite.Reduit(plans, {2, 2}));
+  EXPECT_EQ(reduite.Plans().Plans[1].Octets[0], (4 * 10 + 5 * 250) / 9) << "the mean of all of them";
+}
+
 TEST(Reduction, OfPixelsKeepsThemInTheirPlaceToo) {
   QImage image(2560, 1440, QImage::Format_RGB32);
   image.fill(qRgb(10, 200, 30));
