@@ -7,6 +7,11 @@ namespace vaktor::essai {
 
 class AlarmeSurFaux : public ProgrammeSurFaux {
  protected:
+  /// The windows of this program go before those of the next test are looked for by the same names.
+  void TearDown() override {
+    Programme.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
   /// Armed, with photos, mail and sound on, and somebody who moves.
   void ArmeEtBouge(const QString& arguments = QStringLiteral("/alarm"), bool photos = true) {
     Systeme.Valeurs.insert(QMap<QString, QString>{{"general/retard", "1"},
