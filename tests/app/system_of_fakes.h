@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMap>
+#include <QSet>
 #include <map>
 
 #include "app/application.h"
@@ -58,8 +59,9 @@ class MagasinNote : public MagasinReglages {
 
 class CanalNote : public CanalMessages {
  public:
-  CanalNote(Journal& journal, std::map<qint32, std::function<void(const QString&)>>& boites, const bool& bloque)
-      : J_(journal), Boites_(boites), Bloque_(bloque) {}
+  CanalNote(Journal& journal, std::map<qint32, std::function<void(const QString&)>>& boites, const bool& bloque,
+            const QSet<qint32>& autres)
+      : J_(journal), Boites_(boites), Bloque_(bloque), Autres_(autres) {}
   qint32 OuvreBoite(std::function<void(const QString&)> recu) override {
     const qint32 poignee = 1001 + static_cast<qint32>(Boites_.size());
     Boites_[poignee] = std::move(recu);
@@ -78,12 +80,13 @@ class CanalNote : public CanalMessages {
   void OublieFenetre(qint32 poignee) noexcept override {
     J_.Note([=] { return QStringLiteral("channel: forget %1").arg(poignee); });
   }
-  bool Repond(qint32) const override { return false; }
+  bool Repond(qint32 poignee) const override { return Autres_.contains(poignee); }
 
  private:
   Journal& J_;
   std::map<qint32, std::function<void(const QString&)>>& Boites_;
   const bool& Bloque_;
+  const QSet<qint32>& Autres_;
 };
 
 class ProcessusNote : public Processus {
@@ -331,7 +334,7 @@ struct SystemeFaux {
             },
         .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
         .DossierMagasin = QStringLiteral("/home/u/config"),
-        .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque); },
+        .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque, AutresBoites); },
         .CreePilote =
             [this](const std::function<Langue()>& langue) {
               LangueDuPilote = langue;
@@ -363,6 +366,11 @@ struct SystemeFaux {
         .Bureau = Bureau,
         .Courriels = Courriels,
         .Site = {QStringLiteral("https://www.example.org"), QStringLiteral("/opt/v/site"), QStringLiteral("1.4.9")},
+        .TermineErrants =
+            [this](Compagnon compagnon, std::function<void()> fini) {
+              Notes.Note([&] { return QStringLiteral("strays: end %1").arg(static_cast<int>(compagnon)); });
+              ErrantsFinis = std::move(fini);
+            },
         .CreeFormSound =
             [this](Parametres& reglages, SauvegardeParametres& sauvegarde) {
               Notes.Note([] { return QStringLiteral("sound form: make"); });
@@ -390,6 +398,8 @@ struct SystemeFaux {
   bool MagasinPlein = false;                                ///< the settings cannot be saved
   std::function<Langue()> LangueDuPilote, LangueDesBoites;  ///< as the program handed them out
   bool CanalBloque = false;                                 ///< closing an inbox throws
+  QSet<qint32> AutresBoites;                                ///< inboxes of another copy, that answer
+  std::function<void()> ErrantsFinis;                       ///< to be called once the strays of a companion are gone
   std::map<qint32, std::function<void(const QString&)>> Boites;
   HorlogeNotee Horloge{Notes};
   faux::TempsVirtuel Temps{Horloge};

@@ -222,7 +222,9 @@ TEST_F(BoutonDuProgramme, RightOnTheSmallViewOpensItsMenuWhichChoosesTheView) {
   for (int y = 60; y < 120; ++y)
     for (int x = 60; x < 120; ++x) avec.setPixelColor(x, y, Qt::blue);
   bool paire = false;
-  Systeme.Pilote->Suivante = [&] { return (paire = !paire) ? vide : avec; };
+  const auto bouge = [&] { return (paire = !paire) ? vide : avec; };
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  pilote.Suivante = bouge;
   DemarreJusquALaFenetre();
   Clique("Bouton(0)");
   Systeme.Temps.Avance(300);
@@ -247,11 +249,21 @@ TEST_F(BoutonDuProgramme, RightOnTheSmallViewOpensItsMenuWhichChoosesTheView) {
   };
   EXPECT_EQ(coche(), "01");
   menu->close();
+  const qsizetype tout = qsizetype(vue->width()) * vue->height();
   for (const bool pixels : {true, true, false, false}) {
     Trouve<QAction>(pixels ? "MnuPixelView" : "MnuZoomView")->trigger();
     EXPECT_EQ(coche(), pixels ? "10" : "01");
     Systeme.Temps.Avance(60);
     EXPECT_EQ(noir() > 1000, pixels);
+    EXPECT_LT(noir(), tout);
+  }
+  for (const bool pixels : {false, true}) {
+    Trouve<QAction>(pixels ? "MnuPixelView" : "MnuZoomView")->trigger();
+    Systeme.Temps.Avance(60);
+    pilote.Suivante = [vide] { return vide; };
+    Systeme.Temps.Avance(90);
+    EXPECT_EQ(noir(), tout) << "nobody moves any more";
+    pilote.Suivante = bouge;
   }
 }
 
@@ -276,10 +288,11 @@ TEST_F(BoutonDuProgramme, RightOnTheMonitorOpensItsMenuWhichOpensTheEnlargedView
 TEST_F(BoutonDuProgramme, ShowsTheFacesOfItsOwnRowAndOfItsFamily) {
   DemarreAvecSite();
   const FacesBoutons& faces = static_cast<Form1*>(Fenetre("Form1"))->Face()->Faces();
-  QSet<qint64> vues;
   for (int i = 0; i < 7; ++i) {
     const auto* bouton = Trouve<BoutonImage>(qPrintable(QStringLiteral("Bouton(%1)").arg(i)));
     EXPECT_EQ(bouton->Face(), faces.FacesBouton(i).FaceRepos) << i;
+    const QImage vue = Trouve(qPrintable(bouton->objectName()))->grab().toImage();
+    EXPECT_EQ(vue.convertToFormat(bouton->Face().format()), bouton->Face()) << i;
   }
   for (int i = 0; i < 9; ++i) {
     const auto* bouton = Trouve<BoutonImage>(qPrintable(QStringLiteral("BoutonGris(%1)").arg(i)));

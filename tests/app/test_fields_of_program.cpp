@@ -180,6 +180,16 @@ TEST_F(ReglageDuProgramme, OfTheQualityIsTakenByTheNextPhoto) {
   }
 }
 
+TEST_F(ReglageDuProgramme, OfAFieldThatNeedsNoCleaningCanBeUndone) {
+  for (const Reglage& reglage : kReglages) {
+    DemarreSur(reglage);
+    auto* champ = Trouve<QLineEdit>(reglage.Controle);
+    if (champ == nullptr) continue;
+    Change(reglage);
+    EXPECT_TRUE(champ->isUndoAvailable()) << reglage.Controle;
+  }
+}
+
 TEST_F(ReglageDuProgramme, OfAnAddressIsNotTakenAwayByAClick) {
   const Reglage adresse{"Bouton(5)", "TextEMail", "MAIL/destination", "", "", Sauve::kEnQuittant};
   DemarreSur(adresse);

@@ -100,6 +100,11 @@ TEST_F(SourisDuProgramme, TheAutomaticToleranceTickedInTheFineSearchGoesOnFromWh
   Clique("ChkSeuilAuto");
   Systeme.Temps.Avance(100);
   EXPECT_EQ(Tolerance(), main - 4000) << "off again";
+  QTest::mouseDClick(Trouve("PictSeuil"), Qt::RightButton, {}, QPoint(180, 3));
+  Clique("ChkSeuilAuto");
+  Systeme.Temps.Avance(1);
+  EXPECT_EQ(Tolerance(), main - 5000) << "the right button searches nothing";
+  Clique("ChkSeuilAuto");
   QTest::mouseDClick(Trouve("PictSeuil"), Qt::LeftButton, {}, QPoint(180, 3));
   const qint32 apres = Tolerance();
   Clique("ChkSeuilAuto");
@@ -208,6 +213,17 @@ TEST_F(SourisDuProgramme, AMoveOverAControlIsTheControlsAndNotThePagesBehindIt) 
   EXPECT_EQ(survols(), "SurvolSon 17");
   BougeDansLaFenetre(Trouve("PictSeuil"), QPoint(5, 1));
   EXPECT_EQ(survols(), "") << "nor is the window";
+}
+
+TEST_F(SourisDuProgramme, AButtonThatThePointerHasLeftIsAtRestAgain) {
+  DemarreJusquALaFenetre();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(Fenetre("Form1")));
+  const auto* bouton = Trouve<BoutonImage>("Bouton(3)");
+  const FaceBouton& face = static_cast<Form1*>(Fenetre("Form1"))->Face()->Faces().FacesBouton(3);
+  BougeDansLaFenetre(Trouve("Bouton(3)"), QPoint(30, 8));
+  EXPECT_EQ(bouton->Face(), face.FaceSurvol);
+  BougeDansLaFenetre(Trouve("PictPage(1)"), QPoint(200, 110));
+  EXPECT_EQ(bouton->Face(), face.FaceRepos);
 }
 
 TEST_F(SourisDuProgramme, TheFrameOfAFlagGoesAndComesOnTheScreen) {

@@ -1,0 +1,80 @@
+// The end of the whole program with everything open, and what a second copy of it may do to this one.
+#include "app/alarm_fixture.h"
+
+namespace vaktor::essai {
+namespace {
+
+class FinDuProgramme : public AlarmeSurFaux {
+ protected:
+  static QString Fenetres() {
+    QStringList noms;
+    for (const QWidget* fenetre : QApplication::topLevelWidgets())
+      if (fenetre->isVisible()) noms += fenetre->objectName();
+    noms.sort();
+    return noms.join(' ');
+  }
+  static QRect Cadre(const char* fenetre) { return Fenetre(fenetre)->frameGeometry(); }
+  bool Vu(const char* ligne) const { return Systeme.Notes.Lignes().contains(QLatin1String(ligne)); }
+};
+
+TEST_F(FinDuProgramme, NoWindowStaysOverItAndNoButtonOpensOneOrSendsAnythingBehindIt) {
+  ArmeEtBouge();
+  for (const char* bouton : {"BoutonGris(0)", "BoutonGris(6)", "BoutonGris(8)", "BoutonEssaiFtp"}) Clique(bouton);
+  Trouve<QCheckBox>("CheckPEcran")->setChecked(true);
+  Programme->Sante().Signale(Condition::kPhotosImpossibles, "disk full");
+  Systeme.Temps.Avance(1000);
+  Clique("SigneSante");
+  EXPECT_EQ(Fenetres(), "Form1 FormMonitor FormSound FormVisuPhoto FrmEssaiFtp FrmSante FrmSmtp WebcamPecran");
+  Programme->Ferme();
+  EXPECT_EQ(Fenetres(), "");
+  Systeme.Notes.Vide();
+  Systeme.Messages.Textes.clear();
+  for (auto* bouton : Fenetre("Form1")->findChildren<QAbstractButton*>()) {
+    const bool tient = bouton->objectName().startsWith("Bouton(") || bouton->objectName().startsWith("Check");
+    if (!tient && bouton->objectName() != "BoutonGris(0)" && bouton->objectName() != "BoutonGris(6)") bouton->click();
+  }
+  Systeme.Temps.Avance(10'000);
+  EXPECT_EQ(Fenetres(), "");
+  EXPECT_FALSE(Vu("SaisitImage"));
+  EXPECT_TRUE(Systeme.Notes.Lignes().filter("jpeg").isEmpty());
+}
+
+TEST_F(FinDuProgramme, TheWindowOpensInTheMiddleOfTheScreen) {
+  DemarreJusquALaFenetre();
+  const QPoint ecart = Cadre("Form1").center() - Fenetre("Form1")->screen()->availableGeometry().center();
+  EXPECT_LT(ecart.manhattanLength(), 40) << ecart.x() << ' ' << ecart.y();
+}
+
+TEST_F(FinDuProgramme, TheListOfTheHealthOpensBesideTheWindowAndTheMonitor) {
+  DemarreJusquALaFenetre();
+  Clique("Bouton(0)");
+  Fenetre("FormMonitor")->move(Cadre("Form1").topRight() + QPoint(10, 0));
+  Programme->Sante().Signale(Condition::kPhotosImpossibles, "disk full");
+  Systeme.Temps.Avance(1000);
+  Clique("SigneSante");
+  ASSERT_TRUE(Visible("FrmSante"));
+  EXPECT_FALSE(Cadre("FrmSante").intersects(Cadre("Form1")));
+  EXPECT_FALSE(Cadre("FrmSante").intersects(Cadre("FormMonitor")));
+}
+
+// Another copy writes its inboxes into the store and ends our companions. As long as it answers it has them.
+TEST_F(FinDuProgramme, AnotherCopyIsLeftAloneAndOnceItIsGoneItsCompanionsAreEndedBeforeOursStart) {
+  DemarreJusquALaFenetre();
+  InscritCompagnons();
+  Systeme.AutresBoites = {2001};
+  Systeme.Valeurs["FTP/HWNDVK"] = "2001";
+  Systeme.Programmes.Finit("/opt/v/VAKTORftp");
+  Systeme.Temps.Avance(10'000);
+  EXPECT_FALSE(Vu("processes: start /opt/v/VAKTORftp"));
+  Systeme.AutresBoites.clear();
+  Systeme.Notes.Vide();
+  Systeme.Temps.Avance(120'000);
+  EXPECT_EQ(Systeme.Valeurs.value("FTP/HWNDVK"), "1001") << "ours again";
+  ASSERT_TRUE(Vu("strays: end 0"));
+  Systeme.Notes.Vide();
+  Systeme.ErrantsFinis();
+  EXPECT_TRUE(Vu("processes: start /opt/v/VAKTORftp"));
+}
+
+}  // namespace
+}  // namespace vaktor::essai
