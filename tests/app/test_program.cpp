@@ -127,7 +127,9 @@ TEST_F(Programme, HelpAndVersionNeedNoScreen) {
     Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), {QLatin1String(argument)});
     ASSERT_TRUE(Processus.waitForFinished(30000));
     EXPECT_EQ(Processus.exitCode(), 0);
-    EXPECT_TRUE(Processus.readAll().contains("Vaktor"));
+    const QByteArray dit = Processus.readAll();
+    EXPECT_TRUE(dit.contains("Vaktor"));
+    EXPECT_EQ(dit.contains("/camera:"), QLatin1String(argument) == QLatin1String("--help")) << argument;
   }
 }
 

@@ -1,0 +1,44 @@
+// The real system behind the ports: which program each rehearsal starts.
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include "app/real_system.h"
+
+namespace vaktor {
+namespace {
+
+/// In the place of a companion, beside this program: says its own name.
+void PoseCompagnon(const QString& nom) {
+  QFile fichier(QCoreApplication::applicationDirPath() + '/' + nom);
+  fichier.remove();
+  ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+  fichier.write("#!/bin/sh\necho \"${0##*/}\"\n");
+  ASSERT_TRUE(fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
+}
+
+QString Essaie(EssaiReglages& essai) {
+  QString dit;
+  bool fini = false;
+  essai.Lance(
+      "{}", {.SurLigne = [&dit](const QString& ligne) { dit += ligne; }, .SurFin = [&fini](FinEssai) { fini = true; }});
+  EXPECT_TRUE(QTest::qWaitFor([&fini] { return fini; }, 60'000));
+  return dit;
+}
+
+TEST(SystemeDuProgramme, EachRehearsalStartsItsOwnCompanion) {
+  for (const char* nom : {"VAKTORftp", "VAKTORmail"}) PoseCompagnon(nom);
+  QTemporaryDir dossier;
+  ArgumentsDepart arguments;
+  arguments.Dossier = dossier.path();
+  SystemeReel systeme(arguments);
+  const PortsSysteme ports = systeme.Ports();
+  EXPECT_EQ(Essaie(ports.EssaiMail), "VAKTORmail");
+  EXPECT_EQ(Essaie(ports.EssaiFtp), "VAKTORftp");
+}
+
+}  // namespace
+}  // namespace vaktor
