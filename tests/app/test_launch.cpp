@@ -56,9 +56,8 @@ class Lancement : public testing::Test {
   int Lance(std::function<bool()> regard) {
     Regard() = std::move(regard);
     QByteArray dossier = "/dossier:" + QFile::encodeName(Dossier.path());
-    QByteArray programme = QFile::encodeName(QCoreApplication::applicationFilePath());
+    QByteArray programme = "Vaktor";
     QByteArray camera = "/camera:test";
-    if (programme.isEmpty()) programme = "Vaktor";
     std::array<char*, 4> arguments = {programme.data(), dossier.data(), camera.data(), nullptr};
     return LanceVaktor(3, arguments.data());
   }
