@@ -1,6 +1,7 @@
 // FormMonitor: the zone under the mouse, the fit of the window, closing and coming back.
 #include <gtest/gtest.h>
 
+#include <QPainter>
 #include <QTest>
 
 #include "fakes/surveillance_bench.h"

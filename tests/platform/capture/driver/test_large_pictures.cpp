@@ -1,4 +1,5 @@
 // Cameras and films of more pixels than the detection can hold: shown, compared and reported in a size that it can.
+#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include "engine/detection_zone.h"
