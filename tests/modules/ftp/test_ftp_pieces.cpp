@@ -150,6 +150,21 @@ TEST_F(File, AMissingFolderIsEmpty) {
   EXPECT_EQ(file.Elague(), 0);
 }
 
+TEST(PublishedPhotos, AreABoundedNumber) {
+  const QTemporaryDir dossier;
+  QByteArray liste;
+  for (qsizetype i = PhotosPubliees::kMax; i > 0; --i)
+    liste += "{\"name\":\"" + QByteArray::number(i) + ".jpg\",\"taken\":\"2026-11-15T14:05:09\"},";
+  liste.chop(1);
+  ASSERT_TRUE(EcritOctets(dossier.filePath("photos.json"), R"({"site":"a","page":true,"photos":[)" + liste + "]}"));
+  PhotosPubliees photos(dossier.filePath("photos.json"));
+  ASSERT_EQ(photos.Liste().size(), PhotosPubliees::kMax);
+  photos.Ajoute({"new.jpg", QDateTime(QDate(2026, 11, 16), QTime(3, 4, 5))});
+  EXPECT_EQ(photos.Liste().size(), PhotosPubliees::kMax);
+  EXPECT_EQ(photos.Liste().first().Nom, "new.jpg");
+  EXPECT_EQ(photos.Liste().last().Nom, "2.jpg") << "the oldest is forgotten";
+}
+
 TEST(PublishedPhotos, SurviveARestartAndADamagedFile) {
   const QTemporaryDir temporaire;
   const QString fichier = temporaire.filePath("photos.json");
