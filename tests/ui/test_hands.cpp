@@ -57,6 +57,12 @@ TEST_F(Mains, ButtonLetsGoOfTheMouseWhenItLeavesAndTheNextMoveDragsTheWindow) {
   EXPECT_EQ(Deplacements.size(), 1);
   EXPECT_EQ(Banc.Sons.DernierSurvol, SonsInterface::kAucunSurvol);
   Relache(SurPage);
+  Appuie(Dans("Bouton(3)"));
+  Bouge(SurPage);
+  EXPECT_EQ(Deplacements.size(), 1) << "so it is at each press";
+  Bouge({2, 2});
+  EXPECT_EQ(Deplacements.size(), 2) << "the band's free places drag as well";
+  Relache({2, 2});
 }
 
 TEST_F(Mains, ReleaseBesideTheButtonIsSilentAndClicksNothing) {
@@ -89,6 +95,9 @@ TEST_F(Mains, PressThatLeftClicksNoMoreWhenItComesBack) {
   Bouge(SurPage);
   Bouge(Dans("Bouton(4)"));
   EXPECT_EQ(Banc.Trouve<BoutonImage>("Bouton(4)")->Face(), Banc.Fenetre.Face()->Faces().FacesBouton(4).FaceSurvol);
+  Bouge(SurPage);
+  EXPECT_EQ(Banc.Trouve<BoutonImage>("Bouton(4)")->Face(), Banc.Fenetre.Face()->Faces().FacesBouton(4).FaceRepos)
+      << "it had the mouse again";
   Bouge(Dans("Bouton(4)", {8, 8}));
   Relache(Dans("Bouton(4)", {8, 8}));
   EXPECT_EQ(Banc.Sons.DernierSon, 4) << "released on it";
@@ -338,6 +347,19 @@ TEST_F(AutreFenetre, AnotherProgramIsNoneUntilAnotherWindowOfOursIsChosen) {
   Choisit(Banc.Fenetre);
   Choisit(Autre);
   EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 2) << "once each time";
+  Choisit(Banc.Fenetre);
+  QApplication::setActiveWindow(nullptr);
+  QApplication::setActiveWindow(&Banc.Fenetre);
+  Choisit(Autre);
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 3) << "also after a look at another program";
+}
+
+TEST_F(AutreFenetre, OpenedMenuOrListIsNone) {
+  for (const Qt::FocusReason raison : {Qt::PopupFocusReason, Qt::MenuBarFocusReason}) {
+    QFocusEvent part(QEvent::FocusOut, raison);
+    QCoreApplication::sendEvent(Banc.Trouve("TextSujet"), &part);
+    EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0) << raison;
+  }
 }
 
 // A failure that comes out of no event ends the program.

@@ -118,7 +118,7 @@ void Form1::SortDesPagesCouvertes() {
   const auto pages = Pages().Toutes();
   for (std::size_t i = 0; i < pages.size(); ++i) {
     if (static_cast<int>(i) == PageDevant_ || tient == nullptr) continue;
-    if (tient != pages[i] && !pages[i]->isAncestorOf(tient)) continue;
+    if (!pages[i]->isAncestorOf(tient)) continue;  // a page counts as its own
     pages.at(static_cast<std::size_t>(PageDevant_))->setFocus(Qt::OtherFocusReason);
     return;
   }
