@@ -205,6 +205,7 @@ TEST_F(Champs, PublicAddressNeverGivenBecomesASlash) {
 
 TEST_F(Champs, ListsSaveTheUsersChoiceOnly) {
   auto* qualite = Banc.Trouve<QComboBox>("CombQualit");
+  qualite->setCurrentIndex(3);
   qualite->setCurrentIndex(0);
   Banc.Chargeur.ChargeTextes();
   EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0) << "set by the program";

@@ -98,6 +98,16 @@ TEST_F(FormeSon, ChoiceIsSavedAtOnceAndOnlyTheFileHasItsButton) {
   EXPECT_FALSE(Trouve<QPushButton>("CmdChoixSonRep")->isEnabled());
 }
 
+TEST_F(FormeSon, ListThatTheProgramFillsOrSetsChoosesNothing) {
+  Reglages.IndexSon = 2;
+  Ouvre();
+  Trouve<QComboBox>("CombSound")->setCurrentIndex(1);
+  Forme.close();
+  Ouvre(0);
+  EXPECT_EQ(Reglages.IndexSon, 2);
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+}
+
 TEST_F(FormeSon, FileReachesTheStoreOnlyWithTheNextSaveOfAnyKind) {
   Reglages.IndexSon = 3;
   Ouvre();

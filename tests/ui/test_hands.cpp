@@ -209,6 +209,11 @@ TEST_F(Mains, FocusThatCameByKeyIsShownAgainWhenTheWindowComesBack) {
   QCoreApplication::sendEvent(bouton, &part);
   QCoreApplication::sendEvent(bouton, &revient);
   EXPECT_EQ(bouton->grab().toImage(), avant);
+  QTest::mouseClick(bouton, Qt::LeftButton);
+  const QImage clique = bouton->grab().toImage();
+  QCoreApplication::sendEvent(bouton, &part);
+  QCoreApplication::sendEvent(bouton, &revient);
+  EXPECT_EQ(bouton->grab().toImage(), clique) << "and that of a click is not";
 }
 
 // --- Boxes
