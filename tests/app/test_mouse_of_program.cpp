@@ -1,10 +1,12 @@
 // What the mouse does in the whole program: gauge, zone of the monitor, dragging the window, flags, clicks of fields.
+#include <QScreen>
 #include <QWindow>
 
 #include "app/alarm_fixture.h"
 #include "ui/controls/flag_button.h"
 #include "ui/controls/gauge.h"
 #include "ui/fields/field_events.h"
+#include "ui/window/window_placement.h"
 
 namespace {
 int Deplacements = 0;
@@ -178,6 +180,14 @@ TEST_F(SourisDuProgramme, AClickGivesTheWholePictureBack) {
 }
 
 // --- The window
+
+TEST_F(SourisDuProgramme, TheWindowComesUpInTheMiddleOfItsScreenWithItsFrame) {
+  DemarreJusquALaFenetre();
+  QCoreApplication::processEvents();
+  const QWidget* fenetre = Fenetre("Form1");
+  ASSERT_NE(fenetre->frameGeometry().size(), fenetre->size());
+  EXPECT_EQ(fenetre->pos(), PlaceCentree(fenetre->screen()->availableGeometry(), fenetre->frameGeometry().size()));
+}
 
 TEST_F(SourisDuProgramme, TheWindowFollowsTheLeftButtonOnItsFreeSurfacesAndOnNothingElse) {
   DemarreJusquALaFenetre();
