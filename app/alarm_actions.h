@@ -15,7 +15,7 @@ class ActionsAlarmeReelles : public ActionsAlarme {
   ActionsAlarmeReelles(CommandesModules& modules, std::function<void()> photo)
       : Modules_(modules), Photo_(std::move(photo)) {}
 
-  void EnregistrePhoto() override {}
+  void EnregistrePhoto() override { Photo_(); }
   void EnvoiMail() override { Modules_.EnvoiMail(Commande::kIntrusion); }
   void EnvoiSon() override { Modules_.EnvoiSon(Commande::kIntrusion); }
 
