@@ -151,6 +151,22 @@ TEST_F(PhotosThatStay, ALossIsToldAlsoOfAFolderThatIsNotWrittenToAnyMore) {
   ExigePerte(fichiers, Chemin(), EIO);
 }
 
+TEST_F(PhotosThatStay, ALossOfSuchAFolderIsToldAlsoWhenItComesLate) {
+  FichiersBornes fichiers;
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
+  QThread::msleep(300);
+  ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/b.jpg"), "photo"), 0) << "flushed a second later";
+  ASSERT_TRUE(Disque->SeTait());
+  for (int i = 0; i < 12; ++i) {
+    const QString dossier = Ailleurs() + QStringLiteral("/d%1").arg(i);
+    ASSERT_TRUE(QDir().mkdir(dossier));
+    ASSERT_EQ(fichiers.EcritNouveauFichier(dossier + QStringLiteral("/a.jpg"), "photo"), 0);
+  }
+  EXPECT_EQ(fichiers.PrendPerte(), std::nullopt) << "the disk has not answered yet";
+  ASSERT_TRUE(Disque->RefuseDeVider());
+  ExigePerte(fichiers, Chemin(), EIO);
+}
+
 TEST_F(PhotosThatStay, PhotosThatWentWithTheirFolderAreLost) {
   FichiersBornes fichiers;
   const QString dossier = Ailleurs() + QStringLiteral("/parti");
