@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What an alarm does, handed to the rooms that do it.
 #pragma once
 

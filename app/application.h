@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program: owns every object of the rooms, ties them together, brings everything up and down.
 #pragma once
 

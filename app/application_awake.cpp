@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine under the watch: kept awake while the camera runs, and told when it slept all the same.
 #include "app/application.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The shutdown: one pass, nothing is asked, nothing refuses, nothing is waited for.
 #include <QCoreApplication>
 #include <QScopeGuard>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window in which the settings of the live page are tried.
 #include <QScreen>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The health of the watch: who shows it, who tells it, and from when on.
 #include <QScreen>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The opening and the going of the form of the mail settings, which lives from its opening to its close. A change of
 // language does not make it: each opening reads the accounts anew, and the first may put the default one into an empty
 // configuration, which nobody asked for at a start.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The steps of the start-up sequence. Their order stands in start_sequence.cpp.
 #include <QScreen>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the start arguments "/alarm" and "/surve" switch on by themselves, once the program is up.
 #pragma once
 

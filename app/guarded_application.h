@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The application object with the one guard at the event loop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timers whose ticks fall away while the program must not act: before its settings are loaded, and once it ends.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What live publishing is given of the JPEG writer.
 #pragma once
 

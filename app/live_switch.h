@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The live switch of the main window. It knows both the camera and the live page, which do not know each other: the
 // engine asks whether the page is on and has its frames published, the page takes frames and asks for none.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real system behind the ports, one object for the whole run.
 #pragma once
 

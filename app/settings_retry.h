@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Settings that could not be saved are tried again without the user.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/start_arguments.h"
 
 #include "texts/phrase.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The load step of frmSplash: everything between the start of the process and the main window on the screen, in order.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The system that the program runs on, as ports. launch.cpp hands in the real one, tests hand in fakes.
 #pragma once
 

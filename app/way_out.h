@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The way out: whatever throws on it, the process ends, and its status says that something was lost.
 #pragma once
 

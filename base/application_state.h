@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What concerns the program as a whole. Owner: app/; forms hold a reference and only read.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A failure in a rule: a number and a description, raised as an exception and caught by one guard far above.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether the bytes of a JPEG file are all there. The one answer for everybody who asks: the companions before they
 // send a picture, the gallery before it says that one ends early.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whole-number helpers with the rules that hold everywhere in the program: 32-bit arithmetic that fails on overflow
 // instead of wrapping, reals that become integers by rounding halves to the even number, texts that become integers.
 #pragma once

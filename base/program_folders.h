@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the program lies and where it writes. Both without a separator at the end.
 #pragma once
 

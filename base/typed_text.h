@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a text typed or pasted into a field of one line is freed of, the same in every form.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long a file that cannot be written may stand in the way of everything else.
 #pragma once
 

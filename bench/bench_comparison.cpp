@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The comparison of one frame against the limit that memory sets, the plain loop and OpenCV.
 //
 // All sides are timed in the same loop, in turn, so that whatever else the machine does meets them alike: in each round

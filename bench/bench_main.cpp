@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The comparison and the photo; bench/measure runs them and the other measurements in one command. Options of Google
 // Benchmark work as usual, such as --benchmark_filter=...
 #include <benchmark/benchmark.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A photo of the recorder, from the frame to the closed file, against TurboJPEG alone into memory on the same pixels.
 //
 // Both sides are timed in the same loop, in turn, so that whatever else the machine does meets both alike. Times are

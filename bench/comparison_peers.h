@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the comparison of one frame is measured against. All of them take the picture from its first pixel on, every
 // third pixel of every third row.
 #pragma once

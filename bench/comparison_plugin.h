@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 /* The comparison of one frame for measuring programs of other people: plain C, nothing to include but this. */
 #ifndef VAKTOR_COMPARISON_PLUGIN_H
 #define VAKTOR_COMPARISON_PLUGIN_H

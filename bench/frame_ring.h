@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frames to measure with: a ring of pictures far larger than the last cache, so that each frame comes from memory as a
 // camera's does, or two pictures in turn that stay in the cache as far as they fit.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From a frame in hand to its photo on the disk, in the running engine: real camera driver, real timers, real files,
 // no windows.
 //

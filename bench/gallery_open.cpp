@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The photo gallery over a folder with many photos: how long until the window stands painted, how long a timer of 30 ms
 // has to wait meanwhile, how long each step of scrolling and each photo takes.
 //

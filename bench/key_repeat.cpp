@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long a save takes under a held key, and whether the tick keeps its cadence meanwhile: key_repeat FOLDER
 // [SECONDS]. The whole program, with the built-in picture and its companions, on the disk that FOLDER lies on. A key is
 // held in Text1, which saves at each keystroke, at the usual rate of auto-repeat.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "bench/comparison_peers.h"
 
 #if defined(VAKTOR_BENCH_OPENCV)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A watch whose health nobody asks for: for what measures the work of a frame.
 #pragma once
 

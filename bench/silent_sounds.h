@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sounds that nobody hears, for programs that only measure.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program of bench/soak: soak_program FRAMES /dossier:PATH [/alarm] [/surve]. The whole program with its real
 // system, but for two things: the camera has a picture whenever it is asked for one, and the tick comes each
 // millisecond. Tells on its standard output what has been done so far, once a second, and ends after that many frames.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // CPU time of the thread, so that what else the machine does is left out, and the median, so that its jolts are.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The whole program beside Debian's `motion`: processor time per frame and peak memory, measured in turn.
 
     bench/whole_program.py [--rounds 3] [--seconds 12] [--warm 8] [--program PATH] [--keep]

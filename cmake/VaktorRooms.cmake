@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Rooms: one static library a folder. A room sees the headers of the rooms it links to and of no other, so that an
 # include against the order of the floors does not compile. Headers are written with their folder: "engine/zone.h".
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The companions are looked after: one that ends is started again, one that takes no messages any more is ended first.
 #pragma once
 

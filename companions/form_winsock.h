@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FormWinsock: the three inboxes of the companions, and what each of their words does.
 #pragma once
 

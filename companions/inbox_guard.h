@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether the inboxes in the store are still those of this program. Another copy that the same user starts writes its
 // own there: new companions then register with it, and this one has lost its way to them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the main program knows of its companions. One owner (app/ makes one); the rules of this room write it, others
 // read it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Live-cam publishing: the user's switch, one stamped frame at a time, the page and its test. The companion holds the
 // connection and makes the page; this program only writes the live file and says when.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The request of a rehearsal of the live page.
 #pragma once
 

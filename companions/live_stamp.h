@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The time of a live image: white figures on a fixed dark plate, readable on any picture.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The accounts of the mail programs on this machine, so that the user can pick one instead of typing.
 #pragma once
 

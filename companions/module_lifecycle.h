@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The launch of the companion processes: strays of earlier runs are ended, fresh ones are started. Who looks after them
 // from there on stands in companion_watch.h.
 #pragma once

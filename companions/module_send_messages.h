@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // ModuleSendMessages: one command in, one key code posted to the companion, fire and forget.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Words of the rehearsals, of the mail and of the live page.
 #pragma once
 

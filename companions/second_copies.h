@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The alarm photos that go to the web site: whether another one is welcome in "Temp/FTP". While the FTP companion is
 // away nobody takes them out of there, and this program deletes nothing.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether what leaves the machine arrives: mails that wait, a live page that nobody renews any more.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The SMTP settings as their form treats them: which fields can be used, what a typed port becomes, what is still
 // missing, and the request of a rehearsal.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Words of the mail settings that the numbered tables do not hold: how an account is named, the switch for servers
 // without TLS, and the mail of a rehearsal.
 #pragma once

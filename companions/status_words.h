@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The words of the FTP companion, as one table: what each shows and what it does.
 #pragma once
 

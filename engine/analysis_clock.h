@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The time of the analysis: two moments that it remembers, on a scale whose origin moves along, so that the counter of
 // milliseconds never comes to its end.
 #pragma once

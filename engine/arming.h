@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The alarm between the detection and what it does: off, counting down, armed. Once armed it stays armed.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The switch of the camera: opens and closes the driver and brings everything that hangs on it up and down.
 #pragma once
 

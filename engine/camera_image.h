@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A frame as the capture driver hands it over: a picture, or something that a picture is made of once somebody looks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The numbers of the detection. One owner, the surveillance engine; forms and rules above read them from there.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The zone that the user draws on the frame surface. Three events reset it to the whole picture, each in its own way.
 #pragma once
 

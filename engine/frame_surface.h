@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frame surface: Picture1 of FormMonitor as the rules see it. One frame that everybody shares, and a short list of
 // outlines over it. Nothing is ever drawn into the picture, so nothing is ever copied to be drawn on.
 #pragma once

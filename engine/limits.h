@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the detection ends. Each limit stands here with what happens at it; who reaches one calls its Lance..., which
 // throws. The tick swallows that, the frame counts as not compared, and where frame upon frame is not the watch tells
 // of a detection that stands still (surveillance_tick.h).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The refresh interval of the live page, a text of the user's, as the number that the analysis needs at each frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The detector: what changed since the frame before, what the window says of it and whether the armed system acts.
 #pragma once
 

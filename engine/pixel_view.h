@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The small view Picture2 in pixel mode: the moving points of the picture on black, at half scale.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pixels in memory, as the comparison reads them.
 #pragma once
 

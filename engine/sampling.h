@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which pixels of a picture the detection looks at, and how many of them it can hold: step, phase and capacity. The
 // comparison and its view, the capture driver, which need not make the other pixels, and the choice of a camera's
 // format all have them from here.

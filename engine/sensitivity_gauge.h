@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tolerance of the comparison: set by hand on the gauge PictSeuil or found by itself, just above the noise.
 #pragma once
 

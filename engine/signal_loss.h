@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The loss of a camera's signal: from when on it is shown, told, and acted upon. Each moment is a number of its own.
 #pragma once
 

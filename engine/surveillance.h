@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The surveillance engine as the rest of the program sees it: one object that owns every rule and state of detection.
 #pragma once
 

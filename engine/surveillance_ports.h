@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything that the engine is given from outside, in one bundle.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The engine's own state and timers, shared by its rules. Each field has one writer or a few that its comment names.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The heartbeat: at the later of "30 ms have passed" and "a new frame is there" a frame goes onto the surface, is
 // compared and shown.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine stays awake while the camera runs; where it slept all the same, or its clock was set, the gap is told.
 #pragma once
 

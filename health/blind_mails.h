@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Who is told by mail that the watch is blind, and when: whoever armed it and left.
 #pragma once
 

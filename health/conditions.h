@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What each condition of the watch means: how bad it is, how long it must last before it counts, and the words for
 // those who look after the shop. One table; nobody else finds words for a condition.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is told on the desktop: one notification when a condition begins, one when the last has ended.
 #pragma once
 

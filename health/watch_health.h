@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The health of the watch: which conditions stand, since when, which of them count. Whoever knows reports, this room
 // decides what counts, and those who show it follow.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One slice of a deletion: events run between slices, so how long one lasts is how late the window may learn that the
 // deletion is to stop, and how often its bar moves.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The choice of the photo folder: what loading, browsing, creating and accepting do.
 #pragma once
 

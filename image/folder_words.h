@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a person is told of a folder that cannot be used.
 #pragma once
 

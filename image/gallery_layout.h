@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where things stand in the gallery's window. The arithmetic is in twips, 15 to the pixel, as the window's measures are
 // given; sizes come in and places go out in pixels, halves rounded to the even number.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What of the gallery may run when: the one place that says so.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Words of the gallery that the numbered tables do not hold: what stands in the place of a picture that cannot be
 // shown, and what is said of photos that resist.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one writer of JPEG files, over an encoder and the files of the disk.
 #pragma once
 

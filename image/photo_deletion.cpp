@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Deletion of one photo and of all that the list shows.
 #include <QSet>
 #include <utility>

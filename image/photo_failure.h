@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is known of one folder into which photos cannot be written.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The photo gallery: one folder of photos, its list, the photo that is shown, deletion, the limit on the number.
 #pragma once
 

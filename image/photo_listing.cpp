@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reading the folder: opening, another folder, the list anew.
 #include <algorithm>
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The photo recorder: one alarm frame becomes up to two JPEG files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One thing after the other: what was asked of the gallery, and who has the turn.
 #include <algorithm>
 #include <utility>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/photo_watch.h"
 
 #include "image/free_space.h"

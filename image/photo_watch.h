@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Looks after the place of the photos while nobody takes one: room on the disk, and conditions that end by themselves.
 #pragma once
 

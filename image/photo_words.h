@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Why photos cannot be written, for the list of what is wrong.
 #pragma once
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Which camera a run has. Sourced by ./run. The program itself says what it would open; one thing is added here: where it
 # would find no camera at all, it is given the built-in picture.
 

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # What ./run, ./test and bench/ share: Debian packages and the build. Sourced by bash, never run by itself.
 # Every routine ends the calling script with a message when it cannot do its work.
 

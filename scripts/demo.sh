@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Vaktor at work on a virtual screen, with nobody at the mouse: armed, taking photos, sending a mail and publishing, in a
 # folder of its own and to servers of its own. Sourced by ./run.
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """The other ends of ./run --demo: a mail server, an FTP server and a web server for what lies on it.
 
 demo_peers.py FOLDER     serves until it is ended; all on loopback, on ports that the system gives

@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: GPL-3.0-or-later
 # Pictures of the real program's main window, to be looked at: four pages, three skins, two languages, at each of the
 # scales given. Works on virtual screens and in throw-away folders.
 #

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Windows-1252, the one single-byte code page of the program. Source: the table "cp1252" of the Unicode Consortium
 // with the five codes that it leaves open (81, 8D, 8F, 90, 9D) standing for the control characters of the same number,
 // as Windows itself treats them; so every code has a character.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything that the program remembers, once. Nothing that is kept between two runs lives anywhere else.
 #pragma once
 

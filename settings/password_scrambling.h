@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Scrambling of passwords on their way to the store and back: a positional shift without a key, three decimal digits
 // for each character. It keeps a password from being read over a shoulder, no more; the store is readable by its owner
 // only. The companions that use a password apply DecryptePass to the stored text.

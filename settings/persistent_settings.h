@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Load and save of all parameters, driven by the settings table.
 #pragma once
 

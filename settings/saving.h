@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the rest of the program asks for a save, without knowing the store.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a person is told when a parameter cannot be used or the store not be written, in both languages.
 #pragma once
 

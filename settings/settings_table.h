@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The one table of everything that is stored: where a value lies in the store, in which form, what a first run finds,
 // when it is loaded and when it is saved. Load, save, documentation and tests are driven by it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text of the settings file: sections in brackets, one "key=value" a line, UTF-8. What is written here is a subset
 // of the INI format of Qt (QSettings::IniFormat), so that a companion may read it with that; what is read is wider,
 // because people edit such files and disks damage them.

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Takes the manual's pictures from the real program, on a virtual screen at twice the size.
 
     site/take_pictures.py PROGRAM [PICTURE...]

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The languages that the program speaks, and what a stored number says of them. A further language is one enumerator
 // here and one column in each table of words: whatever has no text in it does not compile (texts/phrase.h).
 #pragma once

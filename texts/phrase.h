@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A text in every language of the program. All words that people read are one of these.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The names of the numbered texts. Each has its row in texts/text_rows.cpp; the number is that of the row, and what
 // tests/texts/words.tsv knows it by. Numbers have gaps.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rows of the five text tables, as data. Included by text_tables.cpp and nothing else.
 #pragma once
 

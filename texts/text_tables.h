@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The numbered texts in the language of the moment. Data only: who shows which word is told by the forms.
 #pragma once
 

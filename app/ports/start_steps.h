@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The steps that the start-up sequence puts in order. The application carries them out.
 #pragma once
 

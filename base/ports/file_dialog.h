@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the system's dialog for choosing a file.
 #pragma once
 

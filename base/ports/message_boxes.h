@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: message boxes. The words are the caller's; the box is the system's. The fake answers and records.
 #pragma once
 

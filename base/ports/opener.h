@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: opens a web address, a file or a folder with the program that the system keeps for it.
 #pragma once
 

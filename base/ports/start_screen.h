@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the splash as the start-up sequence sees it.
 #pragma once
 

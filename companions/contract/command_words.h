@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The words that the main program and its companions exchange, as data. Both sides read this one file, so that a word
 // and its code cannot drift apart. docs/companions.md tells the same to writers of companions in other languages.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the small windows of this folder have in common: font, width, margins.
 #pragma once
 

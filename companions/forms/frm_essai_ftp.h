@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FrmEssaiFtp: the small window in which the settings of the live page are tried.
 #pragma once
 

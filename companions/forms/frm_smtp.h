@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FrmSmtp: the window in which the user says how the alarm mails are sent.
 #pragma once
 

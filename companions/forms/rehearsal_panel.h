@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rehearsal of settings in a form: a button, the steps as they happen, and in one sentence how it ended.
 #pragma once
 

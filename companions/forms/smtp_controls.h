@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls of FrmSmtp and their places. No rules.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: what the companions say of their work in their status files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the mail accounts that the user's own mail programs keep.
 #pragma once
 

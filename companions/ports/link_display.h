@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the link to the companions shows on the main window, as states. The forms find the words and colours. The lamps
 // and the message about the camera are shown through the engine's AffichageSurveillance, which has them already.
 #pragma once

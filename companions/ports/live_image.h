@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Ports of the live page: the writer of the live file and the picture of the time stamp. app/ wires them to the JPEG
 // writer and DessinTimbre.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the message channel between the processes of one user. An inbox takes short texts, a command window takes key
 // codes; both are addressed by a decimal handle. Real implementation in platform/channel/.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the processes of this user. Real implementation in platform/channel/.
 #pragma once
 

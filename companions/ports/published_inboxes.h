@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the handles of the inboxes as the store has them now, for all the processes of this user.
 #pragma once
 

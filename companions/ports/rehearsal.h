@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: settings that are not saved are tried now, to see whether they are right: one mail is sent, or one file goes to
 // the site. Real implementation in platform/channel/: the companion whose work it is, started once for this.
 #pragma once

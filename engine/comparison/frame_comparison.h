@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The comparison of one frame with the samples of the frame before: the samples of a zone, each
 // colour taken as one whole number. A pure function over raw memory: no allocation, no call out, no state.
 #pragma once

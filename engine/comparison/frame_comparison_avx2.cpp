@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The comparison with AVX2: eight samples at a time.
 //
 // Eight samples are 24 pixels, three vectors. Sample k of a block lies in lane 3k mod 8 of one of them, so no two

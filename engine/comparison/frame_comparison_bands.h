@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Inside of the comparison: the scan is cut into bands of rows that are alike, so that the loops that run over them
 // know for a whole band which columns lie in the picture. Included by the comparison's own sources only.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Inside of the comparison: the rows of a band with vectors, as all instruction sets have it in common.
 //
 // Included by one source for each instruction set, which defines VAKTOR_CIBLE before it: the attribute that lets the

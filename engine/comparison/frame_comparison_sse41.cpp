@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The comparison with SSE4.1, for processors without AVX2: four samples at a time. The same road as with AVX2: twelve
 // pixels are three vectors, sample k lies in lane 3k mod 4, and one shuffle of bytes does the colours and the order.
 #if defined(__x86_64__)

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The samples of the frame before. Allocated once for the whole run and never cleared, not even when the camera stops:
 // a new start compares with the last samples of the run before.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the engine asks of the rooms above it. Handed in at construction; the engine knows only these words.
 #pragma once
 

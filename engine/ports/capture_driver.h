@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the capture driver, one camera. Real implementation in platform/capture/, fake in tests/fakes/.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: time. Rules never ask the system; tests hand in a clock that they move by hand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: lets the events that are waiting run, at the few points where a rule says so.
 #pragma once
 

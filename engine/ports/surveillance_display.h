@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the engine shows, as states with their numbers. The forms find the words, colours and pictures.
 #pragma once
 

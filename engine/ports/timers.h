@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: timers. The real ones fire on the user-interface thread; the fake is a scheduler that tests advance by hand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the machine under the program, asked not to go to sleep, and its clocks.
 #pragma once
 

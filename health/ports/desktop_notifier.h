@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: a notification on the desktop, for somebody who works at the machine and does not look at the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: whoever knows that something is wrong with the watch says so here. How long it must last before it counts, how
 // bad it is, in which words and where it is told is for the room of the health alone.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the place beside the store where a mail about the watch itself is laid down for the mail companion to take.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Dir1: the folders below one place, as a tree that is read only where it is opened.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FormMonitor: the small window that shows the frame at its own size and takes the zone from the mouse.
 #pragma once
 

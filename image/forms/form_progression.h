@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FrmProgression: how far the deletion of all photos has come.
 #pragma once
 

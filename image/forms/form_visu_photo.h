@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FormVisuPhoto: the window of the photo gallery.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Picture1: the frame at its own size. It keeps no frame of its own, it paints the surface.
 #pragma once
 

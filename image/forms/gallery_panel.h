@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PictureAfff: the gallery's left panel with its controls.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FilePhotoVisu: the list of the photos, with the mouse as the gallery's rules want it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PictureVisu: the place of the photo in the gallery.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Repertoire: the small window in which the folder of the photos is picked or made.
 #pragma once
 

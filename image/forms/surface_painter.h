@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Paints a frame with its outlines. The three views of a frame (monitor, enlarged view, small view) share it, so that
 // an outline looks the same in all of them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Work that only changes what a window shows: put off while the window is on no screen, and done once when it comes
 // back. A program that watches all night minimised formats, measures and announces nothing to nobody.
 #pragma once

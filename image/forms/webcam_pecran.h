@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // WebcamPecran: the enlarged view, one window that shows the frame of the tick before over a whole screen.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: what was written and did not reach the disk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the folders of this machine as a person picks one among them. No call waits long for a disk: a network volume
 // whose server has gone must not take the windows with it.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the gallery's rules show. FormVisuPhoto stands behind it; tests stand in for it.
 #pragma once
 

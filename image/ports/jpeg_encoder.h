@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: a JPEG encoder, and how the saving of a photo can end.
 #pragma once
 

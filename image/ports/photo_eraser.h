@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: deletes photos without holding up the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the names of the photos of a folder, read without holding up the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: reads one photo of the photo folder for the gallery, without holding up the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: how much room a disk has, asked without waiting for it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: whether a folder takes photos again, asked without waiting for its disk.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The log of a companion: for the person who wants to know why no mail came. Small and bounded, and never a secret.
 #pragma once
 

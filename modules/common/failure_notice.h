@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How the user learns that a companion could not do its work: a notification on the desktop, once a failure, and a file
 // that says what happened, in the server's own words, and what to do.
 #pragma once

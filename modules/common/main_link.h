@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A companion's side of the channel: it registers with the main program, hears commands and says words.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where a companion finds and leaves things: the same places as the main program that started it.
 #pragma once
 

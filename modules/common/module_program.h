@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What all companion programs are: the same start, the same life, the same end. A companion itself is a Module.
 #pragma once
 

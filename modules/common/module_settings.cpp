@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/common/module_settings.h"
 
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parameters of a companion: the whole table of the main program, read from the same store.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "--try" of a companion: one request on standard input, a line of standard output for each step, an exit status. For a
 // person who wants to know whether the settings are right before the alarm depends on them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From what the user has typed to what a connection needs.
 #pragma once
 

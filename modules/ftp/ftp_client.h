@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The conversation with the FTP server. Blocks: lives on a thread of its own.
 // Sources: RFC 959 (FTP), RFC 2428 (EPSV), RFC 4217 (TLS for FTP), RFC 3986 (URL).
 #pragma once

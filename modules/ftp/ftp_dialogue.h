@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Listens to what the library and the server say to each other: for the steps of a connection, and for the server's own
 // words when something is refused.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Why one run of the library failed, as exactly as its code and the server's words tell.
 #pragma once
 

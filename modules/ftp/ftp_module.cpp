@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The link: commands, connecting, losing and finding again. What is uploaded is in ftp_uploads.cpp.
 #include "modules/ftp/ftp_module.h"
 

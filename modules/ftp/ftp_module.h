@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The FTP companion's rules: when to connect, what goes first, what is said to the main program.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The worker: one thread that owns the conversation with the server.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What goes to the server, in which order, and what is said about it.
 #include "modules/ftp/ftp_module.h"
 

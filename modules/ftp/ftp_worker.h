@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the conversation with the FTP server, as the rules of the companion see it. One job at a time, never blocking.
 #pragma once
 

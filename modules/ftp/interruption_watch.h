@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a rehearsal that the user no longer wants: it may have to tidy up on the server first.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page "live.html": valid HTML 5, nothing from anywhere but the folder that it lies in.
 #pragma once
 

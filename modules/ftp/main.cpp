@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VAKTORftp: puts the live image, the photos of an alarm and the page on a web site.
 #include <QRandomGenerator>
 #include <csignal>

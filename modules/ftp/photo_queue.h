@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The alarm photos that wait in "Temp/FTP" to be published.
 #pragma once
 

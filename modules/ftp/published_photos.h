@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which photos the page shows: the companion's own memory, kept between two runs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rehearsal of the live page: a small file goes the way of a live image, now, with every step told.
 #pragma once
 

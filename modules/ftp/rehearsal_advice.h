@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How a rehearsal of the live page ended, in one sentence, with what to change.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/ftp/server_address.h"
 
 #include <arpa/inet.h>

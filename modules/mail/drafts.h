@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From an intrusion to its mail. While photos still come only the recipe lies on disk, a few hundred bytes that survive
 // a kill; photos are read and the message is composed once, when the mail is published.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files that are there after a power cut, or not there at all.
 #pragma once
 

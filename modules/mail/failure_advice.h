@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a failed mail means, in one sentence, and what to do about it, in both languages.
 #pragma once
 

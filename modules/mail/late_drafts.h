@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drafts that the disk would not let become mails. Nobody else looks at a draft of a living companion.
 #pragma once
 

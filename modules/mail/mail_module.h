@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The mail companion's rules: when a mail is made, with which photos, and what the user is told.
 #pragma once
 

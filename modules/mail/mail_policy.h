@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How many mails may leave, and which photos they take. Rules only: time and files are handed in.
 #pragma once
 

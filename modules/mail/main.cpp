@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VAKTORmail: sends the mails of the alarm.
 #include <QDateTime>
 #include <QRandomGenerator>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One mail as text on the wire: header fields, a text part and JPEG attachments.
 // Sources: RFC 5322 (message), RFC 2045/2046 (MIME, multipart/mixed), RFC 2047 (encoded words), RFC 2183 and RFC 2231
 // (attachment names).

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The outbox: every mail lies on disk, whole, before the first attempt to send it, and leaves the disk only when a
 // server has taken it or it is given up. It survives a kill and a power cut.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The photos on disk, as the mail takes them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The postman: which mail of the outbox is tried when, and what follows from each answer. Rules only: what sends, and
 // the time, are handed in; runs on the sending thread.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rehearsal: one mail, sent now, with every step told. For a person who wants to know whether the settings are
 // right before the alarm depends on them.
 #pragma once

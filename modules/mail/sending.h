@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a sending is given, what it calls and what comes of it, whichever way the mail goes.
 #pragma once
 

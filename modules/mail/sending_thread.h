@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The thread that empties the outbox, so that the companion hears its commands whatever a server does.
 #pragma once
 

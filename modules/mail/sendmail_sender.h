@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Hands one mail to the system's own mail program, through the interface that sendmail, postfix, exim, msmtp and their
 // like share (Linux Standard Base, "sendmail").
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Follows an SMTP conversation from its lines: which command is being answered, and what the server said.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The folder in which the main program leaves what the watch has to say of itself: one file a message, a picture beside
 // it where there is one.
 #pragma once

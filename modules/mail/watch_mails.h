@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From what the watch has to say of itself to mails of the outbox: none is lost by a kill in between, none made twice.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VAKTORsound: plays the alarm sound.
 #include "modules/common/module_program.h"
 #include "modules/sound/sound_module.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sound companion's rules: which file, one at a time, and what is told when it cannot be heard.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plays one sound file at a time, through GStreamer.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The accounts as they are found, one after the other, of whatever program.
 #pragma once
 

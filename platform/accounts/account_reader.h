@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The mail accounts of the programs that Linux users have, from their files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The accounts of Evolution. Format: one key file a source, the file's name its identifier; an account names its
 // identity, and that its transport (wiki.gnome.org/Apps/Evolution/ESourceFileFormat).
 #pragma once

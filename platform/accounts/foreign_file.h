@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files of other programs: whatever may stand in their place is opened without harm and read up to a limit.
 #pragma once
 

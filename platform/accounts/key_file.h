@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files of groups and keys: the profile list of Mozilla's programs and the sources of Evolution.
 // Format: "[group]" lines, "key=value" lines; the key files of GLib and the "ini" files of Mozilla agree on that much.
 #pragma once

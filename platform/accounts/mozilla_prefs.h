@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The preferences file of Mozilla's programs: lines of user_pref("name", value); in a small part of JavaScript.
 // Format: modules/libpref of Mozilla's sources (the grammar stands at the head of its parser).
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/accounts/thunderbird_accounts.h"
 
 #include "platform/accounts/key_file.h"

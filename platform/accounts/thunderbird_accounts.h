@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The accounts of Thunderbird. Formats: profiles.ini and installs (toolkit/profile of Mozilla's sources), prefs.js
 // (mailnews/base: mail.accountmanager, mail.account, mail.identity; mailnews/compose: mail.smtpserver).
 #pragma once

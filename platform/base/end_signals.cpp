@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/base/end_signals.h"
 
 #include <fcntl.h>

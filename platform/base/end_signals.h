@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // TERM, INT and HUP as events of the event loop.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pump of the program: the pending events of Qt.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The names of the files of a folder of tens of thousands, sorted, in a hundredth of a second for each ten thousand.
 #pragma once
 

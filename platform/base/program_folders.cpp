@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/base/program_folders.h"
 
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The clock of the program: a monotonic counter from its making, and the system's date and time of day.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the sockets of the channel lie, and how a handle becomes an address.
 #pragma once
 

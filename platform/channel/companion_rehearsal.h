@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A rehearsal by the companion whose work it is: "VAKTORmail --try" or "VAKTORftp --try", started once for it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How much lies in a folder, counted on a thread of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A program of ours that runs, and the word of its end.
 #pragma once
 

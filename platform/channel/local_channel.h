@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The message channel on the sockets of the user's channel folder.
 #pragma once
 

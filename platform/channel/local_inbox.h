@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One end of the channel that listens: a datagram socket in the channel's folder. Datagrams, and not a stream, because
 // the channel carries short words that nobody answers: the kernel keeps each whole and in order, bounds what may wait,
 // and hands over with each the user who sent it (SCM_CREDENTIALS, unix(7)). There is no half-open connection to guard.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of the channel that talks: messages to handles, in order, without ever waiting for the other side.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A hold on one process (pidfd_open(2)): it never means another one that has taken over the number.
 #pragma once
 

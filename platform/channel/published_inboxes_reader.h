@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The handles in the settings file, read on a thread of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which script a process runs: the system's own name for it is that of the interpreter.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A socket that sends to one address. One for each, because the kernel then tells how much of what was sent through it
 // was not taken yet (SIOCOUTQ, unix(7)).
 #pragma once

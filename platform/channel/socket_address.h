@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The socket calls want an address of a type that holds all families; the one conversion stands here.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The processes of this user as the system tells them (proc(5)), ended through pidfds (pidfd_open(2)), so that a number
 // which another process has taken over in the meantime is never hit.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings store for a thread that no disk may hold up.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Brings the photos of one folder to the disk itself.
 #pragma once
 

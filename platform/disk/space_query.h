@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The room of a disk, asked on a thread of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The files of one folder, written by a thread of their own, so that a disk that does not answer holds nobody.
 #pragma once
 

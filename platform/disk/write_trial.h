@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether a folder takes photos again, found out on a thread of its own.
 #pragma once
 

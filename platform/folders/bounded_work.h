@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Work that may block for ever, done on a thread of its own and waited for only so long.
 #pragma once
 

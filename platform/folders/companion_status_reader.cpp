@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/folders/companion_status_reader.h"
 
 #include <QJsonDocument>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The status files of the companions, as the companion programs of this house write them.
 #pragma once
 

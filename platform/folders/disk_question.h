@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One question at a time to a disk that may not answer, and the answer in the event loop of who asked.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Brings results from threads to the event loop of the one that waits for them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/folders/folder_access.h"
 
 #include <dirent.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the system says of one folder. Blocking calls, from any thread: for a disk that does not answer they last for
 // ever.
 #pragma once

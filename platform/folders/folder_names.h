@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which names of the file system can be a part of a stored path.
 #pragma once
 

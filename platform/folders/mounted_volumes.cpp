@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/folders/mounted_volumes.h"
 
 #include <QDir>

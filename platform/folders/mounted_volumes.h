@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The volumes that a person has mounted, out of the kernel's table of mounts.
 #pragma once
 

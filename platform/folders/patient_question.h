@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A question to a disk that may never answer, asked on a thread of its own: the answer comes from the event loop, and
 // before it the news that it is late.
 #pragma once

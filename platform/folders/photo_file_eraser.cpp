@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/folders/photo_file_eraser.h"
 
 #include <QElapsedTimer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Deletes photos of the real machine without holding up the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The photos of the gallery, read and decoded without holding up the window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/image/jpeg_photo_reader.h"
 
 #include <turbojpeg.h>

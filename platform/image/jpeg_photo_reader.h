@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Reads the photos of the gallery from disk.
 #pragma once
 

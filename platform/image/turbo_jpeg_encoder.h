@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The JPEG encoder of the program, on the TurboJPEG API of libjpeg-turbo.
 #pragma once
 

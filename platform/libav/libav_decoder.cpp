@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/libav/libav_decoder.h"
 
 #include <gst/video/gstvideodecoder.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Decoder of video files and network cameras: libavcodec behind an element of our own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The same formats and pictures in the words of GStreamer and of libavcodec.
 #pragma once
 

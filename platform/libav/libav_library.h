@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // libavcodec, loaded when the first stream needs it and not with the program: it brings sixty libraries along, 12 MB
 // that a camera of the machine, with raw or JPEG pictures, has no use for.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Plays the sounds of the interface through GStreamer, on a thread of its own.
 #pragma once
 

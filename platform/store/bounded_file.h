@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small files that another process writes, read without harm whatever may stand in their place.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings store as one file in the user's configuration folder, shared by the main program and its companions.
 #pragma once
 

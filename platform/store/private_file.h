@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the settings file needs from the system beyond reading and writing: to belong to its owner alone, to be on the
 // disk, and to say why it cannot be written.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Notifications of the desktop, by its own program "notify-send".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The folder "veille" beside the store, in which mails about the watch itself wait for the mail companion.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine under the program: kept awake over D-Bus, its clocks read from the system.
 #pragma once
 

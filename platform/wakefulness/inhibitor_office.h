@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Who keeps the machine awake: the login manager, else the desktop's portal. Blocks; lives on a thread of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/widgets/desktop_opener.h"
 
 #include <QDesktopServices>

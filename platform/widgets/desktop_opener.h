@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Opens addresses and folders with the desktop's own programs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Waits on the user-interface thread without holding its windows.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/widgets/qt_file_dialog.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The toolkit's own words: the file dialog, the menu of a text field.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Backgrounds of the other windows, the plate under the time stamp, the loudspeaker and the splash.
 #include <QLinearGradient>
 #include <QPainterPath>

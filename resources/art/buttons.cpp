@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The faces of the push buttons: at rest, under the pointer, pressed. The mean colours of rest and hover lie close
 // together, so hover is told by its light: a bright rim and a glow from below instead of a shine from above.
 #include <QLinearGradient>

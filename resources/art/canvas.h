@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Drawing board of the product's art: everything is drawn once, in points, and rendered at one and two pixels a point.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Draws all of the product's art into a folder: draw_art FOLDER. The output is kept beside this source and only made
 // anew when the drawing changes (target "art").
 #include <QGuiApplication>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The signs of the health of the watch, one for each gravity. They differ in shape and in mark before they differ in
 // colour, and carry a light rim and a dark one, so that they stand out on every skin.
 #include <QPainterPath>

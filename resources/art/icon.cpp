@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The application's icon: the lens of the house with its red lamp, readable from 16 pixels up.
 #include <QLinearGradient>
 #include <QRadialGradient>

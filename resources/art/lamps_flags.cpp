@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Lamps and flags: small, so every edge counts.
 #include <QPainterPath>
 #include <QRadialGradient>

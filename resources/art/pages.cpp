@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The near-white bitmaps of the four pages, each with the faint sign of what it is about. The window's background is
 // blended into them, so what is drawn here shows at half its strength. White captions stand on dark bars drawn here.
 #include <QLinearGradient>

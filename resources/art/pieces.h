@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pieces of the product's art. Each function draws one family and writes it below `dossier`/1x and `dossier`/2x.
 #pragma once
 

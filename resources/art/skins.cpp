@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The three window backgrounds. Status lines and gauge are written in dark grey on every skin, so each has light inlays
 // where those stand: on the dark skin they make the text readable, on the light ones they give the band its relief.
 #include <QLinearGradient>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the four wave files of the program: make_sounds FOLDER. Mono, 16 bits, 44.1 kHz, RIFF/WAVE with a PCM chunk.
 #include <algorithm>
 #include <cmath>

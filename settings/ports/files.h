@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the few file operations that rules need. Paths come in the forms that the program stores and passes on, with
 // "/" or "\" between folders; the real implementation turns them into the system's own at this border and nowhere else.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: commands to the three companions. The save tells them kOptions through it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Port: the one persistent store of text values, addressed by section and key. The application is always "VAKTOR".
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole program on fakes, armed, with somebody who moves in each frame.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole program on fakes, found and worked from outside like by its user.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole system behind the program as fakes that write every call into one journal, in the order in which it came.
 #pragma once
 

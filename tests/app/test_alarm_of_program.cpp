@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An alarm that fires in the whole program: what each frame does, what the boxes and the start arguments change in it.
 #include "app/alarm_fixture.h"
 #include "ui/controls/lamp.h"

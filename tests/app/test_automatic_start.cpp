@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The start arguments that switch something on, a second after the start.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The assembled program and the machine's sleep, on fakes.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real program on a message bus of the test's own, with a login manager that only remembers.
 #include <gtest/gtest.h>
 

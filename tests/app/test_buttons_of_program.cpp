@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every button of the main window and both menus in the whole program: which window comes, what leaves the ports.
 #include <QMenu>
 

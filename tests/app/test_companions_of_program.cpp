@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real main program with its real companions: they come up and register, come back when they are killed, and go
 // with it; nothing stays behind.
 #include "app/whole_program.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of the whole program with everything open, and what a second copy of it may do to this one.
 #include "app/alarm_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A start that fails harms nothing: behind its message nothing watches, nothing is saved, no window comes up.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every control into which a user puts something, in the whole program: what a change shows, stores and sends, when it
 // is saved, and what stands there at the next start.
 #include "app/program_fixture.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The button of the FTP page that tries the live page, in the whole program.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Each grey button of the pages does what it is there for, in the whole program. Those of the mail settings and of the
 // trial of the live page have tests of their own.
 #include "app/program_fixture.h"

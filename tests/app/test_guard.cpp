@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The guard at the event loop.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The health of the watch in the whole program: the sign, the list, the desktop, the mails.
 #include <gtest/gtest.h>
 

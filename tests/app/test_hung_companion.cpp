@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A companion that lives and does nothing: the real one, stopped.
 #include "app/whole_program.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program as main() runs it, in this process: what only the launch ties together.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The live switch over a whole engine and the live page: what one does to the other.
 #include <gtest/gtest.h>
 

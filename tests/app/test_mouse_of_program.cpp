@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the mouse does in the whole program: gauge, zone of the monitor, dragging the window, flags, clicks of fields.
 #include <QScreen>
 #include <QWindow>

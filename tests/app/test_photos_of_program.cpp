@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of an alarm in the whole program when its photos cannot be written.
 #include "app/alarm_fixture.h"
 

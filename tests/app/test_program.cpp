@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real executable, from the command line to its end.
 #include <gtest/gtest.h>
 

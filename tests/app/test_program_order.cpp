@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The order of the start and of the stop: every call of every port, held against a list, line by line. A call that is
 // missing, extra or elsewhere turns a test red. The lists stand beside this file.
 #include <gtest/gtest.h>

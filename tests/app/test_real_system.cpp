@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real system behind the ports: which program each rehearsal starts.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The program looks whether what its companions send arrives, and its health hears of it.
 #include "app/program_fixture.h"
 #include "ui/controls/health_sign.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What stands in the store stands in the window after a start, each value in its own control.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real program, armed, with its photos on a real disk that falls silent.
 #include <QElapsedTimer>
 #include <QProcess>

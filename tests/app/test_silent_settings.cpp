@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real system behind the ports: what of it must not hold the window.
 #include <QElapsedTimer>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The form of the mail settings in the whole program: opened by its button and by the mail box, gone at the end.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The load step of the splash, in virtual time.
 #include <gtest/gtest.h>
 

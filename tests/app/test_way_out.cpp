@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whatever throws on the way out, the process ends, everything behind it is still done, and the status says so.
 #include <gtest/gtest.h>
 

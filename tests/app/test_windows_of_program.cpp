@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every window of the whole program: how it comes, how it goes, and which language it speaks.
 #include "app/alarm_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real main program with its real companions, in folders of its own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Everything around the companions' rules, recorded in one journal, so that orders across ports can be told.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real form of the mail settings over fakes, worked with mouse and keys.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The downward table, held row by row, and the routines that post it.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Companions that end, hang, are missing or do not register: in virtual time, with processes that are a list.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What each upward word does, row by row, and what it leaves alone.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The form of the mail settings: what it shows, reads and changes.
 #include <QAbstractItemView>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The form of the mail settings over the real reader: what a user of these mail programs sees and picks.
 #include <QDir>
 #include <QDirIterator>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The closing of the form of the mail settings: its two questions, its save, its end with the program.
 #include <QCloseEvent>
 

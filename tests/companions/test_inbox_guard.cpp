@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whose inboxes stand in the store.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The live switch with its asymmetries, one frame, the page and its test.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The drawn stamp: needs fonts, so it runs with windows at hand.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rules over the mail accounts of other programs, and over the mail settings.
 #include <gtest/gtest.h>
 

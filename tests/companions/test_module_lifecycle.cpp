@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Strays out, fresh companions in.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rehearsal in the form of the mail settings.
 #include <QJsonDocument>
 #include <QJsonObject>

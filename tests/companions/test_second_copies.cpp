@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos for the web site while nobody takes them.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Mails that wait and a live page that grows old, in virtual time.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small pictures and the road to a running camera, for the tests of the engine.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A camera of any rate whose pictures carry the noise of a sensor, and somebody who walks through them.
 #pragma once
 

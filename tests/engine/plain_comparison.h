@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The comparison written the obvious way, as the judge of the fast one.
 #pragma once
 

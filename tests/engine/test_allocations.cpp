@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The road of one frame takes no memory. A program of its own: it counts every allocation of the process.
 #include <gtest/gtest.h>
 

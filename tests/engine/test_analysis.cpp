@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The detector: what counts as changed, what the window says, when the armed system acts, and how it fails.
 #include <new>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Time without an end: the rule that fails on overflow, and why it never has to. The counter of milliseconds ends after
 // 24.8 days.
 #include "base/failure.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The analysis at its ends: the sample table used up, the numbers and the millisecond counter past their last value.
 #include "engine/engine_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The alarm: off, counting down, armed; the delay field.
 #include "engine/engine_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When a frame is analysed: at the later of the tick and its coming, once, whatever the camera's rate.
 #include <cmath>
 #include <vector>

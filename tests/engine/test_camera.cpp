@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The switch of the camera: start, stop, failure, the monitor that was closed, the dialogs, the end of the program.
 #include "engine/engine_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fast comparison against the plain one: same answer, same table, whatever picture, zone and tolerance.
 #include <gtest/gtest.h>
 

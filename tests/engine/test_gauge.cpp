@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The tolerance: by hand on the gauge, or finding its place just above the noise.
 #include <limits>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An hour of watching, arming and alarms, in virtual time.
 #include "engine/engine_fixture.h"
 

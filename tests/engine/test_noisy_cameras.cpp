@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The automatic tolerance with cameras of any rate, whose pictures carry a sensor's noise: armed as early as a user
 // can, nobody is seen in an empty room, and after the search somebody who stays for five seconds is.
 #include "engine/noisy_camera.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frames that hold their samples only: the comparison sees in them what it sees in the whole picture.
 #include <gtest/gtest.h>
 

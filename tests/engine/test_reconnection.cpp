@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What comes after the driver has connected again by itself: nothing that changed meanwhile is taken for motion.
 #include <functional>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Step, capacity and phase: the numbers that comparison, view, capture and choice of format have in common.
 #include <gtest/gtest.h>
 

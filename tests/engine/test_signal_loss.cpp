@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The ages at which a camera that gives nothing is told and opened again.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The heartbeat: order of its steps, the enlarged view one tick behind, the zoom, what a failure leaves behind.
 #include "engine/engine_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The zone drawn with the mouse, the small view's two modes, the surface with its outlines.
 #include "engine/engine_fixture.h"
 #include "engine/pixel_view.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The alarm's actions and the live page, counted instead of done.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A machine that answers what the test wants and whose clocks the test moves.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A camera whose pictures the test paints. A new one is there at each tick, or only when the test lets it come.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A capture driver and its devices, for the dialogs: they record what is asked and answer what the test says.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // An event pump with one handler waiting, if the test has put one there.
 #pragma once
 

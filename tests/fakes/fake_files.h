@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Files in memory, for tests of rules: folders that exist, contents, what was asked, and failures on demand.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos that are lost on their way to the disk when a test says so.
 #pragma once
 

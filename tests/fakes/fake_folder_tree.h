@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Folders in memory for the folder chooser: places, states, subfolders that come at once, later or never.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A JPEG writer that records what it is asked to save, and fails on demand.
 #pragma once
 

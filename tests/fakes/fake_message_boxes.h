@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Message boxes that answer by themselves and keep what they were asked.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos deleted from files in memory, slice by slice in virtual time: at once, or when the test lets a slice come.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names of photos out of files in memory: at once, or when the test lets them come.
 #pragma once
 

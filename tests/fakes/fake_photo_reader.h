@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos that are read from nowhere: pictures by path, and what is wrong with the others. At once, or when the test
 // lets them come.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A rehearsal that goes on when the test says so.
 #pragma once
 

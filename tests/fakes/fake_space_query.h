@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Questions for the room on a disk, kept until a test answers them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A settings store in memory that keeps a journal, for tests of rules.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window as the engine sees it: keeps the last state of each control and counts.
 #pragma once
 

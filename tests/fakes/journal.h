@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One list that all fakes of a test write their calls into, so that a test can see the order of calls across ports.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A whole engine on fakes, ready to be switched on. What tests of the engine and of the rooms above start from.
 #pragma once
 

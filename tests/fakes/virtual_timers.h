@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Timers in virtual time: a test moves the clock, and the ticks that fall due on the way are called in their order.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as a file of another mail program: what comes out is well-formed, bounded, and the same when written and
 // read again.
 #include <algorithm>

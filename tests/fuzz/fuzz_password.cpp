@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any text as a stored password, and any text as a password that is stored.
 #include <algorithm>
 #include <cstdint>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as the settings file: the load ends in good order or with one message, and what it took in survives a save.
 #include <cstdint>
 #include <cstdlib>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Runs a harness without libFuzzer: every file of the corpus, then mutations of them from a fixed seed. It needs no
 // special compiler, so it belongs to every run of the tests; under the sanitizers it finds what they find.
 //   NAME CORPUS_FOLDER NUMBER_OF_MUTATIONS

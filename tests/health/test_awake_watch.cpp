@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine is asked to stay awake while the camera runs, and what it slept or its clock jumped is told. Virtual
 // time.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Who is told by mail that the watch is blind: every corner of the rule.
 #include "fakes/fake_mail_drop.h"
 #include "health/blind_mails.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is told on the desktop, and how often.
 #include "fakes/fake_desktop_notifier.h"
 #include "health/desktop_notices.h"

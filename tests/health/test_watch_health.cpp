@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What stands, since when, from when on it counts, and who is told.
 #include <limits>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A gallery over files in memory: the rules with everything around them as fakes.
 #pragma once
 

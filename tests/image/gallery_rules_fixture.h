@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the tests of the gallery's rules share: a window that keeps what it is told, and the rules over it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rules of the folder chooser: load with its fallback, change of drive with its warning, creation, acceptance.
 #include "base/failure.h"
 #include "image/folder_bench.h"

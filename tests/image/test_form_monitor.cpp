@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FormMonitor: the zone under the mouse, the fit of the window, closing and coming back.
 #include <gtest/gtest.h>
 

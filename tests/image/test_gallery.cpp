@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's rules: opening with its fallback, the list, the closing.
 #include <tuple>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's rules of deletion: of one, of all, and what is said of photos that resist.
 #include "image/gallery_rules_fixture.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's rules when disk or machine fail in the middle: what is said, what stays, and that the list can be
 // worked with afterwards.
 #include <new>

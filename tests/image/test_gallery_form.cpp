@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FormVisuPhoto under mouse and keys: opening, the list, the place of the photo, the field, closing.
 #include <gtest/gtest.h>
 

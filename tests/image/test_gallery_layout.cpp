@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The arithmetic of the gallery's window, in twips.
 #include <gtest/gtest.h>
 

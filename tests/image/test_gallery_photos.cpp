@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's rules while a photo is read, which takes as long as the disk wants.
 #include <new>
 

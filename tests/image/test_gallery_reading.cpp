@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's rules while a folder is read, which takes as long as the disk wants.
 #include "image/gallery_rules_fixture.h"
 

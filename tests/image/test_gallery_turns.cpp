@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What of the gallery may run when: what is asked for while a deletion runs, a question stands or a folder is read.
 #include "image/gallery_rules_fixture.h"
 

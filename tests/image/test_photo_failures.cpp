@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos that fail: what the frame goes on with, how often the disk is asked, and what is told. In virtual time.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The form Repertoire, worked with mouse and keys.
 #include <QApplication>
 #include <QTest>

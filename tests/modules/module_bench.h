@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the rules of every companion stand on: virtual time, folders of the test's own, a log, and what the user is
 // told.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A companion's side of the channel against real sockets, with the watch in virtual time.
 #include <gtest/gtest.h>
 

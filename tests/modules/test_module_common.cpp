@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Log, status file, folders and parameters of the companions.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A whole companion that has nothing to do goes on telling in its status file that it lives.
 #include <gtest/gtest.h>
 

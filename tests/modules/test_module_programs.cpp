@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whole companion programs against the real main-program side of the channel: the sound companion, and the example that
 // the manual gives to writers of companions.
 #include <gtest/gtest.h>

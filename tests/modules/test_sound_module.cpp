@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sound companion's rules with a player that is played by hand, and the real player on real files.
 #include <gtest/gtest.h>
 

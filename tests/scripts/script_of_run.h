@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A script of ./run, its commands called one by one in a folder of the test's own.
 #pragma once
 

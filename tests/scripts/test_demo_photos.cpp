@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What ./run --demo tells while it works.
 #include "scripts/script_of_run.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // When ./run adds the built-in picture: what the program says of its camera decides.
 #include "scripts/script_of_run.h"
 

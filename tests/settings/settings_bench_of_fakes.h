@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A ReglagesPersistants among fakes: store, files and companions.
 #pragma once
 

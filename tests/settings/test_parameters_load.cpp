@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The load of the settings: order, special rules, what it does about saves, and what ends a start-up.
 #include <gtest/gtest.h>
 

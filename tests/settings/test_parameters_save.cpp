@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SauveParametres: the whole table in its order, then the companions, then the flag.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Scrambling of passwords: the format to the digit, its asymmetry, and exactly which passwords come back.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // docs/settings.md is written for people, apart from the table; this holds both against each other.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The table itself, and each stored form both ways. Its rows, their order and their defaults are held by the page about
 // the settings (test_settings_documented.cpp).
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The text of the settings file: what is written comes back, and what people and disks do to it is survived.
 #include <gtest/gtest.h>
 

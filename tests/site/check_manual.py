@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Checks the installed manual: check_manual.py SITE TEXTS [--browser [SCREENSHOTS]]
 
 SITE is the folder of the built pages, TEXTS the table of the program's words (table, number, French, English). Every

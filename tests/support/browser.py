@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Headless Chromium, worked by its own protocol over a pipe: no port, no driver program."""
 import base64
 import json

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The cameras of this machine, asked as the program asks.
 #pragma once
 

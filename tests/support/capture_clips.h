@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Small films for the tests of the capture driver, made by GStreamer in a folder of the test's own.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A whole companion program against the main program's side of the channel: real sockets, a real store, and the window
 // of a main program that only keeps a journal.
 #pragma once

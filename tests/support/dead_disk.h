@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A file system that never answers, as a network volume does whose server has gone.
 #pragma once
 

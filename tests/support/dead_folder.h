@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder on a disk that never answers, beside a living one.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A real driver over a source of the test's own.
 #pragma once
 

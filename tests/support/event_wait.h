@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Waits by running the event loop until something is so. The limit is there for a test that fails, never for one that
 // passes: no test asserts how long anything took.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A folder whose disk fails in the middle of being listed, as a card with a bad sector does.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whole files in one call: what a test lays down and what it finds.
 #pragma once
 

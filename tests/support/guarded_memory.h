@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Memory whose end is the end of a page that may be read, so that a read of one byte behind it ends the test.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a program inherits that is started while this one holds files open.
 #pragma once
 

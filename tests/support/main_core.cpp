@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entry point of tests without windows.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Entry point of tests with windows: they run on the offscreen platform, on any machine.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Network cameras on the loopback, good and bad ones, and a driver over them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A newer frame of a driver, waited for as the program does it: by the wake that the driver promises.
 #pragma once
 

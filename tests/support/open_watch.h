@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sees whether a file is opened. An opening that is refused is none.
 #pragma once
 

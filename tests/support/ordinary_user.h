@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tests mostly run as root, whom no file refuses. For as long as this lives the whole process, threads that are made
 // meanwhile included, may do no more than anybody.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A message bus of the test's own, and a login manager or a portal on it that does nothing but remember.
 #pragma once
 

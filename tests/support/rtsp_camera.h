@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A network camera that speaks RTSP, on the loopback and on a thread of its own: JPEG pictures over RTP, ten a second,
 // and a sound track that nobody wants.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A real RTSP server (GStreamer's) on the loopback: one film, under the path /c.
 #pragma once
 

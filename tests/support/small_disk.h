@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A real file system of a few bytes, for tests of full and read-only disks.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The least that counts as a whole JPEG file, for tests that only move such files.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A file system in memory that loses what was not flushed, and that can be told to hang, for tests of photos that must
 // stay: mounted with FUSE by tests/support/volatile_disk.h.
 //

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tests on a disk whose power can be cut and that can be told to hang.
 #pragma once
 

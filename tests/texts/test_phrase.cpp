@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a number says of the language, and a text in every language.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The words, row by row, against a list that was typed apart from the program's own; and each name has its row.
 #include <gtest/gtest.h>
 

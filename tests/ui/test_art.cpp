@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The art as it lies in the program: sizes, depths, colours, and that what is written over it can be read.
 #include <gtest/gtest.h>
 

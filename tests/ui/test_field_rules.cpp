@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a text becomes in each kind of field.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The parameter fields, worked with real keys and clicks.
 #include <gtest/gtest.h>
 

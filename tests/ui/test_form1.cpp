@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the main window does with mouse and keys.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every control of the main window stands where users, other programs and scripts find it.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The form of the alarm sound, with mouse and keys.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sensitivity gauge under the mouse and on the screen.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What hands and eyes find: the mouse that a button lets go, words that switch a box, the focus, buttons that are off,
 // the mark on the chosen tab.
 #include <gtest/gtest.h>

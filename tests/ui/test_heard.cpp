@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What those hear who cannot see the window, and what those reach who have no mouse.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The addresses of the manual and of the version page.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Skins, frosted pages, button faces, and what the mouse does on the window.
 #include <gtest/gtest.h>
 

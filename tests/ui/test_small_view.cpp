@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The small view Picture2: what it paints, and its menu.
 #include <gtest/gtest.h>
 

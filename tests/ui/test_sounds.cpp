@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The interface sounds and the gate of the hover tick.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The splash, and what the link to the companions shows on the main window.
 #include <gtest/gtest.h>
 

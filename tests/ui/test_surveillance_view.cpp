@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the engine shows reaches the controls, in words, colours and lamps.
 #include <gtest/gtest.h>
 

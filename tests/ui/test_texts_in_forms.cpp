@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The words of both languages in the controls.
 #include <gtest/gtest.h>
 

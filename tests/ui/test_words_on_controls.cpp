@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Every row of the text tables that names a control of the forms that stand, in both languages. The list is typed apart
 // from the one that writes the words.
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real main window, monitor and enlarged view on a real engine, in virtual time and with fakes for the rest.
 #pragma once
 

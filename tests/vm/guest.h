@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the tests inside the virtual machine share: waiting for things that happen in their own time.
 #pragma once
 

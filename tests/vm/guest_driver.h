@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture driver at work in the virtual machine, and what the tests look at.
 #pragma once
 

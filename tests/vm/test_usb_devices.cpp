@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is known of a USB camera behind the ordinary driver uvcvideo. Runs inside the virtual machine.
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture driver on a USB camera that is busy, unplugged, plugged in again and stalled. Runs inside the virtual
 // machine.
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A USB camera that answers nothing at all, as one does whose firmware hangs: the kernel keeps whoever talks to it, and
 // no signal and no time limit gets that thread back. Runs inside the virtual machine.
 #include <QTimer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether every frame of a USB camera arrives, up to thirty a second at 640x480. Runs inside the virtual machine, whose
 // clock is the one that counts here: the camera, the kernel's driver and the program under test all live by it.
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What is known of cameras behind the kernel's own test driver: two equal ones beside nodes that are no cameras. Runs
 // inside the virtual machine.
 #include <gtest/gtest.h>

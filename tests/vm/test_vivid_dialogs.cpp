@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The driver's own dialogs over real devices, worked as a person would. Runs inside the virtual machine.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Faults that the kernel's own test driver makes on demand. Runs inside the virtual machine.
 #include <QProcess>
 

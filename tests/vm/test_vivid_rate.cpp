@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Whether every frame of the kernel's own test driver arrives at its fastest rate. Runs inside the virtual machine.
 #include <cmath>
 

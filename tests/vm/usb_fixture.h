@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture driver over the emulated USB camera, which stands still and gives frames again after each test.
 #pragma once
 

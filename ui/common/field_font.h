@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Fields to type in, made without the desktop's own font.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a rule made of a typed text, written back into its field.
 #pragma once
 

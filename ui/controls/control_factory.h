@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Makes the controls of the main window: each with its name, its place in pixels and its font in one call.
 #pragma once
 

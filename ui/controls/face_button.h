@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // BoutonImage: one push button of the main window, 72 x 16 pixels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // DrapeauLangue: one of the language flags, Image4(0) French, Image4(1) English.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // JaugeWidget: the sensitivity gauge PictSeuil, a thin bar with a marker.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // SigneSante: the sign of the top band that is there only while something is wrong with the watch.
 #pragma once
 

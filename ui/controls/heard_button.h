@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // BoutonEntendu: what the buttons that draw themselves owe to those who do not use a mouse or do not see.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // LampeWidget: one of the two lamps of the top band, 8 x 8 pixels.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // VueReduite: the small video view Picture2, zoom or pixel.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // CaseACocher: a check box of the pages, and the words beside it.
 #pragma once
 

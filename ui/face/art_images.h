@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The product's art, held in the program: each bitmap at one and at two pixels a point.
 #pragma once
 

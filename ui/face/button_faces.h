@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The looks of all push buttons, printed once for each language and then only shown.
 #pragma once
 

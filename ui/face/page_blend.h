@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The frosted pane: a page's own bitmap with the window's background showing through it.
 #pragma once
 

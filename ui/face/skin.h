@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pictures of the window's skin: its background, and the pages with the background showing through.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the fields of all pages have in common: the red of an error mark, and the events that a field tells.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fields of the live page: where the picture is published and how often.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fields of the mail page: they clean their texts at every change and save when they are left.
 #pragma once
 

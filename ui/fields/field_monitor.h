@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The fields of the surveillance page: the three switches of the alarm and its delay.
 #pragma once
 

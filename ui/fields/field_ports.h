@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the handlers of the parameter fields work with.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a text typed into a field becomes. Pure functions, apart from the forms: any text reduces to a usable one.
 #pragma once
 

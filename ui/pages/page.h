@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PageVaktor: one of the four pages that lie on each other below the top band.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/pages/page_ftp.h"
 
 #include "ui/controls/control_factory.h"

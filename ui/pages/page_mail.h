@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PictPage(0), the mail page: words and counts of the alarm mails.
 #pragma once
 

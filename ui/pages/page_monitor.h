@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PictPage(1), the surveillance page: the small view, the switches of the alarm, its delay, the counters.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // PictPage(3), the options page: camera dialogs, sounds, help, language, skin, automatic tolerance.
 #pragma once
 

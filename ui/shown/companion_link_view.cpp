@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/shown/companion_link_view.h"
 
 #include "ui/fields/field_events.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the link to the companions shows, put into the controls of the main window.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The health of the watch in the window: the sign of the top band and the list that it opens.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Words that the numbered tables do not hold, because they speak of things that only this system knows: a camera that
 // vanished, a failure that nobody expected.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which control of the window shows which setting: one table, which a load of the settings goes through.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the engine shows, put into the controls of the forms, with the words of the current language.
 #pragma once
 

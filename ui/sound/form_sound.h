@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FormSound: the small window in which the alarm sound is chosen and heard.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The choice of the alarm sound: what picking, browsing and listening do, and the words of the form.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sounds of the interface: numbered wave files beside the program, and the gate that ticks once for each control.
 #pragma once
 

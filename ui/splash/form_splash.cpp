@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/splash/form_splash.h"
 
 #include <QCloseEvent>

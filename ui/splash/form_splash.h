@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // frmSplash: what the user sees while the program comes up.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/window/grey_button_clicks.h"
 
 #include <QAbstractButton>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // FrmSante: the list of what is wrong with the watch.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Words of the list of what is wrong with the watch, beside those of the conditions themselves.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Form1: the main window. A top band and four pages; its slots read a control, call a rule and show the result.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The permanent band above the pages: status lines, lamps, gauge and the main buttons.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The links of the program: the manual and the news of the version, in the user's browser.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // CentrageFenetre: brings a window to the middle of its screen, its frame counted.
 #pragma once
 

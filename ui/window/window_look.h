@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The look of the main window: skin, frosted pages, button faces, and what the mouse makes of them.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the mouse does on the window beside clicking: hover sounds, the flags' frames, dragging the window.
 #pragma once
 

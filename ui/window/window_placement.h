@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the windows open: the main one in the middle of the screen, the monitor so that it covers as little of it as
 // the screen allows.
 #pragma once

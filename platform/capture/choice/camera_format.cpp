@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Choice of a device's first format.
 #include "platform/capture/choice/camera_format.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One format of a camera: how the pixels come, how many, how often.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture driver's memory: read as a whole, checked line by line, written as a whole.
 #include "platform/capture/choice/capture_memory.h"
 

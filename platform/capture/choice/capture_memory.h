@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the capture driver remembers between two runs: the source the user picked and the format of each device. A file
 // of its own in the user's configuration folder, apart from the settings of the program; an address may hold a
 // password, so the file is the user's alone (mode 0600). It is text in the manner of an INI file:

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // In which size a picture comes to the detection: its own, or a smaller one where it has more samples than the
 // detection can hold. Everything above the driver sees that size and no other.
 #pragma once

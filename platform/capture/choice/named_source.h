@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a text that names a source means: a device, an address, a video file, the test picture; and how it may be shown.
 #pragma once
 

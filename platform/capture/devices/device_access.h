@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The way to the devices: asked so that none of them can hold who asks, and watched for what is plugged in. The dialogs
 // know it as an interface, so that they can be tried without any.
 #pragma once

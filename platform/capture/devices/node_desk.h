@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Questions to device nodes that may never answer. A driver that hangs holds whoever opens its node, and nothing can
 // call that thread back: so each node is asked by a thread of its own, and whoever wants to know waits only so long.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which cameras there are, and under which names they are found again.
 #include "platform/capture/devices/v4l2_device.h"
 

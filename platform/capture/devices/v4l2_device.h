@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What Linux tells of its cameras (V4L2): which there are, what they offer, their controls. Every call opens the node
 // itself and closes it again; nothing is held. A node that vanished or is refused gives empty results, never a crash.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One opened V4L2 node. Only for the sources of this folder that talk to Linux.
 #pragma once
 

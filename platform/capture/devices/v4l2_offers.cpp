@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What a camera offers: codings, sizes and rates; and its own controls, brightness, gain, exposure and what else its
 // driver knows.
 #include <linux/videodev2.h>

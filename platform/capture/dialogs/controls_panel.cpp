@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Builds one line for each control and keeps the lines true to the camera.
 #include "platform/capture/dialogs/controls_panel.h"
 

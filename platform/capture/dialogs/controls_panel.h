@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The controls of one camera as sliders, boxes and menus. What is moved takes effect at once.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The words of the capture driver's dialogs.
 #include "platform/capture/dialogs/dialog_texts.h"
 

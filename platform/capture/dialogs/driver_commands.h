@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the driver's dialogs ask of the driver. The driver (GStreamer) implements it; the dialogs know nothing else.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The format dialog. Three choices that narrow each other: coding, size, rate. What is picked is one entry of the
 // device's list, never a combination that it does not offer.
 #include "platform/capture/dialogs/format_dialog.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The dialog that picks a format of the camera, out of those it really offers.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The line at the foot of a dialog that says how the last thing went. Empty it takes its room all the same, so that
 // nothing jumps.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The source dialog: above the sources and an address, below the controls of the camera at work.
 #include "platform/capture/dialogs/source_dialog.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The dialog that picks where the pictures come from and sets the camera's own controls.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which camera a start would have, told in words before anything is opened: "--cameras", which ./run asks too.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A camera's life from its connection to its end: opens it, watches over it, and opens it again for as long as it
 // takes.
 #pragma once

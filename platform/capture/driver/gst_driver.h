@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The capture driver of this system: Linux devices, network cameras and video files through GStreamer, and the built-in
 // test picture.
 #pragma once

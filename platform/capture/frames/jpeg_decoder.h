@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frames of cameras that give JPEG pictures, decoded by TurboJPEG straight into the memory where they stay.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Where the frames arrive: the newest one, its number and its age, and the bell that tells of it. Filled by the
 // driver's thread, read by the program's.
 #pragma once

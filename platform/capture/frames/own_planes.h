@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A picture in planes, in memory of its own that stays from one picture to the next.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/capture/frames/pixel_conversion.h"
 
 #include <libyuv/convert_argb.h>

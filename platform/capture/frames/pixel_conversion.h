@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From what cameras and decoders give to the program's one picture format: once, straight into its memory.
 #pragma once
 

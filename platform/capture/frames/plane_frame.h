@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Memory of frames, used again and again: whole pictures, and frames that stay in the planes they were decoded to until
 // somebody looks at them.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pixels that the comparison reads, and no others, out of a frame in planes.
 #pragma once
 

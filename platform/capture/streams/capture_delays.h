@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // How long anything of a camera may take. All in one place, since most of these times lie within one another: the
 // compiler refuses a set that contradicts itself.
 #pragma once

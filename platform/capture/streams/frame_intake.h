@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The end of a pipeline: takes what comes out, turns it into a picture and lays it in the box.
 #pragma once
 

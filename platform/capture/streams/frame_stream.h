@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A stream of frames from one opening of a source. Not a camera's whole life: that is the session's, which makes a
 // fresh stream whenever the former one ended.
 #pragma once

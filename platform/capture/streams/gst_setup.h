@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // GStreamer as this driver uses it: owners of its objects, its start, which decoders it may take, and its names for the
 // formats of cameras.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/capture/streams/gst_stream.h"
 
 #include <QUrl>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A stream through GStreamer: a device, a network camera or a video file.
 #pragma once
 

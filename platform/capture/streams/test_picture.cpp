@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/capture/streams/test_picture.h"
 
 #include <QPainter>

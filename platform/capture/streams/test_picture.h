@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The built-in picture: a quiet living room in the evening, with a camera's noise, and somebody who walks through.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Reads an HTML 5 page from standard input with a parser that forgives nothing, and prints how many pictures it has.
 
 Besides the syntax: each id once, each picture with its alt text and its size, and no attribute that HTML does not know.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The bench of the FTP companion's rules: virtual time, and a worker that is played by hand.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A real FTP server on loopback for the tests, on a port that the system gives.
 
 ftp_server.py FOLDER [--port N] [--tls PEM [--only-1.3]]      user "anna", password "sesame"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The test server of ftp_server.py as an object, and pictures to send to it.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Opens live.html in headless Chromium from a local web server, as a visitor would, and looks at it.
 
 look_at_page.py FOLDER SCREENSHOTS

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The conversation with real servers on loopback: each way to fail, and that no visitor gets half a picture.
 #include <gtest/gtest.h>
 #include <netdb.h>

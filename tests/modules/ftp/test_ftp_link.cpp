@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The FTP companion's link: registering, connecting, losing and finding again, and what is said of it.
 #include "modules/ftp/ftp_module_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The small rules of the FTP companion: addresses, whole pictures, the queue, the memory, the page.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole companion against the real main-program side of the channel and a real server: what the window shows.
 #include <gtest/gtest.h>
 

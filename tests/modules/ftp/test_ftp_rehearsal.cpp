@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rules of the rehearsal, with a server that is a list of answers.
 #include <gtest/gtest.h>
 

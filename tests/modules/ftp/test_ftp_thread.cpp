@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The thread of the conversation: jobs that are cut off, and no memory on it.
 #include <gtest/gtest.h>
 

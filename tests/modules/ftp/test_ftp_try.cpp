@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // "VAKTORftp --try" as a program, against real servers on loopback.
 #include <gtest/gtest.h>
 #include <signal.h>

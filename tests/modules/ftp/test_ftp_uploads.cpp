@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the FTP companion uploads, in which turn: live image, page and photos.
 #include "modules/ftp/ftp_module_bench.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The page as a visitor sees it: in a real browser, from a local web server.
 #include <gtest/gtest.h>
 

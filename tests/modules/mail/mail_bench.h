@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the tests of the mail companion share: a real server on loopback, a certificate authority of their own, mails
 // read back by another mail library.
 #pragma once

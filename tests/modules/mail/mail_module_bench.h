@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The bench of the mail companion's rules: virtual time, folders of the test's own, a post that only keeps a journal.
 #pragma once
 

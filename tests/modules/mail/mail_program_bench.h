@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The bench of the whole mail companion: the program itself, the main program's side of the channel, a real server.
 #pragma once
 

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """A real SMTP server on loopback for the tests of the mail companion.
 
 mail_server.py FOLDER [--tls CERT KEY] [--starttls CERT KEY] [--login USER PASS] [--mode MODE]

@@ -1,4 +1,5 @@
 #!/usr/bin/python3
+# SPDX-License-Identifier: GPL-3.0-or-later
 """Reads a mail from standard input with Python's own email package and prints what it found, as JSON."""
 import email
 import email.policy

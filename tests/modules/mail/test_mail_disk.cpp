@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The outbox on a disk that loses what was not flushed, and the small things of the system that keep a mail whole and
 // private.
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The mail as text, read back by another mail library; the photos it takes; the addresses it lets pass.
 #include <QCryptographicHash>
 #include <QDateTime>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The companion's rules in virtual time: rows, pauses, photos that come, what the user is told.
 #include <sys/stat.h>
 

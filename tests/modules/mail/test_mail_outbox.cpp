@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The outbox on disk and the postman, in virtual time: a day without a server, refusals, caps, damaged files.
 #include <sys/stat.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole companion as a program, with the main program's side of the channel and a real server on loopback.
 #include <sys/stat.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The outbox and its postman against a real server that fails first: every failure that passes ends in one mail, once.
 // The waits in between are virtual time.
 

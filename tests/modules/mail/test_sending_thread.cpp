@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sending thread itself: the real outbox, a real server on loopback, the waits as they are.
 #include <fcntl.h>
 #include <sys/file.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The sender against a real server on loopback: each way to succeed, and each way to fail with its cause and the
 // server's own words.
 #include <dlfcn.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the watch has to say of itself becomes mails: each one once, whatever row or pause of alarm mails there is.
 #include <sys/stat.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Mails of the watch with the whole companion, the main program's side of the channel and a real server on loopback.
 #include <QRandomGenerator>
 #include <QThread>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Leaves messages of the watch as the main program does.
 #pragma once
 

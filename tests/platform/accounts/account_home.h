@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A home folder of mail programs' files, and the accounts that are read from it.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The reading of all accounts: its order, its limits, its patience.
 #include <QSemaphore>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What may stand in place of a mail program's files: too much, nothing, something else. And what must stay closed.
 #include <fcntl.h>
 #include <sys/inotify.h>

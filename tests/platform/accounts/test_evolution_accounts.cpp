@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Evolution's sources.
 #include "platform/accounts/account_home.h"
 

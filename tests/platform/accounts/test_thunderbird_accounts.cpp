@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Thunderbird's profiles and accounts.
 #include <QStringEncoder>
 

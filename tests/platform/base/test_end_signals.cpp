@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The signals that end a program, as events.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The names of a folder, sorted: which ones, in which order, and when there are none to be had.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

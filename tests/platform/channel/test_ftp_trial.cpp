@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window, the real companion and a real FTP server together, as the user works them.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The channel on real sockets, with well and badly behaved peers.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

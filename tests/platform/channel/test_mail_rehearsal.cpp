@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The rehearsal with the real companion and a real server on loopback; and the form over both.
 #include <QElapsedTimer>
 #include <QTcpServer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The inboxes in the settings file, and how much lies in a folder: read on threads, from real disks.
 #include <gtest/gtest.h>
 #include <signal.h>

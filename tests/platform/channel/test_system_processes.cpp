@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Real processes: found, ended politely and by force, started.
 #include <gtest/gtest.h>
 #include <signal.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What waits for a companion that does not read: on real sockets, with the time moved by hand.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Disks that do not answer hold nobody: what each call says, and that it says so within the two seconds that a window
 // may be held.
 #include <QElapsedTimer>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings store over disks that do not answer: nobody waits for long, nothing is lost, nothing old comes last.
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A power cut: which photos are there afterwards. On a file system that loses whatever was not flushed.
 #include <QElapsedTimer>
 #include <QFile>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The room of a disk, asked without waiting for it.
 #include <QElapsedTimer>
 #include <atomic>

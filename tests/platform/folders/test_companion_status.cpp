@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The status files of the companions on the real file system, whatever may stand in their place.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

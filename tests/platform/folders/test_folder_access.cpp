@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the system says of real folders: there, allowed, full, read-only, dead.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

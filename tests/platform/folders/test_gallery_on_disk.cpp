@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The gallery's rules over the real readers, on a disk that stops answering: the window's thread is never held, and
 // everything is told.
 #include <QDir>

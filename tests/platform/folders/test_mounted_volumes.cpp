@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which mounts are volumes that a person knows, and what they are called.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos read and deleted on threads: results come from the event loop, a dead disk holds up nothing and is told.
 #include <gtest/gtest.h>
 #include <sys/resource.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Names read on a thread: they come from the event loop, a forgotten reading does not, a dead disk holds up nothing.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // From the tick to the file: the engine and the photo recorder together, on a folder that goes away while armed.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos as they lie on a disk: whole, damaged, cut, empty, huge, of another kind, gone.
 #include <gtest/gtest.h>
 #include <turbojpeg.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Photos from the recorder down to real files: what reaches the disk, and what a disk that refuses leaves behind.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Streams that are encoded here, packet by packet, and what a decoder makes of them.
 #pragma once
 

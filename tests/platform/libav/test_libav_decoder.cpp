@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The decoder against GStreamer's own ones, on streams that are encoded here.
 #include "platform/libav/encoded_streams.h"
 #include "platform/libav/libav_decoder.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What tells that a machine can play sounds.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The player against GStreamer, with files in place of a sound device.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Kills a saving process again and again at random moments and looks at the file after each.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Tables that tell whether they are whole: each key carries the number of its generation, with a tail whose
 // length changes from one generation to the next.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // store_process FILE WHAT: one of
 //   generations   saves generation after generation until it is killed; a line of output for each finished save
 //   companion     holds the store open; for each line of input reads the file again and prints the value of that key

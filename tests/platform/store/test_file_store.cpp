@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file: values, mode, one write for each save, and what disks and people do to it.
 #include <gtest/gtest.h>
 

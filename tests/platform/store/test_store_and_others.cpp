@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The settings file and other processes, other users and full disks.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The real notifier, against a program of the test that stands in the place of notify-send.
 #include <gtest/gtest.h>
 

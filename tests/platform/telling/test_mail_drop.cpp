@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The folder of the mails about the watch itself, on a real disk.
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The machine kept awake over real buses, of the test's own, with a login manager and a portal that only remember.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What becomes of the mouse while something is waited for.
 #include "platform/widgets/live_wait.h"
 

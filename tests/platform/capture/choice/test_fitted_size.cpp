@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // In which size pictures come to the detection that are more than it can hold.
 #include "platform/capture/choice/fitted_size.h"
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Devices that hang: the driver of a node keeps the thread that opened it, for as long as the test likes.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // What the questions to Linux answer when there is no camera behind a name. One that is
 // refused: test_no_permission.cpp. With real drivers: tests/vm.
 #include <gtest/gtest.h>

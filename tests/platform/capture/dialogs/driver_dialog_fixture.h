@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // One of the capture driver's dialogs on fakes, worked with the mouse.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The source dialog over two fake cameras, for the tests of its two halves.
 #pragma once
 

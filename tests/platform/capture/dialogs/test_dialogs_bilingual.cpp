@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Both dialogs, over every kind of source and in both languages: not a word of the other one.
 #include <gtest/gtest.h>
 

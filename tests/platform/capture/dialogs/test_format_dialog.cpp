@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The format dialog, worked with mouse and keys.
 #include <QComboBox>
 #include <QLabel>

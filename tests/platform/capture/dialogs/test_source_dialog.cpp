@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The source dialog: where the pictures come from. Worked with mouse and keys.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The source dialog: the camera's own controls.
 #include <gtest/gtest.h>
 

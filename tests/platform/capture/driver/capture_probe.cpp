@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Connects to a source, counts its frames and tells once a second what came: for tests against real cameras.
 //   capture_probe WHERE [SECONDS] [FILE.png]
 // Prints "connected WIDTHxHEIGHT CODING RATE" or "not connected" (status 2), then a line "second N frames F size WxH

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Sources that are damaged, refused or none at all: nothing crashes, nothing hangs, and a good one is shown afterwards.
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Which camera a start will have, told before it: over devices and a memory of the test's own.
 #include <gtest/gtest.h>
 #include <sys/stat.h>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A camera's life over streams that the test plays: which are opened, when, and how often.
 #include <gtest/gtest.h>
 

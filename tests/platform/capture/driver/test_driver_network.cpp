@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Network cameras, good and bad ones.
 #include "support/network_camera.h"
 

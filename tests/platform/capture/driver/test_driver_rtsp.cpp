@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // RTSP cameras: within the connection, beside it, and behind a password.
 #include "support/driver_fixture.h"
 #include "support/rtsp_camera.h"

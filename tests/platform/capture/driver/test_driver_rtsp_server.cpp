@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The driver over a real RTSP server: by either way of the packets, in two codings.
 #include "support/driver_fixture.h"
 #include "support/rtsp_server.h"

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The wake that the driver promises: out of the event loop, on the thread of the program, once, and never too late.
 #include <QCoreApplication>
 #include <QThread>

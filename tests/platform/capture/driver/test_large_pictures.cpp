@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Cameras and films of more pixels than the detection can hold: shown, compared and reported in a size that it can.
 #include <QCoreApplication>
 #include <QElapsedTimer>

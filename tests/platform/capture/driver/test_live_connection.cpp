@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The window while the driver waits for a camera that accepts and says nothing.
 #include <QDialog>
 #include <QPushButton>

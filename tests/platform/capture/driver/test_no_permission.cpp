@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // A camera and a film that their user may not open: the system really refuses them here, also where root runs the
 // tests.
 #include <fcntl.h>

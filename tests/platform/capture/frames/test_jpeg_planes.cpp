@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // JPEG frames that stay in their planes: the same picture, and nothing that a damaged one leaves behind.
 #include <gtest/gtest.h>
 #include <sys/resource.h>

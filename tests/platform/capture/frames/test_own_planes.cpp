@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Pictures that are too large for the detection, scaled down: the same scene, in colour and in place.
 #include "platform/capture/frames/own_planes.h"
 

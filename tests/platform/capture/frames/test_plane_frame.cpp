@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // Frames that are made into pixels when somebody looks at them.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The pixels of the comparison alone are the same bytes as in the whole picture.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
 // The whole detection on the built-in picture: the tolerance finds its place, nobody is seen in an empty room, and the
 // first one who walks through is.
 #include "engine/engine_fixture.h"
