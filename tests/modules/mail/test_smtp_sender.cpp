@@ -268,6 +268,7 @@ TEST_F(Sender, OurEndDoesNotWaitForThatForEver) {
 TEST_F(Sender, AServerThatDoesNotSayGoodbyeHoldsUpNothing) {
   ASSERT_TRUE(Serveur.Demarre({"--mode", "no-goodbye"}));
   Regle();
+  Reglages.Delais.FinDonnees = 40'000;
   Reglages.Delais.Grace = 500;
   QElapsedTimer depuis;
   depuis.start();

@@ -154,6 +154,23 @@ TEST_F(Depot, AnAnswerAfterTheDepotHasGoneIsNotGiven) {
   EXPECT_FALSE(repondu);
 }
 
+TEST_F(Depot, ADiskWithoutRoomForThePictureTakesTheWords) {
+  const PetitDisque disque(64 * 1024);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  DepotCourrielsFichiers depot(disque.Chemin() + QStringLiteral("/veille"), Encodeur_);
+  QImage bruit(1024, 768, QImage::Format_RGB32);
+  quint32 n = 1;
+  for (int y = 0; y < bruit.height(); ++y)
+    for (int x = 0; x < bruit.width(); ++x) bruit.setPixel(x, y, (n = n * 1664525U + 1013904223U) | 0xFF000000U);
+  std::optional<bool> ecrit;
+  depot.Depose(Courriel(), bruit, [&ecrit](bool oui) { ecrit = oui; });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return ecrit.has_value(); }, 20000));
+  EXPECT_EQ(ecrit, true);
+  const QStringList noms = QDir(disque.Chemin() + QStringLiteral("/veille")).entryList(QDir::Files);
+  ASSERT_EQ(noms.size(), 1);
+  EXPECT_TRUE(noms.first().endsWith(QLatin1String(".json")));
+}
+
 class DepotSurDisqueVolatil : public SurDisqueVolatil {};
 
 TEST_F(DepotSurDisqueVolatil, AMailThatWasToldAsWrittenIsThereAfterAPowerCut) {
