@@ -232,5 +232,18 @@ TEST_F(Jauge, GoesOnWhileArmed) {
   EXPECT_EQ(Reglages.SeuilDetection, 490000);
 }
 
+TEST_F(Jauge, EachStartOfTheCameraBeginsTheCoarseSearchAnew) {
+  Reglages.SeuilAuto = true;
+  Engin.BasculeCamera();
+  Trame(Unie(0));
+  Trame(Unie(qRgb(255, 255, 255)));
+  Engin.Jauge().AjusteSeuil();
+  ASSERT_EQ(Detection().PasSeuil, 1000);
+  Engin.BasculeCamera();
+  EXPECT_EQ(Detection().PasSeuil, 1000);
+  Engin.BasculeCamera();
+  EXPECT_EQ(Detection().PasSeuil, 10000);
+}
+
 }  // namespace
 }  // namespace vaktor

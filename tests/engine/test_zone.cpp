@@ -298,5 +298,17 @@ TEST(Surface, OutlinesBeyondTheListAreDrawnAsOnePictureUntilTheNextFrame) {
   EXPECT_TRUE(surface.Anciens().isNull());
 }
 
+TEST_F(Souris, MoveDrawsTheZoneOfTheMomentOnThePicture) {
+  DemarreSurNoir();
+  PoseZone(10, 20, 31, 45);
+  const SurfaceImage& surface = Engin.Surface();
+  ASSERT_GT(surface.NombreContours(), 0);
+  const Contour& dernier = surface.ContourNumero(surface.NombreContours() - 1);
+  EXPECT_EQ(dernier.Gauche, 10);
+  EXPECT_EQ(dernier.Haut, 20);
+  EXPECT_EQ(dernier.Droite, 31);
+  EXPECT_EQ(dernier.Bas, 45);
+}
+
 }  // namespace
 }  // namespace vaktor
