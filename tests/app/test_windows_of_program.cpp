@@ -43,6 +43,34 @@ TEST_F(FenetreDuProgramme, AFlagGivesEachWindowTheWordsOfAProgramThatWasStartedI
   for (const char* nom : fenetres) EXPECT_EQ(Mots(nom).join('\n').toStdString(), voulus[nom].join('\n').toStdString());
 }
 
+TEST_F(FenetreDuProgramme, EachFieldIsHeardByTheWordsThatAreSeenBesideIt) {
+  const std::pair<const char*, const char*> champs[] = {{"TxtNbrPhoto", "LabelVague"},
+                                                        {"TextNbrMail", "LabelNbrMail"},
+                                                        {"TextEMail", "LabelMaildest"},
+                                                        {"TextSujet", "LabelMailSujet"},
+                                                        {"TextTexte", "LabelMailTexte"},
+                                                        {"CheckMail", "LabelCheckMail"},
+                                                        {"CheckSon", "LabelCheckSon"},
+                                                        {"CheckPPhot", "LabelCheckPhot"},
+                                                        {"ChkSeuilAuto", "LblSeuilAuto"},
+                                                        {"TxtFtp", "Lblftp"},
+                                                        {"TxtHtml", "LblHTML"},
+                                                        {"TxtFTPracine", "LblRepRaciine"},
+                                                        {"TxtUserName", "LblUserName"},
+                                                        {"TxtPass", "LblPass"},
+                                                        {"TxtRefresh", "LblIntervale"},
+                                                        {"CombQualit", "Label1"},
+                                                        {"CombCouleur", "LblCouleurPage"},
+                                                        {"TextNbrPhotoFTP", "LblNbrdephotoftp"},
+                                                        {"Text1", "LabelRetard"},
+                                                        {"PictSeuil", "LabelSeuil"}};
+  DemarreJusquALaFenetre();
+  for (const auto& [champ, etiquette] : champs) {
+    EXPECT_FALSE(Trouve<QLabel>(etiquette)->text().isEmpty()) << etiquette;
+    EXPECT_EQ(Trouve(champ)->accessibleName(), Trouve<QLabel>(etiquette)->text()) << champ;
+  }
+}
+
 TEST_F(FenetreDuProgramme, TheFlagsSayTheirLanguageInItself) {
   DemarreJusquALaFenetre();
   EXPECT_TRUE(Trouve("Image4(0)")->accessibleName().startsWith("Fran"));

@@ -75,6 +75,16 @@ TEST(Skins, ThreeChangesInARowBlendFromTheCleanPage) {
   }
 }
 
+TEST(Skins, EachOfTheThreeShowsItsOwnPicture) {
+  BancFenetre banc;
+  for (const int skin : {2, 1, 0}) {
+    banc.Fenetre.Options().CombSkin->setCurrentIndex(skin);
+    const QImage fond = ChargeArt(QStringLiteral("SKIN%1").arg(skin), 1);
+    EXPECT_EQ(banc.Fenetre.Fond().pixel(300, 20), fond.pixel(300, 20)) << skin;
+    EXPECT_EQ(banc.Fenetre.Fond().copy(0, 0, 398, 80), fond.copy(0, 0, 398, 80)) << skin;
+  }
+}
+
 TEST(Skins, PageBehindIsDrawnWhenItComesToTheFront) {
   QWidget fenetre;
   fenetre.resize(400, 300);
@@ -232,6 +242,19 @@ TEST(Faces, CaptionIsCentredWithHalvesToEvenAndMayBeginLeftOfTheFace) {
   EXPECT_EQ(PlaceLibelle(41, 13), QPoint(16, 2));  // 15.5 and 1.5
   EXPECT_EQ(PlaceLibelle(43, 15), QPoint(14, 0));  // 14.5 and 0.5
   EXPECT_EQ(PlaceLibelle(100, 20), QPoint(-14, -2));
+}
+
+TEST(Faces, AreMadeForTheDensityOfTheScreenEachTimeItChanges) {
+  TablesTextes textes;
+  textes.Remplit(Langue::kAnglais);
+  FacesBoutons faces;
+  for (const double densite : {1.0, 2.0, 1.5, 1.0}) {
+    faces.ChargeBoutons(textes, QStringLiteral("Try"), densite);
+    EXPECT_EQ(faces.FacesBouton(0).FaceRepos.size(), (QSizeF(FacesBoutons::kTaille) * densite).toSize()) << densite;
+  }
+  EXPECT_EQ(EchelleArt(1.0), 1);
+  EXPECT_EQ(EchelleArt(1.25), 2) << "made smaller rather than larger";
+  EXPECT_EQ(EchelleArt(2.0), 2);
 }
 
 TEST(Faces, TwoChangesOfLanguageGiveTheSameFaces) {
