@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <array>
 
+#include "modules/mail/mail_maker.h"
+
 namespace vaktor {
 namespace {
 
@@ -187,7 +189,7 @@ AvisEchec ComposeAvisEssai(const ResultatEnvoi& resultat, const ReglagesEnvoi& r
 PhraseDite DitChiffrement(const ResultatEnvoi& resultat, const ReglagesEnvoi& reglages) {
   if (!reglages.ParSmtp) return {};
   if (resultat.Chiffre) return Phrase{" La connexion était chiffrée.", " The connection was encrypted."};
-  if (!reglages.AvecConnexion)
+  if (!reglages.AvecConnexion || EstCetteMachine(reglages.Serveur))
     return Phrase{" La connexion n'était pas chiffrée.", " The connection was not encrypted."};
   return Phrase{
       " La connexion n'était pas chiffrée : votre mot de passe a pu être lu en route. Essayez le port 465 ou 587.",

@@ -19,16 +19,14 @@ quint16 LitPort(const QString& texte) {
   return LitNombre(texte, port) && port > 0 && port <= kPortMax ? static_cast<quint16>(port) : quint16{0};
 }
 
-/// Words to it do not leave the machine (RFC 6761, 6.3; RFC 1122, 3.2.1.3; RFC 4291, 2.5.3). "127.exemple.fr" is a
-/// name.
+}  // namespace
+
 bool EstCetteMachine(const QString& serveur) {
   const bool boucle = serveur.startsWith(QLatin1StringView("127.")) &&
                       std::ranges::all_of(serveur, [](QChar c) { return c == u'.' || (c >= u'0' && c <= u'9'); });
   return boucle || serveur == QLatin1StringView("::1") ||
          serveur.compare(QLatin1StringView("localhost"), Qt::CaseInsensitive) == 0;
 }
-
-}  // namespace
 
 ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule& dossiers, const QString& autorites) {
   ReglagesCourriel r;

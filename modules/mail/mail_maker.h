@@ -27,6 +27,10 @@ struct ReglagesCourriel {
   bool operator==(const ReglagesCourriel&) const = default;
 };
 
+/// Words to it do not leave the machine: "localhost" (RFC 6761, 6.3), 127.x.y.z (RFC 1122, 3.2.1.3), "::1" (RFC 4291,
+/// 2.5.3). "127.exemple.fr" is a name.
+bool EstCetteMachine(const QString& serveur);
+
 /// `autorites` see ReglagesEnvoi::FichierAutorites. A count that is no number is the one of a first run; a port that is
 /// none is 0.
 ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule& dossiers, const QString& autorites);

@@ -212,6 +212,9 @@ TEST(Encryption, ARehearsalSaysWhetherItsWayWasEncrypted) {
   EXPECT_EQ(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais), " The connection was encrypted.");
   resultat.Chiffre = false;
   EXPECT_TRUE(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais).contains("465 or 587"));
+  reglages.Serveur = "localhost";
+  EXPECT_EQ(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais), " The connection was not encrypted.");
+  reglages.Serveur = "smtp.exemple.fr";
   reglages.AvecConnexion = false;
   EXPECT_EQ(DitChiffrement(resultat, reglages).Dit(Langue::kAnglais), " The connection was not encrypted.");
   reglages.ParSmtp = false;

@@ -55,7 +55,7 @@ TEST_F(Repetition, AWrongThenTheRightPassword) {
   EXPECT_FALSE(Lignes.join(u'\n').contains("wrong-one")) << "though the server quotes it";
   EXPECT_EQ(Serveur.NombreRecus(), 0);
   EXPECT_EQ(Fait(Demande()), FinEssai::kAccepte);
-  EXPECT_EQ(Lignes.last(), "The mail was accepted.");
+  EXPECT_EQ(Lignes.last(), "The mail was accepted. The connection was not encrypted.");
   EXPECT_TRUE(Lignes.contains("DATA: 250 2.0.0 taken")) << Lignes.join(u'\n').toStdString();
   ASSERT_EQ(Serveur.NombreRecus(), 1);
   EXPECT_EQ(Serveur.Enveloppe()["to"].toArray(), QJsonArray{"you@c.org"});
@@ -158,7 +158,7 @@ TEST_F(FormeReelle, AWrongPasswordThenTheRightOne) {
   EXPECT_TRUE(Essaie().contains("Check both")) << Etapes().toStdString();
   EXPECT_TRUE(Etapes().contains("535 5.7.8"));
   Tape("TxtSMTPpass", kPass);
-  EXPECT_EQ(Essaie(), "The mail was accepted.") << Etapes().toStdString();
+  EXPECT_EQ(Essaie(), "The mail was accepted. The connection was not encrypted.") << Etapes().toStdString();
   EXPECT_EQ(Serveur.NombreRecus(), 1);
   EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
 }
