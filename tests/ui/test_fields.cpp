@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QDropEvent>
 #include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QMimeData>
+#include <functional>
 
 #include "ui/fields/field_events.h"
 #include "ui/window_bench.h"
@@ -278,6 +282,37 @@ TEST_F(Champs, KeyTakesThePromptAwayAndIsTyped) {
   QTest::keyClicks(Champ("TextEMail"), QStringLiteral("a @b"));
   EXPECT_EQ(Champ("TextEMail")->text(), QStringLiteral("a@b"));
   EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
+}
+
+TEST_F(Champs, TextThatComesInWithoutAKeyTakesThePromptAwayToo) {
+  const std::function<void(QLineEdit&)> voies[] = {
+      [](QLineEdit& champ) {
+        QInputMethodEvent compose;
+        compose.setCommitString(QStringLiteral("a@b"));
+        QCoreApplication::sendEvent(&champ, &compose);
+      },
+      [](QLineEdit& champ) {
+        QMimeData texte;
+        texte.setText(QStringLiteral("a@b"));
+        QDragEnterEvent entree(QPoint(1, 1), Qt::CopyAction, &texte, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&champ, &entree);
+        QDropEvent depot(QPointF(1, 1), Qt::CopyAction, &texte, Qt::LeftButton, Qt::NoModifier);
+        QCoreApplication::sendEvent(&champ, &depot);
+      },
+      [](QLineEdit& champ) {
+        QTest::mouseClick(&champ, Qt::MiddleButton);
+        champ.insert(QStringLiteral("a@b"));  // as a system does that has a selection to paste
+      }};
+  Banc.RemplitMail();
+  for (const auto& voie : voies) {
+    Champ("TextEMail")->clear();
+    Banc.Clique("CheckMail");
+    ASSERT_TRUE(EstRouge(*Champ("TextEMail")));
+    Champ("TextEMail")->setFocus();
+    voie(*Champ("TextEMail"));
+    EXPECT_EQ(Champ("TextEMail")->text(), QStringLiteral("a@b"));
+    EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
+  }
 }
 
 TEST_F(Champs, AddressOfThreeCharactersIsLongEnough) {

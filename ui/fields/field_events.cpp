@@ -70,10 +70,13 @@ bool EvenementsChamp::eventFilter(QObject* objet, QEvent* evenement) {
   } else if (type == QEvent::KeyPress) {
     const int touche = static_cast<QKeyEvent*>(evenement)->key();
     if (touche != Qt::Key_Tab && touche != Qt::Key_Backtab) Q_EMIT Touche();
+  } else if (type == QEvent::Drop || type == QEvent::InputMethod) {
+    Q_EMIT Touche();
   } else if (type == QEvent::MouseButtonRelease) {
     const auto* souris = static_cast<QMouseEvent*>(evenement);
     const auto* champ = static_cast<QWidget*>(objet);
     if (souris->button() == Qt::LeftButton && champ->rect().contains(souris->position().toPoint())) Q_EMIT Clique();
+    if (souris->button() == Qt::MiddleButton) Q_EMIT Touche();  // where the system pastes what was selected
   }
   return false;
 }

@@ -37,7 +37,8 @@ class EvenementsChamp : public QObject {
   void Quitte();
   /// A left click, when the button is released over the field.
   void Clique();
-  /// A key goes down in the field, before it does anything. Tab leaves the field and is none.
+  /// A key goes down in the field, or text comes in by another way (dropped, pasted by the middle button, composed by
+  /// an input method), before it does anything. Tab leaves the field and is none.
   void Touche();
 
  private:
