@@ -16,6 +16,7 @@
 #include "base/jpeg_end.h"
 #include "modules/ftp/ftp_client.h"
 #include "modules/ftp/ftp_test_server.h"
+#include "support/full_port.h"
 
 namespace vaktor::essai {
 namespace {
@@ -150,25 +151,12 @@ TEST_F(Client, APortWhereNobodyAnswersIsAFailedConnection) {
 
 // A port whose queue of connections is full: the system answers nothing at all.
 TEST_F(Client, AServerThatDoesNotTakeTheConnectionIsGivenUp) {
-  const int prise = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  sockaddr_in adresse{};
-  adresse.sin_family = AF_INET;
-  adresse.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t taille = sizeof adresse;
-  ASSERT_EQ(::bind(prise, reinterpret_cast<sockaddr*>(&adresse), sizeof adresse), 0);
-  ASSERT_EQ(::listen(prise, 0), 0);
-  ASSERT_EQ(::getsockname(prise, reinterpret_cast<sockaddr*>(&adresse), &taille), 0);
-  QList<int> autres;
-  for (int i = 0; i < 4; ++i) {
-    autres << ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    ::connect(autres.last(), reinterpret_cast<sockaddr*>(&adresse), sizeof adresse);
-  }
-  Acces.Port = ntohs(adresse.sin_port);
+  const PortPlein plein;
+  ASSERT_NE(plein.Port(), 0);
+  Acces.Port = plein.Port();
   Options.DelaiConnexion = 1;
   Ftp = std::make_unique<ClientFtp>(Options);
   EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
-  for (const int autre : autres) ::close(autre);
-  ::close(prise);
 }
 
 TEST_F(Client, ConnectingAgainIsANewConnectionAndNotOneMore) {

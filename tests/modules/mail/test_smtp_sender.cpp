@@ -3,8 +3,6 @@
 // server's own words.
 #include <dlfcn.h>
 #include <netdb.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
 #include <QElapsedTimer>
@@ -16,11 +14,10 @@
 #include <cstring>
 #include <thread>
 
-#include "modules/mail/failure_advice.h"
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mime_message.h"
-#include "modules/mail/smtp_dialogue.h"
 #include "modules/mail/smtp_sender.h"
+#include "support/full_port.h"
 
 namespace vaktor::essai {
 
@@ -278,29 +275,16 @@ TEST_F(Sender, AServerThatDoesNotSayGoodbyeHoldsUpNothing) {
 
 // A port whose queue of connections is full: the system answers nothing at all.
 TEST_F(Sender, AServerThatDoesNotTakeTheConnectionIsGivenUp) {
-  const int prise = ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0);
-  sockaddr_in adresse{};
-  adresse.sin_family = AF_INET;
-  adresse.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-  socklen_t taille = sizeof adresse;
-  ASSERT_EQ(::bind(prise, reinterpret_cast<sockaddr*>(&adresse), sizeof adresse), 0);
-  ASSERT_EQ(::listen(prise, 0), 0);
-  ASSERT_EQ(::getsockname(prise, reinterpret_cast<sockaddr*>(&adresse), &taille), 0);
-  QList<int> autres;
-  for (int i = 0; i < 4; ++i) {
-    autres << ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    ::connect(autres.last(), reinterpret_cast<sockaddr*>(&adresse), sizeof adresse);
-  }
+  const PortPlein plein;
+  ASSERT_NE(plein.Port(), 0);
   Regle();
-  Reglages.Port = ntohs(adresse.sin_port);
+  Reglages.Port = plein.Port();
   Reglages.Delais.Connexion = 1000;
   Reglages.Delais.Reponse = 30'000;
   QElapsedTimer depuis;
   depuis.start();
   EXPECT_EQ(Envoie().Cause, CauseEchec::kPasDeConnexion);
   EXPECT_LT(depuis.elapsed(), 20'000);
-  for (const int autre : autres) ::close(autre);
-  ::close(prise);
 }
 
 TEST_F(Sender, ANameServerThatHangsDoesNotHoldUpOurEnd) {
@@ -456,104 +440,6 @@ TEST_F(Sendmail, OneThatHangsIsGivenUp) {
   Ecrit("exec sleep 3600\n");
   Reglages.Delais.FinDonnees = 500;
   EXPECT_EQ(Envoie().Cause, CauseEchec::kDelai);
-}
-
-TEST(Dialogue, AReplyOfSeveralLinesIsOne) {
-  QStringList dits;
-  RappelsEnvoi rappels;
-  rappels.Suivi = [&](const QString& c, const QString& r) { dits << c + "=" + r; };
-  DialogueSmtp d(rappels);
-  d.NoteLigne("220 hello");
-  d.NoteCommande("AUTH PLAIN AGFubmEAczNjcmV0");
-  d.NoteLigne("535-5.7.8 Username and Password not accepted.");
-  d.NoteLigne("535 5.7.8 See https://exemple.fr");
-  EXPECT_EQ(dits, QStringList({"=220 hello",
-                               "AUTH=535 5.7.8 Username and Password not accepted. 5.7.8 See https://exemple.fr"}));
-  EXPECT_EQ(d.CauseRefus(), CauseEchec::kConnexionRefusee);
-}
-
-TEST(Dialogue, AReplyWithoutAnEndFillsNoMemory) {
-  const RappelsEnvoi rappels;
-  DialogueSmtp d(rappels);
-  d.NoteLigne("550-" + QByteArray(200, 'x'));
-  for (int i = 0; i < 1000; ++i) d.NoteLigne("550-" + QByteArray(200, 'x'));
-  d.NoteLigne("550 end");
-  EXPECT_TRUE(d.ARefuse());
-  EXPECT_LT(d.MotsRefus().size(), 10'000);
-}
-
-// Behind AUTH there are lines of ours that are no commands: name and password.
-TEST(Dialogue, WhatIsNoCommandIsNeverTold) {
-  QString dits;
-  RappelsEnvoi rappels;
-  rappels.Suivi = [&](const QString& c, const QString& r) { dits += c + "=" + r + "|"; };
-  DialogueSmtp d(rappels);
-  d.NoteCommande("AUTH LOGIN");
-  d.NoteLigne("334 VXNlcm5hbWU6");
-  d.NoteCommande("YW5uYQ==");
-  d.NoteLigne("334 UGFzc3dvcmQ6");
-  d.NoteCommande("czNjcmV0");
-  d.NoteLigne("535 no");
-  EXPECT_EQ(dits, "AUTH=334 VXNlcm5hbWU6|AUTH=334 UGFzc3dvcmQ6|AUTH=535 no|");
-}
-
-TEST(Dialogue, TheFarewellIsAboutNoMail) {
-  QStringList dits;
-  RappelsEnvoi rappels;
-  rappels.Suivi = [&](const QString& c, const QString& r) { dits << c + "=" + r; };
-  DialogueSmtp d(rappels);
-  d.NoteLigne("220 hello");
-  d.NoteCommande("QUIT");
-  d.NoteLigne("502 never heard of it");
-  EXPECT_EQ(dits, QStringList{"=220 hello"});
-  EXPECT_FALSE(d.ARefuse());
-}
-
-TEST(Dialogue, A250BeforeTheDataIsNoAcceptance) {
-  int acceptes = 0;
-  RappelsEnvoi rappels;
-  rappels.SurAccepte = [&] { ++acceptes; };
-  DialogueSmtp d(rappels);
-  d.NoteCommande("MAIL FROM:<a@b>");
-  d.NoteLigne("250 ok");
-  d.NoteCommande("DATA");
-  d.NoteLigne("250 what");
-  EXPECT_FALSE(d.EstAccepte());
-  d.NoteCommande("DATA");
-  d.NoteLigne("354 go");
-  d.NoteLigne("250 ok");
-  EXPECT_TRUE(d.EstAccepte());
-  d.NoteLigne("250 ok");
-  EXPECT_EQ(acceptes, 1);
-}
-
-TEST(Advice, EachCauseHasOneInBothLanguages) {
-  ReglagesEnvoi reglages;
-  reglages.Serveur = "smtp.exemple.fr";
-  for (int i = 1; i <= static_cast<int>(CauseEchec::kInterrompu); ++i) {
-    const AvisEchec avis = ComposeAvis({.Cause = static_cast<CauseEchec>(i), .MotsServeur = "dit"}, reglages);
-    EXPECT_TRUE(avis.Sujet.startsWith("mail-")) << i;
-    EXPECT_GT(avis.Mots.Dit(Langue::kFrancais).size(), 20) << i;
-    EXPECT_GT(avis.Mots.Dit(Langue::kAnglais).size(), 20) << i;
-    EXPECT_NE(avis.Mots.Dit(Langue::kFrancais), avis.Mots.Dit(Langue::kAnglais));
-    EXPECT_FALSE(avis.Mots.Dit(Langue::kFrancais).contains('%'));
-    EXPECT_EQ(avis.MotsServeur, "dit");
-  }
-}
-
-TEST(Advice, OfARehearsalPromisesNothingThatIsKept) {
-  ReglagesEnvoi reglages;
-  reglages.Serveur = "smtp.exemple.fr";
-  for (int i = 0; i < static_cast<int>(CauseEchec::kFichier); ++i) {
-    const AvisEchec avis = ComposeAvisEssai({.Cause = static_cast<CauseEchec>(i), .MotsServeur = "dit"}, reglages);
-    EXPECT_GT(avis.Mots.Dit(Langue::kFrancais).size(), 20) << i;
-    EXPECT_GT(avis.Mots.Dit(Langue::kAnglais).size(), 20) << i;
-    for (const char* mot : {"kept", "again.", "pictures"})
-      EXPECT_FALSE(avis.Mots.Dit(Langue::kAnglais).contains(mot)) << i;
-    for (const char* mot : {"gardé", "de nouveau", "photos"})
-      EXPECT_FALSE(avis.Mots.Dit(Langue::kFrancais).contains(QString::fromUtf8(mot))) << i;
-    EXPECT_EQ(avis.Sujet, ComposeAvis({.Cause = static_cast<CauseEchec>(i)}, reglages).Sujet);
-  }
 }
 
 }  // namespace
