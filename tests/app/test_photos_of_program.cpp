@@ -32,6 +32,21 @@ TEST_F(PhotosDuProgramme, AFullDiskSilencesTheAlarmForASecondAndNoLonger) {
   EXPECT_GE(Pendant(3000).Photos, 90) << "there is room again";
 }
 
+TEST_F(PhotosDuProgramme, WithNobodyArmedTheDiskOfThePhotosIsLeftAsleep) {
+  Systeme.Valeurs.insert(QStringLiteral("PHOTO/actif"), QStringLiteral("1"));
+  Demarre();
+  Systeme.Sonde.Demandes.clear();
+  Systeme.Temps.Avance(180'000);
+  EXPECT_TRUE(Systeme.Sonde.Demandes.isEmpty()) << Systeme.Sonde.Demandes.join(u' ').toStdString();
+}
+
+TEST_F(PhotosDuProgramme, WhileTheAlarmIsArmedTheRoomOfTheirDiskIsAskedFor) {
+  ArmeEtBouge();
+  Systeme.Sonde.Demandes.clear();
+  Systeme.Temps.Avance(70'000);
+  EXPECT_FALSE(Systeme.Sonde.Demandes.isEmpty());
+}
+
 /// Armed, with the live page and the sound on and photos off, and somebody who moves.
 class PageDuProgramme : public PhotosDuProgramme {
  protected:
