@@ -41,6 +41,8 @@ struct Parametres {
   bool SmtpActif = true;  ///< true: the mail companion talks SMTP itself; false: the system's mail program
   bool SmtpNeedLogin = true;
   bool SmtpSansChiffrement = false;  ///< the password may go to the server in clear
+  QString SmtpJeton;                 ///< program that prints a token for an OAuth2 login, its arguments behind blanks
+  qint32 HeureSigneDeVie = -1;       ///< hour of the daily mail "all is well", 0 to 23; -1: none
   QString SmtpPass;                  ///< in clear in memory, scrambled in the store; never in a log
 
   // FTP

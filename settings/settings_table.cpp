@@ -66,6 +66,10 @@ constexpr auto kTable = std::to_array<LigneReglage>({
     {kFtp, "pass", Brouille, "", &P::MotDePasseFtp},
     {.Section = kMail, .Cle = "smtpsanschiffrement", .Forme = Drapeau, .Defaut = "0", .Champ = &P::SmtpSansChiffrement,
      .EcritEnDernier = true},
+    {.Section = kMail, .Cle = "smtpjeton", .Forme = Texte, .Defaut = "", .Champ = &P::SmtpJeton,
+     .EcritEnDernier = true},
+    {.Section = kMail, .Cle = "signedevie", .Forme = Entier, .Defaut = "-1", .Champ = &P::HeureSigneDeVie,
+     .Minimum = -1, .Maximum = 23, .EcritEnDernier = true},
     // clang-format on
 });
 

@@ -124,6 +124,8 @@ TEST(SauveParametres, BringsEveryValueBackThroughALoad) {
        .SmtpActif = false,
        .SmtpNeedLogin = false,
        .SmtpSansChiffrement = true,
+       .SmtpJeton = "/bin/jeton moi",
+       .HeureSigneDeVie = 8,
        .SmtpPass = "p1",
        .AdresseHtml = "h/",
        .AdresseFtp = "ftp",
