@@ -104,11 +104,11 @@ void Vaktor::MontreFormSound() {
 }
 
 void Vaktor::CreeVeille() {
-  Boites_ = std::make_unique<GardeBoites>(PortsGarde{Systeme_.BoitesPubliees, *Canal_, Sante_,
-                                                     [this] { return FormWinsock_->Poignees(); },
-                                                     [this] { FormWinsock_->Republie(); }});
+  Casiers_ = std::make_unique<GardeCasiers>(PortsGarde{Systeme_.CasiersPublies, *Canal_, Sante_,
+                                                       [this] { return FormWinsock_->Poignees(); },
+                                                       [this] { FormWinsock_->Republie(); }});
   Veille_ = std::make_unique<VeilleCompagnons>(
-      PortsVeille{Systeme_.Programmes, *Canal_, Liaison_, Minuteries_, Sante_, Systeme_.Dossiers, Reglages_, *Boites_,
+      PortsVeille{Systeme_.Programmes, *Canal_, Liaison_, Minuteries_, Sante_, Systeme_.Dossiers, Reglages_, *Casiers_,
                   [this](Compagnon compagnon) {
                     if (compagnon == Compagnon::kFtp) Live_->PerdCompagnon();
                   },

@@ -160,7 +160,7 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<GaleriePhotos> Galerie_;
   LiensEnLigne Liens_;
   std::unique_ptr<SecondesCopies> Copies_;
-  std::unique_ptr<GardeBoites> Boites_;
+  std::unique_ptr<GardeCasiers> Casiers_;
   std::unique_ptr<VeilleCompagnons> Veille_;
   std::unique_ptr<FormWinsock> FormWinsock_;
   std::unique_ptr<SuiviEnvois> Envois_;  // from the launch of the companions on

@@ -77,7 +77,7 @@ class SystemeReel {
   LecteurGStreamer LecteurSon_;
   Sons Sons_;
   ProcessusSysteme Programmes_;
-  LecteurBoitesFichier BoitesPubliees_;
+  LecteurCasiersFichier CasiersPublies_;
   MesureurDossierSysteme Mesureur_;
   EveilDBus Machine_{TrouveAdressesBus()};
   LecteurComptesBorne Comptes_{[lieux = TrouveLieuxComptes()] { return LitTousLesComptes(lieux); }};

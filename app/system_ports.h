@@ -64,7 +64,7 @@ struct PortsSysteme {
   PertesVidage& Pertes;
   SonsInterface& Sons;
   Processus& Programmes;
-  LecteurBoites& BoitesPubliees;
+  LecteurCasiers& CasiersPublies;
   MesureurDossier& Mesureur;
   MachineEveillee& Machine;
   Ouvreur& Navigateur;

@@ -13,9 +13,9 @@ void vaktor_compare(const uint8_t* bgrx, ptrdiff_t stride, int width, int height
   out->count = vu.NbrPoints;
   out->x0 = out->y0 = out->x1 = out->y1 = -1;
   if (vu.NbrPoints > 0) {
-    out->x0 = vu.Boite.MinX;
-    out->y0 = vu.Boite.MinY;
-    out->x1 = vu.Boite.MaxX;
-    out->y1 = vu.Boite.MaxY;
+    out->x0 = vu.Cadre.MinX;
+    out->y0 = vu.Cadre.MinY;
+    out->x1 = vu.Cadre.MaxX;
+    out->y1 = vu.Cadre.MaxY;
   }
 }

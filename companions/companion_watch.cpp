@@ -70,7 +70,7 @@ void VeilleCompagnons::Arrete() {
     if (suivi.Etat == Vie::kEnVie && !suivi.Inscrit) suivi.Programme->DemandeFin();
     if (suivi.Etat == Vie::kCondamne) suivi.Programme->Tue();
   }
-  Ports_.Boites.Arrete();  // last: it may throw, and none of those above may stay for that
+  Ports_.Casiers.Arrete();  // last: it may throw, and none of those above may stay for that
 }
 
 void VeilleCompagnons::Inscrit(Compagnon compagnon) {
@@ -97,8 +97,8 @@ bool VeilleCompagnons::Prend(Compagnon compagnon) const {
 }
 
 void VeilleCompagnons::Tic() {
-  Ports_.Boites.Tic();
-  if (++Tics_ % kRegardBoites == 0 && !Ports_.Boites.EstEnCours()) RegardeBoites();
+  Ports_.Casiers.Tic();
+  if (++Tics_ % kRegardCasiers == 0 && !Ports_.Casiers.EstEnCours()) RegardeCasiers();
   for (const Compagnon compagnon : kCompagnons) {
     Suivi& suivi = Trouve(compagnon);
     ++suivi.Age;
@@ -185,11 +185,11 @@ void VeilleCompagnons::PrevoitRelance(Compagnon compagnon) {
 // wins. So the store is asked first; its handles stand there before that copy ends anything.
 void VeilleCompagnons::DemandeRelance(Compagnon compagnon) {
   Trouve(compagnon).EnPause = true;
-  RegardeBoites();
+  RegardeCasiers();
 }
 
-void VeilleCompagnons::RegardeBoites() {
-  Ports_.Boites.Regarde([this](bool siennes) {
+void VeilleCompagnons::RegardeCasiers() {
+  Ports_.Casiers.Regarde([this](bool siennes) {
     if (!siennes) {
       for (Suivi& suivi : Suivis_) suivi.Errants = true;
       return;

@@ -28,7 +28,7 @@ struct PortsVeille {
   RapportSante& Sante;
   const DossiersProgramme& Dossiers;
   const Parametres& Reglages;  ///< the language of what is reported
-  GardeBoites& Boites;
+  GardeCasiers& Casiers;
   std::function<void(Compagnon)> SurPerte;   ///< it has ended, or is hung and being ended
   std::function<void(Compagnon)> SurRetour;  ///< one that was started again has registered
   /// Ends every process of this companion's name, without holding up the thread, and calls `fini` from the event loop
@@ -54,7 +54,7 @@ class VeilleCompagnons {
   static constexpr int kFinForcee = 5;  ///< for the system to take one away that was killed; then it counts as ended
   /// Programs of one companion that were killed and are still there, at which no other is started beside them.
   static constexpr std::size_t kRestesMax = 3;
-  static constexpr int kRegardBoites = 5;  ///< between two looks at the inboxes in the store
+  static constexpr int kRegardCasiers = 5;  ///< between two looks at the inboxes in the store
   static constexpr qint32 kBalayageMax =
       10000;                         ///< milliseconds that the end of another copy's companions is waited for
   static constexpr int kHesite = 5;  ///< without taking a message: not to be counted on, see Prend
@@ -112,7 +112,7 @@ class VeilleCompagnons {
   void TicEnVie(Compagnon compagnon, Suivi& suivi);
   void TicInscrit(Compagnon compagnon, Suivi& suivi);
   void TicCondamne(Compagnon compagnon, Suivi& suivi);
-  void RegardeBoites();
+  void RegardeCasiers();
   void Condamne(Compagnon compagnon, const QString& detail);
   void Perd(Compagnon compagnon, const QString& detail);
   void Finit(Compagnon compagnon, int tour);

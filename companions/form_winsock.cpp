@@ -24,9 +24,9 @@ FormWinsock::FormWinsock(const PortsWinsock& ports)
     : Ports_(ports),
       TimerFTPreconnect_(ports.Minuteries.CreeMinuterie(QStringLiteral("TimerFTPreconnect"), kDelaiReconnexion,
                                                         [this] { TicReconnexion(); })) {
-  OuvreBoite(Compagnon::kFtp, &FormWinsock::ChangeTxtCmdFTP);
-  OuvreBoite(Compagnon::kMail, &FormWinsock::ChangeTxtCmdMail);
-  OuvreBoite(Compagnon::kSon, &FormWinsock::ChangeTxtCmdSound);
+  OuvreCasier(Compagnon::kFtp, &FormWinsock::ChangeTxtCmdFTP);
+  OuvreCasier(Compagnon::kMail, &FormWinsock::ChangeTxtCmdMail);
+  OuvreCasier(Compagnon::kSon, &FormWinsock::ChangeTxtCmdSound);
   // The companions are launched next and read the handles at once: they have to be on disk by then.
   Ports_.Magasin.Vide();
 }
@@ -46,15 +46,15 @@ void FormWinsock::Republie() {
 FormWinsock::~FormWinsock() {
   for (const qint32 poignee : Poignees_) {
     try {
-      Ports_.Canal.FermeBoite(poignee);
+      Ports_.Canal.FermeCasier(poignee);
     } catch (const std::exception& echec) {
       std::fprintf(stderr, "Vaktor: %s\n", echec.what());
     }
   }
 }
 
-void FormWinsock::OuvreBoite(Compagnon compagnon, void (FormWinsock::*recu)(const QString&)) {
-  const qint32 poignee = Ports_.Canal.OuvreBoite([this, recu](const QString& texte) { (this->*recu)(texte); });
+void FormWinsock::OuvreCasier(Compagnon compagnon, void (FormWinsock::*recu)(const QString&)) {
+  const qint32 poignee = Ports_.Canal.OuvreCasier([this, recu](const QString& texte) { (this->*recu)(texte); });
   Poignees_.at(static_cast<std::size_t>(compagnon)) = poignee;
   EcritPoignee(compagnon);
 }

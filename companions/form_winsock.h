@@ -58,7 +58,7 @@ class FormWinsock {
   void ChangeTxtCmdSound(const QString& texte);
 
  private:
-  void OuvreBoite(Compagnon compagnon, void (FormWinsock::*recu)(const QString&));
+  void OuvreCasier(Compagnon compagnon, void (FormWinsock::*recu)(const QString&));
   void EcritPoignee(Compagnon compagnon);
   bool PrendPoignee(Compagnon compagnon, const QString& texte, qint32& poignee);
   bool Attend(const LigneMot& ligne);

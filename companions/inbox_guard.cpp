@@ -9,7 +9,7 @@
 
 namespace vaktor {
 
-GardeBoites::~GardeBoites() {
+GardeCasiers::~GardeCasiers() {
   try {
     Ports_.Lecteur.Oublie();
   } catch (const std::exception& echec) {
@@ -17,32 +17,33 @@ GardeBoites::~GardeBoites() {
   }
 }
 
-void GardeBoites::Regarde(std::function<void(bool)> suite) {
+void GardeCasiers::Regarde(std::function<void(bool)> suite) {
   Suivantes_.append(std::move(suite));
   if (!EnCours_) Commence();
 }
 
-void GardeBoites::Commence() {
+void GardeCasiers::Commence() {
   EnCours_ = true;
   Age_ = 0;
   Suites_ += std::exchange(Suivantes_, {});  // behind those whose look was given up
-  Ports_.Lecteur.LitBoites([this, tour = ++Tour_](const std::optional<PoigneesPubliees>& lues) { Recoit(tour, lues); });
+  Ports_.Lecteur.LitCasiers(
+      [this, tour = ++Tour_](const std::optional<PoigneesPubliees>& lues) { Recoit(tour, lues); });
 }
 
-void GardeBoites::Tic() {
+void GardeCasiers::Tic() {
   if (!EnCours_ || ++Age_ < kAbandon) return;
   EnCours_ = false;
   ++Tour_;  // an answer that comes all the same is nobody's any more
   Ports_.Lecteur.Oublie();
 }
 
-void GardeBoites::Arrete() {
+void GardeCasiers::Arrete() {
   Suites_.clear();
   Suivantes_.clear();
   Ports_.Lecteur.Oublie();
 }
 
-void GardeBoites::Recoit(int tour, const std::optional<PoigneesPubliees>& lues) {
+void GardeCasiers::Recoit(int tour, const std::optional<PoigneesPubliees>& lues) {
   if (tour != Tour_) return;
   EnCours_ = false;  // first: whatever throws below costs this look and not those to come
   // A store that cannot be read says nothing about who wrote it last.
@@ -52,31 +53,31 @@ void GardeBoites::Recoit(int tour, const std::optional<PoigneesPubliees>& lues) 
   for (const std::function<void(bool)>& suite : suites) suite(Siennes_);
 }
 
-bool GardeBoites::Juge(const PoigneesPubliees& lues) {
+bool GardeCasiers::Juge(const PoigneesPubliees& lues) {
   const PoigneesPubliees siennes = Ports_.Siennes();
   bool autre = false;
   for (std::size_t i = 0; i < lues.size(); ++i)
     autre = autre || (lues.at(i) != siennes.at(i) && Ports_.Canal.Repond(lues.at(i)));
   if (autre) {
-    Ports_.Sante.Signale(Condition::kBoitesPerdues);
-    Ports_.Sante.Leve(Condition::kBoitesNonEcrites);  // nothing of ours is to be written any more
+    Ports_.Sante.Signale(Condition::kCasiersPerdus);
+    Ports_.Sante.Leve(Condition::kCasiersNonEcrits);  // nothing of ours is to be written any more
     return false;
   }
-  Ports_.Sante.Leve(Condition::kBoitesPerdues);
+  Ports_.Sante.Leve(Condition::kCasiersPerdus);
   if (lues != siennes && !Republie()) return false;
-  Ports_.Sante.Leve(Condition::kBoitesNonEcrites);
+  Ports_.Sante.Leve(Condition::kCasiersNonEcrits);
   return true;
 }
 
 // No other copy runs: it is the disk of the store that is full, or forbidden.
-bool GardeBoites::Republie() {
+bool GardeCasiers::Republie() {
   try {
     Ports_.Publie();
     return true;
   } catch (const Echec& echec) {
-    Ports_.Sante.Signale(Condition::kBoitesNonEcrites, echec.Description());
+    Ports_.Sante.Signale(Condition::kCasiersNonEcrits, echec.Description());
   } catch (const std::exception& echec) {
-    Ports_.Sante.Signale(Condition::kBoitesNonEcrites, QString::fromLocal8Bit(echec.what()));
+    Ports_.Sante.Signale(Condition::kCasiersNonEcrits, QString::fromLocal8Bit(echec.what()));
   }
   return false;
 }

@@ -14,26 +14,26 @@
 namespace vaktor {
 
 struct PortsGarde {
-  LecteurBoites& Lecteur;
+  LecteurCasiers& Lecteur;
   CanalMessages& Canal;
   RapportSante& Sante;
   std::function<PoigneesPubliees()> Siennes;  ///< the handles of this program's own inboxes
   std::function<void()> Publie;               ///< writes these into the store again; throws Echec
 };
 
-/// Reports kBoitesPerdues, and kBoitesNonEcrites where our own cannot be written into the store. Nothing is done
+/// Reports kCasiersPerdus, and kCasiersNonEcrits where our own cannot be written into the store. Nothing is done
 /// against a copy that runs; handles that nobody answers to (a copy that has ended, a file that somebody has deleted or
 /// put back) are replaced by our own. Owner: app/. User-interface thread.
-class GardeBoites {
+class GardeCasiers {
  public:
   /// Seconds after which a look without an answer is given up, and the next one may begin: its disk may be silent for
   /// good, and an answer may be lost for want of memory.
   static constexpr int kAbandon = 60;
 
-  explicit GardeBoites(const PortsGarde& ports) : Ports_(ports) {}
-  ~GardeBoites();
-  GardeBoites(const GardeBoites&) = delete;
-  GardeBoites& operator=(const GardeBoites&) = delete;
+  explicit GardeCasiers(const PortsGarde& ports) : Ports_(ports) {}
+  ~GardeCasiers();
+  GardeCasiers(const GardeCasiers&) = delete;
+  GardeCasiers& operator=(const GardeCasiers&) = delete;
 
   /// Looks at the store, after this call and not before, and calls `suite` from the event loop: whether a companion
   /// that is started now would find this program. While the disk of the store does not answer it is not called; whoever

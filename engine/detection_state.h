@@ -24,7 +24,7 @@ struct ZoneDetection {
 
 /// Motion box of the current frame. 0 before the first tick of the process; after each complete tick MinX and MinY
 /// take the surface's width and height and MaxX and MaxY take 0, so a box that nothing grew is inside out.
-struct BoiteMouvement {
+struct CadreMouvement {
   qint32 MinX = 0, MaxX = 0, MinY = 0, MaxY = 0;
 };
 
@@ -32,7 +32,7 @@ struct EtatDetection {
   qint32 NbrPoints = 0;                 ///< changed samples of the last analysed frame
   quint32 Comparees = 0;                ///< frames compared so far; begins anew after 2^32
   ZoneDetection Zone;                   ///< ZoneGauche, ZoneDroite, ZoneHaut, ZoneBas
-  BoiteMouvement Mouv;                  ///< MouvMinX, MouvMaxX, MouvMinY, MouvMaxY
+  CadreMouvement Mouv;                  ///< MouvMinX, MouvMaxX, MouvMinY, MouvMaxY
   qint32 PasSeuil = kPasSeuilGrossier;  ///< size of one downward step of the automatic tolerance
   bool ModeZoom = true;                 ///< view mode of Picture2: zoom, else pixel; not saved
 };

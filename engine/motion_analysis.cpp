@@ -112,7 +112,7 @@ void AnalyseurMouvement::CompareEchantillons() {
                                            ? CompareTrame(Jeu_, trame, zone, tolerance, table, rang)
                                            : CompareEtMarque(trame, zone, tolerance, table, rang, marque);
   Etat_.Detection.NbrPoints = resultat.NbrPoints;
-  GrandisBoite(resultat);
+  GrandisCadre(resultat);
   ImagePrecedente_.Avance(resultat.Echantillons);
   if (!Etat_.Detection.ModeZoom && resultat.NbrPoints > 0) Ports_.Affichage.MontreVuePixel();
   if (resultat.TablePleine) LanceTablePleine();
@@ -129,15 +129,15 @@ void AnalyseurMouvement::RangeEchantillons() {
   ARanger_ = false;
 }
 
-void AnalyseurMouvement::GrandisBoite(const ResultatComparaison& resultat) {
+void AnalyseurMouvement::GrandisCadre(const ResultatComparaison& resultat) {
   if (resultat.NbrPoints == 0) return;
   // The box grows from what it holds: 0 on all sides in the first frame of the process, whose left and top edges thus
   // stay 0, and the box of the frame before when that tick was cut short.
-  BoiteMouvement& boite = Etat_.Detection.Mouv;
-  boite.MinX = std::min(boite.MinX, resultat.Boite.MinX);
-  boite.MaxX = std::max(boite.MaxX, resultat.Boite.MaxX);
-  boite.MinY = std::min(boite.MinY, resultat.Boite.MinY);
-  boite.MaxY = std::max(boite.MaxY, resultat.Boite.MaxY);
+  CadreMouvement& cadre = Etat_.Detection.Mouv;
+  cadre.MinX = std::min(cadre.MinX, resultat.Cadre.MinX);
+  cadre.MaxX = std::max(cadre.MaxX, resultat.Cadre.MaxX);
+  cadre.MinY = std::min(cadre.MinY, resultat.Cadre.MinY);
+  cadre.MaxY = std::max(cadre.MaxY, resultat.Cadre.MaxY);
 }
 
 void AnalyseurMouvement::MontreIntrusion() {
@@ -145,8 +145,8 @@ void AnalyseurMouvement::MontreIntrusion() {
   if (Etat_.Detection.NbrPoints > kSeuilIntrusion && !compte) {
     // Armed or not: this level only shows.
     Ports_.Affichage.MontreLibelleAlarme(LibelleAlarme::kIntrusion);
-    const BoiteMouvement& boite = Etat_.Detection.Mouv;
-    Etat_.Surface.Dessine({boite.MinX, boite.MinY, boite.MaxX, boite.MaxY});
+    const CadreMouvement& cadre = Etat_.Detection.Mouv;
+    Etat_.Surface.Dessine({cadre.MinX, cadre.MinY, cadre.MaxX, cadre.MaxY});
     return;
   }
   if (Etat_.Alarme.AlarmeArmee) {

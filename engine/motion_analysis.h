@@ -54,7 +54,7 @@ class AnalyseurMouvement {
   void CompareEchantillons();
   void RangeEchantillons();
   void SuitReprise(bool reprise);
-  void GrandisBoite(const ResultatComparaison& resultat);
+  void GrandisCadre(const ResultatComparaison& resultat);
   void MontreIntrusion();
   void DeclencheActions();
   void MontreMesures();

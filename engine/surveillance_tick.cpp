@@ -105,7 +105,7 @@ bool TicSurveillance::TraiteImage() {
   const bool rangee = Analyse_.AnalyseMouvement(PoseImage());
   MontreZoom();
   Ports_.Affichage.RafraichitPleinEcran();
-  ReposeBoite();
+  ReposeCadre();
   return rangee;
 }
 
@@ -123,16 +123,16 @@ bool TicSurveillance::PoseImage() {
 
 void TicSurveillance::MontreZoom() {
   const EtatDetection& detection = Etat_.Detection;
-  const BoiteMouvement& boite = detection.Mouv;
+  const CadreMouvement& cadre = detection.Mouv;
   // 0 is taken for "nothing found": motion that touches only column 0 or row 0 gives no zoom.
-  if (!detection.ModeZoom || boite.MaxX == 0 || boite.MaxY == 0 || detection.NbrPoints <= kSeuilZoom) return;
+  if (!detection.ModeZoom || cadre.MaxX == 0 || cadre.MaxY == 0 || detection.NbrPoints <= kSeuilZoom) return;
   // One pixel less on each side. A thin box gives a width or height of zero or less; it is passed on as it is.
-  const qint32 largeur = SoustraitVerifie(SoustraitVerifie(boite.MaxX, boite.MinX), 2);
-  const qint32 hauteur = SoustraitVerifie(SoustraitVerifie(boite.MaxY, boite.MinY), 2);
-  Ports_.Affichage.MontreZoom(QRect(AjouteVerifie(boite.MinX, 1), AjouteVerifie(boite.MinY, 1), largeur, hauteur));
+  const qint32 largeur = SoustraitVerifie(SoustraitVerifie(cadre.MaxX, cadre.MinX), 2);
+  const qint32 hauteur = SoustraitVerifie(SoustraitVerifie(cadre.MaxY, cadre.MinY), 2);
+  Ports_.Affichage.MontreZoom(QRect(AjouteVerifie(cadre.MinX, 1), AjouteVerifie(cadre.MinY, 1), largeur, hauteur));
 }
 
-void TicSurveillance::ReposeBoite() {
+void TicSurveillance::ReposeCadre() {
   const QSize taille = Etat_.Surface.Taille();
   Etat_.Detection.Mouv = {.MinX = taille.width(), .MaxX = 0, .MinY = taille.height(), .MaxY = 0};
 }

@@ -40,7 +40,7 @@ class TicSurveillance {
   bool EstArretee() const;
   void DitEtat();
   void MontreZoom();
-  void ReposeBoite();
+  void ReposeCadre();
 
   const PortsSurveillance& Ports_;
   EtatSurveillance& Etat_;

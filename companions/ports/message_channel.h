@@ -25,9 +25,9 @@ class CanalMessages {
   /// Opens an inbox and gives its handle, above 0, unlike every other handle in use. `recu` is called from the event
   /// loop with each text, one at a time, in the order of sending, and never from inside another call of this port. What
   /// it throws goes on to the guard of the event loop; the texts behind are kept. Throws Echec when the system refuses.
-  virtual qint32 OuvreBoite(std::function<void(const QString& texte)> recu) = 0;
+  virtual qint32 OuvreCasier(std::function<void(const QString& texte)> recu) = 0;
   /// Closes an inbox: a late text finds nobody any more. An unknown handle is ignored.
-  virtual void FermeBoite(qint32 poignee) = 0;
+  virtual void FermeCasier(qint32 poignee) = 0;
 
   /// Posts one key code to a command window. Returns at once, whatever the other side does, and never fails aloud: a
   /// handle that nobody answers to, 0 included, swallows it. What the window does not take waits, in order, as `tenue`

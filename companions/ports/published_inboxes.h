@@ -13,14 +13,14 @@ namespace vaktor {
 using PoigneesPubliees = std::array<qint32, 3>;
 
 /// User-interface thread. The disk is never waited for there.
-class LecteurBoites {
+class LecteurCasiers {
  public:
   using Rend = std::function<void(const std::optional<PoigneesPubliees>& lues)>;
 
-  virtual ~LecteurBoites() = default;
+  virtual ~LecteurCasiers() = default;
   /// Reads them. `rend` is called once from the event loop, with nothing when the store cannot be read; while its disk
   /// does not answer it is not called. A second request forgets the first.
-  virtual void LitBoites(Rend rend) = 0;
+  virtual void LitCasiers(Rend rend) = 0;
   /// Nothing comes any more of what was asked.
   virtual void Oublie() = 0;
 };

@@ -106,10 +106,10 @@ ResultatComparaison DonneResultat(const DecoupeBalayage& decoupe, const CumulBan
   resultat.Echantillons = decoupe.Echantillons;
   resultat.TablePleine = decoupe.TablePleine;
   if (cumul.Changes > 0) {
-    resultat.Boite.MinX = zone.Gauche + kPasEchantillon * cumul.ColonneMin;
-    resultat.Boite.MaxX = zone.Gauche + kPasEchantillon * cumul.ColonneMax;
-    resultat.Boite.MinY = zone.Haut + kPasEchantillon * cumul.LigneMin;
-    resultat.Boite.MaxY = zone.Haut + kPasEchantillon * cumul.LigneMax;
+    resultat.Cadre.MinX = zone.Gauche + kPasEchantillon * cumul.ColonneMin;
+    resultat.Cadre.MaxX = zone.Gauche + kPasEchantillon * cumul.ColonneMax;
+    resultat.Cadre.MinY = zone.Haut + kPasEchantillon * cumul.LigneMin;
+    resultat.Cadre.MaxY = zone.Haut + kPasEchantillon * cumul.LigneMax;
   }
   return resultat;
 }

@@ -23,7 +23,7 @@ struct ResultatComparaison {
   qint32 NbrPoints = 0;      ///< changed samples
   qint32 Echantillons = 0;   ///< samples compared and stored
   bool TablePleine = false;  ///< the scan stopped because the table has no entry for its next sample
-  BoiteMouvement Boite;      ///< around the changed samples, pixels; means nothing when NbrPoints is 0
+  CadreMouvement Cadre;      ///< around the changed samples, pixels; means nothing when NbrPoints is 0
 };
 
 /// Instruction sets that the comparison is written for. All give the same answer and leave the same table.

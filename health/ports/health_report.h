@@ -18,8 +18,8 @@ enum class Condition {
   kCompagnonFtp,        ///< the FTP companion is missing, dead, hung or has not registered again (companions)
   kCompagnonMail,       ///< the same of the mail companion
   kCompagnonSon,        ///< the same of the sound companion
-  kBoitesPerdues,       ///< the inboxes in the store are no longer ours: another copy runs (companions)
-  kBoitesNonEcrites,    ///< our own inboxes cannot be written into the store; the detail is the reason (companions)
+  kCasiersPerdus,       ///< the inboxes in the store are no longer ours: another copy runs (companions)
+  kCasiersNonEcrits,    ///< our own inboxes cannot be written into the store; the detail is the reason (companions)
   kCourrielsEnAttente,  ///< mails wait longer than five minutes; the detail is the server's word (companions)
   kPageAncienne,        ///< the live page is older than three of its intervals and 30 s (companions)
   kEnvoisInconnus,      ///< a companion gives no news of its work; the detail is its name (companions)

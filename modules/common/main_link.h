@@ -69,7 +69,7 @@ class LienPrincipal {
 
   PortsLien Ports_;
   EmetteurLocal Emetteur_;
-  BoiteLocale Fenetre_;
+  CasierLocal Fenetre_;
   std::unique_ptr<Minuterie> TimerVerification_;
   qint32 PoigneePrincipale_ = 0;  // the inbox that we are registered with
   qint32 Absence_ = 0;            // milliseconds

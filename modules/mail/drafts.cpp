@@ -22,7 +22,7 @@ RecetteCourriel LitRecette(const QJsonObject& objet) {
           .NombrePhoto = objet.value(kNombre).toInt()};
 }
 
-Courriel Prepare(const BoiteEnvoi& boite, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
+Courriel Prepare(const SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
   Courriel courriel{.Expediteur = tete.Expediteur,
                     .Destinataires = tete.Destinataires,
                     .Sujet = recette.Sujet,
@@ -30,50 +30,50 @@ Courriel Prepare(const BoiteEnvoi& boite, const CourrielEnAttente& tete, const R
                     .Date = QDateTime::fromMSecsSinceEpoch(tete.FaitA),
                     .Identifiant = tete.Nom,
                     .Pieces = {}};
-  if (boite.DonneOctets() <= BoiteEnvoi::kOctetsMax)
+  if (sac.DonneOctets() <= SacPostal::kOctetsMax)
     courriel.Pieces = PrendPhotos(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax).Pieces;
   return courriel;
 }
 
-Publication ComposeBrouillon(BoiteEnvoi& boite, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
+Publication ComposeBrouillon(SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
   Publication suite;
-  Courriel courriel = Prepare(boite, tete, recette);
-  suite.Erreur = boite.PoseBrouillon(tete, ComposeMessage(courriel));
+  Courriel courriel = Prepare(sac, tete, recette);
+  suite.Erreur = sac.PoseBrouillon(tete, ComposeMessage(courriel));
   if (suite.Erreur == 0 || courriel.Pieces.isEmpty()) return suite;
   // A disk that has no room for photos may have some for the words: an alarm without a picture is still an alarm.
   courriel.Pieces.clear();
   suite.ErreurPhotos = suite.Erreur;
-  suite.Erreur = boite.PoseBrouillon(tete, ComposeMessage(courriel));
+  suite.Erreur = sac.PoseBrouillon(tete, ComposeMessage(courriel));
   return suite;
 }
 
 }  // namespace
 
-int PoseRecette(BoiteEnvoi& boite, const CourrielEnAttente& courriel, const RecetteCourriel& recette) {
+int PoseRecette(SacPostal& sac, const CourrielEnAttente& courriel, const RecetteCourriel& recette) {
   const QJsonObject objet{{kSujet, recette.Sujet},
                           {kCorps, recette.Corps},
                           {kDossier, recette.DossierPhotos},
                           {kNombre, recette.NombrePhoto}};
-  return boite.PoseRecette(courriel, QJsonDocument(objet).toJson(QJsonDocument::Compact));
+  return sac.PoseRecette(courriel, QJsonDocument(objet).toJson(QJsonDocument::Compact));
 }
 
 // The whole message takes the recipe's place under the same name before it gets another one: at no moment does the mail
 // stand on disk twice, of which a kill would make two.
-Publication PublieBrouillon(BoiteEnvoi& boite, const QString& nom) {
+Publication PublieBrouillon(SacPostal& sac, const QString& nom) {
   CourrielEnAttente tete;
   Publication suite;
-  if (const std::optional<QByteArray> recette = boite.LitRecette(nom, tete)) {
+  if (const std::optional<QByteArray> recette = sac.LitRecette(nom, tete)) {
     const QJsonDocument document = QJsonDocument::fromJson(*recette);
-    if (document.isObject()) suite = ComposeBrouillon(boite, tete, LitRecette(document.object()));
+    if (document.isObject()) suite = ComposeBrouillon(sac, tete, LitRecette(document.object()));
     if (suite.Erreur != 0) return suite;
   }
-  if (!boite.Publie(nom)) suite.Erreur = errno;
+  if (!sac.Publie(nom)) suite.Erreur = errno;
   return suite;
 }
 
-void RecupereBoite(BoiteEnvoi& boite, const QString& saufMarque) {
-  for (const QString& nom : boite.DonneBrouillons(saufMarque)) PublieBrouillon(boite, nom);
-  boite.RetireRestes(saufMarque);
+void RecupereSac(SacPostal& sac, const QString& saufMarque) {
+  for (const QString& nom : sac.DonneBrouillons(saufMarque)) PublieBrouillon(sac, nom);
+  sac.RetireRestes(saufMarque);
 }
 
 }  // namespace vaktor

@@ -17,7 +17,7 @@ struct RecetteCourriel {
 };
 
 /// Puts the recipe on disk as the draft `courriel.Nom`. Gives the system's error number, 0 when it is there.
-int PoseRecette(BoiteEnvoi& boite, const CourrielEnAttente& courriel, const RecetteCourriel& recette);
+int PoseRecette(SacPostal& sac, const CourrielEnAttente& courriel, const RecetteCourriel& recette);
 
 /// What came of a publication; system's error numbers, 0 for none.
 struct Publication {
@@ -27,10 +27,10 @@ struct Publication {
 
 /// The draft `nom` may be sent from now on. One that is a recipe becomes a whole message first: photos nearest
 /// `FaitA`, as many as fit, none where the outbox is full already.
-Publication PublieBrouillon(BoiteEnvoi& boite, const QString& nom);
+Publication PublieBrouillon(SacPostal& sac, const QString& nom);
 
 /// After the start, by the one program that sends: drafts become mails, and what a kill left half-written or already
 /// sent goes. Names that hold `saufMarque` belong to the living and stay as they are.
-void RecupereBoite(BoiteEnvoi& boite, const QString& saufMarque = {});
+void RecupereSac(SacPostal& sac, const QString& saufMarque = {});
 
 }  // namespace vaktor

@@ -13,7 +13,7 @@ namespace vaktor {
 /// owner asks from time to time.
 class BrouillonsEnRetard {
  public:
-  explicit BrouillonsEnRetard(BoiteEnvoi boite) : Boite_(std::move(boite)) {}
+  explicit BrouillonsEnRetard(SacPostal sac) : Sac_(std::move(sac)) {}
 
   /// The draft of `nom`, made at `faitA` (milliseconds since 1970), may leave: see PublieBrouillon. After an error of
   /// the mail it is one of those that Reessaie tries.
@@ -24,7 +24,7 @@ class BrouillonsEnRetard {
   std::optional<qint64> PlusAncien() const;
 
  private:
-  BoiteEnvoi Boite_;
+  SacPostal Sac_;
   QMap<QString, qint64> Noms_;  // with the time at which each was made
 };
 

@@ -18,9 +18,9 @@ constexpr qint64 kMemeInstantMs = 1000;  // a photo is written a moment before i
 ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
     : Contexte_(contexte),
       Ports_(ports),
-      Boite_(ports.DossierBoite),
-      Retard_(Boite_),
-      Veille_(ports.DossierVeille, Boite_, Retard_, ports.Marque, contexte.Journal),
+      Sac_(ports.DossierSac),
+      Retard_(Sac_),
+      Veille_(ports.DossierVeille, Sac_, Retard_, ports.Marque, contexte.Journal),
       TimerRecolte_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRecolte"), kRecolte, [this] { Recolte(); })),
       TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPauseEntreSeries,
                                                     [this] { TimerPause_->Desactive(); })),
@@ -77,11 +77,11 @@ void ModuleMail::CommenceCourriel() {
   EnCours_ = {};
   // The newest report: the second mail of a row shows what went on after the first.
   EnCours_.FaitA = DerniereIntrusion_;
-  EnCours_.Nom = QStringLiteral("%1-%2-%3").arg(Boite_.DonneRang(EnCours_.FaitA), Ports_.Marque).arg(++Fait_);
+  EnCours_.Nom = QStringLiteral("%1-%2-%3").arg(Sac_.DonneRang(EnCours_.FaitA), Ports_.Marque).arg(++Fait_);
   EnCours_.Expediteur = Reglages_.Adresses.Expediteur;
   EnCours_.Destinataires = Reglages_.Adresses.Destinataires;
   Recoltes_ = 0;
-  const int erreur = PoseRecette(Boite_, EnCours_,
+  const int erreur = PoseRecette(Sac_, EnCours_,
                                  {.Sujet = Reglages_.Sujet,
                                   .Corps = Reglages_.Corps,
                                   .DossierPhotos = Reglages_.DossierPhotos,
@@ -139,7 +139,7 @@ void ModuleMail::RegardeAttente() {
 
 void ModuleMail::SuitAttente() {
   std::optional<qint64> plusAncien;
-  for (const std::optional<qint64>& depuis : {Boite_.PlusAncien(), Retard_.PlusAncien(), Veille_.PlusAncien()})
+  for (const std::optional<qint64>& depuis : {Sac_.PlusAncien(), Retard_.PlusAncien(), Veille_.PlusAncien()})
     if (depuis) plusAncien = std::min(*depuis, plusAncien.value_or(*depuis));
   // A mail that is refused for good waits for other settings. It counts until another one is taken: then it was this
   // mail's own fault, and no sign that none arrives.
@@ -172,7 +172,7 @@ void ModuleMail::Signale(const ResultatEnvoi& resultat) {
 void ModuleMail::SignaleDisque(int erreur) {
   const QString mots = QString::fromLocal8Bit(std::strerror(erreur));
   Contexte_.Journal.Note(QStringLiteral("the outbox cannot be written: ") + mots);
-  Contexte_.Etat.Signale(ComposeAvisDisque(Ports_.DossierBoite, mots));
+  Contexte_.Etat.Signale(ComposeAvisDisque(Ports_.DossierSac, mots));
 }
 
 void ModuleMail::Termine() {

@@ -14,7 +14,7 @@
 namespace vaktor {
 
 struct PortsMail {
-  QString DossierBoite;
+  QString DossierSac;
   QString DossierVeille;               ///< what the watch has to say of itself
   QString Marque;                      ///< of this process, part of each mail's name
   QString Autorites;                   ///< see ReglagesEnvoi::FichierAutorites
@@ -60,7 +60,7 @@ class ModuleMail : public Module {
 
   ContexteModule Contexte_;
   PortsMail Ports_;
-  BoiteEnvoi Boite_;
+  SacPostal Sac_;
   BrouillonsEnRetard Retard_;
   CourriersVeille Veille_;  // before the post: see there
   ReglagesCourriel Reglages_;

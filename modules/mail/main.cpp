@@ -50,12 +50,12 @@ DescriptionModule DonneDescription() {
 
 std::unique_ptr<Module> CreeModule(const ContexteModule& contexte, const QString& autorites) {
   PortsMail ports;
-  ports.DossierBoite = contexte.Dossiers.Etat + QStringLiteral("/courrier");
+  ports.DossierSac = contexte.Dossiers.Etat + QStringLiteral("/courrier");
   ports.DossierVeille = contexte.Dossiers.CheminVeille();
   ports.Marque = QString::number(QRandomGenerator::system()->generate64(), 36);
   ports.Autorites = autorites;
   ports.Maintenant = [] { return QDateTime::currentMSecsSinceEpoch(); };
-  ports.OuvrePoste = [fil = ReglagesFil{.Dossier = ports.DossierBoite, .Marque = ports.Marque}](
+  ports.OuvrePoste = [fil = ReglagesFil{.Dossier = ports.DossierSac, .Marque = ports.Marque}](
                          const Facteur::Rapporteur& surRapport) -> std::unique_ptr<Poste> {
     return std::make_unique<FilEnvoi>(fil, surRapport);
   };

@@ -59,44 +59,44 @@ QStringList ListeNoms(const QString& dossier, const char* fin, const QString& sa
 
 }  // namespace
 
-BoiteEnvoi::BoiteEnvoi(const QString& dossier) : Dossier_(dossier) {
+SacPostal::SacPostal(const QString& dossier) : Dossier_(dossier) {
   PrepareDossierPrive(dossier);
   QFile::setPermissions(dossier, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
-QStringList BoiteEnvoi::DonneBrouillons(const QString& saufMarque) const {
+QStringList SacPostal::DonneBrouillons(const QString& saufMarque) const {
   return ListeNoms(Dossier_, kBrouillon, saufMarque);
 }
 
-void BoiteEnvoi::RetireRestes(const QString& saufMarque) {
+void SacPostal::RetireRestes(const QString& saufMarque) {
   for (const char* fin : {kEnvoye, kPartiel})
     for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque)) QFile::remove(Chemin(nom, fin));
   for (const QString& nom : ListeNoms(Dossier_, kEssais, saufMarque))
     if (!QFile::exists(Chemin(nom, kCourriel))) QFile::remove(Chemin(nom, kEssais));
 }
 
-QString BoiteEnvoi::Chemin(const QString& nom, const char* fin) const {
+QString SacPostal::Chemin(const QString& nom, const char* fin) const {
   return Dossier_ + u'/' + nom + QLatin1String(fin);
 }
 
-int BoiteEnvoi::PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message) {
+int SacPostal::PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message) {
   return EcritDurable(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel), message});
 }
 
-int BoiteEnvoi::PoseRecette(const CourrielEnAttente& courriel, const QByteArray& recette) {
+int SacPostal::PoseRecette(const CourrielEnAttente& courriel, const QByteArray& recette) {
   return EcritDurable(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel, true), recette});
 }
 
-std::optional<QByteArray> BoiteEnvoi::LitRecette(const QString& nom, CourrielEnAttente& courriel) const {
+std::optional<QByteArray> SacPostal::LitRecette(const QString& nom, CourrielEnAttente& courriel) const {
   courriel.Nom = nom;
   QFile f(Chemin(nom, kBrouillon));
   if (!f.open(QIODevice::ReadOnly) || !LitTete(f.readLine(kTeteMax), courriel, true)) return std::nullopt;
   return f.readAll();
 }
 
-bool BoiteEnvoi::Publie(const QString& nom) { return RenommeDurable(Chemin(nom, kBrouillon), Chemin(nom, kCourriel)); }
+bool SacPostal::Publie(const QString& nom) { return RenommeDurable(Chemin(nom, kBrouillon), Chemin(nom, kCourriel)); }
 
-QList<CourrielEnAttente> BoiteEnvoi::Liste() {
+QList<CourrielEnAttente> SacPostal::Liste() {
   QList<CourrielEnAttente> liste;
   for (const QString& nom : ListeNoms(Dossier_, kCourriel)) {
     CourrielEnAttente c;
@@ -113,7 +113,7 @@ QList<CourrielEnAttente> BoiteEnvoi::Liste() {
   return liste;
 }
 
-void BoiteEnvoi::LitEssais(CourrielEnAttente& courriel) const {
+void SacPostal::LitEssais(CourrielEnAttente& courriel) const {
   // No or a damaged note: the mail is only tried sooner.
   QFile f(Chemin(courriel.Nom, kEssais));
   if (!f.open(QIODevice::ReadOnly)) return;
@@ -122,13 +122,13 @@ void BoiteEnvoi::LitEssais(CourrielEnAttente& courriel) const {
   courriel.ProchainEssai = note.value(QStringLiteral("next")).toInteger(0);
 }
 
-QStringList BoiteEnvoi::DonneNoms() const {
+QStringList SacPostal::DonneNoms() const {
   QStringList noms;
   for (const char* fin : {kBrouillon, kCourriel, kEnvoye, kRefuse, kMauvais}) noms += ListeNoms(Dossier_, fin);
   return noms;
 }
 
-std::optional<qint64> BoiteEnvoi::PlusAncien() const {
+std::optional<qint64> SacPostal::PlusAncien() const {
   // Names sort by time. What cannot be read is somebody else's to tell.
   for (const QString& nom : ListeNoms(Dossier_, kCourriel)) {
     CourrielEnAttente c;
@@ -138,44 +138,44 @@ std::optional<qint64> BoiteEnvoi::PlusAncien() const {
   return std::nullopt;
 }
 
-QByteArray BoiteEnvoi::LitMessage(const QString& nom) const {
+QByteArray SacPostal::LitMessage(const QString& nom) const {
   QFile f(Chemin(nom, kCourriel));
   if (!f.open(QIODevice::ReadOnly)) return {};
   f.readLine(kTeteMax);
   return f.readAll();
 }
 
-qint64 BoiteEnvoi::DonneOctets() const {
+qint64 SacPostal::DonneOctets() const {
   qint64 octets = 0;
   for (const QFileInfo& f : QDir(Dossier_).entryInfoList(QDir::Files)) octets += f.size();
   return octets;
 }
 
-void BoiteEnvoi::Acheve(const QString& nom) {
+void SacPostal::Acheve(const QString& nom) {
   // The rename is what counts: from here on a restart finds nothing to send.
   RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kEnvoye));
   QFile::remove(Chemin(nom, kEnvoye));
   QFile::remove(Chemin(nom, kEssais));
 }
 
-void BoiteEnvoi::Reporte(const CourrielEnAttente& courriel, qint64 maintenant) {
+void SacPostal::Reporte(const CourrielEnAttente& courriel, qint64 maintenant) {
   const int essais = courriel.Essais + 1;
   const QJsonObject note{{QStringLiteral("attempts"), essais},
                          {QStringLiteral("next"), maintenant + AttenteApresEssai(essais)}};
   EcritDurable(Chemin(courriel.Nom, kEssais), {QJsonDocument(note).toJson(QJsonDocument::Compact)});
 }
 
-void BoiteEnvoi::MetDeCote(const QString& nom) {
+void SacPostal::MetDeCote(const QString& nom) {
   RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kRefuse));
   QFile::remove(Chemin(nom, kEssais));
 }
 
-void BoiteEnvoi::RemetTout() {
+void SacPostal::RemetTout() {
   for (const QString& nom : ListeNoms(Dossier_, kRefuse)) RenommeDurable(Chemin(nom, kRefuse), Chemin(nom, kCourriel));
   for (const QString& nom : ListeNoms(Dossier_, kEssais)) QFile::remove(Chemin(nom, kEssais));
 }
 
-QString BoiteEnvoi::DonneRang(qint64 faitA) const {
+QString SacPostal::DonneRang(qint64 faitA) const {
   qint64 rang = faitA;
   for (const QString& nom : DonneNoms()) {
     // Others, of a person or of a test, sort as they please.
@@ -186,7 +186,7 @@ QString BoiteEnvoi::DonneRang(qint64 faitA) const {
   return QDateTime::fromMSecsSinceEpoch(rang, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz"));
 }
 
-QStringList BoiteEnvoi::Elague(qint64 maintenant, const QSet<QString>& essayes) {
+QStringList SacPostal::Elague(qint64 maintenant, const QSet<QString>& essayes) {
   QStringList abandonnes;
   for (const char* fin : {kRefuse, kMauvais})
     for (const QFileInfo& f : QDir(Dossier_).entryInfoList({u'*' + QLatin1String(fin)}, QDir::Files))
@@ -204,7 +204,7 @@ QStringList BoiteEnvoi::Elague(qint64 maintenant, const QSet<QString>& essayes) 
   return abandonnes;
 }
 
-qint64 BoiteEnvoi::AttenteApresEssai(int essais) {
+qint64 SacPostal::AttenteApresEssai(int essais) {
   static constexpr std::array<qint64, 8> kSecondes = {10, 30, 60, 120, 300, 600, 900, 1800};
   const auto i = static_cast<std::size_t>(std::clamp(essais, 1, static_cast<int>(kSecondes.size())) - 1);
   return kSecondes.at(i) * 1000;

@@ -35,14 +35,14 @@ struct CourrielEnAttente {
 };
 
 /// Holds nothing but the folder's name: each thread may have its own.
-class BoiteEnvoi {
+class SacPostal {
  public:
   static constexpr int kCourrielsMax = 2000;
   static constexpr qint64 kOctetsMax = 1024LL * 1024 * 1024;  ///< beyond it new mails are made without photos
   static constexpr qint64 kAgeMaxMs = 7LL * 24 * 3600 * 1000;
 
   /// The folder is made when it is not there.
-  explicit BoiteEnvoi(const QString& dossier);
+  explicit SacPostal(const QString& dossier);
 
   /// Names of the drafts but for those that hold `saufMarque`; with an empty mark of all.
   QStringList DonneBrouillons(const QString& saufMarque) const;

@@ -14,15 +14,15 @@ bool ConcerneLeCourriel(CauseEchec cause) {
 
 // A wait that is longer than any of ours was noted before the clock was set back.
 qint64 AttenteSaine(qint64 attente) {
-  static const qint64 kMax = BoiteEnvoi::AttenteApresEssai(1000);
+  static const qint64 kMax = SacPostal::AttenteApresEssai(1000);
   return attente <= 0 || attente > kMax ? 0 : attente;
 }
 
 }  // namespace
 
-Facteur::Facteur(BoiteEnvoi boite, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
+Facteur::Facteur(SacPostal sac, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
                  Rapporteur rapporte)
-    : Boite_(std::move(boite)),
+    : Sac_(std::move(sac)),
       Plafond_(plafond),
       Maintenant_(std::move(maintenant)),
       Envoie_(std::move(envoie)),
@@ -32,7 +32,7 @@ void Facteur::Recommence() {
   EchecsDeSuite_ = 0;
   PasAvant_ = 0;
   Reportes_.clear();
-  Boite_.RemetTout();
+  Sac_.RemetTout();
 }
 
 qint64 Facteur::AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant) {
@@ -44,12 +44,12 @@ qint64 Facteur::Tour() {
   const qint64 maintenant = Maintenant_();
   const qint64 pourTous = AttenteSaine(PasAvant_ - maintenant);
   if (pourTous > 0) return pourTous;
-  for (const QString& nom : Boite_.Elague(maintenant, Essayes_)) {
+  for (const QString& nom : Sac_.Elague(maintenant, Essayes_)) {
     Essayes_.remove(nom);
     Rapporte_({nom, {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
   }
   qint64 attente = kRienAFaire;
-  QList<CourrielEnAttente> liste = Boite_.Liste();
+  QList<CourrielEnAttente> liste = Sac_.Liste();
   std::stable_partition(liste.begin(), liste.end(), [](const CourrielEnAttente& c) { return c.Prioritaire; });
   for (const CourrielEnAttente& courriel : liste) {
     if (Partis_.contains(courriel.Nom)) continue;
@@ -66,7 +66,7 @@ void Facteur::NoteAccepte(const QString& nom) {
   Partis_.insert(nom);
   Plafond_.Note(Maintenant_());
   Essayes_.remove(nom);
-  Boite_.Acheve(nom);
+  Sac_.Acheve(nom);
 }
 
 // A mail that finds no memory is put off like one whose file cannot be read: the others need not wait for it.
@@ -79,7 +79,7 @@ qint64 Facteur::Essaie(const CourrielEnAttente& courriel) {
 }
 
 qint64 Facteur::EssaieUneFois(const CourrielEnAttente& courriel) {
-  const QByteArray message = Boite_.LitMessage(courriel.Nom);
+  const QByteArray message = Sac_.LitMessage(courriel.Nom);
   if (message.isEmpty()) return TraiteEchec(courriel, {.Cause = CauseEchec::kFichier});
   const ResultatEnvoi resultat = Envoie_(courriel, message, [&] { NoteAccepte(courriel.Nom); });
   if (resultat.Cause == CauseEchec::kInterrompu) return kRienAFaire;
@@ -97,13 +97,13 @@ qint64 Facteur::TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnv
   Essayes_.insert(courriel.Nom);
   qint64 attente = 0;
   if (duCourriel && resultat.Definitif) {
-    Boite_.MetDeCote(courriel.Nom);
+    Sac_.MetDeCote(courriel.Nom);
   } else if (duCourriel) {
-    attente = BoiteEnvoi::AttenteApresEssai(courriel.Essais + 1);
-    Boite_.Reporte(courriel, maintenant);
+    attente = SacPostal::AttenteApresEssai(courriel.Essais + 1);
+    Sac_.Reporte(courriel, maintenant);
     Reportes_.insert(courriel.Nom, maintenant + attente);
   } else {
-    attente = BoiteEnvoi::AttenteApresEssai(++EchecsDeSuite_);
+    attente = SacPostal::AttenteApresEssai(++EchecsDeSuite_);
     PasAvant_ = maintenant + attente;
   }
   Rapporte_({courriel.Nom, resultat, attente});

@@ -30,7 +30,7 @@ class Facteur {
   static constexpr qint64 kRienAFaire = 60LL * 1000;  ///< milliseconds until the next look at an empty box
 
   /// `maintenant` gives milliseconds since 1970.
-  Facteur(BoiteEnvoi boite, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
+  Facteur(SacPostal sac, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
           Rapporteur rapporte);
 
   /// Tries at most one mail: the oldest that is due, those of the watch before all others. Gives the milliseconds until
@@ -48,7 +48,7 @@ class Facteur {
   void NoteAccepte(const QString& nom);
   qint64 AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant);
 
-  BoiteEnvoi Boite_;
+  SacPostal Sac_;
   PlafondHoraire& Plafond_;
   std::function<qint64()> Maintenant_;
   Envoyeur Envoie_;

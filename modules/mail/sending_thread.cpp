@@ -41,7 +41,7 @@ struct FilEnvoi::Partage {
   std::atomic_bool Arret = false;
 
   void Execute();
-  void VideLaBoite();
+  void VideLeSac();
   qint64 Tour(Facteur& facteur, bool& recommence);
   void Attends(qint64 millisecondes);
   std::unique_ptr<VerrouDossier> PrendVerrou();
@@ -83,7 +83,7 @@ ResultatEnvoi FilEnvoi::Partage::Envoie(const CourrielEnAttente& courriel, const
 void FilEnvoi::Partage::Execute() {
   while (!Arret) {
     try {
-      VideLaBoite();
+      VideLeSac();
     } catch (const std::exception&) {
       Attends(kRepriseMs);
     }
@@ -101,17 +101,17 @@ qint64 FilEnvoi::Partage::Tour(Facteur& facteur, bool& recommence) {
   }
 }
 
-void FilEnvoi::Partage::VideLaBoite() {
+void FilEnvoi::Partage::VideLeSac() {
   const std::unique_ptr<VerrouDossier> verrou = PrendVerrou();
   if (!verrou) return;
-  BoiteEnvoi boite(Fil.Dossier);
-  RecupereBoite(boite, Fil.Marque);
+  SacPostal sac(Fil.Dossier);
+  RecupereSac(sac, Fil.Marque);
   PlafondHoraire plafond(Fil.CourrielsParHeure);
   QFile cadence(CheminCadence());
   if (cadence.open(QIODevice::ReadOnly)) plafond.Relit(cadence.read(kTexteCadenceMax));
   const auto envoie = [this](const CourrielEnAttente& courriel, const QByteArray& message,
                              const std::function<void()>& surAccepte) { return Envoie(courriel, message, surAccepte); };
-  Facteur facteur(boite, plafond, &DonneMaintenant, envoie, [&](const RapportEnvoi& rapport) {
+  Facteur facteur(sac, plafond, &DonneMaintenant, envoie, [&](const RapportEnvoi& rapport) {
     if (rapport.Resultat.Accepte) EcritDurable(CheminCadence(), {plafond.Texte()});
     Rapporte(rapport);
   });

@@ -19,9 +19,9 @@ QString ComposeIdentifiant(const MessageVeille& message) {
 
 }  // namespace
 
-CourriersVeille::CourriersVeille(const QString& dossier, BoiteEnvoi boite, BrouillonsEnRetard& retard, QString marque,
+CourriersVeille::CourriersVeille(const QString& dossier, SacPostal sac, BrouillonsEnRetard& retard, QString marque,
                                  JournalBorne& journal)
-    : Dossier_(dossier), Boite_(std::move(boite)), Retard_(retard), Marque_(std::move(marque)), Journal_(journal) {
+    : Dossier_(dossier), Sac_(std::move(sac)), Retard_(retard), Marque_(std::move(marque)), Journal_(journal) {
   EffaceLesFaits();
 }
 
@@ -44,7 +44,7 @@ std::optional<qint64> CourriersVeille::PlusAncien() const {
 void CourriersVeille::EffaceLesFaits() {
   const QStringList attente = DonneAttente();
   if (attente.isEmpty()) return;
-  const QStringList faits = Boite_.DonneNoms();
+  const QStringList faits = Sac_.DonneNoms();
   for (const QString& nom : attente) {
     const QString empreinte = Empreinte(nom) + u'-';
     if (std::none_of(faits.begin(), faits.end(), [&](const QString& fait) { return fait.contains(empreinte); }))
@@ -75,7 +75,7 @@ PriseVeille CourriersVeille::Prend(const ReglagesCourriel& reglages, qint64 main
 
 void CourriersVeille::PrendUn(const QString& nom, const ReglagesCourriel& reglages, qint64 maintenant,
                               PriseVeille& prise) {
-  if (maintenant - DossierVeille::DonneInstant(nom) > BoiteEnvoi::kAgeMaxMs) {
+  if (maintenant - DossierVeille::DonneInstant(nom) > SacPostal::kAgeMaxMs) {
     Note(nom, QStringLiteral("too old, given up"));
     if (!Dossier_.Efface(nom)) Passes_.insert(nom);
     return;
@@ -108,7 +108,7 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
                     .Date = QDateTime::fromMSecsSinceEpoch(message.FaitA),
                     .Identifiant = identifiant,
                     .Pieces = {}};
-  if (!message.Photo.isEmpty() && Boite_.DonneOctets() <= BoiteEnvoi::kOctetsMax)
+  if (!message.Photo.isEmpty() && Sac_.DonneOctets() <= SacPostal::kOctetsMax)
     courriel.Pieces.append(
         {courriel.Date.toString(QStringLiteral("yyyy-MM-dd  HH-mm-ss")) + QStringLiteral(".jpg"), message.Photo});
   CourrielEnAttente mail;
@@ -119,10 +119,10 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
   mail.Destinataires = courriel.Destinataires;
   mail.FaitA = message.FaitA;
   mail.Prioritaire = true;
-  int erreur = Boite_.PoseBrouillon(mail, ComposeMessage(courriel));
+  int erreur = Sac_.PoseBrouillon(mail, ComposeMessage(courriel));
   if (erreur != 0 && !courriel.Pieces.isEmpty()) {
     courriel.Pieces.clear();  // the words matter more
-    erreur = Boite_.PoseBrouillon(mail, ComposeMessage(courriel));
+    erreur = Sac_.PoseBrouillon(mail, ComposeMessage(courriel));
   }
   if (erreur != 0) return erreur;
   if (!Dossier_.Efface(message.Nom)) Passes_.insert(message.Nom);

@@ -27,7 +27,7 @@ class CourriersVeille {
  public:
   /// Makes up for a kill at once, before anything of the outbox may be sent: a message whose mail is in the outbox
   /// already is deleted.
-  CourriersVeille(const QString& dossier, BoiteEnvoi boite, BrouillonsEnRetard& retard, QString marque,
+  CourriersVeille(const QString& dossier, SacPostal sac, BrouillonsEnRetard& retard, QString marque,
                   JournalBorne& journal);
 
   /// All that lies in the folder. Waits a few seconds at most for another companion that does the same.
@@ -43,7 +43,7 @@ class CourriersVeille {
   void Note(const QString& nom, const QString& quoi) const;
 
   DossierVeille Dossier_;
-  BoiteEnvoi Boite_;
+  SacPostal Sac_;
   BrouillonsEnRetard& Retard_;  // takes over the drafts whose message is gone already
   QString Marque_;
   JournalBorne& Journal_;

@@ -7,15 +7,15 @@ CanalLocal::CanalLocal(const DossierCanal& dossier) : Dossier_(dossier), Emetteu
   Dossier_.BalaiePerimees();
 }
 
-qint32 CanalLocal::OuvreBoite(std::function<void(const QString& texte)> recu) {
-  auto boite = std::make_unique<BoiteLocale>(
+qint32 CanalLocal::OuvreCasier(std::function<void(const QString& texte)> recu) {
+  auto casier = std::make_unique<CasierLocal>(
       Dossier_, [recu = std::move(recu)](const QByteArray& message) { recu(QString::fromUtf8(message)); });
-  const qint32 poignee = boite->Poignee();
-  Boites_.emplace(poignee, std::move(boite));
+  const qint32 poignee = casier->Poignee();
+  Casiers_.emplace(poignee, std::move(casier));
   return poignee;
 }
 
-void CanalLocal::FermeBoite(qint32 poignee) { Boites_.erase(poignee); }
+void CanalLocal::FermeCasier(qint32 poignee) { Casiers_.erase(poignee); }
 
 void CanalLocal::PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept {
   Emetteur_.PosteCommande(poignee, QByteArray::number(code), tenue);

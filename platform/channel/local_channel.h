@@ -18,8 +18,8 @@ class CanalLocal : public CanalMessages {
   /// Sweeps the folder of what crashed processes left. Throws Echec when the folder cannot be had or is not safe.
   explicit CanalLocal(const DossierCanal& dossier = DossierCanal());
 
-  qint32 OuvreBoite(std::function<void(const QString& texte)> recu) override;
-  void FermeBoite(qint32 poignee) override;
+  qint32 OuvreCasier(std::function<void(const QString& texte)> recu) override;
+  void FermeCasier(qint32 poignee) override;
   void PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept override;
   Prise DonnePrise(qint32 poignee) override;
   void OublieFenetre(qint32 poignee) noexcept override;
@@ -28,7 +28,7 @@ class CanalLocal : public CanalMessages {
  private:
   DossierCanal Dossier_;
   EmetteurLocal Emetteur_;
-  std::map<qint32, std::unique_ptr<BoiteLocale>> Boites_;
+  std::map<qint32, std::unique_ptr<CasierLocal>> Casiers_;
 };
 
 }  // namespace vaktor

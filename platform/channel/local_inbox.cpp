@@ -82,13 +82,13 @@ Datagramme LitDatagramme(int descripteur) {
 
 /// The notifier of the socket. It takes its event itself instead of emitting its signal: what the receiver throws then
 /// passes through nothing but the event loop, and the socket is left as it was, with the messages behind still in it.
-class BoiteLocale::Guetteur : public QSocketNotifier {
+class CasierLocal::Guetteur : public QSocketNotifier {
  public:
-  explicit Guetteur(BoiteLocale& boite) : QSocketNotifier(boite.Socket_, QSocketNotifier::Read), Boite_(&boite) {}
+  explicit Guetteur(CasierLocal& casier) : QSocketNotifier(casier.Socket_, QSocketNotifier::Read), Casier_(&casier) {}
 
   /// The box goes. It may go by the word that it has just handed on, so the notifier may still be in its event.
   void Detache() {
-    Boite_ = nullptr;
+    Casier_ = nullptr;
     setEnabled(false);
     deleteLater();
   }
@@ -96,27 +96,27 @@ class BoiteLocale::Guetteur : public QSocketNotifier {
  protected:
   bool event(QEvent* evenement) override {
     if (evenement->type() != QEvent::SockAct) return QSocketNotifier::event(evenement);
-    if (Boite_ != nullptr) Boite_->PrendMessage();
+    if (Casier_ != nullptr) Casier_->PrendMessage();
     return true;
   }
 
  private:
-  BoiteLocale* Boite_;
+  CasierLocal* Casier_;
 };
 
-BoiteLocale::BoiteLocale(const DossierCanal& dossier, std::function<void(const QByteArray&)> recu)
+CasierLocal::CasierLocal(const DossierCanal& dossier, std::function<void(const QByteArray&)> recu)
     : Dossier_(dossier), Recu_(std::move(recu)) {
   OuvreSocket();
   Guetteur_ = new Guetteur(*this);  // deletes itself once detached
 }
 
-BoiteLocale::~BoiteLocale() {
+CasierLocal::~CasierLocal() {
   Guetteur_->Detache();
   ::close(Socket_);
   ::unlink(Dossier_.DonneAdresse(Poignee_).constData());
 }
 
-void BoiteLocale::OuvreSocket() {
+void CasierLocal::OuvreSocket() {
   Socket_ = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
   const int oui = 1;
   if (Socket_ >= 0 && ::setsockopt(Socket_, SOL_SOCKET, SO_PASSCRED, &oui, sizeof oui) == 0) {
@@ -134,7 +134,7 @@ void BoiteLocale::OuvreSocket() {
   throw Echec(kAppelIncorrect, QStringLiteral("No message box can be opened in the folder %1.").arg(Dossier_.Chemin()));
 }
 
-void BoiteLocale::PrendMessage() {
+void CasierLocal::PrendMessage() {
   // Counted before the message is handed on: the receiver may throw, run an event loop of its own, or close this box.
   if (++Rafale_ >= kMessagesParRafale) {
     Rafale_ = 0;
@@ -148,7 +148,7 @@ void BoiteLocale::PrendMessage() {
   recu(datagramme.Contenu);
 }
 
-void BoiteLocale::timerEvent(QTimerEvent* evenement) {
+void CasierLocal::timerEvent(QTimerEvent* evenement) {
   if (evenement->timerId() != Repos_.timerId()) return;
   Repos_.stop();
   Guetteur_->setEnabled(true);

@@ -16,7 +16,7 @@ namespace vaktor {
 
 /// Thread of its event loop. Takes one message at a time; after kMessagesParRafale of them it rests for kRepos
 /// milliseconds, so that a peer that never stops talking leaves the event loop to the frames.
-class BoiteLocale : public QObject {
+class CasierLocal : public QObject {
  public:
   static constexpr int kMessagesParRafale = 8;
   static constexpr int kRepos = 10;
@@ -24,8 +24,8 @@ class BoiteLocale : public QObject {
   /// `recu` gets each message as it was sent, at most kMessageMax bytes, without the line break that may end it.
   /// Messages that are longer or come from another user are dropped. `recu` may throw, and may destroy the box. Throws
   /// Echec when no socket can be had.
-  BoiteLocale(const DossierCanal& dossier, std::function<void(const QByteArray&)> recu);
-  ~BoiteLocale() override;
+  CasierLocal(const DossierCanal& dossier, std::function<void(const QByteArray&)> recu);
+  ~CasierLocal() override;
 
   qint32 Poignee() const { return Poignee_; }
   /// When the message that is being handed on was sent, in milliseconds since 1970; nothing where the system does not

@@ -28,7 +28,7 @@ PoigneesPubliees TrouvePoignees(const QByteArray& texte) {
 
 }  // namespace
 
-LecteurBoitesFichier::Lecture LecteurBoitesFichier::Lit(const QByteArray& fichier, const Lecture& derniere) {
+LecteurCasiersFichier::Lecture LecteurCasiersFichier::Lit(const QByteArray& fichier, const Lecture& derniere) {
   struct stat etat {};
   if (::stat(fichier.constData(), &etat) != 0) {
     // A file that is not there holds no handle. Of one that cannot be looked at nothing is known.
@@ -43,7 +43,7 @@ LecteurBoitesFichier::Lecture LecteurBoitesFichier::Lit(const QByteArray& fichie
   return {empreinte, TrouvePoignees(texte)};
 }
 
-void LecteurBoitesFichier::LitBoites(Rend rend) {
+void LecteurCasiersFichier::LitCasiers(Rend rend) {
   Question_.Pose([fichier = QFile::encodeName(Fichier_), derniere = Derniere_] { return Lit(fichier, derniere); }, {},
                  [this, rend = std::move(rend)](const Lecture& lecture) {
                    Derniere_ = lecture;

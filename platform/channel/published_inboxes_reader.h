@@ -11,12 +11,12 @@ namespace vaktor {
 
 /// Asks for the file's time first and reads it only when it has changed. User-interface thread, with a
 /// QCoreApplication.
-class LecteurBoitesFichier : public LecteurBoites {
+class LecteurCasiersFichier : public LecteurCasiers {
  public:
   /// `fichier`: full path of the settings file.
-  explicit LecteurBoitesFichier(QString fichier) : Fichier_(std::move(fichier)) {}
+  explicit LecteurCasiersFichier(QString fichier) : Fichier_(std::move(fichier)) {}
 
-  void LitBoites(Rend rend) override;
+  void LitCasiers(Rend rend) override;
   void Oublie() override { Question_.Oublie(); }
 
  private:

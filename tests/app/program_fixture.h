@@ -25,7 +25,7 @@ class ProgrammeSurFaux : public testing::Test {
   }
   /// The three companions answer with their handles 71 to 73. One that does not counts as hung a little later.
   void InscritCompagnons() {
-    for (const qint32 boite : {1001, 1002, 1003}) Systeme.Recoit(boite, QStringLiteral("HWND:%1").arg(boite - 930));
+    for (const qint32 casier : {1001, 1002, 1003}) Systeme.Recoit(casier, QStringLiteral("HWND:%1").arg(casier - 930));
     Systeme.Notes.Vide();
   }
   /// A start that fails, and its message as launch.cpp shows it: the description, empty when the start went through.

@@ -60,18 +60,18 @@ class MagasinNote : public MagasinReglages {
 
 class CanalNote : public CanalMessages {
  public:
-  CanalNote(Journal& journal, std::map<qint32, std::function<void(const QString&)>>& boites, const bool& bloque,
+  CanalNote(Journal& journal, std::map<qint32, std::function<void(const QString&)>>& casiers, const bool& bloque,
             const QSet<qint32>& autres)
-      : J_(journal), Boites_(boites), Bloque_(bloque), Autres_(autres) {}
-  qint32 OuvreBoite(std::function<void(const QString&)> recu) override {
-    const qint32 poignee = 1001 + static_cast<qint32>(Boites_.size());
-    Boites_[poignee] = std::move(recu);
+      : J_(journal), Casiers_(casiers), Bloque_(bloque), Autres_(autres) {}
+  qint32 OuvreCasier(std::function<void(const QString&)> recu) override {
+    const qint32 poignee = 1001 + static_cast<qint32>(Casiers_.size());
+    Casiers_[poignee] = std::move(recu);
     J_.Note([poignee] { return QStringLiteral("channel: open %1").arg(poignee); });
     return poignee;
   }
-  void FermeBoite(qint32 poignee) override {
+  void FermeCasier(qint32 poignee) override {
     if (Bloque_) throw std::bad_alloc();
-    Boites_.erase(poignee);
+    Casiers_.erase(poignee);
     J_.Note([poignee] { return QStringLiteral("channel: close %1").arg(poignee); });
   }
   void PosteTouche(qint32 poignee, qint32 code, Tenue) noexcept override {
@@ -85,7 +85,7 @@ class CanalNote : public CanalMessages {
 
  private:
   Journal& J_;
-  std::map<qint32, std::function<void(const QString&)>>& Boites_;
+  std::map<qint32, std::function<void(const QString&)>>& Casiers_;
   const bool& Bloque_;
   const QSet<qint32>& Autres_;
 };
@@ -138,10 +138,10 @@ class ProcessusNote : public Processus {
 };
 
 /// The store, as far as the handles go: what was written into it.
-class BoitesLues : public LecteurBoites {
+class CasiersLus : public LecteurCasiers {
  public:
-  explicit BoitesLues(const QMap<QString, QString>& valeurs) : Valeurs_(valeurs) {}
-  void LitBoites(Rend rend) override {
+  explicit CasiersLus(const QMap<QString, QString>& valeurs) : Valeurs_(valeurs) {}
+  void LitCasiers(Rend rend) override {
     const auto lit = [this](const char* section) {
       return Valeurs_.value(QLatin1String(section) + QStringLiteral("/HWNDVK")).toInt();
     };
@@ -335,7 +335,7 @@ struct SystemeFaux {
             },
         .OuvreMagasin = [this] { return std::make_unique<MagasinNote>(Notes, Valeurs, MagasinPlein); },
         .DossierMagasin = QStringLiteral("/home/u/config"),
-        .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Boites, CanalBloque, AutresBoites); },
+        .OuvreCanal = [this] { return std::make_unique<CanalNote>(Notes, Casiers, CanalBloque, AutresCasiers); },
         .CreePilote =
             [this](const std::function<Langue()>& langue) {
               LangueDuPilote = langue;
@@ -356,7 +356,7 @@ struct SystemeFaux {
         .Pertes = Pertes,
         .Sons = Sons,
         .Programmes = Programmes,
-        .BoitesPubliees = BoitesPubliees,
+        .CasiersPublies = CasiersPublies,
         .Mesureur = Mesureur,
         .Machine = Machine,
         .Navigateur = Navigateur,
@@ -382,7 +382,7 @@ struct SystemeFaux {
   }
   /// A companion writes a word into its inbox.
   void Recoit(qint32 poignee, const QString& texte) {
-    const auto recu = Boites.at(poignee);
+    const auto recu = Casiers.at(poignee);
     recu(texte);
   }
   QStringList DepuisVide() {
@@ -399,9 +399,9 @@ struct SystemeFaux {
   bool MagasinPlein = false;                                ///< the settings cannot be saved
   std::function<Langue()> LangueDuPilote, LangueDesBoites;  ///< as the program handed them out
   bool CanalBloque = false;                                 ///< closing an inbox throws
-  QSet<qint32> AutresBoites;                                ///< inboxes of another copy, that answer
+  QSet<qint32> AutresCasiers;                               ///< inboxes of another copy, that answer
   std::function<void()> ErrantsFinis;                       ///< to be called once the strays of a companion are gone
-  std::map<qint32, std::function<void(const QString&)>> Boites;
+  std::map<qint32, std::function<void(const QString&)>> Casiers;
   HorlogeNotee Horloge{Notes};
   faux::TempsVirtuel Temps{Horloge};
   MinuteriesNotees Minuteries{Notes, Temps};
@@ -420,7 +420,7 @@ struct SystemeFaux {
   faux::EssaiEcritureFaux EssaiPhotos;
   faux::PertesFausses Pertes;
   ProcessusNote Programmes{Notes};
-  BoitesLues BoitesPubliees{Valeurs};
+  CasiersLus CasiersPublies{Valeurs};
   MesureurFixe Mesureur;
   faux::MachineFausse Machine{Notes, Horloge};
   OuvreurNote Navigateur{Notes};

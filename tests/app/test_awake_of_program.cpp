@@ -12,7 +12,7 @@ class EveilDuProgramme : public ProgrammeSurFaux {
   /// With its companions, which would else be what is worst.
   void DemarreEntier() {
     DemarreJusquALaFenetre();
-    for (const qint32 boite : {1001, 1002, 1003}) Systeme.Recoit(boite, QStringLiteral("HWND:%1").arg(boite - 930));
+    for (const qint32 casier : {1001, 1002, 1003}) Systeme.Recoit(casier, QStringLiteral("HWND:%1").arg(casier - 930));
   }
 };
 

@@ -62,12 +62,12 @@ TEST_F(FinDuProgramme, TheListOfTheHealthOpensBesideTheWindowAndTheMonitor) {
 TEST_F(FinDuProgramme, AnotherCopyIsLeftAloneAndOnceItIsGoneItsCompanionsAreEndedBeforeOursStart) {
   DemarreJusquALaFenetre();
   InscritCompagnons();
-  Systeme.AutresBoites = {2001};
+  Systeme.AutresCasiers = {2001};
   Systeme.Valeurs["FTP/HWNDVK"] = "2001";
   Systeme.Programmes.Finit("/opt/v/VAKTORftp");
   Systeme.Temps.Avance(10'000);
   EXPECT_FALSE(Vu("processes: start /opt/v/VAKTORftp"));
-  Systeme.AutresBoites.clear();
+  Systeme.AutresCasiers.clear();
   Systeme.Notes.Vide();
   for (int i = 0; i < 120 && !Vu("strays: end 0"); ++i) Systeme.Temps.Avance(1000);
   EXPECT_EQ(Systeme.Valeurs.value("FTP/HWNDVK"), "1001") << "ours again";

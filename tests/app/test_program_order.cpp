@@ -110,7 +110,7 @@ TEST_F(Ordre, OnlyTheMainWindowStartsTheStop) {
   EXPECT_TRUE(Systeme.DepuisVide().isEmpty());
   Fenetre("Form1")->close();
   EXPECT_TRUE(Programme->EstFinie());
-  EXPECT_TRUE(Systeme.Boites.empty()) << "a late word of a companion must find no inbox";
+  EXPECT_TRUE(Systeme.Casiers.empty()) << "a late word of a companion must find no inbox";
 }
 
 TEST_F(Ordre, TheHandlesAreOnDiskBeforeTheFirstCompanionExists) {

@@ -55,7 +55,7 @@ TEST_F(Sortie, OfADriverThatThrowsIsAWholeStop) {
   EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
   EXPECT_EQ(fois, 1);
   ExigeToutLeReste();
-  EXPECT_TRUE(Systeme.Boites.empty());
+  EXPECT_TRUE(Systeme.Casiers.empty());
   EXPECT_EQ(Systeme.Messages.Textes, QStringList{QStringLiteral("the driver is mute")});
 }
 
@@ -101,11 +101,11 @@ TEST_F(Sortie, OfAnInboxThatDoesNotCloseIsAWholeStop) {
 
 TEST_F(Sortie, OfAWatchOverTheCompanionsThatThrowsIsAWholeStop) {
   PrepareAvecCamera();
-  Systeme.BoitesPubliees.Bloque = true;
+  Systeme.CasiersPublies.Bloque = true;
   EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
   ExigeToutLeReste();
   EXPECT_TRUE(Vu("processes: ask to end /opt/v/VAKTORmail")) << "one that cannot hear the word is asked all the same";
-  EXPECT_TRUE(Systeme.Boites.empty());
+  EXPECT_TRUE(Systeme.Casiers.empty());
 }
 
 // So does the look at what the companions have written.
@@ -115,7 +115,7 @@ TEST_F(Sortie, OfAStatusReaderThatThrowsIsAWholeStop) {
   EXPECT_EQ(FermeLaFenetre(), 0);
   ExigeToutLeReste();
   EXPECT_EQ(Systeme.Etats.Oublis, 1);
-  EXPECT_TRUE(Systeme.Boites.empty());
+  EXPECT_TRUE(Systeme.Casiers.empty());
 }
 
 struct Bombe {

@@ -28,13 +28,13 @@ namespace vaktor::essai {
 class CanalFaux : public CanalMessages {
  public:
   explicit CanalFaux(QStringList& journal) : J_(journal) {}
-  qint32 OuvreBoite(std::function<void(const QString&)> recu) override {
+  qint32 OuvreCasier(std::function<void(const QString&)> recu) override {
     const qint32 poignee = Prochaine++;
-    Boites[poignee] = std::move(recu);
+    Casiers[poignee] = std::move(recu);
     J_ << QStringLiteral("ouvre %1").arg(poignee);
     return poignee;
   }
-  void FermeBoite(qint32 poignee) override { Boites.erase(poignee); }
+  void FermeCasier(qint32 poignee) override { Casiers.erase(poignee); }
   void PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept override {
     J_ << QStringLiteral("poste %1 %2").arg(poignee).arg(code);
     DerniereTenue = tenue;
@@ -42,7 +42,7 @@ class CanalFaux : public CanalMessages {
   Prise DonnePrise(qint32 poignee) override { return Prises.value(poignee, Prise::kRien); }
   void OublieFenetre(qint32 poignee) noexcept override { J_ << QStringLiteral("oublie %1").arg(poignee); }
   bool Repond(qint32 poignee) const override { return Presents.contains(poignee); }
-  std::map<qint32, std::function<void(const QString&)>> Boites;
+  std::map<qint32, std::function<void(const QString&)>> Casiers;
   qint32 Prochaine = 1001;
   Tenue DerniereTenue = Tenue::kOrdinaire;
   QMap<qint32, Prise> Prises;
@@ -205,9 +205,9 @@ class ProcessusFaux : public Processus {
 };
 
 /// The store as other processes left it: answers when the test says so, or at once.
-class LecteurBoitesFaux : public LecteurBoites {
+class LecteurCasiersFaux : public LecteurCasiers {
  public:
-  void LitBoites(Rend rend) override {
+  void LitCasiers(Rend rend) override {
     ++Lectures;
     Rend_ = std::move(rend);
     if (!Muet) Repond();

@@ -23,14 +23,14 @@ struct Veille : testing::Test {
   EtatLiaison Etat;
   DossiersProgramme Dossiers{QStringLiteral("/opt/vaktor"), QStringLiteral("/home/u/vaktor")};
   Parametres Reglages;
-  LecteurBoitesFaux Lecteur;
-  GardeBoites Boites{PortsGarde{Lecteur, Canal, Sante,
-                                [] {
-                                  return PoigneesPubliees{1001, 1002, 1003};
-                                },
-                                [this] { Journal << QStringLiteral("republie"); }}};
+  LecteurCasiersFaux Lecteur;
+  GardeCasiers Casiers{PortsGarde{Lecteur, Canal, Sante,
+                                  [] {
+                                    return PoigneesPubliees{1001, 1002, 1003};
+                                  },
+                                  [this] { Journal << QStringLiteral("republie"); }}};
   VeilleCompagnons Regles{
-      PortsVeille{Processus, Canal, Etat, Temps, Sante, Dossiers, Reglages, Boites,
+      PortsVeille{Processus, Canal, Etat, Temps, Sante, Dossiers, Reglages, Casiers,
                   [this](Compagnon c) { Journal << QStringLiteral("perte ") + DonneIdentite(c).Section; },
                   [this](Compagnon c) { Journal << QStringLiteral("retour ") + DonneIdentite(c).Section; },
                   [this](Compagnon c, std::function<void()> fini) {
@@ -303,7 +303,7 @@ TEST_F(Veille, NothingIsStartedAgainstAnotherCopy) {
   LanceEtUneAutreCopieFinitTout();
   Secondes(600);
   EXPECT_EQ(Journal.filter("relance").size(), 0);
-  EXPECT_TRUE(Sante.Dure(Condition::kBoitesPerdues));
+  EXPECT_TRUE(Sante.Dure(Condition::kCasiersPerdus));
   EXPECT_FALSE(Journal.contains("republie"));
 }
 
@@ -311,10 +311,10 @@ TEST_F(Veille, WhenTheOtherCopyHasEndedTheCompanionsAreStartedAgain) {
   LanceEtUneAutreCopieFinitTout();
   Secondes(600);
   Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardBoites);
+  Secondes(VeilleCompagnons::kRegardCasiers);
   EXPECT_EQ(Journal.filter("relance").size(), 3);
   EXPECT_LT(Journal.indexOf("republie"), Journal.indexOf("relance " + kFtp)) << "they read the store at once";
-  EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues));
+  EXPECT_FALSE(Sante.Dure(Condition::kCasiersPerdus));
 }
 
 // A copy that was killed leaves its companions running, and they register with us.
@@ -324,7 +324,7 @@ TEST_F(Veille, WhatAnotherCopyHasLeftBehindIsEndedBeforeOursIsStarted) {
   EXPECT_EQ(Journal.filter("balaie").size(), 0) << "it runs";
   BalaiMuet = true;
   Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardBoites);
+  Secondes(VeilleCompagnons::kRegardCasiers);
   EXPECT_EQ(Journal.filter("balaie"), QStringList({"balaie FTP", "balaie MAIL", "balaie SON"}));
   EXPECT_EQ(Journal.filter("relance").size(), 0);
   for (const auto& fini : std::exchange(Balais, {})) fini();
@@ -343,7 +343,7 @@ TEST_F(Veille, ASweepThatDoesNotEndKeepsNobodyFromBeingStarted) {
   Secondes(60);
   BalaiMuet = true;
   Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardBoites);
+  Secondes(VeilleCompagnons::kRegardCasiers);
   ASSERT_EQ(Balais.size(), 1);
   Temps.Avance(VeilleCompagnons::kBalayageMax - 1);
   EXPECT_EQ(Relances(kSon), 0);
@@ -361,7 +361,7 @@ TEST_F(Veille, ASweepThatEndsAfterTheProgramStartsNothing) {
   Secondes(60);
   BalaiMuet = true;
   Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardBoites);
+  Secondes(VeilleCompagnons::kRegardCasiers);
   Regles.Arrete();
   ASSERT_EQ(Balais.size(), 1);
   Balais.first()();
@@ -426,8 +426,8 @@ TEST_F(Veille, AnotherCopyIsNoticedBeforeItsCompanionsAreMissed) {
   LanceEtInscrit();
   Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
   Canal.Presents = {5001, 5002, 5003};
-  Secondes(VeilleCompagnons::kRegardBoites);
-  EXPECT_EQ(Sante.Details.keys(), QList<Condition>{Condition::kBoitesPerdues});
+  Secondes(VeilleCompagnons::kRegardCasiers);
+  EXPECT_EQ(Sante.Details.keys(), QList<Condition>{Condition::kCasiersPerdus});
 }
 
 TEST_F(Veille, WithoutAnAnswerOfTheStoreNothingIsStartedAndNobodyWaits) {

@@ -30,7 +30,7 @@ struct Winsock : testing::Test {
     Journal.clear();
     Etat.SurveillanceEnCours = surveillance;
     Etat.LiveActif = false;
-    Canal.Boites.at(1001)(texte);
+    Canal.Casiers.at(1001)(texte);
     return Journal.join(u'|');
   }
   bool Attend() const { return Minuteries.Trouve("TimerFTPreconnect")->EstActive(); }
@@ -42,38 +42,38 @@ TEST_F(Winsock, PublishesTheThreeHandlesOnDiskBeforeAnythingElse) {
 }
 
 TEST_F(Winsock, ClosesItsInboxesAtItsEnd) {
-  EXPECT_EQ(Canal.Boites.size(), 3U);
+  EXPECT_EQ(Canal.Casiers.size(), 3U);
   Form.reset();
-  EXPECT_TRUE(Canal.Boites.empty());
+  EXPECT_TRUE(Canal.Casiers.empty());
 }
 
 TEST_F(Winsock, EachInboxTakesTheHandleOfItsCompanion) {
-  Canal.Boites.at(1001)("HWND:70001");
-  Canal.Boites.at(1002)("HWND:70002");
-  Canal.Boites.at(1003)("HWND:70003");
+  Canal.Casiers.at(1001)("HWND:70001");
+  Canal.Casiers.at(1002)("HWND:70002");
+  Canal.Casiers.at(1003)("HWND:70003");
   EXPECT_EQ(Etat.HandleFTP, 70001);
   EXPECT_EQ(Etat.HandleMail, 70002);
   EXPECT_EQ(Etat.HandleSon, 70003);
 }
 
 TEST_F(Winsock, ALaterRegistrationReplacesTheHandle) {
-  Canal.Boites.at(1002)("HWND:5");
-  Canal.Boites.at(1002)("HWND:6");
+  Canal.Casiers.at(1002)("HWND:5");
+  Canal.Casiers.at(1002)("HWND:6");
   EXPECT_EQ(Etat.HandleMail, 6);
 }
 
 TEST_F(Winsock, AHandleThatIsNoNumberFailsAndChangesNothing) {
-  Canal.Boites.at(1001)("HWND:5");
+  Canal.Casiers.at(1001)("HWND:5");
   for (const char* texte : {"HWND:", "HWND:abc", "HWND:99999999999"})
-    EXPECT_THROW(Canal.Boites.at(1001)(texte), Echec) << texte;
+    EXPECT_THROW(Canal.Casiers.at(1001)(texte), Echec) << texte;
   EXPECT_EQ(Etat.HandleFTP, 5);
 }
 
 TEST_F(Winsock, MailAndSoundKnowNoOtherWord) {
   Journal.clear();
   Etat.SurveillanceEnCours = true;
-  for (const qint32 boite : {1002, 1003})
-    for (const char* mot : {"ErrCo", "ConOK", "*OKO*", "Netdc", "Hello", ""}) Canal.Boites.at(boite)(mot);
+  for (const qint32 casier : {1002, 1003})
+    for (const char* mot : {"ErrCo", "ConOK", "*OKO*", "Netdc", "Hello", ""}) Canal.Casiers.at(casier)(mot);
   EXPECT_TRUE(Journal.isEmpty());
   EXPECT_TRUE(Etat.SurveillanceEnCours);
   EXPECT_FALSE(Etat.LiveActif);
@@ -218,10 +218,10 @@ TEST_F(Winsock, ASecondReportDoesNotPutTheRetryOff) {
 
 TEST_F(Winsock, EachRegistrationIsToldOnceItIsTaken) {
   Journal.clear();
-  Canal.Boites.at(1001)("HWND:70001");
-  Canal.Boites.at(1002)("HWND:70002");
-  Canal.Boites.at(1003)("HWND:70003");
-  EXPECT_THROW(Canal.Boites.at(1003)("HWND:x"), Echec);
+  Canal.Casiers.at(1001)("HWND:70001");
+  Canal.Casiers.at(1002)("HWND:70002");
+  Canal.Casiers.at(1003)("HWND:70003");
+  EXPECT_THROW(Canal.Casiers.at(1003)("HWND:x"), Echec);
   EXPECT_EQ(Journal.join(u'|'), "inscrit FTP|inscrit MAIL|inscrit SON");
 }
 

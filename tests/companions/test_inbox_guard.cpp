@@ -15,21 +15,21 @@ struct Garde : testing::Test {
   QStringList Journal;
   CanalFaux Canal{Journal};
   faux::SanteFausse Sante;
-  LecteurBoitesFaux Lecteur;
+  LecteurCasiersFaux Lecteur;
   bool Plein = false;
   bool SansMemoire = false;
   int Demandes = 0;
   std::function<void(int fois)> Siennes;  ///< when the handles are asked for
-  GardeBoites Regles{PortsGarde{Lecteur, Canal, Sante,
-                                [this] {
-                                  if (Siennes) Siennes(++Demandes);
-                                  return PoigneesPubliees{1001, 1002, 1003};
-                                },
-                                [this] {
-                                  Journal << QStringLiteral("republie");
-                                  if (SansMemoire) throw std::bad_alloc();
-                                  if (Plein) throw Echec(kAccesFichier, QStringLiteral("disk full"));
-                                }}};
+  GardeCasiers Regles{PortsGarde{Lecteur, Canal, Sante,
+                                 [this] {
+                                   if (Siennes) Siennes(++Demandes);
+                                   return PoigneesPubliees{1001, 1002, 1003};
+                                 },
+                                 [this] {
+                                   Journal << QStringLiteral("republie");
+                                   if (SansMemoire) throw std::bad_alloc();
+                                   if (Plein) throw Echec(kAccesFichier, QStringLiteral("disk full"));
+                                 }}};
   QString Regarde() {
     QString dit = QStringLiteral("nothing");
     Regles.Regarde([&dit](bool siennes) { dit = siennes ? QStringLiteral("ours") : QStringLiteral("lost"); });
@@ -47,7 +47,7 @@ TEST_F(Garde, AnotherProgramThatAnswersHasTakenThem) {
   Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
   Canal.Presents = {1001, 1002, 1003, 5001, 5002, 5003};
   EXPECT_EQ(Regarde(), "lost");
-  EXPECT_TRUE(Sante.Dure(Condition::kBoitesPerdues));
+  EXPECT_TRUE(Sante.Dure(Condition::kCasiersPerdus));
   EXPECT_TRUE(Journal.isEmpty()) << "nothing is written against it";
 }
 
@@ -64,7 +64,7 @@ TEST_F(Garde, HandlesThatNobodyAnswersToAreReplaced) {
     Lecteur.Lues = lues;
     EXPECT_EQ(Regarde(), "ours");
     EXPECT_EQ(Journal, QStringList("republie"));
-    EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues));
+    EXPECT_FALSE(Sante.Dure(Condition::kCasiersPerdus));
   }
 }
 
@@ -72,11 +72,11 @@ TEST_F(Garde, AStoreThatCannotBeWrittenLeavesThemLost) {
   Lecteur.Lues = PoigneesPubliees{};
   Plein = true;
   EXPECT_EQ(Regarde(), "lost");
-  EXPECT_EQ(Sante.Details.value(Condition::kBoitesNonEcrites), "disk full");
-  EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues)) << "no other copy was started";
+  EXPECT_EQ(Sante.Details.value(Condition::kCasiersNonEcrits), "disk full");
+  EXPECT_FALSE(Sante.Dure(Condition::kCasiersPerdus)) << "no other copy was started";
   Plein = false;
   EXPECT_EQ(Regarde(), "ours");
-  EXPECT_FALSE(Sante.Dure(Condition::kBoitesNonEcrites));
+  EXPECT_FALSE(Sante.Dure(Condition::kCasiersNonEcrits));
 }
 
 TEST_F(Garde, AFullDiskBehindACopyThatHasEndedIsNoCopyAndACopyIsNoFullDisk) {
@@ -86,19 +86,19 @@ TEST_F(Garde, AFullDiskBehindACopyThatHasEndedIsNoCopyAndACopyIsNoFullDisk) {
   Plein = true;
   Canal.Presents.clear();
   EXPECT_EQ(Regarde(), "lost");
-  EXPECT_FALSE(Sante.Dure(Condition::kBoitesPerdues));
-  EXPECT_TRUE(Sante.Dure(Condition::kBoitesNonEcrites));
+  EXPECT_FALSE(Sante.Dure(Condition::kCasiersPerdus));
+  EXPECT_TRUE(Sante.Dure(Condition::kCasiersNonEcrits));
   Canal.Presents = {5001, 5002, 5003};
   EXPECT_EQ(Regarde(), "lost");
-  EXPECT_TRUE(Sante.Dure(Condition::kBoitesPerdues));
-  EXPECT_FALSE(Sante.Dure(Condition::kBoitesNonEcrites));
+  EXPECT_TRUE(Sante.Dure(Condition::kCasiersPerdus));
+  EXPECT_FALSE(Sante.Dure(Condition::kCasiersNonEcrits));
 }
 
 TEST_F(Garde, WhateverTheWritingThrowsTheNextLookIsAnswered) {
   Lecteur.Lues = PoigneesPubliees{};
   SansMemoire = true;
   EXPECT_EQ(Regarde(), "lost");
-  EXPECT_TRUE(Sante.Dure(Condition::kBoitesNonEcrites));
+  EXPECT_TRUE(Sante.Dure(Condition::kCasiersNonEcrits));
   SansMemoire = false;
   EXPECT_EQ(Regarde(), "ours");
 }
@@ -119,7 +119,7 @@ TEST_F(Garde, ALookWithoutAnAnswerIsGivenUpAfterAMinuteAndTheNextOneTellsThoseWh
   Lecteur.Muet = Lecteur.OublieRien = true;
   QStringList dits;
   Regles.Regarde([&](bool) { dits << QStringLiteral("first"); });
-  for (int i = 1; i < GardeBoites::kAbandon; ++i) Regles.Tic();
+  for (int i = 1; i < GardeCasiers::kAbandon; ++i) Regles.Tic();
   EXPECT_TRUE(Regles.EstEnCours());
   Regles.Tic();
   EXPECT_FALSE(Regles.EstEnCours());

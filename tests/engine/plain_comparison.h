@@ -29,17 +29,17 @@ inline ResultatComparaison CompareNaivement(const TrameBrute& trame, const ZoneD
       const qint64 ancienne = table[rang];
       const bool inchange = couleur <= ancienne + tolerance && couleur >= ancienne - tolerance;
       if (!inchange) {
-        BoiteMouvement& boite = resultat.Boite;
+        CadreMouvement& cadre = resultat.Cadre;
         if (resultat.NbrPoints++ == 0) {
-          boite = {.MinX = static_cast<qint32>(x),
+          cadre = {.MinX = static_cast<qint32>(x),
                    .MaxX = static_cast<qint32>(x),
                    .MinY = static_cast<qint32>(y),
                    .MaxY = static_cast<qint32>(y)};
         }
-        if (x < boite.MinX) boite.MinX = static_cast<qint32>(x);
-        if (x > boite.MaxX) boite.MaxX = static_cast<qint32>(x);
-        if (y < boite.MinY) boite.MinY = static_cast<qint32>(y);
-        if (y > boite.MaxY) boite.MaxY = static_cast<qint32>(y);
+        if (x < cadre.MinX) cadre.MinX = static_cast<qint32>(x);
+        if (x > cadre.MaxX) cadre.MaxX = static_cast<qint32>(x);
+        if (y < cadre.MinY) cadre.MinY = static_cast<qint32>(y);
+        if (y > cadre.MaxY) cadre.MaxY = static_cast<qint32>(y);
       }
       table[rang++] = static_cast<qint32>(couleur);
       ++resultat.Echantillons;
@@ -54,10 +54,10 @@ inline void AttendMemeResultat(const ResultatComparaison& vu, const ResultatComp
   EXPECT_EQ(vu.Echantillons, juge.Echantillons);
   EXPECT_EQ(vu.TablePleine, juge.TablePleine);
   if (juge.NbrPoints == 0) return;
-  EXPECT_EQ(vu.Boite.MinX, juge.Boite.MinX);
-  EXPECT_EQ(vu.Boite.MaxX, juge.Boite.MaxX);
-  EXPECT_EQ(vu.Boite.MinY, juge.Boite.MinY);
-  EXPECT_EQ(vu.Boite.MaxY, juge.Boite.MaxY);
+  EXPECT_EQ(vu.Cadre.MinX, juge.Cadre.MinX);
+  EXPECT_EQ(vu.Cadre.MaxX, juge.Cadre.MaxX);
+  EXPECT_EQ(vu.Cadre.MinY, juge.Cadre.MinY);
+  EXPECT_EQ(vu.Cadre.MaxY, juge.Cadre.MaxY);
 }
 
 }  // namespace vaktor::faux

@@ -97,8 +97,8 @@ TEST_F(Analyse, OutlinesAreTheZoneAndThenTheMotionBox) {
   ASSERT_EQ(Engin.Surface().NombreContours(), 2);
   const Contour& zone = Engin.Surface().ContourNumero(0);
   EXPECT_EQ(QRect(zone.Gauche, zone.Haut, zone.Droite, zone.Bas), QRect(0, 0, 60, 60));
-  const Contour& boite = Engin.Surface().ContourNumero(1);
-  EXPECT_EQ(QRect(boite.Gauche, boite.Haut, boite.Droite, boite.Bas), QRect(0, 0, 57, 6));
+  const Contour& cadre = Engin.Surface().ContourNumero(1);
+  EXPECT_EQ(QRect(cadre.Gauche, cadre.Haut, cadre.Droite, cadre.Bas), QRect(0, 0, 57, 6));
 }
 
 TEST_F(Analyse, ActionsRunFromThirtyOneChangedSamplesOnAnArmedSystemInTheirOrder) {

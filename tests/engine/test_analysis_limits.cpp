@@ -60,12 +60,12 @@ TEST_F(AnalyseAuxLimites, BoxGrownBeforeTheTableEndedStaysUntilATickIsComplete) 
   DemarreSurNoir();
   PoseZone(3, 6, 3, 6 + 3 * 333334);  // one column of 333,335 samples, the first 18 on the picture
   Trame(Unie(qRgb(0, 0, 255)));
-  const BoiteMouvement& boite = Detection().Mouv;
+  const CadreMouvement& cadre = Detection().Mouv;
   const auto attend = [&](qint32 minX, qint32 maxX, qint32 minY, qint32 maxY) {
-    EXPECT_EQ(boite.MinX, minX);
-    EXPECT_EQ(boite.MaxX, maxX);
-    EXPECT_EQ(boite.MinY, minY);
-    EXPECT_EQ(boite.MaxY, maxY);
+    EXPECT_EQ(cadre.MinX, minX);
+    EXPECT_EQ(cadre.MaxX, maxX);
+    EXPECT_EQ(cadre.MinY, minY);
+    EXPECT_EQ(cadre.MaxY, maxY);
   };
   EXPECT_EQ(Detection().NbrPoints, 18);
   attend(3, 3, 6, 57);

@@ -183,11 +183,11 @@ TEST_F(Tick, FirstAnalysisOfTheProcessStartsFromABoxAtZero) {
 TEST_F(Tick, BoxIsTurnedInsideOutAfterEachCompleteTick) {
   DemarreSurNoir();
   Trame(AvecPoints(100));
-  const BoiteMouvement& boite = Detection().Mouv;
-  EXPECT_EQ(boite.MinX, kLargeur);
-  EXPECT_EQ(boite.MaxX, 0);
-  EXPECT_EQ(boite.MinY, kHauteur);
-  EXPECT_EQ(boite.MaxY, 0);
+  const CadreMouvement& cadre = Detection().Mouv;
+  EXPECT_EQ(cadre.MinX, kLargeur);
+  EXPECT_EQ(cadre.MaxX, 0);
+  EXPECT_EQ(cadre.MinY, kHauteur);
+  EXPECT_EQ(cadre.MaxY, 0);
 }
 
 TEST_F(Tick, FailureKeepsTheBoxAndTheNextFrameGrowsFromIt) {

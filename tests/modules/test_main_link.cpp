@@ -22,7 +22,7 @@ struct Lien : testing::Test {
   int Enregistrements = 0;
   Inscription Comment = Inscription::kRelance;
   int Pertes = 0;
-  std::unique_ptr<BoiteLocale> Principal = OuvrePrincipal();
+  std::unique_ptr<CasierLocal> Principal = OuvrePrincipal();
   qint64 Maintenant = Dossier.DonneOuverture(Hwndvk).value_or(0);
   LienPrincipal Lien_{PortsLien{Compagnon::kMail, Dossier, Temps, [this] { return Hwndvk; },
                                 [this](Commande commande) { Mots << DonneMot(commande); },
@@ -30,10 +30,10 @@ struct Lien : testing::Test {
                                 [this] { ++Pertes; }, [this] { return Maintenant; }}};
   EmetteurLocal Emetteur{Dossier};
 
-  std::unique_ptr<BoiteLocale> OuvrePrincipal() {
-    auto boite = std::make_unique<BoiteLocale>(Dossier, [this](const QByteArray& m) { Recus << QString::fromUtf8(m); });
-    Hwndvk = boite->Poignee();
-    return boite;
+  std::unique_ptr<CasierLocal> OuvrePrincipal() {
+    auto sac = std::make_unique<CasierLocal>(Dossier, [this](const QByteArray& m) { Recus << QString::fromUtf8(m); });
+    Hwndvk = sac->Poignee();
+    return sac;
   }
   QString TexteHwnd() const { return "HWND:" + QString::number(Lien_.Poignee()); }
 };

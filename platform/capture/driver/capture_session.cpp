@@ -15,9 +15,9 @@ using Delais = DelaisCapture;
 }  // namespace
 
 SessionCapture::Fabrique SessionCapture::FabriqueReelle() {
-  return [](BoiteImages& boite, const DemandeFlux& demande) -> std::unique_ptr<FluxImages> {
-    if (demande.Source.Genre == GenreSource::kTest) return std::make_unique<FluxTest>(boite);
-    return std::make_unique<FluxGStreamer>(boite, demande);
+  return [](DerniereImage& derniere, const DemandeFlux& demande) -> std::unique_ptr<FluxImages> {
+    if (demande.Source.Genre == GenreSource::kTest) return std::make_unique<FluxTest>(derniere);
+    return std::make_unique<FluxGStreamer>(derniere, demande);
   };
 }
 
@@ -93,12 +93,12 @@ bool SessionCapture::EssaieTous() {
 // One opening, to its first frame.
 bool SessionCapture::Essaie(const DemandeFlux& demande, Horloge::time_point limite) {
   DernierEssai_ = Horloge::now();
-  const quint64 avant = Boite_.Numero();
-  Flux_ = Fabrique_(Boite_, demande);
+  const quint64 avant = Derniere_.Numero();
+  Flux_ = Fabrique_(Derniere_, demande);
   if (Flux_->Ouvre()) {
     while (!Arret_.stop_requested() && Horloge::now() < limite) {
       const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), Delais::kRegard);
-      if (Boite_.Numero() > avant) return true;
+      if (Derniere_.Numero() > avant) return true;
       if (etat != FluxImages::Etat::kCoule) break;
     }
   }
@@ -132,8 +132,8 @@ void SessionCapture::Veille() {
 
 // A camera that stalls says nothing: only the age of its newest frame tells.
 FluxImages::Etat SessionCapture::VeilleFlux() {
-  while (!Arret_.stop_requested() && !Boite_.EstARouvrir()) {
-    const milliseconds reste = Boite_.DelaiReouverture() - Boite_.Age();
+  while (!Arret_.stop_requested() && !Derniere_.EstARouvrir()) {
+    const milliseconds reste = Derniere_.DelaiReouverture() - Derniere_.Age();
     const FluxImages::Etat etat =
         Flux_->Surveille(Arret_.get_token(), std::max(reste, milliseconds(0)) + Delais::kRegard);
     if (etat != FluxImages::Etat::kCoule) return etat;
@@ -146,7 +146,7 @@ FluxImages::Etat SessionCapture::VeilleFlux() {
 void SessionCapture::Rouvre(bool enBonOrdre) {
   Eveil_ = Horloge::now() + Delais::kApresBranchement;
   for (bool perdue = !enBonOrdre; !Arret_.stop_requested(); perdue = true) {
-    if (perdue) Boite_.NoteReprise();
+    if (perdue) Derniere_.NoteReprise();
     DernierEssai_ = Horloge::now();
     Introuvable_ = false;
     if (Connue_ ? EssaieConnue() : EssaieTous()) return;
@@ -197,7 +197,7 @@ QList<DemandeFlux> SessionCapture::CandidatsPeripherique(DemandeFlux demande) {
 
 // Before anything is opened: what is plugged in behind this look is told by the watch.
 bool SessionCapture::TrouvePeripherique(DemandeFlux& demande) {
-  if (Boite_.Numero() > 0 || Demande_.Persiste) {
+  if (Derniere_.Numero() > 0 || Demande_.Persiste) {
     if (!Guet_) Guet_ = std::make_unique<GuetNoeuds>(DossierNoeuds_);
   }
   const std::optional<PeripheriqueVideo> trouve = demande.NomStable.isEmpty()

@@ -27,7 +27,7 @@ namespace vaktor {
 /// alive, so that one that hangs in the system can be left behind.
 class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
  public:
-  using Fabrique = std::function<std::unique_ptr<FluxImages>(BoiteImages&, const DemandeFlux&)>;
+  using Fabrique = std::function<std::unique_ptr<FluxImages>(DerniereImage&, const DemandeFlux&)>;
 
   struct Demande {
     SourceCapture Source;
@@ -55,20 +55,20 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   /// Demande::Prepare is over: from here on a first frame comes within DelaisCapture::kConnexion or never.
   bool EstPrete() const { return Prete_; }
   /// Whether a frame has come, and whether there is any use in waiting for one.
-  bool DonneDesImages() const { return Boite_.Numero() > 0; }
+  bool DonneDesImages() const { return Derniere_.Numero() > 0; }
   bool EstFinie() const;
   /// What was tried last gives something that nothing installed here can decode.
   bool EstSansDecodeur() const { return SansDecodeur_; }
   /// Asks for the end and waits for it. False: it still hangs; call again to wait longer.
   bool Arrete(std::chrono::milliseconds limite);
 
-  BoiteImages& Boite() { return Boite_; }
+  DerniereImage& Derniere() { return Derniere_; }
   /// kPeripherique: the one that has given frames; empty until then.
   QString Noeud() const;
   QString NomStable() const;
 
  private:
-  using Horloge = BoiteImages::Horloge;
+  using Horloge = DerniereImage::Horloge;
 
   SessionCapture(Demande demande, Fabrique fabrique, const QuestionsV4L2& questions);
   void Deroule();
@@ -88,7 +88,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
 
   const Demande Demande_;
   const Fabrique Fabrique_;
-  BoiteImages Boite_;
+  DerniereImage Derniere_;
   std::stop_source Arret_;
   std::thread Fil_;
 

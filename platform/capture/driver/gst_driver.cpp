@@ -72,7 +72,7 @@ bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande) {
   const bool persiste = demande.Persiste;
   const std::shared_ptr<SessionCapture> session = SessionCapture::Lance(std::move(demande));
   Session_ = session;
-  session->Boite().RelieSonnette(Ecoute_.Sonnette());
+  session->Derniere().RelieSonnette(Ecoute_.Sonnette());
   AttendVivant([&] { return tour != Tour_ || session->EstPrete(); }, Delais::kPreparation);
   AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); },
                persiste ? Delais::kConnexion : Delais::kSessionPendue);
@@ -95,16 +95,16 @@ void PiloteGStreamer::Deconnecte() {
 void PiloteGStreamer::LaissePartir() {
   if (!Session_) return;
   Reveil_ = nullptr;
-  Session_->Boite().RelieSonnette(nullptr);
+  Session_->Derniere().RelieSonnette(nullptr);
   Session_->Arrete(milliseconds(0));
   Partants_.push_back(std::move(Session_));
   Session_.reset();
 }
 
 bool PiloteGStreamer::AttendLesPartants(milliseconds limite) {
-  const auto fin = BoiteImages::Horloge::now() + limite;
+  const auto fin = DerniereImage::Horloge::now() + limite;
   std::erase_if(Partants_, [&](const std::shared_ptr<SessionCapture>& session) {
-    const auto reste = std::chrono::duration_cast<milliseconds>(fin - BoiteImages::Horloge::now());
+    const auto reste = std::chrono::duration_cast<milliseconds>(fin - DerniereImage::Horloge::now());
     return session->Arrete(std::max(reste, milliseconds(0)));
   });
   return Partants_.empty();
@@ -112,12 +112,12 @@ bool PiloteGStreamer::AttendLesPartants(milliseconds limite) {
 
 bool PiloteGStreamer::SontPartis() { return AttendLesPartants(milliseconds(0)); }
 
-bool PiloteGStreamer::ImagePrete() const { return Session_ && Session_->Boite().Numero() > Numero_; }
+bool PiloteGStreamer::ImagePrete() const { return Session_ && Session_->Derniere().Numero() > Numero_; }
 
 bool PiloteGStreamer::SaisitImage() {
   if (!Session_) return false;
   // The former picture is not let go before: it goes on being the one that is shown.
-  BoiteImages::Arrivee arrivee = Session_->Boite().Prend(Numero_);
+  DerniereImage::Arrivee arrivee = Session_->Derniere().Prend(Numero_);
   if (arrivee.Numero == 0) return false;
   Numero_ = arrivee.Numero;
   Image_ = std::move(arrivee.Image);
@@ -130,20 +130,20 @@ bool PiloteGStreamer::SaisitImage() {
 void PiloteGStreamer::AttendImage(std::function<void()> reveil) {
   if (!Session_) return;
   Reveil_ = std::move(reveil);
-  if (Reveil_) Session_->Boite().Previens(Numero_);
+  if (Reveil_) Session_->Derniere().Previens(Numero_);
 }
 
 // A ring may be late: of a frame that was taken meanwhile, or of a camera that another one has replaced.
 void PiloteGStreamer::SuitSonnette() {
   if (!Session_ || !Reveil_) return;
-  if (!ImagePrete()) return Session_->Boite().Previens(Numero_);
+  if (!ImagePrete()) return Session_->Derniere().Previens(Numero_);
   const std::function<void()> reveil = std::exchange(Reveil_, nullptr);
   reveil();
 }
 
 ImageCamera PiloteGStreamer::CopieTrame() const { return Image_; }
 
-bool PiloteGStreamer::SignalPerdu() const { return !Session_ || Session_->Boite().Perdu(); }
+bool PiloteGStreamer::SignalPerdu() const { return !Session_ || Session_->Derniere().Perdu(); }
 
 void PiloteGStreamer::MontreDialogueFormat() { DialogueFormat(Parent_, Langue_(), *this, Memoire_, Acces_).exec(); }
 
@@ -164,7 +164,9 @@ QString PiloteGStreamer::NomStable() const {
   return Session_ && Genre() == GenreSource::kPeripherique ? Session_->NomStable() : QString();
 }
 
-FormatCamera PiloteGStreamer::FormatCourant() const { return Session_ ? Session_->Boite().Format() : FormatCamera(); }
+FormatCamera PiloteGStreamer::FormatCourant() const {
+  return Session_ ? Session_->Derniere().Format() : FormatCamera();
+}
 
 // A session that has not given a frame yet is no more than a try: what was at work before it is still what is known.
 void PiloteGStreamer::NoteEnService() {

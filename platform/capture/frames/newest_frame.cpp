@@ -47,7 +47,7 @@ bool EcouteSonnette::event(QEvent* evenement) {
   return true;
 }
 
-void BoiteImages::Depose(const ImageCamera& image) {
+void DerniereImage::Depose(const ImageCamera& image) {
   ImageCamera ancienne;
   std::shared_ptr<SonnetteImages> sonnette;
   {
@@ -62,24 +62,24 @@ void BoiteImages::Depose(const ImageCamera& image) {
   if (sonnette) sonnette->Sonne();
 }
 
-void BoiteImages::NoteReprise() {
+void DerniereImage::NoteReprise() {
   const std::lock_guard verrou(Verrou_);
   ++Reprises_;
 }
 
-BoiteImages::Arrivee BoiteImages::Prend(quint64 dernier) const {
+DerniereImage::Arrivee DerniereImage::Prend(quint64 dernier) const {
   const std::lock_guard verrou(Verrou_);
   if (Numero_ <= dernier) return {};
   return {Image_, Numero_, Reprises_};
 }
 
-void BoiteImages::RelieSonnette(std::shared_ptr<SonnetteImages> sonnette) {
+void DerniereImage::RelieSonnette(std::shared_ptr<SonnetteImages> sonnette) {
   const std::lock_guard verrou(Verrou_);
   Sonnette_ = std::move(sonnette);
   Attendue_ = false;
 }
 
-void BoiteImages::Previens(quint64 dernier) {
+void DerniereImage::Previens(quint64 dernier) {
   std::shared_ptr<SonnetteImages> sonnette;
   {
     const std::lock_guard verrou(Verrou_);
@@ -89,43 +89,43 @@ void BoiteImages::Previens(quint64 dernier) {
   if (sonnette) sonnette->Sonne();
 }
 
-quint64 BoiteImages::Numero() const {
+quint64 DerniereImage::Numero() const {
   const std::lock_guard verrou(Verrou_);
   return Numero_;
 }
 
-milliseconds BoiteImages::Age() const {
+milliseconds DerniereImage::Age() const {
   const std::lock_guard verrou(Verrou_);
   return std::chrono::duration_cast<milliseconds>(Horloge::now() - Instant_);
 }
 
-void BoiteImages::FixeFormat(const FormatCamera& format) {
+void DerniereImage::FixeFormat(const FormatCamera& format) {
   const std::lock_guard verrou(Verrou_);
   Format_ = format;
 }
 
-FormatCamera BoiteImages::Format() const {
+FormatCamera DerniereImage::Format() const {
   const std::lock_guard verrou(Verrou_);
   return Format_;
 }
 
 // The lock is held.
-milliseconds BoiteImages::DelaiPour(milliseconds auMoins) const {
+milliseconds DerniereImage::DelaiPour(milliseconds auMoins) const {
   return milliseconds(
       PerteSignal::DelaiPour(static_cast<qint32>(auMoins.count()), Format_.CadenceNum, Format_.CadenceDen));
 }
 
-milliseconds BoiteImages::DelaiReouverture() const {
+milliseconds DerniereImage::DelaiReouverture() const {
   const std::lock_guard verrou(Verrou_);
   return DelaiPour(Ages_.Reouverte);
 }
 
-bool BoiteImages::Perdu() const {
+bool DerniereImage::Perdu() const {
   const std::lock_guard verrou(Verrou_);
   return Horloge::now() - Instant_ > DelaiPour(Ages_.Dite);
 }
 
-bool BoiteImages::EstARouvrir() const {
+bool DerniereImage::EstARouvrir() const {
   const std::lock_guard verrou(Verrou_);
   return Horloge::now() - Instant_ > DelaiPour(Ages_.Reouverte);
 }

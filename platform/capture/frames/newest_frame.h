@@ -42,7 +42,7 @@ class EcouteSonnette : public QObject {
   const std::shared_ptr<SonnetteImages> Sonnette_ = std::make_shared<SonnetteImages>();
 };
 
-class BoiteImages {
+class DerniereImage {
  public:
   using Horloge = std::chrono::steady_clock;
 
@@ -52,8 +52,8 @@ class BoiteImages {
     std::chrono::milliseconds Reouverte{PerteSignal::kReouverte};
   };
 
-  BoiteImages() = default;
-  explicit BoiteImages(Ages ages) : Ages_(ages) {}
+  DerniereImage() = default;
+  explicit DerniereImage(Ages ages) : Ages_(ages) {}
 
   struct Arrivee {
     ImageCamera Image;

@@ -31,7 +31,8 @@ PtrGst<GstCaps> CapsAcceptes() {
 
 }  // namespace
 
-ReceptionImages::ReceptionImages(BoiteImages& boite, Options options) : Boite_(boite), Options_(std::move(options)) {}
+ReceptionImages::ReceptionImages(DerniereImage& fraiche, Options options)
+    : Fraiche_(fraiche), Options_(std::move(options)) {}
 
 GstElement* ReceptionImages::FabriquePuits() {
   GstElement* puits = gst_element_factory_make("appsink", nullptr);
@@ -89,7 +90,7 @@ void ReceptionImages::LitCaps(GstCaps* caps) {
 void ReceptionImages::Espace(const GstBuffer* tampon) {
   if (!Options_.Intervalle || GST_CLOCK_TIME_IS_VALID(GST_BUFFER_DTS_OR_PTS(tampon))) return;
   std::this_thread::sleep_until(Derniere_ + kIntervalle);
-  Derniere_ = BoiteImages::Horloge::now();
+  Derniere_ = DerniereImage::Horloge::now();
 }
 
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
@@ -164,9 +165,9 @@ void ReceptionImages::Livre(const ImageCamera& image, QSize taille) {
   if (Format_.Largeur != taille.width() || Format_.Hauteur != taille.height()) {
     Format_.Largeur = taille.width();
     Format_.Hauteur = taille.height();
-    Boite_.FixeFormat(Format_);
+    Fraiche_.FixeFormat(Format_);
   }
-  Boite_.Depose(image);
+  Fraiche_.Depose(image);
 }
 
 }  // namespace vaktor

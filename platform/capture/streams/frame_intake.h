@@ -23,7 +23,7 @@ class ReceptionImages {
     QString Codage;           ///< what the format is told as; empty: what arrives here
   };
 
-  ReceptionImages(BoiteImages& boite, Options options);
+  ReceptionImages(DerniereImage& fraiche, Options options);
 
   /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h and
   /// JPEG.
@@ -43,7 +43,7 @@ class ReceptionImages {
   void Espace(const GstBuffer* tampon);
   void Livre(const ImageCamera& image, QSize taille);
 
-  BoiteImages& Boite_;
+  DerniereImage& Fraiche_;
   const Options Options_;
   ReserveImages Reserve_;
   ReserveTrames Trames_;
@@ -53,7 +53,7 @@ class ReceptionImages {
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;
   FormatCamera Format_;
-  BoiteImages::Horloge::time_point Derniere_{};
+  DerniereImage::Horloge::time_point Derniere_{};
 };
 
 }  // namespace vaktor

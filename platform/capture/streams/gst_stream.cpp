@@ -51,8 +51,8 @@ bool EstDirect(const GstCaps* caps) {
 
 }  // namespace
 
-FluxGStreamer::FluxGStreamer(BoiteImages& boite, const DemandeFlux& demande)
-    : Demande_(demande), Reception_(boite, OptionsDe(demande)) {}
+FluxGStreamer::FluxGStreamer(DerniereImage& derniere, const DemandeFlux& demande)
+    : Demande_(demande), Reception_(derniere, OptionsDe(demande)) {}
 
 FluxGStreamer::~FluxGStreamer() { Ferme(); }
 

@@ -25,7 +25,7 @@ struct DemandeFlux {
 /// Made, opened, watched and closed by one thread; GStreamer's own threads bring the frames.
 class FluxGStreamer : public FluxImages {
  public:
-  FluxGStreamer(BoiteImages& boite, const DemandeFlux& demande);
+  FluxGStreamer(DerniereImage& derniere, const DemandeFlux& demande);
   ~FluxGStreamer() override;
 
   bool Ouvre() override;

@@ -100,15 +100,15 @@ bool FluxTest::Ouvre() {
   format.Largeur = ImageTest::kLargeur;
   format.Hauteur = ImageTest::kHauteur;
   format.CadenceNum = ImageTest::kCadence;
-  Boite_.FixeFormat(format);
-  Prochaine_ = BoiteImages::Horloge::now();
+  Derniere_.FixeFormat(format);
+  Prochaine_ = DerniereImage::Horloge::now();
   return true;
 }
 
 FluxImages::Etat FluxTest::Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) {
-  const auto fin = BoiteImages::Horloge::now() + delai;
+  const auto fin = DerniereImage::Horloge::now() + delai;
   std::unique_lock verrou(Verrou_);
-  while (!arret.stop_requested() && BoiteImages::Horloge::now() < fin) {
+  while (!arret.stop_requested() && DerniereImage::Horloge::now() < fin) {
     Reveil_.wait_until(verrou, arret, Prochaine_, [] { return false; });
     if (!arret.stop_requested()) Livre();
   }
@@ -119,9 +119,9 @@ FluxImages::Etat FluxTest::Surveille(const std::stop_token& arret, std::chrono::
 void FluxTest::Livre() {
   if (QImage* image = Reserve_.Prend(QSize(ImageTest::kLargeur, ImageTest::kHauteur))) {
     Image_.Dessine(Numero_++, *image);
-    Boite_.Depose(*image);
+    Derniere_.Depose(*image);
   }
-  const auto maintenant = BoiteImages::Horloge::now();
+  const auto maintenant = DerniereImage::Horloge::now();
   Prochaine_ += kPeriode;
   if (maintenant - Prochaine_ > std::chrono::seconds(1)) Prochaine_ = maintenant;
 }

@@ -58,7 +58,7 @@ class ImageTest {
 /// Its frames come on the thread that watches it.
 class FluxTest : public FluxImages {
  public:
-  explicit FluxTest(BoiteImages& boite) : Boite_(boite) {}
+  explicit FluxTest(DerniereImage& derniere) : Derniere_(derniere) {}
 
   bool Ouvre() override;
   Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override;
@@ -66,11 +66,11 @@ class FluxTest : public FluxImages {
  private:
   void Livre();
 
-  BoiteImages& Boite_;
+  DerniereImage& Derniere_;
   ImageTest Image_;
   ReserveImages Reserve_;
   quint64 Numero_ = 0;
-  BoiteImages::Horloge::time_point Prochaine_{};
+  DerniereImage::Horloge::time_point Prochaine_{};
   std::mutex Verrou_;
   std::condition_variable_any Reveil_;
 };

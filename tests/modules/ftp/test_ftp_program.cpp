@@ -248,8 +248,8 @@ TEST_F(ProgrammeFtp, OneThatComesLateIsAskedAgainAMinuteLater) {
   Tue();
   PoseLive(1);
   const timespec hier[2] = {{1, 0}, {1, 0}};
-  const QByteArray boite = Dossier.DonneAdresse(Magasin.LitReglage("FTP", kCleHwndvk, "0").toInt());
-  ASSERT_EQ(::utimensat(AT_FDCWD, boite.constData(), hier, 0), 0);
+  const QByteArray sac = Dossier.DonneAdresse(Magasin.LitReglage("FTP", kCleHwndvk, "0").toInt());
+  ASSERT_EQ(::utimensat(AT_FDCWD, sac.constData(), hier, 0), 0);
   Etat = {};
   Etat.SurveillanceEnCours = true;
   Lance();

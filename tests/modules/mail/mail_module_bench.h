@@ -27,7 +27,7 @@ struct Mail : BancModule {
   QStringList Faits;
   PosteFaux* Envoi = nullptr;
   Facteur::Rapporteur Rapporte;
-  BoiteEnvoi Boite{Temporaire.filePath("courrier")};
+  SacPostal Sac{Temporaire.filePath("courrier")};
   std::unique_ptr<ModuleMail> Module;
 
   Mail() : BancModule(QStringLiteral("mail")) {
@@ -49,7 +49,7 @@ struct Mail : BancModule {
   void CreeModule() {
     Module.reset();
     PortsMail ports;
-    ports.DossierBoite = Temporaire.filePath("courrier");
+    ports.DossierSac = Temporaire.filePath("courrier");
     ports.DossierVeille = Temporaire.filePath("veille");
     ports.Marque = "essai";
     ports.Maintenant = [this] { return Debut + Horloge.Millisecondes; };
@@ -76,8 +76,8 @@ struct Mail : BancModule {
     f.flush();
     f.setFileTime(QDateTime::fromMSecsSinceEpoch(Debut + Horloge.Millisecondes), QFileDevice::FileModificationTime);
   }
-  qsizetype Nombre() { return Boite.Liste().size(); }
-  QJsonObject Lit(qsizetype i) { return LitCourriel(Boite.LitMessage(Boite.Liste().value(i).Nom)); }
+  qsizetype Nombre() { return Sac.Liste().size(); }
+  QJsonObject Lit(qsizetype i) { return LitCourriel(Sac.LitMessage(Sac.Liste().value(i).Nom)); }
   QStringList Fichiers() const { return QDir(Temporaire.filePath("courrier")).entryList(QDir::Files, QDir::Name); }
 };
 

@@ -35,43 +35,43 @@ struct CourantCoupe : SurDisqueVolatil {
 };
 
 TEST_F(CourantCoupe, AMailInTheMakingIsThereAfterwards) {
-  BoiteEnvoi boite(Chemin());
-  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
+  SacPostal sac(Chemin());
+  ASSERT_EQ(sac.PoseBrouillon(Nomme("a"), "message"), 0);
   ASSERT_TRUE(Disque->CoupeCourant());
   EXPECT_EQ(Fichiers(), QStringList{"a.draft"});
-  RecupereBoite(boite);
-  ASSERT_EQ(boite.Liste().size(), 1);
-  EXPECT_EQ(boite.LitMessage("a"), "message");
+  RecupereSac(sac);
+  ASSERT_EQ(sac.Liste().size(), 1);
+  EXPECT_EQ(sac.LitMessage("a"), "message");
 }
 
 TEST_F(CourantCoupe, AnOutboxThatHasJustBeenMadeIsThereAfterwards) {
-  BoiteEnvoi boite(Chemin("/etat/courrier"));
-  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
+  SacPostal sac(Chemin("/etat/courrier"));
+  ASSERT_EQ(sac.PoseBrouillon(Nomme("a"), "message"), 0);
   ASSERT_TRUE(Disque->CoupeCourant());
   EXPECT_TRUE(QFile::exists(Chemin("/etat/courrier/a.draft")));
 }
 
 TEST_F(CourantCoupe, AMailThatMayLeaveMayLeaveAfterwards) {
-  BoiteEnvoi boite(Chemin());
-  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
-  ASSERT_TRUE(boite.Publie("a"));
+  SacPostal sac(Chemin());
+  ASSERT_EQ(sac.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(sac.Publie("a"));
   ASSERT_TRUE(Disque->CoupeCourant());
   EXPECT_EQ(Fichiers(), QStringList{"a.mail"});
 }
 
 TEST_F(CourantCoupe, AMailThatWasTakenDoesNotGoAgain) {
-  BoiteEnvoi boite(Chemin());
-  ASSERT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), 0);
-  ASSERT_TRUE(boite.Publie("a"));
-  boite.Acheve("a");
+  SacPostal sac(Chemin());
+  ASSERT_EQ(sac.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(sac.Publie("a"));
+  sac.Acheve("a");
   ASSERT_TRUE(Disque->CoupeCourant());
-  EXPECT_TRUE(boite.Liste().isEmpty());
+  EXPECT_TRUE(sac.Liste().isEmpty());
 }
 
 TEST_F(CourantCoupe, WhatTheDiskCannotFlushIsNoMail) {
-  BoiteEnvoi boite(Chemin());
+  SacPostal sac(Chemin());
   ASSERT_TRUE(Disque->RefuseDeVider());
-  EXPECT_EQ(boite.PoseBrouillon(Nomme("a"), "message"), EIO);
+  EXPECT_EQ(sac.PoseBrouillon(Nomme("a"), "message"), EIO);
   EXPECT_TRUE(Fichiers().isEmpty());
 }
 
@@ -89,7 +89,7 @@ TEST_F(CourantCoupe, AMessageOfTheWatchWhoseMailIsMadeDoesNotComeBack) {
 
 struct Brouillon : testing::Test {
   QTemporaryDir Temporaire;
-  BoiteEnvoi Boite{Temporaire.path()};
+  SacPostal Sac{Temporaire.path()};
   QByteArray Partiel = QFile::encodeName(Temporaire.filePath("a.draft.part"));
 };
 
@@ -97,15 +97,15 @@ TEST_F(Brouillon, ALinkInItsPlaceIsNotFollowed) {
   const QString autre = Temporaire.filePath("autre");
   ASSERT_TRUE(EcritOctets(autre, "somebody's"));
   ASSERT_EQ(::symlink(QFile::encodeName(autre).constData(), Partiel.constData()), 0);
-  EXPECT_EQ(Boite.PoseBrouillon(Nomme("a"), "message"), ELOOP);
+  EXPECT_EQ(Sac.PoseBrouillon(Nomme("a"), "message"), ELOOP);
   EXPECT_EQ(LitOctets(autre), "somebody's");
 }
 
 TEST_F(Brouillon, WhatAKillLeftInItsPlaceIsNoPartOfIt) {
   ASSERT_TRUE(EcritOctets(QFile::decodeName(Partiel), QByteArray(5000, 'x')));
-  ASSERT_EQ(Boite.PoseBrouillon(Nomme("a"), "message"), 0);
-  ASSERT_TRUE(Boite.Publie("a"));
-  EXPECT_EQ(Boite.LitMessage("a"), "message");
+  ASSERT_EQ(Sac.PoseBrouillon(Nomme("a"), "message"), 0);
+  ASSERT_TRUE(Sac.Publie("a"));
+  EXPECT_EQ(Sac.LitMessage("a"), "message");
 }
 
 // Whatever is started meanwhile, the system's mail program before all, has no business with it. A pipe in the place of
@@ -115,7 +115,7 @@ TEST_F(Brouillon, AProgramThatIsStartedMeanwhileDoesNotInheritIt) {
   ASSERT_EQ(::mkfifo(Partiel.constData(), 0600), 0);
   const int lecture = ::open(Partiel.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   ASSERT_GE(lecture, 0);
-  std::thread ecrit([this] { Boite.PoseBrouillon(Nomme("a"), QByteArray(4'000'000, 'x')); });
+  std::thread ecrit([this] { Sac.PoseBrouillon(Nomme("a"), QByteArray(4'000'000, 'x')); });
   char octet = 0;
   EXPECT_TRUE(AttendQue([&] { return ::read(lecture, &octet, 1) == 1; })) << "it is open";
   const QByteArray ouverts = LitHerites();

@@ -71,7 +71,7 @@ TEST_F(Mail, TheSecondOfARowTellsOfTheNewestReport) {
   Intrusion();
   Temps.Avance(5'000);
   ASSERT_EQ(Nombre(), 2);
-  EXPECT_EQ(Boite.Liste().at(1).FaitA - Boite.Liste().at(0).FaitA, 600);
+  EXPECT_EQ(Sac.Liste().at(1).FaitA - Sac.Liste().at(0).FaitA, 600);
 }
 
 TEST_F(Mail, ARowIsNoLongerThanWhatMayLeaveInAnHour) {
@@ -89,7 +89,7 @@ TEST_F(Mail, AClockThatIsSetBackPutsNoNewMailBeforeThoseThatWait) {
   Temps.Avance(kPauseEntreSeries);
   Intrusion();
   Temps.Avance(60'000);
-  const QList<CourrielEnAttente> liste = Boite.Liste();
+  const QList<CourrielEnAttente> liste = Sac.Liste();
   ASSERT_EQ(liste.size(), 2);
   EXPECT_GT(liste[0].FaitA, liste[1].FaitA) << "by the clock";
   EXPECT_LT(liste[0].Nom, liste[1].Nom);
@@ -143,11 +143,11 @@ TEST_F(Mail, KilledWhileItsPhotosGatherItIsMadeAtTheNextStartWithAllThatCame) {
   Module.reset();
   Reglages.Valeurs.MailSujet = "other settings by then";
   CreeModule();
-  RecupereBoite(Boite, "the mark of the next process");
+  RecupereSac(Sac, "the mark of the next process");
   ASSERT_EQ(Nombre(), 1);
   EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray({"1.jpg", "2.jpg"}));
   EXPECT_NE(Lit(0)["subject"].toString(), "other settings by then");
-  EXPECT_EQ(Boite.Liste().first().Destinataires, QStringList{"anna@exemple.fr"});
+  EXPECT_EQ(Sac.Liste().first().Destinataires, QStringList{"anna@exemple.fr"});
   EXPECT_EQ(Fichiers().size(), 1) << "once";
 }
 
@@ -256,11 +256,11 @@ TEST_F(Mail, TheStatusFileTellsSinceWhenAMailWaits) {
   Intrusion();
   Temps.Avance(15'000);
   EXPECT_EQ(attendDepuis(), debut) << "the oldest";
-  Boite.Acheve(Boite.Liste().first().Nom);
+  Sac.Acheve(Sac.Liste().first().Nom);
   Rapporte({"x", {.Accepte = true}, 0});
   Temps.Avance(15'000);
   EXPECT_EQ(attendDepuis(), EtatModule::EcritInstant(Debut + 15'000 + kPauseEntreSeries));
-  Boite.Acheve(Boite.Liste().first().Nom);
+  Sac.Acheve(Sac.Liste().first().Nom);
   Rapporte({"x", {.Accepte = true}, 0});
   EXPECT_EQ(attendDepuis(), "") << "at once";
 }
@@ -280,7 +280,7 @@ TEST_F(Mail, AMailThatTheDiskDoesNotLetGoWaitsAndGoesAsSoonAsItDoes) {
   Temps.Avance(ModuleMail::kRegardAttente);
   EXPECT_EQ(Nombre(), 1);
   EXPECT_TRUE(Faits.contains("reveille"));
-  Boite.Acheve(Boite.Liste().first().Nom);
+  Sac.Acheve(Sac.Liste().first().Nom);
   Temps.Avance(ModuleMail::kRegardAttente);
   EXPECT_FALSE(attend());
 }

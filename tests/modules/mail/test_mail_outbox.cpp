@@ -26,10 +26,10 @@ CourrielEnAttente Nomme(const QString& nom, qint64 faitA) {
   return c;
 }
 
-struct Boite : testing::Test {
+struct Sac : testing::Test {
   QTemporaryDir Temporaire;
   QString Dossier = Temporaire.filePath("courrier");
-  BoiteEnvoi B{Dossier};
+  SacPostal B{Dossier};
   qint64 Maintenant = 1'700'000'000'000;
 
   void Depose(const QString& nom, const QByteArray& message = "message", bool prioritaire = false) {
@@ -46,7 +46,7 @@ struct Boite : testing::Test {
   }
 };
 
-TEST_F(Boite, KeepsWhatItWasGiven) {
+TEST_F(Sac, KeepsWhatItWasGiven) {
   Depose("b", "corps\r\nde b");
   Depose("a");
   EXPECT_EQ(Noms(), "a|b");
@@ -57,26 +57,26 @@ TEST_F(Boite, KeepsWhatItWasGiven) {
   EXPECT_EQ(B.LitMessage("b"), "corps\r\nde b");
 }
 
-TEST_F(Boite, BelongsToItsOwnerAlone) {
+TEST_F(Sac, BelongsToItsOwnerAlone) {
   Depose("a");
   EXPECT_EQ(QFile::permissions(Dossier) & 0x77, 0);
   EXPECT_EQ(QFile::permissions(Dossier + "/a.mail") & 0x77, 0);
 }
 
-TEST_F(Boite, AFolderThatOthersMayEnterIsClosed) {
+TEST_F(Sac, AFolderThatOthersMayEnterIsClosed) {
   ASSERT_TRUE(QFile::setPermissions(Dossier, QFileDevice::Permissions(0x7755)));
-  const BoiteEnvoi boite(Dossier);
+  const SacPostal sac(Dossier);
   EXPECT_EQ(QFile::permissions(Dossier) & 0x77, 0);
 }
 
-TEST_F(Boite, ADraftIsNotSentBeforeItIsDoneButAfterAKillItIs) {
+TEST_F(Sac, ADraftIsNotSentBeforeItIsDoneButAfterAKillItIs) {
   ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "un"), 0);
   EXPECT_EQ(Noms(), "");
-  RecupereBoite(B);
+  RecupereSac(B);
   EXPECT_EQ(Noms(), "a");
 }
 
-TEST_F(Boite, ARecipeIsNoMailUntilItIsMadeOne) {
+TEST_F(Sac, ARecipeIsNoMailUntilItIsMadeOne) {
   ASSERT_EQ(PoseRecette(B, Nomme("a", Maintenant), {.Sujet = "Alarme", .Corps = "ici"}), 0);
   EXPECT_EQ(Fichiers(), "a.draft");
   EXPECT_EQ(PublieBrouillon(B, "a").Erreur, 0);
@@ -86,7 +86,7 @@ TEST_F(Boite, ARecipeIsNoMailUntilItIsMadeOne) {
   EXPECT_EQ(lu["body"].toString(), "ici");
 }
 
-TEST_F(Boite, ADraftThatIsNotThereOrHasNoRoomIsToldAndARecipeStays) {
+TEST_F(Sac, ADraftThatIsNotThereOrHasNoRoomIsToldAndARecipeStays) {
   EXPECT_EQ(PublieBrouillon(B, "nobody").Erreur, ENOENT);
   ASSERT_EQ(PoseRecette(B, Nomme("a", Maintenant), {}), 0);
   ASSERT_TRUE(QDir().mkpath(Dossier + "/a.draft.part/full"));
@@ -94,17 +94,17 @@ TEST_F(Boite, ADraftThatIsNotThereOrHasNoRoomIsToldAndARecipeStays) {
   EXPECT_EQ(Fichiers(), "a.draft");
 }
 
-TEST_F(Boite, ARecipeThatIsDamagedIsSetAsideAndNeverSentAsAMessage) {
+TEST_F(Sac, ARecipeThatIsDamagedIsSetAsideAndNeverSentAsAMessage) {
   ASSERT_EQ(B.PoseRecette(Nomme("a", Maintenant), "no object"), 0);
-  RecupereBoite(B);
+  RecupereSac(B);
   EXPECT_EQ(Noms(), "");
   EXPECT_EQ(Fichiers(), "a.bad");
 }
 
-TEST_F(Boite, ADiskWithRoomForTheWordsAloneTakesThem) {
+TEST_F(Sac, ADiskWithRoomForTheWordsAloneTakesThem) {
   const PetitDisque disque(128 * 1024);
   if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
-  BoiteEnvoi pleine(disque.Chemin() + "/courrier");
+  SacPostal pleine(disque.Chemin() + "/courrier");
   const QString photo = Temporaire.filePath("1.jpg");
   ASSERT_TRUE(EcritOctets(photo, PetitJpeg(QByteArray(200'000, 'x'))));
   const qint64 instant = QFileInfo(photo).lastModified().toMSecsSinceEpoch();
@@ -118,21 +118,21 @@ TEST_F(Boite, ADiskWithRoomForTheWordsAloneTakesThem) {
   EXPECT_TRUE(lu["names"].toArray().isEmpty());
 }
 
-TEST_F(Boite, TheDraftsOfTheLivingAreLeftAlone) {
+TEST_F(Sac, TheDraftsOfTheLivingAreLeftAlone) {
   ASSERT_EQ(B.PoseBrouillon(Nomme("1-moi-1", Maintenant), "un"), 0);
-  RecupereBoite(B, "moi");
+  RecupereSac(B, "moi");
   EXPECT_EQ(Fichiers(), "1-moi-1.draft");
 }
 
-TEST_F(Boite, LeftoversOfAKillGo) {
+TEST_F(Sac, LeftoversOfAKillGo) {
   Depose("a");
   for (const char* nom : {"b.sent", "c.mail.part", "d.try", "e.draft.part"})
     ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, "x"));
-  RecupereBoite(B);
+  RecupereSac(B);
   EXPECT_EQ(Fichiers(), "a.mail");
 }
 
-TEST_F(Boite, DamagedFilesAreSetAside) {
+TEST_F(Sac, DamagedFilesAreSetAside) {
   for (const char* nom : {"a.mail", "b.mail", "c.mail"}) ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, "{\"to\":3}\n"));
   ASSERT_TRUE(EcritOctets(Dossier + "/d.mail", QByteArray(200'000, '\xff')));
   ASSERT_TRUE(EcritOctets(Dossier + "/dd.mail", "{\"from\":\"x\",\"to\":[\"y\"]}\n")) << "no time";
@@ -141,16 +141,16 @@ TEST_F(Boite, DamagedFilesAreSetAside) {
   EXPECT_EQ(Fichiers(), "a.bad|b.bad|c.bad|d.bad|dd.bad|e.mail");
 }
 
-TEST_F(Boite, AFullDiskIsToldAndNothingHalfWrittenStays) {
+TEST_F(Sac, AFullDiskIsToldAndNothingHalfWrittenStays) {
   const PetitDisque disque(64 * 1024);
   if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
-  BoiteEnvoi pleine(disque.Chemin() + "/courrier");
+  SacPostal pleine(disque.Chemin() + "/courrier");
   EXPECT_EQ(pleine.PoseBrouillon(Nomme("gros", Maintenant), QByteArray(300'000, 'x')), ENOSPC);
   EXPECT_TRUE(QDir(disque.Chemin() + "/courrier").isEmpty());
   EXPECT_EQ(pleine.PoseBrouillon(Nomme("petit", Maintenant), "x"), 0) << "and a small one still fits";
 }
 
-TEST_F(Boite, KnowsSinceWhenTheOldestWaits) {
+TEST_F(Sac, KnowsSinceWhenTheOldestWaits) {
   EXPECT_FALSE(B.PlusAncien());
   ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "x"), 0);
   EXPECT_FALSE(B.PlusAncien()) << "still gathers its photos";
@@ -164,13 +164,13 @@ TEST_F(Boite, KnowsSinceWhenTheOldestWaits) {
   EXPECT_EQ(B.PlusAncien(), Maintenant);
 }
 
-TEST_F(Boite, OldAndTooManyAreGivenUp) {
+TEST_F(Sac, OldAndTooManyAreGivenUp) {
   Depose("a");
-  Maintenant += BoiteEnvoi::kAgeMaxMs + 1;
+  Maintenant += SacPostal::kAgeMaxMs + 1;
   Depose("b");
   EXPECT_EQ(B.Elague(Maintenant, {"a", "b"}).join(u'|'), "a");
   EXPECT_EQ(Noms(), "b");
-  for (int i = 0; i < BoiteEnvoi::kCourrielsMax; ++i) {
+  for (int i = 0; i < SacPostal::kCourrielsMax; ++i) {
     QFile f(Dossier + QStringLiteral("/c%1.mail").arg(i, 4, 10, QChar('0')));
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write("{\"made\":1700000000000,\"from\":\"x\",\"to\":[\"y\"]}\n");
@@ -178,18 +178,18 @@ TEST_F(Boite, OldAndTooManyAreGivenUp) {
   EXPECT_EQ(B.Elague(Maintenant, {}).join(u'|'), "b") << "the disk is not filled, tried or not";
 }
 
-TEST_F(Boite, WhatWasRefusedOrDamagedGoesAfterAWeekAndNotes) {
+TEST_F(Sac, WhatWasRefusedOrDamagedGoesAfterAWeekAndNotes) {
   Depose("a");
   B.Reporte(B.Liste().first(), Maintenant);
   for (const char* nom : {"/b.refused", "/c.bad"}) ASSERT_TRUE(EcritOctets(Dossier + nom, "x"));
-  const qint64 deux = QDateTime::currentMSecsSinceEpoch() + BoiteEnvoi::kAgeMaxMs;
+  const qint64 deux = QDateTime::currentMSecsSinceEpoch() + SacPostal::kAgeMaxMs;
   B.Elague(deux - kHeure, {});
   EXPECT_EQ(Fichiers(), "a.mail|a.try|b.refused|c.bad");
   B.Elague(deux + kHeure, {"a"});
   EXPECT_EQ(Fichiers(), "");
 }
 
-TEST_F(Boite, NamesSortInTheOrderOfTheMailsAlsoWhenTheClockIsSetBack) {
+TEST_F(Sac, NamesSortInTheOrderOfTheMailsAlsoWhenTheClockIsSetBack) {
   EXPECT_EQ(B.DonneRang(Maintenant), "20231114221320000");
   Depose(B.DonneRang(Maintenant) + "-essai-9");
   EXPECT_EQ(B.DonneRang(Maintenant), "20231114221320001") << "two mails of one report";
@@ -200,7 +200,7 @@ TEST_F(Boite, NamesSortInTheOrderOfTheMailsAlsoWhenTheClockIsSetBack) {
 }
 
 /// A postman with a server that is played by hand.
-struct Poste : Boite {
+struct Poste : Sac {
   PlafondHoraire Plafond;
   QStringList Recus;
   QStringList Rapports;
@@ -284,7 +284,7 @@ TEST_F(Poste, EachMailIsTriedOnceThoughTheServerIsAway) {
 
 TEST_F(Poste, OfTooManyTheOldestIsGivenUpAndNotTheOneThatGoesFirst) {
   Depose("a");
-  Maintenant += BoiteEnvoi::kAgeMaxMs - kHeure;
+  Maintenant += SacPostal::kAgeMaxMs - kHeure;
   Depose("z", "message", true);
   Maintenant += 2 * kHeure;
   EXPECT_EQ(B.Elague(Maintenant, {"a", "z"}).join(u'|'), "a");

@@ -136,8 +136,8 @@ struct Morts : ProgrammeMail {
                                                                         : 60;
   QMap<QString, int> Fenetres;  // by mail: kills between the server's acceptance and our note of it
 
-  void RemplitBoite() const {
-    BoiteEnvoi boite(Courrier());
+  void RemplitSac() const {
+    SacPostal sac(Courrier());
     for (int i = 0; i < kCourriels; ++i) {
       CourrielEnAttente c;
       c.Nom = QStringLiteral("%1").arg(i, 3, 10, QChar('0'));
@@ -151,8 +151,8 @@ struct Morts : ProgrammeMail {
                                                  .Date = QDateTime::currentDateTime(),
                                                  .Identifiant = c.Nom,
                                                  .Pieces = {{"a.jpg", QByteArray(100'000, 'x')}}});
-      ASSERT_EQ(boite.PoseBrouillon(c, message), 0);
-      ASSERT_TRUE(boite.Publie(c.Nom));
+      ASSERT_EQ(sac.PoseBrouillon(c, message), 0);
+      ASSERT_TRUE(sac.Publie(c.Nom));
     }
   }
   /// By subject, all that the server has accepted.
@@ -200,7 +200,7 @@ struct Morts : ProgrammeMail {
 };
 
 TEST_F(Morts, KilledAtAnyMomentItLosesNoMailAndRepeatsOnlyTheOneUnderWay) {
-  RemplitBoite();
+  RemplitSac();
   int morts = 0;
   int fenetres = 0;
   for (; morts < MortsMax && !EnAttente().isEmpty(); ++morts) {

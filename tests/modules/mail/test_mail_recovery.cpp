@@ -16,11 +16,11 @@ struct Reprise : testing::Test {
   QTemporaryDir Temporaire;
   ServeurMail Serveur;
   ReglagesEnvoi Reglages;
-  BoiteEnvoi Boite{Temporaire.path()};
+  SacPostal Sac{Temporaire.path()};
   PlafondHoraire Plafond;
   qint64 Maintenant = 1'000'000'000'000;
   QList<CauseEchec> Causes;  // of each attempt
-  Facteur Poste{Boite, Plafond, [this] { return Maintenant; },
+  Facteur Poste{Sac, Plafond, [this] { return Maintenant; },
                 [this](const CourrielEnAttente& c, const QByteArray& message, const std::function<void()>& surAccepte) {
                   Reglages.Port = Serveur.Port();
                   return EnvoieCourriel(Reglages, {c.Expediteur, c.Destinataires}, message, {{}, surAccepte, {}});
@@ -45,8 +45,8 @@ struct Reprise : testing::Test {
                                                .Date = QDateTime::currentDateTime(),
                                                .Identifiant = c.Nom,
                                                .Pieces = {{"a.jpg", QByteArray(300'000, 'x')}}});
-    ASSERT_EQ(Boite.PoseBrouillon(c, message), 0);
-    ASSERT_TRUE(Boite.Publie(c.Nom));
+    ASSERT_EQ(Sac.PoseBrouillon(c, message), 0);
+    ASSERT_TRUE(Sac.Publie(c.Nom));
   }
   void Travaille(qint64 duree) {
     const qint64 fin = Maintenant + duree;

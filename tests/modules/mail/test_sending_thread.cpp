@@ -18,7 +18,7 @@ namespace {
 struct Fil : testing::Test {
   QTemporaryDir Temporaire;
   ServeurMail Serveur;
-  BoiteEnvoi Boite{Temporaire.path()};
+  SacPostal Sac{Temporaire.path()};
   ReglagesEnvoi Reglages;
   QStringList Rapports;
   std::unique_ptr<FilEnvoi> Poste;
@@ -54,11 +54,11 @@ struct Fil : testing::Test {
                                                .Date = QDateTime::currentDateTime(),
                                                .Identifiant = nom,
                                                .Pieces = {}});
-    ASSERT_EQ(Boite.PoseBrouillon(c, message), 0);
+    ASSERT_EQ(Sac.PoseBrouillon(c, message), 0);
   }
   void Depose(const QString& nom, const QString& pour = "anna@exemple.fr", bool prioritaire = false) {
     PoseBrouillon(nom, pour, prioritaire);
-    ASSERT_TRUE(Boite.Publie(nom));
+    ASSERT_TRUE(Sac.Publie(nom));
     if (Poste) Poste->Reveille();
   }
   bool Existe(const QString& nom) const { return QFile::exists(Temporaire.filePath(nom)); }
@@ -101,7 +101,7 @@ TEST_F(Fil, TheSameSettingsAgainTryNothing) {
 
 TEST_F(Fil, TheFirstSettingsAreNoOthers) {
   Depose("a", "nobody@exemple.fr");
-  Boite.MetDeCote("a");
+  Sac.MetDeCote("a");
   OuvreEtRegle();
   Depose("b");
   ASSERT_TRUE(Rapporte("b ok"));

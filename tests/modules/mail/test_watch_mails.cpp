@@ -226,7 +226,7 @@ TEST_F(Veille, OtherNamesAreNobodysMessages) {
 
 TEST_F(Veille, OneOfAWeekAgoIsGivenUp) {
   Pose();
-  Horloge.Millisecondes += BoiteEnvoi::kAgeMaxMs + 1;
+  Horloge.Millisecondes += SacPostal::kAgeMaxMs + 1;
   Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 0);
   EXPECT_EQ(Restes(), "");
@@ -234,16 +234,16 @@ TEST_F(Veille, OneOfAWeekAgoIsGivenUp) {
 }
 
 TEST_F(Veille, AnOutboxThatCannotBeWrittenKeepsTheMessageForLater) {
-  const QString boite = Temporaire.filePath("courrier");
-  QDir(boite).removeRecursively();
-  ASSERT_TRUE(EcritOctets(boite, "no folder"));
+  const QString sac = Temporaire.filePath("courrier");
+  QDir(sac).removeRecursively();
+  ASSERT_TRUE(EcritOctets(sac, "no folder"));
   Pose(1, kImageEntiere);
   Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Restes(), Stem() + ".jpg|" + Stem() + ".json");
   ASSERT_EQ(Avis.size(), 1);
   EXPECT_TRUE(Avis.first().contains("courrier"));
-  QFile::remove(boite);
-  QDir().mkpath(boite);
+  QFile::remove(sac);
+  QDir().mkpath(sac);
   Temps.Avance(ModuleMail::kRepriseVeille);
   EXPECT_EQ(Nombre(), 1);
   EXPECT_EQ(Restes(), "");
@@ -264,7 +264,7 @@ TEST_F(Veille, KilledBetweenDraftAndDeletionItIsOneMail) {
   const QByteArray message = LitOctets(Dossier + '/' + stem + ".json");
   Module->ExecuteCommande(Commande::kVeille);
   // As if the message had not been deleted yet when the kill came.
-  const QString nom = Boite.Liste().first().Nom;
+  const QString nom = Sac.Liste().first().Nom;
   const QString mort = QString(nom).replace("essai", "mort");
   for (const char* fin : {".draft", ".mail", ".refused", ".sent"}) {
     QDir(Temporaire.filePath("courrier")).removeRecursively();
@@ -281,18 +281,18 @@ TEST_F(Veille, KilledBetweenDraftAndDeletionItIsOneMail) {
 TEST_F(Veille, KilledBeforeItMayLeaveTheDraftIsSent) {
   Pose();
   Module->ExecuteCommande(Commande::kVeille);
-  const QString nom = Boite.Liste().first().Nom;
+  const QString nom = Sac.Liste().first().Nom;
   ASSERT_TRUE(QFile::rename(Temporaire.filePath("courrier/" + nom + ".mail"),
                             Temporaire.filePath("courrier/" + nom + ".draft")));
-  RecupereBoite(Boite, "autre");
+  RecupereSac(Sac, "autre");
   EXPECT_EQ(Nombre(), 1);
-  EXPECT_TRUE(Boite.Liste().first().Prioritaire) << "and still goes first";
+  EXPECT_TRUE(Sac.Liste().first().Prioritaire) << "and still goes first";
 }
 
 TEST_F(Veille, ItsDraftIsLeftAloneByTheThreadThatSends) {
   Pose();
   Module->ExecuteCommande(Commande::kVeille);
-  EXPECT_TRUE(Boite.Liste().first().Nom.contains("essai")) << "the mark by which the thread knows the living";
+  EXPECT_TRUE(Sac.Liste().first().Nom.contains("essai")) << "the mark by which the thread knows the living";
 }
 
 TEST_F(Veille, AfterTheEndNothingIsTaken) {

@@ -42,15 +42,15 @@ struct Canal : testing::Test {
   Pair Autre{Dossier};
   QStringList Recus;
   qint32 OuvreNotant() {
-    return Local.OuvreBoite([this](const QString& texte) { Recus << texte; });
+    return Local.OuvreCasier([this](const QString& texte) { Recus << texte; });
   }
 };
 
 TEST_F(Canal, TextsArriveWholeAndInOrder) {
-  const qint32 boite = OuvreNotant();
-  EXPECT_TRUE(Autre.Envoie(boite, "HWND:12345"));
-  EXPECT_TRUE(Autre.Envoie(boite, "Conne"));
-  EXPECT_TRUE(Autre.Envoie(boite, "ConOK\n"));
+  const qint32 casier = OuvreNotant();
+  EXPECT_TRUE(Autre.Envoie(casier, "HWND:12345"));
+  EXPECT_TRUE(Autre.Envoie(casier, "Conne"));
+  EXPECT_TRUE(Autre.Envoie(casier, "ConOK\n"));
   EXPECT_TRUE(Recus.isEmpty()) << "nothing arrives but through the event loop";
   ASSERT_TRUE(AttendQue([this] { return Recus.size() == 3; }));
   EXPECT_EQ(Recus, QStringList({"HWND:12345", "Conne", "ConOK"}));
@@ -66,25 +66,25 @@ TEST_F(Canal, HandlesAreAllDifferentAndNamedInDecimal) {
 }
 
 TEST_F(Canal, AClosedBoxAnswersNoMore) {
-  const qint32 boite = OuvreNotant();
-  Autre.Envoie(boite, "Conne");
-  Local.FermeBoite(boite);
-  EXPECT_FALSE(Dossier.Repond(boite));
-  EXPECT_FALSE(Autre.Envoie(boite, "Conne"));
+  const qint32 casier = OuvreNotant();
+  Autre.Envoie(casier, "Conne");
+  Local.FermeCasier(casier);
+  EXPECT_FALSE(Dossier.Repond(casier));
+  EXPECT_FALSE(Autre.Envoie(casier, "Conne"));
   QCoreApplication::processEvents();
   EXPECT_TRUE(Recus.isEmpty());
-  Local.FermeBoite(boite);
+  Local.FermeCasier(casier);
 }
 
 TEST_F(Canal, ABoxMayBeClosedByItsOwnWord) {
-  qint32 boite = 0;
+  qint32 casier = 0;
   int recus = 0;
-  boite = Local.OuvreBoite([&](const QString&) {
+  casier = Local.OuvreCasier([&](const QString&) {
     ++recus;
-    Local.FermeBoite(boite);
+    Local.FermeCasier(casier);
   });
-  Autre.Envoie(boite, "Quit*");
-  Autre.Envoie(boite, "Quit*");
+  Autre.Envoie(casier, "Quit*");
+  Autre.Envoie(casier, "Quit*");
   ASSERT_TRUE(AttendQue([&] { return recus == 1; }));
   QCoreApplication::processEvents();
   EXPECT_EQ(recus, 1);
@@ -93,7 +93,7 @@ TEST_F(Canal, ABoxMayBeClosedByItsOwnWord) {
 TEST_F(Canal, PostingToNobodyIsSwallowed) {
   for (const qint32 poignee : {0, -5, 1, 424242}) Local.PosteTouche(poignee, 65, Tenue::kGardee);
   QList<QByteArray> recus;
-  const BoiteLocale fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
+  const CasierLocal fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
   Local.PosteTouche(fenetre.Poignee(), 66, Tenue::kGardee);
   ASSERT_TRUE(AttendQue([&] { return !recus.isEmpty(); }));
   EXPECT_EQ(recus, QList<QByteArray>{"66"}) << "whoever is there still gets his own";
@@ -101,7 +101,7 @@ TEST_F(Canal, PostingToNobodyIsSwallowed) {
 
 TEST_F(Canal, CommandsArriveAsDecimalCodesInOrder) {
   QList<QByteArray> recus;
-  const BoiteLocale fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
+  const CasierLocal fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
   for (qint32 code = 65; code < 72; ++code) Local.PosteTouche(fenetre.Poignee(), code, Tenue::kGardee);
   ASSERT_TRUE(AttendQue([&recus] { return recus.size() == 7; }));
   EXPECT_EQ(recus, QList<QByteArray>({"65", "66", "67", "68", "69", "70", "71"}));
@@ -109,7 +109,7 @@ TEST_F(Canal, CommandsArriveAsDecimalCodesInOrder) {
 
 TEST_F(Canal, AFullBoxLosesNoWordAndHoldsNobodyUp) {
   QList<QByteArray> recus;
-  const BoiteLocale fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
+  const CasierLocal fenetre(Dossier, [&recus](const QByteArray& message) { recus << message; });
   EmetteurLocal emetteur(Dossier);
   // Far more than the kernel keeps for a process that does not listen; all of it goes out before the loop runs once.
   for (int i = 0; i < 200; ++i) emetteur.Poste(fenetre.Poignee(), QByteArray::number(i));
@@ -118,14 +118,14 @@ TEST_F(Canal, AFullBoxLosesNoWordAndHoldsNobodyUp) {
 }
 
 TEST_F(Canal, WhatWaitsForAWindowThatNeverListensIsBounded) {
-  const BoiteLocale fenetre(Dossier, [](const QByteArray&) {});
+  const CasierLocal fenetre(Dossier, [](const QByteArray&) {});
   EmetteurLocal emetteur(Dossier);
   for (int i = 0; i < 100000; ++i) emetteur.Poste(fenetre.Poignee(), "66");
   EXPECT_EQ(emetteur.EnAttente(fenetre.Poignee()), EmetteurLocal::kMotsMax);
 }
 
 TEST_F(Canal, WhatWaitsForAWindowThatGoesIsForgotten) {
-  auto fenetre = std::make_unique<BoiteLocale>(Dossier, [](const QByteArray&) {});
+  auto fenetre = std::make_unique<CasierLocal>(Dossier, [](const QByteArray&) {});
   const qint32 poignee = fenetre->Poignee();
   EmetteurLocal emetteur(Dossier);
   for (int i = 0; i < 2000; ++i) emetteur.Poste(poignee, "66");
@@ -135,24 +135,24 @@ TEST_F(Canal, WhatWaitsForAWindowThatGoesIsForgotten) {
 }
 
 TEST_F(Canal, OneFullWindowDoesNotHoldUpAnother) {
-  const BoiteLocale sourde(Dossier, [](const QByteArray&) {});
+  const CasierLocal sourde(Dossier, [](const QByteArray&) {});
   for (int i = 0; i < 300; ++i) Local.PosteTouche(sourde.Poignee(), 66, Tenue::kGardee);
   QList<QByteArray> recus;
-  const BoiteLocale vive(Dossier, [&recus](const QByteArray& message) { recus << message; });
+  const CasierLocal vive(Dossier, [&recus](const QByteArray& message) { recus << message; });
   Local.PosteTouche(vive.Poignee(), 67, Tenue::kGardee);
   EXPECT_TRUE(AttendQue([&recus] { return !recus.isEmpty(); }));
 }
 
 TEST_F(Canal, HugeHalfAndBinaryMessagesDoNoHarm) {
-  const qint32 boite = OuvreNotant();
-  EXPECT_FALSE(Autre.Envoie(boite, QByteArray(100 << 20, 'x'))) << "the system refuses it at the sender's side";
-  EXPECT_TRUE(Autre.Envoie(boite, QByteArray(100000, 'x')));
-  EXPECT_TRUE(Autre.Envoie(boite, QByteArray(kMessageMax + 1, 'x')));
-  EXPECT_TRUE(Autre.Envoie(boite, QByteArray("\xff\x00\xfe\x80\n\x01", 6)));
-  EXPECT_TRUE(Autre.Envoie(boite, "Con"));
-  EXPECT_TRUE(Autre.Envoie(boite, ""));
-  EXPECT_TRUE(Autre.Envoie(boite, QByteArray(kMessageMax, 'y')));
-  EXPECT_TRUE(Autre.Envoie(boite, "Decon"));
+  const qint32 casier = OuvreNotant();
+  EXPECT_FALSE(Autre.Envoie(casier, QByteArray(100 << 20, 'x'))) << "the system refuses it at the sender's side";
+  EXPECT_TRUE(Autre.Envoie(casier, QByteArray(100000, 'x')));
+  EXPECT_TRUE(Autre.Envoie(casier, QByteArray(kMessageMax + 1, 'x')));
+  EXPECT_TRUE(Autre.Envoie(casier, QByteArray("\xff\x00\xfe\x80\n\x01", 6)));
+  EXPECT_TRUE(Autre.Envoie(casier, "Con"));
+  EXPECT_TRUE(Autre.Envoie(casier, ""));
+  EXPECT_TRUE(Autre.Envoie(casier, QByteArray(kMessageMax, 'y')));
+  EXPECT_TRUE(Autre.Envoie(casier, "Decon"));
   ASSERT_TRUE(AttendQue([this] { return Recus.contains("Decon"); }));
   ASSERT_EQ(Recus.size(), 5) << "the two that were too long are gone, everything else came";
   EXPECT_EQ(Recus.at(1), "Con");
@@ -161,13 +161,13 @@ TEST_F(Canal, HugeHalfAndBinaryMessagesDoNoHarm) {
 }
 
 TEST_F(Canal, AWordThatFailsLeavesTheOnesBehind) {
-  const qint32 boite = Local.OuvreBoite([this](const QString& texte) {
+  const qint32 casier = Local.OuvreCasier([this](const QString& texte) {
     if (texte == "mauvais") throw Echec(kTypeIncompatible, "mauvais");
     Recus << texte;
   });
-  Autre.Envoie(boite, "avant");
-  Autre.Envoie(boite, "mauvais");
-  Autre.Envoie(boite, "apres");
+  Autre.Envoie(casier, "avant");
+  Autre.Envoie(casier, "mauvais");
+  Autre.Envoie(casier, "apres");
   int echecs = 0;
   const QDeadlineTimer fin(kPatience);
   while (Recus.size() < 2 && !fin.hasExpired()) {
@@ -184,24 +184,24 @@ TEST_F(Canal, AWordThatFailsLeavesTheOnesBehind) {
 TEST_F(Canal, AWordIsNotHandledInsideAnother) {
   int profondeur = 0;
   int plusProfond = 0;
-  const qint32 boite = Local.OuvreBoite([&](const QString& texte) {
+  const qint32 casier = Local.OuvreCasier([&](const QString& texte) {
     plusProfond = qMax(plusProfond, ++profondeur);
     Local.PosteTouche(1, 65, Tenue::kGardee);
     Recus << texte;
     --profondeur;
   });
-  for (int i = 0; i < 6; ++i) Autre.Envoie(boite, "Conne");
+  for (int i = 0; i < 6; ++i) Autre.Envoie(casier, "Conne");
   ASSERT_TRUE(AttendQue([this] { return Recus.size() == 6; }));
   EXPECT_EQ(plusProfond, 1);
 }
 
 TEST_F(Canal, APeerThatNeverStopsLeavesTheLoopToTheFrames) {
-  const qint32 boite = OuvreNotant();
+  const qint32 casier = OuvreNotant();
   const pid_t bavard = ::fork();
   ASSERT_GE(bavard, 0);
   if (bavard == 0) {
     const Pair pair(Dossier);
-    for (;;) pair.Envoie(boite, "Conne");  // blocks while the box is full, as a hostile peer's writes would
+    for (;;) pair.Envoie(casier, "Conne");  // blocks while the box is full, as a hostile peer's writes would
   }
   int images = 0;
   qsizetype motsEntreImages = 0;
@@ -222,11 +222,11 @@ TEST_F(Canal, APeerThatNeverStopsLeavesTheLoopToTheFrames) {
 }
 
 TEST_F(Canal, ABurstIsTakenInPortions) {
-  const qint32 boite = OuvreNotant();
-  for (int i = 0; i < 9; ++i) Autre.Envoie(boite, "Conne", MSG_DONTWAIT);
+  const qint32 casier = OuvreNotant();
+  for (int i = 0; i < 9; ++i) Autre.Envoie(casier, "Conne", MSG_DONTWAIT);
   // A full portion makes the box rest: turns of the loop without waiting bring no more than that portion.
   for (int i = 0; i < 8; ++i) QCoreApplication::processEvents();
-  EXPECT_LE(Recus.size(), BoiteLocale::kMessagesParRafale);
+  EXPECT_LE(Recus.size(), CasierLocal::kMessagesParRafale);
   EXPECT_TRUE(AttendQue([this] { return Recus.size() == 9; }));
 }
 
@@ -250,7 +250,7 @@ TEST_F(Canal, TwoInstancesShareTheFolder) {
   CanalLocal second(Dossier);
   QStringList autres;
   const qint32 a = OuvreNotant();
-  const qint32 b = second.OuvreBoite([&autres](const QString& texte) { autres << texte; });
+  const qint32 b = second.OuvreCasier([&autres](const QString& texte) { autres << texte; });
   Autre.Envoie(a, "pour a");
   Autre.Envoie(b, "pour b");
   ASSERT_TRUE(AttendQue([&] { return !Recus.isEmpty() && !autres.isEmpty(); }));
@@ -280,22 +280,22 @@ TEST_F(Canal, APlantedLinkIsRefused) {
 
 TEST_F(Canal, AWordOfAnotherUserIsDropped) {
   if (::getuid() != 0) GTEST_SKIP() << "only root can speak as somebody else";
-  const qint32 boite = OuvreNotant();
+  const qint32 casier = OuvreNotant();
   // The folder keeps others out; opened here to see that the second lock holds on its own.
   ASSERT_EQ(::chmod(QFile::encodeName(Temporaire.path()).constData(), 0755), 0);
   ASSERT_EQ(::chmod(QFile::encodeName(Dossier.Chemin()).constData(), 0777), 0);
-  ASSERT_EQ(::chmod(Dossier.DonneAdresse(boite).constData(), 0777), 0);
+  ASSERT_EQ(::chmod(Dossier.DonneAdresse(casier).constData(), 0777), 0);
   const pid_t etranger = ::fork();
   ASSERT_GE(etranger, 0);
   if (etranger == 0) {
     if (::setuid(65534) != 0) ::_exit(2);
     const Pair pair(Dossier);
-    ::_exit(pair.Envoie(boite, "HWND:1") ? 0 : 1);
+    ::_exit(pair.Envoie(casier, "HWND:1") ? 0 : 1);
   }
   int issue = 0;
   ASSERT_EQ(::waitpid(etranger, &issue, 0), etranger);
   ASSERT_EQ(WEXITSTATUS(issue), 0) << "the stranger's word did reach the box";
-  Autre.Envoie(boite, "Conne");
+  Autre.Envoie(casier, "Conne");
   ASSERT_TRUE(AttendQue([this] { return !Recus.isEmpty(); }));
   EXPECT_EQ(Recus, QStringList("Conne"));
 }

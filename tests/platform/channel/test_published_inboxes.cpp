@@ -25,7 +25,7 @@ using namespace std::chrono_literals;
 struct Boites : testing::Test {
   QTemporaryDir Temporaire;
   const QString Fichier = Temporaire.filePath("vaktor.ini");
-  LecteurBoitesFichier Lecteur{Fichier};
+  LecteurCasiersFichier Lecteur{Fichier};
 
   static void Ecrit(MagasinFichier& magasin, qint32 premiere) {
     for (const Compagnon compagnon : kCompagnons)
@@ -35,7 +35,7 @@ struct Boites : testing::Test {
   std::optional<PoigneesPubliees> Lit() {
     std::optional<PoigneesPubliees> lues;
     bool rendu = false;
-    Lecteur.LitBoites([&](const std::optional<PoigneesPubliees>& l) { rendu = true, lues = l; });
+    Lecteur.LitCasiers([&](const std::optional<PoigneesPubliees>& l) { rendu = true, lues = l; });
     EXPECT_FALSE(rendu) << "never from inside the call";
     EXPECT_TRUE(AttendQue([&] { return rendu; }));
     return lues;

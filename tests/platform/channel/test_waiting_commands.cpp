@@ -22,8 +22,8 @@ struct Attente : testing::Test {
   EmetteurLocal Emetteur{Dossier, [this] { return Maintenant; }};
   QList<QByteArray> Recus;
   /// Reads only while the event loop runs: a companion that is held up otherwise.
-  std::unique_ptr<BoiteLocale> Fenetre =
-      std::make_unique<BoiteLocale>(Dossier, [this](const QByteArray& message) { Recus << message; });
+  std::unique_ptr<CasierLocal> Fenetre =
+      std::make_unique<CasierLocal>(Dossier, [this](const QByteArray& message) { Recus << message; });
   const qint32 Poignee = Fenetre->Poignee();
 
   void Poste(const QByteArray& code, Tenue tenue) { Emetteur.PosteCommande(Poignee, code, tenue); }

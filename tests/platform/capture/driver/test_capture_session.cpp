@@ -23,12 +23,12 @@ struct Scenario {
 
   std::mutex Verrou;
   std::vector<Suite> Suites;
-  std::vector<BoiteImages::Horloge::time_point> Ouvertures;
+  std::vector<DerniereImage::Horloge::time_point> Ouvertures;
   std::atomic<int> Vivants = 0;
 
   Suite Prochaine() {
     const std::lock_guard verrou(Verrou);
-    Ouvertures.push_back(BoiteImages::Horloge::now());
+    Ouvertures.push_back(DerniereImage::Horloge::now());
     const size_t rang = std::min(Ouvertures.size(), Suites.size()) - 1;
     return Suites[rang];
   }
@@ -40,7 +40,8 @@ struct Scenario {
 
 class FluxJoue : public FluxImages {
  public:
-  FluxJoue(BoiteImages& boite, std::shared_ptr<Scenario> scenario) : Boite_(boite), Scenario_(std::move(scenario)) {
+  FluxJoue(DerniereImage& derniere, std::shared_ptr<Scenario> scenario)
+      : Derniere_(derniere), Scenario_(std::move(scenario)) {
     ++Scenario_->Vivants;
   }
   ~FluxJoue() override { --Scenario_->Vivants; }
@@ -54,7 +55,7 @@ class FluxJoue : public FluxImages {
     const bool donne = Suite_ != Scenario::Suite::kMuet && (Images_ < 3 || Suite_ == Scenario::Suite::kCoule);
     if (donne) {
       ++Images_;
-      Boite_.Depose(QImage(4, 4, QImage::Format_RGB32));
+      Derniere_.Depose(QImage(4, 4, QImage::Format_RGB32));
     } else if (Suite_ == Scenario::Suite::kPlusDeMemoire) {
       throw std::bad_alloc();
     } else if (Suite_ == Scenario::Suite::kErreur) {
@@ -69,7 +70,7 @@ class FluxJoue : public FluxImages {
   }
 
  private:
-  BoiteImages& Boite_;
+  DerniereImage& Derniere_;
   std::shared_ptr<Scenario> Scenario_;
   Scenario::Suite Suite_ = Scenario::Suite::kCoule;
   int Images_ = 0;
@@ -80,14 +81,14 @@ class FluxJoue : public FluxImages {
 std::shared_ptr<SessionCapture> Joue(const std::shared_ptr<Scenario>& scenario, const QString& source) {
   SessionCapture::Demande demande;
   demande.Source = ComprendSource(source);
-  return SessionCapture::Lance(std::move(demande), [scenario](BoiteImages& boite, const DemandeFlux&) {
-    return std::make_unique<FluxJoue>(boite, scenario);
+  return SessionCapture::Lance(std::move(demande), [scenario](DerniereImage& derniere, const DemandeFlux&) {
+    return std::make_unique<FluxJoue>(derniere, scenario);
   });
 }
 
 bool Attends(const std::function<bool()>& condition, std::chrono::milliseconds limite) {
-  const auto fin = BoiteImages::Horloge::now() + limite;
-  while (!condition() && BoiteImages::Horloge::now() < fin) std::this_thread::sleep_for(10ms);
+  const auto fin = DerniereImage::Horloge::now() + limite;
+  while (!condition() && DerniereImage::Horloge::now() < fin) std::this_thread::sleep_for(10ms);
   return condition();
 }
 
@@ -124,7 +125,7 @@ TEST(SessionCapture, WantOfMemoryIsACameraThatIsLostAndIsTriedAgain) {
   scenario->Suites = {Scenario::Suite::kPlusDeMemoire, Scenario::Suite::kSansMemoire, Scenario::Suite::kCoule};
   const auto session = Joue(scenario, kReseau);
   ASSERT_TRUE(DonneUneImage(*session, 3s));
-  EXPECT_TRUE(Attends([&] { return scenario->Nombre() == 3 && session->Boite().Numero() > 5; }, 12s));
+  EXPECT_TRUE(Attends([&] { return scenario->Nombre() == 3 && session->Derniere().Numero() > 5; }, 12s));
   EXPECT_EQ(scenario->Vivants, 1);
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(scenario->Vivants, 0);
@@ -147,11 +148,11 @@ TEST(SessionCapture, OpensAStalledCameraAgain) {
   scenario->Suites = {Scenario::Suite::kCale, Scenario::Suite::kCoule};
   const auto session = Joue(scenario, kReseau);
   ASSERT_TRUE(DonneUneImage(*session, 3s));
-  EXPECT_TRUE(Attends([&] { return session->Boite().Perdu(); }, 6s));
-  EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U);
-  EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > 3; }, 6s));
-  EXPECT_FALSE(session->Boite().Perdu());
-  EXPECT_EQ(session->Boite().Prend(0).Reprises, 1U) << "what comes now comes after a loss";
+  EXPECT_TRUE(Attends([&] { return session->Derniere().Perdu(); }, 6s));
+  EXPECT_EQ(session->Derniere().Prend(0).Reprises, 0U);
+  EXPECT_TRUE(Attends([&] { return session->Derniere().Numero() > 3; }, 6s));
+  EXPECT_FALSE(session->Derniere().Perdu());
+  EXPECT_EQ(session->Derniere().Prend(0).Reprises, 1U) << "what comes now comes after a loss";
   EXPECT_EQ(scenario->Vivants, 1);
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(scenario->Vivants, 0);
@@ -176,7 +177,7 @@ TEST(SessionCapture, PlaysAFileAgainAtItsEndWithoutAWait) {
   const auto session = Joue(scenario, QStringLiteral("/films/x.avi"));
   ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 4; }, 3s));
-  EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U) << "it was never lost";
+  EXPECT_EQ(session->Derniere().Prend(0).Reprises, 0U) << "it was never lost";
   EXPECT_TRUE(session->Arrete(1s));
 }
 
@@ -186,8 +187,8 @@ TEST(SessionCapture, ANetworkStreamThatEndsInGoodOrderAndOpensAtOnceWasNeverLost
   scenario->Suites = {Scenario::Suite::kFin};
   const auto session = Joue(scenario, kReseau);
   ASSERT_TRUE(DonneUneImage(*session, 3s));
-  EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 3 && session->Boite().Numero() > 6; }, 10s));
-  EXPECT_EQ(session->Boite().Prend(0).Reprises, 0U) << "its pictures are a series";
+  EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 3 && session->Derniere().Numero() > 6; }, 10s));
+  EXPECT_EQ(session->Derniere().Prend(0).Reprises, 0U) << "its pictures are a series";
   EXPECT_TRUE(session->Arrete(1s));
 }
 
@@ -196,8 +197,8 @@ TEST(SessionCapture, ANetworkStreamThatDoesNotOpenAgainAtOnceWasLost) {
   scenario->Suites = {Scenario::Suite::kFin, Scenario::Suite::kRefuse, Scenario::Suite::kCoule};
   const auto session = Joue(scenario, kReseau);
   ASSERT_TRUE(DonneUneImage(*session, 3s));
-  EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > 3; }, 12s));
-  EXPECT_EQ(session->Boite().Prend(0).Reprises, 1U);
+  EXPECT_TRUE(Attends([&] { return session->Derniere().Numero() > 3; }, 12s));
+  EXPECT_EQ(session->Derniere().Prend(0).Reprises, 1U);
   EXPECT_TRUE(session->Arrete(1s));
 }
 
@@ -208,9 +209,10 @@ TEST(SessionCapture, PersistsWhereItIsToldTo) {
   SessionCapture::Demande demande;
   demande.Source = ComprendSource(kReseau);
   demande.Persiste = true;
-  const auto session = SessionCapture::Lance(std::move(demande), [scenario](BoiteImages& boite, const DemandeFlux&) {
-    return std::make_unique<FluxJoue>(boite, scenario);
-  });
+  const auto session =
+      SessionCapture::Lance(std::move(demande), [scenario](DerniereImage& derniere, const DemandeFlux&) {
+        return std::make_unique<FluxJoue>(derniere, scenario);
+      });
   EXPECT_TRUE(DonneUneImage(*session, 6s));
   EXPECT_TRUE(session->Arrete(1s));
 }
@@ -237,10 +239,10 @@ class SessionSurPeripherique : public testing::Test {
     demande.Source = ComprendSource(QString());
     return SessionCapture::Lance(
         std::move(demande),
-        [scenario, this](BoiteImages& boite, const DemandeFlux& flux) {
+        [scenario, this](DerniereImage& derniere, const DemandeFlux& flux) {
           const std::lock_guard verrou(scenario->Verrou);
           Demandes_.append(flux.Format);
-          return std::make_unique<FluxJoue>(boite, scenario);
+          return std::make_unique<FluxJoue>(derniere, scenario);
         },
         Questions());
   }
@@ -258,15 +260,15 @@ TEST_F(SessionSurPeripherique, AnUnpluggedCameraIsAwaitedWithoutALookAndTakenWhe
   const auto session = Lance(scenario, {});
   ASSERT_TRUE(DonneUneImage(*session, 3s));
   Debranche();
-  ASSERT_TRUE(Attends([&] { return session->Boite().Perdu(); }, 10s));
+  ASSERT_TRUE(Attends([&] { return session->Derniere().Perdu(); }, 10s));
   std::this_thread::sleep_for(DelaisCapture::kApresBranchement + DelaisCapture::kEntreEssais);
   const int regards = Regards_;
   std::this_thread::sleep_for(2 * DelaisCapture::kEntreEssais + 500ms);
   EXPECT_EQ(Regards_, regards) << "nothing was plugged in";
-  const quint64 images = session->Boite().Numero();
+  const quint64 images = session->Derniere().Numero();
   Branche();
-  EXPECT_TRUE(Attends([&] { return session->Boite().Numero() > images + 1; }, 15s));
-  EXPECT_GT(session->Boite().Prend(0).Reprises, 0U);
+  EXPECT_TRUE(Attends([&] { return session->Derniere().Numero() > images + 1; }, 15s));
+  EXPECT_GT(session->Derniere().Prend(0).Reprises, 0U);
   EXPECT_TRUE(session->Arrete(1s));
 }
 
@@ -294,7 +296,7 @@ TEST_F(SessionSurPeripherique, ASessionThatGoesOnTryingTriesEverythingAgainUntil
   const auto session = Lance(scenario, demande);
   ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 2; }, 3s));
   EXPECT_TRUE(session->Noeud().isEmpty()) << "it is only being tried";
-  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 4 && session->Boite().Numero() > 4; }, 12s));
+  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 4 && session->Derniere().Numero() > 4; }, 12s));
   EXPECT_EQ(session->Noeud(), Noeud());
   EXPECT_TRUE(session->Arrete(1s));
   EXPECT_EQ(Demandes_, (QList<FormatCamera>{voulu, FormatCamera(), voulu, voulu}))
@@ -309,9 +311,10 @@ TEST(SessionCapture, TheTimeOfTheFirstStartIsNotTheCameras) {
   SessionCapture::Demande demande;
   demande.Source = ComprendSource(kReseau);
   demande.Prepare = [pret] { pret->wait(false); };
-  const auto session = SessionCapture::Lance(std::move(demande), [scenario](BoiteImages& boite, const DemandeFlux&) {
-    return std::make_unique<FluxJoue>(boite, scenario);
-  });
+  const auto session =
+      SessionCapture::Lance(std::move(demande), [scenario](DerniereImage& derniere, const DemandeFlux&) {
+        return std::make_unique<FluxJoue>(derniere, scenario);
+      });
   std::this_thread::sleep_for(200ms);
   EXPECT_FALSE(session->EstPrete());
   EXPECT_EQ(scenario->Nombre(), 0U);
@@ -326,7 +329,7 @@ TEST(SessionCapture, TheTimeOfTheFirstStartIsNotTheCameras) {
 TEST(SessionCapture, ASilentSourceIsGivenUpWithinTheTimeOfOneConnection) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kMuet};
-  const auto debut = BoiteImages::Horloge::now();
+  const auto debut = DerniereImage::Horloge::now();
   const auto session = Joue(scenario, QStringLiteral("rtsp://localhost/x"));
   ASSERT_TRUE(Attends([&] { return session->EstFinie(); }, DelaisCapture::kConnexion + 5s));
   EXPECT_EQ(scenario->Nombre(), 2U);
@@ -350,9 +353,9 @@ TEST(SessionCapture, ADeviceIsNeverLeftToChooseATooLargeFirstFormat) {
   demande.Source = ComprendSource(QString());
   const auto session = SessionCapture::Lance(
       std::move(demande),
-      [=](BoiteImages& boite, const DemandeFlux& flux) {
+      [=](DerniereImage& derniere, const DemandeFlux& flux) {
         demandes->append(flux.Format);
-        return std::make_unique<FluxJoue>(boite, scenario);
+        return std::make_unique<FluxJoue>(derniere, scenario);
       },
       questions);
   EXPECT_FALSE(DonneUneImage(*session, 10s));
@@ -376,7 +379,7 @@ TEST(SessionCapture, HoldsTheDoorNoLongerThanItIsTold) {
   SessionCapture::Demande demande;
   demande.Source = ComprendSource(kReseau);
   const auto session = SessionCapture::Lance(
-      std::move(demande), [lache](BoiteImages&, const DemandeFlux&) { return std::make_unique<FluxPendu>(lache); });
+      std::move(demande), [lache](DerniereImage&, const DemandeFlux&) { return std::make_unique<FluxPendu>(lache); });
   EXPECT_FALSE(DonneUneImage(*session, 100ms));
   EXPECT_FALSE(session->Arrete(100ms));
   *lache = true;

@@ -32,17 +32,17 @@ TEST(ReserveImages, NeverGivesAwayWhatSomebodyHolds) {
 // The whole way: box, taker, shown image. After the first few frames no buffer is new.
 TEST(ReserveImages, NeedsNoNewBufferInASteadyState) {
   ReserveImages reserve;
-  BoiteImages boite;
+  DerniereImage derniere;
   QImage prise;
   QImage montree;
   std::set<const uchar*> memoires;
   for (int i = 0; i < 500; ++i) {
     QImage* image = reserve.Prend(kTaille);
     image->fill(static_cast<uint>(i));
-    boite.Depose(*image);
+    derniere.Depose(*image);
     if (i % 2 == 0) {
       montree = prise;
-      prise = boite.Prend(0).Image.Entiere();
+      prise = derniere.Prend(0).Image.Entiere();
     }
     memoires.insert(image->constBits());
   }
@@ -63,40 +63,40 @@ TEST(ReserveImages, ForgetsTheOldSizeAndKeepsAFewOnly) {
   EXPECT_EQ(reserve.Nombre(), 1U);
 }
 
-TEST(BoiteImages, GivesOnlyWhatIsNewer) {
-  BoiteImages boite;
-  EXPECT_EQ(boite.Prend(0).Numero, 0U);
+TEST(DerniereImage, GivesOnlyWhatIsNewer) {
+  DerniereImage derniere;
+  EXPECT_EQ(derniere.Prend(0).Numero, 0U);
   QImage image(kTaille, QImage::Format_RGB32);
-  boite.Depose(image);
-  boite.Depose(image);
-  EXPECT_EQ(boite.Prend(0).Numero, 2U);
-  EXPECT_EQ(boite.Prend(2).Numero, 0U);
-  EXPECT_FALSE(boite.Perdu());
+  derniere.Depose(image);
+  derniere.Depose(image);
+  EXPECT_EQ(derniere.Prend(0).Numero, 2U);
+  EXPECT_EQ(derniere.Prend(2).Numero, 0U);
+  EXPECT_FALSE(derniere.Perdu());
 }
 
 // One frame in two seconds is no stall for a camera that promises no more.
-TEST(BoiteImages, WaitsLongerForASlowCamera) {
-  BoiteImages boite;
+TEST(DerniereImage, WaitsLongerForASlowCamera) {
+  DerniereImage derniere;
   FormatCamera format;
-  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(2000));
+  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(2000));
   format.CadenceNum = 30;
-  boite.FixeFormat(format);
-  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(2000));
+  derniere.FixeFormat(format);
+  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(2000));
   format.CadenceNum = 1;
   format.CadenceDen = 2;
-  boite.FixeFormat(format);
-  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(8000));
+  derniere.FixeFormat(format);
+  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(8000));
   format.CadenceDen = 1'000'000;
-  boite.FixeFormat(format);
-  EXPECT_EQ(boite.DelaiReouverture(), std::chrono::milliseconds(60'000));
+  derniere.FixeFormat(format);
+  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(60'000));
 }
 
-TEST(BoiteImages, TellsALossAndAsksForAReopeningEachAtAnAgeOfItsOwn) {
+TEST(DerniereImage, TellsALossAndAsksForAReopeningEachAtAnAgeOfItsOwn) {
   using std::chrono::milliseconds;
-  BoiteImages dite(BoiteImages::Ages{.Dite = milliseconds(-1), .Reouverte = milliseconds(60'000)});
+  DerniereImage dite(DerniereImage::Ages{.Dite = milliseconds(-1), .Reouverte = milliseconds(60'000)});
   EXPECT_TRUE(dite.Perdu());
   EXPECT_FALSE(dite.EstARouvrir());
-  const BoiteImages rouverte(BoiteImages::Ages{.Dite = milliseconds(60'000), .Reouverte = milliseconds(-1)});
+  const DerniereImage rouverte(DerniereImage::Ages{.Dite = milliseconds(60'000), .Reouverte = milliseconds(-1)});
   EXPECT_FALSE(rouverte.Perdu());
   EXPECT_TRUE(rouverte.EstARouvrir());
   FormatCamera lente;
