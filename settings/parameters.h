@@ -43,6 +43,8 @@ struct Parametres {
   bool SmtpSansChiffrement = false;  ///< the password may go to the server in clear
   QString SmtpJeton;                 ///< program that prints a token for an OAuth2 login, its arguments behind blanks
   qint32 HeureSigneDeVie = -1;       ///< hour of the daily mail "all is well", 0 to 23; -1: none
+  QString PushAdresse;               ///< where a push goes, http or https; empty: none is sent
+  QString PushEntete;                ///< one header of each push, "Name: value"; may hold a password: as SmtpPass
   QString SmtpPass;                  ///< in clear in memory, scrambled in the store; never in a log
 
   // FTP
@@ -54,6 +56,8 @@ struct Parametres {
   quint8 IndexQualite = 2;                       ///< 0 to 3, list index of CombQualit
   qint32 IndexCouleurPage = 3;                   ///< 0 red, 1 green, 2 blue, 3 gray, 4 brown, 5 yellow, 6 white
   qint32 NbrPhotosPage = 50;                     ///< photos on the web page, 1 and up; shown by TextNbrPhotoFTP
+  qint32 PlaceFichiers = 2000;                   ///< photos kept on the site, the oldest goes; 0 and less: no bound
+  qint32 PlaceMo = 200;                          ///< their size together, millions of bytes; 0 and less: no bound
   QString MotDePasseFtp;                         ///< in clear in memory, scrambled in the store; never in a log
 
   // Derived or of the running program only, never stored.

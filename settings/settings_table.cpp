@@ -70,6 +70,14 @@ constexpr auto kTable = std::to_array<LigneReglage>({
      .EcritEnDernier = true},
     {.Section = kMail, .Cle = "signedevie", .Forme = Entier, .Defaut = "-1", .Champ = &P::HeureSigneDeVie,
      .Minimum = -1, .Maximum = 23, .EcritEnDernier = true},
+    {.Section = kMail, .Cle = "pushadresse", .Forme = Texte, .Defaut = "", .Champ = &P::PushAdresse,
+     .EcritEnDernier = true},
+    {.Section = kMail, .Cle = "pushentete", .Forme = Secret, .Defaut = "", .Champ = &P::PushEntete,
+     .EcritEnDernier = true},
+    {.Section = kFtp, .Cle = "placefichiers", .Forme = Entier, .Defaut = "2000", .Champ = &P::PlaceFichiers,
+     .EcritEnDernier = true},
+    {.Section = kFtp, .Cle = "placemo", .Forme = Entier, .Defaut = "200", .Champ = &P::PlaceMo,
+     .EcritEnDernier = true},
     // clang-format on
 });
 
@@ -81,6 +89,7 @@ constexpr bool EstDuType(const LigneReglage& ligne) {
       return std::holds_alternative<qint32 P::*>(ligne.Champ) || std::holds_alternative<quint8 P::*>(ligne.Champ);
     case Texte:
     case Brouille:
+    case Secret:
       return std::holds_alternative<QString P::*>(ligne.Champ);
     case Drapeau:
     case Booleen:
@@ -144,6 +153,14 @@ QString TexteBooleen(bool valeur, FormeStockee forme) {
   return valeur ? QStringLiteral("True") : QStringLiteral("False");
 }
 
+constexpr bool EstBrouillee(FormeStockee forme) { return forme == Brouille || forme == Secret; }
+
+QString BrouilleTexte(FormeStockee forme, const QString& clair) {
+  if (!EstBrouillee(forme)) return clair;
+  const QString brouille = CryptePass(clair);
+  return forme == Secret && DecryptePass(brouille) != clair ? clair : brouille;
+}
+
 }  // namespace
 
 std::span<const LigneReglage> TableReglages() { return kTable; }
@@ -165,7 +182,7 @@ void LitValeur(const LigneReglage& ligne, const QString& texte, Parametres& para
   } else if (const auto* drapeau = std::get_if<bool P::*>(&ligne.Champ)) {
     parametres.*(*drapeau) = LitBooleen(texte);
   } else if (const auto* chaine = std::get_if<QString P::*>(&ligne.Champ)) {
-    parametres.*(*chaine) = ligne.Forme == Brouille ? DecryptePass(texte) : texte;
+    parametres.*(*chaine) = EstBrouillee(ligne.Forme) ? DecryptePass(texte) : texte;
   }
 }
 
@@ -176,7 +193,7 @@ QString TexteValeur(const LigneReglage& ligne, const Parametres& parametres) {
     return TexteBooleen(parametres.*(*drapeau), ligne.Forme);
   }
   if (const auto* chaine = std::get_if<QString P::*>(&ligne.Champ)) {
-    return ligne.Forme == Brouille ? CryptePass(parametres.*(*chaine)) : parametres.*(*chaine);
+    return BrouilleTexte(ligne.Forme, parametres.*(*chaine));
   }
   return {};
 }

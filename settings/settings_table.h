@@ -19,6 +19,7 @@ enum class FormeStockee {
   Drapeau,   ///< "0" or "1", the value of a check box
   Booleen,   ///< "True" or "False"; any other number than 0 also reads as true
   Brouille,  ///< output of CryptePass
+  Secret,    ///< the same; as it stands where it would not come back: a token is often longer than a password
   Mesure     ///< number as text, written for the FTP companion and never read
 };
 

@@ -42,7 +42,7 @@ void Essaie(QByteArrayView octets) {
   second.Disque.AjouteDossier(banc.Valeurs.RepertoirePhoto);
   Exige(Charge(second));
   for (const LigneReglage* ligne : OrdreSauvegarde()) {
-    if (ligne->Forme == FormeStockee::Brouille) continue;
+    if (ligne->Forme == FormeStockee::Brouille || ligne->Forme == FormeStockee::Secret) continue;
     Exige(second.Magasin.Disque.value(NomReglage(*ligne)) == banc.Magasin.Disque.value(NomReglage(*ligne)));
   }
 }

@@ -126,6 +126,8 @@ TEST(SauveParametres, BringsEveryValueBackThroughALoad) {
        .SmtpSansChiffrement = true,
        .SmtpJeton = "/bin/jeton moi",
        .HeureSigneDeVie = 8,
+       .PushAdresse = "https://p/t",
+       .PushEntete = "Authorization: Bearer x",
        .SmtpPass = "p1",
        .AdresseHtml = "h/",
        .AdresseFtp = "ftp",
@@ -135,6 +137,8 @@ TEST(SauveParametres, BringsEveryValueBackThroughALoad) {
        .IndexQualite = 3,
        .IndexCouleurPage = 6,
        .NbrPhotosPage = 9,
+       .PlaceFichiers = 30,
+       .PlaceMo = 7,
        .MotDePasseFtp = "p2"};
   for (const LigneReglage& ligne : TableReglages()) {
     if (!EstLue(ligne)) continue;

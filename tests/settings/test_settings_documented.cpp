@@ -24,6 +24,8 @@ QString NomForme(FormeStockee forme) {
       return QStringLiteral("boolean");
     case FormeStockee::Brouille:
       return QStringLiteral("scrambled");
+    case FormeStockee::Secret:
+      return QStringLiteral("secret");
     case FormeStockee::Mesure:
       return QStringLiteral("number");
   }

@@ -99,6 +99,21 @@ TEST(ValeursStockees, LeaveTheVariableWhenTheTextIsRefused) {
   EXPECT_EQ(parametres.IndexSkin, 1);
 }
 
+TEST(ValeursStockees, HideASecretWhereItComesBackAndKeepALongerOneAsItStands) {
+  const LigneReglage& ligne = Ligne("MAIL/pushentete");
+  Parametres parametres;
+  parametres.PushEntete = QStringLiteral("X: abc");
+  EXPECT_EQ(TexteValeur(ligne, parametres), QStringLiteral("089060035101103105"));
+  // As tokens of home automation are: more than a scrambled text can bring back.
+  for (const QString& clair :
+       {QStringLiteral("X: abc"), QStringLiteral("Authorization: Bearer ").leftJustified(200, u'z')}) {
+    parametres.PushEntete = clair;
+    Parametres relus;
+    LitValeur(ligne, TexteValeur(ligne, parametres), relus);
+    EXPECT_EQ(relus.PushEntete, clair);
+  }
+}
+
 TEST(QualiteJpeg, FollowsTheIndexAndStaysForAnIndexOutsideTheTable) {
   Parametres parametres;
   const quint8 attendues[] = {100, 50, 20, 10};
