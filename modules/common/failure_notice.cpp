@@ -9,7 +9,7 @@
 #include <QSaveFile>
 #include <QStandardPaths>
 
-#include "modules/common/bounded_log.h"
+#include "platform/base/bounded_log.h"
 #include "platform/store/bounded_file.h"
 
 namespace vaktor {

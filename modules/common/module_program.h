@@ -10,7 +10,7 @@
 #include "companions/contract/command_words.h"
 #include "engine/ports/clock.h"
 #include "engine/ports/timers.h"
-#include "modules/common/bounded_log.h"
+#include "platform/base/bounded_log.h"
 #include "modules/common/failure_notice.h"
 #include "modules/common/main_link.h"
 #include "modules/common/module_folders.h"

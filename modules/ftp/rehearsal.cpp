@@ -5,7 +5,7 @@
 #include <QJsonObject>
 #include <utility>
 
-#include "modules/common/bounded_log.h"
+#include "platform/base/bounded_log.h"
 
 namespace vaktor {
 

@@ -6,7 +6,7 @@
 #include <QJsonObject>
 #include <QRandomGenerator>
 
-#include "modules/common/bounded_log.h"
+#include "platform/base/bounded_log.h"
 #include "modules/mail/failure_advice.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/smtp_sender.h"

@@ -4,7 +4,7 @@
 
 #include <QSet>
 
-#include "modules/common/bounded_log.h"
+#include "platform/base/bounded_log.h"
 #include "modules/mail/late_drafts.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/outbox.h"

@@ -11,7 +11,7 @@
 
 #include "fakes/fake_store.h"
 #include "fakes/virtual_clock.h"
-#include "modules/common/bounded_log.h"
+#include "platform/base/bounded_log.h"
 #include "modules/common/failure_notice.h"
 #include "modules/common/module_folders.h"
 #include "modules/common/module_settings.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "modules/common/bounded_log.h"
+#include "platform/base/bounded_log.h"
 
 #include <QFile>
 #include <algorithm>
