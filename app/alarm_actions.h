@@ -5,6 +5,7 @@
 #include <functional>
 #include <utility>
 
+#include "companions/intrusion_program.h"
 #include "engine/ports/alarm_actions.h"
 #include "settings/ports/module_commands.h"
 
@@ -13,15 +14,17 @@ namespace vaktor {
 /// Made before the engine, whose surface the recorder of the photos needs: `photo` reaches the recorder.
 class ActionsAlarmeReelles : public ActionsAlarme {
  public:
-  ActionsAlarmeReelles(CommandesModules& modules, std::function<void()> photo)
-      : Modules_(modules), Photo_(std::move(photo)) {}
+  ActionsAlarmeReelles(CommandesModules& modules, AnnonceIntrusion& annonce, std::function<void()> photo)
+      : Modules_(modules), Annonce_(annonce), Photo_(std::move(photo)) {}
 
   void EnregistrePhoto() override { Photo_(); }
   void EnvoiMail() override { Modules_.EnvoiMail(Commande::kIntrusion); }
   void EnvoiSon() override { Modules_.EnvoiSon(Commande::kIntrusion); }
+  void NoteIntrusion() noexcept override { Annonce_.NoteIntrusion(); }
 
  private:
   CommandesModules& Modules_;
+  AnnonceIntrusion& Annonce_;
   const std::function<void()> Photo_;
 };
 

@@ -51,7 +51,8 @@ ChampsSite Vaktor::LitChampsSite() const {
 }
 
 void Vaktor::CreeMoteur() {
-  Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_, [this] { Photos_->EnregistrePhoto(); });
+  Annonce_ = std::make_unique<AnnonceIntrusion>(PortsAnnonceIntrusion{Systeme_.Temps, Minuteries_, Systeme_.Personnel});
+  Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_, *Annonce_, [this] { Photos_->EnregistrePhoto(); });
   Moteur_ = std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Minuteries_,
                                                              Systeme_.Temps, Systeme_.Pompe, Systeme_.Sons, *Actions_,
                                                              *Live_, Vue_, Sante_, [this] { Live_->OublieLive(); }});
@@ -63,7 +64,8 @@ void Vaktor::CreeMoteur() {
   Moteur_->Lance();
   Photos_ = std::make_unique<EnregistreurPhotos>(
       PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(), Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
-                  [this] { return Copies_->SontVoulues(); }, Sante_, [this] { return Copies_->Demande(); }});
+                  [this] { return Copies_->SontVoulues(); }, Sante_, [this] { return Copies_->Demande(); },
+                  [this](const QString& fichier) { Annonce_->NotePhoto(fichier); }});
   VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{Reglages_, *Photos_, Minuteries_, Systeme_.Sonde,
                                                                    Systeme_.EssaiPhotos, Systeme_.Pertes, Sante_,
                                                                    [this] { return Moteur_->Alarme().AlarmeArmee; }});

@@ -20,6 +20,7 @@
 #include "companions/forms/frm_essai_ftp.h"
 #include "companions/forms/frm_smtp.h"
 #include "companions/inbox_guard.h"
+#include "companions/intrusion_program.h"
 #include "companions/live_publishing.h"
 #include "companions/live_stamp.h"
 #include "companions/mail_accounts.h"
@@ -29,6 +30,7 @@
 #include "companions/sending_watch.h"
 #include "health/awake_watch.h"
 #include "health/blind_mails.h"
+#include "health/condition_program.h"
 #include "health/desktop_notices.h"
 #include "health/watch_health.h"
 #include "image/forms/form_monitor.h"
@@ -145,6 +147,7 @@ class Vaktor : private EtapesDepart {
   // The rules, those that others are given first.
   std::unique_ptr<ModuleSendMessages> Modules_;
   std::unique_ptr<ReglagesPersistants> Sauvegarde_;
+  std::unique_ptr<AnnonceIntrusion> Annonce_;
   std::unique_ptr<ActionsAlarmeReelles> Actions_;
   VueSurveillance Vue_;
   VueLiaison VueLiaison_;
@@ -168,6 +171,7 @@ class Vaktor : private EtapesDepart {
   // Who is told of the health of the watch.
   std::unique_ptr<AvisBureau> AvisBureau_;
   std::unique_ptr<CourrielsAveugle> CourrielsAveugle_;
+  std::unique_ptr<AnnonceEtats> AnnonceEtats_;
   std::unique_ptr<ReessaieReglages> ReessaieReglages_;
 
   // Forms, in the order in which they are made; they go in the opposite one, before the engine.

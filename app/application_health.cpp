@@ -16,11 +16,12 @@ void Vaktor::CreeSante() {
   CourrielsAveugle_ = std::make_unique<CourrielsAveugle>(
       PortsCourrielsAveugle{Systeme_.Courriels, *Modules_, Reglages_, [this] { return Moteur_->Alarme().AlarmeArmee; },
                             [this] { return Moteur_->Surface().Image(); }});
+  AnnonceEtats_ = std::make_unique<AnnonceEtats>(Systeme_.Personnel, Reglages_);
   ReessaieReglages_ = std::make_unique<ReessaieReglages>(*Sauvegarde_, [this] {
     return Systeme_.Disque.RegardeDossier(Systeme_.DossierMagasin) != Presence::kSansReponse;
   });
   for (ObservateurSante* observateur : std::initializer_list<ObservateurSante*>{
-           VueSante_.get(), AvisBureau_.get(), CourrielsAveugle_.get(), ReessaieReglages_.get()}) {
+           VueSante_.get(), AvisBureau_.get(), CourrielsAveugle_.get(), AnnonceEtats_.get(), ReessaieReglages_.get()}) {
     Sante_.Observe(*observateur);
   }
   Sante_.Lance();

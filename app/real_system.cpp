@@ -29,7 +29,9 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
       EssaiMail_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kMail).Programme, arguments.Dossier),
       EssaiFtp_(Dossiers_.Executables + u'/' + DonneIdentite(Compagnon::kFtp).Programme, arguments.Dossier),
       Etats_(TrouveDossierEtat(arguments.Dossier)),
-      Courriels_(TrouveDossierReglages(arguments.Dossier) + u'/' + kDossierVeille, Encodeur_) {}
+      Courriels_(TrouveDossierReglages(arguments.Dossier) + u'/' + kDossierVeille, Encodeur_),
+      Personnel_(TrouveDossierReglages(arguments.Dossier) + QStringLiteral("/alarme"),
+                 TrouveDossierEtat(arguments.Dossier)) {}
 
 SystemeReel::~SystemeReel() = default;
 
@@ -86,6 +88,7 @@ PortsSysteme SystemeReel::Ports() {
       .Etats = Etats_,
       .Bureau = Bureau_,
       .Courriels = Courriels_,
+      .Personnel = Personnel_,
       .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                QStringLiteral(VAKTOR_VERSION)},
       .TermineErrants = [this](Compagnon compagnon,

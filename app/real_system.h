@@ -30,6 +30,7 @@
 #include "platform/sound/wave_player.h"
 #include "platform/telling/desktop_notifier.h"
 #include "platform/telling/mail_drop.h"
+#include "platform/telling/user_program.h"
 #include "platform/wakefulness/dbus_wakefulness.h"
 #include "platform/widgets/desktop_opener.h"
 #include "platform/widgets/qt_file_dialog.h"
@@ -86,6 +87,7 @@ class SystemeReel {
   LecteurEtatsFichiers Etats_;
   NotifieurSysteme Bureau_;
   DepotCourrielsFichiers Courriels_;
+  ProgrammePersonnelSysteme Personnel_;
   std::array<QuestionDisque<bool>, kCompagnons.size()> Balais_;  // one for each companion
   std::unique_ptr<MemoireCapture> Memoire_;
 };

@@ -23,6 +23,7 @@
 #include "health/ports/awake_machine.h"
 #include "health/ports/desktop_notifier.h"
 #include "health/ports/mail_drop.h"
+#include "health/ports/user_program.h"
 #include "image/jpeg_writer.h"
 #include "image/ports/flush_losses.h"
 #include "image/ports/folder_tree.h"
@@ -74,6 +75,7 @@ struct PortsSysteme {
   LecteurEtats& Etats;  ///< what the companions say of their work
   NotifieurBureau& Bureau;
   DepotCourriels& Courriels;
+  ProgrammePersonnel& Personnel;  ///< "alarme"
   SitePages Site = {};
   /// Ends the companions of this name that another copy has left behind, off the user-interface thread, and calls
   /// `fini` from the event loop.

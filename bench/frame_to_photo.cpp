@@ -80,6 +80,7 @@ class ActionsChronometrees : public ActionsAlarme {
   }
   void EnvoiMail() override {}
   void EnvoiSon() override {}
+  void NoteIntrusion() noexcept override {}
 
  private:
   Mesures& Mesures_;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "engine/motion_analysis.h"
 
+#include <QScopeGuard>
 #include <algorithm>
 #include <limits>
 #include <new>
@@ -165,6 +166,8 @@ void AnalyseurMouvement::DeclencheActions() {
     if (Etat_.Detection.ModeZoom) EffaceVue();
     return;
   }
+  // Whatever becomes of the photo: a full disk must not keep the user's own program from hearing of somebody.
+  const auto note = qScopeGuard([this] { Ports_.Actions.NoteIntrusion(); });
   // Nothing is spaced or limited here: each such frame acts again, and the companions know how often is enough.
   if (reglages.PhotoActif || Ports_.Live.VeutPhotos()) {
     try {

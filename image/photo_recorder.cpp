@@ -41,7 +41,8 @@ void EnregistreurPhotos::EnregistrePhoto() {
       DateJour_ + QStringLiteral("  ") + heure + QStringLiteral(" Photo ") + numero + QStringLiteral(".jpg");
 
   RevoitConditions(true);
-  if (VeutPhoto()) EcritCopie(PannePhoto_, reglages.RepertoirePhoto, nom, kQualitePhoto);
+  if (VeutPhoto() && EcritCopie(PannePhoto_, reglages.RepertoirePhoto, nom, kQualitePhoto) && Ports_.SurPhoto)
+    Ports_.SurPhoto(QString(reglages.RepertoirePhoto).replace(u'\\', u'/') + u'/' + nom);
   // Not reached when the first copy has just failed. Depends neither on the limit nor on PhotoActif.
   if (Ports_.LiveActif() && (!Ports_.CopieBienvenue || Ports_.CopieBienvenue()))
     EcritCopie(PanneLive_, DossierLive(), nom, reglages.QualiteJpeg);
@@ -58,20 +59,21 @@ QString EnregistreurPhotos::DossierLive() const { return Ports_.Dossiers.Donnees
 // silence the alarm for good, so it is kept for a second. From then on somebody who moves is heard and mailed about
 // without photos, and the disk, which may be slow in refusing, is asked once a second and no longer at each frame. Each
 // copy has a failure of its own, since their disks may differ; but of both it takes only one second.
-void EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite) {
+bool EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite) {
   const qint32 tic = Ports_.Temps.CompteTics();
-  if (!panne.EssaiDu(tic)) return;
+  if (!panne.EssaiDu(tic)) return false;
   try {
     EcritNouvelle(dossier + u'/' + nom, qualite);
   } catch (const Echec& echec) {
     panne.Note(tic, dossier, DitPannePhotos(LangueParlee(Ports_.Reglages.LangueCourante), dossier, echec));
     SignalePannes();
-    if (PannePhoto_.Installee(tic) || PanneLive_.Installee(tic)) return;
+    if (PannePhoto_.Installee(tic) || PanneLive_.Installee(tic)) return false;
     throw;
   }
-  if (!panne.Dure()) return;
+  if (!panne.Dure()) return true;
   panne.Oublie();
   SignalePannes();
+  return true;
 }
 
 // Want of memory is a failure like any other: told, and for a second only an end of the alarm.

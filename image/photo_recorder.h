@@ -29,6 +29,8 @@ struct PortsPhotos {
   RapportSante& Sante;
   /// Asked before each copy for the companions, which counts as written when the answer is yes; empty: always yes.
   std::function<bool()> CopieBienvenue = {};
+  /// Is told of each user's copy that was written: its path with "/" between the folders. Must not throw; may be empty.
+  std::function<void(const QString& fichier)> SurPhoto = {};
 };
 
 /// Owner: app/. User-interface thread.
@@ -71,7 +73,8 @@ class EnregistreurPhotos {
 
   bool VeutPhoto() const;
   QString DossierLive() const;
-  void EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite);
+  /// True when it is written.
+  bool EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite);
   void EcritNouvelle(const QString& fichier, quint8 qualite);
   void RevoitPannes(bool alarmeArmee);
   void SignalePannes();

@@ -16,6 +16,8 @@ class ActionsAlarme {
   virtual void EnregistrePhoto() = 0;
   virtual void EnvoiMail() = 0;  ///< tells the mail companion of the intrusion; fire and forget
   virtual void EnvoiSon() = 0;   ///< the same with the sound companion
+  /// The frame has acted, whatever of the above was wanted or failed. The last call of the frame.
+  virtual void NoteIntrusion() noexcept = 0;
 };
 
 /// The live page as the engine sees it: whether it is on, and who publishes a frame.

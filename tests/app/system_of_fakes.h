@@ -24,6 +24,7 @@
 #include "fakes/fake_rehearsal.h"
 #include "fakes/fake_sound_player.h"
 #include "fakes/fake_space_query.h"
+#include "fakes/fake_user_program.h"
 #include "fakes/fake_write_trial.h"
 #include "fakes/journal.h"
 #include "fakes/virtual_timers.h"
@@ -366,6 +367,7 @@ struct SystemeFaux {
         .Etats = Etats,
         .Bureau = Bureau,
         .Courriels = Courriels,
+        .Personnel = Personnel,
         .Site = {QStringLiteral("https://www.example.org"), QStringLiteral("/opt/v/site"), QStringLiteral("1.4.9")},
         .TermineErrants =
             [this](Compagnon compagnon, std::function<void()> fini) {
@@ -430,6 +432,7 @@ struct SystemeFaux {
   faux::LecteurEtatsFaux Etats;
   faux::NotifieurFaux Bureau;
   faux::DepotFaux Courriels;
+  faux::ProgrammePersonnelFaux Personnel;
   // The form of the alarm sound is the real one, over a player that keeps what it was to play.
   DossiersProgramme DossiersDesSons{.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")};
   FauxFichiers DisqueDesSons;

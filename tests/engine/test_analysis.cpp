@@ -114,10 +114,27 @@ TEST_F(Analyse, ActionsRunFromThirtyOneChangedSamplesOnAnArmedSystemInTheirOrder
   EXPECT_GE(photo, 0);
   EXPECT_EQ(Journal.Rang(QStringLiteral("EnvoiMail")), photo + 1);
   EXPECT_EQ(Journal.Rang(QStringLiteral("EnvoiSon")), photo + 2);
+  EXPECT_EQ(Journal.Rang(QStringLiteral("NoteIntrusion")), photo + 3);
   Trame(Unie(0));  // the next frame above the level acts again
   EXPECT_EQ(Actions.Photos, 2);
   EXPECT_EQ(Actions.Mails, 2);
   EXPECT_EQ(Actions.Sons, 2);
+  EXPECT_EQ(Actions.Intrusions, 2);
+}
+
+TEST_F(Analyse, AFrameThatActsIsNotedThoughItsPhotoFailsOrNothingIsTicked) {
+  Reglages.PhotoActif = Actions.PhotoEchoue = true;
+  Reglages.MailActif = Reglages.SonActif = false;
+  ArmeSurNoir();
+  Trame(AvecPoints(30));
+  EXPECT_EQ(Actions.Intrusions, 0);
+  Trame(Unie(0));
+  EXPECT_EQ(Actions.Intrusions, 0) << "30 changed samples act no more than none";
+  Trame(AvecPoints(31));
+  EXPECT_EQ(Actions.Intrusions, 1);
+  Reglages.PhotoActif = false;
+  Trame(Unie(0));
+  EXPECT_EQ(Actions.Intrusions, 2);
 }
 
 TEST_F(Analyse, NothingIsDoneWhenNotArmed) {

@@ -29,9 +29,14 @@ class ActionsFausses : public ActionsAlarme {
     ++Sons;
   }
 
+  void NoteIntrusion() noexcept override {
+    Journal_.Note([] { return QStringLiteral("NoteIntrusion"); });
+    ++Intrusions;
+  }
+
   std::function<void()> PendantPhoto;  ///< takes a photo, or fails, in the recorder's place
   bool PhotoEchoue = false;
-  qint32 Photos = 0, Mails = 0, Sons = 0;
+  qint32 Photos = 0, Mails = 0, Sons = 0, Intrusions = 0;
 
  private:
   Journal& Journal_;

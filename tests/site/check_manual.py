@@ -18,7 +18,8 @@ sys.path.insert(0, str(pathlib.Path(__file__).resolve().parents[1] / "support"))
 from browser import Browser  # noqa: E402
 
 # With the column of the words that the page quotes, 0 for a page that quotes none.
-PAGES = {"vaktor_notice.html": 2, "ENGLISH/VaktorNotice.html": 3, "versiontest.html": 0, "ENGLISH/versiontest.html": 0}
+PAGES = {"alarme.html": 0, "ENGLISH/alarme.html": 0,
+         "vaktor_notice.html": 2, "ENGLISH/VaktorNotice.html": 3, "versiontest.html": 0, "ENGLISH/versiontest.html": 0}
 NOT_SHOWN = "[...document.images].filter(i => !i.complete || !i.naturalWidth).map(i => i.getAttribute('src'))"
 faults = []
 
