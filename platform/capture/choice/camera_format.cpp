@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdlib>
 
+#include "platform/capture/choice/codings.h"
 #include "platform/capture/choice/fitted_size.h"
 
 namespace vaktor {
@@ -17,23 +18,12 @@ constexpr int kLargeurIdeale = 640;
 constexpr int kHauteurIdeale = 480;
 constexpr qsizetype kPremiersMax = 4;  // whoever waits for a camera gives up sooner
 
-/// What a coding costs us: 0 packed or planar YUV, one cheap conversion; 1 JPEG, to be decoded; 2 other raw layouts;
-/// 3 video streams that need a decoder with a memory; 4 codings (raw sensor data for one) that nobody may understand.
-int CoutCodage(const QString& codage) {
-  struct Groupe {
-    int Cout;
-    const char* Codages;
-  };
-  static constexpr std::array<Groupe, 4> kGroupes = {{{0, " YUYV NV12 YU12 "},
-                                                      {1, " MJPG JPEG "},
-                                                      {2, " UYVY YVYU YV12 NV21 GREY RGB3 BGR3 BGR4 XR24 RX24 BX24 "},
-                                                      {3, " H264 HEVC "}}};
-  for (const Groupe& groupe : kGroupes)
-    if (QString::fromLatin1(groupe.Codages).contains(QLatin1Char(' ') + codage + QLatin1Char(' '))) return groupe.Cout;
-  return 4;
+CoutCodage DonneCout(const FormatCamera& f) {
+  const CodageCamera* codage = TrouveCodage(f.Codage);
+  return codage == nullptr ? CoutCodage::kInconnu : codage->Cout;
 }
 
-bool EstInconnu(const FormatCamera& f) { return CoutCodage(f.Codage) == 4; }
+bool EstInconnu(const FormatCamera& f) { return DonneCout(f) == CoutCodage::kInconnu; }
 
 int Ecart(const FormatCamera& f) { return std::abs(f.Largeur - kLargeurIdeale) + std::abs(f.Hauteur - kHauteurIdeale); }
 
@@ -47,7 +37,7 @@ bool EstCourant(const FormatCamera& f) {
 /// rate nearest to what the ticks can use.
 bool EstPlusProche(const FormatCamera& a, const FormatCamera& b) {
   if (Ecart(a) != Ecart(b)) return Ecart(a) < Ecart(b);
-  if (CoutCodage(a.Codage) != CoutCodage(b.Codage)) return CoutCodage(a.Codage) < CoutCodage(b.Codage);
+  if (DonneCout(a) != DonneCout(b)) return DonneCout(a) < DonneCout(b);
   return std::abs(a.ImagesParSeconde() - kCadenceIdeale) < std::abs(b.ImagesParSeconde() - kCadenceIdeale);
 }
 
@@ -61,8 +51,8 @@ qint64 Surface(const FormatCamera& f) { return qint64{f.Largeur} * f.Hauteur; }
 
 /// The same where every format is too large: the least of them, in a coding that somebody understands.
 bool EstMoinsGrand(const FormatCamera& a, const FormatCamera& b) {
-  const bool connuA = CoutCodage(a.Codage) < 4;
-  const bool connuB = CoutCodage(b.Codage) < 4;
+  const bool connuA = !EstInconnu(a);
+  const bool connuB = !EstInconnu(b);
   if (connuA != connuB) return connuA;
   if (Surface(a) != Surface(b)) return Surface(a) < Surface(b);
   return EstPlusProche(a, b);
@@ -106,9 +96,9 @@ FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats) {
   const FormatCamera* rapide = nullptr;
   bool connuSeulement = false;
   for (const FormatCamera& f : formats)
-    connuSeulement = connuSeulement || (CoutCodage(f.Codage) < 4 && !FormatTropGrand(f));
+    connuSeulement = connuSeulement || (!EstInconnu(f) && !FormatTropGrand(f));
   for (const FormatCamera& f : formats) {
-    if (FormatTropGrand(f) || (connuSeulement && CoutCodage(f.Codage) == 4)) continue;
+    if (FormatTropGrand(f) || (connuSeulement && EstInconnu(f))) continue;
     if (rapide == nullptr || EstPlusRapide(f, *rapide)) rapide = &f;
     if (f.ImagesParSeconde() < kCadenceVoulue || !EstCourant(f)) continue;
     if (proche == nullptr || EstPlusProche(f, *proche)) proche = &f;

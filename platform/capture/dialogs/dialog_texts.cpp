@@ -7,6 +7,7 @@
 #include <QLocale>
 #include <array>
 
+#include "platform/capture/choice/codings.h"
 #include "texts/phrase.h"
 
 namespace vaktor {
@@ -97,21 +98,6 @@ constexpr std::array<Phrase, static_cast<size_t>(TexteDialogue::kNombre)> kTexte
     {"Ouvrir", "Open"},
 }};
 
-struct Codage {
-  const char* Code;
-  Phrase Sens;
-};
-constexpr std::array<Codage, 8> kCodages = {{
-    {"MJPG", {"images JPEG, peu de débit", "JPEG pictures, little traffic"}},
-    {"JPEG", {"images JPEG, peu de débit", "JPEG pictures, little traffic"}},
-    {"YUYV", {"non compressé, peu de calcul", "not compressed, little work"}},
-    {"UYVY", {"non compressé", "not compressed"}},
-    {"NV12", {"non compressé, peu de calcul", "not compressed, little work"}},
-    {"YU12", {"non compressé, peu de calcul", "not compressed, little work"}},
-    {"H264", {"film compressé, beaucoup de calcul", "compressed film, much work"}},
-    {"HEVC", {"film compressé, beaucoup de calcul", "compressed film, much work"}},
-}};
-
 // Linux names controls and choices in English, and says it well enough: an empty text is its own word.
 struct Reglage {
   quint32 Numero;
@@ -196,9 +182,9 @@ QString TexteCadence(const FormatCamera& format, Langue langue) {
 }
 
 QString TexteCodage(const QString& codage, Langue langue) {
-  for (const Codage& connu : kCodages)
-    if (codage == QLatin1String(connu.Code)) return codage + QStringLiteral(" - ") + connu.Sens.Dit(langue);
-  return codage;
+  const CodageCamera* connu = TrouveCodage(codage);
+  const QString sens = connu == nullptr ? QString() : connu->Sens.Dit(langue);
+  return sens.isEmpty() ? codage : codage + QStringLiteral(" - ") + sens;
 }
 
 QString TexteFormat(const FormatCamera& format, Langue langue) {
