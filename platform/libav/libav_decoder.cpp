@@ -3,8 +3,9 @@
 
 #include <gst/video/gstvideodecoder.h>
 
-#include <optional>
+#include <new>
 
+#include "platform/libav/libav_conversion.h"
 #include "platform/libav/libav_formats.h"
 #include "platform/libav/libav_library.h"
 
@@ -14,6 +15,7 @@ namespace {
 // Pictures come out at most this many packets late; what is older was never shown and will not be. It is looked for
 // once in so many pictures too.
 constexpr guint32 kRetardMaximal = 32;
+constexpr gint64 kSansLimite = G_MAXINT;  // libavcodec's own
 
 struct DecodeurLibav {
   GstVideoDecoder Base;
@@ -22,6 +24,8 @@ struct DecodeurLibav {
   AVPacket* Paquet;
   AVFrame* Trame;
   GstVideoCodecState* Entree;
+  ConversionLibav Conversion;  // GObject's memory knows no constructors: made and ended by hand
+  gint64 PixelsMax;
   // What was announced behind the decoder; a width of 0: nothing yet.
   int Format, Largeur, Hauteur;
   guint32 Livrees;  // pictures since old entries were looked for
@@ -58,9 +62,11 @@ bool OuvreCodec(DecodeurLibav* soi, const GstCaps* caps) {
   soi->Trame = Libav()->av_frame_alloc();
   if (soi->Contexte == nullptr || soi->Paquet == nullptr || soi->Trame == nullptr) return false;
   soi->Contexte->thread_count = 1;
+  soi->Contexte->max_pixels = soi->PixelsMax;
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   gst_structure_get_int(structure, "width", &soi->Contexte->width);
   gst_structure_get_int(structure, "height", &soi->Contexte->height);
+  gst_structure_get_int(structure, "depth", &soi->Contexte->bits_per_coded_sample);
   return CopieEntete(*soi->Contexte, structure) && Libav()->avcodec_open2(soi->Contexte, sorte, nullptr) >= 0;
 }
 
@@ -88,12 +94,38 @@ gboolean Arrete(GstVideoDecoder* decodeur) {
   return TRUE;
 }
 
+// Whoever uses the element is told at once: dropping picture after picture would look like a camera that gives none.
+GstFlowReturn RefuseFormat(DecodeurLibav* soi, const char* pourquoi) {
+  gst_element_message_full(GST_ELEMENT(soi), GST_MESSAGE_ERROR, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT,
+                           g_strdup(pourquoi), nullptr, __FILE__, __func__, __LINE__);
+  return GST_FLOW_ERROR;
+}
+
+// The codec keeps to the limit by itself, whatever its stream says later: it then gives no picture. Only what is told
+// beforehand can be told on.
+bool EstTropGrande(const DecodeurLibav* soi, const GstVideoInfo& annonce) {
+  return gint64{GST_VIDEO_INFO_WIDTH(&annonce)} * GST_VIDEO_INFO_HEIGHT(&annonce) > soi->PixelsMax;
+}
+
 gboolean FixeFormat(GstVideoDecoder* decodeur, GstVideoCodecState* etat) {
   DecodeurLibav* soi = Soi(decodeur);
   Libere(soi);
+  if (EstTropGrande(soi, etat->info)) {
+    RefuseFormat(soi, "a picture of too many pixels");
+    return FALSE;
+  }
   if (!OuvreCodec(soi, etat->caps)) return FALSE;
   soi->Entree = gst_video_codec_state_ref(etat);
   return TRUE;
+}
+
+// Where the container does not say how wide a pixel is, the stream itself may.
+void AnnonceForme(const AVFrame& trame, const GstCaps* entree, GstVideoInfo& info) {
+  const AVRational forme = trame.sample_aspect_ratio;
+  if (forme.num <= 0 || forme.den <= 0) return;
+  if (gst_structure_has_field(gst_caps_get_structure(entree, 0), "pixel-aspect-ratio") != FALSE) return;
+  info.par_n = forme.num;
+  info.par_d = forme.den;
 }
 
 // The format behind the decoder is told anew only when the pictures really change.
@@ -103,7 +135,8 @@ void AnnonceSortie(DecodeurLibav* soi) {
   const GstVideoFormat format = *FormatGStreamer(trame.format);
   GstVideoCodecState* sortie = gst_video_decoder_set_output_state(&soi->Base, format, static_cast<guint>(trame.width),
                                                                   static_cast<guint>(trame.height), soi->Entree);
-  AnnonceCouleurs(trame, sortie->info.colorimetry);
+  AnnonceCouleurs(trame, sortie->info);
+  AnnonceForme(trame, soi->Entree->caps, sortie->info);
   gst_video_codec_state_unref(sortie);
   soi->Format = trame.format;
   soi->Largeur = trame.width;
@@ -123,17 +156,8 @@ void OublieVieilles(GstVideoDecoder* decodeur, guint32 numero) {
                    [](gpointer image) { gst_video_codec_frame_unref(static_cast<GstVideoCodecFrame*>(image)); });
 }
 
-// Whoever uses the element takes another decoder then (gst_stream.cpp): dropping picture after picture would look like
-// a camera that gives none.
-GstFlowReturn RefuseFormat(DecodeurLibav* soi) {
-  gst_element_message_full(GST_ELEMENT(soi), GST_MESSAGE_ERROR, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT,
-                           g_strdup("a pixel format without a name in GStreamer"), nullptr, __FILE__, __func__,
-                           __LINE__);
-  return GST_FLOW_ERROR;
-}
-
 GstFlowReturn Livre(DecodeurLibav* soi) {
-  if (!FormatGStreamer(soi->Trame->format)) return RefuseFormat(soi);
+  if (!soi->Conversion.MetEnForme(*soi->Trame)) return RefuseFormat(soi, "a pixel format that nothing here reads");
   const auto numero = static_cast<guint32>(soi->Trame->pts);
   GstVideoCodecFrame* image = gst_video_decoder_get_frame(&soi->Base, static_cast<int>(numero));
   if (image == nullptr) return GST_FLOW_OK;
@@ -191,8 +215,16 @@ GstFlowReturn Acheve(GstVideoDecoder* decodeur) {
   return suite;
 }
 
+enum { kProprieteAucune, kProprietePixelsMax };
+
+void FixePropriete(GObject* objet, guint, const GValue* valeur, GParamSpec*) {
+  reinterpret_cast<DecodeurLibav*>(objet)->PixelsMax = g_value_get_int64(valeur);
+}
+
 void Finalise(GObject* objet) {
-  Libere(reinterpret_cast<DecodeurLibav*>(objet));
+  auto* soi = reinterpret_cast<DecodeurLibav*>(objet);
+  Libere(soi);
+  soi->Conversion.~ConversionLibav();
   G_OBJECT_CLASS(ClasseMere)->finalize(objet);
 }
 
@@ -213,6 +245,10 @@ void InitialiseClasse(gpointer classe, gpointer) {
   decodeur->finish = Acheve;
   decodeur->stop = Arrete;
   G_OBJECT_CLASS(classe)->finalize = Finalise;
+  G_OBJECT_CLASS(classe)->set_property = FixePropriete;
+  g_object_class_install_property(
+      G_OBJECT_CLASS(classe), kProprietePixelsMax,
+      g_param_spec_int64("max-pixels", nullptr, nullptr, 1, kSansLimite, kSansLimite, G_PARAM_WRITABLE));
   GstElementClass* element = GST_ELEMENT_CLASS(classe);
   gst_element_class_add_pad_template(element, ModelePad("sink", GST_PAD_SINK, kCapsEncodes));
   gst_element_class_add_pad_template(element, ModelePad("src", GST_PAD_SRC, kCapsDecodes));
@@ -222,6 +258,8 @@ void InitialiseClasse(gpointer classe, gpointer) {
 
 void Initialise(GTypeInstance* instance, gpointer) {
   auto* decodeur = reinterpret_cast<GstVideoDecoder*>(instance);
+  new (&Soi(decodeur)->Conversion) ConversionLibav;
+  Soi(decodeur)->PixelsMax = kSansLimite;
   gst_video_decoder_set_packetized(decodeur, TRUE);
   gst_video_decoder_set_needs_format(decodeur, TRUE);
   gst_video_decoder_set_use_default_pad_acceptcaps(decodeur, TRUE);

@@ -14,10 +14,16 @@ const char* const kCapsEncodes =
     "video/mpeg, mpegversion=(int){ 1, 2 }, systemstream=(boolean)false, parsed=(boolean)true; "
     "video/mpeg, mpegversion=(int)4, systemstream=(boolean)false; "
     "video/x-msmpeg, msmpegversion=(int){ 41, 42, 43 }; "
-    "video/x-divx, divxversion=(int)[ 3, 5 ]; video/x-xvid; video/x-vp8; video/x-vp9";
+    "video/x-divx, divxversion=(int)[ 3, 5 ]; video/x-xvid; video/x-vp8; video/x-vp9; "
+    "video/x-av1, stream-format=(string)obu-stream, alignment=(string)tu; "
+    "video/x-wmv, wmvversion=(int){ 1, 2 }; "
+    "video/x-wmv, wmvversion=(int)3, format=(string){ WMV3, WVC1, WMVA }; "
+    "video/x-flash-video, flvversion=(int)1; video/x-flash-screen; video/x-h263, variant=(string)itu; "
+    "video/x-ffv, ffvversion=(int)1; video/x-huffyuv; video/x-dv, systemstream=(boolean)false; "
+    "video/x-prores; video/x-dnxhd; video/x-cineform; video/x-svq, svqversion=(int){ 1, 3 }";
 
 const char* const kCapsDecodes =
-    "video/x-raw, format=(string){ I420, Y42B, Y444, GRAY8, NV12, I420_10LE, I422_10LE, Y444_10LE }";
+    "video/x-raw, format=(string){ I420, Y42B, Y444, GRAY8, NV12, BGRx, BGRA, RGB, BGR, YUY2, UYVY }";
 
 namespace {
 
@@ -26,6 +32,7 @@ struct Codec {
   const char* Champ;  // the whole number that tells the versions apart; null where there is one only
   int Version;
   AVCodecID Id;
+  const char* Format = nullptr;  // the word that tells them apart further; null where there is none
 };
 
 constexpr std::array kCodecs = {
@@ -44,6 +51,39 @@ constexpr std::array kCodecs = {
     Codec{"video/x-xvid", nullptr, 0, AV_CODEC_ID_MPEG4},
     Codec{"video/x-vp8", nullptr, 0, AV_CODEC_ID_VP8},
     Codec{"video/x-vp9", nullptr, 0, AV_CODEC_ID_VP9},
+    Codec{"video/x-av1", nullptr, 0, AV_CODEC_ID_AV1},
+    Codec{"video/x-wmv", "wmvversion", 1, AV_CODEC_ID_WMV1},
+    Codec{"video/x-wmv", "wmvversion", 2, AV_CODEC_ID_WMV2},
+    Codec{"video/x-wmv", "wmvversion", 3, AV_CODEC_ID_WMV3, "WMV3"},
+    Codec{"video/x-wmv", "wmvversion", 3, AV_CODEC_ID_VC1, "WVC1"},
+    Codec{"video/x-wmv", "wmvversion", 3, AV_CODEC_ID_VC1, "WMVA"},
+    Codec{"video/x-flash-video", "flvversion", 1, AV_CODEC_ID_FLV1},
+    Codec{"video/x-flash-screen", nullptr, 0, AV_CODEC_ID_FLASHSV},
+    Codec{"video/x-h263", nullptr, 0, AV_CODEC_ID_H263},
+    Codec{"video/x-ffv", "ffvversion", 1, AV_CODEC_ID_FFV1},
+    Codec{"video/x-huffyuv", nullptr, 0, AV_CODEC_ID_HUFFYUV},
+    Codec{"video/x-dv", nullptr, 0, AV_CODEC_ID_DVVIDEO},
+    Codec{"video/x-prores", nullptr, 0, AV_CODEC_ID_PRORES},
+    Codec{"video/x-dnxhd", nullptr, 0, AV_CODEC_ID_DNXHD},
+    Codec{"video/x-cineform", nullptr, 0, AV_CODEC_ID_CFHD},
+    Codec{"video/x-svq", "svqversion", 1, AV_CODEC_ID_SVQ1},
+    Codec{"video/x-svq", "svqversion", 3, AV_CODEC_ID_SVQ3},
+};
+
+struct NomsFormat {
+  AVPixelFormat Av;
+  GstVideoFormat GStreamer;
+};
+
+// Eight bits and no more: what follows works on such pictures, and libswscale makes them of all others.
+constexpr std::array kFormats = {
+    NomsFormat{AV_PIX_FMT_YUV420P, GST_VIDEO_FORMAT_I420}, NomsFormat{AV_PIX_FMT_YUVJ420P, GST_VIDEO_FORMAT_I420},
+    NomsFormat{AV_PIX_FMT_YUV422P, GST_VIDEO_FORMAT_Y42B}, NomsFormat{AV_PIX_FMT_YUVJ422P, GST_VIDEO_FORMAT_Y42B},
+    NomsFormat{AV_PIX_FMT_YUV444P, GST_VIDEO_FORMAT_Y444}, NomsFormat{AV_PIX_FMT_YUVJ444P, GST_VIDEO_FORMAT_Y444},
+    NomsFormat{AV_PIX_FMT_GRAY8, GST_VIDEO_FORMAT_GRAY8},  NomsFormat{AV_PIX_FMT_NV12, GST_VIDEO_FORMAT_NV12},
+    NomsFormat{AV_PIX_FMT_BGR0, GST_VIDEO_FORMAT_BGRx},    NomsFormat{AV_PIX_FMT_BGRA, GST_VIDEO_FORMAT_BGRA},
+    NomsFormat{AV_PIX_FMT_RGB24, GST_VIDEO_FORMAT_RGB},    NomsFormat{AV_PIX_FMT_BGR24, GST_VIDEO_FORMAT_BGR},
+    NomsFormat{AV_PIX_FMT_YUYV422, GST_VIDEO_FORMAT_YUY2}, NomsFormat{AV_PIX_FMT_UYVY422, GST_VIDEO_FORMAT_UYVY},
 };
 
 /// One frame for all the memories that show a part of it. Each may be let go on its own, on any thread.
@@ -85,8 +125,10 @@ GstMemory* MemoireDePlan(TrameGardee* garde, const uint8_t* donnees, gsize taill
 
 AVCodecID CodecDesCaps(const GstCaps* caps) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  const char* format = gst_structure_get_string(structure, "format");
   for (const Codec& codec : kCodecs) {
     if (!gst_structure_has_name(structure, codec.Nom)) continue;
+    if (codec.Format != nullptr && g_strcmp0(codec.Format, format) != 0) continue;
     int version = 0;
     if (codec.Champ != nullptr && !gst_structure_get_int(structure, codec.Champ, &version)) continue;
     if (version == codec.Version) return codec.Id;
@@ -95,32 +137,17 @@ AVCodecID CodecDesCaps(const GstCaps* caps) {
 }
 
 std::optional<GstVideoFormat> FormatGStreamer(int formatAv) {
-  switch (formatAv) {
-    case AV_PIX_FMT_YUV420P:
-    case AV_PIX_FMT_YUVJ420P:
-      return GST_VIDEO_FORMAT_I420;
-    case AV_PIX_FMT_YUV422P:
-    case AV_PIX_FMT_YUVJ422P:
-      return GST_VIDEO_FORMAT_Y42B;
-    case AV_PIX_FMT_YUV444P:
-    case AV_PIX_FMT_YUVJ444P:
-      return GST_VIDEO_FORMAT_Y444;
-    case AV_PIX_FMT_GRAY8:
-      return GST_VIDEO_FORMAT_GRAY8;
-    case AV_PIX_FMT_NV12:
-      return GST_VIDEO_FORMAT_NV12;
-    case AV_PIX_FMT_YUV420P10LE:
-      return GST_VIDEO_FORMAT_I420_10LE;
-    case AV_PIX_FMT_YUV422P10LE:
-      return GST_VIDEO_FORMAT_I422_10LE;
-    case AV_PIX_FMT_YUV444P10LE:
-      return GST_VIDEO_FORMAT_Y444_10LE;
-    default:
-      return std::nullopt;
-  }
+  for (const NomsFormat& noms : kFormats)
+    if (noms.Av == formatAv) return noms.GStreamer;
+  return std::nullopt;
 }
 
-void AnnonceCouleurs(const AVFrame& trame, GstVideoColorimetry& couleurs) {
+void AnnonceCouleurs(const AVFrame& trame, GstVideoInfo& info) {
+  GstVideoColorimetry& couleurs = info.colorimetry;
+  if (GST_VIDEO_INFO_IS_RGB(&info)) {
+    gst_video_colorimetry_from_string(&couleurs, GST_VIDEO_COLORIMETRY_SRGB);
+    return;
+  }
   const bool pleine = trame.format == AV_PIX_FMT_YUVJ420P || trame.format == AV_PIX_FMT_YUVJ422P ||
                       trame.format == AV_PIX_FMT_YUVJ444P || trame.color_range == AVCOL_RANGE_JPEG;
   if (pleine) {

@@ -19,7 +19,7 @@ AVCodecID CodecDesCaps(const GstCaps* caps);                  ///< AV_CODEC_ID_N
 std::optional<GstVideoFormat> FormatGStreamer(int formatAv);  ///< of an AVPixelFormat; nothing for any other
 
 /// What the picture itself says of its range and matrix replaces what was assumed; what it does not say stays.
-void AnnonceCouleurs(const AVFrame& trame, GstVideoColorimetry& couleurs);
+void AnnonceCouleurs(const AVFrame& trame, GstVideoInfo& info);
 
 /// A buffer over the picture's own memory, which it takes over: `trame` is empty afterwards. Nothing is copied. Null
 /// without memory, or for a picture stored bottom up.

@@ -36,8 +36,20 @@ std::optional<BibliothequeLibav> Charge() {
       Trouve(codec, "av_packet_unref", b.av_packet_unref) && Trouve(codec, "av_new_packet", b.av_new_packet) &&
       Trouve(outils, "av_frame_alloc", b.av_frame_alloc) && Trouve(outils, "av_frame_free", b.av_frame_free) &&
       Trouve(outils, "av_frame_unref", b.av_frame_unref) && Trouve(outils, "av_frame_move_ref", b.av_frame_move_ref) &&
-      Trouve(outils, "av_mallocz", b.av_mallocz);
+      Trouve(outils, "av_frame_get_buffer", b.av_frame_get_buffer) &&
+      Trouve(outils, "av_frame_copy_props", b.av_frame_copy_props) &&
+      Trouve(outils, "av_pix_fmt_desc_get", b.av_pix_fmt_desc_get) && Trouve(outils, "av_mallocz", b.av_mallocz);
   if (!complete) return std::nullopt;
+  return b;
+}
+
+std::optional<BibliothequeSws> ChargeSws() {
+  void* echelle = Ouvre("libswscale", LIBSWSCALE_VERSION_MAJOR);
+  if (echelle == nullptr) return std::nullopt;
+  BibliothequeSws b{};
+  if (!Trouve(echelle, "sws_getCachedContext", b.sws_getCachedContext) || !Trouve(echelle, "sws_scale", b.sws_scale) ||
+      !Trouve(echelle, "sws_freeContext", b.sws_freeContext))
+    return std::nullopt;
   return b;
 }
 
@@ -45,6 +57,11 @@ std::optional<BibliothequeLibav> Charge() {
 
 const BibliothequeLibav* Libav() {
   static const std::optional<BibliothequeLibav> kBibliotheque = Charge();
+  return kBibliotheque ? &*kBibliotheque : nullptr;
+}
+
+const BibliothequeSws* Sws() {
+  static const std::optional<BibliothequeSws> kBibliotheque = ChargeSws();
   return kBibliotheque ? &*kBibliotheque : nullptr;
 }
 

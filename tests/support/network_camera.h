@@ -38,6 +38,8 @@ class CameraReseau {
   int Demandes() const { return Demandes_; }
   bool VuAutorisation() const { return Autorisation_; }
   std::atomic<Humeur> Etat = Humeur::kFilme;
+  /// Sends this file instead of pictures, whole and once. Before anybody connects.
+  void DonneFichier(const QByteArray& octets) { Fichier_ = octets; }
 
  private:
   void Ouvre() {
@@ -56,6 +58,11 @@ class CameraReseau {
     ++Demandes_;
     if (demande.contains("Authorization: Basic")) Autorisation_ = true;
     if (Etat == Humeur::kMuet) return;
+    if (!Fichier_.isEmpty()) {
+      client->write("HTTP/1.1 200 OK\r\nContent-Length: " + QByteArray::number(Fichier_.size()) + "\r\n\r\n" +
+                    Fichier_);
+      return;
+    }
     if (Etat == Humeur::kFouillis) {
       client->write("HTTP/1.1 200 OK\r\nContent-Type: text/plain\r\n\r\nno picture here, only words\n");
       client->disconnectFromHost();
@@ -89,6 +96,7 @@ class CameraReseau {
   }
 
   const QList<QByteArray> Images_;
+  QByteArray Fichier_;
   qsizetype Rang_ = 0;
   int Bruit_ = 0;
   QThread Fil_;

@@ -9,6 +9,10 @@
 
 namespace vaktor {
 
+/// Pixels of the largest picture that is looked at: a camera that announces more is damaged or means harm, and gets no
+/// memory for it. Far more than any camera has.
+inline constexpr qint64 kPixelsMaximum = 64'000'000;
+
 /// Whether the largest zone of such a picture, that of a simple click, has more samples than the detection can hold
 /// (engine/sampling.h): both of its edges are included. Not so for an empty size.
 bool EstTropGrande(QSize taille);

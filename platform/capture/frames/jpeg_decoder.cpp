@@ -5,11 +5,14 @@
 
 #include <cstring>
 
+#include "platform/capture/choice/fitted_size.h"
+
 namespace vaktor {
 namespace {
 
-constexpr qint64 kPixelsMaximum = 64'000'000;
 constexpr int kRemplissagesToleres = 10;
+// A progressive picture may ask for any number of passes over it: a few bytes each, and hours of work.
+constexpr int kDrapeaux = TJFLAG_LIMITSCANS;
 
 GstVideoFormat FormatDesPlans(int sousEchantillon) {
   switch (sousEchantillon) {
@@ -85,12 +88,13 @@ bool DecodeurJpeg::Decode(std::span<const quint8> jpeg, QImage& image) {
   // BGRA and not BGRX: the fourth byte is then promised to be 0xff. Chroma is spread without smoothing, which is a
   // sixth of the decoding; the detection reads every third pixel.
   return Juge(tjDecompress2(Turbo_, jpeg.data(), jpeg.size(), image.bits(), image.width(),
-                            static_cast<int>(image.bytesPerLine()), image.height(), TJPF_BGRA, TJFLAG_FASTUPSAMPLE));
+                            static_cast<int>(image.bytesPerLine()), image.height(), TJPF_BGRA,
+                            TJFLAG_FASTUPSAMPLE | kDrapeaux));
 }
 
 bool DecodeurJpeg::DecodePlans(std::span<const quint8> jpeg, std::array<quint8*, 3> plans) {
   std::array<int, 3> pas{Plans_.Plan[0].Pas, Plans_.Plan[1].Pas, Plans_.Plan[2].Pas};
-  return Juge(tjDecompressToYUVPlanes(Turbo_, jpeg.data(), jpeg.size(), plans.data(), 0, pas.data(), 0, 0));
+  return Juge(tjDecompressToYUVPlanes(Turbo_, jpeg.data(), jpeg.size(), plans.data(), 0, pas.data(), 0, kDrapeaux));
 }
 
 bool DecodeurJpeg::Juge(int resultat) {

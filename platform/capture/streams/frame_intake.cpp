@@ -37,6 +37,7 @@ ReceptionImages::ReceptionImages(DerniereImage& fraiche, Options options)
 GstElement* ReceptionImages::FabriquePuits() {
   GstElement* puits = gst_element_factory_make("appsink", nullptr);
   if (puits == nullptr) return nullptr;
+  Forme_ = FormeImage();
   const PtrGst<GstCaps> caps = CapsAcceptes();
   g_object_set(puits, "caps", caps.get(), "sync", Options_.ALHeure ? TRUE : FALSE, "max-buffers", 1U, "qos", FALSE,
                "enable-last-sample", FALSE, "wait-on-eos", FALSE, nullptr);
@@ -45,7 +46,19 @@ GstElement* ReceptionImages::FabriquePuits() {
   gst_app_sink_set_callbacks(GST_APP_SINK(puits), &rappels, this, nullptr);
   const PtrGst<GstPad> entree(gst_element_get_static_pad(puits, "sink"));
   gst_pad_add_probe(entree.get(), GST_PAD_PROBE_TYPE_QUERY_DOWNSTREAM, PrometMetaVideo, nullptr, nullptr);
+  gst_pad_add_probe(entree.get(), GST_PAD_PROBE_TYPE_EVENT_DOWNSTREAM, SuitEtiquettes, this, nullptr);
   return puits;
+}
+
+// How a film is to be held stands in its header, and comes as a tag before the first picture, on the thread of the
+// pictures.
+GstPadProbeReturn ReceptionImages::SuitEtiquettes(GstPad*, GstPadProbeInfo* info, gpointer moi) {
+  GstEvent* evenement = GST_PAD_PROBE_INFO_EVENT(info);
+  if (GST_EVENT_TYPE(evenement) != GST_EVENT_TAG) return GST_PAD_PROBE_OK;
+  GstTagList* etiquettes = nullptr;
+  gst_event_parse_tag(evenement, &etiquettes);
+  gst_video_orientation_from_tag(etiquettes, &static_cast<ReceptionImages*>(moi)->Forme_.Orientation);
+  return GST_PAD_PROBE_OK;
 }
 
 GstFlowReturn ReceptionImages::Recoit(GstAppSink* puits) {
@@ -82,6 +95,8 @@ void ReceptionImages::LitCaps(GstCaps* caps) {
   Format_.Codage = Options_.Codage.isEmpty() ? CodageDesCaps(caps) : Options_.Codage;
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   gst_structure_get_fraction(structure, "framerate", &Format_.CadenceNum, &Format_.CadenceDen);
+  Forme_.PixelNum = Forme_.PixelDen = 1;
+  gst_structure_get_fraction(structure, "pixel-aspect-ratio", &Forme_.PixelNum, &Forme_.PixelDen);
   GstVideoInfo info;
   if (gst_structure_has_name(structure, "video/x-raw") && gst_video_info_from_caps(&info, caps)) Brut_ = info;
   Caps_.reset(gst_caps_ref(caps));
@@ -93,20 +108,33 @@ void ReceptionImages::Espace(const GstBuffer* tampon) {
   Derniere_ = DerniereImage::Horloge::now();
 }
 
+// As it is looked at, and no larger than the detection can hold.
+QSize ReceptionImages::Retenue(QSize taille) const { return TailleRetenue(Forme_.Carree(taille)); }
+
+// A device can still write into its buffer: the picture that is decoded would not be the one whose header was read, and
+// its planes too small for it. So it is looked at in a copy.
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
+  if (tampon->pool != nullptr) {
+    if (!Agrandis(Copie_, gst_buffer_get_size(tampon))) return;
+    Copie_.resize(gst_buffer_extract(tampon, 0, Copie_.data(), Copie_.size()));
+    return TraiteJpeg(std::span<const quint8>(Copie_));
+  }
   GstMapInfo octets;
   if (!gst_buffer_map(tampon, &octets, GST_MAP_READ)) return;
   const auto rend = qScopeGuard([&] { gst_buffer_unmap(tampon, &octets); });
-  const std::span<const quint8> jpeg(octets.data, octets.size);
+  TraiteJpeg(std::span<const quint8>(octets.data, octets.size));
+}
+
+void ReceptionImages::TraiteJpeg(std::span<const quint8> jpeg) {
   const QSize taille = Jpeg_.Taille(jpeg);
   if (!taille.isEmpty()) Livre(DecodeJpeg(jpeg, taille), taille);
 }
 
 ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg, QSize taille) {
-  if (Jpeg_.PlansDeLImage().Format == GST_VIDEO_FORMAT_UNKNOWN) {
+  if (Jpeg_.PlansDeLImage().Format == GST_VIDEO_FORMAT_UNKNOWN || !Forme_.EstDroite()) {
     return FaisImage(taille, [&](QImage& image) { return Jpeg_.Decode(jpeg, image); });
   }
-  const QSize retenue = TailleRetenue(taille);
+  const QSize retenue = Retenue(taille);
   if (retenue != taille) {
     // Not while it is decoded, which TurboJPEG could do: it has nothing quick for these ratios, and decoding less of
     // the picture takes longer than decoding all of it.
@@ -120,11 +148,12 @@ ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg, QSize tail
 
 // A buffer out of a pool is a device's or another element's, who may have few of them and wait for this one: its
 // picture is made at once. Any other with planes is kept as it is for as long as the frame is in use. One that is too
-// large is scaled down now, whosever it is: nobody ever needs the rest of it, and the decoder gets its memory back.
+// large, or whose pixels are not square, is scaled now, whosever it is: nobody ever needs the rest of it, and the
+// decoder gets its memory back.
 void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
   const QSize taille(GST_VIDEO_INFO_WIDTH(&*Brut_), GST_VIDEO_INFO_HEIGHT(&*Brut_));
-  const QSize retenue = TailleRetenue(taille);
-  const bool planaire = EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_));
+  const QSize retenue = Retenue(taille);
+  const bool planaire = EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_)) && Forme_.EstDroite();
   if (planaire && tampon->pool == nullptr && retenue == taille) return Livre(GardePlans(tampon), taille);
   GstVideoFrame trame;
   if (!gst_video_frame_map(&trame, &*Brut_, tampon, GST_MAP_READ)) return;
@@ -147,15 +176,23 @@ ImageCamera ReceptionImages::ReduitPlans(const PlansImage& plans, QSize retenue)
   return ImageCamera(trame);
 }
 
-// A picture of pixels that `fait` makes in this size, scaled down where it is too large.
+// A picture of pixels that `fait` makes in this size; put upright, and scaled where it is too large or its pixels are
+// not square. Turned films go this way whatever they are stored in: there are few of them, and planes of colour that
+// are halved in width only would be halved in height only, for which there is no name.
 template <typename Fait>
 ImageCamera ReceptionImages::FaisImage(QSize taille, const Fait& fait) {
-  const QSize retenue = TailleRetenue(taille);
-  QImage* entiere = (retenue == taille ? Reserve_ : Grandes_).Prend(taille);
-  if (entiere == nullptr || !fait(*entiere)) return {};
-  if (retenue == taille) return ImageCamera(*entiere);
-  QImage* reduite = Reserve_.Prend(retenue);
-  return reduite != nullptr && ReduitImage(*entiere, *reduite) ? ImageCamera(*reduite) : ImageCamera();
+  const QSize retenue = Retenue(taille);
+  const bool entier = retenue == taille;
+  QImage* image = (entier && Forme_.EstDroite() ? Reserve_ : Grandes_).Prend(taille);
+  if (image == nullptr || !fait(*image)) return {};
+  if (!Forme_.EstDroite()) {
+    QImage* droite = (entier ? Reserve_ : Tournees_).Prend(Forme_.Debout(taille));
+    if (droite == nullptr || !RedresseImage(*image, Forme_.Orientation, *droite)) return {};
+    image = droite;
+  }
+  if (entier) return ImageCamera(*image);
+  QImage* reduite = Reserve_.Prend(Forme_.Debout(retenue));
+  return reduite != nullptr && ReduitImage(*image, *reduite) ? ImageCamera(*reduite) : ImageCamera();
 }
 
 // The size told is that of the source, which the dialogs and a later opening ask it for, and not the one it may have

@@ -9,6 +9,7 @@
 
 #include "platform/capture/frames/jpeg_decoder.h"
 #include "platform/capture/frames/newest_frame.h"
+#include "platform/capture/frames/picture_shape.h"
 #include "platform/capture/frames/plane_frame.h"
 #include "platform/capture/streams/gst_setup.h"
 
@@ -33,6 +34,7 @@ class ReceptionImages {
   GstFlowReturn Recoit(GstAppSink* puits);
   void Traite(GstSample* echantillon);
   void TraiteJpeg(GstBuffer* tampon);
+  void TraiteJpeg(std::span<const quint8> jpeg);
   ImageCamera DecodeJpeg(std::span<const quint8> jpeg, QSize taille);
   void TraiteBrut(GstBuffer* tampon);
   ImageCamera GardePlans(GstBuffer* tampon);
@@ -40,6 +42,8 @@ class ReceptionImages {
   template <typename Fait>
   ImageCamera FaisImage(QSize taille, const Fait& fait);
   void LitCaps(GstCaps* caps);
+  QSize Retenue(QSize taille) const;
+  static GstPadProbeReturn SuitEtiquettes(GstPad* pad, GstPadProbeInfo* info, gpointer moi);
   void Espace(const GstBuffer* tampon);
   void Livre(const ImageCamera& image, QSize taille);
 
@@ -47,8 +51,11 @@ class ReceptionImages {
   const Options Options_;
   ReserveImages Reserve_;
   ReserveTrames Trames_;
-  ReserveImages Grandes_;  // pictures that are too large, before they are scaled
-  PlansPropres Grands_;    // the same of a JPEG picture
+  ReserveImages Grandes_;   // pictures before they are turned and scaled
+  ReserveImages Tournees_;  // turned, before they are scaled
+  PlansPropres Grands_;     // a JPEG picture before it is scaled
+  std::vector<quint8> Copie_;
+  FormeImage Forme_;
   DecodeurJpeg Jpeg_;
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;

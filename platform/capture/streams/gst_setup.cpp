@@ -3,9 +3,13 @@
 
 #include <gst/gst.h>
 
+#include <algorithm>
+#include <array>
 #include <cstring>
+#include <span>
 
 #include "platform/capture/choice/codings.h"
+#include "platform/capture/choice/fitted_size.h"
 #include "platform/libav/libav_decoder.h"
 
 namespace vaktor {
@@ -49,12 +53,43 @@ gboolean Continue(GstElement*, GstPad*, GstCaps* caps, gpointer) {
   return TRUE;
 }
 
-bool EstLeNotre(GstElementFactory* fabrique) { return std::strcmp(GST_OBJECT_NAME(fabrique), "vaktorlibav") == 0; }
+bool EstParmi(const GstStructure* structure, std::span<const char* const> noms) {
+  return std::any_of(noms.begin(), noms.end(),
+                     [&](const char* nom) { return gst_structure_has_name(structure, nom) != FALSE; });
+}
 
-// VP9 hides frames within frames, which our own element does not take apart.
-int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gpointer sansLibav) {
-  const bool vp9 = gst_structure_has_name(gst_caps_get_structure(caps, 0), "video/x-vp9") != FALSE;
-  if (EstLeNotre(fabrique) && (vp9 || sansLibav != nullptr)) return kPasse;
+// They name other addresses, which would be fetched.
+bool EstListe(const GstStructure* structure) {
+  static constexpr std::array kListes = {"application/x-hls", "application/dash+xml", "application/vnd.ms-sstr+xml",
+                                         "application/sdp", "text/uri-list"};
+  return EstParmi(structure, kListes);
+}
+
+// Codings and what they are packed in. Of "video/mpeg" the fourth version only, and not what films are packed in.
+bool EstDeCamera(const GstStructure* structure) {
+  static constexpr std::array kDeCameras = {
+      "image/jpeg",      "video/x-h264",     "video/x-h265",      "video/x-vp8",
+      "video/x-vp9",     "video/x-av1",      "application/x-rtp", "multipart/x-mixed-replace",
+      "video/quicktime", "video/x-matroska", "video/webm",        "video/mpegts"};
+  int version = 0;
+  if (gst_structure_has_name(structure, "video/mpeg")) {
+    return gst_structure_get_int(structure, "mpegversion", &version) != FALSE && version == 4;
+  }
+  return EstParmi(structure, kDeCameras);
+}
+
+bool EstPourNous(GstElementFactory* fabrique, const GstCaps* caps) {
+  static GstElementFactory* const kNotre = gst_element_factory_find("vaktorlibav");
+  if (kNotre == nullptr || fabrique == kNotre || gst_element_factory_can_sink_any_caps(kNotre, caps) == FALSE) {
+    return false;
+  }
+  return gst_element_factory_list_is_type(fabrique, GST_ELEMENT_FACTORY_TYPE_DECODER) != FALSE;
+}
+
+int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gpointer reseau) {
+  const GstStructure* structure = gst_caps_get_structure(caps, 0);
+  if (EstListe(structure) || (reseau != nullptr && !EstDeCamera(structure))) return kPasse;
+  if (EstPourNous(fabrique, caps)) return kPasse;
   const char* classe = gst_element_factory_get_metadata(fabrique, GST_ELEMENT_METADATA_KLASS);
   return classe != nullptr && std::strstr(classe, "Hardware") != nullptr ? kPasse : kEssaie;
 }
@@ -64,6 +99,7 @@ int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gp
 // full.
 void RegleElement(GstBin*, GstElement* element, gpointer) {
   if (EstDeFabrique(element, "multipartdemux")) g_object_set(element, "single-stream", TRUE, nullptr);
+  if (EstDeFabrique(element, "vaktorlibav")) g_object_set(element, "max-pixels", gint64{kPixelsMaximum}, nullptr);
   for (const char* propriete : {"max-threads", "threads", "n-threads"}) {
     const GParamSpec* sorte = g_object_class_find_property(G_OBJECT_GET_CLASS(element), propriete);
     if (sorte == nullptr || (sorte->flags & G_PARAM_WRITABLE) == 0) continue;
@@ -73,9 +109,9 @@ void RegleElement(GstBin*, GstElement* element, gpointer) {
 
 }  // namespace
 
-void ChoisitDecodeurs(GstElement* decodebin, bool avecLibav) {
+void ChoisitDecodeurs(GstElement* decodebin, bool reseau) {
   g_signal_connect(decodebin, "autoplug-continue", G_CALLBACK(Continue), nullptr);
-  g_signal_connect(decodebin, "autoplug-select", G_CALLBACK(Choisit), avecLibav ? nullptr : decodebin);
+  g_signal_connect(decodebin, "autoplug-select", G_CALLBACK(Choisit), reseau ? decodebin : nullptr);
   g_signal_connect(decodebin, "element-added", G_CALLBACK(RegleElement), nullptr);
 }
 

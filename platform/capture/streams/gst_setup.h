@@ -28,10 +28,12 @@ using PtrGst = std::unique_ptr<T, RendGst>;
 /// this is when they are looked through (seconds).
 bool PrepareGStreamer();
 
-/// Tells a decodebin: pictures only (no sound, no text); JPEG stays as it is; software decoders only, each with a
-/// single thread of its own, since what hardware decodes lies in memory from which a frame costs more to fetch.
-/// `avecLibav`: our own decoder (platform/libav) first, where it knows the coding.
-void ChoisitDecodeurs(GstElement* decodebin, bool avecLibav);
+/// Tells a decodebin: pictures only (no sound, no text), and no playlists; JPEG stays as it is; what our own decoder
+/// knows (platform/libav) is decoded by it and by nobody else, since it alone keeps to the limits that are set for it;
+/// software decoders only, each with a single thread of its own, since what hardware decodes lies in memory from which
+/// a frame costs more to fetch. `reseau`: nothing but what network cameras send. Whoever can make a camera's address
+/// answer would else choose among all that is installed here for reading films.
+void ChoisitDecodeurs(GstElement* decodebin, bool reseau);
 
 bool EstDeFabrique(GstElement* element, const char* nom);
 bool EstVideo(const GstCaps* caps);  ///< raw video or JPEG

@@ -96,7 +96,7 @@ GstElement* FluxGStreamer::Ajoute(const char* fabrique) {
 GstElement* FluxGStreamer::AjouteDecodage() {
   GstElement* decodage = Ajoute("decodebin");
   if (decodage == nullptr) return nullptr;
-  ChoisitDecodeurs(decodage, !SansLibav_);
+  ChoisitDecodeurs(decodage, Demande_.Source.Genre == GenreSource::kReseau);
   g_signal_connect(decodage, "pad-added", G_CALLBACK(RelieDecode), this);
   g_signal_connect(decodage, "element-added", G_CALLBACK(RemarqueDemultiplexeur), this);
   return decodage;
@@ -236,15 +236,13 @@ FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message, const std::st
   }
 }
 
-// A format that our own decoder has no name for: GStreamer's know more of them. It is found out with the first picture,
-// since a stream that tells its format beforehand is the exception.
+// A film or a camera that our own decoder refuses: of too many pixels, or of a format that nothing reads.
 FluxImages::Etat FluxGStreamer::TraiteErreur(GstMessage* message) {
   GError* lue = nullptr;
   gst_message_parse_error(message, &lue, nullptr);
   const std::unique_ptr<GError, decltype(&g_error_free)> erreur(lue, g_error_free);
-  if (SansLibav_ || !g_error_matches(erreur.get(), GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT)) return Etat::kErreur;
-  SansLibav_ = true;
-  return Recommence();
+  if (g_error_matches(erreur.get(), GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT)) SansDecodeur_ = true;
+  return Etat::kErreur;
 }
 
 FluxImages::Etat FluxGStreamer::Recommence() {

@@ -70,7 +70,6 @@ class FluxGStreamer : public FluxImages {
   bool EnBoucle_ = false;
   // Found out by an opening, for the next one.
   bool SansBoucle_ = false;
-  bool SansLibav_ = false;
   bool SansDecodeur_ = false;
 };
 

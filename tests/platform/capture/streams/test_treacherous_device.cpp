@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A device that writes into its buffer while it is looked at.
+#include <gst/app/gstappsrc.h>
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstring>
+#include <thread>
+
+#include "platform/capture/frames/jpeg_of_test.h"
+#include "platform/capture/streams/frame_intake.h"
+
+namespace vaktor {
+namespace {
+
+constexpr gsize kOctets = 64 * 1024;
+
+QByteArray Jpeg(QSize taille) {
+  QImage image(taille, QImage::Format_RGB32);
+  image.fill(QColor(90, 120, 60));
+  QByteArray jpeg =
+      faux::CompresseJpeg(image.constBits(), taille, static_cast<int>(image.bytesPerLine()), TJPF_BGRX, TJSAMP_420, 80);
+  EXPECT_LE(static_cast<gsize>(jpeg.size()), kOctets);
+  return jpeg.leftJustified(static_cast<qsizetype>(kOctets), '\0');
+}
+
+GstBufferPool* Reserve() {
+  GstBufferPool* reserve = gst_buffer_pool_new();
+  GstStructure* config = gst_buffer_pool_get_config(reserve);
+  gst_buffer_pool_config_set_params(config, nullptr, kOctets, 1, 0);
+  gst_buffer_pool_set_config(reserve, config);
+  gst_buffer_pool_set_active(reserve, TRUE);
+  return reserve;
+}
+
+// A header of few pixels, and many a moment later: planes made for the header would be too small for the picture. Each
+// round has an intake of its own, since memory once taken stays.
+TEST(AppareilPerfide, ChangesNoPictureThatIsBeingDecoded) {
+  ASSERT_TRUE(PrepareGStreamer());
+  const QByteArray petite = Jpeg({16, 16});
+  const QByteArray grande = Jpeg({800, 600});
+  GstBufferPool* reserve = Reserve();
+  for (int tour = 0; tour < 400; ++tour) {
+    GstBuffer* tampon = nullptr;
+    ASSERT_EQ(gst_buffer_pool_acquire_buffer(reserve, &tampon, nullptr), GST_FLOW_OK);
+    GstMapInfo vue;
+    ASSERT_TRUE(gst_buffer_map(tampon, &vue, GST_MAP_WRITE));
+    guint8* appareil = vue.data;
+    std::memcpy(appareil, petite.constData(), kOctets);
+    gst_buffer_unmap(tampon, &vue);
+
+    DerniereImage derniere;
+    ReceptionImages reception(derniere, {});
+    GstElement* pipeline = gst_pipeline_new(nullptr);
+    GstElement* source = gst_element_factory_make("appsrc", nullptr);
+    const PtrGst<GstCaps> caps(gst_caps_from_string("image/jpeg"));
+    g_object_set(source, "caps", caps.get(), nullptr);
+    GstElement* puits = reception.FabriquePuits();
+    gst_bin_add_many(GST_BIN(pipeline), source, puits, nullptr);
+    gst_element_link(source, puits);
+    gst_element_set_state(pipeline, GST_STATE_PLAYING);
+    gst_app_src_push_buffer(GST_APP_SRC(source), tampon);
+    const auto quand = std::chrono::steady_clock::now() + std::chrono::microseconds(tour);
+    while (std::chrono::steady_clock::now() < quand) std::this_thread::yield();
+    std::memcpy(appareil, grande.constData(), kOctets);
+    gst_app_src_end_of_stream(GST_APP_SRC(source));
+    for (int i = 0; i < 2000 && !gst_app_sink_is_eos(GST_APP_SINK(puits)); ++i)
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    gst_element_set_state(pipeline, GST_STATE_NULL);
+    gst_object_unref(pipeline);
+    const DerniereImage::Arrivee arrivee = derniere.Prend(0);
+    if (arrivee.Numero > 0) {
+      const QSize taille = arrivee.Image.Entiere().size();
+      EXPECT_TRUE(taille == QSize(16, 16) || taille == QSize(800, 600));
+    }
+  }
+  gst_buffer_pool_set_active(reserve, FALSE);
+  gst_object_unref(reserve);
+}
+
+}  // namespace
+}  // namespace vaktor
