@@ -16,6 +16,7 @@ bool AUnControle(const QString& texte) {
 ManqueAcces ChercheManque(const AdresseServeur& adresse, const AccesFtp& acces) {
   if (adresse.Hote.isEmpty()) return ManqueAcces::kServeur;
   if (!adresse.Valable) return ManqueAcces::kAdresse;
+  if (adresse.Web) return ManqueAcces::kWeb;
   if (acces.Utilisateur.isEmpty()) return ManqueAcces::kUtilisateur;
   if (acces.MotDePasse.isEmpty()) return ManqueAcces::kMotDePasse;
   const bool signe = AUnControle(acces.Utilisateur) || AUnControle(acces.MotDePasse) || AUnControle(acces.Dossier);
@@ -26,7 +27,8 @@ ManqueAcces ChercheManque(const AdresseServeur& adresse, const AccesFtp& acces) 
 
 AccesLu LitAcces(const Parametres& valeurs) {
   const AdresseServeur adresse = LitAdresseServeur(valeurs.AdresseFtp);
-  AccesLu lu{{adresse.Hote, adresse.Port, valeurs.UtilisateurFtp, valeurs.MotDePasseFtp, valeurs.RepertoireFtp}};
+  AccesLu lu{{adresse.Hote, adresse.Port, valeurs.UtilisateurFtp, valeurs.MotDePasseFtp, valeurs.RepertoireFtp,
+              adresse.Protocole}};
   lu.Manque = ChercheManque(adresse, lu.Acces);
   return lu;
 }

@@ -12,6 +12,7 @@ enum class ManqueAcces {
   kRien,
   kServeur,      ///< no address
   kAdresse,      ///< an address that is none: a bad port, characters that no host name has
+  kWeb,          ///< an address of the web: WebDAV, perhaps, which is not spoken here
   kUtilisateur,  ///< no user name
   kMotDePasse,   ///< no password
   kSigne         ///< a line break or the like, which would become a command to the server

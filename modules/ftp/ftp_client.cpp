@@ -4,6 +4,7 @@
 #include <curl/curl.h>
 #include <netdb.h>
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QScopeGuard>
 #include <QThread>
@@ -15,6 +16,7 @@
 #include <exception>
 
 #include "base/jpeg_end.h"
+#include "modules/ftp/ftp_commands.h"
 #include "modules/ftp/ftp_failure.h"
 #include "modules/ftp/server_address.h"
 
@@ -27,6 +29,7 @@ constexpr unsigned long kPauseLecture = 20;  // milliseconds
 constexpr int kServiceFerme = 421;           // RFC 959: the server closes the connection
 constexpr int kPasDeDonnees = 425;           // no data connection
 constexpr int kInconnue = 500;               // not understood, or something is wrong with the server itself
+constexpr long kAdieu = 1;                   // seconds for the answer to our farewell
 constexpr long kGarde = 86400;               // seconds for which an idle connection is taken again
 
 struct Liste {
@@ -73,6 +76,9 @@ struct ClientFtp::Conversation {
   const std::function<bool()>& Arret;
   qsizetype Position = 0;
   std::array<char, CURL_ERROR_SIZE> Erreur{};
+  bool Chiffre = false;
+  QString CleVoulue = {};  // empty: any
+  QString CleVue = {};
 
   static size_t Donne(char* tampon, size_t taille, size_t nombre, void* donnee) {
     auto* c = static_cast<Conversation*>(donnee);
@@ -85,10 +91,24 @@ struct ClientFtp::Conversation {
     const auto* c = static_cast<Conversation*>(donnee);
     return c->Arret && c->Arret() ? 1 : 0;
   }
+  /// The key of an SSH server: the first one is taken, and from then on no other.
+  static int JugeCle(void* donnee, int /*genre*/, const char* cle, size_t taille) {
+    auto* c = static_cast<Conversation*>(donnee);
+    try {
+      const QByteArray empreinte =
+          QCryptographicHash::hash(QByteArray(cle, static_cast<qsizetype>(taille)), QCryptographicHash::Sha256);
+      c->CleVue = QStringLiteral("SHA256:") + QString::fromLatin1(empreinte.toBase64(QByteArray::OmitTrailingEquals));
+      c->Dialogue.NoteCle(c->CleVue);
+      return c->CleVoulue.isEmpty() || c->CleVoulue == c->CleVue ? CURLKHMATCH_OK : CURLKHMATCH_MISMATCH;
+    } catch (const std::exception&) {
+      return CURLKHMATCH_MISMATCH;  // want of memory: nobody is trusted for that
+    }
+  }
   static int Ecoute(CURL* /*poignee*/, curl_infotype genre, char* texte, size_t taille, void* donnee) {
     auto* c = static_cast<Conversation*>(donnee);
     try {
       const QByteArray bloc(texte, static_cast<qsizetype>(taille));
+      if (genre == CURLINFO_SSL_DATA_OUT) c->Chiffre = true;  // what TLS itself sends: there is none without it
       if (genre == CURLINFO_HEADER_IN) c->Dialogue.NoteReponse(bloc);
       if (genre == CURLINFO_HEADER_OUT) c->Dialogue.NoteCommande(bloc);
     } catch (const std::exception&) {
@@ -103,12 +123,15 @@ QByteArray CreeUrlFtp(const AccesFtp& acces, const QString& nom) {
   QString chemin = acces.Dossier.trimmed();
   chemin.replace(QLatin1Char('\\'), QLatin1Char('/'));
   const bool racine = chemin.startsWith(QLatin1Char('/'));
-  QByteArray encode = racine ? "%2F" : "";
+  const bool sftp = acces.Protocole == ProtocoleFtp::kSftp;
+  // Over SSH the path begins at the server's root, and "~" is the folder one arrives in.
+  QByteArray encode = sftp ? (racine ? "" : "~/") : racine ? "%2F" : "";
   for (const QString& partie : chemin.split(QLatin1Char('/'), Qt::SkipEmptyParts))
     encode += QUrl::toPercentEncoding(partie) + '/';
   QByteArray hote = acces.Hote.toUtf8();
   if (hote.contains(':')) hote = '[' + hote.replace("%", "%25") + ']';
-  return "ftp://" + hote + ':' + QByteArray::number(acces.Port) + '/' + encode + QUrl::toPercentEncoding(nom);
+  const char* schema = sftp ? "sftp://" : acces.Protocole == ProtocoleFtp::kFtpImplicite ? "ftps://" : "ftp://";
+  return schema + hote + ':' + QByteArray::number(acces.Port) + '/' + encode + QUrl::toPercentEncoding(nom);
 }
 
 ClientFtp::ClientFtp(OptionsClient options) : Options_(std::move(options)) {
@@ -127,6 +150,7 @@ ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurE
                                std::function<bool()> arret) {
   Arret_ = std::move(arret);
   if (travail.Acces.Hote != Acces_.Hote || travail.Acces.Port != Acces_.Port) RenommeParDessus_ = TlsBorne_ = true;
+  if (travail.Acces.Protocole == ProtocoleFtp::kSftp) RenommeParDessus_ = false;
   Acces_ = travail.Acces;
   switch (travail.Genre) {
     case GenreTravail::kConnexion:
@@ -139,13 +163,18 @@ ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurE
     case GenreTravail::kPage:
       return Publie(travail, travail.Contenu);
     case GenreTravail::kTaille:
-      return Parle(travail, nullptr, {QStringLiteral("SIZE ") + travail.Nom}, {});
+      return Parle(travail, nullptr, CommandesTaille(travail), {});
     case GenreTravail::kEfface:
-      return Parle(travail, nullptr, {QStringLiteral("DELE ") + travail.Nom}, {});
+      return Parle(travail, nullptr, {CommandeEfface(travail, travail.Nom)}, {});
+    case GenreTravail::kNettoie: {
+      QStringList commandes;
+      for (const QString& nom : travail.Noms) commandes += u'*' + CommandeEfface(travail, nom);
+      return Parle(travail, nullptr, commandes, {});
+    }
     case GenreTravail::kSigne:
       break;
   }
-  return Parle(travail, nullptr, {QStringLiteral("NOOP")}, {});
+  return Parle(travail, nullptr, {CommandeSigne(travail)}, {});
 }
 
 ResultatFtp ClientFtp::Connecte(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape) {
@@ -154,7 +183,8 @@ ResultatFtp ClientFtp::Connecte(const TravailFtp& travail, const OuvrierFtp::Sur
     ResultatFtp nom = JugeNom(travail.Acces.Hote);
     if (nom.Issue != IssueFtp::kReussi) return nom;
   }
-  ConnexionNeuve_ = true;
+  ConnexionNeuve_ = ConnexionDemandee_ = true;
+  const auto demandee = qScopeGuard([this] { ConnexionDemandee_ = false; });
   ResultatFtp resultat = Parle(travail, nullptr, {}, etape);
   if (resultat.Precision != PrecisionFtp::kTls || !TlsBorne_) return resultat;
   TlsBorne_ = false;  // perhaps it speaks nothing older
@@ -169,8 +199,7 @@ ResultatFtp ClientFtp::Publie(const TravailFtp& travail, const QByteArray& conte
     ResultatFtp envoi = Parle(provisoire, &contenu, {}, {});
     return envoi.Issue == IssueFtp::kReussi ? Renomme(travail, provisoire.Nom) : envoi;
   }
-  ResultatFtp envoi = Parle(provisoire, &contenu,
-                            {QStringLiteral("RNFR ") + provisoire.Nom, QStringLiteral("RNTO ") + travail.Nom}, {});
+  ResultatFtp envoi = Parle(provisoire, &contenu, CommandesRenomme(travail, provisoire.Nom), {});
   if (envoi.Issue != IssueFtp::kRefus || !QuoteRefusee_) return envoi;
   ResultatFtp secours = Renomme(travail, provisoire.Nom);
   if (secours.Issue == IssueFtp::kReussi) RenommeParDessus_ = false;
@@ -180,9 +209,19 @@ ResultatFtp ClientFtp::Publie(const TravailFtp& travail, const QByteArray& conte
 ResultatFtp ClientFtp::Renomme(const TravailFtp& travail, const QString& provisoire) {
   // The star: a file that is not there cannot be deleted, and need not be.
   return Parle(travail, nullptr,
-               {QStringLiteral("*DELE ") + travail.Nom, QStringLiteral("RNFR ") + provisoire,
-                QStringLiteral("RNTO ") + travail.Nom},
-               {});
+               QStringList(u'*' + CommandeEfface(travail, travail.Nom)) + CommandesRenomme(travail, provisoire), {});
+}
+
+// A rehearsal follows what lies on the server by what is said there.
+void ClientFtp::Raconte(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes,
+                        bool fait) const {
+  if (travail.Acces.Protocole != ProtocoleFtp::kSftp || !Options_.Suivi) return;
+  if (contenu != nullptr) Options_.Suivi("STOR", fait ? "226 SFTP: stored" : "150 SFTP: storing");
+  if (!fait) return;
+  for (const QString& commande : commandes) {
+    if (commande.startsWith(QLatin1String("rename "))) Options_.Suivi("RNTO", "250 SFTP: renamed");
+    if (commande.startsWith(QLatin1String("rm "))) Options_.Suivi("DELE", "250 SFTP: deleted");
+  }
 }
 
 void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, const QByteArray* contenu) {
@@ -191,8 +230,11 @@ void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, con
   RegleAcces(travail, contenu == nullptr ? QString() : travail.Nom);
   RegleConnexion();
   RegleConversation(conversation);
+  RegleProtocole(travail, conversation);
   if (contenu == nullptr) {
-    curl_easy_setopt(Poignee_, CURLOPT_NOBODY, 1L);
+    // Over SSH only a look into the folder tells whether it is there.
+    const bool regarde = travail.Acces.Protocole == ProtocoleFtp::kSftp && travail.Genre == GenreTravail::kConnexion;
+    curl_easy_setopt(Poignee_, regarde ? CURLOPT_DIRLISTONLY : CURLOPT_NOBODY, 1L);
     return;
   }
   curl_easy_setopt(Poignee_, CURLOPT_UPLOAD, 1L);
@@ -204,15 +246,31 @@ void ClientFtp::Regle(const TravailFtp& travail, Conversation& conversation, con
 void ClientFtp::RegleAcces(const TravailFtp& travail, const QString& nom) {
   CURL* p = Poignee_;
   curl_easy_setopt(p, CURLOPT_URL, CreeUrlFtp(travail.Acces, nom).constData());
-  curl_easy_setopt(p, CURLOPT_PROTOCOLS_STR, "ftp");
+  curl_easy_setopt(p, CURLOPT_PATH_AS_IS, 1L);  // "../www" is for the server to understand
   curl_easy_setopt(p, CURLOPT_USERNAME, travail.Acces.Utilisateur.toUtf8().constData());
   curl_easy_setopt(p, CURLOPT_PASSWORD, travail.Acces.MotDePasse.toUtf8().constData());
   curl_easy_setopt(p, CURLOPT_PROXY, "");
-  curl_easy_setopt(p, CURLOPT_USE_SSL, static_cast<long>(CURLUSESSL_TRY));
   if (TlsBorne_) curl_easy_setopt(p, CURLOPT_SSLVERSION, static_cast<long>(CURL_SSLVERSION_MAX_TLSv1_2));
   if (!Options_.FichierAutorites.isEmpty())
     curl_easy_setopt(p, CURLOPT_CAINFO, QFile::encodeName(Options_.FichierAutorites).constData());
   curl_easy_setopt(p, CURLOPT_FTP_FILEMETHOD, static_cast<long>(CURLFTPMETHOD_SINGLECWD));
+}
+
+void ClientFtp::RegleProtocole(const TravailFtp& travail, Conversation& conversation) {
+  CURL* p = Poignee_;
+  const AccesFtp& acces = travail.Acces;
+  if (acces.Protocole == ProtocoleFtp::kSftp) {
+    conversation.CleVoulue = acces.CleHote;
+    curl_easy_setopt(p, CURLOPT_PROTOCOLS_STR, "sftp");
+    curl_easy_setopt(p, CURLOPT_SSH_AUTH_TYPES, static_cast<long>(CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD));
+    curl_easy_setopt(p, CURLOPT_SSH_HOSTKEYFUNCTION, Conversation::JugeCle);
+    curl_easy_setopt(p, CURLOPT_SSH_HOSTKEYDATA, &conversation);
+    return;
+  }
+  const bool implicite = acces.Protocole == ProtocoleFtp::kFtpImplicite;
+  curl_easy_setopt(p, CURLOPT_PROTOCOLS_STR, implicite ? "ftps" : "ftp");
+  curl_easy_setopt(p, CURLOPT_USE_SSL,
+                   static_cast<long>(implicite || acces.TlsExige ? CURLUSESSL_ALL : CURLUSESSL_TRY));
 }
 
 void ClientFtp::RegleConnexion() {
@@ -249,13 +307,19 @@ ResultatFtp ClientFtp::Parle(const TravailFtp& travail, const QByteArray* conten
   const auto remet = qScopeGuard([this] {
     curl_easy_reset(Poignee_);
     curl_easy_setopt(Poignee_, CURLOPT_NOSIGNAL, 1L);
+    curl_easy_setopt(Poignee_, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAdieu);
   });
+  Raconte(travail, contenu, commandes, false);
   Regle(travail, conversation, contenu);
   curl_easy_setopt(Poignee_, CURLOPT_POSTQUOTE, suite.Tete);
   const CURLcode code = curl_easy_perform(Poignee_);
   ConnexionNeuve_ = false;
   QuoteRefusee_ = code == CURLE_QUOTE_ERROR;
-  return Juge(code, travail, conversation);
+  if (code == CURLE_OK) Raconte(travail, contenu, commandes, true);
+  ResultatFtp resultat = Juge(code, travail, conversation);
+  resultat.Chiffre = conversation.Chiffre;
+  resultat.CleHote = conversation.CleVue;
+  return resultat;
 }
 
 ResultatFtp ClientFtp::JugeNom(const QString& hote) const {
@@ -268,6 +332,7 @@ ResultatFtp ClientFtp::JugeNom(const QString& hote) const {
 
 ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversation& conversation) const {
   if (code == CURLE_OK) return {};
+  if (travail.Acces.Protocole == ProtocoleFtp::kSftp) return JugeSsh(code, travail, conversation);
   const DialogueFtp& dialogue = conversation.Dialogue;
   ResultatFtp resultat{IssueFtp::kPasDeConnexion, QString::fromUtf8(dialogue.Refus()), PreciseEchec(code, dialogue)};
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(conversation.Erreur.data());
@@ -278,6 +343,45 @@ ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversat
   const bool panne = code == CURLE_LOGIN_DENIED && refus == kInconnue;
   if (refus != kServiceFerme && refus != kPasDeDonnees && !panne)
     resultat.Issue = JugeCode(code, refus != 0, travail.Acces.Hote);
+  return resultat;
+}
+
+// There are no codes of a server here, only the library's words.
+ResultatFtp ClientFtp::JugeSsh(int code, const TravailFtp& travail, const Conversation& conversation) const {
+  ResultatFtp resultat{IssueFtp::kPasDeConnexion, QString::fromUtf8(conversation.Erreur.data()),
+                       PreciseEchec(code, conversation.Dialogue)};
+  if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(curl_easy_strerror(static_cast<CURLcode>(code)));
+  switch (code) {
+    case CURLE_PEER_FAILED_VERIFICATION:
+      resultat.Precision = PrecisionFtp::kCleHote;
+      resultat.Mots = conversation.CleVue;
+      break;
+    case CURLE_REMOTE_FILE_NOT_FOUND:
+      resultat.Issue = IssueFtp::kDossierAbsent;
+      break;
+    case CURLE_REMOTE_ACCESS_DENIED:
+      resultat.Issue = travail.Genre == GenreTravail::kConnexion ? IssueFtp::kDossierAbsent : IssueFtp::kRefus;
+      break;
+    case CURLE_REMOTE_DISK_FULL:
+      resultat.Precision = PrecisionFtp::kPlace;
+      resultat.Issue = IssueFtp::kRefus;
+      break;
+    case CURLE_QUOTE_ERROR:
+    case CURLE_UPLOAD_FAILED:
+    case CURLE_REMOTE_FILE_EXISTS:
+      resultat.Issue = IssueFtp::kRefus;
+      break;
+    case CURLE_SSH:
+    case CURLE_FAILED_INIT:
+      // No SSH answers, or the server fails with what it was asked for: a full disk has no code of its own there.
+      if (conversation.CleVue.isEmpty() && ConnexionDemandee_)
+        resultat.Precision = PrecisionFtp::kPasFtp;
+      else if (conversation.Contenu != nullptr)
+        resultat.Issue = IssueFtp::kRefus;
+      break;
+    default:
+      resultat.Issue = JugeCode(code, false, travail.Acces.Hote);
+  }
   return resultat;
 }
 

@@ -24,15 +24,18 @@ struct OptionsClient {
   SurReplique Suivi = {};  ///< hears the server, from inside Execute
 };
 
-/// One control connection, kept between jobs and opened again where it is gone. Explicit TLS when the server offers it;
-/// a certificate that cannot be trusted is a failure, not a reason to go on without. Passive mode.
+/// One control connection, kept between jobs and opened again where it is gone. Explicit TLS when the server offers it,
+/// or when it is required, or TLS from the first byte; a certificate that cannot be trusted is a failure, not a reason
+/// to go on without. Passive mode. Or files over SSH, with user name and password, where the server has the key it had
+/// before (AccesFtp::CleHote).
 ///
 /// TLS 1.2 where the server has it. Many servers want each data connection to resume the session of the control
 /// connection. A ticket of TLS 1.3 is good for one connection, and the library keeps one: the first file would arrive
 /// and no other.
 ///
 /// A file is sent under a name of its own and renamed: a visitor of the site gets the old picture or the new one, never
-/// half of one. Some servers do not rename over a file that exists; there the old one is deleted first.
+/// half of one. Some servers do not rename over a file that exists, and over SSH none does; there the old one is
+/// deleted first.
 class ClientFtp {
  public:
   static constexpr QLatin1String kNomProvisoire{"vaktor.part"};
@@ -44,7 +47,8 @@ class ClientFtp {
 
   /// `arret` is asked from inside, at least once a second; once true the job ends with kPasDeConnexion.
   ResultatFtp Execute(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape, std::function<bool()> arret);
-  /// Says good-bye to the server, if there is a connection.
+  /// Says good-bye to the server, if there is a connection. One that does not answer that is waited for a second: the
+  /// network may have gone away, and neither the end of the program nor the next connection may hang on it.
   void Ferme();
 
  private:
@@ -61,7 +65,11 @@ class ClientFtp {
   void RegleAcces(const TravailFtp& travail, const QString& nom);
   void RegleConnexion();
   void RegleConversation(Conversation& conversation);
+  void RegleProtocole(const TravailFtp& travail, Conversation& conversation);
+  /// What our runs over SSH do, told to OptionsClient::Suivi as if a server of FTP had said it.
+  void Raconte(const TravailFtp& travail, const QByteArray* contenu, const QStringList& commandes, bool fait) const;
   ResultatFtp Juge(int code, const TravailFtp& travail, const Conversation& conversation) const;
+  ResultatFtp JugeSsh(int code, const TravailFtp& travail, const Conversation& conversation) const;
   /// `code` is one of the library's; `refuse`: the server has refused a command of this run.
   IssueFtp JugeCode(int code, bool refuse, const QString& hote) const;
   /// For a host that the library could not find: whether it is the name or the network.
@@ -70,14 +78,16 @@ class ClientFtp {
   OptionsClient Options_;
   void* Poignee_ = nullptr;  // the library's handle, with its connection
   std::function<bool()> Arret_;
-  AccesFtp Acces_;                // of the last job
-  bool RenommeParDessus_ = true;  // as far as we know; learnt for each server
-  bool TlsBorne_ = true;          // TLS 1.2 at most; learnt for each server
-  bool QuoteRefusee_ = false;     // the last run failed on a command behind the transfer
-  bool ConnexionNeuve_ = false;   // the next run must not take the old connection
+  AccesFtp Acces_;                  // of the last job
+  bool RenommeParDessus_ = true;    // as far as we know; learnt for each server
+  bool TlsBorne_ = true;            // TLS 1.2 at most; learnt for each server
+  bool QuoteRefusee_ = false;       // the last run failed on a command behind the transfer
+  bool ConnexionNeuve_ = false;     // the next run must not take the old connection
+  bool ConnexionDemandee_ = false;  // this job is a connection
 };
 
-/// "ftp://host:port/folder/name" with everything encoded; `nom` may be empty, for the folder itself.
+/// "ftp://host:port/folder/name" with everything encoded but for what is typed of ".."; `nom` may be empty, for the
+/// folder itself.
 QByteArray CreeUrlFtp(const AccesFtp& acces, const QString& nom);
 
 }  // namespace vaktor

@@ -22,6 +22,14 @@ void DialogueFtp::NoteCommande(const QByteArray& ligne) {
   if (Verbe_ == "USER" && Etape_) Etape_(EtapeFtp::kIdentification);
 }
 
+void DialogueFtp::NoteCle(const QString& cle) {
+  Salue_ = true;
+  if (Replique_) Replique_({}, "220 SFTP, " + cle.toLatin1());
+  if (!Etape_) return;
+  Etape_(EtapeFtp::kServeurTrouve);
+  Etape_(EtapeFtp::kIdentification);
+}
+
 void DialogueFtp::NoteReponse(const QByteArray& lignes) {
   for (const QByteArray& ligne : lignes.split('\n')) NoteLigne(ligne.trimmed().left(kMotsMax));
 }

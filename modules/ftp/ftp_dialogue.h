@@ -24,6 +24,9 @@ class DialogueFtp {
   /// What the server said, one line or several.
   void NoteReponse(const QByteArray& lignes);
 
+  /// The key that an SSH server shows in the place of a greeting.
+  void NoteCle(const QString& cle);
+
   /// The last refusal that matters, one line of at most 300 characters; empty when nothing was refused. A server that
   /// does not know TLS or the extended passive mode refuses these, and that is no failure.
   const QByteArray& Refus() const { return Refus_; }

@@ -48,8 +48,9 @@ PrecisionFtp PreciseEchec(int code, const DialogueFtp& dialogue) {
     case CURLE_PEER_FAILED_VERIFICATION:
     case CURLE_SSL_CACERT_BADFILE:
       return PrecisionFtp::kCertificat;
+    case CURLE_USE_SSL_FAILED:  // asked for only where the server has spoken it before
+      return PrecisionFtp::kTlsPerdu;
     case CURLE_SSL_CONNECT_ERROR:
-    case CURLE_USE_SSL_FAILED:
       return PrecisionFtp::kTls;
     case CURLE_SEND_ERROR:
     case CURLE_RECV_ERROR:

@@ -26,7 +26,9 @@ ModuleFtp::ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp>
     : Contexte_(contexte),
       Ouvrier_(std::move(ouvrier)),
       File_(contexte.Dossiers.CheminTempFtp()),
-      Publiees_(contexte.Dossiers.Etat + QStringLiteral("/VAKTORftp-photos.json")) {
+      Publiees_(contexte.Dossiers.Etat + QStringLiteral("/VAKTORftp-photos.json")),
+      Place_(contexte.Dossiers.Etat + QStringLiteral("/VAKTORftp-place.txt")),
+      Sites_(MemoireSites::Fichier(contexte.Dossiers.Etat)) {
   const auto cree = [this](const char* nom, qint32 duree, std::function<void()> tic) {
     return Contexte_.Minuteries.CreeMinuterie(QString::fromLatin1(nom), duree, std::move(tic));
   };
@@ -37,6 +39,7 @@ ModuleFtp::ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp>
   TimerPhotos_ = cree("TimerPhotos", kRegardLent, [this] { RegardePhotos(); });
   TimerPausePhotos_ = cree("TimerPausePhotos", kPausePhotos, [this] {
     TimerPausePhotos_->Desactive();
+    Refusees_.clear();
     Avance();
   });
   TimerPage_ = cree("TimerPage", kRythmePage, [this] {
@@ -65,6 +68,7 @@ void ModuleFtp::PrendReglages(const ReglagesModule& reglages) {
   Page_.Largeur = LitTaille(reglages.Largeur, ContenuPage().Largeur);
   Page_.Hauteur = LitTaille(reglages.Hauteur, ContenuPage().Hauteur);
   PhotosPage_ = BornePhotos(valeurs.NbrPhotosPage);
+  Place_.RegleBornes(valeurs.PlaceFichiers, valeurs.PlaceMo * qint64{1'000'000});
   Avance();
 }
 
@@ -93,7 +97,8 @@ void ModuleFtp::Connecte() {
     return;
   }
   Acces_ = Voulu_;
-  Etabli_ = DejaPublie_ = false;
+  // After a power cut everything comes up at once, and the network last: a site that has worked will work again.
+  Etabli_ = DejaPublie_ = Sites_.EstEtabli(Acces_);
   Essai_ = 0;
   Refus_ = Coupures_ = 0;
   LivePublie_ = {};  // it may be another server
@@ -140,6 +145,7 @@ void ModuleFtp::LanceConnexion() {
   TimerReprise_->Desactive();
   Lien_ = Lien::kConnexion;
   Contexte_.Dis(QStringLiteral("Conne"));
+  Sites_.Applique(Acces_);
   Execute(Tache::kConnexion);
 }
 
@@ -151,7 +157,12 @@ void ModuleFtp::FinitConnexion(const ResultatFtp& resultat) {
   Lien_ = Lien::kConnecte;
   Etabli_ = true;
   Contexte_.Journal.Note(QStringLiteral("connected to ") + Acces_.Hote);
-  Publiees_.ChoisitSite(Acces_.Hote + QLatin1Char('/') + Acces_.Utilisateur + QLatin1Char('/') + Acces_.Dossier);
+  if (Sites_.Note(Acces_, resultat))
+    Contexte_.Journal.Note(QStringLiteral("first visit, the key of %1 is %2").arg(Acces_.Hote, resultat.CleHote));
+  Sites_.Applique(Acces_);  // from now on, also when this very connection is opened again
+  const QString site = Acces_.Hote + QLatin1Char('/') + Acces_.Utilisateur + QLatin1Char('/') + Acces_.Dossier;
+  Publiees_.ChoisitSite(site);
+  Place_.ChoisitSite(site);
   Contexte_.Dis(QStringLiteral("ConOK"));
   Reussit(false);
   TimerSigne_->Active();
@@ -171,7 +182,8 @@ void ModuleFtp::Echoue(const ResultatFtp& resultat) {
     return;
   }
   // An outage has many faces, one after the other; it is one failure all the same, told once.
-  avis.Sujet = QStringLiteral("ftp-lost");
+  const bool mefiance = resultat.Precision == PrecisionFtp::kTlsPerdu || resultat.Precision == PrecisionFtp::kCleHote;
+  if (!mefiance) avis.Sujet = QStringLiteral("ftp-lost");
   Signale(avis, false);
   Perd();
 }
@@ -193,6 +205,9 @@ void ModuleFtp::Arrete(const QString& mot) {
   Lien_ = Lien::kArrete;
   MotArret_ = mot;
   LiveDemande_ = PageDemandee_ = false;
+  ANettoyer_.clear();
+  Refusees_.clear();
+  RefusDeSuite_ = 0;
   for (const char* champ : {"live_since", "live_published"}) Contexte_.Etat.NoteChamp(QLatin1String(champ), QString());
   for (Minuterie* minuterie : {TimerReprise_.get(), TimerSigne_.get(), TimerCalme_.get(), TimerPausePhotos_.get()})
     minuterie->Desactive();

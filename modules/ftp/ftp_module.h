@@ -12,14 +12,21 @@
 #include "modules/ftp/live_page.h"
 #include "modules/ftp/photo_queue.h"
 #include "modules/ftp/published_photos.h"
+#include "modules/ftp/site_memory.h"
+#include "modules/ftp/site_space.h"
 
 namespace vaktor {
 
 /// One job at a time goes to the worker. Of the live images only the newest counts: "Surve" leaves a mark, and the file
 /// is read when its turn comes. Live images and photos take turns, so that neither starves the other.
 ///
-/// A connection that was there once is taken up again by itself, however long that takes; the main program is told
-/// "Netdc", which leaves the user's switch on. A connection that never stood fails in its own word, which turns it off.
+/// A connection that was there once, in this run or in an earlier one, is taken up again by itself, however long that
+/// takes; the main program is told "Netdc", which leaves the user's switch on. A connection that never stood fails in
+/// its own word, which turns it off.
+///
+/// An alarm brings thirty photos a second, and a site is to be looked at: about one of each second is published, the
+/// newest first, and the oldest that lie there are deleted when there are too many. What the site does not get is in
+/// the user's own folder.
 class ModuleFtp : public Module {
  public:
   /// Milliseconds before the next attempt; the last one repeats.
@@ -30,11 +37,12 @@ class ModuleFtp : public Module {
   static constexpr qint32 kSigne = 60000;        ///< milliseconds between two signs of life
   static constexpr qint32 kRegard = 2000;        ///< between two looks for photos
   static constexpr qint32 kRegardLent = 30000;   ///< while not connected, for the bound on what waits
-  static constexpr qint32 kPausePhotos = 60000;  ///< without photos after one that was refused
-  static constexpr qint32 kRythmePage = 10000;   ///< between two pages that were renewed by themselves
-  static constexpr int kIntervallesNeuf = 3;     ///< intervals after which a live image is not new any more
-  static constexpr qint32 kNeufMin = 5000;       ///< but at least so long, milliseconds
-  static constexpr qint32 kCalme = 1500;         ///< after an upload, until "monitoring active" is shown again
+  static constexpr qint32 kPausePhotos = 60000;  ///< without photos after kRefusPhotos in a row were refused
+  static constexpr int kRefusPhotos = 3;
+  static constexpr qint32 kRythmePage = 10000;  ///< between two pages that were renewed by themselves
+  static constexpr int kIntervallesNeuf = 3;    ///< intervals after which a live image is not new any more
+  static constexpr qint32 kNeufMin = 5000;      ///< but at least so long, milliseconds
+  static constexpr qint32 kCalme = 1500;        ///< after an upload, until "monitoring active" is shown again
 
   ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp> ouvrier);
 
@@ -50,7 +58,7 @@ class ModuleFtp : public Module {
 
  private:
   enum class Lien { kArrete, kConnexion, kConnecte, kPerdu };
-  enum class Tache { kAucune, kConnexion, kLive, kPageDemandee, kPageSeule, kPhoto, kSigne };
+  enum class Tache { kAucune, kConnexion, kLive, kPageDemandee, kPageSeule, kPhoto, kNettoyage, kSigne };
 
   // Commands.
   void Connecte();
@@ -78,6 +86,14 @@ class ModuleFtp : public Module {
   void FinitLive(const ResultatFtp& resultat);
   void FinitPage(bool demandee, const ResultatFtp& resultat);
   void FinitPhoto(const ResultatFtp& resultat);
+  void RefusePhoto(const ResultatFtp& resultat);
+  void FinitNettoyage();
+  /// A server without room: what is oldest there goes at once. False when nothing of ours is known to lie there.
+  bool FaitPlace(const ResultatFtp& resultat);
+  /// Those that the site is not to get: another of the same second lies there, or it would be deleted next.
+  void EcartePhotos();
+  /// The newest that was not just refused; empty for none.
+  QString ChoisitPhoto() const;
   /// The answer to a live image or a page that the server would not take.
   void RefuseEnvoi(const ResultatFtp& resultat);
   void RegardePhotos();
@@ -93,6 +109,8 @@ class ModuleFtp : public Module {
   std::unique_ptr<OuvrierFtp> Ouvrier_;
   FilePhotos File_;
   PhotosPubliees Publiees_;
+  PlaceSite Place_;
+  MemoireSites Sites_;
   ContenuPage Page_;  // without its photos
   qint32 PhotosPage_ = 0;
   AccesFtp Voulu_;  // as the store has it now
@@ -125,6 +143,10 @@ class ModuleFtp : public Module {
   bool PagePerimee_ = false;
   bool TourPhoto_ = false;
   QStringList Attente_;      // photos, oldest first
+  QString PhotoEnvoyee_;     // under way
+  QStringList Refusees_;     // photos that go to the back: the others are tried first
+  int RefusDeSuite_ = 0;     // photos
+  QStringList ANettoyer_;    // under way, or to be deleted next
   bool AvisPhotos_ = false;  // what was told last is about photos
 
   std::unique_ptr<Minuterie> TimerReprise_;

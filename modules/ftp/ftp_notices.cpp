@@ -45,6 +45,24 @@ constexpr Ligne kLignes[] = {
       "The FTP server %1 refuses the picture or the page. Check the space and the rights in the folder."}},
 };
 
+// A server that is not what it was: nothing was sent, and only the user can tell whether that is meant.
+AvisEchec CreeAvisMefiance(const ResultatFtp& resultat, const AccesFtp& acces) {
+  const bool cle = resultat.Precision == PrecisionFtp::kCleHote;
+  return {
+      cle ? QStringLiteral("ftp-key") : QStringLiteral("ftp-clear"), resultat.Mots,
+      PhraseDite::Compose([&](Langue langue) {
+        return (cle ? Phrase{"Le serveur %1 n'a plus la clé qu'il avait : rien n'est envoyé. Demandez à votre "
+                             "hébergeur s'il l'a changée.",
+                             "The server %1 has another key than before: nothing is sent. Ask your web host whether "
+                             "it has changed it."}
+                    : Phrase{"Le serveur %1 parlait chiffré et ne le propose plus : rien n'est envoyé. Demandez à "
+                             "votre hébergeur.",
+                             "The server %1 used to encrypt and does not offer it any more: nothing is sent. Ask "
+                             "your web host."})
+            .Dit(langue, acces.Hote);
+      })};
+}
+
 const Ligne& TrouveLigne(IssueFtp issue) {
   for (const Ligne& ligne : kLignes)
     if (ligne.Issue == issue) return ligne;
@@ -56,6 +74,8 @@ const Ligne& TrouveLigne(IssueFtp issue) {
 QString DonneMotEchec(IssueFtp issue) { return QString::fromLatin1(TrouveLigne(issue).Mot); }
 
 AvisEchec CreeAvis(const ResultatFtp& resultat, const AccesFtp& acces) {
+  if (resultat.Precision == PrecisionFtp::kTlsPerdu || resultat.Precision == PrecisionFtp::kCleHote)
+    return CreeAvisMefiance(resultat, acces);
   const Ligne& ligne = TrouveLigne(resultat.Issue);
   return {QString::fromLatin1(ligne.Sujet), resultat.Mots, PhraseDite::Compose([&](Langue langue) {
             return ligne.Mots.Dit(langue).replace(QLatin1String("%1"), acces.Hote);

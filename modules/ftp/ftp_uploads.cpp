@@ -3,7 +3,9 @@
 #include "modules/ftp/ftp_module.h"
 
 #include <QDateTime>
+#include <QFileInfo>
 #include <algorithm>
+#include <utility>
 
 namespace vaktor {
 
@@ -40,13 +42,21 @@ bool ModuleFtp::EstLiveNeuf() const {
 }
 
 ModuleFtp::Tache ModuleFtp::ChoisitTache() const {
-  const bool photo = !Attente_.isEmpty() && !TimerPausePhotos_->EstActive();
+  const bool nettoie = !ANettoyer_.isEmpty() || !Place_.EnTrop().isEmpty();
+  const bool photo = nettoie || (!TimerPausePhotos_->EstActive() && !ChoisitPhoto().isEmpty());
   if (PageDemandee_) return Tache::kPageDemandee;
   if (LiveDemande_ && !(photo && TourPhoto_)) return Tache::kLive;
   // Before the next photo: an alarm brings thirty a second, and behind all of them the page would come too late.
   if (PagePerimee_ && Publiees_.APage() && !TimerPage_->EstActive()) return Tache::kPageSeule;
+  if (nettoie) return Tache::kNettoyage;
   if (photo) return Tache::kPhoto;
   return Tache::kAucune;
+}
+
+QString ModuleFtp::ChoisitPhoto() const {
+  for (auto nom = Attente_.crbegin(); nom != Attente_.crend(); ++nom)
+    if (!Refusees_.contains(*nom)) return *nom;
+  return {};
 }
 
 void ModuleFtp::Execute(Tache tache) {
@@ -56,6 +66,8 @@ void ModuleFtp::Execute(Tache tache) {
     LiveDemande_ = false;  // one that comes from now on is a newer one
     LiveEnvoye_ = DonneEtat(LiveSurDisque());
   }
+  if (tache == Tache::kPhoto) PhotoEnvoyee_ = ChoisitPhoto();
+  if (tache == Tache::kNettoyage && ANettoyer_.isEmpty()) ANettoyer_ = Place_.EnTrop();
   if (tache == Tache::kPageDemandee || tache == Tache::kPageSeule) PagePerimee_ = false;
   if (tache == Tache::kLive || tache == Tache::kPageDemandee) Contexte_.Dis(QStringLiteral("Uploa"));
   TourPhoto_ = tache == Tache::kLive;
@@ -84,8 +96,12 @@ TravailFtp ModuleFtp::CreeTravail(Tache tache) const {
       break;
     case Tache::kPhoto:
       travail.Genre = GenreTravail::kFichier;
-      travail.Source = File_.Chemin(Attente_.first());
-      travail.Nom = Attente_.first();
+      travail.Source = File_.Chemin(PhotoEnvoyee_);
+      travail.Nom = PhotoEnvoyee_;
+      break;
+    case Tache::kNettoyage:
+      travail.Genre = GenreTravail::kNettoie;
+      travail.Noms = ANettoyer_;
       break;
     case Tache::kPageDemandee:
     case Tache::kPageSeule:
@@ -113,8 +129,10 @@ void ModuleFtp::Finit(Tache tache, const ResultatFtp& resultat) {
     return;
   }
   if (resultat.Issue == IssueFtp::kReussi) Essai_ = 0;
-  if (resultat.Issue == IssueFtp::kReussi && tache != Tache::kSigne) {
+  const bool publie = tache != Tache::kSigne && tache != Tache::kNettoyage;
+  if (resultat.Issue == IssueFtp::kReussi && publie) {
     DejaPublie_ = true;
+    Sites_.NoteEtabli(Acces_);
     Refus_ = 0;
   }
   const bool lienSain = resultat.Issue == IssueFtp::kReussi || resultat.Issue == IssueFtp::kRefus ||
@@ -130,6 +148,7 @@ void ModuleFtp::Finit(Tache tache, const ResultatFtp& resultat) {
   if (tache == Tache::kPageDemandee) FinitPage(true, resultat);
   if (tache == Tache::kPageSeule) FinitPage(false, resultat);
   if (tache == Tache::kPhoto) FinitPhoto(resultat);
+  if (tache == Tache::kNettoyage) FinitNettoyage();
 }
 
 void ModuleFtp::FinitLive(const ResultatFtp& resultat) {
@@ -166,6 +185,10 @@ void ModuleFtp::FinitPage(bool demandee, const ResultatFtp& resultat) {
 
 void ModuleFtp::RefuseEnvoi(const ResultatFtp& resultat) {
   Signale(CreeAvis(resultat, Acces_), false);
+  if (FaitPlace(resultat)) {
+    Contexte_.Dis(QStringLiteral("ConOK"));
+    return;
+  }
   // A server that took images and takes none now is full for a while: we are still connected, and go on trying. One
   // that never took any has to be put right by the user.
   if (DejaPublie_)
@@ -174,23 +197,65 @@ void ModuleFtp::RefuseEnvoi(const ResultatFtp& resultat) {
     Arrete(QStringLiteral("ErrCo"));
 }
 
+// 452 and 552 (RFC 959): not this file is refused but each one, until something goes.
+bool ModuleFtp::FaitPlace(const ResultatFtp& resultat) {
+  if (resultat.Precision != PrecisionFtp::kPlace || Place_.EstVide()) return false;
+  ANettoyer_ = Place_.PlusAnciens();
+  return true;
+}
+
+void ModuleFtp::FinitNettoyage() {
+  const QStringList noms = std::exchange(ANettoyer_, {});
+  Contexte_.Journal.Note(QStringLiteral("deleted on the site to make room, photos: %1").arg(noms.size()));
+  for (const QString& nom : noms) {
+    Place_.Oublie(nom);
+    if (Publiees_.Retire(nom)) PagePerimee_ = true;
+  }
+}
+
+void ModuleFtp::RefusePhoto(const ResultatFtp& resultat) {
+  Signale(CreeAvisPhotos(resultat), true);
+  if (FaitPlace(resultat)) return;
+  // One that this server does not want must not keep the others from it.
+  Refusees_.append(PhotoEnvoyee_);
+  if (++RefusDeSuite_ >= kRefusPhotos || ChoisitPhoto().isEmpty()) TimerPausePhotos_->Active();
+}
+
 void ModuleFtp::FinitPhoto(const ResultatFtp& resultat) {
   if (resultat.Issue == IssueFtp::kRefus) {
-    Signale(CreeAvisPhotos(resultat), true);
-    TimerPausePhotos_->Active();
+    RefusePhoto(resultat);
     return;
   }
-  const QString nom = Attente_.takeFirst();
+  const QString nom = PhotoEnvoyee_;
+  Attente_.removeOne(nom);
   if (resultat.Issue == IssueFtp::kSourceIncomplete) {
     if (!File_.EstAbandonne(nom, Maintenant())) return;  // still being written; the next look finds it again
     Contexte_.Journal.Note(QStringLiteral("no picture, deleted: ") + nom);
     File_.Retire(nom);
     return;
   }
-  Publiees_.Ajoute({nom, File_.DonnePrise(nom)});
+  RefusDeSuite_ = 0;
+  // Somebody may have deleted it here meanwhile.
+  const bool la = QFileInfo::exists(File_.Chemin(nom));
+  const QDateTime prise = la ? File_.DonnePrise(nom) : Maintenant();
+  Place_.Note(nom, QFileInfo(File_.Chemin(nom)).size(), prise.toMSecsSinceEpoch());
+  Publiees_.Ajoute({nom, prise});
   File_.Retire(nom);
   PagePerimee_ = true;
+  EcartePhotos();
   Reussit(true);
+}
+
+void ModuleFtp::EcartePhotos() {
+  if (Lien_ != Lien::kConnecte) return;  // of which site are the photos that are remembered?
+  QStringList restent;
+  for (const QString& nom : std::as_const(Attente_)) {
+    const QDateTime prise = File_.DonnePrise(nom);
+    const bool ecartee =
+        prise.isValid() && (Publiees_.EstProche(prise) || Place_.SeraitDeTrop(prise.toMSecsSinceEpoch()));
+    ecartee ? File_.Retire(nom) : restent.append(nom);
+  }
+  Attente_ = restent;
 }
 
 void ModuleFtp::RegardePhotos() {
@@ -199,8 +264,11 @@ void ModuleFtp::RegardePhotos() {
     Contexte_.Journal.Note(QStringLiteral("deleted to make room, photos: %1").arg(retires));
     Signale(CreeAvisPlace(), true);
   }
-  // Not under a photo that is on its way: it is the first of the list.
-  if (Tache_ != Tache::kPhoto) Attente_ = File_.Liste();
+  // Not under a photo that is on its way: its end looks at the list as it was.
+  if (Tache_ != Tache::kPhoto) {
+    Attente_ = File_.Liste();
+    EcartePhotos();
+  }
   Avance();
 }
 

@@ -4,9 +4,17 @@
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 #include <functional>
 
 namespace vaktor {
+
+/// What is spoken with the server.
+enum class ProtocoleFtp {
+  kFtp,           ///< with explicit TLS where the server offers it
+  kFtpImplicite,  ///< TLS from the first byte
+  kSftp           ///< files over SSH: another protocol, in spite of its name
+};
 
 /// Where to. Frozen at "Conne": what the user is typing must not send a running connection elsewhere.
 struct AccesFtp {
@@ -15,6 +23,9 @@ struct AccesFtp {
   QString Utilisateur;
   QString MotDePasse;  ///< in clear; goes to the server and nowhere else
   QString Dossier;     ///< as the user wrote it; with "/" in front from the server's root, else from the login folder
+  ProtocoleFtp Protocole = ProtocoleFtp::kFtp;
+  bool TlsExige = false;  ///< this server has spoken TLS before: without it nothing is sent
+  QString CleHote = {};   ///< the key that this SSH server had before; empty: whatever it shows is taken
   bool operator==(const AccesFtp&) const = default;
 };
 
@@ -39,6 +50,8 @@ enum class PrecisionFtp {
   kPasFtp,      ///< who answers speaks something else
   kCertificat,  ///< not trusted, or another's
   kTls,         ///< the encryption could not be agreed upon
+  kTlsPerdu,    ///< the server offered it once and does not any more
+  kCleHote,     ///< the SSH server has another key than before
   kComplet,     ///< the server has too many guests, or too many of this user
   kDonnees,     ///< the second connection, for the file itself, could not be made (passive mode)
   kPlace,       ///< no space, quota used up
@@ -47,8 +60,10 @@ enum class PrecisionFtp {
 
 struct ResultatFtp {
   IssueFtp Issue = IssueFtp::kReussi;
-  QString Mots;  ///< the server's last words of refusal, or the library's; one line
+  QString Mots = {};  ///< the server's last words of refusal, or the library's; one line
   PrecisionFtp Precision = PrecisionFtp::kAucune;
+  bool Chiffre = false;  ///< TLS was spoken
+  QString CleHote = {};  ///< the key that the SSH server has shown, as "SHA256:..." (RFC 4253; the form of OpenSSH)
 };
 
 /// A step of a connection as it is reached, in this order.
@@ -60,7 +75,8 @@ enum class GenreTravail {
   kPage,       ///< Contenu, likewise
   kSigne,      ///< a sign of life, so that an idle connection stays and a dead one is noticed
   kTaille,     ///< asks for the size of the file Nom; the answer is one of the server's words
-  kEfface      ///< deletes the file Nom
+  kEfface,     ///< deletes the file Nom
+  kNettoie     ///< deletes the files Noms; what cannot be deleted is passed over
 };
 
 struct TravailFtp {
@@ -71,6 +87,7 @@ struct TravailFtp {
   QString Nom;         ///< name on the server, no "/" and no control character in it
   /// The name under which a file is sent before it is renamed; empty: ClientFtp::kNomProvisoire.
   QString Provisoire = {};
+  QStringList Noms = {};  ///< for kNettoie
 };
 
 class OuvrierFtp {

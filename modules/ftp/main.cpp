@@ -9,6 +9,8 @@
 #include "modules/ftp/ftp_thread.h"
 #include "modules/ftp/interruption_watch.h"
 #include "modules/ftp/rehearsal.h"
+#include "modules/ftp/site_memory.h"
+#include "platform/base/program_folders.h"
 
 namespace vaktor {
 namespace {
@@ -50,6 +52,8 @@ FinRepetition RepetePage(VeilleInterruption& veille, const QByteArray& demande, 
   ports.Ecrit = ecrit;
   ports.SurFichier = [&](bool la) { veille.ChangeRestes(la); };
   ports.EstInterrompue = [&] { return veille.EstDemandee(); };
+  const MemoireSites sites(MemoireSites::Fichier(TrouveDossierEtat(qEnvironmentVariable(kVariableDossier.data()))));
+  ports.Rappelle = [&sites](AccesFtp& acces) { sites.Applique(acces); };
   ports.Marque = QString::number(QRandomGenerator::system()->generate64(), 36);
   RepetitionFtp essai(ports);
   repetition = &essai;

@@ -6,6 +6,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSaveFile>
+#include <algorithm>
 
 namespace vaktor {
 
@@ -21,9 +22,22 @@ void PhotosPubliees::ChoisitSite(const QString& site) {
 
 void PhotosPubliees::Ajoute(const PhotoPubliee& photo) {
   Photos_.removeIf([&](const PhotoPubliee& connue) { return connue.Nom == photo.Nom; });
-  Photos_.prepend(photo);
+  const auto place = std::find_if(Photos_.begin(), Photos_.end(),
+                                  [&](const PhotoPubliee& autre) { return autre.Prise <= photo.Prise; });
+  Photos_.insert(place, photo);
   if (Photos_.size() > kMax) Photos_.resize(kMax);
   Ecrit();
+}
+
+bool PhotosPubliees::Retire(const QString& nom) {
+  if (Photos_.removeIf([&](const PhotoPubliee& connue) { return connue.Nom == nom; }) == 0) return false;
+  Ecrit();
+  return true;
+}
+
+bool PhotosPubliees::EstProche(const QDateTime& prise) const {
+  return std::any_of(Photos_.begin(), Photos_.end(),
+                     [&](const PhotoPubliee& p) { return qAbs(p.Prise.msecsTo(prise)) < kSeconde; });
 }
 
 void PhotosPubliees::NotePage() {
@@ -50,8 +64,8 @@ void PhotosPubliees::Lit() {
 void PhotosPubliees::Ecrit() const {
   QJsonArray photos;
   for (const PhotoPubliee& photo : Photos_)
-    photos.append(
-        QJsonObject{{QStringLiteral("name"), photo.Nom}, {QStringLiteral("taken"), photo.Prise.toString(Qt::ISODate)}});
+    photos.append(QJsonObject{{QStringLiteral("name"), photo.Nom},
+                              {QStringLiteral("taken"), photo.Prise.toString(Qt::ISODateWithMs)}});
   const QJsonObject objet{
       {QStringLiteral("site"), Site_}, {QStringLiteral("page"), Page_}, {QStringLiteral("photos"), photos}};
   QSaveFile fichier(Fichier_);

@@ -24,8 +24,13 @@ class PhotosPubliees {
 
   /// `site` names server and folder. Another one than before empties the memory: the photos are not there.
   void ChoisitSite(const QString& site);
-  /// The newest comes first. A name that is known already moves to the front.
+  /// The newest comes first, by the time at which each was taken: an older one may be published later.
   void Ajoute(const PhotoPubliee& photo);
+  /// It lies on the site no longer. True when it was known.
+  bool Retire(const QString& nom);
+  /// One that was taken within kSeconde of that moment lies on the site.
+  bool EstProche(const QDateTime& prise) const;
+  static constexpr qint64 kSeconde = 900;  ///< milliseconds: about a second, and a camera of one a second loses none
   /// The page has been made for this site; from then on it is renewed by itself.
   void NotePage();
 

@@ -63,6 +63,7 @@ FinRepetition RepetitionFtp::Joue(const QByteArray& demande) {
   const Parametres valeurs = LitDemande(document.object());
   const AccesLu lu = LitAcces(valeurs);
   Acces_ = lu.Acces;
+  if (Ports_.Rappelle) Ports_.Rappelle(Acces_);
   CauseEssai cause = DonneCauseManque(lu.Manque);
   if (lu.Manque == ManqueAcces::kRien) {
     Dis(QStringLiteral("%1:%2").arg(Acces_.Hote, QString::number(Acces_.Port)));

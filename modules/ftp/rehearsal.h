@@ -14,7 +14,9 @@ struct PortsRepetition {
   EcritureLigne Ecrit;
   std::function<void(bool)> SurFichier;  ///< something of ours may lie on the server from now on, or lies there no more
   std::function<bool()> EstInterrompue;  ///< the user wants no more of it
-  QString Marque;                        ///< makes the names of this rehearsal; letters and digits
+  /// Puts into the access what its server has to show again; may be empty.
+  std::function<void(AccesFtp& acces)> Rappelle = {};
+  QString Marque;  ///< makes the names of this rehearsal; letters and digits
 };
 
 /// One rehearsal. What it does: connects, logs in, enters the folder, uploads a picture of kTailleImage bytes the way

@@ -19,7 +19,7 @@ struct LigneEssai {
 };
 
 // %1 the server, %2 the port, %3 the folder, %4 the file of the trial.
-constexpr std::array<LigneEssai, 26> kPhrases = {{
+constexpr std::array<LigneEssai, 29> kPhrases = {{
     {CauseEssai::kReussi,
      {"La page en direct peut être publiée : le serveur a pris un fichier d'essai, l'a remplacé et l'a effacé.",
       "The live page can be published: the server took a trial file, replaced it and deleted it."}},
@@ -33,6 +33,12 @@ constexpr std::array<LigneEssai, 26> kPhrases = {{
     {CauseEssai::kAdresse,
      {"L'adresse ftp n'en est pas une : indiquez le serveur seul, au besoin avec un port (ftp.example.org:2121).",
       "The ftp address is none: enter the server alone, with a port if it needs one (ftp.example.org:2121)."}},
+    {CauseEssai::kWeb,
+     {"C'est une adresse du web (WebDAV, peut-être), que Vaktor ne parle pas : demandez à votre hébergeur l'accès FTP "
+      "ou "
+      "SFTP.",
+      "This is an address of the web (WebDAV, perhaps), which Vaktor does not speak: ask your web host for FTP or "
+      "SFTP."}},
     {CauseEssai::kSansUtilisateur,
      {"Il manque le nom d'utilisateur de l'accès FTP.", "The user name of the FTP account is missing."}},
     {CauseEssai::kSansMotDePasse,
@@ -56,9 +62,11 @@ constexpr std::array<LigneEssai, 26> kPhrases = {{
      {"Le serveur %1 ne répond pas sur le port %2 : vérifiez l'adresse et le port, puis le pare-feu.",
       "The server %1 does not answer on port %2: check address and port, then the firewall."}},
     {CauseEssai::kPasFtp,
-     {"Ce n'est pas du FTP qui répond sur le port %2 de %1 : demandez à votre hébergeur l'adresse FTP. Vaktor ne parle "
-      "pas SFTP.",
-      "What answers on port %2 of %1 is not FTP: ask your web host for the FTP address. Vaktor does not speak SFTP."}},
+     {"Ce n'est pas du FTP qui répond sur le port %2 de %1 : demandez à votre hébergeur l'adresse FTP. Si c'est du "
+      "SFTP, "
+      "mettez sftp:// devant l'adresse.",
+      "What answers on port %2 of %1 is not FTP: ask your web host for the FTP address. If it is SFTP, put sftp:// in "
+      "front of the address."}},
     {CauseEssai::kEcarte,
      {"Le serveur %1 refuse la connexion : lisez sa réponse, puis essayez plus tard ou demandez à votre hébergeur.",
       "The server %1 turns the connection away: read its answer, then try later or ask your web host."}},
@@ -74,6 +82,18 @@ constexpr std::array<LigneEssai, 26> kPhrases = {{
      {"La connexion chiffrée avec %1 n'a pas pu être établie : vérifiez le port (21 d'ordinaire), ou demandez à votre "
       "hébergeur.",
       "The encrypted connection with %1 could not be made: check the port (usually 21), or ask your web host."}},
+    {CauseEssai::kTlsPerdu,
+     {"Le serveur %1 parlait chiffré et ne le propose plus : rien n'a été envoyé. Demandez à votre hébergeur ; "
+      "quelqu'un "
+      "écoute peut-être en route.",
+      "The server %1 used to encrypt and does not offer it any more: nothing was sent. Ask your web host; somebody may "
+      "listen on the way."}},
+    {CauseEssai::kCleHote,
+     {"Le serveur %1 n'a plus la clé qu'il avait : rien n'a été envoyé. Demandez à votre hébergeur s'il l'a changée ; "
+      "sinon, ce n'est pas lui qui répond.",
+      "The server %1 has another key than before: nothing was sent. Ask your web host whether it has changed it; if "
+      "not, "
+      "it is somebody else who answers."}},
     {CauseEssai::kAcces,
      {"Le serveur %1 refuse le nom d'utilisateur ou le mot de passe : corrigez-les ; ce sont ceux de l'accès FTP, "
       "souvent "
@@ -123,13 +143,15 @@ constexpr Phrase kPeutRester{" Le fichier d'essai %4 est peut-être resté sur l
 
 constexpr std::pair<ManqueAcces, CauseEssai> kManques[] = {{ManqueAcces::kServeur, CauseEssai::kSansServeur},
                                                            {ManqueAcces::kAdresse, CauseEssai::kAdresse},
+                                                           {ManqueAcces::kWeb, CauseEssai::kWeb},
                                                            {ManqueAcces::kUtilisateur, CauseEssai::kSansUtilisateur},
                                                            {ManqueAcces::kMotDePasse, CauseEssai::kSansMotDePasse},
                                                            {ManqueAcces::kSigne, CauseEssai::kSigne}};
 constexpr std::pair<PrecisionFtp, CauseEssai> kPrecisions[] = {
     {PrecisionFtp::kPersonne, CauseEssai::kPersonne}, {PrecisionFtp::kDelai, CauseEssai::kDelai},
     {PrecisionFtp::kPasFtp, CauseEssai::kPasFtp},     {PrecisionFtp::kCertificat, CauseEssai::kCertificat},
-    {PrecisionFtp::kTls, CauseEssai::kTls},           {PrecisionFtp::kComplet, CauseEssai::kComplet},
+    {PrecisionFtp::kTls, CauseEssai::kTls},           {PrecisionFtp::kTlsPerdu, CauseEssai::kTlsPerdu},
+    {PrecisionFtp::kCleHote, CauseEssai::kCleHote},   {PrecisionFtp::kComplet, CauseEssai::kComplet},
     {PrecisionFtp::kDonnees, CauseEssai::kDonnees},   {PrecisionFtp::kPlace, CauseEssai::kPlace},
     {PrecisionFtp::kCoupure, CauseEssai::kCoupure}};
 

@@ -15,6 +15,7 @@ enum class CauseEssai {
   kReste,  ///< all went well, but the file of the trial cannot be deleted
   kSansServeur,
   kAdresse,
+  kWeb,  ///< an address of the web
   kSansUtilisateur,
   kSansMotDePasse,
   kSigne,
@@ -27,6 +28,8 @@ enum class CauseEssai {
   kComplet,     ///< too many connections
   kCertificat,  ///< cannot be trusted
   kTls,
+  kTlsPerdu,      ///< it was encrypted once
+  kCleHote,       ///< the SSH server has another key than before
   kAcces,         ///< user name or password
   kDossier,       ///< the folder does not exist
   kDonnees,       ///< passive mode

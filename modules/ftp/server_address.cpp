@@ -10,6 +10,12 @@ namespace vaktor {
 
 namespace {
 
+// Service names and port numbers of IANA.
+constexpr quint16 kPortSsh = 22;
+constexpr quint16 kPortHttp = 80;
+constexpr quint16 kPortHttps = 443;
+constexpr quint16 kPortTls = 990;
+
 bool EstLitterale(const QString& hote) {
   std::array<unsigned char, sizeof(in6_addr)> adresse{};
   const QByteArray octets = hote.section(QLatin1Char('%'), 0, 0).toLatin1();
@@ -20,13 +26,16 @@ bool EstLitterale(const QString& hote) {
 }  // namespace
 
 AdresseServeur LitAdresseServeur(const QString& texte) {
+  AdresseServeur adresse;
   QString reste = texte.trimmed();
-  static const QRegularExpression schema(QStringLiteral("^ftps?://"), QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression schema(QStringLiteral("^(ftps?|sftp|https?)://"),
+                                         QRegularExpression::CaseInsensitiveOption);
+  const QString nomSchema = schema.match(reste).captured(1).toLower();
   reste.remove(schema);
+  if (nomSchema == QLatin1String("sftp")) adresse.Port = kPortSsh;
   reste = reste.section(QLatin1Char('/'), 0, 0);
   reste = reste.mid(reste.lastIndexOf(QLatin1Char('@')) + 1);
 
-  AdresseServeur adresse;
   QString port;
   static const QRegularExpression crochets(QStringLiteral("^\\[([^\\]]*)\\](?::(.*))?$"));
   const QRegularExpressionMatch entre = crochets.match(reste);
@@ -41,6 +50,11 @@ AdresseServeur LitAdresseServeur(const QString& texte) {
   }
   if (!port.isEmpty()) adresse.Port = port.toUShort(&adresse.Valable);
   if (adresse.Port == 0) adresse.Valable = false;
+  if (nomSchema == QLatin1String("sftp") || adresse.Port == kPortSsh)
+    adresse.Protocole = ProtocoleFtp::kSftp;
+  else if (adresse.Port == kPortTls)
+    adresse.Protocole = ProtocoleFtp::kFtpImplicite;
+  adresse.Web = nomSchema.startsWith(QLatin1String("http")) || adresse.Port == kPortHttps || adresse.Port == kPortHttp;
   static const QRegularExpression interdits(QStringLiteral("[^\\p{L}\\p{N}.:%_-]"));
   if (adresse.Hote.contains(interdits)) adresse.Valable = false;
   if (adresse.Hote == QLatin1String("ftp.")) adresse.Hote.clear();

@@ -106,7 +106,7 @@ struct Ftp : BancModule {
     ASSERT_TRUE(photo.open(QIODevice::ReadWrite));
     photo.write("x");
     photo.flush();
-    photo.setFileTime(QDateTime::currentDateTime().addSecs(-age), QFileDevice::FileModificationTime);
+    photo.setFileTime(QDateTime::fromMSecsSinceEpoch(Maintenant() - age * 1000), QFileDevice::FileModificationTime);
   }
   QStringList PhotosLocales() const { return QDir(Temporaire.filePath("Temp/FTP")).entryList(QDir::Files); }
   bool EnPage() const { return Ouvrier->EnCours() && Ouvrier->Travail.Nom == kNomPage; }

@@ -2,7 +2,7 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 """A real FTP server on loopback for the tests, on a port that the system gives.
 
-ftp_server.py FOLDER [--port N] [--tls PEM [--only-1.3]]      user "anna", password "sesame"
+ftp_server.py FOLDER [--port N] [--tls PEM [--only-1.3] [--implicit]]      user "anna", password "sesame"
 
 Prints the port, then takes one command a line on its standard input and answers each with "ok":
   normal     what follows is off again
@@ -151,10 +151,17 @@ def main():
     parser.add_argument("--port", type=int, default=0)
     parser.add_argument("--tls")
     parser.add_argument("--only-1.3", dest="new", action="store_true")
+    parser.add_argument("--implicit", action="store_true")
     options = parser.parse_args()
     logging.basicConfig(level=logging.CRITICAL)
 
-    class Handler(ControlMixin, TLS_FTPHandler if options.tls else FTPHandler):
+    class Safe(TLS_FTPHandler if options.tls else FTPHandler):
+        def handle(self):
+            if options.implicit:
+                self.secure_connection(self.ssl_context)
+            super().handle()
+
+    class Handler(ControlMixin, Safe):
         authorizer = Authorizer()
         abstracted_fs = Files
         banner = "ready"

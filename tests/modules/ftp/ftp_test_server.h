@@ -42,6 +42,7 @@ class ServeurEssai {
   void Demarre() {
     QStringList arguments{VAKTOR_FTP_SERVER, Dossier(), "--port", QString::number(Port_)};
     if (!Certificat_.isEmpty()) arguments << "--tls" << Certificat_;
+    if (Implicite_) arguments << "--implicit";
     if (Nouveau_) arguments << "--only-1.3";
     Processus_.setProcessChannelMode(QProcess::SeparateChannels);
     Processus_.start("/usr/bin/python3", arguments);
@@ -67,6 +68,13 @@ class ServeurEssai {
     PrepareTls();
     Nouveau_ = true;
   }
+  /// TLS from the first byte.
+  void PrepareTlsImplicite() {
+    PrepareTls();
+    Implicite_ = true;
+  }
+  /// From the next start on none is offered.
+  void OublieTls() { Certificat_.clear(); }
   void Dit(const QByteArray& commande) {
     Processus_.write(commande + '\n');
     ASSERT_EQ(Lit(), "ok");
@@ -89,6 +97,7 @@ class ServeurEssai {
   QProcess Processus_;
   QString Certificat_;
   bool Nouveau_ = false;
+  bool Implicite_ = false;
   quint16 Port_ = 0;
 };
 

@@ -183,9 +183,9 @@ TEST_F(Ftp, APageLostWithTheConnectionIsMadeWhenItIsBack) {
   EXPECT_TRUE(EnPage());
 }
 
-TEST_F(Ftp, PhotosArePublishedOldestFirstAndThenRemoved) {
-  PosePhoto("b.jpg", 20);
-  PosePhoto("a.jpg", 10);
+TEST_F(Ftp, PhotosArePublishedNewestFirstAndThenRemoved) {
+  PosePhoto("b.jpg", 10);
+  PosePhoto("a.jpg", 20);
   PosePhoto("notes.txt");
   Connecte();
   ASSERT_TRUE(Ouvrier->EnCours());
@@ -201,12 +201,12 @@ TEST_F(Ftp, ALookForPhotosUnderAnUploadTakesNoOtherForTheOneThatWentUp) {
   PosePhoto("a.jpg", 20);
   PosePhoto("b.jpg", 10);
   Connecte();
-  ASSERT_EQ(Ouvrier->Travail.Nom, "a.jpg");
-  QFile::remove(Temporaire.filePath("Temp/FTP/a.jpg"));  // by the user, or to make room
+  ASSERT_EQ(Ouvrier->Travail.Nom, "b.jpg");
+  QFile::remove(Temporaire.filePath("Temp/FTP/b.jpg"));  // by the user, or to make room
   Temps.Avance(ModuleFtp::kRegard);
   Finit(IssueFtp::kReussi);
-  EXPECT_EQ(PhotosLocales(), QStringList("b.jpg"));
-  EXPECT_EQ(Ouvrier->Travail.Nom, "b.jpg");
+  EXPECT_EQ(PhotosLocales(), QStringList("a.jpg"));
+  EXPECT_EQ(Ouvrier->Travail.Nom, "a.jpg");
 }
 
 TEST_F(Ftp, PhotosThatAreDeletedForWantOfRoomAreTold) {
@@ -227,7 +227,7 @@ TEST_F(Ftp, PhotosAndLiveImagesTakeTurns) {
     ordre << Ouvrier->Travail.Nom;
     Finit(IssueFtp::kReussi);
   }
-  EXPECT_EQ(ordre.join(u' '), "0.jpg live.jpg 1.jpg live.jpg 2.jpg live.jpg 3.jpg live.jpg");
+  EXPECT_EQ(ordre.join(u' '), "3.jpg live.jpg 2.jpg live.jpg 1.jpg live.jpg 0.jpg live.jpg");
 }
 
 TEST_F(Ftp, PhotosThatAreRefusedWaitAndTheLiveImageGoesOn) {
@@ -358,11 +358,11 @@ TEST_F(Ftp, ThePageDoesNotWaitUntilAllPhotosOfAnAlarmAreThere) {
   Connecte();
   Dit("UploM");
   Finit(IssueFtp::kReussi);
-  for (int i = 0; i < 10; ++i) PosePhoto(QStringLiteral("%1.jpg").arg(i));
+  for (int i = 0; i < 10; ++i) PosePhoto(QStringLiteral("%1.jpg").arg(i), 10 - i);
   Temps.Avance(ModuleFtp::kRythmePage);
   Finit(IssueFtp::kReussi);
   ASSERT_TRUE(EnPage()) << "nine photos still wait";
-  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("0.jpg"));
+  EXPECT_TRUE(Ouvrier->Travail.Contenu.contains("9.jpg"));
   Finit(IssueFtp::kReussi);
   EXPECT_TRUE(Ouvrier->EnCours() && !EnPage()) << "and now the next";
 }
