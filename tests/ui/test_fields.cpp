@@ -274,6 +274,24 @@ TEST_F(Champs, CheckMailWithoutAddressPromptsInRedOnOk) {
   EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
 }
 
+TEST_F(Champs, AnAddressThatIsNoneTurnsRedWhenTheFieldIsLeftAndIsNamed) {
+  const QString aide = Champ("TextEMail")->toolTip();
+  Tape("TextEMail", QStringLiteral("\"Anna M.\" <anna@example.org>, anna.example.org"));
+  EXPECT_FALSE(EstRouge(*Champ("TextEMail"))) << "not while it is typed";
+  EXPECT_EQ(Quitte("TextEMail"), 1) << "it is kept all the same: the other one gets the mails";
+  EXPECT_TRUE(EstRouge(*Champ("TextEMail")));
+  EXPECT_EQ(Champ("TextEMail")->toolTip(), QStringLiteral("This is no eMail address: anna.example.org"));
+  Tape("TextEMail", QStringLiteral("anna@example.org"));
+  EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
+  Quitte("TextEMail");
+  EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
+  EXPECT_EQ(Champ("TextEMail")->toolTip(), aide);
+  Banc.Reglages.SmtpActif = false;
+  Tape("TextEMail", QStringLiteral("anna"));
+  Quitte("TextEMail");
+  EXPECT_FALSE(EstRouge(*Champ("TextEMail"))) << "a user of this machine, for its own mail program";
+}
+
 TEST_F(Champs, KeyTakesThePromptAwayAndIsTyped) {
   Banc.RemplitMail();
   Champ("TextEMail")->clear();

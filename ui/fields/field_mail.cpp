@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/fields/field_mail.h"
 
+#include "base/mail_addresses.h"
+#include "texts/address_words.h"
 #include "ui/common/field_text.h"
 #include "ui/fields/field_events.h"
 #include "ui/fields/field_rules.h"
@@ -45,6 +47,7 @@ void ChampsMail::BrancheChamps() {
                                                   Page_.TextSujet, Page_.TextTexte};
   for (QWidget* champ : champs) {
     auto* evenements = new EvenementsChamp(champ);
+    if (champ == Page_.TextEMail) connect(evenements, &EvenementsChamp::Quitte, this, &ChampsMail::JugeAdresses);
     connect(evenements, &EvenementsChamp::Quitte, this, &ChampsMail::Quitte);
     if (champ != Page_.TextEMail) continue;
     connect(evenements, &EvenementsChamp::Clique, this, &ChampsMail::RetireDemande);
@@ -92,6 +95,16 @@ void ChampsMail::DemandeAdresse() {
   RougitChamp(*Page_.TextEMail, true);
   Page_.TextEMail->setText(Ports_.Textes.Dit(kDemandeAdresse));
   Page_.TextEMail->setFocus(Qt::OtherFocusReason);  // the first key takes the prompt away and is typed
+}
+
+// When the field is left, not while an address is half typed. Mails go to the others all the same.
+void ChampsMail::JugeAdresses() {
+  QLineEdit& champ = *Page_.TextEMail;
+  if (champ.text() == Ports_.Textes.Dit(kDemandeAdresse)) return;
+  const QStringList fausses = LitAdresses(champ.text(), !Ports_.Reglages.SmtpActif).Mauvaises;
+  RougitChamp(champ, !fausses.isEmpty());
+  champ.setToolTip(fausses.isEmpty() ? Ports_.Textes.Dit(Aide::kMailDestination)
+                                     : DitAdressesFausses(LangueParlee(Ports_.Reglages.LangueCourante), fausses));
 }
 
 void ChampsMail::RetireDemande() {

@@ -26,6 +26,7 @@ class ChampsMail : public QObject {
   void SuitTextEMail();
   void SuitTextTexte();
   void RetireDemande();
+  void JugeAdresses();
   void Quitte() const { Ports_.Sauvegarde.SauveParametres(); }
 
   PortsChamps Ports_;
