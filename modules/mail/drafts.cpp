@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/mail/drafts.h"
 
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <cerrno>
@@ -14,12 +15,14 @@ const QLatin1String kSujet("subject");
 const QLatin1String kCorps("body");
 const QLatin1String kDossier("photos");
 const QLatin1String kNombre("count");
+const QLatin1String kSauf("not");
 
 RecetteCourriel LitRecette(const QJsonObject& objet) {
   return {.Sujet = objet.value(kSujet).toString(),
           .Corps = objet.value(kCorps).toString(),
           .DossierPhotos = objet.value(kDossier).toString(),
-          .NombrePhoto = objet.value(kNombre).toInt()};
+          .NombrePhoto = objet.value(kNombre).toInt(),
+          .Sauf = objet.value(kSauf).toVariant().toStringList()};
 }
 
 Courriel Prepare(const SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
@@ -31,13 +34,15 @@ Courriel Prepare(const SacPostal& sac, const CourrielEnAttente& tete, const Rece
                     .Identifiant = tete.Nom,
                     .Pieces = {}};
   if (sac.DonneOctets() <= SacPostal::kOctetsMax)
-    courriel.Pieces = PrendPhotos(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax).Pieces;
+    courriel.Pieces =
+        PrendPhotos(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax, recette.Sauf).Pieces;
   return courriel;
 }
 
 Publication ComposeBrouillon(SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
   Publication suite;
   Courriel courriel = Prepare(sac, tete, recette);
+  for (const PieceJointe& piece : courriel.Pieces) suite.Photos.append(piece.Nom);
   suite.Erreur = sac.PoseBrouillon(tete, ComposeMessage(courriel));
   if (suite.Erreur == 0 || courriel.Pieces.isEmpty()) return suite;
   // A disk that has no room for photos may have some for the words: an alarm without a picture is still an alarm.
@@ -50,10 +55,11 @@ Publication ComposeBrouillon(SacPostal& sac, const CourrielEnAttente& tete, cons
 }  // namespace
 
 int PoseRecette(SacPostal& sac, const CourrielEnAttente& courriel, const RecetteCourriel& recette) {
-  const QJsonObject objet{{kSujet, recette.Sujet},
-                          {kCorps, recette.Corps},
-                          {kDossier, recette.DossierPhotos},
-                          {kNombre, recette.NombrePhoto}};
+  QJsonObject objet{{kSujet, recette.Sujet},
+                    {kCorps, recette.Corps},
+                    {kDossier, recette.DossierPhotos},
+                    {kNombre, recette.NombrePhoto}};
+  if (!recette.Sauf.isEmpty()) objet.insert(kSauf, QJsonArray::fromStringList(recette.Sauf));
   return sac.PoseRecette(courriel, QJsonDocument(objet).toJson(QJsonDocument::Compact));
 }
 

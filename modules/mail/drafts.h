@@ -14,6 +14,7 @@ struct RecetteCourriel {
   QString Corps = {};
   QString DossierPhotos = {};  ///< native path
   int NombrePhoto = 0;         ///< at the most
+  QStringList Sauf = {};       ///< names of photos that other mails of the row have
 };
 
 /// Puts the recipe on disk as the draft `courriel.Nom`. Gives the system's error number, 0 when it is there.
@@ -21,8 +22,9 @@ int PoseRecette(SacPostal& sac, const CourrielEnAttente& courriel, const Recette
 
 /// What came of a publication; system's error numbers, 0 for none.
 struct Publication {
-  int Erreur = 0;        ///< of the mail: its draft stays as it is
-  int ErreurPhotos = 0;  ///< there was no room for the photos: the mail goes without them
+  int Erreur = 0;           ///< of the mail: its draft stays as it is
+  int ErreurPhotos = 0;     ///< there was no room for the photos: the mail goes without them
+  QStringList Photos = {};  ///< names of those that were chosen
 };
 
 /// The draft `nom` may be sent from now on. One that is a recipe becomes a whole message first: photos nearest

@@ -16,7 +16,7 @@ struct Ligne {
 };
 
 // %1 the server, %2 the port.
-constexpr std::array<Ligne, 22> kLignes = {{
+constexpr std::array<Ligne, 26> kLignes = {{
     {CauseEchec::kAucune, "mail-ok", {"Le mail a été accepté.", "The mail was accepted."}, {"", ""}},
     {CauseEchec::kIncomplet,
      "mail-incomplete",
@@ -93,8 +93,29 @@ constexpr std::array<Ligne, 22> kLignes = {{
     {CauseEchec::kMessageRefuse,
      "mail-message",
      {"Le serveur %1 a refusé le message.", "The server %1 refused the message."},
-     {"Diminuez le nombre de photos par mail, puis lisez la réponse du serveur.",
-      "Send fewer pictures on each mail, then read the server's answer."}},
+     {"Lisez la réponse du serveur, puis changez le sujet ou le texte du mail.",
+      "Read the server's answer, then change the subject or the text of the mail."}},
+    {CauseEchec::kTropGros,
+     "mail-size",
+     {"Le mail est trop gros pour le serveur %1.", "The mail is too large for the server %1."},
+     {"Il part sans ses photos. Diminuez le nombre de photos par mail.",
+      "It goes without its pictures. Send fewer pictures on each mail."}},
+    {CauseEchec::kSansPlace,
+     "mail-mailbox-full",
+     {"La boîte aux lettres de destination est pleine.", "The mailbox of the destination is full."},
+     {"Faites de la place dans cette boîte, ou changez l'adresse de destination.",
+      "Make room in that mailbox, or change the destination address."}},
+    {CauseEchec::kReporte,
+     "mail-later",
+     {"Le serveur %1 demande d'attendre avant de prendre ce mail.",
+      "The server %1 asks to wait before it takes this mail."},
+     {"Rien à faire : le mail est gardé et sera envoyé de nouveau.",
+      "Nothing to do: the mail is kept and will be sent again."}},
+    {CauseEchec::kJeton,
+     "mail-token",
+     {"La commande du jeton OAuth2 n'a pas donné de jeton.", "The command for the OAuth2 token gave no token."},
+     {"Essayez-la dans un terminal : sa première ligne doit être le jeton. Corrigez-la dans « Avancé ».",
+      "Try it in a terminal: its first line has to be the token. Correct it under \"More\"."}},
     {CauseEchec::kDelai,
      "mail-silence",
      {"Le serveur %1 a cessé de répondre.", "The server %1 stopped answering."},
@@ -133,7 +154,7 @@ constexpr std::array<Ligne, 22> kLignes = {{
 }};
 
 // Where a mail of the alarm would be kept and sent again, or have photos.
-constexpr std::array<Ligne, 5> kLignesEssai = {{
+constexpr std::array<Ligne, 8> kLignesEssai = {{
     {CauseEchec::kServeurRefuse,
      "mail-refused",
      {"Le serveur %1 ne prend pas de mails en ce moment.", "The server %1 takes no mail at the moment."},
@@ -143,6 +164,21 @@ constexpr std::array<Ligne, 5> kLignesEssai = {{
      {"Le serveur %1 a refusé le message.", "The server %1 refused the message."},
      {"Lisez sa réponse, puis changez le sujet ou le texte du mail.",
       "Read its answer, then change the subject or the text of the mail."}},
+    {CauseEchec::kTropGros,
+     "mail-size",
+     {"Le mail d'essai est trop gros pour le serveur %1.", "The mail of the trial is too large for the server %1."},
+     {"Lisez la réponse du serveur.", "Read the server's answer."}},
+    {CauseEchec::kSansPlace,
+     "mail-mailbox-full",
+     {"La boîte aux lettres de destination est pleine.", "The mailbox of the destination is full."},
+     {"Faites de la place dans cette boîte, ou changez l'adresse de destination.",
+      "Make room in that mailbox, or change the destination address."}},
+    {CauseEchec::kReporte,
+     "mail-later",
+     {"Le serveur %1 demande d'attendre avant de prendre un mail de vous.",
+      "The server %1 asks to wait before it takes a mail of yours."},
+     {"Les paramètres sont bons. Essayez encore dans quelques minutes.",
+      "The settings are right. Try once more in a few minutes."}},
     {CauseEchec::kDelai,
      "mail-silence",
      {"Le serveur %1 a cessé de répondre.", "The server %1 stopped answering."},

@@ -3,16 +3,21 @@
 
 #include <algorithm>
 
+#include "base/mail_addresses.h"
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/sendmail_sender.h"
 #include "platform/base/system_files.h"
 #include "texts/language.h"
+#include "texts/phrase.h"
 
 namespace vaktor {
 namespace {
 
 constexpr int kPortTls = 465;
 constexpr int kPortMax = 65535;
+constexpr Phrase kSansPhotos{
+    "Les photos de ce mail étaient trop grosses pour le serveur. Elles sont sur l'ordinateur qui veille.",
+    "The pictures of this mail were too large for the server. They are on the computer that watches."};
 
 quint16 LitPort(const QString& texte) {
   int port = 0;
@@ -41,16 +46,31 @@ ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule
   r.Envoi.MotDePasse = valeurs.SmtpPass;
   r.Envoi.FichierAutorites = autorites;
   if (!valeurs.SmtpActif) r.Envoi.Sendmail = TrouveSendmail();
-  const QStringList expediteurs = SepareAdresses(valeurs.SmtpFrom);
-  if (!expediteurs.isEmpty()) r.Adresses.Expediteur = expediteurs.first();
-  r.Adresses.Destinataires = SepareAdresses(valeurs.MailDestination);
+  // The system's mail program knows the users of this machine by their names alone.
+  const AdressesLues expediteurs = LitAdresses(valeurs.SmtpFrom, !valeurs.SmtpActif);
+  const AdressesLues destinataires = LitAdresses(valeurs.MailDestination, !valeurs.SmtpActif);
+  r.Adresses.Expediteur = expediteurs.Bonnes.value(0);
+  r.Adresses.Destinataires = destinataires.Bonnes;
+  r.AdressesFausses = expediteurs.Mauvaises + destinataires.Mauvaises;
+  r.Envoi.Jeton = valeurs.SmtpActif && valeurs.SmtpNeedLogin ? valeurs.SmtpJeton.trimmed() : QString();
+  r.Envoi.Presente = r.Adresses;
   r.Sujet = valeurs.MailSujet;
   r.Corps = valeurs.MailCorps;
   LitNombre(valeurs.MailNombrePhoto, r.NombrePhoto);
   LitNombre(valeurs.MailNombreMail, r.NombreMail);
-  r.Parlee = LangueParlee(valeurs.LangueCourante);
+  r.Envoi.Parlee = r.Parlee = LangueParlee(valeurs.LangueCourante);
   r.DossierPhotos = valeurs.PhotoActif ? CheminNatif(valeurs.RepertoirePhoto) : dossiers.CheminTempFtp();
   return r;
+}
+
+CourrielPret PrepareEnvoi(const CourrielEnAttente& courriel, const QByteArray& message, const ReglagesEnvoi& reglages) {
+  const QString& present = reglages.Presente.Expediteur;
+  CourrielPret pret{{present.isEmpty() ? courriel.Expediteur : present, courriel.Destinataires},
+                    MetExpediteur(message, present)};
+  if (!courriel.Sort.Allege) return pret;
+  const QByteArray allege = RetirePieces(pret.Message, kSansPhotos.Dit(reglages.Parlee));
+  if (!allege.isEmpty()) pret.Message = allege;
+  return pret;
 }
 
 QStringList DonneSecrets(const ReglagesEnvoi& r) {

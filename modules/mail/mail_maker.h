@@ -4,6 +4,7 @@
 
 #include "modules/common/module_folders.h"
 #include "modules/mail/mime_message.h"
+#include "modules/mail/outbox.h"
 #include "modules/mail/sending.h"
 #include "settings/parameters.h"
 #include "texts/language.h"
@@ -14,16 +15,17 @@ namespace vaktor {
 struct ReglagesCourriel {
   ReglagesEnvoi Envoi;
   Enveloppe Adresses;
+  QStringList AdressesFausses =
+      {};  ///< what stands in the fields of the addresses and is none; the others get the mail
   QString Sujet;
   QString Corps;
   int NombrePhoto = 10;
   int NombreMail = 1;
   Langue Parlee = Langue::kFrancais;
   QString DossierPhotos;  ///< native path: the photo folder, or the live copies when photos are off
-  /// Somebody to send to, and a sender where one is needed.
-  bool PeutEcrire() const {
-    return !Adresses.Destinataires.isEmpty() && (!Envoi.ParSmtp || !Adresses.Expediteur.isEmpty());
-  }
+  /// Somebody to send to. A sender that is missing is asked for when the mail is sent: the settings may have one by
+  /// then.
+  bool PeutEcrire() const { return !Adresses.Destinataires.isEmpty(); }
   bool operator==(const ReglagesCourriel&) const = default;
 };
 
@@ -34,6 +36,16 @@ bool EstCetteMachine(const QString& serveur);
 /// `autorites` see ReglagesEnvoi::FichierAutorites. A count that is no number is the one of a first run; a port that is
 /// none is 0.
 ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule& dossiers, const QString& autorites);
+
+/// What goes to a server of a mail in the outbox, with the settings of now.
+struct CourrielPret {
+  Enveloppe Adresses;
+  QByteArray Message;
+};
+
+/// The sender is that of the account which sends, whichever it was when the mail was made; where both are missing the
+/// mail stays incomplete. A mail that was found too large goes without its photos, and says so.
+CourrielPret PrepareEnvoi(const CourrielEnAttente& courriel, const QByteArray& message, const ReglagesEnvoi& reglages);
 
 /// The password in the forms in which it travels: none of them belongs into a log or a status file.
 QStringList DonneSecrets(const ReglagesEnvoi& reglages);

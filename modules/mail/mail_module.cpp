@@ -7,6 +7,7 @@
 #include <cstring>
 
 #include "modules/mail/failure_advice.h"
+#include "modules/mail/row_pause.h"
 
 namespace vaktor {
 namespace {
@@ -23,7 +24,10 @@ ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
       Veille_(ports.DossierVeille, Sac_, Retard_, ports.Marque, contexte.Journal),
       TimerRecolte_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRecolte"), kRecolte, [this] { Recolte(); })),
       TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPauseEntreSeries,
-                                                    [this] { TimerPause_->Desactive(); })),
+                                                    [this] {
+                                                      TimerPause_->Desactive();
+                                                      TimerPause_->ChangeIntervalle(kPauseEntreSeries);
+                                                    })),
       TimerVeille_(
           contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerVeille"), kRepriseVeille, [this] { PrendVeille(); })),
       TimerAttente_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerAttente"), kRegardAttente,
@@ -31,6 +35,11 @@ ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
       TimerFin_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerFin"), kFinMax, [this] { Contexte_.Quitte(); })),
       Poste_(ports.OuvrePoste([this](const RapportEnvoi& rapport) { PrendRapport(rapport); })) {
   TimerAttente_->Active();
+  Sac_.TientReserve();
+  if (const qint32 reste = DonneResteDePause(Ports_.DossierSac, Ports_.Maintenant(), kPauseEntreSeries); reste > 0) {
+    TimerPause_->ChangeIntervalle(reste);
+    TimerPause_->Active();
+  }
 }
 
 void ModuleMail::PrendReglages(const ReglagesModule& reglages) {
@@ -56,6 +65,7 @@ void ModuleMail::ExecuteCommande(Commande commande) {
   if (commande == Commande::kVeille) PrendVeille();
   if (commande != Commande::kIntrusion) return;
   DerniereIntrusion_ = Ports_.Maintenant();
+  DernierRapport_ = DonneCompteur();
   if (ResteDeLaSerie_ > 0 || TimerPause_->EstActive()) return;
   CommenceSerie();
 }
@@ -70,6 +80,7 @@ void ModuleMail::CommenceSerie() {
   }
   // What is above the cap would only wait in the outbox for the next hour.
   ResteDeLaSerie_ = std::min(Reglages_.NombreMail, PlafondHoraire::kCourrielsParHeure);
+  PrisDeLaSerie_.clear();
   CommenceCourriel();
 }
 
@@ -81,28 +92,62 @@ void ModuleMail::CommenceCourriel() {
   EnCours_.Expediteur = Reglages_.Adresses.Expediteur;
   EnCours_.Destinataires = Reglages_.Adresses.Destinataires;
   Recoltes_ = 0;
+  Ouvert_ = DernierRapport_ = DonneCompteur();
   const int erreur = PoseRecette(Sac_, EnCours_,
                                  {.Sujet = Reglages_.Sujet,
                                   .Corps = Reglages_.Corps,
                                   .DossierPhotos = Reglages_.DossierPhotos,
-                                  .NombrePhoto = Reglages_.NombrePhoto});
+                                  .NombrePhoto = Reglages_.NombrePhoto,
+                                  .Sauf = PrisDeLaSerie_});
   if (erreur == 0) {
     Contexte_.Journal.Note(QStringLiteral("mail %1 made").arg(EnCours_.Nom));
     TimerRecolte_->Active();
   } else {
     SignaleDisque(erreur);
-    ResteDeLaSerie_ = 0;
-    TimerPause_->Active();
+    ConfieSansPhotos();
+    AcheveSerie();
   }
 }
 
-void ModuleMail::Recolte() {
+void ModuleMail::AcheveSerie() {
+  ResteDeLaSerie_ = 0;
+  TimerPause_->Active();
+  NotePause(Ports_.DossierSac, Ports_.Maintenant());
+}
+
+void ModuleMail::Confie(const CourrielEnAttente& courriel, const QByteArray& message) {
+  if (EnMemoire_.contains(courriel.Nom)) return;
+  Contexte_.Journal.Note(QStringLiteral("mail %1 goes from memory").arg(courriel.Nom));
+  EnMemoire_.insert(courriel.Nom, courriel.FaitA);
+  Poste_->Confie(courriel, message);
+}
+
+void ModuleMail::ConfieSansPhotos() {
+  Confie(EnCours_, ComposeMessage({.Expediteur = EnCours_.Expediteur,
+                                   .Destinataires = EnCours_.Destinataires,
+                                   .Sujet = Reglages_.Sujet,
+                                   .Corps = Reglages_.Corps,
+                                   .Date = QDateTime::fromMSecsSinceEpoch(EnCours_.FaitA),
+                                   .Identifiant = EnCours_.Nom,
+                                   .Pieces = {}}));
+}
+
+bool ModuleMail::EstComble() const {
   const QList<PhotoConnue> photos =
-      PrendPhotos(Reglages_.DossierPhotos, EnCours_.FaitA, Reglages_.NombrePhoto, kOctetsPhotosMax).Photos;
-  const bool comble = photos.size() >= Reglages_.NombrePhoto &&
-                      std::all_of(photos.begin(), photos.end(),
-                                  [this](const PhotoConnue& p) { return p.Instant > EnCours_.FaitA - kMemeInstantMs; });
-  if (comble || ++Recoltes_ >= kRecoltes) AcheveCourriel();
+      PrendPhotos(Reglages_.DossierPhotos, EnCours_.FaitA, Reglages_.NombrePhoto, kOctetsPhotosMax, PrisDeLaSerie_)
+          .Photos;
+  return photos.size() >= Reglages_.NombrePhoto &&
+         std::all_of(photos.begin(), photos.end(),
+                     [this](const PhotoConnue& p) { return p.Instant > EnCours_.FaitA - kMemeInstantMs; });
+}
+
+// By the counter: a clock that is set meanwhile changes nothing. A large folder is not looked through each time, once
+// the first second has shown that photos come slowly.
+void ModuleMail::Recolte() {
+  const quint32 maintenant = DonneCompteur();
+  const bool regarde = ++Recoltes_ <= kRecoltesVives || Recoltes_ % kRecoltesVives == 0;
+  const bool fini = maintenant - Ouvert_ >= kOuvertMax || maintenant - DernierRapport_ >= kCalme;
+  if (fini || (regarde && EstComble())) AcheveCourriel();
 }
 
 void ModuleMail::AcheveCourriel() {
@@ -112,13 +157,15 @@ void ModuleMail::AcheveCourriel() {
   if (--ResteDeLaSerie_ > 0)
     CommenceCourriel();
   else
-    TimerPause_->Active();
+    AcheveSerie();
 }
 
 void ModuleMail::PublieCourriel() {
   const Publication suite = Retard_.Publie(EnCours_.Nom, EnCours_.FaitA);
   for (const int erreur : {suite.ErreurPhotos, suite.Erreur})
     if (erreur != 0) SignaleDisque(erreur);
+  PrisDeLaSerie_ += suite.Photos;
+  if (suite.Erreur != 0) ConfieSansPhotos();
 }
 
 void ModuleMail::PrendVeille() {
@@ -127,13 +174,17 @@ void ModuleMail::PrendVeille() {
   if (prise.Illisible) Contexte_.Etat.Signale(ComposeAvisVeille(Ports_.DossierVeille));
   if (prise.SansAdresse) Signale({.Cause = CauseEchec::kIncomplet});
   if (prise.Erreur != 0) SignaleDisque(prise.Erreur);
+  for (const auto& [courriel, message] : prise.DeMemoire) Confie(courriel, message);
   if (prise.Pris > 0) Poste_->Reveille();
   prise.Reste ? TimerVeille_->Active() : TimerVeille_->Desactive();
   SuitAttente();
 }
 
 void ModuleMail::RegardeAttente() {
+  Sac_.TientReserve();
   if (Retard_.Reessaie() > 0) Poste_->Reveille();
+  if (!EnMemoire_.isEmpty())
+    for (const CourrielEnAttente& courriel : Sac_.Liste()) EnMemoire_.remove(courriel.Nom);  // the disk has it now
   SuitAttente();
 }
 
@@ -141,6 +192,7 @@ void ModuleMail::SuitAttente() {
   std::optional<qint64> plusAncien;
   for (const std::optional<qint64>& depuis : {Sac_.PlusAncien(), Retard_.PlusAncien(), Veille_.PlusAncien()})
     if (depuis) plusAncien = std::min(*depuis, plusAncien.value_or(*depuis));
+  for (const qint64 depuis : EnMemoire_) plusAncien = std::min(depuis, plusAncien.value_or(depuis));
   // A mail that is refused for good waits for other settings. It counts until another one is taken: then it was this
   // mail's own fault, and no sign that none arrives.
   if (Refuse_ != 0) plusAncien = std::min(Refuse_, plusAncien.value_or(Refuse_));
@@ -159,13 +211,14 @@ void ModuleMail::PrendRapport(const RapportEnvoi& rapport) {
   else
     Signale(r);
   if (r.Accepte) Refuse_ = 0;
+  if (r.Accepte && EnMemoire_.remove(rapport.Nom) > 0) Veille_.NoteParti(rapport.Nom);
   if (r.Definitif && r.Cause != CauseEchec::kAbandonne && Refuse_ == 0) Refuse_ = Ports_.Maintenant();
   SuitAttente();
 }
 
 void ModuleMail::Signale(const ResultatEnvoi& resultat) {
   ResultatEnvoi r = resultat;
-  if (r.Accepte) r.Cause = CauseEchec::kDestinataireRefuse;  // one of several
+  if (r.Accepte && r.Cause == CauseEchec::kAucune) r.Cause = CauseEchec::kDestinataireRefuse;  // one of several
   Contexte_.Etat.Signale(ComposeAvis(r, Reglages_.Envoi));
 }
 
@@ -179,8 +232,10 @@ void ModuleMail::Termine() {
   EnFin_ = true;
   TimerVeille_->Desactive();
   TimerRecolte_->Desactive();
-  if (ResteDeLaSerie_ > 0) PublieCourriel();
-  ResteDeLaSerie_ = 0;
+  if (ResteDeLaSerie_ > 0) {
+    PublieCourriel();
+    AcheveSerie();
+  }
   TimerPause_->Active();  // no further mail
   TimerFin_->Active();
   Poste_->Arrete([this] { Contexte_.Quitte(); });

@@ -2,7 +2,8 @@
 // The mail companion's rules: when a mail is made, with which photos, and what the user is told.
 #pragma once
 
-#include <QElapsedTimer>
+#include <QMap>
+#include <QStringList>
 
 #include "modules/common/module_program.h"
 #include "modules/mail/mail_maker.h"
@@ -25,14 +26,18 @@ struct PortsMail {
 /// "Intru" comes with every frame of an intrusion, thirty times a second. The first one starts a row of `nombremail`
 /// mails, one after the other; then there is none for kPauseEntreSeries, whatever is reported.
 ///
-/// What a mail is made of is on disk from the moment of its "Intru". For up to a second it then waits for the photos
-/// that come, since an intrusion begins with a single one; only then is it composed and may leave.
+/// What a mail is made of is on disk from the moment of its "Intru". It then waits for the photos that come, since an
+/// intrusion begins with a single one: until it has its number, for five seconds, or until nothing was reported for
+/// one, whichever is first. Only then is it composed and may leave. A mail that the disk does not take leaves from
+/// memory, with its words alone.
 ///
 /// What the watch has to say of itself goes its own way: a mail for each message, whatever row or pause there is.
 class ModuleMail : public Module {
  public:
   static constexpr qint32 kRecolte = 200;           ///< milliseconds between two looks for more photos
-  static constexpr int kRecoltes = 5;               ///< looks, at the most
+  static constexpr quint32 kOuvertMax = 5000;       ///< milliseconds in which a mail gathers photos, at the most
+  static constexpr quint32 kCalme = 1000;           ///< milliseconds without a report that end it sooner
+  static constexpr int kRecoltesVives = 5;          ///< looks, of which each looks through the folder
   static constexpr qint32 kRepriseVeille = 60'000;  ///< until messages of the watch that could not be taken are tried
   static constexpr qint32 kRegardAttente = 10'000;  ///< between two looks for what waits
   static constexpr qint32 kFinMax = 15'000;         ///< milliseconds that a mail under way is given at our end
@@ -50,6 +55,11 @@ class ModuleMail : public Module {
   void Recolte();
   void AcheveCourriel();
   void PublieCourriel();
+  void AcheveSerie();
+  bool EstComble() const;
+  quint32 DonneCompteur() const { return static_cast<quint32>(Contexte_.Temps.CompteTics()); }
+  void ConfieSansPhotos();
+  void Confie(const CourrielEnAttente& courriel, const QByteArray& message);
   void PrendVeille();
   void RegardeAttente();
   /// "waiting_since" of the status file: when the oldest mail that waits was made.
@@ -69,6 +79,10 @@ class ModuleMail : public Module {
   qint64 DerniereIntrusion_ = 0;
   CourrielEnAttente EnCours_;  // the mail in the making
   int Recoltes_ = 0;
+  quint32 Ouvert_ = 0;               // counter of the clock: when the mail in the making was begun,
+  quint32 DernierRapport_ = 0;       // and when something was reported last, or it was begun
+  QStringList PrisDeLaSerie_;        // photos that mails of this row have
+  QMap<QString, qint64> EnMemoire_;  // mails that the disk did not take, with the time at which each was made
   bool ReglagesRecus_ = false;
   bool EnFin_ = false;
   bool SansAdresse_ = false;  // the row could not be made; the next settings may help

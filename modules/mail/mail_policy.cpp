@@ -5,9 +5,14 @@
 
 namespace vaktor {
 
-qint64 PlafondHoraire::Attente(qint64 maintenant, bool prioritaire) {
+qsizetype PlafondHoraire::DonnePlafond(Rang rang) const {
+  if (rang == Rang::kVeille) return ParHeure_ + kReserveVeille;
+  return rang == Rang::kFrais ? ParHeure_ : std::max(1, ParHeure_ - kReserveFrais);
+}
+
+qint64 PlafondHoraire::Attente(qint64 maintenant, Rang rang) {
   Envois_.removeIf([maintenant](qint64 t) { return t > maintenant || maintenant - t >= kHeureMs; });
-  const qsizetype plafond = prioritaire ? ParHeure_ + kReserveVeille : ParHeure_;
+  const qsizetype plafond = DonnePlafond(rang);
   return Envois_.size() < plafond ? 0 : Envois_.at(Envois_.size() - plafond) + kHeureMs - maintenant;
 }
 

@@ -13,6 +13,9 @@ namespace vaktor {
 class PlafondHoraire {
  public:
   static constexpr int kCourrielsParHeure = 60;
+  /// Of these, kept for mails of what happens now: a day that waited must not use up the hour of the next alarm.
+  static constexpr int kReserveFrais = 20;
+  static constexpr qint64 kFraisMs = 10LL * 60 * 1000;  ///< so old a mail is one of now
   /// Above the cap, for mails of the watch alone: that it has gone blind must not wait an hour behind the intrusion
   /// before. They are few by themselves.
   static constexpr int kReserveVeille = 10;
@@ -20,9 +23,11 @@ class PlafondHoraire {
 
   explicit PlafondHoraire(int parHeure = kCourrielsParHeure) : ParHeure_(parHeure) {}
 
-  /// Milliseconds to wait before the next mail may leave; 0: now. Time is milliseconds since 1970; when the clock was
-  /// set back, what lies in the future is forgotten.
-  qint64 Attente(qint64 maintenant, bool prioritaire = false);
+  enum class Rang { kAncien, kFrais, kVeille };
+
+  /// Milliseconds to wait before the next mail of this rank may leave; 0: now. Time is milliseconds since 1970; when
+  /// the clock was set back, what lies in the future is forgotten.
+  qint64 Attente(qint64 maintenant, Rang rang = Rang::kFrais);
   void Note(qint64 maintenant);
 
   /// As text, to be kept over a restart. What does not read as such is taken for an empty list.
@@ -30,6 +35,8 @@ class PlafondHoraire {
   void Relit(const QByteArray& texte);
 
  private:
+  qsizetype DonnePlafond(Rang rang) const;
+
   int ParHeure_;
   QList<qint64> Envois_;  // no more than cap and reserve, oldest first
 };

@@ -22,6 +22,7 @@ struct Arguments {
 
 Arguments TrieArguments(int argc, char** argv) {
   Arguments arguments;
+  arguments.Autorites = qEnvironmentVariable("SSL_CERT_FILE");  // as for the page
   for (int i = 0; i < argc; ++i) {
     if (std::strcmp(argv[i], "--ca-file") == 0 && i + 1 < argc)
       arguments.Autorites = QString::fromLocal8Bit(argv[++i]);

@@ -11,7 +11,6 @@ constexpr qsizetype kLigneBase64 = 76;
 constexpr qsizetype kSujetSimple = 66;       // characters beside "Subject: " in a line of 78
 constexpr qsizetype kOctetsMot = 45;         // 60 characters of base64
 constexpr qsizetype kOctetsPremierMot = 36;  // beside the name of the field
-constexpr qsizetype kAdresseMax = 320;       // RFC 5321: 64 and 255, with the sign between
 
 // One line: whatever would end a header field becomes a blank.
 QString SurUneLigne(QString texte) {
@@ -100,24 +99,13 @@ QByteArray ComposePiece(const PieceJointe& piece) {
          CodeNom(piece.Nom) + "\r\n\r\n" + CodeBase64(piece.Contenu);
 }
 
-// "Anna <anna@exemple.fr>" is what mail programs show; the address is what stands between the signs.
-// A line break in front of it is no part of any name, and what comes with one is not to be trusted.
-QString AdresseSeule(const QString& morceau) {
-  if (SurUneLigne(morceau) != morceau) return {};
-  const qsizetype ouvre = morceau.indexOf(u'<');
-  return ouvre >= 0 && morceau.endsWith(u'>') ? morceau.mid(ouvre + 1).chopped(1).trimmed() : morceau;
+QByteArray ComposeExpediteur(const QString& expediteur) {
+  return "From: <" + SurUneLigne(expediteur).toUtf8() + ">\r\n";
 }
 
-bool EstAdresse(const QString& adresse) {
-  // The first sign: what the system's mail program would take for an option, a file or a command.
-  if (adresse.isEmpty() || adresse.size() > kAdresseMax || QStringLiteral("-/|:").contains(adresse.front()))
-    return false;
-  for (const QChar c : adresse) {
-    const char16_t code = c.unicode();
-    const bool controle = code <= 0x20 || (code >= 0x7f && code <= 0xa0) || code == 0x2028 || code == 0x2029;
-    if (controle || c == u'<' || c == u'>') return false;
-  }
-  return true;
+QByteArray ComposeTexte(const QByteArray& texte) {
+  return "\r\nContent-Type: text/plain; charset=UTF-8\r\nContent-Transfer-Encoding: base64\r\n\r\n" +
+         CodeBase64(texte) + "\r\n";
 }
 
 QByteArray DonneDomaine(const QString& adresse) {
@@ -130,7 +118,7 @@ QByteArray DonneDomaine(const QString& adresse) {
 QByteArray ComposeEntete(const Courriel& courriel, const QByteArray& limite) {
   QByteArray m = "Date: " + CodeDate(courriel.Date) + "\r\n";
   // Without a sender the system's mail program puts the user's own address here.
-  if (!courriel.Expediteur.isEmpty()) m += "From: <" + SurUneLigne(courriel.Expediteur).toUtf8() + ">\r\n";
+  if (!courriel.Expediteur.isEmpty()) m += ComposeExpediteur(courriel.Expediteur);
   QByteArrayList destinataires;
   for (const QString& adresse : courriel.Destinataires) destinataires.append('<' + SurUneLigne(adresse).toUtf8() + '>');
   m += "To: " + destinataires.join(",\r\n ") + "\r\n";
@@ -142,28 +130,39 @@ QByteArray ComposeEntete(const Courriel& courriel, const QByteArray& limite) {
 
 }  // namespace
 
-QStringList SepareAdresses(const QString& champ) {
-  QStringList adresses;
-  QString avecVirgules = champ;
-  avecVirgules.replace(u';', u',');
-  for (const QString& morceau : avecVirgules.split(u',', Qt::SkipEmptyParts)) {
-    const QString adresse = AdresseSeule(morceau.trimmed());
-    if (EstAdresse(adresse) && !adresses.contains(adresse)) adresses.append(adresse);
-  }
-  return adresses;
-}
-
 QByteArray ComposeMessage(const Courriel& courriel) {
   // The boundary cannot occur in base64 text: it holds an underscore.
   const QByteArray limite = "_vaktor_" + courriel.Identifiant.toLatin1() + "_";
   const QByteArray trait = "--" + limite;
   QByteArrayList morceaux;
-  morceaux << ComposeEntete(courriel, limite)
-           << trait + "\r\nContent-Type: text/plain; charset=UTF-8\r\nContent-Transfer-Encoding: base64\r\n\r\n"
-           << CodeBase64(NormaliseLignes(courriel.Corps)) + "\r\n";
+  morceaux << ComposeEntete(courriel, limite) << trait + ComposeTexte(NormaliseLignes(courriel.Corps));
   for (const PieceJointe& piece : courriel.Pieces) morceaux << trait + "\r\n" + ComposePiece(piece) + "\r\n";
   morceaux << trait + "--\r\n";
   return morceaux.join();
+}
+
+QByteArray RetirePieces(const QByteArray& message, const QString& mots) {
+  const qsizetype finEntete = message.indexOf("\r\n\r\n");
+  const qsizetype debut = message.indexOf("boundary=\"") + 10;
+  const qsizetype fin = message.indexOf('"', debut);
+  if (finEntete < 0 || debut < 10 || fin < 0 || fin > finEntete) return {};
+  const QByteArray trait = "--" + message.mid(debut, fin - debut);
+  // The text is the first part, base64 to the next boundary.
+  const qsizetype texte = message.indexOf("\r\n\r\n", finEntete + 4) + 4;
+  const qsizetype suite = message.indexOf("\r\n" + trait, texte);
+  if (texte < 4 || suite < 0 || message.mid(suite + 2 + trait.size(), 2) == "--") return {};
+  const QByteArray corps = QByteArray::fromBase64(message.mid(texte, suite - texte));
+  return message.left(finEntete + 4) + trait + ComposeTexte(corps + "\r\n\r\n" + NormaliseLignes(mots)) + trait +
+         "--\r\n";
+}
+
+QByteArray MetExpediteur(const QByteArray& message, const QString& expediteur) {
+  if (expediteur.isEmpty()) return message;
+  QByteArray resultat = message;
+  const qsizetype champ = message.left(message.indexOf("\r\n\r\n")).indexOf("\r\nFrom: ") + 2;
+  if (champ < 2) return resultat.prepend(ComposeExpediteur(expediteur));
+  const qsizetype fin = message.indexOf("\r\n", champ) + 2;
+  return resultat.replace(champ, fin - champ, ComposeExpediteur(expediteur));
 }
 
 }  // namespace vaktor

@@ -26,10 +26,13 @@ struct Courriel {
   QList<PieceJointe> Pieces;
 };
 
-/// The addresses of a field as the user typed it: "," and ";" part them, blanks around them go, of "Name <address>" the
-/// address counts. What holds a blank, a control character (CR and LF among them) or "<>" is no address and is left
-/// out, so that no address can add a header or a command.
-QStringList SepareAdresses(const QString& champ);
+/// A message of ComposeMessage without its photos, `mots` behind its text in a paragraph of their own. Nothing for what
+/// is no such message, and for one that has no photos.
+QByteArray RetirePieces(const QByteArray& message, const QString& mots);
+
+/// A message of ComposeMessage with this sender, in the place of its own or where it has none. Without `expediteur` it
+/// comes back as it is.
+QByteArray MetExpediteur(const QByteArray& message, const QString& expediteur);
 
 /// The message with CR LF line ends, lines of at most 998 bytes, ready for SMTP DATA (dots not doubled: libcurl does).
 /// Text in UTF-8, base64. CR and LF inside subject or names become blanks.

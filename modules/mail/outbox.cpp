@@ -10,7 +10,10 @@
 #include <QJsonObject>
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <optional>
 
+#include "modules/mail/disk_reserve.h"
 #include "modules/mail/durable_file.h"
 #include "platform/store/private_file.h"
 
@@ -20,6 +23,7 @@ namespace {
 constexpr const char* kBrouillon = ".draft";
 constexpr const char* kCourriel = ".mail";
 constexpr const char* kEssais = ".try";
+constexpr const char* kSort = ".rcpt";
 constexpr const char* kEnvoye = ".sent";
 constexpr const char* kRefuse = ".refused";
 constexpr const char* kMauvais = ".bad";
@@ -71,20 +75,30 @@ QStringList SacPostal::DonneBrouillons(const QString& saufMarque) const {
 void SacPostal::RetireRestes(const QString& saufMarque) {
   for (const char* fin : {kEnvoye, kPartiel})
     for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque)) QFile::remove(Chemin(nom, fin));
-  for (const QString& nom : ListeNoms(Dossier_, kEssais, saufMarque))
-    if (!QFile::exists(Chemin(nom, kCourriel))) QFile::remove(Chemin(nom, kEssais));
+  for (const char* fin : {kEssais, kSort})
+    for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque))
+      if (!QFile::exists(Chemin(nom, kCourriel)) && !QFile::exists(Chemin(nom, kRefuse)))
+        QFile::remove(Chemin(nom, fin));
 }
 
 QString SacPostal::Chemin(const QString& nom, const char* fin) const {
   return Dossier_ + u'/' + nom + QLatin1String(fin);
 }
 
+void SacPostal::TientReserve() const { vaktor::TientReserve(Dossier_); }
+
+int SacPostal::Ecrit(const QString& chemin, const QByteArrayList& parties) const {
+  const int erreur = EcritDurable(chemin, parties);
+  const bool plein = erreur == ENOSPC || erreur == EDQUOT;
+  return plein && RendReserve(Dossier_) ? EcritDurable(chemin, parties) : erreur;
+}
+
 int SacPostal::PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message) {
-  return EcritDurable(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel), message});
+  return Ecrit(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel), message});
 }
 
 int SacPostal::PoseRecette(const CourrielEnAttente& courriel, const QByteArray& recette) {
-  return EcritDurable(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel, true), recette});
+  return Ecrit(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel, true), recette});
 }
 
 std::optional<QByteArray> SacPostal::LitRecette(const QString& nom, CourrielEnAttente& courriel) const {
@@ -96,19 +110,25 @@ std::optional<QByteArray> SacPostal::LitRecette(const QString& nom, CourrielEnAt
 
 bool SacPostal::Publie(const QString& nom) { return RenommeDurable(Chemin(nom, kBrouillon), Chemin(nom, kCourriel)); }
 
+std::optional<CourrielEnAttente> SacPostal::LitCourriel(const QString& nom, const char* fin) const {
+  CourrielEnAttente c;
+  c.Nom = nom;
+  QFile f(Chemin(nom, fin));
+  if (!f.open(QIODevice::ReadOnly)) return c;  // without an address: it may be readable next time
+  if (!LitTete(f.readLine(kTeteMax), c)) return std::nullopt;
+  LitEssais(c);
+  c.Sort = LitSort(Chemin(nom, kSort));
+  return c;
+}
+
 QList<CourrielEnAttente> SacPostal::Liste() {
   QList<CourrielEnAttente> liste;
   for (const QString& nom : ListeNoms(Dossier_, kCourriel)) {
-    CourrielEnAttente c;
-    c.Nom = nom;
-    QFile f(Chemin(nom, kCourriel));
-    if (!f.open(QIODevice::ReadOnly)) continue;  // it may be readable next time
-    if (!LitTete(f.readLine(kTeteMax), c)) {
+    const std::optional<CourrielEnAttente> c = LitCourriel(nom, kCourriel);
+    if (!c)
       RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kMauvais));
-      continue;
-    }
-    LitEssais(c);
-    liste.append(c);
+    else if (!c->Destinataires.isEmpty())
+      liste.append(*c);
   }
   return liste;
 }
@@ -154,8 +174,11 @@ qint64 SacPostal::DonneOctets() const {
 void SacPostal::Acheve(const QString& nom) {
   // The rename is what counts: from here on a restart finds nothing to send.
   RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kEnvoye));
-  QFile::remove(Chemin(nom, kEnvoye));
-  QFile::remove(Chemin(nom, kEssais));
+  for (const char* fin : {kEnvoye, kEssais, kSort, kBrouillon}) QFile::remove(Chemin(nom, fin));
+}
+
+bool SacPostal::NoteSort(const CourrielEnAttente& courriel) {
+  return EcritSort(Chemin(courriel.Nom, kSort), courriel.Sort) == 0;
 }
 
 void SacPostal::Reporte(const CourrielEnAttente& courriel, qint64 maintenant) {
@@ -165,14 +188,31 @@ void SacPostal::Reporte(const CourrielEnAttente& courriel, qint64 maintenant) {
   EcritDurable(Chemin(courriel.Nom, kEssais), {QJsonDocument(note).toJson(QJsonDocument::Compact)});
 }
 
-void SacPostal::MetDeCote(const QString& nom) {
-  RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kRefuse));
-  QFile::remove(Chemin(nom, kEssais));
+void SacPostal::MetDeCote(CourrielEnAttente courriel, qint64 maintenant) {
+  courriel.Sort.RefuseA = maintenant;
+  NoteSort(courriel);
+  RenommeDurable(Chemin(courriel.Nom, kCourriel), Chemin(courriel.Nom, kRefuse));
+  QFile::remove(Chemin(courriel.Nom, kEssais));
 }
 
-void SacPostal::RemetTout() {
-  for (const QString& nom : ListeNoms(Dossier_, kRefuse)) RenommeDurable(Chemin(nom, kRefuse), Chemin(nom, kCourriel));
+void SacPostal::RemetRefuse(const QString& nom, const QStringList& adresses) {
+  if (std::optional<CourrielEnAttente> c = LitCourriel(nom, kRefuse); c && !c->Destinataires.isEmpty()) {
+    c->Sort = RecommenceSort(c->Destinataires, c->Sort, adresses);
+    NoteSort(*c);
+  }
+  RenommeDurable(Chemin(nom, kRefuse), Chemin(nom, kCourriel));
+}
+
+void SacPostal::RemetTout(const QStringList& adresses) {
+  for (const QString& nom : ListeNoms(Dossier_, kRefuse)) RemetRefuse(nom, adresses);
   for (const QString& nom : ListeNoms(Dossier_, kEssais)) QFile::remove(Chemin(nom, kEssais));
+}
+
+void SacPostal::RemetLesAnciens(qint64 maintenant, const QSet<QString>& sauf) {
+  for (const QString& nom : ListeNoms(Dossier_, kRefuse)) {
+    const qint64 depuis = maintenant - LitSort(Chemin(nom, kSort)).RefuseA;
+    if (!sauf.contains(nom) && (depuis < 0 || depuis >= kRepriseRefuseMs)) RemetRefuse(nom, {});
+  }
 }
 
 QString SacPostal::DonneRang(qint64 faitA) const {
@@ -189,16 +229,19 @@ QString SacPostal::DonneRang(qint64 faitA) const {
 QStringList SacPostal::Elague(qint64 maintenant, const QSet<QString>& essayes) {
   QStringList abandonnes;
   for (const char* fin : {kRefuse, kMauvais})
-    for (const QFileInfo& f : QDir(Dossier_).entryInfoList({u'*' + QLatin1String(fin)}, QDir::Files))
-      if (maintenant - f.lastModified().toMSecsSinceEpoch() > kAgeMaxMs) QFile::remove(f.filePath());
+    for (const QFileInfo& f : QDir(Dossier_).entryInfoList({u'*' + QLatin1String(fin)}, QDir::Files)) {
+      const bool essaye = fin == kMauvais || essayes.contains(f.completeBaseName());
+      if (!essaye || maintenant - f.lastModified().toMSecsSinceEpoch() <= kAgeMaxMs) continue;
+      QFile::remove(f.filePath());
+      QFile::remove(Chemin(f.completeBaseName(), kSort));
+    }
   const QList<CourrielEnAttente> liste = Liste();
   qsizetype reste = liste.size();
   for (const CourrielEnAttente& c : liste) {
     const bool vieux = maintenant - c.FaitA > kAgeMaxMs && essayes.contains(c.Nom);
     if (!vieux && reste <= kCourrielsMax) continue;
     --reste;
-    QFile::remove(Chemin(c.Nom, kCourriel));
-    QFile::remove(Chemin(c.Nom, kEssais));
+    for (const char* fin : {kCourriel, kEssais, kSort}) QFile::remove(Chemin(c.Nom, fin));
     abandonnes.append(c.Nom);
   }
   return abandonnes;

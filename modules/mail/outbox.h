@@ -8,19 +8,24 @@
 //   NAME.mail     to be sent. First line JSON (made, from, to, and first: true where it goes before others), then the
 //                 message. Never changed
 //   NAME.try      beside it, after attempts that failed for this mail alone: how many, and when next
+//   NAME.rcpt     beside it, once servers have said different things of its addresses, or that it is too large: who has
+//                 it already, who was refused, and whether it goes without its photos from now on
 //   NAME.sent     a server has taken it; about to be removed
-//   NAME.refused  a server has refused it for good; put back when the user changes the settings
+//   NAME.refused  a server has refused it for good; put back when the user changes the settings, and every six hours
 //   NAME.bad      damaged, kept for a person to look at
 // Each step from one to the next is one rename, flushed to the disk. A mail is sent twice only when the machine stops
 // between the server's "250" and the rename to ".sent"; both copies then carry the same Message-ID.
 #pragma once
 
 #include <QByteArray>
+#include <QByteArrayList>
 #include <QList>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 #include <optional>
+
+#include "modules/mail/mail_fate.h"
 
 namespace vaktor {
 
@@ -32,6 +37,7 @@ struct CourrielEnAttente {
   bool Prioritaire = false;  ///< of the watch: goes before all that are not
   int Essais = 0;            ///< failed attempts of this mail alone
   qint64 ProchainEssai = 0;  ///< milliseconds since 1970; not before
+  SortCourriel Sort = {};
 };
 
 /// Holds nothing but the folder's name: each thread may have its own.
@@ -40,6 +46,7 @@ class SacPostal {
   static constexpr int kCourrielsMax = 2000;
   static constexpr qint64 kOctetsMax = 1024LL * 1024 * 1024;  ///< beyond it new mails are made without photos
   static constexpr qint64 kAgeMaxMs = 7LL * 24 * 3600 * 1000;
+  static constexpr qint64 kRepriseRefuseMs = 6LL * 3600 * 1000;  ///< after which a refused mail is tried again
 
   /// The folder is made when it is not there.
   explicit SacPostal(const QString& dossier);
@@ -48,6 +55,9 @@ class SacPostal {
   QStringList DonneBrouillons(const QString& saufMarque) const;
   /// Removes what a kill left half-written or already sent, but for names that hold `saufMarque`.
   void RetireRestes(const QString& saufMarque);
+  /// Keeps a little room on the disk for PoseBrouillon and PoseRecette, which use it up when there is no other. To be
+  /// called from time to time.
+  void TientReserve() const;
   /// Puts a mail on disk as a draft, in the place of an earlier draft of that name. Gives the system's error number,
   /// 0 when it is there.
   int PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message);
@@ -67,14 +77,20 @@ class SacPostal {
   QByteArray LitMessage(const QString& nom) const;
   qint64 DonneOctets() const;  ///< all files together
 
-  /// The server has it: it leaves the box for good.
+  /// Keeps `courriel.Sort`, of a mail that stays. False when the disk does not take it.
+  bool NoteSort(const CourrielEnAttente& courriel);
+  /// The server has it: it leaves the box for good, its draft too where there is one.
   void Acheve(const QString& nom);
   /// A failed attempt that says something about this mail alone; when next is told by the schedule below.
   void Reporte(const CourrielEnAttente& courriel, qint64 maintenant);
-  /// The server has refused it for good.
-  void MetDeCote(const QString& nom);
-  /// The settings were changed: everything may be tried at once, what was refused too.
-  void RemetTout();
+  /// The server has refused it for good, `maintenant` (milliseconds since 1970).
+  void MetDeCote(CourrielEnAttente courriel, qint64 maintenant);
+  /// The settings were changed: everything may be tried at once, what was refused too. Where an address was refused and
+  /// `adresses`, those of the settings, hold others than the mail has, it goes to these instead.
+  void RemetTout(const QStringList& adresses = {});
+  /// Puts back what was refused kRepriseRefuseMs ago or more, and what a clock that was set back would keep for ever,
+  /// but for `sauf`.
+  void RemetLesAnciens(qint64 maintenant, const QSet<QString>& sauf);
   /// Gives up what is too old or too much, the oldest first; the names given up. Too old is only what is among
   /// `essayes`, the mails that were tried in this run: by a clock that was set forward all of them are.
   QStringList Elague(qint64 maintenant, const QSet<QString>& essayes);
@@ -87,7 +103,10 @@ class SacPostal {
 
  private:
   QString Chemin(const QString& nom, const char* fin) const;
+  int Ecrit(const QString& chemin, const QByteArrayList& parties) const;
   void LitEssais(CourrielEnAttente& courriel) const;
+  std::optional<CourrielEnAttente> LitCourriel(const QString& nom, const char* fin) const;
+  void RemetRefuse(const QString& nom, const QStringList& adresses);
 
   QString Dossier_;
 };

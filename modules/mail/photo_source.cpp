@@ -22,20 +22,22 @@ QList<PhotoConnue> ListePhotos(const QString& dossier) {
   return photos;
 }
 
-ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax) {
+ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
+                        const QStringList& sauf) {
   ChoixPhotos choix;
   if (nombre <= 0) return choix;
   qint64 reste = octetsMax;
   for (const PhotoConnue& photo : ClassePhotos(ListePhotos(dossier), intrusion)) {
     if (choix.Photos.size() >= nombre) break;
-    if (photo.Octets > reste) continue;
+    const QString nom = QFileInfo(photo.Chemin).fileName();
+    if (photo.Octets > reste || sauf.contains(nom)) continue;
     QFile fichier(photo.Chemin);
     if (!fichier.open(QIODevice::ReadOnly)) continue;
     const QByteArray contenu = fichier.read(reste + 1);  // it may have grown since it was listed
     if (contenu.size() > reste || !EstJpegEntier(contenu)) continue;
     reste -= contenu.size();
     choix.Photos.append(photo);
-    choix.Pieces.append({QFileInfo(photo.Chemin).fileName(), contenu});
+    choix.Pieces.append({nom, contenu});
   }
   return choix;
 }

@@ -2,6 +2,8 @@
 // The photos on disk, as the mail takes them.
 #pragma once
 
+#include <QStringList>
+
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/mime_message.h"
 
@@ -17,7 +19,8 @@ struct ChoixPhotos {
 
 /// Reads the photos nearest the intrusion, `nombre` and `octetsMax` bytes at the most. A photo that is still being
 /// written (it does not end in JPEG's end marker), or that is gone meanwhile, is passed over for the next one; so is
-/// one that is too large for what is left of the bytes.
-ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax);
+/// one that is too large for what is left of the bytes. Those with a name in `sauf` are left to others.
+ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
+                        const QStringList& sauf = {});
 
 }  // namespace vaktor

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QHash>
+#include <QMap>
 #include <QSet>
 #include <functional>
 
@@ -22,42 +23,76 @@ struct RapportEnvoi {
 
 class Facteur {
  public:
-  /// Hands the mail over, and calls `surAccepte` the very moment that the server has it.
+  /// Hands the mail over to `courriel.Destinataires`, those who are still to get it, and calls `surAccepte` the very
+  /// moment that the server has it.
   using Envoyeur = std::function<ResultatEnvoi(const CourrielEnAttente& courriel, const QByteArray& message,
-                                               const std::function<void()>& surAccepte)>;
+                                               const std::function<void(const QList<VerdictAdresse>&)>& surAccepte)>;
   using Rapporteur = std::function<void(const RapportEnvoi& rapport)>;
 
   static constexpr qint64 kRienAFaire = 60LL * 1000;  ///< milliseconds until the next look at an empty box
+  /// After so many refused logins in a row none is tried for kReposConnexion: providers close accounts that go on.
+  static constexpr int kRefusConnexionMax = 5;
+  static constexpr qint64 kReposConnexion = 6LL * 3600 * 1000;
+  /// So many mails that broke off in their data, one after the other, say something about the way.
+  static constexpr int kCoupuresMax = 5;
+  static constexpr int kEnMemoireMax = 50;
 
   /// `maintenant` gives milliseconds since 1970.
   Facteur(SacPostal sac, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
           Rapporteur rapporte);
 
-  /// Tries at most one mail: the oldest that is due, those of the watch before all others. Gives the milliseconds until
-  /// the next round is worth while, 0 for at once. A failure that says nothing about the mail itself (no network, login
-  /// refused) holds up all mails, each time for longer; one about the mail alone holds up that mail and lets the others
-  /// pass.
+  /// Tries at most one mail that is due: those of the watch first and in their order, then the newest, since what
+  /// happens now matters more than what waited. Gives the milliseconds until the next round is worth while, 0 for at
+  /// once. A failure that says nothing about the mail itself (no network, login refused) holds up all mails, each time
+  /// for longer; one about the mail alone holds up that mail and lets the others pass. A mail of now that was never
+  /// tried is, once, whatever holds up the others: the network may be back.
   qint64 Tour();
-  /// The settings were changed: all mails are due at once.
-  void Recommence();
+  /// The settings were changed: all mails are due at once. `adresses`: the destinations of the settings.
+  void Recommence(const QStringList& adresses = {});
+  /// A mail that the disk does not take. It is forgotten as soon as the outbox has one of its name; of more than
+  /// kEnMemoireMax the oldest are lost.
+  void Confie(const CourrielEnAttente& courriel, const QByteArray& message);
 
  private:
+  struct EnMemoire {
+    CourrielEnAttente Courriel;
+    QByteArray Message;
+  };
+
+  QList<CourrielEnAttente> DonneOrdre();
+  void PrendSort(CourrielEnAttente& courriel) const;
+  qint64 EssaieLePremier(const QList<CourrielEnAttente>& liste, qint64 maintenant);
+  qint64 EssaieUnNouveau(qint64 maintenant, qint64 sinon);
+  bool EstFrais(const CourrielEnAttente& courriel, qint64 maintenant) const;
   qint64 Essaie(const CourrielEnAttente& courriel);
-  qint64 EssaieUneFois(const CourrielEnAttente& courriel);
+  qint64 EssaieUneFois(CourrielEnAttente courriel);
+  ResultatEnvoi Remet(CourrielEnAttente& courriel, const QByteArray& message);
   qint64 TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat);
-  void NoteAccepte(const QString& nom);
+  qint64 TraiteEchecDuCourriel(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat);
+  qint64 TraiteEchecDuServeur(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat);
+  qint64 Reporte(const CourrielEnAttente& courriel);
+  void MetDeCote(const CourrielEnAttente& courriel);
+  void GardeSort(const CourrielEnAttente& courriel);
+  void NoteAccepte(CourrielEnAttente& courriel, const QList<VerdictAdresse>& verdicts);
   qint64 AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant);
+  void NoteSucces();
 
   SacPostal Sac_;
   PlafondHoraire& Plafond_;
   std::function<qint64()> Maintenant_;
   Envoyeur Envoie_;
   Rapporteur Rapporte_;
-  int EchecsDeSuite_ = 0;            // of the way to the server
-  qint64 PasAvant_ = 0;              // no mail at all before
-  QHash<QString, qint64> Reportes_;  // the next attempt of a mail, also where the disk could not take the note
-  QSet<QString> Partis_;             // accepted: never again, even if the disk kept the file
-  QSet<QString> Essayes_;            // those that stayed: what was never tried is not given up for its age
+  int EchecsDeSuite_ = 0;               // of the way to the server
+  int RefusConnexion_ = 0;              // logins refused since the last that was taken
+  int Coupures_ = 0;                    // mails in a row that broke off in their data
+  qint64 PasAvant_ = 0;                 // no mail at all before
+  qint64 PasAvantDepuis_ = 0;           // when that was decided
+  QHash<QString, qint64> Reportes_;     // the next attempt of a mail, also where the disk could not take the note
+  QHash<QString, SortCourriel> Sorts_;  // likewise
+  QHash<QString, qint64> RefusesA_;     // when a mail was put aside in this run, likewise
+  QMap<QString, EnMemoire> Memoire_;
+  QSet<QString> Partis_;   // accepted: never again, even if the disk kept the file
+  QSet<QString> Essayes_;  // those that stayed: what was never tried is not given up for its age
 };
 
 }  // namespace vaktor

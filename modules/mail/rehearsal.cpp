@@ -10,6 +10,7 @@
 #include "modules/mail/failure_advice.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/smtp_sender.h"
+#include "texts/address_words.h"
 
 namespace vaktor {
 namespace {
@@ -33,6 +34,7 @@ Parametres LitDemande(const QJsonObject& demande) {
   texte("smtpfrom", p.SmtpFrom);
   texte("smtpport", p.SmtpPort);
   texte("smtpuser", p.SmtpUser);
+  texte("smtpjeton", p.SmtpJeton);
   texte("pass", p.SmtpPass);
   drapeau("smtpactif", p.SmtpActif);
   drapeau("smtpneedlogin", p.SmtpNeedLogin);
@@ -71,6 +73,10 @@ FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites, c
   };
   if (reglages.Envoi.ParSmtp)
     dis(QStringLiteral("%1:%2").arg(reglages.Envoi.Serveur, QString::number(reglages.Envoi.Port)));
+  const Langue langue = LangueParlee(valeurs.LangueCourante);
+  const QString fausses =
+      reglages.AdressesFausses.isEmpty() ? QString() : DitAdressesFausses(langue, reglages.AdressesFausses);
+  if (!fausses.isEmpty()) dis(fausses);
   RappelsEnvoi rappels;
   rappels.Suivi = [&](const QString& commande, const QString& reponse) {
     dis(commande.isEmpty() ? reponse : commande + QStringLiteral(": ") + reponse);
@@ -80,8 +86,8 @@ FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites, c
   // What a server said has been told as the step that it answered; what the system said has not.
   if (!resultat.Accepte && !resultat.MotsServeur.isEmpty() && !derniere.endsWith(resultat.MotsServeur))
     dis(resultat.MotsServeur);
-  const Langue langue = LangueParlee(valeurs.LangueCourante);
-  dis(avis.Mots.Dit(langue) + (resultat.Accepte ? DitChiffrement(resultat, reglages.Envoi).Dit(langue) : QString()));
+  dis(avis.Mots.Dit(langue) + (resultat.Accepte ? DitChiffrement(resultat, reglages.Envoi).Dit(langue) : QString()) +
+      (fausses.isEmpty() ? QString() : u' ' + fausses));
   return resultat.Accepte ? FinRepetition::kAccepte : FinRepetition::kRefuse;
 }
 

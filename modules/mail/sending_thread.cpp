@@ -9,10 +9,12 @@
 #include <atomic>
 #include <exception>
 #include <optional>
+#include <utility>
 
 #include "base/failure.h"
 #include "modules/mail/drafts.h"
 #include "modules/mail/durable_file.h"
+#include "modules/mail/mail_maker.h"
 #include "modules/mail/smtp_sender.h"
 #include "platform/store/private_file.h"
 
@@ -36,8 +38,10 @@ struct FilEnvoi::Partage {
   QWaitCondition Reveil;
   ReglagesEnvoi Reglages;
   bool ReglagesRecus = false;
-  bool Change = false;    // settings that differ: all mails are due
-  bool Reveille = false;  // something happened since the last look
+  bool Change = false;                                      // settings that differ: all mails are due
+  bool Reveille = false;                                    // something happened since the last look
+  QByteArray Mecanisme;                                     // the login that the server of these settings has taken
+  QList<std::pair<CourrielEnAttente, QByteArray>> Confies;  // from memory
   std::atomic_bool Arret = false;
 
   void Execute();
@@ -46,7 +50,8 @@ struct FilEnvoi::Partage {
   void Attends(qint64 millisecondes);
   std::unique_ptr<VerrouDossier> PrendVerrou();
   ResultatEnvoi Envoie(const CourrielEnAttente& courriel, const QByteArray& message,
-                       const std::function<void()>& surAccepte);
+                       const std::function<void(const QList<VerdictAdresse>&)>& surAccepte);
+  void PrendConfies(Facteur& facteur);
   QString CheminCadence() const { return Fil.Dossier + QStringLiteral("/cadence"); }
 };
 
@@ -68,14 +73,28 @@ std::unique_ptr<VerrouDossier> FilEnvoi::Partage::PrendVerrou() {
 }
 
 ResultatEnvoi FilEnvoi::Partage::Envoie(const CourrielEnAttente& courriel, const QByteArray& message,
-                                        const std::function<void()>& surAccepte) {
+                                        const std::function<void(const QList<VerdictAdresse>&)>& surAccepte) {
   ReglagesEnvoi reglages;
   {
     const QMutexLocker verrou(&Verrou);
     reglages = Reglages;
+    reglages.Mecanisme = Mecanisme;
   }
-  return EnvoieCourriel(reglages, {courriel.Expediteur, courriel.Destinataires}, message,
-                        {[this] { return Arret.load(); }, surAccepte, {}});
+  const CourrielPret pret = PrepareEnvoi(courriel, message, reglages);
+  const ResultatEnvoi resultat =
+      EnvoieCourriel(reglages, pret.Adresses, pret.Message, {[this] { return Arret.load(); }, surAccepte, {}});
+  const QMutexLocker verrou(&Verrou);
+  if (resultat.Accepte && !Change) Mecanisme = resultat.Mecanisme;
+  return resultat;
+}
+
+void FilEnvoi::Partage::PrendConfies(Facteur& facteur) {
+  QList<std::pair<CourrielEnAttente, QByteArray>> confies;
+  {
+    const QMutexLocker verrou(&Verrou);
+    confies = std::exchange(Confies, {});
+  }
+  for (const auto& [courriel, message] : std::as_const(confies)) facteur.Confie(courriel, message);
 }
 
 // Out of this thread an exception, want of memory before all, would end the companion. The mails stand on disk, and are
@@ -93,8 +112,14 @@ void FilEnvoi::Partage::Execute() {
 // The postman stays: what it alone knows is which mails have gone and must not go again.
 qint64 FilEnvoi::Partage::Tour(Facteur& facteur, bool& recommence) {
   try {
-    if (recommence) facteur.Recommence();
+    if (recommence) {
+      Verrou.lock();
+      const QStringList adresses = Reglages.Presente.Destinataires;
+      Verrou.unlock();
+      facteur.Recommence(adresses);
+    }
     recommence = false;
+    PrendConfies(facteur);
     return facteur.Tour();
   } catch (const std::exception&) {
     return kRepriseMs;
@@ -110,7 +135,9 @@ void FilEnvoi::Partage::VideLeSac() {
   QFile cadence(CheminCadence());
   if (cadence.open(QIODevice::ReadOnly)) plafond.Relit(cadence.read(kTexteCadenceMax));
   const auto envoie = [this](const CourrielEnAttente& courriel, const QByteArray& message,
-                             const std::function<void()>& surAccepte) { return Envoie(courriel, message, surAccepte); };
+                             const std::function<void(const QList<VerdictAdresse>&)>& surAccepte) {
+    return Envoie(courriel, message, surAccepte);
+  };
   Facteur facteur(sac, plafond, &DonneMaintenant, envoie, [&](const RapportEnvoi& rapport) {
     if (rapport.Resultat.Accepte) EcritDurable(CheminCadence(), {plafond.Texte()});
     Rapporte(rapport);
@@ -151,6 +178,7 @@ FilEnvoi::~FilEnvoi() {
 void FilEnvoi::ChangeReglages(const ReglagesEnvoi& reglages) {
   const QMutexLocker verrou(&Partage_->Verrou);
   Partage_->Change = Partage_->Change || (Partage_->ReglagesRecus && !(Partage_->Reglages == reglages));
+  if (!(Partage_->Reglages == reglages)) Partage_->Mecanisme.clear();
   Partage_->Reglages = reglages;
   Partage_->ReglagesRecus = true;
   Partage_->Reveille = true;
@@ -159,6 +187,13 @@ void FilEnvoi::ChangeReglages(const ReglagesEnvoi& reglages) {
 
 void FilEnvoi::Reveille() {
   const QMutexLocker verrou(&Partage_->Verrou);
+  Partage_->Reveille = true;
+  Partage_->Reveil.wakeAll();
+}
+
+void FilEnvoi::Confie(const CourrielEnAttente& courriel, const QByteArray& message) {
+  const QMutexLocker verrou(&Partage_->Verrou);
+  Partage_->Confies.append({courriel, message});
   Partage_->Reveille = true;
   Partage_->Reveil.wakeAll();
 }

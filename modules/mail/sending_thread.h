@@ -21,6 +21,8 @@ class Poste {
   virtual void ChangeReglages(const ReglagesEnvoi& reglages) = 0;
   /// A mail was put into the outbox.
   virtual void Reveille() = 0;
+  /// A mail that the disk does not take: it is sent from memory, and lost with the process.
+  virtual void Confie(const CourrielEnAttente& courriel, const QByteArray& message) = 0;
   /// No further mail; one whose data the server has is given a few seconds. `fini` is called from the event loop.
   virtual void Arrete(std::function<void()> fini) = 0;
 };
@@ -42,6 +44,7 @@ class FilEnvoi : public Poste {
 
   void ChangeReglages(const ReglagesEnvoi& reglages) override;
   void Reveille() override;
+  void Confie(const CourrielEnAttente& courriel, const QByteArray& message) override;
   void Arrete(std::function<void()> fini) override;
 
  private:

@@ -2,6 +2,7 @@
 #include "modules/mail/smtp_sender.h"
 
 #include <curl/curl.h>
+#include <sys/socket.h>
 
 #include <QElapsedTimer>
 #include <QUrl>
@@ -13,14 +14,18 @@
 
 #include "modules/mail/sendmail_sender.h"
 #include "modules/mail/smtp_dialogue.h"
+#include "modules/mail/token_program.h"
 
 namespace vaktor {
 namespace {
 
+constexpr int kRefusDefinitif = 500;
+
 /// One conversation, as the callbacks of libcurl see it.
 struct Envoi {
-  Envoi(const QByteArray& message, const DelaisEnvoi& delais, const RappelsEnvoi& rappels)
-      : Message(message), Delais(delais), Rappels(rappels), Dialogue(rappels) {
+  Envoi(const QByteArray& message, const DelaisEnvoi& delais, const RappelsEnvoi& rappels,
+        const QStringList& destinataires)
+      : Message(message), Delais(delais), Rappels(rappels), Dialogue(rappels, destinataires) {
     DepuisActivite.start();
     DepuisFin.start();
   }
@@ -106,8 +111,22 @@ CauseEchec CauseSelonCurl(CURLcode code, const Envoi& e) {
     default:
       break;
   }
+  // Behind the server's "go on" what it said before, of one of the addresses, is not why this mail has stayed.
+  if (e.Dialogue.EnDonnees()) return CauseEchec::kCoupure;
   if (e.Dialogue.ARefuse()) return e.Dialogue.CauseRefus();
   return code == CURLE_LOGIN_DENIED ? CauseEchec::kConnexionRefusee : CauseEchec::kCoupure;
+}
+
+bool SontTousRefusesPourToujours(const QList<VerdictAdresse>& verdicts) {
+  return std::ranges::all_of(verdicts, [](const VerdictAdresse& v) { return v.Code >= kRefusDefinitif; });
+}
+
+void ComposeRefus(ResultatEnvoi& r, const DialogueSmtp& dialogue) {
+  r.Cause = dialogue.CauseRefus();
+  r.Code = dialogue.Refus().Code;
+  r.MotsServeur = ResumeMots(dialogue.Refus().Mots);
+  r.TropGros = DemandeMoinsGros(dialogue.Refus()) ||
+               std::ranges::any_of(r.Verdicts, [](const VerdictAdresse& v) { return v.TropGros; });
 }
 
 ResultatEnvoi ComposeResultat(CURLcode code, const Envoi& e) {
@@ -115,16 +134,45 @@ ResultatEnvoi ComposeResultat(CURLcode code, const Envoi& e) {
   // A connection that breaks behind the server's 250 is no failure, and must not send the mail a second time.
   r.Accepte = code == CURLE_OK || e.Dialogue.EstAccepte();
   r.Chiffre = e.Chiffre;
-  r.Code = e.Dialogue.CodeRefus();
-  r.MotsServeur = ResumeMots(e.Dialogue.MotsRefus());
+  r.Verdicts = e.Dialogue.Verdicts();
+  r.Mecanisme = e.Dialogue.Mecanisme();
+  if (e.Dialogue.ARefuse()) ComposeRefus(r, e.Dialogue);
   if (r.Accepte) return r;
   r.Cause = CauseSelonCurl(code, e);
-  // 5xx about this very mail is for good. A refused login is not: the user corrects the password and it goes out.
-  r.Definitif = r.Code >= 500 && (r.Cause == CauseEchec::kExpediteurRefuse ||
-                                  r.Cause == CauseEchec::kDestinataireRefuse || r.Cause == CauseEchec::kMessageRefuse);
-  if (!e.Dialogue.ARefuse())
-    r.MotsServeur = ResumeMots(e.Erreur.front() != '\0' ? e.Erreur.data() : curl_easy_strerror(code));
+  // A path that does not carry this mail, or a filter that dies of it, may well let the next one through.
+  const bool dansLesDonnees =
+      e.Dialogue.EnDonnees() && (r.Cause == CauseEchec::kCoupure || r.Cause == CauseEchec::kDelai);
+  const bool refuse = e.Dialogue.ARefuse() && r.Cause == e.Dialogue.CauseRefus() && !dansLesDonnees;
+  r.DuCourriel = dansLesDonnees || (refuse && e.Dialogue.RefusDuCourriel());
+  if (refuse) {
+    // 5xx about this very mail is for good. A refused login is not: the user corrects the password and it goes out.
+    const bool auxAdresses = e.Dialogue.Refus().Verbe == "RCPT";
+    r.Definitif =
+        r.DuCourriel && r.Code >= kRefusDefinitif && (!auxAdresses || SontTousRefusesPourToujours(r.Verdicts));
+    return r;
+  }
+  r.Code = 0;
+  r.TropGros = false;
+  r.MotsServeur = ResumeMots(e.Erreur.front() != '\0' ? e.Erreur.data() : curl_easy_strerror(code));
   return r;
+}
+
+// Whatever is started meanwhile, the system's mail program or a notification, has no business with the conversation.
+curl_socket_t OuvreSocket(void*, curlsocktype, curl_sockaddr* adresse) {
+  return ::socket(adresse->family, adresse->socktype | SOCK_CLOEXEC, adresse->protocol);
+}
+
+/// What goes instead of the library's own choice of a login.
+void RegleConnexion(CURL* c, const ReglagesEnvoi& r, const QByteArray& jeton) {
+  if (!r.AvecConnexion) return;
+  curl_easy_setopt(c, CURLOPT_USERNAME, r.Utilisateur.toUtf8().constData());
+  if (!jeton.isEmpty()) {
+    curl_easy_setopt(c, CURLOPT_XOAUTH2_BEARER, jeton.constData());
+    curl_easy_setopt(c, CURLOPT_LOGIN_OPTIONS, "AUTH=XOAUTH2");
+    return;
+  }
+  curl_easy_setopt(c, CURLOPT_PASSWORD, r.MotDePasse.toUtf8().constData());
+  if (!r.Mecanisme.isEmpty()) curl_easy_setopt(c, CURLOPT_LOGIN_OPTIONS, ("AUTH=" + r.Mecanisme).constData());
 }
 
 /// What libcurl has to be told about the way to the server. False for a server that is no name.
@@ -140,10 +188,7 @@ bool RegleServeur(CURL* c, const ReglagesEnvoi& r) {
   curl_easy_setopt(c, CURLOPT_SSL_VERIFYPEER, 1L);
   curl_easy_setopt(c, CURLOPT_SSL_VERIFYHOST, 2L);
   if (!r.FichierAutorites.isEmpty()) curl_easy_setopt(c, CURLOPT_CAINFO, r.FichierAutorites.toLocal8Bit().constData());
-  if (r.AvecConnexion) {
-    curl_easy_setopt(c, CURLOPT_USERNAME, r.Utilisateur.toUtf8().constData());
-    curl_easy_setopt(c, CURLOPT_PASSWORD, r.MotDePasse.toUtf8().constData());
-  }
+  curl_easy_setopt(c, CURLOPT_OPENSOCKETFUNCTION, &OuvreSocket);
   curl_easy_setopt(c, CURLOPT_CONNECTTIMEOUT_MS, static_cast<long>(r.Delais.Connexion));
   curl_easy_setopt(c, CURLOPT_SERVER_RESPONSE_TIMEOUT, static_cast<long>(r.Delais.FinDonnees / 1000 + 1));
   // The farewell belongs to the sending then, and is watched like it: a kept connection takes leave behind it,
@@ -169,8 +214,11 @@ void RegleRappels(CURL* c, Envoi& envoi) {
   curl_easy_setopt(c, CURLOPT_ERRORBUFFER, envoi.Erreur.data());
 }
 
-ResultatEnvoi EnvoieParSmtp(const ReglagesEnvoi& r, const Enveloppe& enveloppe, Envoi& envoi) {
+/// One conversation. What the server offers for a login comes back in `offerts`.
+ResultatEnvoi Converse(const ReglagesEnvoi& r, const Enveloppe& enveloppe, const QByteArray& message,
+                       const RappelsEnvoi& rappels, const QByteArray& jeton, QByteArrayList& offerts) {
   static const CURLcode kPret = curl_global_init(CURL_GLOBAL_DEFAULT);
+  Envoi envoi(message, r.Delais, rappels, enveloppe.Destinataires);
   const std::unique_ptr<CURL, decltype(&curl_easy_cleanup)> curl(curl_easy_init(), &curl_easy_cleanup);
   curl_slist* adresses = nullptr;
   for (const QString& a : enveloppe.Destinataires)
@@ -179,11 +227,39 @@ ResultatEnvoi EnvoieParSmtp(const ReglagesEnvoi& r, const Enveloppe& enveloppe, 
   CURL* c = curl.get();
   if (kPret != CURLE_OK || c == nullptr) return {.Cause = CauseEchec::kCoupure};
   if (!RegleServeur(c, r)) return {.Cause = CauseEchec::kServeurIntrouvable};
+  RegleConnexion(c, r, jeton);
   curl_easy_setopt(c, CURLOPT_MAIL_FROM, ('<' + enveloppe.Expediteur.toUtf8() + '>').constData());
   curl_easy_setopt(c, CURLOPT_MAIL_RCPT, adresses);
   curl_easy_setopt(c, CURLOPT_MAIL_RCPT_ALLLOWFAILS, 1L);
   RegleRappels(c, envoi);
-  return ComposeResultat(curl_easy_perform(c), envoi);
+  const ResultatEnvoi resultat = ComposeResultat(curl_easy_perform(c), envoi);
+  offerts = envoi.Dialogue.Mecanismes();
+  return resultat;
+}
+
+/// The other connection says nothing about the login, or nothing new.
+bool NeDitRienDeLaConnexion(const ResultatEnvoi& r) {
+  return r.Cause == CauseEchec::kPasDeConnexion || r.Cause == CauseEchec::kCoupure ||
+         r.Cause == CauseEchec::kServeurRefuse || r.Cause == CauseEchec::kDelai || r.Cause == CauseEchec::kTls;
+}
+
+// The library takes the strongest of what a server offers, and some servers offer what they cannot do: a password that
+// is right is refused there. The plain ones are safe within TLS. Each once: too many refusals lock an account.
+ResultatEnvoi EnvoieParSmtp(const ReglagesEnvoi& reglages, const Enveloppe& enveloppe, const QByteArray& message,
+                            const RappelsEnvoi& rappels, const QByteArray& jeton) {
+  ReglagesEnvoi r = reglages;
+  QByteArrayList offerts;
+  ResultatEnvoi resultat = Converse(r, enveloppe, message, rappels, jeton, offerts);
+  QByteArrayList essayes{resultat.Mecanisme};
+  for (const char* mecanisme : {"PLAIN", "LOGIN"}) {
+    if (resultat.Cause != CauseEchec::kConnexionRefusee || !resultat.Chiffre || !jeton.isEmpty()) break;
+    if (essayes.contains(mecanisme) || !offerts.contains(mecanisme)) continue;
+    r.Mecanisme = mecanisme;
+    essayes.append(mecanisme);
+    const ResultatEnvoi autre = Converse(r, enveloppe, message, rappels, jeton, offerts);
+    if (autre.Accepte || !NeDitRienDeLaConnexion(autre)) resultat = autre;
+  }
+  return resultat;
 }
 
 CauseEchec CherchePremierManque(const ReglagesEnvoi& r, const Enveloppe& enveloppe) {
@@ -191,7 +267,8 @@ CauseEchec CherchePremierManque(const ReglagesEnvoi& r, const Enveloppe& envelop
   if (!r.ParSmtp) return r.Sendmail.isEmpty() ? CauseEchec::kProgrammeAbsent : CauseEchec::kAucune;
   if (r.Serveur.trimmed().isEmpty() || enveloppe.Expediteur.isEmpty()) return CauseEchec::kIncomplet;
   if (r.Port == 0) return CauseEchec::kPortMauvais;
-  if (r.AvecConnexion && (r.Utilisateur.isEmpty() || r.MotDePasse.isEmpty())) return CauseEchec::kConnexionIncomplete;
+  const bool sansMot = r.MotDePasse.isEmpty() && r.Jeton.isEmpty();
+  if (r.AvecConnexion && (r.Utilisateur.isEmpty() || sansMot)) return CauseEchec::kConnexionIncomplete;
   return CauseEchec::kAucune;
 }
 
@@ -200,10 +277,18 @@ CauseEchec CherchePremierManque(const ReglagesEnvoi& r, const Enveloppe& envelop
 ResultatEnvoi EnvoieCourriel(const ReglagesEnvoi& reglages, const Enveloppe& enveloppe, const QByteArray& message,
                              const RappelsEnvoi& rappels) {
   const CauseEchec manque = CherchePremierManque(reglages, enveloppe);
-  if (manque != CauseEchec::kAucune) return {.Cause = manque};
+  // Without a server no mail leaves; an address that is missing is this mail's own affair.
+  if (manque != CauseEchec::kAucune) {
+    const bool duCourriel =
+        manque == CauseEchec::kIncomplet && !(reglages.ParSmtp && reglages.Serveur.trimmed().isEmpty());
+    return {.DuCourriel = duCourriel, .Cause = manque};
+  }
   if (!reglages.ParSmtp) return EnvoieParSendmail(reglages, enveloppe, message, rappels);
-  Envoi envoi(message, reglages.Delais, rappels);
-  return EnvoieParSmtp(reglages, enveloppe, envoi);
+  if (!reglages.AvecConnexion || reglages.Jeton.isEmpty())
+    return EnvoieParSmtp(reglages, enveloppe, message, rappels, {});
+  return EnvoieAvecJeton(reglages, rappels, [&](const RappelsEnvoi& propres, const QByteArray& jeton) {
+    return EnvoieParSmtp(reglages, enveloppe, message, propres, jeton);
+  });
 }
 
 }  // namespace vaktor

@@ -54,6 +54,12 @@ void CourriersVeille::EffaceLesFaits() {
   }
 }
 
+void CourriersVeille::NoteParti(const QString& courriel) {
+  const QStringList attente = DonneAttente();
+  for (const QString& nom : attente)
+    if (courriel.contains(Empreinte(nom) + u'-') && !Dossier_.Efface(nom)) Passes_.insert(nom);
+}
+
 PriseVeille CourriersVeille::Prend(const ReglagesCourriel& reglages, qint64 maintenant) {
   PriseVeille prise;
   if (DonneAttente().isEmpty()) return prise;
@@ -94,12 +100,12 @@ void CourriersVeille::PrendUn(const QString& nom, const ReglagesCourriel& reglag
     prise.SansAdresse = true;
     return;
   }
-  prise.Erreur = Depose(*message, reglages);
+  prise.Erreur = Depose(*message, reglages, prise);
   prise.Reste = prise.Reste || prise.Erreur != 0;
   if (prise.Erreur == 0) ++prise.Pris;
 }
 
-int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel& reglages) {
+int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel& reglages, PriseVeille& prise) {
   const QString identifiant = ComposeIdentifiant(message);
   Courriel courriel{.Expediteur = reglages.Adresses.Expediteur,
                     .Destinataires = reglages.Adresses.Destinataires,
@@ -124,7 +130,10 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
     courriel.Pieces.clear();  // the words matter more
     erreur = Sac_.PoseBrouillon(mail, ComposeMessage(courriel));
   }
-  if (erreur != 0) return erreur;
+  if (erreur != 0) {
+    prise.DeMemoire.append({mail, ComposeMessage(courriel)});
+    return erreur;
+  }
   if (!Dossier_.Efface(message.Nom)) Passes_.insert(message.Nom);
   Note(message.Nom, QStringLiteral("mail %1 made, %2").arg(mail.Nom, message.Condition));
   return Retard_.Publie(mail.Nom, mail.FaitA).Erreur;

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QSet>
+#include <utility>
 
 #include "platform/base/bounded_log.h"
 #include "modules/mail/late_drafts.h"
@@ -19,6 +20,8 @@ struct PriseVeille {
   bool SansAdresse = false;  ///< messages wait for somebody to send them to
   int Erreur = 0;            ///< the outbox cannot be written: the system's error number
   bool Reste = false;        ///< something may go better a little later
+  /// Mails that the disk did not take, without their pictures: to be sent from memory. The messages stay.
+  QList<std::pair<CourrielEnAttente, QByteArray>> DeMemoire = {};
 };
 
 /// A message becomes a draft of the outbox, is deleted, and only then may the draft leave. So a kill leaves the
@@ -32,6 +35,8 @@ class CourriersVeille {
 
   /// All that lies in the folder. Waits a few seconds at most for another companion that does the same.
   PriseVeille Prend(const ReglagesCourriel& reglages, qint64 maintenant);
+  /// A mail was sent from memory: its message goes.
+  void NoteParti(const QString& courriel);
   /// Milliseconds since 1970 of the oldest message that waits here.
   std::optional<qint64> PlusAncien() const;
 
@@ -39,7 +44,7 @@ class CourriersVeille {
   QStringList DonneAttente() const;
   void EffaceLesFaits();
   void PrendUn(const QString& nom, const ReglagesCourriel& reglages, qint64 maintenant, PriseVeille& prise);
-  int Depose(const MessageVeille& message, const ReglagesCourriel& reglages);
+  int Depose(const MessageVeille& message, const ReglagesCourriel& reglages, PriseVeille& prise);
   void Note(const QString& nom, const QString& quoi) const;
 
   DossierVeille Dossier_;

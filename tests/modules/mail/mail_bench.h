@@ -55,6 +55,7 @@ class ServeurMail {
   QStringList Noms() const {
     return QDir(Dossier_.path()).entryList({QStringLiteral("*.eml")}, QDir::Files, QDir::Name);
   }
+  QString Chemin(const QString& nom) const { return Dossier_.filePath(nom); }
   qsizetype NombreRecus() const { return Noms().size(); }
   QByteArray Message(qsizetype i = 0) const { return LitOctets(Dossier_.filePath(Noms().value(i))); }
   QJsonObject Enveloppe(qsizetype i = 0) const {

@@ -15,9 +15,15 @@ struct PosteFaux : Poste {
   explicit PosteFaux(QStringList& faits) : Faits(faits) {}
   void ChangeReglages(const ReglagesEnvoi& reglages) override { Reglages = reglages; }
   void Reveille() override { Faits << QStringLiteral("reveille"); }
+  void Confie(const CourrielEnAttente& courriel, const QByteArray& message) override {
+    Confies << courriel.Nom;
+    Messages << message;
+  }
   void Arrete(std::function<void()> fini) override { Fini = std::move(fini); }
   QStringList& Faits;
   ReglagesEnvoi Reglages;
+  QStringList Confies;  // mails to be sent from memory
+  QByteArrayList Messages;
   std::function<void()> Fini;
 };
 

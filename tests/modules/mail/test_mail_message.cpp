@@ -84,14 +84,46 @@ TEST(Message, LineBreaksAddNoHeader) {
   }
 }
 
-TEST(Addresses, AreTakenApartAndWhatIsNoneIsLeftOut) {
-  EXPECT_EQ(SepareAdresses(" a@b.fr; c@d.fr ,, a@b.fr\r\n"), QStringList({"a@b.fr", "c@d.fr"}));
-  EXPECT_EQ(SepareAdresses("Anna M. <anna@b.fr>"), QStringList({"anna@b.fr"}));
-  for (const char* mal : {"a@b\r\nBcc: c@d", "a@b>\r\nRCPT TO:<c@d", "a@b\nc", "a b@c", "x <a@b> SIZE=1", "<a@b\r\n>x",
-                          "a\tb@c", "|cmd", "/etc/passwd", "-oQ/tmp", ":include:x", "<>", ""}) {
-    EXPECT_TRUE(SepareAdresses(QString::fromUtf8(mal)).isEmpty()) << mal;
-  }
-  EXPECT_TRUE(SepareAdresses(QString("a@b") + QChar(0)).isEmpty());
+TEST(Settings, AnAddressThatIsNoneIsToldAndTheOthersGetTheMail) {
+  Parametres p;
+  p.MailDestination = "\"Martin, Anna\" <anna@b.fr>; anna.b.fr, c@d.fr";
+  p.SmtpFrom = "cam";
+  ReglagesCourriel r = TraduitReglages(p, {}, {});
+  EXPECT_EQ(r.Adresses.Destinataires, QStringList({"anna@b.fr", "c@d.fr"}));
+  EXPECT_EQ(r.Adresses.Expediteur, "");
+  EXPECT_EQ(r.AdressesFausses, QStringList({"cam", "anna.b.fr"}));
+  EXPECT_EQ(r.Envoi.Presente, r.Adresses);
+  p.SmtpActif = false;
+  r = TraduitReglages(p, {}, {});
+  EXPECT_EQ(r.Adresses.Expediteur, "cam") << "a user of this machine";
+  EXPECT_TRUE(r.AdressesFausses.isEmpty());
+}
+
+TEST(Lighter, HasTheTextAndWhyThePhotosAreMissing) {
+  Courriel courriel = Modele();
+  courriel.Corps = QString::fromUtf8("Là\r\nmaintenant");
+  courriel.Pieces = {{"a.jpg", QByteArray(100'000, 'x')}};
+  const QByteArray leger = RetirePieces(ComposeMessage(courriel), QString::fromUtf8("Trop gros."));
+  const QJsonObject lu = LitCourriel(leger);
+  EXPECT_EQ(lu["body"].toString(), QString::fromUtf8("Là\nmaintenant\n\nTrop gros."));
+  EXPECT_TRUE(lu["names"].toArray().isEmpty());
+  EXPECT_EQ(lu["subject"].toString(), LitCourriel(ComposeMessage(courriel))["subject"].toString());
+  EXPECT_LT(leger.size(), 2000);
+  courriel.Pieces.clear();
+  EXPECT_TRUE(RetirePieces(ComposeMessage(courriel), "x").isEmpty()) << "it has none";
+  EXPECT_TRUE(RetirePieces("no message", "x").isEmpty());
+}
+
+TEST(Lighter, TheSenderIsThatOfNow) {
+  Courriel courriel = Modele();
+  courriel.Expediteur.clear();
+  const QByteArray sans = ComposeMessage(courriel);
+  EXPECT_EQ(MetExpediteur(sans, ""), sans);
+  EXPECT_TRUE(MetExpediteur(sans, "moi@b.fr").contains("From: <moi@b.fr>\r\n"));
+  courriel.Expediteur = "avant@b.fr";
+  const QByteArray autre = MetExpediteur(ComposeMessage(courriel), "moi@b.fr");
+  EXPECT_EQ(autre.count("\r\nFrom: "), 1);
+  EXPECT_TRUE(autre.contains("\r\nFrom: <moi@b.fr>\r\nTo: "));
 }
 
 struct Photos : testing::Test {

@@ -112,6 +112,10 @@ TEST_F(ProgrammeMail, TheRehearsalTellsEachStepAndSavesNothing) {
   EXPECT_TRUE(bon.contains("MAIL: 250") && bon.contains("DATA: 250 2.0.0 taken")) << bon.toStdString();
   EXPECT_TRUE(bon.endsWith("The mail was accepted. The connection was not encrypted.\n")) << bon.toStdString();
   EXPECT_EQ(Serveur.NombreRecus(), 1);
+  const QString faux = repete(QByteArray(debut).replace("anna@exemple.fr", "anna@exemple.fr, anna.exemple.fr") + port +
+                              R"(,"smtpneedlogin":false,"langue":1})");
+  EXPECT_EQ(Programme.exitCode(), 0) << "the other address gets it";
+  EXPECT_TRUE(faux.endsWith("This is no eMail address: anna.exemple.fr\n")) << faux.toStdString();
   Serveur.Arrete();
   ASSERT_TRUE(Serveur.Demarre({"--login", "anna", "autre"}));
   const QString refuse = repete(debut + port + R"(,"smtpuser":"anna","pass":"s3cret&mot"})");

@@ -3,6 +3,7 @@
 // The waits in between are virtual time.
 
 #include "modules/mail/mail_bench.h"
+#include "modules/mail/mail_maker.h"
 #include "modules/mail/mime_message.h"
 #include "modules/mail/postman.h"
 #include "modules/mail/smtp_sender.h"
@@ -21,9 +22,11 @@ struct Reprise : testing::Test {
   qint64 Maintenant = 1'000'000'000'000;
   QList<CauseEchec> Causes;  // of each attempt
   Facteur Poste{Sac, Plafond, [this] { return Maintenant; },
-                [this](const CourrielEnAttente& c, const QByteArray& message, const std::function<void()>& surAccepte) {
+                [this](const CourrielEnAttente& c, const QByteArray& message,
+                       const std::function<void(const QList<VerdictAdresse>&)>& surAccepte) {
                   Reglages.Port = Serveur.Port();
-                  return EnvoieCourriel(Reglages, {c.Expediteur, c.Destinataires}, message, {{}, surAccepte, {}});
+                  const CourrielPret pret = PrepareEnvoi(c, message, Reglages);
+                  return EnvoieCourriel(Reglages, pret.Adresses, pret.Message, {{}, surAccepte, {}});
                 },
                 [this](const RapportEnvoi& r) { Causes << r.Resultat.Cause; }};
 
@@ -32,11 +35,12 @@ struct Reprise : testing::Test {
     Reglages.Utilisateur = "anna";
     Reglages.MotDePasse = "s3cret&mot";
   }
-  void Depose() {
+  void Depose(const QString& nom = "a", const QStringList& pour = {"anna@exemple.fr"},
+              const QString& de = "cam@exemple.fr") {
     CourrielEnAttente c;
-    c.Nom = "a";
-    c.Expediteur = "cam@exemple.fr";
-    c.Destinataires = QStringList{"anna@exemple.fr"};
+    c.Nom = nom;
+    c.Expediteur = de;
+    c.Destinataires = pour;
     c.FaitA = Maintenant;
     const QByteArray message = ComposeMessage({.Expediteur = c.Expediteur,
                                                .Destinataires = c.Destinataires,
@@ -65,7 +69,7 @@ TEST_F(Reprise, AServerThatPutsTheAddressOffTwiceGetsTheMailAtTheThirdAttempt) {
   ASSERT_TRUE(Serveur.Demarre({"--mode", "rcpt450-2"}));
   Depose();
   Travaille(5 * kMinute);
-  EXPECT_EQ(Causes, (QList{CauseEchec::kDestinataireRefuse, CauseEchec::kDestinataireRefuse, CauseEchec::kAucune}));
+  EXPECT_EQ(Causes, (QList{CauseEchec::kReporte, CauseEchec::kReporte, CauseEchec::kAucune}));
   AttendUnSeul();
 }
 
@@ -73,7 +77,7 @@ TEST_F(Reprise, AServerThatPutsTheMailOffBehindItsDataGetsItAgain) {
   ASSERT_TRUE(Serveur.Demarre({"--mode", "data451-1"}));
   Depose();
   Travaille(5 * kMinute);
-  EXPECT_EQ(Causes, (QList{CauseEchec::kMessageRefuse, CauseEchec::kAucune}));
+  EXPECT_EQ(Causes, (QList{CauseEchec::kReporte, CauseEchec::kAucune}));
   AttendUnSeul();
 }
 
@@ -115,6 +119,78 @@ TEST_F(Reprise, ALoginThatWasRefusedWaitsForTheRightPassword) {
   EXPECT_EQ(Causes.last(), CauseEchec::kAucune);
   EXPECT_EQ(Serveur.Enveloppe().value("user").toString(), "anna");
   AttendUnSeul();
+}
+
+TEST_F(Reprise, OfTwoMailsTheFirstIsAlwaysCutInItsDataAndTheSecondArrives) {
+  ASSERT_TRUE(Serveur.Demarre());
+  Depose("b", {"cut@exemple.fr"});
+  Depose("a");
+  Travaille(5 * kMinute);
+  EXPECT_EQ(Causes.value(0), CauseEchec::kCoupure);
+  EXPECT_EQ(Causes.value(1), CauseEchec::kAucune);
+  EXPECT_GT(Causes.size(), 3) << "and the first is tried again";
+  ASSERT_EQ(Serveur.NombreRecus(), 1);
+  EXPECT_EQ(Serveur.Enveloppe()["to"].toArray(), QJsonArray{"anna@exemple.fr"});
+}
+
+TEST_F(Reprise, AServerThatFallsSilentInTheDataOfOneMailTakesTheOther) {
+  ASSERT_TRUE(Serveur.Demarre());
+  Reglages.Delais.Reponse = Reglages.Delais.FinDonnees = 1500;
+  Depose("b", {"silent@exemple.fr"});
+  Depose("a");
+  Travaille(5000);
+  EXPECT_EQ(Causes, (QList{CauseEchec::kDelai, CauseEchec::kAucune}));
+  EXPECT_EQ(Serveur.NombreRecus(), 1);
+}
+
+TEST_F(Reprise, OneAddressIsGreylistedAndTheOtherGetsTheMailOnceOnly) {
+  ASSERT_TRUE(Serveur.Demarre());
+  Depose("a", {"anna@exemple.fr", "grey@exemple.fr"});
+  Travaille(5 * kMinute);
+  EXPECT_EQ(Serveur.NombreRecus(), 1);
+  EXPECT_GT(Causes.size(), 2);
+  ASSERT_EQ(Sac.Liste().size(), 1);
+  EXPECT_EQ(Sac.Liste().first().Sort.Servis, QStringList{"anna@exemple.fr"});
+}
+
+TEST_F(Reprise, AMailAboveTheQuotaArrivesWithoutItsPhotosAndSaysSo) {
+  for (const char* mode : {"size-100000", "mailsize-100000"}) {
+    ASSERT_TRUE(Serveur.Demarre({"--mode", mode}));
+    const qsizetype avant = Serveur.NombreRecus();
+    Depose(mode);
+    Travaille(1000);
+    ASSERT_EQ(Serveur.NombreRecus(), avant + 1) << mode;
+    const QJsonObject lu = LitCourriel(Serveur.Message(avant));
+    EXPECT_TRUE(lu["names"].toArray().isEmpty());
+    EXPECT_TRUE(lu["body"].toString().startsWith("x\n\nLes photos de ce mail")) << lu["body"].toString().toStdString();
+    EXPECT_EQ(Causes.last(), CauseEchec::kAucune);
+    Serveur.Arrete();
+  }
+}
+
+TEST_F(Reprise, AFullMailboxGetsTheWordsAndTheOtherAddressThePhotos) {
+  ASSERT_TRUE(Serveur.Demarre());
+  Depose("a", {"full@exemple.fr", "anna@exemple.fr"});
+  Travaille(1000);
+  ASSERT_EQ(Serveur.NombreRecus(), 2);
+  EXPECT_EQ(LitCourriel(Serveur.Message(0))["names"].toArray(), QJsonArray{"a.jpg"});
+  EXPECT_TRUE(LitCourriel(Serveur.Message(1))["names"].toArray().isEmpty());
+  EXPECT_EQ(Serveur.Enveloppe(1)["to"].toArray(), QJsonArray{"full@exemple.fr"});
+  EXPECT_TRUE(Sac.Liste().isEmpty());
+}
+
+// Made while a field was empty, or for the system's mail program, which knows who the user is.
+TEST_F(Reprise, AMailWithoutASenderGetsThatOfTheSettingsOfNow) {
+  ASSERT_TRUE(Serveur.Demarre());
+  Depose("b", {"anna@exemple.fr"}, QString());
+  Depose("a");
+  Travaille(1000);
+  EXPECT_EQ(Causes, (QList{CauseEchec::kIncomplet, CauseEchec::kAucune})) << "it holds up nobody meanwhile";
+  Reglages.Presente.Expediteur = "moi@exemple.fr";
+  Travaille(kMinute);
+  ASSERT_EQ(Serveur.NombreRecus(), 2);
+  EXPECT_EQ(Serveur.Enveloppe(1)["from"].toString(), "moi@exemple.fr");
+  EXPECT_TRUE(Serveur.Message(1).contains("From: <moi@exemple.fr>\r\n"));
 }
 
 TEST_F(Reprise, AServerThatWasAwayForADayGetsTheMailOnItsReturn) {

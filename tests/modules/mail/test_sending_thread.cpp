@@ -101,7 +101,7 @@ TEST_F(Fil, TheSameSettingsAgainTryNothing) {
 
 TEST_F(Fil, TheFirstSettingsAreNoOthers) {
   Depose("a", "nobody@exemple.fr");
-  Sac.MetDeCote("a");
+  Sac.MetDeCote(Sac.Liste().first(), QDateTime::currentMSecsSinceEpoch());
   OuvreEtRegle();
   Depose("b");
   ASSERT_TRUE(Rapporte("b ok"));

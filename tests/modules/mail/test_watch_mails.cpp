@@ -171,6 +171,7 @@ TEST_F(Veille, WithoutADestinationItWaitsAndIsToldAndTheNextSettingsSendIt) {
   Module->PrendReglages(Reglages);
   EXPECT_EQ(Nombre(), 1);
   Intrusion(2'000);
+  Temps.Avance(1'000);
   EXPECT_EQ(Nombre(), 2) << "and no pause came of it";
 }
 

@@ -1,0 +1,182 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The mail companion's rules in virtual time: when a mail closes, whose photos are whose, the pause over a restart, and
+// a disk that takes nothing.
+#include "modules/mail/disk_reserve.h"
+#include "modules/mail/mail_module_bench.h"
+#include "modules/mail/row_pause.h"
+#include "modules/mail/watch_message.h"
+#include "support/small_disk.h"
+
+namespace vaktor::essai {
+namespace {
+
+struct Photographies : Mail {
+  /// A camera of three frames a second, each of which is a photo and a report, for so long.
+  void Filme(qint64 duree) {
+    for (qint64 t = 0; t < duree; t += 333) {
+      Photo(QStringLiteral("%1.jpg").arg(Prises_++, 4, 10, QChar('0')));
+      Module->ExecuteCommande(Commande::kIntrusion);
+      Temps.Avance(333);
+    }
+  }
+  QStringList Noms(qsizetype i) {
+    QStringList noms;
+    for (const auto& v : Lit(i)["names"].toArray()) noms << v.toString();
+    return noms;
+  }
+
+ private:
+  int Prises_ = 0;
+};
+
+TEST_F(Photographies, TenPhotosOfASlowCameraAreAllInTheMail) {
+  Filme(10'000);
+  ASSERT_EQ(Nombre(), 1);
+  EXPECT_EQ(Noms(0).size(), 10);
+}
+
+TEST_F(Photographies, AMailLeavesFiveSecondsBehindItsFirstFrameThoughPhotosAreMissing) {
+  Reglages.Valeurs.MailNombrePhoto = "100";
+  Module->PrendReglages(Reglages);
+  Filme(4'990);
+  EXPECT_EQ(Nombre(), 0);
+  Filme(666);
+  ASSERT_EQ(Nombre(), 1);
+  EXPECT_EQ(Noms(0).size(), 16);
+}
+
+TEST_F(Photographies, AMailLeavesASecondBehindTheLastReport) {
+  Reglages.Valeurs.MailNombrePhoto = "100";
+  Module->PrendReglages(Reglages);
+  Filme(1'332);
+  Temps.Avance(600);
+  EXPECT_EQ(Nombre(), 0);
+  Temps.Avance(300);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Photographies, TheMailsOfARowShareNoPhoto) {
+  Reglages.Valeurs.MailNombreMail = "3";
+  Reglages.Valeurs.MailNombrePhoto = "4";
+  Module->PrendReglages(Reglages);
+  Filme(20'000);
+  ASSERT_EQ(Nombre(), 3);
+  const QStringList toutes = Noms(0) + Noms(1) + Noms(2);
+  EXPECT_EQ(toutes.size(), 12);
+  EXPECT_EQ(QSet<QString>(toutes.begin(), toutes.end()).size(), 12);
+  EXPECT_TRUE(Noms(0).contains("0000.jpg")) << "and the next row begins anew";
+  Temps.Avance(kPauseEntreSeries);
+  Module->ExecuteCommande(Commande::kIntrusion);
+  Temps.Avance(2'000);
+  EXPECT_FALSE(Noms(3).isEmpty());
+}
+
+TEST_F(Photographies, TheRecipeTellsAlsoAfterAKillWhosePhotosAreWhose) {
+  Reglages.Valeurs.MailNombreMail = "2";
+  Reglages.Valeurs.MailNombrePhoto = "1";
+  Module->PrendReglages(Reglages);
+  Photo("a.jpg");
+  Module->ExecuteCommande(Commande::kIntrusion);
+  Temps.Avance(ModuleMail::kRecolte);
+  ASSERT_EQ(Nombre(), 1);
+  Module.reset();
+  RecupereSac(Sac, "another");
+  ASSERT_EQ(Nombre(), 2);
+  EXPECT_EQ(Noms(0), QStringList{"a.jpg"});
+  EXPECT_EQ(Noms(1), QStringList());
+}
+
+TEST_F(Photographies, ThePauseOutlastsARestartAndNoLonger) {
+  Intrusion();
+  Temps.Avance(60'000);
+  ASSERT_EQ(Nombre(), 1);
+  CreeModule();
+  Module->PrendReglages(Reglages);
+  Intrusion();
+  Temps.Avance(kPauseEntreSeries - 62'000);
+  Intrusion();
+  Temps.Avance(1'000);
+  EXPECT_EQ(Nombre(), 1);
+  Temps.Avance(5'000);
+  Intrusion();
+  Temps.Avance(60'000);
+  EXPECT_EQ(Nombre(), 2);
+  Temps.Avance(kPauseEntreSeries - 65'000);
+  Intrusion();
+  Temps.Avance(2'000);
+  EXPECT_EQ(Nombre(), 2) << "the next pause is a whole one";
+}
+
+TEST_F(Photographies, APauseOfTheFutureIsNone) {
+  NotePause(Temporaire.filePath("courrier"), Debut + 1000);
+  EXPECT_EQ(DonneResteDePause(Temporaire.filePath("courrier"), Debut, kPauseEntreSeries), 0);
+  EXPECT_EQ(DonneResteDePause(Temporaire.filePath("courrier"), Debut + 1000, kPauseEntreSeries), kPauseEntreSeries);
+  ASSERT_TRUE(EcritOctets(Temporaire.filePath("courrier/.pause"), "no time"));
+  EXPECT_EQ(DonneResteDePause(Temporaire.filePath("courrier"), Debut, kPauseEntreSeries), 0);
+}
+
+TEST_F(Photographies, AMailThatTheDiskDoesNotTakeIsSentFromMemory) {
+  const QString dossier = Temporaire.filePath("courrier");
+  QDir(dossier).removeRecursively();
+  ASSERT_TRUE(EcritOctets(dossier, "no folder"));
+  Photo("1.jpg");
+  Intrusion();
+  ASSERT_EQ(Envoi->Confies.size(), 1);
+  const QJsonObject lu = LitCourriel(Envoi->Messages.first());
+  EXPECT_EQ(lu["subject"].toString(), "Intrusion");
+  EXPECT_TRUE(lu["names"].toArray().isEmpty()) << "its words alone";
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("waiting_since"));
+  Rapporte({Envoi->Confies.first(), {.Accepte = true}, 0});
+  EXPECT_FALSE(LitOctets(Etat.Chemin()).contains("waiting_since"));
+}
+
+TEST_F(Photographies, AMessageOfTheWatchThatTheDiskDoesNotTakeIsSentFromMemoryAndDeletedThen) {
+  const QString message = Temporaire.filePath(QStringLiteral("veille/%1-1.json").arg(Debut));
+  QDir().mkpath(Temporaire.filePath("veille"));
+  ASSERT_TRUE(EcritOctets(message, QJsonDocument(MessageDeVeille()).toJson()));
+  const QString dossier = Temporaire.filePath("courrier");
+  QDir(dossier).removeRecursively();
+  ASSERT_TRUE(EcritOctets(dossier, "no folder"));
+  Module->ExecuteCommande(Commande::kVeille);
+  Temps.Avance(3 * ModuleMail::kRepriseVeille);
+  ASSERT_EQ(Envoi->Confies.size(), 1) << "once";
+  EXPECT_TRUE(QFile::exists(message));
+  Rapporte({Envoi->Confies.first(), {.Accepte = true}, 0});
+  EXPECT_FALSE(QFile::exists(message));
+}
+
+TEST_F(Photographies, AFullDiskGivesBackWhatWasKeptForIt) {
+  const PetitDisque disque(4 * 1024 * 1024);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  const QString dossier = disque.Chemin() + "/courrier";
+  SacPostal sac(dossier);
+  sac.TientReserve();
+  ASSERT_EQ(QFile(dossier + "/.reserve").size(), kOctetsReserve);
+  QFile reste(disque.Chemin() + "/reste");
+  ASSERT_TRUE(reste.open(QIODevice::WriteOnly | QIODevice::Unbuffered));
+  while (reste.write(QByteArray(4096, 'x')) == 4096) {
+  }
+  CourrielEnAttente courriel;
+  courriel.Nom = "a";
+  courriel.Destinataires = QStringList{"anna@exemple.fr"};
+  ASSERT_EQ(PoseRecette(sac, courriel, {.Corps = "words"}), 0);
+  EXPECT_EQ(PublieBrouillon(sac, "a").Erreur, 0);
+  EXPECT_EQ(sac.Liste().size(), 1);
+  EXPECT_FALSE(QFile::exists(dossier + "/.reserve"));
+  sac.TientReserve();
+  EXPECT_FALSE(QFile::exists(dossier + "/.reserve")) << "a reserve does not fill the disk itself";
+  reste.remove();
+  sac.TientReserve();
+  EXPECT_TRUE(QFile::exists(dossier + "/.reserve"));
+}
+
+TEST_F(Photographies, TheCompanionKeepsTheReserve) {
+  EXPECT_EQ(QFile(Temporaire.filePath("courrier/.reserve")).size(), kOctetsReserve);
+  ASSERT_TRUE(RendReserve(Temporaire.filePath("courrier")));
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_EQ(QFile(Temporaire.filePath("courrier/.reserve")).size(), kOctetsReserve);
+}
+
+}  // namespace
+}  // namespace vaktor::essai
