@@ -158,6 +158,18 @@ TEST_F(AlarmeDuProgramme, ReadyBeforeTheStartArgumentsHaveActedThrowsNoSwitchTwi
   EXPECT_EQ(LampeAlarme(), Lampe::kVerte);
 }
 
+// They act once: thrown while the camera is waited for, the switch of the alarm would be lost.
+TEST_F(AlarmeDuProgramme, StartArgumentsWaitUntilTheCameraIsConnected) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  Demarre("/alarm");
+  pilote.PendantConnexion = [this] { Systeme.Temps.Avance(3000); };
+  Clique("Bouton(0)");
+  EXPECT_EQ(LampeAlarme(), Lampe::kRouge);
+  pilote.PendantConnexion = {};
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(LampeAlarme(), Lampe::kRougeAllumee);
+}
+
 TEST_F(AlarmeDuProgramme, ReadyLateThrowsBothSwitchesAgainAndOnceMoreAfterTheNextWord) {
   DonneSite();
   Systeme.Valeurs.insert("FTP/refresh", "1");

@@ -40,6 +40,13 @@ TEST_F(FinDuProgramme, NoWindowStaysOverItAndNoButtonOpensOneOrSendsAnythingBehi
   EXPECT_TRUE(Systeme.Notes.Lignes().filter("jpeg").isEmpty());
 }
 
+TEST_F(FinDuProgramme, TheMailSettingsAreNotReadForAFormThatNobodyWillSee) {
+  DemarreJusquALaFenetre();
+  Programme->Ferme();
+  Trouve<QAbstractButton>("BoutonGris(8)")->click();
+  EXPECT_EQ(Fenetre("FrmSmtp"), nullptr);
+}
+
 TEST_F(FinDuProgramme, TheWindowOpensInTheMiddleOfTheScreen) {
   DemarreJusquALaFenetre();
   const QPoint ecart = Cadre("Form1").center() - Fenetre("Form1")->screen()->availableGeometry().center();
@@ -49,6 +56,7 @@ TEST_F(FinDuProgramme, TheWindowOpensInTheMiddleOfTheScreen) {
 TEST_F(FinDuProgramme, TheListOfTheHealthOpensBesideTheWindowAndTheMonitor) {
   DemarreJusquALaFenetre();
   Clique("Bouton(0)");
+  Fenetre("Form1")->move(0, 0);  // there is room on its right, but for the monitor
   Fenetre("FormMonitor")->move(Cadre("Form1").topRight() + QPoint(10, 0));
   Programme->Sante().Signale(Condition::kPhotosImpossibles, "disk full");
   Systeme.Temps.Avance(1000);

@@ -180,6 +180,40 @@ TEST_F(SanteDuProgramme, AClickOpensTheListTheWorstFirst) {
   EXPECT_NE(Liste()->pos(), Fenetre("Form1")->pos());
 }
 
+TEST_F(SanteDuProgramme, TheButtonOfTheListClosesItByMouseAndByKey) {
+  Rapport().Signale(Condition::kPhotosImpossibles);
+  Systeme.Temps.Avance(1000);
+  for (const Qt::Key touche : {Qt::Key_unknown, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+    Clique("SigneSante");
+    ASSERT_TRUE(Liste()->isVisible());
+    auto* ferme = Liste()->findChild<QAbstractButton*>(QStringLiteral("CmdFermer"));
+    if (touche == Qt::Key_unknown)
+      QTest::mouseClick(ferme, Qt::LeftButton);
+    else
+      QTest::keyClick(ferme, touche);
+    EXPECT_FALSE(Liste()->isVisible()) << touche;
+  }
+}
+
+TEST_F(SanteDuProgramme, TheOpenListPutsAGraverConditionOnTopGrowsAndGivesTheFocusOfAnEntryThatGoesToItsButton) {
+  Rapport().Signale(Condition::kLimitePhotos);
+  Systeme.Temps.Avance(1000);
+  Clique("SigneSante");
+  const int hauteur = Liste()->height();
+  Rapport().Signale(Condition::kPhotosImpossibles);
+  Rapport().Signale(Condition::kDetectionArretee);
+  Systeme.Temps.Avance(6000);
+  EXPECT_EQ(Ordre(), "detection-stopped photo-limit photos-not-written");
+  EXPECT_GT(Liste()->height(), hauteur);
+  Liste()->activateWindow();
+  auto* grave = Liste()->findChild<QWidget*>(QStringLiteral("LigneSante(detection-stopped)"));
+  grave->setFocus();
+  ASSERT_EQ(Liste()->focusWidget(), grave);
+  Rapport().Leve(Condition::kDetectionArretee);
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(Liste()->focusWidget(), Liste()->findChild<QWidget*>(QStringLiteral("CmdFermer")));
+}
+
 TEST_F(SanteDuProgramme, KeysOpenItAndTabComesToTheSignOnlyWhileItIsThere) {
   auto* onglet = Trouve("Bouton(6)");
   onglet->setFocus();

@@ -164,6 +164,44 @@ TEST_F(Ordre, ClosingBeforeTheSettingsAreLoadedLoadsAndLaunchesNothing) {
   EXPECT_TRUE(Systeme.Notes.Lignes().filter(QStringLiteral("store: write")).isEmpty());
 }
 
+// The window stands, and only delay and language have been read.
+TEST_F(Ordre, ClosingHalfWayThroughTheLoadSavesNothingThatIsHalfRead) {
+  bool ferme = false;
+  const std::function<void()> arme = [this, &arme, &ferme] {
+    Systeme.Pompe.EnAttente = [this, &arme, &ferme] {
+      arme();
+      if (ferme || Fenetre("Form1") == nullptr) return;
+      ferme = true;
+      Systeme.Notes.Vide();
+      Programme->Ferme();
+      EXPECT_EQ(Systeme.DepuisVide().join(u'|').toStdString(), "");
+    };
+  };
+  arme();
+  Demarre();
+  EXPECT_TRUE(ferme);
+  EXPECT_TRUE(Programme->EstFinie());
+}
+
+// The first close comes behind the splash, the second of somebody who sees a window for a moment.
+TEST_F(Ordre, ASecondCloseInThePumpsOfTheFirstChangesNothing) {
+  const auto fin = [this](bool deuxFois) {
+    Programme.reset();
+    Systeme.Pilote = std::make_unique<faux::PiloteFaux>(Systeme.Notes);
+    Systeme.Programmes.PendantLancement = [this, deuxFois] {
+      Systeme.Pompe.EnAttente = [this, deuxFois] {
+        Systeme.Notes.Vide();
+        if (deuxFois) Systeme.Pompe.EnAttente = [] { Fenetre("Form1")->close(); };
+        Programme->Ferme();
+      };
+    };
+    Demarre();
+    return Systeme.DepuisVide().join(u'|').toStdString();
+  };
+  const std::string une = fin(false);
+  EXPECT_EQ(fin(true), une);
+}
+
 TEST_F(Ordre, AWordThatComesDuringTheLaunchReachesTheWindow) {
   Systeme.Programmes.PendantLancement = [this] {
     Systeme.Pompe.EnAttente = [this] { Systeme.Recoit(1001, QStringLiteral("Conne")); };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The real system behind the ports: which program each rehearsal starts.
+// The real system behind the ports: which program each rehearsal starts, and where the pages of the manual are.
 #include <gtest/gtest.h>
 
 #include <QCoreApplication>
@@ -39,6 +39,14 @@ TEST(SystemeDuProgramme, EachRehearsalStartsItsOwnCompanion) {
   const PortsSysteme ports = systeme.Ports();
   EXPECT_EQ(Essaie(ports.EssaiMail), "VAKTORmail");
   EXPECT_EQ(Essaie(ports.EssaiFtp), "VAKTORftp");
+}
+
+TEST(SystemeDuProgramme, ThePagesOfTheManualLieBesideTheProgram) {
+  QTemporaryDir dossier;
+  ArgumentsDepart arguments;
+  arguments.Dossier = dossier.path();
+  SystemeReel systeme(arguments);
+  EXPECT_EQ(systeme.Ports().Site.Dossier, QCoreApplication::applicationDirPath() + "/site");
 }
 
 }  // namespace

@@ -44,6 +44,17 @@ TEST_F(Sortie, InOrderHasTheStatusZero) {
   ExigeToutLeReste();
 }
 
+// What the start arguments ask for comes a second after the window: closed before that, the end must not open the
+// camera.
+TEST_F(Sortie, NoTimerActsInThePumpsOfTheEnd) {
+  Demarre(QStringLiteral("/alarm"));
+  Systeme.Notes.Vide();
+  Systeme.Pompe.EnAttente = [this] { Systeme.Temps.Avance(5000); };
+  EXPECT_EQ(FermeLaFenetre(), 0);
+  EXPECT_FALSE(Vu("Connecte"));
+  EXPECT_FALSE(Visible("Form1"));
+}
+
 TEST_F(Sortie, OfADriverThatThrowsIsAWholeStop) {
   faux::PiloteFaux& pilote = *Systeme.Pilote;
   PrepareAvecCamera();

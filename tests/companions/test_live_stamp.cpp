@@ -37,5 +37,15 @@ TEST(DessinTimbre, TheLastSecondStaysWithinWhatIsCopied) {
   EXPECT_EQ(CompteClairs(timbre.copy(66, 0, 2, 18)), 0);
 }
 
+// A vertical stroke begins two pixels from the edge, give or take what the font leaves free beside it.
+TEST(DessinTimbre, BeginsTwoPixelsFromItsEdge) {
+  DessinTimbre dessin;
+  const QImage timbre = dessin.DessineTimbre("||");
+  int gauche = 0;
+  while (gauche < timbre.width() && CompteClairs(timbre.copy(gauche, 0, 1, timbre.height())) == 0) ++gauche;
+  EXPECT_GE(gauche, 3);
+  EXPECT_LE(gauche, 5);
+}
+
 }  // namespace
 }  // namespace vaktor::essai

@@ -363,6 +363,18 @@ TEST_F(Analyse, LivePageComesBeforeTheScanAndThePhoto) {
   EXPECT_LT(Journal.Rang(QStringLiteral("PublieLive")), Journal.Rang(QStringLiteral("EnregistrePhoto")));
 }
 
+// A publication that fails ends the tick: the view of the changed points must not keep those of the frame before.
+TEST_F(Analyse, ThePixelViewIsWipedBeforeTheLivePageIsPublished) {
+  Horloge.Millisecondes = 10000;
+  DemarreSurNoir();
+  Engin.ChoisitModeZoom(false);
+  Live.Actif = true;
+  Journal.Ecoute();
+  Trame(AvecPoints(100));
+  EXPECT_GE(Journal.Rang(QStringLiteral("RafraichitVue")), 0);
+  EXPECT_LT(Journal.Rang(QStringLiteral("RafraichitVue")), Journal.Rang(QStringLiteral("PublieLive")));
+}
+
 TEST_F(Analyse, FailedPublicationEndsTheTickAndWaitsForItsIntervalAgain) {
   Horloge.Millisecondes = 10000;
   DemarreSurNoir();

@@ -56,6 +56,26 @@ TEST_F(Programmes, TheSoundCompanionReadsTheStoreAgainWhenItIsTold) {
   EXPECT_EQ(LitJournal().count("/pas/la/mon son.wav"), 1) << "told once";
 }
 
+TEST_F(Programmes, WhatTheStoreSaysReachesARunningCompanionOnlyWhenItIsTold) {
+  Magasin.EcritReglage("SON", "index", "3");
+  Magasin.EcritReglage("SON", "Repertoire", "/pas/la/avant.wav");
+  Magasin.Vide();
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendInscription());
+  Magasin.EcritReglage("SON", "Repertoire", "/pas/la/apres.wav");
+  Magasin.Vide();
+  for (int i = 0; i < 3; ++i) {
+    Envois.EnvoiSon(Commande::kIntrusion);
+    ASSERT_TRUE(AttendPrise());
+  }
+  EXPECT_TRUE(AttendQue([this] { return LitJournal().contains("/pas/la/avant.wav"); }));
+  EXPECT_FALSE(LitJournal().contains("/pas/la/apres.wav"));
+  Envois.EnvoiSon(Commande::kOptions);
+  ASSERT_TRUE(AttendPrise());
+  Envois.EnvoiSon(Commande::kIntrusion);
+  EXPECT_TRUE(AttendQue([this] { return LitJournal().contains("/pas/la/apres.wav"); }));
+}
+
 TEST_F(Programmes, TheSoundCompanionRegistersAgainWhenTheMainProgramComesBack) {
   Lance(VAKTOR_SOUND);
   ASSERT_TRUE(AttendInscription());

@@ -180,6 +180,23 @@ TEST_F(Entendu, TabReachesEveryButtonFieldAndFlagOfEveryPage) {
   }
 }
 
+TEST_F(Entendu, TabPassesByWhatIsSwitchedOffAndWithShiftGoesTheSameWayBack) {
+  Banc.Trouve("Text1")->setEnabled(false);
+  Banc.Trouve("Bouton(0)")->setFocus();
+  QStringList avance, recule;
+  for (int i = 0; i < 12; ++i) {
+    avance += Banc.Fenetre.focusWidget()->objectName();
+    QTest::keyClick(Banc.Fenetre.focusWidget(), Qt::Key_Tab);
+  }
+  for (int i = 0; i < 12; ++i) {
+    QTest::keyClick(Banc.Fenetre.focusWidget(), Qt::Key_Backtab, Qt::ShiftModifier);
+    recule.prepend(Banc.Fenetre.focusWidget()->objectName());
+  }
+  EXPECT_EQ(recule, avance) << recule.join(' ').toStdString();
+  EXPECT_FALSE(avance.contains(QStringLiteral("Text1"))) << avance.join(' ').toStdString();
+  EXPECT_GT(QSet<QString>(avance.begin(), avance.end()).size(), 6);
+}
+
 TEST_F(Entendu, ButtonReachedByTabShowsItAndOneReachedByTheMouseDoesNot) {
   for (int page = 0; page < 4; ++page) {
     Banc.Fenetre.AmenePage(page);

@@ -20,7 +20,7 @@ class Liens : public testing::Test {
   faux::OuvreurFaux Navigateur;
 };
 
-TEST_F(Liens, MakersSiteByLanguageWithATick) {
+TEST_F(Liens, MakersSiteByLanguage) {
   LiensEnLigne liens = Cree(QStringLiteral("https://www.example.org"));
   liens.OuvreNotice();
   liens.OuvreMiseAJour();
@@ -33,7 +33,16 @@ TEST_F(Liens, MakersSiteByLanguageWithATick) {
                    QStringLiteral("https://www.example.org/versiontest.php?logiciel=Vaktor&version=1.4.9"),
                    QStringLiteral("https://www.example.org/ENGLISH/VaktorNotice.html"),
                    QStringLiteral("https://www.example.org/ENGLISH/versiontest.php?logiciel=Vaktor&version=1.4.9")}));
-  EXPECT_EQ(Sons.DernierSon, 4);
+}
+
+TEST_F(Liens, EachTicksOnceBeforeItOpens) {
+  LiensEnLigne liens = Cree(QString());
+  Journal.Ecoute();
+  liens.OuvreNotice();
+  EXPECT_EQ(Journal.Lignes().count("JoueSon 4"), 1) << Journal.Lignes().join('|').toStdString();
+  Journal.Vide();
+  liens.OuvreMiseAJour();
+  EXPECT_EQ(Journal.Lignes().count("JoueSon 4"), 1) << Journal.Lignes().join('|').toStdString();
 }
 
 TEST_F(Liens, WithoutASiteThePagesInstalledWithTheProgramOpen) {

@@ -26,6 +26,17 @@ TEST(WindowPlacement, WithoutRoomBesideItTakesTheCornerThatCoversLeast) {
   EXPECT_EQ(place, QPoint(640, 544));
 }
 
+TEST(WindowPlacement, RightComesFirstThenLeftThenBelowThenAbove) {
+  const QRect ecran(0, 0, 1920, 1080);
+  const QSize fenetre(398, 243), autre(640, 480);
+  constexpr int kEcart = 12;
+  EXPECT_EQ(PlaceFenetre(ecran, {{800, 100}, fenetre}, autre), QPoint(800 + 398 + kEcart, 100));
+  EXPECT_EQ(PlaceFenetre(ecran, {{1500, 100}, fenetre}, autre), QPoint(1500 - kEcart - 640, 100));
+  const QRect etroit(0, 0, 800, 1080);
+  EXPECT_EQ(PlaceFenetre(etroit, {{100, 100}, fenetre}, autre), QPoint(100, 100 + 243 + kEcart));
+  EXPECT_EQ(PlaceFenetre(etroit, {{100, 800}, fenetre}, autre), QPoint(100, 800 - kEcart - 480));
+}
+
 TEST(WindowPlacement, LargerThanTheScreenItBeginsAtTheCorner) {
   EXPECT_EQ(PlaceFenetre({10, 20, 800, 600}, {200, 180, 398, 243}, {1920, 1080}), QPoint(10, 20));
 }

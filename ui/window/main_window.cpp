@@ -36,7 +36,6 @@ Form1::Form1(ServicesForm1 services)
           *PictPage1_, ChampsMail_) {
   setObjectName(QStringLiteral("Form1"));
   setWindowTitle(QStringLiteral("Vaktor"));
-  setFixedSize(kTaille);
   CreeCheckPEcran();
   BrancheBoutons();
   BrancheJauge();

@@ -174,6 +174,22 @@ TEST_F(Ftp, ThePageIsMadeAndAnswered) {
   EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
 }
 
+TEST_F(Ftp, ThePageHasTheColourAndTheSizeThatTheStoreNames) {
+  Reglages.Valeurs.IndexCouleurPage = 0;
+  Reglages.Largeur = "321";
+  Reglages.Hauteur = "123";
+  Module->PrendReglages(Reglages);
+  Connecte();
+  Dit("UploM");
+  const QByteArray rouge = Ouvrier->Travail.Contenu;
+  EXPECT_TRUE(rouge.contains("width=\"321\" height=\"123\"")) << rouge.constData();
+  Finit(IssueFtp::kReussi);
+  Reglages.Valeurs.IndexCouleurPage = 2;
+  Module->PrendReglages(Reglages);
+  Dit("UploM");
+  EXPECT_NE(Ouvrier->Travail.Contenu, rouge);
+}
+
 TEST_F(Ftp, APageLostWithTheConnectionIsMadeWhenItIsBack) {
   Publie();
   Dit("UploM");
