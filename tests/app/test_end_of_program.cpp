@@ -56,8 +56,8 @@ TEST_F(FinDuProgramme, TheWindowOpensInTheMiddleOfTheScreen) {
 TEST_F(FinDuProgramme, TheListOfTheHealthOpensBesideTheWindowAndTheMonitor) {
   DemarreJusquALaFenetre();
   Clique("Bouton(0)");
-  Fenetre("Form1")->move(0, 0);  // there is room on its right, but for the monitor
-  Fenetre("FormMonitor")->move(Cadre("Form1").topRight() + QPoint(10, 0));
+  Fenetre("Form1")->move(0, 0);  // there is room below it, but for the monitor
+  Fenetre("FormMonitor")->move(Cadre("Form1").bottomLeft() + QPoint(0, 10));
   Programme->Sante().Signale(Condition::kPhotosImpossibles, "disk full");
   Systeme.Temps.Avance(1000);
   Clique("SigneSante");

@@ -94,6 +94,7 @@ TEST_F(Lancement, AFailureOutOfAClickIsToldInABoxAndTheProgramGoesOn) {
 }
 
 TEST_F(Lancement, TheWindowsHaveTheProgramsLookAndTheFormOfTheSoundComes) {
+  qputenv("QT_STYLE_OVERRIDE", "Windows");  // as on a desktop with a taste of its own
   bool son = false, icone = false, bureau = true, clair = false;
   QString style, version;
   Lance([&] {
@@ -102,7 +103,8 @@ TEST_F(Lancement, TheWindowsHaveTheProgramsLookAndTheFormOfTheSoundComes) {
     if (!EstLa()) return false;
     icone = !QApplication::windowIcon().isNull();
     bureau = QApplication::quitOnLastWindowClosed();
-    clair = QApplication::palette().color(QPalette::Base) == QColor(Qt::white);
+    clair = QApplication::palette().color(QPalette::Base) == QColor(Qt::white) &&
+            QApplication::palette().color(QPalette::Button) == QColor(226, 228, 232);
     style = QApplication::style()->name();
     QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>("BoutonGris(6)"), Qt::LeftButton);
     son = Fenetre("FormSound") != nullptr && Fenetre("FormSound")->isVisible();

@@ -75,6 +75,7 @@ TEST_F(Sortie, OfSomethingThatIsNoExceptionIsAWholeStopToo) {
   PrepareAvecCamera();
   pilote.PendantDeconnexion = [] { throw 7; };
   EXPECT_EQ(FermeLaFenetre(), kStatutEchec);
+  EXPECT_EQ(Systeme.Messages.Textes, QStringList{QStringLiteral("unknown failure")});
   ExigeToutLeReste();
 }
 

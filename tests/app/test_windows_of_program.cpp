@@ -230,6 +230,12 @@ TEST_F(FenetreDuProgramme, TheMonitorOpensBesideTheWindowMovesWithANewSizeAndSta
   EXPECT_EQ(moniteur->size(), QSize(160, 120));
   EXPECT_EQ(Systeme.Valeurs.value("FTP/width"), "160") << "and the companion of the page is told";
   EXPECT_EQ(Systeme.Valeurs.value("FTP/height"), "120");
+  pilote.Image = QImage(320, 240, QImage::Format_RGB32);
+  Systeme.Temps.Avance(60);
+  EXPECT_FALSE(moniteur->frameGeometry().intersects(principale)) << "there is no room beside it any more";
+  EXPECT_TRUE(moniteur->screen()->availableGeometry().contains(moniteur->geometry()));
+  pilote.Image = QImage(160, 120, QImage::Format_RGB32);
+  Systeme.Temps.Avance(60);
   moniteur->move(7, 9);
   pilote.Image = QImage(320, 240, QImage::Format_RGB32);
   Systeme.Temps.Avance(60);

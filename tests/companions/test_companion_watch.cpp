@@ -272,7 +272,9 @@ TEST_F(Veille, ACompanionIsCountedOnWhileItIsRegisteredAndTakesItsMessages) {
   Inscrit(Compagnon::kFtp);
   EXPECT_TRUE(Regles.Prend(Compagnon::kFtp));
   Canal.Prises[21] = Prise::kMuette;
-  Secondes(VeilleCompagnons::kHesite);
+  Secondes(VeilleCompagnons::kHesite - 1);
+  EXPECT_TRUE(Regles.Prend(Compagnon::kFtp)) << "it may only be busy";
+  Secondes(1);
   EXPECT_FALSE(Regles.Prend(Compagnon::kFtp));
   Canal.Prises[21] = Prise::kRien;
   Secondes(1);

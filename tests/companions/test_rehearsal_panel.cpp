@@ -93,6 +93,7 @@ TEST_F(EssaiDansLaForme, StepsComeAsTheyHappenAndTheLastLineIsTheSentence) {
   Essai.Dit("The mail was accepted.");
   Essai.Finit(FinEssai::kAccepte);
   EXPECT_EQ(Phrase(), "The mail was accepted.");
+  EXPECT_EQ(Trouve<QLabel>("LblEssai")->textFormat(), Qt::PlainText) << "a server's word is no markup";
 }
 
 TEST_F(EssaiDansLaForme, ACompanionThatIsMissingOrSaysNothingIsTold) {

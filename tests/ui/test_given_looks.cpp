@@ -83,7 +83,7 @@ TEST(ButtonFaces, AreTheThreeTemplatesOfTheirFamilyWithADarkCaptionInTheMiddle) 
       EXPECT_GT(place.left(), 0) << "another template";
       EXPECT_LT(place.right(), FacesBoutons::kTaille.width() * kDensite - 1);
       EXPECT_NEAR(place.center().x(), FacesBoutons::kTaille.width() * kDensite / 2, 2 * kDensite);
-      EXPECT_NEAR(place.center().y(), FacesBoutons::kTaille.height() * kDensite / 2, 2 * kDensite);
+      EXPECT_NEAR(place.center().y(), FacesBoutons::kTaille.height() * kDensite / 2, kDensite);
       EXPECT_EQ(PlusSombre(*etats[rang], place), qRgb(0x30, 0x30, 0x30));
     }
   }
@@ -112,6 +112,9 @@ TEST(GivenPictures, OfTheFlagsAreThoseOfTheirLanguages) {
   EXPECT_GT(tiers(0).blue(), tiers(0).red());
   EXPECT_GT(std::min({tiers(1).red(), tiers(1).green(), tiers(1).blue()}), 200);
   EXPECT_GT(tiers(2).red(), tiers(2).blue());
+  DrapeauLangue encadre(nullptr, Langue::kFrancais, {});
+  encadre.Encadre(true);
+  EXPECT_NE(encadre.grab().toImage(), francais);
   const QColor croix = Milieu(DrapeauLangue(nullptr, Langue::kAnglais, {}).grab().toImage());
   EXPECT_GT(croix.red(), croix.green() + 60);
 }

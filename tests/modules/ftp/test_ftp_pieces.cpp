@@ -9,6 +9,7 @@
 
 #include "modules/ftp/ftp_client.h"
 #include "modules/ftp/ftp_dialogue.h"
+#include "modules/ftp/ftp_failure.h"
 #include "modules/ftp/ftp_test_server.h"
 #include "modules/ftp/live_page.h"
 #include "modules/ftp/photo_queue.h"
@@ -62,6 +63,21 @@ TEST(FtpUrl, EncodesEverything) {
   EXPECT_EQ(CreeUrlFtp(acces, ""), "ftp://h:21/www/x/");
   acces = {"::1", 2121, "u", "p", ""};
   EXPECT_EQ(CreeUrlFtp(acces, "x"), "ftp://[::1]:2121/x");
+}
+
+TEST(FtpFailure, OneGuestTooManyIsNoWrongPassword) {
+  const auto precise = [](const char* reponse) {
+    const OuvrierFtp::SurEtape etape;
+    const SurReplique replique;
+    DialogueFtp dialogue(etape, replique);
+    dialogue.NoteReponse("220 ready\r\n");
+    dialogue.NoteCommande("PASS sesame\r\n");
+    dialogue.NoteReponse(reponse);
+    return PreciseEchec(0, dialogue);
+  };
+  EXPECT_EQ(precise("530 Sorry, the maximum number of clients (5) is connected.\r\n"), PrecisionFtp::kComplet);
+  EXPECT_EQ(precise("530 Too many users.\r\n"), PrecisionFtp::kComplet);
+  EXPECT_EQ(precise("530 Login incorrect.\r\n"), PrecisionFtp::kAucune);
 }
 
 TEST(FtpDialogue, KeepsTheServersWordsAndNotOurs) {

@@ -139,7 +139,8 @@ TEST_F(Repetition, WhatIsMissingIsToldBeforeAnybodyIsAsked) {
   EXPECT_TRUE(sans("ftp", "a:x").contains("address is none"));
   EXPECT_TRUE(sans("user", "").contains("user name of the FTP account is missing"));
   EXPECT_TRUE(sans("pass", "").contains("password of the FTP account is missing"));
-  EXPECT_TRUE(sans("racine", "/www\r\nDELE x").contains("invisible sign"));
+  for (const char* cle : {"user", "pass", "racine"})
+    EXPECT_TRUE(sans(cle, "/www\r\nDELE x").contains("invisible sign")) << cle;
 }
 
 TEST_F(Repetition, WhatIsNoRequestIsSaid) {

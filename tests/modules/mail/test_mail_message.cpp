@@ -47,6 +47,11 @@ TEST(Message, AnotherLibraryReadsItAsItWasMeant) {
   EXPECT_EQ(lu["bare"].toInt(), 0) << "every line ends in CR LF";
 }
 
+// RFC 3834: no holiday note answers it, and no mailing list takes it for a person's.
+TEST(Message, SaysThatAProgramSentIt) {
+  EXPECT_TRUE(ComposeMessage(Modele()).contains("\r\nAuto-Submitted: auto-generated\r\n"));
+}
+
 TEST(Message, LinesWithEncodedWordsAreShort) {
   Courriel c = Modele();
   c.Sujet = QString(300, QChar(0xe9));

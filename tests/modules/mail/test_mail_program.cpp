@@ -123,6 +123,8 @@ TEST_F(ProgrammeMail, TheRehearsalTellsEachStepAndSavesNothing) {
   EXPECT_EQ(refuse.count("535"), 1) << "told once, as the step:\n" << refuse.toStdString();
   EXPECT_TRUE(refuse.trimmed().split('\n').last().contains(QString::fromUtf8("Vérifiez")));
   EXPECT_FALSE(refuse.contains(kPass));
+  const QString admis = repete(debut + port + R"(,"smtpuser":"anna","pass":"autre"})");
+  EXPECT_EQ(Programme.exitCode(), 0) << admis.toStdString();
   repete("non");
   EXPECT_EQ(Programme.exitCode(), 2);
   EXPECT_FALSE(QFile::exists(Temporaire.filePath("ailleurs")));

@@ -4,6 +4,7 @@
 
 #include "modules/mail/mail_module_bench.h"
 #include "modules/mail/watch_message.h"
+#include "platform/store/private_file.h"
 
 namespace vaktor::essai {
 namespace {
@@ -87,6 +88,28 @@ TEST_F(Veille, OldestFirstAndAllOfThem) {
   ASSERT_EQ(Nombre(), 12);
   EXPECT_EQ(Restes(), "");
   EXPECT_EQ(Faits.join(u'|'), "reveille");
+}
+
+// The mails made lie in the outbox under names in which "-1" is the beginning of "-12".
+TEST_F(Veille, TheFirstIsNotTakenForMadeBecauseTheTwelfthIs) {
+  Pose(12);
+  Module->ExecuteCommande(Commande::kVeille);
+  Pose(1);
+  Module->ExecuteCommande(Commande::kVeille);
+  EXPECT_EQ(Nombre(), 2);
+}
+
+// As another companion that is about to end holds it. The wait for it is short and real.
+TEST_F(Veille, AMessageThatAnotherCompanionIsTakingIsLeftToIt) {
+  Pose();
+  {
+    const VerrouDossier verrou(Dossier);
+    ASSERT_TRUE(verrou.Tenu());
+    Module->ExecuteCommande(Commande::kVeille);
+    EXPECT_EQ(Nombre(), 0);
+  }
+  Temps.Avance(ModuleMail::kRepriseVeille);
+  EXPECT_EQ(Nombre(), 1);
 }
 
 TEST_F(Veille, MoreThanOneLookTakesAreTakenALittleLater) {
