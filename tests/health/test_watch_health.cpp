@@ -227,6 +227,16 @@ TEST(Conditions, EachHasItsWordsInBothLanguagesAndAWordOfItsOwn) {
   EXPECT_EQ(mots.removeDuplicates(), 0);
 }
 
+// A companion that died is started again after a second, a tick may stumble: neither is told before that could have
+// mended it. What could not be written or sent is told at once.
+TEST(Conditions, LastAsLongAsTheyMayMendThemselvesBeforeTheyAreTold) {
+  EXPECT_EQ(DonneDuree(Condition::kDetectionArretee), 5000);
+  for (const Condition compagnon : {Condition::kCompagnonFtp, Condition::kCompagnonMail, Condition::kCompagnonSon})
+    EXPECT_EQ(DonneDuree(compagnon), 1000);
+  for (const Condition perte : {Condition::kPhotosImpossibles, Condition::kReglagesNonSauves})
+    EXPECT_EQ(DonneDuree(perte), 0);
+}
+
 TEST(Conditions, OnlyALostSignalAndAStoppedDetectionMakeBlind) {
   for (int i = 0; i < kNombreConditions; ++i) {
     const auto quoi = static_cast<Condition>(i);

@@ -13,6 +13,7 @@
 #include <QDBusMessage>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <csignal>
 #include <cstring>
 
 #include "support/event_wait.h"
@@ -63,6 +64,8 @@ class BusPrive {
   }
   void TueService() { Service_.Tue(); }
 
+  /// The service takes the machine's time no more: it answers nobody.
+  void Fige() { ASSERT_EQ(::kill(static_cast<pid_t>(Service_.Processus.processId()), SIGSTOP), 0); }
   void LanceLogin1() {
     LanceService(QStringLiteral("org.freedesktop.login1"),
                  {QStringLiteral("--system"), QStringLiteral("--template"), QStringLiteral("logind")});

@@ -112,9 +112,11 @@ TEST(GivenPictures, OfTheFlagsAreThoseOfTheirLanguages) {
   EXPECT_GT(tiers(0).blue(), tiers(0).red());
   EXPECT_GT(std::min({tiers(1).red(), tiers(1).green(), tiers(1).blue()}), 200);
   EXPECT_GT(tiers(2).red(), tiers(2).blue());
-  DrapeauLangue encadre(nullptr, Langue::kFrancais, {});
-  encadre.Encadre(true);
-  EXPECT_NE(encadre.grab().toImage(), francais);
+  DrapeauLangue drapeau(nullptr, Langue::kFrancais, {});
+  drapeau.Encadre(true);
+  const QImage encadre = drapeau.grab().toImage();
+  drapeau.Encadre(false);
+  EXPECT_NE(drapeau.grab().toImage(), encadre);
   const QColor croix = Milieu(DrapeauLangue(nullptr, Langue::kAnglais, {}).grab().toImage());
   EXPECT_GT(croix.red(), croix.green() + 60);
 }

@@ -181,6 +181,7 @@ TEST_F(Systeme, AStoppedProcessIsEndedToo) {
   ASSERT_EQ(::kill(static_cast<pid_t>(programme.processId()), SIGSTOP), 0);
   EXPECT_TRUE(Processus.TermineProcessus(*vu));
   EXPECT_TRUE(programme.waitForFinished());
+  EXPECT_EQ(programme.exitCode(), SIGTERM) << "it heard the polite request: force was not needed";
 }
 
 TEST_F(Systeme, ANumberThatAnotherProgramHasNowIsLeftAlone) {

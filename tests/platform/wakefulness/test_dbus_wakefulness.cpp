@@ -107,6 +107,18 @@ TEST_F(EveilReel, ARefusalComesWithTheWordsOfTheLoginManager) {
   EXPECT_EQ(Mots, QStringLiteral("Permission denied"));
 }
 
+// The library's own patience is 25 seconds.
+TEST_F(EveilReel, ALoginManagerThatHangsIsWaitedForFiveSecondsAndGivenUp) {
+  BusPrive bus;
+  bus.LanceLogin1();
+  bus.Fige();
+  Relie({bus.Adresse(), QString()});
+  QElapsedTimer temps;
+  temps.start();
+  EXPECT_NE(Demande(), ReponseEveil::kAccordee);
+  EXPECT_LT(temps.elapsed(), 20'000);
+}
+
 TEST_F(EveilReel, WithoutABusOrALoginManagerThereIsNobodyToAsk) {
   const BusPrive vide;
   for (const AdressesBus& adresses :
