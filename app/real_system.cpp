@@ -43,7 +43,7 @@ QString SystemeReel::PrepareDossiersSansAttendre() {
 // One that ignores the polite request is waited for.
 void SystemeReel::TermineErrants(Compagnon compagnon, std::function<void()> fini) {
   const auto balaie = [dossier = Arguments_.Dossier, compagnon] {
-    ProcessusSysteme programmes(dossier);
+    ProcessusSysteme programmes(dossier, 0);  // no event loop here
     ::vaktor::TermineErrants(programmes, DonneIdentite(compagnon).Programme);
     return true;
   };

@@ -30,6 +30,8 @@ inline constexpr QLatin1String kFichierReglages("vaktor.ini");
 /// Environment variable of a companion: the private folder of the main program that started it, where there is one. The
 /// store, the photos and everything else that is written then lie below it.
 inline constexpr QLatin1String kVariableDossier("VAKTOR_DOSSIER");
+/// Environment variable that names the folder of the sockets to a companion, where it is not the usual one.
+inline constexpr QLatin1String kVariableCanal("VAKTOR_CANAL");
 /// Name of the folder beside the settings file in which the main program leaves what the watch has to say of itself,
 /// one file a message; Commande::kVeille tells the mail companion that there is one. docs/companions.md has the fields.
 inline constexpr QLatin1String kDossierVeille("veille");

@@ -48,7 +48,7 @@ class Processus {
   /// Asks the process to end and, when it does not within a fraction of a second, ends it by force. True when it is
   /// gone, also when it had ended by itself since the snapshot of which `vu` is a row; a process that has taken over
   /// the number is left alone. Blocks for half a second at the most, and only for a process that ignores the polite
-  /// request.
+  /// request. A mail companion that is sending is not ended by force at once: false, and so it is some seconds later.
   virtual bool TermineProcessus(const ProcessusVu& vu) = 0;
   /// Starts a program without arguments, does not wait for it, and follows it: `fini` is called once from the event
   /// loop when it has ended, in whatever way, and never from inside this call. It may destroy the object that was given

@@ -11,9 +11,24 @@
 #include <cerrno>
 
 #include "base/failure.h"
+#include "companions/contract/command_words.h"
 #include "platform/channel/socket_address.h"
 
 namespace vaktor {
+
+namespace {
+
+/// Makes the folder where it is missing. True when it is this user's alone.
+bool PrepareSain(const QString& chemin) {
+  const QByteArray nom = QFile::encodeName(chemin);
+  ::mkdir(nom.constData(), 0700);  // fails when it is there, which is as good
+  struct stat etat {};
+  // lstat: a link that somebody planted in a shared folder is not followed.
+  return ::lstat(nom.constData(), &etat) == 0 && S_ISDIR(etat.st_mode) && etat.st_uid == ::getuid() &&
+         (etat.st_mode & 077) == 0;
+}
+
+}  // namespace
 
 QString DossierCanal::DonneCheminUsuel() {
   const QString base = qEnvironmentVariable("XDG_RUNTIME_DIR");
@@ -22,14 +37,19 @@ QString DossierCanal::DonneCheminUsuel() {
   return QStringLiteral("/tmp/vaktor-%1").arg(::getuid());
 }
 
+QString DossierCanal::TrouveChemin() {
+  const QString nomme = qEnvironmentVariable(kVariableCanal.data());
+  if (!nomme.isEmpty()) return nomme;
+  const QString usuel = DonneCheminUsuel();
+  if (PrepareSain(usuel)) return usuel;
+  QString etat = qEnvironmentVariable("XDG_STATE_HOME");
+  if (!QDir::isAbsolutePath(etat)) etat = QDir::homePath() + QStringLiteral("/.local/state");
+  QDir().mkpath(etat + QStringLiteral("/vaktor"));
+  return etat + QStringLiteral("/vaktor/canal");
+}
+
 DossierCanal::DossierCanal(const QString& chemin) : Chemin_(chemin) {
-  const QByteArray nom = QFile::encodeName(chemin);
-  ::mkdir(nom.constData(), 0700);  // fails when it is there, which is as good
-  struct stat etat {};
-  // lstat: a link that somebody planted in a shared folder is not followed.
-  const bool sain = ::lstat(nom.constData(), &etat) == 0 && S_ISDIR(etat.st_mode) && etat.st_uid == ::getuid() &&
-                    (etat.st_mode & 077) == 0;
-  if (!sain)
+  if (!PrepareSain(chemin))
     throw Echec(kFichierIntrouvable,
                 QStringLiteral("The folder %1 cannot be made or is not for this user alone.").arg(chemin));
 }

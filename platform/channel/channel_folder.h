@@ -16,10 +16,13 @@ class DossierCanal {
  public:
   /// "$XDG_RUNTIME_DIR/vaktor", or "/tmp/vaktor-<user number>" where that variable is missing.
   static QString DonneCheminUsuel();
+  /// The folder that kVariableCanal names, else the usual one, else, where that is somebody else's or cannot be made,
+  /// "vaktor/canal" in the user's state folder, which nobody else can have taken. What is not there is made.
+  static QString TrouveChemin();
 
   /// Makes the folder with mode 0700 if it is not there. Throws Echec when it cannot be made, is not a folder, belongs
   /// to another user or can be entered by others.
-  explicit DossierCanal(const QString& chemin = DonneCheminUsuel());
+  explicit DossierCanal(const QString& chemin = TrouveChemin());
 
   const QString& Chemin() const { return Chemin_; }
   QByteArray DonneAdresse(qint32 poignee) const;  ///< full path of the socket

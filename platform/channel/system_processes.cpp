@@ -9,9 +9,13 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QProcess>
+#include <QTimer>
+#include <algorithm>
+#include <memory>
 #include <optional>
 
 #include "companions/contract/command_words.h"
+#include "platform/channel/channel_folder.h"
 #include "platform/channel/followed_program.h"
 #include "platform/channel/process_handle.h"
 #include "platform/channel/script_name.h"
@@ -56,6 +60,9 @@ QString LitDossierPrive(qint32 pid) {
 QProcessEnvironment DonneMilieuCompagnon(const QString& dossierPrive) {
   QProcessEnvironment milieu = QProcessEnvironment::systemEnvironment();
   milieu.remove(kVariableRelance);
+  // Where the usual folder was taken by somebody when this program looked, it may be free when the companion does.
+  if (const QString canal = DossierCanal::TrouveChemin(); canal != DossierCanal::DonneCheminUsuel())
+    milieu.insert(kVariableCanal, canal);
   if (dossierPrive.isEmpty())
     milieu.remove(kVariableDossier);  // one that this program inherited is not its own
   else
@@ -63,8 +70,21 @@ QProcessEnvironment DonneMilieuCompagnon(const QString& dossierPrive) {
   return milieu;
 }
 
-ProcessusSysteme::ProcessusSysteme(const QString& dossierPrive)
-    : DossierPrive_(dossierPrive.isEmpty() ? QString() : QDir(dossierPrive).absolutePath()) {}
+namespace {
+
+// By any of its names, as strays are looked for.
+bool EstCompagnonMail(const ProcessusVu& vu) {
+  const QString nom = DonneIdentite(Compagnon::kMail).Programme;
+  const QStringList noms = {vu.Nom, vu.NomAppele, vu.NomScript};
+  return std::any_of(noms.begin(), noms.end(),
+                     [&nom](const QString& sien) { return sien.contains(nom, Qt::CaseInsensitive); });
+}
+
+}  // namespace
+
+ProcessusSysteme::ProcessusSysteme(const QString& dossierPrive, int patienceMail)
+    : DossierPrive_(dossierPrive.isEmpty() ? QString() : QDir(dossierPrive).absolutePath()),
+      PatienceMail_(patienceMail) {}
 
 QList<ProcessusVu> ProcessusSysteme::PrendInstantane() const {
   QList<ProcessusVu> table;
@@ -82,7 +102,8 @@ QList<ProcessusVu> ProcessusSysteme::PrendInstantane() const {
 
 bool ProcessusSysteme::TermineProcessus(const ProcessusVu& vu) {
   if (vu.Pid <= 1 || vu.Pid == ::getpid()) return false;
-  const PrisePid processus(vu.Pid);
+  const auto prise = std::make_shared<const PrisePid>(vu.Pid);
+  const PrisePid& processus = *prise;
   if (!processus.Ouverte()) return processus.EstPartie();
   // The hold is on whoever has the number now; only if that is still the same program is it the one meant. Else the one
   // meant has ended by itself.
@@ -90,6 +111,10 @@ bool ProcessusSysteme::TermineProcessus(const ProcessusVu& vu) {
   processus.Envoie(SIGTERM);
   processus.Envoie(SIGCONT);  // a stopped process hears the polite request only when it goes on
   if (processus.AttendFin(kDelaiPoli)) return true;
+  if (PatienceMail_ > 0 && EstCompagnonMail(vu)) {
+    QTimer::singleShot(PatienceMail_, &Contexte_, [prise] { prise->Envoie(SIGKILL); });
+    return false;
+  }
   processus.Envoie(SIGKILL);
   return processus.AttendFin(kDelaiForce);
 }

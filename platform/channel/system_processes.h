@@ -3,6 +3,7 @@
 // which another process has taken over in the meantime is never hit.
 #pragma once
 
+#include <QObject>
 #include <QProcessEnvironment>
 #include <QString>
 
@@ -17,14 +18,18 @@ QProcessEnvironment DonneMilieuCompagnon(const QString& dossierPrive);
 /// User-interface thread.
 class ProcessusSysteme : public Processus {
  public:
-  static constexpr int kDelaiPoli = 300;   ///< milliseconds that a process has to follow the polite request
+  static constexpr int kDelaiPoli = 300;  ///< milliseconds that a process has to follow the polite request
+  /// Milliseconds that a mail companion has beyond: it waits for the server's answer to a mail that is under way, and
+  /// one that is ended before sends that mail a second time. It ends by itself within fifteen seconds.
+  static constexpr int kPatienceMail = 16'000;
   static constexpr int kDelaiForce = 200;  ///< milliseconds that the system has to take a killed process away
 
   /// `dossierPrive` is the private folder of this run, empty where there is none. It is handed to every program that is
   /// started, in the variable kVariableDossier; and the process table holds only what was started with the same one
   /// (with none, where this run has none), so that a demonstration or a test beside a watch that runs does not end its
   /// companions.
-  explicit ProcessusSysteme(const QString& dossierPrive = QString());
+  /// `patienceMail`: kPatienceMail, and 0 for who has no event loop. While it runs TermineProcessus has given false.
+  explicit ProcessusSysteme(const QString& dossierPrive = QString(), int patienceMail = kPatienceMail);
 
   QList<ProcessusVu> PrendInstantane() const override;
   bool TermineProcessus(const ProcessusVu& vu) override;
@@ -34,6 +39,8 @@ class ProcessusSysteme : public Processus {
   bool Demarre(const Lancement& quoi, qint64& pid) const;
 
   QString DossierPrive_;
+  int PatienceMail_;
+  QObject Contexte_;  // of the ends by force that are still to come
 };
 
 }  // namespace vaktor

@@ -278,6 +278,33 @@ TEST_F(Canal, APlantedLinkIsRefused) {
   EXPECT_THROW(DossierCanal{Temporaire.filePath("pas/la")}, Echec);
 }
 
+struct Variable {
+  Variable(const char* nom, const QByteArray& valeur)
+      : Nom(nom), Avant(qgetenv(nom)), Etait(qEnvironmentVariableIsSet(nom)) {
+    valeur.isEmpty() ? qunsetenv(nom) : qputenv(nom, valeur);
+  }
+  ~Variable() { Etait ? qputenv(Nom, Avant) : qunsetenv(Nom); }
+  Variable(const Variable&) = delete;
+  Variable& operator=(const Variable&) = delete;
+  const char* Nom;
+  QByteArray Avant;
+  bool Etait;
+};
+
+// In a shared folder anybody may have made it first.
+TEST(ChannelFolder, OneThatIsTakenFallsBackToTheUsersOwn) {
+  const QTemporaryDir temporaire;
+  const Variable marche("XDG_RUNTIME_DIR", QFile::encodeName(temporaire.path()));
+  const Variable etat("XDG_STATE_HOME", QFile::encodeName(temporaire.filePath("state")));
+  const Variable canal("VAKTOR_CANAL", {});
+  EXPECT_EQ(DossierCanal::TrouveChemin(), temporaire.filePath("vaktor"));
+  ASSERT_EQ(::chmod(QFile::encodeName(temporaire.filePath("vaktor")).constData(), 0755), 0);
+  EXPECT_EQ(DossierCanal::TrouveChemin(), temporaire.filePath("state/vaktor/canal"));
+  EXPECT_EQ(DossierCanal().Chemin(), temporaire.filePath("state/vaktor/canal")) << "and it can be used";
+  const Variable nomme("VAKTOR_CANAL", "/somewhere");
+  EXPECT_EQ(DossierCanal::TrouveChemin(), "/somewhere") << "what the main program uses counts for its companions";
+}
+
 TEST_F(Canal, AWordOfAnotherUserIsDropped) {
   if (::getuid() != 0) GTEST_SKIP() << "only root can speak as somebody else";
   const qint32 casier = OuvreNotant();

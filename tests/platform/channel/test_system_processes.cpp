@@ -172,6 +172,39 @@ TEST_F(Systeme, OneThatIgnoresTheRequestIsEndedByForce) {
   EXPECT_EQ(programme.exitStatus(), QProcess::CrashExit);
 }
 
+// Its server has the mail, and has not answered yet: who ends it now sends that mail a second time.
+TEST_F(Systeme, AMailCompanionThatIsSendingIsLeftItsTimeAndHoldsNothingUp) {
+  QProcess programme;
+  programme.start(
+      EcritScript(Nom + "VAKTORmail", "trap 'sleep 1; exit 7' TERM; echo pret; while :; do sleep 0.01; done\n"), {});
+  ASSERT_TRUE(programme.waitForReadyRead());
+  QElapsedTimer depuis;
+  depuis.start();
+  EXPECT_FALSE(Processus.TermineProcessus(*Trouve(programme.processId())));
+  EXPECT_LT(depuis.elapsed(), 900);
+  ASSERT_TRUE(AttendQue([&] { return programme.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(programme.exitStatus(), QProcess::NormalExit);
+  EXPECT_EQ(programme.exitCode(), 7);
+}
+
+TEST_F(Systeme, AMailCompanionThatDoesNotEndIsEndedByForceLater) {
+  ProcessusSysteme pressee(QString(), 500);
+  QProcess programme;
+  programme.start(EcritScript(Nom + "VAKTORmail", "trap '' TERM; echo pret; while :; do sleep 0.01; done\n"), {});
+  ASSERT_TRUE(programme.waitForReadyRead());
+  EXPECT_FALSE(pressee.TermineProcessus(*Trouve(programme.processId())));
+  ASSERT_TRUE(AttendQue([&] { return programme.state() == QProcess::NotRunning; }));
+  EXPECT_EQ(programme.exitStatus(), QProcess::CrashExit);
+}
+
+TEST_F(Systeme, ACompanionIsToldOfAFolderOfSocketsThatIsNotTheUsualOne) {
+  EXPECT_FALSE(DonneMilieuCompagnon(QString()).contains(kVariableCanal));
+  const QByteArray avant = qgetenv("XDG_RUNTIME_DIR");
+  qputenv("XDG_RUNTIME_DIR", "/dev/null");
+  EXPECT_TRUE(DonneMilieuCompagnon(QString()).value(kVariableCanal).endsWith("/vaktor/canal"));
+  avant.isEmpty() ? qunsetenv("XDG_RUNTIME_DIR") : qputenv("XDG_RUNTIME_DIR", avant);
+}
+
 TEST_F(Systeme, AStoppedProcessIsEndedToo) {
   QProcess programme;
   programme.start(CopieProgramme("/bin/sleep", Nom + "sleep"), {"1000"});
