@@ -51,7 +51,11 @@ ChampsSite Vaktor::LitChampsSite() const {
 }
 
 void Vaktor::CreeMoteur() {
-  Annonce_ = std::make_unique<AnnonceIntrusion>(PortsAnnonceIntrusion{Systeme_.Temps, Minuteries_, Systeme_.Personnel});
+  SigneDeVie_ = std::make_unique<SigneDeVie>(
+      PortsSigneDeVie{Systeme_.Courriels, *Modules_, Reglages_, Systeme_.Temps, Minuteries_, Systeme_.Disque,
+                      [this] { return Moteur_->Alarme().AlarmeArmee; }, [this] { return Moteur_->Surface().Image(); }});
+  Annonce_ = std::make_unique<AnnonceIntrusion>(
+      PortsAnnonceIntrusion{Systeme_.Temps, Minuteries_, Systeme_.Personnel, [this] { SigneDeVie_->NoteAlarme(); }});
   Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_, *Annonce_, [this] { Photos_->EnregistrePhoto(); });
   Moteur_ = std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Minuteries_,
                                                              Systeme_.Temps, Systeme_.Pompe, Systeme_.Sons, *Actions_,
@@ -65,7 +69,10 @@ void Vaktor::CreeMoteur() {
   Photos_ = std::make_unique<EnregistreurPhotos>(
       PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(), Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,
                   [this] { return Copies_->SontVoulues(); }, Sante_, [this] { return Copies_->Demande(); },
-                  [this](const QString& fichier) { Annonce_->NotePhoto(fichier); }});
+                  [this](const QString& fichier) {
+                    Annonce_->NotePhoto(fichier);
+                    SigneDeVie_->NotePhoto();
+                  }});
   VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{Reglages_, *Photos_, Minuteries_, Systeme_.Sonde,
                                                                    Systeme_.EssaiPhotos, Systeme_.Pertes, Sante_,
                                                                    [this] { return Moteur_->Alarme().AlarmeArmee; }});

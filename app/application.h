@@ -32,6 +32,7 @@
 #include "health/blind_mails.h"
 #include "health/condition_program.h"
 #include "health/desktop_notices.h"
+#include "health/sign_of_life.h"
 #include "health/watch_health.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/form_visu_photo.h"
@@ -147,6 +148,7 @@ class Vaktor : private EtapesDepart {
   // The rules, those that others are given first.
   std::unique_ptr<ModuleSendMessages> Modules_;
   std::unique_ptr<ReglagesPersistants> Sauvegarde_;
+  std::unique_ptr<SigneDeVie> SigneDeVie_;
   std::unique_ptr<AnnonceIntrusion> Annonce_;
   std::unique_ptr<ActionsAlarmeReelles> Actions_;
   VueSurveillance Vue_;

@@ -25,6 +25,7 @@ void Vaktor::CreeSante() {
     Sante_.Observe(*observateur);
   }
   Sante_.Lance();
+  SigneDeVie_->Lance();
 }
 
 // Beside the main window and, as far as there is room, beside the monitor.
@@ -37,6 +38,7 @@ QPoint Vaktor::PlaceFrmSante(const QSize& taille) {
 // From here on nobody looks after the watch, and what ends with it is no news.
 void Vaktor::ArreteSante() {
   Sante_.Arrete();
+  if (SigneDeVie_) SigneDeVie_->Arrete();
   if (VueSante_) VueSante_->Ferme();
 }
 

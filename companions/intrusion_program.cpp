@@ -36,6 +36,7 @@ void AnnonceIntrusion::NoteIntrusion() noexcept {
   try {
     FinitSiCalme();
     const auto tic = static_cast<quint32>(Ports_.Temps.CompteTics());
+    if (!EnCours_ && Ports_.SurDebut) Ports_.SurDebut();
     EnCours_ = true;
     DernierActe_ = tic;
     TimerFin_->Active();

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QStringList>
+#include <functional>
 #include <memory>
 
 #include "engine/ports/clock.h"
@@ -16,6 +17,7 @@ struct PortsAnnonceIntrusion {
   const Horloge& Temps;
   FabriqueMinuteries& Minuteries;
   ProgrammePersonnel& Programme;
+  std::function<void()> SurDebut = {};  ///< an intrusion has begun; may be empty, and throws nothing
 };
 
 /// An alarm acts on each frame, thirty times a second, and knows no intrusion that begins and ends. A program that is

@@ -22,7 +22,9 @@ bool ManqueServeur(const TextesSmtp& textes) {
   return textes.Serveur == QStringLiteral("smtp.") || textes.Serveur.isEmpty() || textes.Expediteur.isEmpty();
 }
 
-bool ManqueConnexion(const TextesSmtp& textes) { return textes.Utilisateur.isEmpty() || textes.MotDePasse.isEmpty(); }
+bool ManqueConnexion(const TextesSmtp& textes) {
+  return textes.Utilisateur.isEmpty() || (textes.MotDePasse.isEmpty() && textes.Jeton.trimmed().isEmpty());
+}
 
 QByteArray ComposeDemandeEssai(const Parametres& reglages, const QString& destination) {
   const Langue langue = LangueParlee(reglages.LangueCourante);
@@ -38,6 +40,7 @@ QByteArray ComposeDemandeEssai(const Parametres& reglages, const QString& destin
       {QStringLiteral("smtpactif"), reglages.SmtpActif},
       {QStringLiteral("smtpneedlogin"), reglages.SmtpNeedLogin},
       {QStringLiteral("smtpsanschiffrement"), reglages.SmtpSansChiffrement},
+      {QStringLiteral("smtpjeton"), reglages.SmtpJeton},
       {QStringLiteral("langue"), reglages.LangueCourante},
   };
   return QJsonDocument(demande).toJson(QJsonDocument::Compact);

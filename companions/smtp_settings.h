@@ -24,6 +24,7 @@ QString CorrigePortSmtp(const QString& texte);
 /// What stands in the fields when the form is closed: the fields themselves, blanks included, not the settings.
 struct TextesSmtp {
   QString Serveur, Expediteur, Utilisateur, MotDePasse;
+  QString Jeton = {};  ///< takes the place of a password
 };
 /// The server that was begun and not finished counts as none; only that exact text does.
 bool ManqueServeur(const TextesSmtp& textes);

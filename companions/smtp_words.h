@@ -20,6 +20,15 @@ QString AideOAuth2(Langue langue);
 QString MotsSansChiffrement(Langue langue);
 QString AideSansChiffrement(Langue langue);
 
+/// The command that prints a token, and which accounts need one.
+QString MotsJeton(Langue langue);
+QString AideJeton(Langue langue);
+
+/// The daily sign of life, what it is, and the name of an hour, -1 for none.
+QString MotsSigneDeVie(Langue langue);
+QString AideSigneDeVie(Langue langue);
+QString NommeHeure(Langue langue, int heure);
+
 /// Subject and first line of the mail: who gets it must not take it for an alarm.
 QString SujetEssai(Langue langue, const QString& sujet);
 QString CorpsEssai(Langue langue, const QString& corps);

@@ -5,9 +5,11 @@
 #include <QFrame>
 #include <QKeyEvent>
 
+#include "base/mail_addresses.h"
 #include "base/typed_text.h"
 #include "companions/forms/form_look.h"
 #include "companions/smtp_words.h"
+#include "texts/address_words.h"
 #include "texts/language.h"
 
 namespace vaktor {
@@ -36,6 +38,9 @@ FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this) {
   BrancheControles();
 }
 
+// A field that goes with the form loses the focus, and is left.
+FrmSmtp::~FrmSmtp() { Controles_.TxtFrom->disconnect(this); }
+
 void FrmSmtp::BrancheControles() {
   const ControlesSmtp& c = Controles_;
   connect(c.ChkMailWinsock, &QCheckBox::toggled, this, [this](bool coche) {
@@ -52,6 +57,13 @@ void FrmSmtp::BrancheControles() {
   BrancheTexte(c.TxtFrom, &Parametres::SmtpFrom);
   BrancheTexte(c.TxtSMTPuser, &Parametres::SmtpUser);
   BrancheTexte(c.TxtSMTPpass, &Parametres::SmtpPass);
+  connect(c.TxtSMTPjeton, &QLineEdit::textChanged, this, [this](const QString& texte) {
+    // Its arguments stand behind blanks: they stay.
+    Ports_.Reglages.SmtpJeton = GardePremiereLigne(texte).trimmed();
+  });
+  connect(c.TxtFrom, &QLineEdit::editingFinished, this, &FrmSmtp::JugeExpediteur);
+  connect(c.CmbSigneDeVie, &QComboBox::currentIndexChanged, this,
+          [this](int rang) { Ports_.Reglages.HeureSigneDeVie = rang - 1; });
   connect(c.TextPort, &QLineEdit::textChanged, this, &FrmSmtp::SuitPort);
   connect(c.CmbComptes, &QComboBox::activated, this, &FrmSmtp::ChoisitCompte);
 }
@@ -64,6 +76,15 @@ void FrmSmtp::BrancheTexte(QLineEdit* champ, QString Parametres::*variable) {
     if (ligne != texte) champ->setText(ligne);
     MontreOAuth2();
   });
+}
+
+// When the field is left, not while an address is half typed.
+void FrmSmtp::JugeExpediteur() {
+  const QStringList fausses = LitAdresses(Ports_.Reglages.SmtpFrom, !Ports_.Reglages.SmtpActif).Mauvaises;
+  RougitChampSmtp(*Controles_.TxtFrom, !fausses.isEmpty());
+  Controles_.TxtFrom->setToolTip(fausses.isEmpty()
+                                     ? Ports_.Textes.Dit(Aide::kAdresseEMail)
+                                     : DitAdressesFausses(LangueParlee(Ports_.Reglages.LangueCourante), fausses));
 }
 
 void FrmSmtp::SuitPort(const QString& texte) {
@@ -93,11 +114,13 @@ void FrmSmtp::AfficheCompteSmtp() {
   Controles_.ChkMailWinsock->setChecked(!valeurs.SmtpActif);
   Controles_.CheckNeedLoginSMTP->setChecked(valeurs.SmtpNeedLogin);
   Controles_.CheckSansChiffrement->setChecked(valeurs.SmtpSansChiffrement);
+  Controles_.CmbSigneDeVie->setCurrentIndex(valeurs.HeureSigneDeVie + 1);
   ActiveChampsSmtp();
   Controles_.TxtFrom->setText(valeurs.SmtpFrom);
   Controles_.TxtSMTP->setText(valeurs.SmtpServeur);
   Controles_.TxtSMTPuser->setText(valeurs.SmtpUser);
   Controles_.TxtSMTPpass->setText(valeurs.SmtpPass);
+  Controles_.TxtSMTPjeton->setText(valeurs.SmtpJeton);
   Controles_.TextPort->setText(valeurs.SmtpPort);
 }
 
@@ -107,7 +130,8 @@ void FrmSmtp::ActiveChampsSmtp() {
   Controles_.CheckNeedLoginSMTP->setEnabled(champs.Serveur);
   for (QLineEdit* champ : {Controles_.TxtFrom, Controles_.TxtSMTP, Controles_.TextPort})
     ActiveChamp(*champ, champs.Serveur);
-  for (QLineEdit* champ : {Controles_.TxtSMTPuser, Controles_.TxtSMTPpass}) ActiveChamp(*champ, champs.Connexion);
+  for (QLineEdit* champ : {Controles_.TxtSMTPuser, Controles_.TxtSMTPpass, Controles_.TxtSMTPjeton})
+    ActiveChamp(*champ, champs.Connexion);
   Controles_.CheckSansChiffrement->setEnabled(champs.Connexion);
 }
 
@@ -119,7 +143,7 @@ void FrmSmtp::Montre() {
 
 TextesSmtp FrmSmtp::LitTextes() const {
   return {Controles_.TxtSMTP->text(), Controles_.TxtFrom->text(), Controles_.TxtSMTPuser->text(),
-          Controles_.TxtSMTPpass->text()};
+          Controles_.TxtSMTPpass->text(), Controles_.TxtSMTPjeton->text()};
 }
 
 // The field of the main window may show its prompt, which is no address.
@@ -207,6 +231,19 @@ void FrmSmtp::MontreOAuth2() {
   Controles_.TxtSMTPpass->setToolTip(oauth2 ? AideOAuth2(langue) : Ports_.Textes.Dit(Libelle::kMotDePasseSmtp));
 }
 
+void FrmSmtp::EcritSigneDeVie(Langue langue) {
+  const ControlesSmtp& c = Controles_;
+  for (int i = 0; i <= kHeures; ++i) c.CmbSigneDeVie->setItemText(i, NommeHeure(langue, i - 1));
+  c.LblSigneDeVie->setText(MotsSigneDeVie(langue));
+  c.CmbSigneDeVie->setAccessibleName(MotsSigneDeVie(langue));
+  c.LblSMTPjeton->setText(MotsJeton(langue));
+  c.TxtSMTPjeton->setAccessibleName(MotsJeton(langue));
+  for (QWidget* controle : {static_cast<QWidget*>(c.LblSigneDeVie), static_cast<QWidget*>(c.CmbSigneDeVie)})
+    controle->setToolTip(AideSigneDeVie(langue));
+  for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPjeton), static_cast<QWidget*>(c.TxtSMTPjeton)})
+    controle->setToolTip(AideJeton(langue));
+}
+
 void FrmSmtp::EcritMots() {
   const TablesTextes& t = Ports_.Textes;
   const ControlesSmtp& c = Controles_;
@@ -241,6 +278,7 @@ void FrmSmtp::EcritMots() {
   c.CheckSansChiffrement->setAccessibleName(MotsSansChiffrement(parlee));
   for (QWidget* controle : {static_cast<QWidget*>(c.CheckSansChiffrement), static_cast<QWidget*>(c.LblSansChiffrement)})
     controle->setToolTip(AideSansChiffrement(parlee));
+  EcritSigneDeVie(parlee);
   EcritComptes();
   // The shown text is no selection: picking any entry is a choice.
   c.CmbComptes->setPlaceholderText(t.Dit(Libelle::kChoisitCompte));

@@ -36,6 +36,7 @@ class FrmSmtp : public QWidget {
 
  public:
   explicit FrmSmtp(const PortsFrmSmtp& ports);
+  ~FrmSmtp() override;
 
   /// The load step, before the form is shown: shows the settings, reads the accounts, fills empty settings from the
   /// default account. Pending events run in it. What they throw goes through: the form is then not to be shown.
@@ -64,6 +65,8 @@ class FrmSmtp : public QWidget {
   void ChoisitCompte(qint32 index);
   void EcritComptes();
   void MontreOAuth2();
+  void JugeExpediteur();
+  void EcritSigneDeVie(Langue langue);
   bool PeutFermer();
   bool AccepteSansServeur();
   bool AccepteSansConnexion();

@@ -50,8 +50,13 @@ ControlesSmtp::ControlesSmtp(QWidget* forme)
       TxtSMTPuser(CreeChamp(forme, "TxtSMTPuser")),
       LblSMTPass(CreeEtiquette(forme, "LblSMTPass")),
       TxtSMTPpass(CreeChamp(forme, "TxtSMTPpass")),
+      LblSMTPjeton(CreeEtiquette(forme, "LblSMTPjeton")),
+      TxtSMTPjeton(CreeChamp(forme, "TxtSMTPjeton")),
       CheckSansChiffrement(Nomme(new QCheckBox(forme), "CheckSansChiffrement")),
-      LblSansChiffrement(CreeEtiquette(forme, "LblSansChiffrement")) {
+      LblSansChiffrement(CreeEtiquette(forme, "LblSansChiffrement")),
+      LblSigneDeVie(CreeEtiquette(forme, "LblSigneDeVie")),
+      CmbSigneDeVie(Nomme(new QComboBox(forme), "CmbSigneDeVie")) {
+  for (int i = 0; i <= kHeures; ++i) CmbSigneDeVie->addItem(QString());
   TxtSMTP->setText(QStringLiteral("smtp."));
   TextPort->setFixedWidth(kLargeurPort);
   TxtSMTPpass->setEchoMode(QLineEdit::Password);
@@ -84,8 +89,16 @@ QGridLayout* ControlesSmtp::DonneGrille() const {
   ligneEntiere(CheckNeedLoginSMTP, LblNeedLoginSMTP);
   ligne(LblSMTPuser, TxtSMTPuser);
   ligne(LblSMTPass, TxtSMTPpass);
+  ligne(LblSMTPjeton, TxtSMTPjeton);
   ligneEntiere(CheckSansChiffrement, LblSansChiffrement);
+  ligne(LblSigneDeVie, CmbSigneDeVie);
   return grille;
+}
+
+void RougitChampSmtp(QLineEdit& champ, bool rouge) {
+  QPalette palette = champ.palette();
+  palette.setColor(QPalette::Text, rouge ? QColor(Qt::red) : QColor(Qt::black));
+  champ.setPalette(palette);
 }
 
 void ActiveChamp(QLineEdit& champ, bool actif) {

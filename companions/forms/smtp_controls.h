@@ -32,11 +32,19 @@ struct ControlesSmtp {
   QLineEdit* TxtSMTPuser;
   QLabel* LblSMTPass;
   QLineEdit* TxtSMTPpass;
+  QLabel* LblSMTPjeton;
+  QLineEdit* TxtSMTPjeton;
   QCheckBox* CheckSansChiffrement;
   QLabel* LblSansChiffrement;
+  QLabel* LblSigneDeVie;
+  QComboBox* CmbSigneDeVie;  ///< none, then the hours from 0 to 23; its words are the form's
 };
+
+inline constexpr int kHeures = 24;
 
 /// Enabled and white, or disabled and grey.
 void ActiveChamp(QLineEdit& champ, bool actif);
+/// Text colour: red where the user is to look.
+void RougitChampSmtp(QLineEdit& champ, bool rouge);
 
 }  // namespace vaktor

@@ -112,12 +112,13 @@ TEST_F(FormeSmtp, TheTabKeyWalksEverythingTopToBottom) {
   Ouvre();
   Trouve("ChkMailWinsock")->setFocus();
   QStringList chemin;
-  for (int i = 0; i < 11; ++i) {
+  for (int i = 0; i < 13; ++i) {
     chemin.append(QApplication::focusWidget()->objectName());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(chemin, (QStringList{"ChkMailWinsock", "CmbComptes", "TxtFrom", "TxtSMTP", "TextPort", "CheckNeedLoginSMTP",
-                                 "TxtSMTPuser", "TxtSMTPpass", "CheckSansChiffrement", "CmdEssai", "TxtEssai"}));
+                                 "TxtSMTPuser", "TxtSMTPpass", "TxtSMTPjeton", "CheckSansChiffrement", "CmbSigneDeVie",
+                                 "CmdEssai", "TxtEssai"}));
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "ChkMailWinsock");
 }
 
@@ -132,6 +133,57 @@ TEST_F(FormeSmtp, TheSwitchForServersWithoutEncryptionIsTheSettingAndSaysWhatItC
   EXPECT_EQ(Trouve<QLabel>("LblSansChiffrement")->text(), Trouve("CheckSansChiffrement")->accessibleName());
   EXPECT_EQ(Trouve<QLabel>("LblSansChiffrement")->text(), "Without encryption");
   EXPECT_TRUE(Trouve("CheckSansChiffrement")->toolTip().contains("password and pictures"));
+}
+
+TEST_F(FormeSmtp, TheHourOfTheSignOfLifeIsTheSettingAndItsWordsAreTheLanguages) {
+  Reglages.HeureSigneDeVie = 8;
+  Ouvre();
+  auto* liste = Trouve<QComboBox>("CmbSigneDeVie");
+  EXPECT_EQ(liste->currentText(), "each day at 8:00");
+  EXPECT_EQ(liste->count(), 25);
+  EXPECT_EQ(liste->itemText(0), "never");
+  liste->setFocus();
+  QTest::keyClick(liste, Qt::Key_Down);
+  EXPECT_EQ(Reglages.HeureSigneDeVie, 9);
+  QTest::keyClick(liste, Qt::Key_Home);
+  EXPECT_EQ(Reglages.HeureSigneDeVie, -1);
+  QTest::keyClick(liste, Qt::Key_End);
+  EXPECT_EQ(Reglages.HeureSigneDeVie, 23);
+  EXPECT_EQ(Trouve<QLabel>("LblSigneDeVie")->text(), liste->accessibleName());
+  EXPECT_TRUE(liste->toolTip().contains("armed"));
+  Clique("ChkMailWinsock");
+  EXPECT_TRUE(liste->isEnabled()) << "also with the mail software";
+}
+
+TEST_F(FormeSmtp, TheCommandForATokenKeepsItsBlanksAndTakesThePlaceOfThePassword) {
+  Reglages.SmtpActif = Reglages.SmtpNeedLogin = true;
+  Ouvre();
+  auto* champ = Trouve<QLineEdit>("TxtSMTPjeton");
+  champ->setText("/usr/bin/jeton me@example.org\nmore");
+  EXPECT_EQ(Reglages.SmtpJeton, "/usr/bin/jeton me@example.org");
+  EXPECT_TRUE(champ->toolTip().contains("Outlook.com")) << "which accounts need it";
+  EXPECT_FALSE(ManqueConnexion({"s", "f", "u", "", " x"}));
+  EXPECT_TRUE(ManqueConnexion({"s", "f", "u", "", " "}));
+  EXPECT_TRUE(ManqueConnexion({"s", "f", "", "", "x"}));
+  Clique("CheckNeedLoginSMTP");
+  EXPECT_FALSE(champ->isEnabled());
+}
+
+TEST_F(FormeSmtp, ASenderThatIsNoAddressIsToldWhenItsFieldIsLeft) {
+  Ouvre();
+  auto* champ = Trouve<QLineEdit>("TxtFrom");
+  champ->setFocus();
+  champ->selectAll();
+  QTest::keyClicks(champ, "cam.example.org");
+  EXPECT_NE(champ->palette().color(QPalette::Text), QColor(Qt::red));
+  QTest::keyClick(champ, Qt::Key_Tab);
+  EXPECT_EQ(champ->palette().color(QPalette::Text), QColor(Qt::red));
+  EXPECT_EQ(champ->toolTip(), "This is no eMail address: cam.example.org");
+  champ->setFocus();
+  champ->selectAll();
+  QTest::keyClicks(champ, "cam@example.org");
+  QTest::keyClick(champ, Qt::Key_Tab);
+  EXPECT_NE(champ->palette().color(QPalette::Text), QColor(Qt::red));
 }
 
 TEST_F(FormeSmtp, SettingsLoseTheBlanksThatTheFieldsKeep) {

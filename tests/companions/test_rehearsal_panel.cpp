@@ -33,6 +33,7 @@ TEST_F(EssaiDansLaForme, SendsWhatStandsInTheFieldsAndSavesNothing) {
   EXPECT_EQ(d["smtpactif"], true);
   EXPECT_EQ(d["smtpneedlogin"], true);
   EXPECT_EQ(d["smtpsanschiffrement"], false);
+  EXPECT_EQ(d["smtpjeton"], QString());
   EXPECT_EQ(d["langue"], 1);
   EXPECT_EQ(d["sujet"], "[Test] Intrusion");
   EXPECT_TRUE(d["corp"].toString().startsWith("This is a test of Vaktor, not an alarm.\n"));

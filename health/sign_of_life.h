@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Once a day a short mail says that the watch still watches: whoever hears nothing for weeks cannot tell a quiet house
+// from a machine that stands still.
+#pragma once
+
+#include <QDateTime>
+#include <QImage>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "engine/ports/clock.h"
+#include "engine/ports/timers.h"
+#include "health/ports/mail_drop.h"
+#include "settings/parameters.h"
+#include "settings/ports/files.h"
+#include "settings/ports/module_commands.h"
+
+namespace vaktor {
+
+/// All of it outlives the rule.
+struct PortsSigneDeVie {
+  DepotCourriels& Depot;
+  CommandesModules& Modules;
+  const Parametres& Reglages;
+  const Horloge& Temps;
+  FabriqueMinuteries& Minuteries;
+  const Fichiers& Disque;
+  std::function<bool()> Armee;    ///< AlarmeArmee
+  std::function<QImage()> Image;  ///< the last picture, null without one
+};
+
+/// In the hour of Parametres::HeureSigneDeVie, once, if mails are switched on and the alarm is armed then. A mail that
+/// could not be laid down is tried again in that hour. Owner: app/. User-interface thread.
+class SigneDeVie {
+ public:
+  static constexpr qint32 kRegardMs = 10'000;
+
+  explicit SigneDeVie(PortsSigneDeVie ports);
+
+  void Lance() { Timer_->Active(); }
+  void Arrete() { Timer_->Desactive(); }
+  /// An intrusion has begun.
+  void NoteAlarme() noexcept { ++Alarmes_; }
+  /// A photo of the user's was written.
+  void NotePhoto() noexcept { ++Photos_; }
+
+ private:
+  void Regarde();
+  void Envoie();
+  CourrielVeille Compose(const QImage& image) const;
+
+  PortsSigneDeVie Ports_;
+  std::unique_ptr<Minuterie> Timer_;
+  std::optional<QDateTime> ArmeeDepuis_;  // as the clock stood then, found by the look behind it
+  QDate Dit_;                             // the day of the last one
+  qint64 Alarmes_ = 0;                    // since the last one
+  qint64 Photos_ = 0;
+  std::shared_ptr<bool> Vie_ = std::make_shared<bool>(true);  // answers may come after this object
+};
+
+}  // namespace vaktor

@@ -1,0 +1,119 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The daily sign of life in virtual time; the clock stands at 9:05:03 at the start.
+#include <gtest/gtest.h>
+
+#include "fakes/fake_files.h"
+#include "fakes/fake_mail_drop.h"
+#include "fakes/virtual_clock.h"
+#include "fakes/virtual_timers.h"
+#include "health/sign_of_life.h"
+
+namespace vaktor {
+namespace {
+
+constexpr qint64 kMinute = 60'000;
+constexpr qint64 kHeure = 60 * kMinute;
+
+class Signe : public testing::Test, public CommandesModules {
+ protected:
+  Signe() {
+    Reglages.HeureSigneDeVie = 12;
+    Reglages.MailActif = true;
+    Rule.Lance();
+  }
+  void EnvoiFTP(Commande) override {}
+  void EnvoiSon(Commande) override {}
+  void EnvoiMail(Commande commande) override { Commandes += commande == Commande::kVeille ? 1 : 100; }
+  QString Texte(qsizetype i = 0) const { return Depot.Deposes.value(i).Courriel.Texte.Dit(Langue::kAnglais); }
+
+  faux::HorlogeVirtuelle Horloge;
+  faux::TempsVirtuel Temps{Horloge};
+  faux::DepotFaux Depot;
+  FauxFichiers Disque;
+  Parametres Reglages;
+  bool Armee = true;
+  QImage Image;
+  int Commandes = 0;
+  SigneDeVie Rule{{Depot, *this, Reglages, Horloge, Temps, Disque, [this] { return Armee; }, [this] { return Image; }}};
+};
+
+TEST_F(Signe, ComesOnceADayInItsHour) {
+  Temps.Avance(2 * kHeure + 50 * kMinute);
+  EXPECT_EQ(Depot.Deposes.size(), 0) << "11:55";
+  Temps.Avance(10 * kMinute);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  Depot.Repond(true);
+  EXPECT_EQ(Commandes, 1) << "the companion is told that it may take it";
+  Temps.Avance(20 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 1);
+  Temps.Avance(4 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 2);
+}
+
+TEST_F(Signe, TellsSinceWhenHowOftenAndHowMuchIsFree) {
+  Disque.OctetsLibres = 3'500'000'000;
+  Image = QImage(4, 4, QImage::Format_RGB32);
+  Temps.Avance(10'000);
+  for (int i = 0; i < 3; ++i) Rule.NoteAlarme();
+  for (int i = 0; i < 1200; ++i) Rule.NotePhoto();
+  Temps.Avance(3 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  EXPECT_EQ(Depot.Deposes[0].Courriel.Mot, "sign-of-life");
+  EXPECT_EQ(Depot.Deposes[0].Courriel.Depuis, QDateTime(QDate(2020, 1, 2), QTime(9, 5, 13)));
+  EXPECT_FALSE(Depot.Deposes[0].Image.isNull());
+  EXPECT_TRUE(Texte().contains("Alarms since the last sign of life: 3\nPhotos: 1,200\n")) << Texte().toStdString();
+  EXPECT_TRUE(Texte().contains("Free space for photos: 3.5 GB\nLast picture: attached\n")) << Texte().toStdString();
+  const QString francais = Depot.Deposes[0].Courriel.Texte.Dit(Langue::kFrancais);
+  EXPECT_TRUE(francais.startsWith("Vaktor veille depuis : ")) << francais.toStdString();
+  Rule.NoteAlarme();  // while the disk has not answered
+  Depot.Repond(true);
+  Disque.OctetsLibres.reset();
+  Image = QImage();
+  Temps.Avance(24 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 2);
+  EXPECT_TRUE(Texte(1).contains("sign of life: 1\nPhotos: 0\nFree space for photos: not known\nLast picture: none\n"))
+      << Texte(1).toStdString();
+}
+
+TEST_F(Signe, NobodyIsToldOfAWatchThatIsNotArmedOrWithoutMailsOrWithoutAnHour) {
+  Armee = false;
+  Temps.Avance(24 * kHeure);
+  Armee = true;
+  Reglages.MailActif = false;
+  Temps.Avance(24 * kHeure);
+  Reglages.MailActif = true;
+  Reglages.HeureSigneDeVie = -1;
+  Temps.Avance(24 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 0);
+}
+
+TEST_F(Signe, SinceWhenBeginsAnewWithEachArming) {
+  Temps.Avance(kHeure);
+  Armee = false;
+  Temps.Avance(kMinute);
+  Armee = true;
+  Temps.Avance(2 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  EXPECT_EQ(Depot.Deposes[0].Courriel.Depuis.time().hour(), 10);
+}
+
+TEST_F(Signe, OneThatCannotBeLaidDownIsTriedAgainInItsHour) {
+  Temps.Avance(3 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  Depot.Repond(false);
+  EXPECT_EQ(Commandes, 0);
+  Temps.Avance(SigneDeVie::kRegardMs);
+  ASSERT_EQ(Depot.Deposes.size(), 2);
+  Depot.Repond(true);
+  Temps.Avance(kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 2);
+}
+
+TEST_F(Signe, BehindTheEndNothingComes) {
+  Rule.Arrete();
+  Temps.Avance(24 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 0);
+}
+
+}  // namespace
+}  // namespace vaktor
