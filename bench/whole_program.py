@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: GPL-3.0-or-later
-"""The whole program beside Debian's `motion`: processor time per frame and peak memory, measured in turn.
+"""The whole program beside Debian's `motion`, and beside decoding alone: processor time per frame and peak memory, in turn.
 
     bench/whole_program.py [--rounds 3] [--seconds 12] [--warm 8] [--program PATH] [--keep]
 
@@ -11,7 +11,8 @@ two moments of the steady state, divided by the frames that the clip gives in th
 processor time, so other work on the machine disturbs it little, but it does disturb it (caches): the rounds take turns
 and the median is told with the spread. Peak memory is VmHWM, start-up included.
 
-Both play the same file at its own rate, from the file, in a loop. Ours looks at every frame; motion above 5 frames a
+All play the same file at its own rate, in a loop. The third side, decode_alone, is libavcodec with one thread and nothing
+else: no container, no conversion, nobody who looks. Ours looks at every frame; motion above 5 frames a
 second analyses about three a second and only decodes the others. Both have their automatic tolerance on or off as a
 fresh installation has it, no photos, no films, no web servers. Threads of ours that died between the two moments are
 counted by the process total instead of the sum of its threads.
@@ -126,6 +127,11 @@ def start_motion(clip, folder):
         return subprocess.Popen(["motion", "-n", "-c", configuration], stdout=log, stderr=log)
 
 
+def start_decoding(program, clip, folder):
+    with open(os.path.join(folder, "log"), "wb") as log:
+        return subprocess.Popen([program, clip["path"], str(clip["rate"])], stdout=log, stderr=log)
+
+
 def start_ours(program, clip, folder, environment):
     with open(os.path.join(folder, "log"), "wb") as log:
         return subprocess.Popen([program, f"/camera:{clip['path']}", "/alarm", f"/dossier:{folder}"],
@@ -152,19 +158,43 @@ def measure(start, prepare, clip, options):
             shutil.rmtree(folder, ignore_errors=True)
 
 
+def make(name, *how):
+    """A film that is made of vtest.avi once."""
+    path = os.path.join(TOP, "build", "bench", name)
+    os.makedirs(os.path.dirname(path), exist_ok=True)
+    if not os.path.exists(path):
+        part = f"{path}.part{os.path.splitext(name)[1]}"
+        subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-y", "-i", VTEST, *how, part], check=True)
+        os.rename(part, path)
+    return path
+
+
+def h264(width, height, rate, seconds):
+    """As a network camera sends it: no reordered pictures, a whole one every two seconds. vtest.avi, quicker and larger."""
+    return make(f"vtest_{width}x{height}_{rate}.mp4", "-vf", f"setpts=N/{rate}/TB,scale={width}:{height}", "-r", str(rate),
+                "-t", str(seconds), "-pix_fmt", "yuv420p", "-c:v", "libx264", "-preset", "veryfast", "-bf", "0",
+                "-g", str(2 * rate), "-crf", "24")
+
+
 def clips(options):
-    mjpeg = os.path.join(TOP, "build", "bench", "vtest_640x480_mjpeg.avi")
-    os.makedirs(os.path.dirname(mjpeg), exist_ok=True)
-    if not os.path.exists(mjpeg):
-        subprocess.run(["ffmpeg", "-v", "error", "-nostdin", "-y", "-i", VTEST, "-vf",
-                        "scale=640:480:force_original_aspect_ratio=increase:flags=bicubic,crop=640:480", "-r", "10",
-                        "-pix_fmt", "yuvj420p", "-c:v", "mjpeg", "-q:v", "4", mjpeg + ".part.avi"], check=True)
-        os.rename(mjpeg + ".part.avi", mjpeg)
+    """`hidden`: what ours may take, of decoding alone, with hidden windows; `goal`: the same of motion's time."""
+    made = {
+        "vtest.avi 768x576, 10/s": lambda: VTEST,
+        "MJPEG 640x480, 10/s": lambda: make(
+            "vtest_640x480_mjpeg.avi", "-vf",
+            "scale=640:480:force_original_aspect_ratio=increase:flags=bicubic,crop=640:480", "-r", "10", "-pix_fmt",
+            "yuvj420p", "-c:v", "mjpeg", "-q:v", "4"),
+        "H.264 1920x1080, 25/s": lambda: h264(1920, 1080, 25, 12),
+        "H.264 3840x2160, 15/s": lambda: h264(3840, 2160, 15, 8),
+    }
     all_clips = [
-        {"name": "vtest.avi 768x576, 10/s", "path": VTEST, "width": 768, "height": 576, "rate": 10, "goal": 0.60},
-        {"name": "MJPEG 640x480, 10/s", "path": mjpeg, "width": 640, "height": 480, "rate": 10, "goal": 0.75},
+        {"width": 768, "height": 576, "rate": 10, "goal": 0.60, "hidden": 1.35},
+        {"width": 640, "height": 480, "rate": 10, "goal": 0.75, "hidden": 1.10},
+        {"width": 1920, "height": 1080, "rate": 25, "goal": 1.0, "hidden": 1.10},
+        {"width": 3840, "height": 2160, "rate": 15, "goal": 1.0, "hidden": 1.25},
     ]
-    return [clip for clip in all_clips if options.only in clip["name"]]
+    return [{**clip, "name": name, "path": path()} for (name, path), clip in zip(made.items(), all_clips)
+            if options.only in name]
 
 
 def describe_machine():
@@ -190,13 +220,16 @@ def report(clip, results):
         say(f"  {name:28s} {column(rows, 'cpu'):28s} {column(rows, 'peak'):30s} {rows[-1]['threads']}")
     median = {name: {key: statistics.median(row[key] for row in rows) for key in ("cpu", "peak")}
               for name, rows in results.items()}
-    if "motion" not in median:
-        return
     for name, values in median.items():
-        if name != "motion":
-            say(f"  {name + ' / motion':28s} CPU {values['cpu'] / median['motion']['cpu']:.3f} "
-                f"(goal {clip['goal']:.2f}, windows hidden), peak memory "
-                f"{values['peak'] / median['motion']['peak']:.3f} (goal 1.0)")
+        if "Vaktor" not in name:
+            continue
+        if "motion" in median:
+            goal = clip["goal"] if "hidden" in name else 1.0
+            say(f"  {name + ' / motion':38s} CPU {values['cpu'] / median['motion']['cpu']:.3f} (goal {goal:.2f}), "
+                f"peak memory {values['peak'] / median['motion']['peak']:.3f} (goal 1.0)")
+        if "decoding" in median:
+            goal = f" (goal {clip['hidden']:.2f})" if "hidden" in name else ""
+            say(f"  {name + ' / decoding':38s} CPU {values['cpu'] / median['decoding']['cpu']:.3f}{goal}")
 
 
 def main():
@@ -206,7 +239,8 @@ def main():
     parser.add_argument("--warm", type=float, default=8)
     parser.add_argument("--program", default=os.path.join(TOP, "build", "release", "Vaktor", "Vaktor"))
     parser.add_argument("--only", default="", help="only the clips whose name holds this text")
-    parser.add_argument("--without", default="", help="leave out: motion, hidden or shown")
+    parser.add_argument("--without", default="", help="leave out: motion, decoding, hidden or shown")
+    parser.add_argument("--decoder", default=os.path.join(TOP, "build", "release", "bench", "decode_alone"))
     parser.add_argument("--keep", action="store_true", help="keep the folders of the runs, in /dev/shm")
     options = parser.parse_args()
     if not os.access(options.program, os.X_OK):
@@ -218,7 +252,8 @@ def main():
         for clip in clips(options):
             def ours(folder):
                 return start_ours(options.program, clip, folder, screen.environment())
-            kinds = {"motion": (lambda folder: start_motion(clip, folder), lambda pid: None),
+            kinds = {"decoding": (lambda folder: start_decoding(options.decoder, clip, folder), lambda pid: None),
+                     "motion": (lambda folder: start_motion(clip, folder), lambda pid: None),
                      "Vaktor, windows hidden": (ours, screen.hide), "Vaktor, windows shown": (ours, lambda pid: None)}
             kinds = {name: kind for name, kind in kinds.items() if not options.without or options.without not in name}
             results = {name: [] for name in kinds}

@@ -15,6 +15,7 @@ class FauxPilote : public CommandesPilote {
  public:
   GenreSource Genre() const override { return Genre_; }
   QString DescriptionSource() const override { return Description_; }
+  QString AdresseEnService() const override { return Adresse_; }
   QString NoeudPeripherique() const override { return Noeud_; }
   QString NomStable() const override { return NomStable_; }
   FormatCamera FormatCourant() const override { return Format_; }
@@ -33,6 +34,7 @@ class FauxPilote : public CommandesPilote {
 
   GenreSource Genre_ = GenreSource::kPeripherique;
   QString Description_ = QStringLiteral("/dev/video0");
+  QString Adresse_;
   QString Noeud_ = QStringLiteral("/dev/video0");
   QString NomStable_ = QStringLiteral("uvcvideo|Camera|usb-1");
   FormatCamera Format_ = {QStringLiteral("MJPG"), 640, 480, 30, 1};

@@ -18,6 +18,7 @@ constexpr qint64 kTailleMax = 1 << 20;  // far more than anybody has cameras: be
 struct Contenu {
   QString Source;
   QMap<QString, FormatCamera> Formats;
+  QMap<QString, EntreeCamera> Entrees;
 };
 
 QByteArray CodeTexte(const QString& texte) { return QUrl::toPercentEncoding(texte, " /:@?&+,;!()#", "%=[]"); }
@@ -43,10 +44,24 @@ std::optional<FormatCamera> DecodeFormat(const QString& texte) {
   return f;
 }
 
+QString CodePlace(const std::optional<qint32>& place) { return place ? QString::number(*place) : QStringLiteral("-"); }
+
+QString CodeEntree(const EntreeCamera& e) { return CodePlace(e.Entree) + QLatin1Char(' ') + CodePlace(e.Norme); }
+
+std::optional<EntreeCamera> DecodeEntree(const QString& texte) {
+  static const QRegularExpression kForme(QStringLiteral(R"(^(\d{1,4}|-) (\d{1,4}|-)$)"));
+  const QRegularExpressionMatch m = kForme.match(texte);
+  if (!m.hasMatch()) return std::nullopt;
+  EntreeCamera e;
+  if (m.captured(1) != QLatin1String("-")) e.Entree = m.captured(1).toInt();
+  if (m.captured(2) != QLatin1String("-")) e.Norme = m.captured(2).toInt();
+  return e;
+}
+
 /// Takes one line in. False: no line of ours, so the file is damaged.
 bool AjouteLigne(const QString& ligne, QString& section, Contenu& contenu) {
   if (ligne.isEmpty()) return true;
-  if (ligne == QLatin1String("[Source]") || ligne == QLatin1String("[Formats]")) {
+  if (ligne == QLatin1String("[Source]") || ligne == QLatin1String("[Formats]") || ligne == QLatin1String("[Inputs]")) {
     section = ligne;
     return true;
   }
@@ -56,6 +71,11 @@ bool AjouteLigne(const QString& ligne, QString& section, Contenu& contenu) {
   }
   const qsizetype egal = ligne.indexOf(QLatin1Char('='));
   if (section.isEmpty() || egal <= 0) return false;
+  if (section == QLatin1String("[Inputs]")) {
+    const std::optional<EntreeCamera> entree = DecodeEntree(ligne.mid(egal + 1));
+    if (entree) contenu.Entrees.insert(DecodeTexte(ligne.left(egal)), *entree);
+    return entree.has_value();
+  }
   const std::optional<FormatCamera> format = DecodeFormat(ligne.mid(egal + 1));
   if (format) contenu.Formats.insert(DecodeTexte(ligne.left(egal)), *format);
   return format.has_value();
@@ -81,6 +101,9 @@ bool EcritContenu(const QString& fichier, const Contenu& contenu) {
   octets += "[Formats]\n";
   for (auto it = contenu.Formats.cbegin(); it != contenu.Formats.cend(); ++it)
     octets += CodeTexte(it.key()) + '=' + CodeFormat(it.value()).toUtf8() + '\n';
+  if (!contenu.Entrees.isEmpty()) octets += "[Inputs]\n";
+  for (auto it = contenu.Entrees.cbegin(); it != contenu.Entrees.cend(); ++it)
+    octets += CodeTexte(it.key()) + '=' + CodeEntree(it.value()).toUtf8() + '\n';
 
   if (!QDir().mkpath(QFileInfo(fichier).absolutePath())) return false;
   QSaveFile f(fichier);
@@ -113,6 +136,20 @@ bool MemoireCapture::RetientFormat(const QString& nomStable, const FormatCamera&
   if (nomStable.isEmpty()) return false;
   Contenu contenu = LitContenu(Fichier_);
   contenu.Formats.insert(nomStable, format);
+  return EcritContenu(Fichier_, contenu);
+}
+
+EntreeCamera MemoireCapture::Entree(const QString& nomStable) const {
+  return LitContenu(Fichier_).Entrees.value(nomStable);
+}
+
+bool MemoireCapture::RetientEntree(const QString& nomStable, const EntreeCamera& entree) {
+  if (nomStable.isEmpty()) return false;
+  Contenu contenu = LitContenu(Fichier_);
+  if (entree == EntreeCamera())
+    contenu.Entrees.remove(nomStable);
+  else
+    contenu.Entrees.insert(nomStable, entree);
   return EcritContenu(Fichier_, contenu);
 }
 

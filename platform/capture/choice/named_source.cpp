@@ -8,11 +8,33 @@
 
 namespace vaktor {
 
+namespace {
+
+const auto kSansSchema = QLatin1String("hote://");  // put before a host alone, to be read like an address
+
+}  // namespace
+
 QString MarqueMotDePasse() { return QString(5, QChar(0x2022)); }
+
+// A user and a password stand before an "@" in it, a slash nowhere: that would be a path.
+bool EstHoteSeul(const QString& texte) {
+  static const QRegularExpression kForme(
+      QStringLiteral(
+          R"(^(?<acces>[^/|]+@)?(?<hote>\[[0-9a-f:]+\]|[a-z0-9]([a-z0-9.-]*[a-z0-9])?)(?<port>:\d{1,5})?/?$)"),
+      QRegularExpression::CaseInsensitiveOption);
+  static const QRegularExpression kSansDoute(
+      QStringLiteral(
+          R"(^(\[.*\]|\d{1,3}(\.\d{1,3}){3}|localhost|.*\.(local|lan|home|internal|localdomain|box|arpa))$)"),
+      QRegularExpression::CaseInsensitiveOption);
+  const QRegularExpressionMatch m = kForme.match(texte);
+  if (!m.hasMatch()) return false;
+  return !m.captured(QStringLiteral("acces")).isEmpty() || !m.captured(QStringLiteral("port")).isEmpty() ||
+         kSansDoute.match(m.captured(QStringLiteral("hote"))).hasMatch();
+}
 
 QString MasqueAdresse(const QString& adresse) {
   const qsizetype schema = adresse.indexOf(QLatin1String("://"));
-  if (schema < 0) return adresse;
+  if (schema < 0) return EstHoteSeul(adresse) ? MasqueAdresse(kSansSchema + adresse).mid(kSansSchema.size()) : adresse;
   QString masquee = adresse;
   // Up to the last "@": a password may hold "@" or "/" that nobody encoded, and its tail would show otherwise.
   const qsizetype debut = schema + 3;
@@ -60,6 +82,13 @@ SourceCapture SourceReseau(const QString& texte) {
   return source;
 }
 
+SourceCapture SourceHote(const QString& texte) {
+  SourceCapture source = SourceReseau(kSansSchema + texte);
+  source.Lieu.remove(0, kSansSchema.size());
+  source.Description = MasqueAdresse(texte);
+  return source;
+}
+
 bool EstReseau(const QString& texte) {
   for (const char* schema : kSchemasReseau) {
     if (texte.startsWith(QLatin1String(schema), Qt::CaseInsensitive)) return true;
@@ -78,6 +107,7 @@ bool RessembleAUnNomStable(const QString& texte) {
 
 SourceCapture ComprendSource(const QString& texte) {
   if (EstReseau(texte)) return SourceReseau(texte);
+  if (EstHoteSeul(texte) && !QFileInfo::exists(texte)) return SourceHote(texte);
   SourceCapture source;
   source.Lieu = texte;
   source.Description = texte;

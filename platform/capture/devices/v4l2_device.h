@@ -48,6 +48,13 @@ struct ReglageCamera {
   bool Actif = true;  ///< false while another control (an automatic) rules it
 };
 
+/// What an analog grabber listens to, told as two controls, menus whose values are places in the device's lists: its
+/// inputs (only where there are several), and the standards of the one that is set. Linux has no controls with numbers
+/// so low. A device takes no change while frames run.
+inline constexpr quint32 kReglageEntree = 1;
+inline constexpr quint32 kReglageNorme = 2;
+
+/// Those two first.
 QList<ReglageCamera> ListeReglages(const QString& noeud);
 /// False when the device refuses.
 bool AppliqueReglage(const QString& noeud, quint32 numero, qint32 valeur);

@@ -236,11 +236,63 @@ std::optional<ReglageCamera> LitReglage(const NoeudV4L2& noeud, const v4l2_query
   return reglage;
 }
 
+ReglageCamera Menu(quint32 numero, const char* nom, const QStringList& choix, qsizetype valeur) {
+  ReglageCamera menu;
+  menu.Numero = numero;
+  menu.Nom = QLatin1String(nom);
+  menu.Genre = ReglageCamera::Sorte::kMenu;
+  menu.Maximum = static_cast<qint32>(choix.size()) - 1;
+  menu.Valeur = menu.Defaut = static_cast<qint32>(valeur);  // no device says which one it would be born with
+  menu.Choix = choix;
+  return menu;
+}
+
+void AjouteEntrees(const NoeudV4L2& noeud, QList<ReglageCamera>& reglages) {
+  QStringList noms;
+  v4l2_input entree = {};
+  for (; entree.index < kEnumerationMax && noeud.Demande(VIDIOC_ENUMINPUT, &entree); ++entree.index)
+    noms.append(TexteNoyau(entree.name, sizeof entree.name));
+  int courante = 0;
+  if (noms.size() < 2 || !noeud.Demande(VIDIOC_G_INPUT, &courante)) return;
+  reglages.append(Menu(kReglageEntree, "Input", noms, courante));
+}
+
+// An input without an analog signal, a camera's for one, has none.
+QList<v4l2_standard> ListeNormes(const NoeudV4L2& noeud) {
+  QList<v4l2_standard> normes;
+  v4l2_standard norme = {};
+  for (; norme.index < kEnumerationMax && noeud.Demande(VIDIOC_ENUMSTD, &norme); ++norme.index) normes.append(norme);
+  return normes;
+}
+
+// A driver may stand at several at once ("PAL"), and list them together and one by one: the first that is all of it.
+void AjouteNormes(const NoeudV4L2& noeud, QList<ReglageCamera>& reglages) {
+  const QList<v4l2_standard> normes = ListeNormes(noeud);
+  v4l2_std_id courante = 0;
+  if (normes.isEmpty() || !noeud.Demande(VIDIOC_G_STD, &courante)) return;
+  QStringList noms;
+  qsizetype valeur = -1;
+  for (const v4l2_standard& norme : normes) {
+    if (valeur < 0 && (norme.id & courante) == courante) valeur = noms.size();
+    noms.append(TexteNoyau(norme.name, sizeof norme.name));
+  }
+  reglages.append(Menu(kReglageNorme, "Standard", noms, std::max<qsizetype>(valeur, 0)));
+}
+
+bool AppliqueNorme(const NoeudV4L2& noeud, qint32 valeur) {
+  const QList<v4l2_standard> normes = ListeNormes(noeud);
+  if (valeur < 0 || valeur >= normes.size()) return false;
+  v4l2_std_id norme = normes.at(valeur).id;
+  return noeud.Demande(VIDIOC_S_STD, &norme);
+}
+
 }  // namespace
 
 QList<ReglageCamera> ListeReglages(const QString& chemin) {
   const NoeudV4L2 noeud(chemin);
   QList<ReglageCamera> reglages;
+  AjouteEntrees(noeud, reglages);
+  AjouteNormes(noeud, reglages);
   v4l2_query_ext_ctrl reponse = {};
   quint32 dernier = 0;
   for (int i = 0; i < kReglagesMax && DemandeSuivant(noeud, dernier, reponse); ++i) {
@@ -253,6 +305,8 @@ QList<ReglageCamera> ListeReglages(const QString& chemin) {
 
 bool AppliqueReglage(const QString& chemin, quint32 numero, qint32 valeur) {
   const NoeudV4L2 noeud(chemin);
+  if (numero == kReglageEntree) return noeud.Demande(VIDIOC_S_INPUT, &valeur);
+  if (numero == kReglageNorme) return AppliqueNorme(noeud, valeur);
   v4l2_control reglage = {};
   reglage.id = numero;
   reglage.value = valeur;

@@ -142,6 +142,11 @@ QWidget* PanneauReglages::FaitMenu(const ReglageCamera& reglage) {
 }
 
 void PanneauReglages::Regle(quint32 numero, qint32 valeur) {
+  if (numero == kReglageEntree || numero == kReglageNorme) {
+    // Out of the menu's own event: whoever hears it makes this panel anew.
+    QTimer::singleShot(0, this, [this, numero, valeur] { Q_EMIT EntreeChoisie(numero, valeur); });
+    return;
+  }
   if (Acces_.Regle(Noeud_, numero, valeur)) {
     Q_EMIT RegleFait();
     Relecture_.start();

@@ -30,6 +30,9 @@ class PanneauReglages : public QWidget {
  Q_SIGNALS:
   void RegleFait();
   void RegleRefuse(const QString& nom);
+  /// An input or a standard was picked (kReglageEntree, kReglageNorme), and nothing done: frames must stand still for
+  /// it.
+  void EntreeChoisie(quint32 numero, qint32 valeur);
 
  protected:
   bool eventFilter(QObject* objet, QEvent* evenement) override;

@@ -8,6 +8,7 @@
 #include <array>
 
 #include "platform/capture/choice/codings.h"
+#include "platform/capture/devices/v4l2_device.h"
 #include "texts/phrase.h"
 
 namespace vaktor {
@@ -103,7 +104,9 @@ struct Reglage {
   quint32 Numero;
   Phrase Nom;
 };
-constexpr std::array<Reglage, 31> kReglages = {{
+constexpr std::array<Reglage, 33> kReglages = {{
+    {kReglageEntree, {"Entrée", "Input"}},
+    {kReglageNorme, {"Norme", "Standard"}},
     {V4L2_CID_BRIGHTNESS, {"Luminosité", ""}},
     {V4L2_CID_CONTRAST, {"Contraste", ""}},
     {V4L2_CID_SATURATION, {"Saturation", ""}},

@@ -16,6 +16,8 @@ class CommandesPilote {
   virtual GenreSource Genre() const = 0;
   /// The source as the user would name it: a device path, an address without its password, a file, "test".
   virtual QString DescriptionSource() const = 0;
+  /// kReseau: where it was found, as ComprendSource understands it, password and all: to be remembered, not shown.
+  virtual QString AdresseEnService() const = 0;
   virtual QString NoeudPeripherique() const = 0;   ///< empty unless kPeripherique
   virtual QString NomStable() const = 0;           ///< empty unless kPeripherique
   virtual FormatCamera FormatCourant() const = 0;  ///< as negotiated; size of the frames for every kind

@@ -33,7 +33,7 @@ const auto kSaisie = QStringLiteral("?");   // the list's entry for what is type
 constexpr int kRoleNom = Qt::UserRole + 1;  // an entry's name for people; empty: its source tells
 
 bool EstLieu(const QString& source) {  // an address or a file, not a device's stable name
-  return source.contains(QLatin1String("://")) ||
+  return EstHoteSeul(source) || source.contains(QLatin1String("://")) ||
          (source.startsWith(QLatin1Char('/')) && !source.startsWith(QLatin1String("/dev/")));
 }
 
@@ -207,6 +207,7 @@ void DialogueSource::MontreReglages() {
   }
   Cadre_->setWidget(Panneau_);
   connect(Panneau_, &PanneauReglages::RegleFait, Etat_, &BandeauMessage::Efface);
+  connect(Panneau_, &PanneauReglages::EntreeChoisie, this, &DialogueSource::ChangeEntree);
   connect(Panneau_, &PanneauReglages::RegleRefuse, this, [this](const QString& nom) {
     Etat_->MontreErreur(TexteDe(TexteDialogue::kReglageRefuse, Langue_).arg(nom));
   });
@@ -248,6 +249,7 @@ void DialogueSource::Parcourt() {
 
 QString DialogueSource::CompleteSaisie(const QString& saisie) const {
   if (saisie.contains(QLatin1String("://")) || saisie == kTest) return saisie;
+  if (ComprendSource(saisie).Genre == GenreSource::kReseau) return saisie;
   QString chemin = saisie;
   if (chemin.startsWith(QLatin1String("~/"))) chemin.replace(0, 1, QDir::homePath());
   // Remembered, it must still lead there when the program is started from another folder.
@@ -278,7 +280,7 @@ QString DialogueSource::SourceChoisie() {
 }
 
 void DialogueSource::Utilise() {
-  const QString source = SourceChoisie();
+  QString source = SourceChoisie();
   if (source.isEmpty()) return;
   QString nom = Sources_->currentItem()->data(kRoleNom).toString();
   if (nom.isEmpty()) nom = MasqueAdresse(source);
@@ -292,6 +294,8 @@ void DialogueSource::Utilise() {
     Etat_->MontreErreur(TexteDe(pourquoi, Langue_).arg(nom));
     return;
   }
+  // A host alone is remembered by the address that answered.
+  if (EstHoteSeul(source)) source = Pilote_.AdresseEnService();
   const bool retenu = Memoire_.RetientSource(source);
   // From now on the password of a typed address is known and need not stand on the screen.
   if (retenu && EstLieu(source)) Adresse_->setText(MasqueAdresse(source));
@@ -314,6 +318,32 @@ void DialogueSource::RemetDefauts() {
     Etat_->MontreReussite(TexteDe(TexteDialogue::kDefautsRemis, Langue_));
   else
     Etat_->MontreErreur(TexteDe(TexteDialogue::kDefautsRefuses, Langue_));
+}
+
+// The camera is opened anew, and finds in the memory what it is to listen to. The standards of another input are
+// others.
+void DialogueSource::ChangeEntree(quint32 numero, qint32 valeur) {
+  const QString nom = Pilote_.NomStable();
+  const EntreeCamera avant = Memoire_.Entree(nom);
+  const EntreeCamera voulue =
+      numero == kReglageEntree ? EntreeCamera{valeur, std::nullopt} : EntreeCamera{avant.Entree, valeur};
+  Etat_->MontreAttente(TexteDe(TexteDialogue::kUnInstant, Langue_));
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+  const bool retenu = Memoire_.RetientEntree(nom, voulue);
+  const bool fait = retenu && Pilote_.ChangeSource(nom);
+  if (retenu && !fait) {
+    Memoire_.RetientEntree(nom, avant);
+    Pilote_.ChangeSource(nom);
+  }
+  QApplication::restoreOverrideCursor();
+  RemplitSources();
+  MontreReglages();
+  if (fait)
+    Etat_->Efface();
+  else if (!retenu)
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kNonRetenu, Langue_));
+  else
+    Etat_->MontreErreur(TexteDe(TexteDialogue::kReglageRefuse, Langue_).arg(NomReglage(numero, {}, Langue_)));
 }
 
 }  // namespace vaktor

@@ -48,6 +48,7 @@ class DialogueSource : public QDialog {
   QString SourceChoisie();
   void Utilise();
   void RemetDefauts();
+  void ChangeEntree(quint32 numero, qint32 valeur);
 
   const Langue Langue_;
   CommandesPilote& Pilote_;

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "platform/capture/choice/common_addresses.h"
 #include "platform/capture/streams/capture_delays.h"
 #include "platform/capture/streams/test_picture.h"
 
@@ -94,6 +95,10 @@ bool SessionCapture::EssaieTous() {
 bool SessionCapture::Essaie(const DemandeFlux& demande, Horloge::time_point limite) {
   DernierEssai_ = Horloge::now();
   const quint64 avant = Derniere_.Numero();
+  {
+    const std::lock_guard verrou(Verrou_);
+    Essayee_ = demande.Source;
+  }
   Flux_ = Fabrique_(Derniere_, demande);
   if (Flux_->Ouvre()) {
     while (!Arret_.stop_requested() && Horloge::now() < limite) {
@@ -171,12 +176,27 @@ QList<DemandeFlux> SessionCapture::Candidats() {
   DemandeFlux demande;
   demande.Source = Demande_.Source;
   if (demande.Source.Genre == GenreSource::kPeripherique) return CandidatsPeripherique(demande);
+  const QList<DemandeFlux> parHote = CandidatsReseau();
+  if (parHote.size() > 1) return parHote;
   if (!demande.Source.Lieu.startsWith(QLatin1String("rtsp"))) return {demande};
   // Within the connection first: it passes every router. A few cameras know nothing but UDP.
   DemandeFlux parUdp = demande;
   demande.AutreChemin = true;
   parUdp.Udp = true;
   return {demande, parUdp};
+}
+
+// A host without a path: what the common makers call theirs, each within its connection. Whoever refuses one of them,
+// or knows it and stays silent, has the others to come.
+QList<DemandeFlux> SessionCapture::CandidatsReseau() const {
+  QList<DemandeFlux> candidats;
+  for (const SourceCapture& source : AdressesPossibles(Demande_.Source)) {
+    DemandeFlux demande;
+    demande.Source = source;
+    demande.AutreChemin = true;
+    candidats.append(demande);
+  }
+  return candidats;
 }
 
 QList<DemandeFlux> SessionCapture::CandidatsPeripherique(DemandeFlux demande) {
@@ -208,7 +228,15 @@ bool SessionCapture::TrouvePeripherique(DemandeFlux& demande) {
   if (!trouve) return false;
   demande.Noeud = trouve->Noeud;
   demande.NomStable = trouve->NomStable;
+  RegleEntree(demande);
   return true;
+}
+
+// The standards are those of the input: it comes first.
+void SessionCapture::RegleEntree(const DemandeFlux& demande) {
+  const EntreeCamera entree = Demande_.EntreeRetenue ? Demande_.EntreeRetenue(demande.NomStable) : EntreeCamera();
+  if (entree.Entree) Acces_.Regle(demande.Noeud, kReglageEntree, *entree.Entree);
+  if (entree.Norme) Acces_.Regle(demande.Noeud, kReglageNorme, *entree.Norme);
 }
 
 void SessionCapture::Patiente(Horloge::time_point jusqua) {
@@ -238,6 +266,11 @@ bool SessionCapture::Arrete(milliseconds limite) {
   }
   if (Fil_.joinable()) Fil_.join();
   return true;
+}
+
+SourceCapture SessionCapture::Source() const {
+  const std::lock_guard verrou(Verrou_);
+  return Essayee_;
 }
 
 QString SessionCapture::Noeud() const {

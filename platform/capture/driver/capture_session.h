@@ -15,6 +15,7 @@
 #include <stop_token>
 #include <thread>
 
+#include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/choice/named_source.h"
 #include "platform/capture/devices/device_access.h"
 #include "platform/capture/frames/newest_frame.h"
@@ -42,6 +43,9 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
     std::function<void()> Prepare;
     /// kPeripherique without a format: the one that this device is remembered with, by stable name.
     std::function<FormatCamera(const QString&)> FormatRetenu;
+    /// kPeripherique: the input and the standard that it is remembered with; set each time before it is opened, since a
+    /// grabber that was unplugged has forgotten them.
+    std::function<EntreeCamera(const QString&)> EntreeRetenue;
   };
 
   static Fabrique FabriqueReelle();
@@ -66,6 +70,8 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   /// kPeripherique: the one that has given frames; empty until then.
   QString Noeud() const;
   QString NomStable() const;
+  /// What is being tried, or has given frames: of a network camera that was named by its host, one of its addresses.
+  SourceCapture Source() const;
 
  private:
   using Horloge = DerniereImage::Horloge;
@@ -82,7 +88,9 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   bool Essaie(const DemandeFlux& demande, Horloge::time_point limite);
   QList<DemandeFlux> Candidats();
   QList<DemandeFlux> CandidatsPeripherique(DemandeFlux demande);
+  QList<DemandeFlux> CandidatsReseau() const;
   bool TrouvePeripherique(DemandeFlux& demande);
+  void RegleEntree(const DemandeFlux& demande);
   void Patiente(Horloge::time_point jusqua);
   void AttendBranchement();
 
@@ -108,6 +116,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   mutable std::mutex Verrou_;
   std::condition_variable_any Change_;
   PeripheriqueVideo Connu_;
+  SourceCapture Essayee_;
   bool Finie_ = false;
 };
 

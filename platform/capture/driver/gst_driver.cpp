@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/choice/common_addresses.h"
 #include "platform/capture/dialogs/dialog_texts.h"
 #include "platform/capture/dialogs/format_dialog.h"
 #include "platform/capture/dialogs/source_dialog.h"
@@ -50,6 +51,7 @@ SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) 
   demande.FormatRetenu = [memoire = Memoire_](const QString& nomStable) {
     return memoire.Format(nomStable).value_or(FormatCamera());
   };
+  demande.EntreeRetenue = [memoire = Memoire_](const QString& nomStable) { return memoire.Entree(nomStable); };
   return demande;
 }
 
@@ -77,7 +79,10 @@ bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande) {
   AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); },
                persiste ? Delais::kConnexion : Delais::kSessionPendue);
   if (tour != Tour_) return false;
-  if (session->DonneDesImages()) return true;
+  if (session->DonneDesImages()) {
+    Source_ = session->Source();
+    return true;
+  }
   SansDecodeur_ = session->EstSansDecodeur();
   if (persiste) return false;
   LaissePartir();
@@ -156,6 +161,8 @@ QString PiloteGStreamer::DescriptionSource() const {
   return noeud.isEmpty() ? Source_.Description : noeud;
 }
 
+QString PiloteGStreamer::AdresseEnService() const { return AdresseComplete(Source_); }
+
 QString PiloteGStreamer::NoeudPeripherique() const {
   return Session_ && Genre() == GenreSource::kPeripherique ? Session_->Noeud() : QString();
 }
@@ -193,7 +200,8 @@ bool PiloteGStreamer::ChangeSource(const QString& source) {
   NoteEnService();
   const quint64 tour = Tour_;
   if (Ouvre(DemandeDe(ComprendSource(source)))) {
-    Ou_ = source;
+    // A host that has been found is not looked for again.
+    Ou_ = EstHoteSeul(source) ? AdresseEnService() : source;
     return true;
   }
   Reprend(tour);

@@ -42,6 +42,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
 
   GenreSource Genre() const override;
   QString DescriptionSource() const override;
+  QString AdresseEnService() const override;
   QString NoeudPeripherique() const override;
   QString NomStable() const override;
   FormatCamera FormatCourant() const override;

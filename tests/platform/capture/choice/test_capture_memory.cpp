@@ -101,6 +101,22 @@ TEST_F(MemoireCaptureTest, SaysWhenItCannotBeWritten) {
   EXPECT_EQ(memoire.Source(), "");
 }
 
+TEST_F(MemoireCaptureTest, KeepsWhatAGrabberListensTo) {
+  MemoireCapture memoire(Chemin());
+  EXPECT_TRUE(memoire.RetientFormat("a", kFormat));
+  EXPECT_TRUE(memoire.RetientEntree("a", {2, std::nullopt}));
+  EXPECT_TRUE(memoire.RetientEntree("b=c", {std::nullopt, 7}));
+  EXPECT_EQ(MemoireCapture(Chemin()).Entree("a"), (EntreeCamera{2, std::nullopt}));
+  EXPECT_EQ(MemoireCapture(Chemin()).Entree("b=c"), (EntreeCamera{std::nullopt, 7}));
+  EXPECT_EQ(MemoireCapture(Chemin()).Entree("c"), EntreeCamera());
+  EXPECT_TRUE(memoire.RetientEntree("a", {}));
+  EXPECT_EQ(MemoireCapture(Chemin()).Entree("a"), EntreeCamera());
+  EXPECT_EQ(MemoireCapture(Chemin()).Format("a"), kFormat) << "beside it";
+  EXPECT_FALSE(memoire.RetientEntree("", {1, 1}));
+  Ecrit("[Source]\ntest\n[Inputs]\na=1 x\n");
+  EXPECT_EQ(MemoireCapture(Chemin()).Source(), "") << "damaged";
+}
+
 TEST_F(MemoireCaptureTest, ADeviceWithoutAStableNameIsNotRemembered) {
   MemoireCapture memoire(Chemin());
   EXPECT_FALSE(memoire.RetientFormat("", kFormat));
