@@ -160,8 +160,8 @@ QByteArray MetExpediteur(const QByteArray& message, const QString& expediteur) {
   if (expediteur.isEmpty()) return message;
   QByteArray resultat = message;
   const qsizetype champ = message.left(message.indexOf("\r\n\r\n")).indexOf("\r\nFrom: ") + 2;
-  if (champ < 2) return resultat.prepend(ComposeExpediteur(expediteur));
   const qsizetype fin = message.indexOf("\r\n", champ) + 2;
+  if (champ < 2 || fin < champ) return resultat.prepend(ComposeExpediteur(expediteur));
   return resultat.replace(champ, fin - champ, ComposeExpediteur(expediteur));
 }
 
