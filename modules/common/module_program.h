@@ -10,11 +10,11 @@
 #include "companions/contract/command_words.h"
 #include "engine/ports/clock.h"
 #include "engine/ports/timers.h"
-#include "platform/base/bounded_log.h"
 #include "modules/common/failure_notice.h"
 #include "modules/common/main_link.h"
 #include "modules/common/module_folders.h"
 #include "modules/common/module_settings.h"
+#include "platform/base/bounded_log.h"
 
 namespace vaktor {
 

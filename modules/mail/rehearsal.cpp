@@ -6,10 +6,10 @@
 #include <QJsonObject>
 #include <QRandomGenerator>
 
-#include "platform/base/bounded_log.h"
 #include "modules/mail/failure_advice.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/smtp_sender.h"
+#include "platform/base/bounded_log.h"
 #include "texts/address_words.h"
 
 namespace vaktor {

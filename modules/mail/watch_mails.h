@@ -5,11 +5,11 @@
 #include <QSet>
 #include <utility>
 
-#include "platform/base/bounded_log.h"
 #include "modules/mail/late_drafts.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/outbox.h"
 #include "modules/mail/watch_folder.h"
+#include "platform/base/bounded_log.h"
 
 namespace vaktor {
 

@@ -11,10 +11,10 @@
 
 #include "fakes/fake_store.h"
 #include "fakes/virtual_clock.h"
-#include "platform/base/bounded_log.h"
 #include "modules/common/failure_notice.h"
 #include "modules/common/module_folders.h"
 #include "modules/common/module_settings.h"
+#include "platform/base/bounded_log.h"
 #include "settings/password_scrambling.h"
 #include "support/event_wait.h"
 #include "support/file_bytes.h"
