@@ -16,9 +16,19 @@ ModuleSon::ModuleSon(const ContexteModule& contexte, std::unique_ptr<JoueurSon> 
       Joueur_(std::move(joueur)),
       TimerRepos_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRepos"), kRepos,
                                                     [this] { TimerRepos_->Desactive(); })),
-      TimerDuree_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerDuree"), kDureeMax, [this] {
-        TimerDuree_->Desactive();
+      TimerDuree_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerDuree"), kDureeMax,
+                                                    [this] {
+                                                      TimerDuree_->Desactive();
+                                                      TimerAppareil_->Desactive();
+                                                      Joueur_->Arrete();
+                                                    })),
+      TimerAppareil_(
+          contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerAppareil"), kRegard, [this] { RegardeAppareil(); })),
+      TimerApres_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerApres"), kApres, [this] {
+        TimerApres_->Desactive();
+        if (!Joueur_->EnCours()) return;
         Joueur_->Arrete();
+        TermineSon(FinSon::kJoue, QString());
       })) {}
 
 void ModuleSon::PrendReglages(const ReglagesModule& reglages) {
@@ -34,18 +44,36 @@ QString ModuleSon::DonneFichier() const {
 }
 
 void ModuleSon::ExecuteCommande(Commande commande) {
-  if (commande != Commande::kIntrusion || Joueur_->EnCours() || TimerRepos_->EstActive()) return;
+  if (commande != Commande::kIntrusion) return;
+  TimerApres_->ChangeIntervalle(kApres);  // from now
+  TimerApres_->Active();
+  if (Joueur_->EnCours() || TimerRepos_->EstActive()) return;
   EnJeu_ = DonneFichier();
   if (!QFileInfo(EnJeu_).isFile()) {
     TermineSon(FinSon::kFichierMauvais, QString());
     return;
   }
   TimerDuree_->Active();
+  TimerAppareil_->ChangeIntervalle(kRegard);
+  TimerAppareil_->Active();
+  Progres_ = 0;
+  Muet_ = 0;
   Joueur_->Joue(EnJeu_, [this](FinSon fin, const QString& mots) { TermineSon(fin, mots); });
+}
+
+// Nothing comes back from a device that hangs: without this look the alarm would be silent and nobody the wiser.
+void ModuleSon::RegardeAppareil() {
+  const quint64 progres = Joueur_->Progres();
+  Muet_ = progres == Progres_ ? Muet_ + kRegard : 0;
+  Progres_ = progres;
+  if (Muet_ < kMuet) return;
+  Joueur_->Arrete();
+  TermineSon(FinSon::kSansAppareil, QString());
 }
 
 void ModuleSon::TermineSon(FinSon fin, const QString& mots) {
   TimerDuree_->Desactive();
+  TimerAppareil_->Desactive();
   if (fin == FinSon::kJoue) {
     DernierAvis_ = {};
     Contexte_.Etat.Efface();
@@ -79,6 +107,8 @@ void ModuleSon::Signale(FinSon fin, const QString& mots) {
 
 void ModuleSon::Termine() {
   Joueur_->Arrete();
+  TimerAppareil_->Desactive();
+  TimerApres_->Desactive();
   Contexte_.Quitte();
 }
 

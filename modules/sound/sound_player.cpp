@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <QSocketNotifier>
+#include <atomic>
 #include <optional>
 
 namespace vaktor {
@@ -12,29 +13,52 @@ namespace vaktor {
 /// One pipeline, for one sound.
 class JoueurGStreamer::Chaine {
  public:
-  Chaine(const QString& sortie, const QString& fichier, std::function<void(FinSon, const QString&)> fini)
-      : Fini_(std::move(fini)) {
+  Chaine(FilSon& fil, const QString& sortie, const QString& fichier, std::function<void(FinSon, const QString&)> fini)
+      : Fil_(fil), Fini_(std::move(fini)) {
     if (!Monte(sortie)) return;
     GstElement* source = gst_bin_get_by_name(GST_BIN(Tuyau_), "source");
     g_object_set(source, "location", QFile::encodeName(fichier).constData(), nullptr);
     gst_object_unref(source);
     Ecoute();
-    gst_element_set_state(Tuyau_, GST_STATE_PLAYING);
+    CompteMorceaux();
+    gst_object_ref(Tuyau_);
+    Fil_.Pose([tuyau = Tuyau_] {
+      gst_element_set_state(tuyau, GST_STATE_PLAYING);
+      gst_object_unref(tuyau);
+    });
   }
   ~Chaine() {
     Guetteur_.reset();
     if (Tuyau_ == nullptr) return;
-    gst_element_set_state(Tuyau_, GST_STATE_NULL);
-    if (Bus_ != nullptr) gst_object_unref(Bus_);
-    gst_object_unref(Tuyau_);
+    Fil_.Pose([tuyau = Tuyau_, bus = Bus_] {
+      gst_element_set_state(tuyau, GST_STATE_NULL);
+      if (bus != nullptr) gst_object_unref(bus);
+      gst_object_unref(tuyau);
+    });
   }
   Chaine(const Chaine&) = delete;
   Chaine& operator=(const Chaine&) = delete;
 
   bool EstMontee() const { return Bus_ != nullptr; }
   const QString& Mots() const { return Mots_; }
+  quint64 Progres() const { return Morceaux_->load(); }
 
  private:
+  /// Each buffer on its way to the device is counted: a device that takes none holds the next one up.
+  void CompteMorceaux() {
+    GstElement* dernier = gst_bin_get_by_name(GST_BIN(Tuyau_), "dernier");
+    GstPad* sortie = gst_element_get_static_pad(dernier, "src");
+    const auto compte = [](GstPad*, GstPadProbeInfo*, gpointer morceaux) {
+      static_cast<std::shared_ptr<std::atomic<quint64>>*>(morceaux)->get()->fetch_add(1);
+      return GST_PAD_PROBE_OK;
+    };
+    // The pipeline may outlive this object, in a device that hangs.
+    gst_pad_add_probe(sortie, GST_PAD_PROBE_TYPE_BUFFER, compte, new std::shared_ptr<std::atomic<quint64>>(Morceaux_),
+                      [](gpointer morceaux) { delete static_cast<std::shared_ptr<std::atomic<quint64>>*>(morceaux); });
+    gst_object_unref(sortie);
+    gst_object_unref(dernier);
+  }
+
   /// False, with the words in Mots_, when a part of GStreamer is not installed.
   bool Monte(const QString& sortie) {
     GError* erreur = nullptr;
@@ -97,7 +121,9 @@ class JoueurGStreamer::Chaine {
     g_clear_error(&quoi);
   }
 
+  FilSon& Fil_;
   std::function<void(FinSon, const QString&)> Fini_;
+  std::shared_ptr<std::atomic<quint64>> Morceaux_ = std::make_shared<std::atomic<quint64>>(0);
   GstElement* Tuyau_ = nullptr;
   GstElement* Sortie_ = nullptr;
   GstBus* Bus_ = nullptr;
@@ -114,15 +140,24 @@ JoueurGStreamer::~JoueurGStreamer() = default;
 
 void JoueurGStreamer::Joue(const QString& fichier, std::function<void(FinSon fin, const QString& mots)> fini) {
   EnCours_ = true;
-  Chaine_ = std::make_unique<Chaine>(Sortie_, fichier, [this, fini](FinSon fin, const QString& mots) {
+  Chaine_.reset();  // its device is closed before the next one is opened
+  // Behind a device that hangs the next would gather, each with its descriptors.
+  if (Fil_.EstBloque()) {
+    Echoue(std::move(fini), QString());
+    return;
+  }
+  Chaine_ = std::make_unique<Chaine>(Fil_, Sortie_, fichier, [this, fini](FinSon fin, const QString& mots) {
     EnCours_ = false;
     fini(fin, mots);
   });
-  if (Chaine_->EstMontee()) return;
-  // A part of GStreamer is missing. Told from the event loop, as every end is.
+  if (!Chaine_->EstMontee()) Echoue(std::move(fini), Chaine_->Mots());  // a part of GStreamer is missing
+}
+
+// Told from the event loop, as every end is.
+void JoueurGStreamer::Echoue(std::function<void(FinSon fin, const QString& mots)> fini, const QString& mots) {
   QMetaObject::invokeMethod(
       &Contexte_,
-      [this, fini, mots = Chaine_->Mots()] {
+      [this, fini = std::move(fini), mots] {
         if (!EnCours_) return;
         EnCours_ = false;
         fini(FinSon::kSansAppareil, mots);
@@ -136,5 +171,7 @@ void JoueurGStreamer::Arrete() {
 }
 
 bool JoueurGStreamer::EnCours() const { return EnCours_; }
+
+quint64 JoueurGStreamer::Progres() const { return Chaine_ ? Chaine_->Progres() : 0; }
 
 }  // namespace vaktor

@@ -7,6 +7,8 @@
 #include <functional>
 #include <memory>
 
+#include "modules/sound/sound_thread.h"
+
 namespace vaktor {
 
 /// How a sound ended.
@@ -26,9 +28,12 @@ class JoueurSon {
   /// Stops what plays, if anything; its `fini` is not called.
   virtual void Arrete() = 0;
   virtual bool EnCours() const = 0;  ///< something plays
+  /// Grows while the device takes sound; stands still when it hangs.
+  virtual quint64 Progres() const = 0;
 };
 
-/// The real player. Thread of its event loop.
+/// The real player. Thread of its event loop, which it never holds up: devices are opened and closed on a thread of
+/// their own. While one hangs there, the next sound has no device.
 class JoueurGStreamer : public JoueurSon {
  public:
   /// `sortie`: GStreamer's description of where the sound goes.
@@ -40,10 +45,13 @@ class JoueurGStreamer : public JoueurSon {
   void Joue(const QString& fichier, std::function<void(FinSon fin, const QString& mots)> fini) override;
   void Arrete() override;
   bool EnCours() const override;
+  quint64 Progres() const override;
 
  private:
   class Chaine;
+  void Echoue(std::function<void(FinSon fin, const QString& mots)> fini, const QString& mots);
   QString Sortie_;
+  FilSon Fil_;
   std::unique_ptr<Chaine> Chaine_;  // of the sound that plays, or of the last one until the next begins
   bool EnCours_ = false;
   QObject Contexte_;

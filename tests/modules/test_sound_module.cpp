@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The sound companion's rules with a player that is played by hand, and the real player on real files.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QTest>
 
 #include "modules/module_bench.h"
 #include "modules/sound/sound_module.h"
@@ -24,6 +27,8 @@ struct JoueurFaux : JoueurSon {
     Fini = nullptr;
   }
   bool EnCours() const override { return Fini != nullptr; }
+  quint64 Progres() const override { return ++Morceaux; }
+  mutable quint64 Morceaux = 0;  ///< a device that works takes some at each look
   void Finit(FinSon fin, const QString& mots = {}) { std::exchange(Fini, nullptr)(fin, mots); }
   QStringList& J;
   std::function<void(FinSon, const QString&)> Fini;
@@ -121,11 +126,47 @@ TEST_F(Son, ASoundThatIsHeardEndsTheFailure) {
   EXPECT_EQ(Avis.size(), 2);
 }
 
-TEST_F(Son, ADeviceThatHangsDoesNotSilenceTheAlarmForGood) {
+TEST_F(Son, ADeviceThatTakesNothingIsToldAfterFiveSecondsAndTriedAgain) {
+  struct JoueurMuet : JoueurFaux {
+    using JoueurFaux::JoueurFaux;
+    quint64 Progres() const override { return 4; }  // what its buffer took
+  };
+  auto muet = std::make_unique<JoueurMuet>(Faits);
+  JoueurMuet* joueur = muet.get();
+  Module = std::make_unique<ModuleSon>(
+      ContexteModule{Dossiers, Journal, Etat, Temps, Horloge, [](const QString&) {}, [] {}}, std::move(muet));
+  EXPECT_EQ(Intrusion(), "joue ~/snd/0.wav");
+  Temps.Avance(5999);
+  EXPECT_TRUE(Avis.isEmpty());
+  Temps.Avance(1);
+  EXPECT_FALSE(joueur->EnCours());
+  ASSERT_EQ(Avis.size(), 1) << "five seconds after the last that it took";
+  EXPECT_TRUE(Avis.first().contains("haut-parleurs")) << Avis.first().toStdString();
+  Temps.Avance(ModuleSon::kRepos);
+  EXPECT_EQ(Intrusion(), "joue ~/snd/0.wav");
+  Temps.Avance(6000);
+  EXPECT_EQ(Avis.size(), 1) << "told once";
+}
+
+TEST_F(Son, ALongSoundEndsAMinuteAfterTheLastIntrusion) {
   Intrusion();
-  Temps.Avance(ModuleSon::kDureeMax - 1);
+  Temps.Avance(30'000);
+  EXPECT_EQ(Intrusion(), "") << "it plays";
+  Temps.Avance(ModuleSon::kApres - 1);
   EXPECT_TRUE(Joueur->EnCours());
   Temps.Avance(1);
+  EXPECT_FALSE(Joueur->EnCours());
+  EXPECT_TRUE(Avis.isEmpty()) << "that is no failure";
+  EXPECT_EQ(Intrusion(), "joue ~/snd/0.wav") << "and the next one is heard at once";
+}
+
+TEST_F(Son, ASoundWithoutEndIsCutAfterTenMinutesAndBegunAgain) {
+  Intrusion();
+  for (int i = 0; i < 599; ++i) {
+    Temps.Avance(1000);
+    EXPECT_EQ(Intrusion(), "");
+  }
+  Temps.Avance(1000);
   EXPECT_FALSE(Joueur->EnCours());
   EXPECT_EQ(Intrusion(), "joue ~/snd/0.wav");
 }
@@ -225,6 +266,38 @@ TEST_F(VraiJoueur, AnOutputThatIsNotInstalledIsTold) {
   ASSERT_TRUE(AttendQue([this] { return !Fins.isEmpty(); }));
   EXPECT_EQ(Fins.first(), FinSon::kSansAppareil);
   EXPECT_FALSE(joueur.EnCours());
+}
+
+TEST_F(VraiJoueur, CountsWhatTheDeviceTakes) {
+  JoueurGStreamer joueur("fakesink sync=true");
+  Joue(joueur, EcritSon(80'000));  // ten seconds
+  ASSERT_TRUE(AttendQue([&] { return joueur.Progres() > 0; }));
+  const quint64 avant = joueur.Progres();
+  EXPECT_TRUE(AttendQue([&] { return joueur.Progres() > avant; }));
+}
+
+// A pipe that nobody reads: opening it hangs, as a sound server does that has stopped.
+TEST_F(VraiJoueur, ADeviceThatHangsHoldsUpNobody) {
+  const QString tube = Temporaire.filePath("tube");
+  ASSERT_EQ(::mkfifo(QFile::encodeName(tube).constData(), 0600), 0);
+  QElapsedTimer temps;
+  temps.start();
+  {
+    JoueurGStreamer joueur("filesink location=" + tube);
+    Joue(joueur, EcritSon());
+    QTest::qWait(300);
+    EXPECT_EQ(joueur.Progres(), 0U);
+    joueur.Arrete();
+    EXPECT_FALSE(joueur.EnCours());
+    EXPECT_LT(temps.elapsed(), 10'000);
+    QTest::qWait(1000);
+    Joue(joueur, EcritSon());
+    EXPECT_TRUE(AttendQue([this] { return !Fins.isEmpty(); })) << "the next sound has no device";
+    EXPECT_EQ(Fins, QList<FinSon>{FinSon::kSansAppareil});
+  }
+  EXPECT_LT(temps.elapsed(), 15'000) << "its end does not wait for it either";
+  QFile lecteur(tube);  // lets the thread go
+  EXPECT_TRUE(lecteur.open(QIODevice::ReadOnly | QIODevice::Unbuffered));
 }
 
 TEST_F(VraiJoueur, WhatIsStoppedSaysNothingMore) {
