@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "companions/contract/command_words.h"
+#include "platform/base/inherited_files.h"
 #include "platform/channel/system_processes.h"
 
 namespace vaktor {
@@ -47,6 +48,7 @@ void EssaiParCompagnon::Lance(const QByteArray& demande, const RappelsEssai& rap
     if (erreur == QProcess::FailedToStart) Termine(FinEssai::kImpossible);
   });
   Limite_.start();
+  GardeFichiersOuverts();
   processus->start(Programme_, Arguments_ + QStringList{QString(kArgumentEssai)});
   if (!Processus_) return;  // it could not be started, and that has been told
   processus->write(demande);

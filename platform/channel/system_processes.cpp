@@ -15,6 +15,7 @@
 #include <optional>
 
 #include "companions/contract/command_words.h"
+#include "platform/base/inherited_files.h"
 #include "platform/channel/channel_folder.h"
 #include "platform/channel/followed_program.h"
 #include "platform/channel/process_handle.h"
@@ -136,6 +137,7 @@ bool ProcessusSysteme::Demarre(const Lancement& quoi, qint64& pid) const {
   QProcessEnvironment milieu = DonneMilieuCompagnon(DossierPrive_);
   if (quoi.Relance) milieu.insert(kVariableRelance, QStringLiteral("1"));
   programme.setProcessEnvironment(milieu);
+  GardeFichiersOuverts();
   return programme.startDetached(&pid);
 }
 

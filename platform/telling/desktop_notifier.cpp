@@ -4,6 +4,8 @@
 #include <QProcess>
 #include <QStandardPaths>
 
+#include "platform/base/inherited_files.h"
+
 namespace vaktor {
 
 void NotifieurSysteme::Notifie(const QString& titre, const QString& texte, bool pressant) {
@@ -13,6 +15,7 @@ void NotifieurSysteme::Notifie(const QString& titre, const QString& texte, bool 
                                  QStringLiteral("--"), titre, texte.toHtmlEscaped()};
   Travaux_.Lance([arguments] {
     const QString programme = QStandardPaths::findExecutable(QStringLiteral("notify-send"));
+    GardeFichiersOuverts();
     if (!programme.isEmpty()) QProcess::startDetached(programme, arguments);
   });
 }

@@ -4,6 +4,7 @@
 #include <QDesktopServices>
 #include <QUrl>
 
+#include "platform/base/inherited_files.h"
 #include "platform/base/system_files.h"
 
 namespace vaktor {
@@ -12,10 +13,12 @@ void OuvreurBureau::OuvreAdresse(const QString& adresse) {
   // Users type their web address as they know it, mostly without "http://"; the desktop's opener would look for a file
   // of that name.
   const QUrl url = QUrl::fromUserInput(adresse);
+  GardeFichiersOuverts();
   if (url.isValid()) QDesktopServices::openUrl(url);
 }
 
 void OuvreurBureau::OuvreDossier(const QString& chemin) {
+  GardeFichiersOuverts();
   if (!chemin.isEmpty()) QDesktopServices::openUrl(QUrl::fromLocalFile(CheminNatif(chemin)));
 }
 

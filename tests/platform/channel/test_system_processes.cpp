@@ -411,6 +411,25 @@ TEST_F(SansPrise, ItHearsTheRequestAndIsEndedByForce) {
 }
 
 // Neither a stray signal to somebody else nor a companion that is waited for in the life of another program.
+// Libraries open cameras without saying that a program which is started is not to have them: a companion that lives on
+// would keep the camera from everybody.
+TEST_F(Systeme, AProgramThatIsStartedHasNoneOfOurOpenFiles) {
+  QFile camera(Temporaire.filePath("camera"));
+  ASSERT_TRUE(camera.open(QIODevice::WriteOnly));
+  const int sansMarque = ::dup(camera.handle());
+  const QString liste = Temporaire.filePath("liste");
+  const QByteArray cible = QFile::encodeName(liste);
+  ASSERT_TRUE(Demarre(Processus, EcritScript(Nom + "fd", "ls -l /proc/$$/fd > " + cible + ".part; mv " + cible +
+                                                             ".part " + cible + "\n")));
+  ASSERT_TRUE(AttendQue([&] { return QFile::exists(liste); }));
+  ::close(sansMarque);
+  QFile lue(liste);
+  ASSERT_TRUE(lue.open(QIODevice::ReadOnly));
+  const QByteArray fichiers = lue.readAll();
+  EXPECT_TRUE(fichiers.contains("/dev/null")) << "its input: " << fichiers.toStdString();
+  EXPECT_FALSE(fichiers.contains("camera")) << fichiers.toStdString();
+}
+
 TEST(PidSansPrise, ANumberThatSomebodyElseHasNowIsNeitherFollowedNorHit) {
   PidSansPrise moi(::getpid());
   EXPECT_FALSE(moi.AFini());
