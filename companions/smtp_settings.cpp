@@ -22,6 +22,11 @@ bool ManqueServeur(const TextesSmtp& textes) {
   return textes.Serveur == QStringLiteral("smtp.") || textes.Serveur.isEmpty() || textes.Expediteur.isEmpty();
 }
 
+bool VeutPushSeul(const Parametres& reglages) {
+  const bool sansServeur = reglages.SmtpServeur.isEmpty() || reglages.SmtpServeur == QStringLiteral("smtp.");
+  return !reglages.PushAdresse.isEmpty() && sansServeur && reglages.SmtpFrom.isEmpty();
+}
+
 bool ManqueConnexion(const TextesSmtp& textes) {
   return textes.Utilisateur.isEmpty() || (textes.MotDePasse.isEmpty() && textes.Jeton.trimmed().isEmpty());
 }

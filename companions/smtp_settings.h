@@ -28,6 +28,8 @@ struct TextesSmtp {
 };
 /// The server that was begun and not finished counts as none; only that exact text does.
 bool ManqueServeur(const TextesSmtp& textes);
+/// A push and no mail: nothing of a server for mails was given, and nothing of it is missing.
+bool VeutPushSeul(const Parametres& reglages);
 bool ManqueConnexion(const TextesSmtp& textes);
 
 /// One JSON object with the keys that "VAKTORmail --try" reads, the password in clear. `destination`: where the mail

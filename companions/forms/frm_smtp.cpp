@@ -20,7 +20,7 @@ constexpr Libelle kDemandeAdresse = Libelle::kMailDestination;
 
 }  // namespace
 
-FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this) {
+FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this), Push_(this, ports.Reglages) {
   setObjectName(QStringLiteral("FrmSmtp"));
   setWindowTitle(QStringLiteral("SMTP"));
   HabilleForme(*this);
@@ -31,7 +31,9 @@ FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this) {
   trait->setFrameShape(QFrame::HLine);
   trait->setFrameShadow(QFrame::Sunken);
   QVBoxLayout* colonne = CreeColonne(*this);
-  colonne->addLayout(Controles_.DonneGrille());
+  QGridLayout* grille = Controles_.DonneGrille();
+  Push_.AjouteA(*grille);
+  colonne->addLayout(grille);
   colonne->addWidget(trait);
   colonne->addWidget(Panneau_);
   Panneau_->setFixedWidth(kLargeurForme - 2 * kMargeForme);
@@ -95,6 +97,7 @@ void FrmSmtp::SuitPort(const QString& texte) {
 
 void FrmSmtp::Charge() {
   AfficheCompteSmtp();
+  Push_.Montre();
   LitComptesMail(Ports_.Lecteur, Ports_.Pompe, Ports_.Comptes,
                  [this](const CompteMail& compte) { Controles_.CmbComptes->addItem(compte.Adresse); });
   Controles_.CmbComptes->setCurrentIndex(-1);
@@ -186,6 +189,7 @@ void FrmSmtp::Decharge() {
 
 bool FrmSmtp::PeutFermer() {
   if (!Ports_.Reglages.SmtpActif || Ports_.Etat.EnFermeture) return true;
+  if (VeutPushSeul(Ports_.Reglages)) return true;
   return AccepteSansServeur() && AccepteSansConnexion();
 }
 
@@ -279,6 +283,7 @@ void FrmSmtp::EcritMots() {
   for (QWidget* controle : {static_cast<QWidget*>(c.CheckSansChiffrement), static_cast<QWidget*>(c.LblSansChiffrement)})
     controle->setToolTip(AideSansChiffrement(parlee));
   EcritSigneDeVie(parlee);
+  Push_.EcritMots(parlee);
   EcritComptes();
   // The shown text is no selection: picking any entry is a choice.
   c.CmbComptes->setPlaceholderText(t.Dit(Libelle::kChoisitCompte));

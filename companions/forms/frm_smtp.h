@@ -7,6 +7,7 @@
 
 #include "base/application_state.h"
 #include "base/ports/message_boxes.h"
+#include "companions/forms/push_fields.h"
 #include "companions/forms/rehearsal_panel.h"
 #include "companions/forms/smtp_controls.h"
 #include "companions/mail_accounts.h"
@@ -75,6 +76,7 @@ class FrmSmtp : public QWidget {
 
   PortsFrmSmtp Ports_;
   ControlesSmtp Controles_;
+  ChampsPush Push_;
   PanneauEssai* Panneau_;
 };
 

@@ -9,6 +9,7 @@
 #include "modules/common/module_program.h"
 #include "modules/mail/mail_module.h"
 #include "modules/mail/rehearsal.h"
+#include "modules/push/mail_and_push.h"
 
 namespace vaktor {
 namespace {
@@ -49,7 +50,21 @@ DescriptionModule DonneDescription() {
               "  Certificate authorities beside those of the system (PEM).\n\n")};
 }
 
-std::unique_ptr<Module> CreeModule(const ContexteModule& contexte, const QString& autorites) {
+std::unique_ptr<ModulePush> CreePush(const ContexteModule& contexte, const QString& autorites, EtatModule& etat) {
+  PortsPush ports{.DossierSac = contexte.Dossiers.Etat + QStringLiteral("/push"),
+                  .Marque = QString::number(QRandomGenerator::system()->generate64(), 36),
+                  .Autorites = autorites,
+                  .Etat = etat,
+                  .Maintenant = [] { return QDateTime::currentMSecsSinceEpoch(); },
+                  .OuvrePoste = {}};
+  ports.OuvrePoste = [dossier =
+                          ports.DossierSac](const FacteurPush::Rapporteur& surRapport) -> std::unique_ptr<PostePush> {
+    return std::make_unique<FilPush>(dossier, surRapport);
+  };
+  return std::make_unique<ModulePush>(contexte, ports);
+}
+
+std::unique_ptr<Module> CreeMail(const ContexteModule& contexte, const QString& autorites) {
   PortsMail ports;
   ports.DossierSac = contexte.Dossiers.Etat + QStringLiteral("/courrier");
   ports.DossierVeille = contexte.Dossiers.CheminVeille();
@@ -61,6 +76,14 @@ std::unique_ptr<Module> CreeModule(const ContexteModule& contexte, const QString
     return std::make_unique<FilEnvoi>(fil, surRapport);
   };
   return std::make_unique<ModuleMail>(contexte, ports);
+}
+
+/// `etatPush` is filled: it has to outlive the module, and needs the folders that are known only now.
+std::unique_ptr<Module> CreeModule(const ContexteModule& contexte, const QString& autorites,
+                                   std::unique_ptr<EtatModule>& etatPush) {
+  etatPush =
+      std::make_unique<EtatModule>(contexte.Dossiers.Etat, QStringLiteral("VAKTORpush"), contexte.Temps, NotifieBureau);
+  return std::make_unique<ModuleMailEtPush>(CreeMail(contexte, autorites), CreePush(contexte, autorites, *etatPush));
 }
 
 }  // namespace
@@ -77,6 +100,8 @@ int main(int argc, char** argv) {
                                return RepeteEnvoi(demande, arguments.Autorites, ecrit);
                              });
   }
-  return ExecuteModule(nombre, arguments.Autres.data(), DonneDescription(),
-                       [&](const ContexteModule& contexte) { return CreeModule(contexte, arguments.Autorites); });
+  std::unique_ptr<EtatModule> etatPush;
+  return ExecuteModule(nombre, arguments.Autres.data(), DonneDescription(), [&](const ContexteModule& contexte) {
+    return CreeModule(contexte, arguments.Autorites, etatPush);
+  });
 }

@@ -90,6 +90,14 @@ TEST(FieldRules, ServerPortAndSenderAreEachAskedForAndOnlyWithSmtp) {
   }
 }
 
+TEST(FieldRules, WhoWantsPushesAloneNeedsNoMailServer) {
+  Parametres reglages;
+  reglages.PushAdresse = QStringLiteral("https://push.example.org/x");
+  EXPECT_FALSE(SmtpIncomplet(reglages));
+  reglages.SmtpFrom = QStringLiteral("a@example.org");
+  EXPECT_TRUE(SmtpIncomplet(reglages)) << "a mail server that was begun";
+}
+
 TEST(FieldRules, ColourWordsWithTheirOldSpelling) {
   const char* mots[] = {"red", "green", "blue", "gray", "brawn", "yellow", "white"};
   for (int i = 0; i < 7; ++i) EXPECT_EQ(DonneMotCouleur(i, QString()), QLatin1String(mots[i]));

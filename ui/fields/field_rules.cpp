@@ -66,6 +66,8 @@ QString DonneMotCouleur(qint32 index, const QString& mot) {
 }
 
 bool SmtpIncomplet(const Parametres& reglages) {
+  // Who wants pushes and no mails gives no server for mails, and must be able to tick the box all the same.
+  if (!reglages.PushAdresse.isEmpty() && reglages.SmtpServeur.isEmpty() && reglages.SmtpFrom.isEmpty()) return false;
   return reglages.SmtpActif &&
          (reglages.SmtpServeur.isEmpty() || reglages.SmtpPort.isEmpty() || reglages.SmtpFrom.isEmpty());
 }

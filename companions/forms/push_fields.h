@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The two fields of the push in the form of the mail settings.
+#pragma once
+
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+
+#include "settings/parameters.h"
+#include "texts/language.h"
+
+namespace vaktor {
+
+/// Its controls belong to the form. What is typed goes into the settings with each key, as in the other fields; red is
+/// what cannot be right.
+class ChampsPush {
+ public:
+  ChampsPush(QWidget* forme, Parametres& reglages);
+
+  void AjouteA(QGridLayout& grille) const;
+  /// What the settings hold.
+  void Montre();
+  void EcritMots(Langue langue);
+
+ private:
+  void Branche(QLineEdit* champ, QString Parametres::*variable, bool (*mauvais)(const QString&));
+
+  Parametres& Reglages_;
+  QLabel* LblPush;
+  QLineEdit* TxtPush;
+  QLabel* LblPushEntete;
+  QLineEdit* TxtPushEntete;
+};
+
+}  // namespace vaktor

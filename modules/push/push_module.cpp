@@ -1,0 +1,112 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "modules/push/push_module.h"
+
+#include <QDateTime>
+#include <QFile>
+#include <QFileInfo>
+#include <algorithm>
+#include <cstring>
+
+#include "base/jpeg_end.h"
+#include "modules/mail/photo_source.h"
+#include "modules/push/push_notices.h"
+#include "platform/base/system_files.h"
+
+namespace vaktor {
+
+namespace {
+
+/// The newest photo that is whole; nothing where none is young enough. What is still being written is passed over.
+void PrendImage(const QString& dossier, qint64 maintenant, MessagePush& message) {
+  QList<PhotoConnue> photos = ListePhotos(dossier);
+  photos.removeIf([maintenant](const PhotoConnue& p) {
+    return qAbs(maintenant - p.Instant) > ModulePush::kPhotoMs || p.Octets > ModulePush::kOctetsMax;
+  });
+  std::sort(photos.begin(), photos.end(), [](const PhotoConnue& a, const PhotoConnue& b) {
+    return a.Instant != b.Instant ? a.Instant > b.Instant : a.Chemin > b.Chemin;
+  });
+  for (const PhotoConnue& photo : photos) {
+    QFile fichier(photo.Chemin);
+    if (!fichier.open(QIODevice::ReadOnly)) continue;
+    const QByteArray octets = fichier.read(ModulePush::kOctetsMax + 1);
+    if (!EstJpegEntier(octets)) continue;
+    message.Image = octets;
+    message.NomImage = QFileInfo(photo.Chemin).fileName();
+    return;
+  }
+}
+
+}  // namespace
+
+ModulePush::ModulePush(const ContexteModule& contexte, const PortsPush& ports)
+    : Contexte_(contexte),
+      Ports_(ports),
+      Sac_(ports.DossierSac),
+      Poste_(ports.OuvrePoste([this](const RapportPush& rapport) { PrendRapport(rapport); })) {}
+
+void ModulePush::PrendReglages(const ReglagesModule& reglages) {
+  const Parametres& valeurs = reglages.Valeurs;
+  const PushLu lu = LitPush(valeurs, Ports_.Autorites);
+  const bool autres = !(lu.Reglages == Reglages_);
+  Reglages_ = lu.Reglages;
+  Titre_ = valeurs.MailSujet;
+  Parlee_ = LangueParlee(valeurs.LangueCourante);
+  DossierPhotos_ = valeurs.PhotoActif ? CheminNatif(valeurs.RepertoirePhoto) : Contexte_.Dossiers.CheminTempFtp();
+  Ports_.Etat.ChangeLangue(Parlee_);
+  for (const QString& secret : DonneSecretsPush(Reglages_)) {
+    Contexte_.Journal.CacheSecret(secret);
+    Ports_.Etat.CacheSecret(secret);
+  }
+  if (lu.Manque != ManquePush::kRien)
+    Ports_.Etat.Signale(ComposeAvisManque(lu.Manque));
+  else if (autres)
+    Ports_.Etat.Efface();
+  Poste_->ChangeReglages(Reglages_);
+}
+
+void ModulePush::ExecuteCommande(Commande commande) {
+  if (commande == Commande::kIntrusion && EstVoulu() && Poste_) NoteIntrusion();
+}
+
+void ModulePush::NoteIntrusion() {
+  const qint64 maintenant = Ports_.Maintenant();
+  // A clock that was set back begins anew.
+  const qint64 depuisIntrusion = maintenant - DerniereIntrusion_;
+  const bool nouvelle = depuisIntrusion >= kFinMs || depuisIntrusion < 0;
+  DerniereIntrusion_ = maintenant;
+  if (!nouvelle && maintenant - DernierPush_ < kPauseMs) return;
+  DernierPush_ = maintenant;
+  const QString marque = QStringLiteral("%1-%2").arg(Ports_.Marque).arg(++Fait_);
+  const int erreur = Sac_.Ajoute(Compose(maintenant), maintenant, marque);
+  if (erreur == 0) {
+    Contexte_.Journal.Note(QStringLiteral("push %1 made").arg(marque));
+    Poste_->Reveille();
+    return;
+  }
+  const QString mots = QString::fromLocal8Bit(std::strerror(erreur));
+  Contexte_.Journal.Note(QStringLiteral("the outbox of the pushes cannot be written: ") + mots);
+  Ports_.Etat.Signale(ComposeAvisSac(Ports_.DossierSac, mots));
+}
+
+MessagePush ModulePush::Compose(qint64 maintenant) const {
+  MessagePush message;
+  message.Titre = Titre_;
+  message.Texte = TextePush(Parlee_, QDateTime::fromMSecsSinceEpoch(maintenant).time());
+  PrendImage(DossierPhotos_, maintenant, message);
+  return message;
+}
+
+void ModulePush::PrendRapport(const RapportPush& rapport) {
+  const ResultatPush& r = rapport.Resultat;
+  const bool pris = r.Issue == IssuePush::kPris;
+  const QString suite = pris                ? QStringLiteral("taken")
+                        : rapport.Abandonne ? QStringLiteral("given up")
+                                            : QStringLiteral("again in %1 s").arg(rapport.ProchainEssaiDans / 1000);
+  Contexte_.Journal.Note(QStringLiteral("push %1: %2 %3").arg(rapport.Nom, suite, r.Mots));
+  if (pris)
+    Ports_.Etat.Efface();
+  else
+    Ports_.Etat.Signale(ComposeAvisPush(r, Reglages_.Hote));
+}
+
+}  // namespace vaktor

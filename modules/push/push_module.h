@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The rules of the pushes: when one is made, with which picture, and what the user is told.
+#pragma once
+
+#include "modules/common/module_program.h"
+#include "modules/push/push_thread.h"
+
+namespace vaktor {
+
+struct PortsPush {
+  QString DossierSac;
+  QString Marque;     ///< of this process, part of each push's name
+  QString Autorites;  ///< see ReglagesPush::Autorites
+  EtatModule& Etat;   ///< its own status file: what the mails say of themselves must not be wiped out by a push
+  std::function<qint64()> Maintenant;  ///< milliseconds since 1970
+  std::function<std::unique_ptr<PostePush>(const FacteurPush::Rapporteur& surRapport)> OuvrePoste;
+};
+
+/// "Intru" comes with each frame of an intrusion. Its first one makes a push, with the newest photo there is, and as
+/// long as it goes on one a minute follows; it is over when none has come for kFinMs. So a push is as early as can be,
+/// and no evening is a hundred of them.
+class ModulePush : public Module {
+ public:
+  static constexpr qint64 kFinMs = 10'000;
+  static constexpr qint64 kPauseMs = 60'000;
+  static constexpr qint64 kPhotoMs = 120'000;               ///< older photos belong to another event
+  static constexpr qint64 kOctetsMax = 15LL * 1024 * 1024;  ///< of a photo; a larger one is left out
+
+  ModulePush(const ContexteModule& contexte, const PortsPush& ports);
+
+  void PrendReglages(const ReglagesModule& reglages) override;
+  void ExecuteCommande(Commande commande) override;
+  void Termine() override { Poste_.reset(); }
+
+  /// An address is set: who wants pushes and gives no address for mails wants no mails.
+  bool EstVoulu() const { return !Reglages_.Adresse.isEmpty(); }
+
+ private:
+  void NoteIntrusion();
+  MessagePush Compose(qint64 maintenant) const;
+  void PrendRapport(const RapportPush& rapport);
+
+  ContexteModule Contexte_;
+  PortsPush Ports_;
+  SacPush Sac_;
+  ReglagesPush Reglages_;
+  QString Titre_;
+  QString DossierPhotos_;
+  Langue Parlee_ = Langue::kFrancais;
+  qint64 DerniereIntrusion_ = 0;  // 0: none so far
+  qint64 DernierPush_ = 0;        // of this intrusion
+  int Fait_ = 0;
+  std::unique_ptr<PostePush> Poste_;  // last: its reports come to a whole module
+};
+
+}  // namespace vaktor

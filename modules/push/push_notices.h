@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The words of the pushes: of one, and of what went wrong with it.
+#pragma once
+
+#include <QTime>
+
+#include "modules/common/failure_notice.h"
+#include "modules/push/push_sender.h"
+
+namespace vaktor {
+
+/// What stands beside the picture.
+QString TextePush(Langue langue, const QTime& heure);
+AvisEchec ComposeAvisPush(const ResultatPush& resultat, const QString& hote);
+AvisEchec ComposeAvisManque(ManquePush manque);
+/// `mots`: the system's.
+AvisEchec ComposeAvisSac(const QString& dossier, const QString& mots);
+
+}  // namespace vaktor

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The pushes that wait, on disk: a folder that only the user can enter, one file a push.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+#include "modules/push/push_sender.h"
+
+namespace vaktor {
+
+/// A file is there whole or not at all, also after a power cut; what is no push (damaged) is deleted. Any number of
+/// objects may stand for one folder; the object itself keeps nothing.
+class SacPush {
+ public:
+  static constexpr qint64 kAgeMax = 7LL * 24 * 3600 * 1000;  ///< milliseconds; as a mail's
+  static constexpr qsizetype kNombreMax = 200;
+
+  explicit SacPush(QString dossier) : Dossier_(std::move(dossier)) {}
+
+  /// `faitA`: milliseconds since 1970. `marque`: of this process. Gives the system's error number, 0 when it is on the
+  /// disk. Without room for the picture the words alone are kept.
+  int Ajoute(const MessagePush& message, qint64 faitA, const QString& marque);
+  /// The names, newest first.
+  QStringList Liste() const;
+  /// Nothing for one that is gone, or is none.
+  std::optional<MessagePush> Lit(const QString& nom) const;
+  /// Without its picture from now on.
+  void RetireImage(const QString& nom);
+  void Retire(const QString& nom);
+  /// Deletes what is older than kAgeMax but for `essaye` (tried in this run or not: a clock that jumps gives up
+  /// nothing that was never tried), and the oldest beyond kNombreMax. The names.
+  QStringList Elague(qint64 maintenant, const QStringList& essayes);
+  static qint64 FaitA(const QString& nom);
+
+ private:
+  QString Chemin(const QString& nom) const { return Dossier_ + QLatin1Char('/') + nom; }
+  QString Dossier_;
+};
+
+}  // namespace vaktor

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "modules/push/push_postman.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vaktor {
+
+void FacteurPush::Recommence() {
+  Echecs_ = 0;
+  PasAvant_ = 0;
+}
+
+qint64 FacteurPush::Tour() {
+  const qint64 maintenant = Maintenant_();
+  // A wait that is longer than any of ours was noted before the clock was set back.
+  const qint64 attente = PasAvant_ - maintenant;
+  if (attente > 0 && attente <= kAttentes.back()) return attente;
+  for (const QString& nom : Sac_.Elague(maintenant, Essayes_)) Rapporte_({nom, {}, true, 0});
+  for (const QString& nom : Sac_.Liste()) {
+    if (Partis_.contains(nom)) continue;
+    const std::optional<MessagePush> message = Sac_.Lit(nom);
+    if (!message) {
+      Sac_.Retire(nom);
+      Partis_.insert(nom);
+      continue;
+    }
+    if (!Essayes_.contains(nom)) Essayes_.append(nom);
+    return Juge(nom, *message, Envoie_(*message));
+  }
+  return kRienAFaire;
+}
+
+qint64 FacteurPush::Juge(const QString& nom, const MessagePush& message, const ResultatPush& resultat) {
+  const bool sansImage = resultat.Issue == IssuePush::kTropGrand && !message.Image.isEmpty();
+  const bool refuse = (resultat.Issue == IssuePush::kTropGrand && !sansImage) || resultat.Issue == IssuePush::kRefuse;
+  if (sansImage) {
+    Sac_.RetireImage(nom);
+    return 0;
+  }
+  if (resultat.Issue == IssuePush::kPris || refuse) {
+    Recommence();
+    Partis_.insert(nom);
+    Essayes_.removeAll(nom);
+    Sac_.Retire(nom);
+    Rapporte_({nom, resultat, refuse, 0});
+    return 0;
+  }
+  if (resultat.Issue == IssuePush::kInterrompu) return kRienAFaire;
+  const qint64 attente = kAttentes.at(std::min(Echecs_, kAttentes.size() - 1));
+  ++Echecs_;
+  PasAvant_ = Maintenant_() + attente;
+  Rapporte_({nom, resultat, false, attente});
+  return attente;
+}
+
+}  // namespace vaktor

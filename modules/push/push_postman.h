@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Which push goes next, and when. Rules only: time and sender are handed in.
+#pragma once
+
+#include <QSet>
+#include <array>
+#include <functional>
+
+#include "modules/push/push_outbox.h"
+
+namespace vaktor {
+
+struct RapportPush {
+  QString Nom;
+  ResultatPush Resultat;
+  bool Abandonne = false;        ///< it is gone and was not taken
+  qint64 ProchainEssaiDans = 0;  ///< milliseconds; 0 when none follows
+};
+
+/// The newest first: it is what counts now. All go to one server, so that what fails for the server's sake holds up all
+/// of them, for longer each time; a push that has just been made, or other settings, are tried at once. A push that the
+/// server does not want is given up; one too large for it goes without its picture.
+class FacteurPush {
+ public:
+  static constexpr std::array<qint64, 8> kAttentes = {10'000,  30'000,  60'000,  120'000,
+                                                      300'000, 600'000, 900'000, 1'800'000};
+  static constexpr qint64 kRienAFaire = 3'600'000;
+
+  using Envoyeur = std::function<ResultatPush(const MessagePush& message)>;
+  using Rapporteur = std::function<void(const RapportPush& rapport)>;
+
+  FacteurPush(SacPush boite, std::function<qint64()> maintenant, Envoyeur envoie, Rapporteur rapporte)
+      : Sac_(std::move(boite)),
+        Maintenant_(std::move(maintenant)),
+        Envoie_(std::move(envoie)),
+        Rapporte_(std::move(rapporte)) {}
+
+  /// Other settings, or a new push: nothing waits any longer for the server's sake.
+  void Recommence();
+  /// Sends one at most. Milliseconds until there is something to do again; 0: at once.
+  qint64 Tour();
+
+ private:
+  qint64 Juge(const QString& nom, const MessagePush& message, const ResultatPush& resultat);
+
+  SacPush Sac_;
+  std::function<qint64()> Maintenant_;
+  Envoyeur Envoie_;
+  Rapporteur Rapporte_;
+  QStringList Essayes_;   // of those that wait, in this run
+  QSet<QString> Partis_;  // taken, though the disk may keep their file
+  size_t Echecs_ = 0;     // in a row, for the server's sake
+  qint64 PasAvant_ = 0;   // milliseconds since 1970
+};
+
+}  // namespace vaktor
