@@ -22,8 +22,7 @@ void PhotosPubliees::ChoisitSite(const QString& site) {
 
 void PhotosPubliees::Ajoute(const PhotoPubliee& photo) {
   Photos_.removeIf([&](const PhotoPubliee& connue) { return connue.Nom == photo.Nom; });
-  const auto place = std::find_if(Photos_.begin(), Photos_.end(),
-                                  [&](const PhotoPubliee& autre) { return autre.Prise <= photo.Prise; });
+  const qsizetype place = Place(photo.Prise);
   Photos_.insert(place, photo);
   if (Photos_.size() > kMax) Photos_.resize(kMax);
   Ecrit();
@@ -35,9 +34,19 @@ bool PhotosPubliees::Retire(const QString& nom) {
   return true;
 }
 
+// By halves: thousands of photos that waited for a server are asked about, each against a thousand.
+qsizetype PhotosPubliees::Place(const QDateTime& prise) const {
+  const auto place = std::partition_point(Photos_.begin(), Photos_.end(),
+                                          [&](const PhotoPubliee& autre) { return autre.Prise > prise; });
+  return place - Photos_.begin();
+}
+
 bool PhotosPubliees::EstProche(const QDateTime& prise) const {
-  return std::any_of(Photos_.begin(), Photos_.end(),
-                     [&](const PhotoPubliee& p) { return qAbs(p.Prise.msecsTo(prise)) < kSeconde; });
+  const qsizetype place = Place(prise);
+  const auto proche = [&](qsizetype i) {
+    return i >= 0 && i < Photos_.size() && qAbs(Photos_[i].Prise.msecsTo(prise)) < kSeconde;
+  };
+  return proche(place) || proche(place - 1);
 }
 
 void PhotosPubliees::NotePage() {
@@ -59,6 +68,8 @@ void PhotosPubliees::Lit() {
                            QDateTime::fromString(photo[QLatin1String("taken")].toString(), Qt::ISODate)};
     if (!lue.Nom.isEmpty() && lue.Prise.isValid() && Photos_.size() < kMax) Photos_.append(lue);
   }
+  std::stable_sort(Photos_.begin(), Photos_.end(),
+                   [](const PhotoPubliee& a, const PhotoPubliee& b) { return a.Prise > b.Prise; });
 }
 
 void PhotosPubliees::Ecrit() const {

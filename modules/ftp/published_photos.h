@@ -38,6 +38,8 @@ class PhotosPubliees {
   bool APage() const { return Page_; }
 
  private:
+  /// Where a photo of that time stands, or would.
+  qsizetype Place(const QDateTime& prise) const;
   void Lit();
   void Ecrit() const;
 

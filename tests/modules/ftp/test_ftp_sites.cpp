@@ -217,6 +217,24 @@ TEST_F(Ftp, AboutOnePhotoASecondIsPublishedTheNewestFirst) {
   EXPECT_TRUE(PhotosLocales().isEmpty()) << "the others are in the user's own folder";
 }
 
+TEST_F(Ftp, APhotoBetweenTwoThatAreThereIsComparedWithBoth) {
+  PosePhoto("a.jpg", 20);
+  PosePhoto("b.jpg", 10);
+  Connecte();
+  Finit(IssueFtp::kReussi);
+  Finit(IssueFtp::kReussi);
+  Horloge.Millisecondes += 500;
+  PosePhoto("c.jpg", 20);  // half a second behind the one, and in front of the other
+  Horloge.Millisecondes -= 1000;
+  PosePhoto("d.jpg", 10);
+  PosePhoto("e.jpg", 15);
+  Horloge.Millisecondes += 500;
+  Temps.Avance(ModuleFtp::kRegard);
+  ASSERT_TRUE(Ouvrier->EnCours());
+  EXPECT_EQ(Ouvrier->Travail.Nom, "e.jpg");
+  EXPECT_EQ(PhotosLocales(), QStringList("e.jpg"));
+}
+
 TEST_F(Ftp, ThePageKeepsTheOrderOfTheirTimesWhateverCameFirst) {
   PosePhoto("a.jpg", 20);
   PosePhoto("b.jpg", 10);
