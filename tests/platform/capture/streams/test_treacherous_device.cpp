@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <stop_token>
 #include <thread>
 
 #include "platform/capture/frames/jpeg_of_test.h"
@@ -13,7 +14,7 @@
 namespace vaktor {
 namespace {
 
-constexpr gsize kOctets = 64 * 1024;
+constexpr gsize kOctets = 16 * 1024;
 
 QByteArray Jpeg(QSize taille) {
   QImage image(taille, QImage::Format_RGB32);
@@ -33,21 +34,36 @@ GstBufferPool* Reserve() {
   return reserve;
 }
 
-// A header of few pixels, and many a moment later: planes made for the header would be too small for the picture. Each
-// round has an intake of its own, since memory once taken stays.
+/// Puts the one picture and the other in turn into the device's memory, for as long as it lives.
+class Bascule {
+ public:
+  Bascule(guint8* ou, const QByteArray& une, const QByteArray& autre)
+      : Fil_([ou, &une, &autre](const std::stop_token& arret) {
+          while (!arret.stop_requested()) {
+            std::memcpy(ou, une.constData(), kOctets);
+            std::memcpy(ou, autre.constData(), kOctets);
+          }
+        }) {}
+
+ private:
+  std::jthread Fil_;
+};
+
+// A header of few pixels, and many a moment later: planes made for the header would be too small for the picture, and
+// the program would fall. Each round has an intake of its own, since memory once taken stays.
 TEST(AppareilPerfide, ChangesNoPictureThatIsBeingDecoded) {
   ASSERT_TRUE(PrepareGStreamer());
   const QByteArray petite = Jpeg({16, 16});
   const QByteArray grande = Jpeg({800, 600});
   GstBufferPool* reserve = Reserve();
-  for (int tour = 0; tour < 400; ++tour) {
+  for (int tour = 0; tour < 200; ++tour) {
     GstBuffer* tampon = nullptr;
     ASSERT_EQ(gst_buffer_pool_acquire_buffer(reserve, &tampon, nullptr), GST_FLOW_OK);
     GstMapInfo vue;
     ASSERT_TRUE(gst_buffer_map(tampon, &vue, GST_MAP_WRITE));
     guint8* appareil = vue.data;
-    std::memcpy(appareil, petite.constData(), kOctets);
     gst_buffer_unmap(tampon, &vue);
+    const Bascule bascule(appareil, petite, grande);
 
     DerniereImage derniere;
     ReceptionImages reception(derniere, {});
@@ -60,19 +76,15 @@ TEST(AppareilPerfide, ChangesNoPictureThatIsBeingDecoded) {
     gst_element_link(source, puits);
     gst_element_set_state(pipeline, GST_STATE_PLAYING);
     gst_app_src_push_buffer(GST_APP_SRC(source), tampon);
-    const auto quand = std::chrono::steady_clock::now() + std::chrono::microseconds(tour);
-    while (std::chrono::steady_clock::now() < quand) std::this_thread::yield();
-    std::memcpy(appareil, grande.constData(), kOctets);
     gst_app_src_end_of_stream(GST_APP_SRC(source));
     for (int i = 0; i < 2000 && !gst_app_sink_is_eos(GST_APP_SINK(puits)); ++i)
       std::this_thread::sleep_for(std::chrono::milliseconds(1));
     gst_element_set_state(pipeline, GST_STATE_NULL);
     gst_object_unref(pipeline);
     const DerniereImage::Arrivee arrivee = derniere.Prend(0);
-    if (arrivee.Numero > 0) {
-      const QSize taille = arrivee.Image.Entiere().size();
-      EXPECT_TRUE(taille == QSize(16, 16) || taille == QSize(800, 600));
-    }
+    if (arrivee.Numero == 0) continue;  // half of the one and half of the other
+    const QSize taille = arrivee.Image.Entiere().size();
+    EXPECT_TRUE((taille.width() == 16 || taille.width() == 800) && (taille.height() == 16 || taille.height() == 600));
   }
   gst_buffer_pool_set_active(reserve, FALSE);
   gst_object_unref(reserve);
