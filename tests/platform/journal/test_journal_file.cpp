@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The journal's file on real disks.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <cerrno>
+#include <csignal>
+
+#include "journal/journal_entry.h"
+#include "platform/journal/journal_file.h"
+#include "support/small_disk.h"
+
+namespace vaktor {
+namespace {
+
+class JournalFile : public testing::Test {
+ protected:
+  QString Chemin() const { return Dossier.filePath(QStringLiteral("journal.jsonl")); }
+  QByteArray Contenu() const {
+    QFile fichier(Chemin());
+    return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
+  }
+  void Pose(const QByteArray& octets) const {
+    QFile fichier(Chemin());
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    fichier.write(octets);
+  }
+  QTemporaryDir Dossier;
+};
+
+TEST_F(JournalFile, AppendsLinesInTheirOrderForTheUserAlone) {
+  {
+    FichierJournalSysteme fichier(Chemin());
+    EXPECT_FALSE(QFile::exists(Chemin()));
+    for (int i = 0; i < 50; ++i) fichier.Ajoute(QByteArray::number(i));
+  }
+  FichierJournalSysteme(Chemin()).Ajoute("last");
+  QByteArray voulu;
+  for (int i = 0; i < 50; ++i) voulu += QByteArray::number(i) + '\n';
+  EXPECT_EQ(Contenu(), voulu + "last\n");
+  struct stat etat = {};
+  ASSERT_EQ(::stat(QFile::encodeName(Chemin()).constData(), &etat), 0);
+  EXPECT_EQ(etat.st_mode & 0777, 0600U);
+}
+
+TEST_F(JournalFile, ATornLineCostsItselfAlone) {
+  Pose("one\ntw");
+  FichierJournalSysteme(Chemin()).Ajoute("three");
+  EXPECT_EQ(Contenu(), "one\ntw\nthree\n");
+}
+
+TEST_F(JournalFile, SurvivesAKillAtAnyMoment) {
+  const pid_t fils = ::fork();
+  if (fils == 0) {
+    FichierJournalSysteme fichier(Chemin());
+    for (int i = 0;; ++i) {
+      fichier.Ajoute(QByteArray::number(i).rightJustified(200, '.'));
+      ::usleep(200);
+    }
+  }
+  ::usleep(300'000);
+  ::kill(fils, SIGKILL);
+  int fin = 0;
+  ::waitpid(fils, &fin, 0);
+  FichierJournalSysteme(Chemin()).Ajoute("after");
+  const QList<QByteArray> lignes = Contenu().split('\n');
+  ASSERT_GT(lignes.size(), 3);
+  for (qsizetype i = 0; i + 3 < lignes.size(); ++i)
+    EXPECT_EQ(lignes[i], QByteArray::number(i).rightJustified(200, '.'));
+  EXPECT_EQ(lignes[lignes.size() - 2], "after");
+}
+
+QByteArray Ligne(int jour, int numero, bool autre = false) {
+  return EcritLigne({.Quoi = Fait::kVie,
+                     .Quand = QDateTime(QDate(2026, 11, jour), QTime(0, 0)).addSecs(numero),
+                     .Course = autre ? QStringLiteral("a") : QStringLiteral("b")});
+}
+
+TEST_F(JournalFile, TheOldestDaysGoWhenItGrowsTooLarge) {
+  FichierJournalSysteme fichier(Chemin(), 6'000, 4'000);
+  for (int jour = 1; jour <= 20; ++jour)
+    for (int i = 0; i < 15; ++i) fichier.Ajoute(Ligne(jour, i));
+  for (int i = 0; i < 600 && !Contenu().contains(Ligne(20, 14)); ++i) ::usleep(50'000);
+  const JournalLu lu = LitJournal(Contenu());
+  EXPECT_EQ(lu.Illisibles, 0);
+  ASSERT_FALSE(lu.Entrees.isEmpty());
+  EXPECT_LE(Contenu().size(), 6'200);
+  EXPECT_EQ(lu.Entrees.first().Quand.time(), QTime(0, 0)) << "a day goes whole";
+  EXPECT_EQ(lu.Entrees.last().Quand.date(), QDate(2026, 11, 20));
+  EXPECT_FALSE(QFile::exists(Chemin() + QStringLiteral(".new")));
+}
+
+TEST_F(JournalFile, TwoProgramsMayWriteOneFileAndCutIt) {
+  constexpr int kLignes = 200;
+  bool vu = false;
+  const pid_t fils = ::fork();
+  {
+    FichierJournalSysteme fichier(Chemin(), 8'000, 6'000);
+    for (int i = 0; i < kLignes; ++i) {
+      fichier.Ajoute(Ligne(1 + i / 50, i, fils == 0));
+      ::usleep(200);
+    }
+    const QByteArray derniere = Ligne(1 + (kLignes - 1) / 50, kLignes - 1, fils == 0) + '\n';
+    for (int i = 0; i < 500 && !Contenu().contains(derniere); ++i) ::usleep(20'000);
+    vu = Contenu().contains(derniere);
+  }
+  if (fils == 0) ::_exit(vu ? 0 : 1);
+  int fin = 0;
+  ::waitpid(fils, &fin, 0);
+  EXPECT_EQ(LitJournal(Contenu()).Illisibles, 0) << "each line is whole";
+  EXPECT_TRUE(vu);
+  EXPECT_EQ(fin, 0) << "the other one has seen its last line too";
+}
+
+TEST_F(JournalFile, WhatCannotBeWrittenIsLostAndTold) {
+  {
+    QFile place(Dossier.filePath(QStringLiteral("none")));
+    ASSERT_TRUE(place.open(QIODevice::WriteOnly));
+    place.close();
+    FichierJournalSysteme fichier(Dossier.filePath(QStringLiteral("none/journal.jsonl")));
+    EXPECT_EQ(fichier.Erreur(), 0);
+    fichier.Ajoute("x");
+    for (int i = 0; i < 100 && fichier.Erreur() == 0; ++i) ::usleep(20'000);
+    EXPECT_EQ(fichier.Erreur(), ENOTDIR);
+    ASSERT_TRUE(place.remove());
+    fichier.Ajoute("y");
+    for (int i = 0; i < 100 && fichier.Erreur() != 0; ++i) ::usleep(20'000);
+    EXPECT_EQ(fichier.Erreur(), 0) << "the disk takes lines again";
+  }
+  ASSERT_EQ(::mkfifo(QFile::encodeName(Chemin()).constData(), 0600), 0);
+  FichierJournalSysteme fichier(Chemin());
+  fichier.Ajoute("x");
+  for (int i = 0; i < 100 && fichier.Erreur() == 0; ++i) ::usleep(20'000);
+  EXPECT_EQ(fichier.Erreur(), EINVAL) << "a pipe is no journal, and nobody waits at it";
+  EXPECT_TRUE(LitFinJournal(Chemin()).isEmpty());
+}
+
+TEST_F(JournalFile, AFolderThatIsNotThereIsMadeForTheUserAlone) {
+  const QString dossier = Dossier.filePath(QStringLiteral("a/state"));
+  FichierJournalSysteme(dossier + QStringLiteral("/journal.jsonl")).Ajoute("x");
+  EXPECT_EQ(LitFinJournal(dossier + QStringLiteral("/journal.jsonl")), "x\n");
+  struct stat etat = {};
+  ASSERT_EQ(::stat(QFile::encodeName(dossier).constData(), &etat), 0);
+  EXPECT_EQ(etat.st_mode & 0777, 0700U);
+}
+
+TEST_F(JournalFile, AFullDiskCostsLinesAndNothingElse) {
+  const PetitDisque disque(64 * 1024);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  const QString chemin = disque.Chemin() + QStringLiteral("/journal.jsonl");
+  FichierJournalSysteme fichier(chemin);
+  for (int i = 0; i < 100; ++i) fichier.Ajoute(QByteArray(1000, 'x'));
+  for (int i = 0; i < 100 && fichier.Erreur() == 0; ++i) ::usleep(20'000);
+  EXPECT_EQ(fichier.Erreur(), ENOSPC);
+}
+
+TEST_F(JournalFile, TheEndIsReadFromItsFirstWholeLineOn) {
+  EXPECT_TRUE(LitFinJournal(Chemin()).isEmpty());
+  Pose("first line\nsecond line\nthird");
+  EXPECT_EQ(LitFinJournal(Chemin()), "first line\nsecond line\nthird");
+  EXPECT_EQ(LitFinJournal(Chemin(), 20), "second line\nthird");
+  EXPECT_EQ(LitFinJournal(Chemin(), 7), "third");
+}
+
+}  // namespace
+}  // namespace vaktor
