@@ -56,7 +56,8 @@ void Vaktor::CreeMoteur() {
                       [this] { return Moteur_->Alarme().AlarmeArmee; }, [this] { return Moteur_->Surface().Image(); }});
   Annonce_ = std::make_unique<AnnonceIntrusion>(
       PortsAnnonceIntrusion{Systeme_.Temps, Minuteries_, Systeme_.Personnel, [this] { SigneDeVie_->NoteAlarme(); }});
-  Actions_ = std::make_unique<ActionsAlarmeReelles>(*Modules_, *Annonce_, [this] { Photos_->EnregistrePhoto(); });
+  Actions_ = std::make_unique<ActionsAlarmeReelles>(
+      *Modules_, *Annonce_, [this] { Photos_->EnregistrePhoto(); }, [this] { NoteImageAgissante(); });
   Moteur_ = std::make_unique<Surveillance>(PortsSurveillance{Reglages_, *Sauvegarde_, *Pilote_, Minuteries_,
                                                              Systeme_.Temps, Systeme_.Pompe, Systeme_.Sons, *Actions_,
                                                              *Live_, Vue_, Sante_, [this] { Live_->OublieLive(); }});
@@ -72,6 +73,7 @@ void Vaktor::CreeMoteur() {
                   [this](const QString& fichier) {
                     Annonce_->NotePhoto(fichier);
                     SigneDeVie_->NotePhoto();
+                    NotePhotoAgissante(fichier);
                   }});
   VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{Reglages_, *Photos_, Minuteries_, Systeme_.Sonde,
                                                                    Systeme_.EssaiPhotos, Systeme_.Pertes, Sante_,

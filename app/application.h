@@ -40,6 +40,7 @@
 #include "image/forms/webcam_pecran.h"
 #include "image/photo_recorder.h"
 #include "image/photo_watch.h"
+#include "journal/watch_journal.h"
 #include "settings/persistent_settings.h"
 #include "ui/shown/companion_link_view.h"
 #include "ui/shown/health_view.h"
@@ -112,8 +113,11 @@ class Vaktor : private EtapesDepart {
   FormVisuPhoto& Galerie();
   void CreeRepertoire(FormVisuPhoto& galerie);
 
-  // The health of the watch (application_health.cpp).
+  // The health of the watch, and its journal (application_health.cpp).
   void CreeSante();
+  void CreeJournal();
+  void NoteImageAgissante();
+  void NotePhotoAgissante(const QString& fichier);
   QPoint PlaceFrmSante(const QSize& taille);
   void ArreteSante();
 
@@ -169,6 +173,9 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<VeilleCompagnons> Veille_;
   std::unique_ptr<FormWinsock> FormWinsock_;
   std::unique_ptr<SuiviEnvois> Envois_;  // from the launch of the companions on
+
+  std::unique_ptr<JournalVeille> Journal_;  // from the words on
+  std::optional<quint32> ImageNotee_;       // number of the frame that it was told of last
 
   // Who is told of the health of the watch.
   std::unique_ptr<AvisBureau> AvisBureau_;

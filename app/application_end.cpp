@@ -34,6 +34,7 @@ void Vaktor::Ferme() {
 // A start that failed. Its message may stand for hours: behind it no camera watches, nothing is saved, no window opens.
 void Vaktor::AbandonneDepart() {
   Etat_.EnFermeture = true;
+  if (Journal_) Journal_->Arrete();  // before what ends with the program looks like news
   EssaieJusquauBout([this] { ArreteSante(); });
   if (Moteur_) {
     EssaieJusquauBout([this] { Moteur_->DeconnectePilote(); });
@@ -59,6 +60,7 @@ void Vaktor::DemandeFermeture() {
 
 void Vaktor::FermeApplication() {
   Etat_.EnFermeture = true;
+  if (Journal_) Journal_->Arrete();  // before what ends with the program looks like news
   EssaieJusquauBout([this] { ArreteSante(); });
   EssaieJusquauBout([this] { Live_->CoupeLive(); });
   EssaieJusquauBout([this] { Moteur_->Arrete(); });  // no tick of the engine comes from here on

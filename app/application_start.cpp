@@ -82,9 +82,9 @@ void Vaktor::LanceModules() {
       Systeme_.Programmes, [this](Compagnon compagnon) { return Veille_->Lance(compagnon); }, Reglages_)
       .LanceModules();
   Veille_->Commence();
-  Envois_ = std::make_unique<SuiviEnvois>(PortsEnvois{Reglages_, Liaison_, Systeme_.Temps, Systeme_.Minuteries,
-                                                      Systeme_.Etats, Sante_,
-                                                      [this](Compagnon qui) { return Veille_->Prend(qui); }});
+  Envois_ = std::make_unique<SuiviEnvois>(
+      PortsEnvois{Reglages_, Liaison_, Systeme_.Temps, Systeme_.Minuteries, Systeme_.Etats, Sante_,
+                  [this](Compagnon qui) { return Veille_->Prend(qui); }, [this] { Journal_->NoteCourriel(); }});
 }
 
 void Vaktor::ChargeFormMonitor() { Moniteur(); }

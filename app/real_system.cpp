@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/real_system.h"
 
+#include <QCoreApplication>
+#include <QDateTime>
+
 #include "app/camera.h"
 #include "companions/contract/command_words.h"
 #include "companions/module_lifecycle.h"
@@ -18,6 +21,12 @@ QString TrouveFichierReglages(const QString& dossier) {
   return TrouveDossierReglages(dossier) + QLatin1Char('/') + kFichierReglages;
 }
 
+// No two runs begin in the same millisecond under the same number.
+QString NommeCourse() {
+  return QString::number(QDateTime::currentMSecsSinceEpoch(), 36) + QLatin1Char('-') +
+         QString::number(QCoreApplication::applicationPid(), 36);
+}
+
 }  // namespace
 
 SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
@@ -31,7 +40,9 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
       Etats_(TrouveDossierEtat(arguments.Dossier)),
       Courriels_(TrouveDossierReglages(arguments.Dossier) + u'/' + kDossierVeille, Encodeur_),
       Personnel_(TrouveDossierReglages(arguments.Dossier) + QStringLiteral("/alarme"),
-                 TrouveDossierEtat(arguments.Dossier)) {}
+                 TrouveDossierEtat(arguments.Dossier)),
+
+      Journal_(TrouveDossierEtat(arguments.Dossier) + QStringLiteral("/journal.jsonl")) {}
 
 SystemeReel::~SystemeReel() = default;
 
@@ -89,6 +100,8 @@ PortsSysteme SystemeReel::Ports() {
       .Bureau = Bureau_,
       .Courriels = Courriels_,
       .Personnel = Personnel_,
+      .Journal = Journal_,
+      .Course = NommeCourse(),
       .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                QStringLiteral(VAKTOR_VERSION)},
       .TermineErrants = [this](Compagnon compagnon,

@@ -27,6 +27,7 @@
 #include "platform/folders/system_folders.h"
 #include "platform/image/jpeg_photo_reader.h"
 #include "platform/image/turbo_jpeg_encoder.h"
+#include "platform/journal/journal_file.h"
 #include "platform/sound/wave_player.h"
 #include "platform/telling/desktop_notifier.h"
 #include "platform/telling/mail_drop.h"
@@ -88,6 +89,7 @@ class SystemeReel {
   NotifieurSysteme Bureau_;
   DepotCourrielsFichiers Courriels_;
   ProgrammePersonnelSysteme Personnel_;
+  FichierJournalSysteme Journal_;
   std::array<QuestionDisque<bool>, kCompagnons.size()> Balais_;  // one for each companion
   std::unique_ptr<MemoireCapture> Memoire_;
 };

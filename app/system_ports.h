@@ -32,6 +32,7 @@
 #include "image/ports/photo_reader.h"
 #include "image/ports/space_query.h"
 #include "image/ports/write_trial.h"
+#include "journal/ports/journal_file.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
 #include "texts/language.h"
@@ -76,6 +77,8 @@ struct PortsSysteme {
   NotifieurBureau& Bureau;
   DepotCourriels& Courriels;
   ProgrammePersonnel& Personnel;  ///< "alarme"
+  FichierJournal& Journal;
+  QString Course;  ///< tells this run from every other that writes the same journal
   SitePages Site = {};
   /// Ends the companions of this name that another copy has left behind, off the user-interface thread, and calls
   /// `fini` from the event loop.

@@ -97,6 +97,7 @@ void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
   if (Ports_.Reglages.MailActif && mail) {
     AttendDepuis_ = etats.Mail.Attente ? std::optional(maintenant - *etats.Mail.Attente) : std::nullopt;
     MotsMail_ = etats.Mail.MotsServeur;
+    SuitAccepte(etats.Mail.Accepte);
     JugeCourriels();
   }
   if (LiveDepuis_ && ftp) {
@@ -106,6 +107,13 @@ void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
     MotsFtp_ = etats.Ftp.MotsServeur;
     JugePage();
   }
+}
+
+// The first reading finds what an earlier run has sent.
+void SuiviEnvois::SuitAccepte(const QString& accepte) {
+  const bool nouveau = Accepte_ && *Accepte_ != accepte && !accepte.isEmpty();
+  Accepte_ = accepte;
+  if (nouveau && Ports_.SurAccepte) Ports_.SurAccepte();
 }
 
 void SuiviEnvois::JugeCourriels() {

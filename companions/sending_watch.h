@@ -27,6 +27,8 @@ struct PortsEnvois {
   RapportSante& Sante;
   /// This companion is there and takes its messages: what it writes can be expected. Empty: it always is.
   std::function<bool(Compagnon)> Present = {};
+  /// A server has taken a mail since the look before, or several. Empty: nobody wants to know.
+  std::function<void()> SurAccepte = {};
 };
 
 /// Judges by time alone: what a companion said last goes on ageing when it dies, hangs, or its disk does not answer. A
@@ -52,6 +54,7 @@ class SuiviEnvois {
   void Regarde();
   void Recoit(const EtatsCompagnons& etats);
   void SuitInterrupteurs();
+  void SuitAccepte(const QString& accepte);
   void JugeCourriels();
   void JugePage();
   void JugeNouvelles();
@@ -76,6 +79,7 @@ class SuiviEnvois {
   std::optional<qint64> PublieA_;
   bool FtpParle_ = false;  // its file was read since the switch is on
   QString MotsMail_, MotsFtp_;
+  std::optional<QString> Accepte_;  // as last read; nothing before the first reading
   Nouvelles NouvellesMail_, NouvellesFtp_;
   std::unique_ptr<Minuterie> TimerEnvois_;
 };

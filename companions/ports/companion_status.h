@@ -17,6 +17,8 @@ struct EtatCompagnon {
   QString MotsServeur = {};       ///< what the other side said, of a failure that stands; one line
   /// Another text each time the companion has said that it lives; empty where its file tells nothing of the kind.
   QString Battement = {};
+  /// Mail: another text each time a server has taken a mail; empty while none has.
+  QString Accepte = {};
 };
 
 struct EtatsCompagnons {

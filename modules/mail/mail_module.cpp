@@ -212,6 +212,7 @@ void ModuleMail::PrendRapport(const RapportEnvoi& rapport) {
     Signale(r);
   if (r.Accepte) Refuse_ = 0;
   if (r.Accepte && EnMemoire_.remove(rapport.Nom) > 0) Veille_.NoteParti(rapport.Nom);
+  if (r.Accepte) Contexte_.Etat.NoteChamp(QStringLiteral("accepted"), EtatModule::EcritInstant(Ports_.Maintenant()));
   if (r.Definitif && r.Cause != CauseEchec::kAbandonne && Refuse_ == 0) Refuse_ = Ports_.Maintenant();
   SuitAttente();
 }

@@ -31,6 +31,7 @@ EtatCompagnon LitEtat(const QString& dossier, Compagnon qui, qint64 maintenant) 
   etat.Attente = LitAge(objet, "waiting_since", maintenant);
   etat.Publie = LitAge(objet, "live_published", maintenant);
   etat.Battement = objet.value(QStringLiteral("alive")).toString();
+  etat.Accepte = objet.value(QStringLiteral("accepted")).toString();
   if (objet.value(QStringLiteral("state")).toString() == QLatin1String("failure"))
     etat.MotsServeur = objet.value(QStringLiteral("server")).toString().simplified().left(kMotsMax);
   return etat;

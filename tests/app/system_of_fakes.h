@@ -17,6 +17,7 @@
 #include "fakes/fake_folder_tree.h"
 #include "fakes/fake_foreign_accounts.h"
 #include "fakes/fake_interface_sounds.h"
+#include "fakes/fake_journal_file.h"
 #include "fakes/fake_mail_drop.h"
 #include "fakes/fake_photo_eraser.h"
 #include "fakes/fake_photo_names.h"
@@ -318,6 +319,21 @@ class NomsNotes : public faux::LecteurNomsFaux {
   Journal& J_;
 };
 
+class LignesNotees : public faux::FichierJournalFaux {
+ public:
+  explicit LignesNotees(Journal& journal) : J_(journal) {}
+  void Ajoute(const QByteArray& ligne) noexcept override {
+    const qsizetype mot = ligne.indexOf("\"what\":\"") + 8;
+    J_.Note([&] {
+      return QStringLiteral("journal: ") + QString::fromLatin1(ligne.mid(mot, ligne.indexOf('"', mot) - mot));
+    });
+    FichierJournalFaux::Ajoute(ligne);
+  }
+
+ private:
+  Journal& J_;
+};
+
 /// The program over it. Nothing is started before Demarre.
 struct SystemeFaux {
   SystemeFaux() {
@@ -368,6 +384,8 @@ struct SystemeFaux {
         .Bureau = Bureau,
         .Courriels = Courriels,
         .Personnel = Personnel,
+        .Journal = LignesJournal,
+        .Course = QStringLiteral("run"),
         .Site = {QStringLiteral("https://www.example.org"), QStringLiteral("/opt/v/site"), QStringLiteral("1.4.9")},
         .TermineErrants =
             [this](Compagnon compagnon, std::function<void()> fini) {
@@ -433,6 +451,7 @@ struct SystemeFaux {
   faux::NotifieurFaux Bureau;
   faux::DepotFaux Courriels;
   faux::ProgrammePersonnelFaux Personnel;
+  LignesNotees LignesJournal{Notes};
   // The form of the alarm sound is the real one, over a player that keeps what it was to play.
   DossiersProgramme DossiersDesSons{.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")};
   FauxFichiers DisqueDesSons;
