@@ -40,6 +40,7 @@
 #include "image/forms/webcam_pecran.h"
 #include "image/photo_recorder.h"
 #include "image/photo_watch.h"
+#include "journal/forms/form_timeline.h"
 #include "journal/watch_journal.h"
 #include "settings/persistent_settings.h"
 #include "ui/shown/companion_link_view.h"
@@ -113,13 +114,19 @@ class Vaktor : private EtapesDepart {
   FormVisuPhoto& Galerie();
   void CreeRepertoire(FormVisuPhoto& galerie);
 
-  // The health of the watch, and its journal (application_health.cpp).
+  // The health of the watch (application_health.cpp).
   void CreeSante();
+  void ArreteSante();
+
+  // The journal of the watch (application_journal.cpp).
   void CreeJournal();
   void NoteImageAgissante();
+  void BrancheFrise();
+  void OuvreFrise();
+  void CreeFrise();
+  void DechargeFrise();
   void NotePhotoAgissante(const QString& fichier);
   QPoint PlaceFrmSante(const QSize& taille);
-  void ArreteSante();
 
   // The end (application_end.cpp).
   void AbandonneDepart();
@@ -195,6 +202,7 @@ class Vaktor : private EtapesDepart {
   std::unique_ptr<VueRepertoire> Repertoire_;
   std::unique_ptr<FormSound> FormSound_;  // from its first opening on
   std::unique_ptr<VueSante> VueSante_;
+  std::unique_ptr<FrmFrise> Frise_;            // from its first opening on
   std::unique_ptr<CentrageFenetre> Centrage_;  // from the first showing of Form1 on
   std::unique_ptr<VueParametres> VueParametres_;
   std::unique_ptr<ChargeurTextes> ChargeurTextes_;

@@ -82,6 +82,7 @@ void Vaktor::FermeApplication() {
   EssaieJusquauBout([this] { Splash_.Decharge(); });
   if (FormMonitor_) EssaieJusquauBout([this] { FormMonitor_->close(); });
   if (FormSound_) EssaieJusquauBout([this] { FormSound_->close(); });
+  if (Frise_) EssaieJusquauBout([this] { Frise_->close(); });
   Pompe();
   EssaieJusquauBout([this] { Form1_->hide(); });
 }
@@ -121,6 +122,7 @@ void Vaktor::DechargeFormes() {
   ChargeurTextes_.reset();
   VueParametres_.reset();
   VueSante_.reset();
+  DechargeFrise();
   FormWinsock_.reset();
   FormSound_.reset();
   Repertoire_.reset();

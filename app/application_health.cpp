@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The health of the watch: who shows it, who tells it, who writes it down, and from when on.
+// The health of the watch: who shows it, who tells it, and from when on.
 #include <QScreen>
 
 #include "app/application.h"
@@ -29,29 +29,6 @@ void Vaktor::CreeSante() {
   Sante_.Lance();
   SigneDeVie_->Lance();
   Journal_->Lance();
-}
-
-// It begins with the health, before which nothing acts: the words of a start that fails are told elsewhere.
-void Vaktor::CreeJournal() {
-  Journal_ = std::make_unique<JournalVeille>(
-      PortsJournal{Systeme_.Temps, Minuteries_, Systeme_.Journal, Systeme_.Course,
-                   [this] { return Moteur_->Alarme().AlarmeArmee; }, [this] { return Liaison_.SurveillanceEnCours; }});
-}
-
-// The photo of a frame, and that it acts, are of one frame.
-void Vaktor::NoteImageAgissante() {
-  const EtatDetection& detection = Moteur_->Detection();
-  if (!Journal_ || ImageNotee_ == detection.Comparees) return;
-  ImageNotee_ = detection.Comparees;
-  const auto& cadre = detection.Mouv;
-  Journal_->NoteImage(detection.NbrPoints, QRect(QPoint(cadre.MinX, cadre.MinY), QPoint(cadre.MaxX, cadre.MaxY)));
-}
-
-// Behind its frame, whose movement it shows.
-void Vaktor::NotePhotoAgissante(const QString& fichier) {
-  NoteImageAgissante();
-  // The folder in its stored form, as the gallery has it: the path that comes here has it no more.
-  if (Journal_) Journal_->NotePhoto(Reglages_.RepertoirePhoto, fichier.mid(fichier.lastIndexOf(u'/') + 1));
 }
 
 // Beside the main window and, as far as there is room, beside the monitor.

@@ -69,6 +69,7 @@ void Vaktor::ChargeTextes() {
     if (FrmSmtp_) FrmSmtp_->EcritMots();
     if (FrmEssaiFtp_) FrmEssaiFtp_->EcritMots(LangueParlee(Reglages_.LangueCourante));
     if (VueSante_) VueSante_->Actualise();
+    if (Frise_) Frise_->Habille();
     EcritLibellesBoutons(*Form1_, Textes_);
     if (Systeme_.ParleOutils) Systeme_.ParleOutils(LangueParlee(Reglages_.LangueCourante));
   });
@@ -106,6 +107,7 @@ FormVisuPhoto& Vaktor::Galerie() {
                                                             Systeme_.Boites, Systeme_.Navigateur});
     FormVisuPhoto_ = std::make_unique<FormVisuPhoto>(*Galerie_, Reglages_, Textes_);
     Galerie_->ExigeLien();
+    BrancheFrise();
     CreeRepertoire(*FormVisuPhoto_);
   }
   return *FormVisuPhoto_;

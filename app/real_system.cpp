@@ -21,6 +21,10 @@ QString TrouveFichierReglages(const QString& dossier) {
   return TrouveDossierReglages(dossier) + QLatin1Char('/') + kFichierReglages;
 }
 
+QString TrouveFichierJournal(const QString& dossier) {
+  return TrouveDossierEtat(dossier) + QStringLiteral("/journal.jsonl");
+}
+
 // No two runs begin in the same millisecond under the same number.
 QString NommeCourse() {
   return QString::number(QDateTime::currentMSecsSinceEpoch(), 36) + QLatin1Char('-') +
@@ -42,7 +46,8 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
       Personnel_(TrouveDossierReglages(arguments.Dossier) + QStringLiteral("/alarme"),
                  TrouveDossierEtat(arguments.Dossier)),
 
-      Journal_(TrouveDossierEtat(arguments.Dossier) + QStringLiteral("/journal.jsonl")) {}
+      Journal_(TrouveFichierJournal(arguments.Dossier)),
+      Chroniques_(TrouveFichierJournal(arguments.Dossier)) {}
 
 SystemeReel::~SystemeReel() = default;
 
@@ -101,6 +106,11 @@ PortsSysteme SystemeReel::Ports() {
       .Courriels = Courriels_,
       .Personnel = Personnel_,
       .Journal = Journal_,
+      .Chroniques = Chroniques_,
+      .Vignettes = Vignettes_,
+      .PhotosDuFilm = PhotosDuFilm_,
+      .Films = Films_,
+      .ChoixFilm = ChoixFilm_,
       .Course = NommeCourse(),
       .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                QStringLiteral(VAKTOR_VERSION)},

@@ -27,7 +27,10 @@
 #include "platform/folders/system_folders.h"
 #include "platform/image/jpeg_photo_reader.h"
 #include "platform/image/turbo_jpeg_encoder.h"
+#include "platform/journal/chronicle_file_reader.h"
+#include "platform/journal/film_file_writer.h"
 #include "platform/journal/journal_file.h"
+#include "platform/journal/thumbnail_file_reader.h"
 #include "platform/sound/wave_player.h"
 #include "platform/telling/desktop_notifier.h"
 #include "platform/telling/mail_drop.h"
@@ -90,6 +93,11 @@ class SystemeReel {
   DepotCourrielsFichiers Courriels_;
   ProgrammePersonnelSysteme Personnel_;
   FichierJournalSysteme Journal_;
+  LecteurChroniqueSysteme Chroniques_;
+  LecteurVignettesSysteme Vignettes_{LitVignetteJpeg};
+  LecteurPhotosSysteme PhotosDuFilm_{LitPhotoJpeg};
+  EcrivainFilmSysteme Films_;
+  DialogueSauvegardeQt ChoixFilm_;
   std::array<QuestionDisque<bool>, kCompagnons.size()> Balais_;  // one for each companion
   std::unique_ptr<MemoireCapture> Memoire_;
 };

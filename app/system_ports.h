@@ -7,6 +7,7 @@
 
 #include "base/ports/message_boxes.h"
 #include "base/ports/opener.h"
+#include "base/ports/save_dialog.h"
 #include "base/program_folders.h"
 #include "companions/ports/companion_status.h"
 #include "companions/ports/folder_measure.h"
@@ -32,7 +33,10 @@
 #include "image/ports/photo_reader.h"
 #include "image/ports/space_query.h"
 #include "image/ports/write_trial.h"
+#include "journal/ports/chronicle_reader.h"
+#include "journal/ports/film_writer.h"
 #include "journal/ports/journal_file.h"
+#include "journal/ports/thumbnail_reader.h"
 #include "settings/ports/files.h"
 #include "settings/ports/settings_store.h"
 #include "texts/language.h"
@@ -78,6 +82,11 @@ struct PortsSysteme {
   DepotCourriels& Courriels;
   ProgrammePersonnel& Personnel;  ///< "alarme"
   FichierJournal& Journal;
+  LecteurChronique& Chroniques;
+  LecteurVignettes& Vignettes;
+  LecteurPhotos& PhotosDuFilm;  ///< of the player of intrusions, beside Lecteur, which is the gallery's
+  EcrivainFilm& Films;
+  DialogueSauvegarde& ChoixFilm;
   QString Course;  ///< tells this run from every other that writes the same journal
   SitePages Site = {};
   /// Ends the companions of this name that another copy has left behind, off the user-interface thread, and calls

@@ -110,6 +110,14 @@ QString DitEffacementArrete(Langue langue, EtatEffacement etat, const QStringLis
   return raison + QStringLiteral("\r\n") + DitPhotosRestees(langue, noms);
 }
 
+QString MotFrise(Langue langue) { return Phrase{"Frise", "Timeline"}.Dit(langue); }
+
+QString AideFrise(Langue langue) {
+  return Phrase{"La journée d'un coup d'œil : intrusions, veille, films (F4, ici comme dans la fenêtre principale)",
+                "The day at a glance: intrusions, the watch, films (F4, here and in the main window)"}
+      .Dit(langue);
+}
+
 QString MotListePhotos(Langue langue) { return Phrase{"Liste des photos", "List of pictures"}.Dit(langue); }
 
 QString MotEffacement(Langue langue) { return Phrase{"Suppression des photos", "Erasing pictures"}.Dit(langue); }

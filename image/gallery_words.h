@@ -29,6 +29,9 @@ QString DitLectureImpossible(Langue langue, EtatNoms etat, const QString& dossie
 QString DitPhotosRestees(Langue langue, const QStringList& noms);
 /// Why a deletion ended before its last photo, and these names. Not for kFait.
 QString DitEffacementArrete(Langue langue, EtatEffacement etat, const QStringList& noms);
+/// The button that opens the timeline, and what it does, with its key.
+QString MotFrise(Langue langue);
+QString AideFrise(Langue langue);
 /// The list and the progress window, for those who hear the window.
 QString MotListePhotos(Langue langue);
 QString MotEffacement(Langue langue);

@@ -18,12 +18,28 @@ void GaleriePhotos::SupprimeTout() {
   if (!EstDeposee(Genre::kEffacementToutes)) Depose(Geste::kEfface, {.Quoi = Genre::kEffacementToutes});
 }
 
+void GaleriePhotos::SupprimeDes(const QString& dossier, const QStringList& noms, const QString& question,
+                                std::function<void()> fini) {
+  if (EstDeposee(Genre::kEffacementDes) || DonneTour(DonneOccupation(), Geste::kEfface) == Tour::kJamais) {
+    fini();
+    return;
+  }
+  Depose(Geste::kEfface, {.Quoi = Genre::kEffacementDes,
+                          .Dossier = dossier,
+                          .Fin = std::move(fini),
+                          .Voulues = noms,
+                          .Question = question});
+}
+
 // Names as they are when the question comes up: what comes into the folder from here on stays. A folder that is chosen
 // meanwhile waits its turn, and none of its photos is meant.
 void GaleriePhotos::DemandeEffacement() {
   const bool toutes = EnCours_->Quoi == Genre::kEffacementToutes;
   const quint64 numero = EnCours_->Numero;
-  const QStringList voulues = toutes ? Entrees_ : QStringList(Entrees_.mid(Index_, Index_ < 0 ? 0 : 1));
+  const bool nommees = EnCours_->Quoi == Genre::kEffacementDes;
+  const QStringList voulues = nommees  ? EnCours_->Voulues
+                              : toutes ? Entrees_
+                                       : QStringList(Entrees_.mid(Index_, Index_ < 0 ? 0 : 1));
   const bool accord = (toutes || !voulues.isEmpty()) && DemandeAccord(voulues);
   // Events have run under the question, the end of the window or of the program among them.
   if (!EstEnCours(numero)) return;
@@ -33,7 +49,8 @@ void GaleriePhotos::DemandeEffacement() {
   }
   EnCours_->Voulues = voulues;
   EnCours_->Chemins.reserve(voulues.size());
-  for (const QString& entree : voulues) EnCours_->Chemins += CheminDe(Chemin_, entree);
+  const QString dossier = nommees ? EnCours_->Dossier : Chemin_;
+  for (const QString& entree : voulues) EnCours_->Chemins += CheminDe(dossier, entree);
   if (toutes) {
     EnCours_->Fin = [this] { TermineEffacement(); };
     Affichage_->OuvreProgression(static_cast<int>(voulues.size()) - 1);  // -1 for an empty folder: it opens and goes
@@ -43,10 +60,11 @@ void GaleriePhotos::DemandeEffacement() {
 
 bool GaleriePhotos::DemandeAccord(const QStringList& voulues) {
   const TablesTextes& textes = Ports_.Textes;
-  const bool toutes = EnCours_->Quoi == Genre::kEffacementToutes;
-  const QString question =
-      toutes ? textes.Dit(Message::kEffaceTout)
-             : textes.Dit(Message::kEffacePhoto) + QStringLiteral("\r\n\"") + voulues.first() + QStringLiteral("\" ?");
+  const bool toutes = EnCours_->Quoi != Genre::kEffacementUne;
+  const QString question = EnCours_->Quoi == Genre::kEffacementDes ? EnCours_->Question
+                           : toutes                                ? textes.Dit(Message::kEffaceTout)
+                                    : textes.Dit(Message::kEffacePhoto) + QStringLiteral("\r\n\"") + voulues.first() +
+                                          QStringLiteral("\" ?");
   const QString titre = toutes ? textes.Dit(Message::kTitreEffaceTout) : QString();
   return Ports_.Boites.MontreMessage(question, titre, BoutonsBoite::kOuiNon) == ReponseBoite::kOui;
 }
@@ -92,6 +110,11 @@ void GaleriePhotos::ArreteEffacement(EtatEffacement etat) {
 
 // The picture of a single photo stays on display until another is shown.
 void GaleriePhotos::RelitApresEffacement(bool arretee) {
+  // Photos of a folder that no list shows: whoever asked looks for himself.
+  if (EnCours_->Quoi == Genre::kEffacementDes && EnCours_->Dossier != Chemin_) {
+    Cloture(EnCours_->Numero, true);
+    return;
+  }
   Attente_.push_front({.Quoi = Genre::kSuiteEffacement,
                        .Fin = std::move(EnCours_->Fin),
                        .Voulues = std::move(EnCours_->Voulues),

@@ -91,6 +91,11 @@ class GaleriePhotos {
   // Deletion (photo_deletion.cpp). Each asks first; photos that stay are named in one message.
   void SupprimePhoto();
   void SupprimeTout();
+  /// These photos of a folder (stored form), whatever the list shows, after this question. `fini` is called once: when
+  /// they are gone or what can go is, the user says no, or another deletion has the turn. The list is read anew if it
+  /// is of that folder.
+  void SupprimeDes(const QString& dossier, const QStringList& noms, const QString& question,
+                   std::function<void()> fini);
 
   /// TxtNbrPhotDisk has this text now: gives the one that it is to have, and NombrePhotoMax its value. `lue`: it comes
   /// from the store. It is cleaned like any other, but marks nothing: a start alone leaves nothing to save.
@@ -105,7 +110,16 @@ class GaleriePhotos {
 
  private:
   enum class Place { kVide, kPhoto, kAvis, kAucunePhoto, kSansReponse };
-  enum class Genre { kOuverture, kRepli, kRepointage, kRelecture, kSuiteEffacement, kEffacementUne, kEffacementToutes };
+  enum class Genre {
+    kOuverture,
+    kRepli,
+    kRepointage,
+    kRelecture,
+    kSuiteEffacement,
+    kEffacementUne,
+    kEffacementToutes,
+    kEffacementDes
+  };
   /// What waits for its turn or has it; all but the last two read a folder.
   struct Demande {
     Genre Quoi = Genre::kRelecture;
@@ -118,6 +132,7 @@ class GaleriePhotos {
     bool Arretee = false;            // kSuiteEffacement: the deletion did not come to its end
     bool Relue = false;              // the list is read anew because its first photo had gone
     quint64 Numero = 0;              // tells it from any other
+    QString Question = {};           // kEffacementDes
   };
   /// A photo that is to be read. Only the first of a folder that is opened has a continuation: whether it can be shown
   /// decides how the opening goes on.
@@ -131,7 +146,9 @@ class GaleriePhotos {
   Occupation DonneOccupation() const;
   void Depose(Geste geste, Demande demande);
   bool EstDeposee(Genre quoi) const;
-  static bool EstEffacement(Genre quoi) { return quoi == Genre::kEffacementUne || quoi == Genre::kEffacementToutes; }
+  static bool EstEffacement(Genre quoi) {
+    return quoi == Genre::kEffacementUne || quoi == Genre::kEffacementToutes || quoi == Genre::kEffacementDes;
+  }
   bool EstEnCours(quint64 numero) const { return EnCours_ && EnCours_->Numero == numero; }
   void LanceSuivante();
   void Cloture(quint64 numero, bool reussie);

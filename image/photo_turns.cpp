@@ -106,7 +106,8 @@ void GaleriePhotos::OublieOuverture() {
 
 // They were asked for before the list of another folder: their question would be about photos that nobody has seen.
 void GaleriePhotos::OublieEffacements() {
-  std::erase_if(Attente_, [](const Demande& d) { return EstEffacement(d.Quoi); });
+  // Named photos of a named folder are another matter: their question says which.
+  std::erase_if(Attente_, [](const Demande& d) { return EstEffacement(d.Quoi) && d.Quoi != Genre::kEffacementDes; });
 }
 
 }  // namespace vaktor

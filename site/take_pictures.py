@@ -7,8 +7,11 @@
 PROGRAM is a built Vaktor. Without names all pictures are taken anew. Needs Xvfb, xdotool and ImageMagick. The program
 runs on its built-in picture in a throw-away folder, once for each language; the pictures land in site/pictures.
 """
+import datetime
+import json
 import os
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -123,6 +126,75 @@ def gallery(program, language, wanted):
         take(window, "gallery-%s.webp" % language)
 
 
+def make_night(folder):
+    """Of the intrusion that the program has just seen a whole night: the same photos at other times, in its journal."""
+    journal = folder / "etat" / "journal.jsonl"
+    seen = [json.loads(line) for line in journal.read_text().splitlines()]
+    model = [line for line in seen if line["what"] == "intrusion-ends"][-1]
+    photos = sorted((folder / "intrus").glob("*.jpg"))
+    today = datetime.datetime.now().astimezone().replace(hour=0, minute=0, second=0, microsecond=0)
+    lines = []
+
+    def write(moment, what, **more):
+        at = (today + moment).isoformat(timespec="milliseconds")
+        lines.append({"v": 1, "at": at, "what": what, "run": "night",
+                      "up": round((moment + datetime.timedelta(hours=2)) / datetime.timedelta(milliseconds=1)), **more})
+
+    def moment(hour, minute, second=0):
+        return datetime.timedelta(hours=hour, minutes=minute, seconds=second)
+
+    write(moment(-1, 58), "armed")
+    for number, (hour, minute, second, first, count, samples) in enumerate([
+            (0, 41, 18, 0, 12, 74), (2, 14, 7, 20, 60, 1480), (2, 52, 40, 10, 24, 310), (3, 47, 52, 30, 90, 940),
+            (5, 20, 31, 5, 9, 52), (6, 33, 3, 25, 70, 620)]):
+        begin = moment(hour, minute, second)
+        chosen = photos[first:first + count]
+        names, boxes = [], []
+        old = {model["boxes"][i]: model["boxes"][i + 1:i + 5] for i in range(0, len(model["boxes"]), 5)}
+        for i, photo in enumerate(chosen):
+            at = (today + begin + datetime.timedelta(seconds=i // 8)).strftime("%H-%M-%S")
+            names.append("%s  %s Photo %05d.jpg" % (today.strftime("%Y-%m-%d"), at, 1000 * (number + 1) + i))
+            shutil.copy2(photo, folder / "intrus" / names[-1])
+            box = old.get(int(photo.stem.rsplit(" ", 1)[1]))
+            boxes += [1000 * (number + 1) + i, *box] if box else []
+        best = len(names) * 2 // 3
+        write(begin + moment(0, 0, 10 + count // 8), "intrusion-ends", since=(today + begin).isoformat(timespec="milliseconds"),
+              length=count * 125, frames=count, samples=samples, photos=count, folder=model["folder"], first=names[0],
+              last=names[-1], best=names[best], boxes=boxes,
+              box=old.get(int(chosen[best].stem.rsplit(" ", 1)[1]), model["box"]))
+        if samples > 500:
+            write(begin + moment(0, 2), "mail-accepted")
+        if hour == 3:
+            write(moment(4, 5), "condition-begins", condition="signal-lost", detail="/dev/video0")
+            write(moment(4, 31), "condition-ends", condition="signal-lost")
+    write(moment(7, 2), "disarmed")
+    for photo in photos:
+        photo.unlink()
+    journal.write_text("".join(json.dumps(line) + "\n" for line in lines))
+
+
+def timeline(program, language, wanted):
+    if not wanted("timeline") and not wanted("player"):
+        return
+    with Program(program, language, ["/alarm"]) as vaktor:
+        vaktor.wait_for_photo()
+        time.sleep(8)
+        main = vaktor.window("^Vaktor$")
+        vaktor.click(main, (340, 19))  # disarms: the intrusion ends
+        time.sleep(2)
+        make_night(pathlib.Path(vaktor.folder.name))
+        vaktor.click(main, BUTTONS["pictures"])
+        vaktor.window("^Intrusions")
+        run("xdotool", "key", "F4")
+        window = vaktor.window("^(Frise|Timeline)$")
+        time.sleep(3)
+        wanted("timeline") and take(window, "timeline-%s.webp" % language)
+        run("xdotool", "key", "--window", window, "Home", "Right", "Right", "Return")
+        player = vaktor.window("^Intrusion (at|à)")
+        time.sleep(3)
+        wanted("player") and take(player, "player-%s.webp" % language)
+
+
 def mail_settings(program, language, wanted):
     if not wanted("smtp"):
         return
@@ -134,7 +206,7 @@ def mail_settings(program, language, wanted):
         take(vaktor.window("^SMTP$"), "smtp-%s.webp" % language)
 
 
-SCENES = [pages, at_work, gallery, mail_settings]
+SCENES = [pages, at_work, gallery, timeline, mail_settings]
 
 
 def main():

@@ -15,6 +15,8 @@ namespace vaktor {
 
 namespace {
 
+constexpr int kMargeFrise = 8;
+constexpr QSize kTailleFrise{110, 28};        // as the panel's buttons
 constexpr QSize kTailleConception{920, 620};  // once it is restored from its maximised start
 
 }  // namespace
@@ -25,12 +27,14 @@ FormVisuPhoto::FormVisuPhoto(GaleriePhotos& regles, const Parametres& reglages, 
       Reglages_(reglages),
       Textes_(textes),
       PictureVisu_(new PlacePhoto(this)),
-      PictureAfff_(new PanneauGalerie(this)) {
+      PictureAfff_(new PanneauGalerie(this)),
+      CmdFrise_(new QPushButton(this)) {
   setObjectName(QStringLiteral("FormVisuPhoto"));
   setWindowTitle(QStringLiteral("Intrusions"));
   PictureVisu_->setObjectName(QStringLiteral("PictureVisu"));
   resize(kTailleConception);
   CreeMenu();
+  CreeCmdFrise();
   BranchePanneau();
   BrancheListe();
   connect(PictureVisu_, &PlacePhoto::TailleChangee, this, &FormVisuPhoto::PlaceLaPhoto);
@@ -46,6 +50,17 @@ void FormVisuPhoto::CreeMenu() {
   Mnu_Supprim_ = Mnu_file_->addAction(QString());
   Mnu_Supprim_->setObjectName(QStringLiteral("Mnu_Supprim"));
   connect(Mnu_Supprim_, &QAction::triggered, this, [this] { Regles_.SupprimePhoto(); });
+}
+
+// No given control makes room for it: it stands where only the background is, or the corner of a very large photo.
+void FormVisuPhoto::CreeCmdFrise() {
+  CmdFrise_->setObjectName(QStringLiteral("CmdFrise"));
+  CmdFrise_->setFont(PictureAfff_->font());
+  CmdFrise_->setAutoDefault(true);
+  connect(CmdFrise_, &QAbstractButton::clicked, this, [this] {
+    if (OuvreFrise_) OuvreFrise_();
+  });
+  setTabOrder(PictureAfff_->CmdClearRepPhot, CmdFrise_);
 }
 
 void FormVisuPhoto::BranchePanneau() {
@@ -90,6 +105,8 @@ void FormVisuPhoto::OuvreMenu(const QPoint& position) {
 void FormVisuPhoto::ChargeMots() {
   PictureAfff_->ChargeMots(Textes_, LangueParlee(Reglages_.LangueCourante));
   Mnu_Supprim_->setText(Textes_.Dit(Libelle::kSupprime));
+  CmdFrise_->setText(MotFrise(LangueParlee(Reglages_.LangueCourante)));
+  CmdFrise_->setToolTip(AideFrise(LangueParlee(Reglages_.LangueCourante)));
   Regles_.AfficheNombrePhotos();
   Regles_.RedisAvis();
 }
@@ -149,6 +166,9 @@ void FormVisuPhoto::Dispose() {
   PictureAfff_->setGeometry(0, 0, kLargeurPanneau, places.HauteurPanneau);
   PictureAfff_->FilePhotoVisu->resize(PictureAfff_->FilePhotoVisu->width(), places.HauteurListe);
   PictureVisu_->move(places.Photo);
+  CmdFrise_->setGeometry(width() - kMargeFrise - kTailleFrise.width(), kMargeFrise, kTailleFrise.width(),
+                         kTailleFrise.height());
+  CmdFrise_->raise();
   update();
 }
 

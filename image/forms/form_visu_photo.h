@@ -16,7 +16,8 @@
 namespace vaktor {
 
 /// Owner: app/; made at its first use, which is the first load of the texts, and alive for the whole run: closing saves
-/// and hides. Controls: PictureAfff with those of PanneauGalerie, PictureVisu, and the pop-up menu Mnu_file with
+/// and hides. Controls: PictureAfff with those of PanneauGalerie, PictureVisu, CmdFrise in the upper right
+/// corner, over whatever photo lies there, and the pop-up menu Mnu_file with
 /// Mnu_Supprim. User-interface thread.
 class FormVisuPhoto : public QWidget, private AffichageGalerie {
   Q_OBJECT
@@ -37,6 +38,8 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
   }
   /// What Command7 opens.
   void SurChoixRepertoire(std::function<void()> choisit) { ChoisitRepertoire_ = std::move(choisit); }
+  /// What CmdFrise opens.
+  void SurFrise(std::function<void()> ouvre) { OuvreFrise_ = std::move(ouvre); }
   void ChargeMots();
 
  protected:
@@ -61,6 +64,7 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
   void BranchePanneau();
   void MontreLimite();
   void BrancheListe();
+  void CreeCmdFrise();
   void OuvreMenu(const QPoint& position);
   void Dispose();
   void PlaceLaPhoto();
@@ -70,8 +74,10 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
   const Parametres& Reglages_;
   const TablesTextes& Textes_;
   std::function<void()> ChoisitRepertoire_;
+  std::function<void()> OuvreFrise_;
   PlacePhoto* PictureVisu_;
   PanneauGalerie* PictureAfff_;
+  QPushButton* CmdFrise_;
   QMenu* Mnu_file_ = nullptr;
   QAction* Mnu_Supprim_ = nullptr;
   QPixmap Fond_;        // as much of the stretched background as shows

@@ -3,11 +3,42 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QStandardPaths>
 
 namespace vaktor {
 
 QString DialogueFichierQt::ChoisitFichier(const QString& filtre) {
   return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), filtre);
+}
+
+namespace {
+
+/// "mkv" of "Matroska (*.mkv)".
+QString FinDe(const QString& filtre) {
+  static const QRegularExpression motif(QStringLiteral("\\*\\.(\\w+)\\)$"));
+  return motif.match(filtre).captured(1);
+}
+
+}  // namespace
+
+QString DialogueSauvegardeQt::ChoisitDestination(const QString& nom, const QStringList& filtres) {
+  if (Dossier_.isEmpty()) Dossier_ = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
+  QFileDialog dialogue(QApplication::activeWindow(), QString(), QFileInfo(Dossier_).isDir() ? Dossier_ : QString());
+  dialogue.setAcceptMode(QFileDialog::AcceptSave);
+  dialogue.setNameFilters(filtres);
+  dialogue.setDefaultSuffix(FinDe(filtres.value(0)));
+  dialogue.selectFile(nom);
+  QObject::connect(&dialogue, &QFileDialog::filterSelected, &dialogue, [&dialogue](const QString& filtre) {
+    dialogue.setDefaultSuffix(FinDe(filtre));
+    const QStringList choisis = dialogue.selectedFiles();
+    if (!choisis.isEmpty())
+      dialogue.selectFile(QFileInfo(choisis.first()).completeBaseName() + QLatin1Char('.') + FinDe(filtre));
+  });
+  if (dialogue.exec() != QDialog::Accepted || dialogue.selectedFiles().isEmpty()) return {};
+  Dossier_ = dialogue.directory().absolutePath();
+  return dialogue.selectedFiles().first();
 }
 
 }  // namespace vaktor

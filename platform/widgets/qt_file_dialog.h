@@ -3,6 +3,7 @@
 #pragma once
 
 #include "base/ports/file_dialog.h"
+#include "base/ports/save_dialog.h"
 
 namespace vaktor {
 
@@ -10,6 +11,16 @@ namespace vaktor {
 class DialogueFichierQt : public DialogueFichier {
  public:
   QString ChoisitFichier(const QString& filtre) override;
+};
+
+/// The same for saving. The name has the ending of the filter that is chosen. Opens in the user's folder of films, or
+/// where the last one was saved.
+class DialogueSauvegardeQt : public DialogueSauvegarde {
+ public:
+  QString ChoisitDestination(const QString& nom, const QStringList& filtres) override;
+
+ private:
+  QString Dossier_;
 };
 
 }  // namespace vaktor

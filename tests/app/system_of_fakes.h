@@ -25,6 +25,7 @@
 #include "fakes/fake_rehearsal.h"
 #include "fakes/fake_sound_player.h"
 #include "fakes/fake_space_query.h"
+#include "fakes/fake_timeline_ports.h"
 #include "fakes/fake_user_program.h"
 #include "fakes/fake_write_trial.h"
 #include "fakes/journal.h"
@@ -385,6 +386,11 @@ struct SystemeFaux {
         .Courriels = Courriels,
         .Personnel = Personnel,
         .Journal = LignesJournal,
+        .Chroniques = Chroniques,
+        .Vignettes = Vignettes,
+        .PhotosDuFilm = PhotosDuFilm,
+        .Films = Films,
+        .ChoixFilm = ChoixFilm,
         .Course = QStringLiteral("run"),
         .Site = {QStringLiteral("https://www.example.org"), QStringLiteral("/opt/v/site"), QStringLiteral("1.4.9")},
         .TermineErrants =
@@ -452,6 +458,11 @@ struct SystemeFaux {
   faux::DepotFaux Courriels;
   faux::ProgrammePersonnelFaux Personnel;
   LignesNotees LignesJournal{Notes};
+  faux::LecteurChroniqueFaux Chroniques;
+  faux::LecteurVignettesFaux Vignettes;
+  faux::LecteurPhotosFaux PhotosDuFilm;
+  faux::EcrivainFilmFaux Films;
+  faux::DialogueSauvegardeFaux ChoixFilm;
   // The form of the alarm sound is the real one, over a player that keeps what it was to play.
   DossiersProgramme DossiersDesSons{.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")};
   FauxFichiers DisqueDesSons;

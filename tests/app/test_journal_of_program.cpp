@@ -1,5 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the whole program writes into its journal, and that nothing it does depends on that.
+#include <QAbstractItemView>
+#include <QTest>
 #include <algorithm>
 
 #include "app/alarm_fixture.h"
@@ -14,6 +16,13 @@ class JournalDuProgramme : public AlarmeSurFaux {
     for (const EntreeJournal& entree : Systeme.LignesJournal.Entrees())
       if (entree.Mot.isEmpty()) faits.append(entree.Quoi);  // nobody is there for the mails of these programs
     return faits;
+  }
+  /// The main window is there, and hears keys.
+  void DemarreEtMontre() {
+    Demarre();
+    Systeme.Temps.Avance(2000);
+    Fenetre("Form1")->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(Fenetre("Form1")));
   }
   EntreeJournal Derniere(Fait quoi) const {
     const QList<EntreeJournal> entrees = Systeme.LignesJournal.Entrees();
@@ -74,6 +83,48 @@ TEST_F(JournalDuProgramme, ConditionsOfTheWatchAreInIt) {
   Programme->Sante().Leve(Condition::kReglagesNonSauves);
   Systeme.Temps.Avance(1000);
   EXPECT_EQ(Derniere(Fait::kFinCondition).Mot, QStringLiteral("settings-not-saved"));
+}
+
+TEST_F(JournalDuProgramme, TheTimelineOpensByItsKeyAndByTheGallerysButtonAndFollowsWords) {
+  DemarreEtMontre();
+  EXPECT_EQ(Fenetre("FrmFrise"), nullptr);
+  QTest::keyClick(Fenetre("Form1"), Qt::Key_F4);
+  ASSERT_NE(Fenetre("FrmFrise"), nullptr);
+  EXPECT_TRUE(Fenetre("FrmFrise")->isVisible());
+  EXPECT_EQ(Systeme.Chroniques.Dossier, QStringLiteral("/home/u/v\\intrus"));
+  EXPECT_EQ(Systeme.Chroniques.Course, QStringLiteral("run"));
+  EXPECT_EQ(Fenetre("FrmFrise")->windowTitle(), QStringLiteral("Frise"));
+  Fenetre("FrmFrise")->close();
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("BoutonGris(0)")), Qt::LeftButton);
+  QTest::mouseClick(Fenetre("FormVisuPhoto")->findChild<QWidget*>(QStringLiteral("CmdFrise")), Qt::LeftButton);
+  EXPECT_TRUE(Fenetre("FrmFrise")->isVisible());
+  EXPECT_EQ(Systeme.Chroniques.Lectures, 2);
+  Programme->Ferme();
+  EXPECT_FALSE(Fenetre("FrmFrise")->isVisible());
+}
+
+TEST_F(JournalDuProgramme, ErasingAnIntrusionGoesTheGallerysWayAndALineIsReadSoon) {
+  DemarreEtMontre();
+  QTest::keyClick(Fenetre("Form1"), Qt::Key_F4);
+  Systeme.Photos.AjouteFichier(QStringLiteral("/home/u/v/intrus/a.jpg"));
+  Chronique nuit;
+  IntrusionVue vue;
+  vue.Debut = LitMoment(Systeme.Horloge);
+  vue.Dossier = QStringLiteral("/home/u/v\\intrus");
+  vue.Photos = {QStringLiteral("a.jpg")};
+  nuit.Intrusions.append(vue);
+  Systeme.Chroniques.Livre(nuit);
+  Systeme.Messages.Reponse = ReponseBoite::kOui;
+  auto* cartes = Fenetre("FrmFrise")->findChild<QAbstractItemView*>(QStringLiteral("ListeCartes"));
+  cartes->setCurrentIndex(cartes->model()->index(0, 0));
+  QTest::keyClick(cartes, Qt::Key_Delete);
+  EXPECT_TRUE(Systeme.Messages.Textes.constLast().contains(QStringLiteral("photos de cette intrusion")));
+  EXPECT_EQ(Systeme.Photos.Supprimes.size(), 1);
+  EXPECT_EQ(Systeme.Chroniques.Lectures, 2);
+  Systeme.Chroniques.Livre({});
+  Programme->Sante().Signale(Condition::kReglagesNonSauves);
+  Systeme.Temps.Avance(1000);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Systeme.Chroniques.Lectures == 3; }, 20'000));
 }
 
 TEST_F(JournalDuProgramme, AMailThatTheServerHasTakenIsInItOnce) {

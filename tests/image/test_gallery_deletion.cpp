@@ -36,6 +36,36 @@ TEST_F(ReglesSuppression, DeletionOfOneAsksWithoutATitleAndReadsTheListBehindThe
   EXPECT_FALSE(Vue.Photo.isNull()) << "the picture stays though its file is gone";
 }
 
+TEST_F(ReglesSuppression, NamedPhotosOfAFolderGoAfterOneQuestionWhateverTheListShows) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg"), QStringLiteral("c.jpg")});
+  Disque.AjouteDossier(QStringLiteral("/q"));
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("d.jpg")}, QStringLiteral("/q"));
+  Galerie.OuvreGalerie();
+  int finies = 0;
+  Galerie.SupprimeDes(QStringLiteral("/q"), {QStringLiteral("a.jpg"), QStringLiteral("d.jpg")},
+                      QStringLiteral("these two?"), [&] { ++finies; });
+  EXPECT_EQ(Boites.Textes, QStringList{QStringLiteral("these two?")});
+  EXPECT_EQ(Boites.Boutons, BoutonsBoite::kOuiNon);
+  EXPECT_FALSE(Disque.Existe(QStringLiteral("/q/a.jpg")));
+  EXPECT_FALSE(Disque.Existe(QStringLiteral("/q/d.jpg")));
+  EXPECT_TRUE(Disque.Existe(QStringLiteral("/p/a.jpg"))) << "of that folder and of no other";
+  EXPECT_EQ(finies, 1);
+  Galerie.SupprimeDes(QStringLiteral("/p"), {QStringLiteral("b.jpg")}, QStringLiteral("b?"), [&] { ++finies; });
+  EXPECT_EQ(Vue.Liste, QStringList({QStringLiteral("a.jpg"), QStringLiteral("c.jpg")}))
+      << "the list of it is read anew";
+  EXPECT_EQ(finies, 2);
+}
+
+TEST_F(ReglesSuppression, NoToNamedPhotosLeavesThemAndSaysThatItIsOver) {
+  AjoutePhotos({QStringLiteral("a.jpg")});
+  Galerie.OuvreGalerie();
+  Boites.Reponse = ReponseBoite::kNon;
+  int finies = 0;
+  Galerie.SupprimeDes(QStringLiteral("/p"), {QStringLiteral("a.jpg")}, QStringLiteral("a?"), [&] { ++finies; });
+  EXPECT_TRUE(Disque.Supprimes.isEmpty());
+  EXPECT_EQ(finies, 1);
+}
+
 TEST_F(ReglesSuppression, DeletionOfAllAsksAndFillsTheBarStepByStep) {
   AjoutePhotos(NomsSuivis(3));
   Disque.AjouteFichier(QStringLiteral("/p/notes.txt"));
