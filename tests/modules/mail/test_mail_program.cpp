@@ -130,6 +130,27 @@ TEST_F(ProgrammeMail, TheRehearsalTellsEachStepAndSavesNothing) {
   EXPECT_FALSE(QFile::exists(Temporaire.filePath("ailleurs")));
 }
 
+// A provider within the house has an authority of its own.
+TEST_F(ProgrammeMail, TheAuthoritiesOfTheVariableCountAsTheyDoForThePage) {
+  const Certificats certificats(QStringLiteral("127.0.0.1"));
+  Serveur.Arrete();
+  ASSERT_TRUE(Serveur.Demarre(QStringList("--starttls") + certificats.Paire()));
+  const auto repete = [&](const QString& autorite) {
+    PrepareMilieu({{kVariableDossier, Temporaire.filePath("ailleurs")}, {"SSL_CERT_FILE", autorite}});
+    Programme.start(VAKTOR_MAIL, {"--try"});
+    Programme.write(R"({"destination":"anna@exemple.fr","smtpserveur":"127.0.0.1","smtpfrom":"a@b.fr","smtpport":)" +
+                    QByteArray::number(Serveur.Port()) + R"(,"smtpneedlogin":false,"langue":1})");
+    Programme.closeWriteChannel();
+    Programme.waitForFinished();
+    return QString::fromUtf8(Programme.readAll());
+  };
+  const QString bon = repete(certificats.Autorite());
+  EXPECT_EQ(Programme.exitCode(), 0) << bon.toStdString();
+  EXPECT_TRUE(bon.endsWith("The connection was encrypted.\n")) << bon.toStdString();
+  repete(QString());
+  EXPECT_EQ(Programme.exitCode(), 1) << "nobody vouches for it";
+}
+
 QString Entete(const QByteArray& message, const QString& nom) {
   return QString::fromLatin1(message).section("\r\n" + nom + ": ", 1).section('\r', 0, 0);
 }
