@@ -65,6 +65,8 @@ void Vaktor::CreeMoteur() {
       PortsInterrupteurLive{Reglages_, *Sauvegarde_, *Moteur_, *Live_, Vue_, Systeme_.Pompe});
   DemarrageAuto_ = std::make_unique<DemarrageAuto>(
       PortsDemarrageAuto{Minuteries_, [this] { return Moteur_->Camera().EnPause(); },
+                         [this] { return Moteur_->AttendCamera(); }, [this] { return Live_->EstAllume(); },
+                         [this] { return Moteur_->Alarme().AlarmeArmee || Moteur_->CompteAReboursEnCours(); },
                          [this] { InterrupteurLive_->BasculeLive(); }, [this] { Moteur_->BasculeAlarme(); }});
   Moteur_->Lance();
   Photos_ = std::make_unique<EnregistreurPhotos>(

@@ -116,6 +116,7 @@ class Vaktor : private EtapesDepart {
 
   // The health of the watch (application_health.cpp).
   void CreeSante();
+  bool DoitVeiller() const;
   void ArreteSante();
 
   // The journal of the watch (application_journal.cpp).

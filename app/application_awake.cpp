@@ -5,9 +5,10 @@
 namespace vaktor {
 
 void Vaktor::CreeEveil() {
-  Eveil_ = std::make_unique<GardeEveil>(PortsEveil{Systeme_.Machine, Minuteries_, Sante_,
-                                                   [this] { return Moteur_->Camera().CameraActive; },
-                                                   [this] { return Moteur_->Alarme().AlarmeArmee; }});
+  Eveil_ = std::make_unique<GardeEveil>(
+      PortsEveil{Systeme_.Machine, Minuteries_, Sante_,
+                 [this] { return Moteur_->Camera().CameraActive || Moteur_->Camera().Attendue; },
+                 [this] { return Moteur_->Alarme().AlarmeArmee; }});
 }
 
 void Vaktor::ArreteEveil() {

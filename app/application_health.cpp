@@ -14,7 +14,7 @@ void Vaktor::CreeSante() {
                                                        [this](const QSize& taille) { return PlaceFrmSante(taille); }});
   AvisBureau_ = std::make_unique<AvisBureau>(Systeme_.Bureau, Reglages_);
   CourrielsAveugle_ = std::make_unique<CourrielsAveugle>(
-      PortsCourrielsAveugle{Systeme_.Courriels, *Modules_, Reglages_, [this] { return Moteur_->Alarme().AlarmeArmee; },
+      PortsCourrielsAveugle{Systeme_.Courriels, *Modules_, Reglages_, [this] { return DoitVeiller(); },
                             [this] { return Moteur_->Surface().Image(); }});
   AnnonceEtats_ = std::make_unique<AnnonceEtats>(Systeme_.Personnel, Reglages_);
   ReessaieReglages_ = std::make_unique<ReessaieReglages>(*Sauvegarde_, [this] {
@@ -29,6 +29,11 @@ void Vaktor::CreeSante() {
   Sante_.Lance();
   SigneDeVie_->Lance();
   Journal_->Lance();
+}
+
+// Armed, or on the way to it: a start with "/alarm" that waits for its camera is told like one that has lost it.
+bool Vaktor::DoitVeiller() const {
+  return Moteur_->Alarme().AlarmeArmee || Moteur_->CompteAReboursEnCours() || DemarrageAuto_->AttendPourArmer();
 }
 
 // Beside the main window and, as far as there is room, beside the monitor.

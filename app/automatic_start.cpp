@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/automatic_start.h"
 
+#include <utility>
+
 namespace vaktor {
 namespace {
 
@@ -28,10 +30,19 @@ void DemarrageAuto::Demarre() {
   // One shot, also when a call below fails: a switch must not be thrown again each second.
   struct Coupure {
     Minuterie& Timer;
-    ~Coupure() { Timer.Desactive(); }
-  } const coupure{*TimerAutoStar_};
-  if (Arguments_.Live) Ports_.BasculeLive();
-  if (Arguments_.Alarme) Ports_.BasculeAlarme();
+    bool Encore;
+    ~Coupure() {
+      if (!Encore) Timer.Desactive();
+    }
+  } coupure{*TimerAutoStar_, false};
+  // Nobody may be there to answer a message: without a camera nothing is switched, and the timer goes on.
+  coupure.Encore = !Ports_.AttendCamera();
+  AttenduCamera_ = AttenduCamera_ || coupure.Encore;
+  if (coupure.Encore) return;
+  // Somebody may have come meanwhile and switched it on by hand.
+  const bool attendu = std::exchange(AttenduCamera_, false);
+  if (Arguments_.Live && !(attendu && Ports_.EstLive())) Ports_.BasculeLive();
+  if (Arguments_.Alarme && !(attendu && Ports_.EstArmee())) Ports_.BasculeAlarme();
 }
 
 }  // namespace vaktor

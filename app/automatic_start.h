@@ -14,6 +14,11 @@ struct PortsDemarrageAuto {
   FabriqueMinuteries& Minuteries;
   /// The camera is being connected, or a dialog of its driver is open: nothing is switched then.
   std::function<bool()> EnPause;
+  /// Sees to it that the camera runs, and says whether it does; where it does not, called again a second later, for as
+  /// long as it takes. Shows no message.
+  std::function<bool()> AttendCamera;
+  std::function<bool()> EstLive;   ///< the live page is switched on
+  std::function<bool()> EstArmee;  ///< the alarm is armed, or counts down
   std::function<void()> BasculeLive;
   std::function<void()> BasculeAlarme;
 };
@@ -28,6 +33,8 @@ class DemarrageAuto {
   /// The FTP companion's "*OKO*": starts the timer again if anything was asked for. What the first shot switched on is
   /// switched off then.
   void Relance();
+  /// The alarm is to be armed and waits for the camera.
+  bool AttendPourArmer() const { return Arguments_.Alarme && AttenduCamera_; }
 
  private:
   void Demarre();
@@ -35,6 +42,7 @@ class DemarrageAuto {
   const PortsDemarrageAuto Ports_;
   const std::unique_ptr<Minuterie> TimerAutoStar_;
   ArgumentsAuto Arguments_;
+  bool AttenduCamera_ = false;  // the camera was not there at once
 };
 
 }  // namespace vaktor

@@ -20,7 +20,12 @@ QString FichierMemoireCapture(const QString& reglages);
 /// or 3 where there is none.
 int DitCameras(const QString& ou, const QString& reglages);
 
-/// `ou`: the camera named at the start, empty for none. `memoire` outlives the driver.
-std::unique_ptr<PiloteCapture> CreePilote(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue);
+/// The log of the capture, "capture.log" in this folder, which is made: takes its lines from any thread, and holds
+/// none.
+std::function<void(const QString&)> OuvreJournalCapture(const QString& dossier);
+
+/// `ou`: the camera named at the start, empty for none. `memoire` outlives the driver. `etat`: the folder of the log.
+std::unique_ptr<PiloteCapture> CreePilote(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue,
+                                          const QString& etat);
 
 }  // namespace vaktor

@@ -9,6 +9,7 @@ constexpr qint32 kBoutonAlarme = 1;  // Bouton(1)
 }  // namespace
 
 void InterrupteurLive::BasculeLive() {
+  if (Ports_.Moteur.Camera().ConnexionEnCours) return;  // by a click before this one
   if (!Ports_.Moteur.Camera().CameraActive) {
     Ports_.Affichage.ActiveBouton(kBoutonAlarme, false);  // the start of the camera enables it again
     Ports_.Moteur.BasculeCamera();

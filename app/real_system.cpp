@@ -77,7 +77,8 @@ PortsSysteme SystemeReel::Ports() {
       .CreePilote =
           [this, reglages](std::function<Langue()> langue) {
             Memoire_ = std::make_unique<MemoireCapture>(FichierMemoireCapture(reglages));
-            return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue));
+            return ::vaktor::CreePilote(Arguments_.Camera, *Memoire_, std::move(langue),
+                                        TrouveDossierEtat(Arguments_.Dossier));
           },
       .Temps = Temps_,
       .Disque = DisqueBorne_,

@@ -48,6 +48,7 @@ class PiloteChronometre : public PiloteCapture {
  public:
   PiloteChronometre(PiloteCapture& vrai, Mesures& mesures) : Vrai_(vrai), Mesures_(mesures) {}
   bool Connecte() override { return Vrai_.Connecte(); }
+  void ConnecteSansAttendre() override { Vrai_.ConnecteSansAttendre(); }
   void Deconnecte() override { Vrai_.Deconnecte(); }
   bool ImagePrete() const override { return Vrai_.ImagePrete(); }
   void AttendImage(std::function<void()> reveil) override { Vrai_.AttendImage(std::move(reveil)); }

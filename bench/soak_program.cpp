@@ -51,6 +51,7 @@ class CameraSansAttente : public PiloteCapture {
   }
 
   bool Connecte() override { return true; }
+  void ConnecteSansAttendre() override {}
   void Deconnecte() override { Reveille_ = {}; }
   bool ImagePrete() const override { return Retour_.hasExpired(); }
   bool SaisitImage() override {

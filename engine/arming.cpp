@@ -16,7 +16,8 @@ ArmementAlarme::ArmementAlarme(const PortsSurveillance& ports, EtatSurveillance&
     : Ports_(ports), Etat_(etat), Minuteries_(minuteries), Camera_(camera) {}
 
 void ArmementAlarme::BasculeAlarme() {
-  if (Etat_.Camera.Terminee) return;  // the program is being closed: nothing is armed any more
+  // The program is being closed, or the camera is being connected: a click then means nothing.
+  if (Etat_.Camera.Terminee || Etat_.Camera.ConnexionEnCours) return;
   Ports_.Sons.SurvolSon(kSurvolAlarme);
   if (!Etat_.Camera.CameraActive) {
     // The start enables the button again; when there is none it stays disabled.

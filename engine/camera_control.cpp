@@ -40,13 +40,26 @@ void CommandeCamera::BasculeCamera() {
 }
 
 bool CommandeCamera::Demarre() {
-  if (!ConnectePilote()) return false;
+  OublieAttente();
+  // To the end of the pump: clicks come in meanwhile, and a second one is not to begin a second start.
+  const QScopedValueRollback<bool> enCours(Etat_.Camera.ConnexionEnCours, true);
+  return ConnectePilote() && Acheve();
+}
+
+// The driver lets the window live while it waits for a camera: the program may be closed in the middle, and then there
+// is nobody left to be told of a camera that was not found.
+bool CommandeCamera::ConnectePilote() {
+  Ports_.Affichage.MontreAvis(AvisMoniteur::kConnexion);
+  const bool connecte = Ports_.Pilote.Connecte();
+  Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun);
+  if (!connecte && !Etat_.Camera.Terminee) Ports_.Affichage.AnnonceCameraIntrouvable(Ports_.Pilote.Explication());
+  return connecte && !Etat_.Camera.Terminee;
+}
+
+// A connected driver becomes a camera that is watched.
+bool CommandeCamera::Acheve() {
   Ports_.Pompe.PompeMessages();
-  if (Etat_.Camera.Terminee) {
-    // Closed in that pump: the end of the program found a camera that was not active yet, and let nothing go.
-    Ports_.Pilote.Deconnecte();
-    return false;
-  }
+  if (Etat_.Camera.Terminee) return false;  // closed in that pump, which let the driver go
   if (Ports_.Reglages.SeuilAuto) Ports_.Reglages.SeuilDetection = kSeuilDetectionMax;
   Jauge_.DessineSeuil(Ports_.Reglages.SeuilDetection);
   Etat_.Detection.PasSeuil = kPasSeuilGrossier;
@@ -58,19 +71,42 @@ bool CommandeCamera::Demarre() {
   Minuteries_.Timer2->Active();
   Ports_.Affichage.ActiveBouton(kBoutonAlarme, true);
   Ports_.Affichage.ActiveBouton(kBoutonSurveillance, true);
+  DitAutreCamera();
   return true;
 }
 
-// The driver lets the window live while it waits for a camera: the program may be closed in the middle, and then there
-// is nobody left to be told of a camera that was not found.
-bool CommandeCamera::ConnectePilote() {
-  bool connecte = false;
-  {
-    const QScopedValueRollback<bool> enCours(Etat_.Camera.ConnexionEnCours, true);
-    connecte = Ports_.Pilote.Connecte();
+bool CommandeCamera::AttendCamera() {
+  if (Etat_.Camera.CameraActive) return true;
+  if (Etat_.Camera.EnPause() || Etat_.Camera.Terminee) return false;
+  if (!Etat_.Camera.Attendue) {
+    Ports_.Sons.SurvolSon(kSurvolCamera);
+    Ports_.Affichage.MontreMoniteur();
+    Etat_.Camera.MoniteurCache = false;
+    Ports_.Affichage.MontreAvis(AvisMoniteur::kConnexion);
+    Etat_.Camera.Attendue = true;
+    Ports_.Pilote.ConnecteSansAttendre();
   }
-  if (!connecte && !Etat_.Camera.Terminee) Ports_.Affichage.AnnonceCameraIntrouvable(Ports_.Pilote.Explication());
-  return connecte && !Etat_.Camera.Terminee;
+  if (!Ports_.Pilote.ImagePrete()) {
+    Ports_.Sante.Signale(Condition::kCameraAttendue, Ports_.Pilote.Explication());
+    return false;
+  }
+  OublieAttente();
+  const QScopedValueRollback<bool> enCours(Etat_.Camera.ConnexionEnCours, true);
+  if (!Acheve()) return false;
+  RemetZoneCamera(Etat_);
+  return true;
+}
+
+void CommandeCamera::OublieAttente() {
+  if (!Etat_.Camera.Attendue) return;
+  Etat_.Camera.Attendue = false;
+  Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun);
+  Ports_.Sante.Leve(Condition::kCameraAttendue);
+}
+
+void CommandeCamera::DitAutreCamera() {
+  const QString autre = Ports_.Pilote.AutreCamera();
+  autre.isEmpty() ? Ports_.Sante.Leve(Condition::kAutreCamera) : Ports_.Sante.Signale(Condition::kAutreCamera, autre);
 }
 
 void CommandeCamera::Arrete() {
@@ -85,6 +121,7 @@ void CommandeCamera::Arrete() {
   Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun);
   Ports_.Sante.Leve(Condition::kSignalPerdu);
   Ports_.Sante.Leve(Condition::kDetectionArretee);
+  Ports_.Sante.Leve(Condition::kAutreCamera);
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
   Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
   if (Ports_.SurArretCamera) Ports_.SurArretCamera();
@@ -108,6 +145,7 @@ void CommandeCamera::MontreDialogueSource() { OuvreDialogue(&PiloteCapture::Mont
 // camera that is just being set up, and its changes of light and size would raise the alarm. Who leaves it open on an
 // armed system is watched over by nobody; the first tick afterwards says what is true then.
 void CommandeCamera::OuvreDialogue(void (PiloteCapture::*dialogue)()) {
+  if (Etat_.Camera.ConnexionEnCours) return;
   if (!Etat_.Camera.CameraActive) return Ports_.Affichage.AnnonceCameraInactive();
   const QScopedValueRollback<bool> ouvert(Etat_.Camera.DialogueOuvert, true);
   const bool dit = Etat_.Alarme.AlarmeArmee;
@@ -116,11 +154,13 @@ void CommandeCamera::OuvreDialogue(void (PiloteCapture::*dialogue)()) {
   });
   if (dit) Ports_.Sante.Signale(Condition::kDetectionArretee);
   (Ports_.Pilote.*dialogue)();
+  DitAutreCamera();
 }
 
 void CommandeCamera::DeconnectePilote() {
   Etat_.Camera.Terminee = true;
-  if (Etat_.Camera.CameraActive || Etat_.Camera.ConnexionEnCours) Ports_.Pilote.Deconnecte();
+  const bool tenu = Etat_.Camera.CameraActive || Etat_.Camera.ConnexionEnCours || Etat_.Camera.Attendue;
+  if (tenu) Ports_.Pilote.Deconnecte();
 }
 
 }  // namespace vaktor

@@ -14,11 +14,15 @@ class CommandeCamera {
   CommandeCamera(const PortsSurveillance& ports, EtatSurveillance& etat, MinuteriesSurveillance& minuteries,
                  JaugeSensibilite& jauge, AnalyseurMouvement& analyse);
 
-  /// The only writer of CameraActive. When the user has closed the monitor the call only brings it back. A camera that
+  /// When the user has closed the monitor the call only brings it back. A camera that
   /// does not connect is told in a message box and leaves everything as it was. The start lets events in once, with
-  /// the driver connected and CameraActive still false: a click that comes in there goes through a start of its own.
-  /// While the driver is being connected no timer of the engine ticks, and a call that comes in does nothing.
+  /// the driver connected and CameraActive still false. From the beginning of the connection to there no timer of the
+  /// engine ticks, and a call that comes in does nothing.
   void BasculeCamera();
+  /// The start of a program that nobody watches, called until it says true: the camera runs. Asks nothing, shows no
+  /// message and waits for nothing; as long as no picture comes that is told as a condition of the watch. A
+  /// BasculeCamera that comes in between takes its place.
+  bool AttendCamera();
   /// The driver's dialogs; with the camera off a message box instead. While one is open detection and countdown stand
   /// still, which is told where the system is armed.
   void MontreDialogueFormat();
@@ -30,6 +34,9 @@ class CommandeCamera {
  private:
   bool Demarre();
   bool ConnectePilote();
+  bool Acheve();
+  void OublieAttente();
+  void DitAutreCamera();
   void Arrete();
   void OuvreDialogue(void (PiloteCapture::*dialogue)());
   void EteintAlarme();

@@ -38,11 +38,12 @@ struct EtatDetection {
 };
 
 struct EtatCamera {
-  bool CameraActive = false;    ///< the driver is connected; written by BasculeCamera alone
+  bool CameraActive = false;    ///< the driver is connected; written by CommandeCamera alone
   bool MoniteurCache = false;   ///< the user closed FormMonitor, which only hid it
   qint32 NonComparees = 0;      ///< the last frames, without a gap, that came and were not compared; 0 from a start on
   bool DialogueOuvert = false;  ///< one of the driver's dialogs is open: no timer of the engine ticks
-  bool ConnexionEnCours = false;  ///< the driver is being connected: no timer ticks, and the switch does nothing
+  bool ConnexionEnCours = false;  ///< the driver is being connected: no timer ticks, and no switch does anything
+  bool Attendue = false;          ///< a start that nobody watches waits for the camera; written by CommandeCamera alone
   bool Terminee = false;          ///< the program ends: the driver has been let go for good, no switch does anything
 
   /// No timer ticks that switches or detects.

@@ -109,6 +109,8 @@ const SurfaceImage& Surveillance::Surface() const { return Regles_->Etat.Surface
 bool Surveillance::CompteAReboursEnCours() const { return Regles_->Minuteries.Timer3->EstActive(); }
 const QImage& Surveillance::VuePixel() const { return Regles_->Analyse.Vue().Image(); }
 
+bool Surveillance::AttendCamera() { return Regles_->Camera.AttendCamera(); }
+
 void Surveillance::BasculeCamera() { Regles_->Camera.BasculeCamera(); }
 void Surveillance::BasculeAlarme() { Regles_->Alarme.BasculeAlarme(); }
 void Surveillance::DesarmeAlarme() { Regles_->Alarme.DesarmeAlarme(); }

@@ -37,6 +37,7 @@ class Surveillance {
 
   // The switches of the main window.
   void BasculeCamera();
+  bool AttendCamera();  ///< the start that nobody watches (camera_control.h)
   void BasculeAlarme();
   void DesarmeAlarme();         ///< the live page is switched off: AlarmeArmee false, lamp "LEDRED", Text1 shows
                                 ///< Retard; a running countdown goes on

@@ -90,7 +90,7 @@ void TicSurveillance::DitEtat() {
   const bool serie = Analyse_.EnSerie();
   if (perdu || serie || Analyse_.EnReprise()) {
     Ports_.Sante.Signale(Condition::kSignalPerdu,
-                         serie ? DitSerie(LangueParlee(Ports_.Reglages.LangueCourante)) : QString());
+                         serie ? DitSerie(LangueParlee(Ports_.Reglages.LangueCourante)) : Ports_.Pilote.Explication());
   } else {
     Ports_.Sante.Leve(Condition::kSignalPerdu);
   }

@@ -165,6 +165,27 @@ constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
      {"L'ordinateur s'est mis en veille, ou son heure a changé", "The computer slept, or its clock was changed"},
      {"Pendant la veille rien n'a été vu. Vérifiez que la mise en veille automatique est désactivée.",
       "Nothing was seen while it slept. See that automatic sleep is switched off."}},
+    {Condition::kCameraAttendue,
+     Gravite::kAveugle,
+     PerteSignal::kComptee,
+     "camera-awaited",
+     {"Vaktor attend sa caméra pour commencer la surveillance", "Vaktor waits for its camera to begin the watch"},
+     {"Vaktor réessaie de lui-même, et commencera dès que la caméra donnera une image. Pour en choisir une autre, "
+      "cliquez sur Caméra on.",
+      "Vaktor keeps trying by itself, and begins as soon as the camera gives a picture. To choose another one, click "
+      "on "
+      "Camera on."}},
+    {Condition::kAutreCamera,
+     Gravite::kAvis,
+     kAusitot,
+     "another-camera",
+     {"La caméra choisie n'est pas branchée : Vaktor a pris la seule qui l'est",
+      "The camera that was chosen is not plugged in: Vaktor took the only one that is"},
+     {"Vérifiez qu'elle regarde au bon endroit. Pour revenir à l'autre, branchez-la, puis arrêtez la caméra et "
+      "remettez-la en marche.",
+      "See that it looks at the right place. To go back to the other one, plug it in, then switch the camera off and "
+      "on "
+      "again."}},
 }};
 
 constexpr bool EstDansLOrdre() {

@@ -10,21 +10,30 @@
 namespace vaktor {
 
 /// User-interface thread. The driver may use threads of its own below; every call here returns within a fraction of a
-/// second but Connecte (a few seconds at most) and the two dialogs (modal: no tick comes while one is open). These
-/// three let events run, so that no window stands still.
+/// second but Connecte (a quarter of a minute, or as long as the user is asked) and the two dialogs (modal: no tick
+/// comes while one is open). These three let events run, so that no window stands still.
 class PiloteCapture {
  public:
   virtual ~PiloteCapture() = default;
 
-  /// Opens the first capture driver, or the one named at the start, and waits for its first frame. False when there is
-  /// no camera, or it is busy, refused or silent; nothing stays open then. A driver that is open is closed first. Mouse
-  /// and keys wait until it has answered; everything else goes on. Deconnecte may be called from there: it ends the
-  /// wait, and the answer is false.
+  /// Opens the first capture driver, or the one that was chosen or named at the start, and waits for its first frame.
+  /// Where the chosen one gives none the user may be asked for another, or the only other camera is taken
+  /// (AutreCamera). False when there is no camera, or it is busy, refused or silent; nothing stays open then. A driver
+  /// that is open is closed first. Everything goes on meanwhile, mouse and keys too: whoever calls sees to it that no
+  /// second order falls into the wait. Deconnecte may be called from there: it ends the wait, and the answer is false.
   virtual bool Connecte() = 0;
 
-  /// Why Connecte has just failed, in the user's language, where the driver knows more than that no picture came; else
-  /// empty.
+  /// The same for a start that nobody watches: returns at once, asks nothing, and goes on trying until Connecte or
+  /// Deconnecte is called. ImagePrete says when the camera is there.
+  virtual void ConnecteSansAttendre() = 0;
+
+  /// Why Connecte has just failed, ConnecteSansAttendre has not succeeded yet, or a camera that was lost is not back: a
+  /// sentence in the user's language,
+  /// where the driver knows more than that no picture came; else empty. Never holds a password.
   virtual QString Explication() const { return {}; }
+
+  /// The camera at work, where it is the only one there is and not the one that was chosen; else empty.
+  virtual QString AutreCamera() const { return {}; }
 
   /// Closes the driver. The result is of no interest to anyone; a closed driver stays closed.
   virtual void Deconnecte() = 0;

@@ -26,6 +26,7 @@ enum class Lampe {
 enum class AvisMoniteur {
   kAucun,
   kSignalPerdu,       ///< the camera gives no new frames
+  kConnexion,         ///< the driver is being connected, which may take a quarter of a minute
   kDetectionArretee,  ///< frame upon frame is not compared: nothing is counted and no alarm can come
 };
 

@@ -25,8 +25,10 @@ enum class Condition {
   kEnvoisInconnus,      ///< a companion gives no news of its work; the detail is its name (companions)
   kVeillePossible,  ///< the machine may go to sleep while the camera runs: the request not to was refused (platform)
   kInterruption,    ///< the machine slept, or the clock jumped: the detail is the gap (platform)
+  kCameraAttendue,  ///< a start that nobody watches waits for its camera; the detail is why there is none (engine)
+  kAutreCamera,     ///< the camera at work is not the one that was chosen; the detail is its name (engine)
 };
-inline constexpr int kNombreConditions = 16;
+inline constexpr int kNombreConditions = 18;
 
 /// User-interface thread. Both calls are cheap and may be repeated at each frame.
 class RapportSante {

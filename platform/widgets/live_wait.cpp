@@ -6,11 +6,13 @@
 #include <QEventLoop>
 #include <QInputEvent>
 #include <QPointer>
+#include <QScopeGuard>
 #include <QThread>
 #include <QTimer>
 #include <QWidget>
 #include <QWindow>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace vaktor {
@@ -41,12 +43,8 @@ bool EstDerriereUnMessage(const QObject& cible) {
 // letting them in would let a second click into the middle of what the first one began.
 class RetenueGestes : public QObject {
  public:
-  RetenueGestes() {
-    qApp->installEventFilter(this);
-    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
-  }
+  RetenueGestes() { qApp->installEventFilter(this); }
   ~RetenueGestes() override {
-    QGuiApplication::restoreOverrideCursor();
     qApp->removeEventFilter(this);
     for (Geste& geste : Gestes_) Rend(std::move(geste));
   }
@@ -98,7 +96,7 @@ bool AttendEndormi(const std::function<bool()>& fait, milliseconds limite) {
 
 }  // namespace
 
-bool AttendVivant(const std::function<bool()>& fait, milliseconds limite) {
+bool AttendVivant(const std::function<bool()>& fait, milliseconds limite, Gestes gestes) {
   if (qobject_cast<QApplication*>(QCoreApplication::instance()) == nullptr ||
       QThread::currentThread() != qApp->thread()) {
     return AttendEndormi(fait, limite);
@@ -115,7 +113,10 @@ bool AttendVivant(const std::function<bool()>& fait, milliseconds limite) {
   depuis.start();
   regard.start(kRegard);
   {
-    const RetenueGestes retenue;
+    std::optional<RetenueGestes> retenue;
+    if (gestes == Gestes::kRetient) retenue.emplace();
+    QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    const auto rend = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     // An end of the program ends this loop with the others, and none begins after it.
     boucle.exec();
   }

@@ -19,8 +19,17 @@ struct DepartAuto : testing::Test {
   faux::TempsVirtuel Temps{Horloge};
   bool EnPause = false;
   bool Echoue = false;
+  bool Presente = true;
+  bool Live = false;
+  bool Armee = false;
+  int Attentes = 0;
   QStringList Faits;
   DemarrageAuto Depart{PortsDemarrageAuto{Temps, [this] { return EnPause; },
+                                          [this] {
+                                            ++Attentes;
+                                            return Presente;
+                                          },
+                                          [this] { return Live; }, [this] { return Armee; },
                                           [this] {
                                             if (Echoue) throw Echec(kAppelIncorrect, QStringLiteral("no"));
                                             Faits << QStringLiteral("live");
@@ -71,6 +80,42 @@ TEST_F(DepartAuto, WaitsWhileTheCameraIsBeingConnectedOrSetUp) {
   EnPause = false;
   Temps.Avance(1000);
   EXPECT_EQ(Faits, QStringList{"alarm"});
+}
+
+TEST_F(DepartAuto, WithoutACameraItIsTriedEachSecondAndCarriedOutOnceWhenTheCameraComes) {
+  Presente = false;
+  Depart.Lance({.Alarme = true, .Live = true});
+  EXPECT_FALSE(Depart.AttendPourArmer());
+  Temps.Avance(60'000);
+  EXPECT_EQ(Attentes, 60);
+  EXPECT_EQ(Faits, QStringList());
+  EXPECT_TRUE(Depart.AttendPourArmer());
+  Presente = true;
+  Temps.Avance(5000);
+  EXPECT_EQ(Faits, QStringList({"live", "alarm"}));
+  EXPECT_FALSE(Depart.AttendPourArmer());
+  EXPECT_FALSE(Attend());
+}
+
+TEST_F(DepartAuto, OnlyTheAlarmIsWaitedForToBeArmed) {
+  Presente = false;
+  Depart.Lance({.Live = true});
+  Temps.Avance(1000);
+  EXPECT_FALSE(Depart.AttendPourArmer());
+}
+
+// Its switches would go off again.
+TEST_F(DepartAuto, WhatSomebodyHasSwitchedOnWhileTheCameraWasAwaitedStaysOn) {
+  Presente = false;
+  Depart.Lance({.Alarme = true, .Live = true});
+  Temps.Avance(3000);
+  Presente = Armee = true;
+  Temps.Avance(1000);
+  EXPECT_EQ(Faits, QStringList{"live"});
+  Live = true;
+  Depart.Relance();
+  Temps.Avance(1000);
+  EXPECT_EQ(Faits, QStringList({"live", "live", "alarm"})) << "nothing was awaited: the switches are thrown";
 }
 
 TEST_F(DepartAuto, OneShotStaysOneShotWhenItFails) {

@@ -64,7 +64,7 @@ TEST_F(DepartManque, OfASkinThatIsNotThereLeavesEveryOtherValueAlone) {
   EXPECT_TRUE(dit.contains(QStringLiteral("general/skin"))) << dit.toStdString();
   EXPECT_TRUE(PendantMessage);
   EXPECT_EQ(SansPoignees(Systeme.Valeurs), avant);
-  EXPECT_EQ(Compte("Connecte"), 0);
+  EXPECT_EQ(Compte("ConnecteSansAttendre"), 0);
   EXPECT_FALSE(FenetresVues);
   EXPECT_EQ(Systeme.Messages.Textes.size(), 1) << Systeme.Messages.Textes.join(u'\n').toStdString();
 }
@@ -88,7 +88,7 @@ TEST_F(DepartManque, OfAnyDamagedValueIsToldWithItsKeyAndLeavesTheOthersAlone) {
     Programme.reset();
   }
   EXPECT_GT(essais, 10);
-  EXPECT_EQ(Compte("Connecte"), 0);
+  EXPECT_EQ(Compte("ConnecteSansAttendre"), 0);
   EXPECT_FALSE(FenetresVues);
 }
 
@@ -109,7 +109,7 @@ TEST_F(DepartManque, OfAStoreThatCannotBeWrittenOpensNoCameraBehindItsMessage) {
   DansChaquePompe([this] { Systeme.MagasinPlein = true; });
   EXPECT_FALSE(DemarreEtEchoue(QStringLiteral("/alarm")).isEmpty());
   EXPECT_TRUE(PendantMessage);
-  EXPECT_EQ(Compte("Connecte"), 0);
+  EXPECT_EQ(Compte("ConnecteSansAttendre"), 0);
 }
 
 // The splash's two seconds run from before the companions are launched.
@@ -118,7 +118,7 @@ TEST_F(DepartManque, OfAMissingCompanionBringsUpNoWindowAndNoCameraBehindItsMess
   EXPECT_TRUE(DemarreEtEchoue(QStringLiteral("/alarm /surve")).contains(QStringLiteral("VAKTORmail")));
   EXPECT_TRUE(PendantMessage);
   EXPECT_FALSE(FenetresVues);
-  EXPECT_EQ(Compte("Connecte"), 0);
+  EXPECT_EQ(Compte("ConnecteSansAttendre"), 0);
 }
 
 // On a machine that was slow until then the start arguments have acted before the launch.
@@ -143,7 +143,7 @@ TEST_F(DepartManque, OfAMissingCompanionLetsACameraGoThatTheStartArgumentsHaveOp
     dit = echec.Description();
   }
   Systeme.Pompe.EnAttente = nullptr;
-  ASSERT_EQ(Compte("Connecte"), 1) << "the start arguments have acted in a pump after the load";
+  ASSERT_EQ(Compte("ConnecteSansAttendre"), 1) << "the start arguments have acted in a pump after the load";
   Programme->AnnonceDemarrageImpossible(dit);
   EXPECT_TRUE(PendantMessage);
   EXPECT_FALSE(FenetresVues);
@@ -165,46 +165,42 @@ TEST_F(DepartManque, NoTimerActsBeforeTheLastSettingIsRead) {
   Demarre(QStringLiteral("/alarm"));
   ASSERT_TRUE(passe);
   EXPECT_TRUE(pendant.isEmpty()) << pendant.join(u'\n').toStdString();
-  EXPECT_EQ(Compte("Connecte"), 0);
+  EXPECT_EQ(Compte("ConnecteSansAttendre"), 0);
   Systeme.Temps.Avance(1000);
-  EXPECT_EQ(Compte("Connecte"), 1) << "the start arguments are not lost, only late";
+  EXPECT_EQ(Compte("ConnecteSansAttendre"), 1) << "the start arguments are not lost, only late";
 }
 
-// With both arguments: the camera is connected for the live page, and the program is closed in the middle.
-class FermeturePendantConnexion : public DepartManque {
+// With both arguments: the camera is waited for, and the program is closed before it comes.
+class FermeturePendantAttente : public DepartManque {
  protected:
-  void FermePendantLaConnexion(const std::function<void()>& ferme) {
+  void FermePendantLAttente(const std::function<void()>& ferme) {
     faux::PiloteFaux& pilote = *Systeme.Pilote;
     Systeme.Messages.PendantMessage = nullptr;
+    pilote.Presente = false;
     Demarre(QStringLiteral("/alarm /surve"));
-    pilote.PendantConnexion = [this, ferme] {
-      Fermetures += 1;
-      Systeme.Notes.Vide();
-      ferme();
-      EXPECT_TRUE(Programme->EstFinie());
-    };
-    for (const bool presente : {false, true}) {
-      pilote.Presente = presente;
-      Systeme.Temps.Avance(1000);
-    }
+    Systeme.Temps.Avance(1000);
+    EXPECT_EQ(Compte("ConnecteSansAttendre"), 1);
+    Systeme.Notes.Vide();
+    ferme();
+    EXPECT_TRUE(Programme->EstFinie());
+    pilote.Presente = true;
     Systeme.Temps.Avance(60'000);
     const QStringList vus = Systeme.Notes.Lignes();
-    EXPECT_EQ(Fermetures, 1) << "the first connection ended there, no second one came";
     EXPECT_EQ(vus.indexOf(QStringLiteral("Deconnecte")), 0) << vus.join(u'\n').toStdString();
+    EXPECT_EQ(Compte("ConnecteSansAttendre") + Compte("Connecte"), 0);
     EXPECT_TRUE(Systeme.Messages.Textes.isEmpty()) << Systeme.Messages.Textes.join(u'\n').toStdString();
     EXPECT_FALSE(vus.contains(QStringLiteral("timer Timer3: on"))) << "nothing is armed";
     EXPECT_FALSE(vus.contains(QStringLiteral("timer Timer1: on")));
     EXPECT_FALSE(Visible("Form1"));
   }
-  int Fermetures = 0;
 };
 
-TEST_F(FermeturePendantConnexion, BySignalEndsThere) {
-  FermePendantLaConnexion([this] { Programme->Ferme(); });
+TEST_F(FermeturePendantAttente, BySignalEndsThere) {
+  FermePendantLAttente([this] { Programme->Ferme(); });
 }
 
-TEST_F(FermeturePendantConnexion, ByItsWindowEndsThere) {
-  FermePendantLaConnexion([this] {
+TEST_F(FermeturePendantAttente, ByItsWindowEndsThere) {
+  FermePendantLAttente([this] {
     QTest::mouseClick(Fenetre("frmSplash"), Qt::LeftButton);
     ASSERT_TRUE(Visible("Form1"));
     Systeme.Notes.Vide();

@@ -105,6 +105,17 @@ TEST_F(LiveEtCamera, WithoutCameraItStaysOffAndALinkThatWasOnIsForgotten) {
   EXPECT_FALSE(Etat.LiveActif);
 }
 
+TEST_F(LiveEtCamera, AClickWhileTheCameraIsBeingConnectedIsIgnored) {
+  bool pendant = false;
+  Pilote.PendantConnexion = [&] {
+    pendant = true;
+    EXPECT_EQ(Fait(&InterrupteurLive::BasculeLive), "");
+  };
+  Moteur.BasculeCamera();
+  EXPECT_TRUE(pendant);
+  EXPECT_FALSE(Etat.SurveillanceEnCours);
+}
+
 TEST_F(LiveEtCamera, ACameraThatIsSwitchedOffTakesThePageWithItAndTellsNobody) {
   AllumeTout();
   Journal.clear();

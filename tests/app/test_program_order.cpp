@@ -223,33 +223,32 @@ TEST_F(Ordre, StartArgumentsCarryOutLiveFirstThenAlarm) {
   EXPECT_EQ(vus.filter(QStringLiteral("timer ")).last(), QStringLiteral("timer TimerAutoStar: off"));
 }
 
-// The window lives while a camera is waited for. Closed then, nothing is switched on any more, nobody is asked
-// anything, and no sound is heard.
-TEST_F(Ordre, ClosingWhileTheStartArgumentsConnectEndsThere) {
-  for (const char* argument : {"/surve /alarm", "/alarm", "/surve"}) {
-    for (const bool trouvee : {true, false}) {
-      Programme.reset();
-      Systeme.Pilote = std::make_unique<faux::PiloteFaux>(Systeme.Notes);
-      auto& pilote = *Systeme.Pilote;
-      pilote.Presente = trouvee;
-      Demarre(QLatin1String(argument));
-      qsizetype ferme = -1;
-      pilote.PendantConnexion = [this, &ferme] {
-        Systeme.Notes.Vide();
-        Fenetre("Form1")->close();
-        ferme = Systeme.Notes.Lignes().size();
-      };
-      Systeme.Temps.Avance(1000);
-      ASSERT_GT(ferme, 0) << argument;
-      QStringList apres = Systeme.Notes.Lignes().mid(ferme);
-      // The shot that is being carried out, and the driver, which was let go while it was connecting.
-      apres.removeIf([](const QString& ligne) {
-        return ligne == QStringLiteral("timer TimerAutoStar: off") || ligne == QStringLiteral("Deconnecte") ||
-               ligne == QStringLiteral("PompeMessages");
-      });
-      EXPECT_EQ(apres.join(u'\n').toStdString(), "") << argument << (trouvee ? ", camera there" : ", no camera");
-    }
-  }
+// Nobody is there to answer a message: the camera is waited for, and what was asked for begins when it comes.
+TEST_F(Ordre, StartArgumentsWaitForTheirCameraWithoutAMessageAndAreToldOf) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;
+  pilote.Presente = false;
+  pilote.Refus = QStringLiteral("no such host");
+  Systeme.Valeurs.insert(QStringLiteral("MAIL/actif"), QStringLiteral("True"));
+  Demarre(QStringLiteral("/alarm"));
+  Systeme.Temps.Avance(120'000);
+  EXPECT_TRUE(Systeme.Messages.Textes.isEmpty()) << Systeme.Messages.Textes.join(u'\n').toStdString();
+  QString dit;
+  for (const auto& avis : std::as_const(Systeme.Bureau.Montres)) dit += avis.Texte;
+  EXPECT_TRUE(dit.contains(QStringLiteral("(no such host)"))) << dit.toStdString();
+  ASSERT_EQ(Systeme.Courriels.Deposes.size(), 1) << "as for an armed system that sees nothing";
+  EXPECT_EQ(Systeme.Courriels.Deposes[0].Courriel.Mot, QStringLiteral("camera-awaited"));
+  Systeme.Courriels.Repond(true);
+  EXPECT_TRUE(Systeme.Machine.Tenue) << "a machine that sleeps would not see it come";
+  Systeme.Notes.Vide();
+  pilote.Presente = true;
+  Systeme.Temps.Avance(2000);
+  const QStringList vus = Systeme.DepuisVide();
+  EXPECT_TRUE(vus.contains(QStringLiteral("timer Timer3: on"))) << vus.join(u'\n').toStdString();
+  EXPECT_TRUE(vus.contains(QStringLiteral("timer TimerAutoStar: off")));
+  Systeme.Temps.Avance(5000);
+  ASSERT_EQ(Systeme.Courriels.Deposes.size(), 2);
+  EXPECT_TRUE(Systeme.Courriels.Deposes[1].Courriel.Fin);
+  EXPECT_TRUE(Systeme.Courriels.Deposes[1].Courriel.Sujet.Dit(Langue::kAnglais).contains("sees again"));
 }
 
 // The switches of /surve and /alarm would be thrown back, and nobody there has pressed anything.
@@ -326,23 +325,38 @@ TEST_F(Ordre, OneThatHasComeBackIsToldWhatTheOneBeforeItMayHaveMissed) {
 
 // The driver lets the window live while it waits for a camera that says nothing, and the window is closed.
 TEST_F(Ordre, ClosingWhileTheCameraIsBeingConnectedIsAWholeStopWithoutAMessage) {
-  faux::PiloteFaux& pilote = *Systeme.Pilote;
-  Demarre();
-  Systeme.Temps.Avance(2000);
-  pilote.Presente = false;
-  pilote.PendantConnexion = [this] {
-    Systeme.Notes.Vide();
-    Fenetre("Form1")->close();
-    EXPECT_TRUE(Programme->EstFinie());
-  };
-  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("Bouton(0)")), Qt::LeftButton);
-  const QStringList vus = Systeme.DepuisVide();
-  EXPECT_EQ(vus.indexOf(QStringLiteral("Deconnecte")), 0) << vus.join(u'\n').toStdString();
-  EXPECT_TRUE(vus.contains(QStringLiteral("timer Timer1: off")));
-  EXPECT_FALSE(vus.contains(QStringLiteral("timer Timer1: on")));
-  EXPECT_TRUE(vus.filter(QStringLiteral("box:")).isEmpty());
-  EXPECT_FALSE(Visible("Form1"));
-  EXPECT_FALSE(Visible("FormMonitor"));
+  for (const char* bouton : {"Bouton(0)", "Bouton(1)", "Bouton(2)"}) {
+    for (const bool trouvee : {true, false}) {
+      Programme.reset();
+      Systeme.Pilote = std::make_unique<faux::PiloteFaux>(Systeme.Notes);
+      faux::PiloteFaux& pilote = *Systeme.Pilote;
+      Demarre();
+      Systeme.Temps.Avance(2000);
+      pilote.Presente = trouvee;
+      qsizetype ferme = -1;
+      pilote.PendantConnexion = [this, &ferme] {
+        Systeme.Notes.Vide();
+        Fenetre("Form1")->close();
+        EXPECT_TRUE(Programme->EstFinie());
+        ferme = Systeme.Notes.Lignes().size();
+      };
+      Clique(bouton);
+      ASSERT_GT(ferme, 0) << bouton;
+      const QStringList vus = Systeme.DepuisVide();
+      EXPECT_EQ(vus.indexOf(QStringLiteral("Deconnecte")), 0) << vus.join(u'\n').toStdString();
+      EXPECT_TRUE(vus.contains(QStringLiteral("timer Timer1: off")));
+      EXPECT_FALSE(vus.contains(QStringLiteral("timer Timer1: on")));
+      EXPECT_TRUE(vus.filter(QStringLiteral("box:")).isEmpty()) << bouton;
+      // What was clicked on goes no further, but for the pump behind the camera.
+      QStringList apres = Systeme.Notes.Lignes().mid(ferme);
+      apres.removeIf([](const QString& ligne) {
+        return ligne == QStringLiteral("PompeMessages") || ligne == QStringLiteral("Deconnecte");
+      });
+      EXPECT_EQ(apres.join(u'\n').toStdString(), "") << bouton << (trouvee ? ", camera there" : ", no camera");
+      EXPECT_FALSE(Visible("Form1"));
+      EXPECT_FALSE(Visible("FormMonitor"));
+    }
+  }
 }
 
 TEST_F(Ordre, FolderChooserIsReachedFromTheGalleryAndGoesWithTheProgram) {

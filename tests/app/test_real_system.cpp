@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 
+#include "app/camera.h"
 #include "app/real_system.h"
 
 namespace vaktor {
@@ -47,6 +48,18 @@ TEST(SystemeDuProgramme, ThePagesOfTheManualLieBesideTheProgram) {
   arguments.Dossier = dossier.path();
   SystemeReel systeme(arguments);
   EXPECT_EQ(systeme.Ports().Site.Dossier, QCoreApplication::applicationDirPath() + "/site");
+}
+
+TEST(JournalDeCapture, WritesItsLinesIntoTheFolderOfTheStateWhichItMakes) {
+  const QTemporaryDir dossier;
+  const QString etat = dossier.filePath("a/b");
+  const auto note = OuvreJournalCapture(etat);
+  note("camera: lost");
+  QFile fichier(etat + "/capture.log");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return fichier.size() > 0; }, 10'000));
+  ASSERT_TRUE(fichier.open(QIODevice::ReadOnly));
+  EXPECT_TRUE(fichier.readAll().endsWith(" camera: lost\n"));
+  EXPECT_EQ(fichier.permissions() & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
 }
 
 }  // namespace

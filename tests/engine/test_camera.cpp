@@ -11,7 +11,8 @@ TEST_F(Camera, StartsInOrder) {
   Journal.Ecoute();
   Engin.BasculeCamera();
   EXPECT_EQ(Journal.Lignes(),
-            (QStringList{QStringLiteral("SurvolSon 17"), QStringLiteral("MontreMoniteur"), QStringLiteral("Connecte"),
+            (QStringList{QStringLiteral("SurvolSon 17"), QStringLiteral("MontreMoniteur"),
+                         QStringLiteral("MontreAvis 2"), QStringLiteral("Connecte"), QStringLiteral("MontreAvis 0"),
                          QStringLiteral("PompeMessages"), QStringLiteral("DessineJaugeHaute 7000000"),
                          QStringLiteral("ActiveBouton 1"), QStringLiteral("ActiveBouton 2")}));
   EXPECT_TRUE(Engin.Camera().CameraActive);
@@ -96,17 +97,21 @@ TEST_F(Camera, MonitorClosedWhileTheCameraRunsLeavesItRunning) {
   EXPECT_FALSE(Engin.Camera().CameraActive);
 }
 
-TEST_F(Camera, SecondClickDeliveredInThePumpGoesThroughASecondStart) {
+// The given system began a second start there.
+TEST_F(Camera, SecondClickDeliveredInThePumpOfTheStartIsIgnored) {
+  Journal.Ecoute();
   bool actifDansLaPompe = true;
   Pompe.EnAttente = [&] {
     actifDansLaPompe = Engin.Camera().CameraActive;
     Engin.BasculeCamera();
+    Engin.BasculeAlarme();
   };
   Engin.BasculeCamera();
   EXPECT_FALSE(actifDansLaPompe);
-  EXPECT_EQ(Pompe.Appels, 2);
+  EXPECT_EQ(Pompe.Appels, 1);
+  EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Connecte")), 1);
   EXPECT_TRUE(Engin.Camera().CameraActive);
-  EXPECT_TRUE(Pilote.EstConnecte());
+  EXPECT_FALSE(Engin.CompteAReboursEnCours());
 }
 
 TEST_F(Camera, StopsInOrder) {
@@ -273,14 +278,86 @@ TEST_F(Camera, SwitchDoesNothingWhileTheDriverIsBeingConnected) {
     basculee = true;
     Engin.BasculeCamera();
     Engin.BasculeAlarme();
+    Engin.MontreDialogueFormat();
+    Engin.MontreDialogueSource();
+    EXPECT_FALSE(Engin.AttendCamera());
     EXPECT_FALSE(Engin.Camera().CameraActive);
     EXPECT_FALSE(Engin.CompteAReboursEnCours());
+    EXPECT_EQ(Affichage.Avis, AvisMoniteur::kConnexion);
   };
   Engin.BasculeCamera();
   EXPECT_TRUE(basculee);
   EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Connecte")), 1);
   EXPECT_EQ(Journal.Lignes().count(QStringLiteral("Deconnecte")), 0);
+  EXPECT_EQ(Journal.Lignes().count(QStringLiteral("ActiveBouton 2")), 1) << "by the start alone";
+  EXPECT_EQ(Affichage.CamerasInactives, 0) << "it was clicked on already";
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
   EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, AStartThatNobodyWatchesAsksNothingAndGoesOnUntilThereIsAPicture) {
+  Pilote.Presente = false;
+  Pilote.Refus = QStringLiteral("no such host");
+  Journal.Ecoute();
+  for (int i = 0; i < 3; ++i) EXPECT_FALSE(Engin.AttendCamera());
+  EXPECT_EQ(Journal.Lignes().count(QStringLiteral("ConnecteSansAttendre")), 1) << "the driver goes on by itself";
+  EXPECT_EQ(Affichage.CamerasIntrouvables, 0);
+  EXPECT_TRUE(Sante.Dure(Condition::kCameraAttendue));
+  EXPECT_EQ(Sante.Details.value(Condition::kCameraAttendue), Pilote.Refus);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kConnexion);
+  EXPECT_FALSE(Engin.Camera().EnPause());
+  Pilote.Presente = true;
+  Pilote.Image = Unie(0);
+  EXPECT_TRUE(Engin.AttendCamera());
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+  EXPECT_FALSE(Sante.Dure(Condition::kCameraAttendue));
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
+  EXPECT_TRUE(Active("Timer1"));
+  AttendZone(Zone(), 1, 1, SurfaceImage::kLargeurInitiale, SurfaceImage::kHauteurInitiale);
+  EXPECT_TRUE(Engin.AttendCamera());
+  EXPECT_EQ(Journal.Lignes().count(QStringLiteral("ConnecteSansAttendre")), 1);
+}
+
+TEST_F(Camera, AClickOfSomebodyTakesThePlaceOfAStartThatNobodyWatches) {
+  Pilote.Presente = false;
+  EXPECT_FALSE(Engin.AttendCamera());
+  Engin.BasculeCamera();
+  EXPECT_EQ(Affichage.CamerasIntrouvables, 1);
+  EXPECT_FALSE(Sante.Dure(Condition::kCameraAttendue));
+  Pilote.Presente = true;
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Engin.Camera().CameraActive);
+}
+
+TEST_F(Camera, NothingThatIsLetInByAStartThatNobodyWatchesBeginsAnother) {
+  Pompe.EnAttente = [&] { EXPECT_FALSE(Engin.AttendCamera()); };
+  EXPECT_TRUE(Engin.AttendCamera());
+  EXPECT_EQ(Pompe.Appels, 1);
+}
+
+TEST_F(Camera, EndOfTheProgramLetsADriverGoThatIsWaitedFor) {
+  Pilote.Presente = false;
+  EXPECT_FALSE(Engin.AttendCamera());
+  EXPECT_TRUE(Pilote.EstConnecte());
+  Engin.DeconnectePilote();
+  EXPECT_FALSE(Pilote.EstConnecte());
+  EXPECT_FALSE(Engin.AttendCamera());
+  EXPECT_FALSE(Pilote.EstConnecte());
+}
+
+TEST_F(Camera, AnotherCameraThanTheChosenOneIsToldUntilItIsOffOrChosen) {
+  Pilote.Autre = QStringLiteral("Camera B");
+  Engin.BasculeCamera();
+  EXPECT_TRUE(Sante.Dure(Condition::kAutreCamera));
+  EXPECT_EQ(Sante.Details.value(Condition::kAutreCamera), Pilote.Autre);
+  Pilote.PendantDialogue = [&] { Pilote.Autre.clear(); };
+  Engin.MontreDialogueSource();
+  EXPECT_FALSE(Sante.Dure(Condition::kAutreCamera));
+  Pilote.PendantDialogue = [&] { Pilote.Autre = QStringLiteral("Camera B"); };
+  Engin.MontreDialogueSource();
+  EXPECT_TRUE(Sante.Dure(Condition::kAutreCamera));
+  Engin.BasculeCamera();
+  EXPECT_FALSE(Sante.Dure(Condition::kAutreCamera));
 }
 
 TEST_F(Camera, WhatTheDriverKnowsOfItsFailureIsTold) {

@@ -67,9 +67,11 @@ TEST_F(Tick, TellsALostSignalThoughNoFrameComes) {
   DemarreSurNoir();
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
   Pilote.Muette = Pilote.Perdu = true;
+  Pilote.Refus = QStringLiteral("no such host");
   Tic();
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kSignalPerdu);
   EXPECT_TRUE(Sante.Dure(Condition::kSignalPerdu));
+  EXPECT_EQ(Sante.Details.value(Condition::kSignalPerdu), Pilote.Refus) << "why it does not come back";
   Pilote.Muette = Pilote.Perdu = false;
   Tic();
   EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);

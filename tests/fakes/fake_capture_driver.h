@@ -22,14 +22,19 @@ class PiloteFaux : public PiloteCapture {
     if (PendantConnexion) PendantConnexion();
     return Connecte_;
   }
+  void ConnecteSansAttendre() override {
+    Journal_.Note([] { return QStringLiteral("ConnecteSansAttendre"); });
+    Connecte_ = true;
+  }
   QString Explication() const override { return Refus; }
+  QString AutreCamera() const override { return Autre; }
   void Deconnecte() override {
     Journal_.Note([] { return QStringLiteral("Deconnecte"); });
     if (PendantDeconnexion) PendantDeconnexion();
     Connecte_ = false;
     Reveil_ = nullptr;
   }
-  bool ImagePrete() const override { return ParArrivee ? Arrivee_ : !Muette; }
+  bool ImagePrete() const override { return Presente && (ParArrivee ? Arrivee_ : !Muette); }
   bool SaisitImage() override {
     Journal_.Note([] { return QStringLiteral("SaisitImage"); });
     ++Saisies;
@@ -68,6 +73,7 @@ class PiloteFaux : public PiloteCapture {
   }
 
   bool Presente = true;                             ///< Connecte succeeds
+  QString Autre;                                    ///< AutreCamera
   QString Refus;                                    ///< why Connecte fails, as the driver words it
   bool Muette = false;                              ///< there is no newer frame
   bool ParArrivee = false;                          ///< a newer frame is there only after each Arrive

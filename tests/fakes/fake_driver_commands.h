@@ -5,6 +5,7 @@
 #include <QMap>
 #include <QStringList>
 #include <functional>
+#include <utility>
 
 #include "platform/capture/devices/device_access.h"
 #include "platform/capture/dialogs/driver_commands.h"
@@ -26,11 +27,14 @@ class FauxPilote : public CommandesPilote {
   }
   bool ChangeSource(const QString& source) override {
     Sources_.append(source);
+    if (PendantEssai_) PendantEssai_();
+    if (std::exchange(Abandonnee_, false)) return false;
     if (Accepte_ && ApresSource_) ApresSource_(source);
     return Accepte_;
   }
 
-  bool EstSansDecodeur() const override { return SansDecodeur_; }
+  void Abandonne() override { Abandonnee_ = true; }
+  Raison Pourquoi() const override { return Raison_; }
 
   GenreSource Genre_ = GenreSource::kPeripherique;
   QString Description_ = QStringLiteral("/dev/video0");
@@ -39,7 +43,9 @@ class FauxPilote : public CommandesPilote {
   QString NomStable_ = QStringLiteral("uvcvideo|Camera|usb-1");
   FormatCamera Format_ = {QStringLiteral("MJPG"), 640, 480, 30, 1};
   bool Accepte_ = true;
-  bool SansDecodeur_ = false;
+  Raison Raison_;
+  bool Abandonnee_ = false;
+  std::function<void()> PendantEssai_;               ///< runs while a source is being tried
   std::function<void(const QString&)> ApresSource_;  ///< what an accepted source makes of the driver
   QList<FormatCamera> Appliques_;
   QStringList Sources_;
@@ -67,6 +73,12 @@ class FauxPeripheriques : public AccesPeripheriques {
   }
 
   QStringList Muets() const override { return Muets_; }
+  std::unique_ptr<QObject> SuitBranchements(std::function<void()> change) const override {
+    Branchement_ = std::move(change);
+    return std::make_unique<QObject>();
+  }
+
+  mutable std::function<void()> Branchement_;  ///< what is to be called when something is plugged in
 
   QList<PeripheriqueVideo> Peripheriques_;
   QStringList Muets_;

@@ -237,10 +237,11 @@ TEST(Conditions, LastAsLongAsTheyMayMendThemselvesBeforeTheyAreTold) {
     EXPECT_EQ(DonneDuree(perte), 0);
 }
 
-TEST(Conditions, OnlyALostSignalAndAStoppedDetectionMakeBlind) {
+TEST(Conditions, OnlyALostOrAwaitedCameraAndAStoppedDetectionMakeBlind) {
   for (int i = 0; i < kNombreConditions; ++i) {
     const auto quoi = static_cast<Condition>(i);
-    const bool aveugle = quoi == Condition::kSignalPerdu || quoi == Condition::kDetectionArretee;
+    const bool aveugle =
+        quoi == Condition::kSignalPerdu || quoi == Condition::kDetectionArretee || quoi == Condition::kCameraAttendue;
     EXPECT_EQ(DonneGravite(quoi) == Gravite::kAveugle, aveugle) << i;
   }
 }

@@ -24,6 +24,8 @@ class PiloteSurSource : public testing::Test {
         ou, Memoire_, [] { return Langue::kAnglais; }, nullptr);
     return Pilote_->Connecte();
   }
+  /// What was tried last was refused since nothing here decodes it.
+  bool EstSansDecodeur() const { return Pilote_->Pourquoi().Quoi == Motif::kSansDecodeur; }
   QString Fichier(const char* nom) const { return Dossier_.filePath(QLatin1String(nom)); }
 
   /// Frames that come within this time, and the longest wait for one.

@@ -14,12 +14,14 @@
 namespace vaktor {
 
 // What the camera does with whoever connects. It may change at any time.
-enum class Humeur { kFilme, kCale, kMuet, kFouillis, kPasTrouve, kImagesFausses };
+enum class Humeur { kFilme, kCale, kMuet, kFouillis, kPageWeb, kPasTrouve, kInterdit, kEnPanne, kImagesFausses };
 
-// A web camera on a thread of its own: multipart JPEG, ten pictures a second, one after the other and round again.
+// A web camera on a thread of its own: multipart JPEG, ten pictures a second or one each `rythme` milliseconds, one
+// after the other and round again.
 class CameraReseau {
  public:
-  explicit CameraReseau(const QList<QByteArray>& images) : Images_(images) {
+  explicit CameraReseau(const QList<QByteArray>& images, int rythme = 100, quint16 port = 0)
+      : Images_(images), Rythme_(rythme), Port_(port) {
     Fil_.start();
     Objet_.moveToThread(&Fil_);
     QMetaObject::invokeMethod(
@@ -44,7 +46,7 @@ class CameraReseau {
  private:
   void Ouvre() {
     Serveur_ = new QTcpServer;
-    Serveur_->listen(QHostAddress::LocalHost);
+    Serveur_->listen(QHostAddress::LocalHost, Port_);
     Port_ = Serveur_->serverPort();
     QObject::connect(Serveur_, &QTcpServer::newConnection, &Objet_, [this] { Accueille(); });
   }
@@ -68,10 +70,15 @@ class CameraReseau {
       client->disconnectFromHost();
       return;
     }
-    if (Etat == Humeur::kPasTrouve) {
-      client->write("HTTP/1.1 404 Not Found\r\nContent-Length: 0\r\n\r\n");
+    if (Etat == Humeur::kPageWeb) {
+      client->write(
+          "HTTP/1.1 200 OK\r\nContent-Type: text/html\r\n\r\n<!DOCTYPE html><html><body>camera</body></html>\n");
+      client->disconnectFromHost();
       return;
     }
+    if (Etat == Humeur::kPasTrouve) return Refuse(client, "404 Not Found");
+    if (Etat == Humeur::kInterdit) return Refuse(client, "403 Forbidden");
+    if (Etat == Humeur::kEnPanne) return Refuse(client, "503 Service Unavailable");
     if (demande.contains("/ferme") && !demande.contains("Authorization")) {
       client->write("HTTP/1.1 401 Unauthorized\r\nWWW-Authenticate: Basic realm=\"c\"\r\nContent-Length: 0\r\n\r\n");
       return;
@@ -85,7 +92,10 @@ class CameraReseau {
       client->write("--image\r\nContent-Type: image/jpeg\r\nContent-Length: " + QByteArray::number(image.size()) +
                     "\r\n\r\n" + image + "\r\n");
     });
-    cadence->start(100);
+    cadence->start(Rythme_);
+  }
+  static void Refuse(QTcpSocket* client, const QByteArray& statut) {
+    client->write("HTTP/1.1 " + statut + "\r\nContent-Length: 0\r\n\r\n");
   }
 
   // Of the right kind by its first bytes, cut short and full of something else behind them.
@@ -97,6 +107,7 @@ class CameraReseau {
 
   const QList<QByteArray> Images_;
   QByteArray Fichier_;
+  const int Rythme_;
   qsizetype Rang_ = 0;
   int Bruit_ = 0;
   QThread Fil_;

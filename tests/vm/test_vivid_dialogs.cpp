@@ -128,7 +128,7 @@ TEST_F(VividDialogue, ABusyCameraIsRefusedAndTheEarlierOneGoesOn) {
     Clique(dialogue, "BtnFermerSource");
   });
   pilote->MontreDialogueSource();
-  EXPECT_EQ(etat, "vivid: no picture came. The earlier source goes on.");
+  EXPECT_TRUE(etat.startsWith("vivid\n") && etat.endsWith("The earlier source goes on.")) << qUtf8Printable(etat);
   EXPECT_TRUE(AttendImages(*pilote, 5));
   EXPECT_EQ(pilote->NoeudPeripherique(), liste[0].Noeud);
   EXPECT_EQ(Memoire_.Source(), "");

@@ -9,6 +9,8 @@ QString MotAvis(Langue langue, AvisMoniteur avis) {
   switch (avis) {
     case AvisMoniteur::kSignalPerdu:
       return Phrase{"Signal perdu", "Signal lost"}.Dit(langue);
+    case AvisMoniteur::kConnexion:
+      return Phrase{"Connexion...", "Connecting..."}.Dit(langue);
     case AvisMoniteur::kDetectionArretee:
       return Phrase{"Détection arrêtée", "Detection stopped"}.Dit(langue);
     case AvisMoniteur::kAucun:

@@ -29,6 +29,8 @@ struct SourceCapture {
   QString Utilisateur;  ///< kReseau: percent-decoded, may be empty
   QString MotDePasse;   ///< kReseau: percent-decoded; goes to the network element and nowhere else
   QString Description;  ///< as the user would name it, secrets taken out
+
+  bool operator==(const SourceCapture&) const = default;
 };
 
 /// "": the first capture driver; "test"; "rtsp://", "rtsps://", "http://", "https://" addresses; "file://" addresses;

@@ -1,15 +1,21 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/capture/devices/device_access.h"
 
+#include <fcntl.h>
+#include <grp.h>
 #include <poll.h>
 #include <sys/eventfd.h>
 #include <sys/inotify.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSocketNotifier>
+#include <QTimer>
 #include <algorithm>
 #include <array>
+#include <cerrno>
 #include <cstring>
 
 namespace vaktor {
@@ -17,12 +23,44 @@ namespace {
 
 // The kernel makes a node, the rights come after it; a link may be moved to its place.
 constexpr uint32_t kEvenements = IN_CREATE | IN_ATTRIB | IN_MOVED_TO;
+// Of one camera several tell, one after the other; what is asked before the last of them is asked in vain.
+constexpr std::chrono::milliseconds kRepos{500};
+
+class SuiviNoeuds : public QObject {
+ public:
+  SuiviNoeuds(const QString& dossier, std::function<void()> change) : Guet_(dossier, true) {
+    Repos_.setSingleShot(true);
+    Repos_.setInterval(kRepos);
+    connect(&Repos_, &QTimer::timeout, this, std::move(change));
+    if (!Guet_.EstOuvert()) return;
+    Avis_ = std::make_unique<QSocketNotifier>(Guet_.Descripteur(), QSocketNotifier::Read);
+    connect(Avis_.get(), &QSocketNotifier::activated, this, [this] {
+      if (Guet_.LitEvenements()) Repos_.start();
+    });
+  }
+
+ private:
+  GuetNoeuds Guet_;
+  std::unique_ptr<QSocketNotifier> Avis_;
+  QTimer Repos_;
+};
 
 }  // namespace
 
-GuetNoeuds::GuetNoeuds(const QString& dossier)
+QString NomGroupe(const QString& noeud) {
+  struct stat etat = {};
+  if (::stat(QFile::encodeName(noeud).constData(), &etat) != 0) return {};
+  group lu = {};
+  group* trouve = nullptr;
+  std::array<char, 4096> place{};
+  ::getgrgid_r(etat.st_gid, &lu, place.data(), place.size(), &trouve);
+  return trouve == nullptr ? QString::number(etat.st_gid) : QString::fromLocal8Bit(trouve->gr_name);
+}
+
+GuetNoeuds::GuetNoeuds(const QString& dossier, bool departs)
     : Inotify_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)), Reveil_(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)) {
-  if (Inotify_ < 0 || ::inotify_add_watch(Inotify_, QFile::encodeName(dossier).constData(), kEvenements) >= 0) return;
+  const uint32_t evenements = departs ? kEvenements | IN_DELETE : kEvenements;
+  if (Inotify_ < 0 || ::inotify_add_watch(Inotify_, QFile::encodeName(dossier).constData(), evenements) >= 0) return;
   ::close(Inotify_);
   Inotify_ = -1;
 }
@@ -78,16 +116,30 @@ std::optional<PeripheriqueVideo> AccesV4L2::Retrouve(const QString& nomStable) c
   return RetrouveParmi(Candidats(), nomStable);
 }
 
-std::optional<PeripheriqueVideo> AccesV4L2::Choisit(const QString& cherche, bool ouLePremier) const {
+std::optional<PeripheriqueVideo> AccesV4L2::Choisit(const QString& cherche) const {
   const QList<CandidatVideo> candidats = Candidats();
   const QList<PeripheriqueVideo> liste = NommePeripheriques(candidats);
   if (const auto trouve = RetrouveParmi(candidats, cherche)) return trouve;
-  if ((cherche.isEmpty() || ouLePremier) && !liste.isEmpty()) return liste.first();
+  if (cherche.isEmpty() && !liste.isEmpty()) return liste.first();
   if (cherche.isEmpty() || !QFileInfo::exists(cherche)) return std::nullopt;
   const QString noeud = QFileInfo(cherche).canonicalFilePath();
   for (const PeripheriqueVideo& candidat : liste)
     if (candidat.Noeud == noeud) return candidat;
   return PeripheriqueVideo{noeud, {}, {}};
+}
+
+std::optional<PeripheriqueVideo> AccesV4L2::LaSeule() const {
+  const QList<PeripheriqueVideo> liste = Peripheriques();
+  return liste.size() == 1 ? std::optional(liste.first()) : std::nullopt;
+}
+
+Raison AccesV4L2::PourquoiAucune() const {
+  for (const QString& noeud : Noeuds()) {
+    // By the effective rights, with which it would be opened.
+    if (::faccessat(AT_FDCWD, QFile::encodeName(noeud).constData(), R_OK | W_OK, AT_EACCESS) != 0 && errno == EACCES)
+      return {Motif::kSansPermission, NomGroupe(noeud)};
+  }
+  return {Motif::kAbsente, {}};
 }
 
 QList<FormatCamera> AccesV4L2::Formats(const QString& noeud) const {
@@ -98,6 +150,10 @@ QList<FormatCamera> AccesV4L2::Formats(const QString& noeud) const {
 QList<ReglageCamera> AccesV4L2::Reglages(const QString& noeud) const {
   const auto question = [reglages = Questions_.Reglages, noeud] { return reglages(noeud); };
   return Guichets_.Demande<QList<ReglageCamera>>(noeud, question, Limites_.Question).value_or(QList<ReglageCamera>());
+}
+
+std::unique_ptr<QObject> AccesV4L2::SuitBranchements(std::function<void()> change) const {
+  return std::make_unique<SuiviNoeuds>(Questions_.Dossier, std::move(change));
 }
 
 bool AccesV4L2::Regle(const QString& noeud, quint32 numero, qint32 valeur) {

@@ -3,11 +3,14 @@
 // know it as an interface, so that they can be tried without any.
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <chrono>
 #include <functional>
+#include <memory>
 #include <stop_token>
 
+#include "platform/capture/choice/capture_reason.h"
 #include "platform/capture/devices/node_desk.h"
 #include "platform/capture/devices/v4l2_device.h"
 
@@ -16,7 +19,8 @@ namespace vaktor {
 /// The folder of the device nodes, watched by the kernel (inotify) from the construction on. For one thread at a time.
 class GuetNoeuds {
  public:
-  explicit GuetNoeuds(const QString& dossier);
+  /// `departs`: also of nodes that go.
+  explicit GuetNoeuds(const QString& dossier, bool departs = false);
   ~GuetNoeuds();
   GuetNoeuds(const GuetNoeuds&) = delete;
   GuetNoeuds& operator=(const GuetNoeuds&) = delete;
@@ -26,10 +30,12 @@ class GuetNoeuds {
   /// True as soon as a video node has come, or has got other rights, since the last call. False at the end of the time,
   /// or when a stop is asked for.
   bool Attend(const std::stop_token& arret, std::chrono::milliseconds limite);
-
- private:
+  /// For whoever has an event loop: becomes readable with each event; LitEvenements then takes them, and says whether
+  /// one of them told of a video node.
+  int Descripteur() const { return Inotify_; }
   bool LitEvenements();
 
+ private:
   int Inotify_ = -1;
   int Reveil_ = -1;
 };
@@ -43,7 +49,13 @@ class AccesPeripheriques {
   virtual bool Regle(const QString& noeud, quint32 numero, qint32 valeur) = 0;
   /// Nodes that leave a question unanswered at this moment: what is empty or refused above may be so because of that.
   virtual QStringList Muets() const { return {}; }
+  /// Calls `change` on this thread, out of the event loop, when cameras were plugged in or out, for as long as what it
+  /// gives lives. Null where nobody tells.
+  virtual std::unique_ptr<QObject> SuitBranchements(std::function<void()> change) const = 0;
 };
+
+/// The group that may open this node; empty where it is not there.
+QString NomGroupe(const QString& noeud);
 
 /// A source as people know it: a device by its card's name and node, others as they describe themselves.
 inline QString NomPourGens(const AccesPeripheriques& acces, const QString& noeud, const QString& description) {
@@ -80,15 +92,19 @@ class AccesV4L2 final : public AccesPeripheriques {
   /// RetrouvePeripherique among those that answer.
   std::optional<PeripheriqueVideo> Retrouve(const QString& nomStable) const;
   /// The one that `cherche` names: by its stable name, else by its node's path or a link that the user made to it.
-  /// Where there is none, and where nothing is named, the first one that answers: without a name always, else
-  /// `ouLePremier`.
-  std::optional<PeripheriqueVideo> Choisit(const QString& cherche, bool ouLePremier) const;
+  /// Where nothing is named, the first one that answers.
+  std::optional<PeripheriqueVideo> Choisit(const QString& cherche) const;
+  /// The camera that answers, where it is the only one: nobody has to be asked which one to take instead of another.
+  std::optional<PeripheriqueVideo> LaSeule() const;
+  /// Why there is none: a node is there and its user may not open it (the detail is its group), or none is plugged in.
+  Raison PourquoiAucune() const;
   /// All video nodes, cameras or not. Opens none.
   QStringList Noeuds() const { return Questions_.Noeuds(); }
   QList<FormatCamera> Formats(const QString& noeud) const override;
   QList<ReglageCamera> Reglages(const QString& noeud) const override;
   bool Regle(const QString& noeud, quint32 numero, qint32 valeur) override;
   QStringList Muets() const override { return Guichets_.Muets(); }
+  std::unique_ptr<QObject> SuitBranchements(std::function<void()> change) const override;
 
  private:
   QList<CandidatVideo> Candidats() const;

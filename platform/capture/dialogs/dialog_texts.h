@@ -31,6 +31,7 @@ enum class TexteDialogue {
   kAnnule,
   kFerme,
   kUnInstant,
+  kEssaiSource,
   kFormatApplique,
   kFormatRefuse,
   kNonRetenu,  ///< it holds for this run, but could not be remembered
@@ -50,9 +51,9 @@ enum class TexteDialogue {
   kActualise,
   kSourceChangee,       ///< %1: source
   kSourceReduite,       ///< %1: source, %2: size, %3: the size that it is scaled down to
-  kSourceRefusee,       ///< %1: source
-  kSourceSansDecodeur,  ///< %1: source
-  kSansDecodeur,        ///< the same where nothing else goes on
+  kSourceRefusee,       ///< %1: source, %2: why
+  kSourceSansImage,     ///< the same where nothing else goes on
+  kDemandeAutreSource,  ///< the same at a connection, when another one may be chosen
   kAdresseVide,
   kMotDePasseMasque,
   kGroupeReglages,

@@ -6,6 +6,7 @@
 #include <QString>
 
 #include "platform/capture/choice/camera_format.h"
+#include "platform/capture/choice/capture_reason.h"
 #include "platform/capture/choice/named_source.h"
 
 namespace vaktor {
@@ -23,10 +24,13 @@ class CommandesPilote {
   virtual FormatCamera FormatCourant() const = 0;  ///< as negotiated; size of the frames for every kind
   /// Stops, opens again in this format and waits for a frame. False: the old format goes on.
   virtual bool AppliqueFormat(const FormatCamera& format) = 0;
-  /// Opens another device path, stable name, address, file or "test". False: the old source goes on.
+  /// Opens another device path, stable name, address, file or "test". False: the old source goes on. Mouse and keys go
+  /// on meanwhile, for up to DelaisCapture::kConnexionReseau.
   virtual bool ChangeSource(const QString& source) = 0;
-  /// Why it was refused: nothing that is installed here decodes what it gives.
-  virtual bool EstSansDecodeur() const = 0;
+  /// Ends a ChangeSource that waits; it then says false.
+  virtual void Abandonne() = 0;
+  /// Why AppliqueFormat or ChangeSource said false.
+  virtual Raison Pourquoi() const = 0;
 };
 
 }  // namespace vaktor

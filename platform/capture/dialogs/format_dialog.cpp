@@ -250,7 +250,10 @@ bool DialogueFormat::Applique() {
   MontreFormatCourant();
   if (!fait) {
     ChoisitDansListes(Pilote_.FormatCourant());
-    Etat_->MontreErreur(TexteDe(TexteDialogue::kFormatRefuse, Langue_));
+    const Raison raison = Pilote_.Pourquoi();
+    QString texte = TexteDe(TexteDialogue::kFormatRefuse, Langue_);
+    if (raison.Quoi != Motif::kInconnu) texte = DitRaison(raison, Langue_) + QLatin1Char('\n') + texte;
+    Etat_->MontreErreur(texte);
     return false;
   }
   if (!Memoire_.RetientFormat(Pilote_.NomStable(), *choisi)) {

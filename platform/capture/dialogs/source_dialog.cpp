@@ -2,7 +2,6 @@
 // The source dialog: above the sources and an address, below the controls of the camera at work.
 #include "platform/capture/dialogs/source_dialog.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -11,9 +10,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPointer>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScrollArea>
 #include <QVBoxLayout>
+#include <optional>
 
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/choice/fitted_size.h"
@@ -54,7 +56,33 @@ DialogueSource::DialogueSource(QWidget* parent, Langue langue, CommandesPilote& 
   ConstruitPied(*colonne);
   RemplitSources();
   MontreReglages();
+  Branchements_ = Acces_.SuitBranchements([this] { SuitBranchements(); });
   resize(600, 620);
+}
+
+void DialogueSource::DemandeAutreSource(const QString& description, const Raison& raison) {
+  EnConnexion_ = true;
+  RemplitSources();
+  // Who has typed an address looks for it there.
+  if (EstLieu(Memoire_.Source())) Sources_->setCurrentRow(Sources_->count() - 1);
+  Etat_->MontreErreur(
+      TexteDe(TexteDialogue::kDemandeAutreSource, Langue_).arg(description, DitRaison(raison, Langue_)));
+}
+
+void DialogueSource::done(int resultat) {
+  if (!EnEssai_) return QDialog::done(resultat);
+  Fermee_ = true;
+  Pilote_.Abandonne();
+}
+
+// A camera that was plugged in, or out, while the dialog is open. What is picked stays picked.
+void DialogueSource::SuitBranchements() {
+  if (EnEssai_ || Remplit_) return;
+  const QListWidgetItem* avant = Sources_->currentItem();
+  const QString choisie = avant == nullptr ? QString() : avant->data(Qt::UserRole).toString();
+  RemplitSources();
+  for (int i = 0; i < Sources_->count(); ++i)
+    if (!choisie.isEmpty() && Sources_->item(i)->data(Qt::UserRole).toString() == choisie) Sources_->setCurrentRow(i);
 }
 
 QPushButton* DialogueSource::FaitBouton(int texte, const char* nom) {
@@ -161,9 +189,11 @@ void DialogueSource::AjouteRemarque(const QString& texte) {
 
 void DialogueSource::RemplitSources() {
   // Asked before the list is emptied: the wait for a device that does not answer may be seen.
+  const QScopedValueRollback<bool> demande(Remplit_, true);
   const QList<PeripheriqueVideo> peripheriques = Acces_.Peripheriques();
   const QStringList muets = Acces_.Muets();
-  const GenreSource genre = Pilote_.Genre();
+  std::optional<GenreSource> genre;  // of what is at work
+  if (!EnConnexion_) genre = Pilote_.Genre();
   Sources_->clear();
   for (const PeripheriqueVideo& p : peripheriques) {
     const bool enService = genre == GenreSource::kPeripherique && p.Noeud == Pilote_.NoeudPeripherique();
@@ -279,24 +309,37 @@ QString DialogueSource::SourceChoisie() {
   return {};
 }
 
+// Seconds, for a camera that says nothing: until then the dialog can be closed, and nothing else.
+bool DialogueSource::Essaie(const QString& source) {
+  Etat_->MontreAttente(TexteDe(TexteDialogue::kEssaiSource, Langue_));
+  const QPointer<QWidget> ou = focusWidget();
+  const QScopedValueRollback<bool> essai(EnEssai_, true);
+  const QList<QGroupBox*> groupes = findChildren<QGroupBox*>();
+  for (QGroupBox* groupe : groupes) groupe->setEnabled(false);
+  const bool fait = Pilote_.ChangeSource(source);
+  for (QGroupBox* groupe : groupes) groupe->setEnabled(true);
+  if (ou) ou->setFocus();
+  return fait;
+}
+
+void DialogueSource::DitRefus(const QString& nom) {
+  const auto texte = EnConnexion_ ? TexteDialogue::kSourceSansImage : TexteDialogue::kSourceRefusee;
+  Etat_->MontreErreur(TexteDe(texte, Langue_).arg(nom, DitRaison(Pilote_.Pourquoi(), Langue_)));
+}
+
 void DialogueSource::Utilise() {
   QString source = SourceChoisie();
   if (source.isEmpty()) return;
   QString nom = Sources_->currentItem()->data(kRoleNom).toString();
   if (nom.isEmpty()) nom = MasqueAdresse(source);
-  Etat_->MontreAttente(TexteDe(TexteDialogue::kUnInstant, Langue_));
-  QApplication::setOverrideCursor(Qt::WaitCursor);
-  const bool fait = Pilote_.ChangeSource(source);
-  QApplication::restoreOverrideCursor();
-  if (!fait) {
-    const auto pourquoi =
-        Pilote_.EstSansDecodeur() ? TexteDialogue::kSourceSansDecodeur : TexteDialogue::kSourceRefusee;
-    Etat_->MontreErreur(TexteDe(pourquoi, Langue_).arg(nom));
-    return;
-  }
+  const bool fait = Essaie(source);
+  if (Fermee_) return QDialog::done(QDialog::Rejected);
+  if (!fait) return DitRefus(nom);
   // A host alone is remembered by the address that answered.
   if (EstHoteSeul(source)) source = Pilote_.AdresseEnService();
   const bool retenu = Memoire_.RetientSource(source);
+  if (retenu && EnConnexion_) return accept();
+  EnConnexion_ = false;
   // From now on the password of a typed address is known and need not stand on the screen.
   if (retenu && EstLieu(source)) Adresse_->setText(MasqueAdresse(source));
   RemplitSources();

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <QDialog>
+#include <memory>
 
+#include "platform/capture/choice/capture_reason.h"
 #include "texts/language.h"
 
 class QLineEdit;
@@ -28,6 +30,12 @@ class DialogueSource : public QDialog {
   DialogueSource(QWidget* parent, Langue langue, CommandesPilote& pilote, MemoireCapture& memoire,
                  AccesPeripheriques& acces);
 
+  /// No source is at work: `description` was asked for and gives nothing. The user may choose another, which ends the
+  /// dialog, or close it.
+  void DemandeAutreSource(const QString& description, const Raison& raison);
+  /// While a source is being tried the trial ends first, and what was at work before goes on.
+  void done(int resultat) override;
+
  private:
   void ConstruitSource(QVBoxLayout& colonne);
   void ConstruitAdresse(QVBoxLayout& colonne);
@@ -47,6 +55,9 @@ class DialogueSource : public QDialog {
   /// What the user picked; empty, with a message shown, where nothing can be done with it.
   QString SourceChoisie();
   void Utilise();
+  bool Essaie(const QString& source);
+  void DitRefus(const QString& nom);
+  void SuitBranchements();
   void RemetDefauts();
   void ChangeEntree(quint32 numero, qint32 valeur);
 
@@ -62,6 +73,11 @@ class DialogueSource : public QDialog {
   QScrollArea* Cadre_ = nullptr;
   PanneauReglages* Panneau_ = nullptr;  ///< owned by Cadre_; null where the source has no controls
   BandeauMessage* Etat_ = nullptr;
+  std::unique_ptr<QObject> Branchements_;
+  bool EnConnexion_ = false;  ///< nothing is at work
+  bool EnEssai_ = false;      ///< a source is being tried
+  bool Fermee_ = false;       ///< closed meanwhile
+  bool Remplit_ = false;      ///< the devices are being asked, and events come in
 };
 
 }  // namespace vaktor

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/capture/driver/camera_report.h"
 
-#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -38,28 +37,30 @@ QString NomUtilisateur() {
 }
 
 QString DitSansCamera(const AccesV4L2& acces) {
-  for (const QString& noeud : acces.Noeuds()) {
-    // By the effective rights, with which it would be opened.
-    if (::faccessat(AT_FDCWD, QFile::encodeName(noeud).constData(), R_OK | W_OK, AT_EACCESS) == 0) continue;
+  const Raison raison = acces.PourquoiAucune();
+  if (raison.Quoi == Motif::kSansPermission) {
     return QStringLiteral(
-               "Camera: there is %1, but you may not open it. (As root: adduser %2 video, then log in again.)\n")
-        .arg(noeud, NomUtilisateur());
+               "Camera: there is one, but you may not open it. (As root: adduser %1 %2, then log in again.)\n")
+        .arg(NomUtilisateur(), raison.Detail);
   }
   return QStringLiteral("Camera: none is connected.\n");
 }
 
 RapportCameras DecritPeripheriques(const QString& cherche, const AccesV4L2& acces) {
-  const std::optional<PeripheriqueVideo> choisie = acces.Choisit(cherche, true);
-  if (!choisie) return {DitSansCamera(acces), false};
+  const QList<PeripheriqueVideo> liste = acces.Peripheriques();
+  const std::optional<PeripheriqueVideo> voulue = acces.Choisit(cherche);
+  const std::optional<PeripheriqueVideo> choisie = voulue ? voulue : acces.LaSeule();
+  if (!choisie && liste.isEmpty()) return {DitSansCamera(acces), false};
   QString suite = QStringLiteral(".\n");
   if (!cherche.isEmpty()) {
-    suite = acces.Choisit(cherche, false)
-                ? kChoisie
-                : QStringLiteral("; the one that was chosen in the source dialog is not connected.\n");
+    suite = voulue ? kChoisie : QStringLiteral("; the one that was chosen in the source dialog is not connected.\n");
   }
-  QString texte = Ligne(QStringLiteral("Camera: "), NomDe(*choisie), suite);
-  for (const PeripheriqueVideo& autre : acces.Peripheriques()) {
-    if (autre.Noeud != choisie->Noeud) texte += Ligne(QStringLiteral("Also connected: "), NomDe(autre));
+  QString texte = choisie ? Ligne(QStringLiteral("Camera: "), NomDe(*choisie), suite)
+                          : QStringLiteral(
+                                "Camera: the one that was chosen in the source dialog is not connected. You "
+                                "will be asked which one to take.\n");
+  for (const PeripheriqueVideo& autre : liste) {
+    if (!choisie || autre.Noeud != choisie->Noeud) texte += Ligne(QStringLiteral("Also connected: "), NomDe(autre));
   }
   return {texte, true};
 }

@@ -2,9 +2,11 @@
 #include "platform/capture/driver/capture_session.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/capture/choice/common_addresses.h"
 #include "platform/capture/streams/capture_delays.h"
+#include "platform/capture/streams/reason_probe.h"
 #include "platform/capture/streams/test_picture.h"
 
 namespace vaktor {
@@ -32,6 +34,8 @@ std::shared_ptr<SessionCapture> SessionCapture::Lance(Demande demande, Fabrique 
 SessionCapture::SessionCapture(Demande demande, Fabrique fabrique, const QuestionsV4L2& questions)
     : Demande_(std::move(demande)),
       Fabrique_(std::move(fabrique)),
+      Derniere_(milliseconds(Demande_.Source.Genre == GenreSource::kReseau ? PerteSignal::kSansMesure
+                                                                           : PerteSignal::kMinimum)),
       Acces_(questions, {.Liste = Delais::kListe, .Question = Delais::kFormats}),
       DossierNoeuds_(questions.Dossier) {}
 
@@ -49,7 +53,7 @@ void SessionCapture::Deroule() {
   while ((ouverte || Demande_.Persiste) && !Arret_.stop_requested()) {
     SansSortir([this] {
       if (!Flux_) {
-        Patiente(DernierEssai_ + Delais::kEntreEssais);
+        Patiente(Horloge::now() + Delais::Pause(0, Pourquoi().Quoi));
         Rouvre();
       }
       Veille();
@@ -68,79 +72,122 @@ void SessionCapture::SansSortir(const std::function<void()>& quoi) {
     quoi();
   } catch (const std::exception&) {
     Flux_.reset();
-    Patiente(Horloge::now() + Delais::kEntreEssais);
+    Patiente(Horloge::now() + Delais::Pause(0, Motif::kInconnu));
   }
 }
 
-// Whatever may lead to a picture, one after the other, within the time of one connection.
+// Whatever may lead to a picture, one after the other, within the time of one connection: first the way that has
+// worked, then all of them, since what has worked may be gone for good.
 bool SessionCapture::EssaieTous() {
-  const auto fin = Horloge::now() + Delais::kConnexion;
+  const auto fin = Horloge::now() + Delais::Connexion(Demande_.Source.Genre);
   const QList<DemandeFlux> candidats = Candidats();
-  for (const DemandeFlux& candidat : candidats) {
-    if (candidat.Udp) {
-      // Nothing but the packets' way is different: who refused before that point refuses again, a password for one.
-      if (!Decrit_) return false;
+  Raison raison;
+  if (candidats.isEmpty()) raison = Acces_.PourquoiAucune();
+  for (qsizetype i = 0; i < candidats.size(); ++i) {
+    const DemandeFlux& candidat = candidats.at(i);
+    if (i > 0 && candidat.Udp != candidats.at(i - 1).Udp) {
+      // Nothing but the packets' way is different: who refused before that point refuses again.
+      if (!Decrit_) break;
       Patiente(Horloge::now() + Delais::kEntreChemins);
     }
     if (Arret_.stop_requested()) return false;
-    const bool dernier = &candidat == &candidats.last();
-    if (!Essaie(candidat, dernier ? fin : std::min(fin, Horloge::now() + Delais::kPremierDePlusieurs))) continue;
-    Connait(candidat);
-    return true;
+    const auto part = (fin - Horloge::now()) / (candidats.size() - i);
+    const std::optional<Raison> sienne =
+        Essaie(candidat, Horloge::now() + part, fin, candidats.last().Source == candidat.Source);
+    if (!sienne) {
+      Connait(candidat);
+      return true;
+    }
+    if (sienne->Quoi != Motif::kInconnu) raison = *sienne;
+    // Under another address the same login would be refused again, and the camera might lock ours.
+    if (raison.Quoi == Motif::kMotDePasse) break;
   }
+  Retient(Approfondit(raison));
   return false;
 }
 
-// One opening, to its first frame.
-bool SessionCapture::Essaie(const DemandeFlux& demande, Horloge::time_point limite) {
+// One opening, to its first frame; else why there was none. Whose packets come is not given up before the end of all: a
+// key frame may be seconds away. Nor is a network camera that has told nothing yet, where no other address follows.
+std::optional<Raison> SessionCapture::Essaie(const DemandeFlux& demande, Horloge::time_point limite,
+                                             Horloge::time_point fin, bool seuleAdresse) {
   DernierEssai_ = Horloge::now();
   const quint64 avant = Derniere_.Numero();
   {
     const std::lock_guard verrou(Verrou_);
     Essayee_ = demande.Source;
   }
+  Derniere_.NoteOuverture();
   Flux_ = Fabrique_(Derniere_, demande);
-  if (Flux_->Ouvre()) {
-    while (!Arret_.stop_requested() && Horloge::now() < limite) {
-      const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), Delais::kRegard);
-      if (Derniere_.Numero() > avant) return true;
-      if (etat != FluxImages::Etat::kCoule) break;
-    }
+  const bool reseau = demande.Source.Genre == GenreSource::kReseau;
+  const auto seule = [&] { return Flux_->Recoit() || (reseau && seuleAdresse && !Flux_->EstDecrit()); };
+  bool finie = !Flux_->Ouvre();
+  while (!finie && !Arret_.stop_requested() && Horloge::now() < (seule() ? fin : limite)) {
+    const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), Delais::kRegard);
+    if (Derniere_.Numero() > avant) return std::nullopt;
+    finie = etat != FluxImages::Etat::kCoule;
   }
   Decrit_ = Flux_->EstDecrit();
-  SansDecodeur_ = Flux_->EstSansDecodeur();
+  Raison raison = Flux_->Pourquoi();
+  if (raison.Quoi == Motif::kInconnu && reseau) {
+    if (Flux_->Recoit()) raison.Quoi = Motif::kSansImageEntiere;
+    if (!Flux_->Recoit() && !finie) raison.Quoi = Motif::kMuette;
+  }
   Flux_.reset();
-  return false;
+  return raison;
+}
+
+// Where the network's elements say no more than that it did not work, or nothing at all.
+Raison SessionCapture::Approfondit(const Raison& raison) const {
+  if (Demande_.Source.Genre != GenreSource::kReseau || Arret_.stop_requested()) return raison;
+  if (raison.Quoi != Motif::kInconnu && raison.Quoi != Motif::kMuette) return raison;
+  const Raison chemin = SondeReseau(Essayee_, Arret_.get_token(), Delais::kSonde);
+  return chemin.Quoi == Motif::kInconnu ? raison : chemin;
+}
+
+void SessionCapture::Retient(const Raison& raison) {
+  Note(QStringLiteral("no picture: ") + DitRaison(raison, Langue::kAnglais));
+  const std::lock_guard verrou(Verrou_);
+  Raison_ = raison;
 }
 
 void SessionCapture::Connait(const DemandeFlux& demande) {
   Connue_ = demande;
-  Guet_.reset();                 // what is plugged in now is of no interest
-  Connue_->AutreChemin = false;  // one way has been found to work: it is given all its time
+  Guet_.reset();  // what is plugged in now is of no interest
+  const auto duree = std::chrono::duration_cast<milliseconds>(Horloge::now() - DernierEssai_);
+  Note(QStringLiteral("picture after %1 ms%2").arg(duree.count()).arg(demande.Udp ? ", by UDP" : ""));
   const std::lock_guard verrou(Verrou_);
   Connu_ = {demande.Noeud, {}, demande.NomStable};
+  Autre_ = demande.Autre;
+  Raison_ = {};
+  Donnees_ = true;
+}
+
+void SessionCapture::Note(const QString& ligne) const {
+  const QString qui = Demande_.Source.Description;
+  if (Demande_.Note) Demande_.Note((qui.isEmpty() ? QStringLiteral("camera") : qui) + QStringLiteral(": ") + ligne);
 }
 
 void SessionCapture::Veille() {
   while (!Arret_.stop_requested()) {
     const FluxImages::Etat etat = VeilleFlux();
     if (Arret_.stop_requested()) return;
+    Note(etat == FluxImages::Etat::kFini ? QStringLiteral("at its end") : QStringLiteral("lost"));
     // Released before anything else is opened: a dead device node stays taken as long as somebody holds it.
     Flux_.reset();
     // A device has no end of its own: one that says so was pulled out.
     const bool enBonOrdre = etat == FluxImages::Etat::kFini && Demande_.Source.Genre != GenreSource::kPeripherique;
     const bool finDeFichier = enBonOrdre && Demande_.Source.Genre == GenreSource::kFichier;
-    Patiente(DernierEssai_ + (finDeFichier ? Delais::kEntreLectures : Delais::kEntreEssais));
+    Patiente(DernierEssai_ + (finDeFichier ? Delais::kEntreLectures : Delais::Pause(0, Motif::kInconnu)));
     Rouvre(enBonOrdre);
   }
 }
 
 // A camera that stalls says nothing: only the age of its newest frame tells.
 FluxImages::Etat SessionCapture::VeilleFlux() {
-  while (!Arret_.stop_requested() && !Derniere_.EstARouvrir()) {
-    const milliseconds reste = Derniere_.DelaiReouverture() - Derniere_.Age();
-    const FluxImages::Etat etat =
-        Flux_->Surveille(Arret_.get_token(), std::max(reste, milliseconds(0)) + Delais::kRegard);
+  while (!Arret_.stop_requested() && !Derniere_.Perdu()) {
+    // Looked at more often than it can be: the age that is waited for grows shorter with the first gaps that are known.
+    const milliseconds reste = std::clamp(Derniere_.DelaiPerte() - Derniere_.Age(), milliseconds(0), Delais::kVeille);
+    const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), reste + Delais::kRegard);
     if (etat != FluxImages::Etat::kCoule) return etat;
   }
   return FluxImages::Etat::kErreur;
@@ -150,67 +197,62 @@ FluxImages::Etat SessionCapture::VeilleFlux() {
 // never lost: its pictures are a series, and are compared. What does not open then was.
 void SessionCapture::Rouvre(bool enBonOrdre) {
   Eveil_ = Horloge::now() + Delais::kApresBranchement;
-  for (bool perdue = !enBonOrdre; !Arret_.stop_requested(); perdue = true) {
-    if (perdue) Derniere_.NoteReprise();
+  bool perdue = !enBonOrdre;
+  for (int echecs = 1; !Arret_.stop_requested(); ++echecs) {
+    if (std::exchange(perdue, true)) Derniere_.NoteReprise();
     DernierEssai_ = Horloge::now();
     Introuvable_ = false;
-    if (Connue_ ? EssaieConnue() : EssaieTous()) return;
+    if (EssaieTous()) return;
     if (Introuvable_) {
       AttendBranchement();
+      echecs = 0;  // what comes then is a camera that was just plugged in
     } else {
-      Patiente(DernierEssai_ + Delais::kEntreEssais);
+      Patiente(Horloge::now() + Delais::Pause(echecs, Pourquoi().Quoi));
     }
   }
 }
 
-bool SessionCapture::EssaieConnue() {
-  DemandeFlux demande = *Connue_;
-  // After a replug the number can be another one; the stable name is not.
-  if (demande.Source.Genre == GenreSource::kPeripherique && !TrouvePeripherique(demande)) return false;
-  if (!Essaie(demande, Horloge::now() + Delais::kReouverture)) return false;
-  Connait(demande);
-  return true;
-}
-
 QList<DemandeFlux> SessionCapture::Candidats() {
   DemandeFlux demande;
-  demande.Source = Demande_.Source;
+  demande.Source = Connue_ ? Connue_->Source : Demande_.Source;
   if (demande.Source.Genre == GenreSource::kPeripherique) return CandidatsPeripherique(demande);
-  const QList<DemandeFlux> parHote = CandidatsReseau();
+  const QList<DemandeFlux> parHote = CandidatsReseau(demande.Source);
   if (parHote.size() > 1) return parHote;
   if (!demande.Source.Lieu.startsWith(QLatin1String("rtsp"))) return {demande};
   // Within the connection first: it passes every router. A few cameras know nothing but UDP.
   DemandeFlux parUdp = demande;
-  demande.AutreChemin = true;
   parUdp.Udp = true;
-  return {demande, parUdp};
+  return Connue_ && Connue_->Udp ? QList{parUdp, demande} : QList{demande, parUdp};
 }
 
 // A host without a path: what the common makers call theirs, each within its connection. Whoever refuses one of them,
 // or knows it and stays silent, has the others to come.
-QList<DemandeFlux> SessionCapture::CandidatsReseau() const {
+QList<DemandeFlux> SessionCapture::CandidatsReseau(const SourceCapture& hote) {
   QList<DemandeFlux> candidats;
-  for (const SourceCapture& source : AdressesPossibles(Demande_.Source)) {
+  for (const SourceCapture& source : AdressesPossibles(hote)) {
     DemandeFlux demande;
     demande.Source = source;
-    demande.AutreChemin = true;
     candidats.append(demande);
   }
   return candidats;
 }
 
+// After a replug the number can be another one; the stable name is not. At another port it may offer other formats.
 QList<DemandeFlux> SessionCapture::CandidatsPeripherique(DemandeFlux demande) {
+  if (Connue_) demande.NomStable = Connue_->NomStable;
   if (!TrouvePeripherique(demande)) return {};
-  demande.Format = Demande_.Format;
-  if (Demande_.FormatImpose) return {demande};
-  if (demande.Format == FormatCamera() && Demande_.FormatRetenu) {
-    demande.Format = Demande_.FormatRetenu(demande.NomStable);
+  QList<FormatCamera> formats;
+  if (Connue_) formats.append(Connue_->Format);
+  if (Demande_.Format != FormatCamera()) formats.append(Demande_.Format);
+  if (formats.isEmpty() && Demande_.FormatRetenu) {
+    const FormatCamera retenu = Demande_.FormatRetenu(demande.NomStable);
+    if (retenu != FormatCamera()) formats.append(retenu);
   }
+  if (Connue_ || !Demande_.FormatImpose) formats += ListePremiersFormats(Acces_.Formats(demande.Noeud));
   QList<DemandeFlux> candidats;
-  if (demande.Format != FormatCamera()) candidats.append(demande);
-  for (const FormatCamera& format : ListePremiersFormats(Acces_.Formats(demande.Noeud))) {
+  for (const FormatCamera& format : std::as_const(formats)) {
     demande.Format = format;
-    if (candidats.isEmpty() || candidats.first().Format != format) candidats.append(demande);
+    if (!candidats.contains(demande)) candidats.append(demande);
   }
   return candidats;
 }
@@ -220,9 +262,7 @@ bool SessionCapture::TrouvePeripherique(DemandeFlux& demande) {
   if (Derniere_.Numero() > 0 || Demande_.Persiste) {
     if (!Guet_) Guet_ = std::make_unique<GuetNoeuds>(DossierNoeuds_);
   }
-  const std::optional<PeripheriqueVideo> trouve = demande.NomStable.isEmpty()
-                                                      ? Acces_.Choisit(demande.Source.Lieu, Demande_.OuLePremier)
-                                                      : Acces_.Retrouve(demande.NomStable);
+  const std::optional<PeripheriqueVideo> trouve = ChoisitPeripherique(demande);
   // A driver that hangs is asked nothing more, and tells of its end by no event.
   Introuvable_ = !trouve && Acces_.Muets().isEmpty();
   if (!trouve) return false;
@@ -239,6 +279,17 @@ void SessionCapture::RegleEntree(const DemandeFlux& demande) {
   if (entree.Norme) Acces_.Regle(demande.Noeud, kReglageNorme, *entree.Norme);
 }
 
+std::optional<PeripheriqueVideo> SessionCapture::ChoisitPeripherique(DemandeFlux& demande) {
+  if (!demande.NomStable.isEmpty()) {
+    demande.Autre = EstAutre();
+    return Acces_.Retrouve(demande.NomStable);
+  }
+  const std::optional<PeripheriqueVideo> voulu = Acces_.Choisit(demande.Source.Lieu);
+  if (voulu || !Demande_.OuLaSeule) return voulu;
+  demande.Autre = true;
+  return Acces_.LaSeule();
+}
+
 void SessionCapture::Patiente(Horloge::time_point jusqua) {
   std::unique_lock verrou(Verrou_);
   Change_.wait_until(verrou, Arret_.get_token(), jusqua, [] { return false; });
@@ -247,10 +298,11 @@ void SessionCapture::Patiente(Horloge::time_point jusqua) {
 // Opening all nodes each two seconds would wake cameras that others use, for as long as this one lies in a drawer.
 void SessionCapture::AttendBranchement() {
   const auto maintenant = Horloge::now();
-  if (maintenant < Eveil_ || !Guet_ || !Guet_->EstOuvert()) return Patiente(DernierEssai_ + Delais::kEntreEssais);
+  const auto suivant = DernierEssai_ + Delais::Pause(0, Motif::kInconnu);
+  if (maintenant < Eveil_ || !Guet_ || !Guet_->EstOuvert()) return Patiente(suivant);
   if (!Guet_->Attend(Arret_.get_token(), Delais::kRonde)) return;
   Eveil_ = Horloge::now() + Delais::kApresBranchement;
-  Patiente(std::max(DernierEssai_ + Delais::kEntreEssais, Horloge::now() + Delais::kEntreLectures));
+  Patiente(std::max(suivant, Horloge::now() + Delais::kEntreLectures));
 }
 
 bool SessionCapture::EstFinie() const {
@@ -271,6 +323,16 @@ bool SessionCapture::Arrete(milliseconds limite) {
 SourceCapture SessionCapture::Source() const {
   const std::lock_guard verrou(Verrou_);
   return Essayee_;
+}
+
+Raison SessionCapture::Pourquoi() const {
+  const std::lock_guard verrou(Verrou_);
+  return Raison_;
+}
+
+bool SessionCapture::EstAutre() const {
+  const std::lock_guard verrou(Verrou_);
+  return Autre_;
 }
 
 QString SessionCapture::Noeud() const {

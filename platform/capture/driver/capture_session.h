@@ -32,9 +32,10 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
 
   struct Demande {
     SourceCapture Source;
-    /// kPeripherique: the first capture driver where this one is not plugged in.
-    bool OuLePremier = false;
-    /// kPeripherique: the format to open it with. Where the device refuses it, others follow unless it is imposed.
+    /// kPeripherique: the only camera there is, where the one that is named is not plugged in.
+    bool OuLaSeule = false;
+    /// kPeripherique: the format to open it with. Where the device refuses it, others follow. One that is imposed is
+    /// the only one of the first opening; the device may be plugged in elsewhere later, and offer others there.
     FormatCamera Format;
     bool FormatImpose = false;
     /// A source that was already at work: a first opening that fails does not end the session, it goes on trying.
@@ -46,6 +47,8 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
     /// kPeripherique: the input and the standard that it is remembered with; set each time before it is opened, since a
     /// grabber that was unplugged has forgotten them.
     std::function<EntreeCamera(const QString&)> EntreeRetenue;
+    /// Takes a line for the log of the capture, on the session's thread; may be empty.
+    std::function<void(const QString&)> Note;
   };
 
   static Fabrique FabriqueReelle();
@@ -56,13 +59,13 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
 
   // Any thread from here on.
 
-  /// Demande::Prepare is over: from here on a first frame comes within DelaisCapture::kConnexion or never.
+  /// Demande::Prepare is over: from here on a first frame comes within DelaisCapture::Connexion, or it is told why not.
   bool EstPrete() const { return Prete_; }
   /// Whether a frame has come, and whether there is any use in waiting for one.
-  bool DonneDesImages() const { return Derniere_.Numero() > 0; }
+  bool DonneDesImages() const { return Donnees_; }
   bool EstFinie() const;
-  /// What was tried last gives something that nothing installed here can decode.
-  bool EstSansDecodeur() const { return SansDecodeur_; }
+  /// Why what was tried last gave no frame.
+  Raison Pourquoi() const;
   /// Asks for the end and waits for it. False: it still hangs; call again to wait longer.
   bool Arrete(std::chrono::milliseconds limite);
 
@@ -72,6 +75,8 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   QString NomStable() const;
   /// What is being tried, or has given frames: of a network camera that was named by its host, one of its addresses.
   SourceCapture Source() const;
+  /// It is another camera than the one that was named (Demande::OuLaSeule).
+  bool EstAutre() const;
 
  private:
   using Horloge = DerniereImage::Horloge;
@@ -82,15 +87,19 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   bool EssaieTous();
   void Veille();
   void Rouvre(bool enBonOrdre = false);
-  bool EssaieConnue();
   void Connait(const DemandeFlux& demande);
   FluxImages::Etat VeilleFlux();
-  bool Essaie(const DemandeFlux& demande, Horloge::time_point limite);
+  std::optional<Raison> Essaie(const DemandeFlux& demande, Horloge::time_point limite, Horloge::time_point fin,
+                               bool seuleAdresse);
+  Raison Approfondit(const Raison& raison) const;
+  void Retient(const Raison& raison);
   QList<DemandeFlux> Candidats();
   QList<DemandeFlux> CandidatsPeripherique(DemandeFlux demande);
-  QList<DemandeFlux> CandidatsReseau() const;
+  static QList<DemandeFlux> CandidatsReseau(const SourceCapture& hote);
   bool TrouvePeripherique(DemandeFlux& demande);
   void RegleEntree(const DemandeFlux& demande);
+  std::optional<PeripheriqueVideo> ChoisitPeripherique(DemandeFlux& demande);
+  void Note(const QString& ligne) const;
   void Patiente(Horloge::time_point jusqua);
   void AttendBranchement();
 
@@ -111,12 +120,14 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   Horloge::time_point DernierEssai_{};
   bool Decrit_ = false;  // the last one that was tried had told what it sends
   std::atomic<bool> Prete_ = false;
-  std::atomic<bool> SansDecodeur_ = false;
+  std::atomic<bool> Donnees_ = false;  // behind what is known of the camera: who sees it can ask for that
 
   mutable std::mutex Verrou_;
   std::condition_variable_any Change_;
   PeripheriqueVideo Connu_;
   SourceCapture Essayee_;
+  bool Autre_ = false;
+  Raison Raison_;
   bool Finie_ = false;
 };
 

@@ -5,7 +5,6 @@
 
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/choice/common_addresses.h"
-#include "platform/capture/dialogs/dialog_texts.h"
 #include "platform/capture/dialogs/format_dialog.h"
 #include "platform/capture/dialogs/source_dialog.h"
 #include "platform/capture/streams/capture_delays.h"
@@ -22,8 +21,8 @@ using Delais = DelaisCapture;
 }  // namespace
 
 PiloteGStreamer::PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue,
-                                 QWidget* parent)
-    : Ou_(ou), Memoire_(memoire), Langue_(std::move(langue)), Parent_(parent) {}
+                                 QWidget* parent, std::function<void(const QString&)> note)
+    : Ou_(ou), Memoire_(memoire), Langue_(std::move(langue)), Parent_(parent), Note_(std::move(note)) {}
 
 PiloteGStreamer::~PiloteGStreamer() {
   PiloteGStreamer::Deconnecte();
@@ -33,20 +32,64 @@ PiloteGStreamer::~PiloteGStreamer() {
 bool PiloteGStreamer::Connecte() {
   Image_ = ImageCamera();
   EnService_.reset();
-  return Ouvre(DemandeVoulue());
+  const quint64 tour = Tour_ + 1;
+  if (Ouvre(DemandeVoulue(), Gestes::kLaisse)) return true;
+  return Tour_ == tour && ProposeSources();
 }
 
-// A remembered device that is not there leaves its place to the first one that is; an address or a file does not.
+void PiloteGStreamer::ConnecteSansAttendre() {
+  Image_ = ImageCamera();
+  EnService_.reset();
+  LaissePartir();
+  ++Tour_;
+  SessionCapture::Demande demande = DemandeVoulue();
+  demande.Persiste = true;
+  LanceSession(std::move(demande));
+}
+
+// The dialogs want a camera that runs, so that a remembered one that is gone for good could never be left. Nobody is
+// asked where there is nothing else to choose: a device that is not there, and no other. Of an address or a film nobody
+// but the user knows where it has gone to.
+bool PiloteGStreamer::ProposeSources() {
+  const QString retenue = Memoire_.Source();
+  if (retenue.isEmpty() || !EstRetenue()) return false;
+  if (Source_.Genre == GenreSource::kPeripherique) {
+    const std::optional<PeripheriqueVideo> elle = Acces_.Choisit(retenue);
+    QList<PeripheriqueVideo> autres = Acces_.Peripheriques();
+    autres.removeIf([&](const PeripheriqueVideo& p) { return elle && p.Noeud == elle->Noeud; });
+    if (autres.isEmpty()) return false;
+  }
+  const Raison raison = Raison_;
+  DialogueSource question(Parent_, Langue_(), *this, Memoire_, Acces_);
+  Question_ = &question;
+  question.DemandeAutreSource(MasqueAdresse(Source_.Description), raison);
+  question.exec();
+  if (Session_ && Session_->DonneDesImages()) return true;
+  Raison_ = raison;  // of the camera that was asked for, not of what was tried in its place
+  return false;
+}
+
+// A remembered device that is not there leaves its place to the only one that is; an address or a file does not.
 SessionCapture::Demande PiloteGStreamer::DemandeVoulue() const {
   SessionCapture::Demande demande = DemandeDe(ComprendSource(Ou_.isEmpty() ? Memoire_.Source() : Ou_));
-  demande.OuLePremier = Ou_.isEmpty();
+  demande.OuLaSeule = EstRetenue();
   return demande;
 }
+
+// Not one that was named at the start: whoever names it means it.
+bool PiloteGStreamer::EstRetenue() const { return Ou_.isEmpty() || Ou_ == Memoire_.Source(); }
 
 SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) const {
   SessionCapture::Demande demande;
   demande.Source = source;
   if (source.Genre != GenreSource::kTest) demande.Prepare = [] { PrepareGStreamer(); };
+  if (Note_) {
+    demande.Note = [note = Note_, secret = source.MotDePasse](QString ligne) {
+      // A camera may repeat it in its own words.
+      if (!secret.isEmpty()) ligne.replace(secret, MarqueMotDePasse());
+      note(ligne);
+    };
+  }
   // A copy: the session may outlive the driver where the system hangs.
   demande.FormatRetenu = [memoire = Memoire_](const QString& nomStable) {
     return memoire.Format(nomStable).value_or(FormatCamera());
@@ -55,44 +98,61 @@ SessionCapture::Demande PiloteGStreamer::DemandeDe(const SourceCapture& source) 
   return demande;
 }
 
+Raison PiloteGStreamer::Pourquoi() const { return Raison_; }
+
 QString PiloteGStreamer::Explication() const {
-  return SansDecodeur_ ? TexteDe(TexteDialogue::kSansDecodeur, Langue_()) : QString();
+  const Raison raison = Session_ ? Session_->Pourquoi() : Raison_;
+  return raison.Quoi == Motif::kInconnu ? QString() : DitRaison(raison, Langue_());
 }
 
-// The window lives while it waits, so that anything may happen in between, a closing of the program for one: what is
-// true is looked at afterwards, and an opening that somebody has overtaken touches nothing more.
-bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande) {
-  LaissePartir();
-  const quint64 tour = ++Tour_;
-  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, Delais::kPartants);
-  if (tour != Tour_) return false;
+QString PiloteGStreamer::AutreCamera() const {
+  return Session_ && Session_->EstAutre() ? NomPourGens(Acces_, NoeudPeripherique(), DescriptionSource()) : QString();
+}
+
+void PiloteGStreamer::LanceSession(SessionCapture::Demande demande) {
   Source_ = demande.Source;
   Numero_ = 0;
   Reprises_ = 0;
   EstReprise_ = false;
-  SansDecodeur_ = false;
+  Raison_ = {};
+  Session_ = SessionCapture::Lance(std::move(demande));
+  Session_->Derniere().RelieSonnette(Ecoute_.Sonnette());
+}
+
+// The window lives while it waits, so that anything may happen in between, a closing of the program for one: what is
+// true is looked at afterwards, and an opening that somebody has overtaken touches nothing more.
+bool PiloteGStreamer::Ouvre(SessionCapture::Demande demande, Gestes gestes) {
+  LaissePartir();
+  const quint64 tour = ++Tour_;
+  Abandon_ = false;
+  const auto attend = [&](const std::function<bool()>& fait, milliseconds limite) {
+    AttendVivant([&] { return tour != Tour_ || Abandon_ || fait(); }, limite, gestes);
+    return tour == Tour_;
+  };
+  if (!attend([this] { return SontPartis(); }, Delais::kPartants)) return false;
   const bool persiste = demande.Persiste;
-  const std::shared_ptr<SessionCapture> session = SessionCapture::Lance(std::move(demande));
-  Session_ = session;
-  session->Derniere().RelieSonnette(Ecoute_.Sonnette());
-  AttendVivant([&] { return tour != Tour_ || session->EstPrete(); }, Delais::kPreparation);
-  AttendVivant([&] { return tour != Tour_ || session->DonneDesImages() || session->EstFinie(); },
-               persiste ? Delais::kConnexion : Delais::kSessionPendue);
-  if (tour != Tour_) return false;
-  if (session->DonneDesImages()) {
+  const milliseconds limite = persiste ? Delais::kRetour : Delais::Connexion(demande.Source.Genre) + Delais::kPendue;
+  LanceSession(std::move(demande));
+  const std::shared_ptr<SessionCapture> session = Session_;
+  attend([&] { return session->EstPrete(); }, Delais::kPreparation);
+  if (!attend([&] { return session->DonneDesImages() || session->EstFinie(); }, limite)) return false;
+  if (session->DonneDesImages() && !Abandon_) {
     Source_ = session->Source();
     return true;
   }
-  SansDecodeur_ = session->EstSansDecodeur();
+  Raison_ = session->Pourquoi();
   if (persiste) return false;
   LaissePartir();
-  AttendVivant([&] { return tour != Tour_ || SontPartis(); }, Delais::kPartants);
+  attend([this] { return SontPartis(); }, Delais::kPartants);
   return false;
 }
+
+void PiloteGStreamer::Abandonne() { Abandon_ = true; }
 
 void PiloteGStreamer::Deconnecte() {
   ++Tour_;
   EnService_.reset();
+  if (Question_) Question_->reject();
   LaissePartir();
   AttendLesPartants(Delais::kArret);
 }
@@ -191,7 +251,7 @@ bool PiloteGStreamer::AppliqueFormat(const FormatCamera& format) {
   nouvelle.Format = format;
   nouvelle.FormatImpose = true;
   const quint64 tour = Tour_;
-  if (Ouvre(std::move(nouvelle))) return true;
+  if (Ouvre(std::move(nouvelle), Gestes::kRetient)) return true;
   Reprend(tour);
   return false;
 }
@@ -199,7 +259,7 @@ bool PiloteGStreamer::AppliqueFormat(const FormatCamera& format) {
 bool PiloteGStreamer::ChangeSource(const QString& source) {
   NoteEnService();
   const quint64 tour = Tour_;
-  if (Ouvre(DemandeDe(ComprendSource(source)))) {
+  if (Ouvre(DemandeDe(ComprendSource(source)), Gestes::kLaisse)) {
     // A host that has been found is not looked for again.
     Ou_ = EstHoteSeul(source) ? AdresseEnService() : source;
     return true;
@@ -211,11 +271,11 @@ bool PiloteGStreamer::ChangeSource(const QString& source) {
 // One opening has been tried since `tour`. More than that, and the camera was let go meanwhile: it stays closed.
 void PiloteGStreamer::Reprend(quint64 tour) {
   if (Tour_ != tour + 1 || !EnService_) return;
-  const bool sansDecodeur = SansDecodeur_;
+  const Raison raison = Raison_;
   SessionCapture::Demande ancienne = *EnService_;
   ancienne.Persiste = true;
-  Ouvre(std::move(ancienne));
-  SansDecodeur_ = sansDecodeur;  // of what was asked for
+  Ouvre(std::move(ancienne), Gestes::kRetient);
+  Raison_ = raison;  // of what was asked for
 }
 
 }  // namespace vaktor

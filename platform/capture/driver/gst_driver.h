@@ -18,18 +18,23 @@
 
 namespace vaktor {
 
+class DialogueSource;
 class MemoireCapture;
+enum class Gestes;
 
 class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
  public:
   /// `ou`: the source named at the start (named_source.h); empty: the remembered one, else the first capture driver.
   /// `memoire` must outlive the driver. `langue`: the language of the dialogs when they are opened. `parent`: their
-  /// window, may be null.
-  PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue, QWidget* parent);
+  /// window, may be null. `note` takes the lines of the log, on any thread; may be empty.
+  PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue, QWidget* parent,
+                  std::function<void(const QString&)> note = {});
   ~PiloteGStreamer() override;
 
   bool Connecte() override;
+  void ConnecteSansAttendre() override;
   QString Explication() const override;
+  QString AutreCamera() const override;
   void Deconnecte() override;
   bool ImagePrete() const override;
   bool SaisitImage() override;
@@ -48,10 +53,14 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   FormatCamera FormatCourant() const override;
   bool AppliqueFormat(const FormatCamera& format) override;
   bool ChangeSource(const QString& source) override;
-  bool EstSansDecodeur() const override { return SansDecodeur_; }
+  void Abandonne() override;
+  Raison Pourquoi() const override;
 
  private:
-  bool Ouvre(SessionCapture::Demande demande);
+  bool Ouvre(SessionCapture::Demande demande, Gestes gestes);
+  void LanceSession(SessionCapture::Demande demande);
+  bool ProposeSources();
+  bool EstRetenue() const;
   void LaissePartir();
   void SuitSonnette();
   bool AttendLesPartants(std::chrono::milliseconds limite);
@@ -65,13 +74,15 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   MemoireCapture& Memoire_;
   std::function<Langue()> Langue_;
   QPointer<QWidget> Parent_;
+  const std::function<void(const QString&)> Note_;
   AccesV4L2 Acces_;       // the dialogs'; here, because which devices hang is to be known from one to the next
   SourceCapture Source_;  // of the session: being tried, or at work
   std::shared_ptr<SessionCapture> Session_;  // null: the signal is lost
   // What has given frames since the camera was switched on, so that it can be had back. A session that is only being
   // tried never stands here.
   std::optional<SessionCapture::Demande> EnService_;
-  bool SansDecodeur_ = false;
+  Raison Raison_;                                          // of the last opening that failed
+  QPointer<DialogueSource> Question_;                      // open while the user is asked for a source to connect
   std::vector<std::shared_ptr<SessionCapture>> Partants_;  // asked to end, not ended yet
   ImageCamera Image_;
   quint64 Numero_ = 0;
@@ -79,6 +90,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   bool EstReprise_ = false;
   std::function<void()> Reveil_;  // whoever waits for the next frame
   EcouteSonnette Ecoute_{[this] { SuitSonnette(); }};
+  bool Abandon_ = false;  // of the opening that waits
   quint64 Tour_ = 0;  // changes with each opening and closing: an opening that waits sees that it is no longer wanted
 };
 

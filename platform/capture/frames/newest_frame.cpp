@@ -3,6 +3,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <algorithm>
 #include <new>
 #include <utility>
 
@@ -56,10 +57,26 @@ void DerniereImage::Depose(const ImageCamera& image) {
     ancienne = std::move(Image_);
     Image_ = image;
     ++Numero_;
-    Instant_ = Horloge::now();
+    NoteInstant(Horloge::now());
     if (std::exchange(Attendue_, false)) sonnette = Sonnette_;
   }
   if (sonnette) sonnette->Sonne();
+}
+
+// The lock is held. What is known of the former opening holds until the first frame of the next one: a camera that has
+// gone is told as lost as soon as before, though it is being opened again.
+void DerniereImage::NoteInstant(Horloge::time_point maintenant) {
+  const auto ms = [](Horloge::duration d) { return std::chrono::duration_cast<milliseconds>(d).count(); };
+  if (std::exchange(Suite_, true))
+    Trous_.Note(ms(maintenant.time_since_epoch()), ms(maintenant - Instant_));
+  else
+    Trous_.Oublie();
+  Instant_ = maintenant;
+}
+
+void DerniereImage::NoteOuverture() {
+  const std::lock_guard verrou(Verrou_);
+  Suite_ = false;
 }
 
 void DerniereImage::NoteReprise() {
@@ -109,25 +126,19 @@ FormatCamera DerniereImage::Format() const {
   return Format_;
 }
 
-// The lock is held.
-milliseconds DerniereImage::DelaiPour(milliseconds auMoins) const {
-  return milliseconds(
-      PerteSignal::DelaiPour(static_cast<qint32>(auMoins.count()), Format_.CadenceNum, Format_.CadenceDen));
+milliseconds DerniereImage::DelaiSousVerrou() const {
+  if (const std::optional<qint32> mesure = Trous_.Delai()) return milliseconds(*mesure);
+  return std::max(SansMesure_, milliseconds(PerteSignal::DelaiPromis(Format_.CadenceNum, Format_.CadenceDen)));
 }
 
-milliseconds DerniereImage::DelaiReouverture() const {
+milliseconds DerniereImage::DelaiPerte() const {
   const std::lock_guard verrou(Verrou_);
-  return DelaiPour(Ages_.Reouverte);
+  return DelaiSousVerrou();
 }
 
 bool DerniereImage::Perdu() const {
   const std::lock_guard verrou(Verrou_);
-  return Horloge::now() - Instant_ > DelaiPour(Ages_.Dite);
-}
-
-bool DerniereImage::EstARouvrir() const {
-  const std::lock_guard verrou(Verrou_);
-  return Horloge::now() - Instant_ > DelaiPour(Ages_.Reouverte);
+  return Horloge::now() - Instant_ > DelaiSousVerrou();
 }
 
 }  // namespace vaktor

@@ -46,14 +46,10 @@ class DerniereImage {
  public:
   using Horloge = std::chrono::steady_clock;
 
-  /// Of the newest frame (engine/signal_loss.h).
-  struct Ages {
-    std::chrono::milliseconds Dite{PerteSignal::kDite};
-    std::chrono::milliseconds Reouverte{PerteSignal::kReouverte};
-  };
-
-  DerniereImage() = default;
-  explicit DerniereImage(Ages ages) : Ages_(ages) {}
+  /// `sansMesure`: at which age of its newest frame a camera is lost whose gaps are not known yet, if it promises no
+  /// slower rate.
+  explicit DerniereImage(std::chrono::milliseconds sansMesure = std::chrono::milliseconds(PerteSignal::kMinimum))
+      : SansMesure_(sansMesure) {}
 
   struct Arrivee {
     ImageCamera Image;
@@ -62,6 +58,9 @@ class DerniereImage {
   };
 
   void Depose(const ImageCamera& image);
+  /// What comes from here on comes out of another opening: the time before its first frame is no gap, and its gaps are
+  /// measured anew.
+  void NoteOuverture();
   /// What comes from here on comes from a camera that was lost and is there again.
   void NoteReprise();
 
@@ -76,20 +75,19 @@ class DerniereImage {
   /// Time since the newest frame; since the making of the box when there is none.
   std::chrono::milliseconds Age() const;
 
-  /// As negotiated, told when it changes. A slow rate also lengthens the ages at which a frame is missed.
+  /// As negotiated, told when it changes.
   void FixeFormat(const FormatCamera& format);
   FormatCamera Format() const;
 
-  /// The newest frame is so old that the signal is told as lost.
+  /// The newest frame is older than DelaiPerte: the signal is lost, and the stream is to be opened again.
   bool Perdu() const;
-  /// It is so old, older than DelaiReouverture, that the stream is to be opened again.
-  bool EstARouvrir() const;
-  std::chrono::milliseconds DelaiReouverture() const;
+  std::chrono::milliseconds DelaiPerte() const;
 
  private:
-  std::chrono::milliseconds DelaiPour(std::chrono::milliseconds auMoins) const;
+  void NoteInstant(Horloge::time_point maintenant);
+  std::chrono::milliseconds DelaiSousVerrou() const;
 
-  const Ages Ages_;
+  const std::chrono::milliseconds SansMesure_;
 
   mutable std::mutex Verrou_;
   ImageCamera Image_;
@@ -98,6 +96,8 @@ class DerniereImage {
   std::shared_ptr<SonnetteImages> Sonnette_;
   bool Attendue_ = false;  // the next frame is to be told
   Horloge::time_point Instant_ = Horloge::now();
+  TrousRecents Trous_;
+  bool Suite_ = false;  // the next frame belongs to the same opening as the newest one
   FormatCamera Format_;
 };
 

@@ -6,6 +6,8 @@
 #include <chrono>
 #include <stop_token>
 
+#include "platform/capture/choice/capture_reason.h"
+
 namespace vaktor {
 
 class FluxImages {
@@ -21,8 +23,10 @@ class FluxImages {
   virtual Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) = 0;
   /// Whether the source has told what it sends, so that another way to it may do where this one did not.
   virtual bool EstDecrit() const { return true; }
-  /// Whether nothing that is installed here decodes what the source gives.
-  virtual bool EstSansDecodeur() const { return false; }
+  /// Whether anything has come from the source, though perhaps no picture yet.
+  virtual bool Recoit() const { return false; }
+  /// Why it has ended, or could not begin, as far as anybody said so.
+  virtual Raison Pourquoi() const { return {}; }
 };
 
 }  // namespace vaktor

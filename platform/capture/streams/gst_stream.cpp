@@ -3,23 +3,21 @@
 
 #include <QUrl>
 
+#include "engine/signal_loss.h"
 #include "platform/capture/frames/pixel_conversion.h"
-#include "platform/capture/streams/capture_delays.h"
 #include "platform/capture/streams/gst_setup.h"
+#include "platform/capture/streams/reason_probe.h"
 
 namespace vaktor {
 namespace {
 
-constexpr guint kDelaiHttp = 10;     // s without a byte
+// Without a byte, in seconds. A slow camera may be silent for so long; how long is too long is judged by its pictures.
+constexpr guint kDelaiHttp = PerteSignal::kMaximum / 1000;
+constexpr guint64 kDelaiUdp = guint64{PerteSignal::kMaximum} * 1000;  // the same of rtsp's packets, in microseconds
 constexpr guint kLatenceRtsp = 100;  // ms to put packets back into order; frames are shown as they come
 // For a film whose first turn is over already. Only one without any picture takes all of the looks.
 constexpr GstClockTime kRegardLecture = 50 * GST_MSECOND;
 constexpr int kRegardsLecture = 40;
-
-qint64 MaintenantMs() {
-  return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now().time_since_epoch())
-      .count();
-}
 
 ReceptionImages::Options OptionsDe(const DemandeFlux& demande) {
   ReceptionImages::Options options;
@@ -61,13 +59,16 @@ bool FluxGStreamer::Ouvre() {
   Relie_ = false;
   Bouclable_ = false;
   EnBoucle_ = false;
-  Annonce_ = 0;
+  Decrit_ = false;
   Recoit_ = false;
   Pipeline_.reset(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
   Bus_.reset(gst_element_get_bus(Pipeline_.get()));
   Puits_ = Reception_.FabriquePuits();
   if (Puits_ != nullptr) gst_bin_add(GST_BIN(Pipeline_.get()), Puits_);
   if (Puits_ != nullptr && MonteSource() && Lance()) return true;
+  if (const PtrGst<GstMessage> erreur{gst_bus_pop_filtered(Bus_.get(), GST_MESSAGE_ERROR)})
+    NoteRaison(LitRaison(erreur.get()));
+  DemandePourquoi();
   Ferme();
   return false;
 }
@@ -98,6 +99,7 @@ GstElement* FluxGStreamer::AjouteDecodage() {
   if (decodage == nullptr) return nullptr;
   ChoisitDecodeurs(decodage, Demande_.Source.Genre == GenreSource::kReseau);
   g_signal_connect(decodage, "pad-added", G_CALLBACK(RelieDecode), this);
+  g_signal_connect(decodage, "no-more-pads", G_CALLBACK(RemarqueToutVu), this);
   g_signal_connect(decodage, "element-added", G_CALLBACK(RemarqueDemultiplexeur), this);
   return decodage;
 }
@@ -134,6 +136,8 @@ bool FluxGStreamer::MonteReseau() {
   FixeTexte(source, "user-id", Demande_.Source.Utilisateur);
   FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
   g_object_set(source, "timeout", kDelaiHttp, "retries", 0, nullptr);
+  const PtrGst<GstPad> sortie(gst_element_get_static_pad(source, "src"));
+  gst_pad_add_probe(sortie.get(), GST_PAD_PROBE_TYPE_BUFFER, RemarqueDonnees, this, nullptr);
   return gst_element_link(source, decodage) != FALSE;
 }
 
@@ -145,7 +149,7 @@ bool FluxGStreamer::MonteRtsp() {
   FixeTexte(source, "user-id", Demande_.Source.Utilisateur);
   FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
   gst_util_set_object_arg(G_OBJECT(source), "protocols", Demande_.Udp ? "udp-mcast+udp" : "tcp");
-  g_object_set(source, "latency", kLatenceRtsp, nullptr);
+  g_object_set(source, "latency", kLatenceRtsp, "timeout", kDelaiUdp, nullptr);
   Decodage_ = decodage;
   g_signal_connect(source, "select-stream", G_CALLBACK(ChoisitFlux), this);
   g_signal_connect(source, "pad-added", G_CALLBACK(RelieRtp), this);
@@ -153,8 +157,13 @@ bool FluxGStreamer::MonteRtsp() {
 }
 
 gboolean FluxGStreamer::ChoisitFlux(GstElement* source, guint numero, GstCaps* caps, FluxGStreamer* moi) {
-  moi->Annonce_ = MaintenantMs();
+  moi->Decrit_ = true;
   return EstFluxVideo(source, numero, caps, nullptr);
+}
+
+GstPadProbeReturn FluxGStreamer::RemarqueDonnees(GstPad*, GstPadProbeInfo*, gpointer moi) {
+  static_cast<FluxGStreamer*>(moi)->Recoit_ = true;
+  return GST_PAD_PROBE_REMOVE;
 }
 
 // Comes with the first packet of a stream.
@@ -164,19 +173,19 @@ void FluxGStreamer::RelieRtp(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
   if (!gst_pad_is_linked(entree.get())) gst_pad_link(sortie, entree.get());
 }
 
-// A camera that knows nothing but UDP mostly says so. One that agrees to everything and stays silent is left before all
-// the time of a connection is gone. Whoever does send keeps its time: a first whole picture may be seconds away.
-bool FluxGStreamer::EstSansSuite() const {
-  const qint64 annonce = Annonce_;
-  return Demande_.AutreChemin && annonce != 0 && !Recoit_ &&
-         MaintenantMs() - annonce > DelaisCapture::kSilenceRtsp.count();
-}
-
 void FluxGStreamer::RemarqueDemultiplexeur(GstBin*, GstElement* element, FluxGStreamer* moi) {
   // Those that play segments well. Others refuse them, lose the time, or never tell the end of one.
   for (const char* connu : {"avidemux", "qtdemux", "matroskademux"}) {
     if (EstDeFabrique(element, connu)) moi->Bouclable_ = true;
   }
+}
+
+// Words, or sounds, and nothing that is shown: of a page of the camera itself decodebin makes no error.
+void FluxGStreamer::RemarqueToutVu(GstElement* decodage, FluxGStreamer* moi) {
+  if (moi->Relie_) return;
+  const std::unique_ptr<GError, decltype(&g_error_free)> erreur(
+      g_error_new_literal(GST_STREAM_ERROR, GST_STREAM_ERROR_WRONG_TYPE, "no picture"), g_error_free);
+  gst_element_post_message(decodage, gst_message_new_error(GST_OBJECT(decodage), erreur.get(), nullptr));
 }
 
 void FluxGStreamer::RelieDecode(GstElement*, GstPad* sortie, FluxGStreamer* moi) {
@@ -212,8 +221,7 @@ FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chr
                                   GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_ELEMENT | GST_MESSAGE_APPLICATION);
   const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
   const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(bus.get(), limite, kTypes));
-  if (message) return TraiteMessage(message.get(), arret);
-  return EstSansSuite() ? Etat::kErreur : Etat::kCoule;
+  return message ? TraiteMessage(message.get(), arret) : Etat::kCoule;
 }
 
 FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message, const std::stop_token& arret) {
@@ -229,7 +237,7 @@ FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message, const std::st
     case GST_MESSAGE_ELEMENT:
       // What decodebin says before it gives up. A part of the stream that is no picture may be meant: it is looked at
       // only where no picture comes.
-      if (gst_message_has_name(message, "missing-plugin") != FALSE) SansDecodeur_ = true;
+      NoteRaison(LitManque(message));
       return Etat::kCoule;
     default:
       return Etat::kCoule;
@@ -238,11 +246,20 @@ FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message, const std::st
 
 // A film or a camera that our own decoder refuses: of too many pixels, or of a format that nothing reads.
 FluxImages::Etat FluxGStreamer::TraiteErreur(GstMessage* message) {
-  GError* lue = nullptr;
-  gst_message_parse_error(message, &lue, nullptr);
-  const std::unique_ptr<GError, decltype(&g_error_free)> erreur(lue, g_error_free);
-  if (g_error_matches(erreur.get(), GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT)) SansDecodeur_ = true;
+  NoteRaison(LitRaison(message));
+  DemandePourquoi();
   return Etat::kErreur;
+}
+
+// The first one that says something: what follows an error are errors of those who hang on it.
+void FluxGStreamer::NoteRaison(const Raison& raison) {
+  if (Raison_.Quoi == Motif::kInconnu) Raison_ = raison;
+}
+
+// GStreamer tells of a device and of a file only that they cannot be opened.
+void FluxGStreamer::DemandePourquoi() {
+  if (Demande_.Source.Genre == GenreSource::kPeripherique) NoteRaison(SondeOuverture(Demande_.Noeud, true));
+  if (Demande_.Source.Genre == GenreSource::kFichier) NoteRaison(SondeOuverture(Demande_.Source.Lieu, false));
 }
 
 FluxImages::Etat FluxGStreamer::Recommence() {

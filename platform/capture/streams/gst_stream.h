@@ -16,10 +16,9 @@ struct DemandeFlux {
   QString Noeud;        ///< kPeripherique: the node
   QString NomStable;    ///< kPeripherique: the name by which it is found again; empty where it has none
   FormatCamera Format;  ///< kPeripherique: what to ask it for; empty: whatever it stands at
+  bool Autre = false;   ///< kPeripherique: another one than was named
   bool Udp = false;     ///< rtsp: data by UDP instead of within the connection
-  /// rtsp: another way will be tried after this one, so that a camera that has told what it sends and then sends
-  /// nothing is given up soon.
-  bool AutreChemin = false;
+  bool operator==(const DemandeFlux&) const = default;
 };
 
 /// Made, opened, watched and closed by one thread; GStreamer's own threads bring the frames.
@@ -30,8 +29,9 @@ class FluxGStreamer : public FluxImages {
 
   bool Ouvre() override;
   Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override;
-  bool EstDecrit() const override { return Annonce_ != 0; }
-  bool EstSansDecodeur() const override { return SansDecodeur_; }
+  bool EstDecrit() const override { return Decrit_; }
+  bool Recoit() const override { return Recoit_; }
+  Raison Pourquoi() const override { return Raison_; }
 
  private:
   bool MontePeripherique();
@@ -49,28 +49,30 @@ class FluxGStreamer : public FluxImages {
   Etat CommenceLaBoucle();
   Etat ReprendLaBoucle(const std::stop_token& arret);
   bool EstEnLecture(const std::stop_token& arret) const;
-
-  bool EstSansSuite() const;
+  void NoteRaison(const Raison& raison);
+  void DemandePourquoi();
 
   static gboolean ChoisitFlux(GstElement* source, guint numero, GstCaps* caps, FluxGStreamer* moi);
+  static GstPadProbeReturn RemarqueDonnees(GstPad* sortie, GstPadProbeInfo* quoi, gpointer moi);
   static void RelieRtp(GstElement* source, GstPad* sortie, FluxGStreamer* moi);
   static void RemarqueDemultiplexeur(GstBin* decodage, GstElement* element, FluxGStreamer* moi);
+  static void RemarqueToutVu(GstElement* decodage, FluxGStreamer* moi);
   static void RelieDecode(GstElement* decodage, GstPad* sortie, FluxGStreamer* moi);
 
   const DemandeFlux Demande_;
   ReceptionImages Reception_;
   PtrGst<GstElement> Pipeline_;
   PtrGst<GstBus> Bus_;
-  GstElement* Puits_ = nullptr;      // the pipeline's
-  GstElement* Decodage_ = nullptr;   // the pipeline's; rtsp only
-  std::atomic<qint64> Annonce_ = 0;  // rtsp: when the camera had told what it sends, ms of the steady clock; 0: not yet
-  std::atomic<bool> Recoit_ = false;  // rtsp: something came
+  GstElement* Puits_ = nullptr;       // the pipeline's
+  GstElement* Decodage_ = nullptr;    // the pipeline's; rtsp only
+  std::atomic<bool> Decrit_ = false;  // rtsp: the camera has told what it sends
+  std::atomic<bool> Recoit_ = false;  // from the network: something came
   std::atomic<bool> Relie_ = false;
   std::atomic<bool> Bouclable_ = false;
   bool EnBoucle_ = false;
   // Found out by an opening, for the next one.
   bool SansBoucle_ = false;
-  bool SansDecodeur_ = false;
+  Raison Raison_;
 };
 
 }  // namespace vaktor

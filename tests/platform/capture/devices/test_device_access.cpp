@@ -2,6 +2,8 @@
 // Devices that hang: the driver of a node keeps the thread that opened it, for as long as the test likes.
 #include <gtest/gtest.h>
 
+#include <QFile>
+#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 #include <atomic>
@@ -150,6 +152,32 @@ TEST_F(PeripheriqueQuiCale, WhoAsksMayBeGoneBeforeTheAnswer) {
   Acces_.reset();
   Banc_->Libere();
   EXPECT_TRUE(QTest::qWaitFor([this] { return Banc_->Sorties == Banc_->Visites; }));
+}
+
+// For a dialog that is open: what comes and goes below /dev, with the kernel's own events.
+TEST(SuiviBranchements, TellsOnceOfACameraThatComesAndOnceOfOneThatGoes) {
+  const QTemporaryDir dossier;
+  QuestionsV4L2 questions;
+  questions.Dossier = dossier.path();
+  const AccesV4L2 acces(questions, {});
+  int fois = 0;
+  std::unique_ptr<QObject> suivi = acces.SuitBranchements([&] { ++fois; });
+  QFile autre(dossier.filePath("ttyUSB0"));
+  ASSERT_TRUE(autre.open(QIODevice::WriteOnly));
+  QTest::qWait(900);
+  EXPECT_EQ(fois, 0) << "no camera";
+  QFile noeud(dossier.filePath("video3"));
+  ASSERT_TRUE(noeud.open(QIODevice::WriteOnly));
+  ASSERT_TRUE(noeud.setPermissions(QFile::ReadOwner));  // its rights come after it
+  EXPECT_TRUE(QTest::qWaitFor([&] { return fois > 0; }, 5000));
+  QTest::qWait(900);
+  EXPECT_EQ(fois, 1) << "of all its events together";
+  ASSERT_TRUE(noeud.remove());
+  EXPECT_TRUE(QTest::qWaitFor([&] { return fois > 1; }, 5000));
+  suivi.reset();
+  ASSERT_TRUE(noeud.open(QIODevice::WriteOnly));
+  QTest::qWait(900);
+  EXPECT_EQ(fois, 2) << "nobody listens any more";
 }
 
 }  // namespace

@@ -68,7 +68,7 @@ TEST_F(RapportDesCameras, OneThatMayNotBeOpenedIsToldAndNotTaken) {
     const UtilisateurOrdinaire ordinaire;
     if (!UtilisateurOrdinaire::Reussi()) GTEST_SKIP() << "nothing is refused to root";
     const RapportCameras refus = Decrit();
-    EXPECT_TRUE(refus.Texte.startsWith("Camera: there is " + noeud + ", but you may not open it. (As root: adduser "));
+    EXPECT_TRUE(refus.Texte.startsWith("Camera: there is one, but you may not open it. (As root: adduser "));
     EXPECT_FALSE(refus.YEnAUne);
   }
   Branche(1, "Open");
@@ -112,12 +112,18 @@ TEST_F(RapportDesCameras, ADeviceIsFoundByEitherOfItsNames) {
   }
 }
 
-TEST_F(RapportDesCameras, AnUnpluggedDeviceLeavesItsPlaceToTheFirstOne) {
+TEST_F(RapportDesCameras, AnUnpluggedDeviceLeavesItsPlaceToTheOnlyOneAndAmongSeveralTheUserIsAsked) {
   Memoire_.RetientSource("uvcvideo|Twin|usb-3");
   EXPECT_FALSE(Decrit().YEnAUne);
   Branche(0, "First");
   EXPECT_EQ(Decrit().Texte,
             "Camera: " + Noeud(0) + ", First; the one that was chosen in the source dialog is not connected.\n");
+  Branche(1, "Second");
+  EXPECT_TRUE(Decrit().YEnAUne);
+  EXPECT_EQ(Decrit().Texte,
+            "Camera: the one that was chosen in the source dialog is not connected. You will be asked which one to "
+            "take.\nAlso connected: " +
+                Noeud(0) + ", First.\nAlso connected: " + Noeud(1) + ", Second.\n");
 }
 
 TEST_F(RapportDesCameras, ADevicesOwnNameGivesTheTerminalNoCommands) {

@@ -95,12 +95,12 @@ TEST_F(PiloteFichier, AWindowsMediaFilmPlaysOrIsRefusedInWords) {
     EXPECT_GE(Recueille(1500).Images, 20);
     return;
   }
-  EXPECT_TRUE(Pilote_->EstSansDecodeur());
+  EXPECT_TRUE(EstSansDecodeur());
   EXPECT_EQ(Pilote_->Explication(), "Nothing installed here can read this kind of film.");
   ASSERT_TRUE(Pilote_->ChangeSource(QStringLiteral("test")));
   EXPECT_EQ(Pilote_->Explication(), "");
   EXPECT_FALSE(Pilote_->ChangeSource(Fichier("a.wmv")));
-  EXPECT_TRUE(Pilote_->EstSansDecodeur()) << "also while the earlier source goes on";
+  EXPECT_TRUE(EstSansDecodeur()) << "also while the earlier source goes on";
   EXPECT_TRUE(SaisitProchaine(*Pilote_));
 }
 

@@ -228,7 +228,7 @@ TEST_F(FilmsDeQuarts, OfACodingThatNothingReadsAreRefusedInWords) {
   for (const QStringList& codage : illisibles) {
     ASSERT_TRUE(Ffmpeg(QStringList{"-f", "lavfi", "-i", Motif()} + codage + QStringList{Fichier("a.avi")}));
     ASSERT_FALSE(Connecte(Fichier("a.avi")));
-    EXPECT_TRUE(Pilote_->EstSansDecodeur()) << qUtf8Printable(codage[1]);
+    EXPECT_TRUE(EstSansDecodeur()) << qUtf8Printable(codage[1]);
   }
 }
 
@@ -242,14 +242,14 @@ TEST_F(FilmsDeQuarts, OfTooManyPixelsAreRefusedInWords) {
   std::memcpy(octets.data() + entete + 4, taille.data(), sizeof taille);
   ASSERT_TRUE(Ecrit(Fichier("b.avi"), octets));
   ASSERT_FALSE(Connecte(Fichier("b.avi")));
-  EXPECT_TRUE(Pilote_->EstSansDecodeur());
+  EXPECT_TRUE(EstSansDecodeur());
 }
 
 // A list names other addresses, which nobody has asked for.
 TEST_F(FilmsDeQuarts, ThatAreListsOfOthersAreRefused) {
   ASSERT_TRUE(Ffmpeg({"-f", "lavfi", "-i", Motif(), "-c:v", "libx264", "-f", "hls", Fichier("liste.m3u8")}));
   EXPECT_FALSE(Connecte(Fichier("liste.m3u8")));
-  EXPECT_TRUE(Pilote_->EstSansDecodeur());
+  EXPECT_TRUE(EstSansDecodeur());
 }
 
 }  // namespace

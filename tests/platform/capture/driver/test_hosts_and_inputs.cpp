@@ -95,6 +95,26 @@ TEST(SessionParHote, ThatNobodyAnswersIsTriedToTheLast) {
   EXPECT_EQ(carnet->Lignes().size(), AdressesPossibles(ComprendSource(QStringLiteral("192.0.2.7"))).size());
 }
 
+// With ten wrong logins in a row a camera locks our address.
+TEST(SessionParHote, ARefusedLoginEndsTheSearch) {
+  class FluxRefuse : public FluxImages {
+   public:
+    bool Ouvre() override { return false; }
+    Etat Surveille(const std::stop_token&, std::chrono::milliseconds) override { return Etat::kErreur; }
+    Raison Pourquoi() const override { return {Motif::kMotDePasse, {}}; }
+  };
+  const auto carnet = std::make_shared<Carnet>();
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(QStringLiteral("admin:secret@192.0.2.7"));
+  const auto session = SessionCapture::Lance(std::move(demande), [carnet](DerniereImage&, const DemandeFlux& flux) {
+    carnet->Note(flux.Source.Lieu);
+    return std::make_unique<FluxRefuse>();
+  });
+  EXPECT_FALSE(AttendImage(*session));
+  EXPECT_EQ(carnet->Lignes().size(), 1);
+  EXPECT_EQ(session->Pourquoi().Quoi, Motif::kMotDePasse);
+}
+
 QuestionsV4L2 UnNumeriseur(const std::shared_ptr<Carnet>& carnet) {
   QuestionsV4L2 questions;
   questions.Noeuds = [] { return QStringList{QStringLiteral("/dev/video7")}; };

@@ -59,6 +59,7 @@ class ConnexionVivante : public PiloteSurSource {
 };
 
 TEST_F(ConnexionVivante, PaintsAndTicksWhileASilentCameraIsAwaited) {
+  Apres(5000, [&] { Pilote_->Deconnecte(); });
   int tics = 0;
   QTimer tic;
   QObject::connect(&tic, &QTimer::timeout, &Fenetre_, [&] {
@@ -73,18 +74,56 @@ TEST_F(ConnexionVivante, PaintsAndTicksWhileASilentCameraIsAwaited) {
   EXPECT_GE(Fenetre_.Peintures - peintures, 15);
 }
 
-TEST_F(ConnexionVivante, ClicksAndKeysWaitForTheAnswerAndAreNotLost) {
+// A quarter of a minute, for a camera of the network: the rest of the program can be used.
+TEST_F(ConnexionVivante, ClicksAndKeysGoOnWhileACameraIsAwaited) {
+  bool pendant = false;
+  Apres(100, [&] {
+    QTest::mouseClick(&Fenetre_, Qt::LeftButton);
+    QTest::keyClicks(&Fenetre_, QStringLiteral("ab"));
+  });
+  Apres(300, [&] {
+    pendant = true;
+    EXPECT_EQ(Fenetre_.Clics, 1);
+    EXPECT_EQ(Fenetre_.Frappe, QStringLiteral("ab"));
+    ASSERT_NE(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::BusyCursor) << "under way, and can be used";
+    Pilote_->Deconnecte();
+  });
+  EXPECT_FALSE(Connecte(Adresse()));
+  EXPECT_TRUE(pendant);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(ConnexionVivante, ASourceThatIsBeingTriedCanBeGivenUpAndTheOldOneGoesOn) {
+  ASSERT_TRUE(Connecte(QStringLiteral("test")));
+  QElapsedTimer depuis;
+  depuis.start();
+  Apres(200, [&] { Pilote_->Abandonne(); });
+  EXPECT_FALSE(Pilote_->ChangeSource(Adresse()));
+  EXPECT_LT(depuis.elapsed(), 5000);
+  EXPECT_EQ(Pilote_->Genre(), GenreSource::kTest);
+  EXPECT_TRUE(SaisitProchaine(*Pilote_));
+  EXPECT_TRUE(Pilote_->ChangeSource(QStringLiteral("test"))) << "and the next trial is not given up";
+}
+
+class AttenteVivante : public ConnexionVivante {
+ protected:
+  static std::function<bool()> Pendant(int millisecondes) {
+    QElapsedTimer depuis;
+    depuis.start();
+    return [depuis, millisecondes] { return depuis.elapsed() >= millisecondes; };
+  }
+};
+
+TEST_F(AttenteVivante, ClicksAndKeysWaitForTheAnswerAndAreNotLost) {
   int pendant = -1;
   Apres(100, [&] {
     QTest::mouseClick(Fenetre_.windowHandle(), Qt::LeftButton, {}, QPoint(50, 20));
     QTest::mouseClick(&Fenetre_, Qt::LeftButton);
     QTest::keyClicks(&Fenetre_, QStringLiteral("ab"));
   });
-  Apres(300, [&] {
-    pendant = Fenetre_.Clics + static_cast<int>(Fenetre_.Frappe.size());
-    Pilote_->Deconnecte();
-  });
-  EXPECT_FALSE(Connecte(Adresse()));
+  Apres(200, [&] { pendant = Fenetre_.Clics + static_cast<int>(Fenetre_.Frappe.size()); });
+  EXPECT_TRUE(AttendVivant(Pendant(400), 10s));
   EXPECT_EQ(pendant, 0);
   EXPECT_EQ(Fenetre_.Clics, 0);
   Laisse();
@@ -93,10 +132,9 @@ TEST_F(ConnexionVivante, ClicksAndKeysWaitForTheAnswerAndAreNotLost) {
 }
 
 // What was clicked before the message came was not meant for what lies behind it.
-TEST_F(ConnexionVivante, AGestureDoesNotPassAMessageThatCameMeanwhile) {
+TEST_F(AttenteVivante, AGestureDoesNotPassAMessageThatCameMeanwhile) {
   Apres(100, [&] { QTest::mouseClick(&Fenetre_, Qt::LeftButton); });
-  Apres(200, [&] { Pilote_->Deconnecte(); });
-  EXPECT_FALSE(Connecte(Adresse()));
+  EXPECT_TRUE(AttendVivant(Pendant(300), 10s));
   QDialog message;
   message.setModal(true);
   message.show();

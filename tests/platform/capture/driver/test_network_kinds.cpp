@@ -25,7 +25,7 @@ TEST_P(EnvoisReseau, AreThoseOfCameras) {
   ASSERT_EQ(QProcess::execute(QStringLiteral("ffmpeg"), arguments), 0);
   Camera_->DonneFichier(Lit(film));
   EXPECT_EQ(Connecte(Adresse("http://")), GetParam().Pris);
-  EXPECT_EQ(Pilote_->EstSansDecodeur(), !GetParam().Pris);
+  EXPECT_EQ(EstSansDecodeur(), !GetParam().Pris);
   Pilote_->Deconnecte();
   // As a film it is read all the same, but for lists: the user has it on disk.
   const bool liste = film.endsWith(QLatin1String("m3u8"));

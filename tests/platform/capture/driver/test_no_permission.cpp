@@ -78,6 +78,7 @@ TEST_F(SansPermission, ARefusedNodeGivesNoConnection) {
     if (!ordinaire.Reussi()) GTEST_SKIP() << "root cannot become anybody else here, and nothing is refused to root";
     ASSERT_NO_FATAL_FAILURE(AssureRefus(Noeud_));
     EXPECT_FALSE(ConnecteNoeud());
+    EXPECT_EQ(Pilote_->Pourquoi(), (Raison{Motif::kSansPermission, QFileInfo(Noeud_).group()})) << "whom to ask for";
     EXPECT_FALSE(SaisitProchaine(*Pilote_));
     EXPECT_TRUE(Pilote_->ChangeSource(QStringLiteral("test"))) << "and another camera can be taken";
     EXPECT_TRUE(SaisitProchaine(*Pilote_));
@@ -99,6 +100,7 @@ TEST_F(SansPermission, AFilmIsRefusedUntilItsUserMayReadIt) {
     if (!ordinaire.Reussi()) GTEST_SKIP() << "root cannot become anybody else here, and nothing is refused to root";
     ASSERT_NO_FATAL_FAILURE(AssureRefus(film));
     EXPECT_FALSE(Connecte(film));
+    EXPECT_EQ(Pilote_->Pourquoi(), (Raison{Motif::kSansPermission, {}}));
     EXPECT_FALSE(SaisitProchaine(*Pilote_));
     Pilote_.reset();
   }

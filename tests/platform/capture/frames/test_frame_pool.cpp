@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <thread>
 
 #include "platform/capture/frames/newest_frame.h"
 #include "platform/capture/frames/plane_frame.h"
@@ -75,35 +76,48 @@ TEST(DerniereImage, GivesOnlyWhatIsNewer) {
 }
 
 // One frame in two seconds is no stall for a camera that promises no more.
-TEST(DerniereImage, WaitsLongerForASlowCamera) {
+TEST(DerniereImage, WaitsLongerForACameraThatPromisesASlowRate) {
   DerniereImage derniere;
   FormatCamera format;
-  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(2000));
-  format.CadenceNum = 30;
-  derniere.FixeFormat(format);
-  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(2000));
+  EXPECT_EQ(derniere.DelaiPerte(), std::chrono::milliseconds(2000));
   format.CadenceNum = 1;
   format.CadenceDen = 2;
   derniere.FixeFormat(format);
-  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(8000));
-  format.CadenceDen = 1'000'000;
-  derniere.FixeFormat(format);
-  EXPECT_EQ(derniere.DelaiReouverture(), std::chrono::milliseconds(60'000));
+  EXPECT_EQ(derniere.DelaiPerte(), std::chrono::milliseconds(8000));
 }
 
-TEST(DerniereImage, TellsALossAndAsksForAReopeningEachAtAnAgeOfItsOwn) {
-  using std::chrono::milliseconds;
-  DerniereImage dite(DerniereImage::Ages{.Dite = milliseconds(-1), .Reouverte = milliseconds(60'000)});
-  EXPECT_TRUE(dite.Perdu());
-  EXPECT_FALSE(dite.EstARouvrir());
-  const DerniereImage rouverte(DerniereImage::Ages{.Dite = milliseconds(60'000), .Reouverte = milliseconds(-1)});
-  EXPECT_FALSE(rouverte.Perdu());
-  EXPECT_TRUE(rouverte.EstARouvrir());
-  FormatCamera lente;
-  lente.CadenceNum = 1;
-  lente.CadenceDen = 2;
-  dite.FixeFormat(lente);
-  EXPECT_FALSE(dite.Perdu()) << "a slow camera is given its periods before it is told too";
+// Cameras of the network promise 25 a second and send one in three seconds.
+TEST(DerniereImage, WhatIsSeenCountsMoreThanWhatIsPromised) {
+  using namespace std::chrono_literals;
+  DerniereImage derniere(15s);
+  FormatCamera format;
+  format.CadenceNum = 25;
+  derniere.FixeFormat(format);
+  const QImage image(kTaille, QImage::Format_RGB32);
+  derniere.Depose(image);
+  EXPECT_EQ(derniere.DelaiPerte(), 15s) << "its gaps are not known yet";
+  derniere.Depose(image);
+  EXPECT_EQ(derniere.DelaiPerte(), 15s);
+  std::this_thread::sleep_for(600ms);
+  derniere.Depose(image);
+  EXPECT_GE(derniere.DelaiPerte(), 2400ms);
+  EXPECT_LT(derniere.DelaiPerte(), 10s);
+}
+
+TEST(DerniereImage, AnotherOpeningIsMeasuredAnewFromItsFirstFrameOn) {
+  using namespace std::chrono_literals;
+  DerniereImage derniere(15s);
+  const QImage image(kTaille, QImage::Format_RGB32);
+  for (int i = 0; i < 3; ++i) derniere.Depose(image);
+  EXPECT_EQ(derniere.DelaiPerte(), 2s);
+  derniere.NoteOuverture();
+  EXPECT_EQ(derniere.DelaiPerte(), 2s) << "nothing has come of it: the loss is told as soon as before";
+  std::this_thread::sleep_for(700ms);
+  derniere.Depose(image);
+  EXPECT_EQ(derniere.DelaiPerte(), 15s);
+  derniere.Depose(image);
+  derniere.Depose(image);
+  EXPECT_EQ(derniere.DelaiPerte(), 2s) << "the time between the openings is no gap";
 }
 
 }  // namespace
