@@ -217,14 +217,27 @@ TEST_F(Galerie, DeleteKeyWithoutASelectionAsksNothing) {
 TEST_F(Galerie, TabGoesThroughEveryControl) {
   Ouvre();
   QStringList noms;
-  for (int i = 0; i < 7; ++i) {
+  for (int i = 0; i < 8; ++i) {
     noms += Forme.focusWidget()->objectName();
     QTest::keyClick(Forme.focusWidget(), Qt::Key_Tab);
   }
-  EXPECT_EQ(noms,
-            QStringList({QStringLiteral("FilePhotoVisu"), QStringLiteral("TxtNbrPhotDisk"),
-                         QStringLiteral("CmdOpenRepPhot"), QStringLiteral("Command7"), QStringLiteral("CmdRefresh"),
-                         QStringLiteral("CmdClearRepPhot"), QStringLiteral("FilePhotoVisu")}));
+  EXPECT_EQ(noms, QStringList({QStringLiteral("FilePhotoVisu"), QStringLiteral("TxtNbrPhotDisk"),
+                               QStringLiteral("CmdOpenRepPhot"), QStringLiteral("Command7"),
+                               QStringLiteral("CmdRefresh"), QStringLiteral("CmdClearRepPhot"),
+                               QStringLiteral("CmdFrise"), QStringLiteral("FilePhotoVisu")}));
+}
+
+TEST_F(Galerie, TheButtonOfTheTimelineStandsInTheUpperRightCornerWhateverTheSize) {
+  Ouvre();
+  auto* frise = Forme.findChild<QPushButton*>(QStringLiteral("CmdFrise"));
+  Forme.resize(1000, 700);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(frise->geometry().topRight(), QPoint(Forme.width() - 9, 8));
+  EXPECT_EQ(frise->accessibleName().isEmpty() ? frise->text() : frise->accessibleName(), QStringLiteral("Timeline"));
+  int ouvertures = 0;
+  Forme.SurFrise([&] { ++ouvertures; });
+  QTest::mouseClick(frise, Qt::LeftButton);
+  EXPECT_EQ(ouvertures, 1);
 }
 
 TEST_F(Galerie, SpaceAndEnterPressEveryButton) {

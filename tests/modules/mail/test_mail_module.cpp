@@ -152,6 +152,20 @@ TEST_F(Mail, KilledWhileItsPhotosGatherItIsMadeAtTheNextStartWithAllThatCame) {
   EXPECT_EQ(Fichiers().size(), 1) << "once";
 }
 
+TEST_F(Mail, WhenAServerHasTakenOneStandsInTheStatusFile) {
+  const auto dit = [this] { return QJsonDocument::fromJson(LitOctets(Etat.Chemin())).object()["accepted"].toString(); };
+  Rapporte({"a", {.Definitif = true}, 0});
+  Temps.Avance(6'000);
+  EXPECT_EQ(dit(), QString());
+  Rapporte({"a", {.Accepte = true}, 0});
+  Temps.Avance(6'000);
+  const QString premier = dit();
+  EXPECT_TRUE(QDateTime::fromString(premier, Qt::ISODate).isValid()) << premier.toStdString();
+  Rapporte({"b", {.Accepte = true}, 0});
+  Temps.Avance(6'000);
+  EXPECT_NE(dit(), premier) << "each mail is another moment";
+}
+
 TEST_F(Mail, OneThatCannotBeComposedOnDiskIsToldAndTriedAgain) {
   Photo("1.jpg");
   Intrusion();
