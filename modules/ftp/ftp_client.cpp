@@ -3,6 +3,7 @@
 
 #include <curl/curl.h>
 #include <netdb.h>
+#include <sys/socket.h>
 
 #include <QCryptographicHash>
 #include <QFile>
@@ -29,7 +30,6 @@ constexpr unsigned long kPauseLecture = 20;  // milliseconds
 constexpr int kServiceFerme = 421;           // RFC 959: the server closes the connection
 constexpr int kPasDeDonnees = 425;           // no data connection
 constexpr int kInconnue = 500;               // not understood, or something is wrong with the server itself
-constexpr long kAdieu = 1;                   // seconds for the answer to our farewell
 constexpr long kGarde = 86400;               // seconds for which an idle connection is taken again
 
 struct Liste {
@@ -141,7 +141,18 @@ ClientFtp::ClientFtp(OptionsClient options) : Options_(std::move(options)) {
 
 ClientFtp::~ClientFtp() { Ferme(); }
 
+// The library waits for the answer to its farewell as long as for any other, also before it opens another connection.
+// Where the network has gone away nobody answers: with nothing to be read any more the farewell still goes out, and
+// that is all.
+void ClientFtp::NeLisPlus() {
+  curl_socket_t prise = CURL_SOCKET_BAD;
+  if (Poignee_ == nullptr) return;
+  if (curl_easy_getinfo(Poignee_, CURLINFO_ACTIVESOCKET, &prise) != CURLE_OK || prise == CURL_SOCKET_BAD) return;
+  ::shutdown(prise, SHUT_RD);
+}
+
 void ClientFtp::Ferme() {
+  NeLisPlus();
   if (Poignee_ != nullptr) curl_easy_cleanup(Poignee_);
   Poignee_ = nullptr;
 }
@@ -183,6 +194,7 @@ ResultatFtp ClientFtp::Connecte(const TravailFtp& travail, const OuvrierFtp::Sur
     ResultatFtp nom = JugeNom(travail.Acces.Hote);
     if (nom.Issue != IssueFtp::kReussi) return nom;
   }
+  NeLisPlus();  // of the connection before
   ConnexionNeuve_ = ConnexionDemandee_ = true;
   const auto demandee = qScopeGuard([this] { ConnexionDemandee_ = false; });
   ResultatFtp resultat = Parle(travail, nullptr, {}, etape);
@@ -307,7 +319,6 @@ ResultatFtp ClientFtp::Parle(const TravailFtp& travail, const QByteArray* conten
   const auto remet = qScopeGuard([this] {
     curl_easy_reset(Poignee_);
     curl_easy_setopt(Poignee_, CURLOPT_NOSIGNAL, 1L);
-    curl_easy_setopt(Poignee_, CURLOPT_SERVER_RESPONSE_TIMEOUT, kAdieu);
   });
   Raconte(travail, contenu, commandes, false);
   Regle(travail, conversation, contenu);

@@ -47,13 +47,13 @@ class ClientFtp {
 
   /// `arret` is asked from inside, at least once a second; once true the job ends with kPasDeConnexion.
   ResultatFtp Execute(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape, std::function<bool()> arret);
-  /// Says good-bye to the server, if there is a connection. One that does not answer that is waited for a second: the
-  /// network may have gone away, and neither the end of the program nor the next connection may hang on it.
+  /// Says good-bye to the server, if there is a connection, and waits for no answer.
   void Ferme();
 
  private:
   struct Conversation;
 
+  void NeLisPlus();
   ResultatFtp Connecte(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape);
   ResultatFtp Publie(const TravailFtp& travail, const QByteArray& contenu);
   ResultatFtp Renomme(const TravailFtp& travail, const QString& provisoire);

@@ -291,7 +291,12 @@ TEST_F(VraiJoueur, ADeviceThatHangsHoldsUpNobody) {
     EXPECT_FALSE(joueur.EnCours());
     EXPECT_LT(temps.elapsed(), 10'000);
     QTest::qWait(1000);
+    const auto ouverts = [] {
+      return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot).size();
+    };
+    const qsizetype avant = ouverts();
     Joue(joueur, EcritSon());
+    EXPECT_EQ(ouverts(), avant) << "behind it none is made, or they would gather";
     EXPECT_TRUE(AttendQue([this] { return !Fins.isEmpty(); })) << "the next sound has no device";
     EXPECT_EQ(Fins, QList<FinSon>{FinSon::kSansAppareil});
   }
