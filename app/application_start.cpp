@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The steps of the start-up sequence. Their order stands in start_sequence.cpp.
 #include <QScreen>
+#include <QShortcut>
 
 #include "app/application.h"
 #include "base/failure.h"
@@ -12,6 +13,17 @@ namespace vaktor {
 
 namespace {
 constexpr int kPagePrincipale = 1;
+
+// The monitor is a tool window: the keys of the desktop that go from window to window pass it over.
+void RelieF6(QWidget& de, QWidget& vers) {
+  auto* touche = new QShortcut(QKeySequence(Qt::Key_F6), &de);
+  QObject::connect(touche, &QShortcut::activated, &vers, [&vers] {
+    if (!vers.isVisible()) return;
+    vers.raise();
+    vers.activateWindow();
+  });
+}
+
 }  // namespace
 
 void Vaktor::Demarre(const QString& version) {
@@ -95,6 +107,8 @@ FormMonitor& Vaktor::Moniteur() {
     FormMonitor_ = std::make_unique<FormMonitor>(*Moteur_, Etat_, Reglages_, *Sauvegarde_);
     QObject::connect(FormMonitor_.get(), &FormMonitor::PleinEcranChoisi, Form1_.get(),
                      [this] { PleinEcran_.Montre(); });
+    RelieF6(*Form1_, *FormMonitor_);
+    RelieF6(*FormMonitor_, *Form1_);
     QObject::connect(FormMonitor_.get(), &FormMonitor::TailleChangee, Form1_.get(), [this] { PlaceMoniteur(); });
   }
   return *FormMonitor_;

@@ -17,6 +17,7 @@
 #include "platform/base/core_file.h"
 #include "platform/base/end_signals.h"
 #include "platform/base/program_folders.h"
+#include "ui/common/heard_roles.h"
 #include "ui/face/art_images.h"
 
 namespace vaktor {
@@ -104,6 +105,7 @@ int LanceVaktor(int argc, char** argv) {
   QCoreApplication::setApplicationVersion(QLatin1String(kVersion));
   ApplicationGardee application(argc, argv);
   PrepareApparence();
+  InstalleRoles();
   DitArgumentsInconnus();
   try {
     return Execute(application, arguments);

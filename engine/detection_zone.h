@@ -12,6 +12,8 @@ void RemetZoneCamera(EtatSurveillance& etat);
 /// a zone whose top was drawn keeps it through a change of format.
 void SuitTailleSurface(EtatSurveillance& etat, QSize taille);
 
+/// The zone drawn with the mouse, and moved and sized with the keys.
+///
 /// Mouse events on Picture1, left button, in pixels of the frame; they may lie outside the picture and are kept as
 /// they come. The analysis works with the half-drawn zone of the moment.
 class SourisZone {
@@ -22,8 +24,17 @@ class SourisZone {
   void Deplace(double x, double y);
   void Relache(double x, double y);
 
+  // The keys, in pixels. They keep the zone within the picture, its corners in order and each side at kCoteMin or more:
+  // nobody is to lose a zone that they do not see. No side that meets another resets it.
+  static constexpr qint32 kCoteMin = 8;
+  void Pousse(qint32 dx, qint32 dy);  ///< the whole zone, as far as there is room
+  void Etire(qint32 dx, qint32 dy);   ///< its right and lower edge
+  void Remet();                       ///< to the whole picture, as a click does
+
  private:
   void SuitCoin(double x, double y);
+  void Redresse();
+  void Montre();
 
   EtatSurveillance& Etat_;
 };

@@ -122,4 +122,6 @@ QString MotListePhotos(Langue langue) { return Phrase{"Liste des photos", "List 
 
 QString MotEffacement(Langue langue) { return Phrase{"Suppression des photos", "Erasing pictures"}.Dit(langue); }
 
+QString MotPhotoMontree(Langue langue) { return Phrase{"Photo affichée", "Shown picture"}.Dit(langue); }
+
 }  // namespace vaktor

@@ -35,5 +35,7 @@ QString AideFrise(Langue langue);
 /// The list and the progress window, for those who hear the window.
 QString MotListePhotos(Langue langue);
 QString MotEffacement(Langue langue);
+/// The place of the picture, likewise.
+QString MotPhotoMontree(Langue langue);
 
 }  // namespace vaktor

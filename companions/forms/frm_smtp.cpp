@@ -11,6 +11,8 @@
 #include "companions/smtp_words.h"
 #include "texts/address_words.h"
 #include "texts/language.h"
+#include "ui/common/clicked_words.h"
+#include "ui/common/heard_roles.h"
 
 namespace vaktor {
 
@@ -29,6 +31,7 @@ FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this), P
       new PanneauEssai(this, Ports_.Essai, [this] { return ComposeDemandeEssai(Ports_.Reglages, DonneDestination()); });
   auto* trait = new QFrame(this);
   trait->setFrameShape(QFrame::HLine);
+  DonneRole(*trait, QAccessible::Separator);
   trait->setFrameShadow(QFrame::Sunken);
   QVBoxLayout* colonne = CreeColonne(*this);
   QGridLayout* grille = Controles_.DonneGrille();
@@ -49,6 +52,10 @@ void FrmSmtp::BrancheControles() {
     Ports_.Reglages.SmtpActif = !coche;  // the box means the opposite of the setting
     ActiveChampsSmtp();
   });
+  const std::pair<QLabel*, QCheckBox*> cases[] = {{c.LblMailWinsock, c.ChkMailWinsock},
+                                                  {c.LblNeedLoginSMTP, c.CheckNeedLoginSMTP},
+                                                  {c.LblSansChiffrement, c.CheckSansChiffrement}};
+  for (const auto& [mots, boite] : cases) RelieMots(*mots, *boite, [boite = boite] { boite->click(); });
   connect(c.CheckNeedLoginSMTP, &QCheckBox::toggled, this, [this](bool coche) {
     Ports_.Reglages.SmtpNeedLogin = coche;
     ActiveChampsSmtp();
@@ -276,6 +283,7 @@ void FrmSmtp::EcritMots() {
   for (const Ligne& ligne : lignes) {
     ligne.Etiquette->setText(t.Dit(ligne.Mots));
     ligne.Voisin->setAccessibleName(t.Dit(ligne.Mots));
+    ligne.Etiquette->setBuddy(ligne.Voisin);
   }
   const Langue parlee = LangueParlee(Ports_.Reglages.LangueCourante);
   c.LblSansChiffrement->setText(MotsSansChiffrement(parlee));
@@ -288,7 +296,7 @@ void FrmSmtp::EcritMots() {
   // The shown text is no selection: picking any entry is a choice.
   c.CmbComptes->setPlaceholderText(t.Dit(Libelle::kChoisitCompte));
   c.CmbComptes->setCurrentIndex(-1);
-  c.CmbComptes->setAccessibleName(t.Dit(Libelle::kChoisitCompte));
+  NommeListe(*c.CmbComptes, t.Dit(Libelle::kChoisitCompte));
   Panneau_->EcritMots(DonneMotsEssaiMail(parlee), InviteEssaiMail(parlee, DonneDestination()));
 }
 

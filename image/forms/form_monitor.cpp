@@ -6,6 +6,8 @@
 
 #include "base/failure.h"
 #include "engine/detection_zone.h"
+#include "image/monitor_words.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -47,10 +49,9 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
   Picture1_->setObjectName(QStringLiteral("Picture1"));
   ProgressBar1_->setObjectName(QStringLiteral("ProgressBar1"));
   CreeMenu();
-  connect(Picture1_, &VueCadre::GaucheAppuye, this, [this](QPointF p) { Moteur_.Souris().Appuie(p.x(), p.y()); });
-  connect(Picture1_, &VueCadre::GaucheDeplace, this, [this](QPointF p) { Moteur_.Souris().Deplace(p.x(), p.y()); });
-  connect(Picture1_, &VueCadre::GaucheRelache, this, [this](QPointF p) { Moteur_.Souris().Relache(p.x(), p.y()); });
-  connect(Picture1_, &VueCadre::DroitAppuye, this, &FormMonitor::OuvreMenu);
+  BrancheSouris();
+  BrancheTouches();
+  Picture1_->setFocus();  // the one control that takes keys
   AjusteFenetre();
   Moteur_.Surface().SurTaille([this] { SuitTaille(); });
   Moteur_.Surface().SurChangement([this] { Rafraichissement_->Demande(); });
@@ -59,6 +60,36 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
 FormMonitor::~FormMonitor() {
   Moteur_.Surface().SurTaille({});
   Moteur_.Surface().SurChangement({});
+}
+
+void FormMonitor::BrancheSouris() {
+  connect(Picture1_, &VueCadre::GaucheAppuye, this, [this](QPointF p) { Moteur_.Souris().Appuie(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::GaucheDeplace, this, [this](QPointF p) { Moteur_.Souris().Deplace(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::GaucheRelache, this, [this](QPointF p) { Moteur_.Souris().Relache(p.x(), p.y()); });
+  connect(Picture1_, &VueCadre::DroitAppuye, this, &FormMonitor::OuvreMenu);
+  connect(Picture1_, &VueCadre::GaucheRelache, Picture1_, &VueCadre::AnnonceParoles);
+}
+
+void FormMonitor::BrancheTouches() {
+  connect(Picture1_, &VueCadre::ZonePoussee, this, [this](QPoint pas) { Moteur_.Souris().Pousse(pas.x(), pas.y()); });
+  connect(Picture1_, &VueCadre::ZoneEtiree, this, [this](QPoint pas) { Moteur_.Souris().Etire(pas.x(), pas.y()); });
+  connect(Picture1_, &VueCadre::ZoneRemise, this, [this] { Moteur_.Souris().Remet(); });
+  connect(Picture1_, &VueCadre::ZonePoussee, Picture1_, &VueCadre::AnnonceParoles);
+  connect(Picture1_, &VueCadre::ZoneEtiree, Picture1_, &VueCadre::AnnonceParoles);
+  connect(Picture1_, &VueCadre::ZoneRemise, Picture1_, &VueCadre::AnnonceParoles);
+  connect(Picture1_, &VueCadre::MenuAuClavier, this, [this] {
+    MnuFullScreen_->setText(LibellePleinEcran_);
+    OuvreAuClavier(*MnuScreen_, *Picture1_);
+  });
+}
+
+// The notice over the picture first: a camera that has gone matters more than where the zone lies.
+QString FormMonitor::DitImage() const {
+  const Langue langue = LangueParlee(Reglages_.LangueCourante);
+  QStringList phrases = {Picture1_->Avis(), DitZone(langue, Moteur_.Detection().Zone, Moteur_.Surface().Taille()),
+                         DitTouchesZone(langue)};
+  phrases.removeAll(QString());
+  return phrases.join(u'\n');
 }
 
 void FormMonitor::CreeMenu() {
@@ -78,6 +109,8 @@ void FormMonitor::OuvreMenu(const QPointF& position) {
 void FormMonitor::EcritAides(const QString& image, const QString& barre) {
   Picture1_->setToolTip(image);
   ProgressBar1_->setToolTip(barre);
+  ProgressBar1_->setAccessibleName(barre);
+  Picture1_->ChangeParoles(MotImageCamera(LangueParlee(Reglages_.LangueCourante)), [this] { return DitImage(); });
 }
 
 void FormMonitor::MontreBarre(qint32 valeur) {

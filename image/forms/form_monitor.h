@@ -30,6 +30,7 @@ class FormMonitor : public QWidget {
   void MontreBarre(qint32 valeur);
   /// The notice over the picture, as it is told at each tick; empty for none.
   void MontreAvis(const QString& avis) { Picture1_->MontreAvis(avis); }
+  /// Tool tips; those who hear the window are told in the language of the moment what it shows.
   void EcritAides(const QString& image, const QString& barre);
   void ChangeLibellePleinEcran(const QString& libelle) { LibellePleinEcran_ = libelle; }
 
@@ -42,6 +43,9 @@ class FormMonitor : public QWidget {
 
  private:
   void CreeMenu();
+  void BrancheSouris();
+  void BrancheTouches();
+  QString DitImage() const;
   void OuvreMenu(const QPointF& position);
   void SuitTaille();
   void AjusteFenetre();

@@ -20,6 +20,8 @@ class BarreProgression : public QWidget {
   /// Draws the box from the left edge to `pas`, where that changes a pixel.
   void Avance(int pas);
   int Rempli() const { return Rempli_; }  ///< pixels
+  int Pas() const { return Pas_; }        ///< the step that was reached
+  int Dernier() const { return Dernier_; }
 
  protected:
   void paintEvent(QPaintEvent* evenement) override;
@@ -27,6 +29,7 @@ class BarreProgression : public QWidget {
  private:
   int Dernier_ = 0;
   int Rempli_ = 0;
+  int Pas_ = 0;
 };
 
 /// Owner: the gallery's form, for the time of one deletion. User-interface thread.

@@ -2,6 +2,7 @@
 #include "image/forms/form_visu_photo.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QSignalBlocker>
 #include <QWindow>
@@ -104,6 +105,7 @@ void FormVisuPhoto::OuvreMenu(const QPoint& position) {
 
 void FormVisuPhoto::ChargeMots() {
   PictureAfff_->ChargeMots(Textes_, LangueParlee(Reglages_.LangueCourante));
+  PictureVisu_->setAccessibleName(MotPhotoMontree(LangueParlee(Reglages_.LangueCourante)));
   Mnu_Supprim_->setText(Textes_.Dit(Libelle::kSupprime));
   CmdFrise_->setText(MotFrise(LangueParlee(Reglages_.LangueCourante)));
   CmdFrise_->setToolTip(AideFrise(LangueParlee(Reglages_.LangueCourante)));
@@ -193,6 +195,14 @@ void FormVisuPhoto::paintEvent(QPaintEvent* evenement) {
   QPainter peintre(this);
   peintre.setClipRegion(evenement->region());
   peintre.drawPixmap(0, 0, Fond_);
+}
+
+void FormVisuPhoto::keyPressEvent(QKeyEvent* evenement) {
+  if (evenement->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  QWidget::keyPressEvent(evenement);
 }
 
 void FormVisuPhoto::closeEvent(QCloseEvent* evenement) {

@@ -44,6 +44,7 @@ class FormVisuPhoto : public QWidget, private AffichageGalerie {
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
+  void keyPressEvent(QKeyEvent* evenement) override;  ///< Escape closes it
   void resizeEvent(QResizeEvent* evenement) override;
   void paintEvent(QPaintEvent* evenement) override;
 

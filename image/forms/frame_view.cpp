@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/forms/frame_view.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -8,8 +9,31 @@
 
 namespace vaktor {
 
-VueCadre::VueCadre(const SurfaceImage& surface, QWidget* parent) : QWidget(parent), Surface_(surface) {
+namespace {
+
+constexpr int kPas = 8;  // pixels an arrow; with Ctrl a single one
+constexpr int kPasFin = 1;
+
+QPoint DonneSens(int touche) {
+  switch (touche) {
+    case Qt::Key_Left:
+      return {-1, 0};
+    case Qt::Key_Right:
+      return {1, 0};
+    case Qt::Key_Up:
+      return {0, -1};
+    case Qt::Key_Down:
+      return {0, 1};
+    default:
+      return {};
+  }
+}
+
+}  // namespace
+
+VueCadre::VueCadre(const SurfaceImage& surface, QWidget* parent) : VueAMenu(parent), Surface_(surface) {
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
 }
 
 void VueCadre::MontreAvis(const QString& avis) {
@@ -17,6 +41,7 @@ void VueCadre::MontreAvis(const QString& avis) {
   if (avis == Avis_) return;
   Avis_ = avis;
   update();
+  AnnonceParoles();
 }
 
 void VueCadre::paintEvent(QPaintEvent*) {
@@ -39,7 +64,10 @@ void VueCadre::PeintAvis(QPainter& peintre) const {
 }
 
 void VueCadre::mousePressEvent(QMouseEvent* evenement) {
-  if (evenement->button() == Qt::LeftButton) Q_EMIT GaucheAppuye(evenement->position());
+  if (evenement->button() == Qt::LeftButton) {
+    Dessine_ = true;
+    Q_EMIT GaucheAppuye(evenement->position());
+  }
   if (evenement->button() == Qt::RightButton) Q_EMIT DroitAppuye(evenement->position());
 }
 
@@ -49,7 +77,26 @@ void VueCadre::mouseMoveEvent(QMouseEvent* evenement) {
 }
 
 void VueCadre::mouseReleaseEvent(QMouseEvent* evenement) {
-  if (evenement->button() == Qt::LeftButton) Q_EMIT GaucheRelache(evenement->position());
+  if (evenement->button() != Qt::LeftButton) return;
+  Dessine_ = false;
+  Q_EMIT GaucheRelache(evenement->position());
+}
+
+void VueCadre::keyPressEvent(QKeyEvent* evenement) {
+  const QPoint sens = DonneSens(evenement->key());
+  const bool remet = evenement->key() == Qt::Key_Home;
+  if (sens.isNull() && !remet) return VueAMenu::keyPressEvent(evenement);
+  if (Dessine_) return;  // a zone has one hand on it
+  if (remet) {
+    Q_EMIT ZoneRemise();
+    return;
+  }
+  const QPoint pas = sens * (evenement->modifiers() & Qt::ControlModifier ? kPasFin : kPas);
+  if (evenement->modifiers() & Qt::ShiftModifier) {
+    Q_EMIT ZoneEtiree(pas);
+  } else {
+    Q_EMIT ZonePoussee(pas);
+  }
 }
 
 }  // namespace vaktor

@@ -2,15 +2,17 @@
 // Picture1: the frame at its own size. It keeps no frame of its own, it paints the surface.
 #pragma once
 
-#include <QWidget>
+#include <QPoint>
 
 #include "engine/frame_surface.h"
+#include "ui/common/menu_view.h"
 
 namespace vaktor {
 
 /// One pixel of the frame is one pixel of the widget, so mouse positions are pixels of the frame; a screen of high
-/// density shows each as a block. User-interface thread.
-class VueCadre : public QWidget {
+/// density shows each as a block. The keys work on the zone, a few pixels a press, but not while the mouse draws it.
+/// User-interface thread.
+class VueCadre : public VueAMenu {
   Q_OBJECT
 
  public:
@@ -26,8 +28,13 @@ class VueCadre : public QWidget {
   void GaucheDeplace(const QPointF& position);
   void GaucheRelache(const QPointF& position);
   void DroitAppuye(const QPointF& position);
+  // The keys, in pixels of the frame.
+  void ZonePoussee(const QPoint& pas);  ///< an arrow
+  void ZoneEtiree(const QPoint& pas);   ///< with Shift
+  void ZoneRemise();                    ///< Home
 
  protected:
+  void keyPressEvent(QKeyEvent* evenement) override;
   void paintEvent(QPaintEvent* evenement) override;
   void mousePressEvent(QMouseEvent* evenement) override;
   void mouseMoveEvent(QMouseEvent* evenement) override;
@@ -38,6 +45,7 @@ class VueCadre : public QWidget {
 
   const SurfaceImage& Surface_;
   QString Avis_;
+  bool Dessine_ = false;  // the left button is held
 };
 
 }  // namespace vaktor

@@ -3,6 +3,8 @@
 
 #include <QPainter>
 
+#include "ui/common/heard_roles.h"
+
 namespace vaktor {
 
 namespace {
@@ -10,7 +12,10 @@ constexpr QSize kTailleAvis{360, 140};
 constexpr int kMargeAvis = 12;
 }  // namespace
 
-PlacePhoto::PlacePhoto(QWidget* parent) : QWidget(parent) { resize(0, 0); }
+PlacePhoto::PlacePhoto(QWidget* parent) : QWidget(parent) {
+  resize(0, 0);
+  DonneRole(*this, QAccessible::Graphic);
+}
 
 void PlacePhoto::MontrePhoto(const QImage& photo) {
   Photo_ = photo;

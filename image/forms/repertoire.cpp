@@ -9,6 +9,7 @@
 #include <QStyle>
 
 #include "ui/common/field_font.h"
+#include "ui/common/heard_roles.h"
 
 namespace vaktor {
 namespace {
@@ -60,7 +61,7 @@ void Repertoire::CreeControles(ArbreDossiers& arbre) {
   setFont(police);
   Drive1_ = new ListeLieuxDisque(Choix_, this);
   Drive1_->setObjectName(QStringLiteral("Drive1"));
-  Drive1_->setAccessibleName(QStringLiteral("Lecteur"));
+  NommeListe(*Drive1_, QStringLiteral("Lecteur"));
   Dir1_ = new VueDossiers(arbre, this);
   Dir1_->setObjectName(QStringLiteral("Dir1"));
   Dir1_->setAccessibleName(QStringLiteral("Dossiers"));

@@ -2,6 +2,7 @@
 #include "image/forms/webcam_pecran.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -22,6 +23,14 @@ void WebcamPecran::MontreAgrandi() {
 void WebcamPecran::closeEvent(QCloseEvent* evenement) {
   evenement->accept();
   Q_EMIT Ferme();
+}
+
+void WebcamPecran::keyPressEvent(QKeyEvent* evenement) {
+  if (evenement->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  QWidget::keyPressEvent(evenement);
 }
 
 void WebcamPecran::paintEvent(QPaintEvent*) {

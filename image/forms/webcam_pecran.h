@@ -26,6 +26,7 @@ class WebcamPecran : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
+  void keyPressEvent(QKeyEvent* evenement) override;  ///< Escape closes it
   void paintEvent(QPaintEvent* evenement) override;
 
  private:

@@ -193,6 +193,36 @@ TEST_F(FenetreDuProgramme, TheMonitorThatWasClosedComesBackByTheCamerasButtonAnd
   EXPECT_EQ(Pendant(300).Sons, 0) << "only now it is off";
 }
 
+TEST_F(FenetreDuProgramme, F6GoesFromTheWindowToTheMonitorAndBackAndNowhereWhileItIsHidden) {
+  DemarreJusquALaFenetre();
+  QWidget* fenetre = Fenetre("Form1");
+  QWidget* moniteur = Fenetre("FormMonitor");
+  fenetre->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(fenetre));
+  QTest::keyClick(fenetre, Qt::Key_F6);
+  EXPECT_FALSE(moniteur->isVisible());
+  Clique("Bouton(0)");
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(moniteur));
+  fenetre->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(fenetre));
+  QTest::keyClick(fenetre, Qt::Key_F6);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(moniteur));
+  QTest::keyClick(moniteur, Qt::Key_F6);
+  EXPECT_TRUE(QTest::qWaitForWindowActive(fenetre));
+}
+
+TEST_F(FenetreDuProgramme, EscapeClosesGalleryAndEnlargedView) {
+  DemarreJusquALaFenetre();
+  Clique("BoutonGris(0)");
+  for (int i = 0; i < 100 && !Visible("FormVisuPhoto"); ++i) QTest::qWait(1);
+  ASSERT_TRUE(Visible("FormVisuPhoto"));
+  QTest::keyClick(Fenetre("FormVisuPhoto"), Qt::Key_Escape);
+  EXPECT_FALSE(Visible("FormVisuPhoto"));
+  Trouve<QCheckBox>("CheckPEcran")->setChecked(true);
+  QTest::keyClick(Fenetre("WebcamPecran"), Qt::Key_Escape);
+  EXPECT_FALSE(Trouve<QCheckBox>("CheckPEcran")->isChecked());
+}
+
 TEST_F(FenetreDuProgramme, TheEnlargedViewFollowsItsBoxShowsTheFramesAndUnticksItWhenItIsClosed) {
   ArmeEtBouge();
   auto* boite = Trouve<QCheckBox>("CheckPEcran");

@@ -108,6 +108,24 @@ TEST_F(FormeSmtp, BoxesWorkWithTheKeyboard) {
   EXPECT_FALSE(Reglages.SmtpActif);
 }
 
+TEST_F(FormeSmtp, WordsBesideABoxSwitchItWhileItIsOn) {
+  Ouvre();
+  const auto clique = [this](const char* nom) { QTest::mouseClick(Trouve<QLabel>(nom), Qt::LeftButton, {}, {3, 3}); };
+  const bool avant = Reglages.SmtpNeedLogin;
+  clique("LblNeedLoginSMTP");
+  EXPECT_EQ(Reglages.SmtpNeedLogin, !avant);
+  clique("LblNeedLoginSMTP");
+  const bool chiffre = Reglages.SmtpSansChiffrement;
+  if (!Trouve<QCheckBox>("CheckSansChiffrement")->isEnabled()) clique("LblNeedLoginSMTP");
+  clique("LblSansChiffrement");
+  EXPECT_EQ(Reglages.SmtpSansChiffrement, !chiffre);
+  clique("LblMailWinsock");
+  EXPECT_FALSE(Reglages.SmtpActif);
+  const bool connexion = Reglages.SmtpNeedLogin;
+  clique("LblNeedLoginSMTP");
+  EXPECT_EQ(Reglages.SmtpNeedLogin, connexion) << "the box is off now";
+}
+
 TEST_F(FormeSmtp, TheTabKeyWalksEverythingTopToBottom) {
   Ouvre();
   Trouve("ChkMailWinsock")->setFocus();

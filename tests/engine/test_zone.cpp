@@ -39,6 +39,57 @@ TEST_F(Souris, RectangleMayBeDrawnFromAnyCorner) {
   AttendZone(Zone(), 20, 10, 100, 50);
 }
 
+// --- The keys
+
+TEST_F(Souris, KeysMoveTheZoneAsFarAsThePictureGoes) {
+  Tire(20, 10, 40, 31);
+  Engin.Souris().Pousse(8, -3);
+  AttendZone(Zone(), 28, 7, 48, 28);
+  Engin.Souris().Pousse(100, -100);
+  AttendZone(Zone(), 40, 0, 60, 21);
+  Engin.Souris().Pousse(-100, 100);
+  AttendZone(Zone(), 0, 39, 20, 60);
+}
+
+TEST_F(Souris, KeysSizeTheZoneWithinThePictureAndNeverToNothing) {
+  Tire(20, 10, 40, 31);
+  Engin.Souris().Etire(5, -6);
+  AttendZone(Zone(), 20, 10, 45, 25);
+  Engin.Souris().Etire(100, 100);
+  AttendZone(Zone(), 20, 10, 60, 60);
+  Engin.Souris().Etire(-100, -100);
+  AttendZone(Zone(), 20, 10, 20 + SourisZone::kCoteMin, 10 + SourisZone::kCoteMin);
+}
+
+TEST_F(Souris, KeysDoNotResetAZoneWhoseRightMeetsItsBottom) {
+  Tire(20, 10, 40, 31);
+  Engin.Souris().Etire(0, 9);
+  AttendZone(Zone(), 20, 10, 40, 40);
+  Engin.Souris().Remet();
+  AttendZone(Zone(), 0, 0, 60, 60);
+}
+
+TEST_F(Souris, KeysPutAZoneInOrderThatTheMouseHasLeftBeyondThePicture) {
+  Tire(-15, -7, 900, 700);
+  Engin.Souris().Pousse(0, 0);
+  AttendZone(Zone(), 0, 0, 60, 60);
+  Tire(5, 59, 50, 59);  // a row
+  Engin.Souris().Etire(0, 0);
+  AttendZone(Zone(), 5, 60 - SourisZone::kCoteMin, 50, 60);
+}
+
+TEST_F(Souris, ZoneMovedByAKeyIsOutlinedAtOnce) {
+  Tire(20, 10, 40, 31);
+  Trame(Unie(0));
+  const int avant = Engin.Surface().NombreContours();
+  Engin.Souris().Pousse(1, 0);
+  ASSERT_EQ(Engin.Surface().NombreContours(), avant + 1);
+  EXPECT_EQ(Engin.Surface().ContourNumero(avant).Gauche, 21);
+  Engin.Souris().Etire(1, 0);
+  ASSERT_EQ(Engin.Surface().NombreContours(), avant + 2);
+  EXPECT_EQ(Engin.Surface().ContourNumero(avant + 1).Droite, 42);
+}
+
 TEST_F(Souris, DragThatEndsWhereXEqualsYGivesTheWholePicture) {
   Tire(30, 40, 60, 60);
   AttendZone(Zone(), 0, 0, 60, 60);

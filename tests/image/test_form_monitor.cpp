@@ -2,6 +2,8 @@
 // FormMonitor: the zone under the mouse, the fit of the window, closing and coming back.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QMenu>
 #include <QPainter>
 #include <QTest>
 
@@ -117,6 +119,78 @@ TEST_F(Moniteur, RightButtonOpensTheMenuAndLeavesTheZone) {
   Menu->close();
   QTest::mouseRelease(Picture1, Qt::RightButton, {}, QPoint(40, 30));
   AttendZone(20, 10, 100, 50);
+}
+
+// --- The keys
+
+TEST_F(Moniteur, ArrowsMoveTheZoneShiftSizesItCtrlGoesByPixelsAndHomeResetsIt) {
+  Pose(Unie(200, 150));
+  Glisse({100, 50}, {20, 10});
+  QTest::keyClick(Picture1, Qt::Key_Right);
+  AttendZone(28, 10, 108, 50);
+  QTest::keyClick(Picture1, Qt::Key_Down);
+  AttendZone(28, 18, 108, 58);
+  QTest::keyClick(Picture1, Qt::Key_Left);
+  QTest::keyClick(Picture1, Qt::Key_Up);
+  AttendZone(20, 10, 100, 50);
+  QTest::keyClick(Picture1, Qt::Key_Right, Qt::ShiftModifier);
+  QTest::keyClick(Picture1, Qt::Key_Up, Qt::ShiftModifier);
+  AttendZone(20, 10, 108, 42);
+  QTest::keyClick(Picture1, Qt::Key_Right, Qt::ControlModifier);
+  AttendZone(21, 10, 109, 42);
+  QTest::keyClick(Picture1, Qt::Key_Down, Qt::ControlModifier | Qt::ShiftModifier);
+  AttendZone(21, 10, 109, 43);
+  QTest::keyClick(Picture1, Qt::Key_Home);
+  AttendZone(0, 0, 200, 150);
+}
+
+TEST_F(Moniteur, KeysWaitWhileTheMouseDraws) {
+  Pose(Unie(200, 150));
+  QTest::mousePress(Picture1, Qt::LeftButton, {}, QPoint(20, 10));
+  QTest::keyClick(Picture1, Qt::Key_Right);
+  QTest::keyClick(Picture1, Qt::Key_Home);
+  AttendZone(20, 10, 20, 10);
+  QTest::mouseRelease(Picture1, Qt::LeftButton, {}, QPoint(100, 50));
+  QTest::keyClick(Picture1, Qt::Key_Right);
+  AttendZone(28, 10, 108, 50);
+}
+
+TEST_F(Moniteur, KeysGoToThePictureAndOpenItsMenu) {
+  EXPECT_EQ(Forme.focusWidget(), Picture1);
+  Forme.ChangeLibellePleinEcran(QStringLiteral("Full screen"));
+  QTest::keyClick(Picture1, Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_TRUE(Menu->isVisible());
+  EXPECT_EQ(Menu->activeAction(), Menu->actions().first());
+  EXPECT_EQ(Menu->activeAction()->text(), QStringLiteral("Full screen"));
+  Menu->close();
+}
+
+TEST_F(Moniteur, PictureSaysItsNoticeWhereTheZoneLiesAndWhatTheKeysDo) {
+  Banc.Reglages.LangueCourante = 1;
+  Pose(Unie(200, 150));
+  Forme.EcritAides(QStringLiteral("tip"), QStringLiteral("moving points"));
+  QAccessibleInterface* image = QAccessible::queryAccessibleInterface(Picture1);
+  EXPECT_EQ(image->role(), QAccessible::Graphic);
+  EXPECT_EQ(image->text(QAccessible::Name), QStringLiteral("Camera picture"));
+  const auto lignes = [&] { return image->text(QAccessible::Description).split(u'\n'); };
+  EXPECT_EQ(lignes().first(), QStringLiteral("Zone: the whole picture")) << "as the camera's start leaves it";
+  Glisse({100, 50}, {20, 10});
+  EXPECT_EQ(lignes().first(), QStringLiteral("Zone: left 20, top 10, width 80, height 40, of 200x150"));
+  EXPECT_TRUE(lignes().at(1).startsWith(QStringLiteral("Arrows move the zone")));
+  EXPECT_EQ(lignes().last(), QStringLiteral("tip"));
+  Forme.MontreAvis(QStringLiteral("Signal lost"));
+  EXPECT_EQ(lignes().first(), QStringLiteral("Signal lost"));
+  Banc.Reglages.LangueCourante = 0;
+  Forme.EcritAides({}, {});
+  EXPECT_EQ(lignes().at(1), QString::fromUtf8("Zone : gauche 20, haut 10, largeur 80, hauteur 40, sur 200x150"));
+}
+
+TEST_F(Moniteur, BarIsHeardAsTheMovementThatItShows) {
+  Forme.EcritAides(QStringLiteral("tip"), QStringLiteral("moving points"));
+  Forme.MontreBarre(321);
+  QAccessibleInterface* barre = QAccessible::queryAccessibleInterface(Barre);
+  EXPECT_EQ(barre->text(QAccessible::Name), QStringLiteral("moving points"));
+  EXPECT_EQ(barre->valueInterface()->currentValue().toInt(), 321);
 }
 
 TEST_F(Moniteur, OtherButtonsDrawNothing) {

@@ -2,6 +2,7 @@
 // FormVisuPhoto under mouse and keys: opening, the list, the place of the photo, the field, closing.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QTest>
 
@@ -416,6 +417,12 @@ TEST_F(Galerie, ProgressWindowIsThereDuringTheDeletionOnly) {
   Effaceur.Evenements = [&] {
     const auto* progression = Forme.findChild<FrmProgression*>(QStringLiteral("FrmProgression"));
     vue = progression != nullptr && progression->isVisible();
+    auto* barre = Forme.findChild<BarreProgression*>();
+    QAccessibleInterface* entendue = QAccessible::queryAccessibleInterface(barre);
+    ASSERT_NE(entendue, nullptr);
+    EXPECT_EQ(entendue->role(), QAccessible::ProgressBar);
+    EXPECT_EQ(entendue->valueInterface()->currentValue().toInt(), barre->Pas());
+    EXPECT_EQ(entendue->valueInterface()->maximumValue().toInt(), barre->Dernier());
     EXPECT_FALSE(Trouve<QPushButton>("CmdClearRepPhot")->isEnabled());
   };
   Bouton("CmdClearRepPhot");

@@ -56,6 +56,25 @@ TEST_F(FormeSon, EnterPressesTheButtonThatHasTheFocus) {
   EXPECT_EQ(Dialogue.Filtre, QStringLiteral("Audio (*.WAV *.wav)"));
 }
 
+TEST_F(FormeSon, EnterOnThePicturePlaysAndEscapeCloses) {
+  Ouvre();
+  Choisit(1);
+  QTest::keyClick(Trouve<QWidget>("ImagePlaySon"), Qt::Key_Return);
+  EXPECT_EQ(Lecteur.Joues.size(), 1);
+  QTest::keyClick(Trouve<QWidget>("ImagePlaySon"), Qt::Key_Escape);
+  EXPECT_FALSE(Forme.isVisible());
+}
+
+TEST_F(FormeSon, ButtonForAFileSaysWhatWouldWakeIt) {
+  Ouvre();
+  auto* bouton = Trouve<QPushButton>("CmdChoixSonRep");
+  Choisit(1);
+  EXPECT_EQ(bouton->toolTip(),
+            QStringLiteral("Choose a sound file\nNot available until \"Sound file\" is chosen in the list."));
+  Choisit(ChoixSon::kSonDuFichier);
+  EXPECT_EQ(bouton->toolTip(), QStringLiteral("Choose a sound file"));
+}
+
 TEST_F(FormeSon, WordsOfBothLanguages) {
   Ouvre(0);
   EXPECT_EQ(Forme.windowTitle(), QStringLiteral("Son de l'alarme"));

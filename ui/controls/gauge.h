@@ -6,6 +6,9 @@
 
 namespace vaktor {
 
+/// Keys: an arrow moves the marker by a pixel's worth, Page by ten, Home and End to the ends; Enter or Space does what
+/// a double click does. A screen reader finds a slider of the same scale. The mouse leaves the focus where it is.
+///
 /// Its scale runs from 0 to 7000000 over its width, so that a position is directly a tolerance.
 class JaugeWidget : public QWidget {
   Q_OBJECT
@@ -18,6 +21,9 @@ class JaugeWidget : public QWidget {
   void Dessine(qint32 valeur, bool haute);
   qint32 Valeur() const { return Valeur_; }
   bool Haute() const { return Haute_; }
+  /// As if the mouse had been pressed at this tolerance. Nothing outside the scale comes of it.
+  void Regle(double valeur);
+  double PasClavier() const;  ///< what a pixel stands for
 
  Q_SIGNALS:
   /// Press, move and release alike: the position in the gauge's scale, outside 0 to 7000000 when the mouse is.
@@ -29,10 +35,14 @@ class JaugeWidget : public QWidget {
   void mousePressEvent(QMouseEvent* evenement) override;
   void mouseMoveEvent(QMouseEvent* evenement) override;
   void mouseReleaseEvent(QMouseEvent* evenement) override;
+  void keyPressEvent(QKeyEvent* evenement) override;
   void mouseDoubleClickEvent(QMouseEvent* evenement) override;
 
  private:
   double EnEchelle(const QPointF& position) const;
+  int Marqueur() const;
+  void DessineBarre(QPainter& peintre) const;
+  void DessineFocus(QPainter& peintre) const;
 
   qint32 Valeur_ = 0;
   bool Haute_ = false;

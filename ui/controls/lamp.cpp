@@ -3,6 +3,7 @@
 
 #include <QPainter>
 
+#include "ui/common/heard_roles.h"
 #include "ui/face/art_images.h"
 
 namespace vaktor {
@@ -31,6 +32,7 @@ QImage ChargeLampe(Lampe lampe) {
 LampeWidget::LampeWidget(QWidget* parent, const QString& nom, QPoint place) : QWidget(parent) {
   setObjectName(nom);
   setGeometry(QRect(place, QSize(8, 8)));
+  DonneRole(*this, QAccessible::Graphic);
   Image_ = ChargeLampe(Lampe_);
 }
 

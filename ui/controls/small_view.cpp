@@ -6,10 +6,11 @@
 
 namespace vaktor {
 
-VueReduite::VueReduite(QWidget* parent, const QString& nom, const QRect& place) : QWidget(parent) {
+VueReduite::VueReduite(QWidget* parent, const QString& nom, const QRect& place) : VueAMenu(parent) {
   setObjectName(nom);
   setGeometry(place);
   setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::TabFocus);  // the mouse leaves the focus where it is
 }
 
 void VueReduite::Noircit() {
@@ -42,6 +43,15 @@ void VueReduite::paintEvent(QPaintEvent*) {
   } else {
     peintre.fillRect(rect(), Qt::black);
   }
+  if (hasFocus()) DessineFocus(peintre);
+}
+
+// Dots of two colours: one of them is seen on any picture.
+void VueReduite::DessineFocus(QPainter& peintre) const {
+  peintre.setPen(Qt::black);
+  peintre.drawRect(rect().adjusted(1, 1, -2, -2));
+  peintre.setPen(QPen(Qt::white, 1, Qt::DotLine));
+  peintre.drawRect(rect().adjusted(1, 1, -2, -2));
 }
 
 void VueReduite::mousePressEvent(QMouseEvent* evenement) {

@@ -3,14 +3,14 @@
 #pragma once
 
 #include <QImage>
-#include <QWidget>
 
 #include "image/forms/surface_painter.h"
+#include "ui/common/menu_view.h"
 
 namespace vaktor {
 
 /// Black until told otherwise. User-interface thread.
-class VueReduite : public QWidget {
+class VueReduite : public VueAMenu {
   Q_OBJECT
 
  public:
@@ -33,6 +33,7 @@ class VueReduite : public QWidget {
   void mousePressEvent(QMouseEvent* evenement) override;
 
  private:
+  void DessineFocus(QPainter& peintre) const;
   bool Zoome() const { return Zoom_.Taille.isValid(); }
 
   CopieSurface Zoom_;               // no picture: no zoom

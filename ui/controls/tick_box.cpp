@@ -6,6 +6,8 @@
 #include <QKeyEvent>
 #include <QMouseEvent>
 
+#include "ui/common/clicked_words.h"
+
 namespace vaktor {
 
 namespace {
@@ -42,32 +44,6 @@ QAccessibleInterface* CreeEntendue(const QString&, QObject* objet) {
   return boite != nullptr ? new CaseEntendue(boite) : nullptr;
 }
 
-class MotsDeCase : public QObject {
- public:
-  MotsDeCase(QLabel* mots, CaseACocher& boite) : QObject(mots), Mots_(mots), Boite_(boite) {
-    mots->installEventFilter(this);
-  }
-  bool eventFilter(QObject*, QEvent* evenement) override {
-    const QEvent::Type type = evenement->type();
-    const bool appuie = type == QEvent::MouseButtonPress || type == QEvent::MouseButtonDblClick;
-    if (!appuie && type != QEvent::MouseButtonRelease) return false;
-    const auto* souris = static_cast<QMouseEvent*>(evenement);
-    if (souris->button() != Qt::LeftButton) return false;
-    // A press that began on another control is no click here.
-    const bool clique = !appuie && Appuyes_ && Mots_->rect().contains(souris->position().toPoint());
-    Appuyes_ = appuie;
-    if (!clique) return false;
-    Boite_.setFocus(Qt::MouseFocusReason);
-    Boite_.Bascule();
-    return false;
-  }
-
- private:
-  QLabel* Mots_;
-  CaseACocher& Boite_;
-  bool Appuyes_ = false;
-};
-
 }  // namespace
 
 CaseACocher::CaseACocher(QWidget* parent) : QCheckBox(parent) {
@@ -90,6 +66,8 @@ void CaseACocher::keyReleaseEvent(QKeyEvent* evenement) {
   if (isChecked() != avant) Q_EMIT Relachee();
 }
 
-void RelieMots(QLabel& mots, CaseACocher& boite) { new MotsDeCase(&mots, boite); }
+void RelieMots(QLabel& mots, CaseACocher& boite) {
+  RelieMots(mots, boite, [&boite] { boite.Bascule(); });
+}
 
 }  // namespace vaktor

@@ -20,6 +20,9 @@ class PageVaktor : public QWidget {
   /// is asked for when the page is painted first: the pages behind are drawn when they come to the front, if ever.
   void MontreFond(std::function<QImage()> dessine, int echelle);
   const QImage& Fond() const;
+  /// The page lies behind another one: those who hear the window do not find its controls meanwhile.
+  void Couvre(bool couverte);
+  bool Couverte() const { return Couverte_; }
 
  protected:
   void paintEvent(QPaintEvent* evenement) override;
@@ -28,6 +31,7 @@ class PageVaktor : public QWidget {
   mutable std::function<QImage()> Dessine_;  // until it has been asked
   mutable QImage Fond_;
   int Echelle_ = 1;
+  bool Couverte_ = false;
 };
 
 }  // namespace vaktor

@@ -48,12 +48,20 @@ void PageMoniteur::CreeMenu() {
   connect(MnuPixelView_, &QAction::triggered, this, [this] { Q_EMIT ModeChoisi(false); });
   connect(MnuZoomView_, &QAction::triggered, this, [this] { Q_EMIT ModeChoisi(true); });
   connect(Picture2, &VueReduite::DroitAppuye, this, &PageMoniteur::OuvreMenu);
+  connect(Picture2, &VueAMenu::MenuAuClavier, this, [this] {
+    MnuDisplay_->setTitle(TitreMenu_);
+    OuvreAuClavier(*MnuDisplay_, *Picture2);
+  });
 }
 
 void PageMoniteur::CocheMode(bool zoom) {
   MnuPixelView_->setChecked(!zoom);
   MnuZoomView_->setChecked(zoom);
+  Picture2->AnnonceParoles();
 }
+
+// The entries' own words.
+QString PageMoniteur::Mode() const { return (MnuZoomView_->isChecked() ? MnuZoomView_ : MnuPixelView_)->text(); }
 
 void PageMoniteur::OuvreMenu(const QPoint& position) {
   MnuDisplay_->setTitle(TitreMenu_);

@@ -26,6 +26,7 @@ class PageMoniteur : public PageVaktor {
   void ChangeTitreMenu(const QString& titre) { TitreMenu_ = titre; }
   /// Ticks one of the two entries of the display menu and unticks the other.
   void CocheMode(bool zoom);
+  QString Mode() const;  ///< what the ticked entry is called
 
   VueReduite* Picture2;
   QLabel* Label4;  ///< the heading of the three switches

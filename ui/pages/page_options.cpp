@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "ui/pages/page_options.h"
 
+#include "ui/common/heard_roles.h"
+
 namespace vaktor {
 
 PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
@@ -15,7 +17,7 @@ PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   CombSkin->addItems({QStringLiteral("Skin 1"), QStringLiteral("Skin 2"), QStringLiteral("Skin 3")});
   CombSkin->setPlaceholderText(QStringLiteral("Skins"));
   CombSkin->setCurrentIndex(-1);
-  CombSkin->setAccessibleName(QStringLiteral("Skins"));
+  NommeListe(*CombSkin, QStringLiteral("Skins"));
   ChkSeuilAuto = CreeCase(this, QStringLiteral("ChkSeuilAuto"), {8, 144});
   LblSeuilAuto = CreeEtiquetteDeChamp(this, QStringLiteral("LblSeuilAuto"), {26, 144, 138, 17});
   RelieMots(*LblSeuilAuto, *ChkSeuilAuto);

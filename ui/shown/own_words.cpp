@@ -35,6 +35,13 @@ QString AideBarre(Langue langue) {
       .Dit(langue);
 }
 
+QString MotVueReduite(Langue langue) { return Phrase{"Vue réduite", "Small view"}.Dit(langue); }
+
+QString AideTouchesJauge(Langue langue) {
+  return Phrase{"Flèches : régler ; Entrée : chercher de nouveau", "Arrows set it; Enter lets it search again"}.Dit(
+      langue);
+}
+
 QString LibelleEssaiFtp(Langue langue) { return Phrase{"Essayer", "Try"}.Dit(langue); }
 
 QString AideEssaiFtp(Langue langue) {

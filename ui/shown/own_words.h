@@ -18,6 +18,9 @@ MotsLampe MotsLampeAlarme(Langue langue);
 MotsLampe MotsLampeSurveillance(Langue langue);
 /// Tooltip of ProgressBar1.
 QString AideBarre(Langue langue);
+/// The small view and what the keys do on the gauge, for those who hear the window.
+QString MotVueReduite(Langue langue);
+QString AideTouchesJauge(Langue langue);
 /// The button that tries the live page, and its tooltip.
 QString LibelleEssaiFtp(Langue langue);
 QString AideEssaiFtp(Langue langue);

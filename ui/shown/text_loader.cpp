@@ -132,7 +132,9 @@ void ChargeurTextes::EcritAides() {
 void ChargeurTextes::EcritTextes() {
   for (const Legende& legende : DonneLegendes(Fenetre_)) {
     legende.Etiquette->setText(Textes_.Dit(legende.Mots));
-    if (legende.Champ != nullptr) legende.Champ->setAccessibleName(Textes_.Dit(legende.Mots));
+    if (legende.Champ == nullptr) continue;
+    legende.Champ->setAccessibleName(Textes_.Dit(legende.Mots));
+    legende.Etiquette->setBuddy(legende.Champ);  // a list is called by its label alone: its name is what it shows
   }
   Fenetre_.Bandeau().ImageLedAlarme->ChangeMots(MotsLampeAlarme(LangueParlee(Reglages_.LangueCourante)));
   Fenetre_.Bandeau().ImageLedSurveill->ChangeMots(MotsLampeSurveillance(LangueParlee(Reglages_.LangueCourante)));
@@ -140,6 +142,10 @@ void ChargeurTextes::EcritTextes() {
   for (const Langue drapeau : kLangues) {
     Fenetre_.Options().Image4.at(RangLangue(drapeau))->Engage(drapeau == LitLangue(Reglages_.LangueCourante));
   }
+  Fenetre_.Bandeau().PictSeuil->setAccessibleDescription(
+      AideTouchesJauge(LangueParlee(Reglages_.LangueCourante)) + u'\n' + Textes_.Dit(Aide::kJauge));
+  PageMoniteur& page = Fenetre_.Moniteur();
+  page.Picture2->ChangeParoles(MotVueReduite(LangueParlee(Reglages_.LangueCourante)), [&page] { return page.Mode(); });
   Fenetre_.CheckPEcran().setText(Textes_.Dit(Libelle::kMoniteur));
   Fenetre_.CheckPEcran().setAccessibleName(Textes_.Dit(Libelle::kMoniteur));
   Fenetre_.Ftp().BoutonEssaiFtp->ChangeLibelle(LibelleEssaiFtp(LangueParlee(Reglages_.LangueCourante)));

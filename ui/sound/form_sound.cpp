@@ -2,6 +2,7 @@
 #include "ui/sound/form_sound.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 #include "ui/controls/control_factory.h"
@@ -15,7 +16,7 @@ namespace {
 constexpr QSize kTailleForme{250, 100};
 }  // namespace
 
-ImageCliquable::ImageCliquable(QWidget* parent, const QString& nom, QPoint place) : QAbstractButton(parent) {
+ImageCliquable::ImageCliquable(QWidget* parent, const QString& nom, QPoint place) : BoutonEntendu(parent) {
   setObjectName(nom);
   setGeometry(QRect(place, kTaille));
   setMouseTracking(true);
@@ -44,13 +45,13 @@ void ImageCliquable::paintEvent(QPaintEvent*) {
 }
 
 void ImageCliquable::mouseMoveEvent(QMouseEvent* evenement) {
-  QAbstractButton::mouseMoveEvent(evenement);
+  BoutonEntendu::mouseMoveEvent(evenement);
   ChangeBord(0);
   evenement->accept();  // the form below would put the frame back
 }
 
 void ImageCliquable::mousePressEvent(QMouseEvent* evenement) {
-  QAbstractButton::mousePressEvent(evenement);
+  BoutonEntendu::mousePressEvent(evenement);
   ChangeBord(1);
 }
 
@@ -72,7 +73,7 @@ FormSound::FormSound(const ChoixSon& choix)
   CmdChoixSonRep_->setGeometry(12, 62, 60, 24);
   // Only the user's choice: the list is filled anew at each opening.
   connect(CombSound_, &QComboBox::activated, this, [this](int index) {
-    CmdChoixSonRep_->setEnabled(index == ChoixSon::kSonDuFichier);
+    PermetFichier(index == ChoixSon::kSonDuFichier);
     Choix_.Choisit(index);
   });
   // The list is left as it is: after a cancelled dialog it still shows the file, though the first sound is chosen.
@@ -95,13 +96,28 @@ void FormSound::ChargeMots() {
   CombSound_->setAccessibleName(mots.Selection);
   ImagePlaySon_->setAccessibleName(mots.Ecoute);
   CmdChoixSonRep_->setAccessibleName(mots.Parcourir);
-  CmdChoixSonRep_->setToolTip(mots.Parcourir);
-  CmdChoixSonRep_->setEnabled(Choix_.FichierPermis());
+  LabelSelectSon_->setBuddy(CombSound_);  // a list is called by its label alone: its name is what it shows
+  PermetFichier(Choix_.FichierPermis());
   // The shown text is no selection: picking the entry of that name is a choice like any other.
   CombSound_->clear();
   CombSound_->setPlaceholderText(mots.Montre);
   for (const QString& entree : mots.Entrees) CombSound_->addItem(entree);
   CombSound_->setCurrentIndex(-1);
+}
+
+// A dead button says what would wake it.
+void FormSound::PermetFichier(bool permis) {
+  const MotsFormSound mots = Choix_.DonneMots();
+  CmdChoixSonRep_->setEnabled(permis);
+  CmdChoixSonRep_->setToolTip(permis ? mots.Parcourir : mots.Parcourir + u'\n' + mots.FichierInterdit);
+}
+
+void FormSound::keyPressEvent(QKeyEvent* evenement) {
+  if (evenement->key() == Qt::Key_Escape) {
+    close();
+    return;
+  }
+  QWidget::keyPressEvent(evenement);
 }
 
 void FormSound::closeEvent(QCloseEvent* evenement) {

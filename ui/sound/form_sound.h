@@ -6,12 +6,13 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "ui/controls/heard_button.h"
 #include "ui/sound/sound_choice.h"
 
 namespace vaktor {
 
 /// ImagePlaySon: a picture that is clicked, with a frame that goes away under the pointer.
-class ImageCliquable : public QAbstractButton {
+class ImageCliquable : public BoutonEntendu {
   Q_OBJECT
 
  public:
@@ -44,10 +45,12 @@ class FormSound : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
+  void keyPressEvent(QKeyEvent* evenement) override;  ///< Escape closes it
   void mouseMoveEvent(QMouseEvent* evenement) override;
 
  private:
   void ChargeMots();
+  void PermetFichier(bool permis);
 
   ChoixSon Choix_;
   QLabel* LabelSelectSon_;

@@ -25,6 +25,9 @@ MotsFormSound DonneMotsFormSound(Langue langue, qint32 indexSon) {
   const QString son = Phrase{"Son %1", "Sound %1"}.Dit(langue);
   for (int i = 0; i < ChoixSon::kSonDuFichier; ++i) mots.Entrees.at(static_cast<std::size_t>(i)) = son.arg(i + 1);
   mots.Entrees.back() = Phrase{"Fichier son", "Sound file"}.Dit(langue);
+  mots.FichierInterdit = Phrase{"Indisponible tant que « %1 » n'est pas choisi dans la liste.",
+                                "Not available until \"%1\" is chosen in the list."}
+                             .Dit(langue, mots.Entrees.back());
   mots.Montre = DonneMontre(mots, indexSon, langue);
   return mots;
 }

@@ -19,6 +19,7 @@ struct MotsFormSound {
   QString Selection;               ///< LabelSelectSon
   QString Ecoute;                  ///< LabelPlaySon
   QString Parcourir;               ///< CmdChoixSonRep, for those who hear the form
+  QString FichierInterdit;         ///< why CmdChoixSonRep is off
   std::array<QString, 4> Entrees;  ///< of CombSound
   QString Montre;                  ///< shown in the closed list until an entry is picked
 };

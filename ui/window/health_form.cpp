@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "texts/language.h"
+#include "ui/common/heard_roles.h"
 #include "ui/controls/health_sign.h"
 #include "ui/window/health_form_words.h"
 
@@ -45,6 +46,7 @@ LigneSante::LigneSante(QWidget* parent, Condition quoi)
       Depuis_(CreeTexte(this, "LblDepuis")),
       Faire_(CreeTexte(this, "LblFaire")) {
   setObjectName(QStringLiteral("LigneSante(%1)").arg(MotCondition(quoi)));
+  DonneRole(*this, QAccessible::ListItem);
   setFocusPolicy(Qt::StrongFocus);
   setFrameStyle(QFrame::StyledPanel);
   setAutoFillBackground(true);
@@ -63,6 +65,7 @@ void LigneSante::Ecrit(const ConditionEnCours& condition, Langue langue) {
   const Gravite gravite = DonneGravite(condition.Quoi);
   Image_->setPixmap(QPixmap::fromImage(DonneSigne(gravite, devicePixelRatioF())));
   Titre_->setText(PhraseGravite(gravite, langue));
+  Image_->setAccessibleName(Titre_->text());
   Quoi_->setText(PhraseQuoi(condition.Quoi, condition.Detail, langue));
   Depuis_->setText(MotDepuis(langue, DitMoment(condition.Depuis, langue)));
   Faire_->setText(PhraseFaire(condition.Quoi, langue));

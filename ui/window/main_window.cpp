@@ -105,6 +105,8 @@ void Form1::ChoisitPage(int index) {
 void Form1::AmenePage(int index) {
   Pages().Toutes().at(static_cast<std::size_t>(index))->raise();
   PageDevant_ = index;
+  for (int i = 0; i < static_cast<int>(Pages().Toutes().size()); ++i)
+    Pages().Toutes().at(static_cast<std::size_t>(i))->Couvre(i != index);
   SortDesPagesCouvertes();
   update();  // the mark on its tab
   if (Face_) Face_->AnnonceEtats();

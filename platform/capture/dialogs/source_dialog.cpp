@@ -226,6 +226,7 @@ void DialogueSource::MontreReglages() {
       Panneau_ = panneau;
   }
   Defauts_->setEnabled(Panneau_ != nullptr);
+  Defauts_->setToolTip(Panneau_ == nullptr ? TexteSansReglages() : QString());  // a dead button says why
   if (Panneau_ == nullptr) {
     auto* texte = new QLabel(TexteSansReglages());
     texte->setObjectName(QStringLiteral("LblSansReglages"));
