@@ -110,6 +110,7 @@ class Vaktor : private EtapesDepart {
   void RetrouveCompagnon(Compagnon compagnon);
   ChampsSite LitChampsSite() const;
   FormMonitor& Moniteur();
+  void BrancheSession();
   void PlaceMoniteur();
   FormVisuPhoto& Galerie();
   void CreeRepertoire(FormVisuPhoto& galerie);

@@ -73,6 +73,20 @@ void Vaktor::ChargeForm1() {
   Photos_->FixeDateJour();
   Form1_->Habille({Textes_, *Moteur_, Systeme_.Pompe, Systeme_.Sons});  // draws the pages
   DemarrageAuto_->Lance(LitArgumentsAuto(LigneCommande_));
+  BrancheSession();
+}
+
+// Nothing of it is kept in the settings: the desktop's own list of programs may change too, so what stands there is
+// looked up.
+void Vaktor::BrancheSession() {
+  CaseACocher& boite = *Form1_->Options().ChkSession;
+  boite.setChecked(Systeme_.Session.EstVoulue());
+  QObject::connect(&boite, &CaseACocher::Relachee, Form1_.get(), [this, &boite] {
+    if (boite.isChecked() == Systeme_.Session.EstVoulue() || Systeme_.Session.Veut(boite.isChecked())) return;
+    boite.setChecked(!boite.isChecked());
+    const Langue langue = LangueParlee(Reglages_.LangueCourante);
+    Systeme_.Boites.MontreMessage(MessageSessionImpossible(langue), Textes_.Dit(Message::kTitre), BoutonsBoite::kOk);
+  });
 }
 
 void Vaktor::ChargeTextes() {

@@ -47,7 +47,9 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
                  TrouveDossierEtat(arguments.Dossier)),
 
       Journal_(TrouveFichierJournal(arguments.Dossier)),
-      Chroniques_(TrouveFichierJournal(arguments.Dossier)) {}
+      Chroniques_(TrouveFichierJournal(arguments.Dossier)),
+      Session_(TrouveDossierSession(), {QCoreApplication::applicationFilePath(), arguments.Camera, arguments.Dossier}) {
+}
 
 SystemeReel::~SystemeReel() = default;
 
@@ -113,6 +115,7 @@ PortsSysteme SystemeReel::Ports() {
       .Films = Films_,
       .ChoixFilm = ChoixFilm_,
       .Course = NommeCourse(),
+      .Session = Session_,
       .Site = {QStringLiteral(VAKTOR_SITE), Dossiers_.Executables + QStringLiteral("/site"),
                QStringLiteral(VAKTOR_VERSION)},
       .TermineErrants = [this](Compagnon compagnon,

@@ -17,6 +17,7 @@
 #include "platform/channel/published_inboxes_reader.h"
 #include "platform/channel/system_processes.h"
 #include "platform/disk/bounded_files.h"
+#include "platform/disk/session_start.h"
 #include "platform/disk/space_query.h"
 #include "platform/disk/write_trial.h"
 #include "platform/folders/companion_status_reader.h"
@@ -98,6 +99,7 @@ class SystemeReel {
   LecteurPhotosSysteme PhotosDuFilm_{LitPhotoJpeg};
   EcrivainFilmSysteme Films_;
   DialogueSauvegardeQt ChoixFilm_;
+  DemarrageSessionXdg Session_;
   std::array<QuestionDisque<bool>, kCompagnons.size()> Balais_;  // one for each companion
   std::unique_ptr<MemoireCapture> Memoire_;
 };

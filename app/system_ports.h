@@ -8,6 +8,7 @@
 #include "base/ports/message_boxes.h"
 #include "base/ports/opener.h"
 #include "base/ports/save_dialog.h"
+#include "base/ports/session_start.h"
 #include "base/program_folders.h"
 #include "companions/ports/companion_status.h"
 #include "companions/ports/folder_measure.h"
@@ -88,6 +89,7 @@ struct PortsSysteme {
   EcrivainFilm& Films;
   DialogueSauvegarde& ChoixFilm;
   QString Course;  ///< tells this run from every other that writes the same journal
+  DemarrageSession& Session;
   SitePages Site = {};
   /// Ends the companions of this name that another copy has left behind, off the user-interface thread, and calls
   /// `fini` from the event loop.

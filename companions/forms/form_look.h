@@ -12,7 +12,7 @@ inline constexpr int kMargeForme = 12;
 inline constexpr int kEcartForme = 10;
 inline constexpr int kPoliceForme = 12;  // pixels, as in all windows of the program
 
-/// Gives the window its font, and with it those of its controls that have no style sheet.
+/// Gives a window whose look is given its font, and with it those of its controls that have no style sheet.
 inline void HabilleForme(QWidget& forme) {
   QFont police(QStringLiteral("Arial"));
   police.setPixelSize(kPoliceForme);

@@ -13,7 +13,7 @@ namespace vaktor {
 
 FrmEssaiFtp::FrmEssaiFtp(PortsFrmEssaiFtp ports) : Ports_(std::move(ports)) {
   setObjectName(QStringLiteral("FrmEssaiFtp"));
-  HabilleForme(*this);
+  // No font of its own: whoever needs large print has set it in the desktop.
   Panneau_ = new PanneauEssai(this, Ports_.Essai, Ports_.Demande);
   CmdFermer_ = new QPushButton(this);
   CmdFermer_->setObjectName(QStringLiteral("CmdFermer"));

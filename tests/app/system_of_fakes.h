@@ -23,6 +23,7 @@
 #include "fakes/fake_photo_names.h"
 #include "fakes/fake_photo_reader.h"
 #include "fakes/fake_rehearsal.h"
+#include "fakes/fake_session_start.h"
 #include "fakes/fake_sound_player.h"
 #include "fakes/fake_space_query.h"
 #include "fakes/fake_timeline_ports.h"
@@ -392,6 +393,7 @@ struct SystemeFaux {
         .Films = Films,
         .ChoixFilm = ChoixFilm,
         .Course = QStringLiteral("run"),
+        .Session = Session,
         .Site = {QStringLiteral("https://www.example.org"), QStringLiteral("/opt/v/site"), QStringLiteral("1.4.9")},
         .TermineErrants =
             [this](Compagnon compagnon, std::function<void()> fini) {
@@ -463,6 +465,7 @@ struct SystemeFaux {
   faux::LecteurPhotosFaux PhotosDuFilm;
   faux::EcrivainFilmFaux Films;
   faux::DialogueSauvegardeFaux ChoixFilm;
+  faux::SessionFausse Session{Notes};
   // The form of the alarm sound is the real one, over a player that keeps what it was to play.
   DossiersProgramme DossiersDesSons{.Executables = QStringLiteral("/opt/v"), .Donnees = QStringLiteral("/home/u/v")};
   FauxFichiers DisqueDesSons;

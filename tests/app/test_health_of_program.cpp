@@ -76,6 +76,20 @@ TEST_F(SanteDuProgramme, TheSignIsThereOnlyWhileSomethingCounts) {
   EXPECT_FALSE(Signe()->isVisible());
 }
 
+TEST_F(SanteDuProgramme, TheListIsAsLargeAsTheDesktopSays) {
+  const QFont avant = QApplication::font();
+  QFont grande = avant;
+  grande.setPointSize(23);
+  QApplication::setFont(grande);
+  Rapport().Signale(Condition::kPhotosImpossibles);
+  Systeme.Temps.Avance(1000);
+  Clique("SigneSante");
+  auto* ligne = Liste()->findChild<LigneSante*>();
+  ASSERT_NE(ligne, nullptr);
+  for (const QLabel* etiquette : ligne->findChildren<QLabel*>()) EXPECT_EQ(etiquette->font().pointSize(), 23);
+  QApplication::setFont(avant);
+}
+
 TEST_F(SanteDuProgramme, TheSignTellsTheWorstAndLooksLikeIt) {
   const auto image = [] { return Signe()->grab().toImage(); };
   Rapport().Signale(Condition::kPeuDePlace);

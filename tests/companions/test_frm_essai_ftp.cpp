@@ -48,6 +48,15 @@ TEST_F(FenetreEssai, OpensAndTriesWhatStandsInTheFields) {
   EXPECT_EQ(Bouton(), "Cancel");
 }
 
+TEST_F(FenetreEssai, WordsHaveTheSizeThatTheDesktopSays) {
+  const QFont avant = QApplication::font();
+  QFont grande = avant;
+  grande.setPointSize(23);
+  QApplication::setFont(grande);
+  for (const char* nom : {"LblEssai", "TxtEssai", "CmdFermer"}) EXPECT_EQ(Trouve(nom)->font().pointSize(), 23) << nom;
+  QApplication::setFont(avant);
+}
+
 TEST_F(FenetreEssai, StepsComeAsTheyHappenWithPlainNamesAndTheLastLineIsTheSentence) {
   Ouvre();
   Essai.Dit("220 ready");

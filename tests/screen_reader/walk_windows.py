@@ -37,7 +37,7 @@ PAGES = {
     "Monitor": {"check box:Record picture", "check box:Acoustic alarm", "check box:Send eMail", "text:Delay",
                 "push button:Pitures", "push button:Update", "image:Small view"},
     "Options": {"push button:Video format", "push button:Video source", "push button:Sounds", "push button:Help",
-                "check box:English", "check box:Fran\u00e7ais", "combo box:Skins", "check box:Automatic sensibility"},
+                "check box:Watch as soon as I log in", "check box:English", "check box:Fran\u00e7ais", "combo box:Skins", "check box:Automatic sensibility"},
     "eMail": {"push button:More"},
     "FTP": {"push button:Send page", "push button:Test page", "push button:Try"},
 }

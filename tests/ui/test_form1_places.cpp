@@ -63,6 +63,8 @@ constexpr Place kPlaces[] = {
     {"CombSkin", "PictPage(3)", 208, 136, 81, 21},
     {"ChkSeuilAuto", "PictPage(3)", 8, 144, kLibre, kLibre},
     {"LblSeuilAuto", "PictPage(3)", 26, 144, kLibre, kLibre},
+    {"ChkSession", "PictPage(3)", 8, 120, kLibre, kLibre},
+    {"LblSession", "PictPage(3)", 26, 120, kLibre, kLibre},
     // Mail
     {"TxtNbrPhoto", "PictPage(0)", 8, 8, 30, 19},
     {"LabelVague", "PictPage(0)", 45, 8, kLibre, kLibre},
@@ -185,7 +187,7 @@ TEST(Form1, FontsHaveTheirSizes) {
     EXPECT_LE(etiquette->font().pixelSize(), 13) << etiquette->objectName().toStdString();
   }
   const auto boites = banc.Fenetre.findChildren<QCheckBox*>();
-  EXPECT_EQ(boites.size(), 5);
+  EXPECT_EQ(boites.size(), 6);
   for (const QCheckBox* boite : boites) {
     EXPECT_EQ(boite->font().family(), QStringLiteral("MS Sans Serif")) << boite->objectName().toStdString();
     EXPECT_EQ(boite->font().pixelSize(), 13) << boite->objectName().toStdString();

@@ -21,6 +21,10 @@ PageOptions::PageOptions(QWidget* fenetre) : PageVaktor(fenetre, 3) {
   ChkSeuilAuto = CreeCase(this, QStringLiteral("ChkSeuilAuto"), {8, 144});
   LblSeuilAuto = CreeEtiquetteDeChamp(this, QStringLiteral("LblSeuilAuto"), {26, 144, 138, 17});
   RelieMots(*LblSeuilAuto, *ChkSeuilAuto);
+  // Above the tolerance, in the free corner beside the list of skins.
+  ChkSession = CreeCase(this, QStringLiteral("ChkSession"), {8, 120});
+  LblSession = CreeEtiquetteDeChamp(this, QStringLiteral("LblSession"), {26, 120, 176, 17});
+  RelieMots(*LblSession, *ChkSession);
 }
 
 }  // namespace vaktor

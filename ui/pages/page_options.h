@@ -28,6 +28,8 @@ class PageOptions : public PageVaktor {
   QComboBox* CombSkin;
   CaseACocher* ChkSeuilAuto;
   QLabel* LblSeuilAuto;
+  CaseACocher* ChkSession;  ///< started at the login, with the alarm
+  QLabel* LblSession;
 };
 
 }  // namespace vaktor

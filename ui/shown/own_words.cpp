@@ -50,6 +50,22 @@ QString AideEssaiFtp(Langue langue) {
       .Dit(langue);
 }
 
+QString LibelleSession(Langue langue) {
+  return Phrase{"Surveiller dès la connexion", "Watch as soon as I log in"}.Dit(langue);
+}
+
+QString AideSession(Langue langue) {
+  return Phrase{"À chaque ouverture de session, Vaktor démarre, allume la caméra et arme après le retard (/alarm)",
+                "At each login Vaktor starts, switches the camera on and arms after the delay (/alarm)"}
+      .Dit(langue);
+}
+
+QString MessageSessionImpossible(Langue langue) {
+  return Phrase{"Le dossier des programmes au démarrage de votre bureau ne peut pas être écrit. Rien n'a changé.",
+                "The folder of the programs that your desktop starts cannot be written. Nothing has changed."}
+      .Dit(langue);
+}
+
 QString RaisonSansCamera(Langue langue) {
   return Phrase{"Indisponible tant que la caméra ne tourne pas : cliquez sur [Caméra on].",
                 "Not available until the camera runs: click on [Camera on]."}

@@ -24,6 +24,10 @@ QString AideTouchesJauge(Langue langue);
 /// The button that tries the live page, and its tooltip.
 QString LibelleEssaiFtp(Langue langue);
 QString AideEssaiFtp(Langue langue);
+/// The box that has the program started at the login; its tooltip; the message when that could not be written.
+QString LibelleSession(Langue langue);
+QString AideSession(Langue langue);
+QString MessageSessionImpossible(Langue langue);
 /// Behind the tooltip of a button that waits for the camera.
 QString RaisonSansCamera(Langue langue);
 /// What a click on the sign of the health does, for those who hear the window.

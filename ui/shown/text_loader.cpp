@@ -142,10 +142,17 @@ void ChargeurTextes::EcritTextes() {
   for (const Langue drapeau : kLangues) {
     Fenetre_.Options().Image4.at(RangLangue(drapeau))->Engage(drapeau == LitLangue(Reglages_.LangueCourante));
   }
-  Fenetre_.Bandeau().PictSeuil->setAccessibleDescription(
-      AideTouchesJauge(LangueParlee(Reglages_.LangueCourante)) + u'\n' + Textes_.Dit(Aide::kJauge));
+  Fenetre_.Bandeau().PictSeuil->setAccessibleDescription(AideTouchesJauge(LangueParlee(Reglages_.LangueCourante)) +
+                                                         u'\n' + Textes_.Dit(Aide::kJauge));
   PageMoniteur& page = Fenetre_.Moniteur();
   page.Picture2->ChangeParoles(MotVueReduite(LangueParlee(Reglages_.LangueCourante)), [&page] { return page.Mode(); });
+  const Langue langue = LangueParlee(Reglages_.LangueCourante);
+  PageOptions& options = Fenetre_.Options();
+  options.LblSession->setText(LibelleSession(langue));
+  options.LblSession->setBuddy(options.ChkSession);
+  options.ChkSession->setAccessibleName(LibelleSession(langue));
+  for (QWidget* controle : {static_cast<QWidget*>(options.ChkSession), static_cast<QWidget*>(options.LblSession)})
+    controle->setToolTip(AideSession(langue));
   Fenetre_.CheckPEcran().setText(Textes_.Dit(Libelle::kMoniteur));
   Fenetre_.CheckPEcran().setAccessibleName(Textes_.Dit(Libelle::kMoniteur));
   Fenetre_.Ftp().BoutonEssaiFtp->ChangeLibelle(LibelleEssaiFtp(LangueParlee(Reglages_.LangueCourante)));

@@ -19,7 +19,6 @@ namespace {
 constexpr int kLargeur = 430;
 constexpr int kMarge = 12;
 constexpr int kEcart = 8;
-constexpr int kPolice = 12;  // pixels, as in all windows of the program
 constexpr int kCoteSigne = 20;
 constexpr int kHauteurMinimale = 160;
 
@@ -88,10 +87,7 @@ FrmSante::FrmSante()
       Colonne_(new QVBoxLayout(Contenu_)),
       LblRien_(CreeTexte(Contenu_, "LblRien")),
       CmdFermer_(new QPushButton(this)) {
-  setObjectName(QStringLiteral("FrmSante"));
-  QFont police(QStringLiteral("Arial"));
-  police.setPixelSize(kPolice);
-  setFont(police);
+  setObjectName(QStringLiteral("FrmSante"));  // its font is the desktop's: whoever needs large print has set it there
   Colonne_->setContentsMargins(0, 0, 0, 0);
   Colonne_->setSpacing(kEcart);
   Colonne_->addWidget(LblRien_);

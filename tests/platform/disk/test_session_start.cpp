@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// The entry that the desktop starts at the login: its words, its file, and what a desktop makes of it.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+
+#include "platform/disk/session_start.h"
+
+namespace vaktor {
+namespace {
+
+class Session : public testing::Test {
+ protected:
+  QString Entree(const QString& dossier = {}) { return Autostart + u'/' + NommeEntreeSession(dossier); }
+  static QByteArray Lit(const QString& fichier) {
+    QFile lu(fichier);
+    return lu.open(QIODevice::ReadOnly) ? lu.readAll() : QByteArray();
+  }
+  static void Ecrit(const QString& fichier, const QByteArray& contenu) {
+    QFile ecrit(fichier);
+    ASSERT_TRUE(ecrit.open(QIODevice::WriteOnly));
+    ecrit.write(contenu);
+  }
+
+  QTemporaryDir Dossier;
+  const QString Autostart = Dossier.path() + QStringLiteral("/autostart");
+};
+
+TEST_F(Session, ComesWithItsFolderAndGoesAgain) {
+  DemarrageSessionXdg session(Autostart, {QStringLiteral("/opt/v/Vaktor"), {}, {}});
+  EXPECT_FALSE(session.EstVoulue());
+  EXPECT_TRUE(session.Veut(true));
+  EXPECT_TRUE(session.EstVoulue());
+  EXPECT_EQ(QFile::permissions(Entree()) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
+  EXPECT_TRUE(Lit(Entree()).contains("\nExec=\"/opt/v/Vaktor\" /alarm\n")) << Lit(Entree()).constData();
+  EXPECT_TRUE(session.Veut(true)) << "again is nothing";
+  EXPECT_TRUE(session.Veut(false));
+  EXPECT_FALSE(QFile::exists(Entree()));
+  EXPECT_FALSE(session.EstVoulue());
+  EXPECT_TRUE(session.Veut(false)) << "it is as it was asked";
+}
+
+TEST_F(Session, EntryThatADesktopHasSwitchedOffIsNotWanted) {
+  DemarrageSessionXdg session(Autostart, {QStringLiteral("/opt/v/Vaktor"), {}, {}});
+  ASSERT_TRUE(session.Veut(true));
+  const QByteArray entree = Lit(Entree());
+  for (const char* ligne : {"Hidden=true\n", "Hidden = true\n", "X-GNOME-Autostart-enabled=false\n"}) {
+    Ecrit(Entree(), entree + ligne);
+    EXPECT_FALSE(session.EstVoulue()) << ligne;
+  }
+  EXPECT_TRUE(session.Veut(true));
+  EXPECT_TRUE(session.EstVoulue());
+}
+
+TEST_F(Session, FolderThatCannotBeMadeIsToldAndChangesNothing) {
+  Ecrit(Autostart, "a file stands where the folder would");
+  DemarrageSessionXdg session(Autostart, {QStringLiteral("/opt/v/Vaktor"), {}, {}});
+  EXPECT_FALSE(session.Veut(true));
+  EXPECT_FALSE(session.EstVoulue());
+}
+
+TEST_F(Session, EachFolderOfSettingsHasAnEntryOfItsOwn) {
+  DemarrageSessionXdg sans(Autostart, {QStringLiteral("/opt/v/Vaktor"), {}, {}});
+  DemarrageSessionXdg une(Autostart, {QStringLiteral("/opt/v/Vaktor"), {}, QStringLiteral("/home/u/one")});
+  DemarrageSessionXdg autre(Autostart, {QStringLiteral("/opt/v/Vaktor"), {}, QStringLiteral("/home/u/two")});
+  ASSERT_TRUE(sans.Veut(true));
+  ASSERT_TRUE(une.Veut(true));
+  EXPECT_FALSE(autre.EstVoulue());
+  ASSERT_TRUE(autre.Veut(true));
+  EXPECT_EQ(QDir(Autostart).entryList(QDir::Files).size(), 3);
+  ASSERT_TRUE(une.Veut(false));
+  EXPECT_TRUE(sans.EstVoulue());
+  EXPECT_TRUE(autre.EstVoulue());
+  EXPECT_EQ(NommeEntreeSession(QStringLiteral("/home/u/one/")), NommeEntreeSession(QStringLiteral("/home/u/one")));
+}
+
+// As GLib reads it, which desktops start their entries with.
+TEST_F(Session, DesktopStartsTheProgramWithItsVeryWords) {
+  const QString etrange = Dossier.path() + QStringLiteral("/a b \"c\" $HOME `d` \\e");
+  const QString dossier = etrange + QStringLiteral(" %f");  // GLib itself starts no program with such a name
+  ASSERT_TRUE(QDir().mkpath(etrange));
+  const QString programme = etrange + QStringLiteral("/Vaktor");
+  Ecrit(programme, "#!/bin/sh\nfor mot in \"$0\" \"$@\"; do printf '%s\\n' \"$mot\"; done > \"$SORTIE\"\n");
+  QFile::setPermissions(programme, QFile::ReadOwner | QFile::ExeOwner);
+  DemarrageSessionXdg session(Autostart, {programme, QStringLiteral("rtsp://u:p%40s@h/1"), dossier});
+  ASSERT_TRUE(session.Veut(true));
+  const QString sortie = Dossier.path() + QStringLiteral("/out");
+  qputenv("SORTIE", sortie.toUtf8());
+  QProcess bureau;
+  bureau.start(QStringLiteral("gio"), {QStringLiteral("launch"), Entree(dossier)});
+  if (!bureau.waitForStarted()) GTEST_SKIP() << "no gio here";
+  ASSERT_TRUE(bureau.waitForFinished());
+  for (int i = 0; i < 200 && Lit(sortie).count('\n') < 4; ++i)
+    QProcess::execute(QStringLiteral("sleep"), {QStringLiteral("0.05")});
+  EXPECT_EQ(QString::fromUtf8(Lit(sortie)).split(u'\n', Qt::SkipEmptyParts),
+            QStringList({programme, QStringLiteral("/alarm"), QStringLiteral("/camera:rtsp://u:p%40s@h/1"),
+                         QStringLiteral("/dossier:") + dossier}));
+}
+
+}  // namespace
+}  // namespace vaktor
