@@ -247,6 +247,7 @@ void FrmSmtp::EcritSigneDeVie(Langue langue) {
   for (int i = 0; i <= kHeures; ++i) c.CmbSigneDeVie->setItemText(i, NommeHeure(langue, i - 1));
   c.LblSigneDeVie->setText(MotsSigneDeVie(langue));
   c.CmbSigneDeVie->setAccessibleName(MotsSigneDeVie(langue));
+  c.LblSigneDeVie->setBuddy(c.CmbSigneDeVie);
   c.LblSMTPjeton->setText(MotsJeton(langue));
   c.TxtSMTPjeton->setAccessibleName(MotsJeton(langue));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSigneDeVie), static_cast<QWidget*>(c.CmbSigneDeVie)})
