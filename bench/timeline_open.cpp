@@ -2,7 +2,8 @@
 // The timeline over 50,000 photos in 300 intrusions: how long until the window stands painted, how much memory it
 // takes, how long each step of scrolling takes, how long a timer of 30 ms has to wait meanwhile.
 //
-//   timeline_open PHOTO        a JPEG file on the disk of the temporary folder, which gets 50,000 names there for a while
+//   timeline_open PHOTO        a JPEG file on the disk of the temporary folder, which gets 50,000 names there for a
+//   while
 //
 // The real window, files and decoder. The timer of 30 ms stands for the surveillance's tick.
 #include <unistd.h>

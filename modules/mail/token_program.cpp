@@ -5,8 +5,8 @@
 #include <QProcess>
 #include <algorithm>
 
-#include "platform/base/bounded_log.h"
 #include "modules/mail/smtp_dialogue.h"
+#include "platform/base/bounded_log.h"
 
 namespace vaktor {
 namespace {

@@ -95,8 +95,7 @@ FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats) {
   const FormatCamera* proche = nullptr;
   const FormatCamera* rapide = nullptr;
   bool connuSeulement = false;
-  for (const FormatCamera& f : formats)
-    connuSeulement = connuSeulement || (!EstInconnu(f) && !FormatTropGrand(f));
+  for (const FormatCamera& f : formats) connuSeulement = connuSeulement || (!EstInconnu(f) && !FormatTropGrand(f));
   for (const FormatCamera& f : formats) {
     if (FormatTropGrand(f) || (connuSeulement && EstInconnu(f))) continue;
     if (rapide == nullptr || EstPlusRapide(f, *rapide)) rapide = &f;

@@ -1,126 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A camera's life over streams that the test plays: which are opened, when, and how often.
-#include <gtest/gtest.h>
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
-#include <atomic>
-#include <thread>
-#include <vector>
-
-#include "platform/capture/driver/capture_session.h"
+#include "platform/capture/driver/capture_session_bench.h"
 #include "platform/capture/streams/capture_delays.h"
 
-namespace vaktor {
+namespace vaktor::essai {
 namespace {
-
-using namespace std::chrono_literals;
-
-// What the streams of one session do, one after the other.
-struct Scenario {
-  enum class Suite {
-    kRefuse,
-    kMuet,
-    kCale,
-    kErreur,
-    kFin,
-    kCoule,
-    kSansMemoire,
-    kPlusDeMemoire,
-    kBavard,      // something comes, and never a picture
-    kMotDePasse,  // the login is refused
-    kOccupee,
-  };
-
-  std::mutex Verrou;
-  std::vector<Suite> Suites;
-  std::vector<DerniereImage::Horloge::time_point> Ouvertures;
-  std::atomic<int> Vivants = 0;
-
-  Suite Prochaine() {
-    const std::lock_guard verrou(Verrou);
-    Ouvertures.push_back(DerniereImage::Horloge::now());
-    const size_t rang = std::min(Ouvertures.size(), Suites.size()) - 1;
-    return Suites[rang];
-  }
-  size_t Nombre() {
-    const std::lock_guard verrou(Verrou);
-    return Ouvertures.size();
-  }
-};
-
-class FluxJoue : public FluxImages {
- public:
-  FluxJoue(DerniereImage& derniere, std::shared_ptr<Scenario> scenario)
-      : Derniere_(derniere), Scenario_(std::move(scenario)) {
-    ++Scenario_->Vivants;
-  }
-  ~FluxJoue() override { --Scenario_->Vivants; }
-
-  bool Ouvre() override {
-    Suite_ = Scenario_->Prochaine();
-    if (Suite_ == Scenario::Suite::kSansMemoire) throw std::bad_alloc();
-    return Suite_ != Scenario::Suite::kRefuse && Suite_ != Scenario::Suite::kMotDePasse &&
-           Suite_ != Scenario::Suite::kOccupee;
-  }
-  bool Recoit() const override { return Suite_ == Scenario::Suite::kBavard; }
-  bool EstDecrit() const override { return Suite_ != Scenario::Suite::kMotDePasse; }
-  Raison Pourquoi() const override {
-    if (Suite_ == Scenario::Suite::kMotDePasse) return {Motif::kMotDePasse, {}};
-    return {Suite_ == Scenario::Suite::kOccupee ? Motif::kOccupee : Motif::kInconnu, {}};
-  }
-  Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override {
-    const bool donne = Suite_ != Scenario::Suite::kMuet && Suite_ != Scenario::Suite::kBavard &&
-                       (Images_ < 3 || Suite_ == Scenario::Suite::kCoule);
-    if (donne) {
-      ++Images_;
-      Derniere_.Depose(QImage(4, 4, QImage::Format_RGB32));
-    } else if (Suite_ == Scenario::Suite::kPlusDeMemoire) {
-      throw std::bad_alloc();
-    } else if (Suite_ == Scenario::Suite::kErreur) {
-      return Etat::kErreur;
-    } else if (Suite_ == Scenario::Suite::kFin) {
-      return Etat::kFini;
-    }
-    std::unique_lock verrou(Verrou_);
-    Reveil_.wait_for(verrou, arret, donne ? std::min<std::chrono::milliseconds>(delai, 20ms) : delai,
-                     [] { return false; });
-    return Etat::kCoule;
-  }
-
- private:
-  DerniereImage& Derniere_;
-  std::shared_ptr<Scenario> Scenario_;
-  Scenario::Suite Suite_ = Scenario::Suite::kCoule;
-  int Images_ = 0;
-  std::mutex Verrou_;
-  std::condition_variable_any Reveil_;
-};
-
-std::shared_ptr<SessionCapture> Joue(const std::shared_ptr<Scenario>& scenario, const QString& source,
-                                     bool persiste = false) {
-  SessionCapture::Demande demande;
-  demande.Source = ComprendSource(source);
-  demande.Persiste = persiste;
-  return SessionCapture::Lance(std::move(demande), [scenario](DerniereImage& derniere, const DemandeFlux&) {
-    return std::make_unique<FluxJoue>(derniere, scenario);
-  });
-}
-
-bool Attends(const std::function<bool()>& condition, std::chrono::milliseconds limite) {
-  const auto fin = DerniereImage::Horloge::now() + limite;
-  while (!condition() && DerniereImage::Horloge::now() < fin) std::this_thread::sleep_for(10ms);
-  return condition();
-}
-
-/// As the driver waits: until a frame is there, or there will be none.
-bool DonneUneImage(const SessionCapture& session, std::chrono::milliseconds limite) {
-  Attends([&] { return session.DonneDesImages() || session.EstFinie(); }, limite);
-  return session.DonneDesImages();
-}
-
-const QString kReseau = QStringLiteral("http://localhost/x");
 
 TEST(SessionCapture, LeavesNothingOpenWhenTheSourceRefuses) {
   const auto scenario = std::make_shared<Scenario>();
@@ -305,110 +189,6 @@ TEST(SessionCapture, PersistsWhereItIsToldTo) {
   EXPECT_TRUE(session->Arrete(1s));
 }
 
-/// A camera whose node is a file in a folder of the test's own: what is asked, and how often.
-class SessionSurPeripherique : public testing::Test {
- protected:
-  QuestionsV4L2 Questions() {
-    QuestionsV4L2 questions;
-    questions.Dossier = Dossier_.path();
-    questions.Noeuds = [this] {
-      ++Regards_;
-      const QStringList noms = QDir(Dossier_.path()).entryList({QStringLiteral("video*")}, QDir::Files);
-      return noms.isEmpty() ? QStringList() : QStringList{Noeud()};
-    };
-    questions.Sonde = [](const QString& noeud) { return CandidatVideo{noeud, "Camera", "m", "m|bus", {}}; };
-    questions.Formats = [this](const QString&) { return Offerts_; };
-    return questions;
-  }
-  QString Noeud() const { return Dossier_.filePath(QStringLiteral("video0")); }
-  void Branche() const { ASSERT_TRUE(QFile(Noeud()).open(QIODevice::WriteOnly)); }
-  void Debranche() const { ASSERT_TRUE(QFile::remove(Noeud())); }
-  std::shared_ptr<SessionCapture> Lance(const std::shared_ptr<Scenario>& scenario, SessionCapture::Demande demande) {
-    demande.Source = ComprendSource(QString());
-    return SessionCapture::Lance(
-        std::move(demande),
-        [scenario, this](DerniereImage& derniere, const DemandeFlux& flux) {
-          const std::lock_guard verrou(scenario->Verrou);
-          Demandes_.append(flux.Format);
-          return std::make_unique<FluxJoue>(derniere, scenario);
-        },
-        Questions());
-  }
-
-  QTemporaryDir Dossier_;
-  QList<FormatCamera> Offerts_;  // set before the start
-  std::atomic<int> Regards_ = 0;
-  QList<FormatCamera> Demandes_;  // the scenario's lock
-};
-
-// Opening its node each two seconds would keep other cameras awake for as long as this one is away.
-TEST_F(SessionSurPeripherique, AnUnpluggedCameraIsAwaitedWithoutALookAndTakenWhenItsNodeComes) {
-  Branche();
-  const auto scenario = std::make_shared<Scenario>();
-  scenario->Suites = {Scenario::Suite::kErreur, Scenario::Suite::kCoule};
-  const auto session = Lance(scenario, {});
-  ASSERT_TRUE(DonneUneImage(*session, 3s));
-  Debranche();
-  ASSERT_TRUE(Attends([&] { return session->Derniere().Perdu(); }, 10s));
-  std::this_thread::sleep_for(DelaisCapture::kApresBranchement + DelaisCapture::kPauses.front());
-  const int regards = Regards_;
-  std::this_thread::sleep_for(2 * DelaisCapture::kPauses.front() + 500ms);
-  EXPECT_EQ(Regards_, regards) << "nothing was plugged in";
-  const quint64 images = session->Derniere().Numero();
-  Branche();
-  EXPECT_TRUE(Attends([&] { return session->Derniere().Numero() > images + 1; }, 15s));
-  EXPECT_GT(session->Derniere().Prend(0).Reprises, 0U);
-  EXPECT_TRUE(session->Arrete(1s));
-}
-
-TEST_F(SessionSurPeripherique, AStopDoesNotWaitForWhatIsPluggedIn) {
-  Branche();
-  const auto scenario = std::make_shared<Scenario>();
-  scenario->Suites = {Scenario::Suite::kErreur};
-  const auto session = Lance(scenario, {});
-  ASSERT_TRUE(DonneUneImage(*session, 3s));
-  Debranche();
-  std::this_thread::sleep_for(DelaisCapture::kApresBranchement + 2 * DelaisCapture::kPauses.front() + 500ms);
-  EXPECT_TRUE(session->Arrete(1s));
-}
-
-// What was tried last and gave nothing is not what is known: all of it is tried again.
-TEST_F(SessionSurPeripherique, ASessionThatGoesOnTryingTriesEverythingAgainUntilSomethingIsKnown) {
-  Branche();
-  const FormatCamera voulu{QStringLiteral("YUYV"), 640, 480, 30, 1};
-  const auto scenario = std::make_shared<Scenario>();
-  scenario->Suites = {Scenario::Suite::kRefuse, Scenario::Suite::kRefuse, Scenario::Suite::kErreur,
-                      Scenario::Suite::kCoule};
-  SessionCapture::Demande demande;
-  demande.Persiste = true;
-  demande.Format = voulu;
-  const auto session = Lance(scenario, demande);
-  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 2; }, 3s));
-  EXPECT_TRUE(session->Noeud().isEmpty()) << "it is only being tried";
-  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 4 && session->Derniere().Numero() > 4; }, 12s));
-  EXPECT_EQ(session->Noeud(), Noeud());
-  EXPECT_TRUE(session->Arrete(1s));
-  EXPECT_EQ(Demandes_, (QList<FormatCamera>{voulu, FormatCamera(), voulu, voulu}))
-      << "refused, both again, then the one that has worked";
-}
-
-// At another port it may have less bandwidth: not even a format that somebody has chosen for it is there for ever.
-TEST_F(SessionSurPeripherique, WhatItOffersIsTriedAgainWhenTheFormatThatWorkedDoesNotAnyMore) {
-  Branche();
-  const FormatCamera voulu{QStringLiteral("YUYV"), 640, 480, 30, 1};
-  const FormatCamera autre{QStringLiteral("MJPG"), 320, 240, 30, 1};
-  Offerts_ = {autre};
-  const auto scenario = std::make_shared<Scenario>();
-  scenario->Suites = {Scenario::Suite::kErreur, Scenario::Suite::kRefuse, Scenario::Suite::kCoule};
-  SessionCapture::Demande demande;
-  demande.Format = voulu;
-  demande.FormatImpose = true;
-  const auto session = Lance(scenario, demande);
-  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 3 && session->Derniere().Numero() > 4; }, 12s));
-  EXPECT_TRUE(session->Arrete(1s));
-  EXPECT_EQ(Demandes_, (QList<FormatCamera>{voulu, voulu, autre}));
-}
-
 // Seconds, where plugins were installed: they are not taken from the camera's time.
 TEST(SessionCapture, TheTimeOfTheFirstStartIsNotTheCameras) {
   const auto scenario = std::make_shared<Scenario>();
@@ -470,18 +250,6 @@ TEST(SessionCapture, TheOnlyCameraTakesThePlaceOfTheChosenOneAndOfSeveralNone) {
   }
 }
 
-TEST_F(SessionSurPeripherique, ACameraThatIsTheChosenOneIsNoOther) {
-  Branche();
-  const auto scenario = std::make_shared<Scenario>();
-  scenario->Suites = {Scenario::Suite::kCoule};
-  SessionCapture::Demande demande;
-  demande.OuLaSeule = true;
-  const auto session = Lance(scenario, demande);
-  ASSERT_TRUE(DonneUneImage(*session, 3s));
-  EXPECT_FALSE(session->EstAutre()) << "nothing was chosen";
-  EXPECT_TRUE(session->Arrete(1s));
-}
-
 // A device that is left to itself may give a picture of which the detection cannot hold the samples.
 TEST(SessionCapture, ADeviceIsNeverLeftToChooseATooLargeFirstFormat) {
   const FormatCamera grand{QStringLiteral("MJPG"), 3840, 2160, 30, 1};
@@ -533,4 +301,4 @@ TEST(SessionCapture, HoldsTheDoorNoLongerThanItIsTold) {
 }
 
 }  // namespace
-}  // namespace vaktor
+}  // namespace vaktor::essai

@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// A session over a device that comes and goes.
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include "platform/capture/driver/capture_session_bench.h"
+#include "platform/capture/streams/capture_delays.h"
+
+namespace vaktor::essai {
+namespace {
+
+/// A camera whose node is a file in a folder of the test's own: what is asked, and how often.
+class SessionSurPeripherique : public testing::Test {
+ protected:
+  QuestionsV4L2 Questions() {
+    QuestionsV4L2 questions;
+    questions.Dossier = Dossier_.path();
+    questions.Noeuds = [this] {
+      ++Regards_;
+      const QStringList noms = QDir(Dossier_.path()).entryList({QStringLiteral("video*")}, QDir::Files);
+      return noms.isEmpty() ? QStringList() : QStringList{Noeud()};
+    };
+    questions.Sonde = [](const QString& noeud) { return CandidatVideo{noeud, "Camera", "m", "m|bus", {}}; };
+    questions.Formats = [this](const QString&) { return Offerts_; };
+    return questions;
+  }
+  QString Noeud() const { return Dossier_.filePath(QStringLiteral("video0")); }
+  void Branche() const { ASSERT_TRUE(QFile(Noeud()).open(QIODevice::WriteOnly)); }
+  void Debranche() const { ASSERT_TRUE(QFile::remove(Noeud())); }
+  std::shared_ptr<SessionCapture> Lance(const std::shared_ptr<Scenario>& scenario, SessionCapture::Demande demande) {
+    demande.Source = ComprendSource(QString());
+    return SessionCapture::Lance(
+        std::move(demande),
+        [scenario, this](DerniereImage& derniere, const DemandeFlux& flux) {
+          const std::lock_guard verrou(scenario->Verrou);
+          Demandes_.append(flux.Format);
+          return std::make_unique<FluxJoue>(derniere, scenario);
+        },
+        Questions());
+  }
+
+  QTemporaryDir Dossier_;
+  QList<FormatCamera> Offerts_;  // set before the start
+  std::atomic<int> Regards_ = 0;
+  QList<FormatCamera> Demandes_;  // the scenario's lock
+};
+
+// Opening its node each two seconds would keep other cameras awake for as long as this one is away.
+TEST_F(SessionSurPeripherique, AnUnpluggedCameraIsAwaitedWithoutALookAndTakenWhenItsNodeComes) {
+  Branche();
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kErreur, Scenario::Suite::kCoule};
+  const auto session = Lance(scenario, {});
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
+  Debranche();
+  ASSERT_TRUE(Attends([&] { return session->Derniere().Perdu(); }, 10s));
+  std::this_thread::sleep_for(DelaisCapture::kApresBranchement + DelaisCapture::kPauses.front());
+  const int regards = Regards_;
+  std::this_thread::sleep_for(2 * DelaisCapture::kPauses.front() + 500ms);
+  EXPECT_EQ(Regards_, regards) << "nothing was plugged in";
+  const quint64 images = session->Derniere().Numero();
+  Branche();
+  EXPECT_TRUE(Attends([&] { return session->Derniere().Numero() > images + 1; }, 15s));
+  EXPECT_GT(session->Derniere().Prend(0).Reprises, 0U);
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+TEST_F(SessionSurPeripherique, AStopDoesNotWaitForWhatIsPluggedIn) {
+  Branche();
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kErreur};
+  const auto session = Lance(scenario, {});
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
+  Debranche();
+  std::this_thread::sleep_for(DelaisCapture::kApresBranchement + 2 * DelaisCapture::kPauses.front() + 500ms);
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+// What was tried last and gave nothing is not what is known: all of it is tried again.
+TEST_F(SessionSurPeripherique, ASessionThatGoesOnTryingTriesEverythingAgainUntilSomethingIsKnown) {
+  Branche();
+  const FormatCamera voulu{QStringLiteral("YUYV"), 640, 480, 30, 1};
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kRefuse, Scenario::Suite::kRefuse, Scenario::Suite::kErreur,
+                      Scenario::Suite::kCoule};
+  SessionCapture::Demande demande;
+  demande.Persiste = true;
+  demande.Format = voulu;
+  const auto session = Lance(scenario, demande);
+  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 2; }, 3s));
+  EXPECT_TRUE(session->Noeud().isEmpty()) << "it is only being tried";
+  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 4 && session->Derniere().Numero() > 4; }, 12s));
+  EXPECT_EQ(session->Noeud(), Noeud());
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(Demandes_, (QList<FormatCamera>{voulu, FormatCamera(), voulu, voulu}))
+      << "refused, both again, then the one that has worked";
+}
+
+// At another port it may have less bandwidth: not even a format that somebody has chosen for it is there for ever.
+TEST_F(SessionSurPeripherique, WhatItOffersIsTriedAgainWhenTheFormatThatWorkedDoesNotAnyMore) {
+  Branche();
+  const FormatCamera voulu{QStringLiteral("YUYV"), 640, 480, 30, 1};
+  const FormatCamera autre{QStringLiteral("MJPG"), 320, 240, 30, 1};
+  Offerts_ = {autre};
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kErreur, Scenario::Suite::kRefuse, Scenario::Suite::kCoule};
+  SessionCapture::Demande demande;
+  demande.Format = voulu;
+  demande.FormatImpose = true;
+  const auto session = Lance(scenario, demande);
+  ASSERT_TRUE(Attends([&] { return scenario->Nombre() >= 3 && session->Derniere().Numero() > 4; }, 12s));
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(Demandes_, (QList<FormatCamera>{voulu, voulu, autre}));
+}
+
+TEST_F(SessionSurPeripherique, ACameraThatIsTheChosenOneIsNoOther) {
+  Branche();
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kCoule};
+  SessionCapture::Demande demande;
+  demande.OuLaSeule = true;
+  const auto session = Lance(scenario, demande);
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
+  EXPECT_FALSE(session->EstAutre()) << "nothing was chosen";
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+}  // namespace
+}  // namespace vaktor::essai
