@@ -1,4 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
+// How many steps a frame gives comes from tests/engine/test_noisy_cameras.cpp, which runs the whole engine on cameras
+// of 1 to 30 frames a second, armed from the first second on: with noise of 1 to 8 steps of each colour none alarms
+// within its first five minutes, and somebody who stays for five seconds afterwards is seen. A picture with hardly any
+// noise, half a step, can still fool it: so many samples differ by the same number that the tolerance cannot stop
+// between them. Such a camera is watched with a tolerance that is set by hand.
 #include "engine/sensitivity_gauge.h"
 
 #include <algorithm>
