@@ -14,7 +14,7 @@ namespace vaktor {
 namespace {
 constexpr int kPagePrincipale = 1;
 
-// The monitor is a tool window: the keys of the desktop that go from window to window pass it over.
+// From the window to its monitor and back, whatever the desktop makes of a window that belongs to another.
 void RelieF6(QWidget& de, QWidget& vers) {
   auto* touche = new QShortcut(QKeySequence(Qt::Key_F6), &de);
   QObject::connect(touche, &QShortcut::activated, &vers, [&vers] {

@@ -34,9 +34,11 @@ class BarrePoints : public QProgressBar {
 
 }  // namespace
 
+// A dialog and no tool window: KWin hides tool windows while another program has the keys, and the monitor is looked at
+// just then.
 FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Parametres& reglages,
                          SauvegardeParametres& sauvegarde)
-    : QWidget(nullptr, Qt::Tool | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+    : QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
       Moteur_(moteur),
       Etat_(etat),
       Reglages_(reglages),

@@ -63,6 +63,9 @@ TEST_F(Moniteur, StartsAtItsDesignSizeWithTheBarOverTheLastRows) {
   EXPECT_EQ(Barre->maximum(), 900);
 }
 
+// A desktop hides the tool windows of a program that is not the active one.
+TEST_F(Moniteur, IsNoToolWindow) { EXPECT_EQ(Forme.windowType(), Qt::Dialog); }
+
 TEST_F(Moniteur, DragFromAnyCornerGivesASortedZone) {
   Pose(Unie(200, 150));
   Glisse({100, 50}, {20, 10});
