@@ -10,6 +10,7 @@
 #include <QStandardPaths>
 
 #include "platform/base/bounded_log.h"
+#include "platform/base/inherited_files.h"
 #include "platform/store/bounded_file.h"
 
 namespace vaktor {
@@ -131,6 +132,7 @@ void EtatModule::Efface() {
 void NotifieBureau(const QString& titre, const QString& texte) {
   const QString programme = QStandardPaths::findExecutable(QStringLiteral("notify-send"));
   if (programme.isEmpty()) return;
+  GardeFichiersOuverts();
   // The body is read as markup there; a server's words must not become any.
   QProcess::startDetached(programme, {QStringLiteral("--app-name=Vaktor"), QStringLiteral("--urgency=critical"),
                                       QStringLiteral("--"), titre, texte.toHtmlEscaped()});

@@ -8,6 +8,7 @@
 #include <QStandardPaths>
 
 #include "modules/mail/smtp_dialogue.h"
+#include "platform/base/inherited_files.h"
 
 namespace vaktor {
 namespace {
@@ -53,6 +54,7 @@ ResultatEnvoi Lance(const ReglagesEnvoi& reglages, const Enveloppe& enveloppe, c
   arguments << QStringLiteral("--") << enveloppe.Destinataires;  // behind "--" no address is taken for an option
   QProcess programme;
   programme.setProcessChannelMode(QProcess::MergedChannels);
+  GardeFichiersOuverts();  // the files of this process are none of the mail program's
   programme.start(reglages.Sendmail, arguments);
   // The local program wants the line ends of this system.
   programme.write(QByteArray(message).replace("\r\n", "\n"));

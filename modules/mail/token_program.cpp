@@ -7,6 +7,7 @@
 
 #include "modules/mail/smtp_dialogue.h"
 #include "platform/base/bounded_log.h"
+#include "platform/base/inherited_files.h"
 
 namespace vaktor {
 namespace {
@@ -51,6 +52,7 @@ Jeton DemandeJeton(const QString& commande, qint64 delai, const std::function<bo
   programme.setProgram(mots.takeFirst());
   programme.setArguments(mots);
   programme.setStandardInputFile(QProcess::nullDevice());
+  GardeFichiersOuverts();
   programme.start(QProcess::ReadOnly);
   Jeton jeton;
   if (!Attend(programme, delai, arret, jeton)) {

@@ -1,5 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The system's own mail program, played by scripts: what it is given, and what its exit status says.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include "modules/mail/sender_bench.h"
 
 namespace vaktor::essai {
@@ -21,6 +24,15 @@ TEST_F(Sendmail, GetsTheMailWithTheLineEndsOfThisSystem) {
   EXPECT_EQ(Acceptes, 1);
   EXPECT_EQ(LitOctets(Dossier.filePath("arguments")), "-i|-f|cam@exemple.fr|--|anna@exemple.fr|");
   EXPECT_EQ(LitOctets(Dossier.filePath("recu")), QByteArray(Message).replace("\r\n", "\n"));
+}
+
+TEST_F(Sendmail, HasNoneOfOurOpenFiles) {
+  const int ouvert = ::open("/dev/null", O_RDONLY);  // as a library opens one, without a thought for children
+  ASSERT_GT(ouvert, 2);
+  Ecrit("cat > /dev/null\nreadlink /proc/$$/fd/" + QByteArray::number(ouvert) + " > vu\nexit 0\n");
+  EXPECT_TRUE(Envoie().Accepte);
+  EXPECT_EQ(LitOctets(Dossier.filePath("vu")), "");
+  ::close(ouvert);
 }
 
 TEST_F(Sendmail, ItsOwnWordsAreTold) {

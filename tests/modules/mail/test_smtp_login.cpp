@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Logins against a real server on loopback: one that offers more than it can do, a token in the place of the password,
 // and an encryption that is taken away on the way.
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QElapsedTimer>
 
 #include "modules/mail/sender_bench.h"
@@ -107,6 +110,14 @@ TEST_F(Login, ACommandThatGivesNoTokenIsToldInItsOwnWordsAndNotInItsOutput) {
 TEST_F(Login, ACommandForATokenIsNoLineOfAShell) {
   const Jeton jeton = DemandeJeton(Script("echo \"$#:$1\"\n") + " \"a;b$HOME\"", 20'000, {});
   EXPECT_EQ(jeton.Valeur, "1:a;b$HOME");
+}
+
+TEST_F(Login, ACommandForATokenHasNoneOfOurOpenFiles) {
+  const int ouvert = ::open("/dev/null", O_RDONLY);
+  ASSERT_GT(ouvert, 2);
+  const QString commande = Script("test -e /proc/$$/fd/" + QByteArray::number(ouvert) + " && echo seen || echo none\n");
+  EXPECT_EQ(DemandeJeton(commande, 20'000, {}).Valeur, "none");
+  ::close(ouvert);
 }
 
 TEST_F(Login, ACommandForATokenThatHangsOrNeverEndsItsLineIsGivenUp) {

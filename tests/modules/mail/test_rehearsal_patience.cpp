@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Somebody sits in front of a rehearsal: a server that says nothing is given up long before the outbox would.
+#include <gtest/gtest.h>
+
+#include <QProcess>
+#include <QTcpServer>
+
+namespace vaktor::essai {
+namespace {
+
+TEST(RehearsalPatience, AServerThatSaysNothingIsGivenUpWithinAMinute) {
+  QTcpServer muet;
+  ASSERT_TRUE(muet.listen(QHostAddress::LocalHost));
+  QProcess programme;
+  programme.start(VAKTOR_MAIL, {"--try"});
+  programme.write(R"({"destination":"anna@exemple.fr","smtpfrom":"a@b.fr","smtpserveur":"127.0.0.1","smtpport":)" +
+                  QByteArray::number(muet.serverPort()) + R"(,"smtpneedlogin":false,"langue":1})");
+  programme.closeWriteChannel();
+  ASSERT_TRUE(programme.waitForFinished(60'000));
+  EXPECT_EQ(programme.exitCode(), 1) << programme.readAll().toStdString();
+}
+
+}  // namespace
+}  // namespace vaktor::essai
