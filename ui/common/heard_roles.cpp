@@ -40,6 +40,7 @@ void NommeListe(QComboBox& liste, const QString& nom) {
   if (etiquette == nullptr) {
     etiquette = new QLabel(parent);
     etiquette->setObjectName(kNomDe + liste.objectName());
+    etiquette->setFont(liste.font());  // nobody sees it: it must not load a font of its own
     etiquette->hide();
     etiquette->setBuddy(&liste);
   }
