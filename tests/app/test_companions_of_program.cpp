@@ -25,7 +25,8 @@ TEST_F(ProgrammeEntier, StraysOfAnEarlierRunAreEndedAlsoThoseThatDoNotListen) {
   ASSERT_TRUE(Attend([&] { return Compagnons(QStringLiteral("VAKTORmail")).size() == 1; }));
   Lance();
   ASSERT_TRUE(Attend([this] { return Enregistres(); })) << Processus.readAll().toStdString();
-  EXPECT_TRUE(sourd.waitForFinished(10000)) << "a stray that ignores the polite request survived";
+  // A mail companion may have a mail under way: it has sixteen seconds before force ends it.
+  EXPECT_TRUE(sourd.waitForFinished(60'000)) << "a stray that ignores the polite request survived";
   EXPECT_TRUE(UnDeChaque());
   Processus.terminate();
   ExigeFin();

@@ -229,14 +229,14 @@ TEST_F(SanteDuProgramme, TheOpenListPutsAGraverConditionOnTopGrowsAndGivesTheFoc
 }
 
 TEST_F(SanteDuProgramme, KeysOpenItAndTabComesToTheSignOnlyWhileItIsThere) {
-  auto* onglet = Trouve("Bouton(6)");
-  onglet->setFocus();
-  QTest::keyClick(onglet, Qt::Key_Tab);
+  auto* jauge = Trouve("PictSeuil");  // the last control of the band before it
+  jauge->setFocus();
+  QTest::keyClick(jauge, Qt::Key_Tab);
   EXPECT_NE(Fenetre("Form1")->focusWidget(), Signe());
   Rapport().Signale(Condition::kPhotosImpossibles);
   Systeme.Temps.Avance(1000);
-  onglet->setFocus();
-  QTest::keyClick(onglet, Qt::Key_Tab);
+  jauge->setFocus();
+  QTest::keyClick(jauge, Qt::Key_Tab);
   ASSERT_EQ(Fenetre("Form1")->focusWidget(), Signe());
   for (const Qt::Key touche : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
     QTest::keyClick(Signe(), touche);

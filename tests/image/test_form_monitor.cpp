@@ -191,6 +191,7 @@ TEST_F(Moniteur, PictureSaysItsNoticeWhereTheZoneLiesAndWhatTheKeysDo) {
 TEST_F(Moniteur, BarIsHeardAsTheMovementThatItShows) {
   Forme.EcritAides(QStringLiteral("tip"), QStringLiteral("moving points"));
   Forme.MontreBarre(321);
+  EXPECT_TRUE(QTest::qWaitFor([this] { return Barre->value() == 321; })) << "drawn when the window is";
   QAccessibleInterface* barre = QAccessible::queryAccessibleInterface(Barre);
   EXPECT_EQ(barre->text(QAccessible::Name), QStringLiteral("moving points"));
   EXPECT_EQ(barre->valueInterface()->currentValue().toInt(), 321);

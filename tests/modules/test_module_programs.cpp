@@ -6,6 +6,7 @@
 
 #include <QFile>
 
+#include "companions/contract/command_words.h"
 #include "support/companion_program.h"
 #include "support/file_bytes.h"
 #include "support/memory_image.h"
@@ -130,7 +131,9 @@ TEST_F(Programmes, ItTellsItsVersionAndItsUse) {
 
 TEST_F(Programmes, WithoutAChannelItSaysSoAndEnds) {
   ASSERT_EQ(::chmod(QFile::encodeName(Dossier.Chemin()).constData(), 0755), 0);
+  qputenv(kVariableCanal.data(), QFile::encodeName(Dossier.Chemin()));  // as told: no other folder is looked for
   Lance(VAKTOR_SOUND);
+  qunsetenv(kVariableCanal.data());
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitCode(), 1);
   EXPECT_TRUE(QString::fromUtf8(Programme.readAll()).contains("run/vaktor"));

@@ -17,6 +17,7 @@ namespace vaktor {
 namespace {
 
 constexpr int kLargeur = 430;
+constexpr int kSignesMin = 56;  // characters beside each other, at the least
 constexpr int kMarge = 12;
 constexpr int kEcart = 8;
 constexpr int kCoteSigne = 20;
@@ -108,8 +109,11 @@ FrmSante::FrmSante()
   fenetre->setSpacing(kEcart);
   fenetre->addWidget(Defilement_, 1);
   fenetre->addWidget(CmdFermer_, 0, Qt::AlignRight);
-  setMinimumSize(kLargeur / 2, kHauteurMinimale);
-  resize(kLargeur, kHauteurMinimale);
+  // The longest word of an entry, the path of a folder, has to find its place, whatever the size of the desktop's text.
+  const int place = screen()->availableGeometry().width() * 3 / 4;
+  const int mots = std::min(kSignesMin * fontMetrics().averageCharWidth(), place);
+  setMinimumSize(std::max(kLargeur / 2, mots), kHauteurMinimale);
+  resize(std::max(kLargeur, mots), kHauteurMinimale);
 }
 
 // Entries are kept as long as their condition stands, so that focus and scroll position stay where they are.
@@ -167,7 +171,7 @@ void FrmSante::Grandit() {
 void FrmSante::Ouvre() {
   if (!isVisible()) {
     ensurePolished();
-    resize(kLargeur, kHauteurMinimale);
+    resize(std::max(kLargeur, minimumWidth()), kHauteurMinimale);
     Grandit();
     CmdFermer_->setFocus();
   }
