@@ -52,7 +52,7 @@ void VueCadre::paintEvent(QPaintEvent*) {
 
 void VueCadre::PeintAvis(QPainter& peintre) const {
   if (Avis_.isEmpty()) return;
-  QFont police = font();
+  QFont police(QStringLiteral("Arial"));  // as in all windows of the program: no other font is loaded for it
   police.setPixelSize(qBound(11, width() / 16, 40));
   police.setBold(true);
   peintre.setFont(police);

@@ -17,7 +17,7 @@ namespace vaktor {
 namespace {
 
 constexpr int kLargeur = 430;
-constexpr int kSignesMin = 56;  // characters beside each other, at the least
+constexpr int kSignesMin = 64;  // characters beside each other, at the least
 constexpr int kMarge = 12;
 constexpr int kEcart = 8;
 constexpr int kCoteSigne = 20;
