@@ -2,6 +2,7 @@
 // The source dialog: above the sources and an address, below the controls of the camera at work.
 #include "platform/capture/dialogs/source_dialog.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
