@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/failure.h"
+#include "base/photo_format.h"
 #include "image/gallery_words.h"
 #include "image/photo_gallery.h"
 #include "texts/language.h"
@@ -11,8 +12,8 @@
 namespace vaktor {
 namespace {
 
-// Also matches names with more behind ".jpg": a photo renamed to "x.jpg.old" or half fetched stays in sight.
-QString Motif() { return QStringLiteral("*.jpg*"); }
+// Also matches names with more behind their end: a photo renamed to "x.jpg.old" or half fetched stays in sight.
+QString Motif() { return u'*' + kFinPhoto + u'*'; }
 
 }  // namespace
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/numbers.h"
+#include "base/photo_format.h"
 #include "image/free_space.h"
 #include "image/photo_words.h"
 #include "texts/language.h"
@@ -37,8 +38,7 @@ void EnregistreurPhotos::EnregistrePhoto() {
   const QString heure = Ports_.Temps.DonneHeure().toString(QStringLiteral("hh-mm-ss"));
   // Two blanks after the date. The date is that of the start even past midnight, the time is now: photos of several
   // days of one run carry one date, and so sort as one run.
-  const QString nom =
-      DateJour_ + QStringLiteral("  ") + heure + QStringLiteral(" Photo ") + numero + QStringLiteral(".jpg");
+  const QString nom = DateJour_ + QStringLiteral("  ") + heure + QStringLiteral(" Photo ") + numero + kFinPhoto;
 
   RevoitConditions(true);
   if (VeutPhoto() && EcritCopie(PannePhoto_, reglages.RepertoirePhoto, nom, kQualitePhoto) && Ports_.SurPhoto)

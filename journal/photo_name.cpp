@@ -3,6 +3,8 @@
 
 #include <limits>
 
+#include "base/photo_format.h"
+
 namespace vaktor {
 namespace {
 
@@ -22,7 +24,8 @@ int LitChiffres(QStringView texte, qsizetype place, int nombre) {
 // By hand and not by a pattern: fifty thousand names are read while somebody waits.
 std::optional<NomPhoto> LitNomPhoto(QStringView nom) {
   constexpr qsizetype kNumero = 27;  // where the number begins
-  if (nom.size() < kNumero + 5 || nom.sliced(10, 2) != u"  " || nom.sliced(20, 7) != u" Photo ") return std::nullopt;
+  if (nom.size() <= kNumero + kFinPhoto.size() || nom.sliced(10, 2) != u"  " || nom.sliced(20, 7) != u" Photo ")
+    return std::nullopt;
   if (nom.at(4) != u'-' || nom.at(7) != u'-' || nom.at(14) != u'-' || nom.at(17) != u'-') return std::nullopt;
   const QDate jour(LitChiffres(nom, 0, 4), LitChiffres(nom, 5, 2), LitChiffres(nom, 8, 2));
   const QTime heure(LitChiffres(nom, 12, 2), LitChiffres(nom, 15, 2), LitChiffres(nom, 18, 2));
@@ -34,7 +37,7 @@ std::optional<NomPhoto> LitNomPhoto(QStringView nom) {
   }
   if (i == kNumero || !jour.isValid() || !heure.isValid()) return std::nullopt;
   while (i < nom.size() && nom.at(i) >= u'a' && nom.at(i) <= u'z') ++i;
-  if (!nom.sliced(i).startsWith(u".jpg", Qt::CaseInsensitive)) return std::nullopt;
+  if (!nom.sliced(i).startsWith(kFinPhoto, Qt::CaseInsensitive)) return std::nullopt;
   return NomPhoto{jour, heure, static_cast<qint32>(numero)};
 }
 

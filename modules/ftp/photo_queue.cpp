@@ -4,6 +4,8 @@
 #include <QDir>
 #include <algorithm>
 
+#include "base/photo_format.h"
+
 namespace vaktor {
 
 namespace {
@@ -19,7 +21,7 @@ bool EstNomPropre(const QString& nom) {
 
 QFileInfoList FilePhotos::ListeFichiers() {
   // By time and then by name: photos of one second keep their order.
-  QFileInfoList photos = QDir(Dossier_).entryInfoList({QStringLiteral("*.jpg")}, QDir::Files, QDir::Name);
+  QFileInfoList photos = QDir(Dossier_).entryInfoList({u'*' + kFinPhoto}, QDir::Files, QDir::Name);
   photos.removeIf([](const QFileInfo& photo) { return !EstNomPropre(photo.fileName()) || photo.isSymLink(); });
   std::stable_sort(photos.begin(), photos.end(),
                    [](const QFileInfo& a, const QFileInfo& b) { return a.lastModified() < b.lastModified(); });

@@ -5,6 +5,7 @@
 #include <QJsonObject>
 #include <utility>
 
+#include "base/photo_format.h"
 #include "platform/base/bounded_log.h"
 
 namespace vaktor {
@@ -51,7 +52,7 @@ QByteArray CreeImageEssai() {
 
 RepetitionFtp::RepetitionFtp(PortsRepetition ports)
     : Ports_(std::move(ports)),
-      Nom_(QStringLiteral("vaktor-try-") + Ports_.Marque + QStringLiteral(".jpg")),
+      Nom_(QStringLiteral("vaktor-try-") + Ports_.Marque + kFinPhoto),
       Provisoire_(QStringLiteral("vaktor-try-") + Ports_.Marque + QStringLiteral(".part")) {}
 
 FinRepetition RepetitionFtp::Joue(const QByteArray& demande) {

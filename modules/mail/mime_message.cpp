@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "mime_message.h"
+#include "base/photo_format.h"
 
 #include <QLocale>
 #include <QStringList>
@@ -95,8 +96,9 @@ QByteArray NormaliseLignes(const QString& texte) {
 }
 
 QByteArray ComposePiece(const PieceJointe& piece) {
-  return "Content-Type: image/jpeg\r\nContent-Transfer-Encoding: base64\r\nContent-Disposition: attachment;\r\n " +
-         CodeNom(piece.Nom) + "\r\n\r\n" + CodeBase64(piece.Contenu);
+  return QByteArray("Content-Type: ") + kTypePhoto +
+         "\r\nContent-Transfer-Encoding: base64\r\nContent-Disposition: attachment;\r\n " + CodeNom(piece.Nom) +
+         "\r\n\r\n" + CodeBase64(piece.Contenu);
 }
 
 QByteArray ComposeExpediteur(const QString& expediteur) {

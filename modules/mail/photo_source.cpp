@@ -8,12 +8,13 @@
 #include <QFileInfo>
 
 #include "base/jpeg_end.h"
+#include "base/photo_format.h"
 
 namespace vaktor {
 
 QList<PhotoConnue> ListePhotos(const QString& dossier) {
   QList<PhotoConnue> photos;
-  QDirIterator fichiers(dossier, {QStringLiteral("*.jpg")}, QDir::Files);
+  QDirIterator fichiers(dossier, {u'*' + kFinPhoto}, QDir::Files);
   while (fichiers.hasNext()) {
     fichiers.next();
     const QFileInfo info = fichiers.fileInfo();

@@ -12,6 +12,7 @@
 #include <cstring>
 
 #include "base/jpeg_end.h"
+#include "base/photo_format.h"
 #include "platform/store/bounded_file.h"
 #include "platform/store/private_file.h"
 
@@ -19,7 +20,7 @@ namespace vaktor {
 namespace {
 
 constexpr QLatin1String kMessage(".json");
-constexpr QLatin1String kPhoto(".jpg");
+constexpr QLatin1String kPhoto = kFinPhoto;
 constexpr QLatin1String kMauvais(".bad");
 constexpr int kVersion = 1;
 

@@ -4,6 +4,7 @@
 #include <QDateTime>
 
 #include "base/failure.h"
+#include "base/photo_format.h"
 #include "platform/store/private_file.h"
 
 namespace vaktor {
@@ -115,8 +116,7 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
                     .Identifiant = identifiant,
                     .Pieces = {}};
   if (!message.Photo.isEmpty() && Sac_.DonneOctets() <= SacPostal::kOctetsMax)
-    courriel.Pieces.append(
-        {courriel.Date.toString(QStringLiteral("yyyy-MM-dd  HH-mm-ss")) + QStringLiteral(".jpg"), message.Photo});
+    courriel.Pieces.append({courriel.Date.toString(QStringLiteral("yyyy-MM-dd  HH-mm-ss")) + kFinPhoto, message.Photo});
   CourrielEnAttente mail;
   // With the mark of this process the sending thread leaves the draft alone until the message is deleted. The
   // Message-ID is without it: whoever gets a mail twice can tell.

@@ -10,6 +10,8 @@
 #include <exception>
 #include <memory>
 
+#include "base/photo_format.h"
+
 namespace vaktor {
 
 namespace {
@@ -92,7 +94,7 @@ void ComposeEntetes(const ReglagesPush& reglages, const MessagePush& message, En
   if (message.Image.isEmpty()) {
     entetes.Ajoute("Content-Type: text/plain; charset=utf-8");
   } else {
-    entetes.Ajoute("Content-Type: image/jpeg");
+    entetes.Ajoute(QByteArray("Content-Type: ") + kTypePhoto);
     entetes.Ajoute("Message: " + CodeEntete(message.Texte));
     entetes.Ajoute("Filename: " + CodeEntete(message.NomImage));
   }

@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <utility>
 
+#include "base/photo_format.h"
 #include "platform/base/folder_listing.h"
 #include "platform/base/system_files.h"
 #include "platform/journal/journal_file.h"
@@ -20,7 +21,7 @@ void LecteurChroniqueSysteme::LitChronique(const QString& dossier, const QString
         SourcesChronique sources{.Journal = LitJournal(LitFinJournal(journal)), .Course = course};
         for (const QString& celui : DossiersCites(sources.Journal, dossier)) {
           const QByteArray natif = QFile::encodeName(CheminNatif(celui));
-          sources.Noms.insert(celui, ListeDossier(natif, QStringLiteral("*.jpg*"), abandon).Noms);
+          sources.Noms.insert(celui, ListeDossier(natif, u'*' + kFinPhoto + u'*', abandon).Noms);
         }
         sources.Maintenant = QDateTime::currentDateTime();
         sources.DonneDate = [&abandon](const QString& d, const QString& nom) {

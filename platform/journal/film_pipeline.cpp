@@ -16,6 +16,7 @@
 #include <mutex>
 
 #include "base/jpeg_end.h"
+#include "base/photo_format.h"
 #include "platform/base/system_files.h"
 
 namespace vaktor {
@@ -139,7 +140,7 @@ class Film {
     Source_.reset(gst_bin_get_by_name(GST_BIN(Tuyau_.get()), "source"));
     const Objet<GstElement> fichier(gst_bin_get_by_name(GST_BIN(Tuyau_.get()), "fichier"));
     g_object_set(fichier.get(), "location", Brouillon_.constData(), nullptr);
-    GstCaps* caps = gst_caps_new_simple("image/jpeg", "width", G_TYPE_INT, taille.width(), "height", G_TYPE_INT,
+    GstCaps* caps = gst_caps_new_simple(kTypePhoto, "width", G_TYPE_INT, taille.width(), "height", G_TYPE_INT,
                                         taille.height(), "framerate", GST_TYPE_FRACTION,
                                         Voulu_.Format == FormatFilm::kMatroska ? 0 : 30, 1, nullptr);
     g_object_set(Source_.get(), "caps", caps, "format", GST_FORMAT_TIME, "max-bytes", guint64{0}, nullptr);

@@ -14,6 +14,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "base/photo_format.h"
+
 namespace vaktor {
 
 namespace {
@@ -86,12 +88,12 @@ bool EcritCourriel(const QByteArray& dossier, const QByteArray& souche, const QB
   if (!PrepareDossier(dossier)) return false;
   BalaieRestes(dossier);
   // A mail without its picture is better than none: a disk that is nearly full may still take the words.
-  const bool image = !jpeg.isEmpty() && EcritEntier(dossier, souche + ".jpg", jpeg);
+  const bool image = !jpeg.isEmpty() && EcritEntier(dossier, souche + kFinPhoto.latin1(), jpeg);
   if (EcritEntier(dossier, souche + ".json", json)) {
     SynchroniseDossier(dossier);
     return true;
   }
-  if (image) ::unlink((dossier + '/' + souche + ".jpg").constData());
+  if (image) ::unlink((dossier + '/' + souche + kFinPhoto.latin1()).constData());
   return false;
 }
 
