@@ -4,14 +4,11 @@
 #include <libyuv/convert_argb.h>
 #include <libyuv/planar_functions.h>
 
+#include <QByteArrayList>
 #include <algorithm>
 #include <array>
 
 namespace vaktor {
-
-const char* const kCapsBruts =
-    "video/x-raw, format=(string){ I420, NV12, YUY2, BGRx, UYVY, NV21, YV12, Y42B, Y444, BGRA, RGBx, RGBA, BGR, RGB, "
-    "GRAY8 }";
 
 namespace {
 
@@ -26,26 +23,29 @@ struct Cible {
 
 using ConversionPlanaire = decltype(&libyuv::I420ToARGBMatrix);
 
-bool ConvertitPlanaire(ConversionPlanaire conversion, const PlansImage& trame, const Cible& cible) {
+template <ConversionPlanaire kConversion>
+bool ConvertitPlanaire(const PlansImage& trame, const Cible& cible) {
   const auto& [y, u, v] = trame.Plans;
-  return conversion(y.Octets, y.Pas, u.Octets, u.Pas, v.Octets, v.Pas, cible.Octets, cible.Pas, MatriceDe(trame),
-                    cible.Largeur, cible.Hauteur) == 0;
+  return kConversion(y.Octets, y.Pas, u.Octets, u.Pas, v.Octets, v.Pas, cible.Octets, cible.Pas, MatriceDe(trame),
+                     cible.Largeur, cible.Hauteur) == 0;
 }
 
 using ConversionDeuxPlans = decltype(&libyuv::NV12ToARGBMatrix);
 
-bool ConvertitDeuxPlans(ConversionDeuxPlans conversion, const PlansImage& trame, const Cible& cible) {
+template <ConversionDeuxPlans kConversion>
+bool ConvertitDeuxPlans(const PlansImage& trame, const Cible& cible) {
   const Plan& y = trame.Plans[0];
   const Plan& uv = trame.Plans[1];
-  return conversion(y.Octets, y.Pas, uv.Octets, uv.Pas, cible.Octets, cible.Pas, MatriceDe(trame), cible.Largeur,
-                    cible.Hauteur) == 0;
+  return kConversion(y.Octets, y.Pas, uv.Octets, uv.Pas, cible.Octets, cible.Pas, MatriceDe(trame), cible.Largeur,
+                     cible.Hauteur) == 0;
 }
 
 using Deballage = decltype(&libyuv::YUY2ToI422);
 
 // libyuv turns packed YUV into pixels with one matrix only. Unpacking a piece of a row at a time keeps the three parts
 // in the nearest cache, and any matrix can follow.
-bool ConvertitEntrelace(Deballage deballage, const PlansImage& trame, const Cible& cible) {
+template <Deballage kDeballage>
+bool ConvertitEntrelace(const PlansImage& trame, const Cible& cible) {
   constexpr int kMorceau = 1024;  // even: a pair of pixels shares its chroma
   std::array<quint8, kMorceau> y;
   std::array<quint8, kMorceau / 2> u;
@@ -57,8 +57,8 @@ bool ConvertitEntrelace(Deballage deballage, const PlansImage& trame, const Cibl
     quint8* vers = cible.Octets + qptrdiff{ligne} * cible.Pas;
     for (int x = 0; x < cible.Largeur; x += kMorceau) {
       const int largeur = std::min(kMorceau, cible.Largeur - x);
-      deballage(de + qptrdiff{2} * x, source.Pas, y.data(), kMorceau, u.data(), kMorceau / 2, v.data(), kMorceau / 2,
-                largeur, 1);
+      kDeballage(de + qptrdiff{2} * x, source.Pas, y.data(), kMorceau, u.data(), kMorceau / 2, v.data(), kMorceau / 2,
+                 largeur, 1);
       libyuv::I422ToARGBMatrix(y.data(), kMorceau, u.data(), kMorceau / 2, v.data(), kMorceau / 2,
                                vers + qptrdiff{4} * x, cible.Pas, matrice, largeur, 1);
     }
@@ -67,12 +67,13 @@ bool ConvertitEntrelace(Deballage deballage, const PlansImage& trame, const Cibl
 }
 
 // 32-bit pixels: the fourth byte of what comes is anything.
-bool CopieQuatreOctets(const PlansImage& trame, const Cible& cible, bool rougeDabord) {
+template <bool kRougeDabord>
+bool CopieQuatreOctets(const PlansImage& trame, const Cible& cible) {
   const Plan& source = trame.Plans[0];
   for (int ligne = 0; ligne < cible.Hauteur; ++ligne) {
     const auto* de = reinterpret_cast<const quint32*>(source.Octets + qptrdiff{ligne} * source.Pas);
     auto* vers = reinterpret_cast<quint32*>(cible.Octets + qptrdiff{ligne} * cible.Pas);
-    if (rougeDabord) {
+    if constexpr (kRougeDabord) {
       for (int x = 0; x < cible.Largeur; ++x) {
         const quint32 p = de[x];
         vers[x] = 0xFF000000U | ((p & 0xFFU) << 16) | (p & 0xFF00U) | ((p >> 16) & 0xFFU);
@@ -86,9 +87,10 @@ bool CopieQuatreOctets(const PlansImage& trame, const Cible& cible, bool rougeDa
 
 using ConversionSimple = decltype(&libyuv::RAWToARGB);
 
-bool ConvertitSimple(ConversionSimple conversion, const PlansImage& trame, const Cible& cible) {
+template <ConversionSimple kConversion>
+bool ConvertitSimple(const PlansImage& trame, const Cible& cible) {
   const Plan& source = trame.Plans[0];
-  return conversion(source.Octets, source.Pas, cible.Octets, cible.Pas, cible.Largeur, cible.Hauteur) == 0;
+  return kConversion(source.Octets, source.Pas, cible.Octets, cible.Pas, cible.Largeur, cible.Hauteur) == 0;
 }
 
 bool ConvertitGris(const PlansImage& trame, const Cible& cible) {
@@ -97,38 +99,33 @@ bool ConvertitGris(const PlansImage& trame, const Cible& cible) {
                                   cible.Hauteur) == 0;
 }
 
-bool Convertit(const PlansImage& trame, const Cible& cible) {
-  switch (trame.Format) {
-    case GST_VIDEO_FORMAT_I420:
-    case GST_VIDEO_FORMAT_YV12:
-      return ConvertitPlanaire(libyuv::I420ToARGBMatrix, trame, cible);
-    case GST_VIDEO_FORMAT_Y42B:
-      return ConvertitPlanaire(libyuv::I422ToARGBMatrix, trame, cible);
-    case GST_VIDEO_FORMAT_Y444:
-      return ConvertitPlanaire(libyuv::I444ToARGBMatrix, trame, cible);
-    case GST_VIDEO_FORMAT_NV12:
-      return ConvertitDeuxPlans(libyuv::NV12ToARGBMatrix, trame, cible);
-    case GST_VIDEO_FORMAT_NV21:
-      return ConvertitDeuxPlans(libyuv::NV21ToARGBMatrix, trame, cible);
-    case GST_VIDEO_FORMAT_YUY2:
-      return ConvertitEntrelace(libyuv::YUY2ToI422, trame, cible);
-    case GST_VIDEO_FORMAT_UYVY:
-      return ConvertitEntrelace(libyuv::UYVYToI422, trame, cible);
-    case GST_VIDEO_FORMAT_BGRx:
-    case GST_VIDEO_FORMAT_BGRA:
-      return CopieQuatreOctets(trame, cible, false);
-    case GST_VIDEO_FORMAT_RGBx:
-    case GST_VIDEO_FORMAT_RGBA:
-      return CopieQuatreOctets(trame, cible, true);
-    case GST_VIDEO_FORMAT_RGB:
-      return ConvertitSimple(libyuv::RAWToARGB, trame, cible);
-    case GST_VIDEO_FORMAT_BGR:
-      return ConvertitSimple(libyuv::RGB24ToARGB, trame, cible);
-    case GST_VIDEO_FORMAT_GRAY8:
-      return ConvertitGris(trame, cible);
-    default:
-      return false;
-  }
+struct Conversion {
+  GstVideoFormat Format;
+  bool (*Convertit)(const PlansImage&, const Cible&);
+};
+
+// In the order in which they are asked for where a camera or a decoder offers several: what costs least first.
+constexpr std::array kConversions = std::to_array<Conversion>({
+    {GST_VIDEO_FORMAT_I420, ConvertitPlanaire<libyuv::I420ToARGBMatrix>},
+    {GST_VIDEO_FORMAT_NV12, ConvertitDeuxPlans<libyuv::NV12ToARGBMatrix>},
+    {GST_VIDEO_FORMAT_YUY2, ConvertitEntrelace<libyuv::YUY2ToI422>},
+    {GST_VIDEO_FORMAT_BGRx, CopieQuatreOctets<false>},
+    {GST_VIDEO_FORMAT_UYVY, ConvertitEntrelace<libyuv::UYVYToI422>},
+    {GST_VIDEO_FORMAT_NV21, ConvertitDeuxPlans<libyuv::NV21ToARGBMatrix>},
+    {GST_VIDEO_FORMAT_YV12, ConvertitPlanaire<libyuv::I420ToARGBMatrix>},
+    {GST_VIDEO_FORMAT_Y42B, ConvertitPlanaire<libyuv::I422ToARGBMatrix>},
+    {GST_VIDEO_FORMAT_Y444, ConvertitPlanaire<libyuv::I444ToARGBMatrix>},
+    {GST_VIDEO_FORMAT_BGRA, CopieQuatreOctets<false>},
+    {GST_VIDEO_FORMAT_RGBx, CopieQuatreOctets<true>},
+    {GST_VIDEO_FORMAT_RGBA, CopieQuatreOctets<true>},
+    {GST_VIDEO_FORMAT_BGR, ConvertitSimple<libyuv::RGB24ToARGB>},
+    {GST_VIDEO_FORMAT_RGB, ConvertitSimple<libyuv::RAWToARGB>},
+    {GST_VIDEO_FORMAT_GRAY8, ConvertitGris},
+});
+
+const Conversion* TrouveConversion(GstVideoFormat format) {
+  const auto trouve = std::ranges::find(kConversions, format, &Conversion::Format);
+  return trouve == kConversions.end() ? nullptr : &*trouve;
 }
 
 }  // namespace
@@ -145,13 +142,12 @@ const libyuv::YuvConstants* MatriceDe(const PlansImage& trame) {
   }
 }
 
-bool FormatConvertible(GstVideoFormat format) {
-  static constexpr std::array kFormats = {GST_VIDEO_FORMAT_I420, GST_VIDEO_FORMAT_NV12, GST_VIDEO_FORMAT_YUY2,
-                                          GST_VIDEO_FORMAT_BGRx, GST_VIDEO_FORMAT_UYVY, GST_VIDEO_FORMAT_NV21,
-                                          GST_VIDEO_FORMAT_YV12, GST_VIDEO_FORMAT_Y42B, GST_VIDEO_FORMAT_Y444,
-                                          GST_VIDEO_FORMAT_BGRA, GST_VIDEO_FORMAT_RGBx, GST_VIDEO_FORMAT_RGBA,
-                                          GST_VIDEO_FORMAT_BGR,  GST_VIDEO_FORMAT_RGB,  GST_VIDEO_FORMAT_GRAY8};
-  return std::find(kFormats.begin(), kFormats.end(), format) != kFormats.end();
+bool FormatConvertible(GstVideoFormat format) { return TrouveConversion(format) != nullptr; }
+
+GstCaps* DonneCapsBruts() {
+  QByteArrayList formats;
+  for (const Conversion& conversion : kConversions) formats.append(gst_video_format_to_string(conversion.Format));
+  return gst_caps_from_string("video/x-raw, format=(string){ " + formats.join(", ") + " }");
 }
 
 bool EstPlanaire(GstVideoFormat format) {
@@ -180,7 +176,9 @@ PlansImage PlansDe(const GstVideoFrame& trame) {
 
 bool ConvertitImage(const PlansImage& plans, QImage& image) {
   if (image.size() != QSize(plans.Largeur, plans.Hauteur)) return false;
-  return Convertit(plans, {image.bits(), static_cast<int>(image.bytesPerLine()), plans.Largeur, plans.Hauteur});
+  const Conversion* conversion = TrouveConversion(plans.Format);
+  return conversion != nullptr && conversion->Convertit(plans, {image.bits(), static_cast<int>(image.bytesPerLine()),
+                                                                plans.Largeur, plans.Hauteur});
 }
 
 bool ConvertitImage(const GstVideoFrame& trame, QImage& image) { return ConvertitImage(PlansDe(trame), image); }

@@ -10,9 +10,10 @@
 
 namespace vaktor {
 
-/// Raw formats that are converted here; caps for the end of a pipeline. Any other raw format needs an element before.
-extern const char* const kCapsBruts;
+/// Raw formats that are converted here. Any other needs an element before.
 bool FormatConvertible(GstVideoFormat format);
+/// All of them as caps for the end of a pipeline; the caller owns them.
+GstCaps* DonneCapsBruts();
 
 /// A raw frame as it lies in memory, whoever holds it.
 struct PlansImage {

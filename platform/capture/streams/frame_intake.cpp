@@ -24,7 +24,7 @@ GstPadProbeReturn PrometMetaVideo(GstPad*, GstPadProbeInfo* info, gpointer) {
 }
 
 PtrGst<GstCaps> CapsAcceptes() {
-  GstCaps* caps = gst_caps_from_string(kCapsBruts);
+  GstCaps* caps = DonneCapsBruts();
   gst_caps_append(caps, gst_caps_new_empty_simple("image/jpeg"));
   return PtrGst<GstCaps>(caps);
 }
