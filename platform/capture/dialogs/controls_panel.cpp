@@ -118,6 +118,14 @@ QWidget* PanneauReglages::FaitEntier(const ReglageCamera& reglage) {
     curseur->setValue(echelle.Position(v));
     Regle(numero, v);
   });
+  Montres_.insert(reglage.Numero, [curseur, valeur](const ReglageCamera& lu) {
+    curseur->setEnabled(lu.Actif);
+    valeur->setEnabled(lu.Actif);
+    // What is shown comes from the camera: it must not be sent back to it. The same in the lines of other kinds.
+    const QSignalBlocker silence1(curseur), silence2(valeur);
+    valeur->setValue(lu.Valeur);
+    if (!curseur->isSliderDown()) curseur->setValue(Echelle(lu).Position(lu.Valeur));
+  });
   return boite;
 }
 
@@ -126,6 +134,11 @@ QWidget* PanneauReglages::FaitBooleen(const ReglageCamera& reglage) {
   coche->setObjectName(NomControle("ReglageCoche", reglage.Numero));
   coche->setAccessibleName(NomAffiche(reglage));
   connect(coche, &QCheckBox::toggled, this, [this, numero = reglage.Numero](bool oui) { Regle(numero, oui ? 1 : 0); });
+  Montres_.insert(reglage.Numero, [coche](const ReglageCamera& lu) {
+    coche->setEnabled(lu.Actif);
+    const QSignalBlocker silence(coche);
+    coche->setChecked(lu.Valeur != 0);
+  });
   return coche;
 }
 
@@ -138,6 +151,11 @@ QWidget* PanneauReglages::FaitMenu(const ReglageCamera& reglage) {
     if (!reglage.Choix.at(valeur).isEmpty()) menu->addItem(NomChoix(reglage.Choix.at(valeur), Langue_), valeur);
   connect(menu, &QComboBox::currentIndexChanged, this,
           [this, menu, numero = reglage.Numero](int) { Regle(numero, menu->currentData().toInt()); });
+  Montres_.insert(reglage.Numero, [menu](const ReglageCamera& lu) {
+    menu->setEnabled(lu.Actif);
+    const QSignalBlocker silence(menu);
+    menu->setCurrentIndex(menu->findData(lu.Valeur));
+  });
   return menu;
 }
 
@@ -190,18 +208,8 @@ void PanneauReglages::Relit() {
 }
 
 void PanneauReglages::MontreValeur(const ReglageCamera& reglage) {
-  auto* curseur = findChild<QSlider*>(NomControle("ReglageCurseur", reglage.Numero));
-  auto* valeur = findChild<QSpinBox*>(NomControle("ReglageValeur", reglage.Numero));
-  auto* coche = findChild<QCheckBox*>(NomControle("ReglageCoche", reglage.Numero));
-  auto* menu = findChild<QComboBox*>(NomControle("ReglageMenu", reglage.Numero));
-  for (QWidget* controle : std::initializer_list<QWidget*>{curseur, valeur, coche, menu})
-    if (controle != nullptr) controle->setEnabled(reglage.Actif);
-  // What is shown comes from the camera: it must not be sent back to it.
-  const QSignalBlocker silence1(curseur), silence2(valeur), silence3(coche), silence4(menu);
-  if (valeur != nullptr) valeur->setValue(reglage.Valeur);
-  if (curseur != nullptr && !curseur->isSliderDown()) curseur->setValue(Echelle(reglage).Position(reglage.Valeur));
-  if (coche != nullptr) coche->setChecked(reglage.Valeur != 0);
-  if (menu != nullptr) menu->setCurrentIndex(menu->findData(reglage.Valeur));
+  const auto montre = Montres_.constFind(reglage.Numero);
+  if (montre != Montres_.cend()) (*montre)(reglage);
 }
 
 }  // namespace vaktor

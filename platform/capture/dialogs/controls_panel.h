@@ -7,6 +7,7 @@
 #include <QString>
 #include <QTimer>
 #include <QWidget>
+#include <functional>
 
 #include "platform/capture/devices/v4l2_device.h"
 #include "texts/language.h"
@@ -52,6 +53,7 @@ class PanneauReglages : public QWidget {
   AccesPeripheriques& Acces_;
   const QString Noeud_;
   QList<ReglageCamera> Reglages_;
+  QHash<quint32, std::function<void(const ReglageCamera&)>> Montres_;  ///< what shows a control's value in its line
   QTimer Relecture_;  ///< one control can change others (an automatic): all are read again soon after a change
 };
 
