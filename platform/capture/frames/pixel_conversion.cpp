@@ -66,6 +66,12 @@ bool ConvertitEntrelace(const PlansImage& trame, const Cible& cible) {
   return true;
 }
 
+// YUY2 with its two colours the other way round.
+int YvyuToI422(const quint8* de, int pas, quint8* y, int pasY, quint8* u, int pasU, quint8* v, int pasV, int largeur,
+               int hauteur) {
+  return libyuv::YUY2ToI422(de, pas, y, pasY, v, pasV, u, pasU, largeur, hauteur);
+}
+
 // 32-bit pixels: the fourth byte of what comes is anything.
 template <bool kRougeDabord>
 bool CopieQuatreOctets(const PlansImage& trame, const Cible& cible) {
@@ -121,6 +127,7 @@ constexpr std::array kConversions = std::to_array<Conversion>({
     {GST_VIDEO_FORMAT_BGR, ConvertitSimple<libyuv::RGB24ToARGB>},
     {GST_VIDEO_FORMAT_RGB, ConvertitSimple<libyuv::RAWToARGB>},
     {GST_VIDEO_FORMAT_GRAY8, ConvertitGris},
+    {GST_VIDEO_FORMAT_YVYU, ConvertitEntrelace<YvyuToI422>},
 });
 
 const Conversion* TrouveConversion(GstVideoFormat format) {

@@ -116,7 +116,8 @@ INSTANTIATE_TEST_SUITE_P(
                     CasYuv{GST_VIDEO_FORMAT_NV12, "bt709", k709}, CasYuv{GST_VIDEO_FORMAT_NV21, "bt601", k601},
                     CasYuv{GST_VIDEO_FORMAT_YV12, "bt601", k601}, CasYuv{GST_VIDEO_FORMAT_YUY2, "bt601", k601},
                     CasYuv{GST_VIDEO_FORMAT_YUY2, "bt709", k709}, CasYuv{GST_VIDEO_FORMAT_UYVY, "1:4:0:0", k601Pleine},
-                    CasYuv{GST_VIDEO_FORMAT_Y42B, "bt601", k601}, CasYuv{GST_VIDEO_FORMAT_Y444, "bt709", k709}));
+                    CasYuv{GST_VIDEO_FORMAT_YVYU, "bt601", k601}, CasYuv{GST_VIDEO_FORMAT_Y42B, "bt601", k601},
+                    CasYuv{GST_VIDEO_FORMAT_Y444, "bt709", k709}));
 
 class ConversionRvb : public testing::TestWithParam<GstVideoFormat> {};
 
