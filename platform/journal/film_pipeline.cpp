@@ -4,7 +4,6 @@
 #include <fcntl.h>
 #include <gst/app/gstappsrc.h>
 #include <gst/gst.h>
-#include <turbojpeg.h>
 #include <unistd.h>
 
 #include <QFile>
@@ -15,14 +14,12 @@
 #include <memory>
 #include <mutex>
 
-#include "base/jpeg_end.h"
 #include "base/photo_format.h"
-#include "platform/base/system_files.h"
+#include "platform/journal/film_photo.h"
 
 namespace vaktor {
 namespace {
 
-constexpr qint64 kPhotoMax = 64LL * 1024 * 1024;
 constexpr guint64 kEnFile = 8ULL * 1024 * 1024;  // bytes of photos that wait for the muxer
 constexpr GstClockTime kRegard = 20 * GST_MSECOND;
 /// In the order of how well they do; each of them comes with a package of its own.
@@ -31,9 +28,6 @@ constexpr std::array<const char*, 5> kEncodeurs = {"x264enc", "openh264enc", "va
 
 struct LibereObjet {
   void operator()(void* objet) const { gst_object_unref(objet); }
-};
-struct LiberePoignee {
-  void operator()(void* poignee) const { tjDestroy(poignee); }
 };
 template <typename T>
 using Objet = std::unique_ptr<T, LibereObjet>;
@@ -46,27 +40,6 @@ const char* TrouveEncodeur() {
   for (const char* encodeur : kEncodeurs)
     if (Existe(encodeur)) return encodeur;
   return nullptr;
-}
-
-/// The whole file of a photo and its size; empty for one that is none, or not whole.
-struct PhotoDuFilm {
-  QByteArray Octets;
-  QSize Taille;
-};
-
-PhotoDuFilm LitPhoto(const QString& chemin) {
-  QFile fichier(CheminNatif(chemin));
-  if (!fichier.open(QIODevice::ReadOnly) || fichier.size() > kPhotoMax) return {};
-  PhotoDuFilm photo{fichier.readAll(), {}};
-  const std::unique_ptr<void, LiberePoignee> decodeur(tjInitDecompress());
-  if (!decodeur || FinJpeg(photo.Octets) < 0) return {};
-  int largeur = 0, hauteur = 0, sousEchantillons = 0, couleurs = 0;
-  if (tjDecompressHeader3(decodeur.get(), reinterpret_cast<const unsigned char*>(photo.Octets.constData()),
-                          static_cast<unsigned long>(photo.Octets.size()), &largeur, &hauteur, &sousEchantillons,
-                          &couleurs) != 0)
-    return {};
-  photo.Taille = {largeur, hauteur};
-  return photo;
 }
 
 class Film {
@@ -90,7 +63,7 @@ class Film {
     }
     ::close(place);
     for (qsizetype i = 0; i < Voulu_.Chemins.size() && !EstArrete(); ++i) {
-      Prend(LitPhoto(Voulu_.Chemins.at(i)), Voulu_.Instants.at(i));
+      Prend(LitPhotoDuFilm(Voulu_.Chemins.at(i)), Voulu_.Instants.at(i));
       avance(static_cast<int>(i) + 1);
     }
     if (!EstArrete() && !Source_) {

@@ -30,11 +30,13 @@ QSize ChoisitEchelle(const QSize& entiere, const QSize& taille) {
   return entiere;
 }
 
-Vignette Decode(const QByteArray& octets, const QSize& place) {
+}  // namespace
+
+Vignette DecodeVignette(QByteArrayView octets, const QSize& place) {
   const std::unique_ptr<void, LiberePoignee> decodeur(tjInitDecompress());
   if (!decodeur) return {.Etat = EtatPhoto::kSansMoyens};
   int largeur = 0, hauteur = 0, sousEchantillons = 0, couleurs = 0;
-  const auto* debut = reinterpret_cast<const unsigned char*>(octets.constData());
+  const auto* debut = reinterpret_cast<const unsigned char*>(octets.data());
   const auto longueur = static_cast<unsigned long>(octets.size());
   tjDecompressHeader3(decodeur.get(), debut, longueur, &largeur, &hauteur, &sousEchantillons, &couleurs);
   const QSize entiere(largeur, hauteur);
@@ -53,8 +55,6 @@ Vignette Decode(const QByteArray& octets, const QSize& place) {
   if (decodee != montree) image = image.scaled(montree, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
   return {.Etat = EtatPhoto::kLue, .Image = std::move(image), .Entiere = entiere};
 }
-
-}  // namespace
 
 LecteurVignettesSysteme::LecteurVignettesSysteme(Decodage decodage, std::chrono::milliseconds patience)
     : Decodage_(std::move(decodage)),
@@ -77,7 +77,7 @@ Vignette LitVignetteJpeg(const QString& chemin, const QSize& taille) {
   if (fichier.size() > kOctetsMax) return {.Etat = EtatPhoto::kTropGrande};
   const QByteArray octets = fichier.readAll();
   if (fichier.error() != QFileDevice::NoError) return {.Etat = EtatPhoto::kAbsente};
-  return Decode(octets, taille);
+  return DecodeVignette(octets, taille);
 }
 
 }  // namespace vaktor

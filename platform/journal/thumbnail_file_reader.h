@@ -2,6 +2,7 @@
 // Small pictures of photos of the real machine.
 #pragma once
 
+#include <QByteArrayView>
 #include <chrono>
 #include <functional>
 
@@ -26,9 +27,11 @@ class LecteurVignettesSysteme : public LecteurVignettes {
   QuestionPatiente<Vignette> Question_;
 };
 
-/// By TurboJPEG, which decodes in eighths of the sides: the least that is not smaller than `taille`, and then smoothly
-/// to it. Files beyond 64 MB, and pictures in several passes that would need too much memory, are kTropGrande. From any
-/// thread.
+/// Any bytes as the picture of a card. By TurboJPEG, which decodes in eighths of the sides: the least that is not
+/// smaller than `taille`, and then smoothly to it. Pictures in several passes that would need too much memory are
+/// kTropGrande. From any thread.
+Vignette DecodeVignette(QByteArrayView octets, const QSize& taille);
+/// The same of a file, which is kTropGrande beyond 64 MB.
 Vignette LitVignetteJpeg(const QString& chemin, const QSize& taille);
 
 }  // namespace vaktor

@@ -13,6 +13,7 @@
 #include <cerrno>
 
 #include "platform/journal/film_file_writer.h"
+#include "platform/journal/film_photo.h"
 #include "platform/journal/film_pipeline.h"
 #include "platform/journal/thumbnail_file_reader.h"
 #include "support/small_disk.h"
@@ -70,6 +71,17 @@ class Film : public testing::Test {
     QFile fichier(nom);
     return fichier.open(QIODevice::ReadOnly) ? fichier.readAll() : QByteArray();
   }
+  static void Remplace(const QString& nom, const QByteArray& octets) {
+    QFile fichier(nom);
+    ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+    fichier.write(octets);
+  }
+  /// The photo with other sides in its header: what is behind it is not enough for them.
+  static QByteArray Geante(const QByteArray& octets) {
+    QByteArray geante = octets;
+    const qsizetype tete = geante.indexOf("\xff\xc0");
+    return geante.replace(tete + 5, 4, QByteArray("\x4e\x20\x4e\x20", 4));  // 20,000 each
+  }
   FilmFait Fait() {
     return FaitFilm(Voulu, Abandon, [this](int photos) { Avancees = photos; });
   }
@@ -112,6 +124,38 @@ TEST_F(Film, IsMadeWithoutPhotosThatAreGoneDamagedOrOfAnotherSizeAndSaysHowMany)
   const QList<ImageLue> images = LitImages(Voulu.Sortie, "matroskademux");
   ASSERT_EQ(images.size(), 9);
   EXPECT_EQ(images[0].Ms, 0) << "it begins with its first picture";
+}
+
+TEST_F(Film, HugePhotosAreInNoFilmAndOnNoCard) {
+  Remplace(Voulu.Chemins[3], Geante(Octets(Voulu.Chemins[3])));
+  QFile longue(Voulu.Chemins[4]);
+  ASSERT_TRUE(longue.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(longue.resize(kPhotoFilmMax + 1));  // of holes: it takes no room
+  longue.close();
+  const FilmFait fait = Fait();
+  ASSERT_EQ(fait.Etat, EtatFilm::kFait) << fait.Mots.toStdString();
+  EXPECT_EQ(fait.Manquantes, 2);
+  EXPECT_EQ(LitVignetteJpeg(Voulu.Chemins[3], QSize(176, 132)).Etat, EtatPhoto::kTropGrande);
+  EXPECT_EQ(LitVignetteJpeg(Voulu.Chemins[4], QSize(176, 132)).Etat, EtatPhoto::kTropGrande);
+}
+
+// Its end is there and its middle is not: players show what they can of it.
+TEST_F(Film, DamageInsidePhotosEndsNoFilm) {
+  for (const int i : {0, 4, 5, 6, 11}) {
+    QByteArray abimee = Octets(Voulu.Chemins[i]);
+    const qsizetype debut = abimee.indexOf("\xff\xda") + 14;
+    for (qsizetype k = debut; k < abimee.size() - 2; ++k) abimee[k] = static_cast<char>(k % 251);
+    Remplace(Voulu.Chemins[i], abimee);
+  }
+  ASSERT_EQ(Fait().Etat, EtatFilm::kFait);
+  EXPECT_EQ(LitImages(Voulu.Sortie, "matroskademux").size(), 12);
+  EXPECT_NE(LitVignetteJpeg(Voulu.Chemins[4], QSize(176, 132)).Etat, EtatPhoto::kTropGrande);
+  if (!SaitFilm(FormatFilm::kMp4)) GTEST_SKIP() << "no encoder";
+  Voulu.Format = FormatFilm::kMp4;
+  Voulu.Sortie = Dossier.filePath(QStringLiteral("film.mp4"));
+  const FilmFait fait = Fait();
+  ASSERT_EQ(fait.Etat, EtatFilm::kFait) << fait.Mots.toStdString();
+  EXPECT_GE(LitImages(Voulu.Sortie, "qtdemux ! h264parse ! avdec_h264").size(), 7);
 }
 
 TEST_F(Film, WithoutAnyPhotoNothingIsLeftAndWhatWasThereStays) {
