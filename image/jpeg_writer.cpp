@@ -24,8 +24,10 @@ void EcrivainJpegFichier::EnregistreJPEG(const QImage& image, const QString& fic
   VerifieEcriture(Disque_.EcritFichier(fichier, Encode(image, qualite)));
 }
 
-void EcrivainJpegFichier::EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) {
-  VerifieEcriture(Disque_.EcritNouveauFichier(fichier, Encode(image, qualite)));
+QString EcrivainJpegFichier::EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) {
+  QString devenu;
+  VerifieEcriture(Disque_.EcritNouveauFichier(fichier, Encode(image, qualite), &devenu));
+  return devenu;
 }
 
 // The file is opened only once its bytes are there, so a picture that cannot be encoded leaves an earlier file alone.

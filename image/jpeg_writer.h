@@ -36,8 +36,9 @@ class EcrivainJpeg {
   /// A disk that does not answer fails like one that cannot be written to; its file may still come into being later.
   virtual void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) = 0;
   /// The same for a photo, which has to stay: a file that is there already is never replaced, a letter then follows in
-  /// the new one's name. It is on its way to the medium when the call returns.
-  virtual void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) = 0;
+  /// the new one's name, which is given back: a path with "/" between the folders. It is on its way to the medium when
+  /// the call returns.
+  virtual QString EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) = 0;
 };
 
 /// The writer over its two ports. Holds nothing between two calls. User-interface thread.
@@ -45,7 +46,7 @@ class EcrivainJpegFichier : public EcrivainJpeg {
  public:
   EcrivainJpegFichier(EncodeurJpeg& encodeur, Fichiers& disque) : Encodeur_(encodeur), Disque_(disque) {}
   void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) override;
-  void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override;
+  QString EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override;
 
   /// The status for an error number of Fichiers::EcritFichier (errno; 0 gives kReussi).
   static StatutJpeg StatutEcriture(int erreur);

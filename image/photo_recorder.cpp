@@ -41,11 +41,10 @@ void EnregistreurPhotos::EnregistrePhoto() {
   const QString nom = DateJour_ + QStringLiteral("  ") + heure + QStringLiteral(" Photo ") + numero + kFinPhoto;
 
   RevoitConditions(true);
-  if (VeutPhoto() && EcritCopie(PannePhoto_, reglages.RepertoirePhoto, nom, kQualitePhoto) && Ports_.SurPhoto)
-    Ports_.SurPhoto(QString(reglages.RepertoirePhoto).replace(u'\\', u'/') + u'/' + nom);
+  if (VeutPhoto()) EcritCopie(PannePhoto_, reglages.RepertoirePhoto, nom, kQualitePhoto, Ports_.SurPhoto);
   // Not reached when the first copy has just failed. Depends neither on the limit nor on PhotoActif.
   if (Ports_.LiveActif() && (!Ports_.CopieBienvenue || Ports_.CopieBienvenue()))
-    EcritCopie(PanneLive_, DossierLive(), nom, reglages.QualiteJpeg);
+    EcritCopie(PanneLive_, DossierLive(), nom, reglages.QualiteJpeg, Ports_.SurCopie);
 }
 
 // Strictly below: a run saves one photo less than its limit, and with a limit of 1 none.
@@ -59,27 +58,30 @@ QString EnregistreurPhotos::DossierLive() const { return Ports_.Dossiers.Donnees
 // silence the alarm for good, so it is kept for a second. From then on somebody who moves is heard and mailed about
 // without photos, and the disk, which may be slow in refusing, is asked once a second and no longer at each frame. Each
 // copy has a failure of its own, since their disks may differ; but of both it takes only one second.
-bool EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite) {
+void EnregistreurPhotos::EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite,
+                                    const std::function<void(const QString&)>& temoin) {
   const qint32 tic = Ports_.Temps.CompteTics();
-  if (!panne.EssaiDu(tic)) return false;
+  if (!panne.EssaiDu(tic)) return;
+  QString ecrite;
   try {
-    EcritNouvelle(dossier + u'/' + nom, qualite);
+    ecrite = EcritNouvelle(dossier + u'/' + nom, qualite);
   } catch (const Echec& echec) {
     panne.Note(tic, dossier, DitPannePhotos(LangueParlee(Ports_.Reglages.LangueCourante), dossier, echec));
     SignalePannes();
-    if (PannePhoto_.Installee(tic) || PanneLive_.Installee(tic)) return false;
+    if (PannePhoto_.Installee(tic) || PanneLive_.Installee(tic)) return;
     throw;
   }
-  if (!panne.Dure()) return true;
-  panne.Oublie();
-  SignalePannes();
-  return true;
+  if (panne.Dure()) {
+    panne.Oublie();
+    SignalePannes();
+  }
+  if (temoin) temoin(ecrite);
 }
 
 // Want of memory is a failure like any other: told, and for a second only an end of the alarm.
-void EnregistreurPhotos::EcritNouvelle(const QString& fichier, quint8 qualite) {
+QString EnregistreurPhotos::EcritNouvelle(const QString& fichier, quint8 qualite) {
   try {
-    Ports_.Ecrivain.EnregistreNouveauJPEG(Ports_.Surface.Image(), fichier, qualite);
+    return Ports_.Ecrivain.EnregistreNouveauJPEG(Ports_.Surface.Image(), fichier, qualite);
   } catch (const Echec&) {
     throw;
   } catch (const std::exception&) {

@@ -29,8 +29,11 @@ struct PortsPhotos {
   RapportSante& Sante;
   /// Asked before each copy for the companions, which counts as written when the answer is yes; empty: always yes.
   std::function<bool()> CopieBienvenue = {};
-  /// Is told of each user's copy that was written: its path with "/" between the folders. Must not throw; may be empty.
+  /// Is told of each user's copy that was written: its path, as it was written, with "/" between the folders. Must not
+  /// throw; may be empty.
   std::function<void(const QString& fichier)> SurPhoto = {};
+  /// The same of each copy for the companions.
+  std::function<void(const QString& fichier)> SurCopie = {};
 };
 
 /// Owner: app/. User-interface thread.
@@ -73,9 +76,10 @@ class EnregistreurPhotos {
 
   bool VeutPhoto() const;
   QString DossierLive() const;
-  /// True when it is written.
-  bool EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite);
-  void EcritNouvelle(const QString& fichier, quint8 qualite);
+  /// Tells `temoin`, where there is one, when it is written.
+  void EcritCopie(PannePhotos& panne, const QString& dossier, const QString& nom, quint8 qualite,
+                  const std::function<void(const QString&)>& temoin);
+  QString EcritNouvelle(const QString& fichier, quint8 qualite);
   void RevoitPannes(bool alarmeArmee);
   void SignalePannes();
 

@@ -85,9 +85,11 @@ int FichiersSysteme::EcritFichier(const QString& chemin, QByteArrayView contenu)
   return RemplaceFichier(NomSysteme(chemin), contenu);
 }
 
-int FichiersSysteme::EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) {
+int FichiersSysteme::EcritNouveauFichier(const QString& chemin, QByteArrayView contenu, QString* devenu) {
   QByteArray nom = NomSysteme(chemin);
-  return CreeFichier(nom, contenu);
+  const int erreur = CreeFichier(nom, contenu);
+  if (erreur == 0 && devenu != nullptr) *devenu = QFile::decodeName(nom);
+  return erreur;
 }
 
 int RemplaceFichier(const QByteArray& nom, QByteArrayView contenu) {

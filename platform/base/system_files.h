@@ -23,7 +23,7 @@ class FichiersSysteme : public Fichiers {
   /// than a frame lasts. New files get mode 0666 less the umask.
   int EcritFichier(const QString& chemin, QByteArrayView contenu) override;
   /// The same; nobody asks for the disk itself here (platform/disk does).
-  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) override;
+  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu, QString* devenu = nullptr) override;
 };
 
 /// The two writings on native names, 0 or errno.

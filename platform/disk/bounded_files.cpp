@@ -58,16 +58,20 @@ int FichiersBornes::EcritFichier(const QString& chemin, QByteArrayView contenu) 
   return Ecrit(chemin, contenu, VoieEcriture::Maniere::kRemplace);
 }
 
-int FichiersBornes::EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) {
-  return Ecrit(chemin, contenu, VoieEcriture::Maniere::kNouveau);
+int FichiersBornes::EcritNouveauFichier(const QString& chemin, QByteArrayView contenu, QString* devenu) {
+  return Ecrit(chemin, contenu, VoieEcriture::Maniere::kNouveau, devenu);
 }
 
-int FichiersBornes::Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcriture::Maniere maniere) {
+int FichiersBornes::Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcriture::Maniere maniere,
+                          QString* devenu) {
   const QByteArray nom = QFile::encodeName(CheminNatif(chemin));
   // A photo of the root lies in "/", which is flushed like any other folder.
   const QByteArray dossier = nom.first(std::max<qsizetype>(nom.lastIndexOf('/'), nom.startsWith('/') ? 1 : 0));
   const Duree patience = Patience();  // before the lane is there: its own silence is no reason to wait less
-  return Voie(dossier).Ecrit(nom, contenu, maniere, patience);
+  QByteArray ecrit;
+  const int erreur = Voie(dossier).Ecrit(nom, contenu, maniere, patience, ecrit);
+  if (erreur == 0 && devenu != nullptr) *devenu = QFile::decodeName(ecrit);
+  return erreur;
 }
 
 // A folder that is not written to any more keeps its threads until there are too many of them: then those go that have

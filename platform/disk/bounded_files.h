@@ -40,7 +40,7 @@ class FichiersBornes : public Fichiers, public PertesVidage {
   bool Supprime(const QString& chemin) override;
   /// Each folder has a thread of its own (VoieEcriture). ETIMEDOUT for a disk that does not answer.
   int EcritFichier(const QString& chemin, QByteArrayView contenu) override;
-  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) override;
+  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu, QString* devenu = nullptr) override;
   /// Of EcritNouveauFichier; the other files are not flushed.
   std::optional<PerteVidage> PrendPerte() override;
 
@@ -61,7 +61,7 @@ class FichiersBornes : public Fichiers, public PertesVidage {
   Duree Patience() const;
   void RetireVoiesLibres();
   VoieEcriture& Voie(const QByteArray& dossier);
-  int Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcriture::Maniere maniere);
+  int Ecrit(const QString& chemin, QByteArrayView contenu, VoieEcriture::Maniere maniere, QString* devenu = nullptr);
 
   mutable TravauxBornes Travaux_;
   mutable std::optional<std::chrono::steady_clock::time_point> DernierSilence_;  // of a question

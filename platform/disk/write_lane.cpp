@@ -131,7 +131,8 @@ bool VoieEcriture::AssureFil() {
   return true;
 }
 
-int VoieEcriture::Ecrit(const QByteArray& nom, QByteArrayView contenu, Maniere maniere, Duree patience) {
+int VoieEcriture::Ecrit(const QByteArray& nom, QByteArrayView contenu, Maniere maniere, Duree patience,
+                        QByteArray& devenu) {
   if (!AssureFil()) return EAGAIN;
   const Horloge::time_point echeance = Horloge::now() + patience;
   Etat& etat = *Etat_;
@@ -149,6 +150,7 @@ int VoieEcriture::Ecrit(const QByteArray& nom, QByteArrayView contenu, Maniere m
   const quint64 commande = ++etat.Commande;
   etat.Change.notify_all();
   if (!attend([&etat, commande] { return etat.Rendue == commande; })) return ETIMEDOUT;
+  devenu = etat.Nom;
   return etat.Resultat;
 }
 

@@ -31,10 +31,11 @@ class VoieEcriture {
   VoieEcriture(const VoieEcriture&) = delete;
   VoieEcriture& operator=(const VoieEcriture&) = delete;
 
-  /// Writes a file of the folder and returns when it is whole and closed: 0, or errno. ETIMEDOUT after `patience`; from
+  /// Writes a file of the folder and returns when it is whole and closed: 0, and `devenu` is the name that it got, or
+  /// errno. ETIMEDOUT after `patience`; from
   /// then on at once, with nothing asked, until the disk has answered. Such a file may still come into being, whole;
   /// no other is begun before. One thread.
-  int Ecrit(const QByteArray& nom, QByteArrayView contenu, Maniere maniere, Duree patience);
+  int Ecrit(const QByteArray& nom, QByteArrayView contenu, Maniere maniere, Duree patience, QByteArray& devenu);
   /// The disk has not answered in time, and has not since.
   bool EstMuette() const;
   /// Nothing is being written.

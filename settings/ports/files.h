@@ -36,8 +36,9 @@ class Fichiers {
   /// file closed, else the system's error number (errno), with a partly written file left as it is.
   virtual int EcritFichier(const QString& chemin, QByteArrayView contenu) = 0;
   /// The same, but a file that is there already is left alone: the new one takes the next free name beside it
-  /// (base/next_name.h). For what has to stay: its way to the disk itself begins at once.
-  virtual int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) = 0;
+  /// (base/next_name.h), which `devenu`, where given, becomes when 0 is returned: a path with "/" between folders. For
+  /// what has to stay: its way to the disk itself begins at once.
+  virtual int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu, QString* devenu = nullptr) = 0;
 };
 
 }  // namespace vaktor

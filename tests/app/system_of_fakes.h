@@ -212,7 +212,7 @@ class DisqueNote : public Fichiers {
   std::optional<qint64> EspaceLibre(const QString&) const override { return Libre; }
   bool Supprime(const QString&) override { return false; }
   int EcritFichier(const QString&, QByteArrayView) override { return 0; }
-  int EcritNouveauFichier(const QString&, QByteArrayView) override { return 0; }
+  int EcritNouveauFichier(const QString&, QByteArrayView, QString*) override { return 0; }
   QStringList Existants;
   QStringList Muets;            ///< their disk does not answer
   std::optional<qint64> Libre;  ///< bytes; nothing: the question fails
@@ -229,10 +229,13 @@ class EcrivainNote : public EcrivainJpeg {
     Qualites[fichier] = qualite;
     if (Erreur != 0) throw EchecJpeg(EcrivainJpegFichier::StatutEcriture(Erreur), Erreur);
   }
-  void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
+  QString EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
     EnregistreJPEG(image, fichier, qualite);
+    QString ecrit = QString(fichier).replace(u'\\', u'/');
+    return DejaPris.isEmpty() ? ecrit : ecrit.replace(QStringLiteral(".jpg"), DejaPris);
   }
-  int Erreur = 0;  ///< errno of each writing
+  QString DejaPris;  ///< the name of each photo is taken: it ends so in place of ".jpg"
+  int Erreur = 0;    ///< errno of each writing
   QMap<QString, int> Qualites;
 
  private:

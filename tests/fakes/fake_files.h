@@ -76,10 +76,11 @@ class FauxFichiers : public Fichiers {
     Contenus_.remove(Cle(chemin));
     return !Existe(chemin);
   }
-  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu) override {
+  int EcritNouveauFichier(const QString& chemin, QByteArrayView contenu, QString* devenu = nullptr) override {
     QString libre = chemin;
     for (int rang = 1; Existe(libre); ++rang) libre = QString::fromUtf8(NomVoisin(chemin.toUtf8(), rang));
     Nouveaux += libre;
+    if (devenu != nullptr) *devenu = QString(libre).replace(u'\\', u'/');
     return EcritFichier(libre, contenu);
   }
   int EcritFichier(const QString& chemin, QByteArrayView contenu) override {

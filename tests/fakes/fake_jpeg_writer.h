@@ -22,14 +22,17 @@ class FauxEcrivainJpeg : public EcrivainJpeg {
   QList<Appel> Appels;   ///< in order, those that failed included
   int EchecsAVenir = 0;  ///< so many calls from now on fail, with the status below
   int StatutDesEchecs = 7;
+  QString DejaPris = {};          ///< the name of each new file is taken: it ends so in place of ".jpg"
   bool SansMemoire = false;       ///< each call finds no memory
   QMap<QString, int> ErreursPar;  ///< folders in which every call fails, with the system's error number
 
   void EnregistreJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
     Note({image, fichier, qualite, false});
   }
-  void EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
+  QString EnregistreNouveauJPEG(const QImage& image, const QString& fichier, quint8 qualite) override {
     Note({image, fichier, qualite, true});
+    QString ecrit = QString(fichier).replace(u'\\', u'/');
+    return DejaPris.isEmpty() ? ecrit : ecrit.replace(QStringLiteral(".jpg"), DejaPris);
   }
 
  private:

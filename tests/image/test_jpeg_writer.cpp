@@ -72,9 +72,10 @@ TEST_F(JpegWriter, APhotoReplacesNothingAndALiveImageTheOneBefore) {
   Ecrivain.EnregistreJPEG(Photo(), kFichier, 50);
   Ecrivain.EnregistreJPEG(Photo(), kFichier, 50);
   EXPECT_TRUE(Disque.Nouveaux.isEmpty());
-  Ecrivain.EnregistreNouveauJPEG(Photo(), kFichier, 50);
+  const QString devenu = Ecrivain.EnregistreNouveauJPEG(Photo(), kFichier, 50);
   ASSERT_EQ(Disque.Nouveaux.size(), 1);
   EXPECT_NE(Disque.Nouveaux.first(), kFichier) << "a letter follows in its name";
+  EXPECT_EQ(devenu, Disque.Nouveaux.first());
 }
 
 TEST_F(JpegWriter, HandsOverThePictureWithoutCopyOrChange) {

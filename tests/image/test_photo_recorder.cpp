@@ -46,6 +46,31 @@ class PhotoRecorder : public testing::Test {
   EnregistreurPhotos Recorder{{Reglages, Dossiers, Surface, Temps, Ecrivain, Disque, [this] { return Live; }, Sante}};
 };
 
+TEST_F(PhotoRecorder, WhoeverIsToldOfAPhotoHearsTheNameThatItGot) {
+  QStringList dits;
+  EnregistreurPhotos recorder{{Reglages,
+                               Dossiers,
+                               Surface,
+                               Temps,
+                               Ecrivain,
+                               Disque,
+                               [] { return true; },
+                               Sante,
+                               {},
+                               [&](const QString& fichier) { dits << QStringLiteral("photo ") + fichier; },
+                               [&](const QString& fichier) { dits << QStringLiteral("copy ") + fichier; }}};
+  recorder.FixeDateJour();
+  Reglages.RepertoirePhoto = QStringLiteral("/home/anna\\photos");
+  Ecrivain.DejaPris = QStringLiteral("a.jpg");
+  recorder.EnregistrePhoto();
+  EXPECT_EQ(dits,
+            (QStringList{QStringLiteral("photo /home/anna/photos/2026-11-15  14-05-09 Photo 00001a.jpg"),
+                         QStringLiteral("copy /home/anna/donnees/Temp/FTP/2026-11-15  14-05-09 Photo 00001a.jpg")}));
+  Ecrivain.EchecsAVenir = 1;
+  EXPECT_THROW(recorder.EnregistrePhoto(), Echec);
+  EXPECT_EQ(dits.size(), 2) << "of one that failed nobody hears";
+}
+
 TEST_F(PhotoRecorder, TheThirdPhotoHasItsName) {
   Enregistre(3);
   EXPECT_EQ(DernierFichier(), QStringLiteral("/home/anna/photos/2026-11-15  14-05-09 Photo 00003.jpg"));

@@ -132,6 +132,9 @@ TEST_F(SystemFiles, ANewFileTakesTheNextFreeNameBesideOneThatIsThere) {
                          QStringLiteral("Photo 00012b.jpg")}));
   EXPECT_EQ(Lit(Chemin(QStringLiteral("/Photo 00012.jpg"))), "1");
   EXPECT_EQ(Lit(Chemin(QStringLiteral("/Photo 00012b.jpg"))), "3");
+  QString devenu;
+  ASSERT_EQ(Disque.EcritNouveauFichier(nom, "4", &devenu), 0);
+  EXPECT_EQ(devenu, Chemin(QStringLiteral("/Photo 00012c.jpg")));
 }
 
 // A name may be taken without a file behind it.

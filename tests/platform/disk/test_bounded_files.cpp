@@ -50,7 +50,9 @@ TEST_F(BoundedFiles, APhotoThatIsThereIsNeverReplaced) {
   const QString nom = Chemin("/2026-11-15  14-05-09 Photo 00012.jpg");
   EXPECT_EQ(fichiers.EcritNouveauFichier(nom, "first"), 0);
   EXPECT_EQ(fichiers.EcritNouveauFichier(nom, "second"), 0);
-  EXPECT_EQ(fichiers.EcritNouveauFichier(nom, "third"), 0);
+  QString devenu;
+  EXPECT_EQ(fichiers.EcritNouveauFichier(nom, "third", &devenu), 0);
+  EXPECT_EQ(devenu, Chemin("/2026-11-15  14-05-09 Photo 00012b.jpg"));
   EXPECT_EQ(Lit(nom), "first");
   EXPECT_EQ(Lit(Chemin("/2026-11-15  14-05-09 Photo 00012a.jpg")), "second");
   EXPECT_EQ(Lit(Chemin("/2026-11-15  14-05-09 Photo 00012b.jpg")), "third");
