@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "journal/forms/form_player.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
@@ -17,14 +16,6 @@ namespace {
 constexpr int kTicMs = 15;  // twice as often as a photo of a camera of 30 frames comes
 constexpr std::array<double, 3> kVitesses = {0.5, 1, 2};
 constexpr QSize kTaille{760, 620};
-
-QPushButton* CreeBouton(QWidget* parent, const char* nom) {
-  auto* bouton = new QPushButton(parent);
-  bouton->setObjectName(QLatin1String(nom));
-  bouton->setFont(PoliceFrise(12));
-  bouton->setAutoDefault(true);
-  return bouton;
-}
 
 }  // namespace
 
@@ -78,17 +69,16 @@ void EcranLecture::paintEvent(QPaintEvent*) {
 }
 
 FrmLecture::FrmLecture(LecteurPhotos& photos, std::function<void()> enregistre)
-    : QWidget(nullptr, Qt::Window),
+    : FenetreFrise("FrmLecture"),
       Photos_(photos),
       Enregistre_(std::move(enregistre)),
       Ecran_(new EcranLecture(this)),
       LblPosition_(new QLabel(this)),
       Position_(new QSlider(Qt::Horizontal, this)),
-      CmdLecture_(CreeBouton(this, "CmdLecture")),
+      CmdLecture_(CreeBouton("CmdLecture")),
       ChkCadre_(new QCheckBox(this)),
-      CmdEnregistrer_(CreeBouton(this, "CmdEnregistrerFilm")),
-      CmdFermer_(CreeBouton(this, "CmdFermerLecture")) {
-  setObjectName(QStringLiteral("FrmLecture"));
+      CmdEnregistrer_(CreeBouton("CmdEnregistrerFilm")),
+      CmdFermer_(CreeBouton("CmdFermerLecture")) {
   LblPosition_->setObjectName(QStringLiteral("LblPosition"));
   LblPosition_->setFont(PoliceFrise(13, true));
   Position_->setObjectName(QStringLiteral("Position"));
@@ -96,7 +86,7 @@ FrmLecture::FrmLecture(LecteurPhotos& photos, std::function<void()> enregistre)
   ChkCadre_->setFont(PoliceFrise(12));
   ChkCadre_->setChecked(true);
   for (std::size_t i = 0; i < kVitesses.size(); ++i) {
-    CmdVitesse_[i] = CreeBouton(this, "CmdVitesse");
+    CmdVitesse_[i] = CreeBouton("CmdVitesse");
     CmdVitesse_[i]->setObjectName(QStringLiteral("CmdVitesse(%1)").arg(i));
     CmdVitesse_[i]->setCheckable(true);
     CmdVitesse_[i]->setAutoExclusive(true);
@@ -141,8 +131,7 @@ void FrmLecture::Ouvre(const IntrusionVue& vue, Langue langue, const AllureFrise
   Photos_.Oublie();
   Vue_ = vue;
   Langue_ = langue;
-  Allure_ = allure;
-  setStyleSheet(FeuilleFrise(allure));
+  Revet(allure);
   Film_ = LectureFilm(PlaceFilm(vue.Photos));
   for (std::size_t i = 0; i < kVitesses.size(); ++i)
     if (CmdVitesse_[i]->isChecked()) Film_.ChoisitVitesse(kVitesses[i]);
@@ -225,11 +214,10 @@ void FrmLecture::Recoit(qsizetype index, const PhotoLue& lue) {
   DemandePhoto();
 }
 
-void FrmLecture::closeEvent(QCloseEvent* evenement) {
+void FrmLecture::Repose() {
   Tic_.stop();
   Photos_.Oublie();
   Demandee_ = -1;
-  evenement->accept();
 }
 
 bool FrmLecture::eventFilter(QObject* objet, QEvent* evenement) {
@@ -259,17 +247,9 @@ void FrmLecture::keyPressEvent(QKeyEvent* evenement) {
     case Qt::Key_End:
       Va(Film_.Nombre() - 1);
       return;
-    case Qt::Key_Escape:
-      close();
-      return;
     default:
-      QWidget::keyPressEvent(evenement);
+      FenetreFrise::keyPressEvent(evenement);
   }
-}
-
-void FrmLecture::paintEvent(QPaintEvent*) {
-  QPainter peintre(this);
-  DessineTete(peintre, rect(), Allure_);
 }
 
 }  // namespace vaktor

@@ -15,7 +15,7 @@
 #include "image/ports/photo_reader.h"
 #include "journal/chronicle.h"
 #include "journal/film_pace.h"
-#include "journal/forms/timeline_look.h"
+#include "journal/forms/timeline_window.h"
 #include "texts/language.h"
 
 namespace vaktor {
@@ -42,7 +42,7 @@ class EcranLecture : public QWidget {
 
 /// Space plays and stops, the arrows show one photo after the other, Escape closes. A photo that is not there in time
 /// is passed over. User-interface thread.
-class FrmLecture : public QWidget {
+class FrmLecture : public FenetreFrise {
   Q_OBJECT
 
  public:
@@ -58,9 +58,8 @@ class FrmLecture : public QWidget {
   const IntrusionVue& Intrusion() const { return Vue_; }
 
  protected:
-  void closeEvent(QCloseEvent* evenement) override;
   void keyPressEvent(QKeyEvent* evenement) override;
-  void paintEvent(QPaintEvent* evenement) override;
+  void Repose() override;
   bool eventFilter(QObject* objet, QEvent* evenement) override;
 
  private:
@@ -78,7 +77,6 @@ class FrmLecture : public QWidget {
   const std::function<void()> Enregistre_;
   IntrusionVue Vue_;
   Langue Langue_ = Langue::kFrancais;
-  AllureFrise Allure_;
   LectureFilm Film_{{}};
   qsizetype Demandee_ = -1;  // is being read
   qsizetype Montree_ = -1;

@@ -1,10 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "journal/forms/form_timeline.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QScrollBar>
 #include <QVBoxLayout>
 
@@ -17,14 +15,6 @@ constexpr QSize kTaille{812, 712};
 constexpr int kMarge = 14;
 constexpr int kRelectureMs = 1500;  // behind a new line: an intrusion has several
 
-QPushButton* CreeBouton(QWidget* parent, const char* nom) {
-  auto* bouton = new QPushButton(parent);
-  bouton->setObjectName(QLatin1String(nom));
-  bouton->setFont(PoliceFrise(12));
-  bouton->setAutoDefault(true);
-  return bouton;
-}
-
 QLabel* CreeTexte(QWidget* parent, const char* nom, const QFont& police) {
   auto* texte = new QLabel(parent);
   texte->setObjectName(QLatin1String(nom));
@@ -36,22 +26,21 @@ QLabel* CreeTexte(QWidget* parent, const char* nom, const QFont& police) {
 }  // namespace
 
 FrmFrise::FrmFrise(ServicesFrise services)
-    : QWidget(nullptr, Qt::Window),
+    : FenetreFrise("FrmFrise"),
       Services_(std::move(services)),
       LblJour_(CreeTexte(this, "LblJour", PoliceFrise(18, true))),
       LblJournee_(CreeTexte(this, "LblJournee", PoliceFrise(13))),
       CmdAvant_(CreeFleche("CmdAvant", Qt::LeftArrow)),
       CmdApres_(CreeFleche("CmdApres", Qt::RightArrow)),
-      CmdAujourdhui_(CreeBouton(this, "CmdAujourdhui")),
+      CmdAujourdhui_(CreeBouton("CmdAujourdhui")),
       Bande_(new BandeFrise(this)),
       Cartes_(new ListeCartes(this, Services_.Vignettes)),
       LblEtat_(CreeTexte(this, "LblEtat", PoliceFrise(12))),
-      CmdRegarder_(CreeBouton(this, "CmdRegarder")),
-      CmdEnregistrer_(CreeBouton(this, "CmdEnregistrer")),
-      CmdSupprimer_(CreeBouton(this, "CmdSupprimer")),
-      CmdFermer_(CreeBouton(this, "CmdFermerFrise")),
+      CmdRegarder_(CreeBouton("CmdRegarder")),
+      CmdEnregistrer_(CreeBouton("CmdEnregistrer")),
+      CmdSupprimer_(CreeBouton("CmdSupprimer")),
+      CmdFermer_(CreeBouton("CmdFermerFrise")),
       Sauvegarde_(std::make_unique<SauvegardeFilm>(Services_.Films, Services_.Dialogue, Services_.Boites)) {
-  setObjectName(QStringLiteral("FrmFrise"));
   setFont(PoliceFrise(12));
   Relecture_.setSingleShot(true);
   Relecture_.setInterval(kRelectureMs);
@@ -147,10 +136,10 @@ void FrmFrise::NoteChangement() {
 
 void FrmFrise::Habille() {
   const Langue langue = DonneLangue();
-  Allure_ = ChoisitAllure(Services_.Reglages.IndexSkin, devicePixelRatioF());
-  setStyleSheet(FeuilleFrise(Allure_) + QStringLiteral("#ListeCartes{background:transparent;border:none;}"));
-  Bande_->ChoisitAllure(Allure_);
-  Cartes_->ChoisitAllure(Allure_);
+  Revet(ChoisitAllure(Services_.Reglages.IndexSkin, devicePixelRatioF()),
+        QStringLiteral("#ListeCartes{background:transparent;border:none;}"));
+  Bande_->ChoisitAllure(Allure());
+  Cartes_->ChoisitAllure(Allure());
   setWindowTitle(TitreFrise(langue));
   CmdRegarder_->setText(MotRegarder(langue));
   CmdEnregistrer_->setText(MotEnregistrer(langue));
@@ -158,7 +147,6 @@ void FrmFrise::Habille() {
   CmdFermer_->setText(MotFermerFrise(langue));
   CmdAujourdhui_->setText(MotAujourdhui(langue));
   if (Chronique_) MontreJour(Jour_);
-  update();
 }
 
 void FrmFrise::Relit() {
@@ -243,7 +231,7 @@ void FrmFrise::Regarde() {
     Lecteur_ = std::make_unique<FrmLecture>(
         Services_.Photos, [this] { Sauvegarde_->Enregistre(Lecteur_.get(), Lecteur_->Intrusion(), DonneLangue()); });
   }
-  Lecteur_->Ouvre(*choisie, DonneLangue(), Allure_);
+  Lecteur_->Ouvre(*choisie, DonneLangue(), Allure());
 }
 
 void FrmFrise::Enregistre() {
@@ -264,11 +252,10 @@ void FrmFrise::Supprime() {
   });
 }
 
-void FrmFrise::closeEvent(QCloseEvent* evenement) {
+void FrmFrise::Repose() {
   Relecture_.stop();
   Services_.Chroniques.Oublie();
   if (Lecteur_) Lecteur_->close();
-  evenement->accept();
 }
 
 void FrmFrise::keyPressEvent(QKeyEvent* evenement) {
@@ -282,17 +269,9 @@ void FrmFrise::keyPressEvent(QKeyEvent* evenement) {
     case Qt::Key_F5:
       Relit();
       return;
-    case Qt::Key_Escape:
-      close();
-      return;
     default:
-      QWidget::keyPressEvent(evenement);
+      FenetreFrise::keyPressEvent(evenement);
   }
-}
-
-void FrmFrise::paintEvent(QPaintEvent*) {
-  QPainter peintre(this);
-  DessineTete(peintre, rect(), Allure_);
 }
 
 }  // namespace vaktor

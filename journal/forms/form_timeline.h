@@ -16,6 +16,7 @@
 #include "journal/forms/day_strip.h"
 #include "journal/forms/film_export.h"
 #include "journal/forms/form_player.h"
+#include "journal/forms/timeline_window.h"
 #include "journal/ports/chronicle_reader.h"
 #include "journal/ports/film_writer.h"
 #include "journal/ports/thumbnail_reader.h"
@@ -44,7 +45,7 @@ struct ServicesFrise {
 
 /// Owner: app/, from its first opening on; closing hides it. The journal is read anew at each opening, a moment after
 /// it has changed, and after a deletion. User-interface thread.
-class FrmFrise : public QWidget {
+class FrmFrise : public FenetreFrise {
   Q_OBJECT
 
  public:
@@ -63,9 +64,8 @@ class FrmFrise : public QWidget {
   FrmLecture* Lecteur() { return Lecteur_.get(); }  ///< null before its first opening
 
  protected:
-  void closeEvent(QCloseEvent* evenement) override;
   void keyPressEvent(QKeyEvent* evenement) override;
-  void paintEvent(QPaintEvent* evenement) override;
+  void Repose() override;
 
  private:
   QToolButton* CreeFleche(const char* nom, Qt::ArrowType sens);
@@ -83,7 +83,6 @@ class FrmFrise : public QWidget {
   Langue DonneLangue() const { return LangueParlee(Services_.Reglages.LangueCourante); }
 
   ServicesFrise Services_;
-  AllureFrise Allure_;
   std::shared_ptr<const Chronique> Chronique_;
   QDate Jour_;
   bool EnLecture_ = false;
