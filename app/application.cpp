@@ -76,7 +76,8 @@ void Vaktor::CreeMoteur() {
                     Annonce_->NotePhoto(fichier);
                     SigneDeVie_->NotePhoto();
                     NotePhotoAgissante(fichier);
-                  }});
+                  },
+                  [this](const QString& fichier) { NoteCopieAgissante(fichier); }});
   VeillePhotos_ = std::make_unique<VeillePhotos>(PortsVeillePhotos{Reglages_, *Photos_, Minuteries_, Systeme_.Sonde,
                                                                    Systeme_.EssaiPhotos, Systeme_.Pertes, Sante_,
                                                                    [this] { return Moteur_->Alarme().AlarmeArmee; }});

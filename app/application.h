@@ -128,6 +128,7 @@ class Vaktor : private EtapesDepart {
   void CreeFrise();
   void DechargeFrise();
   void NotePhotoAgissante(const QString& fichier);
+  void NoteCopieAgissante(const QString& fichier);
   QPoint PlaceFrmSante(const QSize& taille);
 
   // The end (application_end.cpp).

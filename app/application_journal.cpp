@@ -22,7 +22,8 @@ void Vaktor::NoteImageAgissante() {
   if (!Journal_ || ImageNotee_ == detection.Comparees) return;
   ImageNotee_ = detection.Comparees;
   const auto& cadre = detection.Mouv;
-  Journal_->NoteImage(detection.NbrPoints, QRect(QPoint(cadre.MinX, cadre.MinY), QPoint(cadre.MaxX, cadre.MaxY)));
+  Journal_->NoteImage(detection.NbrPoints, QRect(QPoint(cadre.MinX, cadre.MinY), QPoint(cadre.MaxX, cadre.MaxY)),
+                      Moteur_->Surface().Image().size());
 }
 
 // Behind its frame, whose movement it shows.
@@ -30,6 +31,12 @@ void Vaktor::NotePhotoAgissante(const QString& fichier) {
   NoteImageAgissante();
   // The folder in its stored form, as the gallery has it: the path that comes here has it no more.
   if (Journal_) Journal_->NotePhoto(Reglages_.RepertoirePhoto, fichier.mid(fichier.lastIndexOf(u'/') + 1));
+}
+
+// What mails are made of where the user keeps no photos.
+void Vaktor::NoteCopieAgissante(const QString& fichier) {
+  NoteImageAgissante();
+  if (Journal_) Journal_->NoteCopie(fichier.mid(fichier.lastIndexOf(u'/') + 1));
 }
 
 // The key is the same in the main window and in the gallery, whose button tells it.

@@ -105,17 +105,13 @@ void JournalVeille::FinitIntrusion() {
   Ecrit(std::move(finie.Bilan));
 }
 
-void JournalVeille::NoteImage(qint32 points, const QRect& cadre) noexcept {
+void JournalVeille::NoteImage(qint32 points, const QRect& cadre, const QSize& taille) noexcept {
   Garde([&] {
     if (!Lance_) return;
     AvanceTemps();
     // Ticks may have been held up: what lies so far back is another intrusion.
     if (Intrusion_ && MaintenantMs_ - Intrusion_->DerniereMs >= kReposMs) SuitIntrusion();
-    if (!Intrusion_) {
-      Intrusion_.emplace();
-      Intrusion_->Depuis = Maintenant();
-      Intrusion_->DebutMs = MaintenantMs_;
-    }
+    if (!Intrusion_) Intrusion_.emplace(Maintenant(), MaintenantMs_);
     Intrusion& courante = *Intrusion_;
     courante.DerniereMs = MaintenantMs_;
     courante.Bilan.Images = std::min(courante.Bilan.Images, std::numeric_limits<qint32>::max() - 1) + 1;
@@ -126,6 +122,21 @@ void JournalVeille::NoteImage(qint32 points, const QRect& cadre) noexcept {
       courante.Bilan.Points = points;
       courante.Bilan.Cadre = cadre;
     }
+    courante.Ardoise.NoteImage(Maintenant(), MaintenantMs_, points, cadre, taille);
+    MontreArdoise();
+  });
+}
+
+// At once: a mail of the first second is made of it.
+void JournalVeille::MontreArdoise() {
+  if (const auto texte = Intrusion_->Ardoise.PrendTexte()) Ports_.Fichier.MontreArdoise(*texte);
+}
+
+void JournalVeille::NoteCopie(const QString& nom) noexcept {
+  Garde([&] {
+    if (!Lance_ || !Intrusion_) return;
+    Intrusion_->Ardoise.NotePhoto(nom);
+    MontreArdoise();
   });
 }
 
@@ -134,6 +145,7 @@ void JournalVeille::NoteImage(qint32 points, const QRect& cadre) noexcept {
 void JournalVeille::NotePhoto(const QString& dossier, const QString& nom) noexcept {
   Garde([&] {
     if (!Lance_ || !Intrusion_) return;
+    NoteCopie(nom);
     EntreeJournal& bilan = Intrusion_->Bilan;
     if (bilan.Photos++ == 0) {
       bilan.Dossier = dossier;

@@ -11,6 +11,7 @@
 #include "engine/ports/clock.h"
 #include "engine/ports/timers.h"
 #include "health/watch_health.h"
+#include "journal/intrusion_slate_keeper.h"
 #include "journal/journal_entry.h"
 #include "journal/ports/journal_file.h"
 
@@ -43,10 +44,12 @@ class JournalVeille : public ObservateurSante {
   /// The program ends: what goes on ends with it, and nothing is written any more.
   void Arrete() noexcept;
 
-  /// A frame of an armed watch is above the action level, before anything is done about it.
-  void NoteImage(qint32 points, const QRect& cadre) noexcept;
-  /// Its photo was handed to the disk. `nom`: the file's name as it was asked for.
+  /// A frame of an armed watch is above the action level, before anything is done about it. `taille`: of its picture.
+  void NoteImage(qint32 points, const QRect& cadre, const QSize& taille = {}) noexcept;
+  /// Its photo was handed to the disk. `nom`: the file's name as it was written.
   void NotePhoto(const QString& dossier, const QString& nom) noexcept;
+  /// A copy of it for the companions: mails take that one where the user keeps no photos.
+  void NoteCopie(const QString& nom) noexcept;
   void NoteCourriel() noexcept;
 
   /// Called after a line was written: who shows the journal may read it again. Empty: nobody does.
@@ -57,11 +60,13 @@ class JournalVeille : public ObservateurSante {
 
  private:
   struct Intrusion {
+    Intrusion(const QDateTime& depuis, qint64 debutMs) : Depuis(depuis), DebutMs(debutMs), Ardoise(depuis) {}
     QDateTime Depuis;
     qint64 DebutMs = 0;  // as MaintenantMs_
     qint64 DerniereMs = 0;
-    bool Ecrite = false;   // its beginning
-    EntreeJournal Bilan;   // what its end will say
+    bool Ecrite = false;  // its beginning
+    EntreeJournal Bilan;  // what its end will say
+    TeneurArdoise Ardoise;
     qint32 PasCadres = 1;  // of so many photos one has its box kept
   };
   struct Trou {
@@ -78,6 +83,7 @@ class JournalVeille : public ObservateurSante {
   void SuitIntrusion();
   void GardeCadre(const QString& nom);
   void FinitIntrusion();
+  void MontreArdoise();
   void Ecrit(EntreeJournal entree);
   QDateTime Maintenant() const { return LitMoment(Ports_.Temps); }
 

@@ -5,8 +5,13 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <cerrno>
+#include <optional>
+#include <utility>
 
+#include "companions/contract/intrusion_slate.h"
+#include "modules/mail/intrusion_words.h"
 #include "modules/mail/mail_maker.h"
+#include "platform/store/bounded_file.h"
 
 namespace vaktor {
 namespace {
@@ -16,37 +21,72 @@ const QLatin1String kCorps("body");
 const QLatin1String kDossier("photos");
 const QLatin1String kNombre("count");
 const QLatin1String kSauf("not");
+const QLatin1String kArdoise("slate");
+const QLatin1String kGarde("told");
+const QLatin1String kLangue("language");
 
 RecetteCourriel LitRecette(const QJsonObject& objet) {
   return {.Sujet = objet.value(kSujet).toString(),
           .Corps = objet.value(kCorps).toString(),
           .DossierPhotos = objet.value(kDossier).toString(),
           .NombrePhoto = objet.value(kNombre).toInt(),
-          .Sauf = objet.value(kSauf).toVariant().toStringList()};
+          .Sauf = objet.value(kSauf).toVariant().toStringList(),
+          .Ardoise = objet.value(kArdoise).toString(),
+          .GardePhotos = objet.value(kGarde).toBool(),
+          .Parlee = LangueParlee(objet.value(kLangue).toInt())};
 }
 
-Courriel Prepare(const SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
-  Courriel courriel{.Expediteur = tete.Expediteur,
-                    .Destinataires = tete.Destinataires,
-                    .Sujet = recette.Sujet,
-                    .Corps = recette.Corps,
-                    .Date = QDateTime::fromMSecsSinceEpoch(tete.FaitA),
-                    .Identifiant = tete.Nom,
-                    .Pieces = {}};
+// The slate is the newest there is. One that is missing, torn, or of another intrusion costs the mail its order and its
+// words, and nothing else.
+std::optional<ArdoiseIntrusion> LitArdoiseDe(const RecetteCourriel& recette, qint64 faitA) {
+  QByteArray octets;
+  if (recette.Ardoise.isEmpty() || LitFichierBorne(recette.Ardoise, kOctetsArdoise, octets) != 0) return std::nullopt;
+  std::optional<ArdoiseIntrusion> ardoise = LitArdoise(octets);
+  if (ardoise && !EstDeCetteIntrusion(*ardoise, faitA)) ardoise.reset();
+  return ardoise;
+}
+
+QString ComposeCorps(const RecetteCourriel& recette, const std::optional<ArdoiseIntrusion>& ardoise,
+                     const QString& tete) {
+  if (!ardoise) return recette.Corps;
+  const QString suite =
+      DitIntrusionDuCourriel(*ardoise, tete, recette.GardePhotos ? recette.DossierPhotos : QString(), recette.Parlee);
+  return recette.Corps.isEmpty() ? suite : recette.Corps + QStringLiteral("\n\n") + suite;
+}
+
+/// A mail with its photos, and what it is without them.
+struct CourrielCompose {
+  Courriel Message;
+  QString CorpsSansPhoto;
+};
+
+CourrielCompose Prepare(const SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
+  const std::optional<ArdoiseIntrusion> ardoise = LitArdoiseDe(recette, tete.FaitA);
+  QStringList enTete;
+  if (ardoise)
+    for (const PhotoArdoise& photo : ardoise->Photos) enTete.append(photo.Nom);
+  ChoixPhotos choix;
   if (sac.DonneOctets() <= SacPostal::kOctetsMax)
-    courriel.Pieces =
-        PrendPhotos(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax, recette.Sauf).Pieces;
-  return courriel;
+    choix = PrendPhotos(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax, recette.Sauf, enTete);
+  return {{.Expediteur = tete.Expediteur,
+           .Destinataires = tete.Destinataires,
+           .Sujet = recette.Sujet,
+           .Corps = ComposeCorps(recette, ardoise, choix.Tete),
+           .Date = QDateTime::fromMSecsSinceEpoch(tete.FaitA),
+           .Identifiant = tete.Nom,
+           .Pieces = std::move(choix.Pieces)},
+          ComposeCorps(recette, ardoise, {})};
 }
 
 Publication ComposeBrouillon(SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
   Publication suite;
-  Courriel courriel = Prepare(sac, tete, recette);
+  auto [courriel, corpsSansPhoto] = Prepare(sac, tete, recette);
   for (const PieceJointe& piece : courriel.Pieces) suite.Photos.append(piece.Nom);
   suite.Erreur = sac.PoseBrouillon(tete, ComposeMessage(courriel));
   if (suite.Erreur == 0 || courriel.Pieces.isEmpty()) return suite;
   // A disk that has no room for photos may have some for the words: an alarm without a picture is still an alarm.
   courriel.Pieces.clear();
+  courriel.Corps = corpsSansPhoto;
   suite.ErreurPhotos = suite.Erreur;
   suite.Erreur = sac.PoseBrouillon(tete, ComposeMessage(courriel));
   return suite;
@@ -54,11 +94,18 @@ Publication ComposeBrouillon(SacPostal& sac, const CourrielEnAttente& tete, cons
 
 }  // namespace
 
+QString ComposeCorpsSansPhoto(const RecetteCourriel& recette, qint64 faitA) {
+  return ComposeCorps(recette, LitArdoiseDe(recette, faitA), {});
+}
+
 int PoseRecette(SacPostal& sac, const CourrielEnAttente& courriel, const RecetteCourriel& recette) {
   QJsonObject objet{{kSujet, recette.Sujet},
                     {kCorps, recette.Corps},
                     {kDossier, recette.DossierPhotos},
-                    {kNombre, recette.NombrePhoto}};
+                    {kNombre, recette.NombrePhoto},
+                    {kArdoise, recette.Ardoise},
+                    {kGarde, recette.GardePhotos},
+                    {kLangue, static_cast<int>(recette.Parlee)}};
   if (!recette.Sauf.isEmpty()) objet.insert(kSauf, QJsonArray::fromStringList(recette.Sauf));
   return sac.PoseRecette(courriel, QJsonDocument(objet).toJson(QJsonDocument::Compact));
 }

@@ -5,6 +5,7 @@
 
 #include "modules/mail/outbox.h"
 #include "modules/mail/photo_source.h"
+#include "texts/language.h"
 
 namespace vaktor {
 
@@ -15,10 +16,16 @@ struct RecetteCourriel {
   QString DossierPhotos = {};  ///< native path
   int NombrePhoto = 0;         ///< at the most
   QStringList Sauf = {};       ///< names of photos that other mails of the row have
+  QString Ardoise = {};        ///< the file of the slate, asked when the mail is published; empty: none is
+  bool GardePhotos = false;    ///< DossierPhotos is named to who reads the mail
+  Langue Parlee = Langue::kFrancais;
 };
 
 /// Puts the recipe on disk as the draft `courriel.Nom`. Gives the system's error number, 0 when it is there.
 int PoseRecette(SacPostal& sac, const CourrielEnAttente& courriel, const RecetteCourriel& recette);
+
+/// The text of a mail that has no photos: the user's own, and what the slate says of the intrusion of `faitA`.
+QString ComposeCorpsSansPhoto(const RecetteCourriel& recette, qint64 faitA);
 
 /// What came of a publication; system's error numbers, 0 for none.
 struct Publication {

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/mail_addresses.h"
+#include "companions/contract/intrusion_slate.h"
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/sendmail_sender.h"
 #include "platform/base/system_files.h"
@@ -59,6 +60,8 @@ ReglagesCourriel TraduitReglages(const Parametres& valeurs, const DossiersModule
   LitNombre(valeurs.MailNombrePhoto, r.NombrePhoto);
   LitNombre(valeurs.MailNombreMail, r.NombreMail);
   r.Envoi.Parlee = r.Parlee = LangueParlee(valeurs.LangueCourante);
+  r.GardePhotos = valeurs.PhotoActif;
+  r.Ardoise = dossiers.Etat + u'/' + kFichierArdoise;
   r.DossierPhotos = valeurs.PhotoActif ? CheminNatif(valeurs.RepertoirePhoto) : dossiers.CheminTempFtp();
   return r;
 }

@@ -22,7 +22,9 @@ struct ReglagesCourriel {
   int NombrePhoto = 10;
   int NombreMail = 1;
   Langue Parlee = Langue::kFrancais;
-  QString DossierPhotos;  ///< native path: the photo folder, or the live copies when photos are off
+  QString DossierPhotos;    ///< native path: the photo folder, or the live copies when photos are off
+  bool GardePhotos = true;  ///< that is the user's own folder, in which they stay
+  QString Ardoise = {};     ///< the file in which the main program says what it knows of the intrusion
   /// Somebody to send to. A sender that is missing is asked for when the mail is sent: the settings may have one by
   /// then.
   bool PeutEcrire() const { return !Adresses.Destinataires.isEmpty(); }

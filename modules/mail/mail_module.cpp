@@ -84,6 +84,17 @@ void ModuleMail::CommenceSerie() {
   CommenceCourriel();
 }
 
+RecetteCourriel ModuleMail::DonneRecette() const {
+  return {.Sujet = Reglages_.Sujet,
+          .Corps = Reglages_.Corps,
+          .DossierPhotos = Reglages_.DossierPhotos,
+          .NombrePhoto = Reglages_.NombrePhoto,
+          .Sauf = PrisDeLaSerie_,
+          .Ardoise = Reglages_.Ardoise,
+          .GardePhotos = Reglages_.GardePhotos,
+          .Parlee = Reglages_.Parlee};
+}
+
 void ModuleMail::CommenceCourriel() {
   EnCours_ = {};
   // The newest report: the second mail of a row shows what went on after the first.
@@ -93,12 +104,7 @@ void ModuleMail::CommenceCourriel() {
   EnCours_.Destinataires = Reglages_.Adresses.Destinataires;
   Recoltes_ = 0;
   Ouvert_ = DernierRapport_ = DonneCompteur();
-  const int erreur = PoseRecette(Sac_, EnCours_,
-                                 {.Sujet = Reglages_.Sujet,
-                                  .Corps = Reglages_.Corps,
-                                  .DossierPhotos = Reglages_.DossierPhotos,
-                                  .NombrePhoto = Reglages_.NombrePhoto,
-                                  .Sauf = PrisDeLaSerie_});
+  const int erreur = PoseRecette(Sac_, EnCours_, DonneRecette());
   if (erreur == 0) {
     Contexte_.Journal.Note(QStringLiteral("mail %1 made").arg(EnCours_.Nom));
     TimerRecolte_->Active();
@@ -126,7 +132,7 @@ void ModuleMail::ConfieSansPhotos() {
   Confie(EnCours_, ComposeMessage({.Expediteur = EnCours_.Expediteur,
                                    .Destinataires = EnCours_.Destinataires,
                                    .Sujet = Reglages_.Sujet,
-                                   .Corps = Reglages_.Corps,
+                                   .Corps = ComposeCorpsSansPhoto(DonneRecette(), EnCours_.FaitA),
                                    .Date = QDateTime::fromMSecsSinceEpoch(EnCours_.FaitA),
                                    .Identifiant = EnCours_.Nom,
                                    .Pieces = {}}));

@@ -52,6 +52,7 @@ class ModuleMail : public Module {
  private:
   void CommenceSerie();
   void CommenceCourriel();
+  RecetteCourriel DonneRecette() const;
   void Recolte();
   void AcheveCourriel();
   void PublieCourriel();

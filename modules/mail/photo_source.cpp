@@ -6,6 +6,8 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
+#include <utility>
 
 #include "base/jpeg_end.h"
 #include "base/photo_format.h"
@@ -23,24 +25,62 @@ QList<PhotoConnue> ListePhotos(const QString& dossier) {
   return photos;
 }
 
-ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
-                        const QStringList& sauf) {
-  ChoixPhotos choix;
-  if (nombre <= 0) return choix;
-  qint64 reste = octetsMax;
-  for (const PhotoConnue& photo : ClassePhotos(ListePhotos(dossier), intrusion)) {
-    if (choix.Photos.size() >= nombre) break;
-    const QString nom = QFileInfo(photo.Chemin).fileName();
-    if (photo.Octets > reste || sauf.contains(nom)) continue;
+namespace {
+
+class Choix {
+ public:
+  Choix(int nombre, qint64 octetsMax, const QStringList& sauf) : Nombre_(nombre), Reste_(octetsMax), Sauf_(sauf) {}
+
+  bool EstPlein() const { return Choix_.Photos.size() >= Nombre_; }
+  /// True when it is one of them now.
+  bool Prend(const PhotoConnue& photo) {
+    const QString nom = NomDe(photo);
+    if (EstPlein() || photo.Octets > Reste_ || Sauf_.contains(nom)) return false;
     QFile fichier(photo.Chemin);
-    if (!fichier.open(QIODevice::ReadOnly)) continue;
-    const QByteArray contenu = fichier.read(reste + 1);  // it may have grown since it was listed
-    if (contenu.size() > reste || !EstJpegEntier(contenu)) continue;
-    reste -= contenu.size();
-    choix.Photos.append(photo);
-    choix.Pieces.append({nom, contenu});
+    if (!fichier.open(QIODevice::ReadOnly)) return false;
+    const QByteArray contenu = fichier.read(Reste_ + 1);  // it may have grown since it was listed
+    if (contenu.size() > Reste_ || !EstJpegEntier(contenu)) return false;
+    Reste_ -= contenu.size();
+    Choix_.Photos.append(photo);
+    Choix_.Pieces.append({nom, contenu});
+    return true;
   }
-  return choix;
+  void PrendTete(const QList<PhotoConnue>& photos, const QStringList& enTete) {
+    for (const QString& nom : enTete) {
+      const auto photo =
+          std::find_if(photos.begin(), photos.end(), [&](const PhotoConnue& p) { return NomDe(p) == nom; });
+      if (photo == photos.end() || !Prend(*photo)) continue;
+      Choix_.Tete = nom;
+      return;
+    }
+  }
+  void PrendReste(const QList<PhotoConnue>& photos) {
+    for (const PhotoConnue& photo : photos) {
+      if (EstPlein()) return;
+      if (Choix_.Tete.isEmpty() || NomDe(photo) != Choix_.Tete) Prend(photo);
+    }
+  }
+  ChoixPhotos Donne() { return std::move(Choix_); }
+
+ private:
+  static QString NomDe(const PhotoConnue& photo) { return photo.Chemin.mid(photo.Chemin.lastIndexOf(u'/') + 1); }
+
+  const int Nombre_;
+  qint64 Reste_;
+  const QStringList& Sauf_;
+  ChoixPhotos Choix_;
+};
+
+}  // namespace
+
+ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax, const QStringList& sauf,
+                        const QStringList& enTete) {
+  if (nombre <= 0) return {};
+  Choix choix(nombre, octetsMax, sauf);
+  const QList<PhotoConnue> photos = ListePhotos(dossier);
+  choix.PrendTete(photos, enTete);
+  choix.PrendReste(ClassePhotos(photos, intrusion));
+  return choix.Donne();
 }
 
 }  // namespace vaktor

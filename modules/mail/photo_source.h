@@ -15,12 +15,14 @@ QList<PhotoConnue> ListePhotos(const QString& dossier);
 struct ChoixPhotos {
   QList<PhotoConnue> Photos;
   QList<PieceJointe> Pieces;
+  QString Tete = {};  ///< the first of `enTete` that is among them, and then the first of all; empty: none is
 };
 
-/// Reads the photos nearest the intrusion, `nombre` and `octetsMax` bytes at the most. A photo that is still being
+/// Reads the photos nearest the intrusion, `nombre` and `octetsMax` bytes at the most; in front of them, however far it
+/// is, the first of `enTete` that can be had, in the place of the farthest. A photo that is still being
 /// written (it does not end in JPEG's end marker), or that is gone meanwhile, is passed over for the next one; so is
 /// one that is too large for what is left of the bytes. Those with a name in `sauf` are left to others.
 ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
-                        const QStringList& sauf = {});
+                        const QStringList& sauf = {}, const QStringList& enTete = {});
 
 }  // namespace vaktor

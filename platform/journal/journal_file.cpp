@@ -16,8 +16,11 @@
 #include <deque>
 #include <exception>
 #include <mutex>
+#include <optional>
 #include <thread>
+#include <utility>
 
+#include "companions/contract/intrusion_slate.h"
 #include "journal/journal_entry.h"
 
 namespace vaktor {
@@ -140,25 +143,56 @@ int EcritLigneDisque(const QByteArray& chemin, const QByteArray& ligne, qsizetyp
   return ::fdatasync(ouvert.Fichier.Numero()) == 0 ? 0 : errno;
 }
 
+int EcritArdoiseDisque(const QByteArray& chemin, const QByteArray& ardoise) {
+  const QByteArray brouillon = chemin + ".new";
+  ::unlink(brouillon.constData());
+  Descripteur neuf = OuvreFichier(brouillon, O_WRONLY | O_CREAT | O_EXCL);
+  if (neuf.Numero() < 0 && errno == ENOENT) {
+    AssureDossier(chemin);
+    neuf = OuvreFichier(brouillon, O_WRONLY | O_CREAT | O_EXCL);
+  }
+  if (neuf.Numero() < 0) return errno;
+  int erreur = EcritTout(neuf.Numero(), ardoise);
+  if (erreur == 0 && ::rename(brouillon.constData(), chemin.constData()) != 0) erreur = errno;
+  if (erreur != 0) ::unlink(brouillon.constData());
+  return erreur;
+}
+
 }  // namespace
 
 struct FichierJournalSysteme::Etat {
   QByteArray Chemin;
+  QByteArray CheminArdoise;
   qsizetype OctetsMax = 0;
   qsizetype Gardes = 0;
   std::mutex Verrou;
   std::condition_variable Signal;
   std::deque<QByteArray> Attente;
+  std::optional<QByteArray> Ardoise;  // the newest that is not written yet
   bool Lance = false;
   bool Fin = false;    // nothing comes any more
   bool Finie = false;  // the thread has ended
   std::atomic<int> Erreur = 0;
 
+  // Before the lines, each of which waits for the medium: a mail is soon made of it.
+  void EcritArdoise(std::unique_lock<std::mutex>& verrou) {
+    const std::optional<QByteArray> ardoise = std::exchange(Ardoise, std::nullopt);
+    if (!ardoise) return;
+    verrou.unlock();
+    try {
+      EcritArdoiseDisque(CheminArdoise, *ardoise);
+    } catch (const std::exception&) {
+    }
+    verrou.lock();
+  }
+
   void Travaille() {
     std::unique_lock verrou(Verrou);
     while (true) {
-      Signal.wait(verrou, [this] { return Fin || !Attente.empty(); });
-      if (Attente.empty()) break;
+      Signal.wait(verrou, [this] { return Fin || Ardoise || !Attente.empty(); });
+      EcritArdoise(verrou);
+      if (Attente.empty() && Fin) break;
+      if (Attente.empty()) continue;
       const QByteArray ligne = std::move(Attente.front());
       Attente.pop_front();
       verrou.unlock();
@@ -178,6 +212,7 @@ struct FichierJournalSysteme::Etat {
 FichierJournalSysteme::FichierJournalSysteme(const QString& chemin, qsizetype octetsMax, qsizetype octetsGardes)
     : Etat_(std::make_shared<Etat>()) {
   Etat_->Chemin = QFile::encodeName(chemin);
+  Etat_->CheminArdoise = QFile::encodeName(QFileInfo(chemin).path() + u'/' + kFichierArdoise);
   Etat_->OctetsMax = octetsMax;
   Etat_->Gardes = octetsGardes;
 }
@@ -197,16 +232,29 @@ void FichierJournalSysteme::Ajoute(const QByteArray& ligne) noexcept {
       return;
     }
     Etat_->Attente.push_back(ligne);
-    if (!Etat_->Lance) Demarre();
-    Etat_->Signal.notify_all();
+    Reveille();
   } catch (const std::exception&) {
     Etat_->Erreur = ENOMEM;
   }
 }
 
-void FichierJournalSysteme::Demarre() {
-  std::thread([etat = Etat_] { etat->Travaille(); }).detach();
-  Etat_->Lance = true;
+void FichierJournalSysteme::MontreArdoise(const QByteArray& ardoise) noexcept {
+  try {
+    const std::lock_guard garde(Etat_->Verrou);
+    Etat_->Ardoise = ardoise;
+    Reveille();
+  } catch (const std::exception&) {
+    // Want of memory costs the mail the order of its photos.
+  }
+}
+
+// Under the lock.
+void FichierJournalSysteme::Reveille() {
+  if (!Etat_->Lance) {
+    std::thread([etat = Etat_] { etat->Travaille(); }).detach();
+    Etat_->Lance = true;
+  }
+  Etat_->Signal.notify_all();
 }
 
 int FichierJournalSysteme::Erreur() const noexcept { return Etat_->Erreur; }

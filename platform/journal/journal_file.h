@@ -34,11 +34,14 @@ class FichierJournalSysteme : public FichierJournal {
   FichierJournalSysteme& operator=(const FichierJournalSysteme&) = delete;
 
   void Ajoute(const QByteArray& ligne) noexcept override;
+  /// Written beside its place and renamed: a reader has one whole slate or another. Mode 0600. It is not waited for
+  /// until it is on the medium: after a power cut nobody asks for it. One that a disk does not take is lost.
+  void MontreArdoise(const QByteArray& ardoise) noexcept override;
   int Erreur() const noexcept override;
 
  private:
   struct Etat;  // shared with the thread
-  void Demarre();
+  void Reveille();
 
   std::shared_ptr<Etat> Etat_;
 };

@@ -54,6 +54,32 @@ TEST_F(JournalDuProgramme, AnAlarmWithItsPhotosFromTheStartToTheEnd) {
   EXPECT_EQ(fin.Cadre.bottomRight(), QPoint(286, 238));
 }
 
+TEST_F(JournalDuProgramme, TheSlateForTheMailsNamesThePhotoOfTheMostMovement) {
+  ArmeEtBouge();
+  Programme->Ferme();
+  const EntreeJournal fin = Derniere(Fait::kFinIntrusion);
+  const ArdoiseIntrusion ardoise = Systeme.LignesJournal.Ardoise();
+  ASSERT_FALSE(ardoise.Photos.isEmpty());
+  EXPECT_EQ(ardoise.Photos.constFirst().Nom, fin.Meilleure);
+  EXPECT_EQ(ardoise.Photos.constFirst().Points, fin.Points);
+  EXPECT_EQ(ardoise.Photos.constFirst().Cadre, fin.Cadre);
+  EXPECT_EQ(ardoise.Taille, QSize(287, 241));
+  EXPECT_EQ(ardoise.Depuis, fin.Depuis);
+  EXPECT_LT(ardoise.Jusqua.msecsTo(fin.Depuis.addMSecs(fin.DureeMs)), 1000);
+}
+
+TEST_F(JournalDuProgramme, APhotoWhoseNameWasTakenIsKnownByTheNameThatItGot) {
+  Systeme.Ecrivain.DejaPris = QStringLiteral("b.jpg");
+  ArmeEtBouge();
+  Programme->Ferme();
+  const EntreeJournal fin = Derniere(Fait::kFinIntrusion);
+  for (const QString& nom :
+       {fin.Premiere, fin.Derniere, fin.Meilleure, Systeme.LignesJournal.Ardoise().Photos.value(0).Nom,
+        Systeme.Personnel.Lancements.value(0).value(0)})
+    EXPECT_TRUE(nom.endsWith(QStringLiteral("b.jpg"))) << nom.toStdString();
+  EXPECT_FALSE(fin.Cadres.isEmpty());
+}
+
 TEST_F(JournalDuProgramme, WithPhotosOffMailAndSoundAreAnIntrusionToo) {
   ArmeEtBouge(QStringLiteral("/alarm"), false);
   Programme->Ferme();

@@ -3,6 +3,7 @@
 
 #include <QList>
 
+#include "companions/contract/intrusion_slate.h"
 #include "journal/journal_entry.h"
 #include "journal/ports/journal_file.h"
 
@@ -12,6 +13,7 @@ namespace vaktor::faux {
 class FichierJournalFaux : public FichierJournal {
  public:
   void Ajoute(const QByteArray& ligne) noexcept override { Lignes.append(ligne); }
+  void MontreArdoise(const QByteArray& ardoise) noexcept override { Ardoises.append(ardoise); }
   int Erreur() const noexcept override { return Panne; }
 
   QList<EntreeJournal> Entrees() const {
@@ -21,7 +23,13 @@ class FichierJournalFaux : public FichierJournal {
     return entrees;
   }
 
+  /// The last slate; an empty one where there is none.
+  ArdoiseIntrusion Ardoise() const {
+    return Ardoises.isEmpty() ? ArdoiseIntrusion{} : LitArdoise(Ardoises.constLast()).value_or(ArdoiseIntrusion{});
+  }
+
   QList<QByteArray> Lignes;
+  QList<QByteArray> Ardoises;
   int Panne = 0;
 };
 

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Any bytes as the journal of the watch: what can be read is read, what is made of it is in good order, and what was
-// read once is the same after it was written and read again.
+// Any bytes as the journal of the watch, and as the slate of an intrusion: what can be read is read, what is made of it
+// is in good order, and what was read once is the same after it was written and read again.
 #include <cstdint>
 #include <cstdlib>
 
+#include "companions/contract/intrusion_slate.h"
 #include "journal/chronicle.h"
 
 namespace vaktor {
@@ -22,6 +23,11 @@ void Essaie(QByteArrayView octets) {
     // Characters that JSON writes longer than they came may make a line too long for its own reader.
     if (ligne.size() <= kLigneMax) Exige(LitLigne(ligne) == entree);
     relu += ligne + '\n';
+  }
+  if (const auto ardoise = LitArdoise(octets)) {
+    Exige(ardoise->Photos.size() <= kPhotosArdoise && ardoise->Depuis.isValid() && ardoise->Jusqua.isValid());
+    for (const PhotoArdoise& photo : ardoise->Photos) Exige(!photo.Nom.isEmpty() && !photo.Nom.contains(u'/'));
+    EstDeCetteIntrusion(*ardoise, 0);
   }
   const qsizetype garde = TrouveDebutGarde(octets, octets.size() / 2);
   Exige(garde >= octets.size() - octets.size() / 2 && garde <= octets.size());

@@ -2,6 +2,7 @@
 // What the owner of the journal writes, in virtual time.
 #include <gtest/gtest.h>
 
+#include "engine/ports/moment.h"
 #include "fakes/fake_journal_file.h"
 #include "fakes/virtual_clock.h"
 #include "fakes/virtual_timers.h"
@@ -66,6 +67,40 @@ TEST_F(WatchJournal, BeginsWithTheRunAndEndsWithIt) {
   Journal.NoteCourriel();
   Journal.Arrete();
   EXPECT_EQ(Prend(), "");
+}
+
+TEST_F(WatchJournal, TheSlateIsWrittenWithTheFirstFrameAndSaysWhichPhotosHadTheMostMovement) {
+  Arme();
+  const QDateTime debut = LitMoment(Horloge);
+  Journal.NoteImage(40, QRect(1, 2, 3, 4), QSize(640, 480));
+  ASSERT_EQ(Fichier.Ardoises.size(), 1) << "photos may be off";
+  EXPECT_EQ(Fichier.Ardoise(), (ArdoiseIntrusion{debut, debut, QSize(640, 480), {}}));
+  Journal.NotePhoto(QStringLiteral("/p"), QStringLiteral("a.jpg"));
+  Temps.Avance(100);
+  Agit(400, QRect(5, 6, 7, 8), 2);
+  Journal.NoteCopie(Photo(2));
+  Journal.NoteCopie(QStringLiteral("copy.jpg"));
+  const QList<PhotoArdoise> photos = Fichier.Ardoise().Photos;
+  ASSERT_EQ(photos.size(), 3);
+  EXPECT_EQ(photos[0], (PhotoArdoise{Photo(2), 400, QRect(5, 6, 7, 8)}));
+  EXPECT_EQ(photos[1], (PhotoArdoise{QStringLiteral("copy.jpg"), 400, QRect(5, 6, 7, 8)}));
+  EXPECT_EQ(photos[2], (PhotoArdoise{QStringLiteral("a.jpg"), 40, QRect(1, 2, 3, 4)}));
+  EXPECT_EQ(Fichier.Ardoise().Depuis, debut);
+  EXPECT_EQ(Fichier.Ardoise().Jusqua, debut.addMSecs(100));
+}
+
+TEST_F(WatchJournal, TheNextIntrusionHasASlateOfItsOwn) {
+  Arme();
+  Agit(400, QRect(1, 1, 2, 2), 1);
+  Temps.Avance(20'000);
+  const QDateTime debut = LitMoment(Horloge);
+  Agit(50, QRect(1, 1, 2, 2), 2);
+  ASSERT_EQ(Fichier.Ardoise().Photos.size(), 1);
+  EXPECT_EQ(Fichier.Ardoise().Photos.constFirst().Points, 50);
+  EXPECT_EQ(Fichier.Ardoise().Depuis, debut);
+  Journal.Arrete();
+  Journal.NoteCopie(QStringLiteral("late.jpg"));
+  EXPECT_EQ(Fichier.Ardoise().Photos.size(), 1);
 }
 
 TEST_F(WatchJournal, NothingIsWrittenBeforeTheRunBegins) {

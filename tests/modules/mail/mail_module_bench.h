@@ -39,6 +39,7 @@ struct Mail : BancModule {
   Mail() : BancModule(QStringLiteral("mail")) {
     QDir().mkpath(Photos);
     Dossiers.Programme.Donnees = Temporaire.path();
+    Dossiers.Etat = Temporaire.path();
     QDir().mkpath(Dossiers.CheminTempFtp());
     Parametres& p = Reglages.Valeurs;
     p.MailDestination = "anna@exemple.fr";

@@ -5,6 +5,7 @@
 #include <QTimeZone>
 
 #include "modules/mail/failure_advice.h"
+#include "modules/mail/intrusion_words.h"
 #include "modules/mail/mail_bench.h"
 #include "modules/mail/mail_maker.h"
 #include "modules/mail/photo_source.h"
@@ -142,11 +143,15 @@ struct Photos : testing::Test {
     f.flush();
     f.setFileTime(QDateTime::fromMSecsSinceEpoch(Intrusion + ecart), QFileDevice::FileModificationTime);
   }
-  QString Prend(int nombre, qint64 octets = kOctetsPhotosMax) const {
+  QString Prend(int nombre, qint64 octets = kOctetsPhotosMax, const QStringList& sauf = {},
+                const QStringList& enTete = {}) {
+    const ChoixPhotos choix = PrendPhotos(Dossier.path(), Intrusion, nombre, octets, sauf, enTete);
     QStringList noms;
-    for (const PieceJointe& p : PrendPhotos(Dossier.path(), Intrusion, nombre, octets).Pieces) noms << p.Nom;
+    for (const PieceJointe& p : choix.Pieces) noms << p.Nom;
+    Tete = choix.Tete;
     return noms.join(u'|');
   }
+  QString Tete;
 };
 
 TEST_F(Photos, TheNearestComeFirstAndNoMoreThanWanted) {
@@ -165,6 +170,37 @@ TEST_F(Photos, OfTwoAsNearTheLaterComesFirst) {
   Pose("a.jpg", -500);
   Pose("b.jpg", 500);
   EXPECT_EQ(Prend(2), "b.jpg|a.jpg");
+}
+
+TEST_F(Photos, TheOneOfTheMostMovementComesFirstInThePlaceOfTheFarthest) {
+  Pose("a.jpg", -4000);
+  Pose("b.jpg", 1000);
+  Pose("d.jpg", 30);
+  EXPECT_EQ(Prend(2), "d.jpg|b.jpg");
+  EXPECT_EQ(Tete, "");
+  EXPECT_EQ(Prend(2, kOctetsPhotosMax, {}, {"a.jpg", "b.jpg"}), "a.jpg|d.jpg");
+  EXPECT_EQ(Tete, "a.jpg");
+  EXPECT_EQ(Prend(3, kOctetsPhotosMax, {}, {"b.jpg"}), "b.jpg|d.jpg|a.jpg") << "once";
+  EXPECT_EQ(Prend(1, kOctetsPhotosMax, {}, {"a.jpg"}), "a.jpg");
+  EXPECT_EQ(Prend(0, kOctetsPhotosMax, {}, {"a.jpg"}), "");
+  EXPECT_EQ(Tete, "");
+}
+
+TEST_F(Photos, TheMostMovementOfALongIntrusionMayLieFarBack) {
+  Pose("loin.jpg", -kFenetrePhotosMs - 60'000);
+  Pose("d.jpg", 30);
+  EXPECT_EQ(Prend(5, kOctetsPhotosMax, {}, {"loin.jpg"}), "loin.jpg|d.jpg");
+}
+
+TEST_F(Photos, WhereTheOneOfTheMostMovementCannotBeHadTheNextOneIsFirst) {
+  Pose("a.jpg", -4000);
+  Pose("b.jpg", 1000, PetitJpeg(" image ").chopped(2));
+  Pose("c.jpg", 2000);
+  Pose("d.jpg", 30);
+  EXPECT_EQ(Prend(3, kOctetsPhotosMax, {"a.jpg"}, {"a.jpg", "gone.jpg", "b.jpg", "c.jpg"}), "c.jpg|d.jpg");
+  EXPECT_EQ(Tete, "c.jpg");
+  EXPECT_EQ(Prend(3, kOctetsPhotosMax, {}, {"gone.jpg"}), "d.jpg|c.jpg|a.jpg") << "as it was";
+  EXPECT_EQ(Tete, "");
 }
 
 TEST_F(Photos, OneThatIsStillBeingWrittenIsNotAttached) {
@@ -198,6 +234,37 @@ TEST_F(Photos, AnotherEventsPhotosAreLeftOut) {
 
 TEST_F(Photos, AFolderThatIsNotThereGivesNone) {
   EXPECT_TRUE(PrendPhotos("/pas/la", Intrusion, 5, 1000).Pieces.isEmpty());
+}
+
+TEST(IntrusionWords, TellWhenItBeganWhatIsFirstAndWhereToLook) {
+  const ArdoiseIntrusion ardoise{
+      .Depuis = QDateTime(QDate(2026, 11, 22), QTime(3, 4, 5), Qt::OffsetFromUTC, 3600),
+      .Jusqua = {},
+      .Taille = QSize(640, 480),
+      .Photos = {{"a.jpg", 900, QRect(500, 10, 100, 100)}, {"b.jpg", 80, QRect(0, 200, 40, 100)}}};
+  EXPECT_EQ(DitIntrusionDuCourriel(ardoise, "a.jpg", "/home/anna/intrus", Langue::kAnglais),
+            "The intrusion began on Sunday 22 November 2026 at 03:04:05.\n"
+            "The first picture is that of the most movement so far: look at the top right.\n"
+            "What followed is in Vaktor's Timeline (key F4), on the computer that watches.\n"
+            "Its pictures are there in /home/anna/intrus");
+  EXPECT_EQ(DitIntrusionDuCourriel(ardoise, "b.jpg", "", Langue::kFrancais),
+            QString::fromUtf8("L'intrusion a commencé le dimanche 22 novembre 2026 à 03:04:05.\n"
+                              "La première photo est celle du plus grand mouvement jusqu'ici : regardez à gauche.\n"
+                              "La suite est dans la Frise de Vaktor (touche F4), sur l'ordinateur qui veille."));
+  EXPECT_FALSE(DitIntrusionDuCourriel(ardoise, "", "", Langue::kAnglais).contains("first picture"));
+}
+
+TEST(IntrusionWords, EachNinthOfAPictureHasItsPlace) {
+  QStringList lieux;
+  for (const int y : {10, 200, 430})
+    for (const int x : {10, 300, 590}) lieux << DitEndroit(QRect(x, y, 20, 20), QSize(640, 480), Langue::kAnglais);
+  EXPECT_EQ(lieux.join(u'|'),
+            "at the top left|at the top|at the top right|on the left|in the middle|on the right|at the bottom left|"
+            "at the bottom|at the bottom right");
+  EXPECT_EQ(DitEndroit(QRect(20, 20, 500, 400), QSize(640, 480), Langue::kFrancais), "partout");
+  EXPECT_EQ(DitEndroit(QRect(900, 20, 10, 10), QSize(640, 480), Langue::kAnglais), "at the top right");
+  EXPECT_EQ(DitEndroit({}, QSize(640, 480), Langue::kAnglais), "");
+  EXPECT_EQ(DitEndroit(QRect(1, 1, 1, 1), {}, Langue::kAnglais), "");
 }
 
 TEST(Settings, AreTakenAsStored) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mail companion's rules in virtual time: when a mail closes, whose photos are whose, the pause over a restart, and
 // a disk that takes nothing.
+#include "companions/contract/intrusion_slate.h"
 #include "modules/mail/disk_reserve.h"
 #include "modules/mail/mail_module_bench.h"
 #include "modules/mail/row_pause.h"
@@ -18,6 +19,11 @@ struct Photographies : Mail {
       Module->ExecuteCommande(Commande::kIntrusion);
       Temps.Avance(333);
     }
+  }
+  /// The main program's slate of an intrusion that began so many milliseconds from now, and whose last frame was then.
+  void PoseArdoise(qint64 ecart, const QList<PhotoArdoise>& photos) {
+    const QDateTime debut = QDateTime::fromMSecsSinceEpoch(Debut + Horloge.Millisecondes + ecart);
+    ASSERT_TRUE(EcritOctets(Temporaire.filePath("intrusion.json"), EcritArdoise({debut, debut, {}, photos})));
   }
   QStringList Noms(qsizetype i) {
     QStringList noms;
@@ -107,6 +113,78 @@ TEST_F(Photographies, ThePauseOutlastsARestartAndNoLonger) {
   EXPECT_EQ(Nombre(), 2) << "the next pause is a whole one";
 }
 
+TEST_F(Photographies, TheFirstPictureIsThatOfTheMostMovementAndTheTextSaysWhenItBegan) {
+  Reglages.Valeurs.MailNombrePhoto = "2";
+  Reglages.Valeurs.MailNombreMail = "2";
+  Reglages.Valeurs.MailCorps = "Come";
+  Reglages.Valeurs.LangueCourante = 1;
+  Module->PrendReglages(Reglages);
+  for (const char* nom : {"1.jpg", "2.jpg", "3.jpg", "4.jpg"}) Photo(nom);
+  PoseArdoise(-2000, {{"1.jpg", 500, {}}, {"3.jpg", 400, {}}, {"4.jpg", 30, {}}, {"2.jpg", 20, {}}});
+  Intrusion();
+  Temps.Avance(2 * ModuleMail::kRecolte);
+  ASSERT_EQ(Nombre(), 2);
+  EXPECT_EQ(Noms(0), (QStringList{"1.jpg", "4.jpg"}));
+  EXPECT_EQ(Noms(1), (QStringList{"3.jpg", "2.jpg"})) << "the mails of a row share no photo";
+  const QString corps = Lit(0)["body"].toString();
+  EXPECT_TRUE(corps.startsWith("Come\n\nThe intrusion began on ")) << corps.toStdString();
+  EXPECT_TRUE(corps.contains("The first picture is that of the most movement so far.\n")) << corps.toStdString();
+  EXPECT_TRUE(corps.endsWith(Photos)) << corps.toStdString();
+}
+
+TEST_F(Photographies, ASlateThatIsMissingTornOrOfAnotherIntrusionChangesNothing) {
+  Reglages.Valeurs.MailNombrePhoto = "2";
+  Reglages.Valeurs.MailCorps = "Come";
+  Module->PrendReglages(Reglages);
+  const auto envoie = [&](const char* cas) {
+    for (const char* nom : {"1.jpg", "2.jpg", "3.jpg"}) Photo(nom);
+    Intrusion();
+    Temps.Avance(2 * ModuleMail::kRecolte);
+    EXPECT_EQ(Noms(Nombre() - 1), (QStringList{"3.jpg", "2.jpg"})) << cas;
+    EXPECT_EQ(Lit(Nombre() - 1)["body"].toString(), "Come") << cas;
+    Temps.Avance(kPauseEntreSeries);
+  };
+  envoie("missing");
+  PoseArdoise(-kReposArdoise - 1000, {{"1.jpg", 500, {}}});
+  envoie("old");
+  PoseArdoise(3'600'000, {{"1.jpg", 500, {}}});
+  envoie("of a clock that was set");
+  PoseArdoise(0, {{"1.jpg", 500, {}}});
+  const QByteArray entiere = LitOctets(Temporaire.filePath("intrusion.json"));
+  ASSERT_TRUE(EcritOctets(Temporaire.filePath("intrusion.json"), entiere.chopped(20)));
+  envoie("torn");
+  ASSERT_TRUE(EcritOctets(Temporaire.filePath("intrusion.json"),
+                          QByteArray(entiere).replace("\"version\":1", "\"version\":2")));
+  envoie("of a later program");
+}
+
+TEST_F(Photographies, WithoutPhotosTheTextTellsOfNone) {
+  Reglages.Valeurs.MailNombrePhoto = "0";
+  Reglages.Valeurs.PhotoActif = false;
+  Reglages.Valeurs.MailCorps.clear();
+  Module->PrendReglages(Reglages);
+  PoseArdoise(-100, {{"1.jpg", 500, QRect(1, 1, 2, 2)}});
+  Intrusion();
+  Temps.Avance(2'000);
+  const QString corps = Lit(0)["body"].toString();
+  EXPECT_TRUE(corps.startsWith("L'intrusion a commenc")) << corps.toStdString();
+  EXPECT_FALSE(corps.contains(QString::fromUtf8("première photo"))) << corps.toStdString();
+  EXPECT_FALSE(corps.contains("dans /")) << "the copies for the page go again: " << corps.toStdString();
+}
+
+TEST_F(Photographies, TheRecipeFindsTheMostMovementAlsoAfterAKill) {
+  Reglages.Valeurs.MailNombrePhoto = "1";
+  Module->PrendReglages(Reglages);
+  for (const char* nom : {"1.jpg", "2.jpg"}) Photo(nom);
+  Module->ExecuteCommande(Commande::kIntrusion);
+  Module.reset();
+  PoseArdoise(-100, {{"1.jpg", 500, {}}});
+  RecupereSac(Sac, "another");
+  ASSERT_EQ(Nombre(), 1);
+  EXPECT_EQ(Noms(0), QStringList{"1.jpg"});
+  EXPECT_TRUE(Lit(0)["body"].toString().contains("Frise"));
+}
+
 TEST_F(Photographies, APauseOfTheFutureIsNone) {
   NotePause(Temporaire.filePath("courrier"), Debut + 1000);
   EXPECT_EQ(DonneResteDePause(Temporaire.filePath("courrier"), Debut, kPauseEntreSeries), 0);
@@ -119,12 +197,14 @@ TEST_F(Photographies, AMailThatTheDiskDoesNotTakeIsSentFromMemory) {
   const QString dossier = Temporaire.filePath("courrier");
   QDir(dossier).removeRecursively();
   ASSERT_TRUE(EcritOctets(dossier, "no folder"));
+  PoseArdoise(-100, {});
   Photo("1.jpg");
   Intrusion();
   ASSERT_EQ(Envoi->Confies.size(), 1);
   const QJsonObject lu = LitCourriel(Envoi->Messages.first());
   EXPECT_EQ(lu["subject"].toString(), "Intrusion");
   EXPECT_TRUE(lu["names"].toArray().isEmpty()) << "its words alone";
+  EXPECT_TRUE(lu["body"].toString().contains("Frise"));
   Temps.Avance(ModuleMail::kRegardAttente);
   EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("waiting_since"));
   Rapporte({Envoi->Confies.first(), {.Accepte = true}, 0});

@@ -7,6 +7,7 @@
 #include <QTcpServer>
 #include <QThread>
 
+#include "companions/contract/intrusion_slate.h"
 #include "modules/mail/mail_program_bench.h"
 #include "modules/mail/mime_message.h"
 #include "modules/mail/outbox.h"
@@ -29,6 +30,32 @@ TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitCode(), 0);
   EXPECT_EQ(Serveur.NombreRecus(), 1) << "fifty reports, one mail";
+}
+
+TEST_F(ProgrammeMail, TheFirstPictureIsThatOfTheMostMovementWhichTheSlateOfTheMainProgramNames) {
+  Regle("nombrephoto", "3");
+  Magasin.Vide();
+  Lance();
+  QList<PhotoArdoise> photos;
+  for (int i = 1; i <= 5; ++i) {
+    Photo(QStringLiteral("2026-11-15  14-05-09 Photo 0000%1.jpg").arg(i));
+    photos.append({QStringLiteral("2026-11-15  14-05-09 Photo 0000%1.jpg").arg(i), i == 2 ? 900 : 100 + i,
+                   QRect(400, 300, 90, 90)});
+  }
+  const QDateTime maintenant = QDateTime::currentDateTime();
+  ASSERT_TRUE(EcritOctets(Temporaire.filePath("etat/" + kFichierArdoise),
+                          EcritArdoise({maintenant.addSecs(-1), maintenant, QSize(640, 480), photos})));
+  Envois.EnvoiMail(Commande::kIntrusion);
+  ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
+  const QJsonObject lu = LitCourriel(Serveur.Message());
+  EXPECT_EQ(lu["names"].toArray().size(), 3) << "as many as are set";
+  EXPECT_EQ(lu["names"].toArray().first().toString(), "2026-11-15  14-05-09 Photo 00002.jpg");
+  const QString corps = lu["body"].toString();
+  EXPECT_TRUE(corps.startsWith(QString::fromUtf8("Là\nmaintenant\n\nL'intrusion a commencé le ")))
+      << corps.toStdString();
+  EXPECT_TRUE(corps.contains(maintenant.addSecs(-1).toString("HH:mm:ss"))) << corps.toStdString();
+  EXPECT_TRUE(corps.contains(QString::fromUtf8("regardez en bas à droite."))) << corps.toStdString();
+  EXPECT_TRUE(corps.endsWith(Temporaire.filePath("photos"))) << corps.toStdString();
 }
 
 TEST_F(ProgrammeMail, ASignalEndsItTidily) {

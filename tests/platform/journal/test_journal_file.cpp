@@ -49,6 +49,39 @@ TEST_F(JournalFile, AppendsLinesInTheirOrderForTheUserAlone) {
   EXPECT_EQ(etat.st_mode & 0777, 0600U);
 }
 
+TEST_F(JournalFile, TheSlateIsOneWholeFileForTheUserAloneAndTheNewestCounts) {
+  const QString ardoise = Dossier.filePath(QStringLiteral("sub/intrusion.json"));
+  {
+    FichierJournalSysteme fichier(Dossier.filePath(QStringLiteral("sub/journal.jsonl")));
+    for (int i = 0; i < 500; ++i) {
+      fichier.MontreArdoise(QByteArray(10'000, 'a') + QByteArray::number(i));
+      QFile lue(ardoise);
+      if (!lue.open(QIODevice::ReadOnly)) continue;  // the first is not there yet
+      EXPECT_GT(lue.readAll().size(), 10'000) << "never half of one";
+    }
+    fichier.Ajoute("line");
+  }
+  QFile lue(ardoise);
+  ASSERT_TRUE(lue.open(QIODevice::ReadOnly));
+  EXPECT_EQ(lue.readAll(), QByteArray(10'000, 'a') + "499");
+  EXPECT_EQ(QDir(Dossier.filePath(QStringLiteral("sub"))).entryList(QDir::Files),
+            (QStringList{QStringLiteral("intrusion.json"), QStringLiteral("journal.jsonl")}));
+  struct stat etat = {};
+  ASSERT_EQ(::stat(QFile::encodeName(ardoise).constData(), &etat), 0);
+  EXPECT_EQ(etat.st_mode & 0777, 0600U);
+}
+
+TEST_F(JournalFile, ASlateThatTheDiskDoesNotTakeLeavesTheLinesAlone) {
+  ASSERT_TRUE(QDir(Dossier.path()).mkdir(QStringLiteral("intrusion.json")));
+  {
+    FichierJournalSysteme fichier(Chemin());
+    fichier.MontreArdoise("{}");
+    fichier.Ajoute("line");
+  }
+  EXPECT_EQ(Contenu(), "line\n");
+  EXPECT_FALSE(QFile::exists(Dossier.filePath(QStringLiteral("intrusion.json.new"))));
+}
+
 TEST_F(JournalFile, ATornLineCostsItselfAlone) {
   Pose("one\ntw");
   FichierJournalSysteme(Chemin()).Ajoute("three");
