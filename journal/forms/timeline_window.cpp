@@ -19,12 +19,14 @@ QPushButton* FenetreFrise::CreeBouton(const char* nom) {
 
 void FenetreFrise::Revet(const AllureFrise& allure, const QString& feuille) {
   Allure_ = allure;
+  Fond_ = {};
   setStyleSheet(FeuilleFrise(allure) + feuille);
   update();
 }
 
 void FenetreFrise::closeEvent(QCloseEvent* evenement) {
   Repose();
+  Fond_ = {};
   evenement->accept();
 }
 
@@ -35,9 +37,18 @@ void FenetreFrise::keyPressEvent(QKeyEvent* evenement) {
     QWidget::keyPressEvent(evenement);
 }
 
+// Stretched once for each size of the window: what scrolls lets it through, and stretching it took most of a step.
 void FenetreFrise::paintEvent(QPaintEvent*) {
+  const double densite = devicePixelRatioF();
+  const QSize taille = size() * densite;
+  if (Fond_.size() != taille) {
+    Fond_ = QPixmap(taille);
+    Fond_.setDevicePixelRatio(densite);
+    QPainter dessin(&Fond_);
+    DessineTete(dessin, rect(), Allure_);
+  }
   QPainter peintre(this);
-  DessineTete(peintre, rect(), Allure_);
+  peintre.drawPixmap(0, 0, Fond_);
 }
 
 }  // namespace vaktor

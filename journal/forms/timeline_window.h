@@ -3,6 +3,7 @@
 // that look, Escape, and that behind a closed window nothing goes on.
 #pragma once
 
+#include <QPixmap>
 #include <QPushButton>
 #include <QWidget>
 
@@ -30,6 +31,7 @@ class FenetreFrise : public QWidget {
 
  private:
   AllureFrise Allure_;
+  QPixmap Fond_;  // the material at the size of the window; null until it is painted
 };
 
 }  // namespace vaktor
