@@ -68,6 +68,16 @@ TEST_F(JournalDuProgramme, TheSlateForTheMailsNamesThePhotoOfTheMostMovement) {
   EXPECT_LT(ardoise.Jusqua.msecsTo(fin.Depuis.addMSecs(fin.DureeMs)), 1000);
 }
 
+TEST_F(JournalDuProgramme, WithoutPhotosOfTheUsersTheSlateNamesTheCopiesForTheCompanions) {
+  DonneSite();
+  ArmeEtBouge(QStringLiteral("/surve /alarm"), false);
+  OuvreLaPage();
+  Systeme.Temps.Avance(3000);
+  EXPECT_FALSE(Systeme.LignesJournal.Ardoise().Photos.isEmpty());
+  Programme->Ferme();
+  EXPECT_EQ(Derniere(Fait::kFinIntrusion).Photos, 0) << "which are none of its photos";
+}
+
 TEST_F(JournalDuProgramme, APhotoWhoseNameWasTakenIsKnownByTheNameThatItGot) {
   Systeme.Ecrivain.DejaPris = QStringLiteral("b.jpg");
   ArmeEtBouge();
@@ -109,6 +119,28 @@ TEST_F(JournalDuProgramme, ConditionsOfTheWatchAreInIt) {
   Programme->Sante().Leve(Condition::kReglagesNonSauves);
   Systeme.Temps.Avance(1000);
   EXPECT_EQ(Derniere(Fait::kFinCondition).Mot, QStringLiteral("settings-not-saved"));
+}
+
+TEST_F(JournalDuProgramme, ThePageIsFreshAgainBehindAGapWhileItIsSwitchedOn) {
+  DonneSite();
+  ArmeEtBouge(QStringLiteral("/surve"));
+  OuvreLaPage();
+  Programme->Sante().Signale(Condition::kPageAncienne);
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(Derniere(Fait::kDebutCondition).Mot, QStringLiteral("page-old"));
+  EXPECT_EQ(Faits().count(Fait::kPageRetablie), 0);
+  Programme->Sante().Leve(Condition::kPageAncienne);
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(Derniere(Fait::kFinCondition).Mot, QStringLiteral("page-old"));
+  EXPECT_EQ(Faits().count(Fait::kPageRetablie), 1);
+}
+
+TEST_F(JournalDuProgramme, DisarmedByItsButtonIsALineAndEndsTheIntrusion) {
+  ArmeEtBouge();
+  Systeme.Temps.Avance(3000);
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("Bouton(1)")), Qt::LeftButton);
+  Systeme.Temps.Avance(2000);
+  EXPECT_EQ(Faits().mid(1), (QList<Fait>{Fait::kArmee, Fait::kDebutIntrusion, Fait::kFinIntrusion, Fait::kDesarmee}));
 }
 
 TEST_F(JournalDuProgramme, TheTimelineOpensByItsKeyAndByTheGallerysButtonAndFollowsWords) {
