@@ -9,8 +9,11 @@
 
 namespace vaktor {
 
+// The desktop's own dialog speaks the language of the session; ours speaks the one that was chosen (MotsOutils), and is
+// the same under every desktop.
 QString DialogueFichierQt::ChoisitFichier(const QString& filtre) {
-  return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), filtre);
+  return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), filtre, nullptr,
+                                      QFileDialog::DontUseNativeDialog);
 }
 
 namespace {
@@ -26,6 +29,7 @@ QString FinDe(const QString& filtre) {
 QString DialogueSauvegardeQt::ChoisitDestination(const QString& nom, const QStringList& filtres) {
   if (Dossier_.isEmpty()) Dossier_ = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
   QFileDialog dialogue(QApplication::activeWindow(), QString(), QFileInfo(Dossier_).isDir() ? Dossier_ : QString());
+  dialogue.setOption(QFileDialog::DontUseNativeDialog);
   dialogue.setAcceptMode(QFileDialog::AcceptSave);
   dialogue.setNameFilters(filtres);
   dialogue.setDefaultSuffix(FinDe(filtres.value(0)));
