@@ -5,8 +5,8 @@
 
 #include <QGuiApplication>
 #include <QLocale>
-#include <QStyleFactory>
 #include <cstdio>
+#include <optional>
 
 #include "app/application.h"
 #include "app/camera.h"
@@ -17,6 +17,8 @@
 #include "platform/base/core_file.h"
 #include "platform/base/end_signals.h"
 #include "platform/base/program_folders.h"
+#include "platform/widgets/fixed_windows.h"
+#include "ui/common/appearance.h"
 #include "ui/common/heard_roles.h"
 #include "ui/face/art_images.h"
 
@@ -37,13 +39,8 @@ void PrepareEnvironnement() {
   QGuiApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::PassThrough);
 }
 
-// All places are fixed in pixels and fields are black on white: the desktop's own style and dark palettes do not fit.
 void PrepareApparence() {
-  QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
-  QPalette palette(QColor(226, 228, 232));
-  palette.setColor(QPalette::Base, Qt::white);
-  palette.setColor(QPalette::Text, Qt::black);
-  QApplication::setPalette(palette);
+  HabilleApplication();
   QApplication::setQuitOnLastWindowClosed(false);
   QApplication::setWindowIcon(ChargeIcone());
   QGuiApplication::setDesktopFileName(QStringLiteral("org.vaktor.Vaktor"));  // its name, and on Wayland its icon
@@ -105,6 +102,9 @@ int LanceVaktor(int argc, char** argv) {
   QCoreApplication::setApplicationVersion(QLatin1String(kVersion));
   ApplicationGardee application(argc, argv);
   PrepareApparence();
+  // Elsewhere the desktop draws the frames, and its buttons know which windows may grow.
+  std::optional<FenetresFixes> fixes;
+  if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))) fixes.emplace();
   InstalleRoles();
   DitArgumentsInconnus();
   try {
