@@ -30,6 +30,17 @@ QString AideSansChiffrement(Langue langue) {
       .Dit(langue);
 }
 
+QString RaisonLogiciel(Langue langue) {
+  return Phrase{"Sans effet : les mails partent par le logiciel de messagerie, comme le dit la première case.",
+                "Not used: mails leave through the mail software, as the first box says."}
+      .Dit(langue);
+}
+
+QString RaisonSansConnexion(Langue langue, const QString& boite) {
+  return Phrase{"Sans effet tant que la case « %1 » n'est pas cochée.", "Not used until the box \"%1\" is ticked."}.Dit(
+      langue, boite);
+}
+
 QString MotsJeton(Langue langue) { return Phrase{"Commande OAuth2", "OAuth2 command"}.Dit(langue); }
 
 QString AideJeton(Langue langue) {

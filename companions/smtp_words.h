@@ -20,6 +20,10 @@ QString AideOAuth2(Langue langue);
 QString MotsSansChiffrement(Langue langue);
 QString AideSansChiffrement(Langue langue);
 
+/// Why fields are off: mails leave through the mail software; the server wants no login, as the box says that is named.
+QString RaisonLogiciel(Langue langue);
+QString RaisonSansConnexion(Langue langue, const QString& boite);
+
 /// The command that prints a token, and which accounts need one.
 QString MotsJeton(Langue langue);
 QString AideJeton(Langue langue);

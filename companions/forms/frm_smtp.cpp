@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QFrame>
 #include <QKeyEvent>
+#include <initializer_list>
 
 #include "base/mail_addresses.h"
 #include "base/typed_text.h"
@@ -91,7 +92,7 @@ void FrmSmtp::BrancheTexte(QLineEdit* champ, QString Parametres::*variable) {
 void FrmSmtp::JugeExpediteur() {
   const QStringList fausses = LitAdresses(Ports_.Reglages.SmtpFrom, !Ports_.Reglages.SmtpActif).Mauvaises;
   RougitChampSmtp(*Controles_.TxtFrom, !fausses.isEmpty());
-  Controles_.TxtFrom->setToolTip(fausses.isEmpty()
+  EcritAide(*Controles_.TxtFrom, fausses.isEmpty()
                                      ? Ports_.Textes.Dit(Aide::kAdresseEMail)
                                      : DitAdressesFausses(LangueParlee(Ports_.Reglages.LangueCourante), fausses));
 }
@@ -143,6 +144,23 @@ void FrmSmtp::ActiveChampsSmtp() {
   for (QLineEdit* champ : {Controles_.TxtSMTPuser, Controles_.TxtSMTPpass, Controles_.TxtSMTPjeton})
     ActiveChamp(*champ, champs.Connexion);
   Controles_.CheckSansChiffrement->setEnabled(champs.Connexion);
+  EcritRaisons();
+}
+
+// Only one of the two boxes is to blame: the second one is off itself while the first is ticked.
+void FrmSmtp::EcritRaisons() {
+  const ControlesSmtp& c = Controles_;
+  const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
+  const QString logiciel = RaisonLogiciel(langue);
+  const QString connexion = c.CheckNeedLoginSMTP->isEnabled()
+                                ? RaisonSansConnexion(langue, Ports_.Textes.Dit(Libelle::kSmtpAvecMotDePasse))
+                                : logiciel;
+  for (QWidget* controle :
+       std::initializer_list<QWidget*>{c.CmbComptes, c.CheckNeedLoginSMTP, c.TxtFrom, c.TxtSMTP, c.TextPort})
+    EcritRaison(*controle, logiciel);
+  for (QWidget* controle :
+       std::initializer_list<QWidget*>{c.TxtSMTPuser, c.TxtSMTPpass, c.TxtSMTPjeton, c.CheckSansChiffrement})
+    EcritRaison(*controle, connexion);
 }
 
 void FrmSmtp::Montre() {
@@ -239,7 +257,7 @@ void FrmSmtp::MontreOAuth2() {
   const Langue langue = LangueParlee(Ports_.Reglages.LangueCourante);
   const bool oauth2 = SontDUnCompteOAuth2(Ports_.Reglages, Ports_.Comptes);
   Controles_.TxtSMTPpass->setPlaceholderText(oauth2 ? InviteOAuth2(langue) : QString());
-  Controles_.TxtSMTPpass->setToolTip(oauth2 ? AideOAuth2(langue) : Ports_.Textes.Dit(Libelle::kMotDePasseSmtp));
+  EcritAide(*Controles_.TxtSMTPpass, oauth2 ? AideOAuth2(langue) : Ports_.Textes.Dit(Libelle::kMotDePasseSmtp));
 }
 
 void FrmSmtp::EcritSigneDeVie(Langue langue) {
@@ -253,7 +271,7 @@ void FrmSmtp::EcritSigneDeVie(Langue langue) {
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSigneDeVie), static_cast<QWidget*>(c.CmbSigneDeVie)})
     controle->setToolTip(AideSigneDeVie(langue));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPjeton), static_cast<QWidget*>(c.TxtSMTPjeton)})
-    controle->setToolTip(AideJeton(langue));
+    EcritAide(*controle, AideJeton(langue));
 }
 
 void FrmSmtp::EcritMots() {
@@ -261,13 +279,13 @@ void FrmSmtp::EcritMots() {
   const ControlesSmtp& c = Controles_;
   c.ChkMailWinsock->setToolTip(t.Dit(Aide::kLogicielMessagerie));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPadresse), static_cast<QWidget*>(c.TxtSMTP)})
-    controle->setToolTip(t.Dit(Aide::kAdresseSmtp));
+    EcritAide(*controle, t.Dit(Aide::kAdresseSmtp));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblFrom), static_cast<QWidget*>(c.TxtFrom)})
-    controle->setToolTip(t.Dit(Aide::kAdresseEMail));
+    EcritAide(*controle, t.Dit(Aide::kAdresseEMail));
   for (QWidget* controle : {static_cast<QWidget*>(c.LblSMTPport), static_cast<QWidget*>(c.TextPort)})
-    controle->setToolTip(t.Dit(Aide::kPortSmtp));
-  c.TxtSMTPuser->setToolTip(
-      t.Dit(Libelle::kUtilisateurSmtp));  // this one and the password have no row among the tool tips
+    EcritAide(*controle, t.Dit(Aide::kPortSmtp));
+  EcritAide(*c.TxtSMTPuser,
+            t.Dit(Libelle::kUtilisateurSmtp));  // this one and the password have no row among the tool tips
   MontreOAuth2();
   struct Ligne {
     Libelle Mots;
@@ -290,8 +308,9 @@ void FrmSmtp::EcritMots() {
   c.LblSansChiffrement->setText(MotsSansChiffrement(parlee));
   c.CheckSansChiffrement->setAccessibleName(MotsSansChiffrement(parlee));
   for (QWidget* controle : {static_cast<QWidget*>(c.CheckSansChiffrement), static_cast<QWidget*>(c.LblSansChiffrement)})
-    controle->setToolTip(AideSansChiffrement(parlee));
+    EcritAide(*controle, AideSansChiffrement(parlee));
   EcritSigneDeVie(parlee);
+  EcritRaisons();
   Push_.EcritMots(parlee);
   EcritComptes();
   // The shown text is no selection: picking any entry is a choice.

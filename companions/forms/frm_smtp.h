@@ -60,6 +60,7 @@ class FrmSmtp : public QWidget {
  private:
   void AfficheCompteSmtp();
   void ActiveChampsSmtp();
+  void EcritRaisons();
   void BrancheControles();
   void BrancheTexte(QLineEdit* champ, QString Parametres::*variable);
   void SuitPort(const QString& texte);

@@ -26,6 +26,16 @@ QLabel* CreeEtiquette(QWidget* forme, const char* nom) {
   return etiquette;
 }
 
+constexpr const char* kAide = "aide";
+constexpr const char* kRaison = "raison";
+
+void ComposeAide(QWidget& controle) {
+  QStringList lignes = {controle.property(kAide).toString()};
+  if (!controle.isEnabled()) lignes += controle.property(kRaison).toString();
+  lignes.removeAll(QString());
+  controle.setToolTip(lignes.join(u'\n'));
+}
+
 QLineEdit* CreeChamp(QWidget* forme, const char* nom) {
   auto* champ = Nomme(new QLineEdit(forme), nom);
   champ->setMaxLength(std::numeric_limits<int>::max());
@@ -93,6 +103,16 @@ QGridLayout* ControlesSmtp::DonneGrille() const {
   ligneEntiere(CheckSansChiffrement, LblSansChiffrement);
   ligne(LblSigneDeVie, CmbSigneDeVie);
   return grille;
+}
+
+void EcritAide(QWidget& controle, const QString& aide) {
+  controle.setProperty(kAide, aide);
+  ComposeAide(controle);
+}
+
+void EcritRaison(QWidget& controle, const QString& raison) {
+  controle.setProperty(kRaison, raison);
+  ComposeAide(controle);
 }
 
 void RougitChampSmtp(QLineEdit& champ, bool rouge) {

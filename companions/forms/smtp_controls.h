@@ -44,6 +44,9 @@ inline constexpr int kHeures = 24;
 
 /// Enabled and white, or disabled and grey.
 void ActiveChamp(QLineEdit& champ, bool actif);
+/// The tool tip of a control that can be off, and why it then is: behind the tip, as long as it is off.
+void EcritAide(QWidget& controle, const QString& aide);
+void EcritRaison(QWidget& controle, const QString& raison);
 /// Text colour: red where the user is to look.
 void RougitChampSmtp(QLineEdit& champ, bool rouge);
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The form of the mail settings: what it shows, reads and changes.
 #include <QAbstractItemView>
+#include <QHash>
 
 #include "base/failure.h"
 #include "companions/smtp_bench.h"
@@ -72,6 +73,55 @@ TEST_F(FormeSmtp, ToolTipsOfBothLanguages) {
       EXPECT_EQ(Trouve(ligne.Controle)->toolTip(), ligne.Aide) << ligne.Controle;
     }
   }
+}
+
+TEST_F(FormeSmtp, AControlThatIsOffSaysWhyInBothLanguages) {
+  for (const qint32 langue : {0, 1}) {
+    Reglages.LangueCourante = langue;
+    Reglages.SmtpActif = true;
+    Reglages.SmtpNeedLogin = true;
+    Ouvre();
+    const char* const serveur[] = {"CmbComptes", "CheckNeedLoginSMTP", "TxtFrom", "TxtSMTP", "TextPort"};
+    const char* const connexion[] = {"TxtSMTPuser", "TxtSMTPpass", "TxtSMTPjeton", "CheckSansChiffrement"};
+    QHash<QString, QString> aides;
+    for (const char* nom : serveur) aides[QLatin1String(nom)] = Trouve(nom)->toolTip();
+    for (const char* nom : connexion) aides[QLatin1String(nom)] = Trouve(nom)->toolTip();
+    const auto attend = [&](const char* nom, const char* francais, const char* anglais) {
+      QStringList lignes = {aides[QLatin1String(nom)], QString::fromUtf8(langue == 0 ? francais : anglais)};
+      lignes.removeAll(QString());
+      EXPECT_EQ(Trouve(nom)->toolTip(), lignes.join(u'\n')) << nom;
+    };
+    const char* const logicielFr =
+        "Sans effet : les mails partent par le logiciel de messagerie, comme le dit la première case.";
+    const char* const logicielEn = "Not used: mails leave through the mail software, as the first box says.";
+    const char* const loginFr =
+        "Sans effet tant que la case « Mon serveur SMTP nécessite un mot de passe » n'est pas cochée.";
+    const char* const loginEn = "Not used until the box \"My SMTP server need a password\" is ticked.";
+
+    Clique("CheckNeedLoginSMTP");
+    for (const char* nom : serveur) attend(nom, "", "");
+    for (const char* nom : connexion) attend(nom, loginFr, loginEn);
+    Clique("ChkMailWinsock");
+    for (const char* nom : serveur) attend(nom, logicielFr, logicielEn);
+    for (const char* nom : connexion) attend(nom, logicielFr, logicielEn);
+    Clique("ChkMailWinsock");
+    Clique("CheckNeedLoginSMTP");
+    for (const char* nom : serveur) attend(nom, "", "");
+    for (const char* nom : connexion) attend(nom, "", "");
+  }
+}
+
+TEST_F(FormeSmtp, WhyAControlIsOffFollowsTheLanguageAndStaysBehindANewTip) {
+  Reglages.SmtpActif = false;
+  Ouvre();
+  const QString raison = QStringLiteral("\nNot used: mails leave through the mail software, as the first box says.");
+  EXPECT_TRUE(Trouve("TxtSMTPpass")->toolTip().endsWith(raison));
+  EXPECT_EQ(Trouve("CmbComptes")->toolTip(), raison.mid(1)) << "it has no tip of its own";
+  Reglages.LangueCourante = 0;
+  Textes.Remplit(Langue::kFrancais);
+  Forme->EcritMots();
+  for (const char* nom : {"CmbComptes", "TxtFrom", "TxtSMTPpass", "TxtSMTPjeton"})
+    EXPECT_TRUE(Trouve(nom)->toolTip().endsWith(QStringLiteral("comme le dit la première case."))) << nom;
 }
 
 TEST_F(FormeSmtp, EnabledStatesAndColours) {
