@@ -15,6 +15,8 @@ constexpr int kStatutSignal = 128;  // what a shell shows for a process that a s
 }
 
 struct VeilleInterruption::Partage {
+  explicit Partage(int patience) : Patience(patience) {}
+  const int Patience;
   std::mutex Verrou;
   bool Restes = false;
   bool Demandee = false;
@@ -27,12 +29,12 @@ struct VeilleInterruption::Partage {
       if (!Restes) ::_exit(kStatutSignal + numero);
       Demandee = true;
     }
-    std::this_thread::sleep_for(std::chrono::milliseconds(kPatience));
+    std::this_thread::sleep_for(std::chrono::milliseconds(Patience));
     ::_exit(kStatutSignal + numero);
   }
 };
 
-VeilleInterruption::VeilleInterruption() : Partage_(std::make_shared<Partage>()) {
+VeilleInterruption::VeilleInterruption(int patience) : Partage_(std::make_shared<Partage>(patience)) {
   sigset_t signaux;
   sigemptyset(&signaux);
   for (const int numero : {SIGTERM, SIGINT, SIGHUP}) sigaddset(&signaux, numero);

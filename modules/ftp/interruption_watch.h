@@ -7,13 +7,13 @@
 namespace vaktor {
 
 /// Waits for TERM, INT and HUP on a thread of its own, since the work itself blocks. While nothing has to be tidied up,
-/// the process ends at once; otherwise EstDemandee becomes true, and the process ends kPatience milliseconds later at
+/// the process ends at once; otherwise EstDemandee becomes true, and the process ends `patience` milliseconds later at
 /// the latest. One object in a process, made before any other thread.
 class VeilleInterruption {
  public:
   static constexpr int kPatience = 8000;
 
-  VeilleInterruption();
+  explicit VeilleInterruption(int patience = kPatience);
   /// From any thread: whether something has to be tidied up.
   void ChangeRestes(bool restes);
   bool EstDemandee() const;

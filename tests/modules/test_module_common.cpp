@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Log, status file, folders and parameters of the companions.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QFile>
@@ -245,21 +247,44 @@ class Variable {
   bool Etait_;
 };
 
-TEST_F(Commun, ANotificationGoesToTheDesktopsProgramWithoutAShell) {
-  QFile faux(Temporaire.filePath("notify-send"));
-  ASSERT_TRUE(faux.open(QIODevice::WriteOnly));
-  faux.write("#!/bin/sh\nfor a in \"$@\"; do echo \"$a\"; done > '" + QFile::encodeName(Temporaire.path()) +
-             "/x'\nmv '" + QFile::encodeName(Temporaire.path()) + "/x' '" + QFile::encodeName(Temporaire.path()) +
-             "/dit'\n");
-  faux.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
-  faux.close();
-  const Variable path("PATH", QFile::encodeName(Temporaire.path()) + ":" + qgetenv("PATH"));
+struct Notification : Commun {
+  const Variable Path{"PATH", QFile::encodeName(Temporaire.path()) + ":" + qgetenv("PATH")};
+  const QByteArray Dossier = QFile::encodeName(Temporaire.path());
+
+  /// A desktop's program of the test's own: what `ecrit` writes is in the file "dit" when it is whole.
+  void PoseProgramme(const QByteArray& ecrit) const {
+    QFile faux(Temporaire.filePath("notify-send"));
+    ASSERT_TRUE(faux.open(QIODevice::WriteOnly));
+    faux.write("#!/bin/sh\n" + ecrit + " > '" + Dossier + "/x'\nmv '" + Dossier + "/x' '" + Dossier + "/dit'\n");
+    faux.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+  }
+  QString AttendDit() const {
+    EXPECT_TRUE(AttendQue([this] { return QFile::exists(Temporaire.filePath("dit")); }));
+    return LitTexte(Temporaire.filePath("dit"));
+  }
+};
+
+TEST_F(Notification, GoesToTheDesktopsProgramWithoutAShell) {
+  PoseProgramme("for a in \"$@\"; do echo \"$a\"; done");
   NotifieBureau("-titre", "$(touch mal) <b>gras</b> & \"x\"");
-  ASSERT_TRUE(AttendQue([this] { return QFile::exists(Temporaire.filePath("dit")); }));
-  const QStringList dits = LitTexte(Temporaire.filePath("dit")).split('\n');
+  const QStringList dits = AttendDit().split('\n');
+  ASSERT_GE(dits.size(), 5);
   EXPECT_EQ(dits.at(2), "--") << "a title that looks like an option is none";
   EXPECT_EQ(dits.at(3), "-titre");
   EXPECT_EQ(dits.at(4), "$(touch mal) &lt;b&gt;gras&lt;/b&gt; &amp; &quot;x&quot;");
+}
+
+// A library may have opened something without saying so, and a desktop's program may stay: the sound device of a
+// companion that has ended would be in use.
+TEST_F(Notification, TheDesktopsProgramGetsNoneOfOurFiles) {
+  PoseProgramme("ls -l /proc/$$/fd");
+  const int ouvert = ::open(QFile::encodeName(Temporaire.filePath("a-nous")).constData(), O_CREAT | O_RDWR, 0600);
+  ASSERT_GE(ouvert, 3);
+  NotifieBureau("titre", "texte");
+  const QString herites = AttendDit();
+  ::close(ouvert);
+  EXPECT_TRUE(herites.contains("->")) << herites.toStdString();
+  EXPECT_FALSE(herites.contains("a-nous")) << herites.toStdString();
 }
 
 TEST_F(Commun, WithoutADesktopANotificationIsNothing) {

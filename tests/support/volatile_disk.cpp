@@ -10,6 +10,7 @@
 //   hang    no call is answered any more
 //   refuse  nothing can be flushed any more: an error of the disk
 //   protect nothing can be flushed any more: the disk has failed and can only be read since
+//   keep    nothing can be deleted any more, not even by root
 //   answer  calls are answered again, also those that waited
 // The end of the input unmounts. The kernel keeps nothing of the files, so that a test sees what is in here.
 #define FUSE_USE_VERSION 31
@@ -40,9 +41,10 @@ struct Disque {
   std::mutex Verrou;
   std::condition_variable Reponse;
   bool Muet = false;
-  int Faute = 0;   // what a flush gives, 0 for none
-  Table Vivants;   // by whole path
-  Table Durables;  // the names that the flushes of their folders have brought to the disk
+  int Faute = 0;       // what a flush gives, 0 for none
+  bool Garde = false;  // what is asked to be deleted stays
+  Table Vivants;       // by whole path
+  Table Durables;      // the names that the flushes of their folders have brought to the disk
 };
 
 Disque& Ce() { return *static_cast<Disque*>(fuse_get_context()->private_data); }
@@ -160,6 +162,7 @@ int Coupe(const char* chemin, off_t taille, fuse_file_info*) {
 
 int Supprime(const char* chemin) {
   const auto garde = Entre();
+  if (Ce().Garde) return -EPERM;
   return Ce().Vivants.erase(chemin) == 1 ? 0 : -ENOENT;
 }
 
@@ -210,6 +213,7 @@ void Execute(Disque& disque, const std::string& ordre) {
     for (const auto& entree : disque.Vivants) entree.second->Vivant = entree.second->Durable;
   } else {
     disque.Muet = ordre == "hang";
+    disque.Garde = ordre == "keep";
     disque.Faute = ordre == "refuse" ? EIO : ordre == "protect" ? EROFS : 0;
     disque.Reponse.notify_all();
   }

@@ -338,7 +338,7 @@ TEST_F(Client, AServerThatAnswersNoCommandAnyMoreIsGivenUp) {
 }
 
 TEST_F(Client, ASilentTransferCanBeStoppedAtOnce) {
-  Options.DelaiSilence = Options.DelaiReponse = 600;
+  Options.DelaiSilence = Options.DelaiReponse = 25;  // that nobody asks has to be told within the patience of a test
   Ftp = std::make_unique<ClientFtp>(Options);
   Serveur.Dit("silent");
   EcritOctets(Ici.filePath("Live.jpg"), CreeJpeg(2, 2500));
@@ -350,6 +350,7 @@ TEST_F(Client, ASilentTransferCanBeStoppedAtOnce) {
                                              .Nom = "live.jpg"},
                                             {}, [&] { return ++demandes > 20; });
   EXPECT_EQ(resultat.Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_GT(demandes, 20) << "nobody asked whether it is still wanted";
 }
 
 TEST_F(Client, TheConnectionIsKeptAndASignOfLifeTellsWhenItIsGone) {

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // "VAKTORftp --try" as a program, against real servers on loopback.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <signal.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -10,6 +13,7 @@
 #include <QTcpSocket>
 
 #include "modules/ftp/ftp_test_server.h"
+#include "modules/ftp/interruption_watch.h"
 #include "support/event_wait.h"
 
 namespace vaktor::essai {
@@ -204,12 +208,22 @@ TEST_F(Essayer, AnEndBeforeAnythingWasSentIsAtOnce) {
   EXPECT_EQ(Programme.exitCode(), 128 + SIGTERM) << "nobody waits for a server that says nothing";
 }
 
+// A pipe with a name, since a QProcess goes on reading what it was told not to read any more.
 TEST_F(Essayer, OneWhoseReaderIsGoneTidiesUpAllTheSame) {
   Serveur.Dit("slow 20000");
+  QTemporaryDir tuyaux;
+  const QString tuyau = tuyaux.filePath("sortie");
+  ASSERT_EQ(::mkfifo(QFile::encodeName(tuyau).constData(), 0600), 0);
+  const int lecture = ::open(QFile::encodeName(tuyau).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+  ASSERT_GE(lecture, 0);
+  Programme.setStandardOutputFile(tuyau);
   Lance(Demande());
-  while (!Octets.contains("STOR: 1") && Programme.waitForReadyRead(20000)) Octets += Programme.readAll();
-  ASSERT_TRUE(Octets.contains("STOR: 1")) << Tout();
-  Programme.closeReadChannel(QProcess::StandardOutput);
+  EXPECT_TRUE(AttendQue([&] {
+    char octets[1000];
+    if (const ssize_t lus = ::read(lecture, octets, sizeof octets); lus > 0) Octets += QByteArray(octets, lus);
+    return Octets.contains("STOR: 1");
+  })) << Tout();
+  ::close(lecture);
   ASSERT_TRUE(Programme.waitForFinished(60000));
   EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
   EXPECT_TRUE(Restes().isEmpty());
@@ -219,6 +233,21 @@ TEST_F(Essayer, TheHelpNamesIt) {
   Programme.start(VAKTOR_FTP, {"--help"});
   ASSERT_TRUE(Programme.waitForFinished());
   EXPECT_TRUE(Programme.readAll().contains("VAKTORftp --try"));
+}
+
+// What has to be tidied up may hang like anything else on a network. In a process of its own, which it ends.
+TEST(Interruption, AnEndThatHangsIsCutOff) {
+  testing::GTEST_FLAG(death_test_style) = "threadsafe";
+  EXPECT_EXIT(
+      {
+        VeilleInterruption veille(200);
+        veille.ChangeRestes(true);
+        ::kill(::getpid(), SIGTERM);
+        while (!veille.EstDemandee()) ::usleep(1000);
+        for (int i = 0; i < 1000; ++i) ::usleep(10'000);
+        ::_exit(0);
+      },
+      testing::ExitedWithCode(128 + SIGTERM), "");
 }
 
 struct EssayerTls : Essayer {

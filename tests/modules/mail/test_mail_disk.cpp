@@ -10,9 +10,12 @@
 #include <csignal>
 #include <thread>
 
+#include "fakes/virtual_clock.h"
 #include "modules/mail/drafts.h"
 #include "modules/mail/outbox.h"
 #include "modules/mail/watch_folder.h"
+#include "modules/mail/watch_mails.h"
+#include "modules/mail/watch_message.h"
 #include "platform/store/private_file.h"
 #include "support/event_wait.h"
 #include "support/file_bytes.h"
@@ -85,6 +88,29 @@ TEST_F(CourantCoupe, AMessageOfTheWatchWhoseMailIsMadeDoesNotComeBack) {
   ASSERT_TRUE(veille.Efface(veille.Liste().first()));
   ASSERT_TRUE(Disque->CoupeCourant());
   EXPECT_TRUE(veille.Liste().isEmpty());
+}
+
+// Such a message was told once, and the mail of it has left the outbox since: nothing there tells any more that it was.
+TEST_F(CourantCoupe, AMessageOfTheWatchThatNobodyCanDeleteBecomesOneMail) {
+  const qint64 faitA = 1'700'000'000'000;
+  const QString veille = Chemin("/veille");
+  const QString boite = Ailleurs() + "/courrier";
+  PoseMessage(veille, QStringLiteral("%1-1").arg(faitA));
+  const faux::HorlogeVirtuelle horloge;
+  JournalBorne journal(Ailleurs(), "essai", horloge);
+  SacPostal sac(boite);
+  BrouillonsEnRetard retard(sac);
+  CourriersVeille courriers(veille, sac, retard, "essai", journal);
+  ReglagesCourriel reglages;
+  reglages.Adresses.Destinataires = QStringList{"anna@exemple.fr"};
+  ASSERT_TRUE(Disque->GardeTout());
+  EXPECT_EQ(courriers.Prend(reglages, faitA).Pris, 1);
+  EXPECT_EQ(DossierVeille(veille).Liste().size(), 1) << "it is still there";
+  EXPECT_FALSE(courriers.PlusAncien()) << "and waits for nothing";
+  ASSERT_EQ(sac.Liste().size(), 1);
+  sac.Acheve(sac.Liste().first().Nom);
+  EXPECT_EQ(courriers.Prend(reglages, faitA).Pris, 0);
+  EXPECT_TRUE(sac.Liste().isEmpty());
 }
 
 struct Brouillon : testing::Test {

@@ -44,6 +44,16 @@ struct Systeme : testing::Test {
     return std::nullopt;
   }
   std::optional<ProcessusVu> Trouve(qint64 pid) const { return Trouve(Processus, pid); }
+  /// Behind it the process has stopped: one that has not been told yet would still be ended by the next signal.
+  static bool Arrete(qint64 pid) {
+    if (::kill(static_cast<pid_t>(pid), SIGSTOP) != 0) return false;
+    return AttendQue([pid] {
+      QFile etat(QStringLiteral("/proc/%1/stat").arg(pid));
+      if (!etat.open(QIODevice::ReadOnly)) return true;
+      const QByteArray ligne = etat.readAll();
+      return ligne.mid(ligne.lastIndexOf(')')).startsWith(") T");
+    });
+  }
   static bool Demarre(ProcessusSysteme& processus, const QString& chemin) {
     return processus.LanceSuivi({.Chemin = chemin}, [] {}) != nullptr;
   }
@@ -211,7 +221,7 @@ TEST_F(Systeme, AStoppedProcessIsEndedToo) {
   ASSERT_TRUE(programme.waitForStarted());
   const auto vu = Trouve(programme.processId());
   ASSERT_TRUE(vu);
-  ASSERT_EQ(::kill(static_cast<pid_t>(programme.processId()), SIGSTOP), 0);
+  ASSERT_TRUE(Arrete(programme.processId()));
   EXPECT_TRUE(Processus.TermineProcessus(*vu));
   EXPECT_TRUE(programme.waitForFinished());
   EXPECT_EQ(programme.exitCode(), SIGTERM) << "it heard the polite request: force was not needed";
@@ -321,7 +331,7 @@ TEST_F(Suivi, OneThatHadGoneBeforeAnybodyTookHoldOfItIsTold) {
 TEST_F(Suivi, AStoppedOneHearsTheRequest) {
   const auto programme = Lance("while :; do sleep 0.05; done\n", "trap 'exit 0' TERM");
   ASSERT_TRUE(programme);
-  ASSERT_EQ(::kill(AttendPid(), SIGSTOP), 0);
+  ASSERT_TRUE(Arrete(AttendPid()));
   programme->DemandeFin();
   EXPECT_TRUE(AttendQue([this] { return Fins == 1; }));
 }

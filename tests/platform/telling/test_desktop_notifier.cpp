@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The real notifier, against a program of the test that stands in the place of notify-send.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -62,6 +64,20 @@ TEST_F(Notifieur, DoesNotWaitForTheDesktop) {
   notifieur.Notifie(QStringLiteral("t"), QStringLiteral("x"), true);
   EXPECT_LT(temps.elapsed(), 4000);
   EXPECT_FALSE(LitArguments().isEmpty());
+}
+
+// A camera that a library has opened would else be in use for as long as the desktop's program runs.
+TEST_F(Notifieur, TheDesktopsProgramGetsNoneOfOurFiles) {
+  PoseProgramme("set -- \"$(ls -l /proc/$$/fd)\"");
+  const QByteArray nom = QFile::encodeName(Dossier_.filePath(QStringLiteral("a-nous")));
+  const int ouvert = ::open(nom.constData(), O_CREAT | O_RDWR, 0600);
+  ASSERT_GE(ouvert, 3);
+  NotifieurSysteme notifieur;
+  notifieur.Notifie(QStringLiteral("t"), QStringLiteral("x"), true);
+  const QString herites = LitArguments();
+  ::close(ouvert);
+  EXPECT_TRUE(herites.contains(QStringLiteral("->"))) << herites.toStdString();
+  EXPECT_FALSE(herites.contains(QStringLiteral("a-nous"))) << herites.toStdString();
 }
 
 TEST_F(Notifieur, WithoutTheProgramNothingHappens) {
