@@ -4,7 +4,7 @@
 
 Prints its port. Each request becomes FOLDER/N.json (method, path, headers) and FOLDER/N.body, N from 0 on. The first
 line of FOLDER/answer, where there is one, is the status that it answers with; "redirect URL" sends elsewhere, "hang"
-says nothing.
+says nothing, "drip" answers a byte every third of a second, for half a minute.
 """
 import argparse
 import http.server
@@ -37,6 +37,8 @@ class Handler(http.server.BaseHTTPRequestHandler):
         words = answer.read_text().split() if answer.exists() else ["200"]
         if words[0] == "hang":
             time.sleep(600)
+        if words[0] == "drip":
+            return self.drip()
         self.send_response(302 if words[0] == "redirect" else int(words[0]))
         if words[0] == "redirect":
             self.send_header("Location", words[1])
@@ -44,6 +46,17 @@ class Handler(http.server.BaseHTTPRequestHandler):
         self.send_header("Content-Length", str(len(text)))
         self.end_headers()
         self.wfile.write(text)
+
+    def drip(self):
+        self.send_response(200)
+        self.send_header("Content-Length", "100")
+        self.end_headers()
+        try:
+            for _ in range(100):
+                self.wfile.write(b"x")
+                time.sleep(0.3)
+        except OSError:
+            self.close_connection = True
 
     do_GET = do_PUT = do_POST
 

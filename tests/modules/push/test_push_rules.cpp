@@ -6,6 +6,7 @@
 #include "modules/push/mail_and_push.h"
 #include "modules/push/push_notices.h"
 #include "support/file_bytes.h"
+#include "support/small_disk.h"
 #include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
@@ -31,7 +32,7 @@ TEST(ReglagesDesPush, TakeAddressesOfTheWebAndNoOthers) {
 
 TEST(ReglagesDesPush, TakeOneHeaderAndNoSecondOneBehindALineBreak) {
   EXPECT_EQ(Lit("https://a/", " X-Key: abc ").Reglages.Entete, "X-Key: abc");
-  for (const char* faux : {"abc", ": abc", "X Key: abc", "X: a\r\nY: b", "X: a\nb", "\xC3\xA9: a"})
+  for (const char* faux : {"abc", ": abc", "X Key: abc", "X: a\r\nY: b", "X: a\nb", "X: a\x7f", "\xC3\xA9: a"})
     EXPECT_EQ(Lit("https://a/", faux).Manque, ManquePush::kEntete) << faux;
 }
 
@@ -162,6 +163,72 @@ TEST_F(FileDePush, WhatIsNoPushIsPassedOver) {
   EXPECT_TRUE(Sac.Liste().isEmpty());
 }
 
+TEST_F(FileDePush, APictureThatIsNotWholeIsLeftOut) {
+  ASSERT_EQ(Sac.Ajoute(Message("a", PetitJpeg("x").chopped(2)), Maintenant, "a"), 0);
+  EXPECT_EQ(Tourne(), "a-");
+}
+
+TEST_F(FileDePush, AFileThatIsTooLargeIsNoPush) {
+  const QString nom = Dossier.filePath("push/999999999999999-x.push");
+  Ajoute("a");
+  ASSERT_TRUE(EcritOctets(nom, R"({"title":"t","text":"large","image":""})"
+                               "\n"));
+  ASSERT_TRUE(QFile::resize(nom, 40LL * 1024 * 1024));
+  EXPECT_EQ(Tourne(), "a");
+}
+
+TEST_F(FileDePush, OneThatTheDiskKeepsDoesNotGoAgain) {
+  Ajoute("a");
+  const QString nom = Dossier.filePath("push/" + Sac.Liste().first());
+  const QByteArray octets = LitOctets(nom);
+  EXPECT_EQ(Tourne(), "a");
+  ASSERT_TRUE(EcritOctets(nom, octets));
+  EXPECT_EQ(Tourne(), "");
+}
+
+TEST_F(FileDePush, OurOwnEndIsNoFailure) {
+  Serveur = [](const MessagePush&) { return IssuePush::kInterrompu; };
+  Ajoute("a");
+  EXPECT_EQ(Tourne(), "a");
+  EXPECT_EQ(Attente, FacteurPush::kRienAFaire);
+  EXPECT_TRUE(Rapports.isEmpty());
+  Serveur = [](const MessagePush&) { return IssuePush::kPris; };
+  EXPECT_EQ(Tourne(), "a");
+}
+
+TEST(FileDePushPleine, OnADiskThatIsFullTheWordsAreKept) {
+  const PetitDisque disque(256 * 1024);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  const SacPush sac(disque.Chemin() + "/push");
+  ASSERT_EQ(SacPush(sac).Ajoute({"t", "a", "p.jpg", PetitJpeg(QByteArray(1'000'000, 'x'))}, 1, "a"), 0);
+  ASSERT_EQ(sac.Liste().size(), 1);
+  EXPECT_EQ(sac.Lit(sac.Liste().first()), (MessagePush{"t", "a", "p.jpg", {}}));
+}
+
+TEST(AvisPush, SayWhatIsWrongAndWhereToPutItRight) {
+  const std::pair<IssuePush, const char*> cas[] = {
+      {IssuePush::kPanne, "push-server"},      {IssuePush::kAcces, "push-login"},
+      {IssuePush::kAdresse, "push-address"},   {IssuePush::kCertificat, "push-certificate"},
+      {IssuePush::kTropGrand, "push-refused"}, {IssuePush::kRefuse, "push-refused"}};
+  QStringList phrases;
+  for (const auto& [issue, sujet] : cas) {
+    const AvisEchec avis = ComposeAvisPush({issue, 0, "its words"}, "push.exemple.fr");
+    EXPECT_EQ(avis.Sujet, sujet);
+    EXPECT_EQ(avis.MotsServeur, "its words");
+    for (const Langue langue : kLangues) EXPECT_TRUE(avis.Mots.Dit(langue).contains("push.exemple.fr")) << sujet;
+    phrases << avis.Mots.Dit(Langue::kAnglais);
+  }
+  EXPECT_EQ(phrases.removeDuplicates(), 1) << "those that were given up are told alike, and no others";
+  EXPECT_TRUE(phrases.at(1).contains("header")) << phrases.at(1).toStdString();
+  EXPECT_TRUE(phrases.at(2).contains("at this address")) << phrases.at(2).toStdString();
+  EXPECT_EQ(ComposeAvisManque(ManquePush::kAdresse).Sujet, "push-address");
+  EXPECT_EQ(ComposeAvisManque(ManquePush::kEntete).Sujet, "push-header");
+  const AvisEchec plein = ComposeAvisSac("/home/anna/push", "No space left");
+  EXPECT_EQ(plein.MotsServeur, "No space left");
+  EXPECT_TRUE(plein.Mots.Dit(Langue::kAnglais).contains("/home/anna/push"));
+  EXPECT_EQ(TextePush(Langue::kAnglais, QTime(14, 5, 9)), "Intrusion at 14:05:09");
+}
+
 struct PosteFaux : PostePush {
   explicit PosteFaux(QStringList& faits) : Faits(faits) {}
   ~PosteFaux() override { Faits << "fini"; }
@@ -192,6 +259,7 @@ struct Push : BancModule {
     Reglages.Valeurs.MailDestination = "anna@exemple.fr";
     Reglages.Valeurs.PhotoActif = true;
     Reglages.Valeurs.RepertoirePhoto = Temporaire.path() + "\\photos";
+    Dossiers.Programme.Donnees = Temporaire.path();
     const PortsPush ports{Temporaire.filePath("push"),
                           "m",
                           {},
@@ -209,7 +277,10 @@ struct Push : BancModule {
     FaitsMail.clear();
   }
   void Photo(const QString& nom, const QByteArray& octets) const {
-    QFile f(Temporaire.filePath("photos/" + nom));
+    PhotoDans(Temporaire.filePath("photos/"), nom, octets);
+  }
+  void PhotoDans(const QString& dossier, const QString& nom, const QByteArray& octets) const {
+    QFile f(dossier + nom);
     ASSERT_TRUE(f.open(QIODevice::WriteOnly));
     f.write(octets);
     f.flush();
@@ -261,6 +332,23 @@ TEST_F(Push, ComesOnceAMinuteWhileItGoesOnAndAtOnceWithTheNextIntrusion) {
   EXPECT_EQ(Sac.Liste().size(), 3) << "ten seconds without a report";
 }
 
+TEST_F(Push, ComesAtOnceWhenTheClockWasSetBack) {
+  Bouge(1);
+  Debut -= 3'600'000;
+  Bouge(1);
+  EXPECT_EQ(Sac.Liste().size(), 2);
+}
+
+TEST_F(Push, WherePhotosAreOffTakesTheCopiesForThePage) {
+  Reglages.Valeurs.PhotoActif = false;
+  Module->PrendReglages(Reglages);
+  QDir().mkpath(Dossiers.CheminTempFtp());
+  Photo("1.jpg", PetitJpeg("a photo of the folder that is off"));
+  PhotoDans(Dossiers.CheminTempFtp() + '/', "2.jpg", PetitJpeg("a copy"));
+  Bouge(1);
+  EXPECT_EQ(Dernier().NomImage, "2.jpg");
+}
+
 TEST_F(Push, WithoutAnAddressIsNone) {
   Reglages.Valeurs.PushAdresse.clear();
   Module->PrendReglages(Reglages);
@@ -277,6 +365,16 @@ TEST_F(Push, WhoGivesNoAddressForMailsWantsNone) {
   Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(FaitsMail, QStringList{"Veill"}) << "the watch has something to say all the same";
   EXPECT_EQ(Sac.Liste().size(), 1);
+}
+
+// The system's mail program knows names without an "@".
+TEST_F(Push, ALocalNameIsAnAddressForMails) {
+  Reglages.Valeurs.SmtpActif = false;
+  Reglages.Valeurs.MailDestination = "root";
+  Module->PrendReglages(Reglages);
+  FaitsMail.clear();
+  Bouge(1);
+  EXPECT_EQ(FaitsMail, QStringList{"Intru"});
 }
 
 TEST_F(Push, HandsEverythingElseToTheMails) {
@@ -297,6 +395,23 @@ TEST_F(Push, TellsWhatIsWrongAndHidesWhatLetsItIn) {
   EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("push-login"));
   EXPECT_FALSE(LitOctets(Journal.Chemin()).contains("secret-topic"));
   Rapporte({"n", {IssuePush::kPris, 200, "HTTP 200"}, false, 0});
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("\"ok\""));
+}
+
+TEST_F(Push, SpeaksTheUsersLanguage) {
+  Reglages.Valeurs.LangueCourante = 1;
+  Module->PrendReglages(Reglages);
+  Rapporte({"n", {IssuePush::kPanne, 503, {}}, false, 10'000});
+  ASSERT_EQ(Avis.size(), 1);
+  EXPECT_TRUE(Avis[0].contains("does not answer")) << Avis[0].toStdString();
+}
+
+TEST_F(Push, WhatIsWrongStandsUntilSomethingIsChanged) {
+  Rapporte({"n", {IssuePush::kAcces, 401, {}}, false, 10'000});
+  Module->PrendReglages(Reglages);
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("push-login"));
+  Reglages.Valeurs.PushEntete = "X-Key: another";
+  Module->PrendReglages(Reglages);
   EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("\"ok\""));
 }
 

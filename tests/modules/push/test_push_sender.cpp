@@ -3,9 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <csignal>
 
 #include "modules/push/push_sender.h"
 #include "push_test_server.h"
+#include "support/full_port.h"
+#include "support/mute_names.h"
 #include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
@@ -93,7 +96,11 @@ TEST_F(EnvoiPush, FollowsNobodyElsewhereWithItsHeader) {
 TEST_F(EnvoiPush, WaitsForLater) {
   Serveur.Demarre();
   Serveur.Repond("hang");
-  EXPECT_EQ(Envoie(Reglages(Serveur.Adresse())).Issue, IssuePush::kPanne) << "silent for two seconds";
+  QElapsedTimer temps;
+  temps.start();
+  const DelaisPush delais{.Connexion = 10, .Silence = 2, .Tout = 40};
+  EXPECT_EQ(EnvoiePush(Reglages(Serveur.Adresse()), Message(), {}, delais).Issue, IssuePush::kPanne);
+  EXPECT_LT(temps.elapsed(), 20'000) << "silent for two seconds";
   Serveur.Arrete();
   EXPECT_EQ(Envoie(Reglages(Serveur.Adresse())).Issue, IssuePush::kPanne) << "nobody there";
 }
@@ -106,6 +113,62 @@ TEST_F(EnvoiPush, EndsWhenItIsAskedTo) {
   const ResultatPush r = EnvoiePush(Reglages(Serveur.Adresse()), Message(), [] { return true; });
   EXPECT_EQ(r.Issue, IssuePush::kInterrompu);
   EXPECT_LT(temps.elapsed(), 10'000);
+}
+
+TEST_F(EnvoiPush, OneThatDripsIsGivenUp) {
+  Serveur.Demarre();
+  Serveur.Repond("drip");
+  const DelaisPush delais{.Connexion = 10, .Silence = 10, .Tout = 3};
+  EXPECT_EQ(EnvoiePush(Reglages(Serveur.Adresse()), Message(), {}, delais).Issue, IssuePush::kPanne);
+}
+
+// A port whose queue of connections is full: the system answers nothing at all.
+TEST_F(EnvoiPush, GivesUpAHostThatDoesNotTakeTheConnection) {
+  const PortPlein plein;
+  ASSERT_NE(plein.Port(), 0);
+  QElapsedTimer temps;
+  temps.start();
+  const ReglagesPush reglages = Reglages(QStringLiteral("http://127.0.0.1:%1/").arg(plein.Port()));
+  const DelaisPush delais{.Connexion = 1, .Silence = 40, .Tout = 40};
+  EXPECT_EQ(EnvoiePush(reglages, Message(), {}, delais).Issue, IssuePush::kPanne);
+  EXPECT_LT(temps.elapsed(), 20'000);
+}
+
+TEST_F(EnvoiPush, ANameServerThatHangsDoesNotHoldUpOurEnd) {
+  const SilenceDesNoms silence;
+  QElapsedTimer depuis;
+  depuis.start();
+  const ResultatPush r =
+      EnvoiePush(Reglages("http://hangs.example/"), Message(), [&depuis] { return depuis.hasExpired(300); });
+  EXPECT_EQ(r.Issue, IssuePush::kInterrompu);
+  EXPECT_TRUE(silence.Dure()) << "back before the name server was";
+}
+
+// The disposition of a signal belongs to the whole program: another thread may be starting something at that moment.
+TEST_F(EnvoiPush, LeavesTheSignalsOfTheProgramAlone) {
+  Serveur.Demarre();
+  const auto avant = std::signal(SIGPIPE, SIG_DFL);
+  int demandes = 0;
+  bool ignore = false;
+  EnvoiePush(Reglages(Serveur.Adresse()), Message(), [&] {
+    struct sigaction action {};
+    ::sigaction(SIGPIPE, nullptr, &action);
+    ignore |= action.sa_handler == SIG_IGN;
+    ++demandes;
+    return false;
+  });
+  std::signal(SIGPIPE, avant);
+  EXPECT_GT(demandes, 0);
+  EXPECT_FALSE(ignore);
+}
+
+// A server that does not know the question would leave it unanswered, for a second.
+TEST_F(EnvoiPush, ALargePictureAsksForNoLeave) {
+  Serveur.Demarre();
+  const MessagePush message = Message(PetitJpeg(QByteArray(3'000'000, 'x')));
+  ASSERT_EQ(Envoie(Reglages(Serveur.Adresse()), message).Issue, IssuePush::kPris);
+  EXPECT_EQ(Serveur.Corps(0), message.Image);
+  EXPECT_EQ(Serveur.Entete(0, "expect"), "");
 }
 
 TEST(EnTetePush, IsAsciiAsItStandsAndEncodedWordsOtherwise) {
