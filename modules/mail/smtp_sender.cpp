@@ -250,12 +250,11 @@ ResultatEnvoi EnvoieParSmtp(const ReglagesEnvoi& reglages, const Enveloppe& enve
   ReglagesEnvoi r = reglages;
   QByteArrayList offerts;
   ResultatEnvoi resultat = Converse(r, enveloppe, message, rappels, jeton, offerts);
-  QByteArrayList essayes{resultat.Mecanisme};
+  const QByteArray premier = resultat.Mecanisme;
   for (const char* mecanisme : {"PLAIN", "LOGIN"}) {
     if (resultat.Cause != CauseEchec::kConnexionRefusee || !resultat.Chiffre || !jeton.isEmpty()) break;
-    if (essayes.contains(mecanisme) || !offerts.contains(mecanisme)) continue;
+    if (premier == mecanisme || !offerts.contains(mecanisme)) continue;
     r.Mecanisme = mecanisme;
-    essayes.append(mecanisme);
     const ResultatEnvoi autre = Converse(r, enveloppe, message, rappels, jeton, offerts);
     if (autre.Accepte || !NeDitRienDeLaConnexion(autre)) resultat = autre;
   }

@@ -77,8 +77,10 @@ struct Poste : Sac {
   /// Lets the postman work for so long.
   void Travaille(qint64 duree) {
     const qint64 fin = Maintenant + duree;
+    const int avant = Tentatives;
     for (int tours = 0; Maintenant < fin; ++tours) {
-      ASSERT_LT(tours, 20'000) << "it tries without a rest";
+      ASSERT_LT(tours, 20'000) << "it looks without a rest";
+      ASSERT_LT(Tentatives - avant, 500) << "it tries without a rest";
       Maintenant += std::clamp<qint64>(F->Tour(), 1, fin - Maintenant);
     }
   }

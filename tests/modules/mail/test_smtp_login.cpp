@@ -56,6 +56,14 @@ TEST_F(Login, AWrongPasswordIsTriedOnceInEachWayAndTold) {
   EXPECT_EQ(Tentes(), "CRAM-MD5 PLAIN LOGIN");
 }
 
+// Of the one that worked before, until the password was changed there. Refusals lock accounts.
+TEST_F(Login, AWrongPasswordIsNotTriedAgainInTheWayThatCameFirst) {
+  Chiffre({"--login", "anna", "autre", "--accepts", "LOGIN"});
+  Reglages.Mecanisme = "PLAIN";
+  EXPECT_EQ(Envoie().Cause, CauseEchec::kConnexionRefusee);
+  EXPECT_EQ(Tentes(), "PLAIN LOGIN");
+}
+
 TEST_F(Login, WithoutEncryptionThePlainOnesAreNotTriedBehindAStrongerOne) {
   ASSERT_TRUE(Serveur.Demarre({"--login", "anna", "s3cret&mot", "--accepts", "PLAIN"}));
   Regle(true);

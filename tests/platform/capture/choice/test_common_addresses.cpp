@@ -61,7 +61,8 @@ TEST(AdressesPossibles, KeepAPortThatWasTyped) {
 }
 
 TEST(AdressesPossibles, LeaveWhatHasAPathAlone) {
-  for (const char* texte : {"rtsp://camera/live", "http://camera/?action=stream", "test", "/dev/video0", "film.avi"})
+  for (const char* texte : {"rtsp://camera/live", "http://camera/?action=stream", "http://camera?action=stream", "test",
+                            "/dev/video0", "film.avi"})
     EXPECT_EQ(AdressesPossibles(ComprendSource(QLatin1String(texte))).size(), 1) << texte;
 }
 
