@@ -86,10 +86,28 @@ bool EstPourNous(GstElementFactory* fabrique, const GstCaps* caps) {
   return gst_element_factory_list_is_type(fabrique, GST_ELEMENT_FACTORY_TYPE_DECODER) != FALSE;
 }
 
+// Nor is anybody's decoder but ours asked for pictures of which nobody has told how large they are, or that are too
+// large.
+bool DitTailleTenable(const GstStructure* structure) {
+  int largeur = 0;
+  int hauteur = 0;
+  return gst_structure_get_int(structure, "width", &largeur) != FALSE &&
+         gst_structure_get_int(structure, "height", &hauteur) != FALSE && largeur > 0 && hauteur > 0 &&
+         qint64{largeur} * hauteur <= kPixelsMaximum;
+}
+
+bool EstDecodeurEtranger(GstElementFactory* fabrique) {
+  return g_strcmp0(GST_OBJECT_NAME(fabrique), "vaktorlibav") != 0 &&
+         gst_element_factory_list_is_type(fabrique, GST_ELEMENT_FACTORY_TYPE_DECODER |
+                                                        GST_ELEMENT_FACTORY_TYPE_MEDIA_VIDEO |
+                                                        GST_ELEMENT_FACTORY_TYPE_MEDIA_IMAGE) != FALSE;
+}
+
 int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gpointer reseau) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   if (EstListe(structure) || (reseau != nullptr && !EstDeCamera(structure))) return kPasse;
   if (EstPourNous(fabrique, caps)) return kPasse;
+  if (EstDecodeurEtranger(fabrique) && !DitTailleTenable(structure)) return kPasse;
   const char* classe = gst_element_factory_get_metadata(fabrique, GST_ELEMENT_METADATA_KLASS);
   return classe != nullptr && std::strstr(classe, "Hardware") != nullptr ? kPasse : kEssaie;
 }
