@@ -24,7 +24,9 @@ void JaugeSensibilite::DessineSeuil(qint32 valeur) {
 }
 
 void JaugeSensibilite::SuitSouris(double x, bool boutonGaucheSeul) {
-  if (boutonGaucheSeul) DessineSeuil(ArrondiPair(x));
+  if (!boutonGaucheSeul) return;
+  DessineSeuil(ArrondiPair(x));
+  TimerSeuil_.Reveille();  // further out, more steps are allowed
 }
 
 void JaugeSensibilite::DoubleClic() {
@@ -60,7 +62,7 @@ qint32 JaugeSensibilite::PasPermis() const {
 void JaugeSensibilite::AjusteSeuil() {
   // Read at each tick: ticking the box takes effect on the next one, from the value and the step as they stand.
   if (!Ports_.Reglages.SeuilAuto) return;
-  if (!PeutAgir()) return;
+  if (!PeutAgir()) return Repose();
   ++Pas_;
   qint32& seuil = Ports_.Reglages.SeuilDetection;
   if (Points_ == 0) {
@@ -72,6 +74,17 @@ void JaugeSensibilite::AjusteSeuil() {
   }
   seuil = std::max(seuil, kSeuilDetectionMin);
   DessineSeuil(seuil);
+  if (Pas_ >= PasPermis()) Repose();
+}
+
+// Nothing happens before the next frame is compared. A hundred ticks a second for nothing are a third of what the
+// program does behind hidden windows at ten frames a second. With the camera off no frame would end the rest.
+void JaugeSensibilite::Repose() {
+  if (Etat_.Camera.CameraActive) TimerSeuil_.Endors();
+}
+
+void JaugeSensibilite::SuitComparaison() {
+  if (Etat_.Detection.Comparees != Comparees_) TimerSeuil_.Reveille();
 }
 
 }  // namespace vaktor

@@ -24,9 +24,12 @@ class JaugeSensibilite {
   /// The tick of TimerSeuil. Acts on the count of the last frame that was compared, several times on the same one but
   /// no more than so often; then the tolerance rests until the next.
   void AjusteSeuil();
+  /// After each frame: one that was compared gives the ticks something to do again.
+  void SuitComparaison();
 
  private:
   bool PeutAgir();
+  void Repose();
   qint32 PasPermis() const;
 
   const PortsSurveillance& Ports_;

@@ -74,7 +74,10 @@ class ReglesSurveillance {
         if (!Etat.Camera.EnPause()) tic();
       });
     };
-    m.Timer1 = cree(QStringLiteral("Timer1"), kTicMs, [this] { Tic.TraiteTic(); });
+    m.Timer1 = cree(QStringLiteral("Timer1"), kTicMs, [this] {
+      Tic.TraiteTic();
+      Jauge.SuitComparaison();
+    });
     m.Timer2 = cree(QStringLiteral("Timer2"), kAttenteSeuilMs, [this] { LanceSeuil(); });
     m.TimerSeuil = cree(QStringLiteral("TimerSeuil"), kSeuilMs, [this] { Jauge.AjusteSeuil(); });
     m.Timer3 = cree(QStringLiteral("Timer3"), kSecondeMs, [this] { Alarme.CompteUneSeconde(); });
@@ -84,7 +87,9 @@ class ReglesSurveillance {
 
   /// What keeps Timer1 from ticking keeps a frame from waking it: the first tick afterwards asks again.
   void SuitReveil() {
-    if (!Etat.Camera.EnPause() && Minuteries.Timer1->EstActive()) Tic.TraiteReveil();
+    if (Etat.Camera.EnPause() || !Minuteries.Timer1->EstActive()) return;
+    Tic.TraiteReveil();
+    Jauge.SuitComparaison();
   }
 
   /// The tick of Timer2: the warm-up is over. It goes on every 15 s to no further effect on the tolerance, since

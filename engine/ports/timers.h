@@ -16,10 +16,14 @@ class Minuterie {
   /// Milliseconds, 1 and up. On a running timer the new interval counts from now.
   virtual void ChangeIntervalle(qint32 millisecondes) = 0;
   virtual qint32 Intervalle() const = 0;
-  /// Starts the timer; on a running timer nothing changes.
+  /// Starts the timer; on a running timer nothing changes, but one that sleeps wakes.
   virtual void Active() = 0;
   virtual void Desactive() = 0;
-  virtual bool EstActive() const = 0;
+  virtual bool EstActive() const = 0;  ///< also while it sleeps
+  /// For a tick that has nothing to do until something happens: none comes before Reveille, from which the interval
+  /// counts anew, and the processor rests. Nothing on a timer that is off.
+  virtual void Endors() = 0;
+  virtual void Reveille() = 0;
 };
 
 /// Makes timers. `nom` is the timer's name in this program ("Timer1"), for tests and debugging.

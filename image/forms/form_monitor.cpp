@@ -2,7 +2,9 @@
 #include "image/forms/form_monitor.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QPainter>
+#include <QScreen>
 
 #include "base/failure.h"
 #include "engine/detection_zone.h"
@@ -45,7 +47,7 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
       Sauvegarde_(sauvegarde),
       Picture1_(new VueCadre(moteur.Surface(), this)),
       ProgressBar1_(new BarrePoints(this)),
-      Rafraichissement_(new TravailVisible(this, [this] { Picture1_->update(); })),
+      Rafraichissement_(new TravailVisible(this, [this] { Picture1_->Rafraichit(); })),
       Barre_(new TravailVisible(this, [this] { ProgressBar1_->setValue(Points_); })) {
   setObjectName(QStringLiteral("FormMonitor"));
   Picture1_->setObjectName(QStringLiteral("Picture1"));
@@ -54,6 +56,8 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
   BrancheSouris();
   BrancheTouches();
   Picture1_->setFocus();  // the one control that takes keys
+  if (const QScreen* ecran = QGuiApplication::primaryScreen())
+    connect(ecran, &QScreen::virtualGeometryChanged, this, [this] { Picture1_->update(); });
   AjusteFenetre();
   Moteur_.Surface().SurTaille([this] { SuitTaille(); });
   Moteur_.Surface().SurChangement([this] { Rafraichissement_->Demande(); });
@@ -143,6 +147,12 @@ void FormMonitor::AjusteFenetre() {
   Picture1_->setGeometry(QRect(QPoint(0, 0), taille));
   ProgressBar1_->setGeometry(0, taille.height() - kHauteurBarre, taille.width(), kHauteurBarre);
   setFixedSize(taille);
+}
+
+// What was on no screen was not painted: that of the last frame may lie there, or of none.
+void FormMonitor::moveEvent(QMoveEvent* evenement) {
+  QWidget::moveEvent(evenement);
+  Picture1_->update();
 }
 
 void FormMonitor::closeEvent(QCloseEvent* evenement) {

@@ -40,6 +40,7 @@ class FormMonitor : public QWidget {
 
  protected:
   void closeEvent(QCloseEvent* evenement) override;
+  void moveEvent(QMoveEvent* evenement) override;
 
  private:
   void CreeMenu();

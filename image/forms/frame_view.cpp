@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/forms/frame_view.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScreen>
 
 #include "image/forms/surface_painter.h"
 
@@ -42,6 +44,12 @@ void VueCadre::MontreAvis(const QString& avis) {
   Avis_ = avis;
   update();
   AnnonceParoles();
+}
+
+// Under Wayland no window knows where it lies.
+QRect VueCadre::PartVue() const {
+  if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) return rect();
+  return rect() & screen()->virtualGeometry().translated(-mapToGlobal(QPoint(0, 0)));
 }
 
 void VueCadre::paintEvent(QPaintEvent*) {

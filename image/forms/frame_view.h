@@ -18,6 +18,9 @@ class VueCadre : public VueAMenu {
  public:
   VueCadre(const SurfaceImage& surface, QWidget* parent);
 
+  /// Paints the surface anew, as far as the view lies on a screen: the picture of a camera may be larger than all of
+  /// them. Who moves the view to where more of it is seen updates it whole.
+  void Rafraichit() { update(PartVue()); }
   /// Words painted over the picture, never into it; the empty text takes them away.
   void MontreAvis(const QString& avis);
   const QString& Avis() const { return Avis_; }
@@ -41,6 +44,7 @@ class VueCadre : public VueAMenu {
   void mouseReleaseEvent(QMouseEvent* evenement) override;
 
  private:
+  QRect PartVue() const;
   void PeintAvis(QPainter& peintre) const;
 
   const SurfaceImage& Surface_;

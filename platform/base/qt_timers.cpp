@@ -30,10 +30,18 @@ class MinuterieQt : public Minuterie {
 
   // QTimer::start() on a running timer would begin its interval anew.
   void Active() override {
-    if (!Chrono_.isActive()) Chrono_.start();
+    Active_ = true;
+    Reveille();
   }
-  void Desactive() override { Chrono_.stop(); }
-  bool EstActive() const override { return Chrono_.isActive(); }
+  void Desactive() override {
+    Active_ = false;
+    Chrono_.stop();
+  }
+  bool EstActive() const override { return Active_; }
+  void Endors() override { Chrono_.stop(); }
+  void Reveille() override {
+    if (Active_ && !Chrono_.isActive()) Chrono_.start();
+  }
 
  private:
   // Qt keeps one timer from ticking inside its own tick, but takes a timer that was stopped and started again in the
@@ -47,6 +55,7 @@ class MinuterieQt : public Minuterie {
   std::function<void()> Tic_;
   QTimer Chrono_;
   qint32 Intervalle_ = 1;
+  bool Active_ = false;  // Chrono_ runs, or sleeps
   bool EnTic_ = false;
 };
 

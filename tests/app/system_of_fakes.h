@@ -288,6 +288,14 @@ class MinuterieNotee : public Minuterie {
     Vraie_->Desactive();
   }
   bool EstActive() const override { return Vraie_->EstActive(); }
+  void Endors() override {
+    Dit(QStringLiteral("asleep"));
+    Vraie_->Endors();
+  }
+  void Reveille() override {
+    Dit(QStringLiteral("awake"));
+    Vraie_->Reveille();
+  }
 
  private:
   void Dit(const QString& quoi) {

@@ -138,6 +138,68 @@ TEST_F(Jauge, TrackingTakesFourStepsForEachFrameAndThenRests) {
   EXPECT_EQ(Reglages.SeuilDetection, seuil - 1000);
 }
 
+// A hundred ticks a second that find nothing to do would keep the processor from resting.
+TEST_F(Jauge, SleepsUntilTheNextFrameWhereNothingIsLeftToDo) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2100);
+  PoseZoneEntiere();
+  Trame(AvecPoints(50));
+  Pilote.Muette = true;
+  const auto* minuterie = Temps.Trouve(QStringLiteral("TimerSeuil"));
+  Temps.Avance(10);
+  EXPECT_TRUE(minuterie->Dort());
+  EXPECT_TRUE(minuterie->EstActive()) << "it only rests";
+  const qint32 tics = minuterie->NombreTics();
+  Temps.Avance(5000);
+  EXPECT_EQ(minuterie->NombreTics(), tics);
+  Pilote.Muette = false;
+  Image(Unie(0));
+  Tic();
+  Pilote.Muette = true;
+  EXPECT_FALSE(minuterie->Dort());
+  Temps.Avance(1000);
+  EXPECT_EQ(minuterie->NombreTics(), tics + JaugeSensibilite::kPasFinsParImage) << "and not one for nothing";
+}
+
+TEST_F(Jauge, AFrameThatWakesTheTickByItselfWakesItToo) {
+  Pilote.ParArrivee = true;
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  for (int i = 0; i < 80; ++i) {
+    Pilote.Arrive();
+    Temps.Avance(30);
+  }
+  const auto* minuterie = Temps.Trouve(QStringLiteral("TimerSeuil"));
+  Temps.Avance(1000);
+  ASSERT_TRUE(minuterie->Dort());
+  Pilote.Arrive();
+  EXPECT_FALSE(minuterie->Dort());
+}
+
+// Further out more steps are a guess that cannot go wrong.
+TEST_F(Jauge, ADragAndADoubleClickWakeIt) {
+  Image(Unie(0));
+  Engin.BasculeCamera();
+  Temps.Avance(2100);
+  Pilote.Muette = true;
+  const auto* minuterie = Temps.Trouve(QStringLiteral("TimerSeuil"));
+  Temps.Avance(1000);
+  ASSERT_TRUE(minuterie->Dort());
+  Engin.Jauge().SuitSouris(7000000, true);
+  EXPECT_FALSE(minuterie->Dort());
+  Temps.Avance(1000);
+  ASSERT_TRUE(minuterie->Dort());
+  Engin.Jauge().DoubleClic();
+  EXPECT_FALSE(minuterie->Dort());
+}
+
+TEST_F(Jauge, NeverSleepsWithoutACamera) {
+  Engin.Jauge().DoubleClic();
+  Temps.Avance(60'000);
+  EXPECT_FALSE(Temps.Trouve(QStringLiteral("TimerSeuil"))->Dort());
+}
+
 TEST_F(Jauge, FrameThatWasNotComparedGivesNoSteps) {
   Image(Unie(0));
   Engin.BasculeCamera();

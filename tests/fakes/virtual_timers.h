@@ -4,6 +4,7 @@
 
 #include <QStringList>
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "engine/ports/timers.h"
@@ -56,12 +57,19 @@ class MinuterieVirtuelle : public Minuterie {
   }
   qint32 Intervalle() const override { return Intervalle_; }
   void Active() override {
-    if (Active_) return;
+    if (Active_) return Reveille();
     Active_ = true;
+    Endormie_ = false;
     Echeance_ = Temps_.Maintenant() + Periode();
   }
   void Desactive() override { Active_ = false; }
   bool EstActive() const override { return Active_; }
+  void Endors() override { Endormie_ = true; }
+  void Reveille() override {
+    if (!std::exchange(Endormie_, false)) return;
+    Echeance_ = Temps_.Maintenant() + Periode();
+  }
+  bool Dort() const { return Active_ && Endormie_; }
 
   const QString& Nom() const { return Nom_; }
   qint32 NombreTics() const { return NombreTics_; }
@@ -83,6 +91,7 @@ class MinuterieVirtuelle : public Minuterie {
   qint32 Intervalle_;
   std::function<void()> Tic_;
   bool Active_ = false;
+  bool Endormie_ = false;
   qint64 Echeance_ = 0;
   qint32 NombreTics_ = 0;
 };
@@ -97,7 +106,7 @@ inline std::unique_ptr<Minuterie> TempsVirtuel::CreeMinuterie(const QString& nom
 inline MinuterieVirtuelle* TempsVirtuel::ProchaineEcheance(qint64 jusqua) const {
   MinuterieVirtuelle* prochaine = nullptr;
   for (MinuterieVirtuelle* minuterie : Minuteries_) {
-    if (!minuterie->Active_ || minuterie->Echeance_ > jusqua) continue;
+    if (!minuterie->Active_ || minuterie->Endormie_ || minuterie->Echeance_ > jusqua) continue;
     if (prochaine == nullptr || minuterie->Echeance_ < prochaine->Echeance_) prochaine = minuterie;
   }
   return prochaine;

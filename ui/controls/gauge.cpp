@@ -69,19 +69,26 @@ JaugeWidget::JaugeWidget(QWidget* parent, const QString& nom, const QRect& place
   setObjectName(nom);
   setGeometry(place);
   setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_OpaquePaintEvent);      // what lies behind need not be painted
   QAccessible::installFactory(CreeEntendue);  // the same one again is nothing
 }
 
 void JaugeWidget::Dessine(qint32 valeur, bool haute) {
-  // The automatic tolerance draws up to a thousand times a second: only a change costs a repaint.
-  if (Dessinee_ && valeur == Valeur_ && haute == Haute_) return;
   const int avant = Marqueur();
+  const bool autreCouleur = !Dessinee_ || haute != Haute_;
   Dessinee_ = true;
   Valeur_ = valeur;
   Haute_ = haute;
-  update();
-  // A reader cannot speak a thousand times a second either: it is told when the marker has moved.
-  if (Marqueur() == avant || !QAccessible::isActive()) return;
+  const int apres = Marqueur();
+  // The automatic tolerance draws up to a hundred times a second, in steps of which twenty are a pixel: what costs a
+  // repaint is a marker that has moved, and only of the columns that it has passed.
+  if (autreCouleur) {
+    update();
+  } else if (apres != avant) {
+    update(QRect(QPoint(std::min(avant, apres), 0), QPoint(std::max(avant, apres), height() - 1)));
+  }
+  // A reader cannot speak so often either.
+  if (apres == avant || !QAccessible::isActive()) return;
   QAccessibleValueChangeEvent change(this, Valeur_);
   QAccessible::updateAccessibility(&change);
 }

@@ -45,6 +45,47 @@ TEST_F(QtTimers, ANewTimerIsOffAndDoesNotTick) {
   EXPECT_EQ(tics, 0);
 }
 
+TEST_F(QtTimers, OneThatSleepsIsActiveAndTicksAgainWhenItIsWoken) {
+  int tics = 0;
+  const auto minuterie = Cree(1, [&tics] { ++tics; });
+  minuterie->Reveille();
+  EXPECT_FALSE(minuterie->EstActive()) << "what is off cannot wake";
+  minuterie->Active();
+  EXPECT_TRUE(AttendQue([&tics] { return tics >= 2; }));
+  for (const bool parActive : {false, true}) {
+    minuterie->Endors();
+    EXPECT_TRUE(minuterie->EstActive());
+    const int endormi = tics;
+    LaissePasser();
+    EXPECT_EQ(tics, endormi);
+    parActive ? minuterie->Active() : minuterie->Reveille();
+    EXPECT_TRUE(AttendQue([&] { return tics >= endormi + 2; }));
+  }
+  minuterie->Endors();
+  minuterie->Desactive();
+  minuterie->Reveille();
+  EXPECT_FALSE(minuterie->EstActive());
+  const int arrete = tics;
+  LaissePasser();
+  EXPECT_EQ(tics, arrete);
+}
+
+// As the automatic tolerance does.
+TEST_F(QtTimers, OneMayFallAsleepInItsOwnTick) {
+  int tics = 0;
+  std::unique_ptr<Minuterie> minuterie;
+  minuterie = Cree(1, [&] {
+    ++tics;
+    minuterie->Endors();
+  });
+  minuterie->Active();
+  EXPECT_TRUE(AttendQue([&tics] { return tics == 1; }));
+  LaissePasser();
+  EXPECT_EQ(tics, 1);
+  minuterie->Reveille();
+  EXPECT_TRUE(AttendQue([&tics] { return tics == 2; }));
+}
+
 TEST_F(QtTimers, ARunningTimerRepeatsUntilItIsStopped) {
   int tics = 0;
   const auto minuterie = Cree(1, [&tics] { ++tics; });
