@@ -265,6 +265,7 @@ void DialogueSource::Parcourt() {
   const auto texte = [this](TexteDialogue t) { return TexteDe(t, Langue_); };
   QFileDialog dialogue(this, texte(TexteDialogue::kChoisitFichier));
   dialogue.setObjectName(QStringLiteral("DialogueFichier"));
+  dialogue.setOption(QFileDialog::DontUseNativeDialog);  // the desktop's own speaks the language of the session
   dialogue.setFileMode(QFileDialog::ExistingFile);
   dialogue.setNameFilters({texte(TexteDialogue::kFiltreVideo) +
                                QStringLiteral(" (*.avi *.mp4 *.mkv *.webm *.mov *.mpg *.mpeg *.ogv *.m4v *.ts *.wmv)"),

@@ -242,6 +242,7 @@ TEST_F(SourceTest, AFileCanBeLookedFor) {
     auto* choix = Dialogue_->findChild<QFileDialog*>("DialogueFichier");
     ASSERT_NE(choix, nullptr);
     EXPECT_EQ(choix->labelText(QFileDialog::Accept), "Ouvrir");
+    EXPECT_TRUE(choix->testOption(QFileDialog::DontUseNativeDialog)) << "it would speak the language of the session";
     choix->setDirectory(Dossier_.path());
     choix->selectFile(film.fileName());
     QMetaObject::invokeMethod(choix, "accept");
