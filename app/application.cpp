@@ -67,7 +67,7 @@ void Vaktor::CreeMoteur() {
       PortsDemarrageAuto{Minuteries_, [this] { return Moteur_->Camera().EnPause(); },
                          [this] { return Moteur_->AttendCamera(); }, [this] { return Live_->EstAllume(); },
                          [this] { return Moteur_->Alarme().AlarmeArmee || Moteur_->CompteAReboursEnCours(); },
-                         [this] { InterrupteurLive_->BasculeLive(); }, [this] { Moteur_->BasculeAlarme(); }});
+                         [this] { InterrupteurLive_->BasculeLive(true); }, [this] { Moteur_->BasculeAlarme(); }});
   Moteur_->Lance();
   Photos_ = std::make_unique<EnregistreurPhotos>(
       PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(), Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,

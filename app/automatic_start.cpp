@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "app/automatic_start.h"
 
+#include <exception>
 #include <utility>
 
 namespace vaktor {
@@ -36,13 +37,22 @@ void DemarrageAuto::Demarre() {
     }
   } coupure{*TimerAutoStar_, false};
   // Nobody may be there to answer a message: without a camera nothing is switched, and the timer goes on.
-  coupure.Encore = !Ports_.AttendCamera();
-  AttenduCamera_ = AttenduCamera_ || coupure.Encore;
-  if (coupure.Encore) return;
+  // That holds where asking for the camera fails, for want of memory or threads, too.
+  coupure.Encore = true;
+  const bool voulaitDeja = std::exchange(AttenduCamera_, true);
+  if (!Ports_.AttendCamera()) return;
+  coupure.Encore = false;
+  AttenduCamera_ = voulaitDeja;
   // Somebody may have come meanwhile and switched it on by hand.
   const bool attendu = std::exchange(AttenduCamera_, false);
-  if (Arguments_.Live && !(attendu && Ports_.EstLive())) Ports_.BasculeLive();
+  std::exception_ptr echec;  // of the page, which is no reason to leave the alarm off
+  try {
+    if (Arguments_.Live && !(attendu && Ports_.EstLive())) Ports_.BasculeLive();
+  } catch (...) {
+    echec = std::current_exception();
+  }
   if (Arguments_.Alarme && !(attendu && Ports_.EstArmee())) Ports_.BasculeAlarme();
+  if (echec) std::rethrow_exception(echec);
 }
 
 }  // namespace vaktor

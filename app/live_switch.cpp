@@ -8,7 +8,7 @@ constexpr qint32 kBoutonAlarme = 1;  // Bouton(1)
 
 }  // namespace
 
-void InterrupteurLive::BasculeLive() {
+void InterrupteurLive::BasculeLive(bool sansPersonne) {
   if (Ports_.Moteur.Camera().ConnexionEnCours) return;  // by a click before this one
   if (!Ports_.Moteur.Camera().CameraActive) {
     Ports_.Affichage.ActiveBouton(kBoutonAlarme, false);  // the start of the camera enables it again
@@ -22,7 +22,8 @@ void InterrupteurLive::BasculeLive() {
     Ports_.Affichage.AnnonceCameraInactive();
     return;
   }
-  Ports_.Live.EstAllume() ? Eteint() : Ports_.Live.Allume();
+  if (Ports_.Live.EstAllume()) return Eteint();
+  sansPersonne ? Ports_.Live.AllumeSansPersonne() : Ports_.Live.Allume();
 }
 
 void InterrupteurLive::Eteint() {

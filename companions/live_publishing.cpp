@@ -62,6 +62,12 @@ void PublicationLive::Allume() {
   Ports_.Commandes.EnvoiFTP(Commande::kConnexion);
 }
 
+void PublicationLive::AllumeSansPersonne() {
+  if (ParametresManquent())
+    return Ports_.Liaison.MontreStatutLitteral({"Il manque des paramètres FTP", "FTP settings are missing"});
+  Allume();
+}
+
 bool PublicationLive::ParametresManquent() const {
   const ChampsSite champs = Ports_.LitChamps();
   // It is the user name, and not the web address, that is compared with "http://": a web field left at its start value

@@ -53,6 +53,8 @@ class PublicationLive : public LiaisonLive {
   bool EstAllume() const { return Ports_.Etat.SurveillanceEnCours; }
   /// Connects, where the parameters of the site are complete; else it asks for them, and stays off.
   void Allume();
+  /// The same where nobody may be there to answer: the status line alone says that parameters are missing.
+  void AllumeSansPersonne();
   /// The switch and LiveActif go off, and the lamp; the companion is told by Deconnecte.
   void Eteint();
   void Deconnecte();

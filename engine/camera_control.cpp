@@ -49,9 +49,9 @@ bool CommandeCamera::Demarre() {
 // The driver lets the window live while it waits for a camera: the program may be closed in the middle, and then there
 // is nobody left to be told of a camera that was not found.
 bool CommandeCamera::ConnectePilote() {
+  const auto avis = qScopeGuard([this] { Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun); });
   Ports_.Affichage.MontreAvis(AvisMoniteur::kConnexion);
   const bool connecte = Ports_.Pilote.Connecte();
-  Ports_.Affichage.MontreAvis(AvisMoniteur::kAucun);
   if (!connecte && !Etat_.Camera.Terminee) Ports_.Affichage.AnnonceCameraIntrouvable(Ports_.Pilote.Explication());
   return connecte && !Etat_.Camera.Terminee;
 }
@@ -83,8 +83,8 @@ bool CommandeCamera::AttendCamera() {
     Ports_.Affichage.MontreMoniteur();
     Etat_.Camera.MoniteurCache = false;
     Ports_.Affichage.MontreAvis(AvisMoniteur::kConnexion);
-    Etat_.Camera.Attendue = true;
     Ports_.Pilote.ConnecteSansAttendre();
+    Etat_.Camera.Attendue = true;  // where that failed it is asked again
   }
   if (!Ports_.Pilote.ImagePrete()) {
     Ports_.Sante.Signale(Condition::kCameraAttendue, Ports_.Pilote.Explication());
@@ -148,7 +148,8 @@ void CommandeCamera::OuvreDialogue(void (PiloteCapture::*dialogue)()) {
   if (Etat_.Camera.ConnexionEnCours) return;
   if (!Etat_.Camera.CameraActive) return Ports_.Affichage.AnnonceCameraInactive();
   const QScopedValueRollback<bool> ouvert(Etat_.Camera.DialogueOuvert, true);
-  const bool dit = Etat_.Alarme.AlarmeArmee;
+  // The countdown stands still too: who has gone meanwhile takes it for armed.
+  const bool dit = Etat_.Alarme.AlarmeArmee || Minuteries_.Timer3->EstActive();
   const auto leve = qScopeGuard([&] {
     if (dit) Ports_.Sante.Leve(Condition::kDetectionArretee);
   });

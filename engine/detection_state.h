@@ -31,6 +31,7 @@ struct CadreMouvement {
 struct EtatDetection {
   qint32 NbrPoints = 0;                 ///< changed samples of the last analysed frame
   quint32 Comparees = 0;                ///< frames compared so far; begins anew after 2^32
+  bool SansEchantillon = false;         ///< the last of them had none of its zone's samples in the picture
   ZoneDetection Zone;                   ///< ZoneGauche, ZoneDroite, ZoneHaut, ZoneBas
   CadreMouvement Mouv;                  ///< MouvMinX, MouvMaxX, MouvMinY, MouvMaxY
   qint32 PasSeuil = kPasSeuilGrossier;  ///< size of one downward step of the automatic tolerance

@@ -43,8 +43,11 @@ bool AnalyseurMouvement::AnalyseMouvement(bool reprise) {
     CompareEchantillons();
     ++Etat_.Detection.Comparees;
   }
-  // After the scan, so that the comparison never sees the outline; the next frame wipes it.
   const ZoneDetection& zone = Etat_.Detection.Zone;
+  const QSize taille = Etat_.Surface.Taille();
+  Etat_.Detection.SansEchantillon =
+      !ToucheImage(zone.Gauche, zone.Droite, taille.width()) || !ToucheImage(zone.Haut, zone.Bas, taille.height());
+  // After the scan, so that the comparison never sees the outline; the next frame wipes it.
   Etat_.Surface.Dessine({zone.Gauche, zone.Haut, zone.Droite, zone.Bas});
   MontreIntrusion();
   DeclencheActions();

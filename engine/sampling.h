@@ -28,6 +28,13 @@ constexpr qint32 EchantillonsParmi(qint32 pixels) {
   return static_cast<qint32>((qint64{pixels} + kPasEchantillon - 1) / kPasEchantillon);
 }
 
+/// Whether a scan from `debut` to `fin` meets a sample among the pixels 0 to `cote` - 1; its edges may lie outside.
+constexpr bool ToucheImage(qint32 debut, qint32 fin, qint32 cote) {
+  const qint64 premier =
+      debut >= 0 ? debut : debut + (kPasEchantillon - 1 - qint64{debut}) / kPasEchantillon * kPasEchantillon;
+  return premier <= fin && premier < cote;
+}
+
 /// Where a scan lies in the grid of the step: column and row of its first sample that is not left of or above the
 /// picture's corner, 0 to kPasEchantillon - 1.
 struct PhaseEchantillons {

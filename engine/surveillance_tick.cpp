@@ -49,7 +49,10 @@ void TicSurveillance::TraiteNouvelleImage() {
   } catch (const std::exception&) {
     // Detection does not stop because a photo could not be written. What shows is that the labels stand still.
   }
-  CompteComparaison(rangee || Etat_.Detection.Comparees != avant);
+  // A zone that has none of its samples in the picture (one drawn in a larger picture keeps its top in a smaller one)
+  // is gone through without a failure, and sees nothing.
+  const bool comparee = Etat_.Detection.Comparees != avant && !Etat_.Detection.SansEchantillon;
+  CompteComparaison(rangee || comparee);
   ++Traitees_;
 }
 

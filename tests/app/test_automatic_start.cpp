@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QStringList>
+#include <new>
 
 #include "app/automatic_start.h"
 #include "base/failure.h"
@@ -20,6 +21,7 @@ struct DepartAuto : testing::Test {
   bool EnPause = false;
   bool Echoue = false;
   bool Presente = true;
+  bool Manque = false;
   bool Live = false;
   bool Armee = false;
   int Attentes = 0;
@@ -27,6 +29,7 @@ struct DepartAuto : testing::Test {
   DemarrageAuto Depart{PortsDemarrageAuto{Temps, [this] { return EnPause; },
                                           [this] {
                                             ++Attentes;
+                                            if (Manque) throw std::bad_alloc();
                                             return Presente;
                                           },
                                           [this] { return Live; }, [this] { return Armee; },
@@ -124,7 +127,18 @@ TEST_F(DepartAuto, OneShotStaysOneShotWhenItFails) {
   EXPECT_THROW(Temps.Avance(1000), Echec);
   EXPECT_FALSE(Attend());
   Temps.Avance(5000);
-  EXPECT_EQ(Faits, QStringList());
+  EXPECT_EQ(Faits, QStringList{"alarm"}) << "a page that fails leaves the alarm on";
+}
+
+TEST_F(DepartAuto, AsksAgainForACameraThatCouldNotBeAskedFor) {
+  Manque = true;
+  Depart.Lance({.Alarme = true});
+  EXPECT_THROW(Temps.Avance(1000), std::bad_alloc);
+  EXPECT_TRUE(Depart.AttendPourArmer());
+  Manque = false;
+  Temps.Avance(1000);
+  EXPECT_EQ(Faits, QStringList{"alarm"});
+  EXPECT_FALSE(Depart.AttendPourArmer());
 }
 
 }  // namespace

@@ -109,6 +109,14 @@ TEST_F(Live, CancelLeavesThePageWhereItIs) {
   EXPECT_FALSE(Etat.SurveillanceEnCours);
 }
 
+TEST_F(Live, WithNobodyThereTheStatusLineAloneSaysThatParametersAreMissing) {
+  EXPECT_EQ(Fait(&PublicationLive::AllumeSansPersonne), "live LEDREDON|statut 69|FTP Conne");
+  Fait(&PublicationLive::Eteint);
+  Champs.TxtPass.clear();
+  EXPECT_EQ(Fait(&PublicationLive::AllumeSansPersonne), "statut Il manque des paramètres FTP");
+  EXPECT_FALSE(Etat.SurveillanceEnCours);
+}
+
 TEST_F(Live, AfterAnErrorTheNextClickConnectsAgain) {
   Fait(&PublicationLive::Allume);
   Etat.SurveillanceEnCours = Etat.LiveActif = false;  // what "ErrCo" does

@@ -235,6 +235,11 @@ TEST_F(Camera, DialogThatIsLeftOpenOnAnArmedSystemIsToldAsADetectionThatStandsSt
   Pilote.PendantDialogue = [&] { pendant = Sante.Dure(Condition::kDetectionArretee); };
   Engin.MontreDialogueSource();
   EXPECT_FALSE(pendant) << "nobody relies on it";
+  Engin.BasculeAlarme();
+  Engin.MontreDialogueSource();
+  EXPECT_TRUE(pendant) << "the countdown stands still behind it";
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  Engin.BasculeAlarme();
   Arme();
   for (void (Surveillance::*dialogue)() : {&Surveillance::MontreDialogueFormat, &Surveillance::MontreDialogueSource}) {
     pendant = false;
@@ -245,6 +250,12 @@ TEST_F(Camera, DialogThatIsLeftOpenOnAnArmedSystemIsToldAsADetectionThatStandsSt
   Pilote.PendantDialogue = [] { throw Echec(kAppelIncorrect, QStringLiteral("no dialog")); };
   EXPECT_THROW(Engin.MontreDialogueFormat(), Echec);
   EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+}
+
+TEST_F(Camera, ConnectionThatFailsForWantOfMemoryLeavesNoWordOfIt) {
+  Pilote.PendantConnexion = [] { throw std::bad_alloc(); };
+  EXPECT_THROW(Engin.BasculeCamera(), std::bad_alloc);
+  EXPECT_EQ(Affichage.Avis, AvisMoniteur::kAucun);
 }
 
 TEST_F(Camera, DialogThatFailsLetsTheTicksGoOn) {

@@ -327,6 +327,23 @@ TEST_F(Tick, PictureOfAnotherSizeMovesTheZoneButItsTop) {
   AttendZone(Zone(), 10, 12, 30, 40);
 }
 
+TEST_F(Tick, ZoneThatTheSmallerPictureDoesNotHoldIsToldAsADetectionThatStandsStill) {
+  DemarreSurNoir();
+  PoseZone(10, 60, 30, 80);
+  Trame(Unie(0, 90, 50));
+  AttendZone(Zone(), 0, 60, 90, 50);
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  for (int i = 0; i < 40; ++i) Trame(Unie(0, 90, 50));
+  EXPECT_TRUE(Sante.Dure(Condition::kDetectionArretee));
+  PoseZone(10, 48, 30, 80);  // by the mouse; one row of it lies in the picture
+  Tic();
+  Tic();
+  EXPECT_FALSE(Sante.Dure(Condition::kDetectionArretee));
+  PoseZone(95, 0, 99, 40);
+  for (int i = 0; i < 40; ++i) Trame(Unie(0, 90, 50));
+  EXPECT_TRUE(Sante.Dure(Condition::kDetectionArretee)) << "right of the picture";
+}
+
 TEST_F(Tick, PicturesOfOnePixelAndOddWidthsGoThrough) {
   DemarreSurNoir();
   for (const QSize taille : {QSize(1, 1), QSize(2, 1), QSize(1, 7), QSize(13, 11), QSize(641, 3)}) {
