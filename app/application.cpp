@@ -63,11 +63,11 @@ void Vaktor::CreeMoteur() {
                                                              *Live_, Vue_, Sante_, [this] { Live_->OublieLive(); }});
   InterrupteurLive_ = std::make_unique<InterrupteurLive>(
       PortsInterrupteurLive{Reglages_, *Sauvegarde_, *Moteur_, *Live_, Vue_, Systeme_.Pompe});
-  DemarrageAuto_ = std::make_unique<DemarrageAuto>(
-      PortsDemarrageAuto{Minuteries_, [this] { return Moteur_->Camera().EnPause(); },
-                         [this] { return Moteur_->AttendCamera(); }, [this] { return Live_->EstAllume(); },
-                         [this] { return Moteur_->Alarme().AlarmeArmee || Moteur_->CompteAReboursEnCours(); },
-                         [this] { InterrupteurLive_->BasculeLive(true); }, [this] { Moteur_->BasculeAlarme(); }});
+  DemarrageAuto_ = std::make_unique<DemarrageAuto>(PortsDemarrageAuto{
+      Minuteries_, [this] { return Moteur_->Camera().EnPause(); }, [this] { return Moteur_->AttendCamera(); },
+      [this] { return Live_->EstAllume(); },
+      [this] { return Moteur_->Alarme().AlarmeArmee || Moteur_->CompteAReboursEnCours(); },
+      [this] { InterrupteurLive_->BasculeLiveSansPersonne(); }, [this] { Moteur_->BasculeAlarme(); }});
   Moteur_->Lance();
   Photos_ = std::make_unique<EnregistreurPhotos>(
       PortsPhotos{Reglages_, Systeme_.Dossiers, Moteur_->Surface(), Systeme_.Temps, Systeme_.Ecrivain, Systeme_.Disque,

@@ -36,15 +36,13 @@ void DemarrageAuto::Demarre() {
       if (!Encore) Timer.Desactive();
     }
   } coupure{*TimerAutoStar_, false};
-  // Nobody may be there to answer a message: without a camera nothing is switched, and the timer goes on.
-  // That holds where asking for the camera fails, for want of memory or threads, too.
+  // Nobody may be there to answer a message: without a camera nothing is switched, and the timer goes on; also where
+  // asking for it fails, for want of memory or threads.
+  const bool attendu = std::exchange(AttenduCamera_, true);
   coupure.Encore = true;
-  const bool voulaitDeja = std::exchange(AttenduCamera_, true);
   if (!Ports_.AttendCamera()) return;
-  coupure.Encore = false;
-  AttenduCamera_ = voulaitDeja;
-  // Somebody may have come meanwhile and switched it on by hand.
-  const bool attendu = std::exchange(AttenduCamera_, false);
+  coupure.Encore = AttenduCamera_ = false;
+  // Where it was waited for somebody may have come meanwhile, and switched things on by hand.
   std::exception_ptr echec;  // of the page, which is no reason to leave the alarm off
   try {
     if (Arguments_.Live && !(attendu && Ports_.EstLive())) Ports_.BasculeLive();

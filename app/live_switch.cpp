@@ -8,7 +8,7 @@ constexpr qint32 kBoutonAlarme = 1;  // Bouton(1)
 
 }  // namespace
 
-void InterrupteurLive::BasculeLive(bool sansPersonne) {
+void InterrupteurLive::Bascule(void (PublicationLive::*allume)()) {
   if (Ports_.Moteur.Camera().ConnexionEnCours) return;  // by a click before this one
   if (!Ports_.Moteur.Camera().CameraActive) {
     Ports_.Affichage.ActiveBouton(kBoutonAlarme, false);  // the start of the camera enables it again
@@ -22,8 +22,7 @@ void InterrupteurLive::BasculeLive(bool sansPersonne) {
     Ports_.Affichage.AnnonceCameraInactive();
     return;
   }
-  if (Ports_.Live.EstAllume()) return Eteint();
-  sansPersonne ? Ports_.Live.AllumeSansPersonne() : Ports_.Live.Allume();
+  Ports_.Live.EstAllume() ? Eteint() : (Ports_.Live.*allume)();
 }
 
 void InterrupteurLive::Eteint() {

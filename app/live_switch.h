@@ -26,14 +26,17 @@ class InterrupteurLive {
  public:
   explicit InterrupteurLive(const PortsInterrupteurLive& ports) : Ports_(ports) {}
 
-  /// Bouton(2), and the start argument "/surve" (`sansPersonne`: it asks nothing then). On: the camera is started first
+  /// Bouton(2). On: the camera is started first
   /// where it is off, and without one the page stays off. Off: the alarm is disarmed too; the camera goes on, and so
   /// does a countdown that runs. Lets events in after either; says and sends nothing once the program is being closed.
-  void BasculeLive(bool sansPersonne = false);
+  void BasculeLive() { Bascule(&PublicationLive::Allume); }
+  /// The same for the start argument "/surve": where parameters of the site are missing no message asks for them.
+  void BasculeLiveSansPersonne() { Bascule(&PublicationLive::AllumeSansPersonne); }
   /// BoutonGris(2): has the page made, with settings that are saved.
   void CreationPageLive();
 
  private:
+  void Bascule(void (PublicationLive::*allume)());
   void Eteint();
 
   const PortsInterrupteurLive Ports_;

@@ -158,6 +158,18 @@ TEST_F(AlarmeDuProgramme, ReadyBeforeTheStartArgumentsHaveActedThrowsNoSwitchTwi
   EXPECT_EQ(LampeAlarme(), Lampe::kVerte);
 }
 
+// A message would hold up the alarm for as long as nobody comes.
+TEST_F(AlarmeDuProgramme, StartArgumentsAskNobodyForTheParametersOfTheSite) {
+  Systeme.Valeurs.insert("general/retard", "3");
+  Demarre("/surve /alarm");
+  Systeme.Notes.Vide();
+  Systeme.Temps.Avance(5000);
+  EXPECT_TRUE(Systeme.DepuisVide().filter("box: ").isEmpty()) << Systeme.DepuisVide().join('|').toStdString();
+  EXPECT_EQ(LampeAlarme(), Lampe::kVerte);
+  EXPECT_EQ(LampeLive(), Lampe::kRouge);
+  EXPECT_TRUE(Texte("LblDebugftp").contains("FTP")) << Texte("LblDebugftp").toStdString();
+}
+
 // They act once: thrown while the camera is waited for, the switch of the alarm would be lost.
 TEST_F(AlarmeDuProgramme, StartArgumentsWaitUntilTheCameraIsConnected) {
   faux::PiloteFaux& pilote = *Systeme.Pilote;
