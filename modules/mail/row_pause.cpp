@@ -21,9 +21,9 @@ void NotePause(const QString& dossier, qint64 maintenant) {
 qint32 DonneResteDePause(const QString& dossier, qint64 maintenant, qint32 duree) {
   QFile f(Chemin(dossier));
   if (!f.open(QIODevice::ReadOnly)) return 0;
-  bool nombre = false;
-  const qint64 depuis = maintenant - f.read(kTexteMax).toLongLong(&nombre);
-  return nombre && depuis >= 0 && depuis < duree ? static_cast<qint32>(duree - depuis) : 0;
+  // What is no number counts as 1970: such a pause is over.
+  const qint64 depuis = maintenant - f.read(kTexteMax).toLongLong();
+  return depuis >= 0 && depuis < duree ? static_cast<qint32>(duree - depuis) : 0;
 }
 
 }  // namespace vaktor

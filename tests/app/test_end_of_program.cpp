@@ -5,6 +5,19 @@
 namespace vaktor::essai {
 namespace {
 
+/// The windows in the order in which they go, each once.
+class Departs : public QObject {
+ public:
+  Departs() { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* quoi, QEvent* evenement) override {
+    const auto* fenetre = qobject_cast<QWidget*>(quoi);
+    if (evenement->type() != QEvent::Hide || fenetre == nullptr || !fenetre->isWindow()) return false;
+    if (!Noms.contains(fenetre->objectName())) Noms += fenetre->objectName();
+    return false;
+  }
+  QStringList Noms;
+};
+
 class FinDuProgramme : public AlarmeSurFaux {
  protected:
   static QString Fenetres() {
@@ -38,6 +51,16 @@ TEST_F(FinDuProgramme, NoWindowStaysOverItAndNoButtonOpensOneOrSendsAnythingBehi
   EXPECT_EQ(Fenetres(), "");
   EXPECT_FALSE(Vu("SaisitImage"));
   EXPECT_TRUE(Systeme.Notes.Lignes().filter("jpeg").isEmpty());
+}
+
+TEST_F(FinDuProgramme, TheWindowsGoInTheirOrderAndTheMainOneLast) {
+  DemarreJusquALaFenetre();
+  for (const char* bouton : {"Bouton(0)", "BoutonGris(0)", "BoutonGris(6)", "BoutonGris(8)", "BoutonEssaiFtp"})
+    Clique(bouton);
+  Trouve<QCheckBox>("CheckPEcran")->setChecked(true);
+  Departs departs;
+  Programme->Ferme();
+  EXPECT_EQ(departs.Noms.join(' '), "FrmSmtp FrmEssaiFtp WebcamPecran FormVisuPhoto FormMonitor FormSound Form1");
 }
 
 TEST_F(FinDuProgramme, TheMailSettingsAreNotReadForAFormThatNobodyWillSee) {

@@ -251,6 +251,14 @@ TEST_F(Photographies, AFullDiskGivesBackWhatWasKeptForIt) {
   EXPECT_TRUE(QFile::exists(dossier + "/.reserve"));
 }
 
+TEST_F(Photographies, AReserveIsNotTheLastThatIsLeft) {
+  const PetitDisque disque(4 * kOctetsReserve);
+  if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
+  SacPostal sac(disque.Chemin());
+  sac.TientReserve();
+  EXPECT_FALSE(QFile::exists(disque.Chemin() + "/.reserve"));
+}
+
 TEST_F(Photographies, TheCompanionKeepsTheReserve) {
   const QByteArray reserve = LitOctets(Temporaire.filePath("courrier/.reserve"));
   EXPECT_EQ(reserve.size(), kOctetsReserve);

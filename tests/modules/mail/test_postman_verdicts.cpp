@@ -243,5 +243,32 @@ TEST_F(Poste, AMailOfTheMemoryThatTheDiskHasTakenGoesAsItStandsThere) {
   EXPECT_EQ(Fichiers(), "");
 }
 
+TEST(SortDuCourriel, WhoIsNamedTwiceGetsOneMail) {
+  const SortCourriel sort{.Servis = {"c@exemple.fr"}, .Refuses = {}, .Ajoutes = {"a@exemple.fr"}};
+  EXPECT_EQ(DonneRestants({"a@exemple.fr", "b@exemple.fr", "c@exemple.fr"}, sort).join(u','),
+            "a@exemple.fr,b@exemple.fr");
+}
+
+TEST(SortDuCourriel, WithAnotherAttemptTheTimeOfTheRefusalIsOver) {
+  SortCourriel refuse;
+  refuse.Refuses = QStringList{"a@exemple.fr"};
+  refuse.RefuseA = 1'700'000'000'000;
+  for (const QStringList& adresses : {QStringList(), QStringList{"a@exemple.fr"}, QStringList{"b@exemple.fr"}})
+    EXPECT_EQ(RecommenceSort({"a@exemple.fr"}, refuse, adresses).RefuseA, 0);
+}
+
+TEST(SortDuCourriel, StandsOnDiskAsItIs) {
+  const QTemporaryDir dossier;
+  const SortCourriel sort{.Servis = {"a@exemple.fr"},
+                          .Refuses = {"b@exemple.fr", "c@exemple.fr"},
+                          .Ajoutes = {"d@exemple.fr"},
+                          .Allege = true,
+                          .RefuseA = 1'700'000'000'000};
+  ASSERT_EQ(EcritSort(dossier.filePath("sort"), sort), 0);
+  EXPECT_EQ(LitSort(dossier.filePath("sort")), sort);
+  ASSERT_TRUE(EcritOctets(dossier.filePath("sort"), "{\"done\": 3"));
+  EXPECT_EQ(LitSort(dossier.filePath("sort")), SortCourriel());
+}
+
 }  // namespace
 }  // namespace vaktor::essai

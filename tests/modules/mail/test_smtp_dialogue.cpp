@@ -130,6 +130,7 @@ TEST(Replies, TheCodeAndTheWordsCountMoreThanTheCommand) {
       {"DATA", "421 4.7.0 too busy", kServeurRefuse},
       {"AUTH", "535 5.7.8 wrong", kConnexionRefusee},
       {"AUTH", "454 4.7.0 temporary failure", kServeurRefuse},
+      {"STARTTLS", "454 4.7.0 TLS not available", kTls},
       {"", "554 5.7.1 no SMTP service here", kServeurRefuse}};
   for (const Refus& r : refus) {
     const ReponseSmtp reponse{r.Verbe, QByteArray(r.Mots).left(3).toInt(), r.Mots};
@@ -153,6 +154,7 @@ TEST(Replies, ASmallerMailIsTriedWhereItMayHelp) {
   EXPECT_TRUE(DemandeMoinsGros({"RCPT", 552, "552 5.2.2 mailbox full"}));
   EXPECT_TRUE(DemandeMoinsGros({"DATA", 554, "554 5.3.4 too big"}));
   EXPECT_FALSE(DemandeMoinsGros({"DATA", 554, "554 5.7.1 spam, see 5.3.4"}));
+  EXPECT_FALSE(DemandeMoinsGros({"DATA", 554, "554 spam, see 5.3.4"})) << "the code stands in its place or not at all";
   EXPECT_FALSE(DemandeMoinsGros({"DATA", 452, "452 4.3.4 too big now"}));
 }
 
