@@ -41,6 +41,16 @@ QString MotEnregistrer(Langue langue) { return Phrase{"Enregistrer", "Save"}.Dit
 QString MotSupprimer(Langue langue) { return Phrase{"Supprimer", "Erase"}.Dit(langue); }
 QString MotFermerFrise(Langue langue) { return Phrase{"Fermer", "Close"}.Dit(langue); }
 QString MotAujourdhui(Langue langue) { return Phrase{"Aujourd'hui", "Today"}.Dit(langue); }
+QString RaisonSansPhotos(Langue langue) {
+  return Phrase{"Choisissez d'abord une intrusion qui a des photos.", "First choose an intrusion that has pictures."}
+      .Dit(langue);
+}
+QString RaisonSuppression(Langue langue) {
+  return Phrase{"Une suppression est en cours.", "Pictures are being erased."}.Dit(langue);
+}
+QString RaisonAujourdhui(Langue langue) {
+  return Phrase{"C'est le jour affiché.", "This is the day that is shown."}.Dit(langue);
+}
 QString MotJourAvant(Langue langue, qsizetype intrusions) {
   return Phrase{"Jour précédent : %1", "Day before: %1"}.Dit(langue, DitIntrusions(intrusions, langue));
 }

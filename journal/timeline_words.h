@@ -18,6 +18,10 @@ QString MotFermerFrise(Langue langue);
 QString MotAujourdhui(Langue langue);
 QString MotJourAvant(Langue langue, qsizetype intrusions);
 QString MotJourApres(Langue langue, qsizetype intrusions);
+/// Why a button is off.
+QString RaisonSansPhotos(Langue langue);
+QString RaisonSuppression(Langue langue);
+QString RaisonAujourdhui(Langue langue);
 QString MotListeIntrusions(Langue langue);
 QString MotEnCours(Langue langue);                    ///< an intrusion goes on
 QString MotSansImage(bool illisible, Langue langue);  ///< on a card without a picture

@@ -11,6 +11,7 @@
 #include <cmath>
 
 #include "journal/timeline_words.h"
+#include "ui/common/heard_roles.h"
 
 namespace vaktor {
 namespace {
@@ -31,6 +32,7 @@ constexpr double kPlaceHeure = 52;
 
 BandeFrise::BandeFrise(QWidget* parent) : QWidget(parent) {
   setObjectName(QStringLiteral("BandeFrise"));
+  DonneRole(*this, QAccessible::Graphic);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
   setFixedHeight(kHauteur);

@@ -199,7 +199,7 @@ void FrmFrise::MontreJour(const QDate& jour) {
   CmdApres_->setToolTip(apres);
   CmdApres_->setAccessibleName(apres);
   CmdApres_->setEnabled(Jour_ < aujourdhui);
-  CmdAujourdhui_->setEnabled(Jour_ != aujourdhui);
+  Permet(*CmdAujourdhui_, Jour_ != aujourdhui ? QString() : RaisonAujourdhui(langue));
   EcritBoutons();
 }
 
@@ -214,12 +214,20 @@ const IntrusionVue* FrmFrise::Choisie() const {
                                                                            : nullptr;
 }
 
+// A button that is off says why.
+void FrmFrise::Permet(QAbstractButton& bouton, const QString& raison) {
+  bouton.setEnabled(raison.isEmpty());
+  bouton.setToolTip(raison);
+}
+
 void FrmFrise::EcritBoutons() {
   const IntrusionVue* choisie = Choisie();
   const bool photos = choisie != nullptr && !choisie->Photos.isEmpty();
-  CmdRegarder_->setEnabled(photos);
-  CmdEnregistrer_->setEnabled(photos && !Sauvegarde_->EstEnCours());
-  CmdSupprimer_->setEnabled(photos && !Suppression_);
+  const Langue langue = DonneLangue();
+  const QString sansPhotos = photos ? QString() : RaisonSansPhotos(langue);
+  Permet(*CmdRegarder_, sansPhotos);
+  Permet(*CmdEnregistrer_, photos && Sauvegarde_->EstEnCours() ? MotFilmEnCours(langue) : sansPhotos);
+  Permet(*CmdSupprimer_, photos && Suppression_ ? RaisonSuppression(langue) : sansPhotos);
   const int erreur = Services_.ErreurJournal();
   LblEtat_->setText(erreur != 0 ? DitJournalPerdu(erreur, DonneLangue()) : QString());
 }

@@ -2,6 +2,7 @@
 // FrmFrise: the day at a glance.
 #pragma once
 
+#include <QAbstractButton>
 #include <QLabel>
 #include <QPushButton>
 #include <QTimer>
@@ -75,6 +76,7 @@ class FrmFrise : public FenetreFrise {
   void Recoit(std::shared_ptr<const Chronique> chronique);
   void MontreJour(const QDate& jour);
   void Choisit(qsizetype intrusion);
+  static void Permet(QAbstractButton& bouton, const QString& raison);
   void EcritBoutons();
   const IntrusionVue* Choisie() const;
   void Regarde();

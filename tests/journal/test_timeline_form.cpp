@@ -2,6 +2,7 @@
 // The window of the timeline and its player, worked by hand.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QCoreApplication>
 #include <QPainter>
 #include <QTest>
@@ -309,6 +310,35 @@ TEST_F(Frise, ACardOpensThePlayerWhichPlaysAtItsPace) {
   EXPECT_EQ(lecteur.Film().Index(), 1);
   QTest::keyClick(&lecteur, Qt::Key_Escape);
   EXPECT_FALSE(lecteur.isVisible());
+}
+
+TEST_F(Frise, AButtonThatIsOffSaysWhyAndTheStripIsAPicture) {
+  Ouvre();
+  Cartes().MontreChoix(-1);
+  Reglages.LangueCourante = 0;
+  Fenetre.Habille();
+  const char* const boutons[] = {"CmdRegarder", "CmdEnregistrer", "CmdSupprimer"};
+  for (const char* nom : boutons) {
+    EXPECT_FALSE(Trouve<QAbstractButton>(nom).isEnabled()) << nom;
+    EXPECT_EQ(Trouve<QAbstractButton>(nom).toolTip(),
+              QStringLiteral("Choisissez d'abord une intrusion qui a des photos."));
+  }
+  EXPECT_EQ(Trouve<QAbstractButton>("CmdAujourdhui").toolTip(), QStringLiteral("C'est le jour affiché."));
+  Reglages.LangueCourante = 1;
+  Fenetre.Habille();
+  for (const char* nom : boutons)
+    EXPECT_EQ(Trouve<QAbstractButton>(nom).toolTip(), QStringLiteral("First choose an intrusion that has pictures."));
+  EXPECT_EQ(Trouve<QAbstractButton>("CmdAujourdhui").toolTip(), QStringLiteral("This is the day that is shown."));
+  Cartes().MontreChoix(1);
+  Clique("CmdAvant");
+  EXPECT_EQ(Trouve<QAbstractButton>("CmdAujourdhui").toolTip(), QString());
+  Clique("CmdAujourdhui");
+  QTest::keyClick(&Cartes(), Qt::Key_Home);
+  for (const char* nom : boutons) {
+    EXPECT_TRUE(Trouve<QAbstractButton>(nom).isEnabled()) << nom;
+    EXPECT_EQ(Trouve<QAbstractButton>(nom).toolTip(), QString()) << nom;
+  }
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&Bande())->role(), QAccessible::Graphic);
 }
 
 TEST_F(Frise, APhotoThatIsGoneIsSaidInThePlayerAndTheNextOneShown) {
