@@ -345,6 +345,7 @@ ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversat
   if (code == CURLE_OK) return {};
   if (travail.Acces.Protocole == ProtocoleFtp::kSftp) return JugeSsh(code, travail, conversation);
   const DialogueFtp& dialogue = conversation.Dialogue;
+  if (dialogue.EnvoiRefuseEnCroisant()) code = CURLE_UPLOAD_FAILED;
   ResultatFtp resultat{IssueFtp::kPasDeConnexion, QString::fromUtf8(dialogue.Refus()), PreciseEchec(code, dialogue)};
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(conversation.Erreur.data());
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(curl_easy_strerror(static_cast<CURLcode>(code)));

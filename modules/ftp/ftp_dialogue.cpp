@@ -18,7 +18,10 @@ constexpr std::array<const char*, 7> kFacultatifs = {"AUTH", "PBSZ", "PROT", "EP
 
 void DialogueFtp::NoteCommande(const QByteArray& ligne) {
   const qsizetype fin = std::min(ligne.indexOf(' '), ligne.indexOf('\r'));
-  Verbe_ = ligne.left(fin < 0 ? 4 : fin).trimmed().toUpper();
+  const QByteArray verbe = ligne.left(fin < 0 ? 4 : fin).trimmed().toUpper();
+  Croise_ = !Repondu_ && Verbe_ == "STOR" && verbe == "PASV";
+  if (!Croise_) Verbe_ = verbe;
+  Repondu_ = false;
   if (Verbe_ == "USER" && Etape_) Etape_(EtapeFtp::kIdentification);
 }
 
@@ -42,6 +45,7 @@ void DialogueFtp::NoteLigne(const QByteArray& ligne) {
   if (!propre && !Salue_) Etranger_ = true;
   if (Replique_ && (propre || Etranger_)) Replique_(Verbe_, ligne);
   if (!propre) return;
+  Repondu_ = true;
   if (code == kPret && !Salue_) {
     Salue_ = true;
     if (Etape_) Etape_(EtapeFtp::kServeurTrouve);

@@ -34,6 +34,9 @@ class DialogueFtp {
   /// Something came instead of a greeting that no FTP server says.
   bool EstEtranger() const { return Etranger_; }
   int CodeRefus() const { return Refus_.left(3).toInt(); }
+  /// An upload was refused, and the library took that for something else. A server with TLS that refuses one closes the
+  /// data connection too; where the library sees that first, it asks for another, and reads the refusal as the answer.
+  bool EnvoiRefuseEnCroisant() const { return Croise_ && !Refus_.isEmpty(); }
 
  private:
   void NoteLigne(const QByteArray& ligne);
@@ -42,6 +45,8 @@ class DialogueFtp {
   const SurReplique& Replique_;
   QByteArray Verbe_;
   QByteArray Refus_;
+  bool Repondu_ = true;  // to our last command
+  bool Croise_ = false;  // a command went out before the answer to an upload: the next answer is still that one
   bool Salue_ = false;
   bool Etranger_ = false;
 };

@@ -87,6 +87,7 @@ class ModuleFtp : public Module {
   void FinitPage(bool demandee, const ResultatFtp& resultat);
   void FinitPhoto(const ResultatFtp& resultat);
   void RefusePhoto(const ResultatFtp& resultat);
+  void NotePhotoCoupee();
   void FinitNettoyage();
   /// A server without room: what is oldest there goes at once. False when nothing of ours is known to lie there.
   bool FaitPlace(const ResultatFtp& resultat);
@@ -145,6 +146,7 @@ class ModuleFtp : public Module {
   QStringList Attente_;      // photos, oldest first
   QString PhotoEnvoyee_;     // under way
   QStringList Refusees_;     // photos that go to the back: the others are tried first
+  QString PhotoCoupee_;      // the last one under which a connection broke
   int RefusDeSuite_ = 0;     // photos
   QStringList ANettoyer_;    // under way, or to be deleted next
   bool AvisPhotos_ = false;  // what was told last is about photos

@@ -12,6 +12,8 @@ namespace vaktor {
 void ModuleFtp::Avance() {
   if (Lien_ != Lien::kConnecte || Tache_ != Tache::kAucune) return;
   if (LiveDemande_ && !EstLiveNeuf()) LiveDemande_ = false;
+  // Those at the back have their turn again when nothing else is left.
+  if (!Refusees_.isEmpty() && !TimerPausePhotos_->EstActive() && ChoisitPhoto().isEmpty()) TimerPausePhotos_->Active();
   const Tache tache = ChoisitTache();
   if (tache != Tache::kAucune) Execute(tache);
 }
@@ -141,6 +143,7 @@ void ModuleFtp::Finit(Tache tache, const ResultatFtp& resultat) {
     // Wanted still, and asked for again by nobody.
     if (tache == Tache::kLive) LiveDemande_ = true;
     if (tache == Tache::kPageSeule) PagePerimee_ = true;
+    if (tache == Tache::kPhoto) NotePhotoCoupee();
     Echoue(resultat);
     return;
   }
@@ -219,6 +222,13 @@ void ModuleFtp::RefusePhoto(const ResultatFtp& resultat) {
   // One that this server does not want must not keep the others from it.
   Refusees_.append(PhotoEnvoyee_);
   if (++RefusDeSuite_ >= kRefusPhotos || ChoisitPhoto().isEmpty()) TimerPausePhotos_->Active();
+}
+
+// Any of them may meet the end of a network. One that meets it twice may be what a path cannot carry, or what a watcher
+// on the way cuts off: the others go first then.
+void ModuleFtp::NotePhotoCoupee() {
+  if (PhotoCoupee_ == PhotoEnvoyee_) Refusees_.append(PhotoEnvoyee_);
+  PhotoCoupee_ = PhotoEnvoyee_;
 }
 
 void ModuleFtp::FinitPhoto(const ResultatFtp& resultat) {

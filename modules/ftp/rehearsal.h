@@ -3,6 +3,7 @@
 #pragma once
 
 #include "modules/common/rehearsal_program.h"
+#include "modules/common/trial_image.h"
 #include "modules/ftp/ftp_dialogue.h"
 #include "modules/ftp/rehearsal_advice.h"
 
@@ -25,7 +26,7 @@ struct PortsRepetition {
 /// behind is deleted as far as the server lets us; where it does not, the sentence says so.
 class RepetitionFtp {
  public:
-  static constexpr qsizetype kTailleImage = 32768;
+  static constexpr qsizetype kTailleImage = kTailleImageEssai;
 
   explicit RepetitionFtp(PortsRepetition ports);
 
@@ -61,8 +62,5 @@ class RepetitionFtp {
   Trace TraceProvisoire_ = Trace::kAucune, TraceNom_ = Trace::kAucune;
   Trace* Cible_ = &TraceNom_;  // of the file that a deletion means; an upload deletes only what it replaces
 };
-
-/// A whole JPEG of one grey point, filled up to kTailleImage bytes by a comment that says what it is.
-QByteArray CreeImageEssai();
 
 }  // namespace vaktor

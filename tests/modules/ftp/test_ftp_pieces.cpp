@@ -106,6 +106,34 @@ TEST(FtpDialogue, KeepsTheServersWordsAndNotOurs) {
   EXPECT_EQ(dialogue.Refus().size(), 300);
 }
 
+TEST(FtpDialogue, TheRefusalOfAnUploadIsOneAlsoWhereTheLibraryAskedForAnotherConnectionBefore) {
+  QByteArrayList repliques;
+  const OuvrierFtp::SurEtape etape;
+  const SurReplique replique = [&](const QByteArray& verbe, const QByteArray& ligne) {
+    repliques << verbe + '|' + ligne;
+  };
+  DialogueFtp dialogue(etape, replique);
+  dialogue.NoteReponse("220 ready\r\n");
+  dialogue.NoteCommande("EPSV\r\n");
+  dialogue.NoteReponse("229 Entering Extended Passive Mode (|||16437|)\r\n");
+  dialogue.NoteCommande("STOR a.part\r\n");
+  dialogue.NoteCommande("PASV\r\n");
+  EXPECT_FALSE(dialogue.EnvoiRefuseEnCroisant());
+  dialogue.NoteReponse("550 a.part: Permission denied\r\n");
+  EXPECT_TRUE(dialogue.EnvoiRefuseEnCroisant());
+  EXPECT_EQ(repliques.last(), "STOR|550 a.part: Permission denied");
+  DialogueFtp autre(etape, replique);
+  autre.NoteCommande("EPSV\r\n");
+  autre.NoteCommande("PASV\r\n");
+  autre.NoteReponse("425 no\r\n");
+  EXPECT_FALSE(autre.EnvoiRefuseEnCroisant());
+  autre.NoteCommande("STOR a.part\r\n");
+  autre.NoteReponse("150 go on\r\n");
+  autre.NoteCommande("PASV\r\n");
+  autre.NoteReponse("500 what?\r\n");
+  EXPECT_FALSE(autre.EnvoiRefuseEnCroisant()) << "the upload was answered";
+}
+
 struct File : testing::Test {
   QTemporaryDir Temporaire;
   void Pose(const QString& nom, int octets, int age) {

@@ -268,6 +268,44 @@ TEST_F(Ftp, APhotoThatIsRefusedGoesToTheBackAndAfterThreeThereIsAPause) {
   EXPECT_EQ(Ouvrier->Travail.Nom, "4.jpg") << "from the front again";
 }
 
+TEST_F(Ftp, APhotoAtTheBackHasItsTurnAgainWhenTheOthersHaveArrived) {
+  Publie();
+  PosePhoto("a.jpg", 20);
+  PosePhoto("b.jpg", 10);
+  Temps.Avance(ModuleFtp::kRegard);
+  ASSERT_EQ(Ouvrier->Travail.Nom, "b.jpg");
+  Finit(IssueFtp::kRefus, "450 Busy.");
+  ASSERT_EQ(Ouvrier->Travail.Nom, "a.jpg");
+  Finit(IssueFtp::kReussi);
+  EXPECT_FALSE(Ouvrier->EnCours());
+  Temps.Avance(ModuleFtp::kPausePhotos + 1);
+  while (Ouvrier->EnCours() && Ouvrier->Travail.Nom != "b.jpg") Finit(IssueFtp::kReussi);
+  ASSERT_TRUE(Ouvrier->EnCours());
+  Finit(IssueFtp::kReussi);
+  EXPECT_TRUE(PhotosLocales().isEmpty());
+}
+
+TEST_F(Ftp, APhotoUnderWhichTheConnectionBreaksEachTimeHoldsUpNoOther) {
+  Publie();
+  PosePhoto("a.jpg", 20);
+  PosePhoto("b.jpg", 10);
+  Temps.Avance(ModuleFtp::kRegard);
+  const auto coupe = [this] {
+    ASSERT_EQ(Ouvrier->Travail.Nom, "b.jpg");
+    Finit(IssueFtp::kPasDeConnexion, "cut");
+    EXPECT_FALSE(Ouvrier->EnCours());
+    Temps.Avance(ModuleFtp::kReprises.back());
+    ASSERT_EQ(Ouvrier->Travail.Genre, GenreTravail::kConnexion);
+    Finit(IssueFtp::kReussi);
+  };
+  coupe();
+  coupe();  // once it may be the network
+  ASSERT_TRUE(Ouvrier->EnCours());
+  EXPECT_EQ(Ouvrier->Travail.Nom, "a.jpg");
+  Finit(IssueFtp::kReussi);
+  EXPECT_EQ(PhotosLocales(), QStringList("b.jpg")) << "it stays, and has its turn again later";
+}
+
 TEST_F(Ftp, WhatIsTooMuchOnTheSiteIsDeletedTheOldestFirstAndLeavesThePage) {
   Reglages.Valeurs.PlaceFichiers = 2;
   Module->PrendReglages(Reglages);
