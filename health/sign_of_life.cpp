@@ -8,6 +8,10 @@
 
 namespace vaktor {
 
+namespace {
+constexpr QLatin1String kMot("sign-of-life");
+}
+
 SigneDeVie::SigneDeVie(PortsSigneDeVie ports)
     : Ports_(std::move(ports)),
       Timer_(Ports_.Minuteries.CreeMinuterie(QStringLiteral("SigneDeVie"), kRegardMs, [this] { Regarde(); })) {}
@@ -20,16 +24,28 @@ void SigneDeVie::Regarde() {
   }
   if (!ArmeeDepuis_) ArmeeDepuis_ = maintenant;
   if (!Ports_.Reglages.MailActif || maintenant.time().hour() != Ports_.Reglages.HeureSigneDeVie) return;
-  if (Dit_ == maintenant.date()) return;
+  if (!SaitDernierJour() || Dit_ == maintenant.date()) return;
   Dit_ = maintenant.date();
   Envoie();
+}
+
+bool SigneDeVie::SaitDernierJour() {
+  if (Su_) return true;
+  const std::weak_ptr<bool> vie = Vie_;
+  Ports_.Depot.ChercheDernierJour(kMot, [this, vie](const QDate& jour) {
+    if (vie.expired()) return;
+    Dit_ = jour;
+    Su_ = true;
+  });
+  return Su_;
 }
 
 CourrielVeille SigneDeVie::Compose(const QImage& image) const {
   const std::optional<qint64> libre = Ports_.Disque.EspaceLibre(Ports_.Reglages.RepertoirePhoto);
   CourrielVeille courriel;
-  courriel.Mot = QStringLiteral("sign-of-life");
+  courriel.Mot = kMot;
   courriel.Depuis = *ArmeeDepuis_;
+  courriel.Jour = Dit_;
   courriel.Sujet = Phrase{"Vaktor : signe de vie", "Vaktor: sign of life"};
   courriel.Texte = PhraseDite::Compose([&](Langue langue) {
     const QLocale nombres = DonneLocale(langue);
@@ -37,13 +53,15 @@ CourrielVeille SigneDeVie::Compose(const QImage& image) const {
                                 : Phrase{"inconnue", "not known"}.Dit(langue);
     const QString derniere =
         image.isNull() ? Phrase{"aucune", "none"}.Dit(langue) : Phrase{"jointe à ce mail", "attached"}.Dit(langue);
+    const Phrase depuis = DitIci_ ? Phrase{"le dernier signe de vie", "the last sign of life"}
+                                  : Phrase{"le démarrage de Vaktor", "Vaktor was started"};
     return Phrase{
-        "Vaktor veille depuis : %1\nAlarmes depuis le dernier signe de vie : %2\nPhotos : %3\n"
+        "Vaktor veille depuis : %1\nAlarmes depuis %6 : %2\nPhotos : %3\n"
         "Place libre pour les photos : %4\nDernière image : %5\n",
-        "Vaktor watches since: %1\nAlarms since the last sign of life: %2\nPhotos: %3\n"
+        "Vaktor watches since: %1\nAlarms since %6: %2\nPhotos: %3\n"
         "Free space for photos: %4\nLast picture: %5\n"}
         .Dit(langue, DitMoment(*ArmeeDepuis_, langue), nombres.toString(Alarmes_), nombres.toString(Photos_), place,
-             derniere);
+             derniere, depuis.Dit(langue));
   });
   return courriel;
 }
@@ -57,6 +75,7 @@ void SigneDeVie::Envoie() {
       Dit_ = QDate();
       return;
     }
+    DitIci_ = true;
     // What came since it was written counts for the next.
     Alarmes_ -= alarmes;
     Photos_ -= photos;

@@ -30,8 +30,9 @@ struct PortsSigneDeVie {
   std::function<QImage()> Image;  ///< the last picture, null without one
 };
 
-/// In the hour of Parametres::HeureSigneDeVie, once, if mails are switched on and the alarm is armed then. A mail that
-/// could not be laid down is tried again in that hour. Owner: app/. User-interface thread.
+/// In the hour of Parametres::HeureSigneDeVie, once a day, also where the program is started anew in that hour, if
+/// mails are switched on and the alarm is armed then. A mail that could not be laid down is tried again in that hour.
+/// Owner: app/. User-interface thread.
 class SigneDeVie {
  public:
   static constexpr qint32 kRegardMs = 10'000;
@@ -47,6 +48,8 @@ class SigneDeVie {
 
  private:
   void Regarde();
+  /// The day of the last one, asked of the disk until it has answered once.
+  bool SaitDernierJour();
   void Envoie();
   CourrielVeille Compose(const QImage& image) const;
 
@@ -54,6 +57,8 @@ class SigneDeVie {
   std::unique_ptr<Minuterie> Timer_;
   std::optional<QDateTime> ArmeeDepuis_;  // as the clock stood then, found by the look behind it
   QDate Dit_;                             // the day of the last one
+  bool Su_ = false;                       // what an earlier run has sent is known
+  bool DitIci_ = false;                   // by this run: the counters know nothing of what was before it
   qint64 Alarmes_ = 0;                    // since the last one
   qint64 Photos_ = 0;
   std::shared_ptr<bool> Vie_ = std::make_shared<bool>(true);  // answers may come after this object

@@ -15,11 +15,13 @@
 #include <cstdio>
 
 #include "base/photo_format.h"
+#include "platform/store/bounded_file.h"
 
 namespace vaktor {
 
 namespace {
 
+constexpr qint64 kNoteMax = 64;
 constexpr quint8 kQualite = 80;  // as a photo for a mail: a few tens of kilobytes
 
 QByteArray Compose(const CourrielVeille& courriel) {
@@ -83,18 +85,34 @@ void SynchroniseDossier(const QByteArray& dossier) {
   ::close(descripteur);
 }
 
-bool EcritCourriel(const QByteArray& dossier, const QByteArray& souche, const QByteArray& json,
-                   const QByteArray& jpeg) {
+/// What is to be noted of a mail once it lies there.
+struct NoteJour {
+  QByteArray Nom;
+  QByteArray Jour;  // empty for nothing
+};
+
+bool EcritCourriel(const QByteArray& dossier, const QByteArray& souche, const QByteArray& json, const QByteArray& jpeg,
+                   const NoteJour& note) {
   if (!PrepareDossier(dossier)) return false;
   BalaieRestes(dossier);
   // A mail without its picture is better than none: a disk that is nearly full may still take the words.
   const bool image = !jpeg.isEmpty() && EcritEntier(dossier, souche + kFinPhoto.latin1(), jpeg);
   if (EcritEntier(dossier, souche + ".json", json)) {
+    // Behind it: better one mail twice than none.
+    if (!note.Jour.isEmpty()) EcritEntier(dossier, note.Nom, note.Jour);
     SynchroniseDossier(dossier);
     return true;
   }
   if (image) ::unlink((dossier + '/' + souche + kFinPhoto.latin1()).constData());
   return false;
+}
+
+QByteArray NommeNote(const QString& mot) { return '.' + mot.toLatin1(); }
+
+QDate LitJour(const QByteArray& chemin) {
+  QByteArray octets;
+  if (LitFichierBorne(QFile::decodeName(chemin), kNoteMax, octets) != 0) return {};
+  return QDate::fromString(QString::fromLatin1(octets), Qt::ISODate);
 }
 
 }  // namespace
@@ -106,15 +124,22 @@ QByteArray DepotCourrielsFichiers::Encode(const QImage& image) {
   return octets.toByteArray();  // the encoder's memory is good until its next call only
 }
 
+void DepotCourrielsFichiers::ChercheDernierJour(const QString& mot, std::function<void(const QDate& jour)> recoit) {
+  if (Question_.Attend()) return;
+  Question_.Pose([chemin = QFile::encodeName(Dossier_) + '/' + NommeNote(mot)] { return LitJour(chemin); }, QDate(),
+                 std::move(recoit));
+}
+
 void DepotCourrielsFichiers::Depose(const CourrielVeille& courriel, const QImage& image, Fini fini) {
   const QByteArray souche =
       QByteArray::number(QDateTime::currentMSecsSinceEpoch()) + '-' + QByteArray::number(++Numero_);
+  const NoteJour note{NommeNote(courriel.Mot), courriel.Jour.toString(Qt::ISODate).toLatin1()};
   const auto reponse = std::make_shared<Fini>(std::move(fini));
   const bool lance = Travaux_.Lance([dossier = QFile::encodeName(Dossier_), souche, json = Compose(courriel),
-                                     jpeg = Encode(image), relais = Relais_, reponse] {
+                                     jpeg = Encode(image), note, relais = Relais_, reponse] {
     bool ecrit = false;
     try {
-      ecrit = EcritCourriel(dossier, souche, json, jpeg);
+      ecrit = EcritCourriel(dossier, souche, json, jpeg, note);
     } catch (const std::exception&) {  // want of memory: tried again like a full disk
     }
     relais->Poste([reponse, ecrit] { (*reponse)(ecrit); });

@@ -8,14 +8,16 @@
 #include "health/ports/mail_drop.h"
 #include "image/ports/jpeg_encoder.h"
 #include "platform/folders/bounded_work.h"
+#include "platform/folders/disk_question.h"
 #include "platform/folders/event_loop_relay.h"
 
 namespace vaktor {
 
 /// One mail is one file "MS-N.json" (milliseconds since 1970, a number), its picture "MS-N.jpg" is there before it;
 /// both are whole and on the disk when they have these names, and their owner's alone. docs/companions.md has the
-/// fields. The picture is encoded at once, on the thread of the caller, who owns the encoder; threads of their own
-/// write. Needs a QCoreApplication.
+/// fields. The day of the last mail of a kind that wants it noted is the text of the file ".WORD". The picture is
+/// encoded at once, on the thread of the caller, who owns the encoder; threads of their own write. Needs a
+/// QCoreApplication.
 class DepotCourrielsFichiers : public DepotCourriels {
  public:
   /// `dossier` is made when the first mail comes, its parent must be there by then.
@@ -25,6 +27,7 @@ class DepotCourrielsFichiers : public DepotCourriels {
   DepotCourrielsFichiers& operator=(const DepotCourrielsFichiers&) = delete;
 
   void Depose(const CourrielVeille& courriel, const QImage& image, Fini fini) override;
+  void ChercheDernierJour(const QString& mot, std::function<void(const QDate& jour)> recoit) override;
 
  private:
   QByteArray Encode(const QImage& image);
@@ -33,6 +36,7 @@ class DepotCourrielsFichiers : public DepotCourriels {
   EncodeurJpeg& Encodeur_;
   qint64 Numero_ = 0;
   TravauxBornes Travaux_;
+  QuestionDisque<QDate> Question_;
   std::shared_ptr<RelaisBoucle> Relais_ = std::make_shared<RelaisBoucle>();
 };
 

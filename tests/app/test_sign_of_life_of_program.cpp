@@ -16,7 +16,7 @@ TEST_F(SigneDuProgramme, TellsOfTheIntrusionAndItsPhotosAndGoesToTheCompanion) {
   EXPECT_EQ(courriel.Mot, QStringLiteral("sign-of-life"));
   EXPECT_EQ(Systeme.Courriels.Deposes[0].Image.size(), QSize(287, 241));
   const QString texte = courriel.Texte.Dit(Langue::kAnglais);
-  EXPECT_TRUE(texte.contains("Alarms since the last sign of life: 1\n")) << texte.toStdString();
+  EXPECT_TRUE(texte.contains("Alarms since Vaktor was started: 1\n")) << texte.toStdString();
   EXPECT_FALSE(texte.contains("Photos: 0\n")) << texte.toStdString();
   Systeme.Notes.Vide();
   Systeme.Courriels.Repond(true);

@@ -18,6 +18,10 @@ class DepotFaux : public DepotCourriels {
     Deposes.append({courriel, image});
     Attendent.append(std::move(fini));
   }
+  void ChercheDernierJour(const QString& mot, std::function<void(const QDate&)> recoit) override {
+    Questions.append(mot);
+    if (!Muet) recoit(DernierJour);
+  }
   /// Answers the one that has waited longest.
   void Repond(bool ecrit) {
     const Fini fini = Attendent.takeFirst();
@@ -25,6 +29,9 @@ class DepotFaux : public DepotCourriels {
   }
   QList<Depose_> Deposes;
   QList<Fini> Attendent;
+  QStringList Questions;
+  QDate DernierJour;  ///< of an earlier run
+  bool Muet = false;  ///< the disk does not say
 };
 
 }  // namespace vaktor::faux

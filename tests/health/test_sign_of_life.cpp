@@ -61,7 +61,7 @@ TEST_F(Signe, TellsSinceWhenHowOftenAndHowMuchIsFree) {
   EXPECT_EQ(Depot.Deposes[0].Courriel.Mot, "sign-of-life");
   EXPECT_EQ(Depot.Deposes[0].Courriel.Depuis, QDateTime(QDate(2020, 1, 2), QTime(9, 5, 13)));
   EXPECT_FALSE(Depot.Deposes[0].Image.isNull());
-  EXPECT_TRUE(Texte().contains("Alarms since the last sign of life: 3\nPhotos: 1,200\n")) << Texte().toStdString();
+  EXPECT_TRUE(Texte().contains("Alarms since Vaktor was started: 3\nPhotos: 1,200\n")) << Texte().toStdString();
   EXPECT_TRUE(Texte().contains("Free space for photos: 3.5 GB\nLast picture: attached\n")) << Texte().toStdString();
   const QString francais = Depot.Deposes[0].Courriel.Texte.Dit(Langue::kFrancais);
   EXPECT_TRUE(francais.startsWith("Vaktor veille depuis : ")) << francais.toStdString();
@@ -107,6 +107,25 @@ TEST_F(Signe, OneThatCannotBeLaidDownIsTriedAgainInItsHour) {
   Depot.Repond(true);
   Temps.Avance(kHeure);
   EXPECT_EQ(Depot.Deposes.size(), 2);
+}
+
+TEST_F(Signe, AStartInTheHourOfOneThatWasSentSendsNoSecondOne) {
+  Depot.DernierJour = QDate(2020, 1, 2);  // today
+  Temps.Avance(14 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 0);
+  EXPECT_EQ(Depot.Questions, QStringList("sign-of-life")) << "once";
+  Temps.Avance(24 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  EXPECT_EQ(Depot.Deposes[0].Courriel.Jour, QDate(2020, 1, 3)) << "what the next start finds";
+}
+
+TEST_F(Signe, WhileTheDiskDoesNotSayWhetherOneWasSentNoneIs) {
+  Depot.Muet = true;
+  Temps.Avance(3 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 0);
+  Depot.Muet = false;
+  Temps.Avance(SigneDeVie::kRegardMs);
+  EXPECT_EQ(Depot.Deposes.size(), 1) << "asked again at each look";
 }
 
 TEST_F(Signe, BehindTheEndNothingComes) {

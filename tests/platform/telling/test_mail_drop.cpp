@@ -171,6 +171,42 @@ TEST_F(Depot, ADiskWithoutRoomForThePictureTakesTheWords) {
   EXPECT_TRUE(noms.first().endsWith(QLatin1String(".json")));
 }
 
+class JourDuDepot : public Depot {
+ protected:
+  std::optional<QDate> Cherche(const QString& mot) {
+    std::optional<QDate> jour;
+    DepotCourrielsFichiers suivant(Dossier(), Encodeur_);  // as the next run does
+    suivant.ChercheDernierJour(mot, [&jour](const QDate& lu) { jour = lu; });
+    EXPECT_TRUE(QTest::qWaitFor([&] { return jour.has_value(); }, 20000));
+    return jour;
+  }
+};
+
+TEST_F(JourDuDepot, IsThatOfTheNewestMailThatWantedItNoted) {
+  EXPECT_EQ(Cherche("sign-of-life"), QDate()) << "no folder, no day";
+  CourrielVeille courriel = Courriel();
+  EXPECT_EQ(Depose(courriel, Image()), true);
+  EXPECT_EQ(Cherche("signal-lost"), QDate()) << "not wanted";
+  courriel.Mot = "sign-of-life";
+  for (const int jour : {21, 22}) {
+    courriel.Jour = QDate(2026, 11, jour);
+    EXPECT_EQ(Depose(courriel, Image()), true);
+  }
+  EXPECT_EQ(Cherche("sign-of-life"), QDate(2026, 11, 22));
+  EXPECT_EQ(Cherche("signal-lost"), QDate());
+  EXPECT_EQ(Mode(Dossier() + "/.sign-of-life"), 0600);
+  EXPECT_EQ(Entiers().size(), 3) << "a companion sees the mails alone";
+}
+
+TEST_F(JourDuDepot, OfADamagedNoteIsNone) {
+  ASSERT_TRUE(QDir(Parent_.path()).mkdir("veille"));
+  QFile note(Dossier() + "/.sign-of-life");
+  ASSERT_TRUE(note.open(QIODevice::WriteOnly));
+  note.write("2026-13-45 rubbish");
+  note.close();
+  EXPECT_EQ(Cherche("sign-of-life"), QDate());
+}
+
 class DepotSurDisqueVolatil : public SurDisqueVolatil {};
 
 TEST_F(DepotSurDisqueVolatil, AMailThatWasToldAsWrittenIsThereAfterAPowerCut) {
