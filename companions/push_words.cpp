@@ -26,6 +26,14 @@ QString AidePushEntete(Langue langue) {
       .Dit(langue);
 }
 
+QString NomEssaiPush(Langue langue) { return Phrase{"Essayer le push", "Try the push"}.Dit(langue); }
+
+QString AideEssaiPush(Langue langue) {
+  return Phrase{"Envoie maintenant un push d'essai à cette adresse, sans rien enregistrer.",
+                "Posts a push to this address now, as a trial; nothing is saved."}
+      .Dit(langue);
+}
+
 bool EstPushAdresseMauvaise(const QString& adresse) {
   if (adresse.trimmed().isEmpty()) return false;
   const QUrl url(adresse.trimmed(), QUrl::StrictMode);

@@ -13,6 +13,10 @@ QString AidePushAdresse(Langue langue);
 QString MotsPushEntete(Langue langue);
 QString AidePushEntete(Langue langue);
 
+/// The button that tries it: for those who hear the form, and what it does. Its own word is that of every rehearsal.
+QString NomEssaiPush(Langue langue);
+QString AideEssaiPush(Langue langue);
+
 /// Something was typed that is no address of the web. What the companion tells of it comes with the next alarm only.
 bool EstPushAdresseMauvaise(const QString& adresse);
 /// Something was typed that is no "Name: value".

@@ -34,6 +34,7 @@ constexpr NomEtape kEtapesFtp[] = {{"AUTH", {"Chiffrement", "Encryption"}},
                                    {"RNTO", {"Mise en place", "Putting in place"}},
                                    {"SIZE", {"Taille reçue", "Size received"}},
                                    {"DELE", {"Effacement", "Deletion"}}};
+constexpr NomEtape kEtapesPush[] = {{"POST", {"Envoi", "Upload"}}};
 
 QString NommeEtape(std::span<const NomEtape> noms, Langue langue, const QString& ligne) {
   for (const NomEtape& etape : noms) {
@@ -73,6 +74,15 @@ MotsEssai DonneMotsEssaiMail(Langue langue) {
                   .Dit(langue);
   mots.SansFin = Phrase{"Le serveur n'a pas répondu à temps. Vérifiez le nom du serveur et le port : 587, ou 465.",
                         "The server did not answer in time. Check the name of the server and the port: 587, or 465."}
+                     .Dit(langue);
+  mots.Impossible = DonneImpossible(langue, QStringLiteral("VAKTORmail"));
+  return mots;
+}
+
+MotsEssai DonneMotsEssaiPush(Langue langue) {
+  MotsEssai mots = DonneMotsCommuns(langue, kEtapesPush);
+  mots.SansFin = Phrase{"Le serveur n'a pas répondu à temps. Vérifiez l'adresse du push.",
+                        "The server did not answer in time. Check the address of the push."}
                      .Dit(langue);
   mots.Impossible = DonneImpossible(langue, QStringLiteral("VAKTORmail"));
   return mots;

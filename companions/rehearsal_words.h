@@ -24,6 +24,7 @@ struct MotsEssai {
 };
 MotsEssai DonneMotsEssaiMail(Langue langue);
 MotsEssai DonneMotsEssaiFtp(Langue langue);
+MotsEssai DonneMotsEssaiPush(Langue langue);
 
 /// What stands beside the button before it is pressed; `destination` of the mail, or `serveur`, may be empty.
 QString InviteEssaiMail(Langue langue, const QString& destination);

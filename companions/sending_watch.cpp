@@ -36,6 +36,7 @@ qint64 SuiviEnvois::Maintenant() {
 void SuiviEnvois::Regarde() {
   SuitInterrupteurs();
   JugeCourriels();
+  JugePush();
   JugePage();
   JugeNouvelles();
   if (Ports_.Reglages.MailActif || LiveDepuis_)
@@ -43,7 +44,10 @@ void SuiviEnvois::Regarde() {
 }
 
 void SuiviEnvois::SuitInterrupteurs() {
-  if (!Ports_.Reglages.MailActif) AttendDepuis_.reset();
+  if (!Ports_.Reglages.MailActif) {
+    AttendDepuis_.reset();
+    AttendPushDepuis_.reset();
+  }
   if (!Ports_.Liaison.SurveillanceEnCours) {
     LiveDepuis_.reset();
     PublieA_.reset();
@@ -97,8 +101,11 @@ void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
   if (Ports_.Reglages.MailActif && mail) {
     AttendDepuis_ = etats.Mail.Attente ? std::optional(maintenant - *etats.Mail.Attente) : std::nullopt;
     MotsMail_ = etats.Mail.MotsServeur;
+    AttendPushDepuis_ = etats.Mail.AttentePush ? std::optional(maintenant - *etats.Mail.AttentePush) : std::nullopt;
+    MotsPush_ = etats.Mail.MotsPush;
     SuitAccepte(etats.Mail.Accepte);
     JugeCourriels();
+    JugePush();
   }
   if (LiveDepuis_ && ftp) {
     FtpParle_ = true;
@@ -121,6 +128,13 @@ void SuiviEnvois::JugeCourriels() {
     Ports_.Sante.Signale(Condition::kCourrielsEnAttente, MotsMail_);
   else
     Ports_.Sante.Leve(Condition::kCourrielsEnAttente);
+}
+
+void SuiviEnvois::JugePush() {
+  if (AttendPushDepuis_ && Maintenant() - *AttendPushDepuis_ > kAttenteMax)
+    Ports_.Sante.Signale(Condition::kPushEnAttente, MotsPush_);
+  else
+    Ports_.Sante.Leve(Condition::kPushEnAttente);
 }
 
 void SuiviEnvois::JugePage() {

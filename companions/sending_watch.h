@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whether what leaves the machine arrives: mails that wait, a live page that nobody renews any more.
+// Whether what leaves the machine arrives: mails and pushes that wait, a live page that nobody renews any more.
 #pragma once
 
 #include <QString>
@@ -39,7 +39,7 @@ struct PortsEnvois {
 class SuiviEnvois {
  public:
   static constexpr qint32 kRegard = 15'000;               ///< milliseconds between two looks
-  static constexpr qint64 kAttenteMax = 5 * 60 * 1000;    ///< that a mail may wait
+  static constexpr qint64 kAttenteMax = 5 * 60 * 1000;    ///< that a mail or a push may wait
   static constexpr int kIntervallesPage = 3;              ///< intervals that the live image may be old,
   static constexpr qint64 kMargePage = 30'000;            ///< and so many milliseconds
   static constexpr qint64 kSansNouvelles = 180'000;       ///< three times what our own companions take to say something
@@ -56,6 +56,7 @@ class SuiviEnvois {
   void SuitInterrupteurs();
   void SuitAccepte(const QString& accepte);
   void JugeCourriels();
+  void JugePush();
   void JugePage();
   void JugeNouvelles();
   /// News of one of them, which is being waited for or not.
@@ -78,7 +79,8 @@ class SuiviEnvois {
   std::optional<qint64> LiveDepuis_;  // the switch is on, as far as it was seen
   std::optional<qint64> PublieA_;
   bool FtpParle_ = false;  // its file was read since the switch is on
-  QString MotsMail_, MotsFtp_;
+  std::optional<qint64> AttendPushDepuis_;
+  QString MotsMail_, MotsFtp_, MotsPush_;
   std::optional<QString> Accepte_;  // as last read; nothing before the first reading
   Nouvelles NouvellesMail_, NouvellesFtp_;
   std::unique_ptr<Minuterie> TimerEnvois_;

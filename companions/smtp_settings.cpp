@@ -51,4 +51,14 @@ QByteArray ComposeDemandeEssai(const Parametres& reglages, const QString& destin
   return QJsonDocument(demande).toJson(QJsonDocument::Compact);
 }
 
+QByteArray ComposeDemandeEssaiPush(const Parametres& reglages) {
+  const QJsonObject demande{
+      {QStringLiteral("pushadresse"), reglages.PushAdresse},
+      {QStringLiteral("pushentete"), reglages.PushEntete},
+      {QStringLiteral("sujet"), SujetEssai(LangueParlee(reglages.LangueCourante), reglages.MailSujet)},
+      {QStringLiteral("langue"), reglages.LangueCourante},
+  };
+  return QJsonDocument(demande).toJson(QJsonDocument::Compact);
+}
+
 }  // namespace vaktor

@@ -35,5 +35,7 @@ bool ManqueConnexion(const TextesSmtp& textes);
 /// One JSON object with the keys that "VAKTORmail --try" reads, the password in clear. `destination`: where the mail
 /// goes, since the field of the main window may show a prompt instead of an address.
 QByteArray ComposeDemandeEssai(const Parametres& reglages, const QString& destination);
+/// The same for a push, whose header lets in like a password.
+QByteArray ComposeDemandeEssaiPush(const Parametres& reglages);
 
 }  // namespace vaktor

@@ -186,6 +186,15 @@ constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
       "See that it looks at the right place. To go back to the other one, plug it in, then switch the camera off and "
       "on "
       "again."}},
+    {Condition::kPushEnAttente,
+     Gravite::kBoiteuse,
+     kAusitot,
+     "pushes-wait",
+     {"Des push attendent depuis plus de cinq minutes", "Pushes have been waiting for more than five minutes"},
+     {"Vérifiez la connexion à Internet, et essayez le push (page eMail, bouton Avancé). Les push partiront dès que le "
+      "serveur les prendra.",
+      "Check the connection to the internet, and try the push (page eMail, button More). The pushes leave as soon as "
+      "the server takes them."}},
 }};
 
 constexpr bool EstDansLOrdre() {

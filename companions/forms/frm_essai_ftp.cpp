@@ -28,7 +28,7 @@ FrmEssaiFtp::FrmEssaiFtp(PortsFrmEssaiFtp ports) : Ports_(std::move(ports)) {
 void FrmEssaiFtp::EcritMots(Langue langue) {
   setWindowTitle(TitreEssaiFtp(langue));
   CmdFermer_->setText(MotFermer(langue));
-  Panneau_->EcritMots(DonneMotsEssaiFtp(langue), InviteEssaiFtp(langue, Ports_.Serveur()));
+  Panneau_->EcritMots(DonneMotsEssaiFtp(langue), {}, InviteEssaiFtp(langue, Ports_.Serveur()));
 }
 
 void FrmEssaiFtp::Essaie() {

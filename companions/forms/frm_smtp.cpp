@@ -23,7 +23,10 @@ constexpr Libelle kDemandeAdresse = Libelle::kMailDestination;
 
 }  // namespace
 
-FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports) : Ports_(ports), Controles_(this), Push_(this, ports.Reglages) {
+FrmSmtp::FrmSmtp(const PortsFrmSmtp& ports)
+    : Ports_(ports),
+      Controles_(this),
+      Push_(this, ports.Reglages, [this] { Panneau_->EssaieAutre(ComposeDemandeEssaiPush(Ports_.Reglages)); }) {
   setObjectName(QStringLiteral("FrmSmtp"));
   setWindowTitle(QStringLiteral("SMTP"));
   HabilleForme(*this);
@@ -317,7 +320,8 @@ void FrmSmtp::EcritMots() {
   c.CmbComptes->setPlaceholderText(t.Dit(Libelle::kChoisitCompte));
   c.CmbComptes->setCurrentIndex(-1);
   NommeListe(*c.CmbComptes, t.Dit(Libelle::kChoisitCompte));
-  Panneau_->EcritMots(DonneMotsEssaiMail(parlee), InviteEssaiMail(parlee, DonneDestination()));
+  Panneau_->EcritMots(DonneMotsEssaiMail(parlee), DonneMotsEssaiPush(parlee),
+                      InviteEssaiMail(parlee, DonneDestination()));
 }
 
 }  // namespace vaktor

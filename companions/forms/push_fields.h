@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// The two fields of the push in the form of the mail settings.
+// The fields of the push in the form of the mail settings.
 #pragma once
 
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
+#include <functional>
 
 #include "settings/parameters.h"
 #include "texts/language.h"
@@ -15,7 +17,8 @@ namespace vaktor {
 /// what cannot be right.
 class ChampsPush {
  public:
-  ChampsPush(QWidget* forme, Parametres& reglages);
+  /// `essaie` is called for a click on the button that tries them.
+  ChampsPush(QWidget* forme, Parametres& reglages, std::function<void()> essaie);
 
   void AjouteA(QGridLayout& grille) const;
   /// What the settings hold.
@@ -28,6 +31,7 @@ class ChampsPush {
   Parametres& Reglages_;
   QLabel* LblPush;
   QLineEdit* TxtPush;
+  QPushButton* CmdEssaiPush;
   QLabel* LblPushEntete;
   QLineEdit* TxtPushEntete;
 };

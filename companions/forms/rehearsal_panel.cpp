@@ -66,12 +66,13 @@ PanneauEssai::PanneauEssai(QWidget* parent, EssaiReglages& essai, std::function<
 
 PanneauEssai::~PanneauEssai() { Arrete(); }
 
-void PanneauEssai::EcritMots(const MotsEssai& mots, const QString& invite) {
+void PanneauEssai::EcritMots(const MotsEssai& mots, const MotsEssai& autre, const QString& invite) {
   Mots_ = mots;
+  MotsAutre_ = autre;
   TxtEssai_->setAccessibleName(Mots_.Etapes);
   CmdEssai_->setToolTip(Mots_.Aide);
   // How the last one ended stays; what the companion or the server said of it cannot be said anew.
-  if (FinMontree_ && MotFin_ != nullptr) LblEssai_->setText(Mots_.*MotFin_);
+  if (FinMontree_ && MotFin_ != nullptr) LblEssai_->setText(MotsDites().*MotFin_);
   if (EnCours_) LblEssai_->setText(Mots_.EnCours);
   MontreInvite(invite);
   RafraichitBouton();
@@ -87,7 +88,7 @@ void PanneauEssai::RafraichitBouton() { CmdEssai_->setText(EnCours_ ? Mots_.Annu
 
 void PanneauEssai::Bascule() {
   if (!EnCours_) {
-    Lance();
+    Essaie();
     return;
   }
   Arrete();
@@ -95,18 +96,24 @@ void PanneauEssai::Bascule() {
 }
 
 void PanneauEssai::Essaie() {
-  if (!EnCours_) Lance();
+  if (EnCours_) return;
+  Autre_ = false;
+  Lance(Demande_());
 }
 
-void PanneauEssai::Lance() {
+void PanneauEssai::EssaieAutre(const QByteArray& demande) {
+  Autre_ = true;
+  Lance(demande);
+}
+
+void PanneauEssai::Lance(const QByteArray& demande) {
   EnCours_ = true;
   Derniere_.clear();
   TxtEssai_->clear();
   Colore(*LblEssai_, kNeutre);
   LblEssai_->setText(Mots_.EnCours);
   RafraichitBouton();
-  Essai_.Lance(Demande_(),
-               {[this](const QString& ligne) { AjouteEtape(ligne); }, [this](FinEssai fin) { Acheve(fin); }});
+  Essai_.Lance(demande, {[this](const QString& ligne) { AjouteEtape(ligne); }, [this](FinEssai fin) { Acheve(fin); }});
 }
 
 void PanneauEssai::Arrete() {
@@ -118,7 +125,7 @@ void PanneauEssai::Arrete() {
 
 void PanneauEssai::AjouteEtape(const QString& ligne) {
   Derniere_ = ligne.left(kLigneMax);
-  TxtEssai_->appendPlainText(Mots_.NommeEtape ? Mots_.NommeEtape(Derniere_) : Derniere_);
+  TxtEssai_->appendPlainText(MotsDites().NommeEtape ? MotsDites().NommeEtape(Derniere_) : Derniere_);
 }
 
 void PanneauEssai::Acheve(FinEssai fin) {
@@ -134,7 +141,7 @@ void PanneauEssai::Acheve(FinEssai fin) {
 }
 
 void PanneauEssai::MontreEchec(QString MotsEssai::*mot) {
-  MontreFin(Mots_.*mot, false);
+  MontreFin(MotsDites().*mot, false);
   MotFin_ = mot;
 }
 

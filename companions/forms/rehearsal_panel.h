@@ -24,18 +24,22 @@ class PanneauEssai : public QWidget {
   PanneauEssai(QWidget* parent, EssaiReglages& essai, std::function<QByteArray()> demande);
   ~PanneauEssai() override;
 
-  void EcritMots(const MotsEssai& mots, const QString& invite);
+  /// `autre`: of what EssaieAutre tries.
+  void EcritMots(const MotsEssai& mots, const MotsEssai& autre, const QString& invite);
   /// What the next one will do. A rehearsal that runs, and how the last one ended, stay shown.
   void MontreInvite(const QString& invite);
   /// Starts one, as the button does; one that runs goes on.
   void Essaie();
+  /// Tries something that has no button here; what runs is given up for it.
+  void EssaieAutre(const QByteArray& demande);
   /// Ends a running rehearsal without a word.
   void Arrete();
   bool EnCours() const { return EnCours_; }
 
  private:
   void Bascule();
-  void Lance();
+  void Lance(const QByteArray& demande);
+  const MotsEssai& MotsDites() const { return Autre_ ? MotsAutre_ : Mots_; }
   void AjouteEtape(const QString& ligne);
   void Acheve(FinEssai fin);
   void MontreFin(const QString& phrase, bool reussi);
@@ -44,7 +48,8 @@ class PanneauEssai : public QWidget {
 
   EssaiReglages& Essai_;
   std::function<QByteArray()> Demande_;
-  MotsEssai Mots_;
+  MotsEssai Mots_, MotsAutre_;
+  bool Autre_ = false;  // the last one was EssaieAutre's
   bool EnCours_ = false;
   bool FinMontree_ = false;
   QString MotsEssai::*MotFin_ = nullptr;  // the end that is shown, where it is in our words and not in the companion's

@@ -19,6 +19,8 @@ struct EtatCompagnon {
   QString Battement = {};
   /// Mail: another text each time a server has taken a mail; empty while none has.
   QString Accepte = {};
+  std::optional<qint64> AttentePush = {};  ///< mail: age of the oldest push that waits
+  QString MotsPush = {};                   ///< what the push server said; one line
 };
 
 struct EtatsCompagnons {

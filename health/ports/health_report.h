@@ -27,8 +27,9 @@ enum class Condition {
   kInterruption,    ///< the machine slept, or the clock jumped: the detail is the gap (platform)
   kCameraAttendue,  ///< a start that nobody watches waits for its camera; the detail is why there is none (engine)
   kAutreCamera,     ///< the camera at work is not the one that was chosen; the detail is its name (engine)
+  kPushEnAttente,   ///< pushes wait longer than five minutes; the detail is the server's word (companions)
 };
-inline constexpr int kNombreConditions = 18;
+inline constexpr int kNombreConditions = 19;
 
 /// User-interface thread. Both calls are cheap and may be repeated at each frame.
 class RapportSante {

@@ -10,6 +10,7 @@
 #include "modules/mail/mail_module.h"
 #include "modules/mail/rehearsal.h"
 #include "modules/push/mail_and_push.h"
+#include "modules/push/push_rehearsal.h"
 
 namespace vaktor {
 namespace {
@@ -45,6 +46,8 @@ DescriptionModule DonneDescription() {
               "  Reads a JSON object with the settings from standard input, sends one mail and shows each step.\n"
               "    {\"destination\":\"\", \"sujet\":\"\", \"corp\":\"\", \"smtpserveur\":\"\", \"smtpport\":587,\n"
               "     \"smtpfrom\":\"\", \"smtpuser\":\"\", \"pass\":\"\", \"smtpneedlogin\":true, \"langue\":0}\n"
+              "  Ou un push / or one push:\n"
+              "    {\"pushadresse\":\"\", \"pushentete\":\"\", \"sujet\":\"\", \"langue\":0}\n"
               "--ca-file FILE\n"
               "  Autorités de certification en plus de celles du système (PEM).\n"
               "  Certificate authorities beside those of the system (PEM).\n\n")};
@@ -97,7 +100,8 @@ int main(int argc, char** argv) {
   if (arguments.Repetition && nombre == 1) {
     return ExecuteRepetition(nombre, arguments.Autres.data(),
                              [&](const QByteArray& demande, const EcritureLigne& ecrit) {
-                               return RepeteEnvoi(demande, arguments.Autorites, ecrit);
+                               return EstDemandePush(demande) ? RepetePush(demande, arguments.Autorites, ecrit)
+                                                              : RepeteEnvoi(demande, arguments.Autorites, ecrit);
                              });
   }
   std::unique_ptr<EtatModule> etatPush;

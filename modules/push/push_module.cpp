@@ -10,6 +10,7 @@
 #include "base/jpeg_end.h"
 #include "modules/mail/photo_source.h"
 #include "modules/push/push_notices.h"
+#include "platform/base/bounded_log.h"
 #include "platform/base/system_files.h"
 
 namespace vaktor {
@@ -62,6 +63,8 @@ void ModulePush::PrendReglages(const ReglagesModule& reglages) {
   else if (autres)
     Ports_.Etat.Efface();
   Poste_->ChangeReglages(Reglages_);
+  if (autres) MotsServeur_.clear();
+  NoteAttente();
 }
 
 void ModulePush::ExecuteCommande(Commande commande) {
@@ -80,6 +83,7 @@ void ModulePush::NoteIntrusion() {
   const int erreur = Sac_.Ajoute(Compose(maintenant), maintenant, marque);
   if (erreur == 0) {
     Contexte_.Journal.Note(QStringLiteral("push %1 made").arg(marque));
+    NoteAttente();
     Poste_->Reveille();
     return;
   }
@@ -99,6 +103,13 @@ MessagePush ModulePush::Compose(qint64 maintenant) const {
 void ModulePush::PrendRapport(const RapportPush& rapport) {
   const ResultatPush& r = rapport.Resultat;
   const bool pris = r.Issue == IssuePush::kPris;
+  if (pris || rapport.Abandonne) Finis_.insert(rapport.Nom);
+  MotsServeur_ = pris || rapport.Abandonne ? QString() : r.Mots;
+  NoteAttente();
+  if (rapport.Abime) {
+    Contexte_.Journal.Note(QStringLiteral("push %1: damaged, deleted").arg(rapport.Nom));
+    return;
+  }
   const QString suite = pris                ? QStringLiteral("taken")
                         : rapport.Abandonne ? QStringLiteral("given up")
                                             : QStringLiteral("again in %1 s").arg(rapport.ProchainEssaiDans / 1000);
@@ -107,6 +118,18 @@ void ModulePush::PrendRapport(const RapportPush& rapport) {
     Ports_.Etat.Efface();
   else
     Ports_.Etat.Signale(ComposeAvisPush(r, Reglages_.Hote));
+}
+
+// Without an address nothing is waited for: those that lie there go when there is one again.
+void ModulePush::NoteAttente() {
+  QStringList noms;
+  if (EstVoulu()) noms = Sac_.Liste();
+  Finis_.intersect(QSet<QString>(noms.begin(), noms.end()));
+  noms.removeIf([this](const QString& nom) { return Finis_.contains(nom); });
+  const QString depuis = noms.isEmpty() ? QString() : EtatModule::EcritInstant(SacPush::FaitA(noms.last()));
+  Contexte_.Etat.NoteChamp(QStringLiteral("push_waiting_since"), depuis);
+  const QString mots = noms.isEmpty() ? QString() : NettoieLigne(MotsServeur_, DonneSecretsPush(Reglages_));
+  Contexte_.Etat.NoteChamp(QStringLiteral("push_server"), mots);
 }
 
 }  // namespace vaktor

@@ -2,6 +2,8 @@
 // The rules of the pushes: when one is made, with which picture, and what the user is told.
 #pragma once
 
+#include <QSet>
+
 #include "modules/common/module_program.h"
 #include "modules/push/push_thread.h"
 
@@ -39,6 +41,8 @@ class ModulePush : public Module {
   void NoteIntrusion();
   MessagePush Compose(qint64 maintenant) const;
   void PrendRapport(const RapportPush& rapport);
+  /// Since when one waits, and what the server said, into the status file of the mails, which the main program reads.
+  void NoteAttente();
 
   ContexteModule Contexte_;
   PortsPush Ports_;
@@ -50,6 +54,8 @@ class ModulePush : public Module {
   qint64 DerniereIntrusion_ = 0;  // 0: none so far
   qint64 DernierPush_ = 0;        // of this intrusion
   int Fait_ = 0;
+  QSet<QString> Finis_;               // taken or given up, though the disk may keep their files
+  QString MotsServeur_;               // why the last one waits
   std::unique_ptr<PostePush> Poste_;  // last: its reports come to a whole module
 };
 

@@ -49,6 +49,45 @@ AvisEchec ComposeAvisPush(const ResultatPush& resultat, const QString& hote) {
           PhraseDite::Compose([&](Langue langue) { return ligne->Mots.Dit(langue, hote); })};
 }
 
+QString TexteEssaiPush(Langue langue, const QTime& heure) {
+  return Phrase{"Ceci est un essai de Vaktor, pas une alarme (%1).", "This is a test of Vaktor, not an alarm (%1)."}
+      .Dit(langue, heure.toString(QStringLiteral("HH:mm:ss")));
+}
+
+QString DitSansPush(Langue langue) {
+  return Phrase{"Indiquez d'abord l'adresse du push.", "First enter the address of the push."}.Dit(langue);
+}
+
+QString DitFinEssaiPush(Langue langue, const ResultatPush& resultat, const ReglagesPush& reglages, bool sansImage) {
+  const QString& hote = reglages.Hote;
+  switch (resultat.Issue) {
+    case IssuePush::kPris: {
+      const Phrase pris = sansImage ? Phrase{"Le serveur %1 n'a pris que le texte : la photo est trop grande pour lui.",
+                                             "The server %1 took the words alone: the photo is too large for it."}
+                                    : Phrase{"Le serveur %1 a pris le push : voyez s'il est arrivé.",
+                                             "The server %1 took the push: see whether it has arrived."};
+      const Phrase chiffre =
+          reglages.Adresse.startsWith("https:")
+              ? Phrase{" La connexion était chiffrée.", " The connection was encrypted."}
+              : Phrase{" La connexion n'était pas chiffrée : prenez une adresse https si le serveur en a une.",
+                       " The connection was not encrypted: take an https address if the server has one."};
+      return pris.Dit(langue, hote) + chiffre.Dit(langue);
+    }
+    case IssuePush::kPanne:
+      return Phrase{"Le serveur de push %1 ne répond pas ou ne prend rien : vérifiez l'adresse, et essayez plus tard.",
+                    "The push server %1 does not answer or takes nothing: check the address, and try later."}
+          .Dit(langue, hote);
+    case IssuePush::kRefuse:
+    case IssuePush::kTropGrand:
+      return Phrase{
+          "Le serveur de push %1 n'a pas voulu du push : lisez sa réponse, et corrigez l'adresse ou l'en-tête.",
+          "The push server %1 did not want the push: read its answer, and correct the address or the header."}
+          .Dit(langue, hote);
+    default:
+      return ComposeAvisPush(resultat, hote).Mots.Dit(langue);
+  }
+}
+
 AvisEchec ComposeAvisManque(ManquePush manque) {
   if (manque == ManquePush::kAdresse) {
     return {QStringLiteral("push-address"), QString(),

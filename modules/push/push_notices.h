@@ -13,6 +13,12 @@ namespace vaktor {
 QString TextePush(Langue langue, const QTime& heure);
 AvisEchec ComposeAvisPush(const ResultatPush& resultat, const QString& hote);
 AvisEchec ComposeAvisManque(ManquePush manque);
+/// How a rehearsal ended: one sentence. `reglages`: those that were tried; `sansImage`: only the words were taken.
+QString DitFinEssaiPush(Langue langue, const ResultatPush& resultat, const ReglagesPush& reglages, bool sansImage);
+/// No address was given at all.
+QString DitSansPush(Langue langue);
+/// Title of what a rehearsal sends is the user's; this is its text.
+QString TexteEssaiPush(Langue langue, const QTime& heure);
 /// `mots`: the system's.
 AvisEchec ComposeAvisSac(const QString& dossier, const QString& mots);
 

@@ -23,6 +23,7 @@ qint64 FacteurPush::Tour() {
     if (!message) {
       Sac_.Retire(nom);
       Partis_.insert(nom);
+      Rapporte_({nom, {}, true, 0, true});
       continue;
     }
     if (!Essayes_.contains(nom)) Essayes_.append(nom);

@@ -15,6 +15,7 @@ struct RapportPush {
   ResultatPush Resultat;
   bool Abandonne = false;        ///< it is gone and was not taken
   qint64 ProchainEssaiDans = 0;  ///< milliseconds; 0 when none follows
+  bool Abime = false;            ///< it is gone: it was no push
 };
 
 /// The newest first: it is what counts now. All go to one server, so that what fails for the server's sake holds up all

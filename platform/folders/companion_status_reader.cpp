@@ -22,22 +22,28 @@ std::optional<qint64> LitAge(const QJsonObject& objet, const char* champ, qint64
 }
 
 EtatCompagnon LitEtat(const QString& dossier, Compagnon qui, qint64 maintenant) {
-  EtatCompagnon etat;
   QByteArray octets;
   const QString fichier = dossier + u'/' + DonneIdentite(qui).Programme + QStringLiteral(".json");
-  if (LitFichierBorne(fichier, kOctetsMax, octets) != 0) return etat;
+  if (LitFichierBorne(fichier, kOctetsMax, octets) != 0) return {};
+  return ComprendEtat(octets, maintenant);
+}
+
+}  // namespace
+
+EtatCompagnon ComprendEtat(const QByteArray& octets, qint64 maintenant) {
+  EtatCompagnon etat;
   const QJsonObject objet = QJsonDocument::fromJson(octets).object();
   etat.Poignee = std::max(0, objet.value(QStringLiteral("handle")).toInt());
   etat.Attente = LitAge(objet, "waiting_since", maintenant);
   etat.Publie = LitAge(objet, "live_published", maintenant);
   etat.Battement = objet.value(QStringLiteral("alive")).toString();
+  etat.AttentePush = LitAge(objet, "push_waiting_since", maintenant);
+  etat.MotsPush = objet.value(QStringLiteral("push_server")).toString().simplified().left(kMotsMax);
   etat.Accepte = objet.value(QStringLiteral("accepted")).toString();
   if (objet.value(QStringLiteral("state")).toString() == QLatin1String("failure"))
     etat.MotsServeur = objet.value(QStringLiteral("server")).toString().simplified().left(kMotsMax);
   return etat;
 }
-
-}  // namespace
 
 LecteurEtatsFichiers::LecteurEtatsFichiers(QString dossier, Maintenant maintenant, Question::Montre montre)
     : Dossier_(std::move(dossier)), Maintenant_(std::move(maintenant)), Question_(std::move(montre)) {}

@@ -11,6 +11,9 @@
 
 namespace vaktor {
 
+/// What the bytes of one file say; `maintenant`: milliseconds since 1970. What is damaged says nothing.
+EtatCompagnon ComprendEtat(const QByteArray& octets, qint64 maintenant);
+
 /// Reads on a thread of its own, regular files of 64 KB at the most. A file that is damaged, half or absent gives
 /// nothing; the next reading may. User-interface thread, with a QCoreApplication.
 class LecteurEtatsFichiers : public LecteurEtats {

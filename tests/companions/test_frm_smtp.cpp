@@ -180,13 +180,13 @@ TEST_F(FormeSmtp, TheTabKeyWalksEverythingTopToBottom) {
   Ouvre();
   Trouve("ChkMailWinsock")->setFocus();
   QStringList chemin;
-  for (int i = 0; i < 15; ++i) {
+  for (int i = 0; i < 16; ++i) {
     chemin.append(QApplication::focusWidget()->objectName());
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(chemin, (QStringList{"ChkMailWinsock", "CmbComptes", "TxtFrom", "TxtSMTP", "TextPort", "CheckNeedLoginSMTP",
                                  "TxtSMTPuser", "TxtSMTPpass", "TxtSMTPjeton", "CheckSansChiffrement", "CmbSigneDeVie",
-                                 "TxtPush", "TxtPushEntete", "CmdEssai", "TxtEssai"}));
+                                 "TxtPush", "CmdEssaiPush", "TxtPushEntete", "CmdEssai", "TxtEssai"}));
   EXPECT_EQ(QApplication::focusWidget()->objectName(), "ChkMailWinsock");
 }
 

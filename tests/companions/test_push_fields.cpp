@@ -1,6 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The fields of the push in the form of the mail settings.
+#include <QJsonDocument>
+#include <QJsonObject>
+
 #include "companions/push_words.h"
+#include "companions/rehearsal_words.h"
 #include "smtp_bench.h"
 
 namespace vaktor::essai {
@@ -34,6 +38,49 @@ TEST_F(BancSmtp, WhatCannotBeAPushIsRed) {
   EXPECT_EQ(couleur("TxtPushEntete"), QColor(Qt::red));
   Tape("TxtPushEntete", "");
   EXPECT_EQ(couleur("TxtPushEntete"), QColor(Qt::black));
+}
+
+TEST_F(BancSmtp, ThePushIsTriedWithWhatStandsInItsFields) {
+  Ouvre();
+  Tape("TxtPush", "https://b.org/c");
+  Tape("TxtPushEntete", "X-Key: three");
+  EXPECT_EQ(Trouve<QPushButton>("CmdEssaiPush")->text(), "Try");
+  EXPECT_EQ(Trouve("CmdEssaiPush")->accessibleName(), "Try the push");
+  EXPECT_FALSE(Trouve("CmdEssaiPush")->toolTip().isEmpty());
+  Clique("CmdEssaiPush");
+  const QJsonObject d = QJsonDocument::fromJson(Essai.Demande).object();
+  EXPECT_EQ(d["pushadresse"], "https://b.org/c");
+  EXPECT_EQ(d["pushentete"], "X-Key: three");
+  EXPECT_EQ(d["sujet"], "[Test] Intrusion");
+  EXPECT_EQ(d["langue"], 1);
+  EXPECT_FALSE(d.contains("destination"));
+  EXPECT_EQ(Sauvegarde.Sauvegardes, 0);
+  Essai.Dit("POST: HTTP 200");
+  EXPECT_EQ(Trouve<QPlainTextEdit>("TxtEssai")->toPlainText(), "Upload - POST: HTTP 200");
+  EXPECT_EQ(Trouve<QPushButton>("CmdEssai")->text(), "Cancel");
+  Essai.Finit(FinEssai::kSansFin);
+  const auto phrase = [this] { return Trouve<QLabel>("LblEssai")->text(); };
+  EXPECT_EQ(phrase(), DonneMotsEssaiPush(Langue::kAnglais).SansFin);
+  Reglages.LangueCourante = 0;
+  Textes.Remplit(Langue::kFrancais);
+  Forme->EcritMots();
+  EXPECT_EQ(phrase(), DonneMotsEssaiPush(Langue::kFrancais).SansFin);
+  EXPECT_EQ(Trouve<QPushButton>("CmdEssaiPush")->text(), "Essayer");
+}
+
+TEST_F(BancSmtp, ATrialOfThePushTakesThePlaceOfOneOfTheMailAndTheOtherWayRound) {
+  Ouvre();
+  Clique("CmdEssai");
+  Trouve("CmdEssaiPush")->setFocus();
+  QTest::keyClick(Trouve("CmdEssaiPush"), Qt::Key_Return);
+  EXPECT_EQ(Essai.Lances, 2);
+  EXPECT_TRUE(Essai.Demande.contains("pushadresse"));
+  Essai.Finit(FinEssai::kImpossible);
+  Clique("CmdEssai");
+  EXPECT_EQ(Essai.Lances, 3);
+  EXPECT_TRUE(Essai.Demande.contains("destination"));
+  Essai.Finit(FinEssai::kSansFin);
+  EXPECT_EQ(Trouve<QLabel>("LblEssai")->text(), DonneMotsEssaiMail(Langue::kAnglais).SansFin);
 }
 
 TEST_F(BancSmtp, WhoWantsPushesAloneIsAskedForNoMailServer) {

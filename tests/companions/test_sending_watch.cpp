@@ -32,7 +32,8 @@ struct Suivi : testing::Test {
   void Avance(qint64 duree) {
     for (qint64 t = 0; t < duree; t += 1000) {
       Temps.Avance(1000);
-      for (std::optional<qint64>* age : {&Lecteur.Etats.Mail.Attente, &Lecteur.Etats.Ftp.Publie})
+      for (std::optional<qint64>* age :
+           {&Lecteur.Etats.Mail.Attente, &Lecteur.Etats.Mail.AttentePush, &Lecteur.Etats.Ftp.Publie})
         if (*age) *age = **age + 1000;
     }
   }
@@ -58,6 +59,28 @@ TEST_F(Suivi, MailsThatWaitForFiveMinutesAreReportedInTheServersWords) {
   Lecteur.Etats.Mail.Attente.reset();
   Avance(SuiviEnvois::kRegard);
   EXPECT_FALSE(Attendent());
+}
+
+TEST_F(Suivi, PushesThatWaitForFiveMinutesAreReportedUntilTheyLeave) {
+  const auto attendent = [this] { return Sante.Dure(Condition::kPushEnAttente); };
+  AllumeMail();
+  Lecteur.Etats.Mail.AttentePush = 0;
+  Lecteur.Etats.Mail.MotsPush = "HTTP 503: later";
+  Avance(5 * kMinute);
+  EXPECT_FALSE(attendent());
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(attendent());
+  EXPECT_EQ(Sante.Details[Condition::kPushEnAttente], "HTTP 503: later");
+  EXPECT_FALSE(Attendent()) << "the mails have left";
+  Lecteur.Etats.Mail.AttentePush.reset();
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(attendent());
+  Lecteur.Etats.Mail.AttentePush = 60 * kMinute;
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(attendent());
+  Reglages.MailActif = false;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(attendent()) << "nobody wants any";
 }
 
 TEST_F(Suivi, OneThatWaitsSinceYesterdayIsReportedAtTheFirstLook) {

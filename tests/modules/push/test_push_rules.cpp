@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The pushes in virtual time: what is made, what goes first, what is told.
 #include <QDir>
+#include <QJsonDocument>
+#include <QJsonObject>
 
 #include "modules/module_bench.h"
 #include "modules/push/mail_and_push.h"
@@ -161,6 +163,9 @@ TEST_F(FileDePush, WhatIsNoPushIsPassedOver) {
   ASSERT_TRUE(EcritOctets(Dossier.filePath("push/999999999999999-x.push"), "rubbish"));
   EXPECT_EQ(Tourne(), "a");
   EXPECT_TRUE(Sac.Liste().isEmpty());
+  ASSERT_EQ(Rapports.size(), 2);
+  EXPECT_TRUE(Rapports[0].Abime && Rapports[0].Abandonne) << "and told, so that nobody waits for it";
+  EXPECT_FALSE(Rapports[1].Abime);
 }
 
 TEST_F(FileDePush, APictureThatIsNotWholeIsLeftOut) {
@@ -413,6 +418,40 @@ TEST_F(Push, WhatIsWrongStandsUntilSomethingIsChanged) {
   Reglages.Valeurs.PushEntete = "X-Key: another";
   Module->PrendReglages(Reglages);
   EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("\"ok\""));
+}
+
+TEST_F(Push, TellsSinceWhenOneWaitsInWordsThatLetNobodyIn) {
+  const auto champ = [this](const char* nom) {
+    return QJsonDocument::fromJson(LitOctets(Etat.Chemin())).object().value(QLatin1String(nom)).toString();
+  };
+  Bouge(1);
+  const QString premier = EtatModule::EcritInstant(Debut + Horloge.Millisecondes - 1000);
+  EXPECT_EQ(champ("push_waiting_since"), premier);
+  Rapporte({Sac.Liste()[0], {IssuePush::kAcces, 401, "HTTP 401: no secret-topic for you"}, false, 10'000});
+  EXPECT_EQ(champ("push_server"), "HTTP 401: no *** for you");
+  Bouge(61);
+  ASSERT_EQ(Sac.Liste().size(), 2);
+  EXPECT_EQ(champ("push_waiting_since"), premier) << "the oldest";
+  const QStringList noms = Sac.Liste();
+  Rapporte({noms[1], {IssuePush::kPris, 200, "HTTP 200"}, false, 0});
+  Temps.Avance(EtatModule::kRythme);
+  Module->PrendReglages(Reglages);
+  EXPECT_NE(champ("push_waiting_since"), premier) << "taken, though its file is still there";
+  EXPECT_EQ(champ("push_server"), "");
+  Sac.Retire(noms[0]);
+  Rapporte({noms[0], {}, true, 0, true});
+  EXPECT_EQ(champ("push_waiting_since"), "");
+}
+
+TEST_F(Push, WithoutAnAddressNothingIsWaitedFor) {
+  Bouge(1);
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("push_waiting_since"));
+  Reglages.Valeurs.PushAdresse.clear();
+  Module->PrendReglages(Reglages);
+  EXPECT_FALSE(LitOctets(Etat.Chemin()).contains("push_waiting_since"));
+  Reglages.Valeurs.PushAdresse = "https://push.exemple.fr/";
+  Module->PrendReglages(Reglages);
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("push_waiting_since")) << "found again, as at a start";
 }
 
 TEST_F(Push, TellsOfAnAddressThatIsNoneAndNoMoreOnceItIsPutRight) {

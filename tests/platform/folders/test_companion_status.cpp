@@ -35,6 +35,7 @@ struct EtatsSurDisque : testing::Test {
 
 TEST_F(EtatsSurDisque, TellsWhatTheFilesSay) {
   EcritOctets(Mail(), R"({"handle": 4711, "state": "failure", "server": "451 not\nnow",
+                          "push_waiting_since": "2026-11-15T14:01:00Z", "push_server": "HTTP 503:\nlater",
                           "waiting_since": "2026-11-15T14:00:00Z", "started": "2026-11-15T13:00:00Z"})");
   EcritOctets(Temporaire.filePath("VAKTORftp.json"), R"({"handle": 4712, "state": "ok", "server": "old words",
                           "alive": "2026-11-15T14:04:30Z", "live_since": "2026-11-15T13:00:00Z", "live_published": "2026-11-15T15:05:00+01:00"})");
@@ -42,6 +43,9 @@ TEST_F(EtatsSurDisque, TellsWhatTheFilesSay) {
   EXPECT_EQ(etats.Mail.Poignee, 4711);
   EXPECT_EQ(etats.Mail.Attente, 309'000);
   EXPECT_EQ(etats.Mail.MotsServeur, "451 not now");
+  EXPECT_EQ(etats.Mail.AttentePush, 249'000);
+  EXPECT_EQ(etats.Mail.MotsPush, "HTTP 503: later");
+  EXPECT_FALSE(etats.Ftp.AttentePush);
   EXPECT_FALSE(etats.Mail.Publie);
   EXPECT_EQ(etats.Ftp.Poignee, 4712);
   EXPECT_EQ(etats.Ftp.Publie, 9'000);
