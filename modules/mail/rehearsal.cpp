@@ -18,7 +18,20 @@ namespace {
 // A person waits in front of the screen: less patience than the outbox has.
 constexpr DelaisEnvoi kDelaisEssai{.Connexion = 15'000, .Reponse = 20'000, .FinDonnees = 40'000};
 
-Parametres LitDemande(const QJsonObject& demande) {
+QByteArray ComposeEssai(const ReglagesCourriel& r) {
+  const QString marque = QString::number(QRandomGenerator::system()->generate64(), 36);
+  return ComposeMessage({.Expediteur = r.Adresses.Expediteur,
+                         .Destinataires = r.Adresses.Destinataires,
+                         .Sujet = r.Sujet,
+                         .Corps = r.Corps,
+                         .Date = QDateTime::currentDateTime(),
+                         .Identifiant = QStringLiteral("try-") + marque,
+                         .Pieces = {}});
+}
+
+}  // namespace
+
+Parametres LitDemandeCourriel(const QJsonObject& demande) {
   Parametres p;
   const auto texte = [&](const char* cle, QString& valeur) {
     const QJsonValue v = demande.value(QLatin1String(cle));
@@ -43,26 +56,13 @@ Parametres LitDemande(const QJsonObject& demande) {
   return p;
 }
 
-QByteArray ComposeEssai(const ReglagesCourriel& r) {
-  const QString marque = QString::number(QRandomGenerator::system()->generate64(), 36);
-  return ComposeMessage({.Expediteur = r.Adresses.Expediteur,
-                         .Destinataires = r.Adresses.Destinataires,
-                         .Sujet = r.Sujet,
-                         .Corps = r.Corps,
-                         .Date = QDateTime::currentDateTime(),
-                         .Identifiant = QStringLiteral("try-") + marque,
-                         .Pieces = {}});
-}
-
-}  // namespace
-
 FinRepetition RepeteEnvoi(const QByteArray& demande, const QString& autorites, const EcritureLigne& ecrit) {
   const QJsonDocument document = QJsonDocument::fromJson(demande);
   if (!document.isObject()) {
     ecrit(QStringLiteral("JSON ?"));
     return FinRepetition::kDemandeIllisible;
   }
-  const Parametres valeurs = LitDemande(document.object());
+  const Parametres valeurs = LitDemandeCourriel(document.object());
   ReglagesCourriel reglages = TraduitReglages(valeurs, {}, autorites);
   reglages.Envoi.Delais = kDelaisEssai;
   const QStringList secrets = DonneSecrets(reglages.Envoi);

@@ -3,9 +3,15 @@
 // right before the alarm depends on them.
 #pragma once
 
+#include <QJsonObject>
+
 #include "modules/common/rehearsal_program.h"
+#include "settings/parameters.h"
 
 namespace vaktor {
+
+/// The settings in a request; what is missing is as in a first run.
+Parametres LitDemandeCourriel(const QJsonObject& demande);
 
 /// `demande`: one JSON object with the keys of the store's section MAIL ("destination", "sujet", "corp", "smtpserveur",
 /// "smtpfrom", "smtpport", "smtpuser", "smtpactif", "smtpneedlogin"), "pass" in clear, and "langue". A number may stand
