@@ -55,18 +55,27 @@ depuis() {
   printf '%d.%d' $((ecart / 1000000)) $((ecart / 100000 % 10))
 }
 
+# cree_cle_ecran FILE: the key of a virtual screen, for "Xvfb -auth". Without one every user of this machine could look at
+# what the camera sees there, and type into its windows.
+cree_cle_ecran() {
+  # One entry that fits every address: family, address, number of the screen, name of the protocol, key.
+  (umask 077 && { printf '\377\377\0\0\0\0\0\022MIT-MAGIC-COOKIE-1\0\020' && head -c 16 /dev/urandom; } > "$1")
+}
+
 # Starts a virtual screen under the first number that is free; the server picks it and tells.
 ouvre_ecran() {
   local tuyau numero
   tuyau=$dossier/ecran
   mkfifo "$tuyau" || return 1
+  cree_cle_ecran "$dossier/Xauthority" || return 1
   # In a session of its own: Ctrl-C reaches all of this one, and a screen that goes first takes the program with it before
   # that has told its companions.
-  setsid Xvfb -displayfd 7 -screen 0 1280x1400x24 -nolisten tcp 7> "$tuyau" 2> "$dossier/Xvfb.log" &
+  setsid Xvfb -displayfd 7 -screen 0 1280x1400x24 -nolisten tcp -auth "$dossier/Xauthority" \
+    7> "$tuyau" 2> "$dossier/Xvfb.log" &
   pid_ecran=$!
   read -r -t 20 numero < "$tuyau" || return 1
   rm -f "$tuyau"
-  export DISPLAY=:$numero
+  export DISPLAY=:$numero XAUTHORITY=$dossier/Xauthority
 }
 
 # Starts the mail, FTP and web server and takes their ports over: port_smtp, port_ftp, port_web, user_ftp, pass_ftp.

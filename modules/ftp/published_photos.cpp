@@ -8,7 +8,13 @@
 #include <QSaveFile>
 #include <algorithm>
 
+#include "platform/store/bounded_file.h"
+
 namespace vaktor {
+
+namespace {
+constexpr qint64 kTailleMax = 4LL * 1024 * 1024;  // a thousand names of the longest kind
+}
 
 PhotosPubliees::PhotosPubliees(QString fichier) : Fichier_(std::move(fichier)) { Lit(); }
 
@@ -56,9 +62,9 @@ void PhotosPubliees::NotePage() {
 }
 
 void PhotosPubliees::Lit() {
-  QFile fichier(Fichier_);
-  if (!fichier.open(QIODevice::ReadOnly)) return;
-  const QJsonObject objet = QJsonDocument::fromJson(fichier.readAll()).object();
+  QByteArray octets;
+  if (LitFichierBorne(Fichier_, kTailleMax, octets) != 0) return;
+  const QJsonObject objet = QJsonDocument::fromJson(octets).object();
   Site_ = objet[QLatin1String("site")].toString();
   Page_ = objet[QLatin1String("page")].toBool();
   const QJsonArray photos = objet[QLatin1String("photos")].toArray();

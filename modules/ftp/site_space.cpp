@@ -10,6 +10,7 @@ namespace vaktor {
 namespace {
 
 constexpr qint64 kTailleMax = 64LL * 1024 * 1024;
+constexpr qint64 kPhotoMax = 1LL << 40;  // bytes; more is no photo, and sums of them stay far from their end
 constexpr qsizetype kLignesMortes = 500;
 
 // Names hold no line break: FilePhotos passes over those that do.
@@ -123,7 +124,7 @@ void PlaceSite::LitLigne(const QString& ligne) {
   const qint64 prise = ligne.section(u' ', 1, 1).toLongLong(&date);
   const qint64 octets = ligne.section(u' ', 2, 2).toLongLong(&taille);
   const QString nom = ligne.section(u' ', 3);
-  if (!ligne.startsWith(QLatin1String("+ ")) || !date || !taille || octets < 0 || nom.isEmpty()) return;
+  if (!ligne.startsWith(QLatin1String("+ ")) || !date || !taille || octets < 0 || octets > kPhotoMax || nom.isEmpty()) return;
   Retire(nom);
   Fichiers_.insert({prise, nom}, octets);
   Prises_.insert(nom, prise);
