@@ -63,7 +63,9 @@ void EssaieEtat(const QByteArray& octets) {
   for (const std::optional<qint64>& age : {etat.Attente, etat.Publie, etat.AttentePush}) Exige(!age || *age >= 0);
   Parametres reglages;
   reglages.MailActif = true;
-  EtatLiaison liaison{.HandleFTP = etat.Poignee, .HandleMail = etat.Poignee, .SurveillanceEnCours = true};
+  EtatLiaison liaison;
+  liaison.HandleFTP = liaison.HandleMail = etat.Poignee;
+  liaison.SurveillanceEnCours = true;
   faux::HorlogeVirtuelle horloge;
   faux::TempsVirtuel minuteries{horloge};
   faux::LecteurEtatsFaux lecteur;

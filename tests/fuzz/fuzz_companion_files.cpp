@@ -13,6 +13,7 @@
 
 #include "base/jpeg_end.h"
 #include "fakes/virtual_clock.h"
+#include "modules/common/failure_notice.h"
 #include "modules/ftp/ftp_failure.h"
 #include "modules/ftp/published_photos.h"
 #include "modules/ftp/rehearsal.h"
