@@ -100,7 +100,9 @@ struct SiteReel : Reel, testing::WithParamInterface<const char*> {
         << Programme.readAll().toStdString();
     Etat.SurveillanceEnCours = true;
   }
-  static QString NomPhoto(int i) { return QStringLiteral("2026-11-15  14-05-09 Photo %1.jpg").arg(i, 5, 10, QLatin1Char('0')); }
+  static QString NomPhoto(int i) {
+    return QStringLiteral("2026-11-15  14-05-09 Photo %1.jpg").arg(i, 5, 10, QLatin1Char('0'));
+  }
   /// One photo of each second, the last of them now.
   void PosePhotos() const {
     const QDateTime maintenant = QDateTime::currentDateTime();
