@@ -124,7 +124,8 @@ void PlaceSite::LitLigne(const QString& ligne) {
   const qint64 prise = ligne.section(u' ', 1, 1).toLongLong(&date);
   const qint64 octets = ligne.section(u' ', 2, 2).toLongLong(&taille);
   const QString nom = ligne.section(u' ', 3);
-  if (!ligne.startsWith(QLatin1String("+ ")) || !date || !taille || octets < 0 || octets > kPhotoMax || nom.isEmpty()) return;
+  if (!ligne.startsWith(QLatin1String("+ ")) || !date || !taille || octets < 0 || octets > kPhotoMax || nom.isEmpty())
+    return;
   Retire(nom);
   Fichiers_.insert({prise, nom}, octets);
   Prises_.insert(nom, prise);
