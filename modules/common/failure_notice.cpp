@@ -79,7 +79,7 @@ void EtatModule::Bat(qint64 maintenant) {
 void EtatModule::NoteChamp(const QString& champ, const QString& valeur) {
   const bool avant = Champs_.contains(champ);
   const bool apres = !valeur.isEmpty();
-  if (!avant && !apres) return;
+  if (!avant && !apres && !Retenu_) return;
   const bool pareil = avant && Champs_.value(champ) == valeur;
   if (pareil && !Retenu_) return;
   if (apres)

@@ -94,8 +94,6 @@ class Execution {
                                  [this](Commande commande) { Execute(commande); },
                                  [this](Inscription comment) {
                                    Journal_.Note(NommeInscription(comment));
-                                   // The store could not be read until now, and no command will say so.
-                                   if (!ReglagesDonnes_) DonneReglages();
                                    Module_->Enregistre(comment);
                                  },
                                  [this] { Termine(QStringLiteral("main program gone")); },
@@ -135,11 +133,15 @@ class Execution {
 
   qint32 LitPoignee() {
     const MagasinReglages* magasin = OuvreMagasin();
-    return magasin == nullptr ? 0 : LitHwndvk(*magasin, Identite_.Section);
+    if (magasin == nullptr) return 0;
+    // Asked every two seconds: what could not be read when it was saved is read now. No command comes twice.
+    if (!ReglagesDonnes_ && Module_) DonneReglages();
+    return LitHwndvk(*magasin, Identite_.Section);
   }
 
   void DonneReglages() {
     const MagasinReglages* magasin = OuvreMagasin();
+    ReglagesDonnes_ = false;
     if (magasin == nullptr) return;
     const ReglagesModule reglages = LitReglagesModule(*magasin, Dossiers_.Programme.PhotosParDefaut());
     for (const QString& secret : {reglages.Valeurs.SmtpPass, reglages.Valeurs.MotDePasseFtp}) {

@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/mail/mail_fate.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <algorithm>
+#include <cerrno>
 #include <utility>
 
 #include "modules/mail/durable_file.h"
+#include "platform/store/bounded_file.h"
 
 namespace vaktor {
 namespace {
@@ -59,15 +60,16 @@ SortCourriel RecommenceSort(const QStringList& destinataires, SortCourriel sort,
   return sort;
 }
 
-SortCourriel LitSort(const QString& chemin) {
-  QFile f(chemin);
-  if (!f.open(QIODevice::ReadOnly)) return {};
-  const QJsonObject note = QJsonDocument::fromJson(f.read(kOctetsMax)).object();
-  return {.Servis = LitListe(note.value(kServis)),
-          .Refuses = LitListe(note.value(kRefuses)),
-          .Ajoutes = LitListe(note.value(kAjoutes)),
-          .Allege = note.value(kAllege).toBool(),
-          .RefuseA = note.value(kRefuseA).toInteger()};
+std::optional<SortCourriel> LitSort(const QString& chemin) {
+  QByteArray octets;
+  const int erreur = LitFichierBorne(chemin, kOctetsMax, octets);
+  if (erreur != 0 && erreur != ENOENT && !EstFauteDuFichier(erreur)) return std::nullopt;
+  const QJsonObject note = QJsonDocument::fromJson(octets).object();
+  return SortCourriel{.Servis = LitListe(note.value(kServis)),
+                      .Refuses = LitListe(note.value(kRefuses)),
+                      .Ajoutes = LitListe(note.value(kAjoutes)),
+                      .Allege = note.value(kAllege).toBool(),
+                      .RefuseA = note.value(kRefuseA).toInteger()};
 }
 
 int EcritSort(const QString& chemin, const SortCourriel& sort) {

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <optional>
 
 namespace vaktor {
 
@@ -27,8 +28,9 @@ bool EstSolde(const QStringList& destinataires, const SortCourriel& sort);
 /// another address into the settings meanwhile; then the mail goes there instead. Without `adresses` it only goes on.
 SortCourriel RecommenceSort(const QStringList& destinataires, SortCourriel sort, const QStringList& adresses);
 
-/// An empty one where there is no such file, and for a damaged one: all are asked again then.
-SortCourriel LitSort(const QString& chemin);
+/// An empty one where there is no such file, and for a damaged one: all are asked again then. Nothing for one that
+/// cannot be read at this moment.
+std::optional<SortCourriel> LitSort(const QString& chemin);
 /// Gives the system's error number, 0 when it is on the disk.
 int EcritSort(const QString& chemin, const SortCourriel& sort);
 

@@ -179,6 +179,7 @@ void ModuleMail::PrendVeille() {
   const PriseVeille prise = Veille_.Prend(Reglages_, Ports_.Maintenant());
   if (prise.Illisible) Contexte_.Etat.Signale(ComposeAvisVeille(Ports_.DossierVeille));
   if (prise.SansAdresse) Signale({.Cause = CauseEchec::kIncomplet});
+  if (prise.Abandonne) Signale({.Definitif = true, .Cause = CauseEchec::kAbandonne});
   if (prise.Erreur != 0) SignaleDisque(prise.Erreur);
   for (const auto& [courriel, message] : prise.DeMemoire) Confie(courriel, message);
   if (prise.Pris > 0) Poste_->Reveille();
@@ -195,8 +196,12 @@ void ModuleMail::RegardeAttente() {
 }
 
 void ModuleMail::SuitAttente() {
+  std::optional<qint64> courriel;
+  std::optional<qint64> message;
+  // Folders that cannot be listed at this moment are not empty: what is known of them stands.
+  if (Sac_.LitPlusAncien(courriel) != 0 || Veille_.LitPlusAncien(message) != 0) return;
   std::optional<qint64> plusAncien;
-  for (const std::optional<qint64>& depuis : {Sac_.PlusAncien(), Retard_.PlusAncien(), Veille_.PlusAncien()})
+  for (const std::optional<qint64>& depuis : {courriel, message, Retard_.PlusAncien()})
     if (depuis) plusAncien = std::min(*depuis, plusAncien.value_or(*depuis));
   for (const qint64 depuis : EnMemoire_) plusAncien = std::min(depuis, plusAncien.value_or(depuis));
   // A mail that is refused for good waits for other settings. It counts until another one is taken: then it was this
@@ -218,8 +223,11 @@ void ModuleMail::PrendRapport(const RapportEnvoi& rapport) {
     Signale(r);
   if (r.Accepte) Refuse_ = 0;
   if (r.Accepte && EnMemoire_.remove(rapport.Nom) > 0) Veille_.NoteParti(rapport.Nom);
+  if (r.Cause == CauseEchec::kAbandonne) EnMemoire_.remove(rapport.Nom);
   if (r.Accepte) Contexte_.Etat.NoteChamp(QStringLiteral("accepted"), EtatModule::EcritInstant(Ports_.Maintenant()));
-  if (r.Definitif && r.Cause != CauseEchec::kAbandonne && Refuse_ == 0) Refuse_ = Ports_.Maintenant();
+  // Given up, or damaged and put aside, it waits for nothing any more.
+  const bool attend = r.Cause != CauseEchec::kAbandonne && r.Cause != CauseEchec::kFichier;
+  if (r.Definitif && attend && Refuse_ == 0) Refuse_ = Ports_.Maintenant();
   SuitAttente();
 }
 
@@ -235,6 +243,11 @@ void ModuleMail::SignaleDisque(int erreur) {
   Contexte_.Etat.Signale(ComposeAvisDisque(Ports_.DossierSac, mots));
 }
 
+void ModuleMail::SignalePerte(const QString& nom) {
+  Contexte_.Journal.Note(QStringLiteral("mail %1 is in memory alone, and ends with this program").arg(nom));
+  Contexte_.Etat.Signale(ComposeAvisDisque(Ports_.DossierSac, {}));
+}
+
 void ModuleMail::Termine() {
   EnFin_ = true;
   TimerVeille_->Desactive();
@@ -243,6 +256,10 @@ void ModuleMail::Termine() {
     PublieCourriel();
     AcheveSerie();
   }
+  // Those of the watch have their message still; the others go with us, unless a server takes them at the last moment.
+  const QStringList enMemoire = EnMemoire_.keys();
+  for (const QString& nom : enMemoire)
+    if (!Veille_.Tient(nom)) SignalePerte(nom);
   TimerPause_->Active();  // no further mail
   TimerFin_->Active();
   Poste_->Arrete([this] { Contexte_.Quitte(); });

@@ -68,6 +68,7 @@ class ModuleMail : public Module {
   void PrendRapport(const RapportEnvoi& rapport);
   void Signale(const ResultatEnvoi& resultat);
   void SignaleDisque(int erreur);
+  void SignalePerte(const QString& nom);
 
   ContexteModule Contexte_;
   PortsMail Ports_;

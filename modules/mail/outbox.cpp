@@ -10,11 +10,13 @@
 #include <QJsonObject>
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <optional>
 
 #include "modules/mail/disk_reserve.h"
 #include "modules/mail/durable_file.h"
+#include "platform/base/folder_listing.h"
 #include "platform/store/private_file.h"
 
 namespace vaktor {
@@ -54,11 +56,14 @@ bool LitTete(const QByteArray& ligne, CourrielEnAttente& c, bool recette = false
   return c.FaitA >= 0 && !c.Destinataires.isEmpty() && tete.value(kRecette).toBool() == recette;
 }
 
-QStringList ListeNoms(const QString& dossier, const char* fin, const QString& saufMarque = {}) {
-  QStringList noms = QDir(dossier).entryList({u'*' + QLatin1String(fin)}, QDir::Files, QDir::Name);
-  for (QString& nom : noms) nom.chop(static_cast<qsizetype>(qstrlen(fin)));
-  if (!saufMarque.isEmpty()) noms.removeIf([&saufMarque](const QString& nom) { return nom.contains(saufMarque); });
-  return noms;
+/// A folder that is not there is an empty one; one that cannot be listed at this moment is not.
+DossierListe ListeNoms(const QString& dossier, const char* fin, const QString& saufMarque = {}) {
+  static const std::atomic<bool> jamais = false;
+  DossierListe lu = ListeDossier(QFile::encodeName(dossier), u'*' + QLatin1String(fin), jamais);
+  if (lu.Erreur == ENOENT || lu.Erreur == ENOTDIR) lu.Erreur = 0;
+  for (QString& nom : lu.Noms) nom.chop(static_cast<qsizetype>(qstrlen(fin)));
+  if (!saufMarque.isEmpty()) lu.Noms.removeIf([&saufMarque](const QString& nom) { return nom.contains(saufMarque); });
+  return lu;
 }
 
 }  // namespace
@@ -69,14 +74,14 @@ SacPostal::SacPostal(const QString& dossier) : Dossier_(dossier) {
 }
 
 QStringList SacPostal::DonneBrouillons(const QString& saufMarque) const {
-  return ListeNoms(Dossier_, kBrouillon, saufMarque);
+  return ListeNoms(Dossier_, kBrouillon, saufMarque).Noms;
 }
 
 void SacPostal::RetireRestes(const QString& saufMarque) {
   for (const char* fin : {kEnvoye, kPartiel})
-    for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque)) QFile::remove(Chemin(nom, fin));
+    for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque).Noms) QFile::remove(Chemin(nom, fin));
   for (const char* fin : {kEssais, kSort})
-    for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque))
+    for (const QString& nom : ListeNoms(Dossier_, fin, saufMarque).Noms)
       if (!QFile::exists(Chemin(nom, kCourriel)) && !QFile::exists(Chemin(nom, kRefuse)))
         QFile::remove(Chemin(nom, fin));
 }
@@ -115,20 +120,24 @@ std::optional<CourrielEnAttente> SacPostal::LitCourriel(const QString& nom, cons
   c.Nom = nom;
   QFile f(Chemin(nom, fin));
   if (!f.open(QIODevice::ReadOnly)) return c;  // without an address: it may be readable next time
-  if (!LitTete(f.readLine(kTeteMax), c)) return std::nullopt;
+  const bool entier = LitTete(f.readLine(kTeteMax), c);
+  const std::optional<SortCourriel> sort = LitSort(Chemin(nom, kSort));
+  if (f.error() != QFileDevice::NoError || !sort) {
+    c.Destinataires.clear();
+    return c;
+  }
+  if (!entier) return std::nullopt;
   LitEssais(c);
-  c.Sort = LitSort(Chemin(nom, kSort));
+  c.Sort = *sort;
   return c;
 }
 
-QList<CourrielEnAttente> SacPostal::Liste() {
+QList<CourrielEnAttente> SacPostal::Liste(QStringList* mauvais) const {
   QList<CourrielEnAttente> liste;
-  for (const QString& nom : ListeNoms(Dossier_, kCourriel)) {
+  for (const QString& nom : ListeNoms(Dossier_, kCourriel).Noms) {
     const std::optional<CourrielEnAttente> c = LitCourriel(nom, kCourriel);
-    if (!c)
-      RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kMauvais));
-    else if (!c->Destinataires.isEmpty())
-      liste.append(*c);
+    if (c && !c->Destinataires.isEmpty()) liste.append(*c);
+    if (!c && mauvais != nullptr && RenommeDurable(Chemin(nom, kCourriel), Chemin(nom, kMauvais))) mauvais->append(nom);
   }
   return liste;
 }
@@ -142,27 +151,39 @@ void SacPostal::LitEssais(CourrielEnAttente& courriel) const {
   courriel.ProchainEssai = note.value(QStringLiteral("next")).toInteger(0);
 }
 
-QStringList SacPostal::DonneNoms() const {
+std::optional<QStringList> SacPostal::DonneNoms() const {
   QStringList noms;
-  for (const char* fin : {kBrouillon, kCourriel, kEnvoye, kRefuse, kMauvais}) noms += ListeNoms(Dossier_, fin);
+  for (const char* fin : {kBrouillon, kCourriel, kEnvoye, kRefuse, kMauvais}) {
+    const DossierListe lu = ListeNoms(Dossier_, fin);
+    if (lu.Erreur != 0) return std::nullopt;
+    noms += lu.Noms;
+  }
   return noms;
 }
 
-std::optional<qint64> SacPostal::PlusAncien() const {
-  // Names sort by time. What cannot be read is somebody else's to tell.
-  for (const QString& nom : ListeNoms(Dossier_, kCourriel)) {
+int SacPostal::LitPlusAncien(std::optional<qint64>& faitA) const {
+  faitA.reset();
+  const DossierListe lu = ListeNoms(Dossier_, kCourriel);
+  // Names sort by time. What is damaged is the postman's to tell; what only cannot be read waits like any other.
+  for (const QString& nom : lu.Noms) {
     CourrielEnAttente c;
     QFile f(Chemin(nom, kCourriel));
-    if (f.open(QIODevice::ReadOnly) && LitTete(f.readLine(kTeteMax), c)) return c.FaitA;
+    if (f.open(QIODevice::ReadOnly) && LitTete(f.readLine(kTeteMax), c))
+      faitA = c.FaitA;
+    else if (f.error() != QFileDevice::NoError && f.exists())
+      faitA = QFileInfo(f).lastModified().toMSecsSinceEpoch();
+    if (faitA) return 0;
   }
-  return std::nullopt;
+  return lu.Erreur;
 }
 
 QByteArray SacPostal::LitMessage(const QString& nom) const {
   QFile f(Chemin(nom, kCourriel));
   if (!f.open(QIODevice::ReadOnly)) return {};
-  f.readLine(kTeteMax);
-  return f.readAll();
+  const qint64 tete = f.readLine(kTeteMax).size();
+  const QByteArray message = f.readAll();
+  // An error on the way gives what came before it: half a mail is none.
+  return tete + message.size() == f.size() ? message : QByteArray();
 }
 
 qint64 SacPostal::DonneOctets() const {
@@ -204,20 +225,22 @@ void SacPostal::RemetRefuse(const QString& nom, const QStringList& adresses) {
 }
 
 void SacPostal::RemetTout(const QStringList& adresses) {
-  for (const QString& nom : ListeNoms(Dossier_, kRefuse)) RemetRefuse(nom, adresses);
-  for (const QString& nom : ListeNoms(Dossier_, kEssais)) QFile::remove(Chemin(nom, kEssais));
+  for (const QString& nom : ListeNoms(Dossier_, kRefuse).Noms) RemetRefuse(nom, adresses);
+  for (const QString& nom : ListeNoms(Dossier_, kEssais).Noms) QFile::remove(Chemin(nom, kEssais));
 }
 
 void SacPostal::RemetLesAnciens(qint64 maintenant, const QSet<QString>& sauf) {
-  for (const QString& nom : ListeNoms(Dossier_, kRefuse)) {
-    const qint64 depuis = maintenant - LitSort(Chemin(nom, kSort)).RefuseA;
+  for (const QString& nom : ListeNoms(Dossier_, kRefuse).Noms) {
+    const std::optional<SortCourriel> sort = LitSort(Chemin(nom, kSort));
+    const qint64 depuis = sort ? maintenant - sort->RefuseA : 0;
     if (!sauf.contains(nom) && (depuis < 0 || depuis >= kRepriseRefuseMs)) RemetRefuse(nom, {});
   }
 }
 
 QString SacPostal::DonneRang(qint64 faitA) const {
   qint64 rang = faitA;
-  for (const QString& nom : DonneNoms()) {
+  const QStringList noms = DonneNoms().value_or(QStringList());
+  for (const QString& nom : noms) {
     // Others, of a person or of a test, sort as they please.
     const QDateTime moment(QDate::fromString(nom.left(8), QStringLiteral("yyyyMMdd")),
                            QTime::fromString(nom.mid(8, 9), QStringLiteral("HHmmsszzz")), Qt::UTC);
@@ -228,13 +251,16 @@ QString SacPostal::DonneRang(qint64 faitA) const {
 
 QStringList SacPostal::Elague(qint64 maintenant, const QSet<QString>& essayes) {
   QStringList abandonnes;
-  for (const char* fin : {kRefuse, kMauvais})
-    for (const QFileInfo& f : QDir(Dossier_).entryInfoList({u'*' + QLatin1String(fin)}, QDir::Files)) {
-      const bool essaye = fin == kMauvais || essayes.contains(f.completeBaseName());
-      if (!essaye || maintenant - f.lastModified().toMSecsSinceEpoch() <= kAgeMaxMs) continue;
-      QFile::remove(f.filePath());
-      QFile::remove(Chemin(f.completeBaseName(), kSort));
-    }
+  for (const QString& nom : ListeNoms(Dossier_, kRefuse).Noms) {
+    const qint64 refuseA = QFileInfo(Chemin(nom, kRefuse)).lastModified().toMSecsSinceEpoch();
+    if (!essayes.contains(nom) || maintenant - refuseA <= kAgeMaxMs) continue;
+    for (const char* fin : {kRefuse, kSort}) QFile::remove(Chemin(nom, fin));
+    abandonnes.append(nom);
+  }
+  // Nobody has tried these, so no clock may take them away: they go by their number. Each was told when it was found.
+  const QStringList mauvais = ListeNoms(Dossier_, kMauvais).Noms;
+  for (qsizetype i = 0; i < mauvais.size() - kMauvaisMax; ++i)
+    for (const char* fin : {kMauvais, kSort}) QFile::remove(Chemin(mauvais.at(i), fin));
   const QList<CourrielEnAttente> liste = Liste();
   qsizetype reste = liste.size();
   for (const CourrielEnAttente& c : liste) {

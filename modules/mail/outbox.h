@@ -44,6 +44,7 @@ struct CourrielEnAttente {
 class SacPostal {
  public:
   static constexpr int kCourrielsMax = 2000;
+  static constexpr int kMauvaisMax = 20;                      ///< damaged ones that are kept, the newest
   static constexpr qint64 kOctetsMax = 1024LL * 1024 * 1024;  ///< beyond it new mails are made without photos
   static constexpr qint64 kAgeMaxMs = 7LL * 24 * 3600 * 1000;
   static constexpr qint64 kRepriseRefuseMs = 6LL * 3600 * 1000;  ///< after which a refused mail is tried again
@@ -68,12 +69,15 @@ class SacPostal {
   /// From now on the draft may be sent. False, with errno, when the system refuses.
   bool Publie(const QString& nom);
 
-  /// All mails to be sent, oldest first. What is damaged becomes NAME.bad, never sent and never fatal.
-  QList<CourrielEnAttente> Liste();
-  /// Names of all mails, in whichever state.
-  QStringList DonneNoms() const;
-  /// When the oldest mail that is to be sent was made, milliseconds since 1970.
-  std::optional<qint64> PlusAncien() const;
+  /// All mails to be sent, oldest first, but for those that cannot be read at this moment. What is damaged is passed
+  /// over, and where `mauvais` is given becomes NAME.bad: then its names are those.
+  QList<CourrielEnAttente> Liste(QStringList* mauvais = nullptr) const;
+  /// Names of all mails, in whichever state. Nothing when the folder cannot be listed at this moment.
+  std::optional<QStringList> DonneNoms() const;
+  /// When the oldest mail that is to be sent was made, milliseconds since 1970; of one that cannot be read at this
+  /// moment, when its file was written. Gives the system's error number when the folder could not be listed.
+  int LitPlusAncien(std::optional<qint64>& faitA) const;
+  /// Empty when it cannot be read whole.
   QByteArray LitMessage(const QString& nom) const;
   qint64 DonneOctets() const;  ///< all files together
 
@@ -91,8 +95,8 @@ class SacPostal {
   /// Puts back what was refused kRepriseRefuseMs ago or more, and what a clock that was set back would keep for ever,
   /// but for `sauf`.
   void RemetLesAnciens(qint64 maintenant, const QSet<QString>& sauf);
-  /// Gives up what is too old or too much, the oldest first; the names given up. Too old is only what is among
-  /// `essayes`, the mails that were tried in this run: by a clock that was set forward all of them are.
+  /// Gives up what is too old or too much, the oldest first, refused ones too; the names given up. Too old is only what
+  /// is among `essayes`, the mails that were tried in this run: by a clock that was set forward all of them are.
   QStringList Elague(qint64 maintenant, const QSet<QString>& essayes);
   /// How the name of a mail made at `faitA` (milliseconds since 1970) begins so that it sorts by the time: behind all
   /// that are in the box, also when the clock was set back since they were made.

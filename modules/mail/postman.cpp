@@ -61,7 +61,14 @@ void Facteur::Recommence(const QStringList& adresses) {
 void Facteur::Confie(const CourrielEnAttente& courriel, const QByteArray& message) {
   if (Partis_.contains(courriel.Nom)) return;
   Memoire_.insert(courriel.Nom, {courriel, message});
-  while (Memoire_.size() > kEnMemoireMax) Memoire_.erase(Memoire_.begin());
+  while (Memoire_.size() > kEnMemoireMax) {
+    auto premier =
+        std::find_if(Memoire_.begin(), Memoire_.end(), [](const EnMemoire& m) { return !m.Courriel.Prioritaire; });
+    if (premier == Memoire_.end()) premier = Memoire_.begin();
+    const QString nom = premier.key();
+    Memoire_.erase(premier);
+    Rapporte_({nom, {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
+  }
 }
 
 bool Facteur::EstFrais(const CourrielEnAttente& courriel, qint64 maintenant) const {
@@ -85,7 +92,10 @@ void Facteur::PrendSort(CourrielEnAttente& courriel) const {
 }
 
 QList<CourrielEnAttente> Facteur::DonneOrdre() {
-  QList<CourrielEnAttente> liste = Sac_.Liste();
+  QStringList mauvais;
+  QList<CourrielEnAttente> liste = Sac_.Liste(&mauvais);
+  for (const QString& nom : std::as_const(mauvais))
+    Rapporte_({nom, {.Definitif = true, .Cause = CauseEchec::kFichier}, 0});
   for (const CourrielEnAttente& courriel : std::as_const(liste)) {
     const SortCourriel sort = Memoire_.take(courriel.Nom).Courriel.Sort;
     if (sort != SortCourriel{}) Sorts_.insert(courriel.Nom, sort);
@@ -224,10 +234,9 @@ qint64 Facteur::EssaieUneFois(CourrielEnAttente courriel) {
 void Facteur::MetDeCote(const CourrielEnAttente& courriel) {
   const qint64 maintenant = Maintenant_();
   RefusesA_.insert(courriel.Nom, maintenant);
-  if (Memoire_.contains(courriel.Nom))
-    Reportes_.insert(courriel.Nom, maintenant + AttenteMaxDuCourriel());
-  else
-    Sac_.MetDeCote(courriel, maintenant);
+  // A disk that takes no more leaves it among those to be sent: it has its rest all the same.
+  Reportes_.insert(courriel.Nom, maintenant + AttenteMaxDuCourriel());
+  if (!Memoire_.contains(courriel.Nom)) Sac_.MetDeCote(courriel, maintenant);
 }
 
 qint64 Facteur::Reporte(const CourrielEnAttente& courriel) {

@@ -50,7 +50,7 @@ class Facteur {
   /// The settings were changed: all mails are due at once. `adresses`: the destinations of the settings.
   void Recommence(const QStringList& adresses = {});
   /// A mail that the disk does not take. It is forgotten as soon as the outbox has one of its name; of more than
-  /// kEnMemoireMax the oldest are lost.
+  /// kEnMemoireMax the oldest are given up, those of the watch last.
   void Confie(const CourrielEnAttente& courriel, const QByteArray& message);
 
  private:

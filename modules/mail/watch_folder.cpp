@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/mail/watch_folder.h"
 
-#include <QDirIterator>
+#include <dirent.h>
+
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -10,6 +11,7 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include "base/jpeg_end.h"
 #include "base/photo_format.h"
@@ -24,11 +26,9 @@ constexpr QLatin1String kPhoto = kFinPhoto;
 constexpr QLatin1String kMauvais(".bad");
 constexpr int kVersion = 1;
 
-// These say something about the machine and nothing about the file: it may be readable a moment later.
-bool EstPassagere(int erreur) {
-  return erreur == ENOENT || erreur == EMFILE || erreur == ENFILE || erreur == ENOMEM || erreur == EIO ||
-         erreur == EAGAIN;
-}
+struct FermeDossier {
+  void operator()(DIR* dossier) const { ::closedir(dossier); }
+};
 
 bool LitJson(const QByteArray& octets, MessageVeille& message) {
   const QJsonObject objet = QJsonDocument::fromJson(octets).object();
@@ -50,14 +50,20 @@ qint64 DossierVeille::DonneInstant(const QString& nom) {
   return forme.hasMatch() ? forme.captured(1).toLongLong() : -1;
 }
 
-QStringList DossierVeille::ListeNoms(QLatin1String fin) const {
+// By the system's own calls: Qt takes a folder that cannot be listed for an empty one. Also what is no file: a pipe of
+// that name has to be told and put aside, not passed over for ever.
+QStringList DossierVeille::ListeNoms(QLatin1String fin, int& erreur) const {
   QStringList noms;
-  if (Dossier_.isEmpty()) return noms;  // Qt would list the folder that we happen to stand in
-  // Also what is no file: a pipe of that name has to be told and put aside, not passed over for ever.
-  QDirIterator entrees(Dossier_, QDir::AllEntries | QDir::System | QDir::Hidden | QDir::NoDotAndDotDot);
-  for (int vues = 0; vues < kEntreesMax && entrees.hasNext(); ++vues) {
-    entrees.next();
-    QString nom = entrees.fileName();
+  const std::unique_ptr<DIR, FermeDossier> dossier(::opendir(QFile::encodeName(Dossier_).constData()));
+  erreur = dossier || errno == ENOENT || errno == ENOTDIR ? 0 : errno;
+  for (int vues = 0; dossier && vues < kEntreesMax; ++vues) {
+    errno = 0;
+    const dirent* entree = ::readdir(dossier.get());
+    if (entree == nullptr) {
+      erreur = errno;
+      break;
+    }
+    QString nom = QFile::decodeName(entree->d_name);
     if (!nom.endsWith(fin)) continue;
     nom.chop(fin.size());
     if (DonneInstant(nom) >= 0) noms.append(nom);
@@ -70,14 +76,19 @@ QStringList DossierVeille::ListeNoms(QLatin1String fin) const {
   return noms;
 }
 
-QStringList DossierVeille::Liste() const { return ListeNoms(kMessage).mid(0, kMessagesMax); }
+QStringList DossierVeille::Liste(int* erreur) const {
+  int lu = 0;
+  const QStringList noms = ListeNoms(kMessage, lu).mid(0, kMessagesMax);
+  if (erreur != nullptr) *erreur = lu;
+  return noms;
+}
 
 std::optional<MessageVeille> DossierVeille::Lit(const QString& nom, qint64 photoMax, QString& raison) const {
   raison.clear();
   QByteArray octets;
   const int erreur = LitFichierBorne(Chemin(nom, kMessage), kOctetsTexteMax, octets);
   if (erreur != 0) {
-    if (!EstPassagere(erreur)) raison = QString::fromLocal8Bit(std::strerror(erreur));
+    if (EstFauteDuFichier(erreur)) raison = QString::fromLocal8Bit(std::strerror(erreur));
     return std::nullopt;
   }
   MessageVeille message;
@@ -87,7 +98,9 @@ std::optional<MessageVeille> DossierVeille::Lit(const QString& nom, qint64 photo
     raison = QStringLiteral("no message");
     return std::nullopt;
   }
-  if (LitFichierBorne(Chemin(nom, kPhoto), photoMax, octets) == 0 && EstJpegEntier(octets)) message.Photo = octets;
+  const int erreurPhoto = LitFichierBorne(Chemin(nom, kPhoto), photoMax, octets);
+  if (erreurPhoto == 0 && EstJpegEntier(octets)) message.Photo = octets;
+  message.PhotoPlusTard = erreurPhoto != 0 && erreurPhoto != ENOENT && !EstFauteDuFichier(erreurPhoto);
   return message;
 }
 
@@ -106,8 +119,10 @@ bool DossierVeille::MetDeCote(const QString& nom) const {
 }
 
 void DossierVeille::RetireOrphelins(qint64 maintenant) const {
-  const QStringList messages = ListeNoms(kMessage);
-  for (const QString& nom : ListeNoms(kPhoto)) {
+  int erreur = 0;
+  const QStringList messages = ListeNoms(kMessage, erreur);
+  if (erreur != 0) return;
+  for (const QString& nom : ListeNoms(kPhoto, erreur)) {
     if (maintenant - DonneInstant(nom) > kAgeOrphelinMs && !messages.contains(nom)) QFile::remove(Chemin(nom, kPhoto));
   }
 }

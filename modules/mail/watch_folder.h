@@ -18,7 +18,8 @@ struct MessageVeille {
   QString Condition;
   PhraseDite Sujet;
   PhraseDite Texte;
-  QByteArray Photo;  ///< a whole JPEG, or empty
+  QByteArray Photo = {};       ///< a whole JPEG, or empty
+  bool PhotoPlusTard = false;  ///< it cannot be read at this moment
 };
 
 /// Holds nothing but the folder's name. A folder that is not there is an empty one; it is the main program's to make.
@@ -31,8 +32,9 @@ class DossierVeille {
 
   explicit DossierVeille(QString dossier) : Dossier_(std::move(dossier)) {}
 
-  /// The messages that lie there, oldest first, kMessagesMax at the most.
-  QStringList Liste() const;
+  /// The messages that lie there, oldest first, kMessagesMax at the most. `erreur`: the system's error number when the
+  /// folder could not be listed, else 0.
+  QStringList Liste(int* erreur = nullptr) const;
   /// Nothing, and why in `raison`, for a file that is no message. An empty `raison`: gone meanwhile, or perhaps
   /// readable the next time. Links, pipes and devices are not followed nor waited for. A picture that is not whole, or
   /// larger than `photoMax` bytes, is left out.
@@ -50,7 +52,7 @@ class DossierVeille {
 
  private:
   QString Chemin(const QString& nom, QLatin1String fin) const { return Dossier_ + u'/' + nom + fin; }
-  QStringList ListeNoms(QLatin1String fin) const;
+  QStringList ListeNoms(QLatin1String fin, int& erreur) const;
 
   QString Dossier_;
 };

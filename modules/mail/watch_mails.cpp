@@ -2,6 +2,7 @@
 #include "modules/mail/watch_mails.h"
 
 #include <QDateTime>
+#include <algorithm>
 
 #include "base/failure.h"
 #include "base/photo_format.h"
@@ -30,29 +31,39 @@ void CourriersVeille::Note(const QString& nom, const QString& quoi) const {
   Journal_.Note(QStringLiteral("message of the watch %1: %2").arg(nom, quoi));
 }
 
-QStringList CourriersVeille::DonneAttente() const {
-  QStringList noms = Dossier_.Liste();
+QStringList CourriersVeille::DonneAttente(int* erreur) const {
+  QStringList noms = Dossier_.Liste(erreur);
   noms.removeIf([this](const QString& nom) { return Passes_.contains(nom); });
   return noms;
 }
 
-std::optional<qint64> CourriersVeille::PlusAncien() const {
+bool CourriersVeille::Tient(const QString& courriel) const {
   const QStringList noms = DonneAttente();
-  if (noms.isEmpty()) return std::nullopt;
-  return DossierVeille::DonneInstant(noms.first());
+  return std::any_of(noms.begin(), noms.end(),
+                     [&](const QString& n) { return courriel.contains(Empreinte(n) + u'-'); });
 }
 
-void CourriersVeille::EffaceLesFaits() {
+int CourriersVeille::LitPlusAncien(std::optional<qint64>& faitA) const {
+  faitA.reset();
+  int erreur = 0;
+  const QStringList noms = DonneAttente(&erreur);
+  if (!noms.isEmpty()) faitA = DossierVeille::DonneInstant(noms.first());
+  return erreur;
+}
+
+bool CourriersVeille::EffaceLesFaits() {
   const QStringList attente = DonneAttente();
-  if (attente.isEmpty()) return;
-  const QStringList faits = Sac_.DonneNoms();
+  if (attente.isEmpty()) return true;
+  const std::optional<QStringList> faits = Sac_.DonneNoms();
+  if (!faits) return false;
   for (const QString& nom : attente) {
     const QString empreinte = Empreinte(nom) + u'-';
-    if (std::none_of(faits.begin(), faits.end(), [&](const QString& fait) { return fait.contains(empreinte); }))
+    if (std::none_of(faits->begin(), faits->end(), [&](const QString& fait) { return fait.contains(empreinte); }))
       continue;
     Note(nom, QStringLiteral("its mail is made already"));
     if (!Dossier_.Efface(nom)) Passes_.insert(nom);
   }
+  return true;
 }
 
 void CourriersVeille::NoteParti(const QString& courriel) {
@@ -63,11 +74,16 @@ void CourriersVeille::NoteParti(const QString& courriel) {
 
 PriseVeille CourriersVeille::Prend(const ReglagesCourriel& reglages, qint64 maintenant) {
   PriseVeille prise;
-  if (DonneAttente().isEmpty()) return prise;
+  int erreur = 0;
+  const bool vide = DonneAttente(&erreur).isEmpty();
+  prise.Reste = erreur != 0;
+  if (vide || erreur != 0) return prise;
   try {
     // Of two companions, one that ends and one that begins, both would make a mail of the same message.
     const VerrouDossier verrou(Dossier_.Dossier());
-    EffaceLesFaits();
+    // A message whose mail may be made already makes no second one.
+    prise.Reste = !EffaceLesFaits();
+    if (prise.Reste) return prise;
     const QStringList noms = DonneAttente();
     for (const QString& nom : noms) PrendUn(nom, reglages, maintenant, prise);
     prise.Reste = prise.Reste || noms.size() >= DossierVeille::kMessagesMax;
@@ -82,7 +98,10 @@ PriseVeille CourriersVeille::Prend(const ReglagesCourriel& reglages, qint64 main
 
 void CourriersVeille::PrendUn(const QString& nom, const ReglagesCourriel& reglages, qint64 maintenant,
                               PriseVeille& prise) {
-  if (maintenant - DossierVeille::DonneInstant(nom) > SacPostal::kAgeMaxMs) {
+  const bool encore = Essayes_.contains(nom);
+  Essayes_.insert(nom);
+  if (encore && maintenant - DossierVeille::DonneInstant(nom) > SacPostal::kAgeMaxMs) {
+    prise.Abandonne = true;
     Note(nom, QStringLiteral("too old, given up"));
     if (!Dossier_.Efface(nom)) Passes_.insert(nom);
     return;
@@ -99,6 +118,10 @@ void CourriersVeille::PrendUn(const QString& nom, const ReglagesCourriel& reglag
   }
   if (!reglages.PeutEcrire()) {
     prise.SansAdresse = true;
+    return;
+  }
+  if (message->PhotoPlusTard && !encore) {
+    prise.Reste = true;
     return;
   }
   prise.Erreur = Depose(*message, reglages, prise);

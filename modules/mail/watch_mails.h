@@ -18,6 +18,7 @@ struct PriseVeille {
   int Pris = 0;              ///< mails that are in the outbox now
   bool Illisible = false;    ///< a message was no message; it is put aside
   bool SansAdresse = false;  ///< messages wait for somebody to send them to
+  bool Abandonne = false;    ///< a message was too old, and is gone
   int Erreur = 0;            ///< the outbox cannot be written: the system's error number
   bool Reste = false;        ///< something may go better a little later
   /// Mails that the disk did not take, without their pictures: to be sent from memory. The messages stay.
@@ -37,12 +38,16 @@ class CourriersVeille {
   PriseVeille Prend(const ReglagesCourriel& reglages, qint64 maintenant);
   /// A mail was sent from memory: its message goes.
   void NoteParti(const QString& courriel);
-  /// Milliseconds since 1970 of the oldest message that waits here.
-  std::optional<qint64> PlusAncien() const;
+  /// Whether the message of which that mail was made still lies here.
+  bool Tient(const QString& courriel) const;
+  /// Milliseconds since 1970 of the oldest message that waits here. Gives the system's error number when the folder
+  /// could not be listed.
+  int LitPlusAncien(std::optional<qint64>& faitA) const;
 
  private:
-  QStringList DonneAttente() const;
-  void EffaceLesFaits();
+  QStringList DonneAttente(int* erreur = nullptr) const;
+  /// False when it cannot be told at this moment whose mails are made.
+  bool EffaceLesFaits();
   void PrendUn(const QString& nom, const ReglagesCourriel& reglages, qint64 maintenant, PriseVeille& prise);
   int Depose(const MessageVeille& message, const ReglagesCourriel& reglages, PriseVeille& prise);
   void Note(const QString& nom, const QString& quoi) const;
@@ -53,6 +58,7 @@ class CourriersVeille {
   QString Marque_;
   JournalBorne& Journal_;
   QSet<QString> Passes_;      // the system would not let them go: not looked at again
+  QSet<QString> Essayes_;     // looked at in this run; none goes for its age before, by a clock that may be wrong
   bool SansAdresse_ = false;  // told in the log
 };
 

@@ -44,4 +44,9 @@ int LitFichierBorne(const QString& fichier, qint64 limite, QByteArray& octets) {
   return erreur;
 }
 
+bool EstFauteDuFichier(int erreur) {
+  // ENXIO: a socket.
+  return erreur == ELOOP || erreur == EINVAL || erreur == EFBIG || erreur == ENXIO || erreur == EISDIR;
+}
+
 }  // namespace vaktor

@@ -12,4 +12,8 @@ namespace vaktor {
 /// waited for; a disk that does not answer is. From any thread.
 int LitFichierBorne(const QString& fichier, qint64 limite, QByteArray& octets);
 
+/// Whether an error of LitFichierBorne is the file's own: it will be the same a moment later. Every other, also one
+/// that nobody has thought of, says something about the machine, the disk or the network at that moment.
+bool EstFauteDuFichier(int erreur);
+
 }  // namespace vaktor

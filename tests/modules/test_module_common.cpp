@@ -218,6 +218,15 @@ TEST_F(Etats, AValueThatHadToWaitIsWrittenThoughItIsTheSame) {
   EXPECT_EQ(Fichier()["waiting_since"], "2");
 }
 
+TEST_F(Etats, AValueThatHadToWaitIsWrittenByTheNextCallThoughThatHasNothingToSay) {
+  Etat.NoteChamp("accepted", "a");
+  Etat.NoteChamp("accepted", "b");
+  EXPECT_EQ(Fichier()["accepted"], "a");
+  Horloge.Millisecondes += EtatModule::kRythme;
+  Etat.NoteChamp("waiting_since", {});
+  EXPECT_EQ(Fichier()["accepted"], "b");
+}
+
 TEST_F(Etats, NoSecretInFileOrNotification) {
   Etat.CacheSecret("geheim");
   Etat.Signale({"x", "no user geheim", Phrase{"geheim", "geheim"}});

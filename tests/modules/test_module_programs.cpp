@@ -104,6 +104,25 @@ TEST_F(Programmes, AStoreThatCannotBeReadAtItsStartIsReadWhenItRegisters) {
   EXPECT_TRUE(LitJournal().contains("/pas/la/mon son.wav"));
 }
 
+TEST_F(Programmes, AStoreThatCannotBeReadWhenItWasSavedIsReadALittleLater) {
+  Lance(VAKTOR_SOUND);
+  ASSERT_TRUE(AttendInscription());
+  Magasin.EcritReglage("SON", "index", "3");
+  Magasin.EcritReglage("SON", "Repertoire", "/pas/la/mon son.wav");
+  Magasin.Vide();
+  const QString magasin = Temporaire.filePath("vaktor.ini");
+  const QString cote = Temporaire.filePath("cote");
+  ASSERT_TRUE(QFile::rename(magasin, cote) && QDir().mkdir(magasin));
+  Envois.EnvoiSon(Commande::kOptions);
+  ASSERT_TRUE(AttendPrise());
+  ASSERT_TRUE(AttendQue([&] { return LitJournal().contains("vaktor.ini"); })) << LitJournal().toStdString();
+  ASSERT_TRUE(QDir().rmdir(magasin) && QFile::rename(cote, magasin));
+  EXPECT_TRUE(AttendQue([&] {
+    Envois.EnvoiSon(Commande::kIntrusion);
+    return AttendPrise() && LitJournal().contains("/pas/la/mon son.wav");
+  }));
+}
+
 TEST_F(Programmes, TheSoundCompanionEndsTidilyOnASignal) {
   Lance(VAKTOR_SOUND);
   ASSERT_TRUE(AttendInscription());

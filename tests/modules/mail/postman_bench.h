@@ -29,6 +29,7 @@ struct Sac : testing::Test {
   QString Dossier = Temporaire.filePath("courrier");
   SacPostal B{Dossier};
   qint64 Maintenant = 1'700'000'000'000;
+  QStringList Mauvais;  // damaged ones that Noms() has put aside
 
   void Depose(const QString& nom, const QByteArray& message = "message", bool prioritaire = false,
               const QStringList& pour = {"anna@exemple.fr"}) {
@@ -39,9 +40,14 @@ struct Sac : testing::Test {
     ASSERT_TRUE(B.Publie(nom));
   }
   QString Fichiers() const { return QDir(Dossier).entryList(QDir::Files, QDir::Name).join(u'|'); }
+  std::optional<qint64> PlusAncien() const {
+    std::optional<qint64> faitA;
+    EXPECT_EQ(B.LitPlusAncien(faitA), 0);
+    return faitA;
+  }
   QString Noms() {
     QStringList noms;
-    for (const CourrielEnAttente& c : B.Liste()) noms << c.Nom;
+    for (const CourrielEnAttente& c : B.Liste(&Mauvais)) noms << c.Nom;
     return noms.join(u'|');
   }
 };

@@ -106,7 +106,9 @@ TEST_F(CourantCoupe, AMessageOfTheWatchThatNobodyCanDeleteBecomesOneMail) {
   ASSERT_TRUE(Disque->GardeTout());
   EXPECT_EQ(courriers.Prend(reglages, faitA).Pris, 1);
   EXPECT_EQ(DossierVeille(veille).Liste().size(), 1) << "it is still there";
-  EXPECT_FALSE(courriers.PlusAncien()) << "and waits for nothing";
+  std::optional<qint64> attend;
+  EXPECT_EQ(courriers.LitPlusAncien(attend), 0);
+  EXPECT_FALSE(attend) << "and waits for nothing";
   ASSERT_EQ(sac.Liste().size(), 1);
   sac.Acheve(sac.Liste().first().Nom);
   EXPECT_EQ(courriers.Prend(reglages, faitA).Pris, 0);

@@ -4,10 +4,12 @@
 
 #include <cerrno>
 
+#include "modules/mail/bad_sector.h"
 #include "modules/mail/disk_reserve.h"
 #include "modules/mail/postman_bench.h"
 #include "support/small_disk.h"
 #include "support/tiny_jpeg.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {
@@ -103,7 +105,10 @@ TEST_F(Sac, DamagedFilesAreSetAside) {
   ASSERT_TRUE(EcritOctets(Dossier + "/d.mail", QByteArray(200'000, '\xff')));
   ASSERT_TRUE(EcritOctets(Dossier + "/dd.mail", "{\"from\":\"x\",\"to\":[\"y\"]}\n")) << "no time";
   Depose("e");
+  EXPECT_EQ(B.Liste().size(), 1);
+  EXPECT_TRUE(QFile::exists(Dossier + "/a.mail")) << "by who tells of it alone";
   EXPECT_EQ(Noms(), "e");
+  EXPECT_EQ(Mauvais.join(u'|'), "a|b|c|d|dd");
   EXPECT_EQ(Fichiers(), "a.bad|b.bad|c.bad|d.bad|dd.bad|e.mail");
 }
 
@@ -117,17 +122,66 @@ TEST_F(Sac, AFullDiskIsToldAndNothingHalfWrittenStays) {
 }
 
 TEST_F(Sac, KnowsSinceWhenTheOldestWaits) {
-  EXPECT_FALSE(B.PlusAncien());
+  EXPECT_FALSE(PlusAncien());
   ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "x"), 0);
-  EXPECT_FALSE(B.PlusAncien()) << "still gathers its photos";
+  EXPECT_FALSE(PlusAncien()) << "still gathers its photos";
   Depose("b");
   Maintenant += 1000;
   Depose("c");
-  EXPECT_EQ(B.PlusAncien(), Maintenant - 1000);
+  EXPECT_EQ(PlusAncien(), Maintenant - 1000);
   ASSERT_TRUE(EcritOctets(Dossier + "/a.mail", "no head"));
-  EXPECT_EQ(B.PlusAncien(), Maintenant - 1000);
+  EXPECT_EQ(PlusAncien(), Maintenant - 1000);
   B.MetDeCote(B.Liste().first(), Maintenant);
-  EXPECT_EQ(B.PlusAncien(), Maintenant);
+  EXPECT_EQ(PlusAncien(), Maintenant);
+}
+
+// Reading it fails as a bad sector does, after it was opened.
+TEST_F(Sac, AMailThatCannotBeReadAtThisMomentIsNotDamagedAndWaits) {
+  const QString chemin = Dossier + "/a.mail";
+  ASSERT_TRUE(QFile::link("/proc/self/mem", chemin));
+  EXPECT_EQ(Noms(), "");
+  EXPECT_EQ(Fichiers(), "a.mail");
+  EXPECT_TRUE(PlusAncien());
+  EXPECT_EQ(B.LitMessage("a"), "");
+}
+
+TEST_F(Sac, AFolderThatCannotBeListedIsNoEmptyOne) {
+  Depose("a");
+  std::optional<qint64> plusAncien;
+  {
+    const SansDescripteur aucun;
+    EXPECT_NE(B.LitPlusAncien(plusAncien), 0);
+    EXPECT_FALSE(B.DonneNoms());
+  }
+  EXPECT_EQ(B.LitPlusAncien(plusAncien), 0);
+  EXPECT_EQ(plusAncien, Maintenant);
+  EXPECT_EQ(B.DonneNoms(), QStringList("a"));
+  ASSERT_TRUE(QDir(Dossier).removeRecursively());
+  EXPECT_EQ(B.LitPlusAncien(plusAncien), 0) << "one that is not there is";
+  EXPECT_EQ(B.DonneNoms(), QStringList());
+}
+
+TEST_F(Sac, HalfAMailIsNone) {
+  Depose("a", QByteArray(300'000, 'x'));
+  ASSERT_EQ(B.LitMessage("a").size(), 300'000);
+  const MauvaisSecteur secteur(100'000);
+  EXPECT_EQ(B.LitMessage("a"), "");
+}
+
+TEST(SortDuCourriel, OneThatCannotBeReadIsNotTakenForNone) {
+  const QTemporaryDir dossier;
+  const QString chemin = dossier.filePath("a.rcpt");
+  ASSERT_EQ(EcritSort(chemin, {.Servis = {"a@exemple.fr"}, .Refuses = {}, .Ajoutes = {}}), 0);
+  {
+    const SansDescripteur aucun;
+    EXPECT_FALSE(LitSort(chemin));
+  }
+  EXPECT_EQ(LitSort(chemin)->Servis, QStringList("a@exemple.fr"));
+  EXPECT_EQ(LitSort(dossier.filePath("none")), SortCourriel());
+  ASSERT_TRUE(EcritOctets(chemin, "damaged"));
+  EXPECT_EQ(LitSort(chemin), SortCourriel());
+  ASSERT_TRUE(QFile::remove(chemin) && QDir().mkdir(chemin));
+  EXPECT_EQ(LitSort(chemin), SortCourriel()) << "no file, and never one";
 }
 
 TEST_F(Sac, OldAndTooManyAreGivenUp) {
@@ -144,17 +198,27 @@ TEST_F(Sac, OldAndTooManyAreGivenUp) {
   EXPECT_EQ(B.Elague(Maintenant, {}).join(u'|'), "b") << "the disk is not filled, tried or not";
 }
 
-TEST_F(Sac, WhatWasRefusedOrDamagedGoesAfterAWeekAndNotes) {
+TEST_F(Sac, WhatWasRefusedGoesAfterAWeekAndNotes) {
   Depose("a");
   B.Reporte(B.Liste().first(), Maintenant);
-  for (const char* nom : {"/b.refused", "/c.bad"}) ASSERT_TRUE(EcritOctets(Dossier + nom, "x"));
+  for (const char* nom : {"/b.refused", "/b.rcpt"}) ASSERT_TRUE(EcritOctets(Dossier + nom, "x"));
   const qint64 deux = QDateTime::currentMSecsSinceEpoch() + SacPostal::kAgeMaxMs;
-  B.Elague(deux - kHeure, {"b"});
-  EXPECT_EQ(Fichiers(), "a.mail|a.try|b.refused|c.bad");
-  B.Elague(deux + kHeure, {});
-  EXPECT_EQ(Fichiers(), "a.mail|a.try|b.refused") << "refused in an earlier run, and not tried in this one";
-  B.Elague(deux + kHeure, {"a", "b"});
+  EXPECT_TRUE(B.Elague(deux - kHeure, {"b"}).isEmpty());
+  EXPECT_TRUE(B.Elague(deux + kHeure, {}).isEmpty());
+  EXPECT_EQ(Fichiers(), "a.mail|a.try|b.rcpt|b.refused") << "refused in an earlier run, and not tried in this one";
+  EXPECT_EQ(B.Elague(deux + kHeure, {"a", "b"}), QStringList({"b", "a"}));
   EXPECT_EQ(Fichiers(), "");
+}
+
+TEST_F(Sac, OfDamagedOnesSoManyStayWhateverTheClockSays) {
+  for (int i = 0; i < SacPostal::kMauvaisMax; ++i)
+    ASSERT_TRUE(EcritOctets(Dossier + QStringLiteral("/%1.bad").arg(100 + i), "x"));
+  B.Elague(QDateTime::currentMSecsSinceEpoch() + 365 * 24 * kHeure, {});
+  EXPECT_EQ(QDir(Dossier).entryList({"*.bad"}).size(), SacPostal::kMauvaisMax);
+  ASSERT_TRUE(EcritOctets(Dossier + "/200.bad", "x"));
+  B.Elague(Maintenant, {});
+  EXPECT_EQ(QDir(Dossier).entryList({"*.bad"}).size(), SacPostal::kMauvaisMax);
+  EXPECT_FALSE(QFile::exists(Dossier + "/100.bad")) << "the oldest went";
 }
 
 TEST_F(Sac, NamesSortInTheOrderOfTheMailsAlsoWhenTheClockIsSetBack) {

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The postman in virtual time: a verdict for each address, what is too large, what breaks off, what the disk does not
 // take, and what is tried again when.
+#include <QDateTime>
+
 #include "modules/mail/postman_bench.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {
@@ -162,6 +165,68 @@ TEST_F(Poste, WhatWasRefusedIsTriedAgainAfterSixHoursAlsoWhereTheDiskTakesNoNote
   EXPECT_EQ(Tentatives, 1);
   Travaille(2 * kMinute);
   EXPECT_EQ(Tentatives, 2);
+}
+
+TEST_F(Poste, WhatWasRefusedRestsAlsoWhereTheDiskDoesNotLetItGoAside) {
+  Serveur = [](const QString&) {
+    return ResultatEnvoi{.Definitif = true, .Cause = CauseEchec::kMessageRefuse, .Code = 554};
+  };
+  Depose("a");
+  ASSERT_TRUE(QDir().mkpath(Dossier + "/a.refused/full"));
+  Travaille(kMinute);
+  EXPECT_EQ(Tentatives, 1);
+  Travaille(kHeure);
+  EXPECT_LE(Tentatives, 3);
+  EXPECT_GE(Tentatives, 2) << "and is not forgotten";
+}
+
+TEST_F(Poste, WhatIsDamagedIsToldOnce) {
+  ASSERT_TRUE(EcritOctets(Dossier + "/a.mail", "no head"));
+  Travaille(kHeure);
+  EXPECT_EQ(Rapports.join(u'|'), "a non");
+  EXPECT_EQ(Fichiers(), "a.bad");
+}
+
+TEST_F(Poste, WhatWasRefusedAWeekAgoIsGivenUpAndTold) {
+  Maintenant = QDateTime::currentMSecsSinceEpoch();
+  Serveur = [](const QString&) {
+    return ResultatEnvoi{.Definitif = true, .Cause = CauseEchec::kMessageRefuse, .Code = 554};
+  };
+  Depose("a");
+  Travaille(kMinute);
+  const qsizetype avant = Rapports.size();
+  ASSERT_EQ(Fichiers(), "a.rcpt|a.refused");
+  Maintenant += SacPostal::kAgeMaxMs + kMinute;
+  F->Tour();
+  EXPECT_EQ(Fichiers(), "");
+  EXPECT_GT(Rapports.size(), avant);
+  EXPECT_EQ(Rapports.last(), "a non");
+}
+
+// Who has a mail already is written beside it. Where that cannot be read, nobody gets it, rather than all again.
+TEST_F(Poste, WhoseVerdictsCannotBeReadAtThisMomentIsLeftAloneUntilTheyCan) {
+  Serveur = [](const QString&) { return Verdict(true, {{"a@exemple.fr", 250}, {"b@exemple.fr", 450}}); };
+  Depose("m", "message", false, {"a@exemple.fr", "b@exemple.fr"});
+  Travaille(1000);
+  F = Ouvre();
+  Maintenant += kHeure;
+  {
+    const SansDescripteur un(1);  // the mail can be opened, what lies beside it cannot
+    F->Tour();
+    EXPECT_EQ(Tentatives, 1);
+  }
+  F->Tour();
+  EXPECT_EQ(Demandes.value(1), "b@exemple.fr");
+}
+
+TEST_F(Poste, OfTooManyMailsOfTheMemoryThoseOfTheWatchStayAndTheOthersAreTold) {
+  CourrielEnAttente veille = Nomme("0", Maintenant);
+  veille.Prioritaire = true;
+  F->Confie(veille, "words");
+  for (int i = 0; i < Facteur::kEnMemoireMax; ++i) F->Confie(Nomme(QString::number(100 + i), Maintenant), "words");
+  EXPECT_EQ(Rapports.join(u'|'), "100 non");
+  Travaille(1000);
+  EXPECT_EQ(Recus.value(0), "0");
 }
 
 TEST_F(Poste, WhatWasRefusedBeforeTheMachineWasOffForEightDaysIsTriedOnceMore) {

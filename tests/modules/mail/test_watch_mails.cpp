@@ -2,9 +2,11 @@
 // What the watch has to say of itself becomes mails: each one once, whatever row or pause of alarm mails there is.
 #include <sys/stat.h>
 
+#include "modules/mail/bad_sector.h"
 #include "modules/mail/mail_module_bench.h"
 #include "modules/mail/watch_message.h"
 #include "platform/store/private_file.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {
@@ -248,13 +250,91 @@ TEST_F(Veille, OtherNamesAreNobodysMessages) {
   EXPECT_TRUE(Avis.isEmpty());
 }
 
-TEST_F(Veille, OneOfAWeekAgoIsGivenUp) {
+TEST_F(Veille, OneOfAWeekAgoThatCouldNotGoIsGivenUpAndTold) {
+  Reglages.Valeurs.MailDestination.clear();
+  Module->PrendReglages(Reglages);
   Pose();
   Horloge.Millisecondes += SacPostal::kAgeMaxMs + 1;
+  Module->ExecuteCommande(Commande::kVeille);
+  EXPECT_FALSE(Restes().isEmpty());
   Module->ExecuteCommande(Commande::kVeille);
   EXPECT_EQ(Nombre(), 0);
   EXPECT_EQ(Restes(), "");
   EXPECT_TRUE(LitOctets(Journal.Chemin()).contains("too old"));
+  EXPECT_TRUE(LitEtat().contains("mail-given-up"));
+}
+
+// By a clock that jumped forward, or in a machine that was off for weeks, every message is old.
+TEST_F(Veille, OneOfAWeekAgoThatNobodyTriedToSendIsSent) {
+  Pose();
+  Horloge.Millisecondes += SacPostal::kAgeMaxMs + 1;
+  Module->ExecuteCommande(Commande::kVeille);
+  EXPECT_EQ(Nombre(), 1);
+  EXPECT_EQ(Restes(), "");
+}
+
+TEST_F(Veille, AFolderThatCannotBeListedIsLookedAtAgain) {
+  Pose();
+  {
+    const SansDescripteur aucun;
+    Module->ExecuteCommande(Commande::kVeille);
+  }
+  EXPECT_EQ(Nombre(), 0);
+  Temps.Avance(ModuleMail::kRepriseVeille);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+// Else a message whose mail is made already would make a second one.
+TEST_F(Veille, AnOutboxThatCannotBeListedIsNotTakenForEmpty) {
+  Pose();
+  Module->ExecuteCommande(Commande::kVeille);
+  const QString nom = Sac.Liste().first().Nom;
+  Pose();
+  const QString sac = Temporaire.filePath("courrier");
+  ASSERT_TRUE(QDir().rename(sac, sac + "-hidden") && QFile::link("courrier", sac));  // a link to itself: ELOOP
+  Module->ExecuteCommande(Commande::kVeille);
+  EXPECT_TRUE(Envoi->Confies.isEmpty());
+  ASSERT_TRUE(QFile::remove(sac) && QDir().rename(sac + "-hidden", sac));
+  Temps.Avance(ModuleMail::kRepriseVeille);
+  EXPECT_EQ(Nombre(), 1);
+  EXPECT_EQ(Restes(), "");
+}
+
+TEST_F(Veille, WhatWaitsStandsWhileAFolderCannotBeListed) {
+  Pose();
+  Module->ExecuteCommande(Commande::kVeille);
+  ASSERT_TRUE(LitEtat().contains("waiting_since"));
+  const QString sac = Temporaire.filePath("courrier");
+  ASSERT_TRUE(QDir().rename(sac, sac + "-hidden") && QFile::link("courrier", sac));
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_TRUE(LitEtat().contains("waiting_since"));
+}
+
+TEST_F(Veille, AMessageThatCannotBeReadAtThisMomentIsNoDamagedOne) {
+  Pose();
+  {
+    const MauvaisSecteur secteur(0);
+    Module->ExecuteCommande(Commande::kVeille);
+  }
+  EXPECT_EQ(Restes(), Stem() + ".json");
+  Temps.Avance(ModuleMail::kRepriseVeille);
+  EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Veille, APictureThatCannotBeReadAtThisMomentIsWaitedForOnce) {
+  Pose(1, PetitJpeg(QByteArray(20'000, 'x')));
+  {
+    const MauvaisSecteur secteur(5'000);
+    Module->ExecuteCommande(Commande::kVeille);
+    EXPECT_EQ(Nombre(), 0);
+  }
+  Temps.Avance(ModuleMail::kRepriseVeille);
+  EXPECT_EQ(Lit(0)["types"].toArray(), QJsonArray{"image/jpeg"});
+  Pose(2, PetitJpeg(QByteArray(20'000, 'x')));
+  const MauvaisSecteur secteur(5'000);
+  Module->ExecuteCommande(Commande::kVeille);
+  Temps.Avance(ModuleMail::kRepriseVeille);
+  EXPECT_EQ(Nombre(), 2) << "the words matter more";
 }
 
 TEST_F(Veille, AnOutboxThatCannotBeWrittenKeepsTheMessageForLater) {
