@@ -7,11 +7,13 @@
 #include <exception>
 
 #include "base/failure.h"
+#include "engine/ports/moment.h"
 
 namespace vaktor {
 
 SuiviEnvois::SuiviEnvois(const PortsEnvois& ports)
     : Ports_(ports),
+      Debut_(LitMoment(ports.Temps)),
       DernierTic_(static_cast<quint32>(ports.Temps.CompteTics())),
       TimerEnvois_(ports.Minuteries.CreeMinuterie(QStringLiteral("TimerEnvois"), kRegard, [this] { Regarde(); })) {
   TimerEnvois_->Active();
@@ -116,9 +118,11 @@ void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
   }
 }
 
-// The first reading finds what an earlier run has sent.
+// The first reading may find what an earlier run has sent, and a mail that was taken before it: an alarm at once has
+// its mail long before that.
 void SuiviEnvois::SuitAccepte(const QString& accepte) {
-  const bool nouveau = Accepte_ && *Accepte_ != accepte && !accepte.isEmpty();
+  const QDateTime quand = QDateTime::fromString(accepte, Qt::ISODate);
+  const bool nouveau = Accepte_ ? *Accepte_ != accepte && !accepte.isEmpty() : quand.isValid() && quand >= Debut_;
   Accepte_ = accepte;
   if (nouveau && Ports_.SurAccepte) Ports_.SurAccepte();
 }

@@ -71,6 +71,7 @@ class SuiviEnvois {
   qint64 DonneAgeMax();
 
   PortsEnvois Ports_;
+  QDateTime Debut_;  // of this run
   IntervalleLive Intervalle_;
   quint32 DernierTic_;
   qint64 Ecoule_ = 0;  // milliseconds since the start: the counter of the clock may wrap

@@ -185,6 +185,15 @@ TEST_F(JournalDuProgramme, ErasingAnIntrusionGoesTheGallerysWayAndALineIsReadSoo
   EXPECT_TRUE(QTest::qWaitFor([this] { return Systeme.Chroniques.Lectures == 3; }, 20'000));
 }
 
+TEST_F(JournalDuProgramme, AMailThatWasTakenBeforeTheFirstLookIsInItToo) {
+  const QDateTime debut = LitMoment(Systeme.Horloge);
+  Systeme.Etats.Etats.Mail = {
+      .Poignee = 72, .Attente = {}, .Publie = {}, .Accepte = debut.addSecs(5).toUTC().toString(Qt::ISODate)};
+  ArmeEtBouge();
+  Systeme.Temps.Avance(2 * SuiviEnvois::kRegard);
+  EXPECT_EQ(Faits().count(Fait::kCourriel), 1);
+}
+
 TEST_F(JournalDuProgramme, AMailThatTheServerHasTakenIsInItOnce) {
   ArmeEtBouge();
   Systeme.Etats.Etats.Mail = {.Poignee = 72, .Attente = {}, .Publie = {}, .Accepte = QStringLiteral("yesterday")};
