@@ -63,7 +63,7 @@ class Film {
     }
     ::close(place);
     for (qsizetype i = 0; i < Voulu_.Chemins.size() && !EstArrete(); ++i) {
-      Prend(LitPhotoDuFilm(Voulu_.Chemins.at(i)), Voulu_.Instants.at(i));
+      Prend(LitPhotoDuFilm(Voulu_.Chemins.at(i)), Voulu_.Instants.at(i), DureeDe(i));
       avance(static_cast<int>(i) + 1);
     }
     if (!EstArrete() && !Source_) {
@@ -78,8 +78,15 @@ class Film {
  private:
   bool EstArrete() const { return Arrete_ || Abandon_; }
 
+  // To the next one; the last one as long as the player shows it. A film whose last picture lasts no time ends before
+  // it, for some players.
+  qint64 DureeDe(qsizetype i) const {
+    constexpr qint64 kDerniereMs = 500;
+    return i + 1 < Voulu_.Instants.size() ? Voulu_.Instants.at(i + 1) - Voulu_.Instants.at(i) : kDerniereMs;
+  }
+
   // All of one size: what the first photo has is written in front.
-  void Prend(const PhotoDuFilm& photo, qint64 instant) {
+  void Prend(const PhotoDuFilm& photo, qint64 instant, qint64 duree) {
     if (photo.Taille.isEmpty() || (Source_ && photo.Taille != Taille_)) {
       ++Bilan_.Manquantes;
       return;
@@ -88,6 +95,7 @@ class Film {
     GstBuffer* tampon = gst_buffer_new_memdup(photo.Octets.constData(), static_cast<gsize>(photo.Octets.size()));
     GST_BUFFER_PTS(tampon) = static_cast<GstClockTime>(instant - Premier(instant)) * GST_MSECOND;
     GST_BUFFER_DTS(tampon) = GST_BUFFER_PTS(tampon);
+    GST_BUFFER_DURATION(tampon) = static_cast<GstClockTime>(duree) * GST_MSECOND;
     if (gst_app_src_push_buffer(GST_APP_SRC(Source_.get()), tampon) != GST_FLOW_OK) Ecoute(kRegard);
     // Not by a source that blocks: one whose muxer has failed would block for ever.
     while (!EstArrete() && gst_app_src_get_current_level_bytes(GST_APP_SRC(Source_.get())) > kEnFile) Ecoute(kRegard);

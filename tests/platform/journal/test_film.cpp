@@ -24,6 +24,7 @@ namespace {
 struct ImageLue {
   QByteArray Octets;
   qint64 Ms = 0;
+  qint64 DureeMs = 0;
 };
 
 /// The pictures of a film, through `demux` to `suite`.
@@ -41,7 +42,8 @@ QList<ImageLue> LitImages(const QString& film, const char* tuyau) {
     GstMapInfo carte;
     gst_buffer_map(tampon, &carte, GST_MAP_READ);
     images.append({QByteArray(reinterpret_cast<const char*>(carte.data), static_cast<qsizetype>(carte.size)),
-                   static_cast<qint64>(GST_BUFFER_PTS(tampon) / GST_MSECOND)});
+                   static_cast<qint64>(GST_BUFFER_PTS(tampon) / GST_MSECOND),
+                   static_cast<qint64>(GST_BUFFER_DURATION(tampon) / GST_MSECOND)});
     gst_buffer_unmap(tampon, &carte);
     gst_sample_unref(echantillon);
   }
@@ -108,6 +110,7 @@ TEST_F(Film, HoldsThePhotosAsTheyAreAtTheirTimes) {
     EXPECT_EQ(images[i].Octets, Octets(Voulu.Chemins[i])) << i << ": without loss";
     EXPECT_EQ(images[i].Ms, i * 400);
   }
+  EXPECT_EQ(images[11].DureeMs, 500) << "players show the last one too";
 }
 
 TEST_F(Film, IsMadeWithoutPhotosThatAreGoneDamagedOrOfAnotherSizeAndSaysHowMany) {
@@ -204,7 +207,8 @@ TEST_F(Film, AsMp4WhereAnEncoderIsInstalled) {
   const FilmFait fait = Fait();
   ASSERT_EQ(fait.Etat, EtatFilm::kFait) << fait.Mots.toStdString();
   const QList<ImageLue> images = LitImages(Voulu.Sortie, "qtdemux ! h264parse ! avdec_h264");
-  EXPECT_EQ(images.size(), 12);
+  ASSERT_EQ(images.size(), 12);
+  EXPECT_NEAR(static_cast<double>(images[11].DureeMs), 500, 40) << "players show the last one too";
 }
 
 TEST_F(Film, OnItsThreadItTellsHowFarItIsAndItsEnd) {
