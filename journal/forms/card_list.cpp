@@ -177,6 +177,16 @@ void ListeCartes::paintEvent(QPaintEvent* evenement) {
   peintre.drawText(viewport()->rect().adjusted(40, 20, -40, -20), Qt::AlignCenter | Qt::TextWordWrap, Avis_);
 }
 
+// What a row of cards leaves stands on both sides of it. The bar has its room whether it is there or not: a row is not
+// to move for it.
+void ListeCartes::resizeEvent(QResizeEvent* evenement) {
+  const int place = width() - verticalScrollBar()->sizeHint().width() - spacing();
+  const int carte = kCarte.width() + spacing();
+  const int reste = place < carte ? 0 : place % carte;
+  if (viewportMargins().left() != reste / 2) setViewportMargins(reste / 2, 0, 0, 0);
+  QListView::resizeEvent(evenement);
+}
+
 // Those that are seen from the top down, which is from the newest on; then as many below, for the next turn of the
 // wheel.
 void ListeCartes::DemandeVisibles() {

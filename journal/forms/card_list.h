@@ -80,6 +80,7 @@ class ListeCartes : public QListView {
 
  protected:
   void paintEvent(QPaintEvent* evenement) override;
+  void resizeEvent(QResizeEvent* evenement) override;
   void keyPressEvent(QKeyEvent* evenement) override;
   void mouseDoubleClickEvent(QMouseEvent* evenement) override;
   void currentChanged(const QModelIndex& ici, const QModelIndex& avant) override;

@@ -132,6 +132,7 @@ void FrmLecture::Ouvre(const IntrusionVue& vue, Langue langue, const AllureFrise
   Vue_ = vue;
   Langue_ = langue;
   Revet(allure);
+  HabilleCoche();
   Film_ = LectureFilm(PlaceFilm(vue.Photos));
   for (std::size_t i = 0; i < kVitesses.size(); ++i)
     if (CmdVitesse_[i]->isChecked()) Film_.ChoisitVitesse(kVitesses[i]);
@@ -146,6 +147,16 @@ void FrmLecture::Ouvre(const IntrusionVue& vue, Langue langue, const AllureFrise
   raise();
   activateWindow();
   CmdLecture_->setFocus();
+}
+
+// Not by the style sheet, which knows one colour for the words and for the tick: light words on wood would have a light
+// tick in a light box.
+void FrmLecture::HabilleCoche() {
+  QPalette palette = ChkCadre_->palette();
+  palette.setColor(QPalette::WindowText, Allure().EncreTete);
+  palette.setColor(QPalette::Base, Qt::white);
+  palette.setColor(QPalette::Text, Allure().Encre);
+  ChkCadre_->setPalette(palette);
 }
 
 void FrmLecture::EcritMots() {

@@ -72,6 +72,7 @@ class FrmLecture : public FenetreFrise {
   void DemandePhoto();
   void Recoit(qsizetype index, const PhotoLue& lue);
   void EcritMots();
+  void HabilleCoche();
 
   LecteurPhotos& Photos_;
   const std::function<void()> Enregistre_;

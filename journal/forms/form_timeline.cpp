@@ -11,7 +11,7 @@
 namespace vaktor {
 namespace {
 
-constexpr QSize kTaille{812, 712};
+constexpr QSize kTaille{812, 728};  // two rows of three cards
 constexpr int kMarge = 14;
 constexpr int kRelectureMs = 1500;  // behind a new line: an intrusion has several
 

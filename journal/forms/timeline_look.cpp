@@ -105,7 +105,7 @@ QString FeuilleFrise(const AllureFrise& allure) {
              "QScrollBar::handle:vertical:hover{background:rgba(70,78,84,210);}"
              "QScrollBar::add-line,QScrollBar::sub-line,QScrollBar::add-page,QScrollBar::sub-page{height:0;width:0;"
              "background:transparent;}"
-             "QCheckBox{color:%2;spacing:6px;}QLabel{color:%2;background:transparent;}")
+             "QCheckBox{spacing:6px;}QLabel{color:%2;background:transparent;}")
       .arg(Nom(allure.Choisi), Nom(allure.EncreTete));
 }
 

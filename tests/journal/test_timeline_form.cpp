@@ -5,6 +5,7 @@
 #include <QAccessible>
 #include <QCoreApplication>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTest>
 #include <QWheelEvent>
 #include <cerrno>
@@ -113,6 +114,25 @@ TEST_F(Frise, ReadsTheJournalWhenItOpensAndShowsTheNewestIntrusionFirst) {
   EXPECT_EQ(Cartes().Modele().index(0).data(Qt::AccessibleTextRole).toString(),
             QStringLiteral("Intrusion at 05:12:05, 4 s, 4 pictures, 500 points at most"));
   EXPECT_TRUE(Bande().accessibleDescription().contains(QStringLiteral("The camera gives no new pictures")));
+}
+
+TEST_F(Frise, RowsOfCardsStandInTheMiddleAtAnyWidth) {
+  Ouvre();
+  for (const int largeur : {812, 900, 640}) {
+    Fenetre.resize(largeur, 712);
+    QCoreApplication::processEvents();
+    const QRect premiere = Cartes().visualRect(Cartes().Modele().index(0));
+    QRect derniere = premiere;
+    for (int i = 1; i < 3; ++i) {
+      const QRect carte = Cartes().visualRect(Cartes().Modele().index(i));
+      if (carte.top() == premiere.top()) derniere = carte;
+    }
+    const QPoint coin = Cartes().viewport()->mapTo(&Cartes(), QPoint());
+    const int barre = Cartes().verticalScrollBar()->sizeHint().width();
+    const int gauche = coin.x() + premiere.left();
+    const int droite = Cartes().width() - barre - 1 - (coin.x() + derniere.right());
+    EXPECT_NEAR(gauche, droite, 2) << largeur;
+  }
 }
 
 TEST_F(Frise, ThumbnailsAreAskedForOneByOneTheNewestFirstAndKept) {
@@ -399,6 +419,21 @@ TEST_F(Frise, AFullDiskIsTold) {
   Films.Finit({.Etat = EtatFilm::kDisque, .Erreur = ENOSPC});
   EXPECT_EQ(Boites.Textes, QStringList{QStringLiteral("The film is not saved, and nothing of it is left: No space left "
                                                       "on device.\n/home/u/night.mkv")});
+}
+
+TEST_F(Frise, TheTickOfThePlayerCanBeSeenInEachSkin) {
+  for (const int skin : {0, 1, 2}) {
+    Reglages.IndexSkin = skin;
+    Fenetre.close();
+    Ouvre();
+    Cartes().setCurrentIndex(Cartes().Modele().index(0));
+    Clique("CmdRegarder");
+    const auto* coche = Fenetre.Lecteur()->findChild<QCheckBox*>(QStringLiteral("ChkCadre"));
+    coche->ensurePolished();
+    const QPalette palette = coche->palette();
+    EXPECT_GT(qGray(palette.color(QPalette::Base).rgb()) - qGray(palette.color(QPalette::Text).rgb()), 120) << skin;
+    EXPECT_EQ(palette.color(QPalette::WindowText), ChoisitAllure(skin, 1).EncreTete) << skin;
+  }
 }
 
 TEST_F(Frise, TheThreeSkinsHaveMaterialAndInksThatCanBeRead) {
