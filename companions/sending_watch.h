@@ -2,6 +2,7 @@
 // Whether what leaves the machine arrives: mails and pushes that wait, a live page that nobody renews any more.
 #pragma once
 
+#include <QDateTime>
 #include <QString>
 #include <functional>
 #include <memory>

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QPalette>
 #include <QVBoxLayout>
 
 #include "engine/frame_surface.h"
