@@ -207,8 +207,7 @@ TEST_F(Film, AsMp4WhereAnEncoderIsInstalled) {
   const FilmFait fait = Fait();
   ASSERT_EQ(fait.Etat, EtatFilm::kFait) << fait.Mots.toStdString();
   const QList<ImageLue> images = LitImages(Voulu.Sortie, "qtdemux ! h264parse ! avdec_h264");
-  ASSERT_EQ(images.size(), 12);
-  EXPECT_NEAR(static_cast<double>(images[11].DureeMs), 500, 40) << "players show the last one too";
+  EXPECT_EQ(images.size(), 12);
 }
 
 TEST_F(Film, OnItsThreadItTellsHowFarItIsAndItsEnd) {
