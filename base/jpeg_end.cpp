@@ -38,7 +38,9 @@ qsizetype PasseSegment(QByteArrayView octets, qsizetype i) {
 /// mark, or, where a scan begins, by data: it says its own length twice (B.2.3).
 bool EstVraiSegment(QByteArrayView octets, qsizetype i, qsizetype fin) {
   if (fin < 0) return false;
-  if (Octet(octets, i + 1) == kBalayage) return fin - (i + 2) == 6 + 2 * Octet(octets, i + 4);
+  const qsizetype longueur = fin - (i + 2);
+  // One of two bytes may stand at the very end, and has none that counts.
+  if (Octet(octets, i + 1) == kBalayage) return longueur > 2 && longueur == 6 + 2 * Octet(octets, i + 4);
   return fin < octets.size() && Octet(octets, fin) == kMarque;
 }
 
