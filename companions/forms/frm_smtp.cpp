@@ -85,7 +85,7 @@ void FrmSmtp::BrancheControles() {
 void FrmSmtp::BrancheTexte(QLineEdit* champ, QString Parametres::*variable) {
   connect(champ, &QLineEdit::textChanged, this, [this, champ, variable](const QString& texte) {
     const QString ligne = GardePremiereLigne(texte);
-    Ports_.Reglages.*variable = RetireBlancs(ligne);
+    Ports_.Reglages.*variable = variable == &Parametres::SmtpPass ? RetireEspaces(ligne) : RetireBlancs(ligne);
     if (ligne != texte) champ->setText(ligne);
     MontreOAuth2();
   });

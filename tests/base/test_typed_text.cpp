@@ -13,6 +13,10 @@ TEST(TypedText, NoBlankOfAnyKindStaysWhereverItStands) {
   EXPECT_EQ(RetireBlancs(QStringLiteral(" \n")), QString());
 }
 
+TEST(TypedText, OfAPasswordTheCommonBlankAndTheTabGoAndNothingElse) {
+  EXPECT_EQ(RetireEspaces(QStringLiteral(" p\u00a0w\t\u2003d ")), QStringLiteral("p\u00a0w\u2003d"));
+}
+
 TEST(TypedText, TheFirstLineEndsWhereAnySystemEndsALine) {
   for (const QChar saut : {QChar(u'\n'), QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)}) {
     EXPECT_EQ(GardePremiereLigne(QStringLiteral("one two") + saut + QStringLiteral("three")), QStringLiteral("one two"))

@@ -271,6 +271,18 @@ TEST_F(FormeSmtp, SettingsLoseTheBlanksThatTheFieldsKeep) {
   EXPECT_EQ(Sauvegarde.Sauvegardes, 0) << "only the closing saves";
 }
 
+TEST_F(FormeSmtp, ANoBreakSpaceOfThePasswordStaysWhetherItIsTypedOrLoaded) {
+  const QString passe = QStringLiteral("\u00a0p\u00a0w\u00a0");
+  Reglages.SmtpPass = passe;
+  Ouvre();
+  EXPECT_EQ(Lit("TxtSMTPpass"), passe);
+  EXPECT_EQ(Reglages.SmtpPass, passe);
+  Tape("TxtSMTPpass", QStringLiteral("a\u00a0b c"));
+  EXPECT_EQ(Reglages.SmtpPass, QStringLiteral("a\u00a0bc"));
+  Tape("TxtSMTPuser", QStringLiteral("an\u00a0na"));
+  EXPECT_EQ(Reglages.SmtpUser, QStringLiteral("anna")) << "nobody is called so: a web page gave it";
+}
+
 TEST_F(FormeSmtp, APastedTextEndsAtItsFirstLine) {
   Ouvre();
   Trouve<QLineEdit>("TxtSMTP")->setText("smtp.c.org\r\nmore");

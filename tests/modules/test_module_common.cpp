@@ -18,6 +18,8 @@
 #include "modules/common/module_settings.h"
 #include "platform/base/bounded_log.h"
 #include "settings/password_scrambling.h"
+#include "settings/settings_table.h"
+#include "settings/settings_text.h"
 #include "support/event_wait.h"
 #include "support/file_bytes.h"
 
@@ -350,6 +352,21 @@ TEST(Parametres, TheWholeTableComesOutOfTheStore) {
   EXPECT_EQ(reglages.Largeur, "640");
   EXPECT_EQ(reglages.Hauteur, "480");
   EXPECT_TRUE(magasin.Ecrits.isEmpty()) << "a companion never writes";
+}
+
+// Through the file as the main program writes it: scrambled, and in clear where a sign has no code.
+TEST(Parametres, ANoBreakSpaceOfAPasswordComesOutOfTheStoreAsItWentIn) {
+  for (const char16_t* passe : {u"\u00a0", u"\u00a0p\u00a0w\u00a0", u"\u00a0p\u6f22w\u00a0"}) {
+    Parametres tapes;
+    tapes.SmtpPass = tapes.MotDePasseFtp = QString::fromUtf16(passe);
+    ValeursReglages ecrites;
+    for (const LigneReglage& ligne : TableReglages()) ecrites.insert(NomReglage(ligne), TexteValeur(ligne, tapes));
+    FauxMagasin magasin;
+    magasin.Valeurs = LitTexteReglages(EcritTexteReglages(ecrites)).Valeurs;
+    const Parametres lus = LitReglagesModule(magasin, "/p\\intrus").Valeurs;
+    EXPECT_EQ(lus.SmtpPass, tapes.SmtpPass);
+    EXPECT_EQ(lus.MotDePasseFtp, tapes.MotDePasseFtp);
+  }
 }
 
 TEST(Parametres, AnEmptyOrDamagedStoreGivesTheValuesOfAFirstRun) {

@@ -180,6 +180,12 @@ TEST_F(Champs, EmptiedPasswordAndFolderAreTakenAsTheyAre) {
   EXPECT_EQ(Banc.Reglages.RepertoireFtp, QString());
 }
 
+TEST_F(Champs, PasswordIsTakenWithItsBlanks) {
+  const QString passe = QStringLiteral(" p\u00a0w \u00a0");
+  Tape("TxtPass", passe);
+  EXPECT_EQ(Banc.Reglages.MotDePasseFtp, passe);
+}
+
 TEST_F(Champs, ServerWithAFolderKeepsTheServer) {
   Tape("TxtFtp", QStringLiteral("ftp.example.org\\www"));
   EXPECT_TRUE(Champ("TxtFtp")->text().startsWith(QStringLiteral("ftp.example.org")));

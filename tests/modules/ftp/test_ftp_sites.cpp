@@ -40,6 +40,15 @@ TEST(ProtocoleDuServeur, OfTheWebIsToldAsSuch) {
   }
 }
 
+TEST(AccesDuServeur, ANoBreakSpaceOfThePasswordIsASignLikeAnother) {
+  Parametres valeurs;
+  valeurs.AdresseFtp = "a.org";
+  valeurs.UtilisateurFtp = "anna";
+  valeurs.MotDePasseFtp = QStringLiteral("\u00a0p w\u00a0");
+  EXPECT_EQ(LitAcces(valeurs).Manque, ManqueAcces::kRien);
+  EXPECT_EQ(LitAcces(valeurs).Acces.MotDePasse, valeurs.MotDePasseFtp);
+}
+
 TEST(MemoireDesSites, RequiresWhatAServerHasShownOnceAlsoInTheNextRun) {
   QTemporaryDir dossier;
   const QString fichier = MemoireSites::Fichier(dossier.path());
