@@ -18,6 +18,7 @@ FilmVoulu ComposeFilm(const IntrusionVue& vue, const QString& sortie, bool saitM
 }
 
 SauvegardeFilm::~SauvegardeFilm() {
+  disconnect();  // who listens may be going too
   if (EnCours_) Films_.Annule();
   delete Progres_.data();
 }
@@ -33,6 +34,7 @@ void SauvegardeFilm::Enregistre(QWidget* fenetre, const IntrusionVue& vue, Langu
 
 void SauvegardeFilm::Lance(QWidget* fenetre, const FilmVoulu& film, Langue langue) {
   EnCours_ = true;
+  Q_EMIT Change();
   Progres_ = new QProgressDialog(MotFilmEnCours(langue), MotAnnuler(langue), 0, static_cast<int>(film.Chemins.size()),
                                  fenetre);
   Progres_->setObjectName(QStringLiteral("FrmFilm"));
@@ -43,12 +45,16 @@ void SauvegardeFilm::Lance(QWidget* fenetre, const FilmVoulu& film, Langue langu
   Progres_->setAutoReset(false);
   Progres_->setValue(0);
   connect(Progres_, &QProgressDialog::canceled, this, [this] { Films_.Annule(); });
+  // The end of a film that is given up comes from the event loop, when this object may be gone.
+  const QPointer<SauvegardeFilm> ici = this;
   Films_.Ecrit(
       film,
-      [this](int photos) {
-        if (Progres_) Progres_->setValue(photos);
+      [ici](int photos) {
+        if (ici && ici->Progres_) ici->Progres_->setValue(photos);
       },
-      [this, sortie = film.Sortie, langue](const FilmFait& fait) { Acheve(fait, sortie, langue); });
+      [ici, sortie = film.Sortie, langue](const FilmFait& fait) {
+        if (ici) ici->Acheve(fait, sortie, langue);
+      });
 }
 
 void SauvegardeFilm::Acheve(const FilmFait& fait, const QString& sortie, Langue langue) {
@@ -57,6 +63,7 @@ void SauvegardeFilm::Acheve(const FilmFait& fait, const QString& sortie, Langue 
     Progres_->disconnect(this);
     Progres_->deleteLater();
   }
+  Q_EMIT Change();
   const QString dit = DitFilm(fait, sortie, langue);
   if (!dit.isEmpty()) Boites_.MontreMessage(dit, TitreFrise(langue), BoutonsBoite::kOk);
 }

@@ -30,6 +30,9 @@ class SauvegardeFilm : public QObject {
   /// Without effect for an intrusion without photos, and while a film is being saved.
   void Enregistre(QWidget* fenetre, const IntrusionVue& vue, Langue langue);
 
+ Q_SIGNALS:
+  void Change();  ///< a film begins, or is over
+
  private:
   void Lance(QWidget* fenetre, const FilmVoulu& film, Langue langue);
   void Acheve(const FilmFait& fait, const QString& sortie, Langue langue);

@@ -104,6 +104,7 @@ void FrmFrise::Branche() {
   connect(CmdEnregistrer_, &QAbstractButton::clicked, this, &FrmFrise::Enregistre);
   connect(CmdSupprimer_, &QAbstractButton::clicked, this, &FrmFrise::Supprime);
   connect(CmdFermer_, &QAbstractButton::clicked, this, &QWidget::close);
+  connect(Sauvegarde_.get(), &SauvegardeFilm::Change, this, &FrmFrise::EcritBoutons);
   connect(Cartes_, &ListeCartes::ChoixChange, this, [this](qsizetype intrusion) {
     Bande_->MontreChoix(intrusion);
     EcritBoutons();
@@ -150,7 +151,6 @@ void FrmFrise::Habille() {
 }
 
 void FrmFrise::Relit() {
-  EnLecture_ = true;
   EcritBoutons();
   if (!Chronique_) Cartes_->MontreAvis(DitLecture(DonneLangue()));
   Services_.Chroniques.LitChronique(
@@ -165,7 +165,6 @@ void FrmFrise::Recoit(std::shared_ptr<const Chronique> chronique) {
     if (!Chronique_) Cartes_->MontreAvis(DitSansReponse(DonneLangue()));
     return;
   }
-  EnLecture_ = false;
   const bool premiere = !Chronique_;
   const IntrusionVue* choisie = Choisie();
   const QDateTime debut = choisie != nullptr ? choisie->Debut : QDateTime();
@@ -189,7 +188,7 @@ void FrmFrise::MontreJour(const QDate& jour) {
   LblJournee_->setText(DitJournee(vu, *Chronique_, langue));
   Bande_->MontreJour(Chronique_, vu, langue);
   Cartes_->MontreJour(Chronique_, vu, langue);
-  Cartes_->MontreAvis(DitNuitCalme(vu, enVeille && Jour_ == aujourdhui, langue));
+  Cartes_->MontreAvis(vu.Intrusions.isEmpty() ? DitNuitCalme(vu, enVeille && Jour_ == aujourdhui, langue) : QString());
   Cartes_->MontreChoix(choix);
   Cartes_->verticalScrollBar()->setValue(defilement);
   const QString avant = MotJourAvant(langue, CompteIntrusions(*Chronique_, Jour_.addDays(-1)));

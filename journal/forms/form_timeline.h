@@ -87,7 +87,6 @@ class FrmFrise : public FenetreFrise {
   ServicesFrise Services_;
   std::shared_ptr<const Chronique> Chronique_;
   QDate Jour_;
-  bool EnLecture_ = false;
   bool Suppression_ = false;
   QTimer Relecture_;
   QLabel* LblJour_;

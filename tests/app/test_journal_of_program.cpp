@@ -1,8 +1,12 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What the whole program writes into its journal, and that nothing it does depends on that.
 #include <QAbstractItemView>
+#include <QComboBox>
+#include <QLabel>
+#include <QScreen>
 #include <QTest>
 #include <algorithm>
+#include <cerrno>
 
 #include "app/alarm_fixture.h"
 
@@ -159,6 +163,56 @@ TEST_F(JournalDuProgramme, TheTimelineOpensByItsKeyAndByTheGallerysButtonAndFoll
   EXPECT_EQ(Systeme.Chroniques.Lectures, 2);
   Programme->Ferme();
   EXPECT_FALSE(Fenetre("FrmFrise")->isVisible());
+}
+
+TEST_F(JournalDuProgramme, TheTimelineIsOneOpensFromTheGalleryTooStandsOnTheScreenAndNotBehindTheEnd) {
+  DemarreEtMontre();
+  QTest::mouseClick(Fenetre("Form1")->findChild<QWidget*>(QStringLiteral("BoutonGris(0)")), Qt::LeftButton);
+  QWidget* galerie = Fenetre("FormVisuPhoto");
+  galerie->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(galerie));
+  QTest::keyClick(galerie, Qt::Key_F4);
+  QWidget* frise = Fenetre("FrmFrise");
+  ASSERT_NE(frise, nullptr);
+  EXPECT_TRUE(frise->isVisible());
+  const QRect ecran = frise->screen()->availableGeometry();
+  EXPECT_TRUE(ecran.contains(QRect(frise->pos(), frise->size()))) << "as a whole";
+  EXPECT_LE((QRect(frise->pos(), frise->size()).center() - ecran.center()).manhattanLength(), 4);
+  frise->close();
+  Fenetre("Form1")->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(Fenetre("Form1")));
+  QTest::keyClick(Fenetre("Form1"), Qt::Key_F4);
+  EXPECT_EQ(Fenetre("FrmFrise"), frise);
+  EXPECT_TRUE(frise->isVisible());
+  Programme->Ferme();
+  const int lectures = Systeme.Chroniques.Lectures;
+  QTest::mouseClick(galerie->findChild<QWidget*>(QStringLiteral("CmdFrise")), Qt::LeftButton);
+  EXPECT_FALSE(frise->isVisible());
+  EXPECT_EQ(Systeme.Chroniques.Lectures, lectures);
+}
+
+TEST_F(JournalDuProgramme, AnOpenTimelineWearsTheSkinThatIsChosenAndSaysThatLinesAreLost) {
+  DemarreEtMontre();
+  Systeme.LignesJournal.Panne = ENOSPC;
+  QTest::keyClick(Fenetre("Form1"), Qt::Key_F4);
+  const QString avant = Fenetre("FrmFrise")->styleSheet();
+  EXPECT_TRUE(Fenetre("FrmFrise")
+                  ->findChild<QLabel*>(QStringLiteral("LblEtat"))
+                  ->text()
+                  .contains(QStringLiteral("ne peut pas")));
+  Trouve<QComboBox>("CombSkin")->setCurrentIndex(2);
+  QCoreApplication::processEvents();
+  EXPECT_NE(Fenetre("FrmFrise")->styleSheet(), avant);
+}
+
+TEST_F(JournalDuProgramme, AnArmedAlarmIsNoPageThatIsFreshAgain) {
+  ArmeEtBouge();
+  Programme->Sante().Signale(Condition::kPageAncienne);
+  Systeme.Temps.Avance(1000);
+  Programme->Sante().Leve(Condition::kPageAncienne);
+  Systeme.Temps.Avance(1000);
+  EXPECT_EQ(Derniere(Fait::kFinCondition).Mot, QStringLiteral("page-old"));
+  EXPECT_EQ(Faits().count(Fait::kPageRetablie), 0);
 }
 
 TEST_F(JournalDuProgramme, ErasingAnIntrusionGoesTheGallerysWayAndALineIsReadSoon) {

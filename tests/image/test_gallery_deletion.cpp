@@ -66,6 +66,22 @@ TEST_F(ReglesSuppression, NoToNamedPhotosLeavesThemAndSaysThatItIsOver) {
   EXPECT_EQ(finies, 1);
 }
 
+TEST_F(ReglesSuppression, ASecondListOfNamesUnderTheQuestionIsOverAtOnce) {
+  AjoutePhotos({QStringLiteral("a.jpg"), QStringLiteral("b.jpg")});
+  Galerie.OuvreGalerie();
+  Boites.Reponse = ReponseBoite::kOui;
+  QStringList finies;
+  Boites.Pendant = [&] {
+    Galerie.SupprimeDes(QStringLiteral("/p"), {QStringLiteral("b.jpg")}, QStringLiteral("b?"),
+                        [&] { finies += QStringLiteral("b"); });
+  };
+  Galerie.SupprimeDes(QStringLiteral("/p"), {QStringLiteral("a.jpg")}, QStringLiteral("a?"),
+                      [&] { finies += QStringLiteral("a"); });
+  EXPECT_EQ(finies, QStringList({QStringLiteral("b"), QStringLiteral("a")}));
+  EXPECT_EQ(Boites.Textes, QStringList{QStringLiteral("a?")});
+  EXPECT_TRUE(Disque.Existe(QStringLiteral("/p/b.jpg")));
+}
+
 TEST_F(ReglesSuppression, DeletionOfAllAsksAndFillsTheBarStepByStep) {
   AjoutePhotos(NomsSuivis(3));
   Disque.AjouteFichier(QStringLiteral("/p/notes.txt"));

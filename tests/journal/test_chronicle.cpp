@@ -2,6 +2,7 @@
 // What journal and photos tell together, in good order and in none.
 #include <gtest/gtest.h>
 
+#include "health/conditions.h"
 #include "journal/chronicle.h"
 
 namespace vaktor {
@@ -165,6 +166,90 @@ TEST_F(Chronicle, TwoProgramsInOneFileAreNotMixed) {
   EXPECT_EQ(c.DureeVeille(Le(22, 0), Le(23, 0)), 4 * 3'600'000) << "an hour of both is one hour";
   EXPECT_EQ(c.DureeVeille(Le(22, 3), Le(22, 5)), 2 * 3'600'000);
   EXPECT_EQ(c.DureeVeille(Le(21, 0), Le(22, 0)), 0);
+}
+
+TEST_F(Chronicle, WhatBlindsIsNoWatchAndIsCountedOnce) {
+  Ajoute(Fait::kArmee, Le(22, 2));
+  const auto entre = [this](const char* mot, int de, int a) {
+    Ajoute(Fait::kDebutCondition, Le(22, 3, de)).Mot = QLatin1String(mot);
+    Ajoute(Fait::kFinCondition, Le(22, 3, a)).Mot = QLatin1String(mot);
+  };
+  const auto veille = [this] {
+    Chronique c = Compose();
+    return c.DureeVeille(Le(22, 2), Le(22, 5)) / 60'000;
+  };
+  Ajoute(Fait::kDebutCondition, Le(22, 3)).Mot = MotCondition(Condition::kCourrielsEnAttente);
+  Ajoute(Fait::kFinCondition, Le(22, 4)).Mot = MotCondition(Condition::kCourrielsEnAttente);
+  Ajoute(Fait::kDesarmee, Le(22, 5));
+  EXPECT_EQ(veille(), 180) << "who sees without a mail still sees";
+  for (const Condition quoi : {Condition::kSignalPerdu, Condition::kDetectionArretee, Condition::kInterruption}) {
+    const JournalLu avant = Sources.Journal;
+    const QByteArray mot = MotCondition(quoi).toLatin1();
+    entre(mot.constData(), 10, 20);
+    EXPECT_EQ(veille(), 170) << mot.constData();
+    Sources.Journal = avant;
+  }
+  entre("signal-lost", 10, 20);
+  entre(MotCondition(Condition::kDetectionArretee).toLatin1().constData(), 15, 30);
+  EXPECT_EQ(veille(), 160);
+}
+
+TEST_F(Chronicle, ABandInsideAnotherOneTakesNothingFromIt) {
+  Ajoute(Fait::kArmee, Le(22, 2), "r1");
+  Ajoute(Fait::kArmee, Le(22, 3), "r2");
+  Ajoute(Fait::kDesarmee, Le(22, 4), "r2");
+  Ajoute(Fait::kDesarmee, Le(22, 6), "r1");
+  EXPECT_EQ(Compose().DureeVeille(Le(22, 0), Le(23, 0)), 4 * 3'600'000);
+}
+
+TEST_F(Chronicle, WhatIsToldTwiceBeganWithTheFirstAndEndsOnce) {
+  Ajoute(Fait::kArmee, Le(22, 2));
+  Ajoute(Fait::kArmee, Le(22, 3));
+  Ajoute(Fait::kDebutCondition, Le(22, 3)).Mot = QStringLiteral("signal-lost");
+  Ajoute(Fait::kDebutCondition, Le(22, 4)).Mot = QStringLiteral("signal-lost");
+  Ajoute(Fait::kFinCondition, Le(22, 5)).Mot = QStringLiteral("signal-lost");
+  Ajoute(Fait::kDesarmee, Le(22, 6));
+  const Chronique c = Compose();
+  ASSERT_EQ(c.Armees.size(), 1);
+  EXPECT_EQ(c.Armees[0].De, Le(22, 2));
+  ASSERT_EQ(c.Conditions.size(), 1) << "and nothing of it goes on";
+  EXPECT_EQ(c.Conditions[0].De, Le(22, 3));
+  EXPECT_EQ(c.Conditions[0].A, Le(22, 5));
+}
+
+TEST_F(Chronicle, AnIntrusionThatHasEndedIsOneAndABeginningWithoutAnEndIsOneToo) {
+  EntreeJournal& premiere = Ajoute(Fait::kDebutIntrusion, Le(22, 2));
+  premiere.Depuis = Le(22, 2);
+  Ajoute(Fait::kDebutIntrusion, Le(22, 3)).Depuis = Le(22, 3);
+  Intrusion(Le(22, 3), 1, 5);
+  const Chronique c = Compose();
+  ASSERT_EQ(c.Intrusions.size(), 2);
+  EXPECT_EQ(c.Intrusions[0].Debut, Le(22, 2)) << "its end was never written";
+  EXPECT_EQ(c.Intrusions[1].Photos.size(), 5);
+}
+
+TEST_F(Chronicle, IntrusionsStandInTheOrderOfTime) {
+  Intrusion(Le(22, 9), 50, 3, "r2");
+  Intrusion(Le(22, 3), 1, 3, "r1");
+  const Chronique c = Compose();
+  EXPECT_EQ(c.Intrusions[0].Debut, Le(22, 3));
+  EXPECT_EQ(c.Intrusions[1].Debut, Le(22, 9));
+}
+
+TEST_F(Chronicle, TwoIntrusionsDoNotShareAPhotoAndNoMoreThanEightFoldersAreLookedInto) {
+  Intrusion(Le(22, 3), 1, 5);
+  EntreeJournal deuxieme = Sources.Journal.Entrees.last();
+  deuxieme.Course = QStringLiteral("r2");
+  Sources.Journal.Entrees.append(deuxieme);  // of a copy of the journal's file
+  const Chronique c = Compose();
+  ASSERT_EQ(c.Intrusions.size(), 2);
+  EXPECT_EQ(c.Intrusions[0].Photos.size() + c.Intrusions[1].Photos.size(), 5);
+  for (int i = 0; i < 20; ++i) {
+    deuxieme.Dossier = QStringLiteral("/%1").arg(i);
+    Sources.Journal.Entrees.append(deuxieme);
+  }
+  EXPECT_EQ(DossiersCites(Sources.Journal, kDossier).size(), 8);
+  EXPECT_EQ(DossiersCites(Sources.Journal, kDossier).at(1), QStringLiteral("/19")) << "those of last";
 }
 
 TEST_F(Chronicle, TwoProgramsThatWriteTwoFoldersKeepTheirPhotos) {

@@ -104,6 +104,33 @@ TEST(JournalEntry, NumbersOutOfAllRangeAreCutAndNeverOverflow) {
   EXPECT_TRUE(lue->Cadres.isEmpty());
 }
 
+QByteArray Fin(const QByteArray& champs) {
+  return "{\"v\":1,\"at\":\"2026-11-22T03:00:00.000Z\",\"what\":\"intrusion-ends\"," + champs + "}";
+}
+
+TEST(JournalEntry, ABoxHasFourNumbersAndThoseOfPhotosFiveEachAndNoMoreThanALineHasRoomFor) {
+  EXPECT_TRUE(LitLigne(Fin("\"box\":[1,2,3,4,5]"))->Cadre.isEmpty());
+  EXPECT_EQ(LitLigne(Fin("\"box\":[1,2,3,4]"))->Cadre, QRect(1, 2, 3, 4));
+  const QList<CadrePhoto> un = {{7, QRect(1, 2, 3, 4)}};
+  EXPECT_EQ(LitLigne(Fin("\"boxes\":[7,1,2,3,4,8,1,2]"))->Cadres, un) << "a torn one is none";
+  QByteArray tous;
+  for (int i = 0; i < kCadresMax + 50; ++i) tous += "1,1,1,1,1,";
+  EXPECT_EQ(LitLigne(Fin("\"boxes\":[" + tous.chopped(1) + "]"))->Cadres.size(), kCadresMax);
+}
+
+TEST(JournalEntry, ATextIsCutAtItsBoundAndHalfACharacterIsNone) {
+  const auto lue = LitLigne(Fin("\"folder\":\"" + QByteArray(5000, 'x') + "\",\"best\":\"a\\ud83d\""));
+  ASSERT_TRUE(lue);
+  EXPECT_EQ(lue->Dossier.size(), 4096);
+  EXPECT_EQ(QString::fromUtf8(lue->Meilleure.toUtf8()), lue->Meilleure);
+  EXPECT_EQ(lue->Meilleure.at(0), u'a');
+}
+
+TEST(JournalEntry, TheYear3000IsDamage) {
+  EXPECT_TRUE(LitLigne("{\"v\":1,\"at\":\"2999-12-31T03:00:00.000Z\",\"what\":\"armed\"}"));
+  EXPECT_FALSE(LitLigne("{\"v\":1,\"at\":\"3000-01-01T03:00:00.000Z\",\"what\":\"armed\"}"));
+}
+
 TEST(JournalText, WhereverItIsCutOnlyTheTornLineIsLost) {
   const QByteArray ligne = EcritLigne({.Quoi = Fait::kArmee, .Quand = Moment(22, 3)}) + '\n';
   const QByteArray tout = ligne + ligne + ligne;

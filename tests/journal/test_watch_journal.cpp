@@ -262,6 +262,60 @@ TEST_F(WatchJournal, AGapOfTheMachineBeginsWhereTheClockWasLastLookedAt) {
   EXPECT_EQ(Prend(), "condition-begins");
 }
 
+TEST_F(WatchJournal, ATickThatComesLateIsNoGapAndAGapExplainsWhatIsToldSoonBehindItAlone) {
+  Journal.Lance();
+  Temps.Avance(5000);
+  Horloge.Debut = Horloge.Debut.addMSecs(JournalVeille::kTrouMs - 1000);
+  Temps.Avance(1000);
+  const QDateTime dit = LitMoment(Horloge);
+  const ConditionEnCours trou{Condition::kInterruption, dit, {}, 0};
+  Journal.Commence(trou);
+  EXPECT_EQ(Derniere().Depuis, dit) << "fifteen seconds are a busy machine";
+  Horloge.Debut = Horloge.Debut.addSecs(3600);
+  Temps.Avance(1000);
+  const ConditionEnCours perdue{Condition::kSignalPerdu, LitMoment(Horloge), {}, 0};
+  Journal.Commence(perdue);
+  EXPECT_EQ(Derniere().Depuis, perdue.Depuis) << "the gap itself alone began before it";
+  Temps.Avance(130'000);
+  const ConditionEnCours autre{Condition::kInterruption, LitMoment(Horloge), {}, 0};
+  Journal.Commence(autre);
+  EXPECT_EQ(Derniere().Depuis, autre.Depuis) << "that one is told already";
+}
+
+TEST_F(WatchJournal, AMovementBehindTicksThatWereHeldUpIsAnotherIntrusion) {
+  Arme();
+  Agit(40, QRect(1, 2, 3, 4), 1);
+  Temps.Avance(1000);
+  Horloge.Millisecondes += 12'000;  // no tick meanwhile
+  Agit(60, QRect(1, 2, 3, 4), 2);
+  EXPECT_EQ(Prend(), "intrusion-begins intrusion-ends");
+  EXPECT_EQ(Derniere().Photos, 1);
+  Temps.Avance(1000);
+  EXPECT_EQ(Prend(), "intrusion-begins");
+}
+
+TEST_F(WatchJournal, TheFirstOfEqualMovementsIsTheBest) {
+  Arme();
+  Agit(40, QRect(1, 2, 3, 4), 1);
+  Agit(40, QRect(9, 9, 9, 9), 2);
+  Temps.Avance(12000);
+  EXPECT_EQ(Derniere().Cadre, QRect(1, 2, 3, 4));
+  EXPECT_EQ(Derniere().Meilleure, Derniere().Premiere);
+}
+
+TEST_F(WatchJournal, PhotosOfAnotherFolderAreCountedAndNotNamed) {
+  Arme();
+  Agit(40, QRect(1, 2, 3, 4), 1);
+  Journal.NoteImage(90, QRect(5, 5, 5, 5));
+  Journal.NotePhoto(QStringLiteral("/q"), Photo(2));
+  Temps.Avance(12000);
+  EXPECT_EQ(Derniere().Photos, 2);
+  EXPECT_EQ(Derniere().Dossier, QStringLiteral("/p"));
+  EXPECT_EQ(Derniere().Derniere, Derniere().Premiere);
+  EXPECT_EQ(Derniere().Meilleure, Derniere().Premiere);
+  EXPECT_EQ(Derniere().Cadres.size(), 1);
+}
+
 TEST_F(WatchJournal, ThePageIsFreshAgainOnlyWhileItIsSwitchedOn) {
   Journal.Lance();
   Prend();
@@ -274,6 +328,16 @@ TEST_F(WatchJournal, ThePageIsFreshAgainOnlyWhileItIsSwitchedOn) {
   Journal.Commence(vieille);
   Journal.Finit(vieille, {});
   EXPECT_EQ(Prend(), "condition-begins condition-ends");
+}
+
+TEST_F(WatchJournal, TheEndOfAnythingElseRefreshesNoPage) {
+  Journal.Lance();
+  Page = true;
+  const ConditionEnCours perdue{Condition::kSignalPerdu, LitMoment(Horloge), {}, 0};
+  Journal.Commence(perdue);
+  Prend();
+  Journal.Finit(perdue, {});
+  EXPECT_EQ(Prend(), "condition-ends");
 }
 
 TEST_F(WatchJournal, AMailThatAServerHasTakenIsALine) {

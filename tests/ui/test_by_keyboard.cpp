@@ -3,10 +3,14 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QComboBox>
 #include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
 
 #include "engine/sensitivity_gauge.h"
+#include "ui/common/heard_roles.h"
 #include "ui/window_bench.h"
 
 namespace vaktor {
@@ -73,6 +77,22 @@ TEST_F(AuClavier, EnterAndSpaceLetTheGaugeSearchAgainAndMoveNothing) {
     EXPECT_TRUE(Banc.Temps.Trouve(QStringLiteral("TimerSeuil"))->EstActive()) << touche;
   }
   EXPECT_EQ(Seuil(), 1234);
+}
+
+TEST_F(AuClavier, AHeldKeyIsOneAndAKeyThatIsNotTheirsGoesOn) {
+  const auto envoie = [this](const char* nom, Qt::Key touche, bool tenue) {
+    QKeyEvent appui(QEvent::KeyPress, touche, Qt::NoModifier, {}, tenue);
+    QCoreApplication::sendEvent(Banc.Trouve(nom), &appui);
+    return appui.isAccepted();
+  };
+  Banc.Temps.Trouve(QStringLiteral("TimerSeuil"))->Desactive();
+  envoie("PictSeuil", Qt::Key_Return, true);
+  EXPECT_FALSE(Banc.Temps.Trouve(QStringLiteral("TimerSeuil"))->EstActive());
+  envoie("Picture2", Qt::Key_Return, true);
+  EXPECT_FALSE(Menu()->isVisible());
+  EXPECT_FALSE(envoie("PictSeuil", Qt::Key_A, false));
+  EXPECT_FALSE(envoie("Picture2", Qt::Key_A, false));
+  EXPECT_TRUE(envoie("PictSeuil", Qt::Key_Left, true)) << "a held arrow goes on";
 }
 
 TEST_F(AuClavier, MouseOnTheGaugeLeavesTheFocusInTheField) {
@@ -144,6 +164,16 @@ TEST_F(AuClavier, ScreenReaderOpensTheMenuOfTheSmallViewAndHearsItsMode) {
   EXPECT_EQ(vue->text(QAccessible::Name), QString::fromUtf8("Vue réduite"));
 }
 
+TEST_F(AuClavier, MenuOfTheSmallViewOpensOverItAndTheMouseLeavesTheFocusWhereItIs) {
+  Touche("Picture2", Qt::Key_Space);
+  const QWidget& vue = *Banc.Trouve("Picture2");
+  EXPECT_TRUE(QRect(vue.mapToGlobal(QPoint(0, 0)), vue.size()).contains(Menu()->pos()));
+  Menu()->close();
+  Banc.Trouve("Text1")->setFocus();
+  QTest::mouseClick(Banc.Trouve("Picture2"), Qt::LeftButton);
+  EXPECT_EQ(Banc.Fenetre.focusWidget(), Banc.Trouve("Text1"));
+}
+
 TEST_F(AuClavier, FocusOnGaugeAndSmallViewIsSeen) {
   for (const char* nom : {"PictSeuil", "Picture2"}) {
     const QImage sans = Banc.Trouve(nom)->grab().toImage();
@@ -178,6 +208,26 @@ TEST_F(AuClavier, LampsArePicturesAndListsAreCalledByLabels) {
     EXPECT_EQ(liens.first().first->text(QAccessible::Name), Banc.Trouve(nom)->accessibleName()) << nom;
   }
   EXPECT_FALSE(Banc.Trouve("NomDeCombSkin")->isVisible()) << "and nothing more is seen";
+}
+
+TEST_F(AuClavier, LabelOfAListIsOneAndFollowsItsName) {
+  QWidget parent;
+  QComboBox liste(&parent);
+  liste.setObjectName(QStringLiteral("L"));
+  NommeListe(liste, QStringLiteral("one"));
+  NommeListe(liste, QStringLiteral("two"));
+  const QList<QLabel*> etiquettes = parent.findChildren<QLabel*>();
+  ASSERT_EQ(etiquettes.size(), 1);
+  EXPECT_EQ(etiquettes.first()->text(), QStringLiteral("two"));
+  EXPECT_EQ(etiquettes.first()->buddy(), &liste);
+  EXPECT_TRUE(etiquettes.first()->isHidden());
+}
+
+TEST_F(AuClavier, AWindowIsHeardAsAWindowAndAFillerIsNone) {
+  QWidget fenetre;
+  QWidget remplissage(&fenetre);
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&fenetre)->role(), QAccessible::Window);
+  EXPECT_NE(QAccessible::queryAccessibleInterface(&remplissage)->role(), QAccessible::Window);
 }
 
 }  // namespace

@@ -77,6 +77,23 @@ TEST_F(Session, EachFolderOfSettingsHasAnEntryOfItsOwn) {
   EXPECT_EQ(NommeEntreeSession(QStringLiteral("/home/u/one/")), NommeEntreeSession(QStringLiteral("/home/u/one")));
 }
 
+TEST_F(Session, FolderAndFilmAreNamedFromTheRootWhereverTheProgramStood) {
+  const QString ici = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(Dossier.path()));
+  Ecrit(QStringLiteral("film.mkv"), "x");
+  DemarrageSessionXdg film(Autostart,
+                           {QStringLiteral("/opt/v/Vaktor"), QStringLiteral("film.mkv"), QStringLiteral("one")});
+  DemarrageSessionXdg adresse(Autostart, {QStringLiteral("/opt/v/Vaktor"), QStringLiteral("test"), {}});
+  const QString racine = QDir::currentPath();
+  ASSERT_TRUE(QDir::setCurrent(ici));
+  ASSERT_TRUE(film.Veut(true));
+  ASSERT_TRUE(adresse.Veut(true));
+  const QByteArray entree = Lit(Entree(racine + QStringLiteral("/one")));
+  EXPECT_TRUE(entree.contains("\"/camera:" + racine.toUtf8() + "/film.mkv\"")) << entree.constData();
+  EXPECT_TRUE(entree.contains("\"/dossier:" + racine.toUtf8() + "/one\"")) << entree.constData();
+  EXPECT_TRUE(Lit(Entree()).contains("\"/camera:test\""));
+}
+
 // As GLib reads it, which desktops start their entries with.
 TEST_F(Session, DesktopStartsTheProgramWithItsVeryWords) {
   const QString etrange = Dossier.path() + QStringLiteral("/a b \"c\" $HOME `d` \\e");

@@ -2,6 +2,7 @@
 // Journal and photos of a real folder, read on a thread: fifty thousand photos too.
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
@@ -56,6 +57,31 @@ TEST_F(ChronicleReader, PutsTogetherWhatJournalAndPhotosTell) {
   EXPECT_EQ(c->Intrusions[0].Photos.size(), 2);
   EXPECT_EQ(c->Intrusions[0].Parlante, fin.Meilleure);
   EXPECT_EQ(c->Intrusions[1].Photos, QStringList{Nom(9, 0, 0, 7)});
+}
+
+TEST_F(ChronicleReader, LooksIntoTheFoldersThatTheJournalNamesAndAsksFilesForTheirDay) {
+  const QDateTime nuit(QDate(2026, 11, 22), QTime(3, 0, 0));
+  ASSERT_TRUE(QDir(Dossier.path()).mkdir(QStringLiteral("q")));
+  EntreeJournal fin{.Quoi = Fait::kFinIntrusion, .Quand = nuit.addSecs(10)};
+  fin.Depuis = nuit;
+  fin.Dossier = Dossier.filePath(QStringLiteral("q"));
+  fin.Premiere = fin.Derniere = Nom(3, 0, 0, 1);
+  EntreeJournal armee{.Quoi = Fait::kArmee, .Quand = nuit.addSecs(-60), .Course = QStringLiteral("r2")};
+  Pose(QStringLiteral("journal.jsonl"), EcritLigne(armee) + '\n' + EcritLigne(fin) + '\n');
+  Pose(QStringLiteral("q/") + fin.Premiere);
+  // The run began on the day of the name, and the photo was taken on the next one.
+  Pose(Nom(5, 0, 0, 900));
+  QFile fichier(Dossier.filePath(Nom(5, 0, 0, 900)));
+  ASSERT_TRUE(fichier.open(QIODevice::ReadWrite));
+  ASSERT_TRUE(fichier.setFileTime(nuit.addDays(1).addSecs(7200), QFileDevice::FileModificationTime));
+  fichier.close();
+  const auto c = Lit();
+  ASSERT_TRUE(c);
+  ASSERT_EQ(c->Intrusions.size(), 2);
+  EXPECT_EQ(c->Intrusions[0].Photos, QStringList{fin.Premiere});
+  EXPECT_EQ(c->Intrusions[1].Debut, nuit.addDays(1).addSecs(7200));
+  ASSERT_EQ(c->Armees.size(), 1);
+  EXPECT_TRUE(c->Armees[0].EnCours) << "of this run";
 }
 
 TEST_F(ChronicleReader, AFolderThatIsGoneIsAnEmptyChronicle) {

@@ -113,6 +113,15 @@ TEST_F(Film, HoldsThePhotosAsTheyAreAtTheirTimes) {
   EXPECT_EQ(images[11].DureeMs, 500) << "players show the last one too";
 }
 
+TEST_F(Film, BeginsWithItsFirstPhotoWhateverTheDay) {
+  for (qint64& instant : Voulu.Instants) instant += 86'400'000;
+  ASSERT_EQ(Fait().Etat, EtatFilm::kFait);
+  const QList<ImageLue> images = LitImages(Voulu.Sortie, "matroskademux");
+  ASSERT_EQ(images.size(), 12);
+  EXPECT_EQ(images[0].Ms, 0);
+  EXPECT_EQ(images[11].Ms, 4400);
+}
+
 TEST_F(Film, IsMadeWithoutPhotosThatAreGoneDamagedOrOfAnotherSizeAndSaysHowMany) {
   QFile::remove(Voulu.Chemins[0]);
   Pose(Voulu.Chemins[5], QSize(80, 60), 3);

@@ -2,11 +2,13 @@
 // The journal's file on real disks.
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <cerrno>
@@ -172,6 +174,38 @@ TEST_F(JournalFile, WhatCannotBeWrittenIsLostAndTold) {
   for (int i = 0; i < 100 && fichier.Erreur() == 0; ++i) ::usleep(20'000);
   EXPECT_EQ(fichier.Erreur(), EINVAL) << "a pipe is no journal, and nobody waits at it";
   EXPECT_TRUE(LitFinJournal(Chemin()).isEmpty());
+}
+
+TEST_F(JournalFile, ALinkIsNotFollowed) {
+  const QString cible = Dossier.filePath(QStringLiteral("target"));
+  ASSERT_TRUE(QFile::link(cible, Chemin()));
+  FichierJournalSysteme fichier(Chemin());
+  fichier.Ajoute("x");
+  for (int i = 0; i < 100 && fichier.Erreur() == 0; ++i) ::usleep(20'000);
+  EXPECT_EQ(fichier.Erreur(), ELOOP);
+  EXPECT_FALSE(QFile::exists(cible));
+}
+
+// A lock that somebody holds is a disk that hangs.
+TEST_F(JournalFile, ADiskThatHangsKeepsSomeLinesAndHoldsUpNobodyNotEvenTheEnd) {
+  const int verrou = ::open(QFile::encodeName(Chemin()).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+  ASSERT_EQ(::flock(verrou, LOCK_EX), 0);
+  constexpr int kLignes = static_cast<int>(FichierJournalSysteme::kLignesEnAttente);
+  QElapsedTimer temps;
+  {
+    FichierJournalSysteme fichier(Chemin());
+    for (int i = 0; i < kLignes; ++i) fichier.Ajoute(QByteArray::number(i));
+    EXPECT_EQ(fichier.Erreur(), 0);
+    for (int i = 0; i < 100; ++i) fichier.Ajoute("lost");
+    EXPECT_EQ(fichier.Erreur(), ETIMEDOUT);
+    temps.start();
+  }
+  EXPECT_LT(temps.elapsed(), 20'000);
+  ::close(verrou);
+  // The thread was left behind; what it had it writes.
+  for (int i = 0; i < 1500 && Contenu().count('\n') < kLignes; ++i) ::usleep(20'000);
+  EXPECT_GE(Contenu().count('\n'), kLignes);
+  EXPECT_LE(Contenu().count("lost"), 1) << "one for the line that the thread has in its hands";
 }
 
 TEST_F(JournalFile, AFolderThatIsNotThereIsMadeForTheUserAlone) {
