@@ -79,8 +79,9 @@ void CourrielsAveugle::Finit(const ConditionEnCours& condition, const QDateTime&
 // Once all that ended in this tick is known. Who has switched mails off wants none, armed or not: then the pair stays
 // without its end.
 void CourrielsAveugle::DitFins() {
-  for (const Fin& fin : std::exchange(Fins_, {})) {
+  for (; !Fins_.isEmpty(); Fins_.removeFirst()) {
     if (!Ports_.Reglages.MailActif) continue;
+    const Fin& fin = Fins_.first();
     Envoie({ComposeFin(fin.Finie, fin.Jusqua, ChoisitFin(Ports_.Armee(), EstAveugle())), Ports_.Image()});
   }
 }
@@ -107,13 +108,12 @@ void CourrielsAveugle::DitDebut(Suivi& suivi, qint64 maintenantMs) {
   if (!suivi.EnCours || suivi.DebutDit || suivi.DernierDebut) return;
   if (maintenantMs - suivi.EnCours->DepuisMs < kAveugleMs) return;
   if (!Ports_.Reglages.MailActif || !Ports_.Armee()) return;
-  suivi.DebutDit = true;
-  suivi.DernierDebut = maintenantMs;
   Envoie({ComposeDebut(*suivi.EnCours), Ports_.Image()});
+  suivi.DebutDit = true;  // behind what may throw: then the next tick tries again
+  suivi.DernierDebut = maintenantMs;
 }
 
 void CourrielsAveugle::Envoie(const Courrier& courrier) {
-  ++EnRoute_;
   const std::weak_ptr<bool> vie = Vie_;
   Ports_.Depot.Depose(courrier.Courriel, courrier.Image, [this, vie, courrier](bool ecrit) {
     if (vie.expired()) return;
@@ -125,14 +125,15 @@ void CourrielsAveugle::Envoie(const Courrier& courrier) {
     Refuses_.append(courrier);
     if (!Reessai_) Reessai_ = MaintenantMs_ + kReessaiMs;
   });
+  ++EnRoute_;
 }
 
 // The beginning before its end, as they were refused.
 void CourrielsAveugle::ReessaieRefuses(qint64 maintenantMs) {
   if (!Reessai_ || maintenantMs < *Reessai_) return;
+  Reessai_ = maintenantMs + kReessaiMs;  // of what is still there when one of them throws
+  for (; !Refuses_.isEmpty(); Refuses_.removeFirst()) Envoie(Refuses_.first());
   Reessai_.reset();
-  const QList<Courrier> refuses = std::exchange(Refuses_, {});
-  for (const Courrier& courrier : refuses) Envoie(courrier);
 }
 
 }  // namespace vaktor

@@ -27,24 +27,32 @@ void AnnonceEtats::Commence(const ConditionEnCours& condition) { Suivis_[conditi
 void AnnonceEtats::Finit(const ConditionEnCours& condition, const QDateTime&) {
   Suivi& suivi = Suivis_[condition.Quoi];
   suivi.EnCours.reset();
-  if (std::exchange(suivi.DebutDit, false) && !EstEvenement(condition.Quoi)) Lance("end", condition);
+  if (std::exchange(suivi.DebutDit, false) && !EstEvenement(condition.Quoi)) suivi.Finie = condition;
 }
 
 bool AnnonceEtats::Tic(qint64 maintenantMs) {
   bool encore = false;
   for (Suivi& suivi : Suivis_) {
     if (suivi.DernierDebut && maintenantMs - *suivi.DernierDebut >= kPauseMs) suivi.DernierDebut.reset();
+    DitFin(suivi);
     DitDebut(suivi, maintenantMs);
     encore = encore || suivi.DernierDebut;
   }
   return encore;
 }
 
+// Here and below noted as told behind what may throw: then the next tick tries again.
+void AnnonceEtats::DitFin(Suivi& suivi) {
+  if (!suivi.Finie) return;
+  Lance("end", *suivi.Finie);
+  suivi.Finie.reset();
+}
+
 void AnnonceEtats::DitDebut(Suivi& suivi, qint64 maintenantMs) {
   if (!suivi.EnCours || suivi.DebutDit || suivi.DernierDebut) return;
+  Lance("begin", *suivi.EnCours);
   suivi.DebutDit = true;
   suivi.DernierDebut = maintenantMs;
-  Lance("begin", *suivi.EnCours);
 }
 
 void AnnonceEtats::Lance(const char* quoi, const ConditionEnCours& condition) {

@@ -31,9 +31,11 @@ class AnnonceEtats : public ObservateurSante {
   struct Suivi {
     std::optional<ConditionEnCours> EnCours;  // stands, or has happened and was not told yet
     bool DebutDit = false;                    // of the one that stands
+    std::optional<ConditionEnCours> Finie;    // its end is still to be told
     std::optional<qint64> DernierDebut;       // within the last minute
   };
 
+  void DitFin(Suivi& suivi);
   void DitDebut(Suivi& suivi, qint64 maintenantMs);
   void Lance(const char* quoi, const ConditionEnCours& condition);
 

@@ -2,6 +2,7 @@
 #include "health/watch_health.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vaktor {
 
@@ -57,19 +58,36 @@ void SanteVeille::Leve(Condition quoi) {
   }
 }
 
+// One that throws, for want of memory, keeps nobody behind it from being told, for nothing is told twice.
+template <typename Appel>
+void SanteVeille::Dit(const Appel& appel) {
+  for (ObservateurSante* observateur : std::as_const(Observateurs_)) {
+    try {
+      appel(*observateur);
+    } catch (...) {
+      if (!Echec_) Echec_ = std::current_exception();
+    }
+  }
+}
+
+// To the guard of the event loop, once everybody has been told.
+void SanteVeille::RelanceEchec() {
+  if (Echec_) std::rethrow_exception(std::exchange(Echec_, nullptr));
+}
+
 // True when something was told.
 bool SanteVeille::Regarde(Case& cas) {
   bool dit = false;
   if (!cas->Dite && MaintenantMs_ - cas->Condition_.DepuisMs >= DonneDuree(cas->Condition_.Quoi)) {
     cas->Dite = dit = true;
     const ConditionEnCours condition = cas->Condition_;
-    for (ObservateurSante* observateur : std::as_const(Observateurs_)) observateur->Commence(condition);
+    Dit([&](ObservateurSante& observateur) { observateur.Commence(condition); });
   }
   if (cas->Dite && cas->Levee) {
     const ConditionEnCours finie = cas->Condition_;
     cas.reset();
     dit = true;
-    for (ObservateurSante* observateur : std::as_const(Observateurs_)) observateur->Finit(finie, Maintenant());
+    Dit([&](ObservateurSante& observateur) { observateur.Finit(finie, Maintenant()); });
   }
   return dit;
 }
@@ -80,17 +98,15 @@ void SanteVeille::Tic() {
   for (Case& cas : Etats_) {
     if (cas && Regarde(cas)) change = true;
   }
-  for (ObservateurSante* observateur : std::as_const(Observateurs_)) {
-    if (change) observateur->Change();
-  }
+  if (change) Dit([](ObservateurSante& observateur) { observateur.Change(); });
   bool encore = false;
-  for (ObservateurSante* observateur : std::as_const(Observateurs_)) {
-    if (observateur->Tic(MaintenantMs_)) encore = true;
-  }
+  Dit([&](ObservateurSante& observateur) { encore = observateur.Tic(MaintenantMs_) || encore; });
   // An observer may have reported something by now.
-  if (!encore && std::none_of(Etats_.begin(), Etats_.end(), [](const Case& cas) { return cas.has_value(); })) {
+  if (!encore && !Echec_ &&
+      std::none_of(Etats_.begin(), Etats_.end(), [](const Case& cas) { return cas.has_value(); })) {
     Minuterie_->Desactive();
   }
+  RelanceEchec();
 }
 
 QList<ConditionEnCours> SanteVeille::EnCours() const {
@@ -119,10 +135,10 @@ void SanteVeille::OublieEvenements() {
     const ConditionEnCours vue = cas->Condition_;
     cas.reset();
     change = true;
-    for (ObservateurSante* observateur : std::as_const(Observateurs_)) observateur->Finit(vue, Maintenant());
+    Dit([&](ObservateurSante& observateur) { observateur.Finit(vue, Maintenant()); });
   }
-  if (!change) return;
-  for (ObservateurSante* observateur : std::as_const(Observateurs_)) observateur->Change();
+  if (change) Dit([](ObservateurSante& observateur) { observateur.Change(); });
+  RelanceEchec();
 }
 
 }  // namespace vaktor

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QString>
 #include <array>
+#include <exception>
 #include <memory>
 #include <optional>
 
@@ -25,7 +26,8 @@ struct ConditionEnCours {
   qint64 DepuisMs = 0;  ///< the same moment on the room's own count of milliseconds, which no clock change moves
 };
 
-/// Is told, from the room's tick and never from inside a report. User-interface thread; no call may wait.
+/// Is told, from the room's tick and never from inside a report. User-interface thread; no call may wait. What one
+/// throws costs it that call alone, and it is ticked again.
 class ObservateurSante {
  public:
   virtual ~ObservateurSante() = default;
@@ -82,6 +84,9 @@ class SanteVeille : public RapportSante {
   void Reveille();
   void Tic();
   bool Regarde(Case& cas);
+  template <typename Appel>
+  void Dit(const Appel& appel);
+  void RelanceEchec();
   QDateTime Maintenant() const { return LitMoment(Temps_); }
 
   const Horloge& Temps_;
@@ -91,7 +96,8 @@ class SanteVeille : public RapportSante {
   qint64 MaintenantMs_ = 0;  // ms that have passed while the timer ran; stands still while all is well
   qint32 DernierTic_ = 0;
   bool Lancee_ = false;
-  bool Change_ = false;  // a detail, since the last tick
+  bool Change_ = false;       // a detail, since the last tick
+  std::exception_ptr Echec_;  // the first that an observer has thrown while all of them are told
 };
 
 }  // namespace vaktor

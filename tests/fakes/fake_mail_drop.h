@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QList>
+#include <new>
 
 #include "health/ports/mail_drop.h"
 
@@ -15,6 +16,7 @@ class DepotFaux : public DepotCourriels {
     QImage Image;
   };
   void Depose(const CourrielVeille& courriel, const QImage& image, Fini fini) override {
+    if (SansMemoire) throw std::bad_alloc();
     Deposes.append({courriel, image});
     Attendent.append(std::move(fini));
   }
@@ -32,6 +34,7 @@ class DepotFaux : public DepotCourriels {
   QStringList Questions;
   QDate DernierJour;  ///< of an earlier run
   bool Muet = false;  ///< the disk does not say
+  bool SansMemoire = false;
 };
 
 }  // namespace vaktor::faux

@@ -284,5 +284,47 @@ TEST_F(Courriels, AnAnswerThatComesAfterTheRuleHasGoneTouchesNothing) {
   EXPECT_TRUE(Modules.Envois.isEmpty());
 }
 
+TEST_F(Courriels, WithoutMemoryNoneIsForgotten) {
+  Veille.Signale(Condition::kSignalPerdu);
+  Temps.Avance(59'000);
+  Depot.SansMemoire = true;
+  EXPECT_THROW(Temps.Avance(1000), std::bad_alloc);
+  Depot.SansMemoire = false;
+  Temps.Avance(1000);
+  EXPECT_EQ(Prend(), "+signal-lost") << "the beginning";
+  Depot.Repond(false);
+  Depot.SansMemoire = true;
+  Temps.Avance(29'000);
+  EXPECT_THROW(Temps.Avance(1000), std::bad_alloc);
+  Depot.SansMemoire = false;
+  Temps.Avance(CourrielsAveugle::kReessaiMs);
+  EXPECT_EQ(Prend(), "+signal-lost") << "one that had been refused";
+  Depot.Repond(true);
+  Veille.Leve(Condition::kSignalPerdu);
+  Depot.SansMemoire = true;
+  EXPECT_THROW(Temps.Avance(1000), std::bad_alloc);
+  Depot.SansMemoire = false;
+  Temps.Avance(1000);
+  EXPECT_EQ(Prend(), "-signal-lost") << "the end";
+  Depot.Repond(true);
+  Temps.Avance(CourrielsAveugle::kPauseMs);
+  EXPECT_FALSE(Tourne()) << "none counts as under way for ever";
+}
+
+TEST_F(Courriels, OfSeveralThatWereRefusedNoneIsLostWithTheOneThatFindsNoMemory) {
+  Veille.Signale(Condition::kSignalPerdu);
+  Veille.Signale(Condition::kDetectionArretee);
+  Temps.Avance(60'000);
+  Prend();
+  Depot.Repond(false);
+  Depot.Repond(false);
+  Temps.Avance(29'000);
+  Depot.SansMemoire = true;
+  EXPECT_THROW(Temps.Avance(1000), std::bad_alloc);
+  Depot.SansMemoire = false;
+  Temps.Avance(CourrielsAveugle::kReessaiMs);
+  EXPECT_EQ(Depot.Deposes.size(), 2);
+}
+
 }  // namespace
 }  // namespace vaktor

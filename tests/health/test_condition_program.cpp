@@ -83,5 +83,22 @@ TEST_F(EtatsAnnonces, OfWhatHappenedAndIsOverHaveNoEnd) {
   EXPECT_EQ(Prend(), "");
 }
 
+TEST_F(EtatsAnnonces, AreToldASecondLaterWhereThereWasNoMemory) {
+  Programme.SansMemoire = true;
+  Veille.Signale(Condition::kPhotosImpossibles);
+  EXPECT_THROW(Temps.Avance(1000), std::bad_alloc);
+  Programme.SansMemoire = false;
+  Temps.Avance(1000);
+  EXPECT_EQ(Prend(), "begin lame photos-not-written");
+  Programme.SansMemoire = true;
+  Veille.Leve(Condition::kPhotosImpossibles);
+  EXPECT_THROW(Temps.Avance(1000), std::bad_alloc);
+  Programme.SansMemoire = false;
+  Temps.Avance(1000);
+  EXPECT_EQ(Prend(), "end lame photos-not-written");
+  Temps.Avance(1000);
+  EXPECT_EQ(Prend(), "") << "once";
+}
+
 }  // namespace
 }  // namespace vaktor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // What stands, since when, from when on it counts, and who is told.
 #include <limits>
+#include <new>
 
 #include "health_bench.h"
 
@@ -250,6 +251,56 @@ TEST(Conditions, AMomentIsSaidInBothLanguages) {
   const QDateTime moment(QDate(2020, 1, 2), QTime(9, 5, 3));
   EXPECT_EQ(DitMoment(moment, Langue::kFrancais), QString::fromUtf8("2 janvier 2020 à 09:05:03"));
   EXPECT_EQ(DitMoment(moment, Langue::kAnglais), QStringLiteral("2 January 2020, 09:05:03"));
+}
+
+/// Has no memory when it is told, and counts what it was told.
+class ObservateurSansMemoire : public ObservateurSante {
+ public:
+  void Commence(const ConditionEnCours&) override { Jette(); }
+  void Finit(const ConditionEnCours&, const QDateTime&) override { Jette(); }
+  void Change() override { Jette(); }
+  bool Tic(qint64) override {
+    Jette();
+    return false;
+  }
+  bool SansMemoire = true;
+  int Dits = 0;
+
+ private:
+  void Jette() {
+    ++Dits;
+    if (SansMemoire) throw std::bad_alloc();
+  }
+};
+
+TEST(SanteSansMemoire, AnObserverThatThrowsKeepsNobodyFromBeingTold) {
+  faux::HorlogeVirtuelle horloge;
+  faux::TempsVirtuel temps(horloge);
+  SanteVeille veille(horloge, temps);
+  ObservateurSansMemoire premier;
+  ObservateurNote second;
+  veille.Observe(premier);
+  veille.Observe(second);
+  veille.Lance();
+  veille.Signale(Condition::kPhotosImpossibles);
+  veille.Signale(Condition::kReglagesNonSauves);
+  veille.Signale(Condition::kInterruption);
+  EXPECT_THROW(temps.Avance(1000), std::bad_alloc) << "the guard of the event loop is told";
+  EXPECT_EQ(premier.Dits, 5) << "three beginnings, the change and the tick";
+  EXPECT_EQ(second.Notes.size(), 3);
+  EXPECT_EQ(second.Changements, 1);
+  EXPECT_EQ(second.Tics.size(), 1);
+  EXPECT_THROW(veille.OublieEvenements(), std::bad_alloc);
+  EXPECT_EQ(second.Notes.last(), "-interruption");
+  EXPECT_EQ(second.Changements, 2);
+  veille.Leve(Condition::kPhotosImpossibles);
+  veille.Leve(Condition::kReglagesNonSauves);
+  EXPECT_THROW(temps.Avance(1000), std::bad_alloc);
+  EXPECT_EQ(second.Notes.size(), 6);
+  EXPECT_TRUE(temps.Trouve(QStringLiteral("Sante"))->EstActive()) << "whoever has thrown may want another tick";
+  premier.SansMemoire = false;
+  temps.Avance(1000);
+  EXPECT_FALSE(temps.Trouve(QStringLiteral("Sante"))->EstActive());
 }
 
 }  // namespace
