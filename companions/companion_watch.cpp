@@ -162,8 +162,8 @@ void VeilleCompagnons::Meurt(Compagnon compagnon) {
   suivi.Programme.reset();
   suivi.Etat = Vie::kMort;
   if (Phase_ == Phase::kFin) return;  // asked to leave with the program: no death
+  PrevoitRelance(compagnon);          // first: whatever throws below is no reason never to start it again
   if (!attendu) Perd(compagnon, DitFin(LangueParlee(Ports_.Reglages.LangueCourante)));
-  PrevoitRelance(compagnon);
 }
 
 void VeilleCompagnons::PrevoitRelance(Compagnon compagnon) {
@@ -202,10 +202,9 @@ void VeilleCompagnons::RegardeCasiers() {
 void VeilleCompagnons::Relance(Compagnon compagnon) {
   Suivi& suivi = Trouve(compagnon);
   suivi.EnPause = false;
-  if (std::exchange(suivi.Errants, false) && Ports_.TermineErrants)
-    TermineErrants(compagnon);
-  else
-    LanceEncore(compagnon);
+  if (suivi.Errants && Ports_.TermineErrants) return TermineErrants(compagnon);
+  suivi.Errants = false;
+  LanceEncore(compagnon);
 }
 
 // A copy that was killed has left its companions behind, and they register with whoever stands in the store: two of
@@ -221,6 +220,7 @@ void VeilleCompagnons::TermineErrants(Compagnon compagnon) {
     balaye.TimerRelance->Desactive();
     LanceEncore(compagnon);
   });
+  suivi.Errants = false;
 }
 
 // Each of them would soon hang where those before it do, and they would gather as long as the disk is silent.
@@ -229,7 +229,13 @@ void VeilleCompagnons::LanceEncore(Compagnon compagnon) {
     Ports_.Sante.Signale(DonneCondition(compagnon), DitTenu(LangueParlee(Ports_.Reglages.LangueCourante)));
     return PrevoitRelance(compagnon);
   }
-  if (Demarre(compagnon, true)) return;
+  try {
+    if (Demarre(compagnon, true)) return;
+  } catch (...) {
+    Trouve(compagnon).Errants = true;  // it may run, and nobody follows it
+    PrevoitRelance(compagnon);
+    throw;
+  }
   Ports_.Sante.Signale(DonneCondition(compagnon),
                        Ports_.Dossiers.Executables + QLatin1Char('/') + DonneIdentite(compagnon).Programme);
   PrevoitRelance(compagnon);

@@ -2,6 +2,8 @@
 // Companions that end, hang, are missing or do not register: in virtual time, with processes that are a list.
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "base/failure.h"
 #include "companions/companion_fakes.h"
 #include "fakes/fake_health_report.h"
@@ -31,15 +33,20 @@ struct Veille : testing::Test {
                                   [this] { Journal << QStringLiteral("republie"); }}};
   VeilleCompagnons Regles{
       PortsVeille{Processus, Canal, Etat, Temps, Sante, Dossiers, Reglages, Casiers,
-                  [this](Compagnon c) { Journal << QStringLiteral("perte ") + DonneIdentite(c).Section; },
+                  [this](Compagnon c) {
+                    if (SansMemoire) throw std::bad_alloc();
+                    Journal << QStringLiteral("perte ") + DonneIdentite(c).Section;
+                  },
                   [this](Compagnon c) { Journal << QStringLiteral("retour ") + DonneIdentite(c).Section; },
                   [this](Compagnon c, std::function<void()> fini) {
+                    if (SansMemoire) throw std::bad_alloc();
                     Journal << QStringLiteral("balaie ") + DonneIdentite(c).Section;
                     Balais.append(std::move(fini));
                     if (!BalaiMuet) Balais.takeLast()();
                   }}};
   QList<std::function<void()>> Balais;
-  bool BalaiMuet = false;  ///< the sweep takes long
+  bool BalaiMuet = false;    ///< the sweep takes long
+  bool SansMemoire = false;  ///< for what is called back
 
   void Lance() {
     for (const Compagnon compagnon : kCompagnons) EXPECT_TRUE(Regles.Lance(compagnon));
@@ -164,6 +171,40 @@ TEST_F(Veille, AMissingProgramIsAConditionAndIsTriedAgain) {
   EXPECT_EQ(Relances(kFtp), 3);
   Inscrit(Compagnon::kFtp);
   EXPECT_FALSE(Sante.Dure(Condition::kCompagnonFtp));
+}
+
+TEST_F(Veille, OneThatFindsNoMemoryToBeStartedIsSweptAndTriedAgainLikeOneThatIsMissing) {
+  LanceEtInscrit();
+  Processus.Finit(kSon);
+  Processus.SansMemoire = true;
+  EXPECT_THROW(Secondes(1), std::bad_alloc);
+  Processus.SansMemoire = false;
+  Journal.clear();
+  Temps.Avance(4999);
+  EXPECT_EQ(Relances(kSon), 0);
+  Temps.Avance(1);
+  EXPECT_EQ(Journal, QStringList({"balaie SON", "relance " + kSon})) << "it may run, and nobody follows it";
+}
+
+TEST_F(Veille, OneWhoseSweepFindsNoMemoryIsSweptLater) {
+  LanceEtUneAutreCopieFinitTout();
+  Secondes(1);
+  Canal.Presents.clear();
+  SansMemoire = true;
+  EXPECT_THROW(Secondes(5), std::bad_alloc);
+  SansMemoire = false;
+  Secondes(20);
+  for (const char* qui : {"FTP", "MAIL", "SON"}) EXPECT_TRUE(Journal.contains(QLatin1String("balaie ") + qui)) << qui;
+  for (const QString& chemin : {kFtp, kMail, kSon}) EXPECT_EQ(Relances(chemin), 1);
+}
+
+TEST_F(Veille, WhateverIsThrownWhenItsEndIsToldItIsStartedAgain) {
+  LanceEtInscrit();
+  SansMemoire = true;
+  EXPECT_THROW(Processus.Finit(kSon), std::bad_alloc);
+  SansMemoire = false;
+  Secondes(1);
+  EXPECT_EQ(Relances(kSon), 1);
 }
 
 TEST_F(Veille, AMissingProgramAtTheLaunchIsForTheLaunchToTell) {
