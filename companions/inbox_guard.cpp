@@ -56,8 +56,15 @@ void GardeCasiers::Recoit(int tour, const std::optional<PoigneesPubliees>& lues)
 bool GardeCasiers::Juge(const PoigneesPubliees& lues) {
   const PoigneesPubliees siennes = Ports_.Siennes();
   bool autre = false;
-  for (std::size_t i = 0; i < lues.size(); ++i)
-    autre = autre || (lues.at(i) != siennes.at(i) && Ports_.Canal.Repond(lues.at(i)));
+  bool inconnu = false;
+  for (std::size_t i = 0; i < lues.size() && !autre; ++i) {
+    if (lues.at(i) == siennes.at(i)) continue;
+    const std::optional<bool> repond = Ports_.Canal.Repond(lues.at(i));
+    autre = repond.value_or(false);
+    inconnu = inconnu || !repond;
+  }
+  // Whoever publishes over a copy that lives takes its companions away.
+  if (inconnu && !autre) return Siennes_;
   if (autre) {
     Ports_.Sante.Signale(Condition::kCasiersPerdus);
     Ports_.Sante.Leve(Condition::kCasiersNonEcrits);  // nothing of ours is to be written any more

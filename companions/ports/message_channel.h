@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <functional>
+#include <optional>
 
 #include "companions/contract/command_words.h"
 
@@ -36,8 +37,9 @@ class CanalMessages {
   virtual Prise DonnePrise(qint32 poignee) = 0;
   /// Whoever had this command window has gone without closing it: what waits for it and what it left behind goes too.
   virtual void OublieFenetre(qint32 poignee) noexcept = 0;
-  /// True when a process holds this handle now, inbox or command window. Sends nothing.
-  virtual bool Repond(qint32 poignee) const = 0;
+  /// Whether a process holds this handle now, inbox or command window; nothing when the system does not tell. Sends
+  /// nothing.
+  virtual std::optional<bool> Repond(qint32 poignee) const = 0;
 };
 
 }  // namespace vaktor

@@ -37,7 +37,7 @@ qint64 LienPrincipal::Age() const {
 
 bool LienPrincipal::Enregistre() {
   const qint32 poignee = Ports_.LitHwndvk();
-  if (poignee == PoigneePrincipale_ || !Ports_.Dossier.Repond(poignee)) return false;
+  if (poignee == PoigneePrincipale_ || !Ports_.Dossier.Repond(poignee).value_or(false)) return false;
   PoigneePrincipale_ = poignee;
   Dis(kMotHwnd + QString::number(Fenetre_.Poignee()));
   Ports_.SurEnregistrement(JugeInscription(poignee));
@@ -55,7 +55,13 @@ Inscription LienPrincipal::JugeInscription(qint32 poignee) {
 
 void LienPrincipal::Verifie() {
   // The store first: a second main program may have published its handle while the first one still answers.
-  if (Enregistre() || Ports_.Dossier.Repond(PoigneePrincipale_)) {
+  if (Enregistre()) {
+    Absence_ = 0;
+    return;
+  }
+  const std::optional<bool> repond = Ports_.Dossier.Repond(PoigneePrincipale_);
+  if (!repond) return;  // who has no descriptor left to ask with is not alone for that
+  if (*repond) {
     Absence_ = 0;
     return;
   }

@@ -58,12 +58,12 @@ QByteArray DossierCanal::DonneAdresse(qint32 poignee) const {
   return QFile::encodeName(Chemin_ + QLatin1Char('/') + QString::number(poignee));
 }
 
-bool DossierCanal::Repond(qint32 poignee) const {
+std::optional<bool> DossierCanal::Repond(qint32 poignee) const {
   if (poignee <= 0) return false;
   const std::optional<sockaddr_un> adresse = FormeAdresse(DonneAdresse(poignee));
   if (!adresse) return false;
   const int sonde = ::socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  if (sonde < 0) return false;
+  if (sonde < 0) return std::nullopt;
   // Connecting a datagram socket only looks the address up: nobody is disturbed.
   const bool present = ConnecteSocket(sonde, *adresse) == 0 || errno == EAGAIN;
   ::close(sonde);
@@ -87,7 +87,7 @@ void DossierCanal::BalaiePerimees() const {
 }
 
 void DossierCanal::RetireSiPerimee(qint32 poignee) const {
-  if (poignee > 0 && !Repond(poignee)) ::unlink(DonneAdresse(poignee).constData());
+  if (poignee > 0 && Repond(poignee) == false) ::unlink(DonneAdresse(poignee).constData());
 }
 
 }  // namespace vaktor

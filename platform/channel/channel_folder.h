@@ -27,8 +27,9 @@ class DossierCanal {
   const QString& Chemin() const { return Chemin_; }
   QByteArray DonneAdresse(qint32 poignee) const;  ///< full path of the socket
 
-  /// True when a process holds this handle now. Sends nothing.
-  bool Repond(qint32 poignee) const;
+  /// Whether a process holds this handle now; nothing when the system has no descriptor to find that out. Sends
+  /// nothing.
+  std::optional<bool> Repond(qint32 poignee) const;
   /// When this handle was opened, in milliseconds since 1970; nothing when it is not there.
   std::optional<qint64> DonneOuverture(qint32 poignee) const;
   /// Removes this handle's socket when no process holds it any more.

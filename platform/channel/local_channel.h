@@ -4,6 +4,7 @@
 
 #include <map>
 #include <memory>
+#include <optional>
 
 #include "companions/ports/message_channel.h"
 #include "platform/channel/channel_folder.h"
@@ -23,7 +24,7 @@ class CanalLocal : public CanalMessages {
   void PosteTouche(qint32 poignee, qint32 code, Tenue tenue) noexcept override;
   Prise DonnePrise(qint32 poignee) override;
   void OublieFenetre(qint32 poignee) noexcept override;
-  bool Repond(qint32 poignee) const override { return Dossier_.Repond(poignee); }
+  std::optional<bool> Repond(qint32 poignee) const override { return Dossier_.Repond(poignee); }
 
  private:
   DossierCanal Dossier_;

@@ -85,7 +85,7 @@ class CanalNote : public CanalMessages {
   void OublieFenetre(qint32 poignee) noexcept override {
     J_.Note([=] { return QStringLiteral("channel: forget %1").arg(poignee); });
   }
-  bool Repond(qint32 poignee) const override { return Autres_.contains(poignee); }
+  std::optional<bool> Repond(qint32 poignee) const override { return Autres_.contains(poignee); }
 
  private:
   Journal& J_;

@@ -41,12 +41,16 @@ class CanalFaux : public CanalMessages {
   }
   Prise DonnePrise(qint32 poignee) override { return Prises.value(poignee, Prise::kRien); }
   void OublieFenetre(qint32 poignee) noexcept override { J_ << QStringLiteral("oublie %1").arg(poignee); }
-  bool Repond(qint32 poignee) const override { return Presents.contains(poignee); }
+  std::optional<bool> Repond(qint32 poignee) const override {
+    if (SansDescripteur) return std::nullopt;
+    return Presents.contains(poignee);
+  }
   std::map<qint32, std::function<void(const QString&)>> Casiers;
   qint32 Prochaine = 1001;
   Tenue DerniereTenue = Tenue::kOrdinaire;
   QMap<qint32, Prise> Prises;
-  QList<qint32> Presents;  ///< handles that somebody holds
+  QList<qint32> Presents;        ///< handles that somebody holds
+  bool SansDescripteur = false;  ///< who holds what cannot be found out
 
  private:
   QStringList& J_;
@@ -156,6 +160,7 @@ class ProcessusFaux : public Processus {
   }
   std::unique_ptr<ProgrammeSuivi> LanceSuivi(const Lancement& quoi, std::function<void()> fini) override {
     J_ << (quoi.Relance ? QStringLiteral("relance ") : QStringLiteral("lance ")) + quoi.Chemin;
+    if (SansMemoire) throw std::bad_alloc();
     if (Absents.contains(quoi.Chemin)) return nullptr;
     const int numero = ++Lances_;
     EnMarche_[numero] = {quoi.Chemin, std::move(fini)};
@@ -179,6 +184,7 @@ class ProcessusFaux : public Processus {
   QList<qint32> Immortels;
   QList<qint32> FinisSeuls;  ///< end by themselves, just as they are to be ended, and another one follows
   QStringList Absents;
+  bool SansMemoire = false;
 
  private:
   class Suivi : public ProgrammeSuivi {

@@ -165,5 +165,19 @@ TEST_F(Garde, AfterTheEndNobodyIsToldAndNothingWritten) {
   EXPECT_TRUE(Journal.isEmpty());
 }
 
+TEST_F(Garde, ACopyThatNobodyCanAskAfterIsNotPublishedOver) {
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
+  Canal.SansDescripteur = true;
+  EXPECT_EQ(Regarde(), "ours") << "as before";
+  EXPECT_TRUE(Journal.isEmpty());
+  Canal.SansDescripteur = false;
+  Canal.Presents = {5001, 5002, 5003};
+  EXPECT_EQ(Regarde(), "lost");
+  Canal.SansDescripteur = true;
+  EXPECT_EQ(Regarde(), "lost") << "as before";
+  EXPECT_TRUE(Sante.Dure(Condition::kCasiersPerdus));
+  EXPECT_TRUE(Journal.isEmpty());
+}
+
 }  // namespace
 }  // namespace vaktor::essai

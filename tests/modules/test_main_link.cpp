@@ -7,6 +7,7 @@
 #include "fakes/virtual_timers.h"
 #include "modules/common/main_link.h"
 #include "support/event_wait.h"
+#include "support/no_descriptor.h"
 
 namespace vaktor::essai {
 namespace {
@@ -168,6 +169,19 @@ TEST_F(Lien, GivesUpOnceWhenTheMainProgramIsGoneForGood) {
   Temps.Avance(1);
   EXPECT_EQ(Pertes, 1);
   Temps.Avance(1000000);
+  EXPECT_EQ(Pertes, 1);
+}
+
+TEST_F(Lien, WithoutADescriptorToAskWithItDoesNotGiveUp) {
+  Lien_.Demarre();
+  {
+    const SansDescripteur sans;
+    Temps.Avance(10 * LienPrincipal::kAbandon);
+  }
+  Temps.Avance(LienPrincipal::kAbandon);
+  EXPECT_EQ(Pertes, 0);
+  Principal.reset();
+  Temps.Avance(LienPrincipal::kAbandon);
   EXPECT_EQ(Pertes, 1);
 }
 

@@ -33,12 +33,12 @@ TEST_F(Programmes, TheSoundCompanionRegistersAndEndsWhenItIsTold) {
   Lance(VAKTOR_SOUND);
   ASSERT_TRUE(AttendInscription());
   EXPECT_TRUE(NeLaisseAucuneImage(Programme.processId()));
-  EXPECT_TRUE(Dossier.Repond(Etat.HandleSon));
+  EXPECT_EQ(Dossier.Repond(Etat.HandleSon), true);
   Envois.EnvoiSon(Commande::kQuitte);
   ASSERT_TRUE(AttendFin());
   EXPECT_EQ(Programme.exitStatus(), QProcess::NormalExit);
   EXPECT_EQ(Programme.exitCode(), 0);
-  EXPECT_FALSE(Dossier.Repond(Etat.HandleSon)) << "it takes its box with it";
+  EXPECT_EQ(Dossier.Repond(Etat.HandleSon), false) << "it takes its box with it";
 }
 
 TEST_F(Programmes, TheSoundCompanionReadsTheStoreAgainWhenItIsTold) {

@@ -13,6 +13,7 @@
 #include "platform/channel/local_channel.h"
 #include "platform/channel/socket_address.h"
 #include "support/event_wait.h"
+#include "support/no_descriptor.h"
 
 namespace vaktor::essai {
 namespace {
@@ -61,7 +62,7 @@ TEST_F(Canal, HandlesAreAllDifferentAndNamedInDecimal) {
   const qint32 b = OuvreNotant();
   EXPECT_NE(a, b);
   EXPECT_GT(a, 0);
-  EXPECT_TRUE(Dossier.Repond(a));
+  EXPECT_EQ(Dossier.Repond(a), true);
   EXPECT_EQ(QDir(Dossier.Chemin()).entryList(QDir::System).contains(QString::number(a)), true);
 }
 
@@ -69,7 +70,7 @@ TEST_F(Canal, AClosedBoxAnswersNoMore) {
   const qint32 casier = OuvreNotant();
   Autre.Envoie(casier, "Conne");
   Local.FermeCasier(casier);
-  EXPECT_FALSE(Dossier.Repond(casier));
+  EXPECT_EQ(Dossier.Repond(casier), false);
   EXPECT_FALSE(Autre.Envoie(casier, "Conne"));
   QCoreApplication::processEvents();
   EXPECT_TRUE(Recus.isEmpty());
@@ -238,12 +239,22 @@ TEST_F(Canal, WhatACrashLeftIsSweptAndTheLivingAreLeft) {
   ::close(mort);  // closed without removing its name, as a crash does
   QFile etranger(Dossier.Chemin() + "/lettre");
   ASSERT_TRUE(etranger.open(QIODevice::WriteOnly));
-  EXPECT_FALSE(Dossier.Repond(777777));
+  EXPECT_EQ(Dossier.Repond(777777), false);
   const CanalLocal second(Dossier);
   EXPECT_FALSE(QFileInfo::exists(QFile::decodeName(Dossier.DonneAdresse(777777))) ||
                QDir(Dossier.Chemin()).entryList(QDir::System).contains("777777"));
-  EXPECT_TRUE(Dossier.Repond(vivante));
+  EXPECT_EQ(Dossier.Repond(vivante), true);
   EXPECT_TRUE(etranger.exists());
+}
+
+TEST_F(Canal, WithoutADescriptorNobodyCountsAsGone) {
+  const qint32 vivante = OuvreNotant();
+  {
+    const SansDescripteur sans;
+    EXPECT_EQ(Dossier.Repond(vivante), std::nullopt);
+    Dossier.RetireSiPerimee(vivante);
+  }
+  EXPECT_EQ(Dossier.Repond(vivante), true);
 }
 
 TEST_F(Canal, TwoInstancesShareTheFolder) {

@@ -158,13 +158,13 @@ TEST_F(Attente, OfAWindowThatHasGoneNothingIsLeft) {
   ASSERT_EQ(LieSocket(morte, *adresse), 0);
   canal.PosteTouche(777777, 65, Tenue::kGardee);
   canal.PosteTouche(777777, 66, Tenue::kGardee);
-  EXPECT_TRUE(canal.Repond(777777));
+  EXPECT_EQ(canal.Repond(777777), true);
   ::close(morte);  // without removing its name, as a process that is killed
   canal.OublieFenetre(777777);
   EXPECT_EQ(canal.DonnePrise(777777), Prise::kRien);
   EXPECT_FALSE(QDir(Dossier.Chemin()).entryList(QDir::System).contains("777777"));
   canal.OublieFenetre(Poignee);
-  EXPECT_TRUE(canal.Repond(Poignee)) << "one that is there keeps its name";
+  EXPECT_EQ(canal.Repond(Poignee), true) << "one that is there keeps its name";
 }
 
 }  // namespace
