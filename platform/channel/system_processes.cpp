@@ -127,13 +127,21 @@ std::unique_ptr<ProgrammeSuivi> ProcessusSysteme::LanceSuivi(const Lancement& qu
 }
 
 bool ProcessusSysteme::Demarre(const Lancement& quoi, qint64& pid) const {
-  const QFileInfo fichier(quoi.Chemin);
-  if (!fichier.isFile() || !fichier.isExecutable()) return false;
+  // Asked on another thread: a start waits for the program's disk, and the window would with it.
+  const std::optional<bool> lisible = Travaux_.Attend<bool>(
+      [chemin = quoi.Chemin] {
+        QFile fichier(chemin);
+        const bool la = QFileInfo(chemin).isFile() && QFileInfo(chemin).isExecutable();
+        if (la && fichier.open(QIODevice::ReadOnly)) fichier.read(1);
+        return la;
+      },
+      kPatienceDisque);
+  if (!lisible.value_or(false)) return false;
   QProcess programme;
   programme.setProgram(quoi.Chemin);
   // Started on its own, not as a child: nothing waits for it, and its end leaves no trace in the table.
   programme.setStandardInputFile(QProcess::nullDevice());
-  programme.setWorkingDirectory(fichier.absolutePath());
+  programme.setWorkingDirectory(QFileInfo(quoi.Chemin).absolutePath());
   QProcessEnvironment milieu = DonneMilieuCompagnon(DossierPrive_);
   if (quoi.Relance) milieu.insert(kVariableRelance, QStringLiteral("1"));
   programme.setProcessEnvironment(milieu);

@@ -6,8 +6,10 @@
 #include <QObject>
 #include <QProcessEnvironment>
 #include <QString>
+#include <chrono>
 
 #include "companions/ports/processes.h"
+#include "platform/folders/bounded_work.h"
 
 namespace vaktor {
 
@@ -22,6 +24,8 @@ class ProcessusSysteme : public Processus {
   /// Milliseconds that a mail companion has beyond: it waits for the server's answer to a mail that is under way, and
   /// one that is ended before sends that mail a second time. It ends by itself within fifteen seconds.
   static constexpr int kPatienceMail = 16'000;
+  /// For the disk of a program that is to be started; one that does not answer has none.
+  static constexpr std::chrono::milliseconds kPatienceDisque{700};
   static constexpr int kDelaiForce = 200;  ///< milliseconds that the system has to take a killed process away
 
   /// `dossierPrive` is the private folder of this run, empty where there is none. It is handed to every program that is
@@ -40,6 +44,7 @@ class ProcessusSysteme : public Processus {
 
   QString DossierPrive_;
   int PatienceMail_;
+  mutable TravauxBornes Travaux_;
   QObject Contexte_;  // of the ends by force that are still to come
 };
 

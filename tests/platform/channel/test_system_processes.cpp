@@ -10,11 +10,15 @@
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QThread>
+#include <atomic>
 #include <cerrno>
+#include <thread>
 
 #include "companions/contract/command_words.h"
 #include "platform/channel/followed_program.h"
 #include "platform/channel/system_processes.h"
+#include "support/dead_folder.h"
 #include "support/event_wait.h"
 
 namespace vaktor::essai {
@@ -497,6 +501,23 @@ TEST_F(Systeme, RunsWithPrivateFoldersDoNotSeeEachOther) {
   EXPECT_FALSE(Trouve(b, programme.processId())) << "a demonstration must not end the companions of the user's watch";
   programme.kill();
   programme.waitForFinished();
+}
+
+TEST_F(Systeme, AProgramOnADiskThatDoesNotAnswerCountsAsMissingAndHoldsNobody) {
+  DossierMort mort;
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  // Whoever waits for that disk is let go in the end, so that this test fails and does not hang.
+  std::atomic<bool> fini = false;
+  std::thread reveil([&] {
+    for (int i = 0; i < 150 && !fini; ++i) QThread::msleep(100);
+    mort.Reveille();
+  });
+  QElapsedTimer temps;
+  temps.start();
+  EXPECT_FALSE(Demarre(Processus, mort.Chemin("/VAKTORsound")));
+  EXPECT_LT(temps.elapsed(), 10'000);
+  fini = true;
+  reveil.join();
 }
 
 }  // namespace
