@@ -12,7 +12,7 @@ namespace vaktor {
 namespace {
 
 /// Far more than a second of photos. Beyond it the flush does not keep up, and its list is not to grow for ever: what
-/// is left out here goes to the disk when the system finds the time.
+/// is left out here goes to the disk when the system finds the time, and may be lost.
 constexpr std::size_t kAttenteAuPlus = 1000;
 
 /// Whether data may be lost: whatever is not known to be harmless. A file system that cannot flush at all is left in
@@ -41,12 +41,19 @@ std::shared_ptr<Vidage> Vidage::Lance(const QByteArray& dossier) {
 
 void Vidage::Ajoute(const QByteArray& nom) {
   const std::lock_guard garde(Verrou_);
-  if (Attente_.size() < kAttenteAuPlus) Attente_.push_back(nom);
+  if (Attente_.size() < kAttenteAuPlus)
+    Attente_.push_back(nom);
+  else
+    Erreur_ = ETIMEDOUT;
   Change_.notify_all();
 }
 
 int Vidage::PrendErreur() {
   const std::lock_guard garde(Verrou_);
+  if (Debut_ && std::chrono::steady_clock::now() - *Debut_ > kLongue) {
+    Debut_.reset();
+    Erreur_ = ETIMEDOUT;
+  }
   return std::exchange(Erreur_, 0);
 }
 
@@ -72,6 +79,7 @@ void Vidage::Boucle() {
     while (PrendLot(lot)) Vide(lot);
   } catch (const std::exception&) {
     // Want of memory. Nothing is flushed from here on but by the system itself; the photos are written all the same.
+    NoteErreur(ENOMEM);
   }
   const std::lock_guard garde(Verrou_);
   Finie_ = true;
@@ -81,11 +89,13 @@ void Vidage::Boucle() {
 // The first photo of an alarm is flushed at once; the flushes of those that follow are a second apart.
 bool Vidage::PrendLot(std::vector<QByteArray>& lot) {
   std::unique_lock garde(Verrou_);
+  Debut_.reset();
   Change_.wait(garde, [this] { return Fin_ || !Attente_.empty(); });
   Change_.wait_until(garde, Prochain_, [this] { return Fin_; });
   lot.clear();
   std::swap(lot, Attente_);
   Prochain_ = std::chrono::steady_clock::now() + kPeriode;
+  Debut_ = std::chrono::steady_clock::now();
   return !lot.empty();
 }
 

@@ -7,6 +7,7 @@
 #include <condition_variable>
 #include <memory>
 #include <mutex>
+#include <optional>
 #include <vector>
 
 namespace vaktor {
@@ -18,14 +19,16 @@ namespace vaktor {
 class Vidage : public std::enable_shared_from_this<Vidage> {
  public:
   static constexpr std::chrono::milliseconds kPeriode{1000};
+  static constexpr std::chrono::seconds kLongue{10};
 
   /// Starts the thread. Throws std::system_error when the system gives none.
   static std::shared_ptr<Vidage> Lance(const QByteArray& dossier);
 
   /// A file of the folder that is written and closed. Any thread.
   void Ajoute(const QByteArray& nom);
-  /// The error number of a flush since the last call that did not bring everything to the disk, 0 for none. Waits for
-  /// no disk. Any thread.
+  /// The error number of a flush since the last call that did not bring everything to the disk, 0 for none; ETIMEDOUT,
+  /// once, of one that lasts longer than kLongue, and of what came while too much waited for it. Waits for no disk. Any
+  /// thread.
   int PrendErreur();
   /// The thread has ended: no error comes any more. Any thread.
   bool EstFinie();
@@ -46,6 +49,7 @@ class Vidage : public std::enable_shared_from_this<Vidage> {
   std::condition_variable Change_;
   std::vector<QByteArray> Attente_;
   std::chrono::steady_clock::time_point Prochain_{};
+  std::optional<std::chrono::steady_clock::time_point> Debut_;  // of the flush under way that was not told as too long
   int Erreur_ = 0;
   bool Fin_ = false;
   bool Finie_ = false;

@@ -190,5 +190,35 @@ TEST_F(PhotosThatStay, APhotoThatIsDeletedAtOnceIsNoFailure) {
   EXPECT_EQ(fichiers.PrendPerte(), std::nullopt);
 }
 
+// The system takes the next photo as ever, into its memory; that the disk does not is told once, not each second.
+TEST_F(PhotosThatStay, AFlushThatHangsIsToldOnce) {
+  const QByteArray dossier = QFile::encodeName(Chemin());
+  const std::shared_ptr<Vidage> vidage = Vidage::Lance(dossier);
+  ASSERT_TRUE(Disque->SeTait());
+  vidage->Ajoute(dossier + "/a.jpg");
+  QThread::msleep(3000);
+  EXPECT_EQ(vidage->PrendErreur(), 0) << "a slow disk";
+  int erreur = 0;
+  ASSERT_TRUE(essai::AttendQue([&] { return (erreur = vidage->PrendErreur()) != 0; }));
+  EXPECT_EQ(erreur, ETIMEDOUT);
+  EXPECT_EQ(vidage->PrendErreur(), 0);
+  ASSERT_TRUE(Disque->Repond());
+  vidage->Termine();
+  EXPECT_TRUE(vidage->AttendFin(std::chrono::steady_clock::now() + std::chrono::seconds(20)));
+}
+
+TEST_F(PhotosThatStay, WhatIsLeftOutBecauseTheFlushDoesNotKeepUpIsTold) {
+  const QByteArray dossier = QFile::encodeName(Chemin());
+  const std::shared_ptr<Vidage> vidage = Vidage::Lance(dossier);
+  ASSERT_TRUE(Disque->SeTait());
+  for (int i = 0; i < 900; ++i) vidage->Ajoute(dossier + "/a.jpg");
+  EXPECT_EQ(vidage->PrendErreur(), 0);
+  for (int i = 0; i < 2000; ++i) vidage->Ajoute(dossier + "/a.jpg");
+  EXPECT_EQ(vidage->PrendErreur(), ETIMEDOUT);
+  ASSERT_TRUE(Disque->Repond());
+  vidage->Termine();
+  EXPECT_TRUE(vidage->AttendFin(std::chrono::steady_clock::now() + std::chrono::seconds(20)));
+}
+
 }  // namespace
 }  // namespace vaktor
