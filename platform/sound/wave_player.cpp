@@ -18,37 +18,43 @@ namespace vaktor {
 
 namespace {
 using Instant = std::chrono::steady_clock::time_point;
-constexpr std::chrono::seconds kRepos{30};          // without a new try after a device refused
-constexpr GstClockTime kRegard = 20 * GST_MSECOND;  // how soon a new sound cuts the one that plays
+constexpr std::chrono::seconds kRepos{30};           // without a new try after a device refused
+constexpr std::chrono::milliseconds kPatience{500};  // at the end of the program
+constexpr GstClockTime kRegard = 20 * GST_MSECOND;   // how soon a new sound cuts the one that plays
 constexpr auto kMessages = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MESSAGE_ERROR | GST_MESSAGE_WARNING);
 
 }  // namespace
 
-/// The thread. It plays the newest sound asked for; one that was asked for and not yet begun is forgotten.
+/// The thread. It plays the newest sound asked for; one that was asked for and not yet begun is forgotten. Shared with
+/// it: a sound system that hangs keeps its thread and not the program.
 class LecteurGStreamer::Fil {
  public:
-  Fil(QByteArray sortie, std::function<bool()> present)
-      : Sortie_(std::move(sortie)), Present_(std::move(present)), Thread_([this] { Tourne(); }) {}
-  ~Fil() {
-    {
-      const std::lock_guard verrou(Verrou_);
-      Fini_ = true;
-    }
-    Reveil_.notify_one();
-    Thread_.join();
+  static std::shared_ptr<Fil> Lance(const QByteArray& sortie, const std::function<bool()>& present) {
+    const std::shared_ptr<Fil> fil(new Fil(sortie, present));
+    std::thread([fil] { fil->Tourne(); }).detach();
+    return fil;
   }
   Fil(const Fil&) = delete;
   Fil& operator=(const Fil&) = delete;
+
+  void Termine() {
+    std::unique_lock verrou(Verrou_);
+    Fini_ = true;
+    Reveil_.notify_all();
+    Reveil_.wait_for(verrou, kPatience, [this] { return Parti_; });
+  }
 
   void Demande(const QByteArray& fichier) {
     {
       const std::lock_guard verrou(Verrou_);
       Demande_ = fichier;
     }
-    Reveil_.notify_one();
+    Reveil_.notify_all();
   }
 
  private:
+  Fil(QByteArray sortie, std::function<bool()> present) : Sortie_(std::move(sortie)), Present_(std::move(present)) {}
+
   void Tourne() {
     while (const std::optional<QByteArray> fichier = Attend()) {
       try {
@@ -58,6 +64,9 @@ class LecteurGStreamer::Fil {
         Reprise_ = std::chrono::steady_clock::now() + kRepos;
       }
     }
+    const std::lock_guard verrou(Verrou_);
+    Parti_ = true;
+    Reveil_.notify_all();
   }
 
   /// The next sound; nothing at the end.
@@ -122,12 +131,12 @@ class LecteurGStreamer::Fil {
 
   const QByteArray Sortie_;
   const std::function<bool()> Present_;
-  std::mutex Verrou_;  // Demande_ and Fini_
+  std::mutex Verrou_;  // Demande_, Fini_ and Parti_
   std::condition_variable Reveil_;
   std::optional<QByteArray> Demande_;
   bool Fini_ = false;
+  bool Parti_ = false;  // the thread
   Instant Reprise_{};   // of the thread alone
-  std::thread Thread_;  // last: it uses all of the above
 };
 
 LecteurGStreamer::LecteurGStreamer()
@@ -136,10 +145,12 @@ LecteurGStreamer::LecteurGStreamer()
 LecteurGStreamer::LecteurGStreamer(const QString& sortie, std::function<bool()> present)
     : Sortie_(sortie), Present_(std::move(present)) {}
 
-LecteurGStreamer::~LecteurGStreamer() = default;
+LecteurGStreamer::~LecteurGStreamer() {
+  if (Fil_) Fil_->Termine();
+}
 
 void LecteurGStreamer::Joue(const QString& chemin) {
-  if (!Fil_) Fil_ = std::make_unique<Fil>(Sortie_.toUtf8(), Present_);
+  if (!Fil_) Fil_ = Fil::Lance(Sortie_.toUtf8(), Present_);
   Fil_->Demande(QFile::encodeName(CheminNatif(chemin)));
 }
 

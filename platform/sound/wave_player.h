@@ -17,9 +17,10 @@ class LecteurGStreamer : public LecteurSon {
   /// out, GStreamer would load the libraries of every sound system there is.
   LecteurGStreamer();
   /// `sortie`: the GStreamer element that takes the sound, with its properties. `present`: asked before each sound, on
-  /// the player's thread, whether there is any use in trying.
+  /// the player's thread, whether there is any use in trying; it owns what it uses.
   explicit LecteurGStreamer(
       const QString& sortie, std::function<bool()> present = [] { return true; });
+  /// Waits half a second for the thread, and leaves it behind where the sound system hangs.
   ~LecteurGStreamer() override;
   LecteurGStreamer(const LecteurGStreamer&) = delete;
   LecteurGStreamer& operator=(const LecteurGStreamer&) = delete;
@@ -30,7 +31,7 @@ class LecteurGStreamer : public LecteurSon {
   class Fil;
   const QString Sortie_;
   const std::function<bool()> Present_;
-  std::unique_ptr<Fil> Fil_;  // from the first sound on
+  std::shared_ptr<Fil> Fil_;  // from the first sound on
 };
 
 }  // namespace vaktor

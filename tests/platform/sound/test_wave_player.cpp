@@ -8,6 +8,8 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <atomic>
+#include <memory>
+#include <thread>
 
 #include "platform/sound/wave_player.h"
 
@@ -85,6 +87,33 @@ TEST(WavePlayer, MachineThatCanPlayNothingIsAskedBeforeEachSound) {
 TEST(WavePlayer, OutputThatIsNotInstalledIsSilent) {
   LecteurGStreamer lecteur(QStringLiteral("nosuchelement"));
   lecteur.Joue(Son(4));
+}
+
+// As one does that asks a sound server which hangs.
+TEST(WavePlayer, ASoundSystemThatHangsKeepsItsThreadAndNotTheProgram) {
+  struct Panne {
+    std::atomic<bool> Pend = false, Finie = false, Rendue = false;
+  };
+  const auto panne = std::make_shared<Panne>();
+  std::atomic<bool> parti = false;
+  std::thread reveil([&] {
+    Attend([&] { return parti.load(); });
+    panne->Finie = true;
+  });
+  {
+    LecteurGStreamer lecteur(QStringLiteral("fakesink"), [panne] {
+      panne->Pend = true;
+      Attend([&] { return panne->Finie.load(); });
+      panne->Rendue = true;
+      return false;
+    });
+    lecteur.Joue(Son(4));
+    ASSERT_TRUE(Attend([&] { return panne->Pend.load(); }));
+  }
+  EXPECT_FALSE(panne->Rendue);
+  parti = true;
+  reveil.join();
+  EXPECT_TRUE(Attend([&] { return panne->Rendue.load(); }));
 }
 
 }  // namespace
