@@ -2,6 +2,8 @@
 // The capture driver's memory: read as a whole, checked line by line, written as a whole.
 #include "platform/capture/choice/capture_memory.h"
 
+#include <unistd.h>
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,6 +11,7 @@
 #include <QRegularExpression>
 #include <QSaveFile>
 #include <QUrl>
+#include <cerrno>
 
 namespace vaktor {
 namespace {
@@ -19,6 +22,8 @@ struct Contenu {
   QString Source;
   QMap<QString, FormatCamera> Formats;
   QMap<QString, EntreeCamera> Entrees;
+  QString Empechement = {};
+  bool Abimee = false;
 };
 
 QByteArray CodeTexte(const QString& texte) { return QUrl::toPercentEncoding(texte, " /:@?&+,;!()#", "%=[]"); }
@@ -58,9 +63,10 @@ std::optional<EntreeCamera> DecodeEntree(const QString& texte) {
   return e;
 }
 
-/// Takes one line in. False: no line of ours, so the file is damaged.
+/// Takes one line in. False: no line of ours.
 bool AjouteLigne(const QString& ligne, QString& section, Contenu& contenu) {
   if (ligne.isEmpty()) return true;
+  if (ligne.contains(QChar::Null) || ligne.contains(QChar::ReplacementCharacter)) return false;
   if (ligne == QLatin1String("[Source]") || ligne == QLatin1String("[Formats]") || ligne == QLatin1String("[Inputs]")) {
     section = ligne;
     return true;
@@ -82,20 +88,31 @@ bool AjouteLigne(const QString& ligne, QString& section, Contenu& contenu) {
 }
 
 Contenu LitContenu(const QString& fichier) {
-  QFile f(fichier);
-  if (!f.open(QIODevice::ReadOnly) || f.size() > kTailleMax) return {};
-  const QByteArray octets = f.read(kTailleMax);
-  const QString texte = QString::fromUtf8(octets);
-  if (octets.contains('\0') || texte.contains(QChar::ReplacementCharacter)) return {};
+  if (::access(QFile::encodeName(fichier).constData(), F_OK) != 0 && (errno == ENOENT || errno == ENOTDIR)) return {};
   Contenu contenu;
+  QFile f(fichier);
+  const QByteArray octets = f.open(QIODevice::ReadOnly) ? f.read(kTailleMax + 1) : QByteArray();
+  if (f.error() != QFileDevice::NoError) {
+    contenu.Empechement = fichier + QStringLiteral(": ") + f.errorString();
+    return contenu;
+  }
+  contenu.Abimee = octets.size() > kTailleMax;
+  if (contenu.Abimee) return contenu;
   QString section;
-  const QStringList lignes = texte.split(QLatin1Char('\n'));
+  const QStringList lignes = QString::fromUtf8(octets).split(QLatin1Char('\n'));
   for (const QString& ligne : lignes)
-    if (!AjouteLigne(ligne, section, contenu)) return {};
+    if (!AjouteLigne(ligne, section, contenu)) contenu.Abimee = true;
   return contenu;
 }
 
+bool MetDeCote(const QString& fichier) {
+  const QString cote = fichier + QStringLiteral(".damaged");
+  QFile::remove(cote);
+  return QFile::copy(fichier, cote) && QFile::setPermissions(cote, QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+}
+
 bool EcritContenu(const QString& fichier, const Contenu& contenu) {
+  if (!contenu.Empechement.isEmpty() || (contenu.Abimee && !MetDeCote(fichier))) return false;
   QByteArray octets = "[Source]\n";
   if (!contenu.Source.isEmpty()) octets += CodeTexte(contenu.Source) + '\n';
   octets += "[Formats]\n";
@@ -118,6 +135,11 @@ bool EcritContenu(const QString& fichier, const Contenu& contenu) {
 MemoireCapture::MemoireCapture(const QString& fichier) : Fichier_(fichier) {}
 
 QString MemoireCapture::Source() const { return LitContenu(Fichier_).Source; }
+
+QString MemoireCapture::Empechement() const {
+  const Contenu contenu = LitContenu(Fichier_);
+  return contenu.Abimee && contenu.Source.isEmpty() ? Fichier_ : contenu.Empechement;
+}
 
 bool MemoireCapture::RetientSource(const QString& source) {
   Contenu contenu = LitContenu(Fichier_);

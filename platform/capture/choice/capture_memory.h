@@ -26,12 +26,17 @@ struct EntreeCamera {
 
 class MemoireCapture {
  public:
-  /// `fichier`: full path; made, with its folder, when something is first remembered. A damaged file counts as empty.
-  /// The file is read at each question and replaced as a whole at each change: a crash leaves the old or the new one.
+  /// `fichier`: full path; made, with its folder, when something is first remembered. The file is read at each question
+  /// and replaced as a whole at each change: a crash leaves the old or the new one. Lines that are none of ours are
+  /// passed over, and the file is kept beside as "NAME.damaged" before it is replaced. One that is there and cannot be
+  /// read holds nothing, and is not replaced.
   explicit MemoireCapture(const QString& fichier);
 
   QString Source() const;  ///< stable name, address, file or "test"; empty: the first capture driver
-  /// False: it could not be written; what stood there still stands.
+  /// Why nobody knows which source was picked: the file with the system's words, where it cannot be read, or alone,
+  /// where it is damaged and holds none. Empty when it is known, or none was picked.
+  QString Empechement() const;
+  /// False: it could not be written, or what stood there not be read; that still stands.
   bool RetientSource(const QString& source);
   std::optional<FormatCamera> Format(const QString& nomStable) const;
   bool RetientFormat(const QString& nomStable, const FormatCamera& format);

@@ -9,7 +9,7 @@ namespace vaktor {
 namespace {
 
 // In the order of Motif.
-constexpr std::array<Phrase, 18> kPhrases = {{
+constexpr std::array<Phrase, 19> kPhrases = {{
     {"Aucune image n'est venue.", "No picture came."},
     {"La caméra refuse le nom ou le mot de passe : vérifiez-les dans son adresse.",
      "The camera refuses the name or the password: check them in its address."},
@@ -57,8 +57,10 @@ constexpr std::array<Phrase, 18> kPhrases = {{
      "You may not open the camera: have yourself added to the group %1, then log in again."},
     {"La caméra n'est pas branchée.", "The camera is not plugged in."},
     {"Ce fichier n'est plus là.", "This file is not there any more."},
+    {"Le choix de la caméra ne peut pas être lu (%1) : rendez ce fichier lisible, ou choisissez-la de nouveau.",
+     "Which camera was chosen cannot be read (%1): make this file readable, or choose it again."},
 }};
-static_assert(kPhrases.size() == static_cast<std::size_t>(Motif::kFichierAbsent) + 1);
+static_assert(kPhrases.size() == static_cast<std::size_t>(Motif::kMemoire) + 1);
 
 constexpr Phrase kSansGroupe{"Vous n'avez pas le droit de l'ouvrir.", "You may not open it."};
 

@@ -27,6 +27,7 @@ enum class Motif {
   kSansPermission,    ///< the system refuses the device or the file; Detail: the group that may open it, if any may
   kAbsente,           ///< the device is not plugged in
   kFichierAbsent,     ///< the file is not there
+  kMemoire,           ///< which camera was chosen cannot be read; Detail: the file, and the system's words
 };
 
 struct Raison {

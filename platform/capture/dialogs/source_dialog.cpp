@@ -67,7 +67,7 @@ void DialogueSource::DemandeAutreSource(const QString& description, const Raison
   // Who has typed an address looks for it there.
   if (EstLieu(Memoire_.Source())) Sources_->setCurrentRow(Sources_->count() - 1);
   Etat_->MontreErreur(
-      TexteDe(TexteDialogue::kDemandeAutreSource, Langue_).arg(description, DitRaison(raison, Langue_)));
+      TexteDe(TexteDialogue::kDemandeAutreSource, Langue_).arg(description, DitRaison(raison, Langue_)).trimmed());
 }
 
 void DialogueSource::done(int resultat) {

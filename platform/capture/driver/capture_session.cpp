@@ -285,7 +285,7 @@ std::optional<PeripheriqueVideo> SessionCapture::ChoisitPeripherique(DemandeFlux
     return Acces_.Retrouve(demande.NomStable);
   }
   const std::optional<PeripheriqueVideo> voulu = Acces_.Choisit(demande.Source.Lieu);
-  if (voulu || !Demande_.OuLaSeule) return voulu;
+  if (voulu || !Demande_.OuLaSeule || Horloge::now() - Debut_ < Demande_.AvantUneAutre) return voulu;
   demande.Autre = true;
   return Acces_.LaSeule();
 }

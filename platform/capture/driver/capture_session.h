@@ -34,6 +34,8 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
     SourceCapture Source;
     /// kPeripherique: the only camera there is, where the one that is named is not plugged in.
     bool OuLaSeule = false;
+    /// OuLaSeule: that one is left alone for so long.
+    std::chrono::milliseconds AvantUneAutre{0};
     /// kPeripherique: the format to open it with. Where the device refuses it, others follow. One that is imposed is
     /// the only one of the first opening; the device may be plugged in elsewhere later, and offer others there.
     FormatCamera Format;
@@ -104,6 +106,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   void AttendBranchement();
 
   const Demande Demande_;
+  const Horloge::time_point Debut_ = Horloge::now();
   const Fabrique Fabrique_;
   DerniereImage Derniere_;
   std::stop_source Arret_;

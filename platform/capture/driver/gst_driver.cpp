@@ -22,7 +22,10 @@ using Delais = DelaisCapture;
 
 PiloteGStreamer::PiloteGStreamer(const QString& ou, MemoireCapture& memoire, std::function<Langue()> langue,
                                  QWidget* parent, std::function<void(const QString&)> note)
-    : Ou_(ou), Memoire_(memoire), Langue_(std::move(langue)), Parent_(parent), Note_(std::move(note)) {}
+    : Ou_(ou), Memoire_(memoire), Langue_(std::move(langue)), Parent_(parent), Note_(std::move(note)) {
+  Relecture_.setSingleShot(true);
+  QObject::connect(&Relecture_, &QTimer::timeout, &Relecture_, [this] { ConnecteSansAttendre(); });
+}
 
 PiloteGStreamer::~PiloteGStreamer() {
   PiloteGStreamer::Deconnecte();
@@ -32,6 +35,7 @@ PiloteGStreamer::~PiloteGStreamer() {
 bool PiloteGStreamer::Connecte() {
   Image_ = ImageCamera();
   EnService_.reset();
+  if (!ConnaitLaVoulue()) return ProposeSources();
   const quint64 tour = Tour_ + 1;
   if (Ouvre(DemandeVoulue(), Gestes::kLaisse)) return true;
   return Tour_ == tour && ProposeSources();
@@ -42,9 +46,23 @@ void PiloteGStreamer::ConnecteSansAttendre() {
   EnService_.reset();
   LaissePartir();
   ++Tour_;
+  if (!ConnaitLaVoulue()) return Relecture_.start(Delais::kRelecture);
   SessionCapture::Demande demande = DemandeVoulue();
   demande.Persiste = true;
+  demande.AvantUneAutre = Delais::kAvantUneAutre;
   LanceSession(std::move(demande));
+}
+
+// Where that cannot be read any other camera would look as if all were well.
+bool PiloteGStreamer::ConnaitLaVoulue() {
+  if (!Ou_.isEmpty()) return true;
+  const QString empechement = Memoire_.Empechement();
+  if (empechement.isEmpty()) return true;
+  Source_ = {};
+  const Raison raison{Motif::kMemoire, empechement};
+  if (Note_ && !(raison == Raison_)) Note_(DitRaison(raison, Langue::kAnglais));
+  Raison_ = raison;
+  return false;
 }
 
 // The dialogs want a camera that runs, so that a remembered one that is gone for good could never be left. Nobody is
@@ -52,8 +70,9 @@ void PiloteGStreamer::ConnecteSansAttendre() {
 // but the user knows where it has gone to.
 bool PiloteGStreamer::ProposeSources() {
   const QString retenue = Memoire_.Source();
-  if (retenue.isEmpty() || !EstRetenue()) return false;
-  if (Source_.Genre == GenreSource::kPeripherique) {
+  const bool inconnue = Raison_.Quoi == Motif::kMemoire;
+  if (!inconnue && (retenue.isEmpty() || !EstRetenue())) return false;
+  if (!inconnue && Source_.Genre == GenreSource::kPeripherique) {
     const std::optional<PeripheriqueVideo> elle = Acces_.Choisit(retenue);
     QList<PeripheriqueVideo> autres = Acces_.Peripheriques();
     autres.removeIf([&](const PeripheriqueVideo& p) { return elle && p.Noeud == elle->Noeud; });
@@ -158,6 +177,7 @@ void PiloteGStreamer::Deconnecte() {
 }
 
 void PiloteGStreamer::LaissePartir() {
+  Relecture_.stop();
   if (!Session_) return;
   Reveil_ = nullptr;
   Session_->Derniere().RelieSonnette(nullptr);

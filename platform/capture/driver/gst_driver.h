@@ -4,6 +4,7 @@
 #pragma once
 
 #include <QPointer>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -61,6 +62,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   void LanceSession(SessionCapture::Demande demande);
   bool ProposeSources();
   bool EstRetenue() const;
+  bool ConnaitLaVoulue();
   void LaissePartir();
   void SuitSonnette();
   bool AttendLesPartants(std::chrono::milliseconds limite);
@@ -90,6 +92,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   bool EstReprise_ = false;
   std::function<void()> Reveil_;  // whoever waits for the next frame
   EcouteSonnette Ecoute_{[this] { SuitSonnette(); }};
+  QTimer Relecture_;      // of a memory that cannot be read, while nobody is there to be told
   bool Abandon_ = false;  // of the opening that waits
   quint64 Tour_ = 0;  // changes with each opening and closing: an opening that waits sees that it is no longer wanted
 };

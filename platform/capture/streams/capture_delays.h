@@ -55,6 +55,12 @@ struct DelaisCapture {
   static constexpr Duree kApresBranchement{4000};
   static constexpr Duree kRonde{60'000};
 
+  /// A start that nobody looks at comes with the machine's own, and some cameras long behind it: another one does not
+  /// take the place of the chosen one before, for there it would stay.
+  static constexpr Duree kAvantUneAutre{60'000};
+  /// Between two readings of a memory that does not tell which camera was chosen.
+  static constexpr Duree kRelecture{5000};
+
   static constexpr Duree kRegard{50};      ///< while a first picture is awaited
   static constexpr Duree kVeille{500};     ///< while pictures come
   static constexpr Duree kArret{300};      ///< of the end of a session, what the window may feel

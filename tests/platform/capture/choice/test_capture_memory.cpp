@@ -7,6 +7,7 @@
 #include <QTemporaryDir>
 
 #include "platform/capture/choice/capture_memory.h"
+#include "support/no_descriptor.h"
 
 namespace vaktor {
 namespace {
@@ -76,7 +77,7 @@ TEST_F(MemoireCaptureTest, AFileThatOthersCouldReadIsClosedToThem) {
   EXPECT_EQ(QFile::permissions(Chemin()), kSeulALire);
 }
 
-TEST_F(MemoireCaptureTest, ADamagedFileCountsAsEmptyAndIsMadeAnew) {
+TEST_F(MemoireCaptureTest, OfADamagedFileWhatIsUnderstoodHoldsAndTheWholeIsKeptBeside) {
   const QByteArray bon = "[Source]\ntest\n[Formats]\na=MJPG 640x480 30/1\n";
   Ecrit(bon);
   ASSERT_EQ(MemoireCapture(Chemin()).Source(), "test");
@@ -85,11 +86,48 @@ TEST_F(MemoireCaptureTest, ADamagedFileCountsAsEmptyAndIsMadeAnew) {
        {bon + "b=MJPG 640x480 30/0\n", bon + "b=MJPG 640x48", bon + "b=MJPG 640x480 99999999999/1\n", bon + "junk\n",
         "x\n" + bon, bon + QByteArray("\0\n", 2), bon + "\xff\xfe\n", bon + QByteArray(2 << 20, '\n')}) {
     Ecrit(mauvais);
-    EXPECT_EQ(MemoireCapture(Chemin()).Source(), "") << mauvais.left(80).constData();
-    EXPECT_FALSE(MemoireCapture(Chemin()).Format("a").has_value());
+    EXPECT_EQ(MemoireCapture(Chemin()).Source(), "test") << mauvais.left(80).constData();
+    EXPECT_EQ(MemoireCapture(Chemin()).Empechement(), "");
+    EXPECT_TRUE(MemoireCapture(Chemin()).Format("a").has_value());
+    EXPECT_FALSE(MemoireCapture(Chemin()).Format("b").has_value());
+    EXPECT_TRUE(MemoireCapture(Chemin()).RetientFormat("c", kFormat));
+    EXPECT_EQ(MemoireCapture(Chemin()).Source(), "test");
+    QFile cote(Chemin() + ".damaged");
+    ASSERT_TRUE(cote.open(QIODevice::ReadOnly));
+    EXPECT_EQ(cote.readAll(), mauvais);
+    EXPECT_EQ(cote.permissions(), kSeulALire) << "it may hold a password";
+  }
+}
+
+TEST_F(MemoireCaptureTest, ADamagedFileWithoutASourceSaysSoUntilOneIsPicked) {
+  for (const QByteArray& mauvais : {QByteArray("[Source]\nrtsp://\0x\n", 19), QByteArray("[Source]\n\xff\xfe\n"),
+                                    QByteArray("junk\n"), QByteArray(2 << 20, '\n')}) {
+    Ecrit(mauvais);
+    EXPECT_EQ(MemoireCapture(Chemin()).Source(), "");
+    EXPECT_EQ(MemoireCapture(Chemin()).Empechement(), Chemin());
     EXPECT_TRUE(MemoireCapture(Chemin()).RetientSource("neu"));
     EXPECT_EQ(MemoireCapture(Chemin()).Source(), "neu");
+    EXPECT_EQ(MemoireCapture(Chemin()).Empechement(), "");
   }
+}
+
+// One that is full, or a disk that fails for a moment: what stands there is the address of the user's camera.
+TEST_F(MemoireCaptureTest, AFileThatCannotBeReadIsNotNoneAndIsNotWrittenOver) {
+  MemoireCapture memoire(Chemin());
+  ASSERT_TRUE(memoire.RetientSource("rtsp://camera/x"));
+  {
+    const essai::SansDescripteur sans;
+    EXPECT_TRUE(memoire.Empechement().startsWith(Chemin() + ": ")) << qUtf8Printable(memoire.Empechement());
+  }
+  EXPECT_EQ(memoire.Empechement(), "");
+  EXPECT_EQ(memoire.Source(), "rtsp://camera/x");
+  ASSERT_TRUE(QFile::remove(Chemin()));
+  EXPECT_EQ(memoire.Empechement(), "") << "none was picked";
+  ASSERT_TRUE(QDir().mkdir(Chemin()));
+  EXPECT_NE(memoire.Empechement(), "");
+  EXPECT_FALSE(memoire.RetientSource("test"));
+  EXPECT_FALSE(memoire.RetientFormat("a", kFormat));
+  EXPECT_TRUE(QFileInfo(Chemin()).isDir());
 }
 
 TEST_F(MemoireCaptureTest, SaysWhenItCannotBeWritten) {
@@ -114,7 +152,7 @@ TEST_F(MemoireCaptureTest, KeepsWhatAGrabberListensTo) {
   EXPECT_EQ(MemoireCapture(Chemin()).Format("a"), kFormat) << "beside it";
   EXPECT_FALSE(memoire.RetientEntree("", {1, 1}));
   Ecrit("[Source]\ntest\n[Inputs]\na=1 x\n");
-  EXPECT_EQ(MemoireCapture(Chemin()).Source(), "") << "damaged";
+  EXPECT_EQ(MemoireCapture(Chemin()).Entree("a"), EntreeCamera()) << "damaged";
 }
 
 TEST_F(MemoireCaptureTest, ADeviceWithoutAStableNameIsNotRemembered) {

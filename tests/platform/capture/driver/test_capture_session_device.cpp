@@ -126,5 +126,65 @@ TEST_F(SessionSurPeripherique, ACameraThatIsTheChosenOneIsNoOther) {
   EXPECT_TRUE(session->Arrete(1s));
 }
 
+// As at the start of the machine: the camera of the house is there long before the chosen one.
+class SessionSurDeux : public testing::Test {
+ protected:
+  QuestionsV4L2 Questions() {
+    QuestionsV4L2 questions;
+    questions.Dossier = Dossier_.path();
+    questions.Noeuds = [this] { return Presents(); };
+    questions.Sonde = [](const QString& noeud) {
+      return CandidatVideo{noeud, "Camera", noeud, "uvcvideo|" + noeud.right(6) + "|usb", {}};
+    };
+    questions.Formats = [](const QString&) { return QList<FormatCamera>(); };
+    return questions;
+  }
+  QStringList Presents() const {
+    QStringList noeuds;
+    for (const QString& nom : QDir(Dossier_.path()).entryList({QStringLiteral("video*")}, QDir::Files))
+      noeuds += Dossier_.filePath(nom);
+    return noeuds;
+  }
+  void Branche(const char* nom) const {
+    ASSERT_TRUE(QFile(Dossier_.filePath(QLatin1String(nom))).open(QIODevice::WriteOnly));
+  }
+  std::shared_ptr<SessionCapture> Attend(std::chrono::milliseconds avantUneAutre) {
+    const auto scenario = std::make_shared<Scenario>();
+    scenario->Suites = {Scenario::Suite::kCoule};
+    SessionCapture::Demande demande;
+    demande.Source = ComprendSource(QStringLiteral("uvcvideo|video1|usb"));
+    demande.OuLaSeule = true;
+    demande.Persiste = true;
+    demande.AvantUneAutre = avantUneAutre;
+    return SessionCapture::Lance(
+        std::move(demande),
+        [scenario](DerniereImage& derniere, const DemandeFlux&) {
+          return std::make_unique<FluxJoue>(derniere, scenario);
+        },
+        Questions());
+  }
+
+  QTemporaryDir Dossier_;
+};
+
+TEST_F(SessionSurDeux, AStartThatNobodyLooksAtWaitsForTheChosenOneBeforeItTakesTheOther) {
+  Branche("video0");
+  const auto session = Attend(DelaisCapture::kAvantUneAutre);
+  EXPECT_FALSE(DonneUneImage(*session, DelaisCapture::kApresBranchement + 3s));
+  Branche("video1");
+  ASSERT_TRUE(DonneUneImage(*session, 15s));
+  EXPECT_TRUE(session->Noeud().endsWith("video1")) << qUtf8Printable(session->Noeud());
+  EXPECT_FALSE(session->EstAutre());
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+TEST_F(SessionSurDeux, WhatDoesNotComeForLongLeavesItsPlaceAllTheSame) {
+  Branche("video0");
+  const auto session = Attend(1s);
+  ASSERT_TRUE(DonneUneImage(*session, 15s));
+  EXPECT_TRUE(session->EstAutre());
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
 }  // namespace
 }  // namespace vaktor::essai

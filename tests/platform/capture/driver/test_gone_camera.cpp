@@ -1,12 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // A start whose remembered camera is gone: the user is asked for another one, and by whom not.
 #include <QApplication>
+#include <QDir>
 #include <QListWidget>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
 #include "platform/capture/dialogs/source_dialog.h"
+#include "platform/capture/streams/capture_delays.h"
 #include "support/driver_fixture.h"
 
 namespace vaktor {
@@ -97,6 +99,49 @@ TEST_F(CameraPartie, NobodyIsAskedByAStartThatNobodyWatches) {
   QTest::qWait(300);
   EXPECT_FALSE(pilote.Explication().isEmpty());
   EXPECT_EQ(Questions_, 0);
+}
+
+// Another camera in its place would look as if all were well.
+TEST_F(CameraPartie, AChoiceThatCannotBeReadIsAskedForAndNotGuessed) {
+  ASSERT_TRUE(QDir().mkdir(Fichier("capture.ini")));
+  ALaQuestion([this](const DialogueSource& question) {
+    const QString etat = question.findChild<QWidget*>(QStringLiteral("LblEtatSource"))->accessibleName();
+    EXPECT_TRUE(etat.contains(Fichier("capture.ini"))) << qUtf8Printable(etat);
+    Clique(question, "BtnFermerSource");
+  });
+  EXPECT_FALSE(Connecte(QString()));
+  EXPECT_EQ(Questions_, 1);
+  EXPECT_EQ(Pilote_->Pourquoi().Quoi, Motif::kMemoire);
+  EXPECT_TRUE(Connecte(QStringLiteral("test"))) << "one that is named";
+}
+
+TEST_F(CameraPartie, AStartThatNobodyLooksAtReadsTheChoiceAgainUntilItCan) {
+  ASSERT_TRUE(QDir().mkdir(Fichier("capture.ini")));
+  QStringList notes;
+  Pilote_ = std::make_unique<PiloteGStreamer>(
+      QString(), Memoire_, [] { return Langue::kAnglais; }, nullptr, [&](const QString& ligne) { notes << ligne; });
+  Pilote_->ConnecteSansAttendre();
+  EXPECT_TRUE(Pilote_->SignalPerdu());
+  EXPECT_TRUE(Pilote_->Explication().contains(Fichier("capture.ini")));
+  QTest::qWait(2 * static_cast<int>(DelaisCapture::kRelecture.count()) + 500);
+  EXPECT_EQ(notes.size(), 1) << "not at each try";
+  EXPECT_FALSE(Pilote_->ImagePrete());
+  ASSERT_TRUE(QDir().rmdir(Fichier("capture.ini")));
+  ASSERT_TRUE(Memoire_.RetientSource(QStringLiteral("test")));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Pilote_->ImagePrete(); }, 20000));
+  EXPECT_EQ(Pilote_->Genre(), GenreSource::kTest);
+}
+
+TEST_F(CameraPartie, ACameraThatWasSwitchedOffMeanwhileStaysOff) {
+  ASSERT_TRUE(QDir().mkdir(Fichier("capture.ini")));
+  Pilote_ = std::make_unique<PiloteGStreamer>(
+      QString(), Memoire_, [] { return Langue::kAnglais; }, nullptr);
+  Pilote_->ConnecteSansAttendre();
+  Pilote_->Deconnecte();
+  ASSERT_TRUE(QDir().rmdir(Fichier("capture.ini")));
+  ASSERT_TRUE(Memoire_.RetientSource(QStringLiteral("test")));
+  QTest::qWait(static_cast<int>(DelaisCapture::kRelecture.count()) + 2000);
+  EXPECT_FALSE(Pilote_->ImagePrete());
 }
 
 }  // namespace
