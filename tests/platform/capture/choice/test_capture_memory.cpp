@@ -84,7 +84,7 @@ TEST_F(MemoireCaptureTest, OfADamagedFileWhatIsUnderstoodHoldsAndTheWholeIsKeptB
   ASSERT_TRUE(MemoireCapture(Chemin()).Format("a").has_value());
   for (const QByteArray& mauvais :
        {bon + "b=MJPG 640x480 30/0\n", bon + "b=MJPG 640x48", bon + "b=MJPG 640x480 99999999999/1\n", bon + "junk\n",
-        "x\n" + bon, bon + QByteArray("\0\n", 2), bon + "\xff\xfe\n", bon + QByteArray(2 << 20, '\n')}) {
+        "x\n" + bon, bon + QByteArray("\0\n", 2), bon + "\xff\xfe\n"}) {
     Ecrit(mauvais);
     EXPECT_EQ(MemoireCapture(Chemin()).Source(), "test") << mauvais.left(80).constData();
     EXPECT_EQ(MemoireCapture(Chemin()).Empechement(), "");
