@@ -7,7 +7,7 @@
 #include "fakes/virtual_timers.h"
 #include "modules/common/main_link.h"
 #include "support/event_wait.h"
-#include "support/no_descriptor.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {

@@ -13,7 +13,7 @@
 #include "platform/channel/local_channel.h"
 #include "platform/channel/socket_address.h"
 #include "support/event_wait.h"
-#include "support/no_descriptor.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {

@@ -7,7 +7,7 @@
 #include <QTemporaryDir>
 
 #include "platform/capture/choice/capture_memory.h"
-#include "support/no_descriptor.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor {
 namespace {
@@ -116,7 +116,7 @@ TEST_F(MemoireCaptureTest, AFileThatCannotBeReadIsNotNoneAndIsNotWrittenOver) {
   MemoireCapture memoire(Chemin());
   ASSERT_TRUE(memoire.RetientSource("rtsp://camera/x"));
   {
-    const essai::SansDescripteur sans;
+    const SansDescripteur sans;
     EXPECT_TRUE(memoire.Empechement().startsWith(Chemin() + ": ")) << qUtf8Printable(memoire.Empechement());
   }
   EXPECT_EQ(memoire.Empechement(), "");
