@@ -43,20 +43,30 @@ QStringList DonneSecretsDuJeton(const ReglagesEnvoi& reglages, const QByteArray&
   return {QString::fromLatin1(jeton), QString::fromLatin1(envoye.toBase64())};
 }
 
+/// What a program may quote of its command line and nobody else is to read; shorter words are names of what it is to
+/// do.
+QStringList DonneSecretsDesArguments(const QStringList& arguments) {
+  QStringList secrets;
+  for (const QString& argument : arguments) secrets << argument << argument.section(u'=', 1);
+  secrets.removeIf([](const QString& mot) { return mot.size() < 8; });
+  return secrets;
+}
+
 }  // namespace
 
 Jeton DemandeJeton(const QString& commande, qint64 delai, const std::function<bool()>& arret) {
   QStringList mots = QProcess::splitCommand(commande);
   if (mots.isEmpty()) return {};
+  const QString nom = mots.takeFirst();
   QProcess programme;
-  programme.setProgram(mots.takeFirst());
+  programme.setProgram(nom);
   programme.setArguments(mots);
   programme.setStandardInputFile(QProcess::nullDevice());
   GardeFichiersOuverts();
   programme.start(QProcess::ReadOnly);
   Jeton jeton;
   if (!Attend(programme, delai, arret, jeton)) {
-    if (!jeton.Arrete) jeton.Mots = QStringLiteral("%1: %2 s").arg(commande).arg(delai / 1000);
+    if (!jeton.Arrete) jeton.Mots = QStringLiteral("%1: %2 s").arg(nom).arg(delai / 1000);
     return jeton;
   }
   if (programme.error() == QProcess::FailedToStart) {
@@ -68,7 +78,7 @@ Jeton DemandeJeton(const QString& commande, qint64 delai, const std::function<bo
   if (bon)
     jeton.Valeur = ligne;
   else  // not what it printed: that may be a token all the same
-    jeton.Mots = ResumeMots(programme.readAllStandardError());
+    jeton.Mots = NettoieLigne(ResumeMots(programme.readAllStandardError()), DonneSecretsDesArguments(mots));
   return jeton;
 }
 

@@ -12,7 +12,7 @@ namespace vaktor {
 
 struct Jeton {
   QByteArray Valeur = {};  ///< printable ASCII without blanks, 8 KB at the most; empty: there is none
-  QString Mots = {};       ///< why there is none, in the program's words or the system's
+  QString Mots = {};       ///< why there is none, in the program's words or the system's, without its arguments
   bool Arrete = false;     ///< our own end came first
 };
 

@@ -80,10 +80,16 @@ void ModulePush::NoteIntrusion() {
   if (!nouvelle && maintenant - DernierPush_ < kPauseMs) return;
   DernierPush_ = maintenant;
   const QString marque = QStringLiteral("%1-%2").arg(Ports_.Marque).arg(++Fait_);
-  const int erreur = Sac_.Ajoute(Compose(maintenant), maintenant, marque);
+  int sansImage = 0;
+  const int erreur = Sac_.Ajoute(Compose(maintenant), maintenant, marque, &sansImage);
   if (erreur == 0) {
     Contexte_.Journal.Note(QStringLiteral("push %1 made").arg(marque));
     NoteAttente();
+    if (sansImage != 0) {
+      const QString mots = QString::fromLocal8Bit(std::strerror(sansImage));
+      Contexte_.Journal.Note(QStringLiteral("without its picture: ") + mots);
+      Ports_.Etat.Signale(ComposeAvisSansPhoto(Ports_.DossierSac, mots));
+    }
     Poste_->Reveille();
     return;
   }
@@ -113,7 +119,8 @@ void ModulePush::PrendRapport(const RapportPush& rapport) {
   const QString suite = pris                ? QStringLiteral("taken")
                         : rapport.Abandonne ? QStringLiteral("given up")
                                             : QStringLiteral("again in %1 s").arg(rapport.ProchainEssaiDans / 1000);
-  Contexte_.Journal.Note(QStringLiteral("push %1: %2 %3").arg(rapport.Nom, suite, r.Mots));
+  // What a server says of one that it has taken is nobody's concern, and quotes the push.
+  Contexte_.Journal.Note(QStringLiteral("push %1: %2 %3").arg(rapport.Nom, suite, pris ? QString() : r.Mots).trimmed());
   if (pris)
     Ports_.Etat.Efface();
   else

@@ -107,4 +107,15 @@ AvisEchec ComposeAvisSac(const QString& dossier, const QString& mots) {
           })};
 }
 
+AvisEchec ComposeAvisSansPhoto(const QString& dossier, const QString& mots) {
+  return {QStringLiteral("push-picture"), mots, PhraseDite::Compose([&](Langue langue) {
+            return Phrase{
+                "La photo du push n'a pas pu être gardée dans %1 : il part sans elle. Faites de la place sur "
+                "ce disque.",
+                "The picture of the push could not be kept in %1: it goes without it. Make room on this "
+                "disk."}
+                .Dit(langue, dossier);
+          })};
+}
+
 }  // namespace vaktor

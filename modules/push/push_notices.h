@@ -21,5 +21,6 @@ QString DitSansPush(Langue langue);
 QString TexteEssaiPush(Langue langue, const QTime& heure);
 /// `mots`: the system's.
 AvisEchec ComposeAvisSac(const QString& dossier, const QString& mots);
+AvisEchec ComposeAvisSansPhoto(const QString& dossier, const QString& mots);
 
 }  // namespace vaktor

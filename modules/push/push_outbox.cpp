@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/push/push_outbox.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <algorithm>
@@ -20,6 +22,7 @@ namespace {
 const QLatin1String kFin(".push");
 constexpr qint64 kEnTeteMax = 64LL * 1024;
 constexpr qint64 kTailleMax = 32LL * 1024 * 1024;
+constexpr qint64 kMoitieMs = 3'600'000;  // nobody writes at one for so long
 
 QByteArray ComposeTete(const MessagePush& message) {
   const QJsonObject tete{{QStringLiteral("title"), message.Titre},
@@ -32,15 +35,18 @@ QByteArray ComposeTete(const MessagePush& message) {
 
 qint64 SacPush::FaitA(const QString& nom) { return nom.section(u'-', 0, 0).toLongLong(); }
 
-int SacPush::Ajoute(const MessagePush& message, qint64 faitA, const QString& marque) {
+int SacPush::Ajoute(const MessagePush& message, qint64 faitA, const QString& marque, int* sansImage) {
   try {
     PrepareDossierPrive(Dossier_);
   } catch (const Echec&) {
     return EACCES;
   }
-  const QString nom = QStringLiteral("%1-%2").arg(QString::number(faitA).rightJustified(15, u'0'), marque) + kFin;
+  const QStringList noms = Liste();
+  const qint64 rang = noms.isEmpty() ? faitA : std::max(faitA, FaitA(noms.first()) + 1);
+  const QString nom = QStringLiteral("%1-%2").arg(QString::number(rang).rightJustified(15, u'0'), marque) + kFin;
   const int erreur = EcritDurable(Chemin(nom), {ComposeTete(message), message.Image});
   if (erreur == 0 || message.Image.isEmpty()) return erreur;
+  if (sansImage != nullptr) *sansImage = erreur;
   return EcritDurable(Chemin(nom), {ComposeTete(message)});
 }
 
@@ -71,6 +77,8 @@ void SacPush::RetireImage(const QString& nom) {
 void SacPush::Retire(const QString& nom) { QFile::remove(Chemin(nom)); }
 
 QStringList SacPush::Elague(qint64 maintenant, const QStringList& essayes) {
+  for (const QFileInfo& moitie : QDir(Dossier_).entryInfoList({u'*' + kFin + QLatin1String(".part")}, QDir::Files))
+    if (qAbs(maintenant - moitie.lastModified().toMSecsSinceEpoch()) > kMoitieMs) QFile::remove(moitie.filePath());
   QStringList retires;
   const QStringList noms = Liste();
   for (qsizetype i = 0; i < noms.size(); ++i) {

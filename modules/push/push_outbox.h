@@ -19,9 +19,10 @@ class SacPush {
 
   explicit SacPush(QString dossier) : Dossier_(std::move(dossier)) {}
 
-  /// `faitA`: milliseconds since 1970. `marque`: of this process. Gives the system's error number, 0 when it is on the
-  /// disk. Without room for the picture the words alone are kept.
-  int Ajoute(const MessagePush& message, qint64 faitA, const QString& marque);
+  /// `faitA`: milliseconds since 1970; it goes before what waits, also when the clock was set back meanwhile. `marque`:
+  /// of this process. Gives the system's error number, 0 when it is on the disk. Without room for the picture the words
+  /// alone are kept, and `sansImage` is the reason.
+  int Ajoute(const MessagePush& message, qint64 faitA, const QString& marque, int* sansImage = nullptr);
   /// The names, newest first.
   QStringList Liste() const;
   /// Nothing for one that is gone, or is none.
@@ -30,7 +31,8 @@ class SacPush {
   void RetireImage(const QString& nom);
   void Retire(const QString& nom);
   /// Deletes what is older than kAgeMax but for `essaye` (tried in this run or not: a clock that jumps gives up
-  /// nothing that was never tried), and the oldest beyond kNombreMax. The names.
+  /// nothing that was never tried), and the oldest beyond kNombreMax: the names of these. And halves that a kill has
+  /// left behind.
   QStringList Elague(qint64 maintenant, const QStringList& essayes);
   static qint64 FaitA(const QString& nom);
 

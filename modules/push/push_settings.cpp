@@ -22,6 +22,15 @@ bool EstEntete(const QByteArray& entete) {
                       [](char c) { return static_cast<unsigned char>(c) < ' ' || c == 127; });
 }
 
+/// Shorter ones are words such as "api", which stand in every line.
+constexpr qsizetype kMorceauMin = 6;
+
+/// What a server may quote of it: as it was sent, and decoded.
+void AjouteMorceau(const QString& encode, QStringList& secrets) {
+  for (const QString& morceau : {encode, QUrl::fromPercentEncoding(encode.toUtf8())})
+    if (morceau.size() >= kMorceauMin && !secrets.contains(morceau)) secrets.append(morceau);
+}
+
 }  // namespace
 
 PushLu LitPush(const Parametres& valeurs, const QString& autorites) {
@@ -43,6 +52,13 @@ QStringList DonneSecretsPush(const ReglagesPush& reglages) {
   // "Bearer SECRET": a server that quotes it quotes the second word alone.
   secrets.append(secrets.last().section(u' ', -1));
   secrets.removeAll(QString());
+  AjouteMorceau(url.userName(QUrl::FullyEncoded), secrets);
+  AjouteMorceau(url.password(QUrl::FullyEncoded), secrets);
+  AjouteMorceau(url.path(QUrl::FullyEncoded).mid(1), secrets);
+  AjouteMorceau(url.query(QUrl::FullyEncoded), secrets);
+  for (const QString& pas : url.path(QUrl::FullyEncoded).split(u'/')) AjouteMorceau(pas, secrets);
+  for (const QString& champ : url.query(QUrl::FullyEncoded).split(u'&'))
+    AjouteMorceau(champ.mid(champ.indexOf(u'=') + 1), secrets);
   return secrets;
 }
 

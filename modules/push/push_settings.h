@@ -32,7 +32,8 @@ struct PushLu {
 
 PushLu LitPush(const Parametres& valeurs, const QString& autorites);
 
-/// What must not stand in a log: the value of the header, and of the address what stands behind its host.
+/// What must not stand in a log: the value of the header, and of the address what stands beside its host, whole and in
+/// the pieces that a server quotes alone.
 QStringList DonneSecretsPush(const ReglagesPush& reglages);
 
 }  // namespace vaktor

@@ -115,6 +115,16 @@ TEST_F(Login, ACommandThatGivesNoTokenIsToldInItsOwnWordsAndNotInItsOutput) {
   EXPECT_FALSE(r.MotsServeur.isEmpty());
 }
 
+TEST_F(Login, TheArgumentsOfACommandForATokenAreToldToNobody) {
+  const QString secrets = QStringLiteral(" get --client-secret=s3cr3t-77 refresh-0123");
+  Jeton jeton =
+      DemandeJeton(Script("echo \"cannot get $2 with s3cr3t-77 and $3\" >&2\nexit 1\n") + secrets, 20'000, {});
+  EXPECT_EQ(jeton.Mots, "cannot get *** with *** and ***");
+  const QString lent = Script("exec sleep 3600\n");
+  jeton = DemandeJeton(lent + secrets, 500, {});
+  EXPECT_EQ(jeton.Mots, lent + ": 0 s");
+}
+
 TEST_F(Login, ACommandForATokenIsNoLineOfAShell) {
   const Jeton jeton = DemandeJeton(Script("echo \"$#:$1\"\n") + " \"a;b$HOME\"", 20'000, {});
   EXPECT_EQ(jeton.Valeur, "1:a;b$HOME");
