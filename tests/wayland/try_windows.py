@@ -102,13 +102,18 @@ def lamps(seen):
 
 def lamp():
     """The upper left corner of the upper lamp, once the window rests."""
-    def resting():
-        first = lamps(picture())
-        time.sleep(0.5)
-        return first if first and first == lamps(picture()) else None
+    def upper():
+        # Only what lies beside the first of them: a camera's picture may have such a red too.
+        places = lamps(picture())
+        near = [(x, y) for x, y in places if abs(x - places[0][0]) < 15 and y - places[0][1] < 15]
+        return (min(x for x, _ in near), min(y for _, y in near)) if near else None
 
-    places = wait_for("the main window", resting)
-    return min(x for x, _ in places), min(y for _, y in places)
+    def resting():
+        first = upper()
+        time.sleep(0.5)
+        return first if first and first == upper() else None
+
+    return wait_for("the main window", resting)
 
 
 def mouse(place, *more):
