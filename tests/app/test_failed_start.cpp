@@ -149,6 +149,14 @@ TEST_F(DepartManque, OfAMissingCompanionLetsACameraGoThatTheStartArgumentsHaveOp
   EXPECT_FALSE(FenetresVues);
 }
 
+TEST_F(DepartManque, IsTheEndOfTheJournalToo) {
+  Systeme.Programmes.Absents = {QStringLiteral("/opt/v/VAKTORmail")};
+  EXPECT_FALSE(DemarreEtEchoue(QStringLiteral("/alarm")).isEmpty());
+  const QList<EntreeJournal> lignes = Systeme.LignesJournal.Entrees();
+  ASSERT_FALSE(lignes.isEmpty());
+  EXPECT_EQ(lignes.last().Quoi, Fait::kFini) << "a minute behind the message";
+}
+
 // A slow machine: the load itself takes longer than the start arguments wait.
 TEST_F(DepartManque, NoTimerActsBeforeTheLastSettingIsRead) {
   bool passe = false;

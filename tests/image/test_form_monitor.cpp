@@ -3,12 +3,28 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QApplication>
 #include <QMenu>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTest>
+#include <algorithm>
+#include <functional>
 
 #include "fakes/surveillance_bench.h"
 #include "image/forms/form_monitor.h"
+#include "image/forms/webcam_pecran.h"
+
+// What a screen reader is told. The offscreen platform has none, and Qt drops what one would be told before any handler
+// could see it: so the test stands in the place of the function through which all of it goes.
+static int& Annonces() {
+  static int nombre = 0;
+  return nombre;
+}
+void QAccessible::updateAccessibility(QAccessibleEvent* evenement) {
+  const bool image = evenement->object() != nullptr && evenement->object()->objectName() == QLatin1String("Picture1");
+  if (image && evenement->type() == QAccessible::DescriptionChanged) ++Annonces();
+}
 
 namespace vaktor {
 namespace {
@@ -180,12 +196,30 @@ TEST_F(Moniteur, PictureSaysItsNoticeWhereTheZoneLiesAndWhatTheKeysDo) {
   Glisse({100, 50}, {20, 10});
   EXPECT_EQ(lignes().first(), QStringLiteral("Zone: left 20, top 10, width 80, height 40, of 200x150"));
   EXPECT_TRUE(lignes().at(1).startsWith(QStringLiteral("Arrows move the zone")));
+  Glisse({0, 0}, {200, 100});
+  EXPECT_EQ(lignes().first(), QStringLiteral("Zone: left 0, top 0, width 200, height 100, of 200x150"));
+  Glisse({100, 50}, {20, 10});
   EXPECT_EQ(lignes().last(), QStringLiteral("tip"));
   Forme.MontreAvis(QStringLiteral("Signal lost"));
   EXPECT_EQ(lignes().first(), QStringLiteral("Signal lost"));
   Banc.Reglages.LangueCourante = 0;
   Forme.EcritAides({}, {});
   EXPECT_EQ(lignes().at(1), QString::fromUtf8("Zone : gauche 20, haut 10, largeur 80, hauteur 40, sur 200x150"));
+}
+
+TEST_F(Moniteur, ReaderIsToldOfEachChangeOfTheZoneAndOfTheNotice) {
+  Pose(Unie(200, 150));
+  const auto dit = [](const std::function<void()>& fait) {
+    Annonces() = 0;
+    fait();
+    return Annonces();
+  };
+  EXPECT_EQ(dit([this] { Glisse({100, 50}, {20, 10}); }), 1) << "when the hand lets go";
+  EXPECT_EQ(dit([this] { QTest::keyClick(Picture1, Qt::Key_Right); }), 1);
+  EXPECT_EQ(dit([this] { QTest::keyClick(Picture1, Qt::Key_Right, Qt::ShiftModifier); }), 1);
+  EXPECT_EQ(dit([this] { QTest::keyClick(Picture1, Qt::Key_Home); }), 1);
+  EXPECT_EQ(dit([this] { Forme.MontreAvis(QStringLiteral("Signal lost")); }), 1);
+  EXPECT_EQ(dit([this] { Forme.MontreAvis(QStringLiteral("Signal lost")); }), 0);
 }
 
 TEST_F(Moniteur, BarIsHeardAsTheMovementThatItShows) {
@@ -203,6 +237,57 @@ TEST_F(Moniteur, OtherButtonsDrawNothing) {
   QTest::mousePress(Picture1, Qt::MiddleButton, {}, QPoint(5, 6));
   QTest::mouseRelease(Picture1, Qt::MiddleButton, {}, QPoint(50, 60));
   AttendZone(20, 10, 100, 50);
+}
+
+TEST_F(Moniteur, SecondButtonThatIsHeldStopsTheDrag) {
+  Pose(Unie(200, 150));
+  QTest::mousePress(Picture1, Qt::LeftButton, {}, QPoint(20, 10));
+  const auto bouge = [this](const QPoint& ou, Qt::MouseButtons boutons) {
+    QMouseEvent pas(QEvent::MouseMove, ou, Picture1->mapToGlobal(ou), Qt::NoButton, boutons, Qt::NoModifier);
+    QCoreApplication::sendEvent(Picture1, &pas);
+  };
+  bouge({60, 40}, Qt::LeftButton);
+  bouge({90, 80}, Qt::LeftButton | Qt::RightButton);
+  AttendZone(20, 10, 60, 40);
+}
+
+TEST_F(Moniteur, ClickGivesThePictureTheKeysAndItsMenuAsksForTheEnlargedViewInTheLanguageOfTheMoment) {
+  Picture1->clearFocus();
+  QTest::mouseClick(Picture1, Qt::LeftButton);
+  EXPECT_EQ(Forme.focusWidget(), Picture1);
+  EXPECT_TRUE(Picture1->focusPolicy() & Qt::TabFocus);
+  Forme.ChangeLibellePleinEcran(QStringLiteral("Plein écran"));
+  QTest::keyClick(Picture1, Qt::Key_Return);
+  EXPECT_EQ(Menu->actions().first()->text(), QStringLiteral("Plein écran"));
+  int demandes = 0;
+  QObject::connect(&Forme, &FormMonitor::PleinEcranChoisi, [&demandes] { ++demandes; });
+  Menu->actions().first()->trigger();
+  EXPECT_EQ(demandes, 1);
+  Menu->close();
+}
+
+TEST_F(Moniteur, NewSizeMarksTheSettings) {
+  Pose(Unie(200, 150));
+  Banc.Reglages.ParametresModifies = false;
+  Banc.Sauvegarde.ModifiesALaSauvegarde = false;
+  Pose(Unie(320, 240));
+  EXPECT_TRUE(Banc.Sauvegarde.ModifiesALaSauvegarde);
+}
+
+TEST(EnlargedView, IsMadeNoMoreBehindTheEnd) {
+  VueAgrandie vue;
+  const auto vues = [] {
+    const auto fenetres = QApplication::topLevelWidgets();
+    return std::count_if(fenetres.begin(), fenetres.end(),
+                         [](const QWidget* f) { return f->objectName() == QLatin1String("WebcamPecran"); });
+  };
+  vue.Montre();
+  EXPECT_EQ(vues(), 1);
+  vue.Decharge();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  vue.Montre();
+  vue.Rafraichit();
+  EXPECT_EQ(vues(), 0);
 }
 
 TEST_F(Moniteur, WindowAndZoneHaveTheNewSizeBeforeTheSave) {

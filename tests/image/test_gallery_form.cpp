@@ -3,8 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QContextMenuEvent>
+#include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <functional>
 
 #include "image/forms/form_visu_photo.h"
 #include "image/gallery_bench.h"
@@ -28,6 +31,15 @@ class Galerie : public testing::Test, protected faux::BancGalerie {
   void Clique(int entree) { QTest::mouseClick(Liste->viewport(), Qt::LeftButton, {}, Place(entree)); }
   void Touche(Qt::Key touche) { QTest::keyClick(Liste, touche); }
   void Bouton(const char* nom) { QTest::mouseClick(Trouve<QPushButton>(nom), Qt::LeftButton); }
+  void Bouge(const QPoint& ou, Qt::MouseButtons boutons) {
+    QMouseEvent bouge(QEvent::MouseMove, ou, Liste->viewport()->mapToGlobal(ou), Qt::NoButton, boutons, Qt::NoModifier);
+    QCoreApplication::sendEvent(Liste->viewport(), &bouge);
+  }
+  static QStringList Suite(int nombre) {
+    QStringList noms;
+    for (int i = 0; i < nombre; ++i) noms += QStringLiteral("%1.jpg").arg(i, 3, 10, QLatin1Char('0'));
+    return noms;
+  }
   QString Lu(int i = 0) const { return Lecteur.Lues.value(i); }
 
   FormVisuPhoto Forme{BancGalerie::Galerie, Reglages, Textes};
@@ -140,9 +152,10 @@ TEST_F(Galerie, FirstDragOverTheFirstEntryShowsNothingUntilTheRelease) {
 
 TEST_F(Galerie, MoveWithoutTheLeftButtonShowsNothing) {
   Ouvre();
-  QTest::mouseMove(Liste->viewport(), Place(1));
-  QTest::mouseMove(Liste->viewport(), Place(2));
+  Bouge(Place(1), Qt::NoButton);
+  Bouge(Place(2), Qt::RightButton);
   EXPECT_TRUE(Lecteur.Lues.isEmpty());
+  EXPECT_NE(Liste->Index(), 2);
 }
 
 TEST_F(Galerie, DragBelowTheListScrollsOn) {
@@ -156,6 +169,45 @@ TEST_F(Galerie, DragBelowTheListScrollsOn) {
   EXPECT_GT(Liste->Index(), dernier);
   EXPECT_GT(Liste->verticalScrollBar()->value(), 0);
   QTest::mouseRelease(Liste->viewport(), Qt::LeftButton, {}, QPoint(10, 10));
+}
+
+TEST_F(Galerie, DragOverAnEdgeComesToTheEntryBehindIt) {
+  Ouvre(Suite(200));
+  const int bas = Liste->viewport()->height();
+  QTest::mousePress(Liste->viewport(), Qt::LeftButton, {}, Place(3));
+  const int dernier = Liste->indexAt({0, bas - 1}).row();
+  Bouge({10, bas + 5}, Qt::LeftButton);
+  EXPECT_EQ(Liste->Index(), dernier + 1);
+  QTest::mouseRelease(Liste->viewport(), Qt::LeftButton, {}, QPoint(10, 10));
+  Liste->verticalScrollBar()->setValue(100);
+  const int premier = Liste->indexAt({0, 0}).row();
+  ASSERT_GT(premier, 0);
+  QTest::mousePress(Liste->viewport(), Qt::LeftButton, {}, QPoint(10, bas / 2));
+  Bouge({10, -5}, Qt::LeftButton);
+  EXPECT_EQ(Liste->Index(), premier - 1);
+  QTest::mouseRelease(Liste->viewport(), Qt::LeftButton, {}, QPoint(10, 10));
+}
+
+TEST_F(Galerie, BehindADeletionTheListStandsWhereItStoodAndTheKeysGoOnFromThere) {
+  Ouvre(Suite(200));
+  Liste->verticalScrollBar()->setValue(100);
+  const int choisie = Liste->indexAt({0, Liste->viewport()->height() / 2}).row();
+  Clique(choisie);
+  const int place = Liste->verticalScrollBar()->value();
+  ASSERT_GT(place, 0);
+  Touche(Qt::Key_Delete);
+  EXPECT_EQ(Liste->verticalScrollBar()->value(), place);
+  Lecteur.Lues.clear();
+  Touche(Qt::Key_Down);
+  EXPECT_EQ(Lu(), QStringLiteral("/p\\") + Suite(200).at(choisie + 1));
+}
+
+TEST_F(Galerie, MousesOwnWishForAMenuOpensNone) {
+  Ouvre();
+  Clique(1);
+  QContextMenuEvent souris(QContextMenuEvent::Mouse, Place(1), Liste->viewport()->mapToGlobal(Place(1)));
+  QCoreApplication::sendEvent(Liste->viewport(), &souris);
+  EXPECT_FALSE(Menu->isVisible()) << "the press has opened it";
 }
 
 TEST_F(Galerie, RightButtonShowsTheSelectedPhotoAndOpensTheMenuWhereItIs) {
@@ -332,6 +384,13 @@ TEST_F(Galerie, ReopenedAfterItWasRestoredItFitsTheFirstPhoto) {
   EXPECT_LE((Photo->geometry().center() - milieu).manhattanLength(), 2);
 }
 
+TEST_F(Galerie, OpenedAgainItIsNoIcon) {
+  Ouvre();
+  Forme.showMinimized();
+  Forme.OuvreGalerie();
+  EXPECT_FALSE(Forme.isMinimized());
+}
+
 TEST_F(Galerie, PhotoIsCentredInTheSpaceRightOfThePanelAndCutByTheEdges) {
   Ouvre();
   Forme.showNormal();
@@ -360,6 +419,7 @@ TEST_F(Galerie, DamagedPhotoIsSaidInItsPlaceAndStaysListed) {
   EXPECT_TRUE(Photo->Photo().isNull());
   EXPECT_TRUE(Photo->Avis().contains(QStringLiteral("damaged"))) << Photo->Avis().toStdString();
   EXPECT_TRUE(Photo->Avis().contains(QStringLiteral("b.jpg")));
+  EXPECT_EQ(Photo->size(), QSize(360, 140)) << "room for the words, whatever the photo before";
   EXPECT_EQ(Liste->model()->rowCount(), 3);
   EXPECT_NE(Photo->grab().toImage().pixel(2, 2), qRgb(200, 60, 20));
   Reglages.LangueCourante = 0;
@@ -432,6 +492,26 @@ TEST_F(Galerie, ProgressWindowIsThereDuringTheDeletionOnly) {
   EXPECT_EQ(Liste->model()->rowCount(), 0);
   EXPECT_TRUE(Photo->Photo().isNull());
   EXPECT_EQ(Photo->Avis(), QStringLiteral("No picture in this folder."));
+}
+
+TEST_F(Galerie, ProgressGoesOnIsHeardAndStaysUntilTheDeletionIsThrough) {
+  Ouvre(Suite(6));
+  Effaceur.MsParPhoto = kMillisecondesTranche;  // a slice each
+  QList<int> pas;
+  const std::function<void()> regarde = [&] {
+    auto* progression = Forme.findChild<FrmProgression*>(QStringLiteral("FrmProgression"));
+    QAccessibleInterface* entendue = QAccessible::queryAccessibleInterface(Forme.findChild<BarreProgression*>());
+    pas += entendue->valueInterface()->currentValue().toInt();
+    EXPECT_EQ(entendue->text(QAccessible::Name), progression->windowTitle());
+    EXPECT_FALSE(progression->close());
+    EXPECT_TRUE(progression->isVisible());
+    Effaceur.Evenements = regarde;
+  };
+  Effaceur.Evenements = regarde;
+  Bouton("CmdClearRepPhot");
+  Effaceur.Evenements = nullptr;
+  ASSERT_GT(pas.size(), 2);
+  EXPECT_GT(pas.last(), pas.first());
 }
 
 TEST(ProgressBar, FillsToTheStepInItsColour) {

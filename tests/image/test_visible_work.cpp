@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
 
+#include <QExposeEvent>
 #include <QTest>
 #include <QWindow>
 
@@ -41,6 +42,8 @@ TEST(VisibleWork, WaitsForAWindowThatIsOnNoScreenAndIsDoneOnce) {
   EXPECT_EQ(banc.Faits, 1);
   banc.Fenetre.windowHandle()->requestUpdate();
   QCoreApplication::processEvents();
+  QExposeEvent vue(QRegion(0, 0, 9, 9));
+  QCoreApplication::sendEvent(banc.Fenetre.windowHandle(), &vue);
   EXPECT_EQ(banc.Faits, 1) << "it waits no more";
 }
 

@@ -341,6 +341,12 @@ TEST_F(OldPhotos, APauseOfMoreThanTenSecondsPartsThem) {
   EXPECT_EQ(c.Intrusions[1].Debut, Le(22, 3, 0, 22));
 }
 
+TEST_F(OldPhotos, ThoseOfTwoDaysAreTwoWhateverTheTimeOfDay) {
+  Pose(20, QTime(3, 0, 0), 1);
+  Pose(21, QTime(3, 0, 1), 2);
+  EXPECT_EQ(Compose().Intrusions.size(), 2);
+}
+
 TEST_F(OldPhotos, ThoseOfTwoNightsWithOneDayInTheirNamesAreParted) {
   // One run over two nights: the same time of day, other numbers.
   for (int i = 0; i < 3; ++i) Pose(20, QTime(3, 0, i), 100 + i);

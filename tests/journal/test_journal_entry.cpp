@@ -165,6 +165,7 @@ TEST(JournalText, TheOldestDaysGoAndADayGoesWhole) {
   // The newest day alone is too large: some of its lines stay.
   const qsizetype debut = TrouveDebutGarde(tout, unJour / 2);
   EXPECT_GT(debut, debuts[4]);
+  EXPECT_LT(debut, tout.size());
   EXPECT_LE(tout.size() - debut, unJour / 2);
   EXPECT_EQ(LitJournal(QByteArrayView(tout).sliced(debut)).Illisibles, 0);
   const QByteArray sansFin(1000, 'x');

@@ -13,6 +13,22 @@
 #include "ui/common/heard_roles.h"
 #include "ui/window_bench.h"
 
+// What a screen reader is told, in order. The offscreen platform has no reader, and Qt drops what one would be told
+// before any handler could see it: so the test stands in the place of the functions through which all of it goes.
+static QStringList& Annonces() {
+  static QStringList liste;
+  return liste;
+}
+bool QAccessible::isActive() { return true; }
+void QAccessible::updateAccessibility(QAccessibleEvent* evenement) {
+  if (evenement->object() == nullptr) return;
+  const QString nom = evenement->object()->objectName();
+  if (evenement->type() == QAccessible::ValueChanged) Annonces() += QStringLiteral("value ") + nom;
+  if (evenement->type() == QAccessible::DescriptionChanged) Annonces() += QStringLiteral("words ") + nom;
+  if (evenement->type() == QAccessible::ObjectShow) Annonces() += QStringLiteral("show ") + nom;
+  if (evenement->type() == QAccessible::ObjectHide) Annonces() += QStringLiteral("hide ") + nom;
+}
+
 namespace vaktor {
 namespace {
 
@@ -164,6 +180,18 @@ TEST_F(AuClavier, ScreenReaderOpensTheMenuOfTheSmallViewAndHearsItsMode) {
   EXPECT_EQ(vue->text(QAccessible::Name), QString::fromUtf8("Vue réduite"));
 }
 
+TEST_F(AuClavier, TabComesToGaugeAndSmallViewAndAReaderFindsTheMenuOfTheView) {
+  QStringList noms;
+  Banc.Trouve("Text1")->setFocus();
+  for (int i = 0; i < 40; ++i) {
+    QTest::keyClick(Banc.Fenetre.focusWidget(), Qt::Key_Tab);
+    noms += Banc.Fenetre.focusWidget()->objectName();
+  }
+  EXPECT_TRUE(noms.contains(QStringLiteral("PictSeuil"))) << noms.join(' ').toStdString();
+  EXPECT_TRUE(noms.contains(QStringLiteral("Picture2"))) << noms.join(' ').toStdString();
+  EXPECT_TRUE(Lit("Picture2")->actionInterface()->actionNames().contains(QAccessibleActionInterface::showMenuAction()));
+}
+
 TEST_F(AuClavier, MenuOfTheSmallViewOpensOverItAndTheMouseLeavesTheFocusWhereItIs) {
   Touche("Picture2", Qt::Key_Space);
   const QWidget& vue = *Banc.Trouve("Picture2");
@@ -198,6 +226,23 @@ TEST_F(AuClavier, OnlyThePageInFrontIsHeard) {
       EXPECT_EQ(lue->state().invisible, page != devant) << devant << " " << page;
     }
   }
+}
+
+TEST_F(AuClavier, ReaderIsToldWhenTheMarkerMovesTheModeChangesAndAnotherPageComes) {
+  Banc.Engin.Jauge().DessineSeuil(3500000);
+  Annonces().clear();
+  Banc.Engin.Jauge().DessineSeuil(3500001);
+  EXPECT_FALSE(Annonces().contains(QStringLiteral("value PictSeuil"))) << "a thousand times a second is too often";
+  Banc.Engin.Jauge().DessineSeuil(3600000);
+  EXPECT_EQ(Annonces().count(QStringLiteral("value PictSeuil")), 1);
+  Annonces().clear();
+  Banc.Fenetre.findChild<QAction*>(QStringLiteral("MnuPixelView"))->trigger();
+  EXPECT_TRUE(Annonces().contains(QStringLiteral("words Picture2")));
+  Banc.Fenetre.AmenePage(1);
+  Annonces().clear();
+  Banc.Fenetre.AmenePage(3);
+  EXPECT_TRUE(Annonces().contains(QStringLiteral("show PictPage(3)")));
+  EXPECT_TRUE(Annonces().contains(QStringLiteral("hide PictPage(1)")));
 }
 
 TEST_F(AuClavier, LampsArePicturesAndListsAreCalledByLabels) {

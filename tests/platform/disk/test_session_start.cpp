@@ -77,6 +77,11 @@ TEST_F(Session, EachFolderOfSettingsHasAnEntryOfItsOwn) {
   EXPECT_EQ(NommeEntreeSession(QStringLiteral("/home/u/one/")), NommeEntreeSession(QStringLiteral("/home/u/one")));
 }
 
+TEST_F(Session, SignsOfItsWordsAreWrittenAsTheDesktopReadsThem) {
+  const QByteArray entree = ComposeEntreeSession({QStringLiteral("/a \"b\" $c `d` \\e %f"), {}, {}});
+  EXPECT_TRUE(entree.contains(R"(Exec="/a \\"b\\" \\$c \\`d\\` \\\\e %%f" /alarm)")) << entree.constData();
+}
+
 TEST_F(Session, FolderAndFilmAreNamedFromTheRootWhereverTheProgramStood) {
   const QString ici = QDir::currentPath();
   ASSERT_TRUE(QDir::setCurrent(Dossier.path()));

@@ -10,6 +10,7 @@
 #include <QImage>
 #include <QTemporaryDir>
 #include <QTest>
+#include <algorithm>
 #include <cerrno>
 
 #include "platform/journal/film_file_writer.h"
@@ -125,7 +126,7 @@ TEST_F(Film, BeginsWithItsFirstPhotoWhateverTheDay) {
 TEST_F(Film, IsMadeWithoutPhotosThatAreGoneDamagedOrOfAnotherSizeAndSaysHowMany) {
   QFile::remove(Voulu.Chemins[0]);
   Pose(Voulu.Chemins[5], QSize(80, 60), 3);
-  const QByteArray coupee = Octets(Voulu.Chemins[7]).first(400);
+  const QByteArray coupee = Octets(Voulu.Chemins[7]).chopped(40);  // its size can still be read
   QFile fichier(Voulu.Chemins[7]);
   ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
   fichier.write(coupee);
@@ -241,16 +242,36 @@ TEST_F(Film, GivenUpOnItsThreadItSaysSoSoonAndLeavesNothing) {
     Voulu.Chemins.append(Voulu.Chemins[i % 12]);
     Voulu.Instants.append(Voulu.Instants.constLast() + 33);
   }
+  bool avance = false;
   films.Ecrit(
-      Voulu, [](int) {},
+      Voulu, [&](int) { avance = true; },
       [&](const FilmFait& f) {
         ++finis;
         EXPECT_EQ(f.Etat, EtatFilm::kAnnule);
       });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return avance; }, 60'000)) << "it is in the middle of it";
   films.Annule();
+  EXPECT_EQ(finis, 0) << "later, from the event loop";
   ASSERT_TRUE(QTest::qWaitFor([&] { return finis > 0; }, 60'000));
   EXPECT_TRUE(QTest::qWaitFor([&] { return Restes().isEmpty(); }, 60'000));
   EXPECT_EQ(finis, 1);
+}
+
+TEST_F(Film, AThumbnailIsAsSharpAsItsSizeAllows) {
+  QImage rayee(800, 600, QImage::Format_RGB32);
+  rayee.fill(Qt::black);
+  for (int x = 0; x < rayee.width(); ++x)
+    if (x / 5 % 2 == 0)
+      for (int y = 0; y < rayee.height(); ++y) rayee.setPixel(x, y, qRgb(255, 255, 255));
+  const QString nom = Dossier.filePath(QStringLiteral("stripes.jpg"));
+  ASSERT_TRUE(rayee.save(nom, "jpg", 95));
+  const Vignette vignette = LitVignetteJpeg(nom, QSize(220, 165));
+  int clair = 0, sombre = 255;
+  for (int x = 20; x < 200; ++x) {
+    clair = std::max(clair, qRed(vignette.Image.pixel(x, 80)));
+    sombre = std::min(sombre, qRed(vignette.Image.pixel(x, 80)));
+  }
+  EXPECT_GT(clair - sombre, 120);
 }
 
 TEST_F(Film, AThumbnailIsDecodedSmallAndKnowsTheSizeOfItsPhoto) {

@@ -169,10 +169,14 @@ TEST_F(JournalFile, WhatCannotBeWrittenIsLostAndTold) {
     EXPECT_EQ(fichier.Erreur(), 0) << "the disk takes lines again";
   }
   ASSERT_EQ(::mkfifo(QFile::encodeName(Chemin()).constData(), 0600), 0);
+  const int lecteur = ::open(QFile::encodeName(Chemin()).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   FichierJournalSysteme fichier(Chemin());
   fichier.Ajoute("x");
   for (int i = 0; i < 100 && fichier.Erreur() == 0; ++i) ::usleep(20'000);
   EXPECT_EQ(fichier.Erreur(), EINVAL) << "a pipe is no journal, and nobody waits at it";
+  char octet = 0;
+  EXPECT_NE(::read(lecteur, &octet, 1), 1) << "nor is anything written into it";
+  ::close(lecteur);
   EXPECT_TRUE(LitFinJournal(Chemin()).isEmpty());
 }
 
