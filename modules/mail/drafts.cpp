@@ -58,16 +58,20 @@ QString ComposeCorps(const RecetteCourriel& recette, const std::optional<Ardoise
 struct CourrielCompose {
   Courriel Message;
   QString CorpsSansPhoto;
+  bool Muet = false;  ///< the photos' disk does not answer
 };
 
-CourrielCompose Prepare(const SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
+CourrielCompose Prepare(const SacPostal& sac, LecteurPhotos& photos, const CourrielEnAttente& tete,
+                        const RecetteCourriel& recette) {
   const std::optional<ArdoiseIntrusion> ardoise = LitArdoiseDe(recette, tete.FaitA);
   QStringList enTete;
   if (ardoise)
     for (const PhotoArdoise& photo : ardoise->Photos) enTete.append(photo.Nom);
-  ChoixPhotos choix;
+  std::optional<ChoixPhotos> lu = ChoixPhotos();
   if (sac.DonneOctets() <= SacPostal::kOctetsMax)
-    choix = PrendPhotos(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax, recette.Sauf, enTete);
+    lu = photos.Prend(recette.DossierPhotos, tete.FaitA, recette.NombrePhoto, kOctetsPhotosMax, recette.Sauf, enTete);
+  const bool muet = !lu;
+  ChoixPhotos choix = std::move(lu).value_or(ChoixPhotos());
   return {{.Expediteur = tete.Expediteur,
            .Destinataires = tete.Destinataires,
            .Sujet = recette.Sujet,
@@ -75,12 +79,15 @@ CourrielCompose Prepare(const SacPostal& sac, const CourrielEnAttente& tete, con
            .Date = QDateTime::fromMSecsSinceEpoch(tete.FaitA),
            .Identifiant = tete.Nom,
            .Pieces = std::move(choix.Pieces)},
-          ComposeCorps(recette, ardoise, {})};
+          ComposeCorps(recette, ardoise, {}),
+          muet};
 }
 
-Publication ComposeBrouillon(SacPostal& sac, const CourrielEnAttente& tete, const RecetteCourriel& recette) {
+Publication ComposeBrouillon(SacPostal& sac, LecteurPhotos& photos, const CourrielEnAttente& tete,
+                             const RecetteCourriel& recette) {
   Publication suite;
-  auto [courriel, corpsSansPhoto] = Prepare(sac, tete, recette);
+  auto [courriel, corpsSansPhoto, muet] = Prepare(sac, photos, tete, recette);
+  suite.Muet = muet;
   for (const PieceJointe& piece : courriel.Pieces) suite.Photos.append(piece.Nom);
   suite.Erreur = sac.PoseBrouillon(tete, ComposeMessage(courriel));
   if (suite.Erreur == 0 || courriel.Pieces.isEmpty()) return suite;
@@ -112,21 +119,34 @@ int PoseRecette(SacPostal& sac, const CourrielEnAttente& courriel, const Recette
 
 // The whole message takes the recipe's place under the same name before it gets another one: at no moment does the mail
 // stand on disk twice, of which a kill would make two.
-Publication PublieBrouillon(SacPostal& sac, const QString& nom) {
+Publication PublieBrouillon(SacPostal& sac, LecteurPhotos& photos, const QString& nom) {
   CourrielEnAttente tete;
   Publication suite;
-  if (const std::optional<QByteArray> recette = sac.LitRecette(nom, tete)) {
+  std::optional<QByteArray> recette;
+  suite.Erreur = sac.LitBrouillon(nom, tete, recette);
+  if (suite.Erreur == 0 && recette) {
     const QJsonDocument document = QJsonDocument::fromJson(*recette);
-    if (document.isObject()) suite = ComposeBrouillon(sac, tete, LitRecette(document.object()));
-    if (suite.Erreur != 0) return suite;
+    if (document.isObject()) suite = ComposeBrouillon(sac, photos, tete, LitRecette(document.object()));
   }
+  if (suite.Erreur != 0) return suite;
   if (!sac.Publie(nom)) suite.Erreur = errno;
   return suite;
 }
 
-void RecupereSac(SacPostal& sac, const QString& saufMarque) {
-  for (const QString& nom : sac.DonneBrouillons(saufMarque)) PublieBrouillon(sac, nom);
+int PublieBrouillons(SacPostal& sac, LecteurPhotos& photos, const QString& saufMarque) {
+  QStringList noms;
+  int premiere = sac.ListeBrouillons(saufMarque, noms);
+  for (const QString& nom : std::as_const(noms)) {
+    const int erreur = PublieBrouillon(sac, photos, nom).Erreur;
+    if (premiere == 0 && erreur != ENOENT) premiere = erreur;  // ENOENT: somebody has taken it away
+  }
+  return premiere;
+}
+
+int RecupereSac(SacPostal& sac, LecteurPhotos& photos, const QString& saufMarque) {
+  const int erreur = PublieBrouillons(sac, photos, saufMarque);
   sac.RetireRestes(saufMarque);
+  return erreur;
 }
 
 }  // namespace vaktor

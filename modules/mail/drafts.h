@@ -32,14 +32,19 @@ struct Publication {
   int Erreur = 0;           ///< of the mail: its draft stays as it is
   int ErreurPhotos = 0;     ///< there was no room for the photos: the mail goes without them
   QStringList Photos = {};  ///< names of those that were chosen
+  bool Muet = false;        ///< the photos' disk does not answer: the mail goes without them
 };
 
 /// The draft `nom` may be sent from now on. One that is a recipe becomes a whole message first: photos nearest
 /// `FaitA`, as many as fit, none where the outbox is full already.
-Publication PublieBrouillon(SacPostal& sac, const QString& nom);
+Publication PublieBrouillon(SacPostal& sac, LecteurPhotos& photos, const QString& nom);
+
+/// All drafts but those with `saufMarque` in their name, which belong to the living. Gives the first error: those that
+/// could not leave are still there.
+int PublieBrouillons(SacPostal& sac, LecteurPhotos& photos, const QString& saufMarque);
 
 /// After the start, by the one program that sends: drafts become mails, and what a kill left half-written or already
-/// sent goes. Names that hold `saufMarque` belong to the living and stay as they are.
-void RecupereSac(SacPostal& sac, const QString& saufMarque = {});
+/// sent goes. As PublieBrouillons.
+int RecupereSac(SacPostal& sac, LecteurPhotos& photos, const QString& saufMarque = {});
 
 }  // namespace vaktor

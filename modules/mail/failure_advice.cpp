@@ -240,6 +240,14 @@ AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots) {
           })};
 }
 
+AvisEchec ComposeAvisPhotos(const QString& dossier) {
+  return {QStringLiteral("mail-photos"), {}, PhraseDite::Compose([&](Langue langue) {
+            return Phrase{"Le disque des photos ne répond pas (%1) : le mail de l'alarme part sans elles.",
+                          "The disk of the photos does not answer (%1): the mail of the alarm goes without them."}
+                .Dit(langue, dossier);
+          })};
+}
+
 AvisEchec ComposeAvisVeille(const QString& dossier) {
   return {QStringLiteral("mail-watch"), {}, PhraseDite::Compose([&](Langue langue) {
             return Phrase{

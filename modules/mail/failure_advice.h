@@ -22,6 +22,9 @@ PhraseDite DitChiffrement(const ResultatEnvoi& resultat, const ReglagesEnvoi& re
 /// The outbox cannot be written; `mots` are those of the system.
 AvisEchec ComposeAvisDisque(const QString& dossier, const QString& mots);
 
+/// The disk of the photos does not answer.
+AvisEchec ComposeAvisPhotos(const QString& dossier);
+
 /// A message of the watch was none; `dossier`: where it is kept.
 AvisEchec ComposeAvisVeille(const QString& dossier);
 

@@ -13,7 +13,7 @@ namespace vaktor {
 /// owner asks from time to time.
 class BrouillonsEnRetard {
  public:
-  explicit BrouillonsEnRetard(SacPostal sac) : Sac_(std::move(sac)) {}
+  BrouillonsEnRetard(SacPostal sac, LecteurPhotos& photos) : Sac_(std::move(sac)), Photos_(photos) {}
 
   /// The draft of `nom`, made at `faitA` (milliseconds since 1970), may leave: see PublieBrouillon. After an error of
   /// the mail it is one of those that Reessaie tries.
@@ -25,6 +25,7 @@ class BrouillonsEnRetard {
 
  private:
   SacPostal Sac_;
+  LecteurPhotos& Photos_;
   QMap<QString, qint64> Noms_;  // with the time at which each was made
 };
 

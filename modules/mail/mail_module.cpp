@@ -20,7 +20,7 @@ ModuleMail::ModuleMail(const ContexteModule& contexte, const PortsMail& ports)
     : Contexte_(contexte),
       Ports_(ports),
       Sac_(ports.DossierSac),
-      Retard_(Sac_),
+      Retard_(Sac_, Photos_),
       Veille_(ports.DossierVeille, Sac_, Retard_, ports.Marque, contexte.Journal),
       TimerRecolte_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerRecolte"), kRecolte, [this] { Recolte(); })),
       TimerPause_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerPause"), kPauseEntreSeries,
@@ -138,12 +138,11 @@ void ModuleMail::ConfieSansPhotos() {
                                    .Pieces = {}}));
 }
 
-bool ModuleMail::EstComble() const {
-  const QList<PhotoConnue> photos =
-      PrendPhotos(Reglages_.DossierPhotos, EnCours_.FaitA, Reglages_.NombrePhoto, kOctetsPhotosMax, PrisDeLaSerie_)
-          .Photos;
-  return photos.size() >= Reglages_.NombrePhoto &&
-         std::all_of(photos.begin(), photos.end(),
+bool ModuleMail::EstComble() {
+  const std::optional<ChoixPhotos> lu =
+      Photos_.Prend(Reglages_.DossierPhotos, EnCours_.FaitA, Reglages_.NombrePhoto, kOctetsPhotosMax, PrisDeLaSerie_);
+  return lu && lu->Photos.size() >= Reglages_.NombrePhoto &&
+         std::all_of(lu->Photos.begin(), lu->Photos.end(),
                      [this](const PhotoConnue& p) { return p.Instant > EnCours_.FaitA - kMemeInstantMs; });
 }
 
@@ -170,6 +169,10 @@ void ModuleMail::PublieCourriel() {
   const Publication suite = Retard_.Publie(EnCours_.Nom, EnCours_.FaitA);
   for (const int erreur : {suite.ErreurPhotos, suite.Erreur})
     if (erreur != 0) SignaleDisque(erreur);
+  if (suite.Muet) {
+    Contexte_.Journal.Note(QStringLiteral("mail %1: the disk of the photos does not answer").arg(EnCours_.Nom));
+    Contexte_.Etat.Signale(ComposeAvisPhotos(Reglages_.DossierPhotos));
+  }
   PrisDeLaSerie_ += suite.Photos;
   if (suite.Erreur != 0) ConfieSansPhotos();
 }
@@ -199,7 +202,7 @@ void ModuleMail::SuitAttente() {
   std::optional<qint64> courriel;
   std::optional<qint64> message;
   // Folders that cannot be listed at this moment are not empty: what is known of them stands.
-  if (Sac_.LitPlusAncien(courriel) != 0 || Veille_.LitPlusAncien(message) != 0) return;
+  if (Sac_.LitPlusAncien(courriel, Ports_.Marque) != 0 || Veille_.LitPlusAncien(message) != 0) return;
   std::optional<qint64> plusAncien;
   for (const std::optional<qint64>& depuis : {courriel, message, Retard_.PlusAncien()})
     if (depuis) plusAncien = std::min(*depuis, plusAncien.value_or(*depuis));

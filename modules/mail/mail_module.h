@@ -57,7 +57,7 @@ class ModuleMail : public Module {
   void AcheveCourriel();
   void PublieCourriel();
   void AcheveSerie();
-  bool EstComble() const;
+  bool EstComble();
   quint32 DonneCompteur() const { return static_cast<quint32>(Contexte_.Temps.CompteTics()); }
   void ConfieSansPhotos();
   void Confie(const CourrielEnAttente& courriel, const QByteArray& message);
@@ -73,6 +73,7 @@ class ModuleMail : public Module {
   ContexteModule Contexte_;
   PortsMail Ports_;
   SacPostal Sac_;
+  LecteurPhotos Photos_;
   BrouillonsEnRetard Retard_;
   CourriersVeille Veille_;  // before the post: see there
   ReglagesCourriel Reglages_;

@@ -17,6 +17,7 @@
 #include "modules/mail/disk_reserve.h"
 #include "modules/mail/durable_file.h"
 #include "platform/base/folder_listing.h"
+#include "platform/store/bounded_file.h"
 #include "platform/store/private_file.h"
 
 namespace vaktor {
@@ -31,6 +32,7 @@ constexpr const char* kRefuse = ".refused";
 constexpr const char* kMauvais = ".bad";
 constexpr const char* kPartiel = ".part";
 constexpr qint64 kTeteMax = 64LL * 1024;
+constexpr qint64 kBrouillonMax = 64LL * 1024 * 1024;  // several times the largest mail
 
 const QLatin1String kRecette("recipe");
 
@@ -73,8 +75,10 @@ SacPostal::SacPostal(const QString& dossier) : Dossier_(dossier) {
   QFile::setPermissions(dossier, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
-QStringList SacPostal::DonneBrouillons(const QString& saufMarque) const {
-  return ListeNoms(Dossier_, kBrouillon, saufMarque).Noms;
+int SacPostal::ListeBrouillons(const QString& saufMarque, QStringList& noms) const {
+  const DossierListe lu = ListeNoms(Dossier_, kBrouillon, saufMarque);
+  noms = lu.Noms;
+  return lu.Erreur;
 }
 
 void SacPostal::RetireRestes(const QString& saufMarque) {
@@ -106,11 +110,15 @@ int SacPostal::PoseRecette(const CourrielEnAttente& courriel, const QByteArray& 
   return Ecrit(Chemin(courriel.Nom, kBrouillon), {ComposeTete(courriel, true), recette});
 }
 
-std::optional<QByteArray> SacPostal::LitRecette(const QString& nom, CourrielEnAttente& courriel) const {
+int SacPostal::LitBrouillon(const QString& nom, CourrielEnAttente& courriel, std::optional<QByteArray>& recette) const {
+  recette.reset();
   courriel.Nom = nom;
-  QFile f(Chemin(nom, kBrouillon));
-  if (!f.open(QIODevice::ReadOnly) || !LitTete(f.readLine(kTeteMax), courriel, true)) return std::nullopt;
-  return f.readAll();
+  QByteArray octets;
+  const int erreur = LitFichierBorne(Chemin(nom, kBrouillon), kBrouillonMax, octets);
+  if (erreur != 0 && !EstFauteDuFichier(erreur)) return erreur;
+  const qsizetype fin = octets.indexOf('\n') + 1;
+  if (fin <= kTeteMax && LitTete(octets.left(fin), courriel, true)) recette = octets.mid(fin);
+  return 0;
 }
 
 bool SacPostal::Publie(const QString& nom) { return RenommeDurable(Chemin(nom, kBrouillon), Chemin(nom, kCourriel)); }
@@ -161,20 +169,30 @@ std::optional<QStringList> SacPostal::DonneNoms() const {
   return noms;
 }
 
-int SacPostal::LitPlusAncien(std::optional<qint64>& faitA) const {
+// What is damaged is the postman's to tell; what only cannot be read waits like any other.
+std::optional<qint64> SacPostal::LitInstant(const QString& chemin) const {
+  CourrielEnAttente c;
+  QFile f(chemin);
+  const QByteArray tete = f.open(QIODevice::ReadOnly) ? f.readLine(kTeteMax) : QByteArray();
+  if (LitTete(tete, c) || LitTete(tete, c, true)) return c.FaitA;
+  if (f.error() == QFileDevice::NoError || !f.exists()) return std::nullopt;
+  return QFileInfo(chemin).lastModified().toMSecsSinceEpoch();
+}
+
+int SacPostal::LitPlusAncien(std::optional<qint64>& faitA, const QString& marque) const {
   faitA.reset();
-  const DossierListe lu = ListeNoms(Dossier_, kCourriel);
-  // Names sort by time. What is damaged is the postman's to tell; what only cannot be read waits like any other.
-  for (const QString& nom : lu.Noms) {
-    CourrielEnAttente c;
-    QFile f(Chemin(nom, kCourriel));
-    if (f.open(QIODevice::ReadOnly) && LitTete(f.readLine(kTeteMax), c))
-      faitA = c.FaitA;
-    else if (f.error() != QFileDevice::NoError && f.exists())
-      faitA = QFileInfo(f).lastModified().toMSecsSinceEpoch();
-    if (faitA) return 0;
+  for (const char* fin : {kCourriel, kBrouillon}) {
+    if (fin == kBrouillon && marque.isEmpty()) break;
+    const DossierListe lu = ListeNoms(Dossier_, fin, fin == kBrouillon ? marque : QString());
+    if (lu.Erreur != 0) return lu.Erreur;
+    for (const QString& nom : lu.Noms) {
+      const std::optional<qint64> instant = LitInstant(Chemin(nom, fin));
+      if (!instant) continue;
+      faitA = std::min(*instant, faitA.value_or(*instant));
+      break;  // names sort by time
+    }
   }
-  return lu.Erreur;
+  return 0;
 }
 
 QByteArray SacPostal::LitMessage(const QString& nom) const {

@@ -52,8 +52,9 @@ class SacPostal {
   /// The folder is made when it is not there.
   explicit SacPostal(const QString& dossier);
 
-  /// Names of the drafts but for those that hold `saufMarque`; with an empty mark of all.
-  QStringList DonneBrouillons(const QString& saufMarque) const;
+  /// Names of the drafts but for those that hold `saufMarque`; with an empty mark of all. Gives the system's error
+  /// number when the folder could not be listed.
+  int ListeBrouillons(const QString& saufMarque, QStringList& noms) const;
   /// Removes what a kill left half-written or already sent, but for names that hold `saufMarque`.
   void RetireRestes(const QString& saufMarque);
   /// Keeps a little room on the disk for PoseBrouillon and PoseRecette, which use it up when there is no other. To be
@@ -64,8 +65,9 @@ class SacPostal {
   int PoseBrouillon(const CourrielEnAttente& courriel, const QByteArray& message);
   /// The same with what the message will be made of.
   int PoseRecette(const CourrielEnAttente& courriel, const QByteArray& recette);
-  /// What was given to PoseRecette; nothing for a draft with a message, and for one that is not there.
-  std::optional<QByteArray> LitRecette(const QString& nom, CourrielEnAttente& courriel) const;
+  /// What was given to PoseRecette; nothing for a draft with a message, and for a damaged one. Gives the system's error
+  /// number where it cannot be told at this moment, or there is no such draft.
+  int LitBrouillon(const QString& nom, CourrielEnAttente& courriel, std::optional<QByteArray>& recette) const;
   /// From now on the draft may be sent. False, with errno, when the system refuses.
   bool Publie(const QString& nom);
 
@@ -75,8 +77,9 @@ class SacPostal {
   /// Names of all mails, in whichever state. Nothing when the folder cannot be listed at this moment.
   std::optional<QStringList> DonneNoms() const;
   /// When the oldest mail that is to be sent was made, milliseconds since 1970; of one that cannot be read at this
-  /// moment, when its file was written. Gives the system's error number when the folder could not be listed.
-  int LitPlusAncien(std::optional<qint64>& faitA) const;
+  /// moment, when its file was written. So do drafts that do not hold `marque`, which another run has left; with an
+  /// empty mark no drafts. Gives the system's error number when the folder could not be listed.
+  int LitPlusAncien(std::optional<qint64>& faitA, const QString& marque = {}) const;
   /// Empty when it cannot be read whole.
   QByteArray LitMessage(const QString& nom) const;
   qint64 DonneOctets() const;  ///< all files together
@@ -109,6 +112,7 @@ class SacPostal {
   QString Chemin(const QString& nom, const char* fin) const;
   int Ecrit(const QString& chemin, const QByteArrayList& parties) const;
   void LitEssais(CourrielEnAttente& courriel) const;
+  std::optional<qint64> LitInstant(const QString& chemin) const;
   std::optional<CourrielEnAttente> LitCourriel(const QString& nom, const char* fin) const;
   void RemetRefuse(const QString& nom, const QStringList& adresses);
 

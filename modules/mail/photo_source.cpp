@@ -7,6 +7,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
+#include <exception>
+#include <future>
+#include <thread>
 #include <utility>
 
 #include "base/jpeg_end.h"
@@ -81,6 +84,22 @@ ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qi
   choix.PrendTete(photos, enTete);
   choix.PrendReste(ClassePhotos(photos, intrusion));
   return choix.Donne();
+}
+
+std::optional<ChoixPhotos> LecteurPhotos::Prend(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
+                                                const QStringList& sauf, const QStringList& enTete) {
+  if (!EnRetard_.expired()) return std::nullopt;
+  try {
+    auto tache = std::make_shared<std::packaged_task<ChoixPhotos()>>(
+        [=] { return PrendPhotos(dossier, intrusion, nombre, octetsMax, sauf, enTete); });
+    std::future<ChoixPhotos> rendu = tache->get_future();
+    const std::weak_ptr<void> enRetard = tache;
+    std::thread([tache = std::move(tache)] { (*tache)(); }).detach();
+    if (rendu.wait_for(Patience_) == std::future_status::ready) return rendu.get();
+    EnRetard_ = enRetard;
+  } catch (const std::exception&) {  // no thread, no memory: the mail goes without photos
+  }
+  return std::nullopt;
 }
 
 }  // namespace vaktor

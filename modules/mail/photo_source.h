@@ -3,6 +3,9 @@
 #pragma once
 
 #include <QStringList>
+#include <chrono>
+#include <memory>
+#include <optional>
 
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/mime_message.h"
@@ -24,5 +27,21 @@ struct ChoixPhotos {
 /// one that is too large for what is left of the bytes. Those with a name in `sauf` are left to others.
 ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
                         const QStringList& sauf = {}, const QStringList& enTete = {});
+
+/// The same for a photo disk that may not answer: on a thread that is left behind when it hangs. One thread may use it.
+class LecteurPhotos {
+ public:
+  static constexpr std::chrono::milliseconds kPatience{3000};
+
+  explicit LecteurPhotos(std::chrono::milliseconds patience = kPatience) : Patience_(patience) {}
+  /// PrendPhotos; nothing when the disk has not answered in time. From then on nothing at once, until it has: else each
+  /// question would wait as long, and leave a thread.
+  std::optional<ChoixPhotos> Prend(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
+                                   const QStringList& sauf = {}, const QStringList& enTete = {});
+
+ private:
+  std::chrono::milliseconds Patience_;
+  std::weak_ptr<void> EnRetard_;  // lives as long as the thread that has not come back
+};
 
 }  // namespace vaktor

@@ -6,7 +6,9 @@
 #include <QFile>
 #include <QMutex>
 #include <QWaitCondition>
+#include <algorithm>
 #include <atomic>
+#include <cstring>
 #include <exception>
 #include <optional>
 #include <utility>
@@ -130,7 +132,14 @@ void FilEnvoi::Partage::VideLeSac() {
   const std::unique_ptr<VerrouDossier> verrou = PrendVerrou();
   if (!verrou) return;
   SacPostal sac(Fil.Dossier);
-  RecupereSac(sac, Fil.Marque);
+  LecteurPhotos photos;
+  int erreur = RecupereSac(sac, photos, Fil.Marque);
+  QElapsedTimer depuis;
+  depuis.start();
+  if (erreur != 0)
+    Rapporte({QStringLiteral("of an earlier run"),
+              {.Cause = CauseEchec::kFichier, .MotsServeur = QString::fromLocal8Bit(std::strerror(erreur))},
+              Fil.RepriseBrouillons});
   PlafondHoraire plafond(Fil.CourrielsParHeure);
   QFile cadence(CheminCadence());
   if (cadence.open(QIODevice::ReadOnly)) plafond.Relit(cadence.read(kTexteCadenceMax));
@@ -150,8 +159,12 @@ void FilEnvoi::Partage::VideLeSac() {
       recommence = std::exchange(Change, false) || recommence;
       pret = ReglagesRecus;
     }
+    if (erreur != 0 && depuis.hasExpired(Fil.RepriseBrouillons)) {
+      erreur = PublieBrouillons(sac, photos, Fil.Marque);
+      depuis.start();
+    }
     const qint64 attente = pret ? Tour(facteur, recommence) : Facteur::kRienAFaire;
-    if (attente > 0) Attends(attente);
+    if (attente > 0) Attends(erreur != 0 ? std::min(attente, Fil.RepriseBrouillons) : attente);
   }
 }
 

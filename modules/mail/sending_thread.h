@@ -31,6 +31,7 @@ struct ReglagesFil {
   QString Dossier;  ///< of the outbox
   QString Marque;   ///< of this process: drafts with it in their name are left alone when the outbox is put in order
   int CourrielsParHeure = PlafondHoraire::kCourrielsParHeure;
+  qint64 RepriseBrouillons = 60'000;  ///< milliseconds until drafts of another run that could not leave are tried again
 };
 
 /// Reports come from the event loop of the thread that made it. Of several processes with one outbox only one sends:

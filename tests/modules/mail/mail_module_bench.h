@@ -34,6 +34,7 @@ struct Mail : BancModule {
   PosteFaux* Envoi = nullptr;
   Facteur::Rapporteur Rapporte;
   SacPostal Sac{Temporaire.filePath("courrier")};
+  LecteurPhotos Lecteur;
   std::unique_ptr<ModuleMail> Module;
 
   Mail() : BancModule(QStringLiteral("mail")) {

@@ -28,6 +28,7 @@ struct Sac : testing::Test {
   QTemporaryDir Temporaire;
   QString Dossier = Temporaire.filePath("courrier");
   SacPostal B{Dossier};
+  LecteurPhotos Lecteur;
   qint64 Maintenant = 1'700'000'000'000;
   QStringList Mauvais;  // damaged ones that Noms() has put aside
 

@@ -42,7 +42,8 @@ TEST_F(CourantCoupe, AMailInTheMakingIsThereAfterwards) {
   ASSERT_EQ(sac.PoseBrouillon(Nomme("a"), "message"), 0);
   ASSERT_TRUE(Disque->CoupeCourant());
   EXPECT_EQ(Fichiers(), QStringList{"a.draft"});
-  RecupereSac(sac);
+  LecteurPhotos photos;
+  RecupereSac(sac, photos);
   ASSERT_EQ(sac.Liste().size(), 1);
   EXPECT_EQ(sac.LitMessage("a"), "message");
 }
@@ -99,7 +100,8 @@ TEST_F(CourantCoupe, AMessageOfTheWatchThatNobodyCanDeleteBecomesOneMail) {
   const faux::HorlogeVirtuelle horloge;
   JournalBorne journal(Ailleurs(), "essai", horloge);
   SacPostal sac(boite);
-  BrouillonsEnRetard retard(sac);
+  LecteurPhotos photos;
+  BrouillonsEnRetard retard(sac, photos);
   CourriersVeille courriers(veille, sac, retard, "essai", journal);
   ReglagesCourriel reglages;
   reglages.Adresses.Destinataires = QStringList{"anna@exemple.fr"};

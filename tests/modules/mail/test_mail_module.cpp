@@ -144,7 +144,7 @@ TEST_F(Mail, KilledWhileItsPhotosGatherItIsMadeAtTheNextStartWithAllThatCame) {
   Module.reset();
   Reglages.Valeurs.MailSujet = "other settings by then";
   CreeModule();
-  RecupereSac(Sac, "the mark of the next process");
+  RecupereSac(Sac, Lecteur, "the mark of the next process");
   ASSERT_EQ(Nombre(), 1);
   EXPECT_EQ(Lit(0)["names"].toArray(), QJsonArray({"1.jpg", "2.jpg"}));
   EXPECT_NE(Lit(0)["subject"].toString(), "other settings by then");
@@ -353,6 +353,32 @@ TEST_F(Mail, AnOutboxThatCannotBeWrittenIsToldAndTheCompanionGoesOn) {
   Intrusion(2'000);
   Temps.Avance(1'000);
   EXPECT_EQ(Nombre(), 1);
+}
+
+TEST_F(Mail, WhatIsInMemoryAloneIsToldWhenItIsGivenUpAndAtTheEnd) {
+  const QString dossier = Temporaire.filePath("courrier");
+  QDir(dossier).removeRecursively();
+  ASSERT_TRUE(EcritOctets(dossier, "no folder"));
+  Intrusion();
+  Temps.Avance(kPauseEntreSeries);
+  Intrusion();
+  ASSERT_EQ(Envoi->Confies.size(), 2);
+  Rapporte({Envoi->Confies.at(0), {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("mail-given-up"));
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains(EtatModule::EcritInstant(Debut + kPauseEntreSeries).toUtf8()))
+      << "it waits no longer, the other does";
+  Rapporte({"x", {.Accepte = true}, 0});
+  Module->Termine();
+  EXPECT_TRUE(LitOctets(Journal.Chemin()).contains((Envoi->Confies.at(1) + " is in memory alone").toUtf8()));
+  EXPECT_FALSE(LitOctets(Journal.Chemin()).contains((Envoi->Confies.at(0) + " is in memory alone").toUtf8()));
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("mail-disk"));
+}
+
+TEST_F(Mail, AMailThatWasDamagedIsToldAndWaitsForNothing) {
+  Rapporte({"x", {.Definitif = true, .Cause = CauseEchec::kFichier}, 0});
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains("mail-file"));
+  EXPECT_FALSE(LitOctets(Etat.Chemin()).contains("waiting_since"));
 }
 
 TEST_F(Mail, TheEndKeepsTheMailInTheMakingAndWaitsForTheOneUnderWay) {

@@ -40,14 +40,14 @@ TEST_F(Sac, AFolderThatOthersMayEnterIsClosed) {
 TEST_F(Sac, ADraftIsNotSentBeforeItIsDoneButAfterAKillItIs) {
   ASSERT_EQ(B.PoseBrouillon(Nomme("a", Maintenant), "un"), 0);
   EXPECT_EQ(Noms(), "");
-  RecupereSac(B);
+  RecupereSac(B, Lecteur);
   EXPECT_EQ(Noms(), "a");
 }
 
 TEST_F(Sac, ARecipeIsNoMailUntilItIsMadeOne) {
   ASSERT_EQ(PoseRecette(B, Nomme("a", Maintenant), {.Sujet = "Alarme", .Corps = "ici"}), 0);
   EXPECT_EQ(Fichiers(), "a.draft");
-  EXPECT_EQ(PublieBrouillon(B, "a").Erreur, 0);
+  EXPECT_EQ(PublieBrouillon(B, Lecteur, "a").Erreur, 0);
   EXPECT_EQ(Fichiers(), "a.mail");
   const QJsonObject lu = LitCourriel(B.LitMessage("a"));
   EXPECT_EQ(lu["subject"].toString(), "Alarme");
@@ -55,18 +55,46 @@ TEST_F(Sac, ARecipeIsNoMailUntilItIsMadeOne) {
 }
 
 TEST_F(Sac, ADraftThatIsNotThereOrHasNoRoomIsToldAndARecipeStays) {
-  EXPECT_EQ(PublieBrouillon(B, "nobody").Erreur, ENOENT);
+  EXPECT_EQ(PublieBrouillon(B, Lecteur, "nobody").Erreur, ENOENT);
   ASSERT_EQ(PoseRecette(B, Nomme("a", Maintenant), {}), 0);
   ASSERT_TRUE(QDir().mkpath(Dossier + "/a.draft.part/full"));
-  EXPECT_NE(PublieBrouillon(B, "a").Erreur, 0);
+  EXPECT_NE(PublieBrouillon(B, Lecteur, "a").Erreur, 0);
   EXPECT_EQ(Fichiers(), "a.draft");
 }
 
 TEST_F(Sac, ARecipeThatIsDamagedIsSetAsideAndNeverSentAsAMessage) {
   ASSERT_EQ(B.PoseRecette(Nomme("a", Maintenant), "no object"), 0);
-  RecupereSac(B);
+  RecupereSac(B, Lecteur);
   EXPECT_EQ(Noms(), "");
   EXPECT_EQ(Fichiers(), "a.bad");
+}
+
+TEST_F(Sac, ARecipeThatCannotBeReadAtThisMomentStaysOne) {
+  ASSERT_EQ(PoseRecette(B, Nomme("a", Maintenant), {.Corps = "words"}), 0);
+  {
+    const MauvaisSecteur secteur(0);
+    EXPECT_EQ(PublieBrouillon(B, Lecteur, "a").Erreur, EIO);
+    EXPECT_EQ(RecupereSac(B, Lecteur), EIO) << "whoever asks learns that something is left";
+  }
+  EXPECT_EQ(Fichiers(), "a.draft");
+  {
+    const SansDescripteur aucun;
+    EXPECT_EQ(PublieBrouillons(B, Lecteur, {}), EMFILE) << "a folder that cannot be listed is not done with";
+  }
+  EXPECT_EQ(RecupereSac(B, Lecteur), 0);
+  EXPECT_EQ(Noms(), "a");
+}
+
+TEST_F(Sac, ADraftOfAnotherRunWaitsLikeAMail) {
+  ASSERT_EQ(PoseRecette(B, Nomme("1-autre-1", Maintenant), {}), 0);
+  ASSERT_EQ(B.PoseBrouillon(Nomme("0-moi-1", Maintenant - 1000), "x"), 0);
+  std::optional<qint64> plusAncien;
+  EXPECT_EQ(B.LitPlusAncien(plusAncien, "moi"), 0);
+  EXPECT_EQ(plusAncien, Maintenant);
+  Maintenant -= 5000;
+  Depose("0-moi-2");
+  EXPECT_EQ(B.LitPlusAncien(plusAncien, "moi"), 0);
+  EXPECT_EQ(plusAncien, Maintenant) << "a mail of our own waits too";
 }
 
 TEST_F(Sac, ADiskWithRoomForTheWordsAloneTakesThem) {
@@ -78,7 +106,7 @@ TEST_F(Sac, ADiskWithRoomForTheWordsAloneTakesThem) {
   const qint64 instant = QFileInfo(photo).lastModified().toMSecsSinceEpoch();
   const RecetteCourriel recette{.Sujet = "x", .Corps = "words", .DossierPhotos = Temporaire.path(), .NombrePhoto = 3};
   ASSERT_EQ(PoseRecette(pleine, Nomme("a", instant), recette), 0);
-  const Publication suite = PublieBrouillon(pleine, "a");
+  const Publication suite = PublieBrouillon(pleine, Lecteur, "a");
   EXPECT_EQ(suite.Erreur, 0);
   EXPECT_EQ(suite.ErreurPhotos, ENOSPC);
   const QJsonObject lu = LitCourriel(pleine.LitMessage("a"));
@@ -88,7 +116,7 @@ TEST_F(Sac, ADiskWithRoomForTheWordsAloneTakesThem) {
 
 TEST_F(Sac, TheDraftsOfTheLivingAreLeftAlone) {
   ASSERT_EQ(B.PoseBrouillon(Nomme("1-moi-1", Maintenant), "un"), 0);
-  RecupereSac(B, "moi");
+  RecupereSac(B, Lecteur, "moi");
   EXPECT_EQ(Fichiers(), "1-moi-1.draft");
 }
 
@@ -96,7 +124,7 @@ TEST_F(Sac, LeftoversOfAKillGo) {
   Depose("a");
   for (const char* nom : {"b.sent", "c.mail.part", "d.try", "e.draft.part"})
     ASSERT_TRUE(EcritOctets(Dossier + '/' + nom, "x"));
-  RecupereSac(B);
+  RecupereSac(B, Lecteur);
   EXPECT_EQ(Fichiers(), "a.mail");
 }
 

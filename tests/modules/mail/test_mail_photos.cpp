@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The mail companion's rules in virtual time: when a mail closes, whose photos are whose, the pause over a restart, and
 // a disk that takes nothing.
+#include <QElapsedTimer>
+
 #include "companions/contract/intrusion_slate.h"
 #include "modules/mail/disk_reserve.h"
 #include "modules/mail/mail_module_bench.h"
 #include "modules/mail/row_pause.h"
 #include "modules/mail/watch_message.h"
+#include "support/dead_folder.h"
 #include "support/small_disk.h"
 
 namespace vaktor::essai {
@@ -86,7 +89,7 @@ TEST_F(Photographies, TheRecipeTellsAlsoAfterAKillWhosePhotosAreWhose) {
   Temps.Avance(ModuleMail::kRecolte);
   ASSERT_EQ(Nombre(), 1);
   Module.reset();
-  RecupereSac(Sac, "another");
+  RecupereSac(Sac, Lecteur, "another");
   ASSERT_EQ(Nombre(), 2);
   EXPECT_EQ(Noms(0), QStringList{"a.jpg"});
   EXPECT_EQ(Noms(1), QStringList());
@@ -179,7 +182,7 @@ TEST_F(Photographies, TheRecipeFindsTheMostMovementAlsoAfterAKill) {
   Module->ExecuteCommande(Commande::kIntrusion);
   Module.reset();
   PoseArdoise(-100, {{"1.jpg", 500, {}}});
-  RecupereSac(Sac, "another");
+  RecupereSac(Sac, Lecteur, "another");
   ASSERT_EQ(Nombre(), 1);
   EXPECT_EQ(Noms(0), QStringList{"1.jpg"});
   EXPECT_TRUE(Lit(0)["body"].toString().contains("Frise"));
@@ -226,6 +229,29 @@ TEST_F(Photographies, AMessageOfTheWatchThatTheDiskDoesNotTakeIsSentFromMemoryAn
   EXPECT_FALSE(QFile::exists(message));
 }
 
+TEST_F(Photographies, APhotoDiskThatDoesNotAnswerCostsThePhotosAndNotTheMail) {
+  DossierMort mort;
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  Reglages.Valeurs.RepertoirePhoto = mort.Chemin();
+  Module->PrendReglages(Reglages);
+  QElapsedTimer depuis;
+  depuis.start();
+  Intrusion();
+  Temps.Avance(15'000);
+  EXPECT_LT(depuis.elapsed(), 4 * LecteurPhotos::kPatience.count()) << "asked once, and not at each look";
+  ASSERT_EQ(Nombre(), 1);
+  EXPECT_EQ(Lit(0)["subject"].toString(), "Intrusion");
+  ASSERT_EQ(Avis.size(), 1);
+  EXPECT_TRUE(Avis.first().contains("disque des photos")) << Avis.first().toStdString();
+  CourrielEnAttente autre;
+  autre.Nom = "1-mort-1";
+  autre.Destinataires = QStringList{"anna@exemple.fr"};
+  ASSERT_EQ(PoseRecette(Sac, autre, {.DossierPhotos = mort.Chemin(), .NombrePhoto = 3}), 0);
+  EXPECT_EQ(RecupereSac(Sac, Lecteur, "essai"), 0);
+  EXPECT_EQ(Nombre(), 2) << "nor the mails of a run before";
+  mort.Reveille();
+}
+
 TEST_F(Photographies, AFullDiskGivesBackWhatWasKeptForIt) {
   const PetitDisque disque(4 * 1024 * 1024);
   if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
@@ -241,7 +267,7 @@ TEST_F(Photographies, AFullDiskGivesBackWhatWasKeptForIt) {
   courriel.Nom = "a";
   courriel.Destinataires = QStringList{"anna@exemple.fr"};
   ASSERT_EQ(PoseRecette(sac, courriel, {.Corps = "words"}), 0);
-  EXPECT_EQ(PublieBrouillon(sac, "a").Erreur, 0);
+  EXPECT_EQ(PublieBrouillon(sac, Lecteur, "a").Erreur, 0);
   EXPECT_EQ(sac.Liste().size(), 1);
   EXPECT_FALSE(QFile::exists(dossier + "/.reserve"));
   sac.TientReserve();

@@ -151,6 +151,20 @@ TEST_F(Fil, DraftsOfOneThatWasKilledAreSentAndItsOwnLeftAlone) {
   EXPECT_EQ(Serveur.NombreRecus(), 1);
 }
 
+TEST_F(Fil, ADraftOfOneThatWasKilledThatCannotLeaveIsToldOnceAndTriedAgain) {
+  PoseBrouillon("2-autre-1");
+  ASSERT_TRUE(QDir().mkpath(Temporaire.filePath("2-autre-1.mail/full")));
+  Poste = std::make_unique<FilEnvoi>(
+      ReglagesFil{.Dossier = Temporaire.path(), .Marque = "moi", .RepriseBrouillons = 50},
+      [this](const RapportEnvoi& r) { Rapports << r.Nom + (r.Resultat.Accepte ? " ok" : " non"); });
+  Poste->ChangeReglages(Reglages);
+  ASSERT_TRUE(Rapporte("of an earlier run non"));
+  LaisseFaire();
+  EXPECT_EQ(Rapports.size(), 1);
+  ASSERT_TRUE(QDir(Temporaire.filePath("2-autre-1.mail")).removeRecursively());
+  EXPECT_TRUE(Rapporte("2-autre-1 ok"));
+}
+
 TEST_F(Fil, TheOutboxIsItsAloneForAsLongAsItLives) {
   const int dossier = ::open(QFile::encodeName(Temporaire.path()).constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   ASSERT_EQ(::flock(dossier, LOCK_EX | LOCK_NB), 0);

@@ -388,7 +388,7 @@ TEST_F(Veille, KilledBeforeItMayLeaveTheDraftIsSent) {
   const QString nom = Sac.Liste().first().Nom;
   ASSERT_TRUE(QFile::rename(Temporaire.filePath("courrier/" + nom + ".mail"),
                             Temporaire.filePath("courrier/" + nom + ".draft")));
-  RecupereSac(Sac, "autre");
+  RecupereSac(Sac, Lecteur, "autre");
   EXPECT_EQ(Nombre(), 1);
   EXPECT_TRUE(Sac.Liste().first().Prioritaire) << "and still goes first";
 }
