@@ -7,9 +7,6 @@
 #include <QFile>
 #include <QFileInfo>
 #include <algorithm>
-#include <exception>
-#include <future>
-#include <thread>
 #include <utility>
 
 #include "base/jpeg_end.h"
@@ -88,18 +85,7 @@ ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qi
 
 std::optional<ChoixPhotos> LecteurPhotos::Prend(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
                                                 const QStringList& sauf, const QStringList& enTete) {
-  if (!EnRetard_.expired()) return std::nullopt;
-  try {
-    auto tache = std::make_shared<std::packaged_task<ChoixPhotos()>>(
-        [=] { return PrendPhotos(dossier, intrusion, nombre, octetsMax, sauf, enTete); });
-    std::future<ChoixPhotos> rendu = tache->get_future();
-    const std::weak_ptr<void> enRetard = tache;
-    std::thread([tache = std::move(tache)] { (*tache)(); }).detach();
-    if (rendu.wait_for(Patience_) == std::future_status::ready) return rendu.get();
-    EnRetard_ = enRetard;
-  } catch (const std::exception&) {  // no thread, no memory: the mail goes without photos
-  }
-  return std::nullopt;
+  return Demande<ChoixPhotos>([=] { return PrendPhotos(dossier, intrusion, nombre, octetsMax, sauf, enTete); });
 }
 
 }  // namespace vaktor

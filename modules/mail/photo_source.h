@@ -4,8 +4,13 @@
 
 #include <QStringList>
 #include <chrono>
+#include <exception>
+#include <functional>
+#include <future>
 #include <memory>
 #include <optional>
+#include <thread>
+#include <utility>
 
 #include "modules/mail/mail_policy.h"
 #include "modules/mail/mime_message.h"
@@ -34,8 +39,23 @@ class LecteurPhotos {
   static constexpr std::chrono::milliseconds kPatience{3000};
 
   explicit LecteurPhotos(std::chrono::milliseconds patience = kPatience) : Patience_(patience) {}
-  /// PrendPhotos; nothing when the disk has not answered in time. From then on nothing at once, until it has: else each
-  /// question would wait as long, and leave a thread.
+  /// What `lit` gives, which runs on the other thread and owns all that it uses; nothing when the disk has not answered
+  /// in time. From then on nothing at once, until it has: else each question would wait as long, and leave a thread.
+  template <typename Lu>
+  std::optional<Lu> Demande(std::function<Lu()> lit) {
+    if (!EnRetard_.expired()) return std::nullopt;
+    try {
+      auto tache = std::make_shared<std::packaged_task<Lu()>>(std::move(lit));
+      std::future<Lu> rendu = tache->get_future();
+      const std::weak_ptr<void> enRetard = tache;
+      std::thread([tache = std::move(tache)] { (*tache)(); }).detach();
+      if (rendu.wait_for(Patience_) == std::future_status::ready) return rendu.get();
+      EnRetard_ = enRetard;
+    } catch (const std::exception&) {  // no thread, no memory: it goes without photos
+    }
+    return std::nullopt;
+  }
+  /// PrendPhotos.
   std::optional<ChoixPhotos> Prend(const QString& dossier, qint64 intrusion, int nombre, qint64 octetsMax,
                                    const QStringList& sauf = {}, const QStringList& enTete = {});
 

@@ -8,7 +8,6 @@
 #include <cstring>
 
 #include "base/jpeg_end.h"
-#include "modules/mail/photo_source.h"
 #include "modules/push/push_notices.h"
 #include "platform/base/bounded_log.h"
 #include "platform/base/system_files.h"
@@ -18,7 +17,7 @@ namespace vaktor {
 namespace {
 
 /// The newest photo that is whole; nothing where none is young enough. What is still being written is passed over.
-void PrendImage(const QString& dossier, qint64 maintenant, MessagePush& message) {
+PieceJointe TrouveImage(const QString& dossier, qint64 maintenant) {
   QList<PhotoConnue> photos = ListePhotos(dossier);
   photos.removeIf([maintenant](const PhotoConnue& p) {
     return qAbs(maintenant - p.Instant) > ModulePush::kPhotoMs || p.Octets > ModulePush::kOctetsMax;
@@ -31,10 +30,9 @@ void PrendImage(const QString& dossier, qint64 maintenant, MessagePush& message)
     if (!fichier.open(QIODevice::ReadOnly)) continue;
     const QByteArray octets = fichier.read(ModulePush::kOctetsMax + 1);
     if (!EstJpegEntier(octets)) continue;
-    message.Image = octets;
-    message.NomImage = QFileInfo(photo.Chemin).fileName();
-    return;
+    return {QFileInfo(photo.Chemin).fileName(), octets};
   }
+  return {};
 }
 
 }  // namespace
@@ -62,7 +60,7 @@ void ModulePush::PrendReglages(const ReglagesModule& reglages) {
     Ports_.Etat.Signale(ComposeAvisManque(lu.Manque));
   else if (autres)
     Ports_.Etat.Efface();
-  Poste_->ChangeReglages(Reglages_);
+  if (Poste_) Poste_->ChangeReglages(Reglages_);  // "Optio" may come behind "Quit*"
   if (autres) MotsServeur_.clear();
   NoteAttente();
 }
@@ -98,11 +96,18 @@ void ModulePush::NoteIntrusion() {
   Ports_.Etat.Signale(ComposeAvisSac(Ports_.DossierSac, mots));
 }
 
-MessagePush ModulePush::Compose(qint64 maintenant) const {
+MessagePush ModulePush::Compose(qint64 maintenant) {
   MessagePush message;
   message.Titre = Titre_;
   message.Texte = TextePush(Parlee_, QDateTime::fromMSecsSinceEpoch(maintenant).time());
-  PrendImage(DossierPhotos_, maintenant, message);
+  const std::optional<PieceJointe> image =
+      Photos_.Demande<PieceJointe>([dossier = DossierPhotos_, maintenant] { return TrouveImage(dossier, maintenant); });
+  if (image) {
+    message.Image = image->Contenu;
+    message.NomImage = image->Nom;
+  } else {
+    Contexte_.Journal.Note(QStringLiteral("a push without its picture: the disk of the photos does not answer"));
+  }
   return message;
 }
 

@@ -5,6 +5,7 @@
 #include <QSet>
 
 #include "modules/common/module_program.h"
+#include "modules/mail/photo_source.h"
 #include "modules/push/push_thread.h"
 
 namespace vaktor {
@@ -39,7 +40,7 @@ class ModulePush : public Module {
 
  private:
   void NoteIntrusion();
-  MessagePush Compose(qint64 maintenant) const;
+  MessagePush Compose(qint64 maintenant);
   void PrendRapport(const RapportPush& rapport);
   /// Since when one waits, and what the server said, into the status file of the mails, which the main program reads.
   void NoteAttente();
@@ -47,6 +48,7 @@ class ModulePush : public Module {
   ContexteModule Contexte_;
   PortsPush Ports_;
   SacPush Sac_;
+  LecteurPhotos Photos_;
   ReglagesPush Reglages_;
   QString Titre_;
   QString DossierPhotos_;

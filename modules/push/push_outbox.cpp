@@ -13,6 +13,7 @@
 #include "base/failure.h"
 #include "base/jpeg_end.h"
 #include "modules/mail/durable_file.h"
+#include "platform/store/bounded_file.h"
 #include "platform/store/private_file.h"
 
 namespace vaktor {
@@ -56,14 +57,16 @@ QStringList SacPush::Liste() const {
   return noms;
 }
 
-std::optional<MessagePush> SacPush::Lit(const QString& nom) const {
-  QFile fichier(Chemin(nom));
-  if (fichier.size() > kTailleMax || !fichier.open(QIODevice::ReadOnly)) return std::nullopt;
-  const QByteArray ligne = fichier.readLine(kEnTeteMax);
-  const QJsonDocument tete = QJsonDocument::fromJson(ligne);
-  if (!ligne.endsWith('\n') || !tete.isObject()) return std::nullopt;
+std::optional<MessagePush> SacPush::Lit(const QString& nom, bool* passager) const {
+  QByteArray octets;
+  const int erreur = LitFichierBorne(Chemin(nom), kTailleMax, octets);
+  if (passager != nullptr) *passager = erreur != 0 && !EstFauteDuFichier(erreur);
+  const qsizetype fin = octets.indexOf('\n');
+  if (erreur != 0 || fin < 0 || fin >= kEnTeteMax) return std::nullopt;
+  const QJsonDocument tete = QJsonDocument::fromJson(octets.first(fin));
+  if (!tete.isObject()) return std::nullopt;
   MessagePush message{tete[QStringLiteral("title")].toString(), tete[QStringLiteral("text")].toString(),
-                      tete[QStringLiteral("image")].toString(), fichier.readAll()};
+                      tete[QStringLiteral("image")].toString(), octets.mid(fin + 1)};
   if (!EstJpegEntier(message.Image)) message.Image.clear();
   return message;
 }

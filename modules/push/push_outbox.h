@@ -25,8 +25,8 @@ class SacPush {
   int Ajoute(const MessagePush& message, qint64 faitA, const QString& marque, int* sansImage = nullptr);
   /// The names, newest first.
   QStringList Liste() const;
-  /// Nothing for one that is gone, or is none.
-  std::optional<MessagePush> Lit(const QString& nom) const;
+  /// Nothing for one that is gone, that is none, or, told by `passager`, that cannot be read just now.
+  std::optional<MessagePush> Lit(const QString& nom, bool* passager = nullptr) const;
   /// Without its picture from now on.
   void RetireImage(const QString& nom);
   void Retire(const QString& nom);

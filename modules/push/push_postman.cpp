@@ -17,9 +17,15 @@ qint64 FacteurPush::Tour() {
   const qint64 attente = PasAvant_ - maintenant;
   if (attente > 0 && attente <= kAttentes.back()) return attente;
   for (const QString& nom : Sac_.Elague(maintenant, Essayes_)) Rapporte_({nom, {}, true, 0});
+  qint64 regard = kRienAFaire;
   for (const QString& nom : Sac_.Liste()) {
     if (Partis_.contains(nom)) continue;
-    const std::optional<MessagePush> message = Sac_.Lit(nom);
+    bool passager = false;
+    std::optional<MessagePush> message = Sac_.Lit(nom, &passager);
+    if (passager) {
+      regard = kAttentes.front();
+      continue;
+    }
     if (!message) {
       Sac_.Retire(nom);
       Partis_.insert(nom);
@@ -27,15 +33,17 @@ qint64 FacteurPush::Tour() {
       continue;
     }
     if (!Essayes_.contains(nom)) Essayes_.append(nom);
+    if (SansImage_.contains(nom)) message->Image.clear();
     return Juge(nom, *message, Envoie_(*message));
   }
-  return kRienAFaire;
+  return regard;
 }
 
 qint64 FacteurPush::Juge(const QString& nom, const MessagePush& message, const ResultatPush& resultat) {
   const bool sansImage = resultat.Issue == IssuePush::kTropGrand && !message.Image.isEmpty();
   const bool refuse = (resultat.Issue == IssuePush::kTropGrand && !sansImage) || resultat.Issue == IssuePush::kRefuse;
   if (sansImage) {
+    SansImage_.insert(nom);  // also where the disk does not take the shorter file
     Sac_.RetireImage(nom);
     return 0;
   }
@@ -43,6 +51,7 @@ qint64 FacteurPush::Juge(const QString& nom, const MessagePush& message, const R
     Recommence();
     Partis_.insert(nom);
     Essayes_.removeAll(nom);
+    SansImage_.remove(nom);
     Sac_.Retire(nom);
     Rapporte_({nom, resultat, refuse, 0});
     return 0;

@@ -48,10 +48,11 @@ class FacteurPush {
   std::function<qint64()> Maintenant_;
   Envoyeur Envoie_;
   Rapporteur Rapporte_;
-  QStringList Essayes_;   // of those that wait, in this run
-  QSet<QString> Partis_;  // taken, though the disk may keep their file
-  size_t Echecs_ = 0;     // in a row, for the server's sake
-  qint64 PasAvant_ = 0;   // milliseconds since 1970
+  QStringList Essayes_;      // of those that wait, in this run
+  QSet<QString> SansImage_;  // too large for the server with its picture
+  QSet<QString> Partis_;     // taken, though the disk may keep their file
+  size_t Echecs_ = 0;        // in a row, for the server's sake
+  qint64 PasAvant_ = 0;      // milliseconds since 1970
 };
 
 }  // namespace vaktor

@@ -12,9 +12,11 @@
 #include "modules/module_bench.h"
 #include "modules/push/mail_and_push.h"
 #include "modules/push/push_notices.h"
+#include "support/dead_folder.h"
 #include "support/file_bytes.h"
 #include "support/small_disk.h"
 #include "support/tiny_jpeg.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {
@@ -220,6 +222,23 @@ TEST_F(FileDePush, WhatIsNoPushIsPassedOver) {
   ASSERT_EQ(Rapports.size(), 2);
   EXPECT_TRUE(Rapports[0].Abime && Rapports[0].Abandonne) << "and told, so that nobody waits for it";
   EXPECT_FALSE(Rapports[1].Abime);
+}
+
+TEST_F(FileDePush, OneThatCannotBeReadJustNowWaits) {
+  Ajoute("a");
+  {
+    const SansDescripteur sans(1);  // the folder can be listed
+    EXPECT_EQ(Facteur.Tour(), FacteurPush::kAttentes.front());
+  }
+  EXPECT_TRUE(Rapports.isEmpty());
+  EXPECT_EQ(Tourne(), "a");
+}
+
+TEST_F(FileDePush, APictureThatIsTooLargeIsSentOnceAlsoWhereTheDiskKeepsIt) {
+  Serveur = [](const MessagePush& m) { return m.Image.isEmpty() ? IssuePush::kPris : IssuePush::kTropGrand; };
+  Ajoute("a");
+  ASSERT_TRUE(QDir(Dossier.filePath("push")).mkpath(Sac.Liste().value(0) + ".part/full"));
+  EXPECT_EQ(Tourne(), "a a-");
 }
 
 TEST_F(FileDePush, APictureThatIsNotWholeIsLeftOut) {
@@ -431,6 +450,18 @@ TEST_F(Push, OfOneThatWasTakenTheServersWordsAreNotLogged) {
   EXPECT_FALSE(LitOctets(Journal.Chemin()).contains("HTTP 200"));
 }
 
+TEST_F(Push, ADiskOfPhotosThatDoesNotAnswerCostsThePictureAndNotThePush) {
+  DossierMort mort;
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  Reglages.Valeurs.RepertoirePhoto = mort.Chemin();
+  Module->PrendReglages(Reglages);
+  Bouge(1);
+  EXPECT_EQ(Sac.Liste().size(), 1);
+  EXPECT_TRUE(Dernier().Image.isEmpty());
+  EXPECT_TRUE(FaitsMail.contains("Intru")) << "the mails hear of it too";
+  mort.Reveille();
+}
+
 TEST_F(Push, WithoutAnAddressIsNone) {
   Reglages.Valeurs.PushAdresse.clear();
   Module->PrendReglages(Reglages);
@@ -467,6 +498,8 @@ TEST_F(Push, HandsEverythingElseToTheMails) {
   EXPECT_EQ(Faits.last(), "fini");
   Bouge(1);
   EXPECT_EQ(Sac.Liste().size(), 1) << "after the end none is made";
+  Module->PrendReglages(Reglages);  // "Optio" behind "Quit*"
+  EXPECT_EQ(Faits.last(), "fini");
 }
 
 TEST_F(Push, TellsWhatIsWrongAndHidesWhatLetsItIn) {
