@@ -196,9 +196,6 @@ TEST_F(Moniteur, PictureSaysItsNoticeWhereTheZoneLiesAndWhatTheKeysDo) {
   Glisse({100, 50}, {20, 10});
   EXPECT_EQ(lignes().first(), QStringLiteral("Zone: left 20, top 10, width 80, height 40, of 200x150"));
   EXPECT_TRUE(lignes().at(1).startsWith(QStringLiteral("Arrows move the zone")));
-  Glisse({0, 0}, {200, 100});
-  EXPECT_EQ(lignes().first(), QStringLiteral("Zone: left 0, top 0, width 200, height 100, of 200x150"));
-  Glisse({100, 50}, {20, 10});
   EXPECT_EQ(lignes().last(), QStringLiteral("tip"));
   Forme.MontreAvis(QStringLiteral("Signal lost"));
   EXPECT_EQ(lignes().first(), QStringLiteral("Signal lost"));

@@ -8,6 +8,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <cerrno>
+#include <optional>
 
 #include "modules/module_bench.h"
 #include "modules/push/mail_and_push.h"
@@ -226,11 +227,17 @@ TEST_F(FileDePush, WhatIsNoPushIsPassedOver) {
 
 TEST_F(FileDePush, OneThatCannotBeReadJustNowWaits) {
   Ajoute("a");
-  {
-    const SansDescripteur sans(1);  // the folder can be listed
-    EXPECT_EQ(Facteur.Tour(), FacteurPush::kAttentes.front());
-  }
-  EXPECT_TRUE(Rapports.isEmpty());
+  ASSERT_TRUE(EcritOctets(Dossier.filePath("push/999999999999999-x.push"), "rubbish"));
+  std::optional<SansDescripteur> sans;
+  FacteurPush facteur(
+      Sac, [this] { return Maintenant; }, [](const MessagePush&) { return ResultatPush{}; },
+      [&](const RapportPush& r) {
+        Rapports += r;
+        sans.emplace();  // the folder has been listed, and the damaged one that is the newest read
+      });
+  EXPECT_EQ(facteur.Tour(), FacteurPush::kAttentes.front());
+  sans.reset();
+  EXPECT_EQ(Rapports.size(), 1);
   EXPECT_EQ(Tourne(), "a");
 }
 
