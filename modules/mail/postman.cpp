@@ -281,8 +281,11 @@ qint64 Facteur::TraiteEchecDuCourriel(const CourrielEnAttente& courriel, const R
 qint64 Facteur::TraiteEchecDuServeur(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat) {
   Essayes_.insert(courriel.Nom);
   if (resultat.Cause == CauseEchec::kConnexionRefusee) ++RefusConnexion_;
-  const qint64 attente =
+  qint64 attente =
       RefusConnexion_ >= kRefusConnexionMax ? kReposConnexion : SacPostal::AttenteApresEssai(++EchecsDeSuite_);
+  const bool introuvable =
+      resultat.Cause == CauseEchec::kServeurIntrouvable || resultat.Cause == CauseEchec::kPasDeConnexion;
+  if (introuvable) attente = std::min(attente, kAttenteReseauMax);
   PasAvantDepuis_ = Maintenant_();
   PasAvant_ = PasAvantDepuis_ + attente;
   Rapporte_({courriel.Nom, resultat, attente});

@@ -33,6 +33,9 @@ class Facteur {
   /// After so many refused logins in a row none is tried for kReposConnexion: providers close accounts that go on.
   static constexpr int kRefusConnexionMax = 5;
   static constexpr qint64 kReposConnexion = 6LL * 3600 * 1000;
+  /// The longest wait for a server that nobody finds: asking again costs nobody anything, and after an outage the alarm
+  /// is not to wait for half an hour.
+  static constexpr qint64 kAttenteReseauMax = 120LL * 1000;
   /// So many mails that broke off in their data, one after the other, say something about the way.
   static constexpr int kCoupuresMax = 5;
   static constexpr int kEnMemoireMax = 50;

@@ -86,8 +86,8 @@ TEST_F(Poste, ADayWithoutAServerLosesNothingAndSendsNothingTwice) {
     Travaille(15 * kMinute);
   }
   EXPECT_TRUE(Recus.isEmpty());
-  EXPECT_LT(Tentatives, 60 + 24 * 4) << "about every half hour, whatever waits, and each new one once";
-  EXPECT_GT(Tentatives, 45 + 24 * 4);
+  EXPECT_LT(Tentatives, 740 + 24 * 4) << "about every two minutes, whatever waits, and each new one once";
+  EXPECT_GT(Tentatives, 700 + 24 * 4);
   Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
   Travaille(30 * kMinute);
   EXPECT_EQ(Recus.size(), PlafondHoraire::kCourrielsParHeure - PlafondHoraire::kReserveFrais)
@@ -123,6 +123,21 @@ TEST_F(Poste, RetriesBackOff) {
     Maintenant += attente;
   }
   EXPECT_EQ(attentes, QList<qint64>({10, 30, 60, 120, 300, 600, 900, 1800, 1800, 1800}));
+}
+
+TEST_F(Poste, AServerThatNobodyFindsIsAskedEveryTwoMinutes) {
+  for (const CauseEchec cause : {CauseEchec::kPasDeConnexion, CauseEchec::kServeurIntrouvable}) {
+    F->Recommence();
+    Serveur = [cause](const QString&) { return ResultatEnvoi{.Cause = cause}; };
+    if (Noms().isEmpty()) Depose("a");
+    QList<qint64> attentes;
+    for (int i = 0; i < 7; ++i) {
+      const qint64 attente = F->Tour();
+      attentes << attente / 1000;
+      Maintenant += attente;
+    }
+    EXPECT_EQ(attentes, QList<qint64>({10, 30, 60, 120, 120, 120, 120}));
+  }
 }
 
 TEST_F(Poste, AfterASuccessTheWaitsBeginAnew) {
