@@ -117,14 +117,16 @@ TEST_F(CameraPartie, AChoiceThatCannotBeReadIsAskedForAndNotGuessed) {
 
 TEST_F(CameraPartie, AStartThatNobodyLooksAtReadsTheChoiceAgainUntilItCan) {
   ASSERT_TRUE(QDir().mkdir(Fichier("capture.ini")));
-  QStringList notes;
+  // The driver lives longer than this test and notes up to its end.
+  const auto notes = std::make_shared<QStringList>();
   Pilote_ = std::make_unique<PiloteGStreamer>(
-      QString(), Memoire_, [] { return Langue::kAnglais; }, nullptr, [&](const QString& ligne) { notes << ligne; });
+      QString(), Memoire_, [] { return Langue::kAnglais; }, nullptr,
+      [notes](const QString& ligne) { *notes << ligne; });
   Pilote_->ConnecteSansAttendre();
   EXPECT_TRUE(Pilote_->SignalPerdu());
   EXPECT_TRUE(Pilote_->Explication().contains(Fichier("capture.ini")));
   QTest::qWait(2 * static_cast<int>(DelaisCapture::kRelecture.count()) + 500);
-  EXPECT_EQ(notes.size(), 1) << "not at each try";
+  EXPECT_EQ(notes->size(), 1) << "not at each try";
   EXPECT_FALSE(Pilote_->ImagePrete());
   ASSERT_TRUE(QDir().rmdir(Fichier("capture.ini")));
   ASSERT_TRUE(Memoire_.RetientSource(QStringLiteral("test")));
