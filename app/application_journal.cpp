@@ -23,7 +23,7 @@ void Vaktor::NoteImageAgissante() {
   ImageNotee_ = detection.Comparees;
   const auto& cadre = detection.Mouv;
   Journal_->NoteImage(detection.NbrPoints, QRect(QPoint(cadre.MinX, cadre.MinY), QPoint(cadre.MaxX, cadre.MaxY)),
-                      Moteur_->Surface().Image().size());
+                      Moteur_->Surface().Taille());
 }
 
 // Behind its frame, whose movement it shows.

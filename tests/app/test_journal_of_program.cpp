@@ -9,6 +9,7 @@
 #include <cerrno>
 
 #include "app/alarm_fixture.h"
+#include "fakes/counted_frame.h"
 
 namespace vaktor::essai {
 namespace {
@@ -99,6 +100,22 @@ TEST_F(JournalDuProgramme, WithPhotosOffMailAndSoundAreAnIntrusionToo) {
   Programme->Ferme();
   EXPECT_GT(Derniere(Fait::kFinIntrusion).Images, 200);
   EXPECT_EQ(Derniere(Fait::kFinIntrusion).Photos, 0);
+}
+
+// A frame in its planes: to make its picture takes as long as all the rest that is done for it.
+TEST_F(JournalDuProgramme, AFrameThatNobodyLooksAtIsNotedWithoutMakingItsPicture) {
+  faux::PiloteFaux& pilote = *Systeme.Pilote;  // which the program takes
+  ArmeEtBouge(QStringLiteral("/alarm"), false);
+  for (QWidget* fenetre : QApplication::topLevelWidgets()) fenetre->hide();
+  int faites = 0;
+  pilote.Suivante = [&, image = pilote.Suivante] {
+    pilote.SuivanteDifferee = std::make_shared<faux::TrameComptee>(image(), faites);
+    return QImage();
+  };
+  EXPECT_GT(Pendant(3000).Mails, 50);
+  EXPECT_EQ(faites, 0);
+  pilote.Suivante = nullptr;
+  pilote.SuivanteDifferee = nullptr;
 }
 
 TEST_F(JournalDuProgramme, APhotoThatFailsIsNoneOfItsPhotos) {

@@ -12,6 +12,7 @@
 #include <memory>
 #include <string>
 
+#include "fakes/counted_frame.h"
 #include "ui/window_bench.h"
 
 namespace vaktor {
@@ -36,33 +37,15 @@ class Peintures : public QObject {
   QMap<QString, QRegion> Ou;
 };
 
-// A frame of planes: its picture is made where somebody looks at it.
-class TrameComptee : public TrameDifferee {
- public:
-  TrameComptee(QRgb couleur, int& faites) : Image_(64, 48, QImage::Format_RGB32), Faites_(faites) {
-    Image_.fill(couleur);
-  }
-  QSize Taille() const override { return Image_.size(); }
-  TrameBrute Echantillons(PhaseEchantillons) override { return PixelsDe(Image_); }
-  const QImage& Entiere() override {
-    if (!Vue_) ++Faites_;
-    Vue_ = true;
-    return Image_;
-  }
-
- private:
-  QImage Image_;
-  int& Faites_;
-  bool Vue_ = false;
-};
-
 class PeintureDesVues : public testing::Test {
  protected:
   void SetUp() override {
     Banc.Reglages.SeuilDetection = 1000;  // every frame is full of motion: all views have something to show
     Banc.Reglages.SeuilAuto = false;
     Banc.Pilote.Suivante = [this] {
-      Banc.Pilote.SuivanteDifferee = std::make_shared<TrameComptee>(qRgb(20, 30, ++Rang_ % 2 * 200), Faites);
+      QImage image(64, 48, QImage::Format_RGB32);
+      image.fill(qRgb(20, 30, ++Rang_ % 2 * 200));
+      Banc.Pilote.SuivanteDifferee = std::make_shared<faux::TrameComptee>(image, Faites);
       return QImage();
     };
     Banc.Clique("Bouton(0)");
