@@ -47,12 +47,12 @@ void SuiviEnvois::Regarde() {
 
 void SuiviEnvois::SuitInterrupteurs() {
   if (!Ports_.Reglages.MailActif) {
-    AttendDepuis_.reset();
-    AttendPushDepuis_.reset();
+    AttendDepuis_ = {};
+    AttendPushDepuis_ = {};
   }
   if (!Ports_.Liaison.SurveillanceEnCours) {
     LiveDepuis_.reset();
-    PublieA_.reset();
+    PublieA_ = {};
     FtpParle_ = false;
   } else if (!LiveDepuis_) {
     LiveDepuis_ = Maintenant();
@@ -96,14 +96,13 @@ void SuiviEnvois::JugeNouvelles() {
 
 void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
   SuitInterrupteurs();
-  const qint64 maintenant = Maintenant();
   const bool mail = EstNouvelle(Compagnon::kMail, etats.Mail);
   const bool ftp = EstNouvelle(Compagnon::kFtp, etats.Ftp);
   JugeNouvelles();
   if (Ports_.Reglages.MailActif && mail) {
-    AttendDepuis_ = etats.Mail.Attente ? std::optional(maintenant - *etats.Mail.Attente) : std::nullopt;
+    Suit(AttendDepuis_, etats.Mail.Attente, etats.Mail.AttenteDite);
     MotsMail_ = etats.Mail.MotsServeur;
-    AttendPushDepuis_ = etats.Mail.AttentePush ? std::optional(maintenant - *etats.Mail.AttentePush) : std::nullopt;
+    Suit(AttendPushDepuis_, etats.Mail.AttentePush, etats.Mail.AttentePushDite);
     MotsPush_ = etats.Mail.MotsPush;
     SuitAccepte(etats.Mail.Accepte);
     JugeCourriels();
@@ -112,10 +111,17 @@ void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
   if (LiveDepuis_ && ftp) {
     FtpParle_ = true;
     // One that was started again has published nothing so far; the image of the one before is still on the site.
-    if (etats.Ftp.Publie) PublieA_ = maintenant - *etats.Ftp.Publie;
+    if (etats.Ftp.Publie) Suit(PublieA_, etats.Ftp.Publie, etats.Ftp.PublieDit);
     MotsFtp_ = etats.Ftp.MotsServeur;
     JugePage();
   }
+}
+
+void SuiviEnvois::Suit(Moment& moment, const std::optional<qint64>& age, const QString& dit) {
+  if (!age)
+    moment = {};
+  else if (!moment.A || dit.isEmpty() || dit != moment.Dit)
+    moment = {Maintenant() - *age, dit};
 }
 
 // The first reading may find what an earlier run has sent, and a mail that was taken before it: an alarm at once has
@@ -128,14 +134,14 @@ void SuiviEnvois::SuitAccepte(const QString& accepte) {
 }
 
 void SuiviEnvois::JugeCourriels() {
-  if (AttendDepuis_ && Maintenant() - *AttendDepuis_ > kAttenteMax)
+  if (AttendDepuis_.A && Maintenant() - *AttendDepuis_.A > kAttenteMax)
     Ports_.Sante.Signale(Condition::kCourrielsEnAttente, MotsMail_);
   else
     Ports_.Sante.Leve(Condition::kCourrielsEnAttente);
 }
 
 void SuiviEnvois::JugePush() {
-  if (AttendPushDepuis_ && Maintenant() - *AttendPushDepuis_ > kAttenteMax)
+  if (AttendPushDepuis_.A && Maintenant() - *AttendPushDepuis_.A > kAttenteMax)
     Ports_.Sante.Signale(Condition::kPushEnAttente, MotsPush_);
   else
     Ports_.Sante.Leve(Condition::kPushEnAttente);
@@ -143,7 +149,7 @@ void SuiviEnvois::JugePush() {
 
 void SuiviEnvois::JugePage() {
   if (LiveDepuis_ && FtpParle_ &&
-      Maintenant() - std::max(*LiveDepuis_, PublieA_.value_or(*LiveDepuis_)) > DonneAgeMax())
+      Maintenant() - std::max(*LiveDepuis_, PublieA_.A.value_or(*LiveDepuis_)) > DonneAgeMax())
     Ports_.Sante.Signale(Condition::kPageAncienne, MotsFtp_);
   else
     Ports_.Sante.Leve(Condition::kPageAncienne);

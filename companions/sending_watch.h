@@ -32,7 +32,8 @@ struct PortsEnvois {
   std::function<void()> SurAccepte = {};
 };
 
-/// Judges by time alone: what a companion said last goes on ageing when it dies, hangs, or its disk does not answer. A
+/// Judges by time alone: what a companion said last goes on ageing when it dies, hangs, or its disk does not answer, by
+/// the counter and from the first reading of that text on, so that a clock that is set makes nothing young again. A
 /// file is news only when the companion that is registered now has written it, and not the same text of life again; of
 /// one that gives no news for kSansNouvelles nobody knows whether its mails and images arrive, which is a condition of
 /// its own. Nothing stands while mails, or the live page, are switched off.
@@ -56,6 +57,12 @@ class SuiviEnvois {
   void Recoit(const EtatsCompagnons& etats);
   void SuitInterrupteurs();
   void SuitAccepte(const QString& accepte);
+  /// A moment that a companion tells, as Ecoule_; what was before the start is negative.
+  struct Moment {
+    std::optional<qint64> A;
+    QString Dit;  // the text it was read from
+  };
+  void Suit(Moment& moment, const std::optional<qint64>& age, const QString& dit);
   void JugeCourriels();
   void JugePush();
   void JugePage();
@@ -76,12 +83,9 @@ class SuiviEnvois {
   IntervalleLive Intervalle_;
   quint32 DernierTic_;
   qint64 Ecoule_ = 0;  // milliseconds since the start: the counter of the clock may wrap
-  // All in Ecoule_; what was before the start is negative.
-  std::optional<qint64> AttendDepuis_;
-  std::optional<qint64> LiveDepuis_;  // the switch is on, as far as it was seen
-  std::optional<qint64> PublieA_;
-  bool FtpParle_ = false;  // its file was read since the switch is on
-  std::optional<qint64> AttendPushDepuis_;
+  Moment AttendDepuis_, AttendPushDepuis_, PublieA_;
+  std::optional<qint64> LiveDepuis_;  // the switch is on, as far as it was seen; in Ecoule_
+  bool FtpParle_ = false;             // its file was read since the switch is on
   QString MotsMail_, MotsFtp_, MotsPush_;
   std::optional<QString> Accepte_;  // as last read; nothing before the first reading
   Nouvelles NouvellesMail_, NouvellesFtp_;

@@ -9,7 +9,8 @@
 namespace vaktor {
 
 /// One file. Times are told as ages, milliseconds at the moment of the reading: two clocks that were compared later
-/// would have to agree about summer time.
+/// would have to agree about summer time. Beside each stands the text it was read from: the same text says nothing new,
+/// whatever a clock that was set meanwhile makes of it.
 struct EtatCompagnon {
   qint32 Poignee = 0;  ///< of the companion that wrote it; 0 where there is no file, or none that makes sense
   std::optional<qint64> Attente;  ///< mail: age of the oldest mail that waits
@@ -19,8 +20,9 @@ struct EtatCompagnon {
   QString Battement = {};
   /// Mail: another text each time a server has taken a mail; empty while none has.
   QString Accepte = {};
-  std::optional<qint64> AttentePush = {};  ///< mail: age of the oldest push that waits
-  QString MotsPush = {};                   ///< what the push server said; one line
+  std::optional<qint64> AttentePush = {};                          ///< mail: age of the oldest push that waits
+  QString MotsPush = {};                                           ///< what the push server said; one line
+  QString AttenteDite = {}, PublieDit = {}, AttentePushDite = {};  ///< the texts of the three times
 };
 
 struct EtatsCompagnons {

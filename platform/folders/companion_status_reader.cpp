@@ -15,8 +15,9 @@ namespace {
 constexpr qint64 kOctetsMax = 64LL * 1024;
 constexpr qsizetype kMotsMax = 300;
 
-std::optional<qint64> LitAge(const QJsonObject& objet, const char* champ, qint64 maintenant) {
-  const QDateTime instant = QDateTime::fromString(objet.value(QLatin1String(champ)).toString(), Qt::ISODate);
+std::optional<qint64> LitAge(const QJsonObject& objet, const char* champ, qint64 maintenant, QString& texte) {
+  texte = objet.value(QLatin1String(champ)).toString();
+  const QDateTime instant = QDateTime::fromString(texte, Qt::ISODate);
   if (!instant.isValid()) return std::nullopt;
   return std::max<qint64>(0, maintenant - instant.toMSecsSinceEpoch());  // a clock that was set back
 }
@@ -34,10 +35,10 @@ EtatCompagnon ComprendEtat(const QByteArray& octets, qint64 maintenant) {
   EtatCompagnon etat;
   const QJsonObject objet = QJsonDocument::fromJson(octets).object();
   etat.Poignee = std::max(0, objet.value(QStringLiteral("handle")).toInt());
-  etat.Attente = LitAge(objet, "waiting_since", maintenant);
-  etat.Publie = LitAge(objet, "live_published", maintenant);
+  etat.Attente = LitAge(objet, "waiting_since", maintenant, etat.AttenteDite);
+  etat.Publie = LitAge(objet, "live_published", maintenant, etat.PublieDit);
   etat.Battement = objet.value(QStringLiteral("alive")).toString();
-  etat.AttentePush = LitAge(objet, "push_waiting_since", maintenant);
+  etat.AttentePush = LitAge(objet, "push_waiting_since", maintenant, etat.AttentePushDite);
   etat.MotsPush = objet.value(QStringLiteral("push_server")).toString().simplified().left(kMotsMax);
   etat.Accepte = objet.value(QStringLiteral("accepted")).toString();
   if (objet.value(QStringLiteral("state")).toString() == QLatin1String("failure"))

@@ -90,6 +90,35 @@ TEST_F(Suivi, OneThatWaitsSinceYesterdayIsReportedAtTheFirstLook) {
   EXPECT_TRUE(Attendent());
 }
 
+// What the file says stays the same; only what a clock that was set back makes of it is always young.
+TEST_F(Suivi, AClockThatWasSetBackMakesNothingYoungAgain) {
+  AllumeMail();
+  AllumeLive();
+  EtatsCompagnons& etats = Lecteur.Etats;
+  etats.Mail.AttenteDite = etats.Mail.AttentePushDite = etats.Ftp.PublieDit = "2026-11-22T12:00:00Z";
+  const auto lit = [&](qint64 duree) {
+    for (qint64 t = 0; t < duree; t += SuiviEnvois::kRegard) {
+      etats.Mail.Attente = etats.Mail.AttentePush = etats.Ftp.Publie = 0;
+      Temps.Avance(SuiviEnvois::kRegard);
+    }
+  };
+  lit(6 * kMinute);
+  EXPECT_TRUE(Attendent());
+  EXPECT_TRUE(Sante.Dure(Condition::kPushEnAttente));
+  EXPECT_TRUE(Vieille());
+  etats.Mail.AttenteDite = etats.Mail.AttentePushDite = etats.Ftp.PublieDit = "2026-11-22T12:06:00Z";
+  lit(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Attendent() || Vieille() || Sante.Dure(Condition::kPushEnAttente))
+      << "another one waits, or was published";
+  lit(6 * kMinute);
+  EXPECT_TRUE(Attendent());
+  Reglages.MailActif = false;
+  lit(SuiviEnvois::kRegard);
+  Reglages.MailActif = true;
+  lit(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Attendent()) << "switched on again it is read anew";
+}
+
 TEST_F(Suivi, AFileOfAnEarlierCompanionIsNoNews) {
   AllumeMail();
   AllumeLive();

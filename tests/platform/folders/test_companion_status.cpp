@@ -46,6 +46,9 @@ TEST_F(EtatsSurDisque, TellsWhatTheFilesSay) {
   EXPECT_EQ(etats.Mail.AttentePush, 249'000);
   EXPECT_EQ(etats.Mail.MotsPush, "HTTP 503: later");
   EXPECT_FALSE(etats.Ftp.AttentePush);
+  EXPECT_EQ(etats.Mail.AttenteDite, "2026-11-15T14:00:00Z");
+  EXPECT_EQ(etats.Mail.AttentePushDite, "2026-11-15T14:01:00Z");
+  EXPECT_EQ(etats.Ftp.PublieDit, "2026-11-15T15:05:00+01:00");
   EXPECT_FALSE(etats.Mail.Publie);
   EXPECT_EQ(etats.Ftp.Poignee, 4712);
   EXPECT_EQ(etats.Ftp.Publie, 9'000);
