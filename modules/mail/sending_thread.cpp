@@ -4,16 +4,14 @@
 #include <QDateTime>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QMutex>
-#include <QWaitCondition>
 #include <algorithm>
-#include <atomic>
 #include <cstring>
 #include <exception>
 #include <optional>
 #include <utility>
 
 #include "base/failure.h"
+#include "modules/common/sending_loop.h"
 #include "modules/mail/drafts.h"
 #include "modules/mail/durable_file.h"
 #include "modules/mail/mail_maker.h"
@@ -23,28 +21,22 @@
 namespace vaktor {
 namespace {
 
-constexpr unsigned long kAttenteFinMs = 2000;
-constexpr qint64 kRepriseMs = 60'000;  // after a failure that is nobody's, want of memory
 constexpr qint64 kTexteCadenceMax = 64LL * 1024;
 
 qint64 DonneMaintenant() { return QDateTime::currentMSecsSinceEpoch(); }
 
 }  // namespace
 
-/// What both threads touch. The sending thread keeps it alive, also past a companion that could not wait for it.
-struct FilEnvoi::Partage {
+struct FilEnvoi::Partage : BoucleEnvoi {
   ReglagesFil Fil;
   std::function<void(const RapportEnvoi&)> Rapporte;  // hands over to the event loop
 
-  QMutex Verrou;
-  QWaitCondition Reveil;
   ReglagesEnvoi Reglages;
   bool ReglagesRecus = false;
   bool Change = false;                                      // settings that differ: all mails are due
   bool Reveille = false;                                    // something happened since the last look
   QByteArray Mecanisme;                                     // the login that the server of these settings has taken
   QList<std::pair<CourrielEnAttente, QByteArray>> Confies;  // from memory
-  std::atomic_bool Arret = false;
 
   void Execute();
   void VideLeSac();
@@ -171,22 +163,12 @@ void FilEnvoi::Partage::VideLeSac() {
 FilEnvoi::FilEnvoi(const ReglagesFil& reglages, const Facteur::Rapporteur& surRapport)
     : Partage_(std::make_shared<Partage>()), Fil_(nullptr) {
   Partage_->Fil = reglages;
-  Partage_->Rapporte = [contexte = &Contexte_, partage = Partage_.get(), surRapport](const RapportEnvoi& rapport) {
-    // Under the lock: whoever ends the companion takes it before the context goes.
-    const QMutexLocker verrou(&partage->Verrou);
-    if (partage->Arret) return;
-    QMetaObject::invokeMethod(
-        contexte, [surRapport, rapport] { surRapport(rapport); }, Qt::QueuedConnection);
-  };
+  Partage_->Rapporte = RapporteALaBoucle<RapportEnvoi>(Contexte_, *Partage_, surRapport);
   Fil_ = QThread::create([partage = Partage_] { partage->Execute(); });
   Fil_->start();
 }
 
-FilEnvoi::~FilEnvoi() {
-  Arrete({});
-  // A thread that a name server holds up is left behind: the process is about to end, and the outbox stands on disk.
-  if (Fil_->wait(kAttenteFinMs)) delete Fil_;
-}
+FilEnvoi::~FilEnvoi() { FinisOuLaisse(*Partage_, Fil_); }
 
 void FilEnvoi::ChangeReglages(const ReglagesEnvoi& reglages) {
   const QMutexLocker verrou(&Partage_->Verrou);
@@ -212,11 +194,7 @@ void FilEnvoi::Confie(const CourrielEnAttente& courriel, const QByteArray& messa
 }
 
 void FilEnvoi::Arrete(std::function<void()> fini) {
-  {
-    const QMutexLocker verrou(&Partage_->Verrou);
-    Partage_->Arret = true;
-    Partage_->Reveil.wakeAll();
-  }
+  Partage_->DemandeFin();
   if (!fini) return;
   if (Fil_->isFinished())
     QMetaObject::invokeMethod(&Contexte_, fini, Qt::QueuedConnection);

@@ -6,24 +6,57 @@
 
 namespace vaktor {
 
+namespace {
+
+qint64 DonneAttente(size_t fois) {
+  return FacteurPush::kAttentes.at(std::min(fois, FacteurPush::kAttentes.size() - 1));
+}
+
+// A wait that is longer than any of ours was noted before the clock was set back.
+qint64 AttenteSaine(qint64 attente) {
+  return attente > FacteurPush::kAttentes.back() ? 0 : std::max<qint64>(attente, 0);
+}
+
+}  // namespace
+
 void FacteurPush::Recommence() {
-  Echecs_ = 0;
+  Echecs_ = Coupures_ = 0;
   PasAvant_ = 0;
+  Reports_.clear();
+}
+
+qint64 FacteurPush::AttenteDe(const QString& nom, qint64 maintenant) const {
+  const auto report = Reports_.constFind(nom);
+  return report == Reports_.cend() ? 0 : AttenteSaine(report->PasAvant - maintenant);
 }
 
 qint64 FacteurPush::Tour() {
   const qint64 maintenant = Maintenant_();
-  // A wait that is longer than any of ours was noted before the clock was set back.
-  const qint64 attente = PasAvant_ - maintenant;
-  if (attente > 0 && attente <= kAttentes.back()) return attente;
-  for (const QString& nom : Sac_.Elague(maintenant, Essayes_)) Rapporte_({nom, {}, true, 0});
+  if (const qint64 attente = AttenteSaine(PasAvant_ - maintenant); attente > 0) return attente;
+  for (const QString& nom : Sac_.Elague(maintenant, Essayes_)) {
+    Oublie(nom);
+    Rapporte_({nom, {}, true, 0});
+  }
+  QStringList noms = Sac_.Liste();
+  // Those that were cut off less often first, whether they wait or not: the same one would have each turn else.
+  std::stable_sort(noms.begin(), noms.end(), [this](const QString& a, const QString& b) {
+    return Reports_.value(a).Fois < Reports_.value(b).Fois;
+  });
+  return EssaieLePremier(noms, maintenant);
+}
+
+qint64 FacteurPush::EssaieLePremier(const QStringList& noms, qint64 maintenant) {
   qint64 regard = kRienAFaire;
-  for (const QString& nom : Sac_.Liste()) {
+  for (const QString& nom : noms) {
     if (Partis_.contains(nom)) continue;
+    if (const qint64 sienne = AttenteDe(nom, maintenant); sienne > 0) {
+      regard = std::min(regard, sienne);
+      continue;
+    }
     bool passager = false;
     std::optional<MessagePush> message = Sac_.Lit(nom, &passager);
     if (passager) {
-      regard = kAttentes.front();
+      regard = std::min(regard, kAttentes.front());
       continue;
     }
     if (!message) {
@@ -48,20 +81,42 @@ qint64 FacteurPush::Juge(const QString& nom, const MessagePush& message, const R
     return 0;
   }
   if (resultat.Issue == IssuePush::kPris || refuse) {
-    Recommence();
+    Echecs_ = Coupures_ = 0;
+    PasAvant_ = 0;
     Partis_.insert(nom);
-    Essayes_.removeAll(nom);
-    SansImage_.remove(nom);
+    Oublie(nom);
     Sac_.Retire(nom);
     Rapporte_({nom, resultat, refuse, 0});
     return 0;
   }
   if (resultat.Issue == IssuePush::kInterrompu) return kRienAFaire;
-  const qint64 attente = kAttentes.at(std::min(Echecs_, kAttentes.size() - 1));
-  ++Echecs_;
-  PasAvant_ = Maintenant_() + attente;
+  if (resultat.Coupe) return Reporte(nom, resultat);
+  const qint64 attente = AttendTous(Echecs_++);
   Rapporte_({nom, resultat, false, attente});
   return attente;
+}
+
+void FacteurPush::Oublie(const QString& nom) {
+  Essayes_.removeAll(nom);
+  SansImage_.remove(nom);
+  Reports_.remove(nom);
+}
+
+qint64 FacteurPush::AttendTous(size_t fois) {
+  const qint64 attente = DonneAttente(fois);
+  PasAvant_ = Maintenant_() + attente;
+  return attente;
+}
+
+// Many that are cut off, one after the other, say something about the way.
+qint64 FacteurPush::Reporte(const QString& nom, const ResultatPush& resultat) {
+  Report& report = Reports_[nom];
+  const qint64 attente = DonneAttente(report.Fois++);
+  report.PasAvant = Maintenant_() + attente;
+  ++Coupures_;
+  const qint64 pourTous = Coupures_ < kCoupuresMax ? 0 : AttendTous(Coupures_ - kCoupuresMax);
+  Rapporte_({nom, resultat, false, std::max(attente, pourTous)});
+  return pourTous;
 }
 
 }  // namespace vaktor

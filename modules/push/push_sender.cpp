@@ -167,8 +167,10 @@ ResultatPush EnvoiePush(const ReglagesPush& reglages, const MessagePush& message
   RegleEchange(curl.get(), echange, corps, entetes);
   const CURLcode code = curl_easy_perform(curl.get());
   if (code != CURLE_OK) {
+    curl_off_t partis = 0;
+    curl_easy_getinfo(curl.get(), CURLINFO_SIZE_UPLOAD_T, &partis);
     const char* mots = echange.Erreur.front() != '\0' ? echange.Erreur.data() : curl_easy_strerror(code);
-    return {JugeEchec(code), 0, QString::fromLocal8Bit(mots).simplified().left(kMotsMax)};
+    return {JugeEchec(code), 0, QString::fromLocal8Bit(mots).simplified().left(kMotsMax), partis > 0};
   }
   long reponse = 0;
   curl_easy_getinfo(curl.get(), CURLINFO_RESPONSE_CODE, &reponse);

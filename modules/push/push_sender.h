@@ -35,6 +35,9 @@ struct ResultatPush {
   IssuePush Issue = IssuePush::kPanne;
   int Code = 0;  ///< of HTTP; 0 for none
   QString Mots;  ///< the first of what the server said, else the library's words; one line, at most 300 characters
+  /// No answer, and it went wrong when the body was on its way: what a path cannot carry, or a watcher on it cuts off.
+  /// Another push may well pass.
+  bool Coupe = false;
 };
 
 struct DelaisPush {

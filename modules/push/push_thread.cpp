@@ -2,29 +2,19 @@
 #include "modules/push/push_thread.h"
 
 #include <QDateTime>
-#include <QMutex>
-#include <QWaitCondition>
-#include <atomic>
 #include <exception>
 #include <utility>
 
+#include "modules/common/sending_loop.h"
+
 namespace vaktor {
 
-namespace {
-constexpr unsigned long kAttenteFinMs = 2000;
-constexpr qint64 kRepriseMs = 60'000;  // after a failure that is nobody's, want of memory
-}  // namespace
-
-/// What both threads touch. The sending thread keeps it alive, also past a companion that could not wait for it.
-struct FilPush::Partage {
+struct FilPush::Partage : BoucleEnvoi {
   QString Dossier;
   std::function<void(const RapportPush&)> Rapporte;
 
-  QMutex Verrou;
-  QWaitCondition Reveil;
   ReglagesPush Reglages;
   bool Change = false;  // other settings, or a new push
-  std::atomic_bool Arret = false;
 
   ReglagesPush DonneReglages() {
     const QMutexLocker garde(&Verrou);
@@ -67,25 +57,12 @@ void FilPush::Partage::Execute() {
 FilPush::FilPush(const QString& dossier, const FacteurPush::Rapporteur& surRapport)
     : Partage_(std::make_shared<Partage>()), Fil_(nullptr) {
   Partage_->Dossier = dossier;
-  Partage_->Rapporte = [contexte = &Contexte_, partage = Partage_.get(), surRapport](const RapportPush& rapport) {
-    // Under the lock: whoever ends the companion takes it before the context goes.
-    const QMutexLocker garde(&partage->Verrou);
-    if (partage->Arret) return;
-    QMetaObject::invokeMethod(
-        contexte, [surRapport, rapport] { surRapport(rapport); }, Qt::QueuedConnection);
-  };
+  Partage_->Rapporte = RapporteALaBoucle<RapportPush>(Contexte_, *Partage_, surRapport);
   Fil_ = QThread::create([partage = Partage_] { partage->Execute(); });
   Fil_->start();
 }
 
-FilPush::~FilPush() {
-  {
-    const QMutexLocker garde(&Partage_->Verrou);
-    Partage_->Arret = true;
-    Partage_->Reveil.wakeAll();
-  }
-  if (Fil_->wait(kAttenteFinMs)) delete Fil_;
-}
+FilPush::~FilPush() { FinisOuLaisse(*Partage_, Fil_); }
 
 void FilPush::ChangeReglages(const ReglagesPush& reglages) {
   const QMutexLocker garde(&Partage_->Verrou);

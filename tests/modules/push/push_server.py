@@ -4,14 +4,17 @@
 
 Prints its port. Each request becomes FOLDER/N.json (method, path, headers) and FOLDER/N.body, N from 0 on. The first
 line of FOLDER/answer, where there is one, is the status that it answers with; "redirect URL" sends elsewhere, "hang"
-says nothing, "drip" answers a byte every third of a second, for half a minute.
+says nothing, "drip" answers a byte every third of a second, for half a minute; "cut N" breaks the connection under a
+body of more than N bytes, without an answer, and takes others.
 """
 import argparse
 import http.server
 import itertools
 import json
 import pathlib
+import socket
 import ssl
+import struct
 import time
 
 arguments = argparse.ArgumentParser()
@@ -25,16 +28,30 @@ numbers = itertools.count(len(list(options.folder.glob("*.json"))))
 class Handler(http.server.BaseHTTPRequestHandler):
     protocol_version = "HTTP/1.1"
 
+    def words(self):
+        answer = options.folder / "answer"
+        return answer.read_text().split() if answer.exists() else ["200"]
+
+    def cut(self):
+        self.rfile.read(1000)
+        self.connection.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, struct.pack("ii", 1, 0))
+        self.connection.close()
+        self.close_connection = True
+
     def do_POST(self):
-        body = self.rfile.read(int(self.headers.get("Content-Length") or 0))
+        length = int(self.headers.get("Content-Length") or 0)
+        words = self.words()
+        if words[0] == "cut":
+            if length > int(words[1]):
+                return self.cut()
+            words = ["200"]
+        body = self.rfile.read(length)
         number = next(numbers)
         (options.folder / ("%d.body" % number)).write_bytes(body)
         told = {"method": self.command, "path": self.path, "headers": {k.lower(): v for k, v in self.headers.items()}}
         part = options.folder / ("%d.part" % number)
         part.write_text(json.dumps(told))
         part.rename(options.folder / ("%d.json" % number))
-        answer = options.folder / "answer"
-        words = answer.read_text().split() if answer.exists() else ["200"]
         if words[0] == "hang":
             time.sleep(600)
         if words[0] == "drip":

@@ -72,8 +72,10 @@ class FileDePush : public testing::Test {
   /// What the postman does until it waits: the texts that were tried.
   std::string Tourne() {
     Essais.clear();
-    while ((Attente = Facteur.Tour()) == 0) {
+    int tours = 0;
+    while ((Attente = Facteur.Tour()) == 0 && ++tours < 1000) {
     }
+    EXPECT_LT(tours, 1000) << "it never waits";
     return Essais.join(' ').toStdString();
   }
 
@@ -82,12 +84,13 @@ class FileDePush : public testing::Test {
   qint64 Maintenant = 1'700'000'000'000;
   qint64 Attente = 0;
   QStringList Essais;
+  QStringList Coupes;  ///< the texts of those that are cut off on their way
   QList<RapportPush> Rapports;
   std::function<IssuePush(const MessagePush&)> Serveur = [](const MessagePush&) { return IssuePush::kPris; };
   FacteurPush Facteur{Sac, [this] { return Maintenant; },
                       [this](const MessagePush& m) {
                         Essais += m.Image.isEmpty() ? m.Texte + "-" : m.Texte;
-                        return ResultatPush{Serveur(m), 0, {}};
+                        return ResultatPush{Serveur(m), 0, {}, Coupes.contains(m.Texte)};
                       },
                       [this](const RapportPush& r) { Rapports += r; }};
 };
@@ -128,6 +131,49 @@ TEST_F(FileDePush, WaitsLongerEachTimeForTheServersSakeButNotWithANewPush) {
   Serveur = [](const MessagePush&) { return IssuePush::kPris; };
   Maintenant += Attente;
   EXPECT_EQ(Tourne(), "c b a");
+}
+
+TEST_F(FileDePush, OneThatIsAlwaysCutOffWaitsByItselfAndTheOthersGo) {
+  for (const char* nom : {"a", "b", "c"}) Ajoute(nom);
+  Coupes << "c";
+  Serveur = [this](const MessagePush& m) { return Coupes.contains(m.Texte) ? IssuePush::kPanne : IssuePush::kPris; };
+  EXPECT_EQ(Tourne(), "c b a");
+  EXPECT_EQ(Attente, FacteurPush::kAttentes[0]);
+  EXPECT_EQ(Sac.Liste().size(), 1);
+  ASSERT_EQ(Rapports.size(), 3);
+  EXPECT_FALSE(Rapports[0].Abandonne);
+  EXPECT_EQ(Rapports[0].ProchainEssaiDans, FacteurPush::kAttentes[0]);
+  Maintenant += Attente - 1;
+  EXPECT_EQ(Tourne(), "") << "not before its time";
+  ++Maintenant;
+  EXPECT_EQ(Tourne(), "c");
+  EXPECT_EQ(Attente, FacteurPush::kAttentes[1]) << "longer each time";
+  Facteur.Recommence();
+  EXPECT_EQ(Tourne(), "c") << "other settings";
+  Maintenant -= 86'400'000;
+  EXPECT_EQ(Tourne(), "c") << "and a clock that was set back";
+  Coupes.clear();
+  Maintenant += Attente;
+  EXPECT_EQ(Tourne(), "c");
+  EXPECT_TRUE(Sac.Liste().isEmpty());
+}
+
+TEST_F(FileDePush, ManyThatAreCutOffInARowSaySomethingAboutTheWay) {
+  for (int i = 0; i < 8; ++i) {
+    Ajoute(QString::number(i));
+    Coupes << QString::number(i);
+  }
+  Serveur = [](const MessagePush&) { return IssuePush::kPanne; };
+  EXPECT_EQ(Tourne(), "7 6 5 4 3");
+  EXPECT_EQ(Attente, FacteurPush::kAttentes[0]);
+  EXPECT_EQ(Tourne(), "");
+  Maintenant += Attente;
+  EXPECT_EQ(Tourne(), "2") << "each has its turn";
+  EXPECT_EQ(Attente, FacteurPush::kAttentes[1]);
+  Maintenant += Attente;
+  Serveur = [](const MessagePush& m) { return m.Texte == "1" ? IssuePush::kPris : IssuePush::kPanne; };
+  Coupes.removeAll("1");
+  EXPECT_EQ(Tourne(), "1 0 7 6 5 4") << "one that passes breaks the row";
 }
 
 TEST_F(FileDePush, AClockThatWasSetBackHoldsUpNothing) {

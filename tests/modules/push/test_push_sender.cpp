@@ -105,6 +105,25 @@ TEST_F(EnvoiPush, WaitsForLater) {
   EXPECT_EQ(Envoie(Reglages(Serveur.Adresse())).Issue, IssuePush::kPanne) << "nobody there";
 }
 
+TEST_F(EnvoiPush, TellsWhenItWasCutOffOnItsWay) {
+  Serveur.Demarre();
+  Serveur.Repond("cut 1000");
+  const ReglagesPush reglages = Reglages(Serveur.Adresse());
+  const ResultatPush coupe = Envoie(reglages, Message(PetitJpeg(QByteArray(3'000'000, 'x'))));
+  EXPECT_EQ(coupe.Issue, IssuePush::kPanne);
+  EXPECT_TRUE(coupe.Coupe) << coupe.Mots.toStdString();
+  EXPECT_EQ(Serveur.Nombre(), 0);
+  EXPECT_EQ(Envoie(reglages).Issue, IssuePush::kPris);
+  Serveur.Repond("503");
+  EXPECT_FALSE(Envoie(reglages).Coupe) << "the server has answered";
+  Serveur.Repond("hang");
+  EXPECT_TRUE(Envoie(reglages).Coupe) << "it has all of it and says nothing";
+  Serveur.Arrete();
+  const ResultatPush personne = Envoie(reglages);
+  EXPECT_EQ(personne.Issue, IssuePush::kPanne);
+  EXPECT_FALSE(personne.Coupe) << "nobody there";
+}
+
 TEST_F(EnvoiPush, EndsWhenItIsAskedTo) {
   Serveur.Demarre();
   Serveur.Repond("hang");

@@ -8,6 +8,7 @@
 #include "modules/push/push_thread.h"
 #include "push_test_server.h"
 #include "support/event_wait.h"
+#include "support/tiny_jpeg.h"
 
 namespace vaktor::essai {
 namespace {
@@ -56,6 +57,18 @@ TEST_F(FilDesPush, IsWokenByANewPush) {
   Ajoute("a");
   Poste->Reveille();
   EXPECT_TRUE(AttendQue([this] { return Serveur.Nombre() == 1; }));
+}
+
+TEST_F(FilDesPush, OneThatIsCutOffEachTimeHoldsUpNoOther) {
+  Serveur.Repond("cut 1000");
+  Ajoute("a");
+  ASSERT_EQ(Sac.Ajoute({"t", "b", "p.jpg", PetitJpeg(QByteArray(3'000'000, 'x'))},
+                       QDateTime::currentMSecsSinceEpoch() + 1000, "b"),
+            0);
+  Poste->ChangeReglages(Reglages());
+  EXPECT_TRUE(AttendQue([this] { return Serveur.Nombre() == 1; }));
+  EXPECT_EQ(Serveur.Corps(0), "a");
+  EXPECT_TRUE(AttendQue([this] { return Issues == QList{IssuePush::kPanne, IssuePush::kPris}; }));
 }
 
 // The waits for the server's sake, of ten seconds and of thirty, are those of what was there before.
