@@ -13,13 +13,16 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstring>
 #include <exception>
+#include <utility>
 
 #include "base/jpeg_end.h"
 #include "modules/ftp/ftp_commands.h"
 #include "modules/ftp/ftp_failure.h"
 #include "modules/ftp/server_address.h"
+#include "platform/store/bounded_file.h"
 
 namespace vaktor {
 
@@ -27,10 +30,11 @@ namespace {
 
 constexpr int kEssaisLecture = 5;
 constexpr unsigned long kPauseLecture = 20;  // milliseconds
-constexpr int kServiceFerme = 421;           // RFC 959: the server closes the connection
-constexpr int kPasDeDonnees = 425;           // no data connection
-constexpr int kInconnue = 500;               // not understood, or something is wrong with the server itself
-constexpr long kGarde = 86400;               // seconds for which an idle connection is taken again
+constexpr qint64 kImageMax = 256LL * 1024 * 1024;
+constexpr int kServiceFerme = 421;  // RFC 959: the server closes the connection
+constexpr int kPasDeDonnees = 425;  // no data connection
+constexpr int kInconnue = 500;      // not understood, or something is wrong with the server itself
+constexpr long kGarde = 86400;      // seconds for which an idle connection is taken again
 
 struct Liste {
   curl_slist* Tete = nullptr;
@@ -44,13 +48,14 @@ struct Liste {
 
 size_t Jette(char* /*octets*/, size_t taille, size_t nombre, void* /*donnee*/) { return taille * nombre; }
 
-/// Reads the file once it is a whole picture. The main program takes a few milliseconds to rewrite it.
-QByteArray LitImageEntiere(const QString& chemin) {
+/// Reads the file once it is a whole picture; empty for none. The main program takes a few milliseconds to rewrite it.
+/// `erreur`: the system's number where the last attempt could not read what is there.
+QByteArray LitImageEntiere(const QString& chemin, int& erreur) {
+  QByteArray octets;
   for (int essai = 0; essai < kEssaisLecture; ++essai) {
     if (essai > 0) QThread::msleep(kPauseLecture);
-    QFile fichier(chemin);
-    if (!fichier.open(QIODevice::ReadOnly)) continue;
-    QByteArray octets = fichier.readAll();
+    erreur = LitFichierBorne(chemin, kImageMax, octets);
+    if (erreur == ENOENT || erreur == EAGAIN) erreur = 0;  // gone, or growing under the reading
     if (EstJpegEntier(octets)) return octets;
   }
   return {};
@@ -79,7 +84,16 @@ struct ClientFtp::Conversation {
   bool Chiffre = false;
   QString CleVoulue = {};  // empty: any
   QString CleVue = {};
+  std::chrono::seconds PatienceMuette{0};  // 0: the library has bounds of its own
+  std::chrono::steady_clock::time_point DernierSigne = std::chrono::steady_clock::now();
+  curl_off_t Echanges = 0;  // bytes that went, in both directions
+  bool Muet = false;        // given up for its silence
 
+  bool EstMuet(curl_off_t echanges) {
+    const auto maintenant = std::chrono::steady_clock::now();
+    if (std::exchange(Echanges, echanges) != echanges) DernierSigne = maintenant;
+    return PatienceMuette.count() > 0 && maintenant - DernierSigne > PatienceMuette;
+  }
   static size_t Donne(char* tampon, size_t taille, size_t nombre, void* donnee) {
     auto* c = static_cast<Conversation*>(donnee);
     const qsizetype n = std::min(static_cast<qsizetype>(taille * nombre), c->Contenu->size() - c->Position);
@@ -87,9 +101,10 @@ struct ClientFtp::Conversation {
     c->Position += n;
     return static_cast<size_t>(n);
   }
-  static int Avance(void* donnee, curl_off_t, curl_off_t, curl_off_t, curl_off_t) {
-    const auto* c = static_cast<Conversation*>(donnee);
-    return c->Arret && c->Arret() ? 1 : 0;
+  static int Avance(void* donnee, curl_off_t, curl_off_t recus, curl_off_t, curl_off_t envoyes) {
+    auto* c = static_cast<Conversation*>(donnee);
+    c->Muet = c->EstMuet(recus + envoyes);
+    return c->Muet || (c->Arret && c->Arret()) ? 1 : 0;
   }
   /// The key of an SSH server: the first one is taken, and from then on no other.
   static int JugeCle(void* donnee, int /*genre*/, const char* cle, size_t taille) {
@@ -159,6 +174,9 @@ void ClientFtp::Ferme() {
 
 ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurEtape& etape,
                                std::function<bool()> arret) {
+  // A key that nobody can compare would be trusted like one of a first visit, and get the password.
+  if (travail.Acces.Protocole == ProtocoleFtp::kSftp && !travail.Acces.SansMemoire.isEmpty())
+    return {IssueFtp::kPasDeConnexion, travail.Acces.SansMemoire, PrecisionFtp::kMemoire};
   Arret_ = std::move(arret);
   if (travail.Acces.Hote != Acces_.Hote || travail.Acces.Port != Acces_.Port) RenommeParDessus_ = TlsBorne_ = true;
   if (travail.Acces.Protocole == ProtocoleFtp::kSftp) RenommeParDessus_ = false;
@@ -167,7 +185,9 @@ ResultatFtp ClientFtp::Execute(const TravailFtp& travail, const OuvrierFtp::SurE
     case GenreTravail::kConnexion:
       return Connecte(travail, etape);
     case GenreTravail::kFichier: {
-      const QByteArray image = LitImageEntiere(travail.Source);
+      int erreur = 0;
+      const QByteArray image = LitImageEntiere(travail.Source, erreur);
+      if (erreur != 0) return {IssueFtp::kSourceIllisible, QString::fromLocal8Bit(std::strerror(erreur))};
       if (image.isEmpty()) return {IssueFtp::kSourceIncomplete, travail.Source};
       return Publie(travail, image);
     }
@@ -273,6 +293,7 @@ void ClientFtp::RegleProtocole(const TravailFtp& travail, Conversation& conversa
   const AccesFtp& acces = travail.Acces;
   if (acces.Protocole == ProtocoleFtp::kSftp) {
     conversation.CleVoulue = acces.CleHote;
+    conversation.PatienceMuette = std::chrono::seconds(Options_.DelaiMuet());
     curl_easy_setopt(p, CURLOPT_PROTOCOLS_STR, "sftp");
     curl_easy_setopt(p, CURLOPT_SSH_AUTH_TYPES, static_cast<long>(CURLSSH_AUTH_PASSWORD | CURLSSH_AUTH_KEYBOARD));
     curl_easy_setopt(p, CURLOPT_SSH_HOSTKEYFUNCTION, Conversation::JugeCle);
@@ -349,6 +370,11 @@ ResultatFtp ClientFtp::Juge(int code, const TravailFtp& travail, const Conversat
   ResultatFtp resultat{IssueFtp::kPasDeConnexion, QString::fromUtf8(dialogue.Refus()), PreciseEchec(code, dialogue)};
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(conversation.Erreur.data());
   if (resultat.Mots.isEmpty()) resultat.Mots = QString::fromUtf8(curl_easy_strerror(static_cast<CURLcode>(code)));
+  // TLS was asked for since nobody knows better: the server need not have spoken it before.
+  if (resultat.Precision == PrecisionFtp::kTlsPerdu && !travail.Acces.SansMemoire.isEmpty()) {
+    resultat.Precision = PrecisionFtp::kMemoire;
+    resultat.Mots = travail.Acces.SansMemoire;
+  }
   const int refus = dialogue.CodeRefus();
   // Some servers find out behind the right password that the folder of that user is missing or has the wrong access,
   // and say 500: nobody should look for the mistake in the password.
@@ -393,6 +419,7 @@ ResultatFtp ClientFtp::JugeSsh(int code, const TravailFtp& travail, const Conver
       break;
     default:
       resultat.Issue = JugeCode(code, false, travail.Acces.Hote);
+      if (conversation.Muet) resultat.Precision = PrecisionFtp::kDelai;
   }
   return resultat;
 }

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <algorithm>
 #include <functional>
 #include <memory>
 
@@ -15,9 +16,12 @@ namespace vaktor {
 
 /// What tests and the rehearsal change.
 struct OptionsClient {
-  int DelaiConnexion = 20;   ///< seconds until a connection stands
-  int DelaiReponse = 20;     ///< seconds until the server answers a command
-  int DelaiSilence = 30;     ///< seconds of a transfer without a byte
+  int DelaiConnexion = 20;  ///< seconds until a connection stands
+  int DelaiReponse = 20;    ///< seconds until the server answers a command
+  int DelaiSilence = 30;    ///< seconds of a transfer without a byte
+  /// Seconds after which a server is given up whatever is waited for. Over SSH the library knows no bound of its own
+  /// between the login and the first byte of a file.
+  int DelaiMuet() const { return std::max(DelaiConnexion, DelaiReponse + DelaiSilence); }
   QString FichierAutorites;  ///< PEM file of trusted authorities; empty: those of the system
   /// Looks up a host name: 0 or one of getaddrinfo()'s codes. Empty: asks the system.
   std::function<int(const QString& hote)> Cherche;

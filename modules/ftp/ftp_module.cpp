@@ -32,7 +32,9 @@ ModuleFtp::ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp>
   const auto cree = [this](const char* nom, qint32 duree, std::function<void()> tic) {
     return Contexte_.Minuteries.CreeMinuterie(QString::fromLatin1(nom), duree, std::move(tic));
   };
-  TimerReprise_ = cree("TimerReprise", kReprises.front(), [this] { LanceConnexion(); });
+  TimerReprise_ = cree("TimerReprise", kReprises.front(), [this] {
+    if (Tache_ == Tache::kAucune) LanceConnexion();
+  });
   TimerSigne_ = cree("TimerSigne", kSigne, [this] {
     if (Lien_ == Lien::kConnecte && Tache_ == Tache::kAucune) Execute(Tache::kSigne);
   });
@@ -97,8 +99,9 @@ void ModuleFtp::Connecte() {
     return;
   }
   Acces_ = Voulu_;
-  // After a power cut everything comes up at once, and the network last: a site that has worked will work again.
-  Etabli_ = DejaPublie_ = Sites_.EstEtabli(Acces_);
+  TimerReprise_->ChangeIntervalle(kReprises.front());
+  TimerReprise_->Active();
+  Suppose_ = true;
   Essai_ = 0;
   Refus_ = Coupures_ = 0;
   LivePublie_ = {};  // it may be another server
@@ -141,12 +144,19 @@ void ModuleFtp::DisEtat() {
   if (Lien_ == Lien::kArrete) Contexte_.Dis(MotArret_.isEmpty() ? QStringLiteral("Decon") : MotArret_);
 }
 
+// The timer rests last: whatever is thrown before, want of memory before all, it tries again.
 void ModuleFtp::LanceConnexion() {
-  TimerReprise_->Desactive();
+  TimerReprise_->Active();
   Lien_ = Lien::kConnexion;
   Contexte_.Dis(QStringLiteral("Conne"));
+  Sites_.Relit();
   Sites_.Applique(Acces_);
+  // After a power cut everything comes up at once, and the network last: a site that has worked will work again.
+  if (Suppose_) Etabli_ = DejaPublie_ = Sites_.EstEtabli(Acces_);
+  Suppose_ = !Acces_.SansMemoire.isEmpty();
+  DisMemoires();
   Execute(Tache::kConnexion);
+  TimerReprise_->Desactive();
 }
 
 void ModuleFtp::FinitConnexion(const ResultatFtp& resultat) {
@@ -154,8 +164,10 @@ void ModuleFtp::FinitConnexion(const ResultatFtp& resultat) {
     Echoue(resultat);
     return;
   }
+  TimerReprise_->Active();  // until all this is done: without "ConOK" the main program sends nothing
   Lien_ = Lien::kConnecte;
   Etabli_ = true;
+  Suppose_ = false;
   Contexte_.Journal.Note(QStringLiteral("connected to ") + Acces_.Hote);
   if (Sites_.Note(Acces_, resultat))
     Contexte_.Journal.Note(QStringLiteral("first visit, the key of %1 is %2").arg(Acces_.Hote, resultat.CleHote));
@@ -167,6 +179,7 @@ void ModuleFtp::FinitConnexion(const ResultatFtp& resultat) {
   Reussit(false);
   TimerSigne_->Active();
   TimerPhotos_->ChangeIntervalle(kRegard);
+  TimerReprise_->Desactive();
   RegardePhotos();
 }
 
@@ -182,7 +195,8 @@ void ModuleFtp::Echoue(const ResultatFtp& resultat) {
     return;
   }
   // An outage has many faces, one after the other; it is one failure all the same, told once.
-  const bool mefiance = resultat.Precision == PrecisionFtp::kTlsPerdu || resultat.Precision == PrecisionFtp::kCleHote;
+  const bool mefiance = resultat.Precision == PrecisionFtp::kTlsPerdu || resultat.Precision == PrecisionFtp::kCleHote ||
+                        resultat.Precision == PrecisionFtp::kMemoire;
   if (!mefiance) avis.Sujet = QStringLiteral("ftp-lost");
   Signale(avis, false);
   Perd();

@@ -42,7 +42,10 @@ class ModuleFtp : public Module {
   static constexpr qint32 kRythmePage = 10000;  ///< between two pages that were renewed by themselves
   static constexpr int kIntervallesNeuf = 3;    ///< intervals after which a live image is not new any more
   static constexpr qint32 kNeufMin = 5000;      ///< but at least so long, milliseconds
-  static constexpr qint32 kCalme = 1500;        ///< after an upload, until "monitoring active" is shown again
+  /// Milliseconds that a photo's time may be ahead of the clock: a disk has one of its own. More says that ours was set
+  /// back.
+  static constexpr qint64 kAvance = 60'000;
+  static constexpr qint32 kCalme = 1500;  ///< after an upload, until "monitoring active" is shown again
 
   ModuleFtp(const ContexteModule& contexte, std::unique_ptr<OuvrierFtp> ouvrier);
 
@@ -81,6 +84,9 @@ class ModuleFtp : public Module {
   void Avance();
   Tache ChoisitTache() const;
   void Execute(Tache tache);
+  void Lance(Tache tache);
+  /// Wanted still: it has not arrived.
+  void Redemande(Tache tache);
   TravailFtp CreeTravail(Tache tache) const;
   void Finit(Tache tache, const ResultatFtp& resultat);
   void FinitLive(const ResultatFtp& resultat);
@@ -98,6 +104,8 @@ class ModuleFtp : public Module {
   /// The answer to a live image or a page that the server would not take.
   void RefuseEnvoi(const ResultatFtp& resultat);
   void RegardePhotos();
+  void RegardeMemoires();
+  void DisMemoires();
   QFileInfo LiveSurDisque() const;
   void RegardeLive();
   ContenuPage CreeContenu() const;
@@ -123,6 +131,7 @@ class ModuleFtp : public Module {
   Tache Tache_ = Tache::kAucune;
   QString MotArret_;         // why the link is down; empty before the first "Conne"
   bool Etabli_ = false;      // stood once since "Conne"
+  bool Suppose_ = false;     // Etabli_ is a guess: the memory of the sites could not be read
   bool DejaPublie_ = false;  // and something was uploaded
   size_t Essai_ = 0;
   int Refus_ = 0;

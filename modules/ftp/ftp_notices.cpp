@@ -45,6 +45,18 @@ constexpr Ligne kLignes[] = {
       "The FTP server %1 refuses the picture or the page. Check the space and the rights in the folder."}},
 };
 
+// Nobody knows whether it is the server of before: nothing was sent.
+AvisEchec CreeAvisSansMemoire(const ResultatFtp& resultat, const AccesFtp& acces) {
+  return {QStringLiteral("ftp-memory"), resultat.Mots, PhraseDite::Compose([&](Langue langue) {
+            return Phrase{
+                "Ce que le serveur %1 a montré les fois d'avant ne peut pas être lu : rien n'est envoyé sans "
+                "chiffrement sûr. Vaktor essaiera de nouveau ; vérifiez ce fichier si cela dure.",
+                "What the server %1 has shown before cannot be read: nothing is sent without safe encryption. "
+                "Vaktor will try again; check this file if it lasts."}
+                .Dit(langue, acces.Hote);
+          })};
+}
+
 // A server that is not what it was: nothing was sent, and only the user can tell whether that is meant.
 AvisEchec CreeAvisMefiance(const ResultatFtp& resultat, const AccesFtp& acces) {
   const bool cle = resultat.Precision == PrecisionFtp::kCleHote;
@@ -76,6 +88,7 @@ QString DonneMotEchec(IssueFtp issue) { return QString::fromLatin1(TrouveLigne(i
 AvisEchec CreeAvis(const ResultatFtp& resultat, const AccesFtp& acces) {
   if (resultat.Precision == PrecisionFtp::kTlsPerdu || resultat.Precision == PrecisionFtp::kCleHote)
     return CreeAvisMefiance(resultat, acces);
+  if (resultat.Precision == PrecisionFtp::kMemoire) return CreeAvisSansMemoire(resultat, acces);
   const Ligne& ligne = TrouveLigne(resultat.Issue);
   return {QString::fromLatin1(ligne.Sujet), resultat.Mots, PhraseDite::Compose([&](Langue langue) {
             return ligne.Mots.Dit(langue).replace(QLatin1String("%1"), acces.Hote);
@@ -92,6 +105,23 @@ AvisEchec CreeAvisPhotos(const ResultatFtp& resultat) {
   return {QStringLiteral("ftp-photos"), resultat.Mots,
           Phrase{"Le serveur FTP refuse les photos ; elles attendent. Faites de la place sur le serveur.",
                  "The FTP server refuses the photos; they wait. Make room on the server."}};
+}
+
+AvisEchec CreeAvisSource(const ResultatFtp& resultat) {
+  return {QStringLiteral("ftp-source"), resultat.Mots,
+          Phrase{"Les photos à publier ne peuvent pas être lues ; elles attendent. Vérifiez les droits et le disque.",
+                 "The photos that are to be published cannot be read; they wait. Check rights and disk."}};
+}
+
+AvisEchec CreeAvisMemoire(const QString& fichier) {
+  return {QStringLiteral("ftp-damaged"), QString(), PhraseDite::Compose([&](Langue langue) {
+            return Phrase{
+                "Ce qui était retenu du site était abîmé : il faut le croire nouveau. Le fichier est gardé "
+                "sous %1.",
+                "What was remembered of the site was damaged: it has to be taken for a new one. The file is "
+                "kept as %1."}
+                .Dit(langue, fichier);
+          })};
 }
 
 AvisEchec CreeAvisPlace() {

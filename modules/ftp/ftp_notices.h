@@ -15,6 +15,10 @@ AvisEchec CreeAvis(const ResultatFtp& resultat, const AccesFtp& acces);
 AvisEchec CreeAvisIncomplet();
 /// The server does not take the photos; they wait.
 AvisEchec CreeAvisPhotos(const ResultatFtp& resultat);
+/// Photos, or the live image, cannot be read here; they wait.
+AvisEchec CreeAvisSource(const ResultatFtp& resultat);
+/// A memory of this companion was damaged and lies beside.
+AvisEchec CreeAvisMemoire(const QString& fichier);
 /// Photos that waited were deleted, because too many did.
 AvisEchec CreeAvisPlace();
 

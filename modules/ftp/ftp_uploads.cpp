@@ -61,8 +61,25 @@ QString ModuleFtp::ChoisitPhoto() const {
   return {};
 }
 
+// With its mark left standing by a job that never began nothing would be sent any more: whatever is thrown on the way,
+// want of memory before all, the job is wanted still and tried with the next look.
 void ModuleFtp::Execute(Tache tache) {
   Tache_ = tache;
+  try {
+    Lance(tache);
+  } catch (...) {
+    Tache_ = Tache::kAucune;
+    Redemande(tache);
+    throw;
+  }
+}
+
+void ModuleFtp::Redemande(Tache tache) {
+  if (tache == Tache::kLive) LiveDemande_ = true;
+  if (tache == Tache::kPageSeule) PagePerimee_ = true;
+}
+
+void ModuleFtp::Lance(Tache tache) {
   TimerCalme_->Desactive();
   if (tache == Tache::kLive) {
     LiveDemande_ = false;  // one that comes from now on is a newer one
@@ -138,11 +155,9 @@ void ModuleFtp::Finit(Tache tache, const ResultatFtp& resultat) {
     Refus_ = 0;
   }
   const bool lienSain = resultat.Issue == IssueFtp::kReussi || resultat.Issue == IssueFtp::kRefus ||
-                        resultat.Issue == IssueFtp::kSourceIncomplete;
+                        resultat.Issue == IssueFtp::kSourceIncomplete || resultat.Issue == IssueFtp::kSourceIllisible;
   if (!lienSain) {
-    // Wanted still, and asked for again by nobody.
-    if (tache == Tache::kLive) LiveDemande_ = true;
-    if (tache == Tache::kPageSeule) PagePerimee_ = true;
+    Redemande(tache);  // wanted still, and asked for again by nobody
     if (tache == Tache::kPhoto) NotePhotoCoupee();
     Echoue(resultat);
     return;
@@ -159,6 +174,9 @@ void ModuleFtp::FinitLive(const ResultatFtp& resultat) {
     RefuseEnvoi(resultat);
   } else if (resultat.Issue == IssueFtp::kSourceIncomplete) {
     // Caught in the middle of being rewritten, five times: the next one will do.
+    Contexte_.Dis(QStringLiteral("ConOK"));
+  } else if (resultat.Issue == IssueFtp::kSourceIllisible) {
+    Signale(CreeAvisSource(resultat), false);
     Contexte_.Dis(QStringLiteral("ConOK"));
   } else {
     LivePublie_ = LiveEnvoye_;
@@ -200,26 +218,10 @@ void ModuleFtp::RefuseEnvoi(const ResultatFtp& resultat) {
     Arrete(QStringLiteral("ErrCo"));
 }
 
-// 452 and 552 (RFC 959): not this file is refused but each one, until something goes.
-bool ModuleFtp::FaitPlace(const ResultatFtp& resultat) {
-  if (resultat.Precision != PrecisionFtp::kPlace || Place_.EstVide()) return false;
-  ANettoyer_ = Place_.PlusAnciens();
-  return true;
-}
-
-void ModuleFtp::FinitNettoyage() {
-  const QStringList noms = std::exchange(ANettoyer_, {});
-  Contexte_.Journal.Note(QStringLiteral("deleted on the site to make room, photos: %1").arg(noms.size()));
-  for (const QString& nom : noms) {
-    Place_.Oublie(nom);
-    if (Publiees_.Retire(nom)) PagePerimee_ = true;
-  }
-}
-
+// One that this server does not want, or that this machine cannot read, must not keep the others from it.
 void ModuleFtp::RefusePhoto(const ResultatFtp& resultat) {
-  Signale(CreeAvisPhotos(resultat), true);
+  Signale(resultat.Issue == IssueFtp::kRefus ? CreeAvisPhotos(resultat) : CreeAvisSource(resultat), true);
   if (FaitPlace(resultat)) return;
-  // One that this server does not want must not keep the others from it.
   Refusees_.append(PhotoEnvoyee_);
   if (++RefusDeSuite_ >= kRefusPhotos || ChoisitPhoto().isEmpty()) TimerPausePhotos_->Active();
 }
@@ -232,7 +234,7 @@ void ModuleFtp::NotePhotoCoupee() {
 }
 
 void ModuleFtp::FinitPhoto(const ResultatFtp& resultat) {
-  if (resultat.Issue == IssueFtp::kRefus) {
+  if (resultat.Issue == IssueFtp::kRefus || resultat.Issue == IssueFtp::kSourceIllisible) {
     RefusePhoto(resultat);
     return;
   }
@@ -248,38 +250,13 @@ void ModuleFtp::FinitPhoto(const ResultatFtp& resultat) {
   // Somebody may have deleted it here meanwhile.
   const bool la = QFileInfo::exists(File_.Chemin(nom));
   const QDateTime prise = la ? File_.DonnePrise(nom) : Maintenant();
-  Place_.Note(nom, QFileInfo(File_.Chemin(nom)).size(), prise.toMSecsSinceEpoch());
-  Publiees_.Ajoute({nom, prise});
+  const qint64 recul = la ? File_.DonneRecul(nom) : 0;
+  Place_.Note(nom, QFileInfo(File_.Chemin(nom)).size(), prise.toMSecsSinceEpoch() - recul);
+  Publiees_.Ajoute({nom, prise, recul});
   File_.Retire(nom);
   PagePerimee_ = true;
   EcartePhotos();
   Reussit(true);
-}
-
-void ModuleFtp::EcartePhotos() {
-  if (Lien_ != Lien::kConnecte) return;  // of which site are the photos that are remembered?
-  QStringList restent;
-  for (const QString& nom : std::as_const(Attente_)) {
-    const QDateTime prise = File_.DonnePrise(nom);
-    const bool ecartee =
-        prise.isValid() && (Publiees_.EstProche(prise) || Place_.SeraitDeTrop(prise.toMSecsSinceEpoch()));
-    ecartee ? File_.Retire(nom) : restent.append(nom);
-  }
-  Attente_ = restent;
-}
-
-void ModuleFtp::RegardePhotos() {
-  const qsizetype retires = File_.Elague();
-  if (retires > 0) {
-    Contexte_.Journal.Note(QStringLiteral("deleted to make room, photos: %1").arg(retires));
-    Signale(CreeAvisPlace(), true);
-  }
-  // Not under a photo that is on its way: its end looks at the list as it was.
-  if (Tache_ != Tache::kPhoto) {
-    Attente_ = File_.Liste();
-    EcartePhotos();
-  }
-  Avance();
 }
 
 }  // namespace vaktor

@@ -26,19 +26,22 @@ struct AccesFtp {
   ProtocoleFtp Protocole = ProtocoleFtp::kFtp;
   bool TlsExige = false;  ///< this server has spoken TLS before: without it nothing is sent
   QString CleHote = {};   ///< the key that this SSH server had before; empty: whatever it shows is taken
+  /// Why nobody knows what this server has shown before; empty: it is known. Nothing is sent over SSH then.
+  QString SansMemoire = {};
   bool operator==(const AccesFtp&) const = default;
 };
 
 /// How a job ended.
 enum class IssueFtp {
   kReussi,
-  kSansReseau,       ///< no network at the moment: no name can be looked up, or no way leads there
-  kServeurInconnu,   ///< there is no server of that name
-  kAccesRefuse,      ///< user name or password refused
-  kDossierAbsent,    ///< the folder on the server does not exist
-  kPasDeConnexion,   ///< nobody answers, no trust in the certificate, the connection broke or fell silent
-  kRefus,            ///< the server is there and will not take this file: quota, rights
-  kSourceIncomplete  ///< the local file is missing or no whole JPEG at the moment; nothing was sent
+  kSansReseau,        ///< no network at the moment: no name can be looked up, or no way leads there
+  kServeurInconnu,    ///< there is no server of that name
+  kAccesRefuse,       ///< user name or password refused
+  kDossierAbsent,     ///< the folder on the server does not exist
+  kPasDeConnexion,    ///< nobody answers, no trust in the certificate, the connection broke or fell silent
+  kRefus,             ///< the server is there and will not take this file: quota, rights
+  kSourceIncomplete,  ///< the local file is missing or no whole JPEG at the moment; nothing was sent
+  kSourceIllisible    ///< the local file cannot be read at the moment, whatever it holds; nothing was sent
 };
 
 /// Why a job failed, where that is known more exactly. The companion's rules need none of it; a person who looks for
@@ -52,6 +55,7 @@ enum class PrecisionFtp {
   kTls,         ///< the encryption could not be agreed upon
   kTlsPerdu,    ///< the server offered it once and does not any more
   kCleHote,     ///< the SSH server has another key than before
+  kMemoire,     ///< what the server has shown before cannot be read (AccesFtp::SansMemoire)
   kComplet,     ///< the server has too many guests, or too many of this user
   kDonnees,     ///< the second connection, for the file itself, could not be made (passive mode)
   kPlace,       ///< no space, quota used up

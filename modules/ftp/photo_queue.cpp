@@ -3,6 +3,7 @@
 
 #include <QDir>
 #include <algorithm>
+#include <utility>
 
 #include "base/photo_format.h"
 
@@ -25,14 +26,17 @@ QFileInfoList FilePhotos::ListeFichiers() {
   photos.removeIf([](const QFileInfo& photo) { return !EstNomPropre(photo.fileName()) || photo.isSymLink(); });
   std::stable_sort(photos.begin(), photos.end(),
                    [](const QFileInfo& a, const QFileInfo& b) { return a.lastModified() < b.lastModified(); });
-  QHash<QString, quint64> rangs;
+  QHash<QString, Trouvee> trouvees;
+  Derniere_ = 0;
   for (const QFileInfo& photo : std::as_const(photos)) {
-    const auto connu = Rangs_.constFind(photo.fileName());
-    rangs.insert(photo.fileName(), connu != Rangs_.cend() ? *connu : ++Trouvees_);
+    const auto connue = Trouvees_.constFind(photo.fileName());
+    const Trouvee trouvee = connue != Trouvees_.cend() ? *connue : Trouvee{++Rangs_, 0};
+    trouvees.insert(photo.fileName(), trouvee);
+    Derniere_ = std::max(Derniere_, photo.lastModified().toMSecsSinceEpoch() - trouvee.Recul);
   }
-  Rangs_ = std::move(rangs);
+  Trouvees_ = std::move(trouvees);
   std::stable_sort(photos.begin(), photos.end(), [this](const QFileInfo& a, const QFileInfo& b) {
-    return Rangs_.value(a.fileName()) < Rangs_.value(b.fileName());
+    return Trouvees_.value(a.fileName()).Rang < Trouvees_.value(b.fileName()).Rang;
   });
   return photos;
 }
@@ -54,6 +58,11 @@ qsizetype FilePhotos::Elague() {
     ++retires;
   }
   return retires;
+}
+
+void FilePhotos::Recule(qint64 millisecondes) {
+  for (Trouvee& trouvee : Trouvees_) trouvee.Recul += millisecondes;
+  Derniere_ -= millisecondes;
 }
 
 QDateTime FilePhotos::DonnePrise(const QString& nom) const { return QFileInfo(Chemin(nom)).lastModified(); }

@@ -32,6 +32,12 @@ class FilePhotos {
   QString Chemin(const QString& nom) const { return Dossier_ + QLatin1Char('/') + nom; }
   /// When the photo was taken: the file's own time, since the name carries the date of the program's start.
   QDateTime DonnePrise(const QString& nom) const;
+  /// Milliseconds by which the clock was set back since it was taken, as far as this run knows.
+  qint64 DonneRecul(const QString& nom) const { return Trouvees_.value(nom).Recul; }
+  /// The time of the newest that was found, less that, milliseconds since 1970; 0 for none.
+  qint64 Derniere() const { return Derniere_; }
+  /// The clock was set back by so much: all that were found so far are older by as much.
+  void Recule(qint64 millisecondes);
   /// True when the file has not changed for a minute, by a clock that may have been set meanwhile: what is no picture
   /// by then will never be one.
   bool EstAbandonne(const QString& nom, const QDateTime& maintenant) const;
@@ -43,8 +49,13 @@ class FilePhotos {
 
   QString Dossier_;
   Bornes Bornes_;
-  QHash<QString, quint64> Rangs_;  // of the photos that wait, in the order in which they were found
-  quint64 Trouvees_ = 0;
+  struct Trouvee {
+    quint64 Rang = 0;  // in the order in which they were found
+    qint64 Recul = 0;
+  };
+  QHash<QString, Trouvee> Trouvees_;  // those that wait
+  quint64 Rangs_ = 0;                 // given so far
+  qint64 Derniere_ = 0;
 };
 
 }  // namespace vaktor

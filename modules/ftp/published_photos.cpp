@@ -1,24 +1,48 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/ftp/published_photos.h"
 
-#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSaveFile>
 #include <algorithm>
-
-#include "platform/store/bounded_file.h"
+#include <utility>
 
 namespace vaktor {
 
 namespace {
+
 constexpr qint64 kTailleMax = 4LL * 1024 * 1024;  // a thousand names of the longest kind
+
+// Milliseconds since 1970, by the clock of now.
+qint64 DonneRang(const PhotoPubliee& photo) { return photo.Prise.toMSecsSinceEpoch() - photo.Recul; }
+
+}  // namespace
+
+PhotosPubliees::PhotosPubliees(QString fichier) : Memoire_(std::move(fichier), kTailleMax) { Relit(); }
+
+void PhotosPubliees::Relit() {
+  const std::optional<QByteArray> octets = Memoire_.Lit();
+  if (!octets) return;
+  const QString site = std::exchange(Site_, QString());
+  const QList<PhotoPubliee> notes = std::exchange(Photos_, {});
+  const bool page = std::exchange(Page_, false);
+  Comprend(*octets);
+  if (site.isEmpty()) return;  // nothing was noted so far
+  if (site != Site_) Photos_.clear();
+  Page_ = page || (Page_ && site == Site_);
+  Site_ = site;
+  for (const PhotoPubliee& photo : notes) Insere(photo);
+  Ecrit();
 }
 
-PhotosPubliees::PhotosPubliees(QString fichier) : Fichier_(std::move(fichier)) { Lit(); }
+qint64 PhotosPubliees::Dernier() const { return Photos_.isEmpty() ? 0 : DonneRang(Photos_.first()); }
+
+void PhotosPubliees::Recule(qint64 millisecondes) {
+  for (PhotoPubliee& photo : Photos_) photo.Recul += millisecondes;
+}
 
 void PhotosPubliees::ChoisitSite(const QString& site) {
+  Relit();
   if (site == Site_) return;
   Site_ = site;
   Photos_.clear();
@@ -26,45 +50,52 @@ void PhotosPubliees::ChoisitSite(const QString& site) {
   Ecrit();
 }
 
-void PhotosPubliees::Ajoute(const PhotoPubliee& photo) {
+void PhotosPubliees::Insere(const PhotoPubliee& photo) {
   Photos_.removeIf([&](const PhotoPubliee& connue) { return connue.Nom == photo.Nom; });
-  const qsizetype place = Place(photo.Prise);
+  const qsizetype place = Place(DonneRang(photo));
   Photos_.insert(place, photo);
   if (Photos_.size() > kMax) Photos_.resize(kMax);
+}
+
+void PhotosPubliees::Ajoute(const PhotoPubliee& photo) {
+  Relit();
+  Insere(photo);
   Ecrit();
 }
 
 bool PhotosPubliees::Retire(const QString& nom) {
+  Relit();
   if (Photos_.removeIf([&](const PhotoPubliee& connue) { return connue.Nom == nom; }) == 0) return false;
   Ecrit();
   return true;
 }
 
 // By halves: thousands of photos that waited for a server are asked about, each against a thousand.
-qsizetype PhotosPubliees::Place(const QDateTime& prise) const {
+qsizetype PhotosPubliees::Place(qint64 rang) const {
   const auto place = std::partition_point(Photos_.begin(), Photos_.end(),
-                                          [&](const PhotoPubliee& autre) { return autre.Prise > prise; });
+                                          [&](const PhotoPubliee& autre) { return DonneRang(autre) > rang; });
   return place - Photos_.begin();
 }
 
-bool PhotosPubliees::EstProche(const QDateTime& prise) const {
-  const qsizetype place = Place(prise);
+bool PhotosPubliees::EstProche(qint64 rang) const {
+  const qsizetype place = Place(rang);
   const auto proche = [&](qsizetype i) {
-    return i >= 0 && i < Photos_.size() && qAbs(Photos_[i].Prise.msecsTo(prise)) < kSeconde;
+    return i >= 0 && i < Photos_.size() && qAbs(DonneRang(Photos_[i]) - rang) < kSeconde;
   };
   return proche(place) || proche(place - 1);
 }
 
 void PhotosPubliees::NotePage() {
+  Relit();
   if (Page_) return;
   Page_ = true;
   Ecrit();
 }
 
-void PhotosPubliees::Lit() {
-  QByteArray octets;
-  if (LitFichierBorne(Fichier_, kTailleMax, octets) != 0) return;
-  const QJsonObject objet = QJsonDocument::fromJson(octets).object();
+void PhotosPubliees::Comprend(const QByteArray& octets) {
+  const QJsonDocument document = QJsonDocument::fromJson(octets);
+  if (!octets.isEmpty() && !document.isObject()) Memoire_.MetDeCote();
+  const QJsonObject objet = document.object();
   Site_ = objet[QLatin1String("site")].toString();
   Page_ = objet[QLatin1String("page")].toBool();
   const QJsonArray photos = objet[QLatin1String("photos")].toArray();
@@ -85,11 +116,7 @@ void PhotosPubliees::Ecrit() const {
                               {QStringLiteral("taken"), photo.Prise.toString(Qt::ISODateWithMs)}});
   const QJsonObject objet{
       {QStringLiteral("site"), Site_}, {QStringLiteral("page"), Page_}, {QStringLiteral("photos"), photos}};
-  QSaveFile fichier(Fichier_);
-  if (!fichier.open(QIODevice::WriteOnly)) return;
-  fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  fichier.write(QJsonDocument(objet).toJson(QJsonDocument::Compact));
-  fichier.commit();
+  Memoire_.Ecrit(QJsonDocument(objet).toJson(QJsonDocument::Compact));
 }
 
 }  // namespace vaktor

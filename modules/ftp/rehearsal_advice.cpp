@@ -19,7 +19,7 @@ struct LigneEssai {
 };
 
 // %1 the server, %2 the port, %3 the folder, %4 the file of the trial.
-constexpr std::array<LigneEssai, 29> kPhrases = {{
+constexpr std::array<LigneEssai, 30> kPhrases = {{
     {CauseEssai::kReussi,
      {"La page en direct peut être publiée : le serveur a pris un fichier d'essai, l'a remplacé et l'a effacé.",
       "The live page can be published: the server took a trial file, replaced it and deleted it."}},
@@ -94,6 +94,10 @@ constexpr std::array<LigneEssai, 29> kPhrases = {{
       "The server %1 has another key than before: nothing was sent. Ask your web host whether it has changed it; if "
       "not, "
       "it is somebody else who answers."}},
+    {CauseEssai::kMemoire,
+     {"Ce que le serveur %1 a montré les fois d'avant ne peut pas être lu : rien n'a été envoyé. Vérifiez ce fichier, "
+      "puis essayez encore.",
+      "What the server %1 has shown before cannot be read: nothing was sent. Check this file, then try again."}},
     {CauseEssai::kAcces,
      {"Le serveur %1 refuse le nom d'utilisateur ou le mot de passe : corrigez-les ; ce sont ceux de l'accès FTP, "
       "souvent "
@@ -153,7 +157,7 @@ constexpr std::pair<PrecisionFtp, CauseEssai> kPrecisions[] = {
     {PrecisionFtp::kTls, CauseEssai::kTls},           {PrecisionFtp::kTlsPerdu, CauseEssai::kTlsPerdu},
     {PrecisionFtp::kCleHote, CauseEssai::kCleHote},   {PrecisionFtp::kComplet, CauseEssai::kComplet},
     {PrecisionFtp::kDonnees, CauseEssai::kDonnees},   {PrecisionFtp::kPlace, CauseEssai::kPlace},
-    {PrecisionFtp::kCoupure, CauseEssai::kCoupure}};
+    {PrecisionFtp::kCoupure, CauseEssai::kCoupure},   {PrecisionFtp::kMemoire, CauseEssai::kMemoire}};
 
 /// kReussi for what stands in no row.
 template <typename Table, typename Cle>

@@ -30,6 +30,7 @@ enum class CauseEssai {
   kTls,
   kTlsPerdu,      ///< it was encrypted once
   kCleHote,       ///< the SSH server has another key than before
+  kMemoire,       ///< what it has shown before cannot be read
   kAcces,         ///< user name or password
   kDossier,       ///< the folder does not exist
   kDonnees,       ///< passive mode

@@ -1,11 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/ftp/site_memory.h"
 
-#include <QFile>
 #include <QJsonDocument>
-#include <QSaveFile>
-
-#include "platform/store/bounded_file.h"
+#include <utility>
 
 namespace vaktor {
 
@@ -21,12 +18,23 @@ QString NommeServeur(const AccesFtp& acces) {
 
 }  // namespace
 
-MemoireSites::MemoireSites(QString fichier) : Fichier_(std::move(fichier)) {
-  QByteArray octets;
-  if (LitFichierBorne(Fichier_, kTailleMax, octets) != 0) return;
-  const QJsonObject objet = QJsonDocument::fromJson(octets).object();
-  Serveurs_ = objet[QLatin1String("servers")].toObject();
+MemoireSites::MemoireSites(QString fichier) : Fichier_(std::move(fichier), kTailleMax) { Relit(); }
+
+void MemoireSites::Relit() {
+  const std::optional<QByteArray> octets = Fichier_.Lit();
+  if (!octets) return;
+  const QJsonDocument document = QJsonDocument::fromJson(*octets);
+  if (!octets->isEmpty() && !document.isObject()) Fichier_.MetDeCote();
+  const QJsonObject objet = document.object();
+  const QJsonObject notes = std::exchange(Serveurs_, objet[QLatin1String("servers")].toObject());
   Sites_ = objet[QLatin1String("sites")].toObject();
+  // What was noted while it could not be read: TLS alone, since no key is taken without a memory.
+  for (auto note = notes.begin(); note != notes.end(); ++note) {
+    QJsonObject serveur = Serveurs_[note.key()].toObject();
+    serveur[kTls] = true;
+    Serveurs_[note.key()] = serveur;
+  }
+  if (!notes.isEmpty()) Ecrit();
 }
 
 QString MemoireSites::NommeSite(const AccesFtp& acces) {
@@ -37,9 +45,12 @@ void MemoireSites::Applique(AccesFtp& acces) const {
   const QJsonObject serveur = Serveurs_[NommeServeur(acces)].toObject();
   acces.TlsExige = serveur[kTls].toBool();
   acces.CleHote = serveur[kCle].toString();
+  acces.SansMemoire = Fichier_.Empechement();
+  if (!acces.SansMemoire.isEmpty()) acces.TlsExige = true;
 }
 
 bool MemoireSites::Note(const AccesFtp& acces, const ResultatFtp& resultat) {
+  Relit();
   QJsonObject serveur = Serveurs_[NommeServeur(acces)].toObject();
   const QJsonObject avant = serveur;
   if (resultat.Chiffre) serveur[kTls] = true;
@@ -51,21 +62,20 @@ bool MemoireSites::Note(const AccesFtp& acces, const ResultatFtp& resultat) {
   return neuve;
 }
 
-bool MemoireSites::EstEtabli(const AccesFtp& acces) const { return Sites_[NommeSite(acces)].toBool(); }
+bool MemoireSites::EstEtabli(const AccesFtp& acces) const {
+  return !Fichier_.EstLu() || Sites_[NommeSite(acces)].toBool();
+}
 
 void MemoireSites::NoteEtabli(const AccesFtp& acces) {
+  Relit();
   if (EstEtabli(acces)) return;
   Sites_[NommeSite(acces)] = true;
   Ecrit();
 }
 
 void MemoireSites::Ecrit() const {
-  QSaveFile fichier(Fichier_);
-  if (!fichier.open(QIODevice::WriteOnly)) return;
-  fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  fichier.write(
+  Fichier_.Ecrit(
       QJsonDocument(QJsonObject{{QStringLiteral("servers"), Serveurs_}, {QStringLiteral("sites"), Sites_}}).toJson());
-  fichier.commit();
 }
 
 }  // namespace vaktor

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "modules/ftp/site_space.h"
 
-#include <QFile>
-#include <QSaveFile>
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace vaktor {
 
@@ -11,6 +11,7 @@ namespace {
 
 constexpr qint64 kTailleMax = 64LL * 1024 * 1024;
 constexpr qint64 kPhotoMax = 1LL << 40;  // bytes; more is no photo, and sums of them stay far from their end
+constexpr qint64 kDateMax = 1LL << 60;   // milliseconds; differences of two stay numbers
 constexpr qsizetype kLignesMortes = 500;
 
 // Names hold no line break: FilePhotos passes over those that do.
@@ -20,14 +21,35 @@ QString Ligne(const QString& nom, qint64 octets, qint64 prise) {
 
 }  // namespace
 
-PlaceSite::PlaceSite(QString fichier) : Fichier_(std::move(fichier)) { Lit(); }
+PlaceSite::PlaceSite(QString fichier) : Memoire_(std::move(fichier), kTailleMax) { Relit(); }
+
+void PlaceSite::Relit() {
+  const std::optional<QByteArray> octets = Memoire_.Lit();
+  if (!octets) return;
+  const QString site = std::exchange(Site_, QString());
+  const QMap<Cle, qint64> notes = Fichiers_;
+  Vide();
+  Comprend(*octets);
+  if (site.isEmpty()) return;  // nothing was noted so far
+  if (site != Site_) Vide();
+  Site_ = site;
+  for (auto note = notes.cbegin(); note != notes.cend(); ++note)
+    Place(note.key().second, note.value(), note.key().first);
+  Ecrit();
+}
 
 void PlaceSite::ChoisitSite(const QString& site) {
+  Relit();
   if (site == Site_) return;
   Site_ = site;
-  Fichiers_.clear();
-  Prises_.clear();
-  Octets_ = 0;
+  Vide();
+  Ecrit();
+}
+
+void PlaceSite::Recule(qint64 millisecondes) {
+  const QMap<Cle, qint64> avant = Fichiers_;
+  Vide();
+  for (auto f = avant.cbegin(); f != avant.cend(); ++f) Place(f.key().second, f.value(), f.key().first - millisecondes);
   Ecrit();
 }
 
@@ -36,11 +58,22 @@ void PlaceSite::RegleBornes(qint64 nombre, qint64 octets) {
   OctetsMax_ = octets;
 }
 
-void PlaceSite::Note(const QString& nom, qint64 octets, qint64 prise) {
+void PlaceSite::Place(const QString& nom, qint64 octets, qint64 prise) {
   Retire(nom);
   Fichiers_.insert({prise, nom}, octets);
   Prises_.insert(nom, prise);
   Octets_ += octets;
+}
+
+void PlaceSite::Vide() {
+  Fichiers_.clear();
+  Prises_.clear();
+  Octets_ = 0;
+}
+
+void PlaceSite::Note(const QString& nom, qint64 octets, qint64 prise) {
+  Relit();
+  Place(nom, octets, prise);
   if (Fichiers_.size() > kMax) Retire(Fichiers_.firstKey().second);
   Ajoute(Ligne(nom, octets, prise));
 }
@@ -92,54 +125,49 @@ void PlaceSite::Ajoute(const QString& ligne) {
     Ecrit();
     return;
   }
-  QFile fichier(Fichier_);
-  if (!fichier.open(QIODevice::WriteOnly | QIODevice::Append)) return;
-  ++Lignes_;
-  fichier.write(ligne.toUtf8());
+  if (Memoire_.Ajoute(ligne.toUtf8())) ++Lignes_;
 }
 
-void PlaceSite::Lit() {
-  QFile fichier(Fichier_);
-  if (fichier.size() > kTailleMax || !fichier.open(QIODevice::ReadOnly)) return;
-  QString ligne = QString::fromUtf8(fichier.readLine());
-  if (!ligne.endsWith(u'\n')) return;
-  ligne.chop(1);
-  Site_ = ligne;
-  while (!fichier.atEnd()) {
-    ligne = QString::fromUtf8(fichier.readLine());
-    if (!ligne.endsWith(u'\n')) {  // a power cut: the next line must not be written behind half of one
+void PlaceSite::Comprend(const QByteArray& octets) {
+  qsizetype debut = 0;
+  const auto prend = [&]() -> std::optional<QString> {
+    const qsizetype fin = octets.indexOf('\n', debut);
+    if (fin < 0) return std::nullopt;
+    const qsizetype avant = std::exchange(debut, fin + 1);
+    return QString::fromUtf8(octets.sliced(avant, fin - avant));
+  };
+  const std::optional<QString> site = prend();
+  if (!site) return;
+  Site_ = *site;
+  while (debut < octets.size()) {
+    const std::optional<QString> ligne = prend();
+    if (!ligne) {  // a power cut: the next line must not be written behind half of one
       Lignes_ = kMax * 3;
       break;
     }
-    ligne.chop(1);
     ++Lignes_;
-    LitLigne(ligne);
+    ComprendLigne(*ligne);
   }
 }
 
-void PlaceSite::LitLigne(const QString& ligne) {
+void PlaceSite::ComprendLigne(const QString& ligne) {
   if (ligne.startsWith(QLatin1String("- "))) Retire(ligne.mid(2));
   bool date = false;
   bool taille = false;
   const qint64 prise = ligne.section(u' ', 1, 1).toLongLong(&date);
   const qint64 octets = ligne.section(u' ', 2, 2).toLongLong(&taille);
   const QString nom = ligne.section(u' ', 3);
-  if (!ligne.startsWith(QLatin1String("+ ")) || !date || !taille || octets < 0 || octets > kPhotoMax || nom.isEmpty())
+  if (!ligne.startsWith(QLatin1String("+ ")) || !date || !taille || octets < 0 || octets > kPhotoMax || nom.isEmpty() ||
+      qAbs(prise) > kDateMax)
     return;
-  Retire(nom);
-  Fichiers_.insert({prise, nom}, octets);
-  Prises_.insert(nom, prise);
-  Octets_ += octets;
+  Place(nom, octets, prise);
 }
 
 void PlaceSite::Ecrit() {
-  QSaveFile fichier(Fichier_);
-  if (!fichier.open(QIODevice::WriteOnly)) return;
-  fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner);
-  fichier.write((Site_ + u'\n').toUtf8());
+  QByteArray octets = (Site_ + u'\n').toUtf8();
   for (auto f = Fichiers_.cbegin(); f != Fichiers_.cend(); ++f)
-    fichier.write(Ligne(f.key().second, f.value(), f.key().first).toUtf8());
-  if (fichier.commit()) Lignes_ = Fichiers_.size();
+    octets += Ligne(f.key().second, f.value(), f.key().first).toUtf8();
+  if (Memoire_.Ecrit(octets)) Lignes_ = Fichiers_.size();
 }
 
 }  // namespace vaktor

@@ -8,18 +8,28 @@
 #include <QStringList>
 #include <utility>
 
+#include "modules/ftp/memory_file.h"
+
 namespace vaktor {
 
 /// A file of lines, mode 0600, to which each photo adds one: thousands of them are remembered, and none is to cost the
-/// writing of all. A file that is missing or damaged is an empty memory: what it forgot stays on the site.
+/// writing of all. A file that is missing is an empty memory, and damaged lines are passed over: what was forgotten
+/// stays on the site. What is noted while the file cannot be read is added once it can be.
 class PlaceSite {
  public:
   static constexpr qsizetype kMax = 100'000;  ///< remembered at most
 
   explicit PlaceSite(QString fichier);
 
+  /// Tries to read what could not be read before.
+  void Relit();
+  std::optional<TroubleMemoire> PrendTrouble() { return Memoire_.PrendTrouble(); }
   /// Another site than before empties the memory: the photos are not there.
   void ChoisitSite(const QString& site);
+  /// The time of the newest, milliseconds since 1970; 0 for none.
+  qint64 Derniere() const { return Fichiers_.isEmpty() ? 0 : Fichiers_.lastKey().first; }
+  /// The clock was set back by so many milliseconds: all times go back by as much.
+  void Recule(qint64 millisecondes);
   /// 0 and less: no bound.
   void RegleBornes(qint64 nombre, qint64 octets);
 
@@ -43,13 +53,15 @@ class PlaceSite {
   using Cle = std::pair<qint64, QString>;  // time of the photo, name
 
   QStringList Premiers(qsizetype nombre) const;
+  void Place(const QString& nom, qint64 octets, qint64 prise);
   void Retire(const QString& nom);
+  void Vide();
   void Ajoute(const QString& ligne);
-  void Lit();
-  void LitLigne(const QString& ligne);
+  void Comprend(const QByteArray& octets);
+  void ComprendLigne(const QString& ligne);
   void Ecrit();
 
-  QString Fichier_;
+  FichierMemoire Memoire_;
   QString Site_;
   QMap<Cle, qint64> Fichiers_;  // with their bytes, oldest first
   QHash<QString, qint64> Prises_;

@@ -10,6 +10,9 @@
 #include <QJsonObject>
 #include <QTemporaryDir>
 
+#include <new>
+#include <utility>
+
 #include "modules/ftp/ftp_module.h"
 #include "modules/module_bench.h"
 #include "support/file_bytes.h"
@@ -19,6 +22,7 @@ namespace vaktor::essai {
 struct OuvrierFaux : OuvrierFtp {
   void Lance(const TravailFtp& travail, SurEtape etape, SurFin fin) override {
     EXPECT_EQ(Fin, nullptr) << "one job at a time";
+    if (std::exchange(SansMemoire, false)) throw std::bad_alloc();
     Travail = travail;
     Etape = std::move(etape);
     Fin = std::move(fin);
@@ -32,6 +36,7 @@ struct OuvrierFaux : OuvrierFtp {
   SurEtape Etape;
   SurFin Fin;
   int Coupes = 0;
+  bool SansMemoire = false;  ///< the next job finds none
 };
 
 struct Ftp : BancModule {
@@ -55,11 +60,16 @@ struct Ftp : BancModule {
     auto ouvrier = std::make_unique<OuvrierFaux>();
     Ouvrier = ouvrier.get();
     Module = std::make_unique<ModuleFtp>(
-        ContexteModule{Dossiers, Journal, Etat, Temps, Horloge, [this](const QString& mot) { Mots << mot; },
+        ContexteModule{Dossiers, Journal, Etat, Temps, Horloge, [this](const QString& mot) { Entend(mot); },
                        [this] { Mots << QStringLiteral("quitte"); }, [this] { return Maintenant(); }},
         std::move(ouvrier));
     Module->PrendReglages(Reglages);
   }
+  void Entend(const QString& mot) {
+    if (mot == MotSansMemoire) throw std::bad_alloc();
+    Mots << mot;
+  }
+  QString MotSansMemoire;  ///< there is no memory to say it
   qint64 Maintenant() const { return DebutReel + Horloge.Millisecondes; }
   /// As the main program does, `age` milliseconds ago.
   void PoseLive(qint64 age = 0) {

@@ -10,13 +10,16 @@
 #include <QTcpServer>
 #include <QThread>
 #include <atomic>
+#include <cerrno>
 #include <csignal>
+#include <cstring>
 #include <thread>
 
 #include "base/jpeg_end.h"
 #include "modules/ftp/ftp_client.h"
 #include "modules/ftp/ftp_test_server.h"
 #include "support/full_port.h"
+#include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {
@@ -375,6 +378,22 @@ TEST_F(Client, APictureThatIsNotWholeIsNotSent) {
   }
   Fait({.Genre = GenreTravail::kFichier, .Acces = {}, .Source = "/pas/la.jpg", .Contenu = {}, .Nom = "live.jpg"});
   EXPECT_TRUE(Serveur.Noms().isEmpty());
+}
+
+TEST_F(Client, APictureThatCannotBeReadAtTheMomentIsToldApartFromOneThatIsNone) {
+  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
+  ASSERT_EQ(Image(CreeJpeg(1)).Issue, IssueFtp::kReussi);
+  TravailFtp travail;
+  travail.Genre = GenreTravail::kFichier;
+  travail.Source = Ici.filePath("Live.jpg");
+  travail.Nom = "live.jpg";
+  {
+    const SansDescripteur sans;
+    const ResultatFtp r = Fait(travail);
+    EXPECT_EQ(r.Issue, IssueFtp::kSourceIllisible);
+    EXPECT_EQ(r.Mots, QString::fromLocal8Bit(std::strerror(EMFILE)));
+  }
+  EXPECT_EQ(Fait(travail).Issue, IssueFtp::kReussi);
 }
 
 TEST_F(Client, NoVisitorEverLoadsHalfAPicture) {

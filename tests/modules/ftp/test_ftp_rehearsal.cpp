@@ -164,6 +164,7 @@ TEST_F(Repetition, EachWayToFailHasItsSentence) {
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "421 full", P::kComplet}}).contains("switch it off"));
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "x", P::kCertificat}}).contains("certificate of the server ftp.a.org"));
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "x", P::kTls}}).contains("encrypted connection"));
+  EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "x", P::kMemoire}}).contains("has shown before cannot be read"));
   EXPECT_TRUE(PhraseDe({{I::kAccesRefuse, "530 no"}}).contains("refuses the user name or the password"));
   EXPECT_TRUE(PhraseDe({{I::kDossierAbsent, "550 no"}}).contains("folder \"/www\" does not exist"));
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "x"}, {{"", "220 hi"}}}).contains("broke"));

@@ -64,6 +64,18 @@ TEST_F(ClientTls, RequiredAndNotOfferedGetsNeitherPasswordNorPicture) {
   EXPECT_FALSE(verbes.contains("USER") || verbes.contains("PASS")) << verbes.join(' ').toStdString();
 }
 
+TEST_F(ClientTls, OfAServerOfWhichNobodyKnowsWhatItSpokeItIsNotSaidThatItUsedTo) {
+  Serveur.Demarre();
+  ClientFtp client = Cree();
+  AccesFtp acces = Acces();
+  acces.TlsExige = true;
+  acces.SansMemoire = "sites.json: Input/output error";
+  const ResultatFtp r = Fait(client, GenreTravail::kConnexion, acces);
+  EXPECT_EQ(r.Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_EQ(r.Precision, PrecisionFtp::kMemoire);
+  EXPECT_EQ(r.Mots, acces.SansMemoire);
+}
+
 TEST_F(ClientTls, FromTheFirstByteIsSpokenWhereThePortSaysSo) {
   Serveur.PrepareTlsImplicite();
   Serveur.Demarre();

@@ -339,6 +339,7 @@ TEST_F(Ftp, WhatIsTooMuchOnTheSiteIsDeletedTheOldestFirstAndLeavesThePage) {
   Temps.Avance(ModuleFtp::kRegard);
   EXPECT_FALSE(Ouvrier->EnCours() && Ouvrier->Travail.Genre == GenreTravail::kFichier)
       << "it would be the next to go: it is not even sent";
+  EXPECT_TRUE(LitTexte(Journal.Chemin()).contains("not published, photos: 1")) << "which is not done in silence";
   EXPECT_TRUE(PhotosLocales().isEmpty());
 }
 

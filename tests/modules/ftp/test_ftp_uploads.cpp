@@ -285,6 +285,82 @@ TEST_F(Ftp, APhotoThatNeverWillBeIsGivenUpAlsoWhenItsTimeLiesInTheFuture) {
   EXPECT_TRUE(PhotosLocales().isEmpty());
 }
 
+// Deleted is only what was read whole and is no picture.
+TEST_F(Ftp, APhotoThatCannotBeReadAtTheMomentGoesToTheBackAndStays) {
+  Publie();
+  PosePhoto("a.jpg", 200'000);
+  PosePhoto("b.jpg", 100'000);
+  Temps.Avance(ModuleFtp::kRegard);
+  ASSERT_EQ(Ouvrier->Travail.Nom, "b.jpg");
+  Finit(IssueFtp::kSourceIllisible, "Too many open files");
+  EXPECT_EQ(EtatLu()["subject"].toString(), "ftp-source");
+  EXPECT_EQ(EtatLu()["server"].toString(), "Too many open files");
+  ASSERT_TRUE(Ouvrier->EnCours());
+  EXPECT_EQ(Ouvrier->Travail.Nom, "a.jpg") << "the connection is as good as before";
+  Finit(IssueFtp::kReussi);
+  EXPECT_EQ(PhotosLocales(), QStringList("b.jpg"));
+  Temps.Avance(ModuleFtp::kPausePhotos);
+  while (Ouvrier->EnCours() && Ouvrier->Travail.Nom != "b.jpg") Finit(IssueFtp::kReussi);
+  Finit(IssueFtp::kReussi);
+  EXPECT_TRUE(PhotosLocales().isEmpty());
+}
+
+TEST_F(Ftp, ALiveImageThatCannotBeReadAtTheMomentIsToldAndTheNextOneGoes) {
+  Publie();
+  Dit("Surve");
+  EXPECT_EQ(Finit(IssueFtp::kSourceIllisible, "Input/output error"), "ConOK");
+  EXPECT_EQ(EtatLu()["subject"].toString(), "ftp-source");
+  EXPECT_EQ(Dit("Surve"), "Uploa");
+}
+
+TEST_F(Ftp, AJobThatFindsNoMemoryToBeginIsBegunWithTheNextLook) {
+  Publie();
+  Ouvrier->SansMemoire = true;
+  EXPECT_THROW(Dit("Surve"), std::bad_alloc);
+  EXPECT_FALSE(Ouvrier->EnCours());
+  Temps.Avance(ModuleFtp::kRegard);
+  ASSERT_TRUE(Ouvrier->EnCours()) << "nobody asks a second time for this image";
+  EXPECT_EQ(Ouvrier->Travail.Nom, kNomLive);
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "UplOK");
+  Dit("UploM");
+  Finit(IssueFtp::kReussi);
+  PosePhoto("a.jpg");
+  Temps.Avance(ModuleFtp::kRegard);
+  Finit(IssueFtp::kReussi);
+  Ouvrier->SansMemoire = true;
+  EXPECT_THROW(Temps.Avance(ModuleFtp::kRythmePage), std::bad_alloc);
+  EXPECT_FALSE(Ouvrier->EnCours());
+  Temps.Avance(ModuleFtp::kRegard);
+  EXPECT_TRUE(EnPage()) << "nor for this page";
+}
+
+TEST_F(Ftp, AConnectionThatFindsNoMemoryToBeginIsTriedAgain) {
+  Ouvrier->SansMemoire = true;
+  EXPECT_THROW(Dit("Conne"), std::bad_alloc);
+  EXPECT_FALSE(Ouvrier->EnCours());
+  EXPECT_EQ(Avance(ModuleFtp::kReprises.front()), "Conne");
+  EXPECT_EQ(Finit(IssueFtp::kPasDeConnexion), "ErrCo");
+  Publie();
+  Dit("Surve");
+  Finit(IssueFtp::kPasDeConnexion);
+  MotSansMemoire = "Conne";
+  EXPECT_THROW(Avance(ModuleFtp::kReprises.front()), std::bad_alloc);
+  MotSansMemoire.clear();
+  EXPECT_EQ(Avance(ModuleFtp::kReprises.front()), "Conne");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK Uploa");
+  EXPECT_EQ(Avance(ModuleFtp::kReprises.back()), "") << "it is not tried again once it stands";
+}
+
+// Without "ConOK" the main program would send nothing for ever.
+TEST_F(Ftp, AConnectionThatFindsNoMemoryAtItsEndIsMadeAnew) {
+  Dit("Conne");
+  MotSansMemoire = "ConOK";
+  EXPECT_THROW(Finit(IssueFtp::kReussi), std::bad_alloc);
+  MotSansMemoire.clear();
+  EXPECT_EQ(Avance(ModuleFtp::kReprises.front()), "Conne");
+  EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK");
+}
+
 TEST_F(Ftp, ThePageFollowsThePhotosOnceTheUserHasAskedForOne) {
   Publie();
   PosePhoto("a.jpg");

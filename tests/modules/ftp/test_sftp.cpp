@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Files over SSH: the client against OpenSSH's own server of files.
 #include <gtest/gtest.h>
+#include <signal.h>
 
 #include <QElapsedTimer>
 #include <QTcpServer>
@@ -114,6 +115,39 @@ TEST_F(Sftp, AnotherKeyThanBeforeGetsNothing) {
   EXPECT_EQ(r.Precision, PrecisionFtp::kCleHote);
   EXPECT_EQ(r.Mots, Empreinte) << "the key that was shown";
   EXPECT_EQ(Etapes.count(EtapeFtp::kServeurTrouve), 2);
+}
+
+TEST_F(Sftp, WithoutAMemoryOfItsKeyNobodyGetsThePassword) {
+  Demarre();
+  Acces.SansMemoire = "sites.json: Input/output error";
+  const ResultatFtp r = Connecte();
+  EXPECT_EQ(r.Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_EQ(r.Precision, PrecisionFtp::kMemoire);
+  EXPECT_EQ(r.Mots, Acces.SansMemoire);
+  EXPECT_TRUE(Etapes.isEmpty()) << "it was not even asked";
+}
+
+// The library knows no bound of its own between login and file.
+TEST_F(Sftp, AServerThatFallsSilentBehindTheLoginIsGivenUp) {
+  Demarre();
+  Options.DelaiConnexion = 8;
+  Options.DelaiReponse = 1;
+  Options.DelaiSilence = 2;
+  ClientFtp impatient(Options);
+  TravailFtp travail;
+  travail.Genre = GenreTravail::kConnexion;
+  travail.Acces = Acces;
+  ASSERT_EQ(impatient.Execute(travail, {}, {}).Issue, IssueFtp::kReussi);
+  ::kill(static_cast<pid_t>(Processus.processId()), SIGSTOP);
+  travail.Genre = GenreTravail::kPage;
+  travail.Nom = "a.html";
+  travail.Contenu = "x";
+  QElapsedTimer depuis;
+  depuis.start();
+  const ResultatFtp r = impatient.Execute(travail, {}, [&depuis] { return depuis.hasExpired(60'000); });
+  EXPECT_EQ(r.Issue, IssueFtp::kPasDeConnexion);
+  EXPECT_EQ(r.Precision, PrecisionFtp::kDelai);
+  EXPECT_LT(depuis.elapsed(), 45'000);
 }
 
 TEST_F(Sftp, ASilentServerIsGivenUp) {
