@@ -96,7 +96,7 @@ void EssaieSites(const QByteArray& octets) {
 void EssaiePhotos(const QByteArray& octets) {
   PhotosPubliees photos(Pose("photos.json", octets));
   photos.Ajoute({"n.jpg", QDateTime(QDate(2026, 11, 22), QTime(12, 0))});
-  Exige(photos.Liste().size() <= PhotosPubliees::kMax && photos.EstProche(photos.Liste()[0].Prise));
+  Exige(photos.Liste().size() <= PhotosPubliees::kMax && photos.EstProche(photos.Dernier()));
   Exige(std::ranges::is_sorted(photos.Liste(),
                                [](const PhotoPubliee& a, const PhotoPubliee& b) { return a.Prise > b.Prise; }));
 }
