@@ -194,6 +194,15 @@ TEST_F(SanteDuProgramme, AClickOpensTheListTheWorstFirst) {
   EXPECT_NE(Liste()->pos(), Fenetre("Form1")->pos());
 }
 
+TEST_F(SanteDuProgramme, AListThatStandsOpenStaysWhereItWasPut) {
+  Rapport().Signale(Condition::kPhotosImpossibles);
+  Systeme.Temps.Avance(1000);
+  Clique("SigneSante");
+  Liste()->move(37, 41);
+  Clique("SigneSante");
+  EXPECT_EQ(Liste()->pos(), QPoint(37, 41));
+}
+
 TEST_F(SanteDuProgramme, TheButtonOfTheListClosesItByMouseAndByKey) {
   Rapport().Signale(Condition::kPhotosImpossibles);
   Systeme.Temps.Avance(1000);

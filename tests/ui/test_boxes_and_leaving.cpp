@@ -98,6 +98,24 @@ TEST_P(BoitesTest, TwoQuickClicksOnTheWordsAreTwo) {
   EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 2);
 }
 
+TEST_P(BoitesTest, KeyThatTicksNothingSavesNothing) {
+  for (const Qt::Key touche : {Qt::Key_A, Qt::Key_Return, Qt::Key_Shift}) QTest::keyClick(Boite(), touche);
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0);
+  QTest::keyClick(Boite(), Qt::Key_Space);
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 1);
+  EXPECT_TRUE(Drapeau());
+}
+
+TEST_P(BoitesTest, WordsOfABoxThatIsOffDoNothing) {
+  Banc.Trouve("Text1")->setFocus();
+  Boite()->setEnabled(false);
+  QTest::mouseClick(Banc.Fenetre.windowHandle(), Qt::LeftButton, {}, Dans(GetParam().Mots));
+  EXPECT_FALSE(Boite()->isChecked());
+  EXPECT_FALSE(Drapeau());
+  EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 0);
+  EXPECT_TRUE(Focus("Text1"));
+}
+
 INSTANTIATE_TEST_SUITE_P(Mains, BoitesTest,
                          testing::Values(CasBoite{"CheckPPhot", "LabelCheckPhot", &Parametres::PhotoActif},
                                          CasBoite{"CheckSon", "LabelCheckSon", &Parametres::SonActif},

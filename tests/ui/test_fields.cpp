@@ -308,6 +308,21 @@ TEST_F(Champs, KeyTakesThePromptAwayAndIsTyped) {
   EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
 }
 
+TEST_F(Champs, TabGoesOnAndLeavesThePromptStanding) {
+  Banc.RemplitMail();
+  Champ("TextEMail")->clear();
+  Banc.Clique("CheckMail");
+  const QString demande = Champ("TextEMail")->text();
+  ASSERT_FALSE(demande.isEmpty());
+  for (const Qt::Key touche : {Qt::Key_Tab, Qt::Key_Backtab}) {
+    Champ("TextEMail")->setFocus();
+    QTest::keyClick(Champ("TextEMail"), touche);
+    EXPECT_FALSE(Champ("TextEMail")->hasFocus());
+    EXPECT_EQ(Champ("TextEMail")->text(), demande) << touche;
+    EXPECT_TRUE(EstRouge(*Champ("TextEMail"))) << touche;
+  }
+}
+
 TEST_F(Champs, TextThatComesInWithoutAKeyTakesThePromptAwayToo) {
   const std::function<void(QLineEdit&)> voies[] = {
       [](QLineEdit& champ) {

@@ -2,6 +2,7 @@
 // The form of the alarm sound, with mouse and keys.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QTest>
 
 #include "fakes/fake_files.h"
@@ -90,6 +91,14 @@ TEST_F(FormeSon, WordsOfBothLanguages) {
   EXPECT_EQ(Trouve<QComboBox>("CombSound")->count(), 4) << "the list does not grow";
   EXPECT_EQ(Trouve<QComboBox>("CombSound")->itemText(0), QStringLiteral("Sound 1"));
   EXPECT_EQ(Trouve<QComboBox>("CombSound")->itemText(3), QStringLiteral("Sound file"));
+}
+
+TEST_F(FormeSon, ListIsCalledByTheLabelAboveIt) {
+  Ouvre();
+  const auto liens =
+      QAccessible::queryAccessibleInterface(Trouve<QComboBox>("CombSound"))->relations(QAccessible::Label);
+  ASSERT_EQ(liens.size(), 1) << "its own name is what it shows";
+  EXPECT_EQ(liens.first().first->text(QAccessible::Name), QStringLiteral("Select a sound"));
 }
 
 TEST_F(FormeSon, ClosedListShowsTheCurrentChoice) {

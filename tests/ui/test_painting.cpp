@@ -124,6 +124,31 @@ TEST_F(PeintureDesVues, OfWindowsThatAreOnNoScreenNothingIsPaintedAndNoPictureIs
   EXPECT_EQ(Faites, 0);
 }
 
+TEST_F(PeintureDesVues, WhereNothingMovesTheSmallViewIsPaintedBlackOnce) {
+  Banc.Pilote.Suivante = [this] {
+    Banc.Pilote.SuivanteDifferee =
+        std::make_shared<faux::TrameComptee>(faux::BancFenetre::ImageUnie(64, 48, qRgb(20, 30, 40)), Faites);
+    return QImage();
+  };
+  for (int i = 0; i < 3; ++i) Trame();
+  EXPECT_EQ(Banc.Trouve("Picture2")->grab().toImage().pixel(60, 50), qRgb(0, 0, 0));
+  Oublie();
+  Trame();
+  Trame();
+  EXPECT_EQ(Peint.Fois.value("Picture1"), 2) << "frames go on";
+  EXPECT_EQ(Peint.Fois.value("Picture2"), 0) << Tout();
+}
+
+TEST_F(PeintureDesVues, TheEnlargedViewIsPaintedAtEachFrame) {
+  Banc.PleinEcran.Montre();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(Banc.PleinEcran.Forme()));
+  Oublie();
+  Trame();
+  EXPECT_EQ(Peint.Fois.value("WebcamPecran"), 1) << Tout();
+  Trame();
+  EXPECT_EQ(Peint.Fois.value("WebcamPecran"), 2) << Tout();
+}
+
 // A camera may be larger than the screen; who moves the monitor sees the rest of it.
 TEST_F(PeintureDesVues, TheMonitorIsPaintedWhereItIsOnAScreenAndWholeWhenItMoves) {
   auto* image = Banc.Moniteur.findChild<QWidget*>("Picture1");

@@ -89,6 +89,17 @@ TEST(SmallView, PixelViewIsPaintedFromTheEnginesOwnPicture) {
   EXPECT_EQ(vue.Pixel(5, 5), kNoir);
 }
 
+TEST(SmallView, ZoomTakesThePlaceOfThePixelsAndTheyThatOfTheZoom) {
+  Vue vue;
+  const QImage pixels = BancFenetre::ImageUnie(127, 109, kNoir);
+  vue.Petite.MontreImage(pixels);
+  vue.Surface.Pose(BancFenetre::ImageUnie(40, 30, kRouge));
+  vue.Petite.MontreZoom(vue.Surface, QRect(10, 10, 10, 10));
+  EXPECT_EQ(vue.Pixel(60, 50), kRouge);
+  vue.Petite.MontreImage(pixels);
+  EXPECT_EQ(vue.Pixel(60, 50), kNoir);
+}
+
 QMenu* Menu(BancFenetre& banc) { return banc.Fenetre.findChild<QMenu*>(QStringLiteral("MnuDisplay")); }
 QAction* Entree(BancFenetre& banc, const char* nom) { return banc.Fenetre.findChild<QAction*>(QLatin1String(nom)); }
 

@@ -77,8 +77,11 @@ TEST(LinkView, StatusRedFieldsAndPageReachTheWindow) {
   vue.Relie(banc.Fenetre);
   vue.MontreStatut(Libelle::kFtpConnecte);
   EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("FTP connected"));
-  vue.MontreStatutLitteral(Phrase{"Identification", "Identification"});
-  EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("Identification"));
+  vue.MontreStatutLitteral(Phrase{"Attente", "Waiting"});
+  EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("Waiting"));
+  banc.Clique("Image4(0)");
+  vue.MontreStatutLitteral(Phrase{"Attente", "Waiting"});
+  EXPECT_EQ(banc.Trouve<QLabel>("LblDebugftp")->text(), QStringLiteral("Attente"));
   const std::pair<ChampLiaison, const char*> champs[] = {{ChampLiaison::kTxtFtp, "TxtFtp"},
                                                          {ChampLiaison::kTxtFTPracine, "TxtFTPracine"},
                                                          {ChampLiaison::kTxtUserName, "TxtUserName"},

@@ -146,5 +146,16 @@ TEST_P(MotsSurControles, ListsAndFacesAreThoseOfTheTable) {
 INSTANTIATE_TEST_SUITE_P(Langues, MotsSurControles, testing::Range(0, static_cast<int>(kNombreLangues)),
                          [](const auto& langue) { return kCodesLangues.Dit(*LitLangue(langue.param)).toStdString(); });
 
+// A server's words, or a folder's name, may hold what looks like markup.
+TEST(WordsOnControls, AStatusWithAnglesIsShownToTheLetter) {
+  BancFenetre banc;
+  const QString mots = QStringLiteral("<b>550</b> &amp; no");
+  for (const char* nom : {"LblDebugftp", "LblDebugAlarm"}) {
+    auto* etiquette = banc.Trouve<QLabel>(nom);
+    etiquette->setText(mots);
+    EXPECT_GE(etiquette->sizeHint().width(), etiquette->fontMetrics().horizontalAdvance(mots)) << nom;
+  }
+}
+
 }  // namespace
 }  // namespace vaktor

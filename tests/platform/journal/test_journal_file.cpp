@@ -10,6 +10,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <cerrno>
 #include <csignal>
@@ -32,6 +33,20 @@ class JournalFile : public testing::Test {
     QFile fichier(Chemin());
     ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
     fichier.write(octets);
+  }
+  /// The descriptor that has the lock, until it is closed.
+  int Verrouille() const {
+    const int verrou = ::open(QFile::encodeName(Chemin()).constData(), O_RDWR | O_CLOEXEC);
+    EXPECT_EQ(::flock(verrou, LOCK_EX), 0);
+    return verrou;
+  }
+  /// How many descriptors of this process are onto the journal.
+  qsizetype Ouvertures() const {
+    qsizetype nombre = 0;
+    const QDir descripteurs(QStringLiteral("/proc/self/fd"));
+    for (const QString& nom : descripteurs.entryList(QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot))
+      if (QFile::symLinkTarget(descripteurs.filePath(nom)) == QFileInfo(Chemin()).canonicalFilePath()) ++nombre;
+    return nombre;
   }
   QTemporaryDir Dossier;
 };
@@ -188,6 +203,36 @@ TEST_F(JournalFile, ALinkIsNotFollowed) {
   for (int i = 0; i < 100 && fichier.Erreur() == 0; ++i) ::usleep(20'000);
   EXPECT_EQ(fichier.Erreur(), ELOOP);
   EXPECT_FALSE(QFile::exists(cible));
+}
+
+// Another program that writes or cuts: what holds the lock here might be one. A second descriptor onto the file says
+// that the line has come as far as the lock.
+TEST_F(JournalFile, NothingIsWrittenWhileAnotherProgramHasTheLock) {
+  Pose("one\n");
+  const int verrou = Verrouille();
+  FichierJournalSysteme fichier(Chemin());
+  fichier.Ajoute("two");
+  for (int i = 0; i < 500 && Ouvertures() < 2; ++i) ::usleep(20'000);
+  ASSERT_EQ(Ouvertures(), 2);
+  ::usleep(200'000);
+  EXPECT_EQ(Contenu(), "one\n");
+  ::close(verrou);
+  for (int i = 0; i < 500 && Contenu() != "one\ntwo\n"; ++i) ::usleep(20'000);
+  EXPECT_EQ(Contenu(), "one\ntwo\n");
+}
+
+TEST_F(JournalFile, ALineGoesToTheFileThatHasTakenThePlaceOfTheLockedOne) {
+  Pose("old\n");
+  const int verrou = Verrouille();
+  FichierJournalSysteme fichier(Chemin());
+  fichier.Ajoute("line");
+  for (int i = 0; i < 500 && Ouvertures() < 2; ++i) ::usleep(20'000);
+  ASSERT_EQ(Ouvertures(), 2);
+  ASSERT_EQ(::rename(QFile::encodeName(Chemin()).constData(), QFile::encodeName(Chemin() + u'~').constData()), 0);
+  Pose("new\n");
+  ::close(verrou);
+  for (int i = 0; i < 500 && Contenu() != "new\nline\n"; ++i) ::usleep(20'000);
+  EXPECT_EQ(Contenu(), "new\nline\n");
 }
 
 // A lock that somebody holds is a disk that hangs.
