@@ -27,6 +27,16 @@ TEST_F(BancSmtp, TheFieldsOfThePushShowAndTakeTheSettings) {
   EXPECT_FALSE(Trouve<QLineEdit>("TxtPushEntete")->displayText().contains("three")) << "not over a shoulder";
 }
 
+TEST_F(BancSmtp, OfSeveralLinesThatArePastedThePushTakesTheFirst) {
+  Ouvre();
+  Trouve<QLineEdit>("TxtPush")->setText("https://a.org/x\nhttps://b.org/y");
+  EXPECT_EQ(Lit("TxtPush"), "https://a.org/x");
+  EXPECT_EQ(Reglages.PushAdresse, "https://a.org/x");
+  Trouve<QLineEdit>("TxtPushEntete")->setText("X-Key: one\r\nX-Other: two");
+  EXPECT_EQ(Lit("TxtPushEntete"), "X-Key: one");
+  EXPECT_EQ(Reglages.PushEntete, "X-Key: one");
+}
+
 TEST_F(BancSmtp, WhatCannotBeAPushIsRed) {
   Ouvre();
   const auto couleur = [this](const char* nom) { return Trouve(nom)->palette().color(QPalette::Text); };

@@ -106,6 +106,11 @@ TEST_F(Evolution, PortsAsEvolutionMeansThem) {
   }
 }
 
+TEST_F(Evolution, AServerThatWantsNoLoginHasNoUserWhateverNameIsLeft) {
+  EcritEnvoi("Method=none\n");
+  EXPECT_EQ(Montre(), QStringList{"*a@b.org|smtp.b.org||587"});
+}
+
 TEST_F(Evolution, TheFormOfKeyFiles) {
   EcritSource("identite",
               "\xef\xbb\xbf# said\r\n[Mail Identity]\r\nAddress = x@b.org \r\nAddress[fr]=non\r\nquoi\r\n=x\r\n"

@@ -3,6 +3,8 @@
 #include <QStringEncoder>
 
 #include "platform/accounts/account_home.h"
+#include "platform/accounts/foreign_file.h"
+#include "platform/accounts/thunderbird_accounts.h"
 
 namespace vaktor::essai {
 namespace {
@@ -81,6 +83,14 @@ TEST_F(Thunderbird, WithoutAPortTheOneOfTheEncryption) {
   }
 }
 
+TEST_F(Thunderbird, APortThatWasSetStaysWhateverTheEncryption) {
+  for (const char* ssl : {"0", "2", "3"}) {
+    EcritProfil(PrefsDUnCompte(QByteArray("user_pref(\"mail.smtpserver.s.port\", 2525);\n") +
+                               "user_pref(\"mail.smtpserver.s.try_ssl\", " + ssl + ");\n"));
+    EXPECT_EQ(Montre(), QStringList{"*a@b.org|smtp.b.org|moi|2525"}) << ssl;
+  }
+}
+
 TEST_F(Thunderbird, AServerThatWantsNoLoginHasNoUser) {
   EcritProfil(PrefsDUnCompte("user_pref(\"mail.smtpserver.s.authMethod\", 1);\n"));
   EXPECT_EQ(Montre(), QStringList{"*a@b.org|smtp.b.org||587"});
@@ -145,6 +155,17 @@ TEST_F(Profils, AllOfThemThoseOfInstallationsFirstThenTheDefault) {
   EXPECT_EQ(Adresses(), (QStringList{"*deux@b.org", "trois@b.org", "un@b.org"}));
   Ecrit(".thunderbird/profiles.ini", "[InstallAB12]\nDefault=parti\n" + liste);
   EXPECT_EQ(Adresses(), (QStringList{"*un@b.org", "deux@b.org", "trois@b.org"}));
+}
+
+// Each is read from its beginning, and all of them together may cost so many bytes only.
+TEST_F(Profils, OneThatSeveralLinesNameIsReadOnce) {
+  Ecrit(".thunderbird/profiles.ini",
+        "[InstallAB12]\nDefault=deux\n[InstallCD34]\nDefault=deux\n"
+        "[Profile0]\nPath=deux\nDefault=1\n[Profile1]\nPath=deux\n" +
+            Trois());
+  BudgetLecture budget{kListeProfilsMax};
+  EXPECT_EQ(TrouveProfils(Chemin(".thunderbird"), budget),
+            (QStringList{Chemin(".thunderbird/deux"), Chemin("ailleurs/trois")}));
 }
 
 TEST_F(Profils, AnEncodedListOfProfiles) {

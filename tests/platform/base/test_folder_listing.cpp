@@ -42,6 +42,13 @@ TEST_F(Listage, IsSortedByNameWithoutRegardToCase) {
   EXPECT_EQ(liste->join(u','), QStringLiteral("A.jpg,a.JPG,a.jpg.bak,b.jpg,C.JPG"));
 }
 
+TEST_F(Listage, EveryCapitalStandsWithItsSmallLetter) {
+  for (const char* nom : {"y.jpg", "AB.jpg", "Z.jpg", "aa.jpg", "\u00c9t\u00e9.jpg", "\u00e9ta.jpg"}) Pose(nom);
+  EXPECT_EQ(Lit(Chemin(), "*.jpg")->join(u','),
+            QString::fromUtf8("aa.jpg,AB.jpg,y.jpg,Z.jpg,\u00e9ta.jpg,\u00c9t\u00e9.jpg"));
+  EXPECT_EQ(Lit(Chemin(), "z*.jpg")->join(u','), QStringLiteral("Z.jpg"));
+}
+
 TEST_F(Listage, LinksCountAsWhatTheyLeadTo) {
   Pose("a.jpg");
   const QString vers = Dossier.filePath(QStringLiteral("a.jpg"));

@@ -74,6 +74,19 @@ TEST_F(ProgramFolders, SettingsLieInTheUsersConfigurationOrThePrivateFolder) {
   EXPECT_EQ(TrouveDossierReglages(QStringLiteral("/srv/essai")), QStringLiteral("/srv/essai"));
 }
 
+TEST_F(ProgramFolders, StateLiesWhereTheDesktopSaysElseInTheHomeElseInThePrivateFolder) {
+  const QByteArray avant = qgetenv("XDG_STATE_HOME");
+  qputenv("XDG_STATE_HOME", "/srv/state");
+  EXPECT_EQ(TrouveDossierEtat(), QStringLiteral("/srv/state/vaktor"));
+  const QString maison = QDir::homePath() + QStringLiteral("/.local/state/vaktor");
+  for (const char* aucun : {"", "state"}) {
+    qputenv("XDG_STATE_HOME", aucun);
+    EXPECT_EQ(TrouveDossierEtat(), maison) << aucun;
+  }
+  EXPECT_EQ(TrouveDossierEtat(QStringLiteral("/srv/essai/")), QStringLiteral("/srv/essai/etat"));
+  qputenv("XDG_STATE_HOME", avant);
+}
+
 TEST_F(ProgramFolders, TheFoldersForFilesInPassingAreMadeOnceAndKept) {
   const DossiersProgramme dossiers{Dossier.path(), Dossier.path() + QStringLiteral("/neuf/vaktor")};
   EXPECT_EQ(PrepareDossiers(dossiers), QString());

@@ -16,6 +16,7 @@
 #include "support/event_wait.h"
 #include "support/failing_folder.h"
 #include "support/small_disk.h"
+#include "support/volatile_disk.h"
 
 namespace vaktor {
 namespace {
@@ -65,6 +66,17 @@ TEST_F(AccesDossiers, TrialLeavesNothingBehind) {
 TEST_F(AccesDossiers, FileSystemWithoutNamelessFilesIsTriedWithAName) {
   // /proc refuses nameless files, and then named ones.
   EXPECT_EQ(Arbre.EssaieEcriture(QStringLiteral("/proc")), EtatDossier::kAbsent);
+}
+
+TEST_F(AccesDossiers, FileWithANameThatWasTriedIsTakenAwayAgain) {
+  const PetitDisque petit(kMega);
+  if (!petit.EstMonte()) GTEST_SKIP() << petit.Raison();
+  const QString dossier = petit.Chemin() + QStringLiteral("/carte");
+  ASSERT_TRUE(QDir().mkdir(dossier));
+  const DisqueVolatil carte(dossier);  // knows no files without a name
+  if (!carte.EstMonte()) GTEST_SKIP() << carte.Raison();
+  EXPECT_EQ(EssaieUneEcriture(QFile::encodeName(dossier)), EtatDossier::kBon);
+  EXPECT_TRUE(Restes(dossier).isEmpty());
 }
 
 TEST_F(AccesDossiers, ForbiddenFolderIsToldFromAnAbsentOne) {
@@ -128,6 +140,8 @@ TEST_F(AccesDossiers, LinksToFoldersComeAfterTheFolders) {
   ASSERT_TRUE(QFile::link(Chemin("/vrai"), Chemin("/lien")));
   ASSERT_TRUE(QFile::link(Chemin(), Chemin("/boucle")));
   ASSERT_TRUE(QFile::link(Chemin("/gone"), Chemin("/mort")));
+  ASSERT_EQ(FichiersSysteme().EcritFichier(Chemin("/photo.jpg"), "x"), 0);
+  ASSERT_TRUE(QFile::link(Chemin("/photo.jpg"), Chemin("/image")));
   EXPECT_EQ(Lit(Chemin()),
             (QList<QStringList>{{QStringLiteral("vrai")},
                                 {QStringLiteral("boucle"), QStringLiteral("lien"), QStringLiteral("vrai")}}));

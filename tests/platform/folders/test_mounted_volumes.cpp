@@ -43,6 +43,15 @@ TEST(VolumesMontes, DisksAndNetworkComeByNameAndTheSystemsOwnAreLeftOut) {
                                          QStringLiteral("nas @ /mnt/nas"), QStringLiteral("partage @ /mnt/partage")}));
 }
 
+TEST(VolumesMontes, ImagesAreLeftOutAndPlacesThatAreCalledMuchLikeTheSystemsAreNot) {
+  EXPECT_TRUE(Volumes("40 27 7:1 / /mnt/image rw - ext4 /dev/loop1 rw\n"
+                      "41 27 7:2 / /mnt/disque rw - iso9660 /dev/loop2 rw\n")
+                  .isEmpty());
+  EXPECT_EQ(Volumes("42 27 8:1 / /optique rw - ext4 /dev/sda1 rw\n"
+                    "43 27 8:2 / /opt/vaktor rw - ext4 /dev/sda2 rw\n"),
+            QStringList{QStringLiteral("optique @ /optique")});
+}
+
 TEST(VolumesMontes, BindMountsAreNoVolumesButSubvolumesAre) {
   EXPECT_TRUE(Volumes("40 27 8:1 /var/lib/x /srv/x rw - ext4 /dev/sda1 rw\n"
                       "41 27 8:1 /etc/hosts /etc/hosts rw - ext4 /dev/sda1 rw\n")
