@@ -122,6 +122,9 @@ void CommandeCamera::Arrete() {
   Ports_.Sante.Leve(Condition::kSignalPerdu);
   Ports_.Sante.Leve(Condition::kDetectionArretee);
   Ports_.Sante.Leve(Condition::kAutreCamera);
+  Etat_.Figee.Oublie();
+  Ports_.Sante.Leve(Condition::kImageFigee);
+  Ports_.Sante.Leve(Condition::kImageNoire);
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRouge);
   Ports_.Affichage.MontreLampeAlarme(Lampe::kRouge);
   if (Ports_.SurArretCamera) Ports_.SurArretCamera();

@@ -6,6 +6,7 @@
 
 #include "engine/detection_state.h"
 #include "engine/frame_surface.h"
+#include "engine/frozen_picture.h"
 #include "engine/ports/timers.h"
 
 namespace vaktor {
@@ -15,6 +16,7 @@ struct EtatSurveillance {
   EtatCamera Camera;
   EtatAlarme Alarme;
   SurfaceImage Surface;
+  ImageFigee Figee;  ///< written by the tick, forgotten with the camera
 };
 
 /// Timer2 after a start of the camera: the tolerance stays still that long.

@@ -54,6 +54,30 @@ void TicSurveillance::TraiteNouvelleImage() {
   const bool comparee = Etat_.Detection.Comparees != avant && !Etat_.Detection.SansEchantillon;
   CompteComparaison(rangee || comparee);
   ++Traitees_;
+  SuitFigee();
+}
+
+// Also of a frame that was not compared, or whose photo failed: what it looks like is another matter.
+void TicSurveillance::SuitFigee() {
+  const auto maintenant = static_cast<quint32>(Ports_.Temps.CompteTics());
+  if (Etat_.Detection.NbrPoints > 0) {
+    Etat_.Figee.Oublie();
+  } else if (Etat_.Figee.RegardDu(maintenant)) {
+    const ZoneDetection& zone = Etat_.Detection.Zone;
+    const PhaseEchantillons phase{.X = PhaseDe(zone.Gauche), .Y = PhaseDe(zone.Haut)};
+    const TrameBrute trame = Etat_.Surface.Trame().Echantillons(phase);
+    // Null without a frame, or without the memory for its pixels: nothing is known of it.
+    if (trame.Bits != nullptr) Etat_.Figee.Regarde(PrendEmpreinte(trame, phase), maintenant);
+  }
+  DitFigee();
+}
+
+void TicSurveillance::DitFigee() {
+  const auto dit = [this](Condition quoi, ImageFigee::Etat etat) {
+    Etat_.Figee.Dit() == etat ? Ports_.Sante.Signale(quoi) : Ports_.Sante.Leve(quoi);
+  };
+  dit(Condition::kImageFigee, ImageFigee::Etat::kFigee);
+  dit(Condition::kImageNoire, ImageFigee::Etat::kNoire);
 }
 
 // A frame that waits just now is taken in a moment, as a rule: only one that waited 15 s ago as well, with none
@@ -96,6 +120,11 @@ void TicSurveillance::DitEtat() {
                          serie ? DitSerie(LangueParlee(Ports_.Reglages.LangueCourante)) : Ports_.Pilote.Explication());
   } else {
     Ports_.Sante.Leve(Condition::kSignalPerdu);
+  }
+  // A camera that gives nothing stands still too, which is told as what it is.
+  if (perdu) {
+    Etat_.Figee.Oublie();
+    DitFigee();
   }
   // Without the comparison no alarm can come, whatever the camera does: that is the worse news of the two.
   Ports_.Affichage.MontreAvis(arretee ? AvisMoniteur::kDetectionArretee

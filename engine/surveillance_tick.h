@@ -39,6 +39,8 @@ class TicSurveillance {
   void CompteComparaison(bool vue);
   bool EstArretee() const;
   void DitEtat();
+  void SuitFigee();
+  void DitFigee();
   void MontreZoom();
   void ReposeCadre();
 

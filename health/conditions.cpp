@@ -195,6 +195,51 @@ constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
       "serveur les prendra.",
       "Check the connection to the internet, and try the push (page eMail, button More). The pushes leave as soon as "
       "the server takes them."}},
+    {Condition::kImageFigee,
+     Gravite::kAveugle,
+     kAusitot,
+     "picture-frozen",
+     {"L'image de la caméra n'a pas changé d'un seul point depuis plus de cinq minutes",
+      "The camera's picture has not changed by a single pixel for more than five minutes"},
+     {"La caméra est peut-être figée : arrêtez-la et remettez-la en marche, débranchez-la et rebranchez-la, ou coupez "
+      "son courant un instant. Si elle montre une image fixe ou un écran, c'est normal. Ceci finit de soi-même dès que "
+      "l'image change.",
+      "The camera may be frozen: switch it off and on again, unplug it and plug it in, or cut its power for a moment. "
+      "If it shows a still picture or a screen this is as it should be. It ends by itself as soon as the picture "
+      "changes."}},
+    // A room without light is no fault, and nobody is to be woken by a mail each night: a sign, and no more.
+    {Condition::kImageNoire,
+     Gravite::kAvis,
+     kAusitot,
+     "picture-black",
+     {"L'image est noire, et n'a pas changé d'un seul point depuis plus de cinq minutes",
+      "The picture is black and has not changed by a single pixel for more than five minutes"},
+     {"Vérifiez que l'objectif n'est pas couvert. S'il fait nuit, la caméra ne voit que ce qui apporte de la lumière : "
+      "laissez une lampe allumée.",
+      "See that the lens is not covered. If it is night, the camera sees only what brings light with it: leave a lamp "
+      "on."}},
+    {Condition::kPageCoupee,
+     Gravite::kBoiteuse,
+     kAusitot,
+     "page-off",
+     {"La page en direct marchait, et une erreur l'a arrêtée", "The live page ran, and an error has switched it off"},
+     {"Corrigez ce qui est écrit en rouge sur la page FTP et essayez (bouton Essayer), puis cliquez sur Surveillance.",
+      "Correct what is written in red on the page FTP and try it (button Try), then click on Live Cam."}},
+    {Condition::kReglagesAbimes,
+     Gravite::kBoiteuse,
+     kAusitot,
+     "settings-damaged",
+     {"Le fichier des réglages était abîmé : ce qui en manque a repris sa valeur de départ",
+      "The file of the settings was damaged: what is missing of it has gone back to its start value"},
+     {"Regardez les réglages et remettez-les comme ils étaient.", "Look at the settings and set them as they were."}},
+    {Condition::kDossierRemplace,
+     Gravite::kAvis,
+     kAusitot,
+     "photo-folder-replaced",
+     {"Le dossier des photos n'existait plus au démarrage : un autre l'a remplacé",
+      "The photo folder was not there at the start: another one has taken its place"},
+     {"Pour y revenir, branchez le disque où il se trouve, puis choisissez ce dossier dans la galerie.",
+      "To go back to it, connect the disk where it lies, then choose that folder in the gallery."}},
 }};
 
 constexpr bool EstDansLOrdre() {
@@ -212,7 +257,9 @@ Gravite DonneGravite(Condition quoi) { return DonneLigne(quoi).Niveau; }
 
 qint32 DonneDuree(Condition quoi) { return DonneLigne(quoi).DureeMs; }
 
-bool EstEvenement(Condition quoi) { return quoi == Condition::kInterruption; }
+bool EstEvenement(Condition quoi) {
+  return quoi == Condition::kInterruption || quoi == Condition::kReglagesAbimes || quoi == Condition::kDossierRemplace;
+}
 
 QString MotCondition(Condition quoi) { return QString::fromLatin1(DonneLigne(quoi).Mot); }
 

@@ -23,13 +23,18 @@ enum class Condition {
   kCourrielsEnAttente,  ///< mails wait longer than five minutes; the detail is the server's word (companions)
   kPageAncienne,        ///< the live page is older than three of its intervals and 30 s (companions)
   kEnvoisInconnus,      ///< a companion gives no news of its work; the detail is its name (companions)
-  kVeillePossible,  ///< the machine may go to sleep while the camera runs: the request not to was refused (platform)
-  kInterruption,    ///< the machine slept, or the clock jumped: the detail is the gap (platform)
-  kCameraAttendue,  ///< a start that nobody watches waits for its camera; the detail is why there is none (engine)
-  kAutreCamera,     ///< the camera at work is not the one that was chosen; the detail is its name (engine)
-  kPushEnAttente,   ///< pushes wait longer than five minutes; the detail is the server's word (companions)
+  kVeillePossible,   ///< the machine may go to sleep while the camera runs: the request not to was refused (platform)
+  kInterruption,     ///< the machine slept, or the clock jumped: the detail is the gap (platform)
+  kCameraAttendue,   ///< a start that nobody watches waits for its camera; the detail is why there is none (engine)
+  kAutreCamera,      ///< the camera at work is not the one that was chosen; the detail is its name (engine)
+  kPushEnAttente,    ///< pushes wait longer than five minutes; the detail is the server's word (companions)
+  kImageFigee,       ///< frame upon frame is the same to the last bit (engine)
+  kImageNoire,       ///< the same, and black: it may only be dark (engine)
+  kPageCoupee,       ///< the live page ran, and an error switched it off; the detail is which (companions)
+  kReglagesAbimes,   ///< the settings file was damaged: the detail is what of it, and where it is kept (settings)
+  kDossierRemplace,  ///< the photo folder was not there at the start and is another now: the detail is both (settings)
 };
-inline constexpr int kNombreConditions = 19;
+inline constexpr int kNombreConditions = 24;
 
 /// User-interface thread. Both calls are cheap and may be repeated at each frame.
 class RapportSante {

@@ -239,6 +239,7 @@ TEST_F(CameraInstable, AHealthyOneNeverIs) {
     Pilote.ParArrivee = false;
     DemarreSurNoir();
     Pilote.ParArrivee = true;
+    Pilote.Suivante = [this] { return Unie(Horloge.Millisecondes / 1000 % 2 == 0 ? 0 : 1); };  // its sensor is alive
     for (int t = 0; t < 600'000; t += 1000 / parSeconde) {
       Pilote.Arrive();
       Temps.Avance(1000 / parSeconde);

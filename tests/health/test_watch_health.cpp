@@ -238,11 +238,11 @@ TEST(Conditions, LastAsLongAsTheyMayMendThemselvesBeforeTheyAreTold) {
     EXPECT_EQ(DonneDuree(perte), 0);
 }
 
-TEST(Conditions, OnlyALostOrAwaitedCameraAndAStoppedDetectionMakeBlind) {
+TEST(Conditions, OnlyALostAwaitedOrFrozenCameraAndAStoppedDetectionMakeBlind) {
   for (int i = 0; i < kNombreConditions; ++i) {
     const auto quoi = static_cast<Condition>(i);
-    const bool aveugle =
-        quoi == Condition::kSignalPerdu || quoi == Condition::kDetectionArretee || quoi == Condition::kCameraAttendue;
+    const bool aveugle = quoi == Condition::kSignalPerdu || quoi == Condition::kDetectionArretee ||
+                         quoi == Condition::kCameraAttendue || quoi == Condition::kImageFigee;
     EXPECT_EQ(DonneGravite(quoi) == Gravite::kAveugle, aveugle) << i;
   }
 }
