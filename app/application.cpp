@@ -53,7 +53,8 @@ ChampsSite Vaktor::LitChampsSite() const {
 void Vaktor::CreeMoteur() {
   SigneDeVie_ = std::make_unique<SigneDeVie>(
       PortsSigneDeVie{Systeme_.Courriels, *Modules_, Reglages_, Systeme_.Temps, Minuteries_, Systeme_.Disque,
-                      [this] { return Moteur_->Alarme().AlarmeArmee; }, [this] { return Moteur_->Surface().Image(); }});
+                      [this] { return Moteur_->Alarme().AlarmeArmee; }, [this] { return Moteur_->Surface().Image(); },
+                      [this] { return Sante_.Comptees(); }});
   Annonce_ = std::make_unique<AnnonceIntrusion>(
       PortsAnnonceIntrusion{Systeme_.Temps, Minuteries_, Systeme_.Personnel, [this] { SigneDeVie_->NoteAlarme(); }});
   Actions_ = std::make_unique<ActionsAlarmeReelles>(

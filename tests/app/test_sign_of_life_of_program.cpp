@@ -23,6 +23,18 @@ TEST_F(SigneDuProgramme, TellsOfTheIntrusionAndItsPhotosAndGoesToTheCompanion) {
   EXPECT_TRUE(Systeme.DepuisVide().contains(QStringLiteral("channel: post 68 to 72")));
 }
 
+TEST_F(SigneDuProgramme, SaysWhatTheListOfTheSignHolds) {
+  Systeme.Valeurs.insert(QStringLiteral("MAIL/signedevie"), QStringLiteral("9"));
+  ArmeEtBouge();
+  Programme->Sante().Signale(Condition::kImageFigee);
+  Systeme.Temps.Avance(1000);
+  Programme->Sante().Signale(Condition::kImageFigee);
+  Systeme.Temps.Avance(SigneDeVie::kRegardMs);
+  ASSERT_EQ(Systeme.Courriels.Deposes.size(), 1);
+  const QString texte = Systeme.Courriels.Deposes[0].Courriel.Texte.Dit(Langue::kAnglais);
+  EXPECT_TRUE(texte.startsWith("Something is wrong.")) << texte.toStdString();
+}
+
 TEST_F(SigneDuProgramme, WithoutAnHourThereIsNone) {
   ArmeEtBouge();
   Systeme.Temps.Avance(SigneDeVie::kRegardMs);

@@ -2,6 +2,8 @@
 // The daily sign of life in virtual time; the clock stands at 9:05:03 at the start.
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "fakes/fake_files.h"
 #include "fakes/fake_mail_drop.h"
 #include "fakes/virtual_clock.h"
@@ -33,8 +35,15 @@ class Signe : public testing::Test, public CommandesModules {
   Parametres Reglages;
   bool Armee = true;
   QImage Image;
+  QList<ConditionEnCours> Conditions;
+  bool SansMemoire = false;
   int Commandes = 0;
-  SigneDeVie Rule{{Depot, *this, Reglages, Horloge, Temps, Disque, [this] { return Armee; }, [this] { return Image; }}};
+  SigneDeVie Rule{{Depot, *this, Reglages, Horloge, Temps, Disque, [this] { return Armee; },
+                   [this] {
+                     if (SansMemoire) throw std::bad_alloc();
+                     return Image;
+                   },
+                   [this] { return Conditions; }}};
 };
 
 TEST_F(Signe, ComesOnceADayInItsHour) {
@@ -73,6 +82,120 @@ TEST_F(Signe, TellsSinceWhenHowOftenAndHowMuchIsFree) {
   ASSERT_EQ(Depot.Deposes.size(), 2);
   EXPECT_TRUE(Texte(1).contains("sign of life: 1\nPhotos: 0\nFree space for photos: not known\nLast picture: none\n"))
       << Texte(1).toStdString();
+}
+
+const QDateTime kMidi(QDate(2020, 1, 2), QTime(11, 59, 0));
+
+// A watch that sees nothing is not said to watch, nor shown with what it saw before.
+TEST_F(Signe, OfABlindWatchItSaysWhatIsWrongAndShowsNoPicture) {
+  Image = QImage(4, 4, QImage::Format_RGB32);
+  Conditions = {{Condition::kSignalPerdu, kMidi, QStringLiteral("no route")}, {Condition::kPeuDePlace, kMidi, {}}};
+  Temps.Avance(3 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  const CourrielVeille& courriel = Depot.Deposes[0].Courriel;
+  EXPECT_EQ(courriel.Sujet.Dit(Langue::kAnglais), "Vaktor: sign of life, but something is wrong");
+  EXPECT_EQ(courriel.Sujet.Dit(Langue::kFrancais), "Vaktor : signe de vie, mais quelque chose ne va pas");
+  EXPECT_TRUE(Depot.Deposes[0].Image.isNull());
+  EXPECT_TRUE(
+      Texte().startsWith("Something is wrong. The alarm is armed since: 2 January 2020, 09:05:13\n"
+                         "- The camera gives no new pictures (no route).\n"
+                         "  Since: 2 January 2020, 11:59:00\n"
+                         "- There are less than 500 MB left where the photos go.\n"))
+      << Texte().toStdString();
+  EXPECT_TRUE(Texte().endsWith("Last picture: none, Vaktor sees nothing\n")) << Texte().toStdString();
+  for (const Langue langue : kLangues) {
+    const QString texte = courriel.Texte.Dit(langue);
+    EXPECT_FALSE(texte.contains("veille depuis") || texte.contains("watches since")) << texte.toStdString();
+  }
+}
+
+TEST_F(Signe, OfALameWatchItSaysSoAndShowsWhatItSees) {
+  Image = QImage(4, 4, QImage::Format_RGB32);
+  Conditions = {{Condition::kPhotosImpossibles, kMidi, {}}};
+  Temps.Avance(3 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  EXPECT_TRUE(Texte().startsWith("Something is wrong.")) << Texte().toStdString();
+  EXPECT_TRUE(Texte().endsWith("Last picture: attached\n")) << Texte().toStdString();
+  EXPECT_FALSE(Depot.Deposes[0].Image.isNull());
+}
+
+TEST_F(Signe, ANoticeStandsInAMailThatSaysThatItWatches) {
+  Conditions = {{Condition::kPeuDePlace, kMidi, {}}};
+  Temps.Avance(3 * kHeure);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  EXPECT_EQ(Depot.Deposes[0].Courriel.Sujet.Dit(Langue::kAnglais), "Vaktor: sign of life");
+  EXPECT_TRUE(Texte().startsWith("Vaktor watches since: ")) << Texte().toStdString();
+  EXPECT_TRUE(Texte().contains("- There are less than 500 MB left")) << Texte().toStdString();
+}
+
+TEST_F(Signe, AnHourThatIsPassedOverIsMadeUpFor) {
+  Horloge.Debut = QTime(1, 59, 49);
+  Reglages.HeureSigneDeVie = 2;
+  Temps.Avance(SigneDeVie::kRegardMs);
+  ASSERT_EQ(Horloge.DonneHeure(), QTime(1, 59, 59));
+  Horloge.Debut = Horloge.Debut.addSecs(3600);  // summer time: three o'clock follows
+  Temps.Avance(SigneDeVie::kRegardMs);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  Depot.Repond(false);
+  Temps.Avance(SigneDeVie::kRegardMs);
+  ASSERT_EQ(Depot.Deposes.size(), 2) << "tried again like any other";
+  Depot.Repond(true);
+  Temps.Avance(3 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 2);
+}
+
+TEST_F(Signe, AMachineThatSleptThroughTheHourMakesUpForItAlsoOnAnotherDay) {
+  Temps.Avance(kMinute);
+  Horloge.Date = QDate(2020, 1, 7);  // still five past nine
+  Temps.Avance(SigneDeVie::kRegardMs);
+  EXPECT_EQ(Depot.Deposes.size(), 0) << "twelve o'clock is still to come";
+  Horloge.Debut = QTime(15, 5, 3);
+  Temps.Avance(SigneDeVie::kRegardMs);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  Depot.Repond(true);
+  Horloge.Date = QDate(2020, 1, 9);
+  Temps.Avance(SigneDeVie::kRegardMs);
+  EXPECT_EQ(Depot.Deposes.size(), 2);
+}
+
+// Half an hour before midnight the hour that was passed over reaches into a day that has its own.
+TEST_F(Signe, WhatIsMadeUpForIsOfItsDayAlone) {
+  Temps.Avance(kMinute);
+  Horloge.Debut = QTime(23, 30, 0);
+  Temps.Avance(SigneDeVie::kRegardMs);
+  ASSERT_EQ(Depot.Deposes.size(), 1);
+  Depot.Repond(true);
+  Temps.Avance(kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 1);
+  Temps.Avance(12 * kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 2);
+}
+
+TEST_F(Signe, AnHourThatPassedWhileNobodyHadArmedIsNotMadeUpForHoursLater) {
+  Armee = false;
+  Temps.Avance(kMinute);
+  Horloge.Debut = QTime(15, 0, 0);
+  Temps.Avance(2 * kHeure);
+  Armee = true;
+  Temps.Avance(kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 0);
+}
+
+TEST_F(Signe, AnHourThatIsChosenWhenItIsOverIsThatOfTomorrow) {
+  Reglages.HeureSigneDeVie = -1;
+  Temps.Avance(6 * kHeure);
+  Reglages.HeureSigneDeVie = 12;
+  Temps.Avance(kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 0);
+}
+
+TEST_F(Signe, OneThatFindsNoMemoryIsTriedAgain) {
+  Temps.Avance(2 * kHeure + 54 * kMinute);
+  SansMemoire = true;
+  EXPECT_THROW(Temps.Avance(kMinute), std::bad_alloc);
+  SansMemoire = false;
+  Temps.Avance(SigneDeVie::kRegardMs);
+  EXPECT_EQ(Depot.Deposes.size(), 1);
 }
 
 TEST_F(Signe, NobodyIsToldOfAWatchThatIsNotArmedOrWithoutMailsOrWithoutAnHour) {
