@@ -130,9 +130,8 @@ int Coupe(const QByteArray& chemin, const JournalOuvert& ouvert, qsizetype garde
 int EcritLigneDisque(const QByteArray& chemin, const QByteArray& ligne, qsizetype octetsMax, qsizetype gardes) {
   JournalOuvert ouvert = OuvreVerrouille(chemin);
   if (ouvert.Erreur != 0) return ouvert.Erreur;
-  if (ouvert.Etat.st_size > octetsMax) {
-    const int erreur = Coupe(chemin, ouvert, gardes);
-    if (erreur != 0) return erreur;
+  const int coupe = ouvert.Etat.st_size > octetsMax ? Coupe(chemin, ouvert, gardes) : 0;
+  if (ouvert.Etat.st_size > octetsMax && coupe == 0) {
     ouvert = OuvreVerrouille(chemin);
     if (ouvert.Erreur != 0) return ouvert.Erreur;
   }
@@ -140,7 +139,8 @@ int EcritLigneDisque(const QByteArray& chemin, const QByteArray& ligne, qsizetyp
   const bool dechiree = taille > 0 && LitDepuis(ouvert.Fichier.Numero(), taille - 1, taille) != "\n";
   const int erreur = EcritTout(ouvert.Fichier.Numero(), (dechiree ? "\n" : "") + ligne + '\n');
   if (erreur != 0) return erreur;
-  return ::fdatasync(ouvert.Fichier.Numero()) == 0 ? 0 : errno;
+  // The line is written all the same: a folder that takes no file beside must not cost what happens from now on.
+  return ::fdatasync(ouvert.Fichier.Numero()) == 0 ? coupe : errno;
 }
 
 int EcritArdoiseDisque(const QByteArray& chemin, const QByteArray& ardoise) {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -164,6 +165,35 @@ TEST_F(SystemFiles, AFullDiskIsToldAndThePartlyWrittenFileStays) {
   EXPECT_EQ(Disque.EcritFichier(petit.Chemin() + QStringLiteral("/a"), "x"), ENOSPC);
   EXPECT_TRUE(Disque.Supprime(gros));
   EXPECT_EQ(Disque.EcritFichier(petit.Chemin() + QStringLiteral("/a"), "x"), 0) << "room again";
+}
+
+/// While it lives no file of this process grows beyond so many bytes.
+class FichiersCourts {
+ public:
+  explicit FichiersCourts(rlim_t octets) {
+    ::getrlimit(RLIMIT_FSIZE, &Avant_);
+    const rlimit peu{octets, Avant_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &peu);
+  }
+  ~FichiersCourts() { ::setrlimit(RLIMIT_FSIZE, &Avant_); }
+  FichiersCourts(const FichiersCourts&) = delete;
+  FichiersCourts& operator=(const FichiersCourts&) = delete;
+
+ private:
+  rlimit Avant_ = {};
+};
+
+TEST_F(SystemFiles, ANewFileThatCannotBeWrittenWholeIsNotThere) {
+  std::signal(SIGXFSZ, SIG_IGN);
+  Pose(QStringLiteral("/a.jpg"), "of another run");
+  {
+    const FichiersCourts courts(100);
+    EXPECT_EQ(Disque.EcritNouveauFichier(Chemin(QStringLiteral("/a.jpg")), QByteArray(500, 'x')), EFBIG);
+    EXPECT_EQ(Disque.EcritNouveauFichier(Chemin(QStringLiteral("/b.jpg")), QByteArray(500, 'x')), EFBIG);
+  }
+  EXPECT_EQ(QDir(Dossier.path()).entryList(QDir::Files), QStringList(QStringLiteral("a.jpg")))
+      << "neither a piece of a photo nor its name";
+  EXPECT_EQ(Lit(Chemin(QStringLiteral("/a.jpg"))), "of another run");
 }
 
 TEST_F(SystemFiles, AReadOnlyDiskRefuses) {

@@ -12,6 +12,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
+#include <QTest>
 #include <cerrno>
 #include <csignal>
 
@@ -144,6 +145,17 @@ TEST_F(JournalFile, TheOldestDaysGoWhenItGrowsTooLarge) {
   EXPECT_EQ(lu.Entrees.first().Quand.time(), QTime(0, 0)) << "a day goes whole";
   EXPECT_EQ(lu.Entrees.last().Quand.date(), QDate(2026, 11, 20));
   EXPECT_FALSE(QFile::exists(Chemin() + QStringLiteral(".new")));
+}
+
+TEST_F(JournalFile, OneThatCannotBeCutGoesOnGrowingAndSaysSo) {
+  ASSERT_TRUE(QDir(Dossier.path()).mkdir(QStringLiteral("journal.jsonl.new")));
+  Pose(QByteArray(600, 'x') + '\n');
+  FichierJournalSysteme fichier(Chemin(), 500, 300);
+  fichier.Ajoute("first");
+  fichier.Ajoute("second");
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Contenu().endsWith("\nsecond\n"); }, 20'000)) << Contenu().toStdString();
+  EXPECT_TRUE(Contenu().endsWith("x\nfirst\nsecond\n")) << Contenu().toStdString();
+  EXPECT_TRUE(QTest::qWaitFor([&] { return fichier.Erreur() == EEXIST; }, 20'000)) << fichier.Erreur();
 }
 
 TEST_F(JournalFile, TwoProgramsMayWriteOneFileAndCutIt) {
