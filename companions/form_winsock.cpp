@@ -91,6 +91,7 @@ void FormWinsock::ChangeTxtCmdFTP(const QString& texte) {
   if (ligne->Litteral) Ports_.Liaison.MontreStatutLitteral(*ligne->Litteral);
   if (ligne->Led) Ports_.Affichage.MontreLampeSurveillance(*ligne->Led);
   for (const ChampLiaison champ : ligne->Rouges) Ports_.Liaison.RougitChamp(champ);
+  NoteCoupure(*ligne);
   AgitSelon(ligne->Suite);
 }
 
@@ -102,6 +103,14 @@ bool FormWinsock::Attend(const LigneMot& ligne) {
   Ports_.Affichage.MontreLampeSurveillance(Lampe::kRougeAllumee);
   TimerFTPreconnect_->Active();
   return true;
+}
+
+// Whoever has just clicked sees the status line. A page that ran goes off while nobody looks, and being off it would
+// not even be an old one any more.
+void FormWinsock::NoteCoupure(const LigneMot& ligne) {
+  const EtatLiaison& etat = Ports_.Etat;
+  const bool marchait = etat.LiveActif || etat.PageInterrompue || etat.PageAttendue;
+  if (ligne.Suite == SuiteMot::kFin && marchait) Ports_.Etat.PageCoupee = ligne.Statut;
 }
 
 void FormWinsock::AgitSelon(SuiteMot suite) {

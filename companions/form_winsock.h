@@ -62,6 +62,7 @@ class FormWinsock {
   void EcritPoignee(Compagnon compagnon);
   bool PrendPoignee(Compagnon compagnon, const QString& texte, qint32& poignee);
   bool Attend(const LigneMot& ligne);
+  void NoteCoupure(const LigneMot& ligne);
   void AgitSelon(SuiteMot suite);
   void TicReconnexion();
 

@@ -4,6 +4,9 @@
 #pragma once
 
 #include <QtGlobal>
+#include <optional>
+
+#include "texts/text_names.h"
 
 namespace vaktor {
 
@@ -14,7 +17,9 @@ struct EtatLiaison {
   bool PageInterrompue = false;  ///< frames flowed when the FTP companion went, and will flow again. Never true while
                                  ///< SurveillanceEnCours is false
   bool PageAttendue = false;     ///< a page was asked for, and no answer has come
-  bool FtpModulePret = false;    ///< set by "*OKO*", read by nobody; kept because the word says so
+  std::optional<Libelle> PageCoupee =
+      {};                      ///< the page ran, and this error has switched it off; until the switch is used
+  bool FtpModulePret = false;  ///< set by "*OKO*", read by nobody; kept because the word says so
 
   /// The link is as it is without a connection to the site: the switch stays.
   void CoupeFrames() { LiveActif = PageInterrompue = PageAttendue = false; }

@@ -16,6 +16,7 @@ constexpr qsizetype kLongueurHeure = 8;
 void PublicationLive::OublieLive() {
   Panne_.Oublie();
   Ports_.Etat.SurveillanceEnCours = false;
+  Ports_.Etat.PageCoupee.reset();
   Ports_.Etat.CoupeFrames();
 }
 
@@ -53,6 +54,7 @@ void PublicationLive::Deconnecte() {
 
 void PublicationLive::Allume() {
   Ports_.Etat.SurveillanceEnCours = true;
+  Ports_.Etat.PageCoupee.reset();
   if (ParametresManquent()) {
     if (Ports_.Liaison.DemandeParametresSite()) Ports_.Liaison.MontrePageFtp();
     OublieLive();

@@ -8,6 +8,7 @@
 
 #include "base/failure.h"
 #include "engine/ports/moment.h"
+#include "texts/text_tables.h"
 
 namespace vaktor {
 
@@ -40,6 +41,7 @@ void SuiviEnvois::Regarde() {
   JugeCourriels();
   JugePush();
   JugePage();
+  JugeCoupure();
   JugeNouvelles();
   if (Ports_.Reglages.MailActif || LiveDepuis_)
     Ports_.Lecteur.LitEtats([this](const EtatsCompagnons& etats) { Recoit(etats); });
@@ -153,6 +155,13 @@ void SuiviEnvois::JugePage() {
     Ports_.Sante.Signale(Condition::kPageAncienne, MotsFtp_);
   else
     Ports_.Sante.Leve(Condition::kPageAncienne);
+}
+
+void SuiviEnvois::JugeCoupure() {
+  if (!Ports_.Liaison.PageCoupee) return Ports_.Sante.Leve(Condition::kPageCoupee);
+  TablesTextes textes;
+  textes.Remplit(LangueParlee(Ports_.Reglages.LangueCourante));
+  Ports_.Sante.Signale(Condition::kPageCoupee, textes.Dit(*Ports_.Liaison.PageCoupee));
 }
 
 qint64 SuiviEnvois::DonneAgeMax() {

@@ -36,7 +36,8 @@ struct PortsEnvois {
 /// the counter and from the first reading of that text on, so that a clock that is set makes nothing young again. A
 /// file is news only when the companion that is registered now has written it, and not the same text of life again; of
 /// one that gives no news for kSansNouvelles nobody knows whether its mails and images arrive, which is a condition of
-/// its own. Nothing stands while mails, or the live page, are switched off.
+/// its own. Nothing stands while mails, or the live page, are switched off, but that an error has switched off a page
+/// that ran, until somebody uses the switch.
 /// Owner: app/. User-interface thread.
 class SuiviEnvois {
  public:
@@ -66,6 +67,7 @@ class SuiviEnvois {
   void JugeCourriels();
   void JugePush();
   void JugePage();
+  void JugeCoupure();
   void JugeNouvelles();
   /// News of one of them, which is being waited for or not.
   struct Nouvelles {

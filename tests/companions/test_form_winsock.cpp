@@ -158,6 +158,36 @@ TEST_F(Winsock, AnErrorWordEndsALinkThatWasLive) {
   EXPECT_FALSE(Etat.LiveActif);
 }
 
+// Off, it would not even be an old page any more, and nobody looks at the status line.
+TEST_F(Winsock, AnErrorThatEndsAPageThatRanIsKept) {
+  const QList<QPair<QString, Libelle>> mots = {{"LogEr", Libelle::kAccesIncorrect},
+                                               {"RepER", Libelle::kRepertoireInexistant},
+                                               {"Upnot", Libelle::kInfosManquent},
+                                               {"ErrCo", Libelle::kEchecFtp}};
+  for (const auto& [mot, libelle] : mots) {
+    for (bool EtatLiaison::*marche :
+         {&EtatLiaison::LiveActif, &EtatLiaison::PageInterrompue, &EtatLiaison::PageAttendue}) {
+      if (mot == QStringLiteral("ErrCo") && marche == &EtatLiaison::PageInterrompue) continue;  // that is waited out
+      Etat = {.SurveillanceEnCours = true};
+      Etat.*marche = true;
+      Form->ChangeTxtCmdFTP(mot);
+      EXPECT_EQ(Etat.PageCoupee, libelle) << mot.toStdString();
+    }
+  }
+}
+
+TEST_F(Winsock, NoPageIsCutThatNeverRanOrThatNoErrorEnds) {
+  for (const char* mot : {"LogEr", "RepER", "Upnot", "ErrCo", "SerER"}) {
+    Recoit(mot);
+    EXPECT_FALSE(Etat.PageCoupee) << mot << ": whoever clicked sees the status line";
+  }
+  for (const char* mot : {"Netdc", "Decon", "Surve", "UplOK", "ConOK"}) {
+    Etat = {.SurveillanceEnCours = true, .LiveActif = true};
+    Form->ChangeTxtCmdFTP(mot);
+    EXPECT_FALSE(Etat.PageCoupee) << mot;
+  }
+}
+
 TEST_F(Winsock, ReadyWithoutStartArgumentsOnlySetsItsFlag) {
   EXPECT_FALSE(Etat.FtpModulePret);
   EXPECT_EQ(Recoit("*OKO*"), "relance");  // whether an argument was given is the engine's to know

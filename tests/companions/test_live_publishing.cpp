@@ -69,6 +69,15 @@ TEST_F(Live, TurningOnConnects) {
   EXPECT_FALSE(Regles.LiveActif());
 }
 
+TEST_F(Live, EachUseOfTheSwitchTakesBackThatAnErrorHadSwitchedIt) {
+  for (void (PublicationLive::*operation)() : {&PublicationLive::Allume, &PublicationLive::AllumeSansPersonne,
+                                               &PublicationLive::Eteint, &PublicationLive::OublieLive}) {
+    Etat.PageCoupee = Libelle::kAccesIncorrect;
+    Fait(operation);
+    EXPECT_FALSE(Etat.PageCoupee);
+  }
+}
+
 TEST_F(Live, TurningOffTellsTheCompanionOnceTheSwitchIsOff) {
   Etat.SurveillanceEnCours = Etat.LiveActif = true;
   EXPECT_TRUE(Regles.EstAllume());

@@ -342,6 +342,22 @@ TEST_F(Nouvelles, NoneAreMissedWhileMailAndLivePageAreOffOrNobodyHasRegistered) 
   EXPECT_FALSE(Inconnus());
 }
 
+TEST_F(Suivi, APageThatAnErrorSwitchedOffIsToldUntilTheSwitchIsUsed) {
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Sante.Dure(Condition::kPageCoupee));
+  Liaison.PageCoupee = Libelle::kAccesIncorrect;
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(Sante.Dure(Condition::kPageCoupee));
+  EXPECT_EQ(Sante.Details[Condition::kPageCoupee], "Nom ou mot de passe incorrect");
+  Reglages.LangueCourante = 1;
+  Avance(10 * kMinute);
+  EXPECT_EQ(Sante.Details[Condition::kPageCoupee], "Login or Pass incorrect");
+  EXPECT_EQ(Sante.Debuts[Condition::kPageCoupee], 1);
+  Liaison.PageCoupee.reset();
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(Sante.Dure(Condition::kPageCoupee));
+}
+
 TEST_F(Suivi, AnAnswerThatComesTooLateFindsNobody) {
   Regard.reset();
   EXPECT_EQ(Lecteur.Oublis, 1);
