@@ -50,6 +50,7 @@ void ReglagesPersistants::TermineChargement(const std::function<void()>& montre)
   while (LitSuivant() != nullptr) {
   }
   DeduitQualiteJpeg(Liens_.Valeurs);
+  DitAbimes();
   // Back to where nothing is saved if the tail fails: the program does not come up then.
   QScopedValueRollback<Etape> etape(Etape_, Etape::kFin);
   if (montre) montre();
@@ -61,12 +62,34 @@ void ReglagesPersistants::TermineChargement(const std::function<void()>& montre)
 void ReglagesPersistants::LitLigne(const LigneReglage& ligne) {
   const QString texte = Liens_.Magasin.LitReglage(QLatin1StringView(ligne.Section), QLatin1StringView(ligne.Cle),
                                                   DefautReglage(ligne, Liens_.DossierPhotos));
+  NotePerdu(ligne);
   try {
     LitValeur(ligne, texte, Liens_.Valeurs);
   } catch (const Echec& echec) {
     throw Echec(echec.Numero(), DitReglageImpossible(LangueDuMagasin(Liens_.Magasin), NomReglage(ligne), texte,
                                                      Liens_.Magasin.Emplacement()));
   }
+}
+
+// A setting that is missing has its start value, which is as it should be on a first run and behind an update. In a
+// store that was damaged it is most likely one that was lost. What gives back the default, whichever that is, has none.
+void ReglagesPersistants::NotePerdu(const LigneReglage& ligne) {
+  if (Liens_.Magasin.Abimes().Intact()) return;
+  const QLatin1StringView section(ligne.Section);
+  const QLatin1StringView cle(ligne.Cle);
+  const bool absente = Liens_.Magasin.LitReglage(section, cle, QStringLiteral("0")) == QLatin1StringView("0") &&
+                       Liens_.Magasin.LitReglage(section, cle, QStringLiteral("1")) == QLatin1StringView("1");
+  if (absente) Perdus_.append(NomReglage(ligne));
+}
+
+// Nothing of what the values were, only which: one may be a password. The next save writes the store anew, and nobody
+// would ever know.
+void ReglagesPersistants::DitAbimes() {
+  const AbimesMagasin abimes = Liens_.Magasin.Abimes();
+  if (abimes.Intact()) return;
+  Liens_.Sante.Signale(Condition::kReglagesAbimes,
+                       DitReglagesAbimes(LangueParlee(Liens_.Valeurs.LangueCourante), abimes.Coupees + Perdus_,
+                                         abimes.Lignes, Liens_.Magasin.Emplacement()));
 }
 
 void ReglagesPersistants::RepareLu(const LigneReglage& ligne) {
@@ -89,6 +112,9 @@ void ReglagesPersistants::RepareRepertoirePhoto(const LigneReglage& ligne) {
     throw Echec(kFichierIntrouvable, DitDossierPhotoImpossible(LangueParlee(Liens_.Valeurs.LangueCourante),
                                                                NomReglage(ligne), repertoire, dossier));
   }
+  // On a first run, and where the default is made again, nothing has taken the place of anything.
+  if (repertoire != dossier && !repertoire.isEmpty())
+    Liens_.Sante.Signale(Condition::kDossierRemplace, repertoire + QStringLiteral(" -> ") + dossier);
   repertoire = dossier;
   Liens_.Magasin.EcritReglage(QLatin1StringView(ligne.Section), QLatin1StringView(ligne.Cle), repertoire);
   VideMagasin();

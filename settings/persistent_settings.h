@@ -4,6 +4,7 @@
 
 #include <QSize>
 #include <QString>
+#include <QStringList>
 #include <functional>
 #include <span>
 
@@ -59,6 +60,8 @@ class ReglagesPersistants : public SauvegardeParametres {
 
  private:
   void LitLigne(const LigneReglage& ligne);
+  void NotePerdu(const LigneReglage& ligne);
+  void DitAbimes();
   void RepareLu(const LigneReglage& ligne);
   void RepareRepertoirePhoto(const LigneReglage& ligne);
   void RepareSonAbsent();
@@ -76,6 +79,7 @@ class ReglagesPersistants : public SauvegardeParametres {
   std::span<const LigneReglage> Restent_ = TableReglages();  // rows that are still to be read, in order
   Etape Etape_ = Etape::kLecture;
   bool Reportee_ = false;  // a save was asked for while values were missing
+  QStringList Perdus_;     // "section/key" of what a damaged store lacks
 };
 
 }  // namespace vaktor

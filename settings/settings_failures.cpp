@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "settings/settings_failures.h"
 
+#include <algorithm>
+
 #include "texts/phrase.h"
 
 namespace vaktor {
@@ -38,6 +40,17 @@ QString DitDossierPhotoImpossible(Langue langue, const QString& nom, const QStri
 QString DitSauvegardeImpossible(Langue langue, const QString& raison) {
   return Phrase{"Les paramètres n'ont pas pu être enregistrés (%1).", "The settings could not be saved (%1)."}.Dit(
       langue, raison);
+}
+
+QString DitReglagesAbimes(Langue langue, const QStringList& noms, qint64 lignes, const QString& emplacement) {
+  constexpr qsizetype kNomsMontres = 8;
+  QString quoi = noms.first(std::min(kNomsMontres, noms.size())).join(QStringLiteral(", "));
+  if (noms.size() > kNomsMontres)
+    quoi += Phrase{" et %1 autres", " and %1 others"}.Dit(langue, QString::number(noms.size() - kNomsMontres));
+  if (noms.isEmpty())
+    quoi = Phrase{"lignes incompréhensibles : %1", "lines that make no sense: %1"}.Dit(langue, QString::number(lignes));
+  return Phrase{"%1 ; copie du fichier : %2", "%1; copy of the file: %2"}.Dit(langue, quoi,
+                                                                              emplacement + QStringLiteral(".damaged"));
 }
 
 }  // namespace vaktor

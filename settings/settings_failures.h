@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include "texts/language.h"
 
@@ -16,5 +17,9 @@ QString DitDossierPhotoImpossible(Langue langue, const QString& nom, const QStri
 
 /// The store could not be written; `raison` is what the system says.
 QString DitSauvegardeImpossible(Langue langue, const QString& raison);
+
+/// What of a damaged store is told: which settings have lost their values, where they are known, else how many lines
+/// made no sense, and where the damaged store is kept.
+QString DitReglagesAbimes(Langue langue, const QStringList& noms, qint64 lignes, const QString& emplacement);
 
 }  // namespace vaktor

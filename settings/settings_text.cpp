@@ -59,7 +59,8 @@ std::optional<QChar> LitEchappement(QStringView texte, qsizetype& i) {
   return kCaracteres[place];
 }
 
-QString LitValeurEcrite(QStringView texte) {
+// `coupee`: a quote was open at the end, which is what a line that was cut short looks like.
+QString LitValeurEcrite(QStringView texte, bool& coupee) {
   QString valeur;
   valeur.reserve(texte.size());
   bool entreGuillemets = false;
@@ -79,6 +80,7 @@ QString LitValeurEcrite(QStringView texte) {
     valeur += c;
     if (entreGuillemets || !EstBlanc(c)) garde = valeur.size();
   }
+  coupee = entreGuillemets;
   valeur.truncate(garde);
   if (valeur.startsWith(QStringLiteral("@@"))) valeur.remove(0, 1);
   return valeur;
@@ -118,7 +120,10 @@ void LitLigne(QStringView ligne, QString& section, TexteReglages& lu) {
     ++lu.LignesIllisibles;
     return;
   }
-  lu.Valeurs.insert(section + u'/' + cle.toString(), LitValeurEcrite(Elague(ligne.mid(egal + 1))));
+  const QString chemin = section + u'/' + cle.toString();
+  bool coupee = false;
+  lu.Valeurs.insert(chemin, LitValeurEcrite(Elague(ligne.mid(egal + 1)), coupee));
+  if (coupee) lu.Coupees.append(chemin);
 }
 
 bool DoitEchapper(QStringView texte, qsizetype i) {

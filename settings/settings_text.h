@@ -18,6 +18,7 @@
 #include <QByteArray>
 #include <QMap>
 #include <QString>
+#include <QStringList>
 
 namespace vaktor {
 
@@ -26,6 +27,7 @@ using ValeursReglages = QMap<QString, QString>;  ///< "section/key" to value
 struct TexteReglages {
   ValeursReglages Valeurs;
   qint64 LignesIllisibles = 0;
+  QStringList Coupees = {};  ///< "section/key" of the values whose quote is never closed
 };
 
 /// Never fails, whatever the bytes are.

@@ -32,6 +32,7 @@ MagasinBorne::MagasinBorne(const QString& fichier, Patiences patiences) : Fichie
   };
   Lues_ = Attend(std::packaged_task<Valeurs()>(ouvre), Patiences_.Depart);
   Magasin_ = std::move(*ouvert);
+  Abimes_ = Magasin_->Abimes();
 }
 
 // What could not be saved is tried once more as the store goes, and that may hang.

@@ -46,6 +46,7 @@ class MagasinBorne : public MagasinReglages {
   /// its disk lets it, or fails; until then each call throws at once, so that none overtakes an older one.
   void Vide() override;
   QString Emplacement() const override { return Fichier_; }
+  AbimesMagasin Abimes() const override { return Abimes_; }
 
  private:
   using Valeurs = QMap<QString, QString>;  // by "section/key"
@@ -60,6 +61,7 @@ class MagasinBorne : public MagasinReglages {
   const Patiences Patiences_;
   std::shared_ptr<MagasinFichier> Magasin_;  // of the thread that works with it, if there is one
   QList<Ordre> Ordres_;                      // what it has not been told yet
+  AbimesMagasin Abimes_;                     // of the file as it was opened
   Valeurs Lues_;                             // as the file was when it was last read or written
   Valeurs Attente_;                          // set, and not known to be on the disk
   std::future<Valeurs> EnRetard_;

@@ -40,6 +40,11 @@ QSettings::Format FormatReglages() {
 
 QString Chemin(const QString& section, const QString& cle) { return section + u'/' + cle; }
 
+AbimesMagasin TrouveAbimes(const QByteArray& octets) {
+  const TexteReglages lu = LitTexteReglages(octets);
+  return {lu.LignesIllisibles, lu.Coupees};
+}
+
 }  // namespace
 
 MagasinFichier::MagasinFichier(const QString& fichier) : Fichier_(fichier) { OuvreMagasin(); }
@@ -52,7 +57,8 @@ MagasinFichier::~MagasinFichier() {
 
 void MagasinFichier::OuvreMagasin() {
   RendPrive(Fichier_);
-  LitFichierEntier(Fichier_);  // QSettings takes a file that it cannot read for an empty one and would overwrite it
+  // Whole, before QSettings: that takes a file that it cannot read for an empty one and would overwrite it.
+  Abimes_ = TrouveAbimes(LitFichierEntier(Fichier_));
   const MasquePrive masque;
   PoseMagasin();
 }
@@ -112,7 +118,7 @@ void MagasinFichier::Relit() { OuvreMagasin(); }
 void MagasinFichier::GardeFichierAbime() {
   if (CopieFaite_) return;
   CopieFaite_ = true;
-  if (LitTexteReglages(LitFichierEntier(Fichier_)).LignesIllisibles == 0) return;
+  if (TrouveAbimes(LitFichierEntier(Fichier_)).Intact()) return;
   const QString copie = Fichier_ + QStringLiteral(".damaged");
   QFile::remove(copie);
   QFile::copy(Fichier_, copie);

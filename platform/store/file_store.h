@@ -16,7 +16,7 @@ namespace vaktor {
 /// The file has the mode 0600, also when it existed with another. A save replaces it whole by a rename, one process at
 /// a time (flock on the folder), so a reader finds the old or the new table at any moment, also after a crash or a
 /// power cut. Keys and sections that the program does not know are kept; comments are not. A file with lines that make
-/// no sense is copied to "<file>.damaged" before it is written for the first time.
+/// no sense, or values that lack their end, is copied to "<file>.damaged" before it is written for the first time.
 class MagasinFichier : public MagasinReglages {
  public:
   /// `fichier`: absolute path. Makes nothing: the file and its folder come with the first Vide(). Throws
@@ -32,6 +32,7 @@ class MagasinFichier : public MagasinReglages {
   /// Throws Echec(kAccesFichier) with "path: reason"; what was set stays set and goes out with the next Vide().
   void Vide() override;
   QString Emplacement() const override { return Fichier_; }
+  AbimesMagasin Abimes() const override { return Abimes_; }
 
   /// All values, by "section/key", with those that are set and not yet on the disk.
   QMap<QString, QString> DonneTout() const;
@@ -49,6 +50,7 @@ class MagasinFichier : public MagasinReglages {
   QMap<QString, QString> Attente_;   // set and not yet on the disk, by "section/key"
   QMap<QString, QString> Reprises_;  // taken back, as the disk has them; null where it has none
   std::unique_ptr<QSettings> Magasin_;
+  AbimesMagasin Abimes_;  // of the file as it was opened
   bool CopieFaite_ = false;
 };
 

@@ -3,8 +3,16 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 namespace vaktor {
+
+/// What of a store made no sense when it was opened. Never values: one may be a password.
+struct AbimesMagasin {
+  qint64 Lignes = 0;         ///< that hold no key of any section
+  QStringList Coupees = {};  ///< "section/key" of values that lack their end
+  bool Intact() const { return Lignes == 0 && Coupees.isEmpty(); }
+};
 
 /// User-interface thread. Real implementation in platform/, recording fake in tests/fakes/.
 class MagasinReglages {
@@ -22,6 +30,9 @@ class MagasinReglages {
   virtual void Vide() = 0;
   /// Where the values lie, for a message to a person who has to repair one: a path, or empty.
   virtual QString Emplacement() const { return {}; }
+  /// Where it was damaged, all of it is kept beside, as Emplacement() with ".damaged" behind it, from the first Vide()
+  /// on.
+  virtual AbimesMagasin Abimes() const { return {}; }
 };
 
 }  // namespace vaktor

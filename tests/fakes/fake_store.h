@@ -17,6 +17,7 @@ class FauxMagasin : public MagasinReglages {
   QMap<QString, QString> Disque;   ///< Valeurs at the last Vide() that worked
   mutable QStringList Lus;         ///< "section/key" of each read, in order
   QStringList Ecrits;              ///< "section/key" of each write, in order; "*" for each Vide()
+  AbimesMagasin Abime;             ///< Abimes
   bool RefuseEcriture = false;     ///< Vide() throws Echec(kAccesFichier, "disk full")
 
   QString LitReglage(const QString& section, const QString& cle, const QString& defaut) const override {
@@ -39,6 +40,7 @@ class FauxMagasin : public MagasinReglages {
     if (RefuseEcriture) throw Echec(kAccesFichier, QStringLiteral("disk full"));
     Disque = Valeurs;
   }
+  AbimesMagasin Abimes() const override { return Abime; }
   QString Emplacement() const override { return QStringLiteral("/home/u/settings.ini"); }
 };
 

@@ -124,6 +124,57 @@ TEST(Chargement, ReplacesAVanishedPhotoFolderInTheStoreAtOnce) {
   EXPECT_TRUE(banc.Modules.Envois.isEmpty());
   EXPECT_EQ(banc.Valeurs.RepertoirePhoto, QStringLiteral("/prog\\intrus"));
   EXPECT_EQ(banc.Disque.DossiersDemandes, QStringList{QStringLiteral("/prog\\intrus")});
+  EXPECT_EQ(banc.Sante.Details.value(Condition::kDossierRemplace), QStringLiteral("/gone -> /prog\\intrus"));
+}
+
+TEST(Chargement, TellsOfNoFolderWhereNoneWasReplaced) {
+  for (const char* stocke : {"/prog\\intrus", ""}) {
+    BancReglages banc;
+    banc.Magasin.Valeurs[QStringLiteral("PHOTO/repertoire")] = QString::fromLatin1(stocke);
+    banc.Charge();
+    EXPECT_TRUE(banc.Sante.Details.isEmpty()) << stocke;
+  }
+  BancReglages premiere;
+  premiere.Charge();
+  EXPECT_TRUE(premiere.Sante.Details.isEmpty()) << "a first run";
+}
+
+TEST(Chargement, OfADamagedStoreTellsWhichSettingsItLacksAndWhereItIsKept) {
+  BancReglages banc;
+  for (const LigneReglage& ligne : TableReglages()) {
+    if (EstLue(ligne) && NomReglage(ligne) != QStringLiteral("general/seuil") &&
+        NomReglage(ligne) != QStringLiteral("MAIL/destination"))
+      banc.Magasin.Valeurs[NomReglage(ligne)] = DefautReglage(ligne, QStringLiteral("/prog\\intrus"));
+  }
+  banc.Magasin.Valeurs[QStringLiteral("general/langue")] = QStringLiteral("1");
+  banc.Magasin.Abime = {.Lignes = 2, .Coupees = {QStringLiteral("FTP/racine")}};
+  banc.Charge();
+  EXPECT_EQ(banc.Sante.Details.value(Condition::kReglagesAbimes),
+            QStringLiteral("FTP/racine, general/seuil, MAIL/destination; copy of the file: "
+                           "/home/u/settings.ini.damaged"));
+}
+
+TEST(Chargement, TellsOfDamagedLinesThoughNoSettingIsMissing) {
+  BancReglages banc;
+  banc.Charge();
+  EXPECT_FALSE(banc.Sante.Dure(Condition::kReglagesAbimes)) << "an empty store is a first run, and no damaged one";
+  BancReglages autre;
+  autre.Magasin.Valeurs = banc.Magasin.Disque;
+  autre.Magasin.Abime = {.Lignes = 2};
+  autre.Charge();
+  EXPECT_EQ(autre.Sante.Details.value(Condition::kReglagesAbimes),
+            QString::fromUtf8("lignes incompréhensibles : 2 ; copie du fichier : /home/u/settings.ini.damaged"));
+}
+
+TEST(Chargement, OfAStoreThatIsAllDamagedNamesSomeAndCountsTheOthers) {
+  BancReglages banc;
+  banc.Magasin.Abime = {.Lignes = 40};
+  banc.Charge();
+  const QString dit = banc.Sante.Details.value(Condition::kReglagesAbimes);
+  const qsizetype autres = NomsLus().size() - 8;
+  EXPECT_TRUE(
+      dit.startsWith(NomsLus().first(8).join(QStringLiteral(", ")) + QStringLiteral(" et %1 autres ; ").arg(autres)))
+      << dit.toStdString();
 }
 
 TEST(Chargement, MakesNoFolderWhereTheOneOfTheProgramIsThere) {

@@ -105,6 +105,15 @@ TEST(TexteReglages, KeepTheFirstPartOfAValueThatALineBreakCut) {
   EXPECT_EQ(lu.LignesIllisibles, 1);
 }
 
+// Of a file that was cut short the last line alone looks odd, and no line is one that makes no sense.
+TEST(TexteReglages, NameValuesThatLackTheirEnd) {
+  const TexteReglages lu = LitTexteReglages("[MAIL]\nsujet=\"s\"\ncorp=a\"b\"\n[FTP]\nrefresh=\"1");
+  EXPECT_EQ(lu.Coupees, QStringList("FTP/refresh"));
+  EXPECT_EQ(lu.Valeurs.value("FTP/refresh"), QStringLiteral("1"));
+  EXPECT_EQ(lu.LignesIllisibles, 0);
+  EXPECT_EQ(LitTexteReglages("[a]\nb=\"x\\\"\n").Coupees, QStringList("a/b")) << "an escaped quote closes nothing";
+}
+
 TEST(TexteReglages, GiveValuesBehindADamagedSectionLineToNobody) {
   const TexteReglages lu = LitTexteReglages("[FTP]\npass=\"1\"\n[MA\npass=\"2\"\n[SON]\nindex=\"0\"\n");
   EXPECT_EQ(lu.Valeurs, ValeursReglages({{"FTP/pass", "1"}, {"SON/index", "0"}}));

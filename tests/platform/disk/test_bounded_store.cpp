@@ -60,6 +60,17 @@ TEST_F(MagasinBorneSurDisque, IsTheStoreThatItIsBuiltOn) {
   EXPECT_EQ(QFile::permissions(Fichier) & (QFile::ReadGroup | QFile::ReadOther), 0);
 }
 
+TEST_F(MagasinBorneSurDisque, SaysWhatOfTheFileWasDamaged) {
+  EXPECT_TRUE(MagasinBorne(Fichier).Abimes().Intact());
+  QFile fichier(Fichier);
+  ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+  fichier.write("garbage\n[MAIL]\ncorp=\"cut sh");
+  fichier.close();
+  const MagasinBorne magasin(Fichier);
+  EXPECT_EQ(magasin.Abimes().Lignes, 1);
+  EXPECT_EQ(magasin.Abimes().Coupees, QStringList("MAIL/corp"));
+}
+
 TEST_F(MagasinBorneSurDisque, ShowsAfterASaveWhatAnotherProcessHasWrittenAndKeepsIt) {
   MagasinBorne magasin(Fichier);
   MagasinFichier autre(Fichier);

@@ -211,6 +211,28 @@ TEST_F(MagasinSurDisque, KeepsTheGoodValuesOfADamagedFile) {
             ValeursReglages({{"MAIL/sujet", "kept"}, {"MAIL/corp", "first"}, {"FTP/user", "u,v"}, {"SON/index", "1"}}));
 }
 
+TEST_F(MagasinSurDisque, SaysWhatOfItWasDamagedAlsoWhenItHasBeenWrittenAnew) {
+  const QByteArray coupe = "\x01\x02garbage\n[MAIL]\nsujet=\"kept\"\ncorp=\"cut sh";
+  Pose(coupe);
+  MagasinFichier magasin(Fichier_);
+  magasin.EcritReglage("SON", "index", "1");
+  magasin.Vide();
+  EXPECT_EQ(magasin.Abimes().Lignes, 1);
+  EXPECT_EQ(magasin.Abimes().Coupees, QStringList("MAIL/corp"));
+  EXPECT_TRUE(MagasinFichier(Fichier_).Abimes().Intact());
+  EXPECT_EQ(Contenu(".damaged"), coupe);
+}
+
+TEST_F(MagasinSurDisque, KeepsACopyOfAFileThatWasOnlyCutShort) {
+  const QByteArray coupe = "[MAIL]\nsujet=\"kept\"\ncorp=\"cut sh";
+  Pose(coupe);
+  MagasinFichier magasin(Fichier_);
+  EXPECT_FALSE(magasin.Abimes().Intact());
+  magasin.EcritReglage("SON", "index", "1");
+  magasin.Vide();
+  EXPECT_EQ(Contenu(".damaged"), coupe);
+}
+
 TEST_F(MagasinSurDisque, MakesNoCopyOfAFileThatIsWhole) {
   MagasinFichier(Fichier_).LitReglage("a", "b", "c");
   for (qint64 i = 1; i < 3; ++i) {
