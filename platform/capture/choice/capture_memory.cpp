@@ -12,6 +12,9 @@
 #include <QSaveFile>
 #include <QUrl>
 #include <cerrno>
+#include <cstring>
+#include <functional>
+#include <utility>
 
 namespace vaktor {
 namespace {
@@ -130,25 +133,42 @@ bool EcritContenu(const QString& fichier, const Contenu& contenu) {
   return f.write(octets) == octets.size() && f.commit();
 }
 
+// The window's thread asks too, in the middle of a start: it is not to stand still for a home that a server has.
+Contenu Demande(const TravauxEnFile& travaux, const QString& fichier) {
+  const std::optional<Contenu> lu = travaux.Attend<Contenu>([fichier] { return LitContenu(fichier); });
+  if (lu) return *lu;
+  Contenu muet;
+  muet.Empechement = fichier + QStringLiteral(": ") + QString::fromLocal8Bit(std::strerror(ETIMEDOUT));
+  return muet;
+}
+
+// Read and written in one turn: a change that came in between would be lost.
+bool Change(const TravauxEnFile& travaux, const QString& fichier, std::function<void(Contenu&)> change) {
+  const auto travail = [fichier, change = std::move(change)] {
+    Contenu contenu = LitContenu(fichier);
+    change(contenu);
+    return EcritContenu(fichier, contenu);
+  };
+  return travaux.Attend<bool>(travail).value_or(false);
+}
+
 }  // namespace
 
 MemoireCapture::MemoireCapture(const QString& fichier) : Fichier_(fichier) {}
 
-QString MemoireCapture::Source() const { return LitContenu(Fichier_).Source; }
+QString MemoireCapture::Source() const { return Demande(Travaux_, Fichier_).Source; }
 
 QString MemoireCapture::Empechement() const {
-  const Contenu contenu = LitContenu(Fichier_);
+  const Contenu contenu = Demande(Travaux_, Fichier_);
   return contenu.Abimee && contenu.Source.isEmpty() ? Fichier_ : contenu.Empechement;
 }
 
 bool MemoireCapture::RetientSource(const QString& source) {
-  Contenu contenu = LitContenu(Fichier_);
-  contenu.Source = source;
-  return EcritContenu(Fichier_, contenu);
+  return Change(Travaux_, Fichier_, [source](Contenu& contenu) { contenu.Source = source; });
 }
 
 std::optional<FormatCamera> MemoireCapture::Format(const QString& nomStable) const {
-  const Contenu contenu = LitContenu(Fichier_);
+  const Contenu contenu = Demande(Travaux_, Fichier_);
   const auto it = contenu.Formats.constFind(nomStable);
   if (it == contenu.Formats.cend()) return std::nullopt;
   return it.value();
@@ -156,23 +176,22 @@ std::optional<FormatCamera> MemoireCapture::Format(const QString& nomStable) con
 
 bool MemoireCapture::RetientFormat(const QString& nomStable, const FormatCamera& format) {
   if (nomStable.isEmpty()) return false;
-  Contenu contenu = LitContenu(Fichier_);
-  contenu.Formats.insert(nomStable, format);
-  return EcritContenu(Fichier_, contenu);
+  return Change(Travaux_, Fichier_,
+                [nomStable, format](Contenu& contenu) { contenu.Formats.insert(nomStable, format); });
 }
 
 EntreeCamera MemoireCapture::Entree(const QString& nomStable) const {
-  return LitContenu(Fichier_).Entrees.value(nomStable);
+  return Demande(Travaux_, Fichier_).Entrees.value(nomStable);
 }
 
 bool MemoireCapture::RetientEntree(const QString& nomStable, const EntreeCamera& entree) {
   if (nomStable.isEmpty()) return false;
-  Contenu contenu = LitContenu(Fichier_);
-  if (entree == EntreeCamera())
-    contenu.Entrees.remove(nomStable);
-  else
-    contenu.Entrees.insert(nomStable, entree);
-  return EcritContenu(Fichier_, contenu);
+  return Change(Travaux_, Fichier_, [nomStable, entree](Contenu& contenu) {
+    if (entree == EntreeCamera())
+      contenu.Entrees.remove(nomStable);
+    else
+      contenu.Entrees.insert(nomStable, entree);
+  });
 }
 
 }  // namespace vaktor

@@ -15,6 +15,7 @@
 #include <optional>
 
 #include "platform/capture/choice/camera_format.h"
+#include "platform/folders/work_in_turn.h"
 
 namespace vaktor {
 
@@ -24,19 +25,21 @@ struct EntreeCamera {
   bool operator==(const EntreeCamera&) const = default;
 };
 
+/// Any thread; copies are one. No question waits longer than TravauxEnFile says, whatever the disk does.
 class MemoireCapture {
  public:
   /// `fichier`: full path; made, with its folder, when something is first remembered. The file is read at each question
   /// and replaced as a whole at each change: a crash leaves the old or the new one. Lines that are none of ours are
   /// passed over, and the file is kept beside as "NAME.damaged" before it is replaced. One that is there and cannot be
-  /// read holds nothing, and is not replaced.
+  /// read, or whose disk does not answer, holds nothing, and is not replaced.
   explicit MemoireCapture(const QString& fichier);
 
   QString Source() const;  ///< stable name, address, file or "test"; empty: the first capture driver
   /// Why nobody knows which source was picked: the file with the system's words, where it cannot be read, or alone,
   /// where it is damaged and holds none. Empty when it is known, or none was picked.
   QString Empechement() const;
-  /// False: it could not be written, or what stood there not be read; that still stands.
+  /// False: it could not be written, or what stood there not be read; that still stands. What a disk has not answered
+  /// in time may still come into being when it does.
   bool RetientSource(const QString& source);
   std::optional<FormatCamera> Format(const QString& nomStable) const;
   bool RetientFormat(const QString& nomStable, const FormatCamera& format);
@@ -45,6 +48,7 @@ class MemoireCapture {
 
  private:
   QString Fichier_;
+  TravauxEnFile Travaux_;
 };
 
 }  // namespace vaktor

@@ -2,11 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 
 #include "platform/capture/choice/capture_memory.h"
+#include "support/dead_folder.h"
 #include "support/without_descriptors.h"
 
 namespace vaktor {
@@ -128,6 +130,23 @@ TEST_F(MemoireCaptureTest, AFileThatCannotBeReadIsNotNoneAndIsNotWrittenOver) {
   EXPECT_FALSE(memoire.RetientSource("test"));
   EXPECT_FALSE(memoire.RetientFormat("a", kFormat));
   EXPECT_TRUE(QFileInfo(Chemin()).isDir());
+}
+
+// A home that a server has, and the server is gone: the window's thread asks, several times in a start.
+TEST_F(MemoireCaptureTest, ADiskThatDoesNotAnswerHoldsUpNobodyAndHoldsNoChoice) {
+  DossierMort mort;
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  MemoireCapture memoire(mort.Chemin("/capture.ini"));
+  QElapsedTimer temps;
+  temps.start();
+  EXPECT_EQ(memoire.Empechement(), mort.Chemin("/capture.ini: Connection timed out"));
+  EXPECT_EQ(memoire.Source(), "");
+  EXPECT_EQ(memoire.Format("a"), std::nullopt);
+  EXPECT_EQ(memoire.Entree("a"), EntreeCamera());
+  EXPECT_FALSE(memoire.RetientSource("test"));
+  EXPECT_FALSE(memoire.RetientFormat("a", kFormat));
+  EXPECT_FALSE(memoire.RetientEntree("a", {1, 1}));
+  EXPECT_LT(temps.elapsed(), 20'000) << "without a bound it is for ever";
 }
 
 TEST_F(MemoireCaptureTest, SaysWhenItCannotBeWritten) {
