@@ -247,6 +247,16 @@ TEST(Conditions, OnlyALostAwaitedOrFrozenCameraAndAStoppedDetectionMakeBlind) {
   }
 }
 
+// A start that nobody watched has passed when somebody comes: what it found would be gone again.
+TEST(Conditions, WhatIsOverWhenItIsToldStandsUntilItWasSeen) {
+  for (int i = 0; i < kNombreConditions; ++i) {
+    const auto quoi = static_cast<Condition>(i);
+    const bool evenement =
+        quoi == Condition::kInterruption || quoi == Condition::kReglagesAbimes || quoi == Condition::kDossierRemplace;
+    EXPECT_EQ(EstEvenement(quoi), evenement) << i;
+  }
+}
+
 TEST(Conditions, AMomentIsSaidInBothLanguages) {
   const QDateTime moment(QDate(2020, 1, 2), QTime(9, 5, 3));
   EXPECT_EQ(DitMoment(moment, Langue::kFrancais), QString::fromUtf8("2 janvier 2020 à 09:05:03"));
