@@ -54,7 +54,11 @@ void TicSurveillance::TraiteNouvelleImage() {
   const bool comparee = Etat_.Detection.Comparees != avant && !Etat_.Detection.SansEchantillon;
   CompteComparaison(rangee || comparee);
   ++Traitees_;
-  SuitFigee();
+  try {
+    SuitFigee();
+  } catch (const std::exception&) {
+    // A frame whose pixels found no memory finds none here either: the next look will tell.
+  }
 }
 
 // Also of a frame that was not compared, or whose photo failed: what it looks like is another matter.

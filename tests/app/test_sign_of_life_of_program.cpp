@@ -25,14 +25,14 @@ TEST_F(SigneDuProgramme, TellsOfTheIntrusionAndItsPhotosAndGoesToTheCompanion) {
 
 TEST_F(SigneDuProgramme, SaysWhatTheListOfTheSignHolds) {
   Systeme.Valeurs.insert(QStringLiteral("MAIL/signedevie"), QStringLiteral("9"));
+  Systeme.Valeurs.insert(QStringLiteral("PHOTO/repertoire"), QStringLiteral("/gone"));
   ArmeEtBouge();
-  Programme->Sante().Signale(Condition::kImageFigee);
-  Systeme.Temps.Avance(1000);
-  Programme->Sante().Signale(Condition::kImageFigee);
   Systeme.Temps.Avance(SigneDeVie::kRegardMs);
   ASSERT_EQ(Systeme.Courriels.Deposes.size(), 1);
   const QString texte = Systeme.Courriels.Deposes[0].Courriel.Texte.Dit(Langue::kAnglais);
-  EXPECT_TRUE(texte.startsWith("Something is wrong.")) << texte.toStdString();
+  EXPECT_TRUE(
+      texte.contains("- The photo folder was not there at the start: another one has taken its place (/gone -> "))
+      << texte.toStdString();
 }
 
 TEST_F(SigneDuProgramme, WithoutAnHourThereIsNone) {

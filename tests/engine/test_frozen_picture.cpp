@@ -2,6 +2,7 @@
 // A camera that delivers the very same picture for ever: when that is told, and what ends it.
 #include <cstring>
 #include <memory>
+#include <new>
 #include <vector>
 
 #include "engine/engine_fixture.h"
@@ -174,6 +175,19 @@ TEST_F(ImageImmobile, FramesWithoutMemoryAreNoPicture) {
   Temps.Avance(6 * kMinute);
   EXPECT_FALSE(Figee());
   EXPECT_FALSE(Noire());
+}
+
+/// Finds none, and says so by an exception.
+class TrameQuiJette : public TrameSansMemoire {
+ public:
+  TrameBrute Echantillons(PhaseEchantillons) override { throw std::bad_alloc(); }
+};
+
+TEST_F(ImageImmobile, ALookThatFindsNoMemoryEndsWithItsTick) {
+  Demarre(Grise());
+  Pilote.SuivanteDifferee = std::make_shared<TrameQuiJette>();
+  EXPECT_NO_THROW(Temps.Avance(6 * kMinute));
+  EXPECT_FALSE(Figee());
 }
 
 class Empreinte : public testing::Test {
