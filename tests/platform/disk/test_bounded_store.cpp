@@ -85,6 +85,7 @@ TEST_F(MagasinBorneSurDisque, ShowsAfterASaveWhatAnotherProcessHasWrittenAndKeep
   magasin.EcritReglage("general", "skin", "0");
   magasin.Vide();
   EXPECT_EQ(Lu("langue"), "2") << "what was saved once is not written again over what came later";
+  EXPECT_EQ(magasin.LitReglage("general", "langue", ""), "2") << "nor does it hide that here";
 }
 
 TEST_F(MagasinBorneSurDisque, AFileThatCannotBeReadIsToldAtTheStart) {

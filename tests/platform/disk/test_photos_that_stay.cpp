@@ -4,6 +4,7 @@
 #include <QFile>
 #include <QThread>
 #include <cerrno>
+#include <memory>
 
 #include "base/jpeg_end.h"
 #include "fakes/fake_health_report.h"
@@ -99,6 +100,19 @@ TEST_F(PhotosThatStay, TheEndOfTheProgramFlushesTheLastOnes) {
   for (const char* nom : {"a.jpg", "b.jpg", "c.jpg"}) EXPECT_EQ(Lit(QString::fromUtf8(nom)), "photo") << nom;
 }
 
+TEST_F(PhotosThatStay, TheEndWaitsForAFlushThatIsUnderWay) {
+  auto fichiers = std::make_unique<FichiersBornes>();
+  ASSERT_EQ(fichiers->EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
+  QThread::msleep(150);
+  ASSERT_EQ(fichiers->EcritNouveauFichier(Chemin("/b.jpg"), "photo"), 0) << "flushed a second later";
+  ASSERT_TRUE(Disque->SeTait());
+  QElapsedTimer temps;
+  temps.start();
+  fichiers.reset();
+  EXPECT_GT(temps.elapsed(), 300) << "as long as it may hope, which is not for ever";
+  ASSERT_TRUE(Disque->Repond());
+}
+
 TEST_F(PhotosThatStay, APhotoThatDidNotReachTheDiskIsToldAlsoWhenNoneFollows) {
   FichiersBornes fichiers;
   EXPECT_EQ(fichiers.PrendPerte(), std::nullopt);
@@ -155,8 +169,9 @@ TEST_F(PhotosThatStay, ALossIsToldAlsoOfAFolderThatIsNotWrittenToAnyMore) {
 TEST_F(PhotosThatStay, ALossOfSuchAFolderIsToldAlsoWhenItComesLate) {
   FichiersBornes fichiers;
   ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/a.jpg"), "photo"), 0);
-  QThread::msleep(300);
+  QThread::msleep(150);
   ASSERT_EQ(fichiers.EcritNouveauFichier(Chemin("/b.jpg"), "photo"), 0) << "flushed a second later";
+  QThread::msleep(150);  // its lane has nothing to do any more, and can go
   ASSERT_TRUE(Disque->SeTait());
   for (int i = 0; i < 12; ++i) {
     const QString dossier = Ailleurs() + QStringLiteral("/d%1").arg(i);

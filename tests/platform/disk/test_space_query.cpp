@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The room of a disk, asked without waiting for it.
 #include <QElapsedTimer>
+#include <QThread>
 #include <atomic>
+#include <future>
 #include <memory>
 
 #include "platform/disk/space_query.h"
@@ -66,6 +68,24 @@ TEST_F(SpaceQuery, AThreadThatEndsWithoutAnAnswerIsNotWaitedForForEver) {
     sonde.DemandeEspace(Chemin(), [&recu](std::optional<qint64> libres) { recu = libres; });
     return recu.has_value();
   }));
+  EXPECT_EQ(recu, 7);
+}
+
+TEST_F(SpaceQuery, ADiskThatHasNotAnsweredIsNotAskedAgain) {
+  const auto demandes = std::make_shared<std::atomic<int>>(0);
+  std::promise<void> ordre;
+  SondeEspaceSysteme sonde([demandes, repond = ordre.get_future().share()](const QString&) -> std::optional<qint64> {
+    ++*demandes;
+    repond.wait();
+    return 7;
+  });
+  std::optional<qint64> recu;
+  for (int i = 0; i < 5; ++i) sonde.DemandeEspace(Chemin(), [&recu](std::optional<qint64> libres) { recu = libres; });
+  ASSERT_TRUE(essai::AttendQue([&] { return *demandes > 0; }));
+  QThread::msleep(200);  // time for more of them to begin
+  EXPECT_EQ(*demandes, 1);
+  ordre.set_value();
+  ASSERT_TRUE(essai::AttendQue([&] { return recu.has_value(); }));
   EXPECT_EQ(recu, 7);
 }
 

@@ -6,6 +6,7 @@
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 #include <optional>
 #include <vector>
 
@@ -163,6 +164,8 @@ TEST_F(FichiersPhotos, DeadDiskIsToldWithTheNumberBeforeItAndNothingBehindItGoes
     EXPECT_EQ(tranche.Etat, EtatEffacement::kSansReponse);
     EXPECT_EQ(tranche.Essayees, 1);
     mort.Reveille();
+    QThread::msleep(300);  // its own end would keep it from going on as well
+    EXPECT_TRUE(QFile::exists(apres));
   }  // waits for the thread, which has woken
   EXPECT_FALSE(QFile::exists(avant));
   EXPECT_TRUE(QFile::exists(apres)) << "nobody wants that any more";

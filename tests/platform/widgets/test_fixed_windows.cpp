@@ -39,7 +39,7 @@ TEST_F(FenetreFixe, MayGrowWhileTheDesktopAnswersAndGoesBackToItsSize) {
   QResizeEvent agrandie(QSize(800, 600), kFixe);
   QCoreApplication::sendEvent(fenetre, &agrandie);
   EXPECT_TRUE(pouvait);
-  QTRY_COMPARE(fenetre->windowStates(), Qt::WindowNoState);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return fenetre->windowStates() == Qt::WindowNoState; }));
   QResizeEvent revenue(kFixe, QSize(800, 600));
   QCoreApplication::sendEvent(fenetre, &revenue);
   EXPECT_EQ(fenetre->maximumSize(), kFixe);
