@@ -42,6 +42,8 @@ class ModuleFtp : public Module {
   static constexpr qint32 kRythmePage = 10000;  ///< between two pages that were renewed by themselves
   static constexpr int kIntervallesNeuf = 3;    ///< intervals after which a live image is not new any more
   static constexpr qint32 kNeufMin = 5000;      ///< but at least so long, milliseconds
+  /// Milliseconds without a photo that had to be deleted here, after which the next one is news.
+  static constexpr qint64 kSansPlace = 600'000;
   /// Milliseconds that a photo's time may be ahead of the clock: a disk has one of its own. More says that ours was set
   /// back.
   static constexpr qint64 kAvance = 60'000;
@@ -159,6 +161,7 @@ class ModuleFtp : public Module {
   int RefusDeSuite_ = 0;     // photos
   QStringList ANettoyer_;    // under way, or to be deleted next
   bool AvisPhotos_ = false;  // what was told last is about photos
+  qint64 RetireesA_ = 0;     // when photos that waited were last deleted, milliseconds since 1970
 
   std::unique_ptr<Minuterie> TimerReprise_;
   std::unique_ptr<Minuterie> TimerSigne_;

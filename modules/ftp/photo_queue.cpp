@@ -27,12 +27,10 @@ QFileInfoList FilePhotos::ListeFichiers() {
   std::stable_sort(photos.begin(), photos.end(),
                    [](const QFileInfo& a, const QFileInfo& b) { return a.lastModified() < b.lastModified(); });
   QHash<QString, Trouvee> trouvees;
-  Derniere_ = 0;
   for (const QFileInfo& photo : std::as_const(photos)) {
     const auto connue = Trouvees_.constFind(photo.fileName());
     const Trouvee trouvee = connue != Trouvees_.cend() ? *connue : Trouvee{++Rangs_, 0};
     trouvees.insert(photo.fileName(), trouvee);
-    Derniere_ = std::max(Derniere_, photo.lastModified().toMSecsSinceEpoch() - trouvee.Recul);
   }
   Trouvees_ = std::move(trouvees);
   std::stable_sort(photos.begin(), photos.end(), [this](const QFileInfo& a, const QFileInfo& b) {
@@ -62,7 +60,6 @@ qsizetype FilePhotos::Elague() {
 
 void FilePhotos::Recule(qint64 millisecondes) {
   for (Trouvee& trouvee : Trouvees_) trouvee.Recul += millisecondes;
-  Derniere_ -= millisecondes;
 }
 
 QDateTime FilePhotos::DonnePrise(const QString& nom) const { return QFileInfo(Chemin(nom)).lastModified(); }

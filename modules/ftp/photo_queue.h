@@ -34,8 +34,6 @@ class FilePhotos {
   QDateTime DonnePrise(const QString& nom) const;
   /// Milliseconds by which the clock was set back since it was taken, as far as this run knows.
   qint64 DonneRecul(const QString& nom) const { return Trouvees_.value(nom).Recul; }
-  /// The time of the newest that was found, less that, milliseconds since 1970; 0 for none.
-  qint64 Derniere() const { return Derniere_; }
   /// The clock was set back by so much: all that were found so far are older by as much.
   void Recule(qint64 millisecondes);
   /// True when the file has not changed for a minute, by a clock that may have been set meanwhile: what is no picture
@@ -55,7 +53,6 @@ class FilePhotos {
   };
   QHash<QString, Trouvee> Trouvees_;  // those that wait
   quint64 Rangs_ = 0;                 // given so far
-  qint64 Derniere_ = 0;
 };
 
 }  // namespace vaktor

@@ -48,7 +48,10 @@ void ModuleFtp::RegardePhotos() {
   const qsizetype retires = File_.Elague();
   if (retires > 0) {
     Contexte_.Journal.Note(QStringLiteral("deleted to make room, photos: %1").arg(retires));
-    Signale(CreeAvisPlace(), true);
+    // Once for all that belongs together: in an outage this and the outage itself would take turns to be news, and
+    // behind it this and each photo that goes through.
+    const qint64 maintenant = Contexte_.Maintenant();
+    if (qAbs(maintenant - std::exchange(RetireesA_, maintenant)) >= kSansPlace) Signale(CreeAvisPlace(), true);
   }
   // Not under a photo that is on its way: its end looks at the list as it was.
   if (Tache_ != Tache::kPhoto) Attente_ = File_.Liste();
@@ -63,12 +66,11 @@ void ModuleFtp::RegardeMemoires() {
   DisMemoires();
   // What lies there, and what waits, would be of the future of a clock that was set back: whatever comes now older than
   // all of it and set aside, or taken for one of a second that has its photo.
-  const qint64 avance =
-      std::max({Place_.Derniere(), Publiees_.Dernier(), File_.Derniere()}) - Maintenant().toMSecsSinceEpoch();
+  const qint64 avance = std::max(Place_.Derniere(), Publiees_.Dernier()) - Maintenant().toMSecsSinceEpoch();
   if (avance <= kAvance) return;
   Place_.Recule(avance);
   Publiees_.Recule(avance);
-  File_.Recule(avance);
+  File_.Recule(avance);  // one that waited since before tells that the clock was set back once it lies there
   Contexte_.Journal.Note(
       QStringLiteral("the clock was set back by %1 s: what lies on the site is older by as much").arg(avance / 1000));
 }

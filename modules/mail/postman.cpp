@@ -133,12 +133,17 @@ qint64 Facteur::Tour() {
 
 qint64 Facteur::EssaieLePremier(const QList<CourrielEnAttente>& liste, qint64 maintenant) {
   qint64 attente = kRienAFaire;
+  const CourrielEnAttente* choisi = nullptr;
   for (const CourrielEnAttente& courriel : liste) {
     const qint64 avant = AttenteDuCourriel(courriel, maintenant);
-    if (avant == 0) return Essaie(courriel);
-    attente = std::min(attente, avant);
+    if (avant > 0)
+      attente = std::min(attente, avant);
+    else if (choisi == nullptr || courriel.Essais < choisi->Essais)
+      choisi = &courriel;
+    // Where many broke off in a row each has its turn: the newest would be the only one to be tried behind each rest.
+    if (choisi != nullptr && Coupures_ < kCoupuresMax) break;
   }
-  return attente;
+  return choisi != nullptr ? Essaie(*choisi) : attente;
 }
 
 // A network that comes back tells nobody. The wait that has grown while it was away is for what waited with it;

@@ -234,6 +234,38 @@ TEST_F(Ftp, PhotosThatAreDeletedForWantOfRoomAreTold) {
   EXPECT_EQ(EtatLu()["subject"].toString(), "ftp-space");
 }
 
+// An outage of twenty minutes in an alarm was forty notifications.
+TEST_F(Ftp, PhotosThatAreDeletedInAnOutageAreToldOnceBesideIt) {
+  Publie();
+  const auto deborde = [this](const QString& nom) {
+    QFile grande(Temporaire.filePath("Temp/FTP/" + nom));
+    ASSERT_TRUE(grande.open(QIODevice::WriteOnly));
+    ASSERT_TRUE(grande.resize(201LL * 1000 * 1000));
+  };
+  Dit("Surve");
+  Finit(IssueFtp::kPasDeConnexion);
+  for (int i = 0; i < 40; ++i) {
+    deborde("grande.jpg");
+    Temps.Avance(ModuleFtp::kRegardLent);
+    if (Ouvrier->EnCours()) Finit(IssueFtp::kPasDeConnexion);
+  }
+  EXPECT_EQ(Avis.size(), 3) << Avis.join('\n').toStdString();
+  while (!Ouvrier->EnCours()) Temps.Avance(1000);
+  Finit(IssueFtp::kReussi);
+  for (int i = 0; i < 40; ++i) {  // the site takes one a second of what waits, and as many come
+    PosePhoto(QStringLiteral("%1.jpg").arg(i));
+    deborde("grande.jpg");
+    Temps.Avance(ModuleFtp::kRegard);
+    while (Ouvrier->EnCours()) Finit(IssueFtp::kReussi);
+  }
+  EXPECT_EQ(Avis.size(), 3) << Avis.join('\n').toStdString();
+  Temps.Avance(ModuleFtp::kSansPlace);
+  deborde("grande.jpg");
+  if (Ouvrier->EnCours()) Finit(IssueFtp::kReussi);
+  Temps.Avance(ModuleFtp::kRegardLent);
+  EXPECT_EQ(Avis.size(), 4) << "and again when it happens again";
+}
+
 TEST_F(Ftp, PhotosAndLiveImagesTakeTurns) {
   for (int i = 0; i < 4; ++i) PosePhoto(QStringLiteral("%1.jpg").arg(i), 10 - i);
   Connecte();

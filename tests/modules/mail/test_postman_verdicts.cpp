@@ -39,6 +39,13 @@ TEST_F(Poste, ManyThatBreakOffOneBehindTheOtherMakeItRest) {
   EXPECT_GT(Tentatives, Facteur::kCoupuresMax);
 }
 
+TEST_F(Poste, OfManyThatBreakOffEachHasItsTurn) {
+  Serveur = [](const QString& nom) { return nom == "a" ? ResultatEnvoi{.Accepte = true} : Coupure(); };
+  for (const char* nom : {"a", "b", "c", "d", "e", "f", "g", "h"}) Depose(nom);
+  Travaille(10 * kMinute);
+  EXPECT_EQ(Recus.join(u'|'), "a") << "the oldest, and the only one that this path carries";
+}
+
 TEST_F(Poste, BreaksWithOtherAnswersBetweenThemAreNoRow) {
   int essais = 0;
   Serveur = [&](const QString& nom) {
