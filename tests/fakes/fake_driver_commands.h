@@ -72,6 +72,7 @@ class FauxPeripheriques : public AccesPeripheriques {
     return true;
   }
 
+  QList<CameraBureau> CamerasDuBureau() const override { return DuBureau_; }
   QStringList Muets() const override { return Muets_; }
   std::unique_ptr<QObject> SuitBranchements(std::function<void()> change) const override {
     Branchement_ = std::move(change);
@@ -81,6 +82,7 @@ class FauxPeripheriques : public AccesPeripheriques {
   mutable std::function<void()> Branchement_;  ///< what is to be called when something is plugged in
 
   QList<PeripheriqueVideo> Peripheriques_;
+  QList<CameraBureau> DuBureau_;
   QStringList Muets_;
   QMap<QString, QList<FormatCamera>> Formats_;
   QMap<QString, QList<ReglageCamera>> Reglages_;

@@ -44,4 +44,11 @@ FormatCamera ChoisitPremierFormat(const QList<FormatCamera>& formats);
 /// the end only where none of them is too large. Otherwise the best of other codings follow, then of smaller sizes.
 QList<FormatCamera> ListePremiersFormats(const QList<FormatCamera>& formats);
 
+/// A camera that the desktop hands out (named_source.h, kBureau).
+struct CameraBureau {
+  QString Nom;     ///< for people
+  QString Source;  ///< for ComprendSource
+  bool operator==(const CameraBureau&) const = default;
+};
+
 }  // namespace vaktor

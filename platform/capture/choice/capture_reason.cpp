@@ -9,7 +9,7 @@ namespace vaktor {
 namespace {
 
 // In the order of Motif.
-constexpr std::array<Phrase, 19> kPhrases = {{
+constexpr std::array<Phrase, 22> kPhrases = {{
     {"Aucune image n'est venue.", "No picture came."},
     {"La caméra refuse le nom ou le mot de passe : vérifiez-les dans son adresse.",
      "The camera refuses the name or the password: check them in its address."},
@@ -59,8 +59,16 @@ constexpr std::array<Phrase, 19> kPhrases = {{
     {"Ce fichier n'est plus là.", "This file is not there any more."},
     {"Le choix de la caméra ne peut pas être lu (%1) : rendez ce fichier lisible, ou choisissez-la de nouveau.",
      "Which camera was chosen cannot be read (%1): make this file readable, or choose it again."},
+    {"Le bureau ne donne pas cette caméra en ce moment : branchez-la, ou vérifiez que PipeWire fonctionne dans votre "
+     "session.",
+     "The desktop does not hand out this camera at the moment: plug it in, or see that PipeWire runs in your session."},
+    {"Il manque un programme pour cette caméra : installez le paquet %1.",
+     "A program for this camera is missing: install the package %1."},
+    {"Des images viennent, mais toutes sont abîmées : vérifiez le câble ou le Wi-Fi de la caméra, ou essayez un autre "
+     "format.",
+     "Pictures come, but all of them are damaged: check the cable or the Wi-Fi of the camera, or try another format."},
 }};
-static_assert(kPhrases.size() == static_cast<std::size_t>(Motif::kMemoire) + 1);
+static_assert(kPhrases.size() == static_cast<std::size_t>(Motif::kAbimee) + 1);
 
 constexpr Phrase kSansGroupe{"Vous n'avez pas le droit de l'ouvrir.", "You may not open it."};
 

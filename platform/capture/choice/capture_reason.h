@@ -28,6 +28,9 @@ enum class Motif {
   kAbsente,           ///< the device is not plugged in
   kFichierAbsent,     ///< the file is not there
   kMemoire,           ///< which camera was chosen cannot be read; Detail: the file, and the system's words
+  kPasDuBureau,       ///< the desktop does not hand this camera out
+  kSansGreffon,       ///< what its cameras are reached by is not installed; Detail: the package
+  kAbimee,            ///< pictures come, and every one of them is damaged
 };
 
 struct Raison {

@@ -16,6 +16,8 @@ const auto kSansSchema = QLatin1String("hote://");  // put before a host alone, 
 
 QString MarqueMotDePasse() { return QString(5, QChar(0x2022)); }
 
+bool EstDuBureau(const QString& texte) { return texte.startsWith(kParPipeWire) || texte.startsWith(kParLibcamera); }
+
 // A user and a password stand before an "@" in it, a slash nowhere: that would be a path.
 bool EstHoteSeul(const QString& texte) {
   static const QRegularExpression kForme(
@@ -27,7 +29,7 @@ bool EstHoteSeul(const QString& texte) {
           R"(^(\[.*\]|\d{1,3}(\.\d{1,3}){3}|localhost|.*\.(local|lan|home|internal|localdomain|box|arpa))$)"),
       QRegularExpression::CaseInsensitiveOption);
   const QRegularExpressionMatch m = kForme.match(texte);
-  if (!m.hasMatch()) return false;
+  if (!m.hasMatch() || EstDuBureau(texte)) return false;  // a camera may be called by a number there, like a port
   return !m.captured(QStringLiteral("acces")).isEmpty() || !m.captured(QStringLiteral("port")).isEmpty() ||
          kSansDoute.match(m.captured(QStringLiteral("hote"))).hasMatch();
 }
@@ -106,6 +108,8 @@ bool RessembleAUnNomStable(const QString& texte) {
 }  // namespace
 
 SourceCapture ComprendSource(const QString& texte) {
+  if (EstDuBureau(texte))
+    return {.Genre = GenreSource::kBureau, .Lieu = texte, .Utilisateur = {}, .MotDePasse = {}, .Description = texte};
   if (EstReseau(texte)) return SourceReseau(texte);
   if (EstHoteSeul(texte) && !QFileInfo::exists(texte)) return SourceHote(texte);
   SourceCapture source;
@@ -120,7 +124,9 @@ SourceCapture ComprendSource(const QString& texte) {
     source.Lieu = source.Description = QUrl(texte).toLocalFile();
   } else if (texte.isEmpty() || texte.startsWith(QLatin1String("/dev/"))) {
     source.Genre = GenreSource::kPeripherique;
-  } else if (QFileInfo(texte).isFile() || !RessembleAUnNomStable(texte)) {
+  } else if (texte.startsWith(QLatin1Char('/')) || QFileInfo(texte).isFile() || !RessembleAUnNomStable(texte)) {
+    // A whole path is a file without a look at it: it may lie on a disk that does not answer, and this is asked on the
+    // thread of the windows.
     source.Genre = GenreSource::kFichier;
   }
   return source;

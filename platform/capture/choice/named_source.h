@@ -6,6 +6,11 @@
 
 namespace vaktor {
 
+/// How the names of cameras begin that the desktop hands out; behind it stands the camera's own name there.
+inline constexpr QLatin1String kParPipeWire{"pipewire:"};
+inline constexpr QLatin1String kParLibcamera{"libcamera:"};
+bool EstDuBureau(const QString& texte);
+
 /// What stands where a password was.
 QString MarqueMotDePasse();
 
@@ -18,13 +23,13 @@ bool EstHoteSeul(const QString& texte);
 QString MasqueAdresse(const QString& adresse);
 
 /// Kinds of sources that a driver can be given.
-enum class GenreSource { kPeripherique, kReseau, kFichier, kTest };
+enum class GenreSource { kPeripherique, kReseau, kFichier, kTest, kBureau };
 
 struct SourceCapture {
   GenreSource Genre = GenreSource::kPeripherique;
   /// kPeripherique: node path or stable name, empty for the first capture driver. kReseau: the address without the
   /// credentials of its authority, or a host and port without a scheme (common_addresses.h). kFichier: the path. kTest:
-  /// empty.
+  /// empty. kBureau: kParPipeWire or kParLibcamera with the camera's name.
   QString Lieu;
   QString Utilisateur;  ///< kReseau: percent-decoded, may be empty
   QString MotDePasse;   ///< kReseau: percent-decoded; goes to the network element and nowhere else
@@ -33,10 +38,10 @@ struct SourceCapture {
   bool operator==(const SourceCapture&) const = default;
 };
 
-/// "": the first capture driver; "test"; "rtsp://", "rtsps://", "http://", "https://" addresses; "file://" addresses;
-/// a host alone that is no file; a path below /dev is a device; an existing ordinary file is a file; a text without a
-/// slash and without a suffix is the stable name of a device; anything else is taken for a file. Schemes in any letter
-/// case.
+/// "": the first capture driver; "test"; "pipewire:" and "libcamera:" with a name, a camera of the desktop's;
+/// "rtsp://", "rtsps://", "http://", "https://" addresses; "file://" addresses; a host alone that is no file; a path
+/// below /dev is a device; an existing ordinary file is a file; a text without a slash and without a suffix is the
+/// stable name of a device; anything else is taken for a file. Schemes in any letter case.
 SourceCapture ComprendSource(const QString& texte);
 
 }  // namespace vaktor

@@ -152,6 +152,13 @@ QList<ReglageCamera> AccesV4L2::Reglages(const QString& noeud) const {
   return Guichets_.Demande<QList<ReglageCamera>>(noeud, question, Limites_.Question).value_or(QList<ReglageCamera>());
 }
 
+// At a desk of its own, as a device: PipeWire may answer as little as one.
+QList<CameraBureau> AccesV4L2::CamerasDuBureau() const {
+  if (!Questions_.Bureau) return {};
+  return Guichets_.Demande<QList<CameraBureau>>(QStringLiteral("PipeWire"), Questions_.Bureau, Limites_.Liste)
+      .value_or(QList<CameraBureau>());
+}
+
 std::unique_ptr<QObject> AccesV4L2::SuitBranchements(std::function<void()> change) const {
   return std::make_unique<SuiviNoeuds>(Questions_.Dossier, std::move(change));
 }

@@ -47,6 +47,8 @@ class AccesPeripheriques {
   virtual QList<FormatCamera> Formats(const QString& noeud) const = 0;
   virtual QList<ReglageCamera> Reglages(const QString& noeud) const = 0;
   virtual bool Regle(const QString& noeud, quint32 numero, qint32 valeur) = 0;
+  /// Those that the desktop hands out, beside the devices.
+  virtual QList<CameraBureau> CamerasDuBureau() const { return {}; }
   /// Nodes that leave a question unanswered at this moment: what is empty or refused above may be so because of that.
   virtual QStringList Muets() const { return {}; }
   /// Calls `change` on this thread, out of the event loop, when cameras were plugged in or out, for as long as what it
@@ -73,7 +75,8 @@ struct QuestionsV4L2 {
   std::function<QList<FormatCamera>(const QString&)> Formats = ListeFormats;
   std::function<QList<ReglageCamera>(const QString&)> Reglages = ListeReglages;
   std::function<bool(const QString&, quint32, qint32)> Regle = AppliqueReglage;
-  QString Dossier = QStringLiteral("/dev");  ///< where the nodes come and go
+  std::function<QList<CameraBureau>()> Bureau;  ///< empty: no desktop is asked
+  QString Dossier = QStringLiteral("/dev");     ///< where the nodes come and go
 };
 
 /// The devices of this machine, asked so that none of them can hold who asks: the windows live meanwhile, and a device
@@ -103,6 +106,7 @@ class AccesV4L2 final : public AccesPeripheriques {
   QList<FormatCamera> Formats(const QString& noeud) const override;
   QList<ReglageCamera> Reglages(const QString& noeud) const override;
   bool Regle(const QString& noeud, quint32 numero, qint32 valeur) override;
+  QList<CameraBureau> CamerasDuBureau() const override;
   QStringList Muets() const override { return Guichets_.Muets(); }
   std::unique_ptr<QObject> SuitBranchements(std::function<void()> change) const override;
 

@@ -24,6 +24,7 @@ enum class TexteDialogue {
   kFormatReseau,    ///< %1: size
   kFormatFichier,   ///< %1: size
   kFormatTest,      ///< %1: size
+  kFormatBureau,    ///< %1: size
   kTailleInconnue,
   kAucunFormat,
   kApplique,
@@ -38,6 +39,7 @@ enum class TexteDialogue {
   kGroupeSource,
   kListeSources,
   kAucuneCamera,
+  kDuBureau,  ///< %1: a camera's name
   kImageEssai,
   kAdresseOuFichier,
   kEnService,  ///< mark of the source at work
@@ -61,6 +63,7 @@ enum class TexteDialogue {
   kReglagesReseau,
   kReglagesFichier,
   kReglagesTest,
+  kReglagesBureau,
   kAucunReglage,
   kPeripheriqueMuet,  ///< %1: node
   kReglageRefuse,     ///< %1: name of the control

@@ -36,6 +36,8 @@ T* Nomme(T* controle, const char* nom, const QString& legende) {
 QString Explication(const CommandesPilote& pilote, Langue langue) {
   const QString format = TexteFormat(pilote.FormatCourant(), langue);
   switch (pilote.Genre()) {
+    case GenreSource::kBureau:
+      return TexteDe(TexteDialogue::kFormatBureau, langue).arg(format);
     case GenreSource::kReseau:
       return TexteDe(TexteDialogue::kFormatReseau, langue).arg(format);
     case GenreSource::kFichier:

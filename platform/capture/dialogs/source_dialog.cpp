@@ -192,6 +192,7 @@ void DialogueSource::RemplitSources() {
   // Asked before the list is emptied: the wait for a device that does not answer may be seen.
   const QScopedValueRollback<bool> demande(Remplit_, true);
   const QList<PeripheriqueVideo> peripheriques = Acces_.Peripheriques();
+  const QList<CameraBureau> duBureau = Acces_.CamerasDuBureau();
   const QStringList muets = Acces_.Muets();
   std::optional<GenreSource> genre;  // of what is at work
   if (!EnConnexion_) genre = Pilote_.Genre();
@@ -200,8 +201,13 @@ void DialogueSource::RemplitSources() {
     const bool enService = genre == GenreSource::kPeripherique && p.Noeud == Pilote_.NoeudPeripherique();
     AjouteSource(p.Nom, QStringLiteral("%1   (%2)").arg(p.Nom, p.Noeud), p.NomStable, enService);
   }
+  for (const CameraBureau& camera : duBureau) {
+    const bool enService = genre == GenreSource::kBureau && camera.Source == Pilote_.DescriptionSource();
+    AjouteSource(camera.Nom, TexteDe(TexteDialogue::kDuBureau, Langue_).arg(camera.Nom), camera.Source, enService);
+  }
   for (const QString& noeud : muets) AjouteRemarque(TexteDe(TexteDialogue::kPeripheriqueMuet, Langue_).arg(noeud));
-  if (peripheriques.isEmpty() && muets.isEmpty()) AjouteRemarque(TexteDe(TexteDialogue::kAucuneCamera, Langue_));
+  if (peripheriques.isEmpty() && duBureau.isEmpty() && muets.isEmpty())
+    AjouteRemarque(TexteDe(TexteDialogue::kAucuneCamera, Langue_));
   const QString essai = TexteDe(TexteDialogue::kImageEssai, Langue_);
   AjouteSource(essai, essai, kTest, genre == GenreSource::kTest);
   const bool saisie = genre == GenreSource::kReseau || genre == GenreSource::kFichier;
@@ -253,6 +259,8 @@ QString DialogueSource::TexteSansReglages() const {
       return TexteDe(TexteDialogue::kReglagesFichier, Langue_);
     case GenreSource::kTest:
       return TexteDe(TexteDialogue::kReglagesTest, Langue_);
+    case GenreSource::kBureau:
+      return TexteDe(TexteDialogue::kReglagesBureau, Langue_);
     case GenreSource::kPeripherique:
       break;
   }
@@ -282,7 +290,8 @@ void DialogueSource::Parcourt() {
 
 QString DialogueSource::CompleteSaisie(const QString& saisie) const {
   if (saisie.contains(QLatin1String("://")) || saisie == kTest) return saisie;
-  if (ComprendSource(saisie).Genre == GenreSource::kReseau) return saisie;
+  const GenreSource genre = ComprendSource(saisie).Genre;
+  if (genre == GenreSource::kReseau || genre == GenreSource::kBureau) return saisie;
   QString chemin = saisie;
   if (chemin.startsWith(QLatin1String("~/"))) chemin.replace(0, 1, QDir::homePath());
   // Remembered, it must still lead there when the program is started from another folder.

@@ -75,6 +75,7 @@ RapportCameras DecritCameras(const QString& ou, const MemoireCapture& memoire, c
     case GenreSource::kPeripherique:
       break;
     case GenreSource::kReseau:
+    case GenreSource::kBureau:
       return {Ligne(QStringLiteral("Camera: "), source.Description, kChoisie), true};
     case GenreSource::kTest:
       return {QStringLiteral("Camera: the built-in picture") + kChoisie, true};

@@ -6,6 +6,7 @@
 
 #include "platform/capture/choice/common_addresses.h"
 #include "platform/capture/streams/capture_delays.h"
+#include "platform/capture/streams/desktop_cameras.h"
 #include "platform/capture/streams/reason_probe.h"
 #include "platform/capture/streams/test_picture.h"
 
@@ -82,7 +83,7 @@ bool SessionCapture::EssaieTous() {
   const auto fin = Horloge::now() + Delais::Connexion(Demande_.Source.Genre);
   const QList<DemandeFlux> candidats = Candidats();
   Raison raison;
-  if (candidats.isEmpty()) raison = Acces_.PourquoiAucune();
+  if (candidats.isEmpty()) raison = PourquoiAucun();
   for (qsizetype i = 0; i < candidats.size(); ++i) {
     const DemandeFlux& candidat = candidats.at(i);
     if (i > 0 && candidat.Udp != candidats.at(i - 1).Udp) {
@@ -174,8 +175,8 @@ void SessionCapture::Veille() {
     Note(etat == FluxImages::Etat::kFini ? QStringLiteral("at its end") : QStringLiteral("lost"));
     // Released before anything else is opened: a dead device node stays taken as long as somebody holds it.
     Flux_.reset();
-    // A device has no end of its own: one that says so was pulled out.
-    const bool enBonOrdre = etat == FluxImages::Etat::kFini && Demande_.Source.Genre != GenreSource::kPeripherique;
+    // A camera on this machine has no end of its own: one that says so was pulled out.
+    const bool enBonOrdre = etat == FluxImages::Etat::kFini && !EstUneCameraIci();
     const bool finDeFichier = enBonOrdre && Demande_.Source.Genre == GenreSource::kFichier;
     Patiente(DernierEssai_ + (finDeFichier ? Delais::kEntreLectures : Delais::Pause(0, Motif::kInconnu)));
     Rouvre(enBonOrdre);
@@ -216,6 +217,7 @@ QList<DemandeFlux> SessionCapture::Candidats() {
   DemandeFlux demande;
   demande.Source = Connue_ ? Connue_->Source : Demande_.Source;
   if (demande.Source.Genre == GenreSource::kPeripherique) return CandidatsPeripherique(demande);
+  if (demande.Source.Genre == GenreSource::kBureau && !EstDonneeParLeBureau(demande.Source.Lieu)) return {};
   const QList<DemandeFlux> parHote = CandidatsReseau(demande.Source);
   if (parHote.size() > 1) return parHote;
   if (!demande.Source.Lieu.startsWith(QLatin1String("rtsp"))) return {demande};
@@ -223,6 +225,22 @@ QList<DemandeFlux> SessionCapture::Candidats() {
   DemandeFlux parUdp = demande;
   parUdp.Udp = true;
   return Connue_ && Connue_->Udp ? QList{parUdp, demande} : QList{demande, parUdp};
+}
+
+// Asked before it is opened: PipeWire keeps whoever wants a camera that it does not have waiting for half a minute.
+bool SessionCapture::EstDonneeParLeBureau(const QString& lieu) const {
+  const QList<CameraBureau> cameras = Acces_.CamerasDuBureau();
+  return std::any_of(cameras.begin(), cameras.end(), [&](const CameraBureau& c) { return c.Source == lieu; });
+}
+
+Raison SessionCapture::PourquoiAucun() const {
+  if (Demande_.Source.Genre != GenreSource::kBureau) return Acces_.PourquoiAucune();
+  return PourquoiPasDuBureau(Demande_.Source.Lieu);
+}
+
+bool SessionCapture::EstUneCameraIci() const {
+  const GenreSource genre = Demande_.Source.Genre;
+  return genre == GenreSource::kPeripherique || genre == GenreSource::kBureau;
 }
 
 // A host without a path: what the common makers call theirs, each within its connection. Whoever refuses one of them,

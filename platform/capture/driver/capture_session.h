@@ -93,6 +93,9 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   FluxImages::Etat VeilleFlux();
   std::optional<Raison> Essaie(const DemandeFlux& demande, Horloge::time_point limite, Horloge::time_point fin,
                                bool seuleAdresse);
+  bool EstDonneeParLeBureau(const QString& lieu) const;
+  Raison PourquoiAucun() const;
+  bool EstUneCameraIci() const;
   Raison Approfondit(const Raison& raison) const;
   void Retient(const Raison& raison);
   QList<DemandeFlux> Candidats();

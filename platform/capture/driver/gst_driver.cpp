@@ -8,6 +8,7 @@
 #include "platform/capture/dialogs/format_dialog.h"
 #include "platform/capture/dialogs/source_dialog.h"
 #include "platform/capture/streams/capture_delays.h"
+#include "platform/capture/streams/desktop_cameras.h"
 #include "platform/capture/streams/gst_setup.h"
 #include "platform/widgets/live_wait.h"
 #include "texts/language.h"
@@ -39,6 +40,12 @@ bool PiloteGStreamer::Connecte() {
   const quint64 tour = Tour_ + 1;
   if (Ouvre(DemandeVoulue(), Gestes::kLaisse)) return true;
   return Tour_ == tour && ProposeSources();
+}
+
+QuestionsV4L2 PiloteGStreamer::Questions() {
+  QuestionsV4L2 questions;
+  questions.Bureau = ListeCamerasBureau;
+  return questions;
 }
 
 void PiloteGStreamer::ConnecteSansAttendre() {
@@ -76,7 +83,7 @@ bool PiloteGStreamer::ProposeSources() {
     const std::optional<PeripheriqueVideo> elle = Acces_.Choisit(retenue);
     QList<PeripheriqueVideo> autres = Acces_.Peripheriques();
     autres.removeIf([&](const PeripheriqueVideo& p) { return elle && p.Noeud == elle->Noeud; });
-    if (autres.isEmpty()) return false;
+    if (autres.isEmpty() && Acces_.CamerasDuBureau().isEmpty()) return false;
   }
   const Raison raison = Raison_;
   DialogueSource question(Parent_, Langue_(), *this, Memoire_, Acces_);
@@ -134,7 +141,7 @@ void PiloteGStreamer::LanceSession(SessionCapture::Demande demande) {
   Reprises_ = 0;
   EstReprise_ = false;
   Raison_ = {};
-  Session_ = SessionCapture::Lance(std::move(demande));
+  Session_ = SessionCapture::Lance(std::move(demande), SessionCapture::FabriqueReelle(), Questions());
   Session_->Derniere().RelieSonnette(Ecoute_.Sonnette());
 }
 

@@ -58,6 +58,7 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   Raison Pourquoi() const override;
 
  private:
+  static QuestionsV4L2 Questions();
   bool Ouvre(SessionCapture::Demande demande, Gestes gestes);
   void LanceSession(SessionCapture::Demande demande);
   bool ProposeSources();
@@ -77,8 +78,9 @@ class PiloteGStreamer : public PiloteCapture, public CommandesPilote {
   std::function<Langue()> Langue_;
   QPointer<QWidget> Parent_;
   const std::function<void(const QString&)> Note_;
-  AccesV4L2 Acces_;       // the dialogs'; here, because which devices hang is to be known from one to the next
-  SourceCapture Source_;  // of the session: being tried, or at work
+  // The dialogs'; here, because which devices hang is to be known from one to the next.
+  AccesV4L2 Acces_{Questions(), {}};
+  SourceCapture Source_;                     // of the session: being tried, or at work
   std::shared_ptr<SessionCapture> Session_;  // null: the signal is lost
   // What has given frames since the camera was switched on, so that it can be had back. A session that is only being
   // tried never stands here.

@@ -1,10 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/capture/streams/gst_stream.h"
 
+#include <unistd.h>
+
 #include <QUrl>
+#include <utility>
 
 #include "engine/signal_loss.h"
 #include "platform/capture/frames/pixel_conversion.h"
+#include "platform/capture/streams/desktop_cameras.h"
 #include "platform/capture/streams/gst_setup.h"
 #include "platform/capture/streams/reason_probe.h"
 
@@ -81,6 +85,8 @@ bool FluxGStreamer::MonteSource() {
       return MonteReseau();
     case GenreSource::kFichier:
       return MonteFichier();
+    case GenreSource::kBureau:
+      return MonteBureau();
     case GenreSource::kTest:
       break;
   }
@@ -122,6 +128,16 @@ bool FluxGStreamer::MonteFichier() {
   if (source == nullptr || decodage == nullptr) return false;
   FixeTexte(source, "location", Demande_.Source.Lieu);
   return gst_element_link(source, decodage) != FALSE;
+}
+
+bool FluxGStreamer::MonteBureau() {
+  const ElementBureau bureau = FabriqueCameraBureau(Demande_.Source.Lieu);
+  if (bureau.Element == nullptr) return false;
+  Descripteur_ = bureau.Descripteur;
+  gst_bin_add(GST_BIN(Pipeline_.get()), bureau.Element);
+  GstElement* decodage = AjouteDecodage();
+  const PtrGst<GstCaps> caps(CapsDuBureau());
+  return decodage != nullptr && gst_element_link_filtered(bureau.Element, decodage, caps.get()) != FALSE;
 }
 
 bool FluxGStreamer::MonteReseau() {
@@ -259,6 +275,7 @@ void FluxGStreamer::NoteRaison(const Raison& raison) {
 // GStreamer tells of a device and of a file only that they cannot be opened.
 void FluxGStreamer::DemandePourquoi() {
   if (Demande_.Source.Genre == GenreSource::kPeripherique) NoteRaison(SondeOuverture(Demande_.Noeud, true));
+  if (Demande_.Source.Genre == GenreSource::kBureau) NoteRaison(PourquoiPasDuBureau(Demande_.Source.Lieu));
   if (Demande_.Source.Genre == GenreSource::kFichier) NoteRaison(SondeOuverture(Demande_.Source.Lieu, false));
 }
 
@@ -311,6 +328,8 @@ void FluxGStreamer::Ferme() {
   Pipeline_.reset();
   Puits_ = nullptr;
   Decodage_ = nullptr;
+  // Not before: by its number the plugin knows one connection from another.
+  if (Descripteur_ >= 0) ::close(std::exchange(Descripteur_, -1));
 }
 
 }  // namespace vaktor

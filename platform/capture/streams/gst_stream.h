@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// A stream through GStreamer: a device, a network camera or a video file.
+// A stream through GStreamer: a device, a camera of the desktop or of the network, or a video file.
 #pragma once
 
 #include <atomic>
@@ -38,6 +38,7 @@ class FluxGStreamer : public FluxImages {
   bool MonteReseau();
   bool MonteRtsp();
   bool MonteFichier();
+  bool MonteBureau();
   bool MonteSource();
   GstElement* Ajoute(const char* fabrique);
   GstElement* AjouteDecodage();
@@ -65,6 +66,7 @@ class FluxGStreamer : public FluxImages {
   PtrGst<GstBus> Bus_;
   GstElement* Puits_ = nullptr;       // the pipeline's
   GstElement* Decodage_ = nullptr;    // the pipeline's; rtsp only
+  int Descripteur_ = -1;              // kBureau: the connection to PipeWire, while the pipeline lives
   std::atomic<bool> Decrit_ = false;  // rtsp: the camera has told what it sends
   std::atomic<bool> Recoit_ = false;  // from the network: something came
   std::atomic<bool> Relie_ = false;

@@ -11,7 +11,7 @@ namespace {
 
 TEST(Raison, EachIsASentenceOfItsOwnInEveryLanguage) {
   QSet<QString> vues;
-  for (int i = 0; i <= static_cast<int>(Motif::kFichierAbsent); ++i) {
+  for (int i = 0; i <= static_cast<int>(Motif::kAbimee); ++i) {
     for (const Langue langue : kLangues) {
       const QString phrase = DitRaison({static_cast<Motif>(i), QStringLiteral("detail")}, langue);
       EXPECT_TRUE(phrase.endsWith(u'.')) << qUtf8Printable(phrase);
@@ -50,6 +50,10 @@ TEST(Raison, TheWordsAreThoseOfTheReason) {
   EXPECT_TRUE(dit(Motif::kOccupee).contains("Another program"));
   EXPECT_TRUE(dit(Motif::kAbsente).contains("plugged"));
   EXPECT_TRUE(dit(Motif::kFichierAbsent).contains("file"));
+  EXPECT_TRUE(dit(Motif::kMemoire).contains("chosen"));
+  EXPECT_TRUE(dit(Motif::kPasDuBureau).contains("desktop"));
+  EXPECT_TRUE(dit(Motif::kSansGreffon).contains("install"));
+  EXPECT_TRUE(dit(Motif::kAbimee).contains("damaged"));
 }
 
 }  // namespace

@@ -18,6 +18,24 @@ TEST_F(SourceTest, ListsTheDevicesTheTestPictureAndAFieldForTheRest) {
   EXPECT_EQ(Controle<QListWidget>("ListeSources")->currentRow(), 0);
 }
 
+TEST_F(SourceTest, ACameraOfTheDesktopIsOpenedByItsNameThereAndRemembered) {
+  Acces_.DuBureau_ = {{"Front door", "pipewire:door"}};
+  Pilote_.ApresSource_ = [this](const QString& source) {
+    Pilote_.Genre_ = GenreSource::kBureau;
+    Pilote_.Noeud_.clear();
+    Pilote_.Description_ = source;
+  };
+  Ouvre();
+  EXPECT_EQ(Lignes().at(2), "Front door   (through the desktop)");
+  CliqueSource(2);
+  Clique("BtnUtiliser");
+  EXPECT_EQ(Pilote_.Sources_, QStringList{"pipewire:door"});
+  EXPECT_EQ(Memoire_.Source(), "pipewire:door");
+  EXPECT_TRUE(Lignes().at(2).endsWith("at work"));
+  EXPECT_FALSE(Lignes().at(0).endsWith("at work"));
+  EXPECT_TRUE(ToutTexte().contains("The desktop shares this camera"));
+}
+
 TEST_F(SourceTest, AnotherDeviceIsOpenedByItsStableNameAndRemembered) {
   Pilote_.ApresSource_ = [this](const QString&) {
     Pilote_.Noeud_ = "/dev/video2";

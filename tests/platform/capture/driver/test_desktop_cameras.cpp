@@ -1,0 +1,152 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Cameras behind PipeWire, on a session of the test's own: listed, opened, gone and back. Where PipeWire, its session
+// manager or GStreamer's plugin for it are not installed nothing of that can be tried.
+#include <QElapsedTimer>
+#include <QThread>
+
+#include "platform/capture/devices/device_access.h"
+#include "platform/capture/streams/desktop_cameras.h"
+#include "support/driver_fixture.h"
+#include "support/private_pipewire.h"
+
+namespace vaktor {
+namespace {
+
+using namespace std::chrono_literals;
+
+const CameraBureau kPorte{QStringLiteral("Porte"), QStringLiteral("pipewire:essai")};
+const CameraBureau kCour{QStringLiteral("Cour"), QStringLiteral("pipewire:autre")};
+
+class CameraDuBureau : public PiloteSurSource {
+ protected:
+  void SetUp() override {
+    const QString manque = essai::PipeWirePrive::Manque();
+    if (!manque.isEmpty()) GTEST_SKIP() << manque.toStdString() << " is not installed (scripts/packages-test.txt)";
+    PipeWire_.Lance();
+    BranchePorte();
+  }
+  void TearDown() override { Pilote_.reset(); }
+  void BranchePorte() {
+    PipeWire_.Branche(QStringLiteral("essai"), kPorte.Nom, {320, 240});
+    ASSERT_TRUE(Attend([] { return ListeCamerasBureau().contains(kPorte); })) << "PipeWire knows of the camera";
+  }
+  void BrancheCour() {
+    PipeWire_.Branche(QStringLiteral("autre"), kCour.Nom, {160, 120});
+    ASSERT_TRUE(Attend([] { return ListeCamerasBureau().contains(kCour); }));
+  }
+  template <typename Quoi>
+  static bool Attend(Quoi quoi) {
+    QElapsedTimer depuis;
+    depuis.start();
+    while (!quoi() && depuis.elapsed() < 20'000) QThread::msleep(50);
+    return quoi();
+  }
+
+  essai::PipeWirePrive PipeWire_;
+};
+
+TEST_F(CameraDuBureau, IsListedByItsNameAndOpenedByThatWhichStays) {
+  EXPECT_EQ(ListeCamerasBureau(), QList<CameraBureau>{kPorte});
+  ASSERT_TRUE(Connecte(kPorte.Source)) << qUtf8Printable(Pilote_->Explication());
+  EXPECT_EQ(Pilote_->Genre(), GenreSource::kBureau);
+  ASSERT_TRUE(SaisitProchaine(*Pilote_));
+  EXPECT_EQ(Pilote_->CopieTrame().Taille(), QSize(320, 240));
+  EXPECT_GE(Recueille(3000).Images, 10);
+}
+
+// The plugin's list of cameras and its pictures share a connection unless each has its own: the second question then
+// never ended.
+TEST_F(CameraDuBureau, IsListedAgainAndAgainWhileItIsAtWork) {
+  BrancheCour();
+  ASSERT_TRUE(Connecte(kPorte.Source));
+  for (int i = 0; i < 4; ++i) {
+    const QList<CameraBureau> cameras = ListeCamerasBureau();
+    EXPECT_TRUE(cameras.contains(kPorte) && cameras.contains(kCour));
+    EXPECT_GE(Recueille(600).Images, 1);
+  }
+}
+
+TEST_F(CameraDuBureau, LeavesNothingOpenBehindIt) {
+  ASSERT_TRUE(Connecte(kPorte.Source));
+  Pilote_->Deconnecte();
+  const int avant = Compte("/proc/self/fd");
+  for (int i = 0; i < 3; ++i) {
+    ASSERT_TRUE(Connecte(kPorte.Source));
+    Pilote_->Deconnecte();
+  }
+  EXPECT_LE(Compte("/proc/self/fd"), avant + 1);
+}
+
+// The watch goes blind and says so. It is not handed another place to look at, though that camera is free.
+TEST_F(CameraDuBureau, ThatGoesIsALostSignalAndNoOtherCameraAndComesBackByItself) {
+  BrancheCour();
+  ASSERT_TRUE(Connecte(kPorte.Source));
+  PipeWire_.Debranche(QStringLiteral("essai"));
+  ASSERT_TRUE(AttendSignalPerdu(true, 20'000));
+  const Recolte recolte = Recueille(4000);
+  EXPECT_EQ(recolte.Images, 0);
+  EXPECT_TRUE(Attend([this] { return Pilote_->Explication().contains(QLatin1String("does not hand out")); }));
+  BranchePorte();
+  EXPECT_TRUE(AttendSignalPerdu(false, 40'000));
+  EXPECT_EQ(Pilote_->CopieTrame().Taille(), QSize(320, 240));
+}
+
+TEST_F(CameraDuBureau, ThatIsNotThereIsToldSoAtOnceAndNoOtherIsTaken) {
+  QElapsedTimer depuis;
+  depuis.start();
+  EXPECT_FALSE(Connecte(QStringLiteral("pipewire:autre")));
+  EXPECT_EQ(Pilote_->Pourquoi().Quoi, Motif::kPasDuBureau);
+  EXPECT_LT(depuis.elapsed(), 8000) << "PipeWire would keep it waiting for half a minute";
+}
+
+TEST_F(CameraDuBureau, WithoutPipeWireIsToldSo) {
+  PipeWire_.Arrete();
+  EXPECT_TRUE(ListeCamerasBureau().isEmpty());
+  EXPECT_FALSE(Connecte(kPorte.Source));
+  EXPECT_EQ(Pilote_->Pourquoi().Quoi, Motif::kPasDuBureau);
+}
+
+// A PipeWire that answers nobody holds neither the dialogs nor the connection.
+TEST_F(CameraDuBureau, OfAPipeWireThatHangsHoldsNobodyUp) {
+  PipeWire_.Fige();
+  const AccesV4L2 acces({.Noeuds = [] { return QStringList(); }, .Bureau = ListeCamerasBureau},
+                        {.Liste = 300ms, .Question = 300ms});
+  QElapsedTimer depuis;
+  depuis.start();
+  EXPECT_TRUE(acces.CamerasDuBureau().isEmpty());
+  EXPECT_EQ(acces.Muets(), QStringList("PipeWire"));
+  EXPECT_FALSE(Connecte(kPorte.Source));
+  EXPECT_LT(depuis.elapsed(), 12'000);
+  PipeWire_.Degele();
+  EXPECT_TRUE(Attend([&] { return acces.Muets().isEmpty(); }));
+  EXPECT_EQ(acces.CamerasDuBureau(), QList<CameraBureau>{kPorte});
+}
+
+// A camera that the kernel gives a node has its place in the list by that.
+TEST_F(CameraDuBureau, WithANodeOfItsOwnIsLeftOut) {
+  PipeWire_.Branche(QStringLiteral("usb"), QStringLiteral("USB"), {160, 120}, QStringLiteral(",device.api=v4l2"));
+  BrancheCour();
+  QThread::msleep(1000);
+  const QList<CameraBureau> cameras = ListeCamerasBureau();
+  EXPECT_EQ(cameras.size(), 2);
+  EXPECT_FALSE(cameras.contains(CameraBureau{QStringLiteral("USB"), QStringLiteral("pipewire:usb")}));
+}
+
+// What the dialogs ask is asked on a thread of its own.
+TEST(CamerasDuBureau, AreWaitedForNoLongerThanDevices) {
+  QuestionsV4L2 questions;
+  questions.Noeuds = [] { return QStringList(); };
+  questions.Bureau = [] {
+    QThread::msleep(3000);
+    return QList<CameraBureau>{kPorte};
+  };
+  const AccesV4L2 acces(questions, {.Liste = 200ms, .Question = 200ms});
+  QElapsedTimer depuis;
+  depuis.start();
+  EXPECT_TRUE(acces.CamerasDuBureau().isEmpty());
+  EXPECT_LT(depuis.elapsed(), 2000);
+  EXPECT_EQ(acces.Muets(), QStringList("PipeWire"));
+}
+
+}  // namespace
+}  // namespace vaktor
