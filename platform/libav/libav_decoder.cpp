@@ -101,8 +101,7 @@ GstFlowReturn RefuseFormat(DecodeurLibav* soi, const char* pourquoi) {
   return GST_FLOW_ERROR;
 }
 
-// The codec keeps to the limit by itself, whatever its stream says later: it then gives no picture. Only what is told
-// beforehand can be told on.
+// What is told beforehand. The codec keeps to the limit by itself, whatever its stream says later.
 bool EstTropGrande(const DecodeurLibav* soi, const GstVideoInfo& annonce) {
   return gint64{GST_VIDEO_INFO_WIDTH(&annonce)} * GST_VIDEO_INFO_HEIGHT(&annonce) > soi->PixelsMax;
 }
@@ -181,6 +180,14 @@ GstFlowReturn LivreTout(DecodeurLibav* soi) {
   return suite;
 }
 
+// A codec that has read a size which it may not have says so in no other way: it forgets its size, or keeps it and has
+// no picture. What comes damaged on the way, behind pictures that were good, is let pass.
+bool ARefuseSaTaille(const DecodeurLibav* soi, int largeurAvant) {
+  if (soi->Largeur > 0) return false;
+  const gint64 pixels = gint64{soi->Contexte->width} * soi->Contexte->height;
+  return pixels > soi->PixelsMax || (largeurAvant > 0 && soi->Contexte->width == 0);
+}
+
 GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
   DecodeurLibav* soi = Soi(decodeur);
   if (soi->Contexte == nullptr || !RemplitPaquet(*soi->Paquet, image->input_buffer)) {
@@ -188,14 +195,18 @@ GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
   }
   // The number instead of a time: it finds the entry of this picture again, however the order changes.
   soi->Paquet->pts = image->system_frame_number;
+  const int largeurAvant = soi->Contexte->width;
   int reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
   GstFlowReturn suite = GST_FLOW_OK;
   if (reponse == AVERROR(EAGAIN)) {
     suite = LivreTout(soi);
     reponse = Libav()->avcodec_send_packet(soi->Contexte, soi->Paquet);
   }
-  // A damaged packet gives no picture; the next good one goes on.
-  if (reponse < 0) return gst_video_decoder_drop_frame(decodeur, image);
+  if (reponse < 0) {
+    // A damaged packet gives no picture; the next good one goes on.
+    const GstFlowReturn laissee = gst_video_decoder_drop_frame(decodeur, image);
+    return ARefuseSaTaille(soi, largeurAvant) ? RefuseFormat(soi, "a picture of too many pixels") : laissee;
+  }
   gst_video_codec_frame_unref(image);
   return suite == GST_FLOW_OK ? LivreTout(soi) : suite;
 }

@@ -46,11 +46,13 @@ QSize DecodeurJpeg::LitEntete(std::span<const quint8> jpeg) {
   int hauteur = 0;
   int sousEchantillon = 0;
   int couleurs = 0;
+  TropGrande_ = false;
   if (Turbo_ == nullptr || jpeg.empty()) return {};
   if (tjDecompressHeader3(Turbo_, jpeg.data(), jpeg.size(), &largeur, &hauteur, &sousEchantillon, &couleurs) != 0 &&
       tjGetErrorCode(Turbo_) != TJERR_WARNING)
     return {};
-  if (largeur <= 0 || hauteur <= 0 || qint64{largeur} * hauteur > kPixelsMaximum) return {};
+  TropGrande_ = qint64{largeur} * hauteur > kPixelsMaximum;
+  if (largeur <= 0 || hauteur <= 0 || TropGrande_) return {};
   FixePlans({largeur, hauteur}, sousEchantillon, couleurs);
   return {largeur, hauteur};
 }

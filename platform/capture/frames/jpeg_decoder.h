@@ -21,6 +21,8 @@ class DecodeurJpeg {
 
   /// Size that the header tells; empty when there is no header or it names a picture of more than 64 million pixels.
   QSize Taille(std::span<const quint8> jpeg);
+  /// Whether it was for that reason that Taille last told none.
+  bool EtaitTropGrande() const { return TropGrande_; }
   /// Into `image` of just that size, Format_RGB32, nobody else holding it: bytes B, G, R, 0xff. False for a damaged
   /// picture: half a frame would look like movement. Filling bytes between the parts of a picture are no damage in
   /// themselves, but the sign of it: they pass only when the camera has given them in every one of 10 frames.
@@ -51,6 +53,7 @@ class DecodeurJpeg {
 
   void* Turbo_;
   int RemplissagesDeSuite_ = 0;
+  bool TropGrande_ = false;
   Plans Plans_;
 };
 

@@ -38,6 +38,8 @@ GstElement* ReceptionImages::FabriquePuits() {
   GstElement* puits = gst_element_factory_make("appsink", nullptr);
   if (puits == nullptr) return nullptr;
   Forme_ = FormeImage();
+  Abimees_ = false;
+  Livree_ = false;
   const PtrGst<GstCaps> caps = CapsAcceptes();
   g_object_set(puits, "caps", caps.get(), "sync", Options_.ALHeure ? TRUE : FALSE, "max-buffers", 1U, "qos", FALSE,
                "enable-last-sample", FALSE, "wait-on-eos", FALSE, nullptr);
@@ -64,6 +66,7 @@ GstPadProbeReturn ReceptionImages::SuitEtiquettes(GstPad*, GstPadProbeInfo* info
 GstFlowReturn ReceptionImages::Recoit(GstAppSink* puits) {
   const PtrGst<GstSample> echantillon(gst_app_sink_pull_sample(puits));
   if (!echantillon) return GST_FLOW_EOS;
+  Puits_ = GST_ELEMENT(puits);
   try {
     Traite(echantillon.get());
   } catch (const std::exception&) {
@@ -80,6 +83,7 @@ void ReceptionImages::Traite(GstSample* echantillon) {
   if (caps != Caps_.get()) LitCaps(caps);
   Espace(tampon);
   // The driver marks a frame that it could not fill; it is no picture of anything.
+  Abimees_ = true;
   if (GST_BUFFER_FLAG_IS_SET(tampon, GST_BUFFER_FLAG_CORRUPTED)) return;
   if (Brut_) {
     TraiteBrut(tampon);
@@ -127,7 +131,14 @@ void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
 
 void ReceptionImages::TraiteJpeg(std::span<const quint8> jpeg) {
   const QSize taille = Jpeg_.Taille(jpeg);
-  if (!taille.isEmpty()) Livre(DecodeJpeg(jpeg, taille), taille);
+  if (!taille.isEmpty()) return Livre(DecodeJpeg(jpeg, taille), taille);
+  if (Jpeg_.EtaitTropGrande() && !Livree_) RefuseTaille();
+}
+
+// Told at once, as decoders do of other codings; behind pictures that were good it is one that came damaged.
+void ReceptionImages::RefuseTaille() {
+  gst_element_message_full(Puits_, GST_MESSAGE_ERROR, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT,
+                           g_strdup("a picture of too many pixels"), nullptr, __FILE__, __func__, __LINE__);
 }
 
 ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg, QSize taille) {
@@ -204,6 +215,7 @@ void ReceptionImages::Livre(const ImageCamera& image, QSize taille) {
     Format_.Hauteur = taille.height();
     Fraiche_.FixeFormat(Format_);
   }
+  Livree_ = true;
   Fraiche_.Depose(image);
 }
 

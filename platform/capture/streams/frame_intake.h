@@ -5,6 +5,7 @@
 #include <gst/app/gstappsink.h>
 #include <gst/video/video.h>
 
+#include <atomic>
 #include <optional>
 
 #include "platform/capture/frames/jpeg_decoder.h"
@@ -29,12 +30,15 @@ class ReceptionImages {
   /// The sink, floating: the pipeline that takes it owns it. Accepts the raw formats of pixel_conversion.h and
   /// JPEG.
   GstElement* FabriquePuits();
+  /// Pictures have come, and not one that could be looked at: damaged, all of them. Any thread.
+  bool NeRecoitQueDesAbimees() const { return Abimees_ && !Livree_; }
 
  private:
   GstFlowReturn Recoit(GstAppSink* puits);
   void Traite(GstSample* echantillon);
   void TraiteJpeg(GstBuffer* tampon);
   void TraiteJpeg(std::span<const quint8> jpeg);
+  void RefuseTaille();
   ImageCamera DecodeJpeg(std::span<const quint8> jpeg, QSize taille);
   void TraiteBrut(GstBuffer* tampon);
   ImageCamera GardePlans(GstBuffer* tampon);
@@ -57,6 +61,9 @@ class ReceptionImages {
   std::vector<quint8> Copie_;
   FormeImage Forme_;
   DecodeurJpeg Jpeg_;
+  GstElement* Puits_ = nullptr;        // the pipeline's, while a frame of it is here
+  std::atomic<bool> Abimees_ = false;  // of this opening
+  std::atomic<bool> Livree_ = false;
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;
   FormatCamera Format_;

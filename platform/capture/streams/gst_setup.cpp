@@ -10,6 +10,7 @@
 
 #include "platform/capture/choice/codings.h"
 #include "platform/capture/choice/fitted_size.h"
+#include "platform/capture/streams/stream_size.h"
 #include "platform/libav/libav_decoder.h"
 
 namespace vaktor {
@@ -118,6 +119,10 @@ int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gp
 void RegleElement(GstBin*, GstElement* element, gpointer) {
   if (EstDeFabrique(element, "multipartdemux")) g_object_set(element, "single-stream", TRUE, nullptr);
   if (EstDeFabrique(element, "vaktorlibav")) g_object_set(element, "max-pixels", gint64{kPixelsMaximum}, nullptr);
+  if (GstElementFactory* fabrique = gst_element_get_factory(element); fabrique && EstDecodeurEtranger(fabrique)) {
+    // What the film is packed in has told a size that can be held; what the pictures tell is another matter.
+    GardeEntree(element);
+  }
   for (const char* propriete : {"max-threads", "threads", "n-threads"}) {
     const GParamSpec* sorte = g_object_class_find_property(G_OBJECT_GET_CLASS(element), propriete);
     if (sorte == nullptr || (sorte->flags & G_PARAM_WRITABLE) == 0) continue;

@@ -272,6 +272,11 @@ void FluxGStreamer::NoteRaison(const Raison& raison) {
   if (Raison_.Quoi == Motif::kInconnu) Raison_ = raison;
 }
 
+Raison FluxGStreamer::Pourquoi() const {
+  if (Raison_.Quoi != Motif::kInconnu || !Reception_.NeRecoitQueDesAbimees()) return Raison_;
+  return {Motif::kAbimee, {}};
+}
+
 // GStreamer tells of a device and of a file only that they cannot be opened.
 void FluxGStreamer::DemandePourquoi() {
   if (Demande_.Source.Genre == GenreSource::kPeripherique) NoteRaison(SondeOuverture(Demande_.Noeud, true));

@@ -31,7 +31,7 @@ class FluxGStreamer : public FluxImages {
   Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override;
   bool EstDecrit() const override { return Decrit_; }
   bool Recoit() const override { return Recoit_; }
-  Raison Pourquoi() const override { return Raison_; }
+  Raison Pourquoi() const override;
 
  private:
   bool MontePeripherique();
