@@ -40,6 +40,7 @@ GstElement* ReceptionImages::FabriquePuits() {
   Forme_ = FormeImage();
   Abimees_ = false;
   Livree_ = false;
+  TropGrande_ = false;
   const PtrGst<GstCaps> caps = CapsAcceptes();
   g_object_set(puits, "caps", caps.get(), "sync", Options_.ALHeure ? TRUE : FALSE, "max-buffers", 1U, "qos", FALSE,
                "enable-last-sample", FALSE, "wait-on-eos", FALSE, nullptr);
@@ -137,6 +138,7 @@ void ReceptionImages::TraiteJpeg(std::span<const quint8> jpeg) {
 
 // Told at once, as decoders do of other codings; behind pictures that were good it is one that came damaged.
 void ReceptionImages::RefuseTaille() {
+  TropGrande_ = true;
   gst_element_message_full(Puits_, GST_MESSAGE_ERROR, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT,
                            g_strdup("a picture of too many pixels"), nullptr, __FILE__, __func__, __LINE__);
 }

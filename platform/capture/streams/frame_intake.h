@@ -32,6 +32,9 @@ class ReceptionImages {
   GstElement* FabriquePuits();
   /// Pictures have come, and not one that could be looked at: damaged, all of them. Any thread.
   bool NeRecoitQueDesAbimees() const { return Abimees_ && !Livree_; }
+  /// One was refused for its size, which is posted as an error too: a film may be at its end before that is read. Any
+  /// thread.
+  bool ARefuseUneTaille() const { return TropGrande_; }
 
  private:
   GstFlowReturn Recoit(GstAppSink* puits);
@@ -64,6 +67,7 @@ class ReceptionImages {
   GstElement* Puits_ = nullptr;        // the pipeline's, while a frame of it is here
   std::atomic<bool> Abimees_ = false;  // of this opening
   std::atomic<bool> Livree_ = false;
+  std::atomic<bool> TropGrande_ = false;
   PtrGst<GstCaps> Caps_;
   std::optional<GstVideoInfo> Brut_;
   FormatCamera Format_;

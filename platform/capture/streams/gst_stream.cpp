@@ -273,7 +273,9 @@ void FluxGStreamer::NoteRaison(const Raison& raison) {
 }
 
 Raison FluxGStreamer::Pourquoi() const {
-  if (Raison_.Quoi != Motif::kInconnu || !Reception_.NeRecoitQueDesAbimees()) return Raison_;
+  if (Raison_.Quoi != Motif::kInconnu) return Raison_;
+  if (Reception_.ARefuseUneTaille()) return {Motif::kSansDecodeur, {}};
+  if (!Reception_.NeRecoitQueDesAbimees()) return {};
   return {Motif::kAbimee, {}};
 }
 
