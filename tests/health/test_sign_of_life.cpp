@@ -181,6 +181,15 @@ TEST_F(Signe, AnHourThatPassedWhileNobodyHadArmedIsNotMadeUpForHoursLater) {
   EXPECT_EQ(Depot.Deposes.size(), 0);
 }
 
+TEST_F(Signe, AnHourThatCameWhileNobodyHadArmedWasNotPassedOver) {
+  Temps.Avance(kMinute);
+  Armee = false;
+  Temps.Avance(6 * kHeure);
+  Armee = true;
+  Temps.Avance(kHeure);
+  EXPECT_EQ(Depot.Deposes.size(), 0);
+}
+
 TEST_F(Signe, AnHourThatIsChosenWhenItIsOverIsThatOfTomorrow) {
   Reglages.HeureSigneDeVie = -1;
   Temps.Avance(6 * kHeure);
