@@ -14,6 +14,7 @@
 #include "fakes/surveillance_bench.h"
 #include "image/forms/form_monitor.h"
 #include "image/forms/webcam_pecran.h"
+#include "image/monitor_words.h"
 
 // What a screen reader is told. The offscreen platform has none, and Qt drops what one would be told before any handler
 // could see it: so the test stands in the place of the function through which all of it goes.
@@ -182,6 +183,17 @@ TEST_F(Moniteur, KeysGoToThePictureAndOpenItsMenu) {
   EXPECT_EQ(Menu->activeAction(), Menu->actions().first());
   EXPECT_EQ(Menu->activeAction()->text(), QStringLiteral("Full screen"));
   Menu->close();
+}
+
+TEST_F(Moniteur, OnlyAZoneThatReachesAllFourEdgesIsTheWholePicture) {
+  const auto dit = [](const ZoneDetection& zone) { return DitZone(Langue::kAnglais, zone, QSize(64, 48)); };
+  for (const ZoneDetection& zone :
+       {ZoneDetection{0, 64, 0, 48}, ZoneDetection{1, 64, 1, 48}, ZoneDetection{0, 70, 0, 50}})
+    EXPECT_EQ(dit(zone), QStringLiteral("Zone: the whole picture"));
+  EXPECT_EQ(dit({0, 64, 0, 24}), QStringLiteral("Zone: left 0, top 0, width 64, height 24, of 64x48"));
+  EXPECT_EQ(dit({0, 32, 0, 48}), QStringLiteral("Zone: left 0, top 0, width 32, height 48, of 64x48"));
+  EXPECT_EQ(dit({2, 64, 0, 48}), QStringLiteral("Zone: left 2, top 0, width 62, height 48, of 64x48"));
+  EXPECT_EQ(dit({0, 64, 2, 48}), QStringLiteral("Zone: left 0, top 2, width 64, height 46, of 64x48"));
 }
 
 TEST_F(Moniteur, PictureSaysItsNoticeWhereTheZoneLiesAndWhatTheKeysDo) {

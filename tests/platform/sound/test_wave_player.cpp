@@ -89,6 +89,16 @@ TEST(WavePlayer, OutputThatIsNotInstalledIsSilent) {
   lecteur.Joue(Son(4));
 }
 
+// What the thread was given is let go when it ends.
+TEST(WavePlayer, TheEndOfThePlayerIsThatOfItsThread) {
+  const auto temoin = std::make_shared<int>(0);
+  {
+    LecteurGStreamer lecteur(QStringLiteral("fakesink sync=true"), [temoin] { return true; });
+    lecteur.Joue(Son(4));
+  }
+  EXPECT_TRUE(Attend([&] { return temoin.use_count() == 1; }));
+}
+
 // As one does that asks a sound server which hangs.
 TEST(WavePlayer, ASoundSystemThatHangsKeepsItsThreadAndNotTheProgram) {
   struct Panne {

@@ -107,6 +107,22 @@ TEST_F(EveilReel, ARefusalComesWithTheWordsOfTheLoginManager) {
   EXPECT_EQ(Mots, QStringLiteral("Permission denied"));
 }
 
+// Without the event loop, so that the first answer still lies there when the second request is made.
+TEST_F(EveilReel, TheAnswerToWhatWasGivenBackIsNotTakenForThatOfTheNextRequest) {
+  BusPrive bus;
+  bus.LanceLogin1();
+  Relie({bus.Adresse(), kNullePart});
+  Machine->Demande([](ReponseEveil, const QString&) {});
+  for (int i = 0; i < 500 && bus.Empechements().isEmpty(); ++i) QThread::msleep(20);
+  ASSERT_FALSE(bus.Empechements().isEmpty());
+  Machine->Rend();
+  bus.Remplace(kLogin1, QStringLiteral("/org/freedesktop/login1"), QStringLiteral("org.freedesktop.login1.Manager"),
+               QStringLiteral("Inhibit"), QStringLiteral("ssss"), QStringLiteral("h"),
+               QStringLiteral("raise dbus.exceptions.DBusException('Permission denied', "
+                              "name='org.freedesktop.DBus.Error.AccessDenied')"));
+  EXPECT_EQ(Demande(), ReponseEveil::kRefusee);
+}
+
 // The library's own patience is 25 seconds.
 TEST_F(EveilReel, ALoginManagerThatHangsIsWaitedForFiveSecondsAndGivenUp) {
   BusPrive bus;
