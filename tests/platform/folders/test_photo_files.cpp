@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -160,12 +161,17 @@ TEST_F(FichiersPhotos, DeadDiskIsToldWithTheNumberBeforeItAndNothingBehindItGoes
   Pose(apres);
   {
     EffaceurPhotosSysteme effaceur(200ms);
-    const TrancheEffacee tranche = Efface(effaceur, {avant, mort.Chemin("/b.jpg"), apres});
-    EXPECT_EQ(tranche.Etat, EtatEffacement::kSansReponse);
-    EXPECT_EQ(tranche.Essayees, 1);
+    QList<TrancheEffacee> rendues;
+    effaceur.Efface({avant, mort.Chemin("/b.jpg"), apres}, 0, [&](const TrancheEffacee& t) { rendues.append(t); });
+    ASSERT_TRUE(essai::AttendQue([&] { return !rendues.isEmpty(); }));
+    EXPECT_EQ(rendues[0].Etat, EtatEffacement::kSansReponse);
+    EXPECT_EQ(rendues[0].Essayees, 1);
     mort.Reveille();
-    QThread::msleep(300);  // its own end would keep it from going on as well
-    EXPECT_TRUE(QFile::exists(apres));
+    for (int i = 0; i < 30; ++i) {
+      QThread::msleep(10);
+      QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(rendues.size(), 1) << "it is told once";
   }  // waits for the thread, which has woken
   EXPECT_FALSE(QFile::exists(avant));
   EXPECT_TRUE(QFile::exists(apres)) << "nobody wants that any more";
