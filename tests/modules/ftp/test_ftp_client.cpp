@@ -376,7 +376,9 @@ TEST_F(Client, APictureThatIsNotWholeIsNotSent) {
     EXPECT_EQ(Image(octets).Issue, IssueFtp::kSourceIncomplete);
     EXPECT_TRUE(Serveur.Noms().isEmpty());
   }
-  Fait({.Genre = GenreTravail::kFichier, .Acces = {}, .Source = "/pas/la.jpg", .Contenu = {}, .Nom = "live.jpg"});
+  const TravailFtp absente{
+      .Genre = GenreTravail::kFichier, .Acces = {}, .Source = "/pas/la.jpg", .Contenu = {}, .Nom = "live.jpg"};
+  EXPECT_EQ(Fait(absente).Issue, IssueFtp::kSourceIncomplete) << "gone, and nothing is wrong with the disk";
   EXPECT_TRUE(Serveur.Noms().isEmpty());
 }
 

@@ -381,6 +381,14 @@ TEST_F(Ftp, AConnectionThatFindsNoMemoryToBeginIsTriedAgain) {
   EXPECT_EQ(Avance(ModuleFtp::kReprises.front()), "Conne");
   EXPECT_EQ(Finit(IssueFtp::kReussi), "ConOK Uploa");
   EXPECT_EQ(Avance(ModuleFtp::kReprises.back()), "") << "it is not tried again once it stands";
+  Finit(IssueFtp::kPasDeConnexion);
+  for (int i = 0; i < 4; ++i) {
+    while (!Ouvrier->EnCours()) Temps.Avance(1000);
+    Finit(IssueFtp::kPasDeConnexion);
+  }
+  Ouvrier->SansMemoire = true;
+  EXPECT_THROW(Dit("Conne"), std::bad_alloc);
+  EXPECT_EQ(Avance(ModuleFtp::kReprises.front()), "Conne") << "asked for anew, and not after the waits of an outage";
 }
 
 // Without "ConOK" the main program would send nothing for ever.

@@ -269,6 +269,10 @@ TEST_F(HorlogeReculee, OfThoseThatWaitedItIsStillOneASecond) {
     Temps.Avance(ModuleFtp::kRegard);
   }
   EXPECT_EQ(Publies.join(' '), "29.jpg 20.jpg 11.jpg 02.jpg");
+  Dit("UploM");
+  const QByteArray page = Ouvrier->Travail.Contenu;
+  EXPECT_LT(page.indexOf("29.jpg"), page.indexOf("20.jpg")) << "in their order";
+  EXPECT_LT(page.indexOf("20.jpg"), page.indexOf("02.jpg"));
 }
 
 TEST_F(HorlogeReculee, ADiskWhoseClockIsAheadByHalfAMinuteIsNoSuchThing) {
