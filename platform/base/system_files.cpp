@@ -106,12 +106,8 @@ int CreeFichier(QByteArray& nom, QByteArrayView contenu) {
     nom = NomVoisin(voulu, rang);
     descripteur = Ouvre(nom, O_EXCL);
   }
-  if (descripteur < 0) return errno;
-  const int erreur = EcritEtFerme(descripteur, contenu);
-  // The name is ours, nobody else can have made it: a piece of a photo would stand in the gallery, be sent and be kept,
-  // one for each frame of the alarm.
-  if (erreur != 0) ::unlink(nom.constData());
-  return erreur;
+  // What could not be written whole stays as far as it came: the upper half of a photo may show who was there.
+  return descripteur < 0 ? errno : EcritEtFerme(descripteur, contenu);
 }
 
 }  // namespace vaktor

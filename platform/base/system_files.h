@@ -28,8 +28,8 @@ class FichiersSysteme : public Fichiers {
 
 /// The two writings on native names, 0 or errno.
 int RemplaceFichier(const QByteArray& nom, QByteArrayView contenu);
-/// `nom` becomes the name that the file got, for it may be one beside. One that could not be written whole is taken
-/// away again.
+/// `nom` becomes the name that the file got, for it may be one beside. One that could not be written whole stays
+/// as far as it came.
 int CreeFichier(QByteArray& nom, QByteArrayView contenu);
 
 }  // namespace vaktor

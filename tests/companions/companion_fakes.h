@@ -42,7 +42,7 @@ class CanalFaux : public CanalMessages {
   Prise DonnePrise(qint32 poignee) override { return Prises.value(poignee, Prise::kRien); }
   void OublieFenetre(qint32 poignee) noexcept override { J_ << QStringLiteral("oublie %1").arg(poignee); }
   std::optional<bool> Repond(qint32 poignee) const override {
-    if (SansDescripteur) return std::nullopt;
+    if (SansDescripteur || Inconnus.contains(poignee)) return std::nullopt;
     return Presents.contains(poignee);
   }
   std::map<qint32, std::function<void(const QString&)>> Casiers;
@@ -50,6 +50,7 @@ class CanalFaux : public CanalMessages {
   Tenue DerniereTenue = Tenue::kOrdinaire;
   QMap<qint32, Prise> Prises;
   QList<qint32> Presents;        ///< handles that somebody holds
+  QList<qint32> Inconnus;        ///< of these nobody can tell just now
   bool SansDescripteur = false;  ///< who holds what cannot be found out
 
  private:

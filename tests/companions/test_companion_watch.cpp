@@ -1,80 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Companions that end, hang, are missing or do not register: in virtual time, with processes that are a list.
-#include <gtest/gtest.h>
-
-#include <new>
-
 #include "base/failure.h"
-#include "companions/companion_fakes.h"
-#include "fakes/fake_health_report.h"
+#include "companions/companion_watch_bench.h"
 
 namespace vaktor::essai {
 namespace {
-
-const QString kFtp = QStringLiteral("/opt/vaktor/VAKTORftp");
-const QString kMail = QStringLiteral("/opt/vaktor/VAKTORmail");
-const QString kSon = QStringLiteral("/opt/vaktor/VAKTORsound");
-
-struct Veille : testing::Test {
-  QStringList Journal;
-  ProcessusFaux Processus{Journal};
-  CanalFaux Canal{Journal};
-  faux::HorlogeVirtuelle Horloge;
-  faux::TempsVirtuel Temps{Horloge};
-  faux::SanteFausse Sante;
-  EtatLiaison Etat;
-  DossiersProgramme Dossiers{QStringLiteral("/opt/vaktor"), QStringLiteral("/home/u/vaktor")};
-  Parametres Reglages;
-  LecteurCasiersFaux Lecteur;
-  GardeCasiers Casiers{PortsGarde{Lecteur, Canal, Sante,
-                                  [] {
-                                    return PoigneesPubliees{1001, 1002, 1003};
-                                  },
-                                  [this] { Journal << QStringLiteral("republie"); }}};
-  VeilleCompagnons Regles{
-      PortsVeille{Processus, Canal, Etat, Temps, Sante, Dossiers, Reglages, Casiers,
-                  [this](Compagnon c) {
-                    if (SansMemoire) throw std::bad_alloc();
-                    Journal << QStringLiteral("perte ") + DonneIdentite(c).Section;
-                  },
-                  [this](Compagnon c) { Journal << QStringLiteral("retour ") + DonneIdentite(c).Section; },
-                  [this](Compagnon c, std::function<void()> fini) {
-                    if (SansMemoire) throw std::bad_alloc();
-                    Journal << QStringLiteral("balaie ") + DonneIdentite(c).Section;
-                    Balais.append(std::move(fini));
-                    if (!BalaiMuet) Balais.takeLast()();
-                  }}};
-  QList<std::function<void()>> Balais;
-  bool BalaiMuet = false;    ///< the sweep takes long
-  bool SansMemoire = false;  ///< for what is called back
-
-  void Lance() {
-    for (const Compagnon compagnon : kCompagnons) EXPECT_TRUE(Regles.Lance(compagnon));
-    Regles.Commence();
-  }
-  /// The companion gives its handle: 21, 22 or 23.
-  void Inscrit(Compagnon compagnon) {
-    qint32* const poignees[] = {&Etat.HandleFTP, &Etat.HandleMail, &Etat.HandleSon};
-    *poignees[static_cast<int>(compagnon)] = 21 + static_cast<int>(compagnon);
-    Regles.Inscrit(compagnon);
-  }
-  void LanceEtInscrit() {
-    Lance();
-    for (const Compagnon compagnon : kCompagnons) Inscrit(compagnon);
-    Journal.clear();
-  }
-  /// Another copy of the program comes up and ends the companions of this one.
-  void LanceEtUneAutreCopieFinitTout() {
-    LanceEtInscrit();
-    Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
-    Canal.Presents = {5001, 5002, 5003};
-    for (const QString& chemin : {kFtp, kMail, kSon}) Processus.Finit(chemin);
-  }
-  int Relances(const QString& chemin) const {
-    return static_cast<int>(Journal.count(QStringLiteral("relance ") + chemin));
-  }
-  void Secondes(int secondes) { Temps.Avance(secondes * 1000LL); }
-};
 
 TEST_F(Veille, ANormalStartReportsNothing) {
   Lance();
@@ -341,76 +271,6 @@ TEST_F(Veille, AWordOfTheDeadIsNoRegistration) {
   EXPECT_FALSE(Journal.contains("retour MAIL"));
 }
 
-// Another copy of the program ends the companions of this one, and its handles stand in the store by then.
-TEST_F(Veille, NothingIsStartedAgainstAnotherCopy) {
-  LanceEtUneAutreCopieFinitTout();
-  Secondes(600);
-  EXPECT_EQ(Journal.filter("relance").size(), 0);
-  EXPECT_TRUE(Sante.Dure(Condition::kCasiersPerdus));
-  EXPECT_FALSE(Journal.contains("republie"));
-}
-
-TEST_F(Veille, WhenTheOtherCopyHasEndedTheCompanionsAreStartedAgain) {
-  LanceEtUneAutreCopieFinitTout();
-  Secondes(600);
-  Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardCasiers);
-  EXPECT_EQ(Journal.filter("relance").size(), 3);
-  EXPECT_LT(Journal.indexOf("republie"), Journal.indexOf("relance " + kFtp)) << "they read the store at once";
-  EXPECT_FALSE(Sante.Dure(Condition::kCasiersPerdus));
-}
-
-// A copy that was killed leaves its companions running, and they register with us.
-TEST_F(Veille, WhatAnotherCopyHasLeftBehindIsEndedBeforeOursIsStarted) {
-  LanceEtUneAutreCopieFinitTout();
-  Secondes(60);
-  EXPECT_EQ(Journal.filter("balaie").size(), 0) << "it runs";
-  BalaiMuet = true;
-  Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardCasiers);
-  EXPECT_EQ(Journal.filter("balaie"), QStringList({"balaie FTP", "balaie MAIL", "balaie SON"}));
-  EXPECT_EQ(Journal.filter("relance").size(), 0);
-  for (const auto& fini : std::exchange(Balais, {})) fini();
-  EXPECT_EQ(Journal.filter("relance").size(), 3);
-  Processus.Finit(kSon);
-  Secondes(30);
-  EXPECT_EQ(Journal.filter("balaie").size(), 3) << "once";
-  EXPECT_EQ(Journal.filter("relance").size(), 4);
-}
-
-TEST_F(Veille, ASweepThatDoesNotEndKeepsNobodyFromBeingStarted) {
-  LanceEtInscrit();
-  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
-  Canal.Presents = {5001};
-  Processus.Finit(kSon);
-  Secondes(60);
-  BalaiMuet = true;
-  Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardCasiers);
-  ASSERT_EQ(Balais.size(), 1);
-  Temps.Avance(VeilleCompagnons::kBalayageMax - 1);
-  EXPECT_EQ(Relances(kSon), 0);
-  Temps.Avance(1);
-  EXPECT_EQ(Relances(kSon), 1);
-  Balais.first()();
-  EXPECT_EQ(Relances(kSon), 1) << "it is running";
-}
-
-TEST_F(Veille, ASweepThatEndsAfterTheProgramStartsNothing) {
-  LanceEtInscrit();
-  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
-  Canal.Presents = {5001};
-  Processus.Finit(kSon);
-  Secondes(60);
-  BalaiMuet = true;
-  Canal.Presents.clear();
-  Secondes(VeilleCompagnons::kRegardCasiers);
-  Regles.Arrete();
-  ASSERT_EQ(Balais.size(), 1);
-  Balais.first()();
-  EXPECT_EQ(Relances(kSon), 0);
-}
-
 // A green lamp for a companion that is dead: what it had said waits in the inbox behind the news of its end.
 TEST_F(Veille, WhatComesIsOfTheDeadUntilAnotherHasGivenItsHandle) {
   EXPECT_TRUE(Regles.EstInscrit(Compagnon::kFtp)) << "before anything is looked after";
@@ -463,36 +323,6 @@ TEST_F(Veille, ThoseThatCannotBeKilledDoNotGather) {
   Inscrit(Compagnon::kSon);
   Processus.FinitAncien(kSon);
   EXPECT_FALSE(Sante.Dure(Condition::kCompagnonSon)) << "the end of an old one is not that of the new one";
-}
-
-TEST_F(Veille, AnotherCopyIsNoticedBeforeItsCompanionsAreMissed) {
-  LanceEtInscrit();
-  Lecteur.Lues = PoigneesPubliees{5001, 5002, 5003};
-  Canal.Presents = {5001, 5002, 5003};
-  Secondes(VeilleCompagnons::kRegardCasiers);
-  EXPECT_EQ(Sante.Details.keys(), QList<Condition>{Condition::kCasiersPerdus});
-}
-
-TEST_F(Veille, WithoutAnAnswerOfTheStoreNothingIsStartedAndNobodyWaits) {
-  LanceEtInscrit();
-  Lecteur.Muet = true;
-  Processus.Finit(kSon);
-  Secondes(50);
-  EXPECT_EQ(Lecteur.Lectures, 1) << "one question at a time to a disk that does not answer";
-  Secondes(550);
-  EXPECT_EQ(Relances(kSon), 0);
-  EXPECT_EQ(Lecteur.Lectures, 10) << "and the next one a minute later";
-  Lecteur.Muet = false;
-  Lecteur.Repond();
-  EXPECT_EQ(Relances(kSon), 1);
-}
-
-TEST_F(Veille, AStoreThatCannotBeReadKeepsNobodyFromBeingStarted) {
-  LanceEtInscrit();
-  Lecteur.Lues.reset();
-  Processus.Finit(kSon);
-  Secondes(1);
-  EXPECT_EQ(Relances(kSon), 1);
 }
 
 TEST_F(Veille, TheEndOfTheProgramIsNoDeath) {

@@ -51,6 +51,14 @@ TEST_F(Garde, AnotherProgramThatAnswersHasTakenThem) {
   EXPECT_TRUE(Journal.isEmpty()) << "nothing is written against it";
 }
 
+TEST_F(Garde, OneThatAnswersIsEnoughWhereNobodyCanTellOfAnother) {
+  Lecteur.Lues = PoigneesPubliees{5001, 5002, 1003};
+  Canal.Inconnus = {5001};
+  Canal.Presents = {5002};
+  EXPECT_EQ(Regarde(), "lost");
+  EXPECT_TRUE(Sante.Dure(Condition::kCasiersPerdus));
+}
+
 TEST_F(Garde, OneThatIsTakenIsEnough) {
   Lecteur.Lues = PoigneesPubliees{1001, 5002, 1003};
   Canal.Presents = {1001, 1003, 5002};

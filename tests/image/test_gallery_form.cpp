@@ -1,53 +1,14 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // FormVisuPhoto under mouse and keys: opening, the list, the place of the photo, the field, closing.
-#include <gtest/gtest.h>
-
 #include <QAccessible>
 #include <QContextMenuEvent>
-#include <QMouseEvent>
 #include <QScrollBar>
-#include <QTest>
 #include <functional>
 
-#include "image/forms/form_visu_photo.h"
-#include "image/gallery_bench.h"
+#include "image/gallery_form_fixture.h"
 
 namespace vaktor {
 namespace {
-
-class Galerie : public testing::Test, protected faux::BancGalerie {
- protected:
-  void Ouvre(const QStringList& photos = {QStringLiteral("a.jpg"), QStringLiteral("b.jpg"), QStringLiteral("c.jpg")}) {
-    AjoutePhotos(photos);
-    Forme.ChargeMots();
-    Forme.OuvreGalerie();
-    Lecteur.Lues.clear();
-  }
-  template <typename T>
-  T* Trouve(const char* nom) {
-    return Forme.findChild<T*>(QLatin1String(nom));
-  }
-  QPoint Place(int entree) { return Liste->visualRect(Liste->model()->index(entree, 0)).center(); }
-  void Clique(int entree) { QTest::mouseClick(Liste->viewport(), Qt::LeftButton, {}, Place(entree)); }
-  void Touche(Qt::Key touche) { QTest::keyClick(Liste, touche); }
-  void Bouton(const char* nom) { QTest::mouseClick(Trouve<QPushButton>(nom), Qt::LeftButton); }
-  void Bouge(const QPoint& ou, Qt::MouseButtons boutons) {
-    QMouseEvent bouge(QEvent::MouseMove, ou, Liste->viewport()->mapToGlobal(ou), Qt::NoButton, boutons, Qt::NoModifier);
-    QCoreApplication::sendEvent(Liste->viewport(), &bouge);
-  }
-  static QStringList Suite(int nombre) {
-    QStringList noms;
-    for (int i = 0; i < nombre; ++i) noms += QStringLiteral("%1.jpg").arg(i, 3, 10, QLatin1Char('0'));
-    return noms;
-  }
-  QString Lu(int i = 0) const { return Lecteur.Lues.value(i); }
-
-  FormVisuPhoto Forme{BancGalerie::Galerie, Reglages, Textes};
-  ListePhotos* Liste = Trouve<ListePhotos>("FilePhotoVisu");
-  PlacePhoto* Photo = Trouve<PlacePhoto>("PictureVisu");
-  QLineEdit* Limite = Trouve<QLineEdit>("TxtNbrPhotDisk");
-  QMenu* Menu = Trouve<QMenu>("Mnu_file");
-};
 
 TEST_F(Galerie, HasItsControlsAndOpensMaximised) {
   for (const char* nom : {"PictureAfff", "FilePhotoVisu", "PictureVisu", "TxtNbrPhotDisk", "LblPhotoDisc",
@@ -469,65 +430,6 @@ TEST_F(Galerie, LabelIsTheHandleOfTheWindow) {
   EXPECT_EQ(demandes, 0);
   QTest::mousePress(Trouve<QLabel>("LblPhotoDisc"), Qt::LeftButton);
   EXPECT_EQ(demandes, 1);
-}
-
-TEST_F(Galerie, ProgressWindowIsThereDuringTheDeletionOnly) {
-  Ouvre();
-  bool vue = false;
-  Effaceur.Evenements = [&] {
-    const auto* progression = Forme.findChild<FrmProgression*>(QStringLiteral("FrmProgression"));
-    vue = progression != nullptr && progression->isVisible();
-    auto* barre = Forme.findChild<BarreProgression*>();
-    QAccessibleInterface* entendue = QAccessible::queryAccessibleInterface(barre);
-    ASSERT_NE(entendue, nullptr);
-    EXPECT_EQ(entendue->role(), QAccessible::ProgressBar);
-    EXPECT_EQ(entendue->valueInterface()->currentValue().toInt(), barre->Pas());
-    EXPECT_EQ(entendue->valueInterface()->maximumValue().toInt(), barre->Dernier());
-    EXPECT_FALSE(Trouve<QPushButton>("CmdClearRepPhot")->isEnabled());
-  };
-  Bouton("CmdClearRepPhot");
-  EXPECT_TRUE(vue);
-  EXPECT_EQ(Forme.findChild<FrmProgression*>(QStringLiteral("FrmProgression")), nullptr);
-  EXPECT_TRUE(Trouve<QPushButton>("CmdClearRepPhot")->isEnabled());
-  EXPECT_EQ(Liste->model()->rowCount(), 0);
-  EXPECT_TRUE(Photo->Photo().isNull());
-  EXPECT_EQ(Photo->Avis(), QStringLiteral("No picture in this folder."));
-}
-
-TEST_F(Galerie, ProgressGoesOnIsHeardAndStaysUntilTheDeletionIsThrough) {
-  Ouvre(Suite(6));
-  Effaceur.MsParPhoto = kMillisecondesTranche;  // a slice each
-  QList<int> pas;
-  const std::function<void()> regarde = [&] {
-    auto* progression = Forme.findChild<FrmProgression*>(QStringLiteral("FrmProgression"));
-    QAccessibleInterface* entendue = QAccessible::queryAccessibleInterface(Forme.findChild<BarreProgression*>());
-    pas += entendue->valueInterface()->currentValue().toInt();
-    EXPECT_EQ(entendue->text(QAccessible::Name), progression->windowTitle());
-    EXPECT_FALSE(progression->close());
-    EXPECT_TRUE(progression->isVisible());
-    Effaceur.Evenements = regarde;
-  };
-  Effaceur.Evenements = regarde;
-  Bouton("CmdClearRepPhot");
-  Effaceur.Evenements = nullptr;
-  ASSERT_GT(pas.size(), 2);
-  EXPECT_GT(pas.last(), pas.first());
-}
-
-TEST(ProgressBar, FillsToTheStepInItsColour) {
-  BarreProgression barre(nullptr);
-  barre.resize(200, 20);
-  barre.FixeEchelle(10);
-  barre.Avance(0);
-  EXPECT_EQ(barre.Rempli(), 0);
-  barre.Avance(5);
-  EXPECT_EQ(barre.Rempli(), 100);
-  const QImage peinte = barre.grab().toImage();
-  EXPECT_EQ(peinte.pixel(50, 10), qRgb(0xc0, 0xff, 0xc0));
-  EXPECT_EQ(peinte.pixel(150, 10), qRgb(255, 255, 255));
-  barre.FixeEchelle(0);
-  barre.Avance(0);
-  EXPECT_EQ(barre.Rempli(), 200) << "one photo: a scale without length is full at its only step";
 }
 
 }  // namespace

@@ -1,12 +1,8 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The conversation with real servers on loopback: each way to fail, and that no visitor gets half a picture.
-#include <gtest/gtest.h>
 #include <netdb.h>
-#include <netinet/in.h>
-#include <sys/socket.h>
 #include <unistd.h>
 
-#include <QElapsedTimer>
 #include <QTcpServer>
 #include <QThread>
 #include <atomic>
@@ -16,68 +12,12 @@
 #include <thread>
 
 #include "base/jpeg_end.h"
-#include "modules/ftp/ftp_client.h"
-#include "modules/ftp/ftp_test_server.h"
+#include "modules/ftp/ftp_client_bench.h"
 #include "support/full_port.h"
 #include "support/without_descriptors.h"
 
 namespace vaktor::essai {
 namespace {
-
-struct Client : testing::Test {
-  ServeurEssai Serveur;
-  QTemporaryDir Ici;
-  OptionsClient Options{
-      .DelaiConnexion = 10, .DelaiReponse = 2, .DelaiSilence = 2, .FichierAutorites = {}, .Cherche = {}};
-  std::unique_ptr<ClientFtp> Ftp;
-  AccesFtp Acces{"127.0.0.1", 0, "anna", "sesame", "/"};
-  QStringList Etapes;
-
-  void SetUp() override {
-    Serveur.Demarre();
-    Acces.Port = Serveur.Port();
-    Ftp = std::make_unique<ClientFtp>(Options);
-  }
-  ResultatFtp Fait(TravailFtp travail) {
-    travail.Acces = Acces;
-    QElapsedTimer depuis;
-    depuis.start();
-    bool trop = false;
-    const ResultatFtp resultat = Ftp->Execute(
-        travail, [this](EtapeFtp etape) { Etapes << (etape == EtapeFtp::kServeurTrouve ? "SerTR" : "Paswo"); },
-        [&] { return trop = trop || depuis.hasExpired(25'000); });
-    EXPECT_FALSE(trop) << "it would not have ended by itself";
-    return resultat;
-  }
-  /// The connections of this process to the server that stand, by their descriptors.
-  QList<int> Prises() const {
-    QList<int> prises;
-    for (int prise = 3; prise < 1024; ++prise) {
-      sockaddr_storage bout{};
-      socklen_t taille = sizeof bout;
-      if (::getpeername(prise, reinterpret_cast<sockaddr*>(&bout), &taille) != 0) continue;
-      if (bout.ss_family == AF_INET && ntohs(reinterpret_cast<sockaddr_in*>(&bout)->sin_port) == Acces.Port)
-        prises << prise;
-    }
-    return prises;
-  }
-  ResultatFtp Connecte() {
-    Etapes.clear();
-    return Fait({.Genre = GenreTravail::kConnexion, .Acces = {}, .Source = {}, .Contenu = {}, .Nom = {}});
-  }
-  ResultatFtp Page(const QByteArray& contenu, const QString& nom = "live.html") {
-    return Fait({.Genre = GenreTravail::kPage, .Acces = {}, .Source = {}, .Contenu = contenu, .Nom = nom});
-  }
-  ResultatFtp Image(const QByteArray& octets) {
-    EcritOctets(Ici.filePath("Live.jpg"), octets);
-    return Fait({.Genre = GenreTravail::kFichier,
-                 .Acces = {},
-                 .Source = Ici.filePath("Live.jpg"),
-                 .Contenu = {},
-                 .Nom = "live.jpg"});
-  }
-  ResultatFtp Signe() { return Fait({}); }
-};
 
 TEST_F(Client, ConnectsInItsSteps) {
   EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi);
@@ -440,62 +380,6 @@ TEST_F(Client, NoVisitorEverLoadsHalfAPicture) {
   EXPECT_GT(changements, 3) << "the test has to see the picture change";
   std::printf("uploads %d, reads %d, halves %d, changes seen %d\n", reussis, lus.load(), mauvais.load(),
               changements.load());
-}
-
-struct ClientTls : Client {
-  void SetUp() override {
-    Serveur.PrepareTls();
-    Acces.Hote = "localhost";
-    Options.FichierAutorites = Serveur.Autorite();
-    Client::SetUp();
-  }
-};
-
-TEST_F(ClientTls, TakesTlsWhenItIsOffered) {
-  EXPECT_EQ(Connecte().Issue, IssueFtp::kReussi);
-  EXPECT_EQ(Etapes, QStringList({"SerTR", "Paswo"}));
-  for (int i = 1; i <= 3; ++i) ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi);
-  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(3));
-}
-
-TEST_F(ClientTls, EveryPictureArrivesWhereADataConnectionHasToResumeTheSession) {
-  Serveur.Dit("resume");
-  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
-  for (int i = 1; i <= 4; ++i) {
-    const ResultatFtp resultat = Image(CreeJpeg(i));
-    ASSERT_EQ(resultat.Issue, IssueFtp::kReussi) << i << ' ' << resultat.Mots.toStdString();
-  }
-  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(4));
-}
-
-struct ClientTlsNouveau : Client {
-  void SetUp() override {
-    Serveur.PrepareTlsNouveau();
-    Acces.Hote = "localhost";
-    Options.FichierAutorites = Serveur.Autorite();
-    Client::SetUp();
-  }
-};
-
-TEST_F(ClientTlsNouveau, AServerThatSpeaksNothingOlderIsServedAllTheSame) {
-  ASSERT_EQ(Connecte().Issue, IssueFtp::kReussi);
-  for (int i = 1; i <= 2; ++i) ASSERT_EQ(Image(CreeJpeg(i)).Issue, IssueFtp::kReussi);
-  EXPECT_EQ(LitOctets(Serveur.Chemin("live.jpg")), CreeJpeg(2));
-}
-
-TEST_F(ClientTls, DoesNotLogInWhereTheCertificateIsNotTrusted) {
-  Options.FichierAutorites.clear();
-  Ftp = std::make_unique<ClientFtp>(Options);
-  const ResultatFtp resultat = Connecte();
-  EXPECT_EQ(resultat.Issue, IssueFtp::kPasDeConnexion);
-  EXPECT_TRUE(resultat.Mots.contains("certificate")) << resultat.Mots.toStdString();
-  EXPECT_EQ(Etapes, QStringList("SerTR")) << "the password has not gone out";
-}
-
-TEST_F(ClientTls, DoesNotLogInWhereTheCertificateIsAnothers) {
-  Acces.Hote = "127.0.0.1";
-  EXPECT_EQ(Connecte().Issue, IssueFtp::kPasDeConnexion);
-  EXPECT_EQ(Etapes, QStringList("SerTR"));
 }
 
 }  // namespace

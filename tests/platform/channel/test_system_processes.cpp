@@ -1,15 +1,10 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Real processes: found, ended politely and by force, started.
-#include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QProcess>
-#include <QTemporaryDir>
 #include <QThread>
 #include <atomic>
 #include <cerrno>
@@ -17,155 +12,11 @@
 
 #include "companions/contract/command_words.h"
 #include "platform/channel/followed_program.h"
-#include "platform/channel/system_processes.h"
+#include "platform/channel/system_processes_bench.h"
 #include "support/dead_folder.h"
-#include "support/event_wait.h"
 
 namespace vaktor::essai {
 namespace {
-
-struct Systeme : testing::Test {
-  QTemporaryDir Temporaire;
-  ProcessusSysteme Processus;
-  // Names that no other program of this machine has.
-  const QString Nom = QStringLiteral("vkt%1").arg(::getpid());
-
-  QString CopieProgramme(const QString& source, const QString& nom) const {
-    QString cible = Temporaire.filePath(nom);
-    QFile::copy(source, cible);
-    return cible;
-  }
-  QString EcritScript(const QString& nom, const QByteArray& corps) const {
-    QFile script(Temporaire.filePath(nom));
-    if (!script.open(QIODevice::WriteOnly)) return {};
-    script.write("#!/bin/bash\n" + corps);
-    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return script.fileName();
-  }
-  static std::optional<ProcessusVu> Trouve(const ProcessusSysteme& processus, qint64 pid) {
-    for (const ProcessusVu& vu : processus.PrendInstantane())
-      if (vu.Pid == pid) return vu;
-    return std::nullopt;
-  }
-  std::optional<ProcessusVu> Trouve(qint64 pid) const { return Trouve(Processus, pid); }
-  /// Behind it the process has stopped: one that has not been told yet would still be ended by the next signal.
-  static bool Arrete(qint64 pid) {
-    if (::kill(static_cast<pid_t>(pid), SIGSTOP) != 0) return false;
-    return AttendQue([pid] {
-      QFile etat(QStringLiteral("/proc/%1/stat").arg(pid));
-      if (!etat.open(QIODevice::ReadOnly)) return true;
-      const QByteArray ligne = etat.readAll();
-      return ligne.mid(ligne.lastIndexOf(')')).startsWith(") T");
-    });
-  }
-  static bool Demarre(ProcessusSysteme& processus, const QString& chemin) {
-    return processus.LanceSuivi({.Chemin = chemin}, [] {}) != nullptr;
-  }
-};
-
-TEST_F(Systeme, TheTableNamesProgramsAndScripts) {
-  QProcess programme;
-  programme.start(CopieProgramme("/bin/sleep", Nom + "sleep"), {"1000"});
-  QProcess script;
-  script.start(EcritScript(Nom + "sh", "echo pret; read ligne\n"), {});
-  ASSERT_TRUE(programme.waitForStarted() && script.waitForReadyRead());
-  const auto vu = Trouve(programme.processId());
-  ASSERT_TRUE(vu);
-  EXPECT_EQ(vu->Nom, Nom + "sleep");
-  const auto vuScript = Trouve(script.processId());
-  ASSERT_TRUE(vuScript);
-  EXPECT_EQ(vuScript->Nom, "bash");
-  EXPECT_EQ(vuScript->NomAppele, Nom + "sh");
-  programme.kill();
-  script.kill();
-  programme.waitForFinished();
-  script.waitForFinished();
-}
-
-TEST_F(Systeme, TheTableTellsARehearsalByItsArgument) {
-  for (const auto& [argument, essai] : {std::pair("--try", true), std::pair("--tryst", false), std::pair("", false)}) {
-    QProcess script;
-    script.start(EcritScript(Nom + "sh", "echo pret; read ligne\n"), {argument});
-    ASSERT_TRUE(script.waitForReadyRead());
-    const auto vu = Trouve(script.processId());
-    ASSERT_TRUE(vu);
-    EXPECT_EQ(vu->Essai, essai) << argument;
-    script.kill();
-    script.waitForFinished();
-  }
-}
-
-/// One that "env" starts: no name of the system tells what it runs. It is stopped by closing its input.
-struct Scripts : Systeme {
-  const QString Script = QStringLiteral("VAKTORsound-") + Nom;
-  QString Ecrit(const QByteArray& premiereLigne) const {
-    QFile fichier(Temporaire.filePath(Script));
-    if (!fichier.open(QIODevice::WriteOnly)) return {};
-    fichier.write(premiereLigne + "\nprint('pret', flush=True)\nimport sys\nsys.stdin.read()\n");
-    fichier.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return fichier.fileName();
-  }
-  /// What the table says of a process that is started so, once it has said that it runs.
-  QString NomDuScript(const QString& programme, const QStringList& arguments) const {
-    QProcess processus;
-    processus.setWorkingDirectory(Temporaire.path());
-    processus.start(programme, arguments);
-    if (!processus.waitForReadyRead()) return QStringLiteral("it did not start");
-    const auto vu = Trouve(processus.processId());
-    processus.kill();
-    processus.waitForFinished();
-    return vu ? vu->NomScript : QStringLiteral("not in the table");
-  }
-};
-
-TEST_F(Scripts, AreKnownByTheirOwnNameAlsoWhereEnvStartsThem) {
-  for (const char* ligne : {"#!/usr/bin/env python3", "#!/usr/bin/env -S python3 -u", "#! /usr/bin/python3"})
-    EXPECT_EQ(NomDuScript(Ecrit(ligne), {}), Script) << ligne;
-  EXPECT_EQ(NomDuScript("/usr/bin/python3", {Script}), Script) << "a relative path, from its own folder";
-}
-
-TEST_F(Scripts, WhoeverMerelyHasTheNameInAnArgumentIsNoCompanion) {
-  const QString script = Ecrit("#!/usr/bin/env python3");
-  // An editor, a pager, another script that is given the name, and a command that happens to be called so.
-  EXPECT_EQ(NomDuScript("/bin/bash", {"-c", "echo pret; read ligne", script}), "");
-  const QString autre = EcritScript(Nom + "outil", "echo pret; read ligne\n");
-  EXPECT_EQ(NomDuScript("/bin/bash", {autre, script}), "");
-  EXPECT_EQ(NomDuScript("/usr/bin/tail", {"-f", script}), "");
-  EXPECT_EQ(NomDuScript("/usr/bin/python3", {"-c", "print('pret',flush=True);input()", script}), "");
-}
-
-TEST_F(Systeme, TheTableLeavesOutTheProgramItself) { EXPECT_FALSE(Trouve(::getpid())); }
-
-TEST_F(Systeme, TheTableLeavesOutTheDead) {
-  const pid_t enfant = ::fork();
-  ASSERT_GE(enfant, 0);
-  if (enfant == 0) ::_exit(0);
-  siginfo_t fin{};
-  ASSERT_EQ(::waitid(P_PID, static_cast<id_t>(enfant), &fin, WEXITED | WNOWAIT), 0);
-  EXPECT_FALSE(Trouve(enfant));
-  ::waitpid(enfant, nullptr, 0);
-}
-
-TEST_F(Systeme, TheTableLeavesOutOtherUsers) {
-  if (::getuid() != 0) GTEST_SKIP() << "only root can start a process of somebody else";
-  int tube[2];
-  ASSERT_EQ(::pipe(tube), 0);
-  const pid_t etranger = ::fork();
-  ASSERT_GE(etranger, 0);
-  if (etranger == 0) {
-    if (::setuid(65534) != 0) ::_exit(2);
-    if (::write(tube[1], "x", 1) != 1) ::_exit(2);
-    ::pause();
-    ::_exit(0);
-  }
-  char pret = 0;
-  ASSERT_EQ(::read(tube[0], &pret, 1), 1);
-  EXPECT_FALSE(Trouve(etranger));
-  ::kill(etranger, SIGKILL);
-  ::waitpid(etranger, nullptr, 0);
-  ::close(tube[0]);
-  ::close(tube[1]);
-}
 
 TEST_F(Systeme, APoliteRequestIsEnoughForMost) {
   QProcess programme;
