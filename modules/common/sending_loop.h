@@ -3,7 +3,6 @@
 // loop.
 #pragma once
 
-#include <QMetaObject>
 #include <QMutex>
 #include <QObject>
 #include <QThread>
@@ -24,30 +23,23 @@ struct BoucleEnvoi {
   std::atomic_bool Arret = false;
 
   /// From here on the thread ends as soon as it can, and reports nothing.
-  void DemandeFin() {
-    const QMutexLocker garde(&Verrou);
-    Arret = true;
-    Reveil.wakeAll();
-  }
+  void DemandeFin();
 };
 
-/// What hands a report of the thread over to `suite`, on the event loop of `contexte`; nothing once the end was asked
-/// for. Both outlive that moment: whoever ends the companion asks for the end before they go.
+/// Carries `quoi` out on the event loop of `contexte`; does nothing once the end was asked for. Both outlive that
+/// moment: whoever ends the companion asks for the end before they go.
+void PosteALaBoucle(QObject& contexte, BoucleEnvoi& boucle, std::function<void()> quoi);
+
+/// What hands a report of the thread over to `suite` in this way.
 template <typename Rapport>
 std::function<void(const Rapport&)> RapporteALaBoucle(QObject& contexte, BoucleEnvoi& boucle,
                                                       std::function<void(const Rapport&)> suite) {
   return [&contexte, &boucle, suite = std::move(suite)](const Rapport& rapport) {
-    const QMutexLocker garde(&boucle.Verrou);
-    if (boucle.Arret) return;
-    QMetaObject::invokeMethod(
-        &contexte, [suite, rapport] { suite(rapport); }, Qt::QueuedConnection);
+    PosteALaBoucle(contexte, boucle, [suite, rapport] { suite(rapport); });
   };
 }
 
 /// A thread that a name server holds up is left behind: the process is about to end, and the outbox stands on disk.
-inline void FinisOuLaisse(BoucleEnvoi& boucle, QThread* fil) {
-  boucle.DemandeFin();
-  if (fil->wait(BoucleEnvoi::kAttenteFinMs)) delete fil;
-}
+void FinisOuLaisse(BoucleEnvoi& boucle, QThread* fil);
 
 }  // namespace vaktor

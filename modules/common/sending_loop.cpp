@@ -1,0 +1,26 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+#include "modules/common/sending_loop.h"
+
+#include <QMetaObject>
+
+namespace vaktor {
+
+void BoucleEnvoi::DemandeFin() {
+  const QMutexLocker garde(&Verrou);
+  Arret = true;
+  Reveil.wakeAll();
+}
+
+// Under the lock: whoever ends the companion takes it before the context goes.
+void PosteALaBoucle(QObject& contexte, BoucleEnvoi& boucle, std::function<void()> quoi) {
+  const QMutexLocker garde(&boucle.Verrou);
+  if (boucle.Arret) return;
+  QMetaObject::invokeMethod(&contexte, std::move(quoi), Qt::QueuedConnection);
+}
+
+void FinisOuLaisse(BoucleEnvoi& boucle, QThread* fil) {
+  boucle.DemandeFin();
+  if (fil->wait(BoucleEnvoi::kAttenteFinMs)) delete fil;
+}
+
+}  // namespace vaktor
