@@ -130,7 +130,7 @@ TEST_F(ImageImmobile, TheStopOfTheCameraTakesItBackAndTheNextStartBeginsAnew) {
     ASSERT_TRUE(Figee() || Noire());
     Engin.BasculeCamera();
     EXPECT_TRUE(Sante.Details.isEmpty());
-    Temps.Avance(6 * kMinute);
+    Temps.Avance(kMinute);  // no gap that would begin it anew
     Engin.BasculeCamera();
     Temps.Avance(4 * kMinute);
     EXPECT_TRUE(Sante.Details.isEmpty());
