@@ -116,7 +116,7 @@ struct Ftp : BancModule {
     ASSERT_TRUE(photo.open(QIODevice::ReadWrite));
     photo.write("x");
     photo.flush();
-    photo.setFileTime(QDateTime::fromMSecsSinceEpoch(Maintenant() - age * 1000), QFileDevice::FileModificationTime);
+    photo.setFileTime(QDateTime::fromMSecsSinceEpoch(Maintenant() - age * 1000LL), QFileDevice::FileModificationTime);
   }
   QStringList PhotosLocales() const { return QDir(Temporaire.filePath("Temp/FTP")).entryList(QDir::Files); }
   bool EnPage() const { return Ouvrier->EnCours() && Ouvrier->Travail.Nom == kNomPage; }

@@ -12,7 +12,7 @@ namespace {
 TEST(EventPump, RunsWhatIsPendingAndNothingBefore) {
   int executes = 0;
   QMetaObject::invokeMethod(
-      qApp, [&executes] { ++executes; }, Qt::QueuedConnection);
+      QCoreApplication::instance(), [&executes] { ++executes; }, Qt::QueuedConnection);
   EXPECT_EQ(executes, 0);
   PompeEvenementsQt().PompeMessages();
   EXPECT_EQ(executes, 1);
