@@ -40,8 +40,9 @@ struct SourceCapture {
 
 /// "": the first capture driver; "test"; "pipewire:" and "libcamera:" with a name, a camera of the desktop's;
 /// "rtsp://", "rtsps://", "http://", "https://" addresses; "file://" addresses; a host alone that is no file; a path
-/// below /dev is a device; an existing ordinary file is a file; a text without a slash and without a suffix is the
-/// stable name of a device; anything else is taken for a file. Schemes in any letter case.
+/// below /dev is a device; any other whole path is a file, without a look at it, and so is the name of an ordinary
+/// file; a text without a slash and without a suffix is the stable name of a device; anything else is taken for a file.
+/// Schemes in any letter case.
 SourceCapture ComprendSource(const QString& texte);
 
 }  // namespace vaktor
