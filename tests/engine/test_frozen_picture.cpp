@@ -72,11 +72,15 @@ TEST_F(ImageImmobile, ASensorThatFlickersInOnePixelNowAndThenIsAlive) {
   }
 }
 
-// Looks once a second would find it in the same phase for ever.
+// Looks once a second would find it in the same phase for ever; 40 ms are a divisor of a second, as of most cameras.
 TEST_F(ImageImmobile, WhatBlinksOnceASecondIsMetInBothItsPhases) {
   Demarre(Grise());
-  Pilote.Suivante = [this] { return Grise(Horloge.Millisecondes / 500 % 2 == 0 ? 0 : 1); };
-  Temps.Avance(7 * kMinute);
+  Pilote.ParArrivee = true;
+  for (int i = 0; i < 7 * 60 * 25; ++i) {
+    Pilote.Image = Grise(i % 25 < 12 ? 0 : 1);
+    Pilote.Arrive();
+    Temps.Avance(40);
+  }
   EXPECT_TRUE(Sante.Details.isEmpty());
 }
 

@@ -192,6 +192,22 @@ TEST_F(Poste, AMailThatIsPutOffLetsTheOthersPass) {
   EXPECT_EQ(Tentatives, 3);
 }
 
+// Turns are for paths that cut mail upon mail; else what was tried before is no reason to stand back.
+TEST_F(Poste, TheNewestGoesFirstAlsoWhenItWasTriedMoreOften) {
+  Serveur = [&](const QString& nom) {
+    return nom == "b" ? ResultatEnvoi{.Cause = CauseEchec::kDestinataireRefuse, .Code = 450}
+                      : ResultatEnvoi{.Cause = CauseEchec::kPasDeConnexion};
+  };
+  Depose("a");
+  Depose("b");
+  Travaille(9000);
+  EXPECT_EQ(Rapports.join(u'|'), "b plus tard|a plus tard");
+  Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
+  Maintenant += kMinute;
+  Travaille(1000);
+  EXPECT_EQ(Recus.join(u'|'), "b|a");
+}
+
 TEST_F(Poste, EachAttemptOfOneMailIsCountedAndLeavesNothingBehind) {
   ResultatEnvoi reponse{.Cause = CauseEchec::kDestinataireRefuse, .Code = 450};
   Serveur = [&](const QString&) { return reponse; };

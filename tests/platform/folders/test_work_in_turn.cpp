@@ -69,5 +69,21 @@ TEST(TravauxEnFile, OnceADiskIsKnownToBeSilentTheQuestionsWaitForAMomentOnly) {
   pendue.Lache();
 }
 
+// Three tries: a busy machine may hold up one of them.
+TEST(TravauxEnFile, TheFirstQuestionBehindASilentOneKnowsThatTheDiskIsSilent) {
+  bool bref = false;
+  for (int essai = 0; essai < 3 && !bref; ++essai) {
+    const TravauxEnFile travaux;
+    Pendue pendue;
+    EXPECT_EQ(travaux.Attend<int>(pendue.Travail()), std::nullopt);
+    QElapsedTimer temps;
+    temps.start();
+    EXPECT_EQ(travaux.Attend<int>([] { return 1; }), std::nullopt);
+    bref = temps.elapsed() < TravauxEnFile::kPatience.count();
+    pendue.Lache();
+  }
+  EXPECT_TRUE(bref);
+}
+
 }  // namespace
 }  // namespace vaktor
