@@ -373,6 +373,7 @@ TEST_F(Moniteur, StoreThatCannotBeWrittenCostsNeitherFrameNorZone) {
   AttendZone(0, 1, 320, 240);
   EXPECT_EQ(forme.size(), QSize(320, 240));
   EXPECT_TRUE(Banc.Reglages.ParametresModifies) << "the next save tells";
+  EXPECT_EQ(Banc.Engin.Camera().NonComparees, 0);
 }
 
 TEST_F(Moniteur, TinyAndOddFramesFit) {

@@ -380,6 +380,7 @@ TEST_F(Galerie, DamagedPhotoIsSaidInItsPlaceAndStaysListed) {
   EXPECT_TRUE(Photo->Photo().isNull());
   EXPECT_TRUE(Photo->Avis().contains(QStringLiteral("damaged"))) << Photo->Avis().toStdString();
   EXPECT_TRUE(Photo->Avis().contains(QStringLiteral("b.jpg")));
+  EXPECT_EQ(Photo->accessibleDescription(), Photo->Avis());
   EXPECT_EQ(Photo->size(), QSize(360, 140)) << "room for the words, whatever the photo before";
   EXPECT_EQ(Liste->model()->rowCount(), 3);
   EXPECT_NE(Photo->grab().toImage().pixel(2, 2), qRgb(200, 60, 20));

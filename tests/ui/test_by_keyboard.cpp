@@ -238,6 +238,10 @@ TEST_F(AuClavier, ReaderIsToldWhenTheMarkerMovesTheModeChangesAndAnotherPageCome
   Annonces().clear();
   Banc.Fenetre.findChild<QAction*>(QStringLiteral("MnuPixelView"))->trigger();
   EXPECT_TRUE(Annonces().contains(QStringLiteral("words Picture2")));
+  Annonces().clear();
+  Banc.Reglages.LangueCourante = 1 - Banc.Reglages.LangueCourante;
+  Banc.Chargeur.ChargeTextes();
+  EXPECT_TRUE(Annonces().contains(QStringLiteral("words Picture2"))) << "the mode is called by another word";
   Banc.Fenetre.AmenePage(1);
   Annonces().clear();
   Banc.Fenetre.AmenePage(3);

@@ -416,6 +416,17 @@ TEST_F(Champs, LoadingRunsTheHandlersAndTheIntervalSaves) {
   EXPECT_EQ(Banc.Sauvegarde.Sauvegardes, 2) << "no change, no save";
 }
 
+// The list stands on no skin when it is made, and so it tells nothing of a load that leaves it there.
+TEST_F(Champs, LoadOfNoSkinDrawsThePagesAnewToo) {
+  for (const qint32 skin : {-1, 2}) {
+    Banc.Fenetre.Options().CombSkin->setCurrentIndex(skin);
+    Banc.Reglages.IndexSkin = skin;
+    const auto pompes = Banc.Pompe.Appels;
+    VueParametres(Banc.Reglages, Banc.Fenetre).MontreLu(&Parametres::IndexSkin);
+    EXPECT_EQ(Banc.Pompe.Appels, pompes + 1) << skin;
+  }
+}
+
 TEST_F(Champs, AnyTextCanBePastedIntoEveryField) {
   const QString textes[] = {QString(100000, u'x'), QString(100000, u'7'),
                             QString::fromUtf8("😀👩‍👩‍👧 é"), QString::fromUtf8("שלום \u202e123 مرحبا"),

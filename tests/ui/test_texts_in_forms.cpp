@@ -17,6 +17,8 @@ TEST(TextsInForms, CaptionsTooltipsListsAndTitlesFollowTheLanguage) {
   EXPECT_EQ(banc.Trouve<QAbstractButton>("BoutonGris(2)")->text(), QStringLiteral("Création page"));
   EXPECT_EQ(banc.Trouve<QComboBox>("CombQualit")->itemText(1), QStringLiteral("Haute"));
   EXPECT_EQ(banc.Moniteur.windowTitle(), QStringLiteral("Moniteur"));
+  const auto* barre = banc.Moniteur.findChild<QProgressBar*>(QStringLiteral("ProgressBar1"));
+  EXPECT_EQ(barre->toolTip(), QStringLiteral("Représentation graphique du nombre de pixels en mouvement"));
   banc.Reglages.LangueCourante = 1;
   banc.Chargeur.ChargeTextes();
   EXPECT_EQ(banc.Trouve<QLabel>("LabelCheckPhot")->text(), QStringLiteral("Record picture"));
@@ -24,6 +26,7 @@ TEST(TextsInForms, CaptionsTooltipsListsAndTitlesFollowTheLanguage) {
   EXPECT_EQ(banc.Trouve<QAbstractButton>("Bouton(2)")->text(), QStringLiteral("Live Cam"));
   EXPECT_EQ(banc.Trouve<QComboBox>("CombQualit")->itemText(1), QStringLiteral("High"));
   EXPECT_EQ(banc.Moniteur.windowTitle(), QStringLiteral("Monitor"));
+  EXPECT_EQ(barre->toolTip(), QStringLiteral("Graphical representation of moving pixels"));
 }
 
 TEST(TextsInForms, FlagSetsTheLanguageAndRefillsEverything) {
