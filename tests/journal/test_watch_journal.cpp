@@ -265,7 +265,7 @@ TEST_F(WatchJournal, AGapOfTheMachineBeginsWhereTheClockWasLastLookedAt) {
 TEST_F(WatchJournal, ATickThatComesLateIsNoGapAndAGapExplainsWhatIsToldSoonBehindItAlone) {
   Journal.Lance();
   Temps.Avance(5000);
-  Horloge.Debut = Horloge.Debut.addMSecs(JournalVeille::kTrouMs - 1000);
+  Horloge.Debut = Horloge.Debut.addMSecs(14'000);
   Temps.Avance(1000);
   const QDateTime dit = LitMoment(Horloge);
   const ConditionEnCours trou{Condition::kInterruption, dit, {}, 0};

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -9,6 +10,7 @@
 
 #include "platform/capture/choice/capture_memory.h"
 #include "support/dead_folder.h"
+#include "support/ordinary_user.h"
 #include "support/without_descriptors.h"
 
 namespace vaktor {
@@ -130,6 +132,23 @@ TEST_F(MemoireCaptureTest, AFileThatCannotBeReadIsNotNoneAndIsNotWrittenOver) {
   EXPECT_FALSE(memoire.RetientSource("test"));
   EXPECT_FALSE(memoire.RetientFormat("a", kFormat));
   EXPECT_TRUE(QFileInfo(Chemin()).isDir());
+}
+
+// What is not understood of it is kept beside; what is not known cannot be.
+TEST_F(MemoireCaptureTest, AFileThatMayOnlyBeWrittenIsNotWrittenOver) {
+  Ecrit("[Source]\nrtsp://camera/x\n[Formats]\n");
+  ASSERT_EQ(::chmod(QFile::encodeName(Dossier_.path()).constData(), 0755), 0);
+  ASSERT_EQ(::chmod(QFile::encodeName(QFileInfo(Chemin()).path()).constData(), 0777), 0);
+  ASSERT_EQ(::chmod(QFile::encodeName(Chemin()).constData(), 0222), 0);
+  {
+    const UtilisateurOrdinaire anna;
+    if (!UtilisateurOrdinaire::Reussi()) GTEST_SKIP() << "nobody else to be";
+    const MemoireCapture memoire(Chemin());
+    EXPECT_NE(memoire.Empechement(), "");
+    EXPECT_FALSE(MemoireCapture(Chemin()).RetientSource("test"));
+  }
+  ASSERT_EQ(::chmod(QFile::encodeName(Chemin()).constData(), 0600), 0);
+  EXPECT_EQ(MemoireCapture(Chemin()).Source(), "rtsp://camera/x");
 }
 
 // A home that a server has, and the server is gone: the window's thread asks, several times in a start.
