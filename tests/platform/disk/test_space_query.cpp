@@ -98,6 +98,21 @@ TEST_F(SpaceQuery, AnotherDiskIsAskedWhileOneIsSilent) {
   ASSERT_TRUE(Disque->Repond());
 }
 
+TEST_F(SpaceQuery, NothingComesOfAForgottenQuestion) {
+  const auto finies = std::make_shared<std::atomic<int>>(0);
+  SondeEspaceSysteme sonde([finies](const QString&) -> std::optional<qint64> {
+    ++*finies;
+    return 7;
+  });
+  bool recu = false;
+  sonde.DemandeEspace(Chemin(), [&recu](std::optional<qint64>) { recu = true; });
+  sonde.Oublie();
+  ASSERT_TRUE(essai::AttendQue([&] { return *finies == 1; }));
+  QThread::msleep(100);  // its answer lies in the event loop
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(recu);
+}
+
 TEST_F(SpaceQuery, AForgottenQuestionAndOneWhoseOwnerHasGoneFindNobody) {
   Demande(Chemin());
   Sonde.Oublie();
