@@ -94,6 +94,10 @@ TEST_F(Sortie, OfAMessageThatCannotBeShownIsAWholeStop) {
   ExigeToutLeReste();
 }
 
+TEST(EssaiePas, ATellingThatThrowsWhatIsNoExceptionIsNoneEither) {
+  EXPECT_FALSE(EssaiePas([] { throw std::bad_alloc(); }, [](const char*) { throw 7; }));
+}
+
 TEST_F(Sortie, OfAPumpThatThrowsIsAWholeStop) {
   PrepareAvecCamera();
   Systeme.Pompe.EnAttente = [] { throw std::runtime_error("in a pump"); };

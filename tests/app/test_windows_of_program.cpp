@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Every window of the whole program: how it comes, how it goes, and which language it speaks.
 #include "app/alarm_fixture.h"
+#include "ui/window/window_placement.h"
 
 namespace vaktor::essai {
 namespace {
@@ -254,15 +255,22 @@ TEST_F(FenetreDuProgramme, TheMonitorOpensBesideTheWindowMovesWithANewSizeAndSta
   QWidget* moniteur = Fenetre("FormMonitor");
   const QRect principale = Fenetre("Form1")->frameGeometry();
   EXPECT_FALSE(moniteur->frameGeometry().intersects(principale));
+  const auto place = [&] {
+    return PlaceFenetre(moniteur->screen()->availableGeometry(), principale, moniteur->frameGeometry().size());
+  };
+  const QPoint avant = moniteur->pos();
   pilote.Image = QImage(160, 120, QImage::Format_RGB32);
   pilote.Image.fill(Qt::red);
   Systeme.Temps.Avance(60);
   EXPECT_EQ(moniteur->size(), QSize(160, 120));
+  EXPECT_EQ(moniteur->pos(), place());
+  EXPECT_NE(moniteur->pos(), avant) << "a small one fits beside the window";
   EXPECT_EQ(Systeme.Valeurs.value("FTP/width"), "160") << "and the companion of the page is told";
   EXPECT_EQ(Systeme.Valeurs.value("FTP/height"), "120");
   pilote.Image = QImage(320, 240, QImage::Format_RGB32);
   Systeme.Temps.Avance(60);
   EXPECT_FALSE(moniteur->frameGeometry().intersects(principale)) << "there is no room beside it any more";
+  EXPECT_EQ(moniteur->pos(), place());
   EXPECT_TRUE(moniteur->screen()->availableGeometry().contains(moniteur->geometry()));
   pilote.Image = QImage(160, 120, QImage::Format_RGB32);
   Systeme.Temps.Avance(60);

@@ -2,7 +2,9 @@
 // The companion's rules in virtual time: rows, pauses, photos that come, what the user is told.
 #include <sys/stat.h>
 
+#include "modules/mail/drafts.h"
 #include "modules/mail/mail_module_bench.h"
+#include "modules/mail/postman_bench.h"
 #include "modules/mail/watch_message.h"
 
 namespace vaktor::essai {
@@ -279,6 +281,13 @@ TEST_F(Mail, TheStatusFileTellsSinceWhenAMailWaits) {
   Sac.Acheve(Sac.Liste().first().Nom);
   Rapporte({"x", {.Accepte = true}, 0});
   EXPECT_EQ(attendDepuis(), "") << "at once";
+}
+
+// Of a companion that was killed while its photos gathered.
+TEST_F(Mail, ADraftOfAnotherRunCountsAsWaiting) {
+  ASSERT_EQ(PoseRecette(Sac, Nomme("1-autre-1", Debut), {}), 0);
+  Temps.Avance(ModuleMail::kRegardAttente);
+  EXPECT_TRUE(LitOctets(Etat.Chemin()).contains(EtatModule::EcritInstant(Debut).toUtf8()));
 }
 
 // A folder in the mail's place stands for a disk that refuses the rename.

@@ -190,6 +190,17 @@ TEST_F(EveilParPortail, IsAskedForWhereThereIsNoLoginManagerAndGivenBack) {
   EXPECT_TRUE(AttendQue([&] { return session.Appels(kPortail, kRequete).contains(QStringLiteral("Close")); }));
 }
 
+TEST_F(EveilParPortail, IsNotAskedWhereTheLoginManagerHasGranted) {
+  BusPrive bus;
+  bus.LanceLogin1();
+  BusPrive session;
+  LancePortail(session, QStringLiteral("ret = dbus.ObjectPath('%1')").arg(kRequete));
+  Relie({bus.Adresse(), session.Adresse()});
+  EXPECT_EQ(Demande(), ReponseEveil::kAccordee);
+  EXPECT_EQ(bus.Empechements().size(), 1);
+  EXPECT_FALSE(session.Appels(kPortail, kObjetPortail).contains(QStringLiteral("Inhibit")));
+}
+
 TEST_F(EveilParPortail, ThatRefusesIsARefusal) {
   BusPrive session;
   LancePortail(session, QStringLiteral("raise dbus.exceptions.DBusException('not you', "
