@@ -1,0 +1,130 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Any packets as what a camera sends within its RTSP connection (RFC 2326, section 10.12): from the packets to the
+// frames that are compared. An input is the number of a coding, then packets of RTP (RFC 3550), each behind its length
+// in two bytes, the higher first.
+#include <netinet/in.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <unistd.h>
+
+#include <array>
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <thread>
+
+#include "fuzz/played_stream.h"
+#include "platform/capture/streams/gst_setup.h"
+
+namespace vaktor {
+namespace {
+
+// What the camera says that it sends: the number of the format, and its name where the number tells none.
+constexpr std::array kCodages = {"96\r\na=rtpmap:96 H264/90000\r\na=fmtp:96 packetization-mode=1",
+                                 "96\r\na=rtpmap:96 H265/90000",
+                                 "26",
+                                 "96\r\na=rtpmap:96 MP4V-ES/90000",
+                                 "96\r\na=rtpmap:96 VP8/90000",
+                                 "96\r\na=rtpmap:96 VP9/90000",
+                                 "33"};
+
+/// Speaks with one caller after the other; ends with the process.
+class Camera {
+ public:
+  Camera() : Prise_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in adresse{};
+    adresse.sin_family = AF_INET;
+    adresse.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    auto* nue = reinterpret_cast<sockaddr*>(&adresse);
+    socklen_t taille = sizeof adresse;
+    if (::bind(Prise_, nue, taille) != 0 || ::listen(Prise_, 16) != 0 || ::getsockname(Prise_, nue, &taille) != 0)
+      return;
+    Port_ = ntohs(adresse.sin_port);
+    std::thread([this] { Sert(); }).detach();
+  }
+  QString Adresse(const std::uint8_t* donnees, std::size_t taille) {
+    const std::lock_guard verrou(Verrou_);
+    Codage_ = taille > 0 ? donnees[0] % kCodages.size() : 0;
+    Paquets_.clear();
+    for (std::size_t i = 1; i + 2 < taille;) {
+      const std::size_t voulus = std::size_t{donnees[i]} << 8 | donnees[i + 1];
+      const std::size_t longueur = std::min(voulus, taille - i - 2);
+      Paquets_ += {'$', '\0', static_cast<char>(longueur >> 8), static_cast<char>(longueur & 255)};
+      Paquets_.append(reinterpret_cast<const char*>(donnees + i + 2), longueur);
+      i += 2 + longueur;
+    }
+    return QStringLiteral("rtsp://127.0.0.1:%1/c").arg(Port_);
+  }
+
+ private:
+  [[noreturn]] void Sert() {
+    while (true) {
+      const int client = ::accept4(Prise_, nullptr, nullptr, SOCK_CLOEXEC);
+      if (client < 0) continue;
+      constexpr timeval kPatience{.tv_sec = 2, .tv_usec = 0};
+      ::setsockopt(client, SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
+      ::setsockopt(client, SOL_SOCKET, SO_SNDTIMEO, &kPatience, sizeof kPatience);
+      Parle(client);
+      ::close(client);
+    }
+  }
+  // The caller's own packets, reports of what arrived, stand between its requests and are passed over with them.
+  void Parle(int client) {
+    std::string recu;
+    char octets[4096];
+    while (true) {
+      const std::size_t fin = recu.find("\r\n\r\n");
+      if (fin != std::string::npos) {
+        if (!Repond(client, recu.substr(0, fin))) return;
+        recu.erase(0, fin + 4);
+        continue;
+      }
+      const ssize_t n = ::recv(client, octets, sizeof octets, 0);
+      if (n <= 0) return;
+      recu.append(octets, static_cast<std::size_t>(n));
+    }
+  }
+  bool Repond(int client, const std::string& demande) {
+    const std::lock_guard verrou(Verrou_);
+    const std::size_t numero = demande.find("CSeq: ");
+    std::string reponse = "RTSP/1.0 200 OK\r\n";
+    if (numero != std::string::npos) reponse += demande.substr(numero, demande.find("\r\n", numero) - numero) + "\r\n";
+    const auto est = [&](const char* quoi) { return demande.find(quoi) != std::string::npos; };
+    if (est("OPTIONS rtsp")) reponse += "Public: DESCRIBE, SETUP, PLAY, TEARDOWN\r\n";
+    if (est("SETUP rtsp")) reponse += "Transport: RTP/AVP/TCP;unicast;interleaved=0-1\r\nSession: 1\r\n";
+    if (est("PLAY rtsp")) reponse += "Session: 1\r\n";
+    if (est("DESCRIBE rtsp")) {
+      const std::string sdp = std::string("v=0\r\no=- 1 1 IN IP4 127.0.0.1\r\ns=c\r\nc=IN IP4 0.0.0.0\r\nt=0 0\r\n") +
+                              "m=video 0 RTP/AVP " + kCodages.at(Codage_) + "\r\na=control:t\r\n";
+      reponse += "Content-Type: application/sdp\r\nContent-Length: " + std::to_string(sdp.size()) + "\r\n\r\n" + sdp;
+    } else {
+      reponse += "\r\n";
+    }
+    if (est("PLAY rtsp")) reponse += Paquets_;
+    for (std::size_t parti = 0; parti < reponse.size();) {
+      const ssize_t n = ::send(client, reponse.data() + parti, reponse.size() - parti, MSG_NOSIGNAL);
+      if (n <= 0) return false;
+      parti += static_cast<std::size_t>(n);
+    }
+    return !est("TEARDOWN rtsp");
+  }
+
+  const int Prise_;
+  int Port_ = 0;
+  std::mutex Verrou_;
+  std::size_t Codage_ = 0;
+  std::string Paquets_;
+};
+
+}  // namespace
+}  // namespace vaktor
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
+  static auto* const kCamera = new vaktor::Camera;  // its thread has no end
+  if (!vaktor::PrepareGStreamer()) return 0;
+  vaktor::DemandeFlux demande;
+  demande.Source.Genre = vaktor::GenreSource::kReseau;
+  demande.Source.Lieu = kCamera->Adresse(donnees, taille);
+  vaktor::JoueEtVerifie(demande);
+  return 0;
+}
