@@ -157,6 +157,9 @@ TEST_F(Memoires, ThePageOfPhotosThatCannotBeReadIsNotForgotten) {
 }
 
 TEST_F(Ftp, WithoutItsMemoryOfTheSitesItConnectsWithTlsOrNotAndGoesOnTrying) {
+#if defined(__SANITIZE_ADDRESS__)
+  GTEST_SKIP() << "what checks the types of objects beside the addresses opens a pipe for it, and would be given none";
+#endif
   {
     const SansDescripteur sans;
     CreeModule();
