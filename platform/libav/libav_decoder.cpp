@@ -8,6 +8,7 @@
 #include "platform/libav/libav_conversion.h"
 #include "platform/libav/libav_formats.h"
 #include "platform/libav/libav_library.h"
+#include "platform/libav/pixel_refusal.h"
 
 namespace vaktor {
 namespace {
@@ -95,9 +96,14 @@ gboolean Arrete(GstVideoDecoder* decodeur) {
 }
 
 // Whoever uses the element is told at once: dropping picture after picture would look like a camera that gives none.
-GstFlowReturn RefuseFormat(DecodeurLibav* soi, const char* pourquoi) {
+GstFlowReturn RefuseFormat(DecodeurLibav* soi) {
   gst_element_message_full(GST_ELEMENT(soi), GST_MESSAGE_ERROR, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT,
-                           g_strdup(pourquoi), nullptr, __FILE__, __func__, __LINE__);
+                           g_strdup("a pixel format that nothing here reads"), nullptr, __FILE__, __func__, __LINE__);
+  return GST_FLOW_ERROR;
+}
+
+GstFlowReturn RefuseTaille(DecodeurLibav* soi) {
+  RefuseTropDePixels(GST_ELEMENT(soi));
   return GST_FLOW_ERROR;
 }
 
@@ -110,7 +116,7 @@ gboolean FixeFormat(GstVideoDecoder* decodeur, GstVideoCodecState* etat) {
   DecodeurLibav* soi = Soi(decodeur);
   Libere(soi);
   if (EstTropGrande(soi, etat->info)) {
-    RefuseFormat(soi, "a picture of too many pixels");
+    RefuseTaille(soi);
     return FALSE;
   }
   if (!OuvreCodec(soi, etat->caps)) return FALSE;
@@ -156,7 +162,7 @@ void OublieVieilles(GstVideoDecoder* decodeur, guint32 numero) {
 }
 
 GstFlowReturn Livre(DecodeurLibav* soi) {
-  if (!soi->Conversion.MetEnForme(*soi->Trame)) return RefuseFormat(soi, "a pixel format that nothing here reads");
+  if (!soi->Conversion.MetEnForme(*soi->Trame)) return RefuseFormat(soi);
   const auto numero = static_cast<guint32>(soi->Trame->pts);
   GstVideoCodecFrame* image = gst_video_decoder_get_frame(&soi->Base, static_cast<int>(numero));
   if (image == nullptr) return GST_FLOW_OK;
@@ -205,7 +211,7 @@ GstFlowReturn Decode(GstVideoDecoder* decodeur, GstVideoCodecFrame* image) {
   if (reponse < 0) {
     // A damaged packet gives no picture; the next good one goes on.
     const GstFlowReturn laissee = gst_video_decoder_drop_frame(decodeur, image);
-    return ARefuseSaTaille(soi, largeurAvant) ? RefuseFormat(soi, "a picture of too many pixels") : laissee;
+    return ARefuseSaTaille(soi, largeurAvant) ? RefuseTaille(soi) : laissee;
   }
   gst_video_codec_frame_unref(image);
   return suite == GST_FLOW_OK ? LivreTout(soi) : suite;

@@ -16,8 +16,8 @@ namespace vaktor {
 /// (libav_conversion.h). Pictures that the decoder could not fill are marked GST_BUFFER_FLAG_CORRUPTED.
 ///
 /// Its property "max-pixels" (a 64-bit whole number) bounds what a stream may ask for before memory is taken: a larger
-/// picture is an error GST_STREAM_ERROR_FORMAT where it is announced, or found in a stream that has given none yet; of
-/// one that has, it is left out.
+/// picture is an error (pixel_refusal.h) where it is announced, or found in a stream that has given none yet; of one
+/// that has, it is left out.
 ///
 /// After gst_init, once in a process. False when GStreamer refuses it; everything then works with its own decoders.
 bool EnregistreDecodeurLibav();

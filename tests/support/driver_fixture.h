@@ -26,6 +26,7 @@ class PiloteSurSource : public testing::Test {
   }
   /// What was tried last was refused since nothing here decodes it.
   bool EstSansDecodeur() const { return Pilote_->Pourquoi().Quoi == Motif::kSansDecodeur; }
+  bool ARefuseLaTaille() const { return Pilote_->Pourquoi().Quoi == Motif::kTropGrande; }
   QString Fichier(const char* nom) const { return Dossier_.filePath(QLatin1String(nom)); }
 
   /// Frames that come within this time, and the longest wait for one.

@@ -9,7 +9,7 @@ namespace vaktor {
 namespace {
 
 // In the order of Motif.
-constexpr std::array<Phrase, 22> kPhrases = {{
+constexpr std::array<Phrase, 23> kPhrases = {{
     {"Aucune image n'est venue.", "No picture came."},
     {"La caméra refuse le nom ou le mot de passe : vérifiez-les dans son adresse.",
      "The camera refuses the name or the password: check them in its address."},
@@ -67,8 +67,12 @@ constexpr std::array<Phrase, 22> kPhrases = {{
     {"Des images viennent, mais toutes sont abîmées : vérifiez le câble ou le Wi-Fi de la caméra, ou essayez un autre "
      "format.",
      "Pictures come, but all of them are damaged: check the cable or the Wi-Fi of the camera, or try another format."},
+    {"Les images sont trop grandes, de plus de 64 millions de pixels : choisissez-en de plus petites dans les réglages "
+     "de "
+     "la caméra.",
+     "The pictures are too large, more than 64 million pixels: choose smaller ones in the settings of the camera."},
 }};
-static_assert(kPhrases.size() == static_cast<std::size_t>(Motif::kAbimee) + 1);
+static_assert(kPhrases.size() == static_cast<std::size_t>(Motif::kTropGrande) + 1);
 
 constexpr Phrase kSansGroupe{"Vous n'avez pas le droit de l'ouvrir.", "You may not open it."};
 

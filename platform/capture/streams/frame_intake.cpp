@@ -8,6 +8,7 @@
 #include "platform/capture/choice/fitted_size.h"
 #include "platform/capture/frames/pixel_conversion.h"
 #include "platform/capture/streams/gst_setup.h"
+#include "platform/libav/pixel_refusal.h"
 
 namespace vaktor {
 namespace {
@@ -139,8 +140,7 @@ void ReceptionImages::TraiteJpeg(std::span<const quint8> jpeg) {
 // Told at once, as decoders do of other codings; behind pictures that were good it is one that came damaged.
 void ReceptionImages::RefuseTaille() {
   TropGrande_ = true;
-  gst_element_message_full(Puits_, GST_MESSAGE_ERROR, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT,
-                           g_strdup("a picture of too many pixels"), nullptr, __FILE__, __func__, __LINE__);
+  RefuseTropDePixels(Puits_);
 }
 
 ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg, QSize taille) {

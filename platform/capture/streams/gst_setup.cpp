@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <optional>
 #include <span>
 
 #include "platform/capture/choice/codings.h"
@@ -87,14 +88,20 @@ bool EstPourNous(GstElementFactory* fabrique, const GstCaps* caps) {
   return gst_element_factory_list_is_type(fabrique, GST_ELEMENT_FACTORY_TYPE_DECODER) != FALSE;
 }
 
+std::optional<qint64> DitPixels(const GstStructure* structure) {
+  int largeur = 0;
+  int hauteur = 0;
+  if (gst_structure_get_int(structure, "width", &largeur) == FALSE ||
+      gst_structure_get_int(structure, "height", &hauteur) == FALSE || largeur <= 0 || hauteur <= 0)
+    return std::nullopt;
+  return qint64{largeur} * hauteur;
+}
+
 // Nor is anybody's decoder but ours asked for pictures of which nobody has told how large they are, or that are too
 // large.
 bool DitTailleTenable(const GstStructure* structure) {
-  int largeur = 0;
-  int hauteur = 0;
-  return gst_structure_get_int(structure, "width", &largeur) != FALSE &&
-         gst_structure_get_int(structure, "height", &hauteur) != FALSE && largeur > 0 && hauteur > 0 &&
-         qint64{largeur} * hauteur <= kPixelsMaximum;
+  const std::optional<qint64> pixels = DitPixels(structure);
+  return pixels && *pixels <= kPixelsMaximum;
 }
 
 bool EstDecodeurEtranger(GstElementFactory* fabrique) {
@@ -104,9 +111,10 @@ bool EstDecodeurEtranger(GstElementFactory* fabrique) {
                                                         GST_ELEMENT_FACTORY_TYPE_MEDIA_IMAGE) != FALSE;
 }
 
-int Choisit(GstElement*, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gpointer reseau) {
+int Choisit(GstElement* decodage, GstPad*, GstCaps* caps, GstElementFactory* fabrique, gpointer reseau) {
   const GstStructure* structure = gst_caps_get_structure(caps, 0);
   if (EstListe(structure) || (reseau != nullptr && !EstDeCamera(structure))) return kPasse;
+  if (DitPixels(structure).value_or(0) > kPixelsMaximum) NoteTropDePixels(decodage);
   if (EstPourNous(fabrique, caps)) return kPasse;
   if (EstDecodeurEtranger(fabrique) && !DitTailleTenable(structure)) return kPasse;
   const char* classe = gst_element_factory_get_metadata(fabrique, GST_ELEMENT_METADATA_KLASS);

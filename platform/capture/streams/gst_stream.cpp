@@ -274,7 +274,7 @@ void FluxGStreamer::NoteRaison(const Raison& raison) {
 
 Raison FluxGStreamer::Pourquoi() const {
   if (Raison_.Quoi != Motif::kInconnu) return Raison_;
-  if (Reception_.ARefuseUneTaille()) return {Motif::kSansDecodeur, {}};
+  if (Reception_.ARefuseUneTaille()) return {Motif::kTropGrande, {}};
   if (!Reception_.NeRecoitQueDesAbimees()) return {};
   return {Motif::kAbimee, {}};
 }

@@ -14,6 +14,7 @@
 #include <thread>
 
 #include "platform/capture/devices/device_access.h"
+#include "platform/capture/streams/stream_size.h"
 
 namespace vaktor {
 namespace {
@@ -57,6 +58,7 @@ Motif MotifDe(const GError& erreur) {
       {GST_RESOURCE_ERROR, GST_RESOURCE_ERROR_BUSY, Motif::kOccupee},
       {GST_RESOURCE_ERROR, GST_RESOURCE_ERROR_NOT_AUTHORIZED, Motif::kMotDePasse},
       {GST_STREAM_ERROR, GST_STREAM_ERROR_CODEC_NOT_FOUND, Motif::kSansDecodeur},
+      {GST_RESOURCE_ERROR, GST_RESOURCE_ERROR_NO_SPACE_LEFT, Motif::kTropGrande},
       // Our own decoder's, of a kind that it has no name for.
       {GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT, Motif::kSansDecodeur},
       {GST_STREAM_ERROR, GST_STREAM_ERROR_TYPE_NOT_FOUND, Motif::kPasUneImage},
@@ -108,6 +110,7 @@ Raison LitRaison(GstMessage* erreur) {
 
 Raison LitManque(GstMessage* message) {
   if (gst_message_has_name(message, "missing-plugin") == FALSE) return {};
+  if (ANoteTropDePixels(GST_MESSAGE_SRC(message))) return {Motif::kTropGrande, {}};
   const GstStructure* structure = gst_message_get_structure(message);
   const GValue* detail = gst_structure_get_value(structure, "detail");
   if (detail == nullptr || !GST_VALUE_HOLDS_CAPS(detail)) return {Motif::kSansDecodeur, {}};

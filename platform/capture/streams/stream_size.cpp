@@ -8,9 +8,12 @@
 
 #include "platform/capture/choice/fitted_size.h"
 #include "platform/capture/streams/gst_setup.h"
+#include "platform/libav/pixel_refusal.h"
 
 namespace vaktor {
 namespace {
+
+constexpr const char* kNote = "vaktor-too-many-pixels";
 
 // Enough for any of the three.
 constexpr gsize kTete = 24;
@@ -29,13 +32,17 @@ GstPadProbeReturn Arrete(GstPad*, GstPadProbeInfo* info, gpointer decodeur) {
   std::array<quint8, kTete> tete{};
   const gsize lus = gst_buffer_extract(GST_PAD_PROBE_INFO_BUFFER(info), 0, tete.data(), tete.size());
   if (!DemandeTropDePixels(std::span(tete).first(lus))) return GST_PAD_PROBE_OK;
-  gst_element_message_full(static_cast<GstElement*>(decodeur), GST_MESSAGE_ERROR, GST_STREAM_ERROR,
-                           GST_STREAM_ERROR_FORMAT, g_strdup("a picture of too many pixels"), nullptr, __FILE__,
-                           __func__, __LINE__);
+  RefuseTropDePixels(static_cast<GstElement*>(decodeur));
   return GST_PAD_PROBE_DROP;
 }
 
 }  // namespace
+
+void NoteTropDePixels(GstElement* decodage) { g_object_set_data(G_OBJECT(decodage), kNote, decodage); }
+
+bool ANoteTropDePixels(GstObject* decodage) {
+  return decodage != nullptr && g_object_get_data(G_OBJECT(decodage), kNote) != nullptr;
+}
 
 bool DemandeTropDePixels(std::span<const quint8> octets) {
   // Theora counts in blocks of sixteen pixels.

@@ -15,7 +15,12 @@ namespace vaktor {
 bool DemandeTropDePixels(std::span<const quint8> octets);
 
 /// From now on the first such beginning that reaches the decoder goes no further, and is told as an error of it
-/// (GST_STREAM_ERROR_FORMAT).
+/// (platform/libav/pixel_refusal.h).
 void GardeEntree(GstElement* decodeur);
+
+/// That what a film is packed in tells a size above the limit: "decodebin" asks one decoder after the other, keeps
+/// their refusals to itself, and tells in the end that none is there.
+void NoteTropDePixels(GstElement* decodage);
+bool ANoteTropDePixels(GstObject* decodage);  ///< nullptr: nobody has
 
 }  // namespace vaktor

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window, the real companion and a real FTP server together, as the user works them.
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <QTest>
 
@@ -24,6 +25,16 @@ struct FenetreReelle : testing::Test {
     Serveur.Demarre();
     Champs.Serveur = QStringLiteral("127.0.0.1:%1").arg(Serveur.Port());
     Forme.EcritMots(Langue::kAnglais);
+  }
+  // The object of a companion that was left to its end goes behind it, in the event loop.
+  void TearDown() override {
+    Forme.close();
+    EXPECT_TRUE(AttendQue([] {
+      siginfo_t fini{};
+      const bool aucun = ::waitid(P_ALL, 0, &fini, WEXITED | WNOHANG | WNOWAIT) == 0 && fini.si_pid == 0;
+      return aucun && !LitCompagnons().contains("--try");
+    }));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
   QString Bouton() { return Forme.findChild<QPushButton*>("CmdEssai")->text(); }
   QString Etapes() { return Forme.findChild<QPlainTextEdit*>("TxtEssai")->toPlainText(); }

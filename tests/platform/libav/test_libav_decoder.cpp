@@ -95,7 +95,7 @@ class LimiteDePixels : public DecodeurLibavTest, public testing::WithParamInterf
     GError* erreur = nullptr;
     gst_message_parse_error(message, &erreur, nullptr);
     gst_message_unref(message);
-    const bool refuse = g_error_matches(erreur, GST_STREAM_ERROR, GST_STREAM_ERROR_FORMAT);
+    const bool refuse = g_error_matches(erreur, GST_RESOURCE_ERROR, GST_RESOURCE_ERROR_NO_SPACE_LEFT);
     g_error_free(erreur);
     return refuse;
   }

@@ -11,7 +11,7 @@ namespace {
 
 TEST(Raison, EachIsASentenceOfItsOwnInEveryLanguage) {
   QSet<QString> vues;
-  for (int i = 0; i <= static_cast<int>(Motif::kAbimee); ++i) {
+  for (int i = 0; i <= static_cast<int>(Motif::kTropGrande); ++i) {
     for (const Langue langue : kLangues) {
       const QString phrase = DitRaison({static_cast<Motif>(i), QStringLiteral("detail")}, langue);
       EXPECT_TRUE(phrase.endsWith(u'.')) << qUtf8Printable(phrase);
@@ -54,6 +54,7 @@ TEST(Raison, TheWordsAreThoseOfTheReason) {
   EXPECT_TRUE(dit(Motif::kPasDuBureau).contains("desktop"));
   EXPECT_TRUE(dit(Motif::kSansGreffon).contains("install"));
   EXPECT_TRUE(dit(Motif::kAbimee).contains("damaged"));
+  EXPECT_TRUE(dit(Motif::kTropGrande).contains("too large"));
 }
 
 }  // namespace

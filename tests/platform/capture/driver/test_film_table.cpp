@@ -242,7 +242,7 @@ TEST_F(FilmsDeQuarts, OfTooManyPixelsAreRefusedInWords) {
   std::memcpy(octets.data() + entete + 4, taille.data(), sizeof taille);
   ASSERT_TRUE(Ecrit(Fichier("b.avi"), octets));
   ASSERT_FALSE(Connecte(Fichier("b.avi")));
-  EXPECT_TRUE(EstSansDecodeur());
+  EXPECT_TRUE(ARefuseLaTaille());
 }
 
 // A list names other addresses, which nobody has asked for.

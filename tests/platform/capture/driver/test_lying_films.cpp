@@ -194,7 +194,7 @@ TEST_F(FilmMenteur, OfMorePixelsThanGetMemoryIsRefusedInWordsWhateverItSays) {
     OubliePointe();
     const qint64 avant = Pointe();
     EXPECT_FALSE(Connecte(Fichier(fichier))) << fichier;
-    EXPECT_TRUE(EstSansDecodeur()) << fichier << ": " << qUtf8Printable(Pilote_->Explication());
+    EXPECT_TRUE(ARefuseLaTaille()) << fichier << ": " << qUtf8Printable(Pilote_->Explication());
     EXPECT_LT(Pointe() - avant, 200) << fichier;
     Pilote_.reset();
   }
@@ -213,7 +213,7 @@ TEST_F(FilmMenteur, OfACodingThatAnotherDecodesIsRefusedInWordsBeforeMemoryIsTak
     OubliePointe();
     const qint64 avant = Pointe();
     EXPECT_FALSE(Connecte(Fichier(fichier))) << fichier;
-    EXPECT_TRUE(EstSansDecodeur()) << fichier << ": " << qUtf8Printable(Pilote_->Explication());
+    EXPECT_TRUE(ARefuseLaTaille()) << fichier << ": " << qUtf8Printable(Pilote_->Explication());
     EXPECT_LT(Pointe() - avant, 100) << fichier;
     Pilote_.reset();
   }
