@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The window, the real companion and a real FTP server together, as the user works them.
 #include <gtest/gtest.h>
-#include <sys/wait.h>
 
 #include <QTest>
 
@@ -10,6 +9,7 @@
 #include "modules/ftp/ftp_test_server.h"
 #include "platform/channel/companion_rehearsal.h"
 #include "support/event_wait.h"
+#include "support/left_rehearsals.h"
 
 namespace vaktor::essai {
 namespace {
@@ -26,15 +26,9 @@ struct FenetreReelle : testing::Test {
     Champs.Serveur = QStringLiteral("127.0.0.1:%1").arg(Serveur.Port());
     Forme.EcritMots(Langue::kAnglais);
   }
-  // The object of a companion that was left to its end goes behind it, in the event loop.
   void TearDown() override {
     Forme.close();
-    EXPECT_TRUE(AttendQue([] {
-      siginfo_t fini{};
-      const bool aucun = ::waitid(P_ALL, 0, &fini, WEXITED | WNOHANG | WNOWAIT) == 0 && fini.si_pid == 0;
-      return aucun && !LitCompagnons().contains("--try");
-    }));
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_TRUE(AttendFinDesEssais());
   }
   QString Bouton() { return Forme.findChild<QPushButton*>("CmdEssai")->text(); }
   QString Etapes() { return Forme.findChild<QPlainTextEdit*>("TxtEssai")->toPlainText(); }

@@ -9,6 +9,7 @@
 #include "modules/mail/mail_bench.h"
 #include "platform/channel/companion_rehearsal.h"
 #include "support/event_wait.h"
+#include "support/left_rehearsals.h"
 
 namespace vaktor::essai {
 namespace {
@@ -16,6 +17,10 @@ namespace {
 constexpr const char* kPass = "s3cret&mot";
 
 struct Repetition : testing::Test {
+  void TearDown() override {
+    Essai.reset();
+    EXPECT_TRUE(AttendFinDesEssais());
+  }
   /// Starts one and waits for its end.
   FinEssai Fait(const QByteArray& demande) {
     Lance(demande);
