@@ -24,9 +24,9 @@ class DecodeurEtranger : public PiloteSurSource {
     ASSERT_GE(debut, 0);
     Film_.replace(debut + apres, octets.size(), octets);
   }
-  bool EstRefuseEnMots() {
-    EXPECT_TRUE(Ecrit(Fichier("b.mkv"), Film_));
-    return !Connecte(Fichier("b.mkv")) && EstSansDecodeur();
+  void ExigeRefus() {
+    ASSERT_TRUE(Ecrit(Fichier("b.mkv"), Film_));
+    EXPECT_FALSE(Connecte(Fichier("b.mkv")));
   }
 
   QByteArray Film_;
@@ -41,12 +41,14 @@ TEST_F(DecodeurEtranger, PlaysWhatTellsASizeThatCanBeHeld) {
 TEST_F(DecodeurEtranger, IsNotAskedForPicturesThatAreToldToBeTooLarge) {
   Remplace(QByteArray::fromHex("b0820140"), 2, QByteArray::fromHex("ffff"));  // Matroska's width
   Remplace(QByteArray::fromHex("ba820100"), 2, QByteArray::fromHex("ffff"));  // and height
-  EXPECT_TRUE(EstRefuseEnMots());
+  ExigeRefus();
+  EXPECT_TRUE(ARefuseLaTaille());
 }
 
 TEST_F(DecodeurEtranger, IsNotAskedForPicturesOfWhichNoSizeIsTold) {
   Remplace(QByteArray::fromHex("b0820140"), 0, QByteArray::fromHex("ec820000"));  // nothing
-  EXPECT_TRUE(EstRefuseEnMots());
+  ExigeRefus();
+  EXPECT_TRUE(EstSansDecodeur());
 }
 
 }  // namespace
