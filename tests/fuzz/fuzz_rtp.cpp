@@ -2,17 +2,13 @@
 // Any packets as what a camera sends within its RTSP connection (RFC 2326, section 10.12): from the packets to the
 // frames that are compared. An input is the number of a coding, then packets of RTP (RFC 3550), each behind its length
 // in two bytes, the higher first.
-#include <netinet/in.h>
-#include <sys/socket.h>
-#include <sys/time.h>
-#include <unistd.h>
-
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <mutex>
 #include <string>
-#include <thread>
 
+#include "fuzz/loopback_server.h"
 #include "fuzz/played_stream.h"
 #include "platform/capture/streams/gst_setup.h"
 
@@ -28,20 +24,8 @@ constexpr std::array kCodages = {"96\r\na=rtpmap:96 H264/90000\r\na=fmtp:96 pack
                                  "96\r\na=rtpmap:96 VP9/90000",
                                  "33"};
 
-/// Speaks with one caller after the other; ends with the process.
 class Camera {
  public:
-  Camera() : Prise_(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
-    sockaddr_in adresse{};
-    adresse.sin_family = AF_INET;
-    adresse.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    auto* nue = reinterpret_cast<sockaddr*>(&adresse);
-    socklen_t taille = sizeof adresse;
-    if (::bind(Prise_, nue, taille) != 0 || ::listen(Prise_, 16) != 0 || ::getsockname(Prise_, nue, &taille) != 0)
-      return;
-    Port_ = ntohs(adresse.sin_port);
-    std::thread([this] { Sert(); }).detach();
-  }
   QString Adresse(const std::uint8_t* donnees, std::size_t taille) {
     const std::lock_guard verrou(Verrou_);
     Codage_ = taille > 0 ? donnees[0] % kCodages.size() : 0;
@@ -53,21 +37,10 @@ class Camera {
       Paquets_.append(reinterpret_cast<const char*>(donnees + i + 2), longueur);
       i += 2 + longueur;
     }
-    return QStringLiteral("rtsp://127.0.0.1:%1/c").arg(Port_);
+    return QStringLiteral("rtsp://127.0.0.1:%1/c").arg(Serveur_.Port());
   }
 
  private:
-  [[noreturn]] void Sert() {
-    while (true) {
-      const int client = ::accept4(Prise_, nullptr, nullptr, SOCK_CLOEXEC);
-      if (client < 0) continue;
-      constexpr timeval kPatience{.tv_sec = 2, .tv_usec = 0};
-      ::setsockopt(client, SOL_SOCKET, SO_RCVTIMEO, &kPatience, sizeof kPatience);
-      ::setsockopt(client, SOL_SOCKET, SO_SNDTIMEO, &kPatience, sizeof kPatience);
-      Parle(client);
-      ::close(client);
-    }
-  }
   // The caller's own packets, reports of what arrived, stand between its requests and are passed over with them.
   void Parle(int client) {
     std::string recu;
@@ -101,19 +74,13 @@ class Camera {
       reponse += "\r\n";
     }
     if (est("PLAY rtsp")) reponse += Paquets_;
-    for (std::size_t parti = 0; parti < reponse.size();) {
-      const ssize_t n = ::send(client, reponse.data() + parti, reponse.size() - parti, MSG_NOSIGNAL);
-      if (n <= 0) return false;
-      parti += static_cast<std::size_t>(n);
-    }
-    return !est("TEARDOWN rtsp");
+    return ServeurLocal::Envoie(client, reponse) && !est("TEARDOWN rtsp");
   }
 
-  const int Prise_;
-  int Port_ = 0;
   std::mutex Verrou_;
   std::size_t Codage_ = 0;
   std::string Paquets_;
+  ServeurLocal Serveur_{[this](int client) { Parle(client); }};  // last: its thread uses the others
 };
 
 }  // namespace
