@@ -98,6 +98,19 @@ TEST_F(SpaceQuery, AnotherDiskIsAskedWhileOneIsSilent) {
   ASSERT_TRUE(Disque->Repond());
 }
 
+// The disk is asked again by the second of them: the first had been answered, and waits for nothing more.
+TEST_F(SpaceQuery, AnAnswerComesOnceAndTheNextQuestionHasItsOwn) {
+  SondeEspaceSysteme sonde([](const QString&) -> std::optional<qint64> { return 7; });
+  int premiers = 0;
+  int seconds = 0;
+  sonde.DemandeEspace(Chemin(), [&](std::optional<qint64>) { ++premiers; });
+  ASSERT_TRUE(essai::AttendQue([&] { return premiers == 1; }));
+  sonde.DemandeEspace(Chemin(), [&](std::optional<qint64>) { ++seconds; });
+  EXPECT_TRUE(essai::AttendQue([&] { return seconds + premiers == 2; }));
+  EXPECT_EQ(premiers, 1);
+  EXPECT_EQ(seconds, 1);
+}
+
 TEST_F(SpaceQuery, NothingComesOfAForgottenQuestion) {
   const auto finies = std::make_shared<std::atomic<int>>(0);
   SondeEspaceSysteme sonde([finies](const QString&) -> std::optional<qint64> {
