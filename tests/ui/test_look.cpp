@@ -302,6 +302,31 @@ TEST(BoutonImage, CameraButtonShowsRowSevenWhileTheCameraRunsButItsPressThatOfRo
   EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(0).FaceRepos) << "stale after a change of language";
 }
 
+// The window lives while a camera connects.
+TEST(BoutonImage, APointerThatLeavesWhileTheCameraConnectsLeavesNoStaleCaption) {
+  BancFenetre banc;
+  auto* bouton = banc.Trouve<BoutonImage>("Bouton(0)");
+  Bouge(bouton, {5, 5});
+  banc.Pilote.PendantConnexion = [&] {
+    Bouge(bouton, {-1, 5});
+    EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(0).FaceRepos) << "not yet connected";
+  };
+  QTest::mouseClick(bouton, Qt::LeftButton);
+  ASSERT_TRUE(banc.Engin.Camera().CameraActive);
+  EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(7).FaceRepos);
+}
+
+TEST(BoutonImage, APointerThatStaysWhileTheCameraConnectsChangesTheFaceWithItsNextMove) {
+  BancFenetre banc;
+  auto* bouton = banc.Trouve<BoutonImage>("Bouton(0)");
+  Bouge(bouton, {5, 5});
+  QTest::mouseClick(bouton, Qt::LeftButton);
+  ASSERT_TRUE(banc.Engin.Camera().CameraActive);
+  EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(0).FaceEnfoncee) << "not before the next move";
+  Bouge(bouton, {6, 5});
+  EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(7).FaceSurvol);
+}
+
 TEST(BoutonImage, RightAndLowerEdgeAreOnePixelFurtherOut) {
   BancFenetre banc;
   auto* bouton = banc.Trouve<BoutonImage>("Bouton(3)");

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 
 namespace vaktor {
 
@@ -157,6 +158,7 @@ bool BoutonImage::SuitPointeur(const QPoint& position) {
   const FaceBouton& face = Rangee(RangeeCourante());
   const bool dehors = position.x() < 0 || position.y() < 0 || position.x() > width() || position.y() > height();
   MontreFace(dehors ? face.FaceRepos : face.FaceSurvol);
+  Sorti_ = dehors;
   if (!dehors) Liens_->Sons.SurvolSon(Index_);
   return !dehors;
 }
@@ -186,6 +188,7 @@ bool BoutonImage::eventFilter(QObject* objet, QEvent* evenement) {
   }
   if (objet == window() && (evenement->type() == QEvent::Leave || evenement->type() == QEvent::WindowDeactivate)) {
     Retient(false);
+    Sorti_ = true;
     MontreFace(Rangee(RangeeCourante()).FaceRepos);
   }
   return false;
@@ -195,7 +198,12 @@ bool BoutonImage::eventFilter(QObject* objet, QEvent* evenement) {
 void BoutonImage::mouseReleaseEvent(QMouseEvent* evenement) {
   if (Passe(*evenement)) return;
   if (Liens_ && (Famille_ == FamilleBouton::kGrise || Index_ > kDernierMuet)) Liens_->Sons.JoueSon(SonsInterface::kTic);
+  const bool dedans = !Sorti_;
+  const QPointer<BoutonImage> ceci(this);
   BoutonEntendu::mouseReleaseEvent(evenement);
+  // A camera takes its time to connect, the window lives on in that click, and the pointer may leave in the middle of
+  // it: the face at rest that it left behind knew nothing of what the click brought, and would say so for hours.
+  if (ceci && dedans && Sorti_ && Liens_) MontreFace(Rangee(RangeeCourante()).FaceRepos);
 }
 
 void BoutonImage::paintEvent(QPaintEvent*) {

@@ -78,6 +78,7 @@ class BoutonImage : public BoutonEntendu {
   QString Aide_;
   QString Raison_;        // empty: the tooltip is set from outside
   bool Retient_ = false;  // the pointer has left the button but not yet its margin
+  bool Sorti_ = true;     // the pointer, as it was last followed
   bool Lachee_ = false;   // the pointer has left with a mouse button held: what follows is not this button's
 };
 
