@@ -11,6 +11,11 @@
 #include "texts/text_tables.h"
 
 namespace vaktor {
+namespace {
+
+constexpr QLatin1StringView kSujetFichier{"sound-file "};
+
+}  // namespace
 
 SuiviEnvois::SuiviEnvois(const PortsEnvois& ports)
     : Ports_(ports),
@@ -43,7 +48,8 @@ void SuiviEnvois::Regarde() {
   JugePage();
   JugeCoupure();
   JugeNouvelles();
-  if (Ports_.Reglages.MailActif || LiveDepuis_)
+  JugeSon();
+  if (Ports_.Reglages.MailActif || LiveDepuis_ || EcouteSon())
     Ports_.Lecteur.LitEtats([this](const EtatsCompagnons& etats) { Recoit(etats); });
 }
 
@@ -117,6 +123,16 @@ void SuiviEnvois::Recoit(const EtatsCompagnons& etats) {
     MotsFtp_ = etats.Ftp.MotsServeur;
     JugePage();
   }
+  // What it says of its last sound is as true in an hour: it does not age, and no second file of life is wanted of it.
+  if (EcouteSon() && etats.Son.Poignee == Ports_.Liaison.HandleSon) {
+    const QString& sujet = etats.Son.Sujet;
+    SonMuet_.reset();
+    if (sujet.startsWith(kSujetFichier))
+      SonMuet_ = sujet.mid(kSujetFichier.size());
+    else if (!sujet.isEmpty())
+      SonMuet_ = etats.Son.MotsServeur;
+    JugeSon();
+  }
 }
 
 void SuiviEnvois::Suit(Moment& moment, const std::optional<qint64>& age, const QString& dit) {
@@ -162,6 +178,17 @@ void SuiviEnvois::JugeCoupure() {
   TablesTextes textes;
   textes.Remplit(LangueParlee(Ports_.Reglages.LangueCourante));
   Ports_.Sante.Signale(Condition::kPageCoupee, textes.Dit(*Ports_.Liaison.PageCoupee));
+}
+
+bool SuiviEnvois::EcouteSon() const { return Ports_.Reglages.SonActif && Ports_.Liaison.HandleSon != 0; }
+
+// One that was switched off and on again is asked anew.
+void SuiviEnvois::JugeSon() {
+  if (!EcouteSon()) SonMuet_.reset();
+  if (SonMuet_)
+    Ports_.Sante.Signale(Condition::kSonMuet, *SonMuet_);
+  else
+    Ports_.Sante.Leve(Condition::kSonMuet);
 }
 
 qint64 SuiviEnvois::DonneAgeMax() {

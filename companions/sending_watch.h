@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// Whether what leaves the machine arrives: mails and pushes that wait, a live page that nobody renews any more.
+// Whether what an alarm sets off arrives: mails and pushes that wait, a live page that nobody renews any more, a sound
+// that nobody hears.
 #pragma once
 
 #include <QDateTime>
@@ -36,8 +37,8 @@ struct PortsEnvois {
 /// the counter and from the first reading of that text on, so that a clock that is set makes nothing young again. A
 /// file is news only when the companion that is registered now has written it, and not the same text of life again; of
 /// one that gives no news for kSansNouvelles nobody knows whether its mails and images arrive, which is a condition of
-/// its own. Nothing stands while mails, or the live page, are switched off, but that an error has switched off a page
-/// that ran, until somebody uses the switch.
+/// its own. Nothing stands while mails, the live page or the sound are switched off, but that an error has switched off
+/// a page that ran, until somebody uses the switch.
 /// Owner: app/. User-interface thread.
 class SuiviEnvois {
  public:
@@ -69,6 +70,8 @@ class SuiviEnvois {
   void JugePage();
   void JugeCoupure();
   void JugeNouvelles();
+  bool EcouteSon() const;
+  void JugeSon();
   /// News of one of them, which is being waited for or not.
   struct Nouvelles {
     std::optional<qint64> Depuis;  // of the last, or since they are waited for; as Ecoule_
@@ -89,6 +92,7 @@ class SuiviEnvois {
   std::optional<qint64> LiveDepuis_;  // the switch is on, as far as it was seen; in Ecoule_
   bool FtpParle_ = false;             // its file was read since the switch is on
   QString MotsMail_, MotsFtp_, MotsPush_;
+  std::optional<QString> SonMuet_;  // the last sound was not heard, and why
   std::optional<QString> Accepte_;  // as last read; nothing before the first reading
   Nouvelles NouvellesMail_, NouvellesFtp_;
   std::unique_ptr<Minuterie> TimerEnvois_;

@@ -240,6 +240,15 @@ constexpr std::array<LigneCondition, kNombreConditions> kTable = {{
       "The photo folder was not there at the start: another one has taken its place"},
      {"Pour y revenir, branchez le disque où il se trouve, puis choisissez ce dossier dans la galerie.",
       "To go back to it, connect the disk where it lies, then choose that folder in the gallery."}},
+    {Condition::kSonMuet,
+     Gravite::kBoiteuse,
+     kAusitot,
+     "sound-silent",
+     {"Le dernier son de l'alarme n'a pas été entendu", "The last alarm sound was not heard"},
+     {"Vérifiez les haut-parleurs, et le son choisi (page Options, bouton Sons). Ceci finit avec le prochain son de "
+      "l'alarme qui est entendu.",
+      "Check the loudspeakers, and the sound that is chosen (page Options, button Sounds). It ends with the next alarm "
+      "sound that is heard."}},
 }};
 
 constexpr bool EstDansLOrdre() {

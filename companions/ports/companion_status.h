@@ -16,6 +16,7 @@ struct EtatCompagnon {
   std::optional<qint64> Attente;  ///< mail: age of the oldest mail that waits
   std::optional<qint64> Publie;   ///< FTP: age of the last live image on the site
   QString MotsServeur = {};       ///< what the other side said, of a failure that stands; one line
+  QString Sujet = {};             ///< the name of a failure that stands ("sound-device"); empty where none does
   /// Another text each time the companion has said that it lives; empty where its file tells nothing of the kind.
   QString Battement = {};
   /// Mail: another text each time a server has taken a mail; empty while none has.
@@ -28,6 +29,7 @@ struct EtatCompagnon {
 struct EtatsCompagnons {
   EtatCompagnon Ftp;
   EtatCompagnon Mail;
+  EtatCompagnon Son = {};
 };
 
 /// User-interface thread.
@@ -36,9 +38,9 @@ class LecteurEtats {
   using Recoit = std::function<void(const EtatsCompagnons& etats)>;
 
   virtual ~LecteurEtats() = default;
-  /// Reads both files, without blocking, and calls `recoit` from the event loop; never for a disk that does not answer.
-  /// While a reading is under way, for a minute at the most, another one is not begun, and `recoit` is dropped; of one
-  /// that took longer nothing comes any more once another was asked for.
+  /// Reads the three files, without blocking, and calls `recoit` from the event loop; never for a disk that does not
+  /// answer. While a reading is under way, for a minute at the most, another one is not begun, and `recoit` is dropped;
+  /// of one that took longer nothing comes any more once another was asked for.
   virtual void LitEtats(Recoit recoit) = 0;
   /// Nobody waits for the reading under way any more.
   virtual void Oublie() = 0;

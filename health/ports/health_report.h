@@ -33,8 +33,9 @@ enum class Condition {
   kPageCoupee,       ///< the live page ran, and an error switched it off; the detail is which (companions)
   kReglagesAbimes,   ///< the settings file was damaged: the detail is what of it, and where it is kept (settings)
   kDossierRemplace,  ///< the photo folder was not there at the start and is another now: the detail is both (settings)
+  kSonMuet,          ///< the last alarm sound was not heard; the detail is its file, or the system's word (companions)
 };
-inline constexpr int kNombreConditions = 24;
+inline constexpr int kNombreConditions = 25;
 
 /// User-interface thread. Both calls are cheap and may be repeated at each frame.
 class RapportSante {

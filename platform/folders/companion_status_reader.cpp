@@ -41,8 +41,10 @@ EtatCompagnon ComprendEtat(const QByteArray& octets, qint64 maintenant) {
   etat.AttentePush = LitAge(objet, "push_waiting_since", maintenant, etat.AttentePushDite);
   etat.MotsPush = objet.value(QStringLiteral("push_server")).toString().simplified().left(kMotsMax);
   etat.Accepte = objet.value(QStringLiteral("accepted")).toString();
-  if (objet.value(QStringLiteral("state")).toString() == QLatin1String("failure"))
+  if (objet.value(QStringLiteral("state")).toString() == QLatin1String("failure")) {
     etat.MotsServeur = objet.value(QStringLiteral("server")).toString().simplified().left(kMotsMax);
+    etat.Sujet = objet.value(QStringLiteral("subject")).toString().left(kMotsMax);
+  }
   return etat;
 }
 
@@ -54,7 +56,8 @@ void LecteurEtatsFichiers::LitEtats(Recoit recoit) {
   Recoit_ = std::move(recoit);
   const auto lit = [dossier = Dossier_, maintenant = Maintenant_] {
     const qint64 instant = maintenant();
-    return EtatsCompagnons{LitEtat(dossier, Compagnon::kFtp, instant), LitEtat(dossier, Compagnon::kMail, instant)};
+    return EtatsCompagnons{LitEtat(dossier, Compagnon::kFtp, instant), LitEtat(dossier, Compagnon::kMail, instant),
+                           LitEtat(dossier, Compagnon::kSon, instant)};
   };
   Question_.Pose(lit, {}, [this](const EtatsCompagnons& etats) {
     const Recoit suite = std::exchange(Recoit_, {});

@@ -158,9 +158,10 @@ TEST_F(Suivi, ACompanionThatWasStartedAgainIsBelievedOnceItHasRegistered) {
   EXPECT_FALSE(Attendent());
 }
 
-TEST_F(Suivi, NothingIsReportedNorReadWhileMailAndLivePageAreOff) {
+TEST_F(Suivi, NothingIsReportedNorReadWhileMailLivePageAndSoundAreOff) {
   Lecteur.Etats.Mail = {.Poignee = 22, .Attente = 60 * kMinute, .Publie = {}, .MotsServeur = {}};
   Lecteur.Etats.Ftp = {.Poignee = 11, .Attente = {}, .Publie = 60 * kMinute, .MotsServeur = {}};
+  Reglages.SonActif = false;
   Avance(10 * kMinute);
   EXPECT_FALSE(Attendent() || Vieille());
   EXPECT_EQ(Lecteur.Demandes, 0);
@@ -356,6 +357,52 @@ TEST_F(Suivi, APageThatAnErrorSwitchedOffIsToldUntilTheSwitchIsUsed) {
   Liaison.PageCoupee.reset();
   Avance(SuiviEnvois::kRegard);
   EXPECT_FALSE(Sante.Dure(Condition::kPageCoupee));
+}
+
+TEST_F(Suivi, AnAlarmSoundThatNobodyHeardIsToldUntilOneIsHeard) {
+  const auto muet = [this] { return Sante.Dure(Condition::kSonMuet); };
+  Lecteur.Etats.Son = {.Poignee = 33};
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(muet());
+  Lecteur.Etats.Son.Sujet = "sound-device";
+  Lecteur.Etats.Son.MotsServeur = "no such device";
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(muet());
+  EXPECT_EQ(Sante.Details[Condition::kSonMuet], "no such device");
+  Lecteur.Muet = true;
+  Avance(60 * kMinute);
+  EXPECT_TRUE(muet()) << "what was not heard does not age";
+  Lecteur.Muet = false;
+  Lecteur.Etats.Son.Sujet = "sound-file /home/anna/dog.wav";
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(muet());
+  EXPECT_EQ(Sante.Details[Condition::kSonMuet], "/home/anna/dog.wav") << "which one to replace";
+  Lecteur.Etats.Son.Sujet.clear();
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(muet());
+}
+
+TEST_F(Suivi, AnAlarmSoundThatIsSwitchedOffOrOfAnotherCompanionIsNotMissed) {
+  const auto muet = [this] { return Sante.Dure(Condition::kSonMuet); };
+  Lecteur.Etats.Son = {.Poignee = 34, .MotsServeur = {}, .Sujet = "sound-device"};
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(muet()) << "an earlier one's";
+  Lecteur.Etats.Son.Poignee = 33;
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(muet());
+  Reglages.SonActif = false;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(muet());
+  Lecteur.Muet = true;
+  Reglages.SonActif = true;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(muet()) << "it is asked anew";
+  Lecteur.Muet = false;
+  Avance(SuiviEnvois::kRegard);
+  ASSERT_TRUE(muet());
+  Liaison.HandleSon = 0;
+  Avance(SuiviEnvois::kRegard);
+  EXPECT_FALSE(muet()) << "told as a companion that is missing";
 }
 
 TEST_F(Suivi, AnAnswerThatComesTooLateFindsNobody) {

@@ -37,10 +37,16 @@ TEST_F(EtatsSurDisque, TellsWhatTheFilesSay) {
   EcritOctets(Mail(), R"({"handle": 4711, "state": "failure", "server": "451 not\nnow",
                           "push_waiting_since": "2026-11-15T14:01:00Z", "push_server": "HTTP 503:\nlater",
                           "waiting_since": "2026-11-15T14:00:00Z", "started": "2026-11-15T13:00:00Z"})");
-  EcritOctets(Temporaire.filePath("VAKTORftp.json"), R"({"handle": 4712, "state": "ok", "server": "old words",
+  EcritOctets(Temporaire.filePath("VAKTORftp.json"),
+              R"({"handle": 4712, "state": "ok", "server": "old words", "subject": "old",
                           "alive": "2026-11-15T14:04:30Z", "live_since": "2026-11-15T13:00:00Z", "live_published": "2026-11-15T15:05:00+01:00"})");
+  EcritOctets(Temporaire.filePath("VAKTORsound.json"),
+              R"({"handle": 4713, "state": "failure", "subject": "sound-device", "server": "no device"})");
   const EtatsCompagnons etats = Lit();
   EXPECT_EQ(etats.Mail.Poignee, 4711);
+  EXPECT_EQ(etats.Son.Poignee, 4713);
+  EXPECT_EQ(etats.Son.Sujet, "sound-device");
+  EXPECT_EQ(etats.Son.MotsServeur, "no device");
   EXPECT_EQ(etats.Mail.Attente, 309'000);
   EXPECT_EQ(etats.Mail.MotsServeur, "451 not now");
   EXPECT_EQ(etats.Mail.AttentePush, 249'000);
@@ -55,6 +61,7 @@ TEST_F(EtatsSurDisque, TellsWhatTheFilesSay) {
   EXPECT_EQ(etats.Ftp.Battement, "2026-11-15T14:04:30Z");
   EXPECT_EQ(etats.Mail.Battement, "");
   EXPECT_EQ(etats.Ftp.MotsServeur, "") << "only of a failure that stands";
+  EXPECT_EQ(etats.Ftp.Sujet, "");
   EXPECT_FALSE(etats.Ftp.Attente);
 }
 
