@@ -50,6 +50,8 @@ class SuiviNoeuds : public QObject {
 QString NomGroupe(const QString& noeud) {
   struct stat etat = {};
   if (::stat(QFile::encodeName(noeud).constData(), &etat) != 0) return {};
+  // A camera that has just been plugged in is root's until the system hands it to its group; nobody is to join root's.
+  if (etat.st_gid == 0) return QStringLiteral("video");
   group lu = {};
   group* trouve = nullptr;
   std::array<char, 4096> place{};

@@ -56,7 +56,7 @@ class AccesPeripheriques {
   virtual std::unique_ptr<QObject> SuitBranchements(std::function<void()> change) const = 0;
 };
 
-/// The group that may open this node; empty where it is not there.
+/// The group that may open this node, "video" as long as it is root's own; empty where it is not there.
 QString NomGroupe(const QString& noeud);
 
 /// A source as people know it: a device by its card's name and node, others as they describe themselves.

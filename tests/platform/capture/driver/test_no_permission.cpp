@@ -17,6 +17,8 @@
 namespace vaktor {
 namespace {
 
+constexpr gid_t kGroupeQuelconque = 1;
+
 class SansPermission : public PiloteSurSource {
  protected:
   void SetUp() override {
@@ -24,6 +26,8 @@ class SansPermission : public PiloteSurSource {
     Noeud_ = Fichier("video7");
     QFile noeud(Noeud_);
     ASSERT_TRUE(noeud.open(QIODevice::WriteOnly));
+    // Root's own group is never named; nobody but root can give a file to another.
+    if (::geteuid() == 0) ASSERT_EQ(::chown(qPrintable(Noeud_), 0, kGroupeQuelconque), 0);
     ASSERT_EQ(::chmod(qPrintable(Dossier_.path()), 0755), 0);
   }
   static void Permet(const QString& fichier, bool permis) {
@@ -88,6 +92,14 @@ TEST_F(SansPermission, ARefusedNodeGivesNoConnection) {
   ASSERT_NO_FATAL_FAILURE(Permet(Noeud_, true));
   EXPECT_FALSE(ConnecteNoeud()) << "an ordinary file";
   EXPECT_TRUE(guet.Ouvert()) << "it was not even asked for before";
+}
+
+// As the system makes it, before its rules have come to it.
+TEST_F(SansPermission, ANodeThatIsStillRootsSendsNobodyIntoRootsGroup) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only root can give a node to root";
+  EXPECT_EQ(NomGroupe(Noeud_), QFileInfo(Noeud_).group());
+  ASSERT_EQ(::chown(qPrintable(Noeud_), 0, 0), 0);
+  EXPECT_EQ(NomGroupe(Noeud_), "video");
 }
 
 TEST_F(SansPermission, AFilmIsRefusedUntilItsUserMayReadIt) {
