@@ -18,6 +18,7 @@
 #include "platform/base/end_signals.h"
 #include "platform/base/program_folders.h"
 #include "platform/widgets/fixed_windows.h"
+#include "texts/phrase.h"
 #include "ui/common/appearance.h"
 #include "ui/common/heard_roles.h"
 #include "ui/face/art_images.h"
@@ -46,10 +47,10 @@ void PrepareApparence() {
   QGuiApplication::setDesktopFileName(QStringLiteral("org.vaktor.Vaktor"));  // its name, and on Wayland its icon
 }
 
-ArgumentsDepart LitArguments(int argc, char** argv) {
+QStringList ListeArguments(int argc, char** argv) {
   QStringList arguments;
   for (int i = 1; i < argc; ++i) arguments.append(QString::fromLocal8Bit(argv[i]));
-  return LitArgumentsDepart(arguments);
+  return arguments;
 }
 
 // Before the settings are read, the session says which language its user speaks.
@@ -57,12 +58,26 @@ Langue LangueSession() {
   return QLocale::system().language() == QLocale::French ? Langue::kFrancais : Langue::kAnglais;
 }
 
-// Those that the toolkit takes for itself are gone from the list by then.
-void DitArgumentsInconnus() {
-  for (const QString& inconnu : TrouveInconnus(QCoreApplication::arguments().mid(1))) {
+void DitArgumentsInconnus(const QStringList& arguments) {
+  for (const QString& inconnu : TrouveInconnus(arguments)) {
     std::fprintf(stderr, "Vaktor: the argument \"%s\" is not known and does nothing; --help lists those there are\n",
                  qUtf8Printable(inconnu));
   }
+}
+
+// The toolkit ends in an abort where it finds no screen. What the user, or the session, names is left to it to try.
+bool SansEcran(const QStringList& arguments) {
+  for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"})
+    if (!qEnvironmentVariableIsEmpty(nom)) return false;
+  return qgetenv("XDG_SESSION_TYPE") != "wayland" && !arguments.contains(QStringLiteral("-platform"));
+}
+
+int DitSansEcran() {
+  const Phrase mots{
+      "Vaktor : il n'y a pas d'écran ici. Lancez-le depuis le bureau, ou nommez son écran dans DISPLAY.\n",
+      "Vaktor: there is no screen here. Start it from the desktop, or name its screen in DISPLAY.\n"};
+  std::fputs(qUtf8Printable(mots.Dit(LangueSession())), stderr);
+  return kStatutEchec;
 }
 
 int Execute(ApplicationGardee& application, const ArgumentsDepart& arguments) {
@@ -86,7 +101,8 @@ int Execute(ApplicationGardee& application, const ArgumentsDepart& arguments) {
 }  // namespace
 
 int LanceVaktor(int argc, char** argv) {
-  const ArgumentsDepart arguments = LitArguments(argc, argv);
+  const QStringList liste = ListeArguments(argc, argv);
+  const ArgumentsDepart arguments = LitArgumentsDepart(liste);
   if (arguments.Aide || arguments.Version) {
     // Answered without a screen.
     std::fputs(arguments.Aide
@@ -96,6 +112,10 @@ int LanceVaktor(int argc, char** argv) {
     return 0;
   }
   if (arguments.Cameras) return DitCameras(arguments.Camera, TrouveDossierReglages(arguments.Dossier));
+  if (SansEcran(liste)) {
+    DitArgumentsInconnus(liste);
+    return DitSansEcran();
+  }
   InterditImageMemoire();
   PrepareEnvironnement();
   QCoreApplication::setApplicationName(QStringLiteral("Vaktor"));
@@ -106,7 +126,8 @@ int LanceVaktor(int argc, char** argv) {
   std::optional<FenetresFixes> fixes;
   if (QGuiApplication::platformName().startsWith(QStringLiteral("wayland"))) fixes.emplace();
   InstalleRoles();
-  DitArgumentsInconnus();
+  // Those that the toolkit takes for itself are gone from the list by then.
+  DitArgumentsInconnus(QCoreApplication::arguments().mid(1));
   try {
     return Execute(application, arguments);
   } catch (const std::exception& erreur) {

@@ -134,6 +134,33 @@ TEST_F(Programme, HelpAndVersionNeedNoScreen) {
   }
 }
 
+TEST_F(Programme, WithoutAScreenItSaysSoAndWhatItDoesNotUnderstand) {
+  QProcessEnvironment sans = QProcessEnvironment::systemEnvironment();
+  for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE"})
+    sans.remove(QLatin1String(nom));
+  Processus.setProcessEnvironment(sans);
+  Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), {QStringLiteral("--nonsense")});
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  EXPECT_EQ(Processus.exitStatus(), QProcess::NormalExit) << "and does not fall";
+  EXPECT_EQ(Processus.exitCode(), 1);
+  const QByteArray dit = Processus.readAll();
+  EXPECT_TRUE(dit.contains("\"--nonsense\" is not known")) << dit.toStdString();
+  EXPECT_TRUE(dit.contains("there is no screen here")) << dit.toStdString();
+}
+
+TEST_F(Programme, AScreenThatTheUserNamesIsTried) {
+  QProcessEnvironment sans = QProcessEnvironment::systemEnvironment();
+  for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE"})
+    sans.remove(QLatin1String(nom));
+  Processus.setProcessEnvironment(sans);
+  Processus.start(QStringLiteral(VAKTOR_EXECUTABLE),
+                  {QStringLiteral("-platform"), QStringLiteral("offscreen"), QStringLiteral("/camera:test"),
+                   QStringLiteral("/dossier:") + Dossier.path()});
+  EXPECT_FALSE(Processus.waitForFinished(2000)) << Processus.readAll().toStdString();
+  Processus.terminate();
+  EXPECT_TRUE(Processus.waitForFinished(30000));
+}
+
 TEST_F(Programme, HelpSpeaksTheLanguageOfTheSession) {
   for (const auto& [session, mot] : {std::pair{"fr_FR.UTF-8", "détecteur"}, std::pair{"de_DE.UTF-8", "detector"}}) {
     QProcessEnvironment avec = QProcessEnvironment::systemEnvironment();
