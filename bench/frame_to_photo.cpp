@@ -49,6 +49,8 @@ class PiloteChronometre : public PiloteCapture {
   PiloteChronometre(PiloteCapture& vrai, Mesures& mesures) : Vrai_(vrai), Mesures_(mesures) {}
   bool Connecte() override { return Vrai_.Connecte(); }
   void ConnecteSansAttendre() override { Vrai_.ConnecteSansAttendre(); }
+  QString Explication() const override { return Vrai_.Explication(); }
+  QString AutreCamera() const override { return Vrai_.AutreCamera(); }
   void Deconnecte() override { Vrai_.Deconnecte(); }
   bool ImagePrete() const override { return Vrai_.ImagePrete(); }
   void AttendImage(std::function<void()> reveil) override { Vrai_.AttendImage(std::move(reveil)); }

@@ -52,6 +52,8 @@ class CameraSansAttente : public PiloteCapture {
 
   bool Connecte() override { return true; }
   void ConnecteSansAttendre() override {}
+  QString Explication() const override { return {}; }
+  QString AutreCamera() const override { return {}; }
   void Deconnecte() override { Reveille_ = {}; }
   bool ImagePrete() const override { return Retour_.hasExpired(); }
   bool SaisitImage() override {

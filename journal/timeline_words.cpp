@@ -96,8 +96,7 @@ QString DitPhotos(qsizetype nombre, Langue langue) {
   return DitNombre(nombre, {"1 photo", "1 picture"}, {"%1 photos", "%1 pictures"}, langue);
 }
 
-QString DitJournee(const JourVu& jour, const Chronique& chronique, Langue langue) {
-  Q_UNUSED(chronique)
+QString DitJournee(const JourVu& jour, Langue langue) {
   const QString intrusions = jour.Intrusions.isEmpty() ? Phrase{"Aucune intrusion", "No intrusion"}.Dit(langue)
                                                        : DitIntrusions(jour.Intrusions.size(), langue);
   const QString veille = jour.VeilleMs < 1000
@@ -168,7 +167,7 @@ QString DitMarque(const MarqueTemps& marque, Langue langue) {
 }
 
 QString DitBande(const JourVu& jour, const Chronique& chronique, Langue langue) {
-  QStringList lignes{DitJour(jour.Jour, langue), DitJournee(jour, chronique, langue)};
+  QStringList lignes{DitJour(jour.Jour, langue), DitJournee(jour, langue)};
   for (const qsizetype i : jour.Intrusions) lignes += DitIntrusion(chronique.Intrusions.at(i), langue);
   for (const BandeTemps& bande : chronique.Armees)
     if (Touche(bande, jour)) lignes += DitArmee(bande, langue);
@@ -198,10 +197,6 @@ QString DitPosition(qsizetype index, qsizetype nombre, const QString& photo, Lan
   const QString place =
       Phrase{"Photo %1 sur %2", "Picture %1 of %2"}.Dit(langue, QString::number(index + 1), QString::number(nombre));
   return lu ? lu->Heure.toString(QStringLiteral("HH:mm:ss")) + QStringLiteral("  \u00b7  ") + place : place;
-}
-QString DitPhotoDuFilm(const QString& raison, Langue langue) {
-  return Phrase{"Cette photo ne peut pas être montrée :\n%1.", "This picture cannot be shown:\n%1."}.Dit(langue,
-                                                                                                         raison);
 }
 
 QString NomFilm(const IntrusionVue& vue) {

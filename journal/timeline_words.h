@@ -34,7 +34,7 @@ QString DitJour(const QDate& jour, Langue langue);
 QString DitDuree(qint64 millisecondes, Langue langue);
 QString DitPhotos(qsizetype nombre, Langue langue);
 /// What happened that day, one line: how many intrusions, how long it watched.
-QString DitJournee(const JourVu& jour, const Chronique& chronique, Langue langue);
+QString DitJournee(const JourVu& jour, Langue langue);
 /// In the place of the cards of a day without one.
 QString DitNuitCalme(const JourVu& jour, bool enVeille, Langue langue);
 QString DitLecture(Langue langue);      ///< the journal is being read
@@ -55,7 +55,6 @@ QString MotVitesse(double vitesse);
 QString AideVitesse(Langue langue);
 QString MotPosition(Langue langue);
 QString DitPosition(qsizetype index, qsizetype nombre, const QString& photo, Langue langue);
-QString DitPhotoDuFilm(const QString& raison, Langue langue);
 QString NomFilm(const IntrusionVue& vue);  ///< without an ending
 QString FiltreFilm(FormatFilm format, Langue langue);
 QString MotFilmEnCours(Langue langue);

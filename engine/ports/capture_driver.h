@@ -30,10 +30,10 @@ class PiloteCapture {
   /// Why Connecte has just failed, ConnecteSansAttendre has not succeeded yet, or a camera that was lost is not back: a
   /// sentence in the user's language,
   /// where the driver knows more than that no picture came; else empty. Never holds a password.
-  virtual QString Explication() const { return {}; }
+  virtual QString Explication() const = 0;
 
   /// The camera at work, where it is the only one there is and not the one that was chosen; else empty.
-  virtual QString AutreCamera() const { return {}; }
+  virtual QString AutreCamera() const = 0;
 
   /// Closes the driver. The result is of no interest to anyone; a closed driver stays closed.
   virtual void Deconnecte() = 0;

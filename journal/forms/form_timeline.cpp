@@ -185,7 +185,7 @@ void FrmFrise::MontreJour(const QDate& jour) {
   const JourVu vu = ComposeJour(*Chronique_, Jour_);
   const bool enVeille = !Chronique_->Armees.isEmpty() && Chronique_->Armees.constLast().EnCours;
   LblJour_->setText(DitJour(Jour_, langue));
-  LblJournee_->setText(DitJournee(vu, *Chronique_, langue));
+  LblJournee_->setText(DitJournee(vu, langue));
   Bande_->MontreJour(Chronique_, vu, langue);
   Cartes_->MontreJour(Chronique_, vu, langue);
   Cartes_->MontreAvis(vu.Intrusions.isEmpty() ? DitNuitCalme(vu, enVeille && Jour_ == aujourdhui, langue) : QString());

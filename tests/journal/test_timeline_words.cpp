@@ -76,6 +76,19 @@ TEST(TimelineWords, MarksSayWhatHappened) {
   EXPECT_EQ(DitMarque({A(6), Fait::kFini}, kEn), "06:00:00: Vaktor was closed");
   EXPECT_EQ(DitMarque({A(6), Fait::kCourriel}, kEn), "06:00:00: the server has taken a mail");
   EXPECT_EQ(DitMarque({A(6), Fait::kPageRetablie}, kEn), "06:00:00: the live page is fresh again");
+  EXPECT_EQ(DitMarque({A(6), Fait::kVie}, kEn), "") << "no mark of the strip";
+}
+
+TEST(TimelineWords, ADayIsSummedUpInOneLine) {
+  JourVu jour{.Jour = kJour, .De = A(0), .A = A(0).addDays(1), .Intrusions = {}};
+  EXPECT_EQ(DitJournee(jour, kEn), QString::fromUtf8("No intrusion  ·  alarm not armed"));
+  jour.VeilleMs = 999;
+  EXPECT_EQ(DitJournee(jour, kFr), QString::fromUtf8("Aucune intrusion  ·  alarme non armée")) << "less than a second";
+  jour.VeilleMs = 3'600'000;
+  jour.Intrusions = {0};
+  EXPECT_EQ(DitJournee(jour, kEn), QString::fromUtf8("1 intrusion  ·  watched for 1 h"));
+  EXPECT_EQ(MotEnCours(kFr), "en cours");
+  EXPECT_EQ(MotEnCours(kEn), "going on");
 }
 
 TEST(TimelineWords, TheEarsHearOfThisDayAlone) {
