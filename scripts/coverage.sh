@@ -4,8 +4,8 @@
 #
 #   scripts/coverage.sh [BUILD-FOLDER]
 #
-# Prints for each file its share of lines and of branches, and the lines that no test reaches. Branches that only an
-# exception takes are left out: the compiler puts one behind nearly every call.
+# Prints for each file its share of lines and of branches, and each line that no test reaches with its reason
+# (unreached.py). Branches that only an exception takes are left out: the compiler puts one behind nearly every call.
 set -u -o pipefail
 cd "$(dirname "$(readlink -f "$0")")/.." || exit 1
 
@@ -17,7 +17,4 @@ trap 'rm -f "$mesure"' EXIT
 
 gcovr --root . --filter "$regles" --exclude-throw-branches --exclude-unreachable-branches --json "$mesure" \
   "$construction" || exit 1
-echo "=== lines, and those that no test reaches"
-gcovr --root . --add-tracefile "$mesure" --txt || exit 1
-echo "=== branches, and the lines with one that no test takes"
-gcovr --root . --add-tracefile "$mesure" --txt --branches
+scripts/unreached.py "$mesure"
