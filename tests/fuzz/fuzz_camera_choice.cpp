@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: GPL-3.0-or-later
+// Any bytes as the command line, as the address of a camera, and as the file in which the capture driver remembers what
+// was chosen.
+#include <QFile>
+#include <QTemporaryDir>
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
+
+#include "app/start_arguments.h"
+#include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/choice/common_addresses.h"
+#include "platform/capture/choice/named_source.h"
+
+namespace vaktor {
+namespace {
+
+void Exige(bool vrai) {
+  if (!vrai) std::abort();
+}
+
+// Shorter ones, and those that stand in the text twice, may be part of a host or a path.
+constexpr qsizetype kMotDePasseSeul = 8;
+
+void EssaieAdresse(const QString& texte) {
+  const SourceCapture source = ComprendSource(texte);
+  const QString& secret = source.MotDePasse;
+  if (secret.size() >= kMotDePasseSeul && texte.count(secret) == 1) {
+    Exige(!source.Description.contains(secret));
+    Exige(!source.Lieu.contains(secret));
+    Exige(!MasqueAdresse(texte).contains(secret));
+  }
+  const QList<SourceCapture> possibles = AdressesPossibles(source);
+  Exige(!possibles.isEmpty());
+  for (const SourceCapture& possible : possibles) {
+    Exige(possible.Utilisateur == source.Utilisateur && possible.MotDePasse == secret);
+    // What is remembered of an address that answered leads to it again.
+    if (possible.Genre == GenreSource::kReseau && possibles.size() > 1) {
+      const SourceCapture encore = ComprendSource(AdresseComplete(possible));
+      Exige(encore.Lieu == possible.Lieu && encore.MotDePasse == secret);
+    }
+  }
+}
+
+void EssaieLigneCommande(const QStringList& arguments) {
+  const ArgumentsDepart lus = LitArgumentsDepart(arguments);
+  const QStringList inconnus = TrouveInconnus(arguments);
+  Exige(std::ranges::all_of(inconnus, [&](const QString& inconnu) { return arguments.contains(inconnu); }));
+  const ArgumentsAuto automatiques = LitArgumentsAuto(lus.LigneCommande);
+  // Nothing is armed, and nothing sent, that no argument names.
+  Exige(!automatiques.Alarme || !lus.LigneCommande.isEmpty());
+  EssaieAdresse(lus.Camera);
+}
+
+void EssaieMemoire(const QByteArray& octets) {
+  static const QTemporaryDir kDossier;
+  const QString fichier = kDossier.filePath(QStringLiteral("capture.ini"));
+  {
+    QFile f(fichier);
+    Exige(f.open(QIODevice::WriteOnly) && f.write(octets) == octets.size());
+  }
+  MemoireCapture memoire(fichier);
+  const QString source = memoire.Source();
+  const QString nom = QString::fromUtf8(octets.left(40)) + QLatin1Char('x');
+  const FormatCamera format{
+      .Codage = QStringLiteral("MJPG"), .Largeur = 640, .Hauteur = 480, .CadenceNum = 30, .CadenceDen = 1};
+  // Whatever stood there: what is remembered from now on is read again, and so is the source that was understood.
+  Exige(memoire.RetientFormat(nom, format));
+  Exige(memoire.Format(nom) == format);
+  Exige(memoire.Source() == source);
+  Exige(memoire.Empechement().isEmpty());
+  Exige(memoire.RetientSource(QString::fromUtf8(octets)));
+  Exige(memoire.Empechement().isEmpty());
+  Exige(memoire.Format(nom) == format);
+  EssaieAdresse(source);
+}
+
+}  // namespace
+}  // namespace vaktor
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
+  const QByteArray octets(reinterpret_cast<const char*>(donnees), static_cast<qsizetype>(taille));
+  const QString texte = QString::fromUtf8(octets);
+  vaktor::EssaieAdresse(texte);
+  vaktor::EssaieLigneCommande(texte.split(u'\n'));
+  vaktor::EssaieMemoire(octets);
+  return 0;
+}
