@@ -27,7 +27,9 @@ class SansPermission : public PiloteSurSource {
     QFile noeud(Noeud_);
     ASSERT_TRUE(noeud.open(QIODevice::WriteOnly));
     // Root's own group is never named; nobody but root can give a file to another.
-    if (::geteuid() == 0) ASSERT_EQ(::chown(qPrintable(Noeud_), 0, kGroupeQuelconque), 0);
+    if (::geteuid() == 0) {
+      ASSERT_EQ(::chown(qPrintable(Noeud_), 0, kGroupeQuelconque), 0);
+    }
     ASSERT_EQ(::chmod(qPrintable(Dossier_.path()), 0755), 0);
   }
   static void Permet(const QString& fichier, bool permis) {
