@@ -361,7 +361,7 @@ TEST_F(Suivi, APageThatAnErrorSwitchedOffIsToldUntilTheSwitchIsUsed) {
 
 TEST_F(Suivi, AnAlarmSoundThatNobodyHeardIsToldUntilOneIsHeard) {
   const auto muet = [this] { return Sante.Dure(Condition::kSonMuet); };
-  Lecteur.Etats.Son = {.Poignee = 33};
+  Lecteur.Etats.Son.Poignee = 33;
   Avance(SuiviEnvois::kRegard);
   EXPECT_FALSE(muet());
   Lecteur.Etats.Son.Sujet = "sound-device";
@@ -384,7 +384,8 @@ TEST_F(Suivi, AnAlarmSoundThatNobodyHeardIsToldUntilOneIsHeard) {
 
 TEST_F(Suivi, AnAlarmSoundThatIsSwitchedOffOrOfAnotherCompanionIsNotMissed) {
   const auto muet = [this] { return Sante.Dure(Condition::kSonMuet); };
-  Lecteur.Etats.Son = {.Poignee = 34, .MotsServeur = {}, .Sujet = "sound-device"};
+  Lecteur.Etats.Son.Poignee = 34;
+  Lecteur.Etats.Son.Sujet = "sound-device";
   Avance(SuiviEnvois::kRegard);
   EXPECT_FALSE(muet()) << "an earlier one's";
   Lecteur.Etats.Son.Poignee = 33;
