@@ -64,24 +64,6 @@ TEST_F(Mains, PointerOnTheMarginHasNotLeft) {
   EXPECT_EQ(Banc.Fenetre.PageDevant(), 1) << "but a click ends on the button";
 }
 
-// From the button's margin, where the button still has it.
-TEST_F(Mains, PointerThatLeavesTheWindowWhileTheCameraConnectsLeavesNoStaleCaption) {
-  const auto& bouton = *Banc.Trouve<BoutonImage>("Bouton(0)");
-  const auto& faces = Banc.Fenetre.Face()->Faces();
-  Banc.Pilote.PendantConnexion = [&] {
-    Bouge(Dans("Bouton(0)", {72, 5}));
-    EXPECT_EQ(bouton.Face(), faces.FacesBouton(0).FaceSurvol);
-    QEvent sortie(QEvent::Leave);
-    QCoreApplication::sendEvent(&Banc.Fenetre, &sortie);
-    EXPECT_EQ(bouton.Face(), faces.FacesBouton(0).FaceRepos);
-  };
-  Bouge(Dans("Bouton(0)"));
-  Appuie(Dans("Bouton(0)"));
-  Relache(Dans("Bouton(0)"));
-  ASSERT_TRUE(Banc.Engin.Camera().CameraActive);
-  EXPECT_EQ(bouton.Face(), faces.FacesBouton(7).FaceRepos);
-}
-
 TEST_F(Mains, PressThatLeftClicksNoMoreWhenItComesBack) {
   Appuie(Dans("Bouton(4)"));
   Bouge(SurPage);

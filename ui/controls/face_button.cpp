@@ -155,12 +155,20 @@ QWidget* BoutonImage::ControleSous(const QPointF& global) const {
 // True while the pointer counts as inside. The right and the lower edge are one pixel further out than the button.
 bool BoutonImage::SuitPointeur(const QPoint& position) {
   if (!Liens_) return false;
-  const FaceBouton& face = Rangee(RangeeCourante());
   const bool dehors = position.x() < 0 || position.y() < 0 || position.x() > width() || position.y() > height();
-  MontreFace(dehors ? face.FaceRepos : face.FaceSurvol);
-  Sorti_ = dehors;
-  if (!dehors) Liens_->Sons.SurvolSon(Index_);
-  return !dehors;
+  if (dehors) {
+    MontreSortie();
+    return false;
+  }
+  Sorti_ = false;
+  MontreFace(Rangee(RangeeCourante()).FaceSurvol);
+  Liens_->Sons.SurvolSon(Index_);
+  return true;
+}
+
+void BoutonImage::MontreSortie() {
+  Sorti_ = true;
+  MontreFace(Rangee(RangeeCourante()).FaceRepos);
 }
 
 void BoutonImage::leaveEvent(QEvent* evenement) {
@@ -188,8 +196,7 @@ bool BoutonImage::eventFilter(QObject* objet, QEvent* evenement) {
   }
   if (objet == window() && (evenement->type() == QEvent::Leave || evenement->type() == QEvent::WindowDeactivate)) {
     Retient(false);
-    Sorti_ = true;
-    MontreFace(Rangee(RangeeCourante()).FaceRepos);
+    MontreSortie();
   }
   return false;
 }
@@ -203,7 +210,7 @@ void BoutonImage::mouseReleaseEvent(QMouseEvent* evenement) {
   BoutonEntendu::mouseReleaseEvent(evenement);
   // A camera takes its time to connect, the window lives on in that click, and the pointer may leave in the middle of
   // it: the face at rest that it left behind knew nothing of what the click brought, and would say so for hours.
-  if (ceci && dedans && Sorti_ && Liens_) MontreFace(Rangee(RangeeCourante()).FaceRepos);
+  if (ceci && dedans && Sorti_ && Liens_) MontreSortie();
 }
 
 void BoutonImage::paintEvent(QPaintEvent*) {

@@ -64,6 +64,7 @@ class BoutonImage : public BoutonEntendu {
   int RangeeCourante() const;
   void MontreFace(const QImage& face);
   bool SuitPointeur(const QPoint& position);
+  void MontreSortie();
   void Retient(bool retient);
   void EcritAide();
   void MontreInterdit();
