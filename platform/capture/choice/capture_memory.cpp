@@ -32,10 +32,18 @@ struct Contenu {
 QByteArray CodeTexte(const QString& texte) { return QUrl::toPercentEncoding(texte, " /:@?&+,;!()#", "%=[]"); }
 QString DecodeTexte(const QString& texte) { return QUrl::fromPercentEncoding(texte.toUtf8()); }
 
+constexpr qsizetype kCodageMax = 64;  // as it is written
+
+QString CodeCodage(const QString& codage) {
+  return codage.isEmpty() ? QStringLiteral("-") : QString::fromLatin1(QUrl::toPercentEncoding(codage));
+}
+
 QString CodeFormat(const FormatCamera& f) {
-  const QString codage =
-      f.Codage.isEmpty() ? QStringLiteral("-") : QString::fromLatin1(QUrl::toPercentEncoding(f.Codage));
-  return QStringLiteral("%1 %2x%3 %4/%5").arg(codage).arg(f.Largeur).arg(f.Hauteur).arg(f.CadenceNum).arg(f.CadenceDen);
+  const QString codage = CodeCodage(f.Codage);
+  // At once: the percent signs of a coding would be taken for places.
+  return QStringLiteral("%1 %2x%3 %4/%5")
+      .arg(codage, QString::number(f.Largeur), QString::number(f.Hauteur), QString::number(f.CadenceNum),
+           QString::number(f.CadenceDen));
 }
 
 std::optional<FormatCamera> DecodeFormat(const QString& texte) {
@@ -48,7 +56,8 @@ std::optional<FormatCamera> DecodeFormat(const QString& texte) {
   f.Hauteur = m.captured(3).toInt();
   f.CadenceNum = m.captured(4).toInt();
   f.CadenceDen = m.captured(5).toInt();
-  if (f.CadenceDen == 0) return std::nullopt;
+  // Written again it may be longer than it was read, and would be no line of ours any more.
+  if (f.CadenceDen == 0 || CodeCodage(f.Codage).size() > kCodageMax) return std::nullopt;
   return f;
 }
 

@@ -68,6 +68,27 @@ TEST_F(MemoireCaptureTest, OddNamesCannotBreakTheFile) {
   }
 }
 
+TEST_F(MemoireCaptureTest, ACodingOfOddSignsComesBackAsItWas) {
+  MemoireCapture memoire(Chemin());
+  for (const char16_t* codage : {u"MJPG\u0001", u"A/B;C", u"%1%2", u"caméra"}) {
+    FormatCamera format = kFormat;
+    format.Codage = QString::fromUtf16(codage);
+    ASSERT_TRUE(memoire.RetientFormat("x", format));
+    EXPECT_EQ(memoire.Format("x"), format);
+    EXPECT_EQ(memoire.Empechement(), "");
+  }
+}
+
+TEST_F(MemoireCaptureTest, ACodingThatWouldBeTooLongWrittenAgainIsNotOurs) {
+  Ecrit("[Formats]\na=MJPG" + QByteArray(24, '!') + " 640x480 30/1\nb=MJPG" + QByteArray(20, '!') + " 640x480 30/1\n");
+  MemoireCapture memoire(Chemin());
+  EXPECT_EQ(memoire.Format("a"), std::nullopt);
+  ASSERT_TRUE(memoire.Format("b"));
+  ASSERT_TRUE(memoire.RetientFormat("c", kFormat));
+  EXPECT_TRUE(memoire.Format("b")) << "64 signs are read again";
+  EXPECT_EQ(memoire.Format("c"), kFormat);
+}
+
 TEST_F(MemoireCaptureTest, TheFileIsTheUsersAlone) {
   MemoireCapture memoire(Chemin());
   memoire.RetientSource("test");
