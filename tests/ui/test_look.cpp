@@ -316,6 +316,31 @@ TEST(BoutonImage, APointerThatLeavesWhileTheCameraConnectsLeavesNoStaleCaption) 
   EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(7).FaceRepos);
 }
 
+TEST(BoutonImage, AWindowThatCameUpUnderThePointerLeavesNoStaleCaptionEither) {
+  BancFenetre banc;
+  auto* bouton = banc.Trouve<BoutonImage>("Bouton(0)");
+  banc.Pilote.PendantConnexion = [&] { Bouge(bouton, {-1, 5}); };
+  QTest::mouseClick(bouton, Qt::LeftButton);
+  ASSERT_TRUE(banc.Engin.Camera().CameraActive);
+  EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(7).FaceRepos) << "no move came before the press";
+}
+
+TEST(BoutonImage, AMarginFromWhichThePointerLeavesTheWindowLeavesNoStaleCaption) {
+  BancFenetre banc;
+  auto* bouton = banc.Trouve<BoutonImage>("Bouton(0)");
+  banc.Pilote.PendantConnexion = [&] {
+    QCursor::setPos(bouton->mapToGlobal(QPoint(72, 5)));
+    QEvent duBouton(QEvent::Leave), deLaFenetre(QEvent::Leave);
+    QCoreApplication::sendEvent(bouton, &duBouton);
+    ASSERT_EQ(bouton->Face(), Faces(banc).FacesBouton(0).FaceSurvol) << "on its margin the button still has it";
+    QCoreApplication::sendEvent(&banc.Fenetre, &deLaFenetre);
+    EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(0).FaceRepos);
+  };
+  QTest::mouseClick(bouton, Qt::LeftButton);
+  ASSERT_TRUE(banc.Engin.Camera().CameraActive);
+  EXPECT_EQ(bouton->Face(), Faces(banc).FacesBouton(7).FaceRepos);
+}
+
 TEST(BoutonImage, APointerThatStaysWhileTheCameraConnectsChangesTheFaceWithItsNextMove) {
   BancFenetre banc;
   auto* bouton = banc.Trouve<BoutonImage>("Bouton(0)");

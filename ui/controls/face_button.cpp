@@ -104,6 +104,7 @@ void BoutonImage::MontreFace(const QImage& face) {
 // as if it were off.
 void BoutonImage::mousePressEvent(QMouseEvent* evenement) {
   if (Passe(*evenement)) return;
+  Sorti_ = false;  // also without a move before: the window may have come up under the pointer
   if (Liens_ && Famille_ == FamilleBouton::kBleue) MontreFace(Rangee(Index_).FaceEnfoncee);
   BoutonEntendu::mousePressEvent(evenement);
 }
