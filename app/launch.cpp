@@ -65,11 +65,18 @@ void DitArgumentsInconnus(const QStringList& arguments) {
   }
 }
 
+// As the toolkit understands them: with one dash or two, and a word behind.
+bool NommeEcran(const QStringList& arguments) {
+  for (const char* nom : {"-platform", "--platform", "-display", "--display"})
+    if (arguments.mid(0, arguments.size() - 1).contains(QLatin1StringView(nom))) return true;
+  return false;
+}
+
 // The toolkit ends in an abort where it finds no screen. What the user, or the session, names is left to it to try.
 bool SansEcran(const QStringList& arguments) {
   for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"})
     if (!qEnvironmentVariableIsEmpty(nom)) return false;
-  return qgetenv("XDG_SESSION_TYPE") != "wayland" && !arguments.contains(QStringLiteral("-platform"));
+  return qgetenv("XDG_SESSION_TYPE") != "wayland" && !NommeEcran(arguments);
 }
 
 int DitSansEcran() {

@@ -153,12 +153,23 @@ TEST_F(Programme, AScreenThatTheUserNamesIsTried) {
   for (const char* nom : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM", "XDG_SESSION_TYPE"})
     sans.remove(QLatin1String(nom));
   Processus.setProcessEnvironment(sans);
-  Processus.start(QStringLiteral(VAKTOR_EXECUTABLE),
-                  {QStringLiteral("-platform"), QStringLiteral("offscreen"), QStringLiteral("/camera:test"),
-                   QStringLiteral("/dossier:") + Dossier.path()});
-  EXPECT_FALSE(Processus.waitForFinished(2000)) << Processus.readAll().toStdString();
-  Processus.terminate();
-  EXPECT_TRUE(Processus.waitForFinished(30000));
+  for (const char* argument : {"-platform", "--platform"}) {
+    Processus.start(QStringLiteral(VAKTOR_EXECUTABLE),
+                    {QLatin1String(argument), QStringLiteral("offscreen"), QStringLiteral("/camera:test"),
+                     QStringLiteral("/dossier:") + Dossier.path()});
+    EXPECT_FALSE(Processus.waitForFinished(2000)) << argument << Processus.readAll().toStdString();
+    Processus.terminate();
+    EXPECT_TRUE(Processus.waitForFinished(30000));
+  }
+  // That there is none is the toolkit's to find out.
+  for (const char* argument : {"-display", "--display"}) {
+    Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), {QLatin1String(argument), QStringLiteral(":4711")});
+    ASSERT_TRUE(Processus.waitForFinished(30000));
+    EXPECT_FALSE(Processus.readAll().contains("there is no screen here")) << argument;
+  }
+  Processus.start(QStringLiteral(VAKTOR_EXECUTABLE), {QStringLiteral("-platform")});
+  ASSERT_TRUE(Processus.waitForFinished(30000));
+  EXPECT_TRUE(Processus.readAll().contains("there is no screen here")) << "none is named";
 }
 
 TEST_F(Programme, HelpSpeaksTheLanguageOfTheSession) {
