@@ -72,7 +72,7 @@ void EssaieEtat(const QByteArray& octets) {
   faux::SanteFausse sante;
   lecteur.Etats = {etat, etat};
   const SuiviEnvois suivi(PortsEnvois{reglages, liaison, horloge, minuteries, lecteur, sante});
-  minuteries.Avance(2 * SuiviEnvois::kRegard);
+  minuteries.Avance(qint64{2} * SuiviEnvois::kRegard);
   const bool parle = etat.Poignee != 0;
   Exige(sante.Dure(Condition::kPushEnAttente) ==
         (parle && etat.AttentePush && *etat.AttentePush > SuiviEnvois::kAttenteMax));

@@ -40,7 +40,7 @@ const QTemporaryDir& Dossier() {
 }
 
 QString Pose(const QString& nom, const QByteArray& octets) {
-  const QString chemin = Dossier().filePath(nom);
+  QString chemin = Dossier().filePath(nom);
   QFile fichier(chemin);
   Exige(fichier.open(QIODevice::WriteOnly) && fichier.write(octets) == octets.size());
   return chemin;

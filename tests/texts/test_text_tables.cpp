@@ -60,7 +60,12 @@ template <typename Nom>
 QList<int> DonneNommes() {
   QList<int> nommes;
   [&]<int... kNumeros>(std::integer_sequence<int, kNumeros...>) {
-    ((EstNomme<Nom{kNumeros}>() ? nommes.append(kNumeros) : void()), ...);
+    // A list: an expression of so many parts is more than each compiler takes.
+    const std::initializer_list<bool> estNomme{EstNomme<Nom{kNumeros}>()...};
+    for (int i = 0; const bool est : estNomme) {
+      if (est) nommes.append(i);
+      ++i;
+    }
   }
   (std::make_integer_sequence<int, kFin>());
   return nommes;
