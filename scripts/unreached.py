@@ -5,8 +5,9 @@
     scripts/unreached.py TRACE.json
 
 TRACE.json is what gcovr --json wrote. The reasons stand in unreached.txt beside this file: a file, and under it, indented,
-the text of a line (or of the first of several that follow each other), " -- " and the reason. Ends with 1 when a line has
-none, or when a reason speaks of a line that is reached or gone.
+the text of a line (or of the first of several that follow each other), " -- " and the reason; where the file has the text
+more than once " #2" behind it says which. Ends with 1 when a line has no reason, or when a reason speaks of a line that is
+reached or gone.
 """
 import collections
 import json
@@ -63,6 +64,13 @@ def is_made_beforehand(name, source, number, lines):
     return words and bool(behind) and lines[name][behind] > 0 and behind - number < 8
 
 
+def words_of(source, number):
+    """The text of a line, and which it is of several with the same text."""
+    text = source[number - 1].strip()
+    same = [other for other, line in enumerate(source, 1) if line.strip() == text]
+    return text if len(same) == 1 else f"{text} #{same.index(number) + 1}"
+
+
 def unreached(lines):
     """[(file, number of the first line, number of the last, text of the first)]"""
     for name in sorted(lines):
@@ -75,7 +83,7 @@ def unreached(lines):
             if missed:
                 last = number
             elif first is not None:
-                yield name, first, last, source[first - 1].strip()
+                yield name, first, last, words_of(source, first)
                 first = None
 
 
@@ -94,7 +102,7 @@ def main():
     for name, first, last, text in unreached(lines):
         reason = told.get(name, {}).get(text)
         used.add((name, text))
-        without += reason is None
+        without += not reason
         print(f"{name}:{first if first == last else f'{first}-{last}'}: {text}\n    {reason or 'NO REASON IS GIVEN'}")
     stale = [(name, text) for name, of_file in told.items() for text in of_file if (name, text) not in used]
     for name, text in stale:
