@@ -103,7 +103,7 @@ TEST(DayView, HasTheIntrusionsThatBeganInItAndTheTimeItWatched) {
   const QDate jour(2026, 11, 22);
   for (const int heure : {-1, 0, 5, 23, 24}) {
     IntrusionVue vue;
-    vue.Debut = QDateTime(jour, QTime(0, 0)).addSecs(heure * 3600);
+    vue.Debut = QDateTime(jour, QTime(0, 0)).addSecs(qint64{heure} * 3600);
     c.Intrusions.append(vue);
   }
   c.Armees.append({QDateTime(jour.addDays(-1), QTime(22, 0)), QDateTime(jour, QTime(7, 0)), false});
