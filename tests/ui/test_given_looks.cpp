@@ -82,8 +82,8 @@ TEST(ButtonFaces, AreTheThreeTemplatesOfTheirFamilyWithADarkCaptionInTheMiddle) 
       ASSERT_FALSE(place.isEmpty()) << "no caption";
       EXPECT_GT(place.left(), 0) << "another template";
       EXPECT_LT(place.right(), FacesBoutons::kTaille.width() * kDensite - 1);
-      EXPECT_NEAR(place.center().x(), FacesBoutons::kTaille.width() * kDensite / 2, 2 * kDensite);
-      EXPECT_NEAR(place.center().y(), FacesBoutons::kTaille.height() * kDensite / 2, kDensite);
+      EXPECT_NEAR(place.center().x(), FacesBoutons::kTaille.width() * kDensite / 2.0, 2 * kDensite);
+      EXPECT_NEAR(place.center().y(), FacesBoutons::kTaille.height() * kDensite / 2.0, kDensite);
       EXPECT_EQ(PlusSombre(*etats[rang], place), qRgb(0x30, 0x30, 0x30));
     }
   }
