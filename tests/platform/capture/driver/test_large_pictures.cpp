@@ -60,7 +60,7 @@ TEST_P(FilmsGrands, ComeInASizeThatTheDetectionCanHold) {
   const ImageCamera trame = Pilote_->CopieTrame();
   EXPECT_EQ(trame.Taille(), film.Apres);
   EXPECT_FALSE(EstTropGrande(trame.Taille()));
-  const QImage image = trame.Entiere();
+  const QImage& image = trame.Entiere();
   ASSERT_EQ(image.size(), film.Apres);
   // The first, the fourth and the last of the seven bars, and the blue one under the white.
   AttendCouleur(image, 1.0 / 14, 0.3, qRgb(255, 255, 255));
