@@ -241,7 +241,7 @@ TEST_F(Sac, WhatWasRefusedGoesAfterAWeekAndNotes) {
 TEST_F(Sac, OfDamagedOnesSoManyStayWhateverTheClockSays) {
   for (int i = 0; i < SacPostal::kMauvaisMax; ++i)
     ASSERT_TRUE(EcritOctets(Dossier + QStringLiteral("/%1.bad").arg(100 + i), "x"));
-  B.Elague(QDateTime::currentMSecsSinceEpoch() + 365 * 24 * kHeure, {});
+  B.Elague(QDateTime::currentMSecsSinceEpoch() + qint64{365} * 24 * kHeure, {});
   EXPECT_EQ(QDir(Dossier).entryList({"*.bad"}).size(), SacPostal::kMauvaisMax);
   ASSERT_TRUE(EcritOctets(Dossier + "/200.bad", "x"));
   B.Elague(Maintenant, {});
