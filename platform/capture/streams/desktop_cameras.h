@@ -12,22 +12,19 @@
 
 namespace vaktor {
 
-/// Those that GStreamer's plugins for both know of at this moment, where they are installed; without the cameras that
-/// have a node of their own, which are found there. May hold who asks for as long as PipeWire does not answer, and
-/// starts GStreamer where nobody has. Any thread; two that ask at once wait for each other.
+/// Those that PipeWire and libcamera know of at this moment, where GStreamer's plugins for them are installed; without
+/// the cameras that have a node of their own, which are found there. PipeWire is asked by "pw-dump", the program that
+/// comes with it. May hold who asks for some seconds, as long as PipeWire does not answer, and starts GStreamer where
+/// nobody has. Any thread; two that ask at once wait for each other.
 QList<CameraBureau> ListeCamerasBureau();
 
 /// Why `lieu` (SourceCapture, kBureau), which is not among them, is not: its plugin is not installed, or nobody hands
 /// it out. Asks nobody but GStreamer's registry.
 Raison PourquoiPasDuBureau(const QString& lieu);
 
-/// The element that gives the pictures of `lieu`, and the connection to PipeWire that it works over, which must be
-/// closed behind the element and not before. Floating: the pipeline that takes it owns it.
-struct ElementBureau {
-  GstElement* Element = nullptr;  ///< null where its plugin is not installed, or PipeWire does not run
-  int Descripteur = -1;           ///< -1: none is needed
-};
-ElementBureau FabriqueCameraBureau(const QString& lieu);
+/// The element that gives the pictures of `lieu`; null where its plugin is not installed. Floating: the pipeline that
+/// takes it owns it.
+GstElement* FabriqueCameraBureau(const QString& lieu);
 
 /// What such an element is asked for. Told no kind at all, PipeWire would not know that pictures are wanted, and link
 /// nothing to it.

@@ -1,10 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "platform/capture/streams/gst_stream.h"
 
-#include <unistd.h>
-
 #include <QUrl>
-#include <utility>
 
 #include "engine/signal_loss.h"
 #include "platform/capture/frames/pixel_conversion.h"
@@ -131,13 +128,12 @@ bool FluxGStreamer::MonteFichier() {
 }
 
 bool FluxGStreamer::MonteBureau() {
-  const ElementBureau bureau = FabriqueCameraBureau(Demande_.Source.Lieu);
-  if (bureau.Element == nullptr) return false;
-  Descripteur_ = bureau.Descripteur;
-  gst_bin_add(GST_BIN(Pipeline_.get()), bureau.Element);
+  GstElement* camera = FabriqueCameraBureau(Demande_.Source.Lieu);
+  if (camera == nullptr) return false;
+  gst_bin_add(GST_BIN(Pipeline_.get()), camera);
   GstElement* decodage = AjouteDecodage();
   const PtrGst<GstCaps> caps(CapsDuBureau());
-  return decodage != nullptr && gst_element_link_filtered(bureau.Element, decodage, caps.get()) != FALSE;
+  return decodage != nullptr && gst_element_link_filtered(camera, decodage, caps.get()) != FALSE;
 }
 
 bool FluxGStreamer::MonteReseau() {
@@ -335,8 +331,6 @@ void FluxGStreamer::Ferme() {
   Pipeline_.reset();
   Puits_ = nullptr;
   Decodage_ = nullptr;
-  // Not before: by its number the plugin knows one connection from another.
-  if (Descripteur_ >= 0) ::close(std::exchange(Descripteur_, -1));
 }
 
 }  // namespace vaktor

@@ -66,7 +66,6 @@ class FluxGStreamer : public FluxImages {
   PtrGst<GstBus> Bus_;
   GstElement* Puits_ = nullptr;       // the pipeline's
   GstElement* Decodage_ = nullptr;    // the pipeline's; rtsp only
-  int Descripteur_ = -1;              // kBureau: the connection to PipeWire, while the pipeline lives
   std::atomic<bool> Decrit_ = false;  // rtsp: the camera has told what it sends
   std::atomic<bool> Recoit_ = false;  // from the network: something came
   std::atomic<bool> Relie_ = false;
