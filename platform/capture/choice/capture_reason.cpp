@@ -67,9 +67,10 @@ constexpr std::array<Phrase, 23> kPhrases = {{
     {"Des images viennent, mais toutes sont abîmées : vérifiez le câble ou le Wi-Fi de la caméra, ou essayez un autre "
      "format.",
      "Pictures come, but all of them are damaged: check the cable or the Wi-Fi of the camera, or try another format."},
-    {"Les images sont trop grandes, de plus de 64 millions de pixels : choisissez-en de plus petites dans les "
-     "réglages de la caméra.",
-     "The pictures are too large, more than 64 million pixels: choose smaller ones in the settings of the camera."},
+    {"Les images sont trop grandes, de plus de 64 millions de pixels ou de 32 767 sur un côté : choisissez-en de plus "
+     "petites dans les réglages de la caméra.",
+     "The pictures are too large, more than 64 million pixels or 32,767 along a side: choose smaller ones in the "
+     "settings of the camera."},
 }};
 static_assert(kPhrases.size() == static_cast<std::size_t>(Motif::kTropGrande) + 1);
 

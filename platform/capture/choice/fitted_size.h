@@ -12,6 +12,13 @@ namespace vaktor {
 /// Pixels of the largest picture that is looked at: a camera that announces more is damaged or means harm, and gets no
 /// memory for it. Far more than any camera has.
 inline constexpr qint64 kPixelsMaximum = 64'000'000;
+/// Its longest side: libyuv keeps places in a picture in the upper half of 32 bits, and reads far outside of one whose
+/// rows or columns are more.
+inline constexpr int kCoteMaximum = 32'767;
+/// Whether a picture of these sides is beyond one of the two, and is not looked at.
+constexpr bool EstDemesuree(qint64 largeur, qint64 hauteur) {
+  return largeur > kCoteMaximum || hauteur > kCoteMaximum || largeur * hauteur > kPixelsMaximum;
+}
 
 /// Whether the largest zone of such a picture, that of a simple click, has more samples than the detection can hold
 /// (engine/sampling.h): both of its edges are included. Not so for an empty size.

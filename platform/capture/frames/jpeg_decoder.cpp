@@ -51,7 +51,7 @@ QSize DecodeurJpeg::LitEntete(std::span<const quint8> jpeg) {
   if (tjDecompressHeader3(Turbo_, jpeg.data(), jpeg.size(), &largeur, &hauteur, &sousEchantillon, &couleurs) != 0 &&
       tjGetErrorCode(Turbo_) != TJERR_WARNING)
     return {};
-  TropGrande_ = qint64{largeur} * hauteur > kPixelsMaximum;
+  TropGrande_ = EstDemesuree(largeur, hauteur);
   if (largeur <= 0 || hauteur <= 0 || TropGrande_) return {};
   FixePlans({largeur, hauteur}, sousEchantillon, couleurs);
   return {largeur, hauteur};

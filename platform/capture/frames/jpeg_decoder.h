@@ -19,7 +19,7 @@ class DecodeurJpeg {
   DecodeurJpeg(const DecodeurJpeg&) = delete;
   DecodeurJpeg& operator=(const DecodeurJpeg&) = delete;
 
-  /// Size that the header tells; empty when there is no header or it names a picture of more than 64 million pixels.
+  /// Size that the header tells; empty when there is no header or it names one with EstDemesuree (fitted_size.h).
   QSize Taille(std::span<const quint8> jpeg);
   /// Whether it was for that reason that Taille last told none.
   bool EtaitTropGrande() const { return TropGrande_; }

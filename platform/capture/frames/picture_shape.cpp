@@ -6,6 +6,8 @@
 #include <QtMath>
 #include <algorithm>
 
+#include "platform/capture/choice/fitted_size.h"
+
 namespace vaktor {
 namespace {
 
@@ -45,7 +47,8 @@ QSize FormeImage::Carree(QSize taille) const {
   if (PixelNum <= 0 || PixelDen <= 0) return taille;
   const double rapport = double(PixelNum) / PixelDen;
   if (rapport > kExtreme || rapport < 1 / kExtreme || qAbs(rapport - 1) < kInvisible) return taille;
-  return {qMax(2, 2 * qRound(taille.width() * rapport / 2)), taille.height()};
+  const int largeur = qMax(2, 2 * qRound(taille.width() * rapport / 2));
+  return largeur > kCoteMaximum ? taille : QSize(largeur, taille.height());
 }
 
 QSize FormeImage::Debout(QSize taille) const {

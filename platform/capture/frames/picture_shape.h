@@ -16,7 +16,7 @@ struct FormeImage {
   bool EstDroite() const { return Orientation == GST_VIDEO_ORIENTATION_IDENTITY; }
   /// The size in which a picture of `taille` has square pixels: as high, and as wide as that makes it, in whole pairs.
   /// The size itself where that is less than a hundredth off, which nobody sees and which would cost every frame its
-  /// scaling, and where the width told is no camera's (beyond four to one either way).
+  /// scaling, where the width told is no camera's (beyond four to one either way), and where a side would be too long.
   QSize Carree(QSize taille) const;
   /// The same size when it stands upright.
   QSize Debout(QSize taille) const;

@@ -134,11 +134,12 @@ void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
 void ReceptionImages::TraiteJpeg(std::span<const quint8> jpeg) {
   const QSize taille = Jpeg_.Taille(jpeg);
   if (!taille.isEmpty()) return Livre(DecodeJpeg(jpeg, taille), taille);
-  if (Jpeg_.EtaitTropGrande() && !Livree_) RefuseTaille();
+  if (Jpeg_.EtaitTropGrande()) RefuseTaille();
 }
 
-// Told at once, as decoders do of other codings; behind pictures that were good it is one that came damaged.
+// Told at once, as decoders do of what gets no memory; behind pictures that were good it is one that came damaged.
 void ReceptionImages::RefuseTaille() {
+  if (Livree_) return;
   TropGrande_ = true;
   RefuseTropDePixels(Puits_);
 }
@@ -165,6 +166,7 @@ ImageCamera ReceptionImages::DecodeJpeg(std::span<const quint8> jpeg, QSize tail
 // decoder gets its memory back.
 void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
   const QSize taille(GST_VIDEO_INFO_WIDTH(&*Brut_), GST_VIDEO_INFO_HEIGHT(&*Brut_));
+  if (EstDemesuree(taille.width(), taille.height())) return RefuseTaille();
   const QSize retenue = Retenue(taille);
   const bool planaire = EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_)) && Forme_.EstDroite();
   if (planaire && tampon->pool == nullptr && retenue == taille) return Livre(GardePlans(tampon), taille);

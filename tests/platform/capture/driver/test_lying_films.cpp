@@ -200,6 +200,18 @@ TEST_F(FilmMenteur, OfMorePixelsThanGetMemoryIsRefusedInWordsWhateverItSays) {
   }
 }
 
+// Few pixels, and one side that nothing here can scale: a JPEG, and one that our own decoder has made.
+TEST_F(FilmMenteur, OfASideThatIsTooLongIsRefusedInWords) {
+  constexpr QSize kLongue(40'000, 96);
+  for (const Contenant& film :
+       {Contenant{"Mjpeg", "long.avi", kMjpeg}, Contenant{"Ffv1", "long.mkv", {"-c:v", "ffv1"}}}) {
+    ASSERT_TRUE(Fabrique(Fichier(film.Fichier), kLongue, film.Codage, 1));
+    EXPECT_FALSE(Connecte(Fichier(film.Fichier))) << film.Nom;
+    EXPECT_TRUE(ARefuseLaTaille()) << film.Nom << ": " << qUtf8Printable(Pilote_->Explication());
+    Pilote_.reset();
+  }
+}
+
 // Decoded by GStreamer's own elements, which know no limit.
 TEST_F(FilmMenteur, OfACodingThatAnotherDecodesIsRefusedInWordsBeforeMemoryIsTaken) {
   ASSERT_TRUE(Fabrique(Fichier("a.mkv"), QSize(320, 256), {"-c:v", "libtheora"}));

@@ -68,6 +68,24 @@ TEST(PlansJpeg, GreyAndRarePicturesAreLeftToTheDecoderItself) {
   EXPECT_EQ(decodeur.PlansDeLImage().Format, GST_VIDEO_FORMAT_UNKNOWN);
 }
 
+TEST(PlansJpeg, OfASideThatIsTooLongAreNotLookedAt) {
+  QByteArray jpeg = FabriqueJpeg({64, 48}, TJSAMP_444);
+  const qsizetype sof = jpeg.indexOf(QByteArray("\xFF\xC0", 2));
+  ASSERT_GT(sof, 0);
+  DecodeurJpeg decodeur;
+  const auto dit = [&](const char* hauteurEtLargeur) {
+    jpeg.replace(sof + 5, 4, QByteArray::fromHex(hauteurEtLargeur));
+    return decodeur.Taille(Octets(jpeg));
+  };
+  EXPECT_EQ(dit("7fff0040"), QSize(64, 32'767));
+  EXPECT_FALSE(decodeur.EtaitTropGrande());
+  EXPECT_EQ(dit("80000040"), QSize());
+  EXPECT_TRUE(decodeur.EtaitTropGrande());
+  EXPECT_EQ(dit("00407fff"), QSize(32'767, 64));
+  EXPECT_EQ(dit("00408000"), QSize());
+  EXPECT_TRUE(decodeur.EtaitTropGrande());
+}
+
 // The address sanitizer's own memory knows no limit.
 #if !defined(__SANITIZE_ADDRESS__)
 /// From here on the process gets no more memory of the system.

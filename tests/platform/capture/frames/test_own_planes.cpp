@@ -11,6 +11,7 @@
 
 #include "platform/capture/choice/fitted_size.h"
 #include "platform/capture/frames/jpeg_of_test.h"
+#include "platform/capture/frames/picture_shape.h"
 #include "platform/capture/frames/plane_frame.h"
 
 namespace vaktor {
@@ -132,6 +133,41 @@ TEST(Reduction, TheColourOfTheLastPairOfAnOddSideCounts) {
   PlansPropres reduite;
   ASSERT_TRUE(reduite.Reduit(plans, {2, 2}));
   EXPECT_EQ(reduite.Plans().Plans[1].Octets[0], (4 * 10 + 5 * 250) / 9) << "the mean of all of them";
+}
+
+// The last row and the last column are still where they should be.
+TEST(Reduction, OfTheLongestSideIsMadeOfAllOfIt) {
+  const std::size_t combien = std::size_t{kCoteMaximum} * 128;
+  for (const QSize avant : {QSize(kCoteMaximum, 128), QSize(128, kCoteMaximum)}) {
+    std::vector<quint8> y(combien, 50);
+    const bool large = avant.width() > avant.height();
+    for (std::size_t i = 0; i < 128; ++i) {
+      if (large)
+        std::fill_n(y.begin() + static_cast<qptrdiff>((i + 1) * kCoteMaximum - 64), 64, quint8{200});
+      else
+        std::fill_n(y.end() - static_cast<qptrdiff>((i + 1) * 64), 64, quint8{200});
+    }
+    const PlansImage plans{GST_VIDEO_FORMAT_Y444,
+                           GST_VIDEO_COLOR_MATRIX_BT601,
+                           true,
+                           avant.width(),
+                           avant.height(),
+                           {{{y.data(), avant.width()}, {y.data(), avant.width()}, {y.data(), avant.width()}}}};
+    const QSize apres = TailleRetenue(avant);
+    ASSERT_NE(apres, avant);
+    PlansPropres reduite;
+    ASSERT_TRUE(reduite.Reduit(plans, apres));
+    const PlansImage::Plan& plan = reduite.Plans().Plans[0];
+    EXPECT_EQ(plan.Octets[0], 50);
+    EXPECT_EQ(plan.Octets[qptrdiff{apres.height() - 1} * plan.Pas + apres.width() - 1], 200);
+  }
+}
+
+// Pixels that are wider than high may ask for a side that is too long: their picture stays as it is stored.
+TEST(FormeImage, MakesNoSideLongerThanCanBeHeld) {
+  const FormeImage forme{.PixelNum = 4, .PixelDen = 1};
+  EXPECT_EQ(forme.Carree({8190, 20}), QSize(32'760, 20));
+  EXPECT_EQ(forme.Carree({8192, 20}), QSize(8192, 20));
 }
 
 TEST(Reduction, OfPixelsKeepsThemInTheirPlaceToo) {
