@@ -84,7 +84,7 @@ class SansFil {
 };
 
 TEST_F(FichiersPhotos, WantOfAThreadIsToldAsWhatItIsLaterLikeAnyAnswer) {
-#ifdef __SANITIZE_ADDRESS__
+#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
   GTEST_SKIP() << "the sanitizer takes its own memory by the same way";
 #endif
   LecteurPhotosSysteme lecteur(Ouvre, 20s);

@@ -86,8 +86,8 @@ TEST(PlansJpeg, OfASideThatIsTooLongAreNotLookedAt) {
   EXPECT_TRUE(decodeur.EtaitTropGrande());
 }
 
-// The address sanitizer's own memory knows no limit.
-#if !defined(__SANITIZE_ADDRESS__)
+// The sanitizers need memory themselves.
+#if !defined(__SANITIZE_ADDRESS__) && !defined(__SANITIZE_THREAD__)
 /// From here on the process gets no more memory of the system.
 void EpuiseMemoire() {
   const rlimit limite{1, 1};
