@@ -6,14 +6,14 @@
 namespace vaktor {
 
 void BoucleEnvoi::DemandeFin() {
-  const QMutexLocker garde(&Verrou);
+  const std::lock_guard garde(Verrou);
   Arret = true;
-  Reveil.wakeAll();
+  Reveil.notify_all();
 }
 
 // Under the lock: whoever ends the companion takes it before the context goes.
 void PosteALaBoucle(QObject& contexte, BoucleEnvoi& boucle, std::function<void()> quoi) {
-  const QMutexLocker garde(&boucle.Verrou);
+  const std::lock_guard garde(boucle.Verrou);
   if (boucle.Arret) return;
   QMetaObject::invokeMethod(&contexte, std::move(quoi), Qt::QueuedConnection);
 }

@@ -3,12 +3,12 @@
 // loop.
 #pragma once
 
-#include <QMutex>
 #include <QObject>
 #include <QThread>
-#include <QWaitCondition>
 #include <atomic>
+#include <condition_variable>
 #include <functional>
+#include <mutex>
 #include <utility>
 
 namespace vaktor {
@@ -18,8 +18,8 @@ struct BoucleEnvoi {
   static constexpr unsigned long kAttenteFinMs = 2000;
   static constexpr qint64 kRepriseMs = 60'000;  ///< after a failure that is nobody's, want of memory
 
-  QMutex Verrou;
-  QWaitCondition Reveil;
+  std::mutex Verrou;
+  std::condition_variable Reveil;
   std::atomic_bool Arret = false;
 
   /// From here on the thread ends as soon as it can, and reports nothing.

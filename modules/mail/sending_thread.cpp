@@ -46,12 +46,16 @@ struct FilEnvoi::Partage : BoucleEnvoi {
   ResultatEnvoi Envoie(const CourrielEnAttente& courriel, const QByteArray& message,
                        const std::function<void(const QList<VerdictAdresse>&)>& surAccepte);
   void PrendConfies(Facteur& facteur);
+  QStringList DonneDestinataires() {
+    const std::lock_guard verrou(Verrou);
+    return Reglages.Presente.Destinataires;
+  }
   QString CheminCadence() const { return Fil.Dossier + QStringLiteral("/cadence"); }
 };
 
 void FilEnvoi::Partage::Attends(qint64 millisecondes) {
-  QMutexLocker verrou(&Verrou);
-  if (!Reveille && !Arret) Reveil.wait(&Verrou, static_cast<unsigned long>(millisecondes));
+  std::unique_lock verrou(Verrou);
+  if (!Reveille && !Arret) Reveil.wait_for(verrou, std::chrono::milliseconds(millisecondes));
   Reveille = false;
 }
 
@@ -70,14 +74,14 @@ ResultatEnvoi FilEnvoi::Partage::Envoie(const CourrielEnAttente& courriel, const
                                         const std::function<void(const QList<VerdictAdresse>&)>& surAccepte) {
   ReglagesEnvoi reglages;
   {
-    const QMutexLocker verrou(&Verrou);
+    const std::lock_guard verrou(Verrou);
     reglages = Reglages;
     reglages.Mecanisme = Mecanisme;
   }
   const CourrielPret pret = PrepareEnvoi(courriel, message, reglages);
   const ResultatEnvoi resultat =
       EnvoieCourriel(reglages, pret.Adresses, pret.Message, {[this] { return Arret.load(); }, surAccepte, {}});
-  const QMutexLocker verrou(&Verrou);
+  const std::lock_guard verrou(Verrou);
   if (resultat.Accepte && !Change) Mecanisme = resultat.Mecanisme;
   return resultat;
 }
@@ -85,7 +89,7 @@ ResultatEnvoi FilEnvoi::Partage::Envoie(const CourrielEnAttente& courriel, const
 void FilEnvoi::Partage::PrendConfies(Facteur& facteur) {
   QList<std::pair<CourrielEnAttente, QByteArray>> confies;
   {
-    const QMutexLocker verrou(&Verrou);
+    const std::lock_guard verrou(Verrou);
     confies = std::exchange(Confies, {});
   }
   for (const auto& [courriel, message] : std::as_const(confies)) facteur.Confie(courriel, message);
@@ -107,10 +111,7 @@ void FilEnvoi::Partage::Execute() {
 qint64 FilEnvoi::Partage::Tour(Facteur& facteur, bool& recommence) {
   try {
     if (recommence) {
-      Verrou.lock();
-      const QStringList adresses = Reglages.Presente.Destinataires;
-      Verrou.unlock();
-      facteur.Recommence(adresses);
+      facteur.Recommence(DonneDestinataires());
     }
     recommence = false;
     PrendConfies(facteur);
@@ -147,7 +148,7 @@ void FilEnvoi::Partage::VideLeSac() {
   while (!Arret) {
     bool pret = false;
     {
-      const QMutexLocker garde(&Verrou);
+      const std::lock_guard garde(Verrou);
       recommence = std::exchange(Change, false) || recommence;
       pret = ReglagesRecus;
     }
@@ -171,26 +172,26 @@ FilEnvoi::FilEnvoi(const ReglagesFil& reglages, const Facteur::Rapporteur& surRa
 FilEnvoi::~FilEnvoi() { FinisOuLaisse(*Partage_, Fil_); }
 
 void FilEnvoi::ChangeReglages(const ReglagesEnvoi& reglages) {
-  const QMutexLocker verrou(&Partage_->Verrou);
+  const std::lock_guard verrou(Partage_->Verrou);
   Partage_->Change = Partage_->Change || (Partage_->ReglagesRecus && !(Partage_->Reglages == reglages));
   if (!(Partage_->Reglages == reglages)) Partage_->Mecanisme.clear();
   Partage_->Reglages = reglages;
   Partage_->ReglagesRecus = true;
   Partage_->Reveille = true;
-  Partage_->Reveil.wakeAll();
+  Partage_->Reveil.notify_all();
 }
 
 void FilEnvoi::Reveille() {
-  const QMutexLocker verrou(&Partage_->Verrou);
+  const std::lock_guard verrou(Partage_->Verrou);
   Partage_->Reveille = true;
-  Partage_->Reveil.wakeAll();
+  Partage_->Reveil.notify_all();
 }
 
 void FilEnvoi::Confie(const CourrielEnAttente& courriel, const QByteArray& message) {
-  const QMutexLocker verrou(&Partage_->Verrou);
+  const std::lock_guard verrou(Partage_->Verrou);
   Partage_->Confies.append({courriel, message});
   Partage_->Reveille = true;
-  Partage_->Reveil.wakeAll();
+  Partage_->Reveil.notify_all();
 }
 
 void FilEnvoi::Arrete(std::function<void()> fini) {

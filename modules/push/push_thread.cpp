@@ -17,7 +17,7 @@ struct FilPush::Partage : BoucleEnvoi {
   bool Change = false;  // other settings, or a new push
 
   ReglagesPush DonneReglages() {
-    const QMutexLocker garde(&Verrou);
+    const std::lock_guard garde(Verrou);
     return Reglages;
   }
   void Execute();
@@ -29,7 +29,7 @@ qint64 FilPush::Partage::Tour(FacteurPush& facteur) {
   try {
     bool change = false;
     {
-      const QMutexLocker garde(&Verrou);
+      const std::lock_guard garde(Verrou);
       change = std::exchange(Change, false);
       if (Reglages.Adresse.isEmpty()) return FacteurPush::kRienAFaire;
     }
@@ -49,8 +49,8 @@ void FilPush::Partage::Execute() {
       [this](const RapportPush& rapport) { Rapporte(rapport); });
   while (!Arret) {
     const qint64 attente = Tour(facteur);
-    QMutexLocker garde(&Verrou);
-    if (attente > 0 && !Change && !Arret) Reveil.wait(&Verrou, static_cast<unsigned long>(attente));
+    std::unique_lock garde(Verrou);
+    if (attente > 0 && !Change && !Arret) Reveil.wait_for(garde, std::chrono::milliseconds(attente));
   }
 }
 
@@ -65,16 +65,16 @@ FilPush::FilPush(const QString& dossier, const FacteurPush::Rapporteur& surRappo
 FilPush::~FilPush() { FinisOuLaisse(*Partage_, Fil_); }
 
 void FilPush::ChangeReglages(const ReglagesPush& reglages) {
-  const QMutexLocker garde(&Partage_->Verrou);
+  const std::lock_guard garde(Partage_->Verrou);
   Partage_->Change = Partage_->Change || !(Partage_->Reglages == reglages);
   Partage_->Reglages = reglages;
-  Partage_->Reveil.wakeAll();
+  Partage_->Reveil.notify_all();
 }
 
 void FilPush::Reveille() {
-  const QMutexLocker garde(&Partage_->Verrou);
+  const std::lock_guard garde(Partage_->Verrou);
   Partage_->Change = true;
-  Partage_->Reveil.wakeAll();
+  Partage_->Reveil.notify_all();
 }
 
 }  // namespace vaktor
