@@ -49,7 +49,7 @@ bool RemplitDossier(const QString& dossier, const QString& photo) {
   QFile journal(dossier + QStringLiteral("/journal.jsonl"));
   if (!journal.open(QIODevice::WriteOnly)) return false;
   for (int i = 0, numero = 1; i < kIntrusions; ++i) {
-    const QDateTime debut = QDateTime(kJour, QTime(0, 1)).addSecs(i * 280);
+    const QDateTime debut = QDateTime(kJour, QTime(0, 1)).addSecs(qint64{i} * 280);
     EntreeJournal fin{.Quoi = Fait::kFinIntrusion, .Quand = debut.addSecs(40)};
     fin.Course = QStringLiteral("r");
     fin.Depuis = debut;
@@ -66,7 +66,7 @@ bool RemplitDossier(const QString& dossier, const QString& photo) {
       if (k == 0) fin.Premiere = nom;
       if (k == fotos / 2) fin.Meilleure = nom;
       fin.Derniere = nom;
-      fin.DureeMs = k / 6 * 1000;
+      fin.DureeMs = qint64{k} / 6 * 1000;
       fin.Cadres.append({numero, QRect(k, 80, 120, 200)});
     }
     fin.Photos = fotos;
@@ -126,8 +126,8 @@ int Mesure(const QString& photo) {
   temps.start();
   const double processeurAvant = ProcesseurMs();
   FrmFrise fenetre({chroniques, vignettes, photos, films, dialogue, boites, reglages, QStringLiteral("r"),
-                    [](const QString&, const QStringList&, const QString&, std::function<void()>) {}, [] { return 0; },
-                    [] { return kJour; }});
+                    [](const QString&, const QStringList&, const QString&, const std::function<void()>&) {},
+                    [] { return 0; }, [] { return kJour; }});
   fenetre.Ouvre();
   auto* cartes = fenetre.findChild<ListeCartes*>();
   const bool la = QTest::qWaitFor([&] { return cartes->Modele().rowCount() == kIntrusions; }, 60'000);

@@ -65,7 +65,7 @@ struct EntreeJournal {
 /// What was written by a later program, in a way that this one may misunderstand, has a greater number.
 inline constexpr int kVersionJournal = 1;
 /// Bytes of a line; a longer one is none of ours.
-inline constexpr qsizetype kLigneMax = 64 * 1024;
+inline constexpr qsizetype kLigneMax = qsizetype{64} * 1024;
 /// Boxes of one intrusion: a line with so many stays below kLigneMax.
 inline constexpr qsizetype kCadresMax = 800;
 

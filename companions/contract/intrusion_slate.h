@@ -20,7 +20,7 @@ inline constexpr QLatin1String kFichierArdoise("intrusion.json");
 /// Photos that it holds: those of the most movement.
 inline constexpr qsizetype kPhotosArdoise = 64;
 /// A larger file is none.
-inline constexpr qint64 kOctetsArdoise = 64 * 1024;
+inline constexpr qint64 kOctetsArdoise = qint64{64} * 1024;
 /// Milliseconds behind its last frame in which a report still belongs to the intrusion.
 inline constexpr qint64 kReposArdoise = 12'000;
 

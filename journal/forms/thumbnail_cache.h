@@ -13,7 +13,7 @@ namespace vaktor {
 /// User-interface thread.
 class CacheVignettes {
  public:
-  static constexpr qint64 kOctetsMax = 16 * 1024 * 1024;
+  static constexpr qint64 kOctetsMax = qint64{16} * 1024 * 1024;
 
   /// `arrivee` is told when a picture has come, or cannot come.
   CacheVignettes(LecteurVignettes& lecteur, std::function<void(const QString& chemin)> arrivee,

@@ -21,8 +21,8 @@ namespace vaktor {
 /// User-interface thread.
 class FichierJournalSysteme : public FichierJournal {
  public:
-  static constexpr qsizetype kOctetsMax = 8 * 1024 * 1024;  ///< above it the file is cut
-  static constexpr qsizetype kOctetsGardes = 6 * 1024 * 1024;
+  static constexpr qsizetype kOctetsMax = qsizetype{8} * 1024 * 1024;  ///< above it the file is cut
+  static constexpr qsizetype kOctetsGardes = qsizetype{6} * 1024 * 1024;
   static constexpr qsizetype kLignesEnAttente = 1000;  ///< while a disk is silent; further ones are lost
   static constexpr std::chrono::milliseconds kAttenteFin{500};
 

@@ -22,7 +22,7 @@ class PortPlein {
     if (::bind(prise, nue, taille) != 0 || ::listen(prise, 0) != 0 || ::getsockname(prise, nue, &taille) != 0) return;
     for (int i = 0; i < 4; ++i) {
       Prises_ << ::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-      ::connect(Prises_.last(), nue, sizeof adresse);
+      static_cast<void>(::connect(Prises_.last(), nue, sizeof adresse));  // in progress, and left so
     }
     Port_ = ntohs(adresse.sin_port);
   }

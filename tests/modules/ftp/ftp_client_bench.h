@@ -34,7 +34,7 @@ struct Client : testing::Test {
     QElapsedTimer depuis;
     depuis.start();
     bool trop = false;
-    const ResultatFtp resultat = Ftp->Execute(
+    ResultatFtp resultat = Ftp->Execute(
         travail, [this](EtapeFtp etape) { Etapes << (etape == EtapeFtp::kServeurTrouve ? "SerTR" : "Paswo"); },
         [&] { return trop = trop || depuis.hasExpired(25'000); });
     EXPECT_FALSE(trop) << "it would not have ended by itself";
