@@ -42,10 +42,10 @@ struct PortsEnvois {
 /// Owner: app/. User-interface thread.
 class SuiviEnvois {
  public:
-  static constexpr qint32 kRegard = 15'000;               ///< milliseconds between two looks
-  static constexpr qint64 kAttenteMax = qint64{5} * 60 * 1000;    ///< that a mail or a push may wait
-  static constexpr int kIntervallesPage = 3;              ///< intervals that the live image may be old,
-  static constexpr qint64 kMargePage = 30'000;            ///< and so many milliseconds
+  static constexpr qint32 kRegard = 15'000;                     ///< milliseconds between two looks
+  static constexpr qint64 kAttenteMax = qint64{5} * 60 * 1000;  ///< that a mail or a push may wait
+  static constexpr int kIntervallesPage = 3;                    ///< intervals that the live image may be old,
+  static constexpr qint64 kMargePage = 30'000;                  ///< and so many milliseconds
   static constexpr qint64 kSansNouvelles = 180'000;       ///< three times what our own companions take to say something
   static constexpr qint64 kIntervalleParDefaut = 10'000;  ///< for a text that is no number
 
