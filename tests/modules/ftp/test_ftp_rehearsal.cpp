@@ -95,14 +95,14 @@ struct Repetition : testing::Test {
 };
 
 TEST_F(Repetition, GoesTheWayOfALiveImageTwiceAndTidiesUp) {
+  const QString fini =
+      QStringLiteral("The live page can be published: the server took a trial file, replaced it and deleted it.");
   EXPECT_EQ(Joue(Champs), FinRepetition::kAccepte);
   EXPECT_EQ(Lignes, QStringList({"ftp.a.org:2121", "220 ready", "AUTH: 502 no", "USER: 331 password", "PASS: 230 in",
                                  "CWD: 250 there", "EPSV: 229 (|||5000|)", "STOR: 150 go", "STOR: 226 done",
                                  "RNFR: 350 to what", "RNTO: 250 renamed", "EPSV: 229 (|||5000|)", "STOR: 150 go",
                                  "STOR: 226 done", "RNFR: 350 to what", "RNTO: 250 renamed", "SIZE: 213 32768",
-                                 "DELE: 250 gone",
-                                 "The live page can be published: the server took a trial file, replaced it and "
-                                 "deleted it."}));
+                                 "DELE: 250 gone", fini}));
   ASSERT_EQ(Travaux.size(), 5);
   EXPECT_EQ(Travaux[0].Acces, (AccesFtp{"ftp.a.org", 2121, "anna", "sesame", "/www"}));
   EXPECT_EQ(Effaces(), QStringList("vaktor-try-k7.jpg"));
@@ -217,8 +217,7 @@ TEST_F(Repetition, ARefusedFileLeavesNothingToDelete) {
 }
 
 TEST_F(Repetition, AFileThatWasBegunIsDeletedAndThatIsToldOnlyWhenItWorks) {
-  const Reponse plein{{IssueFtp::kRefus, "552 quota", PrecisionFtp::kPlace},
-                      {{"STOR", "150 go"}, {"STOR", "552 quota"}}};
+  Reponse plein{{IssueFtp::kRefus, "552 quota", PrecisionFtp::kPlace}, {{"STOR", "150 go"}, {"STOR", "552 quota"}}};
   Echoue(GenreTravail::kPage, plein);
   EXPECT_EQ(Joue(Champs), FinRepetition::kRefuse);
   EXPECT_EQ(Effaces(), QStringList("vaktor-try-k7.part"));

@@ -16,7 +16,7 @@ namespace {
 class Sftp : public testing::Test {
  protected:
   Sftp() { QDir(Temporaire.path()).mkpath("maison/www"); }
-  ~Sftp() override { Arrete(); }
+  void TearDown() override { Arrete(); }
   void Demarre(const char* cle = "cle") {
     Processus.start("/usr/bin/python3", {VAKTOR_SFTP_SERVER, Maison(), "--port", QString::number(Acces.Port), "--key",
                                          Temporaire.filePath(cle)});
