@@ -62,7 +62,7 @@ QByteArray InventaireDePipeWire() {
   // It ends with who asked: one that hangs must not be left behind.
   inventaire.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGKILL); });
   GardeFichiersOuverts();
-  inventaire.start(QStringLiteral("pw-dump"), {QStringLiteral("--no-colors")}, QIODevice::ReadOnly);
+  inventaire.start(QStringLiteral("pw-dump"), {}, QIODevice::ReadOnly);
   if (inventaire.waitForFinished(kFinListePipeWireMs)) return inventaire.readAllStandardOutput();
   inventaire.kill();
   inventaire.waitForFinished();
