@@ -3,6 +3,7 @@
 #pragma once
 
 #include <QImage>
+#include <QRect>
 #include <QSize>
 #include <memory>
 
@@ -30,6 +31,10 @@ class TrameDifferee {
   /// is asked for, which may take its memory: it is then made again. Who needs it longer takes a copy of the QImage,
   /// which stays as it is.
   virtual const QImage& Entiere() = 0;
+  /// The pixels of `part`, which lies within the frame, four bytes each as in Format_RGB32: the first to `vers`, a row
+  /// `pas` bytes behind the one before. For who looks at a part only, or has memory for the pixels already: the picture
+  /// is not made for it. False where this cannot be done, with anything written; Entiere() serves then.
+  virtual bool EcritPart(const QRect& /*part*/, uchar* /*vers*/, qsizetype /*pas*/) { return false; }
 };
 
 /// Of a null image: Bits is null.
@@ -48,6 +53,10 @@ class ImageCamera {
   QSize Taille() const { return Trame_ != nullptr ? Trame_->Taille() : Image_.size(); }
   /// The picture, made now if it has to be.
   const QImage& Entiere() const { return Trame_ != nullptr ? Trame_->Entiere() : Image_; }
+  /// TrameDifferee::EcritPart; a picture is there already, so it is false.
+  bool EcritPart(const QRect& part, uchar* vers, qsizetype pas) const {
+    return Trame_ != nullptr && Trame_->EcritPart(part, vers, pas);
+  }
   /// TrameDifferee::Echantillons; a picture has all its pixels.
   TrameBrute Echantillons(PhaseEchantillons phase) const {
     return Trame_ != nullptr ? Trame_->Echantillons(phase) : PixelsDe(Image_);

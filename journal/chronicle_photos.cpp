@@ -90,12 +90,12 @@ IntrusionVue MontreNotee(const IntrusionNotee& notee, QHash<QString, Photos>& ph
 // The name has the day on which the program started. The file knows better, if it is the one that was written then: a
 // copy may be of any day, and then has another time of day too, as a rule.
 QDateTime DateDe(const PhotoVue& photo, const QDateTime& ecrite) {
-  const QDateTime nommee(photo.Lu.Jour, photo.Lu.Heure);
+  QDateTime nommee(photo.Lu.Jour, photo.Lu.Heure);
   if (!ecrite.isValid()) return nommee;
   constexpr int kEcartS = 120;
   constexpr qint64 kJoursMax = 400;
   for (const int jours : {-1, 0, 1}) {
-    const QDateTime voisine(ecrite.date().addDays(jours), photo.Lu.Heure);
+    QDateTime voisine(ecrite.date().addDays(jours), photo.Lu.Heure);
     const qint64 apres = photo.Lu.Jour.daysTo(voisine.date());
     if (std::llabs(voisine.secsTo(ecrite)) <= kEcartS && apres >= 0 && apres <= kJoursMax) return voisine;
   }

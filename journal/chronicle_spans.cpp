@@ -92,7 +92,7 @@ class Composition {
  private:
   static QDateTime DebutDe(const EntreeJournal& entree) {
     // The line comes ten seconds behind the last frame; its own moment is the surer one when the two contradict.
-    const QDateTime compte = entree.Quand.addMSecs(-entree.DureeMs);
+    QDateTime compte = entree.Quand.addMSecs(-entree.DureeMs);
     if (!entree.Depuis.isValid()) return compte;
     const qint64 ecart = entree.Depuis.msecsTo(compte);
     return ecart < 0 || ecart > 3'600'000 ? compte : entree.Depuis;

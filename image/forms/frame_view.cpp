@@ -4,6 +4,7 @@
 #include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScreen>
 
@@ -52,9 +53,9 @@ QRect VueCadre::PartVue() const {
   return rect() & screen()->virtualGeometry().translated(-mapToGlobal(QPoint(0, 0)));
 }
 
-void VueCadre::paintEvent(QPaintEvent*) {
+void VueCadre::paintEvent(QPaintEvent* evenement) {
   QPainter peintre(this);
-  PeintSurface(peintre, Surface_);
+  PeintSurface(peintre, Surface_, evenement->region());
   PeintAvis(peintre);
 }
 

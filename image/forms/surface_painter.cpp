@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 #include "image/forms/surface_painter.h"
 
+#include <QPaintEngine>
 #include <algorithm>
+#include <cmath>
 
 namespace vaktor {
 
@@ -29,8 +31,48 @@ void PeintImage(QPainter& peintre, const QImage& image, const QSize& taille) {
   peintre.drawImage(QRectF(QPointF(0, 0), QSizeF(image.size())), image, QRectF(QPointF(0, 0), QSizeF(image.size())));
 }
 
+// The window's memory that the painter paints into, where a pixel of it is one of the widget: null elsewhere, as on a
+// screen of high density. `origine`: where in it the widget begins.
+QImage* MemoireSous(QPainter& peintre, QPoint& origine) {
+  const QTransform place = peintre.deviceTransform();
+  const QPaintEngine* moteur = peintre.paintEngine();
+  if (place.type() > QTransform::TxTranslate || moteur == nullptr || moteur->type() != QPaintEngine::Raster)
+    return nullptr;
+  QPaintDevice* sous = moteur->paintDevice();
+  if (sous == nullptr || sous->devType() != QInternal::Image) return nullptr;
+  auto* memoire = static_cast<QImage*>(sous);
+  const bool memesPixels =
+      memoire->format() == QImage::Format_RGB32 || memoire->format() == QImage::Format_ARGB32_Premultiplied;
+  origine = {qRound(place.dx()), qRound(place.dy())};
+  const bool entiers = origine.x() == place.dx() && origine.y() == place.dy();
+  // Who writes into memory that is shared gets a copy of his own, which no screen shows.
+  return memesPixels && entiers && !peintre.hasClipping() && memoire->isDetached() ? memoire : nullptr;
+}
+
+// A picture of its own would be written, read and written once more: of a large one that is most of what it costs to
+// show it. `ou`: what is painted, in pixels of the frame.
+bool EcritDroit(QPainter& peintre, const ImageCamera& trame, const QRegion& ou) {
+  QPoint origine;
+  QImage* memoire = MemoireSous(peintre, origine);
+  if (memoire == nullptr || trame.EstNulle()) return false;
+  for (const QRect& morceau : ou) {
+    const QRect part = morceau & QRect(QPoint(0, 0), trame.Taille());
+    const QRect la = part.translated(origine);
+    if (part.isEmpty()) continue;
+    if (!memoire->rect().contains(la)) return false;
+    uchar* vers = memoire->scanLine(la.y()) + qsizetype{4} * la.x();
+    if (!trame.EcritPart(part, vers, memoire->bytesPerLine())) return false;
+  }
+  return true;
+}
+
 void PeintAnciens(QPainter& peintre, const QImage& anciens) {
   if (!anciens.isNull()) peintre.drawImage(QPointF(0, 0), anciens);
+}
+
+void PeintTraits(QPainter& peintre, const CopieSurface& copie) {
+  PeintAnciens(peintre, copie.Anciens);
+  for (const Contour& contour : copie.Contours) PeintContour(peintre, contour);
 }
 
 // Start and direction of one axis: the first source coordinate and the scale, which is negative when mirrored.
@@ -41,6 +83,42 @@ struct AxeEtire {
 
 AxeEtire CalculeAxe(int position, int etendue, double cible) {
   return {etendue > 0 ? double(position) : double(position) + 1.0, cible / double(etendue)};
+}
+
+// The columns of the frame that are stretched. They begin where a colour does: half of them share one with the next.
+QRect Colonnes(const QRect& source, const QSize& taille) {
+  const int gauche = source.width() > 0 ? source.x() : source.x() + source.width() + 1;
+  QRect colonnes = QRect(gauche, 0, std::abs(source.width()), taille.height()) & QRect(QPoint(0, 0), taille);
+  colonnes.setLeft(colonnes.left() / 2 * 2);
+  return colonnes;
+}
+
+// Of a large frame most rows fall between those of a small view: only the ones that it shows are made, one for each of
+// its own. `lignes` is memory for them. False where the frame has its pixels already, or cannot give them by rows.
+bool EtireLignes(QPainter& peintre, int hauteur, const ImageCamera& trame, const QRect& colonnes, const AxeEtire& x,
+                 const AxeEtire& y, QImage& lignes) {
+  if (colonnes.isEmpty()) return true;
+  const int nombre = static_cast<int>(std::ceil(hauteur * peintre.device()->devicePixelRatioF()));
+  const double pas = double(hauteur) / nombre;
+  if (lignes.width() < colonnes.width() || lignes.height() != nombre)
+    lignes = QImage(colonnes.width(), nombre, QImage::Format_RGB32);
+  if (lignes.isNull()) return false;
+  for (int i = 0; i < nombre; ++i) {
+    const double ligne = std::floor(y.Origine + (i + 0.5) * pas / y.Echelle);
+    if (ligne < 0 || ligne >= colonnes.height()) {
+      std::fill_n(reinterpret_cast<QRgb*>(lignes.scanLine(i)), colonnes.width(), qRgb(0, 0, 0));
+      continue;
+    }
+    const QRect part(colonnes.left(), static_cast<int>(ligne), colonnes.width(), 1);
+    if (!trame.EcritPart(part, lignes.scanLine(i), lignes.bytesPerLine())) return false;
+  }
+  peintre.save();
+  peintre.scale(x.Echelle, pas);
+  peintre.translate(-x.Origine, 0);
+  peintre.drawImage(QRectF(colonnes.left(), 0, colonnes.width(), nombre), lignes,
+                    QRectF(0, 0, colonnes.width(), nombre));
+  peintre.restore();
+  return true;
 }
 
 }  // namespace
@@ -55,17 +133,17 @@ void CopieSurface::Prend(const SurfaceImage& surface) {
 
 void PeintSurface(QPainter& peintre, const CopieSurface& copie) {
   PeintImage(peintre, copie.Image.Entiere(), copie.Taille);
-  PeintAnciens(peintre, copie.Anciens);
-  for (const Contour& contour : copie.Contours) PeintContour(peintre, contour);
+  PeintTraits(peintre, copie);
 }
 
-void PeintSurface(QPainter& peintre, const SurfaceImage& surface) {
-  PeintImage(peintre, surface.Image(), surface.Taille());
+void PeintSurface(QPainter& peintre, const SurfaceImage& surface, const QRegion& ou) {
+  if (!EcritDroit(peintre, surface.Trame(), ou)) PeintImage(peintre, surface.Image(), surface.Taille());
   PeintAnciens(peintre, surface.Anciens());
   for (int i = 0; i < surface.NombreContours(); ++i) PeintContour(peintre, surface.ContourNumero(i));
 }
 
-void EtireSurface(QPainter& peintre, const QRectF& cible, const CopieSurface& surface, const QRect& source) {
+void EtireSurface(QPainter& peintre, const QRect& cible, const CopieSurface& surface, const QRect& source,
+                  QImage& lignes) {
   if (source.width() == 0 || source.height() == 0) return;
   const AxeEtire x = CalculeAxe(source.x(), source.width(), cible.width());
   const AxeEtire y = CalculeAxe(source.y(), source.height(), cible.height());
@@ -73,9 +151,12 @@ void EtireSurface(QPainter& peintre, const QRectF& cible, const CopieSurface& su
   peintre.setClipRect(cible);
   peintre.fillRect(cible, Qt::black);
   peintre.translate(cible.topLeft());
+  const bool parLignes =
+      EtireLignes(peintre, cible.height(), surface.Image, Colonnes(source, surface.Taille), x, y, lignes);
   peintre.scale(x.Echelle, y.Echelle);
   peintre.translate(-x.Origine, -y.Origine);
-  PeintSurface(peintre, surface);
+  if (!parLignes) PeintImage(peintre, surface.Image.Entiere(), surface.Taille);
+  PeintTraits(peintre, surface);
   peintre.restore();
 }
 

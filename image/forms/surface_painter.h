@@ -7,7 +7,7 @@
 #include <QImage>
 #include <QPainter>
 #include <QRect>
-#include <QRectF>
+#include <QRegion>
 #include <vector>
 
 #include "engine/frame_surface.h"
@@ -29,11 +29,14 @@ struct CopieSurface {
 /// Paints the picture (black where there is none) and the outlines in pixels of the frame, from (0, 0) on, through
 /// whatever transformation `peintre` carries.
 void PeintSurface(QPainter& peintre, const CopieSurface& copie);
-void PeintSurface(QPainter& peintre, const SurfaceImage& surface);
+/// The same of the part `ou` at the least, in pixels of the frame: what is painted now, as a widget is told it, of one
+/// that begins where the frame does. Without a transformation the pixels go straight into the memory of the window.
+void PeintSurface(QPainter& peintre, const SurfaceImage& surface, const QRegion& ou);
 
 /// Stretches a part of the frame with its outlines over `cible`. A negative width takes the part that ends with the
 /// column `source.x()` and mirrors it; a negative height likewise. What lies outside the frame comes out black. A width
-/// or height of zero paints nothing.
-void EtireSurface(QPainter& peintre, const QRectF& cible, const CopieSurface& surface, const QRect& source);
+/// or height of zero paints nothing. `lignes`: memory that is used again the next time, to be kept for it.
+void EtireSurface(QPainter& peintre, const QRect& cible, const CopieSurface& surface, const QRect& source,
+                  QImage& lignes);
 
 }  // namespace vaktor

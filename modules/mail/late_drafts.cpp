@@ -7,7 +7,7 @@
 namespace vaktor {
 
 Publication BrouillonsEnRetard::Publie(const QString& nom, qint64 faitA) {
-  const Publication suite = PublieBrouillon(Sac_, Photos_, nom);
+  Publication suite = PublieBrouillon(Sac_, Photos_, nom);
   if (suite.Erreur == 0)
     Noms_.remove(nom);
   else

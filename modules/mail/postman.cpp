@@ -201,7 +201,7 @@ ResultatEnvoi Facteur::Remet(CourrielEnAttente& courriel, const QByteArray& mess
   CourrielEnAttente aRemettre = courriel;
   aRemettre.Destinataires = DonneRestants(courriel.Destinataires, courriel.Sort);
   bool note = false;
-  const ResultatEnvoi resultat = Envoie_(aRemettre, message, [&](const QList<VerdictAdresse>& verdicts) {
+  ResultatEnvoi resultat = Envoie_(aRemettre, message, [&](const QList<VerdictAdresse>& verdicts) {
     note = true;
     NoteAccepte(courriel, verdicts);
   });

@@ -79,7 +79,7 @@ ResultatEnvoi FilEnvoi::Partage::Envoie(const CourrielEnAttente& courriel, const
     reglages.Mecanisme = Mecanisme;
   }
   const CourrielPret pret = PrepareEnvoi(courriel, message, reglages);
-  const ResultatEnvoi resultat =
+  ResultatEnvoi resultat =
       EnvoieCourriel(reglages, pret.Adresses, pret.Message, {[this] { return Arret.load(); }, surAccepte, {}});
   const std::lock_guard verrou(Verrou);
   if (resultat.Accepte && !Change) Mecanisme = resultat.Mecanisme;

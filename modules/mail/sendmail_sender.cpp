@@ -90,7 +90,7 @@ ResultatEnvoi EnvoieParSendmail(const ReglagesEnvoi& reglages, const Enveloppe& 
   if (tous.Cause != CauseEchec::kDestinataireRefuse || enveloppe.Destinataires.size() < 2) return tous;
   ResultatEnvoi ensemble = tous;
   for (const QString& adresse : enveloppe.Destinataires) {
-    const ResultatEnvoi r = Lance(reglages, {enveloppe.Expediteur, {adresse}}, message, rappels);
+    ResultatEnvoi r = Lance(reglages, {enveloppe.Expediteur, {adresse}}, message, rappels);
     if (r.Cause == CauseEchec::kInterrompu && !ensemble.Accepte) return r;
     ensemble.Accepte = ensemble.Accepte || r.Accepte;
     ensemble.Verdicts.append({adresse, r.Accepte ? kPris : r.Definitif ? kRefuse : kPlusTard});

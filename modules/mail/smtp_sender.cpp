@@ -232,7 +232,7 @@ ResultatEnvoi Converse(const ReglagesEnvoi& r, const Enveloppe& enveloppe, const
   curl_easy_setopt(c, CURLOPT_MAIL_RCPT, adresses);
   curl_easy_setopt(c, CURLOPT_MAIL_RCPT_ALLLOWFAILS, 1L);
   RegleRappels(c, envoi);
-  const ResultatEnvoi resultat = ComposeResultat(curl_easy_perform(c), envoi);
+  ResultatEnvoi resultat = ComposeResultat(curl_easy_perform(c), envoi);
   offerts = envoi.Dialogue.Mecanismes();
   return resultat;
 }

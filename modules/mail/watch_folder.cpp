@@ -78,7 +78,7 @@ QStringList DossierVeille::ListeNoms(QLatin1String fin, int& erreur) const {
 
 QStringList DossierVeille::Liste(int* erreur) const {
   int lu = 0;
-  const QStringList noms = ListeNoms(kMessage, lu).mid(0, kMessagesMax);
+  QStringList noms = ListeNoms(kMessage, lu).mid(0, kMessagesMax);
   if (erreur != nullptr) *erreur = lu;
   return noms;
 }

@@ -42,7 +42,7 @@ FinRepetition RepetePush(const QByteArray& demande, const QString& autorites, co
   const QStringList secrets = DonneSecretsPush(lu.Reglages);
   const auto dis = [&](const QString& ligne) { ecrit(NettoieLigne(ligne, secrets)); };
   const auto poste = [&](const MessagePush& message) {
-    const ResultatPush resultat = EnvoiePush(lu.Reglages, message, {}, kDelaisEssai);
+    ResultatPush resultat = EnvoiePush(lu.Reglages, message, {}, kDelaisEssai);
     // An answer of the server answers a command; all else are words of the system.
     dis(resultat.Code != 0 ? QStringLiteral("POST: ") + resultat.Mots : resultat.Mots);
     return resultat;

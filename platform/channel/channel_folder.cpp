@@ -38,9 +38,9 @@ QString DossierCanal::DonneCheminUsuel() {
 }
 
 QString DossierCanal::TrouveChemin() {
-  const QString nomme = qEnvironmentVariable(kVariableCanal.data());
+  QString nomme = qEnvironmentVariable(kVariableCanal.data());
   if (!nomme.isEmpty()) return nomme;
-  const QString usuel = DonneCheminUsuel();
+  QString usuel = DonneCheminUsuel();
   if (PrepareSain(usuel)) return usuel;
   QString etat = qEnvironmentVariable("XDG_STATE_HOME");
   if (!QDir::isAbsolutePath(etat)) etat = QDir::homePath() + QStringLiteral("/.local/state");

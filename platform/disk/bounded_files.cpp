@@ -102,11 +102,11 @@ std::optional<PerteVidage> FichiersBornes::PrendPerte() {
   for (auto voie = Voies_.cbegin(); voie != Voies_.cend(); ++voie) {
     const auto disque = voie.value()->DonneVidage();
     if (!disque) continue;
-    if (const auto perte = prend(voie.key(), *disque)) return perte;
+    if (auto perte = prend(voie.key(), *disque)) return perte;
   }
   for (auto reste = Restes_.begin(); reste != Restes_.end();) {
     const bool finie = reste->Disque->EstFinie();  // asked before: the last error may still come otherwise
-    if (const auto perte = prend(reste->Dossier, *reste->Disque)) return perte;
+    if (auto perte = prend(reste->Dossier, *reste->Disque)) return perte;
     reste = finie ? Restes_.erase(reste) : std::next(reste);
   }
   return std::nullopt;

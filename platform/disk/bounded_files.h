@@ -47,7 +47,7 @@ class FichiersBornes : public Fichiers, public PertesVidage {
   /// The result of `travail`, which must own everything it uses; nothing when it has not come in time.
   template <typename Resultat>
   std::optional<Resultat> Attend(std::function<Resultat()> travail) const {
-    const auto rendu = Travaux_.Attend<Resultat>(std::move(travail), Patience());
+    auto rendu = Travaux_.Attend<Resultat>(std::move(travail), Patience());
     if (!rendu) DernierSilence_ = std::chrono::steady_clock::now();
     return rendu;
   }

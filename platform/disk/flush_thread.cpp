@@ -34,7 +34,7 @@ int VideChemin(const QByteArray& nom, int maniere, int (*vide)(int)) {
 }  // namespace
 
 std::shared_ptr<Vidage> Vidage::Lance(const QByteArray& dossier) {
-  const std::shared_ptr<Vidage> vidage(new Vidage(dossier));
+  std::shared_ptr<Vidage> vidage(new Vidage(dossier));
   std::thread([vidage] { vidage->Boucle(); }).detach();
   return vidage;
 }

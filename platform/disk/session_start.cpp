@@ -17,7 +17,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kPatience = 700ms;
 constexpr QLatin1StringView kNom{"org.vaktor.Vaktor"};
-constexpr qint64 kTailleMax = 64 * 1024;  // an entry is a few lines; whatever is larger is none of ours
+constexpr qint64 kTailleMax = qint64{64} * 1024;  // an entry is a few lines; whatever is larger is none of ours
 
 // One word of the line that is run. In quotes these four are escaped by a backslash, a percent sign is doubled; and
 // each backslash is doubled once more, since the line is a text of the file.

@@ -30,8 +30,8 @@ class TravauxEnFile {
   std::optional<Resultat> Attend(std::function<Resultat()> travail) const {
     std::shared_ptr<Tour> tour = Prend();
     if (!tour) return std::nullopt;
-    const auto rendu = Travaux_.Attend<Resultat>(
-        [tour = std::move(tour), travail = std::move(travail)] { return travail(); }, kPatience);
+    auto rendu = Travaux_.Attend<Resultat>([tour = std::move(tour), travail = std::move(travail)] { return travail(); },
+                                           kPatience);
     if (!rendu) NoteMuette();
     return rendu;
   }

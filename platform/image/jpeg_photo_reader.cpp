@@ -55,7 +55,7 @@ bool EstParPasses(const QByteArray& octets, int couleurs) {
   const qsizetype passe = PasseEntete(octets);
   if (passe + 5 > octets.size()) return false;
   const auto composantes = static_cast<quint8>(octets.at(passe + 4));
-  const qsizetype fin = passe + 5 + 2 * composantes;
+  const qsizetype fin = passe + 5 + qsizetype{2} * composantes;
   if (fin + 2 > octets.size()) return false;
   // A picture of one pass has all its colours in it, from the coarsest value, 0, to the finest, 63.
   const int attendues = couleurs == TJCS_GRAY ? 1 : 3;  // of four inks three are enough to tell

@@ -30,7 +30,7 @@ constexpr auto kMessages = static_cast<GstMessageType>(GST_MESSAGE_EOS | GST_MES
 class LecteurGStreamer::Fil {
  public:
   static std::shared_ptr<Fil> Lance(const QByteArray& sortie, const std::function<bool()>& present) {
-    const std::shared_ptr<Fil> fil(new Fil(sortie, present));
+    std::shared_ptr<Fil> fil(new Fil(sortie, present));
     std::thread([fil] { fil->Tourne(); }).detach();
     return fil;
   }

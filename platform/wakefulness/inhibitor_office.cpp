@@ -60,9 +60,9 @@ QString BureauEveil::NommeConnexion() {
 BureauEveil::Resultat BureauEveil::Demande() {
   if (Tient()) return {ReponseEveil::kAccordee, {}};
   Lache();
-  const Resultat login1 = DemandeLogin1();
+  Resultat login1 = DemandeLogin1();
   if (login1.Reponse == ReponseEveil::kAccordee) return login1;
-  const Resultat portail = DemandePortail();
+  Resultat portail = DemandePortail();
   if (portail.Reponse == ReponseEveil::kAccordee) return portail;
   return login1.Reponse == ReponseEveil::kPersonne && portail.Reponse == ReponseEveil::kRefusee ? portail : login1;
 }

@@ -107,13 +107,13 @@ TEST_F(JournalDuProgramme, AFrameThatNobodyLooksAtIsNotedWithoutMakingItsPicture
   faux::PiloteFaux& pilote = *Systeme.Pilote;  // which the program takes
   ArmeEtBouge(QStringLiteral("/alarm"), false);
   for (QWidget* fenetre : QApplication::topLevelWidgets()) fenetre->hide();
-  int faites = 0;
+  faux::CompteTrames compte;
   pilote.Suivante = [&, image = pilote.Suivante] {
-    pilote.SuivanteDifferee = std::make_shared<faux::TrameComptee>(image(), faites);
+    pilote.SuivanteDifferee = std::make_shared<faux::TrameComptee>(image(), compte);
     return QImage();
   };
   EXPECT_GT(Pendant(3000).Mails, 50);
-  EXPECT_EQ(faites, 0);
+  EXPECT_EQ(compte.Regardees, 0);
   pilote.Suivante = nullptr;
   pilote.SuivanteDifferee = nullptr;
 }

@@ -45,7 +45,7 @@ class PeintureDesVues : public testing::Test {
     Banc.Pilote.Suivante = [this] {
       QImage image(64, 48, QImage::Format_RGB32);
       image.fill(qRgb(20, 30, ++Rang_ % 2 * 200));
-      Banc.Pilote.SuivanteDifferee = std::make_shared<faux::TrameComptee>(image, Faites);
+      Banc.Pilote.SuivanteDifferee = std::make_shared<faux::TrameComptee>(image, Compte);
       return QImage();
     };
     Banc.Clique("Bouton(0)");
@@ -66,7 +66,7 @@ class PeintureDesVues : public testing::Test {
   void Oublie() {
     Laisse();
     Peint.Oublie();
-    Faites = 0;
+    Compte = {};
   }
   // What the frames since Oublie have painted, as often as they did: for the message of a test that fails.
   std::string Tout() const {
@@ -78,7 +78,7 @@ class PeintureDesVues : public testing::Test {
 
   faux::BancFenetre Banc;
   Peintures Peint;
-  int Faites = 0;  ///< pictures that were made
+  faux::CompteTrames Compte;
 
  private:
   int Rang_ = 0;
@@ -86,7 +86,8 @@ class PeintureDesVues : public testing::Test {
 
 TEST_F(PeintureDesVues, AFrameIsPaintedOnceInEachPlaceThatItChanges) {
   Trame();
-  EXPECT_EQ(Faites, 1) << "for monitor and small view";
+  EXPECT_EQ(Compte.Regardees, 1);
+  EXPECT_EQ(Compte.Entieres, 0) << "monitor and small view take what they show";
   for (const char* vue : {"Picture1", "Picture2", "LabelTemoin(0)"})
     EXPECT_EQ(Peint.Fois.value(vue), 1) << vue << " of " << Tout();
   QRegion permis;
@@ -106,11 +107,11 @@ TEST_F(PeintureDesVues, BehindAnotherPageNothingIsPaintedAndWhatStandsThereIsOfT
   Trame();
   Trame();
   EXPECT_TRUE(Peint.Fois.isEmpty()) << Tout();
-  EXPECT_EQ(Faites, 0);
+  EXPECT_EQ(Compte.Regardees, 0);
   Banc.Fenetre.AmenePage(1);
   Laisse();
   EXPECT_EQ(Peint.Fois.value("Picture2"), 1);
-  EXPECT_EQ(Faites, 1);
+  EXPECT_EQ(Compte.Regardees, 1);
 }
 
 TEST_F(PeintureDesVues, OfWindowsThatAreOnNoScreenNothingIsPaintedAndNoPictureIsMade) {
@@ -121,13 +122,13 @@ TEST_F(PeintureDesVues, OfWindowsThatAreOnNoScreenNothingIsPaintedAndNoPictureIs
   Trame();
   Trame();
   EXPECT_TRUE(Peint.Fois.isEmpty()) << Tout();
-  EXPECT_EQ(Faites, 0);
+  EXPECT_EQ(Compte.Regardees, 0);
 }
 
 TEST_F(PeintureDesVues, WhereNothingMovesTheSmallViewIsPaintedBlackOnce) {
   Banc.Pilote.Suivante = [this] {
     Banc.Pilote.SuivanteDifferee =
-        std::make_shared<faux::TrameComptee>(faux::BancFenetre::ImageUnie(64, 48, qRgb(20, 30, 40)), Faites);
+        std::make_shared<faux::TrameComptee>(faux::BancFenetre::ImageUnie(64, 48, qRgb(20, 30, 40)), Compte);
     return QImage();
   };
   for (int i = 0; i < 3; ++i) Trame();
@@ -145,6 +146,7 @@ TEST_F(PeintureDesVues, TheEnlargedViewIsPaintedAtEachFrame) {
   Oublie();
   Trame();
   EXPECT_EQ(Peint.Fois.value("WebcamPecran"), 1) << Tout();
+  EXPECT_EQ(Compte.Entieres, 1) << "stretched over a screen it needs the picture";
   Trame();
   EXPECT_EQ(Peint.Fois.value("WebcamPecran"), 2) << Tout();
 }

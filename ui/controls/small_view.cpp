@@ -39,7 +39,7 @@ void VueReduite::paintEvent(QPaintEvent*) {
   if (Pixels_ != nullptr) {
     peintre.drawImage(QPointF(0, 0), *Pixels_);
   } else if (Zoome()) {
-    EtireSurface(peintre, QRectF(rect()), Zoom_, Source_);
+    EtireSurface(peintre, rect(), Zoom_, Source_, LignesZoom_);
   } else {
     peintre.fillRect(rect(), Qt::black);
   }

@@ -37,6 +37,7 @@ class VueReduite : public VueAMenu {
   bool Zoome() const { return Zoom_.Taille.isValid(); }
 
   CopieSurface Zoom_;               // no picture: no zoom
+  QImage LignesZoom_;               // memory of the painting
   QRect Source_;                    // the part of it that is shown
   const QImage* Pixels_ = nullptr;  // null: not in pixel view
 };

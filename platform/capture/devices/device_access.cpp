@@ -121,7 +121,7 @@ std::optional<PeripheriqueVideo> AccesV4L2::Retrouve(const QString& nomStable) c
 std::optional<PeripheriqueVideo> AccesV4L2::Choisit(const QString& cherche) const {
   const QList<CandidatVideo> candidats = Candidats();
   const QList<PeripheriqueVideo> liste = NommePeripheriques(candidats);
-  if (const auto trouve = RetrouveParmi(candidats, cherche)) return trouve;
+  if (auto trouve = RetrouveParmi(candidats, cherche)) return trouve;
   if (cherche.isEmpty() && !liste.isEmpty()) return liste.first();
   if (cherche.isEmpty() || !QFileInfo::exists(cherche)) return std::nullopt;
   const QString noeud = QFileInfo(cherche).canonicalFilePath();

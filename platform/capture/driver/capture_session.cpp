@@ -218,7 +218,7 @@ QList<DemandeFlux> SessionCapture::Candidats() {
   demande.Source = Connue_ ? Connue_->Source : Demande_.Source;
   if (demande.Source.Genre == GenreSource::kPeripherique) return CandidatsPeripherique(demande);
   if (demande.Source.Genre == GenreSource::kBureau && !EstDonneeParLeBureau(demande.Source.Lieu)) return {};
-  const QList<DemandeFlux> parHote = CandidatsReseau(demande.Source);
+  QList<DemandeFlux> parHote = CandidatsReseau(demande.Source);
   if (parHote.size() > 1) return parHote;
   if (!demande.Source.Lieu.startsWith(QLatin1String("rtsp"))) return {demande};
   // Within the connection first: it passes every router. A few cameras know nothing but UDP.
@@ -302,7 +302,7 @@ std::optional<PeripheriqueVideo> SessionCapture::ChoisitPeripherique(DemandeFlux
     demande.Autre = EstAutre();
     return Acces_.Retrouve(demande.NomStable);
   }
-  const std::optional<PeripheriqueVideo> voulu = Acces_.Choisit(demande.Source.Lieu);
+  std::optional<PeripheriqueVideo> voulu = Acces_.Choisit(demande.Source.Lieu);
   if (voulu || !Demande_.OuLaSeule || Horloge::now() - Debut_ < Demande_.AvantUneAutre) return voulu;
   demande.Autre = true;
   return Acces_.LaSeule();

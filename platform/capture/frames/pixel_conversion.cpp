@@ -130,6 +130,16 @@ constexpr std::array kConversions = std::to_array<Conversion>({
     {GST_VIDEO_FORMAT_YVYU, ConvertitEntrelace<YvyuToI422>},
 });
 
+// The planes from this pixel on; `couleur` pixels share a colour.
+PlansImage CommenceA(const PlansImage& plans, QPoint pixel, QSize couleur) {
+  PlansImage vus = plans;
+  for (size_t i = 0; i < vus.Plans.size(); ++i) {
+    const QPoint place = i == 0 ? pixel : QPoint(pixel.x() / couleur.width(), pixel.y() / couleur.height());
+    vus.Plans.at(i).Octets += qptrdiff{place.y()} * plans.Plans.at(i).Pas + place.x();
+  }
+  return vus;
+}
+
 const Conversion* TrouveConversion(GstVideoFormat format) {
   const auto trouve = std::ranges::find(kConversions, format, &Conversion::Format);
   return trouve == kConversions.end() ? nullptr : &*trouve;
@@ -186,6 +196,22 @@ bool ConvertitImage(const PlansImage& plans, QImage& image) {
   const Conversion* conversion = TrouveConversion(plans.Format);
   return conversion != nullptr && conversion->Convertit(plans, {image.bits(), static_cast<int>(image.bytesPerLine()),
                                                                 plans.Largeur, plans.Hauteur});
+}
+
+bool ConvertitPart(const PlansImage& plans, const QRect& part, quint8* vers, int pas) {
+  const GstVideoFormatInfo* info = gst_video_format_get_info(plans.Format);
+  const Conversion* conversion = EstPlanaire(plans.Format) ? TrouveConversion(plans.Format) : nullptr;
+  if (conversion == nullptr || !QRect(0, 0, plans.Largeur, plans.Hauteur).contains(part)) return false;
+  const int largeurCouleur = 1 << GST_VIDEO_FORMAT_INFO_W_SUB(info, 1);  // columns that share a colour
+  const int hauteurCouleur = 1 << GST_VIDEO_FORMAT_INFO_H_SUB(info, 1);
+  if (part.x() % largeurCouleur != 0) return false;
+  for (int y = part.y(), lignes = 0; y <= part.bottom(); y += lignes) {
+    // A first row that shares its colour with the one before goes by itself.
+    lignes = y % hauteurCouleur != 0 ? 1 : part.bottom() + 1 - y;
+    const PlansImage vus = CommenceA(plans, {part.x(), y}, {largeurCouleur, hauteurCouleur});
+    if (!conversion->Convertit(vus, {vers + qptrdiff{y - part.y()} * pas, pas, part.width(), lignes})) return false;
+  }
+  return true;
 }
 
 bool ConvertitImage(const GstVideoFrame& trame, QImage& image) { return ConvertitImage(PlansDe(trame), image); }

@@ -6,6 +6,7 @@
 #include <libyuv/convert_argb.h>
 
 #include <QImage>
+#include <QRect>
 #include <array>
 
 namespace vaktor {
@@ -40,5 +41,9 @@ const libyuv::YuvConstants* MatriceDe(const PlansImage& plans);
 /// False for a format or a size that does not fit; the image's content is then undefined.
 bool ConvertitImage(const PlansImage& plans, QImage& image);
 bool ConvertitImage(const GstVideoFrame& trame, QImage& image);
+/// A part of the frame, with the same bytes, the first to `vers` and a row `pas` bytes behind the one before. False for
+/// a part that does not lie within the frame or whose first column shares its colour with the one before, and for a
+/// format that is not EstPlanaire.
+bool ConvertitPart(const PlansImage& plans, const QRect& part, quint8* vers, int pas);
 
 }  // namespace vaktor

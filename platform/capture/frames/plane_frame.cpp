@@ -2,6 +2,7 @@
 #include "platform/capture/frames/plane_frame.h"
 
 #include <atomic>
+#include <cstring>
 #include <utility>
 
 namespace vaktor {
@@ -127,6 +128,18 @@ const QImage& TramePlans::Entiere() {
   Regardee_ = true;
   if (const std::shared_ptr<FondsTrames> fonds = Fonds_.lock()) fonds->FixeRegardees(true);
   return EstFaite_ || FaisEntiere() ? Image_ : kAucuneImage;
+}
+
+// Where another view looks at the whole picture that is made first: it is then made once for both.
+bool TramePlans::EcritPart(const QRect& part, uchar* vers, qsizetype pas) {
+  const std::shared_ptr<FondsTrames> fonds = Fonds_.lock();
+  const bool commune = EstFaite_ || (fonds != nullptr && fonds->Regardees() && FaisEntiere());
+  if (!commune) return ConvertitPart(Plans_, part, vers, static_cast<int>(pas));
+  if (!Image_.rect().contains(part)) return false;
+  for (int y = 0; y < part.height(); ++y)
+    std::memcpy(vers + y * pas, Image_.constScanLine(part.y() + y) + qsizetype{4} * part.x(),
+                static_cast<size_t>(part.width()) * 4);
+  return true;
 }
 
 // What comes back is emptied at the next frame and not only when it is needed: a film's decoder then finds its memory

@@ -86,6 +86,7 @@ class TramePlans : public TrameDifferee {
   QSize Taille() const override { return {Plans_.Largeur, Plans_.Hauteur}; }
   TrameBrute Echantillons(PhaseEchantillons phase) override;
   const QImage& Entiere() override;
+  bool EcritPart(const QRect& part, uchar* vers, qsizetype pas) override;
 
  private:
   void FaisEchantillons(PhaseEchantillons phase);

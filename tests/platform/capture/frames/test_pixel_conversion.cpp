@@ -157,6 +157,49 @@ TEST(ConvertitImage, RefusesWhatDoesNotFit) {
   EXPECT_FALSE(FormatConvertible(GST_VIDEO_FORMAT_v210));
 }
 
+class ConversionDUnePart : public testing::TestWithParam<GstVideoFormat> {};
+
+TEST_P(ConversionDUnePart, GivesTheSameBytesAsThatOfTheWhole) {
+  const Trame trame(GetParam(), 67, 23, nullptr);
+  const PlansImage plans = PlansDe(*trame);
+  QImage image(67, 23, QImage::Format_RGB32);
+  ASSERT_TRUE(ConvertitImage(plans, image));
+  for (const QRect& part : {QRect(0, 0, 67, 23), QRect(2, 0, 65, 1), QRect(0, 1, 67, 22), QRect(10, 5, 33, 4),
+                            QRect(66, 22, 1, 1), QRect(0, 22, 67, 1), QRect(4, 7, 1, 3)}) {
+    QImage autour(80, 30, QImage::Format_RGB32);
+    autour.fill(qRgb(1, 2, 3));
+    QImage attendue = autour;
+    ASSERT_TRUE(ConvertitPart(plans, part, autour.scanLine(3) + 4 * 5, static_cast<int>(autour.bytesPerLine())));
+    for (int y = 0; y < part.height(); ++y)
+      for (int x = 0; x < part.width(); ++x)
+        attendue.setPixel(5 + x, 3 + y, image.pixel(part.topLeft() + QPoint(x, y)));
+    EXPECT_EQ(autour, attendue) << part.x() << ", " << part.y() << ", nothing beside it is written";
+  }
+}
+
+TEST_P(ConversionDUnePart, RefusesWhatLiesOutsideOrBeginsWithinAColour) {
+  const Trame trame(GetParam(), 67, 23, nullptr);
+  const PlansImage plans = PlansDe(*trame);
+  QImage vers(67, 23, QImage::Format_RGB32);
+  const auto convertit = [&](const QRect& part) {
+    return ConvertitPart(plans, part, vers.bits(), static_cast<int>(vers.bytesPerLine()));
+  };
+  for (const QRect& part : {QRect(-2, 0, 4, 4), QRect(0, -1, 4, 4), QRect(64, 0, 4, 1), QRect(0, 22, 4, 2)})
+    EXPECT_FALSE(convertit(part)) << part.x() << ", " << part.y();
+  EXPECT_EQ(convertit({1, 0, 4, 4}), GetParam() == GST_VIDEO_FORMAT_Y444) << "each pixel has a colour of its own there";
+}
+
+INSTANTIATE_TEST_SUITE_P(ConvertitPart, ConversionDUnePart,
+                         testing::Values(GST_VIDEO_FORMAT_I420, GST_VIDEO_FORMAT_YV12, GST_VIDEO_FORMAT_Y42B,
+                                         GST_VIDEO_FORMAT_Y444));
+
+TEST(ConvertitPart, RefusesWhatIsStoredOtherwise) {
+  const Trame trame(GST_VIDEO_FORMAT_NV12, 16, 16, nullptr);
+  QImage vers(16, 16, QImage::Format_RGB32);
+  EXPECT_FALSE(ConvertitPart(PlansDe(*trame), {0, 0, 16, 16}, vers.bits(), 64));
+  EXPECT_FALSE(ConvertitPart(PlansImage(), {}, vers.bits(), 64));
+}
+
 QByteArray FabriqueJpeg(int largeur, int hauteur) {
   std::vector<quint8> pixels(static_cast<size_t>(largeur) * static_cast<size_t>(hauteur) * 4);
   for (size_t i = 0; i < pixels.size(); ++i) pixels[i] = static_cast<quint8>((i * i) >> 7);

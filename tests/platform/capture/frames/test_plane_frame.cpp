@@ -41,6 +41,13 @@ class TrameEnPlans : public testing::Test {
     std::swap(autre, Reserve);
     return image;
   }
+  /// The frame as its parts give it: a piece, and what is left below and beside it.
+  static QImage EcritParts(TramePlans& trame) {
+    QImage image(kLargeur, kHauteur, QImage::Format_RGB32);
+    for (const QRect& part : {QRect(0, 0, 30, 13), QRect(30, 0, kLargeur - 30, 13), QRect(0, 13, kLargeur, 27)})
+      EXPECT_TRUE(trame.EcritPart(part, image.scanLine(part.y()) + qsizetype{4} * part.x(), image.bytesPerLine()));
+    return image;
+  }
   static quint32 Lit(const TrameBrute& trame, int x, int y) {
     quint32 pixel = 0;
     std::memcpy(&pixel, trame.Bits + y * trame.OctetsParLigne + qsizetype{4} * (trame.Serree ? x / kPasEchantillon : x),
@@ -137,6 +144,44 @@ TEST_F(TrameEnPlans, APictureThatIsHeldStaysAsItIs) {
   const QImage gardee = Livre(5)->Entiere();
   for (unsigned germe = 6; germe < 20; ++germe) Livre(germe)->Entiere();
   EXPECT_EQ(gardee, attendue);
+}
+
+// Into memory of the caller's, without a picture of the frame's own.
+TEST_F(TrameEnPlans, APartIsWrittenWithoutMakingThePicture) {
+  const auto trame = Livre(5);
+  EXPECT_EQ(EcritParts(*trame), Attendue(5));
+  EXPECT_TRUE(trame->CedeImage(trame->Taille()).isNull());
+}
+
+TEST_F(TrameEnPlans, APartOfAPictureThatIsThereIsTakenFromIt) {
+  const auto trame = Livre(5);
+  trame->Entiere();
+  EXPECT_EQ(EcritParts(*trame), Attendue(5));
+  uchar octets[16];
+  EXPECT_TRUE(trame->EcritPart({1, 1, 4, 1}, octets, 16)) << "where it begins does not matter then";
+  EXPECT_EQ(std::memcmp(octets, Attendue(5).constScanLine(1) + 4, 16), 0);
+  for (const QRect& part : {QRect(0, 0, kLargeur + 1, 1), QRect(0, -1, 4, 2)})
+    EXPECT_FALSE(trame->EcritPart(part, octets, 0));
+}
+
+TEST_F(TrameEnPlans, WhereAnotherViewLooksAtTheWholeThatIsMadeOnceForBoth) {
+  Livre(5)->Entiere();
+  const auto trame = Livre(6);
+  EXPECT_EQ(EcritParts(*trame), Attendue(6));
+  EXPECT_FALSE(trame->CedeImage(trame->Taille()).isNull());
+}
+
+TEST_F(TrameEnPlans, PartsAloneAskForNoMorePicturesOnceNobodyElseLooks) {
+  auto trame = Livre(5);
+  trame->Entiere();
+  trame.reset();
+  for (unsigned germe = 6; germe < 10; ++germe) {
+    trame.reset();
+    trame = Livre(germe);
+    trame->Echantillons({});
+    EcritParts(*trame);
+  }
+  EXPECT_TRUE(trame->CedeImage(trame->Taille()).isNull());
 }
 
 TEST_F(TrameEnPlans, FramesAndTheirMemoryComeBack) {
