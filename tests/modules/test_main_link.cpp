@@ -176,7 +176,7 @@ TEST_F(Lien, WithoutADescriptorToAskWithItDoesNotGiveUp) {
   Lien_.Demarre();
   {
     const SansDescripteur sans;
-    Temps.Avance(10 * LienPrincipal::kAbandon);
+    Temps.Avance(qint64{10} * LienPrincipal::kAbandon);
   }
   Temps.Avance(LienPrincipal::kAbandon);
   EXPECT_EQ(Pertes, 0);

@@ -70,7 +70,7 @@ struct Poste : Sac {
                const std::function<void(const QList<VerdictAdresse>&)>& surAccepte) {
           ++Tentatives;
           Demandes << c.Destinataires.join(u',') + (c.Sort.Allege ? " light" : "");
-          const ResultatEnvoi r = Serveur(c.Nom);
+          ResultatEnvoi r = Serveur(c.Nom);
           if (r.Accepte) {
             Recus << c.Nom;
             surAccepte(r.Verdicts);

@@ -125,7 +125,7 @@ TEST_F(Photographies, TheFirstPictureIsThatOfTheMostMovementAndTheTextSaysWhenIt
   for (const char* nom : {"1.jpg", "2.jpg", "3.jpg", "4.jpg"}) Photo(nom);
   PoseArdoise(-2000, {{"1.jpg", 500, {}}, {"3.jpg", 400, {}}, {"4.jpg", 30, {}}, {"2.jpg", 20, {}}});
   Intrusion();
-  Temps.Avance(2 * ModuleMail::kRecolte);
+  Temps.Avance(qint64{2} * ModuleMail::kRecolte);
   ASSERT_EQ(Nombre(), 2);
   EXPECT_EQ(Noms(0), (QStringList{"1.jpg", "4.jpg"}));
   EXPECT_EQ(Noms(1), (QStringList{"3.jpg", "2.jpg"})) << "the mails of a row share no photo";
@@ -142,7 +142,7 @@ TEST_F(Photographies, ASlateThatIsMissingTornOrOfAnotherIntrusionChangesNothing)
   const auto envoie = [&](const char* cas) {
     for (const char* nom : {"1.jpg", "2.jpg", "3.jpg"}) Photo(nom);
     Intrusion();
-    Temps.Avance(2 * ModuleMail::kRecolte);
+    Temps.Avance(qint64{2} * ModuleMail::kRecolte);
     EXPECT_EQ(Noms(Nombre() - 1), (QStringList{"3.jpg", "2.jpg"})) << cas;
     EXPECT_EQ(Lit(Nombre() - 1)["body"].toString(), "Come") << cas;
     Temps.Avance(kPauseEntreSeries);
@@ -222,7 +222,7 @@ TEST_F(Photographies, AMessageOfTheWatchThatTheDiskDoesNotTakeIsSentFromMemoryAn
   QDir(dossier).removeRecursively();
   ASSERT_TRUE(EcritOctets(dossier, "no folder"));
   Module->ExecuteCommande(Commande::kVeille);
-  Temps.Avance(3 * ModuleMail::kRepriseVeille);
+  Temps.Avance(qint64{3} * ModuleMail::kRepriseVeille);
   ASSERT_EQ(Envoi->Confies.size(), 1) << "once";
   EXPECT_TRUE(QFile::exists(message));
   Rapporte({Envoi->Confies.first(), {.Accepte = true}, 0});

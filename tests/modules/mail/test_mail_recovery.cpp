@@ -197,7 +197,7 @@ TEST_F(Reprise, AServerThatWasAwayForADayGetsTheMailOnItsReturn) {
   ASSERT_TRUE(Serveur.Demarre());
   Serveur.Arrete();
   Depose();
-  Travaille(24 * 60 * kMinute);
+  Travaille(qint64{24} * 60 * kMinute);
   EXPECT_TRUE(std::all_of(Causes.begin(), Causes.end(), [](CauseEchec c) { return c == CauseEchec::kPasDeConnexion; }));
   EXPECT_GT(Causes.size(), 45);
   ASSERT_TRUE(Serveur.Demarre());

@@ -34,7 +34,7 @@ TEST_F(Poste, AMailIsNotGivenUpBeforeItWasTried) {
   Depose("a");
   Depose("b");
   Depose("c");
-  Maintenant += 30 * 24 * kHeure;
+  Maintenant += qint64{30} * 24 * kHeure;
   Serveur = [](const QString& nom) {
     return nom == "a" ? ResultatEnvoi{.Cause = CauseEchec::kDestinataireRefuse} : ResultatEnvoi{.Accepte = true};
   };
@@ -42,7 +42,7 @@ TEST_F(Poste, AMailIsNotGivenUpBeforeItWasTried) {
   EXPECT_EQ(Recus.join(u'|'), "c|b");
   EXPECT_EQ(Rapports.join(u'|'), "c ok|b ok|a plus tard|a non");
   Depose("a");
-  Maintenant += 30 * 24 * kHeure;
+  Maintenant += qint64{30} * 24 * kHeure;
   Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
   Travaille(kMinute);
   EXPECT_EQ(Recus.join(u'|'), "c|b|a") << "another mail of that name, which was never tried";
@@ -51,7 +51,7 @@ TEST_F(Poste, AMailIsNotGivenUpBeforeItWasTried) {
 TEST_F(Poste, EachMailIsTriedOnceThoughTheServerIsAway) {
   Depose("a");
   Depose("b");
-  Maintenant += 30 * 24 * kHeure;
+  Maintenant += qint64{30} * 24 * kHeure;
   Serveur = [](const QString&) { return ResultatEnvoi{.Cause = CauseEchec::kPasDeConnexion}; };
   Travaille(5 * kHeure);
   EXPECT_EQ(Rapports.join(u'|'), "b plus tard|b non|a plus tard|a non");

@@ -242,7 +242,7 @@ TEST_F(Poste, WhatWasRefusedBeforeTheMachineWasOffForEightDaysIsTriedOnceMore) {
   };
   Depose("a");
   Travaille(kMinute);
-  Maintenant += 8 * 24 * kHeure;
+  Maintenant += qint64{8} * 24 * kHeure;
   F = Ouvre();
   Serveur = [](const QString&) { return ResultatEnvoi{.Accepte = true}; };
   Travaille(kMinute);

@@ -23,7 +23,7 @@ struct Login : Sender {
   }
   QString Tentes() const { return QString::fromLatin1(LitOctets(Serveur.Chemin("logins"))).simplified(); }
   QString Script(const QByteArray& texte) const {
-    const QString chemin = Dossier.filePath("jeton");
+    QString chemin = Dossier.filePath("jeton");
     EXPECT_TRUE(EcritOctets(chemin, "#!/bin/sh\n" + texte));
     QFile::setPermissions(chemin, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     return chemin;

@@ -95,7 +95,7 @@ TEST_F(VeilleDuProgramme, KilledWhileItTakesThemEachMessageBecomesOneMail) {
   ASSERT_TRUE(AttendQue([this] { return QDir(Dossier()).entryList({"*.json"}).isEmpty(); }));
   const qsizetype plafond = 70;
   ASSERT_TRUE(AttendQue([&] { return Serveur.NombreRecus() == plafond; }));
-  ASSERT_TRUE(AttendQue([&] { return EnAttente().size() == kMorts * kParVie - plafond; }))
+  ASSERT_TRUE(AttendQue([&] { return EnAttente().size() == qsizetype{kMorts} * kParVie - plafond; }))
       << EnAttente().size() << " wait";
   QSet<QString> messages;
   for (const QString& nom : EnAttente()) messages << nom.section("-veille-", 1).section('-', 0, 1);

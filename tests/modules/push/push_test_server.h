@@ -51,7 +51,7 @@ class ServeurPush {
 
  private:
   QString Certificat() {
-    const QString paire = Tls_.filePath("serveur.pem");
+    QString paire = Tls_.filePath("serveur.pem");  // not const: returned
     if (QFile::exists(paire)) return paire;
     QProcess openssl;
     openssl.start("openssl", {"req", "-x509", "-newkey", "rsa:2048", "-nodes", "-days", "2", "-subj", "/CN=localhost",

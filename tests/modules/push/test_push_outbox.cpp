@@ -212,7 +212,7 @@ TEST_F(FileDePush, WithoutRoomForItsPictureItsWordsAreKeptAndTheReasonTold) {
   const PetitDisque disque(1024 * 1024);
   if (!disque.EstMonte()) GTEST_SKIP() << disque.Raison();
   SacPush sac(disque.Chemin() + "/push");
-  const QByteArray grande = PetitJpeg(QByteArray(2 * 1024 * 1024, 'x'));
+  const QByteArray grande = PetitJpeg(QByteArray(qsizetype{2} * 1024 * 1024, 'x'));
   int sansImage = 0;
   EXPECT_EQ(sac.Ajoute(Message("a", grande), Maintenant, "a", &sansImage), 0);
   EXPECT_EQ(sansImage, ENOSPC);
