@@ -214,7 +214,7 @@ TEST_F(Suivi, APageThatHasJustBeenSwitchedOnHasItsTime) {
   Lecteur.Etats.Ftp.Publie = 1440 * kMinute;  // yesterday's, as long as nothing newer has come
   Avance(60'000);
   EXPECT_FALSE(Vieille());
-  Avance(2 * SuiviEnvois::kRegard);
+  Avance(qint64{2} * SuiviEnvois::kRegard);
   EXPECT_TRUE(Vieille());
 }
 
@@ -239,7 +239,7 @@ TEST_F(Suivi, AMonthAloneChangesNothing) {
   AllumeLive();
   for (qint64 jour = 0; jour < 60; ++jour) {
     Lecteur.Etats.Ftp.Publie = 0;
-    Temps.Avance(24 * 60 * kMinute);
+    Temps.Avance(qint64{24} * 60 * kMinute);
     ASSERT_FALSE(Vieille() || Attendent()) << jour;
   }
   Lecteur.Etats.Mail.Attente = 0;
@@ -266,7 +266,7 @@ TEST_F(Nouvelles, OfAMissingFileItIsToldAfterThreeMinutes) {
   Reglages.MailActif = true;
   Avance(SuiviEnvois::kSansNouvelles);
   EXPECT_FALSE(Inconnus());
-  Avance(2 * SuiviEnvois::kRegard);
+  Avance(qint64{2} * SuiviEnvois::kRegard);
   EXPECT_TRUE(Inconnus());
   EXPECT_EQ(Qui(), "VAKTORmail");
   EXPECT_FALSE(Attendent());
@@ -290,7 +290,7 @@ TEST_F(Nouvelles, AFileThatSaysTheSameOfItsLifeForMinutesIsNone) {
   EXPECT_FALSE(Inconnus());
   Avance(SuiviEnvois::kSansNouvelles - kMinute);
   EXPECT_FALSE(Inconnus()) << "the last sign is a minute old";
-  Avance(kMinute + 2 * SuiviEnvois::kRegard);
+  Avance(kMinute + qint64{2} * SuiviEnvois::kRegard);
   EXPECT_TRUE(Inconnus());
   Lecteur.Etats.Mail.Battement = QStringLiteral("again");
   Avance(SuiviEnvois::kRegard);

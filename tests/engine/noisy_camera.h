@@ -27,7 +27,8 @@ class CameraBruyante {
     std::mt19937 hasard(bruit.Graine);
     std::normal_distribution<double> loi(0.0, bruit.Ecart);
     for (qint8& valeur : Table_) valeur = static_cast<qint8>(std::clamp(std::lround(loi(hasard)), -100L, 100L));
-    for (auto& pixels : Pixels_) pixels.resize(static_cast<std::size_t>(taille.width() * taille.height()));
+    for (auto& pixels : Pixels_)
+      pixels.resize(static_cast<std::size_t>(taille.width()) * static_cast<std::size_t>(taille.height()));
     banc.Pilote.ParArrivee = true;
     Minuterie_ = banc.Temps.CreeMinuterie(QStringLiteral("Camera"), 1, [this] { Donne(); });
     Minuterie_->Active();
@@ -62,8 +63,8 @@ class CameraBruyante {
         ligne[x] = Pixel(Clarte + (x + y) % 32 - (la ? 60 : 0));
       }
     }
-    return {reinterpret_cast<const uchar*>(pixels.data()), Taille_.width(), Taille_.height(), 4 * Taille_.width(),
-            QImage::Format_RGB32};
+    return {reinterpret_cast<const uchar*>(pixels.data()), Taille_.width(), Taille_.height(),
+            qsizetype{4} * Taille_.width(), QImage::Format_RGB32};
   }
 
   quint32 Pixel(qint32 valeur) {
@@ -72,7 +73,7 @@ class CameraBruyante {
     Suite_ ^= Suite_ << 17;
     quint32 pixel = 0xff;
     for (int canal = 0; canal < 3; ++canal) {
-      const qint32 bruit = Table_[(Suite_ >> (16 * canal)) % Table_.size()];
+      const qint32 bruit = static_cast<qint32>(Table_[(Suite_ >> (16 * canal)) % Table_.size()]);
       pixel = pixel << 8 | static_cast<quint32>(std::clamp(valeur + bruit, 0, 255));
     }
     return pixel;

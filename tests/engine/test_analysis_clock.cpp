@@ -47,7 +47,7 @@ TEST(TempsAnalyse, WhatIsLongAgoStaysLongAgo) {
   TempsAnalyse temps(horloge);
   temps.NoteLive();
   qint32 depuis = 0;
-  for (qint64 heure = 1; heure < 365 * 24; ++heure) {
+  for (qint64 heure = 1; heure < qint64{365} * 24; ++heure) {
     horloge.Millisecondes = heure * kHeureMs;
     temps.Ramene();
     ASSERT_GE(temps.DepuisLive(), std::min<qint64>(heure * kHeureMs, 24 * kJourMs)) << heure;

@@ -193,8 +193,9 @@ TEST_P(Comparaison, MarksTheChangedSamplesInTheOrderOfTheScan) {
   constexpr qint32 kCote = 2 * kPas + 1;
   Photo photo(kCote, kCote, 0);
   std::vector<qint32> entrees(20 + TableEchantillons::kMarge);
-  photo.Octets[static_cast<std::size_t>(4 * (kPas * kCote + 2 * kPas))] = 200;
-  photo.Octets[static_cast<std::size_t>(4 * (2 * kPas * kCote))] = 200;
+  const auto change = [&](std::size_t x, std::size_t y) { photo.Octets[4 * (y * std::size_t{kCote} + x)] = 200; };
+  change(2 * kPas, kPas);
+  change(0, 2 * kPas);
   std::vector<std::pair<qint32, qint32>> points;
   const ResultatComparaison resultat =
       CompareEtMarque(photo.Trame, {.Gauche = 0, .Droite = 2 * kPas, .Haut = 0, .Bas = 2 * kPas}, 1,

@@ -250,7 +250,8 @@ TEST_F(Empreinte, OfAFrameThatHoldsItsSamplesOnlyIsThatOfTheWholePicture) {
     std::vector<uchar> octets(static_cast<std::size_t>(kPart * (kHauteur + kPasEchantillon)), 0xAA);
     for (qint32 y = phase.Y; y < kHauteur; y += kPasEchantillon)
       for (qint32 x = phase.X; x < kLargeur; x += kPasEchantillon)
-        std::memcpy(octets.data() + y * kPart + 4 * (x / kPasEchantillon), Image_.constScanLine(y) + 4 * x, 4);
+        std::memcpy(octets.data() + qptrdiff{y} * kPart + qptrdiff{4} * (x / kPasEchantillon),
+                    Image_.constScanLine(y) + qptrdiff{4} * x, 4);
     EXPECT_EQ(PrendEmpreinte({octets.data(), kPart, kLargeur, kHauteur, true}, phase), Prend(phase)) << phaseX;
   }
 }

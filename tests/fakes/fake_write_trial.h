@@ -16,7 +16,7 @@ class EssaiEcritureFaux : public EssaiEcriture {
 
   void Essaie(const QString& dossier, Recoit recoit) override {
     Essayes += dossier;
-    if (!EnAttente_.contains(dossier)) EnAttente_.insert(dossier, std::move(recoit));
+    if (!EnAttente_.contains(dossier)) EnAttente_.insert(dossier, recoit);
   }
   void Oublie() override {
     ++Oublis;

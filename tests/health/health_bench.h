@@ -24,7 +24,7 @@ class ObservateurNote : public ObservateurSante {
     return EnVeutEncore;
   }
   std::string Prend() {
-    const std::string dit = Notes.join(u' ').toStdString();
+    std::string dit = Notes.join(u' ').toStdString();
     Notes.clear();
     return dit;
   }

@@ -37,7 +37,7 @@ class Chronicle : public testing::Test {
     const int jour = jourNom == 0 ? debut.date().day() : jourNom;
     EntreeJournal& fin = Ajoute(Fait::kFinIntrusion, debut.addSecs(photos - 1 + 10), course);
     fin.Depuis = debut;
-    fin.DureeMs = (photos - 1) * 1000;
+    fin.DureeMs = qint64{1000} * (photos - 1);
     fin.Images = fin.Photos = photos;
     fin.Points = 400;
     fin.Cadre = QRect(1, 2, 3, 4);

@@ -76,7 +76,7 @@ TEST_F(Frise, ThumbnailsAreAskedForOneByOneTheNewestFirstAndKept) {
 TEST_F(Frise, TheCacheIsBoundedAndForgetsWhatWasNotLookedAtForLongest) {
   int arrivees = 0;
   CacheVignettes cache(
-      Vignettes, [&](const QString&) { ++arrivees; }, 3 * 40 * 30 * 4);
+      Vignettes, [&](const QString&) { ++arrivees; }, qint64{3} * 40 * 30 * 4);
   cache.ChoisitTaille({40, 30});
   const QImage image(40, 30, QImage::Format_RGB32);
   for (const char* nom : {"a", "b", "c", "d"}) {

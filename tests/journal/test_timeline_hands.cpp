@@ -187,7 +187,7 @@ TEST_F(FriseGestes, AnotherSizeOfThumbnailsForgetsThoseThatAreThere) {
 
 TEST_F(FriseGestes, WhatWasPushedOutOfTheCacheCountsNoMore) {
   CacheVignettes cache(
-      Vignettes, [](const QString&) {}, 2 * 40 * 30 * 4);
+      Vignettes, [](const QString&) {}, qint64{2} * 40 * 30 * 4);
   cache.ChoisitTaille({40, 30});
   const QImage image(40, 30, QImage::Format_RGB32);
   for (int i = 0; i < 6; ++i) {

@@ -25,7 +25,7 @@ inline QString Nom(const QTime& heure, int numero) {
 inline IntrusionVue Intrusion(const QDateTime& debut, int photos, int points) {
   IntrusionVue vue;
   vue.Debut = debut;
-  vue.DureeMs = photos * 1000;
+  vue.DureeMs = qint64{photos} * 1000;
   vue.Points = points;
   vue.Dossier = QStringLiteral("/p");
   for (int i = 0; i < photos; ++i) {

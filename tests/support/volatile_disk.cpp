@@ -138,7 +138,7 @@ int Lit(const char* chemin, char* tampon, size_t taille, off_t place, fuse_file_
   if (!noeud) return -ENOENT;
   const auto debut = std::min(static_cast<size_t>(place), noeud->Vivant.size());
   const size_t lus = std::min(taille, noeud->Vivant.size() - debut);
-  std::memcpy(tampon, noeud->Vivant.data() + debut, lus);
+  std::copy_n(noeud->Vivant.data() + debut, lus, tampon);
   return static_cast<int>(lus);
 }
 
