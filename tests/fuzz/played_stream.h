@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-// One stream, opened, looked at for a moment and closed: what both harnesses of streams do with what they are given.
+// One stream, opened, looked at for a moment and closed: what the harnesses of streams do with what they are given.
 #pragma once
 
 #include <algorithm>
@@ -12,6 +12,19 @@
 #include "platform/capture/streams/gst_stream.h"
 
 namespace vaktor {
+
+/// Ends the program when a frame, shown by its parts, is not the one that is shown as a whole.
+inline void CompareParts(const ImageCamera& trame) {
+  const int largeur = trame.Taille().width(), hauteur = trame.Taille().height();
+  const int coupe = largeur / 3 / 2 * 2, sous = hauteur / 2;
+  QImage image(largeur, hauteur, QImage::Format_RGB32);
+  for (const QRect& part :
+       {QRect(0, 0, coupe, sous), QRect(coupe, 0, largeur - coupe, sous), QRect(0, sous, largeur, hauteur - sous)}) {
+    if (part.isEmpty()) continue;
+    if (!trame.EcritPart(part, image.scanLine(part.y()) + qsizetype{4} * part.x(), image.bytesPerLine())) return;
+  }
+  if (image != trame.Entiere()) std::abort();
+}
 
 /// Ends the program when a frame comes out that the detection cannot hold. A stream plays at its own rate: its first
 /// picture and what follows at once are enough.
@@ -30,6 +43,7 @@ inline void JoueEtVerifie(const DemandeFlux& demande) {
   }
   const DerniereImage::Arrivee arrivee = derniere.Prend(0);
   if (arrivee.Numero == 0) return;
+  CompareParts(arrivee.Image);
   const QImage& image = arrivee.Image.Entiere();
   if (image.isNull() || EstTropGrande(image.size())) std::abort();
 }
