@@ -44,7 +44,7 @@ double Contraste(const QColor& a, const QColor& b) {
 }
 
 class Apparence : public testing::Test {
- protected:
+ public:
   ~Apparence() override { QApplication::setPalette(QPalette()); }
 };
 

@@ -55,7 +55,7 @@ TEST_F(SystemFiles, AProgramThatIsStartedWhileAFileIsWrittenDoesNotInheritIt) {
   ASSERT_EQ(::mkfifo(nom.constData(), 0600), 0);
   const int lecture = ::open(nom.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   ASSERT_GE(lecture, 0);
-  std::thread ecrit([&nom] { RemplaceFichier(nom, QByteArray(4 * kMega, 'x')); });
+  std::thread ecrit([&nom] { RemplaceFichier(nom, QByteArray(qsizetype{4} * kMega, 'x')); });
   char octet = 0;
   while (::read(lecture, &octet, 1) != 1) ::usleep(1000);
   const QByteArray ouverts = essai::LitHerites();

@@ -61,7 +61,7 @@ class Film : public testing::Test {
       const QString nom = Dossier.filePath(QStringLiteral("%1.jpg").arg(i, 2, 10, QLatin1Char('0')));
       Pose(nom, QSize(161, 121), i);
       Voulu.Chemins.append(nom);
-      Voulu.Instants.append(i * 400);
+      Voulu.Instants.append(qint64{i} * 400);
     }
     Voulu.Sortie = Dossier.filePath(QStringLiteral("film.mkv"));
   }

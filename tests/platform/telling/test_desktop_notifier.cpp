@@ -16,9 +16,11 @@ namespace vaktor {
 namespace {
 
 class Notifieur : public testing::Test {
+ public:
+  ~Notifieur() override { qputenv("PATH", Chemin_); }
+
  protected:
   Notifieur() : Chemin_(qgetenv("PATH")) {}
-  ~Notifieur() override { qputenv("PATH", Chemin_); }
   // Writes its arguments, one a line, and renames the file when it is whole.
   void PoseProgramme(const QByteArray& avant = {}) {
     QFile faux(Dossier_.filePath(QStringLiteral("notify-send")));
