@@ -51,7 +51,7 @@ TEST_F(EveilDuProgramme, ARefusalAndASleepStandInTheSign) {
   Systeme.Machine.Repond = ReponseEveil::kAccordee;
   Systeme.Temps.Avance(62'000);
   EXPECT_FALSE(signe->isVisible()) << signe->toolTip().toStdString();
-  Systeme.Machine.DormiMs += 8 * 3'600'000;
+  Systeme.Machine.DormiMs += qint64{8} * 3'600'000;
   Systeme.Temps.Avance(3000);
   EXPECT_TRUE(signe->isVisible());
   EXPECT_TRUE(signe->toolTip().contains(QStringLiteral(" - "))) << signe->toolTip().toStdString();
@@ -77,7 +77,7 @@ TEST_F(EveilDuProgramme, NeitherASleepNorAClockThatIsSetStopsTheDetectionOrTheCo
   DemarreJusquALaFenetre();
   Clique("Bouton(1)");
   Systeme.Temps.Avance(5000);
-  Systeme.Machine.DormiMs += 8 * 3'600'000;
+  Systeme.Machine.DormiMs += qint64{8} * 3'600'000;
   Systeme.Machine.MuralMs -= 366 * 86'400'000LL;
   Systeme.Horloge.Date = Systeme.Horloge.Date.addYears(-1);
   Systeme.Horloge.Debut = QTime(23, 59, 50);

@@ -7,7 +7,7 @@ namespace {
 
 TEST_F(ProgrammeEntier, ACompanionThatHangsIsEndedAndStartedAnew) {
   ASSERT_NO_FATAL_FAILURE(LanceEtAttendTous());
-  const QString son = kNoms.at(2);
+  const QString& son = kNoms.at(2);
   const qint64 avant = Compagnons(son).value(0);
   ASSERT_EQ(::kill(static_cast<pid_t>(avant), SIGSTOP), 0);
   EXPECT_TRUE(Attend([&] { return Compte(son, "registered again") == 1; }));

@@ -261,7 +261,7 @@ TEST_F(JournalDuProgramme, AMailThatWasTakenBeforeTheFirstLookIsInItToo) {
   Systeme.Etats.Etats.Mail = {
       .Poignee = 72, .Attente = {}, .Publie = {}, .Accepte = debut.addSecs(5).toUTC().toString(Qt::ISODate)};
   ArmeEtBouge();
-  Systeme.Temps.Avance(2 * SuiviEnvois::kRegard);
+  Systeme.Temps.Avance(qint64{2} * SuiviEnvois::kRegard);
   EXPECT_EQ(Faits().count(Fait::kCourriel), 1);
 }
 
@@ -271,7 +271,7 @@ TEST_F(JournalDuProgramme, AMailThatTheServerHasTakenIsInItOnce) {
   Systeme.Temps.Avance(SuiviEnvois::kRegard);
   EXPECT_EQ(Faits().count(Fait::kCourriel), 0) << "of an earlier run";
   Systeme.Etats.Etats.Mail.Accepte = QStringLiteral("now");
-  Systeme.Temps.Avance(3 * SuiviEnvois::kRegard);
+  Systeme.Temps.Avance(qint64{3} * SuiviEnvois::kRegard);
   EXPECT_EQ(Faits().count(Fait::kCourriel), 1);
 }
 

@@ -11,6 +11,13 @@ namespace vaktor {
 namespace {
 
 class ProgrammeEtDisqueMuet : public SurDisqueVolatil {
+ public:
+  ~ProgrammeEtDisqueMuet() override {
+    Disque.reset();  // first: a call that is not answered keeps the program from ending
+    Programme.kill();
+    Programme.waitForFinished();
+  }
+
  protected:
   void Lance() {
     ASSERT_TRUE(QDir().mkpath(Ailleurs() + QStringLiteral("/prive")));
@@ -31,11 +38,6 @@ class ProgrammeEtDisqueMuet : public SurDisqueVolatil {
                     {QStringLiteral("/camera:test"), QStringLiteral("/alarm"),
                      QStringLiteral("/dossier:") + Ailleurs() + QStringLiteral("/prive")});
     ASSERT_TRUE(Programme.waitForStarted());
-  }
-  ~ProgrammeEtDisqueMuet() override {
-    Disque.reset();  // first: a call that is not answered keeps the program from ending
-    Programme.kill();
-    Programme.waitForFinished();
   }
   qsizetype Photos() const { return QDir(Chemin()).entryList({QStringLiteral("*.jpg")}, QDir::Files).size(); }
   template <typename Condition>

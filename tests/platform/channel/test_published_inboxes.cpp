@@ -209,7 +209,7 @@ TEST(Mesure, CountsTheFilesOfAFolderAndTheirBytes) {
   for (int i = 1; i <= 3; ++i) {
     QFile fichier(temporaire.filePath(QString::number(i) + ".jpg"));
     ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
-    fichier.write(QByteArray(i * 100, 'x'));
+    fichier.write(QByteArray(qsizetype{100} * i, 'x'));
   }
   QDir(temporaire.path()).mkdir("dossier");
   MesureurDossierSysteme mesureur;

@@ -73,7 +73,7 @@ inline QByteArray Empreinte(GstSample* echantillon) {
   GstVideoFrame trame;
   EXPECT_TRUE(gst_video_info_from_caps(&info, gst_sample_get_caps(echantillon)));
   EXPECT_TRUE(gst_video_frame_map(&trame, &info, gst_sample_get_buffer(echantillon), GST_MAP_READ));
-  const QByteArray empreinte = EmpreinteDe(trame);
+  QByteArray empreinte = EmpreinteDe(trame);
   gst_video_frame_unmap(&trame);
   return empreinte;
 }

@@ -35,7 +35,7 @@ struct QuatreQuarts {
     for (size_t i = 0; i < 3; ++i) {
       const QSize plan(i > 0 && enLargeur ? (taille.width() + 1) / 2 : taille.width(),
                        i > 0 && enHauteur ? (taille.height() + 1) / 2 : taille.height());
-      Octets[i].assign(static_cast<size_t>((plan.width() + kTrou) * plan.height()), 0);
+      Octets[i].assign(static_cast<size_t>(plan.width() + kTrou) * static_cast<size_t>(plan.height()), 0);
       for (int y = 0; y < plan.height(); ++y) {
         quint8* ligne = Octets[i].data() + static_cast<size_t>(y * (plan.width() + kTrou));
         const int milieu = (plan.width() + 1) / 2;
@@ -99,16 +99,17 @@ INSTANTIATE_TEST_SUITE_P(Formats, Reduction,
 
 // A line of light that falls between the pixels that are kept must not vanish: somebody thin walks through the picture.
 TEST(Reduction, NoRowAndNoColumnIsSkipped) {
-  for (const int place : {1000, 1001, 1002, 1003, 1004}) {
+  for (const size_t place : {1000U, 1001U, 1002U, 1003U, 1004U}) {
     QuatreQuarts source(GST_VIDEO_FORMAT_Y444, {3840, 2160});
     std::vector<quint8> noir(source.Octets[0].size(), 0);
-    for (int i = 0; i < 3840; ++i) noir[static_cast<size_t>(place * (3840 + QuatreQuarts::kTrou) + i)] = 255;
-    for (int i = 0; i < 2160; ++i) noir[static_cast<size_t>(i * (3840 + QuatreQuarts::kTrou) + place)] = 255;
+    constexpr size_t kLigne = 3840 + QuatreQuarts::kTrou;
+    for (size_t i = 0; i < 3840; ++i) noir[place * kLigne + i] = 255;
+    for (size_t i = 0; i < 2160; ++i) noir[i * kLigne + place] = 255;
     source.Plans.Plans[0].Octets = noir.data();
     PlansPropres reduite;
     ASSERT_TRUE(reduite.Reduit(source.Plans, {2304, 1296}));
     const PlansImage::Plan& y = reduite.Plans().Plans[0];
-    const int ici = place * 3 / 5;
+    const int ici = static_cast<int>(place) * 3 / 5;
     int enLigne = 0;
     int enColonne = 0;
     for (int i = ici - 2; i <= ici + 2; ++i) {

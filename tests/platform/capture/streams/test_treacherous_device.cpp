@@ -14,7 +14,7 @@
 namespace vaktor {
 namespace {
 
-constexpr gsize kOctets = 16 * 1024;
+constexpr gsize kOctets = gsize{16} * 1024;
 
 QByteArray Jpeg(QSize taille) {
   QImage image(taille, QImage::Format_RGB32);
