@@ -32,7 +32,7 @@ void PeintImage(QPainter& peintre, const QImage& image, const QSize& taille) {
 }
 
 // The window's memory that the painter paints into, where a pixel of it is one of the widget: null elsewhere, as on a
-// screen of high density. `origine`: where in it the widget begins.
+// screen of high density. `origine`: where in it the widget begins. A picture that is painted on is shared with nobody.
 QImage* MemoireSous(QPainter& peintre, QPoint& origine) {
   const QTransform place = peintre.deviceTransform();
   const QPaintEngine* moteur = peintre.paintEngine();
@@ -45,8 +45,7 @@ QImage* MemoireSous(QPainter& peintre, QPoint& origine) {
       memoire->format() == QImage::Format_RGB32 || memoire->format() == QImage::Format_ARGB32_Premultiplied;
   origine = {qRound(place.dx()), qRound(place.dy())};
   const bool entiers = origine.x() == place.dx() && origine.y() == place.dy();
-  // Who writes into memory that is shared gets a copy of his own, which no screen shows.
-  return memesPixels && entiers && !peintre.hasClipping() && memoire->isDetached() ? memoire : nullptr;
+  return memesPixels && entiers && !peintre.hasClipping() ? memoire : nullptr;
 }
 
 // A picture of its own would be written, read and written once more: of a large one that is most of what it costs to
@@ -85,38 +84,43 @@ AxeEtire CalculeAxe(int position, int etendue, double cible) {
   return {etendue > 0 ? double(position) : double(position) + 1.0, cible / double(etendue)};
 }
 
-// The columns of the frame that are stretched. They begin where a colour does: half of them share one with the next.
+// The columns of the frame that are stretched, and one more on each side, since on some screens the edges of the view
+// lie within a pixel. They begin where a colour does: half of them share one with the next.
 QRect Colonnes(const QRect& source, const QSize& taille) {
   const int gauche = source.width() > 0 ? source.x() : source.x() + source.width() + 1;
-  QRect colonnes = QRect(gauche, 0, std::abs(source.width()), taille.height()) & QRect(QPoint(0, 0), taille);
+  QRect colonnes = QRect(gauche - 1, 0, std::abs(source.width()) + 2, taille.height()) & QRect(QPoint(0, 0), taille);
   colonnes.setLeft(colonnes.left() / 2 * 2);
   return colonnes;
 }
 
 // Of a large frame most rows fall between those of a small view: only the ones that it shows are made, one for each of
-// its own. `lignes` is memory for them. False where the frame has its pixels already, or cannot give them by rows.
+// its own and one for the edge. `lignes` is memory for them. False where the frame has its pixels already, or cannot
+// give them by rows.
 bool EtireLignes(QPainter& peintre, int hauteur, const ImageCamera& trame, const QRect& colonnes, const AxeEtire& x,
                  const AxeEtire& y, QImage& lignes) {
   if (colonnes.isEmpty()) return true;
-  const int nombre = static_cast<int>(std::ceil(hauteur * peintre.device()->devicePixelRatioF()));
-  const double pas = double(hauteur) / nombre;
-  if (lignes.width() < colonnes.width() || lignes.height() != nombre)
-    lignes = QImage(colonnes.width(), nombre, QImage::Format_RGB32);
+  const int vues = static_cast<int>(std::ceil(hauteur * peintre.device()->devicePixelRatioF()));
+  const int nombre = vues + 1;
+  const double pas = double(hauteur) / vues;
+  // One row follows the other without a gap: at the edges the painter may round to what lies behind the end of a row.
+  const qsizetype octets = qsizetype{4} * colonnes.width();
+  if (lignes.sizeInBytes() < octets * nombre) lignes = QImage(colonnes.width(), nombre, QImage::Format_RGB32);
   if (lignes.isNull()) return false;
   for (int i = 0; i < nombre; ++i) {
+    uchar* vers = lignes.bits() + i * octets;
     const double ligne = std::floor(y.Origine + (i + 0.5) * pas / y.Echelle);
     if (ligne < 0 || ligne >= colonnes.height()) {
-      std::fill_n(reinterpret_cast<QRgb*>(lignes.scanLine(i)), colonnes.width(), qRgb(0, 0, 0));
+      std::fill_n(reinterpret_cast<QRgb*>(vers), colonnes.width(), qRgb(0, 0, 0));
       continue;
     }
     const QRect part(colonnes.left(), static_cast<int>(ligne), colonnes.width(), 1);
-    if (!trame.EcritPart(part, lignes.scanLine(i), lignes.bytesPerLine())) return false;
+    if (!trame.EcritPart(part, vers, octets)) return false;
   }
+  const QImage vue(lignes.constBits(), colonnes.width(), nombre, octets, QImage::Format_RGB32);
   peintre.save();
   peintre.scale(x.Echelle, pas);
   peintre.translate(-x.Origine, 0);
-  peintre.drawImage(QRectF(colonnes.left(), 0, colonnes.width(), nombre), lignes,
-                    QRectF(0, 0, colonnes.width(), nombre));
+  peintre.drawImage(QRectF(QPointF(colonnes.left(), 0), QSizeF(vue.size())), vue, QRectF(vue.rect()));
   peintre.restore();
   return true;
 }
