@@ -94,7 +94,8 @@ TEST_F(VeilleDuProgramme, KilledWhileItTakesThemEachMessageBecomesOneMail) {
   // The cap of the hour lets so many through; the others are in the outbox, each once.
   ASSERT_TRUE(AttendQue([this] { return QDir(Dossier()).entryList({"*.json"}).isEmpty(); }));
   const qsizetype plafond = 70;
-  ASSERT_TRUE(AttendQue([&] { return Serveur.NombreRecus() == plafond; }));
+  for (const qsizetype venus : {plafond / 2, plafond})  // under the sanitizers they take longer than one patience
+    ASSERT_TRUE(AttendQue([&] { return Serveur.NombreRecus() >= venus; })) << Serveur.NombreRecus() << " came";
   ASSERT_TRUE(AttendQue([&] { return EnAttente().size() == qsizetype{kMorts} * kParVie - plafond; }))
       << EnAttente().size() << " wait";
   QSet<QString> messages;
