@@ -94,14 +94,12 @@ QRect Colonnes(const QRect& source, const QSize& taille) {
 }
 
 // Of a large frame most rows fall between those of a small view: only the ones that it shows are made, one for each of
-// its own and one for the edge. `lignes` is memory for them. False where the frame has its pixels already, or cannot
-// give them by rows.
+// its own. `lignes` is memory for them. False where the frame has its pixels already, or cannot give them by rows.
 bool EtireLignes(QPainter& peintre, int hauteur, const ImageCamera& trame, const QRect& colonnes, const AxeEtire& x,
                  const AxeEtire& y, QImage& lignes) {
   if (colonnes.isEmpty()) return true;
-  const int vues = static_cast<int>(std::ceil(hauteur * peintre.device()->devicePixelRatioF()));
-  const int nombre = vues + 1;
-  const double pas = double(hauteur) / vues;
+  const int nombre = static_cast<int>(std::ceil(hauteur * peintre.device()->devicePixelRatioF()));
+  const double pas = double(hauteur) / nombre;
   // One row follows the other without a gap: at the edges the painter may round to what lies behind the end of a row.
   const qsizetype octets = qsizetype{4} * colonnes.width();
   if (lignes.sizeInBytes() < octets * nombre) lignes = QImage(colonnes.width(), nombre, QImage::Format_RGB32);

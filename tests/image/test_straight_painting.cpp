@@ -262,10 +262,20 @@ TEST_F(Petite, LooksAsIfThePictureHadBeenStretched) {
 }
 
 TEST_F(Petite, TakesOfALargeFrameOneRowForEachOfItsOwn) {
-  Etire(Donne(Hasard(600, 900, 4)), {0, 0, 600, 900}, 1);
-  EXPECT_EQ(Compte.Donnes, 600 * 109) << "the one beyond the edge is beside the frame";
+  QImage image(600, 900, QImage::Format_RGB32);
+  for (int y = 0; y < 900; ++y)
+    for (int x = 0; x < 600; ++x) image.setPixel(x, y, qRgb(y / 256, y % 256, 50));
+  for (const int densite : {1, 2}) {
+    Compte = {};
+    const QImage vue = Etire(Donne(image), {0, 0, 600, 900}, densite);
+    EXPECT_EQ(Compte.Donnes, 600 * 109 * densite);
+    for (int i = 0; i < 109 * densite; ++i) {
+      const int milieu = static_cast<int>((i + 0.5) * 900 / (109 * densite));
+      EXPECT_EQ(vue.pixel(100 * densite, 5 * densite + i), qRgb(milieu / 256, milieu % 256, 50)) << i;
+    }
+  }
   Compte = {};
-  Etire(Donne(Hasard(600, 900, 4)), {100, 0, 50, 900}, 1);
+  Etire(Donne(image), {100, 0, 50, 900}, 1);
   EXPECT_EQ(Compte.Donnes, 53 * 109) << "and only its columns, those at the edges, and one that shares its colour";
 }
 

@@ -155,8 +155,9 @@ TEST_F(TrameEnPlans, APartIsWrittenWithoutMakingThePicture) {
 
 TEST_F(TrameEnPlans, APartOfAPictureThatIsThereIsTakenFromIt) {
   const auto trame = Livre(5);
-  trame->Entiere();
+  const QImage gardee = trame->Entiere();
   EXPECT_EQ(EcritParts(*trame), Attendue(5));
+  EXPECT_EQ(trame->Entiere().constBits(), gardee.constBits()) << "it was not made again";
   uchar octets[16];
   EXPECT_TRUE(trame->EcritPart({1, 1, 4, 1}, octets, 16)) << "where it begins does not matter then";
   EXPECT_EQ(std::memcmp(octets, Attendue(5).constScanLine(1) + 4, 16), 0);
@@ -165,7 +166,8 @@ TEST_F(TrameEnPlans, APartOfAPictureThatIsThereIsTakenFromIt) {
 }
 
 TEST_F(TrameEnPlans, WhereAnotherViewLooksAtTheWholeThatIsMadeOnceForBoth) {
-  Livre(5)->Entiere();
+  const auto avant = Livre(5);
+  avant->Entiere();
   const auto trame = Livre(6);
   EXPECT_EQ(EcritParts(*trame), Attendue(6));
   EXPECT_FALSE(trame->CedeImage(trame->Taille()).isNull());
