@@ -26,7 +26,7 @@ class CameraBruyante {
       : Banc_(banc), Cadence_(cadence), Taille_(taille), Suite_(0x9e3779b97f4a7c15U * (bruit.Graine + 1)) {
     std::mt19937 hasard(bruit.Graine);
     std::normal_distribution<double> loi(0.0, bruit.Ecart);
-    for (qint8& valeur : Table_) valeur = static_cast<qint8>(std::clamp(std::lround(loi(hasard)), -100L, 100L));
+    for (qint16& valeur : Table_) valeur = static_cast<qint16>(std::clamp(std::lround(loi(hasard)), -100L, 100L));
     for (auto& pixels : Pixels_)
       pixels.resize(static_cast<std::size_t>(taille.width()) * static_cast<std::size_t>(taille.height()));
     banc.Pilote.ParArrivee = true;
@@ -73,7 +73,7 @@ class CameraBruyante {
     Suite_ ^= Suite_ << 17;
     quint32 pixel = 0xff;
     for (int canal = 0; canal < 3; ++canal) {
-      const qint32 bruit = static_cast<qint32>(Table_[(Suite_ >> (16 * canal)) % Table_.size()]);
+      const qint32 bruit = Table_[(Suite_ >> (16 * canal)) % Table_.size()];
       pixel = pixel << 8 | static_cast<quint32>(std::clamp(valeur + bruit, 0, 255));
     }
     return pixel;
@@ -83,7 +83,7 @@ class CameraBruyante {
   const double Cadence_;
   const QSize Taille_;
   quint64 Suite_;
-  std::array<qint8, 65536> Table_{};
+  std::array<qint16, 65536> Table_{};
   std::array<std::vector<quint32>, 3> Pixels_;
   std::unique_ptr<Minuterie> Minuterie_;
   qint64 Numero_ = 0;

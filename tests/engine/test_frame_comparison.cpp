@@ -193,7 +193,9 @@ TEST_P(Comparaison, MarksTheChangedSamplesInTheOrderOfTheScan) {
   constexpr qint32 kCote = 2 * kPas + 1;
   Photo photo(kCote, kCote, 0);
   std::vector<qint32> entrees(20 + TableEchantillons::kMarge);
-  const auto change = [&](std::size_t x, std::size_t y) { photo.Octets[4 * (y * std::size_t{kCote} + x)] = 200; };
+  const auto change = [&](qint32 x, qint32 y) {
+    photo.Octets[std::size_t{4} * static_cast<quint32>(y * kCote + x)] = 200;
+  };
   change(2 * kPas, kPas);
   change(0, 2 * kPas);
   std::vector<std::pair<qint32, qint32>> points;

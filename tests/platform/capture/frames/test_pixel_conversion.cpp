@@ -169,7 +169,8 @@ TEST_P(ConversionDUnePart, GivesTheSameBytesAsThatOfTheWhole) {
     QImage autour(80, 30, QImage::Format_RGB32);
     autour.fill(qRgb(1, 2, 3));
     QImage attendue = autour;
-    ASSERT_TRUE(ConvertitPart(plans, part, autour.scanLine(3) + 4 * 5, static_cast<int>(autour.bytesPerLine())));
+    ASSERT_TRUE(
+        ConvertitPart(plans, part, autour.scanLine(3) + qptrdiff{4} * 5, static_cast<int>(autour.bytesPerLine())));
     for (int y = 0; y < part.height(); ++y)
       for (int x = 0; x < part.width(); ++x)
         attendue.setPixel(5 + x, 3 + y, image.pixel(part.topLeft() + QPoint(x, y)));
