@@ -155,7 +155,7 @@ TEST_F(VueDansFenetre, WithoutAFrameItIsBlack) {
 // Where a pixel of the frame is none of the memory, or not all of them may be written, the painter does what it can.
 class AutrePeintre : public testing::Test, protected Trames {
  protected:
-  /// What `peint` makes of a frame, which has to look as a picture would; and the pictures that were made for it.
+  /// The pictures that are made for a frame that is painted so; it has to look as a picture would.
   int Entieres(const QImage& fond, const std::function<void(QPainter&)>& prepare) {
     const QImage image = Hasard(30, 20, 5);
     SurfaceImage trame, comme;

@@ -8,6 +8,7 @@
 #include "platform/capture/streams/desktop_cameras.h"
 #include "platform/capture/streams/gst_setup.h"
 #include "platform/capture/streams/reason_probe.h"
+#include "platform/capture/streams/stream_size.h"
 
 namespace vaktor {
 namespace {
@@ -104,6 +105,7 @@ GstElement* FluxGStreamer::AjouteDecodage() {
   g_signal_connect(decodage, "pad-added", G_CALLBACK(RelieDecode), this);
   g_signal_connect(decodage, "no-more-pads", G_CALLBACK(RemarqueToutVu), this);
   g_signal_connect(decodage, "element-added", G_CALLBACK(RemarqueDemultiplexeur), this);
+  Decodage_ = decodage;
   return decodage;
 }
 
@@ -162,7 +164,6 @@ bool FluxGStreamer::MonteRtsp() {
   FixeTexte(source, "user-pw", Demande_.Source.MotDePasse);
   gst_util_set_object_arg(G_OBJECT(source), "protocols", Demande_.Udp ? "udp-mcast+udp" : "tcp");
   g_object_set(source, "latency", kLatenceRtsp, "timeout", kDelaiUdp, nullptr);
-  Decodage_ = decodage;
   g_signal_connect(source, "select-stream", G_CALLBACK(ChoisitFlux), this);
   g_signal_connect(source, "pad-added", G_CALLBACK(RelieRtp), this);
   return true;
@@ -270,7 +271,8 @@ void FluxGStreamer::NoteRaison(const Raison& raison) {
 
 Raison FluxGStreamer::Pourquoi() const {
   if (Raison_.Quoi != Motif::kInconnu) return Raison_;
-  if (Reception_.ARefuseUneTaille()) return {Motif::kTropGrande, {}};
+  if (Reception_.ARefuseUneTaille() || (Decodage_ != nullptr && ANoteTropDePixels(GST_OBJECT(Decodage_))))
+    return {Motif::kTropGrande, {}};
   if (!Reception_.NeRecoitQueDesAbimees()) return {};
   return {Motif::kAbimee, {}};
 }

@@ -65,7 +65,7 @@ class FluxGStreamer : public FluxImages {
   PtrGst<GstElement> Pipeline_;
   PtrGst<GstBus> Bus_;
   GstElement* Puits_ = nullptr;       // the pipeline's
-  GstElement* Decodage_ = nullptr;    // the pipeline's; rtsp only
+  GstElement* Decodage_ = nullptr;    // the pipeline's; none where nothing is decoded
   std::atomic<bool> Decrit_ = false;  // rtsp: the camera has told what it sends
   std::atomic<bool> Recoit_ = false;  // from the network: something came
   std::atomic<bool> Relie_ = false;

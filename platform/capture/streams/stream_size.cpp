@@ -8,7 +8,6 @@
 
 #include "platform/capture/choice/fitted_size.h"
 #include "platform/capture/streams/gst_setup.h"
-#include "platform/libav/pixel_refusal.h"
 
 namespace vaktor {
 namespace {
@@ -32,7 +31,10 @@ GstPadProbeReturn Arrete(GstPad*, GstPadProbeInfo* info, gpointer decodeur) {
   std::array<quint8, kTete> tete{};
   const gsize lus = gst_buffer_extract(GST_PAD_PROBE_INFO_BUFFER(info), 0, tete.data(), tete.size());
   if (!DemandeTropDePixels(std::span(tete).first(lus))) return GST_PAD_PROBE_OK;
-  RefuseTropDePixels(static_cast<GstElement*>(decodeur));
+  // The error ends the film; why is noted, since "decodebin" swallows what a decoder says while it is being put in.
+  if (const PtrGst<GstElement> decodage{GST_ELEMENT(gst_object_get_parent(GST_OBJECT(decodeur)))})
+    NoteTropDePixels(decodage.get());
+  GST_ELEMENT_ERROR(decodeur, STREAM, DECODE, ("a picture of too many pixels"), (nullptr));
   return GST_PAD_PROBE_DROP;
 }
 

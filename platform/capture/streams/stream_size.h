@@ -14,12 +14,12 @@ namespace vaktor {
 /// False of all other bytes.
 bool DemandeTropDePixels(std::span<const quint8> octets);
 
-/// From now on the first such beginning that reaches the decoder goes no further, and is told as an error of it
-/// (platform/libav/pixel_refusal.h).
+/// From now on the first such beginning that reaches the decoder goes no further: it is an error of it, and noted with
+/// the "decodebin" that the decoder lies in.
 void GardeEntree(GstElement* decodeur);
 
-/// That what a film is packed in tells a size above the limit: "decodebin" asks one decoder after the other, keeps
-/// their refusals to itself, and tells in the end that none is there.
+/// That what a film is packed in, or a picture's own head, tells a size above the limit: "decodebin" asks one decoder
+/// after the other, keeps their refusals to itself, and tells in the end that none is there.
 void NoteTropDePixels(GstElement* decodage);
 bool ANoteTropDePixels(GstObject* decodage);  ///< nullptr: nobody has
 

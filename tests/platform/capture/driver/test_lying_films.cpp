@@ -6,6 +6,7 @@
 #include <cstring>
 
 #include "platform/capture/choice/fitted_size.h"
+#include "platform/capture/streams/gst_setup.h"
 #include "platform/capture/streams/stream_size.h"
 #include "support/capture_clips.h"
 #include "support/driver_fixture.h"
@@ -250,6 +251,26 @@ TEST(TailleDuFlux, IsReadAtItsHead) {
   EXPECT_FALSE(demande("ffd8ffe0 0010 4a46 ffffffff ffffffff 0000000000000000")) << "nobody that is known";
   EXPECT_FALSE(demande("89504e470d0a1a0a 0000000d 49484452 00001f41 0000")) << "cut short";
   EXPECT_FALSE(demande(""));
+}
+
+TEST(TailleDuFlux, AtADecoderItIsAnErrorAndNotedWithWhatTheDecoderLiesIn) {
+  gst_init(nullptr, nullptr);
+  const PtrGst<GstElement> autour(GST_ELEMENT(gst_object_ref_sink(gst_pipeline_new(nullptr))));
+  GstElement* decodeur = gst_element_factory_make("fakesink", nullptr);
+  gst_bin_add(GST_BIN(autour.get()), decodeur);
+  GardeEntree(decodeur);
+  const PtrGst<GstBus> bus(gst_element_get_bus(autour.get()));
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(decodeur, "sink"));
+  gst_pad_set_active(entree.get(), TRUE);
+  const auto erreur = [&](const char* tete) {
+    const QByteArray octets = QByteArray::fromHex(tete);
+    gst_pad_chain(entree.get(), gst_buffer_new_memdup(octets.constData(), static_cast<gsize>(octets.size())));
+    return PtrGst<GstMessage>(gst_bus_pop_filtered(bus.get(), GST_MESSAGE_ERROR)) != nullptr;
+  };
+  EXPECT_FALSE(erreur("89504e470d0a1a0a 0000000d 49484452 00001f40 00001f40"));
+  EXPECT_FALSE(ANoteTropDePixels(GST_OBJECT(autour.get())));
+  EXPECT_TRUE(erreur("89504e470d0a1a0a 0000000d 49484452 00001f41 00001f40"));
+  EXPECT_TRUE(ANoteTropDePixels(GST_OBJECT(autour.get())));
 }
 
 }  // namespace
