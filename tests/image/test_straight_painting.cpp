@@ -261,6 +261,22 @@ TEST_F(Petite, LooksAsIfThePictureHadBeenStretched) {
   EXPECT_EQ(Compte.Entieres, 0);
 }
 
+TEST_F(Petite, OutlinesLieOverTheRows) {
+  SurfaceImage surface;
+  surface.Pose(Donne(Lieux(127, 109)));
+  for (const bool ancien : {false, true}) {
+    surface.Dessine({20, 20, 60, 50});
+    for (int i = 0; ancien && i < SurfaceImage::kContoursMax; ++i) surface.Dessine({70, 70, 80, 80});
+    CopieSurface copie;
+    copie.Prend(surface);
+    QImage vue = Fond(127, 109);
+    QPainter peintre(&vue);
+    EtireSurface(peintre, vue.rect(), copie, vue.rect(), Lignes);
+    EXPECT_EQ(vue.pixel(20, 30), kCouleurContour) << ancien;
+    EXPECT_EQ(vue.pixel(21, 30), qRgb(21, 30, 100)) << ancien;
+  }
+}
+
 TEST_F(Petite, TakesOfALargeFrameOneRowForEachOfItsOwn) {
   QImage image(600, 900, QImage::Format_RGB32);
   for (int y = 0; y < 900; ++y)
