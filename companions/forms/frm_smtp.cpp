@@ -322,6 +322,7 @@ void FrmSmtp::EcritMots() {
   NommeListe(*c.CmbComptes, t.Dit(Libelle::kChoisitCompte));
   Panneau_->EcritMots(DonneMotsEssaiMail(parlee), DonneMotsEssaiPush(parlee),
                       InviteEssaiMail(parlee, DonneDestination()));
+  if (EstRougeSmtp(*c.TxtFrom)) JugeExpediteur();  // instead of its ordinary tip
 }
 
 }  // namespace vaktor

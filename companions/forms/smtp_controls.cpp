@@ -121,6 +121,8 @@ void RougitChampSmtp(QLineEdit& champ, bool rouge) {
   champ.setPalette(palette);
 }
 
+bool EstRougeSmtp(const QLineEdit& champ) { return champ.palette().color(QPalette::Text) == QColor(Qt::red); }
+
 void ActiveChamp(QLineEdit& champ, bool actif) {
   champ.setEnabled(actif);
   // For all states of the window: the system's own grey of a disabled field is not the one wanted.

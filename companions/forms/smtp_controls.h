@@ -49,5 +49,6 @@ void EcritAide(QWidget& controle, const QString& aide);
 void EcritRaison(QWidget& controle, const QString& raison);
 /// Text colour: red where the user is to look.
 void RougitChampSmtp(QLineEdit& champ, bool rouge);
+bool EstRougeSmtp(const QLineEdit& champ);
 
 }  // namespace vaktor

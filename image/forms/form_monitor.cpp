@@ -56,8 +56,7 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
   BrancheSouris();
   BrancheTouches();
   Picture1_->setFocus();  // the one control that takes keys
-  if (const QScreen* ecran = QGuiApplication::primaryScreen())
-    connect(ecran, &QScreen::virtualGeometryChanged, this, [this] { Picture1_->update(); });
+  SuitEcrans();
   AjusteFenetre();
   Moteur_.Surface().SurTaille([this] { SuitTaille(); });
   Moteur_.Surface().SurChangement([this] { Rafraichissement_->Demande(); });
@@ -66,6 +65,15 @@ FormMonitor::FormMonitor(Surveillance& moteur, const EtatApplication& etat, Para
 FormMonitor::~FormMonitor() {
   Moteur_.Surface().SurTaille({});
   Moteur_.Surface().SurChangement({});
+}
+
+// What lay on no screen may lie on one now, with nothing painted there. Each tells of all of them; the first may go.
+void FormMonitor::SuitEcrans() {
+  const auto suit = [this](const QScreen* ecran) {
+    connect(ecran, &QScreen::virtualGeometryChanged, this, [this] { Picture1_->update(); });
+  };
+  for (const QScreen* ecran : QGuiApplication::screens()) suit(ecran);
+  connect(qGuiApp, &QGuiApplication::screenAdded, this, suit);
 }
 
 void FormMonitor::BrancheSouris() {

@@ -44,6 +44,7 @@ class FormMonitor : public QWidget {
 
  private:
   void CreeMenu();
+  void SuitEcrans();
   void BrancheSouris();
   void BrancheTouches();
   QString DitImage() const;

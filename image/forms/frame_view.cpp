@@ -47,10 +47,13 @@ void VueCadre::MontreAvis(const QString& avis) {
   AnnonceParoles();
 }
 
-// Under Wayland no window knows where it lies.
+// Under Wayland no window knows where it lies. Two columns of a frame may share one colour: a part that began between
+// them could not be converted by itself.
 QRect VueCadre::PartVue() const {
   if (QGuiApplication::platformName().startsWith(QLatin1String("wayland"))) return rect();
-  return rect() & screen()->virtualGeometry().translated(-mapToGlobal(QPoint(0, 0)));
+  QRect part = rect() & screen()->virtualGeometry().translated(-mapToGlobal(QPoint(0, 0)));
+  part.setLeft(part.left() / 2 * 2);
+  return part;
 }
 
 void VueCadre::paintEvent(QPaintEvent* evenement) {

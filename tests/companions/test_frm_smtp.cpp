@@ -243,10 +243,14 @@ TEST_F(FormeSmtp, ASenderThatIsNoAddressIsToldWhenItsFieldIsLeft) {
   champ->setFocus();
   champ->selectAll();
   QTest::keyClicks(champ, "cam.example.org");
+  Forme->EcritMots();
   EXPECT_NE(champ->palette().color(QPalette::Text), QColor(Qt::red));
   QTest::keyClick(champ, Qt::Key_Tab);
   EXPECT_EQ(champ->palette().color(QPalette::Text), QColor(Qt::red));
   EXPECT_EQ(champ->toolTip(), "This is no eMail address: cam.example.org");
+  Reglages.LangueCourante = 0;
+  Forme->EcritMots();
+  EXPECT_EQ(champ->toolTip(), "Ce n'est pas une adresse eMail : cam.example.org");
   champ->setFocus();
   champ->selectAll();
   QTest::keyClicks(champ, "cam@example.org");

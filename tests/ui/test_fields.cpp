@@ -283,10 +283,16 @@ TEST_F(Champs, CheckMailWithoutAddressPromptsInRedOnOk) {
 TEST_F(Champs, AnAddressThatIsNoneTurnsRedWhenTheFieldIsLeftAndIsNamed) {
   const QString aide = Champ("TextEMail")->toolTip();
   Tape("TextEMail", QStringLiteral("\"Anna M.\" <anna@example.org>, anna.example.org"));
+  Banc.Chargeur.ChargeTextes();
   EXPECT_FALSE(EstRouge(*Champ("TextEMail"))) << "not while it is typed";
   EXPECT_EQ(Quitte("TextEMail"), 1) << "it is kept all the same: the other one gets the mails";
   EXPECT_TRUE(EstRouge(*Champ("TextEMail")));
   EXPECT_EQ(Champ("TextEMail")->toolTip(), QStringLiteral("This is no eMail address: anna.example.org"));
+  Banc.Reglages.LangueCourante = 0;
+  Banc.Chargeur.ChargeTextes();
+  EXPECT_EQ(Champ("TextEMail")->toolTip(), QStringLiteral("Ce n'est pas une adresse eMail : anna.example.org"));
+  Banc.Reglages.LangueCourante = 1;
+  Banc.Chargeur.ChargeTextes();
   Tape("TextEMail", QStringLiteral("anna@example.org"));
   EXPECT_FALSE(EstRouge(*Champ("TextEMail")));
   Quitte("TextEMail");

@@ -172,6 +172,36 @@ TEST_F(PeintureDesVues, TheMonitorIsPaintedWhereItIsOnAScreenAndWholeWhenItMoves
   EXPECT_TRUE(Peint.Ou.value("Picture1").isEmpty());
 }
 
+// Two columns of most cameras' frames share one colour.
+TEST_F(PeintureDesVues, TheMonitorPaintsNoHalfOfAPairOfColumns) {
+  auto* image = Banc.Moniteur.findChild<QWidget*>("Picture1");
+  const QRect ecran = Banc.Moniteur.screen()->virtualGeometry();
+  for (const int dehors : {15, 16}) {
+    Banc.Moniteur.move(ecran.topLeft() + QPoint(-dehors, 20));
+    Banc.Moniteur.move(Banc.Moniteur.pos() - QPoint(image->mapToGlobal(QPoint(0, 0)).x() - ecran.left() + dehors, 0));
+    ASSERT_EQ(image->mapToGlobal(QPoint(0, 0)).x(), ecran.left() - dehors);
+    Oublie();
+    Trame();
+    EXPECT_EQ(Peint.Ou.value("Picture1").boundingRect().left(), dehors / 2 * 2);
+  }
+}
+
+// The screen that was there at the start may be gone by then.
+TEST_F(PeintureDesVues, TheMonitorIsPaintedWholeWhenTheScreensChangeAndOneThatCameLaterTellsOfItToo) {
+  auto* image = Banc.Moniteur.findChild<QWidget*>("Picture1");
+  QScreen* ecran = Banc.Moniteur.screen();
+  Oublie();
+  Q_EMIT ecran->virtualGeometryChanged(ecran->virtualGeometry());
+  Laisse();
+  EXPECT_EQ(Peint.Ou.value("Picture1").boundingRect(), image->rect());
+  ASSERT_TRUE(QObject::disconnect(ecran, &QScreen::virtualGeometryChanged, &Banc.Moniteur, nullptr));
+  Q_EMIT qGuiApp->screenAdded(ecran);
+  Oublie();
+  Q_EMIT ecran->virtualGeometryChanged(ecran->virtualGeometry());
+  Laisse();
+  EXPECT_EQ(Peint.Ou.value("Picture1").boundingRect(), image->rect());
+}
+
 TEST_F(PeintureDesVues, TheGaugePaintsTheColumnsThatItsMarkerHasPassed) {
   auto* jauge = Banc.Trouve<JaugeWidget>("PictSeuil");
   const auto dessine = [&](qint32 valeur, bool haute) {

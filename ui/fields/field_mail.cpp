@@ -107,6 +107,10 @@ void ChampsMail::JugeAdresses() {
                                      : DitAdressesFausses(LangueParlee(Ports_.Reglages.LangueCourante), fausses));
 }
 
+void ChampsMail::RediRaison() {
+  if (EstRouge(*Page_.TextEMail)) JugeAdresses();
+}
+
 void ChampsMail::RetireDemande() {
   RougitChamp(*Page_.TextEMail, false);
   if (Page_.TextEMail->text() == Ports_.Textes.Dit(kDemandeAdresse)) Page_.TextEMail->clear();

@@ -18,6 +18,8 @@ class ChampsMail : public QObject {
   /// No address was found: the prompt Libelle::kMailDestination, in red, takes the place of the address until a click
   /// or a key. The field has the focus.
   void DemandeAdresse();
+  /// After the words were written anew, in another language perhaps: an address that is still red says why in them.
+  void RediRaison();
 
  private:
   void BrancheChamps();

@@ -122,6 +122,7 @@ void ChargeurTextes::ChargeTextes() {
 
 void ChargeurTextes::EcritAides() {
   for (const LigneAide& ligne : DonneAides(Fenetre_)) ligne.Controle->setToolTip(Textes_.Dit(ligne.Mots));
+  Fenetre_.RediRaisons();
   // Both are disabled until the camera has been started, where it could not be. The second has no row in Aide.
   const QString raison = RaisonSansCamera(LangueParlee(Reglages_.LangueCourante));
   Fenetre_.Bandeau().Bouton[1]->ChangeAide(Textes_.Dit(Aide::kAlarme), raison);

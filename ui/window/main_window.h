@@ -66,6 +66,8 @@ class Form1 : public QWidget {
   PageFtp& Ftp() { return *PictPage2_; }
   PageOptions& Options() { return *PictPage3_; }
   QCheckBox& CheckPEcran() { return *CheckPEcran_; }
+  /// Behind the tool tips of the fields, once they are written: what a field that is red has to say instead.
+  void RediRaisons() { ChampsMail_.RediRaison(); }
   static constexpr int kNombreBoutonsGris = 9;
   /// BoutonGris(0..8), whichever page they stand on.
   std::array<BoutonImage*, kNombreBoutonsGris> BoutonsGris() const;
