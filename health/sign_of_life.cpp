@@ -98,7 +98,7 @@ bool SigneDeVie::SaitDernierJour() {
 }
 
 CourrielVeille SigneDeVie::Compose(const QList<ConditionEnCours>& conditions, const QImage& image) const {
-  const std::optional<qint64> libre = Ports_.Disque.EspaceLibre(Ports_.Reglages.RepertoirePhoto);
+  const std::optional<qint64> libre = Ports_.Disque.EspaceUtilisable(Ports_.Reglages.RepertoirePhoto);
   CourrielVeille courriel;
   courriel.Mot = kMot;
   courriel.Depuis = *ArmeeDepuis_;

@@ -11,7 +11,7 @@ namespace vaktor {
 /// User-interface thread.
 class SondeEspace {
  public:
-  /// Bytes free in all; nothing when that cannot be told.
+  /// Bytes that may still be written there (Fichiers::EspaceUtilisable); nothing when that cannot be told.
   using Recoit = std::function<void(std::optional<qint64> libres)>;
 
   virtual ~SondeEspace() = default;

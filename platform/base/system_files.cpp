@@ -47,6 +47,16 @@ int EcritEtFerme(int descripteur, QByteArrayView contenu) {
   return erreur;
 }
 
+std::optional<qint64> CompteBlocs(const QString& chemin, fsblkcnt_t(statvfs::*blocs)) {
+  struct statvfs systeme {};
+  int resultat = 0;
+  do {
+    resultat = ::statvfs(NomSysteme(chemin).constData(), &systeme);
+  } while (resultat != 0 && errno == EINTR);
+  if (resultat != 0) return std::nullopt;
+  return static_cast<qint64>(systeme.*blocs) * static_cast<qint64>(systeme.f_frsize);
+}
+
 }  // namespace
 
 QString CheminNatif(const QString& chemin) {
@@ -64,16 +74,14 @@ Presence FichiersSysteme::RegardeDossier(const QString& chemin) const {
 
 bool FichiersSysteme::CreeDossier(const QString& chemin) { return ::mkdir(NomSysteme(chemin).constData(), 0777) == 0; }
 
+// All that is free, with what the file system keeps back for the administrator: the warning that asks for it has always
+// counted so.
 std::optional<qint64> FichiersSysteme::EspaceLibre(const QString& chemin) const {
-  struct statvfs systeme {};
-  int resultat = 0;
-  do {
-    resultat = ::statvfs(NomSysteme(chemin).constData(), &systeme);
-  } while (resultat != 0 && errno == EINTR);
-  if (resultat != 0) return std::nullopt;
-  // All that is free, with what the file system keeps back for the administrator (f_bavail would leave that out): the
-  // warning that asks for it has always counted so.
-  return static_cast<qint64>(systeme.f_bfree) * static_cast<qint64>(systeme.f_frsize);
+  return CompteBlocs(chemin, &statvfs::f_bfree);
+}
+
+std::optional<qint64> FichiersSysteme::EspaceUtilisable(const QString& chemin) const {
+  return CompteBlocs(chemin, &statvfs::f_bavail);
 }
 
 bool FichiersSysteme::Supprime(const QString& chemin) {

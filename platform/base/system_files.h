@@ -16,8 +16,9 @@ class FichiersSysteme : public Fichiers {
   /// A link to a folder is one.
   Presence RegardeDossier(const QString& chemin) const override;
   bool CreeDossier(const QString& chemin) override;
-  /// `chemin` itself must exist. The share that the system keeps back for root does not count as free.
+  /// Of both: `chemin` itself must exist.
   std::optional<qint64> EspaceLibre(const QString& chemin) const override;
+  std::optional<qint64> EspaceUtilisable(const QString& chemin) const override;
   bool Supprime(const QString& chemin) override;
   /// Returns when the system has taken every byte; it is not told to flush its own cache, which would cost far more
   /// than a frame lasts. New files get mode 0666 less the umask.

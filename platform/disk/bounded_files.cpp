@@ -52,6 +52,11 @@ std::optional<qint64> FichiersBornes::EspaceLibre(const QString& chemin) const {
   return Attend<Octets>([chemin] { return FichiersSysteme().EspaceLibre(chemin); }).value_or(std::nullopt);
 }
 
+std::optional<qint64> FichiersBornes::EspaceUtilisable(const QString& chemin) const {
+  using Octets = std::optional<qint64>;
+  return Attend<Octets>([chemin] { return FichiersSysteme().EspaceUtilisable(chemin); }).value_or(std::nullopt);
+}
+
 bool FichiersBornes::Supprime(const QString& chemin) { return FichiersSysteme().Supprime(chemin); }
 
 int FichiersBornes::EcritFichier(const QString& chemin, QByteArrayView contenu) {

@@ -36,6 +36,7 @@ class FichiersBornes : public Fichiers, public PertesVidage {
   /// False for a disk that does not answer; the folder may come into being later.
   bool CreeDossier(const QString& chemin) override;
   std::optional<qint64> EspaceLibre(const QString& chemin) const override;
+  std::optional<qint64> EspaceUtilisable(const QString& chemin) const override;
   /// Waits as long as the disk does.
   bool Supprime(const QString& chemin) override;
   /// Each folder has a thread of its own (VoieEcriture). ETIMEDOUT for a disk that does not answer.

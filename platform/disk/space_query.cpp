@@ -9,7 +9,7 @@
 namespace vaktor {
 
 SondeEspaceSysteme::SondeEspaceSysteme()
-    : SondeEspaceSysteme([](const QString& dossier) { return FichiersSysteme().EspaceLibre(dossier); }) {}
+    : SondeEspaceSysteme([](const QString& dossier) { return FichiersSysteme().EspaceUtilisable(dossier); }) {}
 
 // A question is under way as long as its thread. One that has ended without an answer, because there was no memory to
 // bring it here, must not be waited for: it is asked again.

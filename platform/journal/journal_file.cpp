@@ -116,6 +116,7 @@ JournalOuvert OuvreVerrouille(const QByteArray& chemin) {
 // Beside it and renamed: at each moment there is one whole journal. What cannot be cut goes on growing, and says so.
 int Coupe(const QByteArray& chemin, const JournalOuvert& ouvert, qsizetype gardes) {
   const QByteArray octets = LitDepuis(ouvert.Fichier.Numero(), 0, ouvert.Etat.st_size);
+  if (octets.size() != ouvert.Etat.st_size) return EIO;  // a bad sector must not cost what stands behind it
   const QByteArray brouillon = chemin + ".new";
   ::unlink(brouillon.constData());
   const Descripteur neuf = OuvreFichier(brouillon, O_WRONLY | O_CREAT | O_EXCL);

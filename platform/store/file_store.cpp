@@ -5,6 +5,9 @@
 #include <QEvent>
 #include <QFile>
 #include <QFileInfo>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
 
 #include "base/failure.h"
 #include "platform/store/private_file.h"
@@ -115,13 +118,23 @@ QMap<QString, QString> MagasinFichier::DonneTout() const {
 
 void MagasinFichier::Relit() { OuvreMagasin(); }
 
+// Whole, or not at all and then nothing is written: what makes no sense to us may be all that is left of the settings.
 void MagasinFichier::GardeFichierAbime() {
   if (CopieFaite_) return;
+  if (!TrouveAbimes(LitFichierEntier(Fichier_)).Intact()) {
+    const QString copie = Fichier_ + QStringLiteral(".damaged");
+    const QString brouillon = copie + QStringLiteral(".new");
+    const auto refuse = [&](const QString& raison) {
+      QFile::remove(brouillon);
+      throw Echec(kAccesFichier, copie + QStringLiteral(": ") + raison);
+    };
+    QFile::remove(brouillon);
+    QFile abime(Fichier_);
+    if (!abime.copy(brouillon)) refuse(abime.errorString());
+    if (std::rename(QFile::encodeName(brouillon).constData(), QFile::encodeName(copie).constData()) != 0)
+      refuse(QString::fromLocal8Bit(std::strerror(errno)));
+  }
   CopieFaite_ = true;
-  if (TrouveAbimes(LitFichierEntier(Fichier_)).Intact()) return;
-  const QString copie = Fichier_ + QStringLiteral(".damaged");
-  QFile::remove(copie);
-  QFile::copy(Fichier_, copie);
 }
 
 void MagasinFichier::Vide() {

@@ -16,7 +16,8 @@ namespace vaktor {
 /// The file has the mode 0600, also when it existed with another. A save replaces it whole by a rename, one process at
 /// a time (flock on the folder), so a reader finds the old or the new table at any moment, also after a crash or a
 /// power cut. Keys and sections that the program does not know are kept; comments are not. A file with lines that make
-/// no sense, or values that lack their end, is copied to "<file>.damaged" before it is written for the first time.
+/// no sense, or values that lack their end, is copied to "<file>.damaged" before it is written for the first time;
+/// without that copy it is not written.
 class MagasinFichier : public MagasinReglages {
  public:
   /// `fichier`: absolute path. Makes nothing: the file and its folder come with the first Vide(). Throws

@@ -30,6 +30,8 @@ class Fichiers {
   /// Free bytes in all on the file system that holds `chemin`, also those that this user may not fill; nothing when
   /// that cannot be told.
   virtual std::optional<qint64> EspaceLibre(const QString& chemin) const = 0;
+  /// The same without what is kept back for the administrator, which may be gigabytes: at 0 nothing more is written.
+  virtual std::optional<qint64> EspaceUtilisable(const QString& chemin) const = 0;
   /// Removes one file. False when it is still there.
   virtual bool Supprime(const QString& chemin) = 0;
   /// Writes the bytes as the whole content of a file, replacing an earlier one. 0 when every byte is written and the

@@ -210,6 +210,7 @@ class DisqueNote : public Fichiers {
     return true;
   }
   std::optional<qint64> EspaceLibre(const QString&) const override { return Libre; }
+  std::optional<qint64> EspaceUtilisable(const QString&) const override { return Libre; }
   bool Supprime(const QString&) override { return false; }
   int EcritFichier(const QString&, QByteArrayView) override { return 0; }
   int EcritNouveauFichier(const QString&, QByteArrayView, QString*) override { return 0; }

@@ -19,6 +19,7 @@ class FauxFichiers : public Fichiers {
  public:
   // What the world looks like.
   std::optional<qint64> OctetsLibres = 1'000'000'000;  ///< nothing: the query fails
+  std::optional<qint64> OctetsUtilisables;             ///< without what is the administrator's
   int ErreurEcriture = 0;                              ///< errno that each write gives
   qsizetype PlaceAvantErreur = 0;                      ///< bytes that are written before ErreurEcriture
   bool RefuseSuppression = false;
@@ -70,6 +71,7 @@ class FauxFichiers : public Fichiers {
     EspacesDemandes += chemin;
     return OctetsLibres;
   }
+  std::optional<qint64> EspaceUtilisable(const QString&) const override { return OctetsUtilisables; }
   bool Supprime(const QString& chemin) override {
     Supprimes += chemin;
     if (RefuseSuppression || Tenaces.contains(Cle(chemin).section(u'/', -1))) return !Existe(chemin);

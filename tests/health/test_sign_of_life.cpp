@@ -60,7 +60,8 @@ TEST_F(Signe, ComesOnceADayInItsHour) {
 }
 
 TEST_F(Signe, TellsSinceWhenHowOftenAndHowMuchIsFree) {
-  Disque.OctetsLibres = 3'500'000'000;
+  Disque.OctetsLibres = 8'500'000'000;
+  Disque.OctetsUtilisables = 3'500'000'000;
   Image = QImage(4, 4, QImage::Format_RGB32);
   Temps.Avance(10'000);
   for (int i = 0; i < 3; ++i) Rule.NoteAlarme();
@@ -76,7 +77,7 @@ TEST_F(Signe, TellsSinceWhenHowOftenAndHowMuchIsFree) {
   EXPECT_TRUE(francais.startsWith("Vaktor veille depuis : ")) << francais.toStdString();
   Rule.NoteAlarme();  // while the disk has not answered
   Depot.Repond(true);
-  Disque.OctetsLibres.reset();
+  Disque.OctetsUtilisables.reset();
   Image = QImage();
   Temps.Avance(24 * kHeure);
   ASSERT_EQ(Depot.Deposes.size(), 2);

@@ -43,8 +43,9 @@ struct Disque {
   bool Muet = false;
   int Faute = 0;       // what a flush gives, 0 for none
   bool Garde = false;  // what is asked to be deleted stays
-  Table Vivants;       // by whole path
-  Table Durables;      // the names that the flushes of their folders have brought to the disk
+  bool Illisible = false;
+  Table Vivants;   // by whole path
+  Table Durables;  // the names that the flushes of their folders have brought to the disk
 };
 
 Disque& Ce() { return *static_cast<Disque*>(fuse_get_context()->private_data); }
@@ -136,6 +137,7 @@ int Lit(const char* chemin, char* tampon, size_t taille, off_t place, fuse_file_
   const auto garde = Entre();
   const auto noeud = Trouve(chemin);
   if (!noeud) return -ENOENT;
+  if (Ce().Illisible) return -EIO;
   const auto debut = std::min(static_cast<size_t>(place), noeud->Vivant.size());
   const size_t lus = std::min(taille, noeud->Vivant.size() - debut);
   std::copy_n(noeud->Vivant.data() + debut, lus, tampon);
@@ -201,7 +203,8 @@ int Mesure(const char*, struct statvfs* etat) {
   const auto garde = Entre();
   *etat = {};
   etat->f_bsize = etat->f_frsize = 4096;
-  etat->f_blocks = etat->f_bfree = etat->f_bavail = 1'000'000;
+  etat->f_blocks = etat->f_bfree = 1'000'000;
+  etat->f_bavail = 900'000;  // the rest is the administrator's
   etat->f_namemax = 255;
   return 0;
 }
@@ -214,6 +217,7 @@ void Execute(Disque& disque, const std::string& ordre) {
   } else {
     disque.Muet = ordre == "hang";
     disque.Garde = ordre == "keep";
+    disque.Illisible = ordre == "unreadable";
     disque.Faute = ordre == "refuse" ? EIO : ordre == "protect" ? EROFS : 0;
     disque.Reponse.notify_all();
   }

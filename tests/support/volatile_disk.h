@@ -39,6 +39,7 @@ class DisqueVolatil {
   bool RefuseDeVider() { return Ordonne("refuse"); }
   bool DevientProtege() { return Ordonne("protect"); }
   bool GardeTout() { return Ordonne("keep"); }
+  bool DevientIllisible() { return Ordonne("unreadable"); }
   /// Silent too, but whoever waits can still be ended: its calls are not even taken. A call that was taken and is not
   /// answered (SeTait) is not let go by the kernel, and keeps its process even from a KILL.
   bool Gele() { return ::kill(static_cast<pid_t>(Systeme_.processId()), SIGSTOP) == 0; }

@@ -137,6 +137,7 @@ TEST_F(BoundedFiles, AStartWithAllItsQuestionsIsHeldForLessThanTwoSeconds) {
   EXPECT_FALSE(fichiers.CreeDossier(Chemin("\\intrus")));
   EXPECT_FALSE(fichiers.EspaceLibre(Chemin()).has_value()) << "the tick of the box";
   EXPECT_LT(Temps.elapsed(), kDeuxSecondes);
+  EXPECT_FALSE(fichiers.EspaceUtilisable(Chemin()).has_value()) << "the sign of life";
 }
 
 TEST_F(BoundedFiles, QuestionsAreAnsweredAsByTheSystemItself) {
@@ -145,6 +146,7 @@ TEST_F(BoundedFiles, QuestionsAreAnsweredAsByTheSystemItself) {
   EXPECT_EQ(fichiers.RegardeDossier(Chemin("/gone")), Presence::kAbsent);
   EXPECT_EQ(fichiers.RegardeDossier(QString()), Presence::kAbsent);
   EXPECT_EQ(fichiers.EspaceLibre(Chemin()), 4'096'000'000);
+  EXPECT_EQ(fichiers.EspaceUtilisable(Chemin()), 3'686'400'000) << "not the administrator's";
   FichiersBornes ecrit;
   EXPECT_TRUE(ecrit.CreeDossier(Chemin("\\intrus")));
   EXPECT_FALSE(ecrit.CreeDossier(Chemin("\\intrus"))) << "there already";

@@ -19,6 +19,7 @@
 #include "journal/journal_entry.h"
 #include "platform/journal/journal_file.h"
 #include "support/small_disk.h"
+#include "support/volatile_disk_bench.h"
 
 namespace vaktor {
 namespace {
@@ -156,6 +157,27 @@ TEST_F(JournalFile, OneThatCannotBeCutGoesOnGrowingAndSaysSo) {
   EXPECT_TRUE(QTest::qWaitFor([&] { return Contenu().endsWith("\nsecond\n"); }, 20'000)) << Contenu().toStdString();
   EXPECT_TRUE(Contenu().endsWith("x\nfirst\nsecond\n")) << Contenu().toStdString();
   EXPECT_TRUE(QTest::qWaitFor([&] { return fichier.Erreur() == EEXIST; }, 20'000)) << fichier.Erreur();
+}
+
+class JournalSurDisqueVolatil : public SurDisqueVolatil {};
+
+// What could not be read was cut away with the rest: all of the journal, where the bad place was its beginning.
+TEST_F(JournalSurDisqueVolatil, OneThatCannotBeReadIsNotCut) {
+  const QString chemin = Chemin("/journal.jsonl");
+  QFile fichier(chemin);
+  ASSERT_TRUE(fichier.open(QIODevice::WriteOnly));
+  fichier.write(QByteArray(600, 'x') + '\n');
+  fichier.close();
+  ASSERT_TRUE(Disque->DevientIllisible());
+  {
+    FichierJournalSysteme journal(chemin, 500, 300);
+    journal.Ajoute("first");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return journal.Erreur() == EIO; }, 20'000)) << journal.Erreur();
+  }
+  ASSERT_TRUE(Disque->Repond());
+  const QByteArray lu = LitFinJournal(chemin);
+  EXPECT_EQ(lu.left(601), QByteArray(600, 'x') + '\n');
+  EXPECT_TRUE(lu.endsWith("\nfirst\n"));
 }
 
 TEST_F(JournalFile, TwoProgramsMayWriteOneFileAndCutIt) {

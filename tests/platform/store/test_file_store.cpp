@@ -198,6 +198,27 @@ TEST_F(MagasinSurDisque, OpensAFileOfGarbageWithDefaultsAndKeepsACopyOfIt) {
   EXPECT_EQ(Mode(Fichier_ + ".damaged"), 0600);
 }
 
+TEST_F(MagasinSurDisque, WritesNothingOverADamagedFileThatCannotBeCopied) {
+  const QByteArray ordures = "garbage\n[MAIL]\nsujet=\"kept\"\n";
+  Pose(ordures);
+  ASSERT_TRUE(QDir().mkdir(Fichier_ + ".damaged"));
+  MagasinFichier magasin(Fichier_);
+  for (int essai = 0; essai < 2; ++essai) {
+    try {
+      EcritGeneration(magasin, 3);
+      ADD_FAILURE() << "saved";
+    } catch (const Echec& echec) {
+      EXPECT_TRUE(echec.Description().contains(".damaged: ")) << echec.what();
+    }
+    EXPECT_EQ(Contenu(), ordures);
+    EXPECT_FALSE(QFile::exists(Fichier_ + ".damaged.new"));
+  }
+  ASSERT_TRUE(QDir().rmdir(Fichier_ + ".damaged"));
+  magasin.Vide();
+  EXPECT_EQ(LitGeneration(MagasinFichier(Fichier_)), 3);
+  EXPECT_EQ(Contenu(".damaged"), ordures);
+}
+
 TEST_F(MagasinSurDisque, KeepsTheGoodValuesOfADamagedFile) {
   Pose("\x01\x02garbage\n[MAIL]\nsujet=\"kept\"\ncorp=\"first\nsecond\"\n[SO\nindex=\"2\"\n[FTP]\nuser=u,v\n");
   MagasinFichier magasin(Fichier_);
