@@ -81,7 +81,7 @@ FormatCamera MetCadence(FormatCamera format, quint32 images, quint32 secondes) {
   return format;
 }
 
-/// The common rates that lie in a range of intervals; its two ends too, so that a range between them is not lost.
+/// The common rates that lie in a range of intervals; its fast end too, so that a range between them is not lost.
 QList<FormatCamera> DeplieCadences(const FormatCamera& format, const v4l2_frmival_stepwise& etendue) {
   QList<FormatCamera> formats;
   const auto rend = [](const v4l2_fract& f) { return f.denominator == 0 ? 0.0 : double(f.numerator) / f.denominator; };

@@ -15,6 +15,7 @@
 #include <QPushButton>
 #include <QScopedValueRollback>
 #include <QScrollArea>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 #include <optional>
 
@@ -26,6 +27,7 @@
 #include "platform/capture/dialogs/dialog_texts.h"
 #include "platform/capture/dialogs/driver_commands.h"
 #include "platform/capture/dialogs/message_strip.h"
+#include "platform/folders/system_folders.h"
 #include "texts/language.h"
 
 namespace vaktor {
@@ -271,7 +273,10 @@ QString DialogueSource::TexteSansReglages() const {
 
 void DialogueSource::Parcourt() {
   const auto texte = [this](TexteDialogue t) { return TexteDe(t, Langue_); };
-  QFileDialog dialogue(this, texte(TexteDialogue::kChoisitFichier));
+  const QString film = Pilote_.Genre() == GenreSource::kFichier ? Pilote_.AdresseEnService() : QString();
+  const QString dossier =
+      film.isEmpty() ? QStandardPaths::writableLocation(QStandardPaths::MoviesLocation) : QFileInfo(film).path();
+  QFileDialog dialogue(this, texte(TexteDialogue::kChoisitFichier), DebutDeDialogue(dossier));
   dialogue.setObjectName(QStringLiteral("DialogueFichier"));
   dialogue.setOption(QFileDialog::DontUseNativeDialog);  // the desktop's own speaks the language of the session
   dialogue.setFileMode(QFileDialog::ExistingFile);

@@ -86,6 +86,8 @@ bool SessionCapture::EssaieTous() {
   if (candidats.isEmpty()) raison = PourquoiAucun();
   for (qsizetype i = 0; i < candidats.size(); ++i) {
     const DemandeFlux& candidat = candidats.at(i);
+    // Nobody would be given a moment, and the reason of the one before be lost.
+    if (i > 0 && Horloge::now() >= fin) break;
     if (i > 0 && candidat.Udp != candidats.at(i - 1).Udp) {
       // Nothing but the packets' way is different: who refused before that point refuses again.
       if (!Decrit_) break;
@@ -124,6 +126,8 @@ std::optional<Raison> SessionCapture::Essaie(const DemandeFlux& demande, Horloge
   bool finie = !Flux_->Ouvre();
   while (!finie && !Arret_.stop_requested() && Horloge::now() < (seule() ? fin : limite)) {
     const FluxImages::Etat etat = Flux_->Surveille(Arret_.get_token(), Delais::kRegard);
+    // An address that gives one picture at a time tells of its end, once, as soon as that is there.
+    Vu_ = etat;
     if (Derniere_.Numero() > avant) return std::nullopt;
     finie = etat != FluxImages::Etat::kCoule;
   }
@@ -185,6 +189,7 @@ void SessionCapture::Veille() {
 
 // A camera that stalls says nothing: only the age of its newest frame tells.
 FluxImages::Etat SessionCapture::VeilleFlux() {
+  if (Vu_ != FluxImages::Etat::kCoule) return Vu_;
   while (!Arret_.stop_requested() && !Derniere_.Perdu()) {
     // Looked at more often than it can be: the age that is waited for grows shorter with the first gaps that are known.
     const milliseconds reste = std::clamp(Derniere_.DelaiPerte() - Derniere_.Age(), milliseconds(0), Delais::kVeille);

@@ -124,7 +124,8 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   bool Introuvable_ = false;           // the last look for the device has not found it
   Horloge::time_point Eveil_{};        // until then it is looked for at each try
   Horloge::time_point DernierEssai_{};
-  bool Decrit_ = false;  // the last one that was tried had told what it sends
+  FluxImages::Etat Vu_ = FluxImages::Etat::kCoule;  // what the last look of an opening has found
+  bool Decrit_ = false;                             // the last one that was tried had told what it sends
   std::atomic<bool> Prete_ = false;
   std::atomic<bool> Donnees_ = false;  // behind what is known of the camera: who sees it can ask for that
 

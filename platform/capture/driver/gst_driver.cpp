@@ -72,13 +72,14 @@ bool PiloteGStreamer::ConnaitLaVoulue() {
   return false;
 }
 
-// The dialogs want a camera that runs, so that a remembered one that is gone for good could never be left. Nobody is
-// asked where there is nothing else to choose: a device that is not there, and no other. Of an address or a film nobody
+// The dialogs want a camera that runs, so that a remembered one that is gone for good could never be left, and a first
+// start with one that only the desktop gives, or beside one that is taken, would have none. Nobody is asked where there
+// is nothing else to choose: a device that is not there, and no other. Of an address or a film nobody
 // but the user knows where it has gone to.
 bool PiloteGStreamer::ProposeSources() {
   const QString retenue = Memoire_.Source();
   const bool inconnue = Raison_.Quoi == Motif::kMemoire;
-  if (!inconnue && (retenue.isEmpty() || !EstRetenue())) return false;
+  if (!inconnue && !EstRetenue()) return false;
   if (!inconnue && Source_.Genre == GenreSource::kPeripherique) {
     const std::optional<PeripheriqueVideo> elle = Acces_.Choisit(retenue);
     QList<PeripheriqueVideo> autres = Acces_.Peripheriques();

@@ -16,8 +16,8 @@ struct DelaisCapture {
   using Duree = std::chrono::milliseconds;
 
   /// What somebody waits for a first picture, whatever is tried meanwhile: formats of a device, both ways of a network
-  /// camera. It begins when GStreamer is ready. Of what is left of it each one that is tried has a half, the last one
-  /// all, and one whose packets come all as well: a first whole picture may be ten seconds behind them.
+  /// camera. It begins when GStreamer is ready. Of what is left of it each one that is tried has an equal share, the
+  /// last one all, and one whose packets come all as well: a first whole picture may be ten seconds behind them.
   static constexpr Duree kConnexion{10'000};
   static constexpr Duree kConnexionReseau{15'000};
   static constexpr Duree Connexion(GenreSource genre) {

@@ -25,6 +25,17 @@ TEST(MasqueAdresse, HidesPasswordsOfTheQuery) {
   EXPECT_EQ(MasqueAdresse("http://cam/v?x=1&api_token=s#top"), "http://cam/v?x=1&api_token=" + kM + "#top");
 }
 
+// As cheap cameras have them, some within the path.
+TEST(MasqueAdresse, HidesPasswordsByTheNamesThatCamerasGiveThem) {
+  EXPECT_EQ(MasqueAdresse("rtsp://cam/user=admin_password=tlJwpbo6_channel=1_stream=0.sdp"),
+            "rtsp://cam/user=admin_password=" + kM);
+  EXPECT_EQ(MasqueAdresse("rtsp://cam/user=admin&password=s&channel=1&stream=0.sdp"),
+            "rtsp://cam/user=admin&password=" + kM + "&channel=1&stream=0.sdp");
+  EXPECT_EQ(MasqueAdresse("http://cam/videostream.cgi?loginuse=admin&loginpas=s"),
+            "http://cam/videostream.cgi?loginuse=admin&loginpas=" + kM);
+  EXPECT_EQ(MasqueAdresse("http://cam/snap?usr=a&pw1=s"), "http://cam/snap?usr=a&pw1=" + kM);
+}
+
 TEST(MasqueAdresse, LeavesWhatHoldsNoPassword) {
   for (const QString texte :
        {"rtsp://cam:554/live", "rtsp://anna@cam/live", "/films/a:b@c.avi", "test", "", "http://cam/?size=640"})

@@ -261,6 +261,7 @@ TEST_F(SourceTest, AFileCanBeLookedFor) {
     ASSERT_NE(choix, nullptr);
     EXPECT_EQ(choix->labelText(QFileDialog::Accept), "Ouvrir");
     EXPECT_TRUE(choix->testOption(QFileDialog::DontUseNativeDialog)) << "it would speak the language of the session";
+    EXPECT_EQ(choix->directory(), QDir::home()) << "there is no folder of films";
     choix->setDirectory(Dossier_.path());
     choix->selectFile(film.fileName());
     QMetaObject::invokeMethod(choix, "accept");
@@ -268,6 +269,21 @@ TEST_F(SourceTest, AFileCanBeLookedFor) {
   Clique("BtnParcourir");
   EXPECT_EQ(Controle<QLineEdit>("TxtAdresse")->text(), film.fileName());
   EXPECT_EQ(Controle<QListWidget>("ListeSources")->currentRow(), 3);
+}
+
+TEST_F(SourceTest, AnotherFileIsLookedForBesideTheOneThatIsShown) {
+  Pilote_.Genre_ = GenreSource::kFichier;
+  Pilote_.Adresse_ = Dossier_.filePath("film.avi");
+  Ouvre();
+  bool vu = false;
+  QTimer::singleShot(0, Dialogue_.get(), [&] {
+    auto* choix = Dialogue_->findChild<QFileDialog*>("DialogueFichier");
+    ASSERT_NE(choix, nullptr);
+    vu = choix->directory() == QDir(Dossier_.path());
+    choix->reject();
+  });
+  Clique("BtnParcourir");
+  EXPECT_TRUE(vu);
 }
 
 TEST_F(SourceTest, WithoutAnyCameraItSaysSoAndTheLineCannotBeUsed) {

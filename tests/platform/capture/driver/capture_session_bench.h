@@ -28,6 +28,7 @@ struct Scenario {
     kCoule,
     kSansMemoire,
     kPlusDeMemoire,
+    kUneImage,    // one picture and, with it, the end, which is told once
     kBavard,      // something comes, and never a picture
     kMotDePasse,  // the login is refused
     kOccupee,
@@ -71,8 +72,13 @@ class FluxJoue : public FluxImages {
     return {Suite_ == Scenario::Suite::kOccupee ? Motif::kOccupee : Motif::kInconnu, {}};
   }
   Etat Surveille(const std::stop_token& arret, std::chrono::milliseconds delai) override {
-    const bool donne = Suite_ != Scenario::Suite::kMuet && Suite_ != Scenario::Suite::kBavard &&
-                       (Images_ < 3 || Suite_ == Scenario::Suite::kCoule);
+    if (Suite_ == Scenario::Suite::kUneImage && Images_ == 0) {
+      ++Images_;
+      Derniere_.Depose(QImage(4, 4, QImage::Format_RGB32));
+      return Etat::kFini;
+    }
+    const bool donne = Suite_ != Scenario::Suite::kUneImage && Suite_ != Scenario::Suite::kMuet &&
+                       Suite_ != Scenario::Suite::kBavard && (Images_ < 3 || Suite_ == Scenario::Suite::kCoule);
     if (donne) {
       ++Images_;
       Derniere_.Depose(QImage(4, 4, QImage::Format_RGB32));

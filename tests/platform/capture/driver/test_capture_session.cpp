@@ -140,12 +140,13 @@ TEST(SessionCapture, TellsWhyItHasEnded) {
 // A first whole picture may be ten seconds behind the packets: the other way would only begin that wait anew.
 TEST(SessionCapture, AWayOnWhichSomethingComesIsNotLeftForAnother) {
   const auto scenario = std::make_shared<Scenario>();
-  scenario->Suites = {Scenario::Suite::kBavard};
+  scenario->Suites = {Scenario::Suite::kBavard, Scenario::Suite::kMuet};
   const auto session = Joue(scenario, QStringLiteral("rtsp://localhost/x"));
   EXPECT_FALSE(Attends([&] { return session->EstFinie(); }, DelaisCapture::kConnexionReseau - 3s));
   EXPECT_EQ(scenario->Nombre(), 1U);
   ASSERT_TRUE(Attends([&] { return session->EstFinie(); }, 10s));
   EXPECT_EQ(session->Pourquoi().Quoi, Motif::kSansImageEntiere);
+  EXPECT_EQ(scenario->Nombre(), 1U) << "no time is left for another, whose silence would be told instead";
   EXPECT_TRUE(session->Arrete(1s));
 }
 
@@ -167,6 +168,17 @@ TEST(SessionCapture, ANetworkStreamThatEndsInGoodOrderAndOpensAtOnceWasNeverLost
   ASSERT_TRUE(DonneUneImage(*session, 3s));
   EXPECT_TRUE(Attends([&] { return scenario->Nombre() >= 3 && session->Derniere().Numero() > 6; }, 10s));
   EXPECT_EQ(session->Derniere().Prend(0).Reprises, 0U) << "its pictures are a series";
+  EXPECT_TRUE(session->Arrete(1s));
+}
+
+// It is as good as over when its one picture is seen, and says so no second time.
+TEST(SessionCapture, OnePictureAtATimeIsASeriesToo) {
+  const auto scenario = std::make_shared<Scenario>();
+  scenario->Suites = {Scenario::Suite::kUneImage};
+  const auto session = Joue(scenario, kReseau);
+  ASSERT_TRUE(DonneUneImage(*session, 3s));
+  EXPECT_TRUE(Attends([&] { return session->Derniere().Numero() >= 3; }, 10s));
+  EXPECT_EQ(session->Derniere().Prend(0).Reprises, 0U);
   EXPECT_TRUE(session->Arrete(1s));
 }
 

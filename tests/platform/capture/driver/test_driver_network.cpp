@@ -42,6 +42,18 @@ TEST_F(PiloteReseau, ComesBackAfterAStall) {
   EXPECT_FALSE(Pilote_->EstReprise()) << "and only the first";
 }
 
+// Cameras have one for their last picture; it is compared with the one before, as those of a film are.
+TEST_F(PiloteReseau, AnAddressOfOnePictureIsAskedForOneAfterTheOther) {
+  Camera_->DonneFichier(Jpeg(160, 120));
+  ASSERT_TRUE(Connecte(Adresse("http://", "/image.jpg")));
+  for (int i = 0; i < 3; ++i) {
+    ASSERT_TRUE(SaisitProchaine(*Pilote_, 8000)) << i;
+    EXPECT_FALSE(Pilote_->EstReprise()) << i;
+    EXPECT_FALSE(Pilote_->SignalPerdu()) << i;
+  }
+  EXPECT_GE(Camera_->Demandes(), 3);
+}
+
 TEST_F(PiloteReseau, SaysNoToNonsenseAndSaysWhy) {
   const auto pourquoi = [this](const QString& ou) {
     EXPECT_TRUE(EstRefusee(ou, 14'000)) << qUtf8Printable(ou);

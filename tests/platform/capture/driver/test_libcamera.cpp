@@ -139,12 +139,18 @@ TEST_F(CameraLibcamera, ThatIsRememberedIsConnectedAgain) {
   EXPECT_TRUE(SaisitProchaine(*Pilote_));
 }
 
+// Nothing remembered: a first start.
+class OffreDuBureau : public CameraLibcamera, public testing::WithParamInterface<const char*> {};
+
+INSTANTIATE_TEST_SUITE_P(Retenues, OffreDuBureau, testing::Values("uvcvideo|A camera|usb-1", ""));
+
 // On a laptop whose USB camera was left at home its own one is the only other: it is there to be chosen.
-TEST_F(CameraLibcamera, IsOfferedWhereTheRememberedDeviceIsGone) {
+TEST_P(OffreDuBureau, ComesWhereNoDeviceIsThere) {
   ASSERT_TRUE(PrepareGStreamer());
   Installe();
   if (!AccesV4L2().Peripheriques().isEmpty()) GTEST_SKIP() << "this machine has a camera of its own";
-  ASSERT_TRUE(Memoire_.RetientSource(QStringLiteral("uvcvideo|A camera|usb-1")));
+  const QString retenue = QString::fromLatin1(GetParam());
+  ASSERT_TRUE(retenue.isEmpty() || Memoire_.RetientSource(retenue));
   int questions = 0;
   QTimer regard;
   regard.callOnTimeout([&] {
