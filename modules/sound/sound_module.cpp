@@ -18,9 +18,8 @@ ModuleSon::ModuleSon(const ContexteModule& contexte, std::unique_ptr<JoueurSon> 
                                                     [this] { TimerRepos_->Desactive(); })),
       TimerDuree_(contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerDuree"), kDureeMax,
                                                     [this] {
-                                                      TimerDuree_->Desactive();
-                                                      TimerAppareil_->Desactive();
                                                       Joueur_->Arrete();
+                                                      TermineSon(FinSon::kJoue, QString());
                                                     })),
       TimerAppareil_(
           contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerAppareil"), kRegard, [this] { RegardeAppareil(); })),

@@ -101,13 +101,13 @@ class JoueurGStreamer::Chaine {
   std::optional<FinSon> Juge(GstMessage* message) {
     const bool erreur = GST_MESSAGE_TYPE(message) == GST_MESSAGE_ERROR;
     const bool averti = GST_MESSAGE_TYPE(message) == GST_MESSAGE_WARNING;
-    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_EOS) return SansAppareil_ ? FinSon::kSansAppareil : FinSon::kJoue;
+    if (GST_MESSAGE_TYPE(message) == GST_MESSAGE_EOS) return FinSon::kJoue;
     if (!erreur && !averti) return std::nullopt;
     const bool deLaSortie = gst_object_has_as_ancestor(GST_MESSAGE_SRC(message), GST_OBJECT(Sortie_)) != FALSE;
     NoteMots(message, erreur);
-    // Without a device the automatic output only complains, and plays into nothing.
-    if (deLaSortie) SansAppareil_ = true;
-    if (!erreur) return std::nullopt;
+    // Without a device the automatic output only complains, and plays into nothing: at once, not when a long sound that
+    // nobody hears is over. What a device itself complains of is heard.
+    if (!erreur && !(deLaSortie && GST_IS_BIN(GST_MESSAGE_SRC(message)))) return std::nullopt;
     return deLaSortie ? FinSon::kSansAppareil : FinSon::kFichierMauvais;
   }
 
@@ -129,7 +129,6 @@ class JoueurGStreamer::Chaine {
   GstBus* Bus_ = nullptr;
   std::unique_ptr<QSocketNotifier> Guetteur_;
   QString Mots_;
-  bool SansAppareil_ = false;
 };
 
 JoueurGStreamer::JoueurGStreamer(const QString& sortie) : Sortie_(sortie) {

@@ -89,4 +89,9 @@ void ArbreDossiersSysteme::LitDossiers(const QString& chemin, const QObject* pou
   if (!lance) poste({.Etat = EtatDossier::kAbsent});  // later, like every answer
 }
 
+QString DebutDeDialogue(const QString& voulu) {
+  const bool repond = !voulu.isEmpty() && ArbreDossiersSysteme().RegardeDossier(voulu) == EtatDossier::kBon;
+  return repond ? voulu : QDir::homePath();
+}
+
 }  // namespace vaktor

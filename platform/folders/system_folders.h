@@ -33,4 +33,8 @@ class ArbreDossiersSysteme : public ArbreDossiers {
   mutable TravauxBornes Travaux_;
 };
 
+/// Where a file dialog begins: in the folder `voulu` if it is there and says so in time, else at the user's home. The
+/// toolkit waits for a disk that does not answer as long as that likes, and so would the window.
+QString DebutDeDialogue(const QString& voulu);
+
 }  // namespace vaktor

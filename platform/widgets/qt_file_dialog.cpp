@@ -7,13 +7,19 @@
 #include <QRegularExpression>
 #include <QStandardPaths>
 
+#include "platform/folders/system_folders.h"
+
 namespace vaktor {
 
 // The desktop's own dialog speaks the language of the session; ours speaks the one that was chosen (MotsOutils), and is
 // the same under every desktop.
 QString DialogueFichierQt::ChoisitFichier(const QString& filtre) {
-  return QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), QString(), filtre, nullptr,
-                                      QFileDialog::DontUseNativeDialog);
+  if (Dossier_.isEmpty()) Dossier_ = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
+  const QString choisi =
+      QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), DebutDeDialogue(Dossier_), filtre, nullptr,
+                                   QFileDialog::DontUseNativeDialog);
+  if (!choisi.isEmpty()) Dossier_ = QFileInfo(choisi).path();
+  return choisi;
 }
 
 namespace {
@@ -28,7 +34,7 @@ QString FinDe(const QString& filtre) {
 
 QString DialogueSauvegardeQt::ChoisitDestination(const QString& nom, const QStringList& filtres) {
   if (Dossier_.isEmpty()) Dossier_ = QStandardPaths::writableLocation(QStandardPaths::MoviesLocation);
-  QFileDialog dialogue(QApplication::activeWindow(), QString(), QFileInfo(Dossier_).isDir() ? Dossier_ : QString());
+  QFileDialog dialogue(QApplication::activeWindow(), QString(), DebutDeDialogue(Dossier_));
   dialogue.setOption(QFileDialog::DontUseNativeDialog);
   dialogue.setAcceptMode(QFileDialog::AcceptSave);
   dialogue.setNameFilters(filtres);

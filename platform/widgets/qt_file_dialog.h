@@ -7,10 +7,14 @@
 
 namespace vaktor {
 
-/// User-interface thread. Opens over the active window.
+/// User-interface thread. Opens over the active window, in the user's folder of music or where the last file lay, or at
+/// the user's home where that folder does not answer.
 class DialogueFichierQt : public DialogueFichier {
  public:
   QString ChoisitFichier(const QString& filtre) override;
+
+ private:
+  QString Dossier_;
 };
 
 /// The same for saving. The name has the ending of the filter that is chosen. Opens in the user's folder of films, or

@@ -171,6 +171,21 @@ TEST_F(Son, ASoundWithoutEndIsCutAfterTenMinutesAndBegunAgain) {
   EXPECT_EQ(Intrusion(), "joue ~/snd/0.wav");
 }
 
+TEST_F(Son, OneThatWasCutAfterTenMinutesWasHeard) {
+  Choisit(3, Temporaire.filePath("absent.wav"));
+  Intrusion();
+  ASSERT_EQ(Avis.size(), 1);
+  Choisit(0);
+  for (int i = 0; i < 600; ++i) {
+    Intrusion();
+    Temps.Avance(1000);
+  }
+  EXPECT_FALSE(Joueur->EnCours());
+  Choisit(3, Temporaire.filePath("absent.wav"));
+  Intrusion();
+  EXPECT_EQ(Avis.size(), 2) << "what was told before is over";
+}
+
 TEST_F(Son, TheEndCutsTheSound) {
   Intrusion();
   Faits.clear();
@@ -268,6 +283,15 @@ TEST_F(VraiJoueur, AnOutputThatIsNotInstalledIsTold) {
   EXPECT_FALSE(joueur.EnCours());
 }
 
+// The output that looks for a device plays into nothing where it finds none, for as long as the sound lasts.
+TEST_F(VraiJoueur, WithoutADeviceALongSoundIsToldAtOnce) {
+  JoueurGStreamer joueur("autoaudiosink filter-caps=audio/x-of-no-device");
+  Joue(joueur, EcritSon(8000 * 600));
+  ASSERT_TRUE(AttendQue([this] { return !Fins.isEmpty(); }));
+  EXPECT_EQ(Fins, QList<FinSon>{FinSon::kSansAppareil});
+  EXPECT_FALSE(Mots.isEmpty());
+}
+
 TEST_F(VraiJoueur, CountsWhatTheDeviceTakes) {
   JoueurGStreamer joueur("fakesink sync=true");
   Joue(joueur, EcritSon(80'000));  // ten seconds
@@ -280,6 +304,7 @@ TEST_F(VraiJoueur, CountsWhatTheDeviceTakes) {
 TEST_F(VraiJoueur, ADeviceThatHangsHoldsUpNobody) {
   const QString tube = Temporaire.filePath("tube");
   ASSERT_EQ(::mkfifo(QFile::encodeName(tube).constData(), 0600), 0);
+  const JoueurGStreamer premier;  // its list of plugins may take seconds to make
   QElapsedTimer temps;
   temps.start();
   {

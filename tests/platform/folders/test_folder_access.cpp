@@ -220,6 +220,12 @@ TEST_F(AccesDossiers, DiskThatFailsInTheMiddleIsToldWithTheFoldersBefore) {
   EXPECT_TRUE(recu->Complet);
 }
 
+TEST_F(AccesDossiers, AFileDialogBeginsWhereItIsToldOrAtHome) {
+  EXPECT_EQ(DebutDeDialogue(Chemin()), Chemin());
+  EXPECT_EQ(DebutDeDialogue(Chemin("/gone")), QDir::homePath());
+  EXPECT_EQ(DebutDeDialogue(QString()), QDir::homePath());
+}
+
 TEST_F(AccesDossiers, DiskThatNeverAnswersHoldsUpNobody) {
   DossierMort mort;
   if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
@@ -227,6 +233,7 @@ TEST_F(AccesDossiers, DiskThatNeverAnswersHoldsUpNobody) {
   EXPECT_EQ(Arbre.EssaieEcriture(mort.Chemin("/photos")), EtatDossier::kSansReponse);
   EXPECT_FALSE(Arbre.CreeDossier(mort.Chemin("/photos\\Intrus")));
   EXPECT_EQ(Arbre.EspaceLibre(mort.Chemin("/photos")), std::nullopt);
+  EXPECT_EQ(DebutDeDialogue(mort.Chemin("/photos")), QDir::homePath());
   bool venu = false;
   Arbre.LitDossiers(mort.Chemin(), &Temoin, [&](const ArbreDossiers::Contenu&) { venu = true; });
   // The folder beside it is read meanwhile, and a link into the dead disk does not keep its neighbours back.

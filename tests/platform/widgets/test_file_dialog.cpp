@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
+#include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <functional>
@@ -23,7 +26,7 @@ bool Travaille(const std::function<void()>& ouvre, const std::function<void(QFil
     vu = dialogue != nullptr;
     if (!vu) return;
     travail(*dialogue);
-    dialogue->reject();
+    if (dialogue->isVisible()) dialogue->reject();
   });
   ouvre();
   return vu;
@@ -48,6 +51,35 @@ TEST(FileDialog, IsTheToolkitsOwnSoThatItSpeaksTheChosenLanguage) {
         },
         regarde));
   }
+}
+
+// A folder that has gone is the toolkit's to look for no more: it would wait for a disk that does not answer.
+TEST(FileDialog, BeginsWhereTheLastFileLayAndAtHomeWhereThatIsGone) {
+  QTemporaryDir dossier;
+  QFile son(dossier.filePath(QStringLiteral("son.wav")));
+  ASSERT_TRUE(son.open(QIODevice::WriteOnly));
+  DialogueFichierQt ouvre;
+  DialogueSauvegardeQt sauve;
+  QStringList debuts;
+  // Accepts what lies in the folder.
+  const auto prend = [&](QFileDialog& dialogue) {
+    debuts << dialogue.directory().absolutePath();
+    if (!QFileInfo::exists(dossier.path())) return;
+    dialogue.setDirectory(dossier.path());
+    dialogue.selectFile(dialogue.acceptMode() == QFileDialog::AcceptSave ? QStringLiteral("n.mkv") : son.fileName());
+    QMetaObject::invokeMethod(&dialogue, "accept");
+  };
+  const auto fait = [&] {
+    EXPECT_TRUE(Travaille([&] { ouvre.ChoisitFichier(QStringLiteral("Audio (*.wav)")); }, prend));
+    EXPECT_TRUE(Travaille(
+        [&] { sauve.ChoisitDestination(QStringLiteral("night.mkv"), {QStringLiteral("Film (*.mkv)")}); }, prend));
+  };
+  fait();
+  fait();
+  ASSERT_TRUE(dossier.remove());
+  fait();
+  EXPECT_EQ(debuts, (QStringList{QDir::homePath(), QDir::homePath(), dossier.path(), dossier.path(), QDir::homePath(),
+                                 QDir::homePath()}));
 }
 
 }  // namespace
