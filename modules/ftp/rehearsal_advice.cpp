@@ -63,10 +63,10 @@ constexpr std::array<LigneEssai, 30> kPhrases = {{
       "The server %1 does not answer on port %2: check address and port, then the firewall."}},
     {CauseEssai::kPasFtp,
      {"Ce n'est pas du FTP qui répond sur le port %2 de %1 : demandez à votre hébergeur l'adresse FTP. Si c'est du "
-      "SFTP, "
-      "mettez sftp:// devant l'adresse.",
-      "What answers on port %2 of %1 is not FTP: ask your web host for the FTP address. If it is SFTP, put sftp:// in "
-      "front of the address."}},
+      "SFTP, Vaktor le parle sur le port 22 (%1:22).",
+      "What answers on port %2 of %1 is not FTP: ask your web host for the FTP address. If it is SFTP, Vaktor speaks "
+      "it "
+      "on port 22 (%1:22)."}},
     {CauseEssai::kEcarte,
      {"Le serveur %1 refuse la connexion : lisez sa réponse, puis essayez plus tard ou demandez à votre hébergeur.",
       "The server %1 turns the connection away: read its answer, then try later or ask your web host."}},

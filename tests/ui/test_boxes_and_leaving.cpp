@@ -122,6 +122,20 @@ INSTANTIATE_TEST_SUITE_P(Mains, BoitesTest,
                                          CasBoite{"CheckMail", "LabelCheckMail", &Parametres::MailActif}),
                          [](const auto& cas) { return std::string(cas.param.Boite); });
 
+// "Leave the mail fields empty, and Send eMail means the push alone."
+TEST_F(Mains, WhoWantsPushesAloneIsAskedForNoAddress) {
+  Banc.Reglages.PushAdresse = QStringLiteral("https://push.example.org/x");
+  Banc.Clique("CheckMail");
+  EXPECT_TRUE(Banc.Reglages.MailActif);
+  EXPECT_TRUE(Banc.Boites.Textes.isEmpty());
+  Banc.Clique("CheckMail");
+  EXPECT_FALSE(Banc.Reglages.MailActif);
+  Banc.Trouve<QLineEdit>("TextEMail")->setText(QStringLiteral("a"));
+  Banc.Clique("CheckMail");
+  EXPECT_FALSE(Banc.Reglages.MailActif);
+  EXPECT_EQ(Banc.Boites.Textes.size(), 1) << "a mail that was begun";
+}
+
 TEST_F(Mains, WordsAndScreenReaderSwitchTheAutomaticToleranceToo) {
   Banc.Fenetre.AmenePage(3);
   auto* boite = Banc.Trouve<QCheckBox>("ChkSeuilAuto");

@@ -47,7 +47,9 @@ void ChampsMoniteur::RelacheCheckMail() {
 }
 
 bool ChampsMoniteur::AdresseManque() const {
-  return Page_.CheckMail->isChecked() && Ports_.Reglages.MailDestination.size() < kAdresseMinimum;
+  const QString& destination = Ports_.Reglages.MailDestination;
+  if (destination.isEmpty() && SansServeurMaisPush(Ports_.Reglages)) return false;
+  return Page_.CheckMail->isChecked() && destination.size() < kAdresseMinimum;
 }
 
 // Neither the switch nor the store changes: the box is unticked whatever the answer.

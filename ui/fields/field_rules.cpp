@@ -65,10 +65,12 @@ QString DonneMotCouleur(qint32 index, const QString& mot) {
   return QLatin1String(kMots.at(static_cast<std::size_t>(index)));
 }
 
+bool SansServeurMaisPush(const Parametres& reglages) {
+  return !reglages.PushAdresse.isEmpty() && reglages.SmtpServeur.isEmpty() && reglages.SmtpFrom.isEmpty();
+}
+
 bool SmtpIncomplet(const Parametres& reglages) {
-  // Who wants pushes and no mails gives no server for mails, and must be able to tick the box all the same.
-  if (!reglages.PushAdresse.isEmpty() && reglages.SmtpServeur.isEmpty() && reglages.SmtpFrom.isEmpty()) return false;
-  return reglages.SmtpActif &&
+  return reglages.SmtpActif && !SansServeurMaisPush(reglages) &&
          (reglages.SmtpServeur.isEmpty() || reglages.SmtpPort.isEmpty() || reglages.SmtpFrom.isEmpty());
 }
 

@@ -24,6 +24,9 @@ QString TermineAdresse(QString adresse);
 /// The word for CombCouleur's entry 0 to 6; for another index `mot`, the word until now.
 QString DonneMotCouleur(qint32 index, const QString& mot);
 
+/// Who wants pushes and no mails: no server for mails is given, and the box must take a tick all the same.
+bool SansServeurMaisPush(const Parametres& reglages);
+
 /// Mails are to go out by SMTP and the server, the port or the sender is missing.
 bool SmtpIncomplet(const Parametres& reglages);
 

@@ -158,7 +158,8 @@ TEST_F(Repetition, EachWayToFailHasItsSentence) {
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "x", P::kPersonne}}).contains("no connection on port 2121"));
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "x", P::kDelai}}).contains("does not answer on port 2121"));
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "x", P::kDelai}, {{"", "220 hi"}}}).contains("stopped answering"));
-  EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "SSH-2.0", P::kPasFtp}}).contains("put sftp:// in front of the address"));
+  EXPECT_TRUE(
+      PhraseDe({{I::kPasDeConnexion, "SSH-2.0", P::kPasFtp}}).contains("If it is SFTP, Vaktor speaks it on port 22 ("));
   EXPECT_TRUE(
       PhraseDe({{I::kPasDeConnexion, "550 banned"}, {{"", "550 banned"}}}).contains("turns the connection away"));
   EXPECT_TRUE(PhraseDe({{I::kPasDeConnexion, "421 full", P::kComplet}}).contains("switch it off"));

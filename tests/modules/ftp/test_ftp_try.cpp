@@ -175,7 +175,7 @@ TEST_F(Essayer, AnotherProtocolIsToldAtItsEnd) {
   ASSERT_TRUE(Programme.waitForFinished(60000));
   Octets = Programme.readAll();
   EXPECT_TRUE(Octets.contains("SSH-2.0-OpenSSH_9.2\n")) << Tout();
-  EXPECT_TRUE(Octets.endsWith("put sftp:// in front of the address.\n")) << Tout();
+  EXPECT_TRUE(Octets.endsWith(":22).\n")) << Tout();
 }
 
 TEST_F(Essayer, WhatIsNoRequest) {
