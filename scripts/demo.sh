@@ -62,6 +62,13 @@ cree_cle_ecran() {
   (umask 077 && { printf '\377\377\0\0\0\0\0\022MIT-MAGIC-COOKIE-1\0\020' && head -c 16 /dev/urandom; } > "$1")
 }
 
+# Whether there is a screen to work on: one of X that answers, or a Wayland compositor's, which need not know X.
+a_un_ecran() {
+  local prise=${WAYLAND_DISPLAY:-}
+  [ -z "$prise" ] || [ "${prise#/}" != "$prise" ] || prise=${XDG_RUNTIME_DIR:-}/$prise
+  [ -S "$prise" ] || { [ -n "${DISPLAY:-}" ] && xdpyinfo > /dev/null 2>&1; }
+}
+
 # Starts a virtual screen under the first number that is free; the server picks it and tells.
 ouvre_ecran() {
   local tuyau numero
@@ -76,6 +83,9 @@ ouvre_ecran() {
   read -r -t 20 numero < "$tuyau" || return 1
   rm -f "$tuyau"
   export DISPLAY=:$numero XAUTHORITY=$dossier/Xauthority
+  # On a Wayland desktop the program would show itself there, to whoever sits in front of it.
+  export QT_QPA_PLATFORM=xcb XDG_SESSION_TYPE=x11
+  unset WAYLAND_DISPLAY
 }
 
 # Starts the mail, FTP and web server and takes their ports over: port_smtp, port_ftp, port_web, user_ftp, pass_ftp.

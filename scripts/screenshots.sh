@@ -20,7 +20,7 @@ photographie() {
   dossier=$(mktemp -d "${TMPDIR:-/tmp}/vaktor-shots.XXXXXX") || return 1
   printf '[%%general]\nlangue=%s\nskin=%s\n\n[PHOTO]\nactif=1\n' "$langue" "$skin" > "$dossier/vaktor.ini"
   chmod 600 "$dossier/vaktor.ini"
-  QT_SCALE_FACTOR=$echelle "$programme" /camera:test "/dossier:$dossier" > "$dossier/log" 2>&1 &
+  env -u WAYLAND_DISPLAY QT_QPA_PLATFORM=xcb QT_SCALE_FACTOR="$echelle" "$programme" /camera:test "/dossier:$dossier" > "$dossier/log" 2>&1 &
   pid=$!
   fenetre=$(attend_fenetre "$(calcule "398 * $echelle + 0.5")") || { cat "$dossier/log"; kill "$pid"; return 1; }
   xdotool windowmove "$fenetre" 0 0

@@ -69,7 +69,7 @@ QByteArray ComposeEntreeSession(const LancementSession& lancement) {
   QStringList mots = {Cite(lancement.Programme), QStringLiteral("/alarm")};
   if (!lancement.Camera.isEmpty()) mots += Cite(QStringLiteral("/camera:") + lancement.Camera);
   if (!lancement.Dossier.isEmpty()) mots += Cite(QStringLiteral("/dossier:") + lancement.Dossier);
-  return QByteArrayLiteral("[Desktop Entry]\nType=Application\nName=Vaktor\nIcon=org.vaktor.Vaktor\nTerminal=false\n") +
+  return QByteArrayLiteral("[Desktop Entry]\nType=Application\nName=Vaktor\nIcon=vaktor\nTerminal=false\n") +
          "Exec=" + mots.join(u' ').toUtf8() + "\n";
 }
 

@@ -36,6 +36,7 @@ TEST_F(Session, ComesWithItsFolderAndGoesAgain) {
   EXPECT_TRUE(session.EstVoulue());
   EXPECT_EQ(QFile::permissions(Entree()) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions());
   EXPECT_TRUE(Lit(Entree()).contains("\nExec=\"/opt/v/Vaktor\" /alarm\n")) << Lit(Entree()).constData();
+  EXPECT_TRUE(Lit(Entree()).contains("\nIcon=vaktor\n")) << "as it is installed, like that of the menu";
   EXPECT_TRUE(session.Veut(true)) << "again is nothing";
   EXPECT_TRUE(session.Veut(false));
   EXPECT_FALSE(QFile::exists(Entree()));
