@@ -15,9 +15,8 @@ namespace vaktor {
 // the same under every desktop.
 QString DialogueFichierQt::ChoisitFichier(const QString& filtre) {
   if (Dossier_.isEmpty()) Dossier_ = QStandardPaths::writableLocation(QStandardPaths::MusicLocation);
-  const QString choisi =
-      QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), DebutDeDialogue(Dossier_), filtre, nullptr,
-                                   QFileDialog::DontUseNativeDialog);
+  QString choisi = QFileDialog::getOpenFileName(QApplication::activeWindow(), QString(), DebutDeDialogue(Dossier_),
+                                                filtre, nullptr, QFileDialog::DontUseNativeDialog);
   if (!choisi.isEmpty()) Dossier_ = QFileInfo(choisi).path();
   return choisi;
 }
