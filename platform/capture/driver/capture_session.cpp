@@ -159,7 +159,7 @@ void SessionCapture::Connait(const DemandeFlux& demande) {
   Connue_ = demande;
   Guet_.reset();  // what is plugged in now is of no interest
   const auto duree = std::chrono::duration_cast<milliseconds>(Horloge::now() - DernierEssai_);
-  Note(QStringLiteral("picture after %1 ms%2").arg(duree.count()).arg(demande.Udp ? ", by UDP" : ""));
+  if (!EnSerie_) Note(QStringLiteral("picture after %1 ms%2").arg(duree.count()).arg(demande.Udp ? ", by UDP" : ""));
   const std::lock_guard verrou(Verrou_);
   Connu_ = {demande.Noeud, {}, demande.NomStable};
   Autre_ = demande.Autre;
@@ -176,11 +176,13 @@ void SessionCapture::Veille() {
   while (!Arret_.stop_requested()) {
     const FluxImages::Etat etat = VeilleFlux();
     if (Arret_.stop_requested()) return;
-    Note(etat == FluxImages::Etat::kFini ? QStringLiteral("at its end") : QStringLiteral("lost"));
     // Released before anything else is opened: a dead device node stays taken as long as somebody holds it.
     Flux_.reset();
     // A camera on this machine has no end of its own: one that says so was pulled out.
     const bool enBonOrdre = etat == FluxImages::Etat::kFini && !EstUneCameraIci();
+    // Of a series once: two lines for each of its pictures would leave nothing else in the log.
+    if (!std::exchange(EnSerie_, enBonOrdre) || !enBonOrdre)
+      Note(etat == FluxImages::Etat::kFini ? QStringLiteral("at its end") : QStringLiteral("lost"));
     const bool finDeFichier = enBonOrdre && Demande_.Source.Genre == GenreSource::kFichier;
     Patiente(DernierEssai_ + (finDeFichier ? Delais::kEntreLectures : Delais::Pause(0, Motif::kInconnu)));
     Rouvre(enBonOrdre);
@@ -205,7 +207,10 @@ void SessionCapture::Rouvre(bool enBonOrdre) {
   Eveil_ = Horloge::now() + Delais::kApresBranchement;
   bool perdue = !enBonOrdre;
   for (int echecs = 1; !Arret_.stop_requested(); ++echecs) {
-    if (std::exchange(perdue, true)) Derniere_.NoteReprise();
+    if (std::exchange(perdue, true)) {
+      Derniere_.NoteReprise();
+      EnSerie_ = false;
+    }
     DernierEssai_ = Horloge::now();
     Introuvable_ = false;
     if (EssaieTous()) return;

@@ -125,6 +125,7 @@ class SessionCapture : public std::enable_shared_from_this<SessionCapture> {
   Horloge::time_point Eveil_{};        // until then it is looked for at each try
   Horloge::time_point DernierEssai_{};
   FluxImages::Etat Vu_ = FluxImages::Etat::kCoule;  // what the last look of an opening has found
+  bool EnSerie_ = false;                            // it came to its end in good order, and opens again
   bool Decrit_ = false;                             // the last one that was tried had told what it sends
   std::atomic<bool> Prete_ = false;
   std::atomic<bool> Donnees_ = false;  // behind what is known of the camera: who sees it can ask for that

@@ -182,6 +182,27 @@ TEST(SessionCapture, OnePictureAtATimeIsASeriesToo) {
   EXPECT_TRUE(session->Arrete(1s));
 }
 
+TEST(SessionCapture, OfASeriesItsLogTellsOnceUntilItIsLost) {
+  const auto scenario = std::make_shared<Scenario>();
+  using Suite = Scenario::Suite;
+  scenario->Suites = {Suite::kUneImage, Suite::kUneImage, Suite::kRefuse, Suite::kUneImage};
+  SessionCapture::Demande demande;
+  demande.Source = ComprendSource(QStringLiteral("http://localhost/x"));
+  std::mutex verrou;
+  QStringList lignes;
+  demande.Note = [&](const QString& ligne) {
+    const std::lock_guard garde(verrou);
+    lignes.append(ligne.section(QStringLiteral(": "), 1).section(u' ', 0, 1));
+  };
+  const auto session =
+      SessionCapture::Lance(std::move(demande), [scenario](DerniereImage& derniere, const DemandeFlux&) {
+        return std::make_unique<FluxJoue>(derniere, scenario);
+      });
+  EXPECT_TRUE(Attends([&] { return session->Derniere().Numero() >= 4; }, 20s));
+  EXPECT_TRUE(session->Arrete(1s));
+  EXPECT_EQ(lignes.join(u','), "picture after,at its,no picture:,picture after,at its");
+}
+
 TEST(SessionCapture, ANetworkStreamThatDoesNotOpenAgainAtOnceWasLost) {
   const auto scenario = std::make_shared<Scenario>();
   scenario->Suites = {Scenario::Suite::kFin, Scenario::Suite::kRefuse, Scenario::Suite::kCoule};
