@@ -6,6 +6,7 @@
 
 #include <random>
 
+#include "platform/capture/streams/capture_delays.h"
 #include "support/capture_clips.h"
 #include "support/driver_fixture.h"
 
@@ -71,7 +72,8 @@ INSTANTIATE_TEST_SUITE_P(Contenants, FilmAbime,
                                          Contenant{"avenc_msmpeg4 ! avimux", "Mpeg4Avi"}),
                          [](const auto& cas) { return std::string(cas.param.Nom); });
 
-// A file that shrinks while it is played, as one that is being written anew.
+// A file that shrinks while it is played, as one that is being written anew. What is left of it may take all the time
+// of a connection: decodebin swallows the error of a demultiplexer that fails while it is being plugged in.
 TEST_F(MauvaiseSource, AFilmThatIsCutWhileItPlaysIsALostSignalAtMost) {
   ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), QStringLiteral("width=160,height=120,framerate=25/1"), 75,
                            QStringLiteral("jpegenc ! avimux")));
@@ -82,7 +84,8 @@ TEST_F(MauvaiseSource, AFilmThatIsCutWhileItPlaysIsALostSignalAtMost) {
   EXPECT_TRUE(AttendSignalPerdu(true, 12'000));
   EXPECT_FALSE(Pilote_->CopieTrame().Entiere().isNull());
   ASSERT_TRUE(Ecrit(Fichier("a.avi"), entier));
-  EXPECT_TRUE(AttendSignalPerdu(false, 12'000));
+  constexpr DelaisCapture::Duree kUnTour = DelaisCapture::kConnexion + DelaisCapture::Pause(1, Motif::kInconnu);
+  EXPECT_TRUE(AttendSignalPerdu(false, static_cast<int>(kUnTour.count()) + 10'000));
 }
 
 TEST_F(MauvaiseSource, WhatIsNoDeviceAndNoFilmIsRefused) {
