@@ -9,7 +9,7 @@ namespace vaktor {
 namespace {
 
 // In the order of Motif.
-constexpr std::array<Phrase, 23> kPhrases = {{
+constexpr std::array<Phrase, 24> kPhrases = {{
     {"Aucune image n'est venue.", "No picture came."},
     {"La caméra refuse le nom ou le mot de passe : vérifiez-les dans son adresse.",
      "The camera refuses the name or the password: check them in its address."},
@@ -67,6 +67,10 @@ constexpr std::array<Phrase, 23> kPhrases = {{
     {"Des images viennent, mais toutes sont abîmées : vérifiez le câble ou le Wi-Fi de la caméra, ou essayez un autre "
      "format.",
      "Pictures come, but all of them are damaged: check the cable or the Wi-Fi of the camera, or try another format."},
+    {"La caméra est là, mais ne donne aucune image : vérifiez qu'aucun interrupteur ni touche ne l'éteint, ou "
+     "rebranchez-la, sans rallonge ni concentrateur USB.",
+     "The camera is there, but gives no picture: see that no switch or key turns it off, or plug it in again, without "
+     "an extension cable or a USB hub."},
     {"Les images sont trop grandes, de plus de 64 millions de pixels ou de 32 767 sur un côté : choisissez-en de plus "
      "petites dans les réglages de la caméra.",
      "The pictures are too large, more than 64 million pixels or 32,767 along a side: choose smaller ones in the "

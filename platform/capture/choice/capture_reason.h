@@ -31,6 +31,7 @@ enum class Motif {
   kPasDuBureau,       ///< the desktop does not hand this camera out
   kSansGreffon,       ///< what its cameras are reached by is not installed; Detail: the package
   kAbimee,            ///< pictures come, and every one of them is damaged
+  kSansImage,         ///< the device is there, may be opened, and gives none; nobody says why
   kTropGrande,        ///< they have more pixels than get memory (kPixelsMaximum)
 };
 

@@ -54,6 +54,7 @@ TEST(Raison, TheWordsAreThoseOfTheReason) {
   EXPECT_TRUE(dit(Motif::kPasDuBureau).contains("desktop"));
   EXPECT_TRUE(dit(Motif::kSansGreffon).contains("install"));
   EXPECT_TRUE(dit(Motif::kAbimee).contains("damaged"));
+  EXPECT_TRUE(dit(Motif::kSansImage).contains("gives no picture"));
   EXPECT_TRUE(dit(Motif::kTropGrande).contains("too large"));
 }
 

@@ -77,6 +77,19 @@ TEST_F(SessionSurPeripherique, AStopDoesNotWaitForWhatIsPluggedIn) {
   EXPECT_TRUE(session->Arrete(1s));
 }
 
+// It may be opened, so that neither the system nor GStreamer has anything to say.
+TEST_F(SessionSurPeripherique, ACameraThatIsThereAndGivesNothingIsToldWithWhatToDo) {
+  Branche();
+  for (const auto suite : {Scenario::Suite::kRefuse, Scenario::Suite::kOccupee}) {
+    const auto scenario = std::make_shared<Scenario>();
+    scenario->Suites = {suite, Scenario::Suite::kRefuse};
+    const auto session = Lance(scenario, {});
+    ASSERT_TRUE(Attends([&] { return session->EstFinie(); }, 5s));
+    EXPECT_EQ(session->Pourquoi().Quoi, suite == Scenario::Suite::kOccupee ? Motif::kOccupee : Motif::kSansImage);
+    EXPECT_TRUE(session->Arrete(1s));
+  }
+}
+
 // What was tried last and gave nothing is not what is known: all of it is tried again.
 TEST_F(SessionSurPeripherique, ASessionThatGoesOnTryingTriesEverythingAgainUntilSomethingIsKnown) {
   Branche();
