@@ -55,6 +55,7 @@ DescriptionModule DonneDescription() {
 
 std::unique_ptr<ModulePush> CreePush(const ContexteModule& contexte, const QString& autorites, EtatModule& etat) {
   PortsPush ports{.DossierSac = contexte.Dossiers.Etat + QStringLiteral("/push"),
+                  .DossierVeille = contexte.Dossiers.CheminVeille(),
                   .Marque = QString::number(QRandomGenerator::system()->generate64(), 36),
                   .Autorites = autorites,
                   .Etat = etat,

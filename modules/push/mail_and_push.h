@@ -9,7 +9,7 @@
 namespace vaktor {
 
 /// Both hear everything, with one exception: who has given an address for pushes and none for mails is not told at
-/// each alarm that mails lack an address.
+/// each alarm that mails lack an address, and hears by push what the watch has to say of itself.
 class ModuleMailEtPush : public Module {
  public:
   ModuleMailEtPush(std::unique_ptr<Module> mail, std::unique_ptr<ModulePush> push)
@@ -19,13 +19,17 @@ class ModuleMailEtPush : public Module {
     // What has no "@" is the prompt of an empty field, but for the mail program of the system, which knows local names.
     const QString adresse = reglages.Valeurs.MailDestination.trimmed();
     SansMail_ = adresse.isEmpty() || (reglages.Valeurs.SmtpActif && !adresse.contains(u'@'));
+    Push_->FaitLaVeille(SansMail_);
     Push_->PrendReglages(reglages);
     Mail_->PrendReglages(reglages);
   }
-  void Enregistre(Inscription comment) override { Mail_->Enregistre(comment); }
+  void Enregistre(Inscription comment) override {
+    Push_->Enregistre(comment);
+    Mail_->Enregistre(comment);
+  }
   void ExecuteCommande(Commande commande) override {
     Push_->ExecuteCommande(commande);
-    if (commande == Commande::kIntrusion && SansMail_ && Push_->EstVoulu()) return;
+    if (SansMail_ && Push_->EstVoulu()) return;
     Mail_->ExecuteCommande(commande);
   }
   /// The mail's end is the end of both: it may wait for a mail under way, a push waits on disk.

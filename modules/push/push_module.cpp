@@ -8,6 +8,7 @@
 #include <cstring>
 
 #include "base/jpeg_end.h"
+#include "modules/mail/failure_advice.h"
 #include "modules/push/push_notices.h"
 #include "platform/base/bounded_log.h"
 #include "platform/base/system_files.h"
@@ -20,7 +21,7 @@ namespace {
 PieceJointe TrouveImage(const QString& dossier, qint64 maintenant) {
   QList<PhotoConnue> photos = ListePhotos(dossier);
   photos.removeIf([maintenant](const PhotoConnue& p) {
-    return qAbs(maintenant - p.Instant) > ModulePush::kPhotoMs || p.Octets > ModulePush::kOctetsMax;
+    return qAbs(maintenant - p.Instant) > ModulePush::kPhotoMs || p.Octets > SacPush::kImageMax;
   });
   std::sort(photos.begin(), photos.end(), [](const PhotoConnue& a, const PhotoConnue& b) {
     return a.Instant != b.Instant ? a.Instant > b.Instant : a.Chemin > b.Chemin;
@@ -28,7 +29,7 @@ PieceJointe TrouveImage(const QString& dossier, qint64 maintenant) {
   for (const PhotoConnue& photo : photos) {
     QFile fichier(photo.Chemin);
     if (!fichier.open(QIODevice::ReadOnly)) continue;
-    const QByteArray octets = fichier.read(ModulePush::kOctetsMax + 1);
+    const QByteArray octets = fichier.read(SacPush::kImageMax + 1);
     if (!EstJpegEntier(octets)) continue;
     return {QFileInfo(photo.Chemin).fileName(), octets};
   }
@@ -41,6 +42,9 @@ ModulePush::ModulePush(const ContexteModule& contexte, const PortsPush& ports)
     : Contexte_(contexte),
       Ports_(ports),
       Sac_(ports.DossierSac),
+      Veille_(ports.DossierVeille, Sac_, contexte.Journal),
+      TimerVeille_(
+          contexte.Minuteries.CreeMinuterie(QStringLiteral("TimerVeille"), kRepriseVeille, [this] { PrendVeille(); })),
       Poste_(ports.OuvrePoste([this](const RapportPush& rapport) { PrendRapport(rapport); })) {}
 
 void ModulePush::PrendReglages(const ReglagesModule& reglages) {
@@ -63,10 +67,24 @@ void ModulePush::PrendReglages(const ReglagesModule& reglages) {
   if (Poste_) Poste_->ChangeReglages(Reglages_);  // "Optio" may come behind "Quit*"
   if (autres) MotsServeur_.clear();
   NoteAttente();
+  PrendVeille();
 }
 
 void ModulePush::ExecuteCommande(Commande commande) {
+  if (commande == Commande::kVeille) PrendVeille();
   if (commande == Commande::kIntrusion && EstVoulu() && Poste_) NoteIntrusion();
+}
+
+void ModulePush::PrendVeille() {
+  if (!FaitVeille_ || !EstVoulu() || !Poste_) return TimerVeille_->Desactive();
+  const PrisePush prise = Veille_.Prend(Parlee_, Titre_, Ports_.Maintenant());
+  if (prise.Illisible) Ports_.Etat.Signale(ComposeAvisVeille(Ports_.DossierVeille));
+  if (prise.Erreur != 0) SignaleSac(prise.Erreur);
+  if (prise.Pris > 0) {
+    NoteAttente();
+    Poste_->Reveille();
+  }
+  prise.Reste ? TimerVeille_->Active() : TimerVeille_->Desactive();
 }
 
 void ModulePush::NoteIntrusion() {
@@ -91,6 +109,10 @@ void ModulePush::NoteIntrusion() {
     Poste_->Reveille();
     return;
   }
+  SignaleSac(erreur);
+}
+
+void ModulePush::SignaleSac(int erreur) {
   const QString mots = QString::fromLocal8Bit(std::strerror(erreur));
   Contexte_.Journal.Note(QStringLiteral("the outbox of the pushes cannot be written: ") + mots);
   Ports_.Etat.Signale(ComposeAvisSac(Ports_.DossierSac, mots));

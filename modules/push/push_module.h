@@ -7,14 +7,16 @@
 #include "modules/common/module_program.h"
 #include "modules/mail/photo_source.h"
 #include "modules/push/push_thread.h"
+#include "modules/push/watch_pushes.h"
 
 namespace vaktor {
 
 struct PortsPush {
   QString DossierSac;
-  QString Marque;     ///< of this process, part of each push's name
-  QString Autorites;  ///< see ReglagesPush::Autorites
-  EtatModule& Etat;   ///< its own status file: what the mails say of themselves must not be wiped out by a push
+  QString DossierVeille;  ///< what the watch has to say of itself
+  QString Marque;         ///< of this process, part of each push's name
+  QString Autorites;      ///< see ReglagesPush::Autorites
+  EtatModule& Etat;       ///< its own status file: what the mails say of themselves must not be wiped out by a push
   std::function<qint64()> Maintenant;  ///< milliseconds since 1970
   std::function<std::unique_ptr<PostePush>(const FacteurPush::Rapporteur& surRapport)> OuvrePoste;
 };
@@ -26,20 +28,26 @@ class ModulePush : public Module {
  public:
   static constexpr qint64 kFinMs = 10'000;
   static constexpr qint64 kPauseMs = 60'000;
-  static constexpr qint64 kPhotoMs = 120'000;               ///< older photos belong to another event
-  static constexpr qint64 kOctetsMax = 15LL * 1024 * 1024;  ///< of a photo; a larger one is left out
+  static constexpr qint64 kPhotoMs = 120'000;  ///< older photos belong to another event
 
   ModulePush(const ContexteModule& contexte, const PortsPush& ports);
 
+  static constexpr qint32 kRepriseVeille = 60'000;  ///< until messages of the watch that could not be taken are tried
+
   void PrendReglages(const ReglagesModule& reglages) override;
+  void Enregistre(Inscription /*comment*/) override { PrendVeille(); }
   void ExecuteCommande(Commande commande) override;
   void Termine() override { Poste_.reset(); }
+  /// Whether what the watch has to say of itself goes by push, since no mail can take it. From the next settings on.
+  void FaitLaVeille(bool oui) { FaitVeille_ = oui; }
 
   /// An address is set: who wants pushes and gives no address for mails wants no mails.
   bool EstVoulu() const { return !Reglages_.Adresse.isEmpty(); }
 
  private:
   void NoteIntrusion();
+  void PrendVeille();
+  void SignaleSac(int erreur);
   MessagePush Compose(qint64 maintenant);
   void PrendRapport(const RapportPush& rapport);
   /// Since when one waits, and what the server said, into the status file of the mails, which the main program reads.
@@ -48,6 +56,9 @@ class ModulePush : public Module {
   ContexteModule Contexte_;
   PortsPush Ports_;
   SacPush Sac_;
+  PushVeille Veille_;
+  bool FaitVeille_ = false;
+  std::unique_ptr<Minuterie> TimerVeille_;
   LecteurPhotos Photos_;
   ReglagesPush Reglages_;
   QString Titre_;

@@ -20,7 +20,6 @@ namespace vaktor {
 
 namespace {
 
-const QLatin1String kFin(".push");
 constexpr qint64 kEnTeteMax = 64LL * 1024;
 constexpr qint64 kTailleMax = 32LL * 1024 * 1024;
 constexpr qint64 kMoitieMs = 3'600'000;  // nobody writes at one for so long

@@ -16,6 +16,8 @@ class SacPush {
  public:
   static constexpr qint64 kAgeMax = 7LL * 24 * 3600 * 1000;  ///< milliseconds; as a mail's
   static constexpr qsizetype kNombreMax = 200;
+  static constexpr qint64 kImageMax = 15LL * 1024 * 1024;  ///< bytes of a picture; a larger one is left out
+  static constexpr QLatin1String kFin{".push"};            ///< of a name
 
   explicit SacPush(QString dossier) : Dossier_(std::move(dossier)) {}
 

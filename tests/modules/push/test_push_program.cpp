@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 // The whole companion with a push server on loopback, by TLS.
 #include "modules/mail/mail_program_bench.h"
+#include "modules/mail/watch_message.h"
 #include "push_test_server.h"
 
 namespace vaktor::essai {
@@ -52,6 +53,19 @@ TEST_F(ProgrammePush, OneThatFindsNobodyOutlivesAKillAndArrives) {
   Lance();
   EXPECT_TRUE(AttendQue([this] { return Push.Nombre() == 1; })) << "by the next one, at once";
   EXPECT_TRUE(AttendQue([this] { return LitEtat("VAKTORpush.json").contains("\"ok\""); }));
+}
+
+TEST_F(ProgrammePush, WithoutAnAddressForMailsTheWatchSpeaksByPush) {
+  Prepare();
+  Lance();
+  PoseMessage(Temporaire.filePath("veille"), "1700000000000-1", kImageEntiere);
+  Envois.EnvoiMail(Commande::kVeille);
+  ASSERT_TRUE(AttendQue([this] { return Push.Nombre() == 1; }));
+  EXPECT_EQ(Push.Corps(0), kImageEntiere);
+  EXPECT_EQ(Push.Entete(0, "title"), "Vaktor ne voit plus");
+  EXPECT_TRUE(AttendQue([this] { return PushEnAttente().isEmpty(); }));
+  EXPECT_TRUE(QDir(Temporaire.filePath("veille")).entryList(QDir::Files).isEmpty());
+  EXPECT_FALSE(LitEtat("VAKTORmail.json").contains("mail-incomplete"));
 }
 
 }  // namespace
