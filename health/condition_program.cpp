@@ -21,7 +21,11 @@ QString MotGravite(Gravite gravite) {
 
 }  // namespace
 
-void AnnonceEtats::Commence(const ConditionEnCours& condition) { Suivis_[condition.Quoi].EnCours = condition; }
+void AnnonceEtats::Commence(const ConditionEnCours& condition) {
+  Suivi& suivi = Suivis_[condition.Quoi];
+  suivi.EnCours = condition;
+  suivi.DebutDit = false;
+}
 
 // The end of an event is that somebody has looked at the list: no news.
 void AnnonceEtats::Finit(const ConditionEnCours& condition, const QDateTime&) {

@@ -45,6 +45,8 @@ void SanteVeille::Signale(Condition quoi, const QString& detail) {
   if (cas->Condition_.Detail == detail) return;
   cas->Condition_.Detail = detail;
   Change_ = true;
+  // Nobody may look at the list for weeks, and each night that the machine slept through is one of its own.
+  if (cas->Dite && EstEvenement(quoi)) cas->Encore = Maintenant();
 }
 
 void SanteVeille::Leve(Condition quoi) {
@@ -82,6 +84,13 @@ bool SanteVeille::Regarde(Case& cas) {
     cas->Dite = dit = true;
     const ConditionEnCours condition = cas->Condition_;
     Dit([&](ObservateurSante& observateur) { observateur.Commence(condition); });
+  }
+  if (cas->Encore) {
+    ConditionEnCours encore = cas->Condition_;
+    encore.Depuis = *std::exchange(cas->Encore, std::nullopt);
+    encore.DepuisMs = MaintenantMs_;
+    dit = true;
+    Dit([&](ObservateurSante& observateur) { observateur.Commence(encore); });
   }
   if (cas->Dite && cas->Levee) {
     const ConditionEnCours finie = cas->Condition_;
@@ -131,7 +140,7 @@ QList<ConditionEnCours> SanteVeille::Comptees() const {
 void SanteVeille::OublieEvenements() {
   bool change = false;
   for (Case& cas : Etats_) {
-    if (!cas || !cas->Dite || !EstEvenement(cas->Condition_.Quoi)) continue;
+    if (!cas || !cas->Dite || cas->Encore || !EstEvenement(cas->Condition_.Quoi)) continue;
     const ConditionEnCours vue = cas->Condition_;
     cas.reset();
     change = true;

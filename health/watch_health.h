@@ -31,7 +31,7 @@ struct ConditionEnCours {
 class ObservateurSante {
  public:
   virtual ~ObservateurSante() = default;
-  /// It counts from now on.
+  /// It counts from now on. Of an event also while it stands: it has happened once more, and `condition` is that one.
   virtual void Commence(const ConditionEnCours& condition) { Q_UNUSED(condition) }
   /// One that counted has ended. `jusqua`: local time.
   virtual void Finit(const ConditionEnCours& condition, const QDateTime& jusqua) {
@@ -77,6 +77,7 @@ class SanteVeille : public RapportSante {
     ConditionEnCours Condition_;
     bool Dite = false;   // counts, observers know
     bool Levee = false;  // taken back, the tick has not yet told
+    std::optional<QDateTime> Encore = {};  // an event that observers know has happened once more, and when
   };
   using Case = std::optional<Etat>;
 

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "health/conditions.h"
 #include "journal/chronicle_parts.h"
 
 namespace vaktor {
@@ -29,10 +30,8 @@ QList<Etendue> Reunit(QList<Etendue> etendues, qint64 de, qint64 a) {
 
 Etendue EtendueDe(const BandeTemps& bande) { return {bande.De.toMSecsSinceEpoch(), bande.A.toMSecsSinceEpoch()}; }
 
-// While one of these stands nothing is seen, armed or not.
-bool EstAveugle(Condition quoi) {
-  return quoi == Condition::kSignalPerdu || quoi == Condition::kDetectionArretee || quoi == Condition::kInterruption;
-}
+// While one of these stands nothing is seen, armed or not. A machine that slept is told when it is over, as a notice.
+bool EstAveugle(Condition quoi) { return DonneGravite(quoi) == Gravite::kAveugle || quoi == Condition::kInterruption; }
 
 }  // namespace
 

@@ -19,6 +19,8 @@ constexpr Phrase kTeteOu{"La première photo est celle du plus grand mouvement j
 constexpr Phrase kFrise{"La suite est dans la Frise de Vaktor (touche F4), sur l'ordinateur qui veille.",
                         "What followed is in Vaktor's Timeline (key F4), on the computer that watches."};
 constexpr Phrase kDossier{"Les photos y sont dans %1", "Its pictures are there in %1"};
+constexpr Phrase kSansPhoto{"Jusqu'ici il n'y en a pas de photo : la fenêtre de Vaktor dit ce qui l'empêche.",
+                            "So far there is no picture of it: Vaktor's window says what prevents it."};
 
 /// From the left to the right, from the top to the bottom.
 constexpr std::array<std::array<Phrase, 3>, 3> kEndroits{
@@ -57,7 +59,8 @@ QString DitIntrusionDuCourriel(const ArdoiseIntrusion& ardoise, const QString& t
   if (!tete.isEmpty()) lignes.append(DitTete(ardoise, tete, langue));
   lignes.append(kFrise.Dit(langue));
   // Without a full stop behind it: readers make links of paths, and would take it along.
-  if (!dossier.isEmpty()) lignes.append(kDossier.Dit(langue, dossier));
+  if (!dossier.isEmpty())
+    lignes.append(ardoise.Photos.isEmpty() ? kSansPhoto.Dit(langue) : kDossier.Dit(langue, dossier));
   return lignes.join(u'\n');
 }
 

@@ -11,7 +11,7 @@ namespace vaktor {
 
 /// When it began, what the first picture shows and where to look in it, where the rest is. `tete`: name of the photo of
 /// the most movement so far, which is the first of the mail; empty where there is none. `dossier`: of the photos, empty
-/// where none are kept. Lines end in LF.
+/// where none are kept; where the slate knows of none it is not named. Lines end in LF.
 QString DitIntrusionDuCourriel(const ArdoiseIntrusion& ardoise, const QString& tete, const QString& dossier,
                                Langue langue);
 

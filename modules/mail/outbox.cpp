@@ -267,11 +267,11 @@ QString SacPostal::DonneRang(qint64 faitA) const {
   return QDateTime::fromMSecsSinceEpoch(rang, Qt::UTC).toString(QStringLiteral("yyyyMMddHHmmsszzz"));
 }
 
-QStringList SacPostal::Elague(qint64 maintenant, const QSet<QString>& essayes) {
+QStringList SacPostal::Elague(qint64 maintenant, const QSet<QString>& echus) {
   QStringList abandonnes;
   for (const QString& nom : ListeNoms(Dossier_, kRefuse).Noms) {
     const qint64 refuseA = QFileInfo(Chemin(nom, kRefuse)).lastModified().toMSecsSinceEpoch();
-    if (!essayes.contains(nom) || maintenant - refuseA <= kAgeMaxMs) continue;
+    if (!echus.contains(nom) || maintenant - refuseA <= kAgeMaxMs) continue;
     for (const char* fin : {kRefuse, kSort}) QFile::remove(Chemin(nom, fin));
     abandonnes.append(nom);
   }
@@ -282,7 +282,7 @@ QStringList SacPostal::Elague(qint64 maintenant, const QSet<QString>& essayes) {
   const QList<CourrielEnAttente> liste = Liste();
   qsizetype reste = liste.size();
   for (const CourrielEnAttente& c : liste) {
-    const bool vieux = maintenant - c.FaitA > kAgeMaxMs && essayes.contains(c.Nom);
+    const bool vieux = maintenant - c.FaitA > kAgeMaxMs && echus.contains(c.Nom);
     if (!vieux && reste <= kCourrielsMax) continue;
     --reste;
     for (const char* fin : {kCourriel, kEssais, kSort}) QFile::remove(Chemin(c.Nom, fin));

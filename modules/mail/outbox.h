@@ -99,8 +99,9 @@ class SacPostal {
   /// but for `sauf`.
   void RemetLesAnciens(qint64 maintenant, const QSet<QString>& sauf);
   /// Gives up what is too old or too much, the oldest first, refused ones too; the names given up. Too old is only what
-  /// is among `essayes`, the mails that were tried in this run: by a clock that was set forward all of them are.
-  QStringList Elague(qint64 maintenant, const QSet<QString>& essayes);
+  /// is among `echus`, the mails that were tried long enough although they are: by a clock that was set forward all of
+  /// them are.
+  QStringList Elague(qint64 maintenant, const QSet<QString>& echus);
   /// How the name of a mail made at `faitA` (milliseconds since 1970) begins so that it sorts by the time: behind all
   /// that are in the box, also when the clock was set back since they were made.
   QString DonneRang(qint64 faitA) const;

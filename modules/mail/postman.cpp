@@ -123,12 +123,27 @@ qint64 Facteur::Tour() {
     if (refus.value() <= maintenant && maintenant - refus.value() < SacPostal::kRepriseRefuseMs)
       recents.insert(refus.key());
   Sac_.RemetLesAnciens(maintenant, recents);
-  for (const QString& nom : Sac_.Elague(maintenant, Essayes_)) {
+  for (const QString& nom : Sac_.Elague(maintenant, DonneEchus(maintenant))) {
     Essayes_.remove(nom);
+    Echus_.remove(nom);
     Sorts_.remove(nom);
     Rapporte_({nom, {.Definitif = true, .Cause = CauseEchec::kAbandonne}, 0});
   }
   return EssaieLePremier(DonneOrdre(), maintenant);
+}
+
+void Facteur::NoteEssai(const CourrielEnAttente& courriel) {
+  Essayes_.insert(courriel.Nom);
+  const qint64 maintenant = Maintenant_();
+  const bool vieux = maintenant - courriel.FaitA > SacPostal::kAgeMaxMs;
+  if (vieux && !Echus_.contains(courriel.Nom)) Echus_.insert(courriel.Nom, maintenant);
+}
+
+QSet<QString> Facteur::DonneEchus(qint64 maintenant) const {
+  QSet<QString> echus;
+  for (auto echu = Echus_.begin(); echu != Echus_.end(); ++echu)
+    if (maintenant - echu.value() >= kSursis) echus.insert(echu.key());
+  return echus;
 }
 
 qint64 Facteur::EssaieLePremier(const QList<CourrielEnAttente>& liste, qint64 maintenant) {
@@ -183,6 +198,7 @@ void Facteur::NoteAccepte(CourrielEnAttente& courriel, const QList<VerdictAdress
   // First of all that it has gone: whatever the disk or the memory does afterwards, it does not go again.
   Partis_.insert(courriel.Nom);
   Essayes_.remove(courriel.Nom);
+  Echus_.remove(courriel.Nom);
   Sorts_.remove(courriel.Nom);
   Memoire_.remove(courriel.Nom);
   Sac_.Acheve(courriel.Nom);
@@ -263,7 +279,7 @@ qint64 Facteur::TraiteEchec(const CourrielEnAttente& courriel, const ResultatEnv
 
 // Also of a mail that some of its addresses have: it stays for the others.
 qint64 Facteur::TraiteEchecDuCourriel(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat) {
-  Essayes_.insert(courriel.Nom);
+  NoteEssai(courriel);
   CourrielEnAttente reste = courriel;
   for (const VerdictAdresse& verdict : resultat.Verdicts)
     if (verdict.Code >= kRefusDefinitif) Ajoute(reste.Sort.Refuses, verdict.Adresse);
@@ -284,7 +300,7 @@ qint64 Facteur::TraiteEchecDuCourriel(const CourrielEnAttente& courriel, const R
 }
 
 qint64 Facteur::TraiteEchecDuServeur(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat) {
-  Essayes_.insert(courriel.Nom);
+  NoteEssai(courriel);
   if (resultat.Cause == CauseEchec::kConnexionRefusee) ++RefusConnexion_;
   qint64 attente =
       RefusConnexion_ >= kRefusConnexionMax ? kReposConnexion : SacPostal::AttenteApresEssai(++EchecsDeSuite_);

@@ -39,6 +39,9 @@ class Facteur {
   /// So many mails that broke off in their data, one after the other, say something about the way.
   static constexpr int kCoupuresMax = 5;
   static constexpr int kEnMemoireMax = 50;
+  /// For so long a mail that is too old is tried all the same: a clock that was put right, or a machine that has slept,
+  /// makes all of them old at one stroke, and the network comes back a little later.
+  static constexpr qint64 kSursis = 3600LL * 1000;
 
   /// `maintenant` gives milliseconds since 1970.
   Facteur(SacPostal sac, PlafondHoraire& plafond, std::function<qint64()> maintenant, Envoyeur envoie,
@@ -75,6 +78,8 @@ class Facteur {
   qint64 TraiteEchecDuServeur(const CourrielEnAttente& courriel, const ResultatEnvoi& resultat);
   qint64 Reporte(const CourrielEnAttente& courriel);
   void MetDeCote(const CourrielEnAttente& courriel);
+  void NoteEssai(const CourrielEnAttente& courriel);
+  QSet<QString> DonneEchus(qint64 maintenant) const;
   void GardeSort(const CourrielEnAttente& courriel);
   void NoteAccepte(CourrielEnAttente& courriel, const QList<VerdictAdresse>& verdicts);
   qint64 AttenteDuCourriel(const CourrielEnAttente& courriel, qint64 maintenant);
@@ -94,8 +99,9 @@ class Facteur {
   QHash<QString, SortCourriel> Sorts_;  // likewise
   QHash<QString, qint64> RefusesA_;     // when a mail was put aside in this run, likewise
   QMap<QString, EnMemoire> Memoire_;
-  QSet<QString> Partis_;   // accepted: never again, even if the disk kept the file
-  QSet<QString> Essayes_;  // those that stayed: what was never tried is not given up for its age
+  QSet<QString> Partis_;          // accepted: never again, even if the disk kept the file
+  QSet<QString> Essayes_;         // those that stayed
+  QHash<QString, qint64> Echus_;  // those that were too old when they were tried in vain, and when that was first so
 };
 
 }  // namespace vaktor

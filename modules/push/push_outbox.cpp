@@ -78,13 +78,13 @@ void SacPush::RetireImage(const QString& nom) {
 
 void SacPush::Retire(const QString& nom) { QFile::remove(Chemin(nom)); }
 
-QStringList SacPush::Elague(qint64 maintenant, const QStringList& essayes) {
+QStringList SacPush::Elague(qint64 maintenant, const QStringList& echus) {
   for (const QFileInfo& moitie : QDir(Dossier_).entryInfoList({u'*' + kFin + QLatin1String(".part")}, QDir::Files))
     if (qAbs(maintenant - moitie.lastModified().toMSecsSinceEpoch()) > kMoitieMs) QFile::remove(moitie.filePath());
   QStringList retires;
   const QStringList noms = Liste();
   for (qsizetype i = 0; i < noms.size(); ++i) {
-    const bool vieux = maintenant - FaitA(noms[i]) > kAgeMax && essayes.contains(noms[i]);
+    const bool vieux = maintenant - FaitA(noms[i]) > kAgeMax && echus.contains(noms[i]);
     if (!vieux && i < kNombreMax) continue;
     Retire(noms[i]);
     retires.append(noms[i]);

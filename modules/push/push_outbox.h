@@ -32,10 +32,9 @@ class SacPush {
   /// Without its picture from now on.
   void RetireImage(const QString& nom);
   void Retire(const QString& nom);
-  /// Deletes what is older than kAgeMax but for `essaye` (tried in this run or not: a clock that jumps gives up
-  /// nothing that was never tried), and the oldest beyond kNombreMax: the names of these. And halves that a kill has
-  /// left behind.
-  QStringList Elague(qint64 maintenant, const QStringList& essayes);
+  /// Deletes what is older than kAgeMax and among `echus` (tried long enough nevertheless: a clock that jumps gives up
+  /// nothing), and the oldest beyond kNombreMax: the names of these. And halves that a kill has left behind.
+  QStringList Elague(qint64 maintenant, const QStringList& echus);
   static qint64 FaitA(const QString& nom);
 
  private:

@@ -33,7 +33,10 @@ qint64 FacteurPush::AttenteDe(const QString& nom, qint64 maintenant) const {
 qint64 FacteurPush::Tour() {
   const qint64 maintenant = Maintenant_();
   if (const qint64 attente = AttenteSaine(PasAvant_ - maintenant); attente > 0) return attente;
-  for (const QString& nom : Sac_.Elague(maintenant, Essayes_)) {
+  QStringList echus;
+  for (auto echu = Echus_.begin(); echu != Echus_.end(); ++echu)
+    if (maintenant - echu.value() >= kSursis) echus.append(echu.key());
+  for (const QString& nom : Sac_.Elague(maintenant, echus)) {
     Oublie(nom);
     Rapporte_({nom, {}, true, 0});
   }
@@ -65,7 +68,7 @@ qint64 FacteurPush::EssaieLePremier(const QStringList& noms, qint64 maintenant) 
       Rapporte_({nom, {}, true, 0, true});
       continue;
     }
-    if (!Essayes_.contains(nom)) Essayes_.append(nom);
+    if (maintenant - SacPush::FaitA(nom) > SacPush::kAgeMax && !Echus_.contains(nom)) Echus_.insert(nom, maintenant);
     if (SansImage_.contains(nom)) message->Image.clear();
     return Juge(nom, *message, Envoie_(*message));
   }
@@ -97,7 +100,7 @@ qint64 FacteurPush::Juge(const QString& nom, const MessagePush& message, const R
 }
 
 void FacteurPush::Oublie(const QString& nom) {
-  Essayes_.removeAll(nom);
+  Echus_.remove(nom);
   SansImage_.remove(nom);
   Reports_.remove(nom);
 }

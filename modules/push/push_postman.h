@@ -29,6 +29,7 @@ class FacteurPush {
                                                       300'000, 600'000, 900'000, 1'800'000};
   static constexpr qint64 kRienAFaire = 3'600'000;
   static constexpr size_t kCoupuresMax = 5;
+  static constexpr qint64 kSursis = 3'600'000;  ///< for so long one that is too old is tried all the same; as a mail
 
   using Envoyeur = std::function<ResultatPush(const MessagePush& message)>;
   using Rapporteur = std::function<void(const RapportPush& rapport)>;
@@ -56,12 +57,12 @@ class FacteurPush {
   std::function<qint64()> Maintenant_;
   Envoyeur Envoie_;
   Rapporteur Rapporte_;
-  QStringList Essayes_;      // of those that wait, in this run
-  QSet<QString> SansImage_;  // too large for the server with its picture
-  QSet<QString> Partis_;     // taken, though the disk may keep their file
-  size_t Echecs_ = 0;        // in a row, for the server's sake
-  size_t Coupures_ = 0;      // in a row
-  qint64 PasAvant_ = 0;      // milliseconds since 1970
+  QHash<QString, qint64> Echus_;  // too old when they were tried, and when that was first so
+  QSet<QString> SansImage_;       // too large for the server with its picture
+  QSet<QString> Partis_;          // taken, though the disk may keep their file
+  size_t Echecs_ = 0;             // in a row, for the server's sake
+  size_t Coupures_ = 0;           // in a row
+  qint64 PasAvant_ = 0;           // milliseconds since 1970
   struct Report {
     size_t Fois = 0;
     qint64 PasAvant = 0;

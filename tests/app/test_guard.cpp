@@ -75,7 +75,12 @@ TEST_F(Garde, FailuresWhileOneIsBeingToldDoNotPileUp) {
 
 // Both wait to be told when the box of the first opens; the other would stand on top of it.
 TEST_F(Garde, AFailureThatWaitedWhileAnotherIsToldOpensNoSecondBox) {
-  Pendant = [] { QTest::qWait(20); };
+  Pendant = [] {
+    bool passe = false;  // what is asked for behind both comes behind both
+    QMetaObject::invokeMethod(
+        qApp, [&passe] { passe = true; }, Qt::QueuedConnection);
+    EXPECT_TRUE(QTest::qWaitFor([&passe] { return passe; }));
+  };
   struct Objet : QObject {
     bool event(QEvent*) override { throw Echec(kAppelIncorrect, QStringLiteral("clicked")); }
   } objet;

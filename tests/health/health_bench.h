@@ -13,7 +13,10 @@ namespace vaktor {
 /// Writes down what an observer is told.
 class ObservateurNote : public ObservateurSante {
  public:
-  void Commence(const ConditionEnCours& condition) override { Notes.append(u'+' + MotCondition(condition.Quoi)); }
+  void Commence(const ConditionEnCours& condition) override {
+    Notes.append(u'+' + MotCondition(condition.Quoi));
+    Depuis = condition.Depuis;
+  }
   void Finit(const ConditionEnCours& condition, const QDateTime& jusqua) override {
     Notes.append(u'-' + MotCondition(condition.Quoi));
     Jusqua = jusqua;
@@ -29,7 +32,7 @@ class ObservateurNote : public ObservateurSante {
     return dit;
   }
   QStringList Notes;
-  QDateTime Jusqua;
+  QDateTime Depuis, Jusqua;
   int Changements = 0;
   QList<qint64> Tics;
   bool EnVeutEncore = false;

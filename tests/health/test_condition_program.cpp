@@ -83,6 +83,15 @@ TEST_F(EtatsAnnonces, OfWhatHappenedAndIsOverHaveNoEnd) {
   EXPECT_EQ(Prend(), "");
 }
 
+TEST_F(EtatsAnnonces, OfWhatHappensAgainAreToldAgainThoughNobodyHasSeenTheFirst) {
+  Veille.Signale(Condition::kInterruption, "x");
+  Temps.Avance(120'000);
+  Prend();
+  Veille.Signale(Condition::kInterruption, "x, y");
+  Temps.Avance(1000);
+  EXPECT_EQ(Prend(), "begin notice interruption");
+}
+
 TEST_F(EtatsAnnonces, AreToldASecondLaterWhereThereWasNoMemory) {
   Programme.SansMemoire = true;
   Veille.Signale(Condition::kPhotosImpossibles);

@@ -183,6 +183,34 @@ TEST_F(Sante, AnEventStandsUntilItWasSeenAndCannotBeTakenBack) {
   EXPECT_TRUE(Veille.Comptees().isEmpty());
 }
 
+// A machine that sleeps each night, and nobody who closes the list in the morning.
+TEST_F(Sante, AnEventThatHappensOnceMoreWhileItStandsIsToldOnceMore) {
+  Veille.Signale(Condition::kInterruption, QStringLiteral("3 min"));
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Prend(), "+interruption");
+  Temps.Avance(3'600'000);
+  const QDateTime puis = LitMoment(Horloge);
+  Veille.Signale(Condition::kInterruption, QStringLiteral("3 min, 8 min"));
+  Veille.OublieEvenements();  // closed before anybody could see it there
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Prend(), "+interruption");
+  EXPECT_EQ(Note.Depuis, puis);
+  Veille.Signale(Condition::kInterruption, QStringLiteral("3 min, 8 min"));
+  Temps.Avance(5000);
+  EXPECT_EQ(Note.Prend(), "") << "nothing new";
+  ASSERT_EQ(Veille.Comptees().size(), 1);
+  Veille.OublieEvenements();
+  EXPECT_EQ(Note.Prend(), "-interruption");
+}
+
+TEST_F(Sante, ANewDetailOfWhatGoesOnIsNoNewBeginning) {
+  Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("full"));
+  Temps.Avance(1000);
+  Veille.Signale(Condition::kPhotosImpossibles, QStringLiteral("gone"));
+  Temps.Avance(1000);
+  EXPECT_EQ(Note.Prend(), "+photos-not-written");
+}
+
 TEST_F(Sante, LookingAtTheListTakesNothingElseAway) {
   Veille.Signale(Condition::kPhotosImpossibles);
   Temps.Avance(1000);

@@ -182,7 +182,8 @@ TEST_F(Chronicle, WhatBlindsIsNoWatchAndIsCountedOnce) {
   Ajoute(Fait::kFinCondition, Le(22, 4)).Mot = MotCondition(Condition::kCourrielsEnAttente);
   Ajoute(Fait::kDesarmee, Le(22, 5));
   EXPECT_EQ(veille(), 180) << "who sees without a mail still sees";
-  for (const Condition quoi : {Condition::kSignalPerdu, Condition::kDetectionArretee, Condition::kInterruption}) {
+  for (const Condition quoi : {Condition::kSignalPerdu, Condition::kDetectionArretee, Condition::kInterruption,
+                               Condition::kImageFigee, Condition::kCameraAttendue}) {
     const JournalLu avant = Sources.Journal;
     const QByteArray mot = MotCondition(quoi).toLatin1();
     entre(mot.constData(), 10, 20);

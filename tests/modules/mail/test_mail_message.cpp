@@ -252,6 +252,13 @@ TEST(IntrusionWords, TellWhenItBeganWhatIsFirstAndWhereToLook) {
                               "La première photo est celle du plus grand mouvement jusqu'ici : regardez à gauche.\n"
                               "La suite est dans la Frise de Vaktor (touche F4), sur l'ordinateur qui veille."));
   EXPECT_FALSE(DitIntrusionDuCourriel(ardoise, "", "", Langue::kAnglais).contains("first picture"));
+  ArdoiseIntrusion vide = ardoise;
+  vide.Photos.clear();
+  const QString sans = DitIntrusionDuCourriel(vide, "", "/home/anna/intrus", Langue::kAnglais);
+  EXPECT_TRUE(sans.endsWith("So far there is no picture of it: Vaktor's window says what prevents it."))
+      << sans.toStdString();
+  EXPECT_FALSE(sans.contains("intrus\n") || sans.contains("/home")) << "nobody finds them where there are none";
+  EXPECT_FALSE(DitIntrusionDuCourriel(vide, "", "", Langue::kAnglais).contains("prevents")) << "none are wanted";
 }
 
 TEST(IntrusionWords, EachNinthOfAPictureHasItsPlace) {

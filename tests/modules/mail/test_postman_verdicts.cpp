@@ -205,6 +205,9 @@ TEST_F(Poste, WhatWasRefusedAWeekAgoIsGivenUpAndTold) {
   ASSERT_EQ(Fichiers(), "a.rcpt|a.refused");
   Maintenant += SacPostal::kAgeMaxMs + kMinute;
   F->Tour();
+  EXPECT_EQ(Fichiers(), "a.rcpt|a.refused") << "refused once more";
+  Maintenant += Facteur::kSursis;
+  F->Tour();
   EXPECT_EQ(Fichiers(), "");
   EXPECT_GT(Rapports.size(), avant);
   EXPECT_EQ(Rapports.last(), "a non");
