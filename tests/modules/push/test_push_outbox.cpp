@@ -248,6 +248,7 @@ TEST_F(FileDePush, OneThatIsTooLargeGoesWithoutItsPictureAndIsGivenUpOnlyThen) {
 TEST_F(FileDePush, GivesUpWhatIsAWeekOldOnceItWasTriedAndTheOldestOfTooMany) {
   Serveur = [](const MessagePush&) { return IssuePush::kPanne; };
   Ajoute("a");
+  EXPECT_EQ(Tourne(), "a");
   Maintenant += SacPush::kAgeMax + 60'000;
   EXPECT_EQ(Tourne(), "a") << "however old";
   Maintenant += FacteurPush::kSursis - 1;
