@@ -135,7 +135,7 @@ bool ProcessusSysteme::Demarre(const Lancement& quoi, qint64& pid) const {
         if (la && fichier.open(QIODevice::ReadOnly)) fichier.read(1);
         return la;
       },
-      kPatienceDisque);
+      quoi.Relance ? kPatienceDisque : kPatienceDepart);
   if (!lisible.value_or(false)) return false;
   QProcess programme;
   programme.setProgram(quoi.Chemin);

@@ -24,8 +24,10 @@ class ProcessusSysteme : public Processus {
   /// Milliseconds that a mail companion has beyond: it waits for the server's answer to a mail that is under way, and
   /// one that is ended before sends that mail a second time. It ends by itself within fifteen seconds.
   static constexpr int kPatienceMail = 16'000;
-  /// For the disk of a program that is to be started; one that does not answer has none.
+  /// For the disk of a program that is to be started; one that does not answer has none. The first time longer: at a
+  /// login everything is read from it at once, and a start that fails there is not made again.
   static constexpr std::chrono::milliseconds kPatienceDisque{700};
+  static constexpr std::chrono::milliseconds kPatienceDepart{5000};
   static constexpr int kDelaiForce = 200;  ///< milliseconds that the system has to take a killed process away
 
   /// `dossierPrive` is the private folder of this run, empty where there is none. It is handed to every program that is
