@@ -4,8 +4,8 @@
 #include <cstdlib>
 #include <vector>
 
+#include "base/photo_name.h"
 #include "journal/chronicle_parts.h"
-#include "journal/photo_name.h"
 #include "journal/watch_journal.h"
 
 namespace vaktor {

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "journal/photo_name.h"
+#include "base/photo_name.h"
 
 namespace vaktor {
 

@@ -4,8 +4,8 @@
 #include <QLocale>
 #include <cstring>
 
+#include "base/photo_name.h"
 #include "health/conditions.h"
-#include "journal/photo_name.h"
 #include "texts/phrase.h"
 
 namespace vaktor {

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/photo_name.h"
 #include "engine/ports/moment.h"
-#include "journal/photo_name.h"
 
 namespace vaktor {
 

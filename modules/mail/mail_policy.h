@@ -46,7 +46,7 @@ inline constexpr qint32 kPauseEntreSeries = 5 * 60 * 1000;  // milliseconds
 
 struct PhotoConnue {
   QString Chemin;
-  qint64 Instant = 0;  ///< of its last change, milliseconds since 1970, UTC
+  qint64 Instant = 0;  ///< of its last change, milliseconds since 1970, UTC; see ListePhotos
   qint64 Octets = 0;
   bool operator==(const PhotoConnue&) const = default;
 };

@@ -11,8 +11,29 @@
 
 #include "base/jpeg_end.h"
 #include "base/photo_format.h"
+#include "base/photo_name.h"
 
 namespace vaktor {
+
+namespace {
+
+constexpr qint64 kJourMs = 24LL * 3600 * 1000;
+/// A photo has its name before it is written, and the name has whole seconds.
+constexpr qint64 kEcritureMs = 10'000;
+
+/// The clock of a network disk may be minutes off, and its photos would belong to no intrusion. The name has the time
+/// of day of this machine.
+qint64 DonneInstant(const QFileInfo& photo) {
+  const QDateTime change = photo.lastModified();
+  const std::optional<NomPhoto> nom = LitNomPhoto(photo.fileName());
+  if (!nom) return change.toMSecsSinceEpoch();
+  qint64 ecart = change.time().msecsTo(nom->Heure);
+  if (ecart > kJourMs / 2) ecart -= kJourMs;
+  if (ecart < -kJourMs / 2) ecart += kJourMs;
+  return change.toMSecsSinceEpoch() + (qAbs(ecart) > kEcritureMs ? ecart : 0);
+}
+
+}  // namespace
 
 QList<PhotoConnue> ListePhotos(const QString& dossier) {
   QList<PhotoConnue> photos;
@@ -20,7 +41,7 @@ QList<PhotoConnue> ListePhotos(const QString& dossier) {
   while (fichiers.hasNext()) {
     fichiers.next();
     const QFileInfo info = fichiers.fileInfo();
-    photos.append({info.filePath(), info.lastModified().toMSecsSinceEpoch(), info.size()});
+    photos.append({info.filePath(), DonneInstant(info), info.size()});
   }
   return photos;
 }

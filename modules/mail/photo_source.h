@@ -17,7 +17,8 @@
 
 namespace vaktor {
 
-/// All photos of the folder ("*.jpg", any case), native path. Empty for a folder that cannot be read.
+/// All photos of the folder ("*.jpg", any case), native path. Empty for a folder that cannot be read. The disk's clock
+/// tells when each was written, and where that is another time of day than in its name, the name.
 QList<PhotoConnue> ListePhotos(const QString& dossier);
 
 struct ChoixPhotos {

@@ -166,6 +166,36 @@ TEST_F(Photos, TheNearestComeFirstAndNoMoreThanWanted) {
   EXPECT_EQ(Prend(-1), "");
 }
 
+// As on a network disk whose clock nobody sets.
+TEST_F(Photos, ByTheirNamesWhereTheDisksClockTellsAnotherTime) {
+  const auto nom = [this](qint64 ecart, int numero) {
+    const QDateTime prise = QDateTime::fromMSecsSinceEpoch(Intrusion + ecart);
+    return prise.toString(QStringLiteral("yyyy-MM-dd  HH-mm-ss")) + QStringLiteral(" Photo 0000%1.jpg").arg(numero);
+  };
+  constexpr qint64 kQuartMs = 900'000;
+  Pose(nom(-3000, 1), -3000 - kQuartMs);
+  Pose(nom(-8000, 2), -8000 + kQuartMs);
+  Pose(nom(20'000, 3), 20'000 - kQuartMs);
+  Pose(nom(-20 * 60'000, 4), -20 * 60'000 + 19 * 60'000);  // by its clock it would be of this intrusion
+  EXPECT_EQ(Prend(10), QStringList({nom(-3000, 1), nom(-8000, 2), nom(20'000, 3)}).join(u'|'));
+}
+
+TEST_F(Photos, ByTheirNamesAlsoAcrossMidnight) {
+  const QDateTime avant(QDate(2026, 11, 14), QTime(23, 55));
+  const QDateTime apres(QDate(2026, 11, 15), QTime(0, 5));
+  Pose("2026-11-10  23-55-00 Photo 00001.jpg", apres.toMSecsSinceEpoch() - Intrusion);
+  EXPECT_EQ(ListePhotos(Dossier.path()).first().Instant, avant.toMSecsSinceEpoch());
+  ASSERT_TRUE(QDir(Dossier.path()).remove("2026-11-10  23-55-00 Photo 00001.jpg"));
+  Pose("2026-11-10  00-05-00 Photo 00001.jpg", avant.toMSecsSinceEpoch() - Intrusion);
+  EXPECT_EQ(ListePhotos(Dossier.path()).first().Instant, apres.toMSecsSinceEpoch());
+}
+
+TEST_F(Photos, ByTheirDisksClockWhereTheNameIsOfTheSameTime) {
+  const QDateTime nommee = QDateTime::fromMSecsSinceEpoch(Intrusion);
+  Pose(nommee.toString(QStringLiteral("yyyy-MM-dd  HH-mm-ss")) + QStringLiteral(" Photo 00001.jpg"), 7000);
+  EXPECT_EQ(ListePhotos(Dossier.path()).first().Instant, Intrusion + 7000) << "it took so long to be written";
+}
+
 TEST_F(Photos, OfTwoAsNearTheLaterComesFirst) {
   Pose("a.jpg", -500);
   Pose("b.jpg", 500);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
-#include "journal/photo_name.h"
+#include "base/photo_name.h"
 
 #include <limits>
 
