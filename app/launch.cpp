@@ -5,7 +5,9 @@
 
 #include <QGuiApplication>
 #include <QLocale>
+#include <algorithm>
 #include <cstdio>
+#include <cstring>
 #include <optional>
 
 #include "app/application.h"
@@ -17,6 +19,7 @@
 #include "platform/base/core_file.h"
 #include "platform/base/end_signals.h"
 #include "platform/base/program_folders.h"
+#include "platform/capture/choice/named_source.h"
 #include "platform/widgets/fixed_windows.h"
 #include "texts/phrase.h"
 #include "ui/common/appearance.h"
@@ -107,9 +110,19 @@ int Execute(ApplicationGardee& application, const ArgumentsDepart& arguments) {
 
 }  // namespace
 
+// These bytes are what the system shows: what is written there is seen there.
+void CacheMotsDePasse(int argc, char** argv) {
+  for (int i = 1; i < argc; ++i) {
+    const QString camera = LitArgumentsDepart({QString::fromLocal8Bit(argv[i])}).Camera;
+    if (camera.contains(u'@') || MasqueAdresse(camera) != camera)
+      std::fill(std::strchr(argv[i], ':') + 1, argv[i] + std::strlen(argv[i]), '*');
+  }
+}
+
 int LanceVaktor(int argc, char** argv) {
   const QStringList liste = ListeArguments(argc, argv);
   const ArgumentsDepart arguments = LitArgumentsDepart(liste);
+  CacheMotsDePasse(argc, argv);
   if (arguments.Aide || arguments.Version) {
     // Answered without a screen.
     std::fputs(arguments.Aide

@@ -4,6 +4,10 @@
 
 namespace vaktor {
 
+/// Everybody on the machine may read the words that a program was started with, as long as it runs. Of an address of a
+/// camera that may hold a password they show nothing from here on.
+void CacheMotsDePasse(int argc, char** argv);
+
 /// The exit status of the process: 0, 1 when the program could not start or lost something on its way out.
 int LanceVaktor(int argc, char** argv);
 

@@ -9,7 +9,7 @@ namespace vaktor {
 class DemarrageSession {
  public:
   virtual ~DemarrageSession() = default;
-  /// It is started at the next login. False for a disk that does not answer.
+  /// It is started at the next login. False for a disk that does not answer, and where something else is started.
   virtual bool EstVoulue() const = 0;
   /// From now on it is, or is not any more; false when nothing has changed, because it could not be written.
   virtual bool Veut(bool voulue) = 0;

@@ -17,6 +17,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kPatience = 700ms;
 constexpr QLatin1StringView kNom{"org.vaktor.Vaktor"};
+constexpr qsizetype kLigneLancee = 5;             // of ComposeEntreeSession: "Exec="
 constexpr qint64 kTailleMax = qint64{64} * 1024;  // an entry is a few lines; whatever is larger is none of ours
 
 // One word of the line that is run. In quotes these four are escaped by a backslash, a percent sign is doubled; and
@@ -31,13 +32,23 @@ QString Cite(const QString& mot) {
   return u'"' + cite.replace(u'\\', QStringLiteral("\\\\")) + u'"';
 }
 
-bool EstDemarree(const QByteArray& entree) {
-  bool demarree = !entree.isEmpty();
+// Another copy may have written it, one that has gone since; or this one, when it was started with another camera.
+bool EstDemarree(const QByteArray& entree, const LancementSession& lancement) {
+  const QByteArray notre = ComposeEntreeSession(lancement).split('\n').value(kLigneLancee);
+  bool demarree = false;
   for (const QByteArray& ligne : entree.split('\n')) {
     const QByteArray dite = ligne.simplified().replace(' ', "").toLower();
-    if (dite == "hidden=true" || dite == "x-gnome-autostart-enabled=false") demarree = false;
+    if (dite == "hidden=true" || dite == "x-gnome-autostart-enabled=false") return false;
+    demarree = demarree || ligne == notre;
   }
   return demarree;
+}
+
+// A film is named from where the program stood at its start; an address or a word is none. Asks its disk.
+LancementSession NommeFilm(LancementSession lancement, const QString& debout) {
+  const QFileInfo film(QDir(debout), lancement.Camera);
+  if (!lancement.Camera.isEmpty() && film.exists()) lancement.Camera = film.absoluteFilePath();
+  return lancement;
 }
 
 QByteArray Lit(const QString& fichier) {
@@ -76,19 +87,22 @@ QByteArray ComposeEntreeSession(const LancementSession& lancement) {
 DemarrageSessionXdg::DemarrageSessionXdg(QString dossier, LancementSession lancement)
     : Dossier_(std::move(dossier)),
       Fichier_(Dossier_ + u'/' + NommeEntreeSession(lancement.Dossier)),
+      Debout_(QDir::currentPath()),
       Lancement_(std::move(lancement)) {
   if (!Lancement_.Dossier.isEmpty()) Lancement_.Dossier = QDir(Lancement_.Dossier).absolutePath();
-  // A film named from where the program stood at its start; an address or a word is none.
-  if (QFile::exists(Lancement_.Camera)) Lancement_.Camera = QFileInfo(Lancement_.Camera).absoluteFilePath();
 }
 
 bool DemarrageSessionXdg::EstVoulue() const {
-  return Travaux_.Attend<bool>([fichier = Fichier_] { return EstDemarree(Lit(fichier)); }, kPatience).value_or(false);
+  return Travaux_
+      .Attend<bool>([fichier = Fichier_, debout = Debout_,
+                     lancement = Lancement_] { return EstDemarree(Lit(fichier), NommeFilm(lancement, debout)); },
+                    kPatience)
+      .value_or(false);
 }
 
 bool DemarrageSessionXdg::Veut(bool voulue) {
-  const auto change = [voulue, dossier = Dossier_, fichier = Fichier_, contenu = ComposeEntreeSession(Lancement_)] {
-    if (voulue) return Ecrit(dossier, fichier, contenu);
+  const auto change = [voulue, dossier = Dossier_, fichier = Fichier_, debout = Debout_, lancement = Lancement_] {
+    if (voulue) return Ecrit(dossier, fichier, ComposeEntreeSession(NommeFilm(lancement, debout)));
     return QFile::remove(fichier) || !QFile::exists(fichier);
   };
   return Travaux_.Attend<bool>(change, kPatience).value_or(false);

@@ -25,7 +25,8 @@ QString NommeEntreeSession(const QString& dossier);
 QByteArray ComposeEntreeSession(const LancementSession& lancement);
 
 /// The file is private to its user, for the address of a camera may hold a password. Desktops switch an entry off by a
-/// line in it: such a one counts as not wanted.
+/// line in it: such a one counts as not wanted. Nor does one that starts anything else than this very copy with this
+/// very camera.
 class DemarrageSessionXdg : public DemarrageSession {
  public:
   DemarrageSessionXdg(QString dossier, LancementSession lancement);
@@ -35,6 +36,7 @@ class DemarrageSessionXdg : public DemarrageSession {
  private:
   QString Dossier_;
   QString Fichier_;
+  QString Debout_;  // where the program stood at its start
   LancementSession Lancement_;
   mutable TravauxBornes Travaux_;
 };

@@ -58,7 +58,8 @@ class Copy:
         store.chmod(0o600)
         self.said = surroundings.folder / (name + ".said")
         with self.said.open("wb") as said:
-            self.process = subprocess.Popen([program, "/camera:test", "/dossier:%s" % self.folder, *arguments],
+            camera = [] if any(word.startswith("/camera:") for word in arguments) else ["/camera:test"]
+            self.process = subprocess.Popen([program, *camera, "/dossier:%s" % self.folder, *arguments],
                                             env=surroundings.environment, stdout=said, stderr=said)
 
     def photos(self):

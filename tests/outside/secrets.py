@@ -16,7 +16,7 @@ import time
 from copies import Faults, Surroundings, open_files, scramble, wait_for
 
 # Nobody else has these words: found elsewhere than in the settings, they have leaked.
-SECRETS = {"page": "Pagesecret-7Q", "mail": "Mailsecret-8W", "push": "Pushsecret-9E"}
+SECRETS = {"page": "Pagesecret-7Q", "mail": "Mailsecret-8W", "push": "Pushsecret-9E", "camera": "Camsecret-5K"}
 SETTINGS = ('[%%general]\nlangue="1"\nretard="1"\n\n[PHOTO]\nactif="1"\n\n'
             '[MAIL]\nactif="1"\ndestination="you@example.org"\nsmtpserveur="127.0.0.1"\nsmtpfrom="me@example.org"\n'
             'smtpuser="me"\nsmtpport="9"\npass="%s"\npushadresse="http://127.0.0.1:9/push"\n'
@@ -95,6 +95,20 @@ def modes(folder, run):
     return found
 
 
+def look_at_camera(surroundings, faults):
+    """A camera that is named with its password, as the entry of the login does it; nobody answers there."""
+    address = "/camera:http://me:%s@127.0.0.1:9/x" % SECRETS["camera"]
+    copy = surroundings.start(sys.argv[1], "camera", SETTINGS, "/alarm", address)
+    wait_for("the companions", lambda: len(copy.companions()) == 3)
+    time.sleep(5)
+    pids = copy.processes()
+    faults.hold("no password of a camera on a command line", not in_processes(pids), in_processes(pids))
+    in_files = [str(path) for path in everything(copy.folder)
+                if path.is_file() and path.name != "vaktor.ini" and leaks(read(path))]
+    faults.hold("nor in a file", not in_files, in_files)
+    faults.hold("and it ends well", copy.end() == 0)
+
+
 def main():
     faults, surroundings = Faults(), Surroundings()
     os.umask(0o022)  # the usual one: what is private here is so by itself
@@ -119,6 +133,7 @@ def main():
         faults.hold("no password in a log, a status file or what was said", not in_files, in_files)
         faults.hold("the settings have them", leaks(read(copy.folder / "vaktor.ini")))
         faults.hold("the program ends well", copy.end() == 0)
+        look_at_camera(surroundings, faults)
         return 1 if faults.found else 0
     finally:
         surroundings.end()

@@ -3,11 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QProcess>
 #include <QTemporaryDir>
+#include <QThread>
+#include <atomic>
+#include <thread>
 
 #include "platform/disk/session_start.h"
+#include "support/dead_folder.h"
 
 namespace vaktor {
 namespace {
@@ -54,6 +59,39 @@ TEST_F(Session, EntryThatADesktopHasSwitchedOffIsNotWanted) {
   }
   EXPECT_TRUE(session.Veut(true));
   EXPECT_TRUE(session.EstVoulue());
+}
+
+// A copy that was moved or removed since, or this one when it was started with another camera: nobody would watch, or
+// what nobody wants is watched, and the box would be ticked over it.
+TEST_F(Session, EntryThatStartsAnythingElseIsNotWantedUntilItIsWrittenAnew) {
+  DemarrageSessionXdg session(Autostart, {QStringLiteral("/opt/v/Vaktor"), QStringLiteral("rtsp://h/1"), {}});
+  for (const LancementSession& autre :
+       {LancementSession{QStringLiteral("/home/u/Vaktor"), QStringLiteral("rtsp://h/1"), {}},
+        LancementSession{QStringLiteral("/opt/v/Vaktor"), QStringLiteral("/dev/video0"), {}},
+        LancementSession{QStringLiteral("/opt/v/Vaktor"), {}, {}}}) {
+    ASSERT_TRUE(DemarrageSessionXdg(Autostart, autre).Veut(true));
+    EXPECT_FALSE(session.EstVoulue()) << qUtf8Printable(autre.Programme + autre.Camera);
+  }
+  ASSERT_TRUE(session.Veut(true));
+  EXPECT_TRUE(session.EstVoulue());
+}
+
+// Who names a film there starts all the same; the box waits for no disk either.
+TEST_F(Session, FilmOnADiskThatDoesNotAnswerHoldsNobody) {
+  DossierMort mort;
+  if (!mort.EstMonte()) GTEST_SKIP() << mort.Raison();
+  std::atomic<bool> fini = false;
+  std::thread reveil([&] {  // so that this test fails and does not hang
+    for (int i = 0; i < 150 && !fini; ++i) QThread::msleep(100);
+    mort.Reveille();
+  });
+  QElapsedTimer temps;
+  temps.start();
+  DemarrageSessionXdg session(Autostart, {QStringLiteral("/opt/v/Vaktor"), mort.Chemin("/film.mkv"), {}});
+  EXPECT_FALSE(session.EstVoulue());
+  EXPECT_LT(temps.elapsed(), 8000);
+  fini = true;
+  reveil.join();
 }
 
 TEST_F(Session, FolderThatCannotBeMadeIsToldAndChangesNothing) {
