@@ -129,11 +129,11 @@ TEST_F(Lancement, TheAddressOfACameraWithAPasswordIsNotShownToTheMachine) {
 TEST(MotsCaches, OfTheWordsOnlyThoseOfACameraThatHaveAPassword) {
   for (const QByteArray mot : {"/camera:http://127.0.0.1:9/x?pwd=tresSecret", "/CAMERA:anna:tresSecret@127.0.0.1:9",
                                "/camera:rtsp://u:p%40s@h/1"}) {
-    QByteArray programme = "anna:pw@h", lu = mot;
+    QByteArray programme = "/camera:a@h", lu = mot;
     std::array<char*, 3> mots = {programme.data(), lu.data(), nullptr};
     CacheMotsDePasse(2, mots.data());
     EXPECT_EQ(lu, mot.first(8) + QByteArray(mot.size() - 8, '*'));
-    EXPECT_EQ(programme, "anna:pw@h") << "the program itself";
+    EXPECT_EQ(programme, "/camera:a@h") << "the program itself";
   }
   for (const QByteArray mot : {"/camera:test", "/camera:", "/camera:rtsp://h/1", "/dossier:/home/a@b", "/alarm", ""}) {
     QByteArray programme = "Vaktor", lu = mot;
