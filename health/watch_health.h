@@ -75,8 +75,8 @@ class SanteVeille : public RapportSante {
  private:
   struct Etat {
     ConditionEnCours Condition_;
-    bool Dite = false;   // counts, observers know
-    bool Levee = false;  // taken back, the tick has not yet told
+    bool Dite = false;                     // counts, observers know
+    bool Levee = false;                    // taken back, the tick has not yet told
     std::optional<QDateTime> Encore = {};  // an event that observers know has happened once more, and when
   };
   using Case = std::optional<Etat>;

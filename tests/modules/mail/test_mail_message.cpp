@@ -176,7 +176,7 @@ TEST_F(Photos, ByTheirNamesWhereTheDisksClockTellsAnotherTime) {
   Pose(nom(-3000, 1), -3000 - kQuartMs);
   Pose(nom(-8000, 2), -8000 + kQuartMs);
   Pose(nom(20'000, 3), 20'000 - kQuartMs);
-  Pose(nom(-20 * 60'000, 4), -20 * 60'000 + 19 * 60'000);  // by its clock it would be of this intrusion
+  Pose(nom(-1'200'000, 4), -60'000);  // by its clock it would be of this intrusion
   EXPECT_EQ(Prend(10), QStringList({nom(-3000, 1), nom(-8000, 2), nom(20'000, 3)}).join(u'|'));
 }
 

@@ -80,7 +80,7 @@ TEST_F(Push, AMessageOfTheWatchThatCannotBeKeptIsToldAndTriedAgain) {
   Temps.Avance(ModulePush::kRepriseVeille);
   EXPECT_EQ(Sac.Liste().size(), 1);
   PoseMessage(Veille(), "1700000000001-1");
-  Temps.Avance(2 * ModulePush::kRepriseVeille);
+  Temps.Avance(ModulePush::kRepriseVeille + ModulePush::kRepriseVeille);
   EXPECT_EQ(Sac.Liste().size(), 1) << "it is looked for when it is told of";
 }
 
