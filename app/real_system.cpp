@@ -9,6 +9,7 @@
 #include "companions/module_lifecycle.h"
 #include "platform/base/program_folders.h"
 #include "platform/capture/choice/capture_memory.h"
+#include "platform/capture/choice/named_source.h"
 #include "platform/channel/local_channel.h"
 #include "platform/disk/bounded_store.h"
 #include "texts/language.h"
@@ -31,6 +32,12 @@ QString NommeCourse() {
          QString::number(QCoreApplication::applicationPid(), 36);
 }
 
+// The built-in picture is for a try, and ./run names it by itself where there is no camera. At a login nobody would see
+// that it is what is watched: there the camera is the one that was chosen, or the first.
+QString CameraDeSession(const QString& camera) {
+  return ComprendSource(camera).Genre == GenreSource::kTest ? QString() : camera;
+}
+
 }  // namespace
 
 SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
@@ -48,8 +55,8 @@ SystemeReel::SystemeReel(const ArgumentsDepart& arguments)
 
       Journal_(TrouveFichierJournal(arguments.Dossier)),
       Chroniques_(TrouveFichierJournal(arguments.Dossier)),
-      Session_(TrouveDossierSession(), {QCoreApplication::applicationFilePath(), arguments.Camera, arguments.Dossier}) {
-}
+      Session_(TrouveDossierSession(),
+               {QCoreApplication::applicationFilePath(), CameraDeSession(arguments.Camera), arguments.Dossier}) {}
 
 SystemeReel::~SystemeReel() = default;
 

@@ -22,26 +22,26 @@ constexpr qint64 kJourMs = 24LL * 3600 * 1000;
 constexpr qint64 kEcritureMs = 10'000;
 
 /// The clock of a network disk may be minutes off, and its photos would belong to no intrusion. The name has the time
-/// of day of this machine.
-qint64 DonneInstant(const QFileInfo& photo) {
-  const QDateTime change = photo.lastModified();
+/// of day of the machine that took it; whichever of both is nearer counts.
+qint64 DonneInstant(const QFileInfo& photo, qint64 pres) {
+  const qint64 change = photo.lastModified().toMSecsSinceEpoch();
   const std::optional<NomPhoto> nom = LitNomPhoto(photo.fileName());
-  if (!nom) return change.toMSecsSinceEpoch();
-  qint64 ecart = change.time().msecsTo(nom->Heure);
+  if (!nom) return change;
+  qint64 ecart = photo.lastModified().time().msecsTo(nom->Heure);
   if (ecart > kJourMs / 2) ecart -= kJourMs;
   if (ecart < -kJourMs / 2) ecart += kJourMs;
-  return change.toMSecsSinceEpoch() + (qAbs(ecart) > kEcritureMs ? ecart : 0);
+  return qAbs(change + ecart - pres) + kEcritureMs < qAbs(change - pres) ? change + ecart : change;
 }
 
 }  // namespace
 
-QList<PhotoConnue> ListePhotos(const QString& dossier) {
+QList<PhotoConnue> ListePhotos(const QString& dossier, qint64 pres) {
   QList<PhotoConnue> photos;
   QDirIterator fichiers(dossier, {u'*' + kFinPhoto}, QDir::Files);
   while (fichiers.hasNext()) {
     fichiers.next();
     const QFileInfo info = fichiers.fileInfo();
-    photos.append({info.filePath(), DonneInstant(info), info.size()});
+    photos.append({info.filePath(), DonneInstant(info, pres), info.size()});
   }
   return photos;
 }
@@ -98,7 +98,7 @@ ChoixPhotos PrendPhotos(const QString& dossier, qint64 intrusion, int nombre, qi
                         const QStringList& enTete) {
   if (nombre <= 0) return {};
   Choix choix(nombre, octetsMax, sauf);
-  const QList<PhotoConnue> photos = ListePhotos(dossier);
+  const QList<PhotoConnue> photos = ListePhotos(dossier, intrusion);
   choix.PrendTete(photos, enTete);
   choix.PrendReste(ClassePhotos(photos, intrusion));
   return choix.Donne();

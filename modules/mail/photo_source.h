@@ -17,9 +17,10 @@
 
 namespace vaktor {
 
-/// All photos of the folder ("*.jpg", any case), native path. Empty for a folder that cannot be read. The disk's clock
-/// tells when each was written, and where that is another time of day than in its name, the name.
-QList<PhotoConnue> ListePhotos(const QString& dossier);
+/// All photos of the folder ("*.jpg", any case), native path. Empty for a folder that cannot be read. When each was
+/// written is told by its disk, or by the time of day in its name where that is nearer to `pres` (milliseconds since
+/// 1970).
+QList<PhotoConnue> ListePhotos(const QString& dossier, qint64 pres);
 
 struct ChoixPhotos {
   QList<PhotoConnue> Photos;

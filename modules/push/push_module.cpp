@@ -19,7 +19,7 @@ namespace {
 
 /// The newest photo that is whole; nothing where none is young enough. What is still being written is passed over.
 PieceJointe TrouveImage(const QString& dossier, qint64 maintenant) {
-  QList<PhotoConnue> photos = ListePhotos(dossier);
+  QList<PhotoConnue> photos = ListePhotos(dossier, maintenant);
   photos.removeIf([maintenant](const PhotoConnue& p) {
     return qAbs(maintenant - p.Instant) > ModulePush::kPhotoMs || p.Octets > SacPush::kImageMax;
   });

@@ -50,6 +50,25 @@ TEST(SystemeDuProgramme, ThePagesOfTheManualLieBesideTheProgram) {
   EXPECT_EQ(systeme.Ports().Site.Dossier, QCoreApplication::applicationDirPath() + "/site");
 }
 
+// What ./run names where there is no camera would be armed at each login, and look like a watch.
+TEST(SystemeDuProgramme, ALoginNeverStartsWithTheBuiltInPicture) {
+  for (const QByteArrayView camera : {"test", "rtsp://h/1"}) {
+    QTemporaryDir dossier;
+    qputenv("XDG_CONFIG_HOME", QFile::encodeName(dossier.path()));
+    ArgumentsDepart arguments;
+    arguments.Camera = QString::fromLatin1(camera);
+    SystemeReel systeme(arguments);
+    ASSERT_TRUE(systeme.Ports().Session.Veut(true));
+    EXPECT_TRUE(systeme.Ports().Session.EstVoulue());
+    QFile entree(dossier.filePath("autostart/") + NommeEntreeSession({}));
+    ASSERT_TRUE(entree.open(QIODevice::ReadOnly));
+    const QByteArray texte = entree.readAll();
+    EXPECT_TRUE(texte.contains(" /alarm"));
+    EXPECT_EQ(texte.contains("/camera:"), camera != "test") << texte.constData();
+  }
+  qunsetenv("XDG_CONFIG_HOME");
+}
+
 TEST(JournalDeCapture, WritesItsLinesIntoTheFolderOfTheStateWhichItMakes) {
   const QTemporaryDir dossier;
   const QString etat = dossier.filePath("a/b");

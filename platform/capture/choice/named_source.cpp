@@ -45,7 +45,7 @@ QString MasqueAdresse(const QString& adresse) {
   if (arobase > debut && deuxPoints >= debut && deuxPoints < arobase)
     masquee.replace(deuxPoints + 1, arobase - deuxPoints - 1, MarqueMotDePasse());
   static const QRegularExpression kChamp(
-      QStringLiteral(R"(([?&;/_](?:[a-z0-9_]*(?:pas|pw|psw|secret|token|auth|key)[a-z0-9_]*)=)[^&;#]*)"),
+      QStringLiteral(R"(([?&;/_](?:[a-z0-9_.-]*(?:pas|pw|psw|secret|token|auth|key)[a-z0-9_.-]*)=)[^&;#]*)"),
       QRegularExpression::CaseInsensitiveOption);
   return masquee.replace(kChamp, QStringLiteral("\\1") + MarqueMotDePasse());
 }

@@ -141,6 +141,8 @@ Raison AccesV4L2::PourquoiAucune() const {
     if (::faccessat(AT_FDCWD, QFile::encodeName(noeud).constData(), R_OK | W_OK, AT_EACCESS) != 0 && errno == EACCES)
       return {Motif::kSansPermission, NomGroupe(noeud)};
   }
+  // It is there: its driver does not say what it is.
+  if (!Muets().isEmpty()) return {Motif::kSansImage, {}};
   return {Motif::kAbsente, {}};
 }
 

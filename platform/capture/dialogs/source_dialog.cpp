@@ -2,7 +2,6 @@
 // The source dialog: above the sources and an address, below the controls of the camera at work.
 #include "platform/capture/dialogs/source_dialog.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -387,15 +386,15 @@ void DialogueSource::ChangeEntree(quint32 numero, qint32 valeur) {
   const EntreeCamera avant = Memoire_.Entree(nom);
   const EntreeCamera voulue =
       numero == kReglageEntree ? EntreeCamera{valeur, std::nullopt} : EntreeCamera{avant.Entree, valeur};
-  Etat_->MontreAttente(TexteDe(TexteDialogue::kUnInstant, Langue_));
-  QApplication::setOverrideCursor(Qt::WaitCursor);
   const bool retenu = Memoire_.RetientEntree(nom, voulue);
-  const bool fait = retenu && Pilote_.ChangeSource(nom);
+  const bool fait = retenu && Essaie(nom);
   if (retenu && !fait) {
     Memoire_.RetientEntree(nom, avant);
-    Pilote_.ChangeSource(nom);
+    // One that gives no picture at the new one is tried for ever, and reads the memory each time; a camera that was
+    // switched off meanwhile stays off.
+    if (Pilote_.NomStable() == nom) Essaie(nom);
   }
-  QApplication::restoreOverrideCursor();
+  if (Fermee_) return QDialog::done(QDialog::Rejected);
   RemplitSources();
   MontreReglages();
   if (fait)

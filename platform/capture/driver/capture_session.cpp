@@ -143,8 +143,9 @@ std::optional<Raison> SessionCapture::Essaie(const DemandeFlux& demande, Horloge
 
 // Where the elements say no more than that it did not work, or nothing at all.
 Raison SessionCapture::Approfondit(const Raison& raison) const {
+  if (Arret_.stop_requested()) return raison;
   if (EstUneCameraIci() && raison.Quoi == Motif::kInconnu) return {Motif::kSansImage, {}};
-  if (Demande_.Source.Genre != GenreSource::kReseau || Arret_.stop_requested()) return raison;
+  if (Demande_.Source.Genre != GenreSource::kReseau) return raison;
   if (raison.Quoi != Motif::kInconnu && raison.Quoi != Motif::kMuette) return raison;
   const Raison chemin = SondeReseau(Essayee_, Arret_.get_token(), Delais::kSonde);
   return chemin.Quoi == Motif::kInconnu ? raison : chemin;

@@ -24,6 +24,12 @@ GstPadProbeReturn PrometMetaVideo(GstPad*, GstPadProbeInfo* info, gpointer) {
   return GST_PAD_PROBE_HANDLED;
 }
 
+// Somebody else's memory, who may write into it and waits for it: a device's, or that of another program, which the
+// desktop hands out in a buffer of its own.
+bool EstEmprunte(GstBuffer* tampon) {
+  return tampon->pool != nullptr || gst_buffer_get_parent_buffer_meta(tampon) != nullptr;
+}
+
 PtrGst<GstCaps> CapsAcceptes() {
   GstCaps* caps = DonneCapsBruts();
   gst_caps_append(caps, gst_caps_new_empty_simple("image/jpeg"));
@@ -120,7 +126,7 @@ QSize ReceptionImages::Retenue(QSize taille) const { return TailleRetenue(Forme_
 // A device can still write into its buffer: the picture that is decoded would not be the one whose header was read, and
 // its planes too small for it. So it is looked at in a copy.
 void ReceptionImages::TraiteJpeg(GstBuffer* tampon) {
-  if (tampon->pool != nullptr) {
+  if (EstEmprunte(tampon)) {
     if (!Agrandis(Copie_, gst_buffer_get_size(tampon))) return;
     Copie_.resize(gst_buffer_extract(tampon, 0, Copie_.data(), Copie_.size()));
     return TraiteJpeg(std::span<const quint8>(Copie_));
@@ -169,7 +175,7 @@ void ReceptionImages::TraiteBrut(GstBuffer* tampon) {
   if (EstDemesuree(taille.width(), taille.height())) return RefuseTaille();
   const QSize retenue = Retenue(taille);
   const bool planaire = EstPlanaire(GST_VIDEO_INFO_FORMAT(&*Brut_)) && Forme_.EstDroite();
-  if (planaire && tampon->pool == nullptr && retenue == taille) return Livre(GardePlans(tampon), taille);
+  if (planaire && !EstEmprunte(tampon) && retenue == taille) return Livre(GardePlans(tampon), taille);
   GstVideoFrame trame;
   if (!gst_video_frame_map(&trame, &*Brut_, tampon, GST_MAP_READ)) return;
   const auto rend = qScopeGuard([&] { gst_video_frame_unmap(&trame); });

@@ -49,6 +49,16 @@ bool EstDirect(const GstCaps* caps) {
   return format != nullptr && FormatConvertible(gst_video_format_from_string(format));
 }
 
+// Compares as a search wants it: 0 for what is looked for. One that has stopped reading and has nothing to give.
+gint EstDemultiplexeurArrete(gconstpointer valeur, gconstpointer) {
+  auto* element = static_cast<GstElement*>(g_value_get_object(static_cast<const GValue*>(valeur)));
+  const bool demultiplexe =
+      gst_element_factory_list_is_type(gst_element_get_factory(element), GST_ELEMENT_FACTORY_TYPE_DEMUXER) != FALSE;
+  if (!demultiplexe || element->numsrcpads > 0) return 1;
+  const PtrGst<GstPad> entree(gst_element_get_static_pad(element, "sink"));
+  return entree && gst_pad_get_task_state(entree.get()) == GST_TASK_PAUSED ? 0 : 1;
+}
+
 }  // namespace
 
 FluxGStreamer::FluxGStreamer(DerniereImage& derniere, const DemandeFlux& demande)
@@ -234,7 +244,20 @@ FluxImages::Etat FluxGStreamer::Surveille(const std::stop_token& arret, std::chr
                                   GST_MESSAGE_ASYNC_DONE | GST_MESSAGE_ELEMENT | GST_MESSAGE_APPLICATION);
   const auto limite = static_cast<GstClockTime>(delai.count()) * GST_MSECOND;
   const PtrGst<GstMessage> message(gst_bus_timed_pop_filtered(bus.get(), limite, kTypes));
-  return message ? TraiteMessage(message.get(), arret) : Etat::kCoule;
+  if (message) return TraiteMessage(message.get(), arret);
+  return EstAbandonne() ? Etat::kErreur : Etat::kCoule;
+}
+
+// decodebin swallows the error of a demultiplexer that fails while it is being plugged in: of a film of which little is
+// left nothing more would be heard.
+bool FluxGStreamer::EstAbandonne() const {
+  if (Relie_ || Demande_.Source.Genre != GenreSource::kFichier) return false;
+  GstIterator* elements = gst_bin_iterate_elements(GST_BIN(Decodage_));
+  GValue trouve = G_VALUE_INIT;
+  const bool arrete = gst_iterator_find_custom(elements, EstDemultiplexeurArrete, &trouve, nullptr) != FALSE;
+  if (arrete) g_value_unset(&trouve);
+  gst_iterator_free(elements);
+  return arrete;
 }
 
 FluxImages::Etat FluxGStreamer::TraiteMessage(GstMessage* message, const std::stop_token& arret) {

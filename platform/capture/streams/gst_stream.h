@@ -49,6 +49,7 @@ class FluxGStreamer : public FluxImages {
   Etat Recommence();
   Etat CommenceLaBoucle();
   Etat ReprendLaBoucle(const std::stop_token& arret);
+  bool EstAbandonne() const;
   bool EstEnLecture(const std::stop_token& arret) const;
   void NoteRaison(const Raison& raison);
   void DemandePourquoi();

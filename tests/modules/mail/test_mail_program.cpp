@@ -17,13 +17,13 @@ namespace {
 
 TEST_F(ProgrammeMail, AnIntrusionBecomesAMailWithItsPhotos) {
   Lance();
-  Photo("Photo 00003.jpg");
+  Photo("2026-11-15  14-05-09 Photo 00003.jpg");
   for (int i = 0; i < 50; ++i) Envois.EnvoiMail(Commande::kIntrusion);
   ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
   const QJsonObject lu = LitCourriel(Serveur.Message());
   EXPECT_EQ(lu["subject"].toString(), QString::fromUtf8("Intrusion détectée"));
   EXPECT_EQ(lu["body"].toString(), QString::fromUtf8("Là\nmaintenant"));
-  EXPECT_EQ(lu["names"].toArray(), QJsonArray{"Photo 00003.jpg"});
+  EXPECT_EQ(lu["names"].toArray(), QJsonArray{"2026-11-15  14-05-09 Photo 00003.jpg"});
   EXPECT_TRUE(AttendQue([this] { return EnAttente().isEmpty(); }));
   EXPECT_TRUE(LitEtat("VAKTORmail.json").contains("\"ok\""));
   Envois.EnvoiMail(Commande::kQuitte);
@@ -38,8 +38,9 @@ TEST_F(ProgrammeMail, TheFirstPictureIsThatOfTheMostMovementWhichTheSlateOfTheMa
   Lance();
   QList<PhotoArdoise> photos;
   for (int i = 1; i <= 5; ++i) {
-    Photo(QStringLiteral("Photo 0000%1.jpg").arg(i));
-    photos.append({QStringLiteral("Photo 0000%1.jpg").arg(i), i == 2 ? 900 : 100 + i, QRect(400, 300, 90, 90)});
+    Photo(QStringLiteral("2026-11-15  14-05-09 Photo 0000%1.jpg").arg(i));
+    photos.append({QStringLiteral("2026-11-15  14-05-09 Photo 0000%1.jpg").arg(i), i == 2 ? 900 : 100 + i,
+                   QRect(400, 300, 90, 90)});
   }
   const QDateTime maintenant = QDateTime::currentDateTime();
   ASSERT_TRUE(EcritOctets(Temporaire.filePath("etat/" + kFichierArdoise),
@@ -48,7 +49,7 @@ TEST_F(ProgrammeMail, TheFirstPictureIsThatOfTheMostMovementWhichTheSlateOfTheMa
   ASSERT_TRUE(AttendQue([this] { return Serveur.NombreRecus() == 1; }));
   const QJsonObject lu = LitCourriel(Serveur.Message());
   EXPECT_EQ(lu["names"].toArray().size(), 3) << "as many as are set";
-  EXPECT_EQ(lu["names"].toArray().first().toString(), "Photo 00002.jpg");
+  EXPECT_EQ(lu["names"].toArray().first().toString(), "2026-11-15  14-05-09 Photo 00002.jpg");
   const QString corps = lu["body"].toString();
   EXPECT_TRUE(corps.startsWith(QString::fromUtf8("Là\nmaintenant\n\nL'intrusion a commencé le ")))
       << corps.toStdString();

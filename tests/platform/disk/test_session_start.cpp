@@ -131,6 +131,7 @@ TEST_F(Session, FolderAndFilmAreNamedFromTheRootWhereverTheProgramStood) {
   const QString racine = QDir::currentPath();
   ASSERT_TRUE(QDir::setCurrent(ici));
   ASSERT_TRUE(film.Veut(true));
+  EXPECT_TRUE(film.EstVoulue());
   ASSERT_TRUE(adresse.Veut(true));
   const QByteArray entree = Lit(Entree(racine + QStringLiteral("/one")));
   EXPECT_TRUE(entree.contains("\"/camera:" + racine.toUtf8() + "/film.mkv\"")) << entree.constData();

@@ -27,6 +27,9 @@ TEST(MasqueAdresse, HidesPasswordsOfTheQuery) {
 
 // As cheap cameras have them, some within the path.
 TEST(MasqueAdresse, HidesPasswordsByTheNamesThatCamerasGiveThem) {
+  EXPECT_EQ(MasqueAdresse("http://cam/snap.cgi?-usr=admin&-pwd=secret"), "http://cam/snap.cgi?-usr=admin&-pwd=" + kM);
+  EXPECT_EQ(MasqueAdresse("http://cam/v?user-password=a&login.pass=b"),
+            "http://cam/v?user-password=" + kM + "&login.pass=" + kM);
   EXPECT_EQ(MasqueAdresse("rtsp://cam/user=admin_password=tlJwpbo6_channel=1_stream=0.sdp"),
             "rtsp://cam/user=admin_password=" + kM);
   EXPECT_EQ(MasqueAdresse("rtsp://cam/user=admin&password=s&channel=1&stream=0.sdp"),

@@ -102,6 +102,14 @@ TEST_F(PeripheriqueQuiCale, TheOthersAreListedAndTheSilentOneIsNamed) {
   EXPECT_EQ(Acces_->Muets(), QStringList{"/dev/a"});
 }
 
+// Pulled out it is not, and whoever plugs it in again helps it.
+TEST_F(PeripheriqueQuiCale, WhereAllAreSilentItIsNotSaidThatNoneIsPluggedIn) {
+  EXPECT_EQ(Acces_->PourquoiAucune().Quoi, Motif::kAbsente);
+  for (const char* noeud : {"/dev/a", "/dev/b", "/dev/c"}) Banc_->Cale(noeud);
+  EXPECT_TRUE(Noeuds().isEmpty());
+  EXPECT_EQ(Acces_->PourquoiAucune().Quoi, Motif::kSansImage);
+}
+
 TEST_F(PeripheriqueQuiCale, TheWindowsLiveMeanwhile) {
   Banc_->Cale("/dev/b");
   int tics = 0;

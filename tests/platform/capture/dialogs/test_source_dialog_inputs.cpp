@@ -44,6 +44,32 @@ TEST_F(EntreesTest, AnInputThatGivesNoPictureIsLeft) {
   EXPECT_TRUE(Etat().contains(QStringLiteral("Input"))) << qUtf8Printable(Etat());
 }
 
+// A grabber without a signal is waited for many seconds. A second order would fall into the first.
+TEST_F(EntreesTest, WhileAnInputIsTriedOnlyCloseCanBePressedAndTheOldOneIsHadBack) {
+  Memoire_.RetientEntree("stable-a", {0, 1});
+  int essais = 0;
+  Pilote_.PendantEssai_ = [&] {
+    if (++essais > 1) return;
+    EXPECT_FALSE(Controle<QPushButton>("BtnUtiliser")->isEnabled());
+    EXPECT_FALSE(Controle<QComboBox>(QStringLiteral("ReglageMenu(%1)").arg(kReglageEntree))->isEnabled());
+    Clique("BtnFermerSource");
+    EXPECT_TRUE(Dialogue_->isVisible()) << "until the driver has come back";
+  };
+  Ouvre();
+  Choisit(kReglageEntree, 2);
+  EXPECT_EQ(essais, 2) << "with the one that it had";
+  EXPECT_EQ(Memoire_.Entree("stable-a"), (EntreeCamera{0, 1}));
+  EXPECT_FALSE(Dialogue_->isVisible());
+}
+
+TEST_F(EntreesTest, ACameraThatIsSwitchedOffWhileAnInputIsTriedStaysOff) {
+  Pilote_.Accepte_ = false;
+  Pilote_.PendantEssai_ = [&] { Pilote_.NomStable_.clear(); };
+  Ouvre();
+  Choisit(kReglageEntree, 2);
+  EXPECT_EQ(Pilote_.Sources_.size(), 1);
+}
+
 TEST_F(EntreesTest, DefaultsLeaveTheInputAlone) {
   Ouvre();
   Clique("BtnDefauts");

@@ -4,9 +4,11 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <QThread>
 #include <random>
 
-#include "platform/capture/streams/capture_delays.h"
+#include "platform/capture/driver/capture_session.h"
+#include "platform/capture/streams/gst_setup.h"
 #include "support/capture_clips.h"
 #include "support/driver_fixture.h"
 
@@ -72,8 +74,7 @@ INSTANTIATE_TEST_SUITE_P(Contenants, FilmAbime,
                                          Contenant{"avenc_msmpeg4 ! avimux", "Mpeg4Avi"}),
                          [](const auto& cas) { return std::string(cas.param.Nom); });
 
-// A file that shrinks while it is played, as one that is being written anew. What is left of it may take all the time
-// of a connection: decodebin swallows the error of a demultiplexer that fails while it is being plugged in.
+// A file that shrinks while it is played, as one that is being written anew.
 TEST_F(MauvaiseSource, AFilmThatIsCutWhileItPlaysIsALostSignalAtMost) {
   ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), QStringLiteral("width=160,height=120,framerate=25/1"), 75,
                            QStringLiteral("jpegenc ! avimux")));
@@ -84,8 +85,29 @@ TEST_F(MauvaiseSource, AFilmThatIsCutWhileItPlaysIsALostSignalAtMost) {
   EXPECT_TRUE(AttendSignalPerdu(true, 12'000));
   EXPECT_FALSE(Pilote_->CopieTrame().Entiere().isNull());
   ASSERT_TRUE(Ecrit(Fichier("a.avi"), entier));
-  constexpr DelaisCapture::Duree kUnTour = DelaisCapture::kConnexion + DelaisCapture::Pause(1, Motif::kInconnu);
-  EXPECT_TRUE(AttendSignalPerdu(false, static_cast<int>(kUnTour.count()) + 10'000));
+  EXPECT_TRUE(AttendSignalPerdu(false, 12'000)) << "what is left of it is refused at once, and tried again";
+}
+
+// Whether GStreamer tells of it is a matter of which of its threads comes first: many at a time see both.
+TEST_F(MauvaiseSource, AFilmOfWhichOnlyTheHeaderIsLeftIsRefusedAtOnce) {
+  ASSERT_TRUE(FabriqueFilm(Fichier("a.avi"), QStringLiteral("width=160,height=120,framerate=25/1"), 5,
+                           QStringLiteral("jpegenc ! avimux")));
+  ASSERT_EQ(::truncate(qPrintable(Fichier("a.avi")), 100), 0);
+  std::vector<std::shared_ptr<SessionCapture>> sessions;
+  for (int i = 0; i < 16; ++i) {
+    SessionCapture::Demande demande;
+    demande.Source = ComprendSource(Fichier("a.avi"));
+    demande.Prepare = [] { PrepareGStreamer(); };
+    sessions.push_back(SessionCapture::Lance(std::move(demande)));
+  }
+  QElapsedTimer depuis;
+  depuis.start();
+  for (const auto& session : sessions) {
+    while (!session->EstFinie() && depuis.elapsed() < 8000) QThread::msleep(10);
+    EXPECT_TRUE(session->EstFinie()) << depuis.elapsed();
+    EXPECT_FALSE(session->DonneDesImages());
+    EXPECT_TRUE(session->Arrete(std::chrono::seconds(20)));
+  }
 }
 
 TEST_F(MauvaiseSource, WhatIsNoDeviceAndNoFilmIsRefused) {

@@ -5,6 +5,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <memory>
 #include <stop_token>
 #include <thread>
 
@@ -34,6 +35,15 @@ GstBufferPool* Reserve() {
   return reserve;
 }
 
+/// As the desktop hands out a camera: the other program's memory in a buffer of no pool.
+GstBuffer* Partage(GstBuffer* sien) {
+  GstBuffer* tampon = gst_buffer_new();
+  gst_buffer_append_memory(tampon, gst_memory_share(gst_buffer_peek_memory(sien, 0), 0, -1));
+  gst_buffer_add_parent_buffer_meta(tampon, sien);
+  gst_buffer_unref(sien);  // the meta holds it
+  return tampon;
+}
+
 /// Puts the one picture and the other in turn into the device's memory, for as long as it lives.
 class Bascule {
  public:
@@ -51,7 +61,10 @@ class Bascule {
 
 // A header of few pixels, and many a moment later: planes made for the header would be too small for the picture, and
 // the program would fall. Each round has an intake of its own, since memory once taken stays.
-TEST(AppareilPerfide, ChangesNoPictureThatIsBeingDecoded) {
+class AppareilPerfide : public testing::TestWithParam<bool> {};
+
+TEST_P(AppareilPerfide, ChangesNoPictureThatIsBeingDecoded) {
+  const bool autreProgramme = GetParam();
   ASSERT_TRUE(PrepareGStreamer());
   const QByteArray petite = Jpeg({16, 16});
   const QByteArray grande = Jpeg({800, 600});
@@ -63,6 +76,9 @@ TEST(AppareilPerfide, ChangesNoPictureThatIsBeingDecoded) {
     ASSERT_TRUE(gst_buffer_map(tampon, &vue, GST_MAP_WRITE));
     guint8* appareil = vue.data;
     gst_buffer_unmap(tampon, &vue);
+    const std::unique_ptr<GstMemory, decltype(&gst_memory_unref)> tenue(
+        gst_memory_ref(gst_buffer_peek_memory(tampon, 0)), gst_memory_unref);  // as long as somebody writes into it
+    if (autreProgramme) tampon = Partage(tampon);
     const Bascule bascule(appareil, petite, grande);
 
     DerniereImage derniere;
@@ -89,6 +105,9 @@ TEST(AppareilPerfide, ChangesNoPictureThatIsBeingDecoded) {
   gst_buffer_pool_set_active(reserve, FALSE);
   gst_object_unref(reserve);
 }
+
+INSTANTIATE_TEST_SUITE_P(Memoires, AppareilPerfide, testing::Bool(),
+                         [](const auto& cas) { return cas.param ? "OfAnotherProgram" : "OfADevice"; });
 
 }  // namespace
 }  // namespace vaktor
