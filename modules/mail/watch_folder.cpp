@@ -127,4 +127,28 @@ void DossierVeille::RetireOrphelins(qint64 maintenant) const {
   }
 }
 
+QStringList LecteurVeille::Liste(int* erreur) const {
+  QStringList noms = Dossier_.Liste(erreur);
+  noms.removeIf([this](const QString& nom) { return Passes_.contains(nom); });
+  return noms;
+}
+
+LectureVeille LecteurVeille::Lit(const QString& nom, qint64 photoMax) {
+  QString raison;
+  LectureVeille lu{Dossier_.Lit(nom, photoMax, raison)};
+  lu.Illisible = !raison.isEmpty();
+  if (!lu.Illisible) return lu;
+  Note(nom, QStringLiteral("put aside, ") + raison);
+  if (!Dossier_.MetDeCote(nom)) Passes_.insert(nom);
+  return lu;
+}
+
+void LecteurVeille::Efface(const QString& nom) {
+  if (!Dossier_.Efface(nom)) Passes_.insert(nom);
+}
+
+void LecteurVeille::Note(const QString& nom, const QString& quoi) const {
+  Journal_.Note(QStringLiteral("message of the watch %1: %2").arg(nom, quoi));
+}
+
 }  // namespace vaktor

@@ -4,10 +4,12 @@
 #pragma once
 
 #include <QByteArray>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <optional>
 
+#include "platform/base/bounded_log.h"
 #include "texts/phrase.h"
 
 namespace vaktor {
@@ -55,6 +57,31 @@ class DossierVeille {
   QStringList ListeNoms(QLatin1String fin, int& erreur) const;
 
   QString Dossier_;
+};
+
+/// What came of reading one message.
+struct LectureVeille {
+  std::optional<MessageVeille> Message;
+  bool Illisible = false;  ///< it was no message; it is put aside
+};
+
+/// The folder for one companion's run: tells the log, and does not look again at what the system would not let go.
+class LecteurVeille {
+ public:
+  LecteurVeille(const QString& dossier, JournalBorne& journal) : Dossier_(dossier), Journal_(journal) {}
+
+  const DossierVeille& Dossier() const { return Dossier_; }
+  /// As DossierVeille::Liste.
+  QStringList Liste(int* erreur = nullptr) const;
+  /// Neither a message nor one that was put aside: perhaps the next time.
+  LectureVeille Lit(const QString& nom, qint64 photoMax);
+  void Efface(const QString& nom);
+  void Note(const QString& nom, const QString& quoi) const;
+
+ private:
+  DossierVeille Dossier_;
+  JournalBorne& Journal_;
+  QSet<QString> Passes_;  // the system would not let them go
 };
 
 }  // namespace vaktor

@@ -23,22 +23,12 @@ QString ComposeIdentifiant(const MessageVeille& message) {
 
 CourriersVeille::CourriersVeille(const QString& dossier, SacPostal sac, BrouillonsEnRetard& retard, QString marque,
                                  JournalBorne& journal)
-    : Dossier_(dossier), Sac_(std::move(sac)), Retard_(retard), Marque_(std::move(marque)), Journal_(journal) {
+    : Lecteur_(dossier, journal), Sac_(std::move(sac)), Retard_(retard), Marque_(std::move(marque)), Journal_(journal) {
   EffaceLesFaits();
 }
 
-void CourriersVeille::Note(const QString& nom, const QString& quoi) const {
-  Journal_.Note(QStringLiteral("message of the watch %1: %2").arg(nom, quoi));
-}
-
-QStringList CourriersVeille::DonneAttente(int* erreur) const {
-  QStringList noms = Dossier_.Liste(erreur);
-  noms.removeIf([this](const QString& nom) { return Passes_.contains(nom); });
-  return noms;
-}
-
 bool CourriersVeille::Tient(const QString& courriel) const {
-  const QStringList noms = DonneAttente();
+  const QStringList noms = Lecteur_.Liste();
   return std::any_of(noms.begin(), noms.end(),
                      [&](const QString& n) { return courriel.contains(Empreinte(n) + u'-'); });
 }
@@ -46,13 +36,13 @@ bool CourriersVeille::Tient(const QString& courriel) const {
 int CourriersVeille::LitPlusAncien(std::optional<qint64>& faitA) const {
   faitA.reset();
   int erreur = 0;
-  const QStringList noms = DonneAttente(&erreur);
+  const QStringList noms = Lecteur_.Liste(&erreur);
   if (!noms.isEmpty()) faitA = DossierVeille::DonneInstant(noms.first());
   return erreur;
 }
 
 bool CourriersVeille::EffaceLesFaits() {
-  const QStringList attente = DonneAttente();
+  const QStringList attente = Lecteur_.Liste();
   if (attente.isEmpty()) return true;
   const std::optional<QStringList> faits = Sac_.DonneNoms();
   if (!faits) return false;
@@ -60,34 +50,34 @@ bool CourriersVeille::EffaceLesFaits() {
     const QString empreinte = Empreinte(nom) + u'-';
     if (std::none_of(faits->begin(), faits->end(), [&](const QString& fait) { return fait.contains(empreinte); }))
       continue;
-    Note(nom, QStringLiteral("its mail is made already"));
-    if (!Dossier_.Efface(nom)) Passes_.insert(nom);
+    Lecteur_.Note(nom, QStringLiteral("its mail is made already"));
+    Lecteur_.Efface(nom);
   }
   return true;
 }
 
 void CourriersVeille::NoteParti(const QString& courriel) {
-  const QStringList attente = DonneAttente();
+  const QStringList attente = Lecteur_.Liste();
   for (const QString& nom : attente)
-    if (courriel.contains(Empreinte(nom) + u'-') && !Dossier_.Efface(nom)) Passes_.insert(nom);
+    if (courriel.contains(Empreinte(nom) + u'-')) Lecteur_.Efface(nom);
 }
 
 PriseVeille CourriersVeille::Prend(const ReglagesCourriel& reglages, qint64 maintenant) {
   PriseVeille prise;
   int erreur = 0;
-  const bool vide = DonneAttente(&erreur).isEmpty();
+  const bool vide = Lecteur_.Liste(&erreur).isEmpty();
   prise.Reste = erreur != 0;
   if (vide || erreur != 0) return prise;
   try {
     // Of two companions, one that ends and one that begins, both would make a mail of the same message.
-    const VerrouDossier verrou(Dossier_.Dossier());
+    const VerrouDossier verrou(Lecteur_.Dossier().Dossier());
     // A message whose mail may be made already makes no second one.
     prise.Reste = !EffaceLesFaits();
     if (prise.Reste) return prise;
-    const QStringList noms = DonneAttente();
+    const QStringList noms = Lecteur_.Liste();
     for (const QString& nom : noms) PrendUn(nom, reglages, maintenant, prise);
     prise.Reste = prise.Reste || noms.size() >= DossierVeille::kMessagesMax;
-    Dossier_.RetireOrphelins(maintenant);
+    Lecteur_.Dossier().RetireOrphelins(maintenant);
   } catch (const Echec&) {
     prise.Reste = true;
   }
@@ -102,20 +92,14 @@ void CourriersVeille::PrendUn(const QString& nom, const ReglagesCourriel& reglag
   Essayes_.insert(nom);
   if (encore && maintenant - DossierVeille::DonneInstant(nom) > SacPostal::kAgeMaxMs) {
     prise.Abandonne = true;
-    Note(nom, QStringLiteral("too old, given up"));
-    if (!Dossier_.Efface(nom)) Passes_.insert(nom);
+    Lecteur_.Note(nom, QStringLiteral("too old, given up"));
+    Lecteur_.Efface(nom);
     return;
   }
-  QString raison;
-  const std::optional<MessageVeille> message = Dossier_.Lit(nom, kOctetsPhotosMax, raison);
-  if (!message) {
-    prise.Illisible = prise.Illisible || !raison.isEmpty();
-    prise.Reste = prise.Reste || raison.isEmpty();
-    if (raison.isEmpty()) return;
-    Note(nom, QStringLiteral("put aside, ") + raison);
-    if (!Dossier_.MetDeCote(nom)) Passes_.insert(nom);
-    return;
-  }
+  const auto [message, illisible] = Lecteur_.Lit(nom, kOctetsPhotosMax);
+  prise.Illisible = prise.Illisible || illisible;
+  prise.Reste = prise.Reste || (!message && !illisible);
+  if (!message) return;
   if (!reglages.PeutEcrire()) {
     prise.SansAdresse = true;
     return;
@@ -157,8 +141,8 @@ int CourriersVeille::Depose(const MessageVeille& message, const ReglagesCourriel
     prise.DeMemoire.append({mail, ComposeMessage(courriel)});
     return erreur;
   }
-  if (!Dossier_.Efface(message.Nom)) Passes_.insert(message.Nom);
-  Note(message.Nom, QStringLiteral("mail %1 made, %2").arg(mail.Nom, message.Condition));
+  Lecteur_.Efface(message.Nom);
+  Lecteur_.Note(message.Nom, QStringLiteral("mail %1 made, %2").arg(mail.Nom, message.Condition));
   return Retard_.Publie(mail.Nom, mail.FaitA).Erreur;
 }
 

@@ -45,19 +45,16 @@ class CourriersVeille {
   int LitPlusAncien(std::optional<qint64>& faitA) const;
 
  private:
-  QStringList DonneAttente(int* erreur = nullptr) const;
   /// False when it cannot be told at this moment whose mails are made.
   bool EffaceLesFaits();
   void PrendUn(const QString& nom, const ReglagesCourriel& reglages, qint64 maintenant, PriseVeille& prise);
   int Depose(const MessageVeille& message, const ReglagesCourriel& reglages, PriseVeille& prise);
-  void Note(const QString& nom, const QString& quoi) const;
 
-  DossierVeille Dossier_;
+  LecteurVeille Lecteur_;
   SacPostal Sac_;
   BrouillonsEnRetard& Retard_;  // takes over the drafts whose message is gone already
   QString Marque_;
   JournalBorne& Journal_;
-  QSet<QString> Passes_;      // the system would not let them go: not looked at again
   QSet<QString> Essayes_;     // looked at in this run; none goes for its age before, by a clock that may be wrong
   bool SansAdresse_ = false;  // told in the log
 };

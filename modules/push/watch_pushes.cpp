@@ -18,26 +18,21 @@ QString Empreinte(const QString& nom) { return QStringLiteral("veille-") + nom; 
 }  // namespace
 
 PushVeille::PushVeille(const QString& dossier, SacPush sac, JournalBorne& journal)
-    : Dossier_(dossier), Sac_(std::move(sac)), Journal_(journal) {}
-
-void PushVeille::Note(const QString& nom, const QString& quoi) const {
-  Journal_.Note(QStringLiteral("message of the watch %1: %2").arg(nom, quoi));
-}
+    : Lecteur_(dossier, journal), Sac_(std::move(sac)) {}
 
 PrisePush PushVeille::Prend(Langue parlee, const QString& titre, qint64 maintenant) {
   PrisePush prise;
   int erreur = 0;
-  const bool vide = Dossier_.Liste(&erreur).isEmpty();
+  const bool vide = Lecteur_.Liste(&erreur).isEmpty();
   prise.Reste = erreur != 0;
   if (vide || erreur != 0) return prise;
   try {
     // Of two companions, one that ends and one that begins, both would make a push of the same message.
-    const VerrouDossier verrou(Dossier_.Dossier());
-    const QStringList noms = Dossier_.Liste();
-    for (const QString& nom : noms)
-      if (!Passes_.contains(nom)) PrendUn(nom, parlee, titre, prise);
+    const VerrouDossier verrou(Lecteur_.Dossier().Dossier());
+    const QStringList noms = Lecteur_.Liste();
+    for (const QString& nom : noms) PrendUn(nom, parlee, titre, prise);
     prise.Reste = prise.Reste || noms.size() >= DossierVeille::kMessagesMax;
-    Dossier_.RetireOrphelins(maintenant);
+    Lecteur_.Dossier().RetireOrphelins(maintenant);
   } catch (const Echec&) {
     prise.Reste = true;
   }
@@ -47,16 +42,10 @@ PrisePush PushVeille::Prend(Langue parlee, const QString& titre, qint64 maintena
 void PushVeille::PrendUn(const QString& nom, Langue parlee, const QString& titre, PrisePush& prise) {
   const bool encore = Essayes_.contains(nom);
   Essayes_.insert(nom);
-  QString raison;
-  const std::optional<MessageVeille> message = Dossier_.Lit(nom, SacPush::kImageMax, raison);
-  if (!message) {
-    prise.Illisible = prise.Illisible || !raison.isEmpty();
-    prise.Reste = prise.Reste || raison.isEmpty();
-    if (raison.isEmpty()) return;
-    Note(nom, QStringLiteral("put aside, ") + raison);
-    if (!Dossier_.MetDeCote(nom)) Passes_.insert(nom);
-    return;
-  }
+  const auto [message, illisible] = Lecteur_.Lit(nom, SacPush::kImageMax);
+  prise.Illisible = prise.Illisible || illisible;
+  prise.Reste = prise.Reste || (!message && !illisible);
+  if (!message) return;
   if (message->PhotoPlusTard && !encore) {
     prise.Reste = true;
     return;
@@ -69,7 +58,7 @@ void PushVeille::PrendUn(const QString& nom, Langue parlee, const QString& titre
     }
     ++prise.Pris;
   }
-  if (!Dossier_.Efface(nom)) Passes_.insert(nom);
+  Lecteur_.Efface(nom);
 }
 
 bool PushVeille::EstFait(const QString& nom) const {
@@ -83,7 +72,7 @@ int PushVeille::Depose(const MessageVeille& message, Langue parlee, const QStrin
   MessagePush push{sujet.isEmpty() ? titre : sujet, message.Texte.Dit(parlee), {}, message.Photo};
   if (!push.Image.isEmpty()) push.NomImage = message.Nom + kFinPhoto;
   const int erreur = Sac_.Ajoute(push, message.FaitA, Empreinte(message.Nom));
-  if (erreur == 0) Note(message.Nom, QStringLiteral("push made, ") + message.Condition);
+  if (erreur == 0) Lecteur_.Note(message.Nom, QStringLiteral("push made, ") + message.Condition);
   return erreur;
 }
 

@@ -33,12 +33,9 @@ class PushVeille {
   void PrendUn(const QString& nom, Langue parlee, const QString& titre, PrisePush& prise);
   int Depose(const MessageVeille& message, Langue parlee, const QString& titre);
   bool EstFait(const QString& nom) const;
-  void Note(const QString& nom, const QString& quoi) const;
 
-  DossierVeille Dossier_;
+  LecteurVeille Lecteur_;
   SacPush Sac_;
-  JournalBorne& Journal_;
-  QSet<QString> Passes_;   // the system would not let them go: not looked at again
   QSet<QString> Essayes_;  // looked at in this run: their picture is not waited for any longer
 };
 

@@ -43,6 +43,8 @@ QString DitSansCamera(const AccesV4L2& acces) {
                "Camera: there is one, but you may not open it. (As root: adduser %1 %2, then log in again.)\n")
         .arg(NomUtilisateur(), raison.Detail);
   }
+  if (raison.Quoi == Motif::kSansImage)
+    return QStringLiteral("Camera: there is one, but its driver does not answer. Unplug it and plug it in again.\n");
   return QStringLiteral("Camera: none is connected.\n");
 }
 

@@ -41,6 +41,18 @@ TEST_F(Push, WithoutAYoungPhotoIsWordsAlone) {
   EXPECT_FALSE(Dernier().Texte.isEmpty());
 }
 
+// As on a network disk that is a quarter of an hour slow.
+TEST_F(Push, HasAPhotoWhoseDiskTellsAnotherTime) {
+  const QDateTime maintenant = QDateTime::fromMSecsSinceEpoch(Debut);
+  const QString nom = maintenant.toString("yyyy-MM-dd  HH-mm-ss") + " Photo 00001.jpg";
+  Photo(nom, PetitJpeg("now"));
+  QFile photo(Temporaire.filePath("photos/") + nom);
+  ASSERT_TRUE(photo.open(QIODevice::ReadWrite) &&
+              photo.setFileTime(maintenant.addSecs(-900), QFileDevice::FileModificationTime));
+  Module->ExecuteCommande(Commande::kIntrusion);
+  EXPECT_EQ(Dernier().NomImage, nom);
+}
+
 TEST_F(Push, ComesOnceAMinuteWhileItGoesOnAndAtOnceWithTheNextIntrusion) {
   Bouge(60);
   EXPECT_EQ(Sac.Liste().size(), 1);

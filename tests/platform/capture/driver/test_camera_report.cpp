@@ -5,6 +5,8 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <chrono>
+#include <future>
 
 #include "platform/capture/choice/capture_memory.h"
 #include "platform/capture/choice/named_source.h"
@@ -48,6 +50,23 @@ class RapportDesCameras : public testing::Test {
 TEST_F(RapportDesCameras, WithoutAnyThereIsNone) {
   EXPECT_EQ(Decrit().Texte, "Camera: none is connected.\n");
   EXPECT_FALSE(Decrit().YEnAUne);
+}
+
+TEST_F(RapportDesCameras, OneWhoseDriverHangsIsNotToldAsUnplugged) {
+  std::promise<void> libere;
+  QuestionsV4L2 questions;
+  questions.Noeuds = [] { return QStringList{QStringLiteral("/dev/video0")}; };
+  questions.Sonde = [attend = libere.get_future().share()](const QString&) -> std::optional<CandidatVideo> {
+    attend.wait();
+    return std::nullopt;
+  };
+  {
+    const AccesV4L2 acces(questions, {.Liste = std::chrono::milliseconds(200)});
+    const RapportCameras rapport = DecritCameras({}, Memoire_, acces);
+    EXPECT_EQ(rapport.Texte, "Camera: there is one, but its driver does not answer. Unplug it and plug it in again.\n");
+    EXPECT_FALSE(rapport.YEnAUne);
+  }
+  libere.set_value();
 }
 
 TEST_F(RapportDesCameras, TheFirstOneIsTakenAndTheOthersAreNamed) {
